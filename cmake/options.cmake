@@ -1,0 +1,40 @@
+# qx_options: what every target of the project is compiled with; the tests' libraries are not.
+add_library(qx_options INTERFACE)
+target_include_directories(qx_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(qx_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
+if(QX_WERROR)
+  target_compile_options(qx_options INTERFACE -Werror)
+endif()
+
+if(WIN32)
+  enable_language(RC)
+  set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -c 65001")
+  # The product stands alone: the runtime, threads included, is linked in.
+  add_link_options(-static -static-libgcc -static-libstdc++)
+  # 0x0601: Windows 7, the oldest system that the extensions serve.
+  target_compile_definitions(qx_options INTERFACE UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601)
+endif()
+
+if(QX_SANITIZE)
+  add_compile_options(-fsanitize=${QX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${QX_SANITIZE})
+endif()
+if(QX_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# qx_sources(<variable> <folder>...): the C++ sources of these folders that belong to this build.
+function(qx_sources variable)
+  set(sources)
+  foreach(folder ${ARGN})
+    file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    list(APPEND sources ${found})
+  endforeach()
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+  else()
+    list(FILTER sources EXCLUDE REGEX "_windows\\.cpp$")
+  endif()
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()

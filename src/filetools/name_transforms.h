@@ -1,0 +1,18 @@
+// The transforms of the quick rename commands: from a name to a new name, one item at a time, with no side
+// effect.
+#pragma once
+
+#include "frame/services/file_item_entry.h"
+
+// Sets `newName` and answers true if it differs from the item's present name; otherwise empties it and
+// answers false.
+using NameTransform = bool (*)(FileItemEntry& entry);
+
+// The transform of a command (30000 to 30008, 30011, 30012, 30030, 30031, 30040, 30041, 30050), or null.
+NameTransform FindNameTransform(Velmora::SDK::s32 commandNumber);
+
+// Replaces every occurrence of `find` in the item's name, from left to right, case-sensitive; what was put in
+// is not searched again, and an empty `find` replaces nothing. `part` says where in a file's name: 1 before
+// the last dot, 2 from the last dot on, 3 everywhere, anything else nowhere. A folder's name is always
+// searched whole.
+bool ReplaceInName(FileItemEntry& entry, WStringView find, WStringView replace, int part);

@@ -1,0 +1,19 @@
+// The fields of the Replace X with Y dialog.
+#pragma once
+
+#include <vector>
+
+#include "platform/text.h"
+
+struct ReplaceForm {
+  // Where to replace in a file's name: the item data of the part list's rows.
+  enum Part : int { kNoPart = -1, kBaseName = 1, kExtension = 2, kWholeName = 3 };
+
+  WString find;
+  WString replace;
+  int part = kBaseName;  // kNoPart when no row is selected
+
+  // Newest first; what the two editable lists offer.
+  std::vector<WString> findHistory;
+  std::vector<WString> replaceHistory;
+};

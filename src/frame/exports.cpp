@@ -1,0 +1,1 @@
+#include "frame/services/extension_info.h"

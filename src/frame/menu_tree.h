@@ -1,0 +1,26 @@
+// The menu of File Utils as a table.
+#pragma once
+
+#include <span>
+
+#include "frame/services/host_app.h"
+
+// One row of a sub menu; command 0 is a separator.
+struct MenuEntry {
+  Velmora::SDK::u32 command;
+  Velmora::SDK::TextId textId;
+  Velmora::SDK::u32 displayWord;
+};
+
+struct SubMenu {
+  Velmora::SDK::TextId textId;
+  std::span<const MenuEntry> entries;
+};
+
+constexpr Velmora::SDK::TextId kRootMenuText = 0x07D4006D;
+
+// In the order in which they are added.
+std::span<const SubMenu> FileUtilsSubMenus();
+
+// Adds root, sub menus and entries to the host's menu. Answers the root, null if the host has no menus.
+Velmora::SDK::MenuHandle BuildFileUtilsMenu(Velmora::SDK::IHostApp& host);

@@ -1,0 +1,26 @@
+// The road that all rename commands share: the selection becomes a list of entries, a transform gives each a
+// new name, the user confirms, and the host renames.
+#pragma once
+
+#include <vector>
+
+#include "frame/services/host_app.h"
+
+// A host item and the name to rename it to; empty until a transform sets it. The item is the host's and
+// outlives the list it came from.
+struct FileItemEntry {
+  Velmora::SDK::IHostFileItem* item = nullptr;
+  WString newName;
+};
+
+using FileItemEntries = std::vector<FileItemEntry>;
+
+// One entry for each item of a list request; the list is given back. Empty where the host refuses.
+FileItemEntries SelectEntries(Velmora::SDK::IHostApp& host, Velmora::SDK::FileListCode code,
+                              Velmora::SDK::u32 mode);
+
+// Asks whether so many items shall be renamed (MessageBoxW over the host's main window). True on OK.
+bool ConfirmRename(Velmora::SDK::IHostApp& host, std::size_t count);
+
+// Hands all entries, in their order, to one rename batch of the host. The host renames and shows the errors.
+void RunRenameBatch(Velmora::SDK::IHostApp& host, const FileItemEntries& entries);

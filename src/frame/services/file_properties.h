@@ -1,0 +1,29 @@
+// The class interface of an extension that gives columns to the host's file lists.
+#pragma once
+
+#include "frame/services/host_app.h"
+
+namespace Velmora::SDK {
+
+class IFileProperties {
+ public:
+  virtual const char* GetProviderId() = 0;
+  virtual s32 RegisterProperties(IHostApp* host) = 0;
+  virtual bool Detach() = 0;
+  virtual bool Attach(u64 value) = 0;
+  virtual bool ClearCache() = 0;
+  virtual bool Reserved1() = 0;
+  // One cell: true if `text` was filled. May be called on other threads than the host's main one.
+  virtual bool GetPropertyValue(IHostFileItem* item, WCHAR* text, u16 textSize, u16 propertyNumber) = 0;
+  virtual bool Reserved2() = 0;
+  virtual bool Reserved3() = 0;
+  virtual bool Reserved4() = 0;
+  virtual bool Reserved5() = 0;
+  virtual bool Reserved6() = 0;
+  virtual bool Reserved7() = 0;
+
+ protected:
+  ~IFileProperties() = default;
+};
+
+}  // namespace Velmora::SDK

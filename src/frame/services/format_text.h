@@ -1,0 +1,12 @@
+// Filling formats that come from the host's language table. Such a text comes from outside and may be
+// anything, so it is never handed to a printf.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/text.h"
+
+// Replaces the first integer conversion of `format` (%d, %i, %u, %x, %X with flags, width and length) by
+// `value`, and every %% by %. Whatever else begins with a percent sign stays as it stands. At most
+// `limit` - 1 characters, as into a buffer of `limit`.
+WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit = 1024);

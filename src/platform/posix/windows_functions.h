@@ -1,0 +1,76 @@
+// The Windows functions that the product uses, implemented over POSIX and ICU.
+//
+// Each behaves as the function of that name on Windows does: results, error numbers (GetLastError), limits.
+// What differs is said here.
+//
+// Paths: `Z:\a\b` and `\a\b` are /a/b, `\\?\` is taken off, `/a/b` is accepted, a relative path begins at the
+// current folder. Other drives fail with ERROR_PATH_NOT_FOUND (3), `\\server\share` and `\\?\UNC\` with
+// ERROR_BAD_NETPATH (53). Names are UTF-8 on disk; a name that is no UTF-8 shows its stray bytes as the low
+// surrogates U+DC80..U+DCFF and is found again by them. File names are case-sensitive; masks are not.
+// A read-only file is one without write permission for its owner, and is read-only for the superuser too.
+// Share modes hold between the handles of the process: an open, a move or a delete that an open handle's
+// share mode excludes fails with ERROR_SHARING_VIOLATION (32).
+//
+// All functions may be called from any thread; the last error is the thread's own.
+#pragma once
+
+#include "platform/posix/windows_types.h"
+
+#define QX_PLATFORM_API __attribute__((visibility("default")))
+
+// Errors.
+QX_PLATFORM_API DWORD GetLastError();
+QX_PLATFORM_API void SetLastError(DWORD error);
+// The texts are Windows' own English ones, each with its line ending, for the errors that the system can
+// meet; any other number fails with ERROR_MR_MID_NOT_FOUND (317). The source is not looked at: there are no
+// message tables of modules here.
+QX_PLATFORM_API DWORD FormatMessageW(DWORD flags, const void* source, DWORD messageId, DWORD languageId,
+                                     WCHAR* buffer, DWORD size, void* arguments);
+QX_PLATFORM_API HLOCAL LocalFree(HLOCAL memory);
+
+// Files.
+QX_PLATFORM_API HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode,
+                                   SECURITY_ATTRIBUTES* security, DWORD creation, DWORD flagsAndAttributes,
+                                   HANDLE templateFile);
+QX_PLATFORM_API BOOL ReadFile(HANDLE file, void* buffer, DWORD count, DWORD* done, OVERLAPPED* overlapped);
+QX_PLATFORM_API BOOL WriteFile(HANDLE file, const void* buffer, DWORD count, DWORD* done,
+                               OVERLAPPED* overlapped);
+QX_PLATFORM_API DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD method);
+QX_PLATFORM_API BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
+QX_PLATFORM_API BOOL CloseHandle(HANDLE handle);
+QX_PLATFORM_API BOOL MoveFileW(const WCHAR* from, const WCHAR* to);
+QX_PLATFORM_API BOOL DeleteFileW(const WCHAR* path);
+
+// Attributes, folders, full paths.
+QX_PLATFORM_API DWORD GetFileAttributesW(const WCHAR* path);
+QX_PLATFORM_API BOOL SetFileAttributesW(const WCHAR* path, DWORD attributes);
+QX_PLATFORM_API BOOL CreateDirectoryW(const WCHAR* path, SECURITY_ATTRIBUTES* security);
+QX_PLATFORM_API BOOL RemoveDirectoryW(const WCHAR* path);
+// The full path has the form `Z:\a\b`.
+QX_PLATFORM_API DWORD GetFullPathNameW(const WCHAR* path, DWORD size, WCHAR* buffer, WCHAR** filePart);
+
+// Search. "." and ".." come first; the other entries come as the file system gives them.
+QX_PLATFORM_API HANDLE FindFirstFileExW(const WCHAR* mask, FINDEX_INFO_LEVELS level, void* findData,
+                                        FINDEX_SEARCH_OPS search, void* filter, DWORD flags);
+QX_PLATFORM_API BOOL FindNextFileW(HANDLE search, WIN32_FIND_DATAW* findData);
+QX_PLATFORM_API BOOL FindClose(HANDLE search);
+
+// Text. Only LOCALE_INVARIANT with one of LCMAP_UPPERCASE and LCMAP_LOWERCASE, one character to one
+// character; source and target may be the same buffer. The code page of CP_ACP and CP_THREAD_ACP is 1252.
+QX_PLATFORM_API int LCMapStringW(LCID locale, DWORD flags, const WCHAR* source, int sourceSize, WCHAR* target,
+                                 int targetSize);
+QX_PLATFORM_API int MultiByteToWideChar(UINT codePage, DWORD flags, const char* source, int sourceSize,
+                                        WCHAR* target, int targetSize);
+QX_PLATFORM_API int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* source, int sourceSize,
+                                        char* target, int targetSize, const char* defaultChar,
+                                        BOOL* usedDefaultChar);
+
+// The module library of Windows' network messages is the only one that the product loads; there is none
+// here, and the call fails with ERROR_MOD_NOT_FOUND (126).
+QX_PLATFORM_API HMODULE LoadLibraryExW(const WCHAR* path, HANDLE file, DWORD flags);
+
+// User interface: handed to the handler of platform/posix/user_interface.h. Without one, MessageBoxW fails
+// (0) and ShellExecuteW answers SE_ERR_NOASSOC (31).
+QX_PLATFORM_API int MessageBoxW(HWND owner, const WCHAR* text, const WCHAR* caption, UINT style);
+QX_PLATFORM_API HINSTANCE ShellExecuteW(HWND owner, const WCHAR* verb, const WCHAR* file,
+                                        const WCHAR* arguments, const WCHAR* folder, int show);

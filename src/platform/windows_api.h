@@ -1,0 +1,26 @@
+// The Windows functions, types and constants that the product uses, by their own names.
+//
+// On Windows this is <windows.h> and its kin. Elsewhere platform/posix/ declares exactly what the product
+// calls and implements it over POSIX and ICU, with Windows' error numbers. Code above platform/ includes
+// this header and never asks which system it is built for.
+#pragma once
+
+#ifdef _WIN32
+
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <shellapi.h>
+#include <windows.h>
+
+// IHostApp has an operation of this name; the product calls MessageBoxW by its full name.
+#undef MessageBox
+
+#else
+
+#include "platform/posix/windows_functions.h"
+
+#endif
