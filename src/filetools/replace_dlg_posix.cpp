@@ -1,0 +1,62 @@
+// The Replace X with Y dialog where there are no windows: its form goes to whoever answers dialogs.
+#include "filetools/replace_dlg.h"
+#include "frame/services/message_texts.h"
+#include "platform/posix/user_interface.h"
+
+namespace {
+
+using Velmora::SDK::kTextReplaceTitle;
+
+struct PartText {
+  int part;
+  WStringView text;
+};
+
+// What the field takes, and how it is shown.
+constexpr PartText kParts[] = {
+    {ReplaceForm::kBaseName, W("1")},
+    {ReplaceForm::kExtension, W("2")},
+    {ReplaceForm::kWholeName, W("3")},
+    {ReplaceForm::kNoPart, W("-1")},
+};
+
+Platform::FormField TextField(const char* name, WString& field) {
+  return {name, [&field] { return field; },
+          [&field](const WString& text) {
+            field = text;
+            return true;
+          }};
+}
+
+Platform::FormField PartField(const char* name, int& field) {
+  const auto get = [&field] {
+    for (const PartText& row : kParts) {
+      if (row.part == field) return WString(row.text);
+    }
+    return WString();
+  };
+  const auto set = [&field](const WString& text) {
+    for (const PartText& row : kParts) {
+      if (row.text != text) continue;
+      field = row.part;
+      return true;
+    }
+    return false;
+  };
+  return {name, get, set};
+}
+
+}  // namespace
+
+INT_PTR ShowReplaceDlg(Velmora::SDK::IHostApp& host, ReplaceForm& form) {
+  // Both texts are the form's however the dialog ends, the part is only on OK.
+  int part = form.part;
+  Platform::FormRequest request;
+  request.dialog = "CReplaceDlg";
+  request.title = ViewOf(host.GetLanguageString(kTextReplaceTitle));
+  request.fields = {TextField("find", form.find), TextField("replace", form.replace),
+                    PartField("part", part)};
+  const INT_PTR result = Platform::AskForm(request);
+  if (result == IDOK) form.part = part;
+  return result;
+}
