@@ -1,9 +1,11 @@
 # qx_options: what every target of the project is compiled with; the tests' libraries are not.
 add_library(qx_options INTERFACE)
 target_include_directories(qx_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
-target_compile_options(qx_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
+# For C++ alone: the resource compiler takes none of these.
+target_compile_options(qx_options INTERFACE
+  $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Wnon-virtual-dtor>)
 if(QX_WERROR)
-  target_compile_options(qx_options INTERFACE -Werror)
+  target_compile_options(qx_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Werror>)
 endif()
 
 if(WIN32)

@@ -1,0 +1,10 @@
+// Numbers of the module's resources, for the code and for the resource script alike: macros only, one table.
+// Controls have theirs in the header of their dialog. IDOK and IDCANCEL are Windows' own.
+#pragma once
+
+// The manifest that asks for version 6 of the common controls. The number is Windows' own for the manifest of
+// a library (ISOLATIONAWARE_MANIFEST_RESOURCE_ID), so the library's own imports are bound by it too.
+#define QX_MANIFEST 2
+
+// Dialogs.
+#define QX_DIALOG_REPLACE 101
