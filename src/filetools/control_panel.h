@@ -9,7 +9,8 @@ constexpr Velmora::SDK::s32 kLastControlPanelCommand = 7100;
 
 // Adds the branch below `root`: nine categories, and in each the items that the system's classes (A, B) have.
 // The host may refuse the branch or a category, which is then left out.
-void BuildControlPanelMenu(Velmora::SDK::IHostApp& host, Velmora::SDK::MenuHandle root);
+void BuildControlPanelMenu(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostMenuBuilder& builder,
+                           Velmora::SDK::IHostCommandFactory& factory, Velmora::SDK::MenuHandle root);
 
 // Starts the item by its canonical name (ShellExecuteW of Control.exe). It need not be one that the menu
 // offers. Nothing happens, and nothing is said, if there is no such row or the system cannot start it.

@@ -1,1 +1,53 @@
-#include "frame/services/extension_info.h"
+#include <new>
+
+#include "frame/extension_records.h"
+#include "frame/qx_utils.h"
+#include "multirename/qx_multi_rename.h"
+#include "security/ntfs_prop.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+// How the objects of one index are made and destroyed.
+struct ExtensionClass {
+  void* (*create)();
+  void (*destroy)(void* object);
+};
+
+template <typename Class, typename Base>
+void* CreateExtension() {
+  return static_cast<Base*>(new (std::nothrow) Class());
+}
+
+// An object of another class than its index says is left alone.
+template <typename Class>
+void DestroyPlugin(void* object) {
+  delete dynamic_cast<Class*>(static_cast<IPluginInterface*>(object));
+}
+
+void DestroyProperties(void* object) { delete static_cast<NTFSProp*>(static_cast<IFileProperties*>(object)); }
+
+constexpr ExtensionClass kClasses[kExtensionCount] = {
+    {CreateExtension<CQXUtils, IPluginInterface>, DestroyPlugin<CQXUtils>},
+    {CreateExtension<NTFSProp, IFileProperties>, DestroyProperties},
+    {CreateExtension<QXMultiRename, IPluginInterface>, DestroyPlugin<QXMultiRename>},
+};
+
+bool IsExtension(s32 index) { return index >= 0 && index < kExtensionCount; }
+
+}  // namespace
+
+void* Create(s32 index) { return IsExtension(index) ? kClasses[index].create() : nullptr; }
+
+bool Delete(void* object, s32 index) {
+  if (!object || !IsExtension(index)) return false;
+  kClasses[index].destroy(object);
+  return true;
+}
+
+bool GetExtensionInfo(u32 index, ExtensionInfo* info) {
+  if (!info || index >= static_cast<u32>(kExtensionCount)) return false;
+  FillExtensionInfo(index, *info);
+  return true;
+}

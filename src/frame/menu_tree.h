@@ -22,5 +22,6 @@ constexpr Velmora::SDK::TextId kRootMenuText = 0x07D4006D;
 // In the order in which they are added.
 std::span<const SubMenu> FileUtilsSubMenus();
 
-// Adds root, sub menus and entries to the host's menu. Answers the root, null if the host has no menus.
-Velmora::SDK::MenuHandle BuildFileUtilsMenu(Velmora::SDK::IHostApp& host);
+// Adds sub menus and entries below the extension's root menu.
+void BuildFileUtilsMenu(Velmora::SDK::IHostMenuBuilder& builder, Velmora::SDK::IHostCommandFactory& factory,
+                        Velmora::SDK::MenuHandle root);

@@ -13,8 +13,10 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
-#include <shellapi.h>
+// <windows.h> comes first: the others build on it.
 #include <windows.h>
+
+#include <shellapi.h>
 
 // IHostApp has an operation of this name; the product calls MessageBoxW by its full name.
 #undef MessageBox

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 #include "platform/text.h"
 
@@ -78,13 +79,32 @@ class DirectoryWalker {
   bool useLongPath = false;
 
  private:
+  static constexpr Code kAgain = Code{};  // the step is not over: take the next entry
+
+  // How an entry came into `findData`, or why not.
+  enum class Fetched { kHasEntry, kFolderEnd, kNotFound, kFailed };
+
   // What to return to when a folder ends. The path is kept whole, whatever its length.
   struct Level {
-    HANDLE findHandle;
+    HANDLE findHandle = nullptr;
     WString path;
   };
 
+  Code Step();
+  Fetched FetchEntry();
+  Fetched OpenFolder();
+  HANDLE FindFirst(const WString& text);
+  Code TakeEntry();
+  Code EnterFolder();
+  Code LeaveFolder();
+  void PopLevel();
+  void CloseSearch();
+  bool CanRetryInLongForm() const;
+  WString FolderPath() const;
+  std::optional<WString> SearchText() const;
+
   std::array<std::unique_ptr<Level>, kStackSize> stack_;
   WString fullPath_;
+  bool entryIsFolder_ = false;  // the last step returned kFolder
   bool folderEndPending_ = false;
 };

@@ -2,6 +2,8 @@
 // new name, the user confirms, and the host renames.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "frame/services/host_app.h"
@@ -17,10 +19,22 @@ using FileItemEntries = std::vector<FileItemEntry>;
 
 // One entry for each item of a list request; the list is given back. Empty where the host refuses.
 FileItemEntries SelectEntries(Velmora::SDK::IHostApp& host, Velmora::SDK::FileListCode code,
-                              Velmora::SDK::u32 mode);
+                              Velmora::SDK::FileListMode mode);
+
+// Appends one entry for each item of the list, which may be given back afterwards.
+void AppendEntries(FileItemEntries& entries, Velmora::SDK::IHostFileList& list);
 
 // Asks whether so many items shall be renamed (MessageBoxW over the host's main window). True on OK.
 bool ConfirmRename(Velmora::SDK::IHostApp& host, std::size_t count);
 
 // Hands all entries, in their order, to one rename batch of the host. The host renames and shows the errors.
+// Without entries no service is called.
 void RunRenameBatch(Velmora::SDK::IHostApp& host, const FileItemEntries& entries);
+
+// Sets an entry's new name and answers true if it differs from the present one; otherwise empties it and
+// answers false.
+using EntryTransform = std::function<bool(FileItemEntry&)>;
+
+// Transforms the entries one by one, drops those whose name would not change, asks about the others, and on
+// OK hands them to the host. Nothing is shown when none is left.
+void RenameChanged(Velmora::SDK::IHostApp& host, FileItemEntries entries, const EntryTransform& transform);

@@ -51,6 +51,15 @@ enum FileListCode : u32 {
   kListSelectedItems = 21215,
 };
 
+// Modes of IHostApp::FileListRequest. All return items in the order of the view; those that say so can return
+// folders.
+enum FileListMode : u32 {
+  kModePlain = 0,
+  kModeRename = 16,  // with folders
+  kModeContent = 18,
+  kModeWithFolders = 19,
+};
+
 // Levels of IHostApp::LogMessage and LogText.
 enum LogLevel : u32 { kLogInformation = 10, kLogError = 30 };
 

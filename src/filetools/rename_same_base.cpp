@@ -1,0 +1,61 @@
+#include <algorithm>
+#include <array>
+
+#include "filetools/quick_rename.h"
+#include "frame/services/file_item_entry.h"
+#include "frame/services/host_objects.h"
+#include "frame/services/message_texts.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+constexpr u32 kNameChars = 1024;
+
+WString NameOf(IHostFileItem& item) {
+  std::array<WCHAR, kNameChars> buffer = {};
+  return WString(ViewOf(item.GetName(buffer.data(), kNameChars)));
+}
+
+WString BaseOf(const WString& name) { return name.substr(0, name.rfind(W('.'))); }
+
+// The files of the view whose base name is the focused item's. The focused item stands first in the list and,
+// with the view's items behind it, a second time in its place there. None without a focused item.
+FileItemEntries FilesOfFocusedBase(IHostApp& host, IHostFileList& list) {
+  if (host.FileListRequest(kListFocusedItem, &list, kModePlain, 0) == 0) return {};
+  host.FileListRequest(kListAllItems, &list, kModePlain, 0);
+
+  FileItemEntries entries;
+  AppendEntries(entries, list);
+  if (entries.empty()) return {};
+  const WString focusedBase = BaseOf(NameOf(*entries.front().item));
+  entries.erase(entries.begin());
+  std::erase_if(entries, [&focusedBase](const FileItemEntry& entry) {
+    return entry.item->IsFolder() || BaseOf(NameOf(*entry.item)) != focusedBase;
+  });
+  return entries;
+}
+
+}  // namespace
+
+void RenameSameBaseCommand(IHostApp& host) {
+  HostObject<IHostFileList> list(host.CreateFileList());
+  if (!list) return;
+  FileItemEntries entries = FilesOfFocusedBase(host, *list.Get());
+  list.Release();
+
+  // The box is shown even where no file was found: this is meant.
+  std::array<WCHAR, kNameChars> buffer = {};
+  const WString title(ViewOf(host.GetLanguageString(kTextSameBaseTitle)));
+  const WString prompt(ViewOf(host.GetLanguageString(kTextSameBasePrompt)));
+  if (host.AskTextSimple(title.c_str(), prompt.c_str(), 0, 0, buffer.data(), kNameChars) == 0) return;
+
+  const WString newBase = buffer.data();
+  for (FileItemEntry& entry : entries) {
+    const WString name = NameOf(*entry.item);
+    const std::size_t dot = name.rfind(W('.'));
+    // A name without a dot gets no new name; the host refuses it without harm.
+    if (dot != WString::npos) entry.newName = newBase + name.substr(dot);
+  }
+  RunRenameBatch(host, entries);
+}

@@ -1,0 +1,59 @@
+#include <array>
+
+#include "filetools/name_transforms.h"
+#include "filetools/quick_rename.h"
+#include "frame/services/file_item_entry.h"
+#include "frame/services/host_objects.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+constexpr const WCHAR* kFindHistory = W("ReplaceXY_Replace");
+constexpr const WCHAR* kReplaceHistory = W("ReplaceXY_With");
+constexpr u32 kHistoryTextChars = 256;
+constexpr u32 kMostHistoryTexts = 20;
+
+std::vector<WString> LoadHistory(IHostConfig& config, IHostStringList& list, const WCHAR* key) {
+  std::vector<WString> texts;
+  list.Clear();
+  config.LoadStringList(key, &list);
+  const u32 count = list.GetCount();
+  std::array<WCHAR, kHistoryTextChars> buffer = {};
+  for (u32 index = 0; index < count; ++index) {
+    if (list.GetString(index, buffer.data(), kHistoryTextChars)) texts.emplace_back(buffer.data());
+  }
+  return texts;
+}
+
+// The text just entered goes first; the settings store keeps the newest.
+void SaveHistory(IHostConfig& config, IHostStringList& list, const WCHAR* key, const WString& entered,
+                 const std::vector<WString>& history) {
+  list.Clear();
+  list.Add(entered.c_str());
+  for (const WString& text : history) list.Add(text.c_str());
+  list.Finish(1);
+  config.SaveStringList(key, &list, kMostHistoryTexts);
+}
+
+}  // namespace
+
+void ReplaceXYCommand(IHostApp& host, const ReplaceDialog& showDialog) {
+  FileItemEntries entries = SelectEntries(host, kListSelectedItems, kModeRename);
+  if (entries.empty()) return;
+  IHostConfig* const config = host.GetConfig();
+  if (!config) return;
+  const HostObject<IHostStringList> list(host.CreateStringList());
+  if (!list) return;
+
+  ReplaceForm form;
+  form.findHistory = LoadHistory(*config, *list.Get(), kFindHistory);
+  form.replaceHistory = LoadHistory(*config, *list.Get(), kReplaceHistory);
+  if (showDialog(host, form) != IDOK) return;
+  SaveHistory(*config, *list.Get(), kFindHistory, form.find, form.findHistory);
+  SaveHistory(*config, *list.Get(), kReplaceHistory, form.replace, form.replaceHistory);
+
+  RenameChanged(host, std::move(entries), [&form](FileItemEntry& entry) {
+    return ReplaceInName(entry, form.find, form.replace, form.part);
+  });
+}

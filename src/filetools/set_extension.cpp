@@ -1,0 +1,54 @@
+#include <array>
+
+#include "filetools/quick_rename.h"
+#include "frame/services/file_item_entry.h"
+#include "frame/services/host_objects.h"
+#include "frame/services/message_texts.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+constexpr u32 kAnswerChars = 1024;
+constexpr u32 kNameChars = 4096;
+
+using Answer = std::array<WCHAR, kAnswerChars>;
+
+// The focused item's extension without its dot, as the text to begin with.
+void GetDefaultExtension(IHostApp& host, Answer& answer) {
+  const FileItemEntries focused = SelectEntries(host, kListFocusedItem, kModeWithFolders);
+  if (!focused.empty()) focused.front().item->GetExtension(answer.data(), kAnswerChars, 1);
+}
+
+bool SetExtension(FileItemEntry& entry, const WString& extension) {
+  if (entry.item->IsFolder()) return false;
+  std::array<WCHAR, kNameChars> buffer = {};
+  entry.item->GetBaseName(buffer.data(), kNameChars);
+  entry.newName = buffer.data() + (W('.') + extension);
+  return entry.newName != ViewOf(entry.item->GetName(buffer.data(), kNameChars));
+}
+
+}  // namespace
+
+void SetExtensionCommand(IHostApp& host) {
+  Answer answer = {};
+  GetDefaultExtension(host, answer);
+  FileItemEntries entries = SelectEntries(host, kListSelectedItems, kModeContent);
+  if (entries.empty()) {
+    host.LogText(0, kLogInformation, W("Command failed - No files selected"));
+    return;
+  }
+
+  const WString title(ViewOf(host.GetLanguageString(kTextRenameCaption)));
+  const WString prompt(ViewOf(host.GetLanguageString(kTextSetExtensionPrompt)));
+  if (!host.AskText(title.c_str(), prompt.c_str(), answer.data(), nullptr, answer.data(), kAnswerChars,
+                    nullptr, 0)) {
+    return;
+  }
+  WString extension = answer.data();
+  if (extension.starts_with(W('.'))) extension.erase(0, 1);
+  if (extension.empty()) return;
+
+  std::erase_if(entries, [&extension](FileItemEntry& entry) { return !SetExtension(entry, extension); });
+  if (!entries.empty()) RunRenameBatch(host, entries);
+}

@@ -1,0 +1,40 @@
+#include "frame/services/backup_names.h"
+
+#include <array>
+
+namespace {
+
+constexpr int kFirstNumber = 2;
+constexpr int kLastNumber = 9999;
+
+bool Exists(const WString& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+// "_(0002)": four digits at least.
+WString NumberMark(int number) {
+  std::array<WCHAR, 4> digits;
+  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, number /= 10) {
+    *digit = static_cast<WCHAR>(W('0') + number % 10);
+  }
+  return W("_(") + WString(digits.data(), digits.size()) + W(")");
+}
+
+}  // namespace
+
+bool MakeUniqueFileName(WString& path, const WString& suffix) {
+  if (!Exists(path)) return true;
+  WString candidate = path + suffix;
+  for (int number = kFirstNumber; Exists(candidate); ++number) {
+    if (number > kLastNumber) return false;
+    candidate = path + NumberMark(number) + suffix;
+  }
+  path = std::move(candidate);
+  return true;
+}
+
+bool MoveToBackup(const WCHAR* path, std::span<WCHAR, kBackupPathSize> backupPath) {
+  backupPath[0] = 0;
+  WString backup = path;
+  if (!MakeUniqueFileName(backup, W(".bak"))) return false;
+  CopyTerminated(backupPath.data(), backupPath.size(), WStringView(backup));
+  return MoveFileW(path, backup.c_str()) != 0;
+}

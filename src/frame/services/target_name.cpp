@@ -1,0 +1,48 @@
+#include "frame/services/target_name.h"
+
+#include <array>
+
+namespace {
+
+constexpr std::size_t kMostNameChars = 4096;
+
+// Replaces the first `mark` in `text`; false if there is none.
+bool ReplaceFirst(WString& text, WStringView mark, WStringView replacement) {
+  const std::size_t at = text.find(mark);
+  if (at == WString::npos) return false;
+  text.replace(at, mark.size(), replacement);
+  return true;
+}
+
+}  // namespace
+
+WString BuildTargetName(Velmora::SDK::IHostFileItem& item, WStringView targetPattern) {
+  if (targetPattern.find(W('*')) == WStringView::npos) return WString(targetPattern);
+
+  std::array<WCHAR, kMostNameChars> buffer = {};
+  constexpr auto size = static_cast<Velmora::SDK::u32>(kMostNameChars);
+  const std::size_t dot = targetPattern.rfind(W('.'));
+  WString namePart(targetPattern.substr(0, dot));
+  WString extPart(dot == WStringView::npos ? WStringView() : targetPattern.substr(dot));
+
+  if (namePart.find(W("*.*")) != WString::npos) {
+    ReplaceFirst(namePart, W("*.*"), ViewOf(item.GetName(buffer.data(), size)));
+  } else {
+    item.GetBaseName(buffer.data(), size);
+    ReplaceFirst(namePart, W("*"), buffer.data());
+  }
+
+  if (extPart.empty()) {
+    item.GetExtension(buffer.data(), size, 0);
+    extPart = buffer.data();
+  } else {
+    item.GetExtension(buffer.data(), size, 1);
+    ReplaceFirst(extPart, W("*"), buffer.data());
+  }
+
+  // A dot with nothing behind it is not put at the end of a name.
+  WString result = std::move(namePart);
+  if (extPart.size() > 1 || (extPart.size() == 1 && extPart[0] != W('.'))) result += extPart;
+  std::erase(result, W('*'));
+  return result;
+}
