@@ -1,0 +1,110 @@
+// An IHostApp in memory, for tests of whatever runs against the host.
+//
+// It records every call in order with its arguments, counts what is taken and given back, refuses what a test
+// wants refused, and answers questions by script. It is stricter than a host need be: a text that it lends is
+// overwritten at the next call, and an object that was given back must not be used again (see Problems of the
+// recorder).
+#pragma once
+
+#include <deque>
+
+#include "frame/services/host_app.h"
+#include "support/fake_files.h"
+#include "support/fake_menus.h"
+#include "support/fake_script_commands.h"
+#include "support/fake_settings.h"
+
+// How one AskText or AskTextSimple is answered. With `ok` false the buffer stays as it is.
+struct TextAnswer {
+  bool ok;
+  WString text;
+};
+
+class FakeHost final : public Velmora::SDK::IHostApp {
+ public:
+  HostRecorder recorder;
+
+  // Items of the host's view. Added ones belong to the host and stay valid as long as it.
+  FakeFileItem* AddFile(const WString& name);
+  FakeFileItem* AddFolder(const WString& name);
+  std::vector<FakeFileItem*> selection;  // 21215
+  std::vector<FakeFileItem*> view;       // 21110
+  FakeFileItem* focused = nullptr;       // 21111; null: the request fails
+  // Adds files of these names and selects them, in this order.
+  void SelectFiles(const std::vector<WString>& names);
+
+  // Texts of the language table. An id without one has the text "T" and its eight digits ("T07D1006D"), its
+  // title begins with "L", and the text of another module with "M", the module's number and a colon.
+  std::map<Velmora::SDK::TextId, WString> texts;
+
+  bool isVista = true;
+  bool isClassA = false;
+  bool isClassB = false;
+  bool isElevated = false;
+  Velmora::SDK::u32 moduleNumber = 7;  // what FindModuleByGuid answers
+  HWND mainWindow = nullptr;
+
+  // Answers in order; without one left a question is refused, a box answered with Cancel, and both count as
+  // unexpected.
+  std::deque<TextAnswer> textAnswers;
+  std::deque<int> boxAnswers;
+  int unexpectedQuestions = 0;
+
+  FakeMenuBuilder menus{recorder};
+  FakeCommandFactory factory{recorder};
+  FakeCommandSet scriptCommands{recorder};
+  FakeConfig config{recorder};
+  FakeFileOperation fileOperation{recorder};
+
+  void ExtensionClosed() override;
+  HWND GetMainWindow() override;
+  Velmora::SDK::u32 FindModuleByGuid(const char* id) override;
+  const WCHAR* GetLanguageString(Velmora::SDK::TextId text) override;
+  const WCHAR* GetModuleLanguageString(Velmora::SDK::u32 module, Velmora::SDK::TextId text) override;
+  const WCHAR* GetLanguageTitle(Velmora::SDK::TextId text) override;
+  const WCHAR* GetKeyText(WCHAR* buffer, Velmora::SDK::u32 size, Velmora::SDK::u32 key,
+                          Velmora::SDK::u32 sixteen, Velmora::SDK::u32 zero) override;
+  void PostCommand(Velmora::SDK::u32 number, std::intptr_t a, std::intptr_t b) override;
+  int FileListRequest(Velmora::SDK::u32 code, Velmora::SDK::IHostFileList* list, Velmora::SDK::u32 mode,
+                      Velmora::SDK::u32 zero) override;
+  Velmora::SDK::IHostCommandFactory* GetCommandFactory() override;
+  Velmora::SDK::IHostMenuBuilder* GetMenuBuilder() override;
+  Velmora::SDK::IHostCustomCommandSet* GetCustomCommandSet(const char* name) override;
+  Velmora::SDK::IHostPropertyManager* GetPropertyManager() override;
+  Velmora::SDK::IHostXmlDocument* CreateXmlDocument() override;
+  Velmora::SDK::IHostConfig* GetConfig() override;
+  void* GetService(Velmora::SDK::u32 number, std::uintptr_t handle) override;
+  void ReleaseService(void* service, Velmora::SDK::u32 numberOrZero) override;
+  bool IsProcessElevated() override;
+  bool IsVistaOrNewer() override;
+  bool IsOsClassA() override;
+  bool IsOsClassB() override;
+  bool GetConfigPath(WCHAR* buffer, Velmora::SDK::u32 size) override;
+  bool GetTargetPanelPath(WCHAR* buffer, Velmora::SDK::u32 size) override;
+  Velmora::SDK::IHostFileList* CreateFileList() override;
+  Velmora::SDK::IHostPropertyList* CreatePropertyList() override;
+  Velmora::SDK::IHostStringList* CreateStringList() override;
+  void LogMessage(Velmora::SDK::u32 category, Velmora::SDK::u32 level, const WCHAR* format, ...) override;
+  void LogText(Velmora::SDK::u32 category, Velmora::SDK::u32 level, const WCHAR* text) override;
+  void ShowTimedNote(HWND window, const WCHAR* text, Velmora::SDK::u32 milliseconds,
+                     Velmora::SDK::u32 two) override;
+  int MessageBox(const WCHAR* title, const WCHAR* text, Velmora::SDK::u32 style) override;
+  int AskTextSimple(const WCHAR* title, const WCHAR* prompt, Velmora::SDK::u32 zero,
+                    Velmora::SDK::u32 alsoZero, WCHAR* buffer, Velmora::SDK::u32 size) override;
+  bool AskChoice(Velmora::SDK::AskChoiceRecord* record) override;
+  bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
+               WCHAR* buffer, Velmora::SDK::u32 size, HWND parent, Velmora::SDK::u32 zero) override;
+  bool ReadTextFile(WCHAR* buffer, Velmora::SDK::u32 size, const WCHAR* path) override;
+
+ private:
+  bool AnswerText(WCHAR* buffer, Velmora::SDK::u32 size);
+  // "T07D1006D".
+  static WString NameOf(const char* kind, Velmora::SDK::TextId text);
+
+  std::deque<FakeFileItem> items_;
+  std::deque<FakeFileList> lists_;  // kept after their release, to see a late use
+  std::deque<FakeStringList> stringLists_;
+};
+
+// Fails the test if something was not given back, or was used as the host does not allow.
+void ExpectAllGivenBack(const FakeHost& host);

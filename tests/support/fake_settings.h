@@ -1,0 +1,62 @@
+// The fake host's settings: histories in memory, by key. Sections and keys are stored nowhere, so that every
+// Get answers that nothing is there.
+#pragma once
+
+#include <map>
+
+#include "frame/services/host_settings.h"
+#include "support/host_recorder.h"
+
+class FakeStringList final : public Velmora::SDK::IHostStringList {
+ public:
+  FakeStringList(HostRecorder& recorder, std::string name) : recorder_(recorder), name_(std::move(name)) {}
+
+  const std::string& Name() const { return name_; }
+  // The strings, for the settings that load and save them.
+  std::vector<WString> strings;
+
+  void Add(const WCHAR* text) override;
+  bool Contains(const WCHAR* text, Velmora::SDK::u32 zero) override;
+  Velmora::SDK::u32 GetCount() override;
+  bool GetString(Velmora::SDK::u32 index, WCHAR* buffer, Velmora::SDK::u32 size) override;
+  void Finish(Velmora::SDK::u32 one) override;
+  void Clear() override;
+  void Release() override;
+
+ private:
+  void CheckUse(const std::string& call);
+
+  HostRecorder& recorder_;
+  std::string name_;
+  bool released_ = false;
+};
+
+class FakeConfig final : public Velmora::SDK::IHostConfig {
+ public:
+  explicit FakeConfig(HostRecorder& recorder) : recorder_(recorder) {}
+
+  // The stored histories, newest first.
+  std::map<WString, std::vector<WString>> histories;
+
+  bool GetBlock(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, void* buffer,
+                Velmora::SDK::u32 size) override;
+  bool GetString(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, WCHAR* buffer,
+                 Velmora::SDK::u32 size) override;
+  bool GetInt(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
+              Velmora::SDK::u32* value) override;
+  void SetBlock(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, const void* data,
+                Velmora::SDK::u32 size) override;
+  void SetString(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, const WCHAR* text) override;
+  void SetInt(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
+              Velmora::SDK::u32 value) override;
+  void LoadStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list) override;
+  // Stores at most `maximum` strings, the first ones.
+  void SaveStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list,
+                      Velmora::SDK::u32 maximum) override;
+
+ private:
+  void Record(const char* operation, Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
+              const std::string& rest);
+
+  HostRecorder& recorder_;
+};
