@@ -1,0 +1,47 @@
+// Cuts the bytes of a fuzz run into values and texts.
+#pragma once
+
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+
+#include "platform/text.h"
+
+class FuzzInput {
+ public:
+  FuzzInput(const std::uint8_t* data, std::size_t size) : bytes_(data, size) {}
+
+  std::uint8_t TakeByte() {
+    if (bytes_.empty()) return 0;
+    const std::uint8_t value = bytes_.front();
+    bytes_ = bytes_.subspan(1);
+    return value;
+  }
+
+  std::uint32_t TakeNumber() {
+    std::uint32_t value = 0;
+    for (int byte = 0; byte < 4; ++byte) value = value << 8 | TakeByte();
+    return value;
+  }
+
+  // A text up to the next two zero bytes, or to the end. Mostly ASCII, so that the characters that matter are
+  // met: a byte above 0x7F takes the next one as its low half.
+  WString TakeText() {
+    WString text;
+    while (!bytes_.empty()) {
+      const std::uint8_t byte = TakeByte();
+      if (byte == 0) break;
+      const unsigned unit = byte < 0x80 ? byte : byte << 8 | TakeByte();
+      text += static_cast<WCHAR>(unit);
+    }
+    return text;
+  }
+
+ private:
+  std::span<const std::uint8_t> bytes_;
+};
+
+// Ends the run as a finding.
+inline void Require(bool holds) {
+  if (!holds) std::abort();
+}
