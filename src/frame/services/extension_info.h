@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "frame/services/host_types.h"
+#include "platform/export.h"
 
 namespace Velmora::SDK {
 
@@ -51,9 +52,9 @@ constexpr s32 kExtensionCount = 3;
 extern "C" {
 // A new extension object of that index as its base class (IPluginInterface for 0 and 2, IFileProperties for
 // 1), or null.
-void* Create(Velmora::SDK::s32 index);
+QX_MODULE_EXPORT void* Create(Velmora::SDK::s32 index);
 // Destroys an object that Create made under the same index. False for a null object or no such index.
-bool Delete(void* object, Velmora::SDK::s32 index);
+QX_MODULE_EXPORT bool Delete(void* object, Velmora::SDK::s32 index);
 // Fills the record. False, and nothing written, for a null record or no such index.
-bool GetExtensionInfo(Velmora::SDK::u32 index, Velmora::SDK::ExtensionInfo* info);
+QX_MODULE_EXPORT bool GetExtensionInfo(Velmora::SDK::u32 index, Velmora::SDK::ExtensionInfo* info);
 }
