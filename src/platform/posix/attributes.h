@@ -1,0 +1,27 @@
+// Windows' file attributes for what stands on disk.
+#pragma once
+
+#include <sys/stat.h>
+
+#include <string_view>
+
+#include "platform/posix/windows_types.h"
+
+namespace Platform {
+
+// A file without write permission for its owner. The superuser, whom the system would let write, is held to
+// it as well. Folders and links are never read-only.
+inline bool IsReadOnly(const struct stat& status) {
+  return S_ISREG(status.st_mode) && (status.st_mode & S_IWUSR) == 0;
+}
+
+// The permissions of a file that becomes read-only.
+inline mode_t ReadOnlyMode(const struct stat& status) {
+  return status.st_mode & static_cast<mode_t>(07777 & ~(S_IWUSR | S_IWGRP | S_IWOTH));
+}
+
+// The attributes of what lstat found at `name` (its last part alone counts: a leading dot hides it). Links to
+// folders are told from others by `linksToFolder`.
+DWORD AttributesOf(mode_t mode, std::string_view name, bool linksToFolder);
+
+}  // namespace Platform

@@ -1,0 +1,160 @@
+// CreateFileW and CloseHandle.
+
+#include "platform/posix/open_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+
+#include "platform/posix/attributes.h"
+#include "platform/posix/fault_gate.h"
+#include "platform/posix/last_error.h"
+#include "platform/posix/path_translation.h"
+#include "platform/posix/windows_functions.h"
+
+namespace {
+
+using Platform::FailWith;
+using Platform::FileDescriptor;
+using Platform::NativePath;
+using Platform::OpenFile;
+using Platform::OpenFiles;
+using Platform::ShareTable;
+
+// What each way of creation does with a file that is there and one that is not.
+struct CreationRow {
+  DWORD creation;
+  bool takesExisting;
+  bool truncates;
+  bool creates;
+};
+
+constexpr CreationRow kCreationRows[] = {
+    {CREATE_NEW, false, false, true},       {CREATE_ALWAYS, true, true, true},
+    {OPEN_EXISTING, true, false, false},    {OPEN_ALWAYS, true, false, true},
+    {TRUNCATE_EXISTING, true, true, false},
+};
+
+const CreationRow* FindCreation(DWORD creation) {
+  for (const CreationRow& row : kCreationRows) {
+    if (row.creation == creation) return &row;
+  }
+  return nullptr;
+}
+
+int OpenFlags(bool reads, bool writes) {
+  // Nothing here may wait for a partner or become the terminal of the process.
+  constexpr int kAlways = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+  if (writes) return kAlways | (reads ? O_RDWR : O_WRONLY);
+  return kAlways | O_RDONLY;
+}
+
+// Whether the file that is at `path` may be opened so; 0 or an error.
+DWORD CheckExisting(const NativePath& path, const struct stat& status, const CreationRow& creation,
+                    bool writes) {
+  if (!creation.takesExisting) return ERROR_FILE_EXISTS;
+  if (S_ISDIR(status.st_mode)) return ERROR_ACCESS_DENIED;
+  if (path.endsInSeparator) return ERROR_INVALID_NAME;
+  // A pipe whose reader goes away would end the process with a signal.
+  if (S_ISFIFO(status.st_mode)) return ERROR_ACCESS_DENIED;
+  if ((writes || creation.truncates) && Platform::IsReadOnly(status)) return ERROR_ACCESS_DENIED;
+  return ERROR_SUCCESS;
+}
+
+struct OpenRequest {
+  NativePath path;
+  const CreationRow* creation;
+  bool reads;
+  bool writes;
+  DWORD shareMode;
+  bool makeReadOnly;
+};
+
+// Opens the file under the lock of the share table; 0 or an error. `existed` tells what was found.
+DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
+  ShareTable& shares = ShareTable::Instance();
+  const ShareTable::Lock lock = shares.Acquire();
+  const CreationRow& creation = *request.creation;
+  const std::string& path = request.path.path;
+
+  struct stat status;
+  existed = stat(path.c_str(), &status) == 0;
+  if (existed) {
+    const DWORD error = CheckExisting(request.path, status, creation, request.writes);
+    if (error != ERROR_SUCCESS) return error;
+  } else {
+    if (errno != ENOENT || !creation.creates) return Platform::PathError(errno, path);
+    if (request.path.endsInSeparator) return ERROR_INVALID_NAME;
+  }
+
+  int flags = OpenFlags(request.reads, request.writes || (existed && creation.truncates));
+  if (creation.creates) flags |= creation.takesExisting ? O_CREAT : O_CREAT | O_EXCL;
+  const mode_t mode = request.makeReadOnly ? 0444 : 0666;
+  FileDescriptor descriptor(open(path.c_str(), flags, mode));
+  if (!descriptor.IsOpen()) {
+    if (errno == EEXIST) return ERROR_FILE_EXISTS;
+    // Creating fails so only where the folder is missing.
+    if (errno == ENOENT && creation.creates) return ERROR_PATH_NOT_FOUND;
+    return Platform::PathError(errno, path);
+  }
+  if (fstat(descriptor.Get(), &status) != 0) return Platform::ErrorOfErrno(errno);
+
+  const DWORD access = (request.reads ? FILE_SHARE_READ : 0) | (request.writes ? FILE_SHARE_WRITE : 0);
+  const bool truncates = existed && creation.truncates;
+  if (truncates && !shares.Allows(lock, status, FILE_SHARE_WRITE, Platform::kShareAll)) {
+    return ERROR_SHARING_VIOLATION;
+  }
+  std::optional<ShareTable::Claim> claim = shares.TryClaim(lock, status, access, request.shareMode);
+  if (!claim) return ERROR_SHARING_VIOLATION;
+  // The claim is the file's from here on: it must outlive the lock, failed or not.
+  file.claim = std::move(*claim);
+  file.descriptor = std::move(descriptor);
+  file.canRead = request.reads;
+  file.canWrite = request.writes;
+
+  if (truncates && S_ISREG(status.st_mode)) {
+    if (ftruncate(file.descriptor.Get(), 0) != 0) return Platform::ErrorOfErrno(errno);
+    if (request.makeReadOnly) fchmod(file.descriptor.Get(), Platform::ReadOnlyMode(status));
+  }
+  return ERROR_SUCCESS;
+}
+
+}  // namespace
+
+HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_ATTRIBUTES*, DWORD creation,
+                   DWORD flagsAndAttributes, HANDLE) {
+  if (Platform::FaultFires("CreateFileW")) return INVALID_HANDLE_VALUE;
+  OpenRequest request{};
+  DWORD error = Platform::TranslatePath(path, request.path);
+  request.creation = FindCreation(creation);
+  request.reads = (access & GENERIC_READ) != 0;
+  request.writes = (access & GENERIC_WRITE) != 0;
+  request.shareMode = shareMode & Platform::kShareAll;
+  request.makeReadOnly = (flagsAndAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+  if (!request.creation || (creation == TRUNCATE_EXISTING && !request.writes))
+    error = ERROR_INVALID_PARAMETER;
+  if (error != ERROR_SUCCESS) {
+    FailWith(error);
+    return INVALID_HANDLE_VALUE;
+  }
+
+  auto file = std::make_shared<OpenFile>();
+  bool existed = false;
+  error = Open(request, *file, existed);
+  if (error != ERROR_SUCCESS) {
+    FailWith(error);
+    return INVALID_HANDLE_VALUE;
+  }
+  // Windows tells a file that was there from a new one by the last error, the call being a success.
+  const bool tellsExisting = creation == CREATE_ALWAYS || creation == OPEN_ALWAYS;
+  SetLastError(existed && tellsExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
+  return OpenFiles::Instance().Add(std::move(file));
+}
+
+BOOL CloseHandle(HANDLE handle) {
+  if (Platform::FaultFires("CloseHandle")) return FALSE;
+  // The handle of the process itself, which is what this value means to CloseHandle: nothing is closed.
+  if (handle == INVALID_HANDLE_VALUE) return TRUE;
+  return OpenFiles::Instance().Remove(handle) ? TRUE : FailWith(ERROR_INVALID_HANDLE);
+}

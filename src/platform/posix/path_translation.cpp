@@ -1,0 +1,91 @@
+#include "platform/posix/path_translation.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/posix/full_path.h"
+#include "platform/posix/last_error.h"
+#include "platform/posix/name_encoding.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr std::u16string_view kServerOfLongPath = u"UNC\\";
+
+bool IsForbidden(char16_t unit) {
+  return unit < u' ' || std::u16string_view(u"<>\"|?*").find(unit) != std::u16string_view::npos;
+}
+
+// Adds the names of `path`, which follow a drive, to `native`.
+DWORD AppendNames(std::u16string_view path, NativePath& native) {
+  native.endsInSeparator = !path.empty() && IsSeparator(path.back());
+  while (!path.empty()) {
+    const std::size_t end =
+        static_cast<std::size_t>(std::find_if(path.begin(), path.end(), IsSeparator) - path.begin());
+    const std::u16string_view name = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (name.empty()) continue;
+    // The full path has none of these left but where a name lost a dot or the path came with \\?\.
+    if (name == u"." || name == u"..") return ERROR_INVALID_NAME;
+    if (std::any_of(name.begin(), name.end(), IsForbidden)) return ERROR_INVALID_NAME;
+    const std::optional<std::string> nativeName = NativeName(name);
+    if (!nativeName) return ERROR_INVALID_NAME;
+    native.path += '/';
+    native.path += *nativeName;
+  }
+  if (native.path.empty()) native.path = "/";
+  return ERROR_SUCCESS;
+}
+
+// `path` begins at a drive or at the root.
+DWORD TranslateRooted(std::u16string_view path, NativePath& native) {
+  switch (RootOf(path)) {
+    case PathRoot::kRooted:
+      return AppendNames(path, native);
+    case PathRoot::kDrive:
+      return IsOurDrive(path[0]) ? AppendNames(path.substr(2), native) : ERROR_PATH_NOT_FOUND;
+    default:
+      return ERROR_PATH_NOT_FOUND;
+  }
+}
+
+bool IsServerOfLongPath(std::u16string_view path) {
+  if (path.size() < kServerOfLongPath.size() || !IsSeparator(path[3])) return false;
+  return (path[0] | 0x20) == u'u' && (path[1] | 0x20) == u'n' && (path[2] | 0x20) == u'c';
+}
+
+}  // namespace
+
+DWORD TranslatePath(const WCHAR* path, NativePath& native) {
+  native = {};
+  if (!path || !*path) return ERROR_PATH_NOT_FOUND;
+  const std::u16string_view text(path);
+  switch (RootOf(text)) {
+    case PathRoot::kServer:
+      return ERROR_BAD_NETPATH;
+    case PathRoot::kDevice:
+      if (text[2] == u'.') return ERROR_FILE_NOT_FOUND;
+      if (IsServerOfLongPath(text.substr(4))) return ERROR_BAD_NETPATH;
+      return TranslateRooted(text.substr(4), native);
+    default: {
+      const std::u16string full = FullPath(text);
+      return full.empty() ? ERROR_PATH_NOT_FOUND : TranslateRooted(full, native);
+    }
+  }
+}
+
+DWORD MissingError(const std::string& path) {
+  const std::string folder = path.substr(0, std::max<std::size_t>(path.find_last_of('/'), 1));
+  struct stat status;
+  const bool isFolder = stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return isFolder ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+}
+
+DWORD PathError(int error, const std::string& path) {
+  return error == ENOENT ? MissingError(path) : ErrorOfErrno(error);
+}
+
+}  // namespace Platform

@@ -1,0 +1,8 @@
+// The case mapping of LCMapStringW, unit by unit, for the platform layer's own use.
+#pragma once
+
+namespace Platform {
+
+char16_t UpperCase(char16_t unit);
+
+}  // namespace Platform

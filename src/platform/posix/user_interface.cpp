@@ -1,0 +1,43 @@
+#include "platform/posix/user_interface.h"
+
+#include <atomic>
+
+#include "platform/posix/fault_gate.h"
+
+namespace {
+
+constexpr INT_PTR kNoAssociation = 31;  // SE_ERR_NOASSOC
+constexpr INT_PTR kMostErrors = 32;     // the highest value that ShellExecuteW answers for a failure
+
+std::atomic<Platform::UserInterface*> installed{nullptr};
+
+HINSTANCE AsInstance(INT_PTR value) { return reinterpret_cast<HINSTANCE>(value); }
+
+}  // namespace
+
+namespace Platform {
+
+UserInterface* InstallUserInterface(UserInterface* handler) { return installed.exchange(handler); }
+
+INT_PTR AskForm(FormRequest& form) {
+  UserInterface* handler = installed.load();
+  return handler ? handler->Dialog(form) : IDCANCEL;
+}
+
+}  // namespace Platform
+
+int MessageBoxW(HWND, const WCHAR* text, const WCHAR* caption, UINT style) {
+  if (Platform::FaultFires("MessageBoxW")) return 0;
+  Platform::UserInterface* handler = installed.load();
+  return handler ? handler->MessageBox(text, caption, style) : 0;
+}
+
+HINSTANCE ShellExecuteW(HWND, const WCHAR* verb, const WCHAR* file, const WCHAR* arguments, const WCHAR*,
+                        int show) {
+  if (Platform::FaultFires("ShellExecuteW")) {
+    const INT_PTR error = static_cast<INT_PTR>(GetLastError());
+    return AsInstance(error <= kMostErrors ? error : kNoAssociation);
+  }
+  Platform::UserInterface* handler = installed.load();
+  return AsInstance(handler ? handler->ShellExecute(verb, file, arguments, show) : kNoAssociation);
+}
