@@ -1,0 +1,133 @@
+#include "ui/controls.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+namespace Ui {
+
+namespace {
+
+LPARAM Pointer(const WCHAR* text) { return reinterpret_cast<LPARAM>(text); }
+
+// A null pointer would mean something else to some messages.
+const WCHAR* TextOf(const TextSource& texts, std::uint32_t id) {
+  const WCHAR* text = texts(id);
+  return text ? text : W("");
+}
+
+HWND Find(HWND dialog, int control) { return control == kTitle ? dialog : GetDlgItem(dialog, control); }
+
+// The open list is made as wide as its longest row, within the screen: a long name is read whole there though
+// the field cuts it off.
+void FitList(HWND combo, int longestRow) {
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof(monitor);
+  if (!GetMonitorInfoW(MonitorFromWindow(combo, MONITOR_DEFAULTTONEAREST), &monitor)) return;
+  const int room = monitor.rcWork.right - monitor.rcWork.left;
+  const int frame = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
+  const int width = std::min(longestRow + frame, room);
+  SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
+}
+
+}  // namespace
+
+WString GetText(HWND control) {
+  const LRESULT length = SendMessageW(control, WM_GETTEXTLENGTH, 0, 0);
+  if (length <= 0) return {};
+  WString text(static_cast<std::size_t>(length) + 1, WCHAR());
+  // The length told may be more than what there is, so the count that was copied decides.
+  const LRESULT copied =
+      SendMessageW(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(std::clamp<LRESULT>(copied, 0, length)));
+  return text;
+}
+
+void SetText(HWND control, const WString& text) {
+  SendMessageW(control, WM_SETTEXT, 0, Pointer(text.c_str()));
+}
+
+void SetTexts(HWND dialog, std::span<const ControlText> rows, const TextSource& texts) {
+  for (const ControlText& row : rows) {
+    SendMessageW(Find(dialog, row.control), WM_SETTEXT, 0, Pointer(TextOf(texts, row.text)));
+  }
+}
+
+void SetCueBanners(HWND dialog, std::span<const ControlText> rows, const TextSource& texts) {
+  for (const ControlText& row : rows) {
+    const HWND control = Find(dialog, row.control);
+    const LPARAM text = Pointer(TextOf(texts, row.text));
+    COMBOBOXINFO combo = {};
+    combo.cbSize = sizeof(combo);
+    if (!GetComboBoxInfo(control, &combo)) {
+      SendMessageW(control, EM_SETCUEBANNER, FALSE, text);
+    } else if (SendMessageW(control, CB_SETCUEBANNER, 0, text) != TRUE) {
+      // Some systems know the hint in edit controls alone; the edit field of the combo box is one.
+      SendMessageW(combo.hwndItem, EM_SETCUEBANNER, FALSE, text);
+    }
+  }
+}
+
+void FillComboBox(HWND combo, std::span<const ComboRow> rows, const TextSource& texts) {
+  SendMessageW(combo, CB_RESETCONTENT, 0, 0);
+  int longest = 0;
+  for (const ComboRow& row : rows) {
+    const WString text = TextOf(texts, row.text);
+    const LRESULT index = SendMessageW(combo, CB_ADDSTRING, 0, Pointer(text.c_str()));
+    if (index < 0) return;
+    SendMessageW(combo, CB_SETITEMDATA, static_cast<WPARAM>(index), row.data);
+    longest = std::max(longest, TextWidth(combo, text));
+  }
+  FitList(combo, longest);
+}
+
+void FillHistory(HWND combo, const std::vector<WString>& strings) {
+  const WString edited = GetText(combo);
+  SendMessageW(combo, CB_RESETCONTENT, 0, 0);
+  int longest = 0;
+  for (const WString& text : strings) {
+    if (SendMessageW(combo, CB_ADDSTRING, 0, Pointer(text.c_str())) < 0) break;
+    longest = std::max(longest, TextWidth(combo, text));
+  }
+  SetText(combo, edited);
+  FitList(combo, longest);
+}
+
+int SelectedData(HWND combo) {
+  const LRESULT index = SendMessageW(combo, CB_GETCURSEL, 0, 0);
+  if (index == CB_ERR) return kNoRow;
+  return static_cast<int>(SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0));
+}
+
+void SelectData(HWND combo, int data) {
+  const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
+  LRESULT index = 0;
+  while (index < count &&
+         static_cast<int>(SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0)) != data) {
+    ++index;
+  }
+  SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index < count ? index : CB_ERR), 0);
+}
+
+void EnableControl(HWND dialog, int control, bool enabled) {
+  const HWND window = GetDlgItem(dialog, control);
+  if (!window) return;
+  const HWND focus = GetFocus();
+  if (!enabled && (focus == window || IsChild(window, focus))) SendMessageW(dialog, WM_NEXTDLGCTL, 0, FALSE);
+  EnableWindow(window, enabled);
+}
+
+int TextWidth(HWND control, const WString& text) {
+  const HDC dc = GetDC(control);
+  if (!dc) return 0;
+  // A control without a font of its own draws in the system's, which is what the context has.
+  const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
+  const HGDIOBJ before = font ? SelectObject(dc, font) : nullptr;
+  RECT area = {};
+  DrawTextW(dc, text.c_str(), -1, &area, DT_CALCRECT | DT_NOPREFIX);
+  if (before) SelectObject(dc, before);
+  ReleaseDC(control, dc);
+  return area.right - area.left;
+}
+
+}  // namespace Ui

@@ -1,0 +1,12 @@
+// The English texts of the language table that the reference host has beside its program.
+#pragma once
+
+#include <map>
+
+#include "frame/services/host_types.h"
+
+// The texts of the questions and dialogs. One that is missing fails the test.
+std::map<Velmora::SDK::TextId, WString> EnglishTexts();
+
+// The same, each longer by two fifths, as a translation may be.
+std::map<Velmora::SDK::TextId, WString> LongTexts();

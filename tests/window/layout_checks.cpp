@@ -1,0 +1,192 @@
+#include "window/layout_checks.h"
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <map>
+#include <vector>
+
+#include "ui/controls.h"
+
+namespace {
+
+std::vector<HWND> ControlsOf(HWND dialog) {
+  std::vector<HWND> controls;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    controls.push_back(child);
+  }
+  return controls;
+}
+
+RECT AreaOf(HWND control) {
+  RECT area = {};
+  GetWindowRect(control, &area);
+  MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&area), 2);
+  return area;
+}
+
+WString ClassOf(HWND control) {
+  WCHAR name[64] = {};
+  GetClassNameW(control, name, 64);
+  return name;
+}
+
+// Selects the control's font for as long as a text is measured.
+SIZE MeasureText(HWND control, const WString& text, LONG width, UINT format) {
+  const HDC dc = GetDC(control);
+  const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
+  const HGDIOBJ before = SelectObject(dc, font);
+  RECT area = {0, 0, width, 0};
+  DrawTextW(dc, text.c_str(), -1, &area, format | DT_CALCRECT);
+  SelectObject(dc, before);
+  ReleaseDC(control, dc);
+  return {area.right, area.bottom};
+}
+
+// Labels break their lines at blanks; what is too wide without a blank is cut.
+void ExpectLabelFits(HWND label) {
+  RECT room = {};
+  GetClientRect(label, &room);
+  const bool noPrefix = (GetWindowLongW(label, GWL_STYLE) & SS_NOPREFIX) != 0;
+  const UINT format = DT_WORDBREAK | DT_EXPANDTABS | (noPrefix ? DT_NOPREFIX : 0U);
+  const SIZE needed = MeasureText(label, Ui::GetText(label), room.right, format);
+  EXPECT_LE(needed.cx, room.right) << "label " << GetDlgCtrlID(label);
+  EXPECT_LE(needed.cy, room.bottom) << "label " << GetDlgCtrlID(label);
+}
+
+void ExpectButtonFits(HWND button) {
+  RECT room = {};
+  GetClientRect(button, &room);
+  const SIZE needed = MeasureText(button, Ui::GetText(button), 0, DT_SINGLELINE);
+  // The frame and the focus rectangle take their part.
+  const LONG border = 2 * (GetSystemMetrics(SM_CXEDGE) + 2);
+  EXPECT_LE(needed.cx + border, room.right) << "button " << GetDlgCtrlID(button);
+  EXPECT_LE(needed.cy + border, room.bottom) << "button " << GetDlgCtrlID(button);
+}
+
+void ExpectComboBoxFits(HWND combo) {
+  COMBOBOXINFO info = {};
+  info.cbSize = sizeof(info);
+  ASSERT_TRUE(GetComboBoxInfo(combo, &info));
+  const bool editable = info.hwndItem && info.hwndItem != combo;
+  const LONG width = info.rcItem.right - info.rcItem.left;
+  const LONG height = info.rcItem.bottom - info.rcItem.top;
+  const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
+  for (LRESULT row = 0; !editable && row < count; ++row) {
+    const auto index = static_cast<WPARAM>(row);
+    WString text(static_cast<std::size_t>(SendMessageW(combo, CB_GETLBTEXTLEN, index, 0)) + 1, WCHAR());
+    SendMessageW(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+    const SIZE needed = MeasureText(combo, text.c_str(), 0, DT_SINGLELINE | DT_NOPREFIX);
+    EXPECT_LE(needed.cx, width) << "row " << row << " of combo box " << GetDlgCtrlID(combo);
+    EXPECT_LE(needed.cy, height) << "row " << row << " of combo box " << GetDlgCtrlID(combo);
+  }
+  const WString hint = CueBannerOf(GetParent(combo), GetDlgCtrlID(combo));
+  const SIZE needed = MeasureText(combo, hint, 0, DT_SINGLELINE | DT_NOPREFIX);
+  EXPECT_LE(needed.cx, width) << "hint of combo box " << GetDlgCtrlID(combo);
+}
+
+void ExpectTitleFits(HWND dialog) {
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof(metrics);
+  ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0));
+  const HFONT font = CreateFontIndirectW(&metrics.lfCaptionFont);
+  const HDC dc = GetDC(dialog);
+  const HGDIOBJ before = SelectObject(dc, font);
+  const WString title = Ui::GetText(dialog);
+  RECT needed = {};
+  DrawTextW(dc, title.c_str(), -1, &needed, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+  SelectObject(dc, before);
+  ReleaseDC(dialog, dc);
+  DeleteObject(font);
+  RECT area = {};
+  GetWindowRect(dialog, &area);
+  // Beside the title stand the close button and, at most, an icon.
+  const LONG taken = 2 * metrics.iCaptionWidth + 4 * GetSystemMetrics(SM_CXFIXEDFRAME);
+  EXPECT_LE(needed.right, area.right - area.left - taken) << "title";
+}
+
+// The character behind the first single ampersand, in upper case; 0 without one.
+WCHAR AccessKeyOf(const WString& text) {
+  for (std::size_t at = 0; at + 1 < text.size(); ++at) {
+    if (text[at] != L'&') continue;
+    if (text[at + 1] != L'&') return static_cast<WCHAR>(towupper(text[at + 1]));
+    ++at;
+  }
+  return 0;
+}
+
+}  // namespace
+
+RECT AreaOf(HWND dialog, int control) { return AreaOf(GetDlgItem(dialog, control)); }
+
+WString CueBannerOf(HWND dialog, int control) {
+  const HWND combo = GetDlgItem(dialog, control);
+  WCHAR text[512] = {};
+  const auto buffer = reinterpret_cast<WPARAM>(text);
+  COMBOBOXINFO info = {};
+  info.cbSize = sizeof(info);
+  // The edit field is asked where the combo box does not know the message.
+  if (!SendMessageW(combo, CB_GETCUEBANNER, buffer, 512) && GetComboBoxInfo(combo, &info) &&
+      info.hwndItem != combo) {
+    SendMessageW(info.hwndItem, EM_GETCUEBANNER, buffer, 512);
+  }
+  return text;
+}
+
+void ExpectControlsInsideClientArea(HWND dialog) {
+  RECT client = {};
+  GetClientRect(dialog, &client);
+  for (const HWND control : ControlsOf(dialog)) {
+    const RECT area = AreaOf(control);
+    EXPECT_TRUE(area.left >= 0 && area.top >= 0 && area.right <= client.right && area.bottom <= client.bottom)
+        << "control " << GetDlgCtrlID(control);
+  }
+}
+
+void ExpectNoControlsOverlap(HWND dialog) {
+  const std::vector<HWND> controls = ControlsOf(dialog);
+  for (std::size_t first = 0; first < controls.size(); ++first) {
+    for (std::size_t second = first + 1; second < controls.size(); ++second) {
+      const RECT one = AreaOf(controls[first]);
+      const RECT other = AreaOf(controls[second]);
+      RECT common = {};
+      EXPECT_FALSE(IntersectRect(&common, &one, &other))
+          << "controls " << GetDlgCtrlID(controls[first]) << " and " << GetDlgCtrlID(controls[second]);
+    }
+  }
+}
+
+void ExpectNoTextCutOff(HWND dialog) {
+  ExpectTitleFits(dialog);
+  for (const HWND control : ControlsOf(dialog)) {
+    const WString name = ClassOf(control);
+    if (name == L"Static") ExpectLabelFits(control);
+    if (name == L"Button") ExpectButtonFits(control);
+    if (name == L"ComboBox") ExpectComboBoxFits(control);
+  }
+}
+
+void ExpectAccessKeysDiffer(HWND dialog) {
+  std::map<WCHAR, int> taken;
+  for (const HWND control : ControlsOf(dialog)) {
+    const bool noPrefix =
+        ClassOf(control) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_NOPREFIX) != 0;
+    const WCHAR key = noPrefix ? WCHAR() : AccessKeyOf(Ui::GetText(control));
+    if (!key) continue;
+    const auto [place, isNew] = taken.emplace(key, GetDlgCtrlID(control));
+    EXPECT_TRUE(isNew) << "controls " << place->second << " and " << GetDlgCtrlID(control);
+    if (ClassOf(control) != L"Static") continue;
+    const HWND next = GetWindow(control, GW_HWNDNEXT);
+    EXPECT_TRUE(next && (GetWindowLongW(next, GWL_STYLE) & WS_TABSTOP)) << "label " << GetDlgCtrlID(control);
+  }
+}
+
+void ExpectCenteredOver(HWND dialog, HWND owner) {
+  RECT area = {};
+  RECT base = {};
+  GetWindowRect(dialog, &area);
+  GetWindowRect(owner, &base);
+  EXPECT_LE(std::abs((area.left + area.right) - (base.left + base.right)), 1);
+  EXPECT_LE(std::abs((area.top + area.bottom) - (base.top + base.bottom)), 1);
+}
