@@ -88,7 +88,9 @@ TEST_F(BuiltModule, ReplaceCommandShowsItsDialogAndItsQuestionAndRenames) {
   host_.SelectFiles({W("one.txt"), W("two.txt"), W("three.doc")});
   IPluginInterface& fileUtils = FileUtils();
   EXPECT_EQ(RunModal([&] { return fileUtils.OnCommand(30010, 0, 0); },
-                     {[](HWND dialog) {
+                     {[this](HWND dialog) {
+                        EXPECT_EQ(GetWindowLongPtrW(dialog, GWLP_HINSTANCE),
+                                  reinterpret_cast<LONG_PTR>(module_));
                         EXPECT_EQ(CueBannerOf(dialog, kFind), W("hint"));
                         TypeText(dialog, W("o"));
                         PressKey(dialog, VK_TAB);
