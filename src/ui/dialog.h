@@ -10,7 +10,7 @@
 //      Ui::Field (control, member) and Ui::EnableRule (control, condition), and a class from Ui::Dialog:
 //      OnInit sets texts, fills lists, loads the fields; OnChange reads the fields into a copy of the form
 //      and applies the rules; OnOk reads the fields and closes with IDOK.
-//   5. tests/window/name_dlg_tests.cpp drives it by messages and holds it against the layout checks.
+//   5. tests/window/name_dlg_test.cpp drives it by messages and holds it against the layout checks.
 #pragma once
 
 #include <exception>
