@@ -11,6 +11,7 @@
 #include "platform/windows_api.h"
 
 #ifdef _WIN32
+#define QX_PLATFORM_API  // linked in; elsewhere the platform is a shared library
 #define QX_WIDE_LITERAL(text) L##text
 #else
 #define QX_WIDE_LITERAL(text) u##text
@@ -43,5 +44,5 @@ void CopyTerminated(CharT* buffer, std::size_t size, std::basic_string_view<Char
 }
 
 // Well-formed UTF-16 to UTF-8 and back. A lone surrogate, or a byte that is no UTF-8, becomes U+FFFD.
-std::string ToUtf8(WStringView text);
-WString FromUtf8(std::string_view text);
+QX_PLATFORM_API std::string ToUtf8(WStringView text);
+QX_PLATFORM_API WString FromUtf8(std::string_view text);
