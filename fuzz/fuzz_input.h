@@ -31,7 +31,7 @@ class FuzzInput {
     while (!bytes_.empty()) {
       const std::uint8_t byte = TakeByte();
       if (byte == 0) break;
-      const unsigned unit = byte < 0x80 ? byte : byte << 8 | TakeByte();
+      const unsigned unit = byte < 0x80 ? byte : static_cast<unsigned>(byte << 8 | TakeByte());
       text += static_cast<WCHAR>(unit);
     }
     return text;

@@ -25,7 +25,7 @@ class QXMultiRename final : public IPluginInterface {
 
  private:
   IHostApp* host = nullptr;
-  u32 imageSet = 1;
+  [[maybe_unused]] u32 imageSet = 1;  // the window asks for rows' images by it
 };
 
 }  // namespace Velmora::SDK

@@ -34,8 +34,6 @@ State& TheState() {
   return state;
 }
 
-constexpr std::string_view kWriteFile = "WriteFile";
-
 }  // namespace
 
 std::atomic<bool> armed{false};
