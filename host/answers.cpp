@@ -1,0 +1,36 @@
+#include "host/answers.h"
+
+namespace QxHost {
+namespace {
+
+struct Word {
+  Answer::Kind kind;
+  std::string_view word;
+  bool withText;
+};
+
+constexpr Word kWords[] = {
+    {Answer::kOk, "ok", false},         {Answer::kYes, "yes", false},   {Answer::kNo, "no", false},
+    {Answer::kCancel, "cancel", false}, {Answer::kText, "text=", true}, {Answer::kChoice, "choice=", true},
+};
+
+}  // namespace
+
+std::optional<Answer> ParseAnswer(std::string_view text) {
+  for (const Word& row : kWords) {
+    if (row.withText && text.starts_with(row.word)) {
+      return Answer{row.kind, FromUtf8(text.substr(row.word.size()))};
+    }
+    if (!row.withText && text == row.word) return Answer{row.kind, {}};
+  }
+  return std::nullopt;
+}
+
+std::string AnswerText(const Answer& answer) {
+  for (const Word& row : kWords) {
+    if (row.kind == answer.kind) return std::string(row.word) + ToUtf8(answer.text);
+  }
+  return {};
+}
+
+}  // namespace QxHost

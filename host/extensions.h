@@ -1,0 +1,68 @@
+// The extensions of the loaded module, from GetExtensionInfo to Delete.
+//
+// Calls of the module are made here and nowhere else, and whatever it throws leaves as a ModuleFailure.
+#pragma once
+
+#include <list>
+#include <string>
+#include <vector>
+
+#include "frame/services/file_properties.h"
+#include "frame/services/plugin_interface.h"
+#include "host/host_app.h"
+#include "host/module_loader.h"
+
+namespace QxHost {
+
+using Velmora::SDK::s32;
+
+// Numbers of commands that belong to the host.
+enum HostCommand : s32 { kCommandShutDown = 20002 };
+
+class Extensions {
+ public:
+  // Asks for the records of all extensions, and makes the modules known.
+  Extensions(Shared& shared, const ModuleExports& exports);
+  Extensions(const Extensions&) = delete;
+  Extensions& operator=(const Extensions&) = delete;
+  // Ends what Start began, in silence: whoever wants to hear of failures calls Stop.
+  ~Extensions();
+
+  // The records, in the order of their indices.
+  void ReportRecords() const;
+
+  // Creates and registers all extensions, and starts them. Answers whether each said yes.
+  bool Start();
+
+  void ReportMenus() const;
+
+  // One command, by the extension that declared its number; then what it has posted. The answer is the
+  // command's own.
+  s32 RunCommand(s32 number);
+
+  // Shuts all extensions down and deletes them.
+  void Stop();
+
+ private:
+  struct Extension {
+    u32 index;
+    ExtensionEvent record;
+    std::unique_ptr<HostApp> host;
+    void* object = nullptr;
+    // What the object is, by the extension's index; the other one is null.
+    Velmora::SDK::IPluginInterface* plugin = nullptr;
+    Velmora::SDK::IFileProperties* properties = nullptr;
+  };
+
+  void Create(Extension& extension);
+  bool StartOne(Extension& extension);
+  void StopOne(Extension& extension);
+  Extension* OwnerOf(s32 number);
+  void RunPosted();
+
+  Shared& shared_;
+  ModuleExports exports_;
+  std::list<Extension> extensions_;
+};
+
+}  // namespace QxHost

@@ -1,0 +1,74 @@
+// The host as one extension sees it: IHostApp over what all extensions share, with the extension's own
+// language table, settings and menu.
+#pragma once
+
+#include <list>
+
+#include "frame/services/host_app.h"
+#include "host/menus.h"
+#include "host/settings.h"
+#include "host/shared.h"
+#include "host/view_refresh.h"
+
+namespace QxHost {
+
+using Velmora::SDK::s32;
+
+class HostApp final : public Velmora::SDK::IHostApp {
+ public:
+  // `index` is the extension's, `module` its module name: section of the language table and of the settings.
+  HostApp(Shared& shared, u32 index, const std::string& module);
+  HostApp(const HostApp&) = delete;
+  HostApp& operator=(const HostApp&) = delete;
+
+  void ExtensionClosed() override {}
+  HWND GetMainWindow() override { return nullptr; }  // the host has no window of its own
+  u32 FindModuleByGuid(const char* id) override;
+  const WCHAR* GetLanguageString(TextId text) override;
+  const WCHAR* GetModuleLanguageString(u32 moduleNumber, TextId text) override;
+  const WCHAR* GetLanguageTitle(TextId text) override;
+  const WCHAR* GetKeyText(WCHAR* buffer, u32 size, u32 key, u32 sixteen, u32 zero) override;
+  void PostCommand(u32 number, std::intptr_t a, std::intptr_t b) override;
+  int FileListRequest(u32 code, Velmora::SDK::IHostFileList* list, u32 mode, u32 zero) override;
+  Velmora::SDK::IHostCommandFactory* GetCommandFactory() override { return &menus; }
+  Velmora::SDK::IHostMenuBuilder* GetMenuBuilder() override { return &menus; }
+  Velmora::SDK::IHostCustomCommandSet* GetCustomCommandSet(const char* name) override;
+  Velmora::SDK::IHostPropertyManager* GetPropertyManager() override { return nullptr; }
+  Velmora::SDK::IHostXmlDocument* CreateXmlDocument() override { return nullptr; }
+  Velmora::SDK::IHostConfig* GetConfig() override { return &settings_; }
+  void* GetService(u32 number, std::uintptr_t handle) override;
+  void ReleaseService(void* service, u32 numberOrZero) override;
+  bool IsProcessElevated() override { return shared_.answers.elevated; }
+  bool IsVistaOrNewer() override { return shared_.answers.vistaOrNewer; }
+  bool IsOsClassA() override { return shared_.answers.classA; }
+  bool IsOsClassB() override { return shared_.answers.classB; }
+  bool GetConfigPath(WCHAR* buffer, u32 size) override;
+  bool GetTargetPanelPath(WCHAR* buffer, u32 size) override;
+  Velmora::SDK::IHostFileList* CreateFileList() override;
+  Velmora::SDK::IHostPropertyList* CreatePropertyList() override { return nullptr; }
+  Velmora::SDK::IHostStringList* CreateStringList() override;
+  void LogMessage(u32 category, u32 level, const WCHAR* format, ...) override;
+  void LogText(u32 category, u32 level, const WCHAR* text) override;
+  void ShowTimedNote(HWND window, const WCHAR* text, u32 milliseconds, u32 two) override;
+  int MessageBox(const WCHAR* title, const WCHAR* text, u32 style) override;
+  int AskTextSimple(const WCHAR* title, const WCHAR* prompt, u32 zero, u32 alsoZero, WCHAR* buffer,
+                    u32 size) override;
+  bool AskChoice(Velmora::SDK::AskChoiceRecord* record) override;
+  // The default is `defaultText`, or what stands in the buffer if that is null.
+  bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
+               WCHAR* buffer, u32 size, HWND parent, u32 zero) override;
+  bool ReadTextFile(WCHAR* buffer, u32 size, const WCHAR* path) override;
+
+  Menus menus;
+
+ private:
+  // The text of an id, which is reported once if it is missing. Never null.
+  const LanguageText& TextOf(std::string_view section, TextId text);
+
+  Shared& shared_;
+  std::string module_;
+  Settings settings_;
+  std::list<ViewRefresh> refreshes_;
+};
+
+}  // namespace QxHost

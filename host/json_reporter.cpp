@@ -1,0 +1,94 @@
+#include <iterator>
+#include <nlohmann/json.hpp>
+
+#include "host/reporter.h"
+
+namespace QxHost {
+namespace {
+
+// Members in the order in which they are written here.
+using Json = nlohmann::ordered_json;
+
+constexpr const char* kQuestionKinds[] = {"box", "text", "choice", "dialog"};
+
+class JsonReporter final : public Reporter {
+ public:
+  explicit JsonReporter(Output& output) : output_(output) {}
+
+  void Log(std::uint32_t category, std::uint32_t level, WStringView text) override {
+    Write({{"event", "log"}, {"category", category}, {"level", level}, {"text", ToUtf8(text)}});
+    output_.Flush();
+  }
+
+  void Question(const QuestionEvent& event) override {
+    Json line = {{"event", "question"},
+                 {"kind", kQuestionKinds[event.kind]},
+                 {"title", ToUtf8(event.title)},
+                 {"text", ToUtf8(event.text)},
+                 {"style", event.style}};
+    if (!event.defaultText.empty()) line["default"] = ToUtf8(event.defaultText);
+    if (!event.hint.empty()) line["hint"] = ToUtf8(event.hint);
+    line["answer"] = event.answer;
+    Write(line);
+  }
+
+  void Rename(const RenameEvent& event) override {
+    Write({{"event", "rename"},
+           {"from", ToUtf8(event.from)},
+           {"to", ToUtf8(event.to)},
+           {"result", event.result}});
+  }
+
+  void List(std::uint32_t request, std::uint32_t marker, const std::vector<WString>& items) override {
+    Json paths = Json::array();
+    for (const WString& item : items) paths.push_back(ToUtf8(item));
+    Write({{"event", "list"}, {"request", request}, {"marker", marker}, {"items", paths}});
+  }
+
+  void Refresh(WStringView folder) override { Write({{"event", "refresh"}, {"folder", ToUtf8(folder)}}); }
+  void MissingText(std::uint32_t id) override { Write({{"event", "missing-text"}, {"id", id}}); }
+
+  void Extension(const ExtensionEvent& event) override {
+    Write({{"event", "extension"},
+           {"index", event.index},
+           {"name", ToUtf8(event.name)},
+           {"module", event.module},
+           {"version", event.version},
+           {"id", event.id},
+           {"kind", event.kind},
+           {"build", event.build},
+           {"order", event.order},
+           {"description", ToUtf8(event.description)}});
+  }
+
+  void Menu(const MenuEvent& event) override {
+    std::string path;
+    for (const WString& menu : event.menus) path += ToUtf8(menu) + "/";
+    Json line = {{"event", "menu"}, {"path", path + ToUtf8(event.text)}};
+    line["number"] = event.kind == MenuEvent::kSubMenu ? Json(nullptr) : Json(event.number);
+    line["id"] = event.id;
+    line["display"] = event.display;
+    line["text"] = ToUtf8(event.text);
+    Write(line);
+  }
+
+  void Shell(const ShellEvent& event) override {
+    Write({{"event", "shell"},
+           {"verb", ToUtf8(event.verb)},
+           {"file", ToUtf8(event.file)},
+           {"arguments", ToUtf8(event.arguments)}});
+  }
+
+  void Result(std::int32_t value) override { Write({{"event", "result"}, {"value", value}}); }
+
+ private:
+  void Write(const Json& line) { output_.Line(line.dump(-1, ' ', false, Json::error_handler_t::replace)); }
+
+  Output& output_;
+};
+
+}  // namespace
+
+std::unique_ptr<Reporter> MakeJsonReporter(Output& output) { return std::make_unique<JsonReporter>(output); }
+
+}  // namespace QxHost

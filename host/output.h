@@ -1,0 +1,43 @@
+// Where a run's lines go: standard output for what happened, standard error for what went wrong.
+//
+// Lines are gathered and written in blocks, so that a hundred thousand of them are cheap; whoever is about to
+// wait for a person flushes first. May be used from any thread.
+#pragma once
+
+#include <functional>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace QxHost {
+
+class Output {
+ public:
+  // Takes bytes; false if they could not be written.
+  using Sink = std::function<bool(std::string_view bytes)>;
+
+  Output(Sink standardOutput, Sink standardError)
+      : standardOutput_(std::move(standardOutput)), standardError_(std::move(standardError)) {}
+
+  // One line, to which the line end is added.
+  void Line(std::string_view text);
+  // A line on standard error, behind all that was written before it.
+  void Problem(std::string_view text);
+  // A prompt on standard error, without a line end.
+  void Prompt(std::string_view text);
+  void Flush();
+
+  // Whether a write to standard output has failed.
+  bool HasFailed();
+
+ private:
+  void FlushLocked();
+
+  Sink standardOutput_;
+  Sink standardError_;
+  std::mutex mutex_;
+  std::string pending_;
+  bool failed_ = false;
+};
+
+}  // namespace QxHost

@@ -1,0 +1,127 @@
+#include "host/paths.h"
+
+#include <cstdint>
+
+namespace QxHost {
+namespace {
+
+constexpr WStringView kLongPrefix = W("\\\\?\\");
+constexpr WStringView kLongServerPrefix = W("\\\\?\\UNC\\");
+constexpr WStringView kKeptCharacters = W("\\/:*?\"<>|");
+
+// Windows leaves room for a short name below a folder, so folders reach their limit first.
+constexpr std::size_t kMostShortPathChars = MAX_PATH - 13;
+
+bool IsDrivePath(WStringView path) { return path.size() >= 2 && path[1] == W(':'); }
+
+// Bytes of the sequence that begins at `at`, 0 if it is no UTF-8.
+std::size_t SequenceSize(std::string_view bytes, std::size_t at) {
+  const auto byteAt = [&](std::size_t index) { return static_cast<std::uint8_t>(bytes[index]); };
+  const std::uint8_t first = byteAt(at);
+  if (first < 0x80) return 1;
+  const std::size_t size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+  if (first < 0xC2 || first > 0xF4 || at + size > bytes.size()) return 0;
+  for (std::size_t index = 1; index < size; ++index) {
+    if ((byteAt(at + index) & 0xC0) != 0x80) return 0;
+  }
+  const std::uint8_t second = byteAt(at + 1);
+  const bool overlong = (first == 0xE0 && second < 0xA0) || (first == 0xF0 && second < 0x90);
+  const bool surrogate = first == 0xED && second >= 0xA0;
+  const bool tooHigh = first == 0xF4 && second >= 0x90;
+  return overlong || surrogate || tooHigh ? 0 : size;
+}
+
+}  // namespace
+
+WString PathFromUtf8(std::string_view bytes) {
+  WString path;
+  std::size_t done = 0;
+  std::size_t at = 0;
+  while (at < bytes.size()) {
+    const std::size_t size = SequenceSize(bytes, at);
+    if (size != 0) {
+      at += size;
+      continue;
+    }
+    path += FromUtf8(bytes.substr(done, at - done));
+    path += static_cast<WCHAR>(0xDC00 + static_cast<std::uint8_t>(bytes[at]));
+    done = ++at;
+  }
+  return path + FromUtf8(bytes.substr(done));
+}
+
+std::optional<WString> FullPathOf(const WString& path) {
+  if (path.empty() || path.find(WCHAR()) != WString::npos) return std::nullopt;
+  const DWORD needed = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+  if (needed == 0) return std::nullopt;
+  WString full(needed, WCHAR());
+  const DWORD size = GetFullPathNameW(path.c_str(), needed, full.data(), nullptr);
+  if (size == 0 || size >= needed) return std::nullopt;
+  full.resize(size);
+  if (full.starts_with(kLongServerPrefix)) {
+    full.replace(0, kLongServerPrefix.size(), W("\\\\"));
+  } else if (full.starts_with(kLongPrefix) && IsDrivePath(WStringView(full).substr(kLongPrefix.size()))) {
+    full.erase(0, kLongPrefix.size());
+  }
+  const std::size_t shortest = IsDrivePath(full) ? 3 : 2;
+  while (full.size() > shortest && full.back() == W('\\')) full.pop_back();
+  return full;
+}
+
+WString SystemPath(const WString& fullPath) {
+  if (fullPath.size() < kMostShortPathChars || fullPath.starts_with(kLongPrefix)) return fullPath;
+  if (fullPath.starts_with(W("\\\\"))) return WString(kLongServerPrefix) + fullPath.substr(2);
+  return WString(kLongPrefix) + fullPath;
+}
+
+RootAndRest SplitRoot(WStringView fullPath) {
+  std::size_t end = 0;
+  if (IsDrivePath(fullPath)) {
+    end = 2;
+  } else if (fullPath.starts_with(W("\\\\"))) {
+    end = fullPath.find(W('\\'), 2);
+    if (end != WStringView::npos) end = fullPath.find(W('\\'), end + 1);
+    if (end == WStringView::npos) end = fullPath.size();
+  }
+  WStringView rest = fullPath.substr(end);
+  while (rest.starts_with(W('\\'))) rest.remove_prefix(1);
+  return {fullPath.substr(0, end), rest};
+}
+
+NameParts SplitName(WStringView name, bool isFolder) {
+  const std::size_t dot = isFolder ? WStringView::npos : name.rfind(W('.'));
+  if (dot == WStringView::npos) return {name, {}};
+  return {name.substr(0, dot), name.substr(dot)};
+}
+
+bool IsPossibleName(WStringView name) {
+  if (name.empty() || name == W(".") || name == W("..")) return false;
+  for (const WCHAR character : name) {
+    if (character < W(' ') || kKeptCharacters.find(character) != WStringView::npos) return false;
+  }
+  return true;
+}
+
+bool IsFolder(const WString& fullPath) {
+  const DWORD attributes = GetFileAttributesW(SystemPath(fullPath).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+DWORD MakeFolder(const WString& fullPath) {
+  if (IsFolder(fullPath)) return ERROR_SUCCESS;
+  const std::size_t rootSize = SplitRoot(fullPath).root.size();
+  // Each folder from the root down; one that is there already is no failure, even if another process has
+  // just made it.
+  for (std::size_t end = rootSize; end != WString::npos;) {
+    end = fullPath.find(W('\\'), end + 1);
+    const WString folder = fullPath.substr(0, end);
+    if (folder.size() <= rootSize + 1 || IsFolder(folder)) continue;
+    if (!CreateDirectoryW(SystemPath(folder).c_str(), nullptr)) {
+      const DWORD error = GetLastError();
+      if (!IsFolder(folder)) return error != ERROR_SUCCESS ? error : ERROR_PATH_NOT_FOUND;
+    }
+  }
+  return ERROR_SUCCESS;
+}
+
+}  // namespace QxHost

@@ -1,0 +1,47 @@
+// Paths and names as the host hands them to the module: full paths of the form `Z:\a\b`, names cut at their
+// last dot.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "platform/text.h"
+
+namespace QxHost {
+
+// An argument or a line of input (UTF-8) as a path. A byte that is no UTF-8 becomes a low surrogate
+// U+DC80..U+DCFF, by which the native platform layer finds the file again.
+WString PathFromUtf8(std::string_view bytes);
+
+// The full path of `path`, which may be relative and may be written with `/`. Without a separator at its end,
+// but for the root of a drive (`Z:\`). Nothing if the system refuses the path or it is empty.
+std::optional<WString> FullPathOf(const WString& path);
+
+// The path as it is given to the system: in its long form (`\\?\`) if it is too long for the short one.
+WString SystemPath(const WString& fullPath);
+
+// The root (`Z:` or `\\server\share`) and the names below it.
+struct RootAndRest {
+  WStringView root;
+  WStringView rest;  // without a separator at its begin; empty for a root
+};
+RootAndRest SplitRoot(WStringView fullPath);
+
+// A file's base name ends at the last dot, and the extension begins with it; a name without a dot has no
+// extension. A folder has none at all.
+struct NameParts {
+  WStringView base;
+  WStringView extension;  // with its dot
+};
+NameParts SplitName(WStringView name, bool isFolder);
+
+// False for what can be no name: the empty text, `.` and `..`, and one with a separator, a character that
+// Windows keeps for itself, or a control character.
+bool IsPossibleName(WStringView name);
+
+// Makes the folder with all folders above it. 0, or the error number of what could not be made.
+DWORD MakeFolder(const WString& fullPath);
+
+bool IsFolder(const WString& fullPath);
+
+}  // namespace QxHost

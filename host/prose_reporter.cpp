@@ -1,0 +1,109 @@
+#include <array>
+#include <cstdio>
+
+#include "frame/services/host_types.h"
+#include "host/reporter.h"
+
+namespace QxHost {
+namespace {
+
+constexpr std::size_t kMenuTextWidth = 52;
+
+std::string Hex(std::uint32_t number) {
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "0x%08X", number);
+  return text.data();
+}
+
+std::string LevelName(std::uint32_t level) {
+  if (level == Velmora::SDK::kLogInformation) return "info";
+  if (level == Velmora::SDK::kLogError) return "error";
+  return std::to_string(level);
+}
+
+// Columns are counted in characters, and a character of UTF-8 begins with a byte that is no continuation.
+std::size_t WidthOf(std::string_view text) {
+  std::size_t width = 0;
+  for (const char byte : text) width += (byte & 0xC0) != 0x80 ? 1 : 0;
+  return width;
+}
+
+std::string WithoutLineEnd(std::string text) {
+  while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
+  return text;
+}
+
+class ProseReporter final : public Reporter {
+ public:
+  explicit ProseReporter(Output& output) : output_(output) {}
+
+  void Log(std::uint32_t, std::uint32_t level, WStringView text) override {
+    output_.Line("[" + LevelName(level) + "] " + WithoutLineEnd(ToUtf8(text)));
+    output_.Flush();
+  }
+
+  void Question(const QuestionEvent& event) override {
+    std::string line = "[question] " + ToUtf8(event.title);
+    if (!event.text.empty()) line += ": " + WithoutLineEnd(ToUtf8(event.text));
+    if (!event.hint.empty()) line += " (" + ToUtf8(event.hint) + ")";
+    if (!event.defaultText.empty()) line += " [" + ToUtf8(event.defaultText) + "]";
+    output_.Line(line + " -> " + event.answer);
+  }
+
+  void Rename(const RenameEvent& event) override {
+    constexpr std::uint32_t kDone = 0;
+    if (event.result != kDone) return;  // what was not done is told on standard error
+    output_.Line((event.dryRun ? "would rename " : "renamed ") + ToUtf8(event.from) + " to " +
+                 ToUtf8(event.to));
+  }
+
+  void List(std::uint32_t, std::uint32_t marker, const std::vector<WString>& items) override {
+    output_.Line(marker == 0 ? "done:" : "failed:");
+    for (const WString& item : items) output_.Line("  " + ToUtf8(item));
+  }
+
+  void Refresh(WStringView folder) override { output_.Line("refreshed " + ToUtf8(folder)); }
+  void MissingText(std::uint32_t id) override { output_.Line("[missing text] " + Hex(id)); }
+
+  void Extension(const ExtensionEvent& event) override {
+    if (event.index != 0) output_.Line("");
+    output_.Line(ToUtf8(event.name) + " " + event.version);
+    output_.Line("  " + ToUtf8(event.description));
+    output_.Line("  index  " + std::to_string(event.index));
+    output_.Line("  module " + event.module);
+    output_.Line("  id     " + event.id);
+    output_.Line("  kind   " + Hex(event.kind));
+    output_.Line("  build  " + std::to_string(event.build));
+    output_.Line("  order  " + std::to_string(event.order));
+  }
+
+  void Menu(const MenuEvent& event) override {
+    std::string line(event.menus.size() * 2, ' ');
+    line += event.kind == MenuEvent::kSeparator ? "----" : ToUtf8(event.text);
+    if (event.kind == MenuEvent::kCommand) {
+      const std::size_t width = WidthOf(line);
+      line.append(width < kMenuTextWidth ? kMenuTextWidth - width : 1, ' ');
+      line += " " + std::to_string(event.number);
+    }
+    output_.Line(line);
+  }
+
+  void Shell(const ShellEvent& event) override {
+    output_.Line("would start " + ToUtf8(event.file) + " " + ToUtf8(event.arguments) + " (" +
+                 ToUtf8(event.verb) + ")");
+  }
+
+  // The exit status says it.
+  void Result(std::int32_t) override {}
+
+ private:
+  Output& output_;
+};
+
+}  // namespace
+
+std::unique_ptr<Reporter> MakeProseReporter(Output& output) {
+  return std::make_unique<ProseReporter>(output);
+}
+
+}  // namespace QxHost

@@ -1,0 +1,191 @@
+#include "host/questions.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace QxHost {
+namespace {
+
+std::string Heading(const WString& title, const WString& text) {
+  std::string heading = ToUtf8(title);
+  if (!text.empty()) heading += heading.empty() ? ToUtf8(text) : "\n" + ToUtf8(text);
+  return heading + "\n";
+}
+
+}  // namespace
+
+std::string FieldList(const std::vector<DialogField>& fields) {
+  std::string list;
+  for (const DialogField& field : fields) {
+    if (!list.empty()) list += ", ";
+    list += field.name + "=" + ToUtf8(field.get());
+  }
+  return list;
+}
+
+void Questions::Refuse(const std::string& what) {
+  refused_ = true;
+  output_.Problem(what);
+}
+
+std::optional<Answer> Questions::TakeAnswer() {
+  if (answers_.empty()) return std::nullopt;
+  Answer answer = std::move(answers_.front());
+  answers_.pop_front();
+  return answer;
+}
+
+std::optional<std::string> Questions::ReadAnswer(const std::string& prompt) {
+  output_.Prompt(prompt);
+  return readLine_();
+}
+
+int Questions::AskBox(const WString& title, const WString& text, std::uint32_t style) {
+  const std::span<const BoxButton> buttons = ButtonsOfStyle(style);
+  BoxButton pressed = HarmlessButton(buttons);
+  if (const std::optional<Answer> answer = TakeAnswer()) {
+    if (const std::optional<BoxButton> button = ButtonOfAnswer(buttons, *answer)) {
+      pressed = *button;
+    } else if (answer->kind != Answer::kCancel) {
+      Refuse("\"" + ToUtf8(title) + "\" cannot be answered with " + AnswerText(*answer) +
+             "; it has the buttons " + ButtonNames(buttons));
+    }
+  } else if (HasTerminal()) {
+    std::string prompt = Heading(title, text) + "(" + ButtonNames(buttons) + ") ";
+    while (const std::optional<std::string> line = ReadAnswer(prompt)) {
+      const auto named = std::find_if(buttons.begin(), buttons.end(),
+                                      [&](const BoxButton& button) { return *line == button.name; });
+      if (named != buttons.end()) {
+        pressed = *named;
+        break;
+      }
+      prompt = "Please type one of: " + ButtonNames(buttons) + " ";
+    }
+  }
+  reporter_.Question({QuestionEvent::kBox, title, text, style, pressed.name, {}, {}});
+  return pressed.number;
+}
+
+std::optional<WString> Questions::AskText(const WString& title, const WString& prompt,
+                                          const WString& defaultText, const WString& hint) {
+  std::optional<WString> result;
+  if (const std::optional<Answer> answer = TakeAnswer()) {
+    if (answer->kind == Answer::kText) {
+      result = answer->text;
+    } else if (answer->kind == Answer::kOk) {
+      result = defaultText;
+    } else if (answer->kind != Answer::kCancel) {
+      Refuse("\"" + ToUtf8(title) + "\" asks for a text and cannot be answered with " + AnswerText(*answer) +
+             "; it takes text=TEXT, ok or cancel");
+    }
+  } else if (HasTerminal()) {
+    std::string line = Heading(title, prompt);
+    if (!hint.empty()) line += ToUtf8(hint) + "\n";
+    if (!defaultText.empty()) line += "[" + ToUtf8(defaultText) + "] ";
+    const std::optional<std::string> typed = ReadAnswer(line + "> ");
+    if (typed) result = typed->empty() ? defaultText : FromUtf8(*typed);
+  }
+  const Answer given = result ? Answer{Answer::kText, *result} : Answer{Answer::kCancel, {}};
+  reporter_.Question({QuestionEvent::kText, title, prompt, 0, AnswerText(given), defaultText, hint});
+  return result;
+}
+
+std::optional<std::size_t> Questions::AskChoice(const WString& title, const WString& prompt,
+                                                const std::vector<WString>& rows, std::ptrdiff_t selected) {
+  const auto indexOf = [&rows](const WString& text) -> std::optional<std::size_t> {
+    const auto found = std::find(rows.begin(), rows.end(), text);
+    if (found == rows.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - rows.begin());
+  };
+  std::optional<std::size_t> preselected;
+  if (selected >= 0 && static_cast<std::size_t>(selected) < rows.size()) {
+    preselected = static_cast<std::size_t>(selected);
+  }
+  std::string rowList;
+  for (const WString& row : rows) rowList += "\n  " + ToUtf8(row);
+
+  std::optional<std::size_t> result;
+  if (const std::optional<Answer> answer = TakeAnswer()) {
+    if (answer->kind == Answer::kChoice) result = indexOf(answer->text);
+    if (answer->kind == Answer::kOk) result = preselected;
+    if (!result && answer->kind != Answer::kCancel) {
+      Refuse("\"" + ToUtf8(title) + "\" asks for a choice and cannot be answered with " +
+             AnswerText(*answer) + "; it takes ok, cancel, or choice= and one of the rows" + rowList);
+    }
+  } else if (HasTerminal()) {
+    std::string line = Heading(title, prompt) + rowList.substr(rowList.empty() ? 0 : 1) + "\n";
+    if (preselected) line += "[" + ToUtf8(rows[*preselected]) + "] ";
+    line += "> ";
+    while (const std::optional<std::string> typed = ReadAnswer(line)) {
+      result = typed->empty() ? preselected : indexOf(FromUtf8(*typed));
+      if (result) break;
+      line = "Please type one of the rows: ";
+    }
+  }
+  const Answer given = result ? Answer{Answer::kChoice, rows[*result]} : Answer{Answer::kCancel, {}};
+  reporter_.Question({QuestionEvent::kChoice, title, prompt, 0, AnswerText(given), {}, {}});
+  return result;
+}
+
+bool Questions::SetField(const std::vector<DialogField>& fields, const std::string& name,
+                         const WString& value, std::string& mistake) {
+  const auto field = std::find_if(fields.begin(), fields.end(),
+                                  [&](const DialogField& candidate) { return candidate.name == name; });
+  if (field == fields.end()) {
+    mistake = "there is no field " + name;
+    return false;
+  }
+  if (!field->set(value)) {
+    mistake = "the field " + name + " cannot be " + ToUtf8(value);
+    return false;
+  }
+  return true;
+}
+
+bool Questions::FillForm(const std::string& dialog, const std::vector<DialogField>& fields) {
+  std::string mistake;
+  for (const FormValue& row : std::exchange(form_, {})) {
+    if (SetField(fields, row.field, row.value, mistake)) continue;
+    Refuse(mistake + " in the dialog " + dialog + "; its fields are " + FieldList(fields));
+    return false;
+  }
+  return true;
+}
+
+bool Questions::EditDialog(const WString& title, const std::vector<DialogField>& fields) {
+  std::string prompt = Heading(title, {});
+  for (;;) {
+    for (const DialogField& field : fields) prompt += "  " + field.name + "=" + ToUtf8(field.get()) + "\n";
+    const std::optional<std::string> line = ReadAnswer(prompt + "(FIELD=VALUE, ok, cancel) ");
+    if (!line || *line == "cancel") return false;
+    if (*line == "ok") return true;
+    prompt.clear();
+    const std::size_t equals = line->find('=');
+    std::string mistake = "a value is given as FIELD=VALUE";
+    if (equals == std::string::npos ||
+        !SetField(fields, line->substr(0, equals), FromUtf8(line->substr(equals + 1)), mistake)) {
+      prompt = mistake + "\n";
+    }
+  }
+}
+
+bool Questions::AskDialog(const std::string& dialog, const WString& title,
+                          const std::vector<DialogField>& fields) {
+  bool accepted = false;
+  const bool filled = FillForm(dialog, fields);
+  if (const std::optional<Answer> answer = TakeAnswer()) {
+    accepted = answer->kind == Answer::kOk;
+    if (!accepted && answer->kind != Answer::kCancel) {
+      Refuse("the dialog " + dialog + " cannot be answered with " + AnswerText(*answer) +
+             "; it takes ok or cancel");
+    }
+  } else if (filled && HasTerminal()) {
+    accepted = EditDialog(title, fields);
+  }
+  accepted = accepted && filled;
+  reporter_.Question(
+      {QuestionEvent::kDialog, title, FromUtf8(dialog), 0, accepted ? "ok" : "cancel", {}, {}});
+  return accepted;
+}
+
+}  // namespace QxHost

@@ -1,0 +1,86 @@
+// Asking: by the answers of the command line, else on the terminal, else as cancelled.
+//
+// Every question is reported with its answer. An answer that does not fit its question is the caller's
+// mistake: it is told on standard error, the question counts as cancelled, and the run ends as a bad call.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "host/answers.h"
+#include "host/box_buttons.h"
+#include "host/reporter.h"
+
+namespace QxHost {
+
+// A field of a dialog's form; see platform/posix/user_interface.h.
+struct DialogField {
+  std::string name;
+  std::function<WString()> get;
+  std::function<bool(const WString&)> set;  // false: no value of this field
+};
+
+// A value for a field, as `--form F=V` gives it.
+struct FormValue {
+  std::string field;
+  WString value;
+};
+
+class Questions {
+ public:
+  // Reads one line of a person, as UTF-8; nothing at the end of input. Null where there is no terminal.
+  using ReadLine = std::function<std::optional<std::string>()>;
+
+  Questions(Reporter& reporter, Output& output, Answers answers, std::vector<FormValue> form,
+            ReadLine readLine)
+      : reporter_(reporter),
+        output_(output),
+        answers_(std::move(answers)),
+        form_(std::move(form)),
+        readLine_(std::move(readLine)) {}
+
+  // Answers the number of the button, as MessageBoxW.
+  int AskBox(const WString& title, const WString& text, std::uint32_t style);
+
+  // One line of text; nothing if it was cancelled. `ok` takes the default.
+  std::optional<WString> AskText(const WString& title, const WString& prompt, const WString& defaultText,
+                                 const WString& hint);
+
+  // The index of a row; nothing if it was cancelled. `ok` takes the row `selected`.
+  std::optional<std::size_t> AskChoice(const WString& title, const WString& prompt,
+                                       const std::vector<WString>& rows, std::ptrdiff_t selected);
+
+  // Fills the fields from the form's values, and answers whether OK ended the dialog.
+  bool AskDialog(const std::string& dialog, const WString& title, const std::vector<DialogField>& fields);
+
+  // The next answer of the command line, for a real box; the caller reports the question.
+  std::optional<Answer> TakeAnswer();
+  bool HasTerminal() const { return readLine_ != nullptr; }
+
+  // Tells the caller's mistake and makes the run a bad call.
+  void Refuse(const std::string& what);
+  bool HasRefused() const { return refused_; }
+
+  std::size_t AnswersLeft() const { return answers_.size(); }
+  std::size_t FormValuesLeft() const { return form_.size(); }
+
+ private:
+  std::optional<std::string> ReadAnswer(const std::string& prompt);
+  bool FillForm(const std::string& dialog, const std::vector<DialogField>& fields);
+  bool SetField(const std::vector<DialogField>& fields, const std::string& name, const WString& value,
+                std::string& mistake);
+  bool EditDialog(const WString& title, const std::vector<DialogField>& fields);
+
+  Reporter& reporter_;
+  Output& output_;
+  Answers answers_;
+  std::vector<FormValue> form_;
+  ReadLine readLine_;
+  bool refused_ = false;
+};
+
+// The list of fields that a form has, with their values: "find=, replace=, part=1".
+std::string FieldList(const std::vector<DialogField>& fields);
+
+}  // namespace QxHost

@@ -1,0 +1,81 @@
+#include "host/rename_batch.h"
+
+#include "host/error_text.h"
+#include "host/move_item.h"
+#include "host/paths.h"
+
+namespace QxHost {
+namespace {
+
+using Velmora::SDK::IHostFileItem;
+using Velmora::SDK::IHostRenameBatch;
+using Velmora::SDK::IRenameResultCallback;
+using Velmora::SDK::kRenameDone;
+using Velmora::SDK::kRenameIgnored;
+
+// The folder with its separator, and the name.
+std::pair<WString, WString> SplitFullPath(const WString& fullPath) {
+  const std::size_t separator = fullPath.rfind(W('\\'));
+  const std::size_t nameAt = separator == WString::npos ? 0 : separator + 1;
+  return {fullPath.substr(0, nameAt), fullPath.substr(nameAt)};
+}
+
+}  // namespace
+
+int FileOperation::FileExists(const WCHAR* path) {
+  const std::optional<WString> fullPath = FullPathOf(WString(ViewOf(path)));
+  return fullPath && GetFileAttributesW(SystemPath(*fullPath).c_str()) != INVALID_FILE_ATTRIBUTES ? 1 : 0;
+}
+
+IHostFileItem* FileOperation::GetFileItem(const WCHAR* path, u32) {
+  const std::optional<WString> fullPath = FullPathOf(WString(ViewOf(path)));
+  return fullPath ? items_.Find(*fullPath) : nullptr;
+}
+
+void FileOperation::RunBatch(IHostRenameBatch* batch, IRenameResultCallback* callback) {
+  if (batch) Run(*static_cast<RenameBatch*>(batch), callback);
+}
+
+void FileOperation::RunPathBatch(IHostRenameBatch* batch, IRenameResultCallback* callback) {
+  if (batch) Run(*static_cast<RenameBatch*>(batch), callback);
+}
+
+void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
+  batch.wasRun = true;
+  // Paths become items before the first rename, so that they too follow a folder above them.
+  std::vector<FileItem*> items;
+  for (const QueuedRename& rename : batch.renames) {
+    const std::optional<WString> fullPath = FullPathOf(rename.fullPath);
+    items.push_back(rename.item ? static_cast<FileItem*>(rename.item)
+                                : (fullPath ? &items_.Follow(*fullPath) : nullptr));
+  }
+  std::size_t index = 0;
+  for (QueuedRename& rename : batch.renames) {
+    rename.result = Rename(items[index++], rename);
+    if (callback) callback->OnRenameResult(rename.UserData(), rename.result);
+  }
+}
+
+u32 FileOperation::Rename(FileItem* item, const QueuedRename& rename) {
+  const WString from = item ? item->FullPath() : rename.fullPath;
+  const u32 result = RenameOne(from, rename.newName);
+  reporter_.Rename({from, rename.newName, result, dryRun_});
+  if (result != kRenameDone && result != kRenameIgnored) {
+    output_.Problem("cannot rename " + ToUtf8(from) + " to " + ToUtf8(rename.newName) + ": " +
+                    ErrorText(result));
+  }
+  if (result == kRenameDone && !dryRun_) items_.Rename(*item, rename.newName);
+  return result;
+}
+
+u32 FileOperation::RenameOne(const WString& from, const WString& newName) {
+  const auto [folder, name] = SplitFullPath(from);
+  if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
+  if (folder.empty()) return ERROR_ACCESS_DENIED;  // a drive, or no path at all
+  if (newName == name) return kRenameIgnored;
+  if (dryRun_) return kRenameDone;
+  const DWORD error = MoveItem(from, folder + newName);
+  return error == kRenameIgnored ? ERROR_GEN_FAILURE : error;  // that number means something else here
+}
+
+}  // namespace QxHost

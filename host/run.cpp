@@ -1,0 +1,180 @@
+#include "host/run.h"
+
+#include "host/error_text.h"
+#include "host/failures.h"
+#include "host/paths.h"
+#include "host/system_places.h"
+#include "host/terminal.h"
+#include "host/whole_file.h"
+
+namespace QxHost {
+namespace {
+
+constexpr const WCHAR* kLanguageFile = W("\\english.language");
+
+WString FullPathOrThrow(const std::string& option, const std::string& text) {
+  const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
+  if (!fullPath) throw BadCall(option + ": \"" + text + "\" is no path");
+  return *fullPath;
+}
+
+WString BesideProgram(const WCHAR* name) {
+  const WString folder = ProgramFolder();
+  if (folder.empty()) throw BadCall("cannot find the folder of this program; give --module and --language");
+  return folder + name;
+}
+
+WString ConfigFolder(const Options& options) {
+  if (!options.config.empty()) return FullPathOrThrow("--config", options.config);
+  const WString folder = UserConfigFolder();
+  if (folder.empty()) throw BadCall("cannot find the user's configuration folder; give --config");
+  return folder + W("\\qxhost");
+}
+
+WString FolderOption(const std::string& option, const std::string& text) {
+  if (text.empty()) return {};
+  const WString folder = FullPathOrThrow(option, text);
+  if (!IsFolder(folder)) throw BadCall(option + ": " + text + " is no folder");
+  return folder;
+}
+
+SystemAnswers AnswersOf(const Options& options) {
+  SystemAnswers answers;
+  answers.elevated = options.elevated;
+  answers.vistaOrNewer = !options.beforeVista;
+  answers.classA = options.classA;
+  answers.classB = options.classB;
+  answers.configFolder = ConfigFolder(options);
+  answers.otherPanel = FolderOption("--panel", options.panel);
+  return answers;
+}
+
+Answers ParseAnswers(const std::vector<std::string>& texts) {
+  Answers answers;
+  for (const std::string& text : texts) {
+    const std::optional<Answer> answer = ParseAnswer(text);
+    if (!answer) throw BadCall("--answer: \"" + text + "\" is none of " + kAnswerForms);
+    answers.push_back(*answer);
+  }
+  return answers;
+}
+
+std::vector<FormValue> ParseForm(const std::vector<std::string>& texts) {
+  if (!texts.empty() && !kDialogsHaveForms) {
+    throw BadCall(
+        "--form: this build shows real dialogs, which are filled by hand; the native build has forms");
+  }
+  std::vector<FormValue> values;
+  for (const std::string& text : texts) {
+    const std::size_t equals = text.find('=');
+    if (equals == 0 || equals == std::string::npos) {
+      throw BadCall("--form: \"" + text + "\" is not of the form FIELD=VALUE");
+    }
+    values.push_back({text.substr(0, equals), FromUtf8(text.substr(equals + 1))});
+  }
+  return values;
+}
+
+LanguageTable ReadLanguageTable(const Options& options, Output& output) {
+  const WString path = options.language.empty() ? BesideProgram(kLanguageFile)
+                                                : FullPathOrThrow("--language", options.language);
+  std::string bytes;
+  const DWORD error = ReadWholeFile(path, bytes);
+  if (error != ERROR_SUCCESS) {
+    throw BadCall("cannot read the language table " + ToUtf8(path) + ": " + ErrorText(error));
+  }
+  std::vector<std::string> warnings;
+  LanguageTable table = LanguageTable::Parse(bytes, warnings);
+  for (const std::string& warning : warnings) output.Problem(ToUtf8(path) + ":" + warning);
+  return table;
+}
+
+// The lines of --items, in the form in which they stand there.
+std::vector<std::string> ReadItemLines(const std::string& source) {
+  std::string bytes;
+  if (source == "-") {
+    std::optional<std::string> input = ReadStandardInput(kMostFileBytes);
+    if (!input) throw BadCall("--items: cannot read standard input, or it is too long");
+    bytes = std::move(*input);
+  } else if (const DWORD error = ReadWholeFile(FullPathOrThrow("--items", source), bytes);
+             error != ERROR_SUCCESS) {
+    throw BadCall("--items: cannot read " + source + ": " + ErrorText(error));
+  }
+  std::vector<std::string> lines;
+  std::string_view rest = bytes;
+  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);
+  while (!rest.empty()) {
+    const std::size_t end = rest.find('\n');
+    std::string_view line = rest.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    if (!line.empty()) lines.emplace_back(line);
+    rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+  }
+  return lines;
+}
+
+FileItem* FindItem(FileItemTree& items, const std::string& option, const std::string& text) {
+  FileItem* const item = items.Find(FullPathOrThrow(option, text));
+  if (!item) {
+    const DWORD error = GetLastError();
+    throw BadCall(option + ": " + text + ": " + ErrorText(error));
+  }
+  return item;
+}
+
+}  // namespace
+
+Run::Run(const Options& options, const std::vector<std::string>& items, Output& output)
+    : output_(output), reporter_(options.json ? MakeJsonReporter(output) : MakeProseReporter(output)) {
+  Questions::ReadLine readLine;
+  if (options.items != "-" && StandardInputIsTerminal()) readLine = ReadTerminalLine;
+  questions_.emplace(*reporter_, output_, ParseAnswers(options.answers), ParseForm(options.form),
+                     std::move(readLine));
+  shared_.emplace(output_, *reporter_, ReadLanguageTable(options, output_), AnswersOf(options), *questions_,
+                  options.dryRun);
+  modulePath_ = options.module.empty() ? BesideProgram(W("\\")) + ModuleFileName()
+                                       : FullPathOrThrow("--module", options.module);
+  SetUpView(options, items);
+  boxes_ = InstallModuleBoxes(*questions_, *reporter_);
+}
+
+Run::~Run() = default;
+
+void Run::SetUpView(const Options& options, const std::vector<std::string>& items) {
+  std::vector<FileItem*> selected;
+  for (const std::string& text : items) selected.push_back(FindItem(shared_->items, "ITEM", text));
+  if (!options.items.empty()) {
+    for (const std::string& line : ReadItemLines(options.items)) {
+      selected.push_back(FindItem(shared_->items, "--items", line));
+    }
+  }
+  FileItem* const focused =
+      options.focus.empty() ? nullptr : FindItem(shared_->items, "--focus", options.focus);
+  shared_->view.emplace(shared_->items, std::move(selected), focused, FolderOption("--view", options.view));
+}
+
+Extensions& Run::LoadExtensions() { return extensions_.emplace(*shared_, LoadModule(modulePath_)); }
+
+void Run::MakeConfigFolder() {
+  const WString& folder = shared_->answers.configFolder;
+  const DWORD error = MakeFolder(folder);
+  if (error != ERROR_SUCCESS) {
+    throw BadCall("cannot make the configuration folder " + ToUtf8(folder) + ": " + ErrorText(error));
+  }
+}
+
+void Run::SaveSettings() { shared_->settings.Save(); }
+
+int Run::Finish(int value) {
+  SaveSettings();
+  reporter_->Result(value);
+  output_.Flush();
+  if (const std::size_t left = questions_->AnswersLeft(); left != 0) {
+    output_.Problem("note: " + std::to_string(left) + " of the answers given were not asked for");
+  }
+  if (questions_->FormValuesLeft() != 0) output_.Problem("note: no dialog came that --form could fill");
+  if (questions_->HasRefused()) return kExitBadCall;
+  return value != 0 ? kExitHandled : kExitNotHandled;
+}
+
+}  // namespace QxHost

@@ -1,0 +1,46 @@
+// One run of a verb: the host set up as the command line says, and the module loaded into it.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "host/extensions.h"
+#include "host/module_boxes.h"
+#include "host/options.h"
+#include "host/shared.h"
+
+namespace QxHost {
+
+class Run {
+ public:
+  // Throws BadCall for what cannot be: a missing item, an answer that is none, a language table that cannot
+  // be read. `items` are the verb's, before those of --items.
+  Run(const Options& options, const std::vector<std::string>& items, Output& output);
+  Run(const Run&) = delete;
+  Run& operator=(const Run&) = delete;
+  ~Run();
+
+  // Loads the module and reads its records. Once.
+  Extensions& LoadExtensions();
+
+  // Makes the configuration folder, which commands may write to.
+  void MakeConfigFolder();
+
+  void SaveSettings();
+
+  // Writes settings, tells the result and what was left over, and answers the exit status.
+  int Finish(int value);
+
+ private:
+  void SetUpView(const Options& options, const std::vector<std::string>& items);
+
+  Output& output_;
+  std::unique_ptr<Reporter> reporter_;
+  std::optional<Questions> questions_;
+  std::optional<Shared> shared_;
+  std::unique_ptr<ModuleBoxes> boxes_;
+  WString modulePath_;
+  std::optional<Extensions> extensions_;
+};
+
+}  // namespace QxHost

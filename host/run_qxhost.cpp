@@ -1,0 +1,55 @@
+#include "host/run_qxhost.h"
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+#include <optional>
+
+#include "host/command_line.h"
+#include "host/failures.h"
+#include "host/output.h"
+#include "host/run.h"
+#include "host/terminal.h"
+
+namespace QxHost {
+namespace {
+
+// Settings are saved and the output is complete even when the module fails half-way.
+int ExecuteVerb(const CommandLine& line, Output& output) {
+  Run run(line.options, line.verb->Items(), output);
+  try {
+    return run.Finish(line.verb->Execute(run));
+  } catch (const ModuleFailure&) {
+    run.SaveSettings();
+    throw;
+  }
+}
+
+}  // namespace
+
+int RunQxHost(std::vector<std::string> arguments) {
+  Output output(WriteStandardOutput, [](std::string_view bytes) {
+    WriteStandardError(bytes);
+    return true;
+  });
+  int status = kExitBadCall;
+  try {
+    CommandLine line;
+    const std::optional<int> ended = ParseCommandLine(std::move(arguments), line, output);
+    status = ended ? *ended : ExecuteVerb(line, output);
+  } catch (const BadCall& failure) {
+    output.Problem(failure.what());
+    status = kExitBadCall;
+  } catch (const std::exception& failure) {
+    output.Problem(failure.what());
+    status = kExitModuleFailed;
+  }
+  output.Flush();
+  if (output.HasFailed()) {
+    output.Problem("cannot write the output");
+    status = kExitModuleFailed;
+  }
+  return status;
+}
+
+}  // namespace QxHost

@@ -1,0 +1,73 @@
+// What all extensions of a run share: one host stands behind the host objects of each.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <set>
+
+#include "host/language_table.h"
+#include "host/module_registry.h"
+#include "host/questions.h"
+#include "host/rename_batch.h"
+#include "host/reporter.h"
+#include "host/script_command_set.h"
+#include "host/settings.h"
+#include "host/view.h"
+
+namespace QxHost {
+
+class HostApp;
+
+// What the host answers about the system and the panels.
+struct SystemAnswers {
+  bool elevated = false;
+  bool vistaOrNewer = true;
+  bool classA = false;
+  bool classB = false;
+  WString configFolder;  // full path
+  WString otherPanel;    // full path, empty if there is no other panel
+};
+
+// A command that the module wants to be given later.
+struct PostedCommand {
+  HostApp* extension;
+  u32 number;
+  std::intptr_t a;
+  std::intptr_t b;
+};
+
+struct Shared {
+  Shared(Output& outputOfRun, Reporter& reporterOfRun, LanguageTable languageTable, SystemAnswers system,
+         Questions& questionsOfRun, bool dryRun)
+      : output(outputOfRun),
+        reporter(reporterOfRun),
+        questions(questionsOfRun),
+        language(std::move(languageTable)),
+        answers(std::move(system)),
+        fileOperation(items, reporter, output, dryRun),
+        settings(answers.configFolder, [this](const std::string& text) { output.Problem(text); }) {}
+  Shared(const Shared&) = delete;
+  Shared& operator=(const Shared&) = delete;
+
+  Output& output;
+  Reporter& reporter;
+  Questions& questions;
+  const LanguageTable language;
+  const SystemAnswers answers;
+  FileItemTree items;
+  std::optional<View> view;  // none until the items of the command line are known to exist
+  FileOperation fileOperation;
+  SettingsFiles settings;
+  ModuleRegistry modules;
+  ScriptCommandSet scriptCommands;
+  std::map<u32, u32> commandOwners;  // command number to extension index, as declared in the menus
+
+  std::mutex mutex;  // guards what follows: it is used from the module's threads as well
+  std::deque<PostedCommand> posted;
+  std::set<std::pair<std::string, u32>> missingTexts;  // those that were reported
+};
+
+}  // namespace QxHost

@@ -1,0 +1,25 @@
+// The three standard streams, as bytes, and the terminal behind standard input.
+//
+// Output is UTF-8 and goes out as it is: no line end is changed in either build.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace QxHost {
+
+// False if not all could be written.
+bool WriteStandardOutput(std::string_view bytes);
+void WriteStandardError(std::string_view bytes);
+
+// Whether there is a person to ask.
+bool StandardInputIsTerminal();
+
+// One line from the terminal, as UTF-8 without its line end; nothing at the end of input.
+std::optional<std::string> ReadTerminalLine();
+
+// Standard input to its end. Nothing if it is longer than `limit` bytes or cannot be read.
+std::optional<std::string> ReadStandardInput(std::size_t limit);
+
+}  // namespace QxHost

@@ -1,0 +1,58 @@
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+
+#include "host/terminal.h"
+
+namespace QxHost {
+namespace {
+
+bool WriteAll(int stream, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t done = write(stream, bytes.data(), bytes.size());
+    if (done < 0 && errno == EINTR) continue;
+    if (done <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(done));
+  }
+  return true;
+}
+
+// The number of bytes read, 0 at the end, -1 for a failure.
+ssize_t ReadSome(char* buffer, std::size_t size) {
+  ssize_t done = 0;
+  do {
+    done = read(STDIN_FILENO, buffer, size);
+  } while (done < 0 && errno == EINTR);
+  return done;
+}
+
+}  // namespace
+
+bool WriteStandardOutput(std::string_view bytes) { return WriteAll(STDOUT_FILENO, bytes); }
+void WriteStandardError(std::string_view bytes) { WriteAll(STDERR_FILENO, bytes); }
+bool StandardInputIsTerminal() { return isatty(STDIN_FILENO) == 1; }
+
+std::optional<std::string> ReadTerminalLine() {
+  std::string line;
+  char character = 0;
+  while (ReadSome(&character, 1) == 1) {
+    if (character == '\n') return line;
+    line += character;
+  }
+  if (line.empty()) return std::nullopt;
+  return line;
+}
+
+std::optional<std::string> ReadStandardInput(std::size_t limit) {
+  std::string text;
+  std::array<char, 65536> buffer{};
+  for (;;) {
+    const ssize_t done = ReadSome(buffer.data(), buffer.size());
+    if (done == 0) return text;
+    if (done < 0 || text.size() + static_cast<std::size_t>(done) > limit) return std::nullopt;
+    text.append(buffer.data(), static_cast<std::size_t>(done));
+  }
+}
+
+}  // namespace QxHost

@@ -1,0 +1,18 @@
+#include "host/verb.h"
+
+namespace QxHost {
+
+const std::vector<std::string>& Verb::Items() const {
+  static const std::vector<std::string> kNone;
+  return kNone;
+}
+
+std::vector<std::unique_ptr<Verb>> MakeVerbs() {
+  std::vector<std::unique_ptr<Verb>> verbs;
+  verbs.push_back(MakeInfoVerb());
+  verbs.push_back(MakeMenuVerb());
+  verbs.push_back(MakeCommandVerb());
+  return verbs;
+}
+
+}  // namespace QxHost
