@@ -99,7 +99,8 @@ void FakeConfig::LoadStringList(const WCHAR* key, IHostStringList* list) {
     recorder_.Problem("LoadStringList was given no list");
     return;
   }
-  fake->strings = histories[history];
+  const std::vector<WString>& stored = histories[history];
+  fake->strings.insert(fake->strings.end(), stored.begin(), stored.end());
 }
 
 void FakeConfig::SaveStringList(const WCHAR* key, IHostStringList* list, u32 maximum) {

@@ -49,6 +49,7 @@ class FakeConfig final : public Velmora::SDK::IHostConfig {
   void SetString(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, const WCHAR* text) override;
   void SetInt(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
               Velmora::SDK::u32 value) override;
+  // Adds to what the list holds: whoever wants the history alone brings an empty list.
   void LoadStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list) override;
   // Stores at most `maximum` strings, the first ones.
   void SaveStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list,

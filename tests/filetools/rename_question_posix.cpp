@@ -1,0 +1,26 @@
+// The style of the rename question as MessageBoxW is given it; a real box does not tell it.
+#include <gmock/gmock.h>
+
+#include "filetools/quick_rename.h"
+#include "platform/posix/user_interface.h"
+#include "support/box_answers.h"
+#include "support/fake_host.h"
+
+TEST(RenameQuestion, IsOkAndCancelWithAQuestionMark) {
+  FakeHost host;
+  host.SelectFiles({W("a.txt")});
+  BoxAnswers boxes{IDOK};
+  QuickRenameCommand(host, 30000);
+  ASSERT_EQ(boxes.Boxes().size(), 1u);
+  EXPECT_EQ(boxes.Boxes()[0].style, 33u);
+}
+
+TEST(RenameQuestion, WithoutAnyoneToAnswerNothingIsRenamed) {
+  Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
+  FakeHost host;
+  host.SelectFiles({W("a.txt")});
+  QuickRenameCommand(host, 30000);
+  EXPECT_EQ(host.fileOperation.Runs(), 0);
+  ExpectAllGivenBack(host);
+  Platform::InstallUserInterface(before);
+}

@@ -1,0 +1,159 @@
+// The form of Replace X with Y as the native build hands it to whoever answers dialogs.
+#include "filetools/replace_dlg.h"
+
+#include <gmock/gmock.h>
+
+#include "frame/qx_utils.h"
+#include "platform/posix/user_interface.h"
+#include "support/fake_host.h"
+
+using namespace Velmora::SDK;
+using testing::ElementsAre;
+
+namespace {
+
+// Answers dialogs by a function, and every box with OK.
+class DialogAnswer final : public Platform::UserInterface {
+ public:
+  using Function = std::function<INT_PTR(Platform::FormRequest&)>;
+  explicit DialogAnswer(Function function)
+      : function_(std::move(function)), before_(Platform::InstallUserInterface(this)) {}
+  ~DialogAnswer() override { Platform::InstallUserInterface(before_); }
+
+  int MessageBox(const WCHAR* text, const WCHAR* caption, UINT style) override {
+    boxText = ViewOf(text);
+    boxCaption = ViewOf(caption);
+    boxStyle = style;
+    ++boxes;
+    return IDOK;
+  }
+  INT_PTR Dialog(Platform::FormRequest& form) override { return function_(form); }
+  INT_PTR ShellExecute(const WCHAR*, const WCHAR*, const WCHAR*, int) override { return 31; }
+
+  WString boxText;
+  WString boxCaption;
+  UINT boxStyle = 0;
+  int boxes = 0;
+
+ private:
+  Function function_;
+  Platform::UserInterface* before_;
+};
+
+bool Set(Platform::FormRequest& form, const std::string& name, const WString& value) {
+  for (Platform::FormField& field : form.fields) {
+    if (field.name == name) return field.set(value);
+  }
+  ADD_FAILURE() << "no field " << name;
+  return false;
+}
+
+WString Get(Platform::FormRequest& form, const std::string& name) {
+  for (Platform::FormField& field : form.fields) {
+    if (field.name == name) return field.get();
+  }
+  ADD_FAILURE() << "no field " << name;
+  return {};
+}
+
+}  // namespace
+
+TEST(ReplaceDlg, IsAskedForByItsClassAndTitleWithThreeFields) {
+  FakeHost host;
+  host.texts[0x00640064] = W("Replace X with Y");
+  int asked = 0;
+  DialogAnswer answer([&](Platform::FormRequest& form) -> INT_PTR {
+    ++asked;
+    EXPECT_EQ(form.dialog, "CReplaceDlg");
+    EXPECT_EQ(form.title, W("Replace X with Y"));
+    std::vector<std::string> names;
+    for (const Platform::FormField& field : form.fields) names.push_back(field.name);
+    EXPECT_THAT(names, ElementsAre("find", "replace", "part"));
+    EXPECT_EQ(Get(form, "find"), W(""));
+    EXPECT_EQ(Get(form, "replace"), W(""));
+    EXPECT_EQ(Get(form, "part"), W("1"));
+    return IDCANCEL;
+  });
+  ReplaceForm form;
+  EXPECT_EQ(ShowReplaceDlg(host, form), IDCANCEL);
+  EXPECT_EQ(asked, 1);
+}
+
+TEST(ReplaceDlg, OkBringsTheFieldsIntoTheForm) {
+  FakeHost host;
+  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+    EXPECT_TRUE(Set(form, "find", W("abc")));
+    EXPECT_TRUE(Set(form, "replace", W("")));
+    EXPECT_TRUE(Set(form, "replace", W("x y")));
+    EXPECT_TRUE(Set(form, "part", W("2")));
+    EXPECT_EQ(Get(form, "find"), W("abc"));
+    EXPECT_EQ(Get(form, "part"), W("2"));
+    return IDOK;
+  });
+  ReplaceForm form;
+  EXPECT_EQ(ShowReplaceDlg(host, form), IDOK);
+  EXPECT_EQ(form.find, W("abc"));
+  EXPECT_EQ(form.replace, W("x y"));
+  EXPECT_EQ(form.part, 2);
+}
+
+TEST(ReplaceDlg, CancelBringsBothTextsIntoTheForm) {
+  FakeHost host;
+  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+    Set(form, "find", W("abc"));
+    Set(form, "replace", W("def"));
+    return IDCANCEL;
+  });
+  ReplaceForm form;
+  EXPECT_EQ(ShowReplaceDlg(host, form), IDCANCEL);
+  EXPECT_EQ(form.find, W("abc"));
+  EXPECT_EQ(form.replace, W("def"));
+}
+
+TEST(ReplaceDlg, PartTakesItsFourValuesAlone) {
+  FakeHost host;
+  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+    for (const WCHAR* value : {W("1"), W("2"), W("3"), W("-1")}) {
+      EXPECT_TRUE(Set(form, "part", value)) << ToUtf8(value);
+      EXPECT_EQ(Get(form, "part"), value);
+    }
+    for (const WCHAR* value : {W(""), W("0"), W("4"), W("-2"), W("1 "), W(" 1"), W("01"), W("+1"), W("1x"),
+                               W("one"), W("99999999999999999999")}) {
+      EXPECT_FALSE(Set(form, "part", value)) << ToUtf8(value);
+      EXPECT_EQ(Get(form, "part"), W("-1")) << "a refused value must change nothing";
+    }
+    return IDOK;
+  });
+  ReplaceForm form;
+  EXPECT_EQ(ShowReplaceDlg(host, form), IDOK);
+  EXPECT_EQ(form.part, -1);
+}
+
+TEST(ReplaceDlg, WithoutAnyoneToAnswerItIsCancelled) {
+  Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
+  FakeHost host;
+  ReplaceForm form;
+  EXPECT_EQ(ShowReplaceDlg(host, form), IDCANCEL);
+  Platform::InstallUserInterface(before);
+}
+
+TEST(ReplaceDlg, CommandNumberLeadsFromTheDialogToTheRenames) {
+  FakeHost host;
+  host.texts[0x000B0063] = W("%d");
+  host.SelectFiles({W("a.txt"), W("b.log")});
+  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+    Set(form, "find", W(".txt"));
+    Set(form, "replace", W(".bak"));
+    Set(form, "part", W("2"));
+    return IDOK;
+  });
+  CQXUtils extension;
+  extension.OnStart(&host);
+  EXPECT_EQ(extension.OnCommand(30010, 0, 0), 1);
+  EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("a.txt"), W("a.bak")}));
+  EXPECT_EQ(answer.boxText, W("1"));
+  EXPECT_EQ(answer.boxCaption, W("T000A0063"));
+  EXPECT_EQ(answer.boxStyle, 33u);
+  EXPECT_EQ(answer.boxes, 1);
+  ExpectAllGivenBack(host);
+}

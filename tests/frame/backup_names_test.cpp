@@ -1,0 +1,121 @@
+// Names for taken targets, and moving a target out of the way.
+#include "frame/services/backup_names.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+
+#include "support/scratch_folder.h"
+
+namespace {
+
+// The buffer full of something else, to see what is written.
+struct BackupPath {
+  BackupPath() { std::fill(std::begin(text), std::end(text), W('?')); }
+  WCHAR text[kBackupPathSize];
+};
+
+// Takes "a.txt", "a.txt.bak" and "a.txt_(0002).bak" to the number given.
+void TakeNames(const ScratchFolder& scratch, int last) {
+  scratch.Write(W("a.txt"), "a");
+  scratch.Write(W("a.txt.bak"), "");
+  for (int number = 2; number <= last; ++number) {
+    char name[32];
+    std::snprintf(name, sizeof name, "a.txt_(%04d).bak", number);
+    scratch.Write(FromUtf8(name), "");
+  }
+}
+
+}  // namespace
+
+TEST(MakeUniqueFileName, FreePathStaysAsItIs) {
+  const ScratchFolder scratch;
+  WString path = scratch.Path(W("a.txt"));
+  EXPECT_TRUE(MakeUniqueFileName(path, W(".bak")));
+  EXPECT_EQ(path, scratch.Path(W("a.txt")));
+}
+
+TEST(MakeUniqueFileName, TakenPathGetsTheSuffixBehindTheWholeName) {
+  const ScratchFolder scratch;
+  WString path = scratch.Write(W("a.txt"), "");
+  EXPECT_TRUE(MakeUniqueFileName(path, W(".bak")));
+  EXPECT_EQ(path, scratch.Path(W("a.txt.bak")));
+}
+
+TEST(MakeUniqueFileName, TakenSuffixGetsTheNumberTwoBeforeIt) {
+  const ScratchFolder scratch;
+  TakeNames(scratch, 1);
+  WString path = scratch.Path(W("a.txt"));
+  EXPECT_TRUE(MakeUniqueFileName(path, W(".bak")));
+  EXPECT_EQ(path, scratch.Path(W("a.txt_(0002).bak")));
+}
+
+TEST(MakeUniqueFileName, NumbersGoOnToTheFirstFreeOne) {
+  const ScratchFolder scratch;
+  TakeNames(scratch, 4);
+  scratch.Write(W("a.txt_(0006).bak"), "");
+  WString path = scratch.Path(W("a.txt"));
+  EXPECT_TRUE(MakeUniqueFileName(path, W(".bak")));
+  EXPECT_EQ(path, scratch.Path(W("a.txt_(0005).bak")));
+}
+
+TEST(MakeUniqueFileName, FoldersTakeNamesToo) {
+  const ScratchFolder scratch;
+  WString path = scratch.MakeFolder(W("a"));
+  scratch.MakeFolder(W("a.bak"));
+  EXPECT_TRUE(MakeUniqueFileName(path, W(".bak")));
+  EXPECT_EQ(path, scratch.Path(W("a_(0002).bak")));
+}
+
+TEST(MakeUniqueFileName, EmptySuffixGoesStraightToTheNumbers) {
+  const ScratchFolder scratch;
+  WString path = scratch.Write(W("a.txt"), "");
+  EXPECT_TRUE(MakeUniqueFileName(path, W("")));
+  EXPECT_EQ(path, scratch.Path(W("a.txt_(0002)")));
+}
+
+TEST(MakeUniqueFileName, Number9999IsTheLast) {
+  const ScratchFolder scratch;
+  TakeNames(scratch, 9998);
+  WString path = scratch.Path(W("a.txt"));
+  EXPECT_TRUE(MakeUniqueFileName(path, W(".bak")));
+  EXPECT_EQ(path, scratch.Path(W("a.txt_(9999).bak")));
+
+  scratch.Write(W("a.txt_(9999).bak"), "");
+  path = scratch.Path(W("a.txt"));
+  EXPECT_FALSE(MakeUniqueFileName(path, W(".bak")));
+  EXPECT_EQ(path, scratch.Path(W("a.txt")));
+
+  BackupPath backup;
+  EXPECT_FALSE(MoveToBackup(scratch.Path(W("a.txt")).c_str(), backup.text));
+  EXPECT_EQ(WString(backup.text), W(""));
+  EXPECT_EQ(scratch.Read(W("a.txt")), "a");
+}
+
+TEST(MoveToBackup, MovesTheFileToItsBackupName) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), "bytes");
+  BackupPath backup;
+  EXPECT_TRUE(MoveToBackup(path.c_str(), backup.text));
+  EXPECT_EQ(WString(backup.text), scratch.Path(W("a.txt.bak")));
+  EXPECT_EQ(scratch.Read(W("a.txt.bak")), "bytes");
+  EXPECT_FALSE(scratch.Exists(W("a.txt")));
+}
+
+TEST(MoveToBackup, SecondBackupIsNumberedAndTheFirstStays) {
+  const ScratchFolder scratch;
+  BackupPath backup;
+  EXPECT_TRUE(MoveToBackup(scratch.Write(W("a.txt"), "one").c_str(), backup.text));
+  EXPECT_TRUE(MoveToBackup(scratch.Write(W("a.txt"), "two").c_str(), backup.text));
+  EXPECT_EQ(WString(backup.text), scratch.Path(W("a.txt_(0002).bak")));
+  EXPECT_EQ(scratch.Read(W("a.txt.bak")), "one");
+  EXPECT_EQ(scratch.Read(W("a.txt_(0002).bak")), "two");
+}
+
+TEST(MoveToBackup, TargetThatDoesNotExistIsItsOwnBackupName) {
+  const ScratchFolder scratch;
+  BackupPath backup;
+  EXPECT_FALSE(MoveToBackup(scratch.Path(W("none.txt")).c_str(), backup.text));
+  EXPECT_EQ(WString(backup.text), scratch.Path(W("none.txt")));
+  EXPECT_THAT(scratch.Names(), testing::IsEmpty());
+}

@@ -1,0 +1,106 @@
+// Filling a format that comes from outside.
+#include "frame/services/format_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+namespace {
+
+std::string Filled(const std::string& format, std::uint32_t value = 7) {
+  return ToUtf8(FormatCount(FromUtf8(format), value));
+}
+
+void ExpectAsTheLibrary(const char* format) {
+  for (const std::uint32_t value : {0u, 1u, 9u, 10u, 42u, 99999u, 1000000u, 0x7FFFFFFFu}) {
+    char expected[64];
+    std::snprintf(expected, sizeof expected, format, value);
+    EXPECT_EQ(Filled(format, value), expected) << format << " of " << value;
+  }
+}
+
+}  // namespace
+
+TEST(FormatText, ReplacesTheNumber) {
+  EXPECT_EQ(Filled("Rename %d items?"), "Rename 7 items?");
+  EXPECT_EQ(Filled("%d"), "7");
+  EXPECT_EQ(Filled("%u|"), "7|");
+  EXPECT_EQ(Filled("%i"), "7");
+  EXPECT_EQ(Filled("%x", 255), "ff");
+  EXPECT_EQ(Filled("%X", 255), "FF");
+}
+
+TEST(FormatText, TextWithoutANumberStaysAsItIs) {
+  EXPECT_EQ(Filled(""), "");
+  EXPECT_EQ(Filled("Rename all items?"), "Rename all items?");
+}
+
+TEST(FormatText, GivesWhatTheLibraryGivesForPlainIntegers) {
+  for (const char* format : {"%d", "%5d", "%05d", "%-5d|", "%+d", "% d", "%i", "%u", "%05u", "%-12u|", "%1d",
+                             "%x", "%X", "%08x", "a%db", "%-+6d|", "%+06d", "%20d"}) {
+    ExpectAsTheLibrary(format);
+  }
+}
+
+TEST(FormatText, GivesWhatTheLibraryGivesForTheAlternateForm) {
+  for (const char* format : {"%#x", "%#X", "%#010x", "%#10x"}) ExpectAsTheLibrary(format);
+}
+
+TEST(FormatText, LengthsAreAccepted) {
+  EXPECT_EQ(Filled("%ld", 70000), "70000");
+  EXPECT_EQ(Filled("%lu", 70000), "70000");
+  EXPECT_EQ(Filled("%lld", 70000), "70000");
+}
+
+TEST(FormatText, DoubledPercentSignIsOne) {
+  EXPECT_EQ(Filled("100%%"), "100%");
+  EXPECT_EQ(Filled("%%d"), "%d");
+  EXPECT_EQ(Filled("%%%d%%"), "%7%");
+  EXPECT_EQ(Filled("%%%%"), "%%");
+}
+
+TEST(FormatText, HostileConversionsStayAsTheyStand) {
+  for (const char* format :
+       {"%s", "%n", "%p", "%c", "%f", "%S", "%hs", "%*d", "%1$d", "%q", "% ", "%\xC3\xA4"}) {
+    EXPECT_EQ(Filled(std::string("a") + format + "b"), std::string("a") + format + "b") << format;
+  }
+}
+
+TEST(FormatText, NumberBehindAHostileConversionIsFilledAllTheSame) {
+  EXPECT_EQ(Filled("%s %d"), "%s 7");
+  EXPECT_EQ(Filled("%n%n%d"), "%n%n7");
+  EXPECT_EQ(Filled("% % %d").back(), '7');
+}
+
+TEST(FormatText, OnlyTheFirstNumberIsFilled) {
+  EXPECT_EQ(Filled("%d of %d"), "7 of %d");
+  EXPECT_EQ(Filled("%u %x %i"), "7 %x %i");
+}
+
+TEST(FormatText, LonePercentSignAtTheEndStays) {
+  EXPECT_EQ(Filled("%"), "%");
+  EXPECT_EQ(Filled("100%"), "100%");
+  EXPECT_EQ(Filled("%d%"), "7%");
+  EXPECT_EQ(Filled("%5"), "%5");
+  EXPECT_EQ(Filled("%-"), "%-");
+  EXPECT_EQ(Filled("%l"), "%l");
+}
+
+TEST(FormatText, HugeWidthsStayWithinTheLimit) {
+  for (const char* format : {"%99999999d", "%4294967295d", "%18446744073709551616d",
+                             "%099999999999999999999d", "%-2147483648d", "%2000d"}) {
+    EXPECT_LE(Filled(format).size(), 1023u) << format;
+  }
+  EXPECT_EQ(Filled("%1023d"), std::string(1022, ' ') + "7");
+}
+
+TEST(FormatText, ResultIsCutAsIntoABufferOfTheLimit) {
+  EXPECT_EQ(FormatCount(WString(3000, W('t')), 7), WString(1023, W('t')));
+  EXPECT_EQ(FormatCount(W("abcdef"), 7, 4), W("abc"));
+  EXPECT_EQ(FormatCount(W("ab%d"), 123, 5), W("ab12"));
+  EXPECT_EQ(FormatCount(W("abc"), 7, 4), W("abc"));
+  EXPECT_EQ(FormatCount(W("abc"), 7, 1), W(""));
+  EXPECT_EQ(FormatCount(W("abc"), 7, 0), W(""));
+}
+
+TEST(FormatText, LargestCountIsShown) { EXPECT_EQ(Filled("%u", 0xFFFFFFFFu), "4294967295"); }

@@ -1,0 +1,50 @@
+// How the system is asked for the text of an error number.
+#include <gtest/gtest.h>
+
+#include "frame/services/system_error_text.h"
+#include "platform/posix/faults.h"
+
+using namespace Platform;
+
+TEST(SystemErrorText, NativeTextsAreWindowsOwn) {
+  EXPECT_EQ(GetSystemErrorText(ERROR_FILE_NOT_FOUND), W("The system cannot find the file specified.\r\n"));
+  EXPECT_EQ(GetSystemErrorText(ERROR_ACCESS_DENIED), W("Access is denied.\r\n"));
+}
+
+TEST(SystemErrorText, AsksTheSystemForAnAllocatedTextWithoutInserts) {
+  const Faults::Scope faults;
+  Faults::Watch("FormatMessageW");
+  Faults::Watch("LoadLibraryExW");
+  GetSystemErrorText(ERROR_ACCESS_DENIED);
+  EXPECT_EQ(Faults::CallCount("FormatMessageW"), 1);
+  EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1300u);
+  EXPECT_EQ(Faults::CallCount("LoadLibraryExW"), 0);
+}
+
+TEST(SystemErrorText, NetworkErrorsLoadTheirLibraryAsADataFile) {
+  for (const DWORD error : {2100u, 2250u, 2999u}) {
+    const Faults::Scope faults;
+    Faults::Watch("FormatMessageW");
+    Faults::Watch("LoadLibraryExW");
+    GetSystemErrorText(error);
+    EXPECT_EQ(Faults::CallCount("LoadLibraryExW"), 1) << error;
+    EXPECT_EQ(Faults::LastFlags("LoadLibraryExW"), 2u) << error;
+    // The library is not there, so the flag for it is not set.
+    EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1300u) << error;
+  }
+}
+
+TEST(SystemErrorText, ErrorsBesideTheNetworksLoadNoLibrary) {
+  for (const DWORD error : {0u, 5u, 2099u, 3000u}) {
+    const Faults::Scope faults;
+    Faults::Watch("LoadLibraryExW");
+    GetSystemErrorText(error);
+    EXPECT_EQ(Faults::CallCount("LoadLibraryExW"), 0) << error;
+  }
+}
+
+TEST(SystemErrorText, FailureOfTheSystemGivesTheUnknownText) {
+  const Faults::Scope faults;
+  Faults::Fail("FormatMessageW", 1, ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_EQ(GetSystemErrorText(ERROR_ACCESS_DENIED), W("Unknown error."));
+}

@@ -1,0 +1,68 @@
+// Runs a directory walk to its end and keeps what it returned.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "frame/services/directory_walker.h"
+#include "support/scratch_folder.h"
+
+struct WalkStep {
+  int code;
+  WString path;  // below the start folder, of an entry; empty for the other codes
+};
+
+// No walk of a test comes near so many steps; a walk that does would not end.
+constexpr int kTooManySteps = 100000;
+
+struct Walk {
+  std::vector<WalkStep> steps;
+
+  // The entries of this code, sorted: a file system gives them in an order of its own.
+  std::vector<WString> Of(int code) const {
+    std::vector<WString> found;
+    for (const WalkStep& step : steps) {
+      if (step.code == code) found.push_back(step.path);
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+  }
+  int Count(int code) const { return static_cast<int>(Of(code).size()); }
+  bool Ended() const { return !steps.empty() && steps.back().code == DirectoryWalker::kEnd; }
+};
+
+// Walks on from where the walker stands. With `descend` every folder that is returned with 102 is entered.
+inline Walk RunWalk(DirectoryWalker& walker, const WString& start, bool descend = false) {
+  Walk walk;
+  for (int i = 0; i < kTooManySteps; ++i) {
+    const DirectoryWalker::Code code = walker.NextWithRetry();
+    WalkStep step = {code, {}};
+    if (code == DirectoryWalker::kFile || code == DirectoryWalker::kFolder) {
+      const WString full = walker.GetCurrentPath();
+      step.path = full.starts_with(start + W("\\")) ? full.substr(start.size() + 1) : full;
+    }
+    walk.steps.push_back(step);
+    if (code == DirectoryWalker::kEnd) return walk;
+    if (descend && code == DirectoryWalker::kFolder) walker.descendNext = true;
+  }
+  ADD_FAILURE() << "the walk does not end";
+  return walk;
+}
+
+// A whole walk of the folder under these flags.
+inline Walk WalkFolder(const WString& folder, const WString& pattern, std::uint32_t flags,
+                       bool descend = false) {
+  DirectoryWalker walker;
+  walker.Reset(folder);
+  walker.pattern = pattern;
+  walker.flags = flags;
+  return RunWalk(walker, folder, descend);
+}
+
+inline std::vector<WString> Names(std::initializer_list<const WCHAR*> names) {
+  std::vector<WString> sorted(names.begin(), names.end());
+  std::sort(sorted.begin(), sorted.end());
+  return sorted;
+}
