@@ -31,11 +31,9 @@ fs::path MakeFreshFolder(const fs::path& parent) {
 ScratchFolder::ScratchFolder() : root_(MakeFreshFolder(ScratchParent())), path_(WindowsForm(root_)) {}
 
 ScratchFolder::~ScratchFolder() {
-  if (root_.empty()) return;
-  MakeDeletable(root_);
-  std::error_code error;
-  fs::remove_all(root_, error);
-  EXPECT_FALSE(error) << root_ << ": " << error.message();
+  if (!root_.empty()) {
+    EXPECT_TRUE(RemoveTree(root_)) << root_;
+  }
 }
 
 WString ScratchFolder::Path(WStringView name) const {

@@ -12,5 +12,6 @@ std::filesystem::path ScratchParent();
 WString WindowsForm(const std::filesystem::path& path);
 std::filesystem::path NativeForm(WStringView part);
 
-// Lets everything in the folder be deleted: read-only files, folders without permissions.
-void MakeDeletable(const std::filesystem::path& folder);
+// Removes the folder and all in it: read-only files, folders without permissions, paths of any length. False
+// if something stays.
+bool RemoveTree(const std::filesystem::path& folder);

@@ -18,12 +18,14 @@ fs::path NativeForm(WStringView part) {
   return fs::path(text);
 }
 
-void MakeDeletable(const fs::path& folder) {
-  std::error_code ignored;
-  fs::permissions(folder, fs::perms::owner_all, fs::perm_options::add, ignored);
-  for (fs::recursive_directory_iterator at(folder, ignored), end; at != end; at.increment(ignored)) {
-    if (at->is_directory(ignored) && !at->is_symlink(ignored)) {
-      fs::permissions(at->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
+bool RemoveTree(const fs::path& folder) {
+  std::error_code error;
+  fs::permissions(folder, fs::perms::owner_all, fs::perm_options::add, error);
+  for (fs::recursive_directory_iterator at(folder, error), end; at != end; at.increment(error)) {
+    if (at->is_directory(error) && !at->is_symlink(error)) {
+      fs::permissions(at->path(), fs::perms::owner_all, fs::perm_options::add, error);
     }
   }
+  fs::remove_all(folder, error);
+  return !error;
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/handles.h"
 #include "support/scratch_paths.h"
 
 namespace fs = std::filesystem;
@@ -19,6 +20,29 @@ WString TemporaryFolder() {
   std::vector<WCHAR> text(kMostChars);
   const DWORD size = GetTempPathW(kMostChars, text.data());
   return WString(text.data(), size);
+}
+
+// `path` is in its long form: the language's own functions stop at 260 characters here.
+bool RemoveFolder(const WString& path) {
+  WIN32_FIND_DATAW data;
+  FindHandle search(
+      FindFirstFileExW((path + W("\\*")).c_str(), FindExInfoBasic, &data, FindExSearchNameMatch, nullptr, 0));
+  bool all = search.IsOpen();
+  for (bool more = all; more; more = FindNextFileW(search.Get(), &data) != FALSE) {
+    const WStringView name = data.cFileName;
+    if (name == W(".") || name == W("..")) continue;
+    const WString inner = path + W('\\') + WString(name);
+    if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+      SetFileAttributesW(inner.c_str(), FILE_ATTRIBUTE_NORMAL);
+      all = DeleteFileW(inner.c_str()) && all;
+    } else if ((data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+      all = RemoveDirectoryW(inner.c_str()) && all;
+    } else {
+      all = RemoveFolder(inner) && all;
+    }
+  }
+  search.Reset();
+  return RemoveDirectoryW(path.c_str()) && all;
 }
 
 }  // namespace
@@ -41,9 +65,4 @@ WString WindowsForm(const fs::path& path) {
 
 fs::path NativeForm(WStringView part) { return fs::path(part); }
 
-void MakeDeletable(const fs::path& folder) {
-  std::error_code ignored;
-  for (fs::recursive_directory_iterator at(folder, ignored), end; at != end; at.increment(ignored)) {
-    if (!at->is_directory(ignored)) SetFileAttributesW(at->path().c_str(), FILE_ATTRIBUTE_NORMAL);
-  }
-}
+bool RemoveTree(const fs::path& folder) { return RemoveFolder(W("\\\\?\\") + WindowsForm(folder)); }

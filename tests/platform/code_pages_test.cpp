@@ -1,0 +1,208 @@
+// MultiByteToWideChar and WideCharToMultiByte.
+
+#include <gtest/gtest.h>
+
+#include "platform/outcome.h"
+#include "platform/text.h"
+
+namespace {
+
+WString Decode(UINT codePage, std::string_view bytes) {
+  WCHAR target[100];
+  const int size =
+      MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()), target, 100);
+  EXPECT_EQ(MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()), nullptr, 0), size);
+  return WString(target, static_cast<std::size_t>(size));
+}
+
+std::string Encode(UINT codePage, WStringView text) {
+  char target[100];
+  const int count = static_cast<int>(text.size());
+  const int size = WideCharToMultiByte(codePage, 0, text.data(), count, target, 100, nullptr, nullptr);
+  EXPECT_EQ(WideCharToMultiByte(codePage, 0, text.data(), count, nullptr, 0, nullptr, nullptr), size);
+  return std::string(target, static_cast<std::size_t>(size));
+}
+
+// The units 0x80 to 0x9F of the code page 1252; five of them are control characters.
+constexpr WCHAR kSpecials[] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                               0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                               0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                               0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+TEST(CodePagesTest, EveryByteOfTheCodePageGoesThereAndBack) {
+  for (int i = 0; i < 256; ++i) {
+    const std::string byte(1, static_cast<char>(i));
+    const WString unit(1, i >= 0x80 && i < 0xA0 ? kSpecials[i - 0x80] : static_cast<WCHAR>(i));
+    for (const UINT codePage : {UINT{CP_ACP}, UINT{CP_THREAD_ACP}, UINT{1252}}) {
+      EXPECT_EQ(Decode(codePage, byte), unit) << i;
+      EXPECT_EQ(Encode(codePage, unit), byte) << i;
+    }
+  }
+}
+
+TEST(CodePagesTest, CharactersOutsideTheCodePageBecomeTheirLikes) {
+  const struct {
+    WCHAR unit;
+    char byte;
+  } rows[] = {
+      {0x0100, 'A'},    {0x0107, 'c'}, {0x0141, 'L'}, {0x0131, 'i'},    {0x0393, 'G'},
+      {0x03B2, '\xDF'}, {0x2010, '-'}, {0x2011, '-'}, {0x2212, '-'},    {0x2032, '\''},
+      {0x2044, '/'},    {0x221E, '8'}, {0x2264, '='}, {0x0301, '\xB4'}, {0x3000, ' '},
+      {0xFF01, '!'},    {0xFF21, 'A'}, {0xFF5E, '~'}, {0x2003, ' '},    {0x2074, '4'},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Encode(CP_ACP, WString(1, row.unit)), std::string(1, row.byte)) << std::hex << int{row.unit};
+  }
+}
+
+TEST(CodePagesTest, CharactersWithoutALikeBecomeTheDefault) {
+  char target[10] = {};
+  BOOL used = 7;
+  const WString text = W("a\u4E2Db\u0416");
+  EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, text.data(), 4, target, 10, nullptr, &used), 4);
+  EXPECT_EQ(std::string(target), "a?b?");
+  EXPECT_EQ(used, TRUE);
+  EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, text.data(), 4, target, 10, "#", &used), 4);
+  EXPECT_EQ(std::string(target), "a#b#");
+  EXPECT_EQ(used, TRUE);
+}
+
+TEST(CodePagesTest, ControlCharactersThatTheCodePageLacksBecomeTheDefault) {
+  EXPECT_EQ(Encode(CP_ACP, WString{0x80, 0x81, 0x82, 0x9F}), "?\x81??");
+}
+
+TEST(CodePagesTest, EachHalfOfASurrogatePairBecomesTheDefault) {
+  EXPECT_EQ(Encode(CP_ACP, W("a\U0001F600z")), "a??z");
+}
+
+TEST(CodePagesTest, ADefaultThatWasNotNeededIsNotReported) {
+  char target[10] = {};
+  BOOL used = 7;
+  EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, W("a?\u0100"), 3, target, 10, nullptr, &used), 3);
+  EXPECT_EQ(std::string(target), "a?A");
+  EXPECT_EQ(used, FALSE);
+}
+
+TEST(CodePagesTest, Utf8GoesThereAndBack) {
+  const struct {
+    const char* bytes;
+    const WCHAR* text;
+  } rows[] = {
+      {"abc", W("abc")},
+      {"\xC3\xA9", W("\u00E9")},
+      {"\xDF\xBF", W("\u07FF")},
+      {"\xE0\xA0\x80", W("\u0800")},
+      {"\xE2\x82\xAC", W("\u20AC")},
+      {"\xED\x9F\xBF", W("\uD7FF")},
+      {"\xEE\x80\x80", W("\uE000")},
+      {"\xEF\xBB\xBF", W("\uFEFF")},
+      {"\xEF\xBF\xBF", W("\uFFFF")},
+      {"\xF0\x90\x80\x80", W("\U00010000")},
+      {"\xF0\x9F\x98\x80z", W("\U0001F600z")},
+      {"\xF4\x8F\xBF\xBF", W("\U0010FFFF")},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Decode(CP_UTF8, row.bytes), row.text) << row.bytes;
+    EXPECT_EQ(Encode(CP_UTF8, row.text), row.bytes) << row.bytes;
+  }
+}
+
+TEST(CodePagesTest, BytesThatAreNoUtf8BecomeReplacements) {
+  const struct {
+    const char* bytes;
+    const WCHAR* text;
+  } rows[] = {
+      {"a\xFF"
+       "b",
+       W("a\uFFFDb")},
+      {"\x80\x80", W("\uFFFD\uFFFD")},
+      {"\xC3", W("\uFFFD")},
+      {"\xC3"
+       "a",
+       W("\uFFFDa")},
+      {"\xC0\x80", W("\uFFFD\uFFFD")},
+      {"\xC1\xBF", W("\uFFFD\uFFFD")},
+      {"\xE2\x82", W("\uFFFD")},
+      {"\xE2\x82"
+       "a",
+       W("\uFFFDa")},
+      {"\xE2\x28\xA1", W("\uFFFD(\uFFFD")},
+      {"\xE0\x80\x80", W("\uFFFD\uFFFD")},
+      {"\xE0\x9F\xBF", W("\uFFFD\uFFFD")},
+      {"\xED\xA0\x80", W("\uFFFD\uFFFD")},
+      {"\xED\xA0\x80\xED\xB0\x80", W("\uFFFD\uFFFD\uFFFD\uFFFD")},
+      {"\xF0\x9F\x98", W("\uFFFD")},
+      {"\xF0\x9F\x98\xFF", W("\uFFFD\uFFFD")},
+      {"\xF0\x80\x80\x80", W("\uFFFD\uFFFD\uFFFD")},
+      {"\xF0\x90\xE2\x82\xAC", W("\uFFFD\u20AC")},
+      {"\xF4\x90\x80\x80", W("\uFFFD\uFFFD\uFFFD")},
+      {"\xF5\x80", W("\uFFFD\uFFFD")},
+      {"\xF8\x88\x80\x80\x80", W("\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD")},
+  };
+  for (const auto& row : rows) {
+    const int size = static_cast<int>(std::string_view(row.bytes).size());
+    EXPECT_EQ(Decode(CP_UTF8, row.bytes), row.text) << testing::PrintToString(std::string(row.bytes));
+    WCHAR target[20];
+    EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, row.bytes, size, target, 20)),
+              1113u);
+  }
+}
+
+TEST(CodePagesTest, StrictDecodingTakesWhatIsUtf8) {
+  WCHAR target[20];
+  EXPECT_EQ(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, "\xF0\x9F\x98\x80", 4, target, 20), 2);
+  EXPECT_EQ(MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, "\x81\x80", 2, target, 20), 2);
+}
+
+TEST(CodePagesTest, ASurrogateAloneBecomesAReplacement) {
+  const WString rows[] = {WString(1, WCHAR(0xD800)), WString(1, WCHAR(0xDC00))};
+  for (const WString& text : rows) EXPECT_EQ(Encode(CP_UTF8, text), "\xEF\xBF\xBD");
+  EXPECT_EQ(Encode(CP_UTF8, WString{0xDE00, 0xD83D}), "\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(Encode(CP_UTF8, WString{W('a'), 0xD800, W('z')}), "a\xEF\xBF\xBDz");
+}
+
+TEST(CodePagesTest, ASourceWithoutSizeIsConvertedWithItsTerminator) {
+  WCHAR wide[10] = {1, 1, 1, 1, 1};
+  char bytes[10] = {1, 1, 1, 1, 1};
+  for (const UINT codePage : {UINT{CP_ACP}, UINT{CP_UTF8}}) {
+    EXPECT_EQ(MultiByteToWideChar(codePage, 0, "abc", -1, wide, 10), 4);
+    EXPECT_EQ(WString(wide), W("abc"));
+    EXPECT_EQ(WideCharToMultiByte(codePage, 0, W("abc"), -1, bytes, 10, nullptr, nullptr), 4);
+    EXPECT_EQ(std::string(bytes), "abc");
+    EXPECT_EQ(MultiByteToWideChar(codePage, 0, "abc", -1, nullptr, 0), 4);
+    EXPECT_EQ(WideCharToMultiByte(codePage, 0, W("abc"), -1, nullptr, 0, nullptr, nullptr), 4);
+  }
+}
+
+TEST(CodePagesTest, ATargetTooSmallFailsAndHoldsWhatFits) {
+  WCHAR wide[4] = {};
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 3, wide, 2)), 122u);
+  EXPECT_EQ(WString(wide), W("ab"));
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_UTF8, 0, "abc", -1, wide, 3)), 122u);
+  EXPECT_EQ(WString(wide), W("abc"));
+  char bytes[4] = {};
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(CP_ACP, 0, W("abc"), 3, bytes, 2, nullptr, nullptr)), 122u);
+  EXPECT_EQ(std::string(bytes), "ab");
+  char utf8[4] = {};
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(CP_UTF8, 0, W("a\u20AC"), 2, utf8, 3, nullptr, nullptr)), 122u);
+  EXPECT_EQ(std::string(utf8), "a");
+}
+
+TEST(CodePagesTest, WrongArgumentsAreRefused) {
+  WCHAR wide[4];
+  char bytes[4];
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, nullptr, 3, wide, 4)), 87u);
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 0, wide, 4)), 87u);
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 3, nullptr, 4)), 87u);
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 3, wide, -1)), 87u);
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(99999, 0, "abc", 3, wide, 4)), 87u);
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0x100, "abc", 3, wide, 4)), 1004u);
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(CP_ACP, 0, nullptr, 3, bytes, 4, nullptr, nullptr)), 87u);
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(CP_ACP, 0, W("abc"), 0, bytes, 4, nullptr, nullptr)), 87u);
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(CP_ACP, 0, W("abc"), 3, nullptr, 4, nullptr, nullptr)), 87u);
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(CP_ACP, 0, W("abc"), 3, bytes, -1, nullptr, nullptr)), 87u);
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(99999, 0, W("abc"), 3, bytes, 4, nullptr, nullptr)), 87u);
+  EXPECT_EQ(FailureOf(WideCharToMultiByte(CP_UTF8, 1, W("abc"), 3, bytes, 4, nullptr, nullptr)), 1004u);
+}
+
+}  // namespace
