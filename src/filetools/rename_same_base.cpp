@@ -44,7 +44,7 @@ void RenameSameBaseCommand(IHostApp& host) {
   FileItemEntries entries = FilesOfFocusedBase(host, *list.Get());
   list.Release();
 
-  // The box is shown even where no file was found: this is meant.
+  // The box is shown even where no file was found, and the batch then runs empty: this is meant.
   std::array<WCHAR, kNameChars> buffer = {};
   const WString title(ViewOf(host.GetLanguageString(kTextSameBaseTitle)));
   const WString prompt(ViewOf(host.GetLanguageString(kTextSameBasePrompt)));

@@ -34,7 +34,6 @@ bool ConfirmRename(IHostApp& host, std::size_t count) {
 }
 
 void RunRenameBatch(IHostApp& host, const FileItemEntries& entries) {
-  if (entries.empty()) return;
   const HostService<IHostFileOperation> operation(host, kServiceFileOperation);
   if (!operation) return;
   IHostRenameBatch* const batch = operation->CreateRenameBatch();

@@ -28,7 +28,6 @@ void AppendEntries(FileItemEntries& entries, Velmora::SDK::IHostFileList& list);
 bool ConfirmRename(Velmora::SDK::IHostApp& host, std::size_t count);
 
 // Hands all entries, in their order, to one rename batch of the host. The host renames and shows the errors.
-// Without entries no service is called.
 void RunRenameBatch(Velmora::SDK::IHostApp& host, const FileItemEntries& entries);
 
 // Sets an entry's new name and answers true if it differs from the present one; otherwise empties it and

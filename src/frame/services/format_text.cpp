@@ -15,6 +15,7 @@ struct Conversion {
   bool zeroFilled = false;
   bool plusSign = false;
   bool blankSign = false;
+  bool alternateForm = false;  // 0x in front of a hexadecimal number
   std::size_t width = 0;
   WCHAR letter = 0;
   std::size_t size = 0;  // characters of the conversion; 0 for none
@@ -28,12 +29,13 @@ std::size_t SkipAny(WStringView text, std::size_t at, WStringView set) {
 // Reads the conversion at the beginning of `text`, which begins with a percent sign.
 Conversion ReadConversion(WStringView text) {
   Conversion result;
-  const std::size_t afterFlags = SkipAny(text, 1, W("-+ 0"));
+  const std::size_t afterFlags = SkipAny(text, 1, W("-+ #0"));
   const WStringView flags = text.substr(1, afterFlags - 1);
   result.leftAligned = flags.find(W('-')) != WStringView::npos;
   result.zeroFilled = flags.find(W('0')) != WStringView::npos && !result.leftAligned;
   result.plusSign = flags.find(W('+')) != WStringView::npos;
   result.blankSign = flags.find(W(' ')) != WStringView::npos;
+  result.alternateForm = flags.find(W('#')) != WStringView::npos;
   std::size_t at = afterFlags;
   for (; at < text.size() && text[at] >= W('0') && text[at] <= W('9'); ++at) {
     result.width = result.width * 10 + static_cast<std::size_t>(text[at] - W('0'));
@@ -65,6 +67,8 @@ void AppendNumber(WString& result, const Conversion& conversion, std::uint32_t v
   const bool isSigned = conversion.letter == W('d') || conversion.letter == W('i');
   if (isSigned && conversion.plusSign) number = W("+");
   if (isSigned && conversion.blankSign && !conversion.plusSign) number = W(" ");
+  const bool isHex = conversion.letter == W('x') || conversion.letter == W('X');
+  if (isHex && conversion.alternateForm && value != 0) number = {W('0'), conversion.letter};
   const WString digits = Digits(conversion, value);
   const std::size_t size = number.size() + digits.size();
   const std::size_t fill = conversion.width > size ? conversion.width - size : 0;

@@ -3,10 +3,12 @@
 #include <atomic>
 
 #include "platform/posix/fault_gate.h"
+#include "platform/posix/last_error.h"
 
 namespace {
 
 constexpr INT_PTR kNoAssociation = 31;  // SE_ERR_NOASSOC
+constexpr DWORD kNobodyToAsk = 1459;    // ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION
 constexpr INT_PTR kMostErrors = 32;     // the highest value that ShellExecuteW answers for a failure
 
 std::atomic<Platform::UserInterface*> installed{nullptr};
@@ -29,7 +31,7 @@ INT_PTR AskForm(FormRequest& form) {
 int MessageBoxW(HWND, const WCHAR* text, const WCHAR* caption, UINT style) {
   if (Platform::FaultFires("MessageBoxW")) return 0;
   Platform::UserInterface* handler = installed.load();
-  return handler ? handler->MessageBox(text, caption, style) : 0;
+  return handler ? handler->MessageBox(text, caption, style) : Platform::FailWith(kNobodyToAsk);
 }
 
 HINSTANCE ShellExecuteW(HWND, const WCHAR* verb, const WCHAR* file, const WCHAR* arguments, const WCHAR*,
