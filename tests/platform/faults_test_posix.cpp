@@ -1,0 +1,213 @@
+// Faults on demand: every function fails when it is told to, and does nothing then.
+
+#include "platform/posix/faults.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/handles.h"
+#include "platform/outcome.h"
+#include "support/scratch_folder.h"
+
+namespace {
+
+namespace Faults = Platform::Faults;
+
+// Not a number that any of the functions would come upon by itself.
+constexpr DWORD kError = 4711;
+
+class FaultsTest : public testing::Test {
+ protected:
+  // `call` must fail with the chosen error at its second call, and not before or after.
+  template <typename Failure>
+  void ExpectSecondCallFails(const char* function, Failure call) {
+    Faults::Fail(function, 2, kError);
+    EXPECT_NE(call(), kError) << function;
+    EXPECT_EQ(call(), kError) << function;
+    EXPECT_NE(call(), kError) << function;
+    EXPECT_EQ(Faults::CallCount(function), 3) << function;
+    Faults::Clear();
+  }
+
+  Faults::Scope scope_;
+  ScratchFolder scratch_;
+};
+
+TEST_F(FaultsTest, EveryFunctionOnPathsFailsOnDemand) {
+  const WString path = scratch_.Write(W("a.txt"), "abc");
+  const WCHAR* file = path.c_str();
+  const WString other = scratch_.Path(W("sub"));
+  const WCHAR* folder = other.c_str();
+  ExpectSecondCallFails("CreateFileW",
+                        [&] { return FailureOfOpen(OpenFor(file, GENERIC_READ, OPEN_EXISTING)); });
+  ExpectSecondCallFails("MoveFileW", [&] { return FailureOf(MoveFileW(file, file)); });
+  ExpectSecondCallFails("DeleteFileW", [&] { return FailureOf(DeleteFileW(folder)); });
+  ExpectSecondCallFails("GetFileAttributesW", [&] { return FailureOfValue(GetFileAttributesW(file)); });
+  ExpectSecondCallFails("SetFileAttributesW", [&] { return FailureOf(SetFileAttributesW(file, 0)); });
+  ExpectSecondCallFails("CreateDirectoryW", [&] { return FailureOf(CreateDirectoryW(folder, nullptr)); });
+  ExpectSecondCallFails("RemoveDirectoryW", [&] { return FailureOf(RemoveDirectoryW(folder)); });
+  ExpectSecondCallFails("GetFullPathNameW", [&] {
+    WCHAR buffer[1000];
+    return FailureOf(GetFullPathNameW(file, 1000, buffer, nullptr) != 0);
+  });
+  ExpectSecondCallFails("LoadLibraryExW",
+                        [&] { return FailureOf(LoadLibraryExW(W("netmsg.dll"), nullptr, 2) != nullptr); });
+}
+
+TEST_F(FaultsTest, EveryFunctionOnHandlesFailsOnDemand) {
+  const WString path = scratch_.Write(W("a.txt"), "abc");
+  const FileHandle file(OpenFor(path.c_str(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING));
+  ASSERT_TRUE(file.IsOpen());
+  char byte = 'x';
+  LARGE_INTEGER size;
+  ExpectSecondCallFails("ReadFile",
+                        [&] { return FailureOf(ReadFile(file.Get(), &byte, 1, nullptr, nullptr)); });
+  ExpectSecondCallFails("WriteFile",
+                        [&] { return FailureOf(WriteFile(file.Get(), &byte, 1, nullptr, nullptr)); });
+  ExpectSecondCallFails("SetFilePointer",
+                        [&] { return FailureOfValue(SetFilePointer(file.Get(), 0, nullptr, FILE_BEGIN)); });
+  ExpectSecondCallFails("GetFileSizeEx", [&] { return FailureOf(GetFileSizeEx(file.Get(), &size)); });
+  ExpectSecondCallFails("CloseHandle", [&] { return FailureOf(CloseHandle(nullptr)); });
+}
+
+TEST_F(FaultsTest, EveryFunctionOfASearchFailsOnDemand) {
+  for (const WCHAR* name : {W("a"), W("b"), W("c"), W("d")}) scratch_.Write(name, "");
+  const WString mask = scratch_.Path(W("*"));
+  WIN32_FIND_DATAW data;
+  const auto begin = [&] {
+    return FindFirstFileExW(mask.c_str(), FindExInfoBasic, &data, FindExSearchNameMatch, nullptr, 0);
+  };
+  ExpectSecondCallFails("FindFirstFileExW", [&] { return FailureOfSearch(begin()); });
+  const FindHandle search(begin());
+  ExpectSecondCallFails("FindNextFileW", [&] { return FailureOf(FindNextFileW(search.Get(), &data)); });
+  ExpectSecondCallFails("FindClose", [&] { return FailureOf(FindClose(nullptr)); });
+}
+
+TEST_F(FaultsTest, EveryFunctionOnTextsFailsOnDemand) {
+  WCHAR wide[300];
+  char bytes[300];
+  ExpectSecondCallFails("LCMapStringW", [&] {
+    return FailureOf(LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, W("a"), 1, wide, 1));
+  });
+  ExpectSecondCallFails("MultiByteToWideChar",
+                        [&] { return FailureOf(MultiByteToWideChar(CP_ACP, 0, "a", 1, wide, 1)); });
+  ExpectSecondCallFails("WideCharToMultiByte", [&] {
+    return FailureOf(WideCharToMultiByte(CP_ACP, 0, W("a"), 1, bytes, 1, nullptr, nullptr));
+  });
+  ExpectSecondCallFails("FormatMessageW", [&] {
+    return FailureOf(FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, 5, 0x400, wide, 300, nullptr) != 0);
+  });
+  ExpectSecondCallFails("MessageBoxW", [&] { return FailureOf(MessageBoxW(nullptr, W(""), W(""), MB_OK)); });
+}
+
+TEST_F(FaultsTest, LocalFreeOnDemandGivesTheMemoryBackToTheCaller) {
+  WCHAR* text = nullptr;
+  ASSERT_NE(FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_ALLOCATE_BUFFER, nullptr, 5, 0x400,
+                           reinterpret_cast<WCHAR*>(&text), 0, nullptr),
+            0u);
+  Faults::Fail("LocalFree", 1, kError);
+  EXPECT_EQ(LocalFree(text), text);
+  EXPECT_EQ(GetLastError(), kError);
+  EXPECT_EQ(LocalFree(text), nullptr);
+}
+
+TEST_F(FaultsTest, ShellExecuteOnDemandAnswersASmallErrorItself) {
+  Faults::Fail("ShellExecuteW", 1, 5);
+  EXPECT_EQ(reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, nullptr, W("a.txt"), nullptr, nullptr, SW_SHOW)),
+            5);
+  Faults::Fail("ShellExecuteW", 1, kError);
+  EXPECT_EQ(reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, nullptr, W("a.txt"), nullptr, nullptr, SW_SHOW)),
+            31);
+  EXPECT_EQ(GetLastError(), kError);
+}
+
+TEST_F(FaultsTest, AFailedCallDoesNothing) {
+  const WString path = scratch_.Write(W("a.txt"), "abc");
+  FileHandle file(OpenFor(path.c_str(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING));
+  for (const char* function : {"CreateFileW", "WriteFile", "MoveFileW", "DeleteFileW", "CreateDirectoryW",
+                               "SetFileAttributesW", "CloseHandle", "SetFilePointer"}) {
+    Faults::Fail(function, 1, kError);
+  }
+  DWORD done = 77;
+  EXPECT_FALSE(WriteFile(file.Get(), "xyz", 3, &done, nullptr));
+  EXPECT_EQ(done, 0u);
+  EXPECT_EQ(SetFilePointer(file.Get(), 2, nullptr, FILE_BEGIN), INVALID_SET_FILE_POINTER);
+  EXPECT_EQ(OpenFor(scratch_.Path(W("b")).c_str(), GENERIC_WRITE, CREATE_NEW), INVALID_HANDLE_VALUE);
+  EXPECT_FALSE(MoveFileW(path.c_str(), scratch_.Path(W("b")).c_str()));
+  EXPECT_FALSE(DeleteFileW(path.c_str()));
+  EXPECT_FALSE(CreateDirectoryW(scratch_.Path(W("b")).c_str(), nullptr));
+  EXPECT_FALSE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
+  EXPECT_FALSE(CloseHandle(file.Get()));
+  EXPECT_EQ(GetLastError(), kError);
+  EXPECT_EQ(scratch_.Names(), std::vector<WString>{W("a.txt")});
+  EXPECT_EQ(scratch_.Read(W("a.txt")), "abc");
+  EXPECT_EQ(GetFileAttributesW(path.c_str()), 0x20u);
+  EXPECT_EQ(SetFilePointer(file.Get(), 0, nullptr, FILE_CURRENT), 0u);
+}
+
+TEST_F(FaultsTest, ARepeatedFaultStaysUntilItIsCleared) {
+  const WString path = scratch_.Write(W("a.txt"), "abc");
+  Faults::Fail("GetFileAttributesW", 2, kError, true);
+  EXPECT_EQ(GetFileAttributesW(path.c_str()), 0x20u);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(FailureOfValue(GetFileAttributesW(path.c_str())), kError);
+  EXPECT_EQ(Faults::CallCount("GetFileAttributesW"), 4);
+  Faults::Clear();
+  EXPECT_EQ(GetFileAttributesW(path.c_str()), 0x20u);
+}
+
+TEST_F(FaultsTest, AShortWriteWritesItsBytesAndSucceeds) {
+  const WString path = scratch_.Path(W("a.txt"));
+  const FileHandle file(OpenFor(path.c_str(), GENERIC_WRITE, CREATE_NEW));
+  Faults::WriteShort(2, 2);
+  DWORD done = 0;
+  EXPECT_TRUE(WriteFile(file.Get(), "abc", 3, &done, nullptr));
+  EXPECT_EQ(done, 3u);
+  EXPECT_TRUE(WriteFile(file.Get(), "defg", 4, &done, nullptr));
+  EXPECT_EQ(done, 2u);
+  EXPECT_TRUE(WriteFile(file.Get(), "hij", 3, &done, nullptr));
+  EXPECT_EQ(done, 3u);
+  EXPECT_EQ(scratch_.Read(W("a.txt")), "abcdehij");
+}
+
+TEST_F(FaultsTest, AShortWriteIsNeverLongerThanWhatIsGiven) {
+  const FileHandle file(OpenFor(scratch_.Path(W("a.txt")).c_str(), GENERIC_WRITE, CREATE_NEW));
+  Faults::WriteShort(1, 100);
+  DWORD done = 0;
+  EXPECT_TRUE(WriteFile(file.Get(), "abc", 3, &done, nullptr));
+  EXPECT_EQ(done, 3u);
+}
+
+TEST_F(FaultsTest, CallsAreCountedFromTheNamingOn) {
+  const WString path = scratch_.Write(W("a.txt"), "abc");
+  GetFileAttributesW(path.c_str());
+  EXPECT_EQ(Faults::CallCount("GetFileAttributesW"), 0);
+  Faults::Watch("GetFileAttributesW");
+  GetFileAttributesW(path.c_str());
+  GetFileAttributesW(nullptr);
+  EXPECT_EQ(Faults::CallCount("GetFileAttributesW"), 2);
+  EXPECT_EQ(Faults::CallCount("MoveFileW"), 0);
+  Faults::Watch("GetFileAttributesW");
+  EXPECT_EQ(Faults::CallCount("GetFileAttributesW"), 0);
+}
+
+TEST_F(FaultsTest, TheFlagsOfMessagesAndLibrariesAreKept) {
+  Faults::Watch("FormatMessageW");
+  Faults::Watch("LoadLibraryExW");
+  EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0u);
+  WCHAR buffer[300];
+  FormatMessageW(0x1A00, nullptr, 5, 0x400, buffer, 300, nullptr);
+  LoadLibraryExW(W("netmsg.dll"), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1A00u);
+  EXPECT_EQ(Faults::LastFlags("LoadLibraryExW"), 2u);
+  EXPECT_EQ(Faults::LastFlags("MoveFileW"), 0u);
+}
+
+TEST(FaultsScopeTest, TheEndOfAScopeDisarmsEverything) {
+  {
+    const Faults::Scope scope;
+    Faults::Fail("GetFileAttributesW", 1, kError, true);
+    EXPECT_EQ(FailureOfValue(GetFileAttributesW(W("."))), kError);
+  }
+  EXPECT_EQ(FailureOfValue(GetFileAttributesW(W("."))), kNoFailure);
+}
+
+}  // namespace

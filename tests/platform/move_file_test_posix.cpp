@@ -1,0 +1,181 @@
+// MoveFileW between file systems and between names that differ in case.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <random>
+
+#include "platform/handles.h"
+#include "platform/outcome.h"
+#include "support/scratch_folder.h"
+#include "support/scratch_paths.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class NativeMoveTest : public testing::Test {
+ protected:
+  DWORD Move(WStringView from, WStringView to) {
+    return FailureOf(MoveFileW(scratch_.Path(from).c_str(), scratch_.Path(to).c_str()));
+  }
+
+  ScratchFolder scratch_;
+};
+
+TEST_F(NativeMoveTest, TheCaseOfLettersChangesOnDisk) {
+  scratch_.Write(W("a.txt"), "abc");
+  scratch_.MakeFolder(W("sub"));
+  EXPECT_EQ(Move(W("a.txt"), W("A.TXT")), kNoFailure);
+  EXPECT_EQ(Move(W("sub"), W("Sub")), kNoFailure);
+  EXPECT_EQ(scratch_.Names(), (std::vector<WString>{W("A.TXT"), W("Sub")}));
+}
+
+TEST_F(NativeMoveTest, ASecondHardLinkIsATargetThatIsThere) {
+  scratch_.Write(W("a.txt"), "abc");
+  ASSERT_EQ(link(scratch_.NativePath(W("a.txt")).c_str(), scratch_.NativePath(W("A.txt")).c_str()), 0);
+  EXPECT_EQ(Move(W("a.txt"), W("A.txt")), 183u);
+  EXPECT_EQ(scratch_.Names(), (std::vector<WString>{W("A.txt"), W("a.txt")}));
+}
+
+// A scratch folder and a folder in memory, which is another file system unless the scratch folder is in
+// memory too; then a folder on disk takes its place.
+class MoveAcrossTest : public NativeMoveTest {
+ protected:
+  MoveAcrossTest() {
+    for (const fs::path& parent : {fs::path("/dev/shm"), fs::path("/var/tmp"), fs::current_path()}) {
+      std::error_code error;
+      other_ = parent / ("qx-test-" + std::to_string(std::random_device()()));
+      if (fs::create_directory(other_, error) && DeviceOf(other_) != DeviceOf(scratch_.NativePath({})))
+        return;
+      fs::remove(other_, error);
+      other_.clear();
+    }
+  }
+
+  ~MoveAcrossTest() override {
+    if (!other_.empty()) {
+      EXPECT_TRUE(RemoveTree(other_));
+    }
+  }
+
+  void SetUp() override { ASSERT_FALSE(other_.empty()) << "this machine has one file system only"; }
+
+  static dev_t DeviceOf(const fs::path& path) {
+    struct stat status = {};
+    stat(path.c_str(), &status);
+    return status.st_dev;
+  }
+
+  WString Other(const char* name) const { return WindowsForm(other_ / name); }
+
+  DWORD MoveOut(WStringView from, const char* to) {
+    return FailureOf(MoveFileW(scratch_.Path(from).c_str(), Other(to).c_str()));
+  }
+  DWORD MoveIn(const char* from, WStringView to) {
+    return FailureOf(MoveFileW(Other(from).c_str(), scratch_.Path(to).c_str()));
+  }
+
+  fs::path other_;
+};
+
+TEST_F(MoveAcrossTest, AFileTakesItsBytesTimesAndPermissionsAlong) {
+  std::string bytes;
+  for (int i = 0; i < 1000000; ++i) bytes += static_cast<char>(i * 31 / 7);
+  scratch_.Write(W("a.bin"), bytes);
+  const fs::path source = scratch_.NativePath(W("a.bin"));
+  ASSERT_EQ(chmod(source.c_str(), 0440), 0);
+  const timespec times[] = {{1000000000, 0}, {1234567890, 123456789}};
+  ASSERT_EQ(utimensat(AT_FDCWD, source.c_str(), times, 0), 0);
+  EXPECT_EQ(MoveOut(W("a.bin"), "b.bin"), kNoFailure);
+  EXPECT_FALSE(scratch_.Exists(W("a.bin")));
+  struct stat status;
+  ASSERT_EQ(stat((other_ / "b.bin").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & static_cast<mode_t>(07777), 0440u);
+  EXPECT_EQ(status.st_mtim.tv_sec, 1234567890);
+  EXPECT_EQ(status.st_mtim.tv_nsec, 123456789);
+  EXPECT_EQ(MoveIn("b.bin", W("c.bin")), kNoFailure);
+  EXPECT_EQ(scratch_.Read(W("c.bin")), bytes);
+  EXPECT_EQ(GetFileAttributesW(scratch_.Path(W("c.bin")).c_str()), 0x21u);
+  EXPECT_TRUE(fs::is_empty(other_));
+}
+
+TEST_F(MoveAcrossTest, ExtendedAttributesGoAlongWhereBothFileSystemsKeepThem) {
+  constexpr const char* kName = "user.qx-test";
+  const auto keeps = [](const fs::path& path) { return setxattr(path.c_str(), kName, "value", 5, 0) == 0; };
+  scratch_.Write(W("a.txt"), "abc");
+  scratch_.Write(W("probe"), "");
+  ASSERT_EQ(MoveOut(W("probe"), "probe"), kNoFailure);
+  const bool bothKeep = keeps(scratch_.NativePath(W("a.txt"))) && keeps(other_ / "probe");
+  ASSERT_EQ(MoveOut(W("a.txt"), "a.txt"), kNoFailure);
+  char value[10] = {};
+  EXPECT_EQ(getxattr((other_ / "a.txt").c_str(), kName, value, sizeof value), bothKeep ? 5 : -1);
+  EXPECT_EQ(std::string(value), bothKeep ? "value" : "");
+}
+
+TEST_F(MoveAcrossTest, ATargetThatIsThereStaysAndSoDoesTheSource) {
+  scratch_.Write(W("a.txt"), "source");
+  scratch_.Write(W("b.txt"), "target");
+  ASSERT_EQ(MoveOut(W("b.txt"), "b.txt"), kNoFailure);
+  EXPECT_EQ(MoveOut(W("a.txt"), "b.txt"), 183u);
+  EXPECT_EQ(scratch_.Read(W("a.txt")), "source");
+  ASSERT_EQ(MoveIn("b.txt", W("back.txt")), kNoFailure);
+  EXPECT_EQ(scratch_.Read(W("back.txt")), "target");
+}
+
+TEST_F(MoveAcrossTest, AMissingFolderIs3AndTheSourceStays) {
+  scratch_.Write(W("a.txt"), "source");
+  EXPECT_EQ(MoveOut(W("a.txt"), "nosuch/b.txt"), 3u);
+  EXPECT_EQ(scratch_.Read(W("a.txt")), "source");
+}
+
+TEST_F(MoveAcrossTest, AFolderStaysWhereItIs) {
+  scratch_.MakeFolder(W("sub"));
+  scratch_.Write(W("sub\\a.txt"), "abc");
+  EXPECT_EQ(MoveOut(W("sub"), "sub"), 17u);
+  EXPECT_EQ(scratch_.Read(W("sub\\a.txt")), "abc");
+  EXPECT_TRUE(fs::is_empty(other_));
+}
+
+TEST_F(MoveAcrossTest, ALinkMovesAsALink) {
+  scratch_.Write(W("target"), "abc");
+  ASSERT_EQ(symlink("target", scratch_.NativePath(W("link")).c_str()), 0);
+  EXPECT_EQ(MoveOut(W("link"), "link"), kNoFailure);
+  EXPECT_FALSE(scratch_.Exists(W("link")));
+  EXPECT_EQ(fs::read_symlink(other_ / "link"), "target");
+  EXPECT_EQ(scratch_.Read(W("target")), "abc");
+}
+
+TEST_F(MoveAcrossTest, AFileThatIsOpenMovesOnlyIfThatIsShared) {
+  scratch_.Write(W("a.txt"), "abc");
+  const auto open = [this](DWORD access, DWORD share) {
+    return FileHandle(OpenFor(scratch_.Path(W("a.txt")).c_str(), access, OPEN_EXISTING, share));
+  };
+  {
+    const FileHandle file = open(GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    EXPECT_EQ(MoveOut(W("a.txt"), "b.txt"), 32u);
+  }
+  {
+    // Bytes that are still being written would be lost.
+    const FileHandle file = open(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE);
+    EXPECT_EQ(MoveOut(W("a.txt"), "b.txt"), 32u);
+  }
+  {
+    const FileHandle file = open(GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE);
+    EXPECT_EQ(MoveOut(W("a.txt"), "b.txt"), kNoFailure);
+  }
+  EXPECT_TRUE(fs::exists(other_ / "b.txt"));
+}
+
+TEST_F(MoveAcrossTest, AFailureToDeleteTheSourceTakesTheCopyBack) {
+  // A file that can be read but not deleted, by the superuser either.
+  EXPECT_NE(FailureOf(MoveFileW(W("Z:\\proc\\version"), Other("version").c_str())), kNoFailure);
+  EXPECT_TRUE(fs::is_empty(other_));
+  EXPECT_TRUE(fs::exists("/proc/version"));
+}
+
+}  // namespace
