@@ -1,0 +1,196 @@
+import os
+
+from qxhost import IS_WINDOWS, HostTest, windows_path
+
+if not IS_WINDOWS:
+    import pty
+    import subprocess
+
+    from qxhost import COMMAND, TIMEOUT_SECONDS
+
+
+class Help(HostTest):
+    def test_help_shows_verbs_options_and_examples(self):
+        outcome = self.process("--help")
+        self.assertEqual((outcome.status, outcome.stderr), (0, ""))
+        for text in ("info", "menu", "command", "--answer", "--form", "--dry-run", "--items", "Examples:",
+                     "Exit status:"):
+            self.assertIn(text, outcome.stdout)
+
+    def test_help_of_a_verb(self):
+        outcome = self.process("command", "--help")
+        self.assertEqual(outcome.status, 0)
+        self.assertIn("NUMBER", outcome.stdout)
+        self.assertIn("ITEM", outcome.stdout)
+
+
+class BadCalls(HostTest):
+    def refused(self, *arguments, **keywords):
+        outcome = self.process("--config", self.config, *arguments, **keywords)
+        self.assertEqual((outcome.status, outcome.stdout), (2, ""))
+        self.assertTrue(outcome.stderr.startswith("qxhost: "), outcome.stderr)
+        return outcome.stderr
+
+    def test_a_call_without_a_verb_says_which_there_are(self):
+        self.assertIn("info, menu, command", self.refused())
+
+    def test_an_unknown_verb(self):
+        self.assertIn("frobnicate", self.refused("frobnicate"))
+
+    def test_an_unknown_option(self):
+        self.assertIn("--colour", self.refused("--colour", "info"))
+
+    def test_an_option_without_its_value(self):
+        self.assertIn("--module", self.refused("info", "--module"))
+
+    def test_a_command_without_a_number(self):
+        self.assertIn("NUMBER", self.refused("command"))
+
+    def test_a_number_that_is_none(self):
+        for number in ("x", "30000x", "", "99999999999", "0x7530"):
+            with self.subTest(number=number):
+                self.assertIn("no command number", self.refused("command", number))
+
+    def test_an_item_that_does_not_exist_and_nothing_is_done(self):
+        self.make("a.txt")
+        message = self.refused("--answer", "ok", "command", "30000", self.path("a.txt"), self.path("missing.txt"))
+        self.assertIn(self.path("missing.txt"), message)
+        self.assertIn("(2)", message)
+        self.assertEqual(self.names(), ["a.txt"])
+
+    def test_an_empty_item_and_a_drive(self):
+        self.assertIn("no path", self.refused("command", "30000", ""))
+        self.refused("command", "30000", "/")
+        self.refused("command", "30000", "Z:\\")
+
+    def test_a_focused_item_a_view_and_a_panel_must_exist(self):
+        self.make("a.txt")
+        self.assertIn("--focus", self.refused("--focus", self.path("missing"), "command", "30000"))
+        self.assertIn("--view", self.refused("--view", self.path("a.txt"), "command", "30000"))
+        self.assertIn("--panel", self.refused("--panel", self.path("missing"), "command", "30000"))
+
+    def test_an_answer_that_is_none_names_the_ones_there_are(self):
+        for answer in ("maybe", "", "OK", "ok ", "text", "choice"):
+            with self.subTest(answer=answer):
+                self.assertIn("ok, yes, no, cancel, text=TEXT or choice=ROWTEXT",
+                              self.refused("--answer", answer, "command", "30000"))
+
+    def test_a_list_of_items_must_be_readable_and_its_items_must_exist(self):
+        self.assertIn("--items", self.refused("--items", self.path("missing"), "command", "30000"))
+        self.assertIn("nowhere.txt", self.refused("--items", "-", "command", "30000", stdin=b"nowhere.txt\n"))
+
+    def test_a_language_table_must_be_readable(self):
+        self.assertIn("language table", self.refused("--language", self.path("missing"), "menu"))
+
+
+class FailingModules(HostTest):
+    def test_a_module_that_is_not_there(self):
+        outcome = self.process("--module", self.path("missing"), "info")
+        self.assertEqual((outcome.status, outcome.stdout), (3, ""))
+        self.assertIn("cannot load the module", outcome.stderr)
+
+    def test_a_file_that_is_no_module(self):
+        self.make("text.dll")
+        outcome = self.process("--module", self.path("text.dll"), "command", "30000")
+        self.assertEqual(outcome.status, 3)
+        self.assertIn("cannot load the module", outcome.stderr)
+
+
+class Items(HostTest):
+    def test_paths_may_be_written_in_both_ways(self):
+        self.make("a.txt", "b.txt")
+        outcome = self.run_json("command", "30000", self.path("a.txt"), windows_path(self.path("b.txt")),
+                                answers=["ok"])
+        self.assertEqual([event["from"] for event in outcome.of("rename")],
+                         [windows_path(self.path("a.txt")), windows_path(self.path("b.txt"))])
+        self.assertEqual(self.names(), ["A.TXT", "B.TXT"])
+
+    def test_a_relative_path_begins_at_the_current_folder(self):
+        self.make("sub/a.txt", "b.txt")
+        outcome = self.run_json("command", "30000", "../b.txt", "./a.txt", answers=["ok"], cwd=self.path("sub"))
+        self.assertEqual([event["from"] for event in outcome.of("rename")],
+                         [windows_path(self.path("b.txt")), windows_path(self.path("sub", "a.txt"))])
+
+    def test_names_that_the_command_line_could_mistake_are_names(self):
+        names = ["[a,b]", "menu", "info", "a=b", "%d", "{x}", "@file", "#x"]
+        self.make(*names)
+        outcome = self.run_json("command", "30000", *names, answers=["ok"])
+        self.assertEqual([old for old, _, _ in outcome.renames], names)
+        self.assertEqual(self.names(), sorted(["[A,B]", "MENU", "INFO", "A=B", "%D", "{X}", "@FILE", "#X"]))
+
+    def test_a_name_that_begins_with_a_hyphen_stands_behind_two(self):
+        self.make("-x.txt")
+        self.run_json("command", "30000", "--", "-x.txt", answers=["ok"])
+        self.assertEqual(self.names(), ["-X.TXT"])
+
+    def test_options_may_stand_behind_the_verb(self):
+        self.make("a.txt")
+        outcome = self.process("command", "30000", "a.txt", "--answer", "ok", "--json", "--config", self.config)
+        self.assertEqual(outcome.status, 0, outcome.stderr)
+        self.assertEqual(self.names(), ["A.TXT"])
+
+    def test_a_folder_may_have_a_separator_behind_it(self):
+        self.make("dir/")
+        self.run_json("command", "30000", self.path("dir") + "/", answers=["ok"])
+        self.assertEqual(self.names(), ["DIR/"])
+
+    def test_a_list_of_items_follows_those_of_the_call(self):
+        self.make("a.x", "b.x", "c ä.x")
+        listed = os.path.join(self.scratch, "list.txt")
+        with open(listed, "wb") as file:
+            file.write("\ufeff".encode() + self.path("c ä.x").encode() + b"\r\n\r\n" + self.path("a.x").encode())
+        outcome = self.run_json("--items", listed, "command", "30000", self.path("b.x"), answers=["ok"])
+        self.assertEqual([old for old, _, _ in outcome.renames], ["b.x", "c ä.x", "a.x"])
+
+
+if not IS_WINDOWS:
+
+    class Terminal(HostTest):
+        def run_at_terminal(self, typed, *arguments):
+            """Runs qxhost with these lines typed at its terminal."""
+            person, terminal = pty.openpty()
+            try:
+                os.write(person, typed.encode())
+                done = subprocess.run(COMMAND + ["--config", self.config, *arguments], stdin=terminal,
+                                      capture_output=True, cwd=self.folder, timeout=TIMEOUT_SECONDS, check=False)
+            finally:
+                os.close(terminal)
+                os.close(person)
+            self.assertEqual(done.returncode, 0)
+            return done.stdout.decode(), done.stderr.decode()
+
+        def test_a_box_is_asked_until_a_button_is_named(self):
+            self.make("a.txt")
+            _, prompt = self.run_at_terminal("maybe\nok\n", "command", "30000", "a.txt")
+            self.assertIn("Items to rename: 1. Rename them now?", prompt)
+            self.assertIn("Please type one of: ok, cancel", prompt)
+            self.assertEqual(self.names(), ["A.TXT"])
+
+        def test_a_text_is_asked_and_an_empty_line_takes_what_is_offered(self):
+            self.make("a.txt", "b.md")
+            _, prompt = self.run_at_terminal("\n", "command", "30060", "a.txt", "b.md")
+            self.assertIn("[txt]", prompt)
+            self.assertEqual(self.names(), ["a.txt", "b.txt"])
+
+        def test_a_dialog_is_filled_line_by_line(self):
+            self.make("a.txt")
+            self.run_at_terminal("find=a\nnothing=x\nreplace=b\nok\nok\n", "command", "30010", "a.txt")
+            self.assertEqual(self.names(), ["b.txt"])
+
+        def test_the_end_of_input_cancels(self):
+            self.make("a.txt")
+            self.run_at_terminal("\x04", "command", "30000", "a.txt")
+            self.assertEqual(self.names(), ["a.txt"])
+
+        def test_answers_come_before_the_terminal(self):
+            self.make("a.txt")
+            self.run_at_terminal("cancel\n", "--answer", "ok", "command", "30000", "a.txt")
+            self.assertEqual(self.names(), ["A.TXT"])
+
+    class Output(HostTest):
+        def test_output_that_cannot_be_written_is_no_success(self):
+            with open("/dev/full", "wb") as full:
+                done = subprocess.run(COMMAND + ["info"], stdout=full, stderr=subprocess.PIPE,
+                                      timeout=TIMEOUT_SECONDS, check=False)
+            self.assertEqual(done.returncode, 3)
+            self.assertIn(b"cannot write the output", done.stderr)
