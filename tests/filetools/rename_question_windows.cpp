@@ -10,7 +10,11 @@ namespace {
 HWND ownerOfBox = nullptr;
 
 LRESULT CALLBACK NoteOwner(int code, WPARAM wParam, LPARAM lParam) {
-  if (code == HCBT_ACTIVATE) ownerOfBox = GetWindow(reinterpret_cast<HWND>(wParam), GW_OWNER);
+  const HWND window = reinterpret_cast<HWND>(wParam);
+  WCHAR className[16] = {};
+  if (code == HCBT_ACTIVATE && GetClassNameW(window, className, 16) && WString(className) == L"#32770") {
+    ownerOfBox = GetWindow(window, GW_OWNER);
+  }
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 

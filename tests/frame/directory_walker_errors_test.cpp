@@ -116,6 +116,7 @@ TEST(DirectoryWalker, StackSlotInUseIsReportedAndNothingIsOverwritten) {
   walker.depth = 0;  // the slot of level 0 holds the way back
   walker.descendNext = true;
   EXPECT_EQ(walker.NextWithRetry(), -160);
+  walker.depth = 1;  // as it was, so that the way back is closed
 }
 
 TEST(DirectoryWalker, LevelBeyondTheStackHasNoSlot) {

@@ -15,7 +15,7 @@ void ExpectAsTheLibrary(const char* format) {
   for (const std::uint32_t value : {0u, 1u, 9u, 10u, 42u, 99999u, 1000000u, 0x7FFFFFFFu}) {
     char expected[64];
     std::snprintf(expected, sizeof expected, format, value);
-    EXPECT_EQ(Filled(format, value), expected) << format << " of " << value;
+    ASSERT_EQ(Filled(format, value), expected) << format << " of " << value;
   }
 }
 
