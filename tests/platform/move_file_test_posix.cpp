@@ -2,12 +2,18 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <random>
+#include <thread>
 
 #include "platform/handles.h"
 #include "platform/outcome.h"
@@ -40,6 +46,47 @@ TEST_F(NativeMoveTest, ASecondHardLinkIsATargetThatIsThere) {
   ASSERT_EQ(link(scratch_.NativePath(W("a.txt")).c_str(), scratch_.NativePath(W("A.txt")).c_str()), 0);
   EXPECT_EQ(Move(W("a.txt"), W("A.txt")), 183u);
   EXPECT_EQ(scratch_.Names(), (std::vector<WString>{W("A.txt"), W("a.txt")}));
+}
+
+// Runs `work` on a thread of its own, where the kernel seems not to know a rename that refuses a target that
+// is there: some file systems have none.
+template <typename Work>
+void RunWithoutRefusingRename(Work work) {
+  std::thread([&work] {
+    sock_filter program[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog filter{static_cast<unsigned short>(std::size(program)), program};
+    ASSERT_EQ(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
+    ASSERT_EQ(prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter), 0);
+    work();
+  }).join();
+}
+
+TEST_F(NativeMoveTest, WithoutTheKernelsHelpNothingIsReplacedEither) {
+  scratch_.Write(W("a.txt"), "a");
+  scratch_.Write(W("b.txt"), "b");
+  scratch_.MakeFolder(W("sub"));
+  scratch_.MakeFolder(W("empty"));
+  ASSERT_EQ(symlink("a.txt", scratch_.NativePath(W("link")).c_str()), 0);
+  RunWithoutRefusingRename([this] {
+    EXPECT_EQ(Move(W("a.txt"), W("b.txt")), 183u);
+    EXPECT_EQ(Move(W("a.txt"), W("empty")), 183u);
+    EXPECT_EQ(Move(W("sub"), W("empty")), 183u);
+    EXPECT_EQ(Move(W("sub"), W("a.txt")), 183u);
+    EXPECT_EQ(Move(W("link"), W("b.txt")), 183u);
+    EXPECT_EQ(Move(W("a.txt"), W("nosuch\\c.txt")), 3u);
+    EXPECT_EQ(Move(W("a.txt"), W("c.txt")), kNoFailure);
+    EXPECT_EQ(Move(W("sub"), W("other")), kNoFailure);
+    EXPECT_EQ(Move(W("link"), W("link2")), kNoFailure);
+  });
+  EXPECT_EQ(scratch_.Names(),
+            (std::vector<WString>{W("b.txt"), W("c.txt"), W("empty"), W("link2"), W("other")}));
+  EXPECT_EQ(scratch_.Read(W("b.txt")), "b");
+  EXPECT_EQ(scratch_.Read(W("c.txt")), "a");
 }
 
 // A scratch folder and a folder in memory, which is another file system unless the scratch folder is in

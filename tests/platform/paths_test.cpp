@@ -19,9 +19,9 @@ class PathsTest : public testing::Test {
 
 TEST_F(PathsTest, ADriveLetterIsTakenInEitherCase) {
   WString path = scratch_.Write(W("a.txt"), "x");
-  path[0] = W('z');
+  path[0] = static_cast<WCHAR>(path[0] | 0x20);
   EXPECT_EQ(AttributesOf(path), 0x20u);
-  path[0] = W('Z');
+  path[0] = static_cast<WCHAR>(path[0] & ~0x20);
   EXPECT_EQ(AttributesOf(path), 0x20u);
 }
 

@@ -1,10 +1,9 @@
 // A fresh folder for one test, removed with all that is in it at the end of its scope.
 //
 // It lies in the system's temporary folder. On Windows the environment variable QX_TEST_SCRATCH, if set,
-// names the folder to take instead, in either form of path: under Wine, a folder of the file system below has
-// what Wine's own drive C: may lack. Paths have the form Z:\a\b. The helpers go by the language's own file
-// streams and not by the functions that the tests are about, and fail the test where they cannot do what they
-// say.
+// names the folder to take instead, as Z:\a\b or /a/b. Paths have the form Z:\a\b. The helpers go by the
+// language's own file streams and not by the functions that the tests are about, and fail the test where they
+// cannot do what they say.
 #pragma once
 
 #include <filesystem>

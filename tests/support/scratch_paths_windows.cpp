@@ -16,10 +16,26 @@ WString ReadEnvironment(const WCHAR* name) {
   return WString(text.data(), size);
 }
 
+// Wine's own name of a file in the file system below; not there on Windows itself.
+using UnixNameFunction = char*(__cdecl*)(const WCHAR* path);
+
+UnixNameFunction FindUnixNameFunction() {
+  const FARPROC found = GetProcAddress(GetModuleHandleW(W("kernel32.dll")), "wine_get_unix_file_name");
+  return reinterpret_cast<UnixNameFunction>(reinterpret_cast<void*>(found));
+}
+
+// Under Wine it is given on the drive Z:, as other paths of the tests are.
 WString TemporaryFolder() {
   std::vector<WCHAR> text(kMostChars);
   const DWORD size = GetTempPathW(kMostChars, text.data());
-  return WString(text.data(), size);
+  const WString folder(text.data(), size);
+  const UnixNameFunction unixNameOf = FindUnixNameFunction();
+  if (!unixNameOf) return folder;
+  char* unixName = unixNameOf(folder.c_str());
+  if (!unixName) return folder;
+  const WString below = FromUtf8(unixName);
+  HeapFree(GetProcessHeap(), 0, unixName);
+  return below;
 }
 
 // `path` is in its long form: the language's own functions stop at 260 characters here.

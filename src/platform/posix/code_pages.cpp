@@ -75,6 +75,11 @@ int DecodeUtf8Text(std::string_view text, DWORD flags, WCHAR* target, int target
   Sink<WCHAR> sink(target, targetSize);
   std::u16string units;
   while (!text.empty()) {
+    if (static_cast<unsigned char>(text.front()) < 0x80) {
+      sink.Put(static_cast<WCHAR>(text.front()));
+      text.remove_prefix(1);
+      continue;
+    }
     const Platform::Utf8Step step = Platform::DecodeUtf8(text);
     if (!step.valid && (flags & MB_ERR_INVALID_CHARS) != 0) return FailWith(ERROR_NO_UNICODE_TRANSLATION);
     units.clear();
@@ -89,6 +94,11 @@ int EncodeUtf8Text(std::u16string_view text, DWORD flags, char* target, int targ
   Sink<char> sink(target, targetSize);
   std::string bytes;
   while (!text.empty()) {
+    if (text.front() < 0x80) {
+      sink.Put(static_cast<char>(text.front()));
+      text.remove_prefix(1);
+      continue;
+    }
     const Platform::Utf16Step step = Platform::DecodeUtf16(text);
     if (!step.valid && (flags & kErrorOnInvalid) != 0) return FailWith(ERROR_NO_UNICODE_TRANSLATION);
     bytes.clear();

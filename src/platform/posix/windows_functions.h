@@ -6,7 +6,8 @@
 // Paths: `Z:\a\b` and `\a\b` are /a/b, `\\?\` is taken off, `/a/b` is accepted, a relative path begins at the
 // current folder. Other drives fail with ERROR_PATH_NOT_FOUND (3), `\\server\share` and `\\?\UNC\` with
 // ERROR_BAD_NETPATH (53). Names are UTF-8 on disk; a name that is no UTF-8 shows its stray bytes as the low
-// surrogates U+DC80..U+DCFF and is found again by them. File names are case-sensitive; masks are not.
+// surrogates U+DC80..U+DCFF and is found again by them, and a backslash in a name is U+DC5C. File names are
+// case-sensitive; masks are not, and "?" is one character, never none.
 // A read-only file is one without write permission for its owner, and is read-only for the superuser too.
 // Share modes hold between the handles of the process: an open, a move or a delete that an open handle's
 // share mode excludes fails with ERROR_SHARING_VIOLATION (32).
