@@ -11,12 +11,22 @@
 namespace QxHost {
 namespace {
 
-// The library takes an argument in brackets for a list. This character in front hides them from it; no
-// argument of ours begins with it otherwise.
+// The library takes an argument in brackets for a list, and loses its way at a `--` behind an ITEM. This
+// character in front hides an argument from it; no argument of ours begins with it otherwise.
 constexpr char kGuard = '\x1F';
 
 bool LooksLikeList(const std::string& text) {
   return text.size() >= 2 && text.front() == '[' && text.back() == ']';
+}
+
+// What stands behind `--` is no option, and no verb either.
+std::vector<std::string> Guarded(std::vector<std::string> arguments) {
+  const auto mark = std::find(arguments.begin(), arguments.end(), "--");
+  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+    if (argument > mark || LooksLikeList(*argument)) argument->insert(argument->begin(), kGuard);
+  }
+  if (mark != arguments.end()) arguments.erase(mark);
+  return arguments;
 }
 
 std::string Unguarded(const std::string& text) { return text.starts_with(kGuard) ? text.substr(1) : text; }
@@ -124,9 +134,7 @@ std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandL
     declared.push_back(sub);
   }
 
-  for (std::string& argument : arguments) {
-    if (LooksLikeList(argument)) argument.insert(argument.begin(), kGuard);
-  }
+  arguments = Guarded(std::move(arguments));
   std::reverse(arguments.begin(), arguments.end());  // the library takes them from the end
   try {
     app.parse(std::move(arguments));

@@ -12,7 +12,14 @@ constexpr WStringView kKeptCharacters = W("\\/:*?\"<>|");
 // Windows leaves room for a short name below a folder, so folders reach their limit first.
 constexpr std::size_t kMostShortPathChars = MAX_PATH - 13;
 
+bool IsSeparator(WCHAR character) { return character == W('\\') || character == W('/'); }
+
 bool IsDrivePath(WStringView path) { return path.size() >= 2 && path[1] == W(':'); }
+
+// `Z:` and `Z:a`.
+bool IsRelativeToDrive(WStringView path) {
+  return IsDrivePath(path) && (path.size() == 2 || !IsSeparator(path[2]));
+}
 
 // Bytes of the sequence that begins at `at`, 0 if it is no UTF-8.
 std::size_t SequenceSize(std::string_view bytes, std::size_t at) {
@@ -51,7 +58,7 @@ WString PathFromUtf8(std::string_view bytes) {
 }
 
 std::optional<WString> FullPathOf(const WString& path) {
-  if (path.empty() || path.find(WCHAR()) != WString::npos) return std::nullopt;
+  if (path.empty() || path.find(WCHAR()) != WString::npos || IsRelativeToDrive(path)) return std::nullopt;
   const DWORD needed = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
   if (needed == 0) return std::nullopt;
   WString full(needed, WCHAR());
@@ -66,6 +73,11 @@ std::optional<WString> FullPathOf(const WString& path) {
   const std::size_t shortest = IsDrivePath(full) ? 3 : 2;
   while (full.size() > shortest && full.back() == W('\\')) full.pop_back();
   return full;
+}
+
+bool IsFullPath(WStringView path) {
+  if (IsDrivePath(path)) return !IsRelativeToDrive(path);
+  return path.size() >= 2 && IsSeparator(path[0]);
 }
 
 WString SystemPath(const WString& fullPath) {

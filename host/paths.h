@@ -14,8 +14,13 @@ namespace QxHost {
 WString PathFromUtf8(std::string_view bytes);
 
 // The full path of `path`, which may be relative and may be written with `/`. Without a separator at its end,
-// but for the root of a drive (`Z:\`). Nothing if the system refuses the path or it is empty.
+// but for the root of a drive (`Z:\`). Nothing if the system refuses the path, if it is empty, and for `Z:`
+// and `Z:a`, which would mean the current folder of that drive: nobody sees which one that is.
 std::optional<WString> FullPathOf(const WString& path);
+
+// True for a path that begins at a root, in either way of writing it. Nothing else may be renamed by path:
+// the current folder has no part in what a batch means.
+bool IsFullPath(WStringView path);
 
 // The path as it is given to the system: in its long form (`\\?\`) if it is too long for the short one.
 WString SystemPath(const WString& fullPath);

@@ -45,7 +45,8 @@ void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
   // Paths become items before the first rename, so that they too follow a folder above them.
   std::vector<FileItem*> items;
   for (const QueuedRename& rename : batch.renames) {
-    const std::optional<WString> fullPath = FullPathOf(rename.fullPath);
+    const std::optional<WString> fullPath =
+        IsFullPath(rename.fullPath) ? FullPathOf(rename.fullPath) : std::nullopt;
     items.push_back(rename.item ? static_cast<FileItem*>(rename.item)
                                 : (fullPath ? &items_.Follow(*fullPath) : nullptr));
   }
@@ -58,7 +59,7 @@ void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
 
 u32 FileOperation::Rename(FileItem* item, const QueuedRename& rename) {
   const WString from = item ? item->FullPath() : rename.fullPath;
-  const u32 result = RenameOne(from, rename.newName);
+  const u32 result = item ? RenameOne(from, rename.newName) : u32{ERROR_BAD_PATHNAME};
   reporter_.Rename({from, rename.newName, result, dryRun_});
   if (result != kRenameDone && result != kRenameIgnored) {
     output_.Problem("cannot rename " + ToUtf8(from) + " to " + ToUtf8(rename.newName) + ": " +
@@ -71,7 +72,7 @@ u32 FileOperation::Rename(FileItem* item, const QueuedRename& rename) {
 u32 FileOperation::RenameOne(const WString& from, const WString& newName) {
   const auto [folder, name] = SplitFullPath(from);
   if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
-  if (folder.empty()) return ERROR_ACCESS_DENIED;  // a drive, or no path at all
+  if (folder.empty()) return ERROR_ACCESS_DENIED;  // a drive
   if (newName == name) return kRenameIgnored;
   if (dryRun_) return kRenameDone;
   const DWORD error = MoveItem(from, folder + newName);

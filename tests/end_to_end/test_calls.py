@@ -63,6 +63,12 @@ class BadCalls(HostTest):
         self.refused("command", "30000", "/")
         self.refused("command", "30000", "Z:\\")
 
+    def test_the_current_folder_of_a_drive_is_no_item(self):
+        for item in ("Z:", "Z:a.txt"):
+            with self.subTest(item=item):
+                self.make("a.txt")
+                self.assertIn("no path", self.refused("--dry-run", "command", "30000", item))
+
     def test_a_focused_item_a_view_and_a_panel_must_exist(self):
         self.make("a.txt")
         self.assertIn("--focus", self.refused("--focus", self.path("missing"), "command", "30000"))

@@ -1,0 +1,111 @@
+// The language table that stands beside the program has a text for every id that the module can ask for.
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "filetools/control_panel_items.h"
+#include "frame/menu_tree.h"
+#include "frame/script_commands.h"
+#include "frame/services/message_texts.h"
+#include "host/language_table.h"
+#include "host/module_registry.h"
+#include "host/system_places.h"
+#include "host/whole_file.h"
+
+using namespace Velmora::SDK;
+using QxHost::LanguageTable;
+using QxHost::LanguageText;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr std::string_view kFileUtils = "QXUtils";
+
+class EnglishLanguage : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string bytes;
+    ASSERT_EQ(QxHost::ReadWholeFile(QxHost::ProgramFolder() + W("\\english.language"), bytes), 0u);
+    table_ = LanguageTable::Parse(bytes, warnings_);
+  }
+
+  WString First(TextId id, std::string_view section = kFileUtils) const {
+    const LanguageText* const text = table_.Find(section, id);
+    return text ? text->first : WString();
+  }
+
+  void ExpectText(TextId id) const { EXPECT_NE(First(id), W("")) << std::hex << "0x" << id; }
+  void ExpectTip(TextId id) const {
+    const LanguageText* const text = table_.Find(kFileUtils, id);
+    EXPECT_TRUE(text && !text->second.empty()) << std::hex << "0x" << id;
+  }
+
+  std::vector<std::string> warnings_;
+  LanguageTable table_;
+};
+
+TEST_F(EnglishLanguage, HasNoLineThatIsNone) { EXPECT_THAT(warnings_, IsEmpty()); }
+
+TEST_F(EnglishLanguage, HasTextAndTipOfEveryMenuEntry) {
+  ExpectText(kRootMenuText);
+  ASSERT_FALSE(FileUtilsSubMenus().empty());
+  for (const SubMenu& menu : FileUtilsSubMenus()) {
+    ExpectText(menu.textId);
+    for (const MenuEntry& entry : menu.entries) {
+      if (entry.command == 0) continue;
+      ExpectText(entry.textId);
+      ExpectTip(entry.textId);
+    }
+  }
+}
+
+TEST_F(EnglishLanguage, HasTheControlPanelWithItsNames) {
+  ExpectText(0x0A28006D);
+  EXPECT_EQ(First(0x00C8006D, QxHost::kSystemModuleId), W("System"));
+  ASSERT_EQ(ControlPanelCategories().size(), 9u);
+  for (const ControlPanelCategory& category : ControlPanelCategories()) ExpectText(category.textId);
+  ASSERT_EQ(ControlPanelItems().size(), 62u);
+  for (const ControlPanelItem& item : ControlPanelItems()) EXPECT_EQ(First(item.textId), item.name);
+}
+
+TEST_F(EnglishLanguage, HasTheTextsOfQuestionsAndDialogs) {
+  for (const MessageText id : kMessageTexts) ExpectText(id);
+}
+
+TEST_F(EnglishLanguage, HasTheDescriptionsOfScriptCommands) {
+  ASSERT_EQ(ScriptCommands().size(), 3u);
+  for (const ScriptCommand& command : ScriptCommands()) {
+    ExpectText(command.description);
+    for (const ScriptParameter& parameter : command.parameters) ExpectText(parameter.description);
+  }
+}
+
+TEST_F(EnglishLanguage, TheRenameQuestionHasExactlyOneCount) {
+  const WString question = First(kTextRenameQuestion);
+  EXPECT_NE(question.find(W("%d")), WString::npos);
+  EXPECT_EQ(question.find(W('%')), question.rfind(W('%')));
+}
+
+TEST_F(EnglishLanguage, TheKeysOfADialogDoNotClash) {
+  std::set<WCHAR> keys;
+  for (const MessageText id : {kTextReplaceOk, kTextReplaceCancel, kTextReplaceFindLabel,
+                               kTextReplaceWithLabel, kTextReplacePartLabel}) {
+    const WString text = First(id);
+    const std::size_t mark = text.find(W('&'));
+    ASSERT_LT(mark + 1, text.size()) << std::hex << id;
+    const WCHAR key = text[mark + 1] < W('a') ? static_cast<WCHAR>(text[mark + 1] + 32) : text[mark + 1];
+    EXPECT_TRUE(keys.insert(key).second) << std::hex << id;
+  }
+}
+
+TEST_F(EnglishLanguage, NoMenuTextHasTheSeparatorOfPaths) {
+  for (const SubMenu& menu : FileUtilsSubMenus()) {
+    EXPECT_EQ(First(menu.textId).find(W('/')), WString::npos);
+    for (const MenuEntry& entry : menu.entries) EXPECT_EQ(First(entry.textId).find(W('/')), WString::npos);
+  }
+  for (const ControlPanelItem& item : ControlPanelItems()) {
+    EXPECT_EQ(First(item.textId).find(W('/')), WString::npos);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,411 @@
+// The life of the extensions of a module, with a module that does what a test wants.
+#include "host/extensions.h"
+
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+
+#include "host/failures.h"
+#include "recorded_output.h"
+#include "support/scratch_folder.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace QxHost {
+namespace {
+
+using namespace Velmora::SDK;
+
+std::vector<std::string> calls;
+u32 extensionCount = 3;
+std::function<s32(IHostApp&, s32 number)> onCommand;
+std::function<s32(IHostApp&)> onRegister;
+
+class FakePlugin final : public IPluginInterface {
+ public:
+  explicit FakePlugin(s32 index) : index_(std::to_string(index)) {}
+
+  s32 OnRegister(IHostApp* host) override {
+    calls.push_back("register " + index_);
+    return onRegister ? onRegister(*host) : 1;
+  }
+  u32 GetExtensionKind() override { return 8192; }
+  s32 OnStart(IHostApp* host) override {
+    calls.push_back("start " + index_);
+    host_ = host;
+    return 1;
+  }
+  const char* GetExtensionId() override { return ""; }
+  bool OnHostEvent(std::intptr_t, s32) override { return false; }
+  s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override {
+    calls.push_back("command " + index_ + " " + std::to_string(number) + " " + std::to_string(a) + " " +
+                    std::to_string(b));
+    return number != kCommandShutDown && onCommand ? onCommand(*host_, number) : 0;
+  }
+  s32 Reserved1() override { return 0; }
+  s32 OnCustomCommand(IHostCommandCall*) override { return 0; }
+  s32 OnHelperMessage(s32, IHostHelperMessage*) override { return 0; }
+  s32 Reserved2() override { return 0; }
+  s32 Reserved3() override { return 0; }
+  s32 OnShutdown(std::intptr_t) override { return 0; }
+  s32 Reserved4() override { return 0; }
+  s32 Reserved5() override { return 0; }
+  s32 Reserved6() override { return 0; }
+
+ private:
+  std::string index_;
+  IHostApp* host_ = nullptr;
+};
+
+class FakeProperties final : public IFileProperties {
+ public:
+  const char* GetProviderId() override { return ""; }
+  s32 RegisterProperties(IHostApp*) override {
+    calls.push_back("properties");
+    return 0;
+  }
+  bool Detach() override {
+    calls.push_back("detach");
+    return false;
+  }
+  bool Attach(u64 value) override {
+    calls.push_back("attach " + std::to_string(value));
+    return false;
+  }
+  bool ClearCache() override { return false; }
+  bool Reserved1() override { return false; }
+  bool GetPropertyValue(IHostFileItem*, WCHAR*, u16, u16) override { return false; }
+  bool Reserved2() override { return false; }
+  bool Reserved3() override { return false; }
+  bool Reserved4() override { return false; }
+  bool Reserved5() override { return false; }
+  bool Reserved6() override { return false; }
+  bool Reserved7() override { return false; }
+};
+
+FakePlugin fakePlugins[] = {FakePlugin(0), FakePlugin(1), FakePlugin(2)};
+FakeProperties fakeProperties;
+
+void* FakeCreate(s32 index) {
+  calls.push_back("create " + std::to_string(index));
+  if (index == 1) return static_cast<IFileProperties*>(&fakeProperties);
+  return static_cast<IPluginInterface*>(&fakePlugins[index]);
+}
+
+bool FakeDelete(void*, s32 index) {
+  calls.push_back("delete " + std::to_string(index));
+  return true;
+}
+
+bool FakeInfo(u32 index, ExtensionInfo* info) {
+  if (index >= extensionCount) return false;
+  // Full fields without terminators, as a module may leave them.
+  std::fill(std::begin(info->name), std::end(info->name), W('n'));
+  std::fill(std::begin(info->version), std::end(info->version), 'v');
+  std::fill(std::begin(info->id), std::end(info->id), static_cast<char>('a' + index % 26));
+  info->moduleName[0] = W('M');
+  info->hostBuild = 1;
+  return true;
+}
+
+class ExtensionsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    calls.clear();
+    extensionCount = 3;
+    onCommand = nullptr;
+    onRegister = nullptr;
+  }
+
+  static SystemAnswers Answers(const ScratchFolder& scratch) {
+    SystemAnswers answers;
+    answers.configFolder = scratch.Path(W("config"));
+    return answers;
+  }
+
+  ScratchFolder scratch_;
+  RecordedOutput recorded_;
+  std::unique_ptr<Reporter> reporter_ = MakeJsonReporter(recorded_.output);
+  Questions questions_{*reporter_, recorded_.output, {}, {}, nullptr};
+  Shared shared_{recorded_.output, *reporter_, LanguageTable(), Answers(scratch_), questions_, false};
+  const ModuleExports exports_{FakeCreate, FakeDelete, FakeInfo};
+};
+
+TEST_F(ExtensionsTest, LiveFromCreateToDeleteInTheOrderOfTheirIndices) {
+  onCommand = [](IHostApp&, s32) { return 1; };
+  Extensions extensions(shared_, exports_);
+  EXPECT_TRUE(extensions.Start());
+  EXPECT_EQ(extensions.RunCommand(30000), 1);
+  extensions.Stop();
+  EXPECT_THAT(calls,
+              ElementsAre("create 0", "create 1", "create 2", "register 0", "start 0", "properties",
+                          "attach 1", "register 2", "start 2", "command 0 30000 0 0", "command 0 20002 0 0",
+                          "delete 0", "detach", "delete 1", "command 2 20002 0 0", "delete 2"));
+}
+
+TEST_F(ExtensionsTest, AreDeletedOnceEvenIfNobodyStopsThem) {
+  {
+    Extensions extensions(shared_, exports_);
+    extensions.Start();
+    calls.clear();
+  }
+  EXPECT_THAT(calls, ElementsAre("command 0 20002 0 0", "delete 0", "detach", "delete 1",
+                                 "command 2 20002 0 0", "delete 2"));
+}
+
+TEST_F(ExtensionsTest, RecordsOfFullFieldsAreReadToTheirEnd) {
+  extensionCount = 1;
+  Extensions extensions(shared_, exports_);
+  extensions.ReportRecords();
+  EXPECT_THAT(recorded_.Out(), HasSubstr("\"name\":\"" + std::string(100, 'n') + "\""));
+  EXPECT_THAT(recorded_.Out(), HasSubstr("\"version\":\"vvvvvvvvvv\""));
+  EXPECT_THAT(recorded_.Out(), HasSubstr("\"id\":\"" + std::string(34, 'a') + "\""));
+}
+
+TEST_F(ExtensionsTest, RecordsWithoutAnEndAreNotFollowedForEver) {
+  extensionCount = 0xFFFFFFFF;
+  Extensions extensions(shared_, exports_);
+  extensions.ReportRecords();
+  EXPECT_LT(recorded_.Out().size(), 100000u);
+}
+
+TEST_F(ExtensionsTest, AModuleWithoutExtensionsIsNone) {
+  extensionCount = 0;
+  EXPECT_THROW(Extensions(shared_, exports_), ModuleFailure);
+}
+
+TEST_F(ExtensionsTest, ACommandGoesToWhoDeclaredItElseByItsNumber) {
+  onRegister = [registered = 0](IHostApp& host) mutable {
+    // The second one to register, Multi Rename, declares a number outside its range.
+    if (registered++ == 1) host.GetCommandFactory()->CreateCommand(31, 0, 0, 0, 0, 0);
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  calls.clear();
+  for (const s32 number : {31, 30999, 31000, 32999, 33000, -1}) extensions.RunCommand(number);
+  EXPECT_THAT(calls, ElementsAre("command 2 31 0 0", "command 0 30999 0 0", "command 2 31000 0 0",
+                                 "command 2 32999 0 0", "command 0 33000 0 0", "command 0 -1 0 0"));
+}
+
+TEST_F(ExtensionsTest, APostedCommandRunsAfterTheCommandHasReturned) {
+  onCommand = [](IHostApp& host, s32 number) {
+    if (number == 31000) {
+      host.PostCommand(32000, 5, 6);
+      calls.push_back("posted");
+    }
+    return number == 31000 ? 1 : 0;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  calls.clear();
+  EXPECT_EQ(extensions.RunCommand(31000), 1);
+  EXPECT_THAT(calls, ElementsAre("command 2 31000 0 0", "posted", "command 2 32000 5 6"));
+}
+
+TEST_F(ExtensionsTest, WhatTheModuleThrowsIsAFailureOfTheModule) {
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  onCommand = [](IHostApp&, s32) -> s32 { throw std::runtime_error("stoi argument out of range"); };
+  try {
+    extensions.RunCommand(30000);
+    FAIL() << "nothing was thrown";
+  } catch (const ModuleFailure& failure) {
+    EXPECT_THAT(failure.what(), HasSubstr("OnCommand: stoi argument out of range"));
+  }
+  onCommand = [](IHostApp&, s32) -> s32 { throw 5; };
+  EXPECT_THROW(extensions.RunCommand(30000), ModuleFailure);
+}
+
+TEST_F(ExtensionsTest, AModuleIsFoundByItsIdInAnyCaseAndByNoOther) {
+  extensionCount = 2;
+  u32 system = 0;
+  u32 first = 0;
+  onRegister = [&](IHostApp& host) {
+    system = host.FindModuleByGuid("A4C2985D9C7E4035A3221CFD600171D0");
+    first = host.FindModuleByGuid(std::string(34, 'A').c_str());
+    EXPECT_EQ(host.FindModuleByGuid("00000000000000000000000000000000"), 0u);
+    EXPECT_EQ(host.FindModuleByGuid(""), 0u);
+    EXPECT_EQ(host.FindModuleByGuid(nullptr), 0u);
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  EXPECT_NE(system & 0xFFFF, 0u);
+  EXPECT_NE(first & 0xFFFF, 0u);
+  EXPECT_NE(system & 0xFFFF, first & 0xFFFF);
+}
+
+TEST_F(ExtensionsTest, AMissingTextIsEmptyAndToldOnce) {
+  extensionCount = 1;
+  onRegister = [](IHostApp& host) {
+    for (int time = 0; time < 3; ++time) {
+      EXPECT_EQ(WString(host.GetLanguageString(7)), W(""));
+      EXPECT_EQ(WString(host.GetLanguageTitle(7)), W(""));
+      EXPECT_EQ(WString(host.GetModuleLanguageString(0, 8)), W(""));
+      EXPECT_EQ(WString(host.GetModuleLanguageString(0x12345, 9)), W(""));
+    }
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  EXPECT_EQ(recorded_.Out(),
+            "{\"event\":\"missing-text\",\"id\":7}\n"
+            "{\"event\":\"missing-text\",\"id\":8}\n"
+            "{\"event\":\"missing-text\",\"id\":9}\n");
+}
+
+TEST_F(ExtensionsTest, LogLinesAreFilledInAndTold) {
+  extensionCount = 1;
+  onRegister = [](IHostApp& host) {
+    host.LogMessage(1, 30, W("FILE : %s not found (%d)"), W("x"), 2);
+    host.LogText(0, 10, W("100%s"));
+    host.LogText(0, 10, nullptr);
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  EXPECT_EQ(recorded_.Out(),
+            "{\"event\":\"log\",\"category\":1,\"level\":30,\"text\":\"FILE : x not found (2)\"}\n"
+            "{\"event\":\"log\",\"category\":0,\"level\":10,\"text\":\"100%s\"}\n"
+            "{\"event\":\"log\",\"category\":0,\"level\":10,\"text\":\"\"}\n");
+}
+
+TEST_F(ExtensionsTest, ARefreshIsToldWhenTheServiceIsGivenBack) {
+  extensionCount = 1;
+  onRegister = [this](IHostApp& host) {
+    auto* const refresh = static_cast<IHostViewRefresh*>(host.GetService(3010, 0));
+    refresh->AddFolder(W("Z:\\a"));
+    EXPECT_EQ(recorded_.Out(), "");
+    host.ReleaseService(refresh, 3010);
+    host.ReleaseService(host.GetService(3000, 0), 0);
+    EXPECT_EQ(host.GetService(3000, 0), host.GetService(3000, 0));
+    EXPECT_EQ(host.GetService(1, 0), nullptr);
+    host.ReleaseService(nullptr, 0);
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  EXPECT_EQ(recorded_.Out(), "{\"event\":\"refresh\",\"folder\":\"Z:\\\\a\"}\n");
+}
+
+TEST_F(ExtensionsTest, FoldersEndInABackslashAndFitOrAreNotGiven) {
+  extensionCount = 1;
+  onRegister = [this](IHostApp& host) {
+    const WString expected = scratch_.Path(W("config")) + W("\\");
+    WString buffer(expected.size() + 1, W('x'));
+    EXPECT_TRUE(host.GetConfigPath(buffer.data(), static_cast<u32>(buffer.size())));
+    EXPECT_EQ(WString(buffer.c_str()), expected);
+    EXPECT_FALSE(host.GetConfigPath(buffer.data(), static_cast<u32>(expected.size())));
+    EXPECT_FALSE(host.GetTargetPanelPath(buffer.data(), static_cast<u32>(buffer.size())));
+    EXPECT_FALSE(host.GetConfigPath(nullptr, 0));
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+}
+
+TEST_F(ExtensionsTest, ATextAnswerThatDoesNotFitIsRefused) {
+  extensionCount = 1;
+  Questions questions(*reporter_, recorded_.output, {*ParseAnswer("text=abc"), *ParseAnswer("text=abcd")}, {},
+                      nullptr);
+  Shared shared(recorded_.output, *reporter_, LanguageTable(), Answers(scratch_), questions, false);
+  onRegister = [](IHostApp& host) {
+    std::array<WCHAR, 4> buffer = {W('o')};
+    EXPECT_TRUE(host.AskText(W("T"), W(""), nullptr, nullptr, buffer.data(), 4, nullptr, 0));
+    EXPECT_EQ(WString(buffer.data()), W("abc"));
+    EXPECT_FALSE(host.AskText(W("T"), W(""), nullptr, nullptr, buffer.data(), 4, nullptr, 0));
+    EXPECT_EQ(WString(buffer.data()), W("abc"));
+    return 1;
+  };
+  Extensions extensions(shared, exports_);
+  extensions.Start();
+  EXPECT_TRUE(questions.HasRefused());
+}
+
+TEST_F(ExtensionsTest, AChoiceIsWrittenIntoTheRecord) {
+  extensionCount = 1;
+  Questions questions(*reporter_, recorded_.output, {*ParseAnswer("choice=two")}, {}, nullptr);
+  Shared shared(recorded_.output, *reporter_, LanguageTable(), Answers(scratch_), questions, false);
+  onRegister = [](IHostApp& host) {
+    AskChoiceRecord record;
+    record.choices = host.CreateStringList();
+    record.choices->Add(W("one"));
+    record.choices->Add(W("two"));
+    // A full caption has no terminator.
+    std::fill(std::begin(record.caption), std::end(record.caption), W('c'));
+    EXPECT_TRUE(host.AskChoice(&record));
+    EXPECT_EQ(WString(record.result), W("two"));
+    EXPECT_FALSE(host.AskChoice(&record));
+    record.choices->Release();
+    record.choices = nullptr;
+    EXPECT_FALSE(host.AskChoice(&record));
+    EXPECT_FALSE(host.AskChoice(nullptr));
+    return 1;
+  };
+  Extensions extensions(shared, exports_);
+  extensions.Start();
+  EXPECT_THAT(recorded_.Out(), HasSubstr("\"title\":\"" + std::string(64, 'c') + "\""));
+}
+
+TEST_F(ExtensionsTest, ScriptCommandsAreRecordedOnceAndOnlyInTheirSet) {
+  extensionCount = 1;
+  onRegister = [](IHostApp& host) {
+    EXPECT_EQ(host.GetCustomCommandSet("Other"), nullptr);
+    IHostCustomCommandSet* const set = host.GetCustomCommandSet("QX.Utils");
+    EXPECT_FALSE(set->IsRegistered());
+    IHostCustomCommand* const command = set->AddCommand("SortLines", 30352, 0x100000, 2048);
+    command->AddParameter("FILE", 4128, W("path"));
+    command->SetDescription(W("sorts"));
+    set->Commit(1);
+    EXPECT_TRUE(set->IsRegistered());
+    EXPECT_EQ(set->AddCommand("Late", 1, 0, 0), nullptr);
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  ASSERT_EQ(shared_.scriptCommands.commands.size(), 1u);
+  const DeclaredScriptCommand& command = shared_.scriptCommands.commands.front();
+  EXPECT_EQ(command.name, "SortLines");
+  EXPECT_EQ(command.number, 30352u);
+  EXPECT_EQ(command.description, W("sorts"));
+  ASSERT_EQ(command.parameters.size(), 1u);
+  EXPECT_EQ(command.parameters.front().name, "FILE");
+  EXPECT_EQ(command.parameters.front().flags, 4128u);
+}
+
+TEST_F(ExtensionsTest, MenuHandlesThatWereNotGivenOutAreRefused) {
+  extensionCount = 1;
+  onRegister = [](IHostApp& host) {
+    IHostMenuBuilder& menus = *host.GetMenuBuilder();
+    int stranger = 0;
+    EXPECT_EQ(menus.AddSubMenuText(nullptr, W("x"), 0), nullptr);
+    EXPECT_EQ(menus.AddSubMenuText(reinterpret_cast<MenuHandle>(&stranger), W("x"), 0), nullptr);
+    const MenuHandle root = menus.CreateRootMenu(0, 1, 0);
+    const CommandHandle command = host.GetCommandFactory()->CreateCommand(7, 0, 0, 0, 9, 0);
+    EXPECT_EQ(menus.AddSubMenuText(reinterpret_cast<MenuHandle>(command), W("x"), 0), nullptr);
+    menus.AddCommand(root, nullptr, 1, 0);
+    menus.AddCommand(nullptr, command, 1, 0);
+    menus.AddCommand(root, reinterpret_cast<CommandHandle>(root), 1, 0);
+    menus.AddSeparator(nullptr, 0);
+    menus.AddCommand(root, command, 1, 0);
+    menus.AddCommand(menus.AddSubMenuText(root, W("sub"), 0), command, 1, 0);
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.ReportMenus();
+  EXPECT_EQ(recorded_.Out(), R"({"event":"menu","path":"","number":null,"id":0,"display":0,"text":""})"
+                             "\n"
+                             R"({"event":"menu","path":"/","number":7,"id":0,"display":9,"text":""})"
+                             "\n"
+                             R"({"event":"menu","path":"/sub","number":null,"id":0,"display":0,"text":"sub"})"
+                             "\n"
+                             R"({"event":"menu","path":"/sub/","number":7,"id":0,"display":9,"text":""})"
+                             "\n");
+}
+
+}  // namespace
+}  // namespace QxHost

@@ -1,0 +1,61 @@
+#include "host/output.h"
+
+#include <gtest/gtest.h>
+
+#include "host/reporter.h"
+#include "recorded_output.h"
+
+namespace QxHost {
+namespace {
+
+TEST(Output, LinesAreGatheredAndProblemsComeBehindThem) {
+  RecordedOutput recorded;
+  recorded.output.Line("one");
+  EXPECT_EQ(recorded.out, "");
+  recorded.output.Problem("two");
+  EXPECT_EQ(recorded.out, "one\n");
+  EXPECT_EQ(recorded.problems, "qxhost: two\n");
+}
+
+TEST(Output, ManyLinesGoOutInBlocks) {
+  RecordedOutput recorded;
+  for (int line = 0; line < 100000; ++line) recorded.output.Line("x");
+  EXPECT_GT(recorded.out.size(), 100000u);
+  EXPECT_EQ(recorded.Out().size(), 200000u);
+}
+
+TEST(Output, AFailedWriteIsRemembered) {
+  RecordedOutput recorded;
+  recorded.output.Line("one");
+  recorded.isBroken = true;
+  EXPECT_FALSE(recorded.output.HasFailed());
+  recorded.output.Flush();
+  EXPECT_TRUE(recorded.output.HasFailed());
+}
+
+TEST(JsonReporter, EachEventIsOneLineOfPlainAsciiOrUtf8) {
+  RecordedOutput recorded;
+  const auto reporter = MakeJsonReporter(recorded.output);
+  const WString lone = {W('a'), static_cast<WCHAR>(0xDCFF), W('\n'), W('"'), static_cast<WCHAR>(0xE4)};
+  reporter->Log(0, 10, lone);
+  reporter->List(21120, 1, {W("Z:\\a"), W("b")});
+  reporter->Shell({W("Open"), W("f"), W("a b")});
+  reporter->Result(-1);
+  EXPECT_EQ(recorded.Out(),
+            "{\"event\":\"log\",\"category\":0,\"level\":10,\"text\":\"a\xEF\xBF\xBD\\n\\\"\xC3\xA4\"}\n"
+            "{\"event\":\"list\",\"request\":21120,\"marker\":1,\"items\":[\"Z:\\\\a\",\"b\"]}\n"
+            "{\"event\":\"shell\",\"verb\":\"Open\",\"file\":\"f\",\"arguments\":\"a b\"}\n"
+            "{\"event\":\"result\",\"value\":-1}\n");
+}
+
+TEST(ProseReporter, LevelsHaveTheirNames) {
+  RecordedOutput recorded;
+  const auto reporter = MakeProseReporter(recorded.output);
+  reporter->Log(0, 10, W("one\r\n"));
+  reporter->Log(1, 30, W("two"));
+  reporter->Log(1, 20, W("three"));
+  EXPECT_EQ(recorded.Out(), "[info] one\n[error] two\n[20] three\n");
+}
+
+}  // namespace
+}  // namespace QxHost

@@ -1,0 +1,153 @@
+// Who answers a question, and what is told of it.
+#include "host/questions.h"
+
+#include <gmock/gmock.h>
+
+#include "recorded_output.h"
+
+using testing::HasSubstr;
+
+namespace QxHost {
+namespace {
+
+class QuestionsTest : public testing::Test {
+ protected:
+  Questions& Ask(std::vector<std::string> answers, std::vector<FormValue> form = {}) {
+    Answers parsed;
+    for (const std::string& answer : answers) parsed.push_back(*ParseAnswer(answer));
+    return questions_.emplace(*reporter_, recorded_.output, parsed, std::move(form), nullptr);
+  }
+
+  // A terminal at which these lines are typed.
+  Questions& AskPerson(std::vector<std::string> lines) {
+    const auto readLine = [lines, next = std::size_t{0}]() mutable -> std::optional<std::string> {
+      if (next == lines.size()) return std::nullopt;
+      return lines[next++];
+    };
+    return questions_.emplace(*reporter_, recorded_.output, Answers(), std::vector<FormValue>(), readLine);
+  }
+
+  // A form with one free field and one that takes digits alone.
+  std::vector<DialogField> Fields() {
+    return {{"text", [this] { return text_; },
+             [this](const WString& value) {
+               text_ = value;
+               return true;
+             }},
+            {"digit", [this] { return digit_; },
+             [this](const WString& value) {
+               if (value.size() != 1 || value[0] < W('0') || value[0] > W('9')) return false;
+               digit_ = value;
+               return true;
+             }}};
+  }
+
+  RecordedOutput recorded_;
+  std::unique_ptr<Reporter> reporter_ = MakeJsonReporter(recorded_.output);
+  std::optional<Questions> questions_;
+  WString text_ = W("old");
+  WString digit_ = W("1");
+};
+
+TEST_F(QuestionsTest, ABoxTakesTheNextAnswer) {
+  Questions& questions = Ask({"ok", "cancel"});
+  EXPECT_EQ(questions.AskBox(W("T"), W("text"), 33), 1);
+  EXPECT_EQ(questions.AskBox(W("T"), W("text"), 33), 2);
+  EXPECT_EQ(recorded_.Out(),
+            R"({"event":"question","kind":"box","title":"T","text":"text","style":33,"answer":"ok"})"
+            "\n"
+            R"({"event":"question","kind":"box","title":"T","text":"text","style":33,"answer":"cancel"})"
+            "\n");
+}
+
+TEST_F(QuestionsTest, WithoutAnswerAndTerminalTheHarmlessButtonIsPressed) {
+  Questions& questions = Ask({});
+  EXPECT_EQ(questions.AskBox(W(""), W(""), 1), 2);
+  EXPECT_EQ(questions.AskBox(W(""), W(""), 4), 7);
+  EXPECT_EQ(questions.AskBox(W(""), W(""), 0), 1);
+  EXPECT_EQ(questions.AskText(W(""), W(""), W("default"), W("")), std::nullopt);
+  EXPECT_EQ(questions.AskChoice(W(""), W(""), {W("1")}, 0), std::nullopt);
+  EXPECT_FALSE(questions.AskDialog("D", W(""), Fields()));
+  EXPECT_FALSE(questions.HasRefused());
+}
+
+TEST_F(QuestionsTest, CancelOnABoxWithoutCancelDoesTheLeast) {
+  Questions& questions = Ask({"cancel", "cancel"});
+  EXPECT_EQ(questions.AskBox(W(""), W(""), 4), 7);
+  EXPECT_EQ(questions.AskBox(W(""), W(""), 0), 1);
+  EXPECT_FALSE(questions.HasRefused());
+}
+
+TEST_F(QuestionsTest, AnAnswerThatDoesNotFitCancelsAndRefusesTheCall) {
+  EXPECT_EQ(Ask({"yes"}).AskBox(W("T"), W(""), 1), 2);
+  EXPECT_TRUE(questions_->HasRefused());
+  EXPECT_EQ(Ask({"no"}).AskText(W("T"), W(""), W("d"), W("")), std::nullopt);
+  EXPECT_TRUE(questions_->HasRefused());
+  EXPECT_EQ(Ask({"choice=5"}).AskChoice(W("T"), W(""), {W("1"), W("2")}, 0), std::nullopt);
+  EXPECT_TRUE(questions_->HasRefused());
+  EXPECT_FALSE(Ask({"yes"}).AskDialog("D", W(""), Fields()));
+  EXPECT_TRUE(questions_->HasRefused());
+}
+
+TEST_F(QuestionsTest, ATextTakesItsAnswerOrTheDefault) {
+  Questions& questions = Ask({"text=new", "ok", "text=", "cancel"});
+  EXPECT_EQ(questions.AskText(W("T"), W("P"), W("old"), W("hint")), W("new"));
+  EXPECT_EQ(questions.AskText(W("T"), W("P"), W("old"), W("")), W("old"));
+  EXPECT_EQ(questions.AskText(W("T"), W("P"), W("old"), W("")), W(""));
+  EXPECT_EQ(questions.AskText(W("T"), W("P"), W("old"), W("")), std::nullopt);
+  EXPECT_THAT(recorded_.Out(),
+              HasSubstr(R"({"event":"question","kind":"text","title":"T","text":"P","style":0,)"
+                        R"("default":"old","hint":"hint","answer":"text=new"})"));
+}
+
+TEST_F(QuestionsTest, AChoiceIsARowByItsTextOrTheOneSelected) {
+  const std::vector<WString> rows = {W("1"), W("2"), W("4")};
+  Questions& questions = Ask({"choice=2", "ok", "cancel"});
+  EXPECT_EQ(questions.AskChoice(W(""), W(""), rows, 2), 1u);
+  EXPECT_EQ(questions.AskChoice(W(""), W(""), rows, 2), 2u);
+  EXPECT_EQ(questions.AskChoice(W(""), W(""), rows, 2), std::nullopt);
+}
+
+TEST_F(QuestionsTest, OkWithoutASelectedRowIsNoChoice) {
+  EXPECT_EQ(Ask({"ok"}).AskChoice(W(""), W(""), {W("1")}, -1), std::nullopt);
+  EXPECT_EQ(Ask({"ok"}).AskChoice(W(""), W(""), {W("1")}, 7), std::nullopt);
+  EXPECT_TRUE(questions_->HasRefused());
+}
+
+TEST_F(QuestionsTest, AFormIsFilledAndOkEndsIt) {
+  EXPECT_TRUE(Ask({"ok"}, {{"text", W("new")}, {"digit", W("7")}}).AskDialog("D", W("T"), Fields()));
+  EXPECT_EQ(text_, W("new"));
+  EXPECT_EQ(digit_, W("7"));
+}
+
+TEST_F(QuestionsTest, AFormIsFilledOnce) {
+  Questions& questions = Ask({"ok", "ok"}, {{"text", W("new")}});
+  questions.AskDialog("D", W("T"), Fields());
+  text_ = W("other");
+  EXPECT_TRUE(questions.AskDialog("D", W("T"), Fields()));
+  EXPECT_EQ(text_, W("other"));
+}
+
+TEST_F(QuestionsTest, AWrongFieldOrValueCancelsTheDialogAndListsTheFields) {
+  EXPECT_FALSE(Ask({"ok"}, {{"texts", W("x")}}).AskDialog("D", W("T"), Fields()));
+  EXPECT_TRUE(questions_->HasRefused());
+  EXPECT_THAT(recorded_.problems,
+              HasSubstr("there is no field texts in the dialog D; its fields are text=old, digit=1"));
+  EXPECT_FALSE(Ask({"ok"}, {{"digit", W("x")}}).AskDialog("D", W("T"), Fields()));
+  EXPECT_TRUE(questions_->HasRefused());
+  EXPECT_THAT(recorded_.problems, HasSubstr("the field digit cannot be x"));
+}
+
+TEST_F(QuestionsTest, APersonIsAskedUntilTheAnswerFits) {
+  EXPECT_EQ(AskPerson({"what", "", "ok"}).AskBox(W("T"), W("text"), 1), 1);
+  EXPECT_EQ(AskPerson({}).AskBox(W("T"), W("text"), 1), 2);
+  EXPECT_EQ(AskPerson({"typed"}).AskText(W("T"), W(""), W("old"), W("")), W("typed"));
+  EXPECT_EQ(AskPerson({""}).AskText(W("T"), W(""), W("old"), W("")), W("old"));
+  EXPECT_EQ(AskPerson({"3", "2"}).AskChoice(W("T"), W(""), {W("1"), W("2")}, 0), 1u);
+  EXPECT_EQ(AskPerson({""}).AskChoice(W("T"), W(""), {W("1"), W("2")}, 0), 0u);
+  EXPECT_TRUE(AskPerson({"digit=x", "nonsense", "digit=9", "ok"}).AskDialog("D", W("T"), Fields()));
+  EXPECT_EQ(digit_, W("9"));
+}
+
+}  // namespace
+}  // namespace QxHost

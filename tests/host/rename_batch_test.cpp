@@ -1,0 +1,165 @@
+// Renames by the host: what is done, what is refused, and what is told.
+#include "host/rename_batch.h"
+
+#include <gmock/gmock.h>
+
+#include "recorded_output.h"
+#include "support/scratch_folder.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Pair;
+
+namespace QxHost {
+namespace {
+
+using namespace Velmora::SDK;
+
+class RecordedResults final : public IRenameResultCallback {
+ public:
+  void OnRenameResult(void* item, u32 resultCode) override { results.emplace_back(item, resultCode); }
+  std::vector<std::pair<void*, u32>> results;
+};
+
+class RenameBatchTest : public testing::Test {
+ protected:
+  u32 RenameItem(WStringView name, const WCHAR* newName, bool dryRun = false) {
+    FileOperation operation(tree_, *reporter_, recorded_.output, dryRun);
+    IHostRenameBatch* const batch = operation.CreateRenameBatch();
+    batch->AddByItem(tree_.Find(scratch_.Path(name)), newName, nullptr);
+    operation.RunBatch(batch, nullptr);
+    const u32 result = batch->At(0)->ResultCode();
+    operation.ReleaseRenameBatch(batch);
+    return result;
+  }
+
+  ScratchFolder scratch_;
+  FileItemTree tree_;
+  RecordedOutput recorded_;
+  std::unique_ptr<Reporter> reporter_ = MakeJsonReporter(recorded_.output);
+};
+
+TEST_F(RenameBatchTest, AFileIsRenamedAndToldOf) {
+  scratch_.Write(W("a.txt"), "content");
+  EXPECT_EQ(RenameItem(W("a.txt"), W("b.txt")), 0u);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("b.txt")));
+  EXPECT_EQ(scratch_.Read(W("b.txt")), "content");
+  EXPECT_THAT(recorded_.Out(), HasSubstr(R"("to":"b.txt","result":0})"));
+}
+
+TEST_F(RenameBatchTest, ANameThatStaysIsIgnored) {
+  scratch_.Write(W("a.txt"), "");
+  EXPECT_EQ(RenameItem(W("a.txt"), W("a.txt")), 10u);
+  EXPECT_EQ(recorded_.problems, "");
+}
+
+TEST_F(RenameBatchTest, ANameThatCanBeNoneIsRefusedWithoutHarm) {
+  scratch_.Write(W("a.txt"), "");
+  scratch_.MakeFolder(W("dir"));
+  for (const WCHAR* name : {W(""), W("."), W(".."), W("dir\\b"), W("dir/b"), W("b:c"), W("b*"), W("b\n")}) {
+    EXPECT_EQ(RenameItem(W("a.txt"), name), 123u) << ToUtf8(name);
+  }
+  EXPECT_EQ(RenameItem(W("a.txt"), nullptr), 123u);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt"), W("dir")));
+  EXPECT_THAT(recorded_.problems, HasSubstr("cannot rename"));
+}
+
+TEST_F(RenameBatchTest, ATargetThatExistsIsNotReplaced) {
+  scratch_.Write(W("a"), "a");
+  scratch_.Write(W("b"), "b");
+  EXPECT_EQ(RenameItem(W("a"), W("b")), 183u);
+  EXPECT_EQ(scratch_.Read(W("b")), "b");
+  EXPECT_EQ(scratch_.Read(W("a")), "a");
+}
+
+TEST_F(RenameBatchTest, LetterCaseAloneCanChange) {
+  scratch_.Write(W("a.txt"), "x");
+  scratch_.MakeFolder(W("dir"));
+  EXPECT_EQ(RenameItem(W("a.txt"), W("A.Txt")), 0u);
+  EXPECT_EQ(RenameItem(W("dir"), W("DIR")), 0u);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("A.Txt"), W("DIR")));
+}
+
+TEST_F(RenameBatchTest, AFileThatHasGoneFailsWithItsNumber) {
+  scratch_.Write(W("a"), "");
+  FileItem* const item = tree_.Find(scratch_.Path(W("a")));
+  std::filesystem::remove(scratch_.NativePath(W("a")));
+  FileOperation operation(tree_, *reporter_, recorded_.output, false);
+  IHostRenameBatch* const batch = operation.CreateRenameBatch();
+  batch->AddByItem(item, W("b"), nullptr);
+  operation.RunBatch(batch, nullptr);
+  EXPECT_EQ(batch->At(0)->ResultCode(), 2u);
+  EXPECT_THAT(recorded_.problems, HasSubstr("(2)"));
+  batch->Release();
+}
+
+TEST_F(RenameBatchTest, ADryRunReportsAndDoesNothing) {
+  scratch_.Write(W("a"), "");
+  EXPECT_EQ(RenameItem(W("a"), W("b"), true), 0u);
+  EXPECT_EQ(RenameItem(W("a"), W("a"), true), 10u);
+  EXPECT_EQ(RenameItem(W("a"), W("?"), true), 123u);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("a")));
+}
+
+TEST_F(RenameBatchTest, EachResultIsToldWithItsDataAndStandsInTheBatch) {
+  scratch_.Write(W("a"), "");
+  scratch_.Write(W("b"), "");
+  int first = 0;
+  int second = 0;
+  FileOperation operation(tree_, *reporter_, recorded_.output, false);
+  IHostRenameBatch* const batch = operation.CreateRenameBatch();
+  batch->AddByItem(tree_.Find(scratch_.Path(W("a"))), W("b"), &first);
+  batch->AddByItem(tree_.Find(scratch_.Path(W("b"))), W("c"), &second);
+  EXPECT_EQ(batch->Count(), 0u);
+  EXPECT_EQ(batch->At(0), nullptr);
+  RecordedResults callback;
+  operation.RunBatch(batch, &callback);
+  EXPECT_THAT(callback.results, ElementsAre(Pair(&first, 183u), Pair(&second, 0u)));
+  ASSERT_EQ(batch->Count(), 2u);
+  EXPECT_EQ(batch->At(1)->UserData(), &second);
+  EXPECT_EQ(batch->At(2), nullptr);
+  batch->Release();
+}
+
+TEST_F(RenameBatchTest, PathsFollowAFolderThatTheSameBatchRenames) {
+  scratch_.MakeFolder(W("dir"));
+  scratch_.Write(W("dir\\a"), "");
+  FileOperation operation(tree_, *reporter_, recorded_.output, false);
+  IHostRenameBatch* const batch = operation.CreateRenameBatch();
+  batch->AddByPath(scratch_.Path(W("dir")).c_str(), W("other"), nullptr);
+  batch->AddByPath(scratch_.Path(W("dir\\a")).c_str(), W("b"), nullptr);
+  RecordedResults callback;
+  operation.RunPathBatch(batch, &callback);
+  EXPECT_THAT(callback.results, ElementsAre(Pair(nullptr, 0u), Pair(nullptr, 0u)));
+  EXPECT_THAT(scratch_.Names(W("other")), ElementsAre(W("b")));
+  batch->Release();
+}
+
+// A dry run, so that even a host that took such a path for the current folder would rename nothing.
+TEST_F(RenameBatchTest, ADriveAndWhatIsNoFullPathAreNotRenamed) {
+  FileOperation operation(tree_, *reporter_, recorded_.output, true);
+  IHostRenameBatch* const batch = operation.CreateRenameBatch();
+  for (const WCHAR* path : {W("Z:\\"), W("Z:"), W("Z:a"), W("a"), W("."), W(""), W("\\")}) {
+    batch->AddByPath(path, W("x"), nullptr);
+  }
+  batch->AddByPath(nullptr, W("x"), nullptr);
+  operation.RunPathBatch(batch, nullptr);
+  std::vector<u32> results;
+  for (u32 index = 0; index < batch->Count(); ++index) results.push_back(batch->At(index)->ResultCode());
+  EXPECT_THAT(results, ElementsAre(5u, 161u, 161u, 161u, 161u, 161u, 161u, 161u));
+  batch->Release();
+}
+
+TEST_F(RenameBatchTest, FilesAreLookedUpByPath) {
+  const WString path = scratch_.Write(W("a"), "");
+  FileOperation operation(tree_, *reporter_, recorded_.output, false);
+  EXPECT_NE(operation.FileExists(path.c_str()), 0);
+  EXPECT_EQ(operation.FileExists(scratch_.Path(W("b")).c_str()), 0);
+  EXPECT_EQ(operation.FileExists(nullptr), 0);
+  ASSERT_NE(operation.GetFileItem(path.c_str(), 1), nullptr);
+  EXPECT_EQ(operation.GetFileItem(scratch_.Path(W("b")).c_str(), 1), nullptr);
+  EXPECT_EQ(operation.GetFileItem(W(""), 1), nullptr);
+}
+
+}  // namespace
+}  // namespace QxHost
