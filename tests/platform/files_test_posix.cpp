@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <limits>
+#include <map>
 
 #include "platform/handles.h"
 #include "platform/outcome.h"
@@ -93,16 +94,40 @@ TEST_F(NativeFilesTest, AFolderWithoutPermissionsIsDenied) {
 }
 
 TEST_F(NativeFilesTest, EntriesThatMayBeListedButNotLookedAtAreStillListed) {
-  const WString folder = scratch_.MakeFolder(W("sub"));
+  scratch_.MakeFolder(W("sub\\inner"));
   scratch_.Write(W("sub\\a.txt"), "abc");
+  ASSERT_EQ(symlink("a.txt", scratch_.NativePath(W("sub\\link")).c_str()), 0);
   ASSERT_EQ(chmod(scratch_.NativePath(W("sub")).c_str(), 0444), 0);
   const OrdinaryUser user;
+  std::map<WString, DWORD> found;
   WIN32_FIND_DATAW data;
-  const FindHandle search(FindFirstFileExW((folder + W("\\*.txt")).c_str(), FindExInfoBasic, &data,
+  const FindHandle search(FindFirstFileExW(scratch_.Path(W("sub\\*n*")).c_str(), FindExInfoBasic, &data,
                                            FindExSearchNameMatch, nullptr, 0));
   ASSERT_TRUE(search.IsOpen());
+  do {
+    found[data.cFileName] = data.dwFileAttributes;
+  } while (FindNextFileW(search.Get(), &data));
+  EXPECT_EQ(found, (std::map<WString, DWORD>{{W("inner"), 0x10u}, {W("link"), 0x400u}}));
+  const FindHandle files(FindFirstFileExW(scratch_.Path(W("sub\\*.txt")).c_str(), FindExInfoBasic, &data,
+                                          FindExSearchNameMatch, nullptr, 0));
+  ASSERT_TRUE(files.IsOpen());
   EXPECT_EQ(WString(data.cFileName), W("a.txt"));
   EXPECT_EQ(data.dwFileAttributes, 0x20u);
+}
+
+TEST_F(NativeFilesTest, TheAttributesOfAnothersFileAreNotChanged) {
+  // Of root, whoever runs the test.
+  const OrdinaryUser user;
+  EXPECT_EQ(FailureOf(SetFileAttributesW(W("Z:\\etc\\passwd"), FILE_ATTRIBUTE_READONLY)), 5u);
+}
+
+TEST_F(NativeFilesTest, AReadErrorOfTheDeviceIs1117) {
+  const FileHandle memory(OpenFor(W("Z:\\proc\\self\\mem"), GENERIC_READ, OPEN_EXISTING));
+  ASSERT_TRUE(memory.IsOpen());
+  char byte = 0;
+  DWORD done = 77;
+  EXPECT_EQ(FailureOf(ReadFile(memory.Get(), &byte, 1, &done, nullptr)), 1117u);
+  EXPECT_EQ(done, 0u);
 }
 
 TEST_F(NativeFilesTest, AFullDiskIs112) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "platform/handles.h"
 #include "platform/outcome.h"
@@ -117,6 +118,22 @@ TEST_F(FindTest, APlainNameFindsThatEntryAlone) {
   EXPECT_EQ(Find(W("sub")), Names{W("sub")});
   EXPECT_EQ(Find(W("sub\\.")), Names{W("sub")});
   EXPECT_EQ(FailureAt(W("b.txt")), 2u);
+}
+
+TEST_F(FindTest, ARelativeMaskSearchesTheCurrentFolder) {
+  WriteFiles({W("a.txt"), W("b.dat")});
+  const WString onDrive = scratch_.Path().substr(0, 2) + W("*.dat");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(scratch_.NativePath({}));
+  std::vector<WString> found;
+  for (const WCHAR* mask : {W("*.txt"), W("b.dat"), W(".\\*.dat"), onDrive.c_str()}) {
+    WIN32_FIND_DATAW data = {};
+    const FindHandle search(
+        FindFirstFileExW(mask, FindExInfoBasic, &data, FindExSearchNameMatch, nullptr, 0));
+    found.emplace_back(data.cFileName);
+  }
+  std::filesystem::current_path(before);
+  EXPECT_EQ(found, (Names{W("a.txt"), W("b.dat"), W("b.dat"), W("b.dat")}));
 }
 
 TEST_F(FindTest, ABackslashAtTheEndFindsNothing) {

@@ -188,6 +188,13 @@ TEST_F(MoveAcrossTest, AFolderStaysWhereItIs) {
   EXPECT_TRUE(fs::is_empty(other_));
 }
 
+TEST_F(MoveAcrossTest, APipeStaysWhereItIs) {
+  ASSERT_EQ(mkfifo(scratch_.NativePath(W("pipe")).c_str(), 0644), 0);
+  EXPECT_EQ(MoveOut(W("pipe"), "pipe"), 17u);
+  EXPECT_TRUE(scratch_.Exists(W("pipe")));
+  EXPECT_TRUE(fs::is_empty(other_));
+}
+
 TEST_F(MoveAcrossTest, ALinkMovesAsALink) {
   scratch_.Write(W("target"), "abc");
   ASSERT_EQ(symlink("target", scratch_.NativePath(W("link")).c_str()), 0);

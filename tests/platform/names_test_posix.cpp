@@ -142,7 +142,7 @@ TEST_F(NativeNamesTest, AColonIsALetterOfAName) {
 }
 
 // The dots that Windows drops could otherwise lead out of the folder.
-TEST_F(NativeNamesTest, AName0fThreeDotsLeadsNowhere) {
+TEST_F(NativeNamesTest, ANameOfThreeDotsLeadsNowhere) {
   scratch_.MakeFolder(W("sub"));
   scratch_.Write(W("a.txt"), "abc");
   EXPECT_EQ(FailureOfValue(GetFileAttributesW(scratch_.Path(W("sub\\...\\a.txt")).c_str())), 123u);

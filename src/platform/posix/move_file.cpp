@@ -14,6 +14,7 @@
 #include "platform/posix/name_encoding.h"
 #include "platform/posix/path_translation.h"
 #include "platform/posix/share_table.h"
+#include "platform/posix/upper_case.h"
 #include "platform/posix/windows_functions.h"
 
 namespace {
@@ -31,10 +32,9 @@ bool IsInside(const std::string& path, const std::string& folder) {
   return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
 }
 
-std::u16string LowerCase(std::string_view name) {
+std::u16string InUpperCase(std::string_view name) {
   std::u16string text = Platform::WideName(name);
-  const int size = static_cast<int>(text.size());
-  LCMapStringW(LOCALE_INVARIANT, LCMAP_LOWERCASE, text.data(), size, text.data(), size);
+  for (char16_t& unit : text) unit = Platform::UpperCase(unit);
   return text;
 }
 
@@ -42,7 +42,7 @@ std::u16string LowerCase(std::string_view name) {
 // another spelling. A second hard link is a file of its own.
 bool IsOtherSpelling(const Move& move, const struct stat& target) {
   return target.st_dev == move.source.st_dev && target.st_ino == move.source.st_ino && target.st_nlink == 1 &&
-         LowerCase(move.from.path) == LowerCase(move.to.path);
+         InUpperCase(move.from.path) == InUpperCase(move.to.path);
 }
 
 // For file systems that cannot rename without overwriting. A second link to a file is refused by the kernel
