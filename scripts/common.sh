@@ -41,12 +41,39 @@ build() {
   quietly "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
-# A Wine prefix of the project's own, made once.
+# at_exit COMMAND: runs it when the script ends, the last one first.
+exit_commands=()
+at_exit() { exit_commands=("$1" "${exit_commands[@]}"); }
+run_exit_commands() {
+  local command
+  for command in "${exit_commands[@]}"; do eval "$command"; done
+}
+trap run_exit_commands EXIT
+
+# A display of the script's own, for Windows programs that show something.
+start_display() {
+  local number="build/logs/display-number.$$"
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" >build/logs/display.log 2>&1 &
+  at_exit "kill $! 2>/dev/null || true; rm -f '$PWD/$number'"
+  for _ in $(seq 100); do
+    [ -s "$number" ] && break
+    sleep 0.1
+  done
+  export DISPLAY=":$(cat "$number")"
+}
+
+# A Wine prefix of the project's own, made once, and a display for what runs in it.
 prepare_wine() {
   export WINEPREFIX="$PWD/build/windows/wineprefix" WINEARCH=win64 WINEDEBUG=-all
   export WINEDLLOVERRIDES='mscoree,mshtml='
   mkdir -p "$WINEPREFIX"
+  start_display
+  # Wine's server outlives the programs that it serves; it must not lose its display under them.
+  at_exit '/usr/lib/wine/wineserver -k || true'
   [ -f "$WINEPREFIX/ready" ] && return 0
-  quietly wine-prefix xvfb-run -a /usr/lib/wine/wine64 wineboot --init
+  quietly wine-prefix scripts/wine wineboot --init
+  # Wine draws the frames of windows itself: there is no window manager on this display, and waiting for one
+  # would take two seconds for each window that closes.
+  quietly wine-frames scripts/wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
   touch "$WINEPREFIX/ready"
 }

@@ -29,9 +29,21 @@ TEST(SystemErrorText, NetworkErrorsLoadTheirLibraryAsADataFile) {
     GetSystemErrorText(error);
     EXPECT_EQ(Faults::CallCount("LoadLibraryExW"), 1) << error;
     EXPECT_EQ(Faults::LastFlags("LoadLibraryExW"), 2u) << error;
-    // The library is not there, so the flag for it is not set.
-    EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1300u) << error;
+    // The flag says that a module is to be searched, and none is handed on.
+    EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1B00u) << error;
   }
+}
+
+TEST(SystemErrorText, NetworkErrorsWithoutTheirLibraryAskTheSystemAlone) {
+  const Faults::Scope faults;
+  Faults::Watch("FormatMessageW");
+  Faults::Fail("LoadLibraryExW", 1, ERROR_MOD_NOT_FOUND);
+  EXPECT_EQ(GetSystemErrorText(2250), W("This network connection does not exist.\r\n"));
+  EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1300u);
+}
+
+TEST(SystemErrorText, ANetworkErrorThatTheSystemKnowsHasItsText) {
+  EXPECT_EQ(GetSystemErrorText(2250), W("This network connection does not exist.\r\n"));
 }
 
 TEST(SystemErrorText, ErrorsBesideTheNetworksLoadNoLibrary) {

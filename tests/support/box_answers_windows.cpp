@@ -2,14 +2,6 @@
 #include <deque>
 
 #include "support/box_answers.h"
-#include "support/wine_frames.h"
-
-namespace {
-
-// Before the first window: that is when Wine reads it.
-[[maybe_unused]] const bool framesAreDrawn = DrawFramesWithoutWindowManager();
-
-}  // namespace
 
 // A box is answered by its own message loop: when it becomes active the press of the button is posted to it.
 class BoxAnswers::Responder {
