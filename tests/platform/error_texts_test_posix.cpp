@@ -73,7 +73,7 @@ TEST(ErrorTextsTest, TheMessagesOfAModuleAreNotLookedAt) {
 }
 
 TEST(LoadLibraryTest, TheLibraryOfNetworkMessagesIsTheOnlyOne) {
-  EXPECT_NE(LoadLibraryExW(W("no-such-library.dll"), nullptr, LOAD_LIBRARY_AS_DATAFILE), nullptr);
+  EXPECT_NE(LoadLibraryExW(W("netmsg.dll"), nullptr, LOAD_LIBRARY_AS_DATAFILE), nullptr);
   EXPECT_EQ(LoadLibraryExW(W("other.dll"), nullptr, LOAD_LIBRARY_AS_DATAFILE), nullptr);
   EXPECT_EQ(GetLastError(), 126u);
   EXPECT_EQ(LoadLibraryExW(nullptr, nullptr, LOAD_LIBRARY_AS_DATAFILE), nullptr);
