@@ -93,9 +93,15 @@ class HostTest(unittest.TestCase):
         """Runs qxhost with these arguments and nothing else."""
         # Wine takes the encoding of file names from the locale.
         environment = dict(os.environ, LC_ALL="C.UTF-8")
-        done = subprocess.run(COMMAND + list(arguments), input=stdin, capture_output=True, cwd=cwd or self.folder,
-                              env=environment, timeout=TIMEOUT_SECONDS, check=False)
-        return Outcome(done.returncode, done.stdout.decode("utf-8"), done.stderr.decode("utf-8"))
+        # Files and not pipes: Wine's server is started by the first program and holds a pipe open long after it.
+        with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            given.write(stdin)
+            given.seek(0)
+            done = subprocess.run(COMMAND + list(arguments), stdin=given, stdout=out, stderr=err,
+                                  cwd=cwd or self.folder, env=environment, timeout=TIMEOUT_SECONDS, check=False)
+            out.seek(0)
+            err.seek(0)
+            return Outcome(done.returncode, out.read().decode("utf-8"), err.read().decode("utf-8"))
 
     def run_json(self, *arguments, answers=(), status=0, **keywords):
         """Runs qxhost --json with the test's own settings, and holds it to its exit status."""

@@ -70,10 +70,7 @@ TEST_F(FileItemTest, AFolderHasNoExtensionAndAFileWithoutADotNeither) {
   EXPECT_EQ(Extension(file, 1), W(""));
 }
 
-TEST_F(FileItemTest, ALoneDotAtTheEndIsAnExtensionOfNothing) {
-  FileItem item(nullptr, W("a."));
-  // No attributes are known of this item, so it counts as a folder until it is asked for.
-  EXPECT_TRUE(item.IsFolder());
+TEST_F(FileItemTest, ANameWhoseOnlyDotStandsFirstIsAllExtension) {
   scratch_.Write(W(".profile"), "");
   FileItem& profile = *tree_.Find(scratch_.Path(W(".profile")));
   EXPECT_EQ(BaseName(profile), W(""));
