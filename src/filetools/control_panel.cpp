@@ -43,6 +43,7 @@ void BuildControlPanelMenu(IHostApp& host, IHostMenuBuilder& builder, IHostComma
   const u32 parentModule = host.FindModuleByGuid(kParentModuleId) & 0xFFFF;
   const WString parentText(ViewOf(host.GetModuleLanguageString(parentModule, kParentText)));
   const MenuHandle parent = builder.AddSubMenuText(root, parentText.c_str(), 0);
+  if (!parent) return;
   const MenuHandle branch = builder.AddSubMenuUnder(parent, kBranchText, 1);
   if (!branch) return;
 

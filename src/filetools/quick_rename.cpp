@@ -1,5 +1,7 @@
 #include "filetools/quick_rename.h"
 
+#include <utility>
+
 #include "filetools/name_transforms.h"
 #include "frame/services/file_item_entry.h"
 
@@ -8,5 +10,6 @@ using namespace Velmora::SDK;
 void QuickRenameCommand(IHostApp& host, s32 number) {
   const NameTransform transform = FindNameTransform(number);
   if (!transform) return;
-  RenameChanged(host, SelectEntries(host, kListSelectedItems, kModeRename), transform);
+  std::optional<FileItemEntries> entries = SelectEntries(host, kListSelectedItems, kModeRename);
+  if (entries) RenameChanged(host, std::move(*entries), transform);
 }

@@ -19,17 +19,18 @@ WString NameOf(IHostFileItem& item) {
 
 WString BaseOf(const WString& name) { return name.substr(0, name.rfind(W('.'))); }
 
-// The files of the view whose base name is the focused item's. The focused item stands first in the list and,
-// with the view's items behind it, a second time in its place there. None without a focused item.
-FileItemEntries FilesOfFocusedBase(IHostApp& host, IHostFileList& list) {
-  if (host.FileListRequest(kListFocusedItem, &list, kModePlain, 0) == 0) return {};
-  host.FileListRequest(kListAllItems, &list, kModePlain, 0);
+// The files of the view whose base name is the focused item's; none without a focused item, and nothing where
+// the host refuses the view. The focused item stands first in the list and, with the view's items behind it,
+// a second time in its place there.
+std::optional<FileItemEntries> FilesOfFocusedBase(IHostApp& host, IHostFileList& list) {
+  if (host.FileListRequest(kListFocusedItem, &list, kModePlain, 0) == 0) return FileItemEntries();
+  if (host.FileListRequest(kListAllItems, &list, kModePlain, 0) == 0) return std::nullopt;
 
   FileItemEntries entries;
-  AppendEntries(entries, list);
-  if (entries.empty()) return {};
-  const WString focusedBase = BaseOf(NameOf(*entries.front().item));
-  entries.erase(entries.begin());
+  IHostFileItem* const focused = list.GetCount() > 0 ? list.GetItem(0) : nullptr;
+  if (!focused) return entries;
+  const WString focusedBase = BaseOf(NameOf(*focused));
+  AppendEntries(entries, list, 1);
   std::erase_if(entries, [&focusedBase](const FileItemEntry& entry) {
     return entry.item->IsFolder() || BaseOf(NameOf(*entry.item)) != focusedBase;
   });
@@ -41,8 +42,9 @@ FileItemEntries FilesOfFocusedBase(IHostApp& host, IHostFileList& list) {
 void RenameSameBaseCommand(IHostApp& host) {
   HostObject<IHostFileList> list(host.CreateFileList());
   if (!list) return;
-  FileItemEntries entries = FilesOfFocusedBase(host, *list.Get());
+  std::optional<FileItemEntries> entries = FilesOfFocusedBase(host, *list.Get());
   list.Release();
+  if (!entries) return;
 
   // The box is shown even where no file was found, and the batch then runs empty: this is meant.
   std::array<WCHAR, kNameChars> buffer = {};
@@ -51,11 +53,11 @@ void RenameSameBaseCommand(IHostApp& host) {
   if (host.AskTextSimple(title.c_str(), prompt.c_str(), 0, 0, buffer.data(), kNameChars) == 0) return;
 
   const WString newBase = buffer.data();
-  for (FileItemEntry& entry : entries) {
+  for (FileItemEntry& entry : *entries) {
     const WString name = NameOf(*entry.item);
     const std::size_t dot = name.rfind(W('.'));
     // A name without a dot gets no new name; the host refuses it without harm.
     if (dot != WString::npos) entry.newName = newBase + name.substr(dot);
   }
-  RunRenameBatch(host, entries);
+  RunRenameBatch(host, *entries);
 }

@@ -39,8 +39,8 @@ void SaveHistory(IHostConfig& config, IHostStringList& list, const WCHAR* key, c
 }  // namespace
 
 void ReplaceXYCommand(IHostApp& host, const ReplaceDialog& showDialog) {
-  FileItemEntries entries = SelectEntries(host, kListSelectedItems, kModeRename);
-  if (entries.empty()) return;
+  std::optional<FileItemEntries> entries = SelectEntries(host, kListSelectedItems, kModeRename);
+  if (!entries || entries->empty()) return;
   IHostConfig* const config = host.GetConfig();
   if (!config) return;
   const HostObject<IHostStringList> list(host.CreateStringList());
@@ -53,7 +53,7 @@ void ReplaceXYCommand(IHostApp& host, const ReplaceDialog& showDialog) {
   SaveHistory(*config, *list.Get(), kFindHistory, form.find, form.findHistory);
   SaveHistory(*config, *list.Get(), kReplaceHistory, form.replace, form.replaceHistory);
 
-  RenameChanged(host, std::move(entries), [&form](FileItemEntry& entry) {
+  RenameChanged(host, std::move(*entries), [&form](FileItemEntry& entry) {
     return ReplaceInName(entry, form.find, form.replace, form.part);
   });
 }

@@ -16,8 +16,8 @@ using Answer = std::array<WCHAR, kAnswerChars>;
 
 // The focused item's extension without its dot, as the text to begin with.
 void GetDefaultExtension(IHostApp& host, Answer& answer) {
-  const FileItemEntries focused = SelectEntries(host, kListFocusedItem, kModeWithFolders);
-  if (!focused.empty()) focused.front().item->GetExtension(answer.data(), kAnswerChars, 1);
+  const std::optional<FileItemEntries> focused = SelectEntries(host, kListFocusedItem, kModeWithFolders);
+  if (focused && !focused->empty()) focused->front().item->GetExtension(answer.data(), kAnswerChars, 1);
 }
 
 bool SetExtension(FileItemEntry& entry, const WString& extension) {
@@ -33,8 +33,9 @@ bool SetExtension(FileItemEntry& entry, const WString& extension) {
 void SetExtensionCommand(IHostApp& host) {
   Answer answer = {};
   GetDefaultExtension(host, answer);
-  FileItemEntries entries = SelectEntries(host, kListSelectedItems, kModeContent);
-  if (entries.empty()) {
+  std::optional<FileItemEntries> entries = SelectEntries(host, kListSelectedItems, kModeContent);
+  if (!entries) return;
+  if (entries->empty()) {
     host.LogText(0, kLogInformation, W("Command failed - No files selected"));
     return;
   }
@@ -49,6 +50,6 @@ void SetExtensionCommand(IHostApp& host) {
   if (extension.starts_with(W('.'))) extension.erase(0, 1);
   if (extension.empty()) return;
 
-  std::erase_if(entries, [&extension](FileItemEntry& entry) { return !SetExtension(entry, extension); });
-  if (!entries.empty()) RunRenameBatch(host, entries);
+  std::erase_if(*entries, [&extension](FileItemEntry& entry) { return !SetExtension(entry, extension); });
+  if (!entries->empty()) RunRenameBatch(host, *entries);
 }

@@ -79,6 +79,7 @@ std::span<const SubMenu> FileUtilsSubMenus() { return kSubMenus; }
 void BuildFileUtilsMenu(IHostMenuBuilder& builder, IHostCommandFactory& factory, MenuHandle root) {
   for (const SubMenu& subMenu : kSubMenus) {
     const MenuHandle menu = builder.AddSubMenu(root, subMenu.textId, 1, 1);
+    if (!menu) continue;
     for (const MenuEntry& entry : subMenu.entries) {
       if (entry.command == 0) {
         builder.AddSeparator(menu, 0);

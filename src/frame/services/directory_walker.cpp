@@ -40,10 +40,15 @@ void DirectoryWalker::Reset(WStringView newPath) {
   fileCount = folderCount = maxDepthSeen = 0;
   totalSize = 0;
   maxDepth = 0;
-  descendNext = useBasicInfo = useLongPath = entryIsFolder_ = folderEndPending_ = false;
+  descendNext = useBasicInfo = useLongPath = memoryFailed_ = false;
   pattern = W("*.dat");
   flags = kDefaultFlags;
-  path = newPath.substr(0, kMaxPathChars);
+  try {
+    path = newPath.substr(0, kMaxPathChars);
+  } catch (const std::bad_alloc&) {
+    path.clear();
+    memoryFailed_ = true;
+  }
   if (newPath.size() > kMaxPathChars && longPathsAllowed) useLongPath = true;
 }
 
@@ -81,7 +86,8 @@ DirectoryWalker::Fetched DirectoryWalker::OpenFolder() {
       return Fetched::kFolderEnd;
     }
   }
-  const std::optional<WString> text = SearchText();
+  // Without a path the mask would be searched in the root of the drive.
+  const std::optional<WString> text = path.empty() ? std::nullopt : SearchText();
   if (!text) {
     findHandle = INVALID_HANDLE_VALUE;
     return Fetched::kFailed;
@@ -116,7 +122,7 @@ DirectoryWalker::Fetched DirectoryWalker::FetchEntry() {
 }
 
 DirectoryWalker::Code DirectoryWalker::LeaveFolder() {
-  // The search of the start folder stays open at its end, so that a further step ends there again.
+  // The search of the start folder stays as it is, so that a further step ends there again.
   if (depth == 0) return kEnd;
   folderEndPending_ = (flags & kReportFolderEnd) != 0;
   CloseSearch();
@@ -170,6 +176,11 @@ DirectoryWalker::Code DirectoryWalker::TakeEntry() {
 }
 
 DirectoryWalker::Code DirectoryWalker::Step() try {
+  if (memoryFailed_) {
+    memoryFailed_ = false;
+    findHandle = INVALID_HANDLE_VALUE;
+    return kOutOfMemory;
+  }
   if (folderEndPending_) {
     folderEndPending_ = false;
     return kFolderEnd;
@@ -186,6 +197,8 @@ DirectoryWalker::Code DirectoryWalker::Step() try {
   }
   return kInvalidSearch;
 } catch (const std::bad_alloc&) {
+  // A folder that could not be opened is left with the next step, like any other that fails.
+  if (!findHandle) findHandle = INVALID_HANDLE_VALUE;
   return kOutOfMemory;
 }
 
@@ -235,4 +248,5 @@ void DirectoryWalker::Close() {
     CloseSearch();
   }
   fullPath_.clear();
+  entryIsFolder_ = folderEndPending_ = false;
 }

@@ -107,4 +107,5 @@ class DirectoryWalker {
   WString fullPath_;
   bool entryIsFolder_ = false;  // the last step returned kFolder
   bool folderEndPending_ = false;
+  bool memoryFailed_ = false;  // Reset could not keep the path
 };

@@ -8,18 +8,17 @@
 
 using namespace Velmora::SDK;
 
-FileItemEntries SelectEntries(IHostApp& host, FileListCode code, FileListMode mode) {
-  FileItemEntries entries;
+std::optional<FileItemEntries> SelectEntries(IHostApp& host, FileListCode code, FileListMode mode) {
   const HostObject<IHostFileList> list(host.CreateFileList());
-  if (!list || host.FileListRequest(code, list.Get(), mode, 0) == 0) return entries;
+  if (!list || host.FileListRequest(code, list.Get(), mode, 0) == 0) return std::nullopt;
+  FileItemEntries entries;
   AppendEntries(entries, *list.Get());
   return entries;
 }
 
-void AppendEntries(FileItemEntries& entries, IHostFileList& list) {
+void AppendEntries(FileItemEntries& entries, IHostFileList& list, u32 first) {
   const u32 count = list.GetCount();
-  entries.reserve(entries.size() + count);
-  for (u32 index = 0; index < count; ++index) {
+  for (u32 index = first; index < count; ++index) {
     if (IHostFileItem* item = list.GetItem(index)) entries.push_back({item, {}});
   }
 }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "frame/services/host_app.h"
@@ -17,12 +18,13 @@ struct FileItemEntry {
 
 using FileItemEntries = std::vector<FileItemEntry>;
 
-// One entry for each item of a list request; the list is given back. Empty where the host refuses.
-FileItemEntries SelectEntries(Velmora::SDK::IHostApp& host, Velmora::SDK::FileListCode code,
-                              Velmora::SDK::FileListMode mode);
+// One entry for each item of a list request; the list is given back. Nothing where the host refuses, which
+// ends a command without a word.
+std::optional<FileItemEntries> SelectEntries(Velmora::SDK::IHostApp& host, Velmora::SDK::FileListCode code,
+                                             Velmora::SDK::FileListMode mode);
 
-// Appends one entry for each item of the list, which may be given back afterwards.
-void AppendEntries(FileItemEntries& entries, Velmora::SDK::IHostFileList& list);
+// Appends one entry for each item of the list from `first` on. The list may be given back afterwards.
+void AppendEntries(FileItemEntries& entries, Velmora::SDK::IHostFileList& list, Velmora::SDK::u32 first = 0);
 
 // Asks whether so many items shall be renamed (MessageBoxW over the host's main window). True on OK.
 bool ConfirmRename(Velmora::SDK::IHostApp& host, std::size_t count);

@@ -17,6 +17,8 @@ struct Conversion {
   bool blankSign = false;
   bool alternateForm = false;  // 0x in front of a hexadecimal number
   std::size_t width = 0;
+  std::size_t precision = 1;  // digits at least
+  bool hasPrecision = false;
   WCHAR letter = 0;
   std::size_t size = 0;  // characters of the conversion; 0 for none
 };
@@ -24,6 +26,23 @@ struct Conversion {
 std::size_t SkipAny(WStringView text, std::size_t at, WStringView set) {
   while (at < text.size() && set.find(text[at]) != WStringView::npos) ++at;
   return at;
+}
+
+// Reads the digits at `at`, if any. False if the number is too large.
+bool ReadNumber(WStringView text, std::size_t& at, std::size_t& number) {
+  for (; at < text.size() && text[at] >= W('0') && text[at] <= W('9'); ++at) {
+    number = number * 10 + static_cast<std::size_t>(text[at] - W('0'));
+    if (number > kMostWidth) return false;
+  }
+  return true;
+}
+
+// The length words of an integer: the value has its size whatever they say.
+std::size_t SkipLength(WStringView text, std::size_t at) {
+  for (const WStringView length : {W("I64"), W("I32"), W("I")}) {
+    if (text.substr(at).starts_with(length)) return at + length.size();
+  }
+  return SkipAny(text, at, W("hljzt"));
 }
 
 // Reads the conversion at the beginning of `text`, which begins with a percent sign.
@@ -37,44 +56,74 @@ Conversion ReadConversion(WStringView text) {
   result.blankSign = flags.find(W(' ')) != WStringView::npos;
   result.alternateForm = flags.find(W('#')) != WStringView::npos;
   std::size_t at = afterFlags;
-  for (; at < text.size() && text[at] >= W('0') && text[at] <= W('9'); ++at) {
-    result.width = result.width * 10 + static_cast<std::size_t>(text[at] - W('0'));
-    if (result.width > kMostWidth) return {};
+  if (!ReadNumber(text, at, result.width)) return {};
+  if (at < text.size() && text[at] == W('.')) {
+    result.hasPrecision = true;
+    result.precision = 0;
+    if (!ReadNumber(text, ++at, result.precision)) return {};
   }
-  at = SkipAny(text, at, W("hl"));
-  if (at == text.size() || WStringView(W("diuxX")).find(text[at]) == WStringView::npos) return {};
+  at = SkipLength(text, at);
+  if (at == text.size() || WStringView(W("diuoxX")).find(text[at]) == WStringView::npos) return {};
   result.letter = text[at];
   result.size = at + 1;
   return result;
 }
 
+int BaseOf(const Conversion& conversion) {
+  switch (conversion.letter) {
+    case W('x'):
+    case W('X'):
+      return 16;
+    case W('o'):
+      return 8;
+    default:
+      return 10;
+  }
+}
+
 WString Digits(const Conversion& conversion, std::uint32_t value) {
   std::array<char, 16> buffer;
-  const bool isHex = conversion.letter == W('x') || conversion.letter == W('X');
   char* const begin = buffer.data();
-  char* const end = std::to_chars(begin, begin + buffer.size(), value, isHex ? 16 : 10).ptr;
+  char* const end = std::to_chars(begin, begin + buffer.size(), value, BaseOf(conversion)).ptr;
   WString digits(begin, end);
+  if (value == 0) digits.clear();  // the precision alone says how many zeros there are
+  if (digits.size() < conversion.precision) digits.insert(0, conversion.precision - digits.size(), W('0'));
   if (conversion.letter == W('X')) {
     for (WCHAR& digit : digits) {
       if (digit >= W('a')) digit = static_cast<WCHAR>(digit - W('a') + W('A'));
     }
   }
+  if (conversion.letter == W('o') && conversion.alternateForm && !digits.starts_with(W('0'))) {
+    digits.insert(0, 1, W('0'));
+  }
   return digits;
 }
 
+// What stands in front of the digits.
+WString Prefix(const Conversion& conversion, std::uint32_t value) {
+  switch (conversion.letter) {
+    case W('d'):
+    case W('i'):
+      if (conversion.plusSign) return W("+");
+      return conversion.blankSign ? W(" ") : W("");
+    case W('x'):
+    case W('X'):
+      if (conversion.alternateForm && value != 0) return {W('0'), conversion.letter};
+      return {};
+    default:
+      return {};
+  }
+}
+
 void AppendNumber(WString& result, const Conversion& conversion, std::uint32_t value) {
-  WString number;
-  const bool isSigned = conversion.letter == W('d') || conversion.letter == W('i');
-  if (isSigned && conversion.plusSign) number = W("+");
-  if (isSigned && conversion.blankSign && !conversion.plusSign) number = W(" ");
-  const bool isHex = conversion.letter == W('x') || conversion.letter == W('X');
-  if (isHex && conversion.alternateForm && value != 0) number = {W('0'), conversion.letter};
+  WString number = Prefix(conversion, value);
   const WString digits = Digits(conversion, value);
   const std::size_t size = number.size() + digits.size();
   const std::size_t fill = conversion.width > size ? conversion.width - size : 0;
-  if (conversion.zeroFilled) number.append(fill, W('0'));
+  const bool fillsWithZeros = conversion.zeroFilled && !conversion.hasPrecision;
+  if (fillsWithZeros) number.append(fill, W('0'));
   number += digits;
-  if (!conversion.zeroFilled) {
+  if (!fillsWithZeros) {
     number.insert(conversion.leftAligned ? number.size() : 0, fill, W(' '));
   }
   result += number;

@@ -6,7 +6,7 @@
 
 #include "platform/text.h"
 
-// Replaces the first integer conversion of `format` (%d, %i, %u, %x, %X with flags, width and length) by
-// `value`, and every %% by %. Whatever else begins with a percent sign stays as it stands. At most
+// Replaces the first integer conversion of `format` (%d, %i, %u, %o, %x, %X with flags, width, precision and
+// length) by `value`, and every %% by %. Whatever else begins with a percent sign stays as it stands. At most
 // `limit` - 1 characters, as into a buffer of `limit`.
 WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit = 1024);

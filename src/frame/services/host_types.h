@@ -7,7 +7,8 @@
 // and stays valid until the next call into the host. A buffer's size is in characters, and the host writes a
 // terminated text.
 //
-// All calls are made on the thread of the host's call unless said otherwise.
+// File Utils calls its host on the thread of the host's own call. MultiRename also does from its window's
+// thread and its worker.
 #pragma once
 
 #include <cstdint>

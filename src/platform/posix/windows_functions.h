@@ -66,8 +66,8 @@ QX_PLATFORM_API int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR*
                                         char* target, int targetSize, const char* defaultChar,
                                         BOOL* usedDefaultChar);
 
-// Only "netmsg.dll", the library of Windows' network messages, is there, and it holds nothing: its texts stand
-// among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126).
+// Only "netmsg.dll", the library of Windows' network messages, is there, and it holds nothing: its texts
+// stand among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126).
 QX_PLATFORM_API HMODULE LoadLibraryExW(const WCHAR* path, HANDLE file, DWORD flags);
 
 // User interface: handed to the handler of platform/posix/user_interface.h. Without one, MessageBoxW fails
