@@ -20,6 +20,12 @@ std::pair<WString, WString> SplitFullPath(const WString& fullPath) {
   return {fullPath.substr(0, nameAt), fullPath.substr(nameAt)};
 }
 
+// True for the folder that this program works in and for those above it.
+bool HoldsCurrentFolder(const WString& fullPath) {
+  const std::optional<WString> current = FullPathOf(W("."));
+  return current && (*current == fullPath || current->starts_with(fullPath + W('\\')));
+}
+
 }  // namespace
 
 int FileOperation::FileExists(const WCHAR* path) {
@@ -74,6 +80,8 @@ u32 FileOperation::RenameOne(const WString& from, const WString& newName) {
   if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
   if (folder.empty()) return ERROR_ACCESS_DENIED;  // a drive
   if (newName == name) return kRenameIgnored;
+  // Windows holds the current folder open; elsewhere a slip such as an ITEM "." would take it away as well.
+  if (HoldsCurrentFolder(from)) return ERROR_SHARING_VIOLATION;
   if (dryRun_) return kRenameDone;
   const DWORD error = MoveItem(from, folder + newName);
   return error == kRenameIgnored ? ERROR_GEN_FAILURE : error;  // that number means something else here

@@ -8,8 +8,6 @@ namespace {
 
 using namespace Velmora::SDK;
 
-constexpr u32 kModeFilesOnly = 18;
-
 WString SortKey(const FileItem& item) {
   WString key = item.Name();
   const int size = static_cast<int>(key.size());
@@ -30,7 +28,7 @@ void SortByName(std::vector<FileItem*>& items) {
 
 void AddItems(IHostFileList& list, u32 mode, const std::vector<FileItem*>& items) {
   for (FileItem* item : items) {
-    if (mode != kModeFilesOnly || !item->IsFolder()) list.AddItem(item);
+    if (mode != kModeContent || !item->IsFolder()) list.AddItem(item);
   }
 }
 

@@ -117,6 +117,17 @@ class Items(HostTest):
         self.assertEqual([event["from"] for event in outcome.of("rename")],
                          [windows_path(self.path("b.txt")), windows_path(self.path("sub", "a.txt"))])
 
+    def test_the_current_folder_and_those_above_it_are_not_renamed(self):
+        self.make("inner/")
+        for item in (".", "..", self.folder):
+            outcome = self.run_json("command", "30000", item, answers=["ok"], cwd=self.path("inner"))
+            self.assertEqual([rename["result"] for rename in outcome.of("rename")], [32])
+        self.assertEqual(self.names(), ["inner/"])
+        # A folder beside it whose name begins alike is another one.
+        self.make("inn/")
+        self.run_json("command", "30000", self.path("inn"), answers=["ok"], cwd=self.path("inner"))
+        self.assertEqual(self.names(), ["INN/", "inner/"])
+
     def test_names_that_the_command_line_could_mistake_are_names(self):
         names = ["[a,b]", "menu", "info", "a=b", "%d", "{x}", "@file", "#x"]
         self.make(*names)
