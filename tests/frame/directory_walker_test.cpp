@@ -166,6 +166,31 @@ TEST(DirectoryWalker, FilesArePassedOverWhereOnlyFoldersAreWanted) {
   EXPECT_TRUE(walk.Ended());
 }
 
+TEST(DirectoryWalker, FilesPassedOverUnderTheDefaultFlagsLeaveTheFoldersAsFiles) {
+  const ScratchFolder scratch;
+  MakeTree(scratch);
+  Walker walker;
+  walker.Reset(scratch.Path());
+  walker.pattern = W("*");
+  walker.flags |= Walker::kPassFiles;
+  const Walk walk = RunWalk(walker, scratch.Path());
+  EXPECT_EQ(walk.Of(101), Names({W("empty"), W("one")}));
+  EXPECT_EQ(walk.steps.size(), 3u);
+  EXPECT_EQ(walker.fileCount, 2);
+  EXPECT_EQ(walker.folderCount, 0);
+}
+
+TEST(DirectoryWalker, StepsAfterTheEndAnswerTheEnd) {
+  const ScratchFolder scratch;
+  MakeTree(scratch);
+  Walker walker;
+  walker.Reset(scratch.Path());
+  walker.pattern = W("*");
+  walker.flags = kAllFiles;
+  EXPECT_EQ(RunWalk(walker, scratch.Path()).Count(101), 5);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(walker.NextWithRetry(), 200);
+}
+
 TEST(DirectoryWalker, EndOfEachFolderThatWasEnteredIsReportedOnRequest) {
   const ScratchFolder scratch;
   MakeTree(scratch);

@@ -201,6 +201,66 @@ TEST_F(FaultsTest, TheFlagsOfMessagesAndLibrariesAreKept) {
   EXPECT_EQ(Faults::LastFlags("MoveFileW"), 0u);
 }
 
+TEST_F(FaultsTest, ThePathsThatFunctionsAreGivenAreKeptInOrder) {
+  const std::vector<std::u16string> none;
+  const WCHAR* path = W("Z:\\no such\\folder");
+  WIN32_FIND_DATAW data;
+  for (const char* function : {"FindFirstFileExW", "GetFileAttributesW", "CreateDirectoryW", "MoveFileW"}) {
+    Faults::Watch(function);
+    EXPECT_EQ(Faults::Paths(function), none) << function;
+  }
+  FindFirstFileExW(path, FindExInfoStandard, &data, FindExSearchNameMatch, nullptr, 0);
+  GetFileAttributesW(path);
+  CreateDirectoryW(path, nullptr);
+  MoveFileW(path, W("Z:\\elsewhere"));
+  for (const char* function : {"FindFirstFileExW", "GetFileAttributesW", "CreateDirectoryW", "MoveFileW"}) {
+    EXPECT_EQ(Faults::Paths(function), std::vector<std::u16string>{path}) << function;
+  }
+  Faults::Fail("GetFileAttributesW", 2, kError);
+  GetFileAttributesW(nullptr);
+  GetFileAttributesW(W("failed"));
+  EXPECT_EQ(Faults::Paths("GetFileAttributesW"), (std::vector<std::u16string>{u"", u"failed"}));
+  EXPECT_EQ(Faults::Paths("DeleteFileW"), none);
+}
+
+TEST_F(FaultsTest, TheSourceAndLanguageOfMessagesAreKept) {
+  Faults::Watch("FormatMessageW");
+  WCHAR buffer[300];
+  FormatMessageW(0x1800, &buffer, 5, 0x407, buffer, 300, nullptr);
+  EXPECT_EQ(Faults::LastMessageSource().source, &buffer);
+  EXPECT_EQ(Faults::LastMessageSource().language, 0x407u);
+  FormatMessageW(0x1000, nullptr, 5, 0x400, buffer, 300, nullptr);
+  EXPECT_EQ(Faults::LastMessageSource().source, nullptr);
+  EXPECT_EQ(Faults::LastMessageSource().language, 0x400u);
+}
+
+TEST_F(FaultsTest, TheAmountOfInformationOfSearchesIsKept) {
+  const WString path = scratch_.Write(W("a"), "");
+  WIN32_FIND_DATAW data;
+  Faults::Watch("FindFirstFileExW");
+  FindClose(FindFirstFileExW(path.c_str(), FindExInfoBasic, &data, FindExSearchNameMatch, nullptr, 2));
+  EXPECT_EQ(Faults::LastInfoLevel(), FindExInfoBasic);
+  EXPECT_EQ(Faults::LastFlags("FindFirstFileExW"), 2u);
+  FindClose(FindFirstFileExW(path.c_str(), FindExInfoStandard, &data, FindExSearchNameMatch, nullptr, 0));
+  EXPECT_EQ(Faults::LastInfoLevel(), FindExInfoStandard);
+  EXPECT_EQ(Faults::LastFlags("FindFirstFileExW"), 0u);
+}
+
+TEST_F(FaultsTest, ASearchWithTheBasicInformationLeavesOneNameOut) {
+  const WString path = scratch_.Write(W("a"), "");
+  Faults::LeaveNameOut(2);
+  const auto firstName = [&path](FINDEX_INFO_LEVELS level) {
+    WIN32_FIND_DATAW data;
+    const FindHandle search(FindFirstFileExW(path.c_str(), level, &data, FindExSearchNameMatch, nullptr, 0));
+    EXPECT_TRUE(search.IsOpen());
+    return WString(data.cFileName);
+  };
+  EXPECT_EQ(firstName(FindExInfoBasic), W("a"));
+  EXPECT_EQ(firstName(FindExInfoStandard), W("a"));
+  EXPECT_EQ(firstName(FindExInfoBasic), W(""));
+  EXPECT_EQ(firstName(FindExInfoBasic), W("a"));
+}
+
 TEST(FaultsScopeTest, TheEndOfAScopeDisarmsEverything) {
   {
     const Faults::Scope scope;

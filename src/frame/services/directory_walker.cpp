@@ -122,8 +122,12 @@ DirectoryWalker::Fetched DirectoryWalker::FetchEntry() {
 }
 
 DirectoryWalker::Code DirectoryWalker::LeaveFolder() {
-  // The search of the start folder stays as it is, so that a further step ends there again.
-  if (depth == 0) return kEnd;
+  if (depth == 0) {
+    // The search of the start folder stays as it is, and one that was never opened is not opened any more, so
+    // that a further step ends there again.
+    if (!findHandle) findHandle = INVALID_HANDLE_VALUE;
+    return kEnd;
+  }
   folderEndPending_ = (flags & kReportFolderEnd) != 0;
   CloseSearch();
   PopLevel();

@@ -44,7 +44,7 @@ DWORD Look(const WCHAR* path, NativePath& native, struct stat& status, bool& lin
 }  // namespace Platform
 
 DWORD GetFileAttributesW(const WCHAR* path) {
-  if (Platform::FaultFires("GetFileAttributesW")) return INVALID_FILE_ATTRIBUTES;
+  if (Platform::FaultFires("GetFileAttributesW", {.path = path})) return INVALID_FILE_ATTRIBUTES;
   Platform::NativePath native;
   struct stat status;
   bool linksToFolder = false;

@@ -15,7 +15,8 @@ namespace {
 // What is wanted of one function, and what has been seen of it.
 struct Watched {
   int calls = 0;
-  std::uint32_t lastFlags = 0;
+  std::vector<std::u16string> paths;
+  Arguments last;        // its path is in `paths`
   int callsToFault = 0;  // 0 for no fault
   DWORD error = ERROR_SUCCESS;
   bool repeat = false;
@@ -26,12 +27,28 @@ struct State {
   std::map<std::string, Watched, std::less<>> watched;
   int writesToShort = 0;  // 0 for no short write
   DWORD shortCount = 0;
+  int searchesToNoName = 0;  // 0 for none
 };
 
 // Never destroyed: threads and static objects may still call the gate at the end of the process.
 State& TheState() {
   static State& state = *std::make_unique<State>().release();
   return state;
+}
+
+// Forgets what has been seen.
+void StartOver(Watched& watched) {
+  watched.calls = 0;
+  watched.paths.clear();
+  watched.last = {};
+}
+
+// A copy of what is known of the function; nothing for one that was not named.
+Watched WatchedOf(std::string_view function) {
+  State& state = TheState();
+  const std::lock_guard lock(state.mutex);
+  const auto found = state.watched.find(function);
+  return found == state.watched.end() ? Watched() : found->second;
 }
 
 }  // namespace
@@ -42,7 +59,7 @@ void Fail(const char* function, int nth, DWORD error, bool repeat) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);
   Watched& watched = state.watched[function];
-  watched.calls = 0;
+  StartOver(watched);
   watched.callsToFault = nth;
   watched.error = error;
   watched.repeat = repeat;
@@ -57,27 +74,31 @@ void WriteShort(int nth, DWORD count) {
   armed.store(true, std::memory_order_relaxed);
 }
 
-int CallCount(const char* function) {
+void LeaveNameOut(int nth) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);
-  const auto found = state.watched.find(std::string_view(function));
-  return found == state.watched.end() ? 0 : found->second.calls;
+  state.searchesToNoName = nth;
+  armed.store(true, std::memory_order_relaxed);
 }
+
+int CallCount(const char* function) { return WatchedOf(function).calls; }
 
 void Watch(const char* function) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);
-  Watched& watched = state.watched[function];
-  watched.calls = 0;
-  watched.lastFlags = 0;
+  StartOver(state.watched[function]);
   armed.store(true, std::memory_order_relaxed);
 }
 
-std::uint32_t LastFlags(const char* function) {
-  State& state = TheState();
-  const std::lock_guard lock(state.mutex);
-  const auto found = state.watched.find(std::string_view(function));
-  return found == state.watched.end() ? 0 : found->second.lastFlags;
+std::uint32_t LastFlags(const char* function) { return WatchedOf(function).last.flags; }
+
+std::vector<std::u16string> Paths(const char* function) { return WatchedOf(function).paths; }
+
+FINDEX_INFO_LEVELS LastInfoLevel() { return WatchedOf("FindFirstFileExW").last.level; }
+
+MessageSource LastMessageSource() {
+  const Arguments last = WatchedOf("FormatMessageW").last;
+  return {last.source, last.language};
 }
 
 void Clear() {
@@ -87,16 +108,19 @@ void Clear() {
   state.watched.clear();
   state.writesToShort = 0;
   state.shortCount = 0;
+  state.searchesToNoName = 0;
 }
 
-bool Fires(const char* function, std::uint32_t flags) {
+bool Fires(const char* function, const Arguments& arguments) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);
   const auto found = state.watched.find(std::string_view(function));
   if (found == state.watched.end()) return false;
   Watched& watched = found->second;
   ++watched.calls;
-  watched.lastFlags = flags;
+  watched.last = arguments;
+  watched.last.path = nullptr;
+  watched.paths.emplace_back(arguments.path ? arguments.path : u"");
   if (watched.callsToFault == 0) return false;
   if (--watched.callsToFault > 0) return false;
   if (watched.repeat) watched.callsToFault = 1;
@@ -109,6 +133,13 @@ std::optional<DWORD> ShortWrite() {
   const std::lock_guard lock(state.mutex);
   if (state.writesToShort == 0 || --state.writesToShort > 0) return std::nullopt;
   return state.shortCount;
+}
+
+bool LeavesNameOut() {
+  if (!armed.load(std::memory_order_relaxed)) return false;
+  State& state = TheState();
+  const std::lock_guard lock(state.mutex);
+  return state.searchesToNoName > 0 && --state.searchesToNoName == 0;
 }
 
 }  // namespace Platform::Faults

@@ -6,6 +6,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "platform/posix/windows_functions.h"
 
@@ -18,13 +20,32 @@ QX_PLATFORM_API void Fail(const char* function, int nth, DWORD error, bool repea
 // The call number `nth` of WriteFile writes `count` bytes of those it is given, and succeeds.
 QX_PLATFORM_API void WriteShort(int nth, DWORD count);
 
+// The search number `nth` that FindFirstFileExW opens with the basic information succeeds, but its first
+// entry has no name, as on file systems that do not give names that way.
+QX_PLATFORM_API void LeaveNameOut(int nth);
+
 // How often `function` was called since Watch or Fail named it or Clear was called, the failed calls
 // included. 0 for a function that was not named.
 QX_PLATFORM_API int CallCount(const char* function);
 QX_PLATFORM_API void Watch(const char* function);
 
-// The flags word of the last call of FormatMessageW or LoadLibraryExW since Watch named it; 0 before.
+// The flags word of the last call of FormatMessageW, LoadLibraryExW or FindFirstFileExW since Watch or Fail
+// named it; 0 before.
 QX_PLATFORM_API std::uint32_t LastFlags(const char* function);
+
+// The paths that FindFirstFileExW, GetFileAttributesW, CreateDirectoryW or MoveFileW (its source) was given
+// since Watch or Fail named it, the failed calls included; a null path is an empty text.
+QX_PLATFORM_API std::vector<std::u16string> Paths(const char* function);
+
+// The amount of information that the last FindFirstFileExW asked for, since Watch or Fail named it.
+QX_PLATFORM_API FINDEX_INFO_LEVELS LastInfoLevel();
+
+// The source and language that the last FormatMessageW was given, since Watch or Fail named it.
+struct MessageSource {
+  const void* source = nullptr;
+  DWORD language = 0;
+};
+QX_PLATFORM_API MessageSource LastMessageSource();
 
 // Disarms everything.
 QX_PLATFORM_API void Clear();

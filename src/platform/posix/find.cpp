@@ -199,8 +199,9 @@ DWORD BeginSearch(const WCHAR* path, std::shared_ptr<Search>& search, WIN32_FIND
 }  // namespace
 
 HANDLE FindFirstFileExW(const WCHAR* mask, FINDEX_INFO_LEVELS level, void* findData, FINDEX_SEARCH_OPS search,
-                        void*, DWORD) {
-  if (Platform::FaultFires("FindFirstFileExW")) return INVALID_HANDLE_VALUE;
+                        void*, DWORD flags) {
+  const Platform::Faults::Arguments arguments = {.flags = flags, .path = mask, .level = level};
+  if (Platform::FaultFires("FindFirstFileExW", arguments)) return INVALID_HANDLE_VALUE;
   DWORD error = ERROR_INVALID_PARAMETER;
   std::shared_ptr<Search> opened;
   const bool known = level < FindExInfoMaxInfoLevel && search < FindExSearchMaxSearchOp;
@@ -208,6 +209,9 @@ HANDLE FindFirstFileExW(const WCHAR* mask, FINDEX_INFO_LEVELS level, void* findD
   if (error != ERROR_SUCCESS) {
     FailWith(error);
     return INVALID_HANDLE_VALUE;
+  }
+  if (level == FindExInfoBasic && Platform::Faults::LeavesNameOut()) {
+    static_cast<WIN32_FIND_DATAW*>(findData)->cFileName[0] = 0;
   }
   return Searches::Instance().Add(std::move(opened));
 }

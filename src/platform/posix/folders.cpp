@@ -36,7 +36,7 @@ DWORD CheckDeletable(const NativePath& path, const struct stat& status) {
 }  // namespace
 
 BOOL CreateDirectoryW(const WCHAR* path, SECURITY_ATTRIBUTES*) {
-  if (Platform::FaultFires("CreateDirectoryW")) return FALSE;
+  if (Platform::FaultFires("CreateDirectoryW", {.path = path})) return FALSE;
   NativePath native;
   const DWORD error = Platform::TranslatePath(path, native);
   if (error != ERROR_SUCCESS) return FailWith(error);

@@ -31,12 +31,14 @@ bool Allocate(std::u16string_view text, WCHAR* buffer) {
 
 }  // namespace
 
-DWORD FormatMessageW(DWORD flags, const void*, DWORD messageId, DWORD, WCHAR* buffer, DWORD size, void*) {
+DWORD FormatMessageW(DWORD flags, const void* source, DWORD messageId, DWORD language, WCHAR* buffer,
+                     DWORD size, void*) {
   const auto fail = [](DWORD error) {
     Platform::FailWith(error);
     return DWORD{0};
   };
-  if (Platform::FaultFires("FormatMessageW", flags)) return 0;
+  if (Platform::FaultFires("FormatMessageW", {.flags = flags, .source = source, .language = language}))
+    return 0;
   if (!buffer || (flags & (FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_FROM_HMODULE)) == 0) {
     return fail(ERROR_INVALID_PARAMETER);
   }

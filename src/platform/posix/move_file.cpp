@@ -135,7 +135,7 @@ DWORD DoMove(const WCHAR* fromPath, const WCHAR* toPath) {
 }  // namespace
 
 BOOL MoveFileW(const WCHAR* from, const WCHAR* to) {
-  if (Platform::FaultFires("MoveFileW")) return FALSE;
+  if (Platform::FaultFires("MoveFileW", {.path = from})) return FALSE;
   const DWORD error = DoMove(from, to);
   return error == ERROR_SUCCESS ? TRUE : Platform::FailWith(error);
 }
