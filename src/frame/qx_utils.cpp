@@ -29,16 +29,7 @@ s32 CQXUtils::OnRegister(IHostApp* hostApp) {
   return 1;
 }
 
-u32 CQXUtils::GetExtensionKind() { return kPluginKind; }
-
-s32 CQXUtils::OnStart(IHostApp* hostApp) {
-  host = hostApp;
-  return 1;
-}
-
 const char* CQXUtils::GetExtensionId() { return fileUtilsId; }
-
-bool CQXUtils::OnHostEvent(std::intptr_t, s32) { return false; }
 
 s32 CQXUtils::OnCommand(s32 number, std::intptr_t, std::intptr_t b) {
   switch (number) {
@@ -50,11 +41,5 @@ s32 CQXUtils::OnCommand(s32 number, std::intptr_t, std::intptr_t b) {
       return host && DispatchCommand(*host, number) ? 1 : 0;
   }
 }
-
-s32 CQXUtils::OnCustomCommand(IHostCommandCall*) { return 0; }
-
-s32 CQXUtils::OnHelperMessage(s32, IHostHelperMessage*) { return 0; }
-
-s32 CQXUtils::OnShutdown(std::intptr_t) { return 0; }
 
 }  // namespace Velmora::SDK

@@ -1,31 +1,16 @@
 // File Utils, the extension of index 0: a menu of tools, script commands, and the dispatcher behind both.
 #pragma once
 
-#include "frame/services/host_services.h"
+#include "frame/services/plugin_base.h"
 
 namespace Velmora::SDK {
 
-class CQXUtils final : public IPluginInterface {
+class CQXUtils final : public PluginBase {
  public:
   // Declares menu and script commands; keeps nothing of the host.
   s32 OnRegister(IHostApp* hostApp) override;
-  u32 GetExtensionKind() override;
-  s32 OnStart(IHostApp* hostApp) override;
   const char* GetExtensionId() override;
-  bool OnHostEvent(std::intptr_t source, s32 code) override;
   s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override;
-  s32 Reserved1() override { return 0; }
-  s32 OnCustomCommand(IHostCommandCall* call) override;
-  s32 OnHelperMessage(s32 code, IHostHelperMessage* message) override;
-  s32 Reserved2() override { return 0; }
-  s32 Reserved3() override { return 0; }
-  s32 OnShutdown(std::intptr_t unread) override;
-  s32 Reserved4() override { return 0; }
-  s32 Reserved5() override { return 0; }
-  s32 Reserved6() override { return 0; }
-
- private:
-  IHostApp* host = nullptr;  // from OnStart on
 };
 
 }  // namespace Velmora::SDK

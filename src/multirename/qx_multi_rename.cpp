@@ -6,24 +6,11 @@ namespace Velmora::SDK {
 
 s32 QXMultiRename::OnRegister(IHostApp*) { return 1; }
 
-u32 QXMultiRename::GetExtensionKind() { return kPluginKind; }
-
-s32 QXMultiRename::OnStart(IHostApp* hostApp) {
-  host = hostApp;
-  return 1;
-}
-
 const char* QXMultiRename::GetExtensionId() { return multiRenameId; }
-
-bool QXMultiRename::OnHostEvent(std::intptr_t, s32) { return false; }
 
 s32 QXMultiRename::OnCommand(s32 number, std::intptr_t, std::intptr_t b) {
   return number == kCommandShutdown ? OnShutdown(b) : 0;
 }
-
-s32 QXMultiRename::OnCustomCommand(IHostCommandCall*) { return 0; }
-
-s32 QXMultiRename::OnHelperMessage(s32, IHostHelperMessage*) { return 0; }
 
 s32 QXMultiRename::OnShutdown(std::intptr_t) {
   if (host) host->ExtensionClosed();
