@@ -110,6 +110,20 @@ TEST(QuickRename, EmptySelectionEndsSilentlyWithItsListReleased) {
   ExpectAllGivenBack(host);
 }
 
+TEST(QuickRename, ListOfARefusedRequestIsNotLookedAt) {
+  FakeHost host;
+  host.SelectFiles({W("a.txt")});
+  host.refusedRequest = 21215;
+  host.fillsRefusedLists = true;
+  BoxAnswers boxes;
+  QuickRenameCommand(host, 30000);
+  EXPECT_THAT(Steps(host),
+              ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.Release()"));
+  EXPECT_THAT(host.recorder.CallsOf({"item "}), IsEmpty());
+  EXPECT_THAT(boxes.Boxes(), IsEmpty());
+  ExpectAllGivenBack(host);
+}
+
 TEST(QuickRename, WritesNothingToTheLog) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});

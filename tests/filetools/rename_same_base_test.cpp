@@ -152,6 +152,48 @@ TEST(RenameSameBase, WithoutAFocusedItemItAsksAndRunsABatchWithNoEntries) {
   ExpectAllGivenBack(host);
 }
 
+TEST(RenameSameBase, FocusedItemOfARefusedRequestCountsAsNone) {
+  FakeHost host;
+  Focus(host, W("song.mp3"), {W("song.txt")});
+  host.refusedRequest = 21111;
+  host.fillsRefusedLists = true;
+  host.textAnswers = {{true, W("n")}};
+  RenameSameBaseCommand(host);
+  EXPECT_THAT(host.recorder.CallsOf({"FileListRequest"}), ElementsAre("FileListRequest(21111, list1, 0, 0)"));
+  EXPECT_THAT(host.recorder.Calls(), Contains(kQuestion));
+  EXPECT_EQ(host.fileOperation.Runs(), 1);
+  EXPECT_THAT(host.fileOperation.RunRenames(), IsEmpty());
+}
+
+TEST(RenameSameBase, ViewThatTheHostRefusesEndsItWithoutAQuestion) {
+  for (const bool fills : {false, true}) {
+    FakeHost host;
+    Focus(host, W("song.mp3"), {W("song.txt")});
+    host.refusedRequest = 21110;
+    host.fillsRefusedLists = fills;
+    BoxAnswers boxes;
+    RenameSameBaseCommand(host);
+    EXPECT_THAT(host.recorder.Calls(), Contains("FileListRequest(21110, list1, 0, 0)"));
+    EXPECT_THAT(host.recorder.CallsOf({"AskText", "GetService", "file operation.", "Log"}), IsEmpty());
+    EXPECT_THAT(boxes.Boxes(), IsEmpty());
+    ExpectAllGivenBack(host);
+  }
+}
+
+TEST(RenameSameBase, FirstItemThatTheHostDoesNotGiveMatchesNothing) {
+  FakeHost host;
+  Focus(host, W("song.mp3"), {W("song.txt"), W(""), W(".txt")});
+  host.textAnswers = {{true, W("n")}};
+  // Behind the list and its two requests.
+  host.recorder.RefuseCall(4, false);
+  RenameSameBaseCommand(host);
+  EXPECT_THAT(host.recorder.CallsOf({"list1.GetItem("}), testing::Contains("list1.GetItem(0)"));
+  EXPECT_THAT(host.recorder.Calls(), Contains(kQuestion));
+  EXPECT_EQ(host.fileOperation.Runs(), 1);
+  EXPECT_THAT(host.fileOperation.RunRenames(), IsEmpty());
+  ExpectAllGivenBack(host);
+}
+
 TEST(RenameSameBase, WithoutAMatchItAsksAllTheSame) {
   FakeHost host;
   host.focused = host.AddFolder(W("song"));

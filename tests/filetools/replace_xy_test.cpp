@@ -66,6 +66,18 @@ TEST(ReplaceXY, ReplacesInTheSelectedNamesAfterTheQuestion) {
   ExpectAllGivenBack(host);
 }
 
+TEST(ReplaceXY, ListOfARefusedRequestIsNotLookedAt) {
+  FakeHost host;
+  host.SelectFiles({W("a_b.txt")});
+  host.refusedRequest = 21215;
+  host.fillsRefusedLists = true;
+  BoxAnswers boxes;
+  ReplaceXYCommand(host, MustNotBeShown());
+  EXPECT_THAT(host.recorder.CallsOf({"item ", "GetService", "config."}), IsEmpty());
+  EXPECT_THAT(boxes.Boxes(), IsEmpty());
+  ExpectAllGivenBack(host);
+}
+
 TEST(ReplaceXY, PartOfTheFormSaysWhereToReplace) {
   const std::pair<int, const WCHAR*> expected[] = {{1, W("X.X.txt")}, {2, W("txt.txt.X")}, {3, W("X.X.X")}};
   for (const auto& [part, newName] : expected) {

@@ -141,6 +141,45 @@ TEST(SetExtension, NothingSelectedIsSaidInTheLogAndNotAsked) {
   ExpectAllGivenBack(host);
 }
 
+TEST(SetExtension, SelectionThatTheHostRefusesEndsItWithoutAWord) {
+  for (const bool fills : {false, true}) {
+    FakeHost host;
+    host.focused = host.AddFile(W("f.txt"));
+    host.SelectFiles({W("a.txt")});
+    host.refusedRequest = 21215;
+    host.fillsRefusedLists = fills;
+    BoxAnswers boxes;
+    SetExtensionCommand(host);
+    EXPECT_THAT(host.recorder.Calls(), Contains("FileListRequest(21215, list2, 18, 0)"));
+    EXPECT_THAT(host.recorder.CallsOf({"Log", "AskText", "GetService", "MessageBox"}), IsEmpty());
+    EXPECT_THAT(boxes.Boxes(), IsEmpty());
+    ExpectAllGivenBack(host);
+  }
+}
+
+TEST(SetExtension, HostWithoutListsEndsItWithoutAWord) {
+  FakeHost host;
+  host.focused = host.AddFile(W("f.txt"));
+  host.SelectFiles({W("a.txt")});
+  host.recorder.Refuse("CreateFileList");
+  BoxAnswers boxes;
+  SetExtensionCommand(host);
+  EXPECT_THAT(host.recorder.Calls(), Contains("CreateFileList()"));
+  EXPECT_THAT(host.recorder.CallsOf({"Log", "AskText", "GetService", "MessageBox"}), IsEmpty());
+  EXPECT_THAT(boxes.Boxes(), IsEmpty());
+}
+
+TEST(SetExtension, FocusedItemOfARefusedRequestGivesNoDefault) {
+  FakeHost host;
+  host.focused = host.AddFile(W("f.txt"));
+  host.SelectFiles({W("a.doc")});
+  host.refusedRequest = 21111;
+  host.fillsRefusedLists = true;
+  host.textAnswers = {{false, {}}};
+  SetExtensionCommand(host);
+  EXPECT_THAT(host.recorder.Calls(), Contains(Question("")));
+}
+
 TEST(SetExtension, DoesNotAskASecondTimeAndLogsNothing) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});

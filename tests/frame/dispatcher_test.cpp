@@ -112,6 +112,15 @@ TEST(Dispatcher, ValuesOfACommandAreNotRead) {
   ExpectAllGivenBack(run.host);
 }
 
+TEST(Dispatcher, BeforeTheStartNoCommandIsHandled) {
+  for (const s32 number : {30000, 30010, 30020, 30060, 6161, 20002, 20500}) {
+    BoxAnswers boxes;
+    CQXUtils extension;
+    EXPECT_EQ(extension.OnCommand(number, 0, 0), 0) << number;
+    EXPECT_THAT(boxes.Boxes(), IsEmpty()) << number;
+  }
+}
+
 TEST(Dispatcher, NullScriptCallAnswersZero) {
   Dispatch run;
   EXPECT_EQ(run.extension.OnCustomCommand(nullptr), 0);

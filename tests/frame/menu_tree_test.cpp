@@ -192,3 +192,26 @@ TEST(MenuTree, CommandThatTheHostRefusesLeavesAllOthers) {
   EXPECT_THAT(added, Contains("menu.AddCommand(menu 0x07D1006D, command 30030, 1, 0)"));
   EXPECT_THAT(added, Contains("menu.AddCommand(menu 0x0960006D, command 30350, 1, 0)"));
 }
+
+TEST(MenuTree, NothingHangsUnderAMenuThatTheHostDidNotMake) {
+  for (const char* operation :
+       {"CreateRootMenu", "AddSubMenu", "AddSubMenuText", "AddSubMenuUnder", "AddCategoryMenu"}) {
+    FakeHost host;
+    host.recorder.Refuse(operation);
+    CQXUtils extension;
+    EXPECT_EQ(extension.OnRegister(&host), 1) << operation;
+    EXPECT_THAT(host.recorder.CallsOf({std::string("menu.") + operation + "("}), Not(testing::IsEmpty()));
+    EXPECT_THAT(host.recorder.Calls(), testing::Each(Not(testing::HasSubstr("(null")))) << operation;
+    ExpectAllGivenBack(host);
+  }
+}
+
+TEST(MenuTree, AHostThatRefusesToMakeItsSubMenusGetsNoCommandOfThem) {
+  FakeHost host;
+  KeepOnlyTheMenu(host);
+  host.recorder.Refuse("AddSubMenu");
+  CQXUtils extension;
+  extension.OnRegister(&host);
+  EXPECT_THAT(host.recorder.CallsOf({"menu.AddSubMenu("}), testing::SizeIs(5));
+  EXPECT_THAT(host.recorder.CallsOf({"menu.AddCommand(", "menu.AddSeparator("}), testing::IsEmpty());
+}

@@ -100,17 +100,18 @@ int FakeHost::FileListRequest(u32 code, IHostFileList* list, u32 mode, u32 zero)
     recorder.Problem("FileListRequest was given no list");
     return 0;
   }
-  if (!allowed) return 0;
+  const int answer = allowed && code != refusedRequest ? 1 : 0;
+  if (answer == 0 && !fillsRefusedLists) return answer;
   switch (code) {
     case kListSelectedItems:
       for (FakeFileItem* item : selection) fake->Append(item);
-      return 1;
+      return answer;
     case kListAllItems:
       for (FakeFileItem* item : view) fake->Append(item);
-      return 1;
+      return answer;
     case kListFocusedItem:
       if (focused) fake->Append(focused);
-      return focused ? 1 : 0;
+      return focused ? answer : 0;
     default:
       recorder.Problem("no such list request: " + Number(code));
       return 0;

@@ -30,6 +30,8 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   std::vector<FakeFileItem*> selection;  // 21215
   std::vector<FakeFileItem*> view;       // 21110
   FakeFileItem* focused = nullptr;       // 21111; null: the request fails
+  Velmora::SDK::u32 refusedRequest = 0;  // the list request of this code fails
+  bool fillsRefusedLists = false;        // a list request that fails has filled its list all the same
   // Adds files of these names and selects them, in this order.
   void SelectFiles(const std::vector<WString>& names);
 

@@ -41,7 +41,8 @@ class FakeMenuBuilder final : public Velmora::SDK::IHostMenuBuilder {
  public:
   explicit FakeMenuBuilder(HostRecorder& recorder) : recorder_(recorder) {}
 
-  // Menus of this text id cannot be made; 0 for none.
+  // Menus of this text id cannot be made; 0 for none. What hangs under no menu is a problem; a command that
+  // is none is not.
   Velmora::SDK::TextId refusedText = 0;
 
   Velmora::SDK::MenuHandle AddSubMenuText(Velmora::SDK::MenuHandle parent, const WCHAR* text,
@@ -59,6 +60,7 @@ class FakeMenuBuilder final : public Velmora::SDK::IHostMenuBuilder {
   void AddSeparator(Velmora::SDK::MenuHandle menu, Velmora::SDK::u32 zero) override;
 
  private:
+  void CheckMenu(Velmora::SDK::MenuHandle menu, const char* operation);
   Velmora::SDK::MenuHandle Make(const std::string& call, Velmora::SDK::TextId text, const std::string& name);
 
   HostRecorder& recorder_;
