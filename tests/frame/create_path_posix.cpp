@@ -1,5 +1,5 @@
 // Making folders: failures half way, and which components are looked at.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 
@@ -8,6 +8,19 @@
 #include "support/scratch_folder.h"
 
 using namespace Platform;
+using testing::ElementsAre;
+
+namespace {
+
+// What is looked at for this path.
+std::vector<WString> LooksAt(const WString& path) {
+  const Faults::Scope faults;
+  Faults::Watch("GetFileAttributesW");
+  CreatePath(path, true);
+  return Faults::Paths("GetFileAttributesW");
+}
+
+}  // namespace
 
 TEST(CreatePath, LeavesTheFoldersMadeBeforeAFailure) {
   const ScratchFolder scratch;
@@ -51,4 +64,32 @@ TEST(CreatePath, WithoutParentsLooksAtThePathAlone) {
   EXPECT_TRUE(CreatePath(scratch.Path(W("a")), false));
   EXPECT_EQ(Faults::CallCount("GetFileAttributesW"), 1);
   EXPECT_EQ(Faults::CallCount("CreateDirectoryW"), 1);
+}
+
+// None of these servers is there, so the first folder below the share ends it.
+TEST(CreatePath, BeginsBehindServerAndShareOfANetworkPath) {
+  EXPECT_THAT(LooksAt(W("\\\\server\\share\\a\\b")), ElementsAre(W("\\\\server\\share\\a")));
+  EXPECT_THAT(LooksAt(W("\\\\server\\share\\a")), ElementsAre(W("\\\\server\\share\\a")));
+  EXPECT_THAT(LooksAt(W("\\\\server\\share")), ElementsAre(W("\\\\server\\share")));
+  EXPECT_THAT(LooksAt(W("\\\\server")), ElementsAre(W("\\\\server")));
+}
+
+TEST(CreatePath, SearchesForTheEndOfTheServerFromTheFourthCharacterOn) {
+  // A name of one character ends there; a third backslash belongs to the name.
+  EXPECT_THAT(LooksAt(W("\\\\s\\share\\a\\b")), ElementsAre(W("\\\\s\\share\\a")));
+  EXPECT_THAT(LooksAt(W("\\\\\\server\\share\\a\\b")), ElementsAre(W("\\\\\\server\\share\\a")));
+}
+
+TEST(CreatePath, NetworkPathHasThreeCharactersAtLeast) {
+  EXPECT_THAT(LooksAt(W("\\\\")), ElementsAre(W("\\"), W("\\\\")));
+  EXPECT_THAT(LooksAt(W("\\\\a")), ElementsAre(W("\\\\a")));
+}
+
+TEST(CreatePath, MakesTheMissingFoldersFromTheTopDown) {
+  const ScratchFolder scratch;
+  const Faults::Scope faults;
+  Faults::Watch("CreateDirectoryW");
+  EXPECT_TRUE(CreatePath(scratch.Path(W("a\\b\\c")), true));
+  EXPECT_THAT(Faults::Paths("CreateDirectoryW"),
+              ElementsAre(scratch.Path(W("a")), scratch.Path(W("a\\b")), scratch.Path(W("a\\b\\c"))));
 }

@@ -18,6 +18,8 @@ TEST(SystemErrorText, AsksTheSystemForAnAllocatedTextWithoutInserts) {
   GetSystemErrorText(ERROR_ACCESS_DENIED);
   EXPECT_EQ(Faults::CallCount("FormatMessageW"), 1);
   EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1300u);
+  EXPECT_EQ(Faults::LastMessageSource().source, nullptr);
+  EXPECT_EQ(Faults::LastMessageSource().language, 0x400u);
   EXPECT_EQ(Faults::CallCount("LoadLibraryExW"), 0);
 }
 
@@ -31,6 +33,8 @@ TEST(SystemErrorText, NetworkErrorsLoadTheirLibraryAsADataFile) {
     EXPECT_EQ(Faults::LastFlags("LoadLibraryExW"), 2u) << error;
     // The flag says that a module is to be searched, and none is handed on.
     EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1B00u) << error;
+    EXPECT_EQ(Faults::LastMessageSource().source, nullptr) << error;
+    EXPECT_EQ(Faults::LastMessageSource().language, 0x400u) << error;
   }
 }
 
