@@ -104,6 +104,30 @@ TEST(MultiRename, NullHostAtRegisterAndStartDoesNotCrash) {
   EXPECT_EQ(extension.OnShutdown(0), 0);
 }
 
+TEST(MultiRename, ShutdownTellsTheHostOnce) {
+  FakeHost host;
+  QXMultiRename extension;
+  extension.OnStart(&host);
+  host.recorder.ClearCalls();
+  EXPECT_EQ(extension.OnShutdown(0), 0);
+  EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), testing::SizeIs(1));
+  ASSERT_FALSE(host.recorder.Calls().empty());
+  EXPECT_EQ(host.recorder.Calls().back(), "ExtensionClosed()");
+  ExpectAllGivenBack(host);
+}
+
+TEST(MultiRename, CommandOfTheShutdownTellsTheHostOnce) {
+  FakeHost host;
+  QXMultiRename extension;
+  extension.OnStart(&host);
+  host.recorder.ClearCalls();
+  EXPECT_EQ(extension.OnCommand(20500, 0, 0), 0);
+  EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), IsEmpty());
+  EXPECT_EQ(extension.OnCommand(20002, 0, 1), 0);
+  EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), testing::SizeIs(1));
+  ExpectAllGivenBack(host);
+}
+
 TEST(NtfsProperties, AnswersTheConstantsOfItsThirteenOperations) {
   FakeHost host;
   NTFSProp extension;

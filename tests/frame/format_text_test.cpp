@@ -46,7 +46,57 @@ TEST(FormatText, GivesWhatTheLibraryGivesForTheAlternateForm) {
   for (const char* format : {"%#x", "%#X", "%#010x", "%#10x"}) ExpectAsTheLibrary(format);
 }
 
+TEST(FormatText, PrecisionIsTheLeastNumberOfDigits) {
+  EXPECT_EQ(Filled("%.3d"), "007");
+  EXPECT_EQ(Filled("%5.2d"), "   07");
+  EXPECT_EQ(Filled("%-6.3u|"), "007   |");
+  EXPECT_EQ(Filled("%05.2d"), "   07");
+  EXPECT_EQ(Filled("%+.3d"), "+007");
+  EXPECT_EQ(Filled("%.0d", 0), "");
+  EXPECT_EQ(Filled("%.d", 0), "");
+  EXPECT_EQ(Filled("%3.0d|", 0), "   |");
+  EXPECT_EQ(Filled("%.1d", 70000), "70000");
+}
+
+TEST(FormatText, OctalNumbers) {
+  EXPECT_EQ(Filled("%o", 8), "10");
+  EXPECT_EQ(Filled("%#o", 8), "010");
+  EXPECT_EQ(Filled("%#o", 0), "0");
+  EXPECT_EQ(Filled("%#.0o", 0), "0");
+  EXPECT_EQ(Filled("%#.3o", 8), "010");
+}
+
+TEST(FormatText, GivesWhatTheLibraryGivesForAllFlagsWidthsAndPrecisions) {
+  constexpr std::string_view kFlags = "-+ 0#";
+  for (const char letter : {'d', 'u', 'o', 'x', 'X'}) {
+    for (unsigned chosen = 0; chosen < 1u << kFlags.size(); ++chosen) {
+      std::string flags;
+      for (std::size_t i = 0; i < kFlags.size(); ++i) {
+        if ((chosen >> i & 1) != 0) flags += kFlags[i];
+      }
+      // The alternate form is that of the bases 8 and 16; a sign is a signed number's.
+      const bool isSigned = letter == 'd';
+      const bool isDecimal = isSigned || letter == 'u';
+      if (isDecimal && flags.find('#') != flags.npos) continue;
+      if (!isSigned && flags.find_first_of("+ ") != flags.npos) continue;
+      for (const char* width : {"", "1", "4", "14"}) {
+        for (const char* precision : {"", ".", ".0", ".1", ".3", ".12"}) {
+          const std::string format = "%" + flags + width + precision + letter;
+          for (const std::uint32_t value : {0u, 1u, 7u, 2147483647u}) {
+            char expected[64];
+            std::snprintf(expected, sizeof expected, format.c_str(), value);
+            ASSERT_EQ(Filled(format, value), expected) << format << " of " << value;
+          }
+        }
+      }
+    }
+  }
+}
+
 TEST(FormatText, LengthsAreAccepted) {
+  EXPECT_EQ(Filled("%I64d|", 70000), "70000|");
+  EXPECT_EQ(Filled("%I32u|", 70000), "70000|");
+  EXPECT_EQ(Filled("%Iu|", 70000), "70000|");
   EXPECT_EQ(Filled("%ld", 70000), "70000");
   EXPECT_EQ(Filled("%lu", 70000), "70000");
   EXPECT_EQ(Filled("%lld", 70000), "70000");
