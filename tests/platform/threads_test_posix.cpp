@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <barrier>
+#include <cstdlib>
 #include <thread>
 
 #include "platform/handles.h"
@@ -180,12 +181,25 @@ TEST(ThreadsTest, AFaultMeetsOneCallOfAll) {
   EXPECT_EQ(Platform::Faults::CallCount("GetFileAttributesW"), kThreads * kRounds);
 }
 
-TEST(ThreadsTest, TheFirstCaseMappingsComeFromManyThreads) {
-  RunTogether([](int) {
-    WCHAR unit = W('\u00E9');
-    EXPECT_EQ(LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, &unit, 1, &unit, 1), 1);
-    EXPECT_EQ(unit, W('\u00C9'));
+// The last letters of the tables: whoever reads them before all is made sees none.
+void MapCaseTogether() {
+  RunTogether([](int number) {
+    const bool upper = number % 2 == 0;
+    WCHAR unit = upper ? W('\uFF5A') : W('\uFF3A');
+    EXPECT_EQ(LCMapStringW(LOCALE_INVARIANT, upper ? LCMAP_UPPERCASE : LCMAP_LOWERCASE, &unit, 1, &unit, 1),
+              1);
+    EXPECT_EQ(unit, upper ? W('\uFF3A') : W('\uFF5A'));
   });
+}
+
+// In a process of its own, in which nothing has mapped case before.
+TEST(ThreadsDeathTest, TheFirstCaseMappingsOfAProcessComeFromManyThreads) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto mapAndLeave = [] {
+    MapCaseTogether();
+    std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
+  };
+  EXPECT_EXIT(mapAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 
 }  // namespace
