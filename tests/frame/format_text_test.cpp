@@ -82,7 +82,12 @@ TEST(FormatText, GivesWhatTheLibraryGivesForAllFlagsWidthsAndPrecisions) {
       for (const char* width : {"", "1", "4", "14"}) {
         for (const char* precision : {"", ".", ".0", ".1", ".3", ".12"}) {
           const std::string format = "%" + flags + width + precision + letter;
+          // Some libraries forget the one zero of an octal nothing; OctalNumbers has it written out.
+          const bool isOctalNothing =
+              letter == 'o' && flags.find('#') != flags.npos &&
+              (precision == std::string_view(".") || precision == std::string_view(".0"));
           for (const std::uint32_t value : {0u, 1u, 7u, 2147483647u}) {
+            if (isOctalNothing && value == 0) continue;
             char expected[64];
             std::snprintf(expected, sizeof expected, format.c_str(), value);
             ASSERT_EQ(Filled(format, value), expected) << format << " of " << value;
