@@ -1,5 +1,6 @@
 #include "host/file_item.h"
 
+#include "host/move_item.h"
 #include "host/paths.h"
 #include "platform/handles.h"
 
@@ -108,7 +109,9 @@ FileItem& FileItemTree::Node(WStringView fullPath) {
 FileItem* FileItemTree::Find(const WString& fullPath) {
   const DWORD attributes = GetFileAttributesW(SystemPath(fullPath).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return nullptr;
-  FileItem& item = Node(fullPath);
+  const WString onDisk = NameOnDisk(fullPath);
+  FileItem& item =
+      onDisk.empty() ? Node(fullPath) : Node(fullPath.substr(0, fullPath.rfind(W('\\')) + 1) + onDisk);
   if (!item.parent_) {
     SetLastError(ERROR_INVALID_NAME);
     return nullptr;

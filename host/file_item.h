@@ -63,7 +63,7 @@ class FileItemTree {
   ~FileItemTree();
 
   // The item of a full path. Null, and GetLastError, if there is no such file or folder, and for a root,
-  // which has no name.
+  // which has no name. Its last name is taken as it stands on the disk.
   FileItem* Find(const WString& fullPath);
 
   // The item of a full path, whether or not there is such a file; its attributes are not asked for. It is for

@@ -9,4 +9,11 @@ namespace QxHost {
 // the error number.
 DWORD MoveItem(const WString& from, const WString& to);
 
+// The name of a file or folder as it stands on the disk, where the system finds it in another letter case.
+// Empty if the system does not tell, or where letter case tells files apart.
+WString NameOnDisk(const WString& fullPath);
+
+// Equal for paths that mean the same file whatever their letter case.
+WString PathKey(const WString& fullPath);
+
 }  // namespace QxHost

@@ -9,4 +9,9 @@ DWORD MoveItem(const WString& from, const WString& to) {
   return error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE;
 }
 
+// Letter case tells files apart here, so a path is found by its very name alone.
+WString NameOnDisk(const WString&) { return {}; }
+
+WString PathKey(const WString& fullPath) { return fullPath; }
+
 }  // namespace QxHost

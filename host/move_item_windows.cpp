@@ -5,6 +5,8 @@
 namespace QxHost {
 namespace {
 
+constexpr unsigned kMostNames = 10000;
+
 DWORD Move(const WString& from, const WString& to) {
   if (MoveFileW(SystemPath(from).c_str(), SystemPath(to).c_str())) return ERROR_SUCCESS;
   const DWORD error = GetLastError();
@@ -16,15 +18,41 @@ bool DifferInCaseAlone(const WString& left, const WString& right) {
                                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
 
-// The name as it stands on the disk. Empty if the system does not tell.
-WString NameOnDisk(const WString& fullPath) {
-  WIN32_FIND_DATAW found{};
-  const FindHandle search(FindFirstFileExW(SystemPath(fullPath).c_str(), FindExInfoBasic, &found,
-                                           FindExSearchNameMatch, nullptr, 0));
-  return search.IsOpen() ? WString(found.cFileName) : WString();
+// Moves a file to a name in its folder that no file has. 0, or the error number.
+DWORD MoveAside(const WString& from, WString& aside) {
+  const WString folder = from.substr(0, from.rfind(L'\\') + 1);
+  DWORD error = ERROR_ALREADY_EXISTS;
+  for (unsigned number = 1; number < kMostNames && error == ERROR_ALREADY_EXISTS; ++number) {
+    aside = folder + L"qxhost~" + std::to_wstring(number) + L".tmp";
+    error = Move(from, aside);
+  }
+  return error;
 }
 
 }  // namespace
+
+WString NameOnDisk(const WString& fullPath) {
+  const WStringView wanted = WStringView(fullPath).substr(fullPath.rfind(L'\\') + 1);
+  // As a mask, such a name would find that of another file.
+  if (wanted.empty() || wanted.back() == L'.' || wanted.back() == L' ') return {};
+  WIN32_FIND_DATAW found{};
+  const FindHandle search(FindFirstFileExW(SystemPath(fullPath).c_str(), FindExInfoBasic, &found,
+                                           FindExSearchNameMatch, nullptr, 0));
+  if (!search.IsOpen()) return {};
+  const WString first = found.cFileName;
+  // Below Wine there may be files whose names differ in case alone; the one that is asked for goes first.
+  do {
+    if (found.cFileName == wanted) return WString(wanted);
+  } while (FindNextFileW(search.Get(), &found));
+  return first;
+}
+
+WString PathKey(const WString& fullPath) {
+  WString key = fullPath;
+  const int size = static_cast<int>(key.size());
+  if (size != 0) LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, fullPath.data(), size, key.data(), size);
+  return key;
+}
 
 DWORD MoveItem(const WString& from, const WString& to) {
   DWORD error = Move(from, to);
@@ -33,8 +61,8 @@ DWORD MoveItem(const WString& from, const WString& to) {
   // both for the same. There the name goes by way of another.
   const WString oldName = from.substr(from.rfind(L'\\') + 1);
   if (NameOnDisk(to) != oldName) return ERROR_SUCCESS;
-  const WString between = to + L".qxhost-rename";
-  error = Move(from, between);
+  WString between;
+  error = MoveAside(from, between);
   if (error != ERROR_SUCCESS) return error;
   error = Move(between, to);
   if (error != ERROR_SUCCESS) Move(between, from);

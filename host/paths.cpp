@@ -1,5 +1,6 @@
 #include "host/paths.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace QxHost {
@@ -7,6 +8,7 @@ namespace {
 
 constexpr WStringView kLongPrefix = W("\\\\?\\");
 constexpr WStringView kLongServerPrefix = W("\\\\?\\UNC\\");
+constexpr WStringView kDevicePrefix = W("\\\\.\\");
 constexpr WStringView kKeptCharacters = W("\\/:*?\"<>|");
 
 // Windows leaves room for a short name below a folder, so folders reach their limit first.
@@ -19,6 +21,76 @@ bool IsDrivePath(WStringView path) { return path.size() >= 2 && path[1] == W(':'
 // `Z:` and `Z:a`.
 bool IsRelativeToDrive(WStringView path) {
   return IsDrivePath(path) && (path.size() == 2 || !IsSeparator(path[2]));
+}
+
+bool IsCutAtEnd(WCHAR character) { return character == W('.') || character == W(' '); }
+
+// True for a name that the system cuts in a path of the short form.
+bool IsCutName(WStringView name) {
+  return !name.empty() && name != W(".") && name != W("..") && IsCutAtEnd(name.back());
+}
+
+bool HasCutName(WStringView fullPath) {
+  for (std::size_t at = 1; at <= fullPath.size(); ++at) {
+    const bool endsName = at == fullPath.size() || fullPath[at] == W('\\');
+    if (endsName && IsCutAtEnd(fullPath[at - 1])) return true;
+  }
+  return false;
+}
+
+// Takes the prefix off a path that has the form of a drive's or a server's behind it.
+bool TakeLongPrefixOff(WString& path) {
+  if (path.starts_with(kLongServerPrefix)) {
+    path.replace(0, kLongServerPrefix.size(), W("\\\\"));
+    return true;
+  }
+  if (!path.starts_with(kLongPrefix) || !IsDrivePath(WStringView(path).substr(kLongPrefix.size()))) {
+    return false;
+  }
+  path.erase(0, kLongPrefix.size());
+  return true;
+}
+
+// Where the names behind the root begin.
+std::size_t RootSize(WStringView path) { return path.size() - SplitRoot(path).rest.size(); }
+
+// Where the first name stands that the system would cut; npos if there is none.
+std::size_t FirstKeptName(WStringView path) {
+  for (std::size_t at = RootSize(path); at < path.size();) {
+    const std::size_t end = std::min(path.find(W('\\'), at), path.size());
+    if (IsCutName(path.substr(at, end - at))) return at;
+    at = end + 1;
+  }
+  return WStringView::npos;
+}
+
+// Goes from a full path down, and up, along `names`.
+void AppendNames(WString& full, WStringView names) {
+  while (!names.empty()) {
+    const std::size_t end = std::min(names.find(W('\\')), names.size());
+    const WStringView name = names.substr(0, end);
+    names.remove_prefix(std::min(end + 1, names.size()));
+    if (name.empty() || name == W(".")) continue;
+    if (name != W("..")) {
+      if (!full.ends_with(W('\\'))) full += W('\\');
+      full += name;
+    } else if (!SplitRoot(full).rest.empty()) {
+      full.resize(std::max(full.rfind(W('\\')), RootSize(full)));
+    }
+  }
+}
+
+// What the system makes of a path; the current folder for an empty one. Nothing for a device.
+std::optional<WString> SystemFullPath(const WString& path) {
+  const WCHAR* const text = path.empty() ? W(".") : path.c_str();
+  const DWORD needed = GetFullPathNameW(text, 0, nullptr, nullptr);
+  if (needed == 0) return std::nullopt;
+  WString full(needed, WCHAR());
+  const DWORD size = GetFullPathNameW(text, needed, full.data(), nullptr);
+  if (size == 0 || size >= needed) return std::nullopt;
+  full.resize(size);
+  if (full.starts_with(kDevicePrefix)) return std::nullopt;
+  return full;
 }
 
 // Bytes of the sequence that begins at `at`, 0 if it is no UTF-8.
@@ -58,20 +130,21 @@ WString PathFromUtf8(std::string_view bytes) {
 }
 
 std::optional<WString> FullPathOf(const WString& path) {
-  if (path.empty() || path.find(WCHAR()) != WString::npos || IsRelativeToDrive(path)) return std::nullopt;
-  const DWORD needed = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-  if (needed == 0) return std::nullopt;
-  WString full(needed, WCHAR());
-  const DWORD size = GetFullPathNameW(path.c_str(), needed, full.data(), nullptr);
-  if (size == 0 || size >= needed) return std::nullopt;
-  full.resize(size);
-  if (full.starts_with(kLongServerPrefix)) {
-    full.replace(0, kLongServerPrefix.size(), W("\\\\"));
-  } else if (full.starts_with(kLongPrefix) && IsDrivePath(WStringView(full).substr(kLongPrefix.size()))) {
-    full.erase(0, kLongPrefix.size());
+  if (path.empty() || path.find(WCHAR()) != WString::npos) return std::nullopt;
+  WString text = path;
+  std::replace(text.begin(), text.end(), W('/'), W('\\'));
+  // The long form means each name as it stands; so does a name that the short form would cut.
+  const bool isLongForm = TakeLongPrefixOff(text);
+  if (IsRelativeToDrive(text)) return std::nullopt;
+  const std::size_t kept = isLongForm ? RootSize(text) : FirstKeptName(text);
+  std::optional<WString> full = SystemFullPath(text.substr(0, kept));
+  if (!full) return std::nullopt;
+  if (kept != WString::npos) AppendNames(*full, WStringView(text).substr(kept));
+  const std::size_t shortest = IsDrivePath(*full) ? 3 : 2;
+  while (full->size() > shortest && full->back() == W('\\')) full->pop_back();
+  if (IsDrivePath(*full) && full->front() >= W('a') && full->front() <= W('z')) {
+    full->front() = static_cast<WCHAR>(full->front() - W('a') + W('A'));
   }
-  const std::size_t shortest = IsDrivePath(full) ? 3 : 2;
-  while (full.size() > shortest && full.back() == W('\\')) full.pop_back();
   return full;
 }
 
@@ -81,7 +154,8 @@ bool IsFullPath(WStringView path) {
 }
 
 WString SystemPath(const WString& fullPath) {
-  if (fullPath.size() < kMostShortPathChars || fullPath.starts_with(kLongPrefix)) return fullPath;
+  const bool fitsShortForm = fullPath.size() < kMostShortPathChars && !HasCutName(fullPath);
+  if (fitsShortForm || fullPath.starts_with(kLongPrefix)) return fullPath;
   if (fullPath.starts_with(W("\\\\"))) return WString(kLongServerPrefix) + fullPath.substr(2);
   return WString(kLongPrefix) + fullPath;
 }
@@ -104,6 +178,11 @@ NameParts SplitName(WStringView name, bool isFolder) {
   const std::size_t dot = isFolder ? WStringView::npos : name.rfind(W('.'));
   if (dot == WStringView::npos) return {name, {}};
   return {name.substr(0, dot), name.substr(dot)};
+}
+
+WStringView NameToMake(WStringView name) {
+  while (!name.empty() && IsCutAtEnd(name.back())) name.remove_suffix(1);
+  return name;
 }
 
 bool IsPossibleName(WStringView name) {

@@ -14,15 +14,18 @@ namespace QxHost {
 WString PathFromUtf8(std::string_view bytes);
 
 // The full path of `path`, which may be relative and may be written with `/`. Without a separator at its end,
-// but for the root of a drive (`Z:\`). Nothing if the system refuses the path, if it is empty, and for `Z:`
-// and `Z:a`, which would mean the current folder of that drive: nobody sees which one that is.
+// but for the root of a drive (`Z:\`), and with the drive in upper case. Nothing if the system refuses the
+// path, if it is empty or a device's, and for `Z:` and `Z:a`, which would mean the current folder of that
+// drive: nobody sees which one that is. A name that ends in a dot or a blank is kept, where the system would
+// cut it and mean another file.
 std::optional<WString> FullPathOf(const WString& path);
 
 // True for a path that begins at a root, in either way of writing it. Nothing else may be renamed by path:
 // the current folder has no part in what a batch means.
 bool IsFullPath(WStringView path);
 
-// The path as it is given to the system: in its long form (`\\?\`) if it is too long for the short one.
+// The path as it is given to the system: in its long form (`\\?\`) if it is too long for the short one, or
+// has a name that ends in a dot or a blank, which the system would cut there.
 WString SystemPath(const WString& fullPath);
 
 // The root (`Z:` or `\\server\share`) and the names below it.
@@ -39,6 +42,10 @@ struct NameParts {
   WStringView extension;  // with its dot
 };
 NameParts SplitName(WStringView name, bool isFolder);
+
+// The name as it is made: without the dots and blanks at its end, which no program of Windows can give a
+// name. Empty if nothing else is in it.
+WStringView NameToMake(WStringView name);
 
 // False for what can be no name: the empty text, `.` and `..`, and one with a separator, a character that
 // Windows keeps for itself, or a control character.

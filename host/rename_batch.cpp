@@ -65,26 +65,45 @@ void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
 
 u32 FileOperation::Rename(FileItem* item, const QueuedRename& rename) {
   const WString from = item ? item->FullPath() : rename.fullPath;
-  const u32 result = item ? RenameOne(from, rename.newName) : u32{ERROR_BAD_PATHNAME};
-  reporter_.Rename({from, rename.newName, result, dryRun_});
+  const WString made(NameToMake(rename.newName));
+  const WString& newName = made.empty() ? rename.newName : made;
+  const u32 result = item ? RenameOne(*item, from, newName) : u32{ERROR_BAD_PATHNAME};
+  reporter_.Rename({from, newName, result, dryRun_});
   if (result != kRenameDone && result != kRenameIgnored) {
-    output_.Problem("cannot rename " + ToUtf8(from) + " to " + ToUtf8(rename.newName) + ": " +
-                    ErrorText(result));
+    output_.Problem("cannot rename " + ToUtf8(from) + " to " + ToUtf8(newName) + ": " + ErrorText(result));
   }
-  if (result == kRenameDone && !dryRun_) items_.Rename(*item, rename.newName);
+  if (result == kRenameDone && !dryRun_) items_.Rename(*item, newName);
   return result;
 }
 
-u32 FileOperation::RenameOne(const WString& from, const WString& newName) {
+u32 FileOperation::RenameOne(const FileItem& item, const WString& from, const WString& newName) {
   const auto [folder, name] = SplitFullPath(from);
-  if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
+  if (NameToMake(newName).empty() || !IsPossibleName(newName)) return ERROR_INVALID_NAME;
   if (folder.empty()) return ERROR_ACCESS_DENIED;  // a drive
-  if (newName == name) return kRenameIgnored;
+  if (newName == name && !dryRun_) return kRenameIgnored;
   // Windows holds the current folder open; elsewhere a slip such as an ITEM "." would take it away as well.
-  if (HoldsCurrentFolder(from)) return ERROR_SHARING_VIOLATION;
-  if (dryRun_) return kRenameDone;
+  if (newName != name && HoldsCurrentFolder(from)) return ERROR_SHARING_VIOLATION;
+  if (dryRun_) return TryOne(item, from, folder + newName);
   const DWORD error = MoveItem(from, folder + newName);
   return error == kRenameIgnored ? ERROR_GEN_FAILURE : error;  // that number means something else here
+}
+
+u32 FileOperation::TryOne(const FileItem& item, const WString& from, const WString& to) {
+  const auto renamed = dryPaths_.find(&item);
+  const WString& present = renamed == dryPaths_.end() ? from : renamed->second;
+  if (to == present) return kRenameIgnored;
+  WString key = PathKey(to);
+  const WString presentKey = PathKey(present);
+  if (key != presentKey) {
+    if (taken_.contains(key)) return ERROR_ALREADY_EXISTS;
+    const bool stands = GetFileAttributesW(SystemPath(to).c_str()) != INVALID_FILE_ATTRIBUTES;
+    if (stands && !left_.contains(key)) return ERROR_ALREADY_EXISTS;
+  }
+  taken_.erase(presentKey);
+  left_.insert(presentKey);
+  taken_.insert(std::move(key));
+  dryPaths_[&item] = to;
+  return kRenameDone;
 }
 
 }  // namespace QxHost

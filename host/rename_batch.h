@@ -3,6 +3,8 @@
 
 #include <deque>
 #include <functional>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "frame/services/host_files.h"
 #include "host/file_item.h"
@@ -49,7 +51,7 @@ class RenameBatch final : public OwnedByModule<RenameBatch, Velmora::SDK::IHostR
 
 class FileOperation final : public Velmora::SDK::IHostFileOperation {
  public:
-  // With `dryRun` renames are reported as done, and not done.
+  // With `dryRun` renames are reported as they would go, and not done.
   FileOperation(FileItemTree& items, Reporter& reporter, Output& output, bool dryRun)
       : items_(items), reporter_(reporter), output_(output), dryRun_(dryRun) {}
 
@@ -61,8 +63,9 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   void ReleaseRenameBatch(Velmora::SDK::IHostRenameBatch* batch) override {
     if (batch) batch->Release();
   }
-  // In the order of the batch; a rename that fails is told and does not stop the others. A name that can be
-  // none is refused (123), a name that stays is ignored (10), and a target that exists is never replaced.
+  // In the order of the batch. Dots and blanks at the end of a new name are left out, as the system does. A
+  // rename that fails is told and does not stop the others. A name that can be none is refused (123), a name
+  // that stays is ignored (10), and a target that exists is never replaced.
   void RunBatch(Velmora::SDK::IHostRenameBatch* batch,
                 Velmora::SDK::IRenameResultCallback* callback) override;
   void RunPathBatch(Velmora::SDK::IHostRenameBatch* batch,
@@ -70,13 +73,19 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
 
  private:
   void Run(RenameBatch& batch, Velmora::SDK::IRenameResultCallback* callback);
-  u32 RenameOne(const WString& from, const WString& newName);
+  u32 RenameOne(const FileItem& item, const WString& from, const WString& newName);
+  // What the rename would answer after those that this dry run has reported. Paths have their folders as they
+  // are on the disk, since a dry run renames none.
+  u32 TryOne(const FileItem& item, const WString& from, const WString& to);
   u32 Rename(FileItem* item, const QueuedRename& rename);
 
   FileItemTree& items_;
   Reporter& reporter_;
   Output& output_;
   bool dryRun_;
+  std::unordered_map<const FileItem*, WString> dryPaths_;  // where an item would be by now
+  std::unordered_set<WString> taken_;                      // by keys: paths that items would have by now
+  std::unordered_set<WString> left_;                       // by keys: paths that items would have left
 };
 
 }  // namespace QxHost

@@ -17,11 +17,11 @@ class SetExtension(HostTest):
         self.assertEqual(outcome.renames, [("a.txt", "a.log", 0)])
         self.assertEqual(self.names(), ["a.log"])
 
-    def test_a_second_dot_stays(self):
+    def test_the_dots_of_an_extension_without_letters_are_left_out(self):
         self.make("a.txt")
         outcome = self.command(30060, "a.txt", answers=["text=.."])
-        self.assertEqual(outcome.renames, [("a.txt", "a..", 0)])
-        # The system takes dots off the end of a name.
+        self.assertEqual(outcome.renames, [("a.txt", "a", 0)])
+        # No name ends in a dot.
         self.assertEqual(self.names(), ["a"])
 
     def test_ok_takes_the_offered_extension(self):

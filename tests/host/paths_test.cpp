@@ -71,6 +71,54 @@ TEST(FullPathOf, RefusesWhatIsNoPath) {
   EXPECT_EQ(FullPathOf(WString(W("a\0b"), 3)), std::nullopt);
 }
 
+TEST(FullPathOf, KeepsDotsAndBlanksAtTheEndOfNames) {
+  EXPECT_EQ(FullPathOf(W("Z:\\d\\a.")), W("Z:\\d\\a."));
+  EXPECT_EQ(FullPathOf(W("Z:\\d\\a ")), W("Z:\\d\\a "));
+  EXPECT_EQ(FullPathOf(W("Z:\\d\\a.. ")), W("Z:\\d\\a.. "));
+  EXPECT_EQ(FullPathOf(W("Z:/d/./a./../b./c\\")), W("Z:\\d\\b.\\c"));
+  EXPECT_EQ(FullPathOf(W("Z:\\a.\\..")), W("Z:\\"));
+  EXPECT_EQ(FullPathOf(W("Z:\\a.\\..\\..\\..\\b")), W("Z:\\b"));
+  EXPECT_EQ(FullPathOf(W("a.")), *FullPathOf(W(".")) + W("\\a."));
+  EXPECT_EQ(FullPathOf(W("sub/../a /b")), *FullPathOf(W(".")) + W("\\a \\b"));
+}
+
+TEST(FullPathOf, TheLongFormMeansItsNamesAsTheyStand) {
+  EXPECT_EQ(FullPathOf(W("\\\\?\\Z:\\d\\z.")), W("Z:\\d\\z."));
+  EXPECT_EQ(FullPathOf(W("\\\\?\\Z:\\d \\z\\")), W("Z:\\d \\z"));
+  EXPECT_EQ(FullPathOf(W("\\\\?\\Z:\\")), W("Z:\\"));
+  EXPECT_EQ(FullPathOf(W("\\\\?\\UNC\\server\\share\\a.")), W("\\\\server\\share\\a."));
+  EXPECT_EQ(FullPathOf(W("\\\\?\\Z:a")), std::nullopt);
+}
+
+TEST(FullPathOf, ADriveHasItsLetterInUpperCase) {
+  EXPECT_EQ(FullPathOf(W("z:\\x")), W("Z:\\x"));
+  EXPECT_EQ(FullPathOf(W("z:\\")), W("Z:\\"));
+  EXPECT_EQ(FullPathOf(W("\\\\?\\z:\\x.")), W("Z:\\x."));
+}
+
+TEST(FullPathOf, RefusesDevices) {
+  EXPECT_EQ(FullPathOf(W("\\\\.\\Z:\\a")), std::nullopt);
+  EXPECT_EQ(FullPathOf(W("//./Z:/a")), std::nullopt);
+  EXPECT_EQ(FullPathOf(W("\\\\.\\Z:\\a.")), std::nullopt);
+}
+
+TEST(SystemPath, GivesNamesThatTheShortFormCutsTheLongForm) {
+  EXPECT_EQ(SystemPath(W("Z:\\d\\a.")), W("\\\\?\\Z:\\d\\a."));
+  EXPECT_EQ(SystemPath(W("Z:\\d\\a ")), W("\\\\?\\Z:\\d\\a "));
+  EXPECT_EQ(SystemPath(W("Z:\\d.\\a")), W("\\\\?\\Z:\\d.\\a"));
+  EXPECT_EQ(SystemPath(W("Z:\\d \\*")), W("\\\\?\\Z:\\d \\*"));
+  EXPECT_EQ(SystemPath(W("\\\\s\\t\\a.")), W("\\\\?\\UNC\\s\\t\\a."));
+  EXPECT_EQ(SystemPath(W("Z:\\.d\\ a.b")), W("Z:\\.d\\ a.b"));
+  EXPECT_EQ(SystemPath(W("Z:\\")), W("Z:\\"));
+}
+
+TEST(NameToMake, HasNoDotsAndBlanksAtItsEnd) {
+  EXPECT_EQ(NameToMake(W("a. . ")), W("a"));
+  EXPECT_EQ(NameToMake(W(" .a.b")), W(" .a.b"));
+  EXPECT_EQ(NameToMake(W(". .")), W(""));
+  EXPECT_EQ(NameToMake(W("")), W(""));
+}
+
 TEST(SystemPath, GivesLongPathsTheirLongForm) {
   const WString shortPath = W("Z:\\") + WString(200, W('a'));
   EXPECT_EQ(SystemPath(shortPath), shortPath);

@@ -93,6 +93,37 @@ TEST_F(RenameBatchTest, AFileThatHasGoneFailsWithItsNumber) {
   batch->Release();
 }
 
+TEST_F(RenameBatchTest, DotsAndBlanksAtTheEndOfANewNameAreLeftOut) {
+  scratch_.Write(W("a"), "");
+  EXPECT_EQ(RenameItem(W("a"), W("b. .")), 0u);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("b")));
+  EXPECT_EQ(tree_.Find(scratch_.Path(W("b")))->Name(), W("b"));
+  EXPECT_THAT(recorded_.Out(), HasSubstr(R"("to":"b","result":0})"));
+  EXPECT_EQ(RenameItem(W("b"), W("b.")), 10u);
+  EXPECT_EQ(RenameItem(W("b"), W(" . ")), 123u);
+}
+
+TEST_F(RenameBatchTest, ADryRunRefusesATargetThatStandsOrIsTaken) {
+  for (const WCHAR* name : {W("a"), W("b"), W("c")}) scratch_.Write(name, "");
+  FileOperation operation(tree_, *reporter_, recorded_.output, true);
+  IHostRenameBatch* const batch = operation.CreateRenameBatch();
+  const auto add = [&](const WCHAR* name, const WCHAR* newName) {
+    batch->AddByItem(tree_.Find(scratch_.Path(name)), newName, nullptr);
+  };
+  add(W("a"), W("b"));  // stands
+  add(W("b"), W("d"));
+  add(W("c"), W("d"));  // taken
+  add(W("a"), W("b"));  // left by now
+  add(W("b"), W("D"));  // its own name by now, in another case
+  add(W("a"), W("a"));  // back again
+  operation.RunBatch(batch, nullptr);
+  std::vector<u32> results;
+  for (u32 index = 0; index < batch->Count(); ++index) results.push_back(batch->At(index)->ResultCode());
+  EXPECT_THAT(results, ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("a"), W("b"), W("c")));
+  batch->Release();
+}
+
 TEST_F(RenameBatchTest, ADryRunReportsAndDoesNothing) {
   scratch_.Write(W("a"), "");
   EXPECT_EQ(RenameItem(W("a"), W("b"), true), 0u);
