@@ -1,5 +1,7 @@
 #include "host/answers.h"
 
+#include "host/paths.h"
+
 namespace QxHost {
 namespace {
 
@@ -19,7 +21,7 @@ constexpr Word kWords[] = {
 std::optional<Answer> ParseAnswer(std::string_view text) {
   for (const Word& row : kWords) {
     if (row.withText && text.starts_with(row.word)) {
-      return Answer{row.kind, FromUtf8(text.substr(row.word.size()))};
+      return Answer{row.kind, PathFromUtf8(text.substr(row.word.size()))};
     }
     if (!row.withText && text == row.word) return Answer{row.kind, {}};
   }

@@ -47,7 +47,8 @@ constexpr const char* kFooter = R"(Paths may be written /a/b or Z:\a\b.
 Questions. A command may ask something: whether to rename, what to replace. Each --answer answers the next
 question: ok, yes, no, cancel, text=TEXT (ok takes the text that is offered) or choice=ROWTEXT. Where no answer
 is left you are asked on the terminal; where there is none, the question is cancelled. A dialog is filled with
---form FIELD=VALUE and ended with --answer ok; a wrong FIELD shows the fields that there are.
+--form FIELD=VALUE and ended with --answer ok; a wrong FIELD shows the fields that there are. The dialog of 30010
+has find, replace and part: 1 the name without its extension, 2 the extension with its dot, 3 the whole name.
 
 Examples:
   qxhost menu                                    the commands and their numbers

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/paths.h"
+
 namespace QxHost {
 namespace {
 
@@ -81,9 +83,11 @@ std::optional<WString> Questions::AskText(const WString& title, const WString& p
   } else if (HasTerminal()) {
     std::string line = Heading(title, prompt);
     if (!hint.empty()) line += ToUtf8(hint) + "\n";
-    if (!defaultText.empty()) line += "[" + ToUtf8(defaultText) + "] ";
+    line += defaultText.empty() ? "(an empty line cancels) " : "[" + ToUtf8(defaultText) + "] ";
     const std::optional<std::string> typed = ReadAnswer(line + "> ");
-    if (typed) result = typed->empty() ? defaultText : FromUtf8(*typed);
+    // An empty line takes what is offered; where nothing is, it is the way out.
+    const bool takesLine = typed && !(typed->empty() && defaultText.empty());
+    if (takesLine) result = typed->empty() ? defaultText : PathFromUtf8(*typed);
   }
   const Answer given = result ? Answer{Answer::kText, *result} : Answer{Answer::kCancel, {}};
   reporter_.Question({QuestionEvent::kText, title, prompt, 0, AnswerText(given), defaultText, hint});
@@ -152,8 +156,9 @@ bool Questions::FillForm(const std::string& dialog, const std::vector<DialogFiel
   return true;
 }
 
-bool Questions::EditDialog(const WString& title, const std::vector<DialogField>& fields) {
-  std::string prompt = Heading(title, {});
+bool Questions::EditDialog(const WString& title, const WString& text,
+                           const std::vector<DialogField>& fields) {
+  std::string prompt = Heading(title, text);
   for (;;) {
     for (const DialogField& field : fields) prompt += "  " + field.name + "=" + ToUtf8(field.get()) + "\n";
     const std::optional<std::string> line = ReadAnswer(prompt + "(FIELD=VALUE, ok, cancel) ");
@@ -163,13 +168,13 @@ bool Questions::EditDialog(const WString& title, const std::vector<DialogField>&
     const std::size_t equals = line->find('=');
     std::string mistake = "a value is given as FIELD=VALUE";
     if (equals == std::string::npos ||
-        !SetField(fields, line->substr(0, equals), FromUtf8(line->substr(equals + 1)), mistake)) {
+        !SetField(fields, line->substr(0, equals), PathFromUtf8(line->substr(equals + 1)), mistake)) {
       prompt = mistake + "\n";
     }
   }
 }
 
-bool Questions::AskDialog(const std::string& dialog, const WString& title,
+bool Questions::AskDialog(const std::string& dialog, const WString& title, const WString& text,
                           const std::vector<DialogField>& fields) {
   bool accepted = false;
   const bool filled = FillForm(dialog, fields);
@@ -180,11 +185,10 @@ bool Questions::AskDialog(const std::string& dialog, const WString& title,
              "; it takes ok or cancel");
     }
   } else if (filled && HasTerminal()) {
-    accepted = EditDialog(title, fields);
+    accepted = EditDialog(title, text, fields);
   }
   accepted = accepted && filled;
-  reporter_.Question(
-      {QuestionEvent::kDialog, title, FromUtf8(dialog), 0, accepted ? "ok" : "cancel", {}, {}});
+  reporter_.Question({QuestionEvent::kDialog, title, text, 0, accepted ? "ok" : "cancel", {}, {}});
   return accepted;
 }
 

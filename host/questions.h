@@ -52,7 +52,8 @@ class Questions {
                                        const std::vector<WString>& rows, std::ptrdiff_t selected);
 
   // Fills the fields from the form's values, and answers whether OK ended the dialog.
-  bool AskDialog(const std::string& dialog, const WString& title, const std::vector<DialogField>& fields);
+  bool AskDialog(const std::string& dialog, const WString& title, const WString& text,
+                 const std::vector<DialogField>& fields);
 
   // The next answer of the command line, for a real box; the caller reports the question.
   std::optional<Answer> TakeAnswer();
@@ -70,7 +71,7 @@ class Questions {
   bool FillForm(const std::string& dialog, const std::vector<DialogField>& fields);
   bool SetField(const std::vector<DialogField>& fields, const std::string& name, const WString& value,
                 std::string& mistake);
-  bool EditDialog(const WString& title, const std::vector<DialogField>& fields);
+  bool EditDialog(const WString& title, const WString& text, const std::vector<DialogField>& fields);
 
   Reporter& reporter_;
   Output& output_;

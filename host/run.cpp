@@ -70,7 +70,7 @@ std::vector<FormValue> ParseForm(const std::vector<std::string>& texts) {
     if (equals == 0 || equals == std::string::npos) {
       throw BadCall("--form: \"" + text + "\" is not of the form FIELD=VALUE");
     }
-    values.push_back({text.substr(0, equals), FromUtf8(text.substr(equals + 1))});
+    values.push_back({text.substr(0, equals), PathFromUtf8(text.substr(equals + 1))});
   }
   return values;
 }
@@ -170,10 +170,11 @@ int Run::Finish(int value) {
   reporter_->Result(value);
   output_.Flush();
   if (const std::size_t left = questions_->AnswersLeft(); left != 0) {
-    output_.Problem("note: " + std::to_string(left) + " of the answers given were not asked for");
+    output_.Problem("note: answers given that nothing asked for: " + std::to_string(left));
   }
   if (questions_->FormValuesLeft() != 0) output_.Problem("note: no dialog came that --form could fill");
   if (questions_->HasRefused()) return kExitBadCall;
+  if (value == 0) output_.Problem("note: the module did not handle the command");
   return value != 0 ? kExitHandled : kExitNotHandled;
 }
 

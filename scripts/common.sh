@@ -28,7 +28,7 @@ install_packages() {
     dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || echo "$package"
   done)
   [ -z "$missing" ] && return 0
-  echo "Installing" $missing
+  echo "Installing" $missing >&2
   quietly apt-update as_root env DEBIAN_FRONTEND=noninteractive apt-get update
   quietly apt-install as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing
 }
@@ -59,6 +59,10 @@ start_display() {
     [ -s "$number" ] && break
     sleep 0.1
   done
+  if [ ! -s "$number" ]; then
+    echo 'Xvfb did not start; see build/logs/display.log' >&2
+    return 1
+  fi
   export DISPLAY=":$(cat "$number")"
 }
 
@@ -68,8 +72,8 @@ prepare_wine() {
   export WINEDLLOVERRIDES='mscoree,mshtml='
   mkdir -p "$WINEPREFIX"
   start_display
-  # Wine's server outlives the programs that it serves; it must not lose its display under them.
-  at_exit '/usr/lib/wine/wineserver -k || true'
+  # Wine's server outlives the programs that it serves for a moment; it must not lose its display under them.
+  at_exit 'timeout 20 /usr/lib/wine/wineserver -w || true'
   [ -f "$WINEPREFIX/ready" ] && return 0
   quietly wine-prefix scripts/wine wineboot --init
   # Wine draws the frames of windows itself: there is no window manager on this display, and waiting for one

@@ -6,6 +6,7 @@
 namespace {
 
 using Velmora::SDK::kTextReplaceTitle;
+using Velmora::SDK::kTextReplaceTop;
 
 struct PartText {
   int part;
@@ -54,6 +55,7 @@ INT_PTR ShowReplaceDlg(Velmora::SDK::IHostApp& host, ReplaceForm& form) {
   Platform::FormRequest request;
   request.dialog = "CReplaceDlg";
   request.title = ViewOf(host.GetLanguageString(kTextReplaceTitle));
+  request.text = ViewOf(host.GetLanguageString(kTextReplaceTop));
   request.fields = {TextField("find", form.find), TextField("replace", form.replace),
                     PartField("part", part)};
   const INT_PTR result = Platform::AskForm(request);

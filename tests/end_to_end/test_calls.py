@@ -189,6 +189,12 @@ if not IS_WINDOWS:
             self.assertIn("[txt]", prompt)
             self.assertEqual(self.names(), ["a.txt", "b.txt"])
 
+        def test_an_empty_line_cancels_where_nothing_is_offered(self):
+            self.make("a.c", "a.h")
+            _, prompt = self.run_at_terminal("\n", "command", "30020", "a.c")
+            self.assertIn("an empty line cancels", prompt)
+            self.assertEqual(self.names(), ["a.c", "a.h"])
+
         def test_a_dialog_is_filled_line_by_line(self):
             self.make("a.txt")
             self.run_at_terminal("find=a\nnothing=x\nreplace=b\nok\nok\n", "command", "30010", "a.txt")

@@ -67,7 +67,7 @@ TEST_F(QuestionsTest, WithoutAnswerAndTerminalTheHarmlessButtonIsPressed) {
   EXPECT_EQ(questions.AskBox(W(""), W(""), 0), 1);
   EXPECT_EQ(questions.AskText(W(""), W(""), W("default"), W("")), std::nullopt);
   EXPECT_EQ(questions.AskChoice(W(""), W(""), {W("1")}, 0), std::nullopt);
-  EXPECT_FALSE(questions.AskDialog("D", W(""), Fields()));
+  EXPECT_FALSE(questions.AskDialog("D", W(""), W(""), Fields()));
   EXPECT_FALSE(questions.HasRefused());
 }
 
@@ -85,7 +85,7 @@ TEST_F(QuestionsTest, AnAnswerThatDoesNotFitCancelsAndRefusesTheCall) {
   EXPECT_TRUE(questions_->HasRefused());
   EXPECT_EQ(Ask({"choice=5"}).AskChoice(W("T"), W(""), {W("1"), W("2")}, 0), std::nullopt);
   EXPECT_TRUE(questions_->HasRefused());
-  EXPECT_FALSE(Ask({"yes"}).AskDialog("D", W(""), Fields()));
+  EXPECT_FALSE(Ask({"yes"}).AskDialog("D", W(""), W(""), Fields()));
   EXPECT_TRUE(questions_->HasRefused());
 }
 
@@ -115,25 +115,26 @@ TEST_F(QuestionsTest, OkWithoutASelectedRowIsNoChoice) {
 }
 
 TEST_F(QuestionsTest, AFormIsFilledAndOkEndsIt) {
-  EXPECT_TRUE(Ask({"ok"}, {{"text", W("new")}, {"digit", W("7")}}).AskDialog("D", W("T"), Fields()));
+  EXPECT_TRUE(
+      Ask({"ok"}, {{"text", W("new")}, {"digit", W("7")}}).AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_EQ(text_, W("new"));
   EXPECT_EQ(digit_, W("7"));
 }
 
 TEST_F(QuestionsTest, AFormIsFilledOnce) {
   Questions& questions = Ask({"ok", "ok"}, {{"text", W("new")}});
-  questions.AskDialog("D", W("T"), Fields());
+  questions.AskDialog("D", W("T"), W("Top"), Fields());
   text_ = W("other");
-  EXPECT_TRUE(questions.AskDialog("D", W("T"), Fields()));
+  EXPECT_TRUE(questions.AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_EQ(text_, W("other"));
 }
 
 TEST_F(QuestionsTest, AWrongFieldOrValueCancelsTheDialogAndListsTheFields) {
-  EXPECT_FALSE(Ask({"ok"}, {{"texts", W("x")}}).AskDialog("D", W("T"), Fields()));
+  EXPECT_FALSE(Ask({"ok"}, {{"texts", W("x")}}).AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_TRUE(questions_->HasRefused());
   EXPECT_THAT(recorded_.problems,
               HasSubstr("there is no field texts in the dialog D; its fields are text=old, digit=1"));
-  EXPECT_FALSE(Ask({"ok"}, {{"digit", W("x")}}).AskDialog("D", W("T"), Fields()));
+  EXPECT_FALSE(Ask({"ok"}, {{"digit", W("x")}}).AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_TRUE(questions_->HasRefused());
   EXPECT_THAT(recorded_.problems, HasSubstr("the field digit cannot be x"));
 }
@@ -143,9 +144,10 @@ TEST_F(QuestionsTest, APersonIsAskedUntilTheAnswerFits) {
   EXPECT_EQ(AskPerson({}).AskBox(W("T"), W("text"), 1), 2);
   EXPECT_EQ(AskPerson({"typed"}).AskText(W("T"), W(""), W("old"), W("")), W("typed"));
   EXPECT_EQ(AskPerson({""}).AskText(W("T"), W(""), W("old"), W("")), W("old"));
+  EXPECT_EQ(AskPerson({""}).AskText(W("T"), W(""), W(""), W("")), std::nullopt);
   EXPECT_EQ(AskPerson({"3", "2"}).AskChoice(W("T"), W(""), {W("1"), W("2")}, 0), 1u);
   EXPECT_EQ(AskPerson({""}).AskChoice(W("T"), W(""), {W("1"), W("2")}, 0), 0u);
-  EXPECT_TRUE(AskPerson({"digit=x", "nonsense", "digit=9", "ok"}).AskDialog("D", W("T"), Fields()));
+  EXPECT_TRUE(AskPerson({"digit=x", "nonsense", "digit=9", "ok"}).AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_EQ(digit_, W("9"));
 }
 

@@ -20,10 +20,12 @@ struct FormField {
   std::function<bool(const WString&)> set;
 };
 
-// A dialog that is asked for: its class name, its title as the user would see it, and the fields of its form.
+// A dialog that is asked for: its class name, its title and what stands at its top as the user would see them,
+// and the fields of its form.
 struct FormRequest {
   std::string dialog;
   WString title;
+  WString text;
   std::vector<FormField> fields;
 };
 
