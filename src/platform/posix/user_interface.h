@@ -20,8 +20,8 @@ struct FormField {
   std::function<bool(const WString&)> set;
 };
 
-// A dialog that is asked for: its class name, its title and what stands at its top as the user would see them,
-// and the fields of its form.
+// A dialog that is asked for: its class name, its title and what stands at its top as the user would see
+// them, and the fields of its form.
 struct FormRequest {
   std::string dialog;
   WString title;
