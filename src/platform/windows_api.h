@@ -17,6 +17,7 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <time.h>
 
 // IHostApp has an operation of this name; the product calls MessageBoxW by its full name.
 #undef MessageBox

@@ -99,6 +99,52 @@ TEST_F(FaultsTest, EveryFunctionOnTextsFailsOnDemand) {
   ExpectSecondCallFails("MessageBoxW", [&] { return FailureOf(MessageBoxW(nullptr, W(""), W(""), MB_OK)); });
 }
 
+TEST_F(FaultsTest, EveryFunctionThatOrdersTextsFailsOnDemand) {
+  ExpectSecondCallFails("CompareStringA",
+                        [] { return FailureOf(CompareStringA(LOCALE_USER_DEFAULT, 0, "a", 1, "b", 1)); });
+  ExpectSecondCallFails("CompareStringW", [] {
+    return FailureOf(CompareStringW(LOCALE_USER_DEFAULT, 0, W("a"), 1, W("b"), 1));
+  });
+  ExpectSecondCallFails("CompareStringEx", [] {
+    return FailureOf(CompareStringEx(nullptr, 0, W("a"), 1, W("b"), 1, nullptr, nullptr, 0));
+  });
+  ExpectSecondCallFails("CompareStringOrdinal",
+                        [] { return FailureOf(CompareStringOrdinal(W("a"), 1, W("b"), 1, FALSE)); });
+}
+
+TEST_F(FaultsTest, TheFlagsOfTheOrderOfTextsAreKept) {
+  for (const char* function : {"CompareStringA", "CompareStringW", "CompareStringEx"})
+    Faults::Watch(function);
+  CompareStringA(LOCALE_USER_DEFAULT, 0x8000010, "a", 1, "b", 1);
+  CompareStringW(LOCALE_USER_DEFAULT, 0x8000018, W("a"), 1, W("b"), 1);
+  CompareStringEx(nullptr, 0x18, W("a"), 1, W("b"), 1, nullptr, nullptr, 0);
+  EXPECT_EQ(Faults::LastFlags("CompareStringA"), 0x8000010u);
+  EXPECT_EQ(Faults::LastFlags("CompareStringW"), 0x8000018u);
+  EXPECT_EQ(Faults::LastFlags("CompareStringEx"), 0x18u);
+}
+
+TEST_F(FaultsTest, EveryFunctionOnLibrariesFailsOnDemand) {
+  ExpectSecondCallFails("LoadLibraryW", [] {
+    const HMODULE module = LoadLibraryW(W("kernel32.dll"));
+    const DWORD error = FailureOf(module != nullptr);
+    if (module) FreeLibrary(module);
+    return error;
+  });
+  const HMODULE module = LoadLibraryW(W("kernel32.dll"));
+  ExpectSecondCallFails("GetProcAddress",
+                        [&] { return FailureOf(GetProcAddress(module, "CompareStringEx") != nullptr); });
+  ExpectSecondCallFails("FreeLibrary", [] { return FailureOf(FreeLibrary(nullptr)); });
+  EXPECT_TRUE(FreeLibrary(module));
+}
+
+TEST_F(FaultsTest, ATimeOnDemandIsNone) {
+  ExpectSecondCallFails("_mktime64", [] {
+    std::tm time{};
+    time.tm_year = 100;
+    return FailureOf(_mktime64(&time) != -1);
+  });
+}
+
 TEST_F(FaultsTest, LocalFreeOnDemandGivesTheMemoryBackToTheCaller) {
   WCHAR* text = nullptr;
   ASSERT_NE(FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_ALLOCATE_BUFFER, nullptr, 5, 0x400,

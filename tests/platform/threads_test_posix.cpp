@@ -202,4 +202,24 @@ TEST(ThreadsDeathTest, TheFirstCaseMappingsOfAProcessComeFromManyThreads) {
   EXPECT_EXIT(mapAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 
+// In a process of its own, in which nothing has ordered texts before.
+TEST(ThreadsDeathTest, TheFirstTextsOfAProcessAreOrderedByManyThreads) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto orderAndLeave = [] {
+    RunTogether([](int number) {
+      const std::string text(300 + static_cast<std::size_t>(number), 'a');
+      const std::string accented = text + '\xE9';
+      EXPECT_EQ(
+          CompareStringA(LOCALE_USER_DEFAULT, 0x8000010, accented.c_str(), -1, (text + "f").c_str(), -1),
+          CSTR_LESS_THAN);
+      EXPECT_EQ(CompareStringOrdinal(W("\uFF3A"), 1, W("\uFF5A"), 1, TRUE), CSTR_EQUAL);
+      std::tm time{};
+      time.tm_year = 114;
+      EXPECT_GT(_mktime64(&time), 0);
+    });
+    std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
+  };
+  EXPECT_EXIT(orderAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "");
+}
+
 }  // namespace

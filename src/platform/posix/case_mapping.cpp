@@ -46,6 +46,8 @@ const CaseTables& Tables() {
 
 char16_t Platform::UpperCase(char16_t unit) { return Tables().upper[unit]; }
 
+const char16_t* Platform::UpperCaseTable() { return Tables().upper.data(); }
+
 int LCMapStringW(LCID, DWORD flags, const WCHAR* source, int sourceSize, WCHAR* target, int targetSize) {
   if (Platform::FaultFires("LCMapStringW", flags)) return 0;
   if (!source || sourceSize == 0 || targetSize < 0 || (targetSize > 0 && !target)) {

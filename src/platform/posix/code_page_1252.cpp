@@ -90,12 +90,23 @@ constexpr BestFit kBestFits[] = {
     {0x3008, 0x3C, 1}, {0x3009, 0x3E, 1},  {0x300A, 0xAB, 1},  {0x300B, 0xBB, 1}, {0x301A, 0x5B, 1},
     {0x301B, 0x5D, 1}, {0x30FB, 0xB7, 1},  {0xFF01, 0x21, 30}, {0xFF20, 0x40, 63}};
 
-bool IsSpecial(unsigned unit) { return unit >= kFirstSpecial && unit < kFirstSpecial + kSpecials.size(); }
+constexpr bool IsSpecial(unsigned unit) {
+  return unit >= kFirstSpecial && unit < kFirstSpecial + kSpecials.size();
+}
+
+// All bytes, as the order of texts decodes some millions of them.
+constexpr std::array<char16_t, 256> kUnits = [] {
+  std::array<char16_t, 256> units{};
+  for (unsigned byte = 0; byte < units.size(); ++byte) {
+    units[byte] = IsSpecial(byte) ? kSpecials[byte - kFirstSpecial] : static_cast<char16_t>(byte);
+  }
+  return units;
+}();
 
 }  // namespace
 
-char16_t DecodeByte1252(unsigned char byte) {
-  return IsSpecial(byte) ? kSpecials[byte - kFirstSpecial] : static_cast<char16_t>(byte);
+void Decode1252(const char* source, std::size_t count, char16_t* target) {
+  for (std::size_t i = 0; i < count; ++i) target[i] = kUnits[static_cast<unsigned char>(source[i])];
 }
 
 std::optional<unsigned char> EncodeByte1252(char16_t unit, bool bestFit) {

@@ -1,5 +1,6 @@
 // MultiByteToWideChar and WideCharToMultiByte for UTF-8 and the code page 1252.
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -90,6 +91,17 @@ int DecodeUtf8Text(std::string_view text, DWORD flags, WCHAR* target, int target
   return sink.Result(targetSize);
 }
 
+// Every byte is a character. A source without a size is looked at no further than the target reaches: it may
+// be the rest of a large file, of which the caller wants a few characters time and again.
+int DecodeWesternText(const char* source, int sourceSize, WCHAR* target, int targetSize) {
+  const std::size_t room = static_cast<std::size_t>(targetSize);
+  std::size_t count = static_cast<std::size_t>(sourceSize);
+  if (sourceSize < 0) count = (targetSize == 0 ? std::strlen(source) : strnlen(source, room)) + 1;
+  Platform::Decode1252(source, std::min(count, room), target);
+  const bool fits = targetSize == 0 ? count <= std::numeric_limits<int>::max() : count <= room;
+  return fits ? static_cast<int>(count) : FailWith(ERROR_INSUFFICIENT_BUFFER);
+}
+
 int EncodeUtf8Text(std::u16string_view text, DWORD flags, char* target, int targetSize) {
   Sink<char> sink(target, targetSize);
   std::string bytes;
@@ -117,12 +129,8 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* source, int sour
   if (!AreValid(source, sourceSize, target, targetSize)) return FailWith(ERROR_INVALID_PARAMETER);
   if (codePage != CP_UTF8 && !IsWestern(codePage)) return FailWith(ERROR_INVALID_PARAMETER);
   if ((flags & ~kDecodingFlags) != 0) return FailWith(ERROR_INVALID_FLAGS);
-  const std::string_view text = SourceText(source, sourceSize);
-  if (codePage == CP_UTF8) return DecodeUtf8Text(text, flags, target, targetSize);
-  // Every byte is a character.
-  Sink<WCHAR> sink(target, targetSize);
-  for (const char byte : text) sink.Put(Platform::DecodeByte1252(static_cast<unsigned char>(byte)));
-  return sink.Result(targetSize);
+  if (codePage != CP_UTF8) return DecodeWesternText(source, sourceSize, target, targetSize);
+  return DecodeUtf8Text(SourceText(source, sourceSize), flags, target, targetSize);
 }
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* source, int sourceSize, char* target,

@@ -29,8 +29,8 @@ QX_PLATFORM_API void LeaveNameOut(int nth);
 QX_PLATFORM_API int CallCount(const char* function);
 QX_PLATFORM_API void Watch(const char* function);
 
-// The flags word of the last call of FormatMessageW, LoadLibraryExW or FindFirstFileExW since Watch or Fail
-// named it; 0 before.
+// The flags word of the last call of FormatMessageW, LoadLibraryExW, FindFirstFileExW or a CompareString
+// function with flags since Watch or Fail named it; 0 before.
 QX_PLATFORM_API std::uint32_t LastFlags(const char* function);
 
 // The paths that FindFirstFileExW, GetFileAttributesW, CreateDirectoryW or MoveFileW (its source) was given

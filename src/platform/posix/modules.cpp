@@ -1,27 +1,117 @@
+// LoadLibraryW, LoadLibraryExW, GetProcAddress and FreeLibrary.
+
+#include <algorithm>
+#include <memory>
+#include <mutex>
 #include <string_view>
+#include <vector>
 
 #include "platform/posix/fault_gate.h"
+#include "platform/posix/last_error.h"
 #include "platform/posix/windows_functions.h"
 
 namespace {
 
-// The libraries that every Windows has and that the product asks for. There is nothing in them here: loading
-// one only says that it is there.
-struct ModuleRow {
+using Platform::FailWith;
+
+struct FunctionRow {
+  std::string_view name;
+  FARPROC function;
+};
+
+// By way of the one function type that the compiler lets be any other.
+template <typename Function>
+FARPROC Untyped(Function* function) {
+  return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(function));
+}
+
+// A library that every Windows has and that the product asks for, with what the product looks up in it.
+struct Library {
   std::u16string_view name;
-  char content;
+  std::vector<FunctionRow> functions;
+  int loads = 0;
 };
-ModuleRow systemModules[] = {
-    {u"netmsg.dll", 0},
+
+struct Libraries {
+  std::mutex mutex;  // for the loads
+  Library rows[2] = {
+      {u"KERNEL32",
+       {{"CompareStringEx", Untyped(&CompareStringEx)},
+        {"CompareStringOrdinal", Untyped(&CompareStringOrdinal)}}},
+      {u"NETMSG", {}},
+  };
 };
+
+// Never destroyed: static objects may free their libraries at the end of the process.
+Libraries& TheLibraries() {
+  static Libraries& libraries = *std::make_unique<Libraries>().release();
+  return libraries;
+}
+
+WCHAR AsciiUpper(WCHAR unit) { return unit >= u'a' && unit <= u'z' ? static_cast<WCHAR>(unit - 32) : unit; }
+
+bool IsNamed(const Library& library, std::u16string_view name) {
+  constexpr std::u16string_view kEnding = u".DLL";
+  const auto same = [](WCHAR lhs, WCHAR rhs) { return AsciiUpper(lhs) == rhs; };
+  if (name.size() >= kEnding.size()) {
+    const std::u16string_view ending = name.substr(name.size() - kEnding.size());
+    if (std::equal(ending.begin(), ending.end(), kEnding.begin(), same)) name.remove_suffix(kEnding.size());
+  }
+  return std::equal(name.begin(), name.end(), library.name.begin(), library.name.end(), same);
+}
+
+HMODULE Load(const WCHAR* path) {
+  Libraries& libraries = TheLibraries();
+  const std::lock_guard lock(libraries.mutex);
+  for (Library& library : libraries.rows) {
+    if (!path || !IsNamed(library, path)) continue;
+    ++library.loads;
+    return reinterpret_cast<HMODULE>(&library);
+  }
+  FailWith(ERROR_MOD_NOT_FOUND);
+  return nullptr;
+}
+
+// The library of a handle; null for one that is not loaded. The lock of the libraries must be held.
+Library* Find(Libraries& libraries, HMODULE module) {
+  for (Library& library : libraries.rows) {
+    if (reinterpret_cast<HMODULE>(&library) == module && library.loads > 0) return &library;
+  }
+  return nullptr;
+}
 
 }  // namespace
 
+HMODULE LoadLibraryW(const WCHAR* path) {
+  if (Platform::FaultFires("LoadLibraryW")) return nullptr;
+  return Load(path);
+}
+
 HMODULE LoadLibraryExW(const WCHAR* path, HANDLE, DWORD flags) {
   if (Platform::FaultFires("LoadLibraryExW", flags)) return nullptr;
-  for (ModuleRow& row : systemModules) {
-    if (path && row.name == path) return reinterpret_cast<HMODULE>(&row.content);
+  return Load(path);
+}
+
+FARPROC GetProcAddress(HMODULE module, const char* function) {
+  if (Platform::FaultFires("GetProcAddress")) return nullptr;
+  Libraries& libraries = TheLibraries();
+  const std::lock_guard lock(libraries.mutex);
+  const Library* library = Find(libraries, module);
+  if (library && function) {
+    for (const FunctionRow& row : library->functions) {
+      if (row.name == function) return row.function;
+    }
   }
-  SetLastError(ERROR_MOD_NOT_FOUND);
+  FailWith(library ? ERROR_PROC_NOT_FOUND : ERROR_MOD_NOT_FOUND);
   return nullptr;
+}
+
+BOOL FreeLibrary(HMODULE module) {
+  if (Platform::FaultFires("FreeLibrary")) return FALSE;
+  Libraries& libraries = TheLibraries();
+  const std::lock_guard lock(libraries.mutex);
+  Library* library = Find(libraries, module);
+  if (!library) return FailWith(ERROR_INVALID_HANDLE);
+  --library->loads;
+  return TRUE;
 }

@@ -139,17 +139,25 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
     return INVALID_HANDLE_VALUE;
   }
 
-  auto file = std::make_shared<OpenFile>();
+  // The handle first: where there is no memory for it, the file is not emptied.
+  const auto file = std::make_shared<OpenFile>();
+  const HANDLE handle = OpenFiles::Instance().Add(file);
   bool existed = false;
-  error = Open(request, *file, existed);
+  try {
+    error = Open(request, *file, existed);
+  } catch (...) {
+    OpenFiles::Instance().Remove(handle);
+    throw;
+  }
   if (error != ERROR_SUCCESS) {
+    OpenFiles::Instance().Remove(handle);
     FailWith(error);
     return INVALID_HANDLE_VALUE;
   }
   // Windows tells a file that was there from a new one by the last error, the call being a success.
   const bool tellsExisting = creation == CREATE_ALWAYS || creation == OPEN_ALWAYS;
   SetLastError(existed && tellsExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
-  return OpenFiles::Instance().Add(std::move(file));
+  return handle;
 }
 
 BOOL CloseHandle(HANDLE handle) {

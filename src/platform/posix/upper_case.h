@@ -5,4 +5,7 @@ namespace Platform {
 
 char16_t UpperCase(char16_t unit);
 
+// The upper case of all 65536 units.
+const char16_t* UpperCaseTable();
+
 }  // namespace Platform

@@ -15,6 +15,8 @@
 // All functions may be called from any thread; the last error is the thread's own.
 #pragma once
 
+#include <ctime>
+
 #include "platform/posix/windows_types.h"
 
 #define QX_PLATFORM_API __attribute__((visibility("default")))
@@ -66,9 +68,36 @@ QX_PLATFORM_API int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR*
                                         char* target, int targetSize, const char* defaultChar,
                                         BOOL* usedDefaultChar);
 
-// Only "netmsg.dll", the library of Windows' network messages, is there, and it holds nothing: its texts
-// stand among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126).
+// Order of texts in the user's language, which is American English where the environment names none. The
+// locale is LOCALE_USER_DEFAULT or null; the flags are any of NORM_LINGUISTIC_CASING, LINGUISTIC_IGNORECASE
+// and SORT_DIGITSASNUMBERS. A negative count is a text to its zero. The texts may stand at odd addresses.
+// Nothing is allocated for a text that is no longer than those before it. Symbols come before digits, digits
+// before letters; control characters count for nothing. Other than on Windows the hyphen and the apostrophe
+// are symbols like all, and the symbols among themselves stand in ICU's order.
+QX_PLATFORM_API int CompareStringA(LCID locale, DWORD flags, const char* lhs, int lhsCount, const char* rhs,
+                                   int rhsCount);
+QX_PLATFORM_API int CompareStringW(LCID locale, DWORD flags, const WCHAR* lhs, int lhsCount, const WCHAR* rhs,
+                                   int rhsCount);
+QX_PLATFORM_API int CompareStringEx(const WCHAR* localeName, DWORD flags, const WCHAR* lhs, int lhsCount,
+                                    const WCHAR* rhs, int rhsCount, NLSVERSIONINFO* version, LPVOID reserved,
+                                    LPARAM parameter);
+// By the numbers of the 16-bit units, upper cased if case is ignored. -1 is the only count below 0.
+QX_PLATFORM_API int CompareStringOrdinal(const WCHAR* lhs, int lhsCount, const WCHAR* rhs, int rhsCount,
+                                         BOOL ignoreCase);
+
+// Local time, in the zone that the process began with. The limits are 1970-01-01 00:00:00 and 3000-12-31
+// 23:59:59 in universal time: -1 is the answer for all beyond, whatever the fields hold, and leaves them
+// alone.
+QX_PLATFORM_API std::int64_t _mktime64(std::tm* time);
+
+// Libraries, named in any case, with ".dll" or without. There are "kernel32.dll" with CompareStringEx and
+// CompareStringOrdinal, and "netmsg.dll", the library of Windows' network messages, which holds nothing: its
+// texts stand among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126). A library that has been
+// freed as often as it was loaded is a bad handle.
+QX_PLATFORM_API HMODULE LoadLibraryW(const WCHAR* path);
 QX_PLATFORM_API HMODULE LoadLibraryExW(const WCHAR* path, HANDLE file, DWORD flags);
+QX_PLATFORM_API FARPROC GetProcAddress(HMODULE module, const char* function);
+QX_PLATFORM_API BOOL FreeLibrary(HMODULE module);
 
 // User interface: handed to the handler of platform/posix/user_interface.h. Without one, MessageBoxW fails
 // (0) and ShellExecuteW answers SE_ERR_NOASSOC (31).

@@ -17,6 +17,7 @@ using LPARAM = std::intptr_t;
 using WPARAM = std::uintptr_t;
 using WCHAR = char16_t;
 using LCID = DWORD;
+using LPVOID = void*;
 
 using HANDLE = void*;
 using HLOCAL = void*;
@@ -25,6 +26,7 @@ using HWND = HWND__*;
 struct HINSTANCE__;
 using HINSTANCE = HINSTANCE__*;
 using HMODULE = HINSTANCE;
+using FARPROC = INT_PTR (*)();
 
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(-1));
 
@@ -65,6 +67,7 @@ enum FINDEX_SEARCH_OPS { FindExSearchNameMatch, FindExSearchLimitToDirectories, 
 // Opaque to the product, which always hands null.
 struct SECURITY_ATTRIBUTES;
 struct OVERLAPPED;
+struct NLSVERSIONINFO;
 
 // File access, sharing, creation.
 constexpr DWORD GENERIC_READ = 0x80000000;
@@ -132,6 +135,7 @@ constexpr DWORD ERROR_INVALID_FLAGS = 1004;
 constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
 constexpr DWORD ERROR_IO_DEVICE = 1117;
 constexpr DWORD ERROR_CANCELLED = 1223;
+constexpr DWORD ERROR_UNSUPPORTED_TYPE = 1630;
 
 // Error texts and libraries.
 constexpr DWORD FORMAT_MESSAGE_ALLOCATE_BUFFER = 0x100;
@@ -148,6 +152,15 @@ constexpr UINT CP_ACP = 0;
 constexpr UINT CP_THREAD_ACP = 3;
 constexpr UINT CP_UTF8 = 65001;
 constexpr DWORD MB_ERR_INVALID_CHARS = 8;
+
+// Order of texts.
+constexpr LCID LOCALE_USER_DEFAULT = 0x400;
+constexpr DWORD SORT_DIGITSASNUMBERS = 0x8;
+constexpr DWORD LINGUISTIC_IGNORECASE = 0x10;
+constexpr DWORD NORM_LINGUISTIC_CASING = 0x08000000;
+constexpr int CSTR_LESS_THAN = 1;
+constexpr int CSTR_EQUAL = 2;
+constexpr int CSTR_GREATER_THAN = 3;
 
 // Boxes and windows.
 constexpr UINT MB_OK = 0x0;

@@ -1,0 +1,62 @@
+// The usual kinds of fields of a dialog's form, for whoever answers dialogs. Each refers to a member of the
+// form, which must live as long as the field.
+#pragma once
+
+#include <span>
+
+#include "platform/posix/user_interface.h"
+
+namespace Platform {
+
+inline FormField TextField(const char* name, WString& member) {
+  return {name, [&member] { return member; },
+          [&member](const WString& text) {
+            member = text;
+            return true;
+          }};
+}
+
+// A text that `accepts` has nothing against.
+inline FormField TextField(const char* name, WString& member, std::function<bool(const WString&)> accepts) {
+  return {name, [&member] { return member; },
+          [&member, accepts = std::move(accepts)](const WString& text) {
+            if (!accepts(text)) return false;
+            member = text;
+            return true;
+          }};
+}
+
+// A check box: 1 and 0.
+inline FormField FlagField(const char* name, bool& member) {
+  return {name, [&member] { return WString(member ? W("1") : W("0")); },
+          [&member](const WString& text) {
+            if (text != W("0") && text != W("1")) return false;
+            member = text == W("1");
+            return true;
+          }};
+}
+
+// A choice by its word. What has no word is shown as an empty text.
+struct ChoiceWord {
+  int choice;
+  const WCHAR* word;
+};
+inline FormField ChoiceField(const char* name, int& member, std::span<const ChoiceWord> words) {
+  const auto get = [&member, words] {
+    for (const ChoiceWord& row : words) {
+      if (row.choice == member) return WString(row.word);
+    }
+    return WString();
+  };
+  const auto set = [&member, words](const WString& text) {
+    for (const ChoiceWord& row : words) {
+      if (text != row.word) continue;
+      member = row.choice;
+      return true;
+    }
+    return false;
+  };
+  return {name, get, set};
+}
+
+}  // namespace Platform
