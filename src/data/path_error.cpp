@@ -1,0 +1,35 @@
+#include "data/path_error.h"
+
+namespace WQDR {
+
+namespace {
+
+// Empty for a text that has no form there. `replaced` is told of characters that the code page lacks; it is
+// null where the code page has them all and the system does not take the question.
+std::string InThreadCodePage(const WString& text, BOOL* replaced) {
+  const int length = static_cast<int>(text.size());
+  const auto convert = [&](char* bytes, int size) {
+    return WideCharToMultiByte(CP_THREAD_ACP, 0, text.c_str(), length, bytes, size, nullptr, replaced);
+  };
+  const int size = convert(nullptr, 0);
+  if (size <= 0) return {};
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  if (convert(bytes.data(), size) <= 0 || (replaced && *replaced)) return {};
+  return bytes;
+}
+
+std::string InThreadCodePage(const WString& text) {
+  BOOL replaced = FALSE;
+  const std::string bytes = InThreadCodePage(text, &replaced);
+  const bool wasRefused = bytes.empty() && !replaced && GetLastError() == ERROR_INVALID_PARAMETER;
+  return wasRefused ? InThreadCodePage(text, nullptr) : bytes;
+}
+
+}  // namespace
+
+void ThrowLastError(const char* words, const WString& path) {
+  const DWORD error = GetLastError();
+  throw WQDataReaderException(error, words + InThreadCodePage(path));
+}
+
+}  // namespace WQDR
