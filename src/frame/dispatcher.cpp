@@ -4,6 +4,7 @@
 
 #include "filetools/control_panel.h"
 #include "filetools/quick_rename.h"
+#include "linesorter/sort_lines_command.h"
 
 using namespace Velmora::SDK;
 
@@ -15,6 +16,7 @@ void LaunchControlPanel(IHostApp&, s32 number) {
 void ReplaceXY(IHostApp& host, s32) { ReplaceXYCommand(host); }
 void RenameSameBase(IHostApp& host, s32) { RenameSameBaseCommand(host); }
 void SetExtension(IHostApp& host, s32) { SetExtensionCommand(host); }
+void SortLines(IHostApp& host, s32) { SortLinesCommand(host); }
 
 // A range of command numbers, both ends included, and what runs them.
 struct CommandRow {
@@ -34,6 +36,7 @@ constexpr CommandRow kCommands[] = {
   {30040, 30041, QuickRenameCommand},
   {30050, 30050, QuickRenameCommand},
   {30060, 30060, SetExtension},
+  {30150, 30150, SortLines},
 };
 // clang-format on
 

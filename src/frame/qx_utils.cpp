@@ -4,6 +4,7 @@
 #include "frame/dispatcher.h"
 #include "frame/menu_tree.h"
 #include "frame/script_commands.h"
+#include "frame/script_dispatcher.h"
 #include "frame/services/extension_ids.h"
 
 namespace Velmora::SDK {
@@ -40,6 +41,10 @@ s32 CQXUtils::OnCommand(s32 number, std::intptr_t, std::intptr_t b) {
     default:
       return host && DispatchCommand(*host, number) ? 1 : 0;
   }
+}
+
+s32 CQXUtils::OnCustomCommand(IHostCommandCall* call) {
+  return call && host ? DispatchScriptCommand(*host, *call) : 0;
 }
 
 }  // namespace Velmora::SDK

@@ -11,6 +11,7 @@ class CQXUtils final : public PluginBase {
   s32 OnRegister(IHostApp* hostApp) override;
   const char* GetExtensionId() override;
   s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override;
+  s32 OnCustomCommand(IHostCommandCall* call) override;
 };
 
 }  // namespace Velmora::SDK

@@ -109,6 +109,33 @@ void SelectData(HWND combo, int data) {
   SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index < count ? index : CB_ERR), 0);
 }
 
+int MarkedRadio(HWND dialog, std::span<const RadioRow> rows) {
+  for (const RadioRow& row : rows) {
+    if (IsDlgButtonChecked(dialog, row.control) == BST_CHECKED) return row.data;
+  }
+  return kNoRow;
+}
+
+void MarkRadio(HWND dialog, std::span<const RadioRow> rows, int data) {
+  for (const RadioRow& row : rows) {
+    CheckDlgButton(dialog, row.control, row.data == data ? BST_CHECKED : BST_UNCHECKED);
+  }
+  // The tab key reaches the group at its marked button: a button that loses its mark is no tab stop any more.
+  if (rows.empty() || MarkedRadio(dialog, rows) != kNoRow) return;
+  const HWND first = GetDlgItem(dialog, rows.front().control);
+  if (first) SetWindowLongW(first, GWL_STYLE, GetWindowLongW(first, GWL_STYLE) | WS_TABSTOP);
+}
+
+void LimitTexts(HWND dialog, std::span<const TextLimit> rows) {
+  for (const TextLimit& row : rows) {
+    SendDlgItemMessageW(dialog, row.control, EM_SETLIMITTEXT, row.characters, 0);
+  }
+}
+
+void UpdateText(HWND control, const WString& text) {
+  if (GetText(control) != text) SetText(control, text);
+}
+
 void EnableControl(HWND dialog, int control, bool enabled) {
   const HWND window = GetDlgItem(dialog, control);
   if (!window) return;

@@ -48,6 +48,26 @@ int SelectedData(HWND combo);
 // Selects the first row with this item data, or no row if there is none.
 void SelectData(HWND combo, int data);
 
+// The radio buttons of one group, told apart by their data as rows of a combo box are.
+struct RadioRow {
+  int control;
+  int data;
+};
+// The data of the marked button; kNoRow when none is.
+int MarkedRadio(HWND dialog, std::span<const RadioRow> rows);
+// Marks the button with this data and no other. Without one the tab key leads to the first.
+void MarkRadio(HWND dialog, std::span<const RadioRow> rows, int data);
+
+// How much the user can enter in an edit control, in characters. What the program sets may be longer.
+struct TextLimit {
+  int control;
+  std::size_t characters;
+};
+void LimitTexts(HWND dialog, std::span<const TextLimit> rows);
+
+// Sets the text of a control unless it is there already: a field that is being edited keeps its caret.
+void UpdateText(HWND control, const WString& text);
+
 // Greys a control out or back. The focus goes on to the next one if it would stay on a grey control, where no
 // key could move it.
 void EnableControl(HWND dialog, int control, bool enabled);

@@ -8,3 +8,4 @@
 
 // Dialogs.
 #define QX_DIALOG_REPLACE 101
+#define QX_DIALOG_SORT_LINES 102

@@ -1,57 +1,25 @@
 // A walk when memory runs out: it says so with a code of its own, leaves the folder and goes on.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
 #include "frame/walk_helper.h"
+#include "support/memory_limit.h"
 
 using Walker = DirectoryWalker;
 
 namespace {
-
-// Allocations of this thread that still succeed; below 0 for no limit.
-thread_local int allocationsLeft = -1;
-
-bool MayAllocate() {
-  if (allocationsLeft < 0) return true;
-  if (allocationsLeft == 0) return false;
-  --allocationsLeft;
-  return true;
-}
-
-// Lets `count` allocations of this thread succeed and no more, until the end of the scope.
-struct MemoryLimit {
-  explicit MemoryLimit(int count) { allocationsLeft = count; }
-  ~MemoryLimit() { allocationsLeft = -1; }
-  MemoryLimit(const MemoryLimit&) = delete;
-  MemoryLimit& operator=(const MemoryLimit&) = delete;
-};
 
 // More than a step takes.
 constexpr int kManyAllocations = 1000;
 
 // The code of one step that gets so many allocations.
 Walker::Code StepWithin(Walker& walker, int allocations) {
-  const MemoryLimit limit(allocations);
+  const Memory::Limit limit(allocations);
   return walker.NextWithRetry();
 }
 
 constexpr std::uint32_t kAllFiles = Walker::kPassDotEntries | Walker::kNoFolders | Walker::kRecurse;
 
 }  // namespace
-
-// All of the program's memory comes through here; checkers of memory see the calls below.
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return MayAllocate() ? std::malloc(size == 0 ? 1 : size) : nullptr;
-}
-void* operator new(std::size_t size) {
-  if (void* memory = operator new(size, std::nothrow)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 
 TEST(WalkWithoutMemory, StartFolderThatCannotBeOpenedIsLeft) {
   const ScratchFolder scratch;
@@ -123,7 +91,7 @@ TEST(WalkWithoutMemory, ResetThatCannotKeepThePathSaysSoInTheNextStep) {
     const WString path = scratch.Path();
     walker.path = WString();  // nothing to write into
     walker.path.shrink_to_fit();
-    const MemoryLimit limit(0);
+    const Memory::Limit limit(0);
     EXPECT_NO_THROW(walker.Reset(path));
   }
   EXPECT_EQ(walker.pattern, W("*.dat"));

@@ -159,3 +159,49 @@ TEST(FormatText, ResultIsCutAsIntoABufferOfTheLimit) {
 }
 
 TEST(FormatText, LargestCountIsShown) { EXPECT_EQ(Filled("%u", 0xFFFFFFFFu), "4294967295"); }
+
+namespace {
+
+std::string FilledText(const std::string& format, std::uint32_t value = 7) {
+  return ToUtf8(FormatCountText(FromUtf8(format), value));
+}
+
+}  // namespace
+
+TEST(FormatCountText, TakesTheNumberAsTextOrAsANumber) {
+  EXPECT_EQ(FilledText("%s files were sorted."), "7 files were sorted.");
+  EXPECT_EQ(FilledText("%d files"), "7 files");
+  EXPECT_EQ(FilledText("%ls|%%"), "7|%");
+  EXPECT_EQ(FilledText("%S|"), "7|");
+  EXPECT_EQ(FilledText("%hs|"), "7|");
+  EXPECT_EQ(FilledText("%ws|"), "7|");
+  EXPECT_EQ(FilledText("%X", 255), "FF");
+  EXPECT_EQ(FilledText("%s", 4294967295u), "4294967295");
+}
+
+TEST(FormatCountText, TextsHaveWidthAndPrecision) {
+  EXPECT_EQ(FilledText("%5s|", 12), "   12|");
+  EXPECT_EQ(FilledText("%-5s|", 12), "12   |");
+  EXPECT_EQ(FilledText("%.1s|", 12), "1|");
+  EXPECT_EQ(FilledText("%3.1s|", 12), "  1|");
+  EXPECT_EQ(FilledText("%.0s|", 12), "|");
+  EXPECT_EQ(FilledText("%1s|", 12), "12|");
+}
+
+TEST(FormatCountText, FillsOnlyTheFirstConversion) {
+  EXPECT_EQ(FilledText("%s of %s"), "7 of %s");
+  EXPECT_EQ(FilledText("%s of %d"), "7 of %d");
+  EXPECT_EQ(FilledText("%d of %s"), "7 of %s");
+}
+
+TEST(FormatCountText, OtherConversionsStayAsTheyStand) {
+  for (const char* format : {"%n", "%p", "%c", "%f", "%*s", "%1$s"}) {
+    EXPECT_EQ(FilledText(std::string("a") + format + "b"), std::string("a") + format + "b") << format;
+  }
+}
+
+TEST(FormatCountText, StaysWithinTheLimit) {
+  EXPECT_LE(FilledText("%99999999s").size(), 1023u);
+  EXPECT_EQ(FormatCountText(W("ab%s"), 123, 5), W("ab12"));
+  EXPECT_EQ(FormatCountText(W("abc"), 7, 0), W(""));
+}

@@ -104,6 +104,14 @@ void FakeFileList::CheckUse(const char* operation) {
   if (released_) recorder_.Problem(name_ + "." + operation + " after its release");
 }
 
+std::vector<WString> FakeFileList::Paths() {
+  CheckUse("a read by the host");
+  std::vector<WString> paths;
+  // All items of the fake host are of this class.
+  for (IHostFileItem* item : items_) paths.push_back(static_cast<FakeFileItem*>(item)->FullPath());
+  return paths;
+}
+
 void FakeFileList::AddItem(IHostFileItem* item) {
   recorder_.Record(name_ + ".AddItem()");
   CheckUse("AddItem");

@@ -51,6 +51,8 @@ class FakeFileList final : public Velmora::SDK::IHostFileList {
   const std::string& Name() const { return name_; }
   // As the host fills it.
   void Append(FakeFileItem* item) { items_.push_back(item); }
+  // Full paths of the items, as the host reads them.
+  std::vector<WString> Paths();
 
   void AddItem(Velmora::SDK::IHostFileItem* item) override;
   Velmora::SDK::u32 GetCount() override;

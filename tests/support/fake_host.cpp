@@ -4,6 +4,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <ostream>
 
 using namespace Velmora::SDK;
 
@@ -45,6 +46,15 @@ FakeFileItem* FakeHost::AddFile(const WString& name) {
 
 FakeFileItem* FakeHost::AddFolder(const WString& name) {
   return &items_.emplace_back(recorder, W("C:\\view\\"), name, FILE_ATTRIBUTE_DIRECTORY);
+}
+
+FakeFileItem* FakeHost::AddFileIn(const WString& folder, const WString& name) {
+  return &items_.emplace_back(recorder, folder, name, FILE_ATTRIBUTE_ARCHIVE);
+}
+
+void PrintTo(const ResultList& list, std::ostream* out) {
+  *out << list.mode << ":";
+  for (const WString& path : list.paths) *out << " " << ToUtf8(path);
 }
 
 void FakeHost::SelectFiles(const std::vector<WString>& names) {
@@ -112,6 +122,9 @@ int FakeHost::FileListRequest(u32 code, IHostFileList* list, u32 mode, u32 zero)
     case kListFocusedItem:
       if (focused) fake->Append(focused);
       return focused ? answer : 0;
+    case kListResult:
+      resultLists.push_back({mode, fake->Paths()});
+      return answer;
     default:
       recorder.Problem("no such list request: " + Number(code));
       return 0;

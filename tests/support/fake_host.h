@@ -7,6 +7,7 @@
 #pragma once
 
 #include <deque>
+#include <iosfwd>
 
 #include "frame/services/host_app.h"
 #include "support/fake_files.h"
@@ -20,6 +21,14 @@ struct TextAnswer {
   WString text;
 };
 
+// A list that was handed back (21120): its mode and the full paths of its items.
+struct ResultList {
+  Velmora::SDK::u32 mode;
+  std::vector<WString> paths;
+  friend bool operator==(const ResultList&, const ResultList&) = default;
+};
+void PrintTo(const ResultList& list, std::ostream* out);
+
 class FakeHost final : public Velmora::SDK::IHostApp {
  public:
   HostRecorder recorder;
@@ -27,11 +36,14 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   // Items of the host's view. Added ones belong to the host and stay valid as long as it.
   FakeFileItem* AddFile(const WString& name);
   FakeFileItem* AddFolder(const WString& name);
+  // A file of a folder that ends in a backslash, such as a real one.
+  FakeFileItem* AddFileIn(const WString& folder, const WString& name);
   std::vector<FakeFileItem*> selection;  // 21215
   std::vector<FakeFileItem*> view;       // 21110
   FakeFileItem* focused = nullptr;       // 21111; null: the request fails
   Velmora::SDK::u32 refusedRequest = 0;  // the list request of this code fails
   bool fillsRefusedLists = false;        // a list request that fails has filled its list all the same
+  std::vector<ResultList> resultLists;   // 21120, in the order of the requests
   // Adds files of these names and selects them, in this order.
   void SelectFiles(const std::vector<WString>& names);
 

@@ -25,3 +25,30 @@ bool FakeCommandSet::IsRegistered() {
   recorder_.Record("set.IsRegistered()");
   return registered;
 }
+
+// A parameter with a value was given as well.
+bool FakeCommandCall::HasFlag(const char* name) {
+  recorder.Record(std::string("HasFlag(") + name + ")");
+  return switches.count(name) != 0 || values.count(name) != 0;
+}
+
+const WCHAR* FakeCommandCall::GetValue(const char* name) {
+  recorder.Record(std::string("GetValue(") + name + ")");
+  const auto found = values.find(name);
+  return found != values.end() ? recorder.Lend(found->second) : nullptr;
+}
+
+u32 FakeCommandCall::GetCommandId() {
+  recorder.Record("GetCommandId()");
+  return number_;
+}
+
+void FakeCommandCall::SetResultCode(u32 code) {
+  recorder.Record("SetResultCode(" + std::to_string(code) + ")");
+  resultCode = code;
+}
+
+void FakeCommandCall::SetResultText(const WCHAR* text) {
+  recorder.Record("SetResultText(" + Quoted(text) + ")");
+  resultText = WString(ViewOf(text));
+}

@@ -1,7 +1,10 @@
-// The fake host's script command set.
+// The fake host's script command set, and one call of a script command.
 #pragma once
 
+#include <map>
 #include <memory>
+#include <optional>
+#include <set>
 
 #include "frame/services/host_script_commands.h"
 #include "support/host_recorder.h"
@@ -33,4 +36,26 @@ class FakeCommandSet final : public Velmora::SDK::IHostCustomCommandSet {
  private:
   HostRecorder& recorder_;
   std::vector<std::unique_ptr<FakeCustomCommand>> commands_;
+};
+
+// A call with the parameters that a test gives it. A value is lent until the call's next operation.
+class FakeCommandCall final : public Velmora::SDK::IHostCommandCall {
+ public:
+  explicit FakeCommandCall(Velmora::SDK::u32 number) : number_(number) {}
+
+  std::map<std::string, WString> values;
+  std::set<std::string> switches;
+
+  std::optional<Velmora::SDK::u32> resultCode;
+  std::optional<WString> resultText;
+  HostRecorder recorder;  // "HasFlag(NAME)", "GetValue(NAME)", the results
+
+  bool HasFlag(const char* name) override;
+  const WCHAR* GetValue(const char* name) override;
+  Velmora::SDK::u32 GetCommandId() override;
+  void SetResultCode(Velmora::SDK::u32 code) override;
+  void SetResultText(const WCHAR* text) override;
+
+ private:
+  Velmora::SDK::u32 number_;
 };

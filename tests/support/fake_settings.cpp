@@ -57,37 +57,63 @@ void FakeStringList::Release() {
   released_ = true;
 }
 
+std::string FakeConfig::CallOf(const char* operation, u32 one, const WCHAR* section, const WCHAR* key,
+                               const std::string& rest) {
+  const std::string call = std::string("config.") + operation + "(" + std::to_string(one) + ", " +
+                           Quoted(section) + ", " + Quoted(key) + ", " + rest + ")";
+  if (one != 1) recorder_.Problem(call + ": the first argument is always 1");
+  return call;
+}
+
 void FakeConfig::Record(const char* operation, u32 one, const WCHAR* section, const WCHAR* key,
                         const std::string& rest) {
-  recorder_.Record(std::string("config.") + operation + "(" + std::to_string(one) + ", " + Quoted(section) +
-                   ", " + Quoted(key) + ", " + rest + ")");
+  recorder_.Record(CallOf(operation, one, section, key, rest));
 }
 
-bool FakeConfig::GetBlock(u32 one, const WCHAR* section, const WCHAR* key, void*, u32 size) {
-  Record("GetBlock", one, section, key, std::to_string(size));
-  return false;
+bool FakeConfig::Allow(const char* operation, u32 one, const WCHAR* section, const WCHAR* key,
+                       const std::string& rest) {
+  return recorder_.Allow(CallOf(operation, one, section, key, rest));
 }
 
-bool FakeConfig::GetString(u32 one, const WCHAR* section, const WCHAR* key, WCHAR*, u32 size) {
-  Record("GetString", one, section, key, std::to_string(size));
-  return false;
+bool FakeConfig::GetBlock(u32 one, const WCHAR* section, const WCHAR* key, void* buffer, u32 size) {
+  const bool allowed = Allow("GetBlock", one, section, key, std::to_string(size));
+  const auto found = blocks.find({section, key});
+  if (!allowed || found == blocks.end()) return false;
+  std::copy_n(found->second.data(), std::min<std::size_t>(size, found->second.size()),
+              static_cast<unsigned char*>(buffer));
+  return true;
 }
 
-bool FakeConfig::GetInt(u32 one, const WCHAR* section, const WCHAR* key, u32*) {
-  Record("GetInt", one, section, key, "value");
-  return false;
+bool FakeConfig::GetString(u32 one, const WCHAR* section, const WCHAR* key, WCHAR* buffer, u32 size) {
+  const bool allowed = Allow("GetString", one, section, key, std::to_string(size));
+  const auto found = texts.find({section, key});
+  if (!allowed || found == texts.end()) return false;
+  CopyTerminated(buffer, size, WStringView(found->second));
+  return true;
 }
 
-void FakeConfig::SetBlock(u32 one, const WCHAR* section, const WCHAR* key, const void*, u32 size) {
+bool FakeConfig::GetInt(u32 one, const WCHAR* section, const WCHAR* key, u32* value) {
+  const bool allowed = Allow("GetInt", one, section, key, "value");
+  const auto found = numbers.find({section, key});
+  if (!allowed || found == numbers.end()) return false;
+  *value = found->second;
+  return true;
+}
+
+void FakeConfig::SetBlock(u32 one, const WCHAR* section, const WCHAR* key, const void* data, u32 size) {
   Record("SetBlock", one, section, key, std::to_string(size));
+  const auto* const bytes = static_cast<const unsigned char*>(data);
+  blocks[{section, key}].assign(bytes, bytes + size);
 }
 
 void FakeConfig::SetString(u32 one, const WCHAR* section, const WCHAR* key, const WCHAR* text) {
   Record("SetString", one, section, key, Quoted(text));
+  texts[{section, key}] = ViewOf(text);
 }
 
 void FakeConfig::SetInt(u32 one, const WCHAR* section, const WCHAR* key, u32 value) {
   Record("SetInt", one, section, key, std::to_string(value));
+  numbers[{section, key}] = value;
 }
 
 void FakeConfig::LoadStringList(const WCHAR* key, IHostStringList* list) {

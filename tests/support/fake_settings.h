@@ -1,8 +1,8 @@
-// The fake host's settings: histories in memory, by key. Sections and keys are stored nowhere, so that every
-// Get answers that nothing is there.
+// The fake host's settings in memory: what is stored under a section and a key, and histories by their key.
 #pragma once
 
 #include <map>
+#include <utility>
 
 #include "frame/services/host_settings.h"
 #include "support/host_recorder.h"
@@ -38,6 +38,13 @@ class FakeConfig final : public Velmora::SDK::IHostConfig {
   // The stored histories, newest first.
   std::map<WString, std::vector<WString>> histories;
 
+  // What is stored, by section and key; nothing at first. A Get of what is not there, or is of another kind,
+  // answers false and leaves the buffer alone, and one that is refused does too.
+  using Place = std::pair<WString, WString>;
+  std::map<Place, Velmora::SDK::u32> numbers;
+  std::map<Place, WString> texts;
+  std::map<Place, std::vector<unsigned char>> blocks;
+
   bool GetBlock(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, void* buffer,
                 Velmora::SDK::u32 size) override;
   bool GetString(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, WCHAR* buffer,
@@ -58,6 +65,11 @@ class FakeConfig final : public Velmora::SDK::IHostConfig {
  private:
   void Record(const char* operation, Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
               const std::string& rest);
+  // The same for an operation that can be refused. False if this call is.
+  bool Allow(const char* operation, Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
+             const std::string& rest);
+  std::string CallOf(const char* operation, Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
+                     const std::string& rest);
 
   HostRecorder& recorder_;
 };

@@ -9,7 +9,10 @@ namespace {
 // A width beyond this is no layout but a mistake or an attack; the result is cut at the limit anyway.
 constexpr std::size_t kMostWidth = 1024;
 
-// One integer conversion of a format, from its percent sign to its letter.
+constexpr WStringView kNumberLetters = W("diuoxX");
+constexpr WStringView kTextLetters = W("sS");
+
+// One conversion of a format, from its percent sign to its letter.
 struct Conversion {
   bool leftAligned = false;
   bool zeroFilled = false;
@@ -17,7 +20,7 @@ struct Conversion {
   bool blankSign = false;
   bool alternateForm = false;  // 0x in front of a hexadecimal number
   std::size_t width = 0;
-  std::size_t precision = 1;  // digits at least
+  std::size_t precision = 1;  // digits at least; of a text, characters at most
   bool hasPrecision = false;
   WCHAR letter = 0;
   std::size_t size = 0;  // characters of the conversion; 0 for none
@@ -37,16 +40,17 @@ bool ReadNumber(WStringView text, std::size_t& at, std::size_t& number) {
   return true;
 }
 
-// The length words of an integer: the value has its size whatever they say.
+// The length words: the value has its size whatever they say.
 std::size_t SkipLength(WStringView text, std::size_t at) {
   for (const WStringView length : {W("I64"), W("I32"), W("I")}) {
     if (text.substr(at).starts_with(length)) return at + length.size();
   }
-  return SkipAny(text, at, W("hljzt"));
+  return SkipAny(text, at, W("hljztw"));
 }
 
-// Reads the conversion at the beginning of `text`, which begins with a percent sign.
-Conversion ReadConversion(WStringView text) {
+// Reads the conversion at the beginning of `text`, which begins with a percent sign. Its letter is one of
+// `letters`, else there is none.
+Conversion ReadConversion(WStringView text, WStringView letters) {
   Conversion result;
   const std::size_t afterFlags = SkipAny(text, 1, W("-+ #0"));
   const WStringView flags = text.substr(1, afterFlags - 1);
@@ -63,7 +67,7 @@ Conversion ReadConversion(WStringView text) {
     if (!ReadNumber(text, ++at, result.precision)) return {};
   }
   at = SkipLength(text, at);
-  if (at == text.size() || WStringView(W("diuoxX")).find(text[at]) == WStringView::npos) return {};
+  if (at == text.size() || letters.find(text[at]) == WStringView::npos) return {};
   result.letter = text[at];
   result.size = at + 1;
   return result;
@@ -129,9 +133,15 @@ void AppendNumber(WString& result, const Conversion& conversion, std::uint32_t v
   result += number;
 }
 
-}  // namespace
+void AppendText(WString& result, const Conversion& conversion, WString text) {
+  if (conversion.hasPrecision && text.size() > conversion.precision) text.resize(conversion.precision);
+  const std::size_t fill = conversion.width > text.size() ? conversion.width - text.size() : 0;
+  text.insert(conversion.leftAligned ? text.size() : 0, fill, W(' '));
+  result += text;
+}
 
-WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit) {
+// Fills the first conversion with one of `letters`.
+WString Fill(WStringView format, WStringView letters, std::uint32_t value, std::size_t limit) {
   WString result;
   bool isFilled = false;
   while (!format.empty() && result.size() < limit) {
@@ -144,17 +154,31 @@ WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit) 
       format.remove_prefix(2);
       continue;
     }
-    const Conversion conversion = isFilled ? Conversion() : ReadConversion(format);
+    const Conversion conversion = isFilled ? Conversion() : ReadConversion(format, letters);
     if (conversion.size == 0) {
       result += W('%');
       format.remove_prefix(1);
       continue;
     }
-    AppendNumber(result, conversion, value);
+    if (kTextLetters.find(conversion.letter) != WStringView::npos) {
+      AppendText(result, conversion, FromUtf8(std::to_string(value)));
+    } else {
+      AppendNumber(result, conversion, value);
+    }
     isFilled = true;
     format.remove_prefix(conversion.size);
   }
   if (limit == 0) return {};
   if (result.size() > limit - 1) result.resize(limit - 1);
   return result;
+}
+
+}  // namespace
+
+WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit) {
+  return Fill(format, kNumberLetters, value, limit);
+}
+
+WString FormatCountText(WStringView format, std::uint32_t value, std::size_t limit) {
+  return Fill(format, WString(kNumberLetters).append(kTextLetters), value, limit);
 }

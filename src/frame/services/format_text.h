@@ -10,3 +10,7 @@
 // length) by `value`, and every %% by %. Whatever else begins with a percent sign stays as it stands. At most
 // `limit` - 1 characters, as into a buffer of `limit`.
 WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit = 1024);
+
+// The same for a format that may take the number as decimal text too: its first conversion is an integer's or
+// a text's (%s, %ls, %S and the like).
+WString FormatCountText(WStringView format, std::uint32_t value, std::size_t limit = 1024);

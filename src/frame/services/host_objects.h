@@ -2,6 +2,8 @@
 // wants for it, on every way out of a command. An owner may hold null where the host refused.
 #pragma once
 
+#include <utility>
+
 #include "frame/services/host_app.h"
 
 namespace Velmora::SDK {
@@ -24,6 +26,9 @@ class HostObject {
     if (object_) object_->Release();
     object_ = nullptr;
   }
+
+  // Leaves the object to whoever gives it back from now on.
+  T* Detach() { return std::exchange(object_, nullptr); }
 
  private:
   T* object_;
