@@ -1,0 +1,109 @@
+// The next characters of a key as one number: numbers compare as the characters do.
+//
+// The first character is the highest. The lowest place does not hold a character but tells how many of the
+// others belong to the key, or that the key goes on behind them. So keys that end stand before those that go
+// on, the shorter before the longer, and a zero in a key is no end of it.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+#include "platform/text.h"
+
+namespace WQLineSorter {
+
+// How characters count.
+struct FoldRule {
+  bool ignoreCase;
+  // For 16-bit units that ignore case: what each of the 65,536 counts as. Bytes fold A to Z alone.
+  const std::uint16_t* foldedUnits;
+};
+
+// Keys of bytes end at a zero byte, which still belongs to them, and equal their own beginnings.
+struct ByteKeys {
+  using Char = char;
+  static constexpr unsigned kBits = 8;
+  static constexpr bool kEqualsBeginning = true;
+  static constexpr bool kEndsAtZero = true;
+
+  // Reads eight bytes, whatever the key's length.
+  static std::uint64_t Load(const char* text, const FoldRule& rule) {
+    const std::uint64_t bytes = FromBigEndian(text);
+    return rule.ignoreCase ? Fold(bytes) : bytes;
+  }
+
+ private:
+  static std::uint64_t FromBigEndian(const char* text) {
+    std::uint64_t value;
+    std::memcpy(&value, text, sizeof value);
+    if constexpr (std::endian::native == std::endian::little) {
+      value = (value & 0x00FF00FF00FF00FF) << 8 | (value >> 8 & 0x00FF00FF00FF00FF);
+      value = (value & 0x0000FFFF0000FFFF) << 16 | (value >> 16 & 0x0000FFFF0000FFFF);
+      value = value << 32 | value >> 32;
+    }
+    return value;
+  }
+
+  // A to Z become a to z: a byte's top bit tells whether it lies in the range, and moves to the case's bit.
+  static std::uint64_t Fold(std::uint64_t bytes) {
+    constexpr std::uint64_t kTops = 0x8080808080808080;
+    constexpr std::uint64_t kOnes = kTops >> 7;
+    const std::uint64_t low = bytes & ~kTops;
+    const std::uint64_t fromA = low + kOnes * (0x80 - 'A');
+    const std::uint64_t behindZ = low + kOnes * (0x80 - 'Z' - 1);
+    return bytes | (fromA & ~behindZ & ~bytes & kTops) >> 2;
+  }
+};
+
+// Keys of 16-bit units count whole, zeros and all, and a shorter one comes first.
+struct UnitKeys {
+  using Char = WCHAR;
+  static constexpr unsigned kBits = 16;
+  static constexpr bool kEqualsBeginning = false;
+  static constexpr bool kEndsAtZero = false;
+
+  // Reads eight bytes, from any address and whatever the key's length.
+  static std::uint64_t Load(const char* text, const FoldRule& rule) {
+    std::uint16_t units[4];
+    std::memcpy(units, text, sizeof units);
+    if (rule.ignoreCase) {
+      for (std::uint16_t& unit : units) unit = rule.foldedUnits[unit];
+    }
+    return std::uint64_t{units[0]} << 48 | std::uint64_t{units[1]} << 32 | std::uint64_t{units[2]} << 16;
+  }
+};
+
+// Characters in one number.
+template <typename Keys>
+constexpr unsigned kStep = 64 / Keys::kBits - 1;
+
+// The bits of all characters behind the first `count`, at most kStep, and of the count.
+template <typename Keys>
+constexpr std::uint64_t Behind(unsigned count) {
+  return ~std::uint64_t{0} >> (count * Keys::kBits);
+}
+
+// How many of the characters belong to the key; above kStep for a key that goes on behind them.
+template <typename Keys>
+constexpr unsigned CountIn(std::uint64_t number) {
+  return static_cast<unsigned>(number & ((1U << Keys::kBits) - 1));
+}
+
+// The next characters of a key of which `left` are left, one at least.
+template <typename Keys>
+std::uint64_t NextCharacters(const char* text, std::uint32_t left, const FoldRule& rule) {
+  std::uint64_t characters = Keys::Load(text, rule);
+  unsigned count = left <= kStep<Keys> ? left : kStep<Keys> + 1;
+  if constexpr (Keys::kEndsAtZero) {
+    // The top bit of each byte stays clear where the byte is zero.
+    constexpr std::uint64_t kLows = 0x7F7F7F7F7F7F7F7F;
+    const std::uint64_t filled = ((characters & kLows) + kLows) | characters | kLows;
+    const auto zero = static_cast<unsigned>(std::countl_one(filled)) / Keys::kBits;
+    if (zero < kStep<Keys> && zero < count) count = zero + 1;
+  }
+  characters &= ~Behind<Keys>(count < kStep<Keys> ? count : kStep<Keys>);
+  return characters | count;
+}
+
+}  // namespace WQLineSorter

@@ -1,0 +1,22 @@
+// From a reader's bytes to sorted line records.
+//
+// CharT is char for the byte path and WCHAR for the 16-bit path. All functions throw what the reader throws,
+// and std::bad_alloc.
+#pragma once
+
+#include "data/data_reader.h"
+#include "linesorter/sort_lines_options.h"
+#include "linesorter/sortable_lines.h"
+
+namespace WQLineSorter {
+
+// Reads all lines, in file order, keys still 0. A line that fills a block with more of the file behind it
+// throws std::bad_alloc at once. A lone CR ends a line and is lost.
+template <typename CharT>
+std::shared_ptr<SortableLinesData> ReadLines(WQDR::DataReader& reader);
+
+// Reads all lines, computes the keys, sorts the range that may move and removes blank lines as asked.
+template <typename CharT>
+std::shared_ptr<SortableLinesData> LoadLines(WQDR::DataReader& reader, const SortLinesOptions& options);
+
+}  // namespace WQLineSorter

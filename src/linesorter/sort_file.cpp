@@ -1,0 +1,95 @@
+#include "linesorter/sort_file.h"
+
+#include <array>
+#include <new>
+
+#include "data/text_format.h"
+#include "frame/services/backup_names.h"
+#include "linesorter/line_loader.h"
+#include "linesorter/sort_lines_exception.h"
+#include "linesorter/sorted_lines_writer.h"
+
+namespace WQLineSorter {
+
+namespace {
+
+// A name that fills its room may have been cut and be that of another file; such a backup stays.
+bool IsWhole(const WCHAR* backupPath) { return ViewOf(backupPath).size() < kBackupPathSize - 1; }
+
+void DeleteBackup(const WCHAR* path) {
+  constexpr DWORD kGuarding = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+  const DWORD attributes = GetFileAttributesW(path);
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kGuarding) != 0) {
+    SetFileAttributesW(path, attributes & ~kGuarding);
+  }
+  DeleteFileW(path);
+}
+
+void RefuseExisting(const WString& target) {
+  if (GetFileAttributesW(target.c_str()) == INVALID_FILE_ATTRIBUTES) return;
+  throw QXLineSorterException(ERROR_FILE_EXISTS, "Target file already exists");
+}
+
+template <typename CharT>
+std::shared_ptr<SortableLinesData> LoadFile(const WString& source, const SortLinesOptions& options) {
+  WQDR::FileDataReader reader(source);
+  auto data = LoadLines<CharT>(reader, options);
+  reader.Close();
+  return data;
+}
+
+template <typename CharT>
+void SortTextFile(const WString& source, const WString& target, const SortLinesOptions& options) {
+  const auto has = [&options](std::uint32_t bits) { return (options.options & bits) != 0; };
+  const auto data = LoadFile<CharT>(source, options);
+  if (has(SaveAsNewFile) && !has(SaveOverwrite)) RefuseExisting(target);
+  std::array<WCHAR, kBackupPathSize> backup = {};
+  if (has(SaveKeepBackup | SaveDeleteBackup)) MoveToBackup(target.c_str(), backup);
+  WriteSortedLines(target, data->lines, has(SaveOverwrite));
+  // A target that was not there is its own backup, so it is deleted once it is written. It is meant. But the
+  // source is there: where it seems not to be, its lines would be lost.
+  if (has(SaveDeleteBackup) && backup[0] != 0 && IsWhole(backup.data()) && source != backup.data()) {
+    DeleteBackup(backup.data());
+  }
+}
+
+void SortAnyFile(const WString& source, const WString& target, const SortLinesOptions& options) {
+  switch (WQDR::DetectTextFormat(source)) {
+    case WQDR::TextFormat::Ansi:
+      return SortTextFile<char>(source, target, options);
+    case WQDR::TextFormat::Utf16:
+      return SortTextFile<WCHAR>(source, target, options);
+    default:
+      throw QXLineSorterException(ERROR_UNSUPPORTED_TYPE, "Text format not supported");
+  }
+}
+
+// Reports a failure. A call that failed without a number has failed all the same, and where no memory is left
+// for the text, the number alone tells.
+void Report(SortResult& result, DWORD errorCode, const char* text) {
+  result.errorCode = errorCode != ERROR_SUCCESS ? errorCode : ERROR_GEN_FAILURE;
+  try {
+    result.message = text;
+  } catch (const std::bad_alloc&) {
+    result.message.clear();
+  }
+}
+
+}  // namespace
+
+DWORD SortFile(SortResult& result, const WString& source, const WString& target,
+               const SortLinesOptions& options) {
+  result = {};
+  try {
+    SortAnyFile(source, target, options);
+  } catch (const WQDR::WQDataReaderException& failure) {
+    Report(result, failure.errorCode, failure.what());
+  } catch (const QXLineSorterException& failure) {
+    Report(result, failure.errorCode, failure.what());
+  } catch (const std::bad_alloc& failure) {
+    Report(result, ERROR_OUTOFMEMORY, failure.what());
+  }
+  return result.errorCode;
+}
+
+}  // namespace WQLineSorter

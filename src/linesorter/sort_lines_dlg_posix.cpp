@@ -1,0 +1,117 @@
+// The Sort Lines dialog where there are no windows: its form goes to whoever answers dialogs. What a user
+// could not change in the window, because the field is grey or takes no such text, cannot be changed here.
+#include <algorithm>
+
+#include "frame/services/format_text.h"
+#include "frame/services/message_texts.h"
+#include "linesorter/sort_lines_dlg.h"
+#include "platform/posix/form_fields.h"
+
+namespace {
+
+using namespace Velmora::SDK;
+using namespace WQLineSorter;
+using Form = SortLinesForm;
+
+constexpr Platform::ChoiceWord kSaveAsWords[] = {
+    {SaveAsNewFile, W("new")},
+    {SaveKeepBackup, W("keep-backup")},
+    {SaveDeleteBackup, W("delete-backup")},
+};
+
+constexpr Platform::ChoiceWord kSortByWords[] = {
+    {SortByLine, W("line")},
+    {SortBySubstring, W("substring")},
+    {SortByItem, W("item")},
+};
+
+constexpr Platform::ChoiceWord kMethodWords[] = {
+    {SortAsText, W("text")},
+    {SortAsNumber, W("number")},
+    {SortAsDate, W("date")},
+};
+
+Platform::FormField NumberField(const char* name, WString& member, std::size_t digits) {
+  return Platform::TextField(name, member, [digits](const WString& text) {
+    return text.size() <= digits && std::ranges::all_of(text, [](WCHAR character) {
+             return character >= W('0') && character <= W('9');
+           });
+  });
+}
+
+Platform::FormField LimitedField(const char* name, WString& member, std::size_t characters) {
+  return Platform::TextField(name, member,
+                             [characters](const WString& text) { return text.size() <= characters; });
+}
+
+using IsEnabled = bool (*)(const Form& form);
+
+// A field that takes values while it is enabled, and is followed by what the dialog does then.
+Platform::FormField Followed(Form& form, Platform::FormField field, IsEnabled isEnabled) {
+  const auto set = [&form, isEnabled, setField = field.set](const WString& text) {
+    if (!isEnabled(form)) return false;
+    const Form before = form;
+    if (!setField(text)) return false;
+    FollowChanges(form, before);
+    return true;
+  };
+  return {field.name, field.get, set};
+}
+
+template <bool SortLinesEnabled::*Member>
+bool While(const Form& form) {
+  return form.enabled.*Member;
+}
+bool Always(const Form&) { return true; }
+bool Never(const Form&) { return false; }
+
+std::vector<Platform::FormField> FieldsOf(Form& form) {
+  using namespace Platform;
+  using Enabled = SortLinesEnabled;
+  struct Row {
+    FormField field;
+    IsEnabled isEnabled;
+  };
+  // clang-format off
+  const Row rows[] = {
+    {ChoiceField("saveAs", form.saveAs, kSaveAsWords), Always},
+    {LimitedField("targetName", form.targetName, Form::kMostNameChars), While<&Enabled::targetName>},
+    {NumberField("keepLinesTop", form.keepLinesTop, Form::kMostNumberDigits), Always},
+    {NumberField("keepLinesBottom", form.keepLinesBottom, Form::kMostNumberDigits), Always},
+    {NumberField("startPosition", form.startPosition, Form::kMostNumberDigits), Always},
+    {FlagField("skipLeadingSpace", form.skipLeadingSpace), Always},
+    {ChoiceField("sortBy", form.sortBy, kSortByWords), Always},
+    {NumberField("length", form.length, Form::kMostLengthDigits), While<&Enabled::length>},
+    {TextField("endCharacter", form.endCharacter), While<&Enabled::endCharacter>},
+    {FlagField("endAtWhitespace", form.endAtWhitespace), While<&Enabled::endAtWhitespace>},
+    {TextField("separator", form.separator), While<&Enabled::separator>},
+    {NumberField("item", form.item, Form::kMostNumberDigits), While<&Enabled::item>},
+    {ChoiceField("sortMethod", form.sortMethod, kMethodWords), Always},
+    {LimitedField("dateFormat", form.dateFormat, Form::kMostFormatChars), While<&Enabled::dateFormat>},
+    {FlagField("languageAware", form.languageAware), Always},
+    {FlagField("ignoreCase", form.ignoreCase), While<&Enabled::ignoreCase>},
+    {FlagField("naturalNumbers", form.naturalNumbers), While<&Enabled::naturalNumbers>},
+    {FlagField("reverse", form.reverse), Always},
+    {FlagField("removeDuplicates", form.removeDuplicates), Never},
+    {FlagField("removeBlank", form.removeBlank), Always},
+  };
+  // clang-format on
+  std::vector<FormField> fields;
+  for (const Row& row : rows) fields.push_back(Followed(form, row.field, row.isEnabled));
+  return fields;
+}
+
+WString TextOf(IHostApp& host, TextId text) { return WString(ViewOf(host.GetLanguageString(text))); }
+
+}  // namespace
+
+INT_PTR ShowSortLinesDlg(IHostApp& host, SortLinesForm& form) {
+  Platform::FormRequest request;
+  request.dialog = "SortLinesDlg";
+  request.title = TextOf(host, kTextSortDlgCaption);
+  request.text = TextOf(host, kTextSortDlgHeading);
+  request.text += W('\n');
+  request.text += FormatCount(TextOf(host, kTextSortDlgCount), form.fileCount);
+  request.fields = FieldsOf(form);
+  return Platform::AskForm(request);
+}

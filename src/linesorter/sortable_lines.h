@@ -1,0 +1,43 @@
+// A text file while it is sorted: its bytes in blocks, and small records that point into them. Sorting moves
+// the records; the text never moves.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/text.h"
+
+namespace WQLineSorter {
+
+// One line. Lengths are in bytes and keys in characters, which are bytes on the byte path and 16-bit units on
+// the 16-bit path.
+struct SortLine {
+  const char* text;          // first byte of the line, in a block; its ending stands at text + length
+  std::uint32_t length;      // bytes, without the ending
+  std::uint8_t endingSize;   // bytes of the ending: 0, 1, 2 or 4
+  std::uint32_t endingKind;  // EndingKind
+  std::uint32_t keyOffset;   // where the key starts, in characters from text; may lie behind the line's end
+  std::uint32_t keyLength;   // characters; 0: to the end of the line
+  std::int64_t numericKey;   // the number or time that the line sorts by
+};
+
+enum EndingKind : std::uint32_t { kNoEnding = 0, kEndingLf = 2, kEndingCrLf = 3 };
+
+// Bytes of a block, on both paths. A line never spans two blocks, so a line that fills one with more of the
+// file behind it cannot be loaded.
+constexpr std::uint32_t kBlockSize = 32768;
+
+// Zero bytes behind each block. What reads on behind a line (numbers, dates, the byte after a CR, the wide
+// steps of the scan) ends here.
+constexpr std::uint32_t kBlockGuard = 32;
+
+using LineBlock = std::unique_ptr<char[]>;  // kBlockSize + kBlockGuard bytes, zeros behind the data
+
+struct SortableLinesData {
+  std::vector<LineBlock> blocks;
+  std::vector<SortLine> lines;
+  std::uint32_t unused = 0;
+};
+
+}  // namespace WQLineSorter

@@ -1,0 +1,87 @@
+#include "linesorter/sorted_lines_writer.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "data/data_exception.h"
+#include "linesorter/prefetch.h"
+#include "platform/handles.h"
+
+namespace WQLineSorter {
+
+namespace {
+
+// Gathers the output into writes of 32768 bytes at most.
+class OutputFile {
+ public:
+  OutputFile(const WString& target, bool replace)
+      // The buffer first: without memory for it an existing target is not emptied.
+      : buffer_(std::make_unique_for_overwrite<char[]>(kSize)),
+        file_(CreateFileW(target.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                          replace ? CREATE_ALWAYS : CREATE_NEW, 0, nullptr)) {
+    if (!file_.IsOpen()) throw WQDR::WQDataReaderException(GetLastError(), "Unable to open file for writing");
+  }
+
+  std::uint32_t Room() const { return kSize - used_; }
+
+  void Append(std::string_view bytes) {
+    if (bytes.size() > Room()) Flush();
+    // What the buffer cannot hold at all goes out as it is.
+    while (bytes.size() > kSize) {
+      Write(bytes.data(), kSize);
+      bytes.remove_prefix(kSize);
+    }
+    if (!bytes.empty()) std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+    used_ += static_cast<std::uint32_t>(bytes.size());
+  }
+
+  void Flush() {
+    if (used_ != 0) Write(buffer_.get(), used_);
+    used_ = 0;
+  }
+
+ private:
+  static constexpr std::uint32_t kSize = 32768;
+
+  void Write(const char* data, std::uint32_t count) {
+    DWORD written = 0;
+    if (!WriteFile(file_.Get(), data, count, &written, nullptr)) {
+      throw WQDR::WQDataReaderException(GetLastError(), "Failed to write data to file");
+    }
+    // A disk that takes less than it is given is full.
+    if (written != count) {
+      throw WQDR::WQDataReaderException(ERROR_DISK_FULL, "Failed to write data to file");
+    }
+  }
+
+  std::unique_ptr<char[]> buffer_;
+  FileHandle file_;
+  std::uint32_t used_ = 0;
+};
+
+std::string_view EndingOf(const SortLine& line) { return {line.text + line.length, line.endingSize}; }
+
+std::string_view DefaultEnding(const std::vector<SortLine>& lines) {
+  const auto line =
+      std::ranges::find_if(lines, [](const SortLine& candidate) { return candidate.endingSize != 0; });
+  return line == lines.end() ? std::string_view() : EndingOf(*line);
+}
+
+}  // namespace
+
+void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines, bool replace) {
+  constexpr std::size_t kAhead = 16;
+  const std::string_view defaultEnding = DefaultEnding(lines);
+  OutputFile output(target, replace);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (i + kAhead < lines.size()) Prefetch(lines[i + kAhead].text);
+    const SortLine& line = lines[i];
+    output.Append({line.text, std::size_t{line.length} + line.endingSize});
+    // Strictly less, and meant so: an ending that would just fit is left out and the line runs into the next.
+    if (line.endingSize == 0 && defaultEnding.size() < output.Room()) output.Append(defaultEnding);
+  }
+  output.Flush();
+}
+
+}  // namespace WQLineSorter

@@ -1,0 +1,356 @@
+// Each comparator over pairs of keys.
+#include "linesorter/line_comparators.h"
+
+#include <gtest/gtest.h>
+
+#include "linesorter/widths.h"
+
+using namespace WQLineSorter;
+
+namespace {
+
+constexpr DWORD kLinguistic = 0x8000010;
+constexpr DWORD kLinguisticDigits = 0x8000018;
+
+enum class Order { kBefore, kEqual, kBehind, kEachBeforeTheOther };
+
+void PrintTo(Order order, std::ostream* out) {
+  constexpr const char* kNames[] = {"before", "equal", "behind", "each before the other"};
+  *out << kNames[static_cast<int>(order)];
+}
+
+using enum Order;
+
+// How two keys stand to each other, from the answers both ways round. Behind each key stands what must not
+// count, and then a zero.
+template <typename CharT>
+Order OrderOf(LineCompare_TextBase<CharT>& comparator, std::basic_string_view<CharT> lhs,
+              std::basic_string_view<CharT> rhs) {
+  const std::basic_string<CharT> behind(1, static_cast<CharT>('!'));
+  const Exact<CharT> left(std::basic_string<CharT>(lhs) + behind + CharT());
+  const Exact<CharT> right(std::basic_string<CharT>(rhs) + behind + behind + CharT());
+  const auto leftLength = static_cast<std::uint32_t>(lhs.size());
+  const auto rightLength = static_cast<std::uint32_t>(rhs.size());
+  const bool before = comparator.Compare(left.Begin(), leftLength, right.Begin(), rightLength);
+  const bool behindIt = comparator.Compare(right.Begin(), rightLength, left.Begin(), leftLength);
+  if (before) return behindIt ? kEachBeforeTheOther : kBefore;
+  return behindIt ? kBehind : kEqual;
+}
+
+template <typename CharT>
+Order OrderIn(LineCompare_TextBase<CharT>& comparator, std::string_view lhs, std::string_view rhs) {
+  return OrderOf<CharT>(comparator, In<CharT>(lhs), In<CharT>(rhs));
+}
+
+Order Bytes(std::string_view lhs, std::string_view rhs, bool ignoreCase = false) {
+  LineCompare_OrdinalA comparator;
+  comparator.ignoreCase = ignoreCase;
+  return OrderOf<char>(comparator, lhs, rhs);
+}
+Order BytesIgnoringCase(std::string_view lhs, std::string_view rhs) { return Bytes(lhs, rhs, true); }
+
+Order Units(WStringView lhs, WStringView rhs, bool ignoreCase = false) {
+  LineCompare_OrdinalW comparator;
+  comparator.ignoreCase = ignoreCase;
+  return OrderOf<WCHAR>(comparator, lhs, rhs);
+}
+Order UnitsIgnoringCase(WStringView lhs, WStringView rhs) { return Units(lhs, rhs, true); }
+
+// The comparators of the language order, each with its width, so that one list of pairs serves them all.
+class WideWithoutLookUp final : public LineCompare_TextBase<WCHAR> {
+ public:
+  bool Compare(const WCHAR* lhs, std::uint32_t lhsLength, const WCHAR* rhs,
+               std::uint32_t rhsLength) override {
+    inner.compareFlags = compareFlags;
+    return inner.Compare(lhs, lhsLength, rhs, rhsLength);
+  }
+
+ private:
+  LineCompare_LanguageAware_StringCompareEx<WCHAR> inner{false};
+};
+template <typename Comparator>
+class CompareByUsersLanguage : public testing::Test {
+ protected:
+  Order In(std::string_view lhs, std::string_view rhs, DWORD flags = kLinguistic, bool ignoreCase = false) {
+    Comparator comparator;
+    comparator.compareFlags = flags;
+    comparator.ignoreCase = ignoreCase;
+    return OrderIn(comparator, lhs, rhs);
+  }
+};
+using LanguageComparators =
+    testing::Types<LineCompare_LanguageAware_StringCompareA, LineCompare_LanguageAware_WFallback,
+                   LineCompare_LanguageAware_StringCompareEx<WCHAR>, WideWithoutLookUp>;
+TYPED_TEST_SUITE(CompareByUsersLanguage, LanguageComparators);
+
+// CompareStringA is never asked for digit runs by value.
+template <typename Comparator>
+class CompareDigitsByUsersLanguage : public CompareByUsersLanguage<Comparator> {};
+using DigitComparators = testing::Types<LineCompare_LanguageAware_WFallback,
+                                        LineCompare_LanguageAware_StringCompareEx<WCHAR>, WideWithoutLookUp>;
+TYPED_TEST_SUITE(CompareDigitsByUsersLanguage, DigitComparators);
+
+template <typename Comparator>
+class EveryComparator : public testing::Test {};
+using AllComparators =
+    testing::Types<LineCompare_OrdinalA, LineCompare_OrdinalW, LineCompare_LanguageAware_StringCompareA,
+                   LineCompare_LanguageAware_WFallback, LineCompare_LanguageAware_StringCompareEx<WCHAR>,
+                   WideWithoutLookUp>;
+TYPED_TEST_SUITE(EveryComparator, AllComparators);
+
+}  // namespace
+
+TYPED_TEST(EveryComparator, PutsAnEmptyKeyFirst) {
+  for (const bool ignoreCase : {false, true}) {
+    TypeParam comparator;
+    comparator.ignoreCase = ignoreCase;
+    comparator.compareFlags = kLinguistic;
+    EXPECT_EQ(OrderIn(comparator, "", ""), kEqual);
+    EXPECT_EQ(OrderIn(comparator, "", "a"), kBefore);
+    EXPECT_EQ(OrderIn(comparator, "a", ""), kBehind);
+    EXPECT_EQ(OrderIn(comparator, "", std::string_view("\0", 1)), kBefore);
+    EXPECT_EQ(OrderIn(comparator, "", " "), kBefore);
+    EXPECT_EQ(OrderIn(comparator, "", "\x01"), kBefore);
+  }
+}
+
+TYPED_TEST(EveryComparator, FindsAKeyEqualToItself) {
+  for (const bool ignoreCase : {false, true}) {
+    TypeParam comparator;
+    comparator.ignoreCase = ignoreCase;
+    comparator.compareFlags = kLinguistic;
+    for (const std::string& text : {std::string("a"), std::string("Line 10"), std::string(5000, 'x')}) {
+      EXPECT_EQ(OrderIn(comparator, text, text), kEqual);
+    }
+  }
+}
+
+TYPED_TEST(EveryComparator, LooksNoFurtherThanTheLengths) {
+  TypeParam comparator;
+  comparator.compareFlags = kLinguistic;
+  using CharT = std::conditional_t<std::is_base_of_v<LineCompare_TextBase<char>, TypeParam>, char, WCHAR>;
+  const Exact<CharT> left(In<CharT>("abX") + CharT());
+  const Exact<CharT> right(In<CharT>("abY") + CharT());
+  EXPECT_FALSE(comparator.Compare(left.Begin(), 2, right.Begin(), 2));
+  EXPECT_FALSE(comparator.Compare(right.Begin(), 2, left.Begin(), 2));
+  EXPECT_TRUE(comparator.Compare(left.Begin(), 3, right.Begin(), 3));
+  EXPECT_FALSE(comparator.Compare(right.Begin(), 3, left.Begin(), 3));
+}
+
+TEST(CompareBytes, GoesByTheFirstByteThatDiffers) {
+  EXPECT_EQ(Bytes("a", "b"), kBefore);
+  EXPECT_EQ(Bytes("abc", "abd"), kBefore);
+  EXPECT_EQ(Bytes("abd", "abc"), kBehind);
+  EXPECT_EQ(Bytes("b", "abc"), kBehind);
+  EXPECT_EQ(Bytes("B", "a"), kBefore);
+  for (std::size_t at = 0; at < 40; ++at) {
+    for (std::size_t behind = 0; behind < 10; ++behind) {
+      std::string left(at + 1 + behind, 'm');
+      std::string right = left;
+      left[at] = 'l';
+      right[at] = 'n';
+      // What comes later says the opposite.
+      if (behind != 0) left.back() = 'z';
+      EXPECT_EQ(Bytes(left, right), kBefore) << at << " " << behind;
+      EXPECT_EQ(Bytes(right, left), kBehind) << at << " " << behind;
+      EXPECT_EQ(BytesIgnoringCase(left, right), kBefore) << at << " " << behind;
+    }
+  }
+}
+
+TEST(CompareBytes, FindsAKeyAndItsBeginningEqualAsMeant) {
+  EXPECT_EQ(Bytes("abc", "abcd"), kEqual);
+  EXPECT_EQ(Bytes("a", "abcdefghijklmnopqrstuvwxyz"), kEqual);
+  EXPECT_EQ(BytesIgnoringCase("ABC", "abcd"), kEqual);
+}
+
+TEST(CompareBytes, TakesBytesAsUnsigned) {
+  EXPECT_EQ(Bytes("\x7F", "\x80"), kBefore);
+  EXPECT_EQ(Bytes("z", "\xFF"), kBefore);
+  EXPECT_EQ(Bytes("\x01", "\xFF"), kBefore);
+  EXPECT_EQ(Bytes("\x80", "\xFF"), kBefore);
+  EXPECT_EQ(BytesIgnoringCase("z", "\x80"), kBefore);
+  EXPECT_EQ(BytesIgnoringCase("\x80", "\xFF"), kBefore);
+}
+
+TEST(CompareBytes, EndsAtAZeroByte) {
+  EXPECT_EQ(Bytes({"a\0b", 3}, {"a\0c", 3}), kEqual);
+  EXPECT_EQ(Bytes({"\0b", 2}, {"\0c", 2}), kEqual);
+  EXPECT_EQ(Bytes({"a\0z", 3}, "ab"), kBefore);
+  EXPECT_EQ(Bytes({"a\0z", 3}, "a\x01"), kBefore);
+  EXPECT_EQ(Bytes({"a\0z", 3}, "a"), kEqual);
+  EXPECT_EQ(Bytes({"\0", 1}, "a"), kBefore);
+  EXPECT_EQ(BytesIgnoringCase({"A\0b", 3}, {"a\0c", 3}), kEqual);
+  EXPECT_EQ(BytesIgnoringCase({"a\0z", 3}, "AB"), kBefore);
+}
+
+TEST(CompareBytes, IgnoresTheCaseOfAToZAlone) {
+  EXPECT_EQ(BytesIgnoringCase("abcxyz", "ABCXYZ"), kEqual);
+  EXPECT_EQ(BytesIgnoringCase("a", "B"), kBefore);
+  EXPECT_EQ(BytesIgnoringCase("A", "b"), kBefore);
+  EXPECT_EQ(Bytes("abc", "ABC"), kBehind);
+  EXPECT_EQ(BytesIgnoringCase("\xC4", "\xE4"), kBefore);
+  EXPECT_EQ(BytesIgnoringCase("@", "`"), kBefore);
+  EXPECT_EQ(BytesIgnoringCase("[", "{"), kBefore);
+}
+
+TEST(CompareBytes, IgnoringCasePutsLettersWhereTheSmallOnesStand) {
+  for (const char* sign : {"[", "\\", "]", "^", "_", "`", "@", "5"}) {
+    EXPECT_EQ(BytesIgnoringCase(sign, "A"), kBefore) << sign;
+    EXPECT_EQ(BytesIgnoringCase(sign, "a"), kBefore) << sign;
+  }
+  EXPECT_EQ(BytesIgnoringCase("{", "Z"), kBehind);
+  EXPECT_EQ(BytesIgnoringCase("{", "z"), kBehind);
+  EXPECT_EQ(Bytes("_", "A"), kBehind);
+  EXPECT_EQ(Bytes("_", "a"), kBefore);
+}
+
+TEST(CompareUnits, UsesTheSystemsFunction) { EXPECT_TRUE(LineCompare_OrdinalW().HasSystemFunction()); }
+
+TEST(CompareUnits, GoesByTheFirstUnitThatDiffers) {
+  EXPECT_EQ(Units(W("a"), W("b")), kBefore);
+  EXPECT_EQ(Units(W("abd"), W("abc")), kBehind);
+  EXPECT_EQ(Units(W("B"), W("a")), kBefore);
+  EXPECT_EQ(Units(W("b"), W("abc")), kBehind);
+  EXPECT_EQ(Units(W("\u0161"), W("\u0262")), kBefore);
+}
+
+TEST(CompareUnits, PutsAKeyBehindItsOwnBeginning) {
+  EXPECT_EQ(Units(W("abc"), W("abcd")), kBefore);
+  EXPECT_EQ(Units(W("abcd"), W("abc")), kBehind);
+  EXPECT_EQ(UnitsIgnoringCase(W("ABC"), W("abcd")), kBefore);
+  EXPECT_EQ(UnitsIgnoringCase(W("abcd"), W("ABC")), kBehind);
+  EXPECT_EQ(Units(W("a"), {W("a\0"), 2}), kBefore);
+}
+
+TEST(CompareUnits, TakesUnitsAsUnsignedAndNotAsCharacters) {
+  const WCHAR units[] = {0x0001, 0x00FF, 0x0100, 0x7FFF, 0x8000, 0xD83D, 0xE000, 0xFFFD, 0xFFFF};
+  for (std::size_t i = 0; i < std::size(units); ++i) {
+    for (std::size_t j = i + 1; j < std::size(units); ++j) {
+      EXPECT_EQ(Units({&units[i], 1}, {&units[j], 1}), kBefore) << i << " " << j;
+    }
+  }
+}
+
+TEST(CompareUnits, GoesOnBehindAZeroUnit) {
+  EXPECT_EQ(Units({W("a\0b"), 3}, {W("a\0c"), 3}), kBefore);
+  EXPECT_EQ(UnitsIgnoringCase({W("a\0b"), 3}, {W("A\0C"), 3}), kBefore);
+}
+
+TEST(CompareUnits, IgnoresTheCaseOfAllLetters) {
+  EXPECT_EQ(UnitsIgnoringCase(W("abcxyz"), W("ABCXYZ")), kEqual);
+  EXPECT_EQ(UnitsIgnoringCase(W("\u00E4\u0436"), W("\u00C4\u0416")), kEqual);
+  EXPECT_EQ(UnitsIgnoringCase(W("a"), W("B")), kBefore);
+  EXPECT_EQ(UnitsIgnoringCase(W("B"), W("a")), kBehind);
+  EXPECT_EQ(Units(W("\u00E4"), W("\u00C4")), kBehind);
+}
+
+TEST(CompareUnits, IgnoringCasePutsLettersWhereTheCapitalsStand) {
+  for (const WCHAR* sign : {W("["), W("\\"), W("]"), W("^"), W("_"), W("`")}) {
+    EXPECT_EQ(UnitsIgnoringCase(sign, W("A")), kBehind);
+    EXPECT_EQ(UnitsIgnoringCase(sign, W("z")), kBehind);
+  }
+  EXPECT_EQ(UnitsIgnoringCase(W("@"), W("a")), kBefore);
+}
+
+TEST(CompareUnits, ReadsKeysAtOddPlaces) {
+  const char bytes[] = "?a\0b\0c\0?a\0b\0d\0";
+  LineCompare_OrdinalW comparator;
+  const auto* const left = reinterpret_cast<const WCHAR*>(bytes + 1);
+  const auto* const right = reinterpret_cast<const WCHAR*>(bytes + 8);
+  for (const bool ignoreCase : {false, true}) {
+    comparator.ignoreCase = ignoreCase;
+    EXPECT_TRUE(comparator.Compare(left, 3, right, 3));
+    EXPECT_FALSE(comparator.Compare(right, 3, left, 3));
+    EXPECT_FALSE(comparator.Compare(left, 2, right, 2));
+  }
+}
+
+TYPED_TEST(CompareByUsersLanguage, IgnoresCaseWhateverIsAskedFor) {
+  for (const bool ignoreCase : {false, true}) {
+    EXPECT_EQ(this->In("a", "B", kLinguistic, ignoreCase), kBefore);
+    EXPECT_EQ(this->In("B", "a", kLinguistic, ignoreCase), kBehind);
+    EXPECT_EQ(this->In("A", "b", kLinguistic, ignoreCase), kBefore);
+    EXPECT_EQ(this->In("abc", "ABC", kLinguistic, ignoreCase), kEqual);
+  }
+}
+
+TYPED_TEST(CompareByUsersLanguage, PutsAKeyBehindItsOwnBeginning) {
+  EXPECT_EQ(this->In("abc", "abcd"), kBefore);
+  EXPECT_EQ(this->In("abcd", "ABC"), kBehind);
+}
+
+TYPED_TEST(CompareByUsersLanguage, PutsLettersWithMarksBesideTheirLetters) {
+  EXPECT_EQ(this->In("\xE4", "b"), kBefore);
+  EXPECT_EQ(this->In("a", "\xE4"), kBefore);
+  EXPECT_EQ(this->In("\xE9"
+                     "a",
+                     "f"),
+            kBefore);
+  EXPECT_EQ(this->In("\xC4", "\xE4"), kEqual);
+}
+
+TYPED_TEST(CompareByUsersLanguage, TakesDigitsOneByOne) {
+  EXPECT_EQ(this->In("a10", "a9"), kBefore);
+  EXPECT_EQ(this->In("2", "10"), kBehind);
+}
+
+TYPED_TEST(CompareDigitsByUsersLanguage, TakesDigitRunsByValue) {
+  EXPECT_EQ(this->In("abc", "ABC", kLinguisticDigits), kEqual);
+  EXPECT_EQ(this->In("a10", "a9", kLinguisticDigits), kBehind);
+  EXPECT_EQ(this->In("a9", "a10", kLinguisticDigits), kBefore);
+  EXPECT_EQ(this->In("2", "10", kLinguisticDigits), kBefore);
+  EXPECT_EQ(this->In("a2b", "a10a", kLinguisticDigits), kBefore);
+  EXPECT_EQ(this->In("A99", "a100", kLinguisticDigits), kBefore);
+}
+
+TEST(CompareByLanguage, ReadsUnitsAtOddPlaces) {
+  const char bytes[] = "?a\0b\0c\0?A\0B\0d\0";
+  const auto* const left = reinterpret_cast<const WCHAR*>(bytes + 1);
+  const auto* const right = reinterpret_cast<const WCHAR*>(bytes + 8);
+  for (const bool lookUp : {true, false}) {
+    LineCompare_LanguageAware_StringCompareEx<WCHAR> comparator(lookUp);
+    comparator.compareFlags = kLinguistic;
+    EXPECT_TRUE(comparator.Compare(left, 3, right, 3));
+    EXPECT_FALSE(comparator.Compare(right, 3, left, 3));
+    EXPECT_FALSE(comparator.Compare(left, 2, right, 2));
+  }
+}
+
+TEST(CompareByLanguage, TheBaseForBytesAlwaysAnswersFalse) {
+  struct Base final : LineCompare_LanguageAware_StringCompareEx<char> {};
+  Base comparator;
+  comparator.compareFlags = kLinguistic;
+  EXPECT_EQ(OrderOf<char>(comparator, "a", "b"), kEqual);
+  EXPECT_EQ(OrderOf<char>(comparator, "", "b"), kEqual);
+}
+
+TEST(CompareByLanguageWidened, EndsAtAZeroByte) {
+  LineCompare_LanguageAware_WFallback comparator;
+  comparator.compareFlags = kLinguisticDigits;
+  EXPECT_EQ(OrderOf<char>(comparator, {"a\0b", 3}, {"a\0c", 3}), kEqual);
+}
+
+TEST(CompareByLanguageWidened, KeysOfAnyLengthFollowEachOther) {
+  LineCompare_LanguageAware_WFallback comparator;
+  comparator.compareFlags = kLinguisticDigits;
+  for (const std::size_t length :
+       {1u, 2u, 125u, 126u, 127u, 128u, 129u, 130u, 131u, 300u, 5u, 20000u, 3u, 128u}) {
+    const std::string same(length - 1, 'k');
+    EXPECT_EQ(OrderOf<char>(comparator, same + "a", same + "b"), kBefore) << length;
+    EXPECT_EQ(OrderOf<char>(comparator, same + "b", same + "a"), kBehind) << length;
+    EXPECT_EQ(OrderOf<char>(comparator, same + "a", same + "A"), kEqual) << length;
+    EXPECT_EQ(OrderOf<char>(comparator, same + "a", "l"), kBefore) << length;
+    EXPECT_EQ(OrderOf<char>(comparator, "b", same + "z"), kBefore) << length;
+  }
+}
+
+TEST(CompareByLanguageWidened, BytesAreOfTheSystemsCodePage) {
+  LineCompare_LanguageAware_WFallback comparator;
+  comparator.compareFlags = kLinguistic;
+  // "ae" as one letter and a Z with a caron, where they stand in the code page 1252.
+  EXPECT_EQ(OrderOf<char>(comparator, "\x9E", "z"), kBehind);
+  EXPECT_EQ(OrderOf<char>(comparator, "\x9E", "\x8E"), kEqual);
+  EXPECT_EQ(OrderOf<char>(comparator, "\x9E", "y"), kBehind);
+  EXPECT_EQ(OrderOf<char>(comparator, "\xE6", "b"), kBefore);
+}

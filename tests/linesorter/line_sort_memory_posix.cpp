@@ -1,0 +1,98 @@
+// The sort when memory runs out: slower, and the same.
+#include <gtest/gtest.h>
+
+#include "linesorter/line_records.h"
+#include "linesorter/line_sort.h"
+#include "linesorter/sort_keys.h"
+#include "support/memory_limit.h"
+
+using namespace WQLineSorter;
+
+namespace {
+
+// More than a sort takes.
+constexpr int kManyAllocations = 1000;
+
+// 300 lines of three letters in a mixed order, with many that are equal.
+std::vector<std::string> MixedLines() {
+  std::vector<std::string> texts;
+  for (unsigned i = 0; i < 300; ++i) {
+    const unsigned mixed = i * 7919 % 101;
+    texts.push_back({static_cast<char>('a' + mixed % 3), static_cast<char>('a' + mixed / 3 % 3),
+                     static_cast<char>('a' + mixed / 9 % 3)});
+  }
+  return texts;
+}
+
+// The order by the letters of each line, found by looking for each triple in turn.
+template <typename CharT>
+std::vector<const char*> ExpectedOrder(const std::vector<SortLine>& lines) {
+  const std::vector<std::string> texts = TextsOf<CharT>(lines);
+  std::vector<const char*> order;
+  for (char first = 'a'; first <= 'c'; ++first) {
+    for (char second = 'a'; second <= 'c'; ++second) {
+      for (char third = 'a'; third <= 'c'; ++third) {
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+          if (texts[i] == std::string{first, second, third}) order.push_back(lines[i].text);
+        }
+      }
+    }
+  }
+  return order;
+}
+
+template <typename CharT>
+class LineSortWithoutMemory : public testing::Test {};
+TYPED_TEST_SUITE(LineSortWithoutMemory, BothWidths);
+
+}  // namespace
+
+TYPED_TEST(LineSortWithoutMemory, GivesTheSameOrder) {
+  for (const std::uint32_t bits : {0u, +SortIgnoreCase}) {
+    LineRecords<TypeParam> records = LinesOf<TypeParam>(MixedLines());
+    SortLinesOptions options;
+    options.options = SortByLine | bits;
+    ComputeSortKeys<TypeParam>(records.lines, options);
+    const std::vector<const char*> expected = ExpectedOrder<TypeParam>(records.lines);
+    ASSERT_EQ(expected.size(), records.lines.size());
+    for (int allocations = 0;; ++allocations) {
+      ASSERT_LT(allocations, kManyAllocations);
+      std::vector<SortLine> lines = records.lines;
+      long taken = 0;
+      {
+        const Memory::Limit limit(allocations);
+        const long before = Memory::AllocationCount();
+        EXPECT_NO_THROW(SortLineRange<TypeParam>(lines, {0, lines.size()}, options)) << allocations;
+        taken = Memory::AllocationCount() - before;
+      }
+      std::vector<const char*> order;
+      for (const SortLine& line : lines) order.push_back(line.text);
+      EXPECT_EQ(order, expected) << allocations;
+      if (taken <= allocations) break;  // all that it asked for
+    }
+  }
+}
+
+TYPED_TEST(LineSortWithoutMemory, GivesTheSameOrderOfNumbers) {
+  LineRecords<TypeParam> records = LinesOf<TypeParam>(MixedLines());
+  SortLinesOptions options;
+  options.options = SortBySubstring | SortAsNumber;
+  for (std::size_t i = 0; i < records.lines.size(); ++i) {
+    records.lines[i].numericKey = static_cast<std::int64_t>(i * 7919 % 300) - 150;
+  }
+  for (int allocations = 0;; ++allocations) {
+    ASSERT_LT(allocations, kManyAllocations);
+    std::vector<SortLine> lines = records.lines;
+    long taken = 0;
+    {
+      const Memory::Limit limit(allocations);
+      const long before = Memory::AllocationCount();
+      EXPECT_NO_THROW(SortLineRange<TypeParam>(lines, {0, lines.size()}, options)) << allocations;
+      taken = Memory::AllocationCount() - before;
+    }
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      ASSERT_EQ(lines[i].numericKey, static_cast<std::int64_t>(i) - 150) << allocations;
+    }
+    if (taken <= allocations) break;
+  }
+}

@@ -1,0 +1,57 @@
+// Lines as a test sees them.
+#pragma once
+
+#include <cstring>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "linesorter/sortable_lines.h"
+#include "platform/text.h"
+
+// What a file on disk holds for a 16-bit text: the units as they stand, the low byte first.
+inline std::string WideBytes(WStringView text) {
+  std::string bytes;
+  for (const WCHAR unit : text) {
+    bytes += static_cast<char>(unit & 0xFF);
+    bytes += static_cast<char>(unit >> 8);
+  }
+  return bytes;
+}
+
+// A record with its text and its ending instead of a pointer; a long text by its length and first byte.
+struct LoadedLine {
+  std::string text;
+  std::string ending;
+  std::uint32_t kind;
+  friend bool operator==(const LoadedLine&, const LoadedLine&) = default;
+};
+
+inline void PrintTo(const LoadedLine& line, std::ostream* out) {
+  const auto put = [&](const std::string& text) {
+    *out << '"';
+    for (const char byte : text.substr(0, 40)) {
+      if (byte >= 0x20 && byte < 0x7F) {
+        *out << byte;
+      } else {
+        *out << "\\" << static_cast<int>(static_cast<unsigned char>(byte)) << ";";
+      }
+    }
+    *out << '"';
+    if (text.size() > 40) *out << " of " << text.size();
+  };
+  *out << "{";
+  put(line.text);
+  *out << ", ";
+  put(line.ending);
+  *out << ", " << line.kind << "}";
+}
+
+inline std::vector<LoadedLine> LinesOf(const WQLineSorter::SortableLinesData& data) {
+  std::vector<LoadedLine> lines;
+  for (const WQLineSorter::SortLine& line : data.lines) {
+    lines.push_back({std::string(line.text, line.length),
+                     std::string(line.text + line.length, line.endingSize), line.endingKind});
+  }
+  return lines;
+}

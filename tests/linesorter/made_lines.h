@@ -1,0 +1,33 @@
+// Line records over texts of a test's own, as a loader would leave them.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "linesorter/sortable_lines.h"
+
+struct MadeLines {
+  // The kind of the ending: kNoEnding without one, kEndingLf for one byte or unit.
+  MadeLines& Add(std::string_view text, std::string_view ending, std::uint32_t kind) {
+    const std::string& stored = storage_.emplace_back(std::string(text) + std::string(ending));
+    lines.push_back({stored.data(), static_cast<std::uint32_t>(text.size()),
+                     static_cast<std::uint8_t>(ending.size()), kind, 0, 0, 0});
+    return *this;
+  }
+  MadeLines& None(std::string_view text) { return Add(text, "", WQLineSorter::kNoEnding); }
+  MadeLines& Lf(std::string_view text) { return Add(text, "\n", WQLineSorter::kEndingLf); }
+  MadeLines& CrLf(std::string_view text) { return Add(text, "\r\n", WQLineSorter::kEndingCrLf); }
+  MadeLines& WideLf(std::string_view text) {
+    return Add(text, std::string_view("\n\0", 2), WQLineSorter::kEndingLf);
+  }
+  MadeLines& WideCrLf(std::string_view text) {
+    return Add(text, std::string_view("\r\0\n\0", 4), WQLineSorter::kEndingCrLf);
+  }
+
+  std::vector<WQLineSorter::SortLine> lines;
+
+ private:
+  std::deque<std::string> storage_;  // where the records point
+};

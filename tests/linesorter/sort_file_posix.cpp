@@ -1,0 +1,350 @@
+// The sort of one file when the system fails in the middle: which number and text come out, and where the
+// user's data stands then.
+#include "linesorter/sort_file.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <new>
+
+#include "linesorter/sort_file_helper.h"
+#include "platform/outcome.h"
+#include "platform/posix/faults.h"
+#include "support/memory_limit.h"
+
+using namespace Platform;
+using namespace WQLineSorter;
+using testing::ElementsAre;
+
+namespace {
+
+constexpr char kFile[] = "b\nc\na\n";
+constexpr char kSortedFile[] = "a\nb\nc\n";
+
+}  // namespace
+
+// Under Wine the superuser writes read-only files.
+TEST(SortFile, ReadOnlyTargetIsNotOverwritten) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), "b\na\n");
+  ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
+  EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)),
+            (SortOutcome{ERROR_ACCESS_DENIED, "Unable to open file for writing"}));
+  EXPECT_EQ(scratch.Read(W("a.txt")), "b\na\n");
+}
+
+TEST(SortFileFaults, LoadFailsAndNothingIsTouched) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), kFile);
+  const std::string name = ToUtf8(path);
+  const struct {
+    const char* function;
+    int nth;
+    DWORD error;
+    SortOutcome outcome;
+  } rows[] = {
+      {"GetFileAttributesW", 1, ERROR_ACCESS_DENIED, {2, "File not found"}},
+      {"CreateFileW", 1, ERROR_ACCESS_DENIED, {ERROR_ACCESS_DENIED, "Unable to open file"}},
+      {"ReadFile", 1, ERROR_IO_DEVICE, {ERROR_IO_DEVICE, "Unable to read file content"}},
+      // The file goes away after its format was looked at.
+      {"CreateFileW", 2, ERROR_FILE_NOT_FOUND, {ERROR_FILE_NOT_FOUND, "Unable to open file : " + name}},
+      {"GetFileSizeEx", 1, ERROR_IO_DEVICE, {ERROR_IO_DEVICE, "Failed to get filesize : " + name}},
+      {"ReadFile", 2, ERROR_IO_DEVICE, {ERROR_IO_DEVICE, "Failed to read file"}},
+  };
+  for (const auto& row : rows) {
+    for (const std::uint32_t more : {std::uint32_t{SaveOverwrite}, std::uint32_t{SaveKeepBackup},
+                                     std::uint32_t{SaveDeleteBackup | SaveOverwrite}}) {
+      const Faults::Scope faults;
+      Faults::Fail(row.function, row.nth, row.error);
+      EXPECT_EQ(RunSort(path, path, SortOptions(more)), row.outcome) << row.function << row.nth;
+      EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
+      EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+    }
+  }
+  // Every handle was closed: the file can be moved.
+  EXPECT_EQ(FailureOf(MoveFileW(path.c_str(), scratch.Path(W("b.txt")).c_str())), kNoFailure);
+}
+
+TEST(SortFileFaults, CreateFailsAndTheDataStandsInTheBackup) {
+  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
+    const ScratchFolder scratch;
+    const WString path = scratch.Write(W("a.txt"), kFile);
+    const Faults::Scope faults;
+    Faults::Fail("CreateFileW", 3, ERROR_DISK_FULL);
+    EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
+              (SortOutcome{ERROR_DISK_FULL, "Unable to open file for writing"}));
+    EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt.bak")));
+    EXPECT_EQ(scratch.Read(W("a.txt.bak")), kFile);
+  }
+}
+
+TEST(SortFileFaults, CreateFailsWithoutABackupAndTheDataStandsAsItWas) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), kFile);
+  const Faults::Scope faults;
+  Faults::Fail("CreateFileW", 3, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)),
+            (SortOutcome{ERROR_ACCESS_DENIED, "Unable to open file for writing"}));
+  EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
+  EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+}
+
+TEST(SortFileFaults, WriteFailsAndPartialTargetAndBackupStayAsTheyAre) {
+  // Two buffers and a bit.
+  std::string file;
+  for (int i = 0; i < 70; ++i) file += std::string(999, static_cast<char>('a' + i / 3)) + "\n";
+  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
+    for (int nth = 1; nth <= 3; ++nth) {
+      const ScratchFolder scratch;
+      const WString path = scratch.Write(W("a.txt"), file);
+      const Faults::Scope faults;
+      Faults::Fail("WriteFile", nth, ERROR_DISK_FULL);
+      Faults::Watch("DeleteFileW");
+      EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
+                (SortOutcome{ERROR_DISK_FULL, "Failed to write data to file"}));
+      EXPECT_EQ(Faults::CallCount("DeleteFileW"), 0);
+      EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt"), W("a.txt.bak")));
+      EXPECT_TRUE(scratch.Read(W("a.txt.bak")) == file);
+      EXPECT_TRUE(scratch.Read(W("a.txt")) == file.substr(0, 32000 * static_cast<std::size_t>(nth - 1)));
+    }
+  }
+}
+
+TEST(SortFileFaults, WriteFailsIntoAnotherTargetAndTheSourceStandsAsItWas) {
+  const ScratchFolder scratch;
+  const WString source = scratch.Write(W("in"), kFile);
+  const Faults::Scope faults;
+  Faults::Fail("WriteFile", 1, ERROR_DISK_FULL);
+  EXPECT_EQ(RunSort(source, scratch.Path(W("out")), SortOptions(SaveAsNewFile | SaveOverwrite)),
+            (SortOutcome{ERROR_DISK_FULL, "Failed to write data to file"}));
+  EXPECT_EQ(scratch.Read(W("in")), kFile);
+  EXPECT_EQ(scratch.Read(W("out")), "");
+}
+
+TEST(SortFileFaults, BackupThatCannotBeMadeIsTheFailureOfTheCreate) {
+  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
+    const ScratchFolder scratch;
+    const WString path = scratch.Write(W("a.txt"), kFile);
+    const Faults::Scope faults;
+    Faults::Fail("MoveFileW", 1, ERROR_SHARING_VIOLATION);
+    EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
+              (SortOutcome{ERROR_FILE_EXISTS, "Unable to open file for writing"}));
+    EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
+    EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+  }
+}
+
+TEST(SortFileFaults, BackupThatCannotBeMadeIsMeantNotToStopAnOverwrite) {
+  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
+    const ScratchFolder scratch;
+    const WString path = scratch.Write(W("a.txt"), kFile);
+    const Faults::Scope faults;
+    Faults::Fail("MoveFileW", 1, ERROR_SHARING_VIOLATION);
+    EXPECT_EQ(RunSort(path, path, SortOptions(backup | SaveOverwrite)), kSorted);
+    EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile);
+    EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+  }
+}
+
+TEST(SortFileFaults, ADriveThatIsGoneForAMomentNeverTakesTheLinesWithIt) {
+  for (const std::uint32_t more : {SaveDeleteBackup | SaveOverwrite, +SaveDeleteBackup,
+                                   SaveDeleteBackup | SaveKeepBackup | SaveOverwrite,
+                                   SaveKeepBackup | SaveOverwrite, +SaveKeepBackup, +SaveOverwrite}) {
+    for (const bool repeat : {false, true}) {
+      for (int nth = 1;; ++nth) {
+        ASSERT_LT(nth, 100);
+        const ScratchFolder scratch;
+        const WString path = scratch.Write(W("a.txt"), kFile);
+        int calls = 0;
+        {
+          const Faults::Scope faults;
+          Faults::Fail("GetFileAttributesW", nth, ERROR_BAD_NETPATH, repeat);
+          RunSort(path, path, SortOptions(more));
+          calls = Faults::CallCount("GetFileAttributesW");
+        }
+        bool isThere = false;
+        for (const WString& name : scratch.Names()) {
+          const std::string bytes = scratch.Read(name);
+          isThere = isThere || bytes == kFile || bytes == kSortedFile;
+        }
+        EXPECT_TRUE(isThere) << "call " << nth << (repeat ? " and all later ones" : "") << " with " << more;
+        if (calls < nth) break;
+      }
+    }
+  }
+}
+
+TEST(SortFileFaults, ACallThatFailsWithoutANumberIsAFailureAllTheSame) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), kFile);
+  const std::string name = ToUtf8(path);
+  const struct {
+    const char* function;
+    int nth;
+    std::string text;
+  } rows[] = {
+      {"CreateFileW", 1, "Unable to open file"},
+      {"ReadFile", 1, "Unable to read file content"},
+      {"CreateFileW", 2, "Unable to open file : " + name},
+      {"GetFileSizeEx", 1, "Failed to get filesize : " + name},
+      {"ReadFile", 2, "Failed to read file"},
+      {"CreateFileW", 3, "Unable to open file for writing"},
+      {"WriteFile", 1, "Failed to write data to file"},
+  };
+  for (const auto& row : rows) {
+    scratch.Write(W("a.txt"), kFile);
+    const Faults::Scope faults;
+    Faults::Fail(row.function, row.nth, ERROR_SUCCESS);
+    EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)), (SortOutcome{ERROR_GEN_FAILURE, row.text}))
+        << row.function << row.nth;
+  }
+}
+
+TEST(SortFileFaults, WithoutAFreeBackupNameTheTargetStaysAndNothingIsDeleted) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), kFile);
+  scratch.Write(W("a.txt.bak"), "");
+  for (int number = 2; number <= 9999; ++number) {
+    char name[32];
+    std::snprintf(name, sizeof name, "a.txt_(%04d).bak", number);
+    scratch.Write(FromUtf8(name), "");
+  }
+  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
+    EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
+              (SortOutcome{ERROR_FILE_EXISTS, "Unable to open file for writing"}));
+    EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
+  }
+  const Faults::Scope faults;
+  Faults::Watch("DeleteFileW");
+  Faults::Watch("MoveFileW");
+  EXPECT_EQ(RunSort(path, path, SortOptions(SaveDeleteBackup | SaveOverwrite)), kSorted);
+  EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile);
+  EXPECT_EQ(Faults::CallCount("DeleteFileW"), 0);
+  EXPECT_EQ(Faults::CallCount("MoveFileW"), 0);
+  EXPECT_EQ(scratch.Names().size(), 10000u);
+}
+
+TEST(SortFileFaults, BackupThatCannotBeDeletedStaysAndTheRunIsASuccess) {
+  for (const char* function : {"DeleteFileW", "GetFileAttributesW", "SetFileAttributesW"}) {
+    const ScratchFolder scratch;
+    const WString path = scratch.Write(W("a.txt"), kFile);
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
+    const Faults::Scope faults;
+    // The source, the target and its backup's name are asked for before, and then the backup's attributes.
+    Faults::Fail(function, function == std::string("GetFileAttributesW") ? 4 : 1, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RunSort(path, path, SortOptions(SaveDeleteBackup)), kSorted) << function;
+    EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile) << function;
+    EXPECT_EQ(scratch.Read(W("a.txt.bak")), kFile) << function;
+  }
+}
+
+TEST(SortFileFaults, AttributesOfABackupAreSetOnlyWhereTheyStandInTheWay) {
+  const struct {
+    DWORD attributes;
+    int calls;
+  } rows[] = {{FILE_ATTRIBUTE_NORMAL, 0}, {FILE_ATTRIBUTE_READONLY, 1}};
+  for (const auto& row : rows) {
+    const ScratchFolder scratch;
+    const WString path = scratch.Write(W("a.txt"), kFile);
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), row.attributes));
+    const Faults::Scope faults;
+    Faults::Watch("SetFileAttributesW");
+    Faults::Watch("DeleteFileW");
+    EXPECT_EQ(RunSort(path, path, SortOptions(SaveDeleteBackup)), kSorted);
+    EXPECT_EQ(Faults::CallCount("SetFileAttributesW"), row.calls);
+    EXPECT_EQ(Faults::CallCount("DeleteFileW"), 1);
+  }
+}
+
+TEST(SortFileFaults, KeptBackupIsNotAskedForAfterTheWrite) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), kFile);
+  const Faults::Scope faults;
+  Faults::Watch("SetFileAttributesW");
+  Faults::Watch("DeleteFileW");
+  EXPECT_EQ(RunSort(path, path, SortOptions(SaveKeepBackup)), kSorted);
+  EXPECT_EQ(Faults::CallCount("SetFileAttributesW"), 0);
+  EXPECT_EQ(Faults::CallCount("DeleteFileW"), 0);
+}
+
+TEST(SortFileFaults, OnlyTheHeadAndOnePassOverTheFileAreRead) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), kFile);
+  const Faults::Scope faults;
+  for (const char* function : {"CreateFileW", "ReadFile", "WriteFile", "CloseHandle"})
+    Faults::Watch(function);
+  EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)), kSorted);
+  EXPECT_EQ(Faults::CallCount("CreateFileW"), 3);
+  EXPECT_EQ(Faults::CallCount("ReadFile"), 2);
+  EXPECT_EQ(Faults::CallCount("WriteFile"), 1);
+  EXPECT_EQ(Faults::CallCount("CloseHandle"), 3);
+}
+
+namespace {
+
+// Sorts the file in place again and again, with one allocation more each time until it succeeds. Each failure
+// is number 14 with its text, and leaves the user's data in the file or, once that was moved, in its backup.
+void ExpectNothingIsLostInPlace(std::uint32_t more, bool keepsBackup) {
+  int failures = 0;
+  for (int allocations = 0;; ++allocations) {
+    ASSERT_LT(allocations, 1000);
+    const ScratchFolder scratch;
+    const WString path = scratch.Write(W("a.txt"), kFile);
+    const SortLinesOptions options = SortOptions(more);
+    SortResult result;
+    DWORD code = 0;
+    {
+      const Memory::Limit limit(allocations);
+      code = SortFile(result, path, path, options);
+    }
+    EXPECT_EQ(code, result.errorCode) << allocations;
+    const bool isBackedUp = scratch.Exists(W("a.txt.bak"));
+    if (code == 0) {
+      EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile) << allocations;
+      EXPECT_EQ(isBackedUp, keepsBackup) << allocations;
+      break;
+    }
+    ++failures;
+    EXPECT_EQ(code, 14u) << allocations;
+    EXPECT_EQ(result.message, std::bad_alloc().what()) << allocations;
+    EXPECT_EQ(scratch.Read(isBackedUp ? W("a.txt.bak") : W("a.txt")), kFile) << allocations;
+  }
+  EXPECT_GT(failures, 0);
+}
+
+}  // namespace
+
+TEST(SortFileWithoutMemory, EachAllocationThatFailsIsNumber14AndTheBackupHoldsTheData) {
+  ExpectNothingIsLostInPlace(SaveKeepBackup, true);
+}
+
+TEST(SortFileWithoutMemory, FileWithoutABackupIsNotTouchedBeforeAllMemoryIsThere) {
+  ExpectNothingIsLostInPlace(SaveOverwrite, false);
+}
+
+TEST(SortFileWithoutMemory, SixteenBitTextTakesTheSameRoad) {
+  const std::string file(
+      "\xFF\xFE"
+      "b\0\n\0a\0\n\0",
+      10);
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), file);
+  const WString target = scratch.Path(W("out"));
+  const SortLinesOptions options = SortOptions(SaveAsNewFile | SaveOverwrite);
+  int failures = 0;
+  for (int allocations = 0;; ++allocations) {
+    ASSERT_LT(allocations, 1000);
+    SortResult result;
+    DWORD code = 0;
+    {
+      const Memory::Limit limit(allocations);
+      code = SortFile(result, path, target, options);
+    }
+    if (code == 0) break;
+    ++failures;
+    EXPECT_EQ(code, 14u) << allocations;
+    EXPECT_EQ(result.message, std::bad_alloc().what()) << allocations;
+    EXPECT_EQ(scratch.Read(W("a.txt")), file) << allocations;
+  }
+  EXPECT_GT(failures, 0);
+}
