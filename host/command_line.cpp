@@ -40,15 +40,25 @@ std::function<void(const std::vector<std::string>&)> Collect(std::vector<std::st
 
 constexpr const char* kAbout =
     "qxhost loads the QXUtils module and runs its commands on real files, without the file manager.\n"
-    "Renames and conversions are real: try --dry-run first, or work on a copy.";
+    "What it does is real: try a rename with --dry-run first, and all else on a copy.";
 
 constexpr const char* kFooter = R"(Paths may be written /a/b or Z:\a\b.
 
 Questions. A command may ask something: whether to rename, what to replace. Each --answer answers the next
 question: ok, yes, no, cancel, text=TEXT (ok takes the text that is offered) or choice=ROWTEXT. Where no answer
-is left you are asked on the terminal; where there is none, the question is cancelled. A dialog is filled with
---form FIELD=VALUE and ended with --answer ok; a wrong FIELD shows the fields that there are. The dialog of 30010
-has find, replace and part: 1 the name without its extension, 2 the extension with its dot, 3 the whole name.
+is left you are asked on the terminal, where the first letter of a button will do; where there is no terminal,
+the question is cancelled, and a note says so.
+
+Dialogs. A dialog is filled with --form FIELD=VALUE and ended with --answer ok. To see which fields a command's
+dialog has, with their present values, give one that there is not; nothing is done then:
+  qxhost --form help= command 30150 a.txt
+They are filled in the order in which they are given, and one that is grey takes no value: sortBy=item comes
+before separator. Switches are 0 or 1.
+  30010  find, replace, part: 1 the name without its extension, 2 the extension with its dot, 3 the whole name
+  30150  saveAs: new, keep-backup or delete-backup; targetName; keepLinesTop, keepLinesBottom; startPosition;
+         skipLeadingSpace; sortBy: line, substring (length, endCharacter, endAtWhitespace) or item (separator,
+         item); sortMethod: text (languageAware, ignoreCase, naturalNumbers), number or date (dateFormat);
+         reverse; removeBlank
 
 Examples:
   qxhost menu                                    the commands and their numbers
@@ -61,6 +71,13 @@ Examples:
                                                  a.c, a.h and a.o become new.c, new.h and new.o
   find . -name '*.JPG' | qxhost --items - --answer ok command 30041
                                                  extensions in lower case, for any number of files
+  qxhost script                                  the script commands and their parameters
+  qxhost script SortLines FILE=a.txt "TARGET=*.sorted" SORTBY=item "ITEMSEP=;" ITEM=2 SORTAS=num
+                                                 by the numbers behind the first semicolon, into a.sorted
+  qxhost --form sortBy=item --form "separator=;" --form item=2 --form sortMethod=number
+         --answer ok --answer ok command 30150 a.txt
+                                                 the same from the menu, into a_sorted.txt: first the dialog,
+                                                 then the closing message
   qxhost --json menu                             one JSON object a line, for programs
 
 Exit status: 0 the module handled the command, 1 it did not, 2 the call was wrong, 3 the module could not be
@@ -82,7 +99,9 @@ void DeclareOptions(CLI::App& app, Options& options) {
   app.add_flag("--before-vista", options.beforeVista, "As if Windows were older than Vista");
   app.add_flag("--class-a", options.classA, "As if Windows were of class A");
   app.add_flag("--class-b", options.classB, "As if Windows were of class B");
-  app.add_flag("--dry-run", options.dryRun, "Say what would be renamed, and rename nothing");
+  app.add_flag("--dry-run", options.dryRun,
+               "Say what would be renamed, and rename nothing: for the commands 30000 to 30060. "
+               "All others are refused with it, as they change more than names");
   app.add_flag("--json", options.json, "One JSON object a line instead of prose");
 }
 
@@ -93,6 +112,17 @@ void AddText(CLI::App& app, const std::string& name, const std::string& value, s
   app.add_option_function<std::string>(
          name, [&target](const std::string& text) { target = Unguarded(text); }, help)
       ->type_name(value);
+}
+
+void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
+                 const std::string& help) {
+  app.add_option_function<std::string>(
+         name, [&target](const std::string& text) { target = Unguarded(text); }, help)
+      ->type_name("");
+}
+
+void AddFlag(CLI::App& app, const std::string& name, bool& target, const std::string& help) {
+  app.add_flag(name, target, help);
 }
 
 void AddTexts(CLI::App& app, const std::string& name, const std::string& value,
@@ -130,7 +160,7 @@ std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandL
   for (const std::unique_ptr<Verb>& verb : verbs) {
     CLI::App* const sub = app.add_subcommand(verb->Name(), verb->Help());
     sub->group("Verbs");
-    sub->footer("qxhost --help tells of the options, and shows examples.");
+    sub->footer(verb->HelpFooter() + std::string("qxhost --help tells of the options, and shows examples."));
     verb->Declare(*sub);
     declared.push_back(sub);
   }

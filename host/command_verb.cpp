@@ -7,6 +7,10 @@
 namespace QxHost {
 namespace {
 
+// The quick rename commands: what they change are names alone.
+constexpr s32 kFirstRename = 30000;
+constexpr s32 kLastRename = 30060;
+
 s32 ParseNumber(const std::string& text) {
   s32 number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -27,6 +31,14 @@ class CommandVerb final : public Verb {
   }
 
   const std::vector<std::string>& Items() const override { return items_; }
+
+  void CheckDryRun() const override {
+    const s32 number = ParseNumber(number_);
+    if (number >= kFirstRename && number <= kLastRename) return;
+    throw BadCall("--dry-run holds back renames, and the command " + number_ +
+                  " is none: it is for the commands " + std::to_string(kFirstRename) + " to " +
+                  std::to_string(kLastRename));
+  }
 
   int Execute(Run& run) override {
     const s32 number = ParseNumber(number_);

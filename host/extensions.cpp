@@ -53,6 +53,15 @@ ExtensionEvent RecordOf(u32 index, const ExtensionInfo& info) {
   return record;
 }
 
+void Report(Reporter& reporter, const DeclaredScriptCommand& command) {
+  ScriptCommandEvent event{command.name, command.number, command.description, {}};
+  for (const DeclaredScriptCommand::Parameter& parameter : command.parameters) {
+    event.parameters.push_back(
+        {parameter.name, parameter.KindName(), parameter.IsRequired(), parameter.description});
+  }
+  reporter.ScriptCommand(event);
+}
+
 }  // namespace
 
 Extensions::Extensions(Shared& shared, const ModuleExports& exports) : shared_(shared), exports_(exports) {
@@ -116,6 +125,13 @@ void Extensions::ReportMenus() const {
   for (const Extension& extension : extensions_) extension.host->menus.Report(shared_.reporter);
 }
 
+Extensions::Extension* Extensions::PluginAt(u32 index) {
+  const auto found = std::find_if(
+      extensions_.begin(), extensions_.end(),
+      [index](const Extension& extension) { return extension.index == index && extension.plugin; });
+  return found == extensions_.end() ? nullptr : &*found;
+}
+
 Extensions::Extension* Extensions::OwnerOf(s32 number) {
   const auto declared = shared_.commandOwners.find(static_cast<u32>(number));
   u32 index = kFileUtilsIndex;
@@ -124,16 +140,40 @@ Extensions::Extension* Extensions::OwnerOf(s32 number) {
   } else if (number >= kFirstMultiRenameNumber && number <= kLastMultiRenameNumber) {
     index = kMultiRenameIndex;
   }
-  const auto found = std::find_if(
-      extensions_.begin(), extensions_.end(),
-      [index](const Extension& extension) { return extension.index == index && extension.plugin; });
-  return found == extensions_.end() ? nullptr : &*found;
+  return PluginAt(index);
 }
 
 s32 Extensions::RunCommand(s32 number) {
   Extension* const owner = OwnerOf(number);
   const s32 answer = owner ? Guarded("OnCommand", [&] { return owner->plugin->OnCommand(number, 0, 0); }) : 0;
   RunPosted();
+  return answer;
+}
+
+const DeclaredScriptCommand& Extensions::ScriptCommand(const std::string& name) const {
+  if (const DeclaredScriptCommand* const command = shared_.scriptCommands.Find(name)) return *command;
+  std::string names;
+  for (const DeclaredScriptCommand& command : shared_.scriptCommands.commands)
+    names += (names.empty() ? "" : ", ") + command.name;
+  throw BadCall("\"" + name + "\" is no script command; there are: " + names);
+}
+
+void Extensions::ReportScriptCommand(const std::string& name) const {
+  Report(shared_.reporter, ScriptCommand(name));
+}
+
+void Extensions::ReportAllScriptCommands() const {
+  for (const DeclaredScriptCommand& command : shared_.scriptCommands.commands) {
+    Report(shared_.reporter, command);
+  }
+}
+
+s32 Extensions::RunScriptCommand(ScriptCall& call) {
+  Extension* const owner = PluginAt(shared_.scriptCommands.owner);
+  const s32 answer =
+      owner ? Guarded("OnCustomCommand", [&] { return owner->plugin->OnCustomCommand(&call); }) : 0;
+  RunPosted();
+  if (call.resultCode || call.resultText) shared_.reporter.ScriptResult(call.resultCode, call.resultText);
   return answer;
 }
 

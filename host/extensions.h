@@ -11,6 +11,7 @@
 #include "frame/services/plugin_interface.h"
 #include "host/host_app.h"
 #include "host/module_loader.h"
+#include "host/script_call.h"
 
 namespace QxHost {
 
@@ -40,6 +41,16 @@ class Extensions {
   // command's own.
   s32 RunCommand(s32 number);
 
+  // The declared script command of this name. Throws BadCall for a name that is none.
+  const DeclaredScriptCommand& ScriptCommand(const std::string& name) const;
+
+  void ReportScriptCommand(const std::string& name) const;
+  void ReportAllScriptCommands() const;
+
+  // One script command, by the extension that declared it; then what it has posted. Tells the results that
+  // the command sets, and answers the command's own.
+  s32 RunScriptCommand(ScriptCall& call);
+
   // Shuts all extensions down and deletes them.
   void Stop();
 
@@ -57,6 +68,7 @@ class Extensions {
   void Create(Extension& extension);
   bool StartOne(Extension& extension);
   void StopOne(Extension& extension);
+  Extension* PluginAt(u32 index);
   Extension* OwnerOf(s32 number);
   void RunPosted();
 

@@ -48,6 +48,7 @@ HostApp::HostApp(Shared& shared, u32 index, const std::string& module)
     : menus([this](TextId id) { return id == 0 ? WString() : TextOf(module_, id).first; },
             [&shared, index](u32 number) { shared.commandOwners.emplace(number, index); }),
       shared_(shared),
+      index_(index),
       module_(module),
       settings_(shared.settings, module) {}
 
@@ -94,7 +95,9 @@ int HostApp::FileListRequest(u32 code, IHostFileList* list, u32 mode, u32) {
 }
 
 IHostCustomCommandSet* HostApp::GetCustomCommandSet(const char* name) {
-  return name && name == kScriptCommandSet ? &shared_.scriptCommands : nullptr;
+  if (!name || name != kScriptCommandSet) return nullptr;
+  if (!shared_.scriptCommands.IsRegistered()) shared_.scriptCommands.owner = index_;
+  return &shared_.scriptCommands;
 }
 
 void* HostApp::GetService(u32 number, std::uintptr_t) {

@@ -66,6 +66,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   const LanguageText& TextOf(std::string_view section, TextId text);
 
   Shared& shared_;
+  u32 index_;
   std::string module_;
   Settings settings_;
   std::list<ViewRefresh> refreshes_;

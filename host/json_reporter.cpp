@@ -79,6 +79,27 @@ class JsonReporter final : public Reporter {
            {"arguments", ToUtf8(event.arguments)}});
   }
 
+  void ScriptCommand(const ScriptCommandEvent& event) override {
+    Json parameters = Json::array();
+    for (const ScriptCommandEvent::Parameter& parameter : event.parameters) {
+      parameters.push_back({{"name", parameter.name},
+                            {"kind", parameter.kind.empty() ? "SWITCH" : parameter.kind},
+                            {"required", parameter.required},
+                            {"description", ToUtf8(parameter.description)}});
+    }
+    Write({{"event", "script"},
+           {"name", event.name},
+           {"number", event.number},
+           {"description", ToUtf8(event.description)},
+           {"parameters", parameters}});
+  }
+
+  void ScriptResult(const std::optional<std::uint32_t>& code, const std::optional<WString>& text) override {
+    Write({{"event", "script-result"},
+           {"code", code ? Json(*code) : Json(nullptr)},
+           {"text", text ? Json(ToUtf8(*text)) : Json(nullptr)}});
+  }
+
   void Result(std::int32_t value) override { Write({{"event", "result"}, {"value", value}}); }
 
  private:

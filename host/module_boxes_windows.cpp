@@ -139,6 +139,9 @@ class RealBoxes final : public ModuleBoxes {
                           "; it has the buttons " + ButtonNames(buttons));
       }
     }
+    if (!answer && !questions_.HasTerminal() && buttons.size() > 1) {
+      questions_.NoteNobodyToAsk(event.title, ButtonNames(buttons));
+    }
     if (answer || !questions_.HasTerminal()) {
       PostMessageW(window, WM_COMMAND, MAKEWPARAM(pressed.number, BN_CLICKED),
                    reinterpret_cast<LPARAM>(GetDlgItem(window, pressed.number)));

@@ -8,6 +8,7 @@ namespace QxHost {
 namespace {
 
 constexpr std::size_t kMenuTextWidth = 52;
+constexpr std::size_t kParameterWidth = 24;
 
 std::string Hex(std::uint32_t number) {
   std::array<char, 16> text{};
@@ -58,6 +59,7 @@ class ProseReporter final : public Reporter {
   }
 
   void List(std::uint32_t, std::uint32_t marker, const std::vector<WString>& items) override {
+    if (items.empty()) return;
     output_.Line(marker == 0 ? "done:" : "failed:");
     for (const WString& item : items) output_.Line("  " + ToUtf8(item));
   }
@@ -91,6 +93,23 @@ class ProseReporter final : public Reporter {
   void Shell(const ShellEvent& event) override {
     output_.Line("would start " + ToUtf8(event.file) + " " + ToUtf8(event.arguments) + " (" +
                  ToUtf8(event.verb) + ")");
+  }
+
+  void ScriptCommand(const ScriptCommandEvent& event) override {
+    output_.Line(event.name + " - " + ToUtf8(event.description));
+    for (const ScriptCommandEvent::Parameter& parameter : event.parameters) {
+      std::string line = "  " + parameter.name;
+      if (!parameter.kind.empty()) line += "=" + parameter.kind;
+      line.append(line.size() < kParameterWidth ? kParameterWidth - line.size() : 1, ' ');
+      line += ToUtf8(parameter.description);
+      output_.Line(parameter.required ? line + " (required)" : line);
+    }
+  }
+
+  void ScriptResult(const std::optional<std::uint32_t>& code, const std::optional<WString>& text) override {
+    std::string line = "script result";
+    if (code) line += " " + std::to_string(*code);
+    output_.Line(text ? line + ": " + WithoutLineEnd(ToUtf8(*text)) : line);
   }
 
   // The exit status says it.

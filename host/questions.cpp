@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/paths.h"
+#include "platform/windows_api.h"
 
 namespace QxHost {
 namespace {
@@ -12,6 +13,22 @@ std::string Heading(const WString& title, const WString& text) {
   std::string heading = ToUtf8(title);
   if (!text.empty()) heading += heading.empty() ? ToUtf8(text) : "\n" + ToUtf8(text);
   return heading + "\n";
+}
+
+char Lowered(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+// The one button whose name begins with what was typed; so an empty line presses the only button of a box.
+std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::string_view line) {
+  std::optional<BoxButton> found;
+  for (const BoxButton& button : buttons) {
+    const std::string_view beginning = std::string_view(button.name).substr(0, line.size());
+    if (!std::ranges::equal(beginning, line, {}, {}, Lowered)) continue;
+    if (found) return std::nullopt;
+    found = button;
+  }
+  return found;
 }
 
 }  // namespace
@@ -30,6 +47,11 @@ void Questions::Refuse(const std::string& what) {
   output_.Problem(what);
 }
 
+void Questions::NoteNobodyToAsk(const WString& title, const std::string& answers) {
+  output_.Problem("note: question cancelled: there is nobody to ask; give --answer for \"" + ToUtf8(title) +
+                  "\": " + answers);
+}
+
 std::optional<Answer> Questions::TakeAnswer() {
   if (answers_.empty()) return std::nullopt;
   Answer answer = std::move(answers_.front());
@@ -39,7 +61,9 @@ std::optional<Answer> Questions::TakeAnswer() {
 
 std::optional<std::string> Questions::ReadAnswer(const std::string& prompt) {
   output_.Prompt(prompt);
-  return readLine_();
+  std::optional<std::string> line = readLine_();
+  if (!line) output_.Prompt("\n");  // what follows does not stand behind the prompt
+  return line;
 }
 
 int Questions::AskBox(const WString& title, const WString& text, std::uint32_t style) {
@@ -55,14 +79,14 @@ int Questions::AskBox(const WString& title, const WString& text, std::uint32_t s
   } else if (HasTerminal()) {
     std::string prompt = Heading(title, text) + "(" + ButtonNames(buttons) + ") ";
     while (const std::optional<std::string> line = ReadAnswer(prompt)) {
-      const auto named = std::find_if(buttons.begin(), buttons.end(),
-                                      [&](const BoxButton& button) { return *line == button.name; });
-      if (named != buttons.end()) {
+      if (const std::optional<BoxButton> named = ButtonOfLine(buttons, *line)) {
         pressed = *named;
         break;
       }
       prompt = "Please type one of: " + ButtonNames(buttons) + " ";
     }
+  } else if (buttons.size() > 1) {
+    NoteNobodyToAsk(title, ButtonNames(buttons));
   }
   reporter_.Question({QuestionEvent::kBox, title, text, style, pressed.name, {}, {}});
   return pressed.number;
@@ -88,6 +112,8 @@ std::optional<WString> Questions::AskText(const WString& title, const WString& p
     // An empty line takes what is offered; where nothing is, it is the way out.
     const bool takesLine = typed && !(typed->empty() && defaultText.empty());
     if (takesLine) result = typed->empty() ? defaultText : PathFromUtf8(*typed);
+  } else {
+    NoteNobodyToAsk(title, defaultText.empty() ? "text=TEXT" : "text=TEXT, or ok for " + ToUtf8(defaultText));
   }
   const Answer given = result ? Answer{Answer::kText, *result} : Answer{Answer::kCancel, {}};
   reporter_.Question({QuestionEvent::kText, title, prompt, 0, AnswerText(given), defaultText, hint});
@@ -125,6 +151,8 @@ std::optional<std::size_t> Questions::AskChoice(const WString& title, const WStr
       if (result) break;
       line = "Please type one of the rows: ";
     }
+  } else {
+    NoteNobodyToAsk(title, "choice= and one of the rows" + rowList);
   }
   const Answer given = result ? Answer{Answer::kChoice, rows[*result]} : Answer{Answer::kCancel, {}};
   reporter_.Question({QuestionEvent::kChoice, title, prompt, 0, AnswerText(given), {}, {}});
@@ -162,8 +190,10 @@ bool Questions::EditDialog(const WString& title, const WString& text,
   for (;;) {
     for (const DialogField& field : fields) prompt += "  " + field.name + "=" + ToUtf8(field.get()) + "\n";
     const std::optional<std::string> line = ReadAnswer(prompt + "(FIELD=VALUE, ok, cancel) ");
-    if (!line || *line == "cancel") return false;
-    if (*line == "ok") return true;
+    if (!line) return false;
+    if (const std::optional<BoxButton> button = ButtonOfLine(ButtonsOfStyle(MB_OKCANCEL), *line)) {
+      return button->number == IDOK;
+    }
     prompt.clear();
     const std::size_t equals = line->find('=');
     std::string mistake = "a value is given as FIELD=VALUE";
@@ -186,6 +216,8 @@ bool Questions::AskDialog(const std::string& dialog, const WString& title, const
     }
   } else if (filled && HasTerminal()) {
     accepted = EditDialog(title, text, fields);
+  } else if (filled) {
+    NoteNobodyToAsk(title, "ok, with --form FIELD=VALUE for what is to be changed");
   }
   accepted = accepted && filled;
   reporter_.Question({QuestionEvent::kDialog, title, text, 0, accepted ? "ok" : "cancel", {}, {}});

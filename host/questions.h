@@ -1,5 +1,7 @@
 // Asking: by the answers of the command line, else on the terminal, else as cancelled.
 //
+// A person may type a button's name in any case, or a beginning of it that no other button has.
+//
 // Every question is reported with its answer. An answer that does not fit its question is the caller's
 // mistake: it is told on standard error, the question counts as cancelled, and the run ends as a bad call.
 #pragma once
@@ -58,6 +60,10 @@ class Questions {
   // The next answer of the command line, for a real box; the caller reports the question.
   std::optional<Answer> TakeAnswer();
   bool HasTerminal() const { return readLine_ != nullptr; }
+
+  // Tells that a question was cancelled because there is neither an answer nor a person, and how to answer
+  // it.
+  void NoteNobodyToAsk(const WString& title, const std::string& answers);
 
   // Tells the caller's mistake and makes the run a bad call.
   void Refuse(const std::string& what);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,20 @@ struct MenuEvent {
   WString text;
 };
 
+// A script command and its parameters, in the order of their declaration.
+struct ScriptCommandEvent {
+  struct Parameter {
+    std::string name;
+    std::string kind;  // what its value is called: TEXT or NUMBER; empty for a switch
+    bool required = false;
+    WString description;
+  };
+  std::string name;
+  std::uint32_t number = 0;
+  WString description;
+  std::vector<Parameter> parameters;
+};
+
 // What ShellExecuteW was asked to start.
 struct ShellEvent {
   WString verb;
@@ -75,6 +90,9 @@ class Reporter {
   virtual void Extension(const ExtensionEvent& event) = 0;
   virtual void Menu(const MenuEvent& event) = 0;
   virtual void Shell(const ShellEvent& event) = 0;
+  virtual void ScriptCommand(const ScriptCommandEvent& event) = 0;
+  // What a script command has set; at least one of the two.
+  virtual void ScriptResult(const std::optional<std::uint32_t>& code, const std::optional<WString>& text) = 0;
   virtual void Result(std::int32_t value) = 0;
 };
 

@@ -165,7 +165,7 @@ void Run::MakeConfigFolder() {
 
 void Run::SaveSettings() { shared_->settings.Save(); }
 
-int Run::Finish(int value) {
+int Run::Finish(int value, const std::string& noteOfZero) {
   SaveSettings();
   reporter_->Result(value);
   output_.Flush();
@@ -174,7 +174,7 @@ int Run::Finish(int value) {
   }
   if (questions_->FormValuesLeft() != 0) output_.Problem("note: no dialog came that --form could fill");
   if (questions_->HasRefused()) return kExitBadCall;
-  if (value == 0) output_.Problem("note: the module did not handle the command");
+  if (value == 0) output_.Problem("note: " + noteOfZero);
   return value != 0 ? kExitHandled : kExitNotHandled;
 }
 

@@ -28,8 +28,9 @@ class Run {
 
   void SaveSettings();
 
-  // Writes settings, tells the result and what was left over, and answers the exit status.
-  int Finish(int value);
+  // Writes settings, tells the result and what was left over, and answers the exit status. `noteOfZero` says
+  // what a value of 0 means.
+  int Finish(int value, const std::string& noteOfZero);
 
  private:
   void SetUpView(const Options& options, const std::vector<std::string>& items);

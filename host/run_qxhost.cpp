@@ -16,9 +16,11 @@ namespace {
 
 // Settings are saved and the output is complete even when the module fails half-way.
 int ExecuteVerb(const CommandLine& line, Output& output) {
+  if (line.options.dryRun) line.verb->CheckDryRun();
   Run run(line.options, line.verb->Items(), output);
   try {
-    return run.Finish(line.verb->Execute(run));
+    const int value = line.verb->Execute(run);
+    return run.Finish(value, line.verb->NoteOfZero());
   } catch (const ModuleFailure&) {
     run.SaveSettings();
     throw;

@@ -1,8 +1,9 @@
-// The script commands that extensions declare, with their parameters.
+// The script commands that an extension declares, with their parameters.
 #pragma once
 
 #include <deque>
 #include <string>
+#include <string_view>
 
 #include "frame/services/host_script_commands.h"
 #include "platform/text.h"
@@ -17,6 +18,11 @@ class DeclaredScriptCommand final : public Velmora::SDK::IHostCustomCommand {
     std::string name;
     u32 flags;
     WString description;
+
+    bool IsSwitch() const;
+    bool IsRequired() const;
+    // What its value is called: TEXT or NUMBER; empty for a switch.
+    std::string KindName() const;
   };
 
   DeclaredScriptCommand(std::string commandName, u32 commandNumber)
@@ -26,6 +32,9 @@ class DeclaredScriptCommand final : public Velmora::SDK::IHostCustomCommand {
     parameters.push_back({parameter ? parameter : "", flags, WString(ViewOf(text))});
   }
   void SetDescription(const WCHAR* text) override { description = ViewOf(text); }
+
+  // Names are compared ignoring case. Null if there is none.
+  const Parameter* Find(std::string_view parameter) const;
 
   std::string name;
   u32 number;
@@ -43,7 +52,11 @@ class ScriptCommandSet final : public Velmora::SDK::IHostCustomCommandSet {
   void Commit(u32) override { closed_ = true; }
   bool IsRegistered() override { return closed_; }
 
+  // Names are compared ignoring case. Null if there is none.
+  const DeclaredScriptCommand* Find(std::string_view name) const;
+
   std::deque<DeclaredScriptCommand> commands;  // in the order of their declaration
+  u32 owner = 0;  // index of the extension that filled the set, which gets the calls
 
  private:
   bool closed_ = false;

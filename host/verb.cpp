@@ -12,6 +12,7 @@ std::vector<std::unique_ptr<Verb>> MakeVerbs() {
   verbs.push_back(MakeInfoVerb());
   verbs.push_back(MakeMenuVerb());
   verbs.push_back(MakeCommandVerb());
+  verbs.push_back(MakeScriptVerb());
   return verbs;
 }
 

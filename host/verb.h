@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "host/options.h"
@@ -21,6 +22,12 @@ class Verb {
   virtual const std::vector<std::string>& Items() const;
   // Does it, and answers the value of the result: 1 or 0 as the module said.
   virtual int Execute(Run& run) = 0;
+  // Throws BadCall if the verb would change more than --dry-run holds back, which is renames.
+  virtual void CheckDryRun() const {}
+  // What a result of 0 means, for whoever called. Asked after Execute.
+  virtual std::string NoteOfZero() const { return "the module did not handle the command"; }
+  // What its help says behind its arguments; ends in a line end if there is any.
+  virtual const char* HelpFooter() const { return ""; }
 };
 
 // All verbs, in the order in which the help shows them.
@@ -29,5 +36,6 @@ std::vector<std::unique_ptr<Verb>> MakeVerbs();
 std::unique_ptr<Verb> MakeInfoVerb();
 std::unique_ptr<Verb> MakeMenuVerb();
 std::unique_ptr<Verb> MakeCommandVerb();
+std::unique_ptr<Verb> MakeScriptVerb();
 
 }  // namespace QxHost

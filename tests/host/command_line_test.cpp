@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "host/failures.h"
 #include "recorded_output.h"
 
 using testing::ElementsAre;
@@ -59,8 +60,49 @@ TEST_F(CommandLineTest, HelpEndsTheCallWellAndMistakesDoNot) {
                                              {"info", "extra"},
                                              {"command"},
                                              {"--nonsense", "info"},
-                                             {"info", "menu"}}) {
+                                             {"info", "menu"},
+                                             {"menu", "--list"}}) {
     EXPECT_EQ(Parse(arguments), 2);
+  }
+}
+
+TEST_F(CommandLineTest, AScriptCommandHasNoItems) {
+  EXPECT_EQ(Parse({"script", "Name", "KEY=[a,b]", "--json", "[x]", "ITEMSEP=,"}), std::nullopt);
+  EXPECT_STREQ(line_.verb->Name(), "script");
+  EXPECT_THAT(line_.verb->Items(), IsEmpty());
+  EXPECT_TRUE(line_.options.json);
+}
+
+TEST_F(CommandLineTest, AScriptNeedsNoName) {
+  EXPECT_EQ(Parse({"script"}), std::nullopt);
+  EXPECT_STREQ(line_.verb->Name(), "script");
+}
+
+TEST_F(CommandLineTest, ADryRunIsForQuickRenamesAndForWhatChangesNothing) {
+  for (const std::vector<std::string>& arguments :
+       std::vector<std::vector<std::string>>{{"info"},
+                                             {"menu"},
+                                             {"script"},
+                                             {"script", "--list"},
+                                             {"script", "SortLines", "--list"},
+                                             {"command", "30000"},
+                                             {"command", "30010"},
+                                             {"command", "30060"}}) {
+    CommandLine line;
+    EXPECT_EQ(ParseCommandLine(arguments, line, recorded_.output), std::nullopt);
+    EXPECT_NO_THROW(line.verb->CheckDryRun()) << arguments.back();
+  }
+  for (const std::vector<std::string>& arguments :
+       std::vector<std::vector<std::string>>{{"script", "SortLines"},
+                                             {"script", ""},
+                                             {"command", "29999"},
+                                             {"command", "30061"},
+                                             {"command", "30150"},
+                                             {"command", "31000"},
+                                             {"command", "x"}}) {
+    CommandLine line;
+    EXPECT_EQ(ParseCommandLine(arguments, line, recorded_.output), std::nullopt);
+    EXPECT_THROW(line.verb->CheckDryRun(), BadCall) << arguments.back();
   }
 }
 

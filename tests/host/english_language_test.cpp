@@ -86,6 +86,15 @@ TEST_F(EnglishLanguage, TheRenameQuestionHasExactlyOneCount) {
   EXPECT_EQ(question.find(W('%')), question.rfind(W('%')));
 }
 
+TEST_F(EnglishLanguage, TheClosingTextsOfASortHaveExactlyOneCount) {
+  for (const MessageText id : {kTextSortDone, kTextSortFailed}) {
+    const WString text = First(id);
+    EXPECT_EQ(text.find(W('%')), text.rfind(W('%'))) << std::hex << id;
+    EXPECT_EQ(text.find(W('%')), text.find(id == kTextSortDone ? W("%s") : W("%d"))) << std::hex << id;
+    EXPECT_NE(text.find(W('%')), WString::npos) << std::hex << id;
+  }
+}
+
 TEST_F(EnglishLanguage, TheKeysOfADialogDoNotClash) {
   std::set<WCHAR> keys;
   for (const MessageText id : {kTextReplaceOk, kTextReplaceCancel, kTextReplaceFindLabel,

@@ -22,6 +22,7 @@ std::vector<std::string> calls;
 u32 extensionCount = 3;
 std::function<s32(IHostApp&, s32 number)> onCommand;
 std::function<s32(IHostApp&)> onRegister;
+std::function<s32(IHostApp&, IHostCommandCall&)> onScript;
 
 class FakePlugin final : public IPluginInterface {
  public:
@@ -45,7 +46,10 @@ class FakePlugin final : public IPluginInterface {
     return number != kCommandShutDown && onCommand ? onCommand(*host_, number) : 0;
   }
   s32 Reserved1() override { return 0; }
-  s32 OnCustomCommand(IHostCommandCall*) override { return 0; }
+  s32 OnCustomCommand(IHostCommandCall* call) override {
+    calls.push_back("script " + index_ + " " + std::to_string(call->GetCommandId()));
+    return onScript ? onScript(*host_, *call) : 0;
+  }
   s32 OnHelperMessage(s32, IHostHelperMessage*) override { return 0; }
   s32 Reserved2() override { return 0; }
   s32 Reserved3() override { return 0; }
@@ -110,6 +114,11 @@ bool FakeInfo(u32 index, ExtensionInfo* info) {
   return true;
 }
 
+s32 RunScript(Extensions& extensions, const std::string& name, const std::vector<std::string>& arguments) {
+  ScriptCall call(extensions.ScriptCommand(name), arguments);
+  return extensions.RunScriptCommand(call);
+}
+
 class ExtensionsTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -117,6 +126,7 @@ class ExtensionsTest : public testing::Test {
     extensionCount = 3;
     onCommand = nullptr;
     onRegister = nullptr;
+    onScript = nullptr;
   }
 
   static SystemAnswers Answers(const ScratchFolder& scratch) {
@@ -217,6 +227,129 @@ TEST_F(ExtensionsTest, WhatTheModuleThrowsIsAFailureOfTheModule) {
   }
   onCommand = [](IHostApp&, s32) -> s32 { throw 5; };
   EXPECT_THROW(extensions.RunCommand(30000), ModuleFailure);
+}
+
+// The second extension to register, the one of index 2, declares the commands.
+void DeclareScriptCommands() {
+  onRegister = [registered = 0](IHostApp& host) mutable {
+    EXPECT_EQ(host.GetCustomCommandSet("Other"), nullptr);
+    EXPECT_EQ(host.GetCustomCommandSet(nullptr), nullptr);
+    if (registered++ != 1) return 1;
+    IHostCustomCommandSet* const set = host.GetCustomCommandSet("QX.Utils");
+    IHostCustomCommand* const command = set->AddCommand("Join", 40, 0, 0);
+    command->SetDescription(W("Joins"));
+    command->AddParameter("WORD", 0x1020, W("A word"));
+    command->AddParameter("COUNT", 0x40, W("A number"));
+    command->AddParameter("QUIET", 0x10, W("A switch"));
+    set->AddCommand("Split", 41, 0, 0);
+    set->Commit(1);
+    return 1;
+  };
+}
+
+TEST_F(ExtensionsTest, AScriptCommandGoesToWhoDeclaredItWithItsParameters) {
+  DeclareScriptCommands();
+  onScript = [](IHostApp&, IHostCommandCall& call) {
+    EXPECT_EQ(WString(ViewOf(call.GetValue("WORD"))), W("x"));
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  calls.clear();
+  EXPECT_EQ(RunScript(extensions, "JOIN", {"word=x"}), 1);
+  EXPECT_THAT(calls, ElementsAre("script 2 40"));
+  EXPECT_EQ(recorded_.Out(), "");
+}
+
+TEST_F(ExtensionsTest, WhatAScriptCommandSetsIsToldWithWhatItHasPostedBeforeIt) {
+  DeclareScriptCommands();
+  onScript = [](IHostApp& host, IHostCommandCall& call) {
+    host.PostCommand(32000, 5, 6);
+    call.SetResultCode(1314);
+    if (call.HasFlag("WORD")) call.SetResultText(W("text"));
+    return 0;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  calls.clear();
+  EXPECT_EQ(RunScript(extensions, "Join", {"WORD=x"}), 0);
+  EXPECT_THAT(calls, ElementsAre("script 2 40", "command 2 32000 5 6"));
+  EXPECT_EQ(RunScript(extensions, "Split", {}), 0);
+  EXPECT_EQ(recorded_.Out(),
+            "{\"event\":\"script-result\",\"code\":1314,\"text\":\"text\"}\n"
+            "{\"event\":\"script-result\",\"code\":1314,\"text\":null}\n");
+}
+
+TEST_F(ExtensionsTest, AScriptCommandThatIsNoneNamesThoseThereAre) {
+  DeclareScriptCommands();
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  calls.clear();
+  try {
+    extensions.ScriptCommand("Joins");
+    FAIL() << "nothing was thrown";
+  } catch (const BadCall& refusal) {
+    EXPECT_STREQ(refusal.what(), "\"Joins\" is no script command; there are: Join, Split");
+  }
+  EXPECT_THROW(RunScript(extensions, "Join", {}), BadCall);
+  EXPECT_THAT(calls, IsEmpty());
+}
+
+TEST_F(ExtensionsTest, WhatAScriptCommandThrowsIsAFailureOfTheModule) {
+  DeclareScriptCommands();
+  onScript = [](IHostApp&, IHostCommandCall&) -> s32 {
+    throw std::invalid_argument("invalid stoi argument");
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  try {
+    RunScript(extensions, "Split", {});
+    FAIL() << "nothing was thrown";
+  } catch (const ModuleFailure& failure) {
+    EXPECT_THAT(failure.what(), HasSubstr("OnCustomCommand: invalid stoi argument"));
+  }
+}
+
+TEST_F(ExtensionsTest, ScriptCommandsAreToldInTheirOrderOrOneOfThem) {
+  DeclareScriptCommands();
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  const std::string join =
+      "{\"event\":\"script\",\"name\":\"Join\",\"number\":40,\"description\":\"Joins\",\"parameters\":["
+      "{\"name\":\"WORD\",\"kind\":\"TEXT\",\"required\":true,\"description\":\"A word\"},"
+      "{\"name\":\"COUNT\",\"kind\":\"NUMBER\",\"required\":false,\"description\":\"A number\"},"
+      "{\"name\":\"QUIET\",\"kind\":\"SWITCH\",\"required\":false,\"description\":\"A switch\"}]}\n";
+  const std::string split =
+      "{\"event\":\"script\",\"name\":\"Split\",\"number\":41,\"description\":\"\",\"parameters\":[]}\n";
+  extensions.ReportAllScriptCommands();
+  EXPECT_EQ(recorded_.Out(), join + split);
+  recorded_.out.clear();
+  extensions.ReportScriptCommand("split");
+  EXPECT_EQ(recorded_.Out(), split);
+  EXPECT_THROW(extensions.ReportScriptCommand("Splits"), BadCall);
+}
+
+TEST_F(ExtensionsTest, AResultListIsToldWithItsMarker) {
+  extensionCount = 1;
+  shared_.view.emplace(shared_.items, std::vector<FileItem*>{}, nullptr, WString());
+  const WString path = scratch_.Write(W("a.txt"), "");
+  onRegister = [&path](IHostApp& host) {
+    auto* const files = static_cast<IHostFileOperation*>(host.GetService(3000, 0));
+    IHostFileList* const list = host.CreateFileList();
+    list->AddItem(files->GetFileItem(path.c_str(), 1));
+    EXPECT_EQ(host.FileListRequest(21120, list, 1, 0), 1);
+    list->Release();
+    IHostFileList* const none = host.CreateFileList();
+    EXPECT_EQ(host.FileListRequest(21120, none, 0, 0), 1);
+    none->Release();
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  EXPECT_THAT(recorded_.Out(), HasSubstr("\\\\a.txt\"]}\n{\"event\":\"list\",\"request\":21120,\"marker\":0,"
+                                         "\"items\":[]}\n"));
+  EXPECT_THAT(recorded_.Out(),
+              testing::StartsWith("{\"event\":\"list\",\"request\":21120,\"marker\":1,\"items\":[\""));
 }
 
 TEST_F(ExtensionsTest, AModuleIsFoundByItsIdInAnyCaseAndByNoOther) {

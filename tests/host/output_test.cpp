@@ -48,6 +48,51 @@ TEST(JsonReporter, EachEventIsOneLineOfPlainAsciiOrUtf8) {
             "{\"event\":\"result\",\"value\":-1}\n");
 }
 
+TEST(JsonReporter, ResultsThatAScriptHasNotSetAreNull) {
+  RecordedOutput recorded;
+  const auto reporter = MakeJsonReporter(recorded.output);
+  reporter->ScriptResult(5, W("five"));
+  reporter->ScriptResult(std::nullopt, W(""));
+  reporter->ScriptResult(0xFFFFFFFF, std::nullopt);
+  EXPECT_EQ(recorded.Out(),
+            "{\"event\":\"script-result\",\"code\":5,\"text\":\"five\"}\n"
+            "{\"event\":\"script-result\",\"code\":null,\"text\":\"\"}\n"
+            "{\"event\":\"script-result\",\"code\":4294967295,\"text\":null}\n");
+}
+
+TEST(ProseReporter, ScriptCommandsShowTheirParameters) {
+  RecordedOutput recorded;
+  const auto reporter = MakeProseReporter(recorded.output);
+  reporter->ScriptCommand({"Sort",
+                           1,
+                           W("Sorts"),
+                           {{"FILE", "TEXT", true, W("The file")},
+                            {"COUNT", "NUMBER", false, W("A number")},
+                            {"QUIET", "", false, W("A switch")}}});
+  EXPECT_EQ(recorded.Out(),
+            "Sort - Sorts\n"
+            "  FILE=TEXT             The file (required)\n"
+            "  COUNT=NUMBER          A number\n"
+            "  QUIET                 A switch\n");
+}
+
+TEST(ProseReporter, ScriptResultsShowWhatIsSet) {
+  RecordedOutput recorded;
+  const auto reporter = MakeProseReporter(recorded.output);
+  reporter->ScriptResult(5, W("five\r\n"));
+  reporter->ScriptResult(std::nullopt, W("five"));
+  reporter->ScriptResult(5, std::nullopt);
+  EXPECT_EQ(recorded.Out(), "script result 5: five\nscript result: five\nscript result 5\n");
+}
+
+TEST(ProseReporter, EmptyListsAreNotShown) {
+  RecordedOutput recorded;
+  const auto reporter = MakeProseReporter(recorded.output);
+  reporter->List(21120, 0, {});
+  reporter->List(21120, 1, {W("Z:\\a")});
+  EXPECT_EQ(recorded.Out(), "failed:\n  Z:\\a\n");
+}
+
 TEST(ProseReporter, LevelsHaveTheirNames) {
   RecordedOutput recorded;
   const auto reporter = MakeProseReporter(recorded.output);

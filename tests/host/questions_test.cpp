@@ -71,6 +71,57 @@ TEST_F(QuestionsTest, WithoutAnswerAndTerminalTheHarmlessButtonIsPressed) {
   EXPECT_FALSE(questions.HasRefused());
 }
 
+TEST_F(QuestionsTest, AQuestionThatNobodyCanAnswerSaysSo) {
+  constexpr char kNote[] =
+      "qxhost: note: question cancelled: there is nobody to ask; give --answer for \"T\": ";
+  Ask({}).AskBox(W("T"), W(""), 0x23);
+  EXPECT_EQ(recorded_.problems, std::string(kNote) + "yes, no, cancel\n");
+  recorded_.problems.clear();
+  Ask({}).AskText(W("T"), W(""), W(""), W(""));
+  EXPECT_EQ(recorded_.problems, std::string(kNote) + "text=TEXT\n");
+  recorded_.problems.clear();
+  Ask({}).AskText(W("T"), W(""), W("txt"), W(""));
+  EXPECT_EQ(recorded_.problems, std::string(kNote) + "text=TEXT, or ok for txt\n");
+  recorded_.problems.clear();
+  Ask({}).AskChoice(W("T"), W(""), {W("1"), W("2")}, 0);
+  EXPECT_EQ(recorded_.problems, std::string(kNote) + "choice= and one of the rows\n  1\n  2\n");
+  recorded_.problems.clear();
+  Ask({}).AskDialog("D", W("T"), W(""), Fields());
+  EXPECT_EQ(recorded_.problems,
+            std::string(kNote) + "ok, with --form FIELD=VALUE for what is to be changed\n");
+}
+
+TEST_F(QuestionsTest, ThereIsNoSuchNoteWhereSomebodyAnswersOrThereIsNothingToAsk) {
+  Ask({}).AskBox(W("T"), W("only OK"), 0);
+  Ask({"cancel"}).AskBox(W("T"), W(""), 1);
+  AskPerson({}).AskBox(W("T"), W(""), 1);
+  AskPerson({}).AskText(W("T"), W(""), W(""), W(""));
+  EXPECT_THAT(recorded_.problems, testing::Not(HasSubstr("nobody")));
+}
+
+TEST_F(QuestionsTest, APersonMayTypeAnyCaseAndABeginningThatOneButtonHas) {
+  EXPECT_EQ(AskPerson({"OK"}).AskBox(W("T"), W(""), 1), 1);
+  EXPECT_EQ(AskPerson({"C"}).AskBox(W("T"), W(""), 1), 2);
+  EXPECT_EQ(AskPerson({"y"}).AskBox(W("T"), W(""), 3), 6);
+  EXPECT_EQ(AskPerson({"No"}).AskBox(W("T"), W(""), 3), 7);
+  EXPECT_EQ(AskPerson({"okay", "n"}).AskBox(W("T"), W(""), 3), 7);
+  EXPECT_TRUE(AskPerson({"O"}).AskDialog("D", W("T"), W(""), Fields()));
+  EXPECT_FALSE(AskPerson({"Cancel"}).AskDialog("D", W("T"), W(""), Fields()));
+}
+
+TEST_F(QuestionsTest, AnEmptyLinePressesTheOnlyButtonAndNoneOfSeveral) {
+  recorded_.problems.clear();
+  EXPECT_EQ(AskPerson({""}).AskBox(W("T"), W(""), 0), 1);
+  EXPECT_THAT(recorded_.problems, testing::Not(HasSubstr("Please type")));
+  EXPECT_EQ(AskPerson({"", "y"}).AskBox(W("T"), W(""), 4), 6);
+  EXPECT_THAT(recorded_.problems, HasSubstr("Please type one of: yes, no"));
+}
+
+TEST_F(QuestionsTest, TheEndOfInputEndsThePromptsLine) {
+  AskPerson({}).AskBox(W("T"), W("text"), 1);
+  EXPECT_EQ(recorded_.problems, "T\ntext\n(ok, cancel) \n");
+}
+
 TEST_F(QuestionsTest, CancelOnABoxWithoutCancelDoesTheLeast) {
   Questions& questions = Ask({"cancel", "cancel"});
   EXPECT_EQ(questions.AskBox(W(""), W(""), 4), 7);

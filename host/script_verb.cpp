@@ -1,0 +1,108 @@
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+#include "host/failures.h"
+#include "host/run.h"
+#include "host/script_call.h"
+#include "host/verb.h"
+
+namespace QxHost {
+namespace {
+
+// Commands that the module declares and answers with 0, whatever is asked of them: still to come.
+constexpr std::string_view kStillToCome[] = {"CreateLink", "FindAndReplace"};
+
+bool IsStillToCome(std::string_view name) {
+  return std::ranges::find(kStillToCome, name) != std::end(kStillToCome);
+}
+
+// The module's text for a number that it cannot read names no parameter.
+std::string WithHint(const std::string& failure) {
+  if (failure.find("stoi argument") == std::string::npos) return failure;
+  return failure + ". A number among the parameters is none, or too large; nothing was done";
+}
+
+class ScriptVerb final : public Verb {
+ public:
+  const char* Name() const override { return "script"; }
+  const char* Help() const override { return "Run one script command, or show which there are"; }
+
+  void Declare(CLI::App& app) override {
+    AddOptional(app, "NAME", name_, "The script command; without one all are shown");
+    AddRest(app, "PARAMETER", parameters_,
+            "KEY=VALUE, or KEY alone for a switch. A path may be /a/b, Z:\\a\\b or relative");
+    AddFlag(app, "--list", list_, "Show the command with its parameters, and run nothing");
+  }
+
+  const char* HelpFooter() const override {
+    return "Example:\n"
+           "  qxhost --answer ok script SortLines FILE=a.txt \"TARGET=*.sorted\" REVERSE\n"
+           "Each --answer answers the next question; a command that is SILENT asks none. --json gives one "
+           "JSON\n"
+           "object a line. ";
+  }
+
+  void CheckDryRun() const override {
+    if (IsList()) return;
+    throw BadCall("--dry-run holds back renames, and a script command is none: work on a copy");
+  }
+
+  int Execute(Run& run) override {
+    if (name_ && name_->empty()) throw BadCall("the NAME of the script command is empty");
+    if (list_ && !parameters_.empty()) {
+      throw BadCall("--list shows one command, and takes nothing but its NAME: \"" + parameters_.front() +
+                    "\" is too much");
+    }
+    return IsList() ? List(run) : Call(run);
+  }
+
+  std::string NoteOfZero() const override { return noteOfZero_; }
+
+ private:
+  bool IsList() const { return !name_ || list_; }
+
+  int List(Run& run) {
+    Extensions& extensions = run.LoadExtensions();
+    const bool started = extensions.Start();
+    if (name_) {
+      extensions.ReportScriptCommand(*name_);
+    } else {
+      extensions.ReportAllScriptCommands();
+    }
+    extensions.Stop();
+    return started ? 1 : 0;
+  }
+
+  int Call(Run& run) {
+    run.MakeConfigFolder();
+    Extensions& extensions = run.LoadExtensions();
+    extensions.Start();
+    const DeclaredScriptCommand& command = extensions.ScriptCommand(*name_);
+    ScriptCall call(command, parameters_);
+    s32 answer = 0;
+    try {
+      answer = extensions.RunScriptCommand(call);
+    } catch (const ModuleFailure& failure) {
+      throw ModuleFailure(WithHint(failure.what()));
+    }
+    if (IsStillToCome(command.name)) {
+      noteOfZero_ = command.name + " is declared and still to come: nothing was done";
+    } else if (call.Misses("TARGET")) {
+      noteOfZero_ += "; TARGET must be given: without it " + command.name + " does nothing";
+    }
+    extensions.Stop();
+    return answer;
+  }
+
+  std::optional<std::string> name_;
+  std::vector<std::string> parameters_;
+  bool list_ = false;
+  std::string noteOfZero_ = "the script command answered that it did nothing or failed";
+};
+
+}  // namespace
+
+std::unique_ptr<Verb> MakeScriptVerb() { return std::make_unique<ScriptVerb>(); }
+
+}  // namespace QxHost
