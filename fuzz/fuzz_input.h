@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <span>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -36,6 +37,9 @@ class FuzzInput {
     }
     return text;
   }
+
+  // All that is left.
+  std::span<const std::uint8_t> TakeRest() { return std::exchange(bytes_, {}); }
 
  private:
   std::span<const std::uint8_t> bytes_;

@@ -23,6 +23,12 @@ class Help(HostTest):
         self.assertIn("NUMBER", outcome.stdout)
         self.assertIn("ITEM", outcome.stdout)
 
+    def test_help_of_script_shows_an_example_and_names_two_options(self):
+        outcome = self.process("script", "--help")
+        self.assertEqual(outcome.status, 0)
+        for text in ("script SortLines FILE=", "--answer", "--json", "--list"):
+            self.assertIn(text, outcome.stdout)
+
 
 class BadCalls(HostTest):
     def refused(self, *arguments, **keywords):
@@ -87,6 +93,25 @@ class BadCalls(HostTest):
 
     def test_a_language_table_must_be_readable(self):
         self.assertIn("language table", self.refused("--language", self.path("missing"), "menu"))
+
+
+    def test_a_dry_run_is_refused_before_anything_runs_where_more_than_names_would_change(self):
+        with open(self.path("a.txt"), "w", encoding="utf-8") as file:
+            file.write("b\na\n")
+        calls = [["command", "30150", "a.txt"], ["command", "31000"], ["command", "30260", "a.txt"],
+                 ["command", "40000"]]
+        for saving in (["TARGET=*.sorted"], ["TARGET=*.*", "OVERWRITE"], ["TARGET=*.*", "KEEPBACKUP"],
+                       ["TARGET=*.*", "DELETE"], []):
+            calls.append(["script", "SortLines", "FILE=a.txt", "SILENT"] + saving)
+        calls.append(["script", "CreateLink", "LNKTYPE=1", "LNKSRC=" + self.path("new"), "LNKTRG=a.txt"])
+        calls.append(["script", "FindAndReplace", "FILE=a.txt", "FIND=a", "REPLACEWITH=b", "TARGET=*.*", "SILENT"])
+        for call in calls:
+            for front in ([], ["--json"]):
+                with self.subTest(call=call, front=front):
+                    message = self.refused("--dry-run", "--answer", "ok", "--answer", "ok", *front, *call)
+                    self.assertIn("--dry-run holds back renames", message)
+                    self.assertEqual((self.names(), self.content("a.txt")), (["a.txt"], "b\na\n"))
+                    self.assertFalse(os.path.exists(self.config))
 
 
 class FailingModules(HostTest):
@@ -183,6 +208,18 @@ if not IS_WINDOWS:
             self.assertIn("Please type one of: ok, cancel", prompt)
             self.assertEqual(self.names(), ["A.TXT"])
 
+        def test_the_first_letter_of_a_button_will_do_in_any_case(self):
+            self.make("a.txt")
+            self.run_at_terminal("O\n", "command", "30000", "a.txt")
+            self.assertEqual(self.names(), ["A.TXT"])
+
+        def test_enter_presses_the_only_button(self):
+            with open(self.path("a.txt"), "w", encoding="utf-8") as file:
+                file.write("b\na\n")
+            _, prompt = self.run_at_terminal("\n", "script", "SortLines", "FILE=a.txt", "TARGET=b.txt")
+            self.assertTrue(prompt.endswith("Files sorted: 1\n(ok) "), prompt)
+            self.assertEqual(self.content("b.txt"), "a\nb\n")
+
         def test_a_text_is_asked_and_an_empty_line_takes_what_is_offered(self):
             self.make("a.txt", "b.md")
             _, prompt = self.run_at_terminal("\n", "command", "30060", "a.txt", "b.md")
@@ -202,7 +239,8 @@ if not IS_WINDOWS:
 
         def test_the_end_of_input_cancels(self):
             self.make("a.txt")
-            self.run_at_terminal("\x04", "command", "30000", "a.txt")
+            _, prompt = self.run_at_terminal("\x04", "command", "30000", "a.txt")
+            self.assertTrue(prompt.endswith("(ok, cancel) \n"), prompt)
             self.assertEqual(self.names(), ["a.txt"])
 
         def test_answers_come_before_the_terminal(self):

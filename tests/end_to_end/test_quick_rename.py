@@ -139,6 +139,12 @@ class Renames(HostTest):
         self.assertEqual(outcome.renames, [("a.txt", "A.TXT", 0), ("b.txt", "B.TXT", 0)])
         self.assertEqual(self.names(), ["a.txt", "b.txt"])
 
+    def test_a_dry_run_with_a_text_does_nothing(self):
+        self.make("a.txt")
+        outcome = self.run_json("--dry-run", "command", "30060", self.path("a.txt"), answers=["text=log"])
+        self.assertEqual(outcome.renames, [("a.txt", "a.log", 0)])
+        self.assertEqual(self.names(), ["a.txt"])
+
     def test_a_dry_run_in_prose(self):
         self.make("a.txt")
         outcome = self.process("--dry-run", "--config", self.config, "--answer", "ok", "command", "30000", "a.txt")

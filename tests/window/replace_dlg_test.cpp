@@ -308,6 +308,16 @@ TEST_F(ReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindowAndDisablesIt) {
   EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
 }
 
+TEST_F(ReplaceDlgWindow, WithoutAnActiveWindowItStandsOverTheHosts) {
+  host_.mainWindow = owner_.Get();
+  SetActiveWindow(nullptr);
+  ASSERT_EQ(GetActiveWindow(), nullptr);
+  Show([this](HWND dialog) {
+    EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_.Get());
+    EXPECT_FALSE(IsWindowEnabled(owner_.Get()));
+  });
+}
+
 TEST_F(ReplaceDlgWindow, IsAPopupWithCaptionAndSystemMenu) {
   Show([](HWND dialog) {
     const DWORD style = static_cast<DWORD>(GetWindowLongW(dialog, GWL_STYLE));
