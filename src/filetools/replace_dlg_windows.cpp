@@ -1,6 +1,7 @@
 // The window of the Replace X with Y dialog.
 #include "filetools/replace_dlg.h"
 #include "filetools/replace_dlg_ids.h"
+#include "frame/services/dialog_owner.h"
 #include "frame/services/message_texts.h"
 #include "ui/dialog.h"
 #include "ui/form_binding.h"
@@ -79,5 +80,5 @@ class CReplaceDlg : public Ui::Dialog {
 
 INT_PTR ShowReplaceDlg(IHostApp& host, ReplaceForm& form) {
   CReplaceDlg dialog(host, form);
-  return dialog.ShowModal(GetActiveWindow());
+  return dialog.ShowModal(DialogOwner(host));
 }
