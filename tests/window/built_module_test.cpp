@@ -6,8 +6,8 @@
 
 #include "frame/services/plugin_interface.h"
 #include "support/fake_host.h"
+#include "window/dialog_controls.h"
 #include "window/english_texts.h"
-#include "window/layout_checks.h"
 #include "window/modal_driver.h"
 #include "window/program_folder.h"
 #include "window/screenshot.h"
@@ -98,9 +98,7 @@ TEST_F(BuiltModule, ReplaceCommandShowsItsDialogAndItsQuestionAndRenames) {
                         PressKey(dialog, VK_RETURN);
                       },
                       [](HWND box) {
-                        WCHAR caption[100] = {};
-                        GetWindowTextW(box, caption, 100);
-                        EXPECT_EQ(WString(caption), W("caption"));
+                        EXPECT_EQ(TextOf(box, kTitle), W("caption"));
                         PressKey(box, VK_RETURN);
                       }}),
             1);

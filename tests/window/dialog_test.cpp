@@ -11,7 +11,7 @@
 #include "ui/form_binding.h"
 #include "ui/module_instance.h"
 #include "ui/resource_ids.h"
-#include "window/layout_checks.h"
+#include "window/dialog_controls.h"
 #include "window/modal_driver.h"
 
 namespace {
@@ -100,15 +100,13 @@ class DialogWindow : public testing::Test {
   SampleDialog dialog_{form_};
 };
 
-bool IsEnabled(HWND dialog, int control) { return IsWindowEnabled(GetDlgItem(dialog, control)) != FALSE; }
-
 TEST_F(DialogWindow, FieldsShowTheFormAndGoBackToIt) {
   form_ = {W("before"), true, false, 20};
   EXPECT_EQ(Show([](HWND dialog) {
-              EXPECT_EQ(Ui::GetText(GetDlgItem(dialog, QX_REPLACE_FIND)), W("before"));
-              EXPECT_EQ(IsDlgButtonChecked(dialog, kCheckA), static_cast<UINT>(BST_CHECKED));
-              EXPECT_EQ(IsDlgButtonChecked(dialog, kCheckB), static_cast<UINT>(BST_UNCHECKED));
-              EXPECT_EQ(Ui::GetText(GetDlgItem(dialog, QX_REPLACE_PART)), W("twenty"));
+              EXPECT_EQ(TextOf(dialog, QX_REPLACE_FIND), W("before"));
+              EXPECT_TRUE(IsChecked(dialog, kCheckA));
+              EXPECT_FALSE(IsChecked(dialog, kCheckB));
+              EXPECT_EQ(TextOf(dialog, QX_REPLACE_PART), W("twenty"));
               ClickButton(dialog, kCheckB);
               ChooseRow(dialog, QX_REPLACE_PART, 0);
               ClickButton(dialog, IDOK);
@@ -123,7 +121,7 @@ TEST_F(DialogWindow, FieldsShowTheFormAndGoBackToIt) {
 TEST_F(DialogWindow, ItemDataWithoutARowSelectsNone) {
   form_ = {W("x"), false, false, 77};
   Show([](HWND dialog) {
-    EXPECT_EQ(SendMessageW(GetDlgItem(dialog, QX_REPLACE_PART), CB_GETCURSEL, 0, 0), CB_ERR);
+    EXPECT_EQ(SelectedRow(dialog, QX_REPLACE_PART), CB_ERR);
     ClickButton(dialog, IDOK);
   });
   EXPECT_EQ(form_.row, -1);
@@ -137,7 +135,7 @@ TEST_F(DialogWindow, RulesHoldAtTheStartAndAfterEachChange) {
     EXPECT_TRUE(IsEnabled(dialog, kCheckB));
     ClickButton(dialog, kCheckA);
     EXPECT_FALSE(IsEnabled(dialog, kCheckB));
-    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, QX_REPLACE_FIND)), TRUE);
+    Focus(dialog, QX_REPLACE_FIND);
     TypeText(dialog, W("x"));
     EXPECT_TRUE(IsEnabled(dialog, IDOK));
     PressKey(dialog, VK_BACK);
@@ -160,7 +158,7 @@ TEST_F(DialogWindow, FocusLeavesAControlThatBecomesGrey) {
     EXPECT_NE(FocusedControl(dialog), QX_REPLACE_FIND);
     ChooseRow(dialog, QX_REPLACE_PART, 0);
     ASSERT_TRUE(IsEnabled(dialog, QX_REPLACE_FIND));
-    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, QX_REPLACE_FIND)), TRUE);
+    Focus(dialog, QX_REPLACE_FIND);
     ASSERT_EQ(FocusedControl(dialog), QX_REPLACE_FIND);
     Ui::EnableControl(dialog, QX_REPLACE_FIND, false);
     EXPECT_EQ(FocusedControl(dialog), QX_REPLACE_WITH);

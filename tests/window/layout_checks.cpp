@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/controls.h"
+#include "window/dialog_controls.h"
 
 namespace {
 
@@ -137,20 +138,6 @@ WCHAR AccessKeyOf(const WString& text) {
 
 RECT AreaOf(HWND dialog, int control) { return AreaOf(GetDlgItem(dialog, control)); }
 
-WString CueBannerOf(HWND dialog, int control) {
-  const HWND combo = GetDlgItem(dialog, control);
-  WCHAR text[512] = {};
-  const auto buffer = reinterpret_cast<WPARAM>(text);
-  COMBOBOXINFO info = {};
-  info.cbSize = sizeof(info);
-  // The edit field is asked where the combo box does not know the message.
-  if (!SendMessageW(combo, CB_GETCUEBANNER, buffer, 512) && GetComboBoxInfo(combo, &info) &&
-      info.hwndItem != combo) {
-    SendMessageW(info.hwndItem, EM_GETCUEBANNER, buffer, 512);
-  }
-  return text;
-}
-
 void ExpectControlsInsideClientArea(HWND dialog) {
   RECT client = {};
   GetClientRect(dialog, &client);
@@ -201,6 +188,13 @@ void ExpectAccessKeysDiffer(HWND dialog) {
     const HWND next = GetWindow(control, GW_HWNDNEXT);
     EXPECT_TRUE(next && (GetWindowLongW(next, GWL_STYLE) & WS_TABSTOP)) << "label " << GetDlgCtrlID(control);
   }
+}
+
+void ExpectLayoutHolds(HWND dialog) {
+  ExpectControlsInsideClientArea(dialog);
+  ExpectNoControlsOverlap(dialog);
+  ExpectNoTextCutOff(dialog);
+  ExpectAccessKeysDiffer(dialog);
 }
 
 void ExpectCenteredOver(HWND dialog, HWND owner) {

@@ -7,9 +7,6 @@
 // The place of a control in its dialog's client area, in pixels.
 RECT AreaOf(HWND dialog, int control);
 
-// The hint in the edit field of a combo box; empty without one.
-WString CueBannerOf(HWND dialog, int control);
-
 void ExpectControlsInsideClientArea(HWND dialog);
 void ExpectNoControlsOverlap(HWND dialog);
 
@@ -18,6 +15,9 @@ void ExpectNoTextCutOff(HWND dialog);
 
 // No two controls answer to the same access key, and each label's key leads to a field.
 void ExpectAccessKeysDiffer(HWND dialog);
+
+// All four of the above.
+void ExpectLayoutHolds(HWND dialog);
 
 // To a pixel, the parity of the sizes aside.
 void ExpectCenteredOver(HWND dialog, HWND owner);

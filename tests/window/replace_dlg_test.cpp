@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "support/fake_host.h"
+#include "window/dialog_controls.h"
 #include "window/english_texts.h"
 #include "window/layout_checks.h"
 #include "window/modal_driver.h"
@@ -22,33 +23,6 @@ constexpr int kPartLabel = 1006;
 constexpr int kPart = 1030;
 constexpr int kFind = 1123;
 constexpr int kWith = 1124;
-
-WString TextOf(HWND dialog, int control) {
-  const HWND window = control ? GetDlgItem(dialog, control) : dialog;
-  WCHAR text[4096] = {};
-  SendMessageW(window, WM_GETTEXT, 4096, reinterpret_cast<LPARAM>(text));
-  return text;
-}
-
-std::vector<WString> RowsOf(HWND dialog, int control) {
-  const HWND combo = GetDlgItem(dialog, control);
-  std::vector<WString> rows;
-  const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
-  for (LRESULT row = 0; row < count; ++row) {
-    WCHAR text[4096] = {};
-    SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
-    rows.emplace_back(text);
-  }
-  return rows;
-}
-
-LRESULT SelectedRow(HWND dialog, int control) {
-  return SendMessageW(GetDlgItem(dialog, control), CB_GETCURSEL, 0, 0);
-}
-
-void Focus(HWND dialog, int control) {
-  SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, control)), TRUE);
-}
 
 class ReplaceDlgWindow : public testing::Test {
  protected:
@@ -68,7 +42,7 @@ class ReplaceDlgWindow : public testing::Test {
 
 TEST_F(ReplaceDlgWindow, EveryTextComesFromTheHostByItsId) {
   Show([](HWND dialog) {
-    EXPECT_EQ(TextOf(dialog, 0), W("T00640064"));
+    EXPECT_EQ(TextOf(dialog, kTitle), W("T00640064"));
     EXPECT_EQ(TextOf(dialog, IDOK), W("T00650064"));
     EXPECT_EQ(TextOf(dialog, IDCANCEL), W("T00660064"));
     EXPECT_EQ(TextOf(dialog, kTop), W("T00670064"));
@@ -84,7 +58,7 @@ TEST_F(ReplaceDlgWindow, EveryTextComesFromTheHostByItsId) {
 TEST_F(ReplaceDlgWindow, WithoutTextsOfTheHostItIsStillThereAndEmpty) {
   host_.recorder.Refuse("GetLanguageString");
   Show([](HWND dialog) {
-    EXPECT_EQ(TextOf(dialog, 0), W(""));
+    EXPECT_EQ(TextOf(dialog, kTitle), W(""));
     EXPECT_EQ(TextOf(dialog, kFindLabel), W(""));
     EXPECT_EQ(CueBannerOf(dialog, kFind), W(""));
     EXPECT_THAT(RowsOf(dialog, kPart), ElementsAre(W(""), W(""), W("")));
@@ -110,10 +84,7 @@ TEST_F(ReplaceDlgWindow, HistoriesStandNewestFirstAboveEmptyFields) {
 
 TEST_F(ReplaceDlgWindow, PartListHoldsOneToThreeAndStartsAtTheFirst) {
   Show([](HWND dialog) {
-    const HWND part = GetDlgItem(dialog, kPart);
-    EXPECT_EQ(SendMessageW(part, CB_GETITEMDATA, 0, 0), 1);
-    EXPECT_EQ(SendMessageW(part, CB_GETITEMDATA, 1, 0), 2);
-    EXPECT_EQ(SendMessageW(part, CB_GETITEMDATA, 2, 0), 3);
+    EXPECT_THAT(RowDataOf(dialog, kPart), ElementsAre(1, 2, 3));
     EXPECT_EQ(SelectedRow(dialog, kPart), 0);
     EXPECT_EQ(TextOf(dialog, kPart), W("T006E0064"));
   });
@@ -136,12 +107,7 @@ TEST_F(ReplaceDlgWindow, FocusStartsInTheFindField) {
 
 TEST_F(ReplaceDlgWindow, TabWalksFieldsAndButtonsAndComesBack) {
   Show([](HWND dialog) {
-    std::vector<int> walk;
-    for (int step = 0; step < 5; ++step) {
-      walk.push_back(FocusedControl(dialog));
-      PressKey(dialog, VK_TAB);
-    }
-    EXPECT_THAT(walk, ElementsAre(kFind, kWith, kPart, IDOK, IDCANCEL));
+    EXPECT_THAT(WalkByTab(dialog), ElementsAre(kFind, kWith, kPart, IDOK, IDCANCEL));
     EXPECT_EQ(FocusedControl(dialog), kFind);
   });
 }
@@ -259,11 +225,7 @@ TEST_F(ReplaceDlgWindow, EscapeCancels) {
 }
 
 TEST_F(ReplaceDlgWindow, CloseButtonOfTheWindowCancels) {
-  EXPECT_EQ(Show([](HWND dialog) {
-              PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
-              Pump(dialog);
-            }),
-            IDCANCEL);
+  EXPECT_EQ(Show([](HWND dialog) { PressCloseButton(dialog); }), IDCANCEL);
 }
 
 TEST_F(ReplaceDlgWindow, EscapeInAnOpenListClosesTheListAlone) {
@@ -279,7 +241,7 @@ TEST_F(ReplaceDlgWindow, EscapeInAnOpenListClosesTheListAlone) {
 TEST_F(ReplaceDlgWindow, TextLongerThanTheFieldIsReadWhole) {
   const WString text = WString(30000, W('x')) + W("end");
   Show([&](HWND dialog) {
-    SendMessageW(GetDlgItem(dialog, kFind), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    SendText(dialog, kFind, text);
     ClickButton(dialog, IDOK);
   });
   EXPECT_EQ(form_.find, text);
@@ -301,8 +263,7 @@ TEST_F(ReplaceDlgWindow, LongHistoryRowWidensTheOpenListWithinTheScreen) {
 
 TEST_F(ReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindowAndDisablesIt) {
   Show([this](HWND dialog) {
-    EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_.Get());
-    EXPECT_FALSE(IsWindowEnabled(owner_.Get()));
+    ExpectOwnedBy(dialog, owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
   });
   EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
@@ -312,10 +273,7 @@ TEST_F(ReplaceDlgWindow, WithoutAnActiveWindowItStandsOverTheHosts) {
   host_.mainWindow = owner_.Get();
   SetActiveWindow(nullptr);
   ASSERT_EQ(GetActiveWindow(), nullptr);
-  Show([this](HWND dialog) {
-    EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_.Get());
-    EXPECT_FALSE(IsWindowEnabled(owner_.Get()));
-  });
+  Show([this](HWND dialog) { ExpectOwnedBy(dialog, owner_.Get()); });
 }
 
 TEST_F(ReplaceDlgWindow, IsAPopupWithCaptionAndSystemMenu) {
@@ -346,10 +304,7 @@ TEST_F(ReplaceDlgWindow, FieldsAndLabelsShareOneLeftEdgeAndMarginsAreEven) {
 TEST_F(ReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
   host_.texts = EnglishTexts();
   Show([](HWND dialog) {
-    ExpectControlsInsideClientArea(dialog);
-    ExpectNoControlsOverlap(dialog);
-    ExpectNoTextCutOff(dialog);
-    ExpectAccessKeysDiffer(dialog);
+    ExpectLayoutHolds(dialog);
     EXPECT_TRUE(SaveScreenshot(dialog, W("replace_dialog")));
   });
 }
