@@ -19,8 +19,10 @@
 #include <shellapi.h>
 #include <time.h>
 
-// IHostApp has an operation of this name; the product calls MessageBoxW by its full name.
+// IHostApp has an operation and a save mode of find and replace has a flag of these names; the product calls
+// MessageBoxW by its full name, and ReplaceFileW not at all.
 #undef MessageBox
+#undef ReplaceFile
 
 #else
 

@@ -1,0 +1,171 @@
+// The loaders' common road from a reader's bytes to lines: blocks of text that never move, and a scan that
+// finds the lines in them. A line never spans two blocks: what is cut by a block's end is copied to the next
+// one.
+//
+// CharT is char or WCHAR. An odd byte at the end of a 16-bit text has a zero byte behind it in the block.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <vector>
+
+#include "data/data_reader.h"
+#include "data/line_end_scan.h"
+
+namespace WQDR {
+
+// Zero bytes behind each block: what reads on behind a line ends here (the byte behind a CR, the wide steps
+// of the scan, numbers and dates of the sorter).
+constexpr std::uint32_t kBlockGuard = 32;
+
+using LineBlock = std::unique_ptr<char[]>;  // the block size + kBlockGuard bytes, zeros behind the data
+
+enum class LineEnd : std::uint32_t { kNone = 0, kLf = 2, kCrLf = 3 };
+
+// A line as the scan finds it, without its ending.
+template <typename CharT>
+struct ScannedLine {
+  const CharT* text;
+  std::uint32_t length;     // bytes
+  std::uint8_t endingSize;  // bytes of the ending; 0 for a lone CR, which separates lines and is lost
+  LineEnd ending;
+};
+
+// How far a load has come, in bytes.
+struct LoadProgress {
+  std::uint64_t done;
+  std::uint64_t left;
+};
+
+template <typename CharT>
+class LineBlockReader {
+ public:
+  // The blocks are added to `blocks`.
+  LineBlockReader(DataReader& reader, std::uint32_t blockSize, std::vector<LineBlock>& blocks)
+      : reader_(reader), blockSize_(blockSize), remaining_(reader.size), blocks_(blocks) {}
+
+  // Hands each line to `onLine(const ScannedLine<CharT>&, const LoadProgress&)`, in their order. Throws what
+  // the reader throws, and std::bad_alloc, at once for a line that fills a block with more of the text behind
+  // it.
+  template <typename OnLine>
+  void ReadAll(OnLine&& onLine) {
+    std::uint32_t carry = 0;
+    NewBlock();
+    while (remaining_ != 0) {
+      const std::uint32_t filled = Fill(carry);
+      const std::uint32_t taken = Scan(filled, onLine);
+      carry = filled - std::min(taken, filled);
+      // A full block without a line's end: no later one could hold the line either.
+      if (carry == blockSize_) throw std::bad_alloc();
+      if (remaining_ != 0) CarryOver(taken, carry);
+    }
+  }
+
+ private:
+  char* Block() const { return blocks_.back().get(); }
+
+  void NewBlock() {
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(blockSize_ + kBlockGuard));
+    if (remaining_ == 0) ClearFrom(0);
+  }
+
+  void ClearFrom(std::uint32_t offset) {
+    std::memset(Block() + offset, 0, blockSize_ + kBlockGuard - offset);
+  }
+
+  // Reads behind the carried bytes and answers how many the block holds now; zeros stand behind them. A file
+  // that ends before its size (somebody cut it) ends the load.
+  std::uint32_t Fill(std::uint32_t carry) {
+    std::uint32_t filled = carry;
+    do {
+      std::uint32_t got = 0;
+      // A reader may stop in the middle of a 16-bit unit; the rest of the unit is asked for.
+      const std::uint32_t toRead = filled == carry ? blockSize_ - carry : 1;
+      reader_.Read(Block() + filled, toRead, &got);
+      got = std::min(got, toRead);
+      if (got == 0) remaining_ = 0;
+      remaining_ -= std::min<std::uint64_t>(got, remaining_);
+      filled += got;
+    } while (remaining_ != 0 && filled % sizeof(CharT) != 0);
+    ClearFrom(filled);
+    return filled;
+  }
+
+  // Finds the lines that end in the block; the last line needs no end once all is read. Answers the bytes
+  // done with.
+  template <typename OnLine>
+  std::uint32_t Scan(std::uint32_t filled, OnLine&& onLine) {
+    const auto* const block = reinterpret_cast<const CharT*>(Block());
+    const CharT* const end = block + (filled + sizeof(CharT) - 1) / sizeof(CharT);
+    const CharT* p = block;
+    while (p < end) {
+      const CharT* const q = FindLineEnd(p, end);
+      if (q == end && remaining_ != 0) break;
+      ScannedLine<CharT> line = {
+          p, static_cast<std::uint32_t>(reinterpret_cast<const char*>(q) - reinterpret_cast<const char*>(p)),
+          0, LineEnd::kNone};
+      std::uint32_t units = 0;
+      if (q == end) {
+        // No ending.
+      } else if (*q == '\n') {
+        line.ending = LineEnd::kLf;
+        units = 1;
+      } else if (q[1] == '\n') {
+        line.ending = LineEnd::kCrLf;
+        units = 2;
+      }
+      line.endingSize = static_cast<std::uint8_t>(units * sizeof(CharT));
+      onLine(line, LoadProgress{reader_.size - remaining_,
+                                remaining_ + static_cast<std::uint64_t>(end - p) * sizeof(CharT)});
+      // A lone CR ends the line and is not kept.
+      p = q == end ? end : q + std::max(units, 1U);
+    }
+    return static_cast<std::uint32_t>(reinterpret_cast<const char*>(p) - Block());
+  }
+
+  // The rest of the block begins the next one.
+  void CarryOver(std::uint32_t from, std::uint32_t count) {
+    NewBlock();
+    std::memcpy(Block(), blocks_[blocks_.size() - 2].get() + from, count);
+  }
+
+  DataReader& reader_;
+  std::uint32_t blockSize_;
+  std::uint64_t remaining_;
+  std::vector<LineBlock>& blocks_;
+};
+
+// Makes room for one more record of a line. Doubling would copy the records several times, and a copy late in
+// the load takes twice their memory. So the growth follows what the lines so far foretell, with a margin:
+// memory that is not written to costs next to nothing. The first lines of a file may be of another kind than
+// the rest, so few lines foretell only some more.
+template <typename Record>
+void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress) {
+  if (records.size() < records.capacity()) return;
+  constexpr double kMargin = 1.3;
+  constexpr std::uint64_t kLargestStep = 16;
+  const std::uint64_t count = records.size();
+  const double meanLine =
+      static_cast<double>(progress.done + 1) / static_cast<double>(std::max<std::uint64_t>(count, 1));
+  const auto foretold = static_cast<std::uint64_t>(static_cast<double>(progress.left) / meanLine * kMargin);
+  const std::uint64_t least = count / 8 + 16;
+  const std::uint64_t wanted = std::max(std::min(foretold, count * kLargestStep), least);
+  try {
+    records.reserve(static_cast<std::size_t>(count + wanted));
+  } catch (const std::bad_alloc&) {
+    records.reserve(static_cast<std::size_t>(count + least));
+  }
+}
+
+// Room for the first lines of a text of `bytes`, taken before the first of them is known.
+template <typename Record>
+void ReserveFirstLines(std::vector<Record>& records, std::uint64_t bytes) {
+  constexpr std::uint64_t kMeanLine = 60;  // assumed bytes of a line and its ending
+  constexpr std::uint64_t kMostAtFirst = 4096;
+  records.reserve(static_cast<std::size_t>(std::min(bytes / kMeanLine, kMostAtFirst)));
+}
+
+}  // namespace WQDR
