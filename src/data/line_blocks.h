@@ -2,7 +2,7 @@
 // finds the lines in them. A line never spans two blocks: what is cut by a block's end is copied to the next
 // one.
 //
-// CharT is char or WCHAR. An odd byte at the end of a 16-bit text has a zero byte behind it in the block.
+// CharT is char or WCHAR.
 #pragma once
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <optional>
 #include <vector>
 
 #include "data/data_reader.h"
@@ -34,6 +35,12 @@ struct ScannedLine {
   LineEnd ending;
 };
 
+// What becomes of an odd byte at the end of a 16-bit text.
+enum class OddByte {
+  kPadded,  // it is the last character, with a zero byte behind it
+  kApart    // it is no part of the text
+};
+
 // How far a load has come, in bytes.
 struct LoadProgress {
   std::uint64_t done;
@@ -43,9 +50,14 @@ struct LoadProgress {
 template <typename CharT>
 class LineBlockReader {
  public:
-  // The blocks are added to `blocks`.
-  LineBlockReader(DataReader& reader, std::uint32_t blockSize, std::vector<LineBlock>& blocks)
-      : reader_(reader), blockSize_(blockSize), remaining_(reader.size), blocks_(blocks) {}
+  // The blocks are added to `blocks`. A block holds whole characters.
+  LineBlockReader(DataReader& reader, std::uint32_t blockSize, std::vector<LineBlock>& blocks,
+                  OddByte oddByte)
+      : reader_(reader),
+        blockSize_(blockSize - blockSize % static_cast<std::uint32_t>(sizeof(CharT))),
+        remaining_(reader.size),
+        blocks_(blocks),
+        oddByte_(oddByte) {}
 
   // Hands each line to `onLine(const ScannedLine<CharT>&, const LoadProgress&)`, in their order. Throws what
   // the reader throws, and std::bad_alloc, at once for a line that fills a block with more of the text behind
@@ -63,6 +75,9 @@ class LineBlockReader {
       if (remaining_ != 0) CarryOver(taken, carry);
     }
   }
+
+  // The byte that was kept apart.
+  std::optional<char> ByteApart() const { return byteApart_; }
 
  private:
   char* Block() const { return blocks_.back().get(); }
@@ -90,6 +105,7 @@ class LineBlockReader {
       remaining_ -= std::min<std::uint64_t>(got, remaining_);
       filled += got;
     } while (remaining_ != 0 && filled % sizeof(CharT) != 0);
+    if (oddByte_ == OddByte::kApart && filled % sizeof(CharT) != 0) byteApart_ = Block()[--filled];
     ClearFrom(filled);
     return filled;
   }
@@ -136,6 +152,8 @@ class LineBlockReader {
   std::uint32_t blockSize_;
   std::uint64_t remaining_;
   std::vector<LineBlock>& blocks_;
+  OddByte oddByte_;
+  std::optional<char> byteApart_;
 };
 
 // Makes room for one more record of a line. Doubling would copy the records several times, and a copy late in

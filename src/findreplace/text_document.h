@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "data/data_writer.h"
@@ -107,19 +108,29 @@ class TextDocumentT {
   TextArena insertedTexts;
   std::vector<RegexCacheEntry<CharT>> regexCache;  // compiled patterns, in order of creation
 
-  // The odd byte at the end of a 16-bit file, which no search sees; it is written back behind the text.
-  std::vector<char> trailingBytes;
+  // The lines that stand in one block, whose text a search may go over in one stretch.
+  struct BlockSpan {
+    std::uint32_t firstLine;
+    std::size_t block;  // in `blocks`
+    const CharT* end;   // of the last line's text
+  };
+  std::vector<BlockSpan> spans;
+
+  // The odd byte at the end of a 16-bit file. No search sees it; it is written back behind the text.
+  std::optional<char> byteApart;
 
  private:
-  TextPart* FindPart(TextLine& line, std::uint32_t offset);
-  TextPart* CutPart(TextLine& line, TextPart& part, std::uint32_t start, std::uint32_t end);
-  TextLine* InsertLine(const LineItem& item);
-  void InsertLinesBehind(TextLine& line, std::uint32_t endOffset, const Lines& replacement);
+  TextPart* FirstPartAt(TextLine& line, const char* address);
+  TextPart& FindPart(TextLine& line, const char* address);
+  TextPart& Cut(TextLine& line, TextPart& part, std::uint32_t length, const char* tailText);
+  TextLine& NewInsertedLine(const LineItem& item);
+  void AppendLine(TextLine& line, TextLine& inserted);
+  void InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement);
 
-  // The part that the last edit of a line has left behind its stretch. Edits of a pass run from left to
-  // right, and a chain's file parts rise, so the next edit need not walk the chain from its head.
-  const TextLine* lastEdited_ = nullptr;
+  // The part that the last cut has left behind it. The edits of a pass go from left to right, and the file's
+  // parts of a chain rise, so the next edit need not walk the chain from its head. Null without one.
   TextPart* lastTail_ = nullptr;
+  const TextLine* lastTailLine_ = nullptr;
 };
 
 // The characters of an ending, zero-terminated; an empty text for None. Cr, Lf and CrLf alone have any.
