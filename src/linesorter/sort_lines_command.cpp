@@ -3,6 +3,7 @@
 #include <array>
 
 #include "frame/services/host_objects.h"
+#include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
 #include "linesorter/sort_lines_job.h"
 #include "linesorter/sort_lines_sample.h"
@@ -16,11 +17,9 @@ namespace {
 constexpr u32 kPathChars = 2048;
 constexpr u32 kNameChars = 4096;
 
-WString TextOf(IHostApp& host, TextId text) { return WString(ViewOf(host.GetLanguageString(text))); }
-
 void ShowNothingSelected(IHostApp& host) {
-  const WString caption = TextOf(host, kTextSortDlgCaption);
-  const WString text = TextOf(host, kTextNoFilesSelected);
+  const WString caption = LanguageText(host, kTextSortDlgCaption);
+  const WString text = LanguageText(host, kTextNoFilesSelected);
   host.MessageBox(caption.c_str(), text.c_str(), MB_OK | MB_ICONINFORMATION);
 }
 
@@ -44,7 +43,7 @@ void SortLinesCommand(IHostApp& host, const SortLinesDialog& show) {
   IHostFileItem* const first = files->GetItem(0);
   if (first) ReadFirstFile(*first, form);
   form.options = LoadSortLinesOptions(host);
-  form.newFileSuffix = TextOf(host, kTextSortDlgSuffix);
+  form.newFileSuffix = LanguageText(host, kTextSortDlgSuffix);
   StartForm(form);
   if (show(host, form) != IDOK) return;
 

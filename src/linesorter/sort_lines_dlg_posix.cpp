@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/services/format_text.h"
+#include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
 #include "linesorter/sort_lines_dlg.h"
 #include "platform/posix/form_fields.h"
@@ -101,17 +102,15 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
   return fields;
 }
 
-WString TextOf(IHostApp& host, TextId text) { return WString(ViewOf(host.GetLanguageString(text))); }
-
 }  // namespace
 
 INT_PTR ShowSortLinesDlg(IHostApp& host, SortLinesForm& form) {
   Platform::FormRequest request;
   request.dialog = "SortLinesDlg";
-  request.title = TextOf(host, kTextSortDlgCaption);
-  request.text = TextOf(host, kTextSortDlgHeading);
+  request.title = LanguageText(host, kTextSortDlgCaption);
+  request.text = LanguageText(host, kTextSortDlgHeading);
   request.text += W('\n');
-  request.text += FormatCount(TextOf(host, kTextSortDlgCount), form.fileCount);
+  request.text += FormatCount(LanguageText(host, kTextSortDlgCount), form.fileCount);
   request.fields = FieldsOf(form);
   return Platform::AskForm(request);
 }

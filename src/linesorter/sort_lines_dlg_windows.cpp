@@ -20,8 +20,8 @@ using namespace WQLineSorter;
 constexpr Ui::ControlText kTexts[] = {
     {Ui::kTitle, kTextSortDlgCaption},
     {QX_SORT_HEADING, kTextSortDlgHeading},
-    {QX_SORT_SAVE_AS_LABEL, kTextSortDlgSaveAs},
-    {QX_SORT_NAME_LABEL, kTextSortDlgFileName},
+    {QX_SORT_SAVE_AS_LABEL, kTextSaveAs},
+    {QX_SORT_NAME_LABEL, kTextFileName},
     {QX_SORT_TOP_LABEL, kTextSortDlgTop},
     {QX_SORT_TOP_HINT, kTextSortDlgTopHint},
     {QX_SORT_BOTTOM_LABEL, kTextSortDlgBottom},
@@ -40,7 +40,7 @@ constexpr Ui::ControlText kTexts[] = {
     {QX_SORT_METHOD_GROUP, kTextSortDlgMethod},
     {QX_SORT_DATE_PRESETS, kTextSortDlgDatePresets},
     {QX_SORT_LANGUAGE_AWARE, kTextSortDlgLanguageAware},
-    {QX_SORT_IGNORE_CASE, kTextSortDlgIgnoreCase},
+    {QX_SORT_IGNORE_CASE, kTextIgnoreCase},
     {QX_SORT_NATURAL, kTextSortDlgNatural},
     {QX_SORT_REVERSE, kTextSortDlgReverse},
     {QX_SORT_DUPLICATES, kTextSortDlgDuplicates},
@@ -53,8 +53,8 @@ constexpr Ui::ControlText kDateCue[] = {{QX_SORT_DATE_FORMAT, kTextSortDlgDateCu
 
 constexpr Ui::ComboRow kSaveAsRows[] = {
     {SaveAsNewFile, kTextSortDlgNewFile},
-    {SaveKeepBackup, kTextSortDlgKeepBackup},
-    {SaveDeleteBackup, kTextSortDlgDeleteBackup},
+    {SaveKeepBackup, kTextKeepBackup},
+    {SaveDeleteBackup, kTextNoBackup},
 };
 
 constexpr Ui::ComboRow kMethodRows[] = {

@@ -2,6 +2,7 @@
 
 #include "frame/services/format_text.h"
 #include "frame/services/host_objects.h"
+#include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
 #include "frame/services/target_name.h"
 #include "linesorter/sort_file.h"
@@ -37,11 +38,8 @@ WString TargetOf(IHostFileItem& item, const WString& pattern) {
 
 bool Exists(const WString& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
-// A text of the host is its own until the next call.
-WString TextOf(IHostApp& host, TextId text) { return WString(ViewOf(host.GetLanguageString(text))); }
-
 int ShowBox(IHostApp& host, const WString& text, u32 style) {
-  const WString title = TextOf(host, kTextSortTitle);
+  const WString title = LanguageText(host, kTextSortTitle);
   return host.MessageBox(title.c_str(), text.c_str(), style);
 }
 
@@ -53,7 +51,7 @@ Permission AskAboutTarget(SortLinesJob& job, const WString& target) {
   if ((job.options.options & SortSilent) != 0) {
     return (job.options.options & SaveOverwrite) != 0 ? Permission::kGo : Permission::kSkip;
   }
-  switch (ShowBox(job.host, TextOf(job.host, kTextSortTargetExists), MB_YESNOCANCEL | MB_ICONQUESTION)) {
+  switch (ShowBox(job.host, LanguageText(job.host, kTextTargetExists), MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
       job.options.options |= SaveOverwrite;
       return Permission::kGo;
@@ -113,9 +111,9 @@ void HandBack(IHostApp& host, HostObject<IHostFileList>& list, u32 mode) {
 
 void ShowClosingMessage(IHostApp& host, u32 fileCount, u32 notSorted) {
   if (notSorted != 0) {
-    ShowBox(host, FormatCount(TextOf(host, kTextSortFailed), notSorted), MB_OK | MB_ICONERROR);
+    ShowBox(host, FormatCount(LanguageText(host, kTextSortFailed), notSorted), MB_OK | MB_ICONERROR);
   } else {
-    ShowBox(host, FormatCountText(TextOf(host, kTextSortDone), fileCount), MB_OK | MB_ICONINFORMATION);
+    ShowBox(host, FormatCountText(LanguageText(host, kTextSortDone), fileCount), MB_OK | MB_ICONINFORMATION);
   }
 }
 

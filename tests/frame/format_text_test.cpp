@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <limits>
+#include <vector>
 
 namespace {
 
@@ -204,4 +206,52 @@ TEST(FormatCountText, StaysWithinTheLimit) {
   EXPECT_LE(FilledText("%99999999s").size(), 1023u);
   EXPECT_EQ(FormatCountText(W("ab%s"), 123, 5), W("ab12"));
   EXPECT_EQ(FormatCountText(W("abc"), 7, 0), W(""));
+}
+
+namespace {
+
+std::string FilledCounts(const std::string& format, std::initializer_list<std::int64_t> values) {
+  return ToUtf8(FormatCounts(FromUtf8(format), std::vector<std::int64_t>(values)));
+}
+std::string FilledTexts(const std::string& format, std::initializer_list<std::int64_t> values) {
+  return ToUtf8(FormatCountTexts(FromUtf8(format), std::vector<std::int64_t>(values)));
+}
+
+}  // namespace
+
+TEST(FormatCounts, EachNumberTakesTheNextConversion) {
+  EXPECT_EQ(FilledCounts("(%d, %d) to (%d, %d)", {1, 22, 333, 0}), "(1, 22) to (333, 0)");
+  EXPECT_EQ(FilledCounts("%u|%5d|%-3i|%x", {7, 8, 9, 10}), "7|    8|9  |a");
+  EXPECT_EQ(FilledCounts("%d%%%d", {50, 60}), "50%60");
+}
+
+TEST(FormatCounts, ConversionsLeftOverStayAndNumbersLeftOverAreNotShown) {
+  EXPECT_EQ(FilledCounts("%d %d %d", {1, 2}), "1 2 %d");
+  EXPECT_EQ(FilledCounts("%d", {1, 2}), "1");
+  EXPECT_EQ(FilledCounts("plain", {1, 2}), "plain");
+  EXPECT_EQ(FilledCounts("%d %%", {}), "%d %");
+}
+
+TEST(FormatCounts, HostileConversionsBetweenNumbersStayAsTheyStand) {
+  EXPECT_EQ(FilledCounts("%n %d %s %d %p", {1, 2}), "%n 1 %s 2 %p");
+}
+
+TEST(FormatCounts, NumbersBeyondThirtyTwoBitsAndBelowZeroAreShown) {
+  EXPECT_EQ(FilledCounts("%I64d", {5000000000}), "5000000000");
+  EXPECT_EQ(FilledCounts("%d|%5d|%05d|%+d|%u", {-1, -2, -3, -4, -5}), "-1|   -2|-0003|-4|-5");
+  EXPECT_EQ(FilledCounts("%d %d", {std::numeric_limits<std::int64_t>::min(), 9223372036854775807}),
+            "-9223372036854775808 9223372036854775807");
+  EXPECT_EQ(FilledCounts("%x", {-1}), "ffffffffffffffff");
+  EXPECT_EQ(FilledCounts("%o", {-1}), "1777777777777777777777");
+}
+
+TEST(FormatCounts, StaysWithinTheLimit) {
+  EXPECT_EQ(FilledCounts("%1000d%1000d", {1, 2}).size(), 1023u);
+  EXPECT_EQ(FormatCounts(W("%d-%d"), std::vector<std::int64_t>{12, 34}, 5), W("12-3"));
+}
+
+TEST(FormatCountTexts, TakesEachNumberAsTextOrAsANumber) {
+  EXPECT_EQ(FilledTexts("%s changes in %s files", {-1, 3}), "-1 changes in 3 files");
+  EXPECT_EQ(FilledTexts("%s in %d, %s", {5, 3}), "5 in 3, %s");
+  EXPECT_EQ(FilledTexts("%4s|%-4s|", {12, -3}), "  12|-3  |");
 }

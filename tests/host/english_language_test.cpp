@@ -1,6 +1,7 @@
 // The language table that stands beside the program has a text for every id that the module can ask for.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <set>
 
 #include "filetools/control_panel_items.h"
@@ -70,6 +71,8 @@ TEST_F(EnglishLanguage, HasTheControlPanelWithItsNames) {
 
 TEST_F(EnglishLanguage, HasTheTextsOfQuestionsAndDialogs) {
   for (const MessageText id : kMessageTexts) ExpectText(id);
+  for (const MessageText id : kMessageTitles) ExpectTip(id);
+  EXPECT_NE(First(kCommonTextCancel, "common"), W(""));
 }
 
 TEST_F(EnglishLanguage, HasTheDescriptionsOfScriptCommands) {
@@ -95,15 +98,45 @@ TEST_F(EnglishLanguage, TheClosingTextsOfASortHaveExactlyOneCount) {
   }
 }
 
-TEST_F(EnglishLanguage, TheKeysOfADialogDoNotClash) {
-  std::set<WCHAR> keys;
-  for (const MessageText id : {kTextReplaceOk, kTextReplaceCancel, kTextReplaceFindLabel,
-                               kTextReplaceWithLabel, kTextReplacePartLabel}) {
+TEST_F(EnglishLanguage, TheClosingTextsOfFindAndReplaceHaveTheirCounts) {
+  for (const auto& [id, count] : {std::pair{kTextFindChanges, 1}, std::pair{kTextFindChangesIn, 2}}) {
     const WString text = First(id);
-    const std::size_t mark = text.find(W('&'));
-    ASSERT_LT(mark + 1, text.size()) << std::hex << id;
-    const WCHAR key = text[mark + 1] < W('a') ? static_cast<WCHAR>(text[mark + 1] + 32) : text[mark + 1];
-    EXPECT_TRUE(keys.insert(key).second) << std::hex << id;
+    EXPECT_EQ(std::ranges::count(text, W('%')), count) << std::hex << id;
+    EXPECT_EQ(text.find(W('%')), text.find(W("%s"))) << std::hex << id;
+    EXPECT_EQ(text.rfind(W('%')), text.rfind(W("%s"))) << std::hex << id;
+  }
+}
+
+TEST_F(EnglishLanguage, ThePlaceOfAMatchHasFourNumbers) {
+  WString text = First(kTextConfirmRange);
+  EXPECT_EQ(std::ranges::count(text, W('%')), 4);
+  for (int number = 0; number < 4; ++number) {
+    const std::size_t at = text.find(W("%d"));
+    ASSERT_NE(at, WString::npos);
+    text.erase(at, 2);
+  }
+}
+
+TEST_F(EnglishLanguage, TheKeysOfADialogDoNotClash) {
+  const std::vector<std::vector<WString>> dialogs = {
+      {First(kTextReplaceOk), First(kTextReplaceCancel), First(kTextReplaceFindLabel),
+       First(kTextReplaceWithLabel), First(kTextReplacePartLabel)},
+      {First(kTextSaveAs), First(kTextFileName), First(kTextIgnoreCase), First(kTextSortDlgOk),
+       First(kTextSortDlgCancel)},
+      {First(kTextSaveAs), First(kTextFileName), First(kTextIgnoreCase), First(kTextFindDlgFind),
+       First(kTextFindDlgReplace), First(kTextFindDlgWildcard), First(kTextFindDlgForceUtf8),
+       First(kTextFindDlgSilent), First(kTextFindDlgStart), First(kCommonTextCancel, "common")},
+      {First(kTextConfirmReplace), First(kTextConfirmReplaceAll), First(kTextConfirmFindNext),
+       First(kTextConfirmSwitch), First(kCommonTextCancel, "common")},
+  };
+  for (const std::vector<WString>& texts : dialogs) {
+    std::set<WCHAR> keys;
+    for (const WString& text : texts) {
+      const std::size_t mark = text.find(W('&'));
+      ASSERT_LT(mark + 1, text.size()) << ToUtf8(text);
+      const WCHAR key = text[mark + 1] < W('a') ? static_cast<WCHAR>(text[mark + 1] + 32) : text[mark + 1];
+      EXPECT_TRUE(keys.insert(key).second) << ToUtf8(text);
+    }
   }
 }
 

@@ -83,12 +83,15 @@ const WCHAR* FakeHost::GetLanguageString(TextId text) {
 
 const WCHAR* FakeHost::GetModuleLanguageString(u32 module, TextId text) {
   if (!recorder.Allow("GetModuleLanguageString(" + Number(module) + ", " + Hex(text) + ")")) return nullptr;
+  const auto found = commonTexts.find(text);
+  if (module == 0 && found != commonTexts.end()) return recorder.Lend(found->second);
   return recorder.Lend(NameOf(("M" + Number(module) + ":").c_str(), text));
 }
 
 const WCHAR* FakeHost::GetLanguageTitle(TextId text) {
   if (!recorder.Allow("GetLanguageTitle(" + Hex(text) + ")")) return nullptr;
-  return recorder.Lend(NameOf("L", text));
+  const auto found = titles.find(text);
+  return recorder.Lend(found != titles.end() ? found->second : NameOf("L", text));
 }
 
 const WCHAR* FakeHost::GetKeyText(WCHAR* buffer, u32 size, u32 key, u32, u32) {

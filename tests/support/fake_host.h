@@ -50,6 +50,8 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   // Texts of the language table. An id without one has the text "T" and its eight digits ("T07D1006D"), its
   // title begins with "L", and the text of another module with "M", the module's number and a colon.
   std::map<Velmora::SDK::TextId, WString> texts;
+  std::map<Velmora::SDK::TextId, WString> titles;
+  std::map<Velmora::SDK::TextId, WString> commonTexts;  // of module 0
 
   bool isVista = true;
   bool isClassA = false;

@@ -18,7 +18,7 @@ TEST_F(SortLinesDlgWindow, EveryTextComesFromTheHostByItsId) {
   const std::pair<int, const WCHAR*> expected[] = {
       {kTitle, W("T01900064")},         {IDOK, W("T01910064")},
       {IDCANCEL, W("T01920064")},       {kHeading, W("T01930064")},
-      {kSaveAsLabel, W("T01950064")},   {kNameLabel, W("T01960064")},
+      {kSaveAsLabel, W("T01AA0064")},   {kNameLabel, W("T01AE0064")},
       {kTopLabel, W("T01970064")},      {kTopHint, W("T01980064")},
       {kBottomLabel, W("T01990064")},   {kBottomHint, W("T019A0064")},
       {kPositionLabel, W("T019B0064")}, {kSkipSpace, W("T019C0064")},
@@ -28,13 +28,13 @@ TEST_F(SortLinesDlgWindow, EveryTextComesFromTheHostByItsId) {
       {kEndAtSpace, W("T01A30064")},    {kSeparatorLabel, W("T01A40064")},
       {kItemLabel, W("T01A50064")},     {kMethodGroup, W("T01A60064")},
       {kDatePresets, W("T01A70064")},   {kLanguageAware, W("T01A80064")},
-      {kIgnoreCase, W("T01A90064")},    {kNatural, W("T01AA0064")},
-      {kReverse, W("T01AB0064")},       {kDuplicates, W("T01AC0064")},
-      {kBlank, W("T01AD0064")},
+      {kIgnoreCase, W("T01C20064")},    {kNatural, W("T01A90064")},
+      {kReverse, W("T01AB0064")},       {kDuplicates, W("T01AF0064")},
+      {kBlank, W("T01B00064")},
   };
   Show([&](HWND dialog) {
     for (const auto& [control, text] : expected) EXPECT_EQ(TextOf(dialog, control), text) << control;
-    EXPECT_THAT(RowsOf(dialog, kSaveAs), ElementsAre(W("T01AE0064"), W("T01AF0064"), W("T01B00064")));
+    EXPECT_THAT(RowsOf(dialog, kSaveAs), ElementsAre(W("T01950064"), W("T01AC0064"), W("T01AD0064")));
     EXPECT_THAT(RowsOf(dialog, kMethod), ElementsAre(W("T01B10064"), W("T01B20064"), W("T01B30064")));
   });
 }

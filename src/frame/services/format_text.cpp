@@ -85,8 +85,12 @@ int BaseOf(const Conversion& conversion) {
   }
 }
 
-WString Digits(const Conversion& conversion, std::uint32_t value) {
-  std::array<char, 16> buffer;
+// The digits of a number without its sign. In the bases 8 and 16 a number below zero has those of its 64
+// bits.
+WString Digits(const Conversion& conversion, std::int64_t number) {
+  const auto bits = static_cast<std::uint64_t>(number);
+  const std::uint64_t value = number < 0 && BaseOf(conversion) == 10 ? 0 - bits : bits;
+  std::array<char, 24> buffer;
   char* const begin = buffer.data();
   char* const end = std::to_chars(begin, begin + buffer.size(), value, BaseOf(conversion)).ptr;
   WString digits(begin, end);
@@ -103,8 +107,9 @@ WString Digits(const Conversion& conversion, std::uint32_t value) {
   return digits;
 }
 
-// What stands in front of the digits.
-WString Prefix(const Conversion& conversion, std::uint32_t value) {
+// What stands in front of the digits. A number below zero is shown as such whatever its conversion says.
+WString Prefix(const Conversion& conversion, std::int64_t value) {
+  if (value < 0 && BaseOf(conversion) == 10) return W("-");
   switch (conversion.letter) {
     case W('d'):
     case W('i'):
@@ -119,7 +124,7 @@ WString Prefix(const Conversion& conversion, std::uint32_t value) {
   }
 }
 
-void AppendNumber(WString& result, const Conversion& conversion, std::uint32_t value) {
+void AppendNumber(WString& result, const Conversion& conversion, std::int64_t value) {
   WString number = Prefix(conversion, value);
   const WString digits = Digits(conversion, value);
   const std::size_t size = number.size() + digits.size();
@@ -140,10 +145,10 @@ void AppendText(WString& result, const Conversion& conversion, WString text) {
   result += text;
 }
 
-// Fills the first conversion with one of `letters`.
-WString Fill(WStringView format, WStringView letters, std::uint32_t value, std::size_t limit) {
+// Fills the first conversions with one of `letters`, one for each value.
+WString Fill(WStringView format, WStringView letters, std::span<const std::int64_t> values,
+             std::size_t limit) {
   WString result;
-  bool isFilled = false;
   while (!format.empty() && result.size() < limit) {
     const std::size_t plain = std::min(format.find(W('%')), format.size());
     result += format.substr(0, plain);
@@ -154,18 +159,18 @@ WString Fill(WStringView format, WStringView letters, std::uint32_t value, std::
       format.remove_prefix(2);
       continue;
     }
-    const Conversion conversion = isFilled ? Conversion() : ReadConversion(format, letters);
+    const Conversion conversion = values.empty() ? Conversion() : ReadConversion(format, letters);
     if (conversion.size == 0) {
       result += W('%');
       format.remove_prefix(1);
       continue;
     }
     if (kTextLetters.find(conversion.letter) != WStringView::npos) {
-      AppendText(result, conversion, FromUtf8(std::to_string(value)));
+      AppendText(result, conversion, FromUtf8(std::to_string(values.front())));
     } else {
-      AppendNumber(result, conversion, value);
+      AppendNumber(result, conversion, values.front());
     }
-    isFilled = true;
+    values = values.subspan(1);
     format.remove_prefix(conversion.size);
   }
   if (limit == 0) return {};
@@ -175,10 +180,18 @@ WString Fill(WStringView format, WStringView letters, std::uint32_t value, std::
 
 }  // namespace
 
+WString FormatCounts(WStringView format, std::span<const std::int64_t> values, std::size_t limit) {
+  return Fill(format, kNumberLetters, values, limit);
+}
+
+WString FormatCountTexts(WStringView format, std::span<const std::int64_t> values, std::size_t limit) {
+  return Fill(format, WString(kNumberLetters).append(kTextLetters), values, limit);
+}
+
 WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit) {
-  return Fill(format, kNumberLetters, value, limit);
+  return FormatCounts(format, std::array{std::int64_t{value}}, limit);
 }
 
 WString FormatCountText(WStringView format, std::uint32_t value, std::size_t limit) {
-  return Fill(format, WString(kNumberLetters).append(kTextLetters), value, limit);
+  return FormatCountTexts(format, std::array{std::int64_t{value}}, limit);
 }

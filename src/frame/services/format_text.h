@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "platform/text.h"
 
@@ -14,3 +15,8 @@ WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit =
 // The same for a format that may take the number as decimal text too: its first conversion is an integer's or
 // a text's (%s, %ls, %S and the like).
 WString FormatCountText(WStringView format, std::uint32_t value, std::size_t limit = 1024);
+
+// The same with several numbers: each takes the next conversion that is left. What is left without one stays
+// as it stands. A number below zero may be among them.
+WString FormatCounts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
+WString FormatCountTexts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
