@@ -11,6 +11,7 @@ using namespace Velmora::SDK;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 using testing::StartsWith;
 
 namespace {
@@ -57,7 +58,7 @@ TEST(QuickRename, AsksWithTheNumberOfItemsBeforeItRenames) {
   host.SelectFiles({W("a.txt"), W("b.txt"), W("c.txt")});
   BoxAnswers boxes{IDOK};
   QuickRenameCommand(host, 30000);
-  ASSERT_EQ(boxes.Boxes().size(), 1u);
+  ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(boxes.Boxes()[0].text, W("Rename 3 items?"));
   EXPECT_EQ(boxes.Boxes()[0].title, W("T000A0063"));
   EXPECT_THAT(boxes.Boxes()[0].buttons, ElementsAre(IDOK, IDCANCEL));
@@ -71,7 +72,7 @@ TEST(QuickRename, CancelRenamesNothingAndCallsNoService) {
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDCANCEL};
   QuickRenameCommand(host, 30000);
-  EXPECT_EQ(boxes.Boxes().size(), 1u);
+  EXPECT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(host.fileOperation.Runs(), 0);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
   ExpectAllGivenBack(host);
@@ -86,7 +87,7 @@ TEST(QuickRename, EntriesWhoseNameStaysLeaveAndTheOrderIsKept) {
   EXPECT_THAT(host.fileOperation.RunRenames(),
               ElementsAre(QueuedRename{W("z.txt"), W("Z.TXT")}, QueuedRename{W("a.txt"), W("A.TXT")},
                           QueuedRename{W("m.txt"), W("M.TXT")}));
-  ASSERT_EQ(boxes.Boxes().size(), 1u);
+  ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(boxes.Boxes()[0].text, W("3"));
 }
 
@@ -147,7 +148,7 @@ TEST(QuickRename, HostileQuestionIsShownAndNotObeyed) {
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
   QuickRenameCommand(host, 30000);
-  ASSERT_EQ(boxes.Boxes().size(), 1u);
+  ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_THAT(ToUtf8(boxes.Boxes()[0].text), StartsWith("%s%n 100"));
 }
 
@@ -157,7 +158,7 @@ TEST(QuickRename, QuestionIsCutAt1023Characters) {
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
   QuickRenameCommand(host, 30000);
-  ASSERT_EQ(boxes.Boxes().size(), 1u);
+  ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(boxes.Boxes()[0].text, WString(1023, W('q')));
 }
 
@@ -167,7 +168,7 @@ TEST(QuickRename, MissingTextsDoNotKeepTheQuestionBack) {
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDCANCEL};
   QuickRenameCommand(host, 30000);
-  EXPECT_EQ(boxes.Boxes().size(), 1u);
+  EXPECT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(host.fileOperation.Runs(), 0);
 }
 
@@ -189,7 +190,7 @@ TEST(QuickRename, EveryRefusalOfTheHostEndsItQuietly) {
       [](FakeHost& host) {
         BoxAnswers boxes{IDOK};
         QuickRenameCommand(host, 30000);
-        EXPECT_EQ(boxes.Unexpected(), 0);
+        EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
         EXPECT_THAT(host.recorder.CallsOf({"Log"}), IsEmpty());
       });
 }

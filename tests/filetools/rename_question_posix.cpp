@@ -11,7 +11,7 @@ TEST(RenameQuestion, IsOkAndCancelWithAQuestionMark) {
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
   QuickRenameCommand(host, 30000);
-  ASSERT_EQ(boxes.Boxes().size(), 1u);
+  ASSERT_THAT(boxes.Boxes(), testing::SizeIs(1));
   EXPECT_EQ(boxes.Boxes()[0].style, 33u);
 }
 

@@ -225,7 +225,7 @@ TEST(RenameSameBase, EveryRefusalOfTheHostEndsItQuietly) {
       [](FakeHost& host) {
         BoxAnswers boxes;
         RenameSameBaseCommand(host);
-        EXPECT_EQ(boxes.Unexpected(), 0);
+        EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
         EXPECT_THAT(host.recorder.CallsOf({"Log"}), IsEmpty());
       });
 }

@@ -12,6 +12,7 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::Not;
+using testing::SizeIs;
 
 namespace {
 
@@ -59,7 +60,7 @@ TEST(ReplaceXY, ReplacesInTheSelectedNamesAfterTheQuestion) {
   ReplaceXYCommand(host, Entering(W("_"), W("-")));
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("a_b.txt"), W("a-b.txt")},
                                                            QueuedRename{W("_c_.txt"), W("-c-.txt")}));
-  ASSERT_EQ(boxes.Boxes().size(), 1u);
+  ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(boxes.Boxes()[0].text, W("2 items"));
   EXPECT_EQ(boxes.Boxes()[0].title, W("T000A0063"));
   EXPECT_THAT(host.recorder.CallsOf({"Log"}), IsEmpty());
@@ -198,7 +199,7 @@ TEST(ReplaceXY, HistoriesAreSavedBeforeTheQuestion) {
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDCANCEL};
   ReplaceXYCommand(host, Entering(W("a"), W("b")));
-  EXPECT_EQ(boxes.Boxes().size(), 1u);
+  EXPECT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(host.fileOperation.Runs(), 0);
   EXPECT_THAT(host.config.histories[kFindHistory], ElementsAre(WString(W("a"))));
 }
@@ -271,7 +272,7 @@ TEST(ReplaceXY, EveryRefusalOfTheHostEndsItQuietly) {
       [](FakeHost& host) {
         BoxAnswers boxes{IDOK};
         ReplaceXYCommand(host, Entering(W("a"), W("c")));
-        EXPECT_EQ(boxes.Unexpected(), 0);
+        EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
         EXPECT_THAT(host.recorder.CallsOf({"Log"}), IsEmpty());
       });
 }

@@ -215,7 +215,7 @@ TEST(SetExtension, EveryRefusalOfTheHostEndsItQuietly) {
       [](FakeHost& host) {
         BoxAnswers boxes;
         SetExtensionCommand(host);
-        EXPECT_EQ(boxes.Unexpected(), 0);
+        EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
         EXPECT_THAT(host.recorder.CallsOf({"LogMessage"}), IsEmpty());
       });
 }

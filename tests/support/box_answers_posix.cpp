@@ -1,41 +1,28 @@
-#include <deque>
-
 #include "platform/posix/user_interface.h"
 #include "support/box_answers.h"
 
 class BoxAnswers::Responder final : public Platform::UserInterface {
  public:
-  explicit Responder(std::initializer_list<int> buttons) : answers(buttons) {
-    before_ = Platform::InstallUserInterface(this);
-  }
+  explicit Responder(BoxAnswers& boxes) : boxes_(boxes), before_(Platform::InstallUserInterface(this)) {}
+  Responder(const Responder&) = delete;
+  Responder& operator=(const Responder&) = delete;
   ~Responder() override { Platform::InstallUserInterface(before_); }
 
   int MessageBox(const WCHAR* text, const WCHAR* caption, UINT style) override {
-    boxes.push_back(
-        {WString(ViewOf(caption)), WString(ViewOf(text)), ButtonsOf(style), (style & 0xF0) != 0, style});
-    if (answers.empty()) {
-      ++unexpected;
-      return IDCANCEL;
-    }
-    const int answer = answers.front();
-    answers.pop_front();
-    return answer;
+    return boxes_.Answer({WString(ViewOf(caption)), WString(ViewOf(text)), ButtonsOf(style),
+                          (style & 0xF0) != 0, style, nullptr});
   }
 
-  INT_PTR Dialog(Platform::FormRequest&) override {
-    ++unexpected;
+  INT_PTR Dialog(Platform::FormRequest& form) override {
+    boxes_.unexpected_.push_back({form.title, form.text, {}, false, 0, nullptr});
     return IDCANCEL;
   }
 
   INT_PTR ShellExecute(const WCHAR* verb, const WCHAR* file, const WCHAR* arguments, int show) override {
-    starts.push_back({WString(ViewOf(verb)), WString(ViewOf(file)), WString(ViewOf(arguments)), show});
+    boxes_.starts_.push_back(
+        {WString(ViewOf(verb)), WString(ViewOf(file)), WString(ViewOf(arguments)), show});
     return 42;  // above 32: started
   }
-
-  std::deque<int> answers;
-  std::vector<ShownBox> boxes;
-  std::vector<ShellStart> starts;
-  int unexpected = 0;
 
  private:
   static std::vector<int> ButtonsOf(UINT style) {
@@ -53,14 +40,10 @@ class BoxAnswers::Responder final : public Platform::UserInterface {
     }
   }
 
+  BoxAnswers& boxes_;
   Platform::UserInterface* before_;
 };
 
 BoxAnswers::BoxAnswers(std::initializer_list<int> buttons)
-    : responder_(std::make_unique<Responder>(buttons)) {}
+    : answers_(buttons), responder_(std::make_unique<Responder>(*this)) {}
 BoxAnswers::~BoxAnswers() = default;
-
-const std::vector<ShownBox>& BoxAnswers::Boxes() const { return responder_->boxes; }
-const std::vector<ShellStart>& BoxAnswers::Starts() const { return responder_->starts; }
-int BoxAnswers::Unexpected() const { return responder_->unexpected; }
-int BoxAnswers::Unused() const { return static_cast<int>(responder_->answers.size()); }

@@ -1,46 +1,45 @@
 #include <algorithm>
-#include <deque>
+#include <set>
 
 #include "support/box_answers.h"
 
-// A box is answered by its own message loop: when it becomes active the press of the button is posted to it.
+// A box is answered by its own message loop: when it first becomes active, the press of the button is posted
+// to it.
+//
+// That a window becomes active is told more often than boxes open: of a box that is active again, and of the
+// windows of other threads and programs that take the foreground from it. So a box counts from its making,
+// which is told on its own thread alone, and only the first time.
 class BoxAnswers::Responder {
  public:
-  explicit Responder(std::initializer_list<int> buttons) : answers(buttons) {
+  explicit Responder(BoxAnswers& boxes)
+      : boxes_(boxes), hook_(SetWindowsHookExW(WH_CBT, &Responder::OnHook, nullptr, GetCurrentThreadId())) {
     current_ = this;
-    hook_ = SetWindowsHookExW(WH_CBT, &Responder::OnHook, nullptr, GetCurrentThreadId());
   }
+  Responder(const Responder&) = delete;
+  Responder& operator=(const Responder&) = delete;
   ~Responder() {
     UnhookWindowsHookEx(hook_);
     current_ = nullptr;
   }
-  Responder(const Responder&) = delete;
-  Responder& operator=(const Responder&) = delete;
-
-  std::deque<int> answers;
-  std::vector<ShownBox> boxes;
-  std::vector<ShellStart> starts;
-  int unexpected = 0;
 
  private:
   static LRESULT CALLBACK OnHook(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_ACTIVATE && current_) current_->OnActivate(reinterpret_cast<HWND>(wParam));
+    const auto window = reinterpret_cast<HWND>(wParam);
+    if (current_) {
+      if (code == HCBT_CREATEWND && IsBox(window)) current_->notYetActive_.insert(window);
+      if (code == HCBT_DESTROYWND) current_->notYetActive_.erase(window);
+      if (code == HCBT_ACTIVATE && current_->notYetActive_.erase(window)) current_->OnOpened(window);
+    }
     return CallNextHookEx(nullptr, code, wParam, lParam);
   }
 
-  void OnActivate(HWND window) {
+  static bool IsBox(HWND window) {
     WCHAR className[16] = {};
-    GetClassNameW(window, className, 16);
-    if (WString(className) != L"#32770" || window == answered_) return;
-    answered_ = window;
-    boxes.push_back(Read(window));
-    int button = IDCANCEL;
-    if (answers.empty()) {
-      ++unexpected;
-    } else {
-      button = answers.front();
-      answers.pop_front();
-    }
+    return GetClassNameW(window, className, 16) && WStringView(className) == L"#32770";
+  }
+
+  void OnOpened(HWND window) {
+    const int button = boxes_.Answer(Read(window));
     PostMessageW(window, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(window, button)));
   }
@@ -52,7 +51,7 @@ class BoxAnswers::Responder {
   }
 
   static ShownBox Read(HWND window) {
-    ShownBox box = {TextOf(window), {}, {}, false, 0};
+    ShownBox box = {TextOf(window), {}, {}, false, 0, GetWindow(window, GW_OWNER)};
     EnumChildWindows(
         window,
         [](HWND child, LPARAM data) -> BOOL {
@@ -75,15 +74,11 @@ class BoxAnswers::Responder {
   }
 
   static inline thread_local Responder* current_ = nullptr;
+  BoxAnswers& boxes_;
+  std::set<HWND> notYetActive_;
   HHOOK hook_;
-  HWND answered_ = nullptr;
 };
 
 BoxAnswers::BoxAnswers(std::initializer_list<int> buttons)
-    : responder_(std::make_unique<Responder>(buttons)) {}
+    : answers_(buttons), responder_(std::make_unique<Responder>(*this)) {}
 BoxAnswers::~BoxAnswers() = default;
-
-const std::vector<ShownBox>& BoxAnswers::Boxes() const { return responder_->boxes; }
-const std::vector<ShellStart>& BoxAnswers::Starts() const { return responder_->starts; }
-int BoxAnswers::Unexpected() const { return responder_->unexpected; }
-int BoxAnswers::Unused() const { return static_cast<int>(responder_->answers.size()); }

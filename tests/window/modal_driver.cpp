@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "ui/module_instance.h"
 
 namespace {
@@ -15,7 +17,7 @@ struct Run {
   const std::vector<Steps>* steps = nullptr;
   std::size_t opened = 0;
   HWND helper = nullptr;
-  HWND dialog = nullptr;  // the last that opened
+  std::set<HWND> dialogs;  // those that are there
 };
 Run* currentRun = nullptr;
 
@@ -41,13 +43,17 @@ bool IsDialog(HWND window) {
   return GetClassNameW(window, name, 16) > 0 && WStringView(name) == L"#32770";
 }
 
-// A dialog becomes visible when its loop runs dry for the first time, and only then can be used.
+// A dialog becomes visible when its loop runs dry for the first time, and only then can be used. What is sent
+// to a window is told on its own thread alone, so the windows of other programs never come here. Its number
+// may be given again to the next window.
 LRESULT CALLBACK OnSentMessage(int code, WPARAM wParam, LPARAM lParam) {
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-  if (code == HC_ACTION && sent.message == WM_SHOWWINDOW && sent.wParam && currentRun &&
-      currentRun->dialog != sent.hwnd && IsDialog(sent.hwnd)) {
-    currentRun->dialog = sent.hwnd;
-    PostMessageW(currentRun->helper, kRunSteps, currentRun->opened++, reinterpret_cast<LPARAM>(sent.hwnd));
+  if (code == HC_ACTION && currentRun) {
+    if (sent.message == WM_NCDESTROY) currentRun->dialogs.erase(sent.hwnd);
+    if (sent.message == WM_SHOWWINDOW && sent.wParam && IsDialog(sent.hwnd) &&
+        currentRun->dialogs.insert(sent.hwnd).second) {
+      PostMessageW(currentRun->helper, kRunSteps, currentRun->opened++, reinterpret_cast<LPARAM>(sent.hwnd));
+    }
   }
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
