@@ -1,4 +1,4 @@
-// What a call throws: the number and the text of one kind of exception.
+// What a call throws: the number and the text of one kind of exception, or the text alone.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -27,4 +27,15 @@ Thrown ThrownBy(Call call) {
     return {exception.errorCode, exception.what()};
   }
   return {0, "nothing was thrown"};
+}
+
+// For exceptions that carry no number.
+template <typename Exception, typename Call>
+std::string TextThrownBy(Call call) {
+  try {
+    call();
+  } catch (const Exception& exception) {
+    return exception.what();
+  }
+  return "nothing was thrown";
 }

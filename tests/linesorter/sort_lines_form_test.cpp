@@ -1,67 +1,15 @@
-// The form of the Sort Lines dialog: options in, rules, options out.
+// The form of the Sort Lines dialog: what it shows of the options, the names that it suggests, its date
+// formats.
 #include "linesorter/sort_lines_form.h"
 
 #include <gmock/gmock.h>
 
-#include <stdexcept>
+#include "linesorter/sort_lines_forms.h"
 
 namespace WQLineSorter {
 namespace {
 
 using testing::ElementsAre;
-
-using Change = std::function<void(SortLinesForm&)>;
-
-// A form for `a.txt` alone, started with these bits.
-SortLinesForm FormWith(std::uint32_t bits, const std::function<void(SortLinesOptions&)>& more = {}) {
-  SortLinesForm form;
-  form.fileCount = 1;
-  form.firstName = W("a.txt");
-  form.newFileSuffix = W("_new");
-  form.options.options = bits;
-  if (more) more(form.options);
-  StartForm(form);
-  return form;
-}
-
-// A user's change and what follows from it.
-void Edit(SortLinesForm& form, const Change& change) {
-  const SortLinesForm before = form;
-  change(form);
-  FollowChanges(form, before);
-}
-
-void ChooseSortBy(SortLinesForm& form, int choice) {
-  Edit(form, [choice](SortLinesForm& edited) { edited.sortBy = choice; });
-}
-void EnterLength(SortLinesForm& form, const WString& text) {
-  Edit(form, [&](SortLinesForm& edited) { edited.length = text; });
-}
-void EnterEndCharacter(SortLinesForm& form, const WString& text) {
-  Edit(form, [&](SortLinesForm& edited) { edited.endCharacter = text; });
-}
-void ClickEndAtWhitespace(SortLinesForm& form) {
-  Edit(form, [](SortLinesForm& edited) { edited.endAtWhitespace = !edited.endAtWhitespace; });
-}
-
-// Whether length, end character and the whitespace box can be changed.
-std::vector<bool> SubstringState(const SortLinesForm& form) {
-  return {form.enabled.length, form.enabled.endCharacter, form.enabled.endAtWhitespace};
-}
-std::vector<bool> ItemState(const SortLinesForm& form) { return {form.enabled.separator, form.enabled.item}; }
-
-std::uint32_t BitsOf(const SortLinesForm& form) { return ReadOptions(form).options; }
-
-constexpr std::uint32_t kDefaultBits = 0x100011;  // line, text, without leading blanks
-
-// The substring choice with nothing in its three fields.
-SortLinesForm EmptySubstringForm() {
-  SortLinesForm form = FormWith(kDefaultBits);
-  ChooseSortBy(form, SortBySubstring);
-  return form;
-}
-
-// Options in.
 
 TEST(SortLinesForm, DefaultOptionsAreTheEntireLineAsTextIntoANewFile) {
   const SortLinesForm form = FormWith(kDefaultBits);
@@ -145,13 +93,11 @@ TEST(SortLinesForm, EachBoxShowsItsBitTheDisabledOneToo) {
 
 TEST(SortLinesForm, SubstringShowsItsLengthEvenIfThatIsZeroAsIsMeant) {
   EXPECT_EQ(FormWith(0x12).length, W("0"));
-  EXPECT_EQ(FormWith(0x12, [](SortLinesOptions& options) { options.subStringLen = 5; }).length, W("5"));
+  EXPECT_EQ(FormWith(0x12, StoredLength(5)).length, W("5"));
 }
 
 TEST(SortLinesForm, StoredLengthThatTheFieldDoesNotTakeIsShownAsTheLargestItDoes) {
-  const auto formOf = [](std::uint32_t length) {
-    return FormWith(0x12, [length](SortLinesOptions& options) { options.subStringLen = length; });
-  };
+  const auto formOf = [](std::uint32_t length) { return FormWith(0x12, StoredLength(length)); };
   EXPECT_EQ(formOf(999999999).length, W("999999999"));
   EXPECT_EQ(formOf(1000000000).length, W("999999999"));
   EXPECT_EQ(formOf(4294967295).length, W("999999999"));
@@ -159,32 +105,26 @@ TEST(SortLinesForm, StoredLengthThatTheFieldDoesNotTakeIsShownAsTheLargestItDoes
 }
 
 TEST(SortLinesForm, SubstringShowsTheEndCharacterBesideTheLengthAsIsMeant) {
-  const SortLinesForm form = FormWith(0x400012, [](SortLinesOptions& options) {
-    options.matchChar = u';';
-    options.subStringLen = 4;
-  });
+  const SortLinesForm form = FormWith(0x400012, StoredCharacter(u';', 4));
   EXPECT_EQ(form.endCharacter, W(";"));
   EXPECT_EQ(form.length, W("4"));
   EXPECT_EQ(form.separator, W(""));
 }
 
 TEST(SortLinesForm, SubstringWithoutTheEndCharacterBitShowsNone) {
-  EXPECT_EQ(FormWith(0x12, [](SortLinesOptions& options) { options.matchChar = u';'; }).endCharacter, W(""));
+  EXPECT_EQ(FormWith(0x12, StoredCharacter(u';')).endCharacter, W(""));
 }
 
 TEST(SortLinesForm, AnEndCharacterOfZeroIsNone) { EXPECT_EQ(FormWith(0x400012).endCharacter, W("")); }
 
 TEST(SortLinesForm, SubstringToWhitespaceChecksTheBoxAndShowsNoLength) {
-  const SortLinesForm form = FormWith(0x200012, [](SortLinesOptions& options) { options.subStringLen = 4; });
+  const SortLinesForm form = FormWith(0x200012, StoredLength(4));
   EXPECT_TRUE(form.endAtWhitespace);
   EXPECT_EQ(form.length, W(""));
 }
 
 TEST(SortLinesForm, EndCharacterIsShownBesideTheCheckedWhitespaceBoxAsIsMeant) {
-  const SortLinesForm form = FormWith(0x600012, [](SortLinesOptions& options) {
-    options.matchChar = u';';
-    options.subStringLen = 4;
-  });
+  const SortLinesForm form = FormWith(0x600012, StoredCharacter(u';', 4));
   EXPECT_EQ(form.endCharacter, W(";"));
   EXPECT_TRUE(form.endAtWhitespace);
   EXPECT_EQ(form.length, W(""));
@@ -196,26 +136,18 @@ TEST(SortLinesForm, TheWhitespaceBitOfAnotherKeyIsNotShown) {
 }
 
 TEST(SortLinesForm, ItemShowsTheSeparatorAndNothingOfTheSubstring) {
-  const SortLinesForm form = FormWith(0x400014, [](SortLinesOptions& options) {
-    options.matchChar = u',';
-    options.subStringLen = 4;
-  });
+  const SortLinesForm form = FormWith(0x400014, StoredCharacter(u',', 4));
   EXPECT_EQ(form.separator, W(","));
   EXPECT_EQ(form.endCharacter, W(""));
   EXPECT_EQ(form.length, W(""));
 }
 
 TEST(SortLinesForm, LineShowsNeitherSeparatorNorSubstring) {
-  const SortLinesForm form = FormWith(0x600011, [](SortLinesOptions& options) {
-    options.matchChar = u',';
-    options.subStringLen = 4;
-  });
+  const SortLinesForm form = FormWith(0x600011, StoredCharacter(u',', 4));
   EXPECT_EQ(form.separator, W(""));
   EXPECT_EQ(form.endCharacter, W(""));
   EXPECT_EQ(form.length, W(""));
 }
-
-void StoreDayFormat(SortLinesOptions& options) { std::copy_n("%d", 3, options.dateFormat); }
 
 TEST(SortLinesForm, DateFormatIsShownForDatesOnly) {
   EXPECT_EQ(FormWith(0x201, StoreDayFormat).dateFormat, W("%d"));
@@ -226,209 +158,6 @@ TEST(SortLinesForm, DateFormatIsShownForDatesOnly) {
 TEST(SortLinesForm, WithMethodTextAStoredFormatIsNotShownAsIsMeant) {
   EXPECT_EQ(FormWith(0x011, StoreDayFormat).dateFormat, W(""));
   EXPECT_EQ(FormWith(0x211, StoreDayFormat).dateFormat, W(""));
-}
-
-// Rules.
-
-TEST(SortLinesForm, DateFieldsAreForDatesOnly) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  EXPECT_FALSE(form.enabled.dateFormat);
-  Edit(form, [](SortLinesForm& edited) { edited.sortMethod = SortAsDate; });
-  EXPECT_TRUE(form.enabled.dateFormat);
-  Edit(form, [](SortLinesForm& edited) { edited.sortMethod = SortAsNumber; });
-  EXPECT_FALSE(form.enabled.dateFormat);
-  EXPECT_TRUE(FormWith(0x201).enabled.dateFormat);
-}
-
-TEST(SortLinesForm, NaturalOrderIsForLanguageAwareAndIgnoreCaseForTheOther) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  EXPECT_TRUE(form.enabled.ignoreCase);
-  EXPECT_FALSE(form.enabled.naturalNumbers);
-  Edit(form, [](SortLinesForm& edited) { edited.languageAware = true; });
-  EXPECT_FALSE(form.enabled.ignoreCase);
-  EXPECT_TRUE(form.enabled.naturalNumbers);
-  Edit(form, [](SortLinesForm& edited) { edited.languageAware = false; });
-  EXPECT_TRUE(form.enabled.ignoreCase);
-  EXPECT_FALSE(form.enabled.naturalNumbers);
-  EXPECT_TRUE(FormWith(0x811).enabled.naturalNumbers);
-}
-
-TEST(SortLinesForm, GreyedIgnoreCaseStaysChecked) {
-  EXPECT_TRUE(FormWith(0x2811).ignoreCase);
-  SortLinesForm form = FormWith(0x2011);
-  Edit(form, [](SortLinesForm& edited) { edited.languageAware = true; });
-  EXPECT_FALSE(form.enabled.ignoreCase);
-  EXPECT_TRUE(form.ignoreCase);
-  Edit(form, [](SortLinesForm& edited) { edited.languageAware = false; });
-  EXPECT_EQ(BitsOf(form), 0x1002011u);
-}
-
-TEST(SortLinesForm, DateFormatStaysWhileAnotherMethodIsChosen) {
-  SortLinesForm form = FormWith(0x201, StoreDayFormat);
-  Edit(form, [](SortLinesForm& edited) { edited.dateFormat = W("%Y"); });
-  Edit(form, [](SortLinesForm& edited) { edited.sortMethod = SortAsText; });
-  EXPECT_EQ(form.dateFormat, W("%Y"));
-  Edit(form, [](SortLinesForm& edited) { edited.sortMethod = SortAsDate; });
-  EXPECT_EQ(form.dateFormat, W("%Y"));
-  EXPECT_STREQ(ReadOptions(form).dateFormat, "%Y");
-}
-
-TEST(SortLinesForm, SeparatorAndItemStayWhileAnotherKeyIsChosen) {
-  SortLinesForm form = FormWith(0x14);
-  Edit(form, [](SortLinesForm& edited) {
-    edited.separator = W(";");
-    edited.item = W("3");
-  });
-  ChooseSortBy(form, SortByLine);
-  ChooseSortBy(form, SortByItem);
-  EXPECT_EQ(form.separator, W(";"));
-  EXPECT_EQ(form.item, W("3"));
-  EXPECT_EQ(ReadOptions(form).matchChar, u';');
-}
-
-TEST(SortLinesForm, EntireLineDisablesTheFieldsOfTheOtherKeys) {
-  const SortLinesForm form = FormWith(kDefaultBits);
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, false, false));
-  EXPECT_THAT(ItemState(form), ElementsAre(false, false));
-}
-
-TEST(SortLinesForm, LineItemEnablesItsFieldsAlone) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  ChooseSortBy(form, SortByItem);
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, false, false));
-  EXPECT_THAT(ItemState(form), ElementsAre(true, true));
-}
-
-TEST(SortLinesForm, FromLineToSubstringTheItemStaysDisabled) {
-  const SortLinesForm form = EmptySubstringForm();
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-  EXPECT_THAT(ItemState(form), ElementsAre(false, false));
-}
-
-TEST(SortLinesForm, FromItemToSubstringSeparatorAndItemStayEnabledAsIsMeant) {
-  SortLinesForm form = FormWith(0x14);
-  ChooseSortBy(form, SortBySubstring);
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-  EXPECT_THAT(ItemState(form), ElementsAre(true, true));
-  ChooseSortBy(form, SortByLine);
-  EXPECT_THAT(ItemState(form), ElementsAre(false, false));
-}
-
-TEST(SortLinesForm, StartedWithSubstringSeparatorAndItemAreEnabledAsIsMeant) {
-  EXPECT_THAT(ItemState(FormWith(0x12)), ElementsAre(true, true));
-}
-
-TEST(SortLinesForm, StartedWithoutAKeyEverythingOfTheKeysIsEnabled) {
-  const SortLinesForm form = FormWith(0x10);
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-  EXPECT_THAT(ItemState(form), ElementsAre(true, true));
-}
-
-TEST(SortLinesForm, WithALengthEndCharacterAndBoxAreDisabled) {
-  SortLinesForm form = EmptySubstringForm();
-  EnterLength(form, W("3"));
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, false, false));
-  EnterLength(form, W(""));
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-}
-
-TEST(SortLinesForm, WithAnEndCharacterLengthAndBoxAreDisabled) {
-  SortLinesForm form = EmptySubstringForm();
-  EnterEndCharacter(form, W(";"));
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, true, false));
-  EnterEndCharacter(form, W(""));
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-}
-
-TEST(SortLinesForm, WithTheBoxLengthAndEndCharacterAreDisabled) {
-  SortLinesForm form = EmptySubstringForm();
-  ClickEndAtWhitespace(form);
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, false, true));
-  ClickEndAtWhitespace(form);
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-}
-
-TEST(SortLinesForm, ALengthOfZeroCountsAsFilledAsIsMeant) {
-  EXPECT_THAT(SubstringState(FormWith(0x12)), ElementsAre(true, false, false));
-}
-
-TEST(SortLinesForm, WithLengthAndEndCharacterFilledNothingChangesAsIsMeant) {
-  SortLinesForm form = FormWith(0x400012, [](SortLinesOptions& options) { options.matchChar = u';'; });
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-  EnterLength(form, W("77"));
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-  ClickEndAtWhitespace(form);
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, false, true));
-  ClickEndAtWhitespace(form);
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, false, true));
-}
-
-TEST(SortLinesForm, OutOfBothFilledTheOneThatIsLeftDecides) {
-  SortLinesForm form = FormWith(0x400012, [](SortLinesOptions& options) { options.matchChar = u';'; });
-  EnterLength(form, W(""));
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, true, false));
-}
-
-TEST(SortLinesForm, BackToSubstringItsFieldsAreAsTheirTextsSay) {
-  SortLinesForm form = EmptySubstringForm();
-  EnterLength(form, W("3"));
-  ChooseSortBy(form, SortByItem);
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, false, false));
-  ChooseSortBy(form, SortBySubstring);
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, false, false));
-  EXPECT_EQ(form.length, W("3"));
-}
-
-TEST(SortLinesForm, OnlyTheFirstEndCharacterIsKept) {
-  SortLinesForm form = EmptySubstringForm();
-  EnterEndCharacter(form, W(",;"));
-  EXPECT_EQ(form.endCharacter, W(","));
-  EXPECT_THAT(SubstringState(form), ElementsAre(false, true, false));
-}
-
-TEST(SortLinesForm, ChosenKeyDecidesOverASubstringTextThatChangedWithIt) {
-  for (const int key : {SortByLine, SortByItem}) {
-    SortLinesForm form = EmptySubstringForm();
-    Edit(form, [key](SortLinesForm& edited) {
-      edited.length = W("3");
-      edited.sortBy = key;
-    });
-    EXPECT_THAT(SubstringState(form), ElementsAre(false, false, false)) << key;
-  }
-}
-
-TEST(SortLinesForm, NumberFieldsKeepTheirDigitsAlone) {
-  for (WString SortLinesForm::*const number :
-       {&SortLinesForm::keepLinesTop, &SortLinesForm::keepLinesBottom, &SortLinesForm::startPosition,
-        &SortLinesForm::length, &SortLinesForm::item}) {
-    SortLinesForm form = FormWith(kDefaultBits);
-    Edit(form, [number](SortLinesForm& edited) { edited.*number = W("-5x 0\u0663"); });
-    EXPECT_EQ(form.*number, W("50"));
-    Edit(form, [number](SortLinesForm& edited) { edited.*number = W("x"); });
-    EXPECT_EQ(form.*number, W(""));
-    Edit(form, [number](SortLinesForm& edited) { edited.*number = W("/0123456789:"); });
-    EXPECT_EQ((form.*number).substr(0, 9), W("012345678"));
-  }
-}
-
-TEST(SortLinesForm, NumberFieldsKeepAsManyDigitsAsTheyTake) {
-  SortLinesForm form = EmptySubstringForm();
-  Edit(form, [](SortLinesForm& edited) {
-    edited.keepLinesTop = edited.keepLinesBottom = edited.startPosition = edited.item = W("12345678901");
-    edited.length = W("2147483648");
-  });
-  EXPECT_EQ(form.keepLinesTop, W("1234567890"));
-  EXPECT_EQ(form.keepLinesBottom, W("1234567890"));
-  EXPECT_EQ(form.startPosition, W("1234567890"));
-  EXPECT_EQ(form.item, W("1234567890"));
-  EXPECT_EQ(form.length, W("214748364"));
-}
-
-TEST(SortLinesForm, LengthWithoutADigitCountsAsEmpty) {
-  SortLinesForm form = EmptySubstringForm();
-  EnterLength(form, W("x"));
-  EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
-  EXPECT_NO_THROW(ReadOptions(form));
 }
 
 // Target names.
@@ -502,64 +231,6 @@ TEST(SortLinesForm, AnotherWayToSaveSuggestsTheNameAnew) {
   EXPECT_TRUE(form.enabled.targetName);
 }
 
-// Ruler.
-
-constexpr const WCHAR* kRuler =
-    W("----+----1----+----2----+----3----+----4----+") W("----5----+----6----+----7----+----8----+----9");
-
-WString RulerAt(const WString& position, int sortBy = SortByLine, const WString& length = {}) {
-  SortLinesForm form;
-  form.startPosition = position;
-  form.sortBy = sortBy;
-  form.length = length;
-  return RulerText(form);
-}
-
-TEST(SortLinesForm, RulerHasNinetyCharacters) {
-  EXPECT_EQ(RulerAt(W("")), kRuler);
-  EXPECT_EQ(RulerAt(W("")).size(), 90u);
-}
-
-TEST(SortLinesForm, RulerIsMarkedAtThePosition) {
-  EXPECT_EQ(RulerAt(W("7")).substr(0, 12), W("----+-*--1--"));
-  EXPECT_EQ(RulerAt(W("10")).substr(0, 12), W("----+----*--"));
-  EXPECT_EQ(RulerAt(W("90")).substr(80), W("----+----*"));
-}
-
-TEST(SortLinesForm, PositionsZeroAndOneMarkTheFirstCharacter) {
-  EXPECT_EQ(RulerAt(W("0")).substr(0, 6), W("*---+-"));
-  EXPECT_EQ(RulerAt(W("1")).substr(0, 6), W("*---+-"));
-}
-
-TEST(SortLinesForm, PositionBeyondTheRulerMarksNothing) {
-  EXPECT_EQ(RulerAt(W("91")), kRuler);
-  EXPECT_EQ(RulerAt(W("4294967295")), kRuler);
-  EXPECT_EQ(RulerAt(W("99999999999999999999")), kRuler);
-  EXPECT_EQ(RulerAt(W("91"), SortBySubstring, W("5")), kRuler);
-}
-
-TEST(SortLinesForm, LengthOfASubstringIsMarkedUpToTheRulersEnd) {
-  EXPECT_EQ(RulerAt(W("3"), SortBySubstring, W("4")).substr(0, 10), W("--****---1"));
-  EXPECT_EQ(RulerAt(W("88"), SortBySubstring, W("3")).substr(80), W("----+--***"));
-  EXPECT_EQ(RulerAt(W("88"), SortBySubstring, W("100")).substr(80), W("----+--***"));
-  EXPECT_EQ(RulerAt(W("88"), SortBySubstring, W("4294967295")).size(), 90u);
-}
-
-TEST(SortLinesForm, LengthOfZeroLeavesThePositionsOwnMark) {
-  EXPECT_EQ(RulerAt(W("3"), SortBySubstring, W("0")).substr(0, 10), W("--*-+----1"));
-}
-
-TEST(SortLinesForm, LengthIsMarkedForSubstringsOnly) {
-  EXPECT_EQ(RulerAt(W("3"), SortByItem, W("4")).substr(0, 10), W("--*-+----1"));
-  EXPECT_EQ(RulerAt(W("3"), SortByLine, W("4")).substr(0, 10), W("--*-+----1"));
-  EXPECT_EQ(RulerAt(W(""), SortBySubstring, W("4")), kRuler);
-}
-
-TEST(SortLinesForm, MarksOfOneRulerAreNotInTheNext) {
-  RulerAt(W("1"), SortBySubstring, W("90"));
-  EXPECT_EQ(RulerAt(W("")), kRuler);
-}
-
 // Date formats.
 
 TEST(SortLinesForm, OffersEightDateFormatsByExample) {
@@ -573,242 +244,6 @@ TEST(SortLinesForm, OffersEightDateFormatsByExample) {
                           std::pair(W("23 Nov 2014"), W("%d %b %Y")),
                           std::pair(W("Nov 11 13:44:48 2014"), W("%b %d %H:%M:%S %Y")),
                           std::pair(W("11 Nov 2014 13:44:48"), W("%d %b %Y %H:%M:%S"))));
-}
-
-// Options out.
-
-TEST(SortLinesForm, UnchangedDefaultsComeOutWithTheWayToSave) {
-  EXPECT_EQ(BitsOf(FormWith(kDefaultBits)), 0x1100011u);
-}
-
-TEST(SortLinesForm, BitsThatNoFieldShowsAreDropped) { EXPECT_EQ(BitsOf(FormWith(0x18080011)), 0x1000011u); }
-
-TEST(SortLinesForm, WithNoKeyMarkedNoKeyIsStored) { EXPECT_EQ(BitsOf(FormWith(0x10)), 0x1000010u); }
-
-TEST(SortLinesForm, ChoicesThatAreMissingSetNoBit) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  form.sortMethod = form.saveAs = form.sortBy = -1;
-  EXPECT_EQ(BitsOf(form), 0x100000u);
-}
-
-TEST(SortLinesForm, NumbersAreReadAndThePositionMadeZeroBased) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  form.keepLinesTop = W("12");
-  form.keepLinesBottom = W("4294967295");
-  form.startPosition = W("8");
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.keepLinesTop, 12u);
-  EXPECT_EQ(options.keepLinesBottom, 4294967295u);
-  EXPECT_EQ(options.lineOffset, 7u);
-}
-
-TEST(SortLinesForm, PositionsZeroAndOneAreBothTheFirstCharacter) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  for (const WCHAR* position : {W("0"), W("1"), W("")}) {
-    form.startPosition = position;
-    EXPECT_EQ(ReadOptions(form).lineOffset, 0u) << ToUtf8(position);
-  }
-}
-
-TEST(SortLinesForm, NumbersThatAreNoneAreZeroAndThoseTooLargeTheLargest) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  form.keepLinesTop = W("x");
-  form.keepLinesBottom = W("99999999999999999999");
-  form.startPosition = W("-4");
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.keepLinesTop, 0u);
-  EXPECT_EQ(options.keepLinesBottom, 4294967295u);
-  EXPECT_EQ(options.lineOffset, 0u);
-}
-
-TEST(SortLinesForm, EndCharacterIsStoredInBothWidths) {
-  SortLinesForm form = EmptySubstringForm();
-  EnterEndCharacter(form, W("\u20AC"));
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.options, 0x1500012u);
-  EXPECT_EQ(options.matchChar, 0x20AC);
-  EXPECT_EQ(options.matchCharA, 0x80);
-}
-
-TEST(SortLinesForm, LengthIsStoredWithoutABit) {
-  SortLinesForm form = EmptySubstringForm();
-  EnterLength(form, W("15"));
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.options, 0x1100012u);
-  EXPECT_EQ(options.subStringLen, 15u);
-}
-
-TEST(SortLinesForm, WhitespaceBoxIsStored) {
-  SortLinesForm form = EmptySubstringForm();
-  ClickEndAtWhitespace(form);
-  EXPECT_EQ(BitsOf(form), 0x1300012u);
-}
-
-TEST(SortLinesForm, EndCharacterWinsOverTheLengthWhichKeepsItsOldValueAsIsMeant) {
-  SortLinesForm form = FormWith(0x400012, [](SortLinesOptions& options) {
-    options.matchChar = u';';
-    options.subStringLen = 4;
-  });
-  EnterLength(form, W("9"));
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.options, 0x1400012u);
-  EXPECT_EQ(options.subStringLen, 4u);
-}
-
-TEST(SortLinesForm, EndCharacterWinsOverTheCheckedWhitespaceBoxAsIsMeant) {
-  SortLinesForm form = FormWith(0x400012, [](SortLinesOptions& options) { options.matchChar = u';'; });
-  ClickEndAtWhitespace(form);
-  EXPECT_EQ(BitsOf(form), 0x1400012u);
-}
-
-TEST(SortLinesForm, FilledLengthWinsOverTheCheckedWhitespaceBoxAsIsMeant) {
-  SortLinesForm form = EmptySubstringForm();
-  form.length = W("6");
-  form.endAtWhitespace = true;
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.options, 0x1100012u);
-  EXPECT_EQ(options.subStringLen, 6u);
-}
-
-TEST(SortLinesForm, EmptySubstringFieldsLeaveTheOldLengthAsIsMeant) {
-  SortLinesForm form = FormWith(0x12, [](SortLinesOptions& options) { options.subStringLen = 4; });
-  EnterLength(form, W(""));
-  EXPECT_EQ(ReadOptions(form).subStringLen, 4u);
-  ClickEndAtWhitespace(form);
-  EXPECT_EQ(ReadOptions(form).subStringLen, 4u);
-}
-
-TEST(SortLinesForm, LengthWithoutANumberEndsInTheRunTimesException) {
-  SortLinesForm form = EmptySubstringForm();
-  form.length = W("x");
-  EXPECT_THROW(
-      {
-        try {
-          ReadOptions(form);
-        } catch (const std::invalid_argument& failure) {
-          EXPECT_STREQ(failure.what(), "invalid stoi argument");
-          throw;
-        }
-      },
-      std::invalid_argument);
-}
-
-TEST(SortLinesForm, LengthBeyondThirtyTwoBitsEndsInTheRunTimesException) {
-  SortLinesForm form = EmptySubstringForm();
-  form.length = W("2147483648");
-  EXPECT_THROW(
-      {
-        try {
-          ReadOptions(form);
-        } catch (const std::out_of_range& failure) {
-          EXPECT_STREQ(failure.what(), "stoi argument out of range");
-          throw;
-        }
-      },
-      std::out_of_range);
-}
-
-TEST(SortLinesForm, LengthOfAnotherKeyIsNotRead) {
-  SortLinesForm form = EmptySubstringForm();
-  form.length = W("x");
-  form.endCharacter = W(";");
-  ChooseSortBy(form, SortByLine);
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.options, 0x1100011u);
-  EXPECT_EQ(options.matchChar, 0);
-  EXPECT_EQ(options.subStringLen, 0u);
-}
-
-TEST(SortLinesForm, SeparatorAndItemAreStoredForItems) {
-  SortLinesForm form = FormWith(0x14);
-  form.separator = W(",;");
-  form.item = W("3");
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.options, 0x1000014u);
-  EXPECT_EQ(options.matchChar, u',');
-  EXPECT_EQ(options.matchCharA, 0x2C);
-  EXPECT_EQ(options.lineItem, 3u);
-}
-
-TEST(SortLinesForm, ItemZeroIsReadAsZero) {
-  SortLinesForm form = FormWith(0x14, [](SortLinesOptions& options) { options.lineItem = 5; });
-  form.item = W("0");
-  EXPECT_EQ(ReadOptions(form).lineItem, 0u);
-}
-
-TEST(SortLinesForm, EmptySeparatorLeavesTheOldOne) {
-  SortLinesForm form = FormWith(0x14, [](SortLinesOptions& options) {
-    options.matchChar = u'|';
-    options.matchCharA = '|';
-  });
-  form.separator.clear();
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.matchChar, u'|');
-  EXPECT_EQ(options.matchCharA, '|');
-}
-
-TEST(SortLinesForm, ItemOfAnotherKeyIsNotRead) {
-  SortLinesForm form = FormWith(0x14, [](SortLinesOptions& options) { options.lineItem = 5; });
-  ChooseSortBy(form, SortByLine);
-  form.item = W("8");
-  form.separator = W("x");
-  const SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.lineItem, 5u);
-  EXPECT_EQ(options.matchChar, 0);
-}
-
-TEST(SortLinesForm, MethodAndWayToSaveAreStored) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  form.sortMethod = SortAsNumber;
-  form.saveAs = SaveKeepBackup;
-  EXPECT_EQ(BitsOf(form), 0x2100101u);
-  form.saveAs = SaveDeleteBackup;
-  EXPECT_EQ(BitsOf(form), 0x4100101u);
-}
-
-TEST(SortLinesForm, DateFormatIsStoredForDatesUpToItsRoom) {
-  SortLinesForm form = FormWith(kDefaultBits);
-  form.sortMethod = SortAsDate;
-  form.dateFormat = W("%d. %B \u00E4");
-  SortLinesOptions options = ReadOptions(form);
-  EXPECT_EQ(options.options, 0x1100201u);
-  EXPECT_STREQ(options.dateFormat, "%d. %B \xE4");
-  form.dateFormat = WString(128, W('x')) + W("y");
-  options = ReadOptions(form);
-  EXPECT_EQ(std::string(options.dateFormat), std::string(128, 'x'));
-}
-
-TEST(SortLinesForm, EmptyDateFormatIsStoredForDates) {
-  SortLinesForm form = FormWith(0x201, StoreDayFormat);
-  form.dateFormat.clear();
-  EXPECT_STREQ(ReadOptions(form).dateFormat, "");
-}
-
-TEST(SortLinesForm, DateFormatOfAnotherMethodStaysWhatItWas) {
-  SortLinesForm form = FormWith(0x201, StoreDayFormat);
-  form.sortMethod = SortAsText;
-  form.dateFormat = W("%Y");
-  EXPECT_STREQ(ReadOptions(form).dateFormat, "%d");
-}
-
-TEST(SortLinesForm, BoxesAreStored) {
-  SortLinesForm form = FormWith(0x11);
-  form.languageAware = form.reverse = form.removeBlank = form.skipLeadingSpace = true;
-  EXPECT_EQ(BitsOf(form), 0x1141811u);
-}
-
-TEST(SortLinesForm, NaturalOrderAndIgnoreCaseAreStoredWithoutLanguageAwareOnlyAsIsMeant) {
-  SortLinesForm form = FormWith(0x11);
-  form.naturalNumbers = form.ignoreCase = true;
-  EXPECT_EQ(BitsOf(form), 0x100A011u);
-  form.languageAware = true;
-  EXPECT_EQ(BitsOf(form), 0x1000811u);
-}
-
-TEST(SortLinesForm, DisabledDuplicatesBoxKeepsItsBitAsIsMeant) {
-  const SortLinesForm form = FormWith(0x20011);
-  EXPECT_TRUE(form.removeDuplicates);
-  EXPECT_EQ(BitsOf(form), 0x1020011u);
 }
 
 }  // namespace

@@ -5,26 +5,10 @@
 
 #include <stdexcept>
 
+#include "data/thrown.h"
+
 namespace WQLineSorter {
 namespace {
-
-std::string InvalidTextOf(const WString& text) {
-  try {
-    Stoi(text);
-  } catch (const std::invalid_argument& failure) {
-    return failure.what();
-  }
-  return "nothing was thrown";
-}
-
-std::string RangeTextOf(const WString& text) {
-  try {
-    Stoi(text);
-  } catch (const std::out_of_range& failure) {
-    return failure.what();
-  }
-  return "nothing was thrown";
-}
 
 TEST(Stoi, ReadsDigitsBehindSpaceAndSignUpToTheNextCharacter) {
   EXPECT_EQ(Stoi(W("0")), 0);
@@ -41,14 +25,16 @@ TEST(Stoi, GoesToTheEndsOfThirtyTwoBits) {
 
 TEST(Stoi, WithoutADigitTheArgumentIsInvalid) {
   for (const WCHAR* text : {W(""), W(" "), W("-"), W("+ 1"), W("x1"), W("--1")}) {
-    EXPECT_EQ(InvalidTextOf(text), "invalid stoi argument") << ToUtf8(text);
+    EXPECT_EQ(TextThrownBy<std::invalid_argument>([text] { Stoi(text); }), "invalid stoi argument")
+        << ToUtf8(text);
   }
 }
 
 TEST(Stoi, BeyondThirtyTwoBitsTheArgumentIsOutOfRange) {
   for (const WCHAR* text : {W("2147483648"), W("-2147483649"), W("4294967295"), W("9223372036854775808"),
                             W("99999999999999999999999999"), W("-99999999999999999999999999")}) {
-    EXPECT_EQ(RangeTextOf(text), "stoi argument out of range") << ToUtf8(text);
+    EXPECT_EQ(TextThrownBy<std::out_of_range>([text] { Stoi(text); }), "stoi argument out of range")
+        << ToUtf8(text);
   }
 }
 

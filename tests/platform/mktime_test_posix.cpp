@@ -8,6 +8,7 @@
 #include <random>
 
 #include "platform/windows_api.h"
+#include "support/time_of.h"
 
 namespace {
 
@@ -24,17 +25,6 @@ void InZone(const char* zone, Check check) {
     std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
   };
   EXPECT_EXIT(checkAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "") << zone;
-}
-
-std::tm TimeOf(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
-  std::tm time{};
-  time.tm_year = year - 1900;
-  time.tm_mon = month - 1;
-  time.tm_mday = day;
-  time.tm_hour = hour;
-  time.tm_min = minute;
-  time.tm_sec = second;
-  return time;
 }
 
 std::int64_t Seconds(std::tm time) { return _mktime64(&time); }
