@@ -4,7 +4,7 @@
 #include "frame/services/host_objects.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
-#include "frame/services/target_name.h"
+#include "frame/services/target_files.h"
 #include "linesorter/sort_file.h"
 
 namespace WQLineSorter {
@@ -12,54 +12,21 @@ namespace {
 
 using namespace Velmora::SDK;
 
-// More than the longest path of the system.
-constexpr u32 kMostPathChars = 32768;
-
 // Modes of kListResult.
 constexpr u32 kSortedFiles = 0;
 constexpr u32 kFailedFiles = 1;
 
 constexpr u32 kLogCategory = 0;
 
-using ItemPath = const WCHAR* (IHostFileItem::*)(WCHAR*, u32);
-
-WString PathOf(IHostFileItem& item, ItemPath path) {
-  WString text(kMostPathChars, WCHAR());
-  (item.*path)(text.data(), kMostPathChars);
-  text.resize(ViewOf(text.c_str()).size());
-  return text;
-}
-
-WString TargetOf(IHostFileItem& item, const WString& pattern) {
-  WString target = PathOf(item, &IHostFileItem::GetFolderPath);
-  if (!target.ends_with(W('\\'))) target += W('\\');
-  return target + BuildTargetName(item, pattern);
-}
-
-bool Exists(const WString& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
-
 int ShowBox(IHostApp& host, const WString& text, u32 style) {
   const WString title = LanguageText(host, kTextSortTitle);
   return host.MessageBox(title.c_str(), text.c_str(), style);
 }
 
-enum class Permission { kGo, kSkip, kCancel };
-
-Permission AskAboutTarget(SortLinesJob& job, const WString& target) {
-  const bool isNewFile = (job.options.options & SaveAsNewFile) != 0;
-  if (!isNewFile || !Exists(target)) return Permission::kGo;
-  if ((job.options.options & SortSilent) != 0) {
-    return (job.options.options & SaveOverwrite) != 0 ? Permission::kGo : Permission::kSkip;
-  }
-  switch (ShowBox(job.host, LanguageText(job.host, kTextTargetExists), MB_YESNOCANCEL | MB_ICONQUESTION)) {
-    case IDYES:
-      job.options.options |= SaveOverwrite;
-      return Permission::kGo;
-    case IDNO:
-      return Permission::kSkip;
-    default:
-      return Permission::kCancel;
-  }
+TargetAnswer AskAboutTarget(SortLinesJob& job, const WString& target) {
+  const auto has = [&job](std::uint32_t bits) { return (job.options.options & bits) != 0; };
+  if (!has(SaveAsNewFile)) return TargetAnswer::kFree;
+  return AskAboutTarget(job.host, target, TargetRule{kTextSortTitle, has(SortSilent), has(SaveOverwrite)});
 }
 
 // What becomes of the files. The skipped ones are in neither list.
@@ -79,16 +46,19 @@ void AddTo(HostObject<IHostFileList>& list, IHostFileItem& item) {
 bool RunOne(SortLinesJob& job, IHostFileItem& item, Outcome& outcome) {
   IHostApp& host = job.host;
   const WString source = PathOf(item, &IHostFileItem::GetFullPath);
-  const WString target = TargetOf(item, job.targetPattern);
+  const WString target = TargetPath(PathOf(item, &IHostFileItem::GetFolderPath), item, job.targetPattern);
   switch (AskAboutTarget(job, target)) {
-    case Permission::kCancel:
+    case TargetAnswer::kCancel:
       return false;
-    case Permission::kSkip:
+    case TargetAnswer::kSkip:
       ++outcome.notSorted;
       host.LogMessage(kLogCategory, kLogInformation, W("[SortLines] - Skipped to sortline in file : %s"),
                       source.c_str());
       return true;
-    case Permission::kGo:
+    case TargetAnswer::kReplace:
+      job.options.options |= SaveOverwrite;
+      break;
+    case TargetAnswer::kFree:
       break;
   }
   SortResult result;

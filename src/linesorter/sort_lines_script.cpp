@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "frame/services/script_file.h"
+#include "frame/services/script_values.h"
 #include "frame/services/script_words.h"
 #include "linesorter/code_page_text.h"
 #include "linesorter/sort_lines_job.h"
@@ -12,11 +13,6 @@ using namespace Velmora::SDK;
 using namespace WQLineSorter;
 
 namespace {
-
-struct Switch {
-  const char* name;
-  SortLinesOption option;
-};
 
 struct NumberParameter {
   const char* name;
@@ -42,7 +38,7 @@ constexpr NumberParameter kKeptLines[] = {
 };
 
 // Scripts depend on "NATRUALNUMORDER" as it is spelled.
-constexpr Switch kSwitches[] = {
+constexpr ScriptSwitch kSwitches[] = {
   {"SKIPLEADINGSPACE", SortSkipLeadingSpace},
   {"IGNORECASE", SortIgnoreCase},
   {"LANGUAGEORDER", SortLanguageAware},
@@ -50,21 +46,20 @@ constexpr Switch kSwitches[] = {
   {"REVERSE", SortReverse},
   {"OVERWRITE", SaveOverwrite},
 };
+
+// The first one given; without one a new file is written.
+constexpr ScriptSwitch kSaveModes[] = {
+  {"KEEPBACKUP", SaveKeepBackup},
+  {"DELETE", SaveDeleteBackup},
+};
 // clang-format on
 
 // Of the date format in the record.
 constexpr std::size_t kMostDateFormatBytes = 127;
 
-// The call owns its texts only until its next operation.
-std::optional<WString> ValueOf(IHostCommandCall& call, const char* name) {
-  const WCHAR* const value = call.GetValue(name);
-  if (!value) return std::nullopt;
-  return WString(value);
-}
-
 // 0 for a number that is absent or empty.
 std::uint32_t NumberOf(IHostCommandCall& call, const char* name) {
-  const WString value = ValueOf(call, name).value_or(WString());
+  const WString value = ScriptValue(call, name).value_or(WString());
   return value.empty() ? 0 : static_cast<std::uint32_t>(Stoi(value));
 }
 
@@ -75,7 +70,7 @@ void SetFirstMatchChar(SortLinesOptions& options, const WString& text) {
 
 void ReadSubstring(IHostCommandCall& call, SortLinesOptions& options) {
   options.subStringLen = NumberOf(call, "SUBSTRLEN");
-  if (const std::optional<WString> endChar = ValueOf(call, "ENDCHAR")) {
+  if (const std::optional<WString> endChar = ScriptValue(call, "ENDCHAR")) {
     SetFirstMatchChar(options, *endChar);
     options.options |= SortEndAtChar;
   } else if (call.HasFlag("ENDATWHITESPACE")) {
@@ -84,14 +79,14 @@ void ReadSubstring(IHostCommandCall& call, SortLinesOptions& options) {
 }
 
 void ReadItem(IHostCommandCall& call, SortLinesOptions& options) {
-  if (const std::optional<WString> separator = ValueOf(call, "ITEMSEP"))
+  if (const std::optional<WString> separator = ScriptValue(call, "ITEMSEP"))
     SetFirstMatchChar(options, *separator);
   options.lineItem = NumberOf(call, "ITEM");
 }
 
 // A word that is none of the three sorts by no key of its own: this is meant.
 void ReadSortBy(IHostCommandCall& call, SortLinesOptions& options) {
-  const WString word = ValueOf(call, "SORTBY").value_or(WString());
+  const WString word = ScriptValue(call, "SORTBY").value_or(WString());
   const std::uint32_t sortBy = word.empty() ? SortByLine : FindScriptWord(word, kSortBy).value_or(0);
   options.options |= sortBy;
   if (sortBy == SortBySubstring) ReadSubstring(call, options);
@@ -105,18 +100,13 @@ void ReadPositions(IHostCommandCall& call, SortLinesOptions& options) {
 }
 
 void ReadSortAs(IHostCommandCall& call, SortLinesOptions& options) {
-  const WString word = ValueOf(call, "SORTAS").value_or(WString());
+  const WString word = ScriptValue(call, "SORTAS").value_or(WString());
   const std::uint32_t sortAs = FindScriptWord(word, kSortAs).value_or(SortAsText);
   options.options |= sortAs;
   if (sortAs != SortAsDate) return;
-  if (const std::optional<WString> format = ValueOf(call, "DATEFORMAT")) {
+  if (const std::optional<WString> format = ScriptValue(call, "DATEFORMAT")) {
     SetDateFormat(options, *format, kMostDateFormatBytes);
   }
-}
-
-SortLinesOption ReadSaveMode(IHostCommandCall& call) {
-  if (call.HasFlag("KEEPBACKUP")) return SaveKeepBackup;
-  return call.HasFlag("DELETE") ? SaveDeleteBackup : SaveAsNewFile;
 }
 
 }  // namespace
@@ -125,19 +115,17 @@ SortLinesOptions ReadSortLinesParameters(IHostCommandCall& call) {
   SortLinesOptions options;
   ReadSortBy(call, options);
   ReadPositions(call, options);
-  for (const Switch& row : kSwitches) {
-    if (call.HasFlag(row.name)) options.options |= row.option;
-  }
+  options.options |= ReadScriptSwitches(call, kSwitches);
   ReadSortAs(call, options);
-  options.options |= ReadSaveMode(call);
+  options.options |= FirstScriptSwitch(call, kSaveModes, SaveAsNewFile);
   if (call.HasFlag("SILENT")) options.options |= SortSilent;
   return options;
 }
 
 s32 SortLinesScript(IHostApp& host, IHostCommandCall& call) {
-  const std::optional<WString> path = ValueOf(call, "FILE");
+  const std::optional<WString> path = ScriptValue(call, "FILE");
   if (!path) return 0;
-  std::optional<WString> target = ValueOf(call, "TARGET");
+  std::optional<WString> target = ScriptValue(call, "TARGET");
   if (!target) return 0;
 
   const ScriptFile file(host, *path);

@@ -30,6 +30,39 @@ TEST(MoveToBackup, BackupPathIsCutAt260CharactersAndTheMoveIsNot) {
   EXPECT_EQ(scratch.Read(name + W(".bak")), "bytes");
 }
 
+TEST(DeleteBackup, NameThatMayHaveBeenCutIsThatOfAnotherFileAndStays) {
+  const ScratchFolder scratch;
+  const WString folder = WString(200, W('f'));
+  scratch.MakeFolder(folder);
+  const std::size_t beforeName = scratch.Path(folder).size() + 1;
+  ASSERT_LT(beforeName, 250u);
+  // One whole name of 259 characters, and one of 260 that another name has been cut to.
+  for (const std::size_t size : {259, 260}) {
+    const WString name = folder + W("\\") + WString(size - beforeName, W('n'));
+    const WString path = scratch.Write(name, "bytes");
+    ASSERT_EQ(path.size(), size);
+    WCHAR backup[kBackupPathSize];
+    CopyTerminated(backup, kBackupPathSize, WStringView(path));
+    DeleteBackup(backup);
+    EXPECT_EQ(scratch.Exists(name), size == 260);
+  }
+}
+
+TEST(DeleteBackup, AttributesAreSetOnlyWhereTheyStandInTheWay) {
+  for (const DWORD attributes : {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY}) {
+    const ScratchFolder scratch;
+    const WString path = scratch.Write(W("a.txt"), "bytes");
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), attributes));
+    WCHAR backup[kBackupPathSize];
+    ASSERT_TRUE(MoveToBackup(path.c_str(), backup));
+    const Faults::Scope faults;
+    Faults::Watch("SetFileAttributesW");
+    DeleteBackup(backup);
+    EXPECT_EQ(Faults::CallCount("SetFileAttributesW"), attributes == FILE_ATTRIBUTE_READONLY ? 1 : 0);
+    EXPECT_FALSE(scratch.Exists(W("a.txt.bak")));
+  }
+}
+
 TEST(MakeUniqueFileName, LooksAtThePathAndThenAtEachCandidateOnce) {
   const ScratchFolder scratch;
   WString path = scratch.Write(W("a.txt"), "");

@@ -119,3 +119,36 @@ TEST(MoveToBackup, TargetThatDoesNotExistIsItsOwnBackupName) {
   EXPECT_EQ(WString(backup.text), scratch.Path(W("none.txt")));
   EXPECT_THAT(scratch.Names(), testing::IsEmpty());
 }
+
+TEST(DeleteBackup, DeletesTheFileUnderTheNameOfTheMove) {
+  const ScratchFolder scratch;
+  scratch.Write(W("b.txt"), "");
+  BackupPath backup;
+  EXPECT_TRUE(MoveToBackup(scratch.Write(W("a.txt"), "bytes").c_str(), backup.text));
+  DeleteBackup(backup.text);
+  EXPECT_THAT(scratch.Names(), testing::ElementsAre(W("b.txt")));
+}
+
+TEST(DeleteBackup, TakesOffTheAttributesThatKeepAFile) {
+  const ScratchFolder scratch;
+  for (const DWORD attributes :
+       {FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}) {
+    const WString path = scratch.Write(W("a.txt"), "bytes");
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), attributes));
+    BackupPath backup;
+    EXPECT_TRUE(MoveToBackup(path.c_str(), backup.text));
+    DeleteBackup(backup.text);
+    EXPECT_THAT(scratch.Names(), testing::IsEmpty());
+  }
+}
+
+TEST(DeleteBackup, EmptyNameAndANameThatIsNotThereAreNoFailure) {
+  const ScratchFolder scratch;
+  scratch.Write(W("b.txt"), "bytes");
+  BackupPath backup;
+  backup.text[0] = 0;
+  DeleteBackup(backup.text);
+  EXPECT_FALSE(MoveToBackup(scratch.Path(W("none.txt")).c_str(), backup.text));
+  DeleteBackup(backup.text);
+  EXPECT_THAT(scratch.Names(), testing::ElementsAre(W("b.txt")));
+}

@@ -2,12 +2,12 @@
 
 #include <array>
 
+#include "frame/services/path_exists.h"
+
 namespace {
 
 constexpr int kFirstNumber = 2;
 constexpr int kLastNumber = 9999;
-
-bool Exists(const WString& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 // "_(0002)": four digits at least.
 WString NumberMark(int number) {
@@ -21,9 +21,9 @@ WString NumberMark(int number) {
 }  // namespace
 
 bool MakeUniqueFileName(WString& path, const WString& suffix) {
-  if (!Exists(path)) return true;
+  if (!PathExists(path)) return true;
   WString candidate = path + suffix;
-  for (int number = kFirstNumber; Exists(candidate); ++number) {
+  for (int number = kFirstNumber; PathExists(candidate); ++number) {
     if (number > kLastNumber) return false;
     candidate = path + NumberMark(number) + suffix;
   }
@@ -37,4 +37,16 @@ bool MoveToBackup(const WCHAR* path, std::span<WCHAR, kBackupPathSize> backupPat
   if (!MakeUniqueFileName(backup, W(".bak"))) return false;
   CopyTerminated(backupPath.data(), backupPath.size(), WStringView(backup));
   return MoveFileW(path, backup.c_str()) != 0;
+}
+
+void DeleteBackup(std::span<const WCHAR, kBackupPathSize> backupPath) {
+  constexpr DWORD kGuarding = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+  const WCHAR* const path = backupPath.data();
+  const std::size_t length = ViewOf(path).size();
+  if (length == 0 || length >= kBackupPathSize - 1) return;
+  const DWORD attributes = GetFileAttributesW(path);
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kGuarding) != 0) {
+    SetFileAttributesW(path, attributes & ~kGuarding);
+  }
+  DeleteFileW(path);
 }

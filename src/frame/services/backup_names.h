@@ -16,3 +16,8 @@ constexpr std::size_t kBackupPathSize = 261;
 // whether the move worked; `backupPath` gets the name, cut to 260 characters, or is left empty when all
 // names are taken. A path that does not exist is its own backup name, and its move has no effect.
 bool MoveToBackup(const WCHAR* path, std::span<WCHAR, kBackupPathSize> backupPath);
+
+// Deletes a backup under the name that MoveToBackup gave, and takes off before what would keep it: the
+// attributes read-only, hidden and system. A name that fills its room may have been cut and be that of
+// another file; such a backup stays. An empty name is none. Failures are silent.
+void DeleteBackup(std::span<const WCHAR, kBackupPathSize> backupPath);
