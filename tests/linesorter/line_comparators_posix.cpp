@@ -2,6 +2,8 @@
 // memory.
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "linesorter/line_comparators.h"
 #include "linesorter/widths.h"
 #include "platform/posix/faults.h"
@@ -38,6 +40,38 @@ void WatchAll() {
   for (const char* function : kCompareFunctions) Faults::Watch(function);
   Faults::Watch("FreeLibrary");
 }
+
+// Whatever look-up fails, `check` compares twice, and both times with the older function.
+void ExpectTheOlderFunction(const std::function<void()>& check) {
+  for (const char* lookUp : kLookUps) {
+    SCOPED_TRACE(lookUp);
+    const Faults::Scope faults;
+    Faults::Fail(lookUp, 1, ERROR_PROC_NOT_FOUND);
+    Faults::Watch("CompareStringEx");
+    Faults::Watch("CompareStringW");
+    check();
+    EXPECT_EQ(Faults::CallCount("CompareStringEx"), 0);
+    EXPECT_EQ(Faults::CallCount("CompareStringW"), 2);
+  }
+}
+
+// One of each comparator that asks the system, with the older function too.
+struct AllComparators {
+  void ExpectBefore(const char* left, const char* right, bool expected) {
+    SCOPED_TRACE(std::string(left) + "|" + right);
+    EXPECT_EQ(Before<char>(bytes, left, right), expected);
+    EXPECT_EQ(Before<char>(widened, left, right), expected);
+    EXPECT_EQ(Before<WCHAR>(ordinal, In<WCHAR>(left), In<WCHAR>(right)), expected);
+    EXPECT_EQ(Before<WCHAR>(units, In<WCHAR>(left), In<WCHAR>(right)), expected);
+    EXPECT_EQ(Before<WCHAR>(older, In<WCHAR>(left), In<WCHAR>(right)), expected);
+  }
+
+  LineCompare_OrdinalW ordinal;
+  LineCompare_LanguageAware_StringCompareA bytes;
+  LineCompare_LanguageAware_StringCompareEx<WCHAR> units;
+  LineCompare_LanguageAware_StringCompareEx<WCHAR> older{false};
+  LineCompare_LanguageAware_WFallback widened;
+};
 
 }  // namespace
 
@@ -82,34 +116,22 @@ TEST(CompareUnitsWithoutTheSystem, ReadsKeysAtOddPlaces) {
 }
 
 TEST(CompareByLanguageWithoutItsFunction, UsesTheOlderOneWithTheSameFlags) {
-  for (const char* lookUp : kLookUps) {
-    const Faults::Scope faults;
-    Faults::Fail(lookUp, 1, ERROR_PROC_NOT_FOUND);
-    Faults::Watch("CompareStringEx");
-    Faults::Watch("CompareStringW");
+  ExpectTheOlderFunction([] {
     LineCompare_LanguageAware_StringCompareEx<WCHAR> comparator;
     comparator.compareFlags = kLinguisticDigits;
-    EXPECT_TRUE(Before<WCHAR>(comparator, W("a9"), W("A10"))) << lookUp;
+    EXPECT_TRUE(Before<WCHAR>(comparator, W("a9"), W("A10")));
     comparator.compareFlags = kLinguistic;
-    EXPECT_TRUE(Before<WCHAR>(comparator, W("A10"), W("a9"))) << lookUp;
-    EXPECT_EQ(Faults::CallCount("CompareStringEx"), 0);
-    EXPECT_EQ(Faults::CallCount("CompareStringW"), 2);
-  }
+    EXPECT_TRUE(Before<WCHAR>(comparator, W("A10"), W("a9")));
+  });
 }
 
 TEST(CompareByLanguageWithoutItsFunction, UsesTheOlderOneForWidenedBytesToo) {
-  for (const char* lookUp : kLookUps) {
-    const Faults::Scope faults;
-    Faults::Fail(lookUp, 1, ERROR_PROC_NOT_FOUND);
-    Faults::Watch("CompareStringEx");
-    Faults::Watch("CompareStringW");
+  ExpectTheOlderFunction([] {
     LineCompare_LanguageAware_WFallback comparator;
     comparator.compareFlags = kLinguisticDigits;
-    EXPECT_TRUE(Before<char>(comparator, "a9", "A10")) << lookUp;
-    EXPECT_FALSE(Before<char>(comparator, "a10", "A9")) << lookUp;
-    EXPECT_EQ(Faults::CallCount("CompareStringEx"), 0);
-    EXPECT_EQ(Faults::CallCount("CompareStringW"), 2);
-  }
+    EXPECT_TRUE(Before<char>(comparator, "a9", "A10"));
+    EXPECT_FALSE(Before<char>(comparator, "a10", "A9"));
+  });
 }
 
 TEST(CompareByLanguageWithoutItsFunction, IsNotLookedUpIfNotWanted) {
@@ -185,17 +207,9 @@ TEST(ComparatorsLookUp, ALibraryThatWasNotLoadedIsNotFreed) {
 TEST(ComparatorsThatFail, PutTheLeftKeyFirst) {
   const Faults::Scope faults;
   for (const char* function : kCompareFunctions) Faults::Fail(function, 1, ERROR_INVALID_FLAGS, true);
-  LineCompare_OrdinalW ordinal;
-  LineCompare_LanguageAware_StringCompareA bytes;
-  LineCompare_LanguageAware_StringCompareEx<WCHAR> units;
-  LineCompare_LanguageAware_StringCompareEx<WCHAR> older(false);
-  LineCompare_LanguageAware_WFallback widened;
+  AllComparators comparators;
   for (const auto& [left, right] : {std::pair{"a", "b"}, std::pair{"b", "a"}, std::pair{"a", "a"}}) {
-    EXPECT_TRUE(Before<char>(bytes, left, right)) << left << right;
-    EXPECT_TRUE(Before<char>(widened, left, right)) << left << right;
-    EXPECT_TRUE(Before<WCHAR>(ordinal, In<WCHAR>(left), In<WCHAR>(right))) << left << right;
-    EXPECT_TRUE(Before<WCHAR>(units, In<WCHAR>(left), In<WCHAR>(right))) << left << right;
-    EXPECT_TRUE(Before<WCHAR>(older, In<WCHAR>(left), In<WCHAR>(right))) << left << right;
+    comparators.ExpectBefore(left, right, true);
   }
   EXPECT_EQ(Faults::CallCount("CompareStringA"), 3);
   EXPECT_EQ(Faults::CallCount("CompareStringW"), 3);
@@ -206,18 +220,9 @@ TEST(ComparatorsThatFail, PutTheLeftKeyFirst) {
 TEST(ComparatorsThatFail, AreNotAskedForEmptyKeys) {
   const Faults::Scope faults;
   for (const char* function : kCompareFunctions) Faults::Fail(function, 1, ERROR_INVALID_FLAGS, true);
-  LineCompare_OrdinalW ordinal;
-  LineCompare_LanguageAware_StringCompareA bytes;
-  LineCompare_LanguageAware_StringCompareEx<WCHAR> units;
-  LineCompare_LanguageAware_StringCompareEx<WCHAR> older(false);
-  LineCompare_LanguageAware_WFallback widened;
+  AllComparators comparators;
   for (const auto& [left, right] : {std::pair{"", "a"}, std::pair{"a", ""}, std::pair{"", ""}}) {
-    const bool expected = *left == '\0' && *right != '\0';
-    EXPECT_EQ(Before<char>(bytes, left, right), expected);
-    EXPECT_EQ(Before<char>(widened, left, right), expected);
-    EXPECT_EQ(Before<WCHAR>(ordinal, In<WCHAR>(left), In<WCHAR>(right)), expected);
-    EXPECT_EQ(Before<WCHAR>(units, In<WCHAR>(left), In<WCHAR>(right)), expected);
-    EXPECT_EQ(Before<WCHAR>(older, In<WCHAR>(left), In<WCHAR>(right)), expected);
+    comparators.ExpectBefore(left, right, *left == '\0' && *right != '\0');
   }
   for (const char* function :
        {"CompareStringA", "CompareStringW", "CompareStringEx", "CompareStringOrdinal"}) {

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include <cstdio>
+#include <functional>
 #include <new>
 
 #include "linesorter/sort_file_helper.h"
@@ -21,22 +22,41 @@ namespace {
 constexpr char kFile[] = "b\nc\na\n";
 constexpr char kSortedFile[] = "a\nb\nc\n";
 
+constexpr std::uint32_t kBackups[] = {SaveKeepBackup, SaveDeleteBackup};
+
+const SortOutcome kNotOpened{ERROR_FILE_EXISTS, "Unable to open file for writing"};
+
+// The file `a.txt` in a folder of its own, sorted in place.
+struct OneFile {
+  explicit OneFile(const std::string& bytes = kFile) : path(folder.Write(W("a.txt"), bytes)) {}
+
+  SortOutcome Sort(std::uint32_t more) const { return RunSort(path, path, SortOptions(more)); }
+  std::string Bytes() const { return folder.Read(W("a.txt")); }
+  std::string BackupBytes() const { return folder.Read(W("a.txt.bak")); }
+
+  // And stands there alone.
+  void ExpectBytes(const char* expected) const {
+    EXPECT_EQ(Bytes(), expected);
+    EXPECT_THAT(folder.Names(), ElementsAre(W("a.txt")));
+  }
+
+  const ScratchFolder folder;
+  const WString path;
+};
+
 }  // namespace
 
 // Under Wine the superuser writes read-only files.
 TEST(SortFile, ReadOnlyTargetIsNotOverwritten) {
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), "b\na\n");
-  ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
-  EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)),
-            (SortOutcome{ERROR_ACCESS_DENIED, "Unable to open file for writing"}));
-  EXPECT_EQ(scratch.Read(W("a.txt")), "b\na\n");
+  const OneFile file("b\na\n");
+  ASSERT_TRUE(SetFileAttributesW(file.path.c_str(), FILE_ATTRIBUTE_READONLY));
+  EXPECT_EQ(file.Sort(SaveOverwrite), (SortOutcome{ERROR_ACCESS_DENIED, "Unable to open file for writing"}));
+  EXPECT_EQ(file.Bytes(), "b\na\n");
 }
 
 TEST(SortFileFaults, LoadFailsAndNothingIsTouched) {
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), kFile);
-  const std::string name = ToUtf8(path);
+  const OneFile file;
+  const std::string name = ToUtf8(file.path);
   const struct {
     const char* function;
     int nth;
@@ -56,56 +76,48 @@ TEST(SortFileFaults, LoadFailsAndNothingIsTouched) {
                                      std::uint32_t{SaveDeleteBackup | SaveOverwrite}}) {
       const Faults::Scope faults;
       Faults::Fail(row.function, row.nth, row.error);
-      EXPECT_EQ(RunSort(path, path, SortOptions(more)), row.outcome) << row.function << row.nth;
-      EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
-      EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+      EXPECT_EQ(file.Sort(more), row.outcome) << row.function << row.nth;
+      file.ExpectBytes(kFile);
     }
   }
   // Every handle was closed: the file can be moved.
-  EXPECT_EQ(FailureOf(MoveFileW(path.c_str(), scratch.Path(W("b.txt")).c_str())), kNoFailure);
+  EXPECT_EQ(FailureOf(MoveFileW(file.path.c_str(), file.folder.Path(W("b.txt")).c_str())), kNoFailure);
 }
 
 TEST(SortFileFaults, CreateFailsAndTheDataStandsInTheBackup) {
-  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
-    const ScratchFolder scratch;
-    const WString path = scratch.Write(W("a.txt"), kFile);
+  for (const std::uint32_t backup : kBackups) {
+    const OneFile file;
     const Faults::Scope faults;
     Faults::Fail("CreateFileW", 3, ERROR_DISK_FULL);
-    EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
-              (SortOutcome{ERROR_DISK_FULL, "Unable to open file for writing"}));
-    EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt.bak")));
-    EXPECT_EQ(scratch.Read(W("a.txt.bak")), kFile);
+    EXPECT_EQ(file.Sort(backup), (SortOutcome{ERROR_DISK_FULL, "Unable to open file for writing"}));
+    EXPECT_THAT(file.folder.Names(), ElementsAre(W("a.txt.bak")));
+    EXPECT_EQ(file.BackupBytes(), kFile);
   }
 }
 
 TEST(SortFileFaults, CreateFailsWithoutABackupAndTheDataStandsAsItWas) {
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), kFile);
+  const OneFile file;
   const Faults::Scope faults;
   Faults::Fail("CreateFileW", 3, ERROR_ACCESS_DENIED);
-  EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)),
-            (SortOutcome{ERROR_ACCESS_DENIED, "Unable to open file for writing"}));
-  EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
-  EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+  EXPECT_EQ(file.Sort(SaveOverwrite), (SortOutcome{ERROR_ACCESS_DENIED, "Unable to open file for writing"}));
+  file.ExpectBytes(kFile);
 }
 
 TEST(SortFileFaults, WriteFailsAndPartialTargetAndBackupStayAsTheyAre) {
   // Two buffers and a bit.
-  std::string file;
-  for (int i = 0; i < 70; ++i) file += std::string(999, static_cast<char>('a' + i / 3)) + "\n";
-  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
+  std::string bytes;
+  for (int i = 0; i < 70; ++i) bytes += std::string(999, static_cast<char>('a' + i / 3)) + "\n";
+  for (const std::uint32_t backup : kBackups) {
     for (int nth = 1; nth <= 3; ++nth) {
-      const ScratchFolder scratch;
-      const WString path = scratch.Write(W("a.txt"), file);
+      const OneFile file(bytes);
       const Faults::Scope faults;
       Faults::Fail("WriteFile", nth, ERROR_DISK_FULL);
       Faults::Watch("DeleteFileW");
-      EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
-                (SortOutcome{ERROR_DISK_FULL, "Failed to write data to file"}));
+      EXPECT_EQ(file.Sort(backup), (SortOutcome{ERROR_DISK_FULL, "Failed to write data to file"}));
       EXPECT_EQ(Faults::CallCount("DeleteFileW"), 0);
-      EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt"), W("a.txt.bak")));
-      EXPECT_TRUE(scratch.Read(W("a.txt.bak")) == file);
-      EXPECT_TRUE(scratch.Read(W("a.txt")) == file.substr(0, 32000 * static_cast<std::size_t>(nth - 1)));
+      EXPECT_THAT(file.folder.Names(), ElementsAre(W("a.txt"), W("a.txt.bak")));
+      EXPECT_TRUE(file.BackupBytes() == bytes);
+      EXPECT_TRUE(file.Bytes() == bytes.substr(0, 32000 * static_cast<std::size_t>(nth - 1)));
     }
   }
 }
@@ -122,27 +134,22 @@ TEST(SortFileFaults, WriteFailsIntoAnotherTargetAndTheSourceStandsAsItWas) {
 }
 
 TEST(SortFileFaults, BackupThatCannotBeMadeIsTheFailureOfTheCreate) {
-  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
-    const ScratchFolder scratch;
-    const WString path = scratch.Write(W("a.txt"), kFile);
+  for (const std::uint32_t backup : kBackups) {
+    const OneFile file;
     const Faults::Scope faults;
     Faults::Fail("MoveFileW", 1, ERROR_SHARING_VIOLATION);
-    EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
-              (SortOutcome{ERROR_FILE_EXISTS, "Unable to open file for writing"}));
-    EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
-    EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+    EXPECT_EQ(file.Sort(backup), kNotOpened);
+    file.ExpectBytes(kFile);
   }
 }
 
 TEST(SortFileFaults, BackupThatCannotBeMadeIsMeantNotToStopAnOverwrite) {
-  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
-    const ScratchFolder scratch;
-    const WString path = scratch.Write(W("a.txt"), kFile);
+  for (const std::uint32_t backup : kBackups) {
+    const OneFile file;
     const Faults::Scope faults;
     Faults::Fail("MoveFileW", 1, ERROR_SHARING_VIOLATION);
-    EXPECT_EQ(RunSort(path, path, SortOptions(backup | SaveOverwrite)), kSorted);
-    EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile);
-    EXPECT_THAT(scratch.Names(), ElementsAre(W("a.txt")));
+    EXPECT_EQ(file.Sort(backup | SaveOverwrite), kSorted);
+    file.ExpectBytes(kSortedFile);
   }
 }
 
@@ -153,18 +160,17 @@ TEST(SortFileFaults, ADriveThatIsGoneForAMomentNeverTakesTheLinesWithIt) {
     for (const bool repeat : {false, true}) {
       for (int nth = 1;; ++nth) {
         ASSERT_LT(nth, 100);
-        const ScratchFolder scratch;
-        const WString path = scratch.Write(W("a.txt"), kFile);
+        const OneFile file;
         int calls = 0;
         {
           const Faults::Scope faults;
           Faults::Fail("GetFileAttributesW", nth, ERROR_BAD_NETPATH, repeat);
-          RunSort(path, path, SortOptions(more));
+          file.Sort(more);
           calls = Faults::CallCount("GetFileAttributesW");
         }
         bool isThere = false;
-        for (const WString& name : scratch.Names()) {
-          const std::string bytes = scratch.Read(name);
+        for (const WString& name : file.folder.Names()) {
+          const std::string bytes = file.folder.Read(name);
           isThere = isThere || bytes == kFile || bytes == kSortedFile;
         }
         EXPECT_TRUE(isThere) << "call " << nth << (repeat ? " and all later ones" : "") << " with " << more;
@@ -175,9 +181,8 @@ TEST(SortFileFaults, ADriveThatIsGoneForAMomentNeverTakesTheLinesWithIt) {
 }
 
 TEST(SortFileFaults, ACallThatFailsWithoutANumberIsAFailureAllTheSame) {
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), kFile);
-  const std::string name = ToUtf8(path);
+  const OneFile file;
+  const std::string name = ToUtf8(file.path);
   const struct {
     const char* function;
     int nth;
@@ -192,49 +197,46 @@ TEST(SortFileFaults, ACallThatFailsWithoutANumberIsAFailureAllTheSame) {
       {"WriteFile", 1, "Failed to write data to file"},
   };
   for (const auto& row : rows) {
-    scratch.Write(W("a.txt"), kFile);
+    file.folder.Write(W("a.txt"), kFile);
     const Faults::Scope faults;
     Faults::Fail(row.function, row.nth, ERROR_SUCCESS);
-    EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)), (SortOutcome{ERROR_GEN_FAILURE, row.text}))
+    EXPECT_EQ(file.Sort(SaveOverwrite), (SortOutcome{ERROR_GEN_FAILURE, row.text}))
         << row.function << row.nth;
   }
 }
 
 TEST(SortFileFaults, WithoutAFreeBackupNameTheTargetStaysAndNothingIsDeleted) {
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), kFile);
-  scratch.Write(W("a.txt.bak"), "");
+  const OneFile file;
+  file.folder.Write(W("a.txt.bak"), "");
   for (int number = 2; number <= 9999; ++number) {
     char name[32];
     std::snprintf(name, sizeof name, "a.txt_(%04d).bak", number);
-    scratch.Write(FromUtf8(name), "");
+    file.folder.Write(FromUtf8(name), "");
   }
-  for (const std::uint32_t backup : {std::uint32_t{SaveKeepBackup}, std::uint32_t{SaveDeleteBackup}}) {
-    EXPECT_EQ(RunSort(path, path, SortOptions(backup)),
-              (SortOutcome{ERROR_FILE_EXISTS, "Unable to open file for writing"}));
-    EXPECT_EQ(scratch.Read(W("a.txt")), kFile);
+  for (const std::uint32_t backup : kBackups) {
+    EXPECT_EQ(file.Sort(backup), kNotOpened);
+    EXPECT_EQ(file.Bytes(), kFile);
   }
   const Faults::Scope faults;
   Faults::Watch("DeleteFileW");
   Faults::Watch("MoveFileW");
-  EXPECT_EQ(RunSort(path, path, SortOptions(SaveDeleteBackup | SaveOverwrite)), kSorted);
-  EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile);
+  EXPECT_EQ(file.Sort(SaveDeleteBackup | SaveOverwrite), kSorted);
+  EXPECT_EQ(file.Bytes(), kSortedFile);
   EXPECT_EQ(Faults::CallCount("DeleteFileW"), 0);
   EXPECT_EQ(Faults::CallCount("MoveFileW"), 0);
-  EXPECT_EQ(scratch.Names().size(), 10000u);
+  EXPECT_EQ(file.folder.Names().size(), 10000u);
 }
 
 TEST(SortFileFaults, BackupThatCannotBeDeletedStaysAndTheRunIsASuccess) {
   for (const char* function : {"DeleteFileW", "GetFileAttributesW", "SetFileAttributesW"}) {
-    const ScratchFolder scratch;
-    const WString path = scratch.Write(W("a.txt"), kFile);
-    ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
+    const OneFile file;
+    ASSERT_TRUE(SetFileAttributesW(file.path.c_str(), FILE_ATTRIBUTE_READONLY));
     const Faults::Scope faults;
     // The source, the target and its backup's name are asked for before, and then the backup's attributes.
     Faults::Fail(function, function == std::string("GetFileAttributesW") ? 4 : 1, ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RunSort(path, path, SortOptions(SaveDeleteBackup)), kSorted) << function;
-    EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile) << function;
-    EXPECT_EQ(scratch.Read(W("a.txt.bak")), kFile) << function;
+    EXPECT_EQ(file.Sort(SaveDeleteBackup), kSorted) << function;
+    EXPECT_EQ(file.Bytes(), kSortedFile) << function;
+    EXPECT_EQ(file.BackupBytes(), kFile) << function;
   }
 }
 
@@ -244,36 +246,33 @@ TEST(SortFileFaults, AttributesOfABackupAreSetOnlyWhereTheyStandInTheWay) {
     int calls;
   } rows[] = {{FILE_ATTRIBUTE_NORMAL, 0}, {FILE_ATTRIBUTE_READONLY, 1}};
   for (const auto& row : rows) {
-    const ScratchFolder scratch;
-    const WString path = scratch.Write(W("a.txt"), kFile);
-    ASSERT_TRUE(SetFileAttributesW(path.c_str(), row.attributes));
+    const OneFile file;
+    ASSERT_TRUE(SetFileAttributesW(file.path.c_str(), row.attributes));
     const Faults::Scope faults;
     Faults::Watch("SetFileAttributesW");
     Faults::Watch("DeleteFileW");
-    EXPECT_EQ(RunSort(path, path, SortOptions(SaveDeleteBackup)), kSorted);
+    EXPECT_EQ(file.Sort(SaveDeleteBackup), kSorted);
     EXPECT_EQ(Faults::CallCount("SetFileAttributesW"), row.calls);
     EXPECT_EQ(Faults::CallCount("DeleteFileW"), 1);
   }
 }
 
 TEST(SortFileFaults, KeptBackupIsNotAskedForAfterTheWrite) {
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), kFile);
+  const OneFile file;
   const Faults::Scope faults;
   Faults::Watch("SetFileAttributesW");
   Faults::Watch("DeleteFileW");
-  EXPECT_EQ(RunSort(path, path, SortOptions(SaveKeepBackup)), kSorted);
+  EXPECT_EQ(file.Sort(SaveKeepBackup), kSorted);
   EXPECT_EQ(Faults::CallCount("SetFileAttributesW"), 0);
   EXPECT_EQ(Faults::CallCount("DeleteFileW"), 0);
 }
 
 TEST(SortFileFaults, OnlyTheHeadAndOnePassOverTheFileAreRead) {
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), kFile);
+  const OneFile file;
   const Faults::Scope faults;
   for (const char* function : {"CreateFileW", "ReadFile", "WriteFile", "CloseHandle"})
     Faults::Watch(function);
-  EXPECT_EQ(RunSort(path, path, SortOptions(SaveOverwrite)), kSorted);
+  EXPECT_EQ(file.Sort(SaveOverwrite), kSorted);
   EXPECT_EQ(Faults::CallCount("CreateFileW"), 3);
   EXPECT_EQ(Faults::CallCount("ReadFile"), 2);
   EXPECT_EQ(Faults::CallCount("WriteFile"), 1);
@@ -282,34 +281,48 @@ TEST(SortFileFaults, OnlyTheHeadAndOnePassOverTheFileAreRead) {
 
 namespace {
 
-// Sorts the file in place again and again, with one allocation more each time until it succeeds. Each failure
-// is number 14 with its text, and leaves the user's data in the file or, once that was moved, in its backup.
-void ExpectNothingIsLostInPlace(std::uint32_t more, bool keepsBackup) {
-  int failures = 0;
+// Sorts with no more than so many allocations.
+SortResult SortWithin(int allocations, const WString& source, const WString& target, std::uint32_t more) {
+  const SortLinesOptions options = SortOptions(more);
+  SortResult result;
+  DWORD code = 0;
+  {
+    const Memory::Limit limit(allocations);
+    code = SortFile(result, source, target, options);
+  }
+  EXPECT_EQ(code, result.errorCode) << allocations;
+  return result;
+}
+
+// Sorts again and again, with one allocation more each time until it succeeds. Each failure is number 14 with
+// its text; where the user's data stands then is for `sort` to look at.
+void UntilMemorySuffices(const std::function<SortResult(int allocations)>& sort) {
   for (int allocations = 0;; ++allocations) {
     ASSERT_LT(allocations, 1000);
-    const ScratchFolder scratch;
-    const WString path = scratch.Write(W("a.txt"), kFile);
-    const SortLinesOptions options = SortOptions(more);
-    SortResult result;
-    DWORD code = 0;
-    {
-      const Memory::Limit limit(allocations);
-      code = SortFile(result, path, path, options);
+    const SortResult result = sort(allocations);
+    if (result.errorCode == 0) {
+      EXPECT_GT(allocations, 0) << "nothing failed";
+      return;
     }
-    EXPECT_EQ(code, result.errorCode) << allocations;
-    const bool isBackedUp = scratch.Exists(W("a.txt.bak"));
-    if (code == 0) {
-      EXPECT_EQ(scratch.Read(W("a.txt")), kSortedFile) << allocations;
-      EXPECT_EQ(isBackedUp, keepsBackup) << allocations;
-      break;
-    }
-    ++failures;
-    EXPECT_EQ(code, 14u) << allocations;
+    EXPECT_EQ(result.errorCode, 14u) << allocations;
     EXPECT_EQ(result.message, std::bad_alloc().what()) << allocations;
-    EXPECT_EQ(scratch.Read(isBackedUp ? W("a.txt.bak") : W("a.txt")), kFile) << allocations;
   }
-  EXPECT_GT(failures, 0);
+}
+
+// The data is in the file or, once that was moved, in its backup.
+void ExpectNothingIsLostInPlace(std::uint32_t more, bool keepsBackup) {
+  UntilMemorySuffices([&](int allocations) {
+    const OneFile file;
+    const SortResult result = SortWithin(allocations, file.path, file.path, more);
+    const bool isBackedUp = file.folder.Exists(W("a.txt.bak"));
+    if (result.errorCode == 0) {
+      EXPECT_EQ(file.Bytes(), kSortedFile) << allocations;
+      EXPECT_EQ(isBackedUp, keepsBackup) << allocations;
+    } else {
+      EXPECT_EQ(isBackedUp ? file.BackupBytes() : file.Bytes(), kFile) << allocations;
+    }
+    return result;
+  });
 }
 
 }  // namespace
@@ -323,28 +336,15 @@ TEST(SortFileWithoutMemory, FileWithoutABackupIsNotTouchedBeforeAllMemoryIsThere
 }
 
 TEST(SortFileWithoutMemory, SixteenBitTextTakesTheSameRoad) {
-  const std::string file(
+  const std::string bytes(
       "\xFF\xFE"
       "b\0\n\0a\0\n\0",
       10);
-  const ScratchFolder scratch;
-  const WString path = scratch.Write(W("a.txt"), file);
-  const WString target = scratch.Path(W("out"));
-  const SortLinesOptions options = SortOptions(SaveAsNewFile | SaveOverwrite);
-  int failures = 0;
-  for (int allocations = 0;; ++allocations) {
-    ASSERT_LT(allocations, 1000);
-    SortResult result;
-    DWORD code = 0;
-    {
-      const Memory::Limit limit(allocations);
-      code = SortFile(result, path, target, options);
-    }
-    if (code == 0) break;
-    ++failures;
-    EXPECT_EQ(code, 14u) << allocations;
-    EXPECT_EQ(result.message, std::bad_alloc().what()) << allocations;
-    EXPECT_EQ(scratch.Read(W("a.txt")), file) << allocations;
-  }
-  EXPECT_GT(failures, 0);
+  const OneFile file(bytes);
+  UntilMemorySuffices([&](int allocations) {
+    const SortResult result =
+        SortWithin(allocations, file.path, file.folder.Path(W("out")), SaveAsNewFile | SaveOverwrite);
+    EXPECT_EQ(file.Bytes(), bytes) << allocations;
+    return result;
+  });
 }

@@ -28,33 +28,21 @@ class WidenedKeys : public testing::Test {
     EXPECT_EQ(Before(std::string(size, left), std::string(size, right)), left < right);
   }
 
-  void ExpectEqual(std::string_view lhs, std::string_view rhs) {
-    for (const std::size_t size : {10u, 200u}) {
-      Fill(size, 'a', 'z');
-      EXPECT_FALSE(Before(lhs, rhs));
-      Fill(size, 'z', 'a');
-      EXPECT_FALSE(Before(lhs, rhs));
-      Fill(size, 'a', 'z');
-      EXPECT_FALSE(Before(rhs, lhs));
-      Fill(size, 'z', 'a');
-      EXPECT_FALSE(Before(rhs, lhs));
-    }
-  }
-
-  void ExpectBefore(std::string_view lhs, std::string_view rhs) {
-    for (const std::size_t size : {10u, 200u}) {
-      Fill(size, 'a', 'z');
-      EXPECT_TRUE(Before(lhs, rhs));
-      Fill(size, 'z', 'a');
-      EXPECT_TRUE(Before(lhs, rhs));
-      Fill(size, 'a', 'z');
-      EXPECT_FALSE(Before(rhs, lhs));
-      Fill(size, 'z', 'a');
-      EXPECT_FALSE(Before(rhs, lhs));
-    }
-  }
+  void ExpectEqual(std::string_view lhs, std::string_view rhs) { ExpectOrder(lhs, rhs, false); }
+  void ExpectBefore(std::string_view lhs, std::string_view rhs) { ExpectOrder(lhs, rhs, true); }
 
  private:
+  void ExpectOrder(std::string_view lhs, std::string_view rhs, bool isBefore) {
+    for (const std::size_t size : {10u, 200u}) {
+      for (const auto& [left, right] : {std::pair{'a', 'z'}, std::pair{'z', 'a'}}) {
+        Fill(size, left, right);
+        EXPECT_EQ(Before(lhs, rhs), isBefore) << size << left;
+        Fill(size, left, right);
+        EXPECT_FALSE(Before(rhs, lhs)) << size << left;
+      }
+    }
+  }
+
   LineCompare_LanguageAware_WFallback comparator_;
 };
 
