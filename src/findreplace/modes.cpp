@@ -1,6 +1,5 @@
 #include "findreplace/modes.h"
 
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -51,21 +50,13 @@ class ModeRun {
         replace_(replace),
         ignoreCase_((options.flags & IgnoreCase) != 0) {}
 
-  // The first mode of these that is set.
+  // The first mode that is set, in this order.
   void Run() {
-    struct Mode {
-      FindAndReplaceFlag flag;
-      void (ModeRun::*run)();
-    };
-    static constexpr Mode kModes[] = {
-        {ModeMultiline, &ModeRun::RunMultiline},
-        {ModeMany, &ModeRun::RunMany},
-        {ModeManySame, &ModeRun::RunManySame},
-        {ModeOne, &ModeRun::RunOne},
-    };
-    for (const Mode& mode : kModes) {
-      if ((options_.flags & mode.flag) != 0) return (this->*mode.run)();
-    }
+    const std::uint32_t flags = options_.flags;
+    if ((flags & ModeMultiline) != 0) return RunMultiline();
+    if ((flags & ModeMany) != 0) return RunMany();
+    if ((flags & ModeManySame) != 0) return RunManySame();
+    if ((flags & ModeOne) != 0) return RunOne();
   }
 
  private:

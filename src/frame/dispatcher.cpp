@@ -2,8 +2,12 @@
 
 #include <algorithm>
 
+#include "filetools/base64_file.h"
 #include "filetools/control_panel.h"
 #include "filetools/quick_rename.h"
+#include "filetools/text_conversion.h"
+#include "filetools/xml_conversion.h"
+#include "findreplace/find_and_replace_command.h"
 #include "linesorter/sort_lines_command.h"
 
 using namespace Velmora::SDK;
@@ -17,6 +21,9 @@ void ReplaceXY(IHostApp& host, s32) { ReplaceXYCommand(host); }
 void RenameSameBase(IHostApp& host, s32) { RenameSameBaseCommand(host); }
 void SetExtension(IHostApp& host, s32) { SetExtensionCommand(host); }
 void SortLines(IHostApp& host, s32) { SortLinesCommand(host); }
+void FindAndReplace(IHostApp& host, s32) { FindAndReplaceCommand(host); }
+void ConvertXml(IHostApp& host, s32 number) { ConvertXmlCommand(host, number == 30200); }
+void ConvertBase64(IHostApp& host, s32 number) { ConvertBase64Command(host, number == 30210); }
 
 // A range of command numbers, both ends included, and what runs them.
 struct CommandRow {
@@ -36,7 +43,12 @@ constexpr CommandRow kCommands[] = {
   {30040, 30041, QuickRenameCommand},
   {30050, 30050, QuickRenameCommand},
   {30060, 30060, SetExtension},
+  {30101, 30103, ConvertTextCommand},
+  {30110, 30110, ConvertTextCommand},
   {30150, 30150, SortLines},
+  {30151, 30151, FindAndReplace},
+  {30200, 30201, ConvertXml},
+  {30210, 30211, ConvertBase64},
 };
 // clang-format on
 

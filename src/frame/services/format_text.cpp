@@ -145,10 +145,12 @@ void AppendText(WString& result, const Conversion& conversion, WString text) {
   result += text;
 }
 
-// Fills the first conversions with one of `letters`, one for each value.
-WString Fill(WStringView format, WStringView letters, std::span<const std::int64_t> values,
-             std::size_t limit) {
+// Fills the first `count` conversions with one of `letters`: `append(result, conversion, index)` adds a
+// value.
+template <typename Append>
+WString Fill(WStringView format, WStringView letters, std::size_t count, std::size_t limit, Append append) {
   WString result;
+  std::size_t index = 0;
   while (!format.empty() && result.size() < limit) {
     const std::size_t plain = std::min(format.find(W('%')), format.size());
     result += format.substr(0, plain);
@@ -159,18 +161,13 @@ WString Fill(WStringView format, WStringView letters, std::span<const std::int64
       format.remove_prefix(2);
       continue;
     }
-    const Conversion conversion = values.empty() ? Conversion() : ReadConversion(format, letters);
+    const Conversion conversion = index == count ? Conversion() : ReadConversion(format, letters);
     if (conversion.size == 0) {
       result += W('%');
       format.remove_prefix(1);
       continue;
     }
-    if (kTextLetters.find(conversion.letter) != WStringView::npos) {
-      AppendText(result, conversion, FromUtf8(std::to_string(values.front())));
-    } else {
-      AppendNumber(result, conversion, values.front());
-    }
-    values = values.subspan(1);
+    append(result, conversion, index++);
     format.remove_prefix(conversion.size);
   }
   if (limit == 0) return {};
@@ -178,14 +175,26 @@ WString Fill(WStringView format, WStringView letters, std::span<const std::int64
   return result;
 }
 
+WString FillNumbers(WStringView format, WStringView letters, std::span<const std::int64_t> values,
+                    std::size_t limit) {
+  const auto append = [values](WString& result, const Conversion& conversion, std::size_t index) {
+    if (kTextLetters.find(conversion.letter) != WStringView::npos) {
+      AppendText(result, conversion, FromUtf8(std::to_string(values[index])));
+    } else {
+      AppendNumber(result, conversion, values[index]);
+    }
+  };
+  return Fill(format, letters, values.size(), limit, append);
+}
+
 }  // namespace
 
 WString FormatCounts(WStringView format, std::span<const std::int64_t> values, std::size_t limit) {
-  return Fill(format, kNumberLetters, values, limit);
+  return FillNumbers(format, kNumberLetters, values, limit);
 }
 
 WString FormatCountTexts(WStringView format, std::span<const std::int64_t> values, std::size_t limit) {
-  return Fill(format, WString(kNumberLetters).append(kTextLetters), values, limit);
+  return FillNumbers(format, WString(kNumberLetters).append(kTextLetters), values, limit);
 }
 
 WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit) {
@@ -194,4 +203,11 @@ WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit) 
 
 WString FormatCountText(WStringView format, std::uint32_t value, std::size_t limit) {
   return FormatCountTexts(format, std::array{std::int64_t{value}}, limit);
+}
+
+WString FormatText(WStringView format, WStringView text, std::size_t limit) {
+  const auto append = [text](WString& result, const Conversion& conversion, std::size_t) {
+    AppendText(result, conversion, WString(text));
+  };
+  return Fill(format, kTextLetters, 1, limit, append);
 }

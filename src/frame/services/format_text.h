@@ -20,3 +20,6 @@ WString FormatCountText(WStringView format, std::uint32_t value, std::size_t lim
 // as it stands. A number below zero may be among them.
 WString FormatCounts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
 WString FormatCountTexts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
+
+// Replaces the first text conversion of `format` by `text`.
+WString FormatText(WStringView format, WStringView text, std::size_t limit = 32768);

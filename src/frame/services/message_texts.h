@@ -12,7 +12,14 @@ enum MessageText : TextId {
   kTextSameBaseTitle = 0x000C0063,   // Rename Files of the Same Base Name: title
   kTextSameBasePrompt = 0x000D0063,  //   and prompt
   kTextSetExtensionPrompt = 0x00780063,
-  kTextReplaceTitle = 0x00640064,  // the Replace X with Y dialog
+  kTextConvertCaption = 0x000E0063,   // Convert line ends and tabs: caption
+  kTextConvertQuestion = 0x000F0063,  //   and a format with the number of files
+  kTextTabPrompt = 0x00100063,        // how many blanks a tab becomes
+  kTextTabCaption = 0x00110063,
+  kTextBase64Encode = 0x08C0006D,  // Base64: the captions, which are the menu's words too
+  kTextBase64Decode = 0x08C1006D,
+  kTextBase64TargetExists = 0x00D20065,  //   and a format with the target's path
+  kTextReplaceTitle = 0x00640064,        // the Replace X with Y dialog
   kTextReplaceOk = 0x00650064,
   kTextReplaceCancel = 0x00660064,
   kTextReplaceTop = 0x00670064,
@@ -113,6 +120,13 @@ inline constexpr MessageText kMessageTexts[] = {
     kTextSameBaseTitle,
     kTextSameBasePrompt,
     kTextSetExtensionPrompt,
+    kTextConvertCaption,
+    kTextConvertQuestion,
+    kTextTabPrompt,
+    kTextTabCaption,
+    kTextBase64Encode,
+    kTextBase64Decode,
+    kTextBase64TargetExists,
     kTextReplaceTitle,
     kTextReplaceOk,
     kTextReplaceCancel,

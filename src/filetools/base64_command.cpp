@@ -1,0 +1,61 @@
+#include <array>
+
+#include "filetools/base64_file.h"
+#include "frame/services/format_text.h"
+#include "frame/services/host_objects.h"
+#include "frame/services/language_text.h"
+#include "frame/services/message_texts.h"
+#include "frame/services/path_parts.h"
+#include "frame/services/selected_paths.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+constexpr const WCHAR* kEncodedExtension = W(".b64");
+
+// Where a file goes, and whether its header told.
+struct Target {
+  WString path;
+  bool hasHeader = false;
+};
+
+Target EncodedTarget(const PathParts& parts) { return {ChangeExtension(parts, kEncodedExtension)}; }
+
+// Without a name in the header the target may be the source itself: the question comes up, and the work
+// fails.
+Target DecodedTarget(const PathParts& parts, const WString& path) {
+  const WString name = GetEncodedFileName(path);
+  if (!name.empty()) return {parts.folder + name, true};
+  return {ChangeExtension(parts, W(""))};
+}
+
+bool MayReplace(IHostApp& host, const WString& target, bool encode) {
+  const WString text = FormatText(LanguageText(host, kTextBase64TargetExists), target);
+  const WString caption = LanguageText(host, encode ? kTextBase64Encode : kTextBase64Decode);
+  return MessageBoxW(nullptr, text.c_str(), caption.c_str(), MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+}  // namespace
+
+bool ConvertFileBase64(IHostApp& host, const WString& path, bool encode) {
+  PathParts parts;
+  SplitPath(parts, path);
+  const Target target = encode ? EncodedTarget(parts) : DecodedTarget(parts, path);
+
+  const HostService<IHostFileOperation> files(host, kServiceFileOperation);
+  if (!files || files->FileExists(path.c_str()) == 0) return false;
+  if (files->FileExists(target.path.c_str()) != 0 && !MayReplace(host, target.path, encode)) return false;
+  if (encode) {
+    EncodeFileBase64(path, target.path);
+  } else {
+    DecodeFileBase64(path, target.path, target.hasHeader);
+  }
+  return true;
+}
+
+void ConvertBase64Command(IHostApp& host, bool encode) {
+  for (const WString& path : SelectedPaths(host)) {
+    if (!path.empty()) ConvertFileBase64(host, path, encode);
+  }
+}

@@ -1,0 +1,31 @@
+// Files in Base64 with a small MIME header that keeps the original name.
+#pragma once
+
+#include <cstdint>
+
+#include "filetools/file_streams.h"
+#include "frame/services/host_app.h"
+#include "platform/text.h"
+
+// Writes `target` anew. False if a file cannot be opened or a read or write fails; a partial target stays.
+bool EncodeFileBase64(const WString& source, const WString& target);
+
+// Writes `target` anew; with `skipHeader` from FindBase64Start on. False if a file cannot be opened or a
+// write fails; a partial target stays. A read that fails ends the text, and the answer is true: this is
+// meant.
+bool DecodeFileBase64(const WString& source, const WString& target, bool skipHeader);
+
+// The name in the file's header; empty if there is none, or none that is a plain file name (it holds a path
+// separator or a colon, or is "." or "..").
+WString GetEncodedFileName(const WString& path);
+
+// Where the text behind the header begins: behind the first empty line that is the fourth line or a later
+// one, up to the tenth. 0 if there is none. Reads from the file's beginning.
+std::uint32_t FindBase64Start(FileInput& file);
+
+// One file, encoded or decoded beside itself, with a question where the target exists. False if the host has
+// no file service, the file does not exist or the answer is no; whatever the work itself came to, true.
+bool ConvertFileBase64(Velmora::SDK::IHostApp& host, const WString& path, bool encode);
+
+// 30210 with true, 30211 with false: the selected files, one after the other.
+void ConvertBase64Command(Velmora::SDK::IHostApp& host, bool encode);

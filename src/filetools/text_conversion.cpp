@@ -1,0 +1,127 @@
+#include "filetools/text_conversion.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string_view>
+
+#include "data/line_end_scan.h"
+#include "filetools/file_streams.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+// What becomes of three bytes. A null text: the byte is copied.
+struct ConversionRow {
+  s32 number;
+  const char* forCr;       // an LF behind the CR is dropped
+  const char* forCrAtEnd;  // of the file
+  const char* forLf;
+  bool convertsTabs;
+};
+
+// clang-format off
+constexpr ConversionRow kConversions[] = {
+  {kLineEndsToLf,   "\n",   "\n",    nullptr, false},
+  {kLineEndsToCrLf, "\r\n", "",      "\r\n",  false},
+  {kLineEndsToCr,   "\r",   "\r",    "\r",    false},
+  {kTabsToBlanks,   nullptr, nullptr, nullptr, true},
+};
+// clang-format on
+
+// The most blanks that a tab becomes.
+constexpr std::uint32_t kMostBlanks = 20;
+constexpr std::string_view kBlanks = "                    ";
+static_assert(kBlanks.size() == kMostBlanks);
+
+// The bytes of a file, a buffer at a time. A read that fails ends them.
+class ByteSource {
+ public:
+  bool Open(const WString& path) {
+    if (!file_.Open(path)) return false;
+    // The scan for line ends reads on behind the bytes.
+    buffer_ = std::make_unique_for_overwrite<char[]>(kStreamBytes + kScanGuard);
+    Refill();
+    return true;
+  }
+
+  // The bytes at hand, and none at the end of the file.
+  std::string_view Bytes() {
+    if (position_ == filled_) Refill();
+    return {buffer_.get() + position_, filled_ - position_};
+  }
+  void Drop(std::size_t count) { position_ += count; }
+
+ private:
+  static constexpr std::size_t kScanGuard = 16;
+
+  void Refill() {
+    position_ = filled_ = 0;
+    if (isAtEnd_) return;
+    isAtEnd_ = !file_.Read(buffer_.get(), kStreamBytes, &filled_) || filled_ < kStreamBytes;
+  }
+
+  FileInput file_;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t filled_ = 0;
+  std::size_t position_ = 0;
+  bool isAtEnd_ = false;
+};
+
+class TextConverter {
+ public:
+  TextConverter(const ConversionRow& row, std::uint32_t tabWidth, ByteSource& source, FileOutput& target)
+      : row_(row), tab_(kBlanks.substr(0, tabWidth)), source_(source), target_(target) {}
+
+  bool Run() {
+    for (;;) {
+      const std::string_view bytes = source_.Bytes();
+      if (bytes.empty()) break;
+      const std::size_t kept = FirstToConvert(bytes);
+      if (!target_.Add(bytes.data(), kept)) return false;
+      source_.Drop(kept);
+      if (kept < bytes.size() && !Convert(bytes[kept])) return false;
+    }
+    target_.Flush();
+    return true;
+  }
+
+ private:
+  std::size_t FirstToConvert(std::string_view bytes) const {
+    if (row_.convertsTabs) return std::min(bytes.find('\t'), bytes.size());
+    if (!row_.forLf) return std::min(bytes.find('\r'), bytes.size());
+    const char* const begin = bytes.data();
+    return static_cast<std::size_t>(WQDR::FindLineEnd(begin, begin + bytes.size()) - begin);
+  }
+
+  // Writes what the next byte becomes, and the byte behind a CR.
+  bool Convert(char byte) {
+    source_.Drop(1);
+    if (byte == '\t') return target_.Add(tab_.data(), tab_.size());
+    if (byte == '\n') return Add(row_.forLf);
+    const std::string_view behind = source_.Bytes();
+    if (behind.empty()) return Add(row_.forCrAtEnd);
+    source_.Drop(1);
+    if (!Add(row_.forCr)) return false;
+    return behind[0] == '\n' || target_.Add(behind.data(), 1);
+  }
+
+  bool Add(std::string_view text) { return target_.Add(text.data(), text.size()); }
+
+  const ConversionRow& row_;
+  std::string_view tab_;
+  ByteSource& source_;
+  FileOutput& target_;
+};
+
+}  // namespace
+
+bool ConvertTextFile(const WString& source, const WString& target, s32 conversion, std::uint32_t tabWidth) {
+  const auto* const row = std::ranges::find(kConversions, conversion, &ConversionRow::number);
+  if (row == std::end(kConversions)) return false;
+  ByteSource from;
+  FileOutput to;
+  if (!from.Open(source) || !to.Create(target, false)) return false;
+  return TextConverter(*row, std::min(tabWidth, kMostBlanks), from, to).Run();
+}

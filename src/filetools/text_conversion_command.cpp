@@ -1,0 +1,75 @@
+#include <ctime>
+#include <optional>
+#include <string>
+
+#include "filetools/text_conversion.h"
+#include "frame/services/format_text.h"
+#include "frame/services/host_objects.h"
+#include "frame/services/language_text.h"
+#include "frame/services/leading_number.h"
+#include "frame/services/message_texts.h"
+#include "frame/services/selected_paths.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+// The rows of the question for the blanks of a tab, and the one it begins with.
+constexpr const WCHAR* kTabWidths[] = {W("1"), W("2"), W("3"), W("4"), W("5"), W("6"), W("7"), W("8")};
+constexpr s32 kFirstTabWidth = 3;
+
+// Widths from here on are refused, those below zero with them.
+constexpr std::uint32_t kTabWidthLimit = 21;
+
+bool MayConvert(IHostApp& host, std::size_t count) {
+  const WString text =
+      FormatCount(LanguageText(host, kTextConvertQuestion), static_cast<std::uint32_t>(count));
+  const WString caption = LanguageText(host, kTextConvertCaption);
+  return MessageBoxW(nullptr, text.c_str(), caption.c_str(), MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+// Nothing if the command is to end.
+std::optional<std::uint32_t> AskTabWidth(IHostApp& host) {
+  const HostObject<IHostStringList> rows(host.CreateStringList());
+  if (!rows) return std::nullopt;
+  for (const WCHAR* row : kTabWidths) rows->Add(row);
+  AskChoiceRecord record;
+  const WString caption = LanguageText(host, kTextTabCaption);
+  const WString prompt = LanguageText(host, kTextTabPrompt);
+  CopyPadded(record.caption, std::size(record.caption), WStringView(caption));
+  CopyPadded(record.prompt, std::size(record.prompt), WStringView(prompt));
+  record.selected = kFirstTabWidth;
+  record.choices = rows.Get();
+  if (!host.AskChoice(&record)) return std::nullopt;
+  const WStringView result(record.result, std::size(record.result));
+  const auto width = static_cast<std::uint32_t>(LeadingNumber(result.substr(0, result.find(WCHAR()))));
+  return width < kTabWidthLimit ? std::optional(width) : std::nullopt;
+}
+
+}  // namespace
+
+void ConvertTextFileInPlace(IHostApp& host, const WString& path, s32 conversion, std::uint32_t tabWidth) {
+  const WString temporary = path + W(".temp") + FromUtf8(std::to_string(std::time(nullptr)));
+  const HostService<IHostFileOperation> files(host, kServiceFileOperation);
+  if (!files || files->FileExists(path.c_str()) == 0) return;
+  if (!ConvertTextFile(path, temporary, conversion, tabWidth)) {
+    DeleteFileW(temporary.c_str());
+    return;
+  }
+  // Only a file that is gone makes room for the new one; otherwise that stays beside it.
+  if (DeleteFileW(path.c_str())) MoveFileW(temporary.c_str(), path.c_str());
+}
+
+void ConvertTextCommand(IHostApp& host, s32 number) {
+  const std::vector<WString> paths = SelectedPaths(host);
+  if (paths.empty() || !MayConvert(host, paths.size())) return;
+  std::uint32_t tabWidth = 0;
+  if (number == kTabsToBlanks) {
+    const std::optional<std::uint32_t> answer = AskTabWidth(host);
+    if (!answer) return;
+    tabWidth = *answer;
+  }
+  for (const WString& path : paths) {
+    if (!path.empty()) ConvertTextFileInPlace(host, path, number, tabWidth);
+  }
+}
