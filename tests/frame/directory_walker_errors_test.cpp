@@ -5,13 +5,6 @@
 
 using Walker = DirectoryWalker;
 
-namespace {
-
-constexpr std::uint32_t kAllFiles =
-    Walker::kPassDotEntries | Walker::kNoReparsePoints | Walker::kNoFolders | Walker::kRecurse;
-
-}  // namespace
-
 TEST(DirectoryWalker, MissingFolderIsAnInvalidSearchAndThenTheEnd) {
   const ScratchFolder scratch;
   Walker walker;
@@ -107,9 +100,7 @@ TEST(DirectoryWalker, StackSlotInUseIsReportedAndNothingIsOverwritten) {
   const ScratchFolder scratch;
   scratch.MakeFolder(W("a\\b\\c"));
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = Walker::kPassDotEntries | Walker::kRecurse;
+  Prepared(walker, scratch.Path(), Walker::kPassDotEntries | Walker::kRecurse);
   ASSERT_EQ(walker.NextWithRetry(), Walker::kFolder);
   walker.descendNext = true;
   ASSERT_EQ(walker.NextWithRetry(), Walker::kFolder);
@@ -123,9 +114,7 @@ TEST(DirectoryWalker, LevelBeyondTheStackHasNoSlot) {
   const ScratchFolder scratch;
   scratch.MakeFolder(W("a"));
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   walker.depth = static_cast<std::int32_t>(Walker::kStackSize);
   EXPECT_EQ(walker.NextWithRetry(), -160);
   walker.depth = 0;
@@ -147,10 +136,8 @@ TEST(DirectoryWalker, DeepPathsAreWalkedToTheirEnd) {
   std::sort(expected.begin(), expected.end());
   Walker walker;
   walker.longPathsAllowed = true;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles | Walker::kReportFolderEnd;
-  const Walk walk = RunWalk(walker, scratch.Path());
+  const Walk walk =
+      RunWalk(Prepared(walker, scratch.Path(), kAllFiles | Walker::kReportFolderEnd), scratch.Path());
   EXPECT_EQ(walk.Of(101), expected);
   EXPECT_EQ(walk.Count(120), 7);
   EXPECT_EQ(walker.maxDepthSeen, 7);
@@ -166,8 +153,6 @@ TEST(DirectoryWalker, ReturnsFromADeepFolderToTheRestOfTheOneAbove) {
   scratch.Write(deep + W("\\inside"), "x");
   DirectoryWalker walker;
   walker.longPathsAllowed = true;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   EXPECT_EQ(RunWalk(walker, scratch.Path()).Count(101), 21);
 }

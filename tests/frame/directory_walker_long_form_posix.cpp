@@ -10,9 +10,6 @@ using Walker = DirectoryWalker;
 
 namespace {
 
-constexpr std::uint32_t kAllFiles =
-    Walker::kPassDotEntries | Walker::kNoReparsePoints | Walker::kNoFolders | Walker::kRecurse;
-
 // What a walk of `path` looks at in its first step, with a system that finds nothing.
 struct FirstLook {
   std::vector<WString> searched;
@@ -39,9 +36,7 @@ struct SmallTree {
     scratch.Write(W("one\\a"), "x");
     scratch.Write(W("top"), "x");
     walker.longPathsAllowed = longPathsAllowed;
-    walker.Reset(scratch.Path());
-    walker.pattern = W("*");
-    walker.flags = kAllFiles;
+    Prepared(walker, scratch.Path());
   }
   ScratchFolder scratch;
   Walker walker;

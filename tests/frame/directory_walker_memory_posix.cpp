@@ -17,7 +17,7 @@ Walker::Code StepWithin(Walker& walker, int allocations) {
   return walker.NextWithRetry();
 }
 
-constexpr std::uint32_t kAllFiles = Walker::kPassDotEntries | Walker::kNoFolders | Walker::kRecurse;
+constexpr std::uint32_t kFilesAndLinks = Walker::kPassDotEntries | Walker::kNoFolders | Walker::kRecurse;
 
 }  // namespace
 
@@ -48,9 +48,7 @@ TEST(WalkWithoutMemory, FolderBelowThatCannotBeEnteredOrOpenedIsLeftAndTheRestIs
   for (int allocations = 0;; ++allocations) {
     ASSERT_LT(allocations, kManyAllocations);
     Walker walker;
-    walker.Reset(scratch.Path());
-    walker.pattern = W("*");
-    walker.flags = Walker::kPassDotEntries | Walker::kRecurse;
+    Prepared(walker, scratch.Path(), Walker::kPassDotEntries | Walker::kRecurse);
     ASSERT_EQ(walker.NextWithRetry(), 102);
     walker.descendNext = true;
     const Walker::Code code = StepWithin(walker, allocations);
@@ -73,9 +71,7 @@ TEST(WalkWithoutMemory, AWalkThatLosesOneFolderFindsAllOthers) {
     scratch.Write(WString(folder) + W("\\inside"), "x");
   }
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path(), kFilesAndLinks);
   ASSERT_EQ(walker.NextWithRetry(), 101);
   ASSERT_EQ(StepWithin(walker, 0), -300);
   const Walk rest = RunWalk(walker, scratch.Path());

@@ -15,30 +15,22 @@ using Walker = DirectoryWalker;
 
 namespace {
 
-constexpr std::uint32_t kAllFiles =
-    Walker::kPassDotEntries | Walker::kNoReparsePoints | Walker::kNoFolders | Walker::kRecurse;
-
-Walker& Prepared(Walker& walker, const WString& path, std::uint32_t flags = kAllFiles) {
-  walker.Reset(path);
-  walker.pattern = W("*");
-  walker.flags = flags;
-  return walker;
-}
-
 // one\a, two\b, top.
-void MakeTree(const ScratchFolder& scratch) {
-  scratch.MakeFolder(W("one"));
-  scratch.MakeFolder(W("two"));
-  scratch.Write(W("one\\a"), "x");
-  scratch.Write(W("two\\b"), "x");
-  scratch.Write(W("top"), "x");
-}
+class Tree : public ScratchFolder {
+ public:
+  Tree() {
+    MakeFolder(W("one"));
+    MakeFolder(W("two"));
+    Write(W("one\\a"), "x");
+    Write(W("two\\b"), "x");
+    Write(W("top"), "x");
+  }
+};
 
 }  // namespace
 
 TEST(DirectoryWalker, StartFolderWithoutAccessCountsAsEmpty) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 1, ERROR_ACCESS_DENIED);
   Walker walker;
@@ -46,8 +38,7 @@ TEST(DirectoryWalker, StartFolderWithoutAccessCountsAsEmpty) {
 }
 
 TEST(DirectoryWalker, FolderBelowWithoutAccessCountsAsEmptyAndIsLeft) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_ACCESS_DENIED);
   Walker walker;
@@ -60,8 +51,7 @@ TEST(DirectoryWalker, FolderBelowWithoutAccessCountsAsEmptyAndIsLeft) {
 }
 
 TEST(DirectoryWalker, OtherFailureOfASearchIsInvalidAndTheWalkGoesOn) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_GEN_FAILURE);
   Walker walker;
@@ -72,8 +62,7 @@ TEST(DirectoryWalker, OtherFailureOfASearchIsInvalidAndTheWalkGoesOn) {
 }
 
 TEST(DirectoryWalker, PathNotFoundIsTriedAgainInItsLongForm) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 1, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -85,8 +74,7 @@ TEST(DirectoryWalker, PathNotFoundIsTriedAgainInItsLongForm) {
 }
 
 TEST(DirectoryWalker, PlainStepLeavesTheLongFormToTheCaller) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 1, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -97,8 +85,7 @@ TEST(DirectoryWalker, PlainStepLeavesTheLongFormToTheCaller) {
 }
 
 TEST(DirectoryWalker, AttributesNotFoundAskForTheLongFormToo) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("GetFileAttributesW", 1, ERROR_PATH_NOT_FOUND);
   Faults::Watch("FindFirstFileExW");
@@ -110,8 +97,7 @@ TEST(DirectoryWalker, AttributesNotFoundAskForTheLongFormToo) {
 }
 
 TEST(DirectoryWalker, AttributesAreReadOnlyWhereReparsePointsAreLeftOut) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Watch("GetFileAttributesW");
   Walker walker;
@@ -137,8 +123,7 @@ TEST(DirectoryWalker, LongFormIsDroppedOnTheWayDown) {
 }
 
 TEST(DirectoryWalker, FolderBelowNotFoundIsRetriedInItsLongForm) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -151,8 +136,7 @@ TEST(DirectoryWalker, FolderBelowNotFoundIsRetriedInItsLongForm) {
 
 // Where long paths are not allowed there is no second search of it.
 TEST(DirectoryWalker, FolderThatVanishesBelowIsInvalidAndTheWalkGoesOn) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -166,8 +150,7 @@ TEST(DirectoryWalker, FolderThatVanishesBelowIsInvalidAndTheWalkGoesOn) {
 }
 
 TEST(DirectoryWalker, EverySearchThatIsOpenedIsClosed) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Faults::Scope faults;
   Faults::Watch("FindFirstFileExW");
   Faults::Watch("FindClose");
@@ -182,8 +165,7 @@ TEST(DirectoryWalker, EverySearchThatIsOpenedIsClosed) {
 }
 
 TEST(DirectoryWalker, FolderThatIsALinkIsNotSearchedUnderTheFlag) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   std::filesystem::create_directory_symlink(scratch.NativePath(W("one")), scratch.NativePath(W("link")));
   EXPECT_EQ(WalkFolder(scratch.Path(), W("*"), kAllFiles).Of(101),
             Names({W("one\\a"), W("two\\b"), W("top")}));
@@ -192,8 +174,7 @@ TEST(DirectoryWalker, FolderThatIsALinkIsNotSearchedUnderTheFlag) {
 }
 
 TEST(DirectoryWalker, StartFolderThatIsALinkIsNotSearchedUnderTheFlag) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   std::filesystem::create_directory_symlink(scratch.NativePath(W("one")), scratch.NativePath(W("link")));
   const Walk walk = WalkFolder(scratch.Path(W("link")), W("*"), kAllFiles);
   ASSERT_EQ(walk.steps.size(), 1u);
@@ -202,8 +183,7 @@ TEST(DirectoryWalker, StartFolderThatIsALinkIsNotSearchedUnderTheFlag) {
 }
 
 TEST(DirectoryWalker, LinkToItsOwnParentDoesNotKeepTheWalkGoingForever) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   std::filesystem::create_directory_symlink(scratch.NativePath(W("one")), scratch.NativePath(W("one\\self")));
   const Walk walk =
       WalkFolder(scratch.Path(), W("*"), Walker::kPassDotEntries | Walker::kNoFolders | Walker::kRecurse);

@@ -11,18 +11,20 @@ using Walker = DirectoryWalker;
 namespace {
 
 constexpr std::uint32_t kOneFolder = Walker::kPassDotEntries | Walker::kNoReparsePoints;
-constexpr std::uint32_t kAllFiles = kOneFolder | Walker::kNoFolders | Walker::kRecurse;
 
 // top.txt (3 bytes), top.dat (5), empty\, one\a.txt (7), one\deep\b.txt (11), one\deep\deeper\c.txt (13).
-void MakeTree(const ScratchFolder& scratch) {
-  scratch.MakeFolder(W("empty"));
-  scratch.MakeFolder(W("one\\deep\\deeper"));
-  scratch.Write(W("top.txt"), std::string(3, 'x'));
-  scratch.Write(W("top.dat"), std::string(5, 'x'));
-  scratch.Write(W("one\\a.txt"), std::string(7, 'x'));
-  scratch.Write(W("one\\deep\\b.txt"), std::string(11, 'x'));
-  scratch.Write(W("one\\deep\\deeper\\c.txt"), std::string(13, 'x'));
-}
+class Tree : public ScratchFolder {
+ public:
+  Tree() {
+    MakeFolder(W("empty"));
+    MakeFolder(W("one\\deep\\deeper"));
+    Write(W("top.txt"), std::string(3, 'x'));
+    Write(W("top.dat"), std::string(5, 'x'));
+    Write(W("one\\a.txt"), std::string(7, 'x'));
+    Write(W("one\\deep\\b.txt"), std::string(11, 'x'));
+    Write(W("one\\deep\\deeper\\c.txt"), std::string(13, 'x'));
+  }
+};
 
 }  // namespace
 
@@ -72,8 +74,7 @@ TEST(DirectoryWalker, PathOfMoreThan4096CharactersIsCutAndWantsTheLongForm) {
 }
 
 TEST(DirectoryWalker, DefaultFlagsReturnAllThatFitsTheMaskAsFilesAndDoNotGoDown) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   scratch.MakeFolder(W("folder.dat"));
   scratch.Write(W("folder.dat\\inside.dat"), "x");
   Walker walker;
@@ -88,14 +89,10 @@ TEST(DirectoryWalker, DefaultFlagsReturnAllThatFitsTheMaskAsFilesAndDoNotGoDown)
 }
 
 TEST(DirectoryWalker, FoldersAreReturnedWith102AndNotEnteredUnasked) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   for (const std::uint32_t flags : {kOneFolder, kOneFolder | Walker::kRecurse}) {
     Walker walker;
-    walker.Reset(scratch.Path());
-    walker.pattern = W("*");
-    walker.flags = flags;
-    const Walk walk = RunWalk(walker, scratch.Path());
+    const Walk walk = RunWalk(Prepared(walker, scratch.Path(), flags), scratch.Path());
     EXPECT_EQ(walk.Of(101), Names({W("top.txt"), W("top.dat")}));
     EXPECT_EQ(walk.Of(102), Names({W("empty"), W("one")}));
     EXPECT_TRUE(walk.Ended());
@@ -107,8 +104,7 @@ TEST(DirectoryWalker, FoldersAreReturnedWith102AndNotEnteredUnasked) {
 }
 
 TEST(DirectoryWalker, FolderIsEnteredWhenTheCallerAsks) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Walk walk = WalkFolder(scratch.Path(), W("*"), kOneFolder | Walker::kRecurse, true);
   EXPECT_EQ(walk.Of(101), Names({W("top.txt"), W("top.dat"), W("one\\a.txt"), W("one\\deep\\b.txt"),
                                  W("one\\deep\\deeper\\c.txt")}));
@@ -117,13 +113,9 @@ TEST(DirectoryWalker, FolderIsEnteredWhenTheCallerAsks) {
 }
 
 TEST(DirectoryWalker, RecursionWithoutFoldersReturnsTheFilesOfTheWholeTree) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
-  const Walk walk = RunWalk(walker, scratch.Path());
+  const Walk walk = RunWalk(Prepared(walker, scratch.Path()), scratch.Path());
   EXPECT_EQ(walk.Of(101), Names({W("top.txt"), W("top.dat"), W("one\\a.txt"), W("one\\deep\\b.txt"),
                                  W("one\\deep\\deeper\\c.txt")}));
   EXPECT_EQ(walk.steps.size(), 6u);
@@ -136,12 +128,9 @@ TEST(DirectoryWalker, RecursionWithoutFoldersReturnsTheFilesOfTheWholeTree) {
 }
 
 TEST(DirectoryWalker, DepthAndPathAreThoseOfTheCurrentFolder) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   int seen = 0;
   while (walker.NextWithRetry() == Walker::kFile && ++seen < 100) {
     const WString name = walker.findData.cFileName;
@@ -157,8 +146,7 @@ TEST(DirectoryWalker, DepthAndPathAreThoseOfTheCurrentFolder) {
 }
 
 TEST(DirectoryWalker, FilesArePassedOverWhereOnlyFoldersAreWanted) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Walk walk =
       WalkFolder(scratch.Path(), W("*"), kOneFolder | Walker::kPassFiles | Walker::kRecurse, true);
   EXPECT_THAT(walk.Of(101), IsEmpty());
@@ -167,8 +155,7 @@ TEST(DirectoryWalker, FilesArePassedOverWhereOnlyFoldersAreWanted) {
 }
 
 TEST(DirectoryWalker, FilesPassedOverUnderTheDefaultFlagsLeaveTheFoldersAsFiles) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
   walker.Reset(scratch.Path());
   walker.pattern = W("*");
@@ -181,19 +168,15 @@ TEST(DirectoryWalker, FilesPassedOverUnderTheDefaultFlagsLeaveTheFoldersAsFiles)
 }
 
 TEST(DirectoryWalker, StepsAfterTheEndAnswerTheEnd) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   EXPECT_EQ(RunWalk(walker, scratch.Path()).Count(101), 5);
   for (int i = 0; i < 3; ++i) EXPECT_EQ(walker.NextWithRetry(), 200);
 }
 
 TEST(DirectoryWalker, EndOfEachFolderThatWasEnteredIsReportedOnRequest) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Walk walk = WalkFolder(scratch.Path(), W("*"), kAllFiles | Walker::kReportFolderEnd);
   EXPECT_EQ(walk.Count(101), 5);
   EXPECT_EQ(walk.Count(120), 4);  // empty, one, deep, deeper
@@ -213,24 +196,18 @@ TEST(DirectoryWalker, FolderEndComesBehindTheFolderAndBeforeWhatFollows) {
 }
 
 TEST(DirectoryWalker, WithoutTheRequestNoFolderEndIsReported) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   EXPECT_EQ(WalkFolder(scratch.Path(), W("*"), kAllFiles).Count(120), 0);
 }
 
 TEST(DirectoryWalker, MaxDepthKeepsTheWalkAboveIt) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   walker.maxDepth = 1;
   EXPECT_EQ(RunWalk(walker, scratch.Path()).Of(101), Names({W("top.txt"), W("top.dat"), W("one\\a.txt")}));
   EXPECT_EQ(walker.maxDepthSeen, 1);
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   walker.maxDepth = 2;
   EXPECT_EQ(RunWalk(walker, scratch.Path()).Of(101),
             Names({W("top.txt"), W("top.dat"), W("one\\a.txt"), W("one\\deep\\b.txt")}));
@@ -246,8 +223,7 @@ TEST(DirectoryWalker, DotEntriesAreReturnedOnlyWhereTheyAreWanted) {
 }
 
 TEST(DirectoryWalker, DotEntriesAreNeverEntered) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   const Walk all = WalkFolder(scratch.Path(), W("*"), Walker::kRecurse | Walker::kNoFolders);
   EXPECT_TRUE(all.Ended());
   EXPECT_EQ(all.Count(101), 5 + 2 * 5);  // two in each of the five folders
@@ -256,14 +232,11 @@ TEST(DirectoryWalker, DotEntriesAreNeverEntered) {
 }
 
 TEST(DirectoryWalker, AskingToEnterWhatIsNotEnteredDoesNotHoldTheWalkUp) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   for (const std::uint32_t flags : {kOneFolder, kOneFolder | Walker::kNoFolders,
                                     kOneFolder | Walker::kRecurse, kAllFiles, std::uint32_t{0}}) {
     Walker walker;
-    walker.Reset(scratch.Path());
-    walker.pattern = W("*");
-    walker.flags = flags;
+    Prepared(walker, scratch.Path(), flags);
     walker.maxDepth = 1;
     int steps = 0;
     while (walker.NextWithRetry() != Walker::kEnd && steps < kTooManySteps) {
@@ -283,12 +256,9 @@ TEST(DirectoryWalker, EmptyFolderEndsAtOnce) {
 }
 
 TEST(DirectoryWalker, BasicInfoGivesTheSameEntries) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   walker.useBasicInfo = true;
   EXPECT_EQ(RunWalk(walker, scratch.Path()).Of(101),
             Names({W("top.txt"), W("top.dat"), W("one\\a.txt"), W("one\\deep\\b.txt"),
@@ -309,32 +279,24 @@ TEST(DirectoryWalker, CurrentPathJoinsFolderAndNameWithOneBackslash) {
 }
 
 TEST(DirectoryWalker, ClosedWalkerHoldsNothingAndCanWalkAgain) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   while (walker.NextWithRetry() == Walker::kFile && walker.depth < 2) {
   }
   ASSERT_GE(walker.depth, 2);
   walker.Close();
   EXPECT_EQ(walker.findHandle, nullptr);
   walker.Close();
-  walker.Reset(scratch.Path());
-  walker.pattern = W("*");
-  walker.flags = kAllFiles;
+  Prepared(walker, scratch.Path());
   EXPECT_EQ(RunWalk(walker, scratch.Path()).Count(101), 5);
 }
 
 TEST(DirectoryWalker, ResetInTheMiddleOfAWalkStartsAfresh) {
-  const ScratchFolder scratch;
-  MakeTree(scratch);
+  const Tree scratch;
   Walker walker;
   for (int i = 0; i < 3; ++i) {
-    walker.Reset(scratch.Path());
-    walker.pattern = W("*");
-    walker.flags = kAllFiles;
+    Prepared(walker, scratch.Path());
     EXPECT_EQ(walker.NextWithRetry(), Walker::kFile);
   }
   walker.Reset(scratch.Path(W("one\\deep\\deeper")));

@@ -51,14 +51,24 @@ inline Walk RunWalk(DirectoryWalker& walker, const WString& start, bool descend 
   return walk;
 }
 
+// All files of a tree, and no folder.
+constexpr std::uint32_t kAllFiles = DirectoryWalker::kPassDotEntries | DirectoryWalker::kNoReparsePoints |
+                                    DirectoryWalker::kNoFolders | DirectoryWalker::kRecurse;
+
+// Stands at the start of the folder, under these flags.
+inline DirectoryWalker& Prepared(DirectoryWalker& walker, const WString& folder,
+                                 std::uint32_t flags = kAllFiles, const WString& pattern = W("*")) {
+  walker.Reset(folder);
+  walker.pattern = pattern;
+  walker.flags = flags;
+  return walker;
+}
+
 // A whole walk of the folder under these flags.
 inline Walk WalkFolder(const WString& folder, const WString& pattern, std::uint32_t flags,
                        bool descend = false) {
   DirectoryWalker walker;
-  walker.Reset(folder);
-  walker.pattern = pattern;
-  walker.flags = flags;
-  return RunWalk(walker, folder, descend);
+  return RunWalk(Prepared(walker, folder, flags, pattern), folder, descend);
 }
 
 inline std::vector<WString> Names(std::initializer_list<const WCHAR*> names) {
