@@ -1,7 +1,7 @@
 // Making one link: a hard link, a junction, a symbolic link or a shortcut file.
 //
-// All errors are Windows error numbers, 0 for success. Each outcome is a line of the host's log, of category 1.
-// Everything runs on the thread of the host's call, on which the host has initialised COM.
+// All errors are Windows error numbers, 0 for success. Each outcome is a line of the host's log, of
+// category 1. Everything runs on the thread of the host's call, on which the host has initialised COM.
 #pragma once
 
 #include "frame/services/host_app.h"
