@@ -22,14 +22,19 @@ void Focus(FakeHost& host, const WString& name, const std::vector<WString>& othe
   for (const WString& other : others) host.view.push_back(host.AddFile(other));
 }
 
+// Runs the command with this entry.
+void RenameTo(FakeHost& host, const WString& entered) {
+  host.textAnswers = {{true, entered}};
+  RenameSameBaseCommand(host);
+}
+
 }  // namespace
 
 TEST(RenameSameBase, GivesAllFilesOfTheBaseTheEnteredOneAndKeepsExtensions) {
   FakeHost host;
   Focus(host, W("song.mp3"),
         {W("song.txt"), W("other.txt"), W("song.tar.gz"), W("song.jpg"), W("songs.mp3")});
-  host.textAnswers = {{true, W("new")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("new"));
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("song.mp3"), W("new.mp3")},
                                                            QueuedRename{W("song.txt"), W("new.txt")},
                                                            QueuedRename{W("song.jpg"), W("new.jpg")}));
@@ -39,8 +44,7 @@ TEST(RenameSameBase, GivesAllFilesOfTheBaseTheEnteredOneAndKeepsExtensions) {
 TEST(RenameSameBase, RequestsTheFocusedItemThenAllItemsOnTheSameList) {
   FakeHost host;
   Focus(host, W("song.mp3"), {W("song.txt")});
-  host.textAnswers = {{true, W("new")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("new"));
   std::vector<std::string> steps;
   for (const std::string& call : host.recorder.CallsExcept({"item ", "GetLanguageString"})) {
     if (call.find(".GetCount()") == std::string::npos && call.find(".GetItem(") == std::string::npos) {
@@ -60,16 +64,14 @@ TEST(RenameSameBase, FirstItemOfTheListAloneGetsNoEntry) {
   FakeHost host;
   host.focused = host.AddFile(W("song.mp3"));
   host.view = {host.AddFile(W("song.txt"))};
-  host.textAnswers = {{true, W("new")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("new"));
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("song.txt"), W("new.txt")}));
 }
 
 TEST(RenameSameBase, CaseCounts) {
   FakeHost host;
   Focus(host, W("Song.mp3"), {W("song.txt"), W("SONG.txt"), W("Song.TXT")});
-  host.textAnswers = {{true, W("n")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(host.fileOperation.RunRenames(),
               ElementsAre(QueuedRename{W("Song.mp3"), W("n.mp3")}, QueuedRename{W("Song.TXT"), W("n.TXT")}));
 }
@@ -79,8 +81,7 @@ TEST(RenameSameBase, FoldersOfTheBaseAreLeftAlone) {
   Focus(host, W("song.mp3"), {W("song.txt")});
   host.view.push_back(host.AddFolder(W("song")));
   host.view.push_back(host.AddFolder(W("song.d")));
-  host.textAnswers = {{true, W("n")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(host.fileOperation.RunRenames(),
               ElementsAre(QueuedRename{W("song.mp3"), W("n.mp3")}, QueuedRename{W("song.txt"), W("n.txt")}));
 }
@@ -89,24 +90,21 @@ TEST(RenameSameBase, FocusedFolderGivesTheBaseAndOnlyFilesMatch) {
   FakeHost host;
   host.focused = host.AddFolder(W("song.d"));
   host.view = {host.focused, host.AddFile(W("song.mp3")), host.AddFile(W("song.d.mp3"))};
-  host.textAnswers = {{true, W("n")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("song.mp3"), W("n.mp3")}));
 }
 
 TEST(RenameSameBase, FocusedNameWithoutADotIsTheBaseAsAWhole) {
   FakeHost host;
   Focus(host, W("song"), {W("song.txt"), W("song.tar.gz")});
-  host.textAnswers = {{true, W("n")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(host.fileOperation.RunRenames(), Contains(QueuedRename{W("song.txt"), W("n.txt")}));
 }
 
 TEST(RenameSameBase, EntryWithoutADotGoesIntoTheBatchWithAnEmptyName) {
   FakeHost host;
   Focus(host, W("song.mp3"), {W("song")});
-  host.textAnswers = {{true, W("n")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(host.fileOperation.RunRenames(),
               ElementsAre(QueuedRename{W("song.mp3"), W("n.mp3")}, QueuedRename{W("song"), W("")}));
 }
@@ -114,17 +112,15 @@ TEST(RenameSameBase, EntryWithoutADotGoesIntoTheBatchWithAnEmptyName) {
 TEST(RenameSameBase, EmptyEntryLeavesTheExtensionsAsNames) {
   FakeHost host;
   Focus(host, W("song.mp3"), {});
-  host.textAnswers = {{true, W("")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W(""));
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("song.mp3"), W(".mp3")}));
 }
 
 TEST(RenameSameBase, DoesNotAskASecondTime) {
   FakeHost host;
   Focus(host, W("song.mp3"), {});
-  host.textAnswers = {{true, W("n")}};
   BoxAnswers boxes;
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host.recorder.CallsOf({"MessageBox", "Log"}), IsEmpty());
   EXPECT_EQ(host.fileOperation.Runs(), 1);
@@ -143,8 +139,7 @@ TEST(RenameSameBase, RefusedQuestionEndsTheCommand) {
 TEST(RenameSameBase, WithoutAFocusedItemItAsksAndRunsABatchWithNoEntries) {
   FakeHost host;
   host.view = {host.AddFile(W("song.mp3"))};
-  host.textAnswers = {{true, W("n")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(host.recorder.CallsOf({"FileListRequest"}), ElementsAre("FileListRequest(21111, list1, 0, 0)"));
   EXPECT_THAT(host.recorder.Calls(), Contains(kQuestion));
   EXPECT_EQ(host.fileOperation.Runs(), 1);
@@ -157,8 +152,7 @@ TEST(RenameSameBase, FocusedItemOfARefusedRequestCountsAsNone) {
   Focus(host, W("song.mp3"), {W("song.txt")});
   host.refusedRequest = 21111;
   host.fillsRefusedLists = true;
-  host.textAnswers = {{true, W("n")}};
-  RenameSameBaseCommand(host);
+  RenameTo(host, W("n"));
   EXPECT_THAT(host.recorder.CallsOf({"FileListRequest"}), ElementsAre("FileListRequest(21111, list1, 0, 0)"));
   EXPECT_THAT(host.recorder.Calls(), Contains(kQuestion));
   EXPECT_EQ(host.fileOperation.Runs(), 1);
