@@ -12,12 +12,17 @@ namespace {
 
 std::string Number(std::int64_t value) { return std::to_string(value); }
 
-// %s is a wide text in this format; the numbers are %d and %u.
+// %s is a wide text in this format; the numbers are %d, %u and %I64d.
 WString FormatLogLine(const WCHAR* format, va_list arguments) {
   WString line;
   for (const WCHAR* at = format; *at; ++at) {
     if (*at != W('%') || !at[1]) {
       line += *at;
+      continue;
+    }
+    if (WStringView(at).starts_with(W("%I64d"))) {
+      line += FromUtf8(std::to_string(va_arg(arguments, long long)));
+      at += 4;
       continue;
     }
     switch (*++at) {
