@@ -7,8 +7,8 @@
 namespace QXFindAndReplace {
 
 struct ConfirmReplaceForm {
-  // The answer. It stands as it is where the dialog cannot be shown.
-  ConfirmResult result = ConfirmResult::Replace;
+  // The answer. It stands as it is where the dialog cannot be shown: what nobody was asked about is left.
+  ConfirmResult result = ConfirmResult::Skip;
 
   Highlight highlight = {};  // the match in the context
   TextRange range = {};

@@ -19,29 +19,32 @@ struct FindAndReplaceForm {
   WString suffix;     // what the suggested name of a new file has behind the name
 
   // The fields. Choices are bits of FindAndReplaceFlag.
-  std::uint32_t saveMode = SaveAsNew;
+  int saveMode = SaveAsNew;
   WString targetName;
   bool targetNameEnabled = true;
   WString find;
   WString replace;
-  std::uint32_t findMode = ModeOne;
+  int findMode = ModeOne;
   bool regExp = false;  // never enabled
   bool wildcard = false;
   bool ignoreCase = false;
   bool forceUtf8 = false;
   bool silent = false;
-  bool replaceAll = false;  // hidden
+  bool replaceAll = false;  // hidden, and never enabled
 };
 
 // Puts the options into the fields and applies the rule of the save mode.
 void StartForm(FindAndReplaceForm& form);
 
-// The rule of the save mode: a new file's name may be entered and is suggested, for several files as a
-// pattern; otherwise the start name stands and cannot be changed. Called whenever the save mode has changed.
-void ApplySaveMode(FindAndReplaceForm& form);
+// The rule of the save mode, if that differs from `before`: a new file's name may be entered and is
+// suggested, for several files as a pattern; otherwise the start name stands and cannot be changed.
+void FollowChanges(FindAndReplaceForm& form, const FindAndReplaceForm& before);
 
 // The options that the fields stand for. A target may never be overwritten without a question, whatever the
 // flags were before.
 FindAndReplaceOptions ReadOptions(const FindAndReplaceForm& form);
+
+// The name of the target as the run is given it.
+WString ReadTargetName(const FindAndReplaceForm& form);
 
 }  // namespace QXFindAndReplace

@@ -34,6 +34,10 @@ class FindAndReplaceCallback final : public IFindAndReplaceCallback {
   std::uint32_t Flags() const { return flags; }
 
  private:
+  bool Asks() const;
+  ConfirmResult Ask(WString context, WQDR::TextFormat format, const TextRange& range,
+                    const Highlight& highlight, WString replacement);
+
   Velmora::SDK::IHostApp& host;
   WString path;
   bool cancelled = false;
