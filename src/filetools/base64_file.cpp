@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "data/code_pages.h"
 #include "filetools/base64.h"
 #include "filetools/mime_header.h"
 #include "frame/services/path_parts.h"
@@ -42,24 +43,6 @@ constexpr HeaderLine kHeader[] = {
   {"", false, "\r\n"},
 };
 // clang-format on
-
-std::string InThreadCodePage(const WString& text) {
-  const int length = static_cast<int>(text.size());
-  const int size = WideCharToMultiByte(CP_THREAD_ACP, 0, text.c_str(), length, nullptr, 0, nullptr, nullptr);
-  if (length == 0 || size <= 0) return {};
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  WideCharToMultiByte(CP_THREAD_ACP, 0, text.c_str(), length, bytes.data(), size, nullptr, nullptr);
-  return bytes;
-}
-
-WString FromThreadCodePage(std::string_view bytes) {
-  const int length = static_cast<int>(bytes.size());
-  const int size = MultiByteToWideChar(CP_THREAD_ACP, 0, bytes.data(), length, nullptr, 0);
-  if (length == 0 || size <= 0) return {};
-  WString text(static_cast<std::size_t>(size), WCHAR());
-  MultiByteToWideChar(CP_THREAD_ACP, 0, bytes.data(), length, text.data(), size);
-  return text;
-}
 
 // A name that a line has no room for is cut; no file system has one so long.
 bool WriteHeader(FileOutput& target, const std::string& name) {
@@ -172,7 +155,7 @@ bool EncodeFileBase64(const WString& source, const WString& target) {
   if (!from.Open(source) || !to.Create(target, true)) return false;
   PathParts parts;
   SplitPath(parts, source);
-  if (!WriteHeader(to, InThreadCodePage(parts.fileName))) return false;
+  if (!WriteHeader(to, WQDR::ToCodePage(CP_THREAD_ACP, parts.fileName))) return false;
 
   EncodeBuffer buffer;
   LineBreaker lines(to);
@@ -212,7 +195,7 @@ WString GetEncodedFileName(const WString& path) {
   std::array<char, kNameSearchBytes> header;
   std::size_t size = 0;
   if (!file.Open(path) || !file.Read(header.data(), header.size(), &size)) return {};
-  return FromThreadCodePage(FindEncodedName({header.data(), size}));
+  return WQDR::FromCodePage(CP_THREAD_ACP, FindEncodedName({header.data(), size}));
 }
 
 std::uint32_t FindBase64Start(FileInput& file) {

@@ -11,7 +11,8 @@ constexpr int kLastEndLine = 10;
 
 // A name that could lead out of the folder is none.
 bool IsPlainFileName(std::string_view name) {
-  return !name.empty() && name != "." && name != ".." && name.find_first_of(std::string_view("\\/:\0", 4)) == name.npos;
+  return !name.empty() && name != "." && name != ".." &&
+         name.find_first_of(std::string_view("\\/:\0", 4)) == name.npos;
 }
 
 std::string_view NameIn(std::string_view line) {
