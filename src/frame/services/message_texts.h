@@ -19,7 +19,25 @@ enum MessageText : TextId {
   kTextBase64Encode = 0x08C0006D,  // Base64: the captions, which are the menu's words too
   kTextBase64Decode = 0x08C1006D,
   kTextBase64TargetExists = 0x00D20065,  //   and a format with the target's path
-  kTextReplaceTitle = 0x00640064,        // the Replace X with Y dialog
+  kTextLinkCaption = 0x012C0064,         // the Create Link dialog
+  kTextLinkKinds = 0x012E0064,
+  kTextLinkHard = 0x012F0064,  // the kinds, in this order
+  kTextLinkJunction = 0x01300064,
+  kTextLinkSymbolic = 0x01310064,
+  kTextLinkLabel = 0x01320064,
+  kTextLinkTargetLabel = 0x01330064,
+  kTextLinkOk = 0x01340064,
+  kTextLinkShortcut = 0x01350064,   // the last of the kinds
+  kTextLinkAboutHard = 0x01390064,  // what the kinds are
+  kTextLinkAboutJunction = 0x013A0064,
+  kTextLinkAboutSymbolic = 0x013B0064,
+  kTextLinkHardMixed = 0x00C80065,  // why a kind cannot be used
+  kTextLinkHardFolder = 0x00C90065,
+  kTextLinkJunctionMixed = 0x00CA0065,
+  kTextLinkJunctionFile = 0x00CB0065,
+  kTextLinkNoSymbolic = 0x00CC0065,  // its second text is a box's caption
+  kTextLinkHardDrives = 0x00CD0065,
+  kTextReplaceTitle = 0x00640064,  // the Replace X with Y dialog
   kTextReplaceOk = 0x00650064,
   kTextReplaceCancel = 0x00660064,
   kTextReplaceTop = 0x00670064,
@@ -106,11 +124,12 @@ enum MessageText : TextId {
 };
 
 // Texts of the table that all modules share.
-enum CommonTextId : TextId { kCommonTextCancel = 0x00030067 };
+enum CommonTextId : TextId { kCommonTextCancel = 0x00030067, kCommonTextDescription = 0x00A50064 };
 
 // Those that are used for their second texts as well.
 inline constexpr MessageText kMessageTitles[] = {
-    kTextFindDlgNewFile, kTextFindDlgOne, kTextFindDlgMany, kTextFindDlgManySame, kTextFindDlgMultiline,
+    kTextFindDlgNewFile,  kTextFindDlgOne,       kTextFindDlgMany,
+    kTextFindDlgManySame, kTextFindDlgMultiline, kTextLinkNoSymbolic,
 };
 
 // All of them, for whoever must have a text for each.
@@ -127,6 +146,24 @@ inline constexpr MessageText kMessageTexts[] = {
     kTextBase64Encode,
     kTextBase64Decode,
     kTextBase64TargetExists,
+    kTextLinkCaption,
+    kTextLinkKinds,
+    kTextLinkHard,
+    kTextLinkJunction,
+    kTextLinkSymbolic,
+    kTextLinkLabel,
+    kTextLinkTargetLabel,
+    kTextLinkOk,
+    kTextLinkShortcut,
+    kTextLinkAboutHard,
+    kTextLinkAboutJunction,
+    kTextLinkAboutSymbolic,
+    kTextLinkHardMixed,
+    kTextLinkHardFolder,
+    kTextLinkJunctionMixed,
+    kTextLinkJunctionFile,
+    kTextLinkNoSymbolic,
+    kTextLinkHardDrives,
     kTextReplaceTitle,
     kTextReplaceOk,
     kTextReplaceCancel,

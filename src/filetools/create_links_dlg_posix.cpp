@@ -1,0 +1,48 @@
+// The Create Link dialog where there are no windows: its form goes to whoever answers dialogs. What a user
+// could not change or press, because it is grey, cannot be changed or pressed here.
+#include "filetools/create_links_dlg.h"
+#include "frame/services/language_text.h"
+#include "frame/services/message_texts.h"
+#include "platform/posix/form_fields.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+constexpr Platform::ChoiceWord kKindWords[] = {
+    {kHardLink, W("hard")},
+    {kJunction, W("junction")},
+    {kSymbolicLink, W("symbolic")},
+    {kShortcut, W("shortcut")},
+};
+
+Platform::FormField While(const bool& isEnabled, Platform::FormField field) {
+  field.set = [&isEnabled, set = field.set](const WString& text) { return isEnabled && set(text); };
+  return field;
+}
+
+Platform::FormField KindField(CreateLinksForm& form) {
+  Platform::FormField field = Platform::ChoiceField("linkKind", form.linkKind, kKindWords);
+  field.set = [&form, set = field.set](const WString& text) {
+    if (!set(text)) return false;
+    FollowKind(form);
+    return true;
+  };
+  return field;
+}
+
+}  // namespace
+
+INT_PTR ShowCreateLinksDlg(IHostApp& host, CreateLinksForm& form) {
+  Platform::FormRequest request;
+  request.dialog = "CreateLinksDlg";
+  request.title = LanguageText(host, kTextLinkCaption);
+  request.fields = {
+      KindField(form),
+      While(form.linkEnabled, Platform::TextField("linkName", form.linkText)),
+      While(form.targetEnabled, Platform::TextField("targetName", form.targetText)),
+  };
+  if (Platform::AskForm(request) != IDOK || !form.okEnabled) return IDCANCEL;
+  FinishForm(form);
+  return IDOK;
+}
