@@ -37,7 +37,7 @@ TEST(DeleteBackup, NameThatMayHaveBeenCutIsThatOfAnotherFileAndStays) {
   const std::size_t beforeName = scratch.Path(folder).size() + 1;
   ASSERT_LT(beforeName, 250u);
   // One whole name of 259 characters, and one of 260 that another name has been cut to.
-  for (const std::size_t size : {259, 260}) {
+  for (const std::size_t size : {259u, 260u}) {
     const WString name = folder + W("\\") + WString(size - beforeName, W('n'));
     const WString path = scratch.Write(name, "bytes");
     ASSERT_EQ(path.size(), size);

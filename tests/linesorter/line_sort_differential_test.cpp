@@ -74,8 +74,8 @@ bool UnitsBefore(const SortLine& lhs, const SortLine& rhs, bool ignoreCase) {
   const PlainKey left = KeyOfUnits(lhs);
   const PlainKey right = KeyOfUnits(rhs);
   for (std::size_t i = 0; i < left.length && i < right.length; ++i) {
-    const unsigned l = left.bytes[2 * i] | (left.bytes[2 * i + 1] << 8);
-    const unsigned r = right.bytes[2 * i] | (right.bytes[2 * i + 1] << 8);
+    const unsigned l = left.bytes[2 * i] + left.bytes[2 * i + 1] * 0x100u;
+    const unsigned r = right.bytes[2 * i] + right.bytes[2 * i + 1] * 0x100u;
     const unsigned foldedLeft = ignoreCase ? FoldUnit(l) : l;
     const unsigned foldedRight = ignoreCase ? FoldUnit(r) : r;
     if (foldedLeft != foldedRight) return foldedLeft < foldedRight;

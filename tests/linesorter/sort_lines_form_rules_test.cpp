@@ -167,7 +167,7 @@ TEST(SortLinesForm, OnlyTheFirstEndCharacterIsKept) {
 }
 
 TEST(SortLinesForm, ChosenKeyDecidesOverASubstringTextThatChangedWithIt) {
-  for (const int key : {SortByLine, SortByItem}) {
+  for (const int key : {int{SortByLine}, int{SortByItem}}) {
     SortLinesForm form = EmptySubstringForm();
     Edit(form, [key](SortLinesForm& edited) {
       edited.length = W("3");

@@ -52,7 +52,7 @@ TEST(ErrorTextsTest, TheTextsAreThoseOfWindows) {
 }
 
 TEST(ErrorTextsTest, EveryErrorThatTheSystemCanMeetHasAText) {
-  for (const DWORD error :
+  for (const int error :
        {0,    1,    2,    3,    4,    5,    6,    7,    8,    9,    10,   11,   12,   13,   14,   15,   16,
         17,   18,   19,   21,   23,   31,   32,   33,   38,   39,   50,   53,   59,   64,   65,   67,   80,
         82,   87,   109,  110,  112,  122,  123,  126,  127,  131,  145,  158,  161,  183,  193,  206,  234,
