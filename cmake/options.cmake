@@ -23,9 +23,10 @@ if(QX_SANITIZE)
   add_compile_options(-fsanitize=${QX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${QX_SANITIZE})
 endif()
-if(QX_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
-  add_link_options(-fsanitize=address,undefined)
+# Linking takes a large share of the time with the slower of the linkers.
+find_program(LLD ld.lld)
+if(LLD AND NOT WIN32)
+  add_link_options(-fuse-ld=lld)
 endif()
 
 # qx_sources(<variable> <folder>...): the C++ sources of these folders that belong to this build.

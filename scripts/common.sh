@@ -33,11 +33,14 @@ install_packages() {
   quietly apt-install as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing
 }
 
-# build PRESET [TARGET...]: configures and builds one preset.
+# build PRESET [TARGET...]: configures and builds one preset. A folder that other presets made begins afresh.
 build() {
-  local preset=$1
+  local preset=$1 made_by=build/$1/made-by-presets.json
   shift
-  [ -f "build/$preset/build.ninja" ] || quietly "configure-$preset" cmake --preset "$preset"
+  if ! cmp -s CMakePresets.json "$made_by"; then
+    quietly "configure-$preset" cmake --fresh --preset "$preset"
+    cp CMakePresets.json "$made_by"
+  fi
   quietly "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
