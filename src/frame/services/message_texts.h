@@ -19,6 +19,7 @@ enum MessageText : TextId {
   kTextBase64Encode = 0x08C0006D,  // Base64: the captions, which are the menu's words too
   kTextBase64Decode = 0x08C1006D,
   kTextBase64TargetExists = 0x00D20065,  //   and a format with the target's path
+  kTextLinkFailed = 0x000B0065,          // caption of the box that shows why a link was not made
   kTextLinkCaption = 0x012C0064,         // the Create Link dialog
   kTextLinkKinds = 0x012E0064,
   kTextLinkHard = 0x012F0064,  // the kinds, in this order
@@ -146,6 +147,7 @@ inline constexpr MessageText kMessageTexts[] = {
     kTextBase64Encode,
     kTextBase64Decode,
     kTextBase64TargetExists,
+    kTextLinkFailed,
     kTextLinkCaption,
     kTextLinkKinds,
     kTextLinkHard,
