@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "findreplace/confirm_replace_dlg.h"
 #include "findreplace/find_and_replace_options.h"
 #include "frame/services/host_app.h"
 #include "frame/services/host_objects.h"
@@ -13,13 +14,18 @@ class FindAndReplaceRun {
  public:
   // With `ownsFiles` the list is released at the end of the run.
   FindAndReplaceRun(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostFileList* files,
-                    const FindAndReplaceOptions& options, WString targetPattern, bool ownsFiles);
+                    const FindAndReplaceOptions& options, WString targetPattern, bool ownsFiles,
+                    ConfirmReplaceDialog show = ShowConfirmReplaceDlg);
 
   // Goes through the files in their order, on the calling thread, which it blocks; a file that fails does not
-  // stop the next. The outcome is in the log.
+  // stop the next. The outcome is in the log. Called once.
   void Run();
 
  private:
+  void RunOne(Velmora::SDK::IHostFileItem& item);
+  void HandBackLists();
+  void ShowSummary();
+
   WString targetPattern;  // of BuildTargetName
   FindAndReplaceOptions
       options;  // its flags change in the run: a first yes and a Replace All hold for the rest
@@ -31,6 +37,7 @@ class FindAndReplaceRun {
   bool cancelled = false;
   std::uint32_t doneCount = 0;
   std::int64_t totalChanges = 0;  // a failed file lowers it by one: this is meant
+  ConfirmReplaceDialog show_;     // how a match is asked about
 };
 
 // Makes the run and runs it; does nothing for an empty list, but for releasing it with `ownsFiles`.
