@@ -5,6 +5,7 @@
 // on, the shorter before the longer, and a zero in a key is no end of it.
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -24,6 +25,7 @@ struct FoldRule {
 struct ByteKeys {
   using Char = char;
   static constexpr unsigned kBits = 8;
+  static constexpr unsigned kLoaded = 8;  // characters that Load reads
   static constexpr bool kEqualsBeginning = true;
   static constexpr bool kEndsAtZero = true;
 
@@ -31,6 +33,12 @@ struct ByteKeys {
   static std::uint64_t Load(const char* text, const FoldRule& rule) {
     const std::uint64_t bytes = FromBigEndian(text);
     return rule.ignoreCase ? Fold(bytes) : bytes;
+  }
+
+  // The top bit of each byte that is zero, and nothing else.
+  static std::uint64_t Zeros(std::uint64_t bytes) {
+    constexpr std::uint64_t kLows = 0x7F7F7F7F7F7F7F7F;
+    return ~(((bytes & kLows) + kLows) | bytes | kLows);
   }
 
  private:
@@ -60,6 +68,7 @@ struct ByteKeys {
 struct UnitKeys {
   using Char = WCHAR;
   static constexpr unsigned kBits = 16;
+  static constexpr unsigned kLoaded = 3;  // the fourth is read and left out
   static constexpr bool kEqualsBeginning = false;
   static constexpr bool kEndsAtZero = false;
 
@@ -96,14 +105,28 @@ std::uint64_t NextCharacters(const char* text, std::uint32_t left, const FoldRul
   std::uint64_t characters = Keys::Load(text, rule);
   unsigned count = left <= kStep<Keys> ? left : kStep<Keys> + 1;
   if constexpr (Keys::kEndsAtZero) {
-    // The top bit of each byte stays clear where the byte is zero.
-    constexpr std::uint64_t kLows = 0x7F7F7F7F7F7F7F7F;
-    const std::uint64_t filled = ((characters & kLows) + kLows) | characters | kLows;
-    const auto zero = static_cast<unsigned>(std::countl_one(filled)) / Keys::kBits;
+    const auto zero = static_cast<unsigned>(std::countl_zero(Keys::Zeros(characters))) / Keys::kBits;
     if (zero < kStep<Keys> && zero < count) count = zero + 1;
   }
   characters &= ~Behind<Keys>(count < kStep<Keys> ? count : kStep<Keys>);
   return characters | count;
+}
+
+// How many characters two keys share, of the next `most`, which both have. A zero that ends both is not
+// shared: what is left of a key behind shared characters is never empty if more than `most` were left.
+template <typename Keys>
+std::uint32_t SharedCharacters(const char* left, const char* right, std::uint32_t most,
+                               const FoldRule& rule) {
+  for (std::uint32_t shared = 0; shared < most; shared += Keys::kLoaded) {
+    const std::size_t offset = std::size_t{shared} * sizeof(typename Keys::Char);
+    const std::uint64_t characters = Keys::Load(left + offset, rule);
+    std::uint64_t ends = characters ^ Keys::Load(right + offset, rule);
+    if constexpr (Keys::kEndsAtZero) ends |= Keys::Zeros(characters);
+    if (ends != 0) {
+      return std::min(most, shared + static_cast<std::uint32_t>(std::countl_zero(ends)) / Keys::kBits);
+    }
+  }
+  return most;
 }
 
 }  // namespace WQLineSorter

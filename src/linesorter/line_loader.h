@@ -4,7 +4,11 @@
 // and std::bad_alloc.
 #pragma once
 
+#include <memory>
+#include <optional>
+
 #include "data/data_reader.h"
+#include "linesorter/line_order.h"
 #include "linesorter/sort_lines_options.h"
 #include "linesorter/sortable_lines.h"
 
@@ -18,5 +22,15 @@ std::shared_ptr<SortableLinesData> ReadLines(WQDR::DataReader& reader);
 // Reads all lines, computes the keys, sorts the range that may move and removes blank lines as asked.
 template <typename CharT>
 std::shared_ptr<SortableLinesData> LoadLines(WQDR::DataReader& reader, const SortLinesOptions& options);
+
+// Lines as they are to be written.
+struct OrderedLines {
+  std::shared_ptr<SortableLinesData> data;
+  std::optional<LineOrder> order;  // none: in the order of the records
+};
+
+// The same as LoadLines for a writer, without moving the records where that can be helped.
+template <typename CharT>
+OrderedLines LoadOrderedLines(WQDR::DataReader& reader, const SortLinesOptions& options);
 
 }  // namespace WQLineSorter

@@ -1,12 +1,16 @@
-// Moving line records into an order that was found for them.
+// An order of lines, and moving the line records into it.
 #pragma once
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "linesorter/sortable_lines.h"
 
 namespace WQLineSorter {
+
+// The places of the lines: of the one that comes first, of the second, and so on.
+using LineOrder = std::vector<std::uint32_t>;
 
 // Puts at each place the line that stands at order[place] before; `order` holds each place once. In place:
 // the records are nearly as large as the text, so there is no second copy of them. Throws std::bad_alloc,

@@ -5,6 +5,7 @@
 #include <new>
 #include <numeric>
 #include <span>
+#include <utility>
 
 #include "linesorter/guarded_sort.h"
 #include "linesorter/key_ranks.h"
@@ -78,9 +79,6 @@ void StableSortBy(const Comparator&, Iterator first, Iterator last, Less less) {
 }
 
 bool LessByValue(const SortLine& a, const SortLine& b) { return a.numericKey < b.numericKey; }
-
-// Orders: the line that comes first, second, and so on, by its place in the file.
-using LineOrder = std::vector<std::uint32_t>;
 
 LineOrder OrderOf(const KeyRecords& records) {
   LineOrder order(records.size());
@@ -174,12 +172,28 @@ void StableSort(std::span<SortLine> lines, const SortLinesOptions& options) {
   });
 }
 
-std::span<SortLine> LinesIn(std::vector<SortLine>& lines, LineRange range) {
+template <typename Lines>
+auto LinesIn(Lines& lines, LineRange range) {
   return std::span(lines).subspan(range.first, range.last - range.first);
 }
 
 // A sort of this many lines or more is worth the preparations of the fast ways.
 constexpr std::size_t kFewLines = 64;
+
+bool HasFastWay(std::size_t count) {
+  return count >= kFewLines && count <= std::numeric_limits<std::uint32_t>::max();
+}
+
+// Puts the lines before and behind the range around its order, whose places count from the range's first.
+LineOrder Surround(LineOrder order, LineRange range, std::size_t count) {
+  if (range.first == 0 && range.last == count) return order;
+  LineOrder whole(count);
+  std::iota(whole.begin(), whole.end(), 0U);
+  std::ranges::transform(
+      order, whole.begin() + static_cast<std::ptrdiff_t>(range.first),
+      [&](std::uint32_t place) { return static_cast<std::uint32_t>(place + range.first); });
+  return whole;
+}
 
 }  // namespace
 
@@ -199,7 +213,7 @@ void SortLineRangePlainly(std::vector<SortLine>& lines, LineRange range, const S
 template <typename CharT>
 void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options) {
   const std::span<SortLine> moving = LinesIn(lines, range);
-  if (moving.size() < kFewLines || moving.size() > std::numeric_limits<std::uint32_t>::max()) {
+  if (!HasFastWay(moving.size())) {
     SortLineRangePlainly<CharT>(lines, range, options);
     return;
   }
@@ -213,15 +227,40 @@ void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLine
   if (Has(options, SortReverse)) std::ranges::reverse(moving);
 }
 
+template <typename CharT>
+std::optional<LineOrder> FindLineOrder(const std::vector<SortLine>& lines, LineRange range,
+                                       const SortLinesOptions& options) {
+  const std::span<const SortLine> moving = LinesIn(lines, range);
+  if (!HasFastWay(moving.size()) || !HasFastWay(lines.size())) return std::nullopt;
+  try {
+    LineOrder order = FindOrder<CharT>(moving, options);
+    if (Has(options, SortReverse)) std::ranges::reverse(order);
+    return Surround(std::move(order), range, lines.size());
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
+}
+
 void RemoveBlankLines(std::vector<SortLine>& lines, LineRange range) {
   const auto first = lines.begin() + static_cast<std::ptrdiff_t>(range.first);
   const auto last = lines.begin() + static_cast<std::ptrdiff_t>(range.last);
   lines.erase(std::remove_if(first, last, [](const SortLine& line) { return line.length == 0; }), last);
 }
 
+void RemoveBlankLines(LineOrder& order, const std::vector<SortLine>& lines, LineRange range) {
+  const auto first = order.begin() + static_cast<std::ptrdiff_t>(range.first);
+  const auto last = order.begin() + static_cast<std::ptrdiff_t>(range.last);
+  const auto isBlank = [&](std::uint32_t place) { return lines[place].length == 0; };
+  order.erase(std::remove_if(first, last, isBlank), last);
+}
+
 template void SortLineRange<char>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
 template void SortLineRange<WCHAR>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
 template void SortLineRangePlainly<char>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
 template void SortLineRangePlainly<WCHAR>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
+template std::optional<LineOrder> FindLineOrder<char>(const std::vector<SortLine>&, LineRange,
+                                                      const SortLinesOptions&);
+template std::optional<LineOrder> FindLineOrder<WCHAR>(const std::vector<SortLine>&, LineRange,
+                                                       const SortLinesOptions&);
 
 }  // namespace WQLineSorter

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
+#include "linesorter/line_order.h"
 #include "linesorter/sort_lines_options.h"
 #include "linesorter/sortable_lines.h"
 
@@ -28,7 +30,17 @@ void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLine
 template <typename CharT>
 void SortLineRangePlainly(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options);
 
+// The order that SortLineRange brings all lines into, found by the fast way while the lines stay where they
+// are: moving them costs more than looking for them once at the end. None where there is no fast way, or no
+// memory for it; then SortLineRange is to be asked.
+template <typename CharT>
+std::optional<LineOrder> FindLineOrder(const std::vector<SortLine>& lines, LineRange range,
+                                       const SortLinesOptions& options);
+
 // Removes the records of the range that have no text, whatever their ending. The others keep their order.
 void RemoveBlankLines(std::vector<SortLine>& lines, LineRange range);
+
+// The same in an order of the lines.
+void RemoveBlankLines(LineOrder& order, const std::vector<SortLine>& lines, LineRange range);
 
 }  // namespace WQLineSorter

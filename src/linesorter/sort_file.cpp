@@ -5,6 +5,7 @@
 
 #include "data/text_format.h"
 #include "frame/services/backup_names.h"
+#include "frame/services/path_exists.h"
 #include "linesorter/line_loader.h"
 #include "linesorter/sort_lines_exception.h"
 #include "linesorter/sorted_lines_writer.h"
@@ -13,44 +14,35 @@ namespace WQLineSorter {
 
 namespace {
 
-// A name that fills its room may have been cut and be that of another file; such a backup stays.
-bool IsWhole(const WCHAR* backupPath) { return ViewOf(backupPath).size() < kBackupPathSize - 1; }
-
-void DeleteBackup(const WCHAR* path) {
-  constexpr DWORD kGuarding = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-  const DWORD attributes = GetFileAttributesW(path);
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kGuarding) != 0) {
-    SetFileAttributesW(path, attributes & ~kGuarding);
-  }
-  DeleteFileW(path);
-}
-
 void RefuseExisting(const WString& target) {
-  if (GetFileAttributesW(target.c_str()) == INVALID_FILE_ATTRIBUTES) return;
+  if (!PathExists(target)) return;
   throw QXLineSorterException(ERROR_FILE_EXISTS, "Target file already exists");
 }
 
 template <typename CharT>
-std::shared_ptr<SortableLinesData> LoadFile(const WString& source, const SortLinesOptions& options) {
+OrderedLines LoadFile(const WString& source, const SortLinesOptions& options) {
   WQDR::FileDataReader reader(source);
-  auto data = LoadLines<CharT>(reader, options);
+  OrderedLines ordered = LoadOrderedLines<CharT>(reader, options);
   reader.Close();
-  return data;
+  return ordered;
 }
 
 template <typename CharT>
 void SortTextFile(const WString& source, const WString& target, const SortLinesOptions& options) {
   const auto has = [&options](std::uint32_t bits) { return (options.options & bits) != 0; };
-  const auto data = LoadFile<CharT>(source, options);
+  const OrderedLines ordered = LoadFile<CharT>(source, options);
   if (has(SaveAsNewFile) && !has(SaveOverwrite)) RefuseExisting(target);
   std::array<WCHAR, kBackupPathSize> backup = {};
   if (has(SaveKeepBackup | SaveDeleteBackup)) MoveToBackup(target.c_str(), backup);
-  WriteSortedLines(target, data->lines, has(SaveOverwrite));
+  const std::vector<SortLine>& lines = ordered.data->lines;
+  if (ordered.order) {
+    WriteSortedLines(target, lines, *ordered.order, has(SaveOverwrite));
+  } else {
+    WriteSortedLines(target, lines, has(SaveOverwrite));
+  }
   // A target that was not there is its own backup, so it is deleted once it is written. It is meant. But the
   // source is there: where it seems not to be, its lines would be lost.
-  if (has(SaveDeleteBackup) && backup[0] != 0 && IsWhole(backup.data()) && source != backup.data()) {
-    DeleteBackup(backup.data());
-  }
+  if (has(SaveDeleteBackup) && source != backup.data()) DeleteBackup(backup);
 }
 
 void SortAnyFile(const WString& source, const WString& target, const SortLinesOptions& options) {

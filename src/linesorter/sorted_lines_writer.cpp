@@ -1,6 +1,5 @@
 #include "linesorter/sorted_lines_writer.h"
 
-#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -62,26 +61,68 @@ class OutputFile {
 
 std::string_view EndingOf(const SortLine& line) { return {line.text + line.length, line.endingSize}; }
 
-std::string_view DefaultEnding(const std::vector<SortLine>& lines) {
-  const auto line =
-      std::ranges::find_if(lines, [](const SortLine& candidate) { return candidate.endingSize != 0; });
-  return line == lines.end() ? std::string_view() : EndingOf(*line);
+// Lines as the records stand.
+class LinesInPlace {
+ public:
+  explicit LinesInPlace(const std::vector<SortLine>& lines) : lines_(lines) {}
+  std::size_t Count() const { return lines_.size(); }
+  const SortLine& operator[](std::size_t i) const { return lines_[i]; }
+  void PrefetchRecord(std::size_t) const {}
+
+ private:
+  const std::vector<SortLine>& lines_;
+};
+
+// Lines in an order.
+class LinesInOrder {
+ public:
+  LinesInOrder(const std::vector<SortLine>& lines, std::span<const std::uint32_t> order)
+      : lines_(lines), order_(order) {}
+  std::size_t Count() const { return order_.size(); }
+  const SortLine& operator[](std::size_t i) const { return lines_[order_[i]]; }
+  void PrefetchRecord(std::size_t i) const { Prefetch(&(*this)[i]); }
+
+ private:
+  const std::vector<SortLine>& lines_;
+  std::span<const std::uint32_t> order_;
+};
+
+template <typename Lines>
+std::string_view DefaultEnding(const Lines& lines) {
+  for (std::size_t i = 0; i < lines.Count(); ++i) {
+    if (lines[i].endingSize != 0) return EndingOf(lines[i]);
+  }
+  return {};
 }
 
-}  // namespace
-
-void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines, bool replace) {
-  constexpr std::size_t kAhead = 16;
+template <typename Lines>
+void WriteLines(const WString& target, const Lines& lines, bool replace) {
+  constexpr std::size_t kRecordAhead = 32;
+  constexpr std::size_t kTextAhead = 16;
   const std::string_view defaultEnding = DefaultEnding(lines);
   OutputFile output(target, replace);
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (i + kAhead < lines.size()) Prefetch(lines[i + kAhead].text);
+  for (std::size_t i = 0; i < lines.Count(); ++i) {
+    if (i + kRecordAhead < lines.Count()) {
+      lines.PrefetchRecord(i + kRecordAhead);
+      Prefetch(lines[i + kTextAhead].text);
+    }
     const SortLine& line = lines[i];
     output.Append({line.text, std::size_t{line.length} + line.endingSize});
     // Strictly less, and meant so: an ending that would just fit is left out and the line runs into the next.
     if (line.endingSize == 0 && defaultEnding.size() < output.Room()) output.Append(defaultEnding);
   }
   output.Flush();
+}
+
+}  // namespace
+
+void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines, bool replace) {
+  WriteLines(target, LinesInPlace(lines), replace);
+}
+
+void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines,
+                      std::span<const std::uint32_t> order, bool replace) {
+  WriteLines(target, LinesInOrder(lines, order), replace);
 }
 
 }  // namespace WQLineSorter

@@ -1,6 +1,8 @@
 // The output of a sort.
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <vector>
 
 #include "linesorter/sortable_lines.h"
@@ -14,5 +16,9 @@ namespace WQLineSorter {
 // Throws WQDR::WQDataReaderException with the error of the call: "Unable to open file for writing", "Failed
 // to write data to file". A partly written target stays.
 void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines, bool replace);
+
+// The same in another order: the places of the lines to be written, each in `lines`.
+void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines,
+                      std::span<const std::uint32_t> order, bool replace);
 
 }  // namespace WQLineSorter

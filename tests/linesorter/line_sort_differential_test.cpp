@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <random>
 
 #include "linesorter/line_records.h"
@@ -257,6 +258,13 @@ void ExpectTheSameOrder(const std::vector<SortLine>& lines, const SortLinesOptio
   std::vector<SortLine> sorted = lines;
   SortLineRange<CharT>(sorted, range, options);
   EXPECT_EQ(FirstDifference(sorted, expected), lines.size()) << "the fast way";
+  const std::optional<LineOrder> order = FindLineOrder<CharT>(lines, range, options);
+  ASSERT_EQ(order.has_value(), range.last - range.first >= 64) << "the order alone";
+  if (!order) return;
+  std::vector<SortLine> ordered;
+  for (const std::uint32_t place : *order) ordered.push_back(lines.at(place));
+  ASSERT_EQ(ordered.size(), lines.size());
+  EXPECT_EQ(FirstDifference(ordered, expected), lines.size()) << "the order alone";
 }
 
 const std::vector<std::size_t> kSizes = {0, 1, 2, 3, 7, 8, 15, 16, 17, 31, 32, 33, 100};
@@ -403,6 +411,126 @@ TYPED_TEST(LineSortDifferential, NumbersReadFromLines) {
   options.options = SortBySubstring | SortAsNumber;
   ComputeSortKeys<TypeParam>(records.lines, options);
   ExpectTheSameOrder<TypeParam>(records.lines, options);
+}
+
+TYPED_TEST(LineSortDifferential, EightyLinesThatDifferBehindEachPlace) {
+  Random random(29);
+  for (const auto& alphabet : Alphabets<TypeParam>()) {
+    for (std::size_t place = 0; place <= 72; ++place) {
+      const auto shared = Letters(random, alphabet, place);
+      std::vector<Text<TypeParam>> texts;
+      for (int i = 0; i < 80; ++i) texts.push_back(shared + Letters(random, alphabet, random(4)));
+      LineRecords<TypeParam> records(texts);
+      for (const std::uint32_t bits : {0u, +SortIgnoreCase}) {
+        SortLinesOptions options;
+        options.options = SortByLine | bits;
+        ExpectTheSameOrder<TypeParam>(records.lines, options);
+      }
+      if (this->HasFailure()) return;
+    }
+  }
+}
+
+TYPED_TEST(LineSortDifferential, PairsOfOneLetterWithAnotherAtOnePlaceOfOne) {
+  Random random(41);
+  for (std::size_t place = 0; place < 110; ++place) {
+    std::vector<Text<TypeParam>> texts;
+    for (int pair = 0; pair < 40; ++pair) {
+      const Text<TypeParam> name = In<TypeParam>("pair " + std::to_string(10 + pair));
+      const std::size_t first = texts.size();
+      for (int i = 0; i < 2; ++i) texts.push_back(name + Text<TypeParam>(110, 'b'));
+      texts[first + random(2)][name.size() + place] = static_cast<TypeParam>(random.Coin() ? 'a' : 'c');
+    }
+    LineRecords<TypeParam> records(texts);
+    SortLinesOptions options;
+    options.options = SortByLine;
+    ExpectTheSameOrder<TypeParam>(records.lines, options);
+  }
+}
+
+namespace {
+
+// A line of a text of records: most begin with one of a few words and share more behind it, a few share less
+// than most, and some are no more than the beginning of others.
+template <typename CharT>
+Text<CharT> LineOfARecord(Random& random) {
+  const auto of = [](std::string_view text) { return In<CharT>(text); };
+  const Text<CharT> rest = Letters(random, of("ab"), random(14));
+  switch (random(100)) {
+    case 0:
+      return of("Filename: pool/main/").substr(0, random(21));
+    case 1:
+      return of("Filename: POOL/main/").substr(0, random(21)) + rest;
+    case 2:
+      return of("Fil").append(rest);
+    case 3:
+      return random(40) == 0 ? of("Filename: pool/contrib/") + rest : of("Filenan") + rest;
+    case 4:
+      return of(std::string_view("Package\0: ", 10)) + rest;
+    case 5:
+      return of("Package").substr(0, random(8)) + of(std::string_view("\0", 1)) + rest;
+    case 6:
+      return of("Package");
+    case 7:
+      return of(" ") + rest;
+    default:
+      break;
+  }
+  switch (random(5)) {
+    case 0:
+      return of("Package: ") + rest;
+    case 1:
+      return of("Priority: optional");
+    case 2:
+      return of("Description: ") + Letters(random, of("a"), 20) + rest + rest;
+    default:
+      return of("Filename: pool/main/") + rest;
+  }
+}
+
+}  // namespace
+
+TYPED_TEST(LineSortDifferential, LinesThatBeginWithAFewWords) {
+  Random random(31);
+  for (const std::size_t size : {4095u, 4096u, 5000u, 20000u, 60000u}) {
+    std::vector<Text<TypeParam>> texts;
+    for (std::size_t i = 0; i < size; ++i) texts.push_back(LineOfARecord<TypeParam>(random));
+    LineRecords<TypeParam> records(texts);
+    for (const std::uint32_t bits : {0u, +SortIgnoreCase, +SortReverse}) {
+      for (const std::uint32_t offset : {0u, 3u}) {
+        SortLinesOptions options;
+        options.options = SortByLine | bits;
+        options.lineOffset = offset;
+        options.keepLinesTop = offset;
+        options.keepLinesBottom = 2 * offset;
+        ComputeSortKeys<TypeParam>(records.lines, options);
+        SCOPED_TRACE(std::to_string(size) + " lines, options " + std::to_string(bits) + ", offset " +
+                     std::to_string(offset));
+        ExpectTheSameOrder<TypeParam>(records.lines, options);
+        if (this->HasFailure()) return;
+      }
+    }
+  }
+}
+
+TYPED_TEST(LineSortDifferential, LinesThatAllBeginAlike) {
+  Random random(37);
+  for (const std::size_t shared : {7u, 8u, 20u, 60u}) {
+    std::vector<Text<TypeParam>> texts;
+    for (std::size_t i = 0; i < 30000; ++i) {
+      texts.push_back(Text<TypeParam>(shared, 'x') + Letters(random, In<TypeParam>("ab"), random(18)));
+    }
+    LineRecords<TypeParam> records(texts);
+    SortLinesOptions options;
+    options.options = SortByLine;
+    ExpectTheSameOrder<TypeParam>(records.lines, options);
+    // One line that no sample meets differs early.
+    texts[29999] = Text<TypeParam>(shared - 1, 'x') + Text<TypeParam>(1, 'w');
+    texts[29998] = Text<TypeParam>(shared - 2, 'x');
+    LineRecords<TypeParam> others(texts);
+    ExpectTheSameOrder<TypeParam>(others.lines, options);
+    if (this->HasFailure()) return;
+  }
 }
 
 TEST(LineSortDifferentialAtScale, AMillionShortLines) {

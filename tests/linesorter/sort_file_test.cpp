@@ -115,6 +115,27 @@ TEST(SortFile, BlankLinesAreRemovedFromTheMovableLinesAlone) {
   EXPECT_EQ(SortedText("\n\n", SortRemoveBlank), "");
 }
 
+TEST(SortFile, ManyLinesAreSortedKeptReversedAndFreedOfBlankOnesAsFewAre) {
+  std::string blanks;
+  std::string file;
+  std::string ascending;
+  std::string descending;
+  for (int i = 0; i < 100; ++i) {
+    const std::string line = {static_cast<char>('a' + i / 10), static_cast<char>('0' + i % 10), '\n'};
+    blanks += "\n";
+    file = (i % 3 == 0 ? line + "\n" + file : file + line);
+    ascending += line;
+    descending = line + descending;
+  }
+  EXPECT_EQ(Sorted("z\n" + file + "\ny\n", Keeping(1, 2, SortRemoveBlank)), "z\n" + ascending + "\ny\n");
+  EXPECT_EQ(Sorted("z\n" + file + "\ny\n", Keeping(1, 2, SortRemoveBlank | SortReverse)),
+            "z\n" + descending + "\ny\n");
+  EXPECT_EQ(SortedText(file), blanks.substr(0, 34) + ascending);
+  EXPECT_EQ(SortedText(file, SortReverse), descending + blanks.substr(0, 34));
+  EXPECT_EQ(SortedText(blanks, SortRemoveBlank), "");
+  EXPECT_EQ(Sorted(blanks, Keeping(1, 1, SortRemoveBlank)), "\n\n");
+}
+
 TEST(SortFile, DuplicatesAreMeantToStayWhateverTheirBoxSays) {
   EXPECT_EQ(SortedText("b\na\nb\na\n", SortRemoveDuplicates), "a\na\nb\nb\n");
 }

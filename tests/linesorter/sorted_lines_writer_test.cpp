@@ -47,6 +47,20 @@ TEST(SortedLinesWriter, LineWithoutAnEndingGetsTheFirstOneInTheirOrder) {
   EXPECT_EQ(Written(MadeLines().None("").CrLf("a")), "\r\na\r\n");
 }
 
+TEST(SortedLinesWriter, WritesInAnOrderOfTheLinesAndThoseAlone) {
+  const ScratchFolder scratch;
+  MadeLines made;
+  made.Lf("c").None("a").CrLf("b").Lf("d");
+  const auto written = [&](const std::vector<std::uint32_t>& order) {
+    WriteSortedLines(scratch.Path(W("out")), made.lines, order, true);
+    return scratch.Read(W("out"));
+  };
+  EXPECT_EQ(written({1, 2, 0, 3}), "a\r\nb\r\nc\nd\n");
+  EXPECT_EQ(written({3, 1}), "d\na\n");
+  EXPECT_EQ(written({1}), "a");
+  EXPECT_EQ(written({}), "");
+}
+
 TEST(SortedLinesWriter, WithoutAnyEndingLinesAreJoined) {
   EXPECT_EQ(Written(MadeLines().None("a").None("b").None("c")), "abc");
   EXPECT_EQ(Written(MadeLines().None("a")), "a");
