@@ -157,7 +157,7 @@ TEST(ApplyToFileFaults, ShortWriteIsAFullDiskAndLosesNothingThatHasABackup) {
   for (const SaveMode& mode : kSaveModes) {
     if (mode.flags == SaveAsNew) continue;
     for (const bool isInPlace : {true, false}) {
-      for (const DWORD count : {0, 1, 5}) {
+      for (const DWORD count : {0u, 1u, 5u}) {
         FaultRun run(isInPlace);
         const Faults::Scope faults;
         Faults::WriteShort(1, count);

@@ -403,7 +403,7 @@ TEST(ApplyToFile, CancelInLinesEndsTheFileWithoutAReportAndWithoutItsEnd) {
 }
 
 TEST(ApplyToFile, CancelInMultilineIsMeantToCountAsOneChangeAndLeavesTheFile) {
-  for (const std::size_t replacements : {0, 1, 2}) {
+  for (const std::size_t replacements : {0u, 1u, 2u}) {
     FileRun run;
     run.callback.answers.assign(replacements, ConfirmResult::Replace);
     run.callback.answers.push_back(ConfirmResult::Cancel);
