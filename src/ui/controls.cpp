@@ -30,6 +30,14 @@ void FitList(HWND combo, int longestRow) {
   SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 
+// The system selects the text of each control that says it has a selection; this one no longer says so.
+LRESULT CALLBACK KeepingSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                  DWORD_PTR) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, KeepingSelection, id);
+  const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+  return message == WM_GETDLGCODE ? result & ~LRESULT{DLGC_HASSETSEL} : result;
+}
+
 }  // namespace
 
 WString GetText(HWND control) {
@@ -49,7 +57,8 @@ void SetText(HWND control, const WString& text) {
 
 void SetTexts(HWND dialog, std::span<const ControlText> rows, const TextSource& texts) {
   for (const ControlText& row : rows) {
-    SendMessageW(Find(dialog, row.control), WM_SETTEXT, 0, Pointer(TextOf(texts, row.text)));
+    const WCHAR* const text = texts(row.text);
+    if (text) SendMessageW(Find(dialog, row.control), WM_SETTEXT, 0, Pointer(text));
   }
 }
 
@@ -130,6 +139,11 @@ void LimitTexts(HWND dialog, std::span<const TextLimit> rows) {
   for (const TextLimit& row : rows) {
     SendDlgItemMessageW(dialog, row.control, EM_SETLIMITTEXT, row.characters, 0);
   }
+}
+
+void KeepSelection(HWND edit) {
+  constexpr UINT_PTR kId = 1;
+  SetWindowSubclass(edit, KeepingSelection, kId, 0);
 }
 
 void UpdateText(HWND control, const WString& text) {

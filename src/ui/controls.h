@@ -11,8 +11,8 @@
 
 namespace Ui {
 
-// Gives the text of a number of the language table; the dialogs hold no texts of their own. Null counts as
-// the empty text. The text is used before the next is asked for.
+// Gives the text of a number of the language table. Null counts as the empty text, or leaves the one that the
+// dialog's template has. The text is used before the next is asked for.
 using TextSource = std::function<const WCHAR*(std::uint32_t id)>;
 
 // The text of a control; for an editable combo box, of its edit field.
@@ -64,6 +64,9 @@ struct TextLimit {
   std::size_t characters;
 };
 void LimitTexts(HWND dialog, std::span<const TextLimit> rows);
+
+// The tab key and the opening of a dialog select all of an edit control's text; this one keeps its selection.
+void KeepSelection(HWND edit);
 
 // Sets the text of a control unless it is there already: a field that is being edited keeps its caret.
 void UpdateText(HWND control, const WString& text);

@@ -60,7 +60,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   auto* self = reinterpret_cast<Dialog*>(GetWindowLongPtrW(window, DWLP_USER));
   if (!self) return FALSE;
   try {
-    return self->Handle(message, wParam) ? TRUE : FALSE;
+    return self->Handle(message, wParam, lParam);
   } catch (...) {
     // The first is what went wrong; later ones come of it.
     if (!self->failure_) self->failure_ = std::current_exception();
@@ -69,22 +69,26 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   }
 }
 
-bool Dialog::Handle(UINT message, WPARAM wParam) {
+INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG:
       CenterOverOwner(window_);
       OnInit();
       OnChange();
-      return true;  // the system sets the focus on the first field
+      return TRUE;  // the system sets the focus on the first field
     case WM_COMMAND:
       HandleCommand(LOWORD(wParam), HIWORD(wParam));
-      return true;
+      return TRUE;
+    case WM_CTLCOLORSTATIC:
+      // Of the few messages whose answer is the procedure's own.
+      return reinterpret_cast<INT_PTR>(
+          OnColorStatic(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)), reinterpret_cast<HDC>(wParam)));
     case kChangeMessage:
       changePending_ = false;
       OnChange();
-      return true;
+      return TRUE;
     default:
-      return false;
+      return FALSE;
   }
 }
 

@@ -49,6 +49,10 @@ class Dialog {
   virtual void OnChange() {}
   // A button other than OK and Cancel was pressed. Check boxes and radio buttons come here as well.
   virtual void OnButton(int /*control*/) {}
+  // A read-only edit control, a disabled one or a label is about to be drawn: sets colours in `dc` and
+  // answers the brush of the background, which stays the class's. Null leaves the control as the system draws
+  // it.
+  virtual HBRUSH OnColorStatic(int /*control*/, HDC /*dc*/) { return nullptr; }
   // The OK button or Enter.
   virtual void OnOk() { Close(IDOK); }
   // The Cancel button, Escape, or the window's close button.
@@ -56,7 +60,8 @@ class Dialog {
 
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  bool Handle(UINT message, WPARAM wParam);
+  // Answers what the dialog procedure does.
+  INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
   void HandleCommand(int control, int notification);
 
   int resource_;

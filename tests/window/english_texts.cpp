@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -20,25 +21,52 @@ QxHost::LanguageTable ReadTable() {
   return QxHost::LanguageTable::Parse(bytes, warnings);
 }
 
-}  // namespace
+using Texts = std::map<Velmora::SDK::TextId, WString>;
 
-std::map<Velmora::SDK::TextId, WString> EnglishTexts() {
+// The texts of these ids in a section of the table; first or second ones.
+template <typename Ids>
+Texts ReadTexts(const char* section, const Ids& ids, WString QxHost::LanguageText::*which) {
   const QxHost::LanguageTable table = ReadTable();
-  std::map<Velmora::SDK::TextId, WString> texts;
-  for (const Velmora::SDK::MessageText id : Velmora::SDK::kMessageTexts) {
-    const QxHost::LanguageText* text = table.Find("QXUtils", id);
+  Texts texts;
+  for (const Velmora::SDK::TextId id : ids) {
+    const QxHost::LanguageText* text = table.Find(section, id);
     EXPECT_NE(text, nullptr) << std::hex << id;
-    if (text) texts[id] = text->first;
+    if (text) texts[id] = text->*which;
   }
   return texts;
 }
 
-std::map<Velmora::SDK::TextId, WString> LongTexts() {
-  std::map<Velmora::SDK::TextId, WString> texts = EnglishTexts();
+Texts Titles() { return ReadTexts("QXUtils", Velmora::SDK::kMessageTitles, &QxHost::LanguageText::second); }
+
+Texts CommonTexts() {
+  return ReadTexts("common", std::array{Velmora::SDK::kCommonTextCancel}, &QxHost::LanguageText::first);
+}
+
+Texts Lengthened(Texts texts) {
   for (auto& [id, text] : texts) {
     // Words of six letters.
     for (std::size_t more = (text.size() * 2 + 4) / 5; more > 0; --more)
       text += more % 7 == 0 ? W(' ') : W('n');
   }
   return texts;
+}
+
+}  // namespace
+
+Texts EnglishTexts() {
+  return ReadTexts("QXUtils", Velmora::SDK::kMessageTexts, &QxHost::LanguageText::first);
+}
+
+Texts LongTexts() { return Lengthened(EnglishTexts()); }
+
+void SpeakEnglish(FakeHost& host) {
+  host.texts = EnglishTexts();
+  host.titles = Titles();
+  host.commonTexts = CommonTexts();
+}
+
+void SpeakAtLength(FakeHost& host) {
+  host.texts = LongTexts();
+  host.titles = Lengthened(Titles());
+  host.commonTexts = Lengthened(CommonTexts());
 }

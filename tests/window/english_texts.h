@@ -4,9 +4,14 @@
 #include <map>
 
 #include "frame/services/host_types.h"
+#include "support/fake_host.h"
 
 // The texts of the questions and dialogs. One that is missing fails the test.
 std::map<Velmora::SDK::TextId, WString> EnglishTexts();
 
 // The same, each longer by two fifths, as a translation may be.
 std::map<Velmora::SDK::TextId, WString> LongTexts();
+
+// Gives the host these texts, with the second ones and those that all modules share.
+void SpeakEnglish(FakeHost& host);
+void SpeakAtLength(FakeHost& host);
