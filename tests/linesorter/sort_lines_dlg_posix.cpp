@@ -3,42 +3,13 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/posix/user_interface.h"
+#include "support/dialog_answer.h"
 #include "support/fake_host.h"
 
 namespace WQLineSorter {
 namespace {
 
 using testing::ElementsAre;
-
-// Answers the dialog by a function.
-class DialogAnswer final : public Platform::UserInterface {
- public:
-  using Function = std::function<INT_PTR(Platform::FormRequest&)>;
-  explicit DialogAnswer(Function function)
-      : function_(std::move(function)), before_(Platform::InstallUserInterface(this)) {}
-  ~DialogAnswer() override { Platform::InstallUserInterface(before_); }
-
-  int MessageBox(const WCHAR*, const WCHAR*, UINT) override { return 0; }
-  INT_PTR Dialog(Platform::FormRequest& form) override { return function_(form); }
-  INT_PTR ShellExecute(const WCHAR*, const WCHAR*, const WCHAR*, int) override { return 31; }
-
- private:
-  Function function_;
-  Platform::UserInterface* before_;
-};
-
-Platform::FormField& FieldOf(Platform::FormRequest& request, const std::string& name) {
-  for (Platform::FormField& field : request.fields) {
-    if (field.name == name) return field;
-  }
-  throw std::runtime_error("no field " + name);
-}
-
-bool Set(Platform::FormRequest& request, const std::string& name, const WString& value) {
-  return FieldOf(request, name).set(value);
-}
-WString Get(Platform::FormRequest& request, const std::string& name) { return FieldOf(request, name).get(); }
 
 SortLinesForm StartedForm(std::uint32_t bits = 0x100011) {
   SortLinesForm form;
@@ -69,15 +40,12 @@ TEST(SortLinesDlg, IsAskedForByItsClassWithItsTextsAndFields) {
     EXPECT_EQ(request.dialog, "SortLinesDlg");
     EXPECT_EQ(request.title, W("Sort"));
     EXPECT_EQ(request.text, W("Heading\n1 files"));
-    std::vector<std::string> fields;
-    for (const Platform::FormField& field : request.fields) {
-      fields.push_back(field.name + "=" + ToUtf8(field.get()));
-    }
-    EXPECT_THAT(fields, ElementsAre("saveAs=new", "targetName=a_s.txt", "keepLinesTop=0", "keepLinesBottom=0",
-                                    "startPosition=1", "skipLeadingSpace=1", "sortBy=line",
-                                    "length=", "endCharacter=", "endAtWhitespace=0", "separator=", "item=0",
-                                    "sortMethod=text", "dateFormat=", "languageAware=0", "ignoreCase=0",
-                                    "naturalNumbers=0", "reverse=0", "removeDuplicates=0", "removeBlank=0"));
+    EXPECT_THAT(ValuesOf(request),
+                ElementsAre("saveAs=new", "targetName=a_s.txt", "keepLinesTop=0", "keepLinesBottom=0",
+                            "startPosition=1", "skipLeadingSpace=1", "sortBy=line",
+                            "length=", "endCharacter=", "endAtWhitespace=0", "separator=", "item=0",
+                            "sortMethod=text", "dateFormat=", "languageAware=0", "ignoreCase=0",
+                            "naturalNumbers=0", "reverse=0", "removeDuplicates=0", "removeBlank=0"));
     return IDCANCEL;
   });
   SortLinesForm form = StartedForm();
