@@ -4,8 +4,9 @@
 // library's ECMAScript grammar; braces keep their meaning there (`x{2}`). The library's own matcher calls
 // itself for each character, which a long line turns into a stack overflow, and may take time without bounds.
 // So its matches are found here in another way: without recursion, in time that grows with the line, and with
-// no memory for a line where the text has no braces. The library judges the patterns: what it refuses is
-// refused with its words.
+// no memory for a line where neither the text has braces nor a match would reach over a line separator. The
+// library judges the patterns: what it refuses is refused with its words. Beyond ASCII a character means
+// itself, whatever the locale or the code page.
 //
 // CharT is char or WCHAR; letters of A to Z alone have a case.
 #pragma once
@@ -16,6 +17,7 @@
 #include <string_view>
 #include <vector>
 
+#include "findreplace/wildcard_match.h"
 #include "platform/text.h"
 
 namespace QXFindAndReplace {
@@ -39,14 +41,16 @@ class WildcardPattern {
   WildcardPattern& operator=(WildcardPattern&&) noexcept;
   ~WildcardPattern();
 
-  struct Match {
-    std::uint32_t start;  // from the line's beginning
-    std::uint32_t length;
-  };
+  using Match = WildcardMatch;
 
   // The match that std::regex_search finds in the line's `length` characters from `column` on: the leftmost,
   // and from there the one whose runs are each as long as can be, the first before the second. False if there
-  // is none.
+  // is none. `column` is at most `length`. Zeros are characters like others. A ? or * takes no CR and LF,
+  // which a line does not hold, and in WCHARs no U+2028 and U+2029, which it may.
+  //
+  // A search that begins behind the match of the last one in the same line (the same pointer and length) goes
+  // on with what is known of it, so that its text must be the same still. Throws std::regex_error
+  // (error_complexity) where a pattern with braces needs too much memory for the line, or std::bad_alloc.
   bool Search(const CharT* line, std::uint32_t length, std::uint32_t column, Match& match);
 
   // Characters that stand in every match, side by side; empty if the text has none. Stays valid with the

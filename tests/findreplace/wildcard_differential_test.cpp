@@ -1,0 +1,229 @@
+// Wildcard patterns beside the standard library: the same matches, and the same refusals in the same words.
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <random>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "findreplace/wildcard_library.h"
+#include "linesorter/widths.h"
+
+namespace {
+
+template <typename CharT>
+using Text = std::basic_string<CharT>;
+
+// Numbers below a bound, the same in every build.
+class Random {
+ public:
+  explicit Random(std::uint32_t seed) : engine(seed) {}
+  std::uint32_t operator()(std::size_t bound) {
+    return static_cast<std::uint32_t>(engine()) % static_cast<std::uint32_t>(bound);
+  }
+  bool OneIn(std::size_t count) { return (*this)(count) == 0; }
+
+ private:
+  std::mt19937 engine;
+};
+
+// Letters beyond ASCII and their other case, halves of a pair, and what `?` does not take.
+template <typename CharT>
+const std::vector<CharT>& Oddities() {
+  static const std::vector<CharT> bytes = {CharT(0x80), CharT(0xE4), CharT(0xC4),
+                                           CharT(0xFF), CharT('\r'), CharT('\n')};
+  return bytes;
+}
+template <>
+const std::vector<WCHAR>& Oddities<WCHAR>() {
+  static const std::vector<WCHAR> units = {WCHAR(0xE4),   WCHAR(0xC4),   WCHAR(0x416),  WCHAR(0x436),
+                                           WCHAR(0x2028), WCHAR(0x2029), WCHAR(0x2027), WCHAR(0xD83D),
+                                           WCHAR(0xDE00), WCHAR('\r'),   WCHAR('\n')};
+  return units;
+}
+
+template <typename CharT>
+CharT AnyCharacter(Random& random) {
+  constexpr char kPlain[] = {'a', 'b', 'A', 'B', 'k', 'Z', '[', '`', '@', '{', '1', '2', ',',
+                             '}', '.', '-', '/', '^', '$', '(', ')', ']', '|', '+', '\\'};
+  if (random.OneIn(8)) return Oddities<CharT>()[random(Oddities<CharT>().size())];
+  if (random.OneIn(20)) return CharT();
+  return static_cast<CharT>(kPlain[random(sizeof(kPlain))]);
+}
+
+template <typename CharT>
+void Append(Text<CharT>& text, const std::string& added) {
+  for (const char c : added) text += static_cast<CharT>(c);
+}
+
+// Mostly of two letters, so that much matches.
+template <typename CharT>
+Text<CharT> AnyLine(Random& random, std::size_t bound) {
+  const std::size_t length = random(bound);
+  const bool isPlain = !random.OneIn(4);
+  Text<CharT> line;
+  while (line.size() < length)
+    line +=
+        isPlain ? static_cast<CharT>("abAB"[random(random.OneIn(2) ? 2 : 4)]) : AnyCharacter<CharT>(random);
+  return line;
+}
+
+// May be the wrong way round.
+std::string AnyBrace(Random& random, std::size_t most) {
+  const std::string least = std::to_string(random(4));
+  switch (random(4)) {
+    case 0:
+      return '{' + least + '}';
+    case 1:
+      return '{' + least + ",}";
+    default:
+      return '{' + least + ',' + std::to_string(random(most)) + '}';
+  }
+}
+
+std::string AnyMalformedBrace(Random& random) {
+  std::string brace(1, '{');
+  for (std::uint32_t count = random(5); count > 0; --count) brace += "012,{}?*a.-\\"[random(12)];
+  if (random.OneIn(2)) brace += '}';
+  return brace;
+}
+
+template <typename CharT>
+void AppendAtom(Text<CharT>& text, Random& random, bool isPlain) {
+  if (random.OneIn(4))
+    text += CharT('?');
+  else
+    text += isPlain ? static_cast<CharT>("abAB"[random(4)]) : AnyCharacter<CharT>(random);
+}
+
+// No repeats of repeats: those take the library's matcher long.
+template <typename CharT>
+Text<CharT> AnyText(Random& random) {
+  Text<CharT> text;
+  const bool isPlain = !random.OneIn(4);
+  const bool hasBraces = random.OneIn(2);
+  for (std::uint32_t count = random(7) + 1; count > 0; --count) {
+    if (random.OneIn(5)) {
+      text += CharT('*');
+      continue;
+    }
+    AppendAtom(text, random, isPlain);
+    if (hasBraces && random.OneIn(2)) Append(text, AnyBrace(random, 6));
+    if (hasBraces && random.OneIn(12)) Append(text, AnyMalformedBrace(random));
+  }
+  return text;
+}
+
+// One element of repeats of repeats among others; more would take the library's matcher too long.
+template <typename CharT>
+Text<CharT> AnyTextOfNestedRepeats(Random& random) {
+  Text<CharT> text;
+  for (std::uint32_t count = random(2); count > 0; --count) AppendAtom(text, random, true);
+  if (random.OneIn(5)) {
+    text += CharT('*');
+  } else {
+    AppendAtom(text, random, true);
+    Append(text, AnyBrace(random, 5));
+  }
+  Append(text, AnyBrace(random, 5));
+  for (std::uint32_t count = random(3); count > 0; --count) {
+    AppendAtom(text, random, true);
+    if (random.OneIn(4)) Append(text, AnyBrace(random, 5));
+  }
+  return text;
+}
+
+template <typename CharT>
+std::string Shown(const Text<CharT>& text) {
+  std::string shown;
+  for (const CharT c : text) {
+    const auto unit = static_cast<std::make_unsigned_t<CharT>>(c);
+    shown += unit >= 0x20 && unit < 0x7F ? std::string(1, static_cast<char>(unit))
+                                         : '<' + std::to_string(unit) + '>';
+  }
+  return shown;
+}
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr int kFewer = 10;
+#else
+constexpr int kFewer = 1;
+#endif
+
+template <typename CharT>
+class WildcardDifferentialTest : public testing::Test {
+ protected:
+  // Searches `text` in some lines of less than `lineBound` characters, and in itself.
+  void Compare(const Text<CharT>& text, std::size_t lineBound, Random& random) {
+    const bool ignoreCase = random.OneIn(2);
+    std::optional<std::basic_regex<LibraryUnit<CharT>>> regex;
+    std::optional<QXFindAndReplace::WildcardPattern<CharT>> pattern;
+    const Refusal wanted = RefusalOf([&] { regex.emplace(CompileInLibrary<CharT>(text, ignoreCase)); });
+    const Refusal met = RefusalOf([&] { pattern.emplace(text, ignoreCase); });
+    ASSERT_EQ(met.text, wanted.text) << Shown(text);
+    ASSERT_EQ(met.code, wanted.code) << Shown(text);
+    if (!regex) {
+      ++refused;
+      return;
+    }
+    for (int count = 0; count < kLines; ++count) {
+      const Text<CharT> made =
+          count == 0 && text.size() < lineBound ? text : AnyLine<CharT>(random, lineBound);
+      const Exact<CharT> line(made);
+      const std::size_t column = random.OneIn(4) ? random(made.size() + 1) : 0;
+      // Another line may have stood at the same place in memory.
+      MatchesOf<CharT>(*pattern, {}, 0);
+      const LineMatches expected = MatchesOfLibrary<CharT>(*regex, made, column);
+      ASSERT_EQ(MatchesOf<CharT>(*pattern, {line.Begin(), line.Length()}, column), expected)
+          << Shown(text) << " in " << Shown(made) << " from " << column << (ignoreCase ? ", any case" : "");
+      ++(expected.empty() ? unmatched : matched);
+    }
+  }
+
+  static constexpr int kLines = 12;
+  int refused = 0;
+  int matched = 0;
+  int unmatched = 0;
+};
+
+TYPED_TEST_SUITE(WildcardDifferentialTest, BothWidths);
+
+}  // namespace
+
+TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFinds) {
+  Random random(4711);
+  for (int round = 0; round < 6000 / kFewer; ++round) {
+    this->Compare(AnyText<TypeParam>(random), 24, random);
+    if (this->HasFatalFailure()) return;
+  }
+  EXPECT_GT(this->matched, 15000 / kFewer);
+  EXPECT_GT(this->unmatched, 15000 / kFewer);
+  EXPECT_GT(this->refused, 1000 / kFewer);
+}
+
+TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsWithRepeatsOfRepeats) {
+  Random random(815);
+  for (int round = 0; round < 3000 / kFewer; ++round) {
+    this->Compare(AnyTextOfNestedRepeats<TypeParam>(random), 10, random);
+    if (this->HasFatalFailure()) return;
+  }
+  EXPECT_GT(this->matched, 5000 / kFewer);
+  EXPECT_GT(this->refused, 500 / kFewer);
+}
+
+// Lines of several vectors, with texts cut out of them.
+TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsInLongerLines) {
+  Random random(99);
+  for (int round = 0; round < 500 / kFewer; ++round) {
+    const Text<TypeParam> line = AnyLine<TypeParam>(random, 120);
+    Text<TypeParam> text = line.substr(random(line.size() + 1), random(40));
+    for (TypeParam& c : text) {
+      if (random.OneIn(12)) c = TypeParam('?');
+      if (c == TypeParam('{') || random.OneIn(24)) c = TypeParam('*');
+    }
+    this->Compare(text, 120, random);
+    if (this->HasFatalFailure()) return;
+  }
+  EXPECT_GT(this->matched, 1000 / kFewer);
+}
