@@ -59,6 +59,11 @@ before separator. Switches are 0 or 1.
          skipLeadingSpace; sortBy: line, substring (length, endCharacter, endAtWhitespace) or item (separator,
          item); sortMethod: text (languageAware, ignoreCase, naturalNumbers), number or date (dateFormat);
          reverse; removeBlank
+  30151  find; replace; findMode: One, Many, ManySame or Multiline; saveMode: new, keep-backup or delete-backup;
+         targetName; wildcard; ignoreCase; forceUtf8; silent
+A dialog that comes later is filled by its name. The one that asks about a match, of 30151 and FindAndReplace, is
+ConfirmReplaceDlg with the field result: replace, all, next or cancel. --answer ok alone is replace. Where a field
+comes again, it is for the next dialog of that name.
 
 Examples:
   qxhost menu                                    the commands and their numbers
@@ -78,6 +83,10 @@ Examples:
          --answer ok --answer ok command 30150 a.txt
                                                  the same from the menu, into a_sorted.txt: first the dialog,
                                                  then the closing message
+  qxhost --form find=grey --form replace=gray --form ConfirmReplaceDlg.result=next
+         --form ConfirmReplaceDlg.result=all --answer ok --answer ok --answer ok --answer ok command 30151 *.txt
+                                                 the first match stays and all others are replaced: the dialog,
+                                                 two questions, and the closing message
   qxhost --json menu                             one JSON object a line, for programs
 
 Exit status: 0 the module handled the command, 1 it did not, 2 the call was wrong, 3 the module could not be
@@ -94,7 +103,8 @@ void DeclareOptions(CLI::App& app, Options& options) {
   AddText(app, "--view", "DIR", options.view, "Folder that the panel shows [the focused item's]");
   AddText(app, "--items", "FILE", options.items, "File with further ITEMs, one a line; - for standard input");
   AddTexts(app, "--answer", "A", options.answers, std::string("Answers the next question: ") + kAnswerForms);
-  AddTexts(app, "--form", "F=V", options.form, "Fills field F of the next dialog (native build)");
+  AddTexts(app, "--form", "F=V", options.form,
+           "Fills field F of the next dialog, DIALOG.F of the next of that name (native build)");
   app.add_flag("--elevated", options.elevated, "As if the host ran with administrator rights");
   app.add_flag("--before-vista", options.beforeVista, "As if Windows were older than Vista");
   app.add_flag("--class-a", options.classA, "As if Windows were of class A");

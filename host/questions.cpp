@@ -1,6 +1,7 @@
 #include "host/questions.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "host/paths.h"
@@ -174,9 +175,33 @@ bool Questions::SetField(const std::vector<DialogField>& fields, const std::stri
   return true;
 }
 
+// What is for this dialog. Where a field comes again under the dialog's name, that begins what the next one
+// of the name is given.
+std::vector<FormValue> Questions::TakeFormValues(const std::string& dialog) {
+  std::vector<FormValue> taken;
+  std::set<std::string> named;
+  bool isNextOne = false;
+  for (FormValue& row : std::exchange(form_, {})) {
+    const std::size_t dot = row.field.find('.');
+    if (dot == std::string::npos) {
+      taken.push_back(std::move(row));
+      continue;
+    }
+    const std::string field = row.field.substr(dot + 1);
+    const bool isOfName = row.field.substr(0, dot) == dialog;
+    if (isOfName && !named.insert(field).second) isNextOne = true;
+    if (isOfName && !isNextOne) {
+      taken.push_back({field, std::move(row.value)});
+    } else {
+      form_.push_back(std::move(row));
+    }
+  }
+  return taken;
+}
+
 bool Questions::FillForm(const std::string& dialog, const std::vector<DialogField>& fields) {
   std::string mistake;
-  for (const FormValue& row : std::exchange(form_, {})) {
+  for (const FormValue& row : TakeFormValues(dialog)) {
     if (SetField(fields, row.field, row.value, mistake)) continue;
     Refuse(mistake + " in the dialog " + dialog + "; its fields are " + FieldList(fields));
     return false;

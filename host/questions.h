@@ -23,7 +23,8 @@ struct DialogField {
   std::function<bool(const WString&)> set;  // false: no value of this field
 };
 
-// A value for a field, as `--form F=V` gives it.
+// A value for a field, as `--form F=V` gives it: for the next dialog, or, with a field of the form DIALOG.F,
+// for the next dialog of that class.
 struct FormValue {
   std::string field;
   WString value;
@@ -74,6 +75,7 @@ class Questions {
 
  private:
   std::optional<std::string> ReadAnswer(const std::string& prompt);
+  std::vector<FormValue> TakeFormValues(const std::string& dialog);
   bool FillForm(const std::string& dialog, const std::vector<DialogField>& fields);
   bool SetField(const std::vector<DialogField>& fields, const std::string& name, const WString& value,
                 std::string& mistake);

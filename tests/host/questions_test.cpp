@@ -180,6 +180,41 @@ TEST_F(QuestionsTest, AFormIsFilledOnce) {
   EXPECT_EQ(text_, W("other"));
 }
 
+TEST_F(QuestionsTest, AValueWithADialogsNameWaitsForThatDialog) {
+  Questions& questions =
+      Ask({"ok", "ok", "ok"}, {{"Later.text", W("later")}, {"digit", W("7")}, {"Never.digit", W("8")}});
+  EXPECT_TRUE(questions.AskDialog("D", W("T"), W("Top"), Fields()));
+  EXPECT_EQ(text_, W("old"));
+  EXPECT_EQ(digit_, W("7"));
+  EXPECT_TRUE(questions.AskDialog("Later", W("T"), W("Top"), Fields()));
+  EXPECT_EQ(text_, W("later"));
+  EXPECT_EQ(digit_, W("7"));
+  EXPECT_EQ(questions.FormValuesLeft(), 1u);
+}
+
+TEST_F(QuestionsTest, AFieldThatComesAgainUnderADialogsNameIsForTheNextOne) {
+  Questions& questions = Ask({"ok", "ok", "ok"}, {{"D.text", W("a")},
+                                                  {"D.digit", W("2")},
+                                                  {"D.text", W("b")},
+                                                  {"D.digit", W("3")},
+                                                  {"D.digit", W("4")}});
+  std::vector<WString> seen;
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_TRUE(questions.AskDialog("D", W("T"), W("Top"), Fields()));
+    seen.push_back(text_ + digit_);
+  }
+  EXPECT_THAT(seen, testing::ElementsAre(W("a2"), W("b3"), W("b4")));
+  EXPECT_EQ(questions.FormValuesLeft(), 0u);
+}
+
+TEST_F(QuestionsTest, AWrongFieldUnderADialogsNameCancelsThatDialog) {
+  Questions& questions = Ask({"ok", "ok"}, {{"Later.texts", W("x")}});
+  EXPECT_TRUE(questions.AskDialog("D", W("T"), W("Top"), Fields()));
+  EXPECT_FALSE(questions.AskDialog("Later", W("T"), W("Top"), Fields()));
+  EXPECT_TRUE(questions.HasRefused());
+  EXPECT_THAT(recorded_.problems, HasSubstr("there is no field texts in the dialog Later"));
+}
+
 TEST_F(QuestionsTest, AWrongFieldOrValueCancelsTheDialogAndListsTheFields) {
   EXPECT_FALSE(Ask({"ok"}, {{"texts", W("x")}}).AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_TRUE(questions_->HasRefused());
