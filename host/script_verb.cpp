@@ -11,7 +11,7 @@ namespace QxHost {
 namespace {
 
 // Commands that the module declares and answers with 0, whatever is asked of them: still to come.
-constexpr std::string_view kStillToCome[] = {"CreateLink", "FindAndReplace"};
+constexpr std::string_view kStillToCome[] = {"CreateLink"};
 
 bool IsStillToCome(std::string_view name) {
   return std::ranges::find(kStillToCome, name) != std::end(kStillToCome);
@@ -21,6 +21,11 @@ bool IsStillToCome(std::string_view name) {
 std::string WithHint(const std::string& failure) {
   if (failure.find("stoi argument") == std::string::npos) return failure;
   return failure + ". A number among the parameters is none, or too large; nothing was done";
+}
+
+bool IsGivenEmpty(ScriptCall& call, const char* name) {
+  const WCHAR* const value = call.GetValue(name);
+  return value && !*value;
 }
 
 class ScriptVerb final : public Verb {
@@ -90,6 +95,8 @@ class ScriptVerb final : public Verb {
       noteOfZero_ = command.name + " is declared and still to come: nothing was done";
     } else if (call.Misses("TARGET")) {
       noteOfZero_ += "; TARGET must be given: without it " + command.name + " does nothing";
+    } else if (IsGivenEmpty(call, "FIND") || IsGivenEmpty(call, "REPLACEWITH")) {
+      noteOfZero_ += "; FIND and REPLACEWITH must not be empty";
     }
     extensions.Stop();
     return answer;

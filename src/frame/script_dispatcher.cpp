@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "findreplace/find_and_replace_script.h"
 #include "linesorter/sort_lines_script.h"
 
 using namespace Velmora::SDK;
@@ -17,6 +18,7 @@ struct ScriptRow {
 // clang-format off
 constexpr ScriptRow kScriptCommands[] = {
   {30352, SortLinesScript},
+  {30353, FindAndReplaceScript},
 };
 // clang-format on
 

@@ -27,6 +27,17 @@ TEST(ScriptDispatcher, SortLinesRunsItsTool) {
               Contains("LogMessage(0, 30, \"[Custom Cmd - SortLines] - FILE : C:\\x.txt not found\")"));
 }
 
+TEST(ScriptDispatcher, FindAndReplaceRunsItsTool) {
+  FakeHost host;
+  CQXUtils extension;
+  extension.OnStart(&host);
+  FakeCommandCall call(30353);
+  call.values = {{"FILE", W("C:\\x.txt")}, {"TARGET", W("*.*")}, {"FIND", W("a")}, {"REPLACEWITH", W("b")}};
+  EXPECT_EQ(extension.OnCustomCommand(&call), 0);
+  EXPECT_THAT(host.recorder.Calls(),
+              Contains("LogMessage(0, 30, \"[Custom Cmd - FindAndReplace] - FILE : C:\\x.txt not found\")"));
+}
+
 TEST(ScriptDispatcher, AnswersAsTheToolDoes) {
   FakeHost host;
   host.fileOperation.items = {host.AddFile(W("x.txt"))};
