@@ -53,11 +53,6 @@ bool BeginningIsLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs
 // A result of the system's compare functions; 0, their failure, counts as less.
 bool SaysLess(int result) { return result < CSTR_EQUAL; }
 
-template <typename Function>
-Function FindIn(const SystemLibrary& library, const char* name) {
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(library.Find(name)));
-}
-
 constexpr const WCHAR* kSystemLibrary = W("kernel32.dll");
 
 }  // namespace
@@ -69,19 +64,9 @@ bool LineCompare_OrdinalA::Compare(const char* lhs, std::uint32_t lhsLength, con
   return BeginningIsLess(lhs, lhsLength, rhs, rhsLength, ignoreCase);
 }
 
-SystemLibrary::SystemLibrary(const WCHAR* name) : module(name ? LoadLibraryW(name) : nullptr) {}
-
-SystemLibrary::~SystemLibrary() {
-  if (module) FreeLibrary(module);
-}
-
-FARPROC SystemLibrary::Find(const char* function) const {
-  return module ? GetProcAddress(module, function) : nullptr;
-}
-
 LineCompare_OrdinalW::LineCompare_OrdinalW()
     : library(kSystemLibrary),
-      compareStringOrdinal(FindIn<decltype(compareStringOrdinal)>(library, "CompareStringOrdinal")) {}
+      compareStringOrdinal(library.Find<decltype(compareStringOrdinal)>("CompareStringOrdinal")) {}
 
 bool LineCompare_OrdinalW::Compare(const WCHAR* lhs, std::uint32_t lhsLength, const WCHAR* rhs,
                                    std::uint32_t rhsLength) {
@@ -102,7 +87,7 @@ bool LineCompare_LanguageAware_StringCompareA::Compare(const char* lhs, std::uin
 
 LanguageOrder::LanguageOrder(bool lookUp)
     : library(lookUp ? kSystemLibrary : nullptr),
-      compareStringEx(FindIn<decltype(compareStringEx)>(library, "CompareStringEx")) {}
+      compareStringEx(library.Find<decltype(compareStringEx)>("CompareStringEx")) {}
 
 bool LanguageOrder::IsLess(DWORD flags, const WCHAR* lhs, std::uint32_t lhsLength, const WCHAR* rhs,
                            std::uint32_t rhsLength) const {

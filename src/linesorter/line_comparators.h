@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/system_library.h"
 #include "platform/text.h"
 
 namespace WQLineSorter {
@@ -31,20 +32,6 @@ class LineCompare_TextBase {
 class LineCompare_OrdinalA final : public LineCompare_TextBase<char> {
  public:
   bool Compare(const char* lhs, std::uint32_t lhsLength, const char* rhs, std::uint32_t rhsLength) override;
-};
-
-// A library of the system, loaded as long as the comparator lives. Null where it cannot be loaded.
-class SystemLibrary {
- public:
-  explicit SystemLibrary(const WCHAR* name);
-  SystemLibrary(const SystemLibrary&) = delete;
-  SystemLibrary& operator=(const SystemLibrary&) = delete;
-  ~SystemLibrary();
-  // Null if the library or the function is not there.
-  FARPROC Find(const char* function) const;
-
- private:
-  HMODULE module;
 };
 
 // 16-bit units (CompareStringOrdinal, which puts a key behind its own beginning). Without that function, as

@@ -17,7 +17,9 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <shlwapi.h>
 #include <time.h>
+#include <winioctl.h>
 
 // IHostApp has an operation and a save mode of find and replace has a flag of these names; the product calls
 // MessageBoxW by its full name, and ReplaceFileW not at all.

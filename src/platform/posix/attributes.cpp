@@ -1,6 +1,10 @@
 #include "platform/posix/attributes.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cerrno>
+#include <climits>
 
 #include "platform/posix/fault_gate.h"
 #include "platform/posix/last_error.h"
@@ -8,6 +12,19 @@
 #include "platform/posix/windows_functions.h"
 
 namespace Platform {
+
+bool IsJunction(int folder, const char* path) {
+  char text[PATH_MAX];
+  const ssize_t size = readlinkat(folder, path, text, sizeof text);
+  // The text of a path that was made here is never cut: PATH_MAX is the limit of links too.
+  return size > 0 && text[0] == '/' && text[size - 1] == '/';
+}
+
+bool LinksToFolder(int folder, const char* path) {
+  struct stat target;
+  if (fstatat(folder, path, &target, 0) == 0) return S_ISDIR(target.st_mode);
+  return IsJunction(folder, path);
+}
 
 DWORD AttributesOf(mode_t mode, std::string_view name, bool linksToFolder) {
   DWORD attributes = FILE_ATTRIBUTE_ARCHIVE;
@@ -30,11 +47,7 @@ DWORD Look(const WCHAR* path, NativePath& native, struct stat& status, bool& lin
   const DWORD error = TranslatePath(path, native);
   if (error != ERROR_SUCCESS) return error;
   if (lstat(native.path.c_str(), &status) != 0) return PathError(errno, native.path);
-  linksToFolder = false;
-  if (S_ISLNK(status.st_mode)) {
-    struct stat target;
-    linksToFolder = stat(native.path.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
-  }
+  linksToFolder = S_ISLNK(status.st_mode) && LinksToFolder(AT_FDCWD, native.path.c_str());
   const bool isFolder = S_ISDIR(status.st_mode) || linksToFolder;
   return native.endsInSeparator && !isFolder ? ERROR_PATH_NOT_FOUND : ERROR_SUCCESS;
 }

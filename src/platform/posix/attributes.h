@@ -20,6 +20,14 @@ inline mode_t ReadOnlyMode(const struct stat& status) {
   return status.st_mode & static_cast<mode_t>(07777 & ~(S_IWUSR | S_IWGRP | S_IWOTH));
 }
 
+// What is told of a link at `path`, which is relative to the open folder `folder` (AT_FDCWD for none):
+// whether it is a folder to Windows. That is one that leads to a folder, and every junction.
+bool LinksToFolder(int folder, const char* path);
+
+// Whether the link at `path` is a junction: a link to a full path with a slash at its
+// end, which so leads to folders alone.
+bool IsJunction(int folder, const char* path);
+
 // The attributes of what lstat found at `name` (its last part alone counts: a leading dot hides it). Links to
 // folders are told from others by `linksToFolder`.
 DWORD AttributesOf(mode_t mode, std::string_view name, bool linksToFolder);

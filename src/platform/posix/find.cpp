@@ -66,14 +66,13 @@ bool Describe(int folder, const char* name, unsigned char type, WIN32_FIND_DATAW
     // Listed but not to be looked at: it is shown with what the folder says of it.
     status.stx_mode = static_cast<decltype(status.stx_mode)>(ModeOfType(type));
   }
-  bool linksToFolder = false;
-  if (S_ISLNK(status.stx_mode)) {
-    struct stat target;
-    linksToFolder = fstatat(folder, name, &target, 0) == 0 && S_ISDIR(target.st_mode);
-  }
   data = {};
+  const bool isLink = S_ISLNK(status.stx_mode);
+  const bool linksToFolder = isLink && Platform::LinksToFolder(folder, name);
   data.dwFileAttributes = Platform::AttributesOf(status.stx_mode, name, linksToFolder);
-  if (S_ISLNK(status.stx_mode)) data.dwReserved0 = kSymbolicLinkTag;
+  if (isLink) {
+    data.dwReserved0 = Platform::IsJunction(folder, name) ? IO_REPARSE_TAG_MOUNT_POINT : kSymbolicLinkTag;
+  }
   const bool hasBirth = (status.stx_mask & STATX_BTIME) != 0;
   data.ftCreationTime = FileTimeOf(hasBirth ? status.stx_btime : status.stx_mtime);
   data.ftLastAccessTime = FileTimeOf(status.stx_atime);

@@ -1,5 +1,6 @@
 // Making and removing folders, and deleting files.
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,10 +20,7 @@ using Platform::NativePath;
 using Platform::PathError;
 using Platform::ShareTable;
 
-bool LinksToFolder(const std::string& path) {
-  struct stat target;
-  return stat(path.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
-}
+bool LinksToFolder(const std::string& path) { return Platform::LinksToFolder(AT_FDCWD, path.c_str()); }
 
 // Whether what is at `path` may go as a file; 0 or an error.
 DWORD CheckDeletable(const NativePath& path, const struct stat& status) {

@@ -37,7 +37,8 @@ struct Libraries {
   Library rows[2] = {
       {u"KERNEL32",
        {{"CompareStringEx", Untyped(&CompareStringEx)},
-        {"CompareStringOrdinal", Untyped(&CompareStringOrdinal)}}},
+        {"CompareStringOrdinal", Untyped(&CompareStringOrdinal)},
+        {"CreateSymbolicLinkW", Untyped(&CreateSymbolicLinkW)}}},
       {u"NETMSG", {}},
   };
 };

@@ -69,7 +69,27 @@ struct OpenRequest {
   bool writes;
   DWORD shareMode;
   bool makeReadOnly;
+  bool takesFolders;
+  bool takesLinks;  // as themselves; not without takesFolders
 };
+
+// Opens the folder or link that is there, for a handle without contents; 0 or an error.
+DWORD OpenFolder(const OpenRequest& request, const ShareTable::Lock& lock, OpenFile& file) {
+  const std::string& path = request.path.path;
+  constexpr int kFlags = O_PATH | O_CLOEXEC;
+  FileDescriptor descriptor(open(path.c_str(), request.takesLinks ? kFlags | O_NOFOLLOW : kFlags));
+  struct stat status;
+  if (!descriptor.IsOpen() || fstat(descriptor.Get(), &status) != 0) return Platform::PathError(errno, path);
+  const DWORD access = (request.reads ? FILE_SHARE_READ : 0) | (request.writes ? FILE_SHARE_WRITE : 0);
+  std::optional<ShareTable::Claim> claim =
+      ShareTable::Instance().TryClaim(lock, status, access, request.shareMode);
+  if (!claim) return ERROR_SHARING_VIOLATION;
+  file.claim = std::move(*claim);
+  file.descriptor = std::move(descriptor);
+  file.folder = path;
+  file.canSetLink = request.writes;
+  return ERROR_SUCCESS;
+}
 
 // Opens the file under the lock of the share table; 0 or an error. `existed` tells what was found.
 DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
@@ -79,8 +99,12 @@ DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
   const std::string& path = request.path.path;
 
   struct stat status;
-  existed = stat(path.c_str(), &status) == 0;
+  existed = (request.takesLinks ? lstat : stat)(path.c_str(), &status) == 0;
   if (existed) {
+    const bool isFolder = S_ISDIR(status.st_mode) || S_ISLNK(status.st_mode);
+    if (isFolder && request.takesFolders && creation.creation == OPEN_EXISTING) {
+      return OpenFolder(request, lock, file);
+    }
     const DWORD error = CheckExisting(request.path, status, creation, request.writes);
     if (error != ERROR_SUCCESS) return error;
   } else {
@@ -132,6 +156,8 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
   request.writes = (access & GENERIC_WRITE) != 0;
   request.shareMode = shareMode & Platform::kShareAll;
   request.makeReadOnly = (flagsAndAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+  request.takesFolders = (flagsAndAttributes & FILE_FLAG_BACKUP_SEMANTICS) != 0;
+  request.takesLinks = request.takesFolders && (flagsAndAttributes & FILE_FLAG_OPEN_REPARSE_POINT) != 0;
   if (!request.creation || (creation == TRUNCATE_EXISTING && !request.writes))
     error = ERROR_INVALID_PARAMETER;
   if (error != ERROR_SUCCESS) {

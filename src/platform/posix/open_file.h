@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <string>
 #include <utility>
 
 #include "platform/posix/handle_table.h"
@@ -41,6 +42,8 @@ struct OpenFile {
   FileDescriptor descriptor;
   bool canRead = false;
   bool canWrite = false;
+  std::string folder;       // path of a folder, or of a link opened as itself; empty for a file
+  bool canSetLink = false;  // such a one was opened for writing
 };
 
 using OpenFiles = HandleTable<OpenFile>;

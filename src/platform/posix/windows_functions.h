@@ -31,7 +31,8 @@ QX_PLATFORM_API DWORD FormatMessageW(DWORD flags, const void* source, DWORD mess
                                      WCHAR* buffer, DWORD size, void* arguments);
 QX_PLATFORM_API HLOCAL LocalFree(HLOCAL memory);
 
-// Files.
+// Files. A folder is opened with FILE_FLAG_BACKUP_SEMANTICS alone, and a link as itself, not as its target,
+// with FILE_FLAG_OPEN_REPARSE_POINT beside that; neither can be read or written.
 QX_PLATFORM_API HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode,
                                    SECURITY_ATTRIBUTES* security, DWORD creation, DWORD flagsAndAttributes,
                                    HANDLE templateFile);
@@ -51,6 +52,21 @@ QX_PLATFORM_API BOOL CreateDirectoryW(const WCHAR* path, SECURITY_ATTRIBUTES* se
 QX_PLATFORM_API BOOL RemoveDirectoryW(const WCHAR* path);
 // The full path has the form `Z:\a\b`.
 QX_PLATFORM_API DWORD GetFullPathNameW(const WCHAR* path, DWORD size, WCHAR* buffer, WCHAR** filePart);
+
+// Links. A hard link is made to a file alone; a symbolic link as on disk, from the target's text, and for a
+// target that is not there too: the flag SYMBOLIC_LINK_FLAG_DIRECTORY counts for nothing, since what a link
+// leads to tells what it is. Other flags are passed over.
+QX_PLATFORM_API BOOL CreateHardLinkW(const WCHAR* link, const WCHAR* target, SECURITY_ATTRIBUTES* security);
+QX_PLATFORM_API BOOLEAN CreateSymbolicLinkW(const WCHAR* link, const WCHAR* target, DWORD flags);
+// FSCTL_SET_REPARSE_POINT with the record of a mount point, on the handle of an empty folder or of a
+// junction: it becomes a junction, which is a symbolic link to the path of the record with a slash at its
+// end. A symbolic link without one is none (ERROR_REPARSE_TAG_MISMATCH, 4394). The path must be of the form
+// `\??\Z:\a`, and need not be there; another record fails with ERROR_INVALID_REPARSE_DATA (4392), another tag
+// with ERROR_REPARSE_TAG_INVALID (4393), another code with ERROR_INVALID_FUNCTION (1).
+QX_PLATFORM_API BOOL DeviceIoControl(HANDLE file, DWORD code, void* input, DWORD inputSize, void* output,
+                                     DWORD outputSize, DWORD* returned, OVERLAPPED* overlapped);
+// False for what is no folder, and for a path of more than MAX_PATH characters.
+QX_PLATFORM_API BOOL PathIsDirectoryEmptyW(const WCHAR* path);
 
 // Search. "." and ".." come first; the other entries come as the file system gives them.
 QX_PLATFORM_API HANDLE FindFirstFileExW(const WCHAR* mask, FINDEX_INFO_LEVELS level, void* findData,
@@ -90,10 +106,10 @@ QX_PLATFORM_API int CompareStringOrdinal(const WCHAR* lhs, int lhsCount, const W
 // alone.
 QX_PLATFORM_API std::int64_t _mktime64(std::tm* time);
 
-// Libraries, named in any case, with ".dll" or without. There are "kernel32.dll" with CompareStringEx and
-// CompareStringOrdinal, and "netmsg.dll", the library of Windows' network messages, which holds nothing: its
-// texts stand among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126). A library that has been
-// freed as often as it was loaded is a bad handle.
+// Libraries, named in any case, with ".dll" or without. There are "kernel32.dll" with CompareStringEx,
+// CompareStringOrdinal and CreateSymbolicLinkW, and "netmsg.dll", the library of Windows' network messages,
+// which holds nothing: its texts stand among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126). A
+// library that has been freed as often as it was loaded is a bad handle.
 QX_PLATFORM_API HMODULE LoadLibraryW(const WCHAR* path);
 QX_PLATFORM_API HMODULE LoadLibraryExW(const WCHAR* path, HANDLE file, DWORD flags);
 QX_PLATFORM_API FARPROC GetProcAddress(HMODULE module, const char* function);
