@@ -2,6 +2,7 @@
 
 #include "filetools/control_panel.h"
 #include "frame/dispatcher.h"
+#include "frame/helper_messages.h"
 #include "frame/menu_tree.h"
 #include "frame/script_commands.h"
 #include "frame/script_dispatcher.h"
@@ -45,6 +46,11 @@ s32 CQXUtils::OnCommand(s32 number, std::intptr_t, std::intptr_t b) {
 
 s32 CQXUtils::OnCustomCommand(IHostCommandCall* call) {
   return call && host ? DispatchScriptCommand(*host, *call) : 0;
+}
+
+// The instance in the elevated helper need not have a host.
+s32 CQXUtils::OnHelperMessage(s32 code, IHostHelperMessage* message) {
+  return message ? HandleHelperMessage(host, code, *message) : 0;
 }
 
 }  // namespace Velmora::SDK

@@ -12,6 +12,7 @@ class CQXUtils final : public PluginBase {
   const char* GetExtensionId() override;
   s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override;
   s32 OnCustomCommand(IHostCommandCall* call) override;
+  s32 OnHelperMessage(s32 code, IHostHelperMessage* message) override;
 };
 
 }  // namespace Velmora::SDK

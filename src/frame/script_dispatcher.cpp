@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 
+#include "filetools/create_link_script.h"
 #include "findreplace/find_and_replace_script.h"
 #include "linesorter/sort_lines_script.h"
 
@@ -10,21 +12,31 @@ using namespace Velmora::SDK;
 
 namespace {
 
+// In the order in which they are asked for.
+constexpr const char* kCreateLinkParameters[] = {"LNKSRC", "LNKTRG", "LNKTYPE"};
+
 struct ScriptRow {
   u32 number;
   s32 (*run)(IHostApp& host, IHostCommandCall& call);
+  std::span<const char* const> required;  // a call without one of these is not run
 };
 
 // clang-format off
 constexpr ScriptRow kScriptCommands[] = {
-  {30352, SortLinesScript},
-  {30353, FindAndReplaceScript},
+  {30351, CreateLinkScript, kCreateLinkParameters},
+  {30352, SortLinesScript, {}},
+  {30353, FindAndReplaceScript, {}},
 };
 // clang-format on
+
+bool HasAll(IHostCommandCall& call, std::span<const char* const> parameters) {
+  return std::ranges::all_of(parameters, [&call](const char* name) { return call.HasFlag(name); });
+}
 
 }  // namespace
 
 s32 DispatchScriptCommand(IHostApp& host, IHostCommandCall& call) {
   const auto* const row = std::ranges::find(kScriptCommands, call.GetCommandId(), &ScriptRow::number);
-  return row != std::end(kScriptCommands) ? row->run(host, call) : 0;
+  if (row == std::end(kScriptCommands) || !HasAll(call, row->required)) return 0;
+  return row->run(host, call);
 }

@@ -88,7 +88,7 @@ TEST(MultiRename, AnswersTheConstantsOfItsFifteenOperations) {
   for (const s32 code : {0, 5000, 5001, 5002, 5003, 5004}) {
     EXPECT_EQ(plugin.OnHelperMessage(code, &message), 0) << code;
   }
-  EXPECT_EQ(message.uses, 0);
+  EXPECT_THAT(message.recorder.Calls(), IsEmpty());
   EXPECT_EQ(plugin.Reserved2(), 0);
   EXPECT_EQ(plugin.Reserved3(), 0);
   EXPECT_EQ(plugin.OnShutdown(0), 0);

@@ -1,23 +1,48 @@
-// A message to the elevated helper that counts whatever is done with it.
+// A message to the elevated helper with a payload of a test, which records whatever is done with it.
 #pragma once
 
+#include <optional>
+#include <variant>
+
 #include "frame/services/host_helper_channel.h"
+#include "support/host_recorder.h"
+
+// What a payload holds, in order.
+using PayloadValue = std::variant<Velmora::SDK::u32, WString>;
+
+class FakePacketReader final : public Velmora::SDK::IHostPacketReader {
+ public:
+  FakePacketReader(HostRecorder& recorder, std::vector<PayloadValue> payload)
+      : recorder_(recorder), payload_(std::move(payload)) {}
+
+  void Attach(const void* data, Velmora::SDK::u32 size) override;
+  // False, and what `text` or `value` points to untouched, if the next value is none of that kind.
+  bool ReadString(const WCHAR** text) override;
+  bool ReadU32(Velmora::SDK::u32* value) override;
+  void Release() override;
+
+ private:
+  const PayloadValue* Next();
+
+  HostRecorder& recorder_;
+  std::vector<PayloadValue> payload_;
+  std::size_t next_ = 0;
+};
 
 class FakeHelperMessage final : public Velmora::SDK::IHostHelperMessage {
  public:
-  int uses = 0;
+  explicit FakeHelperMessage(std::vector<PayloadValue> payload = {})
+      : reader_(recorder, std::move(payload)) {}
 
-  const void* GetData() override { return Use(nullptr); }
-  Velmora::SDK::u32 GetSize() override { return Use(0u); }
-  void SetReply(Velmora::SDK::u32, Velmora::SDK::u32, Velmora::SDK::u32, Velmora::SDK::u32) override {
-    ++uses;
-  }
-  Velmora::SDK::IHostPacketReader* CreateReader() override { return Use(nullptr); }
+  HostRecorder recorder;  // "GetData()", "reader.ReadU32()", "SetReply(1, 0, 0, 0)"
+  bool givesReader = true;
+
+  const void* GetData() override;
+  Velmora::SDK::u32 GetSize() override;
+  void SetReply(Velmora::SDK::u32 success, Velmora::SDK::u32 code, Velmora::SDK::u32 zero,
+                Velmora::SDK::u32 alsoZero) override;
+  Velmora::SDK::IHostPacketReader* CreateReader() override;
 
  private:
-  template <typename T>
-  T Use(T answer) {
-    ++uses;
-    return answer;
-  }
+  FakePacketReader reader_;
 };

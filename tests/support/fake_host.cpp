@@ -164,6 +164,9 @@ IHostConfig* FakeHost::GetConfig() { return recorder.Allow("GetConfig()") ? &con
 
 void* FakeHost::GetService(u32 number, std::uintptr_t handle) {
   const bool allowed = recorder.Allow("GetService(" + Number(number) + ", " + std::to_string(handle) + ")");
+  if (allowed && number == kServiceHelperChannel && helper.exists) {
+    return static_cast<IHostHelperChannel*>(&helper);
+  }
   if (!allowed || number != kServiceFileOperation) return nullptr;
   recorder.Taken(kFileOperationService);
   return static_cast<IHostFileOperation*>(&fileOperation);

@@ -11,6 +11,7 @@
 
 #include "frame/services/host_app.h"
 #include "support/fake_files.h"
+#include "support/fake_helper_channel.h"
 #include "support/fake_menus.h"
 #include "support/fake_script_commands.h"
 #include "support/fake_settings.h"
@@ -71,6 +72,7 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   FakeCommandSet scriptCommands{recorder};
   FakeConfig config{recorder};
   FakeFileOperation fileOperation{recorder};
+  FakeHelperChannel helper{recorder};
 
   void ExtensionClosed() override;
   HWND GetMainWindow() override;

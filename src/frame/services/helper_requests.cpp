@@ -1,0 +1,54 @@
+#include "frame/services/helper_requests.h"
+
+#include <memory>
+
+namespace Velmora::SDK {
+
+namespace {
+
+struct EndUse {
+  void operator()(IHostHelperChannel* channel) const { channel->Disconnect(); }
+};
+
+struct ReleaseWriter {
+  void operator()(IHostPacketWriter* writer) const { writer->Release(); }
+};
+
+}  // namespace
+
+std::optional<u32> SendToHelper(IHostApp& host, s32 code,
+                                const std::function<void(IHostPacketWriter&)>& write) {
+  auto* const service = static_cast<IHostHelperChannel*>(host.GetService(kServiceHelperChannel, 0));
+  if (!service) return std::nullopt;
+  std::unique_ptr<IHostPacketWriter, ReleaseWriter> writer;
+  const std::unique_ptr<IHostHelperChannel, EndUse> channel(
+      service);  // ended before the writer is given back
+  if (!channel->Connect()) return std::nullopt;
+  writer.reset(channel->CreateWriter());
+  if (!writer) return std::nullopt;
+  write(*writer);
+  return channel->Send(code, writer->GetData(), writer->GetSize());
+}
+
+HelperPayload::HelperPayload(IHostHelperMessage& message)
+    : reader_(message.CreateReader()), isComplete_(reader_ != nullptr) {
+  if (reader_) reader_->Attach(message.GetData(), message.GetSize());
+}
+
+HelperPayload::~HelperPayload() {
+  if (reader_) reader_->Release();
+}
+
+u32 HelperPayload::ReadU32() {
+  u32 value = 0;
+  isComplete_ = isComplete_ && reader_->ReadU32(&value);
+  return isComplete_ ? value : 0;
+}
+
+WString HelperPayload::ReadString() {
+  const WCHAR* text = nullptr;
+  isComplete_ = isComplete_ && reader_->ReadString(&text);
+  return isComplete_ ? WString(ViewOf(text)) : WString();
+}
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,22 @@
+// What the tests of links expect of the host's record.
+#pragma once
+
+#include <string>
+
+#include "platform/text.h"
+
+inline std::string LinkCreated(const std::string& word, const WString& link, const WString& target) {
+  return "LogMessage(1, 10, \"Link Created (" + word + ") Link : \"" + ToUtf8(link) + "\" Link Target : \"" +
+         ToUtf8(target) + "\"\")";
+}
+
+inline std::string LinkFailed(const std::string& word, int error, const WString& link,
+                              const WString& target) {
+  return "LogMessage(1, 30, \"Failed to create link (" + word + ") (Error : " + std::to_string(error) +
+         ") Link : \"" + ToUtf8(link) + "\" Link Target : \"" + ToUtf8(target) + "\"\")";
+}
+
+// The box of an error, with the system's text for it.
+inline std::string LinkBox(const std::string& text) {
+  return "MessageBox(\"T000B0065\", \"" + text + "\", 0x00000010)";
+}

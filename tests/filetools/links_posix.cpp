@@ -1,0 +1,224 @@
+// Links where the system fails, and the kinds that only a whole system has: junctions and symbolic links.
+#include <gmock/gmock.h>
+
+#include <unistd.h>
+
+#include "filetools/create_link_script.h"
+#include "filetools/junction.h"
+#include "filetools/link_calls.h"
+#include "filetools/links.h"
+#include "platform/posix/faults.h"
+#include "support/fake_host.h"
+#include "support/scratch_folder.h"
+
+using namespace Velmora::SDK;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+
+namespace {
+
+namespace Faults = Platform::Faults;
+
+class NativeLinksTest : public testing::Test {
+ protected:
+  DWORD Create(LinkKind kind, bool isFolder) {
+    return CreateLinkOfKind(&host_, kind, link_, target_, isFolder);
+  }
+
+  bool IsJunction() { return GetFileAttributesW(link_.c_str()) == 0x410; }
+
+  std::string TextOfLink() { return std::filesystem::read_symlink(scratch_.NativePath(W("link"))).native(); }
+
+  Faults::Scope faults_;
+  ScratchFolder scratch_;
+  WString target_ = scratch_.MakeFolder(W("target"));
+  WString link_ = scratch_.Path(W("link"));
+  FakeHost host_;
+};
+
+TEST_F(NativeLinksTest, AJunctionIsMadeWhereNothingWas) {
+  scratch_.Write(W("target\\inner"), "abc");
+  EXPECT_EQ(Create(kJunction, true), 0u);
+  EXPECT_TRUE(IsJunction());
+  EXPECT_EQ(scratch_.Read(W("link\\inner")), "abc");
+  EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkCreated("Junction", link_, target_)));
+}
+
+TEST_F(NativeLinksTest, AnEmptyFolderBecomesTheJunction) {
+  scratch_.MakeFolder(W("link"));
+  EXPECT_EQ(CreateJunction(link_, target_), 0u);
+  EXPECT_TRUE(IsJunction());
+}
+
+TEST_F(NativeLinksTest, AFolderThatHoldsSomethingStays) {
+  scratch_.MakeFolder(W("link"));
+  scratch_.Write(W("link\\inner"), "abc");
+  EXPECT_EQ(Create(kJunction, true), 13u);
+  EXPECT_EQ(scratch_.Read(W("link\\inner")), "abc");
+  EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Junction", 13, link_, target_)));
+}
+
+TEST_F(NativeLinksTest, AJunctionNeedsATargetThatIsThere) {
+  for (const WString& target :
+       {scratch_.Path(W("nosuch")), WString(), WString(W("Z:\\") + WString(1022, W('x')))}) {
+    EXPECT_EQ(CreateJunction(link_, target), 13u);
+    EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
+  }
+}
+
+TEST_F(NativeLinksTest, AFailureLeavesAFolderThatWasThere) {
+  scratch_.MakeFolder(W("link"));
+  EXPECT_EQ(CreateJunction(link_, scratch_.Path(W("nosuch"))), 13u);
+  EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u);
+}
+
+TEST_F(NativeLinksTest, AJunctionIsNotMadeInAFolderThatIsNotThere) {
+  EXPECT_EQ(CreateJunction(scratch_.Path(W("nosuch\\link")), target_), 13u);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
+}
+
+TEST_F(NativeLinksTest, ARelativeTargetOfAJunctionBeginsAtTheCurrentFolder) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(scratch_.NativePath(W("")));
+  const DWORD error = CreateJunction(link_, W("x\\..\\target"));
+  std::filesystem::current_path(before);
+  EXPECT_EQ(error, 0u);
+  EXPECT_EQ(TextOfLink(), scratch_.NativePath(W("target")).native() + "/");
+}
+
+TEST_F(NativeLinksTest, ATargetOfTheSystemsFormIsTakenAsItStandsAndNotLookedFor) {
+  scratch_.MakeFolder(W("link"));
+  EXPECT_TRUE(SetJunctionTarget(link_, W("\\??\\Z:\\nowhere\\at all")));
+  EXPECT_EQ(TextOfLink(), "/nowhere/at all/");
+}
+
+TEST_F(NativeLinksTest, ATargetOfTheSystemsFormThatTheRecordHasNoRoomForIsRefused) {
+  scratch_.MakeFolder(W("link"));
+  EXPECT_FALSE(SetJunctionTarget(link_, W("\\??\\Z:\\") + WString(32000, W('x'))));
+  EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u);
+}
+
+TEST_F(NativeLinksTest, ATargetIsNotSetWithoutPaths) {
+  EXPECT_FALSE(SetJunctionTarget(W(""), target_));
+  EXPECT_FALSE(SetJunctionTarget(target_, W("")));
+  EXPECT_FALSE(SetJunctionTarget(link_, target_));
+}
+
+TEST_F(NativeLinksTest, EachStepOfAJunctionMayFail) {
+  for (const char* function : {"CreateDirectoryW", "GetFullPathNameW", "CreateFileW", "DeviceIoControl"}) {
+    Faults::Fail(function, 1, 5);
+    EXPECT_EQ(CreateJunction(link_, target_), 13u) << function;
+    EXPECT_GE(Faults::CallCount(function), 1) << function;
+    Faults::Clear();
+    EXPECT_THAT(scratch_.Names(), ElementsAre(W("target"))) << function;
+  }
+}
+
+TEST_F(NativeLinksTest, EachStepOfAJunctionMayFailOnAFolderThatWasThere) {
+  scratch_.MakeFolder(W("link"));
+  for (const char* function :
+       {"PathIsDirectoryEmptyW", "GetFullPathNameW", "CreateFileW", "DeviceIoControl"}) {
+    Faults::Fail(function, 1, 5);
+    EXPECT_EQ(CreateJunction(link_, target_), 13u) << function;
+    EXPECT_EQ(Faults::CallCount(function), 1) << function;
+    Faults::Clear();
+    EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u) << function;
+  }
+}
+
+TEST_F(NativeLinksTest, ATargetThatVanishesBeforeItIsUsedMakesNoJunction) {
+  Faults::Fail("GetFileAttributesW", 2, 2);  // the first call looks for the link
+  EXPECT_EQ(CreateJunction(link_, target_), 13u);
+  Faults::Clear();
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
+}
+
+TEST_F(NativeLinksTest, ASymbolicLinkLeadsToAFolderOrAFile) {
+  EXPECT_EQ(Create(kSymbolicLink, true), 0u);
+  EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x410u);
+  EXPECT_EQ(TextOfLink(), scratch_.NativePath(W("target")).native());
+  EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkCreated("Symlink", link_, target_)));
+}
+
+TEST_F(NativeLinksTest, ASymbolicLinkSaysWhatItsTargetIs) {
+  Faults::Watch("CreateSymbolicLinkW");
+  EXPECT_EQ(Create(kSymbolicLink, true), 0u);
+  EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 1u);
+  EXPECT_EQ(Create(kSymbolicLink, false), 183u);
+  EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 0u);
+  EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
+}
+
+TEST_F(NativeLinksTest, WithoutThePrivilegeItIsTriedAgainAsWhoeverHasNone) {
+  Faults::Fail("CreateSymbolicLinkW", 1, 1314);
+  EXPECT_EQ(Create(kSymbolicLink, true), 0u);
+  EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
+  EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 3u);
+  EXPECT_EQ(TextOfLink(), scratch_.NativePath(W("target")).native());
+}
+
+TEST_F(NativeLinksTest, TheSecondResultCounts) {
+  Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
+  EXPECT_EQ(Create(kSymbolicLink, false), 1314u);
+  EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
+  EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 2u);
+}
+
+TEST_F(NativeLinksTest, AnotherErrorIsNotTriedAgain) {
+  Faults::Fail("CreateSymbolicLinkW", 1, 5);
+  EXPECT_EQ(Create(kSymbolicLink, false), 5u);
+  EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 1);
+}
+
+TEST_F(NativeLinksTest, WithoutTheLibraryOrTheFunctionThereIsNoSymbolicLink) {
+  Faults::Fail("LoadLibraryW", 1, 8);
+  EXPECT_EQ(Create(kSymbolicLink, true), 8u);
+  Faults::Fail("GetProcAddress", 1, 127);
+  Faults::Watch("FreeLibrary");
+  EXPECT_EQ(Create(kSymbolicLink, true), 127u);
+  EXPECT_EQ(Faults::CallCount("FreeLibrary"), 1);
+  EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Symlink", 8, link_, target_),
+                                                  LinkFailed("Symlink", 127, link_, target_)));
+}
+
+TEST_F(NativeLinksTest, TheRefusalOfASymbolicLinkGoesToTheHelperAfterBothAttempts) {
+  host_.helper.exists = true;
+  Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
+  EXPECT_EQ(CreateLinkWithRetry(host_, kSymbolicLink, link_, target_, true), 0u);
+  EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
+  EXPECT_THAT(host_.recorder.CallsOf({"helper.Send", "LogMessage", "MessageBox"}),
+              ElementsAre(LinkFailed("Symlink", 1314, link_, target_), "helper.Send(5004, 4)",
+                          LinkCreated("Symlink", link_, target_)));
+}
+
+TEST_F(NativeLinksTest, AScriptIsToldThatAccessIsDeniedWhereThePrivilegeIsMissing) {
+  Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
+  FakeCommandCall call(30351);
+  call.values = {{"LNKTYPE", W("3")}, {"LNKSRC", link_}, {"LNKTRG", target_}};
+  EXPECT_EQ(CreateLinkScript(host_, call), 0);
+  EXPECT_THAT(call.resultCode, Optional(5u));
+  EXPECT_THAT(call.resultText, Optional(WString(W("5"))));
+  EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Symlink", 1314, link_, target_)));
+}
+
+TEST_F(NativeLinksTest, AHardLinkFailsAsTheSystemDoes) {
+  Faults::Fail("CreateHardLinkW", 1, 17);
+  EXPECT_EQ(Create(kHardLink, false), 17u);
+  EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Hardlink", 17, link_, target_)));
+}
+
+TEST_F(NativeLinksTest, AShortcutThatCannotBeMadeOrWrittenIsError3AndLeavesNothing) {
+  const WString file = scratch_.Write(W("a.txt"), "abc");
+  for (const char* function : {"SaveShellLink", "CreateFileW", "WriteFile"}) {
+    Faults::Fail(function, 1, 112);
+    EXPECT_EQ(CreateLinkOfKind(&host_, kShortcut, link_, file, false), 3u) << function;
+    Faults::Clear();
+    EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt"), W("target"))) << function;
+  }
+  Faults::WriteShort(1, 5);
+  EXPECT_EQ(CreateLinkOfKind(&host_, kShortcut, link_, file, false), 3u);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt"), W("target")));
+}
+
+}  // namespace
