@@ -106,6 +106,8 @@ void DeclareOptions(CLI::App& app, Options& options) {
   AddTexts(app, "--form", "F=V", options.form,
            "Fills field F of the next dialog, DIALOG.F of the next of that name (native build)");
   app.add_flag("--elevated", options.elevated, "As if the host ran with administrator rights");
+  app.add_flag("--without-rights", options.withoutRights,
+               "As if you were not allowed to make symbolic links; the elevated helper is (native build)");
   app.add_flag("--before-vista", options.beforeVista, "As if Windows were older than Vista");
   app.add_flag("--class-a", options.classA, "As if Windows were of class A");
   app.add_flag("--class-b", options.classB, "As if Windows were of class B");

@@ -103,6 +103,9 @@ IHostCustomCommandSet* HostApp::GetCustomCommandSet(const char* name) {
 void* HostApp::GetService(u32 number, std::uintptr_t) {
   // The caller casts to the interface, so the pointer given is the interface's.
   if (number == kServiceFileOperation) return static_cast<IHostFileOperation*>(&shared_.fileOperation);
+  if (number == kServiceHelperChannel && shared_.helper) {
+    return static_cast<IHostHelperChannel*>(&*shared_.helper);
+  }
   if (number == kServiceViewRefresh) return static_cast<IHostViewRefresh*>(&refreshes_.emplace_back());
   return nullptr;
 }

@@ -23,6 +23,7 @@ struct Options {
   std::vector<std::string> answers;  // as given to --answer
   std::vector<std::string> form;     // F=V
   bool elevated = false;
+  bool withoutRights = false;
   bool beforeVista = false;
   bool classA = false;
   bool classB = false;

@@ -2,6 +2,7 @@
 
 #include "host/error_text.h"
 #include "host/failures.h"
+#include "host/missing_rights.h"
 #include "host/paths.h"
 #include "host/system_places.h"
 #include "host/terminal.h"
@@ -134,6 +135,11 @@ Run::Run(const Options& options, const std::vector<std::string>& items, Output& 
                   options.dryRun);
   modulePath_ = options.module.empty() ? BesideProgram(W("\\")) + ModuleFileName()
                                        : FullPathOrThrow("--module", options.module);
+  if (options.withoutRights) {
+    if (!kRightsCanBeTaken) throw BadCall("--without-rights: in this build the rights are the system's own");
+    TakeRightToLink();
+  }
+  if (shared_->answers.vistaOrNewer) shared_->helper.emplace(OwnHelper(modulePath_));
   SetUpView(options, items);
   boxes_ = InstallModuleBoxes(*questions_, *reporter_);
 }

@@ -7,8 +7,10 @@
 
 #include "host/command_line.h"
 #include "host/failures.h"
+#include "host/helper_server.h"
 #include "host/output.h"
 #include "host/run.h"
+#include "host/shell_objects.h"
 #include "host/terminal.h"
 
 namespace QxHost {
@@ -30,6 +32,11 @@ int ExecuteVerb(const CommandLine& line, Output& output) {
 }  // namespace
 
 int RunQxHost(std::vector<std::string> arguments) {
+  // The channel of the elevated helper starts this program so; it stands in no help.
+  if (!arguments.empty() && arguments.front() == kHelperArgument) {
+    return RunHelper({arguments.begin() + 1, arguments.end()});
+  }
+  const ShellObjects shellObjects;
   Output output(WriteStandardOutput, [](std::string_view bytes) {
     WriteStandardError(bytes);
     return true;

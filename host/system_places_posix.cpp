@@ -7,36 +7,12 @@
 #include <filesystem>
 #include <string>
 
+#include "host/native_path.h"
 #include "host/paths.h"
 #include "host/system_places.h"
 
 namespace QxHost {
 namespace {
-
-// A full path as the system of this build knows it.
-std::string NativePath(const WString& fullPath) {
-  WStringView path = fullPath;
-  if (path.starts_with(W("\\\\?\\"))) path.remove_prefix(4);
-  if (path.starts_with(W("Z:"))) path.remove_prefix(2);
-  std::string result;
-  WString run;
-  const auto endRun = [&] {
-    result += ToUtf8(run);
-    run.clear();
-  };
-  for (const WCHAR character : path) {
-    // A byte that is no UTF-8 stands in the path as a low surrogate without its high one.
-    const bool stray = character >= 0xDC80 && character <= 0xDCFF;
-    if (stray && (run.empty() || run.back() < 0xD800 || run.back() > 0xDBFF)) {
-      endRun();
-      result += static_cast<char>(character - 0xDC00);
-    } else {
-      run += character == W('\\') ? W('/') : character;
-    }
-  }
-  endRun();
-  return result;
-}
 
 WString FolderFromEnvironment(const char* name) {
   const char* value = getenv(name);

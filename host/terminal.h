@@ -22,4 +22,8 @@ std::optional<std::string> ReadTerminalLine();
 // Standard input to its end. Nothing if it is longer than `limit` bytes or cannot be read.
 std::optional<std::string> ReadStandardInput(std::size_t limit);
 
+// As many bytes of standard input as asked for, fewer only at its end or where it cannot be read. Answers how
+// many.
+std::size_t ReadStandardInputBytes(char* buffer, std::size_t size);
+
 }  // namespace QxHost

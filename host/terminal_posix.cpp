@@ -55,4 +55,14 @@ std::optional<std::string> ReadStandardInput(std::size_t limit) {
   }
 }
 
+std::size_t ReadStandardInputBytes(char* buffer, std::size_t size) {
+  std::size_t total = 0;
+  while (total < size) {
+    const ssize_t done = ReadSome(buffer + total, size - total);
+    if (done <= 0) break;
+    total += static_cast<std::size_t>(done);
+  }
+  return total;
+}
+
 }  // namespace QxHost

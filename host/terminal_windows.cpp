@@ -73,4 +73,16 @@ std::optional<std::string> ReadStandardInput(std::size_t limit) {
   }
 }
 
+std::size_t ReadStandardInputBytes(char* buffer, std::size_t size) {
+  const HANDLE stream = GetStdHandle(STD_INPUT_HANDLE);
+  std::size_t total = 0;
+  while (total < size) {
+    const auto part = static_cast<DWORD>(std::min<std::size_t>(size - total, 1u << 20));
+    DWORD done = 0;
+    if (!ReadFile(stream, buffer + total, part, &done, nullptr) || done == 0) break;
+    total += done;
+  }
+  return total;
+}
+
 }  // namespace QxHost

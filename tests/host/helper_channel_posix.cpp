@@ -1,0 +1,71 @@
+// Helpers that misbehave: shells that say what a test wants, or nothing at all.
+#include "host/helper_channel.h"
+
+#include <gmock/gmock.h>
+
+namespace QxHost {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr HelperTimes kShort{.start = 200ms, .answer = 200ms, .end = 200ms};
+// Where the helper ends by itself, the time is none of the test's business.
+constexpr HelperTimes kLong{.start = 60s, .answer = 60s, .end = 60s};
+
+HelperCommand Shell(const char* script) { return {W("Z:\\bin\\sh"), {W("-c"), FromUtf8(script)}}; }
+
+u32 SendTo(const char* script, const HelperTimes& times, u32 size = 4) {
+  HelperChannel channel(Shell(script), times);
+  EXPECT_TRUE(channel.Connect());
+  const std::string body(size, 'x');
+  const u32 answer = channel.Send(5004, body.data(), size);
+  EXPECT_EQ(channel.Send(5004, body.data(), size), 109u) << "a helper that failed is still used";
+  channel.Disconnect();
+  return answer;
+}
+
+TEST(BadHelper, OneThatSaysNothingIsNotReached) {
+  HelperChannel channel(Shell("exec sleep 1000"), kShort);
+  EXPECT_FALSE(channel.Connect());
+}
+
+TEST(BadHelper, OneThatEndsAtOnceIsNotReached) {
+  HelperChannel channel(Shell("exit 0"), kLong);
+  EXPECT_FALSE(channel.Connect());
+}
+
+TEST(BadHelper, OneThatGreetsOtherwiseIsNotReached) {
+  HelperChannel channel(Shell("printf QXH2; exec sleep 1000"), kLong);
+  EXPECT_FALSE(channel.Connect());
+}
+
+TEST(BadHelper, OneThatDoesNotAnswerIsGivenUpInTime) {
+  EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort), 1460u);
+}
+
+TEST(BadHelper, OneThatDoesNotListenIsGivenUpInTime) {
+  EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort, 50'000'000), 1460u);
+}
+
+TEST(BadHelper, OneThatAnswersInPartIsGivenUpInTime) {
+  EXPECT_EQ(SendTo("printf QXH1QXRP; exec sleep 1000", kShort), 1460u);
+}
+
+TEST(BadHelper, OneThatDiesIsABrokenPipe) {
+  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; exit 3", kLong), 109u);
+  EXPECT_EQ(SendTo("printf QXH1; kill -9 $$", kLong), 109u);
+  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; exit 3", kLong, 50'000'000), 109u);
+}
+
+TEST(BadHelper, OneThatAnswersRubbishIsInvalidData) {
+  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; printf 'this is no reply at all'", kLong), 13u);
+}
+
+TEST(BadHelper, OneThatDoesNotEndIsEnded) {
+  HelperChannel channel(Shell("printf QXH1; exec sleep 1000"), kShort);
+  EXPECT_TRUE(channel.Connect());
+  channel.Disconnect();
+}
+
+}  // namespace
+}  // namespace QxHost
