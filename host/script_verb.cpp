@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <iterator>
 #include <optional>
 
 #include "host/failures.h"
@@ -9,13 +7,6 @@
 
 namespace QxHost {
 namespace {
-
-// Commands that the module declares and answers with 0, whatever is asked of them: still to come.
-constexpr std::string_view kStillToCome[] = {"CreateLink"};
-
-bool IsStillToCome(std::string_view name) {
-  return std::ranges::find(kStillToCome, name) != std::end(kStillToCome);
-}
 
 // The module's text for a number that it cannot read names no parameter.
 std::string WithHint(const std::string& failure) {
@@ -91,8 +82,8 @@ class ScriptVerb final : public Verb {
     } catch (const ModuleFailure& failure) {
       throw ModuleFailure(WithHint(failure.what()));
     }
-    if (IsStillToCome(command.name)) {
-      noteOfZero_ = command.name + " is declared and still to come: nothing was done";
+    if (call.HasFlag("LNKTRG") && !call.resultCode) {
+      noteOfZero_ += "; LNKTRG must be there, and ASADMIN is for a process that is not elevated";
     } else if (call.Misses("TARGET")) {
       noteOfZero_ += "; TARGET must be given: without it " + command.name + " does nothing";
     } else if (IsGivenEmpty(call, "FIND") || IsGivenEmpty(call, "REPLACEWITH")) {

@@ -320,15 +320,6 @@ class Calls(SortTest):
         self.assertIn("\"FILE=a.txt\"", self.refused("SortLines", "--list", "FILE=a.txt"))
         self.assertIn("\"extra\"", self.refused("SortLines", "extra", "--list"))
 
-    def test_commands_that_are_still_to_come_say_so(self):
-        self.make("a.txt")
-        for call in (["CreateLink", "LNKTYPE=1", "LNKSRC=" + self.path("new"), "LNKTRG=" + self.path("a.txt")],):
-            with self.subTest(call=call):
-                outcome = self.run_json("script", *call, status=1)
-                self.assertEqual(outcome.events[:-1], [])
-                self.assertIn(call[0] + " is declared and still to come", outcome.stderr)
-                self.assertEqual((self.names(), self.content("a.txt")), (["a.txt"], "a.txt"))
-
     def test_the_list_shows_commands_and_parameters(self):
         outcome = self.run_json("script")
         commands = outcome.of("script")
