@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/text.h"
+#include "data/line_blocks.h"
 
 namespace WQLineSorter {
 
@@ -28,11 +28,8 @@ enum EndingKind : std::uint32_t { kNoEnding = 0, kEndingLf = 2, kEndingCrLf = 3 
 // file behind it cannot be loaded.
 constexpr std::uint32_t kBlockSize = 32768;
 
-// Zero bytes behind each block. What reads on behind a line (numbers, dates, the byte after a CR, the wide
-// steps of the scan) ends here.
-constexpr std::uint32_t kBlockGuard = 32;
-
-using LineBlock = std::unique_ptr<char[]>;  // kBlockSize + kBlockGuard bytes, zeros behind the data
+using WQDR::kBlockGuard;
+using WQDR::LineBlock;
 
 struct SortableLinesData {
   std::vector<LineBlock> blocks;
