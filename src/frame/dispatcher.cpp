@@ -4,6 +4,7 @@
 
 #include "filetools/base64_file.h"
 #include "filetools/control_panel.h"
+#include "filetools/create_links_command.h"
 #include "filetools/quick_rename.h"
 #include "filetools/text_conversion.h"
 #include "filetools/xml_conversion.h"
@@ -22,6 +23,7 @@ void RenameSameBase(IHostApp& host, s32) { RenameSameBaseCommand(host); }
 void SetExtension(IHostApp& host, s32) { SetExtensionCommand(host); }
 void SortLines(IHostApp& host, s32) { SortLinesCommand(host); }
 void FindAndReplace(IHostApp& host, s32) { FindAndReplaceCommand(host); }
+void CreateLink(IHostApp& host, s32) { CreateLinkCommand(host); }
 void ConvertXml(IHostApp& host, s32 number) { ConvertXmlCommand(host, number == 30200); }
 void ConvertBase64(IHostApp& host, s32 number) { ConvertBase64Command(host, number == 30210); }
 
@@ -49,6 +51,7 @@ constexpr CommandRow kCommands[] = {
   {30151, 30151, FindAndReplace},
   {30200, 30201, ConvertXml},
   {30210, 30211, ConvertBase64},
+  {30350, 30350, CreateLink},
 };
 // clang-format on
 

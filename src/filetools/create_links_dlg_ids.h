@@ -1,0 +1,13 @@
+// Numbers of the controls of the Create Link dialog, for the code and for the resource script alike. Others
+// find the controls by them, so they stay as they are.
+#pragma once
+
+#define QX_LINKS_KIND_GROUP 1011
+#define QX_LINKS_LINK 1015
+#define QX_LINKS_TARGET 1016
+#define QX_LINKS_STATUS 1017
+#define QX_LINKS_TARGET_LABEL 1018
+#define QX_LINKS_LINK_LABEL 1019
+#define QX_LINKS_KIND 1028
+#define QX_LINKS_DESCRIPTION 1029
+#define QX_LINKS_DESCRIPTION_GROUP 1069
