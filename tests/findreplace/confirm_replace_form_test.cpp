@@ -41,7 +41,7 @@ TEST(ConfirmReplaceForm, BytesWithoutACharacterInTheCodePageComeBackToo) {
 }
 
 TEST(ConfirmReplaceForm, BytesThatAreNoUtf8AreReplacementCharacters) {
-  ConfirmReplaceForm form = FormOf(TextFormat::Utf8, W("a\u00E4b"), W(""));
+  ConfirmReplaceForm form = FormOf(TextFormat::Utf8, W("a\u20ACb"), W(""));
   form.rawShown = false;
   EXPECT_EQ(ShownContext(form), W("a\uFFFDb"));
 }

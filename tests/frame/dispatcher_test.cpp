@@ -40,6 +40,18 @@ TEST(Dispatcher, RenameSameBaseIsHandledWhenItsQuestionIsCancelled) {
   ExpectAllGivenBack(run.host);
 }
 
+TEST(Dispatcher, SortLinesAndFindAndReplaceWithNothingSelectedEachShowTheirBox) {
+  for (const auto& [number, box] :
+       {std::pair{30150, "MessageBox(\"T01900064\", \"T02440064\", 0x00000040)"},
+        std::pair{30151, "MessageBox(\"T023A0064\", \"T02440064\", 0x00000040)"}}) {
+    Dispatch run;
+    run.host.boxAnswers = {IDOK};
+    EXPECT_EQ(run.extension.OnCommand(number, 0, 0), 1) << number;
+    EXPECT_THAT(run.host.recorder.CallsOf({"MessageBox"}), testing::ElementsAre(box));
+    ExpectAllGivenBack(run.host);
+  }
+}
+
 TEST(Dispatcher, EachTransformCommandIsOfItsOwn) {
   // One name that every transform changes differently enough to tell them apart.
   const std::pair<s32, const WCHAR*> expected[] = {
