@@ -1,0 +1,170 @@
+// The engine against the plainest one, over random small texts: the bytes that come out, the changes, the
+// failures and the questions must be the same.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "findreplace/documents.h"
+#include "findreplace/matching.h"
+#include "findreplace/modes.h"
+#include "findreplace/plain_engine.h"
+#include "findreplace/plain_outcome.h"
+
+using namespace QXFindAndReplace;
+
+namespace {
+
+// Numbers below a bound, the same in every build.
+class Random {
+ public:
+  explicit Random(std::uint32_t seed) : engine_(seed) {}
+  std::uint32_t operator()(std::size_t bound) {
+    return static_cast<std::uint32_t>(engine_()) % static_cast<std::uint32_t>(bound);
+  }
+  template <typename Values>
+  auto Of(const Values& values) {
+    return values[(*this)(std::size(values))];
+  }
+
+ private:
+  std::mt19937 engine_;
+};
+
+template <typename CharT>
+std::basic_string<CharT> Letters(Random& random, const std::basic_string<CharT>& alphabet,
+                                 std::size_t count) {
+  std::basic_string<CharT> text;
+  while (text.size() < count) text += random.Of(alphabet);
+  return text;
+}
+
+// Few letters, so that texts repeat the beginnings of the find text, and what must not be searched through.
+template <typename CharT>
+std::vector<std::basic_string<CharT>> Alphabets() {
+  using namespace std::string_view_literals;
+  std::vector<std::basic_string<CharT>> alphabets;
+  for (const std::string_view narrow :
+       {"aaaab\n"sv, "abc\n"sv, "aAbB\n"sv, "ab\r\n"sv, "aab\0\n"sv, "aAb\r\n\0"sv, "ab\xE4\xC4\n"sv,
+        "a[{@`\n"sv, "ab"sv, "a\n"sv, "ababc\r"sv}) {
+    alphabets.push_back(In<CharT>(narrow));
+  }
+  if constexpr (sizeof(CharT) == 2) {
+    alphabets.push_back({'a', 0x0A0A, 0x0D0D, 0x6100, 0x0061, '\n'});
+    alphabets.push_back({'a', 'b', 0x0A61, 0x610A, 0x0161, '\n'});
+    alphabets.push_back({'a', 'b', 0x2028, 0x2029, 'a', '\n'});
+  }
+  return alphabets;
+}
+
+template <typename CharT>
+std::basic_string<CharT> Without(std::basic_string<CharT> text, std::string_view characters) {
+  std::erase_if(text, [&](CharT character) {
+    return In<CharT>(characters).find(character) != std::basic_string<CharT>::npos;
+  });
+  return text;
+}
+
+constexpr std::uint32_t kModes[] = {ModeOne, ModeMany, ModeManySame, ModeMultiline};
+
+// A case of a mode over a document.
+template <typename CharT>
+Trial<CharT> MakeTrial(std::uint32_t seed) {
+  Random random(seed);
+  Trial<CharT> trial;
+  const auto alphabet = random.Of(Alphabets<CharT>());
+  const auto findAlphabet = Without<CharT>(alphabet, std::string_view("\0", 1));
+  trial.bytes = RawBytes<CharT>(Letters(random, alphabet, random(random(8) == 0 ? 400 : 60)));
+  if (random(12) == 0) trial.bytes += "\n";
+  trial.flags = random.Of(kModes) | (random(2) ? IgnoreCase : 0u) | (random(4) == 0 ? Wildcard : 0u);
+  const bool isList = (trial.flags & ModeOne) == 0;
+  trial.find =
+      Letters(random, isList ? findAlphabet : Without<CharT>(findAlphabet, "\r\n"), random(isList ? 9 : 5));
+  if ((trial.flags & Wildcard) != 0) {
+    trial.find = Without<CharT>(trial.find, "{");
+    for (CharT& character : trial.find) {
+      if (character != '\n' && character != '\r' && random(3) == 0)
+        character = static_cast<CharT>("?*"[random(2)]);
+    }
+  }
+  // A list of as many lines as the other one, as a rule.
+  const auto plain = In<CharT>("xyA");
+  const std::size_t items = PlainEngine::Items(trial.find).size();
+  const std::size_t lines = (trial.flags & ModeMany) != 0 && random(8) != 0 ? items : random(5);
+  for (std::size_t i = 0; i < lines; ++i) {
+    trial.replace += Letters(random, plain, random(4));
+    if (i + 1 < lines || trial.replace.empty() || random(2)) trial.replace += CharT('\n');
+  }
+  // Borders in the middle of lines; a small block often refuses the text, which is held against each other
+  // too.
+  trial.blockBytes = (random(3) == 0 ? 4 + random(16) : 64 + random(500)) * sizeof(CharT);
+  return trial;
+}
+
+template <typename CharT>
+class FindAndReplaceDifferential : public testing::Test {
+ protected:
+  static void Compare(const Trial<CharT>& trial, std::uint32_t seed) {
+    const TrialOutcome<CharT> plain = RunPlainly(trial);
+    const TrialOutcome<CharT> engine = RunEngine(trial);
+    EXPECT_EQ(engine, plain) << "seed " << seed << ", " << Described(trial);
+    refused += plain.failure.code != 0;
+    changed += plain.failure.code == 0 && plain.changes != 0;
+  }
+  static inline int refused = 0;
+  static inline int changed = 0;
+};
+TYPED_TEST_SUITE(FindAndReplaceDifferential, BothWidths);
+
+}  // namespace
+
+TYPED_TEST(FindAndReplaceDifferential, ModesWithNobodyToAsk) {
+  this->refused = this->changed = 0;
+  for (std::uint32_t seed = 1; seed <= 10000 && !this->HasFailure(); ++seed) {
+    this->Compare(MakeTrial<TypeParam>(seed), seed);
+  }
+  // The cases are worth their time.
+  EXPECT_GT(this->refused, 500);
+  EXPECT_GT(this->changed, 2000);
+}
+
+TYPED_TEST(FindAndReplaceDifferential, ModesWithQuestions) {
+  for (std::uint32_t seed = 100001; seed <= 105000 && !this->HasFailure(); ++seed) {
+    Trial<TypeParam> trial = MakeTrial<TypeParam>(seed);
+    Random random(seed);
+    trial.asks = true;
+    for (int i = 0; i < 40; ++i) {
+      const bool rare = random(12) == 0;
+      trial.answers.push_back(static_cast<ConfirmResult>(rare ? random(7) : random(2) * 3));
+    }
+    this->Compare(trial, seed);
+  }
+}
+
+// Find texts that no list can hold: line ends and zeros in them.
+TYPED_TEST(FindAndReplaceDifferential, PassesOfAnyText) {
+  for (std::uint32_t seed = 200001; seed <= 206000 && !this->HasFailure(); ++seed) {
+    Random random(seed);
+    Trial<TypeParam> trial;
+    const auto alphabet = random.Of(Alphabets<TypeParam>());
+    trial.isPass = true;
+    trial.bytes = RawBytes<TypeParam>(Letters(random, alphabet, random(120)));
+    trial.find = Letters(random, alphabet, 1 + random(5));
+    trial.replace = Letters(random, alphabet, random(4));
+    trial.flags = random(2) ? IgnoreCase : 0u;
+    trial.blockBytes = (8 + random(200)) * sizeof(TypeParam);
+    this->Compare(trial, seed);
+  }
+}
+
+TYPED_TEST(FindAndReplaceDifferential, LongTextsOfSeveralBlocks) {
+  for (std::uint32_t seed = 300001; seed <= 300012 && !this->HasFailure(); ++seed) {
+    Random random(seed);
+    Trial<TypeParam> trial = MakeTrial<TypeParam>(seed);
+    trial.flags &= ~std::uint32_t{Wildcard};
+    auto alphabet = random.Of(Alphabets<TypeParam>());
+    alphabet += TypeParam('\n');
+    trial.bytes = RawBytes<TypeParam>(Letters(random, alphabet, 40000 + random(40000)));
+    trial.blockBytes = 32768;
+    this->Compare(trial, seed);
+  }
+}
