@@ -1,0 +1,69 @@
+// Find and replace on any bytes with any texts and flags, in both widths: loaded, replaced, written, and held
+// against the plainest engine.
+#include "findreplace/plain_outcome.h"
+#include "fuzz_input.h"
+
+using namespace QXFindAndReplace;
+
+namespace {
+
+template <typename CharT>
+std::basic_string<CharT> Narrowed(const WString& text) {
+  std::basic_string<CharT> result;
+  for (const WCHAR unit : text) {
+    // A unit whose low byte is zero would end a narrow text.
+    if (const auto character = static_cast<CharT>(unit)) result += character;
+  }
+  return result;
+}
+
+// With braces a pattern repeats, which the plain engine cannot; and it has no patience with long lines.
+template <typename CharT>
+bool CanRunPlainly(const Trial<CharT>& trial) {
+  if ((trial.flags & Wildcard) == 0) return trial.bytes.size() <= 4096;
+  return trial.bytes.size() <= 600 && trial.find.find(CharT('{')) == std::basic_string<CharT>::npos;
+}
+
+template <typename CharT>
+void Try(Trial<WCHAR> wide) {
+  Trial<CharT> trial;
+  trial.bytes = wide.bytes;
+  trial.blockBytes = wide.blockBytes;
+  trial.find = Narrowed<CharT>(wide.find);
+  trial.replace = Narrowed<CharT>(wide.replace);
+  trial.flags = wide.flags;
+  trial.isPass = wide.isPass && !trial.find.empty();
+  trial.asks = wide.asks;
+  trial.answers = wide.answers;
+  const TrialOutcome<CharT> outcome = RunEngine(trial);
+  if (CanRunPlainly(trial)) Require(outcome == RunPlainly(trial));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzInput input(data, size);
+  Trial<WCHAR> trial;
+  trial.flags = 1U << input.TakeByte() % 5;  // 16 is no mode
+  const std::uint8_t choices = input.TakeByte();
+  if ((choices & 1) != 0) trial.flags |= IgnoreCase;
+  if ((choices & 2) != 0) trial.flags |= Wildcard;
+  if ((choices & 4) != 0) trial.blockBytes = (4U + input.TakeByte()) * 2;
+  trial.asks = (choices & 8) != 0;
+  trial.isPass = (choices & 0x30) == 0x10;
+  if (trial.asks) {
+    for (std::uint32_t answers = input.TakeNumber(); answers != 0; answers >>= 3) {
+      trial.answers.push_back(static_cast<ConfirmResult>(answers & 7));
+    }
+    trial.isPass = false;
+  }
+  trial.find = input.TakeText();
+  trial.replace = input.TakeText();
+  const auto rest = input.TakeRest();
+  // The rest, at times as often as it takes to pass a block's border.
+  const std::size_t repeats = choices == 0xFF ? 60 : 1;
+  for (std::size_t i = 0; i < repeats; ++i) trial.bytes.append(rest.begin(), rest.end());
+  Try<char>(trial);
+  Try<WCHAR>(trial);
+  return 0;
+}
