@@ -22,6 +22,12 @@ class FindAndReplaceMenuTest(HostTest):
                 text += json.dumps(json.load(file))
         return text
 
+    def store(self, options, find, replace):
+        """What an earlier run of the dialog has stored."""
+        os.makedirs(self.config, exist_ok=True)
+        with open(os.path.join(self.config, "settings.json"), "w", encoding="utf-8") as file:
+            json.dump({"QXUtils": {"FindReplace": {"Find": find, "ReplaceWith": replace, "Options": options}}}, file)
+
     def changed_line(self, name, count):
         return "[Find and Replace] - %d changes made to file : %s" % (count, windows_path(self.path(name)))
 
@@ -56,6 +62,38 @@ class FindAndReplaceMenu(FindAndReplaceMenuTest):
         self.assertEqual(self.names(), ["a.txt"])
         self.assertEqual(outcome.of("log"), [])
         self.assertEqual(self.settings_text(), "")
+
+    def test_stored_options_are_used_and_each_match_is_asked_about(self):
+        self.store(0x20000101, "old", "new")
+        self.write("a.txt", b"old\nOLD\n")
+        outcome = self.command(30151, "a.txt", answers=["ok"] * 4)
+        self.assertEqual(self.shown(outcome), [("dialog", "Find and Replace in file(s)"), ONE_MATCH, ONE_MATCH,
+                                               ("box", "Find and Replace")])
+        self.assertEqual(self.read("a.txt"), b"new\nnew\n")
+        self.assertEqual(self.read("a.txt.bak"), b"old\nOLD\n")
+        self.assertEqual(outcome.questions[3]["text"], "Changes made: 2")
+
+    def test_cancel_at_a_match_of_the_second_file_ends_the_run(self):
+        self.store(0x20000101, "old", "new")
+        for name in ("a.txt", "b.txt", "c.txt"):
+            self.write(name, b"old old\n")
+        outcome = self.command(30151, "a.txt", "b.txt", "c.txt", answers=["ok", "ok", "ok", "ok", "cancel"])
+        self.assertEqual([self.read(name) for name in ("a.txt", "b.txt", "c.txt")],
+                         [b"new new\n", b"old old\n", b"old old\n"])
+        self.assertEqual([event["text"] for event in outcome.of("log")],
+                         [self.changed_line("a.txt", 2),
+                          "[Find and Replace] - Failed to Find/Replace text in : "
+                          + windows_path(self.path("b.txt")),
+                          "[Find and Replace] - Operation cancelled"])
+        self.assertEqual(len(outcome.questions), 5)
+
+    def test_a_silent_run_asks_nothing_and_replaces_everything(self):
+        self.store(0x40001101, "old", "new")
+        self.write("a.txt", b"old OLD\n")
+        outcome = self.command(30151, "a.txt", answers=["ok"])
+        self.assertEqual(self.shown(outcome), [("dialog", "Find and Replace in file(s)")])
+        self.assertEqual(self.names(), ["a.txt"])
+        self.assertEqual(self.read("a.txt"), b"new new\n")
 
 
 if not IS_WINDOWS:
@@ -100,20 +138,6 @@ if not IS_WINDOWS:
                              [b"old new\n", b"new new\n", b"new new\n"])
             self.assertEqual(len(outcome.questions), 4)
             self.assertEqual(outcome.questions[3]["text"], "Changes made: 5. Files done: 3")
-
-        def test_cancel_in_the_second_of_three_files_ends_the_run(self):
-            for name in ("a.txt", "b.txt", "c.txt"):
-                self.write(name, b"old old\n")
-            outcome = self.run_form(["a.txt", "b.txt", "c.txt"], ["find=old", "replace=new"],
-                                    ["ok", "ok", "ok", "ok", "cancel"])
-            self.assertEqual([self.read(name) for name in ("a.txt", "b.txt", "c.txt")],
-                             [b"new new\n", b"old old\n", b"old old\n"])
-            self.assertEqual([event["text"] for event in outcome.of("log")],
-                             [self.changed_line("a.txt", 2),
-                              "[Find and Replace] - Failed to Find/Replace text in : "
-                              + windows_path(self.path("b.txt")),
-                              "[Find and Replace] - Operation cancelled"])
-            self.assertEqual(len(outcome.questions), 5)
 
         def test_without_an_answer_left_a_question_is_cancelled(self):
             self.write("a.txt", b"old\n")

@@ -6,6 +6,7 @@
 #include <deque>
 
 #include "findreplace/find_and_replace_command.h"
+#include "findreplace/host_callback.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
 #include "window/dialog_controls.h"
@@ -18,7 +19,6 @@ namespace QXFindAndReplace {
 namespace {
 
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::HasSubstr;
 using WQDR::TextFormat;
 
@@ -374,6 +374,22 @@ TEST_F(ConfirmReplaceDlgWindow, TextsLongerByTwoFifthsAndLargeNumbersFitToo) {
     ExpectNoTextCutOff(dialog);
     EXPECT_TRUE(SaveScreenshot(dialog, W("confirm_replace_dialog_long_texts")));
   });
+}
+
+// The box of an error.
+
+TEST_F(ConfirmReplaceDlgWindow, ErrorBoxStandsOverTheHostsMainWindow) {
+  host_.mainWindow = owner_.Get();
+  RunModal(
+      [this] {
+        FindAndReplaceCallback(host_, 0).ReportError("Text part not found", 87);
+        return INT_PTR{0};
+      },
+      [this](HWND box) {
+        ExpectOwnedBy(box, owner_.Get());
+        EXPECT_EQ(TextOf(box, kTitle), W("Error"));
+        PressKey(box, VK_RETURN);
+      });
 }
 
 // Runs over files, with both dialogs.
