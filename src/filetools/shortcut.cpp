@@ -3,6 +3,7 @@
 #include "platform/shell_link.h"
 
 bool CreateShortcut(const WString& link, const WString& target, bool isFolder) {
+  if (target.empty()) return false;  // some shells make one that leads nowhere
   ShellLink shortcut;
   shortcut.target = target;
   // Up to and with the last backslash; nothing of a bare name.

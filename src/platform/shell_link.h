@@ -13,6 +13,6 @@ struct ShellLink {
   WString description;
 };
 
-// Writes the shortcut to `path`, over a file that is there. False if the shortcut cannot be made - a target
-// that is longer than the shell takes - or cannot be saved.
+// Writes the shortcut to `path`, over a file that is there. False if the shortcut cannot be made - the shell
+// does not take its target - or cannot be saved.
 QX_PLATFORM_API bool SaveShellLink(const ShellLink& link, const WString& path);

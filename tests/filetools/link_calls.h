@@ -15,8 +15,3 @@ inline std::string LinkFailed(const std::string& word, int error, const WString&
   return "LogMessage(1, 30, \"Failed to create link (" + word + ") (Error : " + std::to_string(error) +
          ") Link : \"" + ToUtf8(link) + "\" Link Target : \"" + ToUtf8(target) + "\"\")";
 }
-
-// The box of an error, with the system's text for it.
-inline std::string LinkBox(const std::string& text) {
-  return "MessageBox(\"T000B0065\", \"" + text + "\", 0x00000010)";
-}

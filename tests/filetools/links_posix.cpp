@@ -141,6 +141,16 @@ TEST_F(NativeLinksTest, ASymbolicLinkLeadsToAFolderOrAFile) {
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkCreated("Symlink", link_, target_)));
 }
 
+TEST_F(NativeLinksTest, ASymbolicLinkNeedsPathsThatCanBe) {
+  const WString longPath = scratch_.Path(WString(32000, W('x')));
+  const std::pair<WString, WString> paths[] = {
+      {W(""), target_}, {link_, W("")}, {W(""), W("")}, {longPath, target_}, {link_, longPath}};
+  for (const auto& [link, target] : paths) {
+    EXPECT_NE(CreateLinkOfKind(&host_, kSymbolicLink, link, target, false), 0u);
+  }
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
+}
+
 TEST_F(NativeLinksTest, ASymbolicLinkSaysWhatItsTargetIs) {
   Faults::Watch("CreateSymbolicLinkW");
   EXPECT_EQ(Create(kSymbolicLink, true), 0u);
@@ -190,6 +200,14 @@ TEST_F(NativeLinksTest, TheRefusalOfASymbolicLinkGoesToTheHelperAfterBothAttempt
   EXPECT_THAT(host_.recorder.CallsOf({"helper.Send", "LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Symlink", 1314, link_, target_), "helper.Send(5004, 4)",
                           LinkCreated("Symlink", link_, target_)));
+}
+
+TEST_F(NativeLinksTest, TheBoxShowsTheSystemsTextAsItComesWithItsLineEnd) {
+  Faults::Fail("CreateHardLinkW", 1, 17);
+  EXPECT_EQ(CreateLinkWithRetry(host_, kHardLink, link_, target_, false), 17u);
+  EXPECT_THAT(host_.recorder.CallsOf({"MessageBox"}),
+              ElementsAre("MessageBox(\"T000B0065\", \"The system cannot move the file to a different disk "
+                          "drive.\r\n\", 0x00000010)"));
 }
 
 TEST_F(NativeLinksTest, AScriptIsToldThatAccessIsDeniedWhereThePrivilegeIsMissing) {

