@@ -124,7 +124,7 @@ class TextDocumentT {
   TextPart& FindPart(TextLine& line, const char* address);
   TextPart& Cut(TextLine& line, TextPart& part, std::uint32_t length, const char* tailText);
   TextLine& NewInsertedLine(const LineItem& item);
-  void AppendLine(TextLine& line, TextLine& inserted);
+  TextPart& AppendLines(TextPart& behind, const Lines& replacement, std::size_t first, std::size_t end);
   void InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement);
 
   // The part that the last cut has left behind it. The edits of a pass go from left to right, and the file's

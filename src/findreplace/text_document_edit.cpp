@@ -14,8 +14,7 @@ namespace {
   throw WQDR::WQDataReaderException(ERROR_INVALID_PARAMETER, "Text part not found");
 }
 
-TextPart& LastPart(TextPart& first) {
-  TextPart* part = &first;
+TextPart& LastPart(TextPart* part) {
   while (part->next) part = part->next;
   return *part;
 }
@@ -102,11 +101,18 @@ TextLine& TextDocumentT<CharT>::NewInsertedLine(const LineItem& item) {
   return line;
 }
 
+// Hangs new lines for the items from `first` up to `end` behind a part, and answers the last of the chain.
 template <typename CharT>
-void TextDocumentT<CharT>::AppendLine(TextLine& line, TextLine& inserted) {
-  TextPart& last = LastPart(lastTail_ && lastTailLine_ == &line ? *lastTail_ : line);
-  last.lineFollows = 1;
-  last.next = &inserted;
+TextPart& TextDocumentT<CharT>::AppendLines(TextPart& behind, const Lines& replacement, std::size_t first,
+                                            std::size_t end) {
+  TextPart* last = &behind;
+  for (std::size_t index = first; index < end; ++index) {
+    TextLine& inserted = NewInsertedLine(replacement.items[index]);
+    last->lineFollows = 1;
+    last->next = &inserted;
+    last = &inserted;
+  }
+  return *last;
 }
 
 // Inserts the lines of a replacement behind its first, at an offset of a line's file text. The text behind
@@ -119,15 +125,9 @@ void TextDocumentT<CharT>::InsertLinesAt(TextLine& line, std::uint32_t offset, c
                         (lastTail_->length != 0 || offset == line.fileLength);
   TextPart& part = isAtTail ? *lastTail_ : FindPart(line, address);
   TextPart& tail = Cut(line, part, static_cast<std::uint32_t>(address - part.text), address);
-  TextPart* last = &part;
-  for (std::size_t index = 1; index < replacement.items.size(); ++index) {
-    TextLine& inserted = NewInsertedLine(replacement.items[index]);
-    last->lineFollows = 1;
-    last->next = &inserted;
-    last = &inserted;
-  }
+  TextPart& last = AppendLines(part, replacement, 1, replacement.items.size());
   if (replacement.items.size() == 2) {
-    last->next = &tail;
+    last.next = &tail;
   } else {
     lastTail_ = nullptr;
   }
@@ -157,7 +157,8 @@ void TextDocumentT<CharT>::ReplaceRange(const TextRange& range, const Lines& rep
   for (std::uint32_t number = range.start.line + 1; number < range.end.line; ++number)
     lines[number].removed = 1;
   // Within one line this repeats lines that stand there already: this is meant.
-  for (std::size_t index = 1; index + 1 < count; ++index) AppendLine(line, NewInsertedLine(items[index]));
+  if (count > 2)
+    AppendLines(LastPart(FirstPartAt(line, line.text + line.fileLength)), replacement, 1, count - 1);
   // A single line leaves the beginning of the end line as it is: this is meant.
   if (spansLines && count > 1) isChanged = replace(range.end.line, 0, range.end.column, items.back());
   if (isChanged) ++changeCount;
