@@ -8,6 +8,7 @@
 #include "host/paths.h"
 #include "host/whole_file.h"
 #include "host/wide_format.h"
+#include "host/xml_document.h"
 
 namespace QxHost {
 namespace {
@@ -127,6 +128,7 @@ bool HostApp::GetTargetPanelPath(WCHAR* buffer, u32 size) {
   return GiveFolder(shared_.answers.otherPanel, buffer, size);
 }
 
+IHostXmlDocument* HostApp::CreateXmlDocument() { return XmlDocument::Lend(); }
 IHostFileList* HostApp::CreateFileList() { return FileList::Lend(); }
 IHostStringList* HostApp::CreateStringList() { return StringList::Lend(); }
 

@@ -34,7 +34,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   Velmora::SDK::IHostMenuBuilder* GetMenuBuilder() override { return &menus; }
   Velmora::SDK::IHostCustomCommandSet* GetCustomCommandSet(const char* name) override;
   Velmora::SDK::IHostPropertyManager* GetPropertyManager() override { return nullptr; }
-  Velmora::SDK::IHostXmlDocument* CreateXmlDocument() override { return nullptr; }
+  Velmora::SDK::IHostXmlDocument* CreateXmlDocument() override;
   Velmora::SDK::IHostConfig* GetConfig() override { return &settings_; }
   void* GetService(u32 number, std::uintptr_t handle) override;
   void ReleaseService(void* service, u32 numberOrZero) override;
