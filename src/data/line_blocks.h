@@ -92,7 +92,7 @@ class LineBlockReader {
   }
 
   // Reads behind the carried bytes and answers how many the block holds now; zeros stand behind them. A file
-  // that ends before its size (somebody cut it) ends the load.
+  // that ends before its size has been cut meanwhile: what is left of it must not be taken for the whole.
   std::uint32_t Fill(std::uint32_t carry) {
     std::uint32_t filled = carry;
     do {
@@ -101,7 +101,7 @@ class LineBlockReader {
       const std::uint32_t toRead = filled == carry ? blockSize_ - carry : 1;
       reader_.Read(Block() + filled, toRead, &got);
       got = std::min(got, toRead);
-      if (got == 0) remaining_ = 0;
+      if (got == 0) throw WQDataReaderException(ERROR_HANDLE_EOF, "Failed to read file");
       remaining_ -= std::min<std::uint64_t>(got, remaining_);
       filled += got;
     } while (remaining_ != 0 && filled % sizeof(CharT) != 0);

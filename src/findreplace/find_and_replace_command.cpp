@@ -51,6 +51,7 @@ void FindAndReplaceCommand(IHostApp& host, const FindAndReplaceDialog& show) {
   const FindAndReplaceOptions options = ReadOptions(form);
   if (options.find.empty()) return ShowInformation(host, kTextFindNothing);
   StoreFindAndReplaceOptions(host, options);
+  const WString targetName = ReadTargetName(form);
   constexpr bool kOwnsFiles = true;
-  StartFindAndReplace(host, files.Detach(), options, ReadTargetName(form), kOwnsFiles);
+  StartFindAndReplace(host, files.Detach(), options, targetName, kOwnsFiles);
 }

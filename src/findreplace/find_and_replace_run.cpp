@@ -139,8 +139,9 @@ void StartFindAndReplace(IHostApp& host, IHostFileList* files, const FindAndRepl
                          const WString& targetPattern, bool ownsFiles) {
   HostObject<IHostFileList> owned(ownsFiles ? files : nullptr);
   if (!files || files->GetCount() == 0) return;
+  FindAndReplaceRun run(host, files, options, targetPattern, ownsFiles);
   owned.Detach();
-  FindAndReplaceRun(host, files, options, targetPattern, ownsFiles).Run();
+  run.Run();
 }
 
 }  // namespace QXFindAndReplace

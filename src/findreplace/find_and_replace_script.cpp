@@ -38,12 +38,14 @@ constexpr ScriptSwitch kQuestionSwitches[] = {
 // clang-format on
 
 // Each backslash with an n behind it becomes a line feed; there is no other escape.
-WString WithLineFeeds(WString text) {
+WString WithLineFeeds(const WString& text) {
   constexpr WStringView kEscape = W("\\n");
-  for (std::size_t at = text.find(kEscape); at != WString::npos; at = text.find(kEscape, at + 1)) {
-    text.replace(at, kEscape.size(), 1, W('\n'));
+  WString result;
+  std::size_t from = 0;
+  for (std::size_t at = 0; (at = text.find(kEscape, from)) != WString::npos; from = at + kEscape.size()) {
+    result.append(text, from, at - from).push_back(W('\n'));
   }
-  return text;
+  return result.append(text, from);
 }
 
 bool IsEmpty(const std::optional<WString>& value) { return !value || value->empty(); }

@@ -5,6 +5,7 @@
 
 #include <new>
 
+#include "data/thrown.h"
 #include "findreplace/documents.h"
 #include "linesorter/scripted_reader.h"
 
@@ -279,24 +280,17 @@ TYPED_TEST(TextDocumentLoaderTest, ReaderMayDeliverInAnyPortions) {
   }
 }
 
-TYPED_TEST(TextDocumentLoaderTest, ReaderThatEndsEarlyEndsTheText) {
-  for (const std::uint32_t block : {8u, 1000u}) {
+// What is left of a file that somebody cuts meanwhile must not be taken for the whole of it.
+TYPED_TEST(TextDocumentLoaderTest, ReaderThatEndsEarlyIsRefused) {
+  for (const char* text : {"one\ntwo\nthr", ""}) {
     for (const std::uint64_t promised : {std::uint64_t{1}, std::uint64_t{5000}, std::uint64_t{1} << 40}) {
-      ScriptedReader reader(BytesOf<TypeParam>("one\ntwo\nthr"));
+      ScriptedReader reader(BytesOf<TypeParam>(text));
       reader.size += promised;
       reader.mostReads = 50;
-      const auto document = ReadDocument<TypeParam>(reader, block);
-      EXPECT_THAT(LinesOf(*document), ElementsAre(Lf("one"), Lf("two"), None("thr")));
-      EXPECT_EQ(Written(*document), "one\ntwo\nthr");
+      EXPECT_EQ(ThrownBy<WQDR::WQDataReaderException>([&] { ReadDocument<TypeParam>(reader, 8); }),
+                (Thrown{ERROR_HANDLE_EOF, "Failed to read file"}));
     }
   }
-}
-
-TYPED_TEST(TextDocumentLoaderTest, ReaderThatDeliversNothingGivesNoLines) {
-  ScriptedReader reader("");
-  reader.size = 100;
-  reader.mostReads = 50;
-  EXPECT_THAT(LinesOf(*ReadDocument<TypeParam>(reader)), IsEmpty());
 }
 
 TYPED_TEST(TextDocumentLoaderTest, FailureOfTheReaderPasses) {
@@ -337,20 +331,6 @@ TEST(TextDocumentLoaderWide, OddLastByteMakesNoCrLfOfACr) {
   const auto document = MakeDocumentOfBytes<WCHAR>(std::string("a\0\r\0\n", 5));
   EXPECT_THAT(LinesOf(*document), ElementsAre(None("a")));
   EXPECT_EQ(WrittenBytes(*document), "a\0\n"sv) << "the lone CR is lost, the byte is not";
-}
-
-TEST(TextDocumentLoaderWide, OddLastByteOfAReaderThatEndsEarlyIsKept) {
-  const std::string bytes("a\0\n\0b\0x", 7);
-  for (const std::uint64_t promised : {2u, 3u, 1000u}) {
-    for (const std::uint32_t portion : {1u, 2u, 3u, 7u}) {
-      ScriptedReader reader(bytes, {portion});
-      reader.size += promised;
-      reader.mostReads = 50;
-      const auto document = ReadDocument<WCHAR>(reader);
-      EXPECT_THAT(LinesOf(*document), ElementsAre(Lf("a"), None("b"))) << promised << " " << portion;
-      EXPECT_EQ(WrittenBytes(*document), bytes) << promised << " " << portion;
-    }
-  }
 }
 
 TEST(TextDocumentLoaderWide, TextOfWholeUnitsHasNoByteApart) {
