@@ -125,7 +125,8 @@ class Failures(LinkTest):
 
     def test_a_link_with_a_name_beyond_all_bounds(self):
         self.make("a.txt")
-        for kind in (1, 2, 3, 4):
+        # Wine says of every symbolic link that it has made it.
+        for kind in (1, 2, 4) if IS_WINDOWS else (1, 2, 3, 4):
             with self.subTest(kind=kind):
                 outcome = self.script(kind, "x" * 32000, "a.txt", status=1)
                 self.assertEqual(len(outcome.of("log")), 1)
