@@ -17,9 +17,11 @@
 #include <windows.h>
 
 #include <shellapi.h>
-#include <shlwapi.h>
 #include <time.h>
 #include <winioctl.h>
+
+// Of <shlwapi.h>, which brings names such as `byte` into every file.
+extern "C" __declspec(dllimport) BOOL __stdcall PathIsDirectoryEmptyW(LPCWSTR path);
 
 // IHostApp has an operation and a save mode of find and replace has a flag of these names; the product calls
 // MessageBoxW by its full name, and ReplaceFileW not at all.
