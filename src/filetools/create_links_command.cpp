@@ -1,7 +1,7 @@
 #include "filetools/create_links_command.h"
 
 #include <array>
-#include <optional>
+#include <vector>
 
 #include "frame/services/host_objects.h"
 #include "frame/services/language_text.h"

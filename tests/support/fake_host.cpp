@@ -204,9 +204,10 @@ bool FakeHost::GetConfigPath(WCHAR*, u32 size) {
   return false;
 }
 
-bool FakeHost::GetTargetPanelPath(WCHAR*, u32 size) {
-  recorder.Record("GetTargetPanelPath(" + Number(size) + ")");
-  return false;
+bool FakeHost::GetTargetPanelPath(WCHAR* buffer, u32 size) {
+  if (!recorder.Allow("GetTargetPanelPath(" + Number(size) + ")") || targetPanel.empty()) return false;
+  CopyTerminated(buffer, size, WStringView(targetPanel));
+  return true;
 }
 
 IHostFileList* FakeHost::CreateFileList() {

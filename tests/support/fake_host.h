@@ -60,6 +60,7 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   bool isElevated = false;
   Velmora::SDK::u32 moduleNumber = 7;  // what FindModuleByGuid answers
   HWND mainWindow = nullptr;
+  WString targetPanel;  // the folder of the other panel, with its backslash; empty: there is none
 
   // Answers in order; without one left a question is refused, a box answered with Cancel, and both count as
   // unexpected.
