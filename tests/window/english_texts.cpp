@@ -39,7 +39,9 @@ Texts ReadTexts(const char* section, const Ids& ids, WString QxHost::LanguageTex
 Texts Titles() { return ReadTexts("QXUtils", Velmora::SDK::kMessageTitles, &QxHost::LanguageText::second); }
 
 Texts CommonTexts() {
-  return ReadTexts("common", std::array{Velmora::SDK::kCommonTextCancel}, &QxHost::LanguageText::first);
+  return ReadTexts("common",
+                   std::array{Velmora::SDK::kCommonTextCancel, Velmora::SDK::kCommonTextDescription},
+                   &QxHost::LanguageText::first);
 }
 
 Texts Lengthened(Texts texts) {
