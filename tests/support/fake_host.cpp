@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 #include <ostream>
 
 using namespace Velmora::SDK;
@@ -156,8 +158,10 @@ IHostPropertyManager* FakeHost::GetPropertyManager() {
 }
 
 IHostXmlDocument* FakeHost::CreateXmlDocument() {
-  recorder.Record("CreateXmlDocument()");
-  return nullptr;
+  if (!recorder.Allow("CreateXmlDocument()")) return nullptr;
+  const std::string name = "document" + std::to_string(documents_.size() + 1);
+  recorder.Taken(name);
+  return &documents_.emplace_back(recorder, name, xmlFiles);
 }
 
 IHostConfig* FakeHost::GetConfig() { return recorder.Allow("GetConfig()") ? &config : nullptr; }
@@ -276,10 +280,29 @@ int FakeHost::AskTextSimple(const WCHAR* title, const WCHAR* prompt, u32 zero, u
   return allowed && AnswerText(buffer, size) ? 1 : 0;
 }
 
-bool FakeHost::AskChoice(AskChoiceRecord*) {
-  recorder.Record("AskChoice()");
-  ++unexpectedQuestions;
-  return false;
+bool FakeHost::AskChoice(AskChoiceRecord* record) {
+  if (!recorder.Allow("AskChoice()")) return false;
+  const auto field = [](const auto& text) { return WString(text, std::find(text, std::end(text), WCHAR())); };
+  auto* const rows = static_cast<FakeStringList*>(record->choices);
+  AskedChoice& asked = choices.emplace_back();
+  asked.caption = field(record->caption);
+  asked.prompt = field(record->prompt);
+  asked.selected = record->selected;
+  if (rows) asked.rows = rows->strings;
+  AskChoiceRecord named;
+  std::copy(std::begin(record->caption), std::end(record->caption), named.caption);
+  std::copy(std::begin(record->prompt), std::end(record->prompt), named.prompt);
+  named.selected = record->selected;
+  named.choices = record->choices;
+  asked.isRestZero = std::memcmp(&named, record, sizeof named) == 0;
+  if (choiceAnswers.empty()) {
+    ++unexpectedQuestions;
+    return false;
+  }
+  const ChoiceAnswer answer = choiceAnswers.front();
+  choiceAnswers.pop_front();
+  CopyPadded(record->result, std::size(record->result), WStringView(answer.text));
+  return answer.ok;
 }
 
 bool FakeHost::AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,

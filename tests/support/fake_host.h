@@ -15,11 +15,27 @@
 #include "support/fake_menus.h"
 #include "support/fake_script_commands.h"
 #include "support/fake_settings.h"
+#include "support/fake_xml_document.h"
 
 // How one AskText or AskTextSimple is answered. With `ok` false the buffer stays as it is.
 struct TextAnswer {
   bool ok;
   WString text;
+};
+
+// How one AskChoice is answered: the text of the row, which need not be one of them.
+struct ChoiceAnswer {
+  bool ok;
+  WString text;
+};
+
+// One AskChoice as it was asked.
+struct AskedChoice {
+  WString caption;
+  WString prompt;
+  std::vector<WString> rows;
+  Velmora::SDK::s32 selected;
+  bool isRestZero;  // the result and all bytes without a name
 };
 
 // A list that was handed back (21120): its mode and the full paths of its items.
@@ -66,6 +82,8 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   // unexpected.
   std::deque<TextAnswer> textAnswers;
   std::deque<int> boxAnswers;
+  std::deque<ChoiceAnswer> choiceAnswers;
+  std::vector<AskedChoice> choices;  // those that were asked
   int unexpectedQuestions = 0;
 
   FakeMenuBuilder menus{recorder};
@@ -73,6 +91,7 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   FakeCommandSet scriptCommands{recorder};
   FakeConfig config{recorder};
   FakeFileOperation fileOperation{recorder};
+  FakeXmlFiles xmlFiles;  // what the documents can load
   FakeHelperChannel helper{recorder};
 
   void ExtensionClosed() override;
@@ -123,6 +142,7 @@ class FakeHost final : public Velmora::SDK::IHostApp {
   std::deque<FakeFileItem> items_;
   std::deque<FakeFileList> lists_;  // kept after their release, to see a late use
   std::deque<FakeStringList> stringLists_;
+  std::deque<FakeXmlDocument> documents_;
 };
 
 // Fails the test if something was not given back, or was used as the host does not allow.

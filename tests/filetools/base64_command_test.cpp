@@ -1,0 +1,174 @@
+// Commands 30210 and 30211 over the selection.
+#include <gmock/gmock.h>
+
+#include "filetools/base64_file.h"
+#include "filetools/plain_base64.h"
+#include "support/box_answers.h"
+#include "support/real_files.h"
+#include "support/refusals.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+class Base64Command : public testing::Test {
+ protected:
+  FakeHost& Host() { return files_.host; }
+  const ScratchFolder& Scratch() { return files_.scratch; }
+
+  // Runs the command; the boxes get these buttons, and no box more.
+  std::vector<ShownBox> Run(bool encode, std::initializer_list<int> buttons = {}) {
+    BoxAnswers boxes(buttons);
+    ConvertBase64Command(Host(), encode);
+    EXPECT_EQ(boxes.Unused(), 0);
+    EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
+    ExpectAllGivenBack(Host());
+    return boxes.Boxes();
+  }
+
+  RealFiles files_;
+};
+
+}  // namespace
+
+TEST_F(Base64Command, EncodesEachSelectedFileBesideItself) {
+  files_.Select(W("a.txt"), "foo");
+  files_.Select(W("b.tar.gz"), "bar");
+  files_.Select(W("none"), "x");
+  EXPECT_THAT(Run(true), IsEmpty());
+  EXPECT_EQ(Scratch().Read(W("a.b64")), PlainBase64::Header("a.txt") + "Zm9v");
+  EXPECT_EQ(Scratch().Read(W("b.tar.b64")), PlainBase64::Header("b.tar.gz") + "YmFy");
+  EXPECT_EQ(Scratch().Read(W("none.b64")), PlainBase64::Header("none") + "eA==");
+  EXPECT_EQ(Scratch().Read(W("a.txt")), "foo");
+  EXPECT_THAT(Scratch().Names(),
+              ElementsAre(W("a.b64"), W("a.txt"), W("b.tar.b64"), W("b.tar.gz"), W("none"), W("none.b64")));
+}
+
+TEST_F(Base64Command, DecodesToTheNameInTheHeader) {
+  files_.Select(W("a.b64"), PlainBase64::Header("original.txt") + "Zm9v");
+  EXPECT_THAT(Run(false), IsEmpty());
+  EXPECT_EQ(Scratch().Read(W("original.txt")), "foo");
+  EXPECT_THAT(Scratch().Names(), ElementsAre(W("a.b64"), W("original.txt")));
+}
+
+TEST_F(Base64Command, DecodesWithoutAHeaderToTheNameWithoutItsExtension) {
+  files_.Select(W("a.txt.b64"), "Zm9v");
+  EXPECT_THAT(Run(false), IsEmpty());
+  EXPECT_EQ(Scratch().Read(W("a.txt")), "foo");
+}
+
+TEST_F(Base64Command, ANameThatLeavesTheFolderIsNotFollowed) {
+  Scratch().MakeFolder(W("d"));
+  files_.Select(W("d\\a.b64"), PlainBase64::Header("..\\evil") + "Zm9v");
+  Run(false);
+  EXPECT_THAT(Scratch().Names(), ElementsAre(W("d")));
+  EXPECT_THAT(Scratch().Names(W("d")), ElementsAre(W("a"), W("a.b64")));
+}
+
+TEST_F(Base64Command, RunsCallByCall) {
+  const WString path = files_.Select(W("a.txt"), "foo");
+  Run(true);
+  const std::string source = Quoted(path.c_str());
+  const std::string target = Quoted(Scratch().Path(W("a.b64")).c_str());
+  EXPECT_THAT(Host().recorder.CallsExcept({"item ", "list1.Get"}),
+              ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 18, 0)", "list1.Release()",
+                          "GetService(3000, 0)", "file operation.FileExists(" + source + ")",
+                          "file operation.FileExists(" + target + ")", "ReleaseService(file operation, 0)"));
+  EXPECT_THAT(Host().recorder.Calls(), testing::Contains("item a.txt.GetFullPath(2048)"));
+}
+
+TEST_F(Base64Command, AsksBeforeATargetIsReplaced) {
+  for (const bool encode : {true, false}) {
+    RealFiles files;
+    files.host.texts[0x00D20065] = W("Replace %s?");
+    files.host.texts[0x08C0006D] = W("Encode");
+    files.host.texts[0x08C1006D] = W("Decode");
+    files.Select(W("a.x"), encode ? "foo" : "Zm9v");
+    const WString target = files.Add(encode ? W("a.b64") : W("a"), "old");
+    BoxAnswers boxes{IDNO};
+    ConvertBase64Command(files.host, encode);
+    ASSERT_THAT(boxes.Boxes(), SizeIs(1));
+    EXPECT_EQ(boxes.Boxes()[0].title, encode ? W("Encode") : W("Decode"));
+    EXPECT_EQ(boxes.Boxes()[0].text, W("Replace ") + target + W("?"));
+    EXPECT_EQ(boxes.Boxes()[0].buttons, (std::vector<int>{IDYES, IDNO}));
+    EXPECT_TRUE(boxes.Boxes()[0].hasIcon);
+    EXPECT_EQ(files.scratch.Read(encode ? W("a.b64") : W("a")), "old");
+    ExpectAllGivenBack(files.host);
+  }
+}
+
+TEST_F(Base64Command, YesReplacesAndNoGoesOnWithTheNextFile) {
+  files_.Select(W("a.txt"), "foo");
+  files_.Add(W("a.b64"), "old");
+  files_.Select(W("b.txt"), "bar");
+  files_.Add(W("b.b64"), "old");
+  files_.Select(W("c.txt"), "c");
+  EXPECT_THAT(Run(true, {IDNO, IDYES}), SizeIs(2));
+  EXPECT_EQ(Scratch().Read(W("a.b64")), "old");
+  EXPECT_EQ(Scratch().Read(W("b.b64")), PlainBase64::Header("b.txt") + "YmFy");
+  EXPECT_TRUE(Scratch().Exists(W("c.b64")));
+}
+
+TEST_F(Base64Command, AFileThatIsItsOwnTargetStaysWholeEvenAfterYes) {
+  files_.Select(W("a.b64"), "foo");
+  EXPECT_THAT(Run(true, {IDYES}), SizeIs(1));
+  EXPECT_EQ(Scratch().Read(W("a.b64")), "foo");
+  RealFiles plain;
+  plain.Select(W("a"), "Zm9v");
+  BoxAnswers boxes{IDYES};
+  ConvertBase64Command(plain.host, false);
+  EXPECT_EQ(boxes.Unused(), 0);
+  EXPECT_EQ(plain.scratch.Read(W("a")), "Zm9v");
+}
+
+TEST_F(Base64Command, AFileThatIsGoneDoesNotEndTheRun) {
+  Host().selection.push_back(Host().AddFileIn(Scratch().Path() + W("\\"), W("gone.txt")));
+  files_.Select(W("b.txt"), "bar");
+  EXPECT_THAT(Run(true), IsEmpty());
+  EXPECT_THAT(Scratch().Names(), ElementsAre(W("b.b64"), W("b.txt")));
+}
+
+TEST_F(Base64Command, NothingSelectedIsNothingDone) {
+  EXPECT_THAT(Run(true), IsEmpty());
+  EXPECT_THAT(Run(false), IsEmpty());
+}
+
+TEST_F(Base64Command, OneFileAnswersWhetherItWasGoneAbout) {
+  const WString path = files_.Add(W("a.txt"), "foo");
+  EXPECT_TRUE(ConvertFileBase64(Host(), path, true));
+  EXPECT_FALSE(ConvertFileBase64(Host(), Scratch().Path(W("gone.txt")), true));
+  files_.Add(W("a.b64"), "old");
+  {
+    BoxAnswers boxes{IDNO};
+    EXPECT_FALSE(ConvertFileBase64(Host(), path, true));
+  }
+  Host().recorder.Refuse("GetService");
+  EXPECT_FALSE(ConvertFileBase64(Host(), path, true));
+  EXPECT_EQ(Scratch().Read(W("a.b64")), "old");
+  ExpectAllGivenBack(Host());
+}
+
+TEST_F(Base64Command, AFailureOfTheWorkItselfStillCountsAsDoneWhichIsMeant) {
+  const WString path = files_.Add(W("a.b64"), "foo");
+  BoxAnswers boxes{IDYES};
+  EXPECT_TRUE(ConvertFileBase64(Host(), path, true));
+}
+
+TEST(Base64CommandRefusals, EveryRefusalEndsQuietly) {
+  const ScratchFolder scratch;
+  ExpectEveryRefusalEndsQuietly(
+      [&](FakeHost& host) {
+        scratch.Write(W("a.txt"), "foo");
+        scratch.Write(W("a.b64"), "old");
+        for (const WString name : {W("a.txt"), W("a.b64")}) {
+          host.fileOperation.items.push_back(host.AddFileIn(scratch.Path() + W("\\"), name));
+        }
+        host.selection = {host.fileOperation.items[0]};
+      },
+      [](FakeHost& host) {
+        BoxAnswers boxes{IDYES};
+        ConvertBase64Command(host, true);
+      });
+}

@@ -1,0 +1,15 @@
+// The style of the question before text files are converted; a real box does not tell it.
+#include <gmock/gmock.h>
+
+#include "filetools/text_conversion.h"
+#include "support/box_answers.h"
+#include "support/real_files.h"
+
+TEST(ConvertTextQuestion, IsYesAndNoWithAQuestionMark) {
+  RealFiles files;
+  files.Select(W("a"), "x");
+  BoxAnswers boxes{IDNO};
+  ConvertTextCommand(files.host, 30101);
+  ASSERT_THAT(boxes.Boxes(), testing::SizeIs(1));
+  EXPECT_EQ(boxes.Boxes()[0].style, 36u);
+}

@@ -1,0 +1,163 @@
+// Commands 30101, 30102, 30103 and 30110 over the selection.
+#include <gmock/gmock.h>
+
+#include "filetools/text_conversion.h"
+#include "support/box_answers.h"
+#include "support/real_files.h"
+#include "support/refusals.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+constexpr const char* kBefore = "a\tb\r\nc\n";
+
+class ConvertText : public testing::Test {
+ protected:
+  FakeHost& Host() { return files_.host; }
+
+  std::vector<ShownBox> Run(Velmora::SDK::s32 number, std::initializer_list<int> buttons) {
+    BoxAnswers boxes(buttons);
+    ConvertTextCommand(Host(), number);
+    EXPECT_EQ(boxes.Unused(), 0);
+    EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
+    EXPECT_EQ(Host().unexpectedQuestions, 0);
+    ExpectAllGivenBack(Host());
+    return boxes.Boxes();
+  }
+
+  RealFiles files_;
+};
+
+// What 30110 leaves of a file when AskChoice gives this text.
+std::string TabsAfter(const ChoiceAnswer& answer) {
+  RealFiles files;
+  files.Select(W("a"), kBefore);
+  files.host.choiceAnswers = {answer};
+  BoxAnswers boxes{IDYES};
+  ConvertTextCommand(files.host, 30110);
+  EXPECT_EQ(files.host.choices.size(), 1u);
+  ExpectAllGivenBack(files.host);
+  return files.scratch.Read(W("a"));
+}
+
+}  // namespace
+
+TEST_F(ConvertText, ConvertsEachSelectedFileAfterYes) {
+  const std::pair<int, const char*> kExpected[] = {
+      {30101, "a\tb\nc\n"}, {30102, "a\tb\r\nc\r\n"}, {30103, "a\tb\rc\r"}};
+  for (const auto& [number, expected] : kExpected) {
+    RealFiles files;
+    files.Select(W("1"), kBefore);
+    files.Select(W("2"), kBefore);
+    files.Add(W("3"), kBefore);
+    BoxAnswers boxes{IDYES};
+    ConvertTextCommand(files.host, number);
+    EXPECT_THAT(boxes.Boxes(), SizeIs(1));
+    EXPECT_EQ(files.scratch.Read(W("1")), expected);
+    EXPECT_EQ(files.scratch.Read(W("2")), expected);
+    EXPECT_EQ(files.scratch.Read(W("3")), kBefore) << "it is not selected";
+    EXPECT_THAT(files.host.choices, IsEmpty());
+    ExpectAllGivenBack(files.host);
+  }
+}
+
+TEST_F(ConvertText, AsksWithTheNumberOfItems) {
+  Host().texts[0x000E0063] = W("Convert");
+  Host().texts[0x000F0063] = W("%d files?");
+  files_.Select(W("1"), kBefore);
+  files_.Select(W("2"), kBefore);
+  const std::vector<ShownBox> boxes = Run(30101, {IDNO});
+  ASSERT_THAT(boxes, SizeIs(1));
+  EXPECT_EQ(boxes[0].title, W("Convert"));
+  EXPECT_EQ(boxes[0].text, W("2 files?"));
+  EXPECT_EQ(boxes[0].buttons, (std::vector<int>{IDYES, IDNO}));
+  EXPECT_TRUE(boxes[0].hasIcon);
+  EXPECT_EQ(files_.scratch.Read(W("1")), kBefore);
+}
+
+TEST_F(ConvertText, NoEndsTheCommandBeforeTheWidthIsAsked) {
+  files_.Select(W("1"), kBefore);
+  Run(30110, {IDNO});
+  EXPECT_THAT(Host().choices, IsEmpty());
+  EXPECT_EQ(files_.scratch.Read(W("1")), kBefore);
+}
+
+TEST_F(ConvertText, NothingSelectedAsksNothing) {
+  for (const int number : {30101, 30102, 30103, 30110}) EXPECT_THAT(Run(number, {}), IsEmpty());
+}
+
+TEST_F(ConvertText, TheWidthIsChosenFromEightRowsOpenOnTheFourth) {
+  Host().texts[0x00110063] = W("Tabs");
+  Host().texts[0x00100063] = W("Width:");
+  Host().choiceAnswers = {{true, W("8")}};
+  files_.Select(W("1"), kBefore);
+  Run(30110, {IDYES});
+  ASSERT_THAT(Host().choices, SizeIs(1));
+  const AskedChoice& asked = Host().choices[0];
+  EXPECT_EQ(asked.caption, W("Tabs"));
+  EXPECT_EQ(asked.prompt, W("Width:"));
+  EXPECT_THAT(asked.rows, ElementsAre(W("1"), W("2"), W("3"), W("4"), W("5"), W("6"), W("7"), W("8")));
+  EXPECT_EQ(asked.selected, 3);
+  EXPECT_TRUE(asked.isRestZero);
+  EXPECT_EQ(files_.scratch.Read(W("1")), "a        b\r\nc\n");
+}
+
+TEST_F(ConvertText, CaptionAndPromptAreCutAtTheirFields) {
+  Host().texts[0x00110063] = WString(100, W('c'));
+  Host().texts[0x00100063] = WString(300, W('p'));
+  Host().choiceAnswers = {{false, W("")}};
+  files_.Select(W("1"), kBefore);
+  Run(30110, {IDYES});
+  ASSERT_THAT(Host().choices, SizeIs(1));
+  // With a terminator or without: both are at most what the field holds.
+  EXPECT_THAT(Host().choices[0].caption.size(), testing::AnyOf(63u, 64u));
+  EXPECT_THAT(Host().choices[0].prompt.size(), testing::AnyOf(255u, 256u));
+  EXPECT_TRUE(Host().choices[0].isRestZero);
+}
+
+TEST_F(ConvertText, CancelOfTheChoiceEndsTheCommand) { EXPECT_EQ(TabsAfter({false, W("2")}), kBefore); }
+
+TEST_F(ConvertText, AWidthOf21OrMoreEndsTheCommand) {
+  EXPECT_EQ(TabsAfter({true, W("21")}), kBefore);
+  EXPECT_EQ(TabsAfter({true, W("4294967298")}), kBefore);
+  EXPECT_EQ(TabsAfter({true, W("99999999999999999999999")}), kBefore);
+  EXPECT_EQ(TabsAfter({true, W("20")}), "a" + std::string(20, ' ') + "b\r\nc\n");
+}
+
+TEST_F(ConvertText, AChoiceThatIsNoNumberIsTheWidth0AndDropsTheTabsWhichIsMeant) {
+  for (const WString& text : {WString(W("")), WString(W("x")), WString(W("0")), WString(256, W('x'))}) {
+    EXPECT_EQ(TabsAfter({true, text}), "ab\r\nc\n") << ToUtf8(text);
+  }
+}
+
+TEST_F(ConvertText, ANegativeWidthMakesNoEndlessFile) {
+  EXPECT_THAT(TabsAfter({true, W("-1")}), testing::AnyOf(kBefore, "ab\r\nc\n"));
+}
+
+TEST_F(ConvertText, AFileThatFailsDoesNotEndTheRun) {
+  const WString readOnly = files_.Select(W("1"), kBefore);
+  Host().selection.push_back(Host().AddFileIn(files_.scratch.Path() + W("\\"), W("gone")));
+  files_.Select(W("3"), kBefore);
+  ASSERT_TRUE(SetFileAttributesW(readOnly.c_str(), FILE_ATTRIBUTE_READONLY));
+  Run(30101, {IDYES});
+  EXPECT_EQ(files_.scratch.Read(W("1")), kBefore);
+  EXPECT_EQ(files_.scratch.Read(W("3")), "a\tb\nc\n");
+}
+
+TEST(ConvertTextRefusals, EveryRefusalEndsQuietly) {
+  const ScratchFolder scratch;
+  ExpectEveryRefusalEndsQuietly(
+      [&](FakeHost& host) {
+        scratch.Write(W("a"), kBefore);
+        host.fileOperation.items.push_back(host.AddFileIn(scratch.Path() + W("\\"), W("a")));
+        host.selection = host.fileOperation.items;
+        host.choiceAnswers = {{true, W("4")}};
+      },
+      [](FakeHost& host) {
+        BoxAnswers boxes{IDYES};
+        ConvertTextCommand(host, 30110);
+      });
+}
