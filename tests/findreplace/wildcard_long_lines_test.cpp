@@ -41,7 +41,7 @@ class WildcardLongLinesTest : public testing::Test {
     return matches;
   }
 
-  const LineMatches none;
+  const LineMatches none = {};
   const std::string as = std::string(kLength, 'a');
   const std::string xs = std::string(kLength, 'x');
 };
