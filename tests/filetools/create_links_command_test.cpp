@@ -119,6 +119,14 @@ TEST_F(CreateLinksCommand, WithoutItemsItEndsInSilence) {
   EXPECT_THAT(host_.recorder.CallsOf({"GetTargetPanelPath", "config.", "MessageBox", "Log"}), IsEmpty());
 }
 
+TEST_F(CreateLinksCommand, ListOfARefusedRequestIsNotLookedAt) {
+  Select({W("a.txt")});
+  host_.refusedRequest = 21215;
+  host_.fillsRefusedLists = true;
+  RunWithoutADialog();
+  EXPECT_THAT(host_.recorder.CallsOf({"item ", "GetTargetPanelPath", "MessageBox", "Log"}), IsEmpty());
+}
+
 TEST_F(CreateLinksCommand, WithoutAnotherPanelItEndsInSilence) {
   Select({W("a.txt")});
   host_.targetPanel.clear();
