@@ -63,7 +63,7 @@ class MemoryDataWriter final : public DataWriter {
   std::unique_ptr<CharT[]> buffer;
   unsigned char* bufferEnd;
   unsigned char* writePosition;
-  std::uint32_t lineCount = 0;  // line endings written, empty ones too
+  std::uint32_t lineCount = 0;  // calls of WriteLineEnding, those without an ending too
   std::uint32_t column = 0;     // set to 0 by each of them
 };
 

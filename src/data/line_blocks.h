@@ -65,6 +65,7 @@ class LineBlockReader {
   template <typename OnLine>
   void ReadAll(OnLine&& onLine) {
     std::uint32_t carry = 0;
+    if (blockSize_ == 0 && remaining_ != 0) throw std::bad_alloc();
     NewBlock();
     while (remaining_ != 0) {
       const std::uint32_t filled = Fill(carry);
@@ -83,28 +84,28 @@ class LineBlockReader {
   char* Block() const { return blocks_.back().get(); }
 
   void NewBlock() {
-    blocks_.push_back(std::make_unique_for_overwrite<char[]>(blockSize_ + kBlockGuard));
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(std::size_t{blockSize_} + kBlockGuard));
     if (remaining_ == 0) ClearFrom(0);
   }
 
   void ClearFrom(std::uint32_t offset) {
-    std::memset(Block() + offset, 0, blockSize_ + kBlockGuard - offset);
+    std::memset(Block() + offset, 0, std::size_t{blockSize_} + kBlockGuard - offset);
   }
 
   // Reads behind the carried bytes and answers how many the block holds now; zeros stand behind them. A file
   // that ends before its size has been cut meanwhile: what is left of it must not be taken for the whole.
   std::uint32_t Fill(std::uint32_t carry) {
     std::uint32_t filled = carry;
-    do {
+    // A reader may stop before it has given what was asked for.
+    while (remaining_ != 0 && filled < blockSize_) {
       std::uint32_t got = 0;
-      // A reader may stop in the middle of a 16-bit unit; the rest of the unit is asked for.
-      const std::uint32_t toRead = filled == carry ? blockSize_ - carry : 1;
+      const std::uint32_t toRead = blockSize_ - filled;
       reader_.Read(Block() + filled, toRead, &got);
       got = std::min(got, toRead);
       if (got == 0) throw WQDataReaderException(ERROR_HANDLE_EOF, "Failed to read file");
       remaining_ -= std::min<std::uint64_t>(got, remaining_);
       filled += got;
-    } while (remaining_ != 0 && filled % sizeof(CharT) != 0);
+    }
     if (oddByte_ == OddByte::kApart && filled % sizeof(CharT) != 0) byteApart_ = Block()[--filled];
     ClearFrom(filled);
     return filled;
@@ -168,7 +169,9 @@ void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress)
   const std::uint64_t count = records.size();
   const double meanLine =
       static_cast<double>(progress.done + 1) / static_cast<double>(std::max<std::uint64_t>(count, 1));
-  const auto foretold = static_cast<std::uint64_t>(static_cast<double>(progress.left) / meanLine * kMargin);
+  constexpr double kMost = 1e18;
+  const auto foretold =
+      static_cast<std::uint64_t>(std::min(static_cast<double>(progress.left) / meanLine * kMargin, kMost));
   const std::uint64_t least = count / 8 + 16;
   const std::uint64_t wanted = std::max(std::min(foretold, count * kLargestStep), least);
   try {

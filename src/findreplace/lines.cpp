@@ -4,6 +4,9 @@
 
 namespace QXFindAndReplace {
 
+static_assert(static_cast<int>(LineEnding::Lf) == static_cast<int>(WQDR::LineEnd::kLf));
+static_assert(static_cast<int>(LineEnding::CrLf) == static_cast<int>(WQDR::LineEnd::kCrLf));
+
 template <typename CharT>
 std::shared_ptr<Lines> Lines::Load(WQDR::DataReader& reader) {
   auto lines = std::make_shared<Lines>();

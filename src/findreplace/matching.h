@@ -16,6 +16,11 @@ struct LineMatch {
   TextRange range = {};
 };
 
+// A match within one line.
+inline LineMatch MatchAt(const TextPosition& position, std::uint32_t length) {
+  return {true, {position, {position.line, position.column + length}}};
+}
+
 enum LineMatching : std::uint32_t { kMatchPlain = 1, kMatchWildcard = 2 };
 
 // Searches `text` in a line from `column` on. A length of 0 measures the text up to its terminator, but the

@@ -107,6 +107,7 @@ class TextDocumentT {
   std::deque<TextLine> insertedLines;
   TextArena insertedTexts;
   std::vector<RegexCacheEntry<CharT>> regexCache;  // compiled patterns, in order of creation
+  std::basic_string<CharT> judgedList;  // the longest text of a list that was found to be a pattern
 
   // The lines that stand in one block, whose text a search may go over in one stretch.
   struct BlockSpan {

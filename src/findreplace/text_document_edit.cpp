@@ -2,6 +2,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "findreplace/document_errors.h"
 #include "findreplace/text_document.h"
 
 namespace QXFindAndReplace {
@@ -9,10 +10,6 @@ namespace QXFindAndReplace {
 namespace {
 
 [[noreturn]] void ThrowSubscript() { throw std::out_of_range("invalid vector<T> subscript"); }
-
-[[noreturn]] void ThrowNoPart() {
-  throw WQDR::WQDataReaderException(ERROR_INVALID_PARAMETER, "Text part not found");
-}
 
 TextPart& LastPart(TextPart* part) {
   while (part->next) part = part->next;

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/text.h"
 
@@ -27,6 +28,13 @@ template <typename CharT>
 constexpr CharT OtherCase(CharT c) {
   if (c >= 'a' && c <= 'z') return static_cast<CharT>(c - 'a' + 'A');
   return c >= 'A' && c <= 'Z' ? static_cast<CharT>(c - 'A' + 'a') : c;
+}
+
+// Where the first CR or LF of a text stands; npos if it has none.
+template <typename CharT>
+std::size_t FindLineEndIn(std::basic_string_view<CharT> text) {
+  static constexpr CharT kLineEnds[] = {'\r', '\n', 0};
+  return text.find_first_of(kLineEnds);
 }
 
 template <typename CharT>
