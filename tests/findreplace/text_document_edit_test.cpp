@@ -48,6 +48,23 @@ TYPED_TEST_SUITE(TextDocumentEdit, BothWidths);
 
 // --- within a line
 
+TYPED_TEST(TextDocumentEdit, TextBehindWhichALineWasInsertedTakesNoNewTextAsIsMeant) {
+  this->Load("abc\n");
+  // An empty stretch gives way to an empty text and a line: what stands before it is followed by that line.
+  this->ReplaceRange({{0, 1}, {0, 1}}, "\ny");
+  EXPECT_EQ(this->Text(), "a\nybc\n");
+  EXPECT_TRUE(this->ReplaceInLine(0, 0, 1, "Z"));
+  EXPECT_EQ(this->Text(), "\nybc\n");
+}
+
+TYPED_TEST(TextDocumentEdit, StretchThatEndsBeforeItBeginsStaysOnlyWhereItsLengthIsTheText) {
+  // The length is compared with the start less the end: this is meant.
+  this->Load("abcd\n");
+  EXPECT_TRUE(this->ReplaceInLine(0, 3, 1, "xy"));
+  EXPECT_EQ(this->Text(), "abcd\n");
+  EXPECT_EQ(this->ErrorOf(0, 3, 1, "x"), kPartNotFound);
+}
+
 TYPED_TEST(TextDocumentEdit, StretchAtEachPlaceIsReplaced) {
   struct Case {
     std::uint32_t start, end;
