@@ -26,32 +26,12 @@ constexpr Platform::ChoiceWord kModeWords[] = {
     {ModeMultiline, W("Multiline")},
 };
 
-using IsEnabled = bool (*)(const Form& form);
-
-// A field that takes values while it is enabled, and is followed by what the dialog does then.
-Platform::FormField Followed(Form& form, Platform::FormField field, IsEnabled isEnabled) {
-  const auto set = [&form, isEnabled, setField = field.set](const WString& text) {
-    if (!isEnabled(form)) return false;
-    const Form before = form;
-    if (!setField(text)) return false;
-    FollowChanges(form, before);
-    return true;
-  };
-  return {field.name, field.get, set};
-}
-
-bool Always(const Form&) { return true; }
-bool Never(const Form&) { return false; }
 bool WhileNew(const Form& form) { return form.targetNameEnabled; }
 
 std::vector<Platform::FormField> FieldsOf(Form& form) {
   using namespace Platform;
-  struct Row {
-    FormField field;
-    IsEnabled isEnabled;
-  };
   // clang-format off
-  const Row rows[] = {
+  const RuledField<Form> rows[] = {
     {ChoiceField("saveMode", form.saveMode, kSaveModeWords), Always},
     {TextField("targetName", form.targetName), WhileNew},
     {TextField("find", form.find), Always},
@@ -65,9 +45,7 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
     {FlagField("replaceAll", form.replaceAll), Never},
   };
   // clang-format on
-  std::vector<FormField> fields;
-  for (const Row& row : rows) fields.push_back(Followed(form, row.field, row.isEnabled));
-  return fields;
+  return FollowedFields<Form>(form, rows, FollowChanges);
 }
 
 }  // namespace

@@ -45,36 +45,16 @@ Platform::FormField LimitedField(const char* name, WString& member, std::size_t 
                              [characters](const WString& text) { return text.size() <= characters; });
 }
 
-using IsEnabled = bool (*)(const Form& form);
-
-// A field that takes values while it is enabled, and is followed by what the dialog does then.
-Platform::FormField Followed(Form& form, Platform::FormField field, IsEnabled isEnabled) {
-  const auto set = [&form, isEnabled, setField = field.set](const WString& text) {
-    if (!isEnabled(form)) return false;
-    const Form before = form;
-    if (!setField(text)) return false;
-    FollowChanges(form, before);
-    return true;
-  };
-  return {field.name, field.get, set};
-}
-
 template <bool SortLinesEnabled::*Member>
 bool While(const Form& form) {
   return form.enabled.*Member;
 }
-bool Always(const Form&) { return true; }
-bool Never(const Form&) { return false; }
 
 std::vector<Platform::FormField> FieldsOf(Form& form) {
   using namespace Platform;
   using Enabled = SortLinesEnabled;
-  struct Row {
-    FormField field;
-    IsEnabled isEnabled;
-  };
   // clang-format off
-  const Row rows[] = {
+  const RuledField<Form> rows[] = {
     {ChoiceField("saveAs", form.saveAs, kSaveAsWords), Always},
     {LimitedField("targetName", form.targetName, Form::kMostNameChars), While<&Enabled::targetName>},
     {NumberField("keepLinesTop", form.keepLinesTop, Form::kMostNumberDigits), Always},
@@ -97,9 +77,7 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
     {FlagField("removeBlank", form.removeBlank), Always},
   };
   // clang-format on
-  std::vector<FormField> fields;
-  for (const Row& row : rows) fields.push_back(Followed(form, row.field, row.isEnabled));
-  return fields;
+  return FollowedFields<Form>(form, rows, FollowChanges);
 }
 
 }  // namespace

@@ -59,4 +59,38 @@ inline FormField ChoiceField(const char* name, int& member, std::span<const Choi
   return {name, get, set};
 }
 
+// A field that takes values while it is enabled, as its control in the window would.
+template <typename Form>
+struct RuledField {
+  FormField field;
+  bool (*isEnabled)(const Form& form);
+};
+template <typename Form>
+bool Always(const Form&) {
+  return true;
+}
+template <typename Form>
+bool Never(const Form&) {
+  return false;
+}
+
+// The fields of a form, each followed by what the dialog does when it has changed: `follow(form, before)`.
+template <typename Form>
+std::vector<FormField> FollowedFields(Form& form, std::span<const RuledField<Form>> rows,
+                                      void (*follow)(Form& form, const Form& before)) {
+  std::vector<FormField> fields;
+  for (const RuledField<Form>& row : rows) {
+    const auto set = [&form, follow, isEnabled = row.isEnabled,
+                      setField = row.field.set](const WString& text) {
+      if (!isEnabled(form)) return false;
+      const Form before = form;
+      if (!setField(text)) return false;
+      follow(form, before);
+      return true;
+    };
+    fields.push_back({row.field.name, row.field.get, set});
+  }
+  return fields;
+}
+
 }  // namespace Platform
