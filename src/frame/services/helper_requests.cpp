@@ -27,12 +27,15 @@ std::optional<u32> SendToHelper(IHostApp& host, s32 code,
   writer.reset(channel->CreateWriter());
   if (!writer) return std::nullopt;
   write(*writer);
-  return channel->Send(code, writer->GetData(), writer->GetSize());
+  const void* const data = writer->GetData();
+  return channel->Send(code, data, writer->GetSize());
 }
 
 HelperPayload::HelperPayload(IHostHelperMessage& message)
     : reader_(message.CreateReader()), isComplete_(reader_ != nullptr) {
-  if (reader_) reader_->Attach(message.GetData(), message.GetSize());
+  if (!reader_) return;
+  const void* const data = message.GetData();
+  reader_->Attach(data, message.GetSize());
 }
 
 HelperPayload::~HelperPayload() {
