@@ -61,6 +61,7 @@ before separator. Switches are 0 or 1.
          reverse; removeBlank
   30151  find; replace; findMode: One, Many, ManySame or Multiline; saveMode: new, keep-backup or delete-backup;
          targetName; wildcard; ignoreCase; forceUtf8; silent
+  30350  linkKind: hard, junction, symbolic or shortcut; linkName; targetName
 A dialog that comes later is filled by its name. The one that asks about a match, of 30151 and FindAndReplace, is
 ConfirmReplaceDlg with the field result: replace, all, next or cancel. --answer ok alone is replace. Where a field
 comes again, it is for the next dialog of that name.
