@@ -12,7 +12,7 @@ using namespace Velmora::SDK;
 namespace {
 
 constexpr u32 kPathChars = 4096;
-using PathBuffer = std::array<WCHAR, kPathChars>;
+using PathBuffer = std::array<WCHAR, kPathChars + 1>;  // a zero stands behind what a host fills whole
 
 constexpr const WCHAR* kSection = W("CreateLink");
 constexpr const WCHAR* kLastKindKey = W("LastLinkValue");

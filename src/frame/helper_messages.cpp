@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <utility>
 
 #include "filetools/links.h"
 #include "frame/services/helper_requests.h"
@@ -15,15 +17,29 @@ struct MessageRow {
   void (*handle)(IHostApp* host, IHostHelperMessage& message);
 };
 
-// A message that ends too early makes no link.
-void HandleCreateLink(IHostApp* host, IHostHelperMessage& message) {
+struct LinkRequest {
+  LinkKind kind;
+  WString link;
+  WString target;
+  bool isFolder;
+};
+
+// Nothing for a message that ends too early. The reader is given back before the link is made.
+std::optional<LinkRequest> ReadLinkRequest(IHostHelperMessage& message) {
   HelperPayload payload(message);
-  const auto kind = static_cast<LinkKind>(payload.ReadU32());
-  const WString link = payload.ReadString();
-  const WString target = payload.ReadString();
-  const bool isFolder = payload.ReadU32() != 0;
+  LinkRequest request;
+  request.kind = static_cast<LinkKind>(payload.ReadU32());
+  request.link = payload.ReadString();
+  request.target = payload.ReadString();
+  request.isFolder = payload.ReadU32() != 0;
+  return payload.IsComplete() ? std::optional(std::move(request)) : std::nullopt;
+}
+
+void HandleCreateLink(IHostApp* host, IHostHelperMessage& message) {
+  const std::optional<LinkRequest> request = ReadLinkRequest(message);
   const DWORD error =
-      payload.IsComplete() ? CreateLinkOfKind(host, kind, link, target, isFolder) : ERROR_INVALID_DATA;
+      request ? CreateLinkOfKind(host, request->kind, request->link, request->target, request->isFolder)
+              : ERROR_INVALID_DATA;
   message.SetReply(error == ERROR_SUCCESS ? 1 : 0, error, 0, 0);
 }
 

@@ -65,7 +65,7 @@ TEST_F(CreateLinkMessage, IsReadInItsOrderAndAnswered) {
   EXPECT_THAT(message.recorder.Calls(),
               ElementsAre("CreateReader()", "GetData()", "GetSize()", "reader.Attach(the payload)",
                           "reader.ReadU32()", "reader.ReadString()", "reader.ReadString()",
-                          "reader.ReadU32()", "SetReply(1, 0, 0, 0)", "reader.Release()"));
+                          "reader.ReadU32()", "reader.Release()", "SetReply(1, 0, 0, 0)"));
   EXPECT_EQ(scratch_.Read(W("link")), "abc");
 }
 
