@@ -14,6 +14,12 @@ namespace {
 
 constexpr const WCHAR* kEncodedExtension = W(".b64");
 
+// SplitPath cuts the folder of a deep path short.
+PathParts SplitWhole(const WString& path) {
+  const std::size_t name = path.rfind(W('\\')) + 1;
+  return {path.substr(0, name), path.substr(name)};
+}
+
 // Where a file goes, and whether its header told.
 struct Target {
   WString path;
@@ -39,8 +45,7 @@ bool MayReplace(IHostApp& host, const WString& target, bool encode) {
 }  // namespace
 
 bool ConvertFileBase64(IHostApp& host, const WString& path, bool encode) {
-  PathParts parts;
-  SplitPath(parts, path);
+  const PathParts parts = SplitWhole(path);
   const Target target = encode ? EncodedTarget(parts) : DecodedTarget(parts, path);
 
   const HostService<IHostFileOperation> files(host, kServiceFileOperation);

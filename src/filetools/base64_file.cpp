@@ -44,6 +44,14 @@ constexpr HeaderLine kHeader[] = {
 };
 // clang-format on
 
+// A name that could lead out of the folder is none. It is looked at as text: in some code pages the byte of a
+// backslash is half of a character.
+bool IsPlainFileName(const WString& name) {
+  constexpr WStringView kForbidden(W("\\/:\0"), 4);
+  return !name.empty() && name != W(".") && name != W("..") &&
+         name.find_first_of(kForbidden) == WString::npos;
+}
+
 // A name that a line has no room for is cut; no file system has one so long.
 bool WriteHeader(FileOutput& target, const std::string& name) {
   for (const HeaderLine& line : kHeader) {
@@ -160,8 +168,9 @@ bool EncodeFileBase64(const WString& source, const WString& target) {
   EncodeBuffer buffer;
   LineBreaker lines(to);
   std::array<char, kEncodedBlock> text;
-  for (std::size_t size = EncodeBuffer::kSize; size == EncodeBuffer::kSize;) {
-    if (!buffer.Fill(from, &size)) return false;
+  bool isRead = true;
+  for (std::size_t size = EncodeBuffer::kSize; isRead && size == EncodeBuffer::kSize;) {
+    isRead = buffer.Fill(from, &size);
     for (std::size_t offset = 0; offset < size; offset += kEncodeBlock) {
       const std::size_t count = std::min(kEncodeBlock, size - offset);
       const unsigned char* const block = buffer.Block(offset);
@@ -169,7 +178,7 @@ bool EncodeFileBase64(const WString& source, const WString& target) {
       if (!lines.Add(text.data(), length)) return false;
     }
   }
-  return to.Flush();
+  return to.Flush() && isRead;
 }
 
 bool DecodeFileBase64(const WString& source, const WString& target, bool skipHeader) {
@@ -195,7 +204,8 @@ WString GetEncodedFileName(const WString& path) {
   std::array<char, kNameSearchBytes> header;
   std::size_t size = 0;
   if (!file.Open(path) || !file.Read(header.data(), header.size(), &size)) return {};
-  return WQDR::FromCodePage(CP_THREAD_ACP, FindEncodedName({header.data(), size}));
+  WString name = WQDR::FromCodePage(CP_THREAD_ACP, FindEncodedName({header.data(), size}));
+  return IsPlainFileName(name) ? name : WString();
 }
 
 std::uint32_t FindBase64Start(FileInput& file) {

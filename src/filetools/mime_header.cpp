@@ -9,20 +9,13 @@ constexpr std::string_view kNameWords = "name=\"";
 constexpr int kFirstEndLine = 4;
 constexpr int kLastEndLine = 10;
 
-// A name that could lead out of the folder is none.
-bool IsPlainFileName(std::string_view name) {
-  return !name.empty() && name != "." && name != ".." &&
-         name.find_first_of(std::string_view("\\/:\0", 4)) == name.npos;
-}
-
-std::string_view NameIn(std::string_view line) {
+std::optional<std::string_view> NameIn(std::string_view line) {
   const std::size_t words = line.find(kNameWords);
-  if (words == line.npos) return {};
+  if (words == line.npos) return std::nullopt;
   const std::string_view rest = line.substr(words + kNameWords.size());
   const std::size_t quote = rest.find('"');
-  if (quote == rest.npos) return {};
-  const std::string_view name = rest.substr(0, quote);
-  return IsPlainFileName(name) ? name : std::string_view();
+  if (quote == rest.npos) return std::nullopt;
+  return rest.substr(0, quote);
 }
 
 }  // namespace
@@ -49,8 +42,7 @@ std::string_view FindEncodedName(std::string_view header) {
   const std::optional<std::string_view> first = lines.Next();
   if (!first || first->find(kFirstWords) == first->npos) return {};
   while (const std::optional<std::string_view> line = lines.Next()) {
-    const std::string_view name = NameIn(*line);
-    if (!name.empty()) return name;
+    if (const std::optional<std::string_view> name = NameIn(*line)) return *name;
   }
   return {};
 }

@@ -23,7 +23,7 @@ class HeaderLines {
   bool isStuck_ = false;
 };
 
-// The name in the header; empty if there is none. Bytes in the thread's code page.
+// The first name in the header, whatever it is; empty if there is none. Bytes in the thread's code page.
 std::string_view FindEncodedName(std::string_view header);
 
 // The offset of the text behind the header, or 0.

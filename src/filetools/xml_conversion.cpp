@@ -15,7 +15,7 @@ constexpr u32 kEncodingChars = 100;
 bool Rewrite(IHostXmlDocument& document, const WString& path, bool format) {
   const XmlNode root = document.Load(path.c_str(), 0);
   if (!root) return true;
-  std::array<char, kEncodingChars> encoding = {};
+  std::array<char, kEncodingChars + 1> encoding = {};  // a zero stands behind what a host fills whole
   document.GetEncoding(root, encoding.data(), kEncodingChars);
   return document.Save(root, path.c_str(), format ? 1 : 0, encoding.data());
 }

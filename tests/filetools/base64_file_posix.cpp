@@ -91,6 +91,15 @@ TEST_F(Base64FileFaults, AFailedReadWhileEncodingFails) {
   }
 }
 
+TEST_F(Base64FileFaults, WhatWasReadBeforeAFailedReadIsInThePartialTarget) {
+  Faults::Fail("ReadFile", 2, ERROR_IO_DEVICE);
+  EXPECT_FALSE(Encode());
+  ExpectSourcesWhole();
+  // One read fills a buffer of twenty blocks.
+  const std::string whole = PlainBase64::Header("s") + PlainBase64::Text(bytes_.substr(0, 20 * 3072));
+  EXPECT_EQ(scratch_.Read(W("t")), whole);
+}
+
 TEST_F(Base64FileFaults, AFailedReadEndsTheDecodingAndStillCountsAsSuccessWhichIsMeant) {
   Faults::Watch("ReadFile");
   ASSERT_TRUE(Decode(false));

@@ -254,6 +254,16 @@ TEST_F(Base64File, ANameThatIsNoPlainFileNameCountsAsNone) {
   EXPECT_EQ(NameOf(".a"), W(".a"));
 }
 
+// The first name decides, also where it counts as none.
+TEST_F(Base64File, NoOtherNameIsLookedForBehindOneThatCountsAsNone) {
+  for (const char* name : {"", "..\\evil"}) {
+    EXPECT_EQ(NameIn("MIME-Version: 1.0\r\nContent-Type: x; name=\"" + std::string(name) +
+                     "\"\r\nContent-Disposition: x; filename=\"ok.txt\"\r\n\r\n"),
+              W(""))
+        << name;
+  }
+}
+
 TEST_F(Base64File, ALoneCrInTheNameSearchEndsItWithoutANameAndDoesNotHang) {
   EXPECT_EQ(NameIn("MIME-Version: 1.0\rContent-Type: x; name=\"a.txt\"\r"), W(""));
   EXPECT_EQ(NameIn("MIME-Version: 1.0\r\nX: y\r\rname=\"a.txt\"\r\n"), W(""));
