@@ -1,5 +1,3 @@
-#include <array>
-
 #include "filetools/base64_file.h"
 #include "frame/services/format_text.h"
 #include "frame/services/host_objects.h"
