@@ -6,6 +6,12 @@ target_compile_options(qx_options INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Wnon-virtual-dtor>)
 # GCC 12 sees overlaps in std::string's assignment that are not there (its bug 105651).
 target_compile_options(qx_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+# It takes a source that is compiled in a batch for a header, in which unnamed namespaces would be a mistake.
+target_compile_options(qx_options INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage>)
+# Windows' own constants and types differ in sign.
+if(WIN32)
+  target_compile_options(qx_options INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-Wno-sign-conversion>)
+endif()
 if(QX_WERROR)
   target_compile_options(qx_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Werror>)
 endif()
@@ -14,7 +20,7 @@ if(WIN32)
   enable_language(RC)
   set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -c 65001")
   # The product stands alone: the runtime, threads included, is linked in.
-  add_link_options(-static -static-libgcc -static-libstdc++)
+  add_link_options(-static)
   # 0x0601: Windows 7, the oldest system that the extensions serve.
   target_compile_definitions(qx_options INTERFACE UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601)
 endif()

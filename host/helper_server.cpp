@@ -15,7 +15,7 @@ using Velmora::SDK::IHostHelperMessage;
 using Velmora::SDK::IHostPacketReader;
 using Velmora::SDK::IPluginInterface;
 
-constexpr s32 kFileUtilsIndex = 0;
+constexpr s32 kServedExtension = 0;
 
 class HelperMessage final : public IHostHelperMessage {
  public:
@@ -39,12 +39,12 @@ class HelperMessage final : public IHostHelperMessage {
 class OwnedExtension {
  public:
   explicit OwnedExtension(const ModuleExports& exports)
-      : exports_(exports), object_(exports.create(kFileUtilsIndex)) {
+      : exports_(exports), object_(exports.create(kServedExtension)) {
     if (!object_) throw ModuleFailure("the module did not create its extension");
   }
   OwnedExtension(const OwnedExtension&) = delete;
   OwnedExtension& operator=(const OwnedExtension&) = delete;
-  ~OwnedExtension() { exports_.destroy(object_, kFileUtilsIndex); }
+  ~OwnedExtension() { exports_.destroy(object_, kServedExtension); }
 
   IPluginInterface& Get() const { return *static_cast<IPluginInterface*>(object_); }
 

@@ -11,13 +11,13 @@ namespace {
 
 constexpr const WCHAR* kShortcutExtension = W(".lnk");
 
-struct KindRow {
+struct FormKindRow {
   int kind;
   TextId description;
 };
 
 // clang-format off
-constexpr KindRow kKinds[] = {
+constexpr FormKindRow kFormKinds[] = {
   {kHardLink, kTextLinkAboutHard},
   {kJunction, kTextLinkAboutJunction},
   {kSymbolicLink, kTextLinkAboutSymbolic},
@@ -25,9 +25,9 @@ constexpr KindRow kKinds[] = {
 };
 // clang-format on
 
-const KindRow* FindKind(int kind) {
-  const auto* const row = std::ranges::find(kKinds, kind, &KindRow::kind);
-  return row != std::end(kKinds) ? row : nullptr;
+const FormKindRow* FindKind(int kind) {
+  const auto* const row = std::ranges::find(kFormKinds, kind, &FormKindRow::kind);
+  return row != std::end(kFormKinds) ? row : nullptr;
 }
 
 bool IsMixed(const CreateLinksForm& form) { return form.multiple && form.anyFolder && form.anyFile; }
@@ -39,7 +39,7 @@ bool SpansDrives(const CreateLinksForm& form) {
   return form.linkName.c_str()[0] != form.targetName.c_str()[0];
 }
 
-struct Rule {
+struct RefusalRow {
   int kind;
   bool (*applies)(const CreateLinksForm& form);
   TextId status;
@@ -47,7 +47,7 @@ struct Rule {
 
 // The first that applies says why the kind cannot be used.
 // clang-format off
-constexpr Rule kRules[] = {
+constexpr RefusalRow kRefusals[] = {
   {kHardLink,     IsMixed, kTextLinkHardMixed},
   {kJunction,     IsMixed, kTextLinkJunctionMixed},
   {kHardLink,     HasFolder, kTextLinkHardFolder},
@@ -64,10 +64,10 @@ void ApplyRules(CreateLinksForm& form) {
   } else if (!form.targetName.empty()) {
     form.targetEnabled = form.linkKind == kSymbolicLink;
   }
-  const auto* const rule = std::ranges::find_if(kRules, [&form](const Rule& candidate) {
+  const auto* const rule = std::ranges::find_if(kRefusals, [&form](const RefusalRow& candidate) {
     return candidate.kind == form.linkKind && candidate.applies(form);
   });
-  form.okEnabled = rule == std::end(kRules);
+  form.okEnabled = rule == std::end(kRefusals);
   form.status = form.okEnabled ? 0 : rule->status;
 }
 
@@ -105,7 +105,7 @@ void StartForm(CreateLinksForm& form) {
 }
 
 void FollowKind(CreateLinksForm& form) {
-  const KindRow* const row = FindKind(form.linkKind);
+  const FormKindRow* const row = FindKind(form.linkKind);
   form.description = row ? row->description : 0;
   ApplyRules(form);
   ShowShortcutName(form);

@@ -16,7 +16,7 @@ using namespace Velmora::SDK;
 
 namespace {
 
-struct KindRow {
+struct LinkKindRow {
   LinkKind kind;
   DWORD (*create)(const WString& link, const WString& target, bool isFolder);
   const WCHAR* logWord;
@@ -54,7 +54,7 @@ DWORD CreateShortcutTo(const WString& link, const WString& target, bool isFolder
 constexpr const WCHAR* kUnknownWord = W("Unknown");
 
 // clang-format off
-constexpr KindRow kKinds[] = {
+constexpr LinkKindRow kLinkKinds[] = {
   {kHardLink,     CreateHardLinkTo,     W("Hardlink")},
   {kJunction,     CreateJunctionTo,     W("Junction")},
   {kSymbolicLink, CreateSymbolicLinkTo, W("Symlink")},
@@ -62,13 +62,13 @@ constexpr KindRow kKinds[] = {
 };
 // clang-format on
 
-const KindRow* FindKind(LinkKind kind) {
-  const auto* const row = std::ranges::find(kKinds, kind, &KindRow::kind);
-  return row == std::end(kKinds) ? nullptr : row;
+const LinkKindRow* FindKind(LinkKind kind) {
+  const auto* const row = std::ranges::find(kLinkKinds, kind, &LinkKindRow::kind);
+  return row == std::end(kLinkKinds) ? nullptr : row;
 }
 
 void LogOutcome(IHostApp& host, LinkKind kind, const WString& link, const WString& target, DWORD error) {
-  const KindRow* const row = FindKind(kind);
+  const LinkKindRow* const row = FindKind(kind);
   const WCHAR* const word = row ? row->logWord : kUnknownWord;
   if (error == ERROR_SUCCESS) {
     host.LogMessage(1, kLogInformation, W("Link Created (%s) Link : \"%s\" Link Target : \"%s\""), word,
@@ -86,7 +86,7 @@ bool IsRefusal(DWORD error) { return error == ERROR_ACCESS_DENIED || error == ER
 
 DWORD CreateLinkOfKind(IHostApp* host, LinkKind kind, const WString& link, const WString& target,
                        bool isFolder) {
-  const KindRow* const row = FindKind(kind);
+  const LinkKindRow* const row = FindKind(kind);
   const DWORD error = row ? row->create(link, target, isFolder) : ERROR_INVALID_DATA;
   if (host) LogOutcome(*host, kind, link, target, error);
   return error;

@@ -10,11 +10,11 @@ using namespace Velmora::SDK;
 
 namespace {
 
-constexpr u32 kNameChars = 1024;
+constexpr u32 kMaxNewBase = 1024;
 
-WString NameOf(IHostFileItem& item) {
-  std::array<WCHAR, kNameChars> buffer = {};
-  return WString(ViewOf(item.GetName(buffer.data(), kNameChars)));
+WString NameOfItem(IHostFileItem& item) {
+  std::array<WCHAR, kMaxNewBase> buffer = {};
+  return WString(ViewOf(item.GetName(buffer.data(), kMaxNewBase)));
 }
 
 WString BaseOf(const WString& name) { return name.substr(0, name.rfind(W('.'))); }
@@ -29,10 +29,10 @@ std::optional<FileItemEntries> FilesOfFocusedBase(IHostApp& host, IHostFileList&
   FileItemEntries entries;
   IHostFileItem* const focused = list.GetCount() > 0 ? list.GetItem(0) : nullptr;
   if (!focused) return entries;
-  const WString focusedBase = BaseOf(NameOf(*focused));
+  const WString focusedBase = BaseOf(NameOfItem(*focused));
   AppendEntries(entries, list, 1);
   std::erase_if(entries, [&focusedBase](const FileItemEntry& entry) {
-    return entry.item->IsFolder() || BaseOf(NameOf(*entry.item)) != focusedBase;
+    return entry.item->IsFolder() || BaseOf(NameOfItem(*entry.item)) != focusedBase;
   });
   return entries;
 }
@@ -47,14 +47,14 @@ void RenameSameBaseCommand(IHostApp& host) {
   if (!entries) return;
 
   // The box is shown even where no file was found, and the batch then runs empty: this is meant.
-  std::array<WCHAR, kNameChars> buffer = {};
+  std::array<WCHAR, kMaxNewBase> buffer = {};
   const WString title(ViewOf(host.GetLanguageString(kTextSameBaseTitle)));
   const WString prompt(ViewOf(host.GetLanguageString(kTextSameBasePrompt)));
-  if (host.AskTextSimple(title.c_str(), prompt.c_str(), 0, 0, buffer.data(), kNameChars) == 0) return;
+  if (host.AskTextSimple(title.c_str(), prompt.c_str(), 0, 0, buffer.data(), kMaxNewBase) == 0) return;
 
   const WString newBase = buffer.data();
   for (FileItemEntry& entry : *entries) {
-    const WString name = NameOf(*entry.item);
+    const WString name = NameOfItem(*entry.item);
     const std::size_t dot = name.rfind(W('.'));
     // A name without a dot gets no new name; the host refuses it without harm.
     if (dot != WString::npos) entry.newName = newBase + name.substr(dot);

@@ -10,7 +10,7 @@ using namespace Velmora::SDK;
 namespace {
 
 constexpr u32 kAnswerChars = 1024;
-constexpr u32 kNameChars = 4096;
+constexpr u32 kMaxBaseName = 4096;
 
 using Answer = std::array<WCHAR, kAnswerChars>;
 
@@ -22,10 +22,10 @@ void GetDefaultExtension(IHostApp& host, Answer& answer) {
 
 bool SetExtension(FileItemEntry& entry, const WString& extension) {
   if (entry.item->IsFolder()) return false;
-  std::array<WCHAR, kNameChars> buffer = {};
-  entry.item->GetBaseName(buffer.data(), kNameChars);
+  std::array<WCHAR, kMaxBaseName> buffer = {};
+  entry.item->GetBaseName(buffer.data(), kMaxBaseName);
   entry.newName = buffer.data() + (W('.') + extension);
-  return entry.newName != ViewOf(entry.item->GetName(buffer.data(), kNameChars));
+  return entry.newName != ViewOf(entry.item->GetName(buffer.data(), kMaxBaseName));
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ constexpr ScriptParameter kFindAndReplaceParameters[] = {
   {"SILENT", kScriptSwitch, 0x00520063},
 };
 
-constexpr ScriptCommand kCommands[] = {
+constexpr ScriptCommand kScriptCommands[] = {
   {"CreateLink", 30351, 0x00320063, kCreateLinkParameters},
   {"SortLines", 30352, 0x003C0063, kSortLinesParameters},
   {"FindAndReplace", 30353, 0x005A0063, kFindAndReplaceParameters},
@@ -68,12 +68,12 @@ constexpr ScriptCommand kCommands[] = {
 
 }  // namespace
 
-std::span<const ScriptCommand> ScriptCommands() { return kCommands; }
+std::span<const ScriptCommand> ScriptCommands() { return kScriptCommands; }
 
 void RegisterScriptCommands(IHostApp& host) {
   IHostCustomCommandSet* const set = host.GetCustomCommandSet(kSetName);
   if (!set || set->IsRegistered()) return;
-  for (const ScriptCommand& row : kCommands) {
+  for (const ScriptCommand& row : kScriptCommands) {
     IHostCustomCommand* const command = set->AddCommand(row.name, row.number, kCommandFlags, kCommandKind);
     if (!command) continue;
     command->SetDescription(host.GetLanguageString(row.description));

@@ -94,11 +94,11 @@ constexpr Ui::Field<Form> kFields[] = {
 };
 
 // The fields that take digits alone, see FollowChanges.
-struct NumberRow {
+struct NumberFieldRow {
   int control;
   WString Form::*number;
 };
-constexpr NumberRow kNumbers[] = {
+constexpr NumberFieldRow kNumberFields[] = {
     {QX_SORT_TOP, &Form::keepLinesTop},
     {QX_SORT_BOTTOM, &Form::keepLinesBottom},
     {QX_SORT_POSITION, &Form::startPosition},
@@ -190,7 +190,7 @@ class SortLinesDlg : public Ui::Dialog {
     Ui::UpdateText(Control(QX_SORT_NAME), form_.targetName);
     Ui::UpdateText(Control(QX_SORT_RULER), RulerText(form_));
     ShowText(QX_SORT_END_CHARACTER, form_.endCharacter);
-    for (const NumberRow& row : kNumbers) ShowText(row.control, form_.*row.number);
+    for (const NumberFieldRow& row : kNumberFields) ShowText(row.control, form_.*row.number);
   }
 
   void ShowDateCue() {

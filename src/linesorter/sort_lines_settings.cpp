@@ -17,12 +17,12 @@ constexpr std::size_t kMostTextChars = 128;
 
 constexpr std::uint32_t kDefaultOptions = SortByLine | SortAsText | SortSkipLeadingSpace;
 
-struct NumberRow {
+struct StoredNumberRow {
   const WCHAR* key;
   std::uint32_t SortLinesOptions::*number;
 };
 
-constexpr NumberRow kNumbers[] = {
+constexpr StoredNumberRow kStoredNumbers[] = {
     {W("KeepLinesTop"), &SortLinesOptions::keepLinesTop},
     {W("KeepLinesBottom"), &SortLinesOptions::keepLinesBottom},
     {W("LineOffset"), &SortLinesOptions::lineOffset},
@@ -46,7 +46,7 @@ SortLinesOptions LoadSortLinesOptions(IHostApp& host) {
   options.options = kDefaultOptions;
   IHostConfig* const config = host.GetConfig();
   if (!config) return options;
-  for (const NumberRow& row : kNumbers) {
+  for (const StoredNumberRow& row : kStoredNumbers) {
     u32 number = 0;
     if (config->GetInt(1, kSection, row.key, &number)) options.*row.number = number;
   }
@@ -60,7 +60,7 @@ SortLinesOptions LoadSortLinesOptions(IHostApp& host) {
 void StoreSortLinesOptions(IHostApp& host, const SortLinesOptions& options) {
   IHostConfig* const config = host.GetConfig();
   if (!config) return;
-  for (const NumberRow& row : kNumbers) config->SetInt(1, kSection, row.key, options.*row.number);
+  for (const StoredNumberRow& row : kStoredNumbers) config->SetInt(1, kSection, row.key, options.*row.number);
   const WCHAR match[] = {static_cast<WCHAR>(options.matchChar), WCHAR()};
   config->SetString(1, kSection, kMatchKey, match);
   config->SetString(1, kSection, kFormatKey, DateFormatText(options).c_str());

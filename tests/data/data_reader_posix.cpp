@@ -16,7 +16,7 @@ using WQDR::WQDataReaderException;
 
 namespace {
 
-Thrown OpenFailure(const WString& path) {
+Thrown FaultyOpenFailure(const WString& path) {
   return ThrownBy<WQDataReaderException>([&] { const FileDataReader reader(path); });
 }
 
@@ -28,7 +28,7 @@ TEST(FileDataReaderFaults, OpenFails) {
   for (const DWORD error : {ERROR_ACCESS_DENIED, ERROR_TOO_MANY_OPEN_FILES}) {
     const Faults::Scope faults;
     Faults::Fail("CreateFileW", 1, error);
-    EXPECT_EQ(OpenFailure(path), (Thrown{error, "Unable to open file : " + ToUtf8(path)}));
+    EXPECT_EQ(FaultyOpenFailure(path), (Thrown{error, "Unable to open file : " + ToUtf8(path)}));
   }
 }
 
@@ -38,7 +38,7 @@ TEST(FileDataReaderFaults, SizeFailsAndTheFileIsLetGo) {
   const Faults::Scope faults;
   Faults::Fail("GetFileSizeEx", 1, ERROR_IO_DEVICE);
   Faults::Watch("CloseHandle");
-  EXPECT_EQ(OpenFailure(path), (Thrown{ERROR_IO_DEVICE, "Failed to get filesize : " + ToUtf8(path)}));
+  EXPECT_EQ(FaultyOpenFailure(path), (Thrown{ERROR_IO_DEVICE, "Failed to get filesize : " + ToUtf8(path)}));
   EXPECT_EQ(Faults::CallCount("CloseHandle"), 1);
   EXPECT_EQ(FailureOf(DeleteFileW(path.c_str())), kNoFailure);
 }
@@ -50,12 +50,12 @@ TEST(FileDataReaderFaults, PathThatCannotBeConvertedLeavesTheFixedWordsAndTheErr
     const Faults::Scope faults;
     Faults::Fail("WideCharToMultiByte", nth, ERROR_NO_UNICODE_TRANSLATION, true);
     Faults::Fail("CreateFileW", 1, ERROR_ACCESS_DENIED);
-    const Thrown thrown = OpenFailure(path);
+    const Thrown thrown = FaultyOpenFailure(path);
     if (nth == 2 && Faults::CallCount("WideCharToMultiByte") < 2) break;  // one call does it
     EXPECT_EQ(thrown, (Thrown{ERROR_ACCESS_DENIED, "Unable to open file : "})) << nth;
     Faults::Fail("WideCharToMultiByte", nth, ERROR_NO_UNICODE_TRANSLATION, true);
     Faults::Fail("GetFileSizeEx", 1, ERROR_IO_DEVICE);
-    EXPECT_EQ(OpenFailure(path), (Thrown{ERROR_IO_DEVICE, "Failed to get filesize : "})) << nth;
+    EXPECT_EQ(FaultyOpenFailure(path), (Thrown{ERROR_IO_DEVICE, "Failed to get filesize : "})) << nth;
   }
 }
 
@@ -106,7 +106,7 @@ TEST(FileDataReaderFaults, OpenThatFailedLeavesNothingToClose) {
   const ScratchFolder scratch;
   const Faults::Scope faults;
   Faults::Watch("CloseHandle");
-  EXPECT_EQ(OpenFailure(scratch.Path(W("none.txt"))).errorCode, DWORD{ERROR_FILE_NOT_FOUND});
+  EXPECT_EQ(FaultyOpenFailure(scratch.Path(W("none.txt"))).errorCode, DWORD{ERROR_FILE_NOT_FOUND});
   EXPECT_EQ(Faults::CallCount("CloseHandle"), 0);
 }
 
@@ -122,9 +122,9 @@ TEST(FileDataReaderFaults, SizeBeyond32Bits) {
 // The code page of the native build is 1252.
 TEST(FileDataReaderErrors, PathWithCharactersOutsideTheCodePageIsLeftOutOfTheText) {
   const ScratchFolder scratch;
-  EXPECT_EQ(OpenFailure(scratch.Path(W("\u4E2D.txt"))),
+  EXPECT_EQ(FaultyOpenFailure(scratch.Path(W("\u4E2D.txt"))),
             (Thrown{ERROR_FILE_NOT_FOUND, "Unable to open file : "}));
   const WString inside = scratch.Path(W("\u00E9.txt"));
-  EXPECT_EQ(OpenFailure(inside).text.substr(0, 22), "Unable to open file : ");
-  EXPECT_EQ(OpenFailure(inside).text.substr(OpenFailure(inside).text.size() - 5), "\xE9.txt");
+  EXPECT_EQ(FaultyOpenFailure(inside).text.substr(0, 22), "Unable to open file : ");
+  EXPECT_EQ(FaultyOpenFailure(inside).text.substr(FaultyOpenFailure(inside).text.size() - 5), "\xE9.txt");
 }

@@ -17,7 +17,7 @@ using WQDR::WQDataReaderException;
 
 namespace {
 
-constexpr std::uint32_t kUnset = 0xDDDDDDDD;
+constexpr std::uint32_t kUnwritten = 0xDDDDDDDD;
 
 // Keeps what it is given, at most two bytes of each write.
 class TwoByteWriter final : public DataWriter {
@@ -45,7 +45,7 @@ std::string TextOf(const MemoryDataWriter<CharT>& writer) {
   return {begin, reinterpret_cast<const char*>(writer.writePosition)};
 }
 
-Thrown OpenFailure(FileDataWriter& writer, const WString& path, bool replace) {
+Thrown OpenWriterFailure(FileDataWriter& writer, const WString& path, bool replace) {
   return ThrownBy<WQDataReaderException>([&] { writer.Open(path, replace); });
 }
 
@@ -112,7 +112,7 @@ TEST(DataWriter, IsDeletedThroughItsBaseWithItsEnding) {
 TEST(MemoryDataWriter, KeepsWhatIsWrittenWithZerosBehindIt) {
   MemoryDataWriter<char> writer(6);
   WriteText(writer, "ab");
-  std::uint32_t written = kUnset;
+  std::uint32_t written = kUnwritten;
   writer.Write("\0c", 2, &written);
   EXPECT_EQ(written, 2u);
   EXPECT_EQ(TextOf(writer), std::string("ab\0c", 4));
@@ -122,7 +122,7 @@ TEST(MemoryDataWriter, KeepsWhatIsWrittenWithZerosBehindIt) {
 
 TEST(MemoryDataWriter, WriteBeyondTheRoomIsCutWithoutAnError) {
   MemoryDataWriter<char> writer(3);
-  std::uint32_t written = kUnset;
+  std::uint32_t written = kUnwritten;
   writer.Write("abcde", 5, &written);
   EXPECT_EQ(written, 3u);
   EXPECT_EQ(TextOf(writer), "abc");
@@ -136,7 +136,7 @@ TEST(MemoryDataWriter, WriteBeyondTheRoomIsCutWithoutAnError) {
 TEST(MemoryDataWriter, GreatestSizeIsCutAtTheRoomThatIsLeft) {
   MemoryDataWriter<char> writer(4);
   WriteText(writer, "a");
-  std::uint32_t written = kUnset;
+  std::uint32_t written = kUnwritten;
   writer.Write("bcd", 0xFFFFFFFF, &written);
   EXPECT_EQ(written, 3u);
   EXPECT_EQ(TextOf(writer), "abcd");
@@ -151,7 +151,7 @@ TEST(MemoryDataWriter, CountOfBytesWrittenIsOptional) {
 
 TEST(MemoryDataWriter, WriterWithoutRoomTakesNothing) {
   MemoryDataWriter<char> writer(0);
-  std::uint32_t written = kUnset;
+  std::uint32_t written = kUnwritten;
   writer.Write("ab", 2, &written);
   EXPECT_EQ(written, 0u);
   EXPECT_EQ(writer.writePosition, writer.bufferEnd);
@@ -206,7 +206,7 @@ TEST(FileDataWriter, WritesBlocksAndEndingsIntoANewFile) {
     WriteText(writer, "one");
     EXPECT_EQ(writer.WriteLineEnding(), 2u);
     EXPECT_EQ(writer.WriteBlock("", 0), 0u);
-    std::uint32_t written = kUnset;
+    std::uint32_t written = kUnwritten;
     writer.Write("\0t", 2, &written);
     EXPECT_EQ(written, 2u);
     writer.Write("wo", 2, nullptr);
@@ -227,7 +227,7 @@ TEST(FileDataWriter, OpenWithoutReplaceRefusesAnExistingFileAndLeavesItAlone) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a.txt"), "old");
   FileDataWriter writer;
-  EXPECT_EQ(OpenFailure(writer, path, false),
+  EXPECT_EQ(OpenWriterFailure(writer, path, false),
             (Thrown{ERROR_FILE_EXISTS, "Unable to open file for writing : " + ToUtf8(path)}));
   EXPECT_EQ(scratch.Read(W("a.txt")), "old");
 }
@@ -255,10 +255,10 @@ TEST(FileDataWriter, FolderThatIsNotThereAndAFolderAreRefused) {
   FileDataWriter writer;
   const WString nowhere = scratch.Path(W("none\\a.txt"));
   for (const bool replace : {false, true}) {
-    EXPECT_EQ(OpenFailure(writer, nowhere, replace),
+    EXPECT_EQ(OpenWriterFailure(writer, nowhere, replace),
               (Thrown{ERROR_PATH_NOT_FOUND, "Unable to open file for writing : " + ToUtf8(nowhere)}));
   }
-  EXPECT_EQ(OpenFailure(writer, scratch.Path(), true),
+  EXPECT_EQ(OpenWriterFailure(writer, scratch.Path(), true),
             (Thrown{ERROR_ACCESS_DENIED, "Unable to open file for writing : " + ToUtf8(scratch.Path())}));
 }
 
@@ -282,7 +282,7 @@ TEST(FileDataWriter, OpenThatFailsClosesTheFileThatWasOpenAndTellsItsOwnError) {
   FileDataWriter writer;
   writer.Open(first, false);
   WriteText(writer, "one");
-  EXPECT_EQ(OpenFailure(writer, taken, false),
+  EXPECT_EQ(OpenWriterFailure(writer, taken, false),
             (Thrown{ERROR_FILE_EXISTS, "Unable to open file for writing : " + ToUtf8(taken)}));
   EXPECT_EQ(scratch.Read(W("a.txt")), "one");
   EXPECT_EQ(FailureOf(DeleteFileW(first.c_str())), kNoFailure);

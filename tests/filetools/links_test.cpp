@@ -18,7 +18,7 @@ using testing::IsEmpty;
 namespace {
 
 // The box of an error, with the system's text for it.
-std::string LinkBox(DWORD error) {
+std::string LinkErrorBox(DWORD error) {
   return "MessageBox(\"T000B0065\", \"" + ToUtf8(GetSystemErrorText(error)) + "\", 0x00000010)";
 }
 
@@ -166,7 +166,7 @@ TEST_F(LinksTest, ALinkThatIsMadeShowsNoBox) {
 TEST_F(LinksTest, AnErrorIsShownWithTheSystemsTextAsItComes) {
   EXPECT_EQ(CreateWithRetry(0), 13u);
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Unknown", 13, link_, target_),
-                                                  "GetLanguageString(0x000B0065)", LinkBox(13)));
+                                                  "GetLanguageString(0x000B0065)", LinkErrorBox(13)));
 }
 
 // A folder has no hard links: access is denied.
@@ -192,28 +192,28 @@ TEST_F(RefusedLinksTest, TheHelpersErrorIsShown) {
   EXPECT_EQ(CreateWithRetry(1), 13u);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Hardlink", 5, link_, target_),
-                          LinkFailed("Hardlink", 13, link_, target_), LinkBox(13)));
+                          LinkFailed("Hardlink", 13, link_, target_), LinkErrorBox(13)));
 }
 
 TEST_F(RefusedLinksTest, AnElevatedProcessAsksNoHelper) {
   host_.isElevated = true;
   EXPECT_EQ(CreateWithRetry(1), 5u);
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(5)));
+              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkErrorBox(5)));
 }
 
 TEST_F(RefusedLinksTest, AnOldSystemHasNoHelper) {
   host_.isVista = false;
   EXPECT_EQ(CreateWithRetry(1), 5u);
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(5)));
+              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkErrorBox(5)));
 }
 
 TEST_F(RefusedLinksTest, AHelperThatIsNotThereLeavesOneLogLineAndABox) {
   host_.helper.exists = false;
   EXPECT_EQ(CreateWithRetry(1), 5u);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkBox(5)));
+              ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkErrorBox(5)));
 }
 
 TEST_F(RefusedLinksTest, WhateverTheHostRefusesAllIsGivenBack) {

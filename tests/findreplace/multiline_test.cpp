@@ -12,11 +12,11 @@ using testing::SizeIs;
 
 namespace {
 
-constexpr auto kReplace = ConfirmResult::Replace;
-constexpr auto kReplaceAll = ConfirmResult::ReplaceAll;
-constexpr auto kReplaceToo = ConfirmResult::ReplaceToo;
-constexpr auto kSkip = ConfirmResult::Skip;
-constexpr auto kCancel = ConfirmResult::Cancel;
+constexpr auto kAnswerReplace = ConfirmResult::Replace;
+constexpr auto kAnswerReplaceAll = ConfirmResult::ReplaceAll;
+constexpr auto kAnswerReplaceToo = ConfirmResult::ReplaceToo;
+constexpr auto kAnswerSkip = ConfirmResult::Skip;
+constexpr auto kAnswerCancel = ConfirmResult::Cancel;
 
 template <typename CharT>
 class Multiline : public AppliedModes<CharT> {
@@ -163,7 +163,7 @@ TYPED_TEST(Multiline, TextsAreSplitForEachDocumentAnew) {
 // --- questions
 
 TYPED_TEST(Multiline, EachBlockIsAskedFor) {
-  ScriptedCallback<TypeParam> callback({kReplace, kSkip, kReplaceToo});
+  ScriptedCallback<TypeParam> callback({kAnswerReplace, kAnswerSkip, kAnswerReplaceToo});
   EXPECT_EQ(this->Apply(ModeMultiline, "1a\nb2\na\nb\na\nb\n", "a\nb", "x\ny", &callback),
             "1x\ny2\na\nb\nx\ny\n");
   EXPECT_EQ(this->changes, 2u);
@@ -179,14 +179,14 @@ TYPED_TEST(Multiline, EachBlockIsAskedFor) {
 }
 
 TYPED_TEST(Multiline, SkippedBlockIsPassedToItsEnd) {
-  ScriptedCallback<TypeParam> callback({}, kSkip);
+  ScriptedCallback<TypeParam> callback({}, kAnswerSkip);
   EXPECT_EQ(this->Apply(ModeMultiline, "a\na\na\na\na\n", "a\na", "x\ny", &callback), "a\na\na\na\na\n");
   EXPECT_EQ(this->changes, 0u);
   EXPECT_THAT(callback.Ranges(), ElementsAre(RangeNumbers{0, 0, 1, 1}, RangeNumbers{2, 0, 3, 1}));
 }
 
 TYPED_TEST(Multiline, ReplaceAllAsksNoMore) {
-  ScriptedCallback<TypeParam> callback({kSkip, kReplaceAll}, kCancel);
+  ScriptedCallback<TypeParam> callback({kAnswerSkip, kAnswerReplaceAll}, kAnswerCancel);
   EXPECT_EQ(this->Apply(ModeMultiline, "a\nb\na\nb\na\nb\n", "a\nb", "x\ny", &callback),
             "a\nb\nx\ny\nx\ny\n");
   EXPECT_THAT(callback.questions, SizeIs(2));
@@ -194,7 +194,7 @@ TYPED_TEST(Multiline, ReplaceAllAsksNoMore) {
 
 // In contrast to the other modes.
 TYPED_TEST(Multiline, CancelThrowsNothingAndKeepsWhatIsDone) {
-  ScriptedCallback<TypeParam> callback({kReplace, kCancel});
+  ScriptedCallback<TypeParam> callback({kAnswerReplace, kAnswerCancel});
   EXPECT_EQ(this->Apply(ModeMultiline, "a\nb\na\nb\na\nb\n", "a\nb", "x\ny", &callback),
             "x\ny\na\nb\na\nb\n");
   EXPECT_EQ(this->changes, 1u);
@@ -208,12 +208,12 @@ TYPED_TEST(Multiline, OtherAnswersActLikeSkip) {
 }
 
 TYPED_TEST(Multiline, WithoutReplaceLinesTheQuestionComesBeforeTheFailure) {
-  ScriptedCallback<TypeParam> skip({}, kSkip);
+  ScriptedCallback<TypeParam> skip({}, kAnswerSkip);
   EXPECT_EQ(this->Apply(ModeMultiline, "a\nb\n", "a\nb", "", &skip), "a\nb\n");
   ASSERT_THAT(skip.questions, SizeIs(1));
   EXPECT_EQ(skip.questions[0].replacement, "");
   EXPECT_EQ(skip.questions[0].replacementLength, 0xFFFFFFFFu);
-  ScriptedCallback<TypeParam> replace({kReplace});
+  ScriptedCallback<TypeParam> replace({kAnswerReplace});
   EXPECT_EQ(WhatOf<std::out_of_range>([&] { this->Apply(ModeMultiline, "a\nb\n", "a\nb", "", &replace); }),
             "invalid vector<T> subscript");
 }

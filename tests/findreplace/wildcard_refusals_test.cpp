@@ -41,12 +41,12 @@ const Refusal kTooLarge = {
     std::regex_constants::error_space};
 const Refusal kAccepted;
 
-struct Case {
+struct Malformed {
   const char* text;
   const Refusal& refusal;
 };
 
-const Case kMalformed[] = {
+const Malformed kMalformed[] = {
     {"{", kNothingToRepeat},
     {"{2}", kNothingToRepeat},
     {"{}", kNothingToRepeat},
@@ -110,7 +110,7 @@ std::string Repeat(std::string_view text, int count) {
 }  // namespace
 
 TYPED_TEST(WildcardRefusalsTest, RefusesMalformedBracesInTheLibrarysWords) {
-  for (const Case& each : kMalformed) {
+  for (const Malformed& each : kMalformed) {
     EXPECT_EQ(this->Refuse(each.text).text, each.refusal.text) << each.text;
     EXPECT_EQ(this->Refuse(each.text).code, each.refusal.code) << each.text;
     EXPECT_EQ(this->RefuseInLibrary(each.text), each.refusal) << each.text;

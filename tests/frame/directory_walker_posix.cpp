@@ -16,9 +16,9 @@ using Walker = DirectoryWalker;
 namespace {
 
 // one\a, two\b, top.
-class Tree : public ScratchFolder {
+class NativeTree : public ScratchFolder {
  public:
-  Tree() {
+  NativeTree() {
     MakeFolder(W("one"));
     MakeFolder(W("two"));
     Write(W("one\\a"), "x");
@@ -30,7 +30,7 @@ class Tree : public ScratchFolder {
 }  // namespace
 
 TEST(DirectoryWalker, StartFolderWithoutAccessCountsAsEmpty) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 1, ERROR_ACCESS_DENIED);
   Walker walker;
@@ -38,7 +38,7 @@ TEST(DirectoryWalker, StartFolderWithoutAccessCountsAsEmpty) {
 }
 
 TEST(DirectoryWalker, FolderBelowWithoutAccessCountsAsEmptyAndIsLeft) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_ACCESS_DENIED);
   Walker walker;
@@ -51,7 +51,7 @@ TEST(DirectoryWalker, FolderBelowWithoutAccessCountsAsEmptyAndIsLeft) {
 }
 
 TEST(DirectoryWalker, OtherFailureOfASearchIsInvalidAndTheWalkGoesOn) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_GEN_FAILURE);
   Walker walker;
@@ -62,7 +62,7 @@ TEST(DirectoryWalker, OtherFailureOfASearchIsInvalidAndTheWalkGoesOn) {
 }
 
 TEST(DirectoryWalker, PathNotFoundIsTriedAgainInItsLongForm) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 1, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -74,7 +74,7 @@ TEST(DirectoryWalker, PathNotFoundIsTriedAgainInItsLongForm) {
 }
 
 TEST(DirectoryWalker, PlainStepLeavesTheLongFormToTheCaller) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 1, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -85,7 +85,7 @@ TEST(DirectoryWalker, PlainStepLeavesTheLongFormToTheCaller) {
 }
 
 TEST(DirectoryWalker, AttributesNotFoundAskForTheLongFormToo) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("GetFileAttributesW", 1, ERROR_PATH_NOT_FOUND);
   Faults::Watch("FindFirstFileExW");
@@ -97,7 +97,7 @@ TEST(DirectoryWalker, AttributesNotFoundAskForTheLongFormToo) {
 }
 
 TEST(DirectoryWalker, AttributesAreReadOnlyWhereReparsePointsAreLeftOut) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Watch("GetFileAttributesW");
   Walker walker;
@@ -123,7 +123,7 @@ TEST(DirectoryWalker, LongFormIsDroppedOnTheWayDown) {
 }
 
 TEST(DirectoryWalker, FolderBelowNotFoundIsRetriedInItsLongForm) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -136,7 +136,7 @@ TEST(DirectoryWalker, FolderBelowNotFoundIsRetriedInItsLongForm) {
 
 // Where long paths are not allowed there is no second search of it.
 TEST(DirectoryWalker, FolderThatVanishesBelowIsInvalidAndTheWalkGoesOn) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Fail("FindFirstFileExW", 2, ERROR_PATH_NOT_FOUND);
   Walker walker;
@@ -150,7 +150,7 @@ TEST(DirectoryWalker, FolderThatVanishesBelowIsInvalidAndTheWalkGoesOn) {
 }
 
 TEST(DirectoryWalker, EverySearchThatIsOpenedIsClosed) {
-  const Tree scratch;
+  const NativeTree scratch;
   const Faults::Scope faults;
   Faults::Watch("FindFirstFileExW");
   Faults::Watch("FindClose");
@@ -165,7 +165,7 @@ TEST(DirectoryWalker, EverySearchThatIsOpenedIsClosed) {
 }
 
 TEST(DirectoryWalker, FolderThatIsALinkIsNotSearchedUnderTheFlag) {
-  const Tree scratch;
+  const NativeTree scratch;
   std::filesystem::create_directory_symlink(scratch.NativePath(W("one")), scratch.NativePath(W("link")));
   EXPECT_EQ(WalkFolder(scratch.Path(), W("*"), kAllFiles).Of(101),
             Names({W("one\\a"), W("two\\b"), W("top")}));
@@ -174,7 +174,7 @@ TEST(DirectoryWalker, FolderThatIsALinkIsNotSearchedUnderTheFlag) {
 }
 
 TEST(DirectoryWalker, StartFolderThatIsALinkIsNotSearchedUnderTheFlag) {
-  const Tree scratch;
+  const NativeTree scratch;
   std::filesystem::create_directory_symlink(scratch.NativePath(W("one")), scratch.NativePath(W("link")));
   const Walk walk = WalkFolder(scratch.Path(W("link")), W("*"), kAllFiles);
   ASSERT_EQ(walk.steps.size(), 1u);
@@ -183,7 +183,7 @@ TEST(DirectoryWalker, StartFolderThatIsALinkIsNotSearchedUnderTheFlag) {
 }
 
 TEST(DirectoryWalker, LinkToItsOwnParentDoesNotKeepTheWalkGoingForever) {
-  const Tree scratch;
+  const NativeTree scratch;
   std::filesystem::create_directory_symlink(scratch.NativePath(W("one")), scratch.NativePath(W("one\\self")));
   const Walk walk =
       WalkFolder(scratch.Path(), W("*"), Walker::kPassDotEntries | Walker::kNoFolders | Walker::kRecurse);

@@ -14,7 +14,7 @@ std::uint8_t ByteOf(WCHAR character) {
   return options.matchCharA;
 }
 
-std::string Stored(const WString& format, std::size_t limit = 127) {
+std::string StoredFormat(const WString& format, std::size_t limit = 127) {
   SortLinesOptions options;
   SetDateFormat(options, format, limit);
   return options.dateFormat;
@@ -37,16 +37,16 @@ TEST(CodePageText, ALetterThatThePageHasWithoutItsMarkIsThatLetter) {
 TEST(CodePageText, TheZeroCharacterIsZero) { EXPECT_EQ(ByteOf(WCHAR()), 0); }
 
 TEST(CodePageText, AFormatIsStoredInThePage) {
-  EXPECT_EQ(Stored(W("%d.%m.%Y")), "%d.%m.%Y");
-  EXPECT_EQ(Stored(W("")), "");
-  EXPECT_EQ(Stored(W("%d \u00E4 %m \u20AC")), "%d \xE4 %m \x80");
+  EXPECT_EQ(StoredFormat(W("%d.%m.%Y")), "%d.%m.%Y");
+  EXPECT_EQ(StoredFormat(W("")), "");
+  EXPECT_EQ(StoredFormat(W("%d \u00E4 %m \u20AC")), "%d \xE4 %m \x80");
 }
 
 TEST(CodePageText, AFormatIsCutAtTheLimit) {
-  EXPECT_EQ(Stored(WString(127, W('x'))), std::string(127, 'x'));
-  EXPECT_EQ(Stored(WString(128, W('x'))), std::string(127, 'x'));
-  EXPECT_EQ(Stored(W("abc"), 2), "ab");
-  EXPECT_EQ(Stored(W("abc"), 0), "");
+  EXPECT_EQ(StoredFormat(WString(127, W('x'))), std::string(127, 'x'));
+  EXPECT_EQ(StoredFormat(WString(128, W('x'))), std::string(127, 'x'));
+  EXPECT_EQ(StoredFormat(W("abc"), 2), "ab");
+  EXPECT_EQ(StoredFormat(W("abc"), 0), "");
 }
 
 TEST(CodePageText, AFormatNeverLeavesTheRoomOfTheRecord) {

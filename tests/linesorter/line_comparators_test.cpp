@@ -42,12 +42,12 @@ Order OrderIn(LineCompare_TextBase<CharT>& comparator, std::string_view lhs, std
   return OrderOf<CharT>(comparator, In<CharT>(lhs), In<CharT>(rhs));
 }
 
-Order Bytes(std::string_view lhs, std::string_view rhs, bool ignoreCase = false) {
+Order ByteOrder(std::string_view lhs, std::string_view rhs, bool ignoreCase = false) {
   LineCompare_OrdinalA comparator;
   comparator.ignoreCase = ignoreCase;
   return OrderOf<char>(comparator, lhs, rhs);
 }
-Order BytesIgnoringCase(std::string_view lhs, std::string_view rhs) { return Bytes(lhs, rhs, true); }
+Order BytesIgnoringCase(std::string_view lhs, std::string_view rhs) { return ByteOrder(lhs, rhs, true); }
 
 Order Units(WStringView lhs, WStringView rhs, bool ignoreCase = false) {
   LineCompare_OrdinalW comparator;
@@ -138,11 +138,11 @@ TYPED_TEST(EveryComparator, LooksNoFurtherThanTheLengths) {
 }
 
 TEST(CompareBytes, GoesByTheFirstByteThatDiffers) {
-  EXPECT_EQ(Bytes("a", "b"), kBefore);
-  EXPECT_EQ(Bytes("abc", "abd"), kBefore);
-  EXPECT_EQ(Bytes("abd", "abc"), kBehind);
-  EXPECT_EQ(Bytes("b", "abc"), kBehind);
-  EXPECT_EQ(Bytes("B", "a"), kBefore);
+  EXPECT_EQ(ByteOrder("a", "b"), kBefore);
+  EXPECT_EQ(ByteOrder("abc", "abd"), kBefore);
+  EXPECT_EQ(ByteOrder("abd", "abc"), kBehind);
+  EXPECT_EQ(ByteOrder("b", "abc"), kBehind);
+  EXPECT_EQ(ByteOrder("B", "a"), kBefore);
   for (std::size_t at = 0; at < 40; ++at) {
     for (std::size_t behind = 0; behind < 10; ++behind) {
       std::string left(at + 1 + behind, 'm');
@@ -151,35 +151,35 @@ TEST(CompareBytes, GoesByTheFirstByteThatDiffers) {
       right[at] = 'n';
       // What comes later says the opposite.
       if (behind != 0) left.back() = 'z';
-      EXPECT_EQ(Bytes(left, right), kBefore) << at << " " << behind;
-      EXPECT_EQ(Bytes(right, left), kBehind) << at << " " << behind;
+      EXPECT_EQ(ByteOrder(left, right), kBefore) << at << " " << behind;
+      EXPECT_EQ(ByteOrder(right, left), kBehind) << at << " " << behind;
       EXPECT_EQ(BytesIgnoringCase(left, right), kBefore) << at << " " << behind;
     }
   }
 }
 
 TEST(CompareBytes, FindsAKeyAndItsBeginningEqualAsMeant) {
-  EXPECT_EQ(Bytes("abc", "abcd"), kEqual);
-  EXPECT_EQ(Bytes("a", "abcdefghijklmnopqrstuvwxyz"), kEqual);
+  EXPECT_EQ(ByteOrder("abc", "abcd"), kEqual);
+  EXPECT_EQ(ByteOrder("a", "abcdefghijklmnopqrstuvwxyz"), kEqual);
   EXPECT_EQ(BytesIgnoringCase("ABC", "abcd"), kEqual);
 }
 
 TEST(CompareBytes, TakesBytesAsUnsigned) {
-  EXPECT_EQ(Bytes("\x7F", "\x80"), kBefore);
-  EXPECT_EQ(Bytes("z", "\xFF"), kBefore);
-  EXPECT_EQ(Bytes("\x01", "\xFF"), kBefore);
-  EXPECT_EQ(Bytes("\x80", "\xFF"), kBefore);
+  EXPECT_EQ(ByteOrder("\x7F", "\x80"), kBefore);
+  EXPECT_EQ(ByteOrder("z", "\xFF"), kBefore);
+  EXPECT_EQ(ByteOrder("\x01", "\xFF"), kBefore);
+  EXPECT_EQ(ByteOrder("\x80", "\xFF"), kBefore);
   EXPECT_EQ(BytesIgnoringCase("z", "\x80"), kBefore);
   EXPECT_EQ(BytesIgnoringCase("\x80", "\xFF"), kBefore);
 }
 
 TEST(CompareBytes, EndsAtAZeroByte) {
-  EXPECT_EQ(Bytes({"a\0b", 3}, {"a\0c", 3}), kEqual);
-  EXPECT_EQ(Bytes({"\0b", 2}, {"\0c", 2}), kEqual);
-  EXPECT_EQ(Bytes({"a\0z", 3}, "ab"), kBefore);
-  EXPECT_EQ(Bytes({"a\0z", 3}, "a\x01"), kBefore);
-  EXPECT_EQ(Bytes({"a\0z", 3}, "a"), kEqual);
-  EXPECT_EQ(Bytes({"\0", 1}, "a"), kBefore);
+  EXPECT_EQ(ByteOrder({"a\0b", 3}, {"a\0c", 3}), kEqual);
+  EXPECT_EQ(ByteOrder({"\0b", 2}, {"\0c", 2}), kEqual);
+  EXPECT_EQ(ByteOrder({"a\0z", 3}, "ab"), kBefore);
+  EXPECT_EQ(ByteOrder({"a\0z", 3}, "a\x01"), kBefore);
+  EXPECT_EQ(ByteOrder({"a\0z", 3}, "a"), kEqual);
+  EXPECT_EQ(ByteOrder({"\0", 1}, "a"), kBefore);
   EXPECT_EQ(BytesIgnoringCase({"A\0b", 3}, {"a\0c", 3}), kEqual);
   EXPECT_EQ(BytesIgnoringCase({"a\0z", 3}, "AB"), kBefore);
 }
@@ -188,7 +188,7 @@ TEST(CompareBytes, IgnoresTheCaseOfAToZAlone) {
   EXPECT_EQ(BytesIgnoringCase("abcxyz", "ABCXYZ"), kEqual);
   EXPECT_EQ(BytesIgnoringCase("a", "B"), kBefore);
   EXPECT_EQ(BytesIgnoringCase("A", "b"), kBefore);
-  EXPECT_EQ(Bytes("abc", "ABC"), kBehind);
+  EXPECT_EQ(ByteOrder("abc", "ABC"), kBehind);
   EXPECT_EQ(BytesIgnoringCase("\xC4", "\xE4"), kBefore);
   EXPECT_EQ(BytesIgnoringCase("@", "`"), kBefore);
   EXPECT_EQ(BytesIgnoringCase("[", "{"), kBefore);
@@ -201,8 +201,8 @@ TEST(CompareBytes, IgnoringCasePutsLettersWhereTheSmallOnesStand) {
   }
   EXPECT_EQ(BytesIgnoringCase("{", "Z"), kBehind);
   EXPECT_EQ(BytesIgnoringCase("{", "z"), kBehind);
-  EXPECT_EQ(Bytes("_", "A"), kBehind);
-  EXPECT_EQ(Bytes("_", "a"), kBefore);
+  EXPECT_EQ(ByteOrder("_", "A"), kBehind);
+  EXPECT_EQ(ByteOrder("_", "a"), kBefore);
 }
 
 TEST(CompareUnits, UsesTheSystemsFunction) { EXPECT_TRUE(LineCompare_OrdinalW().HasSystemFunction()); }

@@ -21,11 +21,6 @@ namespace {
 
 using Lines = std::vector<LoadedLine>;
 
-template <std::size_t kSize>
-std::string Bytes(const char (&literal)[kSize]) {
-  return {literal, kSize - 1};
-}
-
 // Checks what must hold of all loaded data: each line with its ending lies in one block, zeros stand behind
 // the blocks, and keys are not set.
 void CheckData(const SortableLinesData& data) {

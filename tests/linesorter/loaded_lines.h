@@ -19,6 +19,12 @@ inline std::string WideBytes(WStringView text) {
   return bytes;
 }
 
+// A literal with the zero characters in it, without the one at its end.
+template <std::size_t kSize>
+std::string Bytes(const char (&literal)[kSize]) {
+  return {literal, kSize - 1};
+}
+
 // A record with its text and its ending instead of a pointer; a long text by its length and first byte.
 struct LoadedLine {
   std::string text;

@@ -17,11 +17,6 @@ using testing::UnorderedElementsAre;
 
 namespace {
 
-template <std::size_t kSize>
-std::string Bytes(const char (&literal)[kSize]) {
-  return {literal, kSize - 1};
-}
-
 // The bytes that come of sorting a file of these bytes into another.
 std::string Sorted(const std::string& bytes, const SortLinesOptions& options) {
   const ScratchFolder scratch;

@@ -48,27 +48,27 @@ class WidenedKeys : public testing::Test {
 
 // A literal with its zeros.
 template <std::size_t kSize>
-constexpr std::string_view Key(const char (&literal)[kSize]) {
+constexpr std::string_view KeyBytes(const char (&literal)[kSize]) {
   return {literal, kSize - 1};
 }
 
 }  // namespace
 
 TEST_F(WidenedKeys, EndAtAZeroWhateverStoodBehindItBefore) {
-  ExpectEqual(Key("m\0xxx"), Key("m\0yyy"));
-  ExpectEqual(Key("m\0"), Key("m\0"));
-  ExpectEqual(Key("m\0a"), Key("m\0z"));
-  ExpectEqual(Key("M12\0abc"), Key("m12\0xyz"));
-  ExpectBefore(Key("m\0zzz"), Key("n\0aaa"));
-  ExpectBefore(Key("m9\0zzz"), Key("m10\0aaa"));
+  ExpectEqual(KeyBytes("m\0xxx"), KeyBytes("m\0yyy"));
+  ExpectEqual(KeyBytes("m\0"), KeyBytes("m\0"));
+  ExpectEqual(KeyBytes("m\0a"), KeyBytes("m\0z"));
+  ExpectEqual(KeyBytes("M12\0abc"), KeyBytes("m12\0xyz"));
+  ExpectBefore(KeyBytes("m\0zzz"), KeyBytes("n\0aaa"));
+  ExpectBefore(KeyBytes("m9\0zzz"), KeyBytes("m10\0aaa"));
 }
 
 TEST_F(WidenedKeys, ThatBeginWithAZeroAreAllAlike) {
-  ExpectEqual(Key("\0"), Key("\0"));
-  ExpectEqual(Key("\0abc"), Key("\0xyz"));
-  ExpectEqual(Key("\0\0\0"), Key("\0xy"));
-  ExpectBefore(Key("\0zzz"), Key("a"));
-  ExpectBefore(Key("\0zzz"), Key("m\0a"));
+  ExpectEqual(KeyBytes("\0"), KeyBytes("\0"));
+  ExpectEqual(KeyBytes("\0abc"), KeyBytes("\0xyz"));
+  ExpectEqual(KeyBytes("\0\0\0"), KeyBytes("\0xy"));
+  ExpectBefore(KeyBytes("\0zzz"), KeyBytes("a"));
+  ExpectBefore(KeyBytes("\0zzz"), KeyBytes("m\0a"));
 }
 
 TEST_F(WidenedKeys, AreTheirOwnAndNotTheLongerOnesOfBefore) {
@@ -79,9 +79,9 @@ TEST_F(WidenedKeys, AreTheirOwnAndNotTheLongerOnesOfBefore) {
 }
 
 TEST_F(WidenedKeys, MayGrowBehindAKeyWithAZero) {
-  EXPECT_FALSE(Before(Key("m\0x"), Key("m\0y")));
+  EXPECT_FALSE(Before(KeyBytes("m\0x"), KeyBytes("m\0y")));
   const std::string longer(500, 'm');
   EXPECT_TRUE(Before(longer + "9", longer + "10"));
-  EXPECT_FALSE(Before(Key("m\0x"), Key("m\0y")));
-  EXPECT_FALSE(Before(Key("m\0y"), Key("m\0x")));
+  EXPECT_FALSE(Before(KeyBytes("m\0x"), KeyBytes("m\0y")));
+  EXPECT_FALSE(Before(KeyBytes("m\0y"), KeyBytes("m\0x")));
 }

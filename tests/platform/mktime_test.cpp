@@ -21,7 +21,7 @@ struct Fields {
   int second = 0;
 };
 
-std::tm TimeOf(const Fields& fields) {
+std::tm FilledTime(const Fields& fields) {
   std::tm time{};
   time.tm_year = fields.year - 1900;
   time.tm_mon = fields.month - 1;
@@ -33,7 +33,7 @@ std::tm TimeOf(const Fields& fields) {
 }
 
 std::int64_t Seconds(const Fields& fields) {
-  std::tm time = TimeOf(fields);
+  std::tm time = FilledTime(fields);
   return _mktime64(&time);
 }
 
@@ -84,7 +84,7 @@ TEST(MkTimeTest, DistancesAreThoseOfTheCalendar) {
 }
 
 TEST(MkTimeTest, TheFieldsAreBroughtIntoTheirRanges) {
-  std::tm time = TimeOf({2014, 14, 1, 12});
+  std::tm time = FilledTime({2014, 14, 1, 12});
   time.tm_wday = 77;
   time.tm_yday = -5;
   ASSERT_GT(_mktime64(&time), 0);
@@ -97,7 +97,7 @@ TEST(MkTimeTest, TheFieldsAreBroughtIntoTheirRanges) {
 }
 
 TEST(MkTimeTest, TheDaysOfTheWeekAndOfTheYearAreNotLookedAt) {
-  std::tm time = TimeOf({2014, 6, 15});
+  std::tm time = FilledTime({2014, 6, 15});
   time.tm_wday = 77;
   time.tm_yday = -5;
   EXPECT_EQ(_mktime64(&time), Seconds({2014, 6, 15}));

@@ -18,7 +18,6 @@ using testing::ElementsAre;
 using Velmora::SDK::IPluginInterface;
 
 constexpr int kFind = 1123;
-constexpr int kWith = 1124;
 
 class BuiltModule : public testing::Test {
  protected:

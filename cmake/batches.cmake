@@ -1,0 +1,28 @@
+# Sources are compiled in batches: a batch is one translation unit that includes its sources, so that what their
+# headers cost is paid once a batch. Each source still includes what it uses, and QX_BATCHES=OFF compiles each by
+# itself. In return, a name in an unnamed namespace must be unique in its batch.
+#
+# A source's batch follows from its folder and a hash of its name, never from the sources beside it: adding one
+# changes no other batch.
+option(QX_BATCHES "Compile sources in batches" ON)
+
+# qx_batches(<target> <batches>): compiles each folder's sources of <target> in that many batches at most.
+function(qx_batches target batches)
+  if(NOT QX_BATCHES)
+    return()
+  endif()
+  get_target_property(sources ${target} SOURCES)
+  foreach(source IN LISTS sources)
+    if(NOT source MATCHES "\\.cpp$")
+      continue()
+    endif()
+    get_filename_component(folder ${source} DIRECTORY)
+    get_filename_component(folder ${folder} NAME)
+    get_filename_component(name ${source} NAME_WE)
+    string(MD5 hash ${name})
+    string(SUBSTRING ${hash} 0 6 hash)
+    math(EXPR batch "0x${hash} % ${batches}")
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP "${folder}_${batch}")
+  endforeach()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+endfunction()
