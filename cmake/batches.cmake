@@ -3,7 +3,8 @@
 # itself. In return, a name in an unnamed namespace must be unique in its batch.
 #
 # A source's batch follows from its folder and a hash of its name, never from the sources beside it: adding one
-# changes no other batch.
+# changes no other batch. A source's property QX_BATCH names another batch for it, as for the few that include a large
+# header.
 option(QX_BATCHES "Compile sources in batches" ON)
 
 # qx_batches(<target> <batches>): compiles each folder's sources of <target> in that many batches at most.
@@ -14,6 +15,11 @@ function(qx_batches target batches)
   get_target_property(sources ${target} SOURCES)
   foreach(source IN LISTS sources)
     if(NOT source MATCHES "\\.cpp$")
+      continue()
+    endif()
+    get_source_file_property(batch ${source} QX_BATCH)
+    if(batch)
+      set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${batch})
       continue()
     endif()
     get_filename_component(folder ${source} DIRECTORY)

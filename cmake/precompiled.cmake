@@ -5,7 +5,6 @@ option(QX_PCH "Read the headers of libraries precompiled" ON)
 set(QX_STANDARD_HEADERS
   <algorithm> <array> <cstdint> <cstring> <deque> <functional> <limits> <map> <memory> <mutex> <optional> <span>
   <string> <string_view> <utility> <vector> ${PROJECT_SOURCE_DIR}/src/platform/windows_api.h)
-set(QX_HOST_HEADERS <CLI/CLI.hpp> <nlohmann/json.hpp> ${QX_STANDARD_HEADERS})
 set(QX_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h> <filesystem> <random> <set> ${QX_STANDARD_HEADERS})
 
 # A precompiled header that is made again must be the same to the cache.

@@ -1,6 +1,7 @@
 #include "host/json_text.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 namespace QxHost {
 namespace {

@@ -1,7 +1,7 @@
 // Texts and blocks in the JSON files of the settings.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <vector>
 

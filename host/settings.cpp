@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "host/json_text.h"

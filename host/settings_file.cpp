@@ -1,5 +1,7 @@
 #include "host/settings_file.h"
 
+#include <nlohmann/json.hpp>
+
 #include "host/error_text.h"
 #include "host/paths.h"
 #include "host/whole_file.h"
@@ -12,15 +14,24 @@ constexpr int kIndent = 2;
 
 }  // namespace
 
+SettingsFile::SettingsFile(WString folder, WStringView name, Check check, Warn warn)
+    : folder_(std::move(folder)),
+      path_(folder_ + W("\\") + WString(name)),
+      check_(check),
+      warn_(std::move(warn)),
+      root_(std::make_unique<nlohmann::json>(nlohmann::json::object())) {}
+
+SettingsFile::~SettingsFile() = default;
+
 const nlohmann::json& SettingsFile::Read() {
   if (!loaded_) Load();
-  return root_;
+  return *root_;
 }
 
 nlohmann::json& SettingsFile::Change() {
   if (!loaded_) Load();
   changed_ = true;
-  return root_;
+  return *root_;
 }
 
 void SettingsFile::Load() {
@@ -35,7 +46,7 @@ void SettingsFile::Load() {
   }
   nlohmann::json root = nlohmann::json::parse(bytes, nullptr, false);
   if (root.is_object() && check_(root)) {
-    root_ = std::move(root);
+    *root_ = std::move(root);
   } else if (!KeepDamaged()) {
     locked_ = true;
     warn_(ToUtf8(path_) + " is damaged and cannot be set aside; nothing will be saved there");
@@ -63,7 +74,7 @@ void SettingsFile::Save() {
   DWORD error = MakeFolder(folder_);
   if (error == ERROR_SUCCESS) {
     error = WriteWholeFile(path_,
-                           root_.dump(kIndent, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");
+                           root_->dump(kIndent, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");
   }
   if (error != ERROR_SUCCESS) warn_("cannot save " + ToUtf8(path_) + ": " + ErrorText(error));
 }

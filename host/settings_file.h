@@ -6,7 +6,8 @@
 #pragma once
 
 #include <functional>
-#include <nlohmann/json.hpp>
+#include <memory>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "platform/text.h"
@@ -20,11 +21,8 @@ class SettingsFile {
 
   // `check` says whether the content has the shape that it must have. The folder is made when the file is
   // first written.
-  SettingsFile(WString folder, WStringView name, Check check, Warn warn)
-      : folder_(std::move(folder)),
-        path_(folder_ + W("\\") + WString(name)),
-        check_(check),
-        warn_(std::move(warn)) {}
+  SettingsFile(WString folder, WStringView name, Check check, Warn warn);
+  ~SettingsFile();
 
   // An object; the content as it stands.
   const nlohmann::json& Read();
@@ -43,7 +41,7 @@ class SettingsFile {
   WString path_;
   Check check_;
   Warn warn_;
-  nlohmann::json root_ = nlohmann::json::object();
+  std::unique_ptr<nlohmann::json> root_;  // never null
   bool loaded_ = false;
   bool changed_ = false;
   bool locked_ = false;  // there is a file that must not be written over

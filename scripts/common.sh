@@ -1,16 +1,48 @@
-# What ./run and ./test share; sourced by both from the top of the tree. Each step is silent when all is well
-# and shows its log when it is not.
+# What ./run and ./test share; sourced by both from the top of the tree. A step says on one line of standard error what
+# it does, how far it is and how long it took: rewritten in place on a terminal, written once elsewhere. Steps shorter
+# than a second say nothing, and one that fails shows the end of its log.
 
 set -euo pipefail
 export LC_ALL=C.UTF-8
 mkdir -p build/logs
 
+# report TEXT COUNT...: writes TEXT, what the command COUNT prints, and the seconds, until it is stopped.
+report() {
+  local text=$1 began=$SECONDS
+  shift
+  sleep 1
+  [ -t 2 ] || printf '%s ... ' "$text" >&2
+  : >build/logs/step-shown
+  while [ -t 2 ]; do
+    printf '\r\033[K%s: %s%s s' "$text" "$("$@")" "$((SECONDS - began))" >&2
+    sleep 0.5
+  done
+}
+
+# step TEXT COUNT COMMAND...: runs the command in this shell, while `report` says how far it is. COUNT is a command in
+# one word that prints such as "3 of 97, ", and again at the end.
+step() {
+  local text=$1 count=$2 began=$SECONDS reporter status=0
+  shift 2
+  rm -f build/logs/step-shown
+  report "$text" $count &
+  reporter=$!
+  "$@" || status=$?
+  kill "$reporter" 2>/dev/null || true
+  wait "$reporter" 2>/dev/null || true
+  if [ -e build/logs/step-shown ]; then
+    [ -t 2 ] && printf '\r\033[K%s: ' "$text" >&2
+    printf '%s%s s\n' "$($count)" "$((SECONDS - began))" >&2
+  fi
+  return $status
+}
+
 # quietly NAME COMMAND...: runs the command into build/logs/NAME.log and shows the log if it fails.
 quietly() {
   local name=$1
   shift
-  if ! "$@" >"build/logs/$name.log" 2>&1; then
-    printf '%s failed; the end of build/logs/%s.log:\n' "$name" "$name" >&2
+  if ! "$@" >"build/logs/$name.log" 2>&1 </dev/null; then
+    printf '\n%s failed; the end of build/logs/%s.log:\n' "$name" "$name" >&2
     tail -n 60 "build/logs/$name.log" >&2
     return 1
   fi
@@ -22,15 +54,39 @@ as_root() {
 
 # Installs those packages of scripts/packages.txt that are missing.
 install_packages() {
-  local wanted missing
+  local wanted missing count
   wanted=$(grep -v '^#' scripts/packages.txt)
   missing=$(for package in $wanted; do
     dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || echo "$package"
   done)
   [ -z "$missing" ] && return 0
-  echo "Installing" $missing >&2
-  quietly apt-update as_root env DEBIAN_FRONTEND=noninteractive apt-get update
-  quietly apt-install as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing
+  count=$(wc -w <<<"$missing")
+  echo "Needed, and missing here: $count Debian packages, to be installed as root:" $missing >&2
+  if [ "$(id -u)" != 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo 'There is no sudo here: run this as root, or have these packages installed.' >&2
+      return 1
+    fi
+    sudo -v
+  fi
+  step 'Reading the lists of packages' : \
+    quietly apt-update as_root env DEBIAN_FRONTEND=noninteractive apt-get update
+  step "Installing $count packages and what they need" count_of_packages quietly apt-install \
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing
+}
+
+# How many packages are set up, of those that apt said it would install.
+count_of_packages() {
+  local log=build/logs/apt-install.log total
+  total=$(sed -n 's/.* \([0-9]*\) newly installed.*/\1/p' "$log" 2>/dev/null)
+  [ -z "$total" ] || printf '%s of %s, ' "$(grep -c '^Setting up' "$log")" "$total"
+}
+
+# How far a build is: the last count that Ninja wrote.
+count_of_build() {
+  local last
+  last=$(grep -o '^\[[0-9]*/[0-9]*\]' "build/logs/build-$1.log" 2>/dev/null | tail -n 1 | tr -d '[]')
+  [ -z "$last" ] || printf '%s of %s, ' "${last%/*}" "${last#*/}"
 }
 
 # build PRESET [TARGET...]: configures and builds one preset. A folder that other presets made begins afresh.
@@ -38,10 +94,12 @@ build() {
   local preset=$1 made_by=build/$1/made-by-presets.json
   shift
   if ! cmp -s CMakePresets.json "$made_by"; then
-    quietly "configure-$preset" cmake --fresh --preset "$preset"
+    step "Configuring the $preset build" : quietly "configure-$preset" cmake --fresh --preset "$preset"
     cp CMakePresets.json "$made_by"
   fi
-  quietly "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+  rm -f "build/logs/build-$preset.log"
+  step "Compiling the $preset build" "count_of_build $preset" \
+    quietly "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
 # at_exit COMMAND: runs it when the script ends, the last one first.
@@ -78,9 +136,9 @@ prepare_wine() {
   # Wine's server outlives the programs that it serves for a moment; it must not lose its display under them.
   at_exit 'timeout 20 /usr/lib/wine/wineserver -w || true'
   [ -f "$WINEPREFIX/ready" ] && return 0
-  quietly wine-prefix scripts/wine wineboot --init
+  step 'Making a Wine prefix' : quietly wine-prefix scripts/wine wineboot --init
   # Wine draws the frames of windows itself: there is no window manager on this display, and waiting for one
   # would take two seconds for each window that closes.
-  quietly wine-frames scripts/wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+  step 'Setting Wine up' : quietly wine-frames scripts/wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
   touch "$WINEPREFIX/ready"
 }
