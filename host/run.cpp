@@ -182,8 +182,11 @@ int Run::Finish(int value, const std::string& noteOfZero) {
     output_.Problem("note: no dialog came that --form could fill: " + questions_->FormFieldsLeft());
   }
   if (questions_->HasRefused()) return kExitBadCall;
-  if (value == 0) output_.Problem("note: " + noteOfZero);
-  return value != 0 ? kExitHandled : kExitNotHandled;
+  if (value == 0) {
+    output_.Problem("note: " + noteOfZero);
+    return kExitNotHandled;
+  }
+  return shared_->hasFailedFiles || shared_->fileOperation.HasFailed() ? kExitFilesFailed : kExitHandled;
 }
 
 }  // namespace QxHost
