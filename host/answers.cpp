@@ -1,5 +1,8 @@
 #include "host/answers.h"
 
+#include <vector>
+
+#include "host/nearest_name.h"
 #include "host/paths.h"
 
 namespace QxHost {
@@ -26,6 +29,13 @@ std::optional<Answer> ParseAnswer(std::string_view text) {
     if (!row.withText && text == row.word) return Answer{row.kind, {}};
   }
   return std::nullopt;
+}
+
+std::string NearestAnswer(std::string_view text) {
+  std::vector<std::string_view> words;
+  for (const Word& row : kWords) words.push_back(row.word);
+  const std::size_t equals = text.find('=');
+  return DidYouMean(equals == std::string_view::npos ? text : text.substr(0, equals + 1), words);
 }
 
 std::string AnswerText(const Answer& answer) {

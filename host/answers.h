@@ -19,6 +19,10 @@ struct Answer {
 // `ok`, `yes`, `no`, `cancel`, `text=TEXT` or `choice=ROWTEXT`; nothing for anything else.
 std::optional<Answer> ParseAnswer(std::string_view text);
 
+// The last sentence of a message about a text that is no answer: ". Did you mean A?" with the word that is
+// the nearest to it; empty if none is near.
+std::string NearestAnswer(std::string_view text);
+
 // The form that ParseAnswer takes.
 std::string AnswerText(const Answer& answer);
 

@@ -3,10 +3,14 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <sstream>
 
 #include "host/answers.h"
+#include "host/command_names.h"
 #include "host/failures.h"
+#include "host/help_text.h"
+#include "host/nearest_name.h"
 
 namespace QxHost {
 namespace {
@@ -38,61 +42,6 @@ std::function<void(const std::vector<std::string>&)> Collect(std::vector<std::st
   };
 }
 
-constexpr const char* kAbout =
-    "qxhost loads the QXUtils module and runs its commands on real files, without the file manager.\n"
-    "What it does is real: try a rename with --dry-run first, and all else on a copy.";
-
-constexpr const char* kFooter = R"(Paths may be written /a/b or Z:\a\b.
-
-Questions. A command may ask something: whether to rename, what to replace. Each --answer answers the next
-question: ok, yes, no, cancel, text=TEXT (ok takes the text that is offered) or choice=ROWTEXT. Where no answer
-is left you are asked on the terminal, where the first letter of a button will do; where there is no terminal,
-the question is cancelled, and a note says so.
-
-Dialogs. A dialog is filled with --form FIELD=VALUE and ended with --answer ok. To see which fields a command's
-dialog has, with their present values, give one that there is not; nothing is done then:
-  qxhost --form help= command 30150 a.txt
-They are filled in the order in which they are given, and one that is grey takes no value: sortBy=item comes
-before separator. Switches are 0 or 1.
-  30010  find, replace, part: 1 the name without its extension, 2 the extension with its dot, 3 the whole name
-  30150  saveAs: new, keep-backup or delete-backup; targetName; keepLinesTop, keepLinesBottom; startPosition;
-         skipLeadingSpace; sortBy: line, substring (length, endCharacter, endAtWhitespace) or item (separator,
-         item); sortMethod: text (languageAware, ignoreCase, naturalNumbers), number or date (dateFormat);
-         reverse; removeBlank
-  30151  find; replace; findMode: One, Many, ManySame or Multiline; saveMode: new, keep-backup or delete-backup;
-         targetName; wildcard; ignoreCase; forceUtf8; silent
-  30350  linkKind: hard, junction, symbolic or shortcut; linkName; targetName
-A dialog that comes later is filled by its name. The one that asks about a match, of 30151 and FindAndReplace, is
-ConfirmReplaceDlg with the field result: replace, all, next or cancel. --answer ok alone is replace. Where a field
-comes again, it is for the next dialog of that name.
-
-Examples:
-  qxhost menu                                    the commands and their numbers
-  qxhost --answer ok command 30000 *.txt         names in upper case
-  qxhost --dry-run --answer ok command 30002 *   what Title Case would do
-  qxhost --answer text=log command 30060 *.txt   another extension: a.txt becomes a.log
-  qxhost --form find=_ --form replace=- --answer ok --answer ok command 30010 *
-                                                 replace _ with -: first the dialog, then the question
-  qxhost --answer text=new --focus a.c command 30020
-                                                 a.c, a.h and a.o become new.c, new.h and new.o
-  find . -name '*.JPG' | qxhost --items - --answer ok command 30041
-                                                 extensions in lower case, for any number of files
-  qxhost script                                  the script commands and their parameters
-  qxhost script SortLines FILE=a.txt "TARGET=*.sorted" SORTBY=item "ITEMSEP=;" ITEM=2 SORTAS=num
-                                                 by the numbers behind the first semicolon, into a.sorted
-  qxhost --form sortBy=item --form "separator=;" --form item=2 --form sortMethod=number
-         --answer ok --answer ok command 30150 a.txt
-                                                 the same from the menu, into a_sorted.txt: first the dialog,
-                                                 then the closing message
-  qxhost --form find=grey --form replace=gray --form ConfirmReplaceDlg.result=next
-         --form ConfirmReplaceDlg.result=all --answer ok --answer ok --answer ok --answer ok command 30151 *.txt
-                                                 the first match stays and all others are replaced: the dialog,
-                                                 two questions, and the closing message
-  qxhost --json menu                             one JSON object a line, for programs
-
-Exit status: 0 the module handled the command, 1 it did not, 2 the call was wrong, 3 the module could not be
-loaded or failed.)";
-
 void DeclareOptions(CLI::App& app, Options& options) {
   AddText(app, "--module", "PATH", options.module, "Module to load [the one beside this program]");
   AddText(app, "--language", "FILE", options.language,
@@ -110,12 +59,93 @@ void DeclareOptions(CLI::App& app, Options& options) {
   app.add_flag("--without-rights", options.withoutRights,
                "As if you were not allowed to make symbolic links; the elevated helper is (native build)");
   app.add_flag("--before-vista", options.beforeVista, "As if Windows were older than Vista");
-  app.add_flag("--class-a", options.classA, "As if Windows were of class A");
-  app.add_flag("--class-b", options.classB, "As if Windows were of class B");
+  app.add_flag("--class-a", options.classA,
+               "As if Windows were of class A, which leaves some items of the control panel out of the menu");
+  app.add_flag("--class-b", options.classB, "As if Windows were of class B, which leaves none out");
   app.add_flag("--dry-run", options.dryRun,
-               "Say what would be renamed, and rename nothing: for the commands 30000 to 30060. "
-               "All others are refused with it, as they change more than names");
+               "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 alone");
   app.add_flag("--json", options.json, "One JSON object a line instead of prose");
+}
+
+std::vector<std::string> OptionNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  return names;
+}
+
+std::string NoSuchOption(const std::string& argument, const CLI::App& app, const CLI::App* verb) {
+  const std::string typed = argument.substr(0, argument.find('='));
+  std::vector<std::string> names = OptionNames(app);
+  if (verb) std::ranges::copy(OptionNames(*verb), std::back_inserter(names));
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  return (verb ? verb->get_name() + " has no option " : "there is no option ") + typed +
+         DidYouMean(typed, views);
+}
+
+std::string JoinedNames(const std::vector<std::string_view>& names) {
+  std::string list;
+  for (const std::string_view name : names) list += (list.empty() ? "" : ", ") + std::string(name);
+  return list;
+}
+
+std::string NoSuchVerb(const std::string& argument, const std::vector<std::string_view>& verbs) {
+  std::string proposal = DidYouMean(argument, verbs);
+  // The verb was left out in front of a command.
+  if (proposal.empty() && FindCommand(argument)) proposal = ". Did you mean command " + argument + "?";
+  return "\"" + argument + "\" is no verb; there are: " + JoinedNames(verbs) + proposal;
+}
+
+// What is wrong with arguments that nothing takes. An option comes first, as its value is among them too.
+std::string UnexpectedArgument(const std::vector<std::string>& arguments, const CLI::App& app,
+                               const CLI::App* verb, const std::vector<std::string_view>& verbs) {
+  const auto option =
+      std::ranges::find_if(arguments, [](const std::string& argument) { return argument.starts_with('-'); });
+  if (option != arguments.end()) return NoSuchOption(*option, app, verb);
+  const std::string argument = Unguarded(arguments.front());
+  return verb ? verb->get_name() + " takes no argument \"" + argument + "\"" : NoSuchVerb(argument, verbs);
+}
+
+// What is wrong with the number of values of an option, which the library's message begins with.
+std::string WrongCount(const std::string& message, const CLI::App& app, const CLI::App* verb) {
+  const std::string name = message.substr(0, message.find(':'));
+  const CLI::Option* option = verb ? verb->get_option_no_throw(name) : nullptr;
+  if (!option) option = app.get_option_no_throw(name);
+  if (!option) return message;
+  if (option->get_expected_max() == 1 && option->count() > 1) return name + " is given more than once";
+  return name + " needs a value: " + name + " " + option->get_type_name();
+}
+
+std::string MissingArgument(const std::string& message, const CLI::App* verb) {
+  if (!verb) return message;
+  for (const CLI::Option* option : verb->get_options()) {
+    if (!option->get_required() || option->count() != 0) continue;
+    return verb->get_name() + " needs " + option->get_name() + ": " + option->get_description();
+  }
+  return message;
+}
+
+std::string TextOfMistake(const CLI::ParseError& error, const CLI::App& app,
+                          const std::vector<std::string_view>& verbs) {
+  const std::vector<const CLI::App*> parsed = app.get_subcommands({});
+  const auto found = std::ranges::find_if(parsed, [](const CLI::App* verb) { return verb->parsed(); });
+  const CLI::App* const verb = found == parsed.end() ? nullptr : *found;
+  const std::vector<std::string> unexpected = app.remaining(true);
+  std::string text = error.what();
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) && !unexpected.empty()) {
+    text = UnexpectedArgument(unexpected, app, verb, verbs);
+  } else if (dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
+    text = WrongCount(text, app, verb);
+  } else if (dynamic_cast<const CLI::RequiredError*>(&error)) {
+    text = MissingArgument(text, verb);
+  }
+  return text + (text.ends_with('?') ? "" : ".") + " qxhost --help tells more.";
+}
+
+std::string WithoutLastLineEnd(std::string text) {
+  if (text.ends_with('\n')) text.pop_back();
+  return text;
 }
 
 }  // namespace
@@ -159,23 +189,28 @@ void AddRequired(CLI::App& app, const std::string& name, std::string& target, co
 
 std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandLine& line, Output& output) {
   std::vector<std::unique_ptr<Verb>> verbs = MakeVerbs();
-  CLI::App app(kAbout, "qxhost");
+  CLI::App app(kHelpAbout, "qxhost");
+  app.set_version_flag("--version", kVersionText, "Print the version of this program and exit");
   app.allow_windows_style_options(false);  // /a/b is a path
   app.fallthrough();
   app.require_subcommand(0, 1);  // at most one, so that an ITEM may be named as a verb; none is told below
-  app.footer(kFooter);
+  app.footer(kHelpFooter);
   app.get_formatter()->column_width(22);
   app.get_formatter()->label("OPTIONS", "OPTION...");
   app.get_formatter()->label("SUBCOMMAND", "VERB ...");
+  app.get_formatter()->label("Positionals", "Arguments");
+  app.get_formatter()->label("REQUIRED", "");  // the usage shows it
   DeclareOptions(app, line.options);
 
   std::vector<CLI::App*> declared;
+  std::vector<std::string_view> names;
   for (const std::unique_ptr<Verb>& verb : verbs) {
     CLI::App* const sub = app.add_subcommand(verb->Name(), verb->Help());
     sub->group("Verbs");
-    sub->footer(verb->HelpFooter() + std::string("qxhost --help tells of the options, and shows examples."));
+    sub->footer(verb->HelpFooter() + std::string("`qxhost --help` shows the options, and more examples."));
     verb->Declare(*sub);
     declared.push_back(sub);
+    names.emplace_back(verb->Name());
   }
 
   arguments = Guarded(std::move(arguments));
@@ -187,20 +222,17 @@ std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandL
     std::ostringstream problem;
     const bool isHelp = app.exit(end, help, problem) == 0;
     if (isHelp) {
-      output.Line(help.str());
+      output.Line(WithoutLastLineEnd(help.str()));
       return kExitHandled;
     }
-    output.Problem(end.what() + std::string(". qxhost --help tells more."));
+    output.Problem(TextOfMistake(end, app, names));
     return kExitBadCall;
   }
-  std::string names;
   for (std::size_t index = 0; index < verbs.size(); ++index) {
-    if (!names.empty()) names += ", ";
-    names += verbs[index]->Name();
     if (declared[index]->parsed()) line.verb = std::move(verbs[index]);
   }
   if (line.verb) return std::nullopt;
-  output.Problem("say what to do: " + names + ". qxhost --help tells more.");
+  output.Problem("say what to do: " + JoinedNames(names) + ". qxhost --help tells more.");
   return kExitBadCall;
 }
 

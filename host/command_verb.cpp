@@ -1,5 +1,4 @@
-#include <charconv>
-
+#include "host/command_names.h"
 #include "host/failures.h"
 #include "host/run.h"
 #include "host/verb.h"
@@ -11,13 +10,10 @@ namespace {
 constexpr s32 kFirstRename = 30000;
 constexpr s32 kLastRename = 30060;
 
-s32 ParseNumber(const std::string& text) {
-  s32 number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) {
-    throw BadCall("\"" + text + "\" is no command number; `qxhost menu` shows them");
-  }
-  return number;
+// The command as a person reads it: its name, if it has one, and its number.
+std::string CommandTitle(s32 number) {
+  const std::string name(NameOfCommand(number));
+  return name.empty() ? std::to_string(number) : name + " (" + std::to_string(number) + ")";
 }
 
 class CommandVerb final : public Verb {
@@ -26,22 +22,39 @@ class CommandVerb final : public Verb {
   const char* Help() const override { return "Run one menu command on the selected items"; }
 
   void Declare(CLI::App& app) override {
-    AddRequired(app, "NUMBER", number_, "The command's number, as the verb menu shows it");
-    AddRest(app, "ITEM", items_, "Files and folders that are selected, in this order: /a/b or Z:\\a\\b");
+    AddRequired(app, "NUMBER|NAME", command_,
+                "The command's number, or its name or a beginning of it that no other name has");
+    AddRest(app, "ITEM", items_, "The selected files and folders, in this order: /a/b, Z:\\a\\b or relative");
+  }
+
+  const char* HelpFooter() const override {
+    return "Examples:\n"
+           "  qxhost --dry-run --answer ok command title-case *.TXT   what would be renamed\n"
+           "  qxhost --answer ok command title-case *.TXT             rename them\n"
+           "  qxhost --answer ok command 30002 *.TXT                  the same, by the number\n"
+           "  qxhost --answer ok command title-case -- -x.TXT         -- before ITEMs that begin with -\n"
+           "`qxhost menu` lists the commands with their numbers and names.\n";
   }
 
   const std::vector<std::string>& Items() const override { return items_; }
 
   void CheckDryRun() const override {
-    const s32 number = ParseNumber(number_);
+    const s32 number = CommandOfText(command_);
     if (number >= kFirstRename && number <= kLastRename) return;
-    throw BadCall("--dry-run holds back renames, and the command " + number_ +
-                  " is none: it is for the commands " + std::to_string(kFirstRename) + " to " +
-                  std::to_string(kLastRename));
+    throw BadCall("--dry-run holds back renames, and the command " + CommandTitle(number) +
+                  " is none: leave --dry-run out and work on a copy. It is for the commands " +
+                  std::to_string(kFirstRename) + " to " + std::to_string(kLastRename));
+  }
+
+  std::string NoteOfZero() const override {
+    const s32 number = CommandOfText(command_);
+    const bool isNamed = !NameOfCommand(number).empty();
+    return "the module did not handle the command " + CommandTitle(number) +
+           (isNamed ? ": it is still to come" : ": the menu has none of this number, as `qxhost menu` shows");
   }
 
   int Execute(Run& run) override {
-    const s32 number = ParseNumber(number_);
+    const s32 number = CommandOfText(command_);
     run.MakeConfigFolder();
     Extensions& extensions = run.LoadExtensions();
     extensions.Start();
@@ -51,7 +64,7 @@ class CommandVerb final : public Verb {
   }
 
  private:
-  std::string number_;
+  std::string command_;  // as it was typed
   std::vector<std::string> items_;
 };
 

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "host/failures.h"
+#include "host/nearest_name.h"
 
 namespace QxHost {
 namespace {
@@ -152,10 +153,13 @@ s32 Extensions::RunCommand(s32 number) {
 
 const DeclaredScriptCommand& Extensions::ScriptCommand(const std::string& name) const {
   if (const DeclaredScriptCommand* const command = shared_.scriptCommands.Find(name)) return *command;
-  std::string names;
-  for (const DeclaredScriptCommand& command : shared_.scriptCommands.commands)
-    names += (names.empty() ? "" : ", ") + command.name;
-  throw BadCall("\"" + name + "\" is no script command; there are: " + names);
+  std::string list;
+  std::vector<std::string_view> names;
+  for (const DeclaredScriptCommand& command : shared_.scriptCommands.commands) {
+    list += (list.empty() ? "" : ", ") + command.name;
+    names.push_back(command.name);
+  }
+  throw BadCall("\"" + name + "\" is no script command; there are: " + list + DidYouMean(name, names));
 }
 
 void Extensions::ReportScriptCommand(const std::string& name) const {

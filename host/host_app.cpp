@@ -16,6 +16,7 @@ namespace {
 using namespace Velmora::SDK;
 
 constexpr std::string_view kScriptCommandSet = "QX.Utils";
+constexpr u32 kFailedItems = 1;  // mode of kListResult
 
 // A folder with its separator. False, and an empty text, if it does not fit.
 bool GiveFolder(const WString& folder, WCHAR* buffer, u32 size) {
@@ -91,6 +92,7 @@ int HostApp::FileListRequest(u32 code, IHostFileList* list, u32 mode, u32) {
   for (u32 index = 0; index < list->GetCount(); ++index) {
     paths.push_back(static_cast<FileItem*>(list->GetItem(index))->FullPath());
   }
+  if (mode == kFailedItems && !paths.empty()) shared_.hasFailedFiles = true;
   shared_.reporter.List(code, mode, paths);
   return 1;
 }

@@ -7,7 +7,7 @@ namespace {
 class InfoVerb final : public Verb {
  public:
   const char* Name() const override { return "info"; }
-  const char* Help() const override { return "Show what extensions the module holds"; }
+  const char* Help() const override { return "Show the extensions that the module holds"; }
   void Declare(CLI::App&) override {}
 
   int Execute(Run& run) override {

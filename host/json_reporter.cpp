@@ -66,6 +66,7 @@ class JsonReporter final : public Reporter {
     for (const WString& menu : event.menus) path += ToUtf8(menu) + "/";
     Json line = {{"event", "menu"}, {"path", path + ToUtf8(event.text)}};
     line["number"] = event.kind == MenuEvent::kSubMenu ? Json(nullptr) : Json(event.number);
+    line["name"] = event.name.empty() ? Json(nullptr) : Json(event.name);
     line["id"] = event.id;
     line["display"] = event.display;
     line["text"] = ToUtf8(event.text);

@@ -7,7 +7,9 @@ namespace {
 class MenuVerb final : public Verb {
  public:
   const char* Name() const override { return "menu"; }
-  const char* Help() const override { return "Show the menu tree, with the number of each command"; }
+  const char* Help() const override {
+    return "Show the menu tree, with the number and the name of each command";
+  }
   void Declare(CLI::App&) override {}
 
   int Execute(Run& run) override {

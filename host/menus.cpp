@@ -2,12 +2,15 @@
 
 #include <algorithm>
 
+#include "host/command_names.h"
+
 namespace QxHost {
 
 CommandHandle Menus::CreateCommand(u32 number, u32, TextId text, TextId, u32 displayWord, u32) {
   onDeclared_(number);
   Row& row = all_.emplace_back();
-  row.event = {MenuEvent::kCommand, {}, number, text, displayWord, textOf_(text)};
+  const std::string name(NameOfCommand(number));
+  row.event = {MenuEvent::kCommand, {}, number, name, text, displayWord, textOf_(text)};
   return reinterpret_cast<CommandHandle>(&row);
 }
 
@@ -21,7 +24,7 @@ Menus::Row* Menus::MenuOf(MenuHandle handle) {
 
 MenuHandle Menus::AddMenu(std::vector<Row*>& rows, TextId id, WString text) {
   Row& row = all_.emplace_back();
-  row.event = {MenuEvent::kSubMenu, {}, 0, id, 0, std::move(text)};
+  row.event = {MenuEvent::kSubMenu, {}, 0, {}, id, 0, std::move(text)};
   rows.push_back(&row);
   return reinterpret_cast<MenuHandle>(&row);
 }

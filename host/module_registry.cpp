@@ -1,7 +1,6 @@
 #include "host/module_registry.h"
 
-#include <algorithm>
-
+#include "host/ascii_case.h"
 #include "host/language_table.h"
 
 namespace QxHost {
@@ -12,14 +11,7 @@ using Velmora::SDK::u32;
 // The high half is the same for all, so that a number is not taken for its low half by mistake.
 constexpr u32 kNumberBase = 0x00010000;
 
-char LowerCase(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
-}
-
-bool SameId(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return LowerCase(a) == LowerCase(b); });
-}
+bool SameId(std::string_view left, std::string_view right) { return AsciiLower(left) == AsciiLower(right); }
 
 }  // namespace
 

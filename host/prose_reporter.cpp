@@ -8,6 +8,7 @@ namespace QxHost {
 namespace {
 
 constexpr std::size_t kMenuTextWidth = 52;
+constexpr std::size_t kMenuNumberWidth = 5;
 constexpr std::size_t kParameterWidth = 24;
 
 std::string Hex(std::uint32_t number) {
@@ -85,7 +86,9 @@ class ProseReporter final : public Reporter {
     if (event.kind == MenuEvent::kCommand) {
       const std::size_t width = WidthOf(line);
       line.append(width < kMenuTextWidth ? kMenuTextWidth - width : 1, ' ');
-      line += " " + std::to_string(event.number);
+      std::string number = std::to_string(event.number);
+      if (!event.name.empty() && number.size() < kMenuNumberWidth) number.resize(kMenuNumberWidth, ' ');
+      line += " " + number + (event.name.empty() ? "" : "  " + event.name);
     }
     output_.Line(line);
   }

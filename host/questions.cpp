@@ -4,6 +4,8 @@
 #include <set>
 #include <utility>
 
+#include "host/ascii_case.h"
+#include "host/nearest_name.h"
 #include "host/paths.h"
 #include "platform/windows_api.h"
 
@@ -16,16 +18,13 @@ std::string Heading(const WString& title, const WString& text) {
   return heading + "\n";
 }
 
-char Lowered(char character) {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
 // The one button whose name begins with what was typed; so an empty line presses the only button of a box.
 std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::string_view line) {
+  const std::string lowered = AsciiLower(line);
   std::optional<BoxButton> found;
   for (const BoxButton& button : buttons) {
     const std::string_view beginning = std::string_view(button.name).substr(0, line.size());
-    if (!std::ranges::equal(beginning, line, {}, {}, Lowered)) continue;
+    if (beginning != lowered) continue;
     if (found) return std::nullopt;
     found = button;
   }
@@ -160,19 +159,16 @@ std::optional<std::size_t> Questions::AskChoice(const WString& title, const WStr
   return result;
 }
 
-bool Questions::SetField(const std::vector<DialogField>& fields, const std::string& name,
-                         const WString& value, std::string& mistake) {
-  const auto field = std::find_if(fields.begin(), fields.end(),
-                                  [&](const DialogField& candidate) { return candidate.name == name; });
+std::optional<Questions::FieldMistake> Questions::SetField(const std::vector<DialogField>& fields,
+                                                           const std::string& name, const WString& value) {
+  const auto field = std::ranges::find(fields, name, &DialogField::name);
   if (field == fields.end()) {
-    mistake = "there is no field " + name;
-    return false;
+    std::vector<std::string_view> names;
+    for (const DialogField& candidate : fields) names.push_back(candidate.name);
+    return FieldMistake{"there is no field " + name, DidYouMean(name, names)};
   }
-  if (!field->set(value)) {
-    mistake = "the field " + name + " cannot be " + ToUtf8(value);
-    return false;
-  }
-  return true;
+  if (!field->set(value)) return FieldMistake{"the field " + name + " cannot be " + ToUtf8(value), {}};
+  return std::nullopt;
 }
 
 // What is for this dialog. Where a field comes again under the dialog's name, that begins what the next one
@@ -199,11 +195,18 @@ std::vector<FormValue> Questions::TakeFormValues(const std::string& dialog) {
   return taken;
 }
 
+std::string Questions::FormFieldsLeft() const {
+  std::string list;
+  for (const FormValue& row : form_) list += (list.empty() ? "" : ", ") + row.field;
+  return list;
+}
+
 bool Questions::FillForm(const std::string& dialog, const std::vector<DialogField>& fields) {
-  std::string mistake;
   for (const FormValue& row : TakeFormValues(dialog)) {
-    if (SetField(fields, row.field, row.value, mistake)) continue;
-    Refuse(mistake + " in the dialog " + dialog + "; its fields are " + FieldList(fields));
+    const std::optional<FieldMistake> mistake = SetField(fields, row.field, row.value);
+    if (!mistake) continue;
+    Refuse(mistake->text + " in the dialog " + dialog + "; its fields are " + FieldList(fields) +
+           mistake->proposal);
     return false;
   }
   return true;
@@ -221,11 +224,13 @@ bool Questions::EditDialog(const WString& title, const WString& text,
     }
     prompt.clear();
     const std::size_t equals = line->find('=');
-    std::string mistake = "a value is given as FIELD=VALUE";
-    if (equals == std::string::npos ||
-        !SetField(fields, line->substr(0, equals), PathFromUtf8(line->substr(equals + 1)), mistake)) {
-      prompt = mistake + "\n";
+    if (equals == std::string::npos) {
+      prompt = "a value is given as FIELD=VALUE\n";
+      continue;
     }
+    const std::optional<FieldMistake> mistake =
+        SetField(fields, line->substr(0, equals), PathFromUtf8(line->substr(equals + 1)));
+    if (mistake) prompt = mistake->text + mistake->proposal + "\n";
   }
 }
 

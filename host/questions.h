@@ -72,13 +72,21 @@ class Questions {
 
   std::size_t AnswersLeft() const { return answers_.size(); }
   std::size_t FormValuesLeft() const { return form_.size(); }
+  // The fields of --form that no dialog has taken, as they were given: "D.find, D.replace".
+  std::string FormFieldsLeft() const;
 
  private:
+  // Why a field has not got its value, and the end of a message about it.
+  struct FieldMistake {
+    std::string text;
+    std::string proposal;
+  };
+
   std::optional<std::string> ReadAnswer(const std::string& prompt);
   std::vector<FormValue> TakeFormValues(const std::string& dialog);
   bool FillForm(const std::string& dialog, const std::vector<DialogField>& fields);
-  bool SetField(const std::vector<DialogField>& fields, const std::string& name, const WString& value,
-                std::string& mistake);
+  std::optional<FieldMistake> SetField(const std::vector<DialogField>& fields, const std::string& name,
+                                       const WString& value);
   bool EditDialog(const WString& title, const WString& text, const std::vector<DialogField>& fields);
 
   Reporter& reporter_;

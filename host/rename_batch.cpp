@@ -70,6 +70,7 @@ u32 FileOperation::Rename(FileItem* item, const QueuedRename& rename) {
   const u32 result = item ? RenameOne(*item, from, newName) : u32{ERROR_BAD_PATHNAME};
   reporter_.Rename({from, newName, result, dryRun_});
   if (result != kRenameDone && result != kRenameIgnored) {
+    hasFailed_ = true;
     output_.Problem("cannot rename " + ToUtf8(from) + " to " + ToUtf8(newName) + ": " + ErrorText(result));
   }
   if (result == kRenameDone && !dryRun_) items_.Rename(*item, newName);

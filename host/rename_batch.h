@@ -71,6 +71,9 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   void RunPathBatch(Velmora::SDK::IHostRenameBatch* batch,
                     Velmora::SDK::IRenameResultCallback* callback) override;
 
+  // Whether a rename has failed, or would have in a dry run. A name that stays is no failure.
+  bool HasFailed() const { return hasFailed_; }
+
  private:
   void Run(RenameBatch& batch, Velmora::SDK::IRenameResultCallback* callback);
   u32 RenameOne(const FileItem& item, const WString& from, const WString& newName);
@@ -83,6 +86,7 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   Reporter& reporter_;
   Output& output_;
   bool dryRun_;
+  bool hasFailed_ = false;
   std::unordered_map<const FileItem*, WString> dryPaths_;  // where an item would be by now
   std::unordered_set<WString> taken_;                      // by keys: paths that items would have by now
   std::unordered_set<WString> left_;                       // by keys: paths that items would have left

@@ -52,6 +52,7 @@ struct MenuEvent {
   Kind kind = kCommand;
   std::vector<WString> menus;  // the texts of the menus that it is in, the outermost first
   std::uint32_t number = 0;
+  std::string name;      // of a command, as qxhost takes it; empty if it has none
   std::uint32_t id = 0;  // text id; 0 for a separator and for a sub menu with a literal text
   std::uint32_t display = 0;
   WString text;

@@ -54,7 +54,7 @@ Answers ParseAnswers(const std::vector<std::string>& texts) {
   Answers answers;
   for (const std::string& text : texts) {
     const std::optional<Answer> answer = ParseAnswer(text);
-    if (!answer) throw BadCall("--answer: \"" + text + "\" is none of " + kAnswerForms);
+    if (!answer) throw BadCall("--answer: \"" + text + "\" is none of " + kAnswerForms + NearestAnswer(text));
     answers.push_back(*answer);
   }
   return answers;
@@ -178,10 +178,15 @@ int Run::Finish(int value, const std::string& noteOfZero) {
   if (const std::size_t left = questions_->AnswersLeft(); left != 0) {
     output_.Problem("note: answers given that nothing asked for: " + std::to_string(left));
   }
-  if (questions_->FormValuesLeft() != 0) output_.Problem("note: no dialog came that --form could fill");
+  if (questions_->FormValuesLeft() != 0) {
+    output_.Problem("note: no dialog came that --form could fill: " + questions_->FormFieldsLeft());
+  }
   if (questions_->HasRefused()) return kExitBadCall;
-  if (value == 0) output_.Problem("note: " + noteOfZero);
-  return value != 0 ? kExitHandled : kExitNotHandled;
+  if (value == 0) {
+    output_.Problem("note: " + noteOfZero);
+    return kExitNotHandled;
+  }
+  return shared_->hasFailedFiles || shared_->fileOperation.HasFailed() ? kExitFilesFailed : kExitHandled;
 }
 
 }  // namespace QxHost

@@ -28,7 +28,7 @@ class Run {
 
   void SaveSettings();
 
-  // Writes settings, tells the result and what was left over, and answers the exit status. `noteOfZero` says
+  // Writes settings, tells the result and what was left over, and returns the exit status. `noteOfZero` says
   // what a value of 0 means.
   int Finish(int value, const std::string& noteOfZero);
 

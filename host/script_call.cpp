@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "host/failures.h"
+#include "host/nearest_name.h"
 #include "host/paths.h"
 
 namespace QxHost {
@@ -42,8 +43,10 @@ void ScriptCall::Give(const std::string& argument) {
   const std::string key = argument.substr(0, equals);
   const Parameter* const parameter = command_.Find(key);
   if (!parameter) {
+    std::vector<std::string_view> names;
+    for (const Parameter& declared : command_.parameters) names.push_back(declared.name);
     throw BadCall(command_.name + " has no parameter \"" + key + "\"; `qxhost script " + command_.name +
-                  " --list` shows them");
+                  " --list` shows them" + DidYouMean(key, names));
   }
   const std::string& name = parameter->name;
   const bool hasValue = equals != std::string::npos;

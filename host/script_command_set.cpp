@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/ascii_case.h"
+
 namespace QxHost {
 namespace {
 
@@ -10,14 +12,11 @@ constexpr u32 kSwitch = 0x10;
 constexpr u32 kNumber = 0x40;
 constexpr u32 kRequired = 0x1000;
 
-char Lowered(char character) {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
 template <typename Rows>
 auto FindByName(const Rows& rows, std::string_view name) -> decltype(&rows.front()) {
-  const auto found = std::ranges::find_if(
-      rows, [name](const auto& row) { return std::ranges::equal(row.name, name, {}, Lowered, Lowered); });
+  const std::string lowered = AsciiLower(name);
+  const auto found =
+      std::ranges::find_if(rows, [&lowered](const auto& row) { return AsciiLower(row.name) == lowered; });
   return found != rows.end() ? &*found : nullptr;
 }
 

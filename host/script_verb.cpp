@@ -25,18 +25,21 @@ class ScriptVerb final : public Verb {
   const char* Help() const override { return "Run one script command, or show which there are"; }
 
   void Declare(CLI::App& app) override {
-    AddOptional(app, "NAME", name_, "The script command; without one all are shown");
+    AddOptional(app, "NAME", name_,
+                "The script command; without a name all are shown. Letter case does not matter");
     AddRest(app, "PARAMETER", parameters_,
             "KEY=VALUE, or KEY alone for a switch. A path may be /a/b, Z:\\a\\b or relative");
     AddFlag(app, "--list", list_, "Show the command with its parameters, and run nothing");
   }
 
   const char* HelpFooter() const override {
-    return "Example:\n"
+    return "Examples:\n"
+           "  qxhost script                    all script commands with their parameters\n"
+           "  qxhost script SortLines --list   the parameters of one\n"
            "  qxhost --answer ok script SortLines FILE=a.txt \"TARGET=*.sorted\" REVERSE\n"
-           "Each --answer answers the next question; a command that is SILENT asks none. --json gives one "
-           "JSON\n"
-           "object a line. ";
+           "                                   the lines of a.txt in reverse order, into a.sorted\n"
+           "Each --answer answers the next question; with SILENT a command asks none. --json gives one JSON "
+           "object a line.\n";
   }
 
   void CheckDryRun() const override {

@@ -65,6 +65,7 @@ struct Shared {
   SettingsFiles settings;
   ModuleRegistry modules;
   ScriptCommandSet scriptCommands;
+  bool hasFailedFiles = false;       // the module has handed back files at which it failed
   std::map<u32, u32> commandOwners;  // command number to extension index, as declared in the menus
 
   std::mutex mutex;  // guards what follows: it is used from the module's threads as well

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 
+#include "host/ascii_case.h"
 #include "host/whole_file.h"
 
 namespace QxHost {
@@ -107,18 +108,10 @@ std::size_t AsciiLength(std::string_view text) {
   return static_cast<std::size_t>(end - text.begin());
 }
 
-std::string Lower(std::string_view text) {
-  std::string result(text);
-  for (char& character : result) {
-    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character - 'A' + 'a');
-  }
-  return result;
-}
-
 }  // namespace
 
 std::optional<XmlEncoding> XmlEncodingOfName(std::string_view name) {
-  const std::string lower = Lower(name);
+  const std::string lower = AsciiLower(name);
   const auto* const found = std::find_if(std::begin(kNames), std::end(kNames),
                                          [&](const Named& named) { return named.name == lower; });
   return found == std::end(kNames) ? std::nullopt : std::optional(found->encoding);

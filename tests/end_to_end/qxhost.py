@@ -26,6 +26,9 @@ COMMAND = _command()
 IS_WINDOWS = COMMAND[-1].lower().endswith(".exe")
 TIMEOUT_SECONDS = 120
 
+# The value of the last event by exit status: handled, not handled, handled with failed files.
+RESULT_OF_STATUS = {0: 1, 1: 0, 4: 1}
+
 
 def windows_path(path):
     """The path of this system as the module is given it."""
@@ -111,11 +114,11 @@ class HostTest(unittest.TestCase):
         outcome = self.process(*call, *arguments, **keywords)
         self.assertEqual(outcome.status, status, outcome.stdout + outcome.stderr)
         outcome.events = [json.loads(line) for line in outcome.stdout.split("\n") if line]
-        if status in (0, 1):
-            self.assertEqual(outcome.events[-1], {"event": "result", "value": 1 - status})
+        if status in RESULT_OF_STATUS:
+            self.assertEqual(outcome.events[-1], {"event": "result", "value": RESULT_OF_STATUS[status]})
             self.assertEqual(len(outcome.of("result")), 1)
         return outcome
 
-    def command(self, number, *names, **keywords):
-        """Runs one command with these items of the folder selected."""
-        return self.run_json("command", str(number), *[self.path(name) for name in names], **keywords)
+    def command(self, command, *names, **keywords):
+        """Runs one command, given by its number or name, with these items of the folder selected."""
+        return self.run_json("command", str(command), *[self.path(name) for name in names], **keywords)

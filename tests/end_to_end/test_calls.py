@@ -1,4 +1,5 @@
 import os
+import re
 
 from qxhost import IS_WINDOWS, HostTest, windows_path
 
@@ -20,7 +21,7 @@ class Help(HostTest):
     def test_help_of_a_verb(self):
         outcome = self.process("command", "--help")
         self.assertEqual(outcome.status, 0)
-        self.assertIn("NUMBER", outcome.stdout)
+        self.assertIn("NUMBER|NAME", outcome.stdout)
         self.assertIn("ITEM", outcome.stdout)
 
     def test_help_of_script_shows_an_example_and_names_two_options(self):
@@ -28,6 +29,21 @@ class Help(HostTest):
         self.assertEqual(outcome.status, 0)
         for text in ("script SortLines FILE=", "--answer", "--json", "--list"):
             self.assertIn(text, outcome.stdout)
+
+
+class Version(HostTest):
+    def test_the_version_is_that_of_the_project_and_of_the_resources(self):
+        outcome = self.process("--version")
+        self.assertEqual((outcome.status, outcome.stderr), (0, ""))
+        version = re.fullmatch(r"qxhost ([0-9]+\.[0-9]+\.[0-9]+\.[0-9]+)\n", outcome.stdout).group(1)
+        self.assertIn("project(QXUtils VERSION %s " % version, self.source("CMakeLists.txt"))
+        resources = self.source("host/qxhost.rc")
+        self.assertIn('VALUE "FileVersion", "%s"' % version, resources)
+        self.assertIn("FILEVERSION " + version.replace(".", ", ") + "\n", resources)
+
+    def source(self, name):
+        with open(os.path.join(os.path.dirname(__file__), "..", "..", name), encoding="utf-8") as file:
+            return file.read()
 
 
 class BadCalls(HostTest):
@@ -55,7 +71,32 @@ class BadCalls(HostTest):
     def test_a_number_that_is_none(self):
         for number in ("x", "30000x", "", "99999999999", "0x7530"):
             with self.subTest(number=number):
-                self.assertIn("no command number", self.refused("command", number))
+                self.assertIn("\"%s\" is no command" % number, self.refused("command", number))
+
+    def test_the_nearest_word_is_proposed_for_a_mistyped_one(self):
+        self.make("a.txt")
+        for call, word in ((["comand", "30000", "a.txt"], "command"),
+                           (["--anwser", "ok", "command", "30000", "a.txt"], "--answer"),
+                           (["command", "uper-case", "a.txt"], "upper-case"),
+                           (["--answer", "okay", "command", "30000", "a.txt"], "ok"),
+                           (["script", "SortLine"], "SortLines"),
+                           (["script", "SortLines", "FILE=a.txt", "TARGTE=*.x"], "TARGET"),
+                           (["upper-case", "a.txt"], "command upper-case")):
+            with self.subTest(call=call):
+                self.assertIn(". Did you mean %s?" % word, self.refused(*call))
+        self.assertEqual(self.names(), ["a.txt"])
+
+    def test_nothing_is_proposed_where_no_word_is_near(self):
+        for call in (["frobnicate"], ["--colour", "info"], ["command", "frobnicate"], ["script", "Frobnicate"],
+                     ["--answer", "overwrite", "command", "30000"]):
+            with self.subTest(call=call):
+                self.assertNotIn("Did you mean", self.refused(*call))
+
+    def test_a_beginning_that_several_commands_have_lists_them_and_nothing_is_done(self):
+        self.make("a.txt")
+        message = self.refused("--answer", "ok", "command", "upper", "a.txt")
+        self.assertIn("upper-case, upper-case-base, upper-case-extension", message)
+        self.assertEqual(self.names(), ["a.txt"])
 
     def test_an_item_that_does_not_exist_and_nothing_is_done(self):
         self.make("a.txt")
@@ -114,6 +155,81 @@ class BadCalls(HostTest):
                     self.assertFalse(os.path.exists(self.config))
 
 
+class CommandNames(HostTest):
+    def test_a_command_is_run_by_its_number_its_name_or_a_beginning_of_it(self):
+        for command in ("30001", "lower-case", "Lower-Case"):
+            with self.subTest(command=command):
+                self.make("A.TXT")
+                outcome = self.command(command, "A.TXT", answers=["ok"])
+                self.assertEqual(outcome.renames, [("A.TXT", "a.txt", 0)])
+                os.remove(self.path("a.txt"))
+        self.make("A.TXT")
+        self.assertEqual(self.command("title-c", "A.TXT", answers=["ok"]).renames, [("A.TXT", "A.txt", 0)])
+
+    def test_a_name_that_begins_another_one_is_its_own_command(self):
+        with open(self.path("a.txt"), "wb") as file:
+            file.write(b"1\r\n2\r\n")
+        self.command("line-ends-to-cr", "a.txt", answers=["yes"])
+        with open(self.path("a.txt"), "rb") as file:
+            self.assertEqual(file.read(), b"1\r2\r")
+
+    def test_a_dry_run_takes_names_too(self):
+        self.make("a.txt")
+        self.run_json("--dry-run", "command", "upper-case", self.path("a.txt"), answers=["ok"])
+        self.assertEqual(self.names(), ["a.txt"])
+        outcome = self.process("--dry-run", "command", "sort-lines", self.path("a.txt"))
+        self.assertEqual((outcome.status, outcome.stdout), (2, ""))
+        self.assertIn("the command sort-lines (30150)", outcome.stderr)
+
+
+class ExitStatus(HostTest):
+    def test_0_when_all_was_done_and_when_a_question_was_cancelled(self):
+        self.make("a.txt")
+        self.command(30000, "a.txt", answers=["cancel"], status=0)
+        self.command(30000, "a.txt", answers=["ok"], status=0)
+
+    def test_0_when_a_name_stays_in_a_batch(self):
+        self.make("a.c", "b.h")
+        outcome = self.run_json("--focus", self.path("a.c"), "command", "30020", answers=["text=a"], status=0)
+        self.assertEqual([result for _, _, result in outcome.renames], [10])
+
+    def test_4_when_one_rename_of_several_fails_and_the_others_are_done(self):
+        self.make("a_b", "a b", "c_d")
+        outcome = self.command(30003, "a_b", "c_d", answers=["ok"], status=4)
+        self.assertEqual([result for _, _, result in outcome.renames], [183, 0])
+        self.assertEqual(self.names(), ["a b", "a_b", "c d"])
+
+    def test_4_when_a_rename_of_a_dry_run_would_fail(self):
+        self.make("a_b", "a b")
+        self.run_json("--dry-run", "command", "30003", self.path("a_b"), answers=["ok"], status=4)
+        self.assertEqual(self.names(), ["a b", "a_b"])
+
+    def test_4_when_files_are_handed_back_as_failed(self):
+        with open(self.path("a.bin"), "wb") as file:
+            file.write(bytes(range(256)) * 8)
+        outcome = self.run_json("script", "SortLines", "FILE=" + self.path("a.bin"), "TARGET=*.x", "SILENT", status=4)
+        failed = [event["items"] for event in outcome.of("list") if event["marker"] == 1]
+        self.assertEqual(failed, [[windows_path(self.path("a.bin"))]])
+
+    def test_0_when_the_list_of_failed_files_is_empty(self):
+        self.make("a.txt")
+        outcome = self.run_json("script", "SortLines", "FILE=" + self.path("a.txt"), "TARGET=*.x", "SILENT", status=0)
+        self.assertIn([], [event["items"] for event in outcome.of("list") if event["marker"] == 1])
+
+    def test_1_is_kept_when_the_module_did_not_handle_the_command(self):
+        outcome = self.command(30009, status=1)
+        self.assertIn("the menu has none of this number", outcome.stderr)
+
+    def test_2_comes_before_4(self):
+        with open(self.path("a.bin"), "wb") as file:
+            file.write(bytes(range(256)) * 8)
+        call = ["script", "SortLines", "FILE=" + self.path("a.bin"), "TARGET=*.x"]
+        self.run_json(*call, answers=["ok"], status=4)
+        # The closing message has the button OK alone.
+        outcome = self.run_json(*call, answers=["yes"], status=2)
+        self.assertEqual([event["marker"] for event in outcome.of("list") if event["items"]], [1])
+
+
 class FailingModules(HostTest):
     def test_a_module_that_is_not_there(self):
         outcome = self.process("--module", self.path("missing"), "info")
@@ -145,7 +261,7 @@ class Items(HostTest):
     def test_the_current_folder_and_those_above_it_are_not_renamed(self):
         self.make("inner/")
         for item in (".", "..", self.folder):
-            outcome = self.run_json("command", "30000", item, answers=["ok"], cwd=self.path("inner"))
+            outcome = self.run_json("command", "30000", item, answers=["ok"], cwd=self.path("inner"), status=4)
             self.assertEqual([rename["result"] for rename in outcome.of("rename")], [32])
         self.assertEqual(self.names(), ["inner/"])
         # A folder beside it whose name begins alike is another one.

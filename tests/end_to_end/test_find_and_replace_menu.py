@@ -185,7 +185,8 @@ if not IS_WINDOWS:
 
         def test_lists_that_do_not_fit_are_an_error_in_a_box_and_in_the_log(self):
             self.write("a.txt", b"text\n")
-            outcome = self.run_form(["a.txt"], ["findMode=Many", "find=a\nb", "replace=x"], ["ok", "ok", "ok"])
+            outcome = self.run_form(["a.txt"], ["findMode=Many", "find=a\nb", "replace=x"], ["ok", "ok", "ok"],
+                                    status=4)
             text = ("[Find and Replace] Error\r\n==========================\r\n"
                     "Find and Replace item do not match\r\n( ErrorCode : 87 )")
             self.assertEqual(outcome.questions[1], {"event": "question", "kind": "box", "title": "Error",

@@ -54,21 +54,40 @@ class Menu(HostTest):
             for number, name, _, _ in items:
                 self.assertEqual(texts[number], name)
 
+    def test_every_command_has_exactly_one_name_and_nothing_else_has_one(self):
+        events = self.tree()
+        commands = [event for event in events if event["number"]]
+        self.assertEqual(len(commands), 33 + 62)
+        names = [event["name"] for event in commands]
+        for name in names:
+            self.assertRegex(name, r"^[a-z][a-z0-9]*(-[a-z0-9]+)*$")
+        self.assertEqual(len(set(names)), len(names))
+        self.assertEqual({event["name"] for event in events if not event["number"]}, {None})
+
+    def test_some_names(self):
+        names = {event["number"]: event["name"] for event in self.tree() if event["number"]}
+        for number, name in ((30000, "upper-case"), (30010, "replace-x-with-y"), (30150, "sort-lines"),
+                             (30151, "find-and-replace"), (30210, "encode-base64"), (30350, "create-link"),
+                             (6161, "control-file-history")):
+            self.assertEqual(names[number], name)
+
     def test_no_text_is_missing(self):
         self.assertEqual(self.run_json("menu").of("missing-text"), [])
 
-    def test_the_prose_is_an_indented_tree_with_numbers_in_one_column(self):
+    def test_the_prose_is_an_indented_tree_with_numbers_and_names_in_columns(self):
         outcome = self.process("menu")
         self.assertEqual(outcome.status, 0)
         lines = outcome.stdout.split("\n")
         self.assertEqual(lines[:6], [
             "File Utils",
             "  Rename",
-            "    Full Name to UPPER CASE                          30000",
-            "    Base Name to UPPER CASE                          30030",
-            "    Extension to UPPER CASE                          30031",
+            "    Full Name to UPPER CASE                          30000  upper-case",
+            "    Base Name to UPPER CASE                          30030  upper-case-base",
+            "    Extension to UPPER CASE                          30031  upper-case-extension",
             "    ----",
         ])
+        self.assertIn("        File History                                 6161   control-file-history", lines)
+        self.assertEqual([line for line in lines if line != line.rstrip()], [])
 
     def test_a_text_that_is_not_in_the_table_is_missed_once(self):
         table = self.path("some.language")

@@ -7,7 +7,8 @@ from qxhost import IS_WINDOWS, HostTest, windows_path
 class NamesThatEndInDotsAndBlanks(HostTest):
     def test_a_listed_file_is_renamed_and_not_the_one_whose_name_lacks_the_dot(self):
         self.make("a.mp3", "a", "a.")
-        self.run_json("--focus", self.path("a.mp3"), "command", "30020", answers=["text=new"])
+        self.run_json("--focus", self.path("a.mp3"), "command", "30020", answers=["text=new"],
+                      status=4)
         # Two have the base name `a` and become `new`, of which the second finds the name taken.
         contents = {name: self.content(name) for name in self.names()}
         self.assertEqual(contents["new.mp3"], "a.mp3")
@@ -18,7 +19,8 @@ class NamesThatEndInDotsAndBlanks(HostTest):
 
     def test_each_rename_tells_the_file_that_was_renamed(self):
         self.make("a.mp3", "a", "a.")
-        outcome = self.run_json("--focus", self.path("a.mp3"), "command", "30020", answers=["text=new"])
+        outcome = self.run_json("--focus", self.path("a.mp3"), "command", "30020", answers=["text=new"],
+                                status=4)
         done = [(old, new) for old, new, result in outcome.renames if result == 0]
         self.assertEqual(len(done), 2)
         for old, new in done:
@@ -59,13 +61,13 @@ class DryRuns(HostTest):
     def test_a_target_that_an_earlier_rename_takes_is_refused(self):
         self.make("a_b c", "a b_c")
         outcome = self.run_json("--dry-run", "command", "30003", self.path("a_b c"), self.path("a b_c"),
-                                answers=["ok"])
+                                answers=["ok"], status=4)
         self.assertEqual(outcome.renames, [("a_b c", "a b c", 0), ("a b_c", "a b c", 183)])
         self.assertEqual(self.names(), ["a b_c", "a_b c"])
 
     def test_a_target_that_stands_is_refused(self):
         self.make("a_b", "a b")
-        outcome = self.run_json("--dry-run", "command", "30003", self.path("a_b"), answers=["ok"])
+        outcome = self.run_json("--dry-run", "command", "30003", self.path("a_b"), answers=["ok"], status=4)
         self.assertEqual(outcome.renames, [("a_b", "a b", 183)])
 
 

@@ -99,7 +99,7 @@ class Confirmation(HostTest):
 class Renames(HostTest):
     def test_a_target_that_exists_is_not_replaced_and_the_others_go_on(self):
         self.make("a_b.txt", "a b.txt", "c_d.txt")
-        outcome = self.command(30003, "a_b.txt", "c_d.txt", answers=["ok"])
+        outcome = self.command(30003, "a_b.txt", "c_d.txt", answers=["ok"], status=4)
         self.assertEqual(outcome.renames, [("a_b.txt", "a b.txt", 183), ("c_d.txt", "c d.txt", 0)])
         self.assertEqual(self.names(), ["a b.txt", "a_b.txt", "c d.txt"])
         self.assertEqual((self.content("a b.txt"), self.content("a_b.txt")), ("a b.txt", "a_b.txt"))
@@ -182,6 +182,6 @@ if not IS_WINDOWS:
 
         def test_a_name_that_windows_cannot_have_is_refused_without_harm(self):
             self.make("a:b_c.txt", "d_e.txt")
-            outcome = self.command(30003, "a:b_c.txt", "d_e.txt", answers=["ok"])
+            outcome = self.command(30003, "a:b_c.txt", "d_e.txt", answers=["ok"], status=4)
             self.assertEqual(outcome.renames, [("a:b_c.txt", "a:b c.txt", 123), ("d_e.txt", "d e.txt", 0)])
             self.assertEqual(self.names(), ["a:b_c.txt", "d e.txt"])

@@ -24,7 +24,7 @@ class SameBaseName(HostTest):
 
     def test_a_file_without_a_dot_is_refused_without_harm(self):
         self.make("a", "a.c")
-        outcome = self.command(30020, "a.c", answers=["text=new"])
+        outcome = self.command(30020, "a.c", answers=["text=new"], status=4)
         self.assertEqual(outcome.renames, [("a", "", 123), ("a.c", "new.c", 0)])
         self.assertIn("(123)", outcome.stderr)
         self.assertEqual(self.names(), ["a", "new.c"])
@@ -57,7 +57,7 @@ class SameBaseName(HostTest):
         self.make("a.c", "x/")
         for text in ("..\\x\\b", "x/b", "a:b", "*", "a\tb"):
             with self.subTest(text=text):
-                outcome = self.command(30020, "a.c", answers=["text=" + text])
+                outcome = self.command(30020, "a.c", answers=["text=" + text], status=4)
                 self.assertEqual(outcome.renames, [("a.c", text + ".c", 123)])
                 self.assertEqual((self.names(), self.names("x")), (["a.c", "x/"], []))
 

@@ -79,7 +79,7 @@ class Modes(FindTest):
     def test_ignorecase_and_overwrite_are_meant_to_have_no_effect(self):
         self.assertEqual(self.replaced(b"two Two\n", "two", "2", "IGNORECASE", changes=1), b"2 Two\n")
         self.write("in.new", b"old")
-        outcome = self.script("in.txt", "two", "2", "OVERWRITE")
+        outcome = self.script("in.txt", "two", "2", "OVERWRITE", status=4)
         self.assertEqual(outcome.of("log"), [self.exists_line("in.new")])
         self.assertEqual(self.read("in.new"), b"old")
 
@@ -165,13 +165,13 @@ class Saving(FindTest):
     def test_an_existing_target_is_skipped_in_silence_and_counts_as_failed(self):
         self.write("a.txt", b"two\n")
         self.write("old.txt", b"old")
-        outcome = self.script("a.txt", "two", "2", target="old.txt")
+        outcome = self.script("a.txt", "two", "2", target="old.txt", status=4)
         self.assertEqual(outcome.events[:-1], [self.exists_line("old.txt")] + self.lists(failed=["a.txt"]))
         self.assertEqual(self.read("old.txt"), b"old")
 
     def test_the_file_itself_is_skipped_in_silence(self):
         self.write("a.txt", b"two\n")
-        outcome = self.script("a.txt", "two", "2", target="*.*")
+        outcome = self.script("a.txt", "two", "2", target="*.*", status=4)
         self.assertEqual(outcome.of("log"), [self.exists_line("a.txt")])
         self.assertEqual((self.names(), self.read("a.txt")), (["a.txt"], b"two\n"))
 
@@ -226,7 +226,7 @@ class Saving(FindTest):
 
     def test_an_empty_target_is_the_folder_which_is_meant(self):
         self.write("a.txt", b"two\n")
-        outcome = self.script("a.txt", "two", "2", target="")
+        outcome = self.script("a.txt", "two", "2", target="", status=4)
         line = self.exists_line("")
         self.assertTrue(line["text"].endswith("\\files\\"), line)
         self.assertEqual(outcome.events[:-1], [line] + self.lists(failed=["a.txt"]))
@@ -277,7 +277,7 @@ class Failures(FindTest):
 
     def failed(self, code, text, find, replace, *parameters, data=b"a b\n"):
         self.write("a.txt", data)
-        outcome = self.script("a.txt", find, replace, "KEEPBACKUP", *parameters, target="*.*")
+        outcome = self.script("a.txt", find, replace, "KEEPBACKUP", *parameters, target="*.*", status=4)
         self.assertEqual(outcome.events[:-1],
                          [self.error_line(code, text), self.failed_line("a.txt")] + self.lists(failed=["a.txt"]))
         self.assertEqual((self.names(), self.read("a.txt")), (["a.txt"], data))
@@ -294,7 +294,7 @@ class Failures(FindTest):
 
     def test_a_target_that_cannot_be_made(self):
         self.write("a.txt", b"two\n")
-        outcome = self.script("a.txt", "two", "2", target="none\\a.new")
+        outcome = self.script("a.txt", "two", "2", target="none\\a.new", status=4)
         path = windows_path(self.path("none", "a.new"))
         self.assertEqual(outcome.events[:-1],
                          [self.error_line(3, "Unable to open file for writing : " + path), self.failed_line("a.txt")]
@@ -324,7 +324,8 @@ class Questions(FindTest):
     def test_no_skips_and_the_summary_counts_no_file(self):
         self.write("a.txt", b"two\n")
         self.write("old.txt", b"old")
-        outcome = self.script("a.txt", "two", "2", "REPLACEALL", target="old.txt", silent=False, answers=["no", "ok"])
+        outcome = self.script("a.txt", "two", "2", "REPLACEALL", target="old.txt", silent=False,
+                              answers=["no", "ok"], status=4)
         self.assertEqual(outcome.events[:-1],
                          [dict(YES_NO_CANCEL, answer="no"), self.exists_line("old.txt")] + self.lists(failed=["a.txt"])
                          + [dict(self.summary(0), text="Changes made: 0. Files done: 0")])
@@ -339,7 +340,8 @@ class Questions(FindTest):
 
     def test_an_error_is_shown_and_logged_and_lowers_the_sum_which_is_meant(self):
         self.write("a.txt", b"a\n")
-        outcome = self.script("a.txt", "a\\nb", "x", "MODE=Many", "REPLACEALL", silent=False, answers=["ok", "ok"])
+        outcome = self.script("a.txt", "a\\nb", "x", "MODE=Many", "REPLACEALL", silent=False, answers=["ok", "ok"],
+                              status=4)
         questions = outcome.questions
         self.assertEqual([(question["title"], question["text"].replace("\r\n", "\n"), question["answer"])
                           for question in questions[:1]],

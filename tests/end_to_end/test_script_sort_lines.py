@@ -209,20 +209,20 @@ class Failures(SortTest):
                                    % windows_path(self.path("none.txt")))])
         self.assertEqual(self.names(), [])
 
-    def test_a_binary_file_fails_and_the_call_succeeds(self):
+    def test_a_binary_file_fails_and_is_handed_back(self):
         self.write("a.bin", b"\x00\x01\x02\n\x00\xff")
-        outcome = self.script("a.bin")
+        outcome = self.script("a.bin", status=4)
         self.assertEqual(outcome.events[:-1], [self.failed_line("a.bin")] + self.lists(failed_files=["a.bin"]))
         self.assertEqual(self.names(), ["a.bin"])
 
     def test_utf_8_with_its_mark_fails(self):
         self.write("a.txt", b"\xef\xbb\xbfb\na\n")
-        self.assertEqual(self.script("a.txt").of("log"), [self.failed_line("a.txt")])
+        self.assertEqual(self.script("a.txt", status=4).of("log"), [self.failed_line("a.txt")])
         self.assertEqual(self.names(), ["a.txt"])
 
     def test_a_folder_fails(self):
         self.make("dir/")
-        self.assertEqual(self.script("dir").of("log"), [self.failed_line("dir")])
+        self.assertEqual(self.script("dir", status=4).of("log"), [self.failed_line("dir")])
 
     def test_without_target_nothing_happens(self):
         self.write("a.txt", b"b\na\n")

@@ -67,7 +67,7 @@ class SortLinesMenu(SortLinesMenuTest):
 
     def test_a_file_that_is_not_text_fails_and_is_told(self):
         self.write("a.bin", b"\x00\x01\x02\n\x00")
-        outcome = self.command(30150, "a.bin", answers=["ok", "ok"])
+        outcome = self.command(30150, "a.bin", answers=["ok", "ok"], status=4)
         self.assertEqual([(event["level"], event["text"]) for event in outcome.of("log")],
                          [(30, "[SortLines] - Failed to sortline in file : " + windows_path(self.path("a.bin")))])
         self.assertEqual(self.names(), ["a.bin"])

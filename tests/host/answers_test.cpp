@@ -25,6 +25,17 @@ TEST(Answers, NothingElseIsAnAnswer) {
   }
 }
 
+TEST(Answers, TheNearestWordIsProposedForAMistypedOne) {
+  EXPECT_EQ(NearestAnswer("OK"), ". Did you mean ok?");
+  EXPECT_EQ(NearestAnswer("okay"), ". Did you mean ok?");
+  EXPECT_EQ(NearestAnswer("cancle"), ". Did you mean cancel?");
+  EXPECT_EQ(NearestAnswer("text"), ". Did you mean text=?");
+  EXPECT_EQ(NearestAnswer("txet=some=thing"), ". Did you mean text=?");
+  EXPECT_EQ(NearestAnswer("choise=4"), ". Did you mean choice=?");
+  EXPECT_EQ(NearestAnswer("overwrite"), "");
+  EXPECT_EQ(NearestAnswer(""), "");
+}
+
 TEST(Answers, AreWrittenAsTheyAreRead) {
   for (const char* text : {"ok", "yes", "no", "cancel", "text=", "text=a b", "choice=x"}) {
     EXPECT_EQ(AnswerText(*ParseAnswer(text)), text);

@@ -66,6 +66,55 @@ TEST_F(CommandLineTest, HelpEndsTheCallWellAndMistakesDoNot) {
   }
 }
 
+TEST_F(CommandLineTest, TheVersionEndsTheCallWell) {
+  EXPECT_EQ(Parse({"--version"}), 0);
+  EXPECT_EQ(recorded_.Out(), "qxhost 1.3.0.0\n");
+  EXPECT_EQ(recorded_.problems, "");
+}
+
+// Each call and its message, without the name of the program and the sentence at the end.
+TEST_F(CommandLineTest, AMistakeIsNamedAndTheNearestWordProposed) {
+  const std::pair<std::vector<std::string>, std::string> calls[] = {
+      {{"comand", "30000", "a"},
+       R"("comand" is no verb; there are: info, menu, command, script. Did you mean command?)"},
+      {{"Menu"}, R"("Menu" is no verb; there are: info, menu, command, script. Did you mean menu?)"},
+      {{"frobnicate"}, R"("frobnicate" is no verb; there are: info, menu, command, script.)"},
+      {{"sort-lines", "a"},
+       R"("sort-lines" is no verb; there are: info, menu, command, script. Did you mean command sort-lines?)"},
+      {{"30150"},
+       R"("30150" is no verb; there are: info, menu, command, script. Did you mean command 30150?)"},
+      {{"--", "-x"}, R"("-x" is no verb; there are: info, menu, command, script.)"},
+      {{"--anwser", "ok", "command", "30000"}, "command has no option --anwser. Did you mean --answer?"},
+      {{"command", "30000", "a", "--anwser=ok"}, "command has no option --anwser. Did you mean --answer?"},
+      {{"--dry", "menu"}, "menu has no option --dry. Did you mean --dry-run?"},
+      {{"script", "--lst"}, "script has no option --lst. Did you mean --list?"},
+      {{"menu", "--list"}, "menu has no option --list."},
+      {{"-json", "info"}, "info has no option -json. Did you mean --json?"},
+      {{"--verson"}, "there is no option --verson. Did you mean --version?"},
+      {{"--colour"}, "there is no option --colour."},
+      {{"info", "[extra]"}, R"(info takes no argument "[extra]".)"},
+      {{"info", "--module"}, "--module needs a value: --module PATH."},
+      {{"--answer", "ok", "--answer", "ok", "info", "--answer"}, "--answer needs a value: --answer A."},
+      {{"--focus", "a", "info", "--focus", "b"}, "--focus is given more than once."},
+      {{}, "say what to do: info, menu, command, script."},
+  };
+  for (const auto& [arguments, message] : calls) {
+    recorded_.problems.clear();
+    CommandLine line;
+    EXPECT_EQ(ParseCommandLine(arguments, line, recorded_.output), 2);
+    EXPECT_EQ(recorded_.problems, "qxhost: " + message + " qxhost --help tells more.\n");
+  }
+  EXPECT_EQ(recorded_.Out(), "");
+}
+
+TEST_F(CommandLineTest, AMissingCommandIsNamedWithWhatItIs) {
+  EXPECT_EQ(Parse({"command"}), 2);
+  EXPECT_EQ(
+      recorded_.problems,
+      "qxhost: command needs NUMBER|NAME: The command's number, or its name or a beginning of it that no "
+      "other name has. qxhost --help tells more.\n");
+}
+
 TEST_F(CommandLineTest, AScriptCommandHasNoItems) {
   EXPECT_EQ(Parse({"script", "Name", "KEY=[a,b]", "--json", "[x]", "ITEMSEP=,"}), std::nullopt);
   EXPECT_STREQ(line_.verb->Name(), "script");
@@ -87,6 +136,8 @@ TEST_F(CommandLineTest, ADryRunIsForQuickRenamesAndForWhatChangesNothing) {
                                              {"script", "SortLines", "--list"},
                                              {"command", "30000"},
                                              {"command", "30010"},
+                                             {"command", "title-case"},
+                                             {"command", "set-e"},
                                              {"command", "30060"}}) {
     CommandLine line;
     EXPECT_EQ(ParseCommandLine(arguments, line, recorded_.output), std::nullopt);
@@ -98,6 +149,7 @@ TEST_F(CommandLineTest, ADryRunIsForQuickRenamesAndForWhatChangesNothing) {
                                              {"command", "29999"},
                                              {"command", "30061"},
                                              {"command", "30150"},
+                                             {"command", "sort-lines"},
                                              {"command", "31000"},
                                              {"command", "x"}}) {
     CommandLine line;

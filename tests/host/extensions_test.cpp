@@ -289,7 +289,8 @@ TEST_F(ExtensionsTest, AScriptCommandThatIsNoneNamesThoseThereAre) {
     extensions.ScriptCommand("Joins");
     FAIL() << "nothing was thrown";
   } catch (const BadCall& refusal) {
-    EXPECT_STREQ(refusal.what(), "\"Joins\" is no script command; there are: Join, Split");
+    EXPECT_STREQ(refusal.what(),
+                 "\"Joins\" is no script command; there are: Join, Split. Did you mean Join?");
   }
   EXPECT_THROW(RunScript(extensions, "Join", {}), BadCall);
   EXPECT_THAT(calls, IsEmpty());
@@ -509,6 +510,30 @@ TEST_F(ExtensionsTest, ScriptCommandsAreRecordedOnceAndOnlyInTheirSet) {
   EXPECT_EQ(command.parameters.front().flags, 4128u);
 }
 
+TEST_F(ExtensionsTest, ACommandOfTheMenuIsReportedWithItsName) {
+  extensionCount = 1;
+  onRegister = [](IHostApp& host) {
+    IHostMenuBuilder& menus = *host.GetMenuBuilder();
+    const MenuHandle root = menus.CreateRootMenu(0, 1, 0);
+    for (const u32 number : {30150u, 6161u, 6163u}) {
+      menus.AddCommand(root, host.GetCommandFactory()->CreateCommand(number, 0, 0, 0, 9, 0), 1, 0);
+    }
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.ReportMenus();
+  EXPECT_THAT(
+      recorded_.Out(),
+      testing::EndsWith(
+          R"({"event":"menu","path":"/","number":30150,"name":"sort-lines","id":0,"display":9,"text":""})"
+          "\n"
+          R"({"event":"menu","path":"/","number":6161,"name":"control-file-history","id":0,"display":9,"text":""})"
+          "\n"
+          R"({"event":"menu","path":"/","number":6163,"name":null,"id":0,"display":9,"text":""})"
+          "\n"));
+}
+
 TEST_F(ExtensionsTest, MenuHandlesThatWereNotGivenOutAreRefused) {
   extensionCount = 1;
   onRegister = [](IHostApp& host) {
@@ -530,14 +555,15 @@ TEST_F(ExtensionsTest, MenuHandlesThatWereNotGivenOutAreRefused) {
   Extensions extensions(shared_, exports_);
   extensions.Start();
   extensions.ReportMenus();
-  EXPECT_EQ(recorded_.Out(), R"({"event":"menu","path":"","number":null,"id":0,"display":0,"text":""})"
-                             "\n"
-                             R"({"event":"menu","path":"/","number":7,"id":0,"display":9,"text":""})"
-                             "\n"
-                             R"({"event":"menu","path":"/sub","number":null,"id":0,"display":0,"text":"sub"})"
-                             "\n"
-                             R"({"event":"menu","path":"/sub/","number":7,"id":0,"display":9,"text":""})"
-                             "\n");
+  EXPECT_EQ(recorded_.Out(),
+            R"({"event":"menu","path":"","number":null,"name":null,"id":0,"display":0,"text":""})"
+            "\n"
+            R"({"event":"menu","path":"/","number":7,"name":null,"id":0,"display":9,"text":""})"
+            "\n"
+            R"({"event":"menu","path":"/sub","number":null,"name":null,"id":0,"display":0,"text":"sub"})"
+            "\n"
+            R"({"event":"menu","path":"/sub/","number":7,"name":null,"id":0,"display":9,"text":""})"
+            "\n");
 }
 
 }  // namespace

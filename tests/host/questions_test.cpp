@@ -225,6 +225,28 @@ TEST_F(QuestionsTest, AWrongFieldOrValueCancelsTheDialogAndListsTheFields) {
   EXPECT_THAT(recorded_.problems, HasSubstr("the field digit cannot be x"));
 }
 
+TEST_F(QuestionsTest, TheNearestFieldIsProposedForAMistypedOne) {
+  EXPECT_FALSE(Ask({"ok"}, {{"diigt", W("2")}}).AskDialog("D", W("T"), W("Top"), Fields()));
+  EXPECT_EQ(recorded_.problems,
+            "qxhost: there is no field diigt in the dialog D; its fields are text=old, digit=1. "
+            "Did you mean digit?\n");
+  recorded_.problems.clear();
+  // The word that lists the fields is near to none of them.
+  EXPECT_FALSE(Ask({"ok"}, {{"help", W("")}}).AskDialog("D", W("T"), W("Top"), Fields()));
+  EXPECT_THAT(recorded_.problems, testing::EndsWith("its fields are text=old, digit=1\n"));
+  recorded_.problems.clear();
+  EXPECT_TRUE(AskPerson({"Text=new", "ok"}).AskDialog("D", W("T"), W("Top"), Fields()));
+  EXPECT_THAT(recorded_.problems, HasSubstr("there is no field Text. Did you mean text?\n"));
+}
+
+TEST_F(QuestionsTest, FieldsThatNoDialogHasTakenAreNamed) {
+  Questions& questions = Ask({"ok"}, {{"text", W("a")}, {"E.text", W("b")}, {"E.digit", W("3")}});
+  EXPECT_TRUE(questions.AskDialog("D", W("T"), W("Top"), Fields()));
+  EXPECT_EQ(questions.FormFieldsLeft(), "E.text, E.digit");
+  EXPECT_TRUE(Ask({"ok"}, {}).AskDialog("D", W("T"), W("Top"), Fields()));
+  EXPECT_EQ(questions_->FormFieldsLeft(), "");
+}
+
 TEST_F(QuestionsTest, APersonIsAskedUntilTheAnswerFits) {
   EXPECT_EQ(AskPerson({"what", "", "ok"}).AskBox(W("T"), W("text"), 1), 1);
   EXPECT_EQ(AskPerson({}).AskBox(W("T"), W("text"), 1), 2);

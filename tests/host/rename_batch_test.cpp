@@ -166,6 +166,28 @@ TEST_F(RenameBatchTest, PathsFollowAFolderThatTheSameBatchRenames) {
   batch->Release();
 }
 
+TEST_F(RenameBatchTest, AFailedRenameIsRememberedAndANameThatStaysIsNone) {
+  scratch_.Write(W("a"), "");
+  scratch_.Write(W("b"), "");
+  const auto fails = [this](const WCHAR* name, const WCHAR* newName, bool dryRun) {
+    FileOperation operation(tree_, *reporter_, recorded_.output, dryRun);
+    EXPECT_FALSE(operation.HasFailed());
+    IHostRenameBatch* const batch = operation.CreateRenameBatch();
+    batch->AddByItem(tree_.Find(scratch_.Path(name)), newName, nullptr);
+    batch->AddByItem(tree_.Find(scratch_.Path(W("b"))), W("b"), nullptr);
+    operation.RunBatch(batch, nullptr);
+    batch->Release();
+    return operation.HasFailed();
+  };
+  EXPECT_TRUE(fails(W("a"), W("b"), false));
+  EXPECT_TRUE(fails(W("a"), W("b"), true));
+  EXPECT_TRUE(fails(W("a"), W("*"), false));
+  EXPECT_FALSE(fails(W("a"), W("a"), false));
+  EXPECT_FALSE(fails(W("a"), W("a"), true));
+  EXPECT_FALSE(fails(W("a"), W("c"), true));
+  EXPECT_FALSE(fails(W("a"), W("c"), false));
+}
+
 // A dry run, so that even a host that took such a path for the current folder would rename nothing.
 TEST_F(RenameBatchTest, ADriveAndWhatIsNoFullPathAreNotRenamed) {
   FileOperation operation(tree_, *reporter_, recorded_.output, true);

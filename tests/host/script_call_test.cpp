@@ -114,6 +114,15 @@ TEST(ScriptCall, RefusesWhatIsNoneAndNamesIt) {
   EXPECT_EQ(Refusal({"FILE=Z:a"}), "FILE: \"Z:a\" is no path");
 }
 
+TEST(ScriptCall, ProposesTheNearestParameter) {
+  EXPECT_EQ(Refusal({"FIEL=/a"}),
+            "Sort has no parameter \"FIEL\"; `qxhost script Sort --list` shows them. Did you mean FILE?");
+  EXPECT_EQ(Refusal({"FILE=/a", "quit"}),
+            "Sort has no parameter \"quit\"; `qxhost script Sort --list` shows them. Did you mean QUIET?");
+  EXPECT_EQ(Refusal({"FILE=/a", "COLOUR=red"}),
+            "Sort has no parameter \"COLOUR\"; `qxhost script Sort --list` shows them");
+}
+
 TEST(ScriptCall, NamesARequiredParameterThatIsMissing) {
   EXPECT_EQ(Refusal({}), "Sort needs FILE=TEXT: The file");
   EXPECT_EQ(Refusal({"WORD=x", "QUIET"}), "Sort needs FILE=TEXT: The file");

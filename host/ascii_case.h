@@ -1,0 +1,19 @@
+// Letter case of names that are ASCII, whatever the locale is.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace QxHost {
+
+constexpr char AsciiLower(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+inline std::string AsciiLower(std::string_view text) {
+  std::string lowered(text);
+  for (char& character : lowered) character = AsciiLower(character);
+  return lowered;
+}
+
+}  // namespace QxHost
