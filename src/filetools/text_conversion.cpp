@@ -52,6 +52,8 @@ class ByteSource {
     return {buffer_.get() + position_, filled_ - position_};
   }
   void Drop(std::size_t count) { position_ += count; }
+  // Returns whether the bytes ended at a read that failed.
+  bool HasFailed() const { return hasFailed_; }
 
  private:
   static constexpr std::size_t kScanGuard = 16;
@@ -59,7 +61,8 @@ class ByteSource {
   void Refill() {
     position_ = filled_ = 0;
     if (isAtEnd_) return;
-    isAtEnd_ = !file_.Read(buffer_.get(), kStreamBytes, &filled_) || filled_ < kStreamBytes;
+    hasFailed_ = !file_.Read(buffer_.get(), kStreamBytes, &filled_);
+    isAtEnd_ = hasFailed_ || filled_ < kStreamBytes;
   }
 
   FileInput file_;
@@ -67,6 +70,7 @@ class ByteSource {
   std::size_t filled_ = 0;
   std::size_t position_ = 0;
   bool isAtEnd_ = false;
+  bool hasFailed_ = false;
 };
 
 class TextConverter {
@@ -74,17 +78,18 @@ class TextConverter {
   TextConverter(const ConversionRow& row, std::uint32_t tabWidth, ByteSource& source, FileOutput& target)
       : row_(row), tab_(kBlanks.substr(0, tabWidth)), source_(source), target_(target) {}
 
-  bool Run() {
+  // Stops at a write that fails, and passes a failure of the last one over.
+  void Run(ConvertedText& result) {
     for (;;) {
       const std::string_view bytes = source_.Bytes();
       if (bytes.empty()) break;
       const std::size_t kept = FirstToConvert(bytes);
-      if (!target_.Add(bytes.data(), kept)) return false;
+      if (!target_.Add(bytes.data(), kept)) return;
       source_.Drop(kept);
-      if (kept < bytes.size() && !Convert(bytes[kept])) return false;
+      if (kept < bytes.size() && !Convert(bytes[kept])) return;
     }
-    target_.Flush();
-    return true;
+    result.isConverted = true;
+    result.isWhole = target_.Flush() && !source_.HasFailed();
   }
 
  private:
@@ -117,11 +122,19 @@ class TextConverter {
 
 }  // namespace
 
-bool ConvertTextFile(const WString& source, const WString& target, s32 conversion, std::uint32_t tabWidth) {
+ConvertedText ConvertText(const WString& source, const WString& target, s32 conversion,
+                          std::uint32_t tabWidth) {
+  ConvertedText result;
   const auto* const row = std::ranges::find(kConversions, conversion, &ConversionRow::number);
-  if (row == std::end(kConversions)) return false;
+  if (row == std::end(kConversions)) return result;
   ByteSource from;
   FileOutput to;
-  if (!from.Open(source) || !to.Create(target, false)) return false;
-  return TextConverter(*row, std::min(tabWidth, kMostBlanks), from, to).Run();
+  if (!from.Open(source) || !to.Create(target, false)) return result;
+  result.isTargetNew = true;
+  TextConverter(*row, std::min(tabWidth, kMostBlanks), from, to).Run(result);
+  return result;
+}
+
+bool ConvertTextFile(const WString& source, const WString& target, s32 conversion, std::uint32_t tabWidth) {
+  return ConvertText(source, target, conversion, tabWidth).isConverted;
 }

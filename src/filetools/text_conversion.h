@@ -15,19 +15,34 @@ enum TextConversion : Velmora::SDK::s32 {
   kTabsToBlanks = 30110
 };
 
-// Writes the converted text to a new file. False if the source cannot be opened, the target exists or cannot
-// be made, or a write fails. A read that fails ends the text, and a failure of the very last write is not
-// told: the answer is true all the same, which is meant. `tabWidth` is for kTabsToBlanks; 0 drops the tabs.
+// What became of a conversion.
+struct ConvertedText {
+  bool isTargetNew = false;  // the target is a file that this run has made
+  bool isConverted = false;  // what ConvertTextFile returns
+  bool isWhole = false;      // the text was converted, and no read and no write failed
+};
+
+// Writes the converted text to a new file, which must not exist. `tabWidth` is for kTabsToBlanks; 0 drops the
+// tabs.
 //
-// The byte behind a CR is fetched with it. If it is no LF it is written as it stands, so the second of two
-// CRs is not converted; this is meant. A CR at the very end of the file is lost under kLineEndsToCrLf: so is
-// this.
+// The byte after a CR is read with it. If it is not an LF it is written as it is, so the second of two CRs is
+// not converted; this is intended. So is the loss of a CR at the very end of the file under kLineEndsToCrLf.
+ConvertedText ConvertText(const WString& source, const WString& target, Velmora::SDK::s32 conversion,
+                          std::uint32_t tabWidth);
+
+// The same. Returns false if the source cannot be opened, the target exists or cannot be made, or a write
+// fails. A read that fails ends the text, and a failure of the very last write is passed over: true is
+// returned all the same, which is intended.
 bool ConvertTextFile(const WString& source, const WString& target, Velmora::SDK::s32 conversion,
                      std::uint32_t tabWidth);
 
-// Puts the converted text in the file's place, by way of path + ".temp" + the seconds of the clock. Says
-// nothing of failures: one before the end leaves the file as it was; where the file cannot be deleted, or the
-// new one not be renamed, the converted text stands under the temporary name.
+// Puts the converted text in the file's place, by way of path + ".temp" + the seconds of the clock. Leaves
+// the file as it was, in silence, unless its whole text was read and written; where the file cannot be
+// deleted the converted text stays under the temporary name. A temporary file that exists already is never
+// touched.
+//
+// If the new file cannot be renamed once the old one is deleted, the text is copied back to the file's name;
+// if that fails too, a box says where the text is.
 void ConvertTextFileInPlace(Velmora::SDK::IHostApp& host, const WString& path, Velmora::SDK::s32 conversion,
                             std::uint32_t tabWidth);
 

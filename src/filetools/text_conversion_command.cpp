@@ -1,7 +1,9 @@
 #include <ctime>
+#include <memory>
 #include <optional>
 #include <string>
 
+#include "filetools/file_streams.h"
 #include "filetools/text_conversion.h"
 #include "frame/services/format_text.h"
 #include "frame/services/host_objects.h"
@@ -46,18 +48,54 @@ std::optional<std::uint32_t> AskTabWidth(IHostApp& host) {
   return width < kTabWidthLimit ? std::optional(width) : std::nullopt;
 }
 
+bool CopyBytes(FileInput& from, FileOutput& to) {
+  const auto buffer = std::make_unique_for_overwrite<char[]>(kStreamBytes);
+  for (std::size_t size = kStreamBytes; size == kStreamBytes;) {
+    if (!from.Read(buffer.get(), kStreamBytes, &size) || !to.Add(buffer.get(), size)) return false;
+  }
+  return to.Flush();
+}
+
+// Copies a file to a name that must be free. Returns false, and leaves nothing there, if that fails.
+bool CopyToFreeName(const WString& source, const WString& target) {
+  bool isCopied = false;
+  {
+    FileInput from;
+    FileOutput to;
+    if (!from.Open(source) || !to.Create(target, false)) return false;
+    isCopied = CopyBytes(from, to);
+  }
+  if (!isCopied) DeleteFileW(target.c_str());
+  return isCopied;
+}
+
+// Brings the text, whose old file is deleted, under the file's name.
+void PutInPlace(const WString& temporary, const WString& path) {
+  if (MoveFileW(temporary.c_str(), path.c_str())) return;
+  // A file that another program has open may often be read where it may not be renamed.
+  if (CopyToFreeName(temporary, path)) {
+    DeleteFileW(temporary.c_str());
+    return;
+  }
+  const WString text =
+      W("Failed to save text file\n") + path + W("\n\nThe converted text is in\n") + temporary;
+  MessageBoxW(nullptr, text.c_str(), W("Error"), MB_OK | MB_ICONERROR);
+}
+
 }  // namespace
 
 void ConvertTextFileInPlace(IHostApp& host, const WString& path, s32 conversion, std::uint32_t tabWidth) {
   const WString temporary = path + W(".temp") + FromUtf8(std::to_string(std::time(nullptr)));
   const HostService<IHostFileOperation> files(host, kServiceFileOperation);
   if (!files || files->FileExists(path.c_str()) == 0) return;
-  if (!ConvertTextFile(path, temporary, conversion, tabWidth)) {
-    DeleteFileW(temporary.c_str());
+  const ConvertedText result = ConvertText(path, temporary, conversion, tabWidth);
+  if (!result.isWhole) {
+    // A file of that name that was there before belongs to somebody else.
+    if (result.isTargetNew) DeleteFileW(temporary.c_str());
     return;
   }
   // Only a file that is gone makes room for the new one; otherwise that stays beside it.
-  if (DeleteFileW(path.c_str())) MoveFileW(temporary.c_str(), path.c_str());
+  if (DeleteFileW(path.c_str())) PutInPlace(temporary, path);
 }
 
 void ConvertTextCommand(IHostApp& host, s32 number) {

@@ -1,6 +1,10 @@
 // Commands 30101, 30102, 30103 and 30110 over the selection.
 #include <gmock/gmock.h>
 
+#include <ctime>
+#include <string>
+#include <vector>
+
 #include "filetools/text_conversion.h"
 #include "support/box_answers.h"
 #include "support/real_files.h"
@@ -145,6 +149,21 @@ TEST_F(ConvertText, AFileThatFailsDoesNotEndTheRun) {
   Run(30101, {IDYES});
   EXPECT_EQ(files_.scratch.Read(W("1")), kBefore);
   EXPECT_EQ(files_.scratch.Read(W("3")), "a\tb\nc\n");
+}
+
+// The name has the seconds of the clock, so the next minute's names are taken.
+TEST_F(ConvertText, ATemporaryFileOfAnotherRunIsNeverDeletedAndTheFileStaysAsItWas) {
+  const WString path = files_.Select(W("a"), kBefore);
+  const std::time_t now = std::time(nullptr);
+  std::vector<WString> names;
+  for (int second = 0; second < 60; ++second) {
+    names.push_back(W("a.temp") + FromUtf8(std::to_string(now + second)));
+    files_.scratch.Write(names.back(), "not ours");
+  }
+  Run(30101, {IDYES});
+  EXPECT_EQ(files_.scratch.Read(W("a")), kBefore);
+  for (const WString& name : names) EXPECT_EQ(files_.scratch.Read(name), "not ours");
+  EXPECT_EQ(files_.scratch.Names().size(), names.size() + 1);
 }
 
 TEST(ConvertTextRefusals, EveryRefusalEndsQuietly) {

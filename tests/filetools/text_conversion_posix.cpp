@@ -1,24 +1,34 @@
 // Converting where a call fails: the text is whole, in the file or under the temporary name.
 #include <gmock/gmock.h>
 
-#include <functional>
+#include <filesystem>
+#include <initializer_list>
+#include <vector>
 
 #include "filetools/text_conversion.h"
 #include "platform/posix/faults.h"
+#include "support/box_answers.h"
 #include "support/memory_limit.h"
 #include "support/real_files.h"
 
 using namespace Platform;
 using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
+// A text of three buffers and a half: five reads, of which the last finds the end, and four writes.
 class TextConversionFaults : public testing::Test {
  protected:
-  void Convert() {
+  // Returns the boxes, which get these buttons; there is none for which no button is left.
+  std::vector<ShownBox> Convert(std::initializer_list<int> buttons = {}) {
+    BoxAnswers boxes(buttons);
     ConvertTextFileInPlace(files_.host, path_, 30101, 0);
     Faults::Clear();
     ExpectAllGivenBack(files_.host);
+    EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
+    return boxes.Boxes();
   }
 
   void ExpectFileAsItWas() {
@@ -34,14 +44,59 @@ class TextConversionFaults : public testing::Test {
     return {};
   }
 
+  void ExpectTextUnderTheTemporaryNameAlone() {
+    EXPECT_THAT(files_.scratch.Names(), ElementsAre(Temporary()));
+    EXPECT_TRUE(files_.scratch.Read(Temporary()) == converted_);
+  }
+
   const Faults::Scope faults_;
   RealFiles files_;
-  // Three buffers and a half.
-  const std::string text_ = std::string(65536 * 7 / 2, 'x');
+  const std::string text_ = "\r" + std::string(65536 * 7 / 2 - 1, 'x');
+  const std::string converted_ = "\n" + std::string(65536 * 7 / 2 - 1, 'x');
   const WString path_ = files_.Add(W("a"), text_);
 };
 
+constexpr int kReads = 5;
+constexpr int kWrites = 4;
+
+// The new file cannot be renamed after the old one was deleted.
+class FailedMove : public TextConversionFaults {
+ protected:
+  FailedMove() { FailMove(); }
+
+  void FailMove() { Faults::Fail("MoveFileW", 1, ERROR_ACCESS_DENIED); }
+
+  // Converts; a box says where the text is, since it could not be copied back.
+  void ExpectBoxSaysWhereTheTextIs() {
+    const std::vector<ShownBox> boxes = Convert({IDOK});
+    ASSERT_THAT(boxes, SizeIs(1));
+    EXPECT_EQ(boxes[0].title, W("Error"));
+    EXPECT_EQ(boxes[0].style, 16u);
+    EXPECT_EQ(boxes[0].text, W("Failed to save text file\n") + path_ + W("\n\nThe converted text is in\n") +
+                                 files_.scratch.Path(Temporary()));
+  }
+
+  // The same on a fresh file, for the next fault.
+  void ExpectTextIsKept() {
+    ExpectBoxSaysWhereTheTextIs();
+    ExpectTextUnderTheTemporaryNameAlone();
+    std::filesystem::remove(files_.scratch.NativePath(Temporary()));
+    files_.scratch.Write(W("a"), text_);
+    FailMove();
+  }
+};
+
 }  // namespace
+
+TEST_F(TextConversionFaults, WithoutAFaultTheTextIsInPlace) {
+  Faults::Watch("ReadFile");
+  Faults::Watch("WriteFile");
+  ConvertTextFileInPlace(files_.host, path_, 30101, 0);
+  EXPECT_EQ(Faults::CallCount("ReadFile"), kReads);
+  EXPECT_EQ(Faults::CallCount("WriteFile"), kWrites);
+  EXPECT_THAT(files_.scratch.Names(), ElementsAre(W("a")));
+  EXPECT_TRUE(files_.scratch.Read(W("a")) == converted_);
+}
 
 TEST_F(TextConversionFaults, AFileThatCannotBeOpenedOrMadeIsAsItWas) {
   for (int nth = 1; nth <= 2; ++nth) {
@@ -51,8 +106,8 @@ TEST_F(TextConversionFaults, AFileThatCannotBeOpenedOrMadeIsAsItWas) {
   }
 }
 
-TEST_F(TextConversionFaults, AFailedWriteBeforeTheLastLeavesTheFileAsItWas) {
-  for (int nth = 1; nth <= 3; ++nth) {
+TEST_F(TextConversionFaults, EachFailedWriteLeavesTheFileAsItWas) {
+  for (int nth = 1; nth <= kWrites; ++nth) {
     Faults::Fail("WriteFile", nth, ERROR_DISK_FULL);
     Convert();
     ExpectFileAsItWas();
@@ -62,21 +117,38 @@ TEST_F(TextConversionFaults, AFailedWriteBeforeTheLastLeavesTheFileAsItWas) {
   }
 }
 
-TEST_F(TextConversionFaults, AFailedLastWriteStillCountsAsSuccessWhichIsMeant) {
-  Faults::Fail("WriteFile", 4, ERROR_DISK_FULL);
-  Convert();
-  EXPECT_THAT(files_.scratch.Names(), ElementsAre(W("a")));
-  EXPECT_TRUE(files_.scratch.Read(W("a")) == std::string(65536 * 3, 'x'));
+TEST_F(TextConversionFaults, EachFailedReadLeavesTheFileAsItWas) {
+  for (int nth = 1; nth <= kReads; ++nth) {
+    Faults::Fail("ReadFile", nth, ERROR_IO_DEVICE);
+    Convert();
+    ExpectFileAsItWas();
+  }
 }
 
-TEST_F(TextConversionFaults, AFailedReadEndsTheTextAndStillCountsAsSuccessWhichIsMeant) {
+TEST_F(TextConversionFaults, AFailedLastWriteCountsAsSuccessOfTheConversionItselfWhichIsIntended) {
+  Faults::Fail("WriteFile", kWrites, ERROR_DISK_FULL);
+  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0));
+  Faults::Clear();
+  EXPECT_TRUE(files_.scratch.Read(W("t")) == converted_.substr(0, 65536 * 3));
+}
+
+TEST_F(TextConversionFaults, AFailedWriteBeforeTheLastIsAFailureOfTheConversionItself) {
+  for (int nth = 1; nth < kWrites; ++nth) {
+    Faults::Fail("WriteFile", nth, ERROR_DISK_FULL);
+    EXPECT_FALSE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0)) << nth;
+    Faults::Clear();
+    std::filesystem::remove(files_.scratch.NativePath(W("t")));
+  }
+}
+
+TEST_F(TextConversionFaults, AFailedReadCountsAsSuccessOfTheConversionItselfWhichIsIntended) {
   Faults::Fail("ReadFile", 3, ERROR_IO_DEVICE);
-  Convert();
-  EXPECT_THAT(files_.scratch.Names(), ElementsAre(W("a")));
-  EXPECT_TRUE(files_.scratch.Read(W("a")) == std::string(65536 * 2, 'x'));
+  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0));
+  Faults::Clear();
+  EXPECT_TRUE(files_.scratch.Read(W("t")) == converted_.substr(0, 65536 * 2));
 }
 
-TEST_F(TextConversionFaults, AFailedFirstReadGivesAnEmptyFileWhichIsMeant) {
+TEST_F(TextConversionFaults, AFailedFirstReadGivesAnEmptyFileWhichIsIntended) {
   Faults::Fail("ReadFile", 1, ERROR_IO_DEVICE);
   EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0));
   Faults::Clear();
@@ -87,15 +159,8 @@ TEST_F(TextConversionFaults, AFileThatCannotBeDeletedStaysAndTheTextStandsBeside
   Faults::Fail("DeleteFileW", 1, ERROR_SHARING_VIOLATION);
   Convert();
   EXPECT_TRUE(files_.scratch.Read(W("a")) == text_);
-  EXPECT_TRUE(files_.scratch.Read(Temporary()) == text_);
+  EXPECT_TRUE(files_.scratch.Read(Temporary()) == converted_);
   EXPECT_EQ(files_.scratch.Names().size(), 2u);
-}
-
-TEST_F(TextConversionFaults, ATextThatCannotBeRenamedStandsUnderTheTemporaryName) {
-  Faults::Fail("MoveFileW", 1, ERROR_ACCESS_DENIED);
-  Convert();
-  EXPECT_THAT(files_.scratch.Names(), ElementsAre(Temporary()));
-  EXPECT_TRUE(files_.scratch.Read(Temporary()) == text_);
 }
 
 TEST_F(TextConversionFaults, ATemporaryFileThatCannotBeDeletedLeavesTheFileAsItWas) {
@@ -103,6 +168,46 @@ TEST_F(TextConversionFaults, ATemporaryFileThatCannotBeDeletedLeavesTheFileAsItW
   Faults::Fail("DeleteFileW", 1, ERROR_ACCESS_DENIED);
   Convert();
   EXPECT_TRUE(files_.scratch.Read(W("a")) == text_);
+}
+
+TEST_F(FailedMove, TheTextIsCopiedBackUnderTheOldName) {
+  Convert();
+  EXPECT_THAT(files_.scratch.Names(), ElementsAre(W("a")));
+  EXPECT_TRUE(files_.scratch.Read(W("a")) == converted_);
+}
+
+TEST_F(FailedMove, ACopiedTextKeepsItsTemporaryFileWhereThatCannotBeDeleted) {
+  Faults::Fail("DeleteFileW", 2, ERROR_SHARING_VIOLATION);
+  Convert();
+  EXPECT_THAT(files_.scratch.Names(), ElementsAre(W("a"), Temporary()));
+  EXPECT_TRUE(files_.scratch.Read(W("a")) == converted_);
+}
+
+TEST_F(FailedMove, ABoxSaysWhereTheTextIsIfACopyCannotBeOpenedOrMade) {
+  for (const int nth : {3, 4}) {
+    Faults::Fail("CreateFileW", nth, ERROR_FILE_EXISTS);
+    ExpectTextIsKept();
+  }
+}
+
+TEST_F(FailedMove, ABoxSaysWhereTheTextIsIfAnyReadOrWriteOfTheCopyFails) {
+  for (int nth = 1; nth <= kReads; ++nth) {
+    Faults::Fail("ReadFile", kReads + nth, ERROR_IO_DEVICE);
+    ExpectTextIsKept();
+  }
+  for (int nth = 1; nth <= kWrites; ++nth) {
+    Faults::Fail("WriteFile", kWrites + nth, ERROR_DISK_FULL);
+    ExpectTextIsKept();
+    Faults::WriteShort(kWrites + nth, 100);
+    ExpectTextIsKept();
+  }
+}
+
+TEST_F(FailedMove, TheTemporaryFileIsWholeWhereAPartialCopyCannotBeDeleted) {
+  Faults::Fail("WriteFile", kWrites + 1, ERROR_DISK_FULL);
+  Faults::Fail("DeleteFileW", 2, ERROR_ACCESS_DENIED);
+  ExpectBoxSaysWhereTheTextIs();
+  EXPECT_TRUE(files_.scratch.Read(Temporary()) == converted_);
 }
 
 TEST_F(TextConversionFaults, MemoryDoesNotGrowWithTheFile) {
