@@ -2,6 +2,7 @@
 #include "filetools/base64.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "filetools/mime_header.h"
@@ -27,13 +28,11 @@ void Header(const std::string& text) {
   const std::size_t end = FindHeaderEnd(text);
   Require(end <= text.size());
   if (end != 0) Require(text[end - 1] == '\n');
-  const std::string_view name = FindEncodedName(text);
-  Require(name.size() <= text.size());
-  if (!name.empty()) {
-    Require(name.find_first_of("\"\r\n") == std::string_view::npos);
-    Require(text.find("MIME-Version") != std::string::npos);
-    Require(text.find("name=\"" + std::string(name) + "\"") != std::string::npos);
-  }
+  const std::optional<std::string_view> name = FindEncodedName(text);
+  if (!name) return;
+  Require(name->find_first_of("\"\r\n") == std::string_view::npos);
+  Require(text.find("MIME-Version") != std::string::npos);
+  Require(text.find("name=\"" + std::string(*name) + "\"") != std::string::npos);
 }
 
 }  // namespace

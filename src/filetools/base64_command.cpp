@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "filetools/base64_file.h"
 #include "frame/services/format_text.h"
 #include "frame/services/host_objects.h"
@@ -18,7 +20,7 @@ PathParts SplitWhole(const WString& path) {
   return {path.substr(0, name), path.substr(name)};
 }
 
-// Where a file goes, and whether its header told.
+// Where a file goes, and whether it has a header.
 struct Target {
   WString path;
   bool hasHeader = false;
@@ -26,12 +28,12 @@ struct Target {
 
 Target EncodedTarget(const PathParts& parts) { return {ChangeExtension(parts, kEncodedExtension)}; }
 
-// Without a name in the header the target may be the source itself: the question comes up, and the work
-// fails.
+// A name that is refused gives way to that of a file without a header. Without an extension that one is the
+// source itself: the question comes up, and the work fails.
 Target DecodedTarget(const PathParts& parts, const WString& path) {
-  const WString name = GetEncodedFileName(path);
-  if (!name.empty()) return {parts.folder + name, true};
-  return {ChangeExtension(parts, W(""))};
+  const std::optional<WString> name = GetEncodedFileName(path);
+  const bool isUsable = name && !name->empty();
+  return {isUsable ? parts.folder + *name : ChangeExtension(parts, W("")), name.has_value()};
 }
 
 bool MayReplace(IHostApp& host, const WString& target, bool encode) {

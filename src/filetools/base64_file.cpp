@@ -7,6 +7,7 @@
 
 #include "data/code_pages.h"
 #include "filetools/base64.h"
+#include "filetools/decoded_name.h"
 #include "filetools/mime_header.h"
 #include "frame/services/path_parts.h"
 
@@ -43,14 +44,6 @@ constexpr HeaderLine kHeader[] = {
   {"", false, "\r\n"},
 };
 // clang-format on
-
-// A name that could lead out of the folder is none. It is looked at as text: in some code pages the byte of a
-// backslash is half of a character.
-bool IsPlainFileName(const WString& name) {
-  constexpr WStringView kForbidden(W("\\/:\0"), 4);
-  return !name.empty() && name != W(".") && name != W("..") &&
-         name.find_first_of(kForbidden) == WString::npos;
-}
 
 // A name that a line has no room for is cut; no file system has one so long.
 bool WriteHeader(FileOutput& target, const std::string& name) {
@@ -199,13 +192,16 @@ bool DecodeFileBase64(const WString& source, const WString& target, bool skipHea
   return to.Flush();
 }
 
-WString GetEncodedFileName(const WString& path) {
+std::optional<WString> GetEncodedFileName(const WString& path) {
   FileInput file;
   std::array<char, kNameSearchBytes> header;
   std::size_t size = 0;
-  if (!file.Open(path) || !file.Read(header.data(), header.size(), &size)) return {};
-  WString name = WQDR::FromCodePage(CP_THREAD_ACP, FindEncodedName({header.data(), size}));
-  return IsPlainFileName(name) ? name : WString();
+  if (!file.Open(path) || !file.Read(header.data(), header.size(), &size)) return std::nullopt;
+  const std::optional<std::string_view> name = FindEncodedName({header.data(), size});
+  if (!name) return std::nullopt;
+  // Judged as text: in some code pages the byte of a backslash is half of a character.
+  const WString text = WQDR::FromCodePage(CP_THREAD_ACP, *name);
+  return IsFileNameToDecode(text) ? text : WString();
 }
 
 std::uint32_t FindBase64Start(FileInput& file) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "filetools/file_streams.h"
 #include "frame/services/host_app.h"
@@ -15,9 +16,9 @@ bool EncodeFileBase64(const WString& source, const WString& target);
 // meant.
 bool DecodeFileBase64(const WString& source, const WString& target, bool skipHeader);
 
-// The name in the file's header; empty if there is none, or none that is a plain file name (it holds a path
-// separator or a colon, or is "." or "..").
-WString GetEncodedFileName(const WString& path);
+// Returns the first name in the file's header; nothing if it has none, and the empty text for a name that is
+// refused (see decoded_name.h).
+std::optional<WString> GetEncodedFileName(const WString& path);
 
 // Where the text behind the header begins: behind the first empty line that is the fourth line or a later
 // one, up to the tenth. 0 if there is none. Reads from the file's beginning.

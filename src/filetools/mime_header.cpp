@@ -37,14 +37,14 @@ std::optional<std::string_view> HeaderLines::Next() {
   return line;
 }
 
-std::string_view FindEncodedName(std::string_view header) {
+std::optional<std::string_view> FindEncodedName(std::string_view header) {
   HeaderLines lines(header);
   const std::optional<std::string_view> first = lines.Next();
-  if (!first || first->find(kFirstWords) == first->npos) return {};
+  if (!first || first->find(kFirstWords) == first->npos) return std::nullopt;
   while (const std::optional<std::string_view> line = lines.Next()) {
-    if (const std::optional<std::string_view> name = NameIn(*line)) return *name;
+    if (const std::optional<std::string_view> name = NameIn(*line)) return name;
   }
-  return {};
+  return std::nullopt;
 }
 
 std::size_t FindHeaderEnd(std::string_view head) {

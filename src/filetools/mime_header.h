@@ -23,8 +23,9 @@ class HeaderLines {
   bool isStuck_ = false;
 };
 
-// The first name in the header, whatever it is; empty if there is none. Bytes in the thread's code page.
-std::string_view FindEncodedName(std::string_view header);
+// Returns the first name in the header, whatever it is, in bytes of the thread's code page; nothing if the
+// header has no name.
+std::optional<std::string_view> FindEncodedName(std::string_view header);
 
 // The offset of the text behind the header, or 0.
 std::size_t FindHeaderEnd(std::string_view head);

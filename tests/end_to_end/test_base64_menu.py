@@ -118,14 +118,16 @@ class Decode(Base64Test):
         self.assertEqual(outcome.questions, [self.question(False, "a", "yes")])
         self.assertEqual(self.read("a"), b"Zm9v")
 
-    def test_a_name_that_leaves_the_folder_counts_as_none(self):
-        for name in ("..\\evil", "../evil", "C:evil", "\\evil", "..", "a/evil"):
+    def test_a_name_that_is_refused_gives_way_to_the_files_own_and_the_header_is_skipped(self):
+        for name in ("", "..\\evil", "../evil", "C:evil", "\\evil", "..", "a/evil", "a*", "a?", "<a", "a>", "a|b", "NUL",
+                     "nul.txt", "COM1.txt", "LPT9"):
             with self.subTest(name=name):
                 self.make("dir/")
                 self.write("dir/a.b64", (HEADER % (name, name)).encode() + b"Zm9v")
                 self.command(DECODE, "dir/a.b64")
                 self.assertEqual(self.names(), ["dir/"])
                 self.assertEqual(self.names("dir"), ["a", "a.b64"])
+                self.assertEqual(self.read("dir/a"), b"foo")
                 os.remove(self.path("dir/a"))
 
     def test_a_lone_cr_in_the_header_does_not_hang(self):

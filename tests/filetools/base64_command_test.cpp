@@ -59,12 +59,27 @@ TEST_F(Base64Command, DecodesWithoutAHeaderToTheNameWithoutItsExtension) {
   EXPECT_EQ(Scratch().Read(W("a.txt")), "foo");
 }
 
-TEST_F(Base64Command, ANameThatLeavesTheFolderIsNotFollowed) {
-  Scratch().MakeFolder(W("d"));
-  files_.Select(W("d\\a.b64"), PlainBase64::Header("..\\evil") + "Zm9v");
+TEST_F(Base64Command, ANameThatIsRefusedGivesWayToTheFilesOwnAndTheHeaderIsSkipped) {
+  for (const char* name :
+       {"", "..\\evil", "../evil", "..", "a*", "a?b", "<a>", "a|b", "NUL", "nul.txt", "COM1.txt"}) {
+    RealFiles files;
+    files.scratch.MakeFolder(W("d"));
+    files.Select(W("d\\a.b64"), PlainBase64::Header(name) + "Zm9v");
+    BoxAnswers boxes;
+    ConvertBase64Command(files.host, false);
+    EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
+    EXPECT_THAT(files.scratch.Names(), ElementsAre(W("d"))) << name;
+    EXPECT_THAT(files.scratch.Names(W("d")), ElementsAre(W("a"), W("a.b64"))) << name;
+    EXPECT_EQ(files.scratch.Read(W("d\\a")), "foo") << name;
+    ExpectAllGivenBack(files.host);
+  }
+}
+
+TEST_F(Base64Command, AHeaderWithoutANameIsDecodedTooWhichIsIntended) {
+  const std::string text = "MIME-Version: 1.0\r\nX: y\r\nZ: w\r\n\r\nZm9v";
+  files_.Select(W("a.b64"), text);
   Run(false);
-  EXPECT_THAT(Scratch().Names(), ElementsAre(W("d")));
-  EXPECT_THAT(Scratch().Names(W("d")), ElementsAre(W("a"), W("a.b64")));
+  EXPECT_EQ(Scratch().Read(W("a")), PlainBase64::DecodedFile(text));
 }
 
 TEST_F(Base64Command, RunsCallByCall) {

@@ -112,12 +112,15 @@ TEST_F(Base64FileFaults, AFailedReadEndsTheDecodingAndStillCountsAsSuccessWhichI
   }
 }
 
-TEST_F(Base64FileFaults, ANameThatCannotBeReadOrConvertedIsNone) {
-  for (const char* const function : {"CreateFileW", "ReadFile", "MultiByteToWideChar"}) {
-    Faults::Fail(function, 1, ERROR_NO_UNICODE_TRANSLATION, true);
-    EXPECT_EQ(GetEncodedFileName(encoded_), W("")) << function;
+TEST_F(Base64FileFaults, ANameThatCannotBeReadIsNoneAndOneThatCannotBeConvertedIsRefused) {
+  for (const char* const function : {"CreateFileW", "ReadFile"}) {
+    Faults::Fail(function, 1, ERROR_IO_DEVICE, true);
+    EXPECT_EQ(GetEncodedFileName(encoded_), std::nullopt) << function;
     Faults::Clear();
   }
+  Faults::Fail("MultiByteToWideChar", 1, ERROR_NO_UNICODE_TRANSLATION, true);
+  EXPECT_EQ(GetEncodedFileName(encoded_), W(""));
+  Faults::Clear();
   EXPECT_EQ(GetEncodedFileName(encoded_), W("s"));
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,21 +62,21 @@ TEST(EncodedName, IsTheFirstOneOfTheHeader) { EXPECT_EQ(FindEncodedName(kWritten
 TEST(EncodedName, IsFoundInAnyLineButTheFirst) {
   EXPECT_EQ(FindEncodedName("MIME-Version: 1.0 name=\"no\"\nX: filename=\"b.txt\"\n"), "b.txt");
   EXPECT_EQ(FindEncodedName("MIME-Version\n\n\n\nname=\"late\"\n"), "late");
-  EXPECT_EQ(FindEncodedName("MIME-Version name=\"no\"\n"), "");
+  EXPECT_EQ(FindEncodedName("MIME-Version name=\"no\"\n"), std::nullopt);
 }
 
 TEST(EncodedName, NeedsMimeVersionInTheFirstLine) {
   EXPECT_EQ(FindEncodedName("X-MIME-Version!\r\nname=\"a\"\r\n"), "a");
-  EXPECT_EQ(FindEncodedName("Mime-Version\r\nname=\"a\"\r\n"), "");
-  EXPECT_EQ(FindEncodedName("\r\nMIME-Version\r\nname=\"a\"\r\n"), "");
-  EXPECT_EQ(FindEncodedName("name=\"a\"\r\n"), "");
-  EXPECT_EQ(FindEncodedName(""), "");
+  EXPECT_EQ(FindEncodedName("Mime-Version\r\nname=\"a\"\r\n"), std::nullopt);
+  EXPECT_EQ(FindEncodedName("\r\nMIME-Version\r\nname=\"a\"\r\n"), std::nullopt);
+  EXPECT_EQ(FindEncodedName("name=\"a\"\r\n"), std::nullopt);
+  EXPECT_EQ(FindEncodedName(""), std::nullopt);
 }
 
 TEST(EncodedName, NeedsItsSecondQuoteInTheSameLine) {
   EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=\"a\r\nb\"\r\nname=\"c\"\r\n"), "c");
-  EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=\"a\r\n\"\r\n"), "");
-  EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=a\r\nname='b'\r\n"), "");
+  EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=\"a\r\n\"\r\n"), std::nullopt);
+  EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=a\r\nname='b'\r\n"), std::nullopt);
 }
 
 TEST(EncodedName, EndsAtTheNextQuote) {
@@ -83,13 +84,17 @@ TEST(EncodedName, EndsAtTheNextQuote) {
 }
 
 TEST(EncodedName, ALoneCrBeforeItEndsTheSearch) {
-  EXPECT_EQ(FindEncodedName("MIME-Version\rname=\"a\"\r\n"), "");
-  EXPECT_EQ(FindEncodedName("MIME-Version\r\nx\ry\r\nname=\"a\"\r\n"), "");
-  EXPECT_EQ(FindEncodedName("MIME-Version\r\nx\r\r\nname=\"a\"\r\n"), "");
+  EXPECT_EQ(FindEncodedName("MIME-Version\rname=\"a\"\r\n"), std::nullopt);
+  EXPECT_EQ(FindEncodedName("MIME-Version\r\nx\ry\r\nname=\"a\"\r\n"), std::nullopt);
+  EXPECT_EQ(FindEncodedName("MIME-Version\r\nx\r\r\nname=\"a\"\r\n"), std::nullopt);
 }
 
 TEST(EncodedName, ALoneCrBehindItDoesNotMatter) {
   EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=\"a\"\rx"), "a");
+}
+
+TEST(EncodedName, MayBeEmpty) {
+  EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=\"\"\r\nname=\"a\"\r\n"), "");
 }
 
 TEST(HeaderEnd, IsBehindTheEmptyLine) {

@@ -1,0 +1,11 @@
+// Which names out of a file's header may be given to a file. The header comes from anybody, and such a name
+// must make a plain file of the folder and nothing else.
+#pragma once
+
+#include "platform/text.h"
+
+// Returns false for a name that is empty, holds a character that no file name has (a separator, a colon, one
+// of
+// `*?<>|"`, a control character), consists of dots and blanks, which the system cuts off a name's end, or is
+// that of a device, with or without an extension: NUL, COM1.txt.
+bool IsFileNameToDecode(WStringView name);
