@@ -32,7 +32,8 @@ std::optional<FileItemEntries> FilesOfFocusedBase(IHostApp& host, IHostFileList&
   const WString focusedBase = BaseOf(NameOfItem(*focused));
   AppendEntries(entries, list, 1);
   std::erase_if(entries, [&focusedBase](const FileItemEntry& entry) {
-    return entry.item->IsFolder() || BaseOf(NameOfItem(*entry.item)) != focusedBase;
+    return (entry.item->GetAttributes() & FILE_ATTRIBUTE_DIRECTORY) != 0 ||
+           BaseOf(NameOfItem(*entry.item)) != focusedBase;
   });
   return entries;
 }

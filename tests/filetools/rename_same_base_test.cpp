@@ -86,6 +86,17 @@ TEST(RenameSameBase, FoldersOfTheBaseAreLeftAlone) {
               ElementsAre(QueuedRename{W("song.mp3"), W("n.mp3")}, QueuedRename{W("song.txt"), W("n.txt")}));
 }
 
+TEST(RenameSameBase, AFolderIsToldByItsAttributes) {
+  FakeHost host;
+  Focus(host, W("song.mp3"), {W("song.txt")});
+  host.view.back()->isFolder = true;
+  host.view.push_back(host.AddFolder(W("song.d")));
+  host.view.back()->isFolder = false;
+  RenameTo(host, W("n"));
+  EXPECT_THAT(host.fileOperation.RunRenames(),
+              ElementsAre(QueuedRename{W("song.mp3"), W("n.mp3")}, QueuedRename{W("song.txt"), W("n.txt")}));
+}
+
 TEST(RenameSameBase, FocusedFolderGivesTheBaseAndOnlyFilesMatch) {
   FakeHost host;
   host.focused = host.AddFolder(W("song.d"));

@@ -117,6 +117,15 @@ TEST(SetExtension, FoldersStayAsTheyAre) {
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("a.txt"), W("a.log")}));
 }
 
+TEST(SetExtension, AFolderIsWhatTheHostCallsOneWhateverItsAttributes) {
+  FakeHost host;
+  host.selection = {host.AddFile(W("a.zip")), host.AddFile(W("b.txt"))};
+  host.selection.front()->isFolder = true;
+  host.textAnswers = {{true, W("log")}};
+  SetExtensionCommand(host);
+  EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("b.txt"), W("b.log")}));
+}
+
 TEST(SetExtension, FilesThatHaveTheExtensionAreLeftOut) {
   EXPECT_THAT(RenamesOf({W("a.log"), W("b.LOG"), W("c.txt")}, W("log")),
               ElementsAre(QueuedRename{W("b.LOG"), W("b.log")}, QueuedRename{W("c.txt"), W("c.log")}));

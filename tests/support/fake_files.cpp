@@ -83,7 +83,7 @@ s64 FakeFileItem::GetRowImage(u32 imageSet) {
 
 bool FakeFileItem::IsFolder() {
   Record("IsFolder()");
-  return HasFolderAttribute();
+  return isFolder.value_or(HasFolderAttribute());
 }
 
 s32 FakeFileItem::GetRemoteLevel() {

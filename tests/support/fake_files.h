@@ -3,6 +3,7 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 
 #include "frame/services/host_files.h"
 #include "support/host_recorder.h"
@@ -15,6 +16,8 @@ class FakeFileItem final : public Velmora::SDK::IHostFileItem {
 
   const WString& Name() const { return name_; }
   WString FullPath() const { return folder_ + name_; }
+
+  std::optional<bool> isFolder;  // what IsFolder returns; without it what the attributes say
 
   const WCHAR* GetName(WCHAR* buffer, Velmora::SDK::u32 size) override;
   void GetBaseName(WCHAR* buffer, Velmora::SDK::u32 size) override;
