@@ -51,7 +51,11 @@ void FileItem::GetBaseName(WCHAR* buffer, u32 size) {
   GiveText(buffer, size, SplitName(name_, IsFolder()).base);
 }
 
-const WCHAR* FileItem::GetFolderPath(WCHAR* buffer, u32 size) { return GivePath(buffer, size, FolderPath()); }
+const WCHAR* FileItem::GetFolderPath(WCHAR* buffer, u32 size) {
+  const bool isInRoot = !parent_ || !parent_->parent_;
+  return GivePath(buffer, size, isInRoot ? FolderPath() : parent_->FullPath());
+}
+
 void FileItem::GetParentPath(WCHAR* buffer, u32 size) { GivePath(buffer, size, FolderPath()); }
 const WCHAR* FileItem::GetFullPath(WCHAR* buffer, u32 size) { return GivePath(buffer, size, FullPath()); }
 

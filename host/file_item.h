@@ -25,8 +25,8 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   // The name with its extension. The pointer is the item's own and whole, even where the buffer is short.
   const WCHAR* GetName(WCHAR* buffer, u32 size) override;
   void GetBaseName(WCHAR* buffer, u32 size) override;
-  // The folder ends in a backslash. A path that does not fit gives the empty text: a cut path would be
-  // another file's.
+  // A path that does not fit gives the empty text: a cut path would be another file's. The folder's path ends
+  // without a backslash, but for a root; the parent's ends in one always.
   const WCHAR* GetFolderPath(WCHAR* buffer, u32 size) override;
   void GetParentPath(WCHAR* buffer, u32 size) override;
   const WCHAR* GetFullPath(WCHAR* buffer, u32 size) override;

@@ -163,7 +163,12 @@ TEST_F(CreateLinksCommand, SeveralItemsShowTheirFoldersWithAStar) {
   const CreateLinksForm form = ShownForm();
   EXPECT_TRUE(form.multiple);
   EXPECT_EQ(form.linkName, InPanel(W("*")));
-  EXPECT_EQ(form.targetName, view_ + W("\\*"));
+  EXPECT_EQ(form.targetName, view_ + W("*"));
+}
+
+TEST_F(CreateLinksCommand, SeveralItemsOfARootShowTwoBackslashesWhichIsIntended) {
+  host_.selection = {host_.AddFileIn(W("Z:\\"), W("a")), host_.AddFileIn(W("Z:\\"), W("b"))};
+  EXPECT_EQ(ShownForm().targetName, W("Z:\\\\*"));
 }
 
 TEST_F(CreateLinksCommand, SeveralItemsSayWhetherFilesOrFoldersAreAmongThem) {

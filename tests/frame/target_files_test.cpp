@@ -32,7 +32,7 @@ TEST(PathOf, GivesEachPathOfAnItem) {
   FakeHost host;
   FakeFileItem* const item = host.AddFileIn(W("Z:\\folder\\"), W("a.txt"));
   EXPECT_EQ(PathOf(*item, &IHostFileItem::GetFullPath), W("Z:\\folder\\a.txt"));
-  EXPECT_EQ(PathOf(*item, &IHostFileItem::GetFolderPath), W("Z:\\folder\\"));
+  EXPECT_EQ(PathOf(*item, &IHostFileItem::GetFolderPath), W("Z:\\folder"));
   EXPECT_EQ(PathOf(*item, &IHostFileItem::GetParentPath), W("Z:\\folder\\"));
   ExpectAllGivenBack(host);
 }

@@ -50,10 +50,29 @@ TEST_F(FileItemTest, AFileHasItsPartsInEveryForm) {
   EXPECT_EQ(Text([&](WCHAR* buffer, u32 size) { item->GetName(buffer, size); }), W("a.b.txt"));
   EXPECT_EQ(Text([&](WCHAR* buffer, u32 size) { item->GetFullPath(buffer, size); }),
             scratch_.Path(W("a.b.txt")));
-  EXPECT_EQ(Text([&](WCHAR* buffer, u32 size) { item->GetFolderPath(buffer, size); }),
-            scratch_.Path() + W("\\"));
+  EXPECT_EQ(Text([&](WCHAR* buffer, u32 size) { item->GetFolderPath(buffer, size); }), scratch_.Path());
   EXPECT_EQ(Text([&](WCHAR* buffer, u32 size) { item->GetParentPath(buffer, size); }),
             scratch_.Path() + W("\\"));
+}
+
+TEST_F(FileItemTest, TheFoldersPathEndsWithoutABackslashButForARootAndTheParentsInOneAlways) {
+  struct Row {
+    const WCHAR* path;
+    const WCHAR* folder;
+    const WCHAR* parent;
+  };
+  const Row kRows[] = {
+      {W("Z:\\a.txt"), W("Z:\\"), W("Z:\\")},
+      {W("Z:\\sub\\a.txt"), W("Z:\\sub"), W("Z:\\sub\\")},
+      {W("Z:\\sub\\more\\a.txt"), W("Z:\\sub\\more"), W("Z:\\sub\\more\\")},
+      {W("\\\\server\\share\\a.txt"), W("\\\\server\\share\\"), W("\\\\server\\share\\")},
+      {W("\\\\server\\share\\sub\\a.txt"), W("\\\\server\\share\\sub"), W("\\\\server\\share\\sub\\")},
+  };
+  for (const Row& row : kRows) {
+    FileItem& item = tree_.Follow(row.path);
+    EXPECT_EQ(Text([&](WCHAR* buffer, u32 size) { item.GetFolderPath(buffer, size); }), row.folder);
+    EXPECT_EQ(Text([&](WCHAR* buffer, u32 size) { item.GetParentPath(buffer, size); }), row.parent);
+  }
 }
 
 TEST_F(FileItemTest, AFolderHasNoExtensionAndAFileWithoutADotNeither) {

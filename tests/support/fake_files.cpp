@@ -41,7 +41,10 @@ void FakeFileItem::GetBaseName(WCHAR* buffer, u32 size) {
 
 const WCHAR* FakeFileItem::GetFolderPath(WCHAR* buffer, u32 size) {
   Record("GetFolderPath(" + std::to_string(size) + ")");
-  Fill(buffer, size, folder_);
+  constexpr std::size_t kRootSize = 3;  // of "Z:\\", which keeps its backslash
+  const WStringView folder = folder_;
+  const bool isCut = folder.size() > kRootSize && folder.ends_with(W('\\'));
+  Fill(buffer, size, isCut ? folder.substr(0, folder.size() - 1) : folder);
   return buffer;
 }
 
