@@ -21,7 +21,8 @@ class PlatformBoxes final : public ModuleBoxes, public Platform::UserInterface {
   INT_PTR Dialog(Platform::FormRequest& form) override {
     std::vector<DialogField> fields;
     for (const Platform::FormField& field : form.fields) fields.push_back({field.name, field.get, field.set});
-    return questions_.AskDialog(form.dialog, form.title, form.text, fields) ? IDOK : IDCANCEL;
+    const bool isOk = questions_.AskDialog(form.dialog, form.title, form.text, fields, form.isOkEnabled);
+    return isOk ? IDOK : IDCANCEL;
   }
 
   INT_PTR ShellExecute(const WCHAR* verb, const WCHAR* file, const WCHAR* arguments, int) override {

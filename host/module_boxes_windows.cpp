@@ -41,6 +41,8 @@ std::uint32_t StyleOfIcon(HICON icon) {
   return 0;
 }
 
+bool IsDisabled(HWND control) { return control && !IsWindowEnabled(control); }
+
 // What can be seen of a box or dialog.
 struct Seen {
   std::vector<int> buttons;  // numbers of MessageBoxW
@@ -137,6 +139,11 @@ class RealBoxes final : public ModuleBoxes {
       } else if (answer->kind != Answer::kCancel) {
         questions_.Refuse("\"" + ToUtf8(event.title) + "\" cannot be answered with " + AnswerText(*answer) +
                           "; it has the buttons " + ButtonNames(buttons));
+      }
+      if (IsDisabled(GetDlgItem(window, pressed.number))) {
+        questions_.Refuse("\"" + ToUtf8(event.title) + "\" cannot be answered with " + AnswerText(*answer) +
+                          ", which is disabled");
+        pressed = HarmlessButton(buttons);
       }
     }
     if (!answer && !questions_.HasTerminal() && buttons.size() > 1) {

@@ -31,6 +31,8 @@ std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::s
   return found;
 }
 
+bool MayEndWithOk(const std::function<bool()>& isOkEnabled) { return !isOkEnabled || isOkEnabled(); }
+
 }  // namespace
 
 std::string FieldList(const std::vector<DialogField>& fields) {
@@ -212,15 +214,18 @@ bool Questions::FillForm(const std::string& dialog, const std::vector<DialogFiel
   return true;
 }
 
-bool Questions::EditDialog(const WString& title, const WString& text,
-                           const std::vector<DialogField>& fields) {
+bool Questions::EditDialog(const WString& title, const WString& text, const std::vector<DialogField>& fields,
+                           const std::function<bool()>& isOkEnabled) {
   std::string prompt = Heading(title, text);
   for (;;) {
     for (const DialogField& field : fields) prompt += "  " + field.name + "=" + ToUtf8(field.get()) + "\n";
     const std::optional<std::string> line = ReadAnswer(prompt + "(FIELD=VALUE, ok, cancel) ");
     if (!line) return false;
     if (const std::optional<BoxButton> button = ButtonOfLine(ButtonsOfStyle(MB_OKCANCEL), *line)) {
-      return button->number == IDOK;
+      if (button->number != IDOK) return false;
+      if (MayEndWithOk(isOkEnabled)) return true;
+      prompt = "OK is disabled\n";
+      continue;
     }
     prompt.clear();
     const std::size_t equals = line->find('=');
@@ -235,7 +240,7 @@ bool Questions::EditDialog(const WString& title, const WString& text,
 }
 
 bool Questions::AskDialog(const std::string& dialog, const WString& title, const WString& text,
-                          const std::vector<DialogField>& fields) {
+                          const std::vector<DialogField>& fields, const std::function<bool()>& isOkEnabled) {
   bool accepted = false;
   const bool filled = FillForm(dialog, fields);
   if (const std::optional<Answer> answer = TakeAnswer()) {
@@ -244,8 +249,13 @@ bool Questions::AskDialog(const std::string& dialog, const WString& title, const
       Refuse("the dialog " + dialog + " cannot be answered with " + AnswerText(*answer) +
              "; it takes ok or cancel");
     }
+    if (accepted && filled && !MayEndWithOk(isOkEnabled)) {
+      accepted = false;
+      Refuse("the dialog " + dialog + " cannot be answered with ok, which is disabled; its fields are " +
+             FieldList(fields));
+    }
   } else if (filled && HasTerminal()) {
-    accepted = EditDialog(title, text, fields);
+    accepted = EditDialog(title, text, fields, isOkEnabled);
   } else if (filled) {
     NoteNobodyToAsk(title, "ok, with --form FIELD=VALUE for what is to be changed");
   }

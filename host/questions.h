@@ -54,9 +54,10 @@ class Questions {
   std::optional<std::size_t> AskChoice(const WString& title, const WString& prompt,
                                        const std::vector<WString>& rows, std::ptrdiff_t selected);
 
-  // Fills the fields from the form's values, and answers whether OK ended the dialog.
+  // Fills the fields from the form's values, and returns whether OK ended the dialog. While `isOkEnabled`
+  // returns false OK cannot end it: as an answer it does not fit, and a person is asked again.
   bool AskDialog(const std::string& dialog, const WString& title, const WString& text,
-                 const std::vector<DialogField>& fields);
+                 const std::vector<DialogField>& fields, const std::function<bool()>& isOkEnabled = {});
 
   // The next answer of the command line, for a real box; the caller reports the question.
   std::optional<Answer> TakeAnswer();
@@ -87,7 +88,8 @@ class Questions {
   bool FillForm(const std::string& dialog, const std::vector<DialogField>& fields);
   std::optional<FieldMistake> SetField(const std::vector<DialogField>& fields, const std::string& name,
                                        const WString& value);
-  bool EditDialog(const WString& title, const WString& text, const std::vector<DialogField>& fields);
+  bool EditDialog(const WString& title, const WString& text, const std::vector<DialogField>& fields,
+                  const std::function<bool()>& isOkEnabled);
 
   Reporter& reporter_;
   Output& output_;

@@ -31,6 +31,12 @@ Platform::FormField KindField(CreateLinksForm& form) {
   return field;
 }
 
+// A text that follows the kind; empty for none.
+Platform::FormField ShownTextField(const char* name, IHostApp& host, const TextId& text) {
+  return Platform::ShownField(name,
+                              [&host, &text] { return text == 0 ? WString() : LanguageText(host, text); });
+}
+
 }  // namespace
 
 INT_PTR ShowCreateLinksDlg(IHostApp& host, CreateLinksForm& form) {
@@ -41,8 +47,11 @@ INT_PTR ShowCreateLinksDlg(IHostApp& host, CreateLinksForm& form) {
       KindField(form),
       While(form.linkEnabled, Platform::TextField("linkName", form.linkText)),
       While(form.targetEnabled, Platform::TextField("targetName", form.targetText)),
+      ShownTextField("description", host, form.description),
+      ShownTextField("status", host, form.status),
   };
-  if (Platform::AskForm(request) != IDOK || !form.okEnabled) return IDCANCEL;
+  request.isOkEnabled = [&form] { return form.okEnabled; };
+  if (Platform::AskForm(request) != IDOK) return IDCANCEL;
   FinishForm(form);
   return IDOK;
 }

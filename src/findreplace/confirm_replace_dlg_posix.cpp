@@ -20,11 +20,6 @@ constexpr Platform::ChoiceWord kResultWords[] = {
     {NumberOf(ConfirmResult::Cancel), W("cancel")},
 };
 
-// A text that is shown and cannot be changed.
-Platform::FormField ShownField(const char* name, std::function<WString()> get) {
-  return {name, std::move(get), [](const WString&) { return false; }};
-}
-
 // The switch between the views, where there is one.
 Platform::FormField ViewField(ConfirmReplaceForm& form) {
   Platform::FormField field = Platform::FlagField("rawShown", form.rawShown);
@@ -45,8 +40,8 @@ void ShowConfirmReplaceDlg(IHostApp& host, ConfirmReplaceForm& form) {
   request.fields = {
       Platform::ChoiceField("result", result, kResultWords),
       ViewField(form),
-      ShownField("context", [&form] { return ShownContext(form); }),
-      ShownField("replacement", [&form] { return ShownReplacement(form); }),
+      Platform::ShownField("context", [&form] { return ShownContext(form); }),
+      Platform::ShownField("replacement", [&form] { return ShownReplacement(form); }),
   };
   const bool isAnswered = Platform::AskForm(request) == IDOK;
   form.result = isAnswered ? static_cast<ConfirmResult>(result) : ConfirmResult::Cancel;

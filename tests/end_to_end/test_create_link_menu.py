@@ -99,6 +99,25 @@ class CreateLinkMenu(LinkMenuTest):
         self.assertEqual(self.link(answers=[]).events[:-1], [])
         self.assertEqual(self.command(30350, "a.txt").events[:-1], [])
 
+    def test_ok_that_is_disabled_is_a_wrong_call_and_is_reported_as_cancel(self):
+        self.make("a.txt")
+        self.store_kind(2)
+        outcome = self.link("a.txt", status=2)
+        self.assertEqual(self.asked(outcome), [("dialog", "Create Link", "cancel")])
+        self.assertIn("cannot be answered with ok, which is disabled", outcome.stderr)
+        self.assertEqual((outcome.of("log"), self.links(), self.stored_kind()), ([], [], 2))
+
+    def test_a_shortcut_of_a_bare_name_never_takes_the_place_of_a_file(self):
+        self.make("bare")
+        self.store_kind(4)
+        with open(self.in_panel("bare"), "w", encoding="utf-8") as file:
+            file.write("here first")
+        outcome = self.link("bare", answers=["ok", "ok"])
+        self.assertEqual(outcome.of("log"), [self.failed("Unknown", 3, "bare", "bare")])
+        self.assertEqual(self.asked(outcome)[1:], [("box", "Cannot Create the Link", "ok")])
+        with open(self.in_panel("bare"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "here first")
+
     def test_the_first_failure_of_several_is_told_and_ends_it(self):
         self.make("a", "b", "c")
         self.store_kind(1)
@@ -170,19 +189,43 @@ if not IS_WINDOWS:
             self.assertIn("targetName", outcome.stderr)
             self.assertEqual(self.links(), [])
 
-        def test_grey_ok_makes_and_stores_nothing(self):
+        def test_grey_ok_makes_and_stores_nothing_and_says_why(self):
             self.make("a.txt", "sub/")
-            for names, kind in ((["a.txt"], "junction"), (["sub"], "hard"), (["a.txt", "sub"], "hard"),
-                                (["a.txt", "sub"], "junction")):
+            for names, kind, why in ((["a.txt"], "junction", "There are no junctions to files."),
+                                     (["sub"], "hard", "There are no hard links to folders."),
+                                     (["a.txt", "sub"], "hard", "There are no hard links to folders, and folders are among the items."),
+                                     (["a.txt", "sub"], "junction", "There are no junctions to files, and files are among the items.")):
                 with self.subTest(names=names, kind=kind):
-                    outcome = self.link(*names, form=["linkKind=" + kind])
+                    outcome = self.link(*names, form=["linkKind=" + kind], status=2)
+                    self.assertEqual(self.asked(outcome), [("dialog", "Create Link", "cancel")])
+                    self.assertIn("status=" + why, outcome.stderr)
                     self.assertEqual((outcome.of("log"), self.links()), ([], []))
                     self.assertFalse(os.path.exists(os.path.join(self.config, SETTINGS)))
 
         def test_before_vista_there_are_no_symbolic_links(self):
             self.make("a.txt")
-            outcome = self.link("a.txt", form=["linkKind=symbolic"], options=["--before-vista"])
+            outcome = self.link("a.txt", form=["linkKind=symbolic"], options=["--before-vista"], status=2)
+            self.assertIn("status=This version of Windows has no symbolic links.", outcome.stderr)
             self.assertEqual((outcome.of("log"), self.links()), ([], []))
+
+        def test_the_description_of_the_kind_is_a_field(self):
+            self.make("a.txt")
+            for word, description in (
+                    ("hard", "A second name of the same file on the same drive. The file stays until its last name is "
+                             "deleted."),
+                    ("junction", "A folder that leads to another folder of this computer."),
+                    ("symbolic", "A file or folder that leads to another path, which may be on another drive or "
+                                 "computer."),
+                    ("shortcut", "")):
+                with self.subTest(kind=word):
+                    outcome = self.link("a.txt", form=["linkKind=" + word, "help="], answers=[], status=2)
+                    self.assertIn("description=%s, status=" % description, outcome.stderr)
+
+        def test_several_items_are_shown_by_their_folders_and_a_star(self):
+            self.make("a", "b")
+            outcome = self.link("a", "b", form=["help="], answers=[], status=2)
+            self.assertIn("linkName=%s\\*, targetName=%s\\*, " % (windows_path(self.panel), windows_path(self.folder)),
+                          outcome.stderr)
 
         def test_several_symbolic_links_to_files_and_folders(self):
             self.make("a.txt", "sub/inner")

@@ -4,9 +4,12 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "support/dialog_answer.h"
 #include "support/fake_host.h"
 
+using testing::Contains;
 using testing::ElementsAre;
 
 namespace {
@@ -41,15 +44,16 @@ TEST(CreateLinksDlg, HasTheKindByItsWordAndBothNames) {
   for (const auto& [kind, word] : {std::pair{1, "hard"}, {2, "junction"}, {3, "symbolic"}}) {
     CreateLinksForm form = OneFile(kind);
     Show(form, [word = std::string(word)](Platform::FormRequest& request) {
-      EXPECT_THAT(ValuesOf(request),
-                  ElementsAre("linkKind=" + word, "linkName=C:\\links\\a.txt", "targetName=C:\\view\\a.txt"));
+      EXPECT_THAT(ValuesOf(request), Contains("linkKind=" + word));
+      EXPECT_EQ(Get(request, "linkName"), W("C:\\links\\a.txt"));
+      EXPECT_EQ(Get(request, "targetName"), W("C:\\view\\a.txt"));
       return IDCANCEL;
     });
   }
   CreateLinksForm form = OneFile(4);
   Show(form, [](Platform::FormRequest& request) {
-    EXPECT_THAT(ValuesOf(request),
-                ElementsAre("linkKind=shortcut", "linkName=C:\\links\\a.lnk", "targetName=C:\\view\\a.txt"));
+    EXPECT_THAT(ValuesOf(request), ElementsAre("linkKind=shortcut", "linkName=C:\\links\\a.lnk",
+                                               "targetName=C:\\view\\a.txt", "description=", "status="));
     return IDCANCEL;
   });
 }
@@ -96,10 +100,48 @@ TEST(CreateLinksDlg, GreyFieldsTakeNothing) {
   });
 }
 
-TEST(CreateLinksDlg, GreyOkIsNotPressed) {
+TEST(CreateLinksDlg, TheDescriptionFollowsTheKind) {
+  CreateLinksForm form = OneFile(1);
+  Show(form, [](Platform::FormRequest& request) {
+    const std::pair<const WCHAR*, const WCHAR*> kExpected[] = {{W("hard"), W("T01390064")},
+                                                               {W("junction"), W("T013A0064")},
+                                                               {W("symbolic"), W("T013B0064")},
+                                                               {W("shortcut"), W("")}};
+    for (const auto& [kind, description] : kExpected) {
+      Set(request, "linkKind", kind);
+      EXPECT_EQ(Get(request, "description"), description);
+      EXPECT_FALSE(Set(request, "description", W("x")));
+    }
+    return IDCANCEL;
+  });
+}
+
+TEST(CreateLinksDlg, TheStatusSaysWhyOkIsDisabled) {
+  CreateLinksForm form = OneFile(2);
+  Show(form, [](Platform::FormRequest& request) {
+    EXPECT_EQ(Get(request, "status"), W("T00CB0065"));
+    EXPECT_FALSE(request.isOkEnabled());
+    EXPECT_FALSE(Set(request, "status", W("x")));
+    Set(request, "linkKind", W("symbolic"));
+    EXPECT_EQ(Get(request, "status"), W(""));
+    EXPECT_TRUE(request.isOkEnabled());
+    return IDCANCEL;
+  });
+  form.targetIsFolder = true;
+  form.linkKind = 1;
+  StartForm(form);
+  Show(form, [](Platform::FormRequest& request) {
+    EXPECT_EQ(Get(request, "status"), W("T00C90065"));
+    EXPECT_FALSE(request.isOkEnabled());
+    return IDCANCEL;
+  });
+}
+
+TEST(CreateLinksDlg, OkThatIsDisabledIsNotPressed) {
   CreateLinksForm form = OneFile(2);
   ASSERT_FALSE(form.okEnabled);
   EXPECT_EQ(Show(form, [](Platform::FormRequest&) { return IDOK; }), IDCANCEL);
+  EXPECT_EQ(form.linkName, W("C:\\links\\a.txt"));
 }
 
 TEST(CreateLinksDlg, AKindWithoutAWordIsRefused) {

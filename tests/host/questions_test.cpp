@@ -247,6 +247,34 @@ TEST_F(QuestionsTest, FieldsThatNoDialogHasTakenAreNamed) {
   EXPECT_EQ(questions_->FormFieldsLeft(), "");
 }
 
+TEST_F(QuestionsTest, OkThatIsDisabledDoesNotFitAndIsReportedAsCancel) {
+  const auto isOkEnabled = [this] { return digit_ == W("1"); };
+  EXPECT_FALSE(Ask({"ok"}, {{"digit", W("2")}}).AskDialog("D", W("T"), W(""), Fields(), isOkEnabled));
+  EXPECT_TRUE(questions_->HasRefused());
+  EXPECT_THAT(recorded_.problems, HasSubstr("the dialog D cannot be answered with ok, which is disabled; its "
+                                            "fields are text=old, digit=2"));
+  EXPECT_EQ(recorded_.Out(),
+            R"({"event":"question","kind":"dialog","title":"T","text":"","style":0,"answer":"cancel"})"
+            "\n");
+  digit_ = W("2");
+  EXPECT_TRUE(Ask({"ok"}, {{"digit", W("1")}}).AskDialog("D", W("T"), W(""), Fields(), isOkEnabled));
+  EXPECT_FALSE(questions_->HasRefused());
+}
+
+TEST_F(QuestionsTest, CancelFitsWhereOkIsDisabled) {
+  EXPECT_FALSE(Ask({"cancel"}).AskDialog("D", W("T"), W(""), Fields(), [] { return false; }));
+  EXPECT_FALSE(questions_->HasRefused());
+}
+
+TEST_F(QuestionsTest, APersonIsAskedAgainWhileOkIsDisabled) {
+  const auto isOkEnabled = [this] { return digit_ == W("7"); };
+  EXPECT_TRUE(AskPerson({"ok", "digit=7", "ok"}).AskDialog("D", W("T"), W(""), Fields(), isOkEnabled));
+  EXPECT_THAT(recorded_.problems, HasSubstr("OK is disabled\n  text=old\n  digit=1\n"));
+  digit_ = W("1");
+  EXPECT_FALSE(AskPerson({"ok", "cancel"}).AskDialog("D", W("T"), W(""), Fields(), isOkEnabled));
+  EXPECT_FALSE(questions_->HasRefused());
+}
+
 TEST_F(QuestionsTest, APersonIsAskedUntilTheAnswerFits) {
   EXPECT_EQ(AskPerson({"what", "", "ok"}).AskBox(W("T"), W("text"), 1), 1);
   EXPECT_EQ(AskPerson({}).AskBox(W("T"), W("text"), 1), 2);

@@ -80,6 +80,20 @@ TEST_F(UserInterfaceTest, AFormIsEditedByTheHandler) {
   EXPECT_EQ(recorder_.accepted, (std::vector<bool>{true, false}));
 }
 
+TEST_F(UserInterfaceTest, OkOfAFormIsCancelWhileItIsDisabled) {
+  WString value = W("old");
+  Platform::FormRequest form;
+  form.fields.push_back({"name", [&value] { return value; },
+                         [&value](const WString& text) {
+                           value = text;
+                           return true;
+                         }});
+  form.isOkEnabled = [&value] { return value == W("old"); };
+  EXPECT_EQ(Platform::AskForm(form), IDCANCEL) << "the handler has filled in another value";
+  form.isOkEnabled = [&value] { return value == W("new"); };
+  EXPECT_EQ(Platform::AskForm(form), IDOK);
+}
+
 TEST_F(UserInterfaceTest, InstallingGivesBackTheHandlerBefore) {
   Recorder other;
   EXPECT_EQ(Platform::InstallUserInterface(&other), &recorder_);

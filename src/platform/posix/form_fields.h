@@ -3,6 +3,7 @@
 #pragma once
 
 #include <span>
+#include <utility>
 
 #include "platform/posix/user_interface.h"
 
@@ -24,6 +25,11 @@ inline FormField TextField(const char* name, WString& member, std::function<bool
             member = text;
             return true;
           }};
+}
+
+// A text that is shown and cannot be changed.
+inline FormField ShownField(const char* name, std::function<WString()> get) {
+  return {name, std::move(get), [](const WString&) { return false; }};
 }
 
 // A check box: 1 and 0.

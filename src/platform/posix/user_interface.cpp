@@ -23,7 +23,9 @@ UserInterface* InstallUserInterface(UserInterface* handler) { return installed.e
 
 INT_PTR AskForm(FormRequest& form) {
   UserInterface* handler = installed.load();
-  return handler ? handler->Dialog(form) : IDCANCEL;
+  const INT_PTR button = handler ? handler->Dialog(form) : IDCANCEL;
+  const bool isRefused = button == IDOK && form.isOkEnabled && !form.isOkEnabled();
+  return isRefused ? IDCANCEL : button;
 }
 
 }  // namespace Platform

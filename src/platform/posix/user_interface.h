@@ -27,6 +27,8 @@ struct FormRequest {
   WString title;
   WString text;
   std::vector<FormField> fields;
+  // Returns whether OK may end the dialog with the fields as they are. Null: it always may.
+  std::function<bool()> isOkEnabled = nullptr;
 };
 
 class UserInterface {
@@ -44,7 +46,7 @@ class UserInterface {
 // its installation.
 QX_PLATFORM_API UserInterface* InstallUserInterface(UserInterface* handler);
 
-// Shows the form to the handler. IDCANCEL where there is none.
+// Shows the form to the handler. Returns IDCANCEL without one, and if OK was pressed while it was disabled.
 QX_PLATFORM_API INT_PTR AskForm(FormRequest& form);
 
 }  // namespace Platform
