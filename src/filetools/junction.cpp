@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "filetools/same_file.h"
 #include "platform/handles.h"
 
 namespace {
@@ -20,6 +21,14 @@ std::optional<WString> ExistingTarget(const WString& target) {
   if (size == 0 || size >= kMostTargetChars) return std::nullopt;
   if (GetFileAttributesW(buffer) == INVALID_FILE_ATTRIBUTES) return std::nullopt;
   return WString(buffer, size);
+}
+
+// Returns whether a junction `link` to `target` would lead to itself; `link` is a folder, or an older
+// junction, which counts as itself and not as the folder that it leads to.
+bool LeadsToItself(const WString& link, const WString& target) {
+  const WString path = target.starts_with(kSystemRoot) ? target.substr(kSystemRoot.size()) : target;
+  return IsSameFile(link, LinkEnd::kItself, path, LinkEnd::kFollowed) ||
+         IsSameFile(link, LinkEnd::kItself, path, LinkEnd::kItself);
 }
 
 bool IsFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
@@ -64,7 +73,7 @@ DWORD CreateJunction(const WString& link, const WString& target) {
   const bool isUsable = isNew ? CreateDirectoryW(link.c_str(), nullptr) != FALSE
                               : IsFolder(attributes) && PathIsDirectoryEmptyW(link.c_str()) != FALSE;
   if (!isUsable) return ERROR_INVALID_DATA;
-  if (SetJunctionTarget(link, target)) return ERROR_SUCCESS;
+  if (!LeadsToItself(link, target) && SetJunctionTarget(link, target)) return ERROR_SUCCESS;
   if (isNew) RemoveDirectoryW(link.c_str());
   return ERROR_INVALID_DATA;
 }

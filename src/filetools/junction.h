@@ -38,6 +38,7 @@ std::unique_ptr<MountPointRecord> MakeMountPointRecord(WStringView path);
 // is taken as it stands and not looked for. False, and a folder as it was, if that cannot be.
 bool SetJunctionTarget(const WString& folder, const WString& target);
 
-// The junction `link` to `target`: of an empty folder that is there, else of a new one, which goes away again
-// if it cannot be one. 0, or ERROR_INVALID_DATA (13) whatever the reason.
+// Makes the junction `link` to `target`: of an empty folder that is there, else of a new one, which goes away
+// again if it cannot be one. Returns 0, or ERROR_INVALID_DATA (13) whatever the reason; one is that both are
+// the same folder, which would lead to itself.
 DWORD CreateJunction(const WString& link, const WString& target);

@@ -5,6 +5,8 @@
 // platform/posix/shell_link.cpp.
 #pragma once
 
+#include <string_view>
+
 #include "platform/text.h"
 
 struct ShellLink {
@@ -16,3 +18,10 @@ struct ShellLink {
 // Writes the shortcut to `path`, over a file that is there. False if the shortcut cannot be made - the shell
 // does not take its target - or cannot be saved.
 QX_PLATFORM_API bool SaveShellLink(const ShellLink& link, const WString& path);
+
+// Returns whether the file at `path` is a shortcut, which its first bytes say. False for a file that cannot
+// be read.
+QX_PLATFORM_API bool IsShellLink(const WString& path);
+
+// The bytes that every shortcut begins with, for IsShellLink.
+std::string_view ShellLinkBeginning();

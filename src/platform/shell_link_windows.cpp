@@ -39,3 +39,9 @@ bool SaveShellLink(const ShellLink& link, const WString& path) {
   shellLink->SetDescription(link.description.c_str());
   return Save(*shellLink, path);
 }
+
+// The size of the header, and the number of the shell link's class.
+std::string_view ShellLinkBeginning() {
+  static constexpr char kHeader[] = "\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46";
+  return {kHeader, sizeof kHeader - 1};
+}

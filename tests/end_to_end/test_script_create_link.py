@@ -60,6 +60,15 @@ class Kinds(LinkTest):
                              "[Shortcut]\nTarget=%s\nWorkingFolder=%s\\\nDescription=%s\n"
                              % (windows_path(self.path("a.txt")), windows_path(self.folder), description))
 
+    def test_a_shortcut_takes_the_place_of_an_older_one(self):
+        self.make("a.txt", "b longer.txt")
+        self.assert_made(4, "link.lnk", "b longer.txt")
+        with open(self.path("link.lnk"), "rb") as file:
+            older = file.read()
+        self.assert_made(4, "link.lnk", "a.txt")
+        with open(self.path("link.lnk"), "rb") as file:
+            self.assertNotEqual(file.read(), older)
+
     def test_a_shortcut_to_a_folder(self):
         self.make("sub/")
         self.assert_made(4, "sub.lnk", "sub")
@@ -108,6 +117,25 @@ class Failures(LinkTest):
         self.assert_refused(13, 2, "full", "sub")
         self.assert_refused(13, 2, "a.txt", "sub")
         self.assertEqual((self.names("full"), self.content("a.txt")), (["inner"], "a.txt"))
+
+    def test_a_junction_of_a_folder_to_itself(self):
+        self.make("sub/")
+        self.assert_refused(13, 2, "sub", "sub")
+        self.assertFalse(os.path.islink(self.path("sub")))
+
+    def test_a_shortcut_where_a_file_is_that_is_none(self):
+        self.make("a.txt", "b.txt", "b.lnk", "sub/")
+        self.assert_refused(3, 4, "b.txt", "a.txt")
+        self.assert_refused(3, 4, "b.lnk", "a.txt")
+        self.assert_refused(3, 4, "a.txt", "a.txt")
+        self.assert_refused(3, 4, "sub", "a.txt")
+        self.assertEqual([self.content(name) for name in ("a.txt", "b.txt", "b.lnk")], ["a.txt", "b.txt", "b.lnk"])
+
+    def test_a_shortcut_to_itself_under_a_second_name(self):
+        self.make("a.txt")
+        self.assert_made(4, "a.lnk", "a.txt")
+        os.link(self.path("a.lnk"), self.path("b.lnk"))
+        self.assert_refused(3, 4, "b.lnk", "a.lnk")
 
     def test_a_kind_that_is_none(self):
         self.make("a.txt")

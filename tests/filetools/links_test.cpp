@@ -70,6 +70,22 @@ TEST_F(LinksTest, AShortcutThatCannotBeSavedIsError3) {
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Unknown", 3, link_, target_)));
 }
 
+TEST_F(LinksTest, AShortcutOverAFileThatIsNoShortcutIsError3InTheLogAndInABox) {
+  link_ = scratch_.Write(W("kept.lnk"), "not a shortcut");
+  EXPECT_EQ(CreateWithRetry(4), 3u);
+  EXPECT_EQ(scratch_.Read(W("kept.lnk")), "not a shortcut");
+  EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
+              ElementsAre(LinkFailed("Unknown", 3, link_, target_), LinkBox(3)));
+}
+
+TEST_F(LinksTest, AJunctionOfAFolderToItselfIsError13InTheLogAndInABox) {
+  link_ = target_ = scratch_.MakeFolder(W("sub"));
+  EXPECT_EQ(CreateWithRetry(2), 13u);
+  EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u);
+  EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
+              ElementsAre(LinkFailed("Junction", 13, link_, target_), LinkBox(13)));
+}
+
 TEST_F(LinksTest, AJunctionIsRefusedWhereAFileIs) {
   link_ = target_;
   EXPECT_EQ(Create(2, true), 13u);

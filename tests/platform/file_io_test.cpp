@@ -1,6 +1,8 @@
-// ReadFile, WriteFile, SetFilePointer, GetFileSizeEx.
+// ReadFile, WriteFile, SetFilePointer, GetFileSizeEx, GetFileInformationByHandle.
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 #include "platform/handles.h"
 #include "platform/outcome.h"
@@ -92,14 +94,37 @@ TEST_F(FileIoTest, WhatIsNoHandleIsRefused) {
   char byte = 0;
   DWORD done = 0;
   LARGE_INTEGER size;
+  BY_HANDLE_FILE_INFORMATION information;
   for (const HANDLE handle : {static_cast<HANDLE>(nullptr), INVALID_HANDLE_VALUE}) {
     EXPECT_EQ(FailureOf(ReadFile(handle, &byte, 1, &done, nullptr)), 6u);
     EXPECT_EQ(FailureOf(WriteFile(handle, &byte, 1, &done, nullptr)), 6u);
     EXPECT_EQ(FailureOf(GetFileSizeEx(handle, &size)), 6u);
+    EXPECT_EQ(FailureOf(GetFileInformationByHandle(handle, &information)), 6u);
     EXPECT_EQ(FailureOfValue(SetFilePointer(handle, 0, nullptr, FILE_BEGIN)), 6u);
   }
   HANDLE closed = Open(GENERIC_READ).Get();
   EXPECT_EQ(FailureOf(ReadFile(closed, &byte, 1, &done, nullptr)), 6u);
+}
+
+TEST_F(FileIoTest, TheIndexIsThatOfTheFileUnderEachOfItsNames) {
+  const WString first = scratch_.Write(W("a.txt"), "abc");
+  const WString second = scratch_.Path(W("b.txt"));
+  ASSERT_TRUE(CreateHardLinkW(second.c_str(), first.c_str(), nullptr));
+  const WString copy = scratch_.Write(W("c.txt"), "abc");
+  const WString folder = scratch_.MakeFolder(W("folder"));
+  const auto indexOf = [](const WString& path) {
+    const FileHandle file(
+        CreateFileW(path.c_str(), 0, 7, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION information = {};
+    EXPECT_TRUE(GetFileInformationByHandle(file.Get(), &information)) << ToUtf8(path);
+    return std::array{information.dwVolumeSerialNumber, information.nFileIndexHigh,
+                      information.nFileIndexLow};
+  };
+  EXPECT_EQ(indexOf(first), indexOf(second));
+  EXPECT_NE(indexOf(first), indexOf(copy));
+  EXPECT_NE(indexOf(first), indexOf(folder));
+  EXPECT_EQ(indexOf(folder), indexOf(folder + W("\\.")));
+  EXPECT_EQ(indexOf(first)[0], indexOf(folder)[0]) << "both are on one volume";
 }
 
 TEST_F(FileIoTest, TheSizeIsThatOfTheFileNow) {

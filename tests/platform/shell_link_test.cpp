@@ -45,6 +45,19 @@ TEST_F(ShellLinkTest, AnOlderOneIsReplaced) {
   EXPECT_EQ(ReadShellLink(path).description, W("b"));
 }
 
+TEST_F(ShellLinkTest, ItIsToldFromOtherFilesAndFromFolders) {
+  const WString target = scratch_.Write(W("a.txt"), "abc");
+  const WString path = scratch_.Path(W("link"));
+  ASSERT_TRUE(SaveShellLink({target, W(""), W("")}, path));
+  EXPECT_TRUE(IsShellLink(path));
+  EXPECT_FALSE(IsShellLink(target));
+  EXPECT_FALSE(IsShellLink(scratch_.Write(W("empty.lnk"), "")));
+  EXPECT_FALSE(IsShellLink(scratch_.Write(W("cut.lnk"), scratch_.Read(W("link")).substr(0, 10))));
+  EXPECT_FALSE(IsShellLink(scratch_.Write(W("after.lnk"), " " + scratch_.Read(W("link")))));
+  EXPECT_FALSE(IsShellLink(scratch_.MakeFolder(W("sub"))));
+  EXPECT_FALSE(IsShellLink(scratch_.Path(W("nosuch"))));
+}
+
 TEST_F(ShellLinkTest, ItIsNotSavedWhereNoFileCanBe) {
   const WString target = scratch_.Write(W("a.txt"), "abc");
   const WString folder = scratch_.MakeFolder(W("sub"));

@@ -41,6 +41,8 @@ QX_PLATFORM_API BOOL WriteFile(HANDLE file, const void* buffer, DWORD count, DWO
                                OVERLAPPED* overlapped);
 QX_PLATFORM_API DWORD SetFilePointer(HANDLE file, LONG distance, LONG* distanceHigh, DWORD method);
 QX_PLATFORM_API BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
+// Stores the volume and the index, which no two files share; the rest is zero.
+QX_PLATFORM_API BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information);
 QX_PLATFORM_API BOOL CloseHandle(HANDLE handle);
 QX_PLATFORM_API BOOL MoveFileW(const WCHAR* from, const WCHAR* to);
 QX_PLATFORM_API BOOL DeleteFileW(const WCHAR* path);
