@@ -86,7 +86,7 @@ TEST(RenameSameBase, FoldersOfTheBaseAreLeftAlone) {
               ElementsAre(QueuedRename{W("song.mp3"), W("n.mp3")}, QueuedRename{W("song.txt"), W("n.txt")}));
 }
 
-TEST(RenameSameBase, AFolderIsToldByItsAttributes) {
+TEST(RenameSameBase, AFolderIsWhatItsAttributesSay) {
   FakeHost host;
   Focus(host, W("song.mp3"), {W("song.txt")});
   host.view.back()->isFolder = true;

@@ -39,7 +39,7 @@ TEST_F(NativeSameFile, NamesThatDifferInCaseAreTwoFilesWhereTheFileSystemSaysSo)
   EXPECT_EQ(scratch_.Read(W("file")), "abc");
 }
 
-TEST_F(NativeSameFile, IsToldByTheTextsWhereTheFileSystemCannotTell) {
+TEST_F(NativeSameFile, IsDecidedByTheTextsWhereTheFileSystemCannotTell) {
   const WString other = scratch_.Write(W("other"), "abc");
   for (const char* function : {"CreateFileW", "GetFileInformationByHandle"}) {
     Faults::Fail(function, 1, ERROR_ACCESS_DENIED, true);
@@ -50,7 +50,7 @@ TEST_F(NativeSameFile, IsToldByTheTextsWhereTheFileSystemCannotTell) {
   }
 }
 
-TEST_F(NativeSameFile, IsToldByTheTextsWhereTheFileSystemTellsOfOneAlone) {
+TEST_F(NativeSameFile, IsDecidedByTheTextsWhereTheFileSystemKnowsOneAlone) {
   const WString other = scratch_.Write(W("other"), "abc");
   for (const int nth : {1, 2}) {
     Faults::Fail("GetFileInformationByHandle", nth, ERROR_ACCESS_DENIED);
@@ -60,7 +60,7 @@ TEST_F(NativeSameFile, IsToldByTheTextsWhereTheFileSystemTellsOfOneAlone) {
   }
 }
 
-TEST_F(NativeSameFile, IsToldByThePathsThemselvesWhereTheyHaveNoFullOnes) {
+TEST_F(NativeSameFile, IsDecidedByThePathsThemselvesWhereTheyHaveNoFullOnes) {
   Faults::Fail("CreateFileW", 1, ERROR_ACCESS_DENIED, true);
   Faults::Fail("GetFullPathNameW", 1, ERROR_NOT_ENOUGH_MEMORY, true);
   EXPECT_TRUE(IsSameFile(file_, LinkEnd::kFollowed, file_, LinkEnd::kFollowed));

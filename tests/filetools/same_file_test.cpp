@@ -55,7 +55,7 @@ TEST_F(SameFile, IsNeverOneThatIsNotThere) {
   EXPECT_FALSE(IsSame(file_, scratch_.Path(W("nosuch\\file"))));
 }
 
-TEST_F(SameFile, IsToldByTheTextsWhereNeitherIsThere) {
+TEST_F(SameFile, IsDecidedByTheTextsWhereNeitherIsThere) {
   const WString path = scratch_.Path(W("nosuch"));
   EXPECT_TRUE(IsSame(path, path));
   EXPECT_TRUE(IsSame(path, scratch_.Path(W("x\\..\\NoSuch"))));

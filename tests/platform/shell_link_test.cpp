@@ -45,7 +45,7 @@ TEST_F(ShellLinkTest, AnOlderOneIsReplaced) {
   EXPECT_EQ(ReadShellLink(path).description, W("b"));
 }
 
-TEST_F(ShellLinkTest, ItIsToldFromOtherFilesAndFromFolders) {
+TEST_F(ShellLinkTest, OtherFilesAndFoldersAreNotTakenForOne) {
   const WString target = scratch_.Write(W("a.txt"), "abc");
   const WString path = scratch_.Path(W("link"));
   ASSERT_TRUE(SaveShellLink({target, W(""), W("")}, path));

@@ -140,7 +140,8 @@ BOOL GetFileInformationByHandle(HANDLE handle, BY_HANDLE_FILE_INFORMATION* infor
   struct stat status;
   if (fstat(file->descriptor.Get(), &status) != 0) return FailWith(Platform::ErrorOfErrno(errno));
   *information = {};
-  // The low half of a device's number tells all devices apart that are in use; the high half is for the rest.
+  // Devices that are in use differ in the low half of their numbers; the high half is folded in for the
+  // others.
   information->dwVolumeSerialNumber = static_cast<DWORD>(status.st_dev ^ (status.st_dev >> 32));
   information->nFileIndexHigh = static_cast<DWORD>(status.st_ino >> 32);
   information->nFileIndexLow = static_cast<DWORD>(status.st_ino);
