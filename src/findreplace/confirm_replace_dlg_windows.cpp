@@ -4,6 +4,7 @@
 
 #include "findreplace/confirm_replace_dlg.h"
 #include "findreplace/confirm_replace_dlg_ids.h"
+#include "findreplace/edit_text.h"
 #include "frame/services/dialog_owner.h"
 #include "frame/services/message_texts.h"
 #include "ui/dialog.h"
@@ -86,15 +87,17 @@ class ConfirmReplaceDlg : public Ui::Dialog {
   }
 
   void ShowTexts() {
-    Ui::SetText(Control(QX_CONFIRM_CONTEXT), ShownContext(form_));
-    Ui::SetText(Control(QX_CONFIRM_REPLACEMENT), ShownReplacement(form_));
+    Ui::SetText(Control(QX_CONFIRM_CONTEXT), EditText(ShownContext(form_)));
+    Ui::SetText(Control(QX_CONFIRM_REPLACEMENT), EditText(ShownReplacement(form_)));
   }
 
   // The selection is what shows the match. It is made once: the offsets are those of the raw text.
   void SelectMatch() {
     const HWND context = Control(QX_CONFIRM_CONTEXT);
     Ui::KeepSelection(context);
-    SendMessageW(context, EM_SETSEL, form_.highlight.start, static_cast<LPARAM>(form_.highlight.end));
+    const WString shown = ShownContext(form_);
+    SendMessageW(context, EM_SETSEL, EditOffset(shown, form_.highlight.start),
+                 static_cast<LPARAM>(EditOffset(shown, form_.highlight.end)));
     SendMessageW(context, EM_SCROLLCARET, 0, 0);
   }
 

@@ -171,6 +171,41 @@ TEST_F(ConfirmReplaceDlgWindow, MatchStaysSelectedWhenTheTabKeyReachesTheContext
   });
 }
 
+TEST_F(ConfirmReplaceDlgWindow, LinesOfALfFileStayLinesAndTheMatchIsTheSame) {
+  form_.context = W("first\nan old text\nlast\n");
+  form_.highlight = {9, 12};
+  form_.replacement = W("new\nlines");
+  Show([](HWND dialog) {
+    EXPECT_EQ(TextOf(dialog, kContext), W("first\r\nan old text\r\nlast\r\n"));
+    EXPECT_EQ(SendDlgItemMessageW(dialog, kContext, EM_GETLINECOUNT, 0, 0), 4);
+    EXPECT_EQ(SelectionOf(dialog, kContext), std::pair(10ul, 13ul));
+    EXPECT_EQ(TextOf(dialog, kReplacement), W("new\r\nlines"));
+  });
+}
+
+TEST_F(ConfirmReplaceDlgWindow, MatchOverTheLinesOfALfFileIsSelectedWithItsLineEnds) {
+  form_.context = W("a\nfrom\nto\nb\n");
+  form_.highlight = {2, 9};
+  Show([](HWND dialog) {
+    const auto [from, to] = SelectionOf(dialog, kContext);
+    EXPECT_EQ(TextOf(dialog, kContext).substr(from, to - from), W("from\r\nto"));
+  });
+}
+
+TEST_F(ConfirmReplaceDlgWindow, LinesOfALfFileStayLinesInBothViews) {
+  form_.format = TextFormat::Utf8;
+  form_.context = W("\u00C3\u00BC\nx\n");
+  form_.highlight = {3, 4};
+  Show([](HWND dialog) {
+    EXPECT_EQ(TextOf(dialog, kContext), W("\u00C3\u00BC\r\nx\r\n"));
+    EXPECT_EQ(SelectionOf(dialog, kContext), std::pair(4ul, 5ul));
+    ClickButton(dialog, kSwitch);
+    EXPECT_EQ(TextOf(dialog, kContext), W("\u00FC\r\nx\r\n"));
+    ClickButton(dialog, kSwitch);
+    EXPECT_EQ(TextOf(dialog, kContext), W("\u00C3\u00BC\r\nx\r\n"));
+  });
+}
+
 TEST_F(ConfirmReplaceDlgWindow, MatchOfNoPlaceSelectsNothing) {
   form_.highlight = {0, 0};
   Show([](HWND dialog) { EXPECT_EQ(SelectionOf(dialog, kContext), std::pair(0ul, 0ul)); });
@@ -353,7 +388,7 @@ TEST_F(ConfirmReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
   SpeakEnglish(host_);
   form_.format = TextFormat::Utf8;
   form_.path = W("Z:\\home\\me\\notes\\shopping.txt");
-  form_.context = W("- two apples\r\n- a grey hat, 20 \u00E2\u201A\u00AC\r\n- milk\r\n");
+  form_.context = W("- two apples\r\n- a grey hat\r\n- milk\r\n");
   form_.replacement = W("gray");
   form_.range = {{7, 4}, {7, 8}};
   form_.highlight = {18, 22};
@@ -365,7 +400,7 @@ TEST_F(ConfirmReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
   });
 }
 
-TEST_F(ConfirmReplaceDlgWindow, TextsLongerByTwoFifthsAndLargeNumbersFitToo) {
+TEST_F(ConfirmReplaceDlgWindow, TextsOfTwiceTheLengthLongSentencesAndLargeNumbersFitToo) {
   SpeakAtLength(host_);
   form_.format = TextFormat::Utf8;
   form_.range = {{4000000000, 4000000000}, {4000000000, 4000000000}};
@@ -403,12 +438,14 @@ class FindAndReplaceInWindows : public ConfirmReplaceDlgWindow {
   }
 
   // Runs the command: the first dialog is filled and started, and the others are answered by these controls.
-  void Run(const std::vector<int>& answers) {
+  void Run(const std::vector<int>& answers, const WString& find = W("old"), int modeRow = 0) {
     constexpr int kFindText = 1020;
+    constexpr int kMode = 1102;
     constexpr int kReplaceText = 1050;
-    std::vector<Steps> steps = {[](HWND dialog) {
-      EnterText(dialog, kFindText, W("old"));
+    std::vector<Steps> steps = {[find, modeRow](HWND dialog) {
+      PasteText(dialog, kFindText, find);
       EnterText(dialog, kReplaceText, W("new"));
+      ChooseRow(dialog, kMode, modeRow);
       ClickButton(dialog, IDOK);
     }};
     for (const int answer : answers) {
@@ -444,6 +481,14 @@ TEST_F(FindAndReplaceInWindows, EachMatchIsAskedAboutAndShown) {
   EXPECT_THAT(paths_, testing::Each(folder_.Path(W("a.txt"))));
   EXPECT_EQ(folder_.Read(W("a.txt")), "new\nOld new\n");
   EXPECT_EQ(folder_.Read(W("a.txt.bak")), "old\nOld old\n");
+}
+
+TEST_F(FindAndReplaceInWindows, BlockOfLinesOfALfFileIsShownAsLines) {
+  constexpr int kMultilineRow = 3;
+  Select(W("a.txt"), "one\nold\nlines\nfour\n");
+  Run({IDOK}, W("old\r\nlines"), kMultilineRow);
+  EXPECT_THAT(selected_, ElementsAre(W("old\r\nlines")));
+  EXPECT_EQ(folder_.Read(W("a.txt")), "one\nnew\nlines\nfour\n");
 }
 
 TEST_F(FindAndReplaceInWindows, CancelInTheSecondOfThreeFilesLeavesItAndTheThirdAsTheyWere) {
