@@ -5,6 +5,7 @@
 
 #include "ui/common_controls.h"
 #include "ui/module_instance.h"
+#include "ui/placement.h"
 
 namespace Ui {
 
@@ -14,30 +15,11 @@ namespace {
 // text.
 constexpr UINT kChangeMessage = WM_APP + 1;
 
+// The window has got another scale or another screen, and by now all its controls have their new places. The
+// first parameter is whether it may be moved.
+constexpr UINT kFitMessage = WM_APP + 2;
+
 constexpr int kChanges[] = {BN_CLICKED, CBN_SELCHANGE, CBN_EDITCHANGE, EN_CHANGE};
-
-// The place of a window along one axis: centred over `from` to `to`, inside the work area, its beginning
-// visible above all.
-LONG Center(LONG from, LONG to, LONG size, LONG workFrom, LONG workTo) {
-  const LONG place = from + (to - from - size) / 2;
-  return std::max(workFrom, std::min(place, workTo - size));
-}
-
-void CenterOverOwner(HWND window) {
-  const HWND owner = GetWindow(window, GW_OWNER);
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof(monitor);
-  const HMONITOR which = MonitorFromWindow(owner ? owner : window, MONITOR_DEFAULTTONEAREST);
-  RECT own = {};
-  if (!GetMonitorInfoW(which, &monitor) || !GetWindowRect(window, &own)) return;
-  RECT base = monitor.rcWork;
-  // A hidden or minimised owner has no place that the user sees.
-  if (owner && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &base);
-  const RECT& work = monitor.rcWork;
-  const LONG x = Center(base.left, base.right, own.right - own.left, work.left, work.right);
-  const LONG y = Center(base.top, base.bottom, own.bottom - own.top, work.top, work.bottom);
-  SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
 
 }  // namespace
 
@@ -72,10 +54,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPA
 INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG:
-      CenterOverOwner(window_);
-      OnInit();
-      OnChange();
-      return TRUE;  // the system sets the focus on the first field
+      return Start();
     case WM_COMMAND:
       HandleCommand(LOWORD(wParam), HIWORD(wParam));
       return TRUE;
@@ -87,9 +66,37 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       changePending_ = false;
       OnChange();
       return TRUE;
-    default:
+    case WM_DPICHANGED:
+      scrollArea_.ScrollToTop();
+      OnScale(HIWORD(wParam));
+      // The user may be dragging the window from one monitor to the other, so its place stays theirs.
+      PostMessageW(window_, kFitMessage, FALSE, 0);
+      return FALSE;  // the system goes on to scale the window
+    case WM_DISPLAYCHANGE:
+    case WM_SETTINGCHANGE:
+      PostMessageW(window_, kFitMessage, TRUE, 0);
       return FALSE;
+    case kFitMessage:
+      scrollArea_.Fit(window_);
+      if (wParam) MoveInside(window_);
+      return TRUE;
+    default:
+      return scrollArea_.Handle(message, wParam);
   }
+}
+
+// Returns whether the system is to set the focus, on the first control of the tab order.
+BOOL Dialog::Start() {
+  // Before OnInit as well: what the screen has room for depends on the monitor.
+  CenterOverOwner(window_);
+  OnInit();
+  OnChange();
+  scrollArea_.Fit(window_);
+  CenterOverOwner(window_);
+  const int first = FirstField();
+  if (first == 0) return TRUE;
+  SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(first)), TRUE);
+  return FALSE;
 }
 
 void Dialog::HandleCommand(int control, int notification) {
@@ -98,6 +105,7 @@ void Dialog::HandleCommand(int control, int notification) {
     if (control == IDOK) return OnOk();
     return OnCancel();
   }
+  if (notification == EN_HSCROLL) return OnScroll(control);
   if (notification == BN_CLICKED) OnButton(control);
   if (std::find(std::begin(kChanges), std::end(kChanges), notification) == std::end(kChanges)) return;
   if (!changePending_) changePending_ = PostMessageW(window_, kChangeMessage, 0, 0) != FALSE;

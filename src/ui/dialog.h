@@ -5,7 +5,7 @@
 //   2. name_dlg.h: one function ShowNameDlg(host, form) that answers IDOK or IDCANCEL. name_dlg_posix.cpp
 //      hands the form's fields to Platform::AskForm, each by its member's name.
 //   3. A number QX_DIALOG_NAME in ui/resource_ids.h, the controls' numbers in name_dlg_ids.h, the template in
-//      name_dlg.rc without texts; frame/QXUtils.rc includes the last two.
+//      name_dlg.rc, with the words that show where the host has none; frame/QXUtils.rc includes the last two.
 //   4. name_dlg_windows.cpp: tables of Ui::ControlText (control, text), Ui::ComboRow (item data, text),
 //      Ui::Field (control, member) and Ui::EnableRule (control, condition), and a class from Ui::Dialog:
 //      OnInit sets texts, fills lists, loads the fields; OnChange reads the fields into a copy of the form
@@ -17,6 +17,7 @@
 
 #include "platform/windows_api.h"
 #include "ui/controls.h"
+#include "ui/scroll_area.h"
 
 namespace Ui {
 
@@ -26,9 +27,10 @@ class Dialog {
   Dialog& operator=(const Dialog&) = delete;
   virtual ~Dialog() = default;
 
-  // Shows the dialog in the middle of its owner (of the screen without one) and runs it until Close. Answers
-  // what Close was given, and IDCANCEL where the window cannot be made. An exception of a handler ends the
-  // dialog and leaves from here, as none may pass through the system's window code.
+  // Shows the dialog in the middle of its owner (of the screen without one) and runs it until Close. A dialog
+  // that is higher than the work area of its monitor scrolls, see scroll_area.h. Answers what Close was
+  // given, and IDCANCEL where the window cannot be made. An exception of a handler ends the dialog and leaves
+  // from here, as none may pass through the system's window code.
   INT_PTR ShowModal(HWND owner);
 
  protected:
@@ -44,11 +46,19 @@ class Dialog {
 
   // The controls are there and not yet visible.
   virtual void OnInit() = 0;
+  // The control that has the focus at first; asked after OnInit. 0 is the first of the tab order.
+  virtual int FirstField() const { return 0; }
   // After OnInit, and each time the user or the program has changed a text, a mark or a selection; once for
   // several changes in a row. The controls have their new state, a combo box's edit field too.
   virtual void OnChange() {}
   // A button other than OK and Cancel was pressed. Check boxes and radio buttons come here as well.
   virtual void OnButton(int /*control*/) {}
+  // The text of an edit control that WatchScroll watches (edit_view.h) has been scrolled to the left or the
+  // right.
+  virtual void OnScroll(int /*control*/) {}
+  // The dialog has come to a monitor of another scale, in pixels of an inch. The system gives the controls
+  // their new places after this.
+  virtual void OnScale(int /*pixelsOfAnInch*/) {}
   // A read-only edit control, a disabled one or a label is about to be drawn: sets colours in `dc` and
   // answers the brush of the background, which stays the class's. Null leaves the control as the system draws
   // it.
@@ -62,10 +72,12 @@ class Dialog {
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   // Answers what the dialog procedure does.
   INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  BOOL Start();
   void HandleCommand(int control, int notification);
 
   int resource_;
   HWND window_ = nullptr;
+  ScrollArea scrollArea_;
   bool changePending_ = false;
   std::exception_ptr failure_;
 };

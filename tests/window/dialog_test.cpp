@@ -247,6 +247,35 @@ TEST_F(DialogWindow, OverAnOwnerAtTheEdgeItStaysOnTheScreen) {
   });
 }
 
+TEST_F(DialogWindow, OnAnotherScreenItComesBackIntoTheWorkArea) {
+  Show([](HWND dialog) {
+    SetWindowPos(dialog, nullptr, 5000, 4000, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    SendMessageW(dialog, WM_DISPLAYCHANGE, 32, MAKELPARAM(1280, 1024));
+    Pump(dialog);
+    RECT work = {};
+    RECT area = {};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    GetWindowRect(dialog, &area);
+    EXPECT_EQ(area.right, work.right);
+    EXPECT_EQ(area.bottom, work.bottom);
+  });
+}
+
+TEST_F(DialogWindow, OnAnotherScaleItStaysWhereItIsBeingDraggedTo) {
+  Show([](HWND dialog) {
+    RECT place = {};
+    GetWindowRect(dialog, &place);
+    OffsetRect(&place, 3000, 0);
+    SetWindowPos(dialog, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&place));
+    Pump(dialog);
+    RECT area = {};
+    GetWindowRect(dialog, &area);
+    EXPECT_EQ(area.left, place.left);
+    EXPECT_EQ(area.top, place.top);
+  });
+}
+
 TEST_F(DialogWindow, TextOfALabelIsReadAndSetAtAnyLength) {
   Show([](HWND dialog) {
     const HWND label = GetDlgItem(dialog, QX_REPLACE_TOP);
