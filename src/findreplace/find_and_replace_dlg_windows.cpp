@@ -20,6 +20,7 @@ constexpr Ui::ControlText kTexts[] = {
     {QX_FIND_SAVE_MODE_LABEL, kTextSaveAs},
     {QX_FIND_NAME_LABEL, kTextFileName},
     {QX_FIND_TEXT_LABEL, kTextFindDlgFind},
+    {QX_FIND_MODE_LABEL, kTextFindDlgMode},
     {QX_FIND_REPLACE_LABEL, kTextFindDlgReplace},
     {QX_FIND_OPTIONS_GROUP, kTextFindDlgOptions},
     {QX_FIND_REGEXP, kTextFindDlgRegExp},
@@ -88,6 +89,8 @@ class FindAndReplaceDlg : public Ui::Dialog {
     ShowSaveMode();
     ShowExplanation();
   }
+
+  int FirstField() const override { return QX_FIND_TEXT; }
 
   void OnChange() override {
     const FindAndReplaceForm before = form_;

@@ -4,9 +4,11 @@
 #include "frame/services/dialog_owner.h"
 #include "frame/services/format_text.h"
 #include "frame/services/message_texts.h"
+#include "linesorter/scrolled_ruler.h"
 #include "linesorter/sort_lines_dlg.h"
 #include "linesorter/sort_lines_dlg_ids.h"
 #include "ui/dialog.h"
+#include "ui/edit_view.h"
 #include "ui/font.h"
 #include "ui/form_binding.h"
 #include "ui/popup_menu.h"
@@ -38,6 +40,7 @@ constexpr Ui::ControlText kTexts[] = {
     {QX_SORT_SEPARATOR_LABEL, kTextSortDlgSeparator},
     {QX_SORT_ITEM_LABEL, kTextSortDlgItem},
     {QX_SORT_METHOD_GROUP, kTextSortDlgMethod},
+    {QX_SORT_DATE_LABEL, kTextSortDlgDateFormat},
     {QX_SORT_DATE_PRESETS, kTextSortDlgDatePresets},
     {QX_SORT_LANGUAGE_AWARE, kTextSortDlgLanguageAware},
     {QX_SORT_IGNORE_CASE, kTextIgnoreCase},
@@ -45,6 +48,7 @@ constexpr Ui::ControlText kTexts[] = {
     {QX_SORT_REVERSE, kTextSortDlgReverse},
     {QX_SORT_DUPLICATES, kTextSortDlgDuplicates},
     {QX_SORT_BLANK, kTextSortDlgBlank},
+    {QX_SORT_SAMPLE_LABEL, kTextSortDlgSample},
     {IDOK, kTextSortDlgOk},
     {IDCANCEL, kTextSortDlgCancel},
 };
@@ -147,19 +151,28 @@ class SortLinesDlg : public Ui::Dialog {
  protected:
   void OnInit() override {
     Ui::SetTexts(Window(), kTexts, texts_);
-    const WString count = FormatCount(ViewOf(texts_(kTextSortDlgCount)), form_.fileCount);
-    Ui::SetText(Control(QX_SORT_COUNT), count);
+    if (const WCHAR* const count = texts_(kTextSortDlgCount)) {
+      Ui::SetText(Control(QX_SORT_COUNT), FormatCount(count, form_.fileCount));
+    }
+    const HWND sample = Control(QX_SORT_SAMPLE);
     rulerFont_.SetFor(Control(QX_SORT_RULER));
-    sampleFont_.SetFor(Control(QX_SORT_SAMPLE));
+    sampleFont_.SetFor(sample);
+    rulerMargin_ = Ui::LeftMarginOf(Control(QX_SORT_RULER));
     Ui::FillComboBox(Control(QX_SORT_SAVE_AS), kSaveAsRows, texts_);
     Ui::FillComboBox(Control(QX_SORT_METHOD), kMethodRows, texts_);
     Ui::LimitTexts(Window(), kLimits);
     Ui::LoadFields(Window(), kFields, form_);
     Ui::MarkRadio(Window(), kSortByRows, form_.sortBy);
-    Ui::SetText(Control(QX_SORT_SAMPLE), ShownSample(form_.sample));
+    Ui::SetText(sample, ShownSample(form_.sample));
+    // A tab is one character to the positions of the ruler.
+    Ui::SetTabWidth(sample, 1);
+    Ui::WatchScroll(sample);
     ShowRules();
     ShowDateCue();
   }
+
+  // The suggested name can be filled in unless the file itself is sorted.
+  int FirstField() const override { return form_.enabled.targetName ? QX_SORT_NAME : QX_SORT_TOP; }
 
   void OnChange() override {
     const SortLinesForm before = form_;
@@ -171,6 +184,18 @@ class SortLinesDlg : public Ui::Dialog {
 
   void OnButton(int control) override {
     if (control == QX_SORT_DATE_PRESETS) ChooseDateFormat();
+  }
+
+  void OnScroll(int control) override {
+    if (control == QX_SORT_SAMPLE) ShowRuler();
+  }
+
+  void OnScale(int pixelsOfAnInch) override {
+    Ui::SetLeftMargin(Control(QX_SORT_RULER), rulerMargin_);
+    rulerFont_.SetScale(pixelsOfAnInch);
+    sampleFont_.SetScale(pixelsOfAnInch);
+    rulerMargin_ = Ui::LeftMarginOf(Control(QX_SORT_RULER));
+    ShowRuler();
   }
 
   void OnOk() override {
@@ -188,9 +213,20 @@ class SortLinesDlg : public Ui::Dialog {
   void ShowRules() {
     Ui::ApplyRules(Window(), kRules, form_);
     Ui::UpdateText(Control(QX_SORT_NAME), form_.targetName);
-    Ui::UpdateText(Control(QX_SORT_RULER), RulerText(form_));
+    ShowRuler();
     ShowText(QX_SORT_END_CHARACTER, form_.endCharacter);
     for (const NumberFieldRow& row : kNumberFields) ShowText(row.control, form_.*row.number);
+  }
+
+  // Above the same characters of the sample, wherever that is scrolled to.
+  void ShowRuler() {
+    const HWND ruler = Control(QX_SORT_RULER);
+    const WString whole = RulerText(form_);
+    const int characterWidth = Ui::TextWidth(ruler, whole) / static_cast<int>(whole.size());
+    const ScrolledRuler shown =
+        ScrollRuler(whole, Ui::ScrolledPixels(Control(QX_SORT_SAMPLE)), characterWidth);
+    Ui::UpdateText(ruler, shown.text);
+    Ui::SetLeftMargin(ruler, rulerMargin_ + shown.indent);
   }
 
   void ShowDateCue() {
@@ -218,8 +254,9 @@ class SortLinesDlg : public Ui::Dialog {
   Ui::TextSource texts_;
   SortLinesForm& form_;
   // One font a control.
-  const Ui::Font rulerFont_{kSampleFont, kSamplePoints};
-  const Ui::Font sampleFont_{kSampleFont, kSamplePoints};
+  Ui::Font rulerFont_{kSampleFont, kSamplePoints};
+  Ui::Font sampleFont_{kSampleFont, kSamplePoints};
+  int rulerMargin_ = 0;  // pixels, where nothing is scrolled
 };
 
 }  // namespace

@@ -408,10 +408,13 @@ TEST_F(CreateLinksDlgWindow, EnglishTextsFitAndControlsStandApart) {
   Start(2);
   Show([](HWND dialog) { EXPECT_TRUE(SaveScreenshot(dialog, W("create_link_dialog_refused"))); });
   Start(3);
+  form_.linkName = W("C:\\Users\\Anna\\Desktop\\report.pdf");
+  form_.targetName = W("D:\\Archive\\2023\\report.pdf");
+  StartForm(form_);
   Show([](HWND dialog) { EXPECT_TRUE(SaveScreenshot(dialog, W("create_link_dialog"))); });
 }
 
-TEST_F(CreateLinksDlgWindow, TextsLongerByTwoFifthsFitToo) {
+TEST_F(CreateLinksDlgWindow, TextsOfTwiceTheLengthAndLongSentencesFitToo) {
   SpeakAtLength(host_);
   WithEachStatus(host_, [](HWND dialog) { ExpectNoTextCutOff(dialog); });
   Start(2);

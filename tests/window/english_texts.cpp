@@ -44,11 +44,15 @@ Texts CommonTexts() {
                    &QxHost::LanguageText::first);
 }
 
+// Characters that a text may have and still be taken for a word or two, of which translations are the
+// longest.
+constexpr std::size_t kMostShortChars = 30;
+
 Texts Lengthened(Texts texts) {
   for (auto& [id, text] : texts) {
     // Words of six letters.
-    for (std::size_t more = (text.size() * 2 + 4) / 5; more > 0; --more)
-      text += more % 7 == 0 ? W(' ') : W('n');
+    const std::size_t longer = text.size() <= kMostShortChars ? text.size() : (text.size() * 2 + 4) / 5;
+    for (std::size_t more = longer; more > 0; --more) text += more % 7 == 0 ? W(' ') : W('n');
   }
   return texts;
 }

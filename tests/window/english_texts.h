@@ -9,7 +9,8 @@
 // The texts of the questions and dialogs. One that is missing fails the test.
 std::map<Velmora::SDK::TextId, WString> EnglishTexts();
 
-// The same, each longer by two fifths, as a translation may be.
+// The same, as long as a translation may be: those of up to 30 characters twice as long, the others longer by
+// two fifths.
 std::map<Velmora::SDK::TextId, WString> LongTexts();
 
 // Gives the host these texts, with the second ones and those that all modules share.

@@ -40,6 +40,7 @@ enum Control : int {
   kForceUtf8 = 1111,
   kSilent = 1114,
   kReplaceAll = 1115,
+  kModeLabel = 1116,
 };
 
 // Rows of the save modes.
@@ -81,7 +82,7 @@ TEST_F(FindAndReplaceDlgWindow, EveryTextComesFromTheHostByItsId) {
       {kReplaceLabel, W("T01F90064")},  {kOptions, W("T02080064")},     {kRegExp, W("T020C0064")},
       {kWildcard, W("T020D0064")},      {kIgnoreCase, W("T01C20064")},  {kForceUtf8, W("T02090064")},
       {kSilent, W("T020A0064")},        {kReplaceAll, W("T020B0064")},  {IDOK, W("T01CC0064")},
-      {IDCANCEL, W("M0:00030067")},     {kExplanation, W("L01FF0064")},
+      {IDCANCEL, W("M0:00030067")},     {kExplanation, W("L01FF0064")}, {kModeLabel, W("T02030064")},
   };
   Show([&](HWND dialog) {
     for (const auto& [control, text] : expected) EXPECT_EQ(TextOf(dialog, control), text) << control;
@@ -102,6 +103,7 @@ TEST_F(FindAndReplaceDlgWindow, WhereTheHostHasNoTextsItsOwnOnesShow) {
       {kSaveModeLabel, W("Save as")},
       {kNameLabel, W("File name")},
       {kFindLabel, W("Text to find")},
+      {kModeLabel, W("Find mode")},
       {kReplaceLabel, W("Text to replace with")},
       {kOptions, W("Options")},
       {kRegExp, W("Find match using RegExp")},
@@ -240,12 +242,22 @@ TEST_F(FindAndReplaceDlgWindow, NameThatWasEnteredStaysWhileTheSaveModeDoes) {
 
 // Keys.
 
+TEST_F(FindAndReplaceDlgWindow, FocusStartsInTheTextToFindAndTypingReplacesIt) {
+  for (const std::uint32_t flags : {0x10000101U, 0x20000101U}) {
+    Start(flags);
+    Show([](HWND dialog) {
+      EXPECT_EQ(FocusedControl(dialog), kFind);
+      TypeText(dialog, W("x"));
+      EXPECT_EQ(TextOf(dialog, kFind), W("x"));
+    });
+  }
+}
+
 TEST_F(FindAndReplaceDlgWindow, TabWalksFieldsInTheirOrderAndComesBack) {
   Start(0x10000101);
   Show([](HWND dialog) {
-    EXPECT_EQ(FocusedControl(dialog), kSaveMode);
-    EXPECT_THAT(WalkByTab(dialog), ElementsAre(kSaveMode, kName, kFind, kMode, kReplace, kWildcard,
-                                               kIgnoreCase, kForceUtf8, kSilent, IDOK, IDCANCEL));
+    EXPECT_THAT(WalkByTab(dialog), ElementsAre(kFind, kMode, kReplace, kWildcard, kIgnoreCase, kForceUtf8,
+                                               kSilent, IDOK, IDCANCEL, kSaveMode, kName));
   });
 }
 
@@ -281,6 +293,8 @@ TEST_F(FindAndReplaceDlgWindow, AccessKeysLeadToTheTexts) {
     EXPECT_EQ(FocusedControl(dialog), kReplace);
     PressAltKey(dialog, W('v'));
     EXPECT_EQ(FocusedControl(dialog), kSaveMode);
+    PressAltKey(dialog, W('m'));
+    EXPECT_EQ(FocusedControl(dialog), kMode);
   });
 }
 
@@ -390,7 +404,7 @@ TEST_F(FindAndReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
   });
 }
 
-TEST_F(FindAndReplaceDlgWindow, TextsLongerByTwoFifthsFitToo) {
+TEST_F(FindAndReplaceDlgWindow, TextsOfTwiceTheLengthAndLongSentencesFitToo) {
   SpeakAtLength(host_);
   Show([](HWND dialog) {
     for (const int row : {0, 1, 2, 3}) {

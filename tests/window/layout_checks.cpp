@@ -104,6 +104,15 @@ void ExpectComboBoxFits(HWND combo) {
   EXPECT_LE(needed.cx, width) << "hint of combo box " << GetDlgCtrlID(combo);
 }
 
+// The hint in an empty edit control.
+void ExpectHintFits(HWND edit) {
+  RECT room = {};
+  SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+  const WString hint = CueBannerOf(GetParent(edit), GetDlgCtrlID(edit));
+  const SIZE needed = MeasureText(edit, hint, 0, DT_SINGLELINE | DT_NOPREFIX);
+  EXPECT_LE(needed.cx, room.right - room.left) << "hint of edit control " << GetDlgCtrlID(edit);
+}
+
 void ExpectTitleFits(HWND dialog) {
   NONCLIENTMETRICSW metrics = {};
   metrics.cbSize = sizeof(metrics);
@@ -124,7 +133,17 @@ void ExpectTitleFits(HWND dialog) {
   EXPECT_LE(needed.right, area.right - area.left - taken) << "title";
 }
 
-// The character behind the first single ampersand, in upper case; 0 without one.
+bool IsField(HWND control) {
+  const WString name = control ? ClassOf(control) : WString();
+  return (name == L"Edit" || name == L"ComboBox") && (GetWindowLongW(control, GWL_STYLE) & WS_TABSTOP) != 0;
+}
+
+// Whether a control's text is the name of the field after it, to screen readers and to its access key.
+bool CanName(HWND control) { return ClassOf(control) == L"Static" || IsGroupBox(control); }
+
+HWND NextOf(HWND control) { return GetWindow(control, GW_HWNDNEXT); }
+
+// The character after the first single ampersand, in upper case; 0 without one.
 WCHAR AccessKeyOf(const WString& text) {
   for (std::size_t at = 0; at + 1 < text.size(); ++at) {
     if (text[at] != L'&') continue;
@@ -132,6 +151,13 @@ WCHAR AccessKeyOf(const WString& text) {
     ++at;
   }
   return 0;
+}
+
+// The same for what a control shows; ampersands may be plain characters to it.
+WCHAR AccessKeyOf(HWND control) {
+  const bool isPlain =
+      ClassOf(control) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_NOPREFIX) != 0;
+  return isPlain ? WCHAR() : AccessKeyOf(Ui::GetText(control));
 }
 
 }  // namespace
@@ -172,21 +198,38 @@ void ExpectNoTextCutOff(HWND dialog) {
     if (name == L"Static") ExpectLabelFits(control);
     if (name == L"Button") ExpectButtonFits(control);
     if (name == L"ComboBox") ExpectComboBoxFits(control);
+    if (name == L"Edit") ExpectHintFits(control);
   }
 }
 
 void ExpectAccessKeysDiffer(HWND dialog) {
   std::map<WCHAR, int> taken;
   for (const HWND control : ControlsOf(dialog)) {
-    const bool noPrefix =
-        ClassOf(control) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_NOPREFIX) != 0;
-    const WCHAR key = noPrefix ? WCHAR() : AccessKeyOf(Ui::GetText(control));
+    const WCHAR key = AccessKeyOf(control);
     if (!key) continue;
     const auto [place, isNew] = taken.emplace(key, GetDlgCtrlID(control));
     EXPECT_TRUE(isNew) << "controls " << place->second << " and " << GetDlgCtrlID(control);
-    if (ClassOf(control) != L"Static") continue;
-    const HWND next = GetWindow(control, GW_HWNDNEXT);
-    EXPECT_TRUE(next && (GetWindowLongW(next, GWL_STYLE) & WS_TABSTOP)) << "label " << GetDlgCtrlID(control);
+    if (CanName(control)) EXPECT_TRUE(IsField(NextOf(control))) << "label " << GetDlgCtrlID(control);
+  }
+}
+
+void ExpectEachLabelHasAnAccessKey(HWND dialog, const std::set<int>& except) {
+  for (const HWND control : ControlsOf(dialog)) {
+    if (except.contains(GetDlgCtrlID(control)) || Ui::GetText(control).empty()) continue;
+    const bool isLabel = CanName(control) && IsField(NextOf(control));
+    const bool isButton = ClassOf(control) == L"Button" && !IsGroupBox(control);
+    if (isLabel || isButton) EXPECT_NE(AccessKeyOf(control), 0) << "control " << GetDlgCtrlID(control);
+  }
+}
+
+void ExpectFieldsHaveNames(HWND dialog) {
+  for (const HWND control : ControlsOf(dialog)) {
+    if (!IsField(control)) continue;
+    const HWND label = GetWindow(control, GW_HWNDPREV);
+    ASSERT_NE(label, nullptr) << "field " << GetDlgCtrlID(control);
+    EXPECT_TRUE(CanName(label)) << "field " << GetDlgCtrlID(control);
+    EXPECT_FALSE(Ui::GetText(label).empty()) << "label " << GetDlgCtrlID(label);
+    EXPECT_TRUE(IsWindowVisible(label)) << "label " << GetDlgCtrlID(label);
   }
 }
 
@@ -195,6 +238,7 @@ void ExpectLayoutHolds(HWND dialog) {
   ExpectNoControlsOverlap(dialog);
   ExpectNoTextCutOff(dialog);
   ExpectAccessKeysDiffer(dialog);
+  ExpectFieldsHaveNames(dialog);
 }
 
 void ExpectCenteredOver(HWND dialog, HWND owner) {

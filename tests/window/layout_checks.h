@@ -2,6 +2,8 @@
 // number of the control.
 #pragma once
 
+#include <set>
+
 #include "platform/text.h"
 
 // The place of a control in its dialog's client area, in pixels.
@@ -10,13 +12,21 @@ RECT AreaOf(HWND dialog, int control);
 void ExpectControlsInsideClientArea(HWND dialog);
 void ExpectNoControlsOverlap(HWND dialog);
 
-// Labels, buttons, rows and hints of combo boxes, and the title, in their own fonts against their room.
+// Labels, buttons, rows of combo boxes, hints and the title, in their own fonts against their room.
 void ExpectNoTextCutOff(HWND dialog);
 
-// No two controls answer to the same access key, and each label's key leads to a field.
+// No two controls have the same access key, and that of each label or group box leads to a field.
 void ExpectAccessKeysDiffer(HWND dialog);
 
-// All four of the above.
+// Each edit control and each list that the tab key reaches follows a label or a group box with a text, from
+// which screen readers take its name.
+void ExpectFieldsHaveNames(HWND dialog);
+
+// Each button, box and label of a field has an access key, but for these controls. Not among the checks of
+// ExpectLayoutHolds.
+void ExpectEachLabelHasAnAccessKey(HWND dialog, const std::set<int>& except);
+
+// All of the above but the last.
 void ExpectLayoutHolds(HWND dialog);
 
 // To a pixel, the parity of the sizes aside.

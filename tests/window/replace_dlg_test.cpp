@@ -309,7 +309,7 @@ TEST_F(ReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
   });
 }
 
-TEST_F(ReplaceDlgWindow, TextsLongerByTwoFifthsFitToo) {
+TEST_F(ReplaceDlgWindow, TextsOfTwiceTheLengthAndLongSentencesFitToo) {
   host_.texts = LongTexts();
   Show([](HWND dialog) {
     ExpectNoTextCutOff(dialog);

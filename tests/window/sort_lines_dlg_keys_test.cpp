@@ -1,6 +1,8 @@
 // The window of the Sort Lines dialog: where keys lead, and what its fields take.
 #include <gmock/gmock.h>
 
+#include "window/english_texts.h"
+#include "window/layout_checks.h"
 #include "window/sort_lines_dlg_window.h"
 
 namespace {
@@ -18,6 +20,72 @@ TEST_F(SortLinesDlgWindow, TabWalksFieldsInTheirOrderAndComesBack) {
                 ElementsAre(kSaveAs, kName, kTop, kBottom, kPosition, kSkipSpace, kByItem, kSeparator, kItem,
                             kMethod, kDateFormat, kDatePresets, kLanguageAware, kIgnoreCase, kReverse, kBlank,
                             kSample, IDOK, IDCANCEL));
+  });
+}
+
+TEST_F(SortLinesDlgWindow, FocusStartsInTheNameOfTheNewFile) {
+  Show([](HWND dialog) {
+    EXPECT_EQ(FocusedControl(dialog), kName);
+    TypeText(dialog, W("x"));
+    EXPECT_EQ(TextOf(dialog, kName), W("x"));
+  });
+}
+
+TEST_F(SortLinesDlgWindow, WhereTheNameIsGreyFocusStartsInTheNextField) {
+  for (const std::uint32_t bits : {0x2000011U, 0x4000011U}) {
+    Start(bits);
+    Show([](HWND dialog) {
+      EXPECT_EQ(FocusedControl(dialog), kTop);
+      TypeText(dialog, W("7"));
+      EXPECT_EQ(TextOf(dialog, kTop), W("7"));
+    });
+  }
+}
+
+TEST_F(SortLinesDlgWindow, EachLabelHasAnAccessKeyOfItsOwn) {
+  host_.texts = EnglishTexts();
+  Show([](HWND dialog) {
+    // Enter and Escape press the first two, and the third shows no letter.
+    ExpectEachLabelHasAnAccessKey(dialog, {IDOK, IDCANCEL, kDatePresets});
+    ExpectAccessKeysDiffer(dialog);
+  });
+}
+
+TEST_F(SortLinesDlgWindow, AccessKeysLeadToTheFields) {
+  host_.texts = EnglishTexts();
+  Start(0x201);
+  Show([](HWND dialog) {
+    const std::pair<WCHAR, int> keys[] = {
+        {W('v'), kSaveAs},   {W('n'), kName},   {W('s'), kTop},    {W('d'), kBottom},
+        {W('a'), kPosition}, {W('m'), kMethod}, {W('x'), kSample}, {W('f'), kDateFormat},
+    };
+    for (const auto& [key, control] : keys) {
+      PressAltKey(dialog, key);
+      EXPECT_EQ(FocusedControl(dialog), control) << static_cast<char>(key);
+    }
+    PressAltKey(dialog, W('l'));
+    EXPECT_TRUE(IsChecked(dialog, kByItem));
+    PressAltKey(dialog, W('p'));
+    EXPECT_EQ(FocusedControl(dialog), kSeparator);
+    PressAltKey(dialog, W('t'));
+    EXPECT_EQ(FocusedControl(dialog), kItem);
+    PressAltKey(dialog, W('g'));
+    EXPECT_TRUE(IsChecked(dialog, kBySubstring));
+    PressAltKey(dialog, W('h'));
+    EXPECT_EQ(FocusedControl(dialog), kLength);
+    PressAltKey(dialog, W('c'));
+    EXPECT_EQ(FocusedControl(dialog), kEndCharacter);
+    const std::pair<WCHAR, int> boxes[] = {
+        {W('k'), kSkipSpace}, {W('y'), kEndAtSpace}, {W('i'), kIgnoreCase}, {W('w'), kLanguageAware},
+        {W('o'), kNatural},   {W('r'), kReverse},    {W('b'), kBlank},
+    };
+    for (const auto& [key, box] : boxes) {
+      const bool before = IsChecked(dialog, box);
+      PressAltKey(dialog, key);
+      EXPECT_NE(IsChecked(dialog, box), before) << static_cast<char>(key);
+    }
+    PressAltKey(dialog, W('e'));
+    EXPECT_TRUE(IsChecked(dialog, kByLine));
   });
 }
 

@@ -33,25 +33,32 @@ TEST_F(SortLinesDlgWindow, ActiveWindowIsItsOwnerBeforeTheHosts) {
 
 TEST_F(SortLinesDlgWindow, EnglishTextsFitAndControlsStandApart) {
   host_.texts = EnglishTexts();
+  Start(0x100011);
+  form_.firstName = W("purchases.csv");
+  form_.newFileSuffix = host_.texts[0x01B50064];
   form_.sample.clear();
   for (const WCHAR* line : {W("2014-11-21;apples;12.50"), W("2014-09-02;pears;3.20"), W("2013-01-30;plums;7"),
                             W("2015-06-11;cherries;18.75"), W("2014-03-08;grapes;4.10")}) {
     form_.sample += line;
     form_.sample += W("\r\n");
   }
+  WQLineSorter::StartForm(form_);
   Show([](HWND dialog) {
     ExpectLayoutHolds(dialog);
     EXPECT_EQ(TextOf(dialog, kCount), W("1 Files will be sorted"));
+    EXPECT_EQ(TextOf(dialog, kName), W("purchases_sorted.csv"));
     ClickButton(dialog, kBySubstring);
-    EnterText(dialog, kLength, W("10"));
     ChooseRow(dialog, kMethod, kDateRow);
     PressKeysInMenuOf(dialog, kDatePresets, {VK_DOWN, VK_RETURN});
+    EnterText(dialog, kLength, W("10"));
+    ExpectLayoutHolds(dialog);
     EXPECT_TRUE(SaveScreenshot(dialog, W("sort_lines_dialog")));
   });
 }
 
-TEST_F(SortLinesDlgWindow, TextsLongerByTwoFifthsFitToo) {
+TEST_F(SortLinesDlgWindow, TextsOfTwiceTheLengthAndLongSentencesFitToo) {
   host_.texts = LongTexts();
+  Start(0x100201);
   Show([](HWND dialog) {
     ExpectNoTextCutOff(dialog);
     EXPECT_TRUE(SaveScreenshot(dialog, W("sort_lines_dialog_long_texts")));
@@ -65,7 +72,8 @@ TEST_F(SortLinesDlgWindow, MarginsAreEvenAndColumnsAligned) {
     GetClientRect(dialog, &client);
     RECT margin = {7, 7, 7, 7};
     MapDialogRect(dialog, &margin);
-    for (const int left : {kHeading, kCount, kSaveAsLabel, kSaveAs, kTopLabel, kByGroup, kRuler, kSample}) {
+    for (const int left :
+         {kHeading, kCount, kSaveAsLabel, kSaveAs, kTopLabel, kByGroup, kSampleLabel, kRuler, kSample}) {
       EXPECT_EQ(AreaOf(dialog, left).left, margin.left) << left;
     }
     for (const int right :

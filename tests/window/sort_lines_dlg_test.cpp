@@ -8,7 +8,6 @@
 namespace {
 
 using namespace SortLinesWindow;
-using namespace SortLinesWindow;
 using namespace WQLineSorter;
 using testing::ElementsAre;
 
@@ -30,7 +29,8 @@ TEST_F(SortLinesDlgWindow, EveryTextComesFromTheHostByItsId) {
       {kDatePresets, W("T01A70064")},   {kLanguageAware, W("T01A80064")},
       {kIgnoreCase, W("T01C20064")},    {kNatural, W("T01A90064")},
       {kReverse, W("T01AB0064")},       {kDuplicates, W("T01AF0064")},
-      {kBlank, W("T01B00064")},
+      {kBlank, W("T01B00064")},         {kDateLabel, W("T01B60064")},
+      {kSampleLabel, W("T01B70064")},
   };
   Show([&](HWND dialog) {
     for (const auto& [control, text] : expected) EXPECT_EQ(TextOf(dialog, control), text) << control;
@@ -45,13 +45,48 @@ TEST_F(SortLinesDlgWindow, TellsHowManyFilesThereAre) {
   Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kCount), W("sorts 12 of 100%")); });
 }
 
-TEST_F(SortLinesDlgWindow, WithoutTextsOfTheHostItIsStillThere) {
+TEST_F(SortLinesDlgWindow, WhereTheHostHasNoTextsItsOwnOnesShow) {
   host_.recorder.Refuse("GetLanguageString");
-  Show([](HWND dialog) {
-    EXPECT_EQ(TextOf(dialog, kTitle), W(""));
-    EXPECT_EQ(TextOf(dialog, kCount), W(""));
+  const std::pair<int, const WCHAR*> expected[] = {
+      {kTitle, W("Sort Lines")},
+      {kHeading, W("Sort lines in all the selected files.\r\n")
+                     W("Only sort text files. Sorting binary files will destory them.")},
+      {kCount, W("# Files will be sorted")},
+      {kSaveAsLabel, W("Save as")},
+      {kNameLabel, W("File name")},
+      {kTopLabel, W("Start Line : ")},
+      {kTopHint, W("# of lines at the top to keep.")},
+      {kBottomLabel, W("End Line : ")},
+      {kBottomHint, W("# of lines at the bottom the keep")},
+      {kPositionLabel, W("Start at line position : ")},
+      {kSkipSpace, W("Skip leading spaces")},
+      {kByGroup, W("Sort Line by...")},
+      {kByLine, W("Entire Line")},
+      {kBySubstring, W("Substring at start postion...")},
+      {kByItem, W("Line Item")},
+      {kLengthLabel, W("Substring lenght : ")},
+      {kEndCharacterLabel, W("End character : ")},
+      {kEndAtSpace, W("End at any whitespace character")},
+      {kSeparatorLabel, W("Item Separator : ")},
+      {kItemLabel, W("Item : ")},
+      {kMethodGroup, W("Sort Method")},
+      {kDateLabel, W("Date format : ")},
+      {kDatePresets, W("<")},
+      {kLanguageAware, W("Language aware sort order")},
+      {kIgnoreCase, W("Ignore case")},
+      {kNatural, W("Sort numbers in natrual order")},
+      {kReverse, W("Reverse sort order")},
+      {kDuplicates, W("Remove duplicate lines")},
+      {kBlank, W("Remove blank lines")},
+      {kSampleLabel, W("Text of the first file : ")},
+      {IDOK, W("OK")},
+      {IDCANCEL, W("Cancel")},
+  };
+  Show([&](HWND dialog) {
+    for (const auto& [control, text] : expected) EXPECT_EQ(TextOf(dialog, control), text) << control;
     EXPECT_EQ(TextOf(dialog, kName), W("a_s.txt"));
-    EXPECT_THAT(RowsOf(dialog, kMethod), ElementsAre(W(""), W(""), W("")));
+    EXPECT_THAT(RowDataOf(dialog, kMethod), ElementsAre(0x10, 0x100, 0x200));
+    ExpectNoTextCutOff(dialog);
   });
 }
 
@@ -119,56 +154,6 @@ TEST_F(SortLinesDlgWindow, ShowsTheFieldsOfASubstring) {
     EXPECT_EQ(TextOf(dialog, kEndCharacter), W(";"));
     EXPECT_EQ(TextOf(dialog, kLength), W("5"));
     EXPECT_THAT(SubstringState(dialog), ElementsAre(true, true, true));
-  });
-}
-
-TEST_F(SortLinesDlgWindow, SampleAndRulerAreReadOnlyAndInTheirFonts) {
-  HFONT fonts[2] = {};
-  Show([&](HWND dialog) {
-    EXPECT_EQ(TextOf(dialog, kSample), W("one\r\ntwo"));
-    const int controls[] = {kRuler, kSample};
-    for (int index = 0; index < 2; ++index) {
-      const HWND control = GetDlgItem(dialog, controls[index]);
-      EXPECT_TRUE(GetWindowLongW(control, GWL_STYLE) & ES_READONLY);
-      fonts[index] = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
-      LOGFONTW font = {};
-      ASSERT_EQ(GetObjectW(fonts[index], sizeof(font), &font), static_cast<int>(sizeof(font)));
-      EXPECT_EQ(WString(font.lfFaceName), W("Courier New"));
-      EXPECT_EQ(font.lfHeight, -12);  // 9 points of 96 pixels an inch
-      EXPECT_EQ(font.lfWeight, 400);
-      EXPECT_EQ(font.lfCharSet, DEFAULT_CHARSET);
-      EXPECT_EQ(font.lfQuality, CLEARTYPE_QUALITY);
-    }
-  });
-  EXPECT_NE(fonts[0], fonts[1]);
-  for (const HFONT font : fonts) EXPECT_EQ(GetObjectType(font), 0u) << "a font outlived the dialog";
-}
-
-// The font may be another one where the system has not got it, but its characters are equally wide.
-TEST_F(SortLinesDlgWindow, RulerStandsCharacterForCharacterAboveTheSample) {
-  form_.sample = WString(90, W('W'));
-  Show([](HWND dialog) {
-    for (const WPARAM at : {0, 10, 45, 89}) {
-      const LRESULT ruler = SendDlgItemMessageW(dialog, kRuler, EM_POSFROMCHAR, at, 0);
-      const LRESULT sample = SendDlgItemMessageW(dialog, kSample, EM_POSFROMCHAR, at, 0);
-      EXPECT_EQ(LOWORD(ruler), LOWORD(sample)) << at;
-    }
-    EXPECT_EQ(AreaOf(dialog, kRuler).left, AreaOf(dialog, kSample).left);
-    EXPECT_EQ(AreaOf(dialog, kRuler).right, AreaOf(dialog, kSample).right);
-  });
-}
-
-TEST_F(SortLinesDlgWindow, SampleShowsABlankForEachZeroCharacter) {
-  form_.sample = WString(W("a\0b\0\0c"), 6);
-  Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kSample), W("a b  c")); });
-}
-
-TEST_F(SortLinesDlgWindow, SampleHasRoomForNinetyCharacters) {
-  Show([](HWND dialog) {
-    constexpr LONG kCharacterWidth = 7;  // of the font at 96 pixels an inch
-    RECT room = {};
-    SendDlgItemMessageW(dialog, kSample, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
-    EXPECT_GE(room.right - room.left, 90 * kCharacterWidth);
   });
 }
 

@@ -56,6 +56,8 @@ enum Control : int {
   kBlank,
   kRuler,
   kSample,
+  kDateLabel,
+  kSampleLabel,
 };
 
 // Rows of the two lists.

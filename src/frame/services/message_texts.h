@@ -85,7 +85,9 @@ enum MessageText : TextId {
   kTextSortDlgMethodNumber = 0x01B20064,
   kTextSortDlgMethodDate = 0x01B30064,
   kTextSortDlgDateCue = 0x01B40064,
-  kTextSortDlgSuffix = 0x01B50064,   // behind the name of a new file
+  kTextSortDlgSuffix = 0x01B50064,  // follows the name of a new file
+  kTextSortDlgDateFormat = 0x01B60064,
+  kTextSortDlgSample = 0x01B70064,
   kTextFindTitle = 0x023A0064,       // Find and Replace: title of all its boxes
   kTextFindChanges = 0x02400064,     // a format with the number of changes, as text
   kTextFindChangesIn = 0x02410064,   // a format with the numbers of changes and of files, as texts
@@ -101,6 +103,7 @@ enum MessageText : TextId {
   kTextFindDlgMany = 0x02000064,
   kTextFindDlgManySame = 0x02010064,
   kTextFindDlgMultiline = 0x02020064,
+  kTextFindDlgMode = 0x02030064,
   kTextFindDlgOptions = 0x02080064,
   kTextFindDlgForceUtf8 = 0x02090064,
   kTextFindDlgSilent = 0x020A0064,
@@ -214,6 +217,8 @@ inline constexpr MessageText kMessageTexts[] = {
     kTextSortDlgMethodDate,
     kTextSortDlgDateCue,
     kTextSortDlgSuffix,
+    kTextSortDlgDateFormat,
+    kTextSortDlgSample,
     kTextFindTitle,
     kTextFindChanges,
     kTextFindChangesIn,
@@ -229,6 +234,7 @@ inline constexpr MessageText kMessageTexts[] = {
     kTextFindDlgMany,
     kTextFindDlgManySame,
     kTextFindDlgMultiline,
+    kTextFindDlgMode,
     kTextFindDlgOptions,
     kTextFindDlgForceUtf8,
     kTextFindDlgSilent,
