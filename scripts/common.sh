@@ -140,5 +140,7 @@ prepare_wine() {
   # Wine draws the frames of windows itself: there is no window manager on this display, and waiting for one
   # would take two seconds for each window that closes.
   step 'Setting Wine up' : quietly wine-frames scripts/wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+  # Debian's Wine does not find its own fonts when it is started without its wrapper script.
+  cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
   touch "$WINEPREFIX/ready"
 }
