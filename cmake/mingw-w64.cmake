@@ -7,8 +7,8 @@ set(CMAKE_C_COMPILER clang)
 set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_C_COMPILER_TARGET x86_64-w64-mingw32)
 set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-mingw32)
-set(CMAKE_AR llvm-ar-14)
-set(CMAKE_RANLIB llvm-ranlib-14)
+find_program(CMAKE_AR llvm-ar REQUIRED)
+find_program(CMAKE_RANLIB llvm-ranlib REQUIRED)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 # Where GNU's compiler keeps the C++ library of these threads; clang does not look there by itself.

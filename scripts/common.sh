@@ -13,8 +13,11 @@ report() {
   sleep 1
   [ -t 2 ] || printf '%s ... ' "$text" >&2
   : >build/logs/step-shown
+  local width
   while [ -t 2 ]; do
-    printf '\r\033[K%s: %s%s s' "$text" "$("$@")" "$((SECONDS - began))" >&2
+    width=$(tput cols 2>/dev/null || echo 80)
+    # A line that wraps could not be rewritten.
+    printf '\r\033[K%.*s' "$((width - 1))" "$text: $("$@")$((SECONDS - began)) s" >&2
     sleep 0.5
   done
 }
@@ -37,12 +40,22 @@ step() {
   return $status
 }
 
+# Begins a line for a message from within a step.
+fresh_line() {
+  if [ -t 2 ]; then
+    printf '\r\033[K' >&2
+  elif [ -e build/logs/step-shown ]; then
+    echo >&2
+  fi
+}
+
 # quietly NAME COMMAND...: runs the command into build/logs/NAME.log and shows the log if it fails.
 quietly() {
   local name=$1
   shift
   if ! "$@" >"build/logs/$name.log" 2>&1 </dev/null; then
-    printf '\n%s failed; the end of build/logs/%s.log:\n' "$name" "$name" >&2
+    fresh_line
+    printf '%s failed; the end of build/logs/%s.log:\n' "$name" "$name" >&2
     tail -n 60 "build/logs/$name.log" >&2
     return 1
   fi
@@ -89,13 +102,15 @@ count_of_build() {
   [ -z "$last" ] || printf '%s of %s, ' "${last%/*}" "${last#*/}"
 }
 
-# build PRESET [TARGET...]: configures and builds one preset. A folder that other presets made begins afresh.
+# build PRESET [TARGET...]: configures and builds one preset. A folder that other presets or another toolchain made
+# begins afresh: CMake keeps the compiler that it found first.
 build() {
-  local preset=$1 made_by=build/$1/made-by-presets.json
+  local preset=$1 made_by=build/$1/made-by toolchain=
   shift
-  if ! cmp -s CMakePresets.json "$made_by"; then
+  [ "$preset" != windows ] || toolchain=cmake/mingw-w64.cmake
+  if ! cat CMakePresets.json $toolchain | cmp -s - "$made_by"; then
     step "Configuring the $preset build" : quietly "configure-$preset" cmake --fresh --preset "$preset"
-    cp CMakePresets.json "$made_by"
+    cat CMakePresets.json $toolchain >"$made_by"
   fi
   rm -f "build/logs/build-$preset.log"
   step "Compiling the $preset build" "count_of_build $preset" \
