@@ -60,7 +60,11 @@ class RenameWorker {
   // Waits for the end of the thread. False if the time ends first.
   bool WaitForEnd(DWORD milliseconds);
 
+  // There is a thread that has not ended.
   bool IsRunning() const { return HasThread(); }
+
+  // The current job was asked to stop and has not yet ended.
+  bool IsStopping() const { return abort_; }
 
  private:
   static DWORD ThreadMain(LPVOID worker);
