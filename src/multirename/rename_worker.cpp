@@ -35,6 +35,8 @@ bool RenameWorker::Start() {
   if (!wakeEvent_ || !idleEvent_) return false;
   thread_ = CreateThread(nullptr, 0, ThreadMain, this, CREATE_SUSPENDED, nullptr);
   if (!thread_) return false;
+  // Until the thread first waits it is not idle, so that no wake-up comes before it.
+  working_ = true;
   ResumeThread(thread_);
   return true;
 }

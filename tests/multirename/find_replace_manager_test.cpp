@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-const WString kPath = W("C:\\config\\FindReplace.xml");
+const WString kPairsPath = W("C:\\config\\FindReplace.xml");
 
 TEST(FindReplaceManagerTest, ListsAreWrittenAscendingByNumberAsUtf8) {
   RenameHost host;
@@ -22,10 +22,10 @@ TEST(FindReplaceManagerTest, ListsAreWrittenAscendingByNumberAsUtf8) {
   manager.Set(2, {});
   manager.Set(7, {{W("x"), W("y")}});
   manager.Save();
-  EXPECT_EQ(host.files.saved[kPath],
+  EXPECT_EQ(host.files.saved[kPairsPath],
             "<MultiRename><FindReplace id='2'/>"
             "<FindReplace id='7'><item find='x' replace='y'/></FindReplace></MultiRename>");
-  EXPECT_EQ(host.files.encodings[kPath], "UTF-8");
+  EXPECT_EQ(host.files.encodings[kPairsPath], "UTF-8");
   EXPECT_THAT(host.files.flags, ElementsAre("replace=1"));
   EXPECT_EQ(host.files.documents, 0);
 }
@@ -50,7 +50,7 @@ TEST(FindReplaceManagerTest, WhatWasSavedIsLoadedAnEmptyListToo) {
 TEST(FindReplaceManagerTest, ElementsWithoutANumberAboveZeroArePassedOver) {
   RenameHost host;
   host.configFolder = W("C:\\config\\");
-  MemoryXmlNode& root = host.files.Make(kPath);
+  MemoryXmlNode& root = host.files.Make(kPairsPath);
   root.Add(W("FindReplace")).Add(W("item")).With(W("find"), W("none"));
   root.Add(W("FindReplace")).With(W("id"), W("0"));
   root.Add(W("FindReplace")).With(W("id"), W("-3"));
@@ -68,7 +68,7 @@ TEST(FindReplaceManagerTest, ElementsWithoutANumberAboveZeroArePassedOver) {
 TEST(FindReplaceManagerTest, ALaterElementOfOneNumberReplacesTheEarlier) {
   RenameHost host;
   host.configFolder = W("C:\\config\\");
-  MemoryXmlNode& root = host.files.Make(kPath);
+  MemoryXmlNode& root = host.files.Make(kPairsPath);
   root.Add(W("FindReplace")).With(W("id"), W("3")).Add(W("item")).With(W("find"), W("old"));
   root.Add(W("FindReplace")).With(W("id"), W("3")).Add(W("item")).With(W("find"), W("new"));
   FindReplaceManager manager(host);
@@ -79,7 +79,7 @@ TEST(FindReplaceManagerTest, ALaterElementOfOneNumberReplacesTheEarlier) {
 TEST(FindReplaceManagerTest, ValuesAreCutAtABufferOf1024) {
   RenameHost host;
   host.configFolder = W("C:\\config\\");
-  host.files.Make(kPath)
+  host.files.Make(kPairsPath)
       .Add(W("FindReplace"))
       .With(W("id"), W("1"))
       .Add(W("item"))

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-const WString kPath = W("C:\\config\\MultiRenameProfiles.xml");
+const WString kProfilesPath = W("C:\\config\\MultiRenameProfiles.xml");
 
 std::unique_ptr<MultiRenameProfile> ProfileOf(const WString& name) {
   auto profile = std::make_unique<MultiRenameProfile>();
@@ -47,7 +47,7 @@ class MultiRenameProfilesTest : public testing::Test {
 
   // What is read of a file with this profile element.
   MultiRenameProfile ReadOf(const std::function<void(MemoryXmlNode&)>& fill) {
-    fill(host_.files.Make(kPath).Add(W("profile")));
+    fill(host_.files.Make(kProfilesPath).Add(W("profile")));
     MultiRenameProfiles profiles(host_);
     profiles.Load();
     EXPECT_EQ(profiles.profiles.size(), 1u);
@@ -66,14 +66,14 @@ TEST_F(MultiRenameProfilesTest, TheFileHasThisForm) {
   profiles.Add(std::move(bare));
   EXPECT_TRUE(profiles.Save());
   EXPECT_EQ(
-      host_.files.saved[kPath],
+      host_.files.saved[kProfilesPath],
       "<MultiRename><profile name='one'><filename>[N]_[C]</filename><extension>[E]</extension>"
       "<counter startat='10' stepby='-2' digits='3'/><case value='64'/>"
       "<searchandreplace replaceall='0' casesensative='1' regex='1' replaceparts='2'>"
       "<item find='\" a\"' replacewith='b'/><item find='c' replacewith=''/></searchandreplace></profile>"
       "<profile name='two'><filename/><extension/><counter startat='0' stepby='0' digits='0'/>"
       "<case value='0'/></profile></MultiRename>");
-  EXPECT_EQ(host_.files.encodings[kPath], "null");
+  EXPECT_EQ(host_.files.encodings[kProfilesPath], "null");
   EXPECT_THAT(host_.files.flags, testing::Each("replacewith=0"));
   EXPECT_EQ(host_.files.documents, 0);
 }
@@ -106,7 +106,7 @@ TEST_F(MultiRenameProfilesTest, AProfileForTheExtensionAloneComesBackForNameAndE
   auto profile = ProfileOf(W("one"));
   profile->flags = 0x4000000;
   EXPECT_EQ(ThroughTheFile(std::move(profile)).flags, 0x1000000u);
-  EXPECT_NE(host_.files.saved[kPath].find("replaceparts='3'"), std::string::npos);
+  EXPECT_NE(host_.files.saved[kProfilesPath].find("replaceparts='3'"), std::string::npos);
 }
 
 TEST_F(MultiRenameProfilesTest, WithoutAPartTheWriterSaysNameAndExtension) {
@@ -213,7 +213,7 @@ TEST_F(MultiRenameProfilesTest, AMissingFileLeavesTheListEmptyAndThePathStored) 
   profiles.Add(ProfileOf(W("old")));
   profiles.Load();
   EXPECT_THAT(profiles.profiles, IsEmpty());
-  EXPECT_EQ(profiles.filePath, kPath);
+  EXPECT_EQ(profiles.filePath, kProfilesPath);
 }
 
 TEST_F(MultiRenameProfilesTest, TheNameOfTheFileComesStraightAfterTheHostsPath) {

@@ -104,7 +104,7 @@ TEST_F(MultiRenameUndoStoreTest, TheFolderIsReadOnce) {
 
 TEST_F(MultiRenameUndoStoreTest, ASessionIsDeletedWithItsFileAndTheOthersKeepTheirOrder) {
   MultiRenameUndoStore store(&host_);
-  for (const WORD second : {1, 2, 3}) {
+  for (const WORD second : {WORD{1}, WORD{2}, WORD{3}}) {
     store.sessions.push_back(SessionOf(second));
     store.Save(*store.sessions.back());
   }
@@ -128,7 +128,7 @@ TEST_F(MultiRenameUndoStoreTest, ASessionIsDeletedWithItsFileAndTheOthersKeepThe
 
 TEST_F(MultiRenameUndoStoreTest, ASessionWhoseFileCannotBeDeletedStays) {
   MultiRenameUndoStore store(&host_);
-  for (const WORD second : {1, 2, 3}) store.sessions.push_back(SessionOf(second));
+  for (const WORD second : {WORD{1}, WORD{2}, WORD{3}}) store.sessions.push_back(SessionOf(second));
   store.Save(*store.sessions[0]);
   store.Save(*store.sessions[2]);
   const MultiRenameUndo* const missing = store.sessions[1].get();

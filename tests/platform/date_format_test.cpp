@@ -11,14 +11,14 @@ namespace {
 constexpr SYSTEMTIME kAfternoon = {2026, 3, 0, 5, 14, 7, 9, 0};  // a Thursday, whatever the field says
 constexpr SYSTEMTIME kMidnight = {2011, 11, 0, 22, 0, 0, 0, 0};
 
-WString DateOf(const SYSTEMTIME& date, const WCHAR* picture) {
+WString DateTextOf(const SYSTEMTIME& date, const WCHAR* picture) {
   WCHAR buffer[100] = {};
   const int count = GetDateFormatW(LOCALE_USER_DEFAULT, 0, &date, picture, buffer, 100);
   EXPECT_EQ(count, static_cast<int>(WString(buffer).size()) + 1);
   return buffer;
 }
 
-WString TimeOf(const SYSTEMTIME& time, const WCHAR* picture) {
+WString TimeTextOf(const SYSTEMTIME& time, const WCHAR* picture) {
   WCHAR buffer[100] = {};
   const int count = GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &time, picture, buffer, 100);
   EXPECT_EQ(count, static_cast<int>(WString(buffer).size()) + 1);
@@ -32,28 +32,28 @@ WString LocaleItemOf(DWORD item) {
 }
 
 TEST(DateFormatTest, NumbersOfDates) {
-  EXPECT_EQ(DateOf(kAfternoon, W("yyyy-MM-dd")), W("2026-03-05"));
-  EXPECT_EQ(DateOf(kAfternoon, W("d.M.yy")), W("5.3.26"));
-  EXPECT_EQ(DateOf(kAfternoon, W("yyyyy")), W("2026"));
-  EXPECT_EQ(DateOf(kMidnight, W("dd.MM.yy")), W("22.11.11"));
+  EXPECT_EQ(DateTextOf(kAfternoon, W("yyyy-MM-dd")), W("2026-03-05"));
+  EXPECT_EQ(DateTextOf(kAfternoon, W("d.M.yy")), W("5.3.26"));
+  EXPECT_EQ(DateTextOf(kAfternoon, W("yyyyy")), W("2026"));
+  EXPECT_EQ(DateTextOf(kMidnight, W("dd.MM.yy")), W("22.11.11"));
 }
 
 TEST(DateFormatTest, WhatIsQuotedAndWhatIsNoLetterStandsForItself) {
-  EXPECT_EQ(DateOf(kAfternoon, W("'day' d, 'o''clock' [/]")), W("day 5, o'clock [/]"));
-  EXPECT_EQ(TimeOf(kAfternoon, W("H'h'mm'm'")), W("14h07m"));
+  EXPECT_EQ(DateTextOf(kAfternoon, W("'day' d, 'o''clock' [/]")), W("day 5, o'clock [/]"));
+  EXPECT_EQ(TimeTextOf(kAfternoon, W("H'h'mm'm'")), W("14h07m"));
 }
 
 TEST(DateFormatTest, NamesInEnglish) {
-  EXPECT_EQ(DateOf(kAfternoon, W("ddd dddd")), W("Thu Thursday"));
-  EXPECT_EQ(DateOf(kAfternoon, W("MMM MMMM")), W("Mar March"));
-  EXPECT_EQ(DateOf(kMidnight, W("dddd, d. MMMM")), W("Tuesday, 22. November"));
+  EXPECT_EQ(DateTextOf(kAfternoon, W("ddd dddd")), W("Thu Thursday"));
+  EXPECT_EQ(DateTextOf(kAfternoon, W("MMM MMMM")), W("Mar March"));
+  EXPECT_EQ(DateTextOf(kMidnight, W("dddd, d. MMMM")), W("Tuesday, 22. November"));
 }
 
 TEST(DateFormatTest, Times) {
-  EXPECT_EQ(TimeOf(kAfternoon, W("HH:mm:ss")), W("14:07:09"));
-  EXPECT_EQ(TimeOf(kAfternoon, W("h:m:s")), W("2:7:9"));
-  EXPECT_EQ(TimeOf(kAfternoon, W("hh tt")), W("02 PM"));
-  EXPECT_EQ(TimeOf(kMidnight, W("h tt t H")), W("12 AM A 0"));
+  EXPECT_EQ(TimeTextOf(kAfternoon, W("HH:mm:ss")), W("14:07:09"));
+  EXPECT_EQ(TimeTextOf(kAfternoon, W("h:m:s")), W("2:7:9"));
+  EXPECT_EQ(TimeTextOf(kAfternoon, W("hh tt")), W("02 PM"));
+  EXPECT_EQ(TimeTextOf(kMidnight, W("h tt t H")), W("12 AM A 0"));
 }
 
 TEST(DateFormatTest, TheUsersOwnFormatsInAmericanEnglish) {
