@@ -68,13 +68,13 @@ TEST(SystemTimeTest, ATimeWithItsHighestBitIsNone) {
 }
 
 TEST(SystemTimeTest, FieldsThatAreNoTimeAreRefused) {
-  constexpr SYSTEMTIME kRows[] = {
+  constexpr SYSTEMTIME kNoTimes[] = {
       {1600, 1, 0, 1, 0, 0, 0, 0},  {2026, 0, 0, 1, 0, 0, 0, 0},  {2026, 13, 0, 1, 0, 0, 0, 0},
       {2026, 1, 0, 0, 0, 0, 0, 0},  {2026, 1, 0, 32, 0, 0, 0, 0}, {2026, 4, 0, 31, 0, 0, 0, 0},
       {2026, 2, 0, 29, 0, 0, 0, 0}, {2100, 2, 0, 29, 0, 0, 0, 0}, {2026, 1, 0, 1, 24, 0, 0, 0},
       {2026, 1, 0, 1, 0, 60, 0, 0}, {2026, 1, 0, 1, 0, 0, 60, 0}, {2026, 1, 0, 1, 0, 0, 0, 1000},
   };
-  for (const SYSTEMTIME& row : kRows) {
+  for (const SYSTEMTIME& row : kNoTimes) {
     FILETIME fileTime{};
     EXPECT_EQ(FailureOf(SystemTimeToFileTime(&row, &fileTime)), 87u)
         << row.wYear << " " << row.wMonth << " " << row.wDay;
@@ -82,14 +82,14 @@ TEST(SystemTimeTest, FieldsThatAreNoTimeAreRefused) {
 }
 
 TEST(SystemTimeTest, TheLocalTimeIsNow) {
-  const auto secondsOf = [](const SYSTEMTIME& local) {
+  const auto secondsOf = [](const SYSTEMTIME& clock) {
     std::tm fields{};
-    fields.tm_year = local.wYear - 1900;
-    fields.tm_mon = local.wMonth - 1;
-    fields.tm_mday = local.wDay;
-    fields.tm_hour = local.wHour;
-    fields.tm_min = local.wMinute;
-    fields.tm_sec = local.wSecond;
+    fields.tm_year = clock.wYear - 1900;
+    fields.tm_mon = clock.wMonth - 1;
+    fields.tm_mday = clock.wDay;
+    fields.tm_hour = clock.wHour;
+    fields.tm_min = clock.wMinute;
+    fields.tm_sec = clock.wSecond;
     fields.tm_isdst = -1;
     return _mktime64(&fields);
   };
