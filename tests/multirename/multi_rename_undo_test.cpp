@@ -119,7 +119,7 @@ TEST(MultiRenameUndoTest, SecondsAreThoseOfTheClockOnTheWall) {
   EXPECT_EQ(SecondsOfDate({1970, 1, 0, 1, 0, 0, 0, 999}), 0);
   EXPECT_EQ(SecondsOfDate({1969, 12, 0, 31, 23, 59, 59, 0}), -1);
   EXPECT_EQ(SecondsOfDate({2000, 2, 0, 29, 12, 0, 0, 0}), 951825600);
-  EXPECT_EQ(SecondsOfDate({2001, 2, 0, 29, 12, 0, 0, 0}), 0);
+  EXPECT_EQ(SecondsOfDate({2001, 4, 0, 31, 12, 0, 0, 0}), 0);
   EXPECT_EQ(DateOfSeconds(951825600).wDay, 29);
   EXPECT_EQ(DateOfSeconds(-11644473600).wYear, 1601);
   EXPECT_EQ(DateOfSeconds(-11644473601).wYear, 0);

@@ -72,7 +72,7 @@ TEST(DateFormatTest, ATextThatDoesNotFitIsRefusedAndItsSizeCanBeAsked) {
 
 TEST(DateFormatTest, FieldsThatAreNoDateOrTimeAreRefused) {
   WCHAR buffer[100];
-  constexpr SYSTEMTIME kNoDate = {2026, 2, 0, 29, 0, 0, 0, 0};
+  constexpr SYSTEMTIME kNoDate = {2026, 4, 0, 31, 0, 0, 0, 0};
   constexpr SYSTEMTIME kNoTime = {2026, 2, 0, 28, 24, 0, 0, 0};
   EXPECT_EQ(FailureOf(GetDateFormatW(LOCALE_USER_DEFAULT, 0, &kNoDate, W("yyyy"), buffer, 100)), 87u);
   EXPECT_EQ(FailureOf(GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &kNoTime, W("HH"), buffer, 100)), 87u);
