@@ -128,7 +128,8 @@ BoundedRegex::BoundedRegex(WStringView expression, bool ignoreCase)
 bool BoundedRegex::Replace(WStringView text, const std::wstring& format, std::size_t most,
                            WString& result) const {
   const std::uintptr_t top = StackPosition();
-  RegexBudget budget{kMostRegexSteps, top > kMostRegexStack ? top - kMostRegexStack : 0};
+  constexpr std::uintptr_t kRoom = kMostRegexStack * kFrameScale;
+  RegexBudget budget{kMostRegexSteps, top > kRoom ? top - kRoom : 0};
   const WCHAR* const begin = text.data();
   const WCHAR* const end = begin + text.size();
   std::regex_iterator<CountingIterator> match(CountingIterator(begin, budget), CountingIterator(end, budget),
