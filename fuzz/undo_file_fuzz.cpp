@@ -33,15 +33,16 @@ void Read(std::span<const std::uint8_t> bytes) {
       // A field that is only a bar, or begins with one, is taken for the end of the one before.
       isPlain = isPlain && field->find(W('|')) == WString::npos;
     }
+    // Blanks are taken off a line, and not every line is an entry.
+    isPlain = isPlain && WStringView(W(" \t;#[")).find(entry.folder.front()) == WStringView::npos &&
+              WStringView(W(" \t")).find(entry.newName.back()) == WStringView::npos;
   }
   if (!isPlain) return;
   const std::vector<std::uint8_t> written = BytesOf(*session);
   if (written.size() > kMostOfUndoFile) return;
   const std::unique_ptr<MultiRenameUndo> again = ReadUndoText(written);
-  // A line that begins as a comment or a section does was none when it was read: blanks stood before it.
-  if (!again) return;
-  for (std::size_t index = 0;
-       again->entries.size() == session->entries.size() && index < again->entries.size(); ++index) {
+  Require(again && again->entries.size() == session->entries.size());
+  for (std::size_t index = 0; index < again->entries.size(); ++index) {
     Require(again->entries[index].folder == session->entries[index].folder);
     Require(again->entries[index].oldName == session->entries[index].oldName);
     Require(again->entries[index].newName == session->entries[index].newName);

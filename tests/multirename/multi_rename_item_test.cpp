@@ -16,7 +16,7 @@ TEST(MultiRenameItemTest, TheSelectionIsReadWithItsFoldersInTheOrderOfTheView) {
   ASSERT_EQ(rows->size(), 3u);
   const MultiRenameItem& file = rows->front();
   EXPECT_EQ(file.tag, 0xDEAD7654u);
-  EXPECT_EQ(file.folderPath, W("C:\\view\\"));
+  EXPECT_EQ(file.folderPath, W("C:\\view"));
   EXPECT_EQ(file.oldName, W("b.txt"));
   EXPECT_EQ(file.newName, W("b.txt"));
   EXPECT_EQ(file.state, 0u);

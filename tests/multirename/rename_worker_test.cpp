@@ -178,7 +178,7 @@ TEST_F(RenameWorkerTest, ARunRenamesAllRowsWhateverTheirStatesAndKeepsTheResults
   store.Load();
   ASSERT_EQ(store.sessions.size(), 1u);
   ASSERT_EQ(store.sessions[0]->entries.size(), 2u);
-  EXPECT_EQ(store.sessions[0]->entries[1].folder, W("C:\\view\\"));
+  EXPECT_EQ(store.sessions[0]->entries[1].folder, W("C:\\view"));
   EXPECT_EQ(store.sessions[0]->entries[1].oldName, W("d"));
   EXPECT_EQ(store.sessions[0]->entries[1].newName, W("x04"));
 }
