@@ -88,8 +88,8 @@ class RenameWorker {
   MultiRenameEngine& engine_;
   std::atomic<bool> abort_{false};
   std::atomic<bool> quit_{false};
-  // Set from Start or Wake on until the worker is idle again. Changed, with idleEvent and abort, under the mutex, so
-  // that nobody takes a worker for idle that has been woken and not yet begun.
+  // Set from Start or Wake on until the worker is idle again. Changed, with idleEvent and abort, under the
+  // mutex, so that nobody takes a worker for idle that has been woken and not yet begun.
   bool working_ = false;
   mutable std::mutex mutex_;
 };
