@@ -46,8 +46,11 @@ struct ResultList {
 };
 void PrintTo(const ResultList& list, std::ostream* out);
 
-class FakeHost final : public Velmora::SDK::IHostApp {
+// A test that needs more of the host derives from it and overrides that.
+class FakeHost : public Velmora::SDK::IHostApp {
  public:
+  virtual ~FakeHost() = default;
+
   HostRecorder recorder;
 
   // Items of the host's view. Added ones belong to the host and stay valid as long as it.

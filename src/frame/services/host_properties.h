@@ -15,8 +15,17 @@ class IHostPropertyList {
   ~IHostPropertyList() = default;
 };
 
+// What GetValue fills beside the text, all zero before the call. The record is the host's and longer than
+// what the module reads of it.
+struct FilePropertyValue {
+  u64 date = 0;  // of a date property, as a FILETIME; the text is empty then
+  unsigned char rest[1048] = {};
+};
+
 class IHostPropertyManager {
  public:
+  // The value of a property of the file, by its internal name: as text, or as a date in the record
+  // (FilePropertyValue). Above 0 if there is a value.
   virtual u32 GetValue(WCHAR* buffer, u32 size, const WCHAR* name, void* valueRecord,
                        const WCHAR* fullPath) = 0;
   virtual void ListProperties(IHostPropertyList* list, u32 zero) = 0;

@@ -1,13 +1,14 @@
 #include "platform/posix/collation.h"
 
 #include <unicode/ucol.h>
-#include <unicode/uloc.h>
 #include <unicode/uset.h>
 
 #include <algorithm>
 #include <memory>
 #include <numeric>
 #include <string_view>
+
+#include "platform/posix/user_locale.h"
 
 namespace Platform {
 
@@ -59,15 +60,6 @@ Number NumberAt(const UnalignedText<CharT>& text, std::size_t begin) {
   Number number{begin, begin};
   while (number.end < text.Size() && IsDigit(text[number.end])) ++number.end;
   return number;
-}
-
-constexpr char kPosix[] = "POSIX";
-constexpr char kAmericanEnglish[] = "en_US";
-
-// The name of no language, which ICU makes an order by bytes, stands for Windows' own language.
-const char* UserLocale() {
-  const char* const locale = uloc_getDefault();
-  return std::string_view(locale).find(kPosix) == std::string_view::npos ? locale : kAmericanEnglish;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <ctime>
 #include <optional>
 
+#include "platform/posix/calendar.h"
 #include "platform/posix/fault_gate.h"
 #include "platform/posix/windows_functions.h"
 
@@ -15,19 +16,6 @@ constexpr std::int64_t kLastTime = 32535215999;  // 3000-12-31 23:59:59
 constexpr std::int64_t kFurthestZone = 2 * kDay;
 constexpr std::int64_t kHalfYear = 182 * kDay;
 
-// The days from 1970-01-01 to the first day of a month; `month` is 0 to 11. The calendar is counted from
-// March on, so that the day of leap years is the last one.
-std::int64_t DaysToMonth(std::int64_t year, std::int64_t month) {
-  const std::int64_t marchYear = month < 2 ? year - 1 : year;
-  const std::int64_t marchMonth = (month + 10) % 12;
-  const auto floorOf = [](std::int64_t number, std::int64_t divisor) {
-    return number / divisor - (number % divisor < 0 ? 1 : 0);
-  };
-  const std::int64_t leapDays = floorOf(marchYear, 4) - floorOf(marchYear, 100) + floorOf(marchYear, 400);
-  const std::int64_t kDaysTo1970 = 719468;  // from the first of March of the year 0
-  return marchYear * 365 + leapDays + (153 * marchMonth + 2) / 5 - kDaysTo1970;
-}
-
 // The seconds that the fields are from 1970-01-01 00:00:00, all in the same zone. Whatever the fields hold,
 // it fits.
 std::int64_t SecondsOf(const std::tm& time) {
@@ -37,7 +25,7 @@ std::int64_t SecondsOf(const std::tm& time) {
     month += 12;
     --year;
   }
-  const std::int64_t days = DaysToMonth(year, month) + time.tm_mday - std::int64_t{1};
+  const std::int64_t days = Platform::DaysToMonth(year, month) + time.tm_mday - std::int64_t{1};
   return days * kDay + time.tm_hour * std::int64_t{3600} + time.tm_min * std::int64_t{60} + time.tm_sec;
 }
 

@@ -11,6 +11,7 @@
 #include "platform/posix/fault_gate.h"
 #include "platform/posix/last_error.h"
 #include "platform/posix/path_translation.h"
+#include "platform/posix/waitable.h"
 #include "platform/posix/windows_functions.h"
 
 namespace {
@@ -190,5 +191,7 @@ BOOL CloseHandle(HANDLE handle) {
   if (Platform::FaultFires("CloseHandle")) return FALSE;
   // The handle of the process itself, which is what this value means to CloseHandle: nothing is closed.
   if (handle == INVALID_HANDLE_VALUE) return TRUE;
-  return OpenFiles::Instance().Remove(handle) ? TRUE : FailWith(ERROR_INVALID_HANDLE);
+  const bool isClosed =
+      OpenFiles::Instance().Remove(handle) || Platform::Waitables::Instance().Remove(handle);
+  return isClosed ? TRUE : FailWith(ERROR_INVALID_HANDLE);
 }

@@ -108,6 +108,38 @@ QX_PLATFORM_API int CompareStringOrdinal(const WCHAR* lhs, int lhsCount, const W
 // alone.
 QX_PLATFORM_API std::int64_t _mktime64(std::tm* time);
 
+// Dates and times. Fields that are no date or time fail with ERROR_INVALID_PARAMETER (87); the day of the
+// week is not looked at and counted from the date where it is needed.
+QX_PLATFORM_API void GetLocalTime(SYSTEMTIME* time);
+QX_PLATFORM_API BOOL FileTimeToSystemTime(const FILETIME* fileTime, SYSTEMTIME* time);
+QX_PLATFORM_API BOOL SystemTimeToFileTime(const SYSTEMTIME* time, FILETIME* fileTime);
+// The locale is the user's, with ICU's names and formats, whatever is given; the formats are Windows' own
+// pictures ("ddd, d. MMMM yyyy", "h:mm:ss tt"), and the flags are not looked at. GetLocaleInfoW knows
+// LOCALE_SSHORTDATE and LOCALE_STIMEFORMAT; others fail with ERROR_INVALID_FLAGS (1004).
+QX_PLATFORM_API int GetLocaleInfoW(LCID locale, DWORD item, WCHAR* buffer, int size);
+QX_PLATFORM_API int GetDateFormatW(LCID locale, DWORD flags, const SYSTEMTIME* date, const WCHAR* format,
+                                   WCHAR* buffer, int size);
+QX_PLATFORM_API int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* time, const WCHAR* format,
+                                   WCHAR* buffer, int size);
+
+// Threads and events, closed with CloseHandle. A thread ends by returning; one that was made with
+// CREATE_SUSPENDED begins at its ResumeThread. Its exit code and its number are not kept. WaitForSingleObject
+// waits for a thread's end or for an event. Events have no names.
+QX_PLATFORM_API HANDLE CreateThread(SECURITY_ATTRIBUTES* security, std::size_t stackSize,
+                                    LPTHREAD_START_ROUTINE start, LPVOID parameter, DWORD flags,
+                                    DWORD* number);
+QX_PLATFORM_API DWORD ResumeThread(HANDLE thread);
+QX_PLATFORM_API HANDLE CreateEventW(SECURITY_ATTRIBUTES* security, BOOL manualReset, BOOL isSet,
+                                    const WCHAR* name);
+QX_PLATFORM_API BOOL SetEvent(HANDLE event);
+QX_PLATFORM_API BOOL ResetEvent(HANDLE event);
+QX_PLATFORM_API DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds);
+QX_PLATFORM_API void Sleep(DWORD milliseconds);
+
+// Messages, to the windows of platform/message_window.h. Any other handle fails with
+// ERROR_INVALID_WINDOW_HANDLE (1400).
+QX_PLATFORM_API BOOL PostMessageW(HWND window, UINT message, WPARAM first, LPARAM second);
+
 // Libraries, named in any case, with ".dll" or without. There are "kernel32.dll" with CompareStringEx,
 // CompareStringOrdinal and CreateSymbolicLinkW, and "netmsg.dll", the library of Windows' network messages,
 // which holds nothing: its texts stand among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126). A

@@ -48,6 +48,19 @@ struct FILETIME {
   DWORD dwHighDateTime;
 };
 
+struct SYSTEMTIME {
+  WORD wYear;
+  WORD wMonth;  // 1 to 12
+  WORD wDayOfWeek;
+  WORD wDay;
+  WORD wHour;
+  WORD wMinute;
+  WORD wSecond;
+  WORD wMilliseconds;
+};
+
+using LPTHREAD_START_ROUTINE = DWORD (*)(LPVOID parameter);
+
 struct WIN32_FIND_DATAW {
   DWORD dwFileAttributes;
   FILETIME ftCreationTime;
@@ -158,6 +171,7 @@ constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
 constexpr DWORD ERROR_IO_DEVICE = 1117;
 constexpr DWORD ERROR_CANCELLED = 1223;
 constexpr DWORD ERROR_PRIVILEGE_NOT_HELD = 1314;
+constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
 constexpr DWORD ERROR_TIMEOUT = 1460;
 constexpr DWORD ERROR_UNSUPPORTED_TYPE = 1630;
 constexpr DWORD ERROR_INVALID_REPARSE_DATA = 4392;
@@ -188,6 +202,17 @@ constexpr DWORD NORM_LINGUISTIC_CASING = 0x08000000;
 constexpr int CSTR_LESS_THAN = 1;
 constexpr int CSTR_EQUAL = 2;
 constexpr int CSTR_GREATER_THAN = 3;
+
+// Dates and times.
+constexpr DWORD LOCALE_SSHORTDATE = 31;
+constexpr DWORD LOCALE_STIMEFORMAT = 4099;
+
+// Threads and waits.
+constexpr DWORD CREATE_SUSPENDED = 4;
+constexpr DWORD INFINITE = 0xFFFFFFFF;
+constexpr DWORD WAIT_OBJECT_0 = 0;
+constexpr DWORD WAIT_TIMEOUT = 258;
+constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 
 // Boxes and windows.
 constexpr UINT MB_OK = 0x0;

@@ -1,0 +1,52 @@
+// Regular expressions of the standard library (ECMAScript) that can neither hang nor overflow the stack,
+// whatever a user types.
+//
+// The library's matcher calls itself for each character and may try paths without number. It runs here over
+// an iterator that counts the matcher's steps and looks at the stack. Expressions whose compilation would
+// call itself too deeply or grow without bound are refused before the library sees them.
+//
+// Letters and classes of characters are those of the "C" locale.
+#pragma once
+
+#include <regex>
+#include <string>
+
+#include "platform/text.h"
+
+namespace Velmora::SDK {
+
+// The most that one Replace may take. Both are beyond any search that a person waits for.
+constexpr std::uint32_t kMostRegexSteps = 1'000'000;
+constexpr std::size_t kMostRegexStack = 256 * 1024;  // bytes
+
+// An expression that is refused before it is compiled: too long, too deeply nested, too many repeats.
+class RegexRefusal final : public std::regex_error {
+ public:
+  explicit RegexRefusal(const char* text)
+      : std::regex_error(std::regex_constants::error_complexity), text_(text) {}
+  const char* what() const noexcept override { return text_; }
+
+ private:
+  const char* text_;  // a literal
+};
+
+// What the library may be given for this expression: the expression itself, but for back references, which
+// get a look-ahead at nothing before them so that each of their attempts is a step that is counted. Throws
+// RegexRefusal.
+std::wstring CheckedExpression(WStringView expression);
+
+class BoundedRegex {
+ public:
+  // Throws std::regex_error with the library's text for what is no expression, and RegexRefusal.
+  BoundedRegex(WStringView expression, bool ignoreCase);
+
+  // Replaces every match by `format` ($&, $1 to $99, $`, $', $$) and stores the whole in `result`, cut at
+  // `most` characters. False, with `result` of no meaning, if there is no match. Throws std::regex_error,
+  // error_complexity or error_stack, for what takes too many steps or too much stack.
+  bool Replace(WStringView text, const std::wstring& format, std::size_t most, WString& result) const;
+
+ private:
+  std::wregex regex_;
+};
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,18 @@
+#include "multirename/multi_rename_engine.h"
+
+namespace Velmora::SDK {
+
+MultiRenameEngine::MultiRenameEngine(IHostApp* hostApp) : undoStore(hostApp), host(hostApp), worker(*this) {}
+
+MultiRenameEngine::~MultiRenameEngine() {
+  worker.Quit();
+  worker.WaitForEnd(INFINITE);
+}
+
+void EngineCloser::operator()(MultiRenameEngine* engine) const {
+  constexpr DWORD kPatience = 3000;  // milliseconds
+  engine->worker.Quit();
+  if (engine->worker.WaitForEnd(kPatience)) delete engine;
+}
+
+}  // namespace Velmora::SDK

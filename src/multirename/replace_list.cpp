@@ -1,0 +1,104 @@
+#include "multirename/replace_list.h"
+
+#include <algorithm>
+
+#include "multirename/letter_case.h"
+#include "multirename/multi_rename_item.h"
+#include "multirename/rule_flags.h"
+
+namespace Velmora::SDK {
+
+namespace {
+
+std::wstring Widened(const WString& text) { return std::wstring(text.begin(), text.end()); }
+
+std::optional<BoundedRegex> CompiledOrNothing(const WString& find, u32 flags) {
+  try {
+    return BoundedRegex(find, (flags & kSearchCaseSensitive) == 0);
+  } catch (const std::regex_error&) {
+    return std::nullopt;
+  }
+}
+
+// The first match at or after `from`; `find` is in lower case where case does not matter.
+std::size_t FindPlain(WStringView text, WStringView find, std::size_t from, bool matchesCase) {
+  if (matchesCase) return text.find(find, from);
+  const auto found = std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), find.begin(),
+                                 find.end(), [](WCHAR c, WCHAR wanted) { return LowerLetter(c) == wanted; });
+  return found == text.end() ? WStringView::npos : static_cast<std::size_t>(found - text.begin());
+}
+
+WString FromThreadCodePage(const char* text) {
+  const int needed = MultiByteToWideChar(CP_THREAD_ACP, 0, text, -1, nullptr, 0);
+  if (needed <= 1) return {};
+  WString wide(static_cast<std::size_t>(needed), WCHAR());
+  MultiByteToWideChar(CP_THREAD_ACP, 0, text, -1, wide.data(), needed);
+  wide.pop_back();  // the terminator
+  return wide;
+}
+
+}  // namespace
+
+ReplaceRules::ReplaceRules(const SearchAndReplaceItems& items, u32 flags) : flags_(flags) {
+  for (const auto& [find, replace] : items) {
+    if (find.empty()) continue;
+    Rule rule{find, replace, Widened(replace), std::nullopt};
+    if ((flags & kSearchRegex) != 0) {
+      rule.regex = CompiledOrNothing(find, flags);
+      if (!rule.regex) continue;
+    } else if ((flags & kSearchCaseSensitive) == 0) {
+      std::ranges::transform(rule.find, rule.find.begin(), LowerLetter);
+    }
+    rules_.push_back(std::move(rule));
+  }
+}
+
+bool ReplaceRules::ReplacePlain(const Rule& rule, WStringView text) {
+  const bool matchesCase = (flags_ & kSearchCaseSensitive) != 0;
+  std::size_t found = FindPlain(text, rule.find, 0, matchesCase);
+  if (found == WStringView::npos) return false;
+  std::size_t copied = 0;
+  result_.clear();
+  do {
+    result_ += text.substr(copied, found - copied);
+    result_ += rule.replace;
+    copied = found + rule.find.size();
+    if ((flags_ & kSearchReplaceAll) == 0 || result_.size() > kLongestName) break;
+    found = FindPlain(text, rule.find, copied, matchesCase);
+  } while (found != WStringView::npos);
+  result_ += text.substr(copied);
+  if (result_.size() > kLongestName) result_.resize(kLongestName);
+  return true;
+}
+
+void ReplaceRules::Apply(WString& text) {
+  for (const Rule& rule : rules_) {
+    try {
+      const bool changed = rule.regex ? rule.regex->Replace(text, rule.format, kLongestName, result_)
+                                      : ReplacePlain(rule, text);
+      if (changed) text.swap(result_);
+    } catch (const std::regex_error&) {
+      // The text stays; the next pair goes on.
+    }
+  }
+}
+
+void ApplyReplaceList(const SearchAndReplaceItems& items, WString& text, u32 flags) {
+  ReplaceRules(items, flags).Apply(text);
+}
+
+u32 ValidateExpressions(const SearchAndReplaceItems& items, WString& message) {
+  for (std::size_t index = 0; index < items.size(); ++index) {
+    const WString& find = items[index].first;
+    if (find.empty()) continue;
+    try {
+      const BoundedRegex compiled(find, false);
+    } catch (const std::regex_error& error) {
+      message = FromThreadCodePage(error.what());
+      return static_cast<u32>(index + 1);
+    }
+  }
+  return 0;
+}
+
+}  // namespace Velmora::SDK

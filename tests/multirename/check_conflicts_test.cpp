@@ -1,0 +1,62 @@
+// Names that cannot be, and names that equal the first row's.
+#include <gmock/gmock.h>
+
+#include "multirename/rename_host.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<u32> StatesOf(const std::vector<WString>& newNames) {
+  MultiRenameEngine engine(nullptr);
+  MultiRenameItems rows;
+  for (const WString& name : newNames) {
+    MultiRenameItem& row = rows.emplace_back();
+    row.newName = name;
+    row.state = StateFailed;
+    engine.items.push_back(&row);
+  }
+  CheckConflicts(engine);
+  std::vector<u32> states;
+  for (const MultiRenameItem& row : rows) states.push_back(row.state);
+  return states;
+}
+
+TEST(CheckConflictsTest, EveryRowIsReadyFirst) {
+  EXPECT_THAT(StatesOf({W("a"), W("b")}), ElementsAre(0u, 0u));
+}
+
+TEST(CheckConflictsTest, NoRowsAreNoConflict) { EXPECT_TRUE(StatesOf({}).empty()); }
+
+TEST(CheckConflictsTest, NineCharactersAreForbidden) {
+  for (const WCHAR c : WStringView(W("*|\\/:\"<>?"))) {
+    EXPECT_THAT(StatesOf({W("x"), WString(W("a")) + c}), ElementsAre(0u, 2u)) << static_cast<unsigned>(c);
+  }
+  EXPECT_THAT(StatesOf({W("x"), W(" .,;'!#%&()[]{}+-=~^@$`\t\r\n\x01\x7F\u00E4\u2215\uFF0F")}),
+              ElementsAre(0u, 0u));
+}
+
+TEST(CheckConflictsTest, AnEmptyNameIsNotInvalid) {
+  EXPECT_THAT(StatesOf({W("a"), W("")}), ElementsAre(0u, 0u));
+}
+
+TEST(CheckConflictsTest, NamesThatEqualTheFirstRowsAreDuplicatesAndItIsToo) {
+  EXPECT_THAT(StatesOf({W("Ab"), W("aB"), W("abc"), W("AB"), W("a")}), ElementsAre(1u, 1u, 0u, 1u, 0u));
+  EXPECT_THAT(StatesOf({W(""), W(""), W("a")}), ElementsAre(1u, 1u, 0u));
+}
+
+TEST(CheckConflictsTest, RowsFurtherDownThatEqualOneAnotherGetNoMark) {
+  EXPECT_THAT(StatesOf({W("a"), W("b"), W("b"), W("B")}), ElementsAre(0u, 0u, 0u, 0u));
+}
+
+TEST(CheckConflictsTest, ADuplicateCountsForMoreThanAForbiddenCharacter) {
+  EXPECT_THAT(StatesOf({W("a?"), W("a?"), W("b?")}), ElementsAre(1u, 1u, 2u));
+}
+
+TEST(CheckConflictsTest, LettersBeyondZAreTheirOwn) {
+  EXPECT_THAT(StatesOf({W("\u00E4"), W("\u00C4")}), ElementsAre(0u, 0u));
+}
+
+}  // namespace
+}  // namespace Velmora::SDK

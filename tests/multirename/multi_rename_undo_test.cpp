@@ -1,0 +1,229 @@
+// Undo sessions: their names, the text of their files and how it is read.
+#include "multirename/multi_rename_undo.h"
+
+#include <gmock/gmock.h>
+
+#include "multirename/date_text.h"
+#include "multirename/undo_date.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::string Text(const MultiRenameUndo& session) {
+  WString text;
+  WriteUndoText(session, [&text](WStringView piece) { text += piece; });
+  return ToUtf8(text);
+}
+
+std::vector<std::uint8_t> Utf16(WStringView text) {
+  std::vector<std::uint8_t> bytes;
+  for (const WCHAR c : text) {
+    bytes.push_back(static_cast<std::uint8_t>(c & 0xFF));
+    bytes.push_back(static_cast<std::uint8_t>(c >> 8));
+  }
+  return bytes;
+}
+
+// "folder/old/new" of each entry; "none" for what is no session.
+std::vector<std::string> EntriesOf(std::span<const std::uint8_t> bytes) {
+  const std::unique_ptr<MultiRenameUndo> session = ReadUndoText(bytes);
+  if (!session) return {"none"};
+  std::vector<std::string> shown;
+  for (const MultiRenameUndoEntry& entry : session->entries) {
+    shown.push_back(ToUtf8(entry.folder) + "/" + ToUtf8(entry.oldName) + "/" + ToUtf8(entry.newName));
+  }
+  return shown;
+}
+
+std::vector<std::string> EntriesOf(const WString& text) { return EntriesOf(Utf16(text)); }
+
+// What the lines of the files section become.
+std::vector<std::string> EntriesOfLines(const WString& lines) {
+  return EntriesOf(W("[FILES]\r\nf|o|n\r\n") + lines);
+}
+
+const SYSTEMTIME kDate = {2026, 3, 0, 5, 14, 7, 9, 123};
+
+TEST(MultiRenameUndoTest, TheFileNameIsMadeOfTheDateOnceAndKept) {
+  MultiRenameUndo session;
+  session.date = kDate;
+  EXPECT_EQ(session.GetFileName(), W("MultiRenameUndoData-2026-03-05-140709.dat"));
+  session.date.wYear = 1999;
+  EXPECT_EQ(session.GetFileName(), W("MultiRenameUndoData-2026-03-05-140709.dat"));
+  MultiRenameUndo empty;
+  EXPECT_EQ(empty.GetFileName(), W("MultiRenameUndoData-0-00-00-000000.dat"));
+}
+
+TEST(MultiRenameUndoTest, RowsBecomeEntriesInTheirOrderAllOrTheRenamed) {
+  MultiRenameItems rows;
+  for (const u32 state : {u32{StateRenamed}, u32{StateFailed}, u32{StateRenamed}}) {
+    MultiRenameItem& row = rows.emplace_back();
+    row.folderPath = W("f");
+    row.oldName = FromUtf8("o" + std::to_string(rows.size()));
+    row.newName = FromUtf8("n" + std::to_string(rows.size()));
+    row.state = state;
+  }
+  std::vector<MultiRenameItem*> pointers;
+  for (MultiRenameItem& row : rows) pointers.push_back(&row);
+  MultiRenameUndo all;
+  all.FromRows(pointers, false);
+  ASSERT_EQ(all.entries.size(), 3u);
+  EXPECT_EQ(all.entries[1].oldName, W("o2"));
+  EXPECT_EQ(all.date.wYear, 0);
+  MultiRenameUndo renamed;
+  renamed.FromRows(pointers, true);
+  ASSERT_EQ(renamed.entries.size(), 2u);
+  EXPECT_EQ(renamed.entries[1].folder, W("f"));
+  EXPECT_EQ(renamed.entries[1].oldName, W("o3"));
+  EXPECT_EQ(renamed.entries[1].newName, W("n3"));
+}
+
+TEST(MultiRenameUndoTest, TheFileHoldsTheseLines) {
+  MultiRenameUndo session;
+  session.date = kDate;
+  session.entries = {{W("C:\\Data"), W("b.txt"), W("a.txt")}, {W("D:\\"), W("\u00E4"), W("x")}};
+  EXPECT_EQ(Text(session),
+            "[INFO]\r\nDate : 1772719629\r\nItems : 2\r\nHaveRestored : 0\r\n\r\n[FILES]\r\n"
+            "C:\\Data|a.txt|b.txt\r\nD:\\|x|\xC3\xA4\r\n");
+  session.haveRestored = true;
+  EXPECT_NE(Text(session).find("HaveRestored : 1\r\n"), std::string::npos);
+}
+
+TEST(MultiRenameUndoTest, ADateThatIsNoneIsWrittenAsZero) {
+  MultiRenameUndo session;
+  session.entries = {{W("f"), W("n"), W("o")}};
+  EXPECT_NE(Text(session).find("Date : 0\r\n"), std::string::npos);
+}
+
+TEST(MultiRenameUndoTest, WhatIsWrittenIsReadAgain) {
+  MultiRenameUndo session;
+  session.date = kDate;
+  session.haveRestored = true;
+  for (int i = 0; i < 3000; ++i) session.entries.push_back({W("C:\\folder"), W("new name.txt"), W("old")});
+  const std::unique_ptr<MultiRenameUndo> read = ReadUndoText(Utf16(FromUtf8(Text(session))));
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(read->entries.size(), 3000u);
+  EXPECT_EQ(read->entries[2999].newName, W("new name.txt"));
+  EXPECT_TRUE(read->haveRestored);
+  EXPECT_EQ(read->fileName, W(""));
+  const SYSTEMTIME& date = read->date;
+  EXPECT_THAT((std::vector<int>{date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond,
+                                date.wMilliseconds}),
+              ElementsAre(2026, 3, 5, 14, 7, 9, 0));
+}
+
+TEST(MultiRenameUndoTest, SecondsAreThoseOfTheClockOnTheWall) {
+  EXPECT_EQ(SecondsOfDate({1970, 1, 0, 1, 0, 0, 0, 999}), 0);
+  EXPECT_EQ(SecondsOfDate({1969, 12, 0, 31, 23, 59, 59, 0}), -1);
+  EXPECT_EQ(SecondsOfDate({2000, 2, 0, 29, 12, 0, 0, 0}), 951825600);
+  EXPECT_EQ(SecondsOfDate({2001, 4, 0, 31, 12, 0, 0, 0}), 0);
+  EXPECT_EQ(DateOfSeconds(951825600).wDay, 29);
+  EXPECT_EQ(DateOfSeconds(-11644473600).wYear, 1601);
+  EXPECT_EQ(DateOfSeconds(-11644473601).wYear, 0);
+  EXPECT_EQ(DateOfSeconds(INT64_MAX).wMonth, DateOfSeconds(INT64_MAX).wMonth);
+}
+
+TEST(MultiRenameUndoTest, OnlyUtf16IsRead) {
+  const WString text = W("[FILES]\nf|o|n\n");
+  EXPECT_THAT(EntriesOf(text), ElementsAre("f/o/n"));
+  EXPECT_THAT(EntriesOf(W("\uFEFF") + text), ElementsAre("f/o/n"));
+  // With the mark the first characters may be any; without it five of them must be of one byte.
+  EXPECT_THAT(EntriesOf(W("\uFEFF;\u0410\n") + text), ElementsAre("f/o/n"));
+  EXPECT_THAT(EntriesOf(W(";\u0410\n") + text), ElementsAre("none"));
+  EXPECT_THAT(EntriesOf(W(";;;;;\u0410\n") + text), ElementsAre("f/o/n"));
+  const std::string narrow = "[FILES]\nf|o|n\n";
+  EXPECT_THAT(EntriesOf(std::vector<std::uint8_t>(narrow.begin(), narrow.end())), ElementsAre("none"));
+  const std::string marked = "\xEF\xBB\xBF" + narrow;
+  EXPECT_THAT(EntriesOf(std::vector<std::uint8_t>(marked.begin(), marked.end())), ElementsAre("none"));
+  EXPECT_THAT(EntriesOf(std::vector<std::uint8_t>()), ElementsAre("none"));
+  EXPECT_THAT(EntriesOf(std::vector<std::uint8_t>{0xFF, 0xFE}), ElementsAre("none"));
+}
+
+TEST(MultiRenameUndoTest, AnOddLastByteIsDroppedAndAZeroEndsTheText) {
+  std::vector<std::uint8_t> bytes = Utf16(W("[FILES]\nf|o|n"));
+  bytes.push_back('x');
+  EXPECT_THAT(EntriesOf(bytes), ElementsAre("f/o/n"));
+  EXPECT_THAT(EntriesOf(W("[FILES]\nf|o|n\ng|o|n") + WString(1, WCHAR()) + W("x\nh|o|n\n")),
+              ElementsAre("f/o/n", "g/o/n"));
+}
+
+TEST(MultiRenameUndoTest, ALoneReturnEndsTheReadingWithTheLinesBeforeIt) {
+  EXPECT_THAT(EntriesOf(W("[FILES]\r\nf|o|n\r\ng|o|n\rh|o|n\r\ni|o|n\r\n")), ElementsAre("f/o/n"));
+  EXPECT_THAT(EntriesOf(W("[FILES]\nf|o|n\r\r\ng|o|n\r\n")), ElementsAre("none"));
+  EXPECT_THAT(EntriesOf(W("[FILES]\nf|o|n\r")), ElementsAre("none"));
+}
+
+TEST(MultiRenameUndoTest, LinesEndAtLfAtCrLfAndAtTheEnd) {
+  EXPECT_THAT(EntriesOf(W("[FILES]\nf|o|n\r\ng|o|n\nh|o|n")), ElementsAre("f/o/n", "g/o/n", "h/o/n"));
+}
+
+TEST(MultiRenameUndoTest, CommentsAndBlanksArePassedOver) {
+  EXPECT_THAT(EntriesOfLines(W("\n;a|b|c\n#a|b|c\n \t \n \tg|o|n\t \n ;h|o|n\n")),
+              ElementsAre("f/o/n", "g/o/n", ";h/o/n"));
+}
+
+TEST(MultiRenameUndoTest, ALineCountsOnlyWithThreeFields) {
+  EXPECT_THAT(EntriesOfLines(W("a|b\na|b|c|d\na\n|\n||\na|b|c\n")), ElementsAre("f/o/n", "a/b/c"));
+}
+
+TEST(MultiRenameUndoTest, TheSearchForABarBeginsTwoCharactersAfterTheLastSoThatTwoBarsAreNoEmptyField) {
+  // "a" and "|b" are two fields.
+  EXPECT_THAT(EntriesOfLines(W("a||b\n")), ElementsAre("f/o/n"));
+  EXPECT_THAT(EntriesOfLines(W("a||b|c\n")), ElementsAre("f/o/n", "a/|b/c"));
+  EXPECT_THAT(EntriesOfLines(W("a|b|c|\n")), ElementsAre("f/o/n", "a/b/c"));
+  EXPECT_THAT(EntriesOfLines(W("|a|b|c\n")), ElementsAre("f/o/n", "a/b/c"));
+  EXPECT_THAT(EntriesOfLines(W("a|b||\n")), ElementsAre("f/o/n", "a/b/|"));
+}
+
+TEST(MultiRenameUndoTest, OnlyTheTwoSectionsByTheirExactNamesCount) {
+  EXPECT_THAT(
+      EntriesOf(W(
+          "a|b|c\n[OTHER]\nb|b|c\n[FILES]\nc|b|c\n[files]\nd|b|c\n[FILES] \n[x|y|z\ne|b|c\n[INFO]\nf|b|c\n")),
+      ElementsAre("c/b/c", "d/b/c", "e/b/c"));
+}
+
+TEST(MultiRenameUndoTest, OfTheInformationTheDateAndTheRestoredFlagAreRead) {
+  const auto session = ReadUndoText(Utf16(
+      W("[INFO]\nnothing\nItems : 5\nDate:951825600 s\n HaveRestored\t: 7\nOther : 1\n[FILES]\nf|o|n\n")));
+  ASSERT_NE(session, nullptr);
+  EXPECT_EQ(session->date.wYear, 2000);
+  EXPECT_EQ(session->date.wDay, 29);
+  EXPECT_TRUE(session->haveRestored);
+  EXPECT_EQ(session->entries.size(), 1u);
+  const auto other = ReadUndoText(
+      Utf16(W("[INFO]\nHaveRestored : x\ndate : 5\nDate : 99999999999999999999\n[FILES]\nf|o|n\n")));
+  EXPECT_FALSE(other->haveRestored);
+}
+
+TEST(MultiRenameUndoTest, AFileWithoutEntriesIsNoSession) {
+  EXPECT_THAT(EntriesOf(W("[INFO]\nDate : 0\nItems : 3\n")), ElementsAre("none"));
+  EXPECT_THAT(EntriesOf(W("[INFO]\n[FILES]\n")), ElementsAre("none"));
+}
+
+TEST(MultiRenameUndoTest, ReadingEndsAtItsLimit) {
+  WString text = W("[FILES]\nf|o|n\n;");
+  text.resize(kMostOfUndoFile / 2 - 6, W('x'));
+  text += W("\na|b|cd");
+  EXPECT_EQ(text.size(), kMostOfUndoFile / 2 + 1);
+  EXPECT_THAT(EntriesOf(text), ElementsAre("f/o/n", "a/b/c"));
+}
+
+TEST(MultiRenameUndoTest, ALineMayHaveAnyLength) {
+  EXPECT_THAT(EntriesOf(W("[FILES]\n") + WString(100000, W('f')) + W("|o|n\n")),
+              ElementsAre(std::string(100000, 'f') + "/o/n"));
+}
+
+TEST(MultiRenameUndoTest, TheDateIsShownInTheUsersLanguage) {
+  MultiRenameUndo session;
+  session.date = kDate;
+  EXPECT_EQ(DateText(session), FormatDate(kDate, LocaleFormat(LOCALE_SSHORTDATE)) + W(" ") +
+                                   FormatTime(kDate, LocaleFormat(LOCALE_STIMEFORMAT)));
+  EXPECT_NE(DateText(session).find(W("2026")), WString::npos);
+  EXPECT_NE(DateText(session).find(W("07")), WString::npos);
+}
+
+}  // namespace
+}  // namespace Velmora::SDK
