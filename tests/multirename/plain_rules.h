@@ -25,6 +25,7 @@ struct Row {
   WString folderTag;  // 4095 characters at most
   bool isFolder = false;
   bool isSkipped = false;
+  bool hidesPath = false;  // the host throws when it is asked for the path
   std::vector<Property> properties;
 
   WString newName;
@@ -118,6 +119,7 @@ inline WString DateText(std::uint64_t date, const WString& format) {
 }
 
 inline WString PropertyValue(const Row& row, const Tag& tag) {
+  if (row.hidesPath) return W("Error");
   for (const Property& property : row.properties) {
     if (property.name != tag.text) continue;
     if (property.fails) return W("Error");

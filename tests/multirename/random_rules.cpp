@@ -80,7 +80,7 @@ Property RandomRules::MakeProperty() {
   }
   if (OneIn(10)) property.date = 133541567990000000;
   if (OneIn(8)) property.count = OneOf({0, -1, 2, 255});
-  property.fails = OneIn(15);
+  property.fails = OneIn(8);
   return property;
 }
 
@@ -97,6 +97,7 @@ std::vector<Row> RandomRules::MakeRows() {
     if (OneIn(40)) row.folderTag = WString(OneOf<std::size_t>({1022, 1023, 1024, 4095}), W('f'));
     row.isFolder = OneIn(4);
     row.isSkipped = OneIn(25);
+    row.hidesPath = OneIn(25);
     for (std::size_t count = (*this)(5); count > 0; --count) row.properties.push_back(MakeProperty());
   }
   return rows;

@@ -4,7 +4,6 @@
 
 #include <iomanip>
 #include <sstream>
-#include <stdexcept>
 
 #include "frame/services/host_properties.h"
 #include "multirename/multi_rename_engine.h"
@@ -21,6 +20,9 @@ namespace {
 
 // --- the rows as the engine sees them
 
+// What the host throws, of a type that the module does not know.
+struct HostFault {};
+
 class RowItem final : public IHostFileItem {
  public:
   explicit RowItem(const Row& row) : row_(row) {}
@@ -31,7 +33,10 @@ class RowItem final : public IHostFileItem {
     return Fill(buffer, size, W("Z:\\photos\\"));
   }
   void GetParentPath(WCHAR* buffer, u32 size) override { Fill(buffer, size, W("not asked")); }
-  const WCHAR* GetFullPath(WCHAR* buffer, u32 size) override { return Fill(buffer, size, row_.path); }
+  const WCHAR* GetFullPath(WCHAR* buffer, u32 size) override {
+    if (row_.hidesPath) throw HostFault();
+    return Fill(buffer, size, row_.path);
+  }
   void GetTagText(WCHAR* buffer, u32 size) override { Fill(buffer, size, row_.folderTag); }
   const WCHAR* GetExtensionText(u32) override { return W("not asked"); }
   void GetExtension(WCHAR* buffer, u32 size, u32) override { Fill(buffer, size, W("not asked")); }
@@ -60,7 +65,7 @@ class RowProperties final : public IHostPropertyManager {
       if (row.path != fullPath) continue;
       for (const Property& property : row.properties) {
         if (property.name != name) continue;
-        if (property.fails) throw std::runtime_error("no value");
+        if (property.fails) throw HostFault();
         CopyTerminated<WCHAR>(buffer, size, property.text);
         static_cast<FilePropertyValue*>(record)->date = property.date;
         return static_cast<u32>(property.count);
@@ -112,7 +117,8 @@ std::string Shown(const std::vector<Row*>& rows, const SYSTEMTIME& now) {
       << now.wMinute << ":" << now.wSecond;
   for (const Row* row : rows) {
     out << "\n  " << (row->isFolder ? "folder " : "file ") << Shown(row->oldName) << " in "
-        << Shown(row->folderTag) << (row->isSkipped ? " skipped" : "");
+        << Shown(row->folderTag) << (row->isSkipped ? " skipped" : "")
+        << (row->hidesPath ? " without a path" : "");
     for (const Property& property : row->properties) {
       out << "\n    " << Shown(property.name) << ": " << Shown(property.text) << ", date " << property.date
           << ", count " << property.count << (property.fails ? ", throws" : "");
