@@ -214,8 +214,12 @@ WString RandomRules::TemplateText() {
         break;
     }
   }
-  if (OneIn(150)) {  // a long one
-    while (text.size() < 1100) text += OneIn(2) ? WString(W("[F]")) : W("[C0,1,1023]") + TagText();
+  if (OneIn(60)) {  // longer than what is read of it
+    const bool growsBeyondAName = OneIn(2);
+    while (text.size() < 1100) {
+      text += growsBeyondAName ? W("[F][C0,1,1023]") : W("[N1]");
+      text += OneIn(3) ? TagText() : Letters(8);
+    }
   }
   return text;
 }
