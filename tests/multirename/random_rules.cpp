@@ -33,7 +33,8 @@ WString RandomRules::Letters(std::size_t most) {
   if (OneIn(40)) text += static_cast<WCHAR>(0xD800 + (*this)(0x800));
   if (OneIn(40)) text += Of({W("\r\n"), W("\r"), W("\n"), W("\r\r\n\n"), W("\r\n\r\n"), W("\t")});
   if (OneIn(20))
-    text += Of({W("*"), W("|"), W("/"), W(":"), W("\""), W("<"), W(">"), W("?"), W("["), W("]")});
+    text +=
+        Of({W("*"), W("|"), W("|"), W("|"), W("/"), W(":"), W("\""), W("<"), W(">"), W("?"), W("["), W("]")});
   return text;
 }
 
@@ -78,9 +79,10 @@ Property RandomRules::MakeProperty() {
       property.text = Letters(8);
       break;
   }
-  if (OneIn(10)) property.date = 133541567990000000;
+  if (OneIn(4)) property.date = 133541567990000000;
   if (OneIn(8)) property.count = OneOf({0, -1, 2, 255});
   property.fails = OneIn(8);
+  if (property.name == W("created") && OneIn(2)) property.text.clear();
   return property;
 }
 
@@ -160,9 +162,17 @@ WString RandomRules::PropertyTagText() {
   text += Of({W(","), W("-"), W(""), W(",,")});
   if (!OneIn(3)) {
     text += W("{");
-    text += Of({W("n"), W("N4"), W("n0"), W("n-5"), W("n 3"), W("nx"), W("n1024"), W("n99999999999"), W(""),
-                W("|"), W("yyyyMMdd"), W("yyyy-MM-dd|HH.mm.ss"), W("|HHmm"), W("dddd d MMMM yyyy|"),
-                W("yy|h:mm tt"), W("'on' d"), W("d|'at' H|m"), W("x"), W("MMM,-d")});
+    text += Of({W("n"),          W("N4"),
+                W("N4"),         W("N"),
+                W("n0"),         W("n-5"),
+                W("n 3"),        W("nx"),
+                W("n1024"),      W("n99999999999"),
+                W(""),           W("|"),
+                W("yyyyMMdd"),   W("yyyy-MM-dd|HH.mm.ss"),
+                W("|HHmm"),      W("dddd d MMMM yyyy|"),
+                W("yy|h:mm tt"), W("'on' d"),
+                W("d|'at' H|m"), W("x"),
+                W("MMM,-d")});
     if (OneIn(40)) text += WString(100, W('d'));
     if (!OneIn(10)) text += W("}");
   }
