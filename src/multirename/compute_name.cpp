@@ -57,7 +57,8 @@ void ComputeName(MultiRenameEngine& engine, MultiRenameItem& item) {
   ApplyCaseRule(engine.flags, name, extension);
   if (engine.replaceRules) {
     if ((engine.flags & (kSearchNameAndExtension | kSearchName)) != 0) engine.replaceRules->Apply(name);
-    if ((engine.flags & (kSearchNameAndExtension | kSearchExtension)) != 0)
+    // An expression such as "^" would give an item without an extension one.
+    if ((engine.flags & (kSearchNameAndExtension | kSearchExtension)) != 0 && !extension.empty())
       engine.replaceRules->Apply(extension);
   }
   if (!extension.empty()) {

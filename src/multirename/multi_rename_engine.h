@@ -96,8 +96,9 @@ void CheckConflicts(MultiRenameEngine& engine);
 // Appends the value of one tag for the row that is being computed. A counter moves on.
 void AppendTagValue(MultiRenameEngine& engine, RenameTag& tag, WString& text);
 
-// The text of a property of the row that is being computed, before its range.
-WString PropertyText(MultiRenameEngine& engine, const RenameTag& tag);
+// The text of a property of the row that is being computed, before its range; nothing after an exception of
+// the host, which has no range either.
+std::optional<WString> PropertyText(MultiRenameEngine& engine, const RenameTag& tag);
 
 // Applies the case rule of the flag word.
 void ApplyCaseRule(u32 flags, WString& name, WString& extension);

@@ -66,12 +66,12 @@ WString TextFromHost(MultiRenameEngine& engine, const RenameTag& tag) {
 
 }  // namespace
 
-WString PropertyText(MultiRenameEngine& engine, const RenameTag& tag) {
-  if (!engine.propertyManager || !engine.currentItem || !engine.currentItem->hostItem) return {};
+std::optional<WString> PropertyText(MultiRenameEngine& engine, const RenameTag& tag) {
+  if (!engine.propertyManager || !engine.currentItem || !engine.currentItem->hostItem) return WString();
   try {
     return TextFromHost(engine, tag);
   } catch (...) {
-    return W("Error");
+    return std::nullopt;
   }
 }
 

@@ -82,8 +82,11 @@ void AppendTagValue(MultiRenameEngine& engine, RenameTag& tag, WString& text) {
       AppendPadded(text, engine.now.wSecond, tag.length);
       break;
     case TagProperty: {
-      const WString value = PropertyText(engine, tag);
-      text += tag.start > 0 && tag.length > 0 ? PartOf(value, tag) : WStringView(value);
+      const std::optional<WString> value = PropertyText(engine, tag);
+      if (!value)
+        text += W("Error");
+      else
+        text += tag.start > 0 && tag.length > 0 ? PartOf(*value, tag) : WStringView(*value);
       break;
     }
     default:

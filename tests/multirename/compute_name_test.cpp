@@ -222,6 +222,15 @@ TEST(ComputeNameTest, APartFlagSaysWhatTheReplacementWorksOnAndNeverOverTheDot) 
   EXPECT_THAT(NewNames(rules, {W("a.a")}), ElementsAre(W("a.a")));
 }
 
+TEST(ComputeNameTest, AnExpressionThatMatchesNothingGivesNoExtensionToAnItemWithoutOne) {
+  RuleInput rules = DefaultRules(nullptr);
+  rules.searchItems = PairsOf({{W("^"), W("x")}});
+  rules.searchFlags = 0x4200000;
+  EXPECT_THAT(NewNames(rules, {W("a"), W("a.t")}), ElementsAre(W("a"), W("a.xt")));
+  rules.searchFlags = 0x1200000;
+  EXPECT_THAT(NewNames(rules, {W("a"), W("a.t")}), ElementsAre(W("xa"), W("xa.xt")));
+}
+
 TEST(ComputeNameTest, AnExtensionThatIsReplacedByNothingTakesItsDotWithIt) {
   RuleInput rules = DefaultRules(nullptr);
   rules.searchFlags = 0x4000000;

@@ -162,7 +162,7 @@ class Pass {
     ChangeCase(rules_.caseRule, name, extension);
     if ((rules_.searchFlags & 0x3000000) != 0)
       name = Replaced(name, rules_.pairs, rules_.searchFlags, searched);
-    if ((rules_.searchFlags & 0x5000000) != 0) {
+    if ((rules_.searchFlags & 0x5000000) != 0 && !extension.empty()) {
       extension = Replaced(extension, rules_.pairs, rules_.searchFlags, searched);
     }
     if (!extension.empty()) name += W(".") + extension;

@@ -90,11 +90,12 @@ TEST_F(PropertyTextTest, ADateThatIsNoneAndNoDateAreEmpty) {
   EXPECT_EQ(NameOf(W("x[?d]")), W("x"));
 }
 
-TEST_F(PropertyTextTest, AnExceptionOfTheHostIsTheWordError) {
+TEST_F(PropertyTextTest, AnExceptionOfTheHostIsTheWordErrorWithoutARange) {
   engine_.propertyManager = &properties_;
   properties_.throws = true;
   EXPECT_EQ(NameOf(W("[?size]")), W("Error"));
-  EXPECT_EQ(NameOf(W("[?size,2,2]")), W("rr"));
+  EXPECT_EQ(NameOf(W("[?size,2,2]")), W("Error"));
+  EXPECT_EQ(NameOf(W("[?size,9,2]")), W("Error"));
 }
 
 }  // namespace
