@@ -28,8 +28,7 @@ def rename_blank(path):
 def call(scratch, items, command, *options):
     listing = scratch / "items"
     listing.write_text("\n".join(items) + "\n")
-    return measure([str(BIN / "qxhost"), "--config", str(scratch / "config"), *options, "--answer", "ok",
-                    "--answer", "ok", "--items", str(listing), "command", command],
+    return measure([str(BIN / "qxhost"), "--config", str(scratch / "config"), *options, "--answer", "ok", "--items", str(listing), "command", command],
                    runs=5 if "--dry-run" in options else 1)
 
 
@@ -65,4 +64,5 @@ def chain(scratch):
         for power in range(6):
             (path / ("x" * 2**power)).touch()
             items.append(str(path / ("x" * 2**power)))
-    show(f"{len(items)} items", len(items), *call(scratch, items, "30010", "--form", "find=x", "--form", "replace=xx"))
+    show(f"{len(items)} items", len(items), *call(scratch, items, "30010", "--form", "find=x", "--form", "replace=xx",
+                           "--answer", "ok"))
