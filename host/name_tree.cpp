@@ -19,7 +19,11 @@ WString InUpperCase(WStringView text) {
   return upper;
 }
 
-NameTree::NameTree(FileView& files) : files_(files) { nodes_.push_back({.parent = kRoots, .name = {}}); }
+NameTree::NameTree(FileView& files, std::size_t expected) : files_(files) {
+  nodes_.reserve(expected + 1);
+  byHash_.reserve(expected);
+  nodes_.push_back({.parent = kRoots, .name = {}});
+}
 
 std::uint64_t NameTree::HashOf(Id folder, WStringView name) {
   SetUpperCase(name, upper_);

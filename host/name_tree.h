@@ -29,7 +29,8 @@ class NameTree {
     std::optional<DWORD> look = {};  // what FileView::Look says of it, once it was asked
   };
 
-  explicit NameTree(FileView& files);
+  // Room is made for `expected` nodes; there may be more.
+  NameTree(FileView& files, std::size_t expected);
 
   // The node of a name in a folder, made if there is none. The text must last as long as the tree. A node has
   // a higher number than its folder.

@@ -25,6 +25,9 @@ struct RenamedFile {
 class Gathered {
  public:
   explicit Gathered(std::deque<QueuedRename>& renames) {
+    files.reserve(renames.size());
+    refusals_.reserve(renames.size());
+    wanted.rows.reserve(renames.size());
     for (QueuedRename& rename : renames) Add(rename);
     for (Row row = 0; row < files.size(); ++row) {
       wanted.rows.push_back({.folder = files[row].folder,

@@ -53,10 +53,12 @@ class Planner {
   Planner(const WantedRenames& wanted, FileView& files)
       : wanted_(wanted),
         files_(files),
-        tree_(files),
+        tree_(files, 2 * wanted.rows.size() + wanted.folders.size()),
         folders_(wanted.folders.size()),
         rows_(wanted.rows.size()),
         currentUpper_(InUpperCase(wanted.currentFolder)) {
+    plan_.results.reserve(rows_.size());
+    plan_.folders.reserve(rows_.size());
     for (const WantedRename& row : wanted.rows) {
       plan_.results.push_back(row.refusal);
       plan_.folders.push_back(row.folder);
