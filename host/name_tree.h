@@ -36,6 +36,9 @@ class NameTree {
   // a higher number than its folder.
   Id Child(Id folder, WStringView name);
 
+  // Gives a node its spelling on the disk, which may differ from the present one in letter case.
+  void Spell(Id id, WStringView name);
+
   // Whether there is a node of this name in the folder, whatever its letter case.
   bool HasLike(Id folder, WStringView name);
 

@@ -3,6 +3,12 @@
 #include "host/paths.h"
 
 namespace QxHost {
+namespace {
+
+// Of every file system that Windows knows.
+constexpr std::size_t kMostNameChars = 255;
+
+}  // namespace
 
 WString NameOfRename(const QueuedRename& rename) {
   const WStringView made = NameToMake(rename.newName);
@@ -17,6 +23,7 @@ u32 RefusalOf(const QueuedRename& rename, bool hasPath, bool isDrive, WStringVie
   const WStringView newName = NameToMake(rename.newName);
   if (!hasPath) return ERROR_BAD_PATHNAME;
   if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
+  if (newName.size() > kMostNameChars) return ERROR_FILENAME_EXCED_RANGE;
   if (isDrive) return ERROR_ACCESS_DENIED;
   return newName == presentName ? u32{Velmora::SDK::kRenameIgnored} : 0;
 }

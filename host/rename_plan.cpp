@@ -145,6 +145,7 @@ class Planner {
 
     const Id source = tree_.Child(parent, wanted.name);
     tree_.At(source).look = ERROR_SUCCESS;
+    tree_.Spell(source, wanted.name);
     if (tree_.At(source).source != kNoRow) {
       twins_.push_back({row, tree_.At(source).source});
       return;

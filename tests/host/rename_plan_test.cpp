@@ -302,6 +302,16 @@ TEST_F(RenamePlanTest, PathsBelowTheLaterNameOfAFolderGoAfterIt) {
   EXPECT_THAT(plan_.results, ElementsAre(0u, 0u, 0u, 0u));
 }
 
+TEST_F(RenamePlanTest, AFolderIsSpelledAsItsOwnRenameHasItWhateverNameComesFirst) {
+  files_.isCaseBlind = true;
+  Exist({"B", "a", "a\\d"});
+  Path("B", "A");
+  Path("a", "c");
+  Path("c\\d", "e");
+  Plan();
+  EXPECT_THAT(steps_, ElementsAre("a>c", "a\\d>e", "B>A"));
+}
+
 TEST_F(RenamePlanTest, PathsBelowAFolderThatIsRefusedAreRefused) {
   Exist({"new", "new\\a2", "old", "new\\c"});
   Path("old\\a2", "a");
