@@ -64,6 +64,8 @@ void DeclareOptions(CLI::App& app, Options& options) {
   app.add_flag("--class-b", options.classB, "As if Windows were of class B, which leaves none out");
   app.add_flag("--dry-run", options.dryRun,
                "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 alone");
+  app.add_flag("--in-order", options.inOrder,
+               "Try the renames of a command one by one as they come, instead of planning them as a whole");
   app.add_flag("--json", options.json, "One JSON object a line instead of prose");
 }
 

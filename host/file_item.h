@@ -43,7 +43,8 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   void ClearStoredProperty(u32 propertyNumber) override;
 
   const WString& Name() const { return name_; }
-  WString FolderPath() const;  // ends in a backslash
+  const FileItem* Parent() const { return parent_; }  // null for a root
+  WString FolderPath() const;                         // ends in a backslash
   WString FullPath() const;
 
  private:

@@ -19,6 +19,11 @@ question: ok, yes, no, cancel, text=TEXT (ok takes the text that is offered) or 
 left you are asked on the terminal, where the first letter of a button will do; if there is no terminal, the
 question is cancelled, and a note on standard error says so.
 
+Renames. The renames of a command are planned as a whole: a name that one of them gives up is free for another, so
+that img1, img2 and img3 can become img2, img3 and img4, and two files can swap their names. Of two renames to one
+name the first in order gets it; a file that exists is never replaced. While names are swapped, a file may be called
+NAME.qxhost-tmp. With --in-order each rename is tried once, in the order of the ITEMs, as it comes.
+
 Dialogs. In the native build a dialog is filled with --form FIELD=VALUE and closed with --answer ok. To see the
 fields of a command's dialog with their present values, fill a field that it does not have; nothing is done then:
   qxhost --form help= command sort-lines a.txt

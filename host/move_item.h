@@ -13,7 +13,12 @@ DWORD MoveItem(const WString& from, const WString& to);
 // Empty if the system does not tell, or where letter case tells files apart.
 WString NameOnDisk(const WString& fullPath);
 
-// Equal for paths that mean the same file whatever their letter case.
+// Equal for paths that mean the same file whatever their letter case, as the folders of this system usually
+// have it.
 WString PathKey(const WString& fullPath);
+
+// Whether two paths, which differ in letter case alone, mean one file: the file system finds the same file of
+// the same volume by both, and not a second hard link to it.
+bool AreOneFile(const WString& left, const WString& right);
 
 }  // namespace QxHost

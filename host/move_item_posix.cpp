@@ -1,4 +1,8 @@
 #include "host/move_item.h"
+
+#include <sys/stat.h>
+
+#include "host/native_path.h"
 #include "host/paths.h"
 
 namespace QxHost {
@@ -13,5 +17,14 @@ DWORD MoveItem(const WString& from, const WString& to) {
 WString NameOnDisk(const WString&) { return {}; }
 
 WString PathKey(const WString& fullPath) { return fullPath; }
+
+bool AreOneFile(const WString& left, const WString& right) {
+  struct stat first {};
+  struct stat second {};
+  if (lstat(NativePath(left).c_str(), &first) != 0 || lstat(NativePath(right).c_str(), &second) != 0)
+    return false;
+  if (first.st_dev != second.st_dev || first.st_ino != second.st_ino) return false;
+  return S_ISDIR(first.st_mode) || first.st_nlink == 1;  // a folder has no second hard link
+}
 
 }  // namespace QxHost

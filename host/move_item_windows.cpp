@@ -1,5 +1,6 @@
 #include "host/move_item.h"
 #include "host/paths.h"
+#include "host/temporary_name.h"
 #include "platform/handles.h"
 
 namespace QxHost {
@@ -18,15 +19,23 @@ bool DifferInCaseAlone(const WString& left, const WString& right) {
                                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
 
-// Moves a file to a name in its folder that no file has. 0, or the error number.
+// Moves a file to a temporary name in its folder. 0, or the error number.
 DWORD MoveAside(const WString& from, WString& aside) {
-  const WString folder = from.substr(0, from.rfind(L'\\') + 1);
+  const std::size_t nameAt = from.rfind(L'\\') + 1;
   DWORD error = ERROR_ALREADY_EXISTS;
   for (unsigned number = 1; number < kMostNames && error == ERROR_ALREADY_EXISTS; ++number) {
-    aside = folder + L"qxhost~" + std::to_wstring(number) + L".tmp";
+    aside = from.substr(0, nameAt) + TemporaryName(WStringView(from).substr(nameAt), number);
     error = Move(from, aside);
   }
   return error;
+}
+
+// False, too, if the file cannot be opened.
+bool FindFileInformation(const WString& path, BY_HANDLE_FILE_INFORMATION& information) {
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const FileHandle file(CreateFileW(SystemPath(path).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  return file.IsOpen() && GetFileInformationByHandle(file.Get(), &information);
 }
 
 }  // namespace
@@ -52,6 +61,18 @@ WString PathKey(const WString& fullPath) {
   const int size = static_cast<int>(key.size());
   if (size != 0) LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, fullPath.data(), size, key.data(), size);
   return key;
+}
+
+bool AreOneFile(const WString& left, const WString& right) {
+  BY_HANDLE_FILE_INFORMATION first{};
+  BY_HANDLE_FILE_INFORMATION second{};
+  if (!FindFileInformation(left, first) || !FindFileInformation(right, second)) return false;
+  if (first.dwVolumeSerialNumber != second.dwVolumeSerialNumber ||
+      first.nFileIndexHigh != second.nFileIndexHigh || first.nFileIndexLow != second.nFileIndexLow) {
+    return false;
+  }
+  // Of two hard links each has a name of its own on the disk.
+  return first.nNumberOfLinks == 1 || NameOnDisk(left) == NameOnDisk(right);
 }
 
 DWORD MoveItem(const WString& from, const WString& to) {

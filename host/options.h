@@ -28,6 +28,7 @@ struct Options {
   bool classA = false;
   bool classB = false;
   bool dryRun = false;
+  bool inOrder = false;
   bool json = false;
 };
 

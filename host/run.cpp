@@ -132,7 +132,7 @@ Run::Run(const Options& options, const std::vector<std::string>& items, Output& 
   questions_.emplace(*reporter_, output_, ParseAnswers(options.answers), ParseForm(options.form),
                      std::move(readLine));
   shared_.emplace(output_, *reporter_, ReadLanguageTable(options, output_), AnswersOf(options), *questions_,
-                  options.dryRun);
+                  options.dryRun, options.inOrder);
   modulePath_ = options.module.empty() ? BesideProgram(W("\\")) + ModuleFileName()
                                        : FullPathOrThrow("--module", options.module);
   if (options.withoutRights) {

@@ -42,13 +42,13 @@ struct PostedCommand {
 
 struct Shared {
   Shared(Output& outputOfRun, Reporter& reporterOfRun, LanguageTable languageTable, SystemAnswers system,
-         Questions& questionsOfRun, bool dryRun)
+         Questions& questionsOfRun, bool dryRun, bool inOrder = false)
       : output(outputOfRun),
         reporter(reporterOfRun),
         questions(questionsOfRun),
         language(std::move(languageTable)),
         answers(std::move(system)),
-        fileOperation(items, reporter, output, dryRun),
+        fileOperation(items, reporter, output, dryRun, inOrder),
         settings(answers.configFolder, [this](const std::string& text) { output.Problem(text); }) {}
   Shared(const Shared&) = delete;
   Shared& operator=(const Shared&) = delete;

@@ -14,7 +14,7 @@ class Help(HostTest):
     def test_help_shows_verbs_options_and_examples(self):
         outcome = self.process("--help")
         self.assertEqual((outcome.status, outcome.stderr), (0, ""))
-        for text in ("info", "menu", "command", "--answer", "--form", "--dry-run", "--items", "Examples:",
+        for text in ("info", "menu", "command", "--answer", "--form", "--dry-run", "--in-order", "--items", "Examples:",
                      "Exit status:"):
             self.assertIn(text, outcome.stdout)
 

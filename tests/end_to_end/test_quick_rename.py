@@ -112,13 +112,13 @@ class Renames(HostTest):
         self.assertEqual(self.command(30000, "a.txt", answers=["ok"]).renames, [("a.txt", "A.TXT", 0)])
         self.assertEqual(self.names(), ["A.TXT"])
 
-    def test_an_item_below_a_renamed_folder_is_found_again(self):
+    def test_an_item_below_a_renamed_folder_goes_before_it(self):
         self.make("old dir/some file.txt", "old dir/in ner/x y.txt")
         outcome = self.command(30005, "old dir", "old dir/some file.txt", "old dir/in ner", "old dir/in ner/x y.txt",
                                answers=["ok"])
         self.assertEqual([result for _, _, result in outcome.renames], [0, 0, 0, 0])
         self.assertEqual(outcome.of("rename")[3]["from"],
-                         windows_path(self.path("old_dir", "in_ner", "x y.txt")))
+                         windows_path(self.path("old dir", "in ner", "x y.txt")))
         self.assertEqual(self.names("old_dir"), ["in_ner/", "some_file.txt"])
         self.assertEqual(self.names("old_dir/in_ner"), ["x_y.txt"])
 

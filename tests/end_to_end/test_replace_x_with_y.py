@@ -59,6 +59,28 @@ else:
                              dict(CONFIRM, text="Items to rename: 2. Rename them now?", answer="ok"))
             self.assertEqual(self.names(), ["dir.yy/", "yy-yy.x"])
 
+        def test_files_move_up_by_one_in_one_run(self):
+            self.make("img1", "img11", "img1111")
+            outcome = self.replace("1", "11", "img1", "img11", "img1111")
+            self.assertEqual(outcome.renames, [("img1", "img11", 0), ("img11", "img1111", 0),
+                                               ("img1111", "img11111111", 0)])
+            self.assertEqual({name: self.content(name) for name in self.names()},
+                             {"img11": "img1", "img1111": "img11", "img11111111": "img1111"})
+
+        def test_a_dry_run_foretells_what_is_done_planned_or_in_order(self):
+            for mode, results, status in ([], [0, 0, 0], 0), (["--in-order"], [183, 183, 0], 4):
+                with self.subTest(mode=mode):
+                    self.setUp()
+                    self.make("img1", "img11", "img1111")
+                    call = [*mode, "--form", "find=1", "--form", "replace=11", "command", "30010",
+                            *[self.path(name) for name in self.names()]]
+                    dry = self.run_json("--dry-run", *call, answers=["ok", "ok"], status=status)
+                    self.assertEqual([result for _, _, result in dry.renames], results)
+                    self.assertEqual(self.names(), ["img1", "img11", "img1111"])
+                    done = self.run_json(*call, answers=["ok", "ok"], status=status)
+                    self.assertEqual(done.renames, dry.renames)
+                    self.assertEqual(self.names()[-1], "img11111111")
+
         def test_part_2_is_the_extension_with_its_dot(self):
             self.make("a.txt.txt", "b.md")
             self.replace(".txt", ".bak", "a.txt.txt", "b.md", part="2")

@@ -33,6 +33,38 @@ class RenameBatchTest : public testing::Test {
     return result;
   }
 
+  using Pairs = std::vector<std::pair<const WCHAR*, const WCHAR*>>;
+
+  // The results of a batch of items, given by their names in the scratch folder and their new names.
+  std::vector<u32> Run(const Pairs& pairs, bool dryRun = false, bool inOrder = false) {
+    return RunBoth(pairs, dryRun, inOrder, [&](IHostRenameBatch& batch, const auto& pair) {
+      batch.AddByItem(tree_.Find(scratch_.Path(pair.first)), pair.second, nullptr);
+    });
+  }
+
+  // The same by paths, which need not exist.
+  std::vector<u32> RunPaths(const Pairs& pairs, bool dryRun = false, bool inOrder = false) {
+    return RunBoth(pairs, dryRun, inOrder, [&](IHostRenameBatch& batch, const auto& pair) {
+      batch.AddByPath(scratch_.Path(pair.first).c_str(), pair.second, nullptr);
+    });
+  }
+
+  template <typename Add>
+  std::vector<u32> RunBoth(const Pairs& pairs, bool dryRun, bool inOrder, Add add) {
+    FileOperation operation(tree_, *reporter_, recorded_.output, dryRun, inOrder);
+    IHostRenameBatch* const batch = operation.CreateRenameBatch();
+    for (const auto& pair : pairs) add(*batch, pair);
+    RecordedResults callback;
+    operation.RunPathBatch(batch, &callback);
+    std::vector<u32> results;
+    for (u32 index = 0; index < batch->Count(); ++index) results.push_back(batch->At(index)->ResultCode());
+    std::vector<u32> called;
+    for (const auto& [data, result] : callback.results) called.push_back(result);
+    EXPECT_EQ(called, results);
+    batch->Release();
+    return results;
+  }
+
   ScratchFolder scratch_;
   FileItemTree tree_;
   RecordedOutput recorded_;
@@ -103,25 +135,131 @@ TEST_F(RenameBatchTest, DotsAndBlanksAtTheEndOfANewNameAreLeftOut) {
   EXPECT_EQ(RenameItem(W("b"), W(" . ")), 123u);
 }
 
-TEST_F(RenameBatchTest, ADryRunRefusesATargetThatStandsOrIsTaken) {
-  for (const WCHAR* name : {W("a"), W("b"), W("c")}) scratch_.Write(name, "");
-  FileOperation operation(tree_, *reporter_, recorded_.output, true);
-  IHostRenameBatch* const batch = operation.CreateRenameBatch();
-  const auto add = [&](const WCHAR* name, const WCHAR* newName) {
-    batch->AddByItem(tree_.Find(scratch_.Path(name)), newName, nullptr);
+TEST_F(RenameBatchTest, TheNamesOfABatchMoveUpByOneInOneRun) {
+  for (const char* name : {"img1", "img2", "img3"}) scratch_.Write(FromUtf8(name), name);
+  const auto run = [&](bool dryRun) {
+    return Run({{W("img1"), W("img2")}, {W("img2"), W("img3")}, {W("img3"), W("img4")}}, dryRun);
   };
-  add(W("a"), W("b"));  // stands
-  add(W("b"), W("d"));
-  add(W("c"), W("d"));  // taken
-  add(W("a"), W("b"));  // left by now
-  add(W("b"), W("D"));  // its own name by now, in another case
-  add(W("a"), W("a"));  // back again
-  operation.RunBatch(batch, nullptr);
-  std::vector<u32> results;
-  for (u32 index = 0; index < batch->Count(); ++index) results.push_back(batch->At(index)->ResultCode());
-  EXPECT_THAT(results, ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
+  EXPECT_THAT(run(true), ElementsAre(0u, 0u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("img1"), W("img2"), W("img3")));
+  EXPECT_THAT(run(false), ElementsAre(0u, 0u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("img2"), W("img3"), W("img4")));
+  EXPECT_EQ(scratch_.Read(W("img2")), "img1");
+  EXPECT_EQ(scratch_.Read(W("img3")), "img2");
+  EXPECT_EQ(scratch_.Read(W("img4")), "img3");
+  // And back, by path.
+  EXPECT_THAT(RunPaths({{W("img2"), W("img1")}, {W("img3"), W("img2")}, {W("img4"), W("img3")}}),
+              ElementsAre(0u, 0u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("img1"), W("img2"), W("img3")));
+  EXPECT_EQ(scratch_.Read(W("img3")), "img3");
+}
+
+TEST_F(RenameBatchTest, InOrderTheSameBatchIsTriedAsItComes) {
+  const Pairs pairs = {{W("img1"), W("img2")}, {W("img2"), W("img3")}, {W("img3"), W("img4")}};
+  for (const char* name : {"img1", "img2", "img3"}) scratch_.Write(FromUtf8(name), name);
+  EXPECT_THAT(Run(pairs, true, true), ElementsAre(183u, 183u, 0u));
+  EXPECT_THAT(Run(pairs, false, true), ElementsAre(183u, 183u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("img1"), W("img2"), W("img4")));
+}
+
+TEST_F(RenameBatchTest, TwoFilesSwapTheirNames) {
+  scratch_.Write(W("a"), "a");
+  scratch_.Write(W("b"), "b");
+  EXPECT_THAT(Run({{W("a"), W("b")}, {W("b"), W("a")}}), ElementsAre(0u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("a"), W("b")));
+  EXPECT_EQ(scratch_.Read(W("a")), "b");
+  EXPECT_EQ(scratch_.Read(W("b")), "a");
+  EXPECT_EQ(recorded_.problems, "");
+}
+
+TEST_F(RenameBatchTest, NamesThatDifferInCaseAloneAreAsTheFileSystemTakesThem) {
+  scratch_.Write(W("a"), "");
+  scratch_.Write(W("b"), "");
+  const bool isCaseBlind = scratch_.Exists(W("A"));
+  const u32 second = isCaseBlind ? 183u : 0u;
+  const Pairs pairs = {{W("a"), W("new")}, {W("b"), W("NEW")}};
+  EXPECT_THAT(Run(pairs, true), ElementsAre(0u, second));
+  EXPECT_THAT(Run(pairs), ElementsAre(0u, second));
+  scratch_.Write(W("c"), "");
+  EXPECT_THAT(Run({{W("c"), W("New")}, {W("new"), W("x")}}), ElementsAre(0u, 0u));
+}
+
+TEST_F(RenameBatchTest, AChangeOfCaseInAChainIsDone) {
+  scratch_.Write(W("a"), "a");
+  scratch_.Write(W("b"), "b");
+  const Pairs pairs = {{W("a"), W("B")}, {W("b"), W("A")}};
+  EXPECT_THAT(Run(pairs, true), ElementsAre(0u, 0u));
+  EXPECT_THAT(Run(pairs), ElementsAre(0u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("A"), W("B")));
+  EXPECT_EQ(scratch_.Read(W("A")), "b");
+  EXPECT_EQ(scratch_.Read(W("B")), "a");
+}
+
+TEST_F(RenameBatchTest, ADryRunForetellsANameThatIsTooLong) {
+  scratch_.Write(W("a"), "");
+  const WString tooLong(256, W('x'));
+  const std::vector<u32> dry = Run({{W("a"), tooLong.c_str()}}, true);
+  EXPECT_THAT(dry, ElementsAre(206u));
+  EXPECT_EQ(Run({{W("a"), tooLong.c_str()}}), dry);
+  EXPECT_EQ(Run({{W("a"), tooLong.c_str()}}, false, true), dry);
+}
+
+TEST_F(RenameBatchTest, FilesInARenamedFolderGoFirstAndComeBackAfterIt) {
+  scratch_.MakeFolder(W("dir\\sub"));
+  scratch_.Write(W("dir\\sub\\a"), "a");
+  scratch_.Write(W("dir\\b"), "b");
+  EXPECT_THAT(Run({{W("dir"), W("dir2")},
+                   {W("dir\\sub"), W("sub2")},
+                   {W("dir\\sub\\a"), W("a2")},
+                   {W("dir\\b"), W("b2")}}),
+              ElementsAre(0u, 0u, 0u, 0u));
+  EXPECT_THAT(scratch_.Names(W("dir2")), ElementsAre(W("b2"), W("sub2")));
+  EXPECT_THAT(scratch_.Names(W("dir2\\sub2")), ElementsAre(W("a2")));
+  const Pairs restore = {
+      {W("dir2"), W("dir")}, {W("dir\\sub2"), W("sub")}, {W("dir\\sub\\a2"), W("a")}, {W("dir\\b2"), W("b")}};
+  EXPECT_THAT(RunPaths(restore, true), ElementsAre(0u, 0u, 0u, 0u));
+  EXPECT_THAT(RunPaths(restore), ElementsAre(0u, 0u, 0u, 0u));
+  EXPECT_THAT(scratch_.Names(W("dir")), ElementsAre(W("b"), W("sub")));
+  EXPECT_EQ(scratch_.Read(W("dir\\sub\\a")), "a");
+}
+
+TEST_F(RenameBatchTest, ARestoreBelowAFolderWhoseNameIsTakenIsRefused) {
+  scratch_.MakeFolder(W("dir2"));
+  scratch_.MakeFolder(W("dir"));
+  scratch_.Write(W("dir2\\a2"), "");
+  const Pairs restore = {{W("dir\\a2"), W("a")}, {W("dir2"), W("dir")}};
+  EXPECT_THAT(RunPaths(restore, true), ElementsAre(183u, 183u));
+  EXPECT_THAT(RunPaths(restore), ElementsAre(183u, 183u));
+  EXPECT_THAT(scratch_.Names(W("dir2")), ElementsAre(W("a2")));
+}
+
+TEST_F(RenameBatchTest, AnItemInARenamedFolderHasItsNewPathAfterTheRun) {
+  scratch_.MakeFolder(W("dir"));
+  scratch_.Write(W("dir\\a"), "");
+  FileItem* const file = tree_.Find(scratch_.Path(W("dir\\a")));
+  EXPECT_THAT(Run({{W("dir"), W("other")}}), ElementsAre(0u));
+  EXPECT_EQ(file->FullPath(), scratch_.Path(W("other\\a")));
+}
+
+TEST_F(RenameBatchTest, InOrderADryRunRefusesATargetThatExistsOrIsTaken) {
+  for (const WCHAR* name : {W("a"), W("b"), W("c")}) scratch_.Write(name, "");
+  const Pairs pairs = {{W("a"), W("b")},                    // exists
+                       {W("b"), W("d")}, {W("c"), W("d")},  // taken
+                       {W("a"), W("b")},                    // left by now
+                       {W("b"), W("D")},                    // its own name by now, in another case
+                       {W("a"), W("a")}};                   // back again
+  EXPECT_THAT(Run(pairs, true, true), ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a"), W("b"), W("c")));
-  batch->Release();
+  EXPECT_THAT(Run(pairs, false, true), ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("D"), W("a"), W("c")));
+}
+
+TEST_F(RenameBatchTest, InOrderADryRunFindsNoFileThatHasGone) {
+  scratch_.Write(W("a"), "");
+  tree_.Find(scratch_.Path(W("a")));
+  std::filesystem::remove(scratch_.NativePath(W("a")));
+  EXPECT_THAT(RunPaths({{W("a"), W("b")}}, true, true), ElementsAre(2u));
+  EXPECT_THAT(RunPaths({{W("a"), W("b")}}, false, true), ElementsAre(2u));
 }
 
 TEST_F(RenameBatchTest, ADryRunReportsAndDoesNothing) {
@@ -145,7 +283,7 @@ TEST_F(RenameBatchTest, EachResultIsToldWithItsDataAndStandsInTheBatch) {
   EXPECT_EQ(batch->At(0), nullptr);
   RecordedResults callback;
   operation.RunBatch(batch, &callback);
-  EXPECT_THAT(callback.results, ElementsAre(Pair(&first, 183u), Pair(&second, 0u)));
+  EXPECT_THAT(callback.results, ElementsAre(Pair(&first, 0u), Pair(&second, 0u)));
   ASSERT_EQ(batch->Count(), 2u);
   EXPECT_EQ(batch->At(1)->UserData(), &second);
   EXPECT_EQ(batch->At(2), nullptr);

@@ -1,0 +1,22 @@
+// Runs a batch of renames by its plan (rename_plan.h).
+#pragma once
+
+#include <deque>
+#include <functional>
+
+#include "host/output.h"
+#include "host/queued_rename.h"
+
+namespace QxHost {
+
+// Called once for each rename, in the order of the batch, with the path as it was before the run.
+using RenameReport = std::function<void(const WString& from, QueuedRename& rename, u32 result)>;
+
+// Does what the plan lets pass, or nothing if `isDryRun`, and then reports all. A file that cannot be moved
+// leaves those that wait for its name as they are. If a step of a cycle fails, its other files take their old
+// names back; where the system refuses that too, a line of `output` names the file that keeps a temporary
+// name.
+void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
+                const RenameReport& report);
+
+}  // namespace QxHost
