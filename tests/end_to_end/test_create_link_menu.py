@@ -127,7 +127,7 @@ class CreateLinkMenu(LinkMenuTest):
         self.assertEqual(outcome.of("log"),
                          [self.created("Hardlink", "a", "a"), self.failed("Hardlink", 183, "b", "b")])
         self.assertEqual([(event["kind"], event["title"], event.get("style")) for event in outcome.questions[1:]],
-                         [("box", "Cannot Create the Link", 0x10)])
+                         [("box", "Command Failed", 0x10)])
         self.assertEqual(self.links(), ["a", "b"])
         with open(self.in_panel("b"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "here first")
