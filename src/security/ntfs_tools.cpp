@@ -39,7 +39,9 @@ bool LookUpName(const WString& server, PSID sid, WString& name) {
   DWORD domainSize = 1;
   SID_NAME_USE use;
   LookupAccountSidW(system, sid, nullptr, &nameSize, nullptr, &domainSize, &use);
-  // A zero behind each, whatever the system makes of its sizes.
+  // Not every system counts the zero.
+  ++nameSize;
+  ++domainSize;
   std::vector<WCHAR> account(nameSize + std::size_t{1});
   std::vector<WCHAR> domain(domainSize + std::size_t{1});
   if (!LookupAccountSidW(system, sid, account.data(), &nameSize, domain.data(), &domainSize, &use))

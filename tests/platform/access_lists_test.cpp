@@ -45,16 +45,16 @@ TEST(AccessLists, AllowedEntriesGoToTheEnd) {
   EXPECT_EQ(GetLengthSid(Pointer(kUser)), 16u);
 }
 
-TEST(AccessLists, AnEntryIsCopiedToItsPlace) {
+TEST(AccessLists, AnEntryIsCopiedToTheEnd) {
   BuiltList from;
   from.Add(1, 5, 0x2, kUser);
   void* entry = nullptr;
   ASSERT_TRUE(GetAce(from.Get(), 0, &entry));
   BuiltList to;
   to.Add(0, 0, 0x1, kOther);
-  EXPECT_TRUE(AddAce(to.Get(), ACL_REVISION, 0, entry, 24));
+  EXPECT_TRUE(AddAce(to.Get(), ACL_REVISION, MAXDWORD, entry, 24));
   EXPECT_THAT(EntriesOf(to.Get()),
-              ElementsAre(ShownEntry{1, 5, 0x2, "S-1-22-1-7"}, ShownEntry{0, 0, 0x1, "S-1-22-2-8"}));
+              ElementsAre(ShownEntry{0, 0, 0x1, "S-1-22-2-8"}, ShownEntry{1, 5, 0x2, "S-1-22-1-7"}));
 }
 
 TEST(AccessLists, AnEntryThatHasNoRoomIsRefused) {

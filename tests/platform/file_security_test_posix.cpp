@@ -308,6 +308,21 @@ TEST_F(NativeRecords, RightsOfOthersThanTheCurrentUserAreNotTold) {
   EXPECT_EQ(GetEffectiveRightsFromAclW(nullptr, &trustee, &mask), 1336u);
 }
 
+TEST_F(NativeRecords, AnEntryIsAddedInItsPlace) {
+  BuiltList from;
+  from.Add(1, 5, 0x2, EveryoneSid());
+  void* entry = nullptr;
+  ASSERT_TRUE(GetAce(from.Get(), 0, &entry));
+  BuiltList to;
+  to.Add(0, 0, 0x1, UserSidBytes(7)).Add(0, 0, 0x1, UserSidBytes(8));
+  EXPECT_TRUE(AddAce(to.Get(), ACL_REVISION, 1, entry, 20));
+  EXPECT_THAT(EntriesOf(to.Get()),
+              ElementsAre(ShownEntry{0, 0, 0x1, "S-1-22-1-7"}, ShownEntry{1, 5, 0x2, "S-1-1-0"},
+                          ShownEntry{0, 0, 0x1, "S-1-22-1-8"}));
+  EXPECT_FALSE(AddAce(to.Get(), ACL_REVISION, 0, entry, 19));
+  EXPECT_EQ(GetLastError(), 87u);
+}
+
 TEST_F(NativeRecords, PrivilegesAreTheSuperusers) {
   const auto adjust = [](const WCHAR* privilege, DWORD access) {
     HANDLE token = nullptr;
