@@ -14,13 +14,16 @@ class ColumnsVerb final : public Verb {
     return "Show the columns of the module for items: owner, access, streams";
   }
   void Declare(CLI::App& app) override {
-    AddRest(app, "ITEM", items_, "Files and folders, shown in this order: /a/b or Z:\\a\\b");
+    AddRest(app, "ITEM", items_, "The files and folders to show, in this order: /a/b, Z:\\a\\b or relative");
   }
   const std::vector<std::string>& Items() const override { return items_; }
   std::string NoteOfZero() const override { return "the module declares no columns"; }
 
   const char* HelpFooter() const override {
-    return "The access is that of the user who runs qxhost: R for read, W for write, X for execute, each a\n"
+    return "Examples:\n"
+           "  qxhost columns *           a table\n"
+           "  qxhost --json columns *    one JSON object for each cell, null for no value\n"
+           "The access is that of the user who runs qxhost: R for read, W for write, X for execute, each a\n"
            "blank where the right is missing. Streams are alternate data streams, of which the count and\n"
            "the bytes together are shown; natively they are extended attributes of the namespace user.\n\n";
   }

@@ -22,6 +22,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Optional;
 
+#ifndef __has_feature
+#define __has_feature(name) 0
+#endif
+
 namespace {
 
 namespace Faults = Platform::Faults;
@@ -184,12 +188,8 @@ void* AskForCells(void* argument) {
 }  // namespace
 
 TEST_F(SecurityCommandsNative, CellsAreFilledOnAThreadOfSmallStack) {
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define QX_CHECKS_USE_STACK
-#endif
-#endif
-#ifdef QX_CHECKS_USE_STACK
+  // The checks of memory and of threads take stack of their own.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || __has_feature(address_sanitizer)
   constexpr std::size_t kStackBytes = 1 << 20;
 #else
   constexpr std::size_t kStackBytes = 96 << 10;
