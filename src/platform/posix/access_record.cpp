@@ -115,9 +115,9 @@ DWORD Apply(const std::string& path, const struct stat& status, std::span<const 
 
 }  // namespace
 
-DWORD ReadAccessRecord(const std::string& path, AccessRecord& record) {
+DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList) {
   if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
-  if (!TakeKept(path, record)) record.list = ListOfPosixAccess(path, record.status);
+  if (wantsList && !TakeKept(path, record)) record.list = ListOfPosixAccess(path, record.status);
   return ERROR_SUCCESS;
 }
 

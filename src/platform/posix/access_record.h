@@ -21,8 +21,9 @@ struct AccessRecord {
   bool isKept = false;     // it is as it was set, not made of the file's mode and POSIX access list
 };
 
-// Reads the record of the file or folder at `path`, whose links are followed; 0 or an error.
-DWORD ReadAccessRecord(const std::string& path, AccessRecord& record);
+// Reads the record of the file or folder at `path`, whose links are followed, without its list if that is not
+// wanted; 0 or an error.
+DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList = true);
 
 // Sets the list, which is null for a missing one, and keeps it; 0 or an error.
 DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected);

@@ -34,11 +34,12 @@ struct DescriptorHeader {
 };
 static_assert(sizeof(DescriptorHeader) == 20);
 
-DWORD ReadRecord(const WCHAR* path, AccessRecord& record) {
+DWORD ReadRecord(const WCHAR* path, SECURITY_INFORMATION information, AccessRecord& record) {
   NativePath native;
   const DWORD error = Platform::TranslatePath(path, native);
   if (error != ERROR_SUCCESS) return error;
-  const DWORD readError = Platform::ReadAccessRecord(native.path, record);
+  const DWORD readError =
+      Platform::ReadAccessRecord(native.path, record, (information & DACL_SECURITY_INFORMATION) != 0);
   if (readError != ERROR_SUCCESS) return readError;
   return native.endsInSeparator && !S_ISDIR(record.status.st_mode) ? ERROR_PATH_NOT_FOUND : ERROR_SUCCESS;
 }
@@ -86,7 +87,7 @@ BOOL GetFileSecurityW(const WCHAR* path, SECURITY_INFORMATION information, PSECU
   if (Platform::FaultFires("GetFileSecurityW", {.flags = information, .path = path})) return FALSE;
   if (!needed) return FailWith(ERROR_INVALID_PARAMETER);
   AccessRecord record;
-  const DWORD error = ReadRecord(path, record);
+  const DWORD error = ReadRecord(path, information, record);
   if (error != ERROR_SUCCESS) return FailWith(error);
   const std::vector<BYTE> bytes = DescriptorOf(record, information);
   *needed = static_cast<DWORD>(bytes.size());
@@ -124,7 +125,7 @@ DWORD GetNamedSecurityInfoW(const WCHAR* path, SE_OBJECT_TYPE type, SECURITY_INF
     return GetLastError();
   if (type != SE_FILE_OBJECT || !descriptor) return ERROR_INVALID_PARAMETER;
   AccessRecord record;
-  const DWORD error = ReadRecord(path, record);
+  const DWORD error = ReadRecord(path, information, record);
   if (error != ERROR_SUCCESS) return error;
   const std::vector<BYTE> bytes = DescriptorOf(record, information);
   void* const memory = std::malloc(bytes.size());

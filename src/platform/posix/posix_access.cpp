@@ -2,6 +2,7 @@
 
 #include <acl/libacl.h>
 #include <sys/acl.h>
+#include <sys/xattr.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -30,6 +31,11 @@ constexpr RightRow kRights[] = {
     {S_IWOTH, ACL_WRITE, FILE_GENERIC_WRITE, FILE_WRITE_DATA | FILE_APPEND_DATA},
     {S_IXOTH, ACL_EXECUTE, FILE_GENERIC_EXECUTE, FILE_EXECUTE},
 };
+
+// Whether there is more than the mode. One question instead of the two that the library asks.
+bool HasPosixList(const std::string& path) {
+  return getxattr(path.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
+}
 
 constexpr int kOwnerShift = 6;
 constexpr int kGroupShift = 3;
@@ -112,7 +118,7 @@ void TakeEntry(acl_entry_t entry, const struct stat& status, Classes& classes, m
 }
 
 Classes ReadClasses(const std::string& path, const struct stat& status) {
-  if (acl_extended_file(path.c_str()) != 1) return ClassesOfMode(status);
+  if (!HasPosixList(path)) return ClassesOfMode(status);
   const OwnedAcl acl(acl_get_file(path.c_str(), ACL_TYPE_ACCESS));
   if (!acl) return ClassesOfMode(status);
   Classes classes;
@@ -181,7 +187,7 @@ void AddNamed(const ACL* list, const struct stat& status, Classes& classes) {
 }  // namespace
 
 std::string PosixAccess(const std::string& path) {
-  if (acl_extended_file(path.c_str()) != 1) return {};
+  if (!HasPosixList(path)) return {};
   const OwnedAcl acl(acl_get_file(path.c_str(), ACL_TYPE_ACCESS));
   const std::unique_ptr<char, FreeAcl> text(
       acl ? acl_to_any_text(acl.get(), nullptr, ',', TEXT_ABBREVIATE | TEXT_NUMERIC_IDS) : nullptr);
