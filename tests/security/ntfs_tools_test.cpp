@@ -102,16 +102,14 @@ TEST_F(NtfsToolsFile, OneTakesOnesOwnFile) {
 
 TEST_F(NtfsToolsFile, AddedAccessStandsInTheList) {
   ASSERT_EQ(tools_.AddAccess(file_, W("Everyone"), 0x1F01FF), 0u);
-  const auto entries = EntriesOfFile(file_);
-  ASSERT_TRUE(entries.has_value());
-  int found = 0;
-  for (const ShownEntry& entry : *entries) {
-    if (entry.sid == "S-1-1-0" && entry.mask == 0x1F01FF && entry.type == 0) ++found;
-  }
-  EXPECT_EQ(found, 1);
+  EXPECT_EQ(FullEntriesOfEveryone(file_), 1);
 }
 
-TEST_F(NtfsToolsFile, ResettingIsASuccess) { EXPECT_EQ(tools_.ResetAccess(file_), 0u); }
+TEST_F(NtfsToolsFile, ResettingRemovesWhatWasAdded) {
+  ASSERT_EQ(tools_.AddAccess(file_, W("Everyone"), 0x1F01FF), 0u);
+  EXPECT_EQ(tools_.ResetAccess(file_), 0u);
+  EXPECT_EQ(FullEntriesOfEveryone(file_), 0);
+}
 
 TEST_F(NtfsToolsFile, PrivilegesAreListedIfTheListRemembers) {
   PrivilegeList remembering(true);

@@ -56,13 +56,6 @@ class SecurityCommands : public testing::Test {
     form.accessMask = 0x1F01FF;
     return IDOK;
   }
-  static int EntriesOfEveryone(const WString& path) {
-    int found = 0;
-    for (const ShownEntry& entry : EntriesOfFile(path).value_or(std::vector<ShownEntry>())) {
-      if (entry.sid == "S-1-1-0" && entry.mask == 0x1F01FF) ++found;
-    }
-    return found;
-  }
 
   RealFiles files_;
   FakeHost& host_ = files_.host;
@@ -226,12 +219,12 @@ TEST_F(SecurityCommands, YesResetsEachWithoutFurtherBoxes) {
   const WString second = files_.Select(W("b.txt"), "b");
   for (const WString& path : {first, second})
     ASSERT_EQ(SetEntries(path, BuiltList().Add(0, 0, 0x1F01FF, EveryoneSid()).Get()), 0u);
-  ASSERT_EQ(EntriesOfEveryone(first), 1);
+  ASSERT_EQ(FullEntriesOfEveryone(first), 1);
   BoxAnswers boxes{IDYES};
   ResetAccessCommand(host_);
   EXPECT_EQ(boxes.Boxes().size(), 1u);
-  EXPECT_EQ(EntriesOfEveryone(first), 0);
-  EXPECT_EQ(EntriesOfEveryone(second), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(first), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(second), 0);
   EXPECT_THAT(ClearedItems(), IsEmpty());
   EXPECT_THAT(RefreshCalls(), IsEmpty());
 }
@@ -246,7 +239,7 @@ TEST_F(SecurityCommands, ResettingStopsAtTheFirstErrorAndShowsIt) {
   ASSERT_EQ(boxes.Boxes().size(), 2u);
   EXPECT_EQ(boxes.Boxes()[1].title, W("T000B0065"));
   EXPECT_EQ(boxes.Boxes()[1].text, W("2 no reset"));
-  EXPECT_EQ(EntriesOfEveryone(second), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(second), 1);
 }
 
 TEST_F(SecurityCommands, TheHelperResetsAndItsErrorIsShown) {
@@ -286,7 +279,7 @@ TEST_F(SecurityCommands, AnythingButOkAddsNothing) {
       return answer;
     });
   }
-  EXPECT_EQ(EntriesOfEveryone(path), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(path), 0);
   EXPECT_THAT(HelperCalls(), IsEmpty());
 }
 
@@ -296,8 +289,8 @@ TEST_F(SecurityCommands, OkAddsTheEntryToEach) {
   BoxAnswers boxes;
   AddAccess(ForEveryone);
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  EXPECT_EQ(EntriesOfEveryone(first), 1);
-  EXPECT_EQ(EntriesOfEveryone(second), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(first), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(second), 1);
   EXPECT_THAT(ClearedItems(), IsEmpty());
   EXPECT_THAT(RefreshCalls(), IsEmpty());
 }
@@ -321,7 +314,7 @@ TEST_F(SecurityCommands, AddingStopsAtTheFirstError) {
   BoxAnswers boxes{IDOK};
   AddAccess(ForEveryone);
   EXPECT_EQ(boxes.Boxes().size(), 1u);
-  EXPECT_EQ(EntriesOfEveryone(second), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(second), 0);
 }
 
 TEST_F(SecurityCommands, TheHelperAddsAndItsErrorIsShown) {

@@ -24,13 +24,6 @@ class SecurityMessages : public testing::Test {
     EXPECT_EQ(message.recorder.CallsOf({"SetReply"}).size(), 1u);
     return message.recorder.Calls().back();
   }
-  int EntriesOfEveryone(const WString& path) {
-    int found = 0;
-    for (const ShownEntry& entry : EntriesOfFile(path).value_or(std::vector<ShownEntry>())) {
-      if (entry.sid == "S-1-1-0" && entry.mask == kFull) ++found;
-    }
-    return found;
-  }
 
   static constexpr u32 kFull = 0x1F01FF;
   CQXUtils extension_;
@@ -50,8 +43,8 @@ TEST_F(SecurityMessages, AreReadInTheirOrderAndTheReaderIsGivenBackBeforeTheRepl
       ElementsAre("CreateReader()", "GetData()", "GetSize()", "reader.Attach(the payload)",
                   "reader.ReadU32()", "reader.ReadString()", "reader.ReadU32()", "reader.ReadString()",
                   "reader.ReadString()", "reader.Release()", "SetReply(1, 0, 0, 0)"));
-  EXPECT_EQ(EntriesOfEveryone(first_), 1);
-  EXPECT_EQ(EntriesOfEveryone(second_), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(first_), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(second_), 1);
 }
 
 TEST_F(SecurityMessages, TakeOwnershipForTheUserOfTheHelper) {
@@ -62,12 +55,12 @@ TEST_F(SecurityMessages, TakeOwnershipForTheUserOfTheHelper) {
 TEST_F(SecurityMessages, StopAtTheFirstErrorAndReplyWithIt) {
   EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone")), u32{3}, first_, missing_, second_}),
             "SetReply(1, 2, 0, 0)");
-  EXPECT_EQ(EntriesOfEveryone(first_), 1);
-  EXPECT_EQ(EntriesOfEveryone(second_), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(first_), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(second_), 0);
   EXPECT_EQ(Send(5003, {u32{2}, missing_, first_}), "SetReply(1, 2, 0, 0)");
-  EXPECT_EQ(EntriesOfEveryone(first_), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(first_), 1);
   EXPECT_EQ(Send(5003, {u32{1}, first_}), "SetReply(1, 0, 0, 0)");
-  EXPECT_EQ(EntriesOfEveryone(first_), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(first_), 0);
 }
 
 TEST_F(SecurityMessages, UnknownAndEmptyUsersAreErrorsOfTheWork) {
@@ -85,7 +78,7 @@ TEST_F(SecurityMessages, WithoutAUserOrAListTheReplyIsInvalidData) {
 
 TEST_F(SecurityMessages, OnesThatEndTooEarlyChangeNothing) {
   EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone")), u32{2}, first_}), "SetReply(1, 13, 0, 0)");
-  EXPECT_EQ(EntriesOfEveryone(first_), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(first_), 0);
   for (const s32 code : {5000, 5003}) {
     EXPECT_EQ(Send(code, {}), "SetReply(1, 13, 0, 0)");
     EXPECT_EQ(Send(code, {first_}), "SetReply(1, 13, 0, 0)");
@@ -99,9 +92,9 @@ TEST_F(SecurityMessages, OnesThatEndTooEarlyChangeNothing) {
 
 TEST_F(SecurityMessages, EmptyPathsAreSkippedWithoutAnError) {
   EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone")), u32{2}, WString(), second_}), "SetReply(1, 0, 0, 0)");
-  EXPECT_EQ(EntriesOfEveryone(second_), 1);
+  EXPECT_EQ(FullEntriesOfEveryone(second_), 1);
   EXPECT_EQ(Send(5003, {u32{2}, WString(), second_}), "SetReply(1, 0, 0, 0)");
-  EXPECT_EQ(EntriesOfEveryone(second_), 0);
+  EXPECT_EQ(FullEntriesOfEveryone(second_), 0);
   EXPECT_EQ(Send(5000, {u32{1}, WString()}), "SetReply(1, 0, 0, 0)");
   EXPECT_EQ(Send(5000, {u32{0}}), "SetReply(1, 0, 0, 0)");
 }

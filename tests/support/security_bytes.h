@@ -1,6 +1,7 @@
 // SIDs and lists of access entries as tests write them.
 #pragma once
 
+#include <algorithm>
 #include <cstring>
 #include <optional>
 #include <ostream>
@@ -52,10 +53,15 @@ inline std::vector<ShownEntry> EntriesOf(ACL* list) {
   for (DWORD index = 0; list && index < list->AceCount; ++index) {
     void* entry = nullptr;
     if (!GetAce(list, index, &entry)) break;
-    ACCESS_ALLOWED_ACE ace;
-    std::memcpy(&ace, entry, sizeof ace);
+    ACCESS_ALLOWED_ACE ace = {};
+    std::memcpy(&ace.Header, entry, sizeof ace.Header);
+    const std::size_t size = ace.Header.AceSize;
+    std::memcpy(&ace, entry, std::min(size, sizeof ace));
+    const auto* const sid = static_cast<const BYTE*>(entry) + 8;
+    // One that its entry does not hold whole is not looked at.
+    const bool isWhole = size >= 16 && size >= 16 + sid[1] * sizeof(DWORD);
     entries.push_back({ace.Header.AceType, ace.Header.AceFlags, static_cast<unsigned>(ace.Mask),
-                       SidText(static_cast<BYTE*>(entry) + 8)});
+                       isWhole ? SidText(sid) : "cut"});
   }
   return entries;
 }
@@ -71,6 +77,17 @@ inline std::optional<std::vector<ShownEntry>> EntriesOfFile(const WString& path)
   if (list) entries = EntriesOf(list);
   LocalFree(descriptor);
   return entries;
+}
+
+// How many entries of the file's list let everyone read, write and execute. Wine keeps no more of a list than
+// that.
+inline int FullEntriesOfEveryone(const WString& path) {
+  constexpr unsigned kFull = 0x1301BF;
+  int found = 0;
+  for (const ShownEntry& entry : EntriesOfFile(path).value_or(std::vector<ShownEntry>())) {
+    if (entry.sid == "S-1-1-0" && entry.type == 0 && (entry.mask & kFull) == kFull) ++found;
+  }
+  return found;
 }
 
 // A list that is built of entries in memory with room.

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <objbase.h>
+
 #include "support/fake_host.h"
 #include "window/dialog_controls.h"
 #include "window/english_texts.h"
