@@ -114,7 +114,7 @@ class CreateLinkMenu(LinkMenuTest):
             file.write("here first")
         outcome = self.link("bare", answers=["ok", "ok"])
         self.assertEqual(outcome.of("log"), [self.failed("Unknown", 3, "bare", "bare")])
-        self.assertEqual(self.asked(outcome)[1:], [("box", "Cannot Create the Link", "ok")])
+        self.assertEqual(self.asked(outcome)[1:], [("box", "Command Failed", "ok")])
         with open(self.in_panel("bare"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "here first")
 

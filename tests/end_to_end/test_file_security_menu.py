@@ -29,7 +29,7 @@ class FileSecurityMenu(FileSecurityTest):
             with self.subTest(way=way):
                 outcome = self.run_command(30300, "a.txt", "folder", options=way)
                 self.assertEqual(outcome.events[:-1],
-                                 [{"event": "refresh", "folder": windows_path(self.path("")) }])
+                                 [{"event": "refresh", "folder": windows_path(self.folder)}])
 
     def test_no_resets_nothing(self):
         self.make("a.txt")

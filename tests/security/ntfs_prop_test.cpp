@@ -4,7 +4,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
+#include <thread>
 
 #include "security/current_user.h"
 #include "security/server_cache.h"
@@ -182,4 +184,29 @@ TEST_F(NtfsPropCells, ClearCacheForgetsTheServersOfDrives) {
   ServerCache::Instance().Store(W('Q'), W("server"));
   EXPECT_FALSE(extension_.ClearCache());
   EXPECT_EQ(ServerCache::Instance().Find(W('Q')), std::nullopt);
+}
+
+// The host asks on column threads of its own; the thread checks look at this one.
+TEST_F(NtfsPropCells, CellsAreAskedForOnSeveralThreads) {
+  constexpr int kThreads = 4;
+  constexpr int kRounds = 50;
+  // A host of its own for each thread: the fake one is for one thread alone.
+  std::vector<std::thread> threads;
+  std::atomic<int> values = 0;
+  for (int number = 0; number < kThreads; ++number) {
+    threads.emplace_back([&] {
+      HostRecorder recorder;
+      FakeFileItem item(recorder, files_.scratch.Path() + W("\\"), W("a.txt"), FILE_ATTRIBUTE_ARCHIVE);
+      item.remoteLevel = 1;
+      WCHAR cell[300];
+      for (int round = 0; round < kRounds; ++round) {
+        for (u16 property = 1; property < 5; ++property) {
+          if (extension_.GetPropertyValue(&item, cell, 300, property)) ++values;
+        }
+        extension_.ClearCache();
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(values, kThreads * kRounds * 3);  // a size of 0 is no value
 }

@@ -87,9 +87,9 @@ TEST_F(SecurityCommands, TakingTakesEachAndClearsItsStoredOwnerAndRefreshesTheVi
   EXPECT_THAT(host_.recorder.CallsOf({"FileListRequest"}), ElementsAre(kListRequest));
   EXPECT_THAT(ClearedItems(),
               ElementsAre("item a.txt.ClearStoredProperty(1)", "item b.txt.ClearStoredProperty(1)"));
-  EXPECT_THAT(RefreshCalls(), ElementsAre("GetService(3010, 0)",
-                                          "refresh.AddFolder(" + Quote(files_.scratch.Path() + W("\\")) + ")",
-                                          "ReleaseService(refresh, 0)"));
+  EXPECT_THAT(RefreshCalls(),
+              ElementsAre("GetService(3010, 0)", "refresh.AddFolder(" + Quote(files_.scratch.Path()) + ")",
+                          "ReleaseService(refresh, 0)"));
   EXPECT_THAT(host_.recorder.Calls(), Contains("item a.txt.GetFolderPath(4096)"));
   ExpectAllGivenBack(host_);
 }
