@@ -1,4 +1,4 @@
-# What Debian gives the project: header-only libraries for the host, ICU for the native platform layer,
+# What Debian gives the project: header-only libraries for the host, ICU and libacl for the native platform layer,
 # GoogleTest's sources for both builds.
 
 # The cross compiler does not look into /usr/include, so it gets the header-only libraries by themselves.
@@ -14,6 +14,8 @@ target_include_directories(qx_header_only SYSTEM INTERFACE ${QX_HEADER_ONLY})
 
 if(NOT WIN32)
   find_package(ICU REQUIRED COMPONENTS uc i18n)
+  # POSIX access lists.
+  find_library(QX_ACL_LIBRARY acl REQUIRED)
 endif()
 
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)

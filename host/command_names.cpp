@@ -44,8 +44,8 @@ constexpr CommandName kCommandNames[] = {
   {30151, "find-and-replace"},
   {30210, "encode-base64"},
   {30211, "decode-base64"},
-  {30300, "set-owner"},
-  {30310, "clear-access"},
+  {30300, "take-ownership"},
+  {30310, "reset-access"},
   {30311, "add-access"},
   {30350, "create-link"},
 

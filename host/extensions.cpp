@@ -1,6 +1,7 @@
 #include "host/extensions.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 
 #include "host/failures.h"
@@ -179,6 +180,34 @@ s32 Extensions::RunScriptCommand(ScriptCall& call) {
   RunPosted();
   if (call.resultCode || call.resultText) shared_.reporter.ScriptResult(call.resultCode, call.resultText);
   return answer;
+}
+
+std::vector<ColumnHead> Extensions::ColumnHeads() const {
+  std::vector<ColumnHead> heads;
+  for (const DeclaredColumn& column : shared_.columns) {
+    heads.push_back({column.name, column.heading, column.isNumber});
+  }
+  return heads;
+}
+
+std::vector<std::optional<WString>> Extensions::ColumnValues(FileItem& item) {
+  std::vector<std::optional<WString>> values;
+  for (const DeclaredColumn& column : shared_.columns) values.push_back(ColumnValue(item, column));
+  return values;
+}
+
+std::optional<WString> Extensions::ColumnValue(FileItem& item, const DeclaredColumn& column) {
+  constexpr std::size_t kCellChars = Velmora::SDK::StoredProperty::kTextCharacters;
+  std::array<WCHAR, kCellChars + 1> text = {};  // a zero stands behind a cell that is filled whole
+  const auto owner = std::ranges::find(extensions_, column.owner, &Extension::index);
+  const bool hasValue = owner != extensions_.end() && owner->properties && Guarded("GetPropertyValue", [&] {
+                          return owner->properties->GetPropertyValue(
+                              &item, text.data(), kCellChars, static_cast<std::uint16_t>(column.number));
+                        });
+  std::optional<WString> value;
+  if (hasValue) value = text.data();
+  item.properties.Store(column.module, column.number, value);
+  return value;
 }
 
 void Extensions::RunPosted() {

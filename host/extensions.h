@@ -51,6 +51,11 @@ class Extensions {
   // the command sets, and answers the command's own.
   s32 RunScriptCommand(ScriptCall& call);
 
+  // The columns that the extensions have declared, and their values for an item, in the same order. A value
+  // is kept with the item.
+  std::vector<ColumnHead> ColumnHeads() const;
+  std::vector<std::optional<WString>> ColumnValues(FileItem& item);
+
   // Shuts all extensions down and deletes them.
   void Stop();
 
@@ -68,6 +73,7 @@ class Extensions {
   void Create(Extension& extension);
   bool StartOne(Extension& extension);
   void StopOne(Extension& extension);
+  std::optional<WString> ColumnValue(FileItem& item, const DeclaredColumn& column);
   Extension* PluginAt(u32 index);
   Extension* OwnerOf(s32 number);
   void RunPosted();

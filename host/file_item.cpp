@@ -75,8 +75,10 @@ void FileItem::GetExtension(WCHAR* buffer, u32 size, u32 flag) {
 
 s64 FileItem::GetRowImage(u32) { return 0; }
 s32 FileItem::GetRemoteLevel() { return parent_ && FolderPath().starts_with(W("\\\\")) ? 1 : 0; }
-int FileItem::GetStoredProperty(u32, u32, void*) { return 0; }
-void FileItem::ClearStoredProperty(u32) {}
+int FileItem::GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) {
+  return properties.Get(moduleNumber, propertyNumber, record);
+}
+void FileItem::ClearStoredProperty(u32 propertyNumber) { properties.Clear(propertyNumber); }
 
 FileItemTree::~FileItemTree() {
   // Level by level, so that no depth of folders runs the stack out.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "frame/services/host_files.h"
+#include "host/stored_properties.h"
 
 namespace QxHost {
 
@@ -38,9 +39,10 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   s64 GetRowImage(u32 imageSet) override;
   bool IsFolder() override { return (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0; }
   s32 GetRemoteLevel() override;
-  // The host keeps no values of properties.
   int GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) override;
   void ClearStoredProperty(u32 propertyNumber) override;
+
+  StoredProperties properties;
 
   const WString& Name() const { return name_; }
   const FileItem* Parent() const { return parent_; }  // null for a root

@@ -38,6 +38,7 @@ comes before separator. Switches are 0 or 1.
   find-and-replace  find; replace; findMode: One, Many, ManySame or Multiline; saveMode: new, keep-backup or
                     delete-backup; targetName; wildcard; ignoreCase; forceUtf8; silent
   create-link       linkKind: hard, junction, symbolic or shortcut; linkName; targetName
+  add-access        userName: a user or group; access: read, write, modify or full
 A command with several dialogs: --form DIALOG.FIELD=VALUE fills the next dialog of that name, and a field that is
 given again belongs to the one after. Find and Replace asks about each match with the dialog ConfirmReplaceDlg,
 whose field result is replace, all, next or cancel; --answer ok without it is replace.
@@ -68,6 +69,9 @@ Examples:
          --form ConfirmReplaceDlg.result=all --answer ok --answer ok --answer ok --answer ok
          command find-and-replace *.txt            the first match stays and all others are replaced: the
                                                    dialog, two questions, and the closing message
+  qxhost columns *                                 owner, access and alternate streams of each
+  qxhost --form userName=nobody --form access=read --answer ok command add-access a.txt
+                                                   nobody may read a.txt
   qxhost --json menu                               one JSON object a line, for programs
 
 Exit status:

@@ -110,10 +110,18 @@ void* HostApp::GetService(u32 number, std::uintptr_t) {
     return static_cast<IHostHelperChannel*>(&*shared_.helper);
   }
   if (number == kServiceViewRefresh) return static_cast<IHostViewRefresh*>(&refreshes_.emplace_back());
+  if (number == kServicePropertyDefiner) {
+    const auto textOf = [this](TextId id) { return TextOf(module_, id).first; };
+    return static_cast<IHostPropertyDefiner*>(
+        &definers_.emplace_back(index_, shared_.modules, textOf, shared_.columns));
+  }
   return nullptr;
 }
 
 void HostApp::ReleaseService(void* service, u32) {
+  definers_.remove_if([service](PropertyDefiner& definer) {
+    return static_cast<IHostPropertyDefiner*>(&definer) == service;
+  });
   const auto refresh = std::find_if(refreshes_.begin(), refreshes_.end(), [service](ViewRefresh& candidate) {
     return static_cast<IHostViewRefresh*>(&candidate) == service;
   });

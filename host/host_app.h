@@ -70,6 +70,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   std::string module_;
   Settings settings_;
   std::list<ViewRefresh> refreshes_;
+  std::list<PropertyDefiner> definers_;
 };
 
 }  // namespace QxHost

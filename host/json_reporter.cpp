@@ -101,6 +101,19 @@ class JsonReporter final : public Reporter {
            {"text", text ? Json(ToUtf8(*text)) : Json(nullptr)}});
   }
 
+  void Columns(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows) override {
+    for (const ColumnRow& row : rows) {
+      const std::string item = ToUtf8(row.item);
+      for (std::size_t index = 0; index < heads.size() && index < row.cells.size(); ++index) {
+        const std::optional<WString>& cell = row.cells[index];
+        Write({{"event", "column"},
+               {"item", item},
+               {"name", ToUtf8(heads[index].name)},
+               {"value", cell ? Json(ToUtf8(*cell)) : Json(nullptr)}});
+      }
+    }
+  }
+
   void Result(std::int32_t value) override { Write({{"event", "result"}, {"value", value}}); }
 
  private:

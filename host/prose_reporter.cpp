@@ -23,13 +23,6 @@ std::string LevelName(std::uint32_t level) {
   return std::to_string(level);
 }
 
-// Columns are counted in characters, and a character of UTF-8 begins with a byte that is no continuation.
-std::size_t WidthOf(std::string_view text) {
-  std::size_t width = 0;
-  for (const char byte : text) width += (byte & 0xC0) != 0x80 ? 1 : 0;
-  return width;
-}
-
 std::string WithoutLineEnd(std::string text) {
   while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
   return text;
@@ -84,7 +77,7 @@ class ProseReporter final : public Reporter {
     std::string line(event.menus.size() * 2, ' ');
     line += event.kind == MenuEvent::kSeparator ? "----" : ToUtf8(event.text);
     if (event.kind == MenuEvent::kCommand) {
-      const std::size_t width = WidthOf(line);
+      const std::size_t width = CharactersOf(line);
       line.append(width < kMenuTextWidth ? kMenuTextWidth - width : 1, ' ');
       std::string number = std::to_string(event.number);
       if (!event.name.empty() && number.size() < kMenuNumberWidth) number.resize(kMenuNumberWidth, ' ');
@@ -115,11 +108,16 @@ class ProseReporter final : public Reporter {
     output_.Line(text ? line + ": " + WithoutLineEnd(ToUtf8(*text)) : line);
   }
 
+  void Columns(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows) override {
+    table_.Write(heads, rows, [this](const std::string& line) { output_.Line(line); });
+  }
+
   // The exit status says it.
   void Result(std::int32_t) override {}
 
  private:
   Output& output_;
+  ColumnTable table_;
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/column_table.h"
 #include "host/output.h"
 #include "platform/text.h"
 
@@ -94,6 +95,8 @@ class Reporter {
   virtual void ScriptCommand(const ScriptCommandEvent& event) = 0;
   // What a script command has set; at least one of the two.
   virtual void ScriptResult(const std::optional<std::uint32_t>& code, const std::optional<WString>& text) = 0;
+  // A block of rows of the module's columns, which are the same in each block.
+  virtual void Columns(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows) = 0;
   virtual void Result(std::int32_t value) = 0;
 };
 

@@ -23,6 +23,11 @@ class Run {
   // Loads the module and reads its records. Once.
   Extensions& LoadExtensions();
 
+  // The items that the verb was given, and those of --items, each once.
+  const std::vector<FileItem*>& SelectedItems() const { return shared_->view->Selected(); }
+
+  Reporter& GetReporter() { return *reporter_; }
+
   // Makes the configuration folder, which commands may write to.
   void MakeConfigFolder();
 

@@ -11,6 +11,7 @@
 #include "host/helper_channel.h"
 #include "host/language_table.h"
 #include "host/module_registry.h"
+#include "host/property_definer.h"
 #include "host/questions.h"
 #include "host/rename_batch.h"
 #include "host/reporter.h"
@@ -65,8 +66,9 @@ struct Shared {
   SettingsFiles settings;
   ModuleRegistry modules;
   ScriptCommandSet scriptCommands;
-  bool hasFailedFiles = false;       // the module has handed back files at which it failed
-  std::map<u32, u32> commandOwners;  // command number to extension index, as declared in the menus
+  std::vector<DeclaredColumn> columns;  // in the order of their declaration
+  bool hasFailedFiles = false;          // the module has handed back files at which it failed
+  std::map<u32, u32> commandOwners;     // command number to extension index, as declared in the menus
 
   std::mutex mutex;  // guards what follows: it is used from the module's threads as well
   std::deque<PostedCommand> posted;

@@ -19,6 +19,8 @@ class View {
   // others take folders as well.
   int Fill(Velmora::SDK::u32 code, Velmora::SDK::IHostFileList& list, Velmora::SDK::u32 mode);
 
+  const std::vector<FileItem*>& Selected() const { return selected_; }
+
   // Null if nothing is selected.
   FileItem* Focused() const { return focused_; }
 

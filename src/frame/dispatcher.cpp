@@ -10,6 +10,7 @@
 #include "filetools/xml_conversion.h"
 #include "findreplace/find_and_replace_command.h"
 #include "linesorter/sort_lines_command.h"
+#include "security/security_commands.h"
 
 using namespace Velmora::SDK;
 
@@ -26,6 +27,9 @@ void FindAndReplace(IHostApp& host, s32) { FindAndReplaceCommand(host); }
 void CreateLink(IHostApp& host, s32) { CreateLinkCommand(host); }
 void ConvertXml(IHostApp& host, s32 number) { ConvertXmlCommand(host, number == 30200); }
 void ConvertBase64(IHostApp& host, s32 number) { ConvertBase64Command(host, number == 30210); }
+void TakeOwnership(IHostApp& host, s32) { TakeOwnershipCommand(host); }
+void ResetAccess(IHostApp& host, s32) { ResetAccessCommand(host); }
+void AddAccess(IHostApp& host, s32) { AddAccessCommand(host); }
 
 // A range of command numbers, both ends included, and what runs them.
 struct CommandRow {
@@ -51,6 +55,9 @@ constexpr CommandRow kCommands[] = {
   {30151, 30151, FindAndReplace},
   {30200, 30201, ConvertXml},
   {30210, 30211, ConvertBase64},
+  {30300, 30300, TakeOwnership},
+  {30310, 30310, ResetAccess},
+  {30311, 30311, AddAccess},
   {30350, 30350, CreateLink},
 };
 // clang-format on

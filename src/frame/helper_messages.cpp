@@ -7,6 +7,7 @@
 
 #include "filetools/links.h"
 #include "frame/services/helper_requests.h"
+#include "security/security_messages.h"
 
 using namespace Velmora::SDK;
 
@@ -45,6 +46,9 @@ void HandleCreateLink(IHostApp* host, IHostHelperMessage& message) {
 
 // clang-format off
 constexpr MessageRow kMessages[] = {
+  {kHelperTakeOwnership, HandleTakeOwnership},
+  {kHelperAddAccess, HandleAddAccess},
+  {kHelperResetAccess, HandleResetAccess},
   {kHelperCreateLink, HandleCreateLink},
 };
 // clang-format on

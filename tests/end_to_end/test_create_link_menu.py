@@ -114,7 +114,7 @@ class CreateLinkMenu(LinkMenuTest):
             file.write("here first")
         outcome = self.link("bare", answers=["ok", "ok"])
         self.assertEqual(outcome.of("log"), [self.failed("Unknown", 3, "bare", "bare")])
-        self.assertEqual(self.asked(outcome)[1:], [("box", "Cannot Create the Link", "ok")])
+        self.assertEqual(self.asked(outcome)[1:], [("box", "Command Failed", "ok")])
         with open(self.in_panel("bare"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "here first")
 
@@ -127,7 +127,7 @@ class CreateLinkMenu(LinkMenuTest):
         self.assertEqual(outcome.of("log"),
                          [self.created("Hardlink", "a", "a"), self.failed("Hardlink", 183, "b", "b")])
         self.assertEqual([(event["kind"], event["title"], event.get("style")) for event in outcome.questions[1:]],
-                         [("box", "Cannot Create the Link", 0x10)])
+                         [("box", "Command Failed", 0x10)])
         self.assertEqual(self.links(), ["a", "b"])
         with open(self.in_panel("b"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "here first")

@@ -106,8 +106,9 @@ TEST(CommandNames, ABeginningThatOneNameHasAndAnyCaseWillDo) {
 }
 
 TEST(CommandNames, ABeginningThatSeveralNamesHaveListsThem) {
-  EXPECT_EQ(RefusalOf("set-"),
-            "more than one command begins with \"set-\": set-extension, set-owner. Type more of its name");
+  EXPECT_EQ(RefusalOf("control-loc"),
+            "more than one command begins with \"control-loc\": control-location-and-other-sensors, "
+            "control-location-settings. Type more of its name");
   EXPECT_EQ(RefusalOf("UPPER"),
             "more than one command begins with \"UPPER\": upper-case, upper-case-base, upper-case-extension. "
             "Type more of its name");

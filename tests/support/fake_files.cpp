@@ -1,5 +1,6 @@
 #include "support/fake_files.h"
 
+#include <algorithm>
 #include <ostream>
 
 using namespace Velmora::SDK;
@@ -55,6 +56,10 @@ void FakeFileItem::GetParentPath(WCHAR* buffer, u32 size) {
 
 const WCHAR* FakeFileItem::GetFullPath(WCHAR* buffer, u32 size) {
   Record("GetFullPath(" + std::to_string(size) + ")");
+  if (fillsPathsWhole && FullPath().size() >= size) {
+    FullPath().copy(buffer, size);
+    return buffer;
+  }
   Fill(buffer, size, FullPath());
   return buffer;
 }
@@ -91,12 +96,14 @@ bool FakeFileItem::IsFolder() {
 
 s32 FakeFileItem::GetRemoteLevel() {
   Record("GetRemoteLevel()");
-  return 0;
+  return remoteLevel;
 }
 
-int FakeFileItem::GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void*) {
+int FakeFileItem::GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) {
   Record("GetStoredProperty(" + std::to_string(moduleNumber) + ", " + std::to_string(propertyNumber) + ")");
-  return 0;
+  if (stored.empty()) return 0;
+  std::copy(stored.begin(), stored.end(), static_cast<unsigned char*>(record));
+  return 1;
 }
 
 void FakeFileItem::ClearStoredProperty(u32 propertyNumber) {

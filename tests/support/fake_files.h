@@ -14,6 +14,11 @@ class FakeFileItem final : public Velmora::SDK::IHostFileItem {
  public:
   FakeFileItem(HostRecorder& recorder, WString folder, WString name, Velmora::SDK::u32 attributes);
 
+  Velmora::SDK::s32 remoteLevel = 0;
+  // What GetStoredProperty gives for every property; empty for nothing.
+  std::vector<unsigned char> stored;
+  bool fillsPathsWhole = false;  // GetFullPath writes a path that is cut without a zero
+
   const WString& Name() const { return name_; }
   WString FullPath() const { return folder_ + name_; }
 

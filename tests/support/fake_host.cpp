@@ -171,16 +171,34 @@ void* FakeHost::GetService(u32 number, std::uintptr_t handle) {
   if (allowed && number == kServiceHelperChannel && helper.exists) {
     return static_cast<IHostHelperChannel*>(&helper);
   }
+  if (allowed && number == kServicePropertyDefiner) {
+    recorder.Taken(kPropertyDefinerService);
+    return static_cast<IHostPropertyDefiner*>(&definer);
+  }
+  if (allowed && number == kServiceViewRefresh) {
+    recorder.Taken(kViewRefreshService);
+    return static_cast<IHostViewRefresh*>(&refresh);
+  }
   if (!allowed || number != kServiceFileOperation) return nullptr;
   recorder.Taken(kFileOperationService);
   return static_cast<IHostFileOperation*>(&fileOperation);
 }
 
 void FakeHost::ReleaseService(void* service, u32 numberOrZero) {
-  const bool isFileOperation = service == static_cast<IHostFileOperation*>(&fileOperation);
-  recorder.Record(std::string("ReleaseService(") + (isFileOperation ? "file operation" : "unknown") + ", " +
-                  Number(numberOrZero) + ")");
-  recorder.GivenBack(isFileOperation ? kFileOperationService : "an unknown service");
+  std::string name = "unknown";
+  std::string taken = "an unknown service";
+  if (service == static_cast<IHostFileOperation*>(&fileOperation)) {
+    name = "file operation";
+    taken = kFileOperationService;
+  } else if (service == static_cast<IHostPropertyDefiner*>(&definer)) {
+    name = "definer";
+    taken = kPropertyDefinerService;
+  } else if (service == static_cast<IHostViewRefresh*>(&refresh)) {
+    name = "refresh";
+    taken = kViewRefreshService;
+  }
+  recorder.Record("ReleaseService(" + name + ", " + Number(numberOrZero) + ")");
+  recorder.GivenBack(taken);
 }
 
 bool FakeHost::IsProcessElevated() {

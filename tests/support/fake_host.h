@@ -13,6 +13,7 @@
 #include "support/fake_files.h"
 #include "support/fake_helper_channel.h"
 #include "support/fake_menus.h"
+#include "support/fake_properties.h"
 #include "support/fake_script_commands.h"
 #include "support/fake_settings.h"
 #include "support/fake_xml_document.h"
@@ -94,6 +95,8 @@ class FakeHost : public Velmora::SDK::IHostApp {
   FakeCommandSet scriptCommands{recorder};
   FakeConfig config{recorder};
   FakeFileOperation fileOperation{recorder};
+  FakePropertyDefiner definer{recorder};
+  FakeViewRefresh refresh{recorder};
   FakeXmlFiles xmlFiles;  // what the documents can load
   FakeHelperChannel helper{recorder};
 

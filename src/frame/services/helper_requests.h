@@ -12,7 +12,10 @@ namespace Velmora::SDK {
 
 // Numbers of the messages.
 enum HelperMessageCode : s32 {
-  kHelperCreateLink = 5004,  // kind, link, target, 1 for a folder
+  kHelperTakeOwnership = 5000,  // count, paths
+  kHelperAddAccess = 5001,      // mask, user, count, paths
+  kHelperResetAccess = 5003,    // count, paths
+  kHelperCreateLink = 5004,     // kind, link, target, 1 for a folder
 };
 
 // Reaches the helper, sends it the message that `write` fills, and answers the reply's number. Nothing if the

@@ -10,6 +10,7 @@
 #include "frame/services/host_list.h"
 #include "frame/services/host_menus.h"
 #include "frame/services/host_properties.h"
+#include "frame/services/host_property_definer.h"
 #include "frame/services/host_script_commands.h"
 #include "frame/services/host_settings.h"
 #include "frame/services/host_types.h"

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "platform/posix/windows_types.h"
 
@@ -26,6 +27,9 @@ bool Fires(const char* function, const Arguments& arguments);
 
 // The bytes that this call of WriteFile shall write at most. Counts a call of its own kind.
 std::optional<DWORD> ShortWrite();
+
+// What every drive's network name is to be; empty for none.
+std::u16string UniversalName();
 
 // True if the search with the basic information that was just opened gives its first entry without a name.
 bool LeavesNameOut();

@@ -5,6 +5,7 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/posix/fault_gate.h"
 
@@ -28,6 +29,7 @@ struct State {
   int writesToShort = 0;  // 0 for no short write
   DWORD shortCount = 0;
   int searchesToNoName = 0;  // 0 for none
+  std::u16string universalName;
 };
 
 // Never destroyed: threads and static objects may still call the gate at the end of the process.
@@ -81,6 +83,12 @@ void LeaveNameOut(int nth) {
   armed.store(true, std::memory_order_relaxed);
 }
 
+void NameNetwork(std::u16string name) {
+  State& state = TheState();
+  const std::lock_guard lock(state.mutex);
+  state.universalName = std::move(name);
+}
+
 int CallCount(const char* function) { return WatchedOf(function).calls; }
 
 void Watch(const char* function) {
@@ -109,6 +117,7 @@ void Clear() {
   state.writesToShort = 0;
   state.shortCount = 0;
   state.searchesToNoName = 0;
+  state.universalName.clear();
 }
 
 bool Fires(const char* function, const Arguments& arguments) {
@@ -133,6 +142,12 @@ std::optional<DWORD> ShortWrite() {
   const std::lock_guard lock(state.mutex);
   if (state.writesToShort == 0 || --state.writesToShort > 0) return std::nullopt;
   return state.shortCount;
+}
+
+std::u16string UniversalName() {
+  State& state = TheState();
+  const std::lock_guard lock(state.mutex);
+  return state.universalName;
 }
 
 bool LeavesNameOut() {

@@ -24,6 +24,9 @@ QX_PLATFORM_API void WriteShort(int nth, DWORD count);
 // entry has no name, as on file systems that do not give names that way.
 QX_PLATFORM_API void LeaveNameOut(int nth);
 
+// WNetGetUniversalNameW gives every path this network name from now on; the empty text is none.
+QX_PLATFORM_API void NameNetwork(std::u16string name);
+
 // How often `function` was called since Watch or Fail named it or Clear was called, the failed calls
 // included. 0 for a function that was not named.
 QX_PLATFORM_API int CallCount(const char* function);
@@ -33,8 +36,10 @@ QX_PLATFORM_API void Watch(const char* function);
 // function with flags since Watch or Fail named it; 0 before.
 QX_PLATFORM_API std::uint32_t LastFlags(const char* function);
 
-// The paths that FindFirstFileExW, GetFileAttributesW, CreateDirectoryW or MoveFileW (its source) was given
-// since Watch or Fail named it, the failed calls included; a null path is an empty text.
+// The paths that FindFirstFileExW, GetFileAttributesW, CreateDirectoryW, MoveFileW (its source), a function
+// of file security or WNetGetUniversalNameW was given, or the system of LookupAccountSidW, or the name of
+// LookupAccountNameW and LookupPrivilegeValueW, since Watch or Fail named it, the failed calls included; null
+// is an empty text.
 QX_PLATFORM_API std::vector<std::u16string> Paths(const char* function);
 
 // The amount of information that the last FindFirstFileExW asked for, since Watch or Fail named it.

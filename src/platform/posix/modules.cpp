@@ -1,4 +1,4 @@
-// LoadLibraryW, LoadLibraryExW, GetProcAddress and FreeLibrary.
+// LoadLibraryW, LoadLibraryExW, GetModuleHandleW, GetProcAddress and FreeLibrary.
 
 #include <algorithm>
 #include <memory>
@@ -8,6 +8,7 @@
 
 #include "platform/posix/fault_gate.h"
 #include "platform/posix/last_error.h"
+#include "platform/posix/security_functions.h"
 #include "platform/posix/windows_functions.h"
 
 namespace {
@@ -34,12 +35,14 @@ struct Library {
 
 struct Libraries {
   std::mutex mutex;  // for the loads
-  Library rows[2] = {
+  Library rows[3] = {
       {u"KERNEL32",
        {{"CompareStringEx", Untyped(&CompareStringEx)},
         {"CompareStringOrdinal", Untyped(&CompareStringOrdinal)},
         {"CreateSymbolicLinkW", Untyped(&CreateSymbolicLinkW)}}},
       {u"NETMSG", {}},
+      // In every process from its beginning.
+      {u"NTDLL", {{"NtQueryInformationFile", Untyped(&NtQueryInformationFile)}}, 1},
   };
 };
 
@@ -91,6 +94,17 @@ HMODULE LoadLibraryW(const WCHAR* path) {
 HMODULE LoadLibraryExW(const WCHAR* path, HANDLE, DWORD flags) {
   if (Platform::FaultFires("LoadLibraryExW", flags)) return nullptr;
   return Load(path);
+}
+
+HMODULE GetModuleHandleW(const WCHAR* name) {
+  if (Platform::FaultFires("GetModuleHandleW")) return nullptr;
+  Libraries& libraries = TheLibraries();
+  const std::lock_guard lock(libraries.mutex);
+  for (Library& library : libraries.rows) {
+    if (name && library.loads > 0 && IsNamed(library, name)) return reinterpret_cast<HMODULE>(&library);
+  }
+  FailWith(ERROR_MOD_NOT_FOUND);
+  return nullptr;
 }
 
 FARPROC GetProcAddress(HMODULE module, const char* function) {

@@ -11,6 +11,7 @@
 #include "platform/posix/fault_gate.h"
 #include "platform/posix/last_error.h"
 #include "platform/posix/path_translation.h"
+#include "platform/posix/process_token.h"
 #include "platform/posix/waitable.h"
 #include "platform/posix/windows_functions.h"
 
@@ -117,6 +118,10 @@ DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
   if (creation.creates) flags |= creation.takesExisting ? O_CREAT : O_CREAT | O_EXCL;
   const mode_t mode = request.makeReadOnly ? 0444 : 0666;
   FileDescriptor descriptor(open(path.c_str(), flags, mode));
+  // A handle that neither reads nor writes needs no right to do so.
+  if (!descriptor.IsOpen() && errno == EACCES && existed && !request.reads && !request.writes) {
+    descriptor = FileDescriptor(open(path.c_str(), O_PATH | O_CLOEXEC));
+  }
   if (!descriptor.IsOpen()) {
     if (errno == EEXIST) return ERROR_FILE_EXISTS;
     // Creating fails so only where the folder is missing.
@@ -191,7 +196,8 @@ BOOL CloseHandle(HANDLE handle) {
   if (Platform::FaultFires("CloseHandle")) return FALSE;
   // The handle of the process itself, which is what this value means to CloseHandle: nothing is closed.
   if (handle == INVALID_HANDLE_VALUE) return TRUE;
-  const bool isClosed =
-      OpenFiles::Instance().Remove(handle) || Platform::Waitables::Instance().Remove(handle);
+  const bool isClosed = OpenFiles::Instance().Remove(handle) ||
+                        Platform::Waitables::Instance().Remove(handle) ||
+                        Platform::ProcessTokens::Instance().Remove(handle);
   return isClosed ? TRUE : FailWith(ERROR_INVALID_HANDLE);
 }

@@ -142,10 +142,13 @@ QX_PLATFORM_API BOOL PostMessageW(HWND window, UINT message, WPARAM first, LPARA
 
 // Libraries, named in any case, with ".dll" or without. There are "kernel32.dll" with CompareStringEx,
 // CompareStringOrdinal and CreateSymbolicLinkW, and "netmsg.dll", the library of Windows' network messages,
-// which holds nothing: its texts stand among the system's. Any other fails with ERROR_MOD_NOT_FOUND (126). A
+// which holds nothing: its texts stand among the system's. "ntdll.dll" with NtQueryInformationFile is in the
+// process from its beginning. Any other fails with ERROR_MOD_NOT_FOUND (126). A
 // library that has been freed as often as it was loaded is a bad handle.
 QX_PLATFORM_API HMODULE LoadLibraryW(const WCHAR* path);
 QX_PLATFORM_API HMODULE LoadLibraryExW(const WCHAR* path, HANDLE file, DWORD flags);
+// A library that is in the process already; its loads are not counted up.
+QX_PLATFORM_API HMODULE GetModuleHandleW(const WCHAR* name);
 QX_PLATFORM_API FARPROC GetProcAddress(HMODULE module, const char* function);
 QX_PLATFORM_API BOOL FreeLibrary(HMODULE module);
 

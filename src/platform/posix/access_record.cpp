@@ -1,0 +1,150 @@
+#include "platform/posix/access_record.h"
+
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <optional>
+
+#include "platform/posix/access_list.h"
+#include "platform/posix/last_error.h"
+#include "platform/posix/path_translation.h"
+#include "platform/posix/posix_access.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr std::uint32_t kVersion = 1;
+constexpr std::size_t kMostAttributeBytes = 65536;
+
+// In front of the attribute; then come the POSIX access list as text and the list, if there is one.
+struct KeptHeader {
+  std::uint32_t version;
+  std::uint32_t owner;
+  std::uint32_t group;
+  std::uint32_t mode;
+  std::uint32_t isProtected;
+  std::uint32_t hasList;
+  std::uint32_t posixBytes;
+};
+
+KeptHeader HeaderOf(const struct stat& status, bool isProtected, bool hasList, const std::string& posix) {
+  return {.version = kVersion,
+          .owner = status.st_uid,
+          .group = status.st_gid,
+          .mode = status.st_mode & 07777u,
+          .isProtected = isProtected ? 1u : 0u,
+          .hasList = hasList ? 1u : 0u,
+          .posixBytes = static_cast<std::uint32_t>(posix.size())};
+}
+
+// The bytes of the attribute; empty if the file has none.
+std::vector<BYTE> ReadAttribute(const std::string& path) {
+  std::vector<BYTE> bytes(512);
+  for (;;) {
+    const ssize_t size = getxattr(path.c_str(), kAccessAttribute, bytes.data(), bytes.size());
+    if (size >= 0) {
+      bytes.resize(static_cast<std::size_t>(size));
+      return bytes;
+    }
+    if (errno != ERANGE || bytes.size() >= kMostAttributeBytes) return {};
+    bytes.resize(kMostAttributeBytes);
+  }
+}
+
+// Whether the bytes of a list are a whole one and no more.
+bool IsList(std::span<const BYTE> bytes) {
+  ACL list;
+  if (bytes.size() < sizeof list) return false;
+  std::memcpy(&list, bytes.data(), sizeof list);
+  return list.AclSize == bytes.size() && EntriesOf(reinterpret_cast<const ACL*>(bytes.data())).has_value();
+}
+
+// Takes the kept list into the record. False if there is none, or if the file is not as setting it left it:
+// then the list says nothing about it any more. What anybody may have written is not trusted.
+bool TakeKept(const std::string& path, AccessRecord& record) {
+  const std::vector<BYTE> bytes = ReadAttribute(path);
+  KeptHeader header;
+  if (bytes.size() < sizeof header) return false;
+  std::memcpy(&header, bytes.data(), sizeof header);
+  const std::string posix = PosixAccess(path);
+  const KeptHeader now = HeaderOf(record.status, header.isProtected != 0, header.hasList != 0, posix);
+  if (std::memcmp(&header, &now, sizeof now) != 0 || bytes.size() - sizeof header < posix.size() ||
+      std::memcmp(bytes.data() + sizeof header, posix.data(), posix.size()) != 0)
+    return false;
+  std::vector<BYTE> list(bytes.begin() + static_cast<std::ptrdiff_t>(sizeof header + posix.size()),
+                         bytes.end());
+  if (header.hasList != 0 ? !IsList(list) : !list.empty()) return false;
+  record.isProtected = header.isProtected != 0;
+  record.hasList = header.hasList != 0;
+  record.list = std::move(list);
+  record.isKept = true;
+  return true;
+}
+
+// Keeps the list beside the file as it is now. A file system without a place for it keeps mode and POSIX
+// access list alone.
+void Keep(const std::string& path, std::span<const BYTE> list, bool hasList, bool isProtected) {
+  struct stat status;
+  if (stat(path.c_str(), &status) != 0) return;
+  const std::string posix = PosixAccess(path);
+  const KeptHeader header = HeaderOf(status, isProtected, hasList, posix);
+  std::vector<BYTE> bytes(sizeof header);
+  std::memcpy(bytes.data(), &header, sizeof header);
+  bytes.insert(bytes.end(), posix.begin(), posix.end());
+  bytes.insert(bytes.end(), list.begin(), list.end());
+  const auto write = [&] { return setxattr(path.c_str(), kAccessAttribute, bytes.data(), bytes.size(), 0); };
+  if (write() == 0 || errno != EACCES) return;
+  // The owner of a file without the right to write it gives it to itself for the moment.
+  const mode_t mode = status.st_mode & static_cast<mode_t>(07777);
+  if (chmod(path.c_str(), mode | S_IWUSR) != 0) return;
+  write();
+  chmod(path.c_str(), mode);
+}
+
+DWORD Apply(const std::string& path, const struct stat& status, std::span<const BYTE> list, bool hasList,
+            bool isProtected) {
+  const auto* const header = hasList ? reinterpret_cast<const ACL*>(list.data()) : nullptr;
+  const int error = SetPosixAccess(path, status, header);
+  if (error != 0) return PathError(error, path);
+  Keep(path, list, hasList, isProtected);
+  return ERROR_SUCCESS;
+}
+
+}  // namespace
+
+DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList) {
+  if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
+  if (wantsList && !TakeKept(path, record)) record.list = ListOfPosixAccess(path, record.status);
+  return ERROR_SUCCESS;
+}
+
+DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) {
+  struct stat status;
+  if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
+  std::vector<BYTE> bytes;
+  if (list) {
+    const auto used = BytesInUse(list);
+    if (!used) return ERROR_INVALID_ACL;
+    const auto* const begin = reinterpret_cast<const BYTE*>(list);
+    bytes.assign(begin, begin + *used);
+    ACL header = *list;
+    header.AclSize = static_cast<WORD>(*used);
+    std::memcpy(bytes.data(), &header, sizeof header);
+  }
+  return Apply(path, status, bytes, list != nullptr, isProtected);
+}
+
+DWORD SetOwner(const std::string& path, uid_t owner) {
+  AccessRecord record;
+  const DWORD error = ReadAccessRecord(path, record);
+  if (error != ERROR_SUCCESS) return error;
+  if (chown(path.c_str(), owner, static_cast<gid_t>(-1)) != 0) return PathError(errno, path);
+  if (!record.isKept) return ERROR_SUCCESS;
+  if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
+  return Apply(path, record.status, record.list, record.hasList, record.isProtected);
+}
+
+}  // namespace Platform

@@ -1,0 +1,58 @@
+#include "security/cacl_info.h"
+
+#include <vector>
+
+#include "platform/security_api.h"
+#include "security/descriptor_bounds.h"
+
+namespace {
+
+struct AccessLetter {
+  WCHAR letter;
+  DWORD rights;  // all of them are needed
+};
+
+// clang-format off
+constexpr AccessLetter kAccessLetters[] = {
+  {W('R'), FILE_READ_DATA | FILE_READ_ATTRIBUTES},
+  {W('W'), FILE_WRITE_DATA | FILE_APPEND_DATA | FILE_WRITE_EA | FILE_WRITE_ATTRIBUTES},
+  {W('X'), FILE_EXECUTE | FILE_READ_DATA},
+};
+// clang-format on
+
+// The access list of the file's record, which is read into `record`. Null if there is none.
+ACL* ReadAccessList(const WString& path, std::vector<BYTE>& record) {
+  DWORD needed = 0;
+  GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &needed);
+  if (needed == 0) return nullptr;
+  record.resize(needed);
+  if (!GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, record.data(), needed, &needed))
+    return nullptr;
+  BOOL isPresent = FALSE;
+  BOOL isDefaulted = FALSE;
+  ACL* list = nullptr;
+  if (!GetSecurityDescriptorDacl(record.data(), &isPresent, &list, &isDefaulted)) return nullptr;
+  return isPresent && HoldsList(record, list) ? list : nullptr;
+}
+
+}  // namespace
+
+WString AccessTextOf(DWORD mask) {
+  WString text;
+  for (const AccessLetter& row : kAccessLetters) {
+    text += (mask & row.rights) == row.rights ? row.letter : W(' ');
+  }
+  return text;
+}
+
+WString CACLInfo::AccessText() const {
+  std::vector<BYTE> record;
+  ACL* const list = ReadAccessList(path_, record);
+  if (!list) return AccessTextOf(0);
+  WCHAR user[] = W("CURRENT_USER");
+  TRUSTEE_W trustee;
+  BuildTrusteeWithNameW(&trustee, user);
+  ACCESS_MASK mask = 0;
+  const bool isKnown = GetEffectiveRightsFromAclW(list, &trustee, &mask) == ERROR_SUCCESS;
+  return AccessTextOf(isKnown ? mask : 0);
+}

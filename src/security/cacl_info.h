@@ -1,0 +1,20 @@
+// The rights of the user who runs the program on one file, from the file's access list.
+#pragma once
+
+#include "platform/text.h"
+
+class CACLInfo {
+ public:
+  explicit CACLInfo(WString path) : path_(std::move(path)) {}
+  virtual ~CACLInfo() = default;
+
+  // "RWX", each letter a blank where a right is missing. Three blanks for a file that cannot be read and for
+  // one without a list.
+  WString AccessText() const;
+
+ private:
+  WString path_;
+};
+
+// The three letters of a mask of file rights.
+WString AccessTextOf(DWORD mask);

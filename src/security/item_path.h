@@ -1,0 +1,8 @@
+// The path of a host's item, as the tools of file security take it.
+#pragma once
+
+#include "frame/services/host_files.h"
+
+// The full path of an item, fetched with a limit of 4096 characters. Empty for an item without one, and for
+// one that the limit may have cut: a cut path would be another file's.
+WString SecurityPathOf(Velmora::SDK::IHostFileItem& item);

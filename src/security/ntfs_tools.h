@@ -1,0 +1,48 @@
+// Who owns a file, what the current user may do with it, its alternate data streams, and the three changes:
+// take ownership, add access, reset access.
+//
+// Paths are taken as they stand. What changes something returns 0 or a Windows error number;
+// ERROR_INVALID_PARAMETER (87) stands for an empty path or user as well. Nothing here shows anything to the
+// user. The questions may be asked from several threads.
+#pragma once
+
+#include "frame/services/host_types.h"
+#include "security/privilege_list.h"
+
+class NTFSTools {
+ public:
+  using u32 = Velmora::SDK::u32;
+  using u64 = Velmora::SDK::u64;
+
+  virtual ~NTFSTools() = default;
+
+  // Stores "DOMAIN\name", or the name alone where there is no domain. With `remote` the server of the path
+  // is asked for the name. False, and `owner` as it was, if the owner cannot be told.
+  bool GetOwnerName(const WCHAR* path, WString& owner, bool remote);
+
+  // Three characters: R, W and X for what the user who runs the program may do, each a blank if he may not.
+  WString GetAccessString(const WString& path);
+
+  // The streams but for the first, which is a file's unnamed one: how many, and their bytes together. So the
+  // only stream of a folder, which has no unnamed one, does not count: this is meant. 0 for what cannot be
+  // asked. 64 KiB of stack.
+  u32 GetAlternateStreamCount(const WCHAR* path);
+  u64 GetAlternateStreamSize(const WCHAR* path);
+
+  // The server that the drive of the path is mapped to. It is asked for once for each drive letter.
+  bool GetServerOfDrive(WString& server, const WCHAR* path);
+
+  // Makes the user the owner. EnableTakeOwnership comes before.
+  u32 TakeOwnership(const WString& path, const WString& user);
+
+  // Adds an entry that allows the rights of the mask to a user or group, and makes every entry that is there
+  // one that allows and is inherited, those that denied too: this is meant. A failure to set the new list is
+  // not reported: this is meant. 87 for a file without a list and for no rights.
+  u32 AddAccess(const WString& path, const WString& user, u32 accessMask);
+
+  // Removes the file's own entries.
+  u32 ResetAccess(const WString& path);
+
+  // Enables SeTakeOwnershipPrivilege for the life of the process, and lists it if the list remembers.
+  bool EnableTakeOwnership(PrivilegeList& list);
+};

@@ -1,0 +1,3 @@
+#include "security/object_picker.h"
+
+std::optional<WString> PickAccount(HWND) { return std::nullopt; }

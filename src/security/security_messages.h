@@ -1,0 +1,16 @@
+// The elevated helper's side of the File Security commands. Each reads its message, does the work as long as
+// there is no error, and replies with the error. A message that ends too early changes nothing
+// (ERROR_INVALID_DATA, 13); an empty path is passed over.
+#pragma once
+
+#include "frame/services/host_app.h"
+#include "frame/services/host_helper_channel.h"
+
+// 5000: count, paths. The owner becomes the user who runs the helper.
+void HandleTakeOwnership(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);
+
+// 5001: mask, user, count, paths. 13 as well for no paths.
+void HandleAddAccess(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);
+
+// 5003: count, paths.
+void HandleResetAccess(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);

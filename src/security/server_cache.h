@@ -1,0 +1,27 @@
+// The servers that drive letters are mapped to, as far as they were asked for in this process. Asking the
+// network may block for long, so each letter is asked for once.
+#pragma once
+
+#include <map>
+#include <mutex>
+#include <optional>
+
+#include "platform/text.h"
+
+// May be used from any thread.
+class ServerCache {
+ public:
+  static ServerCache& Instance();
+
+  std::optional<WString> Find(WCHAR drive);
+  void Store(WCHAR drive, const WString& server);
+  void Clear();
+
+ private:
+  std::mutex mutex_;
+  std::map<WCHAR, WString> servers_;
+};
+
+// The server of a name such as "\\server\share\a". Nothing for one of fewer than four characters, one that
+// does not begin with two backslashes, and one without a third.
+std::optional<WString> ServerOfUniversalName(WStringView name);

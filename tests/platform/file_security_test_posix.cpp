@@ -1,0 +1,396 @@
+// Records of files natively: what they are made of, and what setting them leaves.
+
+#include <gmock/gmock.h>
+
+#include <acl/libacl.h>
+#include <sys/acl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include "platform/outcome.h"
+#include "support/as_user_posix.h"
+#include "support/scratch_folder.h"
+#include "support/security_bytes.h"
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+
+namespace {
+
+constexpr unsigned kRead = 0x120089;
+constexpr unsigned kWrite = 0x120116;
+constexpr unsigned kExecute = 0x1200A0;
+constexpr unsigned kAll = kRead | kWrite | kExecute;
+constexpr const char* kAttribute = "user.qxutils.access";  // which keeps a list
+
+class NativeRecords : public testing::Test {
+ protected:
+  NativeRecords() {
+    // Files are made by the user of the test; an ordinary one must reach them.
+    chmod(scratch_.NativePath(W("")).c_str(), 0755);
+    struct stat status;
+    stat(Native().c_str(), &status);
+    owner_ = "S-1-22-1-" + std::to_string(status.st_uid);
+    group_ = "S-1-22-2-" + std::to_string(status.st_gid);
+  }
+
+  std::string Native() const { return scratch_.NativePath(W("a.txt")).string(); }
+  void SetMode(mode_t mode) { ASSERT_EQ(chmod(Native().c_str(), mode), 0); }
+  void SetPosixList(const char* text) {
+    const acl_t list = acl_from_text(text);
+    ASSERT_NE(list, nullptr) << text;
+    EXPECT_EQ(acl_set_file(Native().c_str(), ACL_TYPE_ACCESS, list), 0) << text;
+    acl_free(list);
+  }
+  std::string PosixList() {
+    const acl_t list = acl_get_file(Native().c_str(), ACL_TYPE_ACCESS);
+    char* const text = acl_to_any_text(list, nullptr, ',', TEXT_ABBREVIATE | TEXT_NUMERIC_IDS);
+    const std::string result = text;
+    acl_free(text);
+    acl_free(list);
+    return result;
+  }
+  mode_t Mode() const {
+    struct stat status;
+    EXPECT_EQ(stat(Native().c_str(), &status), 0);
+    return status.st_mode & 07777;
+  }
+  std::vector<ShownEntry> Entries() { return EntriesOfFile(file_).value_or(std::vector<ShownEntry>()); }
+
+  // The rights of the current user by the list of the file.
+  ACCESS_MASK Effective() {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    PACL list = nullptr;
+    EXPECT_EQ(GetNamedSecurityInfoW(file_.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                                    nullptr, &list, nullptr, &descriptor),
+              0u);
+    WCHAR name[] = u"CURRENT_USER";
+    TRUSTEE_W trustee;
+    BuildTrusteeWithNameW(&trustee, name);
+    ACCESS_MASK mask = 0;
+    EXPECT_EQ(GetEffectiveRightsFromAclW(list, &trustee, &mask), 0u);
+    LocalFree(descriptor);
+    return mask;
+  }
+
+  ScratchFolder scratch_;
+  const WString file_ = scratch_.Write(W("a.txt"), "abc");
+  std::string owner_;
+  std::string group_;
+};
+
+}  // namespace
+
+TEST_F(NativeRecords, ClassesThatGrantLessAndLessNeedNoDenial) {
+  SetMode(0754);
+  EXPECT_THAT(Entries(),
+              ElementsAre(ShownEntry{0, 0, kAll, owner_}, ShownEntry{0, 0, kRead | kExecute, group_},
+                          ShownEntry{0, 0, kRead, "S-1-1-0"}));
+}
+
+TEST_F(NativeRecords, ALaterClassThatGrantsMoreIsDeniedBefore) {
+  SetMode(0467);
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 0, kRead, owner_}, ShownEntry{1, 0, kAll & ~kRead, owner_},
+                                     ShownEntry{0, 0, kRead | kWrite, group_},
+                                     ShownEntry{1, 0, kAll & ~(kRead | kWrite), group_},
+                                     ShownEntry{0, 0, kAll, "S-1-1-0"}));
+}
+
+TEST_F(NativeRecords, NoRightsAtAllAreAnEmptyList) {
+  SetMode(0);
+  EXPECT_THAT(Entries(), IsEmpty());
+  EXPECT_EQ(Effective(), 0u);
+}
+
+TEST_F(NativeRecords, NamedUsersAndGroupsStandInTheListWithinItsMask) {
+  SetPosixList("u::rw-,u:4001:rwx,u:4002:---,g::r--,g:4003:rw-,m::rw-,o::r--");
+  EXPECT_THAT(
+      Entries(),
+      ElementsAre(ShownEntry{0, 0, kRead | kWrite, owner_}, ShownEntry{0, 0, kRead | kWrite, "S-1-22-1-4001"},
+                  ShownEntry{1, 0, kRead | kWrite, "S-1-22-1-4002"}, ShownEntry{0, 0, kRead, group_},
+                  ShownEntry{0, 0, kRead | kWrite, "S-1-22-2-4003"}, ShownEntry{0, 0, kRead, "S-1-1-0"}));
+}
+
+TEST_F(NativeRecords, AllGroupsGrantBeforeOneDenies) {
+  SetPosixList("u::rwx,g::r--,g:4003:-w-,m::rwx,o::--x");
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 0, kAll, owner_}, ShownEntry{0, 0, kRead, group_},
+                                     ShownEntry{0, 0, kWrite, "S-1-22-2-4003"},
+                                     ShownEntry{1, 0, kExecute & ~kRead, group_},
+                                     ShownEntry{1, 0, kExecute & ~kWrite, "S-1-22-2-4003"},
+                                     ShownEntry{0, 0, kExecute, "S-1-1-0"}));
+}
+
+// Walking the entries must grant what the system does: every mode, for the owner, a member of the group and
+// all others.
+TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsForEveryMode) {
+  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  const AsOrdinaryUser nobody;
+  for (mode_t mode = 0; mode < 01000; ++mode) {
+    // The owner may always change the mode.
+    ASSERT_EQ(chmod(Native().c_str(), mode), 0);
+    const ACCESS_MASK mask = Effective();
+    EXPECT_EQ((mask & 0x1) != 0, eaccess(Native().c_str(), R_OK) == 0) << std::oct << mode;
+    EXPECT_EQ((mask & 0x2) != 0, eaccess(Native().c_str(), W_OK) == 0) << std::oct << mode;
+    EXPECT_EQ((mask & 0x20) != 0, eaccess(Native().c_str(), X_OK) == 0) << std::oct << mode;
+  }
+}
+
+TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsToGroupsAndOthers) {
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user cannot give the file away
+  for (const gid_t group : {kNobody, uid_t{4003}}) {
+    ASSERT_EQ(chown(Native().c_str(), 4001, group), 0);
+    for (mode_t mode = 0; mode < 01000; ++mode) {
+      ASSERT_EQ(chmod(Native().c_str(), mode), 0);
+      const AsOrdinaryUser nobody;
+      const ACCESS_MASK mask = Effective();
+      EXPECT_EQ((mask & 0x1) != 0, eaccess(Native().c_str(), R_OK) == 0) << std::oct << mode;
+      EXPECT_EQ((mask & 0x2) != 0, eaccess(Native().c_str(), W_OK) == 0) << std::oct << mode;
+      EXPECT_EQ((mask & 0x20) != 0, eaccess(Native().c_str(), X_OK) == 0) << std::oct << mode;
+    }
+  }
+}
+
+TEST_F(NativeRecords, TheSuperuserHasNoMoreThanTheListSays) {
+  SetMode(0400);
+  EXPECT_EQ(Effective(), kRead);
+  SetMode(0044);
+  EXPECT_EQ(Effective(), 0u);
+}
+
+TEST_F(NativeRecords, AListThatIsSetIsGivenBackEntryByEntryWithItsFlags) {
+  BuiltList list;
+  list.Add(0, 3, 0x1F01FF, UserSidBytes(4001))
+      .Add(1, 0, 0x2, GroupSidBytes(4003))
+      .Add(0, 16, 0x81, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_THAT(Entries(),
+              ElementsAre(ShownEntry{0, 3, 0x1F01FF, "S-1-22-1-4001"}, ShownEntry{1, 0, 0x2, "S-1-22-2-4003"},
+                          ShownEntry{0, 16, 0x81, "S-1-1-0"}));
+}
+
+TEST_F(NativeRecords, AListIsGivenBackUntilTheFileIsNoLongerAsItLeftIt) {
+  BuiltList list;
+  list.Add(0, 3, kRead, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_EQ(Mode(), 0444u);
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 3, kRead, "S-1-1-0"}));
+  SetMode(0644);
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 0, kRead | kWrite, owner_},
+                                     ShownEntry{0, 0, kRead, group_}, ShownEntry{0, 0, kRead, "S-1-1-0"}));
+  SetMode(0444);
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 3, kRead, "S-1-1-0"}));
+  SetPosixList("u::r--,u:4001:r--,g::r--,m::r--,o::r--");
+  EXPECT_EQ(Entries().size(), 4u);
+}
+
+TEST_F(NativeRecords, ModeAndPosixListFollowAListThatIsSet) {
+  BuiltList list;
+  list.Add(0, 0, kRead | kExecute, UserSidBytes(4001)).Add(0, 0, kRead | kWrite, GroupSidBytes(4003));
+  list.Add(0, 0, kRead, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_EQ(PosixList(), "u::r--,u:4001:r-x,g::r--,g:4003:rw-,m::rwx,o::r--");
+}
+
+TEST_F(NativeRecords, AnEntryThatIsOnlyInheritedGrantsNothing) {
+  BuiltList list;
+  list.Add(0, 8, kAll, EveryoneSid()).Add(0, 0, kRead, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_EQ(Mode(), 0444u);
+  EXPECT_EQ(Effective(), kRead);
+}
+
+TEST_F(NativeRecords, GeneralRightsAreThoseOfFiles) {
+  BuiltList list;
+  list.Add(0, 0, 0x10000000, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_EQ(Mode(), 0777u);
+  EXPECT_EQ(Effective(), 0x1F01FFu);
+}
+
+TEST_F(NativeRecords, AMissingListGrantsEverythingAndAnEmptyOneNothing) {
+  ASSERT_EQ(SetEntries(file_, nullptr), 0u);
+  EXPECT_EQ(EntriesOfFile(file_), std::nullopt);
+  EXPECT_EQ(Mode(), 0777u);
+  ASSERT_EQ(SetEntries(file_, BuiltList().Get()), 0u);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(IsEmpty()));
+  EXPECT_EQ(Mode(), 0u);
+}
+
+TEST_F(NativeRecords, TheOwnerKeepsTheListOfAFileThatNobodyMayWrite) {
+  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  const AsOrdinaryUser nobody;
+  BuiltList list;
+  list.Add(0, 3, kRead, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_EQ(Mode(), 0444u);
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 3, kRead, "S-1-1-0"}));
+}
+
+TEST_F(NativeRecords, SettingAnOwnerIsItsChown) {
+  std::vector<BYTE> sid = UserSidBytes(kNobody);
+  WString name = file_;
+  const auto set = [&](std::vector<BYTE>& owner) {
+    return SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, owner.data(),
+                                 nullptr, nullptr, nullptr);
+  };
+  EXPECT_EQ(set(sid), IsSuperuser() || geteuid() == kNobody ? 0u : 5u);
+  std::vector<BYTE> other = UserSidBytes(4001);
+  {
+    const AsOrdinaryUser ordinary;
+    EXPECT_EQ(set(other), 5u);
+  }
+  std::vector<BYTE> group = GroupSidBytes(0);
+  EXPECT_EQ(set(group), 1307u);
+  std::vector<BYTE> none = {2, 0, 0, 0, 0, 0, 0, 1};
+  EXPECT_EQ(set(none), 1337u);
+}
+
+TEST_F(NativeRecords, AListStaysWhenTheOwnerChangesAndTheModeFollows) {
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user cannot give the file away
+  BuiltList list;
+  list.Add(0, 3, kAll, UserSidBytes(4001)).Add(0, 0, kRead, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_EQ(PosixList(), "u::r--,u:4001:rwx,g::r--,m::rwx,o::r--");
+  std::vector<BYTE> sid = UserSidBytes(4001);
+  WString name = file_;
+  ASSERT_EQ(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, sid.data(),
+                                  nullptr, nullptr, nullptr),
+            0u);
+  EXPECT_THAT(Entries(),
+              ElementsAre(ShownEntry{0, 3, kAll, "S-1-22-1-4001"}, ShownEntry{0, 0, kRead, "S-1-1-0"}));
+  EXPECT_EQ(PosixList(), "u::rwx,g::r--,o::r--");
+}
+
+TEST_F(NativeRecords, AnAttributeThatSomebodyElseHasWrittenIsNotBelieved) {
+  SetMode(0666);
+  const std::vector<ShownEntry> ofMode = Entries();
+  BuiltList list;
+  list.Add(0, 3, kRead | kWrite, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  ASSERT_NE(Entries(), ofMode);
+  std::vector<char> kept(4096);
+  const ssize_t size = getxattr(Native().c_str(), kAttribute, kept.data(), kept.size());
+  ASSERT_GT(size, 0);
+  kept.resize(static_cast<std::size_t>(size));
+  // Cut at every length, and each byte changed in turn: nothing is read beyond what is there.
+  for (std::size_t index = 0; index < kept.size(); ++index) {
+    ASSERT_EQ(setxattr(Native().c_str(), kAttribute, kept.data(), index, 0), 0);
+    EXPECT_EQ(Entries(), ofMode) << index;
+    std::vector<char> changed = kept;
+    changed[index] = static_cast<char>(changed[index] ^ 0xFF);
+    ASSERT_EQ(setxattr(Native().c_str(), kAttribute, changed.data(), changed.size(), 0), 0);
+    EXPECT_LE(Entries().size(), 3u) << index;
+  }
+}
+
+TEST_F(NativeRecords, TypesThatAreNoFilesAreRefused) {
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  for (const int type : {0, 4}) {
+    EXPECT_EQ(
+        GetNamedSecurityInfoW(file_.c_str(), static_cast<SE_OBJECT_TYPE>(type), DACL_SECURITY_INFORMATION,
+                              nullptr, nullptr, nullptr, nullptr, &descriptor),
+        87u);
+  }
+}
+
+TEST_F(NativeRecords, RightsOfOthersThanTheCurrentUserAreNotTold) {
+  BuiltList list;
+  WCHAR name[] = u"root";
+  TRUSTEE_W trustee;
+  BuildTrusteeWithNameW(&trustee, name);
+  ACCESS_MASK mask = 0;
+  EXPECT_EQ(GetEffectiveRightsFromAclW(list.Get(), &trustee, &mask), 1332u);
+  WCHAR own[] = u"CURRENT_USER";
+  BuildTrusteeWithNameW(&trustee, own);
+  EXPECT_EQ(GetEffectiveRightsFromAclW(nullptr, &trustee, &mask), 1336u);
+}
+
+TEST_F(NativeRecords, AnEntryIsAddedInItsPlace) {
+  BuiltList from;
+  from.Add(1, 5, 0x2, EveryoneSid());
+  void* entry = nullptr;
+  ASSERT_TRUE(GetAce(from.Get(), 0, &entry));
+  BuiltList to;
+  to.Add(0, 0, 0x1, UserSidBytes(7)).Add(0, 0, 0x1, UserSidBytes(8));
+  EXPECT_TRUE(AddAce(to.Get(), ACL_REVISION, 1, entry, 20));
+  EXPECT_THAT(EntriesOf(to.Get()),
+              ElementsAre(ShownEntry{0, 0, 0x1, "S-1-22-1-7"}, ShownEntry{1, 5, 0x2, "S-1-1-0"},
+                          ShownEntry{0, 0, 0x1, "S-1-22-1-8"}));
+  EXPECT_FALSE(AddAce(to.Get(), ACL_REVISION, 0, entry, 19));
+  EXPECT_EQ(GetLastError(), 87u);
+}
+
+TEST_F(NativeRecords, PrivilegesAreTheSuperusers) {
+  const auto adjust = [](const WCHAR* privilege, DWORD access) {
+    HANDLE token = nullptr;
+    EXPECT_TRUE(OpenProcessToken(GetCurrentProcess(), access, &token));
+    TOKEN_PRIVILEGES privileges = {};
+    privileges.PrivilegeCount = 1;
+    EXPECT_TRUE(LookupPrivilegeValueW(nullptr, privilege, &privileges.Privileges[0].Luid));
+    const BOOL done = AdjustTokenPrivileges(token, FALSE, &privileges, 0, nullptr, nullptr);
+    const DWORD error = GetLastError();
+    EXPECT_TRUE(CloseHandle(token));
+    EXPECT_FALSE(CloseHandle(token));
+    return std::pair(done, error);
+  };
+  for (const WCHAR* privilege : {u"SeTakeOwnershipPrivilege", u"SeSecurityPrivilege", u"SeBackupPrivilege"}) {
+    EXPECT_EQ(adjust(privilege, TOKEN_ADJUST_PRIVILEGES), std::pair(TRUE, IsSuperuser() ? 0u : 1300u));
+    EXPECT_EQ(adjust(privilege, TOKEN_QUERY), std::pair(FALSE, 5u));
+    const AsOrdinaryUser ordinary;
+    EXPECT_EQ(adjust(privilege, TOKEN_ADJUST_PRIVILEGES), std::pair(TRUE, 1300u));
+  }
+}
+
+namespace {
+
+std::string SidOfName(const WCHAR* name) {
+  BYTE sid[256];
+  WCHAR domain[256];
+  DWORD size = 256;
+  DWORD domainSize = 256;
+  SID_NAME_USE use;
+  if (!LookupAccountNameW(nullptr, name, sid, &size, domain, &domainSize, &use)) return "none";
+  EXPECT_EQ(domainSize, 0u);
+  return SidText(sid) + " " + std::to_string(use);
+}
+
+WString NameOfSid(std::vector<BYTE> sid) {
+  WCHAR name[256];
+  WCHAR domain[256];
+  DWORD size = 256;
+  DWORD domainSize = 256;
+  SID_NAME_USE use;
+  return LookupAccountSidW(nullptr, sid.data(), name, &size, domain, &domainSize, &use) ? name : u"";
+}
+
+}  // namespace
+
+TEST(NativeAccounts, NamesComeFromTheDatabaseOfAccounts) {
+  EXPECT_EQ(SidOfName(u"root"), "S-1-22-1-0 1");
+  EXPECT_EQ(SidOfName(u"nobody"), "S-1-22-1-65534 1");
+  EXPECT_EQ(SidOfName(u"nogroup"), "S-1-22-2-65534 4");
+  EXPECT_EQ(SidOfName(u"EVERYONE"), "S-1-1-0 5");
+  EXPECT_EQ(SidOfName(u""), "none");
+  EXPECT_EQ(SidOfName(u"nosuchuser"), "none");
+  EXPECT_EQ(SidOfName(u"DOMAIN\\root"), "none");
+  EXPECT_EQ(NameOfSid(UserSidBytes(65534)), u"nobody");
+  EXPECT_EQ(NameOfSid(GroupSidBytes(65534)), u"nogroup");
+}
+
+TEST(NativeAccounts, AnIdWithoutANameIsItsNumber) {
+  EXPECT_EQ(NameOfSid(UserSidBytes(3999999)), u"3999999");
+  EXPECT_EQ(NameOfSid(GroupSidBytes(3999998)), u"3999998");
+  EXPECT_EQ(SidOfName(u"3999999"), "S-1-22-1-3999999 1");
+  EXPECT_EQ(SidOfName(u"4294967295"), "none");
+  EXPECT_EQ(SidOfName(u"-1"), "none");
+}
+
+TEST(NativeAccounts, SidsOfOtherKindsAreNotMapped) {
+  EXPECT_EQ(NameOfSid(SidBytes(5, {18})), u"");
+  EXPECT_EQ(GetLastError(), 1332u);
+  EXPECT_EQ(NameOfSid(SidBytes(22, {3, 0})), u"");
+  EXPECT_EQ(NameOfSid(SidBytes(1, {1})), u"");
+}

@@ -1,0 +1,453 @@
+// Rights, streams and changes of real files, as the native layer knows them, and every function of the system
+// failing once in every operation.
+#include "security/ntfs_tools.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include "platform/posix/faults.h"
+#include "security/alternate_streams.h"
+#include "security/server_cache.h"
+#include "support/as_user_posix.h"
+#include "support/scratch_folder.h"
+#include "support/security_bytes.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+
+namespace {
+
+namespace Faults = Platform::Faults;
+
+// Not a number that any of the functions would come upon by itself.
+constexpr DWORD kError = 4711;
+
+class NtfsToolsNative : public testing::Test {
+ protected:
+  NtfsToolsNative() {
+    chmod(scratch_.NativePath(W("")).c_str(), 0755);
+    ServerCache::Instance().Clear();
+    ResolveStreamQuery();
+  }
+  ~NtfsToolsNative() override { ServerCache::Instance().Clear(); }
+
+  std::string Native() const { return scratch_.NativePath(W("a.txt")).string(); }
+  void SetMode(mode_t mode) const { ASSERT_EQ(chmod(Native().c_str(), mode), 0); }
+  mode_t Mode() const {
+    struct stat status;
+    EXPECT_EQ(stat(Native().c_str(), &status), 0);
+    return status.st_mode & 0777;
+  }
+  uid_t Owner() const {
+    struct stat status;
+    EXPECT_EQ(stat(Native().c_str(), &status), 0);
+    return status.st_uid;
+  }
+  // A stream of that many bytes.
+  void AddStream(const WCHAR* file, const char* name, std::size_t size) const {
+    const std::string value(size, 'x');
+    ASSERT_EQ(setxattr(scratch_.NativePath(file).c_str(), name, value.data(), size, 0), 0);
+  }
+
+  Faults::Scope scope_;
+  NTFSTools tools_;
+  ScratchFolder scratch_;
+  const WString file_ = scratch_.Write(W("a.txt"), "abc");
+};
+
+}  // namespace
+
+// Owner.
+
+TEST_F(NtfsToolsNative, AnOwnerWithoutADomainIsItsNameAlone) {
+  WString owner;
+  ASSERT_TRUE(tools_.GetOwnerName(W("/etc/passwd"), owner, false));
+  EXPECT_EQ(owner, W("root"));
+}
+
+TEST_F(NtfsToolsNative, AnOwnerWithoutANameIsItsNumber) {
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user cannot give the file away
+  ASSERT_EQ(chown(Native().c_str(), 3999999, 0), 0);
+  WString owner;
+  ASSERT_TRUE(tools_.GetOwnerName(file_.c_str(), owner, false));
+  EXPECT_EQ(owner, W("3999999"));
+}
+
+TEST_F(NtfsToolsNative, EachFunctionOfAnOwnerThatFailsEndsWithoutOne) {
+  struct Row {
+    const char* function;
+    int nth;
+    DWORD error;
+  };
+  for (const Row& row : std::initializer_list<Row>{{"GetFileSecurityW", 1, kError},
+                                                   {"GetFileSecurityW", 2, kError},
+                                                   {"GetFileSecurityW", 2, ERROR_INSUFFICIENT_BUFFER},
+                                                   {"GetSecurityDescriptorOwner", 1, kError},
+                                                   {"LookupAccountSidW", 1, kError},
+                                                   {"LookupAccountSidW", 2, kError}}) {
+    Faults::Fail(row.function, row.nth, row.error);
+    WString owner = W("before");
+    EXPECT_FALSE(tools_.GetOwnerName(file_.c_str(), owner, false)) << row.function << row.nth;
+    EXPECT_EQ(owner, W("before"));
+    Faults::Clear();
+  }
+}
+
+TEST_F(NtfsToolsNative, AnErrorOtherThanASizeGoesOnWithoutAnOwner) {
+  Faults::Watch("LookupAccountSidW");
+  Faults::Fail("GetFileSecurityW", 1, ERROR_ACCESS_DENIED);
+  WString owner;
+  EXPECT_FALSE(tools_.GetOwnerName(file_.c_str(), owner, false));
+  EXPECT_EQ(Faults::CallCount("GetFileSecurityW"), 1);
+  EXPECT_EQ(Faults::CallCount("LookupAccountSidW"), 2);
+}
+
+TEST_F(NtfsToolsNative, ARemoteOwnerIsAskedOfTheServerOfTheDrive) {
+  Faults::NameNetwork(W("\\\\nosuchserver\\share\\a"));
+  Faults::Watch("LookupAccountSidW");
+  WString owner;
+  EXPECT_FALSE(tools_.GetOwnerName(file_.c_str(), owner, true));
+  EXPECT_THAT(Faults::Paths("LookupAccountSidW"), ElementsAre(W("nosuchserver"), W("nosuchserver")));
+  EXPECT_TRUE(tools_.GetOwnerName(file_.c_str(), owner, false));
+}
+
+TEST_F(NtfsToolsNative, ARemoteOwnerIsAskedOfTheServerInThePath) {
+  Faults::Watch("LookupAccountSidW");
+  Faults::Watch("WNetGetUniversalNameW");
+  WString owner;
+  EXPECT_FALSE(tools_.GetOwnerName(W("\\\\srv\\share\\a"), owner, true));
+  EXPECT_FALSE(tools_.GetOwnerName(W("\\\\srv"), owner, true));
+  EXPECT_THAT(Faults::Paths("LookupAccountSidW"), ElementsAre(W("srv"), W("srv"), W(""), W("")));
+  EXPECT_EQ(Faults::CallCount("WNetGetUniversalNameW"), 0);
+}
+
+TEST_F(NtfsToolsNative, ADrivesServerIsAskedForOnceUntilTheCacheIsCleared) {
+  Faults::NameNetwork(W("\\\\server\\share"));
+  Faults::Watch("WNetGetUniversalNameW");
+  WString server;
+  EXPECT_TRUE(tools_.GetServerOfDrive(server, W("Z:\\a")));
+  EXPECT_EQ(server, W("server"));
+  server.clear();
+  EXPECT_TRUE(tools_.GetServerOfDrive(server, W("Z:\\b\\c")));
+  EXPECT_EQ(server, W("server"));
+  EXPECT_EQ(Faults::CallCount("WNetGetUniversalNameW"), 1);
+  EXPECT_TRUE(tools_.GetServerOfDrive(server, W("z:\\a")));
+  EXPECT_EQ(Faults::CallCount("WNetGetUniversalNameW"), 2);
+  ServerCache::Instance().Clear();
+  EXPECT_TRUE(tools_.GetServerOfDrive(server, W("Z:\\a")));
+  EXPECT_EQ(Faults::CallCount("WNetGetUniversalNameW"), 3);
+}
+
+TEST_F(NtfsToolsNative, ADriveWhoseServerCannotBeToldIsAskedAgain) {
+  WString server = W("before");
+  for (const WCHAR* name : {W(""), W("\\\\\\"), W("X:\\share"), W("\\\\server")}) {
+    Faults::NameNetwork(name);
+    EXPECT_FALSE(tools_.GetServerOfDrive(server, W("Z:\\a"))) << ToUtf8(name);
+  }
+  // Longer than the 1024 bytes there are.
+  Faults::NameNetwork(W("\\\\server\\") + WString(600, W('x')));
+  EXPECT_FALSE(tools_.GetServerOfDrive(server, W("Z:\\a")));
+  Faults::NameNetwork(W("\\\\server\\share"));
+  Faults::Fail("WNetGetUniversalNameW", 1, kError);
+  EXPECT_FALSE(tools_.GetServerOfDrive(server, W("Z:\\a")));
+  EXPECT_EQ(server, W("before"));
+  EXPECT_TRUE(tools_.GetServerOfDrive(server, W("Z:\\a")));
+}
+
+// Access.
+
+TEST_F(NtfsToolsNative, AccessIsWhatTheListGivesTheCurrentUser) {
+  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  const AsOrdinaryUser ordinary;
+  for (const auto& [mode, text] : {std::pair<mode_t, const WCHAR*>{0700, W("RWX")},
+                                   {0400, W("R  ")},
+                                   {0500, W("R X")},
+                                   {0600, W("RW ")},
+                                   {0200, W(" W ")},
+                                   {0100, W("   ")},
+                                   {0000, W("   ")},
+                                   {0077, W("   ")}}) {
+    SetMode(mode);
+    EXPECT_EQ(tools_.GetAccessString(file_), text) << std::oct << mode;
+  }
+}
+
+TEST_F(NtfsToolsNative, AFileWithoutAListShowsNoAccess) {
+  ASSERT_EQ(SetEntries(file_, nullptr), 0u);
+  EXPECT_EQ(tools_.GetAccessString(file_), W("   "));
+}
+
+TEST_F(NtfsToolsNative, EachFunctionOfAccessThatFailsShowsNone) {
+  SetMode(0700);
+  for (const auto& [function, nth] : {std::pair{"GetFileSecurityW", 1},
+                                      {"GetFileSecurityW", 2},
+                                      {"GetSecurityDescriptorDacl", 1},
+                                      {"GetEffectiveRightsFromAclW", 1}}) {
+    Faults::Fail(function, nth, kError);
+    EXPECT_EQ(tools_.GetAccessString(file_), W("   ")) << function << nth;
+    Faults::Clear();
+  }
+  EXPECT_EQ(tools_.GetAccessString(file_), W("RWX"));
+}
+
+// Streams.
+
+TEST_F(NtfsToolsNative, TwoStreamsOfTenAndTwentyBytesAreTwoOfThirty) {
+  AddStream(W("a.txt"), "user.one", 10);
+  AddStream(W("a.txt"), "user.two", 20);
+  EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 2u);
+  EXPECT_EQ(tools_.GetAlternateStreamSize(file_.c_str()), 30u);
+}
+
+TEST_F(NtfsToolsNative, TheFirstStreamOfAFolderIsTakenForItsUnnamedOne) {
+  const WString folder = scratch_.MakeFolder(W("sub"));
+  AddStream(W("sub"), "user.one", 10);
+  EXPECT_EQ(tools_.GetAlternateStreamCount(folder.c_str()), 0u);
+  EXPECT_EQ(tools_.GetAlternateStreamSize(folder.c_str()), 0u);
+  AddStream(W("sub"), "user.two", 10);
+  EXPECT_EQ(tools_.GetAlternateStreamCount(folder.c_str()), 1u);
+  EXPECT_EQ(tools_.GetAlternateStreamSize(folder.c_str()), 10u);
+}
+
+TEST_F(NtfsToolsNative, TheQueryWorksWithoutTheRightToRead) {
+  AddStream(W("a.txt"), "user.one", 10);
+  SetMode(0);
+  const AsOrdinaryUser ordinary;
+  EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 1u);
+}
+
+TEST_F(NtfsToolsNative, MoreStreamsThanTheBufferHoldsAreCutOff) {
+  for (int number = 0; number < 200; ++number) {
+    const std::string name = "user." + std::string(200, 'n') + std::to_string(1000 + number);
+    if (setxattr(Native().c_str(), name.c_str(), "", 0, 0) != 0) break;  // the file system holds no more
+  }
+  EXPECT_LE(tools_.GetAlternateStreamCount(file_.c_str()), 65536u / (24 + 2 * 204));
+  EXPECT_GT(tools_.GetAlternateStreamCount(file_.c_str()), 0u);
+}
+
+TEST_F(NtfsToolsNative, EachFunctionOfTheStreamsOfAFileThatFailsGivesNone) {
+  AddStream(W("a.txt"), "user.one", 10);
+  for (const char* function : {"GetFileAttributesW", "CreateFileW", "NtQueryInformationFile"}) {
+    Faults::Fail(function, 1, kError, true);
+    EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 0u) << function;
+    EXPECT_EQ(tools_.GetAlternateStreamSize(file_.c_str()), 0u) << function;
+    Faults::Clear();
+  }
+  EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 1u);
+}
+
+TEST_F(NtfsToolsNative, APrivilegeThatCannotBeHadDoesNotKeepAFolderFromBeingAsked) {
+  const WString folder = scratch_.MakeFolder(W("sub"));
+  AddStream(W("sub"), "user.one", 10);
+  AddStream(W("sub"), "user.two", 20);
+  for (const char* function : {"OpenProcessToken", "LookupPrivilegeValueW", "AdjustTokenPrivileges"}) {
+    Faults::Fail(function, 1, kError);
+    EXPECT_EQ(tools_.GetAlternateStreamCount(folder.c_str()), 1u) << function;
+    EXPECT_EQ(Faults::CallCount(function), 1) << function;
+    Faults::Clear();
+  }
+  Faults::Watch("AdjustTokenPrivileges");
+  tools_.GetAlternateStreamCount(file_.c_str());
+  EXPECT_EQ(Faults::CallCount("AdjustTokenPrivileges"), 0);
+}
+
+TEST_F(NtfsToolsNative, WithoutTheQueryNothingIsOpened) {
+  AddStream(W("a.txt"), "user.one", 10);
+  for (const char* function : {"GetModuleHandleW", "GetProcAddress"}) {
+    ForgetStreamQuery();
+    Faults::Fail(function, 1, kError);
+    Faults::Watch("CreateFileW");
+    ResolveStreamQuery();
+    EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 0u) << function;
+    EXPECT_EQ(Faults::CallCount("CreateFileW"), 0) << function;
+    Faults::Clear();
+  }
+  ResolveStreamQuery();
+  EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 1u);
+}
+
+TEST_F(NtfsToolsNative, TheQueryIsLookedUpOnce) {
+  ForgetStreamQuery();
+  Faults::Watch("GetProcAddress");
+  ResolveStreamQuery();
+  ResolveStreamQuery();
+  EXPECT_EQ(Faults::CallCount("GetProcAddress"), 1);
+}
+
+// Take ownership.
+
+TEST_F(NtfsToolsNative, AFileThatIsTakenIsTheUsers) {
+  if (IsSuperuser()) {
+    EXPECT_EQ(tools_.TakeOwnership(file_, W("nobody")), 0u);
+    EXPECT_EQ(Owner(), kNobody);
+  }
+  const AsOrdinaryUser ordinary;
+  EXPECT_EQ(tools_.TakeOwnership(file_, W("root")), 5u);
+}
+
+TEST_F(NtfsToolsNative, EachFunctionOfTakingOwnershipThatFailsIsTheAnswer) {
+  const uid_t before = Owner();
+  for (const char* function : {"LookupAccountNameW", "SetNamedSecurityInfoW"}) {
+    Faults::Fail(function, 1, kError);
+    EXPECT_EQ(tools_.TakeOwnership(file_, W("nobody")), kError) << function;
+    EXPECT_EQ(Owner(), before);
+    Faults::Clear();
+  }
+}
+
+// Add access.
+
+TEST_F(NtfsToolsNative, AddingMakesDeniedEntriesAllowAndAllInheritable) {
+  BuiltList list;
+  list.Add(1, 0, 0x2, GroupSidBytes(4003)).Add(0, 16, 0x1, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  ASSERT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1301BF), 0u);
+  EXPECT_THAT(EntriesOfFile(file_),
+              Optional(ElementsAre(ShownEntry{0, 3, 0x2, "S-1-22-2-4003"}, ShownEntry{0, 3, 0x1, "S-1-1-0"},
+                                   ShownEntry{0, 3, 0x1301BF, "S-1-22-1-65534"})));
+}
+
+TEST_F(NtfsToolsNative, AddingToAnEmptyListIsItsFirstEntry) {
+  ASSERT_EQ(SetEntries(file_, BuiltList().Get()), 0u);
+  ASSERT_EQ(tools_.AddAccess(file_, W("nogroup"), 0x1200A9), 0u);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(ElementsAre(ShownEntry{0, 3, 0x1200A9, "S-1-22-2-65534"})));
+}
+
+TEST_F(NtfsToolsNative, AddingToAFileWithoutAListIsABadParameter) {
+  ASSERT_EQ(SetEntries(file_, nullptr), 0u);
+  EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1200A9), 87u);
+}
+
+TEST_F(NtfsToolsNative, EachFunctionOfAddingThatFailsIsTheAnswerAndLeavesTheList) {
+  const auto before = EntriesOfFile(file_);
+  for (const char* function :
+       {"LookupAccountNameW", "GetNamedSecurityInfoW", "GetAclInformation", "GetLengthSid", "HeapAlloc",
+        "InitializeAcl", "GetAce", "AddAce", "AddAccessAllowedAceEx"}) {
+    Faults::Fail(function, 1, kError);
+    EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1200A9), kError) << function;
+    Faults::Clear();
+    EXPECT_EQ(EntriesOfFile(file_), before) << function;
+  }
+}
+
+TEST_F(NtfsToolsNative, AListThatCannotBeSetIsNotReported) {
+  const auto before = EntriesOfFile(file_);
+  Faults::Fail("SetNamedSecurityInfoW", 1, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1200A9), 0u);
+  Faults::Clear();
+  EXPECT_EQ(EntriesOfFile(file_), before);
+  if (IsSuperuser()) {
+    const AsOrdinaryUser ordinary;
+    EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1200A9), 0u);
+  }
+  EXPECT_EQ(EntriesOfFile(file_), before);
+}
+
+TEST_F(NtfsToolsNative, AMaskOfAnyBitsIsAdded) {
+  ASSERT_EQ(tools_.AddAccess(file_, W("nobody"), 0xFFFFFFFF), 0u);
+  EXPECT_EQ(EntriesOfFile(file_)->back(), (ShownEntry{0, 3, 0xFFFFFFFF, "S-1-22-1-65534"}));
+}
+
+// Adding until the list has no room for one more: an error, and the list as it was.
+TEST_F(NtfsToolsNative, AListOfMoreThan65535BytesIsAnError) {
+  std::vector<BYTE> memory(65528);
+  auto* const list = reinterpret_cast<ACL*>(memory.data());
+  ASSERT_TRUE(InitializeAcl(list, static_cast<DWORD>(memory.size()), ACL_REVISION));
+  std::vector<BYTE> sid = UserSidBytes(0);
+  while (AddAccessAllowedAceEx(list, ACL_REVISION, 0, 1, sid.data())) {
+  }
+  if (SetEntries(file_, list) != 0 || EntriesOfFile(file_)->size() != list->AceCount)
+    return SUCCEED();  // the file system has no place for so long a list
+  EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 1), 87u);
+}
+
+// Reset access.
+
+TEST_F(NtfsToolsNative, ResettingLeavesNoEntry) {
+  ASSERT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1200A9), 0u);
+  ASSERT_EQ(tools_.ResetAccess(file_), 0u);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(IsEmpty()));
+  EXPECT_EQ(Mode(), 0u);
+}
+
+TEST_F(NtfsToolsNative, ResettingSetsAProtectedMissingListFirstWhereThePrivilegeIsHeld) {
+  Faults::Watch("SetNamedSecurityInfoW");
+  ASSERT_EQ(tools_.ResetAccess(file_), 0u);
+  EXPECT_EQ(Faults::CallCount("SetNamedSecurityInfoW"), IsSuperuser() ? 2 : 1);
+  EXPECT_EQ(Faults::LastFlags("SetNamedSecurityInfoW"), 4u);
+  Faults::Fail("SetNamedSecurityInfoW", 2, kError);
+  EXPECT_EQ(tools_.ResetAccess(file_), IsSuperuser() ? kError : 0u);
+  if (IsSuperuser()) EXPECT_EQ(Mode(), 0777u);  // what the first of the two left
+}
+
+TEST_F(NtfsToolsNative, TheFirstOfTheTwoMayFail) {
+  if (!IsSuperuser()) return SUCCEED();  // there is but one
+  Faults::Fail("SetNamedSecurityInfoW", 1, kError);
+  EXPECT_EQ(tools_.ResetAccess(file_), 0u);
+  EXPECT_EQ(Mode(), 0u);
+}
+
+TEST_F(NtfsToolsNative, AnOrdinaryUserResetsHisOwnFilesAlone) {
+  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  const AsOrdinaryUser ordinary;
+  EXPECT_EQ(tools_.ResetAccess(file_), 0u);
+  EXPECT_EQ(Mode(), 0u);
+  EXPECT_EQ(tools_.ResetAccess(W("Z:\\etc\\passwd")), 5u);
+}
+
+TEST_F(NtfsToolsNative, AMissingListIsResetToAnEmptyOne) {
+  ASSERT_EQ(SetEntries(file_, nullptr), 0u);
+  EXPECT_EQ(tools_.ResetAccess(file_), 0u);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(IsEmpty()));
+}
+
+TEST_F(NtfsToolsNative, EachFunctionOfResettingThatFailsIsTheAnswerAndLeavesTheList) {
+  const auto before = EntriesOfFile(file_);
+  for (const char* function : {"GetNamedSecurityInfoW", "DeleteAce"}) {
+    Faults::Fail(function, 1, kError);
+    EXPECT_EQ(tools_.ResetAccess(file_), kError) << function;
+    Faults::Clear();
+    EXPECT_EQ(EntriesOfFile(file_), before) << function;
+  }
+  ASSERT_EQ(SetEntries(file_, nullptr), 0u);
+  Faults::Fail("InitializeAcl", 1, kError);
+  EXPECT_EQ(tools_.ResetAccess(file_), kError);
+}
+
+TEST_F(NtfsToolsNative, WithoutThePrivilegeTheProtectedListIsLeftOut) {
+  for (const char* function : {"OpenProcessToken", "LookupPrivilegeValueW", "AdjustTokenPrivileges"}) {
+    Faults::Fail(function, 1, kError);
+    Faults::Watch("SetNamedSecurityInfoW");
+    EXPECT_EQ(tools_.ResetAccess(file_), 0u) << function;
+    EXPECT_EQ(Faults::CallCount("SetNamedSecurityInfoW"), 1) << function;
+    Faults::Clear();
+  }
+}
+
+// Privileges.
+
+TEST_F(NtfsToolsNative, EachFunctionOfAPrivilegeThatFailsListsNothing) {
+  for (const char* function : {"OpenProcessToken", "LookupPrivilegeValueW", "AdjustTokenPrivileges"}) {
+    Faults::Fail(function, 1, kError);
+    PrivilegeList list(true);
+    EXPECT_FALSE(tools_.EnableTakeOwnership(list)) << function;
+    EXPECT_THAT(list.names, IsEmpty()) << function;
+    EXPECT_EQ(EnablePrivilege(W("SeNoSuchPrivilege"), TOKEN_ADJUST_PRIVILEGES), 1313u);
+    Faults::Clear();
+  }
+}
+
+TEST_F(NtfsToolsNative, TheEndOfAListLooksItsNamesUpAndDisablesNothing) {
+  Faults::Watch("LookupPrivilegeValueW");
+  Faults::Watch("AdjustTokenPrivileges");
+  {
+    PrivilegeList list(true);
+    list.names = {W("SeTakeOwnershipPrivilege"), W("SeBackupPrivilege")};
+  }
+  EXPECT_THAT(Faults::Paths("LookupPrivilegeValueW"),
+              ElementsAre(W("SeTakeOwnershipPrivilege"), W("SeBackupPrivilege")));
+  EXPECT_EQ(Faults::CallCount("AdjustTokenPrivileges"), 0);
+}
