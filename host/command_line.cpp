@@ -157,11 +157,16 @@ void AddText(CLI::App& app, const std::string& name, const std::string& value, s
       ->type_name(value);
 }
 
-void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
-                 const std::string& help) {
+void AddOptionalText(CLI::App& app, const std::string& name, const std::string& value,
+                     std::optional<std::string>& target, const std::string& help) {
   app.add_option_function<std::string>(
          name, [&target](const std::string& text) { target = Unguarded(text); }, help)
-      ->type_name("");
+      ->type_name(value);
+}
+
+void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
+                 const std::string& help) {
+  AddOptionalText(app, name, "", target, help);
 }
 
 void AddFlag(CLI::App& app, const std::string& name, bool& target, const std::string& help) {

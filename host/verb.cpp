@@ -13,6 +13,7 @@ std::vector<std::unique_ptr<Verb>> MakeVerbs() {
   verbs.push_back(MakeMenuVerb());
   verbs.push_back(MakeCommandVerb());
   verbs.push_back(MakeScriptVerb());
+  verbs.push_back(MakeRenameVerb());
   return verbs;
 }
 
