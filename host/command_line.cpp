@@ -63,7 +63,8 @@ void DeclareOptions(CLI::App& app, Options& options) {
                "As if Windows were of class A, which leaves some items of the control panel out of the menu");
   app.add_flag("--class-b", options.classB, "As if Windows were of class B, which leaves none out");
   app.add_flag("--dry-run", options.dryRun,
-               "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 alone");
+               "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 and rename "
+               "--run or --undo");
   app.add_flag("--json", options.json, "One JSON object a line instead of prose");
 }
 

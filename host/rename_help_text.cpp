@@ -32,7 +32,7 @@ Examples:
                      my_old_notes.txt becomes My Old Notes.txt
   qxhost rename --regex --parts name --find "^(.+) - (.+)$" --replace '$2 - $1' *.mp3
                      the two halves of a name exchanged; in a shell, $ is for single quotes
-  qxhost rename --name "[F] [N-4]" --start 10 --save-profile "By folder" *.txt
+  qxhost rename --name "[F] [C]" --start 10 --save-profile "By folder" *.txt
                      rules kept for later; --list-profiles shows them
   qxhost rename --profile "By folder" --run *.txt
                      and used

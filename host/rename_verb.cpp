@@ -198,7 +198,8 @@ class RenameVerb final : public Verb {
 
   PreviewCounts ReportRows(Run& run, RenameSession& session) const {
     const std::vector<MultiRenameItem*>& rows = session.Rows();
-    const std::vector<u32> outlook = session.Outlook();
+    // A program sees the states alone, and sees in a dry run what each rename would come to.
+    const std::vector<u32> outlook = run.IsForProgram() ? std::vector<u32>() : session.Outlook();
     RowEvent event;
     for (const MultiRenameItem* const row : rows) {
       event.nameWidth = std::max(event.nameWidth, CharactersOf(row->oldName));

@@ -135,6 +135,7 @@ FileItem* FindItem(FileItemTree& items, const std::string& option, const std::st
 Run::Run(const Options& options, const std::vector<std::string>& items, Output& output)
     : output_(output),
       isDry_(options.dryRun),
+      isJson_(options.json),
       hasItemList_(!options.items.empty()),
       configOption_(ConfigOptionOf(options)),
       reporter_(options.json ? MakeJsonReporter(output) : MakeProseReporter(output)) {

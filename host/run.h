@@ -25,6 +25,7 @@ class Run {
   Shared& Host() { return *shared_; }
 
   bool IsDry() const { return isDry_; }
+  bool IsForProgram() const { return isJson_; }  // one JSON object a line, and no prose
   // Items come from --items, of which there may be none.
   bool HasItemList() const { return hasItemList_; }
   // `--config DIR ` as it was given, for a proposed call; empty if it was not.
@@ -47,6 +48,7 @@ class Run {
 
   Output& output_;
   bool isDry_;
+  bool isJson_;
   bool hasItemList_;
   std::string configOption_;
   std::unique_ptr<Reporter> reporter_;
