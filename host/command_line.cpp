@@ -63,7 +63,8 @@ void DeclareOptions(CLI::App& app, Options& options) {
                "As if Windows were of class A, which leaves some items of the control panel out of the menu");
   app.add_flag("--class-b", options.classB, "As if Windows were of class B, which leaves none out");
   app.add_flag("--dry-run", options.dryRun,
-               "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 alone");
+               "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 and rename "
+               "--run or --undo");
   app.add_flag("--in-order", options.inOrder,
                "Try the renames of a command one by one as they come, instead of planning them as a whole");
   app.add_flag("--json", options.json, "One JSON object a line instead of prose");
@@ -159,11 +160,16 @@ void AddText(CLI::App& app, const std::string& name, const std::string& value, s
       ->type_name(value);
 }
 
-void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
-                 const std::string& help) {
+void AddOptionalText(CLI::App& app, const std::string& name, const std::string& value,
+                     std::optional<std::string>& target, const std::string& help) {
   app.add_option_function<std::string>(
          name, [&target](const std::string& text) { target = Unguarded(text); }, help)
-      ->type_name("");
+      ->type_name(value);
+}
+
+void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
+                 const std::string& help) {
+  AddOptionalText(app, name, "", target, help);
 }
 
 void AddFlag(CLI::App& app, const std::string& name, bool& target, const std::string& help) {

@@ -60,7 +60,8 @@ void FileItem::GetParentPath(WCHAR* buffer, u32 size) { GivePath(buffer, size, F
 const WCHAR* FileItem::GetFullPath(WCHAR* buffer, u32 size) { return GivePath(buffer, size, FullPath()); }
 
 void FileItem::GetTagText(WCHAR* buffer, u32 size) {
-  GiveText(buffer, size, parent_ ? WStringView(parent_->name_) : WStringView());
+  const bool isAtRoot = !parent_ || !parent_->parent_;
+  GiveText(buffer, size, isAtRoot ? WStringView() : WStringView(parent_->name_));
 }
 
 const WCHAR* FileItem::GetExtensionText(u32 flag) {

@@ -31,7 +31,7 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   const WCHAR* GetFolderPath(WCHAR* buffer, u32 size) override;
   void GetParentPath(WCHAR* buffer, u32 size) override;
   const WCHAR* GetFullPath(WCHAR* buffer, u32 size) override;
-  // The name of the folder that the item is in.
+  // The name of the folder that the item is in; empty at a root.
   void GetTagText(WCHAR* buffer, u32 size) override;
   const WCHAR* GetExtensionText(u32 flag) override;
   void GetExtension(WCHAR* buffer, u32 size, u32 flag) override;

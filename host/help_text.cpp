@@ -58,6 +58,8 @@ Examples:
                                                    extensions in lower case, for any number of files
   qxhost --answer yes command line-ends-to-lf *.txt
                                                    Unix line ends
+  qxhost rename --name "[F]_[C]" *.jpg             by rules: a preview; --run does it, and --undo last takes it
+                                                   back. `qxhost rename --help` has more
   qxhost script                                    the script commands and their parameters
   qxhost script SortLines FILE=a.txt "TARGET=*.sorted" SORTBY=item "ITEMSEP=;" ITEM=2 SORTAS=num
                                                    by the number after the first semicolon, into a.sorted

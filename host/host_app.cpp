@@ -140,6 +140,7 @@ bool HostApp::GetTargetPanelPath(WCHAR* buffer, u32 size) {
 
 IHostXmlDocument* HostApp::CreateXmlDocument() { return XmlDocument::Lend(); }
 IHostFileList* HostApp::CreateFileList() { return FileList::Lend(); }
+IHostPropertyList* HostApp::CreatePropertyList() { return PropertyList::Lend(); }
 IHostStringList* HostApp::CreateStringList() { return StringList::Lend(); }
 
 void HostApp::LogMessage(u32 category, u32 level, const WCHAR* format, ...) {

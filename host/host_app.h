@@ -33,7 +33,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   Velmora::SDK::IHostCommandFactory* GetCommandFactory() override { return &menus; }
   Velmora::SDK::IHostMenuBuilder* GetMenuBuilder() override { return &menus; }
   Velmora::SDK::IHostCustomCommandSet* GetCustomCommandSet(const char* name) override;
-  Velmora::SDK::IHostPropertyManager* GetPropertyManager() override { return nullptr; }
+  Velmora::SDK::IHostPropertyManager* GetPropertyManager() override { return &shared_.properties; }
   Velmora::SDK::IHostXmlDocument* CreateXmlDocument() override;
   Velmora::SDK::IHostConfig* GetConfig() override { return &settings_; }
   void* GetService(u32 number, std::uintptr_t handle) override;
@@ -45,7 +45,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   bool GetConfigPath(WCHAR* buffer, u32 size) override;
   bool GetTargetPanelPath(WCHAR* buffer, u32 size) override;
   Velmora::SDK::IHostFileList* CreateFileList() override;
-  Velmora::SDK::IHostPropertyList* CreatePropertyList() override { return nullptr; }
+  Velmora::SDK::IHostPropertyList* CreatePropertyList() override;
   Velmora::SDK::IHostStringList* CreateStringList() override;
   void LogMessage(u32 category, u32 level, const WCHAR* format, ...) override;
   void LogText(u32 category, u32 level, const WCHAR* text) override;

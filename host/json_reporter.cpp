@@ -114,6 +114,47 @@ class JsonReporter final : public Reporter {
     }
   }
 
+  void Row(const RowEvent& event) override {
+    Write({{"event", "row"},
+           {"folder", ToUtf8(event.folder)},
+           {"old", ToUtf8(event.oldName)},
+           {"new", ToUtf8(event.newName)},
+           {"state", event.state}});
+  }
+
+  void Undo(const UndoEvent& event) override {
+    Write({{"event", "undo"},
+           {"file", ToUtf8(event.file)},
+           {"date", event.date},
+           {"items", event.items},
+           {"restored", event.restored}});
+  }
+
+  void RenameProfile(const RenameProfileEvent& event) override {
+    Json pairs = Json::array();
+    for (const auto& [find, replace] : event.pairs) {
+      pairs.push_back({{"find", ToUtf8(find)}, {"replace", ToUtf8(replace)}});
+    }
+    Write({{"event", "profile"},
+           {"name", ToUtf8(event.name)},
+           {"filename", ToUtf8(event.filename)},
+           {"extension", ToUtf8(event.extension)},
+           {"case", event.caseRule},
+           {"start", event.start},
+           {"step", event.step},
+           {"digits", event.digits},
+           {"regex", event.regex},
+           {"replace-all", event.replaceAll},
+           {"case-sensitive", event.caseSensitive},
+           {"parts", event.parts},
+           {"pairs", pairs}});
+  }
+
+  void Property(WStringView name, WStringView displayName) override {
+    Write({{"event", "property"}, {"name", ToUtf8(name)}, {"display", ToUtf8(displayName)}});
+  }
+
+  void Say(std::string_view) override {}
   void Result(std::int32_t value) override { Write({{"event", "result"}, {"value", value}}); }
 
  private:

@@ -36,6 +36,9 @@ struct Options {
 // the command line would take "[a,b]" apart at its comma. `value` is what the help calls the value.
 void AddText(CLI::App& app, const std::string& name, const std::string& value, std::string& target,
              const std::string& help);
+// A text that counts as given even if it is empty.
+void AddOptionalText(CLI::App& app, const std::string& name, const std::string& value,
+                     std::optional<std::string>& target, const std::string& help);
 // A text that may be left out, in its place: an empty one is given all the same.
 void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
                  const std::string& help);

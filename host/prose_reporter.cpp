@@ -10,6 +10,9 @@ namespace {
 constexpr std::size_t kMenuTextWidth = 52;
 constexpr std::size_t kMenuNumberWidth = 5;
 constexpr std::size_t kParameterWidth = 24;
+constexpr std::size_t kPropertyWidth = 14;
+constexpr std::size_t kRowMarkWidth = 2;
+constexpr std::size_t kRowGap = 3;  // between the columns of old and new names
 
 std::string Hex(std::uint32_t number) {
   std::array<char, 16> text{};
@@ -112,12 +115,63 @@ class ProseReporter final : public Reporter {
     table_.Write(heads, rows, [this](const std::string& line) { output_.Line(line); });
   }
 
+  // The renames themselves have said what a run did.
+  void Row(const RowEvent& event) override {
+    if (event.isOutcome) return;
+    if (event.folder != rowFolder_) {
+      rowFolder_ = event.folder;
+      output_.Line(ToUtf8(event.folder));
+    }
+    std::string line = event.blocks ? "! " : event.objection.empty() ? "  " : "? ";
+    if (event.oldName == event.newName && event.objection.empty()) line = "= ";
+    line += ToUtf8(event.oldName);
+    const std::size_t width = WidthOf(line);
+    const std::size_t column = event.nameWidth + kRowGap + kRowMarkWidth;
+    line.append(width < column ? column - width : 1, ' ');
+    line += ToUtf8(event.newName);
+    output_.Line(event.objection.empty() ? line : line + "   <- " + event.objection);
+  }
+
+  void Undo(const UndoEvent& event) override {
+    if (!event.takeBack.empty()) {
+      output_.Line("Undo file: " + ToUtf8(event.file));
+      output_.Line("Take it back: " + event.takeBack);
+      return;
+    }
+    output_.Line(ToUtf8(WStringView(event.file).substr(event.file.rfind(W('\\')) + 1)) + "  " +
+                 ToUtf8(event.dateText) + "  " + std::to_string(event.items) +
+                 (event.items == 1 ? " rename" : " renames") + (event.restored ? ", taken back" : ""));
+  }
+
+  void RenameProfile(const RenameProfileEvent& event) override {
+    output_.Line(ToUtf8(event.name));
+    output_.Line("  --name \"" + ToUtf8(event.filename) + "\" --extension \"" + ToUtf8(event.extension) +
+                 "\" --case " + event.caseRule + " --start " + std::to_string(event.start) + " --step " +
+                 std::to_string(event.step) + " --digits " + std::to_string(event.digits));
+    if (event.pairs.empty()) return;
+    output_.Line(std::string("  --parts ") + event.parts + (event.regex ? " --regex" : "") +
+                 (event.replaceAll ? " --replace-all" : "") +
+                 (event.caseSensitive ? " --case-sensitive" : ""));
+    for (const auto& [find, replace] : event.pairs) {
+      output_.Line("  --find \"" + ToUtf8(find) + "\" --replace \"" + ToUtf8(replace) + "\"");
+    }
+  }
+
+  void Property(WStringView name, WStringView displayName) override {
+    std::string line = "  " + ToUtf8(name);
+    line.append(line.size() < kPropertyWidth ? kPropertyWidth - line.size() : 1, ' ');
+    output_.Line(line + ToUtf8(displayName));
+  }
+
+  void Say(std::string_view text) override { output_.Line(text); }
+
   // The exit status says it.
   void Result(std::int32_t) override {}
 
  private:
   Output& output_;
   ColumnTable table_;
+  WString rowFolder_;  // of the row before
 };
 
 }  // namespace

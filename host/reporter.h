@@ -80,6 +80,44 @@ struct ShellEvent {
   WString arguments;
 };
 
+// A row of a rename by rules. The texts are the caller's.
+struct RowEvent {
+  WStringView folder;  // ends in a separator
+  WStringView oldName;
+  WStringView newName;
+  std::uint32_t state = 0;    // of ItemState
+  bool isOutcome = false;     // the state is that after a run, of which renames were reported
+  bool blocks = false;        // no run can start with it
+  std::string objection;      // what stands against its rename; empty if nothing does
+  std::size_t nameWidth = 0;  // of the column of old names, in characters
+};
+
+// A file by which renames can be taken back.
+struct UndoEvent {
+  WString file;      // full path
+  std::string date;  // of the run, local: 2026-03-05T14:07:09
+  WString dateText;  // the same as the user's language writes it
+  std::size_t items = 0;
+  bool restored = false;
+  std::string takeBack;  // the call that takes it back, after a run that has written it; empty otherwise
+};
+
+// A saved set of rules for renames.
+struct RenameProfileEvent {
+  WString name;
+  WString filename;  // templates
+  WString extension;
+  std::string caseRule;  // as --case takes it
+  std::int32_t start = 0;
+  std::int32_t step = 0;
+  std::int32_t digits = 0;
+  bool regex = false;
+  bool replaceAll = false;
+  bool caseSensitive = false;
+  std::string parts;  // as --parts takes it
+  std::vector<std::pair<WString, WString>> pairs;
+};
+
 class Reporter {
  public:
   virtual ~Reporter() = default;
@@ -97,6 +135,13 @@ class Reporter {
   virtual void ScriptResult(const std::optional<std::uint32_t>& code, const std::optional<WString>& text) = 0;
   // A block of rows of the module's columns, which are the same in each block.
   virtual void Columns(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows) = 0;
+  virtual void Row(const RowEvent& event) = 0;
+  virtual void Undo(const UndoEvent& event) = 0;
+  virtual void RenameProfile(const RenameProfileEvent& event) = 0;
+  // A property of files, by the name that a template takes and the one that a person reads.
+  virtual void Property(WStringView name, WStringView displayName) = 0;
+  // A sentence for a person, about what the other events say to a program.
+  virtual void Say(std::string_view text) = 0;
   virtual void Result(std::int32_t value) = 0;
 };
 

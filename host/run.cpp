@@ -114,6 +114,13 @@ std::vector<std::string> ReadItemLines(const std::string& source) {
   return lines;
 }
 
+// Quoted if a shell would part it.
+std::string ConfigOptionOf(const Options& options) {
+  if (options.config.empty()) return {};
+  const bool isQuoted = options.config.find_first_of(" \t'()&;") != std::string::npos;
+  return "--config " + (isQuoted ? "\"" + options.config + "\"" : options.config) + " ";
+}
+
 FileItem* FindItem(FileItemTree& items, const std::string& option, const std::string& text) {
   FileItem* const item = items.Find(FullPathOrThrow(option, text));
   if (!item) {
@@ -126,7 +133,12 @@ FileItem* FindItem(FileItemTree& items, const std::string& option, const std::st
 }  // namespace
 
 Run::Run(const Options& options, const std::vector<std::string>& items, Output& output)
-    : output_(output), reporter_(options.json ? MakeJsonReporter(output) : MakeProseReporter(output)) {
+    : output_(output),
+      isDry_(options.dryRun),
+      isJson_(options.json),
+      hasItemList_(!options.items.empty()),
+      configOption_(ConfigOptionOf(options)),
+      reporter_(options.json ? MakeJsonReporter(output) : MakeProseReporter(output)) {
   Questions::ReadLine readLine;
   if (options.items != "-" && StandardInputIsTerminal()) readLine = ReadTerminalLine;
   questions_.emplace(*reporter_, output_, ParseAnswers(options.answers), ParseForm(options.form),

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "host/extensions.h"
 #include "host/module_boxes.h"
@@ -19,6 +20,16 @@ class Run {
   Run(const Run&) = delete;
   Run& operator=(const Run&) = delete;
   ~Run();
+
+  // What all extensions share, for a verb that does without the module.
+  Shared& Host() { return *shared_; }
+
+  bool IsDry() const { return isDry_; }
+  bool IsForProgram() const { return isJson_; }  // one JSON object a line, and no prose
+  // Items come from --items, of which there may be none.
+  bool HasItemList() const { return hasItemList_; }
+  // `--config DIR ` as it was given, for a proposed call; empty if it was not.
+  const std::string& ConfigOption() const { return configOption_; }
 
   // Loads the module and reads its records. Once.
   Extensions& LoadExtensions();
@@ -41,6 +52,10 @@ class Run {
   void SetUpView(const Options& options, const std::vector<std::string>& items);
 
   Output& output_;
+  bool isDry_;
+  bool isJson_;
+  bool hasItemList_;
+  std::string configOption_;
   std::unique_ptr<Reporter> reporter_;
   std::optional<Questions> questions_;
   std::optional<Shared> shared_;

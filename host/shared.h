@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 
+#include "host/file_properties.h"
 #include "host/helper_channel.h"
 #include "host/language_table.h"
 #include "host/module_registry.h"
@@ -61,6 +62,7 @@ struct Shared {
   const SystemAnswers answers;
   FileItemTree items;
   std::optional<View> view;  // none until the items of the command line are known to exist
+  FileProperties properties;
   FileOperation fileOperation;
   std::optional<HelperChannel> helper;  // none on systems before it
   SettingsFiles settings;

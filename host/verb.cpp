@@ -14,6 +14,7 @@ std::vector<std::unique_ptr<Verb>> MakeVerbs() {
   verbs.push_back(MakeCommandVerb());
   verbs.push_back(MakeScriptVerb());
   verbs.push_back(MakeColumnsVerb());
+  verbs.push_back(MakeRenameVerb());
   return verbs;
 }
 

@@ -38,5 +38,6 @@ std::unique_ptr<Verb> MakeMenuVerb();
 std::unique_ptr<Verb> MakeCommandVerb();
 std::unique_ptr<Verb> MakeScriptVerb();
 std::unique_ptr<Verb> MakeColumnsVerb();
+std::unique_ptr<Verb> MakeRenameVerb();
 
 }  // namespace QxHost

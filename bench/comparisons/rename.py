@@ -1,4 +1,5 @@
 from comparisons.common import BIN, make_tree, measure, row
+from comparisons.rename_by_rules import rename_by_rules
 
 COUNTS = (1000, 10000, 100000)
 
@@ -18,6 +19,7 @@ def rename(scratch):
     for count in COUNTS:
         there_and_back(scratch, items[:count], "--in-order")
     chain(scratch)
+    rename_by_rules(scratch)
 
 
 def rename_blank(path):

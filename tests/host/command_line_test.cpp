@@ -76,14 +76,16 @@ TEST_F(CommandLineTest, TheVersionEndsTheCallWell) {
 TEST_F(CommandLineTest, AMistakeIsNamedAndTheNearestWordProposed) {
   const std::pair<std::vector<std::string>, std::string> calls[] = {
       {{"comand", "30000", "a"},
-       R"("comand" is no verb; there are: info, menu, command, script, columns. Did you mean command?)"},
-      {{"Menu"}, R"("Menu" is no verb; there are: info, menu, command, script, columns. Did you mean menu?)"},
-      {{"frobnicate"}, R"("frobnicate" is no verb; there are: info, menu, command, script, columns.)"},
+       R"("comand" is no verb; there are: info, menu, command, script, columns, rename. Did you mean command?)"},
+      {{"Menu"},
+       R"("Menu" is no verb; there are: info, menu, command, script, columns, rename. Did you mean menu?)"},
+      {{"frobnicate"},
+       R"("frobnicate" is no verb; there are: info, menu, command, script, columns, rename.)"},
       {{"sort-lines", "a"},
-       R"("sort-lines" is no verb; there are: info, menu, command, script, columns. Did you mean command sort-lines?)"},
+       R"("sort-lines" is no verb; there are: info, menu, command, script, columns, rename. Did you mean command sort-lines?)"},
       {{"30150"},
-       R"("30150" is no verb; there are: info, menu, command, script, columns. Did you mean command 30150?)"},
-      {{"--", "-x"}, R"("-x" is no verb; there are: info, menu, command, script, columns.)"},
+       R"("30150" is no verb; there are: info, menu, command, script, columns, rename. Did you mean command 30150?)"},
+      {{"--", "-x"}, R"("-x" is no verb; there are: info, menu, command, script, columns, rename.)"},
       {{"--anwser", "ok", "command", "30000"}, "command has no option --anwser. Did you mean --answer?"},
       {{"command", "30000", "a", "--anwser=ok"}, "command has no option --anwser. Did you mean --answer?"},
       {{"--dry", "menu"}, "menu has no option --dry. Did you mean --dry-run?"},
@@ -96,7 +98,7 @@ TEST_F(CommandLineTest, AMistakeIsNamedAndTheNearestWordProposed) {
       {{"info", "--module"}, "--module needs a value: --module PATH."},
       {{"--answer", "ok", "--answer", "ok", "info", "--answer"}, "--answer needs a value: --answer A."},
       {{"--focus", "a", "info", "--focus", "b"}, "--focus is given more than once."},
-      {{}, "say what to do: info, menu, command, script, columns."},
+      {{}, "say what to do: info, menu, command, script, columns, rename."},
   };
   for (const auto& [arguments, message] : calls) {
     recorded_.problems.clear();

@@ -1,0 +1,24 @@
+// What the system knows of a file, as the host's properties show it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/text.h"
+
+namespace QxHost {
+
+// Times are those of a clock on the wall, as a FILETIME: a name shows when a photo was taken where it was
+// taken. 0 where the file system keeps no such time.
+struct FileFacts {
+  std::uint64_t size = 0;  // bytes
+  DWORD attributes = 0;
+  std::uint64_t created = 0;
+  std::uint64_t modified = 0;
+  std::uint64_t accessed = 0;
+};
+
+// Nothing if there is no such file or folder. Any thread.
+std::optional<FileFacts> ReadFileFacts(const WString& fullPath);
+
+}  // namespace QxHost

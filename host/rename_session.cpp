@@ -1,0 +1,120 @@
+#include "host/rename_session.h"
+
+#include <algorithm>
+
+#include "host/failures.h"
+
+namespace QxHost {
+
+namespace {
+
+using namespace Velmora::SDK;
+
+// The extension that the window belongs to: the settings and histories are the same.
+constexpr u32 kMultiRenameIndex = 2;
+constexpr const char* kMultiRenameModule = "QXMultiRename";
+
+WString SearchMistake(const RenameRules& rules) {
+  WString message;
+  const u32 number = ValidateExpressions(rules.pairs, message);
+  return number == 0 ? WString() : rules.pairs[number - 1].first;
+}
+
+// Undo files are named by the second. A run that follows another one at once waits for a second of its own,
+// so that neither loses its file.
+void WaitForFreeUndoName(const MultiRenameUndoStore& store) {
+  constexpr int kMostWaits = 150;
+  constexpr DWORD kWait = 20;  // milliseconds
+  for (int wait = 0; wait < kMostWaits; ++wait) {
+    MultiRenameUndo session;
+    GetLocalTime(&session.date);
+    if (GetFileAttributesW(store.PathOf(session).c_str()) == INVALID_FILE_ATTRIBUTES) return;
+    Sleep(kWait);
+  }
+}
+
+}  // namespace
+
+RenameSession::RenameSession(Shared& shared)
+    : shared_(shared),
+      host_(shared, kMultiRenameIndex, kMultiRenameModule),
+      engine_(new MultiRenameEngine(&host_)) {
+  engine_->propertyManager = host_.GetPropertyManager();
+  if (!engine_->worker.Start()) throw ModuleFailure("cannot make a thread for the renames");
+}
+
+void RenameSession::Work() {
+  engine_->worker.Wake();
+  if (!engine_->worker.WaitUntilIdle()) throw ModuleFailure("cannot wait for the renames");
+}
+
+void RenameSession::Preview(const RenameRules& rules) {
+  const SharedItems rows = ReadSelection(host_);
+  if (!CompileRules(*engine_, InputOf(rules, rows))) {
+    throw BadCall("\"" + ToUtf8(SearchMistake(rules)) +
+                  "\" is no regular expression: " + ToUtf8(engine_->status.ErrorText()));
+  }
+  engine_->worker.WantPreview();
+  Work();
+}
+
+bool RenameSession::IsBlocked() const {
+  return std::ranges::any_of(engine_->items,
+                             [](const MultiRenameItem* row) { return BlocksStart(row->state); });
+}
+
+std::vector<u32> RenameSession::Outlook() {
+  Output silence([](std::string_view) { return true; }, [](std::string_view) { return true; });
+  const std::unique_ptr<Reporter> unheard = MakeProseReporter(silence);
+  FileOperation dryOperation(shared_.items, *unheard, silence, true);
+  IHostRenameBatch* const batch = dryOperation.CreateRenameBatch();
+  for (MultiRenameItem* const row : engine_->items) {
+    batch->AddByItem(row->hostItem, row->newName.c_str(), row);
+  }
+  dryOperation.RunBatch(batch, nullptr);
+  std::vector<u32> results;
+  for (u32 index = 0, count = batch->Count(); index < count; ++index) {
+    results.push_back(batch->At(index)->ResultCode());
+  }
+  batch->Release();
+  return results;
+}
+
+void RenameSession::Run(bool keepsUndo) {
+  MultiRenameUndoStore& store = engine_->undoStore;
+  // A store that counts as read keeps the session of the run. Those of the other files are not needed.
+  store.loaded = true;
+  store.sessions.clear();
+  if (keepsUndo) WaitForFreeUndoName(store);
+  engine_->worker.WantRename(keepsUndo);
+  Work();
+  CheckAllTried(engine_->items.size());
+}
+
+MultiRenameUndo* RenameSession::Written() {
+  const auto& sessions = engine_->undoStore.sessions;
+  return sessions.empty() ? nullptr : sessions.back().get();
+}
+
+void RenameSession::Restore(const MultiRenameUndo& session) {
+  const SharedItems rows = LoadSession(session);
+  std::vector<MultiRenameItem*> order;
+  for (MultiRenameItem& row : *rows) order.push_back(&row);
+  auto restored = std::make_shared<MultiRenameUndo>();
+  restored->FromRows(order, false);
+  engine_->restoreSet = std::move(restored);
+  engine_->worker.WantRestore();
+  Work();
+  CheckAllTried(rows->size());
+}
+
+void RenameSession::CheckAllTried(std::size_t renames) const {
+  const RunStatus& status = engine_->status;
+  const std::size_t tried =
+      std::size_t{status.succeeded} + std::size_t{status.failed} + std::size_t{status.ignored};
+  if (tried == renames) return;
+  throw ModuleFailure("the run ended early: " + std::to_string(tried) + " of " + std::to_string(renames) +
+                      " renames were tried");
+}
+
+}  // namespace QxHost

@@ -1,0 +1,56 @@
+// MultiRename without its window: the engine in this process, with all of the host at its service.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/host_app.h"
+#include "host/rename_rules.h"
+#include "multirename/multi_rename_engine.h"
+
+namespace QxHost {
+
+class RenameSession {
+ public:
+  // Makes the folder of undo files. Throws ModuleFailure if the engine's thread cannot be had.
+  explicit RenameSession(Shared& shared);
+
+  // Reads the selection and computes its new names. Throws BadCall for a text that is no regular expression.
+  void Preview(const RenameRules& rules);
+
+  // In the order of the selection.
+  const std::vector<Velmora::SDK::MultiRenameItem*>& Rows() const { return engine_->items; }
+
+  // No run starts with such a row.
+  bool IsBlocked() const;
+
+  // What the host would say of each row's rename: 0, 10 for a name that stays, or an error number.
+  std::vector<u32> Outlook();
+
+  // Renames all rows. With `keepsUndo` an undo file is written.
+  void Run(bool keepsUndo);
+
+  // Takes a session back.
+  void Restore(const Velmora::SDK::MultiRenameUndo& session);
+
+  // The session of the last run that wrote an undo file; null if nothing was renamed.
+  Velmora::SDK::MultiRenameUndo* Written();
+
+  // "3 Renamed, 1 Failed".
+  std::string StatusText() const { return ToUtf8(Velmora::SDK::StatusText(engine_->status)); }
+
+  Velmora::SDK::MultiRenameUndoStore& UndoStore() { return engine_->undoStore; }
+  HostApp& Host() { return host_; }
+
+ private:
+  // Lets the worker do what it was asked to, to its end.
+  void Work();
+  // Throws ModuleFailure if fewer renames than these were tried.
+  void CheckAllTried(std::size_t renames) const;
+
+  Shared& shared_;
+  HostApp host_;
+  Velmora::SDK::OwnedEngine engine_;
+};
+
+}  // namespace QxHost

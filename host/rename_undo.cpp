@@ -1,0 +1,234 @@
+#include "host/rename_undo.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <tuple>
+#include <unordered_set>
+
+#include "host/error_text.h"
+#include "host/failures.h"
+#include "host/file_facts.h"
+#include "host/nearest_name.h"
+#include "host/paths.h"
+#include "host/whole_file.h"
+
+namespace QxHost {
+
+namespace {
+
+using namespace Velmora::SDK;
+
+constexpr std::string_view kNewestUndo = "last";
+constexpr std::string_view kEveryUndo = "all";
+
+auto DateKey(const MultiRenameUndo& session) {
+  const SYSTEMTIME& date = session.date;
+  return std::tuple(date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond,
+                    session.fileName);
+}
+
+bool IsOlder(const MultiRenameUndo* lhs, const MultiRenameUndo* rhs) { return DateKey(*lhs) < DateKey(*rhs); }
+
+std::vector<MultiRenameUndo*> SessionsByDate(MultiRenameUndoStore& store) {
+  store.Load();
+  std::vector<MultiRenameUndo*> sessions;
+  for (const auto& session : store.sessions) sessions.push_back(session.get());
+  std::ranges::sort(sessions, IsOlder);
+  return sessions;
+}
+
+std::string IsoDate(const SYSTEMTIME& date) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%04u-%02u-%02uT%02u:%02u:%02u", unsigned{date.wYear},
+                unsigned{date.wMonth}, unsigned{date.wDay}, unsigned{date.wHour}, unsigned{date.wMinute},
+                unsigned{date.wSecond});
+  return text;
+}
+
+bool IsSameFileName(const WString& lhs, const WString& rhs) {
+  return CompareStringOrdinal(lhs.c_str(), static_cast<int>(lhs.size()), rhs.c_str(),
+                              static_cast<int>(rhs.size()), TRUE) == CSTR_EQUAL;
+}
+
+// The session of a file in the store's folder, by its bare name; null if it is none.
+MultiRenameUndo* SessionOfFile(MultiRenameUndoStore& store, const WString& name) {
+  store.Load();
+  const auto found = std::ranges::find_if(
+      store.sessions, [&name](const auto& session) { return IsSameFileName(session->fileName, name); });
+  return found == store.sessions.end() ? nullptr : found->get();
+}
+
+// The store's session that is meant by a name or a path; null if it is none of the store's.
+MultiRenameUndo* SessionMeant(MultiRenameUndoStore& store, const WString& text) {
+  if (text.find_first_of(W("\\/")) == WString::npos) return SessionOfFile(store, text);
+  const std::optional<WString> path = FullPathOf(text);
+  if (!path) return nullptr;
+  const std::size_t nameAt = path->rfind(W('\\')) + 1;
+  const std::optional<WString> folder = FullPathOf(store.folder);
+  const bool isStores = folder && IsSameFileName(path->substr(0, nameAt), *folder + W('\\'));
+  return isStores ? SessionOfFile(store, path->substr(nameAt)) : nullptr;
+}
+
+BadCall NoUndoFile(MultiRenameUndoStore& store, const std::string& text) {
+  std::vector<std::string> names;
+  for (const MultiRenameUndo* const session : SessionsByDate(store)) {
+    names.push_back(ToUtf8(session->fileName));
+  }
+  if (names.empty()) return BadCall("there are no undo files in " + ToUtf8(store.folder));
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  return BadCall("\"" + text + "\" is no undo file" + DidYouMean(text, views) +
+                 ". `qxhost rename --list-undo` shows which there are");
+}
+
+// A session of a file that lies elsewhere.
+std::unique_ptr<MultiRenameUndo> ForeignSession(MultiRenameUndoStore& store, const std::string& text) {
+  const std::optional<WString> path = FullPathOf(PathFromUtf8(text));
+  if (!path || text.find_first_of("\\/") == std::string::npos) throw NoUndoFile(store, text);
+  std::string bytes;
+  if (const DWORD error = ReadWholeFile(*path, bytes); error != ERROR_SUCCESS) {
+    throw BadCall("cannot read " + text + ": " + ErrorText(error));
+  }
+  std::unique_ptr<MultiRenameUndo> session =
+      ReadUndoText({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+  if (!session) throw BadCall(text + " is no undo file");
+  return session;
+}
+
+std::string BytesOf(WStringView text) {
+  std::string bytes;
+  bytes.reserve(text.size() * 2);
+  for (const WCHAR c : text) {
+    bytes += static_cast<char>(c & 0xFF);
+    bytes += static_cast<char>(c >> 8);
+  }
+  return bytes;
+}
+
+WString EntryKey(const MultiRenameUndoEntry& entry) {
+  // A character that no name and no path holds, on any system.
+  return entry.folder + WCHAR() + entry.oldName + WCHAR() + entry.newName;
+}
+
+std::string Renames(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " rename" : " renames");
+}
+
+// The readers of undo files look at no more than this.
+bool IsTooLong(const WString& path) {
+  const std::optional<FileFacts> facts = ReadFileFacts(path);
+  return facts && facts->size > kMostOfUndoFile;
+}
+
+}  // namespace
+
+UndoEvent UndoEventOf(const MultiRenameUndoStore& store, MultiRenameUndo& session) {
+  UndoEvent event;
+  event.file = store.PathOf(session);
+  event.date = IsoDate(session.date);
+  event.dateText = DateText(session);
+  event.items = session.entries.size();
+  event.restored = session.haveRestored;
+  return event;
+}
+
+void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store) {
+  std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
+  std::ranges::reverse(sessions);
+  for (MultiRenameUndo* const session : sessions) shared.reporter.Undo(UndoEventOf(store, *session));
+  if (sessions.empty()) {
+    shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
+  } else {
+    shared.reporter.Say("They are in " + ToUtf8(store.folder) +
+                        ". Take one back: qxhost rename --undo NAME, or --undo last for the first of these");
+  }
+}
+
+void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
+  MultiRenameUndoStore& store = session.UndoStore();
+  std::unique_ptr<MultiRenameUndo> foreign;
+  MultiRenameUndo* taken = nullptr;
+  if (text == kNewestUndo) {
+    const std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
+    if (sessions.empty()) throw NoUndoFile(store, text);
+    taken = sessions.back();
+  } else {
+    taken = SessionMeant(store, PathFromUtf8(text));
+  }
+  if (!taken) {
+    foreign = ForeignSession(store, text);
+    taken = foreign.get();
+  }
+  if (taken->haveRestored) shared.output.Problem("note: this run has been taken back before");
+  session.Restore(*taken);
+  const bool isTooLong = !foreign && IsTooLong(store.PathOf(*taken));
+  if (isTooLong) {
+    shared.output.Problem("the undo file is longer than " + std::to_string(kMostOfUndoFile) +
+                          " bytes; what lies beyond them was not taken back");
+  } else if (!foreign && !isDryRun) {
+    // A file of which a part was not read would lose it.
+    taken->haveRestored = true;
+    store.Save(*taken);
+  }
+  if (!foreign) shared.reporter.Undo(UndoEventOf(store, *taken));
+  shared.reporter.Say(session.StatusText());
+}
+
+bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& text) {
+  store.Load();
+  std::vector<WString> names;
+  if (text == kEveryUndo) {
+    for (const auto& session : store.sessions) names.push_back(session->fileName);
+    store.DeleteAll();
+  } else {
+    MultiRenameUndo* const session = SessionMeant(store, PathFromUtf8(text));
+    if (!session) throw NoUndoFile(store, text);
+    names.push_back(session->fileName);
+    store.Delete(session);
+  }
+  std::size_t deleted = 0;
+  for (const WString& name : names) {
+    if (SessionOfFile(store, name)) {
+      shared.output.Problem("cannot delete " + ToUtf8(store.folder + name));
+      continue;
+    }
+    ++deleted;
+    shared.reporter.Say("deleted " + ToUtf8(name));
+  }
+  if (names.empty()) shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
+  return deleted == names.size();
+}
+
+void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
+  std::string expected;
+  WriteUndoText(session, [&expected](WStringView text) { expected += BytesOf(text); });
+  const WString path = store.PathOf(session);
+  std::string bytes;
+  if (const DWORD error = ReadWholeFile(path, bytes); error != ERROR_SUCCESS || bytes != expected) {
+    output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
+                   (error == ERROR_SUCCESS ? "" : ": " + ErrorText(error)));
+  }
+  const std::unique_ptr<MultiRenameUndo> kept =
+      ReadUndoText({reinterpret_cast<const std::uint8_t*>(expected.data()), expected.size()});
+  std::unordered_set<WString> keys;
+  if (kept) {
+    for (const MultiRenameUndoEntry& entry : kept->entries) keys.insert(EntryKey(entry));
+  }
+  std::size_t lost = 0;
+  const MultiRenameUndoEntry* first = nullptr;
+  for (const MultiRenameUndoEntry& entry : session.entries) {
+    if (keys.contains(EntryKey(entry))) continue;
+    ++lost;
+    if (!first) first = &entry;
+  }
+  if (lost == 0) return;
+  output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
+                 " cannot be kept, first of " + ToUtf8(first->folder + first->oldName) +
+                 (expected.size() > kMostOfUndoFile
+                      ? ": an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes"
+                      : ": its lines are parted at each | and at line ends"));
+  if (kept && kept->entries.size() + lost > session.entries.size()) {
+    output.Problem("the undo file has lines that look like renames of other files: do not take it back");
+  }
+}
+
+}  // namespace QxHost
