@@ -125,7 +125,7 @@ class ProseReporter final : public Reporter {
     std::string line = event.blocks ? "! " : event.objection.empty() ? "  " : "? ";
     if (event.oldName == event.newName && event.objection.empty()) line = "= ";
     line += ToUtf8(event.oldName);
-    const std::size_t width = WidthOf(line);
+    const std::size_t width = CharactersOf(line);
     const std::size_t column = event.nameWidth + kRowGap + kRowMarkWidth;
     line.append(width < column ? column - width : 1, ' ');
     line += ToUtf8(event.newName);

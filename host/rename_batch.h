@@ -15,6 +15,8 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   FileOperation(FileItemTree& items, Reporter& reporter, Output& output, bool dryRun, bool inOrder = false)
       : items_(items), reporter_(reporter), output_(output), dryRun_(dryRun), inOrder_(inOrder) {}
 
+  bool IsInOrder() const { return inOrder_; }
+
   int FileExists(const WCHAR* path) override;
   Velmora::SDK::IHostFileItem* GetFileItem(const WCHAR* path, u32 one) override;
   // The list stays its owner's, who releases it.

@@ -66,7 +66,7 @@ bool RenameSession::IsBlocked() const {
 std::vector<u32> RenameSession::Outlook() {
   Output silence([](std::string_view) { return true; }, [](std::string_view) { return true; });
   const std::unique_ptr<Reporter> unheard = MakeProseReporter(silence);
-  FileOperation dryOperation(shared_.items, *unheard, silence, true);
+  FileOperation dryOperation(shared_.items, *unheard, silence, true, shared_.fileOperation.IsInOrder());
   IHostRenameBatch* const batch = dryOperation.CreateRenameBatch();
   for (MultiRenameItem* const row : engine_->items) {
     batch->AddByItem(row->hostItem, row->newName.c_str(), row);
