@@ -135,8 +135,11 @@ class Planner {
         parent = folder.moved;
         path = std::move(moved);
         rows_[row].waitsFor = folder.mover;
-        plan_.folders[row] = OtherFolder(parent);
       }
+    }
+    // All paths below a folder that is renamed have one spelling of it. Its own is known by now.
+    if (wanted.isByPath && tree_.FolderPath(parent) != wanted_.folders[wanted.folder]) {
+      plan_.folders[row] = OtherFolder(parent);
     }
     DWORD& result = plan_.results[row];
     if (parent == folder.node) result = files_.Look(path);

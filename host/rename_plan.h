@@ -50,8 +50,8 @@ struct RenameChain {
 struct RenamePlan {
   // By row: 0 for a rename that is to be done, otherwise its result.
   std::vector<DWORD> results;
-  // By row: where the file is before the run, an index into WantedRenames::folders or, from its size on, into
-  // `otherFolders`.
+  // By row: where the file is before the run, in one spelling for all paths of a folder; an index into
+  // WantedRenames::folders or, from its size on, into `otherFolders`.
   std::vector<std::uint32_t> folders;
   std::vector<WString> otherFolders;
   std::vector<RenameChain> chains;  // in the order in which they are to run

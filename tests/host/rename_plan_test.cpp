@@ -309,7 +309,17 @@ TEST_F(RenamePlanTest, AFolderIsSpelledAsItsOwnRenameHasItWhateverNameComesFirst
   Path("a", "c");
   Path("c\\d", "e");
   Plan();
-  EXPECT_THAT(steps_, ElementsAre("a>c", "a\\d>e", "B>A"));
+  EXPECT_THAT(steps_, ElementsAre("a>c", "B>A", "a\\d>e"));
+}
+
+TEST_F(RenamePlanTest, AllPathsBelowAFolderHaveTheSpellingOfItsRename) {
+  files_.isCaseBlind = true;
+  Exist({"a", "a\\a", "a\\a\\A"});
+  Path("A\\d\\A", "b");
+  Path("A\\a", "d");
+  Path("a", "A");
+  Plan();
+  EXPECT_THAT(steps_, ElementsAre("a\\a>d", "a\\a\\A>b", "a>A"));
 }
 
 TEST_F(RenamePlanTest, PathsBelowAFolderThatIsRefusedAreRefused) {
