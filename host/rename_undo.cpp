@@ -221,11 +221,13 @@ void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenam
     if (!first) first = &entry;
   }
   if (lost == 0) return;
-  output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
-                 " cannot be kept, first of " + ToUtf8(first->folder + first->oldName) +
-                 (expected.size() > kMostOfUndoFile
-                      ? ": an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes"
-                      : ": its lines are parted at each | and at line ends"));
+  output.Problem(
+      "the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
+      " cannot be kept, first of " +
+      ToUtf8(first->folder + (first->folder.ends_with(W('\\')) ? W("") : W("\\")) + first->oldName) +
+      (expected.size() > kMostOfUndoFile
+           ? ": an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes"
+           : ": its lines are parted at each | and at line ends"));
   if (kept && kept->entries.size() + lost > session.entries.size()) {
     output.Problem("the undo file has lines that look like renames of other files: do not take it back");
   }

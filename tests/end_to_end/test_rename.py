@@ -41,9 +41,9 @@ class Preview(RenameTest):
         self.make("b.txt", "a.TXT")
         outcome = self.rename("--name", "new [C]", "--case", "lower", "b.txt", "a.TXT")
         self.assertEqual(outcome.of("row"), [
-            {"event": "row", "folder": windows_path(self.folder) + "\\", "old": "b.txt", "new": "new 01.txt",
+            {"event": "row", "folder": windows_path(self.folder), "old": "b.txt", "new": "new 01.txt",
              "state": READY},
-            {"event": "row", "folder": windows_path(self.folder) + "\\", "old": "a.TXT", "new": "new 02.txt",
+            {"event": "row", "folder": windows_path(self.folder), "old": "a.TXT", "new": "new 02.txt",
              "state": READY}])
         self.assertEqual(self.names(), ["a.TXT", "b.txt"])
         self.assertEqual(self.undo_files(), [])
@@ -52,7 +52,7 @@ class Preview(RenameTest):
         self.make("one.txt", "second.txt", "same.txt")
         outcome = self.prose("--find", "on", "--replace", "ON", "one.txt", "second.txt", "same.txt")
         self.assertEqual(outcome.stdout.split("\n"), [
-            windows_path(self.folder) + "\\",
+            windows_path(self.folder),
             "  one.txt      ONe.txt",
             "  second.txt   secONd.txt",
             "= same.txt     same.txt",
@@ -284,7 +284,7 @@ class UndoFiles(RenameTest):
             text = file.read().decode("utf-16-le")
         self.assertRegex(self.undo_files()[0], r"^MultiRenameUndoData-20\d\d-\d\d-\d\d-\d{6}\.dat$")
         self.assertRegex(text, r"^\[INFO\]\r\nDate : \d+\r\nItems : 1\r\nHaveRestored : 0\r\n\r\n\[FILES\]\r\n")
-        self.assertTrue(text.endswith("\r\n%s\\|a.txt|b.txt\r\n" % windows_path(self.folder)), text)
+        self.assertTrue(text.endswith("\r\n%s|a.txt|b.txt\r\n" % windows_path(self.folder)), text)
 
     def test_the_list_is_by_date_and_last_is_the_newest_by_date(self):
         self.make("new.txt", "older.txt")
