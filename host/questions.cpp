@@ -1,7 +1,6 @@
 #include "host/questions.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 #include "host/ascii_case.h"
@@ -30,6 +29,10 @@ std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::s
   }
   return found;
 }
+
+// The most mistakes in the name of a dialog. The host does not know the names of the dialogs that did not
+// come, and two of them may have more in common than a mistyped word has with its name.
+constexpr std::size_t kMostMistakesInDialog = 2;
 
 bool MayEndWithOk(const std::function<bool()>& isOkEnabled) { return !isOkEnabled || isOkEnabled(); }
 
@@ -203,6 +206,19 @@ std::string Questions::FormFieldsLeft() const {
   return list;
 }
 
+void Questions::RefuseMistypedDialogs() {
+  const std::vector<std::string_view> names(dialogs_.begin(), dialogs_.end());
+  for (const FormValue& row : form_) {
+    const std::size_t dot = row.field.find('.');
+    if (dot == std::string::npos) continue;
+    const std::string dialog = row.field.substr(0, dot);
+    const std::string_view nearest = NearestName(dialog, names, kMostMistakesInDialog);
+    if (nearest.empty() || nearest == dialog) continue;
+    Refuse("--form " + row.field + ": no dialog " + dialog + " came. Did you mean " + std::string(nearest) +
+           row.field.substr(dot) + "?");
+  }
+}
+
 bool Questions::FillForm(const std::string& dialog, const std::vector<DialogField>& fields) {
   for (const FormValue& row : TakeFormValues(dialog)) {
     const std::optional<FieldMistake> mistake = SetField(fields, row.field, row.value);
@@ -241,6 +257,7 @@ bool Questions::EditDialog(const WString& title, const WString& text, const std:
 
 bool Questions::AskDialog(const std::string& dialog, const WString& title, const WString& text,
                           const std::vector<DialogField>& fields, const std::function<bool()>& isOkEnabled) {
+  dialogs_.insert(dialog);
   bool accepted = false;
   const bool filled = FillForm(dialog, fields);
   if (const std::optional<Answer> answer = TakeAnswer()) {

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "host/answers.h"
@@ -75,6 +76,8 @@ class Questions {
   std::size_t FormValuesLeft() const { return form_.size(); }
   // The fields of --form that no dialog has taken, as they were given: "D.find, D.replace".
   std::string FormFieldsLeft() const;
+  // Refuses those of them that name a dialog which did not come, but nearly one that did.
+  void RefuseMistypedDialogs();
 
  private:
   // Why a field has not got its value, and the end of a message about it.
@@ -95,6 +98,7 @@ class Questions {
   Output& output_;
   Answers answers_;
   std::vector<FormValue> form_;
+  std::set<std::string> dialogs_;  // those that came
   ReadLine readLine_;
   bool refused_ = false;
 };

@@ -247,6 +247,28 @@ TEST_F(QuestionsTest, FieldsThatNoDialogHasTakenAreNamed) {
   EXPECT_EQ(questions_->FormFieldsLeft(), "");
 }
 
+TEST_F(QuestionsTest, AMistypedDialogIsRefusedWithTheNearestOfThoseThatCame) {
+  Questions& questions = Ask({"ok", "ok"}, {{"ConfirmReplaceDl.text", W("a")}});
+  EXPECT_TRUE(questions.AskDialog("FindAndReplaceDlg", W("T"), W("Top"), Fields()));
+  EXPECT_TRUE(questions.AskDialog("ConfirmReplaceDlg", W("T"), W("Top"), Fields()));
+  questions.RefuseMistypedDialogs();
+  EXPECT_TRUE(questions.HasRefused());
+  EXPECT_EQ(recorded_.problems,
+            "qxhost: --form ConfirmReplaceDl.text: no dialog ConfirmReplaceDl came. "
+            "Did you mean ConfirmReplaceDlg.text?\n");
+}
+
+TEST_F(QuestionsTest, ADialogThatDidNotComeOrCameOnceTooFewIsNotMistyped) {
+  Questions& questions = Ask({"ok"}, {{"ConfirmReplaceDlg.text", W("a")},
+                                      {"FindAndReplaceDlg.text", W("b")},
+                                      {"FindAndReplaceDlg.text", W("c")}});
+  EXPECT_TRUE(questions.AskDialog("FindAndReplaceDlg", W("T"), W("Top"), Fields()));
+  questions.RefuseMistypedDialogs();
+  EXPECT_EQ(questions.FormValuesLeft(), 2u);
+  EXPECT_FALSE(questions.HasRefused());
+  EXPECT_EQ(recorded_.problems, "");
+}
+
 TEST_F(QuestionsTest, OkThatIsDisabledDoesNotFitAndIsReportedAsCancel) {
   const auto isOkEnabled = [this] { return digit_ == W("1"); };
   EXPECT_FALSE(Ask({"ok"}, {{"digit", W("2")}}).AskDialog("D", W("T"), W(""), Fields(), isOkEnabled));
