@@ -1,5 +1,6 @@
 #include "host/answers.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "host/nearest_name.h"
@@ -34,6 +35,11 @@ std::optional<Answer> ParseAnswer(std::string_view text) {
 std::string NearestAnswer(std::string_view text) {
   std::vector<std::string_view> words;
   for (const Word& row : kWords) words.push_back(row.word);
+  // One letter is too little for a proposal elsewhere, where there are more names.
+  const auto beginsSo = [text](const Word& row) { return row.word.starts_with(text); };
+  if (text.size() == 1 && std::ranges::count_if(kWords, beginsSo) == 1) {
+    return ". Did you mean " + std::string(std::ranges::find_if(kWords, beginsSo)->word) + "?";
+  }
   const std::size_t equals = text.find('=');
   return DidYouMean(equals == std::string_view::npos ? text : text.substr(0, equals + 1), words);
 }

@@ -96,7 +96,8 @@ std::string JoinedNames(const std::vector<std::string_view>& names) {
 std::string NoSuchVerb(const std::string& argument, const std::vector<std::string_view>& verbs) {
   std::string proposal = DidYouMean(argument, verbs);
   // The verb was left out in front of a command.
-  if (proposal.empty() && FindCommand(argument)) proposal = ". Did you mean command " + argument + "?";
+  const std::string command = proposal.empty() ? ProposedCommand(argument) : std::string();
+  if (!command.empty()) proposal = ". Did you mean command " + command + "?";
   return "\"" + argument + "\" is no verb; there are: " + JoinedNames(verbs) + proposal;
 }
 

@@ -143,12 +143,30 @@ std::vector<CommandName> CommandsThatBeginWith(std::string_view beginning) {
                 ". Type more of its name");
 }
 
+constexpr std::size_t kShortestPart = 3;
+constexpr std::size_t kMostProposed = 5;
+
+// The nearest name, or if none is near the few names that contain the text.
+std::string ProposalOf(std::string_view text, const std::vector<std::string_view>& names) {
+  const std::string nearest = DidYouMean(text, names);
+  if (!nearest.empty() || text.size() < kShortestPart) return nearest;
+  const std::string part = AsciiLower(text);
+  std::string list;
+  std::size_t count = 0;
+  for (const std::string_view name : names) {
+    if (name.find(part) == std::string_view::npos) continue;
+    list += (list.empty() ? "" : ", ") + std::string(name);
+    ++count;
+  }
+  return count == 0 || count > kMostProposed ? std::string() : ". Did you mean " + list + "?";
+}
+
 [[noreturn]] void RefuseUnknownName(std::string_view text) {
   std::vector<std::string_view> names;
   for (const CommandName& row : kCommandNames) names.push_back(row.name);
   throw BadCall("\"" + std::string(text) +
                 "\" is no command: give its number or its name, as `qxhost menu` shows them" +
-                DidYouMean(text, names));
+                ProposalOf(text, names));
 }
 
 }  // namespace
@@ -165,6 +183,17 @@ std::optional<std::int32_t> FindCommand(std::string_view text) {
   const auto* const row = std::ranges::find(kCommandNames, AsciiLower(text), &CommandName::name);
   if (row == std::end(kCommandNames)) return std::nullopt;
   return row->number;
+}
+
+std::string ProposedCommand(std::string_view text) {
+  if (const std::optional<std::int32_t> number = FindCommand(text)) {
+    return NameOfCommand(*number).empty() ? std::string() : std::string(text);
+  }
+  const std::vector<CommandName> candidates = CommandsThatBeginWith(AsciiLower(text));
+  if (candidates.size() == 1) return std::string(candidates.front().name);
+  std::vector<std::string_view> names;
+  for (const CommandName& row : kCommandNames) names.push_back(row.name);
+  return candidates.empty() ? std::string(NearestName(text, names)) : std::string();
 }
 
 std::int32_t CommandOfText(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace QxHost {
@@ -23,6 +24,10 @@ std::string_view NameOfCommand(std::int64_t number);
 // The number of a command that is given as a decimal number or by its whole name, in any case. Nothing for
 // anything else.
 std::optional<std::int32_t> FindCommand(std::string_view text);
+
+// The command that was likely typed where a verb should be: a number or name of the menu as it is given, or
+// the one name that begins so or else is nearest. Empty if there is none.
+std::string ProposedCommand(std::string_view text);
 
 // As FindCommand, where a beginning of a name will do that no other name has. Throws BadCall for anything
 // else, which lists the names with such a beginning, or proposes the nearest one.

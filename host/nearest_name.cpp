@@ -35,9 +35,10 @@ std::size_t CountMistakes(std::string_view typed, std::string_view name) {
 
 }  // namespace
 
-std::string_view NearestName(std::string_view typed, std::span<const std::string_view> names) {
+std::string_view NearestName(std::string_view typed, std::span<const std::string_view> names,
+                             std::size_t mostMistakes) {
   const std::string loweredTyped = AsciiLower(typed);
-  const std::size_t mostMistakes = (typed.size() + kTypedPerMistake - 1) / kTypedPerMistake;
+  mostMistakes = std::min(mostMistakes, (typed.size() + kTypedPerMistake - 1) / kTypedPerMistake);
   std::string_view nearest;
   std::size_t fewest = mostMistakes + 1;
   for (const std::string_view name : names) {

@@ -1,7 +1,6 @@
 #include "host/questions.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 #include "host/ascii_case.h"
@@ -29,6 +28,17 @@ std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::s
     found = button;
   }
   return found;
+}
+
+// The most mistakes in the name of a dialog. The host does not know the names of the dialogs that did not
+// come, and two of them may have more in common than a mistyped word has with its name.
+constexpr std::size_t kMostMistakesInDialog = 2;
+
+// Adds the sentence of a proposal, which begins with the full stop of the one before. The text may have that
+// already, where it ends with the value of a field.
+std::string WithProposal(std::string text, const std::string& proposal) {
+  if (text.ends_with('.') && !proposal.empty()) text.pop_back();
+  return text + proposal;
 }
 
 bool MayEndWithOk(const std::function<bool()>& isOkEnabled) { return !isOkEnabled || isOkEnabled(); }
@@ -161,16 +171,31 @@ std::optional<std::size_t> Questions::AskChoice(const WString& title, const WStr
   return result;
 }
 
+Questions::FieldMistake Questions::MistakeOfValue(const DialogField& field, const std::string& value) {
+  FieldMistake mistake{"the field " + field.name + " cannot be " + value, {}, {}};
+  if (field.isEnabled && !field.isEnabled()) {
+    mistake.reason = ": it is disabled";
+    return mistake;
+  }
+  std::vector<std::string> words;
+  for (const WString& word : field.words) words.push_back(ToUtf8(word));
+  for (const std::string& word : words)
+    mistake.reason += (mistake.reason.empty() ? ": it takes " : ", ") + word;
+  const std::vector<std::string_view> views(words.begin(), words.end());
+  mistake.proposal = DidYouMean(value, views);
+  return mistake;
+}
+
 std::optional<Questions::FieldMistake> Questions::SetField(const std::vector<DialogField>& fields,
                                                            const std::string& name, const WString& value) {
   const auto field = std::ranges::find(fields, name, &DialogField::name);
   if (field == fields.end()) {
     std::vector<std::string_view> names;
     for (const DialogField& candidate : fields) names.push_back(candidate.name);
-    return FieldMistake{"there is no field " + name, DidYouMean(name, names)};
+    return FieldMistake{"there is no field " + name, {}, DidYouMean(name, names)};
   }
-  if (!field->set(value)) return FieldMistake{"the field " + name + " cannot be " + ToUtf8(value), {}};
-  return std::nullopt;
+  if (field->set(value)) return std::nullopt;
+  return MistakeOfValue(*field, ToUtf8(value));
 }
 
 // What is for this dialog. Where a field comes again under the dialog's name, that begins what the next one
@@ -203,12 +228,26 @@ std::string Questions::FormFieldsLeft() const {
   return list;
 }
 
+void Questions::RefuseMistypedDialogs() {
+  const std::vector<std::string_view> names(dialogs_.begin(), dialogs_.end());
+  for (const FormValue& row : form_) {
+    const std::size_t dot = row.field.find('.');
+    if (dot == std::string::npos) continue;
+    const std::string dialog = row.field.substr(0, dot);
+    const std::string_view nearest = NearestName(dialog, names, kMostMistakesInDialog);
+    if (nearest.empty() || nearest == dialog) continue;
+    Refuse("--form " + row.field + ": no dialog " + dialog + " came. Did you mean " + std::string(nearest) +
+           row.field.substr(dot) + "?");
+  }
+}
+
 bool Questions::FillForm(const std::string& dialog, const std::vector<DialogField>& fields) {
   for (const FormValue& row : TakeFormValues(dialog)) {
     const std::optional<FieldMistake> mistake = SetField(fields, row.field, row.value);
     if (!mistake) continue;
-    Refuse(mistake->text + " in the dialog " + dialog + "; its fields are " + FieldList(fields) +
-           mistake->proposal);
+    Refuse(WithProposal(mistake->text + " in the dialog " + dialog + mistake->reason + "; its fields are " +
+                            FieldList(fields),
+                        mistake->proposal));
     return false;
   }
   return true;
@@ -235,12 +274,13 @@ bool Questions::EditDialog(const WString& title, const WString& text, const std:
     }
     const std::optional<FieldMistake> mistake =
         SetField(fields, line->substr(0, equals), PathFromUtf8(line->substr(equals + 1)));
-    if (mistake) prompt = mistake->text + mistake->proposal + "\n";
+    if (mistake) prompt = mistake->text + mistake->reason + mistake->proposal + "\n";
   }
 }
 
 bool Questions::AskDialog(const std::string& dialog, const WString& title, const WString& text,
                           const std::vector<DialogField>& fields, const std::function<bool()>& isOkEnabled) {
+  dialogs_.insert(dialog);
   bool accepted = false;
   const bool filled = FillForm(dialog, fields);
   if (const std::optional<Answer> answer = TakeAnswer()) {

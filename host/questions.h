@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "host/answers.h"
@@ -20,7 +21,9 @@ namespace QxHost {
 struct DialogField {
   std::string name;
   std::function<WString()> get;
-  std::function<bool(const WString&)> set;  // false: no value of this field
+  std::function<bool(const WString&)> set;    // false: no value of this field
+  std::vector<WString> words = {};            // the values that it takes; empty if they are no list
+  std::function<bool()> isEnabled = nullptr;  // null: it always is
 };
 
 // A value for a field, as `--form F=V` gives it: for the next dialog, or, with a field of the form DIALOG.F,
@@ -75,17 +78,21 @@ class Questions {
   std::size_t FormValuesLeft() const { return form_.size(); }
   // The fields of --form that no dialog has taken, as they were given: "D.find, D.replace".
   std::string FormFieldsLeft() const;
+  // Refuses those of them that name a dialog which did not come, but nearly one that did.
+  void RefuseMistypedDialogs();
 
  private:
   // Why a field has not got its value, and the end of a message about it.
   struct FieldMistake {
     std::string text;
+    std::string reason;
     std::string proposal;
   };
 
   std::optional<std::string> ReadAnswer(const std::string& prompt);
   std::vector<FormValue> TakeFormValues(const std::string& dialog);
   bool FillForm(const std::string& dialog, const std::vector<DialogField>& fields);
+  static FieldMistake MistakeOfValue(const DialogField& field, const std::string& value);
   std::optional<FieldMistake> SetField(const std::vector<DialogField>& fields, const std::string& name,
                                        const WString& value);
   bool EditDialog(const WString& title, const WString& text, const std::vector<DialogField>& fields,
@@ -95,6 +102,7 @@ class Questions {
   Output& output_;
   Answers answers_;
   std::vector<FormValue> form_;
+  std::set<std::string> dialogs_;  // those that came
   ReadLine readLine_;
   bool refused_ = false;
 };

@@ -192,6 +192,7 @@ int Run::Finish(int value, const std::string& noteOfZero) {
   }
   if (questions_->FormValuesLeft() != 0) {
     output_.Problem("note: no dialog came that --form could fill: " + questions_->FormFieldsLeft());
+    questions_->RefuseMistypedDialogs();
   }
   if (questions_->HasRefused()) return kExitBadCall;
   if (value == 0) {

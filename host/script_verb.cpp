@@ -11,7 +11,7 @@ namespace {
 // The module's text for a number that it cannot read names no parameter.
 std::string WithHint(const std::string& failure) {
   if (failure.find("stoi argument") == std::string::npos) return failure;
-  return failure + ". A number among the parameters is none, or too large; nothing was done";
+  return failure + ". A parameter that takes a number has no digits, or too large a number; nothing was done";
 }
 
 bool IsGivenEmpty(ScriptCall& call, const char* name) {

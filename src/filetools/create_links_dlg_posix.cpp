@@ -18,6 +18,7 @@ constexpr Platform::ChoiceWord kKindWords[] = {
 
 Platform::FormField While(const bool& isEnabled, Platform::FormField field) {
   field.set = [&isEnabled, set = field.set](const WString& text) { return isEnabled && set(text); };
+  field.isEnabled = [&isEnabled] { return isEnabled; };
   return field;
 }
 

@@ -4,8 +4,7 @@
 
 #include "platform/text.h"
 
-// Returns false for a name that is empty, holds a character that no file name has (a separator, a colon, one
-// of
-// `*?<>|"`, a control character), consists of dots and blanks, which the system cuts off a name's end, or is
-// that of a device, with or without an extension: NUL, COM1.txt.
+// Returns false for a name that is empty, holds a character that no file name has (a separator, a colon, a
+// control character, one of `*?<>|"`), consists of dots and blanks, which the system cuts off the end of a
+// name, or is that of a device, with or without an extension: NUL, COM1.txt.
 bool IsFileNameToDecode(WStringView name);

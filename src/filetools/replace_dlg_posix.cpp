@@ -44,7 +44,9 @@ Platform::FormField PartField(const char* name, int& field) {
     }
     return false;
   };
-  return {name, get, set};
+  std::vector<WString> words;
+  for (const PartText& row : kParts) words.emplace_back(row.text);
+  return {name, get, set, std::move(words)};
 }
 
 }  // namespace

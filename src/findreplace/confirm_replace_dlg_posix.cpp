@@ -23,7 +23,9 @@ constexpr Platform::ChoiceWord kResultWords[] = {
 // The switch between the views, where there is one.
 Platform::FormField ViewField(ConfirmReplaceForm& form) {
   Platform::FormField field = Platform::FlagField("rawShown", form.rawShown);
-  if (!CanSwitchView(form)) field.set = [](const WString&) { return false; };
+  if (CanSwitchView(form)) return field;
+  field.set = [](const WString&) { return false; };
+  field.isEnabled = [] { return false; };
   return field;
 }
 

@@ -28,7 +28,7 @@ class Dialog {
   virtual ~Dialog() = default;
 
   // Shows the dialog in the middle of its owner (of the screen without one) and runs it until Close. A dialog
-  // that is higher than the work area of its monitor scrolls, see scroll_area.h. Answers what Close was
+  // that is higher than the work area of its monitor scrolls, see scroll_area.h. Returns what Close was
   // given, and IDCANCEL where the window cannot be made. An exception of a handler ends the dialog and leaves
   // from here, as none may pass through the system's window code.
   INT_PTR ShowModal(HWND owner);

@@ -236,7 +236,7 @@ class Failures(SortTest):
         for value, text in (("x", "invalid stoi argument"), ("2147483648", "stoi argument out of range")):
             with self.subTest(value=value):
                 outcome = self.script("a.txt", "KEEPTOP=" + value, status=3)
-                self.assertIn("OnCustomCommand: " + text + ". A number among the parameters is none, or too large",
+                self.assertIn("OnCustomCommand: " + text + ". A parameter that takes a number has no digits, or too large a number",
                               outcome.stderr)
         self.assertEqual((self.names(), self.read("a.txt")), (["a.txt"], b"b\na\n"))
 

@@ -120,9 +120,15 @@ TEST(CommandNames, WhatIsNoneIsRefusedWithTheNearestName) {
   EXPECT_EQ(RefusalOf("SortLines"), std::string("\"SortLines\"") + kIsNone + ". Did you mean sort-lines?");
   EXPECT_EQ(RefusalOf("sort-lines-now"),
             std::string("\"sort-lines-now\"") + kIsNone + ". Did you mean sort-lines?");
-  for (const std::string text : {"", "x", "30000x", "99999999999", "0x7530", "+1", " 30000", "-", "lines"}) {
+  for (const std::string text : {"", "x", "30000x", "99999999999", "0x7530", "+1", " 30000", "-"}) {
     EXPECT_EQ(RefusalOf(text), "\"" + text + "\"" + kIsNone);
   }
+}
+
+TEST(CommandNames, TheFewNamesThatContainTheTextAreProposedWhereNoneIsNear) {
+  EXPECT_TRUE(RefusalOf("mous").ends_with(". Did you mean control-mouse?")) << RefusalOf("mous");
+  EXPECT_TRUE(RefusalOf("Lines").ends_with(". Did you mean sort-lines?")) << RefusalOf("Lines");
+  EXPECT_TRUE(RefusalOf("and").ends_with("shows them")) << RefusalOf("and");  // too many
 }
 
 TEST(CommandNames, AreFoundWholeOrByNumber) {

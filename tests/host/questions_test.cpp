@@ -239,12 +239,71 @@ TEST_F(QuestionsTest, TheNearestFieldIsProposedForAMistypedOne) {
   EXPECT_THAT(recorded_.problems, HasSubstr("there is no field Text. Did you mean text?\n"));
 }
 
+TEST_F(QuestionsTest, AWrongWordIsRefusedWithTheWordsThatTheFieldTakes) {
+  std::vector<DialogField> fields = Fields();
+  fields[1].words = {W("line"), W("substring"), W("item")};
+  EXPECT_FALSE(Ask({"ok"}, {{"digit", W("itm")}}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_EQ(
+      recorded_.problems,
+      "qxhost: the field digit cannot be itm in the dialog D: it takes line, substring, item; its fields "
+      "are text=old, digit=1. Did you mean item?\n");
+  EXPECT_TRUE(questions_->HasRefused());
+  recorded_.problems.clear();
+  EXPECT_TRUE(AskPerson({"digit=itm", "ok"}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_THAT(
+      recorded_.problems,
+      HasSubstr("the field digit cannot be itm: it takes line, substring, item. Did you mean item?\n"));
+}
+
+TEST_F(QuestionsTest, AFieldThatIsDisabledIsRefusedAsThat) {
+  std::vector<DialogField> fields = Fields();
+  fields[1].words = {W("1"), W("x")};
+  fields[1].isEnabled = [] { return false; };
+  EXPECT_FALSE(Ask({"ok"}, {{"digit", W("x")}}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_EQ(recorded_.problems,
+            "qxhost: the field digit cannot be x in the dialog D: it is disabled; its fields are text=old, "
+            "digit=1\n");
+  recorded_.problems.clear();
+  EXPECT_TRUE(AskPerson({"digit=x", "ok"}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_THAT(recorded_.problems, HasSubstr("the field digit cannot be x: it is disabled\n"));
+}
+
+TEST_F(QuestionsTest, AProposalFollowsAFullStopWithoutAnother) {
+  text_ = W("It ends.");
+  std::vector<DialogField> fields = Fields();
+  std::swap(fields[0], fields[1]);
+  EXPECT_FALSE(Ask({"ok"}, {{"diigt", W("2")}}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_THAT(recorded_.problems, testing::EndsWith("text=It ends. Did you mean digit?\n"));
+}
+
 TEST_F(QuestionsTest, FieldsThatNoDialogHasTakenAreNamed) {
   Questions& questions = Ask({"ok"}, {{"text", W("a")}, {"E.text", W("b")}, {"E.digit", W("3")}});
   EXPECT_TRUE(questions.AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_EQ(questions.FormFieldsLeft(), "E.text, E.digit");
   EXPECT_TRUE(Ask({"ok"}, {}).AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_EQ(questions_->FormFieldsLeft(), "");
+}
+
+TEST_F(QuestionsTest, AMistypedDialogIsRefusedWithTheNearestOfThoseThatCame) {
+  Questions& questions = Ask({"ok", "ok"}, {{"ConfirmReplaceDl.text", W("a")}});
+  EXPECT_TRUE(questions.AskDialog("FindAndReplaceDlg", W("T"), W("Top"), Fields()));
+  EXPECT_TRUE(questions.AskDialog("ConfirmReplaceDlg", W("T"), W("Top"), Fields()));
+  questions.RefuseMistypedDialogs();
+  EXPECT_TRUE(questions.HasRefused());
+  EXPECT_EQ(recorded_.problems,
+            "qxhost: --form ConfirmReplaceDl.text: no dialog ConfirmReplaceDl came. "
+            "Did you mean ConfirmReplaceDlg.text?\n");
+}
+
+TEST_F(QuestionsTest, ADialogThatDidNotComeOrCameOnceTooFewIsNotMistyped) {
+  Questions& questions = Ask({"ok"}, {{"ConfirmReplaceDlg.text", W("a")},
+                                      {"FindAndReplaceDlg.text", W("b")},
+                                      {"FindAndReplaceDlg.text", W("c")}});
+  EXPECT_TRUE(questions.AskDialog("FindAndReplaceDlg", W("T"), W("Top"), Fields()));
+  questions.RefuseMistypedDialogs();
+  EXPECT_EQ(questions.FormValuesLeft(), 2u);
+  EXPECT_FALSE(questions.HasRefused());
+  EXPECT_EQ(recorded_.problems, "");
 }
 
 TEST_F(QuestionsTest, OkThatIsDisabledDoesNotFitAndIsReportedAsCancel) {

@@ -29,17 +29,19 @@ inline FormField TextField(const char* name, WString& member, std::function<bool
 
 // A text that is shown and cannot be changed.
 inline FormField ShownField(const char* name, std::function<WString()> get) {
-  return {name, std::move(get), [](const WString&) { return false; }};
+  return {name, std::move(get), [](const WString&) { return false; }, {}, [] { return false; }};
 }
 
 // A check box: 1 and 0.
 inline FormField FlagField(const char* name, bool& member) {
-  return {name, [&member] { return WString(member ? W("1") : W("0")); },
+  return {name,
+          [&member] { return WString(member ? W("1") : W("0")); },
           [&member](const WString& text) {
             if (text != W("0") && text != W("1")) return false;
             member = text == W("1");
             return true;
-          }};
+          },
+          {W("0"), W("1")}};
 }
 
 // A choice by its word. What has no word is shown as an empty text.
@@ -62,7 +64,9 @@ inline FormField ChoiceField(const char* name, int& member, std::span<const Choi
     }
     return false;
   };
-  return {name, get, set};
+  std::vector<WString> all;
+  for (const ChoiceWord& row : words) all.emplace_back(row.word);
+  return {name, get, set, std::move(all)};
 }
 
 // A field that takes values while it is enabled, as its control in the window would.
@@ -94,7 +98,8 @@ std::vector<FormField> FollowedFields(Form& form, std::span<const RuledField<For
       follow(form, before);
       return true;
     };
-    fields.push_back({row.field.name, row.field.get, set});
+    fields.push_back({row.field.name, row.field.get, set, row.field.words,
+                      [&form, isEnabled = row.isEnabled] { return isEnabled(form); }});
   }
   return fields;
 }

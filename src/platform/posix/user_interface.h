@@ -18,6 +18,10 @@ struct FormField {
   std::function<WString()> get;
   // Takes the field's value as text. False if the text is no value of this field.
   std::function<bool(const WString&)> set;
+  // The values that the field takes; empty if they are no list.
+  std::vector<WString> words = {};
+  // Returns whether the field takes values as the form is. Null: it always does.
+  std::function<bool()> isEnabled = nullptr;
 };
 
 // A dialog that is asked for: its class name, its title and what stands at its top as the user would see
