@@ -42,7 +42,7 @@ class CommandVerb final : public Verb {
     const s32 number = CommandOfText(command_);
     if (number >= kFirstRename && number <= kLastRename) return;
     throw BadCall("--dry-run holds back renames, and the command " + CommandTitle(number) +
-                  " is none: leave --dry-run out and work on a copy. It is for the commands " +
+                  " renames nothing: leave --dry-run out and work on a copy. It is for the commands " +
                   std::to_string(kFirstRename) + " to " + std::to_string(kLastRename));
   }
 

@@ -7,7 +7,7 @@
 namespace QxHost {
 namespace {
 
-// Answers the buffer, or the empty text where there is none.
+// Returns the buffer, or the empty text if there is no buffer.
 const WCHAR* GivePath(WCHAR* buffer, u32 size, const WString& path) {
   if (!buffer || size == 0) return W("");
   CopyTerminated<WCHAR>(buffer, size, path.size() < size ? WStringView(path) : WStringView());

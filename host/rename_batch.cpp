@@ -50,7 +50,8 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   reporter_.Rename({from, newName, rename.result, dryRun_});
   if (rename.result == kRenameDone || rename.result == kRenameIgnored) return;
   hasFailed_ = true;
-  output_.Problem("cannot rename " + ToUtf8(from) + " to " + ToUtf8(newName) + ": " +
+  output_.Problem("cannot rename " + ToUtf8(from) +
+                  (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
                   ErrorText(rename.result));
 }
 

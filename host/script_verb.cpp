@@ -44,7 +44,7 @@ class ScriptVerb final : public Verb {
 
   void CheckDryRun() const override {
     if (IsList()) return;
-    throw BadCall("--dry-run holds back renames, and a script command is none: work on a copy");
+    throw BadCall("--dry-run holds back renames, and script commands rename nothing: work on a copy");
   }
 
   int Execute(Run& run) override {

@@ -101,7 +101,7 @@ class EncodeBuffer {
   std::unique_ptr<unsigned char[]> bytes_ = std::make_unique<unsigned char[]>(kEncodeBlock + kSize + kSpare);
 };
 
-// Removes each pair of CR and LF; a pair that this makes stays. Answers the characters left.
+// Removes each pair of CR and LF; a pair that this makes stays. Returns the number of characters left.
 std::size_t RemoveLineEnds(char* text, std::size_t size) {
   char* to = text;
   const char* from = text;

@@ -26,7 +26,12 @@ std::optional<WString> ExistingTarget(const WString& target) {
 // Returns whether a junction `link` to `target` would lead to itself; `link` is a folder, or an older
 // junction, which counts as itself and not as the folder that it leads to.
 bool LeadsToItself(const WString& link, const WString& target) {
-  const WString path = target.starts_with(kSystemRoot) ? target.substr(kSystemRoot.size()) : target;
+  WString path = target;
+  if (target.starts_with(kSystemRoot)) {
+    path.erase(0, kSystemRoot.size());
+    if (path.starts_with(W("UNC\\"))) path.replace(0, 3, W("\\"));
+    if (path.starts_with(W("Volume{"))) path.insert(0, W("\\\\?\\"));
+  }
   return IsSameFile(link, LinkEnd::kItself, path, LinkEnd::kFollowed) ||
          IsSameFile(link, LinkEnd::kItself, path, LinkEnd::kItself);
 }

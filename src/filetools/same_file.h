@@ -12,8 +12,8 @@ enum class LinkEnd {
 };
 
 // Returns whether the two paths are one file or folder. The file system knows, by the volume and the index of
-// files that can be opened; a path without a file is never that of a file. Where the file system cannot tell,
-// and where neither path has a file yet, the full paths are compared, without regard to case.
+// files that can be opened; a path that exists and one that does not are two files. Where the file system
+// cannot tell, and where neither path has a file yet, the full paths are compared, without regard to case.
 bool IsSameFile(const WString& one, LinkEnd oneEnd, const WString& other, LinkEnd otherEnd);
 
 // Returns whether two open files are one; nothing if their file system gives files no index.

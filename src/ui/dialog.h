@@ -70,7 +70,7 @@ class Dialog {
 
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  // Answers what the dialog procedure does.
+  // Returns what the dialog procedure returns.
   INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
   BOOL Start();
   void HandleCommand(int control, int notification);

@@ -117,6 +117,23 @@ TEST_F(NativeLinksTest, EachStepOfAJunctionMayFail) {
   }
 }
 
+// A look at whether link and target are one folder may fail alone and stops nothing.
+TEST_F(NativeLinksTest, AJunctionFailsWhereTheOpeningOfItsFolderAloneFails) {
+  constexpr int kNever = 1000;
+  Faults::Fail("CreateFileW", kNever, 5);
+  ASSERT_EQ(CreateJunction(link_, target_), ERROR_SUCCESS);
+  const int opening = Faults::CallCount("CreateFileW");
+  Faults::Clear();
+  ASSERT_GT(opening, 1);
+  for (int nth = 1; nth <= opening; ++nth) {
+    ASSERT_TRUE(RemoveDirectoryW(link_.c_str()));
+    Faults::Fail("CreateFileW", nth, 5);
+    EXPECT_EQ(CreateJunction(link_, target_), nth == opening ? 13u : DWORD{ERROR_SUCCESS}) << nth;
+    Faults::Clear();
+  }
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
+}
+
 TEST_F(NativeLinksTest, EachStepOfAJunctionMayFailOnAFolderThatWasThere) {
   scratch_.MakeFolder(W("link"));
   for (const char* function :

@@ -21,7 +21,7 @@ namespace {
 // A text of three buffers and a half: five reads, of which the last finds the end, and four writes.
 class TextConversionFaults : public testing::Test {
  protected:
-  // Returns the boxes, which get these buttons; there is none for which no button is left.
+  // Returns the boxes shown, which are answered with these buttons in turn; each box must have one.
   std::vector<ShownBox> Convert(std::initializer_list<int> buttons = {}) {
     BoxAnswers boxes(buttons);
     ConvertTextFileInPlace(files_.host, path_, 30101, 0);
