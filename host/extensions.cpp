@@ -196,6 +196,10 @@ std::vector<std::optional<WString>> Extensions::ColumnValues(FileItem& item) {
   return values;
 }
 
+std::optional<WString> Extensions::ColumnValueAt(FileItem& item, std::size_t index) {
+  return ColumnValue(item, shared_.columns.at(index));
+}
+
 std::optional<WString> Extensions::ColumnValue(FileItem& item, const DeclaredColumn& column) {
   constexpr std::size_t kCellChars = Velmora::SDK::StoredProperty::kTextCharacters;
   std::array<WCHAR, kCellChars + 1> text = {};  // a zero stands behind a cell that is filled whole

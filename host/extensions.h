@@ -55,6 +55,8 @@ class Extensions {
   // is kept with the item.
   std::vector<ColumnHead> ColumnHeads() const;
   std::vector<std::optional<WString>> ColumnValues(FileItem& item);
+  // The value of the column at this place of ColumnHeads, asked for anew.
+  std::optional<WString> ColumnValueAt(FileItem& item, std::size_t index);
 
   // Shuts all extensions down and deletes them.
   void Stop();

@@ -27,6 +27,31 @@ std::size_t CharactersOf(WStringView text) {
       std::ranges::count_if(text, [](WCHAR unit) { return unit < 0xDC00 || unit > 0xDFFF; }));
 }
 
+bool MayAskForProperty(const RenameRules& rules) {
+  constexpr WStringView kPropertyTag = W("[?");
+  return rules.filename.find(kPropertyTag) != WString::npos ||
+         rules.extension.find(kPropertyTag) != WString::npos;
+}
+
+// Makes the columns of the module's extensions known as properties of files. The engine's worker asks for
+// their values while the main thread waits for it, so the tree of items has one user at a time.
+void AddColumns(Run& run) {
+  Extensions& extensions = run.LoadExtensions();
+  extensions.Start();
+  Shared& shared = run.Host();
+  const std::vector<ColumnHead> heads = extensions.ColumnHeads();
+  for (std::size_t index = 0; index < heads.size(); ++index) {
+    shared.properties.Add(
+        {heads[index].name, heads[index].heading,
+         [&shared, &extensions, index](const WString& fullPath) -> std::optional<PropertyValue> {
+           FileItem* const item = shared.items.Find(fullPath);
+           std::optional<WString> value = item ? extensions.ColumnValueAt(*item, index) : std::nullopt;
+           if (!value) return std::nullopt;
+           return PropertyValue(std::move(*value));
+         }});
+  }
+}
+
 std::string RowCount(std::size_t count) { return std::to_string(count) + (count == 1 ? " row" : " rows"); }
 
 // Why no run can start with the row.
@@ -107,12 +132,14 @@ class RenameVerb final : public Verb {
     run.MakeConfigFolder();
     RenameSession session(run.Host());
     if (!actions.empty()) {
+      if (listProperties_) AddColumns(run);
       if (!actions.front().does(run, session)) run.Host().hasFailedFiles = true;
       return 1;
     }
     if (!SaveRules(run, session)) run.Host().hasFailedFiles = true;
     if (!WorksOnItems(run.HasItemList())) return 1;
     const RenameRules rules = RulesOf(rules_, session.Host());
+    if (MayAskForProperty(rules)) AddColumns(run);
     session.Preview(rules);
     run_ ? Rename(run, session, rules) : Show(run, session);
     return 1;

@@ -391,8 +391,16 @@ class Saved(RenameTest):
 
     def test_properties_are_listed_with_their_display_names(self):
         listed = [(event["name"], event["display"]) for event in self.rename("--list-properties").of("property")]
-        self.assertEqual([name for name, _ in listed], ["size", "created", "modified", "accessed", "attributes"])
+        self.assertEqual([name for name, _ in listed], ["size", "created", "modified", "accessed", "attributes",
+                                                        "owner", "access", "ADScount", "ADSsize"])
         self.assertEqual(listed[2][1], "Date modified")
+
+    def test_the_columns_of_the_module_are_properties_too(self):
+        self.make("a.txt")
+        cells = {event["name"]: event["value"] for event in self.run_json("columns", "a.txt").of("column")}
+        self.assertTrue(cells["owner"])
+        outcome = self.rename("--name", "[?owner]", "a.txt")
+        self.assertEqual(self.rows(outcome), [("a.txt", cells["owner"] + ".txt", 0)])
 
 
 class Calls(RenameTest):

@@ -125,7 +125,9 @@ TEST_F(NativeRecords, AllGroupsGrantBeforeOneDenies) {
 // Walking the entries must grant what the system does: every mode, for the owner, a member of the group and
 // all others.
 TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsForEveryMode) {
-  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  if (IsSuperuser()) {
+    ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  }
   const AsOrdinaryUser nobody;
   for (mode_t mode = 0; mode < 01000; ++mode) {
     // The owner may always change the mode.
@@ -219,7 +221,9 @@ TEST_F(NativeRecords, AMissingListGrantsEverythingAndAnEmptyOneNothing) {
 }
 
 TEST_F(NativeRecords, TheOwnerKeepsTheListOfAFileThatNobodyMayWrite) {
-  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  if (IsSuperuser()) {
+    ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  }
   const AsOrdinaryUser nobody;
   BuiltList list;
   list.Add(0, 3, kRead, EveryoneSid());
