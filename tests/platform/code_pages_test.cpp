@@ -136,6 +136,7 @@ TEST(CodePagesTest, Utf8GoesThereAndBack) {
       {"\xEF\xBF\xBF", W("\uFFFF")},
       {"\xF0\x90\x80\x80", W("\U00010000")},
       {"\xF0\x9F\x98\x80z", W("\U0001F600z")},
+      {"\xF0\x92\x8D\x85", W("\U00012345")},
       {"\xF4\x8F\xBF\xBF", W("\U0010FFFF")},
   };
   for (const auto& row : rows) {
