@@ -75,7 +75,7 @@ TEST_F(LinksTest, AShortcutOverAFileThatIsNoShortcutIsError3InTheLogAndInABox) {
   EXPECT_EQ(CreateWithRetry(4), 3u);
   EXPECT_EQ(scratch_.Read(W("kept.lnk")), "not a shortcut");
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Unknown", 3, link_, target_), LinkBox(3)));
+              ElementsAre(LinkFailed("Unknown", 3, link_, target_), LinkErrorBox(3)));
 }
 
 TEST_F(LinksTest, AJunctionOfAFolderToItselfIsError13InTheLogAndInABox) {
@@ -83,7 +83,7 @@ TEST_F(LinksTest, AJunctionOfAFolderToItselfIsError13InTheLogAndInABox) {
   EXPECT_EQ(CreateWithRetry(2), 13u);
   EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
-              ElementsAre(LinkFailed("Junction", 13, link_, target_), LinkBox(13)));
+              ElementsAre(LinkFailed("Junction", 13, link_, target_), LinkErrorBox(13)));
 }
 
 TEST_F(LinksTest, AJunctionIsRefusedWhereAFileIs) {

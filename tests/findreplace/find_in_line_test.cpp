@@ -158,6 +158,18 @@ TYPED_TEST(FindInLineTest, LengthOfZeroMeasuresTheTextAndFindsAnEmptyMatch) {
   }
 }
 
+// The walk with case looks at the character at its place before it compares anything.
+TYPED_TEST(FindInLineTest, EmptyTextIsFoundAtOnceButWithCaseNotBeforeAZero) {
+  EXPECT_EQ(this->Case("ab", ""), this->At(0, 0));
+  EXPECT_EQ(this->Case("ab", "", 1), this->At(1, 1));
+  EXPECT_EQ(this->Case("\0ab"sv, ""), this->kNone);
+  EXPECT_EQ(this->Case("a\0b"sv, ""), this->At(0, 0));
+  EXPECT_EQ(this->Case("a\0b"sv, "", 1), this->kNone);
+  EXPECT_EQ(this->Case("a\0b"sv, "", 2), this->At(2, 2));
+  EXPECT_EQ(this->NoCase("\0ab"sv, ""), this->At(0, 0));
+  EXPECT_EQ(this->NoCase("a\0b"sv, "", 1), this->At(1, 1));
+}
+
 TYPED_TEST(FindInLineTest, EmptyItemOfAListMeansTheRestOfTheListAndIsInNoLine) {
   const auto lines = MakeLines<TypeParam>("\nab\n");
   ASSERT_EQ(lines->items[0].length, 0u);

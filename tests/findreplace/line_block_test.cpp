@@ -95,6 +95,25 @@ TYPED_TEST(FindLineBlockTest, EmptyFirstItemIsInNoLine) {
   EXPECT_EQ(this->Find("x\nb\n", "\n\nb"), this->kNone);
 }
 
+// No find text splits into such an item: an empty one has the rest of the text after it.
+TYPED_TEST(FindLineBlockTest, EmptyItemWithNothingAfterItIsFoundAtOnceButWithCaseNotBeforeAZero) {
+  const TypeParam nothing[] = {0};
+  Lines lines;
+  lines.items.push_back({reinterpret_cast<const char*>(nothing), 0, LineEnding::None, 0});
+  const auto document = MakeDocument<TypeParam>("\0a\nb\n"sv);
+  const auto find = [&](bool ignoreCase, TextPosition start) {
+    LineMatch match;
+    FindLineBlock(*document, match, lines, start, ignoreCase);
+    EXPECT_TRUE(match.found);
+    return NumbersOf(match.range);
+  };
+  EXPECT_EQ(find(false, {0, 0}), (RangeNumbers{1, 0, 1, 0}));
+  EXPECT_EQ(find(false, {0, 1}), (RangeNumbers{0, 1, 0, 1}));
+  EXPECT_EQ(find(true, {0, 0}), (RangeNumbers{0, 0, 0, 0}));
+  document->lines[0].removed = 1;
+  EXPECT_EQ(find(true, {0, 0}), (RangeNumbers{1, 0, 1, 0}));
+}
+
 TYPED_TEST(FindLineBlockTest, FailureGoesOnWithTheNextLine) {
   EXPECT_EQ(this->Find("a\nx\na\nb", "a\nb"), this->At(2, 0, 3, 1));
   EXPECT_EQ(this->Find("aa\naa\nb", "a\nb"), this->At(1, 0, 2, 1));

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 
 #include <new>
+#include <tuple>
+#include <vector>
 
 #include "data/thrown.h"
 #include "findreplace/documents.h"
@@ -192,6 +194,23 @@ TYPED_TEST(TextDocumentLoaderTest, EveryTextComesBackFromEveryBlockSizeThatHolds
         << block;
     EXPECT_EQ(this->Rewrite(text, block), text) << block;
   }
+}
+
+TYPED_TEST(TextDocumentLoaderTest, SpansNameTheBlockTheFirstLineAndTheEndOfTheText) {
+  using Span = std::tuple<std::uint32_t, std::size_t, std::ptrdiff_t>;
+  const auto spansOf = [](const DocumentPointer<TypeParam>& document) {
+    std::vector<Span> spans;
+    for (const auto& span : document->spans) {
+      const char* const block = document->blocks.at(span.block).get();
+      spans.emplace_back(span.firstLine, span.block, span.end - reinterpret_cast<const TypeParam*>(block));
+    }
+    return spans;
+  };
+  // The blocks hold "abc\ndefg", "defgh\nij" and "ijk\n\nl".
+  EXPECT_THAT(spansOf(MakeDocument<TypeParam>("abc\ndefgh\nijk\n\nl", 8)),
+              ElementsAre(Span(0, 0, 3), Span(1, 1, 5), Span(2, 2, 6)));
+  EXPECT_THAT(spansOf(MakeDocument<TypeParam>("a\n\nb\r\n", 8)), ElementsAre(Span(0, 0, 4)));
+  EXPECT_THAT(spansOf(MakeDocument<TypeParam>("", 8)), IsEmpty());
 }
 
 TYPED_TEST(TextDocumentLoaderTest, CrLfThatEndsWithItsBlockIsOneEnding) {

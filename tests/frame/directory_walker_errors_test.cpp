@@ -120,6 +120,23 @@ TEST(DirectoryWalker, LevelBeyondTheStackHasNoSlot) {
   walker.depth = 0;
 }
 
+TEST(DirectoryWalker, PathOfAFolderHas4096CharactersAtMost) {
+  for (const std::size_t size : {4096u, 4097u}) {
+    const ScratchFolder scratch;
+    scratch.MakeFolder(W("a"));
+    Walker walker;
+    Prepared(walker, scratch.Path(), Walker::kPassDotEntries | Walker::kRecurse);
+    ASSERT_EQ(walker.NextWithRetry(), Walker::kFolder);
+    walker.path = WString(size - 2, W('x'));  // and a backslash and the name
+    walker.descendNext = true;
+    const Walker::Code code = walker.NextWithRetry();
+    EXPECT_EQ(walker.depth, size == 4096 ? 1 : 0);
+    if (size > 4096) {
+      EXPECT_EQ(code, Walker::kInvalidSearch);
+    }
+  }
+}
+
 // Levels of 110 characters, so that the third ends beyond 260 and the fifth beyond 520 characters.
 TEST(DirectoryWalker, DeepPathsAreWalkedToTheirEnd) {
   const ScratchFolder scratch;

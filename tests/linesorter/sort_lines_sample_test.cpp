@@ -35,6 +35,8 @@ TEST(SortLinesSample, HalfAMarkAndTheMarkOfTheOtherOrderAreBytes) {
   using namespace std::string_view_literals;
   EXPECT_EQ(Sample("\xFF"sv), W("\u00FF"));
   EXPECT_EQ(Sample("\xFE\xFF\0a"sv), WString(W("\u00FE\u00FF\0a"), 4));
+  EXPECT_EQ(Sample("\xFF\0"sv), WString(W("\u00FF\0"), 2));
+  EXPECT_EQ(Sample("a\xFE\xFF\xFE"), W("a\u00FE\u00FF\u00FE"));
 }
 
 TEST(SortLinesSample, LinesEndInCrLfWhateverTheyEndedIn) {

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
 #include "platform/outcome.h"
 #include "platform/text.h"
 
@@ -55,6 +59,39 @@ TEST(CodePagesTest, CharactersOutsideTheCodePageBecomeTheirLikes) {
   }
 }
 
+// For all 65536 units. The numbers are those of Windows' table of likes: how many units of a page of 256 have
+// a byte, and a digest (FNV-1a) over each of these units' lower byte and its byte.
+TEST(CodePagesTest, EveryUnitHasTheLikeThatWindowsGivesIt) {
+  struct Page {
+    unsigned page;
+    unsigned count;
+    std::uint32_t digest;
+    bool operator==(const Page&) const = default;
+  };
+  constexpr Page kPages[] = {
+      {0x00, 229, 0x1FA0C631}, {0x01, 164, 0x9571A058}, {0x02, 13, 0x8024650E}, {0x03, 27, 0x55F0B71B},
+      {0x04, 1, 0x5EC665B6},   {0x05, 1, 0x144AB2BA},   {0x06, 1, 0xA83FD888},  {0x20, 50, 0xBAC56BBF},
+      {0x21, 31, 0xA30C8926},  {0x22, 21, 0x2290F3FC},  {0x23, 7, 0x39601933},  {0x25, 49, 0x3A9A2A3E},
+      {0x26, 1, 0x2DF67F8D},   {0x27, 1, 0x5513C941},   {0x30, 8, 0x1D61CC3A},  {0xFF, 93, 0x76BA34B1}};
+  constexpr std::uint32_t kBasis = 2166136261;
+  for (unsigned page = 0; page < 256; ++page) {
+    Page found = {page, 0, kBasis};
+    const auto take = [&found](unsigned byte) { found.digest = (found.digest ^ byte) * 16777619; };
+    for (unsigned low = 0; low < 256; ++low) {
+      const auto unit = static_cast<WCHAR>(page << 8 | low);
+      char byte = 0;
+      BOOL used = FALSE;
+      ASSERT_EQ(WideCharToMultiByte(1252, 0, &unit, 1, &byte, 1, nullptr, &used), 1);
+      if (used) continue;
+      ++found.count;
+      take(low);
+      take(static_cast<unsigned char>(byte));
+    }
+    const auto* const expected = std::ranges::find(kPages, page, &Page::page);
+    EXPECT_EQ(found, (expected != std::end(kPages) ? *expected : Page{page, 0, kBasis})) << std::hex << page;
+  }
+}
+
 TEST(CodePagesTest, CharactersWithoutALikeBecomeTheDefault) {
   char target[10] = {};
   BOOL used = 7;
@@ -99,6 +136,7 @@ TEST(CodePagesTest, Utf8GoesThereAndBack) {
       {"\xEF\xBF\xBF", W("\uFFFF")},
       {"\xF0\x90\x80\x80", W("\U00010000")},
       {"\xF0\x9F\x98\x80z", W("\U0001F600z")},
+      {"\xF0\x92\x8D\x85", W("\U00012345")},
       {"\xF4\x8F\xBF\xBF", W("\U0010FFFF")},
   };
   for (const auto& row : rows) {

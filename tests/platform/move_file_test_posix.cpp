@@ -197,6 +197,17 @@ TEST_F(MoveAcrossTest, AFileTakesItsBytesTimesAndPermissionsAlong) {
   EXPECT_TRUE(fs::is_empty(other_));
 }
 
+TEST_F(MoveAcrossTest, FilesOfNoByteAndOfOneMoveWhole) {
+  for (const char* bytes : {"", "x"}) {
+    scratch_.Write(W("a.txt"), bytes);
+    EXPECT_EQ(MoveOut(W("a.txt"), "b.txt"), kNoFailure);
+    EXPECT_FALSE(scratch_.Exists(W("a.txt")));
+    EXPECT_EQ(MoveIn("b.txt", W("c.txt")), kNoFailure);
+    EXPECT_EQ(scratch_.Read(W("c.txt")), bytes);
+    ASSERT_TRUE(fs::remove(scratch_.NativePath(W("c.txt"))));
+  }
+}
+
 TEST_F(MoveAcrossTest, ExtendedAttributesGoAlong) {
   scratch_.Write(W("a.txt"), "abc");
   const ino_t source = InodeOf(scratch_.NativePath(W("a.txt")));
