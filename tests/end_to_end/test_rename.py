@@ -2,9 +2,8 @@ import os
 import re
 import subprocess
 import tempfile
-import unittest
 
-from qxhost import COMMAND, IS_WINDOWS, TIMEOUT_SECONDS, HostTest, windows_path
+from qxhost import COMMAND, TIMEOUT_SECONDS, HostTest, windows_path
 
 RENAMED, DUPLICATE, INVALID, FAILED, IGNORED = 6, 1, 2, 3, 4
 READY = 0
@@ -363,7 +362,6 @@ class Saved(RenameTest):
         self.assertEqual(self.rename("--list-profiles").of("profile"), [])
         self.assertIn("no profile", self.refused("--delete-profile", "My rules"))
 
-    @unittest.skipIf(IS_WINDOWS, "the same box, whose question is the same")
     def test_a_profile_is_replaced_only_when_the_answer_is_yes(self):
         self.rename("--name", "one", "--save-profile", "P")
         self.rename("--name", "two", "--save-profile", "p", answers=["no"])
@@ -400,7 +398,8 @@ class Saved(RenameTest):
         cells = {event["name"]: event["value"] for event in self.run_json("columns", "a.txt").of("column")}
         self.assertTrue(cells["owner"])
         outcome = self.rename("--name", "[?owner]", "a.txt")
-        self.assertEqual(self.rows(outcome), [("a.txt", cells["owner"] + ".txt", 0)])
+        state = INVALID if "\\" in cells["owner"] else READY
+        self.assertEqual(self.rows(outcome), [("a.txt", cells["owner"] + ".txt", state)])
 
 
 class Calls(RenameTest):

@@ -169,7 +169,7 @@ TEST_F(ChangeAccessDlgWindow, EnglishTextsFitAndControlsStandApart) {
   });
 }
 
-TEST_F(ChangeAccessDlgWindow, TextsLongerByTwoFifthsFitToo) {
+TEST_F(ChangeAccessDlgWindow, LongerTextsFitToo) {
   SpeakAtLength(host_);
   Show([](HWND dialog) {
     ExpectNoTextCutOff(dialog);

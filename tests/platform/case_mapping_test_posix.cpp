@@ -1,0 +1,15 @@
+// Case mapping where Wine ends with a page fault instead of an error.
+
+#include <gtest/gtest.h>
+
+#include "platform/outcome.h"
+#include "platform/windows_api.h"
+
+namespace {
+
+TEST(LCMapStringTest, ATargetWithRoomMustExist) {
+  EXPECT_EQ(FailureOf(LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, W("abc"), 3, nullptr, 3)), 87u);
+  EXPECT_EQ(FailureOf(LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, W("a"), 1, nullptr, 1)), 87u);
+}
+
+}  // namespace
