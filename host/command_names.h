@@ -26,7 +26,7 @@ std::string_view NameOfCommand(std::int64_t number);
 std::optional<std::int32_t> FindCommand(std::string_view text);
 
 // The command that was likely typed where a verb should be: a number or name of the menu as it is given, or
-// the one name that begins so or else is nearest. Empty if there is none.
+// the one name that begins so, or else the nearest one. Empty if no name is near.
 std::string ProposedCommand(std::string_view text);
 
 // As FindCommand, where a beginning of a name will do that no other name has. Throws BadCall for anything

@@ -202,7 +202,7 @@ std::optional<WString> Extensions::ColumnValueAt(FileItem& item, std::size_t ind
 
 std::optional<WString> Extensions::ColumnValue(FileItem& item, const DeclaredColumn& column) {
   constexpr std::size_t kCellChars = Velmora::SDK::StoredProperty::kTextCharacters;
-  std::array<WCHAR, kCellChars + 1> text = {};  // a zero stands behind a cell that is filled whole
+  std::array<WCHAR, kCellChars + 1> text = {};  // one more, for the terminator of a full cell
   const auto owner = std::ranges::find(extensions_, column.owner, &Extension::index);
   const bool hasValue = owner != extensions_.end() && owner->properties && Guarded("GetPropertyValue", [&] {
                           return owner->properties->GetPropertyValue(

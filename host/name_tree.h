@@ -25,15 +25,15 @@ class NameTree {
     Id parent;
     WStringView name;
     std::uint32_t source = kNoRow;   // the rename of this file; of several the first
-    Id claimant = kRoots;            // the file that is to have this name; kRoots if there is none
+    Id claimant = kRoots;            // the file that is to have this name, or kRoots
     std::optional<DWORD> look = {};  // what FileView::Look says of it, once it was asked
   };
 
   // Room is made for `expected` nodes; there may be more.
   NameTree(FileView& files, std::size_t expected);
 
-  // The node of a name in a folder, made if there is none. The text must last as long as the tree. A node has
-  // a higher number than its folder.
+  // Returns the node of a name in a folder, and makes it if it is missing. The text must last as long as the
+  // tree. A node has a higher number than its folder.
   Id Child(Id folder, WStringView name);
 
   // Gives a node its spelling on the disk, which may differ from the present one in letter case.

@@ -12,7 +12,7 @@ const char* const kRenameHelp =
   [N5] five characters from the begin, [N-5] from the end, [N3,4] four from the third, [N3-7] the third to the
       seventh, [N,3] from the third on; the same with E and F
 
-The order is: templates, letter case, --find and --replace. Name and extension are searched apart.
+The order is: templates, letter case, --find and --replace. Name and extension are searched separately.
 
 A preview has the old and the new names in two columns. In front of a row stands
   = if the name stays as it is

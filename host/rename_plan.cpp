@@ -269,7 +269,7 @@ class Planner {
     plan_.chains.push_back(chain);
   }
 
-  // A name that no file has or is to have. If there is none, the run finds out.
+  // Returns a name that no file has or is to have. If every name tried is taken, the run reports it.
   WString TemporaryNameFor(Row row) {
     const Id folder = tree_.At(rows_[row].source).parent;
     WString name;

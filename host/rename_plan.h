@@ -43,7 +43,7 @@ struct RenameChain {
   // A cycle, whose last row goes aside to a temporary name before the first row runs: an index into
   // RenamePlan::temporaryNames. kNoRow for a chain with a free end.
   std::uint32_t temporaryName = kNoRow;
-  // The row of the folder that must have its new name before. kNoRow if there is none.
+  // The row of the folder that must have its new name before. kNoRow if no folder must.
   std::uint32_t waitsFor = kNoRow;
 };
 

@@ -46,14 +46,15 @@ struct RenameRules {
 // beside them takes their place. Throws BadCall for what can be no rule.
 RenameRules RulesOf(const RuleOptions& options, Velmora::SDK::IHostApp& host);
 
-// The number of a saved list of pairs. Throws BadCall for what is none.
+// The number of a saved list of pairs. Throws BadCall for any other text.
 Velmora::SDK::s32 PairsNumber(const std::string& option, const std::string& text);
 
 // Rules as a profile keeps them, and back.
 std::unique_ptr<Velmora::SDK::MultiRenameProfile> ProfileOf(const WString& name, const RenameRules& rules);
 RenameRules RulesOfProfile(const Velmora::SDK::MultiRenameProfile& profile);
 
-// The profile of that name, without regard to case. Throws BadCall, with the nearest name, if there is none.
+// The profile of that name, without regard to case. Throws BadCall, with the nearest name, if it does not
+// exist.
 const Velmora::SDK::MultiRenameProfile& ProfileNamed(const Velmora::SDK::MultiRenameProfiles& profiles,
                                                      const std::string& name);
 

@@ -50,7 +50,7 @@ bool IsSameFileName(const WString& lhs, const WString& rhs) {
                               static_cast<int>(rhs.size()), TRUE) == CSTR_EQUAL;
 }
 
-// The session of a file in the store's folder, by its bare name; null if it is none.
+// The session of a file in the store's folder, by its bare name; null for a file that is not a session.
 MultiRenameUndo* SessionOfFile(MultiRenameUndoStore& store, const WString& name) {
   store.Load();
   const auto found = std::ranges::find_if(
@@ -58,7 +58,7 @@ MultiRenameUndo* SessionOfFile(MultiRenameUndoStore& store, const WString& name)
   return found == store.sessions.end() ? nullptr : found->get();
 }
 
-// The store's session that is meant by a name or a path; null if it is none of the store's.
+// The store's session of a name or a path; null if it is not in the store.
 MultiRenameUndo* SessionMeant(MultiRenameUndoStore& store, const WString& text) {
   if (text.find_first_of(W("\\/")) == WString::npos) return SessionOfFile(store, text);
   const std::optional<WString> path = FullPathOf(text);
@@ -104,6 +104,11 @@ std::string BytesOf(WStringView text) {
   return bytes;
 }
 
+// The path of a file in the entry's folder.
+WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
+  return entry.folder + (entry.folder.ends_with(W('\\')) ? W("") : W("\\")) + name;
+}
+
 WString EntryKey(const MultiRenameUndoEntry& entry) {
   // A character that no name and no path holds, on any system.
   return entry.folder + WCHAR() + entry.oldName + WCHAR() + entry.newName;
@@ -117,6 +122,26 @@ std::string Renames(std::size_t count) {
 bool IsTooLong(const WString& path) {
   const std::optional<FileFacts> facts = ReadFileFacts(path);
   return facts && facts->size > kMostOfUndoFile;
+}
+
+// Warns of entries that are read back and were no renames of the session. Where the file is cut, so may be
+// its last line, whose new name then is the beginning of another.
+void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const MultiRenameUndo& kept,
+                     bool isCut) {
+  std::unordered_set<WString> keys;
+  for (const MultiRenameUndoEntry& entry : session.entries) keys.insert(EntryKey(entry));
+  const auto isStranger = [&keys](const MultiRenameUndoEntry& entry) {
+    return !keys.contains(EntryKey(entry));
+  };
+  const auto strangers = std::ranges::count_if(kept.entries, isStranger);
+  if (strangers == 0) return;
+  if (strangers == 1 && isCut && isStranger(kept.entries.back())) {
+    output.Problem("the last line that is read of the undo file is cut, and names " +
+                   ToUtf8(PathOfEntry(kept.entries.back(), kept.entries.back().newName)) +
+                   ": where there is such a file, do not take the run back");
+  } else {
+    output.Problem("the undo file has lines that look like renames of other files: do not take it back");
+  }
 }
 
 }  // namespace
@@ -221,16 +246,12 @@ void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenam
     if (!first) first = &entry;
   }
   if (lost == 0) return;
-  output.Problem(
-      "the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
-      " cannot be kept, first of " +
-      ToUtf8(first->folder + (first->folder.ends_with(W('\\')) ? W("") : W("\\")) + first->oldName) +
-      (expected.size() > kMostOfUndoFile
-           ? ": an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes"
-           : ": its lines are parted at each | and at line ends"));
-  if (kept && kept->entries.size() + lost > session.entries.size()) {
-    output.Problem("the undo file has lines that look like renames of other files: do not take it back");
-  }
+  output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
+                 " cannot be kept, first of " + ToUtf8(PathOfEntry(*first, first->oldName)) +
+                 (expected.size() > kMostOfUndoFile
+                      ? ": an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes"
+                      : ": its lines are parted at each | and at line ends"));
+  if (kept) WarnOfStrangers(output, session, *kept, expected.size() > kMostOfUndoFile);
 }
 
 }  // namespace QxHost

@@ -67,6 +67,17 @@ TEST_F(CheckUndoFileTest, WhatLiesBeyondTheReadableSizeIsLost) {
   EXPECT_THAT(Warnings(), HasSubstr("an undo file has at most 5242880 bytes"));
 }
 
+// The limit falls into a new name of three million characters, so that the line is read with the beginning of
+// it.
+TEST_F(CheckUndoFileTest, ALineThatIsCutNamesAFileThatTheRunDidNotMake) {
+  Add(W("a.txt"), W("b.txt"));
+  Add(W("c.txt"), WString(3'000'000, W('n')));
+  const std::string warnings = Warnings();
+  EXPECT_THAT(warnings, HasSubstr("the undo of 1 rename of 2 cannot be kept, first of Z:\\a\\c.txt"));
+  EXPECT_THAT(warnings, HasSubstr("is cut, and names Z:\\a\\nnn"));
+  EXPECT_THAT(warnings, Not(HasSubstr("look like renames of other files")));
+}
+
 TEST_F(CheckUndoFileTest, AFileThatIsNotThereOrNotWholeIsReported) {
   Add(W("a.txt"), W("b.txt"));
   CheckUndoFile(recorded_.output, store_, session_);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/faults_on_demand.h"
 #include "platform/handles.h"
 #include "platform/outcome.h"
 #include "support/scratch_folder.h"
@@ -12,23 +13,8 @@ namespace {
 
 namespace Faults = Platform::Faults;
 
-// Not a number that any of the functions would come upon by itself.
-constexpr DWORD kError = 4711;
-
-class FaultsTest : public testing::Test {
+class FaultsTest : public FaultsOnDemand {
  protected:
-  // `call` must fail with the chosen error at its second call, and not before or after.
-  template <typename Failure>
-  void ExpectSecondCallFails(const char* function, Failure call) {
-    Faults::Fail(function, 2, kError);
-    EXPECT_NE(call(), kError) << function;
-    EXPECT_EQ(call(), kError) << function;
-    EXPECT_NE(call(), kError) << function;
-    EXPECT_EQ(Faults::CallCount(function), 3) << function;
-    Faults::Clear();
-  }
-
-  Faults::Scope scope_;
   ScratchFolder scratch_;
 };
 
@@ -150,9 +136,9 @@ TEST_F(FaultsTest, LocalFreeOnDemandGivesTheMemoryBackToTheCaller) {
   ASSERT_NE(FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_ALLOCATE_BUFFER, nullptr, 5, 0x400,
                            reinterpret_cast<WCHAR*>(&text), 0, nullptr),
             0u);
-  Faults::Fail("LocalFree", 1, kError);
+  Faults::Fail("LocalFree", 1, kFaultError);
   EXPECT_EQ(LocalFree(text), text);
-  EXPECT_EQ(GetLastError(), kError);
+  EXPECT_EQ(GetLastError(), kFaultError);
   EXPECT_EQ(LocalFree(text), nullptr);
 }
 
@@ -160,10 +146,10 @@ TEST_F(FaultsTest, ShellExecuteOnDemandAnswersASmallErrorItself) {
   Faults::Fail("ShellExecuteW", 1, 5);
   EXPECT_EQ(reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, nullptr, W("a.txt"), nullptr, nullptr, SW_SHOW)),
             5);
-  Faults::Fail("ShellExecuteW", 1, kError);
+  Faults::Fail("ShellExecuteW", 1, kFaultError);
   EXPECT_EQ(reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, nullptr, W("a.txt"), nullptr, nullptr, SW_SHOW)),
             31);
-  EXPECT_EQ(GetLastError(), kError);
+  EXPECT_EQ(GetLastError(), kFaultError);
 }
 
 TEST_F(FaultsTest, AFailedCallDoesNothing) {
@@ -171,7 +157,7 @@ TEST_F(FaultsTest, AFailedCallDoesNothing) {
   FileHandle file(OpenFor(path.c_str(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING));
   for (const char* function : {"CreateFileW", "WriteFile", "MoveFileW", "DeleteFileW", "CreateDirectoryW",
                                "SetFileAttributesW", "CloseHandle", "SetFilePointer"}) {
-    Faults::Fail(function, 1, kError);
+    Faults::Fail(function, 1, kFaultError);
   }
   DWORD done = 77;
   EXPECT_FALSE(WriteFile(file.Get(), "xyz", 3, &done, nullptr));
@@ -183,7 +169,7 @@ TEST_F(FaultsTest, AFailedCallDoesNothing) {
   EXPECT_FALSE(CreateDirectoryW(scratch_.Path(W("b")).c_str(), nullptr));
   EXPECT_FALSE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
   EXPECT_FALSE(CloseHandle(file.Get()));
-  EXPECT_EQ(GetLastError(), kError);
+  EXPECT_EQ(GetLastError(), kFaultError);
   EXPECT_EQ(scratch_.Names(), std::vector<WString>{W("a.txt")});
   EXPECT_EQ(scratch_.Read(W("a.txt")), "abc");
   EXPECT_EQ(GetFileAttributesW(path.c_str()), 0x20u);
@@ -192,9 +178,9 @@ TEST_F(FaultsTest, AFailedCallDoesNothing) {
 
 TEST_F(FaultsTest, ARepeatedFaultStaysUntilItIsCleared) {
   const WString path = scratch_.Write(W("a.txt"), "abc");
-  Faults::Fail("GetFileAttributesW", 2, kError, true);
+  Faults::Fail("GetFileAttributesW", 2, kFaultError, true);
   EXPECT_EQ(GetFileAttributesW(path.c_str()), 0x20u);
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(FailureOfValue(GetFileAttributesW(path.c_str())), kError);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(FailureOfValue(GetFileAttributesW(path.c_str())), kFaultError);
   EXPECT_EQ(Faults::CallCount("GetFileAttributesW"), 4);
   Faults::Clear();
   EXPECT_EQ(GetFileAttributesW(path.c_str()), 0x20u);
@@ -262,7 +248,7 @@ TEST_F(FaultsTest, ThePathsThatFunctionsAreGivenAreKeptInOrder) {
   for (const char* function : {"FindFirstFileExW", "GetFileAttributesW", "CreateDirectoryW", "MoveFileW"}) {
     EXPECT_EQ(Faults::Paths(function), std::vector<std::u16string>{path}) << function;
   }
-  Faults::Fail("GetFileAttributesW", 2, kError);
+  Faults::Fail("GetFileAttributesW", 2, kFaultError);
   GetFileAttributesW(nullptr);
   GetFileAttributesW(W("failed"));
   EXPECT_EQ(Faults::Paths("GetFileAttributesW"), (std::vector<std::u16string>{u"", u"failed"}));
@@ -310,8 +296,8 @@ TEST_F(FaultsTest, ASearchWithTheBasicInformationLeavesOneNameOut) {
 TEST(FaultsScopeTest, TheEndOfAScopeDisarmsEverything) {
   {
     const Faults::Scope scope;
-    Faults::Fail("GetFileAttributesW", 1, kError, true);
-    EXPECT_EQ(FailureOfValue(GetFileAttributesW(W("."))), kError);
+    Faults::Fail("GetFileAttributesW", 1, kFaultError, true);
+    EXPECT_EQ(FailureOfValue(GetFileAttributesW(W("."))), kFaultError);
   }
   EXPECT_EQ(FailureOfValue(GetFileAttributesW(W("."))), kNoFailure);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/faults_on_demand.h"
 #include "platform/outcome.h"
 #include "platform/posix/faults.h"
 #include "support/scratch_folder.h"
@@ -11,23 +12,8 @@ namespace {
 
 namespace Faults = Platform::Faults;
 
-// Not a number that any of the functions would come upon by itself.
-constexpr DWORD kError = 4711;
-
-class SecurityFaults : public testing::Test {
+class SecurityFaults : public FaultsOnDemand {
  protected:
-  // `call` must fail with the chosen error at its second call, and not before or after.
-  template <typename Failure>
-  void ExpectSecondCallFails(const char* function, Failure call) {
-    Faults::Fail(function, 2, kError);
-    EXPECT_NE(call(), kError) << function;
-    EXPECT_EQ(call(), kError) << function;
-    EXPECT_NE(call(), kError) << function;
-    EXPECT_EQ(Faults::CallCount(function), 3) << function;
-    Faults::Clear();
-  }
-
-  Faults::Scope scope_;
   ScratchFolder scratch_;
   const WString file_ = scratch_.Write(W("a.txt"), "abc");
 };
@@ -123,8 +109,8 @@ TEST_F(SecurityFaults, EveryFunctionOfAccountsFailsOnDemand) {
   EXPECT_EQ(std::u16string(info.lpUniversalName), u"\\\\server\\share");
   size = 20;
   EXPECT_EQ(WNetGetUniversalNameW(u"Z:\\a", UNIVERSAL_NAME_INFO_LEVEL, buffer, &size), 234u);
-  Faults::Fail("WNetGetUniversalNameW", 1, kError);
-  EXPECT_EQ(WNetGetUniversalNameW(u"Z:\\a", UNIVERSAL_NAME_INFO_LEVEL, buffer, &size), kError);
+  Faults::Fail("WNetGetUniversalNameW", 1, kFaultError);
+  EXPECT_EQ(WNetGetUniversalNameW(u"Z:\\a", UNIVERSAL_NAME_INFO_LEVEL, buffer, &size), kFaultError);
 }
 
 TEST_F(SecurityFaults, EveryFunctionOfTheProcessFailsOnDemand) {
@@ -154,6 +140,6 @@ TEST_F(SecurityFaults, EveryFunctionOfTheProcessFailsOnDemand) {
   ExpectSecondCallFails("GetModuleHandleW",
                         [&] { return FailureOf(GetModuleHandleW(u"ntdll.dll") != nullptr); });
   EXPECT_TRUE(CloseHandle(token));
-  Faults::Fail("NtQueryInformationFile", 1, kError);
+  Faults::Fail("NtQueryInformationFile", 1, kFaultError);
   EXPECT_EQ(static_cast<unsigned>(NtQueryInformationFile(nullptr, nullptr, nullptr, 0, 22)), 0xC0000001u);
 }
