@@ -1,4 +1,4 @@
-"""Counts what a test log tells: prints "PASSED FAILED", or with --failures the lines that matter.
+"""Counts the tests of a log: prints "PASSED FAILED", or with --failures the lines that matter.
 
 Knows GoogleTest (brief or not), Python's unittest, and the project's own checks, which print lines that begin
 with "ok" or "not ok".
@@ -22,13 +22,30 @@ def count(text):
     return passed, failed
 
 
+def failures(text):
+    """The lines of the GoogleTest tests that failed or did not end, else the end of the log."""
+    lines, began = [], None
+    for line in text.splitlines():
+        if line.startswith("[ RUN      ]"):
+            began = len(lines)
+        elif line.startswith("[       OK ]") and began is not None:
+            del lines[began:]
+            began = None
+            continue
+        elif line.startswith("[  FAILED  ]"):
+            began = None
+        elif line.startswith("[-----") or (not line and began is None):
+            continue
+        lines.append(line)
+    return lines
+
+
 def main():
     show = sys.argv[1] == "--failures"
     with open(sys.argv[-1], encoding="utf-8", errors="replace") as log:
         text = log.read()
     if show:
-        lines = text.splitlines()
-        print("\n".join(lines[-120:]))
+        print("\n".join(failures(text)[-120:]))
     else:
         print(*count(text))
 

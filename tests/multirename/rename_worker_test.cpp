@@ -3,12 +3,12 @@
 
 #include <gmock/gmock.h>
 
-#include <semaphore>
 #include <thread>
 
 #include "multirename/rename_host.h"
 #include "platform/message_window.h"
 #include "support/scratch_folder.h"
+#include "support/semaphore.h"
 
 namespace Velmora::SDK {
 namespace {
@@ -24,16 +24,16 @@ class GateProperties final : public IHostPropertyManager {
   u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {
     ++asked;
     if (isOpen) return 0;
-    entered.release();
-    gate.acquire();
+    entered.Release();
+    gate.Acquire();
     return 0;
   }
   void ListProperties(IHostPropertyList*, u32) override {}
 
   std::atomic<bool> isOpen{false};
   std::atomic<int> asked{0};
-  std::counting_semaphore<100> entered{0};
-  std::counting_semaphore<100> gate{0};
+  Semaphore entered;
+  Semaphore gate;
 };
 
 class RenameWorkerTest : public testing::Test {
@@ -123,10 +123,10 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   engine_->propertyManager = &gate_;
   Begin({W("a"), W("b"), W("c")}, W("x[?p][C]"));
   Preview();
-  gate_.entered.acquire();  // in the first row
+  gate_.entered.Acquire();  // in the first row
   std::thread stopper([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
   while (!engine_->worker.IsStopping()) std::this_thread::yield();
-  gate_.gate.release();
+  gate_.gate.Release();
   stopper.join();
   EXPECT_EQ(gate_.asked, 1);
   EXPECT_THAT(Names(), ElementsAre(W("x01"), W("b"), W("c")));
@@ -138,9 +138,9 @@ TEST_F(RenameWorkerTest, OnlyTheLastOfManyPreviewsCompletes) {
   engine_->propertyManager = &gate_;
   Begin({W("a"), W("b")}, W("[?p]"));
   Preview();
-  gate_.entered.acquire();
+  gate_.entered.Acquire();
   gate_.isOpen = true;
-  gate_.gate.release();
+  gate_.gate.Release();
   for (int key = 0; key < 100; ++key) {
     ASSERT_TRUE(engine_->worker.StopCurrent());
     Compile(W("k") + FromUtf8(std::to_string(key)));
@@ -271,19 +271,19 @@ TEST_F(RenameWorkerTest, WithNothingToRestoreTheMessageSaysSo) {
 
 TEST_F(RenameWorkerTest, ARunIsNotStoppedByAStopButWaitedFor) {
   Begin({W("a")});
-  std::binary_semaphore inRun{0};
-  std::binary_semaphore go{0};
+  Semaphore inRun;
+  Semaphore go;
   host_.renames.atRun = [&] {
-    inRun.release();
-    go.acquire();
+    inRun.Release();
+    go.Acquire();
   };
   engine_->worker.WantRename(true);
   engine_->worker.Wake();
-  inRun.acquire();
+  inRun.Acquire();
   EXPECT_TRUE(engine_->busy);
   std::thread stopper([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
   while (!engine_->worker.IsStopping()) std::this_thread::yield();
-  go.release();
+  go.Release();
   stopper.join();
   EXPECT_EQ(Next(), "33868(2,0)");
   EXPECT_THAT(States(), ElementsAre(6u));
@@ -308,10 +308,10 @@ TEST_F(RenameWorkerTest, AWaitEndsWhenTheThreadQuitsInTheMiddleOfAPreview) {
   engine_->propertyManager = &gate_;
   Begin({W("a"), W("b")}, W("[?p]"));
   Preview();
-  gate_.entered.acquire();
+  gate_.entered.Acquire();
   std::thread waiter([this] { EXPECT_TRUE(engine_->worker.WaitUntilIdle()); });
   engine_->worker.Quit();
-  gate_.gate.release();
+  gate_.gate.Release();
   waiter.join();
   EXPECT_TRUE(engine_->worker.WaitForEnd(kPatience));
 }
@@ -358,11 +358,11 @@ TEST_F(RenameWorkerTest, ANewSelectionLeavesTheRowsOfARunningPreviewAlive) {
   engine_->propertyManager = &gate_;
   Begin({W("a"), W("b"), W("c")}, W("[?p][N]"));
   Preview();
-  gate_.entered.acquire();
+  gate_.entered.Acquire();
   // The host's thread reads a new selection while the worker is in the old rows.
   rows_ = RowsOf(host_, {W("d")});
   gate_.isOpen = true;
-  gate_.gate.release();
+  gate_.gate.Release();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   Compile(W("y"));
   Preview();
