@@ -112,6 +112,8 @@ class RealBoxes final : public ModuleBoxes {
   }
 
   void OnActivate(HWND window) {
+    // Wine reports the windows of other processes too; their answers are not ours to give.
+    if (GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId()) return;
     if (ClassOf(window) != L"#32770" || open_.contains(window)) return;
     auto box = std::make_unique<OpenBox>();
     Seen seen;
