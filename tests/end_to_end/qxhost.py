@@ -1,7 +1,7 @@
 """Runs qxhost as a process over the built module.
 
 The environment variable QXHOST holds the command, e.g. `build/native/bin/qxhost`, or
-`/usr/lib/wine/wine64 build/windows/bin/qxhost.exe` (with a display: boxes are real there). The same tests run
+`scripts/wine build/windows/bin/qxhost.exe` (with a display: boxes are real there). The same tests run
 for both builds; what only one of them can do stands in a class below `if IS_WINDOWS` or `if not IS_WINDOWS`.
 """
 
