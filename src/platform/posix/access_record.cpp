@@ -1,13 +1,14 @@
 #include "platform/posix/access_record.h"
 
-#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
-#include <optional>
+#include <mutex>
+#include <shared_mutex>
 
 #include "platform/posix/access_list.h"
+#include "platform/posix/kept_attribute.h"
 #include "platform/posix/last_error.h"
 #include "platform/posix/path_translation.h"
 #include "platform/posix/posix_access.h"
@@ -17,7 +18,6 @@ namespace Platform {
 namespace {
 
 constexpr std::uint32_t kVersion = 1;
-constexpr std::size_t kMostAttributeBytes = 65536;
 
 // In front of the attribute; then come the POSIX access list as text and the list, if there is one.
 struct KeptHeader {
@@ -40,20 +40,6 @@ KeptHeader HeaderOf(const struct stat& status, bool isProtected, bool hasList, c
           .posixBytes = static_cast<std::uint32_t>(posix.size())};
 }
 
-// The bytes of the attribute; empty if the file has none.
-std::vector<BYTE> ReadAttribute(const std::string& path) {
-  std::vector<BYTE> bytes(512);
-  for (;;) {
-    const ssize_t size = getxattr(path.c_str(), kAccessAttribute, bytes.data(), bytes.size());
-    if (size >= 0) {
-      bytes.resize(static_cast<std::size_t>(size));
-      return bytes;
-    }
-    if (errno != ERANGE || bytes.size() >= kMostAttributeBytes) return {};
-    bytes.resize(kMostAttributeBytes);
-  }
-}
-
 // Whether the bytes of a list are a whole one and no more.
 bool IsList(std::span<const BYTE> bytes) {
   ACL list;
@@ -62,10 +48,9 @@ bool IsList(std::span<const BYTE> bytes) {
   return list.AclSize == bytes.size() && EntriesOf(reinterpret_cast<const ACL*>(bytes.data())).has_value();
 }
 
-// Takes the kept list into the record. False if there is none, or if the file is not as setting it left it:
+// Takes a kept list into the record. False if the bytes are none, or if the file is not as setting it left it:
 // then the list says nothing about it any more. What anybody may have written is not trusted.
-bool TakeKept(const std::string& path, AccessRecord& record) {
-  const std::vector<BYTE> bytes = ReadAttribute(path);
+bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord& record) {
   KeptHeader header;
   if (bytes.size() < sizeof header) return false;
   std::memcpy(&header, bytes.data(), sizeof header);
@@ -74,8 +59,9 @@ bool TakeKept(const std::string& path, AccessRecord& record) {
   if (std::memcmp(&header, &now, sizeof now) != 0 || bytes.size() - sizeof header < posix.size() ||
       std::memcmp(bytes.data() + sizeof header, posix.data(), posix.size()) != 0)
     return false;
-  std::vector<BYTE> list(bytes.begin() + static_cast<std::ptrdiff_t>(sizeof header + posix.size()),
-                         bytes.end());
+  // A copy, which lies where lists may lie.
+  const std::span<const BYTE> rest = bytes.subspan(sizeof header + posix.size());
+  std::vector<BYTE> list(rest.begin(), rest.end());
   if (header.hasList != 0 ? !IsList(list) : !list.empty()) return false;
   record.isProtected = header.isProtected != 0;
   record.hasList = header.hasList != 0;
@@ -84,24 +70,28 @@ bool TakeKept(const std::string& path, AccessRecord& record) {
   return true;
 }
 
-// Keeps the list beside the file as it is now. A file system without a place for it keeps mode and POSIX
-// access list alone.
-void Keep(const std::string& path, std::span<const BYTE> list, bool hasList, bool isProtected) {
+// Keeps the list beside the file as it is now; 0 or an error.
+DWORD Keep(const std::string& path, std::span<const BYTE> list, bool hasList, bool isProtected) {
   struct stat status;
-  if (stat(path.c_str(), &status) != 0) return;
+  if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
   const std::string posix = PosixAccess(path);
   const KeptHeader header = HeaderOf(status, isProtected, hasList, posix);
   std::vector<BYTE> bytes(sizeof header);
   std::memcpy(bytes.data(), &header, sizeof header);
   bytes.insert(bytes.end(), posix.begin(), posix.end());
   bytes.insert(bytes.end(), list.begin(), list.end());
-  const auto write = [&] { return setxattr(path.c_str(), kAccessAttribute, bytes.data(), bytes.size(), 0); };
-  if (write() == 0 || errno != EACCES) return;
-  // The owner of a file without the right to write it gives it to itself for the moment.
-  const mode_t mode = status.st_mode & static_cast<mode_t>(07777);
-  if (chmod(path.c_str(), mode | S_IWUSR) != 0) return;
-  write();
-  chmod(path.c_str(), mode);
+  return WriteKeptAttribute(path, bytes);
+}
+
+// Taken by whoever may change a file's mode, and shared by those who only look at it.
+std::shared_mutex modeMutex;
+
+DWORD ReadListAsItIs(const std::string& path, AccessRecord& record, ModeChange change) {
+  std::vector<BYTE> kept;
+  if (const DWORD error = ReadKeptAttribute(path, change, kept)) return error;
+  if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
+  if (!TakeKept(path, kept, record)) record.list = ListOfPosixAccess(path, record.status);
+  return ERROR_SUCCESS;
 }
 
 DWORD Apply(const std::string& path, const struct stat& status, std::span<const BYTE> list, bool hasList,
@@ -109,19 +99,24 @@ DWORD Apply(const std::string& path, const struct stat& status, std::span<const 
   const auto* const header = hasList ? reinterpret_cast<const ACL*>(list.data()) : nullptr;
   const int error = SetPosixAccess(path, status, header);
   if (error != 0) return PathError(error, path);
-  Keep(path, list, hasList, isProtected);
-  return ERROR_SUCCESS;
+  return Keep(path, list, hasList, isProtected);
 }
 
 }  // namespace
 
 DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList) {
-  if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
-  if (wantsList && !TakeKept(path, record)) record.list = ListOfPosixAccess(path, record.status);
-  return ERROR_SUCCESS;
+  if (!wantsList) return stat(path.c_str(), &record.status) == 0 ? ERROR_SUCCESS : PathError(errno, path);
+  {
+    const std::shared_lock lock(modeMutex);
+    const DWORD error = ReadListAsItIs(path, record, ModeChange::kForbidden);
+    if (error != ERROR_ACCESS_DENIED) return error;
+  }
+  const std::unique_lock lock(modeMutex);
+  return ReadListAsItIs(path, record, ModeChange::kAllowed);
 }
 
 DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) {
+  const std::unique_lock lock(modeMutex);
   struct stat status;
   if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
   std::vector<BYTE> bytes;
@@ -138,9 +133,9 @@ DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) 
 }
 
 DWORD SetOwner(const std::string& path, uid_t owner) {
+  const std::unique_lock lock(modeMutex);
   AccessRecord record;
-  const DWORD error = ReadAccessRecord(path, record);
-  if (error != ERROR_SUCCESS) return error;
+  if (const DWORD error = ReadListAsItIs(path, record, ModeChange::kAllowed)) return error;
   if (chown(path.c_str(), owner, static_cast<gid_t>(-1)) != 0) return PathError(errno, path);
   if (!record.isKept) return ERROR_SUCCESS;
   if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);

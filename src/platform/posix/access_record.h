@@ -8,10 +8,8 @@
 
 #include "platform/posix/security_types.h"
 
+// All of these may be called from any thread.
 namespace Platform {
-
-// The extended attribute that keeps a list that was set; it is no stream.
-inline constexpr char kAccessAttribute[] = "user.qxutils.access";
 
 struct AccessRecord {
   struct stat status;
@@ -22,10 +20,12 @@ struct AccessRecord {
 };
 
 // Reads the record of the file or folder at `path`, whose links are followed, without its list if that is not
-// wanted; 0 or an error.
+// wanted; 0 or an error: ERROR_ACCESS_DENIED if a list is kept that the user may not read. The owner of the
+// file always may.
 DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList = true);
 
-// Sets the list, which is null for a missing one, and keeps it; 0 or an error.
+// Sets the list, which is null for a missing one, and keeps it; 0 or an error. With ERROR_DISK_FULL there is
+// no room to keep it: mode and POSIX access list say what they can of it, and no list is kept.
 DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected);
 
 // Sets the owner, and lets mode and POSIX access list follow a list that is kept; 0 or an error.

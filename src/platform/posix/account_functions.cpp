@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/posix/account.h"
@@ -109,6 +110,11 @@ BOOLEAN GetUserNameExW(EXTENDED_NAME_FORMAT format, WCHAR* buffer, ULONG* size) 
 
 DWORD WNetGetUniversalNameW(const WCHAR* path, DWORD level, void* buffer, DWORD* size) {
   if (Platform::FaultFires("WNetGetUniversalNameW", {.path = path})) return GetLastError();
+  if (const auto given = Platform::GivenByTest("WNetGetUniversalNameW"); given && buffer && size) {
+    std::copy_n(given->bytes.begin(), std::min<std::size_t>(given->bytes.size(), *size),
+                static_cast<BYTE*>(buffer));
+    return given->result;
+  }
   const std::u16string name = Platform::Faults::UniversalName();
   if (!path || !size || level != UNIVERSAL_NAME_INFO_LEVEL) return ERROR_INVALID_PARAMETER;
   if (name.empty()) return ERROR_NOT_CONNECTED;

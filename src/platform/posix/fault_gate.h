@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/posix/windows_types.h"
 
@@ -28,6 +29,13 @@ bool Fires(const char* function, const Arguments& arguments);
 // The bytes that this call of WriteFile shall write at most. Counts a call of its own kind.
 std::optional<DWORD> ShortWrite();
 
+// What a test makes the function hand out, and return.
+struct Gift {
+  std::vector<BYTE> bytes;
+  DWORD result = ERROR_SUCCESS;
+};
+std::optional<Gift> GiftOf(const char* function);
+
 // What every drive's network name is to be; empty for none.
 std::u16string UniversalName();
 
@@ -44,6 +52,12 @@ inline bool FaultFires(const char* function, const Faults::Arguments& arguments)
 }
 inline bool FaultFires(const char* function, std::uint32_t flags = 0) {
   return FaultFires(function, Faults::Arguments{.flags = flags});
+}
+
+// What a test makes the function hand out; nothing without a test.
+inline std::optional<Faults::Gift> GivenByTest(const char* function) {
+  if (!Faults::armed.load(std::memory_order_relaxed)) return std::nullopt;
+  return Faults::GiftOf(function);
 }
 
 }  // namespace Platform

@@ -1,5 +1,6 @@
 #include "platform/posix/faults.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -21,6 +22,9 @@ struct Watched {
   int callsToFault = 0;  // 0 for no fault
   DWORD error = ERROR_SUCCESS;
   bool repeat = false;
+  int callsToAction = 0;  // 0 for no action
+  std::function<void()> action;
+  std::optional<Gift> gift;
 };
 
 struct State {
@@ -65,6 +69,25 @@ void Fail(const char* function, int nth, DWORD error, bool repeat) {
   watched.callsToFault = nth;
   watched.error = error;
   watched.repeat = repeat;
+  armed.store(true, std::memory_order_relaxed);
+}
+
+void Before(const char* function, int nth, std::function<void()> action) {
+  State& state = TheState();
+  const std::lock_guard lock(state.mutex);
+  Watched& watched = state.watched[function];
+  StartOver(watched);
+  watched.callsToAction = nth;
+  watched.action = std::move(action);
+  armed.store(true, std::memory_order_relaxed);
+}
+
+void Give(const char* function, std::vector<BYTE> bytes, DWORD result) {
+  State& state = TheState();
+  const std::lock_guard lock(state.mutex);
+  Watched& watched = state.watched[function];
+  StartOver(watched);
+  watched.gift = {std::move(bytes), result};
   armed.store(true, std::memory_order_relaxed);
 }
 
@@ -120,13 +143,17 @@ void Clear() {
   state.universalName.clear();
 }
 
-bool Fires(const char* function, const Arguments& arguments) {
+namespace {
+
+// Counts the call, and says whether it fails. `action` becomes what is to be done before it.
+bool Count(const char* function, const Arguments& arguments, std::function<void()>& action) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);
   const auto found = state.watched.find(std::string_view(function));
   if (found == state.watched.end()) return false;
   Watched& watched = found->second;
   ++watched.calls;
+  if (watched.callsToAction > 0 && --watched.callsToAction == 0) action = std::move(watched.action);
   watched.last = arguments;
   watched.last.path = nullptr;
   watched.paths.emplace_back(arguments.path ? arguments.path : u"");
@@ -136,6 +163,17 @@ bool Fires(const char* function, const Arguments& arguments) {
   SetLastError(watched.error);
   return true;
 }
+
+}  // namespace
+
+bool Fires(const char* function, const Arguments& arguments) {
+  std::function<void()> action;
+  const bool fails = Count(function, arguments, action);
+  if (action) action();
+  return fails;
+}
+
+std::optional<Gift> GiftOf(const char* function) { return WatchedOf(function).gift; }
 
 std::optional<DWORD> ShortWrite() {
   State& state = TheState();

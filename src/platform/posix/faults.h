@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,17 @@ QX_PLATFORM_API void LeaveNameOut(int nth);
 
 // WNetGetUniversalNameW gives every path this network name from now on; the empty text is none.
 QX_PLATFORM_API void NameNetwork(std::u16string name);
+
+// Runs `action` before the call number `nth` of `function` does its work, once: what the action changes is
+// changed between two calls of whoever is tested. It may call any function.
+QX_PLATFORM_API void Before(const char* function, int nth, std::function<void()> action);
+
+// From now on the function hands out these bytes, as far as there is room for them, and returns `result`, as
+// a system would whose answer is not to be trusted. One of
+//   GetFileSecurityW, GetNamedSecurityInfoW: a security descriptor; the result must be 0
+//   NtQueryInformationFile: what is to fill the buffer, and the status
+//   WNetGetUniversalNameW: what is to fill the buffer, and the error.
+QX_PLATFORM_API void Give(const char* function, std::vector<BYTE> bytes, DWORD result = ERROR_SUCCESS);
 
 // How often `function` was called since Watch or Fail named it or Clear was called, the failed calls
 // included. 0 for a function that was not named.

@@ -69,6 +69,19 @@ std::vector<BYTE> DescriptorOf(const AccessRecord& record, SECURITY_INFORMATION 
   return bytes;
 }
 
+// The descriptor of a file for the function that hands it out; 0 or an error.
+DWORD DescriptorOfFile(const char* function, const WCHAR* path, SECURITY_INFORMATION information,
+                       std::vector<BYTE>& bytes) {
+  if (std::optional<Platform::Faults::Gift> given = Platform::GivenByTest(function)) {
+    bytes = std::move(given->bytes);
+    return ERROR_SUCCESS;
+  }
+  AccessRecord record;
+  if (const DWORD error = ReadRecord(path, information, record)) return error;
+  bytes = DescriptorOf(record, information);
+  return ERROR_SUCCESS;
+}
+
 // False for what is no self-relative descriptor.
 bool ReadHeader(PSECURITY_DESCRIPTOR descriptor, DescriptorHeader& header) {
   if (!descriptor) return false;
@@ -86,10 +99,9 @@ BOOL GetFileSecurityW(const WCHAR* path, SECURITY_INFORMATION information, PSECU
                       DWORD size, DWORD* needed) {
   if (Platform::FaultFires("GetFileSecurityW", {.flags = information, .path = path})) return FALSE;
   if (!needed) return FailWith(ERROR_INVALID_PARAMETER);
-  AccessRecord record;
-  const DWORD error = ReadRecord(path, information, record);
-  if (error != ERROR_SUCCESS) return FailWith(error);
-  const std::vector<BYTE> bytes = DescriptorOf(record, information);
+  std::vector<BYTE> bytes;
+  if (const DWORD error = DescriptorOfFile("GetFileSecurityW", path, information, bytes))
+    return FailWith(error);
   *needed = static_cast<DWORD>(bytes.size());
   if (!descriptor || size < bytes.size()) return FailWith(ERROR_INSUFFICIENT_BUFFER);
   std::memcpy(descriptor, bytes.data(), bytes.size());
@@ -124,10 +136,8 @@ DWORD GetNamedSecurityInfoW(const WCHAR* path, SE_OBJECT_TYPE type, SECURITY_INF
   if (Platform::FaultFires("GetNamedSecurityInfoW", {.flags = information, .path = path}))
     return GetLastError();
   if (type != SE_FILE_OBJECT || !descriptor) return ERROR_INVALID_PARAMETER;
-  AccessRecord record;
-  const DWORD error = ReadRecord(path, information, record);
-  if (error != ERROR_SUCCESS) return error;
-  const std::vector<BYTE> bytes = DescriptorOf(record, information);
+  std::vector<BYTE> bytes;
+  if (const DWORD error = DescriptorOfFile("GetNamedSecurityInfoW", path, information, bytes)) return error;
   void* const memory = std::malloc(bytes.size());
   if (!memory) return ERROR_NOT_ENOUGH_MEMORY;
   std::memcpy(memory, bytes.data(), bytes.size());

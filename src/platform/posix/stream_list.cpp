@@ -4,13 +4,14 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/posix/access_record.h"
 #include "platform/posix/fault_gate.h"
+#include "platform/posix/kept_attribute.h"
 #include "platform/posix/name_encoding.h"
 #include "platform/posix/open_file.h"
 #include "platform/posix/security_functions.h"
@@ -111,6 +112,11 @@ NTSTATUS NtQueryInformationFile(HANDLE handle, IO_STATUS_BLOCK* status, void* bu
   if (!buffer || size < sizeof(StreamHeader)) return kStatusLengthMismatch;
   const auto file = Platform::OpenFiles::Instance().Find(handle);
   if (!file) return kStatusInvalidHandle;
+  if (const auto given = Platform::GivenByTest("NtQueryInformationFile")) {
+    std::copy_n(given->bytes.begin(), std::min<std::size_t>(given->bytes.size(), size),
+                static_cast<BYTE*>(buffer));
+    return static_cast<NTSTATUS>(given->result);
+  }
   std::size_t used = 0;
   const NTSTATUS result = WriteStreams(StreamsOf(*file), static_cast<BYTE*>(buffer), size, used);
   if (status) *status = {.Status = result, .Information = used};
