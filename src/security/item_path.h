@@ -4,5 +4,6 @@
 #include "frame/services/host_files.h"
 
 // The full path of an item, fetched with a limit of 4096 characters. Empty for an item without one, and for
-// one that the limit may have cut: a cut path would be another file's.
+// one that the limit has cut: a cut path would be another file's. A path of 4095 characters, which is as long
+// as a cut one, is compared with the item's folder and name.
 WString SecurityPathOf(Velmora::SDK::IHostFileItem& item);
