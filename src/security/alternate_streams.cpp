@@ -34,9 +34,7 @@ NtQueryInformationFileFunction AsQuery(FARPROC function) {
   return reinterpret_cast<NtQueryInformationFileFunction>(reinterpret_cast<void (*)()>(function));
 }
 
-// A folder can be opened as one with the backup privilege, which stays on.
 FileHandle OpenForStreams(const WCHAR* path, bool isFolder) {
-  if (isFolder) EnablePrivilege(W("SeBackupPrivilege"), TOKEN_ADJUST_PRIVILEGES);
   return FileHandle(CreateFileW(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                 isFolder ? FILE_FLAG_BACKUP_SEMANTICS : 0, nullptr));
 }
@@ -61,9 +59,12 @@ AlternateStreams QueryAlternateStreams(const WCHAR* path) {
   if (attributes == INVALID_FILE_ATTRIBUTES) return {};
   alignas(StreamRecord) std::array<std::byte, kStreamBufferBytes> buffer;
   std::memset(buffer.data(), 0, buffer.size());
+  const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  // Folders are opened with the backup privilege, which stays on, also where there is no query then.
+  if (isFolder) EnablePrivilege(W("SeBackupPrivilege"), TOKEN_ADJUST_PRIVILEGES);
   const NtQueryInformationFileFunction query = queryInformationFile.load();
   if (!query) return {};
-  const FileHandle file = OpenForStreams(path, (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0);
+  const FileHandle file = OpenForStreams(path, isFolder);
   if (!file.IsOpen()) return {};
   // What the query could not fill stays zero, so its status says nothing more.
   IO_STATUS_BLOCK status = {};

@@ -26,7 +26,8 @@ ACL* ReadAccessList(const WString& path, std::vector<BYTE>& record) {
   GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &needed);
   if (needed == 0) return nullptr;
   record.resize(needed);
-  if (!GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, record.data(), needed, &needed))
+  if (!GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, record.data(), needed, &needed) ||
+      !HoldsDescriptor(record))
     return nullptr;
   BOOL isPresent = FALSE;
   BOOL isDefaulted = FALSE;

@@ -1,37 +1,42 @@
 #include "security/descriptor_bounds.h"
 
-#include <cstdint>
+#include <cstring>
+
+#include "security/memory_bounds.h"
 
 namespace {
 
+constexpr std::size_t kDescriptorHeaderBytes = 20;
 constexpr std::size_t kSidHeaderBytes = 8;
 constexpr std::size_t kSubAuthorityBytes = 4;
 constexpr std::size_t kSubAuthorityCount = 1;  // where a SID says how many there are
 
-// The bytes from `place` on; none if it does not lie among them.
-std::span<const BYTE> BytesFrom(std::span<const BYTE> bytes, const void* place) {
-  const auto begin = reinterpret_cast<std::uintptr_t>(bytes.data());
-  const auto at = reinterpret_cast<std::uintptr_t>(place);
-  if (at < begin || at - begin > bytes.size()) return {};
-  return bytes.subspan(at - begin);
+// Whether a part whose header says how large it is lies whole in the memory from `place` on. What it points
+// to may begin at an odd address.
+template <typename Header, typename Size>
+bool HoldsPart(std::span<const BYTE> bytes, const void* place, Size Header::* size) {
+  const std::span<const std::byte> rest = MemoryFrom(std::as_bytes(bytes), place);
+  Header header;
+  if (rest.size() < sizeof header) return false;
+  std::memcpy(&header, rest.data(), sizeof header);
+  return header.*size >= sizeof header && rest.size() >= header.*size;
 }
 
 }  // namespace
 
+bool HoldsDescriptor(std::span<const BYTE> bytes) { return bytes.size() >= kDescriptorHeaderBytes; }
+
 bool HoldsSid(std::span<const BYTE> bytes, const void* sid) {
-  const std::span<const BYTE> rest = BytesFrom(bytes, sid);
+  const std::span<const std::byte> rest = MemoryFrom(std::as_bytes(bytes), sid);
   return rest.size() >= kSidHeaderBytes &&
-         rest.size() >= kSidHeaderBytes + rest[kSubAuthorityCount] * kSubAuthorityBytes;
+         rest.size() >= kSidHeaderBytes +
+                            std::to_integer<std::size_t>(rest[kSubAuthorityCount]) * kSubAuthorityBytes;
 }
 
 bool HoldsList(std::span<const BYTE> bytes, const ACL* list) {
-  const std::span<const BYTE> rest = BytesFrom(bytes, list);
-  return rest.size() >= sizeof(ACL) && list->AclSize >= sizeof(ACL) && rest.size() >= list->AclSize;
+  return HoldsPart(bytes, list, &ACL::AclSize);
 }
 
 bool HoldsEntry(const ACL* list, DWORD used, const ACE_HEADER* entry) {
-  const std::span<const BYTE> bytes(reinterpret_cast<const BYTE*>(list), used);
-  const std::span<const BYTE> rest = BytesFrom(bytes, entry);
-  return rest.size() >= sizeof(ACE_HEADER) && entry->AceSize >= sizeof(ACE_HEADER) &&
-         rest.size() >= entry->AceSize;
+  return HoldsPart({reinterpret_cast<const BYTE*>(list), used}, entry, &ACE_HEADER::AceSize);
 }

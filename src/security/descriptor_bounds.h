@@ -6,6 +6,9 @@
 
 #include "platform/security_api.h"
 
+// The beginning of a descriptor, which says where its parts are.
+bool HoldsDescriptor(std::span<const BYTE> bytes);
+
 // A whole SID within the bytes.
 bool HoldsSid(std::span<const BYTE> bytes, const void* sid);
 

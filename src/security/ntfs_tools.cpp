@@ -1,7 +1,7 @@
 #include "security/ntfs_tools.h"
 
 #include <array>
-#include <cstring>
+#include <span>
 
 #include "platform/security_api.h"
 #include "security/alternate_streams.h"
@@ -29,7 +29,7 @@ bool ReadOwner(const WCHAR* path, std::vector<BYTE>& record, PSID& owner) {
   if (GetLastError() != ERROR_INSUFFICIENT_BUFFER || needed == 0) return true;
   record.resize(needed);
   BOOL isDefaulted = FALSE;
-  return GetFileSecurityW(path, OWNER_SECURITY_INFORMATION, record.data(), needed, &needed) &&
+  return GetFileSecurityW(path, OWNER_SECURITY_INFORMATION, record.data(), needed, &needed) && HoldsDescriptor(record) &&
          GetSecurityDescriptorOwner(record.data(), &owner, &isDefaulted) && HoldsSid(record, owner);
 }
 
@@ -82,9 +82,7 @@ bool NTFSTools::GetServerOfDrive(WString& server, const WCHAR* path) {
   DWORD size = static_cast<DWORD>(buffer.size());
   if (WNetGetUniversalNameW(path, UNIVERSAL_NAME_INFO_LEVEL, buffer.data(), &size) != ERROR_SUCCESS)
     return false;
-  UNIVERSAL_NAME_INFOW info;
-  std::memcpy(&info, buffer.data(), sizeof info);
-  const std::optional<WString> found = ServerOfUniversalName(ViewOf(info.lpUniversalName));
+  const std::optional<WString> found = ServerOfUniversalName(UniversalNameIn(std::as_bytes(std::span(buffer))));
   if (!found) return false;
   ServerCache::Instance().Store(*path, *found);
   server = *found;

@@ -40,7 +40,12 @@ class NTFSTools {
   // not reported: this is meant. 87 for a file without a list and for no rights.
   u32 AddAccess(const WString& path, const WString& user, u32 accessMask);
 
-  // Removes the file's own entries.
+  // Removes the file's own entries. With SeSecurityPrivilege a protected, missing list is set first, for which
+  // nothing is reported if it fails; then the emptied list, whose error is returned. Beyond that:
+  //  - For a file without a list an empty one is set: to hand the missing list on would leave everything
+  //    allowed to everyone.
+  //  - An entry that cannot be deleted ends it with that error, before anything is set.
+  //  - Between the two lists everything is allowed to everyone, and if the second cannot be set that stays.
   u32 ResetAccess(const WString& path);
 
   // Enables SeTakeOwnershipPrivilege for the life of the process, and lists it if the list remembers.

@@ -9,7 +9,8 @@
 // 5000: count, paths. The owner becomes the user who runs the helper.
 void HandleTakeOwnership(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);
 
-// 5001: mask, user, count, paths. 13 as well for no paths.
+// 5001: mask, user, count, paths. 13 as well for no paths. A user that is there and empty is an error of the
+// work, as in the dialog: ERROR_INVALID_PARAMETER (87).
 void HandleAddAccess(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);
 
 // 5003: count, paths.

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "security/memory_bounds.h"
+
 namespace {
 
 constexpr WStringView kProviderPrefix = W("WinNT://");
@@ -16,26 +18,12 @@ T ReadAt(std::span<const std::byte> memory, std::size_t offset) {
   return value;
 }
 
-// How many characters may be read from a text: to the end of the memory if it lies there.
-std::size_t CharsFrom(std::span<const std::byte> memory, const WCHAR* text) {
-  const auto begin = reinterpret_cast<std::uintptr_t>(memory.data());
-  const auto at = reinterpret_cast<std::uintptr_t>(text);
-  const bool isInside = at >= begin && at - begin < memory.size();
-  return isInside ? std::min((memory.size() - (at - begin)) / sizeof(WCHAR), kMostPathChars) : kMostPathChars;
-}
-
+// A path that lies in the memory ends with it at the latest.
 WString ReadSelectedPath(std::span<const std::byte> memory, const WCHAR* text) {
-  WString path;
-  if (!text) return path;
-  const std::size_t limit = CharsFrom(memory, text);
-  const auto* const bytes = reinterpret_cast<const std::byte*>(text);
-  for (std::size_t index = 0; index < limit; ++index) {
-    WCHAR unit;
-    std::memcpy(&unit, bytes + index * sizeof unit, sizeof unit);
-    if (unit == WCHAR()) break;
-    path += unit;
-  }
-  return path;
+  if (!text) return {};
+  const std::span<const std::byte> rest = MemoryFrom(memory, text);
+  const std::size_t mostChars = rest.empty() ? kMostPathChars : rest.size() / sizeof(WCHAR);
+  return TextToItsEnd(text, std::min(mostChars, kMostPathChars));
 }
 
 }  // namespace

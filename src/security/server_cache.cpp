@@ -1,5 +1,9 @@
 #include "security/server_cache.h"
 
+#include <cstring>
+
+#include "security/memory_bounds.h"
+
 ServerCache& ServerCache::Instance() {
   static ServerCache cache;
   return cache;
@@ -19,6 +23,13 @@ void ServerCache::Store(WCHAR drive, const WString& server) {
 void ServerCache::Clear() {
   const std::lock_guard lock(mutex_);
   servers_.clear();
+}
+
+WString UniversalNameIn(std::span<const std::byte> buffer) {
+  const void* text = nullptr;
+  if (buffer.size() < sizeof text) return {};
+  std::memcpy(&text, buffer.data(), sizeof text);
+  return TextToItsEnd(text, MemoryFrom(buffer, text).size() / sizeof(WCHAR));
 }
 
 std::optional<WString> ServerOfUniversalName(WStringView name) {

@@ -2,9 +2,11 @@
 // network may block for long, so each letter is asked for once.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <mutex>
 #include <optional>
+#include <span>
 
 #include "platform/text.h"
 
@@ -21,6 +23,10 @@ class ServerCache {
   std::mutex mutex_;
   std::map<WCHAR, WString> servers_;
 };
+
+// The name in a buffer that WNetGetUniversalNameW has filled: a pointer, and the text somewhere behind it.
+// Empty if it does not lie in the buffer; one without a zero ends with the buffer.
+WString UniversalNameIn(std::span<const std::byte> buffer);
 
 // The server of a name such as "\\server\share\a". Nothing for one of fewer than four characters, one that
 // does not begin with two backslashes, and one without a third.
