@@ -14,7 +14,7 @@ constexpr std::size_t kSubAuthorityCount = 1;  // where a SID says how many ther
 // Whether a part whose header says how large it is lies whole in the memory from `place` on. What it points
 // to may begin at an odd address.
 template <typename Header, typename Size>
-bool HoldsPart(std::span<const BYTE> bytes, const void* place, Size Header::* size) {
+bool HoldsPart(std::span<const BYTE> bytes, const void* place, Size Header::*size) {
   const std::span<const std::byte> rest = MemoryFrom(std::as_bytes(bytes), place);
   Header header;
   if (rest.size() < sizeof header) return false;
@@ -29,13 +29,11 @@ bool HoldsDescriptor(std::span<const BYTE> bytes) { return bytes.size() >= kDesc
 bool HoldsSid(std::span<const BYTE> bytes, const void* sid) {
   const std::span<const std::byte> rest = MemoryFrom(std::as_bytes(bytes), sid);
   return rest.size() >= kSidHeaderBytes &&
-         rest.size() >= kSidHeaderBytes +
-                            std::to_integer<std::size_t>(rest[kSubAuthorityCount]) * kSubAuthorityBytes;
+         rest.size() >=
+             kSidHeaderBytes + std::to_integer<std::size_t>(rest[kSubAuthorityCount]) * kSubAuthorityBytes;
 }
 
-bool HoldsList(std::span<const BYTE> bytes, const ACL* list) {
-  return HoldsPart(bytes, list, &ACL::AclSize);
-}
+bool HoldsList(std::span<const BYTE> bytes, const ACL* list) { return HoldsPart(bytes, list, &ACL::AclSize); }
 
 bool HoldsEntry(const ACL* list, DWORD used, const ACE_HEADER* entry) {
   return HoldsPart({reinterpret_cast<const BYTE*>(list), used}, entry, &ACE_HEADER::AceSize);

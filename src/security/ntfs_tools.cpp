@@ -29,8 +29,9 @@ bool ReadOwner(const WCHAR* path, std::vector<BYTE>& record, PSID& owner) {
   if (GetLastError() != ERROR_INSUFFICIENT_BUFFER || needed == 0) return true;
   record.resize(needed);
   BOOL isDefaulted = FALSE;
-  return GetFileSecurityW(path, OWNER_SECURITY_INFORMATION, record.data(), needed, &needed) && HoldsDescriptor(record) &&
-         GetSecurityDescriptorOwner(record.data(), &owner, &isDefaulted) && HoldsSid(record, owner);
+  return GetFileSecurityW(path, OWNER_SECURITY_INFORMATION, record.data(), needed, &needed) &&
+         HoldsDescriptor(record) && GetSecurityDescriptorOwner(record.data(), &owner, &isDefaulted) &&
+         HoldsSid(record, owner);
 }
 
 bool LookUpName(const WString& server, PSID sid, WString& name) {
@@ -82,7 +83,8 @@ bool NTFSTools::GetServerOfDrive(WString& server, const WCHAR* path) {
   DWORD size = static_cast<DWORD>(buffer.size());
   if (WNetGetUniversalNameW(path, UNIVERSAL_NAME_INFO_LEVEL, buffer.data(), &size) != ERROR_SUCCESS)
     return false;
-  const std::optional<WString> found = ServerOfUniversalName(UniversalNameIn(std::as_bytes(std::span(buffer))));
+  const std::optional<WString> found =
+      ServerOfUniversalName(UniversalNameIn(std::as_bytes(std::span(buffer))));
   if (!found) return false;
   ServerCache::Instance().Store(*path, *found);
   server = *found;

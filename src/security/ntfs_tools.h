@@ -40,8 +40,8 @@ class NTFSTools {
   // not reported: this is meant. 87 for a file without a list and for no rights.
   u32 AddAccess(const WString& path, const WString& user, u32 accessMask);
 
-  // Removes the file's own entries. With SeSecurityPrivilege a protected, missing list is set first, for which
-  // nothing is reported if it fails; then the emptied list, whose error is returned. Beyond that:
+  // Removes the file's own entries. With SeSecurityPrivilege a protected, missing list is set first, for
+  // which nothing is reported if it fails; then the emptied list, whose error is returned. Beyond that:
   //  - For a file without a list an empty one is set: to hand the missing list on would leave everything
   //    allowed to everyone.
   //  - An entry that cannot be deleted ends it with that error, before anything is set.

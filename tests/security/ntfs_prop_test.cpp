@@ -162,10 +162,10 @@ TEST_F(NtfsPropCells, AFileThatIsNotThereHasNoOwnerButTheOtherCells) {
   EXPECT_FALSE(Ask(4));
 }
 
-TEST_F(NtfsPropCells, APathThatMayHaveBeenCutHasNoValue) {
+TEST_F(NtfsPropCells, APathThatIsCutHasNoValue) {
   // The beginning of the long path is a file of its own.
   const WString folder = files_.scratch.Path() + W("\\");
-  for (const std::size_t size : {std::size_t{4095}, std::size_t{4096}, std::size_t{5000}}) {
+  for (const std::size_t size : {std::size_t{4096}, std::size_t{4097}, std::size_t{5000}}) {
     for (const bool fillsWhole : {false, true}) {
       item_ = files_.host.AddFileIn(folder, WString(size - folder.size(), W('n')));
       item_->fillsPathsWhole = fillsWhole;

@@ -1,5 +1,4 @@
-// Rights, streams and changes of real files, as the native layer knows them, and every function of the system
-// failing once in every operation.
+// Rights, streams and changes of real files, as the native layer knows them.
 #include "security/ntfs_tools.h"
 
 #include <gmock/gmock.h>
@@ -9,6 +8,7 @@
 
 #include "platform/posix/faults.h"
 #include "security/alternate_streams.h"
+#include "security/current_user.h"
 #include "security/server_cache.h"
 #include "support/as_user_posix.h"
 #include "support/scratch_folder.h"
@@ -76,26 +76,6 @@ TEST_F(NtfsToolsNative, AnOwnerWithoutANameIsItsNumber) {
   EXPECT_EQ(owner, W("3999999"));
 }
 
-TEST_F(NtfsToolsNative, EachFunctionOfAnOwnerThatFailsEndsWithoutOne) {
-  struct Row {
-    const char* function;
-    int nth;
-    DWORD error;
-  };
-  for (const Row& row : std::initializer_list<Row>{{"GetFileSecurityW", 1, kError},
-                                                   {"GetFileSecurityW", 2, kError},
-                                                   {"GetFileSecurityW", 2, ERROR_INSUFFICIENT_BUFFER},
-                                                   {"GetSecurityDescriptorOwner", 1, kError},
-                                                   {"LookupAccountSidW", 1, kError},
-                                                   {"LookupAccountSidW", 2, kError}}) {
-    Faults::Fail(row.function, row.nth, row.error);
-    WString owner = W("before");
-    EXPECT_FALSE(tools_.GetOwnerName(file_.c_str(), owner, false)) << row.function << row.nth;
-    EXPECT_EQ(owner, W("before"));
-    Faults::Clear();
-  }
-}
-
 TEST_F(NtfsToolsNative, AnErrorOtherThanASizeGoesOnWithoutAnOwner) {
   Faults::Watch("LookupAccountSidW");
   Faults::Fail("GetFileSecurityW", 1, ERROR_ACCESS_DENIED);
@@ -122,6 +102,17 @@ TEST_F(NtfsToolsNative, ARemoteOwnerIsAskedOfTheServerInThePath) {
   EXPECT_FALSE(tools_.GetOwnerName(W("\\\\srv"), owner, true));
   EXPECT_THAT(Faults::Paths("LookupAccountSidW"), ElementsAre(W("srv"), W("srv"), W(""), W("")));
   EXPECT_EQ(Faults::CallCount("WNetGetUniversalNameW"), 0);
+}
+
+TEST_F(NtfsToolsNative, ARemoteOwnerWhoseServerCannotBeToldIsAskedHere) {
+  Faults::NameNetwork(W("\\\\nosuchserver\\share\\a"));
+  Faults::Watch("LookupAccountSidW");
+  Faults::Fail("WNetGetUniversalNameW", 1, kError);
+  WString owner;
+  EXPECT_TRUE(tools_.GetOwnerName(file_.c_str(), owner, true));
+  EXPECT_EQ(owner, CurrentAccountName());
+  EXPECT_THAT(Faults::Paths("WNetGetUniversalNameW"), ElementsAre(file_));
+  EXPECT_THAT(Faults::Paths("LookupAccountSidW"), ElementsAre(W(""), W("")));
 }
 
 TEST_F(NtfsToolsNative, ADrivesServerIsAskedForOnceUntilTheCacheIsCleared) {
@@ -180,19 +171,6 @@ TEST_F(NtfsToolsNative, AFileWithoutAListShowsNoAccess) {
   EXPECT_EQ(tools_.GetAccessString(file_), W("   "));
 }
 
-TEST_F(NtfsToolsNative, EachFunctionOfAccessThatFailsShowsNone) {
-  SetMode(0700);
-  for (const auto& [function, nth] : {std::pair{"GetFileSecurityW", 1},
-                                      {"GetFileSecurityW", 2},
-                                      {"GetSecurityDescriptorDacl", 1},
-                                      {"GetEffectiveRightsFromAclW", 1}}) {
-    Faults::Fail(function, nth, kError);
-    EXPECT_EQ(tools_.GetAccessString(file_), W("   ")) << function << nth;
-    Faults::Clear();
-  }
-  EXPECT_EQ(tools_.GetAccessString(file_), W("RWX"));
-}
-
 // Streams.
 
 TEST_F(NtfsToolsNative, TwoStreamsOfTenAndTwentyBytesAreTwoOfThirty) {
@@ -219,39 +197,19 @@ TEST_F(NtfsToolsNative, TheQueryWorksWithoutTheRightToRead) {
   EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 1u);
 }
 
-TEST_F(NtfsToolsNative, MoreStreamsThanTheBufferHoldsAreCutOff) {
-  for (int number = 0; number < 200; ++number) {
-    const std::string name = "user." + std::string(200, 'n') + std::to_string(1000 + number);
-    if (setxattr(Native().c_str(), name.c_str(), "", 0, 0) != 0) break;  // the file system holds no more
-  }
-  EXPECT_LE(tools_.GetAlternateStreamCount(file_.c_str()), 65536u / (24 + 2 * 204));
-  EXPECT_GT(tools_.GetAlternateStreamCount(file_.c_str()), 0u);
-}
-
-TEST_F(NtfsToolsNative, EachFunctionOfTheStreamsOfAFileThatFailsGivesNone) {
-  AddStream(W("a.txt"), "user.one", 10);
-  for (const char* function : {"GetFileAttributesW", "CreateFileW", "NtQueryInformationFile"}) {
-    Faults::Fail(function, 1, kError, true);
-    EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 0u) << function;
-    EXPECT_EQ(tools_.GetAlternateStreamSize(file_.c_str()), 0u) << function;
-    Faults::Clear();
-  }
-  EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 1u);
-}
-
-TEST_F(NtfsToolsNative, APrivilegeThatCannotBeHadDoesNotKeepAFolderFromBeingAsked) {
+TEST_F(NtfsToolsNative, ThePrivilegeIsEnabledForAFolderBeforeTheQueryIsMissedAndForAFileNever) {
   const WString folder = scratch_.MakeFolder(W("sub"));
-  AddStream(W("sub"), "user.one", 10);
-  AddStream(W("sub"), "user.two", 20);
-  for (const char* function : {"OpenProcessToken", "LookupPrivilegeValueW", "AdjustTokenPrivileges"}) {
-    Faults::Fail(function, 1, kError);
-    EXPECT_EQ(tools_.GetAlternateStreamCount(folder.c_str()), 1u) << function;
-    EXPECT_EQ(Faults::CallCount(function), 1) << function;
+  ForgetStreamQuery();
+  for (const WString& path : {folder, file_}) {
+    for (const char* function : {"LookupPrivilegeValueW", "AdjustTokenPrivileges", "CreateFileW"})
+      Faults::Watch(function);
+    EXPECT_EQ(tools_.GetAlternateStreamCount(path.c_str()), 0u);
+    EXPECT_EQ(Faults::CallCount("AdjustTokenPrivileges"), path == folder ? 1 : 0);
+    EXPECT_EQ(Faults::Paths("LookupPrivilegeValueW"),
+              path == folder ? std::vector<WString>{W("SeBackupPrivilege")} : std::vector<WString>());
+    EXPECT_EQ(Faults::CallCount("CreateFileW"), 0);
     Faults::Clear();
   }
-  Faults::Watch("AdjustTokenPrivileges");
-  tools_.GetAlternateStreamCount(file_.c_str());
-  EXPECT_EQ(Faults::CallCount("AdjustTokenPrivileges"), 0);
 }
 
 TEST_F(NtfsToolsNative, WithoutTheQueryNothingIsOpened) {
@@ -288,16 +246,6 @@ TEST_F(NtfsToolsNative, AFileThatIsTakenIsTheUsers) {
   EXPECT_EQ(tools_.TakeOwnership(file_, W("root")), 5u);
 }
 
-TEST_F(NtfsToolsNative, EachFunctionOfTakingOwnershipThatFailsIsTheAnswer) {
-  const uid_t before = Owner();
-  for (const char* function : {"LookupAccountNameW", "SetNamedSecurityInfoW"}) {
-    Faults::Fail(function, 1, kError);
-    EXPECT_EQ(tools_.TakeOwnership(file_, W("nobody")), kError) << function;
-    EXPECT_EQ(Owner(), before);
-    Faults::Clear();
-  }
-}
-
 // Add access.
 
 TEST_F(NtfsToolsNative, AddingMakesDeniedEntriesAllowAndAllInheritable) {
@@ -321,18 +269,6 @@ TEST_F(NtfsToolsNative, AddingToAFileWithoutAListIsABadParameter) {
   EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1200A9), 87u);
 }
 
-TEST_F(NtfsToolsNative, EachFunctionOfAddingThatFailsIsTheAnswerAndLeavesTheList) {
-  const auto before = EntriesOfFile(file_);
-  for (const char* function :
-       {"LookupAccountNameW", "GetNamedSecurityInfoW", "GetAclInformation", "GetLengthSid", "HeapAlloc",
-        "InitializeAcl", "GetAce", "AddAce", "AddAccessAllowedAceEx"}) {
-    Faults::Fail(function, 1, kError);
-    EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 0x1200A9), kError) << function;
-    Faults::Clear();
-    EXPECT_EQ(EntriesOfFile(file_), before) << function;
-  }
-}
-
 TEST_F(NtfsToolsNative, AListThatCannotBeSetIsNotReported) {
   const auto before = EntriesOfFile(file_);
   Faults::Fail("SetNamedSecurityInfoW", 1, ERROR_ACCESS_DENIED);
@@ -349,19 +285,6 @@ TEST_F(NtfsToolsNative, AListThatCannotBeSetIsNotReported) {
 TEST_F(NtfsToolsNative, AMaskOfAnyBitsIsAdded) {
   ASSERT_EQ(tools_.AddAccess(file_, W("nobody"), 0xFFFFFFFF), 0u);
   EXPECT_EQ(EntriesOfFile(file_)->back(), (ShownEntry{0, 3, 0xFFFFFFFF, "S-1-22-1-65534"}));
-}
-
-// Adding until the list has no room for one more: an error, and the list as it was.
-TEST_F(NtfsToolsNative, AListOfMoreThan65535BytesIsAnError) {
-  std::vector<BYTE> memory(65528);
-  auto* const list = reinterpret_cast<ACL*>(memory.data());
-  ASSERT_TRUE(InitializeAcl(list, static_cast<DWORD>(memory.size()), ACL_REVISION));
-  std::vector<BYTE> sid = UserSidBytes(0);
-  while (AddAccessAllowedAceEx(list, ACL_REVISION, 0, 1, sid.data())) {
-  }
-  if (SetEntries(file_, list) != 0 || EntriesOfFile(file_)->size() != list->AceCount)
-    return SUCCEED();  // the file system has no place for so long a list
-  EXPECT_EQ(tools_.AddAccess(file_, W("nobody"), 1), 87u);
 }
 
 // Reset access.
@@ -404,19 +327,6 @@ TEST_F(NtfsToolsNative, AMissingListIsResetToAnEmptyOne) {
   EXPECT_THAT(EntriesOfFile(file_), Optional(IsEmpty()));
 }
 
-TEST_F(NtfsToolsNative, EachFunctionOfResettingThatFailsIsTheAnswerAndLeavesTheList) {
-  const auto before = EntriesOfFile(file_);
-  for (const char* function : {"GetNamedSecurityInfoW", "DeleteAce"}) {
-    Faults::Fail(function, 1, kError);
-    EXPECT_EQ(tools_.ResetAccess(file_), kError) << function;
-    Faults::Clear();
-    EXPECT_EQ(EntriesOfFile(file_), before) << function;
-  }
-  ASSERT_EQ(SetEntries(file_, nullptr), 0u);
-  Faults::Fail("InitializeAcl", 1, kError);
-  EXPECT_EQ(tools_.ResetAccess(file_), kError);
-}
-
 TEST_F(NtfsToolsNative, WithoutThePrivilegeTheProtectedListIsLeftOut) {
   for (const char* function : {"OpenProcessToken", "LookupPrivilegeValueW", "AdjustTokenPrivileges"}) {
     Faults::Fail(function, 1, kError);
@@ -428,17 +338,6 @@ TEST_F(NtfsToolsNative, WithoutThePrivilegeTheProtectedListIsLeftOut) {
 }
 
 // Privileges.
-
-TEST_F(NtfsToolsNative, EachFunctionOfAPrivilegeThatFailsListsNothing) {
-  for (const char* function : {"OpenProcessToken", "LookupPrivilegeValueW", "AdjustTokenPrivileges"}) {
-    Faults::Fail(function, 1, kError);
-    PrivilegeList list(true);
-    EXPECT_FALSE(tools_.EnableTakeOwnership(list)) << function;
-    EXPECT_THAT(list.names, IsEmpty()) << function;
-    EXPECT_EQ(EnablePrivilege(W("SeNoSuchPrivilege"), TOKEN_ADJUST_PRIVILEGES), 1313u);
-    Faults::Clear();
-  }
-}
 
 TEST_F(NtfsToolsNative, TheEndOfAListLooksItsNamesUpAndDisablesNothing) {
   Faults::Watch("LookupPrivilegeValueW");

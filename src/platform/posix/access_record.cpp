@@ -48,8 +48,8 @@ bool IsList(std::span<const BYTE> bytes) {
   return list.AclSize == bytes.size() && EntriesOf(reinterpret_cast<const ACL*>(bytes.data())).has_value();
 }
 
-// Takes a kept list into the record. False if the bytes are none, or if the file is not as setting it left it:
-// then the list says nothing about it any more. What anybody may have written is not trusted.
+// Takes a kept list into the record. False if the bytes are none, or if the file is not as setting it left
+// it: then the list says nothing about it any more. What anybody may have written is not trusted.
 bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord& record) {
   KeptHeader header;
   if (bytes.size() < sizeof header) return false;
