@@ -1,3 +1,4 @@
+#include "host/failures.h"
 #include "host/run.h"
 #include "host/verb.h"
 
@@ -17,6 +18,7 @@ class ColumnsVerb final : public Verb {
     AddRest(app, "ITEM", items_, "The files and folders to show, in this order: /a/b, Z:\\a\\b or relative");
   }
   const std::vector<std::string>& Items() const override { return items_; }
+  bool TakesItemsInTurn() const override { return true; }
   std::string NoteOfZero() const override { return "the module declares no columns"; }
 
   const char* HelpFooter() const override {
@@ -25,7 +27,9 @@ class ColumnsVerb final : public Verb {
            "  qxhost --json columns *    one JSON object for each cell, null for no value\n"
            "The access is that of the user who runs qxhost: R for read, W for write, X for execute, each a\n"
            "blank where the right is missing. Streams are alternate data streams, of which the count and\n"
-           "the bytes together are shown; natively they are extended attributes of the namespace user.\n\n";
+           "the bytes together are shown; natively they are extended attributes of the namespace user.\n"
+           "Any number of items can come from --items: they are shown as they come, up to one that is "
+           "missing.\n\n";
   }
 
   int Execute(Run& run) override {
@@ -40,14 +44,20 @@ class ColumnsVerb final : public Verb {
  private:
   static void Show(Run& run, Extensions& extensions, const std::vector<ColumnHead>& heads) {
     std::vector<ColumnRow> rows;
-    for (FileItem* const item : run.SelectedItems()) {
-      rows.push_back({item->FullPath(), extensions.ColumnValues(*item)});
-      item->properties.ClearAll();  // it is not asked again
-      if (rows.size() < kRowsOfBlock) continue;
-      run.GetReporter().Columns(heads, rows);
+    const auto showRows = [&] {
+      if (!rows.empty()) run.GetReporter().Columns(heads, rows);
       rows.clear();
+    };
+    try {
+      run.ForEachItem([&](FileItem& item) {
+        rows.push_back({item.FullPath(), extensions.ColumnValues(item)});
+        if (rows.size() == kRowsOfBlock) showRows();
+      });
+    } catch (const BadCall&) {
+      showRows();  // those before the item that is missing
+      throw;
     }
-    if (!rows.empty()) run.GetReporter().Columns(heads, rows);
+    showRows();
   }
 
   std::vector<std::string> items_;

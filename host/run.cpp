@@ -2,6 +2,7 @@
 
 #include "host/error_text.h"
 #include "host/failures.h"
+#include "host/item_lines.h"
 #include "host/missing_rights.h"
 #include "host/paths.h"
 #include "host/system_places.h"
@@ -12,6 +13,10 @@ namespace QxHost {
 namespace {
 
 constexpr const WCHAR* kLanguageFile = W("\\english.language");
+
+// Where an item comes from, as a message calls it.
+constexpr const char* kVerbItems = "ITEM";
+constexpr const char* kListItems = "--items";
 
 WString FullPathOrThrow(const std::string& option, const std::string& text) {
   const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
@@ -90,30 +95,6 @@ LanguageTable ReadLanguageTable(const Options& options, Output& output) {
   return table;
 }
 
-// The lines of --items, in the form in which they stand there.
-std::vector<std::string> ReadItemLines(const std::string& source) {
-  std::string bytes;
-  if (source == "-") {
-    std::optional<std::string> input = ReadStandardInput(kMostFileBytes);
-    if (!input) throw BadCall("--items: cannot read standard input, or it is too long");
-    bytes = std::move(*input);
-  } else if (const DWORD error = ReadWholeFile(FullPathOrThrow("--items", source), bytes);
-             error != ERROR_SUCCESS) {
-    throw BadCall("--items: cannot read " + source + ": " + ErrorText(error));
-  }
-  std::vector<std::string> lines;
-  std::string_view rest = bytes;
-  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);
-  while (!rest.empty()) {
-    const std::size_t end = rest.find('\n');
-    std::string_view line = rest.substr(0, end);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    if (!line.empty()) lines.emplace_back(line);
-    rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
-  }
-  return lines;
-}
-
 // Quoted if a shell would part it.
 std::string ConfigOptionOf(const Options& options) {
   if (options.config.empty()) return {};
@@ -132,12 +113,15 @@ FileItem* FindItem(FileItemTree& items, const std::string& option, const std::st
 
 }  // namespace
 
-Run::Run(const Options& options, const std::vector<std::string>& items, Output& output)
+Run::Run(const Options& options, const std::vector<std::string>& items, Output& output, ItemUse use)
     : output_(output),
       isDry_(options.dryRun),
       isJson_(options.json),
       hasItemList_(!options.items.empty()),
       configOption_(ConfigOptionOf(options)),
+      items_(items),
+      itemList_(options.items),
+      itemUse_(use),
       reporter_(options.json ? MakeJsonReporter(output) : MakeProseReporter(output)) {
   Questions::ReadLine readLine;
   if (options.items != "-" && StandardInputIsTerminal()) readLine = ReadTerminalLine;
@@ -152,23 +136,45 @@ Run::Run(const Options& options, const std::vector<std::string>& items, Output& 
     TakeRightToLink();
   }
   if (shared_->answers.vistaOrNewer) shared_->helper.emplace(OwnHelper(modulePath_));
-  SetUpView(options, items);
+  SetUpView(options);
   boxes_ = InstallModuleBoxes(*questions_, *reporter_);
 }
 
 Run::~Run() = default;
 
-void Run::SetUpView(const Options& options, const std::vector<std::string>& items) {
+void Run::SetUpView(const Options& options) {
   std::vector<FileItem*> selected;
-  for (const std::string& text : items) selected.push_back(FindItem(shared_->items, "ITEM", text));
-  if (!options.items.empty()) {
-    for (const std::string& line : ReadItemLines(options.items)) {
-      selected.push_back(FindItem(shared_->items, "--items", line));
+  if (itemUse_ == ItemUse::kInTurn) {
+    // A missing one is found before anything is shown.
+    FileItemTree looked;
+    for (const std::string& text : items_) FindItem(looked, kVerbItems, text);
+  } else {
+    for (const std::string& text : items_) selected.push_back(FindItem(shared_->items, kVerbItems, text));
+    if (hasItemList_) {
+      ItemLines lines = OpenItemLines(itemList_);
+      while (const std::optional<std::string> line = lines.Next()) {
+        selected.push_back(FindItem(shared_->items, kListItems, *line));
+      }
     }
   }
   FileItem* const focused =
       options.focus.empty() ? nullptr : FindItem(shared_->items, "--focus", options.focus);
   shared_->view.emplace(shared_->items, std::move(selected), focused, FolderOption("--view", options.view));
+}
+
+void Run::ForEachItem(const std::function<void(FileItem&)>& use) {
+  // Items of one folder share it for a while.
+  constexpr std::size_t kItemsOfTree = 512;
+  std::optional<FileItemTree> tree;
+  std::size_t count = 0;
+  const auto give = [&](const char* option, const std::string& text) {
+    if (count++ % kItemsOfTree == 0) tree.emplace();
+    use(*FindItem(*tree, option, text));
+  };
+  for (const std::string& text : items_) give(kVerbItems, text);
+  if (!hasItemList_) return;
+  ItemLines lines = OpenItemLines(itemList_);
+  while (const std::optional<std::string> line = lines.Next()) give(kListItems, *line);
 }
 
 Extensions& Run::LoadExtensions() { return extensions_.emplace(*shared_, LoadModule(modulePath_)); }

@@ -19,7 +19,8 @@ namespace {
 // Settings are saved and the output is complete even when the module fails half-way.
 int ExecuteVerb(const CommandLine& line, Output& output) {
   if (line.options.dryRun) line.verb->CheckDryRun();
-  Run run(line.options, line.verb->Items(), output);
+  Run run(line.options, line.verb->Items(), output,
+          line.verb->TakesItemsInTurn() ? ItemUse::kInTurn : ItemUse::kSelected);
   try {
     const int value = line.verb->Execute(run);
     return run.Finish(value, line.verb->NoteOfZero());

@@ -19,7 +19,6 @@ class StoredProperties {
   int Get(u32 module, u32 property, void* record) const;
   // Drops the value of every module.
   void Clear(u32 property);
-  void ClearAll() { values_.clear(); }
 
  private:
   std::map<std::pair<u32, u32>, std::optional<WString>> values_;  // by module and property

@@ -19,8 +19,9 @@ bool StandardInputIsTerminal();
 // One line from the terminal, as UTF-8 without its line end; nothing at the end of input.
 std::optional<std::string> ReadTerminalLine();
 
-// Standard input to its end. Nothing if it is longer than `limit` bytes or cannot be read.
-std::optional<std::string> ReadStandardInput(std::size_t limit);
+// The next bytes of standard input, at most `size`. Returns how many: 0 at its end, nothing if it cannot be
+// read.
+std::optional<std::size_t> ReadStandardInputPart(char* buffer, std::size_t size);
 
 // As many bytes of standard input as asked for, fewer only at its end or where it cannot be read. Answers how
 // many.

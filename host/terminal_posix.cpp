@@ -1,6 +1,5 @@
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 
 #include "host/terminal.h"
@@ -44,15 +43,10 @@ std::optional<std::string> ReadTerminalLine() {
   return line;
 }
 
-std::optional<std::string> ReadStandardInput(std::size_t limit) {
-  std::string text;
-  std::array<char, 65536> buffer{};
-  for (;;) {
-    const ssize_t done = ReadSome(buffer.data(), buffer.size());
-    if (done == 0) return text;
-    if (done < 0 || text.size() + static_cast<std::size_t>(done) > limit) return std::nullopt;
-    text.append(buffer.data(), static_cast<std::size_t>(done));
-  }
+std::optional<std::size_t> ReadStandardInputPart(char* buffer, std::size_t size) {
+  const ssize_t done = ReadSome(buffer, size);
+  if (done < 0) return std::nullopt;
+  return static_cast<std::size_t>(done);
 }
 
 std::size_t ReadStandardInputBytes(char* buffer, std::size_t size) {

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <limits>
 
 #include "host/terminal.h"
@@ -56,21 +55,13 @@ std::optional<std::string> ReadTerminalLine() {
   return ToUtf8(line);
 }
 
-std::optional<std::string> ReadStandardInput(std::size_t limit) {
-  const HANDLE stream = GetStdHandle(STD_INPUT_HANDLE);
-  std::string text;
-  std::array<char, 65536> buffer{};
-  for (;;) {
-    DWORD done = 0;
-    if (!ReadFile(stream, buffer.data(), static_cast<DWORD>(buffer.size()), &done, nullptr)) {
-      // The other end of a pipe has closed it: that is the end.
-      if (GetLastError() == ERROR_BROKEN_PIPE) return text;
-      return std::nullopt;
-    }
-    if (done == 0) return text;
-    if (text.size() + done > limit) return std::nullopt;
-    text.append(buffer.data(), done);
-  }
+std::optional<std::size_t> ReadStandardInputPart(char* buffer, std::size_t size) {
+  const auto part = static_cast<DWORD>(std::min<std::size_t>(size, 1u << 20));
+  DWORD done = 0;
+  if (ReadFile(GetStdHandle(STD_INPUT_HANDLE), buffer, part, &done, nullptr)) return done;
+  // The other end of a pipe has closed it: that is the end.
+  if (GetLastError() == ERROR_BROKEN_PIPE) return 0;
+  return std::nullopt;
 }
 
 std::size_t ReadStandardInputBytes(char* buffer, std::size_t size) {

@@ -20,6 +20,8 @@ class Verb {
   virtual void Declare(CLI::App& app) = 0;
   // The items that the verb works on, which must exist.
   virtual const std::vector<std::string>& Items() const;
+  // Whether they are taken one after the other, by Run::ForEachItem, and not selected together.
+  virtual bool TakesItemsInTurn() const { return false; }
   // Does it, and answers the value of the result: 1 or 0 as the module said.
   virtual int Execute(Run& run) = 0;
   // Throws BadCall if the verb would change more than --dry-run holds back, which is renames.

@@ -7,8 +7,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cstring>
 #include <limits>
+#include <map>
+#include <memory>
+#include <mutex>
 
 #include "platform/posix/name_encoding.h"
 
@@ -44,6 +48,36 @@ template <typename Use>
 bool WithUser(uid_t id, Use use) {
   return WithEntry<passwd>([id](auto... rest) { return getpwuid_r(id, rest...); }, use);
 }
+
+// Asking the database opens and reads it anew. Like Windows, which keeps the names that it has looked up for
+// minutes, a name that was found is kept for a moment, as whoever asks for one asks for the same soon again.
+class RecentNames {
+ public:
+  std::optional<std::u16string> Find(const Account& account) {
+    const std::lock_guard lock(mutex_);
+    const auto found = names_.find(account);
+    if (found == names_.end() || std::chrono::steady_clock::now() - found->second.asked > kKept)
+      return std::nullopt;
+    return found->second.name;
+  }
+  void Store(const Account& account, const std::u16string& name) {
+    const std::lock_guard lock(mutex_);
+    if (names_.size() >= kMostNames) names_.clear();
+    names_[account] = {name, std::chrono::steady_clock::now()};
+  }
+
+ private:
+  static constexpr std::chrono::seconds kKept{5};
+  static constexpr std::size_t kMostNames = 1000;
+
+  struct Kept {
+    std::u16string name;
+    std::chrono::steady_clock::time_point asked;
+  };
+
+  std::mutex mutex_;
+  std::map<Account, Kept> names_;
+};
 
 std::string DatabaseName(const Account& account) {
   std::string name;
@@ -147,8 +181,13 @@ std::vector<Account> CurrentAccounts() {
 
 std::u16string NameOf(const Account& account) {
   if (account.kind == Account::kEveryone) return std::u16string(kEveryoneName);
+  // Never destroyed: threads may still ask at the end of the process.
+  static RecentNames& recent = *std::make_unique<RecentNames>().release();
+  if (std::optional<std::u16string> known = recent.Find(account)) return *std::move(known);
   const std::string name = DatabaseName(account);
-  return WideName(name.empty() ? std::to_string(account.id) : name);
+  const std::u16string shown = WideName(name.empty() ? std::to_string(account.id) : name);
+  recent.Store(account, shown);
+  return shown;
 }
 
 std::optional<Account> AccountOfName(std::u16string_view name) {

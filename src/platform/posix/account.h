@@ -45,7 +45,7 @@ std::vector<Account> WithMemberships(const Account& account);
 // The effective user of the process with its groups, and everyone.
 std::vector<Account> CurrentAccounts();
 
-// The account's name, or its number if it has none.
+// The account's name, or its number if it has none; for some seconds the same, whatever the database says.
 std::u16string NameOf(const Account& account);
 
 // The user of this name; where there is none, the group; a number that is no name is the user of that id;
