@@ -2,6 +2,7 @@
 
 #include "host/move_item.h"
 #include "host/paths.h"
+#include "host/remote_level.h"
 #include "platform/handles.h"
 
 namespace QxHost {
@@ -75,7 +76,11 @@ void FileItem::GetExtension(WCHAR* buffer, u32 size, u32 flag) {
 }
 
 s64 FileItem::GetRowImage(u32) { return 0; }
-s32 FileItem::GetRemoteLevel() { return parent_ && FolderPath().starts_with(W("\\\\")) ? 1 : 0; }
+s32 FileItem::GetRemoteLevel() {
+  const FileItem* root = this;
+  while (root->parent_) root = root->parent_;
+  return RemoteLevelOfRoot(root->name_);
+}
 int FileItem::GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) {
   return properties.Get(moduleNumber, propertyNumber, record);
 }
