@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <acl/libacl.h>
+#include <fcntl.h>
 #include <sys/acl.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -58,6 +59,11 @@ class NativeRecords : public testing::Test {
     return status.st_mode & 07777;
   }
   std::vector<ShownEntry> Entries() { return EntriesOfFile(file_).value_or(std::vector<ShownEntry>()); }
+
+  // Whether the system itself grants the current user these rights together, by R_OK and its kin.
+  bool SystemGrants(int rights) const {
+    return faccessat(AT_FDCWD, Native().c_str(), rights, AT_EACCESS) == 0;
+  }
 
   // The rights of the current user by the list of the file.
   ACCESS_MASK Effective() {
@@ -133,9 +139,9 @@ TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsForEveryMode) {
     // The owner may always change the mode.
     ASSERT_EQ(chmod(Native().c_str(), mode), 0);
     const ACCESS_MASK mask = Effective();
-    EXPECT_EQ((mask & 0x1) != 0, eaccess(Native().c_str(), R_OK) == 0) << std::oct << mode;
-    EXPECT_EQ((mask & 0x2) != 0, eaccess(Native().c_str(), W_OK) == 0) << std::oct << mode;
-    EXPECT_EQ((mask & 0x20) != 0, eaccess(Native().c_str(), X_OK) == 0) << std::oct << mode;
+    EXPECT_EQ((mask & 0x1) != 0, SystemGrants(R_OK)) << std::oct << mode;
+    EXPECT_EQ((mask & 0x2) != 0, SystemGrants(W_OK)) << std::oct << mode;
+    EXPECT_EQ((mask & 0x20) != 0, SystemGrants(X_OK)) << std::oct << mode;
   }
 }
 
@@ -147,11 +153,51 @@ TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsToGroupsAndOthers) {
       ASSERT_EQ(chmod(Native().c_str(), mode), 0);
       const AsOrdinaryUser nobody;
       const ACCESS_MASK mask = Effective();
-      EXPECT_EQ((mask & 0x1) != 0, eaccess(Native().c_str(), R_OK) == 0) << std::oct << mode;
-      EXPECT_EQ((mask & 0x2) != 0, eaccess(Native().c_str(), W_OK) == 0) << std::oct << mode;
-      EXPECT_EQ((mask & 0x20) != 0, eaccess(Native().c_str(), X_OK) == 0) << std::oct << mode;
+      EXPECT_EQ((mask & 0x1) != 0, SystemGrants(R_OK)) << std::oct << mode;
+      EXPECT_EQ((mask & 0x2) != 0, SystemGrants(W_OK)) << std::oct << mode;
+      EXPECT_EQ((mask & 0x20) != 0, SystemGrants(X_OK)) << std::oct << mode;
     }
   }
+}
+
+// Each right by itself, for a member of several groups that the list names.
+TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsToAMemberOfSeveralGroups) {
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user has the groups that he has
+  const std::vector<gid_t> groups = {4003, 4004};
+  const auto bits = [](unsigned value) {
+    return std::string(value & 4 ? "r" : "-") + (value & 2 ? "w" : "-") + (value & 1 ? "x" : "-");
+  };
+  int differences = 0;
+  for (const gid_t group : {gid_t{4002}, gid_t{4004}, gid_t{kNobody}}) {
+    ASSERT_EQ(chown(Native().c_str(), 4001, group), 0);
+    // Of the file's own group, of two that are named and of all others: every choice of three bits each.
+    for (unsigned choice = 0; choice < 8 * 8 * 8 * 8; ++choice) {
+      const std::string list = "u::---,g::" + bits(choice) + ",g:4003:" + bits(choice >> 3) +
+                               ",g:4004:" + bits(choice >> 6) + ",g:4005:rwx,m::rwx,o::" + bits(choice >> 9);
+      SetPosixList(list.c_str());
+      const AsOrdinaryUser nobody(groups);
+      const ACCESS_MASK mask = Effective();
+      for (const auto& [right, mode] : {std::pair<ACCESS_MASK, int>{0x1, R_OK}, {0x2, W_OK}, {0x20, X_OK}}) {
+        if (((mask & right) != 0) == SystemGrants(mode)) continue;
+        ++differences;
+        ADD_FAILURE() << list << " of " << group << ", right " << right;
+      }
+      ASSERT_LT(differences, 10);
+    }
+  }
+}
+
+// The system grants one open what one of the groups has, never what two have together; a list cannot say
+// that.
+TEST_F(NativeRecords, RightsOfSeveralGroupsAreShownTogetherThoughOneOpenGetsThoseOfOneAlone) {
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user has the groups that he has
+  ASSERT_EQ(chown(Native().c_str(), 4001, 4002), 0);
+  SetPosixList("u::---,g::---,g:4003:r--,g:4004:-w-,m::rw-,o::---");
+  const AsOrdinaryUser nobody({4003, 4004});
+  EXPECT_EQ(Effective(), kRead | kWrite);
+  EXPECT_TRUE(SystemGrants(R_OK));
+  EXPECT_TRUE(SystemGrants(W_OK));
+  EXPECT_FALSE(SystemGrants(R_OK | W_OK));
 }
 
 TEST_F(NativeRecords, TheSuperuserHasNoMoreThanTheListSays) {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <atomic>
+#include <thread>
 
 #include "platform/posix/faults.h"
 #include "security/alternate_streams.h"
@@ -238,4 +240,27 @@ TEST_F(NtfsRecords, ANetworkNameOutsideItsBufferIsNone) {
   };
   EXPECT_EQ(serverWith(kOutside), W("none"));
   EXPECT_EQ(serverWith(nullptr), W("none"));
+}
+
+TEST_F(NtfsRecords, ANetworkNameIsAskedForOnSeveralThreads) {
+  constexpr int kThreads = 4;
+  constexpr int kRounds = 200;
+  Faults::NameNetwork(W("\\\\server\\share"));
+  Faults::Watch("WNetGetUniversalNameW");
+  std::atomic<int> right = 0;
+  std::vector<std::thread> threads;
+  for (int number = 0; number < kThreads; ++number) {
+    threads.emplace_back([&, number] {
+      for (int round = 0; round < kRounds; ++round) {
+        WString server;
+        right += tools_.GetServerOfDrive(server, W("Z:\\a")) && server == W("server") ? 1 : 0;
+        if (number == 0 && round % 10 == 0) ServerCache::Instance().Clear();
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(right, kThreads * kRounds);
+  // Once at the beginning and after each of the 20 clearings, by each thread at most.
+  EXPECT_GE(Faults::CallCount("WNetGetUniversalNameW"), 20);
+  EXPECT_LE(Faults::CallCount("WNetGetUniversalNameW"), kThreads * 21);
 }

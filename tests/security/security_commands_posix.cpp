@@ -10,6 +10,7 @@
 #include "frame/qx_utils.h"
 #include "platform/posix/faults.h"
 #include "security/ntfs_prop.h"
+#include "security/server_cache.h"
 #include "support/as_user_posix.h"
 #include "support/box_answers.h"
 #include "support/dialog_answer.h"
@@ -194,16 +195,31 @@ TEST_F(SecurityCommandsNative, CellsAreFilledOnAThreadOfSmallStack) {
 #else
   constexpr std::size_t kStackBytes = 96 << 10;
 #endif
+  ServerCache::Instance().Clear();
   files_.Select(W("a.txt"), "a");
+  files_.scratch.MakeFolder(W("sub"));
+  host_.selection.push_back(host_.AddFileIn(files_.scratch.Path() + W("\\"), W("sub")));
   NTFSProp extension;
   extension.Attach(1);
-  CellRequest request{&extension, host_.selection.front()};
   pthread_attr_t attributes;
   ASSERT_EQ(pthread_attr_init(&attributes), 0);
   ASSERT_EQ(pthread_attr_setstacksize(&attributes, kStackBytes), 0);
-  pthread_t thread;
-  ASSERT_EQ(pthread_create(&thread, &attributes, AskForCells, &request), 0);
-  pthread_join(thread, nullptr);
+  const auto valuesOf = [&](FakeFileItem* item) {
+    CellRequest request{&extension, item};
+    pthread_t thread;
+    EXPECT_EQ(pthread_create(&thread, &attributes, AskForCells, &request), 0);
+    pthread_join(thread, nullptr);
+    return request.values;
+  };
+  for (FakeFileItem* const item : host_.selection) {
+    EXPECT_EQ(valuesOf(item), 3);  // a size of 0 is no value
+    item->remoteLevel = 1;
+    EXPECT_EQ(valuesOf(item), 3);
+  }
+  // With a server whose name fills the buffer there is no owner.
+  Faults::NameNetwork(W("\\\\") + WString(480, W('s')) + W("\\share"));
+  for (FakeFileItem* const item : host_.selection) EXPECT_EQ(valuesOf(item), 2);
+  EXPECT_EQ(ServerCache::Instance().Find(W('Z')), WString(480, W('s')));
+  ServerCache::Instance().Clear();
   pthread_attr_destroy(&attributes);
-  EXPECT_EQ(request.values, 3);  // a size of 0 is no value
 }
