@@ -40,7 +40,24 @@ class Columns(HostTest):
         self.assertEqual((outcome.status, outcome.stdout), (0, ""))
 
     def test_a_missing_item_is_a_wrong_call(self):
-        self.run_json("columns", self.path("nosuch"), status=2)
+        self.make("a.txt")
+        outcome = self.run_json("columns", self.path("a.txt"), self.path("nosuch"), status=2)
+        self.assertEqual(outcome.events, [])
+
+    def test_a_list_of_items_is_shown_up_to_one_that_is_missing(self):
+        self.make("a.txt", "b.txt")
+        lines = "".join(self.path(name) + "\n" for name in ("a.txt", "nosuch", "b.txt")).encode()
+        outcome = self.run_json("--items", "-", "columns", stdin=lines, status=2)
+        self.assertEqual({event["item"] for event in outcome.of("column")}, {windows_path(self.path("a.txt"))})
+        self.assertIn("nosuch", outcome.stderr)
+        self.run_json("--items", self.path("nolist"), "columns", status=2)
+
+    def test_items_are_shown_as_often_as_they_are_given(self):
+        self.make("a.txt", "list")
+        with open(self.path("list"), "w", encoding="utf-8") as file:
+            file.write((self.path("a.txt") + "\n") * 2)
+        outcome = self.run_json("--items", self.path("list"), "columns", self.path("a.txt"))
+        self.assertEqual(len(outcome.of("column")), 12)
 
     def test_many_items_are_shown_in_blocks(self):
         names = ["%04d.txt" % number for number in range(600)]

@@ -1,7 +1,9 @@
 import os
+import pathlib
+import shutil
 import stat
 
-from qxhost import IS_WINDOWS, HostTest, windows_path
+from qxhost import COMMAND, IS_WINDOWS, HostTest, windows_path
 
 # In this process, and by the elevated helper.
 WAYS = (["--elevated"], [])
@@ -75,6 +77,21 @@ if not IS_WINDOWS:
                         self.assertEqual(self.mode("a.txt"), mode)
                         os.chmod(self.path("a.txt"), 0o600)
 
+        def test_access_without_a_user_given_is_added_for_oneself(self):
+            for way in WAYS:
+                with self.subTest(way=way):
+                    self.make("a.txt")
+                    os.chmod(self.path("a.txt"), 0)
+                    self.run_command(30311, "a.txt", answers=["ok"], options=way)
+                    self.assertEqual(self.mode("a.txt"), 0o500)
+                    os.chmod(self.path("a.txt"), 0o600)
+
+        def test_cancelling_adds_no_access(self):
+            self.make("a.txt")
+            os.chmod(self.path("a.txt"), 0)
+            self.run_command(30311, "a.txt", answers=["cancel"])
+            self.assertEqual(self.mode("a.txt"), 0)
+
         def test_resetting_leaves_no_rights(self):
             for way in WAYS:
                 with self.subTest(way=way):
@@ -101,18 +118,20 @@ if not IS_WINDOWS:
                     outcome = self.add("", "read", "a.txt", options=way, answers=["ok", "ok"])
                     self.assertIn("error 87.", outcome.questions[1]["text"])
 
-        def test_the_superuser_takes_the_files_of_others_and_nobody_else_does(self):
-            if os.geteuid() != 0:
-                outcome = self.run_json("command", "30300", "/etc/passwd", answers=["ok"])
-                self.assertEqual(self.asked(outcome), [("box", "Access Denied", "ok")])
-                self.assertEqual(outcome.questions[0]["text"], DENIED)
-                return
-            self.make("a.txt")
+        def test_a_file_of_another_user_is_taken_with_the_right_and_denied_without(self):
             for way in WAYS:
                 with self.subTest(way=way):
-                    os.chown(self.path("a.txt"), 65534, 65534)
-                    self.run_command(30300, "a.txt", options=way)
-                    self.assertEqual(os.stat(self.path("a.txt")).st_uid, 0)
+                    if os.geteuid() == 0:
+                        self.make("a.txt")
+                        os.chown(self.path("a.txt"), 65534, 65534)
+                        outcome = self.run_command(30300, "a.txt", options=way)
+                        self.assertEqual(outcome.questions, [])
+                        self.assertEqual(os.stat(self.path("a.txt")).st_uid, 0)
+                    else:
+                        outcome = self.run_json(*way, "command", "30300", "/etc/passwd", answers=["ok"])
+                        self.assertEqual(self.asked(outcome), [("box", "Access Denied", "ok")])
+                        self.assertEqual(outcome.questions[0]["text"], DENIED)
+                        self.assertEqual(os.stat("/etc/passwd").st_uid, 0)
 
         def test_thousands_of_files_are_reset_after_one_question(self):
             names = ["%04d" % number for number in range(2000)]
@@ -130,3 +149,76 @@ if not IS_WINDOWS:
             self.make("a.txt")
             outcome = self.run_json("--elevated", "command", "take-own", self.path("a.txt"))
             self.assertEqual(len(outcome.of("refresh")), 1)
+
+    class FileSecurityOfAnOrdinaryUser(FileSecurityTest):
+        """The commands as nobody if the tests run as root, otherwise as whoever runs them."""
+
+        def setUp(self):
+            super().setUp()
+            self.user = 65534 if os.geteuid() == 0 else os.geteuid()
+            # The folder of the build may be closed to nobody, so the program runs from a copy.
+            programs = os.path.join(self.scratch, "bin")
+            os.mkdir(programs)
+            built = pathlib.Path(COMMAND[0]).parent
+            for file in [pathlib.Path(COMMAND[0]), *built.glob("*.so"), built / "english.language"]:
+                shutil.copy(file, programs)
+            self.command_line = [os.path.join(programs, os.path.basename(COMMAND[0]))]
+            os.mkdir(self.config)
+            self.make("own.txt")
+            os.chmod(self.path("own.txt"), 0o640)
+            for path in (self.scratch, self.folder, self.config, programs):
+                os.chmod(path, 0o755)
+            for path in (self.config, self.path("own.txt")):
+                os.chown(path, self.user, -1)
+
+        def run_as_user(self, *arguments, **keywords):
+            user = self.user if os.geteuid() == 0 else None
+            return self.run_json(*arguments, command=self.command_line, user=user, **keywords)
+
+        def mode(self, name):
+            return stat.S_IMODE(os.stat(self.path(name)).st_mode)
+
+        def add(self, user, path, **keywords):
+            return self.run_as_user("--form", "userName=" + user, "--form", "access=read", "command", "30311", path,
+                                    answers=["ok"], **keywords)
+
+        def test_ones_own_file_is_taken_and_reset_and_given_access_again(self):
+            own = self.path("own.txt")
+            for way in WAYS:
+                with self.subTest(way=way):
+                    outcome = self.run_as_user(*way, "command", "30300", own)
+                    self.assertEqual((outcome.questions, len(outcome.of("refresh"))), ([], 1))
+                    self.assertEqual((os.stat(own).st_uid, self.mode("own.txt")), (self.user, 0o640))
+                    outcome = self.run_as_user(*way, "command", "30310", own, answers=["yes"])
+                    self.assertEqual(self.asked(outcome), [("box", "Reset Access", "yes")])
+                    self.assertEqual(self.mode("own.txt"), 0)
+                    # The list that was reset is empty: nothing but the new entry is in it.
+                    self.assertEqual(len(self.add("Everyone", own).questions), 1)
+                    self.assertEqual(self.mode("own.txt"), 0o555)
+                    self.assertEqual(len(self.add("root", own).questions), 1)
+                    self.assertIn("system.posix_acl_access", os.listxattr(own))
+                    os.removexattr(own, "system.posix_acl_access")
+                    os.chmod(own, 0o640)
+
+        def test_the_columns_show_what_the_commands_did(self):
+            own = self.path("own.txt")
+            cells = lambda: {event["name"]: event["value"] for event in self.run_as_user("columns", own).of("column")}
+            name = cells()["owner"]
+            self.assertEqual(cells(), {"owner": name, "access": "RW ", "ADScount": "0", "ADSsize": None})
+            self.run_as_user("command", "30310", own, answers=["yes"])
+            self.assertEqual(cells(), {"owner": name, "access": "   ", "ADScount": "0", "ADSsize": None})
+            self.add("Everyone", own)
+            self.assertEqual(cells(), {"owner": name, "access": "R X", "ADScount": "0", "ADSsize": None})
+
+        def test_what_others_own_is_denied_and_stays(self):
+            before = os.stat("/etc/passwd")
+            for way in WAYS:
+                for number, answers in (("30300", ["ok"]), ("30310", ["yes", "ok"])):
+                    with self.subTest(way=way, number=number):
+                        outcome = self.run_as_user(*way, "command", number, "/etc/passwd", answers=answers)
+                        self.assertEqual(self.asked(outcome)[-1], ("box", "Access Denied", "ok"))
+                        self.assertEqual(outcome.questions[-1]["text"], DENIED)
+            # A list that cannot be set is not reported.
+            self.assertEqual(len(self.add("Everyone", "/etc/passwd").questions), 1)
+            after = os.stat("/etc/passwd")
+            self.assertEqual((after.st_uid, after.st_mode), (before.st_uid, before.st_mode))
