@@ -4,9 +4,9 @@
 // that are the file's or are named, all others. Entries of a list add up instead, so where a later class
 // grants more, an entry that denies goes before it.
 //
-// One thing a list cannot say: of several groups that one is a member of, a single open gets the rights of one
-// alone. If one group may read and another write, the list shows both rights, each of which can be used, but
-// an open for both at once is refused.
+// One thing a list cannot say: of several groups that one is a member of, a single open gets the rights of
+// one alone. If one group may read and another write, the list shows both rights, each of which can be used,
+// but an open for both at once is refused.
 #pragma once
 
 #include <sys/stat.h>
