@@ -1,5 +1,6 @@
-// A counting semaphore for tests with threads. The standard library's loses wake-ups on systems where it has no
-// wait on an address, which is how the Windows build's has it: it looks at the count before it takes its lock.
+// A counting semaphore for tests with threads. The standard library's loses wake-ups on systems where it has
+// no wait on an address, which is how the Windows build's has it: it looks at the count before it takes its
+// lock.
 #pragma once
 
 #include <condition_variable>
