@@ -122,11 +122,21 @@ std::wregex CompileWide(const std::wstring& expression, bool ignoreCase) {
 
 }  // namespace
 
-BoundedRegex::BoundedRegex(WStringView expression, bool ignoreCase)
-    : regex_(CompileWide(CheckedExpression(expression), ignoreCase)) {}
+BoundedRegex::BoundedRegex(WStringView expression, bool ignoreCase, Matcher matcher)
+    : regex_(CompileWide(CheckedExpression(expression), ignoreCase)) {
+  if (matcher == Matcher::kFast) simple_ = SimpleExpression::Parse(expression, ignoreCase);
+}
 
 bool BoundedRegex::Replace(WStringView text, const std::wstring& format, std::size_t most,
                            WString& result) const {
+  using Outcome = SimpleExpression::Outcome;
+  const Outcome outcome = simple_ ? simple_->Replace(text, format, most, result) : Outcome::kUnknown;
+  return outcome == Outcome::kUnknown ? ReplaceByLibrary(text, format, most, result)
+                                      : outcome == Outcome::kReplaced;
+}
+
+bool BoundedRegex::ReplaceByLibrary(WStringView text, const std::wstring& format, std::size_t most,
+                                    WString& result) const {
   const std::uintptr_t top = StackPosition();
   constexpr std::uintptr_t kRoom = kMostRegexStack * kFrameScale;
   RegexBudget budget{kMostRegexSteps, top > kRoom ? top - kRoom : 0};

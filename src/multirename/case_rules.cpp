@@ -43,6 +43,7 @@ constexpr CaseRow kCaseRows[] = {
 }  // namespace
 
 void ApplyCaseRule(u32 flags, WString& name, WString& extension) {
+  if ((flags & kCaseRuleMask) == 0) return;
   for (const CaseRow& row : kCaseRows) {
     if ((flags & row.flag) == 0) continue;
     row.changeName(name);

@@ -1,7 +1,5 @@
-#include <algorithm>
-#include <array>
-#include <string_view>
-
+#include "multirename/character_scan.h"
+#include "multirename/conflict_finder.h"
 #include "multirename/letter_case.h"
 #include "multirename/multi_rename_engine.h"
 
@@ -9,37 +7,63 @@ namespace Velmora::SDK {
 
 namespace {
 
-// By the characters of ASCII, where all of the forbidden ones are.
-constexpr std::array<bool, 128> kForbiddenCharacters = [] {
-  std::array<bool, 128> forbidden{};
-  for (const char c : std::string_view("*|\\/:\"<>?")) forbidden[static_cast<unsigned char>(c)] = true;
-  return forbidden;
-}();
-
 bool HoldsForbidden(WStringView name) {
-  return std::ranges::any_of(
-      name, [](WCHAR c) { return c < kForbiddenCharacters.size() && kForbiddenCharacters[c]; });
+  return HoldsAnyOf<W('*'), W('|'), W('\\'), W('/'), W(':'), W('"'), W('<'), W('>'), W('?')>(name);
+}
+
+// Names that are numbered differ at their ends, and have the same beginnings.
+bool IsSameNewName(WStringView name, WStringView first) {
+  if (name.size() != first.size()) return false;
+  return name.empty() ||
+         (LowerLetter(name.back()) == LowerLetter(first.back()) && EqualButForCase(name, first));
 }
 
 }  // namespace
 
+void ConflictFinder::Begin(std::size_t rows) {
+  states_.clear();
+  states_.reserve(rows);
+  isFirstDuplicate_ = false;
+}
+
 // Every row is compared with the first alone: rows further down that equal one another are left to the host,
 // whose rename decides.
+void ConflictFinder::Add(WStringView newName) {
+  const bool isFirst = states_.empty();
+  if (isFirst) first_ = newName;
+  const bool isDuplicate = !isFirst && IsSameNewName(newName, first_);
+  if (isDuplicate) isFirstDuplicate_ = true;
+  states_.push_back(isDuplicate ? StateDuplicate : HoldsForbidden(newName) ? StateInvalidName : StateReady);
+}
+
+bool ConflictFinder::SetStates(std::span<MultiRenameItem* const> rows, const std::atomic<bool>& abort) {
+  if (isFirstDuplicate_) states_.front() = StateDuplicate;
+  for (std::size_t row = 0; row < states_.size(); ++row) {
+    if (abort.load(std::memory_order_relaxed)) return false;
+    std::atomic<u32>& state = rows[row]->state;
+    if (state.load(std::memory_order_relaxed) != states_[row]) {
+      state.store(states_[row], std::memory_order_relaxed);
+    }
+  }
+  return true;
+}
+
 void CheckConflicts(MultiRenameEngine& engine) {
+  engine.conflicts.Begin(engine.items.size());
+  for (const MultiRenameItem* const item : engine.items) engine.conflicts.Add(item->newName);
+  const std::atomic<bool> never = false;
+  engine.conflicts.SetStates(engine.items, never);
+}
+
+bool ComputeNames(MultiRenameEngine& engine, const std::atomic<bool>& abort) {
+  engine.conflicts.Begin(engine.items.size());
   for (MultiRenameItem* const item : engine.items) {
-    item->state.store(HoldsForbidden(item->newName) ? StateInvalidName : StateReady,
-                      std::memory_order_relaxed);
+    if (abort.load(std::memory_order_relaxed)) return false;
+    ComputeName(engine, *item);
+    // Only the worker writes new names.
+    engine.conflicts.Add(item->newName);
   }
-  if (engine.items.empty()) return;
-  MultiRenameItem& pivot = *engine.items.front();
-  bool isDuplicate = false;
-  for (std::size_t row = 1; row < engine.items.size(); ++row) {
-    MultiRenameItem& item = *engine.items[row];
-    if (!EqualButForCase(item.newName, pivot.newName)) continue;
-    item.state = StateDuplicate;
-    isDuplicate = true;
-  }
-  if (isDuplicate) pivot.state = StateDuplicate;
+  return engine.conflicts.SetStates(engine.items, abort);
 }
 
 }  // namespace Velmora::SDK

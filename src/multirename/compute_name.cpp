@@ -1,3 +1,4 @@
+#include "multirename/character_scan.h"
 #include "multirename/multi_rename_engine.h"
 #include "multirename/rule_flags.h"
 
@@ -28,6 +29,7 @@ void EvaluateTags(MultiRenameEngine& engine, RenameTags& tags, WString& text) {
 // Each pair of the text as it stands is left out; what moves together makes no new one.
 void RemoveLineEnds(WString& text) {
   constexpr WStringView kLineEnd = W("\r\n");
+  if (!HoldsAnyOf<W('\r')>(text)) return;
   std::size_t from = text.find(kLineEnd);
   if (from == WString::npos) return;
   std::size_t kept = from;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "frame/services/host_app.h"
+#include "multirename/conflict_finder.h"
 #include "multirename/multi_rename_item.h"
 #include "multirename/multi_rename_undo_store.h"
 #include "multirename/rename_tag.h"
@@ -56,6 +57,7 @@ class MultiRenameEngine {
   std::optional<ReplaceRules> replaceRules;
   WString nameBeingMade;
   WString extensionBeingMade;
+  ConflictFinder conflicts;
 
   RenameWorker worker;  // last: its thread uses all the others
 };
@@ -92,6 +94,10 @@ void ComputeName(MultiRenameEngine& engine, MultiRenameItem& item);
 // Sets the states of all rows after their names were computed: forbidden characters, and names that equal the
 // first row's. On the worker's thread.
 void CheckConflicts(MultiRenameEngine& engine);
+
+// Both for all rows, as a preview does it. Stops at the next row when `abort` is set, and returns false. On
+// the worker's thread.
+bool ComputeNames(MultiRenameEngine& engine, const std::atomic<bool>& abort);
 
 // Appends the value of one tag for the row that is being computed. A counter moves on.
 void AppendTagValue(MultiRenameEngine& engine, RenameTag& tag, WString& text);

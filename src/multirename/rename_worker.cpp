@@ -144,11 +144,7 @@ void RenameWorker::Loop() {
 void RenameWorker::Preview() {
   const BusyMark busy(engine_.busy);
   try {
-    for (MultiRenameItem* const item : engine_.items) {
-      if (abort_.load(std::memory_order_relaxed)) return;
-      ComputeName(engine_, *item);
-    }
-    CheckConflicts(engine_);
+    if (!ComputeNames(engine_, abort_)) return;
   } catch (...) {
     engine_.currentItem = nullptr;
   }

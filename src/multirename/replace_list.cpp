@@ -12,9 +12,9 @@ namespace {
 
 std::wstring Widened(const WString& text) { return std::wstring(text.begin(), text.end()); }
 
-std::optional<BoundedRegex> CompiledOrNothing(const WString& find, u32 flags) {
+std::optional<BoundedRegex> CompiledOrNothing(const WString& find, u32 flags, BoundedRegex::Matcher matcher) {
   try {
-    return BoundedRegex(find, (flags & kSearchCaseSensitive) == 0);
+    return BoundedRegex(find, (flags & kSearchCaseSensitive) == 0, matcher);
   } catch (const std::regex_error&) {
     return std::nullopt;
   }
@@ -23,9 +23,16 @@ std::optional<BoundedRegex> CompiledOrNothing(const WString& find, u32 flags) {
 // The first match at or after `from`; `find` is in lower case where case does not matter.
 std::size_t FindPlain(WStringView text, WStringView find, std::size_t from, bool matchesCase) {
   if (matchesCase) return text.find(find, from);
-  const auto found = std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), find.begin(),
-                                 find.end(), [](WCHAR c, WCHAR wanted) { return LowerLetter(c) == wanted; });
-  return found == text.end() ? WStringView::npos : static_cast<std::size_t>(found - text.begin());
+  if (text.size() < find.size()) return WStringView::npos;
+  const WCHAR lower = find.front();
+  const WCHAR upper = UpperLetter(lower);
+  for (const std::size_t last = text.size() - find.size(); from <= last; ++from) {
+    if (text[from] != lower && text[from] != upper) continue;
+    std::size_t equal = 1;
+    while (equal < find.size() && LowerLetter(text[from + equal]) == find[equal]) ++equal;
+    if (equal == find.size()) return from;
+  }
+  return WStringView::npos;
 }
 
 WString FromThreadCodePage(const char* text) {
@@ -39,12 +46,13 @@ WString FromThreadCodePage(const char* text) {
 
 }  // namespace
 
-ReplaceRules::ReplaceRules(const SearchAndReplaceItems& items, u32 flags) : flags_(flags) {
+ReplaceRules::ReplaceRules(const SearchAndReplaceItems& items, u32 flags, BoundedRegex::Matcher matcher)
+    : flags_(flags) {
   for (const auto& [find, replace] : items) {
     if (find.empty()) continue;
     Rule rule{find, replace, Widened(replace), std::nullopt};
     if ((flags & kSearchRegex) != 0) {
-      rule.regex = CompiledOrNothing(find, flags);
+      rule.regex = CompiledOrNothing(find, flags, matcher);
       if (!rule.regex) continue;
     } else if ((flags & kSearchCaseSensitive) == 0) {
       std::ranges::transform(rule.find, rule.find.begin(), LowerLetter);
@@ -84,7 +92,7 @@ void ReplaceRules::Apply(WString& text) {
 }
 
 void ApplyReplaceList(const SearchAndReplaceItems& items, WString& text, u32 flags) {
-  ReplaceRules(items, flags).Apply(text);
+  ReplaceRules(items, flags, BoundedRegex::Matcher::kLibrary).Apply(text);
 }
 
 u32 ValidateExpressions(const SearchAndReplaceItems& items, WString& message) {

@@ -37,7 +37,8 @@ u32 ValidateExpressions(const SearchAndReplaceItems& items, WString& message);
 // one thread at a time.
 class ReplaceRules {
  public:
-  ReplaceRules(const SearchAndReplaceItems& items, u32 flags);
+  ReplaceRules(const SearchAndReplaceItems& items, u32 flags,
+               BoundedRegex::Matcher matcher = BoundedRegex::Matcher::kFast);
 
   void Apply(WString& text);
 

@@ -1,0 +1,150 @@
+// Previews of MultiRename's engine alone, without files and without a host: what a row costs, what it takes
+// in memory, and how soon a preview that is asked to stop has stopped.
+#include <malloc.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "multirename/multi_rename_engine.h"
+#include "multirename/rule_flags.h"
+
+using namespace Velmora::SDK;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double Seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
+
+// As the names that the whole commands are measured with.
+WString NameOf(std::size_t row) {
+  char name[80];
+  std::snprintf(name, sizeof name, "folder %05u_some_file name %03u.TXT", static_cast<unsigned>(row / 100),
+                static_cast<unsigned>(row % 100));
+  return FromUtf8(name);
+}
+
+WString FolderOf(std::size_t row) {
+  char name[80];
+  std::snprintf(name, sizeof name, "Z:\\tmp\\tmp01234567\\rename_by_rules\\folder %05u",
+                static_cast<unsigned>(row / 100));
+  return FromUtf8(name);
+}
+
+std::size_t BytesInUse() { return mallinfo2().uordblks + mallinfo2().hblkhd; }
+
+SharedItems MakeRows(std::size_t count) {
+  auto rows = std::make_shared<MultiRenameItems>();
+  for (std::size_t row = 0; row < count; ++row) {
+    MultiRenameItem& item = rows->emplace_back();
+    item.folderPath = FolderOf(row);
+    item.oldName = NameOf(row);
+    item.newName = item.oldName;
+  }
+  return rows;
+}
+
+RuleInput Rules(const SharedItems& rows, bool expressions) {
+  RuleInput input;
+  input.itemsOwner = rows;
+  for (MultiRenameItem& row : *rows) input.items.push_back(&row);
+  input.filenameTemplate = expressions ? W("[N]") : W("[N]_[C]");
+  input.extensionTemplate = W("[E]");
+  input.startAt = input.stepBy = W("1");
+  input.digits = W("2");
+  input.searchFlags = kSearchNameAndExtension | (expressions ? kSearchRegex : 0);
+  SearchAndReplaceItems pairs = {{W("some"), W("any")}};
+  if (expressions) pairs.emplace_back(W("f(.)le"), W("d$1t"));
+  input.searchItems = std::make_shared<const SearchAndReplaceItems>(std::move(pairs));
+  return input;
+}
+
+class Previews {
+ public:
+  Previews(std::size_t count, bool expressions) : engine_(nullptr), expressions_(expressions) {
+    const std::size_t before = BytesInUse();
+    rows_ = MakeRows(count);
+    Compile();
+    engine_.worker.Start();
+    WholePreview();
+    bytes_ = static_cast<double>(BytesInUse() - before) / static_cast<double>(count);
+    for (const MultiRenameItem& row : *rows_) {
+      nameBytes_ += static_cast<double>((row.oldName.size() + row.newName.size()) * sizeof(WCHAR));
+    }
+    nameBytes_ /= static_cast<double>(count);
+  }
+
+  // Without what the names themselves take, old and new.
+  double BytesOfRow() const { return bytes_ - nameBytes_; }
+
+  // Nanoseconds a row, the best of several previews.
+  double CostOfRow() {
+    const std::size_t count = rows_->size();
+    double best = 1e9;
+    for (std::size_t run = 0; run < std::clamp<std::size_t>(1'000'000 / count, 3, 300); ++run) {
+      Compile();
+      best = std::min(best, WholePreview());
+    }
+    return best / static_cast<double>(count) * 1e9;
+  }
+
+  // Microseconds from the wish to stop to the idle worker, sorted.
+  std::vector<double> Stops(int count) {
+    const double whole = WholePreview();
+    std::vector<double> times;
+    for (int stop = 0; stop < count; ++stop) {
+      Compile();
+      engine_.worker.WantPreview();
+      engine_.worker.Wake();
+      std::this_thread::sleep_for(std::chrono::duration<double>(whole * (stop % 8 + 1) / 10));
+      const Clock::time_point begin = Clock::now();
+      engine_.worker.StopCurrent();
+      times.push_back(Seconds(Clock::now() - begin) * 1e6);
+    }
+    std::ranges::sort(times);
+    return times;
+  }
+
+ private:
+  void Compile() {
+    if (!CompileRules(engine_, Rules(rows_, expressions_))) std::abort();
+  }
+  // Seconds that the processor worked for it.
+  double WholePreview() {
+    engine_.worker.WantPreview();
+    const std::clock_t begin = std::clock();
+    engine_.worker.Wake();
+    engine_.worker.WaitUntilIdle();
+    return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+  }
+
+  MultiRenameEngine engine_;
+  SharedItems rows_;
+  bool expressions_;
+  double bytes_ = 0;
+  double nameBytes_ = 0;
+};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 3 || std::atoi(arguments[1]) <= 0) {
+    std::fputs("usage: preview_rows ROWS plain|expressions|stop\n", stderr);
+    return 2;
+  }
+  const std::string what = arguments[2];
+  Previews previews(static_cast<std::size_t>(std::atoi(arguments[1])), what == "expressions");
+  if (what == "stop") {
+    const std::vector<double> times = previews.Stops(200);
+    std::printf("%.1f %.1f\n", times[times.size() / 2], times.back());
+  } else {
+    std::printf("%.1f %.1f\n", previews.CostOfRow(), previews.BytesOfRow());
+  }
+  return 0;
+}
