@@ -1,5 +1,8 @@
 #include "host/file_item.h"
 
+#include <algorithm>
+#include <functional>
+
 #include "host/move_item.h"
 #include "host/paths.h"
 #include "host/remote_level.h"
@@ -21,19 +24,26 @@ void GiveText(WCHAR* buffer, u32 size, WStringView text) {
 
 }  // namespace
 
-WString FileItem::FolderPath() const {
-  std::vector<const FileItem*> folders;
+std::size_t FileItem::FolderPathSize() const {
   std::size_t size = 0;
+  for (const FileItem* folder = parent_; folder; folder = folder->parent_) size += folder->name_.size() + 1;
+  return size;
+}
+
+void FileItem::WriteFolderPath(WCHAR* end) const {
   for (const FileItem* folder = parent_; folder; folder = folder->parent_) {
-    folders.push_back(folder);
-    size += folder->name_.size() + 1;
+    *--end = W('\\');
+    end -= folder->name_.size();
+    folder->name_.copy(end, folder->name_.size());
   }
+}
+
+WString FileItem::FolderPath() const {
   WString path;
+  const std::size_t size = FolderPathSize();
   path.reserve(size + name_.size());
-  for (std::size_t index = folders.size(); index-- > 0;) {
-    path += folders[index]->name_;
-    path += W('\\');
-  }
+  path.resize(size);
+  WriteFolderPath(path.data() + size);
   return path;
 }
 
@@ -53,12 +63,33 @@ void FileItem::GetBaseName(WCHAR* buffer, u32 size) {
 }
 
 const WCHAR* FileItem::GetFolderPath(WCHAR* buffer, u32 size) {
+  if (!buffer || size == 0) return W("");
   const bool isInRoot = !parent_ || !parent_->parent_;
-  return GivePath(buffer, size, isInRoot ? FolderPath() : parent_->FullPath());
+  const std::size_t pathSize = FolderPathSize();
+  const std::size_t given = pathSize - (isInRoot ? 0 : 1);
+  buffer[0] = WCHAR();
+  if (given >= size) return buffer;
+  if (pathSize <= size) {
+    WriteFolderPath(buffer + pathSize);
+  } else {
+    const WString path = FolderPath();
+    path.copy(buffer, given);
+  }
+  buffer[given] = WCHAR();
+  return buffer;
 }
 
 void FileItem::GetParentPath(WCHAR* buffer, u32 size) { GivePath(buffer, size, FolderPath()); }
 const WCHAR* FileItem::GetFullPath(WCHAR* buffer, u32 size) { return GivePath(buffer, size, FullPath()); }
+
+u32 FileItem::GetAttributes() {
+  if (attributes_ != INVALID_FILE_ATTRIBUTES || kind_ == Kind::kUnknown) return attributes_;
+  attributes_ = GetFileAttributesW(SystemPath(FullPath()).c_str());
+  if (attributes_ == INVALID_FILE_ATTRIBUTES) {
+    attributes_ = kind_ == Kind::kFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
+  }
+  return attributes_;
+}
 
 void FileItem::GetTagText(WCHAR* buffer, u32 size) {
   const bool isAtRoot = !parent_ || !parent_->parent_;
@@ -86,36 +117,69 @@ int FileItem::GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* reco
 }
 void FileItem::ClearStoredProperty(u32 propertyNumber) { properties.Clear(propertyNumber); }
 
-FileItemTree::~FileItemTree() {
-  // Level by level, so that no depth of folders runs the stack out.
-  std::vector<std::unique_ptr<FileItem>> level = std::move(displaced_);
-  for (auto& [name, root] : roots_) level.push_back(std::move(root));
-  while (!level.empty()) {
-    std::vector<std::unique_ptr<FileItem>> next;
-    for (const std::unique_ptr<FileItem>& item : level) {
-      for (auto& [name, child] : item->children_) next.push_back(std::move(child));
-    }
-    level = std::move(next);
+std::uint64_t FileItemTree::HashOf(const FileItem* parent, WStringView name) {
+  const std::uint64_t place = parent ? parent->number_ + 1 : 0;
+  return (std::hash<WStringView>()(name) ^ place) * 0x9E3779B97F4A7C15u;
+}
+
+FileItemTree::Slot& FileItemTree::SlotOf(const FileItem* parent, WStringView name, std::uint64_t hash) {
+  const std::size_t mask = slots_.size() - 1;
+  for (std::size_t at = (hash >> 32) & mask;; at = (at + 1) & mask) {
+    Slot& slot = slots_[at];
+    if (!slot.isUsed) return slot;
+    if (slot.hash == hash && slot.item && slot.item->parent_ == parent && slot.item->name_ == name)
+      return slot;
   }
 }
 
-FileItem& FileItemTree::Child(FileItem& parent, WStringView name) {
-  std::unique_ptr<FileItem>& child = parent.children_[WString(name)];
-  if (!child) child = std::make_unique<FileItem>(&parent, WString(name));
-  return *child;
+void FileItemTree::MakeRoom() {
+  constexpr std::size_t kFewestSlots = 256;
+  if (slots_.size() >= (usedSlots_ + 1) * 2) return;
+  std::vector<Slot> before = std::move(slots_);
+  slots_.assign(std::max(before.size() * 2, kFewestSlots), {});
+  usedSlots_ = 0;
+  for (const Slot& slot : before) {
+    if (!slot.item) continue;
+    SlotOf(slot.item->parent_, slot.item->name_, slot.hash) = slot;
+    ++usedSlots_;
+  }
+}
+
+FileItem& FileItemTree::Child(FileItem* parent, WStringView name) {
+  MakeRoom();
+  const std::uint64_t hash = HashOf(parent, name);
+  Slot& slot = SlotOf(parent, name, hash);
+  if (slot.isUsed) return *slot.item;
+  ++usedSlots_;
+  slot = {hash, &items_.emplace_back(parent, name, items_.size()), true};
+  return *slot.item;
 }
 
 FileItem& FileItemTree::Node(WStringView fullPath) {
+  const std::size_t nameAt = fullPath.rfind(W('\\')) + 1;
+  if (lastFolder_ && fullPath.substr(0, nameAt) == lastFolderPath_ && nameAt < fullPath.size()) {
+    return Child(lastFolder_, fullPath.substr(nameAt));
+  }
   const auto [root, rest] = SplitRoot(fullPath);
-  std::unique_ptr<FileItem>& rootItem = roots_[WString(root)];
-  if (!rootItem) rootItem = std::make_unique<FileItem>(nullptr, WString(root));
-  FileItem* item = rootItem.get();
+  FileItem* item = &Child(nullptr, root);
   for (WStringView left = rest; !left.empty();) {
     const std::size_t end = left.find(W('\\'));
-    item = &Child(*item, left.substr(0, end));
+    if (end == WStringView::npos) {
+      lastFolder_ = item;
+      lastFolderPath_ = fullPath.substr(0, nameAt);
+    }
+    item = &Child(item, left.substr(0, end));
     left = end == WStringView::npos ? WStringView() : left.substr(end + 1);
   }
   return *item;
+}
+
+FileItem& FileItemTree::Listed(FileItem& folder, WStringView name, bool isFolder) {
+  FileItem& item = Child(&folder, name);
+  if (item.attributes_ == INVALID_FILE_ATTRIBUTES) {
+    item.kind_ = isFolder ? FileItem::Kind::kFolder : FileItem::Kind::kFile;
+  }
+  return item;
 }
 
 FileItem* FileItemTree::Find(const WString& fullPath) {
@@ -129,6 +193,7 @@ FileItem* FileItemTree::Find(const WString& fullPath) {
     return nullptr;
   }
   item.attributes_ = attributes;
+  item.kind_ = FileItem::Kind::kUnknown;
   return &item;
 }
 
@@ -143,8 +208,9 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
   do {
     const WStringView name(found.cFileName);
     if (name == W(".") || name == W("..")) continue;
-    FileItem& item = Child(folder, name);
+    FileItem& item = Child(&folder, name);
     item.attributes_ = found.dwFileAttributes;
+    item.kind_ = FileItem::Kind::kUnknown;
     items.push_back(&item);
   } while (FindNextFileW(search.Get(), &found));
   return GetLastError() == ERROR_NO_MORE_FILES;
@@ -152,19 +218,17 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
 
 void FileItemTree::Rename(FileItem& item, const WString& newName) {
   if (!item.parent_ || item.name_ == newName) return;
-  auto& siblings = item.parent_->children_;
-  const auto place = siblings.find(item.name_);
-  if (place == siblings.end() || place->second.get() != &item) {
-    item.name_ = newName;  // displaced before: it has no place among its siblings
-    return;
-  }
-  std::unique_ptr<FileItem> owner = std::move(place->second);
-  siblings.erase(place);
+  lastFolder_ = nullptr;
+  Slot& place = SlotOf(item.parent_, item.name_, HashOf(item.parent_, item.name_));
+  const bool hasPlace = place.isUsed && place.item == &item;
+  if (hasPlace) place.item = nullptr;
   item.name_ = newName;
-  std::unique_ptr<FileItem>& newPlace = siblings[newName];
-  // An item that stood there is of a file that has gone behind our back; whoever holds it may go on asking.
-  if (newPlace) displaced_.push_back(std::move(newPlace));
-  newPlace = std::move(owner);
+  if (!hasPlace) return;  // its name was taken by another item before
+  MakeRoom();
+  const std::uint64_t hash = HashOf(item.parent_, newName);
+  Slot& newPlace = SlotOf(item.parent_, newName, hash);
+  if (!newPlace.isUsed) ++usedSlots_;
+  newPlace = {hash, &item, true};
 }
 
 }  // namespace QxHost

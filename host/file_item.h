@@ -1,11 +1,11 @@
 // A file or folder as the host hands it to the module, and the tree that owns all of them.
 //
 // Items live to the end of the run, longer than any list. They form a tree, so that an item below a renamed
-// folder knows its new path at once, however many there are. The attributes are asked from the system once.
+// folder knows its new path at once, however many there are. The attributes are asked from the system once,
+// at the latest when somebody wants to know them.
 #pragma once
 
-#include <memory>
-#include <unordered_map>
+#include <deque>
 #include <vector>
 
 #include "frame/services/host_files.h"
@@ -19,7 +19,8 @@ using Velmora::SDK::u32;
 
 class FileItem final : public Velmora::SDK::IHostFileItem {
  public:
-  FileItem(FileItem* parent, WString name) : parent_(parent), name_(std::move(name)) {}
+  FileItem(FileItem* parent, WStringView name, std::size_t number)
+      : parent_(parent), name_(name), number_(number) {}
   FileItem(const FileItem&) = delete;
   FileItem& operator=(const FileItem&) = delete;
 
@@ -35,9 +36,11 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   void GetTagText(WCHAR* buffer, u32 size) override;
   const WCHAR* GetExtensionText(u32 flag) override;
   void GetExtension(WCHAR* buffer, u32 size, u32 flag) override;
-  u32 GetAttributes() override { return attributes_; }
+  u32 GetAttributes() override;
   s64 GetRowImage(u32 imageSet) override;
-  bool IsFolder() override { return (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+  bool IsFolder() override {
+    return kind_ == Kind::kUnknown ? (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0 : kind_ == Kind::kFolder;
+  }
   s32 GetRemoteLevel() override;
   int GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) override;
   void ClearStoredProperty(u32 propertyNumber) override;
@@ -48,14 +51,24 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   const FileItem* Parent() const { return parent_; }  // null for a root
   WString FolderPath() const;                         // ends in a backslash
   WString FullPath() const;
+  // Counted through all items of the tree, from 0.
+  std::size_t Number() const { return number_; }
 
  private:
   friend class FileItemTree;
 
+  // Of an item whose attributes were not asked for.
+  enum class Kind : unsigned char { kUnknown, kFile, kFolder };
+
+  std::size_t FolderPathSize() const;
+  // Writes the path of the folder, which ends in a backslash, so that it ends before `end`.
+  void WriteFolderPath(WCHAR* end) const;
+
   FileItem* parent_;  // null for a root
   WString name_;
+  std::size_t number_;
   DWORD attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
-  std::unordered_map<WString, std::unique_ptr<FileItem>> children_;
+  Kind kind_ = Kind::kUnknown;
 };
 
 class FileItemTree {
@@ -63,11 +76,13 @@ class FileItemTree {
   FileItemTree() = default;
   FileItemTree(const FileItemTree&) = delete;
   FileItemTree& operator=(const FileItemTree&) = delete;
-  ~FileItemTree();
 
   // The item of a full path. Null, and GetLastError, if there is no such file or folder, and for a root,
   // which has no name. Its last name is taken as it stands on the disk.
   FileItem* Find(const WString& fullPath);
+
+  // The item of a name that a listing of the folder has shown; `folder` is of Follow.
+  FileItem& Listed(FileItem& folder, WStringView name, bool isFolder);
 
   // The item of a full path, whether or not there is such a file; its attributes are not asked for. It is for
   // following a path through renames, not for the module.
@@ -77,15 +92,32 @@ class FileItemTree {
   // searched.
   bool AddFolderItems(const WString& folderPath, std::vector<FileItem*>& items);
 
-  // Gives an item another name after the system has done so.
+  // Gives an item another name after the system has done so. An item that had this name is of a file that has
+  // gone behind our back; whoever holds it may go on asking.
   void Rename(FileItem& item, const WString& newName);
 
+  std::size_t Count() const { return items_.size(); }
+
  private:
-  FileItem& Child(FileItem& parent, WStringView name);
+  struct Slot {
+    std::uint64_t hash = 0;
+    FileItem* item = nullptr;
+    bool isUsed = false;  // also if its item has gone
+  };
+
+  static std::uint64_t HashOf(const FileItem* parent, WStringView name);
+  // The slot of the item, or the one that it is to have.
+  Slot& SlotOf(const FileItem* parent, WStringView name, std::uint64_t hash);
+  void MakeRoom();
+  FileItem& Child(FileItem* parent, WStringView name);
   FileItem& Node(WStringView fullPath);
 
-  std::unordered_map<WString, std::unique_ptr<FileItem>> roots_;
-  std::vector<std::unique_ptr<FileItem>> displaced_;  // their name has been taken by another item
+  std::deque<FileItem> items_;
+  std::vector<Slot> slots_;    // by hash of name and parent; a power of 2
+  std::size_t usedSlots_ = 0;  // of items that are there, and of those that have gone
+  // The folder of the last path: the next one is often in it as well.
+  WString lastFolderPath_;
+  FileItem* lastFolder_ = nullptr;
 };
 
 }  // namespace QxHost

@@ -1,6 +1,7 @@
 // What the plan of a rename batch must know of the disk. Tests plan over one that is made up.
 #pragma once
 
+#include "host/folder_names.h"
 #include "platform/text.h"
 
 namespace QxHost {
@@ -18,6 +19,10 @@ class FileView {
   // Whether two new names in a folder are one name if they differ in letter case alone. `fullPath` is a file
   // that exists in the folder.
   virtual bool IsCaseBlindBeside(const WString& fullPath) = 0;
+
+  // Reads all names of a folder, whose path ends in a backslash. False if they cannot be had that way, or are
+  // more than `most`: then each file is looked at.
+  virtual bool ReadNames(const WString& folder, std::size_t most, FolderNames& names) = 0;
 };
 
 // The files of the system.
@@ -26,6 +31,9 @@ class DiskView final : public FileView {
   DWORD Look(const WString& fullPath) override;
   bool AreOneFile(const WString& left, const WString& right) override;
   bool IsCaseBlindBeside(const WString& fullPath) override;
+  bool ReadNames(const WString& folder, std::size_t most, FolderNames& names) override {
+    return ReadFolderNames(folder, most, names);
+  }
 };
 
 }  // namespace QxHost

@@ -1,6 +1,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "host/json_text.h"
 #include "host/reporter.h"
 
 namespace QxHost {
@@ -33,10 +34,12 @@ class JsonReporter final : public Reporter {
   }
 
   void Rename(const RenameEvent& event) override {
-    Write({{"event", "rename"},
-           {"from", ToUtf8(event.from)},
-           {"to", ToUtf8(event.to)},
-           {"result", event.result}});
+    std::string line = R"({"event":"rename","from":)";
+    AppendJsonString(line, event.from);
+    line += R"(,"to":)";
+    AppendJsonString(line, event.to);
+    ((line += R"(,"result":)") += std::to_string(event.result)) += '}';
+    output_.Line(line);
   }
 
   void List(std::uint32_t request, std::uint32_t marker, const std::vector<WString>& items) override {
@@ -114,12 +117,16 @@ class JsonReporter final : public Reporter {
     }
   }
 
+  // Of rows there may be a million, so their lines are written as they are.
   void Row(const RowEvent& event) override {
-    Write({{"event", "row"},
-           {"folder", ToUtf8(event.folder)},
-           {"old", ToUtf8(event.oldName)},
-           {"new", ToUtf8(event.newName)},
-           {"state", event.state}});
+    line_ = R"({"event":"row","folder":)";
+    AppendJsonString(line_, event.folder);
+    line_ += R"(,"old":)";
+    AppendJsonString(line_, event.oldName);
+    line_ += R"(,"new":)";
+    AppendJsonString(line_, event.newName);
+    ((line_ += R"(,"state":)") += std::to_string(event.state)) += '}';
+    output_.Line(line_);
   }
 
   void Undo(const UndoEvent& event) override {
@@ -161,6 +168,7 @@ class JsonReporter final : public Reporter {
   void Write(const Json& line) { output_.Line(line.dump(-1, ' ', false, Json::error_handler_t::replace)); }
 
   Output& output_;
+  std::string line_;  // kept for its memory
 };
 
 }  // namespace

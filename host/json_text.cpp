@@ -61,6 +61,18 @@ std::optional<WString> TextOfJson(const nlohmann::json& value) {
   return text;
 }
 
+void AppendJsonString(std::string& json, WStringView text) {
+  const bool isPlain = std::ranges::all_of(
+      text, [](WCHAR unit) { return unit >= W(' ') && unit != W('"') && unit != W('\\') && unit != 0x7F; });
+  if (!isPlain) {
+    json += nlohmann::json(ToUtf8(text)).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    return;
+  }
+  json += '"';
+  AppendAsUtf8(json, text);
+  json += '"';
+}
+
 nlohmann::json JsonOfBlock(const Block& block) { return {{kBlockName, HexOf(block)}}; }
 std::optional<Block> BlockOfJson(const nlohmann::json& value) { return BytesOfHex(value, kBlockName); }
 

@@ -3,6 +3,7 @@
 
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/text.h"
@@ -15,6 +16,10 @@ using Block = std::vector<unsigned char>;
 // {"utf16": "D800..."} instead.
 nlohmann::json JsonOfText(WStringView text);
 std::optional<WString> TextOfJson(const nlohmann::json& value);
+
+// Appends a text as a JSON string with its quotes, as the library writes it: what is no well-formed UTF-16
+// becomes U+FFFD.
+void AppendJsonString(std::string& json, WStringView text);
 
 // {"block": "0A0B..."}
 nlohmann::json JsonOfBlock(const Block& block);

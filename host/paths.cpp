@@ -1,6 +1,7 @@
 #include "host/paths.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace QxHost {
@@ -9,7 +10,14 @@ namespace {
 constexpr WStringView kLongPrefix = W("\\\\?\\");
 constexpr WStringView kLongServerPrefix = W("\\\\?\\UNC\\");
 constexpr WStringView kDevicePrefix = W("\\\\.\\");
-constexpr WStringView kKeptCharacters = W("\\/:*?\"<>|");
+
+// By the characters of ASCII.
+constexpr std::array<bool, 128> kImpossible = [] {
+  std::array<bool, 128> impossible{};
+  for (std::size_t control = 0; control < ' '; ++control) impossible[control] = true;
+  for (const char c : std::string_view("\\/:*?\"<>|")) impossible[static_cast<unsigned char>(c)] = true;
+  return impossible;
+}();
 
 // Windows leaves room for a short name below a folder, so folders reach their limit first.
 constexpr std::size_t kMostShortPathChars = MAX_PATH - 13;
@@ -117,7 +125,7 @@ WString PathFromUtf8(std::string_view bytes) {
   std::size_t done = 0;
   std::size_t at = 0;
   while (at < bytes.size()) {
-    const std::size_t size = SequenceSize(bytes, at);
+    const std::size_t size = static_cast<std::uint8_t>(bytes[at]) < 0x80 ? 1 : SequenceSize(bytes, at);
     if (size != 0) {
       at += size;
       continue;
@@ -126,6 +134,7 @@ WString PathFromUtf8(std::string_view bytes) {
     path += static_cast<WCHAR>(0xDC00 + static_cast<std::uint8_t>(bytes[at]));
     done = ++at;
   }
+  if (done == 0) return FromUtf8(bytes);
   return path + FromUtf8(bytes.substr(done));
 }
 
@@ -187,10 +196,9 @@ WStringView NameToMake(WStringView name) {
 
 bool IsPossibleName(WStringView name) {
   if (name.empty() || name == W(".") || name == W("..")) return false;
-  for (const WCHAR character : name) {
-    if (character < W(' ') || kKeptCharacters.find(character) != WStringView::npos) return false;
-  }
-  return true;
+  return std::none_of(name.begin(), name.end(), [](WCHAR character) {
+    return character < kImpossible.size() && kImpossible[character];
+  });
 }
 
 bool IsFolder(const WString& fullPath) {

@@ -69,9 +69,12 @@ class Gathered {
   }
 
   std::uint32_t FolderOf(const FileItem& item) {
+    if (lastParent_ && item.Parent() == lastParent_) return lastFolder_;
     const auto [entry, isNew] = byItem_.emplace(item.Parent(), 0);
     if (isNew) entry->second = FolderOf(item.FolderPath());
-    return entry->second;
+    lastParent_ = item.Parent();
+    lastFolder_ = entry->second;
+    return lastFolder_;
   }
 
   std::uint32_t FolderOf(const WString& path) {
@@ -81,6 +84,9 @@ class Gathered {
   }
 
   std::vector<DWORD> refusals_;
+  // Neighbours in a batch are often in one folder.
+  const FileItem* lastParent_ = nullptr;
+  std::uint32_t lastFolder_ = 0;
   std::unordered_map<const FileItem*, std::uint32_t> byItem_;
   std::unordered_map<WString, std::uint32_t> byPath_;
 };
@@ -177,6 +183,13 @@ void FindItems(Gathered& gathered, const RenamePlan& plan, FileItemTree& tree) {
 }
 
 }  // namespace
+
+std::vector<u32> ForetellPlanned(std::deque<QueuedRename>& renames) {
+  const Gathered gathered(renames);
+  DiskView disk;
+  const RenamePlan plan = PlanRenames(gathered.wanted, disk);
+  return {plan.results.begin(), plan.results.end()};
+}
 
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
                 const RenameReport& report) {

@@ -51,8 +51,11 @@ class ProseReporter final : public Reporter {
   void Rename(const RenameEvent& event) override {
     constexpr std::uint32_t kDone = 0;
     if (event.result != kDone) return;  // what was not done is told on standard error
-    output_.Line((event.dryRun ? "would rename " : "renamed ") + ToUtf8(event.from) + " to " +
-                 ToUtf8(event.to));
+    std::string line = event.dryRun ? "would rename " : "renamed ";
+    AppendAsUtf8(line, event.from);
+    line += " to ";
+    AppendAsUtf8(line, event.to);
+    output_.Line(line);
   }
 
   void List(std::uint32_t, std::uint32_t marker, const std::vector<WString>& items) override {
@@ -122,14 +125,15 @@ class ProseReporter final : public Reporter {
       rowFolder_ = event.folder;
       output_.Line(ToUtf8(event.folder));
     }
-    std::string line = event.blocks ? "! " : event.objection.empty() ? "  " : "? ";
-    if (event.oldName == event.newName && event.objection.empty()) line = "= ";
-    line += ToUtf8(event.oldName);
-    const std::size_t width = CharactersOf(line);
+    const bool stays = event.objection.empty() && event.oldName == event.newName;
+    line_ = stays ? "= " : event.blocks ? "! " : event.objection.empty() ? "  " : "? ";
+    AppendAsUtf8(line_, event.oldName);
+    const std::size_t width = CharactersOf(line_);
     const std::size_t column = event.nameWidth + kRowGap + kRowMarkWidth;
-    line.append(width < column ? column - width : 1, ' ');
-    line += ToUtf8(event.newName);
-    output_.Line(event.objection.empty() ? line : line + "   <- " + event.objection);
+    line_.append(width < column ? column - width : 1, ' ');
+    AppendAsUtf8(line_, event.newName);
+    if (!event.objection.empty()) (line_ += "   <- ") += event.objection;
+    output_.Line(line_);
   }
 
   void Undo(const UndoEvent& event) override {
@@ -172,6 +176,7 @@ class ProseReporter final : public Reporter {
   Output& output_;
   ColumnTable table_;
   WString rowFolder_;  // of the row before
+  std::string line_;   // kept for its memory
 };
 
 }  // namespace

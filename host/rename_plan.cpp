@@ -1,12 +1,12 @@
 #include "host/rename_plan.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 #include <unordered_map>
 #include <utility>
 
 #include "frame/services/host_files.h"
+#include "host/flat_renames.h"
 #include "host/paths.h"
 #include "host/temporary_name.h"
 
@@ -53,9 +53,11 @@ class Planner {
   Planner(const WantedRenames& wanted, FileView& files)
       : wanted_(wanted),
         files_(files),
-        tree_(files, 2 * wanted.rows.size() + wanted.folders.size()),
-        folders_(wanted.folders.size()),
         rows_(wanted.rows.size()),
+        isDecided_(DecideFlatRenames(wanted, files)),
+        open_(OpenRows()),
+        tree_(files, open_.empty() ? 0 : 2 * open_.size() + wanted.folders.size()),
+        folders_(wanted.folders.size()),
         currentUpper_(InUpperCase(wanted.currentFolder)) {
     plan_.results.reserve(rows_.size());
     plan_.folders.reserve(rows_.size());
@@ -66,11 +68,14 @@ class Planner {
   }
 
   RenamePlan Plan() {
-    for (const Row row : ByDepth()) Enter(row);
-    RefuseWhatCannotBe();
-    NameTwins();
-    MakeChains();
-    OrderChains();
+    if (!open_.empty()) {
+      for (const Row row : ByDepth()) Enter(row);
+      RefuseWhatCannotBe();
+      NameTwins();
+      MakeChains();
+      OrderChains();
+    }
+    AddDecided();
     return std::move(plan_);
   }
 
@@ -80,16 +85,31 @@ class Planner {
     Row first;
   };
 
-  // The rows with those in upper folders first, so that the later names of the folders above a path are
+  // The rows that are neither refused nor decided.
+  std::vector<Row> OpenRows() const {
+    std::vector<Row> rows;
+    for (Row row = 0; row < rows_.size(); ++row) {
+      if (wanted_.rows[row].refusal == 0 && !isDecided_[row]) rows.push_back(row);
+    }
+    return rows;
+  }
+
+  void AddDecided() {
+    for (Row row = 0; row < rows_.size(); ++row) {
+      if (!isDecided_[row]) continue;
+      plan_.chains.push_back({.first = static_cast<std::uint32_t>(plan_.order.size()), .count = 1});
+      plan_.order.push_back(row);
+    }
+  }
+
+  // The open rows with those in upper folders first, so that the later names of the folders above a path are
   // known.
   std::vector<Row> ByDepth() const {
     std::vector<std::size_t> depths;
     for (const WString& folder : wanted_.folders) {
       depths.push_back(static_cast<std::size_t>(std::count(folder.begin(), folder.end(), W('\\'))));
     }
-    std::vector<Row> rows(rows_.size());
-    std::iota(rows.begin(), rows.end(), Row{0});
-    std::erase_if(rows, [this](Row row) { return wanted_.rows[row].refusal != 0; });
+    std::vector<Row> rows = open_;
     std::stable_sort(rows.begin(), rows.end(), [&](Row left, Row right) {
       return depths[wanted_.rows[left].folder] < depths[wanted_.rows[right].folder];
     });
@@ -327,9 +347,11 @@ class Planner {
 
   const WantedRenames& wanted_;
   FileView& files_;
+  std::vector<WantedRow> rows_;
+  std::vector<bool> isDecided_;  // flat_renames.h
+  std::vector<Row> open_;
   NameTree tree_;
   std::vector<WantedFolder> folders_;
-  std::vector<WantedRow> rows_;
   std::vector<Twin> twins_;
   std::unordered_map<Id, std::size_t> otherFolders_;  // index into RenamePlan::otherFolders
   WString currentUpper_;

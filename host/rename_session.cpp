@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/failures.h"
+#include "host/planned_renames.h"
 
 namespace QxHost {
 
@@ -64,9 +65,16 @@ bool RenameSession::IsBlocked() const {
 }
 
 std::vector<u32> RenameSession::Outlook() {
+  if (!shared_.fileOperation.IsInOrder()) {
+    std::deque<QueuedRename> renames;
+    for (MultiRenameItem* const row : engine_->items) {
+      renames.emplace_back(row->hostItem, nullptr, row->newName.c_str(), row);
+    }
+    return ForetellPlanned(renames);
+  }
   Output silence([](std::string_view) { return true; }, [](std::string_view) { return true; });
   const std::unique_ptr<Reporter> unheard = MakeProseReporter(silence);
-  FileOperation dryOperation(shared_.items, *unheard, silence, true, shared_.fileOperation.IsInOrder());
+  FileOperation dryOperation(shared_.items, *unheard, silence, true, true);
   IHostRenameBatch* const batch = dryOperation.CreateRenameBatch();
   for (MultiRenameItem* const row : engine_->items) {
     batch->AddByItem(row->hostItem, row->newName.c_str(), row);

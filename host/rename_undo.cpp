@@ -94,14 +94,13 @@ std::unique_ptr<MultiRenameUndo> ForeignSession(MultiRenameUndoStore& store, con
   return session;
 }
 
-std::string BytesOf(WStringView text) {
-  std::string bytes;
-  bytes.reserve(text.size() * 2);
+void AppendBytes(std::string& bytes, WStringView text) {
+  std::size_t at = bytes.size();
+  bytes.resize(at + text.size() * 2);
   for (const WCHAR c : text) {
-    bytes += static_cast<char>(c & 0xFF);
-    bytes += static_cast<char>(c >> 8);
+    bytes[at++] = static_cast<char>(c & 0xFF);
+    bytes[at++] = static_cast<char>(c >> 8);
   }
-  return bytes;
 }
 
 // The path of a file in the entry's folder.
@@ -112,6 +111,10 @@ WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
 WString EntryKey(const MultiRenameUndoEntry& entry) {
   // A character that no name and no path holds, on any system.
   return entry.folder + WCHAR() + entry.oldName + WCHAR() + entry.newName;
+}
+
+bool IsSameEntry(const MultiRenameUndoEntry& lhs, const MultiRenameUndoEntry& rhs) {
+  return lhs.newName == rhs.newName && lhs.oldName == rhs.oldName && lhs.folder == rhs.folder;
 }
 
 std::string Renames(std::size_t count) {
@@ -225,7 +228,7 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
 
 void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
   std::string expected;
-  WriteUndoText(session, [&expected](WStringView text) { expected += BytesOf(text); });
+  WriteUndoText(session, [&expected](WStringView text) { AppendBytes(expected, text); });
   const WString path = store.PathOf(session);
   std::string bytes;
   if (const DWORD error = ReadWholeFile(path, bytes); error != ERROR_SUCCESS || bytes != expected) {
@@ -234,6 +237,7 @@ void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenam
   }
   const std::unique_ptr<MultiRenameUndo> kept =
       ReadUndoText({reinterpret_cast<const std::uint8_t*>(expected.data()), expected.size()});
+  if (kept && std::ranges::equal(kept->entries, session.entries, IsSameEntry)) return;
   std::unordered_set<WString> keys;
   if (kept) {
     for (const MultiRenameUndoEntry& entry : kept->entries) keys.insert(EntryKey(entry));

@@ -1,7 +1,6 @@
 #include "host/view.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace QxHost {
 namespace {
@@ -36,9 +35,11 @@ void AddItems(IHostFileList& list, u32 mode, const std::vector<FileItem*>& items
 
 View::View(FileItemTree& items, std::vector<FileItem*> selected, FileItem* focused, WString folder)
     : items_(items), folder_(std::move(folder)) {
-  std::unordered_set<FileItem*> seen;
+  std::vector<bool> isSeen(items.Count(), false);
+  selected_.reserve(selected.size());
   for (FileItem* item : selected) {
-    if (seen.insert(item).second) selected_.push_back(item);
+    if (!isSeen[item->Number()]) selected_.push_back(item);
+    isSeen[item->Number()] = true;
   }
   focused_ = focused ? focused : (selected_.empty() ? nullptr : selected_.front());
 }

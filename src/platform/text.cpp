@@ -1,6 +1,8 @@
 #include "platform/text.h"
 
+#include <algorithm>
 #include <limits>
+#include <type_traits>
 
 namespace {
 
@@ -10,22 +12,41 @@ int CountOf(std::size_t size) {
   return static_cast<int>(size < kMost ? size : kMost);
 }
 
+// Most texts are, and take no conversion.
+template <typename Unit>
+bool IsAscii(std::basic_string_view<Unit> text) {
+  using Bits = std::make_unsigned_t<std::conditional_t<sizeof(Unit) == 1, char, short>>;
+  Bits all = 0;
+  for (const Unit unit : text) all = static_cast<Bits>(all | static_cast<Bits>(unit));
+  return all < 0x80;
+}
+
 }  // namespace
 
 std::string ToUtf8(WStringView text) {
   std::string result;
-  if (text.empty()) return result;
-  const int size = CountOf(text.size());
-  const int needed = WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-  if (needed <= 0) return result;
-  result.resize(static_cast<std::size_t>(needed));
-  WideCharToMultiByte(CP_UTF8, 0, text.data(), size, result.data(), needed, nullptr, nullptr);
+  AppendAsUtf8(result, text);
   return result;
 }
 
+void AppendAsUtf8(std::string& result, WStringView text) {
+  if (IsAscii(text)) {
+    result.resize(result.size() + text.size());
+    std::transform(text.begin(), text.end(), result.end() - static_cast<std::ptrdiff_t>(text.size()),
+                   [](WCHAR unit) { return static_cast<char>(unit); });
+    return;
+  }
+  const int size = CountOf(text.size());
+  const int needed = WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
+  if (needed <= 0) return;
+  const std::size_t before = result.size();
+  result.resize(before + static_cast<std::size_t>(needed));
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), size, result.data() + before, needed, nullptr, nullptr);
+}
+
 WString FromUtf8(std::string_view text) {
+  if (IsAscii(text)) return WString(text.begin(), text.end());
   WString result;
-  if (text.empty()) return result;
   const int size = CountOf(text.size());
   const int needed = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0);
   if (needed <= 0) return result;

@@ -45,4 +45,5 @@ void CopyTerminated(CharT* buffer, std::size_t size, std::basic_string_view<Char
 
 // Well-formed UTF-16 to UTF-8 and back. A lone surrogate, or a byte that is no UTF-8, becomes U+FFFD.
 QX_PLATFORM_API std::string ToUtf8(WStringView text);
+QX_PLATFORM_API void AppendAsUtf8(std::string& result, WStringView text);
 QX_PLATFORM_API WString FromUtf8(std::string_view text);

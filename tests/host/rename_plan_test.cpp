@@ -24,6 +24,7 @@ class MadeUpFiles final : public FileView {
   }
   bool AreOneFile(const WString& left, const WString& right) override { return Find(left) == Find(right); }
   bool IsCaseBlindBeside(const WString&) override { return isCaseBlind; }
+  bool ReadNames(const WString&, std::size_t, FolderNames&) override { return false; }
 
   std::set<WString> paths;
   std::map<WString, DWORD> errors;

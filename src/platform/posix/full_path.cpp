@@ -92,7 +92,19 @@ PathRoot RootOf(std::u16string_view path) {
   return PathRoot::kNone;
 }
 
+bool IsPlainFullPath(std::u16string_view path) {
+  if (path.size() < 4 || !IsLetter(path[0]) || path[1] != u':' || path[2] != u'\\') return false;
+  char16_t before = u'\\';
+  for (const char16_t unit : path.substr(3)) {
+    const bool endsName = unit == u'\\';
+    if (unit == u'/' || (endsName && (before == u'\\' || before == u'.' || before == u' '))) return false;
+    before = unit;
+  }
+  return before != u'\\' && before != u'.' && before != u' ';
+}
+
 std::u16string FullPath(std::u16string_view path) {
+  if (IsPlainFullPath(path)) return std::u16string(path);
   if (IsBlank(path)) return {};
   std::u16string text;
   std::size_t rootSize = 3;

@@ -23,6 +23,10 @@ inline bool IsSeparator(char16_t unit) { return unit == u'\\' || unit == u'/'; }
 // True for Z and z: the one drive there is.
 inline bool IsOurDrive(char16_t letter) { return letter == u'Z' || letter == u'z'; }
 
+// True for a path that is its own full path at first sight: of a drive, with backslashes alone, and no name
+// that is empty or ends in a dot or a blank.
+bool IsPlainFullPath(std::u16string_view path);
+
 // The full path: slashes become backslashes, "." and ".." are worked in, an inner name loses one dot at its
 // end and the last one all dots and spaces there. A backslash at the end stays. Empty for an empty path, one
 // of spaces alone, or if there is no current folder.

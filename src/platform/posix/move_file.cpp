@@ -98,6 +98,13 @@ DWORD MoveAcross(const Move& move, ShareTable::Lock& lock) {
   return Platform::PathError(error, move.from.path);
 }
 
+// Most moves need no look at anything: the kernel refuses whatever is in the way. False if this one was not
+// done, for whatever reason; then it is done step by step.
+bool MovesAtOnce(const Move& move) {
+  return !move.from.endsInSeparator && !move.to.endsInSeparator &&
+         renameat2(AT_FDCWD, move.from.path.c_str(), AT_FDCWD, move.to.path.c_str(), RENAME_NOREPLACE) == 0;
+}
+
 // 0 or an error.
 DWORD DoMove(const WCHAR* fromPath, const WCHAR* toPath) {
   Move move{};
@@ -105,6 +112,11 @@ DWORD DoMove(const WCHAR* fromPath, const WCHAR* toPath) {
   if (error != ERROR_SUCCESS) return error;
 
   ShareTable::Lock lock = ShareTable::Instance().Acquire();
+  // Of a wrong target the source still has the first word.
+  const DWORD targetError = Platform::TranslatePath(toPath, move.to);
+  if (targetError == ERROR_SUCCESS && ShareTable::Instance().IsEmpty(lock) && MovesAtOnce(move)) {
+    return ERROR_SUCCESS;
+  }
   const char* from = move.from.path.c_str();
   if (lstat(from, &move.source) != 0) return Platform::PathError(errno, move.from.path);
   struct stat followed;
@@ -116,8 +128,7 @@ DWORD DoMove(const WCHAR* fromPath, const WCHAR* toPath) {
     return ERROR_SHARING_VIOLATION;
   }
 
-  error = Platform::TranslatePath(toPath, move.to);
-  if (error != ERROR_SUCCESS) return error;
+  if (targetError != ERROR_SUCCESS) return targetError;
   if (move.to.path == move.from.path) return ERROR_SUCCESS;
   if (move.to.endsInSeparator && !isFolder) {
     struct stat target;

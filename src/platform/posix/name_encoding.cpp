@@ -21,10 +21,13 @@ std::u16string WideName(std::string_view name) {
   std::u16string result;
   result.reserve(name.size());
   while (!name.empty()) {
+    if (static_cast<unsigned char>(name.front()) < 0x80) {
+      result += name.front() == '\\' ? kBackslashUnit : static_cast<char16_t>(name.front());
+      name.remove_prefix(1);
+      continue;
+    }
     const Utf8Step step = DecodeUtf8(name);
-    if (name.front() == '\\') {
-      result += kBackslashUnit;
-    } else if (step.valid) {
+    if (step.valid) {
       AppendUtf16(step.codePoint, result);
     } else {
       for (const char byte : name.substr(0, step.size)) {
@@ -36,20 +39,30 @@ std::u16string WideName(std::string_view name) {
   return result;
 }
 
-std::optional<std::string> NativeName(std::u16string_view name) {
-  std::string result;
-  result.reserve(name.size());
+bool AppendNativeName(std::u16string_view name, std::string& bytes) {
   while (!name.empty()) {
+    if (name.front() < 0x80) {
+      bytes += static_cast<char>(name.front());
+      name.remove_prefix(1);
+      continue;
+    }
     const Utf16Step step = DecodeUtf16(name);
     if (step.valid) {
-      AppendUtf8(step.codePoint, result);
+      AppendUtf8(step.codePoint, bytes);
     } else if (StandsForByte(step.codePoint)) {
-      result += static_cast<char>(step.codePoint - kByteBase);
+      bytes += static_cast<char>(step.codePoint - kByteBase);
     } else {
-      return std::nullopt;
+      return false;
     }
     name.remove_prefix(step.size);
   }
+  return true;
+}
+
+std::optional<std::string> NativeName(std::u16string_view name) {
+  std::string result;
+  result.reserve(name.size());
+  if (!AppendNativeName(name, result)) return std::nullopt;
   return result;
 }
 

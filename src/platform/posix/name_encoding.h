@@ -13,6 +13,9 @@ namespace Platform {
 
 std::u16string WideName(std::string_view name);
 
+// Appends the bytes of a name. False if the text holds a surrogate that stands for no character and no byte.
+bool AppendNativeName(std::u16string_view name, std::string& bytes);
+
 // Nothing if the text holds a surrogate that stands for no character and no byte.
 std::optional<std::string> NativeName(std::u16string_view name);
 

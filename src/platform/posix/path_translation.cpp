@@ -3,7 +3,9 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdint>
 
 #include "platform/posix/full_path.h"
 #include "platform/posix/last_error.h"
@@ -15,13 +17,41 @@ namespace {
 
 constexpr std::u16string_view kServerOfLongPath = u"UNC\\";
 
-bool IsForbidden(char16_t unit) {
-  return unit < u' ' || std::u16string_view(u"<>\"|?*").find(unit) != std::u16string_view::npos;
+// What a name may hold. A bar is forbidden on Windows alone: it is taken in the name of a file that is there,
+// so that the file can be given a better one, and no file is made with it.
+enum class NameUnit : std::uint8_t { kFree, kForbidden, kBar };
+
+constexpr std::array<NameUnit, 128> kNameUnits = [] {
+  std::array<NameUnit, 128> units{};
+  for (std::size_t unit = 0; unit < ' '; ++unit) units[unit] = NameUnit::kForbidden;
+  for (const char unit : std::string_view("<>\"?*"))
+    units[static_cast<unsigned char>(unit)] = NameUnit::kForbidden;
+  units['|'] = NameUnit::kBar;
+  return units;
+}();
+
+bool IsThere(const std::string& path) {
+  struct stat status;
+  return lstat(path.c_str(), &status) == 0;
+}
+
+// Adds a name to the path; 0 or an error.
+DWORD AppendPathName(std::u16string_view name, NativePath& native) {
+  bool hasBar = false;
+  for (const char16_t unit : name) {
+    const NameUnit kind = unit < kNameUnits.size() ? kNameUnits[unit] : NameUnit::kFree;
+    if (kind == NameUnit::kForbidden) return ERROR_INVALID_NAME;
+    if (kind == NameUnit::kBar) hasBar = true;
+  }
+  native.path += '/';
+  if (!AppendNativeName(name, native.path)) return ERROR_INVALID_NAME;
+  return hasBar && !IsThere(native.path) ? ERROR_INVALID_NAME : ERROR_SUCCESS;
 }
 
 // Adds the names of `path`, which follow a drive, to `native`.
 DWORD AppendNames(std::u16string_view path, NativePath& native) {
   native.endsInSeparator = !path.empty() && IsSeparator(path.back());
+  native.path.reserve(path.size());
   while (!path.empty()) {
     const std::size_t end =
         static_cast<std::size_t>(std::find_if(path.begin(), path.end(), IsSeparator) - path.begin());
@@ -30,11 +60,8 @@ DWORD AppendNames(std::u16string_view path, NativePath& native) {
     if (name.empty()) continue;
     // The full path has none of these left but where a name lost a dot or the path came with \\?\.
     if (name == u"." || name == u"..") return ERROR_INVALID_NAME;
-    if (std::any_of(name.begin(), name.end(), IsForbidden)) return ERROR_INVALID_NAME;
-    const std::optional<std::string> nativeName = NativeName(name);
-    if (!nativeName) return ERROR_INVALID_NAME;
-    native.path += '/';
-    native.path += *nativeName;
+    const DWORD error = AppendPathName(name, native);
+    if (error != ERROR_SUCCESS) return error;
   }
   if (native.path.empty()) native.path = "/";
   return ERROR_SUCCESS;
@@ -71,6 +98,7 @@ DWORD TranslatePath(const WCHAR* path, NativePath& native) {
       if (IsServerOfLongPath(text.substr(4))) return ERROR_BAD_NETPATH;
       return TranslateRooted(text.substr(4), native);
     default: {
+      if (IsPlainFullPath(text)) return TranslateRooted(text, native);
       const std::u16string full = FullPath(text);
       return full.empty() ? ERROR_PATH_NOT_FOUND : TranslateRooted(full, native);
     }

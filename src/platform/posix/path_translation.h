@@ -18,6 +18,7 @@ struct NativePath {
 
 // Fills `native` and answers 0, or an error: ERROR_PATH_NOT_FOUND for a path that is null, empty or of
 // another drive, ERROR_BAD_NETPATH for one of a server, ERROR_INVALID_NAME for a name that Windows forbids.
+// A name that holds a bar is forbidden as well unless there is such a file.
 DWORD TranslatePath(const WCHAR* path, NativePath& native);
 
 // What Windows answers where `path` was not found: ERROR_FILE_NOT_FOUND if its folder is there, otherwise

@@ -54,6 +54,9 @@ class ShareTable {
   // its own thread.
   std::optional<Claim> TryClaim(const Lock& lock, const struct stat& status, DWORD access, DWORD share);
 
+  // True if nothing is claimed.
+  bool IsEmpty(const Lock&) const { return files_.empty(); }
+
   // True if TryClaim would answer a claim.
   bool Allows(const Lock& lock, const struct stat& status, DWORD access, DWORD share) const;
 
