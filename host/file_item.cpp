@@ -47,9 +47,17 @@ WString FileItem::FolderPath() const {
   return path;
 }
 
-WString FileItem::FullPath() const {
-  WString path = FolderPath();
+void FileItem::WriteFullPath(WString& path) const {
+  const std::size_t size = FolderPathSize();
+  path.resize(size);
+  WriteFolderPath(path.data() + size);
   path += name_;
+}
+
+WString FileItem::FullPath() const {
+  WString path;
+  path.reserve(FolderPathSize() + name_.size());
+  WriteFullPath(path);
   return path;
 }
 

@@ -51,6 +51,7 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   const FileItem* Parent() const { return parent_; }  // null for a root
   WString FolderPath() const;                         // ends in a backslash
   WString FullPath() const;
+  void WriteFullPath(WString& path) const;  // the same, into memory that is used again
   // Counted through all items of the tree, from 0.
   std::size_t Number() const { return number_; }
 

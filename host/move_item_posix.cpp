@@ -8,7 +8,10 @@
 namespace QxHost {
 
 DWORD MoveItem(const WString& from, const WString& to) {
-  if (MoveFileW(SystemPath(from).c_str(), SystemPath(to).c_str())) return ERROR_SUCCESS;
+  const bool isShort = IsSystemPath(from) && IsSystemPath(to);
+  const BOOL isMoved = isShort ? MoveFileW(from.c_str(), to.c_str())
+                               : MoveFileW(SystemPath(from).c_str(), SystemPath(to).c_str());
+  if (isMoved) return ERROR_SUCCESS;
   const DWORD error = GetLastError();
   return error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE;
 }

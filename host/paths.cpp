@@ -162,9 +162,13 @@ bool IsFullPath(WStringView path) {
   return path.size() >= 2 && IsSeparator(path[0]);
 }
 
-WString SystemPath(const WString& fullPath) {
+bool IsSystemPath(const WString& fullPath) {
   const bool fitsShortForm = fullPath.size() < kMostShortPathChars && !HasCutName(fullPath);
-  if (fitsShortForm || fullPath.starts_with(kLongPrefix)) return fullPath;
+  return fitsShortForm || fullPath.starts_with(kLongPrefix);
+}
+
+WString SystemPath(const WString& fullPath) {
+  if (IsSystemPath(fullPath)) return fullPath;
   if (fullPath.starts_with(W("\\\\"))) return WString(kLongServerPrefix) + fullPath.substr(2);
   return WString(kLongPrefix) + fullPath;
 }

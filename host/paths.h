@@ -28,6 +28,9 @@ bool IsFullPath(WStringView path);
 // has a name that ends in a dot or a blank, which the system would cut there.
 WString SystemPath(const WString& fullPath);
 
+// True for a path that may be given to the system as it is.
+bool IsSystemPath(const WString& fullPath);
+
 // The root (`Z:` or `\\server\share`) and the names below it.
 struct RootAndRest {
   WStringView root;

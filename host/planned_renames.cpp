@@ -21,6 +21,36 @@ struct RenamedFile {
   WString name;              // before the run
 };
 
+// The folders that the renames of a batch are in, each once.
+class BatchFolders {
+ public:
+  explicit BatchFolders(std::vector<WString>& paths) : paths_(paths) {}
+
+  std::uint32_t Of(const FileItem& item) {
+    // Neighbours in a batch are often in one folder.
+    if (lastParent_ && item.Parent() == lastParent_) return lastFolder_;
+    const auto [entry, isNew] = byItem_.emplace(item.Parent(), 0);
+    if (isNew) entry->second = Of(item.FolderPath());
+    lastParent_ = item.Parent();
+    lastFolder_ = entry->second;
+    return lastFolder_;
+  }
+
+  std::uint32_t Of(const WString& path) {
+    if (!paths_.empty() && path == paths_.back()) return static_cast<std::uint32_t>(paths_.size() - 1);
+    const auto [entry, isNew] = byPath_.emplace(path, static_cast<std::uint32_t>(paths_.size()));
+    if (isNew) paths_.push_back(path);
+    return entry->second;
+  }
+
+ private:
+  std::vector<WString>& paths_;
+  const FileItem* lastParent_ = nullptr;
+  std::uint32_t lastFolder_ = 0;
+  std::unordered_map<const FileItem*, std::uint32_t> byItem_;
+  std::unordered_map<WString, std::uint32_t> byPath_;
+};
+
 // The renames of a batch with their paths as they are before the run.
 class Gathered {
  public:
@@ -54,7 +84,7 @@ class Gathered {
     if (rename.item) {
       file.item = rename.item;
       isDrive = !file.item->Parent();
-      file.folder = FolderOf(*rename.item);
+      file.folder = folders_.Of(*rename.item);
       file.name = rename.item->Name();
     } else {
       const std::optional<WString> fullPath = PathOfRename(rename);
@@ -62,33 +92,14 @@ class Gathered {
       hasPath = fullPath.has_value();
       isDrive = hasPath && SplitRoot(path).rest.empty();
       const std::size_t nameAt = isDrive || !hasPath ? 0 : path.rfind(W('\\')) + 1;
-      file.folder = FolderOf(path.substr(0, nameAt));
+      file.folder = folders_.Of(path.substr(0, nameAt));
       file.name = path.substr(nameAt);
     }
-    refusals_.push_back(RefusalOf(rename, hasPath, isDrive, file.name));
-  }
-
-  std::uint32_t FolderOf(const FileItem& item) {
-    if (lastParent_ && item.Parent() == lastParent_) return lastFolder_;
-    const auto [entry, isNew] = byItem_.emplace(item.Parent(), 0);
-    if (isNew) entry->second = FolderOf(item.FolderPath());
-    lastParent_ = item.Parent();
-    lastFolder_ = entry->second;
-    return lastFolder_;
-  }
-
-  std::uint32_t FolderOf(const WString& path) {
-    const auto [entry, isNew] = byPath_.emplace(path, static_cast<std::uint32_t>(wanted.folders.size()));
-    if (isNew) wanted.folders.push_back(path);
-    return entry->second;
+    refusals_.push_back(RefusalOf(rename.newName, hasPath, isDrive, file.name));
   }
 
   std::vector<DWORD> refusals_;
-  // Neighbours in a batch are often in one folder.
-  const FileItem* lastParent_ = nullptr;
-  std::uint32_t lastFolder_ = 0;
-  std::unordered_map<const FileItem*, std::uint32_t> byItem_;
-  std::unordered_map<WString, std::uint32_t> byPath_;
+  BatchFolders folders_{wanted.folders};
 };
 
 // Runs the chains of a plan and keeps the results.
@@ -118,8 +129,10 @@ class ChainRunner {
   WString NewName(Row row) const { return WString(gathered_.wanted.rows[row].newName); }
 
   DWORD Move(FileItem& item, const WString& newName) {
-    const WString folder = item.FolderPath();
-    const DWORD error = MoveItem(folder + item.Name(), folder + newName);
+    item.WriteFullPath(from_);
+    to_.assign(from_, 0, from_.size() - item.Name().size());
+    to_ += newName;
+    const DWORD error = MoveItem(from_, to_);
     if (error == ERROR_SUCCESS) tree_.Rename(item, newName);
     return error == kRenameIgnored ? DWORD{ERROR_GEN_FAILURE}
                                    : error;  // that number means something else here
@@ -167,6 +180,8 @@ class ChainRunner {
   const Gathered& gathered_;
   FileItemTree& tree_;
   Output& output_;
+  WString from_;  // of the present move; kept for their memory
+  WString to_;
 };
 
 // Paths become items before the first rename, so that they too follow a folder above them.
@@ -184,11 +199,20 @@ void FindItems(Gathered& gathered, const RenamePlan& plan, FileItemTree& tree) {
 
 }  // namespace
 
-std::vector<u32> ForetellPlanned(std::deque<QueuedRename>& renames) {
-  const Gathered gathered(renames);
+std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames) {
+  WantedRenames wanted;
+  wanted.rows.reserve(renames.size());
+  wanted.currentFolder = FullPathOf(W(".")).value_or(WString());
+  BatchFolders folders(wanted.folders);
+  for (const ImaginedRename& rename : renames) {
+    const WString& name = rename.item->Name();
+    wanted.rows.push_back({.folder = folders.Of(*rename.item),
+                           .name = name,
+                           .newName = NameToMake(rename.newName),
+                           .refusal = RefusalOf(rename.newName, true, !rename.item->Parent(), name)});
+  }
   DiskView disk;
-  const RenamePlan plan = PlanRenames(gathered.wanted, disk);
-  return {plan.results.begin(), plan.results.end()};
+  return std::move(PlanRenames(wanted, disk).results);
 }
 
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "host/output.h"
@@ -13,8 +14,14 @@ namespace QxHost {
 // Called once for each rename, in the order of the batch, with the path as it was before the run.
 using RenameReport = std::function<void(const WString& from, QueuedRename& rename, u32 result)>;
 
-// What RunPlanned would report of each rename, in the order of the batch; nothing is done.
-std::vector<u32> ForetellPlanned(std::deque<QueuedRename>& renames);
+// A rename that nobody has asked for yet.
+struct ImaginedRename {
+  const FileItem* item;
+  WStringView newName;
+};
+
+// What RunPlanned would report of each of these renames, in their order.
+std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames);
 
 // Does what the plan lets pass, or nothing if `isDryRun`, and then reports all. A file that cannot be moved
 // leaves those that wait for its name as they are. If a step of a cycle fails, its other files take their old

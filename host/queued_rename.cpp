@@ -19,8 +19,8 @@ std::optional<WString> PathOfRename(const QueuedRename& rename) {
   return IsFullPath(rename.fullPath) ? FullPathOf(rename.fullPath) : std::nullopt;
 }
 
-u32 RefusalOf(const QueuedRename& rename, bool hasPath, bool isDrive, WStringView presentName) {
-  const WStringView newName = NameToMake(rename.newName);
+u32 RefusalOf(WStringView newName, bool hasPath, bool isDrive, WStringView presentName) {
+  newName = NameToMake(newName);
   if (!hasPath) return ERROR_BAD_PATHNAME;
   if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
   if (newName.size() > kMostNameChars) return ERROR_FILENAME_EXCED_RANGE;

@@ -58,7 +58,7 @@ std::optional<WString> PathOfRename(const QueuedRename& rename);
 
 // What is wrong with a rename whatever files there are: a file without a path (161), a name that cannot be
 // one (123) or is too long (206), a drive (5), the present name (10, which is no failure). 0 if nothing is.
-u32 RefusalOf(const QueuedRename& rename, bool hasPath, bool isDrive, WStringView presentName);
+u32 RefusalOf(WStringView newName, bool hasPath, bool isDrive, WStringView presentName);
 
 // True for the folder `current` and for those above it.
 bool HoldsFolder(const WString& fullPath, const WString& current);

@@ -66,9 +66,10 @@ bool RenameSession::IsBlocked() const {
 
 std::vector<u32> RenameSession::Outlook() {
   if (!shared_.fileOperation.IsInOrder()) {
-    std::deque<QueuedRename> renames;
-    for (MultiRenameItem* const row : engine_->items) {
-      renames.emplace_back(row->hostItem, nullptr, row->newName.c_str(), row);
+    std::vector<ImaginedRename> renames;
+    renames.reserve(engine_->items.size());
+    for (const MultiRenameItem* const row : engine_->items) {
+      renames.push_back({static_cast<const FileItem*>(row->hostItem), row->newName});
     }
     return ForetellPlanned(renames);
   }

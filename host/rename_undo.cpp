@@ -227,11 +227,13 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
 }
 
 void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
-  std::string expected;
-  WriteUndoText(session, [&expected](WStringView text) { AppendBytes(expected, text); });
   const WString path = store.PathOf(session);
   std::string bytes;
-  if (const DWORD error = ReadWholeFile(path, bytes); error != ERROR_SUCCESS || bytes != expected) {
+  const DWORD error = ReadWholeFile(path, bytes);
+  std::string expected;
+  expected.reserve(bytes.size());
+  WriteUndoText(session, [&expected](WStringView text) { AppendBytes(expected, text); });
+  if (error != ERROR_SUCCESS || bytes != expected) {
     output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
                    (error == ERROR_SUCCESS ? "" : ": " + ErrorText(error)));
   }

@@ -73,7 +73,7 @@ void RunInOrder(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDr
     const WString folder = item ? item->FolderPath() : WString();
     const WString& present = isDryRun && item ? dryFiles.PresentPath(*item, from) : from;
     const WStringView presentName = WStringView(present).substr(folder.size());
-    u32 result = RefusalOf(rename, item != nullptr, folder.empty(), presentName);
+    u32 result = RefusalOf(rename.newName, item != nullptr, folder.empty(), presentName);
     // Windows holds the current folder open; elsewhere a slip such as an ITEM "." would take it away as well.
     if (result == 0 && current && HoldsFolder(from, *current)) result = ERROR_SHARING_VIOLATION;
     if (result == 0) {

@@ -36,6 +36,9 @@ MultiRenameItem::MultiRenameItem(IHostFileItem& item)
   buffer[0] = WCHAR();
   item.GetName(buffer, kItemTextSize);
   oldName = buffer;
+  // With room for a counter or a word.
+  constexpr std::size_t kRoom = 7;
+  newName.reserve(oldName.size() + kRoom);
   newName = oldName;
 }
 

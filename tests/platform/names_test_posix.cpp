@@ -41,6 +41,20 @@ class NativeNamesTest : public testing::Test {
   ScratchFolder scratch_;
 };
 
+TEST_F(NativeNamesTest, AFileWhoseNameHoldsABarIsFoundAndMovedAndNoneIsMade) {
+  WriteBytesName("a|b");
+  EXPECT_EQ(GetFileAttributesW(scratch_.Path(W("a|b")).c_str()), 0x20u);
+  EXPECT_EQ(GetFileAttributesW(scratch_.Path(W("a|c")).c_str()), INVALID_FILE_ATTRIBUTES);
+  EXPECT_EQ(GetLastError(), 123u);
+  EXPECT_EQ(FailureOf(MoveFileW(scratch_.Path(W("a|b")).c_str(), scratch_.Path(W("a|c")).c_str())), 123u);
+  EXPECT_EQ(FailureOf(CreateDirectoryW(scratch_.Path(W("d|e")).c_str(), nullptr)), 123u);
+  EXPECT_TRUE(HasBytesName("a|b"));
+  EXPECT_EQ(FailureOf(MoveFileW(scratch_.Path(W("a|b")).c_str(), scratch_.Path(W("a-b")).c_str())),
+            kNoFailure);
+  EXPECT_FALSE(HasBytesName("a|b"));
+  EXPECT_TRUE(HasBytesName("a-b"));
+}
+
 TEST_F(NativeNamesTest, OtherDrivesAreNotFound) {
   WIN32_FIND_DATAW data;
   for (const WCHAR* path : {W("C:\\a"), W("q:\\a"), W("Q:"), W("Q:a"), W("\\\\?\\C:\\a"), W("\\\\?\\a")}) {
