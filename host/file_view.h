@@ -26,7 +26,7 @@ class FileView {
 };
 
 // The files of the system.
-class DiskView final : public FileView {
+class DiskView : public FileView {
  public:
   DWORD Look(const WString& fullPath) override;
   bool AreOneFile(const WString& left, const WString& right) override;

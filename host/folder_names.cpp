@@ -37,6 +37,12 @@ void FolderNames::Clear() {
   slots_.clear();
 }
 
+void FolderNames::Reserve(std::size_t count) {
+  constexpr std::size_t kUsualSize = 24;
+  names_.reserve(count * kUsualSize);
+  entries_.reserve(count);
+}
+
 void FolderNames::Grow() {
   slots_.assign(slots_.empty() ? kFewestSlots : slots_.size() * 2, 0);
   const std::size_t mask = slots_.size() - 1;

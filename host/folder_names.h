@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/text.h"
@@ -28,6 +29,9 @@ class FolderNames {
 
   // Forgets all names, and keeps the memory.
   void Clear();
+
+  // Makes room for that many names of usual length.
+  void Reserve(std::size_t count);
 
   void Add(WStringView name, Kind kind) { Insert({.hash = HashOf(name), .kind = kind}, name); }
 
@@ -58,6 +62,9 @@ class FolderNames {
   std::vector<Entry> entries_;
   std::vector<std::uint32_t> slots_;  // indexes into entries_ and 1 more; 0 is free. A power of 2
 };
+
+// What folders were read to hold, by their full paths, which end in a backslash.
+using FolderListings = std::unordered_map<WString, FolderNames>;
 
 // Reads the names in a folder (a full path that ends in a backslash). False if they cannot be had, if the
 // folder may not be searched for files, or if it holds more than `most`; and on systems where a look at each

@@ -16,7 +16,7 @@ constexpr std::size_t kMostNamesForEach = 16;
 std::size_t NameBegin(std::string_view text) { return text.find_last_of("/\\") + 1; }  // npos + 1 is 0
 
 // How many of the texts, from the first on, are names in the folder of the first.
-std::size_t CountInFolder(std::span<const std::string_view> texts, std::string_view prefix) {
+std::size_t CountInFolder(std::span<const std::string> texts, std::string_view prefix) {
   std::size_t count = 1;
   while (count < texts.size() && texts[count].starts_with(prefix) && NameBegin(texts[count]) == prefix.size())
     ++count;
@@ -26,58 +26,67 @@ std::size_t CountInFolder(std::span<const std::string_view> texts, std::string_v
 // True for a name that is itself in every kind of path.
 bool IsNameInAnyPath(WStringView name) {
   if (name.empty() || name.back() == W('.') || name.back() == W(' ')) return false;
-  return std::ranges::none_of(name, [](WCHAR unit) {
-    return unit < W(' ') || (unit >= 0xD800 && unit <= 0xDFFF) ||
-           WStringView(W("<>\"|?*:")).find(unit) != WStringView::npos;
-  });
+  return IsPossibleName(name) &&
+         std::ranges::none_of(name, [](WCHAR unit) { return unit >= 0xD800 && unit <= 0xDFFF; });
 }
 
 }  // namespace
 
-FileItem* ItemFinder::Find(std::string_view text) {
+FileItem* FindItem(FileItemTree& items, const std::string& option, std::string_view text) {
   const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
-  if (!fullPath) throw BadCall(option_ + ": \"" + std::string(text) + "\" is no path");
-  FileItem* const item = items_.Find(*fullPath);
+  if (!fullPath) throw BadCall(option + ": \"" + std::string(text) + "\" is no path");
+  FileItem* const item = items.Find(*fullPath);
   if (!item) {
     const DWORD error = GetLastError();
-    throw BadCall(option_ + ": " + std::string(text) + ": " + ErrorText(error));
+    throw BadCall(option + ": " + std::string(text) + ": " + ErrorText(error));
   }
   return item;
 }
 
-bool ItemFinder::ReadFolder(std::string_view prefix, std::size_t count) {
-  if (prefix.empty() || prefix.starts_with("\\\\") || prefix.starts_with("//")) return false;
+FolderNames* ItemFinder::ReadFolder(std::string_view prefix, std::size_t count) {
+  if (prefix.empty() || prefix.starts_with("\\\\") || prefix.starts_with("//")) return nullptr;
   std::optional<WString> folder = FullPathOf(PathFromUtf8(prefix));
-  if (!folder || folder->size() < 3 || (*folder)[1] != W(':')) return false;
+  if (!folder || folder->size() < 3 || (*folder)[1] != W(':')) return nullptr;
   folder_ = &items_.Follow(*folder);
   if (!folder->ends_with(W('\\'))) *folder += W('\\');
-  return ReadFolderNames(*folder, kMostNamesForEach * count + kMostNamesOfListing, names_);
+  const auto [listing, isNew] = listings_.try_emplace(*folder);
+  if (!isNew) return &listing->second;
+  listing->second.Reserve(count);
+  if (ReadFolderNames(*folder, kMostNamesForEach * count + kMostNamesOfListing, listing->second)) {
+    return &listing->second;
+  }
+  listings_.erase(listing);
+  return nullptr;
 }
 
-FileItem* ItemFinder::FindListed(std::string_view name) {
-  wideName_ = PathFromUtf8(name);
+FileItem* ItemFinder::FindListed(FolderNames& names, std::string_view name) {
+  const bool isAscii =
+      std::ranges::all_of(name, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+  if (isAscii) {
+    wideName_.assign(name.begin(), name.end());
+  } else {
+    wideName_ = PathFromUtf8(name);
+  }
   if (!IsNameInAnyPath(wideName_)) return nullptr;
-  const std::uint32_t index = names_.Find(wideName_);
+  const std::uint32_t index = names.Find(wideName_);
   if (index == FolderNames::kNone) return nullptr;
-  const FolderNames::Kind kind = names_.At(index).kind;
+  const FolderNames::Kind kind = names.At(index).kind;
   if (kind == FolderNames::Kind::kOther) return nullptr;
   return &items_.Listed(*folder_, wideName_, kind == FolderNames::Kind::kFolder);
 }
 
-std::vector<FileItem*> ItemFinder::FindAll(std::span<const std::string_view> texts) {
-  std::vector<FileItem*> found;
-  found.reserve(texts.size());
+void ItemFinder::FindAll(std::span<const std::string> texts, std::vector<FileItem*>& found) {
   while (!texts.empty()) {
-    const std::string_view prefix = texts.front().substr(0, NameBegin(texts.front()));
+    const std::string_view first = texts.front();
+    const std::string_view prefix = first.substr(0, NameBegin(first));
     const std::size_t count = CountInFolder(texts, prefix);
-    const bool isListed = count >= kFewestOfListing && ReadFolder(prefix, count);
+    FolderNames* const names = count >= kFewestOfListing ? ReadFolder(prefix, count) : nullptr;
     for (const std::string_view text : texts.first(count)) {
-      FileItem* const item = isListed ? FindListed(text.substr(prefix.size())) : nullptr;
-      found.push_back(item ? item : Find(text));
+      FileItem* const item = names ? FindListed(*names, text.substr(prefix.size())) : nullptr;
+      found.push_back(item ? item : FindItem(items_, option_, text));
     }
     texts = texts.subspan(count);
   }
-  return found;
 }
 
 }  // namespace QxHost

@@ -11,27 +11,30 @@
 
 namespace QxHost {
 
+// The item of a path as it was typed, in UTF-8. Throws BadCall, whose message begins with `option`, if there
+// is none.
+FileItem* FindItem(FileItemTree& items, const std::string& option, std::string_view text);
+
 class ItemFinder {
  public:
-  // `option` is what messages say before the text of a wrong item.
-  ItemFinder(FileItemTree& items, std::string option) : items_(items), option_(std::move(option)) {}
+  // `option` is what messages say before the text of a wrong item. Folders that are read go to `listings`.
+  ItemFinder(FileItemTree& items, FolderListings& listings, std::string option)
+      : items_(items), listings_(listings), option_(std::move(option)) {}
 
-  // The item of a path as it was typed, in UTF-8. Throws BadCall if there is none.
-  FileItem* Find(std::string_view text);
-
-  // The items of all, in order. A folder of which several are named one after the other is read at once.
-  std::vector<FileItem*> FindAll(std::span<const std::string_view> texts);
+  // Appends the items of all paths, in order. A folder of which several are named one after the other is read
+  // at once. Throws as FindItem.
+  void FindAll(std::span<const std::string> texts, std::vector<FileItem*>& found);
 
  private:
-  // Reads the folder that `count` of the texts begin with. False if it is better to look at each.
-  bool ReadFolder(std::string_view prefix, std::size_t count);
+  // Reads the folder that `count` of the texts begin with. Null if it is better to look at each.
+  FolderNames* ReadFolder(std::string_view prefix, std::size_t count);
   // The item of a name that the folder has shown; null if it must be looked at.
-  FileItem* FindListed(std::string_view name);
+  FileItem* FindListed(FolderNames& names, std::string_view name);
 
   FileItemTree& items_;
+  FolderListings& listings_;
   std::string option_;
-  FolderNames names_;
-  FileItem* folder_ = nullptr;  // whose names they are
+  FileItem* folder_ = nullptr;  // that was read last
   WString wideName_;
 };
 

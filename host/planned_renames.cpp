@@ -102,6 +102,23 @@ class Gathered {
   BatchFolders folders_{wanted.folders};
 };
 
+// The files of the system, with folders that were read a moment ago.
+class ListedView final : public DiskView {
+ public:
+  explicit ListedView(FolderListings& listings) : listings_(listings) {}
+
+  bool ReadNames(const WString& folder, std::size_t most, FolderNames& names) override {
+    const auto listing = listings_.find(folder);
+    if (listing == listings_.end()) return DiskView::ReadNames(folder, most, names);
+    names = std::move(listing->second);
+    listings_.erase(listing);
+    return true;
+  }
+
+ private:
+  FolderListings& listings_;
+};
+
 // Runs the chains of a plan and keeps the results.
 class ChainRunner {
  public:
@@ -199,7 +216,7 @@ void FindItems(Gathered& gathered, const RenamePlan& plan, FileItemTree& tree) {
 
 }  // namespace
 
-std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames) {
+std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings) {
   WantedRenames wanted;
   wanted.rows.reserve(renames.size());
   wanted.currentFolder = FullPathOf(W(".")).value_or(WString());
@@ -211,7 +228,7 @@ std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames) {
                            .newName = NameToMake(rename.newName),
                            .refusal = RefusalOf(rename.newName, true, !rename.item->Parent(), name)});
   }
-  DiskView disk;
+  ListedView disk(listings);
   return std::move(PlanRenames(wanted, disk).results);
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "host/folder_names.h"
 #include "host/output.h"
 #include "host/queued_rename.h"
 
@@ -20,8 +21,9 @@ struct ImaginedRename {
   WStringView newName;
 };
 
-// What RunPlanned would report of each of these renames, in their order.
-std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames);
+// What RunPlanned would report of each of these renames, in their order. Folders are not read that stand in
+// `listings`; those that are looked up are taken out of it.
+std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings);
 
 // Does what the plan lets pass, or nothing if `isDryRun`, and then reports all. A file that cannot be moved
 // leaves those that wait for its name as they are. If a step of a cycle fails, its other files take their old

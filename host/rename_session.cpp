@@ -71,7 +71,7 @@ std::vector<u32> RenameSession::Outlook() {
     for (const MultiRenameItem* const row : engine_->items) {
       renames.push_back({static_cast<const FileItem*>(row->hostItem), row->newName});
     }
-    return ForetellPlanned(renames);
+    return ForetellPlanned(renames, shared_.listings);
   }
   Output silence([](std::string_view) { return true; }, [](std::string_view) { return true; });
   const std::unique_ptr<Reporter> unheard = MakeProseReporter(silence);

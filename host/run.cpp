@@ -2,6 +2,7 @@
 
 #include "host/error_text.h"
 #include "host/failures.h"
+#include "host/item_finder.h"
 #include "host/item_lines.h"
 #include "host/missing_rights.h"
 #include "host/paths.h"
@@ -102,15 +103,6 @@ std::string ConfigOptionOf(const Options& options) {
   return "--config " + (isQuoted ? "\"" + options.config + "\"" : options.config) + " ";
 }
 
-FileItem* FindItem(FileItemTree& items, const std::string& option, const std::string& text) {
-  FileItem* const item = items.Find(FullPathOrThrow(option, text));
-  if (!item) {
-    const DWORD error = GetLastError();
-    throw BadCall(option + ": " + text + ": " + ErrorText(error));
-  }
-  return item;
-}
-
 }  // namespace
 
 Run::Run(const Options& options, const std::vector<std::string>& items, Output& output, ItemUse use)
@@ -149,17 +141,26 @@ void Run::SetUpView(const Options& options) {
     FileItemTree looked;
     for (const std::string& text : items_) FindItem(looked, kVerbItems, text);
   } else {
-    for (const std::string& text : items_) selected.push_back(FindItem(shared_->items, kVerbItems, text));
-    if (hasItemList_) {
-      ItemLines lines = OpenItemLines(itemList_);
-      while (const std::optional<std::string> line = lines.Next()) {
-        selected.push_back(FindItem(shared_->items, kListItems, *line));
-      }
-    }
+    ItemFinder(shared_->items, shared_->listings, kVerbItems).FindAll(items_, selected);
+    if (hasItemList_) FindListItems(selected);
   }
   FileItem* const focused =
       options.focus.empty() ? nullptr : FindItem(shared_->items, "--focus", options.focus);
   shared_->view.emplace(shared_->items, std::move(selected), focused, FolderOption("--view", options.view));
+}
+
+void Run::FindListItems(std::vector<FileItem*>& found) {
+  constexpr std::size_t kLinesAtOnce = 4096;
+  ItemFinder finder(shared_->items, shared_->listings, kListItems);
+  ItemLines lines = OpenItemLines(itemList_);
+  std::vector<std::string> texts;
+  while (std::optional<std::string> line = lines.Next()) {
+    texts.push_back(std::move(*line));
+    if (texts.size() < kLinesAtOnce) continue;
+    finder.FindAll(texts, found);
+    texts.clear();
+  }
+  finder.FindAll(texts, found);
 }
 
 void Run::ForEachItem(const std::function<void(FileItem&)>& use) {

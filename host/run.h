@@ -59,6 +59,7 @@ class Run {
 
  private:
   void SetUpView(const Options& options);
+  void FindListItems(std::vector<FileItem*>& found);
 
   Output& output_;
   bool isDry_;

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "host/file_properties.h"
+#include "host/folder_names.h"
 #include "host/helper_channel.h"
 #include "host/language_table.h"
 #include "host/module_registry.h"
@@ -61,6 +62,7 @@ struct Shared {
   const LanguageTable language;
   const SystemAnswers answers;
   FileItemTree items;
+  FolderListings listings;   // of folders as they were when the items of the command line were found
   std::optional<View> view;  // none until the items of the command line are known to exist
   FileProperties properties;
   FileOperation fileOperation;

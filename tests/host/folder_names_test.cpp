@@ -58,12 +58,14 @@ class ItemFinderTest : public testing::Test {
   std::vector<FileItem*> Find(const std::vector<WString>& names) {
     std::vector<std::string> texts;
     for (const WString& name : names) texts.push_back(ToUtf8(scratch_.Path(name)));
-    const std::vector<std::string_view> views(texts.begin(), texts.end());
-    return ItemFinder(tree_, "ITEM").FindAll(views);
+    std::vector<FileItem*> found;
+    ItemFinder(tree_, listings_, "ITEM").FindAll(texts, found);
+    return found;
   }
 
   ScratchFolder scratch_;
   FileItemTree tree_;
+  FolderListings listings_;
 };
 
 TEST_F(ItemFinderTest, ItemsOfAListedFolderAreThoseThatAreFoundOneByOne) {
