@@ -1,5 +1,9 @@
+import pathlib
+import random
 import shutil
+import string
 import subprocess
+import tempfile
 
 from comparisons.common import BIN, make_tree, measure, row
 from comparisons.replace import has
@@ -7,20 +11,28 @@ from comparisons.replace import has
 # Debian's package `rename` calls Perl's program by this name; `rename` alone may be another one.
 PERL = "file-rename"
 
-COUNTS = (1000, 10000, 100000)
-# What is read of an undo file holds some 22,000 names of this length.
-RENAMED = 20000
+COUNTS = (1000, 10000, 100000, 1000000)
+ENGINE_COUNTS = (1000, 100000, 1000000)
+RUN = 100000
+
+PAIRS = ["--find", "some", "--replace", "any"]
+RULES = {
+    "plain": ("[N]_[C] and a replacement", ["--name", "[N]_[C]", *PAIRS], "s/some/any/"),
+    "expressions": ("two expressions", ["--regex", *PAIRS, "--find", "f(.)le", "--replace", "d$1t"],
+                    "s/some/any/g; s/f(.)le/d$1t/g"),
+}
 
 
 def rename_by_rules(scratch):
     tree = scratch / "rename_by_rules"
-    make_tree(tree, 1000, 100)
+    make_tree(tree, COUNTS[-1] // 100, 100)
     # Two rows of one name stand in the way of a run, in different folders too.
     items = sorted(str(path.rename(path.with_name(f"{path.parent.name}_{path.name}"))) for path in tree.glob("*/*"))
-    for count in (*COUNTS, RENAMED):
+    for count in COUNTS:
         (scratch / f"items-{count}").write_text("\n".join(items[:count]) + "\n")
-    previews(scratch)
-    runs(scratch, tree, items[:RENAMED])
+    perl_rows = previews(scratch)
+    engine(perl_rows)
+    runs(scratch, tree)
 
 
 def host(scratch, options, call):
@@ -32,39 +44,95 @@ def perl(arguments, listing):
 
 
 def previews(scratch):
-    """The whole command: reading the list, looking each file up, computing, checking the outcome, two columns."""
-    pairs = ["--find", "some", "--replace", "any"]
-    expressions = ["--regex", *pairs, "--find", "f(.)le", "--replace", "d$1t"]
-    for label, rules, script in (
-            ("[N]_[C] and a replacement", ["--name", "[N]_[C]", *pairs], "s/some/any/"),
-            ("two expressions", expressions, "s/some/any/g; s/f(.)le/d$1t/g")):
+    """The whole command: reading the list, looking each file up, computing, checking the outcome, two columns.
+
+    Returns what a row costs Perl, in nanoseconds, by rules and count.
+    """
+    perl_rows = {}
+    for kind, (label, rules, script) in RULES.items():
         print(f"qxhost rename, a preview with {label}:")
         for count in COUNTS:
+            runs_of_one = 5 if count <= 100000 else 2
             listing = scratch / f"items-{count}"
             beside = None
             if has(PERL):
-                beside, kib = measure(perl(f"-n '{script}'", listing))
+                beside, kib = measure(perl(f"-n '{script}'", listing), runs=runs_of_one)
+                perl_rows[kind, count] = beside / count * 1e9
                 row(f"{PERL} -n, {count} names", beside, kib)
-            seconds, kib = measure(host(scratch, ["--items", str(listing)], ["rename", *rules]))
-            row(f"qxhost rename, {count} names", seconds, kib, beside=beside)
-            seconds, kib = measure(host(scratch, ["--json", "--items", str(listing)], ["rename", *rules]))
-            row("  for programs (--json)", seconds, kib, beside=beside)
+            for ending, options in ("", []), (" --json", ["--json"]):
+                seconds, kib = measure(host(scratch, [*options, "--items", str(listing)], ["rename", *rules]), runs=runs_of_one)
+                row(f"qxhost{ending}, {count} names", seconds, kib, beside=beside)
+    return perl_rows
 
 
-def runs(scratch, tree, items):
-    print(f"qxhost rename --run and --undo, {len(items)} real files:")
+def engine(perl_rows):
+    """The engine alone, as the window has it: rows that were read, rules that were compiled."""
+    print("The engine alone, processor time a row, and memory a row beyond the names, beside the whole of Perl's:")
+    for kind in RULES:
+        for count in ENGINE_COUNTS:
+            cost, size = (float(text) for text in preview_rows(count, kind))
+            beside = perl_rows.get((kind, count))
+            ratio = f"   {cost / beside:5.3f} of it" if beside else ""
+            print(f"  {kind:<12} {count:>8} rows {cost:9.1f} ns {size:8.1f} bytes{ratio}")
+    middle, worst = preview_rows(ENGINE_COUNTS[-1], "stop")
+    print(f"  a preview of {ENGINE_COUNTS[-1]} rows is asked to stop: idle after {middle} us (the middle of 200), {worst} us (the worst)")
+
+
+def preview_rows(count, kind):
+    call = [str(BIN / "preview_rows"), str(count), kind]
+    return subprocess.run(call, capture_output=True, check=True, text=True).stdout.split()
+
+
+def runs(scratch, tree):
+    """A run by a list, and the run back by the undo file."""
+    items = [str(path) for path in sorted(tree.glob("*/*"))[:RUN]]
+    there_and_back(scratch, f"qxhost rename --run, {RUN} real files in folders of 100:", items, "some_file", "any_file", False)
+    folder = short_folder()
+    if not folder:
+        return
+    try:
+        # What is read of an undo file holds as many names as this if they and their folder are short.
+        names = [f"a{number:06d}" for number in range(RUN)]
+        for name in names:
+            (folder / name).touch()
+        there_and_back(scratch, f"qxhost rename --run and --undo, {RUN} real files in one folder of a short name:",
+                       [str(folder / name) for name in names], "a", "", True)
+    finally:
+        shutil.rmtree(folder)
+
+
+def short_folder():
+    """A folder of its own with the shortest path that can be had; None if that is long."""
+    for _ in range(100):
+        folder = pathlib.Path(tempfile.gettempdir()) / "".join(random.choices(string.ascii_lowercase, k=2))
+        if len(str(folder)) > 7:
+            return None
+        try:
+            folder.mkdir()
+            return folder
+        except FileExistsError:
+            pass
+    return None
+
+
+def there_and_back(scratch, title, items, find, replace, can_be_undone):
+    print(title)
     shutil.rmtree(scratch / "config", ignore_errors=True)
-    listing = scratch / f"items-{len(items)}"
+    listing = scratch / "items-run"
     renamed = scratch / "items-renamed"
-    renamed.write_text(listing.read_text().replace("some_file", "any_file"))
+    parts = [item.rpartition("/") for item in items]
+    listing.write_text("\n".join(items) + "\n")
+    renamed.write_text("\n".join(folder + slash + name.replace(find, replace, 1) for folder, slash, name in parts) + "\n")
     beside = back = None
     if has(PERL):
-        beside, kib = measure(perl("'s/some_file/any_file/'", listing), runs=1)
+        beside, kib = measure(perl(f"'s|{find}([^/]*)$|{replace}$1|'", listing), runs=1)
         row(f"{PERL}", beside, kib)
-        back, kib = measure(perl("'s/any_file/some_file/'", renamed), runs=1)
+        back, kib = measure(perl(f"'s|{replace}([^/]*)$|{find}$1|'", renamed), runs=1)
         row(f"{PERL}, back", back, kib)
-    call = host(scratch, ["--items", str(listing)], ["rename", "--find", "some_file", "--replace", "any_file", "--run"])
+    call = host(scratch, ["--items", str(listing)], ["rename", "--find", find, "--replace", replace, "--run"])
     row("qxhost rename --run, with an undo file", *measure(call, runs=1), beside=beside)
-    row("qxhost rename --undo last", *measure(host(scratch, [], ["rename", "--undo", "last"]), runs=1), beside=back)
-    left = subprocess.run(["find", str(tree), "-name", "*any_file*"], capture_output=True, check=True).stdout
-    print(f"    {left.count(b'any_file')} files not taken back: beyond what is read of an undo file")
+    if can_be_undone:
+        row("qxhost rename --undo last", *measure(host(scratch, [], ["rename", "--undo", "last"]), runs=1), beside=back)
+    else:
+        for old, new in zip(items, renamed.read_text().splitlines()):
+            pathlib.Path(new).rename(old)
