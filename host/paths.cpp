@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 
 namespace QxHost {
 namespace {
@@ -88,6 +89,33 @@ void AppendNames(WString& full, WStringView names) {
   }
 }
 
+// True for a name that means a device in any folder.
+bool MayBeDevice(WStringView name) {
+  static constexpr WStringView kDevices[] = {W("CON"), W("PRN"), W("AUX"), W("NUL"), W("COM"), W("LPT")};
+  if (name.size() < 3) return false;
+  const auto upper = [](WCHAR c) {
+    return c >= W('a') && c <= W('z') ? static_cast<WCHAR>(c - W('a') + W('A')) : c;
+  };
+  const WCHAR begin[] = {upper(name[0]), upper(name[1]), upper(name[2])};
+  return std::ranges::find(kDevices, WStringView(begin, 3)) != std::end(kDevices);
+}
+
+// True for a full path that the system leaves as it is: of a drive in upper case, with no name that is empty
+// or ends in a dot or a blank, and no device.
+bool IsPlainFullPath(WStringView path) {
+  if (path.size() < 4 || path[0] < W('A') || path[0] > W('Z') || path[1] != W(':') || path[2] != W('\\'))
+    return false;
+  std::size_t nameAt = 3;
+  for (std::size_t at = 3; at <= path.size(); ++at) {
+    const WCHAR c = at < path.size() ? path[at] : W('\\');
+    if (c == WCHAR() || c == W('/')) return false;
+    if (c != W('\\')) continue;
+    if (at == nameAt || IsCutAtEnd(path[at - 1])) return false;
+    if (at < path.size()) nameAt = at + 1;
+  }
+  return !MayBeDevice(path.substr(nameAt));
+}
+
 // What the system makes of a path; the current folder for an empty one. Nothing for a device.
 std::optional<WString> SystemFullPath(const WString& path) {
   const WCHAR* const text = path.empty() ? W(".") : path.c_str();
@@ -139,6 +167,7 @@ WString PathFromUtf8(std::string_view bytes) {
 }
 
 std::optional<WString> FullPathOf(const WString& path) {
+  if (IsPlainFullPath(path)) return path;
   if (path.empty() || path.find(WCHAR()) != WString::npos) return std::nullopt;
   WString text = path;
   std::replace(text.begin(), text.end(), W('/'), W('\\'));

@@ -94,13 +94,9 @@ std::unique_ptr<MultiRenameUndo> ForeignSession(MultiRenameUndoStore& store, con
   return session;
 }
 
+// As the store writes it.
 void AppendBytes(std::string& bytes, WStringView text) {
-  std::size_t at = bytes.size();
-  bytes.resize(at + text.size() * 2);
-  for (const WCHAR c : text) {
-    bytes[at++] = static_cast<char>(c & 0xFF);
-    bytes[at++] = static_cast<char>(c >> 8);
-  }
+  bytes.append(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR));
 }
 
 // The path of a file in the entry's folder.

@@ -26,10 +26,10 @@ struct QuestionEvent {
   WString hint;
 };
 
-// One rename that the module asked for.
+// One rename that the module asked for. The texts are the caller's.
 struct RenameEvent {
-  WString from;  // full path
-  WString to;    // new name
+  WStringView from;  // full path
+  WStringView to;    // new name
   std::uint32_t result = 0;
   bool dryRun = false;
 };

@@ -1,6 +1,7 @@
 // The text of undo files, written and read.
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <iterator>
 #include <string>
@@ -55,12 +56,11 @@ bool DecodeUndoFile(std::span<const std::uint8_t> bytes, WString& text) {
     bytes = bytes.subspan(2);
   else if (!IsUtf16(bytes))
     return false;
-  text.reserve(bytes.size() / 2);
-  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
-    const auto unit = static_cast<WCHAR>(bytes[at] | bytes[at + 1] << 8);
-    if (unit == WCHAR()) break;
-    text += unit;
+  text.resize(bytes.size() / 2);
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    text[at] = static_cast<WCHAR>(bytes[at * 2] | bytes[at * 2 + 1] << 8);
   }
+  text.resize(std::min(text.find(WCHAR()), text.size()));
   return true;
 }
 
@@ -68,9 +68,11 @@ bool DecodeUndoFile(std::span<const std::uint8_t> bytes, WString& text) {
 // does not get past: the line that it stands in is none.
 bool TakeUndoLine(WStringView& text, WStringView& line) {
   if (text.empty()) return false;
-  const std::size_t end = text.find_first_of(W("\r\n"));
+  const auto found =
+      std::find_if(text.begin(), text.end(), [](WCHAR c) { return c == W('\n') || c == W('\r'); });
+  const auto end = static_cast<std::size_t>(found - text.begin());
   line = text.substr(0, end);
-  if (end == WStringView::npos) {
+  if (end == text.size()) {
     text = {};
     return true;
   }
@@ -92,15 +94,19 @@ void ReadUndoInfo(WStringView line, MultiRenameUndo& session) {
 // The search for a bar begins two characters after the last one, so that "a||b" is "a" and "|b"; empty fields
 // fall away.
 void ReadUndoEntry(WStringView line, MultiRenameUndo& session) {
-  std::vector<WStringView> fields;
+  std::array<WStringView, 3> fields;
+  std::size_t count = 0;
   std::size_t begin = 0;
   for (std::size_t from = 0; begin <= line.size();) {
     const std::size_t bar = std::min(line.find(W('|'), from), line.size());
-    if (bar > begin) fields.push_back(line.substr(begin, bar - begin));
+    if (bar > begin) {
+      if (count == fields.size()) return;
+      fields[count++] = line.substr(begin, bar - begin);
+    }
     begin = bar + 1;
     from = bar + 2;
   }
-  if (fields.size() != 3) return;
+  if (count != fields.size()) return;
   session.entries.push_back({WString(fields[0]), WString(fields[2]), WString(fields[1])});
 }
 

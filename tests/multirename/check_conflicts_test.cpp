@@ -58,5 +58,23 @@ TEST(CheckConflictsTest, LettersBeyondZAreTheirOwn) {
   EXPECT_THAT(StatesOf({W("\u00E4"), W("\u00C4")}), ElementsAre(0u, 0u));
 }
 
+TEST(ConflictFinderTest, AnAbortLeavesTheStatesAsTheyWere) {
+  MultiRenameItems rows(2);
+  for (MultiRenameItem& row : rows) row.state = StateFailed;
+  MultiRenameItem* const pointers[] = {&rows[0], &rows[1]};
+  ConflictFinder finder;
+  finder.Begin(2);
+  finder.Add(W("a"));
+  finder.Add(W("a?"));
+  std::atomic<bool> abort = true;
+  EXPECT_FALSE(finder.SetStates(pointers, abort));
+  EXPECT_EQ(rows[0].state, StateFailed);
+  EXPECT_EQ(rows[1].state, StateFailed);
+  abort = false;
+  EXPECT_TRUE(finder.SetStates(pointers, abort));
+  EXPECT_EQ(rows[0].state, StateReady);
+  EXPECT_EQ(rows[1].state, StateInvalidName);
+}
+
 }  // namespace
 }  // namespace Velmora::SDK
