@@ -44,8 +44,8 @@ FileItem* FindItem(FileItemTree& items, const std::string& option, std::string_v
 }
 
 FolderNames* ItemFinder::ReadFolder(std::string_view prefix, std::size_t count) {
-  if (prefix.empty() || prefix.starts_with("\\\\") || prefix.starts_with("//")) return nullptr;
-  std::optional<WString> folder = FullPathOf(PathFromUtf8(prefix));
+  if (prefix.starts_with("\\\\") || prefix.starts_with("//")) return nullptr;
+  std::optional<WString> folder = FullPathOf(PathFromUtf8(prefix.empty() ? "." : prefix));
   if (!folder || folder->size() < 3 || (*folder)[1] != W(':')) return nullptr;
   folder_ = &items_.Follow(*folder);
   if (!folder->ends_with(W('\\'))) *folder += W('\\');

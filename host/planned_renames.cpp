@@ -229,7 +229,8 @@ std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, Folder
                            .refusal = RefusalOf(rename.newName, true, !rename.item->Parent(), name)});
   }
   ListedView disk(listings);
-  return std::move(PlanRenames(wanted, disk).results);
+  const RenamePlan plan = PlanRenames(wanted, disk);
+  return {plan.results.begin(), plan.results.end()};
 }
 
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
