@@ -1,34 +1,53 @@
 #include "host/folder_names.h"
 
+#include <cstring>
+
 namespace QxHost {
 namespace {
 
 constexpr std::size_t kFewestSlots = 256;
 
-WCHAR UpperCaseOf(WCHAR unit) {
-  if (unit < 0x80)
-    return unit >= W('a') && unit <= W('z') ? static_cast<WCHAR>(unit - (W('a') - W('A'))) : unit;
-  LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, &unit, 1, &unit, 1);
-  return unit;
+constexpr std::size_t kBlock = 4;  // units that a word holds
+
+constexpr std::uint64_t EachUnit(std::uint64_t value) { return value * 0x0001000100010001u; }
+
+// Up to four units as one word.
+std::uint64_t BlockOf(WStringView units) {
+  std::uint64_t block = 0;
+  if (units.size() == kBlock) {
+    std::memcpy(&block, units.data(), sizeof block);
+  } else {
+    std::memcpy(&block, units.data(), units.size() * sizeof(WCHAR));
+  }
+  return block;
+}
+
+std::uint64_t UpperBlockOf(WStringView units) {
+  WCHAR upper[kBlock];
+  const int size = static_cast<int>(units.size());
+  LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, units.data(), size, upper, size);
+  return BlockOf(WStringView(upper, units.size()));
 }
 
 }  // namespace
 
+// Four units at a time, which are in upper case at once if they are ASCII.
 std::uint64_t FolderNames::HashOf(WStringView name) {
   constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
-  std::uint64_t hash = name.size();
-  // Four units at a time.
-  std::uint64_t block = 0;
-  unsigned filled = 0;
-  for (const WCHAR unit : name) {
-    block = block << 16 | static_cast<std::uint16_t>(UpperCaseOf(unit));
-    if (++filled % 4 != 0) continue;
+  std::uint64_t hash = name.size() * kFactor;
+  for (std::size_t at = 0; at < name.size(); at += kBlock) {
+    std::uint64_t block = BlockOf(name.substr(at, kBlock));
+    if ((block & EachUnit(0xFF80)) == 0) {
+      const std::uint64_t fromA = block + EachUnit(0x80 - 'a');
+      const std::uint64_t beyondZ = block + EachUnit(0x80 - ('z' + 1));
+      block -= (fromA & ~beyondZ & EachUnit(0x80)) >> 2;
+    } else {
+      block = UpperBlockOf(name.substr(at, kBlock));
+    }
     hash = (hash ^ block) * kFactor;
     hash ^= hash >> 29;
-    block = 0;
   }
-  hash = (hash ^ block) * kFactor;
-  return hash ^ hash >> 32;
+  return hash;
 }
 
 void FolderNames::Clear() {

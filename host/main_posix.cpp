@@ -10,5 +10,6 @@ int main(int argc, char** argv) {
   mallopt(M_ARENA_MAX, 1);
   mallopt(M_TOP_PAD, kHeapStep);
   mallopt(M_TRIM_THRESHOLD, kWholeHeap);
+  mallopt(M_MXFAST, 0);
   return QxHost::RunQxHost(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
 }

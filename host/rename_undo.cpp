@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
 #include <tuple>
 #include <unordered_set>
 
@@ -11,6 +12,8 @@
 #include "host/nearest_name.h"
 #include "host/paths.h"
 #include "host/whole_file.h"
+#include "multirename/character_scan.h"
+#include "platform/handles.h"
 
 namespace QxHost {
 
@@ -95,8 +98,57 @@ std::unique_ptr<MultiRenameUndo> ForeignSession(MultiRenameUndoStore& store, con
 }
 
 // As the store writes it.
-void AppendBytes(std::string& bytes, WStringView text) {
-  bytes.append(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR));
+std::string_view BytesOf(WStringView text) {
+  return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)};
+}
+
+// Of a file that was read and is not what was written.
+constexpr DWORD kOtherBytes = ERROR_INVALID_DATA;
+
+// Takes as many bytes off the file. An error, or kOtherBytes for others or too few.
+DWORD TakeBytes(HANDLE file, std::string_view bytes, std::string& buffer) {
+  while (!bytes.empty()) {
+    buffer.resize(bytes.size());
+    DWORD done = 0;
+    if (!ReadFile(file, buffer.data(), static_cast<DWORD>(buffer.size()), &done, nullptr))
+      return GetLastError();
+    if (done == 0 || !bytes.starts_with(std::string_view(buffer).substr(0, done))) return kOtherBytes;
+    bytes.remove_prefix(done);
+  }
+  return ERROR_SUCCESS;
+}
+
+// 0 if the file holds the text of the session and no more, otherwise an error or kOtherBytes. Stores the size
+// of that text, in bytes.
+DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, std::size_t& size) {
+  const FileHandle file(CreateFileW(SystemPath(path).c_str(), GENERIC_READ,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+  DWORD error = file.IsOpen() ? DWORD{ERROR_SUCCESS} : GetLastError();
+  std::string buffer;
+  WriteUndoText(session, [&](WStringView text) {
+    size += BytesOf(text).size();
+    if (error == ERROR_SUCCESS) error = TakeBytes(file.Get(), BytesOf(text), buffer);
+  });
+  char more = 0;
+  DWORD done = 0;
+  if (error == ERROR_SUCCESS && ReadFile(file.Get(), &more, 1, &done, nullptr) && done != 0)
+    return kOtherBytes;
+  return error;
+}
+
+bool IsBlankOfUndoLine(WCHAR c) { return c == W(' ') || c == W('\t'); }
+
+bool IsKeptField(WStringView text) {
+  return !text.empty() && !HoldsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
+}
+
+// True for an entry that is read back from its line, at first sight.
+bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
+  if (!IsKeptField(entry.folder) || !IsKeptField(entry.oldName) || !IsKeptField(entry.newName)) return false;
+  const WCHAR first = entry.folder.front();
+  const bool isOther = first == W(';') || first == W('#') || first == W('[');
+  return !isOther && !IsBlankOfUndoLine(first) && !IsBlankOfUndoLine(entry.newName.back());
 }
 
 // The path of a file in the entry's folder.
@@ -107,10 +159,6 @@ WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
 WString EntryKey(const MultiRenameUndoEntry& entry) {
   // A character that no name and no path holds, on any system.
   return entry.folder + WCHAR() + entry.oldName + WCHAR() + entry.newName;
-}
-
-bool IsSameEntry(const MultiRenameUndoEntry& lhs, const MultiRenameUndoEntry& rhs) {
-  return lhs.newName == rhs.newName && lhs.oldName == rhs.oldName && lhs.folder == rhs.folder;
 }
 
 std::string Renames(std::size_t count) {
@@ -224,18 +272,16 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
 
 void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
   const WString path = store.PathOf(session);
-  std::string bytes;
-  const DWORD error = ReadWholeFile(path, bytes);
-  std::string expected;
-  expected.reserve(bytes.size());
-  WriteUndoText(session, [&expected](WStringView text) { AppendBytes(expected, text); });
-  if (error != ERROR_SUCCESS || bytes != expected) {
+  std::size_t size = 0;
+  if (const DWORD error = CompareUndoFile(path, session, size); error != ERROR_SUCCESS) {
     output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
-                   (error == ERROR_SUCCESS ? "" : ": " + ErrorText(error)));
+                   (error == kOtherBytes ? "" : ": " + ErrorText(error)));
   }
+  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return;
+  std::string expected;
+  WriteUndoText(session, [&expected](WStringView text) { expected += BytesOf(text); });
   const std::unique_ptr<MultiRenameUndo> kept =
       ReadUndoText({reinterpret_cast<const std::uint8_t*>(expected.data()), expected.size()});
-  if (kept && std::ranges::equal(kept->entries, session.entries, IsSameEntry)) return;
   std::unordered_set<WString> keys;
   if (kept) {
     for (const MultiRenameUndoEntry& entry : kept->entries) keys.insert(EntryKey(entry));
