@@ -7,9 +7,11 @@ int main(int argc, char** argv) {
   // time, and what a million rows take is not given back to the system bit by bit.
   constexpr int kHeapStep = 4 << 20;
   constexpr int kWholeHeap = 1 << 30;
+  constexpr int kLargestOfHeap = 32 << 20;
   mallopt(M_ARENA_MAX, 1);
   mallopt(M_TOP_PAD, kHeapStep);
   mallopt(M_TRIM_THRESHOLD, kWholeHeap);
+  mallopt(M_MMAP_THRESHOLD, kLargestOfHeap);
   mallopt(M_MXFAST, 0);
   return QxHost::RunQxHost(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
 }
