@@ -143,6 +143,7 @@ void RenameWorker::Loop() {
 // Whatever the host or the memory does, the thread goes on and the window is told.
 void RenameWorker::Preview() {
   const BusyMark busy(engine_.busy);
+  previewCut_ = true;
   try {
     for (MultiRenameItem* const item : engine_.items) {
       if (abort_.load(std::memory_order_relaxed)) return;
@@ -152,6 +153,7 @@ void RenameWorker::Preview() {
   } catch (...) {
     engine_.currentItem = nullptr;
   }
+  previewCut_ = false;
   Post(MRM_ROWS_CHANGED);
   Post(MRM_RUN_FINISHED, kPreviewFinished);
 }
