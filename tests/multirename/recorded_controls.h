@@ -106,6 +106,9 @@ class RecordedControls : public View {
     return columns;
   }
 
+ protected:
+  ~RecordedControls() = default;
+
  private:
   void Echo(int control) {
     if (echo) echo(control);
