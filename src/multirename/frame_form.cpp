@@ -9,23 +9,6 @@ namespace Velmora::SDK {
 
 namespace {
 
-using ListOperation = void (IHostList::*)();
-
-struct MoveRow {
-  FrameCommand command;
-  int menuNumber;
-  TextId text;
-  u32 key;
-  ListOperation move;
-};
-
-constexpr MoveRow kMoveRows[] = {
-    {kMoveRowUp, 10, kRenameTextMoveUp, 0x26, &IHostList::MoveRowUp},
-    {kMoveRowDown, 11, kRenameTextMoveDown, 0x28, &IHostList::MoveRowDown},
-    {kMoveRowTop, 12, kRenameTextMoveTop, 0x24, &IHostList::MoveRowTop},
-    {kMoveRowBottom, 13, kRenameTextMoveBottom, 0x23, &IHostList::MoveRowBottom},
-};
-
 constexpr u32 kKeyWithAlt = 16;  // what IHostApp::GetKeyText wants beside the key
 
 // "Alt+Up", or nothing.
@@ -66,7 +49,7 @@ bool FrameForm::OnHostEvent(std::intptr_t source, s32 code) {
 }
 
 bool FrameForm::OnCommand(int command) {
-  for (const MoveRow& row : kMoveRows) {
+  for (const FrameMove& row : kFrameMoves) {
     if (row.command != command) continue;
     if (list_.Exists()) (list_.Get()->*row.move)();
     return true;
@@ -76,14 +59,14 @@ bool FrameForm::OnCommand(int command) {
 
 void FrameForm::ShowContextMenu(HWND owner, int x, int y) {
   MenuLines lines;
-  for (const MoveRow& row : kMoveRows) {
+  for (const FrameMove& row : kFrameMoves) {
     WString text = LanguageText(context_.host, row.text);
     const WString key = MoveKeyText(context_.host, row.key);
     if (!key.empty()) (text += W('\t')) += key;
     lines.push_back({row.menuNumber, std::move(text)});
   }
   const int chosen = view_.ShowMenu(owner, x, y, lines);
-  for (const MoveRow& row : kMoveRows) {
+  for (const FrameMove& row : kFrameMoves) {
     if (row.menuNumber == chosen) OnCommand(row.command);
   }
 }

@@ -47,13 +47,21 @@ enum FrameCommand : int {
   kMoveRowBottom = 40004,
 };
 
-// The accelerators: these keys with Alt. Numbers of virtual keys.
-struct FrameKey {
-  u32 key;
+// How the selected rows are moved: the accelerators, which are these keys with Alt (numbers of virtual keys),
+// and the lines of the list's context menu.
+struct FrameMove {
   FrameCommand command;
+  u32 key;
+  int menuNumber;
+  TextId text;
+  void (IHostList::*move)();
 };
-inline constexpr FrameKey kFrameKeys[] = {
-    {0x26, kMoveRowUp}, {0x28, kMoveRowDown}, {0x24, kMoveRowTop}, {0x23, kMoveRowBottom}};
+inline constexpr FrameMove kFrameMoves[] = {
+    {kMoveRowUp, 0x26, 10, kRenameTextMoveUp, &IHostList::MoveRowUp},
+    {kMoveRowDown, 0x28, 11, kRenameTextMoveDown, &IHostList::MoveRowDown},
+    {kMoveRowTop, 0x24, 12, kRenameTextMoveTop, &IHostList::MoveRowTop},
+    {kMoveRowBottom, 0x23, 13, kRenameTextMoveBottom, &IHostList::MoveRowBottom},
+};
 constexpr u32 kCloseKey = 0x1B;  // Escape, without Alt: PressEscape
 
 // Codes of OnHostEvent.

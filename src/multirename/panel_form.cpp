@@ -46,8 +46,8 @@ PanelForm::PanelForm(PanelView& view, FrameForm& frame, RenameContext& context)
       engine_(context.engine),
       rules_(view, context.host),
       profileBox_(view, context.host, context.profiles),
-      templates_{{kNameTemplate, kNameHistory, kDefaultNameTemplate, {}},
-                 {kExtensionTemplate, kExtensionHistory, kDefaultExtensionTemplate, {}}} {}
+      templates_{{kNameTemplate, kNameTags, kNameHistory, kDefaultNameTemplate, {}},
+                 {kExtensionTemplate, kExtensionTags, kExtensionHistory, kDefaultExtensionTemplate, {}}} {}
 
 void PanelForm::Open() {
   frame_.SetPanel(view_.Window());
@@ -130,8 +130,7 @@ void PanelForm::OpenPairDialog() {
 
 // The tag goes to the end of the text, wherever the caret is.
 void PanelForm::OpenTagMenu(const TemplateBox& box) {
-  const int button = box.control == kNameTemplate ? kNameTags : kExtensionTags;
-  const int line = view_.ShowMenu(button, TagMenuLines(host_));
+  const int line = view_.ShowMenu(box.tagButton, TagMenuLines(host_));
   const WCHAR* const listed = TagOfLine(line);
   WString tag(ViewOf(listed));
   if (line == kPropertyTagLine) {

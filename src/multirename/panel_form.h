@@ -87,6 +87,7 @@ class PanelForm {
   // A template box with what belongs to it.
   struct TemplateBox {
     int control;
+    int tagButton;
     const WCHAR* history;
     const WCHAR* standard;
     std::vector<WString> offered;  // the lines of the box

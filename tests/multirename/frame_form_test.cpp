@@ -129,9 +129,9 @@ TEST_F(FrameFormTest, TheStatusTextGoesToTheSecondPane) {
 }
 
 TEST_F(FrameFormTest, AltWithFourKeysMovesTheSelectedRows) {
-  ASSERT_EQ(std::size(kFrameKeys), 4u);
+  ASSERT_EQ(std::size(kFrameMoves), 4u);
   const std::map<u32, int> commands = {{0x26, 40001}, {0x28, 40002}, {0x24, 40003}, {0x23, 40004}};
-  for (const FrameKey& key : kFrameKeys) EXPECT_EQ(commands.at(key.key), key.command);
+  for (const FrameMove& key : kFrameMoves) EXPECT_EQ(commands.at(key.key), key.command);
   frame.Open(&list);
   for (const int command : {40001, 40002, 40003, 40004}) EXPECT_TRUE(frame.OnCommand(command));
   EXPECT_THAT(list.calls, ElementsAre("up", "down", "top", "bottom"));
@@ -166,6 +166,24 @@ TEST_F(FrameFormTest, TheContextMenusLinesMoveTheRows) {
     frame.ShowContextMenu(nullptr, 0, 0);
   }
   EXPECT_THAT(list.calls, ElementsAre("up", "down", "top", "bottom"));
+}
+
+TEST_F(FrameFormTest, TheWindowIsLaidOutByTheseNumbers) {
+  EXPECT_EQ(FrameLayout::kWidth, 855);
+  EXPECT_EQ(FrameLayout::kHeight, 410);
+  EXPECT_EQ(FrameLayout::kLeastWidth, 850);
+  EXPECT_EQ(FrameLayout::kLeastHeight, 400);
+  EXPECT_EQ(FrameLayout::kStatusPaneWidth, 650);
+  EXPECT_EQ(FrameLayout::kListWidth, 200);
+  EXPECT_EQ(FrameLayout::kColumnWidth, 200);
+  EXPECT_EQ(FrameLayout::kRowHeight, 16);
+  EXPECT_EQ(FrameLayout::kContainerStyle, 0x56000000u);
+  EXPECT_EQ(FrameLayout::kIcon, 128u);
+  ASSERT_EQ(std::size(kFrameColumns), 2u);
+  EXPECT_EQ(kFrameColumns[0].number, 2u);
+  EXPECT_EQ(kFrameColumns[0].heading, 9830500u);
+  EXPECT_EQ(kFrameColumns[1].number, 3u);
+  EXPECT_EQ(kFrameColumns[1].heading, 9896036u);
 }
 
 TEST_F(FrameFormTest, EscapeAsksBeforeItCloses) {

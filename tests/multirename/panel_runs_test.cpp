@@ -2,10 +2,10 @@
 // when they meet. Runs under thread checks as well.
 #include <gmock/gmock.h>
 
-#include <semaphore>
-
+#include "multirename/gate_properties.h"
 #include "multirename/panel_window.h"
 #include "multirename/undo_manager_form.h"
+#include "support/semaphore.h"
 
 namespace Velmora::SDK {
 namespace {
@@ -13,35 +13,17 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Stops the worker at a property until it is let go.
-class PreviewGate final : public IHostPropertyManager {
- public:
-  u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {
-    ++asked;
-    if (isOpen) return 0;
-    entered.release();
-    gate.acquire();
-    return 0;
-  }
-  void ListProperties(IHostPropertyList*, u32) override {}
-
-  std::atomic<bool> isOpen{false};
-  std::atomic<int> asked{0};
-  std::counting_semaphore<100> entered{0};
-  std::counting_semaphore<100> gate{0};
-};
-
 // Stops the run in the host until it is let go.
 class RunGate {
  public:
   explicit RunGate(PanelHost& host) {
     host.renames.atRun = [this] {
-      inRun.release();
-      go.acquire();
+      inRun.Release();
+      go.Acquire();
     };
   }
-  std::binary_semaphore inRun{0};
-  std::binary_semaphore go{0};
+  Semaphore inRun;
+  Semaphore go;
 };
 
 class PanelRuns : public PanelTest {
@@ -154,9 +136,9 @@ TEST_F(PanelRuns, StartRenamesAndDisablesTheControlsUntilItsEnd) {
   Settle();
   RunGate gate(host_);
   form.Press(1003);
-  gate.inRun.acquire();
+  gate.inRun.Acquire();
   for (const int control : {1003, 1034, 1041, 1049, 1071, 1040}) EXPECT_TRUE(IsClosed(control)) << control;
-  gate.go.release();
+  gate.go.Release();
   Settle();
   EXPECT_THAT(States(), ElementsAre(6u, 6u));
   EXPECT_TRUE(form.UndoAvailable());
@@ -192,16 +174,16 @@ TEST_F(PanelRuns, StartWithLivePreviewTakesTheNamesOfTheLastPreview) {
 }
 
 TEST_F(PanelRuns, StartInTheMiddleOfAPreviewEndsItFirstSoThatNoRowKeepsAnOlderName) {
-  PreviewGate gate;
+  GateProperties gate;
   Open({W("a.t"), W("b.t")});
   engine_->propertyManager = &gate;
   Type(1034, W("x[?p][C]"));
   Deliver();
-  gate.entered.acquire();  // in the first row
+  gate.entered.Acquire();  // in the first row
   gate.isOpen = true;
   std::thread opener([&] {
     while (!engine_->worker.IsStopping()) std::this_thread::yield();
-    gate.gate.release();
+    gate.gate.Release();
   });
   form.Press(1003);
   opener.join();
@@ -331,10 +313,10 @@ TEST_F(PanelRuns, UndoGivesTheRowsTheirOldNames) {
   Run(W("x[C]"));
   RunGate gate(host_);
   form.Press(1040);
-  gate.inRun.acquire();
+  gate.inRun.Acquire();
   EXPECT_TRUE(IsClosed(1003));
   EXPECT_TRUE(IsClosed(1040));
-  gate.go.release();
+  gate.go.Release();
   Settle();
   ASSERT_EQ(host_.renames.pathRenames.size(), 2u);
   EXPECT_EQ(host_.renames.pathRenames[0].from, W("C:\\view\\x01.t"));
@@ -530,16 +512,16 @@ TEST_F(PanelRuns, TheListIsEmptyWhileTheSelectionIsRead) {
 }
 
 TEST_F(PanelRuns, ResetInTheMiddleOfAPreviewStopsItFirst) {
-  PreviewGate gate;
+  GateProperties gate;
   Open({W("a.t"), W("b.t")});
   engine_->propertyManager = &gate;
   Type(1034, W("x[?p][C]"));
   Deliver();
-  gate.entered.acquire();
+  gate.entered.Acquire();
   gate.isOpen = true;
   std::thread opener([&] {
     while (!engine_->worker.IsStopping()) std::this_thread::yield();
-    gate.gate.release();
+    gate.gate.Release();
   });
   Select({W("c.t")});
   form.Press(1071);
@@ -634,11 +616,11 @@ TEST_F(PanelRuns, TheWindowClosesInTheMiddleOfARun) {
   Settle();
   RunGate gate(host_);
   form.Press(1003);
-  gate.inRun.acquire();
+  gate.inRun.Acquire();
   engine_->worker.Quit();
   frame.Close();  // rows stay alive in the engine
   context_.rows.Set(nullptr);
-  gate.go.release();
+  gate.go.Release();
   EXPECT_TRUE(engine_->worker.WaitForEnd(INFINITE));
   EXPECT_EQ(UndoFiles().size(), 1u);
   EXPECT_EQ(engine_->items[0]->state, 6u);

@@ -5,6 +5,7 @@
 
 #include <thread>
 
+#include "multirename/gate_properties.h"
 #include "multirename/rename_host.h"
 #include "platform/message_window.h"
 #include "support/scratch_folder.h"
@@ -17,24 +18,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr DWORD kPatience = 60000;  // milliseconds that nothing here takes
-
-// Stops the worker at the first property that it asks for, until it is let go.
-class GateProperties final : public IHostPropertyManager {
- public:
-  u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {
-    ++asked;
-    if (isOpen) return 0;
-    entered.Release();
-    gate.Acquire();
-    return 0;
-  }
-  void ListProperties(IHostPropertyList*, u32) override {}
-
-  std::atomic<bool> isOpen{false};
-  std::atomic<int> asked{0};
-  Semaphore entered;
-  Semaphore gate;
-};
 
 class RenameWorkerTest : public testing::Test {
  protected:
