@@ -58,7 +58,7 @@ void PanelForm::StartRun() {
   if (!view_.IsChecked(kLivePreviewBox) || engine_.worker.WasPreviewCut()) {
     engine_.worker.WantPreview();
     engine_.worker.Wake();
-    if (!engine_.worker.WaitUntilIdle()) return;
+    if (!engine_.worker.WaitUntilIdle() || engine_.worker.WasPreviewCut()) return;
   }
   if (std::ranges::any_of(engine_.items,
                           [](const MultiRenameItem* row) { return BlocksStart(row->state); })) {

@@ -150,10 +150,10 @@ void RenameWorker::Preview() {
       ComputeName(engine_, *item);
     }
     CheckConflicts(engine_);
+    previewCut_ = false;
   } catch (...) {
     engine_.currentItem = nullptr;
   }
-  previewCut_ = false;
   Post(MRM_ROWS_CHANGED);
   Post(MRM_RUN_FINISHED, kPreviewFinished);
 }

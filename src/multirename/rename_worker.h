@@ -63,7 +63,8 @@ class RenameWorker {
   // There is a thread that has not ended.
   bool IsRunning() const { return HasThread(); }
 
-  // The last preview was stopped before its end: rows have names of older rules. The worker is idle.
+  // The last preview was stopped, or failed, before its end: rows have names of older rules. While the worker
+  // is idle.
   bool WasPreviewCut() const { return previewCut_; }
 
   // The current job was asked to stop and has not yet ended.

@@ -2,6 +2,7 @@
 // when they meet. Runs under thread checks as well.
 #include <gmock/gmock.h>
 
+#include "multirename/bare_file_item.h"
 #include "multirename/gate_properties.h"
 #include "multirename/panel_window.h"
 #include "multirename/undo_manager_form.h"
@@ -12,6 +13,11 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+class ThrowingItem final : public BareFileItem {
+ public:
+  void GetTagText(WCHAR*, u32) override { throw std::runtime_error("the host fails"); }
+};
 
 // Stops the run in the host until it is let go.
 class RunGate {
@@ -191,6 +197,18 @@ TEST_F(PanelRuns, StartInTheMiddleOfAPreviewEndsItFirstSoThatNoRowKeepsAnOlderNa
   ASSERT_EQ(host_.renames.itemRenames.size(), 2u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("x01.t"));
   EXPECT_EQ(host_.renames.itemRenames[1].to, W("x02.t"));
+}
+
+TEST_F(PanelRuns, APreviewThatFailsInTheHostKeepsTheStartFromRenaming) {
+  Open({W("a.t"), W("b.t")});
+  ThrowingItem item;
+  Row(1).hostItem = &item;
+  Type(1034, W("x[F]"));
+  Settle();
+  form.Press(1003);
+  Settle();
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+  EXPECT_FALSE(IsClosed(1003));
 }
 
 TEST_F(PanelRuns, ARowInTheWayBlocksTheStart) {

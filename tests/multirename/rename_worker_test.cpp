@@ -82,6 +82,7 @@ TEST_F(RenameWorkerTest, APreviewComputesAllRowsAndPostsItsTwoMessages) {
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(Names(), ElementsAre(W("x01.t"), W("x02.t"), W("x03.t")));
   EXPECT_THAT(States(), ElementsAre(0u, 0u, 0u));
+  EXPECT_FALSE(engine_->worker.WasPreviewCut());
   EXPECT_FALSE(engine_->busy);
   EXPECT_EQ(Next(0), "none");
 }
@@ -113,6 +114,7 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   stopper.join();
   EXPECT_EQ(gate_.asked, 1);
   EXPECT_THAT(Names(), ElementsAre(W("x01"), W("b"), W("c")));
+  EXPECT_TRUE(engine_->worker.WasPreviewCut());
   EXPECT_FALSE(engine_->busy);
   EXPECT_EQ(Next(0), "none");
 }

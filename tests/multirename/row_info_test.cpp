@@ -3,30 +3,18 @@
 
 #include <gtest/gtest.h>
 
+#include "multirename/bare_file_item.h"
 #include "support/fake_host.h"
 
 namespace Velmora::SDK {
 namespace {
 
-class ImageItem final : public IHostFileItem {
+class ImageItem final : public BareFileItem {
  public:
-  const WCHAR* GetName(WCHAR* buffer, u32) override { return buffer; }
-  void GetBaseName(WCHAR*, u32) override {}
-  const WCHAR* GetFolderPath(WCHAR* buffer, u32) override { return buffer; }
-  void GetParentPath(WCHAR*, u32) override {}
-  const WCHAR* GetFullPath(WCHAR* buffer, u32) override { return buffer; }
-  void GetTagText(WCHAR*, u32) override {}
-  const WCHAR* GetExtensionText(u32) override { return nullptr; }
-  void GetExtension(WCHAR*, u32, u32) override {}
-  u32 GetAttributes() override { return 0; }
   s64 GetRowImage(u32 imageSet) override {
     asked.push_back(imageSet);
     return 42;
   }
-  bool IsFolder() override { return true; }
-  s32 GetRemoteLevel() override { return 0; }
-  int GetStoredProperty(u32, u32, void*) override { return 0; }
-  void ClearStoredProperty(u32) override {}
 
   std::vector<u32> asked;
 };
