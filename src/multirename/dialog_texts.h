@@ -1,4 +1,4 @@
-// What the forms of the dialogs do with texts.
+// How the forms give their controls texts of the language table.
 #pragma once
 
 #include "frame/services/host_app.h"
@@ -10,8 +10,5 @@ namespace Velmora::SDK {
 // modules share.
 void SetDialogTexts(ControlView& view, IHostApp& host, std::span<const ControlTextRow> own,
                     std::span<const ControlTextRow> common);
-
-// The text without these characters at both ends.
-WString TrimmedText(WStringView text, WStringView characters);
 
 }  // namespace Velmora::SDK

@@ -4,10 +4,10 @@
 
 #include "frame/services/format_text.h"
 #include "frame/services/language_text.h"
-#include "multirename/dialog_texts.h"
 #include "multirename/panel_controls.h"
 #include "multirename/panel_form.h"
 #include "multirename/panel_writing.h"
+#include "multirename/trimmed.h"
 
 namespace Velmora::SDK {
 
@@ -54,7 +54,7 @@ void PanelForm::SaveProfile() {
     return;
   }
   buffer.back() = WCHAR();
-  const WString name = TrimmedText(buffer.data(), W(" \t\r\n"));
+  const WString name(Trimmed(buffer.data(), W(" \t\r\n")));
   MultiRenameProfiles& profiles = context_.profiles;
   if (profiles.Find(name)) {
     if (!Confirms(LanguageText(host_, kRenameTextOverwriteProfile))) {

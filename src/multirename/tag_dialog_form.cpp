@@ -6,6 +6,7 @@
 #include "frame/services/language_text.h"
 #include "multirename/dialog_texts.h"
 #include "multirename/rename_texts.h"
+#include "multirename/trimmed.h"
 
 namespace Velmora::SDK {
 
@@ -59,7 +60,7 @@ void TagDialogForm::Press(int control) {
       ShowTag();
       break;
     case kTagInsert:
-      tag_ = TrimmedText(WStringView(view_->GetText(kTagText)).substr(0, kMostOfTag), W(" \t\r\n"));
+      tag_ = Trimmed(WStringView(view_->GetText(kTagText)).substr(0, kMostOfTag), W(" \t\r\n"));
       view_->Close(kDialogOk);
       break;
     case kTagCancel:
