@@ -1,7 +1,7 @@
 // The dialog that edits the search pairs as text, with the numbered lists of "FindReplace.xml" on the
 // function keys (MultiRenameFindReplaceDlg).
 //
-// Where it stands is the window's: its client area ends 4 pixels left of the right edge of the rule panel,
+// The window places it: its client area ends 4 pixels left of the right edge of the rule panel,
 // and its top is that of the panel's "..." button.
 #pragma once
 

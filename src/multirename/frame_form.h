@@ -111,7 +111,7 @@ class FrameForm {
   // whatever the code.
   bool OnHostEvent(std::intptr_t source, s32 code);
 
-  // False for a command that is none of the frame's: the client window gets it.
+  // False for another command, which the client window gets.
   bool OnCommand(int command);
 
   // The list's context menu, at a position of the screen.

@@ -58,7 +58,7 @@ class PanelForm {
   // A double click on a list with columns, wherever on it.
   void DoubleClick(int control);
 
-  // A posted message. False for one that is none of the panel's.
+  // A posted message. False for another one.
   bool OnMessage(UINT message, WPARAM first, LPARAM second);
 
   // A new command 31000 came while the window is open: takes the rows out of the list. The new ones appear

@@ -89,7 +89,7 @@ void TagDialogForm::FollowMode() {
   view_->SetEnabled(kTagLength, !isComplete);
 }
 
-// The numbers are taken as they stand: a template has no errors.
+// The numbers are not checked: a template has no errors.
 void TagDialogForm::ShowTag() {
   WString tag = W("[?") + chosenName_;
   if (view_->IsChecked(kTagSubString)) {

@@ -71,7 +71,7 @@ void UndoManagerForm::ClickRow(int control, int row) {
   if (const auto index = static_cast<std::size_t>(row); row >= 0 && index < rows_.size()) Show(*rows_[index]);
 }
 
-// The newest stands first.
+// The newest is the first.
 void UndoManagerForm::FillSessions() {
   view_->SetRows(kUndoFiles, {});
   rows_.clear();
