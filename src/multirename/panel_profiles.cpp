@@ -47,8 +47,6 @@ void PanelForm::SaveProfile() {
   const WString prompt = LanguageText(host_, kRenameTextSavePrompt);
   const WString hint = LanguageText(host_, kRenameTextSaveHint);
   std::array<WCHAR, kProfileNameSize> buffer = {};
-  // A host may show what the buffer holds in place of the default text.
-  CopyTerminated(buffer.data(), buffer.size(), WStringView(profileName_));
   if (!host_.AskText(title.c_str(), prompt.c_str(), profileName_.c_str(), hint.c_str(), buffer.data(),
                      kProfileNameSize, view_.Window(), 0)) {
     return;

@@ -560,6 +560,14 @@ TEST_F(PanelRuns, ResetEndsItsWaitWhenTheHostIsClosing) {
   CloseHandle(reinterpret_cast<HANDLE>(host_.event));
 }
 
+TEST_F(PanelRuns, ResetWaitsForAHostThatIsSlow) {
+  Open({W("a.t")});
+  host_.beforeReading = [] { Sleep(400); };  // longer than it waits at a time
+  Select({W("c.t"), W("d.t")});
+  form.Press(1071);
+  EXPECT_EQ(list.rows.size(), 2u);
+}
+
 TEST_F(PanelRuns, ResetClosesItsEvent) {
   Open({W("a.t")});
   form.Press(1071);

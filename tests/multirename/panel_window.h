@@ -113,6 +113,7 @@ class ListedProperties final : public Velmora::SDK::IHostPropertyManager,
     bool isGiven = true;
   };
   std::vector<Property> properties;
+  int lists = 0;  // calls of ListProperties
   int releases = 0;
 
   Velmora::SDK::u32 GetValue(WCHAR*, Velmora::SDK::u32, const WCHAR*, void*, const WCHAR*) override {
@@ -121,6 +122,7 @@ class ListedProperties final : public Velmora::SDK::IHostPropertyManager,
   void ListProperties(Velmora::SDK::IHostPropertyList* list, Velmora::SDK::u32 zero) override {
     EXPECT_EQ(list, this);
     EXPECT_EQ(zero, 0u);
+    ++lists;
   }
   Velmora::SDK::u32 Count() override { return static_cast<Velmora::SDK::u32>(properties.size()); }
   bool At(Velmora::SDK::u32 index, WCHAR* internalName, WCHAR* displayName, Velmora::SDK::u32 size) override {

@@ -153,6 +153,7 @@ TEST(PropertyNames, AreThosePairsThatTheHostGives) {
   EXPECT_EQ(names[0].internalName, W("a"));
   EXPECT_EQ(names[0].displayName, W("A"));
   EXPECT_EQ(names[1].internalName, W("c"));
+  EXPECT_EQ(host.properties.lists, 1);
   EXPECT_EQ(host.properties.releases, 1);
 }
 
