@@ -1,7 +1,5 @@
 #include "multirename/rename_list.h"
 
-#include <algorithm>
-
 namespace Velmora::SDK {
 
 void RenameList::Attach(IHostList& list, IMLRowCallBack& rowInfo) {
@@ -38,8 +36,7 @@ std::vector<MultiRenameItem*> RenameList::CollectRows() const {
   u32 selected = 0;
   list_->GetCounts(&count, &selected);
   std::vector<void*> data(count);
-  const u32 given = list_->GetRows(data.data(), count);
-  data.resize(std::min(given, count));
+  list_->GetRows(data.data(), count);
   rows.reserve(data.size());
   for (void* const item : data) {
     if (item) rows.push_back(static_cast<MultiRenameItem*>(item));

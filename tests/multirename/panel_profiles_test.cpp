@@ -1,6 +1,7 @@
 // The panel's Load / Save box and its "X".
 #include <gmock/gmock.h>
 
+#include "multirename/gate_properties.h"
 #include "multirename/panel_window.h"
 
 namespace Velmora::SDK {
@@ -258,6 +259,28 @@ TEST_F(PanelProfiles, NoToReplacingSelectsTheEmptyChoiceAndSavesNothing) {
   // Only the line is selected: the rules stay.
   EXPECT_EQ(view[1034].text, W("n_one"));
   EXPECT_EQ(form.ProfileName(), W("one"));
+}
+
+TEST_F(PanelProfiles, SavingStopsThePreviewFirst) {
+  GateProperties gate;
+  Open({W("a.t"), W("b.t")});
+  engine_->propertyManager = &gate;
+  Type(1034, W("x[?p][C]"));
+  Deliver();
+  gate.entered.Acquire();  // in the first row
+  gate.isOpen = true;
+  std::thread opener([&] {
+    while (!engine_->worker.IsStopping()) std::this_thread::yield();
+    gate.gate.Release();
+  });
+  bool isBusy = true;
+  host_.beforeDocument = [&] { isBusy = engine_->busy; };
+  Name(W("mine"));
+  Choose(1045, 1);
+  opener.join();
+  EXPECT_FALSE(isBusy);
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
 }
 
 TEST_F(PanelProfiles, AHostWithoutXmlSavesNothingAndTheProfileIsThere) {

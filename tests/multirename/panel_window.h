@@ -140,8 +140,9 @@ class PanelHost final : public RenameHost {
  public:
   Velmora::SDK::RenameContext* context = nullptr;
   ListedProperties properties;
-  bool answers = true;                                           // 32000 is carried out
-  std::function<void()> beforeReading;                           // on the main thread
+  bool answers = true;                  // 32000 is carried out
+  std::function<void()> beforeReading;  // on the main thread
+  std::function<void()> beforeDocument;
   std::vector<Velmora::SDK::u32> posted;                         // commands
   std::optional<WString> fileText;                               // what ReadTextFile reads
   std::vector<std::pair<WString, Velmora::SDK::u32>> readFiles;  // paths and sizes
@@ -153,6 +154,10 @@ class PanelHost final : public RenameHost {
   }
 
   Velmora::SDK::IHostPropertyList* CreatePropertyList() override { return &properties; }
+  Velmora::SDK::IHostXmlDocument* CreateXmlDocument() override {
+    if (beforeDocument) beforeDocument();
+    return RenameHost::CreateXmlDocument();
+  }
   void PostCommand(Velmora::SDK::u32 number, std::intptr_t a, std::intptr_t b) override {
     EXPECT_EQ(a, 0);
     posted.push_back(number);
