@@ -520,6 +520,20 @@ TEST_F(PanelRuns, ResetReadsTheSelectionOfNow) {
   for (const UINT message : Waiting()) EXPECT_NE(message, 33268u);  // at once, not posted
 }
 
+TEST_F(PanelRuns, ResetEndsALoadedSession) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open({W("a.t")});
+  LoadSessionOfRow(0);
+  form.Press(1071);
+  EXPECT_FALSE(form.SessionLoaded());
+  EXPECT_EQ(form.LoadedSession(), nullptr);
+  EXPECT_EQ(frameView.title, W("T000A0063"));
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_TRUE(IsClosed(1040));
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("a.t")));
+}
+
 TEST_F(PanelRuns, TheListIsEmptyWhileTheSelectionIsRead) {
   Open({W("a.t")});
   std::size_t rows = 99;
