@@ -124,10 +124,10 @@ void RenameWorker::Loop() {
   for (;;) {
     WaitForWork();
     if (quit_) break;
-    if (wantPreview_) Preview();
-    if (abort_) continue;
-    if (quit_) break;
-    if (wantRename_) {
+    // Who asked for a run waits for its message, so that is done even if it is to stop before it begins.
+    if (wantPreview_) {
+      Preview();
+    } else if (wantRename_) {
       Rename();
       wantRename_ = false;
     } else if (wantRestore_) {
@@ -143,8 +143,10 @@ void RenameWorker::Loop() {
 // Whatever the host or the memory does, the thread goes on and the window is told.
 void RenameWorker::Preview() {
   const BusyMark busy(engine_.busy);
+  previewCut_ = true;
   try {
     if (!ComputeNames(engine_, abort_)) return;
+    previewCut_ = false;
   } catch (...) {
     engine_.currentItem = nullptr;
   }

@@ -63,6 +63,10 @@ class RenameWorker {
   // There is a thread that has not ended.
   bool IsRunning() const { return HasThread(); }
 
+  // The last preview was stopped, or failed, before its end: rows have names of older rules. While the worker
+  // is idle.
+  bool WasPreviewCut() const { return previewCut_; }
+
   // The current job was asked to stop and has not yet ended.
   bool IsStopping() const { return abort_; }
 
@@ -88,6 +92,7 @@ class RenameWorker {
   MultiRenameEngine& engine_;
   std::atomic<bool> abort_{false};
   std::atomic<bool> quit_{false};
+  std::atomic<bool> previewCut_{false};
   // Set from Start or Wake on until the worker is idle again. Changed, with idleEvent and abort, under the
   // mutex, so that nobody takes a worker for idle that has been woken and not yet begun.
   bool working_ = false;

@@ -1,16 +1,8 @@
 #include "multirename/search_pairs.h"
 
+#include "multirename/trimmed.h"
+
 namespace Velmora::SDK {
-
-namespace {
-
-WStringView TrimmedOf(WStringView text, WStringView characters) {
-  const std::size_t begin = text.find_first_not_of(characters);
-  if (begin == WStringView::npos) return {};
-  return text.substr(begin, text.find_last_not_of(characters) - begin + 1);
-}
-
-}  // namespace
 
 WString PairCell(WStringView value) {
   WString cell(value);
@@ -35,7 +27,7 @@ SearchAndReplaceItems PairRows(const SearchAndReplaceItems& items) {
 SearchAndReplaceItems CollectSearchItems(const SearchAndReplaceItems& rows, bool stripQuotes) {
   const auto collected = [stripQuotes](WStringView cell) {
     cell = cell.substr(0, kMostOfPairCell);
-    return WString(stripQuotes ? TrimmedOf(cell, W("\"")) : cell);
+    return WString(stripQuotes ? Trimmed(cell, W("\"")) : cell);
   };
   SearchAndReplaceItems items;
   items.reserve(rows.size());
@@ -60,9 +52,9 @@ SearchAndReplaceItems ParsePairDialog(WStringView text) {
     const WStringView line = text.substr(0, text.find(W('\n')));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
     const std::size_t bar = line.find(W('|'));
-    const WStringView find = TrimmedOf(line.substr(0, bar), kPairTrim);
+    const WStringView find = Trimmed(line.substr(0, bar), kPairTrim);
     const WStringView replace =
-        bar == WStringView::npos ? WStringView() : TrimmedOf(line.substr(bar + 1), kPairTrim);
+        bar == WStringView::npos ? WStringView() : Trimmed(line.substr(bar + 1), kPairTrim);
     if (!find.empty()) items.emplace_back(find, replace);
   }
   return items;

@@ -9,6 +9,7 @@
 
 #include "frame/services/leading_number.h"
 #include "multirename/multi_rename_undo.h"
+#include "multirename/trimmed.h"
 #include "multirename/undo_date.h"
 
 namespace Velmora::SDK {
@@ -20,12 +21,6 @@ constexpr WStringView kUndoLineEnd = W("\r\n");
 constexpr WStringView kUndoBlanks = W(" \r\t\n");
 constexpr WStringView kInfoSection = W("[INFO]");
 constexpr WStringView kFilesSection = W("[FILES]");
-
-WStringView TrimmedUndoText(WStringView text) {
-  const std::size_t begin = text.find_first_not_of(kUndoBlanks);
-  if (begin == WStringView::npos) return {};
-  return text.substr(begin, text.find_last_not_of(kUndoBlanks) - begin + 1);
-}
 
 // As LeadingNumber reads it, for 64 bits.
 s64 LeadingSeconds(WStringView text) {
@@ -85,8 +80,8 @@ bool TakeUndoLine(WStringView& text, WStringView& line) {
 void ReadUndoInfo(WStringView line, MultiRenameUndo& session) {
   const std::size_t colon = line.find(W(':'));
   if (colon == WStringView::npos) return;
-  const WStringView key = TrimmedUndoText(line.substr(0, colon));
-  const WStringView value = TrimmedUndoText(line.substr(colon + 1));
+  const WStringView key = Trimmed(line.substr(0, colon), kUndoBlanks);
+  const WStringView value = Trimmed(line.substr(colon + 1), kUndoBlanks);
   if (key == W("Date")) session.date = DateOfSeconds(LeadingSeconds(value));
   if (key == W("HaveRestored")) session.haveRestored = LeadingNumber(value) != 0;
 }
@@ -141,7 +136,7 @@ std::unique_ptr<MultiRenameUndo> ReadUndoText(std::span<const std::uint8_t> byte
   WStringView rest = text;
   for (WStringView line; TakeUndoLine(rest, line);) {
     if (line.empty() || line.front() == W(';') || line.front() == W('#')) continue;
-    line = TrimmedUndoText(line);
+    line = Trimmed(line, kUndoBlanks);
     if (line.starts_with(W('['))) {
       if (line == kInfoSection) section = UndoSection::kInfo;
       if (line == kFilesSection) section = UndoSection::kFiles;

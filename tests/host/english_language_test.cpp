@@ -12,6 +12,7 @@
 #include "host/module_registry.h"
 #include "host/system_places.h"
 #include "host/whole_file.h"
+#include "multirename/panel_controls.h"
 
 using namespace Velmora::SDK;
 using QxHost::LanguageTable;
@@ -21,6 +22,19 @@ using testing::IsEmpty;
 namespace {
 
 constexpr std::string_view kFileUtils = "QXUtils";
+constexpr std::string_view kMultiRename = "QXMultiRename";
+
+// No two of the texts have the same access key. Some have none.
+void ExpectDifferentKeys(const std::vector<WString>& texts) {
+  std::set<WCHAR> keys;
+  for (const WString& text : texts) {
+    const std::size_t mark = text.find(W('&'));
+    if (mark == WString::npos) continue;
+    ASSERT_LT(mark + 1, text.size()) << ToUtf8(text);
+    const WCHAR key = text[mark + 1] < W('a') ? static_cast<WCHAR>(text[mark + 1] + 32) : text[mark + 1];
+    EXPECT_TRUE(keys.insert(key).second) << ToUtf8(text);
+  }
+}
 
 class EnglishLanguage : public testing::Test {
  protected:
@@ -129,15 +143,62 @@ TEST_F(EnglishLanguage, TheKeysOfADialogDoNotClash) {
       {First(kTextConfirmReplace), First(kTextConfirmReplaceAll), First(kTextConfirmFindNext),
        First(kTextConfirmSwitch), First(kCommonTextCancel, "common")},
   };
-  for (const std::vector<WString>& texts : dialogs) {
-    std::set<WCHAR> keys;
-    for (const WString& text : texts) {
-      const std::size_t mark = text.find(W('&'));
-      ASSERT_LT(mark + 1, text.size()) << ToUtf8(text);
-      const WCHAR key = text[mark + 1] < W('a') ? static_cast<WCHAR>(text[mark + 1] + 32) : text[mark + 1];
-      EXPECT_TRUE(keys.insert(key).second) << ToUtf8(text);
+  for (const std::vector<WString>& texts : dialogs) ExpectDifferentKeys(texts);
+}
+
+TEST_F(EnglishLanguage, HasTheTextsOfMultiRename) {
+  for (const RenameTextId id : kRenameTexts)
+    EXPECT_NE(First(id, kMultiRename), W("")) << std::hex << "0x" << id;
+  for (const RenameCommonText id : kRenameCommonTexts)
+    EXPECT_NE(First(id, "common"), W("")) << std::hex << "0x" << id;
+  for (const ControlTextRow& tip : kPanelTips) {
+    const LanguageText* const text = table_.Find(kMultiRename, tip.text);
+    EXPECT_TRUE(text && !text->second.empty()) << std::hex << "0x" << tip.text;
+  }
+}
+
+TEST_F(EnglishLanguage, TheFormatsOfMultiRenameHaveWhatIsFilledIn) {
+  for (const auto& [id, conversion, count] :
+       {std::tuple{kRenameTextRows, W("%d"), 1}, std::tuple{kRenameTextSelectedRows, W("%d"), 2},
+        std::tuple{kRenameTextDeleteProfile, W("%s"), 1}}) {
+    WString text = First(id, kMultiRename);
+    EXPECT_EQ(std::ranges::count(text, W('%')), count) << std::hex << id;
+    for (int number = 0; number < count; ++number) {
+      const std::size_t at = text.find(conversion);
+      ASSERT_NE(at, WString::npos) << std::hex << id;
+      text.erase(at, 2);
     }
   }
+}
+
+TEST_F(EnglishLanguage, TheKeysOfMultiRenamesWindowsDoNotClash) {
+  const auto of = [this](std::initializer_list<RenameTextId> ids) {
+    std::vector<WString> texts;
+    for (const RenameTextId id : ids) {
+      texts.push_back(First(id, kMultiRename));
+      EXPECT_NE(texts.back().find(W('&')), WString::npos) << ToUtf8(texts.back());
+    }
+    return texts;
+  };
+  std::vector<WString> panel =
+      of({kRenameTextName, kRenameTextExtension, kRenameTextCase, kRenameTextStartAt, kRenameTextStepBy,
+          kRenameTextDigits, kRenameTextRegex, kRenameTextReplaceAll, kRenameTextCaseSensitive,
+          kRenameTextSaveUndo, kRenameTextLivePreview, kRenameTextReset, kRenameTextUndo, kRenameTextStart,
+          kRenameTextClose});
+  panel.push_back(First(kRenameCommonAdd, "common"));
+  ExpectDifferentKeys(panel);
+  std::vector<WString> tags =
+      of({kRenameTextAddTagProperty, kRenameTextAddTagChosen, kRenameTextAddTagStart, kRenameTextAddTagLength,
+          kRenameTextAddTagComplete, kRenameTextAddTagSubString, kRenameTextAddTagInsert});
+  tags.push_back(First(kRenameCommonCancel, "common"));
+  ExpectDifferentKeys(tags);
+  std::vector<WString> pairs = of({kRenameTextPairsLabel});
+  pairs.push_back(First(kRenameCommonOk, "common"));
+  pairs.push_back(First(kRenameCommonCancel, "common"));
+  ExpectDifferentKeys(pairs);
+  ExpectDifferentKeys(
+      of({kRenameTextUndoSessions, kRenameTextUndoDate, kRenameTextUndoFiles, kRenameTextUndoDelete,
+          kRenameTextUndoDeleteAll, kRenameTextUndoLoad, kRenameTextUndoClose}));
 }
 
 TEST_F(EnglishLanguage, NoMenuTextHasTheSeparatorOfPaths) {

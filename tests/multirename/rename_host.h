@@ -118,7 +118,7 @@ class FakeProperties final : public Velmora::SDK::IHostPropertyManager {
   void ListProperties(Velmora::SDK::IHostPropertyList*, Velmora::SDK::u32) override {}
 };
 
-class RenameHost final : public FakeHost {
+class RenameHost : public FakeHost {
  public:
   WString configFolder;  // empty: the host gives none
   MemoryXmlFiles files;

@@ -5,6 +5,7 @@
 
 #include <thread>
 
+#include "multirename/gate_properties.h"
 #include "multirename/rename_host.h"
 #include "platform/message_window.h"
 #include "support/scratch_folder.h"
@@ -17,24 +18,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr DWORD kPatience = 60000;  // milliseconds that nothing here takes
-
-// Stops the worker at the first property that it asks for, until it is let go.
-class GateProperties final : public IHostPropertyManager {
- public:
-  u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {
-    ++asked;
-    if (isOpen) return 0;
-    entered.Release();
-    gate.Acquire();
-    return 0;
-  }
-  void ListProperties(IHostPropertyList*, u32) override {}
-
-  std::atomic<bool> isOpen{false};
-  std::atomic<int> asked{0};
-  Semaphore entered;
-  Semaphore gate;
-};
 
 class RenameWorkerTest : public testing::Test {
  protected:
@@ -99,6 +82,7 @@ TEST_F(RenameWorkerTest, APreviewComputesAllRowsAndPostsItsTwoMessages) {
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(Names(), ElementsAre(W("x01.t"), W("x02.t"), W("x03.t")));
   EXPECT_THAT(States(), ElementsAre(0u, 0u, 0u));
+  EXPECT_FALSE(engine_->worker.WasPreviewCut());
   EXPECT_FALSE(engine_->busy);
   EXPECT_EQ(Next(0), "none");
 }
@@ -130,6 +114,7 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   stopper.join();
   EXPECT_EQ(gate_.asked, 1);
   EXPECT_THAT(Names(), ElementsAre(W("x01"), W("b"), W("c")));
+  EXPECT_TRUE(engine_->worker.WasPreviewCut());
   EXPECT_FALSE(engine_->busy);
   EXPECT_EQ(Next(0), "none");
 }
@@ -287,6 +272,16 @@ TEST_F(RenameWorkerTest, ARunIsNotStoppedByAStopButWaitedFor) {
   stopper.join();
   EXPECT_EQ(Next(), "33868(2,0)");
   EXPECT_THAT(States(), ElementsAre(6u));
+}
+
+TEST_F(RenameWorkerTest, ARunIsDoneThoughItIsToldToStopBeforeItBegins) {
+  Begin({W("a")});
+  for (int run = 1; run <= 100; ++run) {
+    engine_->worker.WantRename(false);
+    engine_->worker.Wake();
+    ASSERT_TRUE(engine_->worker.StopCurrent());
+    ASSERT_EQ(Next(), "33868(2,0)") << run;
+  }
 }
 
 TEST_F(RenameWorkerTest, AThreadThatHasQuitIsNotStartedAgainAndNobodyWaitsForIt) {

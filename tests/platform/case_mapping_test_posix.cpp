@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/outcome.h"
-#include "platform/windows_api.h"
+#include "platform/text.h"
 
 namespace {
 

@@ -1,0 +1,51 @@
+#include "multirename/rename_list.h"
+
+namespace Velmora::SDK {
+
+void RenameList::Attach(IHostList& list, IMLRowCallBack& rowInfo) {
+  list_ = &list;
+  rowInfo_ = &rowInfo;
+}
+
+void RenameList::Detach() {
+  Empty();
+  list_ = nullptr;
+  rowInfo_ = nullptr;
+}
+
+void RenameList::FillList(SharedItems items) {
+  if (!list_) return;
+  Empty();
+  items_ = std::move(items);
+  list_->SetRowProvider(rowInfo_);
+  if (items_) {
+    for (MultiRenameItem& item : *items_) list_->AddRow(list_->CreateRow(&item));
+  }
+  list_->Refresh();
+}
+
+void RenameList::Empty() {
+  if (list_) list_->Clear();
+  items_.reset();
+}
+
+std::vector<MultiRenameItem*> RenameList::CollectRows() const {
+  std::vector<MultiRenameItem*> rows;
+  if (!list_) return rows;
+  u32 count = 0;
+  u32 selected = 0;
+  list_->GetCounts(&count, &selected);
+  std::vector<void*> data(count);
+  list_->GetRows(data.data(), count);
+  rows.reserve(data.size());
+  for (void* const item : data) {
+    if (item) rows.push_back(static_cast<MultiRenameItem*>(item));
+  }
+  return rows;
+}
+
+void RenameList::Refresh() {
+  if (list_) list_->Refresh();
+}
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,15 @@
+// Texts without the characters at their ends that count for nothing.
+#pragma once
+
+#include "platform/text.h"
+
+namespace Velmora::SDK {
+
+// The text without these characters at both ends, as a part of it.
+inline WStringView Trimmed(WStringView text, WStringView characters) {
+  const std::size_t begin = text.find_first_not_of(characters);
+  if (begin == WStringView::npos) return {};
+  return text.substr(begin, text.find_last_not_of(characters) - begin + 1);
+}
+
+}  // namespace Velmora::SDK

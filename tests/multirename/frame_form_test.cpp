@@ -1,0 +1,210 @@
+// The main frame: its list, its panes, its keys and its menu, and how it asks before it closes.
+#include "multirename/frame_form.h"
+
+#include <gmock/gmock.h>
+
+#include "multirename/panel_window.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FrameFormTest : public PanelTest {
+ protected:
+  FrameFormTest() {
+    host_.texts[0x00330064] = W("%d rows");
+    host_.texts[0x00340064] = W("%d of rows, %d of them selected");
+  }
+
+  void OpenFrame(const std::vector<WString>& names) {
+    Select(names);
+    context_.rows.Set(ReadSelection(host_));
+    frame.Open(&list);
+  }
+};
+
+TEST_F(FrameFormTest, TheTitleIsTheSystemsUntilThePanelReplacesIt) {
+  frame.Open(&list);
+  EXPECT_EQ(frameView.title, W("MultiRename"));
+  form.Open();
+  EXPECT_EQ(frameView.title, W("T000A0063"));
+}
+
+TEST_F(FrameFormTest, TheListsImageSetIsNoted) {
+  EXPECT_EQ(context_.imageSet, 1u);
+  frame.Open(&list);
+  EXPECT_EQ(context_.imageSet, 5u);
+}
+
+TEST_F(FrameFormTest, FillingTheListShowsTheRowsInOrderAndTheirNumber) {
+  OpenFrame({W("b"), W("a")});
+  frame.FillList();
+  EXPECT_THAT(NewNames(), ElementsAre(W("b"), W("a")));
+  EXPECT_THAT(list.calls, ElementsAre("clear", "provider", "refresh"));
+  ASSERT_TRUE(list.provider);
+  WCHAR buffer[10];
+  list.provider->GetCellText(list.rows[1], 2, buffer, 10);
+  EXPECT_EQ(WString(buffer), W("a"));
+  EXPECT_EQ(frameView.panes[0], W("2 rows"));
+}
+
+TEST_F(FrameFormTest, AnEmptySelectionGivesAnEmptyList) {
+  OpenFrame({});
+  frame.FillList();
+  EXPECT_THAT(list.rows, IsEmpty());
+  EXPECT_EQ(frameView.panes[0], W("0 rows"));
+  EXPECT_THAT(frame.List().CollectRows(), IsEmpty());
+}
+
+TEST_F(FrameFormTest, RowsAreCollectedAsTheListShowsThemWithoutThoseOfNobody) {
+  OpenFrame({W("a"), W("b"), W("c")});
+  frame.FillList();
+  void* const first = list.rows[0];
+  list.rows = {list.rows[2], nullptr, first};
+  EXPECT_THAT(frame.List().CollectRows(), ElementsAre(list.rows[0], first));
+}
+
+TEST_F(FrameFormTest, ItemsLiveUntilTheListIsEmptyOrHasOthers) {
+  OpenFrame({W("a")});
+  frame.FillList();
+  const std::weak_ptr<MultiRenameItems> shown = context_.rows.Get();
+  context_.rows.Set(nullptr);
+  EXPECT_FALSE(shown.expired());
+  frame.List().Empty();
+  EXPECT_THAT(list.rows, IsEmpty());
+  EXPECT_TRUE(shown.expired());
+}
+
+TEST_F(FrameFormTest, ClosingEmptiesTheListAndLetsItGo) {
+  OpenFrame({W("a")});
+  frame.FillList();
+  frame.Close();
+  EXPECT_THAT(list.rows, IsEmpty());
+  EXPECT_FALSE(frame.OnHostEvent(77, 52300));
+  EXPECT_TRUE(frame.OnCommand(40001));
+  EXPECT_THAT(list.calls, ElementsAre("clear", "provider", "refresh", "clear"));
+}
+
+TEST_F(FrameFormTest, WithoutAListNothingIsShownAndNothingFails) {
+  Select({W("a")});
+  context_.rows.Set(ReadSelection(host_));
+  frame.Open(nullptr);
+  frame.FillList();
+  frame.List().Refresh();
+  EXPECT_THAT(frame.List().CollectRows(), IsEmpty());
+  EXPECT_FALSE(frame.OnHostEvent(0, 1000));
+  EXPECT_TRUE(frameView.panes.empty());
+}
+
+TEST_F(FrameFormTest, AChangeOfTheSelectionShowsTheCounts) {
+  OpenFrame({W("a"), W("b"), W("c")});
+  frame.FillList();
+  list.selected = {list.rows[0], list.rows[2]};
+  EXPECT_TRUE(frame.OnHostEvent(77, 52300));
+  EXPECT_EQ(frameView.panes[0], W("3 of rows, 2 of them selected"));
+  list.selected.clear();
+  EXPECT_TRUE(frame.OnHostEvent(77, 52300));
+  EXPECT_EQ(frameView.panes[0], W("3 rows"));
+}
+
+TEST_F(FrameFormTest, EventsOfOthersChangeNothing) {
+  OpenFrame({W("a")});
+  frame.FillList();
+  frame.SetPanel(view.Window());
+  frameView.panes.clear();
+  EXPECT_TRUE(frame.OnHostEvent(78, 52300));  // another list
+  EXPECT_TRUE(frame.OnHostEvent(77, 1000));   // not the panel
+  EXPECT_TRUE(frame.OnHostEvent(77, 5));      // another code
+  EXPECT_TRUE(frameView.panes.empty());
+}
+
+TEST_F(FrameFormTest, TheStatusTextGoesToTheSecondPane) {
+  OpenFrame({});
+  frame.SetPanel(view.Window());
+  engine_->status.SetError(W("no expression"));
+  EXPECT_TRUE(frame.OnHostEvent(reinterpret_cast<std::intptr_t>(view.Window()), 1000));
+  EXPECT_EQ(frameView.panes[1], W("no expression"));
+}
+
+TEST_F(FrameFormTest, AltWithFourKeysMovesTheSelectedRows) {
+  ASSERT_EQ(std::size(kFrameMoves), 4u);
+  const std::map<u32, int> commands = {{0x26, 40001}, {0x28, 40002}, {0x24, 40003}, {0x23, 40004}};
+  for (const FrameMove& key : kFrameMoves) EXPECT_EQ(commands.at(key.key), key.command);
+  frame.Open(&list);
+  for (const int command : {40001, 40002, 40003, 40004}) EXPECT_TRUE(frame.OnCommand(command));
+  EXPECT_THAT(list.calls, ElementsAre("up", "down", "top", "bottom"));
+}
+
+TEST_F(FrameFormTest, OtherCommandsAreLeftToTheClientWindow) {
+  frame.Open(&list);
+  for (const int command : {0, 1, 10, 40000, 40005}) EXPECT_FALSE(frame.OnCommand(command)) << command;
+  EXPECT_THAT(list.calls, IsEmpty());
+}
+
+TEST_F(FrameFormTest, TheContextMenuHasFourLinesWithTheirKeys) {
+  frame.Open(&list);
+  frame.ShowContextMenu(nullptr, 3, 4);
+  ASSERT_EQ(frameView.menus.size(), 1u);
+  std::vector<std::pair<int, WString>> lines;
+  for (const MenuLine& line : frameView.menus[0]) lines.emplace_back(line.number, line.text);
+  EXPECT_THAT(
+      lines,
+      ElementsAre(std::pair(10, WString(W("T00640063\tkey"))), std::pair(11, WString(W("T00650063\tkey"))),
+                  std::pair(12, WString(W("T00660063\tkey"))), std::pair(13, WString(W("T00670063\tkey")))));
+  EXPECT_THAT(
+      host_.recorder.CallsOf({"GetKeyText"}),
+      ElementsAre("GetKeyText(64, 38)", "GetKeyText(64, 40)", "GetKeyText(64, 36)", "GetKeyText(64, 35)"));
+  EXPECT_THAT(list.calls, IsEmpty());  // no choice
+}
+
+TEST_F(FrameFormTest, TheContextMenusLinesMoveTheRows) {
+  frame.Open(&list);
+  for (const int line : {10, 11, 12, 13, 99}) {
+    frameView.menuAnswer = line;
+    frame.ShowContextMenu(nullptr, 0, 0);
+  }
+  EXPECT_THAT(list.calls, ElementsAre("up", "down", "top", "bottom"));
+}
+
+TEST_F(FrameFormTest, TheWindowIsLaidOutByTheseNumbers) {
+  EXPECT_EQ(FrameLayout::kWidth, 855);
+  EXPECT_EQ(FrameLayout::kHeight, 410);
+  EXPECT_EQ(FrameLayout::kLeastWidth, 850);
+  EXPECT_EQ(FrameLayout::kLeastHeight, 400);
+  EXPECT_EQ(FrameLayout::kStatusPaneWidth, 650);
+  EXPECT_EQ(FrameLayout::kListWidth, 200);
+  EXPECT_EQ(FrameLayout::kColumnWidth, 200);
+  EXPECT_EQ(FrameLayout::kRowHeight, 16);
+  EXPECT_EQ(FrameLayout::kContainerStyle, 0x56000000u);
+  EXPECT_EQ(FrameLayout::kIcon, 128u);
+  ASSERT_EQ(std::size(kFrameColumns), 2u);
+  EXPECT_EQ(kFrameColumns[0].number, 2u);
+  EXPECT_EQ(kFrameColumns[0].heading, 9830500u);
+  EXPECT_EQ(kFrameColumns[1].number, 3u);
+  EXPECT_EQ(kFrameColumns[1].heading, 9896036u);
+}
+
+TEST_F(FrameFormTest, EscapeAsksBeforeItCloses) {
+  frame.PressEscape();
+  EXPECT_THAT(frameView.posted, ElementsAre(MRM_CONFIRM_CLOSE));
+  EXPECT_THAT(frameView.boxes.shown, IsEmpty());
+  frameView.boxes.answers = {7, IDCANCEL, IDYES};  // No, Cancel, Yes
+  frame.OnMessage(MRM_CONFIRM_CLOSE);
+  frame.OnMessage(MRM_CONFIRM_CLOSE);
+  EXPECT_EQ(frameView.closes, 0);
+  frame.OnMessage(MRM_CONFIRM_CLOSE);
+  EXPECT_EQ(frameView.closes, 1);
+  ASSERT_EQ(frameView.boxes.shown.size(), 3u);
+  EXPECT_EQ(frameView.boxes.shown[0],
+            (RecordedBox{W("Velmora - MultiRename"), W("T000A0064"), MB_YESNOCANCEL}));
+}
+
+TEST_F(FrameFormTest, OtherMessagesAreNoQuestion) {
+  frame.OnMessage(MRM_ROWS_CHANGED);
+  EXPECT_THAT(frameView.boxes.shown, IsEmpty());
+}
+
+}  // namespace
+}  // namespace Velmora::SDK

@@ -1,0 +1,29 @@
+// A property manager that holds the worker up in the middle of a preview.
+#pragma once
+
+#include <atomic>
+
+#include "frame/services/host_properties.h"
+#include "support/semaphore.h"
+
+namespace Velmora::SDK {
+
+// Stops the worker at the first property that it asks for, until it is let go.
+class GateProperties final : public IHostPropertyManager {
+ public:
+  u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {
+    ++asked;
+    if (isOpen) return 0;
+    entered.Release();
+    gate.Acquire();
+    return 0;
+  }
+  void ListProperties(IHostPropertyList*, u32) override {}
+
+  std::atomic<bool> isOpen{false};
+  std::atomic<int> asked{0};
+  Semaphore entered;
+  Semaphore gate;
+};
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,117 @@
+// The panel's Reset File List, and a new selection while the window is open. Runs under thread checks as
+// well.
+#include <gmock/gmock.h>
+
+#include "multirename/gate_properties.h"
+#include "multirename/panel_run_test.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PanelReset : public PanelRunTest {};
+
+TEST_F(PanelReset, ResetReadsTheSelectionOfNow) {
+  Open({W("a.t")});
+  Run(W("x[C]"));
+  EXPECT_TRUE(form.UndoAvailable());
+  Select({W("c.t"), W("d.t")});
+  form.Press(1071);
+  EXPECT_THAT(host_.posted, ElementsAre(32000u));
+  EXPECT_FALSE(form.UndoAvailable());
+  EXPECT_TRUE(IsClosed(1040));
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_EQ(frameView.title, W("T000A0063"));
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
+  EXPECT_EQ(Row(0).oldName, W("c.t"));
+  for (const UINT message : Waiting()) EXPECT_NE(message, 33268u);  // at once, not posted
+}
+
+TEST_F(PanelReset, ResetEndsALoadedSession) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open({W("a.t")});
+  LoadSessionOfRow(0);
+  form.Press(1071);
+  EXPECT_FALSE(form.SessionLoaded());
+  EXPECT_EQ(form.LoadedSession(), nullptr);
+  EXPECT_EQ(frameView.title, W("T000A0063"));
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_TRUE(IsClosed(1040));
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("a.t")));
+}
+
+TEST_F(PanelReset, TheListIsEmptyWhileTheSelectionIsRead) {
+  Open({W("a.t")});
+  std::size_t rows = 99;
+  host_.beforeReading = [&] { rows = list.rows.size(); };
+  form.Press(1071);
+  EXPECT_EQ(rows, 0u);
+  EXPECT_EQ(list.rows.size(), 1u);
+}
+
+TEST_F(PanelReset, ResetInTheMiddleOfAPreviewStopsItFirst) {
+  GateProperties gate;
+  Open({W("a.t"), W("b.t")});
+  engine_->propertyManager = &gate;
+  Type(1034, W("x[?p][C]"));
+  Deliver();
+  gate.entered.Acquire();
+  gate.isOpen = true;
+  std::thread opener([&] {
+    while (!engine_->worker.IsStopping()) std::this_thread::yield();
+    gate.gate.Release();
+  });
+  Select({W("c.t")});
+  form.Press(1071);
+  opener.join();
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("x01.t")));
+}
+
+TEST_F(PanelReset, ResetEndsItsWaitWhenTheHostIsClosing) {
+  Open({W("a.t")});
+  host_.answers = false;
+  std::thread closing([this] { context_.hostClosing = true; });
+  form.Press(1071);
+  closing.join();
+  EXPECT_THAT(list.rows, IsEmpty());
+  // The event was left to the host, which may still set it.
+  ASSERT_TRUE(SetEvent(reinterpret_cast<HANDLE>(host_.event)));
+  CloseHandle(reinterpret_cast<HANDLE>(host_.event));
+}
+
+TEST_F(PanelReset, ResetWaitsForAHostThatIsSlow) {
+  Open({W("a.t")});
+  host_.beforeReading = [] { Sleep(400); };  // longer than it waits at a time
+  Select({W("c.t"), W("d.t")});
+  form.Press(1071);
+  EXPECT_EQ(list.rows.size(), 2u);
+}
+
+TEST_F(PanelReset, ResetClosesItsEvent) {
+  Open({W("a.t")});
+  form.Press(1071);
+  host_.Join();
+  EXPECT_FALSE(SetEvent(reinterpret_cast<HANDLE>(host_.event)));
+}
+
+TEST_F(PanelReset, ANewSelectionEmptiesTheListUntilReset) {
+  Open({W("a.t")});
+  Select({W("c.t")});
+  form.OnNewSelection();
+  context_.rows.Set(ReadSelection(host_));
+  EXPECT_THAT(list.rows, IsEmpty());
+  Type(1034, W("x"));
+  Settle();
+  EXPECT_THAT(list.rows, IsEmpty());
+  form.Press(1071);
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
+}
+
+}  // namespace
+}  // namespace Velmora::SDK

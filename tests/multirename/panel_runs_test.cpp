@@ -1,0 +1,346 @@
+// The panel and the worker: previews and Start, and what happens when rules change, runs go on and the window
+// closes at the same time. Runs under thread checks as well.
+#include <gmock/gmock.h>
+
+#include "multirename/bare_file_item.h"
+#include "multirename/gate_properties.h"
+#include "multirename/panel_run_test.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ThrowingItem final : public BareFileItem {
+ public:
+  void GetTagText(WCHAR*, u32) override { throw std::runtime_error("the host fails"); }
+};
+
+class PanelRuns : public PanelRunTest {};
+
+TEST_F(PanelRuns, ManyChangesArePreviewedToTheLast) {
+  Open({W("a.t"), W("b.t")});
+  for (int key = 0; key < 50; ++key) Type(1034, FromUtf8("k" + std::to_string(key) + "[C]"));
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("k4901.t"), W("k4902.t")));
+}
+
+TEST_F(PanelRuns, WithoutLivePreviewAChangeComputesNothing) {
+  Open({W("a.t")});
+  Check(1004, false);
+  Type(1034, W("x"));
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("a.t")));
+  Check(1004, true);
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
+}
+
+TEST_F(PanelRuns, ABadExpressionLeavesThePreviewAndShowsItsMessage) {
+  Open({W("a.t")});
+  Type(1034, W("x"));
+  Settle();
+  view[1020].text = W("(");
+  form.Press(1119);
+  Settle();
+  EXPECT_EQ(frameView.panes[1], W(""));
+  Type(1034, W("y"));
+  Check(1039, true);
+  EXPECT_NE(frameView.panes[1], W(""));
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
+  Check(1039, false);
+  EXPECT_EQ(frameView.panes[1], W(""));
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("y.t")));
+}
+
+TEST_F(PanelRuns, CountersFollowTheRowsOfTheScreenAtTheNextChange) {
+  Open({W("a.t"), W("b.t")});
+  Type(1034, W("[C]"));
+  Settle();
+  std::swap(list.rows[0], list.rows[1]);
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("02.t"), W("01.t")));  // moving alone previews nothing
+  Type(1034, W("x[C]"));
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
+}
+
+TEST_F(PanelRuns, ComputedRowsRefreshTheListAndAFinishedPreviewDoesNothing) {
+  Open({W("a.t")});
+  list.calls.clear();
+  EXPECT_TRUE(form.OnMessage(33768, 0, 0));
+  EXPECT_THAT(list.calls, ElementsAre("refresh"));
+  frameView.panes.clear();
+  view[1003].isEnabled = false;
+  EXPECT_TRUE(form.OnMessage(33868, 1, 0));
+  EXPECT_THAT(list.calls, ElementsAre("refresh"));
+  EXPECT_TRUE(frameView.panes.empty());
+  EXPECT_TRUE(IsClosed(1003));
+  EXPECT_FALSE(form.UndoAvailable());
+}
+
+TEST_F(PanelRuns, WithoutAListTheMessagesOfTheWorkerDoNothing) {
+  frame.Close();
+  EXPECT_TRUE(form.OnMessage(33768, 0, 0));
+  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
+  EXPECT_THAT(list.calls, IsEmpty());
+}
+
+// Start.
+
+TEST_F(PanelRuns, StartRenamesAndDisablesTheControlsUntilItsEnd) {
+  Open({W("a.t"), W("b.t")});
+  Type(1034, W("x[C]"));
+  Settle();
+  RunGate gate(host_);
+  form.Press(1003);
+  gate.inRun.Acquire();
+  for (const int control : {1003, 1034, 1041, 1049, 1071, 1040}) EXPECT_TRUE(IsClosed(control)) << control;
+  gate.go.Release();
+  Settle();
+  EXPECT_THAT(States(), ElementsAre(6u, 6u));
+  EXPECT_TRUE(form.UndoAvailable());
+  for (const int control : {1003, 1034, 1041, 1049, 1071, 1040}) EXPECT_FALSE(IsClosed(control)) << control;
+  EXPECT_EQ(frameView.panes[1], W("2 Renamed"));
+  EXPECT_EQ(list.calls.back(), "refresh");
+  EXPECT_EQ(UndoFiles().size(), 1u);
+}
+
+TEST_F(PanelRuns, SaveUndoInformationDecidesOfTheFile) {
+  Open({W("a.t")});
+  view[1043].isChecked = false;
+  Run(W("x"));
+  EXPECT_THAT(UndoFiles(), IsEmpty());
+  EXPECT_TRUE(form.UndoAvailable());
+}
+
+TEST_F(PanelRuns, StartWithoutLivePreviewPreviewsFirst) {
+  Open({W("a.t")});
+  Check(1004, false);
+  Run(W("x"));
+  ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
+  EXPECT_EQ(host_.renames.itemRenames[0].to, W("x.t"));
+}
+
+TEST_F(PanelRuns, StartWithLivePreviewTakesTheNamesOfTheLastPreview) {
+  Open({W("a.t")});
+  view[1034].text = W("x");  // not yet reported
+  form.Press(1003);
+  Settle();
+  ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
+  EXPECT_EQ(host_.renames.itemRenames[0].to, W("a.t"));
+}
+
+TEST_F(PanelRuns, StartInTheMiddleOfAPreviewEndsItFirstSoThatNoRowKeepsAnOlderName) {
+  GateProperties gate;
+  Open({W("a.t"), W("b.t")});
+  engine_->propertyManager = &gate;
+  Type(1034, W("x[?p][C]"));
+  Deliver();
+  gate.entered.Acquire();  // in the first row
+  gate.isOpen = true;
+  std::thread opener([&] {
+    while (!engine_->worker.IsStopping()) std::this_thread::yield();
+    gate.gate.Release();
+  });
+  form.Press(1003);
+  opener.join();
+  Settle();
+  ASSERT_EQ(host_.renames.itemRenames.size(), 2u);
+  EXPECT_EQ(host_.renames.itemRenames[0].to, W("x01.t"));
+  EXPECT_EQ(host_.renames.itemRenames[1].to, W("x02.t"));
+}
+
+TEST_F(PanelRuns, APreviewThatFailsInTheHostKeepsTheStartFromRenaming) {
+  Open({W("a.t"), W("b.t")});
+  ThrowingItem item;
+  Row(1).hostItem = &item;
+  Type(1034, W("x[F]"));
+  Settle();
+  form.Press(1003);
+  Settle();
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+  EXPECT_FALSE(IsClosed(1003));
+}
+
+TEST_F(PanelRuns, ARowInTheWayBlocksTheStart) {
+  Open({W("a.t"), W("b.t")});
+  Type(1034, W("same"));
+  Settle();
+  EXPECT_THAT(States(), ElementsAre(1u, 1u));
+  view.boxes.answers = {IDOK};
+  form.Press(1003);
+  EXPECT_THAT(view.boxes.shown,
+              ElementsAre(RecordedBox{W("T000A0063"), W("T02580064"), MB_OK | MB_ICONERROR}));
+  Settle();
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+  EXPECT_THAT(States(), ElementsAre(1u, 1u));
+  EXPECT_FALSE(IsClosed(1003));
+}
+
+TEST_F(PanelRuns, EachOfTheStates1To4BlocksAndNoOther) {
+  Open({W("a.t")});
+  for (const u32 state : {1u, 2u, 3u, 4u}) {
+    Row(0).state = state;
+    view.boxes.answers = {IDOK};
+    form.Press(1003);
+    EXPECT_EQ(view.boxes.answers.size(), 0u) << state;
+  }
+  EXPECT_EQ(view.boxes.shown.size(), 4u);
+  for (const u32 state : {0u, 5u, 6u}) {
+    Row(0).state = state;
+    form.Press(1003);
+    Settle();
+  }
+  EXPECT_EQ(host_.renames.itemRenames.size(), 3u);
+}
+
+TEST_F(PanelRuns, AFailedRowBlocksTheNextStartUntilAPreviewHasResetIt) {
+  Open({W("a.t"), W("b.t")});
+  host_.renames.codes = {{W("x01.t"), 5}};
+  Run(W("x[C]"));
+  EXPECT_THAT(States(), ElementsAre(3u, 6u));
+  EXPECT_EQ(frameView.panes[1], W("1 Renamed, 1 Failed"));
+  view.boxes.answers = {IDOK};
+  form.Press(1003);
+  EXPECT_EQ(view.boxes.shown.size(), 1u);
+  EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
+  Run(W("y[C]"));
+  EXPECT_EQ(host_.renames.itemRenames.size(), 4u);
+}
+
+TEST_F(PanelRuns, WithoutLivePreviewStartResetsAFailedRow) {
+  Open({W("a.t")});
+  Check(1004, false);
+  host_.renames.codes = {{W("x.t"), 5}};
+  Run(W("x"));
+  EXPECT_THAT(States(), ElementsAre(3u));
+  form.Press(1003);
+  Settle();
+  EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
+}
+
+TEST_F(PanelRuns, ABlockedStartTakesUndoAwayAndLeavesItsButton) {
+  Open({W("a.t")});
+  Run(W("x"));
+  Type(1034, W("?"));
+  Settle();
+  view.boxes.answers = {IDOK};
+  form.Press(1003);
+  EXPECT_FALSE(form.UndoAvailable());
+  EXPECT_FALSE(IsClosed(1040));
+}
+
+TEST_F(PanelRuns, ABadExpressionAtStartRenamesNothingAndLeavesThePreview) {
+  Open({W("a.t")});
+  Type(1034, W("x"));
+  view[1020].text = W("(");
+  form.Press(1119);
+  Settle();
+  view[1039].isChecked = true;  // not yet reported
+  form.Press(1003);
+  EXPECT_NE(frameView.panes[1], W(""));
+  Settle();
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+  EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
+  EXPECT_FALSE(IsClosed(1003));
+}
+
+TEST_F(PanelRuns, AnEmptyListIsRenamedWithoutAnErrorAndFinishes) {
+  Open();
+  form.Press(1003);
+  Settle();
+  EXPECT_THAT(view.boxes.shown, IsEmpty());
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_THAT(UndoFiles(), IsEmpty());
+}
+
+TEST_F(PanelRuns, WhenAllRenamesFailUndoIsAvailableAllTheSame) {
+  Open({W("a.t")});
+  host_.renames.codes = {{W("x.t"), 5}};
+  Run(W("x"));
+  EXPECT_TRUE(form.UndoAvailable());
+  EXPECT_THAT(UndoFiles(), IsEmpty());
+  EXPECT_EQ(frameView.panes[1], W("1 Failed"));
+}
+
+TEST_F(PanelRuns, AWorkerThatHasEndedLeavesTheControlsEnabled) {
+  Open({W("a.t")});
+  engine_->worker.Quit();
+  ASSERT_TRUE(engine_->worker.WaitForEnd(INFINITE));
+  form.Press(1003);
+  form.Press(1040);
+  Settle();
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_FALSE(IsClosed(1041));
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+}
+
+// Threads.
+
+TEST_F(PanelRuns, RulesChangeAndRowsArePaintedWhileTheWorkerComputes) {
+  std::vector<WString> names;
+  for (int number = 0; number < 300; ++number)
+    names.push_back(FromUtf8("name" + std::to_string(number) + ".t"));
+  Open(names);
+  const auto paint = [this] {
+    WCHAR buffer[80];
+    for (void* const row : list.rows) {
+      list.provider->GetCellText(row, 3, buffer, 80);
+      const s32 colour = list.provider->GetTextColor(row, 3);
+      const u32 style = list.provider->GetCellStyle(row, 3);
+      if ((colour != -1 && colour != 0x1621BB) || (style != 0x1000000 && style != 0x1300000)) ADD_FAILURE();
+    }
+  };
+  for (int round = 0; round < 30; ++round) {
+    Type(1034, FromUtf8("round" + std::to_string(round) + "[N]"));
+    Deliver();
+    paint();
+    if (round % 10 == 5) {
+      form.Press(1071);
+      paint();
+    }
+    if (round % 7 == 3) Check(1039, round % 2 == 0);
+  }
+  Settle();
+  paint();
+  EXPECT_EQ(NewNames()[7], W("round29name7.t"));
+}
+
+TEST_F(PanelRuns, RunsAndUndosFollowOneAnotherWhileRulesChange) {
+  Open({W("a.t"), W("b.t"), W("c.t")});
+  for (int round = 0; round < 10; ++round) {
+    Type(1034, FromUtf8("r" + std::to_string(round) + "[C]"));
+    Settle();
+    form.Press(1003);
+    view[1020].text = W("zzz");
+    form.Press(1119);  // can be pressed during a run
+    Settle();
+    form.Press(1040);
+    Settle();
+  }
+  EXPECT_EQ(host_.renames.itemRenames.size(), 30u);
+  EXPECT_EQ(host_.renames.pathRenames.size(), 30u);
+}
+
+TEST_F(PanelRuns, TheWindowClosesInTheMiddleOfARun) {
+  Open({W("a.t")});
+  Type(1034, W("x"));
+  Settle();
+  RunGate gate(host_);
+  form.Press(1003);
+  gate.inRun.Acquire();
+  engine_->worker.Quit();
+  frame.Close();  // rows stay alive in the engine
+  context_.rows.Set(nullptr);
+  gate.go.Release();
+  EXPECT_TRUE(engine_->worker.WaitForEnd(INFINITE));
+  EXPECT_EQ(UndoFiles().size(), 1u);
+  EXPECT_EQ(engine_->items[0]->state, 6u);
+}
+
+}  // namespace
+}  // namespace Velmora::SDK

@@ -1,0 +1,190 @@
+// The panel's Undo, and undo sessions that are loaded from the manager. Runs under thread checks as well.
+#include <gmock/gmock.h>
+
+#include "multirename/panel_run_test.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PanelUndo : public PanelRunTest {};
+
+TEST_F(PanelUndo, UndoGivesTheRowsTheirOldNames) {
+  Open({W("a.t"), W("b.t")});
+  Run(W("x[C]"));
+  RunGate gate(host_);
+  form.Press(1040);
+  gate.inRun.Acquire();
+  EXPECT_TRUE(IsClosed(1003));
+  EXPECT_TRUE(IsClosed(1040));
+  gate.go.Release();
+  Settle();
+  ASSERT_EQ(host_.renames.pathRenames.size(), 2u);
+  EXPECT_EQ(host_.renames.pathRenames[0].from, W("C:\\view\\x01.t"));
+  EXPECT_EQ(host_.renames.pathRenames[0].to, W("a.t"));
+  EXPECT_EQ(frameView.panes[1], W("2 Restored"));
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_FALSE(IsClosed(1040));
+  EXPECT_THAT(States(), ElementsAre(6u, 6u));  // a restore changes no row
+}
+
+TEST_F(PanelUndo, UndoTakesAllRowsInTheOrderOfTheScreenAlsoTheFailedOnes) {
+  Open({W("a.t"), W("b.t")});
+  host_.renames.codes = {{W("x01.t"), 5}, {W("a.t"), 2}};
+  Run(W("x[C]"));
+  std::swap(list.rows[0], list.rows[1]);
+  form.Press(1040);
+  Settle();
+  ASSERT_EQ(host_.renames.pathRenames.size(), 2u);
+  EXPECT_EQ(host_.renames.pathRenames[0].to, W("b.t"));
+  EXPECT_EQ(host_.renames.pathRenames[1].to, W("a.t"));
+  EXPECT_EQ(frameView.panes[1], W("1 Restored, 1 Failed"));
+}
+
+TEST_F(PanelUndo, UndoOfAnEmptyListDoesNothingAndReportsNoError) {
+  Open();
+  form.Press(1040);
+  Settle();
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+  EXPECT_THAT(view.boxes.shown, IsEmpty());
+  EXPECT_FALSE(IsClosed(1003));
+}
+
+TEST_F(PanelUndo, ARestoreOfNothingStillEnablesTheControls) {
+  Open();
+  form.EnableControls(false);
+  EXPECT_TRUE(form.OnMessage(33868, 3, 1));
+  EXPECT_FALSE(IsClosed(1003));
+}
+
+// Undo sessions.
+
+TEST_F(PanelUndo, ALoadedSessionIsInTheListAndOnlyUndoManagerAndCloseCanBeUsed) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}, {W("C:\\g"), W("m.t"), W("p.t")}});
+  Open({W("a.t")});
+  LoadSessionOfRow(0);
+  EXPECT_THAT(view.dialogs, ElementsAre(106));
+  ASSERT_EQ(list.rows.size(), 2u);
+  EXPECT_EQ(Row(0).folderPath, W("C:\\f"));
+  EXPECT_EQ(Row(0).oldName, W("o.t"));
+  EXPECT_THAT(NewNames(), ElementsAre(W("n.t"), W("m.t")));
+  EXPECT_THAT(States(), ElementsAre(6u, 6u));
+  EXPECT_TRUE(form.UndoAvailable());
+  EXPECT_TRUE(form.SessionLoaded());
+  ASSERT_TRUE(form.LoadedSession());
+  EXPECT_EQ(frameView.title, W("T000A0063 - T00140064") + DateText(*form.LoadedSession()));
+  for (const int control : {1034, 1035, 1046, 1047, 1036, 1045, 1044, 1031, 1032, 1033, 1118, 1003, 1043,
+                            1004, 1037, 1038, 1070, 1039, 1071}) {
+    EXPECT_TRUE(IsClosed(control)) << control;
+  }
+  for (const int control : {1040, 1049, 1041, 1020, 1001, 1119, 1117})
+    EXPECT_FALSE(IsClosed(control)) << control;
+}
+
+TEST_F(PanelUndo, ARestoredSessionIsMarkedAndWrittenUnderTheSameName) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  const std::vector<WString> files = UndoFiles();
+  Open();
+  LoadSessionOfRow(0);
+  form.Press(1040);
+  Settle();
+  EXPECT_TRUE(form.LoadedSession()->haveRestored);
+  EXPECT_EQ(UndoFiles(), files);
+  ASSERT_EQ(host_.renames.pathRenames.size(), 1u);
+  EXPECT_EQ(host_.renames.pathRenames[0].from, W("C:\\f\\n.t"));
+  MultiRenameUndoStore store(&host_);
+  store.Load();
+  ASSERT_EQ(store.sessions.size(), 1u);
+  EXPECT_TRUE(store.sessions[0]->haveRestored);
+  EXPECT_FALSE(IsClosed(1040));
+  EXPECT_TRUE(IsClosed(1003));
+}
+
+TEST_F(PanelUndo, RestoringASessionTwicePassesTheRenamesASecondTime) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open();
+  LoadSessionOfRow(0);
+  form.Press(1040);
+  Settle();
+  host_.renames.codes = {{W("o.t"), 2}};
+  form.Press(1040);
+  Settle();
+  EXPECT_EQ(host_.renames.pathRenames.size(), 2u);
+  EXPECT_EQ(frameView.panes[1], W("1 Failed"));
+}
+
+TEST_F(PanelUndo, ADeletedSessionIsNotWrittenAgainAfterItsRestore) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open();
+  LoadSessionOfRow(0);
+  view.user = [](DialogForm& dialogForm, DialogWindow& dialog) {
+    dialog.boxes.answers = {IDYES};
+    dialogForm.Press(1047);
+    dialogForm.Press(2);
+  };
+  form.Press(1049);
+  EXPECT_EQ(form.LoadedSession(), nullptr);
+  EXPECT_TRUE(form.SessionLoaded());
+  form.Press(1040);
+  Settle();
+  EXPECT_EQ(host_.renames.pathRenames.size(), 1u);
+  EXPECT_THAT(UndoFiles(), IsEmpty());
+}
+
+TEST_F(PanelUndo, TheManagerOpensWithTheLoadedSessionChosen) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  KeepSession(9, {{W("C:\\g"), W("m.t"), W("p.t")}});
+  Open();
+  LoadSessionOfRow(1);
+  int selected = -1;
+  view.user = [&selected](DialogForm& dialogForm, DialogWindow& dialog) {
+    selected = dialog[1053].selectedRow;
+    dialogForm.Press(2);
+  };
+  form.Press(1049);
+  EXPECT_EQ(selected, 1);
+}
+
+TEST_F(PanelUndo, CloseAndLoadWithoutAChosenSessionChangeNothing) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open({W("a.t")});
+  view.user = [](DialogForm& dialogForm, DialogWindow&) {
+    dialogForm.ClickRow(1053, 0);
+    dialogForm.Press(2);
+  };
+  form.Press(1049);
+  view.user = [](DialogForm& dialogForm, DialogWindow&) { dialogForm.Press(1); };
+  form.Press(1049);
+  EXPECT_FALSE(form.SessionLoaded());
+  EXPECT_FALSE(form.UndoAvailable());
+  EXPECT_THAT(NewNames(), ElementsAre(W("a.t")));
+  EXPECT_EQ(frameView.title, W("T000A0063"));
+}
+
+TEST_F(PanelUndo, ASessionOfThisWindowJoinsTheStoreThatWasRead) {
+  Open({W("a.t")});
+  view.user = [](DialogForm& dialogForm, DialogWindow&) { dialogForm.Press(2); };
+  form.Press(1049);
+  view[1043].isChecked = false;
+  Run(W("x"));
+  LoadSessionOfRow(0);
+  EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
+  EXPECT_TRUE(form.SessionLoaded());
+}
+
+TEST_F(PanelUndo, APairAddedToALoadedSessionLeavesTheNamesThatUndoNeeds) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open();
+  LoadSessionOfRow(0);
+  view[1020].text = W("o");
+  form.Press(1119);
+  Settle();
+  EXPECT_EQ(view[1118].rows.size(), 1u);
+  EXPECT_THAT(NewNames(), ElementsAre(W("n.t")));
+  EXPECT_THAT(States(), ElementsAre(6u));
+}
+
+}  // namespace
+}  // namespace Velmora::SDK

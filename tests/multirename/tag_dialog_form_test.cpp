@@ -1,0 +1,168 @@
+// The dialog of property tags.
+#include "multirename/tag_dialog_form.h"
+
+#include <gmock/gmock.h>
+
+#include "multirename/panel_window.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class TagDialog : public testing::Test {
+ protected:
+  void Choose(int line) {
+    dialog_[1048].selectedLine = line;
+    form_.Change(1048);
+  }
+  void Mark(int control) {
+    dialog_[1012].isChecked = control == 1012;
+    dialog_[1013].isChecked = control == 1013;
+    form_.Press(control);
+  }
+  void Type(int control, const WString& text) {
+    dialog_[control].text = text;
+    form_.Change(control);
+  }
+
+  FakeHost host_;
+  const std::vector<PropertyName> names_ = {{W("size"), W("Size of the file")},
+                                            {W("modified"), W("Changed on")}};
+  DialogWindow dialog_;
+  TagDialogForm form_{host_, names_};
+};
+
+TEST_F(TagDialog, HasItsTexts) {
+  form_.Open(dialog_);
+  const std::map<int, WString> texts = {
+      {0, W("T028A0064")},    {1120, W("T028E0064")}, {1051, W("T028F0064")},
+      {1121, W("T02920064")}, {1122, W("T02930064")}, {1012, W("T02900064")},
+      {1013, W("T02910064")}, {1, W("T02940064")},    {2, W("M0:00030067")}};
+  for (const auto& [control, text] : texts) EXPECT_EQ(dialog_[control].text, text) << control;
+}
+
+TEST_F(TagDialog, OffersThePropertiesAsTheyAreDisplayed) {
+  form_.Open(dialog_);
+  EXPECT_THAT(dialog_[1048].lines, ElementsAre(W("Size of the file"), W("Changed on")));
+  EXPECT_EQ(dialog_[1048].selectedLine, -1);
+}
+
+TEST_F(TagDialog, BeginsWithTheWholeValueAndNoNumbers) {
+  form_.Open(dialog_);
+  EXPECT_TRUE(dialog_[1012].isChecked);
+  EXPECT_FALSE(dialog_[1013].isChecked);
+  EXPECT_FALSE(dialog_.IsEnabled(1002));
+  EXPECT_FALSE(dialog_.IsEnabled(1003));
+}
+
+TEST_F(TagDialog, AChosenLineShowsItsNameAndMakesItsTag) {
+  form_.Open(dialog_);
+  Choose(1);
+  EXPECT_EQ(dialog_[1050].text, W("Changed on"));
+  EXPECT_EQ(dialog_[1049].text, W("[?modified]"));
+  Choose(0);
+  EXPECT_EQ(dialog_[1050].text, W("Size of the file"));
+  EXPECT_EQ(dialog_[1049].text, W("[?size]"));
+}
+
+TEST_F(TagDialog, NoLineChangesNothing) {
+  form_.Open(dialog_);
+  Choose(1);
+  Choose(-1);
+  Choose(2);
+  EXPECT_EQ(dialog_[1049].text, W("[?modified]"));
+}
+
+TEST_F(TagDialog, ThePartOfAValueHasStartAndLengthWhereTheyAreGiven) {
+  form_.Open(dialog_);
+  Choose(0);
+  Mark(1013);
+  EXPECT_TRUE(dialog_.IsEnabled(1002));
+  EXPECT_TRUE(dialog_.IsEnabled(1003));
+  EXPECT_EQ(dialog_[1049].text, W("[?size]"));
+  Type(1002, W("3"));
+  EXPECT_EQ(dialog_[1049].text, W("[?size,3]"));
+  Type(1003, W("4"));
+  EXPECT_EQ(dialog_[1049].text, W("[?size,3,4]"));
+  Type(1002, W(""));
+  EXPECT_EQ(dialog_[1049].text, W("[?size,4]"));
+}
+
+TEST_F(TagDialog, TheFieldsAreTakenAsTextUnchecked) {
+  form_.Open(dialog_);
+  Mark(1013);
+  Type(1002, W("x]"));
+  Type(1003, W(" -"));
+  EXPECT_EQ(dialog_[1049].text, W("[?,x], -]"));
+}
+
+TEST_F(TagDialog, TheWholeValueLeavesTheNumbersOutAndKeepsThem) {
+  form_.Open(dialog_);
+  Choose(0);
+  Mark(1013);
+  Type(1002, W("3"));
+  Mark(1012);
+  EXPECT_EQ(dialog_[1049].text, W("[?size]"));
+  EXPECT_FALSE(dialog_.IsEnabled(1002));
+  Mark(1013);
+  EXPECT_EQ(dialog_[1049].text, W("[?size,3]"));
+}
+
+TEST_F(TagDialog, InsertTakesTheTextAsItWasEdited) {
+  form_.Open(dialog_);
+  Choose(0);
+  Type(1049, W(" \t[?size,{n8}]\r\n "));
+  form_.Press(1);
+  EXPECT_EQ(dialog_.result, 1);
+  EXPECT_EQ(form_.Tag(), W("[?size,{n8}]"));
+}
+
+TEST_F(TagDialog, InsertWithNoPropertyChosenGivesAnEmptyName) {
+  form_.Open(dialog_);
+  form_.Press(1);
+  EXPECT_EQ(form_.Tag(), W("[?]"));
+}
+
+TEST_F(TagDialog, InsertReads1024Characters) {
+  form_.Open(dialog_);
+  dialog_[1049].text = WString(1023, W('a')) + W("bc");
+  form_.Press(1);
+  EXPECT_EQ(form_.Tag(), WString(1023, W('a')) + W("b"));
+}
+
+TEST_F(TagDialog, CancelEndsWithTwo) {
+  form_.Open(dialog_);
+  form_.Press(2);
+  EXPECT_EQ(dialog_.result, 2);
+}
+
+TEST_F(TagDialog, WorksWithControlsThatReportWhatTheFormSets) {
+  dialog_.echo = [this](int control) { form_.Change(control); };
+  form_.Open(dialog_);
+  Choose(1);
+  EXPECT_EQ(dialog_[1049].text, W("[?modified]"));
+}
+
+TEST(PropertyNames, AreThosePairsThatTheHostGives) {
+  PanelHost host;
+  host.properties.properties = {{W("a"), W("A")}, {W("b"), W("B"), false}, {W("c"), W("C")}};
+  const std::vector<PropertyName> names = ListPropertyNames(host, &host.properties);
+  ASSERT_EQ(names.size(), 2u);
+  EXPECT_EQ(names[0].internalName, W("a"));
+  EXPECT_EQ(names[0].displayName, W("A"));
+  EXPECT_EQ(names[1].internalName, W("c"));
+  EXPECT_EQ(host.properties.lists, 1);
+  EXPECT_EQ(host.properties.releases, 1);
+}
+
+TEST(PropertyNames, AreNoneWithoutAManagerOrAList) {
+  PanelHost host;
+  EXPECT_THAT(ListPropertyNames(host, nullptr), IsEmpty());
+  FakeHost without;
+  EXPECT_THAT(ListPropertyNames(without, &host.properties), IsEmpty());
+}
+
+}  // namespace
+}  // namespace Velmora::SDK
