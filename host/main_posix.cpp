@@ -3,8 +3,8 @@
 #include "host/run_qxhost.h"
 
 int main(int argc, char** argv) {
-  // One heap for all threads, which grows in large steps and keeps what it has: threads of a run work one at a
-  // time, and what a million rows take is not given back to the system bit by bit.
+  // One heap for all threads, which grows in large steps and keeps what it has: threads of a run work one at
+  // a time, and what a million rows take is not given back to the system bit by bit.
   constexpr int kHeapStep = 4 << 20;
   constexpr int kWholeHeap = 1 << 30;
   constexpr int kLargestOfHeap = 32 << 20;

@@ -74,8 +74,9 @@ def engine(perl_rows):
             beside = perl_rows.get((kind, count))
             ratio = f"   {cost / beside:5.3f} of it" if beside else ""
             print(f"  {kind:<12} {count:>8} rows {cost:9.1f} ns {size:8.1f} bytes{ratio}")
-    middle, worst = preview_rows(ENGINE_COUNTS[-1], "stop")
+    middle, worst, worked, most = preview_rows(ENGINE_COUNTS[-1], "stop")
     print(f"  a preview of {ENGINE_COUNTS[-1]} rows is asked to stop: idle after {middle} us (the middle of 200), {worst} us (the worst)")
+    print(f"    of which the processor worked {worked} us, {most} us")
 
 
 def preview_rows(count, kind):

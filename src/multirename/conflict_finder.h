@@ -24,7 +24,7 @@ class ConflictFinder {
 
  private:
   std::vector<std::uint8_t> states_;  // of ItemState, by row
-  WString first_;           // the new name of the first row
+  WString first_;                     // the new name of the first row
   bool isFirstDuplicate_ = false;
 };
 
