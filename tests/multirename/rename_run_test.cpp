@@ -1,5 +1,5 @@
-// The two runs over a host, without the worker's thread: what they count, what they leave at the rows, and the
-// session that remains.
+// The two runs over a host, without the worker's thread: what they count, what they leave at the rows, and
+// the session that remains.
 #include <gmock/gmock.h>
 
 #include "multirename/moments.h"
@@ -135,9 +135,9 @@ TEST_F(RenameRunTest, TheDateOfASessionIsTheLocalTimeAfterItsRenamesAndItsFileIs
   EXPECT_GE(MomentText(date), MomentText(inRun));
   EXPECT_LE(MomentText(date), MomentText(after));
   const std::string moment = MomentText(date);
-  EXPECT_THAT(UndoFiles(), ElementsAre(FromUtf8("MultiRenameUndoData-" + moment.substr(0, 4) + "-" +
-                                                moment.substr(4, 2) + "-" + moment.substr(6, 2) + "-" +
-                                                moment.substr(9, 6) + ".dat")));
+  EXPECT_THAT(UndoFiles(),
+              ElementsAre(FromUtf8("MultiRenameUndoData-" + moment.substr(0, 4) + "-" + moment.substr(4, 2) +
+                                   "-" + moment.substr(6, 2) + "-" + moment.substr(9, 6) + ".dat")));
 }
 
 // The name of the file is by the second, so that the later run replaces the file of the earlier one.
