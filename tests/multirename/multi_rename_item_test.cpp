@@ -64,6 +64,7 @@ TEST(MultiRenameItemTest, RowsOfASessionAreRenamedOnesWithoutAHostItem) {
   const SharedItems rows = LoadSession(session);
   ASSERT_EQ(rows->size(), 2u);
   const MultiRenameItem& row = rows->front();
+  EXPECT_NE(row.tag, 0xDEAD7654u);
   EXPECT_EQ(row.folderPath, W("C:\\x"));
   EXPECT_EQ(row.oldName, W("old.txt"));
   EXPECT_EQ(row.newName, W("new.txt"));
