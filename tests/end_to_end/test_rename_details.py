@@ -87,18 +87,15 @@ class Profiles(RenameTest):
 
 
 class Order(RenameTest):
-    CHAIN = ["--find", "img", "--replace", "img1", "--name", "[N]"]
-
     def test_a_preview_foretells_what_a_run_in_order_does(self):
         self.make("img", "img1")
         chain = ["--find", "img", "--replace", "img1", "img", "img1"]
         planned = self.prose(*chain)
         self.assertIn("2 rows: 2 to rename.", planned.stdout)
-        for option in (["--in-order"],):
-            foretold = self.process(*option, "--config", self.config, "rename", *chain)
-            self.assertRegex(foretold.stdout, r"(?m)^\? img +img1 +<- .*\(183\)$")
-            self.assertRegex(foretold.stdout, r"(?m)^  img1 +img11$")
-            self.assertIn("2 rows: 1 to rename, 1 that would be refused (?)", foretold.stdout)
+        foretold = self.process("--in-order", "--config", self.config, "rename", *chain)
+        self.assertRegex(foretold.stdout, r"(?m)^\? img +img1 +<- .*\(183\)$")
+        self.assertRegex(foretold.stdout, r"(?m)^  img1 +img11$")
+        self.assertIn("2 rows: 1 to rename, 1 that would be refused (?)", foretold.stdout)
         self.assertEqual(self.names(), ["img", "img1"])
         outcome = self.run_json("--in-order", "rename", "--run", *chain, status=4)
         self.assertEqual(outcome.renames, [("img", "img1", 183), ("img1", "img11", 0)])

@@ -277,5 +277,26 @@ TEST(MultiRenameUndoTest, TheDateIsShownInTheUsersLanguage) {
   EXPECT_NE(DateText(session).find(W("07")), WString::npos);
 }
 
+TEST(MultiRenameUndoTest, ABarInANameIsNotEscapedSoThatItsLineIsLostAndTheOthersStay) {
+  MultiRenameUndo session;
+  session.entries = {{W("f"), W("n"), W("o")}, {W("f"), W("n|1"), W("o1")}, {W("f"), W("n2"), W("o2")}};
+  EXPECT_THAT(EntriesOf(FromUtf8(Text(session))), ElementsAre("f/o/n", "f/o2/n2"));
+}
+
+TEST(MultiRenameUndoTest, AFileOfManyPiecesHoldsEachLineOnce) {
+  MultiRenameUndo session;
+  constexpr int kEntries = 5000;
+  for (int i = 0; i < kEntries; ++i) {
+    session.entries.push_back(
+        {W("C:\\folder"), FromUtf8("n" + std::to_string(i)), FromUtf8("o" + std::to_string(i))});
+  }
+  const std::vector<std::string> read = EntriesOf(FromUtf8(Text(session)));
+  ASSERT_EQ(read.size(), static_cast<std::size_t>(kEntries));
+  for (int i = 0; i < kEntries; ++i) {
+    const std::string number = std::to_string(i);
+    ASSERT_EQ(read[static_cast<std::size_t>(i)], "C:\\folder/o" + number + "/n" + number);
+  }
+}
+
 }  // namespace
 }  // namespace Velmora::SDK

@@ -2,6 +2,9 @@
 // the session that remains.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <atomic>
+
 #include "multirename/moments.h"
 #include "multirename/rename_host.h"
 #include "support/scratch_folder.h"
@@ -180,6 +183,52 @@ TEST_F(RenameRunTest, ASessionThatWasRestoredIsPassedToTheHostASecondTimeToo) {
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new a"));
   EXPECT_EQ(host_.renames.pathRenames[1].to, W("a"));
   EXPECT_EQ(StatusText(engine_->status), W("1 Failed"));
+}
+
+TEST_F(RenameRunTest, ARestoreOfAllRowsPassesThoseOnThatFailedBefore) {
+  Rows({W("a"), W("b"), W("c")});
+  host_.renames.codes = {{W("new b"), 5}, {W("new c"), 10}};
+  RunRenames(*engine_, true);
+  MultiRenameUndo all;
+  all.FromRows(engine_->items, false);
+  host_.renames.codes = {{W("b"), 2}, {W("c"), 2}};
+  RunRestore(*engine_, all);
+  ASSERT_THAT(host_.renames.pathRenames, SizeIs(3));
+  EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new b"));
+  EXPECT_EQ(StatusText(engine_->status), W("1 Restored, 2 Failed"));
+  // What a restore comes to is not shown at the rows.
+  EXPECT_THAT(States(), ElementsAre(6u, 3u, 4u));
+}
+
+TEST_F(RenameRunTest, AfterARunTheNextNamesAreComputedFromTheOldOnesAgain) {
+  Rows({W("a.txt")});
+  RunRenames(*engine_, false);
+  EXPECT_EQ(rows_->front().oldName, W("a.txt"));
+  EXPECT_EQ(rows_->front().newName, W("new a.txt"));
+  const std::atomic<bool> never = false;
+  ASSERT_TRUE(ComputeNames(*engine_, never));
+  EXPECT_EQ(rows_->front().newName, W("new a.txt"));
+  EXPECT_THAT(States(), ElementsAre(0u));
+}
+
+TEST_F(RenameRunTest, AStateOfAnEarlierRunBlocksUntilAPreviewResetsIt) {
+  Rows({W("a"), W("b")});
+  host_.renames.codes = {{W("new a"), 5}, {W("new b"), 10}};
+  RunRenames(*engine_, false);
+  for (const MultiRenameItem& row : *rows_) EXPECT_TRUE(BlocksStart(row.state));
+  const std::atomic<bool> never = false;
+  ASSERT_TRUE(ComputeNames(*engine_, never));
+  for (const MultiRenameItem& row : *rows_) EXPECT_FALSE(BlocksStart(row.state));
+}
+
+TEST_F(RenameRunTest, AnUndoFileThatCannotBeWrittenIsNotReportedAndTheSessionJoinsTheStore) {
+  engine_->undoStore.Load();
+  engine_->undoStore.folder = scratch_.Path(W("missing\\"));
+  Rows({W("a")});
+  RunRenames(*engine_, true);
+  EXPECT_EQ(StatusText(engine_->status), W("1 Renamed"));
+  EXPECT_THAT(engine_->undoStore.sessions, SizeIs(1));
+  EXPECT_FALSE(scratch_.Exists(W("missing")));
 }
 
 }  // namespace
