@@ -85,6 +85,14 @@ class Profiles(RenameTest):
         outcome = self.rename("--profile", "P", "--pairs", "1", "--find", "2", "--replace", "3", "abc.txt")
         self.assertEqual(self.rows(outcome), [("abc.txt", "a3c.txt", 0)])
 
+    def test_a_profile_that_is_saved_over_moves_to_the_end_of_the_list(self):
+        for name in ("b", "c", "a"):
+            self.rename("--name", name, "--save-profile", name)
+        self.rename("--name", "new", "--save-profile", "B", answers=["yes"])
+        self.assertEqual([(profile["name"], profile["filename"])
+                          for profile in self.rename("--list-profiles").of("profile")],
+                         [("c", "c"), ("a", "a"), ("B", "new")])
+
 
 class Order(RenameTest):
     def test_a_preview_foretells_what_a_run_in_order_does(self):

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "multirename/rename_host.h"
+#include "multirename/silent_item.h"
 #include "platform/message_window.h"
 #include "support/scratch_folder.h"
 #include "support/semaphore.h"
@@ -477,6 +478,22 @@ TEST_F(RenameWorkerTest, ANewSelectionLeavesTheRowsOfARunningPreviewAlive) {
   Preview();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(Names(), ElementsAre(W("y")));
+}
+
+TEST_F(RenameWorkerTest, AHostThatThrowsInAPreviewEndsItAndTheThreadGoesOn) {
+  Begin({W("a"), W("b")}, W("[F]x"));
+  SilentItem thrower;
+  thrower.throwsAtTagText = true;
+  rows_->back().hostItem = &thrower;
+  for (int pass = 0; pass < 2; ++pass) {
+    Preview();
+    EXPECT_EQ(Next(), "33768(0,0)");
+    EXPECT_EQ(Next(), "33868(1,0)");
+    ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+    EXPECT_FALSE(engine_->busy);
+    EXPECT_EQ(engine_->currentItem, nullptr);
+    EXPECT_EQ((*rows_)[1].newName, W("b"));
+  }
 }
 
 }  // namespace
