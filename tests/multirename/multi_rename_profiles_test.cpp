@@ -115,6 +115,7 @@ TEST_F(MultiRenameProfilesTest, WithoutAPartTheWriterSaysNameAndExtension) {
   auto profile = ProfileOf(W("one"));
   profile->flags = 0;
   EXPECT_EQ(ThroughTheFile(std::move(profile)).flags, 0x1000000u);
+  EXPECT_NE(host_.files.saved[kProfilesPath].find("replaceparts='1'"), std::string::npos);
 }
 
 TEST_F(MultiRenameProfilesTest, AMissingNameEndsTheReadingAndTheEmptyProfileJoinsTheList) {

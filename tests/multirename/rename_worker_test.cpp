@@ -125,6 +125,7 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   Begin({W("a"), W("b"), W("c")}, W("x[?p][C]"));
   Preview();
   gate_.entered.Acquire();  // in the first row
+  EXPECT_TRUE(engine_->busy);
   std::thread stopper([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
   while (!engine_->worker.IsStopping()) std::this_thread::yield();
   gate_.gate.Release();
@@ -175,6 +176,24 @@ TEST_F(RenameWorkerTest, AJobThatIsStoppedSkipsWhatWasAskedForMeanwhileUntilTheN
   EXPECT_EQ(Next(), "33868(2,0)");
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
+}
+
+TEST_F(RenameWorkerTest, ACompilationWaitsForTheEndOfAPreview) {
+  engine_->propertyManager = &gate_;
+  Begin({W("a")}, W("[?p]x"));
+  Preview();
+  gate_.entered.Acquire();
+  std::atomic<bool> compiled{false};
+  std::thread window([this, &compiled] {
+    Compile(W("y"));
+    compiled = true;
+  });
+  // It looks every 150 ms.
+  Sleep(20);
+  EXPECT_FALSE(compiled);
+  gate_.gate.Release();
+  window.join();
+  EXPECT_THAT(Names(), ElementsAre(W("x")));
 }
 
 TEST_F(RenameWorkerTest, AWakeStopsTheCurrentPreviewItself) {
