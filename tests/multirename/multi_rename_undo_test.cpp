@@ -298,5 +298,35 @@ TEST(MultiRenameUndoTest, AFileOfManyPiecesHoldsEachLineOnce) {
   }
 }
 
+TEST(MultiRenameUndoTest, ALineThatOnlyBeginsAsASectionIsIgnoredAndTheSectionStays) {
+  EXPECT_THAT(EntriesOf(W("[FILES]\na|b|c\n[INFO]x\nd|b|c\n[INFO]]\ne|b|c\n[INFO\nf|b|c\n")),
+              ElementsAre("a/b/c", "d/b/c", "e/b/c", "f/b/c"));
+  EXPECT_THAT(EntriesOf(W("[FILES]x\na|b|c\n")), ElementsAre("none"));
+  EXPECT_THAT(EntriesOf(W("[INFO]\n[FILES]|\na|b|c\n")), ElementsAre("none"));
+}
+
+TEST(MultiRenameUndoTest, ADateFarInTheFutureComesBackAsItWas) {
+  MultiRenameUndo session;
+  session.entries = {{W("f"), W("n"), W("o")}};
+  session.date = {9999, 12, 0, 31, 23, 59, 59, 0};
+  const std::string text = Text(session);
+  EXPECT_NE(text.find("Date : 253402300799\r\n"), std::string::npos);
+  const SYSTEMTIME& date = ReadUndoText(Utf16(FromUtf8(text)))->date;
+  EXPECT_THAT((std::vector<int>{date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond}),
+              ElementsAre(9999, 12, 31, 23, 59, 59));
+}
+
+TEST(MultiRenameUndoTest, ADateBefore1970IsBelowZeroAndComesBack) {
+  MultiRenameUndo session;
+  session.entries = {{W("f"), W("n"), W("o")}};
+  session.date = {1969, 12, 0, 31, 23, 59, 0, 500};
+  const std::string text = Text(session);
+  EXPECT_NE(text.find("Date : -60\r\n"), std::string::npos);
+  const SYSTEMTIME& date = ReadUndoText(Utf16(FromUtf8(text)))->date;
+  EXPECT_EQ(date.wYear, 1969);
+  EXPECT_EQ(date.wMinute, 59);
+  EXPECT_EQ(date.wMilliseconds, 0);
+}
+
 }  // namespace
 }  // namespace Velmora::SDK
