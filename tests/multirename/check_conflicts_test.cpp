@@ -39,6 +39,12 @@ TEST(CheckConflictsTest, NineCharactersAreForbidden) {
               ElementsAre(0u, 0u));
 }
 
+// Their low bytes are those of the nine.
+TEST(CheckConflictsTest, CharactersThatEndLikeAForbiddenOneAreAllowed) {
+  EXPECT_THAT(StatesOf({W("x"), W("\u012A\u017C\u015C\u012F\u013A\u0122\u013C\u013E\u013F")}),
+              ElementsAre(0u, 0u));
+}
+
 TEST(CheckConflictsTest, AnEmptyNameIsNotInvalid) {
   EXPECT_THAT(StatesOf({W("a"), W("")}), ElementsAre(0u, 0u));
 }
