@@ -10,9 +10,8 @@ MultiRenameEngine::~MultiRenameEngine() {
 }
 
 void EngineCloser::operator()(MultiRenameEngine* engine) const {
-  constexpr DWORD kPatience = 3000;  // milliseconds
   engine->worker.Quit();
-  if (engine->worker.WaitForEnd(kPatience)) delete engine;
+  if (engine->worker.WaitForEnd(patience)) delete engine;
 }
 
 }  // namespace Velmora::SDK

@@ -62,10 +62,12 @@ class MultiRenameEngine {
   RenameWorker worker;  // last: its thread uses all the others
 };
 
-// Ends the worker, waits up to 3000 ms for its thread and deletes the engine. An engine whose worker still
-// runs then, in a rename of the host's, is left to it and never freed.
+// Ends the worker, waits for its thread as long as `patience` says, and deletes the engine. An engine whose
+// worker still runs then, in a rename of the host's, is left to it and never freed.
 struct EngineCloser {
   void operator()(MultiRenameEngine* engine) const;
+
+  DWORD patience = 3000;  // milliseconds
 };
 using OwnedEngine = std::unique_ptr<MultiRenameEngine, EngineCloser>;
 

@@ -1,6 +1,8 @@
 // Names that cannot be, and names that equal the first row's.
 #include <gmock/gmock.h>
 
+#include <atomic>
+
 #include "multirename/rename_host.h"
 
 namespace Velmora::SDK {
@@ -34,6 +36,12 @@ TEST(CheckConflictsTest, NineCharactersAreForbidden) {
     EXPECT_THAT(StatesOf({W("x"), WString(W("a")) + c}), ElementsAre(0u, 2u)) << static_cast<unsigned>(c);
   }
   EXPECT_THAT(StatesOf({W("x"), W(" .,;'!#%&()[]{}+-=~^@$`\t\r\n\x01\x7F\u00E4\u2215\uFF0F")}),
+              ElementsAre(0u, 0u));
+}
+
+// Their low bytes are those of the nine.
+TEST(CheckConflictsTest, CharactersThatEndLikeAForbiddenOneAreAllowed) {
+  EXPECT_THAT(StatesOf({W("x"), W("\u012A\u017C\u015C\u012F\u013A\u0122\u013C\u013E\u013F")}),
               ElementsAre(0u, 0u));
 }
 
@@ -74,6 +82,31 @@ TEST(ConflictFinderTest, AnAbortLeavesTheStatesAsTheyWere) {
   EXPECT_TRUE(finder.SetStates(pointers, abort));
   EXPECT_EQ(rows[0].state, StateReady);
   EXPECT_EQ(rows[1].state, StateInvalidName);
+}
+
+TEST(CheckConflictsTest, FoldersDoNotCountSoThatEqualNamesInTwoFoldersAreDuplicates) {
+  RenameHost host;
+  host.selection = {host.AddFileIn(W("C:\\one\\"), W("a.txt")), host.AddFileIn(W("C:\\two\\"), W("A.txt"))};
+  MultiRenameEngine engine(&host);
+  ASSERT_TRUE(CompileRules(engine, DefaultRules(ReadSelection(host))));
+  const std::atomic<bool> never = false;
+  ASSERT_TRUE(ComputeNames(engine, never));
+  EXPECT_EQ(engine.items[0]->oldName, W("a.txt"));
+  EXPECT_NE(engine.items[0]->folderPath, engine.items[1]->folderPath);
+  EXPECT_EQ(engine.items[0]->state, 1u);
+  EXPECT_EQ(engine.items[1]->state, 1u);
+  // Between rows there is none that is being computed.
+  EXPECT_EQ(engine.currentItem, nullptr);
+}
+
+TEST(CheckConflictsTest, APreviewThatIsStoppedLeavesTheStatesOfBefore) {
+  RenameHost host;
+  MultiRenameEngine engine(&host);
+  ASSERT_TRUE(CompileRules(engine, DefaultRules(RowsOf(host, {W("a"), W("A")}))));
+  for (MultiRenameItem* const row : engine.items) row->state = StateFailed;
+  const std::atomic<bool> abort = true;
+  EXPECT_FALSE(ComputeNames(engine, abort));
+  for (const MultiRenameItem* const row : engine.items) EXPECT_EQ(row->state, u32{StateFailed});
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "multirename/rename_host.h"
+#include "multirename/silent_item.h"
 
 namespace Velmora::SDK {
 namespace {
@@ -196,6 +197,9 @@ TEST(ComputeNameTest, OtherSeparatorsBeginNoWord) {
   RuleInput rules = DefaultRules(nullptr);
   rules.caseRule = 64;
   EXPECT_THAT(NewNames(rules, {W("ab-cd (ef) 1gh.x")}), ElementsAre(W("Ab-cd (ef) 1gh.x")));
+  EXPECT_THAT(NewNames(rules, {W("ab\tcd,ef'gh;ij+kl&mn=op@qr!st[uv\u00A0wx")}),
+              ElementsAre(W("Ab\tcd,ef'gh;ij+kl&mn=op@qr!st[uv\u00A0wx")));
+  EXPECT_THAT(NewNames(rules, {W("_ab__CD  ef..gH.x")}), ElementsAre(W("_Ab__Cd  Ef..Gh.x")));
 }
 
 TEST(ComputeNameTest, TheReplacementComesAfterTheCaseAndCanChangeItAgain) {
@@ -268,6 +272,34 @@ TEST(ComputeNameTest, ASkippedRowIsLeftAlone) {
   ComputeName(engine, *engine.items.front());
   EXPECT_EQ(engine.items.front()->newName, W("a"));
   EXPECT_EQ(engine.counterNext, 1u);
+}
+
+// What a template gives is cut before the rules that follow see it.
+TEST(ComputeNameTest, TheTextOfATemplateIsCutAt32767CharactersBeforeItsReplacement) {
+  RenameHost host;
+  host.selection = {host.AddFileIn(WString(4095, W('f')), W("a"))};
+  MultiRenameEngine engine(&host);
+  RuleInput rules = DefaultRules(ReadSelection(host));
+  rules.filenameTemplate = W("[F][F][F][F][F][F][F][F][F]x");
+  rules.searchFlags = 0x2400000;
+  rules.searchItems = PairsOf({{W("f"), W("")}});
+  ASSERT_TRUE(CompileRules(engine, rules));
+  ComputeName(engine, *engine.items.front());
+  EXPECT_EQ(engine.items.front()->newName, W(""));
+}
+
+TEST(ComputeNameTest, AFolderTagThatTheHostLeavesOutIsEmpty) {
+  RenameHost host;
+  SilentItem silent;
+  MultiRenameItem row(silent);
+  row.oldName = W("a.txt");
+  MultiRenameEngine engine(&host);
+  RuleInput rules = DefaultRules(nullptr);
+  rules.items = {&row};
+  rules.filenameTemplate = W("[F][N]");
+  ASSERT_TRUE(CompileRules(engine, rules));
+  ComputeName(engine, row);
+  EXPECT_EQ(row.newName, W("a.txt"));
 }
 
 }  // namespace

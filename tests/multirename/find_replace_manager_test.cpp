@@ -45,6 +45,7 @@ TEST(FindReplaceManagerTest, WhatWasSavedIsLoadedAnEmptyListToo) {
   EXPECT_THAT(*other.Get(1), IsEmpty());
   EXPECT_EQ(other.Get(2), nullptr);
   EXPECT_EQ(host.files.documents, 0);
+  EXPECT_EQ(host.files.openFiles, 0);
 }
 
 TEST(FindReplaceManagerTest, ElementsWithoutANumberAboveZeroArePassedOver) {
@@ -108,6 +109,43 @@ TEST(FindReplaceManagerTest, WithoutAFileAFolderOrADocumentNothingHappens) {
   manager.Load();
   EXPECT_THAT(host.files.saved, IsEmpty());
   EXPECT_EQ(host.files.documents, 0);
+}
+
+TEST(FindReplaceManagerTest, NumbersBeyondTheKeysAreKept) {
+  RenameHost host;
+  host.configFolder = W("C:\\config\\");
+  MemoryXmlNode& root = host.files.Make(kPairsPath);
+  root.Add(W("FindReplace")).With(W("id"), W("25")).Add(W("item")).With(W("find"), W("a"));
+  FindReplaceManager manager(host);
+  manager.Load();
+  manager.Set(3, {{W("b"), W("c")}});
+  manager.Save();
+  EXPECT_EQ(host.files.saved[kPairsPath],
+            "<MultiRename><FindReplace id='3'><item find='b' replace='c'/></FindReplace>"
+            "<FindReplace id='25'><item find='a' replace=''/></FindReplace></MultiRename>");
+}
+
+TEST(FindReplaceManagerTest, AValueThatIsMissingIsEmptyWhateverTheItemBeforeHas) {
+  RenameHost host;
+  host.configFolder = W("C:\\config\\");
+  MemoryXmlNode& list = host.files.Make(kPairsPath).Add(W("FindReplace")).With(W("id"), W("1"));
+  list.Add(W("item")).With(W("find"), W("a")).With(W("replace"), W("b"));
+  list.Add(W("item")).With(W("replace"), W("c"));
+  list.Add(W("item")).With(W("find"), W("d"));
+  FindReplaceManager manager(host);
+  manager.Load();
+  EXPECT_THAT(*manager.Get(1), ElementsAre(Pair(W("a"), W("b")), Pair(W(""), W("c")), Pair(W("d"), W(""))));
+}
+
+TEST(FindReplaceManagerTest, ALoadForgetsWhatWasNotSaved) {
+  RenameHost host;
+  host.configFolder = W("C:\\config\\");
+  host.files.Make(kPairsPath).Add(W("FindReplace")).With(W("id"), W("1"));
+  FindReplaceManager manager(host);
+  manager.Set(2, {{W("a"), W("b")}});
+  manager.Load();
+  EXPECT_EQ(manager.Get(2), nullptr);
+  EXPECT_NE(manager.Get(1), nullptr);
 }
 
 }  // namespace

@@ -61,6 +61,7 @@ struct MemoryXmlFiles {
   std::deque<MemoryXmlNode> roots;
   std::vector<std::string> flags;  // the last arguments of SetAttributeText, by attribute: "replace=1"
   int documents = 0;               // made and not released
+  int openFiles = 0;               // loaded and not closed
   bool givesDocuments = true;
   bool givesRoots = true;
 
@@ -87,10 +88,12 @@ class MemoryXmlDocument final : public Velmora::SDK::IHostXmlDocument {
     root.name = ViewOf(name);
     return HandleOf(&root);
   }
-  void Close(Node) override {}
+  void Close(Node) override { --files_.openFiles; }
   Node Load(const WCHAR* path, u32) override {
     const auto found = files_.loadable.find(path);
-    return found == files_.loadable.end() ? nullptr : HandleOf(found->second);
+    if (found == files_.loadable.end()) return nullptr;
+    ++files_.openFiles;
+    return HandleOf(found->second);
   }
   bool Save(Node root, const WCHAR* path, u32, const char* encoding) override {
     files_.saved[path] = NodeOf(root)->Shown();

@@ -3,6 +3,7 @@
 
 #include "multirename/multi_rename_undo.h"
 #include "multirename/rename_host.h"
+#include "multirename/silent_item.h"
 
 namespace Velmora::SDK {
 namespace {
@@ -64,6 +65,7 @@ TEST(MultiRenameItemTest, RowsOfASessionAreRenamedOnesWithoutAHostItem) {
   const SharedItems rows = LoadSession(session);
   ASSERT_EQ(rows->size(), 2u);
   const MultiRenameItem& row = rows->front();
+  EXPECT_NE(row.tag, 0xDEAD7654u);
   EXPECT_EQ(row.folderPath, W("C:\\x"));
   EXPECT_EQ(row.oldName, W("old.txt"));
   EXPECT_EQ(row.newName, W("new.txt"));
@@ -88,6 +90,24 @@ TEST(MultiRenameItemTest, ACopyOfTheNewNameIsCutAtItsBuffer) {
   WCHAR buffer[4];
   item.CopyNewName(buffer, 4);
   EXPECT_EQ(WString(buffer), W("abc"));
+}
+
+TEST(MultiRenameItemTest, ATextThatTheHostLeavesOutIsEmpty) {
+  SilentItem item;
+  EXPECT_EQ(MultiRenameItem(item).folderPath, W(""));
+  EXPECT_EQ(MultiRenameItem(item).oldName, W(""));
+  item.folder = W("C:\\view");
+  EXPECT_EQ(MultiRenameItem(item).folderPath, W("C:\\view"));
+  EXPECT_EQ(MultiRenameItem(item).oldName, W(""));
+  EXPECT_EQ(MultiRenameItem(item).newName, W(""));
+}
+
+TEST(MultiRenameItemTest, ANewNameThatIsStoredTakesThePlaceOfALongerOne) {
+  MultiRenameItem item;
+  item.StoreNewName(W("a long name"));
+  item.StoreNewName(W("b"));
+  EXPECT_EQ(item.newName, W("b"));
+  EXPECT_EQ(item.oldName, W(""));
 }
 
 }  // namespace

@@ -42,6 +42,8 @@ class MultiRenameProfilesTest : public testing::Test {
     MultiRenameProfiles loaded(host_);
     loaded.Load();
     EXPECT_EQ(loaded.profiles.size(), 1u);
+    EXPECT_EQ(host_.files.openFiles, 0);
+    EXPECT_EQ(host_.files.documents, 0);
     return *loaded.profiles.front();
   }
 
@@ -113,6 +115,7 @@ TEST_F(MultiRenameProfilesTest, WithoutAPartTheWriterSaysNameAndExtension) {
   auto profile = ProfileOf(W("one"));
   profile->flags = 0;
   EXPECT_EQ(ThroughTheFile(std::move(profile)).flags, 0x1000000u);
+  EXPECT_NE(host_.files.saved[kProfilesPath].find("replaceparts='1'"), std::string::npos);
 }
 
 TEST_F(MultiRenameProfilesTest, AMissingNameEndsTheReadingAndTheEmptyProfileJoinsTheList) {
@@ -245,6 +248,59 @@ TEST_F(MultiRenameProfilesTest, NamesThatDifferOnlyInCaseAreOne) {
   EXPECT_EQ(profiles.profiles[0]->name, W("two"));
   profiles.Remove(profiles.profiles[0].get());
   EXPECT_THAT(profiles.profiles, IsEmpty());
+}
+
+TEST_F(MultiRenameProfilesTest, AFindTextThatIsMissingIsEmptyWhateverTheItemBeforeHas) {
+  const MultiRenameProfile profile = ReadOf([](MemoryXmlNode& node) {
+    MemoryXmlNode& search = node.With(W("name"), W("n")).Add(W("searchandreplace"));
+    search.Add(W("item")).With(W("find"), W("a")).With(W("replacewith"), W("b"));
+    search.Add(W("item")).With(W("replacewith"), W("c"));
+  });
+  EXPECT_THAT(*profile.searchItems, ElementsAre(Pair(W("a"), W("b")), Pair(W(""), W("c"))));
+}
+
+TEST_F(MultiRenameProfilesTest, ASearchElementWithoutItemsKeepsItsFlags) {
+  const MultiRenameProfile profile = ReadOf([](MemoryXmlNode& node) {
+    node.With(W("name"), W("n")).Add(W("searchandreplace")).With(W("regex"), W("1"));
+  });
+  EXPECT_EQ(profile.flags, 0x200000u);
+  EXPECT_TRUE(!profile.searchItems || profile.searchItems->empty());
+}
+
+TEST_F(MultiRenameProfilesTest, AFileThatTheHostCannotReadGivesNoProfilesAndTheNextSaveWritesOverIt) {
+  MultiRenameProfiles profiles(host_);
+  profiles.Load();
+  EXPECT_THAT(profiles.profiles, IsEmpty());
+  auto profile = std::make_unique<MultiRenameProfile>();
+  profile->name = W("new");
+  profiles.Add(std::move(profile));
+  EXPECT_TRUE(profiles.Save());
+  EXPECT_THAT(host_.files.saved[kProfilesPath], testing::HasSubstr("<profile name='new'>"));
+}
+
+TEST_F(MultiRenameProfilesTest, ProfilesAreWrittenInTheOrderOfTheListWithANewOneAtItsEnd) {
+  MultiRenameProfiles profiles(host_);
+  profiles.Load();
+  for (const WCHAR* const name : {W("b"), W("c"), W("a")}) profiles.Add(ProfileOf(name));
+  // One that is saved again goes to the end.
+  profiles.Remove(W("B"));
+  profiles.Add(ProfileOf(W("B")));
+  EXPECT_TRUE(profiles.Save());
+  MultiRenameProfiles loaded(host_);
+  loaded.Load();
+  std::vector<WString> names;
+  for (const auto& profile : loaded.profiles) names.push_back(profile->name);
+  EXPECT_THAT(names, ElementsAre(W("c"), W("a"), W("B")));
+}
+
+TEST_F(MultiRenameProfilesTest, WithoutAFolderNothingIsReadOrWritten) {
+  host_.configFolder.clear();
+  MultiRenameProfiles profiles(host_);
+  profiles.Load();
+  EXPECT_EQ(profiles.filePath, W(""));
+  profiles.Add(ProfileOf(W("a")));
+  EXPECT_TRUE(profiles.Save());
+  EXPECT_THAT(host_.files.saved, IsEmpty());
 }
 
 }  // namespace

@@ -149,5 +149,44 @@ TEST_F(MultiRenameUndoStoreTest, AFileThatCannotBeMadeIsNoMatter) {
   EXPECT_THAT(store.sessions, IsEmpty());
 }
 
+// Whoever looks at the file keeps it from being deleted, and not from being written.
+TEST_F(MultiRenameUndoStoreTest, AFileThatSomebodyReadsIsWrittenAndOneThatIsWrittenIsRead) {
+  MultiRenameUndoStore store(&host_);
+  store.Save(*SessionOf(9));
+  const WString path = store.PathOf(*SessionOf(9));
+  const auto open = [&path](DWORD access) {
+    return CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+  };
+  const HANDLE reader = open(GENERIC_READ);
+  ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+  const auto restored = SessionOf(9);
+  restored->haveRestored = true;
+  store.Save(*restored);
+  CloseHandle(reader);
+  const HANDLE writer = open(GENERIC_WRITE);
+  ASSERT_NE(writer, INVALID_HANDLE_VALUE);
+  store.Load();
+  CloseHandle(writer);
+  ASSERT_EQ(store.sessions.size(), 1u);
+  EXPECT_TRUE(store.sessions[0]->haveRestored);
+}
+
+TEST_F(MultiRenameUndoStoreTest, OfALongFileTheFirst5242880BytesAreRead) {
+  MultiRenameUndoStore store(&host_);
+  constexpr std::size_t kMost = 0x500000;
+  std::string text = Utf16Bytes(W("[FILES]\nf|o|n\n;"));
+  const std::string last = Utf16Bytes(W("\na|b|c"));
+  while (text.size() + last.size() < kMost) text += std::string("x\0", 2);
+  text += last;
+  ASSERT_EQ(text.size(), kMost);
+  text += Utf16Bytes(W("d\ne|f|g\n"));
+  scratch_.Write(W("new\\config\\Undo\\long.dat"), text);
+  store.Load();
+  ASSERT_EQ(store.sessions.size(), 1u);
+  ASSERT_EQ(store.sessions[0]->entries.size(), 2u);
+  EXPECT_EQ(store.sessions[0]->entries[1].newName, W("c"));
+}
+
 }  // namespace
 }  // namespace Velmora::SDK

@@ -123,7 +123,59 @@ TEST(MultiRenameUndoTest, SecondsAreThoseOfTheClockOnTheWall) {
   EXPECT_EQ(DateOfSeconds(951825600).wDay, 29);
   EXPECT_EQ(DateOfSeconds(-11644473600).wYear, 1601);
   EXPECT_EQ(DateOfSeconds(-11644473601).wYear, 0);
-  EXPECT_EQ(DateOfSeconds(INT64_MAX).wMonth, DateOfSeconds(INT64_MAX).wMonth);
+}
+
+// Seconds that no date has wrap around 64 bits: of the largest number the lowest 64 bits of its units are
+// those of the second before 1970.
+TEST(MultiRenameUndoTest, SecondsThatNoDateHasGiveADateOrNone) {
+  const SYSTEMTIME date = DateOfSeconds(INT64_MAX);
+  EXPECT_THAT((std::vector<int>{date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond,
+                                date.wMilliseconds}),
+              ElementsAre(1969, 12, 31, 23, 59, 59, 0));
+  // The units of this number are 2 to the 63rd power or more, which no date has.
+  const SYSTEMTIME none = DateOfSeconds(922337203686 - 11644473600);
+  EXPECT_THAT((std::vector<int>{none.wYear, none.wMonth, none.wDay, none.wHour, none.wMinute, none.wSecond}),
+              testing::Each(0));
+}
+
+TEST(MultiRenameUndoTest, ASessionWasRestoredWhereverTheNumberIsNotZero) {
+  const auto restored = [](const WString& value) {
+    return ReadUndoText(Utf16(W("[INFO]\nHaveRestored : ") + value + W("\n[FILES]\nf|o|n\n")))->haveRestored;
+  };
+  EXPECT_TRUE(restored(W("1")));
+  EXPECT_TRUE(restored(W("-1")));
+  EXPECT_TRUE(restored(W("2")));
+  EXPECT_TRUE(restored(W("+07x")));
+  EXPECT_FALSE(restored(W("0")));
+  EXPECT_FALSE(restored(W("-0")));
+  EXPECT_FALSE(restored(W("true")));
+  EXPECT_FALSE(restored(W("")));
+}
+
+TEST(MultiRenameUndoTest, OfTwoLinesOfOneKeyTheLaterCounts) {
+  const auto session = ReadUndoText(
+      Utf16(W("[INFO]\nHaveRestored : 1\nDate : 0\nDate : 951825600\nHaveRestored : 0\n[FILES]\nf|o|n\n")));
+  EXPECT_EQ(session->date.wYear, 2000);
+  EXPECT_FALSE(session->haveRestored);
+}
+
+TEST(MultiRenameUndoTest, AValueIsSplitOffAtTheFirstColonAndTrimmed) {
+  const auto session = ReadUndoText(Utf16(W("[INFO]\n\t Date \t: \t951825600:5 \n[FILES]\nC:\\x|o:1|n:2\n")));
+  EXPECT_EQ(session->date.wYear, 2000);
+  EXPECT_EQ(session->entries.front().folder, W("C:\\x"));
+  EXPECT_EQ(session->entries.front().oldName, W("o:1"));
+  EXPECT_EQ(session->entries.front().newName, W("n:2"));
+}
+
+TEST(MultiRenameUndoTest, WithoutItsMarkUtf16IsKnownByItsFirstFiveCharacters) {
+  EXPECT_THAT(EntriesOf(W(";;;;\u0410\n[FILES]\nf|o|n\n")), ElementsAre("none"));
+  // Nine bytes are too few to tell, also where a mark is missing for the whole of a file.
+  std::vector<std::uint8_t> bytes = Utf16(W("[FILES]\nf|o|n\n"));
+  bytes[0] = 0;
+  EXPECT_THAT(EntriesOf(bytes), ElementsAre("none"));
+  bytes = Utf16(W("[FILES]\nf|o|n\n"));
+  bytes[9] = 1;
+  EXPECT_THAT(EntriesOf(bytes), ElementsAre("none"));
 }
 
 TEST(MultiRenameUndoTest, OnlyUtf16IsRead) {
@@ -223,6 +275,57 @@ TEST(MultiRenameUndoTest, TheDateIsShownInTheUsersLanguage) {
                                    FormatTime(kDate, LocaleFormat(LOCALE_STIMEFORMAT)));
   EXPECT_NE(DateText(session).find(W("2026")), WString::npos);
   EXPECT_NE(DateText(session).find(W("07")), WString::npos);
+}
+
+TEST(MultiRenameUndoTest, ABarInANameIsNotEscapedSoThatItsLineIsLostAndTheOthersStay) {
+  MultiRenameUndo session;
+  session.entries = {{W("f"), W("n"), W("o")}, {W("f"), W("n|1"), W("o1")}, {W("f"), W("n2"), W("o2")}};
+  EXPECT_THAT(EntriesOf(FromUtf8(Text(session))), ElementsAre("f/o/n", "f/o2/n2"));
+}
+
+TEST(MultiRenameUndoTest, AFileOfManyPiecesHoldsEachLineOnce) {
+  MultiRenameUndo session;
+  constexpr int kEntries = 5000;
+  for (int i = 0; i < kEntries; ++i) {
+    session.entries.push_back(
+        {W("C:\\folder"), FromUtf8("n" + std::to_string(i)), FromUtf8("o" + std::to_string(i))});
+  }
+  const std::vector<std::string> read = EntriesOf(FromUtf8(Text(session)));
+  ASSERT_EQ(read.size(), static_cast<std::size_t>(kEntries));
+  for (int i = 0; i < kEntries; ++i) {
+    const std::string number = std::to_string(i);
+    ASSERT_EQ(read[static_cast<std::size_t>(i)], "C:\\folder/o" + number + "/n" + number);
+  }
+}
+
+TEST(MultiRenameUndoTest, ALineThatOnlyBeginsAsASectionIsIgnoredAndTheSectionStays) {
+  EXPECT_THAT(EntriesOf(W("[FILES]\na|b|c\n[INFO]x\nd|b|c\n[INFO]]\ne|b|c\n[INFO\nf|b|c\n")),
+              ElementsAre("a/b/c", "d/b/c", "e/b/c", "f/b/c"));
+  EXPECT_THAT(EntriesOf(W("[FILES]x\na|b|c\n")), ElementsAre("none"));
+  EXPECT_THAT(EntriesOf(W("[INFO]\n[FILES]|\na|b|c\n")), ElementsAre("none"));
+}
+
+TEST(MultiRenameUndoTest, ADateFarInTheFutureComesBackAsItWas) {
+  MultiRenameUndo session;
+  session.entries = {{W("f"), W("n"), W("o")}};
+  session.date = {9999, 12, 0, 31, 23, 59, 59, 0};
+  const std::string text = Text(session);
+  EXPECT_NE(text.find("Date : 253402300799\r\n"), std::string::npos);
+  const SYSTEMTIME& date = ReadUndoText(Utf16(FromUtf8(text)))->date;
+  EXPECT_THAT((std::vector<int>{date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond}),
+              ElementsAre(9999, 12, 31, 23, 59, 59));
+}
+
+TEST(MultiRenameUndoTest, ADateBefore1970IsBelowZeroAndComesBack) {
+  MultiRenameUndo session;
+  session.entries = {{W("f"), W("n"), W("o")}};
+  session.date = {1969, 12, 0, 31, 23, 59, 0, 500};
+  const std::string text = Text(session);
+  EXPECT_NE(text.find("Date : -60\r\n"), std::string::npos);
+  const SYSTEMTIME& date = ReadUndoText(Utf16(FromUtf8(text)))->date;
+  EXPECT_EQ(date.wYear, 1969);
+  EXPECT_EQ(date.wMinute, 59);
+  EXPECT_EQ(date.wMilliseconds, 0);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The texts of property tags.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "multirename/date_text.h"
 #include "multirename/rename_host.h"
 
@@ -96,6 +98,45 @@ TEST_F(PropertyTextTest, AnExceptionOfTheHostIsTheWordErrorWithoutARange) {
   EXPECT_EQ(NameOf(W("[?size]")), W("Error"));
   EXPECT_EQ(NameOf(W("[?size,2,2]")), W("Error"));
   EXPECT_EQ(NameOf(W("[?size,9,2]")), W("Error"));
+}
+
+// Fills the buffer to its last character.
+class FillingProperties final : public IHostPropertyManager {
+ public:
+  u32 GetValue(WCHAR* buffer, u32 size, const WCHAR*, void*, const WCHAR*) override {
+    std::fill(buffer, buffer + size, W('x'));
+    return 1;
+  }
+  void ListProperties(IHostPropertyList*, u32) override {}
+};
+
+TEST_F(PropertyTextTest, ATextThatFillsTheWholeBufferIsCutAtItsLastCharacter) {
+  FillingProperties filling;
+  engine_.propertyManager = &filling;
+  EXPECT_EQ(NameOf(W("[?p]")), WString(255, W('x')));
+}
+
+TEST_F(PropertyTextTest, ATextCountsForMoreThanADateAndANumberFormatMustBeginWithItsLetter) {
+  engine_.propertyManager = &properties_;
+  properties_.values[W("both")] = {W("7 text"), kNoon};
+  EXPECT_EQ(NameOf(W("[?both,{yyyy}]")), W("7 text"));
+  EXPECT_EQ(NameOf(W("[?both,{n3}]")), W("007"));
+  EXPECT_EQ(NameOf(W("[?both,{xn3}]")), W("7 text"));
+  EXPECT_EQ(NameOf(W("[?both,{ n3}]")), W("7 text"));
+  EXPECT_EQ(NameOf(W("[?both,{n0}]")), W("7"));
+}
+
+// What remains after the brace is a range like any other: one number after a comma is a start without a
+// length, of which a property makes nothing.
+TEST_F(PropertyTextTest, ARangeAfterAFormatBeginsRightAfterItsBrace) {
+  engine_.propertyManager = &properties_;
+  properties_.values[W("d")] = {W(""), kNoon};
+  EXPECT_EQ(NameOf(W("[?d,{yyyy}2]")), W("20"));
+  EXPECT_EQ(NameOf(W("[?d,{yyyy},2]")), W("2003"));
+  EXPECT_EQ(NameOf(W("[?d,{yyyy}-2]")), W("2003"));
+  EXPECT_EQ(NameOf(W("[?d,{yyyy},2-3]")), W("2003"));
+  EXPECT_EQ(NameOf(W("[?d,{yyyy},3,1]")), W("0"));
+  EXPECT_EQ(NameOf(W("[?d,{yyyy},9,1]")), W(""));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "multirename/gate_properties.h"
 #include "multirename/rename_host.h"
+#include "multirename/silent_item.h"
 #include "platform/message_window.h"
 #include "support/scratch_folder.h"
 #include "support/semaphore.h"
@@ -108,6 +109,7 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   Begin({W("a"), W("b"), W("c")}, W("x[?p][C]"));
   Preview();
   gate_.entered.Acquire();  // in the first row
+  EXPECT_TRUE(engine_->busy);
   std::thread stopper([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
   while (!engine_->worker.IsStopping()) std::this_thread::yield();
   gate_.gate.Release();
@@ -119,21 +121,141 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   EXPECT_EQ(Next(0), "none");
 }
 
-TEST_F(RenameWorkerTest, OnlyTheLastOfManyPreviewsCompletes) {
+TEST_F(RenameWorkerTest, OnlyTheLastOfManyPreviewsCompletesAndPosts) {
   engine_->propertyManager = &gate_;
-  Begin({W("a"), W("b")}, W("[?p]"));
+  Begin({W("a"), W("b")}, W("[?p]0"));
+  for (int key = 1; key <= 20; ++key) {
+    Preview();
+    gate_.entered.Acquire();  // in the first row
+    std::thread keyPress([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
+    while (!engine_->worker.IsStopping()) std::this_thread::yield();
+    gate_.gate.Release();
+    keyPress.join();
+    Compile(W("[?p]") + FromUtf8(std::to_string(key)));
+  }
+  EXPECT_EQ(gate_.asked, 20);
+  EXPECT_THAT(Names(), ElementsAre(W("19"), W("b")));
+  gate_.isOpen = true;
+  Preview();
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_EQ(Next(), "33768(0,0)");
+  EXPECT_EQ(Next(), "33868(1,0)");
+  EXPECT_EQ(Next(0), "none");
+  EXPECT_THAT(Names(), ElementsAre(W("20"), W("20")));
+  EXPECT_THAT(States(), ElementsAre(1u, 1u));
+}
+
+TEST_F(RenameWorkerTest, AJobThatIsStoppedSkipsWhatWasAskedForMeanwhileUntilTheNextWake) {
+  engine_->propertyManager = &gate_;
+  Begin({W("a")}, W("[?p]x"));
   Preview();
   gate_.entered.Acquire();
+  std::thread stopper([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
+  while (!engine_->worker.IsStopping()) std::this_thread::yield();
+  engine_->worker.WantRename(false);
+  gate_.gate.Release();
+  stopper.join();
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+  EXPECT_EQ(Next(0), "none");
+  engine_->worker.Wake();
+  EXPECT_EQ(Next(), "33868(2,0)");
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
+}
+
+TEST_F(RenameWorkerTest, ACompilationWaitsForTheEndOfAPreview) {
+  engine_->propertyManager = &gate_;
+  Begin({W("a")}, W("[?p]x"));
+  Preview();
+  gate_.entered.Acquire();
+  std::atomic<bool> compiled{false};
+  std::thread window([this, &compiled] {
+    Compile(W("y"));
+    compiled = true;
+  });
+  // It looks every 150 ms.
+  Sleep(20);
+  EXPECT_FALSE(compiled);
+  gate_.gate.Release();
+  window.join();
+  EXPECT_THAT(Names(), ElementsAre(W("x")));
+}
+
+TEST_F(RenameWorkerTest, AWakeStopsTheCurrentPreviewItself) {
+  engine_->propertyManager = &gate_;
+  Begin({W("a"), W("b")}, W("[?p]x"));
+  Preview();
+  gate_.entered.Acquire();
+  std::thread waker([this] { engine_->worker.Wake(); });
+  while (!engine_->worker.IsStopping()) std::this_thread::yield();
   gate_.isOpen = true;
   gate_.gate.Release();
-  for (int key = 0; key < 100; ++key) {
-    ASSERT_TRUE(engine_->worker.StopCurrent());
-    Compile(W("k") + FromUtf8(std::to_string(key)));
-    Preview();
-  }
+  waker.join();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EXPECT_THAT(Names(), ElementsAre(W("k99"), W("k99")));
-  EXPECT_THAT(States(), ElementsAre(1u, 1u));
+  // One row of the first preview, and both of the second.
+  EXPECT_EQ(gate_.asked, 3);
+  EXPECT_EQ(Next(), "33768(0,0)");
+  EXPECT_EQ(Next(), "33868(1,0)");
+  EXPECT_EQ(Next(0), "none");
+}
+
+TEST_F(RenameWorkerTest, EachRequestTakesThePlaceOfTheOneBefore) {
+  Begin({W("a")});
+  engine_->restoreSet = std::make_shared<MultiRenameUndo>();
+  engine_->worker.WantRename(false);
+  engine_->worker.WantRestore();
+  engine_->worker.WantPreview();
+  engine_->worker.Wake();
+  EXPECT_EQ(Next(), "33768(0,0)");
+  EXPECT_EQ(Next(), "33868(1,0)");
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  engine_->worker.WantPreview();
+  engine_->worker.WantRename(false);
+  engine_->worker.WantRestore();
+  engine_->worker.Wake();
+  EXPECT_EQ(Next(), "33868(3,0)");
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  engine_->worker.WantPreview();
+  engine_->worker.WantRestore();
+  engine_->worker.WantRename(false);
+  engine_->worker.Wake();
+  EXPECT_EQ(Next(), "33868(2,0)");
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_EQ(Next(0), "none");
+}
+
+TEST_F(RenameWorkerTest, ARestoreIsDoneOnceAndAPreviewAtEveryWake) {
+  Begin({W("a")});
+  engine_->restoreSet = std::make_shared<MultiRenameUndo>();
+  engine_->worker.WantRestore();
+  engine_->worker.Wake();
+  EXPECT_EQ(Next(), "33868(3,0)");
+  engine_->worker.Wake();
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_EQ(Next(0), "none");
+  for (int wake = 0; wake < 2; ++wake) {
+    wake == 0 ? Preview() : engine_->worker.Wake();
+    EXPECT_EQ(Next(), "33768(0,0)");
+    EXPECT_EQ(Next(), "33868(1,0)");
+    ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  }
+}
+
+TEST_F(RenameWorkerTest, ARestoreMarksTheEngineBusyAndAHostThatThrowsEndsIt) {
+  Begin({W("a")});
+  engine_->restoreSet = std::make_shared<MultiRenameUndo>();
+  bool isBusy = false;
+  host_.renames.atRun = [this, &isBusy] {
+    isBusy = engine_->busy;
+    throw std::runtime_error("no");
+  };
+  engine_->worker.WantRestore();
+  engine_->worker.Wake();
+  EXPECT_EQ(Next(), "33868(3,0)");
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_TRUE(isBusy);
+  EXPECT_FALSE(engine_->busy);
+  EXPECT_EQ(host_.servicesOut, 0);
 }
 
 TEST_F(RenameWorkerTest, ARunRenamesAllRowsWhateverTheirStatesAndKeepsTheResults) {
@@ -314,7 +436,14 @@ TEST_F(RenameWorkerTest, AWaitEndsWhenTheThreadQuitsInTheMiddleOfAPreview) {
 TEST_F(RenameWorkerTest, AnEngineEndsItsThread) {
   Begin({W("a")});
   Preview();
-  const OwnedEngine owned(engine_.release());
+  // The engine alone holds the rows, and ends with them.
+  const std::weak_ptr<MultiRenameItems> rows = rows_;
+  rows_.reset();
+  OwnedEngine(engine_.release()).reset();
+  EXPECT_TRUE(rows.expired());
+  // What it still posts, it posts before its end.
+  while (Next(0) != "none") continue;
+  EXPECT_EQ(Next(100), "none");
 }
 
 TEST_F(RenameWorkerTest, BeforeItsStartAWorkerIsIdleAndWakesNobody) {
@@ -363,6 +492,22 @@ TEST_F(RenameWorkerTest, ANewSelectionLeavesTheRowsOfARunningPreviewAlive) {
   Preview();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(Names(), ElementsAre(W("y")));
+}
+
+TEST_F(RenameWorkerTest, AHostThatThrowsInAPreviewEndsItAndTheThreadGoesOn) {
+  Begin({W("a"), W("b")}, W("[F]x"));
+  SilentItem thrower;
+  thrower.throwsAtTagText = true;
+  rows_->back().hostItem = &thrower;
+  for (int pass = 0; pass < 2; ++pass) {
+    Preview();
+    EXPECT_EQ(Next(), "33768(0,0)");
+    EXPECT_EQ(Next(), "33868(1,0)");
+    ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+    EXPECT_FALSE(engine_->busy);
+    EXPECT_EQ(engine_->currentItem, nullptr);
+    EXPECT_EQ((*rows_)[1].newName, W("b"));
+  }
 }
 
 }  // namespace

@@ -1,0 +1,117 @@
+// The end of an engine whose worker is in a long call of the host.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "multirename/rename_host.h"
+#include "support/semaphore.h"
+
+namespace Velmora::SDK {
+namespace {
+
+constexpr DWORD kLongEnough = 60000;  // milliseconds that nothing here takes
+constexpr DWORD kShort = 20;          // milliseconds
+
+class EngineCloserTest : public testing::Test {
+ protected:
+  // Begins a run that stays in the host until `go_`.
+  void BeginRun() {
+    host_.renames.atRun = [this] {
+      inRun_.Release();
+      go_.Acquire();
+      isRunOver_ = true;
+    };
+    rows_ = RowsOf(host_, {W("a")});
+    ASSERT_TRUE(CompileRules(*engine_, DefaultRules(rows_)));
+    // The engine alone holds its rows, so that they end with it.
+    watched_ = rows_;
+    rows_.reset();
+    ASSERT_TRUE(engine_->worker.Start());
+    engine_->worker.WantRename(false);
+    engine_->worker.Wake();
+    inRun_.Acquire();
+  }
+
+  // Closes the engine in a thread of its own, and lets the run go on if the closing has not returned before a
+  // time that it does not need.
+  bool ReturnsDuringTheRun(DWORD patience) {
+    std::atomic<bool> isClosed{false};
+    std::thread closing([&] {
+      EngineCloser{patience}(engine_);
+      isClosed = true;
+    });
+    constexpr DWORD kLook = 5;
+    for (DWORD waited = 0; !isClosed && waited < kLongEnough; waited += kLook) Sleep(kLook);
+    const bool returned = isClosed;
+    if (!returned) go_.Release();
+    closing.join();
+    return returned;
+  }
+
+  RenameHost host_;
+  Semaphore inRun_;
+  Semaphore go_;
+  std::atomic<bool> isRunOver_{false};
+  SharedItems rows_;
+  std::weak_ptr<MultiRenameItems> watched_;
+  MultiRenameEngine* engine_ = new MultiRenameEngine(&host_);
+};
+
+TEST_F(EngineCloserTest, AWorkerHas3000MillisecondsToEnd) {
+  EXPECT_EQ(OwnedEngine(engine_).get_deleter().patience, 3000u);
+}
+
+TEST_F(EngineCloserTest, AnEngineWhoseWorkerStaysInTheHostIsLeftToItAndNotFreed) {
+  BeginRun();
+  ASSERT_TRUE(ReturnsDuringTheRun(kShort));
+  EXPECT_FALSE(isRunOver_);
+  ASSERT_FALSE(watched_.expired());
+  // The run goes to its end with all that it uses, and the thread leaves.
+  go_.Release();
+  ASSERT_TRUE(engine_->worker.WaitForEnd(kLongEnough));
+  EXPECT_TRUE(isRunOver_);
+  EXPECT_EQ(watched_.lock()->front().state, u32{StateRenamed});
+  EXPECT_FALSE(engine_->busy);
+  delete engine_;
+  EXPECT_TRUE(watched_.expired());
+}
+
+TEST_F(EngineCloserTest, AnEngineIsWaitedForAndFreedIfItsWorkerEndsInTime) {
+  BeginRun();
+  std::thread host([this] {
+    // The closing asks the worker to end before it waits.
+    while (!engine_->worker.IsStopping()) std::this_thread::yield();
+    Sleep(kShort);
+    go_.Release();
+  });
+  EngineCloser{kLongEnough}(engine_);
+  EXPECT_TRUE(watched_.expired());
+  EXPECT_TRUE(isRunOver_);
+  host.join();
+}
+
+TEST_F(EngineCloserTest, AnIdleEngineIsFreedAtOnce) {
+  rows_ = RowsOf(host_, {W("a")});
+  ASSERT_TRUE(CompileRules(*engine_, DefaultRules(rows_)));
+  watched_ = rows_;
+  rows_.reset();
+  ASSERT_TRUE(engine_->worker.Start());
+  engine_->worker.WantPreview();
+  engine_->worker.Wake();
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EngineCloser{kLongEnough}(engine_);
+  EXPECT_TRUE(watched_.expired());
+}
+
+TEST_F(EngineCloserTest, AnEngineWithoutAThreadIsFreed) {
+  rows_ = RowsOf(host_, {W("a")});
+  ASSERT_TRUE(CompileRules(*engine_, DefaultRules(rows_)));
+  watched_ = rows_;
+  rows_.reset();
+  EngineCloser{0}(engine_);
+  EXPECT_TRUE(watched_.expired());
+}
+
+}  // namespace
+}  // namespace Velmora::SDK

@@ -1,0 +1,76 @@
+// Undo files that cannot be opened or read, and those that cannot be written or deleted.
+#include <gmock/gmock.h>
+
+#include "multirename/multi_rename_undo_store.h"
+#include "platform/posix/faults.h"
+#include "support/scratch_folder.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class MultiRenameUndoStoreFaults : public testing::Test {
+ protected:
+  MultiRenameUndoStoreFaults() : store_(nullptr) {
+    store_.folder = scratch_.Path() + W('\\');
+    for (const WORD second : {WORD{1}, WORD{2}}) {
+      session_.fileName.clear();
+      session_.date = {2026, 3, 0, 5, 14, 7, second, 0};
+      session_.entries = {{W("C:\\Data"), W("b.txt"), W("a.txt")}};
+      store_.Save(session_);
+    }
+  }
+
+  const Platform::Faults::Scope faults_;
+  const ScratchFolder scratch_;
+  MultiRenameUndoStore store_;
+  MultiRenameUndo session_;
+};
+
+TEST_F(MultiRenameUndoStoreFaults, AFileThatCannotBeOpenedIsSkippedAndTheOthersAreRead) {
+  Platform::Faults::Fail("CreateFileW", 1, ERROR_SHARING_VIOLATION);
+  store_.Load();
+  EXPECT_THAT(store_.sessions, SizeIs(1));
+}
+
+TEST_F(MultiRenameUndoStoreFaults, AFileThatCannotBeReadIsSkippedAndTheOthersAreRead) {
+  Platform::Faults::Fail("ReadFile", 1, ERROR_IO_DEVICE);
+  store_.Load();
+  EXPECT_THAT(store_.sessions, SizeIs(1));
+}
+
+TEST_F(MultiRenameUndoStoreFaults, AFolderThatCannotBeReadHasNoSessionsAndCountsAsRead) {
+  Platform::Faults::Fail("FindFirstFileExW", 1, ERROR_ACCESS_DENIED);
+  store_.Load();
+  store_.Load();
+  EXPECT_TRUE(store_.loaded);
+  EXPECT_THAT(store_.sessions, IsEmpty());
+}
+
+TEST_F(MultiRenameUndoStoreFaults, AWriteThatFailsIsNotReported) {
+  Platform::Faults::Fail("WriteFile", 1, ERROR_DISK_FULL, true);
+  session_.fileName = W("full.dat");
+  store_.Save(session_);
+  Platform::Faults::Clear();
+  EXPECT_EQ(scratch_.Read(W("full.dat")), "");
+  EXPECT_THAT(scratch_.Names(), SizeIs(3));
+}
+
+TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeDeletedStaysAndDeleteAllGoesOn) {
+  store_.Load();
+  const MultiRenameUndo* const first = store_.sessions.front().get();
+  Platform::Faults::Fail("DeleteFileW", 1, ERROR_ACCESS_DENIED);
+  EXPECT_FALSE(store_.Delete(first));
+  EXPECT_THAT(store_.sessions, SizeIs(2));
+  Platform::Faults::Fail("DeleteFileW", 1, ERROR_ACCESS_DENIED);
+  store_.DeleteAll();
+  ASSERT_THAT(store_.sessions, SizeIs(1));
+  EXPECT_EQ(store_.sessions.front().get(), first);
+  EXPECT_THAT(scratch_.Names(), ElementsAre(first->fileName));
+}
+
+}  // namespace
+}  // namespace Velmora::SDK
