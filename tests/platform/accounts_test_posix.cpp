@@ -2,24 +2,47 @@
 
 #include <gtest/gtest.h>
 
-#include <span>
-
 #include "platform/outcome.h"
-#include "platform/posix/account.h"
 #include "support/security_bytes.h"
-
-using Platform::Account;
-using Platform::AccountOfName;
-using Platform::AccountOfSid;
 
 namespace {
 
-// The size of the SID, which both functions must find.
-std::size_t SizeOfSid(const std::vector<BYTE>& sid) {
-  const std::size_t size = Platform::SidSize(sid);
-  EXPECT_EQ(Platform::SidSize(static_cast<const void*>(sid.data())), size);
-  return size;
+struct FoundAccount {
+  WString name;
+  int use;
+  friend bool operator==(const FoundAccount&, const FoundAccount&) = default;
+};
+
+// Nothing for a SID that is not mapped.
+std::optional<FoundAccount> AccountOf(std::vector<BYTE> sid) {
+  WCHAR name[40];
+  WCHAR domain[40];
+  DWORD nameSize = 40;
+  DWORD domainSize = 40;
+  SID_NAME_USE use;
+  if (LookupAccountSidW(nullptr, sid.data(), name, &nameSize, domain, &domainSize, &use)) {
+    return FoundAccount{name, use};
+  }
+  EXPECT_EQ(GetLastError(), 1332u);
+  return std::nullopt;
 }
+
+// Nothing for a name that is not mapped.
+std::optional<std::vector<BYTE>> SidOfName(const WString& name) {
+  std::vector<BYTE> sid(68);
+  WCHAR domain[40];
+  DWORD sidSize = 68;
+  DWORD domainSize = 40;
+  SID_NAME_USE use;
+  if (LookupAccountNameW(nullptr, name.c_str(), sid.data(), &sidSize, domain, &domainSize, &use)) {
+    sid.resize(sidSize);
+    return sid;
+  }
+  EXPECT_EQ(GetLastError(), 1332u);
+  return std::nullopt;
+}
+
+DWORD LengthOf(std::vector<BYTE> sid) { return GetLengthSid(sid.data()); }
 
 std::vector<BYTE> SidOfNumbers(std::size_t count) {
   return SidBytes(22, std::vector<std::uint32_t>(count, 7));
@@ -33,40 +56,23 @@ std::vector<BYTE> WithByte(std::vector<BYTE> sid, std::size_t index, BYTE byte) 
 }  // namespace
 
 TEST(SidBytesTest, ASidHasUpToFifteenNumbers) {
-  EXPECT_EQ(SizeOfSid(SidOfNumbers(0)), 8u);
-  EXPECT_EQ(SizeOfSid(SidOfNumbers(1)), 12u);
-  EXPECT_EQ(SizeOfSid(SidOfNumbers(14)), 64u);
-  EXPECT_EQ(SizeOfSid(SidOfNumbers(15)), 68u);
-  EXPECT_EQ(SizeOfSid(SidOfNumbers(16)), 0u);
+  EXPECT_EQ(LengthOf(SidOfNumbers(0)), 8u);
+  EXPECT_EQ(LengthOf(SidOfNumbers(1)), 12u);
+  EXPECT_EQ(LengthOf(SidOfNumbers(14)), 64u);
+  EXPECT_EQ(LengthOf(SidOfNumbers(15)), 68u);
+  EXPECT_EQ(LengthOf(SidOfNumbers(16)), 0u);
+  EXPECT_EQ(GetLengthSid(nullptr), 0u);
 }
 
 TEST(SidBytesTest, ASidOfAnotherRevisionIsNone) {
-  EXPECT_EQ(SizeOfSid(WithByte(EveryoneSid(), 0, 0)), 0u);
-  EXPECT_EQ(SizeOfSid(WithByte(EveryoneSid(), 0, 2)), 0u);
-}
-
-TEST(SidBytesTest, ASidThatIsCutIsNone) {
-  const std::vector<BYTE> sid = SidBytes(22, {1, 7});
-  const std::span<const BYTE> bytes(sid);
-  EXPECT_EQ(Platform::SidSize(bytes), 16u);
-  for (std::size_t size = 0; size < 16; ++size) EXPECT_EQ(Platform::SidSize(bytes.first(size)), 0u) << size;
-  EXPECT_EQ(Platform::SidSize(static_cast<const void*>(nullptr)), 0u);
-}
-
-TEST(SidBytesTest, WhatFollowsASidIsNotOfIt) {
-  std::vector<BYTE> bytes = UserSidBytes(7);
-  bytes.push_back(1);
-  EXPECT_EQ(Platform::SidSize(bytes), 16u);
-  EXPECT_EQ(AccountOfSid(bytes), Platform::UserAccount(7));
+  EXPECT_EQ(LengthOf(WithByte(EveryoneSid(), 0, 0)), 0u);
+  EXPECT_EQ(LengthOf(WithByte(EveryoneSid(), 0, 2)), 0u);
 }
 
 TEST(SidBytesTest, AreThoseOfTheThreeKinds) {
-  EXPECT_EQ(AccountOfSid(EveryoneSid()), Platform::kEveryoneAccount);
-  EXPECT_EQ(AccountOfSid(UserSidBytes(0x01020304)), Platform::UserAccount(0x01020304));
-  EXPECT_EQ(AccountOfSid(GroupSidBytes(9)), Platform::GroupAccount(9));
-  EXPECT_EQ(Platform::SidOf(Platform::kEveryoneAccount), EveryoneSid());
-  EXPECT_EQ(Platform::SidOf(Platform::UserAccount(0x01020304)), UserSidBytes(0x01020304));
-  EXPECT_EQ(Platform::SidOf(Platform::GroupAccount(9)), GroupSidBytes(9));
+  EXPECT_EQ(AccountOf(EveryoneSid()), (FoundAccount{W("Everyone"), SidTypeWellKnownGroup}));
+  EXPECT_EQ(AccountOf(UserSidBytes(0xFEDCBA98)), (FoundAccount{W("4275878552"), SidTypeUser}));
+  EXPECT_EQ(AccountOf(GroupSidBytes(0xFEDCBA98)), (FoundAccount{W("4275878552"), SidTypeAlias}));
 }
 
 TEST(SidBytesTest, AnyOtherSidIsOfNoAccount) {
@@ -76,46 +82,34 @@ TEST(SidBytesTest, AnyOtherSidIsOfNoAccount) {
       SidBytes(22, {0, 7}), SidBytes(22, {3, 7}), SidBytes(21, {1, 7}), SidBytes(23, {1, 7}),
       SidBytes(22, {}),
   };
-  for (const std::vector<BYTE>& sid : rows) {
-    EXPECT_EQ(AccountOfSid(sid), std::nullopt) << SidText(sid.data());
-  }
+  for (const std::vector<BYTE>& sid : rows) EXPECT_EQ(AccountOf(sid), std::nullopt) << SidText(sid.data());
   // The authority is a number of six bytes.
   for (std::size_t index = 2; index < 7; ++index) {
-    EXPECT_EQ(AccountOfSid(WithByte(EveryoneSid(), index, 1)), std::nullopt) << index;
-    EXPECT_EQ(AccountOfSid(WithByte(UserSidBytes(7), index, 1)), std::nullopt) << index;
+    EXPECT_EQ(AccountOf(WithByte(EveryoneSid(), index, 1)), std::nullopt) << index;
+    EXPECT_EQ(AccountOf(WithByte(UserSidBytes(7), index, 1)), std::nullopt) << index;
   }
 }
 
 TEST(AccountNamesTest, ANumberIsTheUserOfThatIdButTheHighestIsNone) {
-  EXPECT_EQ(AccountOfName(u"4294967294"), Platform::UserAccount(4294967294));
-  EXPECT_EQ(AccountOfName(u"4294967295"), std::nullopt);
-  EXPECT_EQ(AccountOfName(u"4294967296"), std::nullopt);
-  EXPECT_EQ(AccountOfName(u"7x"), std::nullopt);
-  EXPECT_EQ(AccountOfName(u"-7"), std::nullopt);
-  EXPECT_EQ(AccountOfName(u""), std::nullopt);
-  EXPECT_EQ(AccountOfName(std::u16string_view(u"7\0", 2)), std::nullopt);
+  EXPECT_EQ(SidOfName(W("4294967294")), UserSidBytes(4294967294));
+  EXPECT_EQ(SidOfName(W("4294967295")), std::nullopt);
+  EXPECT_EQ(SidOfName(W("4294967296")), std::nullopt);
+  EXPECT_EQ(SidOfName(W("7x")), std::nullopt);
+  EXPECT_EQ(SidOfName(W("-7")), std::nullopt);
+  EXPECT_EQ(SidOfName(W("")), std::nullopt);
 }
 
 TEST(AccountNamesTest, EveryoneIsNamedInAnyCaseAndWhole) {
-  EXPECT_EQ(AccountOfName(u"EVERYONE"), Platform::kEveryoneAccount);
-  EXPECT_EQ(AccountOfName(u"everyone"), Platform::kEveryoneAccount);
-  EXPECT_EQ(AccountOfName(u"Everyon"), std::nullopt);
-  EXPECT_EQ(AccountOfName(u"Everyones"), std::nullopt);
-  EXPECT_EQ(Platform::NameOf(Platform::kEveryoneAccount), u"Everyone");
+  EXPECT_EQ(SidOfName(W("EVERYONE")), EveryoneSid());
+  EXPECT_EQ(SidOfName(W("everyone")), EveryoneSid());
+  EXPECT_EQ(SidOfName(W("Everyon")), std::nullopt);
+  EXPECT_EQ(SidOfName(W("Everyones")), std::nullopt);
 }
 
-TEST(AccountNamesTest, AnAccountWithoutANameIsItsNumber) {
-  EXPECT_EQ(Platform::NameOf(Platform::UserAccount(4294967294)), u"4294967294");
-  EXPECT_EQ(Platform::NameOf(Platform::GroupAccount(4294967293)), u"4294967293");
-}
-
-TEST(AccountNamesTest, AUserIsAMemberOfEveryoneLast) {
-  EXPECT_EQ(Platform::WithMemberships(Platform::kEveryoneAccount),
-            std::vector<Account>{Platform::kEveryoneAccount});
-  EXPECT_EQ(Platform::WithMemberships(Platform::GroupAccount(9)),
-            (std::vector<Account>{Platform::GroupAccount(9), Platform::kEveryoneAccount}));
-  EXPECT_EQ(Platform::WithMemberships(Platform::UserAccount(4294967294)),
-            (std::vector<Account>{Platform::UserAccount(4294967294), Platform::kEveryoneAccount}));
+TEST(AccountNamesTest, TheSuperuserAndItsGroupAreTheFirst) {
+  EXPECT_EQ(SidOfName(W("root")), UserSidBytes(0));
+  EXPECT_EQ(AccountOf(UserSidBytes(0)), (FoundAccount{W("root"), SidTypeUser}));
+  EXPECT_EQ(AccountOf(GroupSidBytes(0)), (FoundAccount{W("root"), SidTypeAlias}));
 }
 
 TEST(AccountLookupsTest, EachArgumentMustBeThere) {
@@ -190,6 +184,7 @@ TEST(AccountLookupsTest, ALocalSystemMayBeNamedByAnEmptyText) {
   SID_NAME_USE use;
   EXPECT_TRUE(LookupAccountSidW(W(""), sid.data(), name, &nameSize, domain, &domainSize, &use));
   EXPECT_EQ(use, SidTypeUser);
+  nameSize = domainSize = 20;
   sid = GroupSidBytes(4294967293);
   EXPECT_TRUE(LookupAccountSidW(W(""), sid.data(), name, &nameSize, domain, &domainSize, &use));
   EXPECT_EQ(use, SidTypeAlias);
