@@ -33,10 +33,10 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
   // clang-format off
   const RuledField<Form> rows[] = {
     {ChoiceField("saveMode", form.saveMode, kSaveModeWords), Always},
-    {LimitedField("targetName", form.targetName, Form::kMostChars), WhileNew},
-    {LimitedField("find", form.find, Form::kMostChars), Always},
+    {CutField("targetName", form.targetName, Form::kMostChars), WhileNew},
+    {CutField("find", form.find, Form::kMostChars), Always},
     {ChoiceField("findMode", form.findMode, kModeWords), Always},
-    {LimitedField("replace", form.replace, Form::kMostChars), Always},
+    {CutField("replace", form.replace, Form::kMostChars), Always},
     {FlagField("regExp", form.regExp), Never},
     {FlagField("wildcard", form.wildcard), Always},
     {FlagField("ignoreCase", form.ignoreCase), Always},

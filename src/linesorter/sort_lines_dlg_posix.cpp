@@ -48,7 +48,7 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
     {FlagField("skipLeadingSpace", form.skipLeadingSpace), Always},
     {ChoiceField("sortBy", form.sortBy, kSortByWords), Always},
     {NumberField("length", form.length, Form::kMostLengthDigits), While<&Enabled::length>},
-    {CharacterField("endCharacter", form.endCharacter), While<&Enabled::endCharacter>},
+    {CutField("endCharacter", form.endCharacter, 1), While<&Enabled::endCharacter>},
     {FlagField("endAtWhitespace", form.endAtWhitespace), While<&Enabled::endAtWhitespace>},
     {TextField("separator", form.separator), While<&Enabled::separator>},
     {NumberField("item", form.item, Form::kMostNumberDigits), While<&Enabled::item>},

@@ -161,7 +161,7 @@ TEST(SortLinesDlg, LimitedFieldsSayWhatTheyTake) {
                                       {"length", "a number from 0 to 999999999"},
                                       {"targetName", "at most 259 characters"},
                                       {"dateFormat", "at most 128 characters"},
-                                      {"endCharacter", "1 character"},
+                                      {"endCharacter", "at most 1 character"},
                                       {"separator", ""},
                                       {"reverse", ""}}) {
       EXPECT_EQ(FieldOf(request, name).takes, takes) << name;

@@ -25,7 +25,7 @@ inline FormField LimitedField(const char* name, WString& member, std::size_t cha
   field.set = [characters, set = field.set](const WString& text) {
     return text.size() <= characters && set(text);
   };
-  field.takes = "at most " + std::to_string(characters) + " characters";
+  field.takes = "at most " + std::to_string(characters) + (characters == 1 ? " character" : " characters");
   return field;
 }
 
@@ -41,10 +41,10 @@ inline FormField NumberField(const char* name, WString& member, std::size_t digi
   return field;
 }
 
-// A text of which the form keeps the first character.
-inline FormField CharacterField(const char* name, WString& member) {
-  FormField field = TextField(name, member);
-  field.takes = "1 character";
+// A text of which the first characters are kept, so many at most.
+inline FormField CutField(const char* name, WString& member, std::size_t characters) {
+  FormField field = LimitedField(name, member, characters);
+  field.set = [characters, set = field.set](const WString& text) { return set(text.substr(0, characters)); };
   return field;
 }
 
