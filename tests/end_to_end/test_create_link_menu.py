@@ -118,6 +118,38 @@ class CreateLinkMenu(LinkMenuTest):
         with open(self.in_panel("bare"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "here first")
 
+    def test_a_shortcut_never_takes_the_place_of_a_file_that_is_none(self):
+        self.make("a.txt")
+        self.store_kind(4)
+        with open(self.in_panel("a.lnk"), "w", encoding="utf-8") as file:
+            file.write("here first")
+        outcome = self.link("a.txt", answers=["ok", "ok"])
+        self.assertEqual(outcome.of("log"), [self.failed("Unknown", 3, "a.lnk", "a.txt")])
+        self.assertEqual(self.asked(outcome)[1:], [("box", "Command Failed", "ok")])
+        with open(self.in_panel("a.lnk"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "here first")
+
+    def test_a_shortcut_takes_the_place_of_another(self):
+        self.make("a.txt", "sub/a.txt")
+        self.store_kind(4)
+        self.link("a.txt")
+        with open(self.in_panel("a.lnk"), "rb") as file:
+            first = file.read()
+        outcome = self.link("sub/a.txt")
+        self.assertEqual(outcome.of("log"), [self.created("Unknown", "a.lnk", "sub/a.txt")])
+        with open(self.in_panel("a.lnk"), "rb") as file:
+            self.assertNotEqual(file.read(), first)
+
+    def test_a_folder_is_no_junction_to_itself(self):
+        self.make("sub/", "other/")
+        self.panel = self.folder
+        self.store_kind(2)
+        outcome = self.link("sub", answers=["ok", "ok"])
+        self.assertEqual(outcome.of("log"), [self.failed("Junction", 13, "sub", "sub")])
+        self.assertEqual(self.asked(outcome)[1:], [("box", "Command Failed", "ok")])
+        self.assertEqual(self.names(), ["other/", "sub/"])
+        self.assertFalse(os.path.islink(self.path("sub")))
+
     def test_the_first_failure_of_several_is_told_and_ends_it(self):
         self.make("a", "b", "c")
         self.store_kind(1)
