@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/outcome.h"
+#include "support/as_user_posix.h"
 #include "support/security_bytes.h"
 
 using testing::ElementsAre;
@@ -125,6 +126,15 @@ TEST(AccessListBytesTest, GeneralRightsAreThoseOfFilesWithTheOthers) {
     list.Add(0, 0, general, EveryoneSid());
     EXPECT_EQ(RightsIn(list.Get()), (Rights{0, rights})) << std::hex << general;
   }
+}
+
+TEST(AccessListBytesTest, AUserWithoutGroupsOfItsOwnIsInNoOther) {
+  if (!IsSuperuser()) return;  // who cannot become another
+  BuiltList list;
+  list.Add(0, 0, 1, GroupSidBytes(0)).Add(0, 0, 2, UserSidBytes(0)).Add(0, 0, 4, GroupSidBytes(kNobody));
+  list.Add(0, 0, 8, UserSidBytes(kNobody)).Add(0, 0, 16, EveryoneSid());
+  const AsOrdinaryUser user;
+  EXPECT_EQ(RightsIn(list.Get()), (Rights{0, 4 | 8 | 16}));
 }
 
 TEST(AccessListBytesTest, OnlyTheCurrentUserIsMapped) {
