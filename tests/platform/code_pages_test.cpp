@@ -294,6 +294,7 @@ TEST(CodePagesTest, WrongArgumentsAreRefused) {
   char bytes[4];
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, nullptr, 3, wide, 4)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 0, wide, 4)), 87u);
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_UTF8, 0, "abc", 0, wide, 4)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 3, nullptr, 4)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 3, wide, -1)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(99999, 0, "abc", 3, wide, 4)), 87u);
