@@ -85,7 +85,7 @@ TEST(DateFormatTest, EachMonthAndDayOfTheWeekHasItsNames) {
 
 TEST(DateFormatTest, NumbersHaveNoMoreDigitsThanAsked) {
   constexpr SYSTEMTIME kEarly = {2001, 1, 0, 2, 3, 4, 5, 0};
-  EXPECT_EQ(DateTextOf(kEarly, W("d dd M MM y yy yyy yyyy")), W("2 02 1 01 1 01 2001 2001"));
+  EXPECT_EQ(DateTextOf(kEarly, W("d dd M MM yy yyyy")), W("2 02 1 01 01 2001"));
   EXPECT_EQ(TimeTextOf(kEarly, W("H HH m mm s ss")), W("3 03 4 04 5 05"));
 }
 

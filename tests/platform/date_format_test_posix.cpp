@@ -62,6 +62,14 @@ TEST(NativeDateFormatTest, AQuoteWithoutAnEndGoesToTheEnd) {
   EXPECT_EQ(DateIn(W("'d' d")), W("d 22"));
 }
 
+// Wine gives two digits.
+TEST(NativeDateFormatTest, AYearOfOneLetterHasNoLeadingZero) {
+  constexpr SYSTEMTIME kEarly = {2001, 1, 0, 2, 0, 0, 0, 0};
+  WCHAR buffer[100] = {};
+  EXPECT_EQ(GetDateFormatW(LOCALE_USER_DEFAULT, 0, &kEarly, W("y yyy"), buffer, 100), 7);
+  EXPECT_EQ(WString(buffer), W("1 2001"));
+}
+
 TEST(NativeDateFormatTest, EachArgumentMustBeThere) {
   WCHAR buffer[100];
   EXPECT_EQ(FailureOf(GetDateFormatW(LOCALE_USER_DEFAULT, 0, nullptr, W("d"), buffer, 100)), 87u);
