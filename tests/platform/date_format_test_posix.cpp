@@ -3,26 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "platform/outcome.h"
 #include "platform/text.h"
+#include "support/in_environment_posix.h"
 
 namespace {
 
 constexpr SYSTEMTIME kEvening = {2026, 11, 0, 22, 19, 5, 0, 0};
-
-// `check` in a process of its own, whose environment names this language.
-template <typename Check>
-void InDateLanguage(const char* language, Check check) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const auto checkAndLeave = [&] {
-    setenv("LC_ALL", language, 1);
-    check();
-    std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
-  };
-  EXPECT_EXIT(checkAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "") << language;
-}
 
 WString DateIn(const WCHAR* picture) {
   WCHAR buffer[100] = {};
@@ -37,7 +24,7 @@ WString UsersPicture(DWORD item) {
 }
 
 TEST(NativeDateFormatDeathTest, AMonthBesideADayIsInItsOtherCase) {
-  InDateLanguage("pl_PL.UTF-8", [] {
+  InEnvironment("LC_ALL", "pl_PL.UTF-8", [] {
     EXPECT_EQ(DateIn(W("MMMM yyyy")), W("listopad 2026"));
     EXPECT_EQ(DateIn(W("d MMMM")), W("22 listopada"));
     EXPECT_EQ(DateIn(W("dddd")), W("niedziela"));
@@ -45,12 +32,12 @@ TEST(NativeDateFormatDeathTest, AMonthBesideADayIsInItsOtherCase) {
 }
 
 TEST(NativeDateFormatDeathTest, ThePicturesOfTheLanguageAreInWindowsLetters) {
-  InDateLanguage("de_DE.UTF-8", [] {
+  InEnvironment("LC_ALL", "de_DE.UTF-8", [] {
     EXPECT_EQ(UsersPicture(LOCALE_SSHORTDATE), W("d.M.yyyy"));
     EXPECT_EQ(UsersPicture(LOCALE_STIMEFORMAT), W("HH:mm:ss"));
     EXPECT_EQ(DateIn(W("dddd, d. MMMM")), W("Sonntag, 22. November"));
   });
-  InDateLanguage("en_US.UTF-8", [] {
+  InEnvironment("LC_ALL", "en_US.UTF-8", [] {
     EXPECT_EQ(UsersPicture(LOCALE_SSHORTDATE), W("M/d/yyyy"));
     EXPECT_EQ(UsersPicture(LOCALE_STIMEFORMAT), W("h:mm:ss tt"));
   });

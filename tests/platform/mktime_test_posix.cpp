@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/windows_api.h"
+#include "support/in_environment_posix.h"
 #include "support/scratch_folder.h"
 #include "support/time_of.h"
 
@@ -20,14 +21,10 @@ constexpr char kCentralEurope[] = "CET-1CEST,M3.5.0,M10.5.0/3";
 // `check` in a process of its own, which stands in this zone.
 template <typename Check>
 void InZone(const char* zone, Check check) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const auto checkAndLeave = [&] {
-    setenv("TZ", zone, 1);
+  InEnvironment("TZ", zone, [&] {
     tzset();
     check();
-    std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
-  };
-  EXPECT_EXIT(checkAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "") << zone;
+  });
 }
 
 std::int64_t Seconds(std::tm time) { return _mktime64(&time); }
