@@ -110,5 +110,16 @@ TEST(FindReplaceManagerTest, WithoutAFileAFolderOrADocumentNothingHappens) {
   EXPECT_EQ(host.files.documents, 0);
 }
 
+TEST(FindReplaceManagerTest, WhatTheHostRefusesOrLeavesEmptyIsNoFolder) {
+  for (const auto& [result, text] : {std::pair{false, W("C:\\config\\")}, {true, W("")}}) {
+    DoubtfulHost host;
+    host.result = result;
+    host.text = text;
+    FindReplaceManager manager(host);
+    manager.Load();
+    EXPECT_THAT(host.recorder.CallsOf({"CreateXmlDocument"}), testing::IsEmpty());
+  }
+}
+
 }  // namespace
 }  // namespace Velmora::SDK

@@ -247,5 +247,17 @@ TEST_F(MultiRenameProfilesTest, NamesThatDifferOnlyInCaseAreOne) {
   EXPECT_THAT(profiles.profiles, IsEmpty());
 }
 
+TEST(MultiRenameProfilesFolderTest, WhatTheHostRefusesOrLeavesEmptyIsNoFolder) {
+  DoubtfulHost host;
+  MultiRenameProfiles profiles(host);
+  for (const auto& [result, text] : {std::pair{false, W("C:\\config\\")}, {true, W("")}}) {
+    host.result = result;
+    host.text = text;
+    profiles.Load();
+    EXPECT_EQ(profiles.filePath, W(""));
+    EXPECT_THAT(host.recorder.CallsOf({"CreateXmlDocument"}), IsEmpty());
+  }
+}
+
 }  // namespace
 }  // namespace Velmora::SDK

@@ -56,16 +56,6 @@ TEST_F(MultiRenameUndoStoreTest, WithoutAHostOrItsFolderNothingIsReadOrWritten) 
   EXPECT_THAT(scratch_.Names(), IsEmpty());
 }
 
-// A host that says one thing and stores another.
-struct DoubtfulHost final : FakeHost {
-  bool result = false;
-  WString text;
-  bool GetConfigPath(WCHAR* buffer, u32 size) override {
-    CopyTerminated(buffer, size, WStringView(text));
-    return result;
-  }
-};
-
 TEST_F(MultiRenameUndoStoreTest, AFolderThatTheHostRefusesOrLeavesEmptyIsNone) {
   DoubtfulHost host;
   host.text = scratch_.Path();
