@@ -8,10 +8,11 @@
 namespace WQLineSorter {
 namespace {
 
-constexpr std::uint64_t Number(std::uint64_t digit, std::uint64_t rest) { return digit << 56 | rest; }
+constexpr std::uint64_t DigitNumber(std::uint64_t digit, std::uint64_t rest) { return digit << 56 | rest; }
 
-constexpr std::uint64_t kCommons[] = {Number(0x00, 7), Number(0x61, 5), Number(0x61, 6),   Number(0x61, 9),
-                                      Number(0x62, 5), Number(0xFE, 1), Number(0xFF, 1000)};
+constexpr std::uint64_t kCommons[] = {DigitNumber(0x00, 7),   DigitNumber(0x61, 5), DigitNumber(0x61, 6),
+                                      DigitNumber(0x61, 9),   DigitNumber(0x62, 5), DigitNumber(0xFE, 1),
+                                      DigitNumber(0xFF, 1000)};
 
 NumberParts PartsOfCommons() {
   std::vector<CommonBeginning> commons;
@@ -23,8 +24,8 @@ TEST(NumberPartsTest, WithoutCommonBeginningsEachHighestDigitHasAPart) {
   const NumberParts parts({});
   EXPECT_EQ(parts.Count(), 256u);
   for (std::uint64_t digit = 0; digit < 256; ++digit) {
-    EXPECT_EQ(parts.PartOf(Number(digit, 0)), digit);
-    EXPECT_EQ(parts.PartOf(Number(digit, 0xFFFFFFFFFFFFFF)), digit);
+    EXPECT_EQ(parts.PartOf(DigitNumber(digit, 0)), digit);
+    EXPECT_EQ(parts.PartOf(DigitNumber(digit, 0xFFFFFFFFFFFFFF)), digit);
     EXPECT_EQ(parts.CommonOf(digit), NumberParts::kNone);
   }
 }
@@ -55,7 +56,7 @@ TEST(NumberPartsTest, PartsFollowTheOrderOfTheNumbers) {
   std::size_t last = 0;
   for (std::uint64_t digit = 0; digit < 256; ++digit) {
     for (const unsigned rest : {0u, 1u, 2u, 4u, 5u, 6u, 7u, 8u, 9u, 10u, 999u, 1000u, 1001u}) {
-      const std::size_t part = parts.PartOf(Number(digit, rest));
+      const std::size_t part = parts.PartOf(DigitNumber(digit, rest));
       ASSERT_LT(part, parts.Count());
       EXPECT_GE(part, last) << digit << " " << rest;
       last = part;
@@ -67,15 +68,15 @@ TEST(NumberPartsTest, WhatLiesBetweenBeginningsIsApartFromThem) {
   const NumberParts parts = PartsOfCommons();
   for (std::uint64_t digit = 0; digit < 256; ++digit) {
     for (const unsigned rest : {0u, 1u, 4u, 5u, 6u, 7u, 8u, 9u, 10u, 999u, 1000u, 1001u}) {
-      const std::uint64_t number = Number(digit, rest);
+      const std::uint64_t number = DigitNumber(digit, rest);
       const bool isCommon = std::ranges::find(kCommons, number) != std::end(kCommons);
       EXPECT_EQ(parts.CommonOf(parts.PartOf(number)) != NumberParts::kNone, isCommon) << digit << " " << rest;
     }
   }
-  EXPECT_NE(parts.PartOf(Number(0x61, 4)), parts.PartOf(Number(0x61, 7)));
-  EXPECT_NE(parts.PartOf(Number(0x61, 7)), parts.PartOf(Number(0x61, 10)));
-  EXPECT_NE(parts.PartOf(Number(0x61, 10)), parts.PartOf(Number(0x62, 0)));
-  EXPECT_EQ(parts.PartOf(Number(0x61, 7)), parts.PartOf(Number(0x61, 8)));
+  EXPECT_NE(parts.PartOf(DigitNumber(0x61, 4)), parts.PartOf(DigitNumber(0x61, 7)));
+  EXPECT_NE(parts.PartOf(DigitNumber(0x61, 7)), parts.PartOf(DigitNumber(0x61, 10)));
+  EXPECT_NE(parts.PartOf(DigitNumber(0x61, 10)), parts.PartOf(DigitNumber(0x62, 0)));
+  EXPECT_EQ(parts.PartOf(DigitNumber(0x61, 7)), parts.PartOf(DigitNumber(0x61, 8)));
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ std::optional<FoundAccount> AccountOf(std::vector<BYTE> sid) {
 }
 
 // Nothing for a name that is not mapped.
-std::optional<std::vector<BYTE>> SidOfName(const WString& name) {
+std::optional<std::vector<BYTE>> SidBytesOfName(const WString& name) {
   std::vector<BYTE> sid(68);
   WCHAR domain[40];
   DWORD sidSize = 68;
@@ -91,23 +91,23 @@ TEST(SidBytesTest, AnyOtherSidIsOfNoAccount) {
 }
 
 TEST(AccountNamesTest, ANumberIsTheUserOfThatIdButTheHighestIsNone) {
-  EXPECT_EQ(SidOfName(W("4294967294")), UserSidBytes(4294967294));
-  EXPECT_EQ(SidOfName(W("4294967295")), std::nullopt);
-  EXPECT_EQ(SidOfName(W("4294967296")), std::nullopt);
-  EXPECT_EQ(SidOfName(W("7x")), std::nullopt);
-  EXPECT_EQ(SidOfName(W("-7")), std::nullopt);
-  EXPECT_EQ(SidOfName(W("")), std::nullopt);
+  EXPECT_EQ(SidBytesOfName(W("4294967294")), UserSidBytes(4294967294));
+  EXPECT_EQ(SidBytesOfName(W("4294967295")), std::nullopt);
+  EXPECT_EQ(SidBytesOfName(W("4294967296")), std::nullopt);
+  EXPECT_EQ(SidBytesOfName(W("7x")), std::nullopt);
+  EXPECT_EQ(SidBytesOfName(W("-7")), std::nullopt);
+  EXPECT_EQ(SidBytesOfName(W("")), std::nullopt);
 }
 
 TEST(AccountNamesTest, EveryoneIsNamedInAnyCaseAndWhole) {
-  EXPECT_EQ(SidOfName(W("EVERYONE")), EveryoneSid());
-  EXPECT_EQ(SidOfName(W("everyone")), EveryoneSid());
-  EXPECT_EQ(SidOfName(W("Everyon")), std::nullopt);
-  EXPECT_EQ(SidOfName(W("Everyones")), std::nullopt);
+  EXPECT_EQ(SidBytesOfName(W("EVERYONE")), EveryoneSid());
+  EXPECT_EQ(SidBytesOfName(W("everyone")), EveryoneSid());
+  EXPECT_EQ(SidBytesOfName(W("Everyon")), std::nullopt);
+  EXPECT_EQ(SidBytesOfName(W("Everyones")), std::nullopt);
 }
 
 TEST(AccountNamesTest, TheSuperuserAndItsGroupAreTheFirst) {
-  EXPECT_EQ(SidOfName(W("root")), UserSidBytes(0));
+  EXPECT_EQ(SidBytesOfName(W("root")), UserSidBytes(0));
   EXPECT_EQ(AccountOf(UserSidBytes(0)), (FoundAccount{W("root"), SidTypeUser}));
   EXPECT_EQ(AccountOf(GroupSidBytes(0)), (FoundAccount{W("root"), SidTypeAlias}));
 }
