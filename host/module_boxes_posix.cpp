@@ -21,7 +21,7 @@ class PlatformBoxes final : public ModuleBoxes, public Platform::UserInterface {
   INT_PTR Dialog(Platform::FormRequest& form) override {
     std::vector<DialogField> fields;
     for (const Platform::FormField& field : form.fields) {
-      fields.push_back({field.name, field.get, field.set, field.words, field.isEnabled});
+      fields.push_back({field.name, field.get, field.set, field.words, field.isEnabled, field.takes});
     }
     const bool isOk = questions_.AskDialog(form.dialog, form.title, form.text, fields, form.isOkEnabled);
     return isOk ? IDOK : IDCANCEL;

@@ -181,6 +181,7 @@ Questions::FieldMistake Questions::MistakeOfValue(const DialogField& field, cons
   for (const WString& word : field.words) words.push_back(ToUtf8(word));
   for (const std::string& word : words)
     mistake.reason += (mistake.reason.empty() ? ": it takes " : ", ") + word;
+  if (!field.takes.empty()) mistake.reason = ": it takes " + field.takes;
   const std::vector<std::string_view> views(words.begin(), words.end());
   mistake.proposal = DidYouMean(value, views);
   return mistake;
@@ -194,8 +195,13 @@ std::optional<Questions::FieldMistake> Questions::SetField(const std::vector<Dia
     for (const DialogField& candidate : fields) names.push_back(candidate.name);
     return FieldMistake{"there is no field " + name, {}, DidYouMean(name, names)};
   }
-  if (field->set(value)) return std::nullopt;
-  return MistakeOfValue(*field, ToUtf8(value));
+  if (!field->set(value)) return MistakeOfValue(*field, ToUtf8(value));
+  const WString kept = field->get();
+  if (!field->takes.empty() && kept != value) {
+    output_.Problem("note: the field " + name + " is " + ToUtf8(kept) + " and not " + ToUtf8(value) +
+                    ": it takes " + field->takes);
+  }
+  return std::nullopt;
 }
 
 // What is for this dialog. Where a field comes again under the dialog's name, that begins what the next one

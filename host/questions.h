@@ -24,6 +24,7 @@ struct DialogField {
   std::function<bool(const WString&)> set;    // false: no value of this field
   std::vector<WString> words = {};            // the values that it takes; empty if they are no list
   std::function<bool()> isEnabled = nullptr;  // null: it always is
+  std::string takes = {};                     // what it takes if that is neither a list nor any text
 };
 
 // A value for a field, as `--form F=V` gives it: for the next dialog, or, with a field of the form DIALOG.F,

@@ -112,6 +112,12 @@ class Build:
         with self._file_changed(name, text):
             return all(self._compile(one) for one in self.changed_objects)
 
+    def is_same_program(self):
+        """Whether the compiled code is what it was: a place that this build leaves out, or that changes nothing."""
+        return all(
+            filecmp.cmp(self.changed / one, self.objects / one, shallow=False) for one in self.changed_objects
+        )
+
     def link_unchanged(self):
         """Links all programs in the way of changed ones, without a change."""
         self._begin([])

@@ -23,7 +23,7 @@ constexpr bool IsLineEnd(CharT c) {
 template <typename CharT>
 const CharT* FindLineEnd(const CharT* p, const CharT* end) {
 #if defined(__SSE2__) || defined(_M_X64)
-  constexpr int kStep = 16 / sizeof(CharT);
+  constexpr int kStep = sizeof(__m128i) / sizeof(CharT);
   const auto equal = [](__m128i a, __m128i b) {
     return sizeof(CharT) == 1 ? _mm_cmpeq_epi8(a, b) : _mm_cmpeq_epi16(a, b);
   };

@@ -22,9 +22,6 @@ constexpr std::size_t kBlocksAtOnce = 20;
 constexpr std::size_t kLineLength = 76;
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Bytes of a header line with its terminator.
-constexpr std::size_t kHeaderLineSize = 2048;
-
 // Bytes that are looked at for the name, for the end of the header, and that are decoded at once.
 constexpr std::size_t kNameSearchBytes = 1023;
 constexpr std::size_t kDecodeBlock = 4096;
@@ -45,14 +42,10 @@ constexpr HeaderLine kHeader[] = {
 };
 // clang-format on
 
-// A name that a line has no room for is cut; no file system has one so long.
+// A line has room for any name: no file system has one of 2000 bytes.
 bool WriteHeader(FileOutput& target, const std::string& name) {
   for (const HeaderLine& line : kHeader) {
-    const std::string_view before = line.before;
-    const std::string_view behind = line.behind;
-    std::string text(before);
-    if (line.hasName) text.append(name, 0, kHeaderLineSize - 1 - before.size() - behind.size());
-    text += behind;
+    const std::string text = line.before + (line.hasName ? name : std::string()) + line.behind;
     if (!target.Add(text.data(), text.size())) return false;
   }
   return true;

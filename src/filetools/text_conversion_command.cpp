@@ -58,15 +58,15 @@ bool CopyBytes(FileInput& from, FileOutput& to) {
 
 // Copies a file to a name that must be free. Returns false, and leaves nothing there, if that fails.
 bool CopyToFreeName(const WString& source, const WString& target) {
-  bool isCopied = false;
+  FileInput from;
+  if (!from.Open(source)) return false;
   {
-    FileInput from;
     FileOutput to;
-    if (!from.Open(source) || !to.Create(target, false)) return false;
-    isCopied = CopyBytes(from, to);
+    if (!to.Create(target, false)) return false;
+    if (CopyBytes(from, to)) return true;
   }
-  if (!isCopied) DeleteFileW(target.c_str());
-  return isCopied;
+  DeleteFileW(target.c_str());
+  return false;
 }
 
 // Brings the text, whose old file is deleted, under the file's name.

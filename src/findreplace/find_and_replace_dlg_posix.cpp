@@ -33,10 +33,10 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
   // clang-format off
   const RuledField<Form> rows[] = {
     {ChoiceField("saveMode", form.saveMode, kSaveModeWords), Always},
-    {TextField("targetName", form.targetName), WhileNew},
-    {TextField("find", form.find), Always},
+    {CutField("targetName", form.targetName, Form::kMostChars), WhileNew},
+    {CutField("find", form.find, Form::kMostChars), Always},
     {ChoiceField("findMode", form.findMode, kModeWords), Always},
-    {TextField("replace", form.replace), Always},
+    {CutField("replace", form.replace, Form::kMostChars), Always},
     {FlagField("regExp", form.regExp), Never},
     {FlagField("wildcard", form.wildcard), Always},
     {FlagField("ignoreCase", form.ignoreCase), Always},

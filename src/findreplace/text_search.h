@@ -56,7 +56,7 @@ namespace search_detail {
 template <typename CharT>
 class CharMask {
  public:
-  static constexpr int kStep = 16 / sizeof(CharT);
+  static constexpr int kStep = sizeof(__m128i) / sizeof(CharT);
 
   // Matches `c`, and with `bothCases` the letter's other case.
   CharMask(CharT c, bool bothCases) : one_(Fill(c)), other_(Fill(bothCases ? OtherCase(c) : c)) {}

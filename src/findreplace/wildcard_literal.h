@@ -164,9 +164,9 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
   if (starts - from >= kLanes) {
     const EndsFinder finder(*this);
     while (p < starts) {
-      // The last step goes back so far that it ends at the last start.
+      // The last step goes back so far that it ends at the last start; what it sees again has not matched.
       const CharT* const base = starts - p < kLanes ? starts - kLanes : p;
-      unsigned hits = finder.At(base) & ~0u << static_cast<unsigned>(p - base) * sizeof(CharT);
+      unsigned hits = finder.At(base);
       while (hits != 0) {
         const unsigned lane = static_cast<unsigned>(std::countr_zero(hits)) / sizeof(CharT);
         if (StandsAt(base + lane)) return base + lane;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -53,7 +54,7 @@ class NumberParts {
     return digit + 2 * static_cast<std::size_t>(next - numbers_.begin()) + (isCommon ? 1 : 0);
   }
 
-  static constexpr std::size_t kNone = ~std::size_t{0};
+  static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
  private:
   std::vector<std::uint64_t> numbers_;

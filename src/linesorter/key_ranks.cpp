@@ -111,7 +111,7 @@ class KeyRanker {
       while (end < samples.size() && samples[end].first == number) ++end;
       if (end - begin < kCommon || CountIn<Keys>(number) <= kStep<Keys>) continue;
       const KeyRest first = RestOf(KeyOfLine(samples[begin].second), kStep<Keys>);
-      std::uint32_t shared = first.left - 1;
+      std::uint32_t shared = first.left;
       for (std::size_t i = begin; i < end; ++i) {
         shared = Shared(RestOf(KeyOfLine(samples[i].second), kStep<Keys>), first, shared);
       }
@@ -219,7 +219,7 @@ class KeyRanker {
   std::uint32_t LoadMany(std::size_t begin, std::size_t end, std::uint32_t depth) {
     constexpr std::size_t kSamples = 8;
     const KeyRest first = RestOfRecord(begin, depth);
-    std::uint32_t foretold = first.left - 1;
+    std::uint32_t foretold = first.left;
     for (std::size_t i = 1; i <= kSamples; ++i) {
       foretold = Shared(RestOfRecord(begin + (end - 1 - begin) / kSamples * i, depth), first, foretold);
     }

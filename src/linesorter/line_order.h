@@ -17,4 +17,8 @@ using LineOrder = std::vector<std::uint32_t>;
 // with the lines as they were.
 void ApplyOrder(std::span<SortLine> lines, std::span<const std::uint32_t> order);
 
+// The first step of ApplyOrder: brings each line into its part, which is a power of two of places, so that
+// the second moves lines only within what a cache holds. `places` are those of the lines and move along.
+void MoveToParts(std::span<SortLine> lines, std::span<std::uint32_t> places, unsigned partBits);
+
 }  // namespace WQLineSorter

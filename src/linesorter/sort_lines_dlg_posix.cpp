@@ -1,7 +1,5 @@
 // The Sort Lines dialog where there are no windows: its form goes to whoever answers dialogs. What a user
 // could not change in the window, because the field is grey or takes no such text, cannot be changed here.
-#include <algorithm>
-
 #include "frame/services/format_text.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
@@ -32,19 +30,6 @@ constexpr Platform::ChoiceWord kMethodWords[] = {
     {SortAsDate, W("date")},
 };
 
-Platform::FormField NumberField(const char* name, WString& member, std::size_t digits) {
-  return Platform::TextField(name, member, [digits](const WString& text) {
-    return text.size() <= digits && std::ranges::all_of(text, [](WCHAR character) {
-             return character >= W('0') && character <= W('9');
-           });
-  });
-}
-
-Platform::FormField LimitedField(const char* name, WString& member, std::size_t characters) {
-  return Platform::TextField(name, member,
-                             [characters](const WString& text) { return text.size() <= characters; });
-}
-
 template <bool SortLinesEnabled::*Member>
 bool While(const Form& form) {
   return form.enabled.*Member;
@@ -63,7 +48,7 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
     {FlagField("skipLeadingSpace", form.skipLeadingSpace), Always},
     {ChoiceField("sortBy", form.sortBy, kSortByWords), Always},
     {NumberField("length", form.length, Form::kMostLengthDigits), While<&Enabled::length>},
-    {TextField("endCharacter", form.endCharacter), While<&Enabled::endCharacter>},
+    {CutField("endCharacter", form.endCharacter, 1), While<&Enabled::endCharacter>},
     {FlagField("endAtWhitespace", form.endAtWhitespace), While<&Enabled::endAtWhitespace>},
     {TextField("separator", form.separator), While<&Enabled::separator>},
     {NumberField("item", form.item, Form::kMostNumberDigits), While<&Enabled::item>},

@@ -7,6 +7,7 @@ for both builds; what only one of them can do stands in a class below `if IS_WIN
 
 import json
 import os
+import resource
 import shlex
 import shutil
 import subprocess
@@ -92,19 +93,24 @@ class HostTest(unittest.TestCase):
         with open(self.path(name), encoding="utf-8") as file:
             return file.read()
 
-    def process(self, *arguments, stdin=b"", cwd=None, command=None, user=None):
+    def process(self, *arguments, stdin=b"", cwd=None, command=None, user=None, largest_file=None):
         """Runs qxhost, or another command in its place, with these arguments and nothing else. `user` is the number
-        of whoever runs it, with the group of the same number alone; without it, who runs the tests."""
+        of whoever runs it, with the group of the same number alone; without it, who runs the tests. No file becomes
+        larger than `largest_file` bytes (native build)."""
+        more = {} if user is None else {"user": user, "group": user, "extra_groups": []}
+        if largest_file is not None:
+            # A write beyond the limit is an error then, and no signal, which this process ignores already.
+            more["preexec_fn"] = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (largest_file, largest_file))
+            more["restore_signals"] = False
         # Wine takes the encoding of file names from the locale.
         environment = dict(os.environ, LC_ALL="C.UTF-8")
         # Files and not pipes: Wine's server is started by the first program and holds a pipe open long after it.
         with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
             given.write(stdin)
             given.seek(0)
-            as_user = {} if user is None else {"user": user, "group": user, "extra_groups": []}
             done = subprocess.run((command or COMMAND) + list(arguments), stdin=given, stdout=out, stderr=err,
                                   cwd=cwd or self.folder, env=environment, timeout=TIMEOUT_SECONDS, check=False,
-                                  **as_user)
+                                  **more)
             out.seek(0)
             err.seek(0)
             return Outcome(done.returncode, out.read().decode("utf-8"), err.read().decode("utf-8"))

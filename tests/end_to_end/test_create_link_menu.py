@@ -107,16 +107,43 @@ class CreateLinkMenu(LinkMenuTest):
         self.assertIn("cannot be answered with ok, which is disabled", outcome.stderr)
         self.assertEqual((outcome.of("log"), self.links(), self.stored_kind()), ([], [], 2))
 
-    def test_a_shortcut_of_a_bare_name_never_takes_the_place_of_a_file(self):
-        self.make("bare")
+    def assert_no_shortcut_over_a_file(self, item, link):
+        self.make(item)
         self.store_kind(4)
-        with open(self.in_panel("bare"), "w", encoding="utf-8") as file:
+        with open(self.in_panel(link), "w", encoding="utf-8") as file:
             file.write("here first")
-        outcome = self.link("bare", answers=["ok", "ok"])
-        self.assertEqual(outcome.of("log"), [self.failed("Unknown", 3, "bare", "bare")])
+        outcome = self.link(item, answers=["ok", "ok"])
+        self.assertEqual(outcome.of("log"), [self.failed("Unknown", 3, link, item)])
         self.assertEqual(self.asked(outcome)[1:], [("box", "Command Failed", "ok")])
-        with open(self.in_panel("bare"), encoding="utf-8") as file:
+        with open(self.in_panel(link), encoding="utf-8") as file:
             self.assertEqual(file.read(), "here first")
+
+    def test_a_shortcut_of_a_bare_name_never_takes_the_place_of_a_file(self):
+        self.assert_no_shortcut_over_a_file("bare", "bare")
+
+    def test_a_shortcut_never_takes_the_place_of_a_file_that_is_none(self):
+        self.assert_no_shortcut_over_a_file("a.txt", "a.lnk")
+
+    def test_a_shortcut_takes_the_place_of_another(self):
+        self.make("a.txt", "sub/a.txt")
+        self.store_kind(4)
+        self.link("a.txt")
+        with open(self.in_panel("a.lnk"), "rb") as file:
+            first = file.read()
+        outcome = self.link("sub/a.txt")
+        self.assertEqual(outcome.of("log"), [self.created("Unknown", "a.lnk", "sub/a.txt")])
+        with open(self.in_panel("a.lnk"), "rb") as file:
+            self.assertNotEqual(file.read(), first)
+
+    def test_a_folder_is_no_junction_to_itself(self):
+        self.make("sub/", "other/")
+        self.panel = self.folder
+        self.store_kind(2)
+        outcome = self.link("sub", answers=["ok", "ok"])
+        self.assertEqual(outcome.of("log"), [self.failed("Junction", 13, "sub", "sub")])
+        self.assertEqual(self.asked(outcome)[1:], [("box", "Command Failed", "ok")])
+        self.assertEqual(self.names(), ["other/", "sub/"])
+        self.assertFalse(os.path.islink(self.path("sub")))
 
     def test_the_first_failure_of_several_is_told_and_ends_it(self):
         self.make("a", "b", "c")

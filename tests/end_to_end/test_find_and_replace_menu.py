@@ -216,7 +216,8 @@ if not IS_WINDOWS:
 
         def test_what_is_longer_than_the_field_keeps_is_cut_off(self):
             self.write("a.txt", b"f" * 1023 + b"!\n")
-            self.run_form(["a.txt"], ["find=" + "f" * 1023 + "?", "replace=x", "silent=1"], ["ok"])
+            outcome = self.run_form(["a.txt"], ["find=" + "f" * 1023 + "?", "replace=x", "silent=1"], ["ok"])
+            self.assertIn("it takes at most 1023 characters", outcome.stderr)
             self.assertEqual(self.read("a.txt"), b"x!\n")
 
         def test_grey_and_hidden_fields_take_no_value(self):

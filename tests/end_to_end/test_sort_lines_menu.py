@@ -117,6 +117,26 @@ if not IS_WINDOWS:
             self.sort("a.txt", ["removeBlank=1"])
             self.assertEqual(self.read("a_sorted.txt"), b"a\nb\nb\n")
 
+        def test_a_value_that_a_field_does_not_take_is_refused_with_what_it_takes(self):
+            self.write("a.txt", b"b\na\n")
+            for fields, takes in [
+                (["keepLinesTop=x"], "it takes a number from 0 to 9999999999"),
+                (["keepLinesTop=12345678901"], "it takes a number from 0 to 9999999999"),
+                (["sortBy=substring", "length=1234567890"], "it takes a number from 0 to 999999999"),
+                (["targetName=" + "x" * 260], "it takes at most 259 characters"),
+                (["sortBy=substring", "sortMethod=date", "dateFormat=" + "x" * 129], "it takes at most 128 characters"),
+            ]:
+                outcome = self.sort("a.txt", fields, status=2)
+                self.assertIn("the field " + fields[-1].partition("=")[0] + " cannot be", outcome.stderr)
+                self.assertIn(takes, outcome.stderr)
+            self.assertEqual(self.names(), ["a.txt"])
+
+        def test_a_value_that_a_field_cuts_is_told(self):
+            self.write("a.txt", b"b;1\na;2\n")
+            outcome = self.sort("a.txt", ["sortBy=substring", "endCharacter=;x"])
+            self.assertIn("the field endCharacter is ; and not ;x: it takes at most 1 character", outcome.stderr)
+            self.assertEqual(self.read("a_sorted.txt"), b"a;2\nb;1\n")
+
         def test_in_place_with_a_backup(self):
             self.write("a.txt", b"b\na\n")
             self.sort("a.txt", ["saveAs=keep-backup"])

@@ -1,12 +1,12 @@
 import os
 import stat
 
-from qxhost import HostTest
+from qxhost import IS_WINDOWS, HostTest
 
 TO_LF, TO_CRLF, TO_CR, TABS = 30101, 30102, 30103, 30110
 
 
-class TextConversion(HostTest):
+class TextConversionTest(HostTest):
     def write(self, name, data):
         with open(self.path(name), "wb") as file:
             file.write(data)
@@ -19,6 +19,8 @@ class TextConversion(HostTest):
         return {"event": "question", "kind": "box", "title": "Convert Text", "style": 36, "answer": answer,
                 "text": "Files to convert: %d. Convert them now?" % count}
 
+
+class TextConversion(TextConversionTest):
     def test_line_ends_become_the_ones_of_the_command(self):
         mixed = b"a\tb\r\nc\nd\re"
         for number, expected in ((TO_LF, b"a\tb\nc\nd\ne"), (TO_CRLF, b"a\tb\r\nc\r\nd\r\ne"),
@@ -94,3 +96,30 @@ class TextConversion(HostTest):
         self.assertEqual(len(names), 3)
         self.assertRegex(names[1], r"^1\.temp[0-9]+$")
         self.assertEqual(self.read(names[1]), b"a\r\n")
+
+
+if not IS_WINDOWS:
+
+    class FullDisk(TextConversionTest):
+        """The disk has room for files of a certain size alone."""
+
+        # 120,000 bytes that become 180,000: two blocks of 65,536 bytes and a rest.
+        TEXT = b"x\n" * 60000
+
+        def test_a_last_write_that_fails_leaves_the_file_and_nothing_beside_it(self):
+            self.write("1", self.TEXT)
+            self.command(TO_CRLF, "1", answers=["yes"], largest_file=150000)
+            self.assertTrue(self.read("1") == self.TEXT)
+            self.assertEqual(self.names(), ["1"])
+
+        def test_an_earlier_write_that_fails_does_as_well(self):
+            self.write("1", self.TEXT)
+            self.command(TO_CRLF, "1", answers=["yes"], largest_file=100000)
+            self.assertTrue(self.read("1") == self.TEXT)
+            self.assertEqual(self.names(), ["1"])
+
+        def test_a_text_that_has_room_is_converted(self):
+            self.write("1", self.TEXT)
+            self.command(TO_CRLF, "1", answers=["yes"], largest_file=180000)
+            self.assertTrue(self.read("1") == b"x\r\n" * 60000)
+            self.assertEqual(self.names(), ["1"])

@@ -95,6 +95,15 @@ TYPED_TEST(ContextText, EditsOfTheNeighboursAreShown) {
   EXPECT_EQ(this->Around(InLine(1, 0, 1)), (Context{"before\r\nb\r\nbehind\r\nit\r\n", 8, 9}));
 }
 
+TYPED_TEST(ContextText, ARangeWithOneEndInNoTextOfTheFileHasNoHighlight) {
+  this->Load("abcd\nefgh\n");
+  this->ReplaceInLine(1, 0, 2, "XY");
+  EXPECT_EQ(this->Around({{0, 1}, {1, 3}}), (Context{"abcd\r\nXYgh\r\n", 0, 0}));
+  this->Load("abcd\nefgh\n");
+  this->ReplaceInLine(0, 2, 4, "XY");
+  EXPECT_EQ(this->Around({{0, 1}, {1, 3}}), (Context{"abXY\r\nefgh\r\n", 0, 0}));
+}
+
 TYPED_TEST(ContextText, RemovedLinesAreNotShown) {
   this->Load("a\nb\nc\nd\ne\n");
   this->ReplaceRange({{0, 0}, {2, 1}}, "x\ny");

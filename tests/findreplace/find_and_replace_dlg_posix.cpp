@@ -63,6 +63,22 @@ TEST(FindAndReplaceDlg, FieldsGoIntoTheFormAndRulesFollow) {
   EXPECT_EQ(ReadTargetName(form), W("b.txt"));
 }
 
+TEST(FindAndReplaceDlg, TextsAreCutToWhatTheOptionsHold) {
+  FakeHost host;
+  FindAndReplaceForm form = StartedForm(0x20000101);
+  DialogAnswer answer([](Platform::FormRequest& request) -> INT_PTR {
+    EXPECT_TRUE(Set(request, "saveMode", W("new")));
+    for (const char* name : {"targetName", "find", "replace"}) {
+      EXPECT_TRUE(Set(request, name, WString(1023, W('x')) + W('y'))) << name;
+      EXPECT_EQ(Get(request, name), WString(1023, W('x'))) << name;
+      EXPECT_EQ(FieldOf(request, name).takes, "at most 1023 characters") << name;
+    }
+    return IDOK;
+  });
+  EXPECT_EQ(ShowFindAndReplaceDlg(host, form), IDOK);
+  EXPECT_EQ(ReadOptions(form).find, WString(1023, W('x')));
+}
+
 TEST(FindAndReplaceDlg, GreyAndHiddenFieldsAndWrongWordsAreRefused) {
   FakeHost host;
   FindAndReplaceForm form = StartedForm(0x20000101);

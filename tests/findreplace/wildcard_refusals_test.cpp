@@ -5,6 +5,7 @@
 #include <string>
 #include <thread>
 
+#include "findreplace/wildcard_elements.h"
 #include "findreplace/wildcard_library.h"
 #include "linesorter/widths.h"
 
@@ -114,6 +115,23 @@ TYPED_TEST(WildcardRefusalsTest, RefusesMalformedBracesInTheLibrarysWords) {
     EXPECT_EQ(this->Refuse(each.text).text, each.refusal.text) << each.text;
     EXPECT_EQ(this->Refuse(each.text).code, each.refusal.code) << each.text;
     EXPECT_EQ(this->RefuseInLibrary(each.text), each.refusal) << each.text;
+  }
+}
+
+// What stands behind the end of a pattern would complete it.
+TYPED_TEST(WildcardRefusalsTest, ReadsAPatternToItsEndAndNoFarther) {
+  using CharT = TypeParam;
+  constexpr struct {
+    const char* text;
+    std::size_t size;
+    const Refusal& refusal;
+  } kRows[] = {{"a{2}", 2, kBadBrace},    {"a{2}", 3, kOpenBrace}, {"a{2,3}", 4, kOpenBrace},
+               {"a{2,3}", 5, kOpenBrace}, {"a{2", 1, kAccepted},   {"a*{", 2, kAccepted}};
+  for (const auto& row : kRows) {
+    const std::basic_string<CharT> text = In<CharT>(row.text);
+    const auto view = std::basic_string_view<CharT>(text).substr(0, row.size);
+    EXPECT_EQ(RefusalOf([&] { ParseWildcardRegex<CharT>(view); }), row.refusal)
+        << row.text << " " << row.size;
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdio>
 #include <limits>
 #include <vector>
@@ -254,4 +255,15 @@ TEST(FormatCountTexts, TakesEachNumberAsTextOrAsANumber) {
   EXPECT_EQ(FilledTexts("%s changes in %s files", {-1, 3}), "-1 changes in 3 files");
   EXPECT_EQ(FilledTexts("%s in %d, %s", {5, 3}), "5 in 3, %s");
   EXPECT_EQ(FilledTexts("%4s|%-4s|", {12, -3}), "  12|-3  |");
+}
+
+TEST(FormatText, EachFunctionCutsAtTheBufferOfItsCallers) {
+  constexpr std::array<std::int64_t, 1> kSeven = {7};
+  const WString longText(40000, W('t'));
+  EXPECT_EQ(FormatCount(longText, 7).size(), 1023u);
+  EXPECT_EQ(FormatCountText(longText, 7).size(), 1023u);
+  EXPECT_EQ(FormatCounts(longText, kSeven).size(), 1023u);
+  EXPECT_EQ(FormatCountTexts(longText, kSeven).size(), 1023u);
+  EXPECT_EQ(FormatText(longText, W("x")).size(), 32767u);
+  EXPECT_EQ(FormatText(W("%s"), longText).size(), 32767u);
 }

@@ -255,6 +255,36 @@ TEST_F(QuestionsTest, AWrongWordIsRefusedWithTheWordsThatTheFieldTakes) {
       HasSubstr("the field digit cannot be itm: it takes line, substring, item. Did you mean item?\n"));
 }
 
+TEST_F(QuestionsTest, AValueThatIsRefusedIsToldWithWhatTheFieldTakes) {
+  std::vector<DialogField> fields = Fields();
+  fields[1].takes = "a number from 0 to 9";
+  EXPECT_FALSE(Ask({"ok"}, {{"digit", W("x")}}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_EQ(
+      recorded_.problems,
+      "qxhost: the field digit cannot be x in the dialog D: it takes a number from 0 to 9; its fields are "
+      "text=old, digit=1\n");
+  EXPECT_TRUE(questions_->HasRefused());
+  recorded_.problems.clear();
+  EXPECT_TRUE(AskPerson({"digit=x", "ok"}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_THAT(recorded_.problems, HasSubstr("the field digit cannot be x: it takes a number from 0 to 9\n"));
+}
+
+TEST_F(QuestionsTest, AValueThatIsCutIsToldWithWhatTheFieldTakes) {
+  std::vector<DialogField> fields = Fields();
+  fields[0].takes = "1 character";
+  fields[0].set = [this](const WString& text) {
+    text_ = text.substr(0, 1);
+    return true;
+  };
+  EXPECT_TRUE(Ask({"ok"}, {{"text", W("ab")}}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_EQ(text_, W("a"));
+  EXPECT_EQ(recorded_.problems, "qxhost: note: the field text is a and not ab: it takes 1 character\n");
+  EXPECT_FALSE(questions_->HasRefused());
+  recorded_.problems.clear();
+  EXPECT_TRUE(Ask({"ok"}, {{"text", W("b")}}).AskDialog("D", W("T"), W("Top"), fields));
+  EXPECT_EQ(recorded_.problems, "");
+}
+
 TEST_F(QuestionsTest, AFieldThatIsDisabledIsRefusedAsThat) {
   std::vector<DialogField> fields = Fields();
   fields[1].words = {W("1"), W("x")};

@@ -283,3 +283,21 @@ TEST(LineSortFlags, AreTheSameForTheOlderFunction) {
   EXPECT_EQ(TextsOf<char>(bytes.lines), (std::vector<std::string>{"a9", "a10"}));
   EXPECT_EQ(Faults::LastFlags("CompareStringW"), 0x8000018u);
 }
+
+// Without the system's function a key equals its own beginnings, however many lines there are.
+TEST(LineSortWithoutTheSystem, UnitsThatAreBeginningsOfOthersKeepTheirOrder) {
+  for (const std::size_t count : {std::size_t{10}, std::size_t{200}}) {
+    for (const std::uint32_t bits : {0u, +SortIgnoreCase}) {
+      const Faults::Scope faults;
+      Faults::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND, true);
+      SortLinesOptions options;
+      options.options = SortByLine | SortAsText | bits;
+      std::vector<std::string> texts(1, "b");
+      while (texts.size() < count) texts.push_back(texts.size() % 2 == 0 ? "a" : "ab");
+      LineRecords<WCHAR> units = LinesOf<WCHAR>(texts);
+      SortLineRange<WCHAR>(units.lines, {0, count}, options);
+      std::rotate(texts.begin(), texts.begin() + 1, texts.end());
+      EXPECT_EQ(TextsOf<WCHAR>(units.lines), texts) << count << " " << bits;
+    }
+  }
+}

@@ -151,6 +151,25 @@ TEST(SortLinesDlg, FieldsTakeTheirKindOfValueAlone) {
   });
 }
 
+TEST(SortLinesDlg, LimitedFieldsSayWhatTheyTake) {
+  SortLinesForm form = StartedForm();
+  Show(form, [](Platform::FormRequest& request) {
+    for (const auto& [name, takes] : {std::pair{"keepLinesTop", "a number from 0 to 9999999999"},
+                                      {"keepLinesBottom", "a number from 0 to 9999999999"},
+                                      {"startPosition", "a number from 0 to 9999999999"},
+                                      {"item", "a number from 0 to 9999999999"},
+                                      {"length", "a number from 0 to 999999999"},
+                                      {"targetName", "at most 259 characters"},
+                                      {"dateFormat", "at most 128 characters"},
+                                      {"endCharacter", "at most 1 character"},
+                                      {"separator", ""},
+                                      {"reverse", ""}}) {
+      EXPECT_EQ(FieldOf(request, name).takes, takes) << name;
+    }
+    EXPECT_TRUE(Set(request, "targetName", WString(259, W('x'))));
+  });
+}
+
 TEST(SortLinesDlg, WithoutAnyoneToAnswerItIsCancelled) {
   Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
   FakeHost host;

@@ -34,6 +34,7 @@ TEST(SortLinesSample, ByteWithoutItsOtherHalfIsLeftOut) {
 TEST(SortLinesSample, HalfAMarkAndTheMarkOfTheOtherOrderAreBytes) {
   using namespace std::string_view_literals;
   EXPECT_EQ(Sample("\xFF"sv), W("\u00FF"));
+  EXPECT_EQ(Sample("\xFF\xFE"sv.substr(0, 1)), W("\u00FF"));
   EXPECT_EQ(Sample("\xFE\xFF\0a"sv), WString(W("\u00FE\u00FF\0a"), 4));
   EXPECT_EQ(Sample("\xFF\0"sv), WString(W("\u00FF\0"), 2));
   EXPECT_EQ(Sample("a\xFE\xFF\xFE"), W("a\u00FE\u00FF\u00FE"));

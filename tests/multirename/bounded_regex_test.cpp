@@ -88,6 +88,116 @@ TEST(BoundedRegexTest, WhatACompilationWouldRecurseInOrGrowFromIsRefused) {
   EXPECT_EQ(Outcome(Repeated(W("a"), 1025), W("a")), "The regular expression is too long.");
 }
 
+// The size of an expression, with the states that each part of it counts as.
+struct ExpressionSize {
+  const char* expression;
+  int states;
+};
+constexpr ExpressionSize kExpressionSizes[] = {
+    {"", 0},
+    {"a", 1},
+    {".", 1},
+    {"^a$", 3},
+    {"[abc]", 1},
+    {"[^abc]", 1},
+    {"[a-z]b", 2},
+    {"[]a]", 3},
+    {"[^]a]", 3},
+    {"[\\]a]", 1},
+    {"[\\c]]", 1},
+    {"[[:alpha:]a]", 1},
+    {"[[.a.]]", 1},
+    {"[[=a=]b]", 1},
+    {"[a[b]", 1},
+    {"\\w", 2},
+    {"\\(a", 3},
+    {"\\c[a", 3},
+    {"\\x41", 4},
+    {"\\0a", 3},
+    {"(a)\\1", 1 + 4 + 8},
+    {"(a)\\12345", 1 + 4 + 8},
+    {"\\9b", 8 + 1},
+    {"a|b", 1 + 3 + 1},
+    {"(a)", 1 + 4},
+    {"(?:a)", 1 + 4},
+    {"(?=ab)", 2 + 4},
+    {"(?!a)", 1 + 4},
+    {"((a)b)", 1 + 4 + 1 + 4},
+    {"()", 4},
+    {")a", 1},
+    {"a*", 1 + 3},
+    {"a+", 1 + 3},
+    {"a?", 1 + 3},
+    {"ba*", 2 + 3},
+    {"(ab)*", 6 + 3},
+    {"a{1}", 1 + 3},
+    {"a{0}", 1 + 3},
+    {"a{3}", 3 + 9},
+    {"a{10}", 10 + 30},
+    {"a{3,}", 4 + 12},
+    {"a{3,5}", 5 + 15},
+    {"a{3,3}", 4 + 12},
+    {"a{5,3}", 6 + 18},
+    {"a{0,1}", 1 + 3},
+    {"ba{3}", 1 + 3 + 9},
+    {"(ab){3}c", 18 + 9 + 1},
+    {"a*{2}", 2 * 4 + 6},
+    {"a{2}{3}", 3 * 8 + 9},
+    {"a{00003}", 3 + 9},
+    {"(a|b){3}", 3 * 9 + 9},
+};
+
+// The refusal of the expression with what makes `states` of it, or an empty text.
+std::string RefusalOfSize(const ExpressionSize& size, int states) {
+  // a{N} counts as N characters and 3 for each.
+  const int left = states - size.states;
+  WString expression = FromUtf8(size.expression);
+  expression +=
+      FromUtf8("a{" + std::to_string(left / 4) + "}") + WString(static_cast<std::size_t>(left % 4), W('a'));
+  try {
+    CheckedExpression(expression);
+    return {};
+  } catch (const RegexRefusal& refusal) {
+    return refusal.what();
+  }
+}
+
+TEST(ExpressionSizeTest, TenThousandStatesAreTakenAndNotOneMore) {
+  for (const ExpressionSize& size : kExpressionSizes) {
+    EXPECT_EQ(RefusalOfSize(size, 10000), "") << size.expression;
+    EXPECT_EQ(RefusalOfSize(size, 10001), "The regular expression is too large.") << size.expression;
+  }
+}
+
+TEST(ExpressionSizeTest, TwoHundredAlternativesAreTakenAndNotOneMore) {
+  const auto refusal = [](const WString& expression) {
+    try {
+      CheckedExpression(expression);
+      return std::string();
+    } catch (const RegexRefusal& thrown) {
+      return std::string(thrown.what());
+    }
+  };
+  constexpr char kTooLarge[] = "The regular expression is too large.";
+  EXPECT_EQ(refusal(Repeated(W("a|"), 200)), "");
+  EXPECT_EQ(refusal(Repeated(W("a|"), 201)), kTooLarge);
+  EXPECT_EQ(refusal(W("(a|b){200}")), "");
+  EXPECT_EQ(refusal(W("(a|b){201}")), kTooLarge);
+  EXPECT_EQ(refusal(W("(a|b){50}") + Repeated(W("a|"), 150)), "");
+  EXPECT_EQ(refusal(W("(a|b){50}") + Repeated(W("a|"), 151)), kTooLarge);
+  EXPECT_EQ(refusal(W("(a|b){10}{20}")), "");
+  EXPECT_EQ(refusal(W("(a|b){10}{21}")), kTooLarge);
+  EXPECT_EQ(refusal(W("((a|b){10}|c){18}")), "");
+  EXPECT_EQ(refusal(W("((a|b){10}|c){19}")), kTooLarge);
+}
+
+TEST(ExpressionSizeTest, CountsOfFiveDigitsAreReadAndThoseOfSixRefused) {
+  EXPECT_EQ(RefusalOfSize({"(?:){99999}", 0}, 4), "The regular expression is too large.");
+  EXPECT_EQ(RefusalOfSize({"a{1,99999}", 0}, 4), "The regular expression is too large.");
+  EXPECT_EQ(RefusalOfSize({"a{000001}", 0}, 4), "The regular expression repeats too often.");
+  EXPECT_EQ(RefusalOfSize({"a{1,000001}", 0}, 4), "The regular expression repeats too often.");
+}
+
 TEST(BoundedRegexTest, WhatAPersonWritesIsNotRefused) {
   EXPECT_EQ(Outcome(Repeated(W("a"), 1024), W("a")), "no match");
   EXPECT_EQ(Outcome(Repeated(W("a"), 255), WString(255, W('a'))), "-");

@@ -148,5 +148,16 @@ TEST(FindReplaceManagerTest, ALoadForgetsWhatWasNotSaved) {
   EXPECT_NE(manager.Get(1), nullptr);
 }
 
+TEST(FindReplaceManagerTest, WhatTheHostRefusesOrLeavesEmptyIsNoFolder) {
+  for (const auto& [result, text] : {std::pair{false, W("C:\\config\\")}, {true, W("")}}) {
+    DoubtfulHost host;
+    host.result = result;
+    host.text = text;
+    FindReplaceManager manager(host);
+    manager.Load();
+    EXPECT_THAT(host.recorder.CallsOf({"CreateXmlDocument"}), testing::IsEmpty());
+  }
+}
+
 }  // namespace
 }  // namespace Velmora::SDK

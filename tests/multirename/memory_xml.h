@@ -1,5 +1,8 @@
-// XML documents with nodes, for a fake host: files are trees in memory.
+// XML documents with nodes, for a fake host: files are trees in memory. The arguments that are always the
+// same are held to their values.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <deque>
 #include <map>
@@ -89,13 +92,15 @@ class MemoryXmlDocument final : public Velmora::SDK::IHostXmlDocument {
     return HandleOf(&root);
   }
   void Close(Node) override { --files_.openFiles; }
-  Node Load(const WCHAR* path, u32) override {
+  Node Load(const WCHAR* path, u32 one) override {
+    EXPECT_EQ(one, 1u);
     const auto found = files_.loadable.find(path);
     if (found == files_.loadable.end()) return nullptr;
     ++files_.openFiles;
     return HandleOf(found->second);
   }
-  bool Save(Node root, const WCHAR* path, u32, const char* encoding) override {
+  bool Save(Node root, const WCHAR* path, u32 one, const char* encoding) override {
+    EXPECT_EQ(one, 1u);
     files_.saved[path] = NodeOf(root)->Shown();
     files_.encodings[path] = encoding ? encoding : "null";
     files_.loadable[path] = NodeOf(root);
@@ -106,14 +111,18 @@ class MemoryXmlDocument final : public Velmora::SDK::IHostXmlDocument {
     return HandleOf(&NodeOf(parent)->Add(name, text));
   }
   Node AddChildWithTextAttribute(Node parent, const WCHAR* name, const WCHAR* attribute, const WCHAR* text,
-                                 u32) override {
+                                 u32 zero) override {
+    EXPECT_EQ(zero, 0u);
     return HandleOf(&NodeOf(parent)->Add(name).With(attribute, text));
   }
   Node AddChildWithIntAttribute(Node parent, const WCHAR* name, const WCHAR* attribute, s32 value,
-                                u32) override {
+                                u32 zero) override {
+    EXPECT_EQ(zero, 0u);
     return HandleOf(&NodeOf(parent)->Add(name).With(attribute, FromUtf8(std::to_string(value))));
   }
-  Node FirstChild(Node parent, const WCHAR* name, u32, u32) override {
+  Node FirstChild(Node parent, const WCHAR* name, u32 zero, u32 alsoZero) override {
+    EXPECT_EQ(zero, 0u);
+    EXPECT_EQ(alsoZero, 0u);
     return Next(NodeOf(parent), nullptr, name);
   }
   Node NextSibling(Node node, const WCHAR* name) override {
@@ -138,7 +147,8 @@ class MemoryXmlDocument final : public Velmora::SDK::IHostXmlDocument {
     if (text) *value = static_cast<s32>(std::strtol(ToUtf8(*text).c_str(), nullptr, 10));
     return text != nullptr;
   }
-  void SetAttributeInt(Node node, const WCHAR* attribute, s32 value, u32) override {
+  void SetAttributeInt(Node node, const WCHAR* attribute, s32 value, u32 zero) override {
+    EXPECT_EQ(zero, 0u);
     NodeOf(node)->With(attribute, FromUtf8(std::to_string(value)));
   }
   void SetAttributeText(Node node, const WCHAR* attribute, const WCHAR* text, u32 flag) override {

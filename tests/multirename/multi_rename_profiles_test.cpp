@@ -303,5 +303,17 @@ TEST_F(MultiRenameProfilesTest, WithoutAFolderNothingIsReadOrWritten) {
   EXPECT_THAT(host_.files.saved, IsEmpty());
 }
 
+TEST(MultiRenameProfilesFolderTest, WhatTheHostRefusesOrLeavesEmptyIsNoFolder) {
+  DoubtfulHost host;
+  MultiRenameProfiles profiles(host);
+  for (const auto& [result, text] : {std::pair{false, W("C:\\config\\")}, {true, W("")}}) {
+    host.result = result;
+    host.text = text;
+    profiles.Load();
+    EXPECT_EQ(profiles.filePath, W(""));
+    EXPECT_THAT(host.recorder.CallsOf({"CreateXmlDocument"}), IsEmpty());
+  }
+}
+
 }  // namespace
 }  // namespace Velmora::SDK

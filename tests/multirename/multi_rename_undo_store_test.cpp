@@ -56,6 +56,18 @@ TEST_F(MultiRenameUndoStoreTest, WithoutAHostOrItsFolderNothingIsReadOrWritten) 
   EXPECT_THAT(scratch_.Names(), IsEmpty());
 }
 
+TEST_F(MultiRenameUndoStoreTest, AFolderThatTheHostRefusesOrLeavesEmptyIsNone) {
+  DoubtfulHost host;
+  host.text = scratch_.Path();
+  EXPECT_EQ(MultiRenameUndoStore(&host).folder, W(""));
+  EXPECT_THAT(scratch_.Names(), IsEmpty());
+  host.text.clear();
+  host.result = true;
+  EXPECT_EQ(MultiRenameUndoStore(&host).folder, W(""));
+  host.text = scratch_.Path();
+  EXPECT_EQ(MultiRenameUndoStore(&host).folder, scratch_.Path(W("Undo\\")));
+}
+
 TEST_F(MultiRenameUndoStoreTest, AFileHasTheseBytes) {
   const MultiRenameUndoStore store(&host_);
   store.Save(*SessionOf(9));

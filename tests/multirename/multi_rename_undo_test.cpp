@@ -178,6 +178,20 @@ TEST(MultiRenameUndoTest, WithoutItsMarkUtf16IsKnownByItsFirstFiveCharacters) {
   EXPECT_THAT(EntriesOf(bytes), ElementsAre("none"));
 }
 
+// Each of the ten bytes decides, and the next none.
+TEST(MultiRenameUndoTest, WithoutAMarkFiveCharactersOfOneByteMakeUtf16) {
+  const std::vector<std::uint8_t> whole = Utf16(W(";;;;;;\n[FILES]\nf|o|n"));
+  EXPECT_THAT(EntriesOf(whole), ElementsAre("f/o/n"));
+  for (std::size_t at = 0; at < 10; ++at) {
+    std::vector<std::uint8_t> bytes = whole;
+    bytes[at] = at % 2 == 0 ? 0 : 1;
+    EXPECT_THAT(EntriesOf(bytes), ElementsAre("none")) << at;
+  }
+  std::vector<std::uint8_t> bytes = whole;
+  bytes[11] = 1;
+  EXPECT_THAT(EntriesOf(bytes), ElementsAre("f/o/n"));
+}
+
 TEST(MultiRenameUndoTest, OnlyUtf16IsRead) {
   const WString text = W("[FILES]\nf|o|n\n");
   EXPECT_THAT(EntriesOf(text), ElementsAre("f/o/n"));

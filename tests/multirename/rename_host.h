@@ -198,3 +198,13 @@ inline WString NewName(const WString& filenameTemplate, const WString& name) {
   rules.filenameTemplate = filenameTemplate;
   return NewNames(std::move(rules), {name}).front();
 }
+
+// A host that may refuse its configuration folder and store it all the same, or give an empty one.
+struct DoubtfulHost final : FakeHost {
+  bool result = false;
+  WString text;
+  bool GetConfigPath(WCHAR* buffer, Velmora::SDK::u32 size) override {
+    CopyTerminated(buffer, size, WStringView(text));
+    return result;
+  }
+};

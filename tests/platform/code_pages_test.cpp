@@ -127,6 +127,8 @@ TEST(CodePagesTest, Utf8GoesThereAndBack) {
   } rows[] = {
       {"abc", W("abc")},
       {"\xC3\xA9", W("\u00E9")},
+      {"\x7F", W("\x7F")},
+      {"\xC2\x80", W("\x80")},
       {"\xDF\xBF", W("\u07FF")},
       {"\xE0\xA0\x80", W("\u0800")},
       {"\xE2\x82\xAC", W("\u20AC")},
@@ -142,6 +144,67 @@ TEST(CodePagesTest, Utf8GoesThereAndBack) {
   for (const auto& row : rows) {
     EXPECT_EQ(Decode(CP_UTF8, row.bytes), row.text) << row.bytes;
     EXPECT_EQ(Encode(CP_UTF8, row.text), row.bytes) << row.bytes;
+  }
+}
+
+// As the standard defines UTF-8 and UTF-16, by division.
+std::string PlainUtf8(unsigned point) {
+  std::string text;
+  const auto add = [&text](unsigned byte) { text += static_cast<char>(byte); };
+  if (point <= 0x7F) {
+    add(point);
+  } else if (point <= 0x7FF) {
+    add(192 + point / 64);
+    add(128 + point % 64);
+  } else if (point <= 0xFFFF) {
+    add(224 + point / 4096);
+    add(128 + point / 64 % 64);
+    add(128 + point % 64);
+  } else {
+    add(240 + point / 262144);
+    add(128 + point / 4096 % 64);
+    add(128 + point / 64 % 64);
+    add(128 + point % 64);
+  }
+  return text;
+}
+
+WString PlainUtf16(unsigned point) {
+  if (point <= 0xFFFF) return WString(1, static_cast<WCHAR>(point));
+  return {static_cast<WCHAR>(0xD800 + (point - 0x10000) / 1024), static_cast<WCHAR>(0xDC00 + point % 1024)};
+}
+
+TEST(CodePagesTest, EachCharacterGoesToUtf8AndBack) {
+  for (unsigned point = 1; point <= 0x10FFFF; point += point < 0x10400 || point > 0x10FC00 ? 1 : 61) {
+    if (point >= 0xD800 && point <= 0xDFFF) continue;
+    const std::string bytes = PlainUtf8(point);
+    const WString units = PlainUtf16(point);
+    WCHAR wide[4];
+    char narrow[8];
+    const int unitCount = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
+                                              static_cast<int>(bytes.size()), wide, 4);
+    ASSERT_EQ(WString(wide, static_cast<std::size_t>(unitCount)), units) << std::hex << point;
+    const int byteCount = WideCharToMultiByte(CP_UTF8, 0, units.data(), static_cast<int>(units.size()),
+                                              narrow, 8, nullptr, nullptr);
+    ASSERT_EQ(std::string(narrow, static_cast<std::size_t>(byteCount)), bytes) << std::hex << point;
+  }
+}
+
+// Which two bytes begin a character: the tables 3-6 and 3-7 of the Unicode standard.
+TEST(CodePagesTest, TheFirstTwoBytesDecideWhetherTheyBeginACharacter) {
+  for (unsigned first = 0x80; first <= 0xFF; ++first) {
+    for (unsigned second = 1; second <= 0xFF; ++second) {
+      const unsigned least = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+      const unsigned most = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+      const bool begins = first >= 0xC2 && first <= 0xF4 && second >= least && second <= most;
+      std::string bytes = {static_cast<char>(first), static_cast<char>(second)};
+      if (first >= 0xE0) bytes += '\x80';
+      if (first >= 0xF0) bytes += '\x80';
+      WCHAR wide[8];
+      const int count = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
+                                            static_cast<int>(bytes.size()), wide, 8);
+      EXPECT_EQ(count != 0, begins) << std::hex << first << " " << second;
+    }
   }
 }
 
@@ -231,6 +294,7 @@ TEST(CodePagesTest, WrongArgumentsAreRefused) {
   char bytes[4];
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, nullptr, 3, wide, 4)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 0, wide, 4)), 87u);
+  EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_UTF8, 0, "abc", 0, wide, 4)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 3, nullptr, 4)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_ACP, 0, "abc", 3, wide, -1)), 87u);
   EXPECT_EQ(FailureOf(MultiByteToWideChar(99999, 0, "abc", 3, wide, 4)), 87u);

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
 
 #include "platform/outcome.h"
 #include "platform/posix/collation.h"
 #include "platform/text.h"
+#include "support/in_environment_posix.h"
 
 namespace {
 
@@ -109,27 +109,15 @@ TEST(CollationTest, EnglishTextsTakeTheShortCut) {
   EXPECT_EQ(compare(W("abc\u0301"), W("ABCd")), std::nullopt);
 }
 
-// `check` in a process of its own, whose environment names this language.
-template <typename Check>
-void InLanguage(const char* language, Check check) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const auto checkAndLeave = [&] {
-    setenv("LC_ALL", language, 1);
-    check();
-    std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
-  };
-  EXPECT_EXIT(checkAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "") << language;
-}
-
 TEST(NativeCompareStringDeathTest, TheLanguageIsThatOfTheEnvironment) {
-  InLanguage("da_DK.UTF-8", [] {
+  InEnvironment("LC_ALL", "da_DK.UTF-8", [] {
     EXPECT_EQ(CompareW(W("aa"), W("z"), kCaseless), CSTR_GREATER_THAN);
     EXPECT_EQ(CompareStringA(LOCALE_USER_DEFAULT, kCaseless, "\xE5", 1, "z", 1), CSTR_GREATER_THAN);
   });
 }
 
 TEST(NativeCompareStringDeathTest, NoLanguageIsEnglish) {
-  InLanguage("C", [] {
+  InEnvironment("LC_ALL", "C", [] {
     EXPECT_EQ(CompareW(W("abc"), W("ABC"), kCaseless), CSTR_EQUAL);
     EXPECT_EQ(CompareW(W("B"), W("a"), 0), CSTR_GREATER_THAN);
     EXPECT_EQ(CompareW(W("aa"), W("z"), kCaseless), CSTR_LESS_THAN);

@@ -48,4 +48,13 @@ TEST_P(CreateFileWithoutMemory, OpensTheFileOrLeavesItsBytes) {
 INSTANTIATE_TEST_SUITE_P(BothWays, CreateFileWithoutMemory,
                          testing::Values(CREATE_ALWAYS, TRUNCATE_EXISTING));
 
+TEST(NativeCreateFileTest, RightsThatTheProductDoesNotAskForAreRefused) {
+  const ScratchFolder scratch;
+  const WString path = scratch.Write(W("a.txt"), "abc");
+  for (const DWORD access : {1u, 2u, 0x10000u, 0x20000000u, GENERIC_READ | 0x80u}) {
+    EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), access, OPEN_EXISTING)), 87u) << access;
+  }
+  EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), 0, OPEN_EXISTING)), kNoFailure);
+}
+
 }  // namespace

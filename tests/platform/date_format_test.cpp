@@ -56,6 +56,39 @@ TEST(DateFormatTest, Times) {
   EXPECT_EQ(TimeTextOf(kMidnight, W("h tt t H")), W("12 AM A 0"));
 }
 
+TEST(DateFormatTest, EachHalfOfTheDayBeginsWithTwelve) {
+  const std::pair<WORD, const WCHAR*> rows[] = {{0, W("12 12 AM")},  {1, W("1 01 AM")},  {11, W("11 11 AM")},
+                                                {12, W("12 12 PM")}, {13, W("1 01 PM")}, {23, W("11 11 PM")}};
+  for (const auto& [hour, text] : rows) {
+    const SYSTEMTIME time = {2026, 3, 0, 5, hour, 0, 0, 0};
+    EXPECT_EQ(TimeTextOf(time, W("h hh tt")), text) << hour;
+  }
+}
+
+TEST(DateFormatTest, EachMonthAndDayOfTheWeekHasItsNames) {
+  constexpr const WCHAR* kMonths[] = {W("Jan January"), W("Feb February"), W("Mar March"),
+                                      W("Apr April"),   W("May May"),      W("Jun June"),
+                                      W("Jul July"),    W("Aug August"),   W("Sep September"),
+                                      W("Oct October"), W("Nov November"), W("Dec December")};
+  for (WORD month = 1; month <= 12; ++month) {
+    const SYSTEMTIME date = {2026, month, 0, 1, 0, 0, 0, 0};
+    EXPECT_EQ(DateTextOf(date, W("MMM MMMM")), kMonths[month - 1]);
+    EXPECT_EQ(DateTextOf(date, W("d MMMM")), W("1 ") + WString(kMonths[month - 1]).substr(4));
+  }
+  constexpr const WCHAR* kDays[] = {W("Sun Sunday"),   W("Mon Monday"), W("Tue Tuesday"), W("Wed Wednesday"),
+                                    W("Thu Thursday"), W("Fri Friday"), W("Sat Saturday")};
+  for (WORD day = 1; day <= 7; ++day) {
+    const SYSTEMTIME date = {2026, 2, 0, day, 0, 0, 0, 0};  // from a Sunday on
+    EXPECT_EQ(DateTextOf(date, W("ddd dddd")), kDays[day - 1]);
+  }
+}
+
+TEST(DateFormatTest, NumbersHaveNoMoreDigitsThanAsked) {
+  constexpr SYSTEMTIME kEarly = {2001, 1, 0, 2, 3, 4, 5, 0};
+  EXPECT_EQ(DateTextOf(kEarly, W("d dd M MM yy yyyy")), W("2 02 1 01 01 2001"));
+  EXPECT_EQ(TimeTextOf(kEarly, W("H HH m mm s ss")), W("3 03 4 04 5 05"));
+}
+
 TEST(DateFormatTest, TheUsersOwnFormatsInAmericanEnglish) {
   EXPECT_EQ(LocaleItemOf(LOCALE_SSHORTDATE), W("M/d/yyyy"));
   EXPECT_EQ(LocaleItemOf(LOCALE_STIMEFORMAT), W("h:mm:ss tt"));
@@ -66,6 +99,9 @@ TEST(DateFormatTest, ATextThatDoesNotFitIsRefusedAndItsSizeCanBeAsked) {
   EXPECT_EQ(FailureOf(GetDateFormatW(LOCALE_USER_DEFAULT, 0, &kAfternoon, W("yyyy-MM-dd"), buffer, 10)),
             122u);
   EXPECT_EQ(GetDateFormatW(LOCALE_USER_DEFAULT, 0, &kAfternoon, W("yyyy-MM-dd"), nullptr, 0), 11);
+  WCHAR exact[11];
+  EXPECT_EQ(GetDateFormatW(LOCALE_USER_DEFAULT, 0, &kAfternoon, W("yyyy-MM-dd"), exact, 11), 11);
+  EXPECT_EQ(WString(exact), W("2026-03-05"));
   EXPECT_EQ(FailureOf(GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &kAfternoon, W("HH:mm:ss"), buffer, 8)), 122u);
   EXPECT_EQ(FailureOf(GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, buffer, 8)), 122u);
 }

@@ -100,4 +100,15 @@ TEST(GetFullPathNameTest, ALongPathIsMadeFullWhole) {
   EXPECT_EQ(WString(buffer.data()), W("Z:\\") + WString(20000, W('a')));
 }
 
+TEST(GetFullPathNameTest, EachLetterIsADrive) {
+  for (WCHAR unit = W('A'); unit <= W('Z'); ++unit) {
+    for (const WCHAR letter : {unit, static_cast<WCHAR>(unit | 0x20)}) {
+      const WString drive = {letter, W(':')};
+      WCHAR buffer[100];
+      const DWORD size = GetFullPathNameW((drive + W("\\a\\..\\b")).c_str(), 100, buffer, nullptr);
+      EXPECT_EQ(WString(buffer, size), drive + W("\\b"));
+    }
+  }
+}
+
 }  // namespace

@@ -6,8 +6,12 @@
 #include <cstdlib>
 #include <ctime>
 #include <random>
+#include <string>
+#include <vector>
 
 #include "platform/windows_api.h"
+#include "support/in_environment_posix.h"
+#include "support/scratch_folder.h"
 #include "support/time_of.h"
 
 namespace {
@@ -17,14 +21,10 @@ constexpr char kCentralEurope[] = "CET-1CEST,M3.5.0,M10.5.0/3";
 // `check` in a process of its own, which stands in this zone.
 template <typename Check>
 void InZone(const char* zone, Check check) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const auto checkAndLeave = [&] {
-    setenv("TZ", zone, 1);
+  InEnvironment("TZ", zone, [&] {
     tzset();
     check();
-    std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
-  };
-  EXPECT_EXIT(checkAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "") << zone;
+  });
 }
 
 std::int64_t Seconds(std::tm time) { return _mktime64(&time); }
@@ -105,6 +105,73 @@ TEST(NativeMkTimeDeathTest, StandardTimeIsTheSameAsTheLibrarys) {
         ASSERT_EQ(time.tm_mday, same.tm_mday) << zone << " " << round;
         ASSERT_EQ(time.tm_isdst, same.tm_isdst) << zone << " " << round;
       }
+    });
+  }
+}
+
+// The file of a zone (RFC 8536, version 1).
+struct ZoneTime {
+  int offset;  // seconds
+  bool isSummer;
+};
+struct ZoneChange {
+  std::int32_t at;  // in universal time
+  char time;        // index of the time from then on
+};
+
+std::string ZoneFile(const std::vector<ZoneTime>& times, const std::vector<ZoneChange>& changes) {
+  std::string file("TZif", 4);
+  file.append(16, '\0');
+  const auto add = [&file](std::uint32_t number) {
+    for (int shift = 24; shift >= 0; shift -= 8) file += static_cast<char>(number >> shift);
+  };
+  for (const std::size_t count :
+       {std::size_t{0}, std::size_t{0}, std::size_t{0}, changes.size(), times.size()}) {
+    add(static_cast<std::uint32_t>(count));
+  }
+  add(4);  // characters of names
+  for (const ZoneChange& change : changes) add(static_cast<std::uint32_t>(change.at));
+  for (const ZoneChange& change : changes) file += change.time;
+  for (const ZoneTime& time : times) {
+    add(static_cast<std::uint32_t>(time.offset));
+    file += time.isSummer ? '\1' : '\0';
+    file += '\0';
+  }
+  return file.append("ZON\0", 4);
+}
+
+// Each hour of five years in a zone that is made; for a process of its own.
+void CheckHoursAgainstTheLibrary(const std::string& zoneFile) {
+  const ScratchFolder folder;
+  folder.Write(W("zone"), zoneFile);
+  setenv("TZ", (":" + folder.NativePath(W("zone")).string()).c_str(), 1);
+  tzset();
+  for (int hour = 0; hour < 5 * 366 * 24; ++hour) {
+    std::tm time = TimeOf(2014, 1, 1, hour, 30);
+    std::tm same = time;
+    const std::int64_t expected = mktime(&same);
+    ASSERT_EQ(_mktime64(&time), expected) << hour;
+    ASSERT_EQ(time.tm_hour, same.tm_hour) << hour;
+    ASSERT_EQ(time.tm_isdst, same.tm_isdst) << hour;
+  }
+}
+
+// 2016-03-27 01:00 and 2016-09-07 00:00 in universal time.
+constexpr std::int32_t kSpring2016 = 1459040400;
+constexpr std::int32_t kAutumn2016 = 1473206400;
+
+TEST(NativeMkTimeDeathTest, AZoneWhoseStandardTimeIsAnotherAfterASummerIsTheLibrarys) {
+  InZone("UTC0", [] {
+    CheckHoursAgainstTheLibrary(
+        ZoneFile({{7200, false}, {10800, true}, {10800, false}}, {{kSpring2016, 1}, {kAutumn2016, 2}}));
+  });
+}
+
+TEST(NativeMkTimeDeathTest, AZoneThatChangesItsStandardTimeIsTheLibrarys) {
+  for (const int other : {14400, 7200, 21600}) {
+    InZone("UTC0", [other] {
+      CheckHoursAgainstTheLibrary(
+          ZoneFile({{10800, false}, {other, false}}, {{kSpring2016, 1}, {kAutumn2016, 0}}));
     });
   }
 }

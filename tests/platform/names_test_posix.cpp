@@ -179,4 +179,13 @@ TEST_F(NativeNamesTest, SearchingAFileAsAFolderFailsWith267) {
             267u);
 }
 
+// Not even a path that exists is reached through the names of devices.
+TEST_F(NativeNamesTest, DevicesAreNotThere) {
+  const WString path = scratch_.Write(W("a"), "x");
+  EXPECT_EQ(FailureOf(DeleteFileW((W("\\\\.\\") + path).c_str())), 2u);
+  EXPECT_EQ(FailureOf(DeleteFileW((W("//./") + path).c_str())), 2u);
+  EXPECT_TRUE(scratch_.Exists(W("a")));
+  EXPECT_TRUE(DeleteFileW((W("\\\\?\\") + path).c_str()));
+}
+
 }  // namespace

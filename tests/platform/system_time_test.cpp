@@ -61,6 +61,52 @@ TEST(SystemTimeTest, FieldsBecomeATimeOfAFileWhateverTheirDayOfTheWeek) {
   }
 }
 
+constexpr WORD kDaysOfMonths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+WORD DaysOf(WORD year, WORD month) {
+  const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+  return static_cast<WORD>(kDaysOfMonths[month - 1] + (month == 2 && isLeap ? 1 : 0));
+}
+
+// More than one round of the calendar, which has 400 years.
+TEST(SystemTimeTest, EveryDayFollowsTheOneBefore) {
+  constexpr std::uint64_t kDay = 864000000000;
+  std::uint64_t units = 0;
+  WORD dayOfWeek = 1;
+  for (WORD year = 1601; year < 2102; ++year) {
+    for (WORD month = 1; month <= 12; ++month) {
+      for (WORD day = 1; day <= DaysOf(year, month); ++day, units += kDay, dayOfWeek = (dayOfWeek + 1) % 7) {
+        const SYSTEMTIME expected = {year, month, dayOfWeek, day, 0, 0, 0, 0};
+        FILETIME fileTime = FileTimeOf(units);
+        SYSTEMTIME time{};
+        ASSERT_TRUE(FileTimeToSystemTime(&fileTime, &time));
+        ExpectEqual(time, expected);
+        ASSERT_TRUE(SystemTimeToFileTime(&expected, &fileTime));
+        ASSERT_EQ(static_cast<std::uint64_t>(fileTime.dwHighDateTime) << 32 | fileTime.dwLowDateTime, units);
+        ASSERT_FALSE(HasFailure()) << year << "-" << month << "-" << day;
+      }
+    }
+  }
+}
+
+TEST(SystemTimeTest, TheLastMomentOfEachFieldIsTaken) {
+  for (WORD month = 1; month <= 12; ++month) {
+    const SYSTEMTIME last = {2023, month, 0, DaysOf(2023, month), 23, 59, 59, 999};
+    FILETIME fileTime{};
+    EXPECT_TRUE(SystemTimeToFileTime(&last, &fileTime)) << month;
+    SYSTEMTIME time{};
+    ASSERT_TRUE(FileTimeToSystemTime(&fileTime, &time));
+    EXPECT_EQ(time.wDay, last.wDay);
+    EXPECT_EQ(time.wHour, 23);
+    EXPECT_EQ(time.wMinute, 59);
+    EXPECT_EQ(time.wSecond, 59);
+    EXPECT_EQ(time.wMilliseconds, 999);
+    if (month == 2) continue;
+    const SYSTEMTIME behind = {2023, month, 0, static_cast<WORD>(last.wDay + 1), 0, 0, 0, 0};
+    EXPECT_EQ(FailureOf(SystemTimeToFileTime(&behind, &fileTime)), 87u) << month;
+  }
+}
+
 TEST(SystemTimeTest, ATimeWithItsHighestBitIsNone) {
   const FILETIME fileTime = FileTimeOf(0x8000000000000000);
   SYSTEMTIME time{};

@@ -23,4 +23,10 @@ TEST(SystemTimePosixTest, FebruaryHas29DaysInLeapYearsAlone) {
   }
 }
 
+TEST(SystemTimePosixTest, TheLastYearIs30827) {
+  EXPECT_TRUE(IsADay(30827, 28));
+  EXPECT_FALSE(IsADay(30828, 28));
+  EXPECT_FALSE(IsADay(1600, 28));
+}
+
 }  // namespace

@@ -62,21 +62,22 @@ class DirectoryWalker {
   // Closes every search.
   void Close();
 
+  // The constructor's Reset gives those below without a value theirs.
   std::int32_t depth = 0;  // 0 at the start folder
-  std::int32_t fileCount = 0;
-  std::int32_t folderCount = 0;
-  std::int32_t maxDepthSeen = 0;
-  std::int64_t totalSize = 0;  // bytes of the files returned
+  std::int32_t fileCount;
+  std::int32_t folderCount;
+  std::int32_t maxDepthSeen;
+  std::int64_t totalSize;  // bytes of the files returned
   HANDLE findHandle = nullptr;
   WString pattern;
   WString path;  // the current folder
   WIN32_FIND_DATAW findData = {};
-  std::uint32_t flags = kDefaultFlags;
-  std::uint32_t maxDepth = 0;  // 0 for no limit
-  bool descendNext = false;    // set by the caller after kFolder to enter that folder
-  bool useBasicInfo = false;   // faster searches where the file system gives them
+  std::uint32_t flags;
+  std::uint32_t maxDepth;  // 0 for no limit
+  bool descendNext;        // set by the caller after kFolder to enter that folder
+  bool useBasicInfo;       // faster searches where the file system gives them
   bool longPathsAllowed = false;
-  bool useLongPath = false;
+  bool useLongPath;
 
  private:
   static constexpr Code kAgain = Code{};  // the step is not over: take the next entry
@@ -107,5 +108,5 @@ class DirectoryWalker {
   WString fullPath_;
   bool entryIsFolder_ = false;  // the last step returned kFolder
   bool folderEndPending_ = false;
-  bool memoryFailed_ = false;  // Reset could not keep the path
+  bool memoryFailed_;  // Reset could not keep the path
 };

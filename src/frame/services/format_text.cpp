@@ -151,7 +151,7 @@ template <typename Append>
 WString Fill(WStringView format, WStringView letters, std::size_t count, std::size_t limit, Append append) {
   WString result;
   std::size_t index = 0;
-  while (!format.empty() && result.size() < limit) {
+  while (result.size() < limit) {
     const std::size_t plain = std::min(format.find(W('%')), format.size());
     result += format.substr(0, plain);
     format.remove_prefix(plain);

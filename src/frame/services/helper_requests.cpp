@@ -43,7 +43,7 @@ HelperPayload::~HelperPayload() {
 }
 
 u32 HelperPayload::ReadU32() {
-  u32 value = 0;
+  u32 value{};
   isComplete_ = isComplete_ && reader_->ReadU32(&value);
   return isComplete_ ? value : 0;
 }

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <charconv>
 #include <chrono>
+#include <climits>
 #include <cstring>
 #include <limits>
 #include <map>
@@ -172,8 +173,8 @@ std::vector<Account> WithMemberships(const Account& account) {
 
 std::vector<Account> CurrentAccounts() {
   std::vector<Account> accounts = {UserAccount(geteuid()), GroupAccount(getegid()), kEveryoneAccount};
-  std::vector<gid_t> groups(static_cast<std::size_t>(std::max(getgroups(0, nullptr), 0)));
-  const int count = getgroups(static_cast<int>(groups.size()), groups.data());
+  std::vector<gid_t> groups(NGROUPS_MAX);
+  const int count = getgroups(NGROUPS_MAX, groups.data());
   groups.resize(static_cast<std::size_t>(std::max(count, 0)));
   for (const gid_t group : groups) accounts.push_back(GroupAccount(group));
   return accounts;

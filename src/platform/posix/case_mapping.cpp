@@ -50,13 +50,14 @@ const char16_t* Platform::UpperCaseTable() { return Tables().upper.data(); }
 
 int LCMapStringW(LCID, DWORD flags, const WCHAR* source, int sourceSize, WCHAR* target, int targetSize) {
   if (Platform::FaultFires("LCMapStringW", flags)) return 0;
-  if (!source || sourceSize == 0 || targetSize < 0 || (targetSize > 0 && !target)) {
+  if (!source || targetSize < 0 || (targetSize > 0 && !target)) {
     return Platform::FailWith(ERROR_INVALID_PARAMETER);
   }
-  if (flags != LCMAP_UPPERCASE && flags != LCMAP_LOWERCASE) return Platform::FailWith(ERROR_INVALID_FLAGS);
-
   std::size_t count = static_cast<std::size_t>(sourceSize);
   if (sourceSize < 0) count = std::u16string_view(source).size() + 1;
+  if (count == 0) return Platform::FailWith(ERROR_INVALID_PARAMETER);
+  if (flags != LCMAP_UPPERCASE && flags != LCMAP_LOWERCASE) return Platform::FailWith(ERROR_INVALID_FLAGS);
+
   if (targetSize == 0) return static_cast<int>(count);
 
   const CaseTable& table = flags == LCMAP_UPPERCASE ? Tables().upper : Tables().lower;

@@ -58,13 +58,13 @@ class Sink {
 
 // What both functions refuse alike.
 template <typename From, typename To>
-bool AreValid(const From* source, int sourceSize, const To* target, int targetSize) {
-  return source && sourceSize != 0 && targetSize >= 0 && (target || targetSize == 0);
+bool AreValid(const From* source, const To* target, int targetSize) {
+  return source && targetSize >= 0 && (target || targetSize == 0);
 }
 
 template <typename CharT>
 std::basic_string_view<CharT> SourceText(const CharT* source, int size) {
-  if (size > 0) return {source, static_cast<std::size_t>(size)};
+  if (size >= 0) return {source, static_cast<std::size_t>(size)};
   return {source, std::char_traits<CharT>::length(source) + 1};  // the terminator is converted as well
 }
 
@@ -97,6 +97,7 @@ int DecodeWesternText(const char* source, int sourceSize, WCHAR* target, int tar
   const std::size_t room = static_cast<std::size_t>(targetSize);
   std::size_t count = static_cast<std::size_t>(sourceSize);
   if (sourceSize < 0) count = (targetSize == 0 ? std::strlen(source) : strnlen(source, room)) + 1;
+  if (count == 0) return FailWith(ERROR_INVALID_PARAMETER);
   Platform::Decode1252(source, std::min(count, room), target);
   const bool fits = targetSize == 0 ? count <= std::numeric_limits<int>::max() : count <= room;
   return fits ? static_cast<int>(count) : FailWith(ERROR_INSUFFICIENT_BUFFER);
@@ -126,20 +127,23 @@ int EncodeUtf8Text(std::u16string_view text, DWORD flags, char* target, int targ
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* source, int sourceSize, WCHAR* target,
                         int targetSize) {
   if (Platform::FaultFires("MultiByteToWideChar", flags)) return 0;
-  if (!AreValid(source, sourceSize, target, targetSize)) return FailWith(ERROR_INVALID_PARAMETER);
+  if (!AreValid(source, target, targetSize)) return FailWith(ERROR_INVALID_PARAMETER);
   if (codePage != CP_UTF8 && !IsWestern(codePage)) return FailWith(ERROR_INVALID_PARAMETER);
   if ((flags & ~kDecodingFlags) != 0) return FailWith(ERROR_INVALID_FLAGS);
   if (codePage != CP_UTF8) return DecodeWesternText(source, sourceSize, target, targetSize);
-  return DecodeUtf8Text(SourceText(source, sourceSize), flags, target, targetSize);
+  const std::string_view text = SourceText(source, sourceSize);
+  if (text.empty()) return FailWith(ERROR_INVALID_PARAMETER);
+  return DecodeUtf8Text(text, flags, target, targetSize);
 }
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* source, int sourceSize, char* target,
                         int targetSize, const char* defaultChar, BOOL* usedDefaultChar) {
   if (Platform::FaultFires("WideCharToMultiByte", flags)) return 0;
-  if (!AreValid(source, sourceSize, target, targetSize)) return FailWith(ERROR_INVALID_PARAMETER);
+  if (!AreValid(source, target, targetSize)) return FailWith(ERROR_INVALID_PARAMETER);
   if (codePage != CP_UTF8 && !IsWestern(codePage)) return FailWith(ERROR_INVALID_PARAMETER);
   if ((flags & ~kEncodingFlags) != 0) return FailWith(ERROR_INVALID_FLAGS);
   const std::u16string_view text = SourceText(source, sourceSize);
+  if (text.empty()) return FailWith(ERROR_INVALID_PARAMETER);
   if (codePage == CP_UTF8) {
     // UTF-8 has all characters, so nothing may be said about a default.
     if (defaultChar || usedDefaultChar) return FailWith(ERROR_INVALID_PARAMETER);

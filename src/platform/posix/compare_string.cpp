@@ -1,10 +1,9 @@
 // CompareStringA, CompareStringW and CompareStringEx.
 
 #include <algorithm>
-#include <array>
 #include <limits>
-#include <memory>
 #include <new>
+#include <vector>
 
 #include "platform/posix/code_page_1252.h"
 #include "platform/posix/collation.h"
@@ -21,33 +20,12 @@ using Platform::UnalignedText;
 constexpr DWORD kFlags = NORM_LINGUISTIC_CASING | LINGUISTIC_IGNORECASE | SORT_DIGITSASNUMBERS;
 constexpr std::size_t kLongest = std::numeric_limits<int>::max();
 
-// A text of bytes, widened: short ones on the stack, longer ones in a buffer that the next ones use as well.
-class Widened {
- public:
-  struct Buffer {
-    std::unique_ptr<WCHAR[]> units;
-    std::size_t size = 0;
-  };
-
-  Widened(const UnalignedText<char>& text, Buffer& buffer) : size_(text.Size()) {
-    if (size_ > short_.size() && size_ > buffer.size) {
-      buffer.size = 0;
-      buffer.units.reset(new WCHAR[size_]);
-      buffer.size = size_;
-    }
-    units_ = size_ > short_.size() ? buffer.units.get() : short_.data();
-    Platform::Decode1252(text.Data(), size_, units_);
-  }
-  Widened(const Widened&) = delete;
-  Widened& operator=(const Widened&) = delete;
-
-  UnalignedText<WCHAR> Text() const { return {units_, size_}; }
-
- private:
-  std::array<WCHAR, 256> short_;
-  WCHAR* units_;
-  std::size_t size_;
-};
+// A text of bytes, widened in a buffer that grows with the longest.
+UnalignedText<WCHAR> Widen(const UnalignedText<char>& text, std::vector<WCHAR>& buffer) {
+  buffer.resize(std::max(buffer.size(), text.Size()));
+  Platform::Decode1252(text.Data(), text.Size(), buffer.data());
+  return {buffer.data(), text.Size()};
+}
 
 int CompareWith(const Collation& collation, const UnalignedText<WCHAR>& lhs,
                 const UnalignedText<WCHAR>& rhs) {
@@ -55,11 +33,9 @@ int CompareWith(const Collation& collation, const UnalignedText<WCHAR>& lhs,
 }
 
 int CompareWith(const Collation& collation, const UnalignedText<char>& lhs, const UnalignedText<char>& rhs) {
-  static thread_local Widened::Buffer leftBuffer;
-  static thread_local Widened::Buffer rightBuffer;
-  const Widened left(lhs, leftBuffer);
-  const Widened right(rhs, rightBuffer);
-  return collation.Compare(left.Text(), right.Text());
+  static thread_local std::vector<WCHAR> left;
+  static thread_local std::vector<WCHAR> right;
+  return collation.Compare(Widen(lhs, left), Widen(rhs, right));
 }
 
 template <typename CharT>

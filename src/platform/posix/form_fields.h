@@ -2,7 +2,9 @@
 // form, which must live as long as the field.
 #pragma once
 
+#include <algorithm>
 #include <span>
+#include <string>
 #include <utility>
 
 #include "platform/posix/user_interface.h"
@@ -17,14 +19,33 @@ inline FormField TextField(const char* name, WString& member) {
           }};
 }
 
-// A text that `accepts` has nothing against.
-inline FormField TextField(const char* name, WString& member, std::function<bool(const WString&)> accepts) {
-  return {name, [&member] { return member; },
-          [&member, accepts = std::move(accepts)](const WString& text) {
-            if (!accepts(text)) return false;
-            member = text;
-            return true;
-          }};
+// A text of at most so many characters.
+inline FormField LimitedField(const char* name, WString& member, std::size_t characters) {
+  FormField field = TextField(name, member);
+  field.set = [characters, set = field.set](const WString& text) {
+    return text.size() <= characters && set(text);
+  };
+  field.takes = "at most " + std::to_string(characters) + (characters == 1 ? " character" : " characters");
+  return field;
+}
+
+// A number of at most so many digits; the field may be empty.
+inline FormField NumberField(const char* name, WString& member, std::size_t digits) {
+  FormField field = TextField(name, member);
+  field.set = [digits, set = field.set](const WString& text) {
+    const bool isNumber =
+        std::ranges::all_of(text, [](WCHAR unit) { return unit >= W('0') && unit <= W('9'); });
+    return isNumber && text.size() <= digits && set(text);
+  };
+  field.takes = "a number from 0 to " + std::string(digits, '9');
+  return field;
+}
+
+// A text of which the first characters are kept, so many at most.
+inline FormField CutField(const char* name, WString& member, std::size_t characters) {
+  FormField field = LimitedField(name, member, characters);
+  field.set = [characters, set = field.set](const WString& text) { return set(text.substr(0, characters)); };
+  return field;
 }
 
 // A text that is shown and cannot be changed.
@@ -99,7 +120,7 @@ std::vector<FormField> FollowedFields(Form& form, std::span<const RuledField<For
       return true;
     };
     fields.push_back({row.field.name, row.field.get, set, row.field.words,
-                      [&form, isEnabled = row.isEnabled] { return isEnabled(form); }});
+                      [&form, isEnabled = row.isEnabled] { return isEnabled(form); }, row.field.takes});
   }
   return fields;
 }

@@ -164,7 +164,9 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
   request.makeReadOnly = (flagsAndAttributes & FILE_ATTRIBUTE_READONLY) != 0;
   request.takesFolders = (flagsAndAttributes & FILE_FLAG_BACKUP_SEMANTICS) != 0;
   request.takesLinks = request.takesFolders && (flagsAndAttributes & FILE_FLAG_OPEN_REPARSE_POINT) != 0;
-  if (!request.creation || (creation == TRUNCATE_EXISTING && !request.writes))
+  // The product asks for no other rights, so they are not known here.
+  const bool isKnown = (access & ~(GENERIC_READ | GENERIC_WRITE)) == 0;
+  if (!isKnown || !request.creation || (creation == TRUNCATE_EXISTING && !request.writes))
     error = ERROR_INVALID_PARAMETER;
   if (error != ERROR_SUCCESS) {
     FailWith(error);

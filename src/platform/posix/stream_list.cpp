@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,16 +48,9 @@ std::string PathOfDescriptor(int descriptor) { return "/proc/self/fd/" + std::to
 
 // The names of all extended attributes, each with a zero at its end.
 std::string AttributeNames(const std::string& path) {
-  std::string names(1024, '\0');
-  for (;;) {
-    const ssize_t size = listxattr(path.c_str(), names.data(), names.size());
-    if (size >= 0) {
-      names.resize(static_cast<std::size_t>(size));
-      return names;
-    }
-    if (errno != ERANGE || names.size() >= XATTR_LIST_MAX) return {};
-    names.resize(names.size() * 8);
-  }
+  const auto names = std::make_unique_for_overwrite<char[]>(XATTR_LIST_MAX);
+  const ssize_t size = listxattr(path.c_str(), names.get(), XATTR_LIST_MAX);
+  return size < 0 ? std::string() : std::string(names.get(), static_cast<std::size_t>(size));
 }
 
 std::vector<Stream> StreamsOf(const Platform::OpenFile& file) {

@@ -22,6 +22,8 @@ struct FormField {
   std::vector<WString> words = {};
   // Returns whether the field takes values as the form is. Null: it always does.
   std::function<bool()> isEnabled = nullptr;
+  // What a field without such a list takes, if not any text: "at most 3 characters".
+  std::string takes = {};
 };
 
 // A dialog that is asked for: its class name, its title and what stands at its top as the user would see
