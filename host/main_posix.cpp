@@ -1,10 +1,12 @@
 #include <malloc.h>
 
+#include <csignal>
+
 #include "host/run_qxhost.h"
 
 int main(int argc, char** argv) {
-  // One heap for all threads, which grows in large steps and keeps what it has: threads of a run work one at a
-  // time, and what a million rows take is not given back to the system bit by bit.
+  // One heap for all threads, which grows in large steps and keeps what it has: threads of a run work one at
+  // a time, and what a million rows take is not given back to the system bit by bit.
   constexpr int kHeapStep = 4 << 20;
   constexpr int kWholeHeap = 1 << 30;
   constexpr int kLargestOfHeap = 32 << 20;
@@ -13,5 +15,8 @@ int main(int argc, char** argv) {
   mallopt(M_TRIM_THRESHOLD, kWholeHeap);
   mallopt(M_MMAP_THRESHOLD, kLargestOfHeap);
   mallopt(M_MXFAST, 0);
+  // A reader that has seen enough (`| head`) must not end the program between a rename and its undo file: a
+  // write to it fails, and the run goes on.
+  std::signal(SIGPIPE, SIG_IGN);
   return QxHost::RunQxHost(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
 }
