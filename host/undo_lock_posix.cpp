@@ -7,7 +7,6 @@
 
 #include "host/native_path.h"
 #include "host/undo_lock.h"
-#include "platform/posix/last_error.h"
 
 namespace QxHost {
 
@@ -16,7 +15,7 @@ class UndoLock::File {
   explicit File(std::string path)
       : path_(std::move(path)),
         descriptor_(open(path_.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0666)),
-        error_(descriptor_ < 0 ? Platform::ErrorOfErrno(errno) : DWORD{ERROR_SUCCESS}) {}
+        error_(descriptor_ < 0 ? NativeError(errno) : DWORD{ERROR_SUCCESS}) {}
   File(const File&) = delete;
   File& operator=(const File&) = delete;
   ~File() {
