@@ -38,6 +38,8 @@ DWORD NativeError(int number) {
   switch (number) {
     case ENOENT:
       return ERROR_FILE_NOT_FOUND;
+    case ENOTDIR:
+      return ERROR_PATH_NOT_FOUND;
     case EACCES:
     case EPERM:
     case EISDIR:
