@@ -158,12 +158,6 @@ if IS_WINDOWS:
             self.make("a.jpg")
             outcome = self.rename("--name", "[N]", "--find", "*", "--replace", "?", "a.jpg")
             self.assertEqual(outcome.of("row")[0]["new"], "a.jpg")
-else:
-    class Patterns(RenameTest):
-        def test_a_star_is_a_character_of_names_as_the_shell_has_found_the_patterns(self):
-            self.make("*.jpg", "a.jpg")
-            outcome = self.rename("--name", "x", "*.jpg")
-            self.assertEqual([row["old"] for row in outcome.of("row")], ["*.jpg"])
 
 
 if __name__ == "__main__":
