@@ -45,7 +45,7 @@ bool MatchesPattern(WStringView name, WStringView pattern) {
   if (pattern == W("*.*")) return true;
   std::size_t at = 0;
   std::size_t inPattern = 0;
-  // After the last star: where it stands, and the end of what it takes so far.
+  // The last star, and the end of what it takes so far.
   std::size_t star = WStringView::npos;
   std::size_t taken = 0;
   while (at < name.size()) {

@@ -28,7 +28,7 @@ void TakeBack(Shared& shared, RenameSession& session, const std::string& text, b
 std::size_t RenamesBeyondUndo(const std::vector<Velmora::SDK::MultiRenameItem*>& rows);
 
 // Before a run: makes sure that its undo file can be written and has a name of its own, which the lock keeps
-// until the file is there. Waits for other runs. False, with the reason told, if there can be no undo file.
+// until the file is there. Waits for other runs. False, after a message, if there can be no undo file.
 bool ClaimUndoFile(Output& output, const Velmora::SDK::MultiRenameUndoStore& store, UndoLock& lock);
 
 // Deletes one file of the store, by its name or path, the newest (`last`) or `all`. False if a file could not

@@ -250,7 +250,7 @@ class LongUndoFiles(SafetyTest):
 class DamagedFiles(SafetyTest):
     DAMAGE = (b"<MultiRename><profile name=\"mine\">", b"not XML at all", b"")
 
-    def test_damaged_profiles_are_told_of_and_never_replaced(self):
+    def test_damaged_profiles_are_reported_and_never_replaced(self):
         self.make("a.txt")
         for content in self.DAMAGE:
             for call in (["--name", "x", "--save-profile", "New"], ["--list-profiles"], ["--delete-profile", "mine"],
@@ -260,7 +260,7 @@ class DamagedFiles(SafetyTest):
                     self.assertIn("MultiRenameProfiles.xml is damaged", self.refused(*call))
                     self.assertEqual(self.read_config("MultiRenameProfiles.xml"), content)
 
-    def test_damaged_lists_of_pairs_are_told_of_and_never_replaced(self):
+    def test_damaged_lists_of_pairs_are_reported_and_never_replaced(self):
         self.make("a.txt")
         for call in (["--find", "a", "--save-pairs", "1"], ["--list-pairs"], ["--pairs", "1", "a.txt"]):
             with self.subTest(call=call):

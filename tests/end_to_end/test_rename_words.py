@@ -21,7 +21,7 @@ class Notes(RenameTest):
                       "matter\n", outcome.stdout)
         self.assertIn("! b.txt   x.txt   <- the first row gets this name\n", outcome.stdout)
 
-    def test_a_mistyped_property_is_told_of_with_the_nearest_name(self):
+    def test_a_mistyped_property_is_reported_with_the_nearest_name(self):
         self.make("a.txt")
         self.assertEqual(self.notes("--name", "[N][?modifed]", "a.txt"),
                          "qxhost: note: there is no property \"modifed\", so its tag is empty. "
@@ -90,7 +90,7 @@ class Calls(RenameTest):
         self.rename("--name", "b", "--run", "a.txt")
         self.assertIn("qxhost --config %s rename --undo NAME" % self.config, self.prose("--list-undo").stdout)
 
-    def test_the_newest_undo_file_is_deleted_as_last_and_a_program_is_told(self):
+    def test_the_newest_undo_file_is_deleted_as_last_and_reported(self):
         self.make("a.txt")
         self.rename("--name", "b", "--run", "a.txt")
         self.rename("--name", "c", "--run", "b.txt")
