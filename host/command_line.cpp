@@ -177,6 +177,15 @@ void AddFlag(CLI::App& app, const std::string& name, bool& target, const std::st
   app.add_flag(name, target, help);
 }
 
+void AddSwitch(CLI::App& app, const std::string& name, std::optional<bool>& target, const std::string& help) {
+  const std::string off = "--no-" + name.substr(2);
+  app.add_flag_function(
+      name, [&target](std::int64_t count) { target = count > 0; }, help);
+  app.add_flag_function(
+         off, [&target](std::int64_t count) { target = count <= 0; }, "")
+      ->group("");  // the help of the option says it
+}
+
 void AddTexts(CLI::App& app, const std::string& name, const std::string& value,
               std::vector<std::string>& target, const std::string& help) {
   app.add_option_function<std::vector<std::string>>(name, Collect(target), help)

@@ -97,6 +97,11 @@ u32 FileProperties::GetValue(WCHAR* buffer, u32 size, const WCHAR* name, void* v
   return 1;
 }
 
+bool FileProperties::Has(WStringView name) const {
+  return std::ranges::any_of(
+      properties_, [name](const FileProperty& property) { return IsSamePropertyName(property.name, name); });
+}
+
 void FileProperties::ListProperties(IHostPropertyList* list, u32) {
   if (!list) return;
   for (const FileProperty& property : properties_) static_cast<PropertyList*>(list)->Add(property);

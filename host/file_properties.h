@@ -48,6 +48,9 @@ class FileProperties final : public Velmora::SDK::IHostPropertyManager {
   u32 GetValue(WCHAR* buffer, u32 size, const WCHAR* name, void* valueRecord, const WCHAR* fullPath) override;
   void ListProperties(Velmora::SDK::IHostPropertyList* list, u32 zero) override;
 
+  // Whether there is a property of this name, in any letter case.
+  bool Has(WStringView name) const;
+
   const std::vector<FileProperty>& All() const { return properties_; }
 
  private:

@@ -12,6 +12,14 @@ using Json = nlohmann::ordered_json;
 
 constexpr const char* kQuestionKinds[] = {"box", "text", "choice", "dialog"};
 
+Json PairsAsJson(const std::vector<std::pair<WString, WString>>& pairs) {
+  Json list = Json::array();
+  for (const auto& [find, replace] : pairs) {
+    list.push_back({{"find", ToUtf8(find)}, {"replace", ToUtf8(replace)}});
+  }
+  return list;
+}
+
 class JsonReporter final : public Reporter {
  public:
   explicit JsonReporter(Output& output) : output_(output) {}
@@ -137,11 +145,13 @@ class JsonReporter final : public Reporter {
            {"restored", event.restored}});
   }
 
+  void UndoDeleted(WStringView file) override { Write({{"event", "deleted"}, {"file", ToUtf8(file)}}); }
+
+  void Pairs(std::int32_t number, const std::vector<std::pair<WString, WString>>& pairs) override {
+    Write({{"event", "pairs"}, {"number", number}, {"pairs", PairsAsJson(pairs)}});
+  }
+
   void RenameProfile(const RenameProfileEvent& event) override {
-    Json pairs = Json::array();
-    for (const auto& [find, replace] : event.pairs) {
-      pairs.push_back({{"find", ToUtf8(find)}, {"replace", ToUtf8(replace)}});
-    }
     Write({{"event", "profile"},
            {"name", ToUtf8(event.name)},
            {"filename", ToUtf8(event.filename)},
@@ -154,7 +164,7 @@ class JsonReporter final : public Reporter {
            {"replace-all", event.replaceAll},
            {"case-sensitive", event.caseSensitive},
            {"parts", event.parts},
-           {"pairs", pairs}});
+           {"pairs", PairsAsJson(event.pairs)}});
   }
 
   void Property(WStringView name, WStringView displayName) override {

@@ -1,5 +1,7 @@
 #include <malloc.h>
 
+#include <csignal>
+
 #include "host/run_qxhost.h"
 
 int main(int argc, char** argv) {
@@ -13,5 +15,8 @@ int main(int argc, char** argv) {
   mallopt(M_TRIM_THRESHOLD, kWholeHeap);
   mallopt(M_MMAP_THRESHOLD, kLargestOfHeap);
   mallopt(M_MXFAST, 0);
+  // A reader that has seen enough (`| head`) must not end the program between a rename and its undo file: a
+  // write to it fails, and the run goes on.
+  std::signal(SIGPIPE, SIG_IGN);
   return QxHost::RunQxHost(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
 }

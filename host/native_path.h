@@ -11,4 +11,7 @@ std::string NativeBytes(WStringView text);
 // A full path, `Z:\a\b`, as /a/b.
 std::string NativePath(const WString& fullPath);
 
+// The error number of the host for an errno of opening, writing or replacing a file.
+DWORD NativeError(int number);
+
 }  // namespace QxHost

@@ -1,6 +1,7 @@
 #include "host/native_path.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace QxHost {
 
@@ -31,6 +32,26 @@ std::string NativePath(const WString& fullPath) {
   WString slashed(path);
   std::replace(slashed.begin(), slashed.end(), W('\\'), W('/'));
   return NativeBytes(slashed);
+}
+
+DWORD NativeError(int number) {
+  switch (number) {
+    case ENOENT:
+      return ERROR_FILE_NOT_FOUND;
+    case ENOTDIR:
+      return ERROR_PATH_NOT_FOUND;
+    case EACCES:
+    case EPERM:
+    case EISDIR:
+      return ERROR_ACCESS_DENIED;
+    case ENOSPC:
+    case EDQUOT:
+      return ERROR_DISK_FULL;
+    case EROFS:
+      return ERROR_WRITE_PROTECT;
+    default:
+      return ERROR_IO_DEVICE;
+  }
 }
 
 }  // namespace QxHost

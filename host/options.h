@@ -43,6 +43,8 @@ void AddOptionalText(CLI::App& app, const std::string& name, const std::string& 
 void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
                  const std::string& help);
 void AddFlag(CLI::App& app, const std::string& name, bool& target, const std::string& help);
+// A flag `--name` that `--no-name` switches off; nothing if neither is given, and the last of several counts.
+void AddSwitch(CLI::App& app, const std::string& name, std::optional<bool>& target, const std::string& help);
 // Once for each time that the option is given, in order.
 void AddTexts(CLI::App& app, const std::string& name, const std::string& value,
               std::vector<std::string>& target, const std::string& help);

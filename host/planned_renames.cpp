@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "host/error_text.h"
+#include "host/interruption.h"
 #include "host/move_item.h"
 #include "host/paths.h"
 #include "host/rename_plan.h"
@@ -62,7 +63,7 @@ class Gathered {
     for (Row row = 0; row < files.size(); ++row) {
       wanted.rows.push_back({.folder = files[row].folder,
                              .name = files[row].name,
-                             .newName = NameToMake(renames[row].newName),
+                             .newName = NameToMakeOf(renames[row]),
                              .isByPath = !renames[row].item,
                              .refusal = refusals_[row]});
     }
@@ -95,7 +96,7 @@ class Gathered {
       file.folder = folders_.Of(path.substr(0, nameAt));
       file.name = path.substr(nameAt);
     }
-    refusals_.push_back(RefusalOf(rename.newName, hasPath, isDrive, file.name));
+    refusals_.push_back(RefusalOf(NameToMakeOf(rename), rename.newName, hasPath, isDrive, file.name));
   }
 
   std::vector<DWORD> refusals_;
@@ -127,10 +128,14 @@ class ChainRunner {
 
   void Run(const RenameChain& chain) {
     const std::span<const Row> rows(plan_.order.data() + chain.first, chain.count);
-    if (chain.waitsFor != kNoRow && plan_.results[chain.waitsFor] != 0) {
+    if (IsInterrupted()) {
+      for (const Row row : rows) plan_.results[row] = ERROR_CANCELLED;
+    } else if (chain.waitsFor != kNoRow && plan_.results[chain.waitsFor] != 0) {
       for (const Row row : rows) plan_.results[row] = ERROR_ALREADY_EXISTS;
     } else if (chain.temporaryName == kNoRow) {
-      for (const Row row : rows) plan_.results[row] = Move(ItemOf(row), NewName(row));
+      for (const Row row : rows) {
+        plan_.results[row] = IsInterrupted() ? DWORD{ERROR_CANCELLED} : Move(ItemOf(row), NewName(row));
+      }
     } else {
       RunCycle(rows, plan_.temporaryNames[chain.temporaryName]);
     }
@@ -223,10 +228,12 @@ std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, Folder
   BatchFolders folders(wanted.folders);
   for (const ImaginedRename& rename : renames) {
     const WString& name = rename.item->Name();
-    wanted.rows.push_back({.folder = folders.Of(*rename.item),
-                           .name = name,
-                           .newName = NameToMake(rename.newName),
-                           .refusal = RefusalOf(rename.newName, true, !rename.item->Parent(), name)});
+    const WStringView newName = NameToMake(rename.newName);
+    wanted.rows.push_back(
+        {.folder = folders.Of(*rename.item),
+         .name = name,
+         .newName = newName,
+         .refusal = RefusalOf(newName, rename.newName, true, !rename.item->Parent(), name)});
   }
   ListedView disk(listings);
   const RenamePlan plan = PlanRenames(wanted, disk);

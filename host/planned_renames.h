@@ -28,7 +28,8 @@ std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, Folder
 // Does what the plan lets pass, or nothing if `isDryRun`, and then reports all. A file that cannot be moved
 // leaves those that wait for its name as they are. If a step of a cycle fails, its other files take their old
 // names back; where the system refuses that too, a line of `output` names the file that keeps a temporary
-// name.
+// name. After an interruption (interruption.h) nothing more is renamed (1223), but for the rest of a cycle
+// that has begun.
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
                 const RenameReport& report);
 

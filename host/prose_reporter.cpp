@@ -125,8 +125,7 @@ class ProseReporter final : public Reporter {
       rowFolder_ = event.folder;
       output_.Line(ToUtf8(event.folder));
     }
-    const bool stays = event.objection.empty() && event.oldName == event.newName;
-    line_ = stays ? "= " : event.blocks ? "! " : event.objection.empty() ? "  " : "? ";
+    line_ = event.stays ? "= " : event.blocks ? "! " : event.objection.empty() ? "  " : "? ";
     AppendAsUtf8(line_, event.oldName);
     const std::size_t width = CharactersOf(line_);
     const std::size_t column = event.nameWidth + kRowGap + kRowMarkWidth;
@@ -147,6 +146,15 @@ class ProseReporter final : public Reporter {
                  (event.items == 1 ? " rename" : " renames") + (event.restored ? ", taken back" : ""));
   }
 
+  void UndoDeleted(WStringView file) override {
+    output_.Line("deleted " + ToUtf8(file.substr(file.rfind(W('\\')) + 1)));
+  }
+
+  void Pairs(std::int32_t number, const std::vector<std::pair<WString, WString>>& pairs) override {
+    output_.Line("list " + std::to_string(number));
+    for (const auto& [find, replace] : pairs) PairLine(find, replace);
+  }
+
   void RenameProfile(const RenameProfileEvent& event) override {
     output_.Line(ToUtf8(event.name));
     output_.Line("  --name \"" + ToUtf8(event.filename) + "\" --extension \"" + ToUtf8(event.extension) +
@@ -156,9 +164,7 @@ class ProseReporter final : public Reporter {
     output_.Line(std::string("  --parts ") + event.parts + (event.regex ? " --regex" : "") +
                  (event.replaceAll ? " --replace-all" : "") +
                  (event.caseSensitive ? " --case-sensitive" : ""));
-    for (const auto& [find, replace] : event.pairs) {
-      output_.Line("  --find \"" + ToUtf8(find) + "\" --replace \"" + ToUtf8(replace) + "\"");
-    }
+    for (const auto& [find, replace] : event.pairs) PairLine(find, replace);
   }
 
   void Property(WStringView name, WStringView displayName) override {
@@ -173,6 +179,10 @@ class ProseReporter final : public Reporter {
   void Result(std::int32_t) override {}
 
  private:
+  void PairLine(const WString& find, const WString& replace) {
+    output_.Line("  --find \"" + ToUtf8(find) + "\" --replace \"" + ToUtf8(replace) + "\"");
+  }
+
   Output& output_;
   ColumnTable table_;
   WString rowFolder_;  // of the row before

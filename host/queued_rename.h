@@ -49,16 +49,23 @@ class RenameBatch final : public OwnedByModule<RenameBatch, Velmora::SDK::IHostR
   bool wasRun = false;
 };
 
-// The new name as the system makes it, without dots and blanks at its end; as it was given if nothing else is
-// in it.
+// The new name as it is made. That of an item has no dots and blanks at its end, which the system cuts. A
+// rename by path brings back a name that was there, so it is made as it was given.
+WStringView NameToMakeOf(const QueuedRename& rename);
+
+// The same for a message: as it was given where nothing of it is made.
 WString NameOfRename(const QueuedRename& rename);
+
+// Why the rename of a file failed.
+std::string RenameErrorText(const WString& fullPath, u32 result);
 
 // The full path of a rename by path. Nothing if it is not renamed: it must not depend on the current folder.
 std::optional<WString> PathOfRename(const QueuedRename& rename);
 
-// What is wrong with a rename whatever files there are: a file without a path (161), a name that cannot be
-// one (123) or is too long (206), a drive (5), the present name (10, which is no failure). 0 if nothing is.
-u32 RefusalOf(WStringView newName, bool hasPath, bool isDrive, WStringView presentName);
+// What is wrong with a rename to `newName`, which was made of `given`, whatever files there are: a file
+// without a path (161), a name that cannot be one (123) or is too long (206), a drive (5), the present name
+// (10, which is no failure). 0 if nothing is.
+u32 RefusalOf(WStringView newName, WStringView given, bool hasPath, bool isDrive, WStringView presentName);
 
 // True for the folder `current` and for those above it.
 bool HoldsFolder(const WString& fullPath, const WString& current);

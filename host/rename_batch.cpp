@@ -1,6 +1,5 @@
 #include "host/rename_batch.h"
 
-#include "host/error_text.h"
 #include "host/paths.h"
 #include "host/planned_renames.h"
 #include "host/renames_in_order.h"
@@ -46,13 +45,18 @@ void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
 }
 
 void FileOperation::Report(const WString& from, const QueuedRename& rename) {
-  const WString newName = NameOfRename(rename);
+  const bool stays = from.ends_with(W('\\') + rename.newName);
+  const WString newName = stays ? rename.newName : NameOfRename(rename);
   reporter_.Rename({from, newName, rename.result, dryRun_});
   if (rename.result == kRenameDone || rename.result == kRenameIgnored) return;
   hasFailed_ = true;
+  if (rename.result == ERROR_CANCELLED) {
+    ++untried_;  // one line is for all of them
+    return;
+  }
   output_.Problem("cannot rename " + ToUtf8(from) +
                   (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
-                  ErrorText(rename.result));
+                  RenameErrorText(from, rename.result));
 }
 
 }  // namespace QxHost

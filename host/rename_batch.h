@@ -26,9 +26,10 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
     if (batch) batch->Release();
   }
   // The batch is planned as a whole (rename_plan.h) unless they are to run in order; results and callbacks
-  // come in its order. Dots and blanks at the end of a new name are left out, as the system does. A rename
-  // that fails is reported and does not stop the others. A name that cannot be one is refused (123), a name
-  // that stays is ignored (10), and a file that exists is never replaced.
+  // come in its order. Dots and blanks at the end of an item's new name are left out, as the system does;
+  // a path gets its name as it was given. A rename that fails is reported and does not stop the others. A
+  // name that cannot be one is refused (123), a name that stays is ignored (10), and a file that exists is
+  // never replaced.
   void RunBatch(Velmora::SDK::IHostRenameBatch* batch,
                 Velmora::SDK::IRenameResultCallback* callback) override;
   void RunPathBatch(Velmora::SDK::IHostRenameBatch* batch,
@@ -36,6 +37,9 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
 
   // Whether a rename has failed, or would have in a dry run. A name that stays is no failure.
   bool HasFailed() const { return hasFailed_; }
+
+  // The renames that were left out (1223) after an interruption.
+  std::size_t Untried() const { return untried_; }
 
  private:
   void Run(RenameBatch& batch, Velmora::SDK::IRenameResultCallback* callback);
@@ -47,6 +51,7 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   const bool dryRun_;
   const bool inOrder_;
   bool hasFailed_ = false;
+  std::size_t untried_ = 0;
 };
 
 }  // namespace QxHost

@@ -7,17 +7,27 @@ const char* const kRenameHelp =
   [N] the old name without its extension   [E] the old extension       [F] the name of the folder
   [C] the counter; [C10,5,3] one of its own: first value, step, digits
   [Y] [M] [D] [h] [m] [s] the present date and time; [M2] in two digits
-  [?modified] a property of the file; [?modified,{yyyy-MM-dd|HHmm}] a date and a time in this form,
-      [?size,{n8}] a number in eight digits. --list-properties shows all
+  [?attributes] a property of the file; --list-properties shows all. [?modified,{yyyy-MM-dd|HHmm}] a date and a
+      time in this form, and without one with / and :, which no name may hold; [?size,{n8}] a number in eight
+      digits, which is 2147483647 where it is larger
   [N5] five characters from the begin, [N-5] from the end, [N3,4] four from the third, [N3-7] the third to the
-      seventh, [N,3] from the third on; the same with E and F
+      seventh, [N,3] from the third on; the same with E and F. An emoji is two characters
 
-The order is: templates, letter case, --find and --replace. Name and extension are searched separately.
+The order is: templates, letter case, --find and --replace. Name and extension are searched separately. Letter case
+is that of A to Z alone.
 
 A preview has the old and the new names in two columns. In front of a row stands
   = if the name stays as it is
-  ! if no run can start with it: its name cannot be, or is that of the first row
+  ! if no run can start with it: its name cannot be, or is that of the first row, even in another folder
   ? if the rename would be refused, while the other rows are renamed; it says why
+
+All renames of a run count as done at once: 1 to 2, 2 to 3 works in any order, and so does an exchange of names, for
+which one file is NAME.qxhost-tmp for a moment. With --in-order each is tried once, as it comes. No file is ever
+replaced. Ctrl+C ends a run after the rename in progress, and what was done can be taken back.
+
+--items FILE reads further ITEMs, one a line (- is standard input); --dry-run shows what --run or --undo would do,
+rename by rename; --json writes one JSON object a line. In cmd and PowerShell * and ? in the last name of an ITEM are
+found by this program, without hidden files.
 
 Examples:
   qxhost rename --name "[?modified,{yyyy-MM-dd}]_[C]" *.jpg
@@ -44,7 +54,7 @@ Examples:
                      what a run would do, rename by rename
 
 Exit status: 0, also for a preview with rows that are in the way; 2 for a wrong call; 4 if --run could not start
-because of such a row, or a rename failed.
+because of such a row or without an undo file, or a rename failed or was left out.
 )help";
 
 }  // namespace QxHost

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "frame/services/host_objects.h"
 #include "host/failures.h"
 #include "host/nearest_name.h"
 #include "host/paths.h"
@@ -95,11 +96,13 @@ SearchAndReplaceItems SavedPairs(IHostApp& host, const std::string& text) {
   const s32 number = PairsNumber("--pairs", text);
   FindReplaceManager lists(host);
   lists.Load();
+  CheckIsReadable(host, lists.FilePath());
   if (const SearchAndReplaceItems* const saved = lists.Get(number)) {
     return CollectSearchItems(PairRows(*saved), true);
   }
   std::string others;
   for (const auto& [other, items] : lists.Lists()) {
+    if (other > FindReplaceManager::kLastList) continue;  // no key brings it back
     others += (others.empty() ? "" : ", ") + std::to_string(other);
   }
   throw BadCall("--pairs: there is no list " + std::to_string(number) +
@@ -109,7 +112,13 @@ SearchAndReplaceItems SavedPairs(IHostApp& host, const std::string& text) {
 RenameRules SavedRules(IHostApp& host, const std::string& name) {
   MultiRenameProfiles profiles(host);
   profiles.Load();
+  CheckIsReadable(host, profiles.filePath);
   return RulesOfProfile(ProfileNamed(profiles, name));
+}
+
+// As it was without a value.
+void SetFlag(u32& flags, u32 flag, const std::optional<bool>& value) {
+  if (value) flags = *value ? flags | flag : flags & ~flag;
 }
 
 }  // namespace
@@ -136,14 +145,33 @@ RenameRules RulesOf(const RuleOptions& options, IHostApp& host) {
                         RuleValue(kParts, "--parts", *options.parts, "both, name or extension");
   }
   if ((rules.searchFlags & kPartsMask) == 0) rules.searchFlags |= kSearchNameAndExtension;
-  if (options.regex) rules.searchFlags |= kSearchRegex;
-  if (options.replaceAll) rules.searchFlags |= kSearchReplaceAll;
-  if (options.caseSensitive) rules.searchFlags |= kSearchCaseSensitive;
+  SetFlag(rules.searchFlags, kSearchRegex, options.regex);
+  SetFlag(rules.searchFlags, kSearchReplaceAll, options.replaceAll);
+  SetFlag(rules.searchFlags, kSearchCaseSensitive, options.caseSensitive);
   SearchAndReplaceItems given = GivenPairs(options);
   if (options.pairs) rules.pairs = SavedPairs(host, *options.pairs);
   if (!given.empty() && !options.pairs) rules.pairs.clear();
   std::ranges::move(given, std::back_inserter(rules.pairs));
   return rules;
+}
+
+void CheckExpressions(const RenameRules& rules) {
+  if ((rules.searchFlags & kSearchRegex) == 0) return;
+  WString message;
+  const u32 number = ValidateExpressions(rules.pairs, message);
+  if (number == 0) return;
+  throw BadCall("\"" + ToUtf8(rules.pairs[number - 1].first) +
+                "\" is no regular expression: " + ToUtf8(message));
+}
+
+void CheckIsReadable(IHostApp& host, const WString& path) {
+  if (path.empty() || GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) return;
+  const HostObject<IHostXmlDocument> document(host.CreateXmlDocument());
+  const XmlNode root = document ? document->Load(path.c_str(), 1) : nullptr;
+  if (!root) {
+    throw BadCall(ToUtf8(path) + " is damaged: it is no XML file. Repair it, or move it away to begin anew");
+  }
+  document->Close(root);
 }
 
 s32 PairsNumber(const std::string& option, const std::string& text) {
@@ -173,7 +201,10 @@ RenameRules RulesOfProfile(const MultiRenameProfile& profile) {
   rules.start = NumberText(static_cast<s32>(profile.startAt));
   rules.step = NumberText(static_cast<s32>(profile.stepBy));
   rules.digits = NumberText(static_cast<s32>(profile.digits));
-  rules.caseRule = profile.caseRule;
+  // The panel shows its first line for a rule that is not on its list.
+  const bool isKnown = std::ranges::any_of(
+      kCaseRules, [&profile](const RuleName& row) { return row.value == profile.caseRule; });
+  rules.caseRule = isKnown ? profile.caseRule : u32{kCaseNone};
   rules.searchFlags = profile.flags;
   if (profile.searchItems) rules.pairs = CollectSearchItems(PairRows(*profile.searchItems), true);
   return rules;

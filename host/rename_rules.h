@@ -23,11 +23,13 @@ struct RuleOptions {
   std::vector<std::string> replaces;
   std::optional<std::string> profile;
   std::optional<std::string> pairs;  // number of a saved list
-  bool regex = false;
-  bool replaceAll = false;
-  bool caseSensitive = false;
+  std::optional<bool> regex;
+  std::optional<bool> replaceAll;
+  std::optional<bool> caseSensitive;
 
   bool AnyGiven() const;
+  // Whether something is said of how to search, with or without a text to search for.
+  bool AnySearchSwitch() const { return regex || replaceAll || caseSensitive || parts; }
 };
 
 // The values of a new window, until something else is said.
@@ -46,6 +48,9 @@ struct RenameRules {
 // beside them takes their place. Throws BadCall for what can be no rule.
 RenameRules RulesOf(const RuleOptions& options, Velmora::SDK::IHostApp& host);
 
+// Throws BadCall for a text that should be a regular expression and is none.
+void CheckExpressions(const RenameRules& rules);
+
 // The number of a saved list of pairs. Throws BadCall for any other text.
 Velmora::SDK::s32 PairsNumber(const std::string& option, const std::string& text);
 
@@ -57,6 +62,10 @@ RenameRules RulesOfProfile(const Velmora::SDK::MultiRenameProfile& profile);
 // exist.
 const Velmora::SDK::MultiRenameProfile& ProfileNamed(const Velmora::SDK::MultiRenameProfiles& profiles,
                                                      const std::string& name);
+
+// Throws BadCall if the file exists and is no XML document: it would look empty, and be lost when it is
+// saved.
+void CheckIsReadable(Velmora::SDK::IHostApp& host, const WString& path);
 
 // What the engine is given for these rules and rows.
 Velmora::SDK::RuleInput InputOf(const RenameRules& rules, const Velmora::SDK::SharedItems& rows);

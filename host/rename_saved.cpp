@@ -6,6 +6,7 @@
 #include "host/paths.h"
 #include "multirename/find_replace_manager.h"
 #include "multirename/rule_flags.h"
+#include "multirename/search_pairs.h"
 
 namespace QxHost {
 
@@ -72,10 +73,11 @@ void KeepInHistory(IHostApp& host, const WCHAR* key, const WString& text, WStrin
 void ListRenameProfiles(Shared& shared, IHostApp& host) {
   MultiRenameProfiles profiles(host);
   profiles.Load();
+  CheckIsReadable(host, profiles.filePath);
   for (const auto& profile : profiles.profiles) {
     const RenameRules rules = RulesOfProfile(*profile);
     shared.reporter.RenameProfile(
-        {profile->name, rules.filename, rules.extension, CaseRuleName(profile->caseRule),
+        {profile->name, rules.filename, rules.extension, CaseRuleName(rules.caseRule),
          static_cast<s32>(profile->startAt), static_cast<s32>(profile->stepBy),
          static_cast<s32>(profile->digits), (profile->flags & kSearchRegex) != 0,
          (profile->flags & kSearchReplaceAll) != 0, (profile->flags & kSearchCaseSensitive) != 0,
@@ -90,6 +92,7 @@ bool SaveRenameProfile(Shared& shared, IHostApp& host, const std::string& text, 
   const WString name = ProfileName(text);
   MultiRenameProfiles profiles(host);
   profiles.Load();
+  CheckIsReadable(host, profiles.filePath);
   if (profiles.Find(name)) {
     if (!MayReplace(shared, name)) {
       shared.reporter.Say("the profile \"" + ToUtf8(name) + "\" stays as it was");
@@ -116,6 +119,7 @@ bool SaveRenameProfile(Shared& shared, IHostApp& host, const std::string& text, 
 bool DeleteRenameProfile(Shared& shared, IHostApp& host, const std::string& text) {
   MultiRenameProfiles profiles(host);
   profiles.Load();
+  CheckIsReadable(host, profiles.filePath);
   const WString name = ProfileNamed(profiles, text).name;
   profiles.Remove(name);
   const bool isGiven = profiles.Save();
@@ -128,10 +132,25 @@ bool DeleteRenameProfile(Shared& shared, IHostApp& host, const std::string& text
   return true;
 }
 
+void ListPairs(Shared& shared, IHostApp& host) {
+  FindReplaceManager lists(host);
+  lists.Load();
+  CheckIsReadable(host, lists.FilePath());
+  for (const auto& [number, pairs] : lists.Lists()) {
+    // No key brings another one back, and --pairs takes none.
+    if (number > FindReplaceManager::kLastList) continue;
+    shared.reporter.Pairs(number, CollectSearchItems(PairRows(pairs), true));
+  }
+  if (lists.Lists().empty()) {
+    shared.reporter.Say("There are no lists of pairs. --save-pairs N makes one of the --find beside it");
+  }
+}
+
 bool SavePairs(Shared& shared, IHostApp& host, const std::string& text, const RenameRules& rules) {
   const s32 number = PairsNumber("--save-pairs", text);
   FindReplaceManager lists(host);
   lists.Load();
+  CheckIsReadable(host, lists.FilePath());
   lists.Set(number, rules.pairs);
   lists.Save();
   lists.Load();

@@ -8,6 +8,9 @@
 
 namespace QxHost {
 
+// All of these that read a file throw BadCall if it is damaged: it would look empty, and what is left of it
+// be lost when it is saved.
+
 void ListRenameProfiles(Shared& shared, Velmora::SDK::IHostApp& host);
 
 // Asks before it replaces a profile of that name, and says what of the rules a profile does not keep. False
@@ -17,6 +20,8 @@ bool SaveRenameProfile(Shared& shared, Velmora::SDK::IHostApp& host, const std::
 
 // False if the file could not be written. Throws BadCall if there is no such profile.
 bool DeleteRenameProfile(Shared& shared, Velmora::SDK::IHostApp& host, const std::string& name);
+
+void ListPairs(Shared& shared, Velmora::SDK::IHostApp& host);
 
 // Stores the pairs as the list of that number. False if the file could not be written.
 bool SavePairs(Shared& shared, Velmora::SDK::IHostApp& host, const std::string& number,

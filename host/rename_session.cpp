@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "host/failures.h"
+#include "host/interruption.h"
+#include "host/paths.h"
 #include "host/planned_renames.h"
 
 namespace QxHost {
@@ -19,19 +21,6 @@ WString SearchMistake(const RenameRules& rules) {
   WString message;
   const u32 number = ValidateExpressions(rules.pairs, message);
   return number == 0 ? WString() : rules.pairs[number - 1].first;
-}
-
-// Undo files are named by the second. A run that follows another one at once waits for a second of its own,
-// so that neither loses its file.
-void WaitForFreeUndoName(const MultiRenameUndoStore& store) {
-  constexpr int kMostWaits = 150;
-  constexpr DWORD kWait = 20;  // milliseconds
-  for (int wait = 0; wait < kMostWaits; ++wait) {
-    MultiRenameUndo session;
-    GetLocalTime(&session.date);
-    if (GetFileAttributesW(store.PathOf(session).c_str()) == INVALID_FILE_ATTRIBUTES) return;
-    Sleep(kWait);
-  }
 }
 
 }  // namespace
@@ -94,7 +83,7 @@ void RenameSession::Run(bool keepsUndo) {
   // A store that counts as read keeps the session of the run. Those of the other files are not needed.
   store.loaded = true;
   store.sessions.clear();
-  if (keepsUndo) WaitForFreeUndoName(store);
+  const InterruptionWatch watch;
   engine_->worker.WantRename(keepsUndo);
   Work();
   CheckAllTried(engine_->items.size());
@@ -108,13 +97,25 @@ MultiRenameUndo* RenameSession::Written() {
 void RenameSession::Restore(const MultiRenameUndo& session) {
   const SharedItems rows = LoadSession(session);
   std::vector<MultiRenameItem*> order;
-  for (MultiRenameItem& row : *rows) order.push_back(&row);
+  for (MultiRenameItem& row : *rows) {
+    // What the run asked for is not what it made where the system cuts a name.
+    if (const WStringView made = NameToMake(row.newName); !made.empty()) row.newName.resize(made.size());
+    order.push_back(&row);
+  }
   auto restored = std::make_shared<MultiRenameUndo>();
   restored->FromRows(order, false);
   engine_->restoreSet = std::move(restored);
   engine_->worker.WantRestore();
   Work();
   CheckAllTried(rows->size());
+}
+
+std::string RenameSession::StatusText() const {
+  std::string text = ToUtf8(Velmora::SDK::StatusText(engine_->status));
+  if (const std::size_t untried = shared_.fileOperation.Untried(); untried != 0) {
+    text += ": interrupted, and " + std::to_string(untried) + " not tried";
+  }
+  return text;
 }
 
 void RenameSession::CheckAllTried(std::size_t renames) const {

@@ -21,23 +21,29 @@ class RenameSession {
   // In the order of the selection.
   const std::vector<Velmora::SDK::MultiRenameItem*>& Rows() const { return engine_->items; }
 
+  // The names and extensions that a search left as they were because it took too long.
+  std::size_t GaveUp() const { return engine_->replaceRules ? engine_->replaceRules->GaveUp() : 0; }
+
   // No run starts with such a row.
   bool IsBlocked() const;
 
   // What the host would say of each row's rename: 0, 10 for a name that stays, or an error number.
   std::vector<u32> Outlook();
 
-  // Renames all rows. With `keepsUndo` an undo file is written.
+  // Renames all rows. With `keepsUndo` an undo file is written. An interruption leaves the rest as it is.
   void Run(bool keepsUndo);
 
-  // Takes a session back.
+  // Takes a session back, each file to the very name that it had.
   void Restore(const Velmora::SDK::MultiRenameUndo& session);
 
   // The session of the last run that wrote an undo file; null if nothing was renamed.
   Velmora::SDK::MultiRenameUndo* Written();
 
-  // "3 Renamed, 1 Failed".
-  std::string StatusText() const { return ToUtf8(Velmora::SDK::StatusText(engine_->status)); }
+  // The renames of the last run that were done.
+  u32 Succeeded() const { return engine_->status.succeeded; }
+
+  // "3 Renamed, 1 Failed", with what an interruption left out.
+  std::string StatusText() const;
 
   Velmora::SDK::MultiRenameUndoStore& UndoStore() { return engine_->undoStore; }
   HostApp& Host() { return host_; }

@@ -9,6 +9,7 @@
 #include "host/error_text.h"
 #include "host/failures.h"
 #include "host/file_facts.h"
+#include "host/interruption.h"
 #include "host/nearest_name.h"
 #include "host/paths.h"
 #include "host/whole_file.h"
@@ -38,6 +39,12 @@ std::vector<MultiRenameUndo*> SessionsByDate(MultiRenameUndoStore& store) {
   for (const auto& session : store.sessions) sessions.push_back(session.get());
   std::ranges::sort(sessions, IsOlder);
   return sessions;
+}
+
+// Null if there is none.
+MultiRenameUndo* NewestSession(MultiRenameUndoStore& store) {
+  const std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
+  return sessions.empty() ? nullptr : sessions.back();
 }
 
 std::string IsoDate(const SYSTEMTIME& date) {
@@ -156,9 +163,10 @@ WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
   return entry.folder + (entry.folder.ends_with(W('\\')) ? W("") : W("\\")) + name;
 }
 
+// The reader leaves blanks at the end of a new name out, and so does the run that makes it.
 WString EntryKey(const MultiRenameUndoEntry& entry) {
   // A character that no name and no path holds, on any system.
-  return entry.folder + WCHAR() + entry.oldName + WCHAR() + entry.newName;
+  return entry.folder + WCHAR() + entry.oldName + WCHAR() + WString(NameToMake(entry.newName));
 }
 
 std::string Renames(std::size_t count) {
@@ -169,6 +177,18 @@ std::string Renames(std::size_t count) {
 bool IsTooLong(const WString& path) {
   const std::optional<FileFacts> facts = ReadFileFacts(path);
   return facts && facts->size > kMostOfUndoFile;
+}
+
+// The session of the lines that are read whole, where a file is longer than its readers look at. The line at
+// the limit may be cut within its last field, and would name another file. Null for a shorter file.
+std::unique_ptr<MultiRenameUndo> SessionOfWholeLines(const WString& path) {
+  std::string bytes;
+  if (!IsTooLong(path) || ReadWholeFile(path, bytes) != ERROR_SUCCESS) return nullptr;
+  std::size_t end = std::min(bytes.size(), kMostOfUndoFile) / 2 * 2;
+  while (end != 0 && !(bytes[end - 2] == '\n' && bytes[end - 1] == '\0')) end -= 2;
+  std::unique_ptr<MultiRenameUndo> session =
+      ReadUndoText({reinterpret_cast<const std::uint8_t*>(bytes.data()), end});
+  return session ? std::move(session) : std::make_unique<MultiRenameUndo>();
 }
 
 // Warns of entries that are read back and were no renames of the session. Where the file is cut, so may be
@@ -203,26 +223,26 @@ UndoEvent UndoEventOf(const MultiRenameUndoStore& store, MultiRenameUndo& sessio
   return event;
 }
 
-void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store) {
+void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& configOption) {
   std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
   std::ranges::reverse(sessions);
   for (MultiRenameUndo* const session : sessions) shared.reporter.Undo(UndoEventOf(store, *session));
   if (sessions.empty()) {
     shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
   } else {
-    shared.reporter.Say("They are in " + ToUtf8(store.folder) +
-                        ". Take one back: qxhost rename --undo NAME, or --undo last for the first of these");
+    shared.reporter.Say("They are in " + ToUtf8(store.folder) + ". Take one back: qxhost " + configOption +
+                        "rename --undo NAME, or --undo last for the first of these");
   }
 }
 
 void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
+  const InterruptionWatch watch;
   MultiRenameUndoStore& store = session.UndoStore();
   std::unique_ptr<MultiRenameUndo> foreign;
   MultiRenameUndo* taken = nullptr;
   if (text == kNewestUndo) {
-    const std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
-    if (sessions.empty()) throw NoUndoFile(store, text);
-    taken = sessions.back();
+    taken = NewestSession(store);
+    if (!taken) throw NoUndoFile(store, text);
   } else {
     taken = SessionMeant(store, PathFromUtf8(text));
   }
@@ -230,19 +250,65 @@ void TakeBack(Shared& shared, RenameSession& session, const std::string& text, b
     foreign = ForeignSession(store, text);
     taken = foreign.get();
   }
-  if (taken->haveRestored) shared.output.Problem("note: this run has been taken back before");
-  session.Restore(*taken);
-  const bool isTooLong = !foreign && IsTooLong(store.PathOf(*taken));
-  if (isTooLong) {
+  if (taken->haveRestored) {
+    shared.output.Problem("note: this run has been taken back before; --list-undo shows the others");
+  }
+  const WString path = foreign ? FullPathOf(PathFromUtf8(text)).value_or(WString()) : store.PathOf(*taken);
+  const std::unique_ptr<MultiRenameUndo> wholeLines = SessionOfWholeLines(path);
+  if (wholeLines) {
     shared.output.Problem("the undo file is longer than " + std::to_string(kMostOfUndoFile) +
-                          " bytes; what lies beyond them was not taken back");
-  } else if (!foreign && !isDryRun) {
-    // A file of which a part was not read would lose it.
+                          " bytes; what lies beyond them is not taken back");
+  }
+  session.Restore(wholeLines ? *wholeLines : *taken);
+  // A file of which a part was not read would lose it.
+  const bool isWhole = !foreign && !wholeLines && shared.fileOperation.Untried() == 0;
+  if (isWhole && !isDryRun && session.Succeeded() != 0) {
     taken->haveRestored = true;
     store.Save(*taken);
   }
   if (!foreign) shared.reporter.Undo(UndoEventOf(store, *taken));
-  shared.reporter.Say(session.StatusText());
+  shared.reporter.Say(isDryRun ? "Nothing was renamed: this was a dry run" : session.StatusText());
+}
+
+std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
+  // The lines before the first entry, with a number of entries and a date of many digits.
+  constexpr std::size_t kMostBefore = 200;
+  constexpr std::size_t kSeparators = 4;  // two bars, CR and LF
+  std::size_t bytes = kMostBefore;
+  std::size_t beyond = 0;
+  for (const MultiRenameItem* const row : rows) {
+    if (row->oldName == row->newName) continue;
+    bytes +=
+        sizeof(WCHAR) * (row->folderPath.size() + row->oldName.size() + row->newName.size() + kSeparators);
+    if (bytes > kMostOfUndoFile) ++beyond;
+  }
+  return beyond;
+}
+
+bool ClaimUndoFile(Output& output, const MultiRenameUndoStore& store, UndoLock& lock) {
+  constexpr DWORD kWait = 20;  // milliseconds
+  constexpr int kSecond = 1000 / kWait;
+  DWORD error = ERROR_SUCCESS;
+  for (int wait = 0;; ++wait) {
+    error = lock.Take(store.folder + W("qxhost.lock"));
+    // A lock file that is being deleted refuses access for a moment.
+    const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && wait < kSecond);
+    if (!isInUse) break;
+    if (wait == 2 * kSecond) output.Problem("note: waiting for the end of another run");
+    Sleep(kWait);
+  }
+  if (error != ERROR_SUCCESS) {
+    output.Problem("no undo file can be written in " + ToUtf8(store.folder) + ": " + ErrorText(error) +
+                   ". Nothing was renamed; --no-undo renames without one");
+    return false;
+  }
+  for (int wait = 0; wait < 3 * kSecond; ++wait) {
+    MultiRenameUndo session;
+    GetLocalTime(&session.date);
+    if (GetFileAttributesW(store.PathOf(session).c_str()) == INVALID_FILE_ATTRIBUTES) break;
+    Sleep(kWait);
+  }
+  return true;
 }
 
 bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& text) {
@@ -252,7 +318,8 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
     for (const auto& session : store.sessions) names.push_back(session->fileName);
     store.DeleteAll();
   } else {
-    MultiRenameUndo* const session = SessionMeant(store, PathFromUtf8(text));
+    MultiRenameUndo* const session =
+        text == kNewestUndo ? NewestSession(store) : SessionMeant(store, PathFromUtf8(text));
     if (!session) throw NoUndoFile(store, text);
     names.push_back(session->fileName);
     store.Delete(session);
@@ -264,20 +331,22 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
       continue;
     }
     ++deleted;
-    shared.reporter.Say("deleted " + ToUtf8(name));
+    shared.reporter.UndoDeleted(store.folder + name);
   }
   if (names.empty()) shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
   return deleted == names.size();
 }
 
-void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
+bool CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
   const WString path = store.PathOf(session);
   std::size_t size = 0;
-  if (const DWORD error = CompareUndoFile(path, session, size); error != ERROR_SUCCESS) {
+  const DWORD error = CompareUndoFile(path, session, size);
+  const bool isWhole = error == ERROR_SUCCESS;
+  if (!isWhole) {
     output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
                    (error == kOtherBytes ? "" : ": " + ErrorText(error)));
   }
-  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return;
+  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return isWhole;
   std::string expected;
   WriteUndoText(session, [&expected](WStringView text) { expected += BytesOf(text); });
   const std::unique_ptr<MultiRenameUndo> kept =
@@ -293,13 +362,14 @@ void CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenam
     ++lost;
     if (!first) first = &entry;
   }
-  if (lost == 0) return;
+  if (lost == 0) return isWhole;
   output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
                  " cannot be kept, first of " + ToUtf8(PathOfEntry(*first, first->oldName)) +
                  (expected.size() > kMostOfUndoFile
                       ? ": an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes"
                       : ": its lines are parted at each | and at line ends"));
   if (kept) WarnOfStrangers(output, session, *kept, expected.size() > kMostOfUndoFile);
+  return isWhole;
 }
 
 }  // namespace QxHost

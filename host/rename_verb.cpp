@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <functional>
 
-#include "host/error_text.h"
 #include "host/failures.h"
 #include "host/help_text.h"
+#include "host/paths.h"
+#include "host/queued_rename.h"
+#include "host/rename_properties.h"
 #include "host/rename_saved.h"
 #include "host/rename_session.h"
 #include "host/rename_undo.h"
@@ -27,41 +29,26 @@ std::size_t CharactersOf(WStringView text) {
       std::ranges::count_if(text, [](WCHAR unit) { return unit < 0xDC00 || unit > 0xDFFF; }));
 }
 
-bool MayAskForProperty(const RenameRules& rules) {
-  constexpr WStringView kPropertyTag = W("[?");
-  return rules.filename.find(kPropertyTag) != WString::npos ||
-         rules.extension.find(kPropertyTag) != WString::npos;
-}
-
-// Makes the columns of the module's extensions known as properties of files. The engine's worker asks for
-// their values while the main thread waits for it, so the tree of items has one user at a time.
-void AddColumns(Run& run) {
-  Extensions& extensions = run.LoadExtensions();
-  extensions.Start();
-  Shared& shared = run.Host();
-  const std::vector<ColumnHead> heads = extensions.ColumnHeads();
-  for (std::size_t index = 0; index < heads.size(); ++index) {
-    shared.properties.Add(
-        {heads[index].name, heads[index].heading,
-         [&shared, &extensions, index](const WString& fullPath) -> std::optional<PropertyValue> {
-           FileItem* const item = shared.items.Find(fullPath);
-           std::optional<WString> value = item ? extensions.ColumnValueAt(*item, index) : std::nullopt;
-           if (!value) return std::nullopt;
-           return PropertyValue(std::move(*value));
-         }});
-  }
-}
-
 std::string RowCount(std::size_t count) { return std::to_string(count) + (count == 1 ? " row" : " rows"); }
 
-// Why no run can start with the row.
-std::string BlockText(const MultiRenameItem& row, bool isFirst) {
+// Why no run can start with the row. Names are compared whatever their folders, which surprises where there
+// are several.
+std::string BlockText(const MultiRenameItem& row, const MultiRenameItem& first) {
   if (row.state == StateDuplicate) {
-    return isFirst ? "another row gets this name as well" : "the first row gets this name";
+    if (&row == &first) return "another row gets this name as well";
+    const bool isElsewhere = row.folderPath != first.folderPath;
+    return std::string("the first row gets this name") +
+           (isElsewhere ? "; that it is in another folder does not matter" : "");
   }
   const std::size_t at = row.newName.find_first_of(W("*|\\/:\"<>?"));
   if (row.state != StateInvalidName || at == WString::npos) return "the rename failed";
   return "no name may hold " + ToUtf8(row.newName.substr(at, 1));
+}
+
+// The new name as it is made, without the dots and blanks at its end that the system cuts.
+WStringView NameShown(const MultiRenameItem& row) {
+  const WStringView made = NameToMake(row.newName);
+  return made.empty() || row.newName == row.oldName ? WStringView(row.newName) : made;
 }
 
 // How the rows of a preview count.
@@ -97,23 +84,26 @@ class RenameVerb final : public Verb {
     AddOptionalText(app, "--case", "RULE", rules_.caseRule, std::string("Letter case: ") + kCaseRuleNames);
     AddTexts(app, "--find", "TEXT", rules_.finds, "Text to replace in the new name; repeatable, in order");
     AddTexts(app, "--replace", "TEXT", rules_.replaces, "What takes its place: one for each --find, or none");
-    AddFlag(app, "--regex", rules_.regex,
-            "Each --find is a regular expression (ECMAScript); replaces all matches");
-    AddFlag(app, "--replace-all", rules_.replaceAll, "Replace each occurrence, and not the first alone");
-    AddFlag(app, "--case-sensitive", rules_.caseSensitive, "--find heeds letter case");
+    AddSwitch(app, "--regex", rules_.regex,
+              "Each --find is a regular expression (ECMAScript); replaces all matches");
+    AddSwitch(app, "--replace-all", rules_.replaceAll, "Replace each occurrence, and not the first alone");
+    AddSwitch(app, "--case-sensitive", rules_.caseSensitive, "--find heeds letter case");
     AddOptionalText(app, "--parts", "PART", rules_.parts,
                     "Where --find looks: both (each by itself), name or extension [both]");
     AddOptionalText(app, "--profile", "NAME", rules_.profile,
-                    "Begin with the rules of a profile; rules that are given as well take their place");
+                    "Begin with the rules of a profile; rules that are given as well take their place, and "
+                    "--no-regex, --no-replace-all and --no-case-sensitive switch its switches off");
     AddOptionalText(app, "--save-profile", "NAME", saveProfile_, "Save the rules as a profile");
     AddFlag(app, "--list-profiles", listProfiles_, "Show all profiles");
     AddOptionalText(app, "--delete-profile", "NAME", deleteProfile_, "Delete a profile");
     AddOptionalText(app, "--pairs", "N", rules_.pairs, "Begin with the pairs of the saved list N, 1 to 24");
     AddOptionalText(app, "--save-pairs", "N", savePairs_, "Save the --find and --replace texts as list N");
+    AddFlag(app, "--list-pairs", listPairs_, "Show all lists of --save-pairs");
     AddFlag(app, "--no-undo", noUndo_, "Write no undo file");
     AddOptionalText(app, "--undo", "FILE", undo_, "Take a run back: last, or an undo file by name or path");
     AddFlag(app, "--list-undo", listUndo_, "Show the undo files, the newest first");
-    AddOptionalText(app, "--delete-undo", "FILE", deleteUndo_, "Delete an undo file, or all");
+    AddOptionalText(app, "--delete-undo", "FILE", deleteUndo_,
+                    "Delete an undo file: last, all, or by name or path");
     AddFlag(app, "--list-properties", listProperties_, "Show the properties that [?NAME] takes");
   }
 
@@ -132,15 +122,29 @@ class RenameVerb final : public Verb {
     run.MakeConfigFolder();
     RenameSession session(run.Host());
     if (!actions.empty()) {
-      if (listProperties_) AddColumns(run);
+      if (listProperties_) AddColumnsAsProperties(run);
       if (!actions.front().does(run, session)) run.Host().hasFailedFiles = true;
       return 1;
     }
     if (!SaveRules(run, session)) run.Host().hasFailedFiles = true;
     if (!WorksOnItems(run.HasItemList())) return 1;
     const RenameRules rules = RulesOf(rules_, session.Host());
-    if (MayAskForProperty(rules)) AddColumns(run);
+    if (AsksForProperty(rules)) {
+      AddColumnsAsProperties(run);
+      WarnOfUnknownProperties(run.Host(), rules);
+    }
+    if (rules.pairs.empty() && rules_.AnySearchSwitch()) {
+      run.Host().output.Problem(
+          "note: --regex, --replace-all, --case-sensitive and --parts do nothing without --find, --pairs or "
+          "a "
+          "profile with pairs");
+    }
     session.Preview(rules);
+    if (const std::size_t count = session.GaveUp(); count != 0) {
+      run.Host().output.Problem("note: the search took too long and was given up in " +
+                                std::to_string(count) + (count == 1 ? " name" : " names") +
+                                ", which it leaves as they are; a simpler expression finds more");
+    }
     run_ ? Rename(run, session, rules) : Show(run, session);
     return 1;
   }
@@ -162,7 +166,7 @@ class RenameVerb final : public Verb {
     }
     if (listUndo_) {
       actions.push_back({"--list-undo", [](Run& run, RenameSession& session) {
-                           ListUndoFiles(run.Host(), session.UndoStore());
+                           ListUndoFiles(run.Host(), session.UndoStore(), run.ConfigOption());
                            return true;
                          }});
     }
@@ -180,6 +184,12 @@ class RenameVerb final : public Verb {
     if (deleteProfile_) {
       actions.push_back({"--delete-profile", [this](Run& run, RenameSession& session) {
                            return DeleteRenameProfile(run.Host(), session.Host(), *deleteProfile_);
+                         }});
+    }
+    if (listPairs_) {
+      actions.push_back({"--list-pairs", [](Run& run, RenameSession& session) {
+                           ListPairs(run.Host(), session.Host());
+                           return true;
                          }});
     }
     if (listProperties_) {
@@ -218,6 +228,7 @@ class RenameVerb final : public Verb {
     if (savePairs_ && rules.pairs.empty()) {
       throw BadCall("--save-pairs saves the pairs of --find and --replace, and there are none");
     }
+    CheckExpressions(rules);
     bool isSaved = !saveProfile_ || SaveRenameProfile(run.Host(), session.Host(), *saveProfile_, rules);
     if (savePairs_ && !SavePairs(run.Host(), session.Host(), *savePairs_, rules)) isSaved = false;
     return isSaved;
@@ -238,24 +249,35 @@ class RenameVerb final : public Verb {
       const u32 result = index < outlook.size() ? outlook[index] : u32{kRenameDone};
       event.folder = row.folderPath;
       event.oldName = row.oldName;
-      event.newName = row.newName;
+      event.newName = NameShown(row);
       event.state = row.state;
       event.blocks = BlocksStart(row.state);
+      event.stays = !event.blocks && result == kRenameIgnored;
       event.objection.clear();
       if (event.blocks) {
         ++counts.blocking;
-        event.objection = BlockText(row, index == 0);
+        event.objection = BlockText(row, *rows.front());
       } else if (result == kRenameIgnored) {
         ++counts.staying;
       } else if (result == kRenameDone) {
         ++counts.renamed;
       } else {
         ++counts.refused;
-        event.objection = ErrorText(result);
+        event.objection = RenameErrorText(row.folderPath + row.oldName, result);
       }
       run.Host().reporter.Row(event);
     }
     return counts;
+  }
+
+  // Before a run, so that fewer can be renamed at once.
+  static void WarnOfLongUndoFile(Run& run, RenameSession& session) {
+    const std::size_t beyond = RenamesBeyondUndo(session.Rows());
+    if (beyond == 0) return;
+    run.Host().output.Problem("note: some " + std::to_string(beyond) +
+                              " of these renames could not be taken back: of an undo file " +
+                              std::to_string(Velmora::SDK::kMostOfUndoFile) +
+                              " bytes are read. Rename fewer at once");
   }
 
   void Show(Run& run, RenameSession& session) const {
@@ -263,10 +285,15 @@ class RenameVerb final : public Verb {
     std::string text = CountsText(counts, session.Rows().size());
     if (counts.blocking == 0 && counts.renamed != 0) text += ". Nothing is renamed yet; --run does it";
     run.Host().reporter.Say(text);
+    WarnOfLongUndoFile(run, session);
   }
 
   void Rename(Run& run, RenameSession& session, const RenameRules& rules) const {
     Shared& shared = run.Host();
+    if (session.Rows().empty()) {
+      shared.reporter.Say("There are no ITEMs: nothing was renamed");
+      return;
+    }
     if (session.IsBlocked()) {
       const PreviewCounts counts = ReportRows(run, session);
       shared.reporter.Say(CountsText(counts, session.Rows().size()));
@@ -274,25 +301,34 @@ class RenameVerb final : public Verb {
       shared.hasFailedFiles = true;
       return;
     }
-    if (!run.IsDry()) KeepTemplates(session.Host(), rules);
     const bool keepsUndo = !noUndo_ && !run.IsDry();
+    UndoLock undoLock;
+    if (keepsUndo && !ClaimUndoFile(shared.output, session.UndoStore(), undoLock)) {
+      shared.hasFailedFiles = true;
+      return;
+    }
+    if (!noUndo_) WarnOfLongUndoFile(run, session);
+    if (!run.IsDry()) KeepTemplates(session.Host(), rules);
     session.Run(keepsUndo);
     RowEvent event;
     event.isOutcome = true;
     for (const MultiRenameItem* const row : session.Rows()) {
       event.folder = row->folderPath;
       event.oldName = row->oldName;
-      event.newName = row->newName;
+      event.newName = NameShown(*row);
       event.state = row->state;
       shared.reporter.Row(event);
     }
     shared.reporter.Say(run.IsDry() ? "Nothing was renamed: this was a dry run" : session.StatusText());
     Velmora::SDK::MultiRenameUndo* const written = session.Written();
     if (!keepsUndo || !written) return;
+    if (!CheckUndoFile(shared.output, session.UndoStore(), *written)) {
+      shared.hasFailedFiles = true;
+      return;
+    }
     UndoEvent undo = UndoEventOf(session.UndoStore(), *written);
     undo.takeBack = "qxhost " + run.ConfigOption() + "rename --undo " + ToUtf8(written->fileName);
     shared.reporter.Undo(undo);
-    CheckUndoFile(shared.output, session.UndoStore(), *written);
   }
 
   std::vector<std::string> items_;
@@ -306,6 +342,7 @@ class RenameVerb final : public Verb {
   bool noUndo_ = false;
   bool listUndo_ = false;
   bool listProfiles_ = false;
+  bool listPairs_ = false;
   bool listProperties_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "host/file_view.h"
+#include "host/interruption.h"
 #include "host/move_item.h"
 #include "host/paths.h"
 
@@ -73,9 +74,11 @@ void RunInOrder(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDr
     const WString folder = item ? item->FolderPath() : WString();
     const WString& present = isDryRun && item ? dryFiles.PresentPath(*item, from) : from;
     const WStringView presentName = WStringView(present).substr(folder.size());
-    u32 result = RefusalOf(rename.newName, item != nullptr, folder.empty(), presentName);
+    u32 result =
+        RefusalOf(NameToMakeOf(rename), rename.newName, item != nullptr, folder.empty(), presentName);
     // Windows holds the current folder open; elsewhere a slip such as an ITEM "." would take it away as well.
     if (result == 0 && current && HoldsFolder(from, *current)) result = ERROR_SHARING_VIOLATION;
+    if (result == 0 && IsInterrupted()) result = ERROR_CANCELLED;
     if (result == 0) {
       result =
           isDryRun ? dryFiles.Rename(*item, present, folder + newName) : Move(*item, from, newName, tree);

@@ -87,6 +87,7 @@ struct RowEvent {
   WStringView newName;
   std::uint32_t state = 0;    // of ItemState
   bool isOutcome = false;     // the state is that after a run, of which renames were reported
+  bool stays = false;         // the host would ignore its rename
   bool blocks = false;        // no run can start with it
   std::string objection;      // what stands against its rename; empty if nothing does
   std::size_t nameWidth = 0;  // of the column of old names, in characters
@@ -137,6 +138,10 @@ class Reporter {
   virtual void Columns(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows) = 0;
   virtual void Row(const RowEvent& event) = 0;
   virtual void Undo(const UndoEvent& event) = 0;
+  // An undo file that was deleted, by its full path.
+  virtual void UndoDeleted(WStringView file) = 0;
+  // A numbered list of pairs for renames.
+  virtual void Pairs(std::int32_t number, const std::vector<std::pair<WString, WString>>& pairs) = 0;
   virtual void RenameProfile(const RenameProfileEvent& event) = 0;
   // A property of files, by the name that a template takes and the one that a person reads.
   virtual void Property(WStringView name, WStringView displayName) = 0;

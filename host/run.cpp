@@ -5,6 +5,7 @@
 #include "host/item_finder.h"
 #include "host/item_lines.h"
 #include "host/missing_rights.h"
+#include "host/name_pattern.h"
 #include "host/paths.h"
 #include "host/system_places.h"
 #include "host/terminal.h"
@@ -111,7 +112,7 @@ Run::Run(const Options& options, const std::vector<std::string>& items, Output& 
       isJson_(options.json),
       hasItemList_(!options.items.empty()),
       configOption_(ConfigOptionOf(options)),
-      items_(items),
+      items_(kItemsArePatterns ? WithPatternsFound(items) : items),
       itemList_(options.items),
       itemUse_(use),
       reporter_(options.json ? MakeJsonReporter(output) : MakeProseReporter(output)) {

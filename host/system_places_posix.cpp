@@ -20,24 +20,6 @@ WString FolderFromEnvironment(const char* name) {
   return value && *value == '/' ? FullPathOf(PathFromUtf8(value)).value_or(WString()) : WString();
 }
 
-DWORD ErrorOf(int number) {
-  switch (number) {
-    case ENOENT:
-      return ERROR_FILE_NOT_FOUND;
-    case EACCES:
-    case EPERM:
-    case EISDIR:
-      return ERROR_ACCESS_DENIED;
-    case ENOSPC:
-    case EDQUOT:
-      return ERROR_DISK_FULL;
-    case EROFS:
-      return ERROR_WRITE_PROTECT;
-    default:
-      return ERROR_IO_DEVICE;
-  }
-}
-
 }  // namespace
 
 WString ProgramFolder() {
@@ -59,13 +41,13 @@ const WCHAR* ModuleFileName() { return W("libQXUtils.so"); }
 DWORD TakePlaceOf(const WString& from, const WString& to) {
   const std::string fromPath = NativePath(from);
   const int file = open(fromPath.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) return ErrorOf(errno);
+  if (file < 0) return NativeError(errno);
   const int synced = fsync(file);
   const int syncError = errno;
   close(file);
   // A file system that cannot sync says EINVAL; everything else means that the bytes may not be there.
-  if (synced != 0 && syncError != EINVAL) return ErrorOf(syncError);
-  return std::rename(fromPath.c_str(), NativePath(to).c_str()) == 0 ? ERROR_SUCCESS : ErrorOf(errno);
+  if (synced != 0 && syncError != EINVAL) return NativeError(syncError);
+  return std::rename(fromPath.c_str(), NativePath(to).c_str()) == 0 ? ERROR_SUCCESS : NativeError(errno);
 }
 
 }  // namespace QxHost

@@ -32,6 +32,7 @@ class FindReplaceManager {
   void Set(s32 number, SearchAndReplaceItems items);
 
   const std::map<s32, SearchAndReplaceItems>& Lists() const { return lists_; }
+  const WString& FilePath() const { return filePath_; }
 
  private:
   WString filePath_;  // empty if the host gives no folder

@@ -86,7 +86,7 @@ void ReplaceRules::Apply(WString& text) {
                                       : ReplacePlain(rule, text);
       if (changed) text.swap(result_);
     } catch (const std::regex_error&) {
-      // The text stays; the next pair goes on.
+      ++gaveUp_;  // the text stays; the next pair goes on
     }
   }
 }

@@ -42,6 +42,9 @@ class ReplaceRules {
 
   void Apply(WString& text);
 
+  // The texts that a pair left as they were because its match was beyond the bounds.
+  std::size_t GaveUp() const { return gaveUp_; }
+
  private:
   struct Rule {
     WString find;  // in lower case where case does not matter
@@ -55,6 +58,7 @@ class ReplaceRules {
 
   std::vector<Rule> rules_;  // without those that can do nothing
   u32 flags_;
+  std::size_t gaveUp_ = 0;
   WString result_;
 };
 
