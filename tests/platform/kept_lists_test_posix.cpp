@@ -35,7 +35,9 @@ class KeptLists : public testing::Test {
   }
   bool IsKept() const { return getxattr(Native().c_str(), "user.qxutils.access", nullptr, 0) >= 0; }
   void GiveFileToNobody() const {
-    if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+    if (IsSuperuser()) {
+      ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+    }
   }
   // Sets a list that lets everyone read but the owner, and is to be inherited.
   void SetUnreadableList() const {
@@ -124,7 +126,9 @@ TEST_F(KeptLists, TheOwnerReadsHisWithoutTheRightToReadTheFile) {
 TEST_F(KeptLists, TheOwnersFolderIsReadTheSameWay) {
   const WString folder = scratch_.MakeFolder(W("sub"));
   const std::string native = scratch_.NativePath(W("sub")).string();
-  if (IsSuperuser()) ASSERT_EQ(chown(native.c_str(), kNobody, kNobody), 0);
+  if (IsSuperuser()) {
+    ASSERT_EQ(chown(native.c_str(), kNobody, kNobody), 0);
+  }
   const AsOrdinaryUser nobody;
   BuiltList list;
   list.Add(0, 3, kWriteRights, EveryoneSid());

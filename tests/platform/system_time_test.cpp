@@ -75,7 +75,8 @@ TEST(SystemTimeTest, EveryDayFollowsTheOneBefore) {
   WORD dayOfWeek = 1;
   for (WORD year = 1601; year < 2102; ++year) {
     for (WORD month = 1; month <= 12; ++month) {
-      for (WORD day = 1; day <= DaysOf(year, month); ++day, units += kDay, dayOfWeek = (dayOfWeek + 1) % 7) {
+      for (WORD day = 1; day <= DaysOf(year, month);
+           ++day, units += kDay, dayOfWeek = static_cast<WORD>((dayOfWeek + 1) % 7)) {
         const SYSTEMTIME expected = {year, month, dayOfWeek, day, 0, 0, 0, 0};
         FILETIME fileTime = FileTimeOf(units);
         SYSTEMTIME time{};
