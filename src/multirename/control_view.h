@@ -8,6 +8,10 @@
 //
 //   A control that the window does not have is passed over, and so is a line or row that is not there.
 //
+// Life: the boxes, menus and dialogs of the views run message loops of their own. A form and its view outlive
+// each such call: a WM_CLOSE that comes during one only notes that the window closes, and the window and the
+// form go after the call has returned.
+//
 // Threads: all of it on the window's thread. What runs elsewhere is in rename_worker.h and rename_context.h.
 #pragma once
 

@@ -1,8 +1,8 @@
 // The dialog that edits the search pairs as text, with the numbered lists of "FindReplace.xml" on the
 // function keys (MultiRenameFindReplaceDlg).
 //
-// The window places it: its client area ends 4 pixels left of the right edge of the rule panel,
-// and its top is that of the panel's "..." button.
+// The window places it: its client area ends FrameLayout::kPairsDialogGap pixels left of the right edge of
+// the rule panel, and its top is that of the panel's "..." button.
 #pragma once
 
 #include <optional>

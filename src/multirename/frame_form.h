@@ -26,6 +26,8 @@ struct FrameLayout {
   static constexpr int kListWidth = 200;        // as it is asked for
   static constexpr int kColumnWidth = 200;
   static constexpr int kRowHeight = 16;
+  // Between the right edges of the search dialog's client area and of the rule panel.
+  static constexpr int kPairsDialogGap = 4;
   static constexpr u32 kContainerStyle = 0x56000000;
   static constexpr u32 kIcon = 128;  // of the host
 };

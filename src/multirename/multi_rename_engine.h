@@ -44,7 +44,7 @@ class MultiRenameEngine {
   SharedItems itemsOwner;                       // keeps them while the worker may look at them
   std::shared_ptr<MultiRenameUndo> restoreSet;  // what the next restore run takes back
   MultiRenameUndoStore undoStore;
-  HWND notifyWindow = nullptr;   // receives the worker's messages; see rename_worker.h
+  HWND notifyWindow = nullptr;   // receives the worker's messages; changed only while that is idle
   WStringView currentBase;       // of the row that is being computed: its old name,
   WStringView currentExtension;  // without its dot
   MultiRenameItem* currentItem = nullptr;

@@ -97,6 +97,9 @@ bool PanelForm::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case MRM_RUN_FINISHED:
       OnRunFinished(first, second != 0);
       return true;
+    case MRM_NEW_SELECTION:
+      OnNewSelection();
+      return true;
     default:
       return false;
   }

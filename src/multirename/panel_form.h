@@ -4,10 +4,18 @@
 // reports each press, change and double click and each of its posted messages. The forms of the three dialogs
 // (dialog_form.h) are handed to PanelView::RunDialog.
 //
+// Life: RunDialog, PanelView::ShowMenu, ShowBox and the host's AskText run message loops of their own, in
+// which the window gets other messages, WM_CLOSE too. The form, the frame's form and both views outlive each
+// of these calls: a WM_CLOSE during one only notes that the window closes, and the window is destroyed after
+// the call has returned, by Close of this form and then of the frame's. Close is what clears the engine's
+// notifyWindow, which the compilations and Undo set.
+//
 // Threads: all of it on the window's thread. The worker computes and runs meanwhile: it posts
 // MRM_ROWS_CHANGED and MRM_RUN_FINISHED to the panel's window. What changes rules first waits until the
 // worker is idle: a preview stops at its next row, a run goes to its end. Reset File List also waits for the
-// host's main thread, or until the context says that the host is closing.
+// host's main thread, or until the context says that the host is closing. It takes no messages meanwhile, so
+// the main thread never sends one to this window: a new selection reaches the form as a posted
+// MRM_NEW_SELECTION.
 #pragma once
 
 #include <string>
@@ -61,9 +69,14 @@ class PanelForm {
   // A posted message. False for another one.
   bool OnMessage(UINT message, WPARAM first, LPARAM second);
 
-  // A new command 31000 came while the window is open: takes the rows out of the list. The new ones appear
-  // with Reset File List. Any rows stay alive until then.
-  void OnNewSelection() { frame_.List().Empty(); }
+  // The window is being destroyed: waits until the worker is idle or has ended, a run too, and takes the
+  // window from the engine, so that nothing is posted to it any more. FrameForm::Close comes after this.
+  void Close();
+
+  // MRM_NEW_SELECTION: a new command 31000 came while the window is open. Stops the worker and then takes the
+  // rows out of the list; the new ones appear with Reset File List. Does nothing if the list shows the newest
+  // rows already.
+  void OnNewSelection();
 
   // Enables the controls after a run, or disables them for one. With a loaded undo session only Undo, its
   // "..." and Close can be used.

@@ -54,15 +54,15 @@ void PanelForm::SaveProfile() {
   buffer.back() = WCHAR();
   const WString name(Trimmed(buffer.data(), W(" \t\r\n")));
   MultiRenameProfiles& profiles = context_.profiles;
-  if (profiles.Find(name)) {
-    if (!Confirms(LanguageText(host_, kRenameTextOverwriteProfile))) {
-      const PanelWriting writing(isWriting_);
-      view_.SelectLine(kProfileBox, ProfileBox::kNoProfileLine);
-      return;
-    }
-    profiles.Remove(name);
+  const bool replaces = profiles.Find(name) != nullptr;
+  if (replaces && !Confirms(LanguageText(host_, kRenameTextOverwriteProfile))) {
+    const PanelWriting writing(isWriting_);
+    view_.SelectLine(kProfileBox, ProfileBox::kNoProfileLine);
+    return;
   }
-  engine_.worker.StopCurrent();
+  // Before anything is removed: if the wait fails, the store is as it was.
+  if (!engine_.worker.StopCurrent()) return;
+  if (replaces) profiles.Remove(name);
   profiles.Add(rules_.MakeProfile(name));
   profiles.Save();
   const MultiRenameProfile* saved = nullptr;

@@ -58,10 +58,12 @@ void PanelForm::StartRun() {
   if (!view_.IsChecked(kLivePreviewBox) || engine_.worker.WasPreviewCut()) {
     engine_.worker.WantPreview();
     engine_.worker.Wake();
-    if (!engine_.worker.WaitUntilIdle() || engine_.worker.WasPreviewCut()) return;
+    if (!engine_.worker.WaitUntilIdle()) return;
   }
-  if (std::ranges::any_of(engine_.items,
-                          [](const MultiRenameItem* row) { return BlocksStart(row->state); })) {
+  // After a preview that failed in the host, rows have names of other rules.
+  if (engine_.worker.WasPreviewCut() || std::ranges::any_of(engine_.items, [](const MultiRenameItem* row) {
+        return BlocksStart(row->state);
+      })) {
     view_.ShowBox(LanguageText(host_, kRenameTextTitle), LanguageText(host_, kRenameTextBlocked),
                   MB_OK | MB_ICONERROR);
     return;
@@ -121,6 +123,17 @@ void PanelForm::ResetFileList() {
     EnableControls(true);
   }
   UpdatePreview();
+}
+
+// The message may come late: a reset, or the first FillList, has then shown the rows that it is about.
+void PanelForm::OnNewSelection() {
+  if (frame_.List().Items() == context_.rows.Get()) return;
+  if (engine_.worker.StopCurrent()) frame_.List().Empty();
+}
+
+// The worker reads notifyWindow, so it is idle or has ended before that changes.
+void PanelForm::Close() {
+  if (engine_.worker.StopCurrent()) engine_.notifyWindow = nullptr;
 }
 
 void PanelForm::PostUpdate() { view_.Post(MRM_UPDATE_PREVIEW); }

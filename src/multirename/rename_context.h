@@ -18,6 +18,10 @@ enum RenameHostCommand : u32 {
 
 // The rows that the window is to show: a new selection, which the host's main thread puts in, or the entries
 // of an undo session, which the window's does. Any thread.
+//
+// A new selection while a window is open: the main thread calls Set and then posts MRM_NEW_SELECTION to the
+// panel. It posts and never sends, as the window's thread may be waiting for the main thread without taking
+// messages; and it posts after Set, as the panel passes the message over if it shows the rows of Get already.
 class SharedRows {
  public:
   SharedItems Get() const {

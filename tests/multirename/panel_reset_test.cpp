@@ -56,20 +56,31 @@ TEST_F(PanelReset, TheListIsEmptyWhileTheSelectionIsRead) {
 TEST_F(PanelReset, ResetInTheMiddleOfAPreviewStopsItFirst) {
   GateProperties gate;
   Open({W("a.t"), W("b.t")});
-  engine_->propertyManager = &gate;
-  Type(1034, W("x[?p][C]"));
-  Deliver();
-  gate.entered.Acquire();
-  gate.isOpen = true;
-  std::thread opener([&] {
-    while (!engine_->worker.IsStopping()) std::this_thread::yield();
-    gate.gate.Release();
-  });
+  PreviewIntoGate(gate);
+  bool isBusy = true;
+  host_.beforeReading = [&] { isBusy = engine_->busy; };
   Select({W("c.t")});
-  form.Press(1071);
-  opener.join();
+  WhileHeld(gate.gate, [this] { form.Press(1071); });
+  EXPECT_FALSE(isBusy);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t")));
+}
+
+TEST_F(PanelReset, AnUpdateInTheMiddleOfAResetCompilesNothing) {
+  Open({W("a.t")});
+  view[1020].text = W("(");
+  form.Press(1119);
+  Settle();
+  view[1039].isChecked = true;  // not yet reported; now the rules do not compile
+  int updates = 0;
+  list.atClear = [&] {
+    EXPECT_TRUE(form.OnMessage(33268, 0, 0));
+    EXPECT_EQ(frameView.panes[1], W(""));
+    ++updates;
+  };
+  form.Press(1071);
+  EXPECT_GT(updates, 0);
+  EXPECT_NE(frameView.panes[1], W(""));  // after the reset
 }
 
 TEST_F(PanelReset, ResetEndsItsWaitWhenTheHostIsClosing) {
@@ -99,11 +110,15 @@ TEST_F(PanelReset, ResetClosesItsEvent) {
   EXPECT_FALSE(SetEvent(reinterpret_cast<HANDLE>(host_.event)));
 }
 
+// A new selection.
+
 TEST_F(PanelReset, ANewSelectionEmptiesTheListUntilReset) {
   Open({W("a.t")});
   Select({W("c.t")});
-  form.OnNewSelection();
   context_.rows.Set(ReadSelection(host_));
+  ASSERT_TRUE(PostMessageW(view.Window(), 34068, 0, 0));
+  EXPECT_EQ(list.rows.size(), 1u);
+  Deliver();
   EXPECT_THAT(list.rows, IsEmpty());
   Type(1034, W("x"));
   Settle();
@@ -111,6 +126,65 @@ TEST_F(PanelReset, ANewSelectionEmptiesTheListUntilReset) {
   form.Press(1071);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
+}
+
+TEST_F(PanelReset, ANewSelectionInTheMiddleOfAPreviewStopsItBeforeTheRowsGo) {
+  GateProperties gate;
+  Open({W("a.t"), W("b.t")});
+  PreviewIntoGate(gate);
+  bool isBusy = true;
+  list.atClear = [&] { isBusy = engine_->busy; };
+  context_.rows.Set(ReadSelection(host_));
+  WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });
+  EXPECT_FALSE(isBusy);
+  EXPECT_THAT(list.rows, IsEmpty());
+  EXPECT_EQ(gate.asked, 1);  // the second row was not begun
+}
+
+TEST_F(PanelReset, ANewSelectionInTheMiddleOfARunWaitsForItsEndBeforeTheRowsGo) {
+  Open({W("a.t"), W("b.t")});
+  Type(1034, W("x[C]"));
+  Settle();
+  RunGate gate(host_);
+  form.Press(1003);
+  gate.inRun.Acquire();
+  bool isBusy = true;
+  std::vector<u32> states;
+  list.atClear = [&] {
+    isBusy = engine_->busy;
+    states = States();
+  };
+  context_.rows.Set(ReadSelection(host_));
+  WhileHeld(gate.go, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });
+  EXPECT_FALSE(isBusy);
+  EXPECT_THAT(states, ElementsAre(6u, 6u));
+  EXPECT_THAT(list.rows, IsEmpty());
+  Settle();
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_EQ(UndoFiles().size(), 1u);
+}
+
+TEST_F(PanelReset, ANewSelectionThatAResetHasShownIsPassedOver) {
+  Open({W("a.t")});
+  Select({W("c.t")});
+  context_.rows.Set(ReadSelection(host_));
+  ASSERT_TRUE(PostMessageW(view.Window(), 34068, 0, 0));
+  form.Press(1071);
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("c.t")));
+}
+
+TEST_F(PanelReset, ANewSelectionThatTheFirstFillHasShownIsPassedOver) {
+  GateProperties gate;
+  Open({W("a.t"), W("b.t")});
+  Select({W("c.t"), W("d.t")});
+  context_.rows.Set(ReadSelection(host_));
+  frame.FillList();
+  PreviewIntoGate(gate);
+  EXPECT_TRUE(form.OnMessage(34068, 0, 0));  // and stops no preview
+  gate.gate.Release();
+  Settle();
+  EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
 }
 
 }  // namespace

@@ -17,6 +17,15 @@ class ThrowingItem final : public BareFileItem {
   void GetTagText(WCHAR*, u32) override { throw std::runtime_error("the host fails"); }
 };
 
+class SlowProperties final : public IHostPropertyManager {
+ public:
+  u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {
+    Sleep(50);
+    return 0;
+  }
+  void ListProperties(IHostPropertyList*, u32) override {}
+};
+
 class PanelRuns : public PanelRunTest {};
 
 TEST_F(PanelRuns, ManyChangesArePreviewedToTheLast) {
@@ -109,6 +118,45 @@ TEST_F(PanelRuns, StartRenamesAndDisablesTheControlsUntilItsEnd) {
   EXPECT_EQ(UndoFiles().size(), 1u);
 }
 
+TEST_F(PanelRuns, ControlsAreDisabledBeforeTheWorkerIsWoken) {
+  Open({W("a.t")});
+  std::atomic<bool> runs{false};
+  host_.renames.atRun = [&] { runs = true; };
+  bool ranAtFirst = false;
+  view.afterDisabling = [&] {
+    Sleep(100);  // a worker that was woken would be in its run by now
+    ranAtFirst = runs;
+    view.afterDisabling = nullptr;
+  };
+  form.Press(1003);
+  EXPECT_FALSE(ranAtFirst);
+  EXPECT_FALSE(view.afterDisabling);
+  Settle();
+  EXPECT_TRUE(runs);
+}
+
+TEST_F(PanelRuns, TemplatesAreKeptBeforeTheRunBegins) {
+  Open({W("a.t")});
+  Type(1034, W("x"));
+  Settle();
+  int lists = 0;
+  host_.beforeStringList = [&] {
+    ++lists;
+    EXPECT_FALSE(IsClosed(1003));  // as the worker is woken after that
+  };
+  form.Press(1003);
+  EXPECT_EQ(lists, 2);
+  Settle();
+  EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
+}
+
+TEST_F(PanelRuns, AFinishedRenameAloneRefreshesTheList) {
+  Open({W("a.t")});
+  list.calls.clear();
+  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
+  EXPECT_THAT(list.calls, ElementsAre("refresh"));
+}
+
 TEST_F(PanelRuns, SaveUndoInformationDecidesOfTheFile) {
   Open({W("a.t")});
   view[1043].isChecked = false;
@@ -123,6 +171,17 @@ TEST_F(PanelRuns, StartWithoutLivePreviewPreviewsFirst) {
   Run(W("x"));
   ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("x.t"));
+}
+
+TEST_F(PanelRuns, StartWithoutLivePreviewWaitsForTheEndOfItsPreview) {
+  SlowProperties slow;
+  Open({W("a.t"), W("b.t")});
+  engine_->propertyManager = &slow;
+  Check(1004, false);
+  Run(W("x[?p][C]"));
+  ASSERT_EQ(host_.renames.itemRenames.size(), 2u);
+  EXPECT_EQ(host_.renames.itemRenames[0].to, W("x01.t"));
+  EXPECT_EQ(host_.renames.itemRenames[1].to, W("x02.t"));
 }
 
 TEST_F(PanelRuns, StartWithLivePreviewTakesTheNamesOfTheLastPreview) {
@@ -154,16 +213,25 @@ TEST_F(PanelRuns, StartInTheMiddleOfAPreviewEndsItFirstSoThatNoRowKeepsAnOlderNa
   EXPECT_EQ(host_.renames.itemRenames[1].to, W("x02.t"));
 }
 
-TEST_F(PanelRuns, APreviewThatFailsInTheHostKeepsTheStartFromRenaming) {
-  Open({W("a.t"), W("b.t")});
-  ThrowingItem item;
-  Row(1).hostItem = &item;
-  Type(1034, W("x[F]"));
-  Settle();
-  form.Press(1003);
-  Settle();
-  EXPECT_THAT(host_.renames.calls, IsEmpty());
-  EXPECT_FALSE(IsClosed(1003));
+TEST_F(PanelRuns, APreviewThatFailsInTheHostKeepsTheStartFromRenamingAndShowsTheBoxOfRowsInTheWay) {
+  for (const bool isLive : {true, false}) {
+    Open({W("a.t"), W("b.t")});
+    ThrowingItem item;
+    Row(1).hostItem = &item;
+    Check(1004, isLive);
+    Type(1034, W("x[F]"));
+    Settle();
+    view.boxes.shown.clear();
+    view.boxes.answers = {IDOK};
+    form.Press(1003);
+    Settle();
+    EXPECT_THAT(view.boxes.shown,
+                ElementsAre(RecordedBox{W("T000A0063"), W("T02580064"), MB_OK | MB_ICONERROR}))
+        << isLive;
+    EXPECT_THAT(host_.renames.calls, IsEmpty());
+    EXPECT_THAT(host_.recorder.CallsOf({"config.SaveStringList"}), IsEmpty());
+    EXPECT_FALSE(IsClosed(1003));
+  }
 }
 
 TEST_F(PanelRuns, ARowInTheWayBlocksTheStart) {
@@ -249,6 +317,19 @@ TEST_F(PanelRuns, ABadExpressionAtStartRenamesNothingAndLeavesThePreview) {
   EXPECT_FALSE(IsClosed(1003));
 }
 
+TEST_F(PanelRuns, ABadExpressionAtStartTakesUndoAwayAllTheSame) {
+  Open({W("a.t")});
+  Run(W("x"));
+  ASSERT_TRUE(form.UndoAvailable());
+  view[1020].text = W("(");
+  form.Press(1119);
+  Settle();
+  view[1039].isChecked = true;  // not yet reported
+  form.Press(1003);
+  EXPECT_FALSE(form.UndoAvailable());
+  EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
+}
+
 TEST_F(PanelRuns, AnEmptyListIsRenamedWithoutAnErrorAndFinishes) {
   Open();
   form.Press(1003);
@@ -324,6 +405,44 @@ TEST_F(PanelRuns, RunsAndUndosFollowOneAnotherWhileRulesChange) {
   }
   EXPECT_EQ(host_.renames.itemRenames.size(), 30u);
   EXPECT_EQ(host_.renames.pathRenames.size(), 30u);
+}
+
+TEST_F(PanelRuns, CloseInTheMiddleOfAPreviewStopsItAndNothingIsPostedAnyMore) {
+  GateProperties gate;
+  Open({W("a.t"), W("b.t")});
+  PreviewIntoGate(gate);
+  WhileHeld(gate.gate, [this] { form.Close(); });
+  EXPECT_EQ(engine_->notifyWindow, nullptr);
+  EXPECT_FALSE(engine_->busy);
+  EXPECT_EQ(gate.asked, 1);
+  frame.Close();
+  engine_->worker.WantPreview();
+  engine_->worker.Wake();
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_THAT(Waiting(), IsEmpty());
+}
+
+TEST_F(PanelRuns, CloseInTheMiddleOfARunWaitsForItsEnd) {
+  Open({W("a.t")});
+  Type(1034, W("x"));
+  Settle();
+  RunGate gate(host_);
+  form.Press(1003);
+  gate.inRun.Acquire();
+  WhileHeld(gate.go, [this] { form.Close(); });
+  EXPECT_EQ(engine_->notifyWindow, nullptr);
+  EXPECT_FALSE(engine_->busy);
+  EXPECT_EQ(UndoFiles().size(), 1u);
+  frame.Close();
+  EXPECT_THAT(list.rows, IsEmpty());
+}
+
+TEST_F(PanelRuns, CloseWithAWorkerThatHasEndedTakesTheWindowToo) {
+  Open({W("a.t")});
+  engine_->worker.Quit();
+  ASSERT_TRUE(engine_->worker.WaitForEnd(INFINITE));
+  form.Close();
+  EXPECT_EQ(engine_->notifyWindow, nullptr);
 }
 
 TEST_F(PanelRuns, TheWindowClosesInTheMiddleOfARun) {

@@ -59,6 +59,43 @@ TEST_F(PanelUndo, ARestoreOfNothingStillEnablesTheControls) {
   EXPECT_FALSE(IsClosed(1003));
 }
 
+TEST_F(PanelUndo, UndoInTheMiddleOfAPreviewStopsItBeforeItTakesTheRows) {
+  GateProperties gate;
+  Open({W("a.t"), W("b.t")});
+  Run(W("y[C]"));
+  PreviewIntoGate(gate);
+  WhileHeld(gate.gate, [this] { form.Press(1040); });
+  Settle();
+  ASSERT_EQ(host_.renames.pathRenames.size(), 2u);
+  // The preview stopped after its first row.
+  EXPECT_EQ(host_.renames.pathRenames[0].from, W("C:\\view\\x01.t"));
+  EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\y02.t"));
+}
+
+TEST_F(PanelUndo, UndoHasItsMessagesPostedToThePanel) {
+  Open({W("a.t")});
+  Run(W("x"));
+  engine_->notifyWindow = nullptr;
+  form.Press(1040);
+  EXPECT_TRUE(IsClosed(1003));
+  Settle();
+  EXPECT_FALSE(IsClosed(1003));
+}
+
+TEST_F(PanelUndo, UndoOfAnEmptyListLeavesAnEmptySetToRestore) {
+  Open({W("a.t")});
+  Run(W("x"));
+  form.Press(1040);
+  Settle();
+  ASSERT_TRUE(engine_->restoreSet);
+  EXPECT_EQ(engine_->restoreSet->entries.size(), 1u);
+  frame.List().Empty();
+  form.Press(1040);
+  ASSERT_TRUE(engine_->restoreSet);
+  EXPECT_THAT(engine_->restoreSet->entries, IsEmpty());
+  EXPECT_EQ(host_.renames.pathRenames.size(), 1u);
+}
+
 // Undo sessions.
 
 TEST_F(PanelUndo, ALoadedSessionIsInTheListAndOnlyUndoManagerAndCloseCanBeUsed) {
@@ -100,6 +137,18 @@ TEST_F(PanelUndo, ARestoredSessionIsMarkedAndWrittenUnderTheSameName) {
   EXPECT_TRUE(store.sessions[0]->haveRestored);
   EXPECT_FALSE(IsClosed(1040));
   EXPECT_TRUE(IsClosed(1003));
+}
+
+TEST_F(PanelUndo, ARestoreOfNothingMarksNoLoadedSession) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open();
+  LoadSessionOfRow(0);
+  EXPECT_TRUE(form.OnMessage(33868, 3, 1));
+  EXPECT_FALSE(form.LoadedSession()->haveRestored);
+  MultiRenameUndoStore store(&host_);
+  store.Load();
+  ASSERT_EQ(store.sessions.size(), 1u);
+  EXPECT_FALSE(store.sessions[0]->haveRestored);
 }
 
 TEST_F(PanelUndo, RestoringASessionTwicePassesTheRenamesASecondTime) {

@@ -22,6 +22,7 @@ class VectorList final : public Velmora::SDK::IHostList {
   std::set<void*> selected;
   Velmora::SDK::IMLRowCallBack* provider = nullptr;
   std::vector<std::string> calls;
+  std::function<void()> atClear;  // the rows are still there
 
   u32 GetId() override { return 77; }
   u32 GetImageSet() override { return 5; }
@@ -33,6 +34,7 @@ class VectorList final : public Velmora::SDK::IHostList {
   void AddRow(void* row) override { rows.push_back(row); }
   void Refresh() override { calls.push_back("refresh"); }
   void Clear() override {
+    if (atClear) atClear();
     rows.clear();
     selected.clear();
     calls.push_back("clear");
@@ -56,6 +58,12 @@ class FrameWindow final : public Velmora::SDK::FrameView {
   WString title;
   std::map<int, WString> panes;
   RecordedBoxes boxes;
+  struct MenuPlace {
+    HWND owner;
+    int x;
+    int y;
+  };
+  std::vector<MenuPlace> menuPlaces;
   std::vector<Velmora::SDK::MenuLines> menus;
   int menuAnswer = 0;
   std::vector<Velmora::SDK::RenameMessage> posted;
@@ -64,7 +72,8 @@ class FrameWindow final : public Velmora::SDK::FrameView {
   HWND Window() override { return nullptr; }
   void SetTitle(const WString& newTitle) override { title = newTitle; }
   void SetPane(int pane, const WString& text) override { panes[pane] = text; }
-  int ShowMenu(HWND, int, int, const Velmora::SDK::MenuLines& lines) override {
+  int ShowMenu(HWND owner, int x, int y, const Velmora::SDK::MenuLines& lines) override {
+    menuPlaces.push_back({owner, x, y});
     menus.push_back(lines);
     return menuAnswer;
   }
@@ -143,6 +152,8 @@ class PanelHost final : public RenameHost {
   bool answers = true;                  // 32000 is carried out
   std::function<void()> beforeReading;  // on the main thread
   std::function<void()> beforeDocument;
+  std::function<void()> beforeStringList;
+  bool fillsBuffers = false;  // a text that is asked for takes the whole buffer, without a zero at its end
   std::vector<Velmora::SDK::u32> posted;                         // commands
   std::optional<WString> fileText;                               // what ReadTextFile reads
   std::vector<std::pair<WString, Velmora::SDK::u32>> readFiles;  // paths and sizes
@@ -158,6 +169,17 @@ class PanelHost final : public RenameHost {
     if (beforeDocument) beforeDocument();
     return RenameHost::CreateXmlDocument();
   }
+  Velmora::SDK::IHostStringList* CreateStringList() override {
+    if (beforeStringList) beforeStringList();
+    return RenameHost::CreateStringList();
+  }
+  bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
+               WCHAR* buffer, Velmora::SDK::u32 size, HWND parent, Velmora::SDK::u32 zero) override {
+    if (!fillsBuffers)
+      return RenameHost::AskText(title, prompt, defaultText, hint, buffer, size, parent, zero);
+    std::fill_n(buffer, size, W('n'));
+    return true;
+  }
   void PostCommand(Velmora::SDK::u32 number, std::intptr_t a, std::intptr_t b) override {
     EXPECT_EQ(a, 0);
     posted.push_back(number);
@@ -172,6 +194,10 @@ class PanelHost final : public RenameHost {
   }
   bool ReadTextFile(WCHAR* buffer, Velmora::SDK::u32 size, const WCHAR* path) override {
     readFiles.emplace_back(path, size);
+    if (fillsBuffers) {
+      std::fill_n(buffer, size, W('n'));
+      return true;
+    }
     if (fileText) CopyTerminated(buffer, size, WStringView(*fileText));
     return fileText.has_value();
   }

@@ -59,6 +59,7 @@ class RecordedControls : public View {
   HWND window = nullptr;
   // Called for each change that the form makes itself, as windows report it.
   std::function<void(int control)> echo;
+  std::function<void()> afterDisabling;
 
   RecordedControl& operator[](int control) { return controls[control]; }
   bool IsEnabled(int control) { return controls[control].isEnabled; }
@@ -73,7 +74,10 @@ class RecordedControls : public View {
   void SelectEnd(int control) override { controls[control].caretAtEnd = true; }
   bool IsChecked(int control) override { return controls[control].isChecked; }
   void SetChecked(int control, bool isChecked) override { controls[control].isChecked = isChecked; }
-  void SetEnabled(int control, bool isEnabled) override { controls[control].isEnabled = isEnabled; }
+  void SetEnabled(int control, bool isEnabled) override {
+    controls[control].isEnabled = isEnabled;
+    if (!isEnabled && afterDisabling) afterDisabling();
+  }
   void GiveFocus(int control) override { focus = control; }
   void SetLines(int control, const std::vector<WString>& lines) override {
     controls[control].lines = lines;

@@ -1,0 +1,87 @@
+// What the panel does when the wait for its worker fails: nothing is changed that the worker may still use.
+#include <gmock/gmock.h>
+
+#include "multirename/panel_run_test.h"
+#include "platform/posix/faults.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::IsEmpty;
+
+class PanelWaits : public PanelRunTest {
+ protected:
+  void OpenWithAPreviewInTheGate() {
+    Open({W("a.t"), W("b.t")});
+    PreviewIntoGate(gate_);
+  }
+
+  // Does something whose wait for the worker fails, and lets the preview go to its end.
+  template <typename Action>
+  void WithoutAWait(Action action) {
+    // The first call looks whether there is a thread.
+    Platform::Faults::Fail("WaitForSingleObject", 2, ERROR_INVALID_HANDLE);
+    action();
+    EXPECT_EQ(Platform::Faults::CallCount("WaitForSingleObject"), 2);
+    Platform::Faults::Clear();
+    EXPECT_TRUE(engine_->busy);
+    gate_.gate.Release();
+    ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  }
+
+  GateProperties gate_;
+  const Platform::Faults::Scope faults_;
+};
+
+TEST_F(PanelWaits, SavingOverAProfileRemovesNothing) {
+  profiles_.filePath = W("C:\\config\\MultiRenameProfiles.xml");
+  auto profile = std::make_unique<MultiRenameProfile>();
+  profile->name = W("one");
+  const MultiRenameProfile* const kept = profile.get();
+  profiles_.Add(std::move(profile));
+  OpenWithAPreviewInTheGate();
+  host_.textAnswers.push_back({true, W("ONE")});
+  view.boxes.answers = {IDYES};
+  WithoutAWait([this] { Choose(1045, 1); });
+  EXPECT_EQ(view.boxes.shown.size(), 1u);
+  ASSERT_EQ(profiles_.profiles.size(), 1u);
+  EXPECT_EQ(profiles_.profiles[0].get(), kept);
+  EXPECT_TRUE(host_.files.saved.empty());
+}
+
+TEST_F(PanelWaits, ANewSelectionLeavesTheList) {
+  OpenWithAPreviewInTheGate();
+  context_.rows.Set(ReadSelection(host_));
+  WithoutAWait([this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });
+  EXPECT_EQ(list.rows.size(), 2u);
+}
+
+TEST_F(PanelWaits, AResetReadsNothing) {
+  OpenWithAPreviewInTheGate();
+  WithoutAWait([this] { form.Press(1071); });
+  EXPECT_THAT(host_.posted, IsEmpty());
+  EXPECT_EQ(list.rows.size(), 2u);
+}
+
+TEST_F(PanelWaits, StartRenamesNothing) {
+  OpenWithAPreviewInTheGate();
+  WithoutAWait([this] { form.Press(1003); });
+  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+}
+
+TEST_F(PanelWaits, UndoMakesNoSetToRestore) {
+  OpenWithAPreviewInTheGate();
+  WithoutAWait([this] { form.Press(1040); });
+  EXPECT_EQ(engine_->restoreSet, nullptr);
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+}
+
+TEST_F(PanelWaits, CloseLeavesTheWindowThatTheWorkerMayBeReading) {
+  OpenWithAPreviewInTheGate();
+  WithoutAWait([this] { form.Close(); });
+  EXPECT_EQ(engine_->notifyWindow, view.Window());
+}
+
+}  // namespace
+}  // namespace Velmora::SDK
