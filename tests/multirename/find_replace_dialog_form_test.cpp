@@ -82,6 +82,17 @@ TEST_F(FindReplaceDialog, AFunctionKeyLoadsItsListWithANotice) {
   EXPECT_THAT(Notes(), ElementsAre("ShowTimedNote(\"T01AF00643\", 1500, 2)"));
 }
 
+TEST_F(FindReplaceDialog, NoticesBelongToTheDialog) {
+  const MessageWindow window;
+  dialog_.window = window.Handle();
+  Keep(W("3"), W("x"), W("y"));
+  Open();
+  form_->PressFunctionKey(kField, 3, false);
+  form_->PressFunctionKey(kField, 3, true);
+  ASSERT_TRUE(dialog_.window);
+  EXPECT_THAT(host_.noteWindows, ElementsAre(dialog_.window, dialog_.window));
+}
+
 TEST_F(FindReplaceDialog, AMissingListDoesAndShowsNothing) {
   Keep(W("3"), W("x"), W("y"));
   Open({{W("a"), W("b")}});
@@ -165,6 +176,13 @@ TEST_F(FindReplaceDialog, TheTextOfAFileAndItsPathAreCut) {
   form_->DropFile(kField, WString(300, W('p')));
   EXPECT_EQ(dialog_[kField].text, WString(8191, W('t')));
   EXPECT_EQ(host_.readFiles[0].first, WString(260, W('p')));
+}
+
+TEST_F(FindReplaceDialog, ATextWithoutAnEndIsCutAtItsBuffer) {
+  Open();
+  host_.fillsBuffers = true;
+  form_->DropFile(kField, W("C:\\pairs.txt"));
+  EXPECT_EQ(dialog_[kField].text, WString(8191, W('n')));
 }
 
 TEST(FunctionKeys, AreCountedFromF1ToF24) {

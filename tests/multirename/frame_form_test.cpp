@@ -77,6 +77,18 @@ TEST_F(FrameFormTest, ItemsLiveUntilTheListIsEmptyOrHasOthers) {
   EXPECT_TRUE(shown.expired());
 }
 
+TEST_F(FrameFormTest, TheListLetsItsRowsGoBeforeTheyDie) {
+  OpenFrame({W("a")});
+  frame.FillList();
+  const std::weak_ptr<MultiRenameItems> shown = context_.rows.Get();
+  context_.rows.Set(nullptr);
+  bool isAlive = false;
+  list.atClear = [&] { isAlive = !shown.expired(); };
+  frame.List().Empty();
+  EXPECT_TRUE(isAlive);
+  EXPECT_TRUE(shown.expired());
+}
+
 TEST_F(FrameFormTest, ClosingEmptiesTheListAndLetsItGo) {
   OpenFrame({W("a")});
   frame.FillList();
@@ -153,10 +165,30 @@ TEST_F(FrameFormTest, TheContextMenuHasFourLinesWithTheirKeys) {
       lines,
       ElementsAre(std::pair(10, WString(W("T00640063\tkey"))), std::pair(11, WString(W("T00650063\tkey"))),
                   std::pair(12, WString(W("T00660063\tkey"))), std::pair(13, WString(W("T00670063\tkey")))));
-  EXPECT_THAT(
-      host_.recorder.CallsOf({"GetKeyText"}),
-      ElementsAre("GetKeyText(64, 38)", "GetKeyText(64, 40)", "GetKeyText(64, 36)", "GetKeyText(64, 35)"));
+  EXPECT_THAT(host_.recorder.CallsOf({"GetKeyText"}),
+              ElementsAre("GetKeyText(64, 38, 16, 0)", "GetKeyText(64, 40, 16, 0)",
+                          "GetKeyText(64, 36, 16, 0)", "GetKeyText(64, 35, 16, 0)"));
   EXPECT_THAT(list.calls, IsEmpty());  // no choice
+}
+
+TEST_F(FrameFormTest, ALineWhoseKeyHasNoNameHasNoTab) {
+  host_.keyText.clear();
+  frame.Open(&list);
+  frame.ShowContextMenu(nullptr, 3, 4);
+  ASSERT_EQ(frameView.menus.size(), 1u);
+  std::vector<WString> texts;
+  for (const MenuLine& line : frameView.menus[0]) texts.push_back(line.text);
+  EXPECT_THAT(texts, ElementsAre(W("T00640063"), W("T00650063"), W("T00660063"), W("T00670063")));
+}
+
+TEST_F(FrameFormTest, TheContextMenuOpensWhereTheListAsksForItWithItsWindow) {
+  frame.Open(&list);
+  frame.ShowContextMenu(view.Window(), 3, -4);
+  ASSERT_EQ(frameView.menuPlaces.size(), 1u);
+  ASSERT_TRUE(view.Window());
+  EXPECT_EQ(frameView.menuPlaces[0].owner, view.Window());
+  EXPECT_EQ(frameView.menuPlaces[0].x, 3);
+  EXPECT_EQ(frameView.menuPlaces[0].y, -4);
 }
 
 TEST_F(FrameFormTest, TheContextMenusLinesMoveTheRows) {
@@ -177,6 +209,7 @@ TEST_F(FrameFormTest, TheWindowIsLaidOutByTheseNumbers) {
   EXPECT_EQ(FrameLayout::kListWidth, 200);
   EXPECT_EQ(FrameLayout::kColumnWidth, 200);
   EXPECT_EQ(FrameLayout::kRowHeight, 16);
+  EXPECT_EQ(FrameLayout::kPairsDialogGap, 4);
   EXPECT_EQ(FrameLayout::kContainerStyle, 0x56000000u);
   EXPECT_EQ(FrameLayout::kIcon, 128u);
   ASSERT_EQ(std::size(kFrameColumns), 2u);

@@ -219,6 +219,72 @@ TEST_F(PanelProfiles, TheRememberedNameIsSuggested) {
               ElementsAre(testing::HasSubstr("\"T01910064\", \"one\", ")));
 }
 
+TEST_F(PanelProfiles, ANameWithoutAnEndIsCutAtItsBuffer) {
+  Open();
+  host_.fillsBuffers = true;
+  Choose(1045, 1);
+  EXPECT_THAT(ProfileNames(), ElementsAre(WString(1023, W('n'))));
+}
+
+TEST_F(PanelProfiles, AnEmptyNameIsANameToo) {
+  Open();
+  Name(W(" \t"));
+  Choose(1045, 1);
+  EXPECT_THAT(ProfileNames(), ElementsAre(W("")));
+  EXPECT_THAT(view[1045].lines, ElementsAre(kNoLineText, kSaveLineText, W("")));
+  EXPECT_EQ(view[1045].selectedLine, 2);
+  EXPECT_EQ(frameView.title, W("T000A0063 - T00150064"));
+  EXPECT_EQ(Saves(), 1);
+}
+
+TEST_F(PanelProfiles, OfEqualNamesTheFirstIsSelected) {
+  const MultiRenameProfile* const first = &Keep(W("one"));
+  Keep(W("ONE"));
+  ProfileBox box(view, host_, profiles_);
+  const WString name = W("One");
+  EXPECT_EQ(box.Rebuild(&name), first);
+  EXPECT_EQ(view[1045].selectedLine, 2);
+}
+
+// With controls that report what the form sets.
+
+TEST_F(PanelProfiles, TheEmptyChoicePostsOneUpdate) {
+  Keep(W("one"));
+  Open({W("a.t")});
+  Choose(1045, 2);
+  Settle();
+  view.echo = [this](int control) { form.Change(control); };
+  Choose(1045, 0);
+  EXPECT_THAT(Waiting(), ElementsAre(33268u));
+}
+
+TEST_F(PanelProfiles, ASavedProfileIsLoadedOnce) {
+  Open({W("a.t")});
+  int loads = 0;
+  view.echo = [&](int control) {
+    if (control == 1034) ++loads;
+    form.Change(control);
+  };
+  Name(W("mine"));
+  Choose(1045, 1);
+  EXPECT_EQ(loads, 1);
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_THAT(Waiting(), ElementsAre(33768u, 33868u));
+}
+
+TEST_F(PanelProfiles, XPostsOneUpdateAndItsEmptyChoiceIsNotThatOfTheUser) {
+  Keep(W("one"));
+  Open({W("a.t")});
+  Choose(1045, 2);
+  Settle();
+  view.echo = [this](int control) { form.Change(control); };
+  view.boxes.answers = {IDYES};
+  form.Press(1044);
+  EXPECT_THAT(Waiting(), ElementsAre(33268u));
+  EXPECT_EQ(view[1118].rows.size(), 2u);
+  EXPECT_EQ(form.ProfileName(), W("one"));
+}
+
 TEST_F(PanelProfiles, CancelSavesNothingAndTheBoxKeepsItsLine) {
   Open();
   host_.textAnswers.push_back({false, W("x")});
@@ -312,6 +378,16 @@ TEST_F(PanelProfiles, XDeletesTheChosenProfileAfterAQuestion) {
   EXPECT_EQ(Saved().find("two"), std::string::npos);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("a.t")));
+}
+
+TEST_F(PanelProfiles, XDeletesTheChosenOneOfTwoWithEqualNames) {
+  Keep(W("ONE"));
+  Keep(W("one"));
+  Open();
+  Choose(1045, 3);
+  view.boxes.answers = {IDYES};
+  form.Press(1044);
+  EXPECT_THAT(ProfileNames(), ElementsAre(W("ONE")));
 }
 
 TEST_F(PanelProfiles, XLeavesThePairsAndTheRememberedName) {

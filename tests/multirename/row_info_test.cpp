@@ -61,6 +61,13 @@ TEST_F(RowInfo, ADuplicateShowsOnlyTheFixedTextAndNotItsNewName) {
   EXPECT_EQ(Cell(2, 1), W("old.jpg"));
 }
 
+TEST_F(RowInfo, AnEmptyNewNameIsAnEmptyCellWithItsReason) {
+  row_.newName.clear();
+  EXPECT_EQ(Cell(3), W(""));
+  EXPECT_EQ(Cell(3, 2), W(" > T006E0065"));
+  EXPECT_EQ(Cell(3, 6), W(""));
+}
+
 TEST_F(RowInfo, ACellIsCutAtItsBufferAndEndsInAZero) {
   EXPECT_EQ(Cell(3, 3, 4), W("new"));
   EXPECT_EQ(Cell(3, 3, 10), W("new.jpg >"));

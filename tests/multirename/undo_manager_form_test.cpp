@@ -190,7 +190,7 @@ TEST_F(UndoManager, ADeleteThatFailsSaysSoAndChangesNothing) {
   dialog_.boxes.answers = {IDYES, IDOK};
   form.Press(1046);
   ASSERT_EQ(dialog_.boxes.shown.size(), 2u);
-  EXPECT_EQ(dialog_.boxes.shown[1].text, W("T02120064"));
+  EXPECT_EQ(dialog_.boxes.shown[1], (RecordedBox{W("T020D0064"), W("T02120064"), MB_OK | MB_ICONERROR}));
   EXPECT_EQ(store_->sessions.size(), 1u);
   EXPECT_EQ(form.Chosen(), session);
 }
@@ -231,6 +231,19 @@ TEST_F(UndoManager, DeleteAllKeepsWhatCannotBeDeleted) {
   ASSERT_EQ(store_->sessions.size(), 1u);
   EXPECT_EQ(store_->sessions[0].get(), stays);
   EXPECT_EQ(dialog_[kSessions].rows.size(), 1u);
+}
+
+TEST_F(UndoManager, AfterDeleteAllADeletedSessionIsChosenNoMore) {
+  Keep(5);
+  Keep(9);
+  UndoManagerForm& form = Open();
+  form.ClickRow(kSessions, 0);
+  ASSERT_TRUE(form.Chosen());
+  dialog_.boxes.answers = {IDYES};
+  form.Press(1047);
+  EXPECT_EQ(form.Chosen(), nullptr);
+  EXPECT_EQ(dialog_[1049].text, W(""));
+  EXPECT_EQ(dialog_[1054].text, W(""));
 }
 
 TEST_F(UndoManager, SessionsWithoutADateComeLast) {

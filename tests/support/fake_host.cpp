@@ -101,9 +101,10 @@ const WCHAR* FakeHost::GetLanguageTitle(TextId text) {
   return recorder.Lend(found != titles.end() ? found->second : NameOf("L", text));
 }
 
-const WCHAR* FakeHost::GetKeyText(WCHAR* buffer, u32 size, u32 key, u32, u32) {
-  recorder.Record("GetKeyText(" + Number(size) + ", " + Number(key) + ")");
-  CopyTerminated(buffer, size, WStringView(W("key")));
+const WCHAR* FakeHost::GetKeyText(WCHAR* buffer, u32 size, u32 key, u32 sixteen, u32 zero) {
+  recorder.Record("GetKeyText(" + Number(size) + ", " + Number(key) + ", " + Number(sixteen) + ", " +
+                  Number(zero) + ")");
+  CopyTerminated(buffer, size, WStringView(keyText));
   return buffer;
 }
 
@@ -264,7 +265,8 @@ void FakeHost::LogText(u32 category, u32 level, const WCHAR* text) {
   recorder.Record("LogText(" + Number(category) + ", " + Number(level) + ", " + Quoted(text) + ")");
 }
 
-void FakeHost::ShowTimedNote(HWND, const WCHAR* text, u32 milliseconds, u32 two) {
+void FakeHost::ShowTimedNote(HWND window, const WCHAR* text, u32 milliseconds, u32 two) {
+  noteWindows.push_back(window);
   recorder.Record("ShowTimedNote(" + Quoted(text) + ", " + Number(milliseconds) + ", " + Number(two) + ")");
 }
 

@@ -74,6 +74,9 @@ class FakeHost : public Velmora::SDK::IHostApp {
   std::map<Velmora::SDK::TextId, WString> titles;
   std::map<Velmora::SDK::TextId, WString> commonTexts;  // of module 0
 
+  WString keyText = W("key");     // the name of every key
+  std::vector<HWND> noteWindows;  // the owners of the timed notes
+
   bool isVista = true;
   bool isClassA = false;
   bool isClassB = false;
