@@ -1,6 +1,7 @@
 #include "multirename/frame_form.h"
 
 #include <array>
+#include <utility>
 
 #include "frame/services/format_text.h"
 #include "frame/services/language_text.h"
@@ -35,8 +36,8 @@ void FrameForm::Open(IHostList* list) {
 
 void FrameForm::Close() { list_.Detach(); }
 
-void FrameForm::FillList() {
-  list_.FillList(context_.rows.Get());
+void FrameForm::FillList(SharedItems rows) {
+  list_.FillList(std::move(rows));
   ShowCounts();
 }
 

@@ -107,7 +107,9 @@ class FrameForm {
   void SetPanel(HWND panel) { panel_ = panel; }
 
   // Shows the rows of the context in the list, and their number.
-  void FillList();
+  void FillList() { FillList(context_.rows.Get()); }
+  // The same with these rows.
+  void FillList(SharedItems rows);
 
   // What the extension object does with a host event on the window's thread: true if the list exists,
   // whatever the code.

@@ -162,8 +162,10 @@ void PanelForm::OpenUndoManager() {
 
 void PanelForm::LoadUndoSession(MultiRenameUndo& session) {
   loadedSession_ = &session;
-  context_.rows.Set(LoadSession(session));
-  frame_.FillList();
+  const SharedItems entries = LoadSession(session);
+  context_.rows.Set(entries);
+  // Not those of the context: a new selection may take their place at any time.
+  frame_.FillList(entries);
   undoAvailable_ = true;
   sessionLoaded_ = true;
   frame_.SetTitle(LanguageText(host_, kRenameTextSessionTitle) + DateText(session));

@@ -164,6 +164,19 @@ TEST_F(PanelReset, ANewSelectionInTheMiddleOfARunWaitsForItsEndBeforeTheRowsGo) 
   EXPECT_EQ(UndoFiles().size(), 1u);
 }
 
+TEST_F(PanelReset, ANewSelectionEmptiesTheListOfALoadedSessionAndUndoHasNothingToTakeBack) {
+  KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
+  Open({W("a.t")});
+  LoadSessionOfRow(0);
+  EXPECT_EQ(context_.rows.Get(), frame.List().Items());
+  context_.rows.Set(ReadSelection(host_));
+  EXPECT_TRUE(form.OnMessage(34068, 0, 0));
+  EXPECT_THAT(list.rows, IsEmpty());
+  form.Press(1040);
+  Settle();
+  EXPECT_THAT(host_.renames.calls, IsEmpty());
+}
+
 TEST_F(PanelReset, ANewSelectionThatAResetHasShownIsPassedOver) {
   Open({W("a.t")});
   Select({W("c.t")});
@@ -181,8 +194,7 @@ TEST_F(PanelReset, ANewSelectionThatTheFirstFillHasShownIsPassedOver) {
   context_.rows.Set(ReadSelection(host_));
   frame.FillList();
   PreviewIntoGate(gate);
-  EXPECT_TRUE(form.OnMessage(34068, 0, 0));  // and stops no preview
-  gate.gate.Release();
+  WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });  // and stops no preview
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
 }

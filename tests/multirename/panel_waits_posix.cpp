@@ -21,11 +21,18 @@ class PanelWaits : public PanelRunTest {
   void WithoutAWait(Action action) {
     // The first call looks whether there is a thread.
     Platform::Faults::Fail("WaitForSingleObject", 2, ERROR_INVALID_HANDLE);
+    std::atomic<bool> isDone{false};
+    std::thread opener([&] {
+      // A further call is a wait for the preview, which ends this way.
+      while (Platform::Faults::CallCount("WaitForSingleObject") <= 2 && !isDone) std::this_thread::yield();
+      gate_.gate.Release();
+    });
     action();
     EXPECT_EQ(Platform::Faults::CallCount("WaitForSingleObject"), 2);
-    Platform::Faults::Clear();
     EXPECT_TRUE(engine_->busy);
-    gate_.gate.Release();
+    isDone = true;
+    opener.join();
+    Platform::Faults::Clear();
     ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   }
 
