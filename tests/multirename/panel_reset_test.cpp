@@ -143,11 +143,8 @@ TEST_F(PanelReset, ANewSelectionInTheMiddleOfAPreviewStopsItBeforeTheRowsGo) {
 
 TEST_F(PanelReset, ANewSelectionInTheMiddleOfARunWaitsForItsEndBeforeTheRowsGo) {
   Open({W("a.t"), W("b.t")});
-  Type(1034, W("x[C]"));
-  Settle();
   RunGate gate(host_);
-  form.Press(1003);
-  gate.inRun.Acquire();
+  StartIntoGate(gate, W("x[C]"));
   bool isBusy = true;
   std::vector<u32> states;
   list.atClear = [&] {

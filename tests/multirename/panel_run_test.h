@@ -56,6 +56,14 @@ class PanelRunTest : public PanelTest {
     gate.isOpen = true;  // for the other rows
   }
 
+  // Starts a run of the templates and lets it into the host, where the gate holds it.
+  void StartIntoGate(RunGate& gate, const WString& nameTemplate) {
+    Type(1034, nameTemplate);
+    Settle();
+    form.Press(1003);
+    gate.inRun.Acquire();
+  }
+
   // Does something while the worker is held, which goes on when it is asked to stop.
   template <typename Action>
   void WhileHeld(Semaphore& held, Action action) {

@@ -102,11 +102,8 @@ TEST_F(PanelRuns, WithoutAListTheMessagesOfTheWorkerDoNothing) {
 
 TEST_F(PanelRuns, StartRenamesAndDisablesTheControlsUntilItsEnd) {
   Open({W("a.t"), W("b.t")});
-  Type(1034, W("x[C]"));
-  Settle();
   RunGate gate(host_);
-  form.Press(1003);
-  gate.inRun.Acquire();
+  StartIntoGate(gate, W("x[C]"));
   for (const int control : {1003, 1034, 1041, 1049, 1071, 1040}) EXPECT_TRUE(IsClosed(control)) << control;
   gate.go.Release();
   Settle();
@@ -424,11 +421,8 @@ TEST_F(PanelRuns, CloseInTheMiddleOfAPreviewStopsItAndNothingIsPostedAnyMore) {
 
 TEST_F(PanelRuns, CloseInTheMiddleOfARunWaitsForItsEnd) {
   Open({W("a.t")});
-  Type(1034, W("x"));
-  Settle();
   RunGate gate(host_);
-  form.Press(1003);
-  gate.inRun.Acquire();
+  StartIntoGate(gate, W("x"));
   WhileHeld(gate.go, [this] { form.Close(); });
   EXPECT_EQ(engine_->notifyWindow, nullptr);
   EXPECT_FALSE(engine_->busy);
@@ -447,11 +441,8 @@ TEST_F(PanelRuns, CloseWithAWorkerThatHasEndedTakesTheWindowToo) {
 
 TEST_F(PanelRuns, TheWindowClosesInTheMiddleOfARun) {
   Open({W("a.t")});
-  Type(1034, W("x"));
-  Settle();
   RunGate gate(host_);
-  form.Press(1003);
-  gate.inRun.Acquire();
+  StartIntoGate(gate, W("x"));
   engine_->worker.Quit();
   frame.Close();  // rows stay alive in the engine
   context_.rows.Set(nullptr);
