@@ -325,7 +325,7 @@ TEST(MultiRenameUndoTest, ADateFarInTheFutureComesBackAsItWas) {
   session.date = {9999, 12, 0, 31, 23, 59, 59, 0};
   const std::string text = Text(session);
   EXPECT_NE(text.find("Date : 253402300799\r\n"), std::string::npos);
-  const SYSTEMTIME& date = ReadUndoText(Utf16(FromUtf8(text)))->date;
+  const SYSTEMTIME date = ReadUndoText(Utf16(FromUtf8(text)))->date;
   EXPECT_THAT((std::vector<int>{date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond}),
               ElementsAre(9999, 12, 31, 23, 59, 59));
 }
@@ -336,7 +336,7 @@ TEST(MultiRenameUndoTest, ADateBefore1970IsBelowZeroAndComesBack) {
   session.date = {1969, 12, 0, 31, 23, 59, 0, 500};
   const std::string text = Text(session);
   EXPECT_NE(text.find("Date : -60\r\n"), std::string::npos);
-  const SYSTEMTIME& date = ReadUndoText(Utf16(FromUtf8(text)))->date;
+  const SYSTEMTIME date = ReadUndoText(Utf16(FromUtf8(text)))->date;
   EXPECT_EQ(date.wYear, 1969);
   EXPECT_EQ(date.wMinute, 59);
   EXPECT_EQ(date.wMilliseconds, 0);
