@@ -69,11 +69,10 @@ class ItemFinderTest : public testing::Test {
 };
 
 TEST_F(ItemFinderTest, ItemsOfAListedFolderAreThoseThatAreFoundOneByOne) {
-  const std::vector<WString> names = {W("b"), W("a.txt"), W("d"), W("\u00E9 \u4E2D.x"), W("x."), W("f g")};
+  const std::vector<WString> names = {W("b"), W("a.txt"), W("d"), W("\u00E9 \u4E2D.x"), W("x.y"), W("f g")};
   for (const WString& name : {names[0], names[1], names[3], names[5]}) scratch_.Write(name, "");
   scratch_.MakeFolder(W("d"));
-  std::filesystem::create_directory(scratch_.NativePath(W("x.")));
-  if (!scratch_.Exists(W("x."))) GTEST_SKIP() << "no name ends in a dot here";
+  scratch_.MakeFolder(W("x.y"));
   const std::vector<FileItem*> found = Find(names);
   ASSERT_EQ(found.size(), names.size());
   for (std::size_t index = 0; index < names.size(); ++index) {

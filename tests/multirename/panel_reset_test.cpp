@@ -103,13 +103,6 @@ TEST_F(PanelReset, ResetWaitsForAHostThatIsSlow) {
   EXPECT_EQ(list.rows.size(), 2u);
 }
 
-TEST_F(PanelReset, ResetClosesItsEvent) {
-  Open({W("a.t")});
-  form.Press(1071);
-  host_.Join();
-  EXPECT_FALSE(SetEvent(reinterpret_cast<HANDLE>(host_.event)));
-}
-
 // A new selection.
 
 TEST_F(PanelReset, ANewSelectionEmptiesTheListUntilReset) {

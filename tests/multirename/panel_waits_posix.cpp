@@ -90,5 +90,13 @@ TEST_F(PanelWaits, CloseLeavesTheWindowThatTheWorkerMayBeReading) {
   EXPECT_EQ(engine_->notifyWindow, view.Window());
 }
 
+// Natively the value of a closed handle is not given to another at once.
+TEST_F(PanelWaits, AResetClosesItsEvent) {
+  Open({W("a.t")});
+  form.Press(1071);
+  host_.Join();
+  EXPECT_FALSE(SetEvent(reinterpret_cast<HANDLE>(host_.event)));
+}
+
 }  // namespace
 }  // namespace Velmora::SDK
