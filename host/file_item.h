@@ -94,7 +94,7 @@ class FileItemTree {
   bool AddFolderItems(const WString& folderPath, std::vector<FileItem*>& items);
 
   // Gives an item another name after the system has done so. An item that had this name is of a file that has
-  // gone behind our back; whoever holds it may go on asking.
+  // gone meanwhile; whoever holds it may go on asking.
   void Rename(FileItem& item, const WString& newName);
 
   std::size_t Count() const { return items_.size(); }

@@ -48,7 +48,7 @@ struct RenameRules {
 // beside them takes their place. Throws BadCall for what can be no rule.
 RenameRules RulesOf(const RuleOptions& options, Velmora::SDK::IHostApp& host);
 
-// Throws BadCall for a text that should be a regular expression and is none.
+// Throws BadCall for a text that should be a regular expression and is not one.
 void CheckExpressions(const RenameRules& rules);
 
 // The number of a saved list of pairs. Throws BadCall for any other text.

@@ -24,7 +24,7 @@ class ServerCache {
   std::map<WCHAR, WString> servers_;
 };
 
-// The name in a buffer that WNetGetUniversalNameW has filled: a pointer, and the text somewhere behind it.
+// The name in a buffer that WNetGetUniversalNameW has filled: a pointer, and the text somewhere after it.
 // Empty if it does not lie in the buffer; one without a zero ends with the buffer.
 WString UniversalNameIn(std::span<const std::byte> buffer);
 
