@@ -11,8 +11,8 @@
 
 namespace QxHost {
 
-// The item of a path as it was typed, in UTF-8. Throws BadCall, whose message begins with `option`, if nothing
-// has that path.
+// The item of a path as it was typed, in UTF-8. Throws BadCall, whose message begins with `option`, if
+// nothing has that path.
 FileItem* FindItem(FileItemTree& items, const std::string& option, std::string_view text);
 
 class ItemFinder {
