@@ -41,7 +41,7 @@ std::vector<MultiRenameUndo*> SessionsByDate(MultiRenameUndoStore& store) {
   return sessions;
 }
 
-// Null if there is none.
+// Returns null if the store has no session.
 MultiRenameUndo* NewestSession(MultiRenameUndoStore& store) {
   const std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
   return sessions.empty() ? nullptr : sessions.back();

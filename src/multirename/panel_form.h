@@ -84,7 +84,8 @@ class PanelForm {
 
   bool UndoAvailable() const { return undoAvailable_; }
   bool SessionLoaded() const { return sessionLoaded_; }
-  // The session whose entries are in the list, one of the store's; null if there is none, or it was deleted.
+  // The session whose entries are in the list, one of the store's; null if no session is
+  // loaded, or it was deleted.
   const MultiRenameUndo* LoadedSession() const { return loadedSession_; }
   const WString& ProfileName() const { return profileName_; }
   const std::vector<PropertyName>& PropertyNames() const { return propertyNames_; }

@@ -34,7 +34,7 @@ class RenameList {
 
   void Refresh();
 
-  // The list itself; null while there is none.
+  // The list itself; null before Attach and after Detach.
   IHostList* Get() const { return list_; }
 
  private:

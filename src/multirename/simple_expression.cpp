@@ -49,7 +49,7 @@ std::size_t SimpleExpression::EndOfRepeat(const Node& node, WStringView text, st
   return position;
 }
 
-// Goes back to the last choice that leaves another path. False if there is none.
+// Goes back to the last choice that leaves another path. Returns false if all paths are used up.
 bool SimpleExpression::TakeBack(WStringView text, std::uint16_t& node, std::size_t& position) const {
   while (!choices_.empty()) {
     Choice& choice = choices_.back();
