@@ -1,5 +1,6 @@
 #include "host/file_item.h"
 
+#include "host/controls/shell_images.h"
 #include "host/move_item.h"
 #include "host/paths.h"
 #include "host/remote_level.h"
@@ -75,7 +76,9 @@ void FileItem::GetExtension(WCHAR* buffer, u32 size, u32 flag) {
   GiveText(buffer, size, GetExtensionText(flag));
 }
 
-s64 FileItem::GetRowImage(u32) { return 0; }
+s64 FileItem::GetRowImage(u32 imageSet) {
+  return imageSet == kShellImages ? ShellImageOf(FullPath(), attributes_) : kNoImage;
+}
 s32 FileItem::GetRemoteLevel() {
   const FileItem* root = this;
   while (root->parent_) root = root->parent_;
