@@ -1,5 +1,7 @@
 #include "host/file_item.h"
 
+#include <mutex>
+
 #include "host/controls/shell_images.h"
 #include "host/move_item.h"
 #include "host/paths.h"
@@ -8,6 +10,9 @@
 
 namespace QxHost {
 namespace {
+
+// Guards the names and the tree of all items. Held for the length of a copy, or of a step in the tree.
+std::mutex itemNamesMutex;
 
 // Returns the buffer, or the empty text if there is no buffer.
 const WCHAR* GivePath(WCHAR* buffer, u32 size, const WString& path) {
@@ -22,7 +27,7 @@ void GiveText(WCHAR* buffer, u32 size, WStringView text) {
 
 }  // namespace
 
-WString FileItem::FolderPath() const {
+WString FileItem::FolderPathLocked() const {
   std::vector<const FileItem*> folders;
   std::size_t size = 0;
   for (const FileItem* folder = parent_; folder; folder = folder->parent_) {
@@ -38,42 +43,63 @@ WString FileItem::FolderPath() const {
   return path;
 }
 
-WString FileItem::FullPath() const {
-  WString path = FolderPath();
+WString FileItem::FullPathLocked() const {
+  WString path = FolderPathLocked();
   path += name_;
   return path;
 }
 
+WStringView FileItem::ExtensionLocked(u32 flag) const {
+  const WStringView extension = SplitName(name_, (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0).extension;
+  return extension.substr(flag == 1 && !extension.empty() ? 1 : 0);
+}
+
+WString FileItem::FolderPath() const {
+  const std::lock_guard lock(itemNamesMutex);
+  return FolderPathLocked();
+}
+
+WString FileItem::FullPath() const {
+  const std::lock_guard lock(itemNamesMutex);
+  return FullPathLocked();
+}
+
 const WCHAR* FileItem::GetName(WCHAR* buffer, u32 size) {
+  const std::lock_guard lock(itemNamesMutex);
   GiveText(buffer, size, name_);
   return name_.c_str();
 }
 
 void FileItem::GetBaseName(WCHAR* buffer, u32 size) {
+  const std::lock_guard lock(itemNamesMutex);
   GiveText(buffer, size, SplitName(name_, IsFolder()).base);
 }
 
 const WCHAR* FileItem::GetFolderPath(WCHAR* buffer, u32 size) {
+  const std::lock_guard lock(itemNamesMutex);
   const bool isInRoot = !parent_ || !parent_->parent_;
-  return GivePath(buffer, size, isInRoot ? FolderPath() : parent_->FullPath());
+  return GivePath(buffer, size, isInRoot ? FolderPathLocked() : parent_->FullPathLocked());
 }
 
 void FileItem::GetParentPath(WCHAR* buffer, u32 size) { GivePath(buffer, size, FolderPath()); }
 const WCHAR* FileItem::GetFullPath(WCHAR* buffer, u32 size) { return GivePath(buffer, size, FullPath()); }
 
 void FileItem::GetTagText(WCHAR* buffer, u32 size) {
+  const std::lock_guard lock(itemNamesMutex);
   const bool isAtRoot = !parent_ || !parent_->parent_;
   GiveText(buffer, size, isAtRoot ? WStringView() : WStringView(parent_->name_));
 }
 
+// The extension runs to the end of the name, so it is terminated.
 const WCHAR* FileItem::GetExtensionText(u32 flag) {
-  const WStringView extension = SplitName(name_, IsFolder()).extension;
-  if (extension.empty()) return name_.c_str() + name_.size();
-  return extension.data() + (flag == 1 ? 1 : 0);  // runs to the end of the name, so it is terminated
+  const std::lock_guard lock(itemNamesMutex);
+  const WStringView extension = ExtensionLocked(flag);
+  return name_.c_str() + (name_.size() - extension.size());
 }
 
 void FileItem::GetExtension(WCHAR* buffer, u32 size, u32 flag) {
-  GiveText(buffer, size, GetExtensionText(flag));
+  const std::lock_guard lock(itemNamesMutex);
+  GiveText(buffer, size, ExtensionLocked(flag));
 }
 
 s64 FileItem::GetRowImage(u32 imageSet) {
@@ -121,10 +147,16 @@ FileItem& FileItemTree::Node(WStringView fullPath) {
   return *item;
 }
 
+FileItem& FileItemTree::Follow(const WString& fullPath) {
+  const std::lock_guard lock(itemNamesMutex);
+  return Node(fullPath);
+}
+
 FileItem* FileItemTree::Find(const WString& fullPath) {
   const DWORD attributes = GetFileAttributesW(SystemPath(fullPath).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return nullptr;
   const WString onDisk = NameOnDisk(fullPath);
+  const std::lock_guard lock(itemNamesMutex);
   FileItem& item =
       onDisk.empty() ? Node(fullPath) : Node(fullPath.substr(0, fullPath.rfind(W('\\')) + 1) + onDisk);
   if (!item.parent_) {
@@ -142,10 +174,11 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
   const FindHandle search(FindFirstFileExW(SystemPath(mask + W('*')).c_str(), FindExInfoBasic, &found,
                                            FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
   if (!search.IsOpen()) return false;
-  FileItem& folder = Node(folderPath);
+  FileItem& folder = Follow(folderPath);
   do {
     const WStringView name(found.cFileName);
     if (name == W(".") || name == W("..")) continue;
+    const std::lock_guard lock(itemNamesMutex);
     FileItem& item = Child(folder, name);
     item.attributes_ = found.dwFileAttributes;
     items.push_back(&item);
@@ -154,6 +187,7 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
 }
 
 void FileItemTree::Rename(FileItem& item, const WString& newName) {
+  const std::lock_guard lock(itemNamesMutex);
   if (!item.parent_ || item.name_ == newName) return;
   auto& siblings = item.parent_->children_;
   const auto place = siblings.find(item.name_);

@@ -2,8 +2,12 @@
 //
 // Items live to the end of the run, longer than any list. They form a tree, so that an item below a renamed
 // folder knows its new path at once, however many there are. The attributes are asked from the system once.
+//
+// A window of the module asks items for their paths while its worker renames them: the names and the tree are
+// guarded by one lock. The pointer of GetName and GetExtensionText is good until the item is renamed.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -44,6 +48,7 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
 
   StoredProperties properties;
 
+  // Not while the item is renamed.
   const WString& Name() const { return name_; }
   const FileItem* Parent() const { return parent_; }  // null for a root
   WString FolderPath() const;                         // ends in a backslash
@@ -52,9 +57,14 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
  private:
   friend class FileItemTree;
 
+  // With the lock held.
+  WString FolderPathLocked() const;
+  WString FullPathLocked() const;
+  WStringView ExtensionLocked(u32 flag) const;
+
   FileItem* parent_;  // null for a root
   WString name_;
-  DWORD attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
+  std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
   std::unordered_map<WString, std::unique_ptr<FileItem>> children_;
 };
 
@@ -71,7 +81,7 @@ class FileItemTree {
 
   // The item of a full path, whether or not there is such a file; its attributes are not asked for. It is for
   // following a path through renames, not for the module.
-  FileItem& Follow(const WString& fullPath) { return Node(fullPath); }
+  FileItem& Follow(const WString& fullPath);
 
   // All files and folders in a folder, as the system gives them. False, and GetLastError, if it cannot be
   // searched.
@@ -81,6 +91,7 @@ class FileItemTree {
   void Rename(FileItem& item, const WString& newName);
 
  private:
+  // With the lock held.
   FileItem& Child(FileItem& parent, WStringView name);
   FileItem& Node(WStringView fullPath);
 

@@ -4,7 +4,7 @@
 #include "host/controls/vector_list.h"
 #include "host/host_app.h"
 #include "recorded_output.h"
-#include "row_texts.h"
+#include "support/row_texts.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;

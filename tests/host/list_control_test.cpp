@@ -5,7 +5,7 @@
 
 #include <thread>
 
-#include "row_texts.h"
+#include "support/row_texts.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;
