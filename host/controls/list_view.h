@@ -51,7 +51,7 @@ class ListView final : public ListControl {
   void PostShowRows();
   // Gives the list view the number of rows that there are.
   void ShowRows();
-  void SelectAll();
+  void SetStateOfAll(UINT state, UINT mask);
   void SetState(const RowRanges& rows, UINT state);
   void SetState(int row, UINT state, UINT mask);
   void PostSelectionChanged();

@@ -81,14 +81,14 @@ bool ListView::FilterMessage(tagMSG* message) {
   const bool isControl = GetKeyState(VK_CONTROL) < 0;
   const bool isAlone = GetKeyState(VK_SHIFT) >= 0 && GetKeyState(VK_MENU) >= 0;
   if (message->wParam != 'A' || !isControl || !isAlone) return false;
-  SelectAll();
+  SetStateOfAll(LVIS_SELECTED, LVIS_SELECTED);
   return true;
 }
 
-// Without drawing: Wine invalidates each row by itself, which takes a hundred times as long.
-void ListView::SelectAll() {
+// Without drawing: Wine invalidates each row by itself, which takes many times as long.
+void ListView::SetStateOfAll(UINT state, UINT mask) {
   Send(WM_SETREDRAW, FALSE);
-  SetState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  SetState(-1, state, mask);
   Send(WM_SETREDRAW, TRUE);
   InvalidateRect(window_, nullptr, FALSE);
 }
@@ -110,7 +110,9 @@ void ListView::PostShowRows() {
 void ListView::ShowRows() {
   isShowPosted_ = false;
   if (isCleared_.exchange(false)) {
-    SetState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    if (Send(LVM_GETSELECTEDCOUNT) != 0) SetStateOfAll(0, LVIS_SELECTED);
+    const LRESULT focused = Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
+    if (focused >= 0) SetState(static_cast<int>(focused), 0, LVIS_FOCUSED);
     Send(LVM_SETITEMCOUNT, 0);
   }
   const auto count = static_cast<LRESULT>(CountRows());
