@@ -101,6 +101,18 @@ void Extensions::Create(Extension& extension) {
     extension.properties = static_cast<IFileProperties*>(extension.object);
   } else {
     extension.plugin = static_cast<IPluginInterface*>(extension.object);
+    extension.host->SetEventSink([this, plugin = extension.plugin](std::intptr_t source, s32 code) {
+      SendEvent(*plugin, source, code);
+    });
+  }
+}
+
+// Comes out of a window procedure, through which no exception may pass.
+void Extensions::SendEvent(IPluginInterface& plugin, std::intptr_t source, s32 code) {
+  try {
+    Guarded("OnHostEvent", [&] { return plugin.OnHostEvent(source, code); });
+  } catch (const ModuleFailure& failure) {
+    shared_.output.Problem(failure.what());
   }
 }
 
@@ -215,21 +227,35 @@ std::optional<WString> Extensions::ColumnValue(FileItem& item, const DeclaredCol
 }
 
 void Extensions::RunPosted() {
-  for (;;) {
-    PostedCommand command;
-    {
-      const std::lock_guard lock(shared_.mutex);
-      if (shared_.posted.empty()) return;
-      command = shared_.posted.front();
-      shared_.posted.pop_front();
-    }
+  while (const std::optional<PostedCommand> command = shared_.posted.Take()) {
     for (const Extension& extension : extensions_) {
-      if (extension.host.get() != command.extension || !extension.plugin) continue;
+      if (extension.host.get() != command->extension || !extension.plugin) continue;
       Guarded("OnCommand", [&] {
-        return extension.plugin->OnCommand(static_cast<s32>(command.number), command.a, command.b);
+        return extension.plugin->OnCommand(static_cast<s32>(command->number), command->a, command->b);
       });
     }
   }
+}
+
+s32 Extensions::RunWindow(s32 number) {
+  Extension* const owner = OwnerOf(number);
+  if (!owner) return 0;
+  owner->host->TakeClosed();
+  const s32 answer = RunCommand(number);
+  if (answer != 1) return answer;
+  while (!owner->host->TakeClosed()) {
+    if (!shared_.posted.Wait()) throw ModuleFailure("cannot wait for the window of the module");
+    RunPosted();
+  }
+  return answer;
+}
+
+void Extensions::Renew(s32 number) {
+  Extension* const owner = OwnerOf(number);
+  if (!owner) return;
+  Delete(*owner, std::exchange(owner->object, nullptr));
+  Create(*owner);
+  StartOne(*owner);
 }
 
 void Extensions::StopOne(Extension& extension) {
@@ -240,6 +266,13 @@ void Extensions::StopOne(Extension& extension) {
   } else {
     Guarded("Detach", [&] { return extension.properties->Detach(); });
   }
+  Delete(extension, object);
+}
+
+void Extensions::Delete(Extension& extension, void* object) {
+  extension.host->SetEventSink(nullptr);
+  extension.plugin = nullptr;
+  extension.properties = nullptr;
   const s32 index = static_cast<s32>(extension.index);
   if (!Guarded("Delete", [&] { return exports_.destroy(object, index); })) {
     throw ModuleFailure("the module did not delete its extension " + std::to_string(index));

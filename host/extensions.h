@@ -41,6 +41,14 @@ class Extensions {
   // command's own.
   s32 RunCommand(s32 number);
 
+  // Opens the window of an extension with this command, then serves what is posted until the extension says
+  // that it is closed. Returns the command's own answer, at once if that is not 1. Throws ModuleFailure if
+  // the system cannot wait.
+  s32 RunWindow(s32 number);
+
+  // Deletes the object of the extension with this command, which has closed, and makes and starts a new one.
+  void Renew(s32 number);
+
   // The declared script command of this name. Throws BadCall for a name that is none.
   const DeclaredScriptCommand& ScriptCommand(const std::string& name) const;
 
@@ -75,6 +83,8 @@ class Extensions {
   void Create(Extension& extension);
   bool StartOne(Extension& extension);
   void StopOne(Extension& extension);
+  void Delete(Extension& extension, void* object);
+  void SendEvent(Velmora::SDK::IPluginInterface& plugin, std::intptr_t source, s32 code);
   std::optional<WString> ColumnValue(FileItem& item, const DeclaredColumn& column);
   Extension* PluginAt(u32 index);
   Extension* OwnerOf(s32 number);

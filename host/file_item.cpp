@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <mutex>
 
+#include "host/controls/shell_images.h"
 #include "host/move_item.h"
 #include "host/paths.h"
 #include "host/remote_level.h"
@@ -10,6 +12,9 @@
 
 namespace QxHost {
 namespace {
+
+// Guards the names and the tree of all items. Held for the length of a copy, or of a step in the tree.
+std::mutex itemNamesMutex;
 
 // Returns the buffer, or the empty text if there is no buffer.
 const WCHAR* GivePath(WCHAR* buffer, u32 size, const WString& path) {
@@ -39,48 +44,56 @@ void FileItem::WriteFolderPath(WCHAR* end) const {
 }
 
 WString FileItem::FolderPath() const {
-  WString path;
+  const std::lock_guard lock(itemNamesMutex);
   const std::size_t size = FolderPathSize();
-  path.reserve(size + name_.size());
-  path.resize(size);
+  WString path(size, WCHAR());
   WriteFolderPath(path.data() + size);
   return path;
 }
 
 void FileItem::WriteFullPath(WString& path) const {
+  const std::lock_guard lock(itemNamesMutex);
   const std::size_t size = FolderPathSize();
-  path.resize(size);
+  path.resize(size + name_.size());
   WriteFolderPath(path.data() + size);
-  path += name_;
+  name_.copy(path.data() + size, name_.size());
 }
 
 WString FileItem::FullPath() const {
   WString path;
-  path.reserve(FolderPathSize() + name_.size());
   WriteFullPath(path);
   return path;
 }
 
+WStringView FileItem::ExtensionLocked(u32 flag) const {
+  const WStringView extension = SplitName(name_, IsDirectory()).extension;
+  return extension.substr(flag == 1 && !extension.empty() ? 1 : 0);
+}
+
 const WCHAR* FileItem::GetName(WCHAR* buffer, u32 size) {
+  const std::lock_guard lock(itemNamesMutex);
   GiveText(buffer, size, name_);
   return name_.c_str();
 }
 
 void FileItem::GetBaseName(WCHAR* buffer, u32 size) {
-  GiveText(buffer, size, SplitName(name_, IsFolder()).base);
+  const std::lock_guard lock(itemNamesMutex);
+  GiveText(buffer, size, SplitName(name_, IsDirectory()).base);
 }
 
 const WCHAR* FileItem::GetFolderPath(WCHAR* buffer, u32 size) {
   if (!buffer || size == 0) return W("");
+  buffer[0] = WCHAR();
+  const std::lock_guard lock(itemNamesMutex);
   const bool isInRoot = !parent_ || !parent_->parent_;
   const std::size_t pathSize = FolderPathSize();
   const std::size_t given = pathSize - (isInRoot ? 0 : 1);
-  buffer[0] = WCHAR();
   if (given >= size) return buffer;
   if (pathSize <= size) {
     WriteFolderPath(buffer + pathSize);
   } else {
-    const WString path = FolderPath();
+    WString path(pathSize, WCHAR());
+    WriteFolderPath(path.data() + pathSize);
     path.copy(buffer, given);
   }
   buffer[given] = WCHAR();
@@ -100,21 +113,26 @@ u32 FileItem::GetAttributes() {
 }
 
 void FileItem::GetTagText(WCHAR* buffer, u32 size) {
+  const std::lock_guard lock(itemNamesMutex);
   const bool isAtRoot = !parent_ || !parent_->parent_;
   GiveText(buffer, size, isAtRoot ? WStringView() : WStringView(parent_->name_));
 }
 
+// The extension runs to the end of the name, so it is terminated.
 const WCHAR* FileItem::GetExtensionText(u32 flag) {
-  const WStringView extension = SplitName(name_, IsFolder()).extension;
-  if (extension.empty()) return name_.c_str() + name_.size();
-  return extension.data() + (flag == 1 ? 1 : 0);  // runs to the end of the name, so it is terminated
+  const std::lock_guard lock(itemNamesMutex);
+  const WStringView extension = ExtensionLocked(flag);
+  return name_.c_str() + (name_.size() - extension.size());
 }
 
 void FileItem::GetExtension(WCHAR* buffer, u32 size, u32 flag) {
-  GiveText(buffer, size, GetExtensionText(flag));
+  const std::lock_guard lock(itemNamesMutex);
+  GiveText(buffer, size, ExtensionLocked(flag));
 }
 
-s64 FileItem::GetRowImage(u32) { return 0; }
+s64 FileItem::GetRowImage(u32 imageSet) {
+  return imageSet == kShellImages ? ShellImageOf(FullPath(), GetAttributes()) : kNoImage;
+}
 s32 FileItem::GetRemoteLevel() {
   const FileItem* root = this;
   while (root->parent_) root = root->parent_;
@@ -183,6 +201,7 @@ FileItem& FileItemTree::Node(WStringView fullPath) {
 }
 
 FileItem& FileItemTree::Listed(FileItem& folder, WStringView name, bool isFolder) {
+  const std::lock_guard lock(itemNamesMutex);
   FileItem& item = Child(&folder, name);
   if (item.attributes_ == INVALID_FILE_ATTRIBUTES) {
     item.kind_ = isFolder ? FileItem::Kind::kFolder : FileItem::Kind::kFile;
@@ -190,10 +209,16 @@ FileItem& FileItemTree::Listed(FileItem& folder, WStringView name, bool isFolder
   return item;
 }
 
+FileItem& FileItemTree::Follow(const WString& fullPath) {
+  const std::lock_guard lock(itemNamesMutex);
+  return Node(fullPath);
+}
+
 FileItem* FileItemTree::Find(const WString& fullPath) {
   const DWORD attributes = GetFileAttributesW(SystemPath(fullPath).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return nullptr;
   const WString onDisk = NameOnDisk(fullPath);
+  const std::lock_guard lock(itemNamesMutex);
   FileItem& item =
       onDisk.empty() ? Node(fullPath) : Node(fullPath.substr(0, fullPath.rfind(W('\\')) + 1) + onDisk);
   if (!item.parent_) {
@@ -212,10 +237,11 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
   const FindHandle search(FindFirstFileExW(SystemPath(mask + W('*')).c_str(), FindExInfoBasic, &found,
                                            FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
   if (!search.IsOpen()) return false;
-  FileItem& folder = Node(folderPath);
+  FileItem& folder = Follow(folderPath);
   do {
     const WStringView name(found.cFileName);
     if (name == W(".") || name == W("..")) continue;
+    const std::lock_guard lock(itemNamesMutex);
     FileItem& item = Child(&folder, name);
     item.attributes_ = found.dwFileAttributes;
     item.kind_ = FileItem::Kind::kUnknown;
@@ -225,6 +251,7 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
 }
 
 void FileItemTree::Rename(FileItem& item, const WString& newName) {
+  const std::lock_guard lock(itemNamesMutex);
   if (!item.parent_ || item.name_ == newName) return;
   lastFolder_ = nullptr;
   Slot& place = SlotOf(item.parent_, item.name_, HashOf(item.parent_, item.name_));

@@ -3,8 +3,12 @@
 // Items live to the end of the run, longer than any list. They form a tree, so that an item below a renamed
 // folder knows its new path at once, however many there are. The attributes are asked from the system once,
 // at the latest when somebody wants to know them.
+//
+// A window of the module asks items for their paths while its worker renames them: the names and the tree are
+// guarded by one lock. The pointer of GetName and GetExtensionText is good until the item is renamed.
 #pragma once
 
+#include <atomic>
 #include <deque>
 #include <vector>
 
@@ -38,15 +42,14 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   void GetExtension(WCHAR* buffer, u32 size, u32 flag) override;
   u32 GetAttributes() override;
   s64 GetRowImage(u32 imageSet) override;
-  bool IsFolder() override {
-    return kind_ == Kind::kUnknown ? (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0 : kind_ == Kind::kFolder;
-  }
+  bool IsFolder() override { return IsDirectory(); }
   s32 GetRemoteLevel() override;
   int GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) override;
   void ClearStoredProperty(u32 propertyNumber) override;
 
   StoredProperties properties;
 
+  // Not while the item is renamed.
   const WString& Name() const { return name_; }
   const FileItem* Parent() const { return parent_; }  // null for a root
   WString FolderPath() const;                         // ends in a backslash
@@ -61,15 +64,21 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   // Of an item whose attributes were not asked for.
   enum class Kind : unsigned char { kUnknown, kFile, kFolder };
 
+  bool IsDirectory() const {
+    return kind_ == Kind::kUnknown ? (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0 : kind_ == Kind::kFolder;
+  }
+
+  // With the lock held.
   std::size_t FolderPathSize() const;
   // Writes the path of the folder, which ends in a backslash, so that it ends before `end`.
   void WriteFolderPath(WCHAR* end) const;
+  WStringView ExtensionLocked(u32 flag) const;
 
   FileItem* parent_;  // null for a root
   WString name_;
   std::size_t number_;
-  DWORD attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
-  Kind kind_ = Kind::kUnknown;
+  std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
+  std::atomic<Kind> kind_ = Kind::kUnknown;
 };
 
 class FileItemTree {
@@ -87,7 +96,7 @@ class FileItemTree {
 
   // The item of a full path, whether or not there is such a file; its attributes are not asked for. It is for
   // following a path through renames, not for the module.
-  FileItem& Follow(const WString& fullPath) { return Node(fullPath); }
+  FileItem& Follow(const WString& fullPath);
 
   // All files and folders in a folder, as the system gives them. False, and GetLastError, if it cannot be
   // searched.
@@ -107,6 +116,7 @@ class FileItemTree {
   };
 
   static std::uint64_t HashOf(const FileItem* parent, WStringView name);
+  // With the lock held, all of these.
   // The slot of the item, or the one that it is to have.
   Slot& SlotOf(const FileItem* parent, WStringView name, std::uint64_t hash);
   void MakeRoom();

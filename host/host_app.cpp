@@ -52,7 +52,29 @@ HostApp::HostApp(Shared& shared, u32 index, const std::string& module)
       shared_(shared),
       index_(index),
       module_(module),
-      settings_(shared.settings, module) {}
+      settings_(shared.settings, module),
+      controls_(
+          shared.settings, module, [this](std::intptr_t source, s32 code) { SendEvent(source, code); },
+          &shared.picture) {}
+
+void HostApp::SendEvent(std::intptr_t source, s32 code) {
+  Controls::EventSink sink;
+  {
+    const std::lock_guard lock(mutex_);
+    sink = eventSink_;
+  }
+  if (sink) sink(source, code);
+}
+
+void HostApp::SetEventSink(Controls::EventSink sink) {
+  const std::lock_guard lock(mutex_);
+  eventSink_ = std::move(sink);
+}
+
+void HostApp::ExtensionClosed() {
+  closed_ = true;
+  shared_.posted.Wake();
+}
 
 const LanguageText& HostApp::TextOf(std::string_view section, TextId text) {
   static const LanguageText kNoText;
@@ -74,15 +96,14 @@ const WCHAR* HostApp::GetModuleLanguageString(u32 moduleNumber, TextId text) {
   return TextOf(shared_.modules.SectionOf(moduleNumber), text).first.c_str();
 }
 
-const WCHAR* HostApp::GetKeyText(WCHAR* buffer, u32 size, u32 key, u32, u32) {
+const WCHAR* HostApp::GetKeyText(WCHAR* buffer, u32 size, u32 key, u32 with, u32) {
   if (!buffer || size == 0) return W("");
-  CopyTerminated<WCHAR>(buffer, size, KeyName(key));
+  CopyTerminated<WCHAR>(buffer, size, KeyName(key, with));
   return buffer;
 }
 
 void HostApp::PostCommand(u32 number, std::intptr_t a, std::intptr_t b) {
-  const std::lock_guard lock(shared_.mutex);
-  shared_.posted.push_back({this, number, a, b});
+  shared_.posted.Post({this, number, a, b});
 }
 
 int HostApp::FileListRequest(u32 code, IHostFileList* list, u32 mode, u32) {
@@ -103,12 +124,16 @@ IHostCustomCommandSet* HostApp::GetCustomCommandSet(const char* name) {
   return &shared_.scriptCommands;
 }
 
-void* HostApp::GetService(u32 number, std::uintptr_t) {
+void* HostApp::GetService(u32 number, std::uintptr_t handle) {
   // The caller casts to the interface, so the pointer given is the interface's.
   if (number == kServiceFileOperation) return static_cast<IHostFileOperation*>(&shared_.fileOperation);
   if (number == kServiceHelperChannel && shared_.helper) {
     return static_cast<IHostHelperChannel*>(&*shared_.helper);
   }
+  if (number == kServiceContainerControl || number == kServiceListControl) {
+    return controls_.Find(number, reinterpret_cast<HWND>(handle));
+  }
+  const std::lock_guard lock(mutex_);
   if (number == kServiceViewRefresh) return static_cast<IHostViewRefresh*>(&refreshes_.emplace_back());
   if (number == kServicePropertyDefiner) {
     const auto textOf = [this](TextId id) { return TextOf(module_, id).first; };
@@ -119,6 +144,8 @@ void* HostApp::GetService(u32 number, std::uintptr_t) {
 }
 
 void HostApp::ReleaseService(void* service, u32) {
+  if (controls_.Release(service)) return;
+  std::unique_lock lock(mutex_);
   definers_.remove_if([service](PropertyDefiner& definer) {
     return static_cast<IHostPropertyDefiner*>(&definer) == service;
   });
@@ -126,8 +153,10 @@ void HostApp::ReleaseService(void* service, u32) {
     return static_cast<IHostViewRefresh*>(&candidate) == service;
   });
   if (refresh == refreshes_.end()) return;
-  for (const WString& folder : refresh->folders) shared_.reporter.Refresh(folder);
+  const std::vector<WString> folders = std::move(refresh->folders);
   refreshes_.erase(refresh);
+  lock.unlock();
+  for (const WString& folder : folders) shared_.reporter.Refresh(folder);
 }
 
 bool HostApp::GetConfigPath(WCHAR* buffer, u32 size) {

@@ -2,9 +2,12 @@
 // language table, settings and menu.
 #pragma once
 
+#include <atomic>
 #include <list>
+#include <mutex>
 
 #include "frame/services/host_app.h"
+#include "host/controls/controls.h"
 #include "host/menus.h"
 #include "host/settings.h"
 #include "host/shared.h"
@@ -21,7 +24,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   HostApp(const HostApp&) = delete;
   HostApp& operator=(const HostApp&) = delete;
 
-  void ExtensionClosed() override {}
+  void ExtensionClosed() override;
   HWND GetMainWindow() override { return nullptr; }  // the host has no window of its own
   u32 FindModuleByGuid(const char* id) override;
   const WCHAR* GetLanguageString(TextId text) override;
@@ -58,6 +61,16 @@ class HostApp final : public Velmora::SDK::IHostApp {
   bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
                WCHAR* buffer, u32 size, HWND parent, u32 zero) override;
   bool ReadTextFile(WCHAR* buffer, u32 size, const WCHAR* path) override;
+  HWND CreateControl(u32 kind, HWND parent, u32 style) override {
+    return controls_.Create(kind, parent, style);
+  }
+
+  // Where events of the host's controls go; nowhere with null. They come on the thread of the control.
+  void SetEventSink(Controls::EventSink sink);
+  void SendEvent(std::intptr_t source, s32 code);
+
+  // Whether the extension has said that it is closed, since this was asked last.
+  bool TakeClosed() { return closed_.exchange(false); }
 
   Menus menus;
 
@@ -69,6 +82,10 @@ class HostApp final : public Velmora::SDK::IHostApp {
   u32 index_;
   std::string module_;
   Settings settings_;
+  Controls controls_;
+  std::atomic<bool> closed_ = false;
+  std::mutex mutex_;  // guards what follows
+  Controls::EventSink eventSink_;
   std::list<ViewRefresh> refreshes_;
   std::list<PropertyDefiner> definers_;
 };

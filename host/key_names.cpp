@@ -17,15 +17,20 @@ constexpr Key kKeys[] = {
 constexpr unsigned kF1 = 0x70;
 constexpr unsigned kF12 = 0x7B;
 
-}  // namespace
-
-WString KeyName(unsigned key) {
+WString NameOfKey(unsigned key) {
   if ((key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z')) return WString(1, static_cast<WCHAR>(key));
   if (key >= kF1 && key <= kF12) return FromUtf8("F" + std::to_string(key - kF1 + 1));
   for (const Key& row : kKeys) {
     if (row.key == key) return row.name;
   }
   return {};
+}
+
+}  // namespace
+
+WString KeyName(unsigned key, unsigned with) {
+  const WString name = NameOfKey(key);
+  return (with & kWithAlt) != 0 && !name.empty() ? W("Alt+") + name : name;
 }
 
 }  // namespace QxHost

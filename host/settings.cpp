@@ -57,6 +57,7 @@ json& Settings::Place(const WCHAR* section, const WCHAR* key) {
 }
 
 bool Settings::GetBlock(u32, const WCHAR* section, const WCHAR* key, void* buffer, u32 size) {
+  const std::lock_guard lock(files_.mutex);
   const json* const value = Find(section, key);
   const std::optional<Block> block = value ? BlockOfJson(*value) : std::nullopt;
   if (!block || block->size() != size || !buffer) return false;
@@ -65,6 +66,7 @@ bool Settings::GetBlock(u32, const WCHAR* section, const WCHAR* key, void* buffe
 }
 
 bool Settings::GetString(u32, const WCHAR* section, const WCHAR* key, WCHAR* buffer, u32 size) {
+  const std::lock_guard lock(files_.mutex);
   const json* const value = Find(section, key);
   const std::optional<WString> text = value ? TextOfJson(*value) : std::nullopt;
   if (!text || !buffer || size == 0) return false;
@@ -73,6 +75,7 @@ bool Settings::GetString(u32, const WCHAR* section, const WCHAR* key, WCHAR* buf
 }
 
 bool Settings::GetInt(u32, const WCHAR* section, const WCHAR* key, u32* number) {
+  const std::lock_guard lock(files_.mutex);
   const json* const value = Find(section, key);
   if (!value || !value->is_number_unsigned() || !number) return false;
   *number = value->get<u32>();
@@ -80,17 +83,23 @@ bool Settings::GetInt(u32, const WCHAR* section, const WCHAR* key, u32* number) 
 }
 
 void Settings::SetBlock(u32, const WCHAR* section, const WCHAR* key, const void* data, u32 size) {
+  const std::lock_guard lock(files_.mutex);
   const unsigned char* const bytes = static_cast<const unsigned char*>(data);
   Place(section, key) = JsonOfBlock(bytes ? Block(bytes, bytes + size) : Block());
 }
 
 void Settings::SetString(u32, const WCHAR* section, const WCHAR* key, const WCHAR* text) {
+  const std::lock_guard lock(files_.mutex);
   Place(section, key) = JsonOfText(ViewOf(text));
 }
 
-void Settings::SetInt(u32, const WCHAR* section, const WCHAR* key, u32 value) { Place(section, key) = value; }
+void Settings::SetInt(u32, const WCHAR* section, const WCHAR* key, u32 value) {
+  const std::lock_guard lock(files_.mutex);
+  Place(section, key) = value;
+}
 
 void Settings::LoadStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list) {
+  const std::lock_guard lock(files_.mutex);
   if (!list) return;
   list->Clear();
   const json* const history = Member(Member(&files_.histories.Read(), module_), ToUtf8(ViewOf(key)));
@@ -105,6 +114,7 @@ void Settings::SaveStringList(const WCHAR* key, Velmora::SDK::IHostStringList* l
     if (history.size() == maximum) break;
     history.push_back(JsonOfText(text));
   }
+  const std::lock_guard lock(files_.mutex);
   files_.histories.Change()[module_][ToUtf8(ViewOf(key))] = std::move(history);
 }
 

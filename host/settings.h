@@ -2,6 +2,7 @@
 // settings.json (module, section, key) and histories.json (module, key, texts).
 #pragma once
 
+#include <mutex>
 #include <string>
 
 #include "frame/services/host_settings.h"
@@ -11,15 +12,17 @@ namespace QxHost {
 
 using Velmora::SDK::u32;
 
-// The two files, shared by all extensions.
+// The two files, shared by all extensions and their threads.
 class SettingsFiles {
  public:
   SettingsFiles(const WString& folder, SettingsFile::Warn warn);
 
+  std::mutex mutex;  // guards the files' content
   SettingsFile settings;
   SettingsFile histories;
 
   void Save() {
+    const std::lock_guard lock(mutex);
     settings.Save();
     histories.Save();
   }

@@ -1,18 +1,19 @@
 // What all extensions of a run share: one host stands behind the host objects of each.
 #pragma once
 
-#include <deque>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <set>
 
+#include "host/controls/picture_request.h"
 #include "host/file_properties.h"
 #include "host/folder_names.h"
 #include "host/helper_channel.h"
 #include "host/language_table.h"
 #include "host/module_registry.h"
+#include "host/posted_commands.h"
 #include "host/property_definer.h"
 #include "host/questions.h"
 #include "host/rename_batch.h"
@@ -23,8 +24,6 @@
 
 namespace QxHost {
 
-class HostApp;
-
 // What the host answers about the system and the panels.
 struct SystemAnswers {
   bool elevated = false;
@@ -33,14 +32,6 @@ struct SystemAnswers {
   bool classB = false;
   WString configFolder;  // full path
   WString otherPanel;    // full path, empty if there is no other panel
-};
-
-// A command that the module wants to be given later.
-struct PostedCommand {
-  HostApp* extension;
-  u32 number;
-  std::intptr_t a;
-  std::intptr_t b;
 };
 
 struct Shared {
@@ -73,9 +64,10 @@ struct Shared {
   std::vector<DeclaredColumn> columns;  // in the order of their declaration
   bool hasFailedFiles = false;          // the module has handed back files at which it failed
   std::map<u32, u32> commandOwners;     // command number to extension index, as declared in the menus
+  PostedCommands posted;
+  PictureRequest picture;  // without a path there is none
 
   std::mutex mutex;  // guards what follows: it is used from the module's threads as well
-  std::deque<PostedCommand> posted;
   std::set<std::pair<std::string, u32>> missingTexts;  // those that were reported
 };
 

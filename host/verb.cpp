@@ -15,6 +15,7 @@ std::vector<std::unique_ptr<Verb>> MakeVerbs() {
   verbs.push_back(MakeScriptVerb());
   verbs.push_back(MakeColumnsVerb());
   verbs.push_back(MakeRenameVerb());
+  verbs.push_back(MakeWindowVerb());
   return verbs;
 }
 

@@ -41,5 +41,6 @@ std::unique_ptr<Verb> MakeCommandVerb();
 std::unique_ptr<Verb> MakeScriptVerb();
 std::unique_ptr<Verb> MakeColumnsVerb();
 std::unique_ptr<Verb> MakeRenameVerb();
+std::unique_ptr<Verb> MakeWindowVerb();
 
 }  // namespace QxHost

@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "platform/system_library.h"
 #include "platform/text.h"
 
 namespace Ui {
@@ -14,23 +13,7 @@ namespace {
 constexpr int kPointsOfAnInch = 72;
 constexpr UINT_PTR kFontGuard = 3;
 
-int PixelsOfAnInchOfScreen() {
-  const HDC screen = GetDC(nullptr);
-  if (!screen) return USER_DEFAULT_SCREEN_DPI;
-  const int pixels = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
-  return pixels;
-}
-
 }  // namespace
-
-int PixelsOfAnInch(HWND window) {
-  const SystemLibrary user(W("user32.dll"));
-  // Since Windows 10.
-  const auto dpiForWindow = user.Find<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
-  const UINT pixels = dpiForWindow ? dpiForWindow(window) : 0;
-  return pixels > 0 ? static_cast<int>(pixels) : PixelsOfAnInchOfScreen();
-}
 
 Font::~Font() {
   if (font_) DeleteObject(font_);

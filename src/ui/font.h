@@ -1,13 +1,12 @@
 // Fonts that a dialog makes for its own controls.
 #pragma once
 
+#include "platform/screen_scale.h"
 #include "platform/windows_api.h"
 
 namespace Ui {
 
-// The scale of the monitor that a window is on, as pixels of an inch. Before Windows 10 all windows have that
-// of the screen.
-int PixelsOfAnInch(HWND window);
+using ::PixelsOfAnInch;
 
 // The font of one control, by name and size; its characters are all equally wide. It is deleted with its
 // owner, which must outlive the control. Where the system has not got the name, it takes another such font;

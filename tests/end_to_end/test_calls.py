@@ -31,6 +31,33 @@ class Help(HostTest):
             self.assertIn(text, outcome.stdout)
 
 
+class Window(HostTest):
+    def test_help_of_window_shows_its_options(self):
+        outcome = self.process("window", "--help")
+        self.assertEqual(outcome.status, 0)
+        for text in ("--keep-open", "--screenshot", "window --screenshot window.png *.jpg", "ITEM"):
+            self.assertIn(text, outcome.stdout)
+
+    def test_a_dry_run_of_the_window_is_refused(self):
+        self.make("a.txt")
+        outcome = self.process("--dry-run", "window", "a.txt")
+        self.assertEqual(outcome.status, 2)
+        self.assertIn("--dry-run holds back renames alone", outcome.stderr)
+
+    def test_a_missing_item_is_told_before_anything_opens(self):
+        outcome = self.process("window", "nowhere.txt")
+        self.assertEqual(outcome.status, 2)
+        self.assertIn("ITEM: nowhere.txt", outcome.stderr)
+
+    if not IS_WINDOWS:
+
+        def test_the_native_build_has_no_window_and_says_what_has(self):
+            self.make("a.txt")
+            outcome = self.process("window", "a.txt")
+            self.assertEqual((outcome.status, outcome.stdout), (2, ""))
+            self.assertIn("qxhost rename", outcome.stderr)
+
+
 class Version(HostTest):
     def test_the_version_is_that_of_the_project_and_of_the_resources(self):
         outcome = self.process("--version")

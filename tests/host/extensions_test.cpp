@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <stdexcept>
+#include <thread>
 
 #include "host/failures.h"
 #include "recorded_output.h"
@@ -39,7 +40,11 @@ class FakePlugin final : public IPluginInterface {
     return 1;
   }
   const char* GetExtensionId() override { return ""; }
-  bool OnHostEvent(std::intptr_t, s32) override { return false; }
+  bool OnHostEvent(std::intptr_t source, s32 code) override {
+    calls.push_back("event " + index_ + " " + std::to_string(source) + " " + std::to_string(code));
+    if (code < 0) throw std::runtime_error("bad event");
+    return true;
+  }
   s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override {
     calls.push_back("command " + index_ + " " + std::to_string(number) + " " + std::to_string(a) + " " +
                     std::to_string(b));
@@ -227,6 +232,157 @@ TEST_F(ExtensionsTest, WhatTheModuleThrowsIsAFailureOfTheModule) {
   }
   onCommand = [](IHostApp&, s32) -> s32 { throw 5; };
   EXPECT_THROW(extensions.RunCommand(30000), ModuleFailure);
+}
+
+// A window: a thread of its own, which does what a test wants while the host's main thread serves it.
+class OtherThread {
+ public:
+  void Run(std::function<void()> work) { thread_ = std::thread(std::move(work)); }
+  ~OtherThread() {
+    if (thread_.joinable()) thread_.join();
+  }
+
+ private:
+  std::thread thread_;
+};
+
+TEST_F(ExtensionsTest, AWindowIsServedWhatItPostsUntilItsExtensionIsClosed) {
+  OtherThread window;
+  onCommand = [&](IHostApp& host, s32 number) {
+    if (number == 31000) {
+      window.Run([&host] {
+        for (int post = 0; post < 100; ++post) host.PostCommand(32000, post, 7);
+        host.PostCommand(32001, 0, 0);
+      });
+    }
+    if (number == 32001) host.ExtensionClosed();
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  calls.clear();
+  EXPECT_EQ(extensions.RunWindow(31000), 1);
+  ASSERT_EQ(calls.size(), 102u);
+  EXPECT_EQ(calls.front(), "command 2 31000 0 0");
+  for (std::size_t post = 0; post < 100; ++post) {
+    EXPECT_EQ(calls[post + 1], "command 2 32000 " + std::to_string(post) + " 7");
+  }
+  EXPECT_EQ(calls.back(), "command 2 32001 0 0");
+}
+
+TEST_F(ExtensionsTest, APostedCommandRunsOnTheThreadThatServesTheWindow) {
+  OtherThread window;
+  std::thread::id served;
+  onCommand = [&](IHostApp& host, s32 number) {
+    if (number == 31000) window.Run([&host] { host.PostCommand(32000, 0, 0); });
+    if (number == 32000) {
+      served = std::this_thread::get_id();
+      host.ExtensionClosed();
+    }
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.RunWindow(31000);
+  EXPECT_EQ(served, std::this_thread::get_id());
+}
+
+TEST_F(ExtensionsTest, AWindowThatClosesWhileItsCommandRunsIsNotWaitedFor) {
+  onCommand = [](IHostApp& host, s32) {
+    host.ExtensionClosed();
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  EXPECT_EQ(extensions.RunWindow(31000), 1);
+  EXPECT_EQ(extensions.RunWindow(31000), 1);
+}
+
+TEST_F(ExtensionsTest, AWindowThatIsNotOpenedIsNotWaitedFor) {
+  onCommand = [](IHostApp&, s32) { return 0; };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  EXPECT_EQ(extensions.RunWindow(31000), 0);
+}
+
+TEST_F(ExtensionsTest, AnExtensionThatClosedBeforeItsWindowOpensIsWaitedForAllTheSame) {
+  OtherThread window;
+  bool isServed = false;
+  onCommand = [&](IHostApp& host, s32 number) {
+    if (number == 31001) host.ExtensionClosed();
+    if (number == 31000) window.Run([&host] { host.PostCommand(32000, 0, 0); });
+    if (number == 32000) {
+      isServed = true;
+      host.ExtensionClosed();
+    }
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.RunCommand(31001);
+  extensions.RunWindow(31000);
+  EXPECT_TRUE(isServed);
+}
+
+TEST_F(ExtensionsTest, AClosedExtensionIsDeletedAndMadeAnewWithoutAnotherShutDown) {
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  calls.clear();
+  extensions.Renew(31000);
+  extensions.RunCommand(31000);
+  extensions.Stop();
+  EXPECT_THAT(calls, ElementsAre("delete 2", "create 2", "register 2", "start 2", "command 2 31000 0 0",
+                                 "command 0 20002 0 0", "delete 0", "detach", "delete 1",
+                                 "command 2 20002 0 0", "delete 2"));
+}
+
+TEST_F(ExtensionsTest, AnEventOfAControlGoesToItsExtensionWhileThatLives) {
+  HostApp* host = nullptr;
+  onCommand = [&](IHostApp& hostOfCommand, s32 number) {
+    if (number == 31000) host = static_cast<HostApp*>(&hostOfCommand);
+    return 0;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.RunCommand(31000);
+  ASSERT_NE(host, nullptr);
+  calls.clear();
+  host->SendEvent(17, 52300);
+  EXPECT_THAT(calls, ElementsAre("event 2 17 52300"));
+  extensions.Stop();
+  calls.clear();
+  host->SendEvent(17, 52300);
+  EXPECT_THAT(calls, IsEmpty());
+}
+
+TEST_F(ExtensionsTest, WhatTheModuleThrowsOutOfAnEventIsToldAndGoesNoFurther) {
+  HostApp* host = nullptr;
+  onCommand = [&](IHostApp& hostOfCommand, s32) {
+    host = static_cast<HostApp*>(&hostOfCommand);
+    return 0;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.RunCommand(31000);
+  host->SendEvent(17, -1);
+  EXPECT_EQ(recorded_.problems, "qxhost: the module threw out of OnHostEvent: bad event\n");
+}
+
+TEST_F(ExtensionsTest, WhatAWindowPostsAfterItsExtensionIsDeletedGoesNowhere) {
+  IHostApp* host = nullptr;
+  onCommand = [&](IHostApp& hostOfCommand, s32 number) {
+    if (number == 31000) host = &hostOfCommand;
+    return 0;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.RunCommand(31000);
+  extensions.Stop();
+  calls.clear();
+  ASSERT_NE(host, nullptr);
+  host->PostCommand(32000, 0, 0);
+  extensions.RunCommand(31000);
+  EXPECT_THAT(calls, IsEmpty());
 }
 
 // The second extension to register, the one of index 2, declares the commands.

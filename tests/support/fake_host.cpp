@@ -341,6 +341,11 @@ bool FakeHost::ReadTextFile(WCHAR*, u32 size, const WCHAR* path) {
   return false;
 }
 
+HWND FakeHost::CreateControl(u32 kind, HWND, u32 style) {
+  recorder.Record("CreateControl(" + Number(kind) + ", " + Number(style) + ")");
+  return nullptr;
+}
+
 void ExpectAllGivenBack(const FakeHost& host) {
   EXPECT_THAT(host.recorder.Open(), testing::IsEmpty());
   EXPECT_THAT(host.recorder.Problems(), testing::IsEmpty());

@@ -142,6 +142,8 @@ class FakeHost : public Velmora::SDK::IHostApp {
   bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
                WCHAR* buffer, Velmora::SDK::u32 size, HWND parent, Velmora::SDK::u32 zero) override;
   bool ReadTextFile(WCHAR* buffer, Velmora::SDK::u32 size, const WCHAR* path) override;
+  // There are no controls.
+  HWND CreateControl(Velmora::SDK::u32 kind, HWND parent, Velmora::SDK::u32 style) override;
 
  private:
   bool AnswerText(WCHAR* buffer, Velmora::SDK::u32 size);

@@ -32,7 +32,8 @@ class IHostApp {
   virtual IHostPropertyManager* GetPropertyManager() = 0;
   virtual IHostXmlDocument* CreateXmlDocument() = 0;
   virtual IHostConfig* GetConfig() = 0;
-  // The second argument is 0, for the controls (500, 1000) their handle. Given back with ReleaseService.
+  // The second argument is 0, for the controls (500, 1000) their handle: see host_controls.h. Given back with
+  // ReleaseService.
   virtual void* GetService(u32 number, std::uintptr_t handle) = 0;
   virtual void ReleaseService(void* service, u32 numberOrZero) = 0;
   virtual bool IsProcessElevated() = 0;
@@ -57,6 +58,8 @@ class IHostApp {
   virtual bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
                        WCHAR* buffer, u32 size, HWND parent, u32 zero) = 0;
   virtual bool ReadTextFile(WCHAR* buffer, u32 size, const WCHAR* path) = 0;
+  // Makes a control of a kind that is its service number (1000) in a window. Null if it cannot be had.
+  virtual HWND CreateControl(u32 kind, HWND parent, u32 style) = 0;
 
  protected:
   ~IHostApp() = default;

@@ -1,0 +1,29 @@
+// What the container of both builds has in common: the list above, the docked window below.
+#pragma once
+
+#include "host/controls/controls.h"
+
+namespace QxHost {
+
+class ContainerControl : public Control, public Velmora::SDK::IHostContainer {
+ public:
+  explicit ContainerControl(Controls& controls) : controls_(controls) {}
+
+  u32 Kind() const override { return Velmora::SDK::kServiceContainerControl; }
+  void* Service() override { return static_cast<Velmora::SDK::IHostContainer*>(this); }
+
+  HWND CreateControl(u32 kind, u32 width) override;
+  void Dock(Velmora::SDK::IMultiWindow* window, u32 height) override;
+
+ protected:
+  // The list, the docked window or their sizes are others.
+  virtual void OnLayout() = 0;
+
+  Controls& controls_;
+  HWND list_ = nullptr;
+  int leastListWidth_ = 0;
+  HWND docked_ = nullptr;
+  int dockedHeight_ = 0;
+};
+
+}  // namespace QxHost

@@ -1,0 +1,28 @@
+// Watches the messages of a thread for the word that MultiRename's worker has computed all rows. Windows
+// build only.
+#pragma once
+
+#include "platform/windows_api.h"
+
+namespace QxHost {
+
+// Posts a message to a window once a preview has ended and what the module does then is done. One on a
+// thread.
+class PreviewWatch {
+ public:
+  // Watches the calling thread.
+  PreviewWatch(HWND window, UINT message);
+  PreviewWatch(const PreviewWatch&) = delete;
+  PreviewWatch& operator=(const PreviewWatch&) = delete;
+  ~PreviewWatch();
+
+ private:
+  static LRESULT CALLBACK OnTaken(int code, WPARAM wParam, LPARAM lParam);
+
+  static thread_local PreviewWatch* current_;
+  HWND window_;
+  UINT message_;
+  HHOOK hook_;
+};
+
+}  // namespace QxHost

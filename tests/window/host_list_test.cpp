@@ -1,0 +1,490 @@
+// The host's list as a real list view, as its user and MultiRename's window meet it.
+#include "window/hosted_list.h"
+
+// Needs windows.h before it.
+#include <commctrl.h>
+#include <gmock/gmock.h>
+
+#include <optional>
+#include <random>
+#include <thread>
+
+#include "window/screenshot.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using namespace Velmora::SDK;
+
+// A key is down on this thread while it lives.
+class HeldKey {
+ public:
+  explicit HeldKey(int key) : key_(key) { Set(0x80); }
+  HeldKey(const HeldKey&) = delete;
+  HeldKey& operator=(const HeldKey&) = delete;
+  ~HeldKey() { Set(0); }
+
+ private:
+  void Set(BYTE state) const {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[key_] = state;
+    SetKeyboardState(keys);
+  }
+
+  int key_;
+};
+
+class HostListWindow : public HostedList {
+ protected:
+  WString CellText(int place, int subItem) const {
+    WString text(5000, WCHAR());
+    LVITEMW item = {};
+    item.iSubItem = subItem;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    text.resize(static_cast<std::size_t>(
+        Send(LVM_GETITEMTEXTW, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&item))));
+    return text;
+  }
+
+  // How many pixels of a cell's text have exactly this colour.
+  int PixelsOf(int place, int subItem, COLORREF color) const {
+    RECT area = {LVIR_LABEL, subItem, 0, 0};
+    Send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&area));
+    const HDC screen = GetDC(window_);
+    int pixels = 0;
+    for (LONG y = area.top; y < area.bottom; ++y) {
+      for (LONG x = area.left; x < area.right; ++x) pixels += GetPixel(screen, x, y) == color ? 1 : 0;
+    }
+    ReleaseDC(window_, screen);
+    return pixels;
+  }
+
+  // Pixels of a cell that are not of the background.
+  int InkOf(int place, int subItem) const {
+    RECT area = {LVIR_LABEL, subItem, 0, 0};
+    Send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&area));
+    const int all = static_cast<int>((area.right - area.left) * (area.bottom - area.top));
+    return all - PixelsOf(place, subItem, GetSysColor(COLOR_WINDOW));
+  }
+
+  void Click(int place, WPARAM keys = 0, UINT down = WM_LBUTTONDOWN, UINT up = WM_LBUTTONUP) {
+    const RECT area = RowArea(place);
+    const LPARAM point = MAKELPARAM(area.left + 40, (area.top + area.bottom) / 2);
+    PostMessageW(window_, down, keys | MK_LBUTTON, point);
+    PostMessageW(window_, up, keys, point);
+    TakeMessages();
+  }
+
+  void PressListKey(WORD key) {
+    Send(WM_KEYDOWN, key, 1);
+    Send(WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+    TakeMessages();
+  }
+
+  // Whether the list takes a key from the loop, with Control or without.
+  bool OfferKey(WPARAM key, bool withControl) {
+    std::optional<HeldKey> control;
+    if (withControl) control.emplace(VK_CONTROL);
+    MSG message = {};
+    message.hwnd = window_;
+    message.message = WM_KEYDOWN;
+    message.wParam = key;
+    return list_->FilterMessage(&message);
+  }
+
+  void AddMany(int count) {
+    void* const item = rows_.Add(W("row"));
+    for (int row = 0; row < count; ++row) list_->AddRow(list_->CreateRow(item));
+    list_->Refresh();
+  }
+
+  // More than can be asked for rows on the screen, a heading and a focus, however they are drawn.
+  int MostAsked() const { return (static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) + 2) * 2 * 4; }
+};
+
+TEST_F(HostListWindow, RowsAreAskedForWhenTheyArePaintedAndNotBefore) {
+  AddRows({W("one"), W("two")});
+  EXPECT_EQ(rows_.texts, 0);
+  Paint();
+  EXPECT_GE(rows_.texts, 4);
+  EXPECT_EQ(Send(LVM_GETITEMCOUNT), 2);
+}
+
+TEST_F(HostListWindow, ShowsTheTextsOfItsColumnsByTheirNumbers) {
+  AddRows({W("one"), W("two")});
+  EXPECT_EQ(CellText(0, 0), W("one"));
+  EXPECT_EQ(CellText(1, 1), W("owt"));
+}
+
+TEST_F(HostListWindow, AddedRowsShowWithoutARefreshOnceTheLoopRuns) {
+  list_->AddRow(list_->CreateRow(rows_.Add(W("one"))));
+  TakeMessages();
+  EXPECT_EQ(Send(LVM_GETITEMCOUNT), 1);
+  EXPECT_EQ(CellText(0, 0), W("one"));
+}
+
+TEST_F(HostListWindow, AMillionRowsAreAskedForPageByPage) {
+  AddMany(1000000);
+  EXPECT_EQ(Send(LVM_GETITEMCOUNT), 1000000);
+  Paint();
+  EXPECT_GT(rows_.texts, 0);
+  EXPECT_LE(rows_.texts, MostAsked());
+  rows_.texts = 0;
+  Send(LVM_ENSUREVISIBLE, 999999, FALSE);
+  Paint();
+  EXPECT_GT(rows_.texts, 0);
+  EXPECT_LE(rows_.texts, 2 * MostAsked());
+  EXPECT_THAT(Counts(), Pair(1000000u, 0u));
+}
+
+TEST_F(HostListWindow, AMillionSelectedRowsStayWhereTheyAreAndOneOfThemMoves) {
+  AddMany(1000000);
+  EXPECT_TRUE(OfferKey('A', true));
+  TakeMessages();
+  EXPECT_THAT(Counts(), Pair(1000000u, 1000000u));
+  EXPECT_EQ(events_.size(), 1u);
+  list_->MoveRowUp();
+  EXPECT_THAT(Counts(), Pair(1000000u, 1000000u));
+  list_->Clear();
+  AddMany(1000000);
+  Select(500000);
+  list_->MoveRowTop();
+  EXPECT_THAT(Counts(), Pair(1000000u, 1u));
+  EXPECT_NE(Send(LVM_GETITEMSTATE, 0, LVIS_SELECTED), 0);
+  EXPECT_LE(rows_.texts, 4 * MostAsked());
+}
+
+TEST_F(HostListWindow, AColourIsThatOfItsCellAlone) {
+  AddRows({W("rMMMMMM"), W("xMMMMMM")});
+  Paint();
+  EXPECT_GT(PixelsOf(0, 1, ColoredRows::kRed), 10);
+  EXPECT_EQ(PixelsOf(1, 1, ColoredRows::kRed), 0);
+  EXPECT_GT(PixelsOf(1, 1, GetSysColor(COLOR_WINDOWTEXT)), 10);
+}
+
+TEST_F(HostListWindow, AMarkedCellIsBoldAndItsRowIsNot) {
+  AddRows({W("mnmnmn"), W("nmnmnm")});
+  Paint();
+  EXPECT_GT(InkOf(0, 1), InkOf(1, 1));
+  EXPECT_NEAR(InkOf(0, 0), InkOf(1, 0), 12);
+}
+
+TEST_F(HostListWindow, AClickIsOneEventAndCountsTheRow) {
+  AddRows({W("a"), W("b"), W("c")});
+  Click(1);
+  EXPECT_THAT(events_, ElementsAre(Pair(static_cast<std::intptr_t>(list_->GetId()), 52300)));
+  EXPECT_THAT(Counts(), Pair(3u, 1u));
+  Click(2);
+  EXPECT_EQ(events_.size(), 2u);
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(2));
+}
+
+TEST_F(HostListWindow, ClickWithControlAndWithShiftSelectSeveral) {
+  AddRows({W("a"), W("b"), W("c"), W("d"), W("e")});
+  Click(0);
+  {
+    const HeldKey control(VK_CONTROL);
+    Click(2, MK_CONTROL);
+  }
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(0, 2));
+  {
+    const HeldKey shift(VK_SHIFT);
+    Click(4, MK_SHIFT);
+  }
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(2, 3, 4));
+  EXPECT_THAT(Counts(), Pair(5u, 3u));
+}
+
+TEST_F(HostListWindow, ArrowKeysSelectAndAreEvents) {
+  AddRows({W("a"), W("b")});
+  SetFocus(window_);
+  Focus(0);
+  TakeMessages();
+  events_.clear();
+  PressListKey(VK_DOWN);
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(1));
+  EXPECT_EQ(events_.size(), 1u);
+}
+
+TEST_F(HostListWindow, ControlAndASelectsAllRowsInOneEvent) {
+  AddRows({W("a"), W("b"), W("c")});
+  EXPECT_TRUE(OfferKey('A', true));
+  EXPECT_FALSE(OfferKey('B', true));
+  EXPECT_FALSE(OfferKey('A', false));
+  TakeMessages();
+  EXPECT_THAT(Counts(), Pair(3u, 3u));
+  EXPECT_EQ(events_.size(), 1u);
+}
+
+TEST_F(HostListWindow, KeysOfOtherWindowsAreLeftAlone) {
+  AddRows({W("a")});
+  const HeldKey control(VK_CONTROL);
+  MSG message = {};
+  message.hwnd = frame_.Get();
+  message.message = WM_KEYDOWN;
+  message.wParam = 'A';
+  EXPECT_FALSE(list_->FilterMessage(&message));
+  EXPECT_FALSE(list_->FilterMessage(nullptr));
+  EXPECT_THAT(SelectedPlaces(), IsEmpty());
+}
+
+TEST_F(HostListWindow, F2BeginsNoEditing) {
+  AddRows({W("a")});
+  SetFocus(window_);
+  Select(0);
+  Focus(0);
+  PressListKey(VK_F2);
+  EXPECT_EQ(Send(LVM_GETEDITCONTROL), 0);
+}
+
+TEST_F(HostListWindow, ATypedLetterLeadsToTheNextRowThatBeginsSo) {
+  AddRows({W("alpha"), W("beta"), W("Bravo"), W("gamma")});
+  SetFocus(window_);
+  Focus(0);
+  Send(WM_CHAR, 'g', 1);
+  EXPECT_EQ(FocusedPlace(), 3);
+}
+
+TEST_F(HostListWindow, SeveralRowsMoveAtOnceAndStaySelected) {
+  AddRows({W("a"), W("b"), W("c"), W("d"), W("e")});
+  Select(1);
+  Select(3);
+  Focus(3);
+  TakeMessages();
+  events_.clear();
+  list_->MoveRowUp();
+  EXPECT_THAT(Names(), ElementsAre(W("b"), W("a"), W("d"), W("c"), W("e")));
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(0, 2));
+  EXPECT_EQ(FocusedPlace(), 2);
+  list_->MoveRowBottom();
+  EXPECT_THAT(Names(), ElementsAre(W("a"), W("c"), W("e"), W("b"), W("d")));
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(3, 4));
+  list_->MoveRowTop();
+  EXPECT_THAT(Names(), ElementsAre(W("b"), W("d"), W("a"), W("c"), W("e")));
+  list_->MoveRowDown();
+  EXPECT_THAT(Names(), ElementsAre(W("a"), W("b"), W("d"), W("c"), W("e")));
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(1, 2));
+  EXPECT_EQ(CellText(2, 0), W("d"));
+  TakeMessages();
+  EXPECT_THAT(events_, IsEmpty());
+}
+
+TEST_F(HostListWindow, WhateverMovesTheSameRowsStaySelectedAndFocused) {
+  std::mt19937 random(3);
+  using Move = void (IHostList::*)();
+  constexpr Move kMoves[] = {&IHostList::MoveRowUp, &IHostList::MoveRowDown, &IHostList::MoveRowTop,
+                             &IHostList::MoveRowBottom};
+  AddRows({W("a"), W("b"), W("c"), W("d"), W("e"), W("f"), W("g"), W("h"), W("i")});
+  for (int round = 0; round < 300; ++round) {
+    const unsigned density = random() % 5;
+    for (int place = 0; place < 9; ++place) Select(place, random() % 5 <= density);
+    Focus(static_cast<int>(random() % 9));
+    const auto namesAt = [this](const std::vector<int>& places) {
+      const std::vector<WString> names = Names();
+      std::vector<WString> some;
+      for (const int place : places) some.push_back(names[static_cast<std::size_t>(place)]);
+      return some;
+    };
+    const std::vector<WString> selected = namesAt(SelectedPlaces());
+    const std::vector<WString> focused = namesAt({FocusedPlace()});
+    (list_->*kMoves[random() % 4])();
+    ASSERT_EQ(namesAt(SelectedPlaces()), selected) << "round " << round;
+    if (!selected.empty()) ASSERT_EQ(namesAt({FocusedPlace()}), focused) << "round " << round;
+  }
+}
+
+TEST_F(HostListWindow, ClearTakesRowsAndSelectionOutBeforeItReturns) {
+  AddRows({W("a"), W("b"), W("c")});
+  Select(1);
+  Focus(1);
+  TakeMessages();
+  events_.clear();
+  list_->Clear();
+  EXPECT_EQ(Send(LVM_GETITEMCOUNT), 0);
+  EXPECT_THAT(Counts(), Pair(0u, 0u));
+  TakeMessages();
+  EXPECT_EQ(events_.size(), 1u);
+  AddRows({W("d"), W("e"), W("f")});
+  EXPECT_THAT(SelectedPlaces(), IsEmpty());
+  EXPECT_EQ(CellText(1, 0), W("e"));
+}
+
+TEST_F(HostListWindow, ClearOnAnotherThreadTakesTheRowsOutAtOnceAndTheScreenFollows) {
+  AddRows({W("a"), W("b")});
+  Select(0);
+  std::thread([this] {
+    list_->Clear();
+    list_->SetRowProvider(nullptr);
+  }).join();
+  EXPECT_EQ(list_->GetRows(nullptr, 0), 0u);
+  Paint();
+  EXPECT_EQ(CellText(0, 0), W(""));
+  list_->SetRowProvider(&rows_);
+  AddRows({W("c"), W("d")});
+  TakeMessages();
+  EXPECT_THAT(SelectedPlaces(), IsEmpty());
+  EXPECT_EQ(CellText(0, 0), W("c"));
+}
+
+TEST_F(HostListWindow, TextsWithPercentsAmpersandsAndLineBreaksAreShownAsTheyAre) {
+  AddRows({W("100 %s %n %d.txt"), W("a & b && &c.txt"), W("line\r\nbreak\ttab"), WString(40000, W('m')),
+           W(""), W("plain")});
+  EXPECT_EQ(CellText(0, 0), W("100 %s %n %d.txt"));
+  EXPECT_EQ(CellText(1, 0), W("a & b && &c.txt"));
+  EXPECT_EQ(CellText(2, 0), W("line\r\nbreak\ttab"));
+  const WString cut = CellText(3, 0);
+  EXPECT_GT(cut.size(), 200u);
+  EXPECT_EQ(cut, WString(cut.size(), W('m')));
+  EXPECT_EQ(CellText(4, 0), W(""));
+  Paint();
+  const LONG height = RowArea(5).bottom - RowArea(5).top;
+  for (int place = 0; place < 5; ++place) {
+    EXPECT_EQ(RowArea(place).bottom - RowArea(place).top, height) << place;
+    EXPECT_EQ(RowArea(place).top, RowArea(0).top + place * height) << place;
+  }
+  EXPECT_TRUE(SaveScreenshot(frame_.Get(), W("host_list_hostile_texts")));
+}
+
+TEST_F(HostListWindow, TheWidthOfAColumnIsTheUsersInTheNextWindow) {
+  EXPECT_EQ(Send(LVM_GETCOLUMNWIDTH, 0), 200);
+  Send(LVM_SETCOLUMNWIDTH, 1, 345);
+  ReleaseControls();
+  DestroyWindow(containerWindow_);
+  MakeControls();
+  EXPECT_EQ(Send(LVM_GETCOLUMNWIDTH, 0), 200);
+  EXPECT_EQ(Send(LVM_GETCOLUMNWIDTH, 1), 345);
+}
+
+TEST_F(HostListWindow, TheWidthIsKeptToIfTheWindowGoesBeforeItIsGivenBack) {
+  Send(LVM_SETCOLUMNWIDTH, 0, 99);
+  DestroyWindow(containerWindow_);
+  EXPECT_THAT(Counts(), Pair(0u, 0u));
+  list_->AddRow(rows_.Add(W("late")));
+  list_->Refresh();
+  list_->MoveRowUp();
+  list_->Clear();
+  ReleaseControls();
+  MakeControls();
+  EXPECT_EQ(Send(LVM_GETCOLUMNWIDTH, 0), 99);
+}
+
+TEST_F(HostListWindow, ADoubleClickOnADividerFitsTheColumnToTheRowsThatShow) {
+  AddMany(1000000);
+  NMHEADERW click = {};
+  click.hdr.hwndFrom = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+  click.hdr.code = HDN_DIVIDERDBLCLICKW;
+  click.iItem = 0;
+  Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+  const LRESULT narrow = Send(LVM_GETCOLUMNWIDTH, 0);
+  EXPECT_LT(narrow, 200);
+  EXPECT_GT(narrow, Send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(W("row"))));
+  EXPECT_LE(rows_.texts, MostAsked());
+  list_->Clear();
+  AddRows({WString(60, W('m'))});
+  Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+  const WString wide(60, W('m'));
+  EXPECT_GT(Send(LVM_GETCOLUMNWIDTH, 0),
+            Send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(wide.c_str())));
+}
+
+TEST_F(HostListWindow, HigherRowsAreAsHighAsWantedAndLowerOnesAsTheirText) {
+  AddRows({W("a")});
+  const LONG natural = RowArea(0).bottom - RowArea(0).top;
+  EXPECT_GE(natural, 16);
+  list_->SetRowHeight(4);
+  EXPECT_EQ(RowArea(0).bottom - RowArea(0).top, natural);
+  list_->SetRowHeight(40);
+  EXPECT_NEAR(RowArea(0).bottom - RowArea(0).top, 40, 4);
+}
+
+TEST_F(HostListWindow, AListThatIsGivenBackAsksForNothingAnyMore) {
+  AddRows({W("a"), W("b")});
+  ReleaseControls();
+  rows_.texts = 0;
+  Paint();
+  TakeMessages();
+  EXPECT_EQ(rows_.texts, 0);
+  EXPECT_EQ(Send(LVM_GETITEMCOUNT), 0);
+}
+
+TEST_F(HostListWindow, RowsHaveTheShellsImages) {
+  AddRows({W("a"), W("rot"), W("marked")});
+  const auto images = reinterpret_cast<HIMAGELIST>(Send(LVM_GETIMAGELIST, LVSIL_SMALL));
+  ASSERT_NE(images, nullptr);
+  EXPECT_GT(ImageList_GetImageCount(images), 0);
+  Paint();
+  RECT icon = {LVIR_ICON, 0, 0, 0};
+  Send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&icon));
+  EXPECT_GE(icon.right - icon.left, 16);
+  EXPECT_TRUE(SaveScreenshot(frame_.Get(), W("host_list")));
+}
+
+// What the list tells the module of its context menu.
+class RecordedMenu final : public IEventCallback {
+ public:
+  void Destroy() override {}
+  void Release() override { ++releases; }
+  s32 OnEvent(u32 event, void* information) override {
+    EXPECT_EQ(event, 1u);
+    menus.push_back(*static_cast<const ListContextMenu*>(information));
+    return 0;
+  }
+
+  std::vector<ListContextMenu> menus;
+  int releases = 0;
+};
+
+TEST_F(HostListWindow, ARightClickIsTheContextMenuEventAtItsPlace) {
+  RecordedMenu menu;
+  list_->SetEventCallback(kListContextMenu, &menu);
+  AddRows({W("a"), W("b")});
+  const RECT area = RowArea(1);
+  POINT point = {area.left + 30, (area.top + area.bottom) / 2};
+  const LPARAM place = MAKELPARAM(point.x, point.y);
+  PostMessageW(window_, WM_RBUTTONDOWN, MK_RBUTTON, place);
+  PostMessageW(window_, WM_RBUTTONUP, 0, place);
+  TakeMessages();
+  ASSERT_EQ(menu.menus.size(), 1u);
+  EXPECT_EQ(menu.menus[0].window, window_);
+  EXPECT_THAT(SelectedPlaces(), ElementsAre(1));
+  ReleaseControls();
+  EXPECT_EQ(menu.releases, 1);
+}
+
+TEST_F(HostListWindow, AMenuBeyondTheLeftOfTheScreenKeepsItsPlace) {
+  RecordedMenu menu;
+  list_->SetEventCallback(kListContextMenu, &menu);
+  Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window_), MAKELPARAM(-300, 20));
+  ASSERT_EQ(menu.menus.size(), 1u);
+  EXPECT_EQ(menu.menus[0].x, -300);
+  EXPECT_EQ(menu.menus[0].y, 20);
+  ReleaseControls();
+}
+
+TEST_F(HostListWindow, AMenuAskedForByAKeyOpensBelowTheFocusedRow) {
+  RecordedMenu menu;
+  list_->SetEventCallback(kListContextMenu, &menu);
+  AddRows({W("a"), W("b"), W("c")});
+  Focus(2);
+  Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window_), -1);
+  ASSERT_EQ(menu.menus.size(), 1u);
+  POINT corner = {0, RowArea(2).bottom};
+  ClientToScreen(window_, &corner);
+  EXPECT_EQ(menu.menus[0].y, corner.y);
+  EXPECT_GE(menu.menus[0].x, corner.x);
+  ReleaseControls();
+}
+
+TEST_F(HostListWindow, TheMenuOfTheHeaderIsNoneOfTheRows) {
+  RecordedMenu menu;
+  list_->SetEventCallback(kListContextMenu, &menu);
+  Send(WM_CONTEXTMENU, static_cast<WPARAM>(Send(LVM_GETHEADER)), MAKELPARAM(5, 5));
+  EXPECT_THAT(menu.menus, IsEmpty());
+  ReleaseControls();
+}
+
+}  // namespace
