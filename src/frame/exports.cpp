@@ -2,7 +2,7 @@
 
 #include "frame/extension_records.h"
 #include "frame/qx_utils.h"
-#include "multirename/qx_multi_rename.h"
+#include "multirename/window/qx_multi_rename.h"
 #include "security/ntfs_prop.h"
 
 using namespace Velmora::SDK;

@@ -7,7 +7,7 @@
 #include "frame/qx_utils.h"
 #include "frame/services/extension_ids.h"
 #include "frame/services/extension_info.h"
-#include "multirename/qx_multi_rename.h"
+#include "multirename/window/qx_multi_rename.h"
 #include "security/ntfs_prop.h"
 #include "support/fake_host.h"
 

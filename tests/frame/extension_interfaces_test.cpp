@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "frame/qx_utils.h"
-#include "multirename/qx_multi_rename.h"
+#include "multirename/window/qx_multi_rename.h"
 #include "security/ntfs_prop.h"
 #include "support/fake_helper_message.h"
 #include "support/fake_host.h"

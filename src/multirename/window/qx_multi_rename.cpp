@@ -1,4 +1,4 @@
-#include "multirename/qx_multi_rename.h"
+#include "multirename/window/qx_multi_rename.h"
 
 #include "frame/services/extension_ids.h"
 
