@@ -1,6 +1,9 @@
 // The rights of the user who runs the program on one file, from the file's access list.
 #pragma once
 
+#include <forward_list>
+
+#include "platform/security_api.h"
 #include "platform/text.h"
 
 class CACLInfo {
@@ -14,6 +17,8 @@ class CACLInfo {
 
  private:
   WString path_;
+  // None are ever put in: the rights are asked of the file's own list.
+  std::forward_list<ACCESS_MASK> entries_;
 };
 
 // The three letters of a mask of file rights.

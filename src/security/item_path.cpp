@@ -23,13 +23,13 @@ bool IsWholePath(Velmora::SDK::IHostFileItem& item, const WString& path) {
 
 }  // namespace
 
-WString SecurityPathOf(Velmora::SDK::IHostFileItem& item) {
+std::optional<WString> SecurityPathOf(Velmora::SDK::IHostFileItem& item) {
   std::array<WCHAR, kItemPathChars + 1> buffer;
   buffer.front() = WCHAR();
   buffer.back() = WCHAR();  // a zero follows what a host fills whole
   item.GetFullPath(buffer.data(), kItemPathChars);
   WString path = buffer.data();
   const bool mayBeCut = path.size() >= kItemPathChars - 1;
-  if (mayBeCut && (path.size() >= kItemPathChars || !IsWholePath(item, path))) path.clear();
+  if (mayBeCut && (path.size() >= kItemPathChars || !IsWholePath(item, path))) return std::nullopt;
   return path;
 }

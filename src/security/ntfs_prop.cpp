@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "frame/services/extension_ids.h"
@@ -57,32 +58,32 @@ bool FillFromStored(IHostFileItem& item, WCHAR* text, u16 textSize, u16 property
 
 bool FillOwner(IHostFileItem& item, WCHAR* text, u16 textSize) {
   const bool isRemote = item.GetRemoteLevel() > 0;
-  const WString path = SecurityPathOf(item);
+  const std::optional<WString> path = SecurityPathOf(item);
   WString owner;
-  if (path.empty() || !NTFSTools().GetOwnerName(path.c_str(), owner, isRemote)) return false;
+  if (!path || !NTFSTools().GetOwnerName(path->c_str(), owner, isRemote)) return false;
   FillCell(text, textSize, owner);
   return true;
 }
 
 bool FillAccess(IHostFileItem& item, WCHAR* text, u16 textSize) {
-  const WString path = SecurityPathOf(item);
-  if (path.empty()) return false;
-  FillCell(text, textSize, NTFSTools().GetAccessString(path));
+  const std::optional<WString> path = SecurityPathOf(item);
+  if (!path) return false;
+  FillCell(text, textSize, NTFSTools().GetAccessString(*path));
   return true;
 }
 
 bool FillStreamCount(IHostFileItem& item, WCHAR* text, u16 textSize) {
-  const WString path = SecurityPathOf(item);
-  if (path.empty()) return false;
+  const std::optional<WString> path = SecurityPathOf(item);
+  if (!path) return false;
   ResolveStreamQuery();
-  return FillCell(text, textSize, u64{NTFSTools().GetAlternateStreamCount(path.c_str())});
+  return FillCell(text, textSize, u64{NTFSTools().GetAlternateStreamCount(path->c_str())});
 }
 
 bool FillStreamSize(IHostFileItem& item, WCHAR* text, u16 textSize) {
-  const WString path = SecurityPathOf(item);
-  if (path.empty()) return false;
+  const std::optional<WString> path = SecurityPathOf(item);
+  if (!path) return false;
   ResolveStreamQuery();
-  const u64 size = NTFSTools().GetAlternateStreamSize(path.c_str());
+  const u64 size = NTFSTools().GetAlternateStreamSize(path->c_str());
   // Nothing rather than 0, so that an empty field stands.
   return size != 0 && FillCell(text, textSize, size);
 }

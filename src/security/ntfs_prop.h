@@ -26,7 +26,8 @@ class NTFSProp final : public IFileProperties {
   bool Reserved1() override { return false; }
   // At most `textSize` characters; a zero follows where there is room for it. Needs less than 96 KiB of
   // stack: 64 KiB for the streams, 8 KiB for the path, 1 KiB for a stored value, and what the system's
-  // functions take. An item whose path has 4096 characters or more has no value.
+  // functions take. An item whose path has 4096 characters or more has no value. One that cannot be read, or
+  // has no path, has neither owner nor size of streams, and still its access, three blanks, and its count, 0.
   bool GetPropertyValue(IHostFileItem* item, WCHAR* text, u16 textSize, u16 propertyNumber) override;
   bool Reserved2() override { return false; }
   bool Reserved3() override { return false; }

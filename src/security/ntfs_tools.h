@@ -29,7 +29,8 @@ class NTFSTools {
   u32 GetAlternateStreamCount(const WCHAR* path);
   u64 GetAlternateStreamSize(const WCHAR* path);
 
-  // The server that the drive of the path is mapped to. It is asked for once for each drive letter.
+  // The server that the drive of the path is mapped to. The network is not asked again for a drive letter
+  // whose server is known.
   bool GetServerOfDrive(WString& server, const WCHAR* path);
 
   // Makes the user the owner. EnableTakeOwnership comes before.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "frame/services/format_text.h"
@@ -31,7 +32,8 @@ std::vector<SecurityTarget> SelectTargets(IHostApp& host) {
   for (u32 index = 0; index < count; ++index) {
     IHostFileItem* const item = list->GetItem(index);
     if (!item) continue;
-    if (WString path = SecurityPathOf(*item); !path.empty()) targets.push_back({item, std::move(path)});
+    std::optional<WString> path = SecurityPathOf(*item);
+    if (path && !path->empty()) targets.push_back({item, *std::move(path)});
   }
   return targets;
 }

@@ -1,5 +1,6 @@
-// The servers that drive letters are mapped to, as far as they were asked for in this process. Asking the
-// network may block for long, so each letter is asked for once.
+// The servers that drive letters are mapped to, as far as they are known in this process. Asking the network
+// may block for long, so a letter whose server is known is not asked for again until Clear. Threads that come
+// to one that is not known each ask, and so does every call for one that has no server.
 #pragma once
 
 #include <cstddef>

@@ -8,7 +8,7 @@
 namespace {
 
 // What the path of an item is taken for, of a host that ends a cut path with a zero, or without one.
-WString PathOf(const WString& folder, const WString& name, bool fillsPathsWhole) {
+std::optional<WString> PathOf(const WString& folder, const WString& name, bool fillsPathsWhole) {
   HostRecorder recorder;
   FakeFileItem item(recorder, folder, name, FILE_ATTRIBUTE_ARCHIVE);
   item.fillsPathsWhole = fillsPathsWhole;
@@ -42,7 +42,7 @@ TEST(SecurityPath, OfMoreIsNoneWhereverItIsCut) {
       const WString name(more - std::min(more - 1, folder.size()), W('n'));
       if (folder.size() + name.size() < 4096) continue;
       for (const bool fillsPathsWhole : {false, true}) {
-        EXPECT_EQ(PathOf(folder, name, fillsPathsWhole), W("")) << folder.size() << " " << more;
+        EXPECT_EQ(PathOf(folder, name, fillsPathsWhole), std::nullopt) << folder.size() << " " << more;
       }
     }
   }
@@ -53,7 +53,7 @@ TEST(SecurityPath, OfMoreIsNoneWhereTheCutEndsInTheNameOfTheItem) {
   const WString name(95, W('n'));
   const WString beginning = LongFolder(4000) + name;
   ASSERT_EQ(beginning.size(), 4095u);
-  EXPECT_EQ(PathOf(beginning + W("\\"), name, false), W(""));
+  EXPECT_EQ(PathOf(beginning + W("\\"), name, false), std::nullopt);
 }
 
 TEST(SecurityPath, OfAnItemWithoutOneIsEmpty) { EXPECT_EQ(PathOf(W(""), W(""), false), W("")); }

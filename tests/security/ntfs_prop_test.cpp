@@ -162,6 +162,16 @@ TEST_F(NtfsPropCells, AFileThatIsNotThereHasNoOwnerButTheOtherCells) {
   EXPECT_FALSE(Ask(4));
 }
 
+TEST_F(NtfsPropCells, AnItemWithoutAPathHasNoOwnerButThreeBlanksOfAccessAndTheCountZero) {
+  item_ = files_.host.AddFileIn(W(""), W(""));
+  EXPECT_FALSE(Ask(1));
+  EXPECT_TRUE(Ask(2));
+  EXPECT_EQ(text_, W("   "));
+  EXPECT_TRUE(Ask(3));
+  EXPECT_EQ(text_, W("0"));
+  EXPECT_FALSE(Ask(4));
+}
+
 TEST_F(NtfsPropCells, APathThatIsCutHasNoValue) {
   // The beginning of the long path is a file of its own.
   const WString folder = files_.scratch.Path() + W("\\");

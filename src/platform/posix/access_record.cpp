@@ -1,5 +1,6 @@
 #include "platform/posix/access_record.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -40,16 +41,19 @@ KeptHeader HeaderOf(const struct stat& status, bool isProtected, bool hasList, c
           .posixBytes = static_cast<std::uint32_t>(posix.size())};
 }
 
+const ACL* ListIn(std::span<const BYTE> bytes) { return reinterpret_cast<const ACL*>(bytes.data()); }
+
 // Whether the bytes of a list are a whole one and no more.
 bool IsList(std::span<const BYTE> bytes) {
   ACL list;
   if (bytes.size() < sizeof list) return false;
   std::memcpy(&list, bytes.data(), sizeof list);
-  return list.AclSize == bytes.size() && EntriesOf(reinterpret_cast<const ACL*>(bytes.data())).has_value();
+  return list.AclSize == bytes.size() && EntriesOf(ListIn(bytes)).has_value();
 }
 
 // Takes a kept list into the record. False if the bytes are none, or if the file is not as setting it left
-// it: then the list says nothing about it any more. What anybody may have written is not trusted.
+// it: then the list says nothing about it any more. Whoever may write the file may have written the bytes: a
+// list that does not say what mode and POSIX access list say is not believed, whatever its header claims.
 bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord& record) {
   KeptHeader header;
   if (bytes.size() < sizeof header) return false;
@@ -63,6 +67,7 @@ bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord
   const std::span<const BYTE> rest = bytes.subspan(sizeof header + posix.size());
   std::vector<BYTE> list(rest.begin(), rest.end());
   if (header.hasList != 0 ? !IsList(list) : !list.empty()) return false;
+  if (!IsPosixAccessOf(path, record.status, header.hasList != 0 ? ListIn(list) : nullptr)) return false;
   record.isProtected = header.isProtected != 0;
   record.hasList = header.hasList != 0;
   record.list = std::move(list);
@@ -70,53 +75,58 @@ bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord
   return true;
 }
 
-// Keeps the list beside the file as it is now; 0 or an error.
-DWORD Keep(const std::string& path, std::span<const BYTE> list, bool hasList, bool isProtected) {
-  struct stat status;
-  if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
+// What is kept of a list beside the file of this status; no bytes where the mode alone says it all.
+std::vector<BYTE> BytesToKeep(const std::string& path, const struct stat& status, std::span<const BYTE> list,
+                              bool hasList, bool isProtected) {
+  if (hasList && !isProtected && list.size() == sizeof(ACL)) return {};  // nobody may do anything
   const std::string posix = PosixAccess(path);
   const KeptHeader header = HeaderOf(status, isProtected, hasList, posix);
   std::vector<BYTE> bytes(sizeof header);
   std::memcpy(bytes.data(), &header, sizeof header);
   bytes.insert(bytes.end(), posix.begin(), posix.end());
   bytes.insert(bytes.end(), list.begin(), list.end());
-  return WriteKeptAttribute(path, bytes);
+  return bytes;
 }
 
-// Taken by whoever may change a file's mode, and shared by those who only look at it.
-std::shared_mutex modeMutex;
+// Held while a list is set, and shared by those who read one: within the process it is seen whole.
+std::shared_mutex listMutex;
 
-DWORD ReadListAsItIs(const std::string& path, AccessRecord& record, ModeChange change) {
-  std::vector<BYTE> kept;
-  if (const DWORD error = ReadKeptAttribute(path, change, kept)) return error;
+DWORD ReadListAsItIs(const std::string& path, AccessRecord& record) {
+  const std::vector<BYTE> kept = ReadKeptAttribute(path);
   if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
   if (!TakeKept(path, kept, record)) record.list = ListOfPosixAccess(path, record.status);
   return ERROR_SUCCESS;
 }
 
-DWORD Apply(const std::string& path, const struct stat& status, std::span<const BYTE> list, bool hasList,
+DWORD Apply(const std::string& path, const struct stat& before, std::span<const BYTE> list, bool hasList,
             bool isProtected) {
-  const auto* const header = hasList ? reinterpret_cast<const ACL*>(list.data()) : nullptr;
-  const int error = SetPosixAccess(path, status, header);
-  if (error != 0) return PathError(error, path);
-  return Keep(path, list, hasList, isProtected);
+  const ACL* const header = hasList ? ListIn(list) : nullptr;
+  if (const int error = SetPosixAccess(path, before, header)) return PathError(error, path);
+  struct stat status;
+  if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
+  const std::vector<BYTE> bytes = BytesToKeep(path, status, list, hasList, isProtected);
+  int error = WriteKeptAttribute(path, bytes);
+  const mode_t writable = (status.st_mode & static_cast<mode_t>(07777)) | S_IWUSR;
+  if (error == EACCES && chmod(path.c_str(), writable) == 0) {
+    // The new mode keeps the owner himself from writing, so the list is kept under a mode that does not. To
+    // set mode and POSIX access list is last all the same: of several processes that come to this at once,
+    // the last one sets its own, and none leaves the right to write.
+    error = WriteKeptAttribute(path, bytes);
+    if (const int setError = SetPosixAccess(path, before, header)) return PathError(setError, path);
+  }
+  return error == 0 || error == EACCES ? ERROR_SUCCESS : ErrorOfErrno(error);
 }
 
 }  // namespace
 
 DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList) {
   if (!wantsList) return stat(path.c_str(), &record.status) == 0 ? ERROR_SUCCESS : PathError(errno, path);
-  {
-    const std::shared_lock lock(modeMutex);
-    const DWORD error = ReadListAsItIs(path, record, ModeChange::kForbidden);
-    if (error != ERROR_ACCESS_DENIED) return error;
-  }
-  const std::unique_lock lock(modeMutex);
-  return ReadListAsItIs(path, record, ModeChange::kAllowed);
+  const std::shared_lock lock(listMutex);
+  return ReadListAsItIs(path, record);
 }
 
 DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) {
-  const std::unique_lock lock(modeMutex);
+  const std::unique_lock lock(listMutex);
   struct stat status;
   if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
   std::vector<BYTE> bytes;
@@ -133,9 +143,9 @@ DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) 
 }
 
 DWORD SetOwner(const std::string& path, uid_t owner) {
-  const std::unique_lock lock(modeMutex);
+  const std::unique_lock lock(listMutex);
   AccessRecord record;
-  if (const DWORD error = ReadListAsItIs(path, record, ModeChange::kAllowed)) return error;
+  if (const DWORD error = ReadListAsItIs(path, record)) return error;
   if (chown(path.c_str(), owner, static_cast<gid_t>(-1)) != 0) return PathError(errno, path);
   if (!record.isKept) return ERROR_SUCCESS;
   if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);

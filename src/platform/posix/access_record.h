@@ -20,12 +20,14 @@ struct AccessRecord {
 };
 
 // Reads the record of the file or folder at `path`, whose links are followed, without its list if that is not
-// wanted; 0 or an error: ERROR_ACCESS_DENIED if a list is kept that the user may not read. The owner of the
-// file always may.
+// wanted; 0 or an error. A list that is kept counts if the user may read it, and as long as owner, mode and
+// POSIX access list are what setting it makes of them; otherwise the list is made of these. Nothing about the
+// file is changed.
 DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList = true);
 
 // Sets the list, which is null for a missing one, and keeps it; 0 or an error. With ERROR_DISK_FULL there is
-// no room to keep it: mode and POSIX access list say what they can of it, and no list is kept.
+// no room to keep it: mode and POSIX access list say what they can of it, and no list is kept. Several
+// processes may set lists of one file: its mode and POSIX access list are in the end those of one of them.
 DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected);
 
 // Sets the owner, and lets mode and POSIX access list follow a list that is kept; 0 or an error.

@@ -1,8 +1,6 @@
 // The extended attribute in which a file's access list is kept.
 //
-// The system lets it be read and written by who may read and write the file. The owner of a file who may not
-// gives himself the right for the moment: whoever looks at the file's mode meanwhile sees it with that right,
-// and a second change of that kind would keep it. So a call that changes the mode excludes all others.
+// The system lets it be read and written by who may read and write the file, be it the file's owner or not.
 #pragma once
 
 #include <span>
@@ -16,16 +14,13 @@ namespace Platform {
 // The extended attribute that keeps a list that was set; it is no stream.
 inline constexpr char kAccessAttribute[] = "user.qxutils.access";
 
-// Whether a call may change the mode of the file for the moment.
-enum class ModeChange { kForbidden, kAllowed };
+// The attribute; no bytes for a file that has none, or one that the user may not read.
+std::vector<BYTE> ReadKeptAttribute(const std::string& path);
 
-// Reads the attribute; no bytes for a file that has none. 0, or ERROR_ACCESS_DENIED for one that is there and
-// may not be read, or may only be read with a change of the mode that is forbidden.
-DWORD ReadKeptAttribute(const std::string& path, ModeChange change, std::vector<BYTE>& bytes);
-
-// Writes the attribute. A file system without a place for any keeps none, which is no error. If there is no
-// more room for this one (ERROR_DISK_FULL), or it cannot be written for another reason, the file is left
-// without the attribute, so that an older one does not speak for it.
-DWORD WriteKeptAttribute(const std::string& path, std::span<const BYTE> bytes);
+// Writes the attribute, or removes it if there are no bytes. A file system without a place for any keeps none,
+// which is no error. If it cannot be written, the file is left without it, so that an older one does not speak
+// for it. 0 or an errno: EACCES for a file that the user may not write, which keeps the one it has, and those
+// for no more room, which ErrorOfErrno makes ERROR_DISK_FULL.
+int WriteKeptAttribute(const std::string& path, std::span<const BYTE> bytes);
 
 }  // namespace Platform

@@ -45,25 +45,6 @@ const CreationRow* FindCreation(DWORD creation) {
   return nullptr;
 }
 
-int OpenFlags(bool reads, bool writes) {
-  // Nothing here may wait for a partner or become the terminal of the process.
-  constexpr int kAlways = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-  if (writes) return kAlways | (reads ? O_RDWR : O_WRONLY);
-  return kAlways | O_RDONLY;
-}
-
-// Whether the file that is at `path` may be opened so; 0 or an error.
-DWORD CheckExisting(const NativePath& path, const struct stat& status, const CreationRow& creation,
-                    bool writes) {
-  if (!creation.takesExisting) return ERROR_FILE_EXISTS;
-  if (S_ISDIR(status.st_mode)) return ERROR_ACCESS_DENIED;
-  if (path.endsInSeparator) return ERROR_INVALID_NAME;
-  // A pipe whose reader goes away would end the process with a signal.
-  if (S_ISFIFO(status.st_mode)) return ERROR_ACCESS_DENIED;
-  if ((writes || creation.truncates) && Platform::IsReadOnly(status)) return ERROR_ACCESS_DENIED;
-  return ERROR_SUCCESS;
-}
-
 struct OpenRequest {
   NativePath path;
   const CreationRow* creation;
@@ -74,6 +55,35 @@ struct OpenRequest {
   bool takesFolders;
   bool takesLinks;  // as themselves; not without takesFolders
 };
+
+// Whether the request asks for nothing that is in the file, if it is there.
+bool IsForQueriesAlone(const OpenRequest& request) {
+  return !request.reads && !request.writes && !request.creation->truncates;
+}
+
+// How the file that is there, or is not, is opened.
+int OpenFlags(const OpenRequest& request, bool exists) {
+  // The file is looked at and not opened: no right to it is needed, and a device or a pipe does not notice.
+  if (exists && IsForQueriesAlone(request)) return O_PATH | O_CLOEXEC;
+  // Nothing here may wait for a partner or become the terminal of the process.
+  int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+  if (request.creation->creates) flags |= request.creation->takesExisting ? O_CREAT : O_CREAT | O_EXCL;
+  if (request.writes || (exists && request.creation->truncates))
+    return flags | (request.reads ? O_RDWR : O_WRONLY);
+  return flags | O_RDONLY;
+}
+
+// Whether the file that is there may be opened so; 0 or an error.
+DWORD CheckExisting(const OpenRequest& request, const struct stat& status) {
+  const bool changes = request.writes || request.creation->truncates;
+  if (!request.creation->takesExisting) return ERROR_FILE_EXISTS;
+  if (S_ISDIR(status.st_mode)) return ERROR_ACCESS_DENIED;
+  if (request.path.endsInSeparator) return ERROR_INVALID_NAME;
+  // A pipe whose reader goes away would end the process with a signal.
+  if (S_ISFIFO(status.st_mode) && !IsForQueriesAlone(request)) return ERROR_ACCESS_DENIED;
+  if (changes && Platform::IsReadOnly(status)) return ERROR_ACCESS_DENIED;
+  return ERROR_SUCCESS;
+}
 
 // Opens the folder or link that is there, for a handle without contents; 0 or an error.
 DWORD OpenFolder(const OpenRequest& request, const ShareTable::Lock& lock, OpenFile& file) {
@@ -107,25 +117,20 @@ DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
     if (isFolder && request.takesFolders && creation.creation == OPEN_EXISTING) {
       return OpenFolder(request, lock, file);
     }
-    const DWORD error = CheckExisting(request.path, status, creation, request.writes);
+    const DWORD error = CheckExisting(request, status);
     if (error != ERROR_SUCCESS) return error;
   } else {
     if (errno != ENOENT || !creation.creates) return Platform::PathError(errno, path);
     if (request.path.endsInSeparator) return ERROR_INVALID_NAME;
   }
 
-  int flags = OpenFlags(request.reads, request.writes || (existed && creation.truncates));
-  if (creation.creates) flags |= creation.takesExisting ? O_CREAT : O_CREAT | O_EXCL;
+  const int flags = OpenFlags(request, existed);
   const mode_t mode = request.makeReadOnly ? 0444 : 0666;
   FileDescriptor descriptor(open(path.c_str(), flags, mode));
-  // A handle that neither reads nor writes needs no right to do so.
-  if (!descriptor.IsOpen() && errno == EACCES && existed && !request.reads && !request.writes) {
-    descriptor = FileDescriptor(open(path.c_str(), O_PATH | O_CLOEXEC));
-  }
   if (!descriptor.IsOpen()) {
     if (errno == EEXIST) return ERROR_FILE_EXISTS;
     // Creating fails so only where the folder is missing.
-    if (errno == ENOENT && creation.creates) return ERROR_PATH_NOT_FOUND;
+    if (errno == ENOENT && (flags & O_CREAT) != 0) return ERROR_PATH_NOT_FOUND;
     return Platform::PathError(errno, path);
   }
   if (fstat(descriptor.Get(), &status) != 0) return Platform::ErrorOfErrno(errno);

@@ -32,9 +32,16 @@ constexpr RightRow kRights[] = {
     {S_IXOTH, ACL_EXECUTE, FILE_GENERIC_EXECUTE, FILE_EXECUTE},
 };
 
+constexpr char kPosixListAttribute[] = "system.posix_acl_access";
+
 // Whether there is more than the mode. One question instead of the two that the library asks.
 bool HasPosixList(const std::string& path) {
-  return getxattr(path.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
+  return getxattr(path.c_str(), kPosixListAttribute, nullptr, 0) > 0;
+}
+
+// Whether the file system knows the mode alone.
+bool HasModeAlone(const std::string& path) {
+  return getxattr(path.c_str(), kPosixListAttribute, nullptr, 0) < 0 && errno == EOPNOTSUPP;
 }
 
 constexpr int kOwnerShift = 6;
@@ -60,6 +67,8 @@ mode_t BitsOf(ACCESS_MASK granted) {
 struct Grant {
   Account account;
   mode_t bits;
+
+  friend auto operator<=>(const Grant&, const Grant&) = default;
 };
 
 // What each class is granted.
@@ -172,16 +181,40 @@ int WriteClasses(const std::string& path, const struct stat& status, const Class
   return chmod(path.c_str(), mode) == 0 ? 0 : errno;
 }
 
-void AddNamed(const ACL* list, const struct stat& status, Classes& classes) {
-  for (const AccessEntry& entry : EntriesOf(list).value_or(std::vector<AccessEntry>())) {
+// What a list grants to each class: the owner, the group, everyone, and each user and group that it names.
+Classes ClassesOfList(const ACL* list, const struct stat& status) {
+  const std::vector<AccessEntry> entries = EntriesOf(list).value_or(std::vector<AccessEntry>());
+  // The groups of a user are looked up only for a list that speaks of any.
+  const bool namesGroups = std::ranges::any_of(entries, [](const AccessEntry& entry) {
+    return entry.account && entry.account->kind == Account::kGroup;
+  });
+  const auto bits = [&](const Account& account) {
+    const std::vector<Account> memberships =
+        namesGroups ? WithMemberships(account) : std::vector<Account>{account, kEveryoneAccount};
+    return BitsOf(GrantedTo(list, memberships));
+  };
+  const Account group = GroupAccount(status.st_gid);
+  Classes classes{bits(UserAccount(status.st_uid)), {}, {{group, bits(group)}}, bits(kEveryoneAccount)};
+  for (const AccessEntry& entry : entries) {
     if (!entry.account || (entry.header.AceFlags & INHERIT_ONLY_ACE) != 0) continue;
     const Account& account = *entry.account;
     const bool isUser = account.kind == Account::kUser;
     if (account == kEveryoneAccount || account == UserAccount(status.st_uid)) continue;
     std::vector<Grant>& grants = isUser ? classes.users : classes.groups;
     if (std::ranges::find(grants, account, &Grant::account) != grants.end()) continue;
-    grants.push_back({account, BitsOf(GrantedTo(list, WithMemberships(account)))});
+    grants.push_back({account, bits(account)});
   }
+  return classes;
+}
+
+// The same whatever the order of those that are named, which the system does not keep.
+bool AreEqual(Classes first, Classes second) {
+  for (Classes* const classes : {&first, &second}) {
+    std::ranges::sort(classes->users);
+    std::ranges::sort(classes->groups.begin() + 1, classes->groups.end());
+  }
+  return first.owner == second.owner && first.users == second.users && first.groups == second.groups &&
+         first.others == second.others;
 }
 
 }  // namespace
@@ -220,14 +253,18 @@ std::vector<BYTE> ListOfPosixAccess(const std::string& path, const struct stat& 
   return list.Bytes();
 }
 
+bool IsPosixAccessOf(const std::string& path, const struct stat& status, const ACL* list) {
+  Classes wanted = ClassesOfList(list, status);
+  if (HasModeAlone(path)) {
+    wanted.users.clear();
+    wanted.groups.resize(1);
+  }
+  const Classes current = ReadClasses(path, status);
+  return !current.groups.empty() && AreEqual(std::move(wanted), current);
+}
+
 int SetPosixAccess(const std::string& path, const struct stat& status, const ACL* list) {
-  const auto bits = [list](const Account& account) {
-    return BitsOf(GrantedTo(list, WithMemberships(account)));
-  };
-  const Account group = GroupAccount(status.st_gid);
-  Classes classes{bits(UserAccount(status.st_uid)), {}, {{group, bits(group)}}, bits(kEveryoneAccount)};
-  AddNamed(list, status, classes);
-  return WriteClasses(path, status, classes);
+  return WriteClasses(path, status, ClassesOfList(list, status));
 }
 
 }  // namespace Platform

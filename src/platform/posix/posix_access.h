@@ -24,6 +24,9 @@ std::string PosixAccess(const std::string& path);
 // The list that says what mode and POSIX access list of the file say.
 std::vector<BYTE> ListOfPosixAccess(const std::string& path, const struct stat& status);
 
+// Whether mode and POSIX access list of the file are what SetPosixAccess makes of the list.
+bool IsPosixAccessOf(const std::string& path, const struct stat& status, const ACL* list);
+
 // Makes mode and POSIX access list say what the list says, as far as they can: for the owner, the group,
 // everyone and each user and group that the list names, the rights that it grants to them. A null list grants
 // everything. 0 or an errno.
