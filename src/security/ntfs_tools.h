@@ -44,7 +44,7 @@ class NTFSTools {
   // Removes the file's own entries. With SeSecurityPrivilege a protected, missing list is set first, for
   // which nothing is reported if it fails; then the emptied list, whose error is returned. Beyond that:
   //  - For a file without a list an empty one is set: to hand the missing list on would leave everything
-  //    allowed to everyone.
+  //    allowed to everyone. It is set last, so that no step that fails leaves a file that nobody may enter.
   //  - An entry that cannot be deleted ends it with that error, before anything is set.
   //  - Between the two lists everything is allowed to everyone, and if the second cannot be set that stays.
   u32 ResetAccess(const WString& path);

@@ -402,6 +402,31 @@ class Saved(RenameTest):
         self.assertEqual(self.rows(outcome), [("a.txt", cells["owner"] + ".txt", state)])
 
 
+    def test_access_and_streams_are_in_names(self):
+        self.make("a.txt")
+        cells = {event["name"]: event["value"] for event in self.run_json("columns", "a.txt").of("column")}
+        self.assertEqual(len(cells["access"]), 3)
+        for tag, value in (("[?access]", cells["access"]), ("[?ADScount]", "0"), ("[?ADSsize]", "")):
+            with self.subTest(tag=tag):
+                outcome = self.rename("--name", "x" + tag + "y", "a.txt")
+                self.assertEqual(self.rows(outcome), [("a.txt", "x" + value + "y.txt", READY)])
+
+
+if not IS_WINDOWS:
+
+    class NativeColumnsInNames(RenameTest):
+        def test_each_file_gets_its_own_access_and_streams(self):
+            self.make("a.txt", "b.txt")
+            os.chmod(self.path("a.txt"), 0o500)
+            os.chmod(self.path("b.txt"), 0o600)
+            os.setxattr(self.path("b.txt"), "user.one", b"x" * 10)
+            os.setxattr(self.path("b.txt"), "user.two", b"x" * 20)
+            outcome = self.rename("--name", "[N]([?access])[?ADScount]-[?ADSsize]", "--run", "a.txt", "b.txt")
+            self.assertEqual(self.rows(outcome), [("a.txt", "a(R X)0-.txt", RENAMED),
+                                                  ("b.txt", "b(RW )2-30.txt", RENAMED)])
+            self.assertEqual(self.names(), ["a(R X)0-.txt", "b(RW )2-30.txt"])
+
+
 class Calls(RenameTest):
     def test_a_call_says_what_it_lacks_or_has_too_much(self):
         self.make("a.txt")

@@ -8,6 +8,9 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
+#include <algorithm>
+#include <set>
+
 #include "platform/outcome.h"
 #include "support/as_user_posix.h"
 #include "support/scratch_folder.h"
@@ -58,6 +61,29 @@ class NativeRecords : public testing::Test {
     EXPECT_EQ(stat(Native().c_str(), &status), 0);
     return status.st_mode & 07777;
   }
+  std::vector<BYTE> KeptBytes() const {
+    std::vector<BYTE> kept(65536);
+    const ssize_t size = getxattr(Native().c_str(), kAttribute, kept.data(), kept.size());
+    EXPECT_GT(size, 0);
+    kept.resize(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    return kept;
+  }
+  void Plant(const std::vector<BYTE>& kept) const {
+    EXPECT_EQ(setxattr(Native().c_str(), kAttribute, kept.data(), kept.size(), 0), 0);
+  }
+  // Puts another list in the place of the one that is kept, of any size.
+  void PlantList(BuiltList& list) {
+    if (kept_.empty()) kept_ = KeptBytes();
+    std::uint32_t posixBytes = 0;
+    std::memcpy(&posixBytes, &kept_[24], sizeof posixBytes);
+    std::vector<BYTE> planted(kept_.begin(), kept_.begin() + 28 + posixBytes);
+    ACL_SIZE_INFORMATION size = {};
+    EXPECT_TRUE(GetAclInformation(list.Get(), &size, sizeof size, AclSizeInformation));
+    list.Get()->AclSize = static_cast<WORD>(size.AclBytesInUse);
+    const auto* const begin = reinterpret_cast<const BYTE*>(list.Get());
+    planted.insert(planted.end(), begin, begin + size.AclBytesInUse);
+    Plant(planted);
+  }
   std::vector<ShownEntry> Entries() { return EntriesOfFile(file_).value_or(std::vector<ShownEntry>()); }
 
   // Whether the system itself grants the current user these rights together, by R_OK and its kin.
@@ -85,6 +111,7 @@ class NativeRecords : public testing::Test {
   const WString file_ = scratch_.Write(W("a.txt"), "abc");
   std::string owner_;
   std::string group_;
+  std::vector<BYTE> kept_;  // the attribute before another list was planted
 };
 
 }  // namespace
@@ -314,26 +341,93 @@ TEST_F(NativeRecords, AListStaysWhenTheOwnerChangesAndTheModeFollows) {
   EXPECT_EQ(PosixList(), "u::rwx,g::r--,o::r--");
 }
 
-TEST_F(NativeRecords, AnAttributeThatSomebodyElseHasWrittenIsNotBelieved) {
+// Every byte counts but those of which mode and POSIX access list say nothing.
+TEST_F(NativeRecords, AnAttributeThatIsCutOrChangedIsNotBelievedWhereItNoLongerSaysWhatTheModeSays) {
   SetMode(0666);
   const std::vector<ShownEntry> ofMode = Entries();
   BuiltList list;
   list.Add(0, 3, kRead | kWrite, EveryoneSid());
   ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
-  ASSERT_NE(Entries(), ofMode);
-  std::vector<char> kept(4096);
-  const ssize_t size = getxattr(Native().c_str(), kAttribute, kept.data(), kept.size());
-  ASSERT_GT(size, 0);
-  kept.resize(static_cast<std::size_t>(size));
-  // Cut at every length, and each byte changed in turn: nothing is read beyond what is there.
+  ASSERT_EQ(Mode(), 0666u);
+  const std::vector<BYTE> kept = KeptBytes();
+  // A header, and a list of one entry: 8 bytes and 20.
+  ASSERT_EQ(kept.size(), 28u + 28u);
+  const std::size_t begin = 28;
+  // Reserved bytes of the list, and rights that neither reading nor writing needs.
+  const std::set<std::size_t> unsaid = {begin + 1, begin + 6, begin + 7, begin + 13, begin + 14};
   for (std::size_t index = 0; index < kept.size(); ++index) {
-    ASSERT_EQ(setxattr(Native().c_str(), kAttribute, kept.data(), index, 0), 0);
+    Plant({kept.begin(), kept.begin() + static_cast<std::ptrdiff_t>(index)});
     EXPECT_EQ(Entries(), ofMode) << index;
-    std::vector<char> changed = kept;
-    changed[index] = static_cast<char>(changed[index] ^ 0xFF);
-    ASSERT_EQ(setxattr(Native().c_str(), kAttribute, changed.data(), changed.size(), 0), 0);
-    EXPECT_LE(Entries().size(), 3u) << index;
+    std::vector<BYTE> changed = kept;
+    changed[index] = static_cast<BYTE>(changed[index] ^ 0xFF);
+    Plant(changed);
+    EXPECT_EQ(Entries() != ofMode, unsaid.contains(index)) << index;
   }
+  Plant(kept);
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 3, kRead | kWrite, "S-1-1-0"}));
+}
+
+TEST_F(NativeRecords, APlantedListIsNotBelievedWhereItGrantsMoreOrLessThanTheMode) {
+  BuiltList list;
+  list.Add(0, 3, kRead | kWrite, EveryoneSid()).Add(0, 3, kRead, UserSidBytes(4001));
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  // What others than the one who set it may have written: another list after the same header.
+  const auto plantedIsShown = [this](const std::vector<ShownEntry>& entries) {
+    BuiltList planted;
+    for (const ShownEntry& entry : entries) {
+      planted.Add(static_cast<BYTE>(entry.type), static_cast<BYTE>(entry.flags), entry.mask,
+                  entry.sid == "everyone" ? EveryoneSid()
+                  : entry.sid == "owner"  ? UserSidBytes(geteuid())
+                  : entry.sid == "group"  ? GroupSidBytes(4003)
+                                          : UserSidBytes(4001));
+    }
+    PlantList(planted);
+    const std::vector<ShownEntry> shown = Entries();
+    return shown.size() == entries.size() && shown.front().flags == entries.front().flags;
+  };
+  const ShownEntry everyone{0, 3, kRead | kWrite, "everyone"};
+  const ShownEntry user{0, 3, kRead, "user"};
+  // The order, and rights of other names, may be anybody's: the mode says nothing of them.
+  EXPECT_TRUE(plantedIsShown({everyone, user}));
+  EXPECT_TRUE(plantedIsShown({user, everyone}));
+  EXPECT_TRUE(plantedIsShown({{1, 3, 0x10000, "owner"}, everyone, user}));
+  for (const std::vector<ShownEntry>& entries :
+       std::vector<std::vector<ShownEntry>>{{{0, 3, kAll, "everyone"}, user},
+                                            {{0, 3, kRead, "everyone"}, user},
+                                            {everyone, {0, 3, kAll, "user"}},
+                                            {{1, 3, kWrite, "user"}, everyone},
+                                            {{1, 3, kRead, "owner"}, everyone, user},
+                                            {everyone, user, {0, 3, kRead, "group"}},
+                                            {everyone},
+                                            {user},
+                                            {{0, 11, kRead | kWrite, "everyone"}, user}}) {
+    EXPECT_FALSE(plantedIsShown(entries)) << testing::PrintToString(entries);
+  }
+}
+
+TEST_F(NativeRecords, APlantedMissingListIsNotBelievedWhereTheModeDoesNotGrantEverything) {
+  ASSERT_EQ(SetEntries(file_, nullptr), 0u);
+  std::vector<BYTE> missing = KeptBytes();
+  ASSERT_EQ(EntriesOfFile(file_), std::nullopt);
+  BuiltList list;
+  list.Add(0, 3, kRead, EveryoneSid());
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  // The header of the list that was set, but for the word that says whether there is one.
+  const std::vector<BYTE> kept = KeptBytes();
+  constexpr std::ptrdiff_t kHasListAt = 20;
+  std::copy(kept.begin(), kept.begin() + kHasListAt, missing.begin());
+  Plant(missing);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(testing::SizeIs(3)));
+}
+
+TEST_F(NativeRecords, AListOfAGroupOfTheOwnersIsGivenBackAndCountsForTheOwner) {
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user cannot give the file away
+  ASSERT_EQ(chown(Native().c_str(), kNobody, 4002), 0);
+  BuiltList list;
+  list.Add(0, 3, kRead, GroupSidBytes(kNobody));
+  ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+  EXPECT_EQ(PosixList(), "u::r--,g::---,g:65534:r--,m::r--,o::---");
+  EXPECT_THAT(Entries(), ElementsAre(ShownEntry{0, 3, kRead, "S-1-22-2-65534"}));
 }
 
 TEST_F(NativeRecords, TypesThatAreNoFilesAreRefused) {

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/fsuid.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <limits>
 #include <map>
 
@@ -144,6 +147,39 @@ TEST_F(NativeFilesTest, APipeIsNotWaitedFor) {
   EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), GENERIC_READ, OPEN_EXISTING)), 5u);
   EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), GENERIC_WRITE, OPEN_ALWAYS)), 5u);
   EXPECT_TRUE(DeleteFileW(path.c_str()));
+}
+
+TEST_F(NativeFilesTest, APipeIsLookedAtWithoutBecomingItsReader) {
+  const std::string native = scratch_.NativePath(W("pipe")).string();
+  ASSERT_EQ(mkfifo(native.c_str(), 0644), 0);
+  const FileHandle pipe(OpenFor(scratch_.Path(W("pipe")).c_str(), 0, OPEN_EXISTING));
+  ASSERT_TRUE(pipe.IsOpen());
+  BY_HANDLE_FILE_INFORMATION information;
+  EXPECT_TRUE(GetFileInformationByHandle(pipe.Get(), &information));
+  // The system lets nobody write to a pipe that has no reader.
+  EXPECT_EQ(open(native.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC), -1);
+  EXPECT_EQ(errno, ENXIO);
+}
+
+// A device may do something when it is opened.
+TEST_F(NativeFilesTest, AHandleWithoutAccessDoesNotOpenTheFile) {
+  const WString path = scratch_.Write(W("a.txt"), "abc");
+  const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  ASSERT_GE(inotify_add_watch(watch, scratch_.NativePath(W("a.txt")).c_str(), IN_OPEN), 0);
+  const auto wasOpened = [watch] {
+    alignas(inotify_event) char events[4096];
+    return read(watch, events, sizeof events) > 0;
+  };
+  for (const DWORD creation : {OPEN_EXISTING, OPEN_ALWAYS}) {
+    EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), 0, creation)), kNoFailure);
+    EXPECT_FALSE(wasOpened()) << creation;
+    EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), GENERIC_READ, creation)), kNoFailure);
+    EXPECT_TRUE(wasOpened()) << creation;
+  }
+  EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), 0, CREATE_ALWAYS)), kNoFailure);
+  EXPECT_TRUE(wasOpened());
+  EXPECT_EQ(scratch_.Read(W("a.txt")), "");
+  close(watch);
 }
 
 TEST_F(NativeFilesTest, AHandleIsNeverGivenTwice) {

@@ -1,5 +1,5 @@
 // Access lists that were set, natively: where there is no room to keep one, and where the owner of the file
-// may not read it.
+// may not read it, also with several processes at once.
 
 #include <gmock/gmock.h>
 
@@ -11,6 +11,7 @@
 
 #include "platform/outcome.h"
 #include "support/as_user_posix.h"
+#include "support/other_process_posix.h"
 #include "support/scratch_folder.h"
 #include "support/security_bytes.h"
 
@@ -22,34 +23,55 @@ namespace {
 
 constexpr DWORD kReadRights = 0x120089;
 constexpr DWORD kWriteRights = 0x120116;
+constexpr DWORD kExecuteRights = 0x1200A0;
 
 class KeptLists : public testing::Test {
  protected:
   KeptLists() { chmod(scratch_.NativePath(W("")).c_str(), 0755); }
 
   std::string Native() const { return scratch_.NativePath(W("a.txt")).string(); }
-  mode_t Mode() const {
+  struct stat Status() const {
     struct stat status;
     EXPECT_EQ(stat(Native().c_str(), &status), 0);
-    return status.st_mode & 07777;
+    return status;
   }
+  mode_t Mode() const { return Status().st_mode & 07777; }
   bool IsKept() const { return getxattr(Native().c_str(), "user.qxutils.access", nullptr, 0) >= 0; }
   void GiveFileToNobody() const {
     if (IsSuperuser()) {
       ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
     }
   }
-  // Sets a list that lets everyone read but the owner, and is to be inherited.
-  void SetUnreadableList() const {
+  std::string OwnerSid() const { return "S-1-22-1-" + std::to_string(Status().st_uid); }
+  std::string GroupSid() const { return "S-1-22-2-" + std::to_string(Status().st_gid); }
+  // Sets a list that gives the rights to everyone but the owner, and is to be inherited. 0 or an error.
+  DWORD DenyOwner(DWORD rights) const {
     const BYTE inherited = 3;
     BuiltList list;
-    list.Add(1, inherited, kReadRights, UserSidBytes(geteuid()))
-        .Add(0, inherited, kReadRights, EveryoneSid());
-    ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
-    ASSERT_EQ(Mode() & 0777, 0044u);
+    list.Add(1, inherited, rights, UserSidBytes(Status().st_uid)).Add(0, inherited, rights, EveryoneSid());
+    return SetEntries(file_, list.Get());
   }
-  static std::vector<ShownEntry> UnreadableEntries() {
-    return {{1, 3, kReadRights, "S-1-22-1-" + std::to_string(geteuid())}, {0, 3, kReadRights, "S-1-1-0"}};
+  // That list as it was set, and as the mode that it leaves says it.
+  std::vector<ShownEntry> SetEntriesOf(DWORD rights) const {
+    return {{1, 3, rights, OwnerSid()}, {0, 3, rights, "S-1-1-0"}};
+  }
+  std::vector<ShownEntry> ModeEntriesOf(DWORD rights) const {
+    return {{1, 0, rights, OwnerSid()}, {0, 0, rights, GroupSid()}, {0, 0, rights, "S-1-1-0"}};
+  }
+  // Fills what room there is for attributes with ever smaller ones. False if there is no end to it.
+  bool FillRoomForAttributes() const {
+    bool isFull = false;
+    int number = 0;
+    for (std::size_t size = 60000; size > 0 && number < 100; size /= 2) {
+      const std::string value(size, 'x');
+      for (; number < 100; ++number) {
+        const std::string name = "user.fill" + std::to_string(number);
+        if (setxattr(Native().c_str(), name.c_str(), value.data(), size, 0) == 0) continue;
+        isFull = true;
+        break;
+      }
+    }
+    return isFull && number < 100;
   }
 
   const ScratchFolder scratch_;
@@ -87,19 +109,7 @@ TEST_F(KeptLists, OneForWhichTheFileHasNoMoreRoomIsAnErrorAndTheOldOneNoLongerCo
   BuiltList old;
   old.Add(0, 3, kReadRights, EveryoneSid());
   ASSERT_EQ(SetEntries(file_, old.Get()), 0u);
-  // Fill what room there is for attributes, with ever smaller ones.
-  bool isFull = false;
-  int number = 0;
-  for (std::size_t size = 60000; size > 0 && number < 100; size /= 2) {
-    const std::string value(size, 'x');
-    for (; number < 100; ++number) {
-      const std::string name = "user.fill" + std::to_string(number);
-      if (setxattr(Native().c_str(), name.c_str(), value.data(), size, 0) == 0) continue;
-      isFull = true;
-      break;
-    }
-  }
-  if (!isFull || number == 100) return SUCCEED();  // the file system has room for any number of attributes
+  if (!FillRoomForAttributes()) return SUCCEED();  // the file system has room for any number of attributes
   std::vector<BYTE> memory = LongList(1000);
   EXPECT_EQ(SetEntries(file_, reinterpret_cast<ACL*>(memory.data())), 112u);
   EXPECT_EQ(Mode(), 0444u);
@@ -107,80 +117,111 @@ TEST_F(KeptLists, OneForWhichTheFileHasNoMoreRoomIsAnErrorAndTheOldOneNoLongerCo
   EXPECT_THAT(EntriesOfFile(file_), Optional(testing::SizeIs(3)));
 }
 
-TEST_F(KeptLists, TheOwnerReadsHisWithoutTheRightToReadTheFile) {
-  GiveFileToNobody();
-  const AsOrdinaryUser nobody;
-  SetUnreadableList();
-  EXPECT_EQ(EntriesOfFile(file_), UnreadableEntries());
-  EXPECT_EQ(Mode(), 0044u);
-  BYTE record[1000];
-  DWORD needed = 0;
-  PACL list = nullptr;
-  BOOL flag = FALSE;
-  ASSERT_TRUE(GetFileSecurityW(file_.c_str(), DACL_SECURITY_INFORMATION, record, sizeof record, &needed));
-  ASSERT_TRUE(GetSecurityDescriptorDacl(record, &flag, &list, &flag));
-  EXPECT_EQ(EntriesOf(list), UnreadableEntries());
-  EXPECT_EQ(Mode(), 0044u);
+// The mode says it whole.
+TEST_F(KeptLists, AnEmptyOneNeedsNoRoomAndTheOldOneNoLongerCounts) {
+  BuiltList old;
+  old.Add(1, 3, kReadRights, EveryoneSid());  // which leaves a mode of 0 too
+  ASSERT_EQ(SetEntries(file_, old.Get()), 0u);
+  ASSERT_TRUE(IsKept());
+  FillRoomForAttributes();
+  EXPECT_EQ(SetEntries(file_, BuiltList().Get()), 0u);
+  EXPECT_FALSE(IsKept());
+  EXPECT_EQ(Mode(), 0u);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(IsEmpty()));
 }
 
-TEST_F(KeptLists, TheOwnersFolderIsReadTheSameWay) {
+TEST_F(KeptLists, AnEmptyOneThatIsProtectedIsKept) {
+  ASSERT_EQ(SetEntries(file_, BuiltList().Get(), PROTECTED_DACL_SECURITY_INFORMATION), 0u);
+  EXPECT_TRUE(IsKept());
+}
+
+TEST_F(KeptLists, TheOwnerEmptiesHisThoughHeMayNotWriteTheFile) {
+  GiveFileToNobody();
+  const AsOrdinaryUser nobody;
+  ASSERT_EQ(DenyOwner(kReadRights), 0u);
+  ASSERT_EQ(SetEntries(file_, BuiltList().Get()), 0u);
+  EXPECT_EQ(Mode(), 0u);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(IsEmpty()));
+  ASSERT_EQ(chmod(Native().c_str(), 0600), 0);
+  EXPECT_FALSE(IsKept());
+}
+
+TEST_F(KeptLists, AnOwnerWhoMayNotReadTheFileIsShownTheListOfItsMode) {
+  GiveFileToNobody();
+  {
+    const AsOrdinaryUser nobody;
+    ASSERT_EQ(DenyOwner(kReadRights), 0u);
+    ASSERT_EQ(Mode(), 0044u);
+    EXPECT_EQ(EntriesOfFile(file_), ModeEntriesOf(kReadRights));
+    BYTE record[1000];
+    DWORD needed = 0;
+    PACL list = nullptr;
+    BOOL flag = FALSE;
+    ASSERT_TRUE(GetFileSecurityW(file_.c_str(), DACL_SECURITY_INFORMATION, record, sizeof record, &needed));
+    ASSERT_TRUE(GetSecurityDescriptorDacl(record, &flag, &list, &flag));
+    EXPECT_EQ(EntriesOf(list), ModeEntriesOf(kReadRights));
+  }
+  // Who may read it is shown the list that was set.
+  if (IsSuperuser()) EXPECT_EQ(EntriesOfFile(file_), SetEntriesOf(kReadRights));
+}
+
+TEST_F(KeptLists, AnOwnerWhoMayNotReadHisFolderIsShownTheListOfItsMode) {
   const WString folder = scratch_.MakeFolder(W("sub"));
   const std::string native = scratch_.NativePath(W("sub")).string();
   if (IsSuperuser()) {
     ASSERT_EQ(chown(native.c_str(), kNobody, kNobody), 0);
   }
-  const AsOrdinaryUser nobody;
-  BuiltList list;
-  list.Add(0, 3, kWriteRights, EveryoneSid());
-  ASSERT_EQ(SetEntries(folder, list.Get()), 0u);
-  EXPECT_THAT(EntriesOfFile(folder), Optional(ElementsAre(ShownEntry{0, 3, kWriteRights, "S-1-1-0"})));
   struct stat status;
-  ASSERT_EQ(stat(native.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777, 0222u);
+  {
+    const AsOrdinaryUser nobody;
+    BuiltList list;
+    list.Add(0, 3, kWriteRights, EveryoneSid());
+    ASSERT_EQ(SetEntries(folder, list.Get()), 0u);
+    ASSERT_EQ(stat(native.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0222u);
+    EXPECT_THAT(
+        EntriesOfFile(folder),
+        Optional(ElementsAre(ShownEntry{0, 0, kWriteRights, "S-1-22-1-" + std::to_string(status.st_uid)},
+                             ShownEntry{0, 0, kWriteRights, "S-1-22-2-" + std::to_string(status.st_gid)},
+                             ShownEntry{0, 0, kWriteRights, "S-1-1-0"})));
+  }
+  if (IsSuperuser())
+    EXPECT_THAT(EntriesOfFile(folder), Optional(ElementsAre(ShownEntry{0, 3, kWriteRights, "S-1-1-0"})));
   chmod(native.c_str(), 0700);  // for whoever removes it
 }
 
 TEST_F(KeptLists, AnUnreadableOneStaysWhenItsOwnerIsSetAgain) {
   GiveFileToNobody();
-  const AsOrdinaryUser nobody;
-  SetUnreadableList();
-  std::vector<BYTE> sid = UserSidBytes(geteuid());
-  WString name = file_;
-  EXPECT_EQ(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, sid.data(),
-                                  nullptr, nullptr, nullptr),
-            0u);
-  EXPECT_EQ(EntriesOfFile(file_), UnreadableEntries());
-  EXPECT_EQ(Mode(), 0044u);
+  {
+    const AsOrdinaryUser nobody;
+    ASSERT_EQ(DenyOwner(kReadRights), 0u);
+    std::vector<BYTE> sid = UserSidBytes(geteuid());
+    WString name = file_;
+    EXPECT_EQ(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, sid.data(),
+                                    nullptr, nullptr, nullptr),
+              0u);
+    EXPECT_EQ(Mode(), 0044u);
+  }
+  if (IsSuperuser()) EXPECT_EQ(EntriesOfFile(file_), SetEntriesOf(kReadRights));
 }
 
-TEST_F(KeptLists, OneOfAnotherOwnerThatMayNotBeReadIsDenied) {
+TEST_F(KeptLists, OneOfAnotherOwnerThatMayNotBeReadIsShownAsTheModeSaysIt) {
   if (!IsSuperuser()) return SUCCEED();  // there is no other user to make one
   BuiltList list;
   list.Add(0, 3, kReadRights, UserSidBytes(4001));
   ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
-  const WString free = scratch_.Write(W("b.txt"), "abc");
-  ASSERT_EQ(chmod(scratch_.NativePath(W("b.txt")).c_str(), 0), 0);
   const AsOrdinaryUser nobody;
-  PSECURITY_DESCRIPTOR descriptor = nullptr;
-  EXPECT_EQ(GetNamedSecurityInfoW(file_.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
-                                  nullptr, nullptr, &descriptor),
-            5u);
-  DWORD needed = 0;
-  EXPECT_FALSE(GetFileSecurityW(file_.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &needed));
-  EXPECT_EQ(GetLastError(), 5u);
-  // The owner is no secret, and where no list is kept there is none to deny.
-  EXPECT_FALSE(GetFileSecurityW(file_.c_str(), OWNER_SECURITY_INFORMATION, nullptr, 0, &needed));
-  EXPECT_EQ(GetLastError(), 122u);
-  EXPECT_THAT(EntriesOfFile(free), Optional(IsEmpty()));
+  EXPECT_THAT(EntriesOfFile(file_), Optional(ElementsAre(ShownEntry{1, 0, kReadRights, "S-1-22-1-0"},
+                                                         ShownEntry{0, 0, kReadRights, "S-1-22-1-4001"})));
 }
 
-TEST_F(KeptLists, AnUnreadableOneIsReadOnSeveralThreadsAndLeavesTheModeAsItIs) {
+TEST_F(KeptLists, AnUnreadableOneIsReadOnSeveralThreads) {
   constexpr int kThreads = 4;
   constexpr int kRounds = 100;
   GiveFileToNobody();
   const AsOrdinaryUser nobody;
-  SetUnreadableList();
-  const std::optional<std::vector<ShownEntry>> expected = UnreadableEntries();
+  ASSERT_EQ(DenyOwner(kReadRights), 0u);
+  const std::optional<std::vector<ShownEntry>> expected = ModeEntriesOf(kReadRights);
   std::atomic<int> right = 0;
   std::vector<std::thread> threads;
   for (int number = 0; number < kThreads; ++number) {
@@ -190,5 +231,49 @@ TEST_F(KeptLists, AnUnreadableOneIsReadOnSeveralThreadsAndLeavesTheModeAsItIs) {
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(right, kThreads * kRounds);
-  EXPECT_EQ(Mode(), 0044u);
+}
+
+TEST_F(KeptLists, ReadingInTwoProcessesChangesNothingAboutTheFile) {
+  GiveFileToNobody();
+  const AsOrdinaryUser nobody;
+  ASSERT_EQ(DenyOwner(kReadRights), 0u);
+  const struct stat before = Status();
+  const std::optional<std::vector<ShownEntry>> expected = ModeEntriesOf(kReadRights);
+  const auto readOften = [&] {
+    bool isRight = true;
+    for (int round = 0; round < 100; ++round) isRight = EntriesOfFile(file_) == expected && isRight;
+    return isRight;
+  };
+  OtherProcess other(readOften);
+  other.Begin();
+  EXPECT_TRUE(readOften());
+  EXPECT_TRUE(other.Finish());
+  const struct stat after = Status();
+  EXPECT_EQ(after.st_mode, before.st_mode);
+  EXPECT_EQ(after.st_ctim.tv_sec, before.st_ctim.tv_sec);
+  EXPECT_EQ(after.st_ctim.tv_nsec, before.st_ctim.tv_nsec);
+}
+
+// Each of the two leaves a mode under which the owner can neither read nor write the file.
+TEST_F(KeptLists, OfTwoProcessesThatSetOneTheModeIsThatOfOneOfThemWithNoRightLeftBehind) {
+  constexpr int kRounds = 200;
+  constexpr int kSets = 5;
+  GiveFileToNobody();
+  const auto setOften = [this](DWORD rights) {
+    const AsOrdinaryUser nobody;
+    bool isSet = true;
+    for (int set = 0; set < kSets; ++set) isSet = DenyOwner(rights) == 0 && isSet;
+    return isSet;
+  };
+  OtherProcess other([&] { return setOften(kExecuteRights); });
+  for (int round = 0; round < kRounds && !HasFailure(); ++round) {
+    other.Begin();
+    EXPECT_TRUE(setOften(kReadRights));
+    EXPECT_TRUE(other.Finish());
+    const mode_t mode = Mode();
+    EXPECT_TRUE(mode == 0044 || mode == 0011) << std::oct << mode;
+    const DWORD rights = mode == 0044 ? kReadRights : kExecuteRights;
+    const auto entries = EntriesOfFile(file_);
+    EXPECT_TRUE(entries == SetEntriesOf(rights) || entries == ModeEntriesOf(rights)) << round;
+  }
 }

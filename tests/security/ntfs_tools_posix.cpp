@@ -171,6 +171,12 @@ TEST_F(NtfsToolsNative, AFileWithoutAListShowsNoAccess) {
   EXPECT_EQ(tools_.GetAccessString(file_), W("   "));
 }
 
+TEST_F(NtfsToolsNative, AFileWithoutARecordIsAskedForItOnce) {
+  Faults::Watch("GetFileSecurityW");
+  EXPECT_EQ(tools_.GetAccessString(scratch_.Path(W("nosuch"))), W("   "));
+  EXPECT_EQ(Faults::CallCount("GetFileSecurityW"), 1);
+}
+
 // Streams.
 
 TEST_F(NtfsToolsNative, TwoStreamsOfTenAndTwentyBytesAreTwoOfThirty) {
@@ -190,11 +196,18 @@ TEST_F(NtfsToolsNative, TheFirstStreamOfAFolderIsTakenForItsUnnamedOne) {
   EXPECT_EQ(tools_.GetAlternateStreamSize(folder.c_str()), 10u);
 }
 
-TEST_F(NtfsToolsNative, TheQueryWorksWithoutTheRightToRead) {
+TEST_F(NtfsToolsNative, TheQueryWorksWithoutTheRightToReadButForTheSizes) {
   AddStream(W("a.txt"), "user.one", 10);
   SetMode(0);
   const AsOrdinaryUser ordinary;
   EXPECT_EQ(tools_.GetAlternateStreamCount(file_.c_str()), 1u);
+  EXPECT_EQ(tools_.GetAlternateStreamSize(file_.c_str()), 0u);
+}
+
+TEST_F(NtfsToolsNative, APipeHasNoStreamsAndIsNotOpenedForThem) {
+  const std::string native = scratch_.NativePath(W("pipe")).string();
+  ASSERT_EQ(mkfifo(native.c_str(), 0644), 0);
+  EXPECT_EQ(tools_.GetAlternateStreamCount(scratch_.Path(W("pipe")).c_str()), 0u);
 }
 
 TEST_F(NtfsToolsNative, ThePrivilegeIsEnabledForAFolderBeforeTheQueryIsMissedAndForAFileNever) {
@@ -319,6 +332,15 @@ TEST_F(NtfsToolsNative, AnOrdinaryUserResetsHisOwnFilesAlone) {
   EXPECT_EQ(tools_.ResetAccess(file_), 0u);
   EXPECT_EQ(Mode(), 0u);
   EXPECT_EQ(tools_.ResetAccess(W("Z:\\etc\\passwd")), 5u);
+}
+
+TEST_F(NtfsToolsNative, ResettingNeedsNoRoomForAttributes) {
+  for (int number = 0; number < 100; ++number) {
+    const std::string name = "user.fill" + std::to_string(number);
+    setxattr(Native().c_str(), name.c_str(), std::string(1000, 'x').data(), 1000, 0);
+  }
+  EXPECT_EQ(tools_.ResetAccess(file_), 0u);
+  EXPECT_THAT(EntriesOfFile(file_), Optional(IsEmpty()));
 }
 
 TEST_F(NtfsToolsNative, AMissingListIsResetToAnEmptyOne) {
