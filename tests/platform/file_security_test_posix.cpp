@@ -245,6 +245,20 @@ TEST_F(NativeRecords, AListThatIsSetIsGivenBackEntryByEntryWithItsFlags) {
                           ShownEntry{0, 16, 0x81, "S-1-1-0"}));
 }
 
+// The system sorts those that a POSIX access list names.
+TEST_F(NativeRecords, AListThatNamesUsersAndGroupsInAnyOrderIsGivenBackInIts) {
+  for (const bool isGroup : {false, true}) {
+    const auto sid = [isGroup](std::uint32_t id) { return isGroup ? GroupSidBytes(id) : UserSidBytes(id); };
+    const std::string kind = isGroup ? "S-1-22-2-" : "S-1-22-1-";
+    BuiltList list;
+    list.Add(0, 3, kRead, sid(4003)).Add(0, 3, kWrite, sid(4001)).Add(0, 3, kExecute, sid(4002));
+    ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
+    EXPECT_THAT(Entries(),
+                ElementsAre(ShownEntry{0, 3, kRead, kind + "4003"}, ShownEntry{0, 3, kWrite, kind + "4001"},
+                            ShownEntry{0, 3, kExecute, kind + "4002"}));
+  }
+}
+
 TEST_F(NativeRecords, AListIsGivenBackUntilTheFileIsNoLongerAsItLeftIt) {
   BuiltList list;
   list.Add(0, 3, kRead, EveryoneSid());
