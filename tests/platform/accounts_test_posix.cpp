@@ -1,4 +1,4 @@
-// SIDs byte by byte, and calls that Wine ends with a page fault.
+// SIDs byte by byte, calls that Wine ends with a page fault, and names of the machine's own database.
 
 #include <gtest/gtest.h>
 
@@ -194,4 +194,55 @@ TEST(AccountLookupsTest, ALocalSystemMayBeNamedByAnEmptyText) {
       1722u);
   EXPECT_EQ(FailureOf(LookupAccountNameW(W(""), W("Everyone"), nullptr, &sidSize, domain, &domainSize, &use)),
             122u);
+}
+
+namespace {
+
+std::string SidOfName(const WCHAR* name) {
+  BYTE sid[256];
+  WCHAR domain[256];
+  DWORD size = 256;
+  DWORD domainSize = 256;
+  SID_NAME_USE use;
+  if (!LookupAccountNameW(nullptr, name, sid, &size, domain, &domainSize, &use)) return "none";
+  EXPECT_EQ(domainSize, 0u);
+  return SidText(sid) + " " + std::to_string(use);
+}
+
+WString NameOfSid(std::vector<BYTE> sid) {
+  WCHAR name[256];
+  WCHAR domain[256];
+  DWORD size = 256;
+  DWORD domainSize = 256;
+  SID_NAME_USE use;
+  return LookupAccountSidW(nullptr, sid.data(), name, &size, domain, &domainSize, &use) ? name : u"";
+}
+
+}  // namespace
+
+TEST(NativeAccounts, NamesComeFromTheDatabaseOfAccounts) {
+  EXPECT_EQ(SidOfName(u"root"), "S-1-22-1-0 1");
+  EXPECT_EQ(SidOfName(u"nobody"), "S-1-22-1-65534 1");
+  EXPECT_EQ(SidOfName(u"nogroup"), "S-1-22-2-65534 4");
+  EXPECT_EQ(SidOfName(u"EVERYONE"), "S-1-1-0 5");
+  EXPECT_EQ(SidOfName(u""), "none");
+  EXPECT_EQ(SidOfName(u"nosuchuser"), "none");
+  EXPECT_EQ(SidOfName(u"DOMAIN\\root"), "none");
+  EXPECT_EQ(NameOfSid(UserSidBytes(65534)), u"nobody");
+  EXPECT_EQ(NameOfSid(GroupSidBytes(65534)), u"nogroup");
+}
+
+TEST(NativeAccounts, AnIdWithoutANameIsItsNumber) {
+  EXPECT_EQ(NameOfSid(UserSidBytes(3999999)), u"3999999");
+  EXPECT_EQ(NameOfSid(GroupSidBytes(3999998)), u"3999998");
+  EXPECT_EQ(SidOfName(u"3999999"), "S-1-22-1-3999999 1");
+  EXPECT_EQ(SidOfName(u"4294967295"), "none");
+  EXPECT_EQ(SidOfName(u"-1"), "none");
+}
+
+TEST(NativeAccounts, SidsOfOtherKindsAreNotMapped) {
+  EXPECT_EQ(NameOfSid(SidBytes(5, {18})), u"");
+  EXPECT_EQ(GetLastError(), 1332u);
+  EXPECT_EQ(NameOfSid(SidBytes(22, {3, 0})), u"");
+  EXPECT_EQ(NameOfSid(SidBytes(1, {1})), u"");
 }
