@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "frame/services/extension_ids.h"
+#include "multirename/rename_texts.h"
 
 namespace Velmora::SDK {
 
@@ -14,8 +15,6 @@ enum MultiRenameCommand : s32 {
 };
 
 // As the host knows them.
-constexpr TextId kMenuText = 131465325;
-constexpr TextId kCommandText = 655459;
 constexpr u32 kOpenFlags = 0x10000201;
 constexpr u32 kOpenDisplayWord = 0x400000;
 
@@ -35,12 +34,13 @@ s32 QXMultiRename::OnRegister(IHostApp* hostApp) {
   IHostMenuBuilder* const menus = hostApp->GetMenuBuilder();
   IHostCommandFactory* const commands = hostApp->GetCommandFactory();
   if (!menus || !commands) return 1;
-  const MenuHandle menu = menus->CreateRootMenu(kMenuText, 1, 0);
+  const MenuHandle menu = menus->CreateRootMenu(kRenameTextMenu, 1, 0);
+  if (!menu) return 1;
   menus->AddCommand(menu, nullptr, 1, 0);  // the entry of command 0, which the host tolerates
-  menus->AddCommand(
-      menu,
-      commands->CreateCommand(kCommandOpen, kOpenFlags, kCommandText, kCommandText, kOpenDisplayWord, 0), 1,
-      0);
+  menus->AddCommand(menu,
+                    commands->CreateCommand(kCommandOpen, kOpenFlags, kRenameTextTitle, kRenameTextTitle,
+                                            kOpenDisplayWord, 0),
+                    1, 0);
   return 1;
 }
 

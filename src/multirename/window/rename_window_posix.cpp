@@ -90,7 +90,8 @@ bool UndrawnRenameWindow::Open() {
   lists_.Container()->Dock(this, FrameLayout::kHeight);
   listKeys_.emplace(*lists_.List());
   loop_.AddFilter(*listKeys_);
-  parts_.emplace(UndrawnParts{frameForm_, panelForm_, controls_, *lists_.List(), title_, panes_});
+  parts_.emplace(
+      UndrawnParts{owner_.Context(), frameForm_, panelForm_, controls_, *lists_.List(), title_, panes_});
   remote_.reset(new UndrawnWindow(Frame()));
   remote_->parts_ = &*parts_;
   SetCurrentUndrawnWindow(remote_);

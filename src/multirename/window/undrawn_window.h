@@ -33,6 +33,7 @@ UndrawnUser* InstallUndrawnUser(UndrawnUser* user);
 
 // What a window consists of. On its thread.
 struct UndrawnParts {
+  RenameContext& context;
   FrameForm& frame;
   PanelForm& panel;
   UndrawnPanel& controls;
