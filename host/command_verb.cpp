@@ -10,6 +10,9 @@ namespace {
 constexpr s32 kFirstRename = 30000;
 constexpr s32 kLastRename = 30060;
 
+// Its window would close as soon as it is open: `qxhost window` keeps it.
+constexpr s32 kMultiRenameWindow = 31000;
+
 // The command as a person reads it: its name, if it has one, and its number.
 std::string CommandTitle(s32 number) {
   const std::string name(NameOfCommand(number));
@@ -55,6 +58,8 @@ class CommandVerb final : public Verb {
 
   int Execute(Run& run) override {
     const s32 number = CommandOfText(command_);
+    if (number == kMultiRenameWindow)
+      throw BadCall("the command " + CommandTitle(number) + " opens a window: use `qxhost window`");
     run.MakeConfigFolder();
     Extensions& extensions = run.LoadExtensions();
     extensions.Start();

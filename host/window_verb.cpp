@@ -44,7 +44,7 @@ class WindowVerb final : public Verb {
 
   std::string NoteOfZero() const override {
     if (wasPictureLost_) return "the picture could not be saved";
-    return "the module did not open the window of MultiRename: it is still to come";
+    return "the module could not open the window of MultiRename";
   }
 
   int Execute(Run& run) override {

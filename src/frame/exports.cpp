@@ -26,12 +26,16 @@ void DestroyPlugin(void* object) {
   delete dynamic_cast<Class*>(static_cast<IPluginInterface*>(object));
 }
 
+void DestroyMultiRename(void* object) {
+  MultiRenameCloser()(dynamic_cast<QXMultiRename*>(static_cast<IPluginInterface*>(object)));
+}
+
 void DestroyProperties(void* object) { delete static_cast<NTFSProp*>(static_cast<IFileProperties*>(object)); }
 
 constexpr ExtensionClass kClasses[kExtensionCount] = {
     {CreateExtension<CQXUtils, IPluginInterface>, DestroyPlugin<CQXUtils>},
     {CreateExtension<NTFSProp, IFileProperties>, DestroyProperties},
-    {CreateExtension<QXMultiRename, IPluginInterface>, DestroyPlugin<QXMultiRename>},
+    {CreateExtension<QXMultiRename, IPluginInterface>, DestroyMultiRename},
 };
 
 bool IsExtension(s32 index) { return index >= 0 && index < kExtensionCount; }

@@ -47,15 +47,14 @@ WString NumberText(const WString& text, WStringView width) {
   return padded;
 }
 
-WString TextFromHost(MultiRenameEngine& engine, const RenameTag& tag) {
+WString TextFromHost(IHostPropertyManager& manager, MultiRenameEngine& engine, const RenameTag& tag) {
   WCHAR path[kPropertyPathSize];
   path[0] = WCHAR();
   engine.currentItem->hostItem->GetFullPath(path, kPropertyPathSize);
   WCHAR buffer[kPropertyTextSize];
   buffer[0] = WCHAR();
   FilePropertyValue value;
-  const u32 count =
-      engine.propertyManager->GetValue(buffer, kPropertyTextSize, tag.text.c_str(), &value, path);
+  const u32 count = manager.GetValue(buffer, kPropertyTextSize, tag.text.c_str(), &value, path);
   if (static_cast<s32>(count) <= 0) return {};
   buffer[kPropertyTextSize - 1] = WCHAR();
   const WString text = buffer;
@@ -67,9 +66,10 @@ WString TextFromHost(MultiRenameEngine& engine, const RenameTag& tag) {
 }  // namespace
 
 std::optional<WString> PropertyText(MultiRenameEngine& engine, const RenameTag& tag) {
-  if (!engine.propertyManager || !engine.currentItem || !engine.currentItem->hostItem) return WString();
+  IHostPropertyManager* const manager = engine.propertyManager;
+  if (!manager || !engine.currentItem || !engine.currentItem->hostItem) return WString();
   try {
-    return TextFromHost(engine, tag);
+    return TextFromHost(*manager, engine, tag);
   } catch (...) {
     return std::nullopt;
   }

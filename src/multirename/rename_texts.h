@@ -6,6 +6,7 @@
 namespace Velmora::SDK {
 
 enum RenameTextId : TextId {
+  kRenameTextMenu = 0x07D6006D,  // the extension's menu; its command has the title's text
   // The window.
   kRenameTextTitle = 0x000A0063,         // the window's title, alone or before what follows it
   kRenameTextProfileTitle = 0x00150064,  // goes before a profile's name in the title
@@ -132,6 +133,7 @@ enum RenameCommonText : TextId {
 // All of which the first text is shown, for whoever must have a text for each. The second texts that are
 // shown are those of kPanelTips (panel_controls.h).
 inline constexpr RenameTextId kRenameTexts[] = {
+    kRenameTextMenu,
     kRenameTextTitle,
     kRenameTextProfileTitle,
     kRenameTextSessionTitle,

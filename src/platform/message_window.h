@@ -1,7 +1,11 @@
 // A window without a face: it receives the messages that other threads post to it (PostMessageW), and the
-// thread that made it takes them. For who drives the engine without a window of its own, and for tests.
+// thread that made it takes them, with Take or in a loop of GetMessageW and DispatchMessageW. For who drives
+// the engine without a window of its own, for the native build's windows, and for tests.
+//
+// It belongs to the thread that made it, and receives nothing any more once that has ended.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "platform/text.h"
@@ -14,12 +18,18 @@ struct PostedMessage {
 
 class QX_PLATFORM_API MessageWindow {
  public:
-  // On the thread that takes the messages.
-  MessageWindow();
+  // Called by DispatchMessageW. It may destroy the window.
+  using Handler = std::function<void(const PostedMessage& message)>;
+
+  // On the thread that takes the messages. Without a handler, messages that are dispatched go nowhere.
+  explicit MessageWindow(Handler handler = nullptr);
   MessageWindow(const MessageWindow&) = delete;
   MessageWindow& operator=(const MessageWindow&) = delete;
-  // What is posted to its handle from now on goes nowhere.
+  // What is posted to its handle from now on goes nowhere, and so does what was posted and not taken.
   ~MessageWindow();
+
+  // The messages that a handler gets: WM_CLOSE and those of applications. All others are the system's.
+  static constexpr bool IsHandled(UINT message) { return message == WM_CLOSE || message >= WM_APP; }
 
   HWND Handle() const;
 

@@ -1,17 +1,38 @@
 #include "platform/message_window.h"
 
 struct MessageWindow::State {
-  HWND window;
+  HWND window = nullptr;
+  std::shared_ptr<const Handler> handler;
+  WNDPROC procedure = nullptr;  // of the class
+
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    const auto* const state = reinterpret_cast<const State*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!state || !IsHandled(message))
+      return CallWindowProcW(state ? state->procedure : DefWindowProcW, window, message, first, second);
+    const std::shared_ptr<const Handler> handler = state->handler;  // the window may go during the call
+    (*handler)({message, first, second});
+    return 0;
+  }
 };
 
-// A window of the system's own class "STATIC" below no desktop: nobody sees it, and it answers nothing.
-MessageWindow::MessageWindow() : state_(std::make_unique<State>()) {
+// A window of the system's own class "STATIC" below no desktop: nobody sees it, and it does nothing.
+MessageWindow::MessageWindow(Handler handler) : state_(std::make_unique<State>()) {
   state_->window =
       CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  if (!state_->window || !handler) return;
+  state_->handler = std::make_shared<const Handler>(std::move(handler));
+  state_->procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(state_->window, GWLP_WNDPROC));
+  SetWindowLongPtrW(state_->window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state_.get()));
+  SetWindowLongPtrW(state_->window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&State::Procedure));
 }
 
 MessageWindow::~MessageWindow() {
-  if (state_->window) DestroyWindow(state_->window);
+  if (!state_->window) return;
+  if (state_->handler) {
+    SetWindowLongPtrW(state_->window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(state_->procedure));
+    SetWindowLongPtrW(state_->window, GWLP_USERDATA, 0);
+  }
+  DestroyWindow(state_->window);
 }
 
 HWND MessageWindow::Handle() const { return state_->window; }

@@ -1,4 +1,4 @@
-"""The menu of File Utils, row by row.
+"""The menus of File Utils and Multi Rename, row by row.
 
 A row is (depth, number, text id, display word): number None for a sub menu, 0 for a separator.
 """
@@ -51,6 +51,11 @@ FILE_UTILS = [
     (2, 30311, 0x0907006D, DISPLAY),
     (1, None, 0x0960006D, 0),  # Links
     (2, 30350, 0x0961006D, DISPLAY),
+]
+
+MULTI_RENAME = [
+    (0, None, 0x07D6006D, 0),
+    (1, 31000, 0x000A0063, DISPLAY),
 ]
 
 # The other module's menu, which has a literal text, and the branch in it.
@@ -147,12 +152,11 @@ CONTROL_PANEL = [
 def rows(control_panel=True, class_a=False):
     """The whole tree."""
     result = list(FILE_UTILS)
-    if not control_panel:
-        return result
-    result += BRANCH
-    for category, items in CONTROL_PANEL:
-        result.append((3, None, category, 0))
-        for number, _, text_id, on_class_a in items:
-            if on_class_a or not class_a:
-                result.append((4, number, text_id, DISPLAY))
-    return result
+    if control_panel:
+        result += BRANCH
+        for category, items in CONTROL_PANEL:
+            result.append((3, None, category, 0))
+            for number, _, text_id, on_class_a in items:
+                if on_class_a or not class_a:
+                    result.append((4, number, text_id, DISPLAY))
+    return result + MULTI_RENAME

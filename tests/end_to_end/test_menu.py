@@ -46,6 +46,7 @@ class Menu(HostTest):
         self.assertEqual(paths[30000], "File Utils/Rename/Full Name to UPPER CASE")
         self.assertEqual(paths[30150], "File Utils/Text and XML/Sort Lines...")
         self.assertEqual(paths[30350], "File Utils/Links/Create Link...")
+        self.assertEqual(paths[31000], "Multi Rename/MultiRename")
         self.assertEqual(paths[6161], "File Utils/System/Control Panel/System and Security/File History")
 
     def test_the_items_of_the_control_panel_have_their_english_names(self):
@@ -57,7 +58,7 @@ class Menu(HostTest):
     def test_every_command_has_exactly_one_name_and_nothing_else_has_one(self):
         events = self.tree()
         commands = [event for event in events if event["number"]]
-        self.assertEqual(len(commands), 33 + 62)
+        self.assertEqual(len(commands), 33 + 62 + 1)
         names = [event["name"] for event in commands]
         for name in names:
             self.assertRegex(name, r"^[a-z][a-z0-9]*(-[a-z0-9]+)*$")
@@ -68,7 +69,7 @@ class Menu(HostTest):
         names = {event["number"]: event["name"] for event in self.tree() if event["number"]}
         for number, name in ((30000, "upper-case"), (30010, "replace-x-with-y"), (30150, "sort-lines"),
                              (30151, "find-and-replace"), (30210, "encode-base64"), (30350, "create-link"),
-                             (6161, "control-file-history")):
+                             (6161, "control-file-history"), (31000, "multi-rename")):
             self.assertEqual(names[number], name)
 
     def test_no_text_is_missing(self):

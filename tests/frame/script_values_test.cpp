@@ -13,9 +13,7 @@ namespace {
 constexpr ScriptSwitch kSwitches[] = {{"FIRST", 1}, {"SECOND", 0x20}, {"THIRD", 0x80000000}};
 
 FakeCommandCall CallWith(const std::set<std::string>& switches) {
-  FakeCommandCall call(1);
-  call.switches = switches;
-  return call;
+  return FakeCommandCall(1, switches);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace Velmora::SDK {
 // Stops the run in the host until it is let go.
 class RunGate {
  public:
-  explicit RunGate(PanelHost& host) {
+  explicit RunGate(RenameHost& host) {
     host.renames.atRun = [this] {
       inRun.Release();
       go.Acquire();

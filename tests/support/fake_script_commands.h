@@ -41,7 +41,8 @@ class FakeCommandSet final : public Velmora::SDK::IHostCustomCommandSet {
 // A call with the parameters that a test gives it. A value is lent until the call's next operation.
 class FakeCommandCall final : public Velmora::SDK::IHostCommandCall {
  public:
-  explicit FakeCommandCall(Velmora::SDK::u32 number) : number_(number) {}
+  explicit FakeCommandCall(Velmora::SDK::u32 number, std::set<std::string> given = {})
+      : switches(std::move(given)), number_(number) {}
 
   std::map<std::string, WString> values;
   std::set<std::string> switches;

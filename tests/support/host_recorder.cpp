@@ -20,40 +20,68 @@ std::string OperationOf(const std::string& call) {
 }  // namespace
 
 void HostRecorder::Record(std::string call) {
-  for (const auto& text : lent_) std::fill(text->begin(), text->end(), W('#'));
+  const std::lock_guard lock(mutex_);
+  Keep(std::move(call));
+}
+
+void HostRecorder::Keep(std::string call) {
+  for (const auto& text : lent_[std::this_thread::get_id()]) std::fill(text->begin(), text->end(), W('#'));
   calls_.push_back(std::move(call));
 }
 
 bool HostRecorder::Allow(std::string call) {
   const std::string operation = OperationOf(call);
-  Record(std::move(call));
+  const std::lock_guard lock(mutex_);
+  Keep(std::move(call));
   ++refusableCalls_;
   if (refused_.count(operation)) return false;
   return refusableCalls_ != refusedCall_ && !(refuseLater_ && refusableCalls_ > refusedCall_);
 }
 
+void HostRecorder::Refuse(const std::string& operation) {
+  const std::lock_guard lock(mutex_);
+  refused_.insert(operation);
+}
+
 void HostRecorder::RefuseCall(int nth, bool repeat) {
+  const std::lock_guard lock(mutex_);
   refusedCall_ = nth;
   refuseLater_ = repeat;
 }
 
-void HostRecorder::Taken(const std::string& object) { ++open_[object]; }
+void HostRecorder::Problem(std::string what) {
+  const std::lock_guard lock(mutex_);
+  problems_.push_back(std::move(what));
+}
+
+void HostRecorder::ClearCalls() {
+  const std::lock_guard lock(mutex_);
+  calls_.clear();
+}
+
+void HostRecorder::Taken(const std::string& object) {
+  const std::lock_guard lock(mutex_);
+  ++open_[object];
+}
 
 void HostRecorder::GivenBack(const std::string& object) {
+  const std::lock_guard lock(mutex_);
   int& count = open_[object];
   if (count == 0) {
-    Problem(object + " was given back without being taken");
+    problems_.push_back(object + " was given back without being taken");
     return;
   }
   --count;
 }
 
 bool HostRecorder::IsTaken(const std::string& object) const {
+  const std::lock_guard lock(mutex_);
   const auto found = open_.find(object);
   return found != open_.end() && found->second > 0;
 }
 
 std::vector<std::string> HostRecorder::Open() const {
+  const std::lock_guard lock(mutex_);
   std::vector<std::string> open;
   for (const auto& [object, count] : open_) {
     if (count != 0) open.push_back(object);
@@ -62,6 +90,7 @@ std::vector<std::string> HostRecorder::Open() const {
 }
 
 std::vector<std::string> HostRecorder::CallsOf(const std::vector<std::string>& beginnings) const {
+  const std::lock_guard lock(mutex_);
   std::vector<std::string> found;
   for (const std::string& call : calls_) {
     if (BeginsWithAny(call, beginnings)) found.push_back(call);
@@ -70,6 +99,7 @@ std::vector<std::string> HostRecorder::CallsOf(const std::vector<std::string>& b
 }
 
 std::vector<std::string> HostRecorder::CallsExcept(const std::vector<std::string>& beginnings) const {
+  const std::lock_guard lock(mutex_);
   std::vector<std::string> found;
   for (const std::string& call : calls_) {
     if (!BeginsWithAny(call, beginnings)) found.push_back(call);
@@ -78,6 +108,7 @@ std::vector<std::string> HostRecorder::CallsExcept(const std::vector<std::string
 }
 
 int HostRecorder::PositionOf(const std::string& beginning) const {
+  const std::lock_guard lock(mutex_);
   for (std::size_t i = 0; i < calls_.size(); ++i) {
     if (calls_[i].rfind(beginning, 0) == 0) return static_cast<int>(i);
   }
@@ -85,8 +116,10 @@ int HostRecorder::PositionOf(const std::string& beginning) const {
 }
 
 const WCHAR* HostRecorder::Lend(WStringView text) {
-  lent_.push_back(std::make_unique<WString>(text));
-  return lent_.back()->c_str();
+  const std::lock_guard lock(mutex_);
+  std::vector<std::unique_ptr<WString>>& lent = lent_[std::this_thread::get_id()];
+  lent.push_back(std::make_unique<WString>(text));
+  return lent.back()->c_str();
 }
 
 std::string Quoted(const WCHAR* text) { return text ? "\"" + ToUtf8(text) + "\"" : "null"; }

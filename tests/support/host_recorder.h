@@ -1,27 +1,30 @@
 // What all parts of the fake host share: the record of calls, the count of what is taken and given back, the
-// refusals, and the texts that are lent out.
+// refusals, and the texts that are lent out. Any thread; what returns a reference is for a time when no other
+// thread calls the host.
 #pragma once
 
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/text.h"
 
 class HostRecorder {
  public:
-  // Records a call as "object.Operation(arguments)". A text that the host lent before is overwritten now: it
-  // is the caller's only until its next call into the host.
+  // Records a call as "object.Operation(arguments)". A text that the host lent this thread before is
+  // overwritten now: it is the caller's only until its next call into the host.
   void Record(std::string call);
 
   // The same for an operation that can be refused. False if this call is to be refused.
   bool Allow(std::string call);
 
   // Refuses every call of this operation ("GetConfig").
-  void Refuse(const std::string& operation) { refused_.insert(operation); }
+  void Refuse(const std::string& operation);
   // Refuses the refusable call number `nth` (1 is the first), and with `repeat` all later ones.
   void RefuseCall(int nth, bool repeat);
   int RefusableCalls() const { return refusableCalls_; }
@@ -34,7 +37,7 @@ class HostRecorder {
   std::vector<std::string> Open() const;
 
   // A use of the interfaces that the host does not allow, such as one of a list after its release.
-  void Problem(std::string what) { problems_.push_back(std::move(what)); }
+  void Problem(std::string what);
   const std::vector<std::string>& Problems() const { return problems_; }
 
   const std::vector<std::string>& Calls() const { return calls_; }
@@ -43,17 +46,20 @@ class HostRecorder {
   std::vector<std::string> CallsExcept(const std::vector<std::string>& beginnings) const;
   // The first position in Calls of one that begins so, or -1.
   int PositionOf(const std::string& beginning) const;
-  void ClearCalls() { calls_.clear(); }
+  void ClearCalls();
 
-  // Lends a text until the next call.
+  // Lends a text until the next call of this thread.
   const WCHAR* Lend(WStringView text);
 
  private:
+  void Keep(std::string call);
+
+  mutable std::mutex mutex_;  // guards what follows
   std::vector<std::string> calls_;
   std::vector<std::string> problems_;
   std::map<std::string, int> open_;
   std::set<std::string> refused_;
-  std::vector<std::unique_ptr<WString>> lent_;
+  std::map<std::thread::id, std::vector<std::unique_ptr<WString>>> lent_;
   int refusableCalls_ = 0;
   int refusedCall_ = 0;
   bool refuseLater_ = false;

@@ -30,6 +30,8 @@ class RenameWindowOwner {
 
 class RenameWindow {
  public:
+  // Closes a frame that is still there, in the same order: the loop has ended without it, or the window could
+  // not be shown.
   virtual ~RenameWindow() = default;
 
   // Null once it is destroyed. WM_CLOSE may be posted to it from any thread.

@@ -6,6 +6,7 @@
 
 #include "platform/posix/fault_gate.h"
 #include "platform/posix/last_error.h"
+#include "platform/posix/message_queue.h"
 #include "platform/posix/waitable.h"
 #include "platform/posix/windows_functions.h"
 
@@ -47,15 +48,19 @@ using Platform::Waitables;
 }  // namespace
 
 HANDLE CreateThread(SECURITY_ATTRIBUTES*, std::size_t, LPTHREAD_START_ROUTINE start, LPVOID parameter,
-                    DWORD flags, DWORD*) {
+                    DWORD flags, DWORD* number) {
   if (Platform::FaultFires("CreateThread", flags)) return nullptr;
   const auto end = std::make_shared<Waitable>(false, false);
   if ((flags & CREATE_SUSPENDED) != 0) end->gate = std::make_shared<Waitable>(false, false);
   const HANDLE handle = Waitables::Instance().Add(end);
+  const DWORD ownNumber = Platform::NewThreadNumber();
+  if (number) *number = ownNumber;
   try {
-    std::thread([start, parameter, end] {
+    std::thread([start, parameter, end, ownNumber] {
+      Platform::SetThreadNumber(ownNumber);
       if (end->gate) end->gate->Wait(INFINITE);
       start(parameter);
+      Platform::EndMessageQueue();
       end->Set();
     }).detach();
   } catch (const std::system_error&) {
@@ -111,3 +116,9 @@ DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds) {
 }
 
 void Sleep(DWORD milliseconds) { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
+
+BOOL SwitchToThread() {
+  if (Platform::FaultFires("SwitchToThread")) return FALSE;
+  std::this_thread::yield();
+  return TRUE;
+}

@@ -123,8 +123,8 @@ QX_PLATFORM_API int GetTimeFormatW(LCID locale, DWORD flags, const SYSTEMTIME* t
                                    WCHAR* buffer, int size);
 
 // Threads and events, closed with CloseHandle. A thread ends by returning; one that was made with
-// CREATE_SUSPENDED begins at its ResumeThread. Its exit code and its number are not kept. WaitForSingleObject
-// waits for a thread's end or for an event. Events have no names.
+// CREATE_SUSPENDED begins at its ResumeThread. Its exit code is not kept. WaitForSingleObject waits for a
+// thread's end or for an event. Events have no names.
 QX_PLATFORM_API HANDLE CreateThread(SECURITY_ATTRIBUTES* security, std::size_t stackSize,
                                     LPTHREAD_START_ROUTINE start, LPVOID parameter, DWORD flags,
                                     DWORD* number);
@@ -135,10 +135,22 @@ QX_PLATFORM_API BOOL SetEvent(HANDLE event);
 QX_PLATFORM_API BOOL ResetEvent(HANDLE event);
 QX_PLATFORM_API DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds);
 QX_PLATFORM_API void Sleep(DWORD milliseconds);
+QX_PLATFORM_API DWORD GetCurrentThreadId();
+// Gives up the rest of the thread's time. Returns whether another thread was ready, as far as is known.
+QX_PLATFORM_API BOOL SwitchToThread();
 
-// Messages, to the windows of platform/message_window.h. Any other handle fails with
-// ERROR_INVALID_WINDOW_HANDLE (1400).
+// Messages. A thread has a queue from its first PeekMessageW, GetMessageW, PostQuitMessage or window on; to
+// post to one without fails with ERROR_INVALID_THREAD_ID (1444). The windows are those of
+// platform/message_window.h: any other handle, and one whose thread has ended, fails with
+// ERROR_INVALID_WINDOW_HANDLE (1400). A filter by the numbers of messages fails with ERROR_INVALID_PARAMETER
+// (87). There is no keyboard: TranslateMessage does nothing.
 QX_PLATFORM_API BOOL PostMessageW(HWND window, UINT message, WPARAM first, LPARAM second);
+QX_PLATFORM_API BOOL PostThreadMessageW(DWORD thread, UINT message, WPARAM first, LPARAM second);
+QX_PLATFORM_API void PostQuitMessage(int exitCode);
+QX_PLATFORM_API BOOL GetMessageW(MSG* message, HWND window, UINT least, UINT most);
+QX_PLATFORM_API BOOL PeekMessageW(MSG* message, HWND window, UINT least, UINT most, UINT flags);
+QX_PLATFORM_API BOOL TranslateMessage(const MSG* message);
+QX_PLATFORM_API LRESULT DispatchMessageW(const MSG* message);
 
 // Libraries, named in any case, with ".dll" or without. There are "kernel32.dll" with CompareStringEx,
 // CompareStringOrdinal and CreateSymbolicLinkW, and "netmsg.dll", the library of Windows' network messages,

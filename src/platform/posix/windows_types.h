@@ -15,6 +15,7 @@ using LONGLONG = std::int64_t;
 using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
 using LPARAM = std::intptr_t;
+using LRESULT = std::intptr_t;
 using WPARAM = std::uintptr_t;
 using WCHAR = char16_t;
 using LCID = DWORD;
@@ -58,6 +59,23 @@ struct SYSTEMTIME {
   WORD wSecond;
   WORD wMilliseconds;
 };
+
+struct POINT {
+  LONG x;
+  LONG y;
+};
+
+// A message of a thread's queue. The time and the place are zero here.
+struct tagMSG {
+  HWND hwnd;  // null for a message of the thread itself
+  UINT message;
+  WPARAM wParam;
+  LPARAM lParam;
+  DWORD time;
+  POINT pt;
+};
+using MSG = tagMSG;
+static_assert(sizeof(MSG) == 48);
 
 using LPTHREAD_START_ROUTINE = DWORD (*)(LPVOID parameter);
 
@@ -172,6 +190,7 @@ constexpr DWORD ERROR_IO_DEVICE = 1117;
 constexpr DWORD ERROR_CANCELLED = 1223;
 constexpr DWORD ERROR_PRIVILEGE_NOT_HELD = 1314;
 constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
+constexpr DWORD ERROR_INVALID_THREAD_ID = 1444;
 constexpr DWORD ERROR_TIMEOUT = 1460;
 constexpr DWORD ERROR_UNSUPPORTED_TYPE = 1630;
 constexpr DWORD ERROR_INVALID_REPARSE_DATA = 4392;
@@ -227,3 +246,14 @@ constexpr int IDCANCEL = 2;
 constexpr int IDYES = 6;
 constexpr int IDNO = 7;
 constexpr int SW_SHOW = 5;
+
+// Messages.
+constexpr UINT WM_PAINT = 0x000F;
+constexpr UINT WM_CLOSE = 0x0010;
+constexpr UINT WM_QUIT = 0x0012;
+constexpr UINT WM_NCMOUSEMOVE = 0x00A0;
+constexpr UINT WM_TIMER = 0x0113;
+constexpr UINT WM_MOUSEMOVE = 0x0200;
+constexpr UINT WM_APP = 0x8000;
+constexpr UINT PM_NOREMOVE = 0;
+constexpr UINT PM_REMOVE = 1;

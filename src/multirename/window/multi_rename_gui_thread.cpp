@@ -1,0 +1,104 @@
+#include "multirename/window/multi_rename_gui_thread.h"
+
+#include <chrono>
+
+#include "multirename/window/message_loops.h"
+#include "platform/com_apartment.h"
+
+namespace Velmora::SDK {
+
+namespace {
+
+constexpr UINT kThreadCommand = 32810;  // a message of the host's to the thread
+
+}  // namespace
+
+MultiRenameGUIThread::~MultiRenameGUIThread() {
+  if (thread_) CloseHandle(thread_);
+}
+
+bool MultiRenameGUIThread::Create() {
+  // It begins when its handle and its number are known.
+  thread_ = CreateThread(nullptr, 0, ThreadMain, this, CREATE_SUSPENDED, &number_);
+  if (!thread_) return false;
+  ResumeThread(thread_);
+  return true;
+}
+
+MultiRenameGUIThread::Word MultiRenameGUIThread::WaitForWord(DWORD milliseconds) {
+  std::unique_lock lock(mutex_);
+  spoken_.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return word_ != Word::kNone; });
+  isAwaited_ = false;
+  return word_;
+}
+
+void MultiRenameGUIThread::Say(Word word) {
+  bool isLate = false;
+  {
+    const std::lock_guard lock(mutex_);
+    word_ = word;
+    isLate = !isAwaited_;
+    spoken_.notify_all();
+  }
+  if (isLate && word == Word::kFailed) owner_.OnLateFailure();
+}
+
+// The flag serves a thread that has no queue yet, and one whose window takes messages while it is made.
+void MultiRenameGUIThread::PostQuit() {
+  isQuitWanted_ = true;
+  PostThreadMessageW(number_, WM_QUIT, 0, 0);
+}
+
+bool MultiRenameGUIThread::WaitForEnd(DWORD milliseconds) const {
+  return !thread_ || WaitForSingleObject(thread_, milliseconds) == WAIT_OBJECT_0;
+}
+
+DWORD MultiRenameGUIThread::ThreadMain(LPVOID thread) {
+  auto& self = *static_cast<MultiRenameGUIThread*>(thread);
+  SwitchToThread();
+  self.owner_.OnThreadBegin();
+  const int exitCode = self.Run();
+  self.owner_.OnThreadEnd();
+  return static_cast<DWORD>(exitCode);
+}
+
+int MultiRenameGUIThread::Run() {
+  MessageLoop loop;
+  const MessageLoopEntry entry(loop);
+  loop.AddFilter(*this);
+  const ComApartment apartment;
+  const std::unique_ptr<RenameWindow> window = MakeWindow(loop);
+  if (!window) {
+    Say(Word::kFailed);
+    return 0;
+  }
+  Say(Word::kOpened);
+  if (isQuitWanted_) PostMessageW(window->Frame(), WM_CLOSE, 0, 0);
+  return loop.Run();
+}
+
+// Whatever the host or the memory does, there is a whole window or none.
+std::unique_ptr<RenameWindow> MultiRenameGUIThread::MakeWindow(MessageLoop& loop) {
+  std::unique_ptr<RenameWindow> window;
+  try {
+    window = OpenRenameWindow(owner_, loop);
+    if (!window) return nullptr;
+    // A new selection from here on is told to the window; the one of before is what FillList shows.
+    owner_.OnWindowMade(window.get());
+    window->Show();
+    window->Form().FillList();
+    return window;
+  } catch (...) {
+    owner_.OnWindowMade(nullptr);
+    return nullptr;
+  }
+}
+
+bool MultiRenameGUIThread::FilterMessage(MSG& message) {
+  if (message.hwnd) return false;
+  if (message.message == kThreadCommand)
+    owner_.OnThreadCommand(static_cast<s32>(message.wParam), 0, message.lParam);
+  return message.message == kThreadCommand || message.message == WM_TIMER;
+}
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,79 @@
+// The controls of a window that is not drawn: what they hold, and the views of MultiRename's forms over them.
+// Native build only; on the window's thread.
+#pragma once
+
+#include <map>
+
+#include "multirename/dialog_form.h"
+#include "multirename/panel_form.h"
+
+namespace Velmora::SDK {
+
+struct UndrawnControl {
+  WString text;
+  bool isChecked = false;
+  bool isEnabled = true;
+  std::vector<WString> lines;
+  int selectedLine = kNoLine;
+  std::vector<TableColumn> columns;
+  TableRows rows;
+  int markedRow = kNoLine;
+};
+
+template <typename View>
+class UndrawnControls : public View {
+ public:
+  HWND window = nullptr;
+  std::map<int, UndrawnControl> controls;
+
+  UndrawnControl& operator[](int control) { return controls[control]; }
+
+  HWND Window() override { return window; }
+  WString GetText(int control) override { return controls[control].text; }
+  void SetText(int control, const WString& text) override { controls[control].text = text; }
+  void SelectEnd(int) override {}
+  bool IsChecked(int control) override { return controls[control].isChecked; }
+  void SetChecked(int control, bool isChecked) override { controls[control].isChecked = isChecked; }
+  void SetEnabled(int control, bool isEnabled) override { controls[control].isEnabled = isEnabled; }
+  void GiveFocus(int) override {}
+  void SetLines(int control, const std::vector<WString>& lines) override {
+    controls[control].lines = lines;
+    controls[control].selectedLine = kNoLine;
+  }
+  int SelectedLine(int control) override { return controls[control].selectedLine; }
+  void SelectLine(int control, int line) override { controls[control].selectedLine = line; }
+  void SetColumns(int control, std::span<const TableColumn> columns) override {
+    controls[control].columns.assign(columns.begin(), columns.end());
+  }
+  void SetRows(int control, const TableRows& rows) override {
+    controls[control].rows = rows;
+    controls[control].markedRow = kNoLine;
+  }
+  int MarkedRow(int control) override { return controls[control].markedRow; }
+  void SelectRow(int control, int row) override { controls[control].markedRow = row; }
+  int ShowBox(const WString& title, const WString& text, UINT style) override {
+    return MessageBoxW(window, text.c_str(), title.c_str(), style);
+  }
+
+ protected:
+  ~UndrawnControls() = default;
+};
+
+class UndrawnDialog final : public UndrawnControls<DialogView> {
+ public:
+  int result = 0;  // what its form has closed it with; 0 while it is open
+
+  void Close(int closeResult) override { result = closeResult; }
+};
+
+class UndrawnPanel final : public UndrawnControls<PanelView> {
+ public:
+  std::map<int, WString> tips;
+
+  void Post(RenameMessage message) override { PostMessageW(window, message, 0, 0); }
+  int ShowMenu(int control, const MenuLines& lines) override;
+  int RunDialog(int resource, DialogForm& form) override;
+  void SetTip(int control, const WString& text) override { tips[control] = text; }
+};
+
+}  // namespace Velmora::SDK

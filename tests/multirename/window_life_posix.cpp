@@ -1,0 +1,456 @@
+// The life of MultiRename's window: its start, its end by the user and by the host, in each order, with the
+// worker idle, in a preview and in a run. Runs under thread checks as well.
+#include <gmock/gmock.h>
+
+#include "multirename/window_test.h"
+#include "platform/posix/user_interface.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class WindowLife : public WindowTest {};
+
+TEST_F(WindowLife, TheCommandOpensAWindowWithTheSelectedRows) {
+  Open({W("a.t"), W("b.t")});
+  EXPECT_THAT(Shown(), ElementsAre(W("a.t"), W("b.t")));
+  Do([](UndrawnParts& parts) {
+    EXPECT_EQ(parts.title, W("T000A0063"));
+    EXPECT_EQ(parts.context.imageSet, 5u);
+    EXPECT_EQ(parts.panes.count(0), 1u);
+  });
+  const PaintedContainer& container = host_.controls.at(0);
+  EXPECT_NE(container.docked, nullptr);
+  EXPECT_THAT(container.list.headings, ElementsAre(W("T00960064"), W("T00970064")));
+  EXPECT_EQ(container.list.rowHeight, 16u);
+}
+
+TEST_F(WindowLife, AnEmptySelectionOpensAWindowAsWell) {
+  Open({});
+  EXPECT_EQ(RowCount(), 0u);
+}
+
+TEST_F(WindowLife, AWindowHasALivePreview) {
+  Open({W("a.t"), W("b.t")});
+  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
+  Settle();
+  EXPECT_THAT(Shown(), ElementsAre(W("x01.t"), W("x02.t")));
+}
+
+TEST_F(WindowLife, ThereIsNeverASecondWindow) {
+  Open({W("a.t")});
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(host_.containers, 1);
+  EXPECT_EQ(UndrawnWindow::Current(), window_);
+}
+
+TEST_F(WindowLife, ASecondCommandEmptiesTheListAndAddsNoRowsUntilReset) {
+  Open({W("a.t")});
+  Select({W("c.t"), W("d.t")});
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  Settle();
+  EXPECT_EQ(RowCount(), 0u);
+  window_->Post([](UndrawnParts& parts) { parts.Press(1071); });
+  Serve(32000);
+  Settle();
+  EXPECT_THAT(Shown(), ElementsAre(W("c.t"), W("d.t")));
+}
+
+TEST_F(WindowLife, ItemsLiveUntilTheListIsEmptyAndTheWorkerIsThroughWithThem) {
+  GateProperties gate;
+  host_.manager = &gate;
+  Open({W("a.t"), W("b.t"), W("c.t")});
+  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
+  gate.entered.Acquire();
+  for (int round = 0; round < 3; ++round) EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  gate.isOpen = true;
+  gate.gate.Release();
+  Settle();
+  EXPECT_EQ(RowCount(), 0u);
+}
+
+TEST_F(WindowLife, Command32000ReadsTheSelectionAndSetsItsEventWithAWindowAndWithout) {
+  const FileHandle event(CreateEventW(nullptr, FALSE, FALSE, nullptr));
+  const auto number = reinterpret_cast<std::intptr_t>(event.Get());
+  EXPECT_EQ(Plugin().OnCommand(32000, 0, number), 1);
+  EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_OBJECT_0);
+  Open({W("a.t")});
+  Select({W("c.t")});
+  EXPECT_EQ(Plugin().OnCommand(32000, 0, number), 1);
+  EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_OBJECT_0);
+  Do([](UndrawnParts& parts) { EXPECT_EQ(parts.context.rows.Get()->front().oldName, W("c.t")); });
+}
+
+TEST_F(WindowLife, UnknownCommandsAnd20500DoNothingWithAWindow) {
+  Open({W("a.t")});
+  for (const s32 number : {0, 1, 20500, 30000, 30999, 31001, 32001, -1})
+    EXPECT_EQ(Plugin().OnCommand(number, 0, 0), 0) << number;
+  EXPECT_EQ(RowCount(), 1u);
+}
+
+// Events of the host.
+
+TEST_F(WindowLife, AnEventOnAnotherThreadChangesNothing) {
+  Open({W("a.t"), W("b.t")});
+  Do([this](UndrawnParts& parts) {
+    parts.panes[0] = W("as it was");
+    host_.controls[0].list.selected = {0};
+  });
+  EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
+  EXPECT_FALSE(Plugin().OnHostEvent(0, 1));
+  std::thread([this] { EXPECT_FALSE(Plugin().OnHostEvent(77, 52300)); }).join();
+  Do([](UndrawnParts& parts) { EXPECT_EQ(parts.panes[0], W("as it was")); });
+}
+
+TEST_F(WindowLife, AChangeOfTheSelectionShowsTheCounts) {
+  host_.texts[3407972] = W("%d of which %d");
+  Open({W("a.t"), W("b.t")});
+  Do([this](UndrawnParts& parts) {
+    host_.controls[0].list.selected = {0};
+    EXPECT_TRUE(Plugin().OnHostEvent(78, 52300));  // another list's
+    EXPECT_NE(parts.panes[0], W("2 of which 1"));
+    EXPECT_TRUE(Plugin().OnHostEvent(77, 52300));
+    EXPECT_EQ(parts.panes[0], W("2 of which 1"));
+    EXPECT_TRUE(Plugin().OnHostEvent(77, 4711));
+  });
+}
+
+TEST_F(WindowLife, NoEventIsTakenOnceTheWindowHasClosed) {
+  Open({W("a.t")});
+  Do([this](UndrawnParts& parts) {
+    parts.Press(1041);
+    EXPECT_TRUE(Plugin().OnHostEvent(77, 52300));
+  });
+  window_->WaitForClose();
+  Serve(20002);
+  EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
+}
+
+// Messages of the thread.
+
+TEST_F(WindowLife, AThreadMessage32810IsACommandWithItsSecondArgument) {
+  Open({W("a.t")});
+  const FileHandle event(CreateEventW(nullptr, FALSE, FALSE, nullptr));
+  Do([&](UndrawnParts&) {
+    PostThreadMessageW(GetCurrentThreadId(), 32810, 32000, reinterpret_cast<LPARAM>(event.Get()));
+  });
+  EXPECT_EQ(WaitForSingleObject(event.Get(), kMissed), WAIT_OBJECT_0);
+}
+
+TEST_F(WindowLife, AShutdownOnTheWindowsOwnThreadReturnsAtOnceAndClosesNothing) {
+  Open({W("a.t")});
+  Do([this](UndrawnParts&) { EXPECT_EQ(Plugin().OnCommand(20002, 0, 0), 0); });
+  EXPECT_EQ(host_.closed, 0);
+  EXPECT_EQ(RowCount(), 1u);
+}
+
+TEST_F(WindowLife, ATimerOfTheThreadIsDropped) {
+  Open({W("a.t")});
+  Do([](UndrawnParts&) { PostThreadMessageW(GetCurrentThreadId(), 275, 0, 0); });
+  Settle();
+}
+
+TEST_F(WindowLife, TheListSeesTheMessagesOfTheLoop) {
+  Open({W("a.t")});
+  const int before = host_.controls[0].list.filtered;
+  Do([](UndrawnParts& parts) { PostMessageW(parts.controls.Window(), WM_APP, 0, 0); });
+  Do([](UndrawnParts&) {});
+  Do([&](UndrawnParts&) { EXPECT_GT(host_.controls[0].list.filtered, before); });
+}
+
+TEST_F(WindowLife, TheContextMenuOfTheListMovesRows) {
+  class User final : public UndrawnUser {
+   public:
+    int ChooseLine(const MenuLines& lines) override {
+      EXPECT_EQ(lines.size(), 4u);
+      return 13;
+    }
+    void UseDialog(int, DialogForm&, UndrawnDialog&) override {}
+  } user;
+  InstallUndrawnUser(&user);
+  Open({W("a.t")});
+  Do([this](UndrawnParts&) {
+    ListContextMenu place{nullptr, 1, 2};
+    IEventCallback& callback = *host_.controls[0].list.contextMenu;
+    EXPECT_EQ(callback.OnEvent(2, &place), 0);
+    EXPECT_EQ(callback.OnEvent(1, &place), 1);
+  });
+  InstallUndrawnUser(nullptr);
+  Do([this](UndrawnParts&) { EXPECT_THAT(host_.controls[0].list.moves, ElementsAre("bottom")); });
+}
+
+// The end by the user.
+
+TEST_F(WindowLife, CloseTellsTheHostWhichFollowsWith20002) {
+  Open({W("a.t")});
+  Do([](UndrawnParts& parts) { parts.Press(1041); });
+  window_->WaitForClose();
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_EQ(host_.closed, 0);
+  Serve(20002);
+  EXPECT_EQ(host_.closed, 1);
+  EXPECT_EQ(host_.controlsOut, 0);
+  EXPECT_TRUE(host_.controls[0].list.wasReleased);
+  EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
+  Delete();
+}
+
+TEST_F(WindowLife, EscAsksAndYesCloses) {
+  struct Answers final : Platform::UserInterface {
+    int MessageBox(const WCHAR* text, const WCHAR*, UINT) override {
+      EXPECT_EQ(WString(text), W("T000A0064"));
+      return answer;
+    }
+    INT_PTR Dialog(Platform::FormRequest&) override { return IDCANCEL; }
+    INT_PTR ShellExecute(const WCHAR*, const WCHAR*, const WCHAR*, int) override { return 0; }
+    std::atomic<int> answer{IDNO};
+  } answers;
+  Platform::UserInterface* const before = Platform::InstallUserInterface(&answers);
+  Open({W("a.t")});
+  Do([](UndrawnParts& parts) { parts.frame.PressEscape(); });
+  Settle();
+  EXPECT_EQ(RowCount(), 1u);
+  answers.answer = IDYES;
+  window_->Post([](UndrawnParts& parts) { parts.frame.PressEscape(); });
+  window_->WaitForClose();
+  Serve(20002);
+  EXPECT_EQ(host_.closed, 1);
+  Platform::InstallUserInterface(before);
+}
+
+// Only what the host has opened anew has a preview.
+TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPreviewAndNoRuns) {
+  Open({W("a.t")});
+  Do([](UndrawnParts& parts) { parts.Press(1041); });
+  window_->WaitForClose();
+  Serve(20002);
+  Select({W("c.t"), W("d.t")});
+  ASSERT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  window_ = UndrawnWindow::Current();
+  ASSERT_NE(window_, nullptr);
+  Do([](UndrawnParts& parts) {
+    EXPECT_TRUE(parts.context.engine.worker.WaitForEnd(kMissed));
+    parts.Type(1034, W("x[C]"));
+    UndrawnWindow::TakeMessages();
+    parts.Press(1003);
+    UndrawnWindow::TakeMessages();
+    parts.frame.List().Refresh();
+    EXPECT_TRUE(parts.controls[1003].isEnabled);
+  });
+  EXPECT_THAT(Shown(), ElementsAre(W("c.t"), W("d.t")));
+  EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
+  Do([](UndrawnParts& parts) { parts.Press(1041); });
+  window_->WaitForClose();
+  Serve(20002);
+  EXPECT_EQ(host_.closed, 2);
+}
+
+TEST_F(WindowLife, ANewObjectHasAPreviewAgain) {
+  Open({W("a.t")});
+  CloseAll();
+  extension_ = std::make_unique<QXMultiRename>();
+  Plugin().OnStart(&host_);
+  Open({W("c.t")});
+  Do([](UndrawnParts& parts) { parts.Type(1034, W("x")); });
+  Settle();
+  EXPECT_THAT(Shown(), ElementsAre(W("x.t")));
+}
+
+// The end by the host.
+
+TEST_F(WindowLife, AShutdownClosesTheWindowAndTheHostIsNotAskedASecondTime) {
+  Open({W("a.t")});
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_EQ(host_.closed, 1);
+  EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
+  EXPECT_EQ(host_.controlsOut, 0);
+  Delete();
+}
+
+TEST_F(WindowLife, AShutdownWithoutAWindowTellsTheHostAlone) {
+  EXPECT_EQ(Plugin().OnCommand(20002, 0, 5), 0);
+  EXPECT_EQ(host_.closed, 1);
+}
+
+TEST_F(WindowLife, AShutdownAndThe20002OfACloseMayMeet) {
+  for (int round = 0; round < 20; ++round) {
+    Open({W("a.t")});
+    window_->Post([](UndrawnParts& parts) { parts.Press(1041); });
+    EXPECT_EQ(Plugin().OnShutdown(0), 0);
+    EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+    // If the window was the first, the host is sent a shutdown more.
+    while (!host_.WaitingCommands().empty()) Serve(20002);
+  }
+}
+
+TEST_F(WindowLife, AWindowAfterAShutdownTellsTheHostOfItsClose) {
+  Open({W("a.t")});
+  Plugin().OnShutdown(0);
+  Open({W("c.t")});
+  Do([](UndrawnParts& parts) { parts.Press(1041); });
+  window_->WaitForClose();
+  Serve(20002);
+  EXPECT_EQ(host_.closed, 2);
+}
+
+TEST_F(WindowLife, ADeleteWithoutAShutdownClosesTheWindow) {
+  Open({W("a.t")});
+  Delete();
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_EQ(host_.closed, 0);
+}
+
+// Closes while something is under way.
+
+TEST_F(WindowLife, AResetEndsWhenTheHostShutsDownMeanwhile) {
+  Open({W("a.t")});
+  window_->Post([](UndrawnParts& parts) { parts.Press(1071); });
+  const std::optional<WindowHost::Command> reset = host_.TakeCommand();
+  ASSERT_TRUE(reset.has_value());
+  EXPECT_EQ(reset->number, 32000u);
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  // The event was left to the host, which may serve the command late.
+  EXPECT_EQ(Plugin().OnCommand(32000, 0, reset->b), 1);
+  EXPECT_EQ(WaitForSingleObject(reinterpret_cast<HANDLE>(reset->b), 0), WAIT_OBJECT_0);
+  CloseHandle(reinterpret_cast<HANDLE>(reset->b));
+}
+
+TEST_F(WindowLife, ACloseInAPreviewStopsIt) {
+  GateProperties gate;
+  host_.manager = &gate;
+  Open({W("a.t"), W("b.t")});
+  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
+  gate.entered.Acquire();
+  Do([](UndrawnParts& parts) { parts.Press(1041); });
+  gate.gate.Release();
+  window_->WaitForClose();
+  EXPECT_LE(gate.asked, 2);
+  gate.isOpen = true;
+  gate.gate.Release();
+  Serve(20002);
+}
+
+TEST_F(WindowLife, ACloseInARunWaitsForItsEnd) {
+  RunGate gate(host_);
+  Open({W("a.t"), W("b.t")});
+  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
+  Settle();
+  Do([](UndrawnParts& parts) { parts.Press(1003); });
+  gate.inRun.Acquire();
+  Do([](UndrawnParts& parts) {
+    EXPECT_FALSE(parts.controls[1041].isEnabled);
+    parts.frame.PostClose();
+  });
+  EXPECT_EQ(host_.controlsOut, 2);
+  gate.go.Release();
+  window_->WaitForClose();
+  EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
+  Serve(20002);
+  EXPECT_EQ(scratch_.Names(W("Undo")).size(), 1u);
+}
+
+TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsInUse) {
+  RunGate gate(host_);
+  Open({W("a.t"), W("b.t")});
+  extension_->waits.shutdown = 20;
+  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
+  Settle();
+  Do([](UndrawnParts& parts) { parts.Press(1003); });
+  gate.inRun.Acquire();
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(host_.closed, 1);
+  MultiRenameCloser{20}(extension_.get());
+  // The object is there: the run goes to its end, then the window closes and the thread ends.
+  gate.go.Release();
+  window_->WaitForClose();
+  EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
+  EXPECT_TRUE(extension_->WaitForWindow(kMissed));
+  EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
+}
+
+TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsInUse) {
+  Semaphore inBox;
+  Semaphore answer;
+  host_.atAskText = [&] {
+    inBox.Release();
+    answer.Acquire();
+  };
+  Open({W("a.t")});
+  extension_->waits.shutdown = 20;
+  window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
+  inBox.Acquire();
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(host_.closed, 1);
+  MultiRenameCloser{20}(extension_.get());
+  answer.Release();
+  window_->WaitForClose();
+  EXPECT_TRUE(extension_->WaitForWindow(kMissed));
+  EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
+}
+
+TEST_F(WindowLife, ACommandAfterAShutdownThatDidNotEndTheThreadOpensAWindowOnceItHasEnded) {
+  Semaphore inBox;
+  Semaphore answer;
+  host_.atAskText = [&] {
+    inBox.Release();
+    answer.Acquire();
+  };
+  Open({W("a.t")});
+  extension_->waits.shutdown = 20;
+  window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
+  inBox.Acquire();
+  Plugin().OnShutdown(0);
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(host_.containers, 1);
+  answer.Release();
+  window_->WaitForClose();
+  extension_->waits.shutdown = kMissed;
+  ASSERT_TRUE(extension_->WaitForWindow(kMissed));
+  Open({W("c.t")});
+  EXPECT_EQ(host_.containers, 2);
+  EXPECT_THAT(Shown(), ElementsAre(W("c.t")));
+}
+
+TEST_F(WindowLife, ACloseInABoxIsDoneOnceTheBoxHasReturned) {
+  Semaphore inBox;
+  Semaphore answer;
+  bool wasOpen = false;
+  host_.atAskText = [&] {
+    inBox.Release();
+    answer.Acquire();
+    EXPECT_TRUE(UndrawnWindow::TakeMessages());
+    wasOpen = UndrawnWindow::Current() != nullptr && host_.controlsOut == 2;
+  };
+  Open({W("a.t")});
+  window_->Post([](UndrawnParts& parts) {
+    parts.Choose(1045, 1);
+    parts.controls[1034].text += W(" ");  // the form is still there
+  });
+  inBox.Acquire();
+  window_->Post([](UndrawnParts& parts) { parts.frame.PostClose(); });
+  answer.Release();
+  window_->WaitForClose();
+  EXPECT_TRUE(wasOpen);
+  Serve(20002);
+}
+
+TEST_F(WindowLife, AShutdownEndsABoxThatTakesMessages) {
+  Semaphore inBox;
+  host_.atAskText = [&] {
+    inBox.Release();
+    while (UndrawnWindow::TakeMessages()) Sleep(1);
+  };
+  Open({W("a.t")});
+  window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
+  inBox.Acquire();
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_EQ(host_.controlsOut, 0);
+}
+
+}  // namespace
+}  // namespace Velmora::SDK

@@ -1,0 +1,188 @@
+// Starts of MultiRename's window that fail, are slow, or are overtaken. Runs under thread checks as well.
+#include <gmock/gmock.h>
+
+#include "multirename/window/message_loops.h"
+#include "multirename/window_test.h"
+#include "platform/posix/faults.h"
+
+namespace Velmora::SDK {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class WindowStart : public WindowTest {
+ protected:
+  // A command that opens nothing and leaves nothing, and one after it that opens a window.
+  void ExpectAFailureAndThenAWindow(int containers) {
+    Select({W("a.t")});
+    EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 0);
+    EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+    EXPECT_EQ(host_.containers, containers);
+    EXPECT_EQ(host_.controlsOut, 0);
+    EXPECT_EQ(host_.closed, 0);
+    EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
+    Platform::Faults::Clear();
+    host_.hasContainers = host_.hasLists = true;
+    Open({W("b.t")});
+    EXPECT_THAT(Shown(), ElementsAre(W("b.t")));
+    Do([](UndrawnParts& parts) { parts.Type(1034, W("x")); });
+    Settle();
+    EXPECT_THAT(Shown(), ElementsAre(W("x.t")));
+  }
+
+  const Platform::Faults::Scope faults_;
+};
+
+TEST_F(WindowStart, WithoutAContainerThereIsNoHalfWindowAndTheNextCommandTriesAgain) {
+  host_.hasContainers = false;
+  ExpectAFailureAndThenAWindow(1);
+}
+
+TEST_F(WindowStart, WithoutAListThereIsNoHalfWindowAndTheNextCommandTriesAgain) {
+  host_.hasLists = false;
+  ExpectAFailureAndThenAWindow(1);
+}
+
+TEST_F(WindowStart, WithoutAThreadForTheWorkerThereIsNoWindowAndTheNextCommandTriesAgain) {
+  Platform::Faults::Fail("CreateThread", 1, ERROR_NOT_ENOUGH_MEMORY);
+  ExpectAFailureAndThenAWindow(0);
+}
+
+TEST_F(WindowStart, WithoutAThreadForTheWindowThereIsNoWindowAndTheNextCommandTriesAgain) {
+  Platform::Faults::Fail("CreateThread", 2, ERROR_NOT_ENOUGH_MEMORY);
+  ExpectAFailureAndThenAWindow(0);
+}
+
+TEST_F(WindowStart, WithoutEventsForTheWorkerThereIsNoWindowAndTheNextCommandTriesAgain) {
+  Platform::Faults::Fail("CreateEventW", 1, ERROR_NOT_ENOUGH_MEMORY);
+  ExpectAFailureAndThenAWindow(0);
+}
+
+TEST_F(WindowStart, AnExceptionOfTheHostLeavesNoHalfWindow) {
+  host_.beforeContainer = [] { throw std::bad_alloc(); };
+  Select({W("a.t")});
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 0);
+  host_.beforeContainer = nullptr;
+  Open({W("b.t")});
+}
+
+TEST_F(WindowStart, AFailureThatNobodyWaitsForAnyMoreHasTheHostShutDown) {
+  extension_->waits.start = 20;
+  Semaphore made;
+  host_.hasContainers = false;
+  host_.beforeContainer = [&] { made.Acquire(); };
+  Select({W("a.t")});
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  made.Release();
+  Serve(20002);
+  EXPECT_EQ(host_.closed, 1);
+  host_.hasContainers = true;
+  host_.beforeContainer = nullptr;
+  extension_->waits.start = kMissed;
+  Open({W("b.t")});
+}
+
+TEST_F(WindowStart, AWindowThatComesLateIsAWindow) {
+  extension_->waits.start = 20;
+  Semaphore asked;
+  Semaphore made;
+  host_.beforeContainer = [&] {
+    asked.Release();
+    made.Acquire();
+  };
+  Select({W("a.t")});
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
+  asked.Acquire();
+  // Of a selection that comes meanwhile the window shows the rows.
+  Select({W("b.t"), W("c.t")});
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  made.Release();
+  while (!(window_ = UndrawnWindow::Current())) Sleep(1);
+  Settle();
+  EXPECT_THAT(Shown(), ElementsAre(W("b.t"), W("c.t")));
+  EXPECT_EQ(host_.containers, 1);
+}
+
+TEST_F(WindowStart, AWindowThatIsStillBeingMadeAtTheShutdownClosesAsSoonAsItIsThere) {
+  extension_->waits = {20, 20};
+  Semaphore asked;
+  Semaphore made;
+  host_.beforeContainer = [&] {
+    asked.Release();
+    made.Acquire();
+    UndrawnWindow::TakeMessages();  // as a host may that makes controls
+  };
+  Select({W("a.t")});
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  asked.Acquire();
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(host_.closed, 1);
+  made.Release();
+  EXPECT_TRUE(extension_->WaitForWindow(kMissed));
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_EQ(host_.controlsOut, 0);
+  EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
+}
+
+TEST_F(WindowStart, AShutdownBeforeTheThreadHasAQueueIsNotLost) {
+  extension_->waits = {0, kMissed};
+  for (int round = 0; round < 50; ++round) {
+    Select({W("a.t")});
+    ASSERT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+    EXPECT_EQ(Plugin().OnShutdown(0), 0);
+    EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+    EXPECT_EQ(host_.controlsOut, 0);
+    EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
+  }
+}
+
+TEST_F(WindowStart, TheThreadGivesUpItsTimeOnceAndItsLoopIsInTheTable) {
+  Platform::Faults::Watch("SwitchToThread");
+  Open({W("a.t")});
+  EXPECT_EQ(Platform::Faults::CallCount("SwitchToThread"), 1);
+  DWORD thread = 0;
+  Do([&](UndrawnParts&) { thread = GetCurrentThreadId(); });
+  EXPECT_NE(MessageLoops::Instance().Find(thread), nullptr);
+  CloseAll();
+  EXPECT_EQ(MessageLoops::Instance().Find(thread), nullptr);
+}
+
+TEST_F(WindowStart, AFailureToGetAMessageIsPassedOver) {
+  Open({W("a.t")});
+  Platform::Faults::Fail("GetMessageW", 1, ERROR_INVALID_PARAMETER);
+  Settle();
+  Settle();
+  EXPECT_GE(Platform::Faults::CallCount("GetMessageW"), 2);
+  EXPECT_EQ(RowCount(), 1u);
+}
+
+// The messages of a close may be lost when a queue is full.
+TEST_F(WindowStart, AShutdownWhoseCloseIsLostClosesTheWindowAfterItsLoop) {
+  Open({W("a.t")});
+  Platform::Faults::Fail("PostMessageW", 1, 1816, true);
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_EQ(host_.controlsOut, 0);
+  EXPECT_TRUE(host_.controls[0].list.wasReleased);
+}
+
+TEST_F(WindowStart, AShutdownWhoseQuitIsLostEndsTheThreadWithItsWindow) {
+  Open({W("a.t")});
+  Platform::Faults::Fail("PostThreadMessageW", 1, 1816, true);
+  EXPECT_EQ(Plugin().OnShutdown(0), 0);
+  EXPECT_EQ(UndrawnWindow::Current(), nullptr);
+  EXPECT_EQ(host_.closed, 1);
+}
+
+TEST_F(WindowStart, ASecondOnStartChangesNothing) {
+  Open({W("a.t")});
+  EXPECT_EQ(Plugin().OnStart(&host_), 1);
+  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  Settle();
+}
+
+}  // namespace
+}  // namespace Velmora::SDK
