@@ -51,9 +51,13 @@ FolderNames* ItemFinder::ReadFolder(std::string_view prefix, std::size_t count) 
   if (!folder->ends_with(W('\\'))) *folder += W('\\');
   const auto [listing, isNew] = listings_.try_emplace(*folder);
   if (!isNew) return &listing->second;
-  listing->second.Reserve(count);
-  if (ReadFolderNames(*folder, kMostNamesForEach * count + kMostNamesOfListing, listing->second)) {
-    return &listing->second;
+  Demand& demand = demands_[*folder];
+  demand.names += count;
+  if (demand.names >= 2 * demand.atFailure) {
+    listing->second.Reserve(count);
+    const std::size_t most = kMostNamesForEach * demand.names + kMostNamesOfListing;
+    if (ReadFolderNames(*folder, most, listing->second)) return &listing->second;
+    demand.atFailure = demand.names;
   }
   listings_.erase(listing);
   return nullptr;

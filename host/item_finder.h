@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "host/file_item.h"
@@ -31,8 +32,16 @@ class ItemFinder {
   // The item of a name that the folder has shown; null if it must be looked at.
   FileItem* FindListed(FolderNames& names, std::string_view name);
 
+  // How many names were looked for in a folder. One that could not be read, as it holds many more, is read
+  // again once there are twice as many.
+  struct Demand {
+    std::size_t names = 0;
+    std::size_t atFailure = 0;
+  };
+
   FileItemTree& items_;
   FolderListings& listings_;
+  std::unordered_map<WString, Demand> demands_;
   std::string option_;
   FileItem* folder_ = nullptr;  // that was read last
   WString wideName_;
