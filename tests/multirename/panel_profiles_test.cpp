@@ -330,20 +330,13 @@ TEST_F(PanelProfiles, NoToReplacingSelectsTheEmptyChoiceAndSavesNothing) {
 TEST_F(PanelProfiles, SavingStopsThePreviewFirst) {
   GateProperties gate;
   Open({W("a.t"), W("b.t")});
-  engine_->propertyManager = &gate;
-  Type(1034, W("x[?p][C]"));
-  Deliver();
-  gate.entered.Acquire();  // in the first row
-  gate.isOpen = true;
-  std::thread opener([&] {
-    while (!engine_->worker.IsStopping()) std::this_thread::yield();
-    gate.gate.Release();
-  });
+  PreviewIntoGate(gate);
   bool isBusy = true;
   host_.beforeDocument = [&] { isBusy = engine_->busy; };
-  Name(W("mine"));
-  Choose(1045, 1);
-  opener.join();
+  WhileHeld(gate.gate, [&] {
+    Name(W("mine"));
+    Choose(1045, 1);
+  });
   EXPECT_FALSE(isBusy);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));

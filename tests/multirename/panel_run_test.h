@@ -1,7 +1,6 @@
 // What the tests of the panel's runs have in common.
 #pragma once
 
-#include "multirename/gate_properties.h"
 #include "multirename/panel_window.h"
 #include "support/semaphore.h"
 
@@ -47,34 +46,12 @@ class PanelRunTest : public PanelTest {
     engine_->undoStore.Save(session);
   }
 
-  // Lets a preview of "x[?p][C]" into its first row, where the gate holds it.
-  void PreviewIntoGate(GateProperties& gate) {
-    engine_->propertyManager = &gate;
-    Type(1034, W("x[?p][C]"));
-    Deliver();
-    gate.entered.Acquire();
-    gate.isOpen = true;  // for the other rows
-  }
-
   // Starts a run of the templates and lets it into the host, where the gate holds it.
   void StartIntoGate(RunGate& gate, const WString& nameTemplate) {
     Type(1034, nameTemplate);
     Settle();
     form.Press(1003);
     gate.inRun.Acquire();
-  }
-
-  // Does something while the worker is held, which goes on when it is asked to stop.
-  template <typename Action>
-  void WhileHeld(Semaphore& held, Action action) {
-    std::atomic<bool> isDone{false};
-    std::thread opener([&] {
-      while (!engine_->worker.IsStopping() && !isDone) std::this_thread::yield();
-      held.Release();
-    });
-    action();
-    isDone = true;
-    opener.join();
   }
 
   bool IsClosed(int control) { return !view.IsEnabled(control); }

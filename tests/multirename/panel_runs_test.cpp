@@ -193,17 +193,8 @@ TEST_F(PanelRuns, StartWithLivePreviewTakesTheNamesOfTheLastPreview) {
 TEST_F(PanelRuns, StartInTheMiddleOfAPreviewEndsItFirstSoThatNoRowKeepsAnOlderName) {
   GateProperties gate;
   Open({W("a.t"), W("b.t")});
-  engine_->propertyManager = &gate;
-  Type(1034, W("x[?p][C]"));
-  Deliver();
-  gate.entered.Acquire();  // in the first row
-  gate.isOpen = true;
-  std::thread opener([&] {
-    while (!engine_->worker.IsStopping()) std::this_thread::yield();
-    gate.gate.Release();
-  });
-  form.Press(1003);
-  opener.join();
+  PreviewIntoGate(gate);
+  WhileHeld(gate.gate, [&] { form.Press(1003); });
   Settle();
   ASSERT_EQ(host_.renames.itemRenames.size(), 2u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("x01.t"));

@@ -3,16 +3,19 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <optional>
 #include <set>
 #include <thread>
 
+#include "multirename/gate_properties.h"
 #include "multirename/panel_controls.h"
 #include "multirename/panel_form.h"
 #include "multirename/recorded_controls.h"
 #include "multirename/rename_host.h"
 #include "platform/message_window.h"
 #include "support/scratch_folder.h"
+#include "support/semaphore.h"
 
 class VectorList final : public Velmora::SDK::IHostList {
  public:
@@ -270,6 +273,28 @@ class PanelTest : public testing::Test {
   void Check(int control, bool isChecked) {
     view[control].isChecked = isChecked;
     form.Press(control);
+  }
+
+  // Lets a preview of "x[?p][C]" into its first row, where the gate holds it.
+  void PreviewIntoGate(Velmora::SDK::GateProperties& gate) {
+    engine_->propertyManager = &gate;
+    Type(1034, W("x[?p][C]"));
+    Deliver();
+    gate.entered.Acquire();
+    gate.isOpen = true;  // for the other rows
+  }
+
+  // Does something while the worker is held, which goes on when it is asked to stop.
+  template <typename Action>
+  void WhileHeld(Velmora::SDK::Semaphore& held, Action action) {
+    std::atomic<bool> isDone{false};
+    std::thread opener([&] {
+      while (!engine_->worker.IsStopping() && !isDone) std::this_thread::yield();
+      held.Release();
+    });
+    action();
+    isDone = true;
+    opener.join();
   }
 
   std::vector<WString> NewNames() const {
