@@ -83,6 +83,12 @@ if not IS_WINDOWS:
     class Interruptions(SafetyTest):
         COUNT = 20000
 
+        def setUp(self):
+            """A shell starts what runs in the background with signals ignored, and qxhost leaves it at that."""
+            super().setUp()
+            for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+                self.addCleanup(signal.signal, number, signal.signal(number, signal.SIG_DFL))
+
         def interrupt(self, number, *arguments, when, items=()):
             """Runs qxhost, sends it the signal when the file `when` is there, and gives its status and outputs."""
             with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:

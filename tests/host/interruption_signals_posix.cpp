@@ -2,12 +2,28 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <vector>
+
 #include "host/interruption.h"
 
 namespace QxHost {
 namespace {
 
-class InterruptionSignalsTest : public testing::TestWithParam<int> {};
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
+// The tests may have been started with signals ignored, as a shell does in the background.
+class InterruptionSignalsTest : public testing::TestWithParam<int> {
+ protected:
+  InterruptionSignalsTest() {
+    for (const int number : kSignals) before_.push_back(signal(number, SIG_DFL));
+  }
+  ~InterruptionSignalsTest() override {
+    for (std::size_t index = 0; index < before_.size(); ++index) signal(kSignals[index], before_[index]);
+  }
+
+ private:
+  std::vector<sighandler_t> before_;
+};
 
 TEST_P(InterruptionSignalsTest, TheFirstInterruptsAndTheProgramGoesOn) {
   {
@@ -26,7 +42,7 @@ TEST_P(InterruptionSignalsTest, TheSecondEndsTheProgramWhicheverTheFirstWas) {
     raise(first);
     raise(GetParam());
   };
-  for (const int first : {SIGINT, SIGTERM, SIGHUP}) {
+  for (const int first : kSignals) {
     EXPECT_EXIT(interruptTwice(first), testing::KilledBySignal(GetParam()), "");
   }
 }
@@ -49,7 +65,7 @@ TEST_P(InterruptionSignalsTest, OneThatWasIgnoredStaysIgnored) {
   EXPECT_EQ(signal(GetParam(), old), SIG_IGN);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, InterruptionSignalsTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(All, InterruptionSignalsTest, testing::ValuesIn(kSignals));
 
 }  // namespace
 }  // namespace QxHost
