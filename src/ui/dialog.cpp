@@ -52,6 +52,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPA
 }
 
 INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != WM_INITDIALOG && OnMessage(message, wParam, lParam)) return TRUE;
   switch (message) {
     case WM_INITDIALOG:
       return Start();
@@ -92,12 +93,14 @@ BOOL Dialog::Start() {
   OnInit();
   OnChange();
   scrollArea_.Fit(window_);
-  CenterOverOwner(window_);
+  OnPlace();
   const int first = FirstField();
   if (first == 0) return TRUE;
   SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(first)), TRUE);
   return FALSE;
 }
+
+void Dialog::OnPlace() { CenterOverOwner(window_); }
 
 void Dialog::HandleCommand(int control, int notification) {
   if (control == IDOK || control == IDCANCEL) {

@@ -63,6 +63,10 @@ class Dialog {
   // answers the brush of the background, which stays the class's. Null leaves the control as the system draws
   // it.
   virtual HBRUSH OnColorStatic(int /*control*/, HDC /*dc*/) { return nullptr; }
+  // Any message but WM_INITDIALOG, before it is heeded here. True if it is done.
+  virtual bool OnMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) { return false; }
+  // Gives the window its place, when the controls have theirs: in the middle of its owner.
+  virtual void OnPlace();
   // The OK button or Enter.
   virtual void OnOk() { Close(IDOK); }
   // The Cancel button, Escape, or the window's close button.
