@@ -9,6 +9,7 @@
 
 #include "frame/services/message_texts.h"
 #include "host/language_table.h"
+#include "multirename/panel_controls.h"
 #include "window/program_folder.h"
 
 namespace {
@@ -48,6 +49,12 @@ Texts CommonTexts() {
 // longest.
 constexpr std::size_t kMostShortChars = 30;
 
+Texts RenameTitles() {
+  std::vector<Velmora::SDK::TextId> ids;
+  for (const Velmora::SDK::ControlTextRow& row : Velmora::SDK::kPanelTips) ids.push_back(row.text);
+  return ReadTexts("QXMultiRename", ids, &QxHost::LanguageText::second);
+}
+
 Texts Lengthened(Texts texts) {
   for (auto& [id, text] : texts) {
     // Words of six letters.
@@ -75,4 +82,15 @@ void SpeakAtLength(FakeHost& host) {
   host.texts = LongTexts();
   host.titles = Lengthened(Titles());
   host.commonTexts = Lengthened(CommonTexts());
+}
+
+void SpeakRenameEnglish(FakeHost& host) {
+  host.texts = ReadTexts("QXMultiRename", Velmora::SDK::kRenameTexts, &QxHost::LanguageText::first);
+  host.titles = RenameTitles();
+  host.commonTexts = ReadTexts("common", Velmora::SDK::kRenameCommonTexts, &QxHost::LanguageText::first);
+}
+
+void SpeakRenameAtLength(FakeHost& host) {
+  SpeakRenameEnglish(host);
+  for (Texts* const texts : {&host.texts, &host.titles, &host.commonTexts}) *texts = Lengthened(*texts);
 }

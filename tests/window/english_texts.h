@@ -16,3 +16,7 @@ std::map<Velmora::SDK::TextId, WString> LongTexts();
 // Gives the host these texts, with the second ones and those that all modules share.
 void SpeakEnglish(FakeHost& host);
 void SpeakAtLength(FakeHost& host);
+
+// The same with the texts of MultiRename's window and dialogs, whose ids are those of other texts elsewhere.
+void SpeakRenameEnglish(FakeHost& host);
+void SpeakRenameAtLength(FakeHost& host);

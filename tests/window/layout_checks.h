@@ -19,15 +19,15 @@ void ExpectNoTextCutOff(HWND dialog);
 void ExpectAccessKeysDiffer(HWND dialog);
 
 // Each edit control and each list that the tab key reaches follows a label or a group box with a text, from
-// which screen readers take its name.
-void ExpectFieldsHaveNames(HWND dialog);
+// which screen readers take its name; but for these controls.
+void ExpectFieldsHaveNames(HWND dialog, const std::set<int>& except = {});
 
 // Each button, box and label of a field has an access key, but for these controls. Not among the checks of
 // ExpectLayoutHolds.
 void ExpectEachLabelHasAnAccessKey(HWND dialog, const std::set<int>& except);
 
-// All of the above but the last.
-void ExpectLayoutHolds(HWND dialog);
+// All of the above but the last; these fields may be without a name.
+void ExpectLayoutHolds(HWND dialog, const std::set<int>& withoutName = {});
 
 // To a pixel, the parity of the sizes aside.
 void ExpectCenteredOver(HWND dialog, HWND owner);
