@@ -92,6 +92,9 @@ TEST_F(AddTagDlgWindow, AClickOnALineMakesItsTag) {
 TEST_F(AddTagDlgWindow, KeysInTheListMakeTheTagToo) {
   Show([](HWND dialog) {
     Focus(dialog, kProperties);
+    // The first key chooses the line of the focus.
+    PressKey(dialog, VK_DOWN);
+    EXPECT_EQ(TextOf(dialog, kTag), W("[?size]"));
     PressKey(dialog, VK_END);
     EXPECT_EQ(TextOf(dialog, kTag), W("[?author]"));
     PressKey(dialog, VK_UP);

@@ -260,7 +260,7 @@ TEST_F(SearchPairsDlgWindow, TheFieldAloneTakesFiles) {
 
 TEST_F(SearchPairsDlgWindow, TheFirstFileOfADropReplacesTheLines) {
   host_.fileText = W("m|n\r\no");
-  Show({{W("a"), W("b")}}, [this](HWND dialog) {
+  Show({{W("a"), W("b")}}, [](HWND dialog) {
     const HDROP drop = MakeDrop({W("C:\\lists\\first.txt"), W("C:\\lists\\second.txt")}, {0, 0});
     Drop(dialog, drop);
     EXPECT_EQ(TextOf(dialog, kField), W("m|n\r\no"));
