@@ -416,6 +416,24 @@ TEST_F(UndoManagerDlgWindow, TextsOfTwiceTheLengthAndLongSentencesFitToo) {
   });
 }
 
+TEST_F(UndoManagerDlgWindow, OnAMonitorOfAnotherScaleTheColumnsGrowAsTheUserHasLeftThem) {
+  Show([](HWND dialog) {
+    SendDlgItemMessageW(dialog, kFiles, LVM_SETCOLUMNWIDTH, 1, 120);
+    RECT place = {};
+    GetWindowRect(dialog, &place);
+    const auto widths = [&](int scale) {
+      SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(scale, scale), reinterpret_cast<LPARAM>(&place));
+      std::vector<int> pixels;
+      for (const int list : {kSessions, kFiles})
+        for (const auto& [heading, width] : ColumnsOf(dialog, list)) pixels.push_back(width);
+      return pixels;
+    };
+    EXPECT_THAT(widths(144), ElementsAre(225, 150, 300, 375, 180, 300));
+    EXPECT_THAT(widths(192), ElementsAre(300, 200, 400, 500, 240, 400));
+    EXPECT_THAT(widths(96), ElementsAre(150, 100, 200, 250, 120, 200));
+  });
+}
+
 TEST_F(UndoManagerDlgWindow, ControlsShareTheEdgesAndMarginsAreEven) {
   Show([](HWND dialog) {
     RECT client = {};

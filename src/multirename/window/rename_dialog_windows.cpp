@@ -62,6 +62,9 @@ static_assert(std::ranges::all_of(kSameNumbers,
 // What an edit control and a list box tell of; both kinds have numbers of their own.
 constexpr int kDialogChanges[] = {EN_CHANGE, LBN_SELCHANGE};
 
+// The lists with columns.
+constexpr int kDialogTables[] = {kUndoSessions, kUndoFiles};
+
 // Posts WM_CLOSE to a window and to all that belong to it, the newest first: a box before its dialog.
 void CloseWithPopups(HWND window) {
   EnumThreadWindows(
@@ -116,6 +119,17 @@ HWND FindPairButton(HWND frame) {
   return button;
 }
 
+// The columns grow and shrink with the screen's scale, as the user has left them.
+void ScaleColumns(HWND list, int from, int to) {
+  const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+  const auto count = header ? static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0)) : 0;
+  for (int column = 0; column < count; ++column) {
+    const auto number = static_cast<WPARAM>(column);
+    const auto width = static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, number, 0));
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, number, MulDiv(width, to, from));
+  }
+}
+
 class DialogWindowView final : public WindowView<DialogView> {
  public:
   void Attach(HWND dialog) { controls_.Attach(dialog); }
@@ -139,6 +153,7 @@ class RenameDialog final : public Ui::Dialog {
  private:
   void OnInit() override {
     view_.Attach(Window());
+    scale_ = PixelsOfAnInch(Window());
     if (const HWND frame = GetWindow(Window(), GW_OWNER)) closedWithFrame_.Attach(frame, Window());
     if (const HWND field = resource_ == kFindReplaceDialog ? Control(kPairsText) : nullptr) {
       CDropEdit::Attach(field);
@@ -152,6 +167,11 @@ class RenameDialog final : public Ui::Dialog {
     if (resource_ != kFindReplaceDialog || !PlaceBesidePairButton()) Dialog::OnPlace();
   }
 
+  void OnScale(int pixelsOfAnInch) override {
+    for (const int list : kDialogTables) ScaleColumns(Control(list), scale_, pixelsOfAnInch);
+    scale_ = pixelsOfAnInch;
+  }
+
   void OnButton(int control) override { form_.Press(control); }
   void OnOk() override { form_.Press(kDialogOk); }
   void OnCancel() override { form_.Press(kDialogCancel); }
@@ -163,6 +183,7 @@ class RenameDialog final : public Ui::Dialog {
   DialogForm& form_;
   DialogWindowView view_;
   ClosedWithFrame closedWithFrame_;
+  int scale_ = USER_DEFAULT_SCREEN_DPI;
 };
 
 bool RenameDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
