@@ -97,6 +97,7 @@ bool FrameWithPanel::Open() {
   panel_.SetNeighbour(lists_.ListWindow());
   form_.Open(lists_.List());
   panelForm_.Open();
+  panel_.SetHints([this](TextId text) { return context_.host.GetLanguageString(text); });
   loop_.AddFilter(*listKeys_);
   loop_.AddFilter(panel_);
   loop_.AddFilter(frame_);

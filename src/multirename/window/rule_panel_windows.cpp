@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "multirename/panel_controls.h"
 #include "multirename/window/menu_rows.h"
@@ -145,6 +146,12 @@ void RulePanel::HandleCommand(int control, int notification) {
 
 void RulePanel::Change(int control) {
   calls_.Run([&] { form_->Change(control); });
+}
+
+void RulePanel::SetHints(const Ui::TextSource& texts) {
+  std::vector<Ui::ControlText> rows;
+  for (const auto& [control, text] : kPanelHints) rows.push_back({control, text});
+  Ui::SetCueBanners(Window(), rows, texts);
 }
 
 int RulePanel::ShowMenu(int control, const MenuLines& lines) {

@@ -9,6 +9,7 @@
 #include "multirename/window/message_loop.h"
 #include "multirename/window/panel_stretch_windows.h"
 #include "multirename/window/panel_tips_windows.h"
+#include "ui/controls.h"
 
 namespace Velmora::SDK {
 
@@ -22,6 +23,8 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   bool Create(HWND parent);
   // Gets what the user does from now on; null: nobody does.
   void SetForm(PanelForm* form) { form_ = form; }
+  // The texts of kPanelHints, by their ids.
+  void SetHints(const Ui::TextSource& texts);
   // The window that the tab key leads to after the panel's last control, and from which it comes to the
   // first.
   void SetNeighbour(HWND window) { neighbour_ = window; }
