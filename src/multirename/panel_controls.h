@@ -80,6 +80,12 @@ inline constexpr ControlTextRow kPanelTexts[] = {
 // The same from the table that all modules share.
 inline constexpr ControlTextRow kPanelCommonTexts[] = {{kPairAdd, kRenameCommonAdd}};
 
+// What the empty fields of the next pair show; they have no labels.
+inline constexpr ControlTextRow kPanelHints[] = {
+    {kPairFind, kRenameTextFindHeading},
+    {kPairReplace, kRenameTextReplaceHeading},
+};
+
 // The tool tips: second texts of the table (IHostApp::GetLanguageTitle). Those of the template boxes belong
 // to their edit fields.
 inline constexpr ControlTextRow kPanelTips[] = {

@@ -21,16 +21,29 @@ class PopupMenu {
 }  // namespace
 
 std::optional<std::size_t> ChooseFromMenu(HWND owner, const std::vector<WString>& texts) {
-  const PopupMenu menu;
-  // 0 is what the system answers for no choice.
-  UINT_PTR command = 0;
-  for (const WString& text : texts) AppendMenuW(menu.Get(), MF_STRING, ++command, text.c_str());
+  std::vector<MenuRow> rows;
+  for (const WString& text : texts) rows.push_back({static_cast<int>(rows.size()) + 1, text});
   POINT mouse = {};
   GetCursorPos(&mouse);
-  constexpr UINT kFlags = TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD;
-  const BOOL chosen = TrackPopupMenu(menu.Get(), kFlags, mouse.x, mouse.y, 0, owner, nullptr);
+  const int chosen = ShowMenuAt(owner, mouse, rows);
   if (chosen <= 0) return std::nullopt;
   return static_cast<std::size_t>(chosen) - 1;
+}
+
+int ShowMenuAt(HWND owner, POINT position, const std::vector<MenuRow>& rows, const RECT* button) {
+  const PopupMenu menu;
+  for (const MenuRow& row : rows) {
+    if (row.number == 0) {
+      AppendMenuW(menu.Get(), MF_SEPARATOR, 0, nullptr);
+    } else {
+      AppendMenuW(menu.Get(), MF_STRING, static_cast<UINT_PTR>(row.number), row.text.c_str());
+    }
+  }
+  constexpr UINT kFlags = TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD | TPM_VERTICAL;
+  TPMPARAMS free = {};
+  free.cbSize = sizeof(free);
+  if (button) free.rcExclude = *button;
+  return TrackPopupMenuEx(menu.Get(), kFlags, position.x, position.y, owner, button ? &free : nullptr);
 }
 
 }  // namespace Ui

@@ -12,4 +12,15 @@ namespace Ui {
 // if the menu was left without a choice.
 std::optional<std::size_t> ChooseFromMenu(HWND owner, const std::vector<WString>& texts);
 
+// A line of a menu. Number 0 is a separator.
+struct MenuRow {
+  int number;
+  WString text;
+};
+
+// The same with lines that have numbers of their own, at a position of the screen; 0 without a choice. The
+// menu leaves `button`, a rectangle of the screen, free where the monitor has room above or below it; null if
+// there is none.
+int ShowMenuAt(HWND owner, POINT position, const std::vector<MenuRow>& rows, const RECT* button = nullptr);
+
 }  // namespace Ui

@@ -148,7 +148,7 @@ class ListedProperties final : public Velmora::SDK::IHostPropertyManager,
 };
 
 // Reads the selection on a thread of its own when the window posts command 32000, as the extension does.
-class PanelHost final : public RenameHost {
+class PanelHost : public RenameHost {
  public:
   Velmora::SDK::RenameContext* context = nullptr;
   ListedProperties properties;

@@ -45,13 +45,13 @@ INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
 
 }  // namespace
 
-DialogInScale::DialogInScale(int resource, int percent) {
+DialogInScale::DialogInScale(int resource, int percent, HWND parent) {
   std::vector<WORD> words = TemplateOf(resource);
   if (words.empty()) return;
   WORD& points = words.at(FontSizeIndex(words));
   points = static_cast<WORD>(MulDiv(points, percent, 100));
   window_ = CreateDialogIndirectParamW(
-      Ui::ModuleInstance(), reinterpret_cast<const DLGTEMPLATE*>(words.data()), nullptr, NoProcedure, 0);
+      Ui::ModuleInstance(), reinterpret_cast<const DLGTEMPLATE*>(words.data()), parent, NoProcedure, 0);
 }
 
 DialogInScale::~DialogInScale() {

@@ -8,7 +8,8 @@
 // not.
 class DialogInScale {
  public:
-  DialogInScale(int resource, int percent);
+  // The parent is that of a panel, which is no window of its own.
+  DialogInScale(int resource, int percent, HWND parent = nullptr);
   DialogInScale(const DialogInScale&) = delete;
   DialogInScale& operator=(const DialogInScale&) = delete;
   ~DialogInScale();

@@ -9,6 +9,7 @@
 #include <random>
 #include <thread>
 
+#include "window/held_key.h"
 #include "window/screenshot.h"
 
 namespace {
@@ -17,25 +18,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 using namespace Velmora::SDK;
-
-// A key is down on this thread while it lives.
-class HeldKey {
- public:
-  explicit HeldKey(int key) : key_(key) { Set(0x80); }
-  HeldKey(const HeldKey&) = delete;
-  HeldKey& operator=(const HeldKey&) = delete;
-  ~HeldKey() { Set(0); }
-
- private:
-  void Set(BYTE state) const {
-    BYTE keys[256] = {};
-    GetKeyboardState(keys);
-    keys[key_] = state;
-    SetKeyboardState(keys);
-  }
-
-  int key_;
-};
 
 class HostListWindow : public HostedList {
  protected:

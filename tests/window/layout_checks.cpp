@@ -192,12 +192,19 @@ void ExpectNoControlsOverlap(HWND dialog) {
   }
 }
 
-void ExpectNoTextCutOff(HWND dialog) {
-  ExpectTitleFits(dialog);
+void ExpectLabelsAndButtonsFit(HWND dialog) {
   for (const HWND control : ControlsOf(dialog)) {
     const WString name = ClassOf(control);
     if (name == L"Static") ExpectLabelFits(control);
     if (name == L"Button") ExpectButtonFits(control);
+  }
+}
+
+void ExpectNoTextCutOff(HWND dialog) {
+  ExpectTitleFits(dialog);
+  ExpectLabelsAndButtonsFit(dialog);
+  for (const HWND control : ControlsOf(dialog)) {
+    const WString name = ClassOf(control);
     if (name == L"ComboBox") ExpectComboBoxFits(control);
     if (name == L"Edit") ExpectHintFits(control);
   }

@@ -15,6 +15,9 @@ void ExpectNoControlsOverlap(HWND dialog);
 // Labels, buttons, rows of combo boxes, hints and the title, in their own fonts against their room.
 void ExpectNoTextCutOff(HWND dialog);
 
+// The same for labels and buttons alone: a closed box may cut its row where the open list shows it whole.
+void ExpectLabelsAndButtonsFit(HWND dialog);
+
 // No two controls have the same access key, and that of each label or group box leads to a field.
 void ExpectAccessKeysDiffer(HWND dialog);
 

@@ -35,8 +35,8 @@ bool HostListControls::OpenContainer(HWND frame) {
 }
 
 bool HostListControls::OpenList(u32 width, u32 rowHeight, CListCtrlCallback::Handler onContextMenu) {
-  const HWND window = container_ ? container_->CreateControl(kServiceListControl, width) : nullptr;
-  list_ = ServiceOfControl<IHostListControl>(host_, kServiceListControl, window);
+  listWindow_ = container_ ? container_->CreateControl(kServiceListControl, width) : nullptr;
+  list_ = ServiceOfControl<IHostListControl>(host_, kServiceListControl, listWindow_);
   if (!list_) return false;
   for (const FrameColumn& column : kFrameColumns) {
     list_->AddColumn(LanguageText(host_, column.heading).c_str(), FrameLayout::kColumnWidth, column.number);
@@ -50,7 +50,7 @@ void HostListControls::Close() {
   GiveBackService(host_, list_);
   if (container_) container_->Dock(nullptr, 0);
   GiveBackService(host_, container_);
-  containerWindow_ = nullptr;
+  containerWindow_ = listWindow_ = nullptr;
 }
 
 }  // namespace Velmora::SDK

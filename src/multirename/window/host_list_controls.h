@@ -58,12 +58,14 @@ class HostListControls {
   void Close();
 
   HWND ContainerWindow() const { return containerWindow_; }
+  HWND ListWindow() const { return listWindow_; }
   IHostContainer* Container() const { return container_; }
   IHostListControl* List() const { return list_; }
 
  private:
   IHostApp& host_;
   HWND containerWindow_ = nullptr;
+  HWND listWindow_ = nullptr;
   IHostContainer* container_ = nullptr;
   IHostListControl* list_ = nullptr;
 };

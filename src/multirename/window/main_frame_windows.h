@@ -1,0 +1,79 @@
+// MultiRename's frame as a window: title, icon, status bar, keys, menus, size. It decides nothing;
+// frame_form.h does. Windows build only.
+#pragma once
+
+#include <functional>
+
+#include "multirename/frame_form.h"
+#include "multirename/window/form_calls.h"
+#include "multirename/window/message_loop.h"
+
+namespace Velmora::SDK {
+
+class MainFrame final : public FrameView, public MessageFilter, public IdleHandler {
+ public:
+  explicit MainFrame(FormCalls& calls) : calls_(calls) {}
+  MainFrame(const MainFrame&) = delete;
+  MainFrame& operator=(const MainFrame&) = delete;
+
+  // What the frame calls; each may be empty.
+  struct Events {
+    std::function<void()> endBoxes;  // WM_CLOSE came while a form runs a dialog, box or menu
+    std::function<void()> destroy;   // WM_DESTROY: the controls are still there
+    std::function<void()> gone;      // the window is not there any more
+    std::function<void(int pixelsOfAnInch)> setScale;
+  };
+
+  // Makes the frame of its first size, hidden, with its icon and status bar. False if the system makes none.
+  bool Create();
+  void SetEvents(Events events) { events_ = std::move(events); }
+  // Gets what the user does from now on; null: nobody does.
+  void SetForm(FrameForm* form) { form_ = form; }
+  // Takes the whole area above the status bar, and the commands that the form does not know.
+  void SetClient(HWND client);
+  // Has the focus at first.
+  void SetFirstFocus(HWND control) { focus_ = control; }
+
+  // Pixels of an inch.
+  int Scale() const { return scale_; }
+
+  // FrameView.
+  HWND Window() override { return window_; }
+  void SetTitle(const WString& title) override;
+  void SetPane(int pane, const WString& text) override;
+  int ShowMenu(HWND owner, int x, int y, const MenuLines& lines) override;
+  int ShowBox(const WString& title, const WString& text, UINT style) override;
+  void Post(RenameMessage message) override { PostToFrame(message); }
+  void PostClose() override { PostToFrame(WM_CLOSE); }
+
+  // The keys of the frame: Alt with an arrow, and Escape.
+  bool FilterMessage(MSG& message) override;
+  bool OnIdle(int) override { return false; }
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  // False for what the system does itself.
+  bool Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  void PostToFrame(UINT message) const {
+    if (window_) PostMessageW(window_, message, 0, 0);
+  }
+  void SetIcons();
+  void OnSize();
+  void OnCommand(WPARAM wParam, LPARAM lParam);
+  void OnActivate(bool isActive);
+  void OnScale(int pixelsOfAnInch, const RECT& area);
+  void OnClose();
+  void FitPanes();
+
+  FormCalls& calls_;
+  Events events_;
+  FrameForm* form_ = nullptr;
+  HWND window_ = nullptr;
+  HWND statusBar_ = nullptr;
+  HWND client_ = nullptr;
+  HWND focus_ = nullptr;  // gets the focus when the frame becomes active
+  HACCEL keys_ = nullptr;
+  int scale_ = USER_DEFAULT_SCREEN_DPI;
+};
+
+}  // namespace Velmora::SDK

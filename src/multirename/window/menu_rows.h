@@ -1,0 +1,15 @@
+// The lines of the forms' menus for the menus of the window. Windows build only.
+#pragma once
+
+#include "multirename/menu_line.h"
+#include "ui/popup_menu.h"
+
+namespace Velmora::SDK {
+
+inline std::vector<Ui::MenuRow> MenuRowsOf(const MenuLines& lines) {
+  std::vector<Ui::MenuRow> rows;
+  for (const MenuLine& line : lines) rows.push_back({line.number, line.text});
+  return rows;
+}
+
+}  // namespace Velmora::SDK
