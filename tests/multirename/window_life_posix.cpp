@@ -325,12 +325,16 @@ TEST_F(WindowLife, ACloseInAPreviewStopsIt) {
   Open({W("a.t"), W("b.t")});
   Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
   gate.entered.Acquire();
-  Do([](UndrawnParts& parts) { parts.Press(1041); });
-  gate.gate.Release();
-  window_->WaitForClose();
-  EXPECT_LE(gate.asked, 2);
+  const RenameWorker* worker = nullptr;
+  Do([&](UndrawnParts& parts) {
+    worker = &parts.context.engine.worker;
+    parts.Press(1041);
+  });
+  while (!worker->IsStopping()) std::this_thread::yield();
   gate.isOpen = true;
   gate.gate.Release();
+  window_->WaitForClose();
+  EXPECT_EQ(gate.asked, 1);
   Serve(20002);
 }
 
