@@ -37,7 +37,7 @@ class UndrawnRenameWindow final : public RenameWindow, private FrameView, privat
     if (--running_ == 0 && isClosing_ && isOpen_) Destroy();
   }
   void OnFrameMessage(const PostedMessage& message);
-  void RunJobs();
+  void RunJob();
   void Destroy();
 
   HWND Window() override { return Frame(); }
@@ -102,19 +102,19 @@ void UndrawnRenameWindow::OnFrameMessage(const PostedMessage& message) {
   Handle([&] {
     if (message.message == WM_CLOSE) {
       isClosing_ = true;
-    } else if (message.message == kUndrawnJobs) {
-      RunJobs();
+    } else if (message.message == kUndrawnJob) {
+      RunJob();
     } else {
       frameForm_.OnMessage(message.message);
     }
   });
 }
 
-void UndrawnRenameWindow::RunJobs() {
-  while (const std::shared_ptr<UndrawnWindow::Job> job = remote_->Next()) {
-    job->action(*parts_);
-    remote_->SetDone(*job);
-  }
+void UndrawnRenameWindow::RunJob() {
+  const std::shared_ptr<UndrawnWindow::Job> job = remote_->Next();
+  if (!job) return;
+  job->action(*parts_);
+  remote_->SetDone(*job);
 }
 
 void UndrawnRenameWindow::Destroy() {

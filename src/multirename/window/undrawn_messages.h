@@ -5,8 +5,8 @@
 
 namespace Velmora::SDK {
 
-// Posted to the frame: actions of UndrawnWindow are waiting.
-constexpr UINT kUndrawnJobs = WM_APP + 0x100;
+// Posted to the frame for each action of UndrawnWindow that waits.
+constexpr UINT kUndrawnJob = WM_APP + 0x100;
 
 // The line that the user chooses.
 int ChooseUndrawnLine(const MenuLines& lines);

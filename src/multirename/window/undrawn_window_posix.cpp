@@ -108,7 +108,7 @@ std::shared_ptr<UndrawnWindow::Job> UndrawnWindow::Add(Action action) {
   const std::lock_guard lock(mutex_);
   if (isClosed_) return job;
   jobs_.push_back(job);
-  PostMessageW(frame_, kUndrawnJobs, 0, 0);
+  PostMessageW(frame_, kUndrawnJob, 0, 0);
   return job;
 }
 
