@@ -50,7 +50,8 @@ bool CDropEdit::TakeDrop(HWND edit, HDROP drop) {
   POINT place = {};
   RECT client = {};
   // Elsewhere on the window, such as on a scroll bar, the place is one of the screen.
-  if (!DragQueryPoint(drop, &place) || !GetClientRect(edit, &client) || !PtInRect(&client, place)) return false;
+  if (!DragQueryPoint(drop, &place) || !GetClientRect(edit, &client) || !PtInRect(&client, place))
+    return false;
   std::array<WCHAR, kMostOfDroppedPath + 1> path = {};
   const UINT length = DragQueryFileW(drop, 0, path.data(), static_cast<UINT>(path.size()));
   DragFinish(drop);
