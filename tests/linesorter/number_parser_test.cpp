@@ -148,7 +148,11 @@ TEST(NumberParserBytes, NoByteAboveAsciiIsWhiteSpace) {
 }
 
 TEST(NumberParserUnits, TheWideBlanksOfWindowsAreWhiteSpace) {
-  for (const WCHAR unit : {W('\u0085'), W('\u00A0'), W('\u2000'), W('\u2009'), W('\u2028'), W('\u3000')}) {
+  for (const WCHAR unit : {W('\u0085'), W('\u00A0'), W('\u1680'), W('\u2028'), W('\u2029'), W('\u202F'),
+                           W('\u205F'), W('\u3000')}) {
+    EXPECT_TRUE(IsSpace(unit)) << static_cast<unsigned>(unit);
+  }
+  for (WCHAR unit = W('\u2000'); unit <= W('\u200A'); ++unit) {
     EXPECT_TRUE(IsSpace(unit)) << static_cast<unsigned>(unit);
   }
   for (const unsigned unit : {0x00E9u, 0x0120u, 0x2010u, 0x2022u, 0x3001u, 0x2020u, 0x0920u, 0xFF20u}) {
