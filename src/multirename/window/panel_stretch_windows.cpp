@@ -47,6 +47,7 @@ constexpr Stretch kStretches[] = {
     {kRegexBox, 8, 0},
     {kReplaceAllBox, 2, 0},
     {kCaseSensitiveBox, 2, 0},
+    {kResetButton, 8, 0},
     {kUndoButton, 8, 0},
     {kUndoManagerButton, 8, 0},
     {kStartButton, 8, 0},
