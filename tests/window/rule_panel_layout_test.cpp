@@ -22,7 +22,7 @@ const std::set<int> kSigns = {1046, 1047, 1117, 1044, 1049};
 class RulePanelLayout : public RenameFrameWindow {
  protected:
   void Resize(int width, int height) const {
-    SetWindowPos(Frame(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+    SetWindowPos(Frame(), nullptr, 0, 0, width, height, SWP_NOZORDER);
   }
   // With the texts that the window would have.
   void SetTextsOf(HWND panel) {
