@@ -181,6 +181,15 @@ TEST_F(MainFrameWindow, TheSameKeysWithoutAltAreTheFieldsOwn) {
   EXPECT_THAT(OldNames(), ElementsAre(W("a"), W("b")));
 }
 
+TEST_F(MainFrameWindow, AltDownInABoxMovesRowsAndOpensNoList) {
+  Open({W("a"), W("b")});
+  SelectRows({0});
+  SetFocus(GetDlgItem(Panel(), kCaseField));
+  PressFrameKey(VK_DOWN, true);
+  EXPECT_THAT(OldNames(), ElementsAre(W("b"), W("a")));
+  EXPECT_FALSE(SendDlgItemMessageW(Panel(), kCaseField, CB_GETDROPPEDSTATE, 0, 0));
+}
+
 TEST_F(MainFrameWindow, TheKeysOfRowsMoveThemFromTheListAsWell) {
   Open({W("a"), W("b")});
   SetFocus(List());

@@ -118,6 +118,10 @@ TEST_F(RulePanelLayout, GroupsAndFieldsStandOnOneGrid) {
   ExpectAligned({1063, 1041}, &RECT::right);
   ExpectAligned({1119, 1039}, &RECT::left);
   ExpectAligned({1071, 1040, 1049, 1003, 1041}, &RECT::top);
+  for (const auto& [button, box] : {std::pair(1046, 1034), {1047, 1035}, {1044, 1045}}) {
+    ExpectAligned({button, box}, &RECT::top);
+    ExpectAligned({button, box}, &RECT::bottom);
+  }
   for (const auto& [label, field] : {std::pair(1066, 1031), {1067, 1032}, {1068, 1033}}) {
     const LONG gap = AreaOf(Panel(), field).left - AreaOf(Panel(), label).right;
     EXPECT_GE(gap, 0) << label;

@@ -2,6 +2,8 @@
 // it does.
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 #include "multirename/panel_controls.h"
 #include "window/list_rows.h"
 #include "window/modal_driver.h"
@@ -516,6 +518,26 @@ TEST_F(RulePanelWindow, EachToolHasItsTip) {
   EXPECT_EQ(SendMessageW(tips_, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 10000);
   EXPECT_EQ(SendMessageW(tips_, TTM_GETDELAYTIME, TTDT_RESHOW, 0), 500);
   EXPECT_EQ(SendMessageW(tips_, TTM_GETMAXTIPWIDTH, 0, 0), -1);
+}
+
+TEST_F(RulePanelWindow, MouseMessagesOfThePanelAreShownToTheTips) {
+  Open();
+  const SentMessages relayed(TTM_RELAYEVENT);
+  PostMessageW(GetDlgItem(Panel(), 1003), WM_MOUSEMOVE, 0, MAKELPARAM(3, 3));
+  Settle();
+  EXPECT_GE(relayed.Controls().size(), 1u);
+}
+
+TEST_F(RulePanelWindow, ACallThatFailsLeavesTheWindowAsItIs) {
+  Open({W("a.txt")});
+  Type(1034, W("b"));
+  host_.beforeStringList = [] { throw std::runtime_error("the host fails"); };
+  Press(1003);
+  host_.beforeStringList = nullptr;
+  EXPECT_NE(Frame(), nullptr);
+  EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
+  Press(1003);
+  EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
 }
 
 TEST_F(RulePanelWindow, ATipWithAnAmpersandIsShownAsItIs) {
