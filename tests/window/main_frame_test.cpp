@@ -181,6 +181,15 @@ TEST_F(MainFrameWindow, TheSameKeysWithoutAltAreTheFieldsOwn) {
   EXPECT_THAT(OldNames(), ElementsAre(W("a"), W("b")));
 }
 
+TEST_F(MainFrameWindow, AltDownInABoxMovesRowsAndOpensNoList) {
+  Open({W("a"), W("b")});
+  SelectRows({0});
+  SetFocus(GetDlgItem(Panel(), kCaseField));
+  PressFrameKey(VK_DOWN, true);
+  EXPECT_THAT(OldNames(), ElementsAre(W("b"), W("a")));
+  EXPECT_FALSE(SendDlgItemMessageW(Panel(), kCaseField, CB_GETDROPPEDSTATE, 0, 0));
+}
+
 TEST_F(MainFrameWindow, TheKeysOfRowsMoveThemFromTheListAsWell) {
   Open({W("a"), W("b")});
   SetFocus(List());
@@ -247,8 +256,8 @@ TEST_F(MainFrameWindow, TheTabKeyLeadsThroughThePanelToTheListAndAround) {
   }
   EXPECT_EQ(GetFocus(), List());
   EXPECT_THAT(walked,
-              ElementsAre(1034, 1046, 1035, 1047, 1036, 1004, 1043, 1031, 1032, 1033, 1045, 1044, 1118, 1020,
-                          1001, 1119, 1117, 1070, 1039, 1038, 1037, 1071, 1049, 1003, 1041));
+              ElementsAre(1034, 1046, 1035, 1047, 1036, 1004, 1031, 1032, 1033, 1045, 1044, 1118, 1020, 1001,
+                          1119, 1117, 1070, 1039, 1038, 1037, 1043, 1071, 1049, 1003, 1041));
   PressFrameKey(VK_TAB);
   EXPECT_EQ(FocusedNumber(), kNameField);
   const HeldKey shift(VK_SHIFT);
@@ -266,7 +275,7 @@ TEST_F(MainFrameWindow, AccessKeysLeadToTheirFieldsFromTheListToo) {
   PressFrameAccessKey(W('n'));
   EXPECT_EQ(FocusedNumber(), kNameField);
   SetFocus(List());
-  PressFrameAccessKey(W('p'));
+  PressFrameAccessKey(W('w'));
   EXPECT_FALSE(IsChecked(Panel(), 1004));
 }
 

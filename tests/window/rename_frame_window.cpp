@@ -12,10 +12,14 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// Ends a loop that has nothing to do.
-class EndOfWork final : public IdleHandler {
+// Ends a loop that has nothing to do. Some messages lead to no idle time; each is followed by one that does.
+class EndOfWork final : public IdleHandler, public MessageFilter {
  public:
   explicit EndOfWork(MultiRenameEngine& engine) : engine_(engine) {}
+  bool FilterMessage(MSG& message) override {
+    if (message.hwnd) PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+    return false;
+  }
   bool OnIdle(int) override {
     engine_.worker.WaitUntilIdle();
     MSG message = {};
@@ -97,7 +101,9 @@ void RenameFrameWindow::Open(const std::vector<WString>& names) {
 void RenameFrameWindow::Settle() {
   EndOfWork end(*engine_);
   loop_.AddIdleHandler(end);
+  loop_.AddFilter(end);
   loop_.Run();
+  loop_.RemoveFilter(end);
   loop_.RemoveIdleHandler(end);
 }
 

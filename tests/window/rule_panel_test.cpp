@@ -2,6 +2,8 @@
 // it does.
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 #include "multirename/panel_controls.h"
 #include "window/list_rows.h"
 #include "window/modal_driver.h"
@@ -14,6 +16,7 @@
 namespace {
 
 using namespace Velmora::SDK;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
@@ -43,7 +46,7 @@ constexpr PanelRow kPanelRows[] = {
     {1032, WC_EDITW, W("1"), true, false},
     {1068, WC_STATICW, W("&Digits:"), true, false},
     {1033, WC_EDITW, W("2"), true, false},
-    {1063, WC_BUTTONW, W("Search and Replace"), true, false},
+    {1063, WC_BUTTONW, W("Searc&h and Replace"), true, false},
     {1118, WC_LISTVIEWW, W(""), true, false},
     {1020, WC_EDITW, W(""), true, false},
     {1001, WC_EDITW, W(""), true, false},
@@ -51,13 +54,13 @@ constexpr PanelRow kPanelRows[] = {
     {1117, WC_BUTTONW, W("..."), true, false},
     {1070, WC_COMBOBOXW, W("Name and extension"), true, false},
     {1039, WC_BUTTONW, W("Re&gEx"), true, false},
-    {1038, WC_BUTTONW, W("Replace a&ll"), true, true},
+    {1038, WC_BUTTONW, W("Re&place all"), true, true},
     {1037, WC_BUTTONW, W("Case s&ensative"), true, false},
-    {1061, WC_BUTTONW, W("Load / Save"), true, false},
+    {1061, WC_BUTTONW, W("&Load / Save"), true, false},
     {1045, WC_COMBOBOXW, W("(no profile)"), true, false},
     {1044, WC_BUTTONW, W("X"), true, false},
     {1043, WC_BUTTONW, W("Sa&ve Undo Information"), true, true},
-    {1004, WC_BUTTONW, W("Live &Preview"), true, true},
+    {1004, WC_BUTTONW, W("Live Previe&w"), true, true},
     {1071, WC_BUTTONW, W("&Reset File List"), true, false},
     {1040, WC_BUTTONW, W("&Undo"), false, false},
     {1049, WC_BUTTONW, W("..."), true, false},
@@ -223,10 +226,10 @@ TEST_F(RulePanelWindow, AddPutsThePairIntoTheListAndTheNamesFollow) {
   Type(1020, W("X"));
   Type(1001, W("-"));
   Press(1119);
-  EXPECT_THAT(TableRowsOf(Panel(), 1118), ElementsAre(ElementsAre(W("\"X\""), W("\"-\""))));
-  EXPECT_THAT(NewNames(), ElementsAre(W("a-a-.txt")));
+  EXPECT_THAT(TableRowsOf(Panel(), 1118), ElementsAre(ElementsAre(W("X"), W("-"))));
+  EXPECT_THAT(NewNames(), ElementsAre(W("a-a-.t-t")));
   Press(1038);
-  EXPECT_THAT(NewNames(), ElementsAre(W("a-aX.txt")));
+  EXPECT_THAT(NewNames(), ElementsAre(W("a-aX.t-t")));
 }
 
 TEST_F(RulePanelWindow, TheChecksOfTheSearchCount) {
@@ -343,7 +346,7 @@ TEST_F(RulePanelWindow, TheFocusIsNeverOnADisabledControl) {
 TEST_F(RulePanelWindow, RowsInTheWayKeepTheRunFromStarting) {
   Open({W("a"), W("b")});
   Type(1034, W("same"));
-  EXPECT_THAT(NewNames(), ElementsAre(W("same"), W("The first row has the same new name")));
+  EXPECT_THAT(NewNames(), Each(W("The first row has the same new name")));
   WString text;
   PostPress(1003);
   SettleWith({[&](HWND box) {
@@ -515,6 +518,26 @@ TEST_F(RulePanelWindow, EachToolHasItsTip) {
   EXPECT_EQ(SendMessageW(tips_, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 10000);
   EXPECT_EQ(SendMessageW(tips_, TTM_GETDELAYTIME, TTDT_RESHOW, 0), 500);
   EXPECT_EQ(SendMessageW(tips_, TTM_GETMAXTIPWIDTH, 0, 0), -1);
+}
+
+TEST_F(RulePanelWindow, MouseMessagesOfThePanelAreShownToTheTips) {
+  Open();
+  const SentMessages relayed(TTM_RELAYEVENT);
+  PostMessageW(GetDlgItem(Panel(), 1003), WM_MOUSEMOVE, 0, MAKELPARAM(3, 3));
+  Settle();
+  EXPECT_GE(relayed.Controls().size(), 1u);
+}
+
+TEST_F(RulePanelWindow, ACallThatFailsLeavesTheWindowAsItIs) {
+  Open({W("a.txt")});
+  Type(1034, W("b"));
+  host_.beforeStringList = [] { throw std::runtime_error("the host fails"); };
+  Press(1003);
+  host_.beforeStringList = nullptr;
+  EXPECT_NE(Frame(), nullptr);
+  EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
+  Press(1003);
+  EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
 }
 
 TEST_F(RulePanelWindow, ATipWithAnAmpersandIsShownAsItIs) {

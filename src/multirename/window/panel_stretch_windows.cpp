@@ -47,11 +47,20 @@ constexpr Stretch kStretches[] = {
     {kRegexBox, 8, 0},
     {kReplaceAllBox, 2, 0},
     {kCaseSensitiveBox, 2, 0},
+    {kResetButton, 8, 0},
     {kUndoButton, 8, 0},
     {kUndoManagerButton, 8, 0},
     {kStartButton, 8, 0},
     {kCloseButton, 8, 0},
 };
+
+// Buttons beside boxes, which are as high as their font wants them.
+struct BesideBox {
+  int button;
+  int box;
+};
+constexpr BesideBox kBesideBoxes[] = {
+    {kNameTags, kNameTemplate}, {kExtensionTags, kExtensionTemplate}, {kDeleteProfile, kProfileBox}};
 
 // The text of a box's edit field is selected when the box gets another size. While this lives it keeps the
 // selection that it has.
@@ -76,11 +85,19 @@ class KeptSelection {
   DWORD end_ = 0;
 };
 
+// A box with its list closed.
+RECT ClosedPlaceOf(HWND panel, HWND control) {
+  RECT area = {};
+  GetWindowRect(control, &area);
+  MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&area), 2);
+  return area;
+}
+
 RECT PlaceOf(HWND panel, HWND control) {
   RECT area = {};
   // False for what is no box with a list.
   if (!SendMessageW(control, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&area)))
-    GetWindowRect(control, &area);
+    return ClosedPlaceOf(panel, control);
   MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&area), 2);
   return area;
 }
@@ -101,6 +118,13 @@ void PanelStretch::Attach(HWND panel, int pixelsOfAnInch) {
     const bool isStretched = row != std::end(kStretches);
     places_.push_back(
         {number, PlaceOf(panel, control), isStretched ? row->moved : 0, isStretched ? row->widened : 0});
+  }
+  for (const auto& [button, box] : kBesideBoxes) {
+    const auto place = std::ranges::find(places_, button, &Place::control);
+    if (place == places_.end()) continue;
+    const RECT beside = ClosedPlaceOf(panel, GetDlgItem(panel, box));
+    place->area.top = beside.top;
+    place->area.bottom = beside.bottom;
   }
 }
 
