@@ -48,7 +48,7 @@ MultiRenameUndo* NewestSession(MultiRenameUndoStore& store) {
 }
 
 std::string IsoDate(const SYSTEMTIME& date) {
-  char text[32];
+  char text[40];
   std::snprintf(text, sizeof text, "%04u-%02u-%02uT%02u:%02u:%02u", unsigned{date.wYear},
                 unsigned{date.wMonth}, unsigned{date.wDay}, unsigned{date.wHour}, unsigned{date.wMinute},
                 unsigned{date.wSecond});

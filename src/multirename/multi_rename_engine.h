@@ -49,8 +49,8 @@ class MultiRenameEngine {
   WStringView currentExtension;  // without its dot
   MultiRenameItem* currentItem = nullptr;
   IHostApp* host;
-  // Gives the values of [?...]; null: there are none. Changed on any thread, also while the worker asks it: the
-  // host's lives as long as the host.
+  // Gives the values of [?...]; null: there are none. Changed on any thread, also while the worker asks it:
+  // the host's lives as long as the host.
   std::atomic<IHostPropertyManager*> propertyManager{nullptr};
   RunStatus status;
   std::atomic<bool> busy{false};  // the worker computes or runs: no compilation may begin

@@ -13,6 +13,13 @@ u32 StateOfResult(u32 resultCode) {
   return resultCode == kRenameIgnored ? StateIgnored : StateFailed;
 }
 
+// False for what no run has given a file as its name: a path that ends in it is of the folder itself, or of
+// a file elsewhere.
+bool NamesAFile(WStringView name) {
+  return name.find_first_not_of(W(". ")) != WStringView::npos &&
+         name.find_first_of(W("\\/:")) == WStringView::npos;
+}
+
 void RunBatchOfItems(MultiRenameEngine& engine) {
   const HostService<IHostFileOperation> operation(*engine.host, kServiceFileOperation);
   if (!operation) return;
@@ -52,6 +59,10 @@ void RunRestore(MultiRenameEngine& engine, const MultiRenameUndo& session) {
   const HostObject<IHostRenameBatch> batch(operation->CreateRenameBatch());
   if (!batch) return;
   for (const MultiRenameUndoEntry& entry : session.entries) {
+    if (!NamesAFile(entry.newName)) {
+      engine.status.CountResult(ERROR_INVALID_NAME);
+      continue;
+    }
     WString path = entry.folder;
     if (!path.ends_with(W('\\'))) path += W('\\');
     path += entry.newName;

@@ -115,7 +115,8 @@ class CRenameResultCallback final : public IRenameResultCallback {
 };
 
 // The renames of all rows, and those of the restore set back, as the worker does them: through the host, with
-// the counts in the engine's status. The first leaves its states at the rows, writes the undo file if asked
+// the counts in the engine's status. Of the second, entries whose new name no file can have are failures that
+// the host is not asked for. The first leaves its states at the rows, writes the undo file if asked
 // to, and hands the session to the store if that was read.
 void RunRenames(MultiRenameEngine& engine, bool writeUndoFile);
 void RunRestore(MultiRenameEngine& engine, const MultiRenameUndo& session);

@@ -163,6 +163,11 @@ class BadCalls(HostTest):
         self.assertIn("language table", self.refused("--language", self.path("missing"), "menu"))
 
 
+    def test_the_command_of_a_window_is_refused_with_the_verb_that_keeps_it_open(self):
+        for command in ("31000", "multi-rename", "multi"):
+            with self.subTest(command=command):
+                self.assertIn("use `qxhost window`", self.refused("command", command))
+
     def test_a_dry_run_is_refused_before_anything_runs_where_more_than_names_would_change(self):
         with open(self.path("a.txt"), "w", encoding="utf-8") as file:
             file.write("b\na\n")

@@ -12,9 +12,7 @@ namespace {
 
 constexpr ScriptSwitch kSwitches[] = {{"FIRST", 1}, {"SECOND", 0x20}, {"THIRD", 0x80000000}};
 
-FakeCommandCall CallWith(const std::set<std::string>& switches) {
-  return FakeCommandCall(1, switches);
-}
+FakeCommandCall CallWith(const std::set<std::string>& switches) { return FakeCommandCall(1, switches); }
 
 }  // namespace
 

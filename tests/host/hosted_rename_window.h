@@ -11,11 +11,11 @@
 #include "frame/qx_utils.h"
 #include "host/controls/vector_list.h"
 #include "host/extensions.h"
+#include "host/recorded_output.h"
 #include "host/system_places.h"
 #include "host/whole_file.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "multirename/window/undrawn_window.h"
-#include "host/recorded_output.h"
 #include "security/ntfs_prop.h"
 #include "support/scratch_folder.h"
 
@@ -42,8 +42,10 @@ inline bool DeleteExtensionOfModule(void* object, s32 index) {
 }
 
 inline bool InfoOfModule(u32 index, Velmora::SDK::ExtensionInfo* info) {
-  info->moduleName[0] = static_cast<WCHAR>(W('A') + index);
-  return index < 3;
+  constexpr const WCHAR* kNames[] = {W("QXUtils"), W("NTFSProp"), W("QXMultiRename")};
+  if (index >= std::size(kNames)) return false;
+  CopyTerminated(info->moduleName, std::size(info->moduleName), WStringView(kNames[index]));
+  return true;
 }
 
 class HostedRenameWindow {

@@ -200,6 +200,20 @@ TEST_F(RenameRunTest, ARestoreOfAllRowsPassesThoseOnThatFailedBefore) {
   EXPECT_THAT(States(), ElementsAre(6u, 3u, 4u));
 }
 
+// Rows have such names if the rules were changed after the run; the path would be that of the folder, or of
+// another one.
+TEST_F(RenameRunTest, ARestoreDoesNotAskTheHostForWhatIsNoNameOfAFile) {
+  MultiRenameUndo session;
+  for (const WCHAR* const name : {W(""), W("."), W(".."), W(" "), W(". ."), W("sub\\a"), W("sub/a"),
+                                  W("..\\a"), W("a:b"), W(".a"), W("a.")})
+    session.entries.push_back({W("C:\\view"), name, W("old")});
+  RunRestore(*engine_, session);
+  ASSERT_THAT(host_.renames.pathRenames, SizeIs(2));
+  EXPECT_EQ(host_.renames.pathRenames[0].from, W("C:\\view\\.a"));
+  EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\a."));
+  EXPECT_EQ(StatusText(engine_->status), W("2 Restored, 9 Failed"));
+}
+
 TEST_F(RenameRunTest, AfterARunTheNextNamesAreComputedFromTheOldOnesAgain) {
   Rows({W("a.txt")});
   RunRenames(*engine_, false);

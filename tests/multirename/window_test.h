@@ -5,9 +5,9 @@
 #include <gmock/gmock.h>
 
 #include "multirename/gate_properties.h"
+#include "multirename/panel_run_test.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "multirename/window/undrawn_window.h"
-#include "multirename/panel_run_test.h"
 #include "multirename/window_host.h"
 #include "platform/handles.h"
 
