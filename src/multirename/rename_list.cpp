@@ -27,6 +27,7 @@ void RenameList::FillList(SharedItems items) {
 void RenameList::Empty() {
   if (list_) list_->Clear();
   items_.reset();
+  collected_ = std::vector<void*>();
 }
 
 std::vector<MultiRenameItem*> RenameList::CollectRows() const {
@@ -35,10 +36,10 @@ std::vector<MultiRenameItem*> RenameList::CollectRows() const {
   u32 count = 0;
   u32 selected = 0;
   list_->GetCounts(&count, &selected);
-  std::vector<void*> data(count);
-  list_->GetRows(data.data(), count);
-  rows.reserve(data.size());
-  for (void* const item : data) {
+  collected_.assign(count, nullptr);
+  list_->GetRows(collected_.data(), count);
+  rows.reserve(count);
+  for (void* const item : collected_) {
     if (item) rows.push_back(static_cast<MultiRenameItem*>(item));
   }
   return rows;
