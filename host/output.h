@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace QxHost {
 
@@ -27,17 +28,41 @@ class Output {
   void Prompt(std::string_view text);
   void Flush();
 
+  // From Hold to LetGo lines and problems are kept, so that no reader who is slow is waited for. A prompt lets
+  // go as well.
+  void Hold();
+  void LetGo();
+
   // Whether a write to standard output has failed.
   bool HasFailed();
 
  private:
   void FlushLocked();
+  void LetGoLocked();
 
   Sink standardOutput_;
   Sink standardError_;
   std::mutex mutex_;
   std::string pending_;
+  struct Held {
+    std::string output;
+    std::string problem;  // after the output
+  };
+  std::vector<Held> held_;
+  bool isHeld_ = false;
   bool failed_ = false;
+};
+
+// Holds the lines of an output back while it exists.
+class HeldOutput {
+ public:
+  explicit HeldOutput(Output& output) : output_(output) { output_.Hold(); }
+  HeldOutput(const HeldOutput&) = delete;
+  HeldOutput& operator=(const HeldOutput&) = delete;
+  ~HeldOutput() { output_.LetGo(); }
+
+ private:
+  Output& output_;
 };
 
 }  // namespace QxHost

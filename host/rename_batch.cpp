@@ -49,6 +49,7 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   const WString newName = stays ? rename.newName : NameOfRename(rename);
   reporter_.Rename({from, newName, rename.result, dryRun_});
   if (rename.result == kRenameDone || rename.result == kRenameIgnored) return;
+  if (PassesOver(rename.result)) return;
   hasFailed_ = true;
   if (rename.result == ERROR_CANCELLED) {
     ++untried_;  // one line is for all of them
@@ -57,6 +58,14 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   output_.Problem("cannot rename " + ToUtf8(from) +
                   (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
                   RenameErrorText(from, rename.result));
+}
+
+bool FileOperation::PassesOver(u32 result) {
+  if (!passesOverUndone_) return false;
+  const bool isNotThere = result == ERROR_FILE_NOT_FOUND || result == ERROR_PATH_NOT_FOUND;
+  if (isNotThere) ++notThere_;
+  if (result == ERROR_ALREADY_EXISTS) ++taken_;
+  return isNotThere || result == ERROR_ALREADY_EXISTS;
 }
 
 }  // namespace QxHost

@@ -38,12 +38,20 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   // Whether a rename has failed, or would have in a dry run. A name that stays is no failure.
   bool HasFailed() const { return hasFailed_; }
 
+  // From now on a file that is not there, and a name that is taken, are counted and are no failure: of the
+  // renames that are taken back some may not have been done.
+  void PassOverUndone() { passesOverUndone_ = true; }
+  std::size_t NotThere() const { return notThere_; }
+  std::size_t Taken() const { return taken_; }
+
   // The renames that were left out (1223) after an interruption.
   std::size_t Untried() const { return untried_; }
 
  private:
   void Run(RenameBatch& batch, Velmora::SDK::IRenameResultCallback* callback);
   void Report(const WString& from, const QueuedRename& rename);
+  // Returns true if the result is counted, and no failure.
+  bool PassesOver(u32 result);
 
   FileItemTree& items_;
   Reporter& reporter_;
@@ -51,7 +59,10 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   const bool dryRun_;
   const bool inOrder_;
   bool hasFailed_ = false;
+  bool passesOverUndone_ = false;
   std::size_t untried_ = 0;
+  std::size_t notThere_ = 0;
+  std::size_t taken_ = 0;
 };
 
 }  // namespace QxHost

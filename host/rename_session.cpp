@@ -78,13 +78,24 @@ std::vector<u32> RenameSession::Outlook() {
   return results;
 }
 
-void RenameSession::Run(bool keepsUndo) {
+MultiRenameUndo RenameSession::Planned() {
+  const std::vector<u32> outlook = Outlook();
+  MultiRenameUndo planned;
+  for (std::size_t index = 0; index < outlook.size(); ++index) {
+    const MultiRenameItem& row = *engine_->items[index];
+    if (outlook[index] != kRenameDone) continue;
+    planned.entries.push_back({row.folderPath, WString(NameToMake(row.newName)), row.oldName});
+  }
+  return planned;
+}
+
+void RenameSession::Run() {
   MultiRenameUndoStore& store = engine_->undoStore;
   // A store that counts as read keeps the session of the run. Those of the other files are not needed.
   store.loaded = true;
   store.sessions.clear();
   const InterruptionWatch watch;
-  engine_->worker.WantRename(keepsUndo);
+  engine_->worker.WantRename(false);
   Work();
   CheckAllTried(engine_->items.size());
 }

@@ -30,13 +30,17 @@ class RenameSession {
   // What the host would say of each row's rename: 0, 10 for a name that stays, or an error number.
   std::vector<u32> Outlook();
 
-  // Renames all rows. With `keepsUndo` an undo file is written. An interruption leaves the rest as it is.
-  void Run(bool keepsUndo);
+  // What a run is to rename, as far as the host would not refuse it; without a date.
+  Velmora::SDK::MultiRenameUndo Planned();
+
+  // Renames all rows, and leaves the undo file to the caller, who knows how to keep it safe. An interruption
+  // leaves the rest as it is.
+  void Run();
 
   // Takes a session back, each file to the very name that it had.
   void Restore(const Velmora::SDK::MultiRenameUndo& session);
 
-  // The session of the last run that wrote an undo file; null if nothing was renamed.
+  // The session of the last run; null if nothing was renamed.
   Velmora::SDK::MultiRenameUndo* Written();
 
   // The renames of the last run that were done.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <string_view>
 #include <tuple>
 #include <unordered_set>
@@ -12,7 +13,8 @@
 #include "host/interruption.h"
 #include "host/nearest_name.h"
 #include "host/paths.h"
-#include "host/whole_file.h"
+#include "host/planned_undo.h"
+#include "host/undo_file.h"
 #include "multirename/character_scan.h"
 #include "platform/handles.h"
 
@@ -25,26 +27,31 @@ using namespace Velmora::SDK;
 constexpr std::string_view kNewestUndo = "last";
 constexpr std::string_view kEveryUndo = "all";
 
-auto DateKey(const MultiRenameUndo& session) {
+// Of a session, without its entries: an undo file may be large, and there may be many.
+struct UndoSummary {
+  WString fileName;
+  SYSTEMTIME date{};
+  std::size_t items = 0;
+  bool haveRestored = false;
+};
+
+auto DateKey(const UndoSummary& session) {
   const SYSTEMTIME& date = session.date;
   return std::tuple(date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond,
                     session.fileName);
 }
 
-bool IsOlder(const MultiRenameUndo* lhs, const MultiRenameUndo* rhs) { return DateKey(*lhs) < DateKey(*rhs); }
-
-std::vector<MultiRenameUndo*> SessionsByDate(MultiRenameUndoStore& store) {
-  store.Load();
-  std::vector<MultiRenameUndo*> sessions;
-  for (const auto& session : store.sessions) sessions.push_back(session.get());
-  std::ranges::sort(sessions, IsOlder);
-  return sessions;
+UndoSummary SummaryOf(const MultiRenameUndo& session) {
+  return {session.fileName, session.date, session.entries.size(), session.haveRestored};
 }
 
-// Returns null if the store has no session.
-MultiRenameUndo* NewestSession(MultiRenameUndoStore& store) {
-  const std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
-  return sessions.empty() ? nullptr : sessions.back();
+std::vector<UndoSummary> SessionsByDate(const MultiRenameUndoStore& store) {
+  std::vector<UndoSummary> sessions;
+  store.ForEachSession([&sessions](const std::unique_ptr<MultiRenameUndo>& session) {
+    sessions.push_back(SummaryOf(*session));
+  });
+  std::ranges::sort(sessions, {}, DateKey);
+  return sessions;
 }
 
 std::string IsoDate(const SYSTEMTIME& date) {
@@ -60,29 +67,24 @@ bool IsSameFileName(const WString& lhs, const WString& rhs) {
                               static_cast<int>(rhs.size()), TRUE) == CSTR_EQUAL;
 }
 
-// The session of a file in the store's folder, by its bare name; null for a file that is not a session.
-MultiRenameUndo* SessionOfFile(MultiRenameUndoStore& store, const WString& name) {
-  store.Load();
-  const auto found = std::ranges::find_if(
-      store.sessions, [&name](const auto& session) { return IsSameFileName(session->fileName, name); });
-  return found == store.sessions.end() ? nullptr : found->get();
-}
-
-// The store's session of a name or a path; null if it is not in the store.
-MultiRenameUndo* SessionMeant(MultiRenameUndoStore& store, const WString& text) {
-  if (text.find_first_of(W("\\/")) == WString::npos) return SessionOfFile(store, text);
+// The bare name of the store's file that is meant by a name or a path. Nothing for a path elsewhere.
+std::optional<WString> NameInStore(const MultiRenameUndoStore& store, const WString& text) {
+  if (text.find_first_of(W("\\/")) == WString::npos) return text;
   const std::optional<WString> path = FullPathOf(text);
-  if (!path) return nullptr;
-  const std::size_t nameAt = path->rfind(W('\\')) + 1;
   const std::optional<WString> folder = FullPathOf(store.folder);
-  const bool isStores = folder && IsSameFileName(path->substr(0, nameAt), *folder + W('\\'));
-  return isStores ? SessionOfFile(store, path->substr(nameAt)) : nullptr;
+  if (!path || !folder) return std::nullopt;
+  const std::size_t nameAt = path->rfind(W('\\')) + 1;
+  const bool isStores = IsSameFileName(path->substr(0, nameAt), *folder + W('\\'));
+  return isStores ? std::optional(path->substr(nameAt)) : std::nullopt;
 }
 
-BadCall NoUndoFile(MultiRenameUndoStore& store, const std::string& text) {
+BadCall NoUndoFile(const MultiRenameUndoStore& store, const std::string& text) {
   std::vector<std::string> names;
-  for (const MultiRenameUndo* const session : SessionsByDate(store)) {
-    names.push_back(ToUtf8(session->fileName));
+  for (const UndoSummary& session : SessionsByDate(store)) names.push_back(ToUtf8(session.fileName));
+  const std::optional<WString> name = NameInStore(store, PathFromUtf8(text));
+  if (text != kNewestUndo && name && ReadFileFacts(store.folder + *name)) {
+    return BadCall("\"" + text + "\" is no undo file: it is in " + ToUtf8(store.folder) +
+                   ", but no list of renames");
   }
   if (names.empty()) return BadCall("there are no undo files in " + ToUtf8(store.folder));
   const std::vector<std::string_view> views(names.begin(), names.end());
@@ -90,18 +92,42 @@ BadCall NoUndoFile(MultiRenameUndoStore& store, const std::string& text) {
                  ". `qxhost rename --list-undo` shows which there are");
 }
 
-// A session of a file that lies elsewhere.
-std::unique_ptr<MultiRenameUndo> ForeignSession(MultiRenameUndoStore& store, const std::string& text) {
-  const std::optional<WString> path = FullPathOf(PathFromUtf8(text));
-  if (!path || text.find_first_of("\\/") == std::string::npos) throw NoUndoFile(store, text);
-  std::string bytes;
-  if (const DWORD error = ReadWholeFile(*path, bytes); error != ERROR_SUCCESS) {
-    throw BadCall("cannot read " + text + ": " + ErrorText(error));
+// The store's session of a name, a path or `last`, by the name of its file. Throws BadCall if there is none,
+// and returns nothing for a path elsewhere.
+std::optional<WString> FileInStore(const MultiRenameUndoStore& store, const std::string& text) {
+  if (text == kNewestUndo) {
+    const std::vector<UndoSummary> sessions = SessionsByDate(store);
+    if (sessions.empty()) throw NoUndoFile(store, text);
+    return sessions.back().fileName;
   }
-  std::unique_ptr<MultiRenameUndo> session =
-      ReadUndoText({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-  if (!session) throw BadCall(text + " is no undo file");
-  return session;
+  const std::optional<WString> name = NameInStore(store, PathFromUtf8(text));
+  if (!name || (!name->empty() && ReadUndoFile(store.folder + *name).session)) return name;
+  for (const UndoSummary& session : SessionsByDate(store)) {
+    if (IsSameFileName(session.fileName, *name)) return session.fileName;
+  }
+  throw NoUndoFile(store, text);
+}
+
+// An undo file that is to be taken back.
+struct MeantUndo {
+  WString path;
+  bool isForeign = false;  // it lies elsewhere
+  UndoFile file;
+};
+
+MeantUndo FindUndo(const MultiRenameUndoStore& store, const std::string& text) {
+  MeantUndo meant;
+  const std::optional<WString> name = FileInStore(store, text);
+  meant.isForeign = !name;
+  meant.path = name ? store.folder + *name : FullPathOf(PathFromUtf8(text)).value_or(WString());
+  if (meant.path.empty()) throw NoUndoFile(store, text);
+  meant.file = ReadUndoFile(meant.path);
+  if (meant.file.error != ERROR_SUCCESS) {
+    throw BadCall("cannot read " + text + ": " + ErrorText(meant.file.error));
+  }
+  if (!meant.file.session) throw BadCall(text + " is no undo file");
+  if (name) meant.file.session->fileName = *name;
+  return meant;
 }
 
 // As the store writes it.
@@ -150,8 +176,9 @@ bool IsKeptField(WStringView text) {
   return !text.empty() && !HoldsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
 }
 
-// True for an entry that is read back from its line, at first sight.
+// True for an entry that is read back from its line, at first sight, and gives a name that can be given.
 bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
+  if (!IsPossibleName(entry.oldName)) return false;
   if (!IsKeptField(entry.folder) || !IsKeptField(entry.oldName) || !IsKeptField(entry.newName)) return false;
   const WCHAR first = entry.folder.front();
   const bool isOther = first == W(';') || first == W('#') || first == W('[');
@@ -173,22 +200,12 @@ std::string Renames(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " rename" : " renames");
 }
 
-// The readers of undo files look at no more than this.
-bool IsTooLong(const WString& path) {
-  const std::optional<FileFacts> facts = ReadFileFacts(path);
-  return facts && facts->size > kMostOfUndoFile;
-}
-
-// The session of the lines that are read whole, where a file is longer than its readers look at. The line at
-// the limit may be cut within its last field, and would name another file. Null for a shorter file.
-std::unique_ptr<MultiRenameUndo> SessionOfWholeLines(const WString& path) {
-  std::string bytes;
-  if (!IsTooLong(path) || ReadWholeFile(path, bytes) != ERROR_SUCCESS) return nullptr;
-  std::size_t end = std::min(bytes.size(), kMostOfUndoFile) / 2 * 2;
-  while (end != 0 && !(bytes[end - 2] == '\n' && bytes[end - 1] == '\0')) end -= 2;
-  std::unique_ptr<MultiRenameUndo> session =
-      ReadUndoText({reinterpret_cast<const std::uint8_t*>(bytes.data()), end});
-  return session ? std::move(session) : std::make_unique<MultiRenameUndo>();
+std::string WhyLost(const MultiRenameUndoEntry& entry, bool isFileLong) {
+  const bool isParted = !IsKeptField(entry.folder) || !IsKeptField(entry.oldName);
+  if (!isParted && !IsPossibleName(entry.oldName))
+    return "no file is given a name with one of \\/:*?\"<>| or a control character";
+  if (isFileLong) return "an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes";
+  return "its lines are parted at each | and at line ends";
 }
 
 // Warns of entries that are read back and were no renames of the session. Where the file is cut, so may be
@@ -211,22 +228,54 @@ void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const Multi
   }
 }
 
-}  // namespace
-
-UndoEvent UndoEventOf(const MultiRenameUndoStore& store, MultiRenameUndo& session) {
+UndoEvent EventOfSummary(const MultiRenameUndoStore& store, const UndoSummary& session) {
+  MultiRenameUndo dated;
+  dated.date = session.date;
   UndoEvent event;
-  event.file = store.PathOf(session);
+  event.file = store.folder + session.fileName;
   event.date = IsoDate(session.date);
-  event.dateText = DateText(session);
-  event.items = session.entries.size();
+  event.dateText = DateText(dated);
+  event.items = session.items;
   event.restored = session.haveRestored;
   return event;
 }
 
+void WarnOfUndoFile(Output& output, const UndoFile& file) {
+  if (file.session->haveRestored) {
+    output.Problem("note: this run has been taken back before; --list-undo shows the others");
+  }
+  if (file.isLong) {
+    output.Problem("the undo file is longer than " + std::to_string(kMostOfUndoFile) +
+                   " bytes; what lies beyond them is not taken back");
+  } else if (file.isCut) {
+    output.Problem("the last line of the undo file is cut; it is not taken back");
+  }
+}
+
+// What was passed over of a run that was cut off.
+void ReportUndone(Shared& shared, std::size_t leftOut) {
+  const std::size_t notThere = shared.fileOperation.NotThere() + leftOut;
+  const std::size_t taken = shared.fileOperation.Taken();
+  if (notThere != 0) {
+    shared.reporter.Say("The run was cut off: " + Renames(notThere) + " had not been done, or the file is gone");
+  }
+  if (taken == 0) return;
+  shared.output.Problem(Renames(taken) + (taken == 1 ? " is" : " are") +
+                        " left alone: there is a file of the old name. The run was cut off before it, or the "
+                        "name has been taken since");
+  shared.hasFailedFiles = true;
+}
+
+}  // namespace
+
+UndoEvent UndoEventOf(const MultiRenameUndoStore& store, const MultiRenameUndo& session) {
+  return EventOfSummary(store, SummaryOf(session));
+}
+
 void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& configOption) {
-  std::vector<MultiRenameUndo*> sessions = SessionsByDate(store);
+  std::vector<UndoSummary> sessions = SessionsByDate(store);
   std::ranges::reverse(sessions);
-  for (MultiRenameUndo* const session : sessions) shared.reporter.Undo(UndoEventOf(store, *session));
+  for (const UndoSummary& session : sessions) shared.reporter.Undo(EventOfSummary(store, session));
   if (sessions.empty()) {
     shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
   } else {
@@ -237,37 +286,27 @@ void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::strin
 
 void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
   const InterruptionWatch watch;
-  MultiRenameUndoStore& store = session.UndoStore();
-  std::unique_ptr<MultiRenameUndo> foreign;
-  MultiRenameUndo* taken = nullptr;
-  if (text == kNewestUndo) {
-    taken = NewestSession(store);
-    if (!taken) throw NoUndoFile(store, text);
-  } else {
-    taken = SessionMeant(store, PathFromUtf8(text));
-  }
-  if (!taken) {
-    foreign = ForeignSession(store, text);
-    taken = foreign.get();
-  }
-  if (taken->haveRestored) {
-    shared.output.Problem("note: this run has been taken back before; --list-undo shows the others");
-  }
-  const WString path = foreign ? FullPathOf(PathFromUtf8(text)).value_or(WString()) : store.PathOf(*taken);
-  const std::unique_ptr<MultiRenameUndo> wholeLines = SessionOfWholeLines(path);
-  if (wholeLines) {
-    shared.output.Problem("the undo file is longer than " + std::to_string(kMostOfUndoFile) +
-                          " bytes; what lies beyond them is not taken back");
-  }
-  session.Restore(wholeLines ? *wholeLines : *taken);
+  const MultiRenameUndoStore& store = session.UndoStore();
+  const MeantUndo meant = FindUndo(store, text);
+  MultiRenameUndo& taken = *meant.file.session;
+  WarnOfUndoFile(shared.output, meant.file);
+  const UndoPlan plan = ReadUndoPlan(meant.file.head);
+  if (plan.isPlan) shared.fileOperation.PassOverUndone();
+  MultiRenameUndo done = taken;
+  const std::size_t leftOut = LeaveOutUndone(plan, done);
+  session.Restore(done);
   // A file of which a part was not read would lose it.
-  const bool isWhole = !foreign && !wholeLines && shared.fileOperation.Untried() == 0;
+  const bool isWhole = !meant.isForeign && meant.file.isWhole && shared.fileOperation.Untried() == 0;
   if (isWhole && !isDryRun && session.Succeeded() != 0) {
-    taken->haveRestored = true;
-    store.Save(*taken);
+    taken.haveRestored = true;
+    if (const DWORD error = WriteUndoFile(meant.path, taken, meant.file.head); error != ERROR_SUCCESS) {
+      taken.haveRestored = false;
+      shared.output.Problem("note: the undo file cannot say that it was taken back: " + ErrorText(error));
+    }
   }
-  if (!foreign) shared.reporter.Undo(UndoEventOf(store, *taken));
+  if (!meant.isForeign) shared.reporter.Undo(UndoEventOf(store, taken));
   shared.reporter.Say(isDryRun ? "Nothing was renamed: this was a dry run" : session.StatusText());
+  ReportUndone(shared, leftOut);
 }
 
 std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
@@ -285,48 +324,20 @@ std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
   return beyond;
 }
 
-bool ClaimUndoFile(Output& output, const MultiRenameUndoStore& store, UndoLock& lock) {
-  constexpr DWORD kWait = 20;  // milliseconds
-  constexpr int kSecond = 1000 / kWait;
-  DWORD error = ERROR_SUCCESS;
-  for (int wait = 0;; ++wait) {
-    error = lock.Take(store.folder + W("qxhost.lock"));
-    // A lock file that is being deleted refuses access for a moment.
-    const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && wait < kSecond);
-    if (!isInUse) break;
-    if (wait == 2 * kSecond) output.Problem("note: waiting for the end of another run");
-    Sleep(kWait);
-  }
-  if (error != ERROR_SUCCESS) {
-    output.Problem("no undo file can be written in " + ToUtf8(store.folder) + ": " + ErrorText(error) +
-                   ". Nothing was renamed; --no-undo renames without one");
-    return false;
-  }
-  for (int wait = 0; wait < 3 * kSecond; ++wait) {
-    MultiRenameUndo session;
-    GetLocalTime(&session.date);
-    if (GetFileAttributesW(store.PathOf(session).c_str()) == INVALID_FILE_ATTRIBUTES) break;
-    Sleep(kWait);
-  }
-  return true;
-}
-
 bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& text) {
-  store.Load();
   std::vector<WString> names;
   if (text == kEveryUndo) {
-    for (const auto& session : store.sessions) names.push_back(session->fileName);
-    store.DeleteAll();
+    store.ForEachSession([&names](const std::unique_ptr<MultiRenameUndo>& session) {
+      names.push_back(session->fileName);
+    });
+  } else if (const std::optional<WString> name = FileInStore(store, text)) {
+    names.push_back(*name);
   } else {
-    MultiRenameUndo* const session =
-        text == kNewestUndo ? NewestSession(store) : SessionMeant(store, PathFromUtf8(text));
-    if (!session) throw NoUndoFile(store, text);
-    names.push_back(session->fileName);
-    store.Delete(session);
+    throw NoUndoFile(store, text);
   }
   std::size_t deleted = 0;
   for (const WString& name : names) {
-    if (SessionOfFile(store, name)) {
+    if (!DeleteFileW(SystemPath(store.folder + name).c_str())) {
       shared.output.Problem("cannot delete " + ToUtf8(store.folder + name));
       continue;
     }
@@ -337,7 +348,7 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
   return deleted == names.size();
 }
 
-bool CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
+UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
   const WString path = store.PathOf(session);
   std::size_t size = 0;
   const DWORD error = CompareUndoFile(path, session, size);
@@ -346,7 +357,8 @@ bool CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenam
     output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
                    (error == kOtherBytes ? "" : ": " + ErrorText(error)));
   }
-  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return isWhole;
+  const UndoCheck found = isWhole ? UndoCheck::kKeeps : UndoCheck::kNotWhole;
+  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return found;
   std::string expected;
   WriteUndoText(session, [&expected](WStringView text) { expected += BytesOf(text); });
   const std::unique_ptr<MultiRenameUndo> kept =
@@ -358,18 +370,16 @@ bool CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenam
   std::size_t lost = 0;
   const MultiRenameUndoEntry* first = nullptr;
   for (const MultiRenameUndoEntry& entry : session.entries) {
-    if (keys.contains(EntryKey(entry))) continue;
+    if (IsPossibleName(entry.oldName) && keys.contains(EntryKey(entry))) continue;
     ++lost;
     if (!first) first = &entry;
   }
-  if (lost == 0) return isWhole;
+  if (lost == 0) return found;
   output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
-                 " cannot be kept, first of " + ToUtf8(PathOfEntry(*first, first->oldName)) +
-                 (expected.size() > kMostOfUndoFile
-                      ? ": an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes"
-                      : ": its lines are parted at each | and at line ends"));
+                 " cannot be kept, first of " + ToUtf8(PathOfEntry(*first, first->oldName)) + ": " +
+                 WhyLost(*first, expected.size() > kMostOfUndoFile));
   if (kept) WarnOfStrangers(output, session, *kept, expected.size() > kMostOfUndoFile);
-  return isWhole;
+  return lost == session.entries.size() ? UndoCheck::kKeepsNone : found;
 }
 
 }  // namespace QxHost

@@ -10,6 +10,7 @@
 #include "host/rename_session.h"
 #include "host/rename_undo.h"
 #include "host/run.h"
+#include "host/run_undo.h"
 #include "host/verb.h"
 
 namespace QxHost {
@@ -302,14 +303,22 @@ class RenameVerb final : public Verb {
       return;
     }
     const bool keepsUndo = !noUndo_ && !run.IsDry();
-    UndoLock undoLock;
-    if (keepsUndo && !ClaimUndoFile(shared.output, session.UndoStore(), undoLock)) {
+    RunUndo undoFile(shared.output, session.UndoStore());
+    if (keepsUndo && !undoFile.Begin(session.Planned())) {
       shared.hasFailedFiles = true;
       return;
     }
     if (!noUndo_) WarnOfLongUndoFile(run, session);
     if (!run.IsDry()) KeepTemplates(session.Host(), rules);
-    session.Run(keepsUndo);
+    Velmora::SDK::MultiRenameUndo* written = nullptr;
+    bool isWritten = false;
+    {
+      // Whoever reads the lines may be slow, or end this program: the undo file comes first.
+      const HeldOutput held(shared.output);
+      session.Run();
+      written = session.Written();
+      isWritten = !keepsUndo || undoFile.End(written);
+    }
     RowEvent event;
     event.isOutcome = true;
     for (const MultiRenameItem* const row : session.Rows()) {
@@ -320,9 +329,15 @@ class RenameVerb final : public Verb {
       shared.reporter.Row(event);
     }
     shared.reporter.Say(run.IsDry() ? "Nothing was renamed: this was a dry run" : session.StatusText());
-    Velmora::SDK::MultiRenameUndo* const written = session.Written();
     if (!keepsUndo || !written) return;
-    if (!CheckUndoFile(shared.output, session.UndoStore(), *written)) {
+    const UndoCheck check =
+        isWritten ? CheckUndoFile(shared.output, session.UndoStore(), *written) : UndoCheck::kNotWhole;
+    if (check == UndoCheck::kKeepsNone) {
+      shared.output.Problem("the run cannot be taken back, so it has no undo file");
+      undoFile.Delete();
+      return;
+    }
+    if (check == UndoCheck::kNotWhole) {
       shared.hasFailedFiles = true;
       return;
     }

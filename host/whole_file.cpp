@@ -12,15 +12,6 @@ namespace {
 
 constexpr DWORD kMostBytesOfOneCall = 1u << 20;
 
-// A name that no other run of the host takes at the same time.
-WString TemporaryNameFor(const WString& fullPath) {
-  static constexpr WStringView kDigits = W("0123456789abcdef");
-  std::random_device random;
-  WString name = fullPath + W(".");
-  for (int digit = 0; digit < 12; ++digit) name += kDigits[random() % kDigits.size()];
-  return name + W(".tmp");
-}
-
 DWORD LastErrorOr(DWORD fallback) {
   const DWORD error = GetLastError();
   return error != ERROR_SUCCESS ? error : fallback;
@@ -29,18 +20,29 @@ DWORD LastErrorOr(DWORD fallback) {
 DWORD WriteNewFile(const WString& path, std::string_view bytes) {
   const FileHandle file(
       CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file.IsOpen()) return LastErrorOr(ERROR_ACCESS_DENIED);
+  return file.IsOpen() ? WriteBytes(file.Get(), bytes) : LastErrorOr(ERROR_ACCESS_DENIED);
+}
+
+}  // namespace
+
+WString FreshPathLike(const WString& fullPath) {
+  static constexpr WStringView kDigits = W("0123456789abcdef");
+  std::random_device random;
+  WString name = fullPath + W(".");
+  for (int digit = 0; digit < 12; ++digit) name += kDigits[random() % kDigits.size()];
+  return name + W(".tmp");
+}
+
+DWORD WriteBytes(HANDLE file, std::string_view bytes) {
   while (!bytes.empty()) {
     const DWORD count = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kMostBytesOfOneCall));
     DWORD done = 0;
-    if (!WriteFile(file.Get(), bytes.data(), count, &done, nullptr)) return LastErrorOr(ERROR_DISK_FULL);
+    if (!WriteFile(file, bytes.data(), count, &done, nullptr)) return LastErrorOr(ERROR_DISK_FULL);
     if (done == 0) return ERROR_DISK_FULL;
     bytes.remove_prefix(done);
   }
   return ERROR_SUCCESS;
 }
-
-}  // namespace
 
 DWORD ReadWholeFile(const WString& fullPath, std::string& bytes) {
   bytes.clear();
@@ -62,7 +64,7 @@ DWORD ReadWholeFile(const WString& fullPath, std::string& bytes) {
 }
 
 DWORD WriteWholeFile(const WString& fullPath, std::string_view bytes) {
-  const WString temporary = TemporaryNameFor(fullPath);
+  const WString temporary = FreshPathLike(fullPath);
   DWORD error = WriteNewFile(SystemPath(temporary), bytes);
   if (error == ERROR_SUCCESS) error = TakePlaceOf(temporary, fullPath);
   if (error != ERROR_SUCCESS) DeleteFileW(SystemPath(temporary).c_str());

@@ -2,6 +2,7 @@
 // window waits for it. No error of a file is reported, but for that of Delete.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,7 +22,12 @@ class MultiRenameUndoStore {
   // into.
   void Load();
 
-  // Writes the session's file, over one that is there.
+  // Reads the same files, but holds one session at a time. `use` may delete its file.
+  void ForEachSession(const std::function<void(std::unique_ptr<MultiRenameUndo>)>& use) const;
+
+  // Writes the session's file, over one that is there. A file that cannot be written whole is deleted: its last
+  // line might name another file. One of which only a part was read is left as it is, and would lose the rest;
+  // that it was restored is not kept then.
   void Save(MultiRenameUndo& session) const;
 
   // Deletes the session's file (DeleteFileW) and then the session. False, with nothing changed, if it is none

@@ -132,6 +132,7 @@ std::unique_ptr<MultiRenameUndo> ReadUndoText(std::span<const std::uint8_t> byte
   WString text;
   if (!DecodeUndoFile(bytes, text)) return nullptr;
   auto session = std::make_unique<MultiRenameUndo>();
+  session->isPartOfFile = bytes.size() > kMostOfUndoFile;
   UndoSection section = UndoSection::kNone;
   WStringView rest = text;
   for (WStringView line; TakeUndoLine(rest, line);) {

@@ -1,0 +1,71 @@
+#include "host/run_undo.h"
+
+#include "host/error_text.h"
+#include "host/paths.h"
+#include "host/planned_undo.h"
+#include "host/undo_file.h"
+#include "multirename/undo_date.h"
+
+namespace QxHost {
+
+using Velmora::SDK::DateOfSeconds;
+using Velmora::SDK::MultiRenameUndo;
+using Velmora::SDK::SecondsOfDate;
+
+DWORD RunUndo::TakeLock() {
+  constexpr DWORD kWait = 20;  // milliseconds
+  constexpr int kSecond = 1000 / kWait;
+  for (int wait = 0;; ++wait) {
+    const DWORD error = lock_.Take(store_.folder + W("qxhost.lock"));
+    // A lock file that is being deleted refuses access for a moment.
+    const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && wait < kSecond);
+    if (!isInUse) return error;
+    if (wait == 2 * kSecond) output_.Problem("note: waiting for the end of another run");
+    Sleep(kWait);
+  }
+}
+
+void RunUndo::TakeName(MultiRenameUndo& session) const {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  const auto first = SecondsOfDate(now);
+  for (auto second = first;; ++second) {
+    session.date = second == first ? now : DateOfSeconds(second);
+    session.fileName.clear();
+    if (GetFileAttributesW(SystemPath(store_.PathOf(session)).c_str()) == INVALID_FILE_ATTRIBUTES) return;
+  }
+}
+
+bool RunUndo::Begin(MultiRenameUndo planned) {
+  DWORD error = TakeLock();
+  if (error == ERROR_SUCCESS) {
+    TakeName(planned);
+    date_ = planned.date;
+    fileName_ = planned.fileName;
+    hasPlan_ = !planned.entries.empty();
+    if (hasPlan_) error = WriteUndoFile(store_.PathOf(planned), planned, HeadOfPlannedUndo(planned));
+  }
+  if (error == ERROR_SUCCESS) return true;
+  output_.Problem("no undo file can be written in " + ToUtf8(store_.folder) + ": " + ErrorText(error) +
+                  ". Nothing was renamed; --no-undo renames without one");
+  return false;
+}
+
+bool RunUndo::End(MultiRenameUndo* done) {
+  if (!done) {
+    if (hasPlan_) Delete();
+    return true;
+  }
+  done->date = date_;
+  done->fileName = fileName_;
+  const WString path = store_.PathOf(*done);
+  const DWORD error = WriteUndoFile(path, *done, {});
+  if (error == ERROR_SUCCESS) return true;
+  output_.Problem("the undo file could not be written: " + ToUtf8(path) + ": " + ErrorText(error) +
+                  (hasPlan_ ? ". The one from before the run stays, and takes back what was renamed" : ""));
+  return false;
+}
+
+void RunUndo::Delete() { DeleteFileW(SystemPath(store_.folder + fileName_).c_str()); }
+
+}  // namespace QxHost
