@@ -32,8 +32,10 @@ void FileOperation::RunPathBatch(IHostRenameBatch* batch, IRenameResultCallback*
 
 void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
   batch.wasRun = true;
+  lastResults_.clear();
   const RenameReport report = [&](const WString& from, QueuedRename& rename, u32 result) {
     rename.result = result;
+    lastResults_.push_back(result);
     Report(from, rename);
     if (callback) callback->OnRenameResult(rename.UserData(), result);
   };
@@ -50,14 +52,27 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   reporter_.Rename({from, newName, rename.result, dryRun_});
   if (rename.result == kRenameDone || rename.result == kRenameIgnored) return;
   if (PassesOver(rename.result)) return;
-  hasFailed_ = true;
   if (rename.result == ERROR_CANCELLED) {
+    hasFailed_ = true;
     ++untried_;  // one line is for all of them
     return;
   }
-  output_.Problem("cannot rename " + ToUtf8(from) +
-                  (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
-                  RenameErrorText(from, rename.result));
+  std::string line = "cannot rename " + ToUtf8(from) +
+                     (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
+                     RenameErrorText(from, rename.result);
+  if (holdsTooLong_ && rename.result == ERROR_FILENAME_EXCED_RANGE) {
+    tooLong_.push_back(std::move(line));
+    return;
+  }
+  hasFailed_ = true;
+  output_.Problem(line);
+}
+
+void FileOperation::ReportTooLong() {
+  if (!tooLong_.empty()) hasFailed_ = true;
+  for (const std::string& line : tooLong_) output_.Problem(line);
+  tooLong_.clear();
+  holdsTooLong_ = false;
 }
 
 bool FileOperation::PassesOver(u32 result) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "host/queued_rename.h"
 #include "host/reporter.h"
@@ -16,6 +18,7 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
       : items_(items), reporter_(reporter), output_(output), dryRun_(dryRun), inOrder_(inOrder) {}
 
   bool IsInOrder() const { return inOrder_; }
+  bool IsDry() const { return dryRun_; }
 
   int FileExists(const WCHAR* path) override;
   Velmora::SDK::IHostFileItem* GetFileItem(const WCHAR* path, u32 one) override;
@@ -44,6 +47,15 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   std::size_t NotThere() const { return notThere_; }
   std::size_t Taken() const { return taken_; }
 
+  // The results of the last batch, in its order.
+  const std::vector<u32>& LastResults() const { return lastResults_; }
+
+  // From now on renames of files whose path is too long (206) are not reported as failed before ReportTooLong:
+  // the folders above them may get shorter names, so that they can be tried again. ForgetTooLong is for that.
+  void HoldTooLong() { holdsTooLong_ = true; }
+  void ForgetTooLong() { tooLong_.clear(); }
+  void ReportTooLong();
+
   // The renames that were left out (1223) after an interruption.
   std::size_t Untried() const { return untried_; }
 
@@ -60,6 +72,9 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   const bool inOrder_;
   bool hasFailed_ = false;
   bool passesOverUndone_ = false;
+  bool holdsTooLong_ = false;
+  std::vector<std::string> tooLong_;
+  std::vector<u32> lastResults_;
   std::size_t untried_ = 0;
   std::size_t notThere_ = 0;
   std::size_t taken_ = 0;

@@ -6,9 +6,11 @@
 #include <utility>
 
 #include "frame/services/host_objects.h"
+#include "host/error_text.h"
 #include "host/failures.h"
 #include "host/nearest_name.h"
 #include "host/paths.h"
+#include "host/whole_file.h"
 #include "multirename/find_replace_manager.h"
 #include "multirename/rule_flags.h"
 #include "multirename/search_pairs.h"
@@ -165,7 +167,11 @@ void CheckExpressions(const RenameRules& rules) {
 }
 
 void CheckIsReadable(IHostApp& host, const WString& path) {
-  if (path.empty() || GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) return;
+  if (path.empty()) return;
+  std::string bytes;
+  const DWORD error = ReadWholeFile(path, bytes);
+  if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return;
+  if (error != ERROR_SUCCESS) throw BadCall("cannot read " + ToUtf8(path) + ": " + ErrorText(error));
   const HostObject<IHostXmlDocument> document(host.CreateXmlDocument());
   const XmlNode root = document ? document->Load(path.c_str(), 1) : nullptr;
   if (!root) {

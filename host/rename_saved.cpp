@@ -1,8 +1,10 @@
 #include "host/rename_saved.h"
 
 #include "frame/services/host_objects.h"
+#include "host/error_text.h"
 #include "host/failures.h"
 #include "host/lists.h"
+#include "host/lock_in_turn.h"
 #include "host/paths.h"
 #include "multirename/find_replace_manager.h"
 #include "multirename/rule_flags.h"
@@ -31,6 +33,20 @@ bool MayReplace(Shared& shared, const WString& name) {
   const WString question = W("There is a profile \"") + name + W("\". Replace it?");
   return shared.questions.AskBox(W("Save profile"), question, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
+
+// While one exists, no other run of the host saves rules: of two that read a file and write it again, one would
+// lose what the other saved.
+class SavingInTurn {
+ public:
+  explicit SavingInTurn(Shared& shared) {
+    const WString path = shared.answers.configFolder + W("\\qxhost.lock");
+    const DWORD error = LockInTurn(lock_, path, shared.output);
+    if (error != ERROR_SUCCESS) throw BadCall("cannot write " + ToUtf8(path) + ": " + ErrorText(error));
+  }
+
+ private:
+  UndoLock lock_;
+};
 
 struct ProfileLoss {
   const char* what;
@@ -90,13 +106,14 @@ void ListRenameProfiles(Shared& shared, IHostApp& host) {
 
 bool SaveRenameProfile(Shared& shared, IHostApp& host, const std::string& text, const RenameRules& rules) {
   const WString name = ProfileName(text);
+  const SavingInTurn turn(shared);
   MultiRenameProfiles profiles(host);
   profiles.Load();
   CheckIsReadable(host, profiles.filePath);
   if (profiles.Find(name)) {
     if (!MayReplace(shared, name)) {
-      shared.reporter.Say("the profile \"" + ToUtf8(name) + "\" stays as it was");
-      return true;
+      shared.output.Problem("the profile \"" + ToUtf8(name) + "\" stays as it was");
+      return false;
     }
     profiles.Remove(name);
   }
@@ -117,6 +134,7 @@ bool SaveRenameProfile(Shared& shared, IHostApp& host, const std::string& text, 
 }
 
 bool DeleteRenameProfile(Shared& shared, IHostApp& host, const std::string& text) {
+  const SavingInTurn turn(shared);
   MultiRenameProfiles profiles(host);
   profiles.Load();
   CheckIsReadable(host, profiles.filePath);
@@ -148,6 +166,7 @@ void ListPairs(Shared& shared, IHostApp& host) {
 
 bool SavePairs(Shared& shared, IHostApp& host, const std::string& text, const RenameRules& rules) {
   const s32 number = PairsNumber("--save-pairs", text);
+  const SavingInTurn turn(shared);
   FindReplaceManager lists(host);
   lists.Load();
   CheckIsReadable(host, lists.FilePath());
@@ -161,7 +180,8 @@ bool SavePairs(Shared& shared, IHostApp& host, const std::string& text, const Re
   }
   shared.reporter.Say("saved " + std::to_string(kept->size()) + (kept->size() == 1 ? " pair" : " pairs") +
                       " as list " + std::to_string(number));
-  if (*kept != rules.pairs)
+  // As --pairs uses them.
+  if (CollectSearchItems(PairRows(*kept), true) != rules.pairs)
     shared.output.Problem("note: the list does not keep the pairs as they were given");
   return true;
 }

@@ -14,7 +14,7 @@ namespace QxHost {
 void ListRenameProfiles(Shared& shared, Velmora::SDK::IHostApp& host);
 
 // Asks before it replaces a profile of that name, and says what of the rules a profile does not keep. False
-// if the file could not be written. Throws BadCall for what can be no name.
+// if it is not to be replaced, or the file could not be written. Throws BadCall for what can be no name.
 bool SaveRenameProfile(Shared& shared, Velmora::SDK::IHostApp& host, const std::string& name,
                        const RenameRules& rules);
 

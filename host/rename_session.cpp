@@ -1,6 +1,7 @@
 #include "host/rename_session.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/failures.h"
 #include "host/interruption.h"
@@ -113,12 +114,35 @@ void RenameSession::Restore(const MultiRenameUndo& session) {
     if (const WStringView made = NameToMake(row.newName); !made.empty()) row.newName.resize(made.size());
     order.push_back(&row);
   }
-  auto restored = std::make_shared<MultiRenameUndo>();
-  restored->FromRows(order, false);
-  engine_->restoreSet = std::move(restored);
-  engine_->worker.WantRestore();
-  Work();
-  CheckAllTried(rows->size());
+  FileOperation& operation = shared_.fileOperation;
+  operation.HoldTooLong();
+  u32 succeeded = 0;
+  u32 failed = 0;
+  u32 ignored = 0;
+  for (;;) {
+    auto restored = std::make_shared<MultiRenameUndo>();
+    restored->FromRows(order, false);
+    engine_->restoreSet = std::move(restored);
+    engine_->worker.WantRestore();
+    Work();
+    CheckAllTried(order.size());
+    RunStatus& status = engine_->status;
+    const bool isAnyDone = status.succeeded != 0;
+    status.succeeded += std::exchange(succeeded, status.succeeded + succeeded);
+    status.ignored += std::exchange(ignored, status.ignored + ignored);
+    status.failed += std::exchange(failed, status.failed + failed);
+    // A path that is too long may have become shorter, now that the folders above have their old names.
+    std::vector<MultiRenameItem*> again;
+    const std::vector<u32>& results = operation.LastResults();
+    for (std::size_t index = 0; index < results.size() && index < order.size(); ++index) {
+      if (results[index] == ERROR_FILENAME_EXCED_RANGE) again.push_back(order[index]);
+    }
+    if (again.empty() || !isAnyDone || operation.IsDry() || IsInterrupted()) break;
+    failed -= static_cast<u32>(again.size());
+    operation.ForgetTooLong();
+    order = std::move(again);
+  }
+  operation.ReportTooLong();
 }
 
 std::string RenameSession::StatusText() const {

@@ -1,6 +1,7 @@
 #include "host/run_undo.h"
 
 #include "host/error_text.h"
+#include "host/lock_in_turn.h"
 #include "host/paths.h"
 #include "host/planned_undo.h"
 #include "host/undo_file.h"
@@ -11,19 +12,6 @@ namespace QxHost {
 using Velmora::SDK::DateOfSeconds;
 using Velmora::SDK::MultiRenameUndo;
 using Velmora::SDK::SecondsOfDate;
-
-DWORD RunUndo::TakeLock() {
-  constexpr DWORD kWait = 20;  // milliseconds
-  constexpr int kSecond = 1000 / kWait;
-  for (int wait = 0;; ++wait) {
-    const DWORD error = lock_.Take(store_.folder + W("qxhost.lock"));
-    // A lock file that is being deleted refuses access for a moment.
-    const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && wait < kSecond);
-    if (!isInUse) return error;
-    if (wait == 2 * kSecond) output_.Problem("note: waiting for the end of another run");
-    Sleep(kWait);
-  }
-}
 
 void RunUndo::TakeName(MultiRenameUndo& session) const {
   SYSTEMTIME now{};
@@ -37,7 +25,7 @@ void RunUndo::TakeName(MultiRenameUndo& session) const {
 }
 
 bool RunUndo::Begin(MultiRenameUndo planned) {
-  DWORD error = TakeLock();
+  DWORD error = LockInTurn(lock_, store_.folder + W("qxhost.lock"), output_);
   if (error == ERROR_SUCCESS) {
     TakeName(planned);
     date_ = planned.date;

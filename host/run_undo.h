@@ -26,7 +26,6 @@ class RunUndo {
   void Delete();
 
  private:
-  DWORD TakeLock();
   // Gives the session the first moment from now on of which there is no file.
   void TakeName(Velmora::SDK::MultiRenameUndo& session) const;
 

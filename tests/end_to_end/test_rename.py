@@ -364,7 +364,7 @@ class Saved(RenameTest):
 
     def test_a_profile_is_replaced_only_when_the_answer_is_yes(self):
         self.rename("--name", "one", "--save-profile", "P")
-        self.rename("--name", "two", "--save-profile", "p", answers=["no"])
+        self.rename("--name", "two", "--save-profile", "p", answers=["no"], status=4)
         self.assertEqual(self.rename("--list-profiles").of("profile")[0]["filename"], "one")
         self.rename("--name", "two", "--save-profile", "p", answers=["yes"])
         (profile,) = self.rename("--list-profiles").of("profile")

@@ -253,6 +253,23 @@ class LongUndoFiles(SafetyTest):
         self.assertEqual(outcome.stderr, "")
 
 
+class SavedBeside(SafetyTest):
+    def test_several_calls_at_once_lose_nothing_of_each_other(self):
+        for option, list_option, event in (("--save-profile", "--list-profiles", "profile"),
+                                           ("--save-pairs", "--list-pairs", "pairs")):
+            with self.subTest(option=option):
+                runs = [self.start("--find", "a", option, str(number), stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL) for number in range(1, 13)]
+                self.assertEqual([run.wait(TIMEOUT_SECONDS) for run in runs], [0] * 12)
+                self.assertEqual(len(self.rename(list_option).of(event)), 12)
+
+    def test_pairs_that_lose_their_quotes_are_said_to(self):
+        outcome = self.rename("--find", '"a"', "--replace", "b", "--save-pairs", "1")
+        self.assertIn("note: the list does not keep the pairs as they were given", outcome.stderr)
+        outcome = self.rename("--find", "a", "--replace", " b ", "--save-pairs", "1")
+        self.assertEqual(outcome.stderr, "")
+
+
 class DamagedFiles(SafetyTest):
     DAMAGE = (b"<MultiRename><profile name=\"mine\">", b"not XML at all", b"")
 
@@ -265,6 +282,13 @@ class DamagedFiles(SafetyTest):
                     self.write_config("MultiRenameProfiles.xml", content)
                     self.assertIn("MultiRenameProfiles.xml is damaged", self.refused(*call))
                     self.assertEqual(self.read_config("MultiRenameProfiles.xml"), content)
+
+    def test_a_file_that_cannot_be_read_is_not_said_to_be_damaged(self):
+        for name, call in (("MultiRenameProfiles.xml", ["--list-profiles"]), ("FindReplace.xml", ["--list-pairs"])):
+            os.makedirs(os.path.join(self.config, name))
+            message = self.refused(*call)
+            self.assertRegex(message, r"cannot read .*%s: .*\(\d+\)" % name.replace(".", r"\."))
+            self.assertNotIn("damaged", message)
 
     def test_damaged_lists_of_pairs_are_reported_and_never_replaced(self):
         self.make("a.txt")

@@ -102,5 +102,28 @@ TEST(ProseReporter, LevelsHaveTheirNames) {
   EXPECT_EQ(recorded.Out(), "[info] one\n[error] two\n[20] three\n");
 }
 
+TEST(HeldOutputTest, NothingIsWrittenBeforeItEndsAndThenAllInOrder) {
+  std::string all;
+  Output output(
+      [&all](std::string_view bytes) {
+        all += "out:" + std::string(bytes);
+        return true;
+      },
+      [&all](std::string_view bytes) {
+        all += "err:" + std::string(bytes);
+        return true;
+      });
+  {
+    const HeldOutput held(output);
+    output.Line("one");
+    output.Problem("two");
+    output.Line(std::string(200000, 'x'));
+    output.Flush();
+    EXPECT_EQ(all, "");
+  }
+  output.Flush();
+  EXPECT_EQ(all, "out:one\nerr:qxhost: two\nout:" + std::string(200000, 'x') + "\n");
+}
+
 }  // namespace
 }  // namespace QxHost

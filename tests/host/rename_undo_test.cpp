@@ -59,6 +59,29 @@ TEST_F(CheckUndoFileTest, ANameWithALineEndThatLooksLikeAnotherRenameIsADanger) 
   EXPECT_THAT(warnings, HasSubstr("look like renames of other files"));
 }
 
+TEST_F(CheckUndoFileTest, AnOldNameThatNoRestoreGivesIsLost) {
+  for (const WCHAR character : WStringView(W("\\/:*?\"<>\t"))) {
+    session_.entries.clear();
+    recorded_.problems.clear();
+    Add(W("a.txt"), W("b.txt"));
+    Add(WString(W("c")) + character + W("d"), W("e.txt"));
+    const std::string warnings = Warnings();
+    EXPECT_THAT(warnings, HasSubstr("the undo of 1 rename of 2 cannot be kept, first of Z:\\a\\c"));
+    EXPECT_THAT(warnings, HasSubstr("no file is given a name with one of"));
+  }
+}
+
+TEST_F(CheckUndoFileTest, ItSaysWhetherAnythingIsKept) {
+  Add(W("c:d"), W("e.txt"));
+  store_.Save(session_);
+  EXPECT_EQ(CheckUndoFile(recorded_.output, store_, session_), UndoCheck::kKeepsNone);
+  Add(W("a.txt"), W("b.txt"));
+  store_.Save(session_);
+  EXPECT_EQ(CheckUndoFile(recorded_.output, store_, session_), UndoCheck::kKeeps);
+  scratch_.Write(W("session.dat"), "half");
+  EXPECT_EQ(CheckUndoFile(recorded_.output, store_, session_), UndoCheck::kNotWhole);
+}
+
 TEST_F(CheckUndoFileTest, WhatLiesBeyondTheReadableSizeIsLost) {
   const WString longName(200, W('n'));
   for (int entry = 0; entry < 13000; ++entry) {

@@ -50,13 +50,31 @@ TEST_F(MultiRenameUndoStoreFaults, AFolderThatCannotBeReadHasNoSessionsAndCounts
   EXPECT_THAT(store_.sessions, IsEmpty());
 }
 
-TEST_F(MultiRenameUndoStoreFaults, AWriteThatFailsIsNotReported) {
+TEST_F(MultiRenameUndoStoreFaults, AWriteThatFailsIsNotReportedAndLeavesNoHalfFile) {
   Platform::Faults::Fail("WriteFile", 1, ERROR_DISK_FULL, true);
   session_.fileName = W("full.dat");
   store_.Save(session_);
   Platform::Faults::Clear();
-  EXPECT_EQ(scratch_.Read(W("full.dat")), "");
-  EXPECT_THAT(scratch_.Names(), SizeIs(3));
+  EXPECT_THAT(scratch_.Names(), SizeIs(2));
+}
+
+TEST_F(MultiRenameUndoStoreFaults, ADiskThatIsFullHalfWayLeavesNoHalfFileEither) {
+  for (int entry = 0; entry < 20000; ++entry)
+    session_.entries.push_back({W("C:\\Data"), W("new.txt"), W("old.txt")});
+  session_.fileName = W("full.dat");
+  Platform::Faults::Fail("WriteFile", 2, ERROR_DISK_FULL);
+  store_.Save(session_);
+  Platform::Faults::Clear();
+  EXPECT_THAT(scratch_.Names(), SizeIs(2));
+}
+
+TEST_F(MultiRenameUndoStoreFaults, AShortWriteOfAnUndoFileIsGoneOnWith) {
+  session_.fileName = W("short.dat");
+  Platform::Faults::WriteShort(1, 7);
+  store_.Save(session_);
+  Platform::Faults::Clear();
+  store_.Load();
+  EXPECT_THAT(store_.sessions, SizeIs(3));
 }
 
 TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeDeletedStaysAndDeleteAllGoesOn) {

@@ -200,5 +200,23 @@ TEST_F(MultiRenameUndoStoreTest, OfALongFileTheFirst5242880BytesAreRead) {
   EXPECT_EQ(store.sessions[0]->entries[1].newName, W("c"));
 }
 
+TEST_F(MultiRenameUndoStoreTest, AFileThatIsLongerThanWhatIsReadIsNotWrittenAgainAndLosesNothing) {
+  MultiRenameUndoStore store(&host_);
+  std::string text = Utf16Bytes(W("[FILES]\nf|o|n\n"));
+  const std::string line = Utf16Bytes(W("folder|old|new\n"));
+  while (text.size() <= 0x500000) text += line;
+  scratch_.Write(W("new\\config\\Undo\\long.dat"), text);
+  scratch_.Write(W("new\\config\\Undo\\short.dat"), Utf16Bytes(W("[FILES]\nf|o|n\n")));
+  store.Load();
+  ASSERT_EQ(store.sessions.size(), 2u);
+  for (const auto& session : store.sessions) {
+    EXPECT_EQ(session->isPartOfFile, session->fileName == W("long.dat"));
+    session->haveRestored = true;
+    store.Save(*session);
+  }
+  EXPECT_TRUE(scratch_.Read(W("new\\config\\Undo\\long.dat")) == text);
+  EXPECT_FALSE(scratch_.Read(W("new\\config\\Undo\\short.dat")) == Utf16Bytes(W("[FILES]\nf|o|n\n")));
+}
+
 }  // namespace
 }  // namespace Velmora::SDK

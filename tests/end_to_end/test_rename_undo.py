@@ -1,0 +1,224 @@
+"""Undo files of runs that are cut off, that are damaged, or that the names of files allow no undo."""
+
+import os
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+
+from qxhost import COMMAND, IS_WINDOWS, TIMEOUT_SECONDS, windows_path
+from test_rename_safety import MOST_OF_UNDO_FILE, SafetyTest
+
+
+class Damaged(SafetyTest):
+    def test_a_last_line_without_a_line_end_is_cut_and_names_no_file(self):
+        self.make("whole.new", "victim")
+        where = windows_path(self.folder)
+        path = self.write_undo("u.dat", [where + "|whole.old|whole.new"])
+        with open(path, "ab") as file:
+            file.write((where + "|cut.old|victim").encode("utf-16-le"))
+        with open(path, "rb") as file:
+            before = file.read()
+        outcome = self.rename("--undo", "last")
+        self.assertIn("the last line of the undo file is cut; it is not taken back", outcome.stderr)
+        self.assertEqual(self.names(), ["victim", "whole.old"])
+        with open(path, "rb") as file:
+            self.assertEqual(file.read(), before)  # nothing of it is lost, so it is not marked either
+
+    def test_a_file_of_which_the_end_is_not_read_stays_as_it_is(self):
+        where = windows_path(self.folder)
+        for rest in ("\0more|a|b\r\n", "\rmore|a|b\r\n"):
+            with self.subTest(rest=rest):
+                self.make("new")
+                path = self.write_undo("u.dat", [where + "|old|new"])
+                with open(path, "ab") as file:
+                    file.write(rest.encode("utf-16-le"))
+                size = os.path.getsize(path)
+                self.rename("--undo", path)
+                self.assertEqual(self.names(), ["old"])
+                self.assertEqual(os.path.getsize(path), size)
+                os.remove(self.path("old"))
+
+    def test_a_file_of_any_length_is_taken_back_as_far_as_it_is_read_and_stays_whole(self):
+        where = windows_path(self.folder)
+        self.make("new")
+        path = self.write_undo("u.dat", [where + "|old|new"])
+        size = (256 << 20) + 4096
+        with open(path, "ab") as file:
+            line = (("Z:\\none\\%s|o|n\r\n" % ("x" * 500)).encode("utf-16-le")) * 1000
+            while file.tell() <= MOST_OF_UNDO_FILE:
+                file.write(line)
+            file.truncate(size)
+        outcome = self.rename("--undo", "last", status=4)
+        self.assertIn("longer than 5242880 bytes", outcome.stderr)
+        self.assertEqual((self.names(), os.path.getsize(path)), (["old"], size))
+
+    def test_a_file_in_the_folder_that_is_no_list_of_renames_is_said_to_be_none(self):
+        self.write_undo("good.dat", ["Z:\\x|a|b"])
+        self.write_config("Undo/notes.txt", b"my notes")
+        for call in ("--undo", "--delete-undo"):
+            self.assertIn("notes.txt\" is no undo file: it is in ", self.refused(call, "notes.txt"))
+        self.assertIn("notes.txt", self.undo_files())
+
+
+class Kept(SafetyTest):
+    def test_no_file_that_is_there_is_overwritten_when_the_clock_has_gone_back(self):
+        self.make("a.txt")
+        now = int(time.time())
+        for second in range(-2, 12):
+            name = time.strftime("MultiRenameUndoData-%Y-%m-%d-%H%M%S.dat", time.localtime(now + second))
+            self.write_undo(name, ["Z:\\x|a|b"])
+        before = {name: self.read_config("Undo/" + name) for name in self.undo_files()}
+        self.rename("--name", "b", "--run", "a.txt")
+        self.assertEqual({name: self.read_config("Undo/" + name) for name in before}, before)
+        (name,) = set(self.undo_files()) - set(before)
+        self.rename("--undo", name)
+        self.assertEqual(self.names(), ["a.txt"])
+
+    def test_the_file_of_a_run_holds_what_was_done_and_nothing_lies_beside_it(self):
+        self.make("a_", "b_", "b")
+        self.rename("--find", "_", "--run", "a_", "b_", status=4)
+        (name,) = self.undo_files()
+        text = self.read_config("Undo/" + name).decode("utf-16-le")
+        self.assertTrue(text.startswith("[INFO]\r\n"))
+        self.assertEqual(text.partition("[FILES]\r\n")[2], windows_path(self.folder) + "|a_|a\r\n")
+        self.assertEqual([entry for entry in os.listdir(self.config) if entry.endswith(".tmp")], [])
+
+
+if not IS_WINDOWS:
+    class CutOff(SafetyTest):
+        def kill(self, *arguments, items, when):
+            """Kills a run as soon as `when` is true."""
+            with tempfile.TemporaryFile() as given:
+                given.write("\n".join(items).encode())
+                given.seek(0)
+                run = subprocess.Popen(COMMAND + ["--config", self.config, "rename", "--run", "--items", "-",
+                                                  *arguments], cwd=self.folder, stdin=given,
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                end = time.monotonic() + TIMEOUT_SECONDS
+                while not when() and time.monotonic() < end:
+                    pass
+                run.send_signal(signal.SIGKILL)
+                self.assertEqual(run.wait(TIMEOUT_SECONDS), -signal.SIGKILL)
+
+        def make_all(self, names):
+            for name in names:
+                with open(self.path(name), "w", encoding="utf-8") as file:
+                    file.write(name)
+
+        def wrong(self, names):
+            """The names whose file is not the one that was made under it."""
+            return [name for name in names if self.content(name) != name]
+
+        def test_a_run_that_is_killed_is_taken_back(self):
+            names = ["f%05d" % number for number in range(20000)]
+            self.make_all(names)
+            self.kill("--name", "x[N]", items=names, when=lambda: os.path.exists(self.path("xf00000")))
+            left = sum(name.startswith("f") for name in self.names())
+            self.assertGreater(left, 0)
+            outcome = self.prose("--undo", "last")
+            self.assertEqual((outcome.status, outcome.stderr), (0, ""))
+            self.assertIn("\n%d Restored" % (20000 - left), outcome.stdout)
+            self.assertIn("The run was cut off: %d renames had not been done" % left, outcome.stdout)
+            self.assertEqual(self.names(), names)
+
+        def test_a_chain_that_is_killed_is_taken_back_and_what_was_not_done_is_left_alone(self):
+            names = ["%05d" % number for number in range(20000)]
+            self.make_all(names)
+            self.kill("--name", "[C]", "--start", "1", "--digits", "5", items=names,
+                      when=lambda: os.path.exists(self.path("20000")))
+            outcome = self.prose("--undo", "last")
+            self.assertIn("left alone: there is a file of the old name", outcome.stderr)
+            self.assertEqual(outcome.status, 4)
+            self.assertEqual((self.names(), self.wrong(names)), (names, []))
+
+        def test_exchanged_names_that_are_killed_come_back_to_their_own_files(self):
+            names = ["%04d" % number for number in range(10000)]
+            self.make_all(names)
+
+            def has_begun():
+                try:
+                    return self.content("1000") != "1000"
+                except FileNotFoundError:
+                    return True
+
+            self.kill("--regex", "--find", "^(.)(..)(.)$", "--replace", "$3$2$1", items=names, when=has_begun)
+            self.rename("--undo", "last")
+            self.assertEqual((self.names(), self.wrong(names)), (names, []))
+
+        def test_a_plan_of_which_nothing_was_done_changes_nothing(self):
+            """A run that is killed just before its first rename: the plan is there, all files are as they were."""
+            self.make("a", "b", "c")
+            before = [(name, os.stat(self.path(name)).st_ino) for name in self.names()]
+            where = windows_path(self.folder)
+            device = os.stat(self.folder).st_dev
+            numbers = {name: "%d-%d" % (device, number) for name, number in before}
+            lines = [where + "|a|b", where + "|b|a", where + "|c|d"]
+            path = self.write_undo("u.dat", lines)
+            with open(path, "rb") as file:
+                text = file.read().decode("utf-16-le")
+            head = ";qxhost planned\r\n" + "".join(
+                ";%s|%s\r\n" % (numbers[line.split("|")[1]], line) for line in lines[:2])
+            with open(path, "wb") as file:
+                file.write((head + text).encode("utf-16-le"))
+            outcome = self.rename("--undo", "last")
+            self.assertEqual([result for _, _, result in outcome.renames], [2])
+            self.assertEqual([(name, os.stat(self.path(name)).st_ino) for name in self.names()], before)
+
+        def test_no_run_starts_if_its_undo_file_cannot_be_written_whole(self):
+            names = ["f%03d" % number for number in range(400)]
+            self.make(*names)
+            outcome = self.process("--config", self.config, "rename", "--name", "x[N]", "--run", "--items", "-",
+                                   stdin="\n".join(names).encode(), largest_file=4096)
+            self.assertEqual(outcome.status, 4)
+            self.assertIn("no undo file can be written", outcome.stderr)
+            self.assertEqual((self.names(), self.undo_files()), (names, []))
+
+        def test_a_reader_who_does_not_read_keeps_no_undo_file_from_being_written(self):
+            names = ["f%05d" % number for number in range(5000)]
+            self.make_all(names)
+            with tempfile.TemporaryFile() as given:
+                given.write("\n".join(names).encode())
+                given.seek(0)
+                run = subprocess.Popen(COMMAND + ["--config", self.config, "rename", "--run", "--items", "-", "--name",
+                                                  "x[N]"], cwd=self.folder, stdin=given, stdout=subprocess.PIPE,
+                                       stderr=subprocess.DEVNULL)
+                end = time.monotonic() + TIMEOUT_SECONDS
+
+                def is_written():
+                    return any(self.read_config("Undo/" + name).startswith(b"[\0I\0") for name in self.undo_files()
+                               if name.endswith(".dat"))
+
+                while not is_written() and time.monotonic() < end:
+                    time.sleep(0.01)
+                self.assertTrue(is_written())
+                run.kill()
+                run.wait(TIMEOUT_SECONDS)
+                run.stdout.close()
+            self.assertEqual(self.names(), ["x" + name for name in names])
+            self.rename("--undo", "last")
+            self.assertEqual(self.names(), names)
+
+    class NamesWithoutUndo(SafetyTest):
+        def test_an_old_name_that_no_restore_gives_is_warned_of(self):
+            self.make("a:b", "c")
+            outcome = self.rename("--name", "n[C]", "--run", "./a:b", "c")
+            self.assertIn("the undo of 1 rename of 2 cannot be kept", outcome.stderr)
+            self.assertIn("no file is given a name with one of", outcome.stderr)
+            self.rename("--undo", "last", status=4)
+            self.assertEqual(self.names(), ["c", "n01"])
+
+        def test_a_run_of_which_nothing_can_be_taken_back_has_no_undo_file_and_offers_none(self):
+            for old in ("a|b", "a:b"):
+                with self.subTest(old=old):
+                    self.setUp()
+                    self.make(old)
+                    outcome = self.prose("--name", "n", "--run", "./" + old)
+                    self.assertIn("the run cannot be taken back", outcome.stderr)
+                    self.assertNotIn("Take it back", outcome.stdout)
+                    self.assertEqual((outcome.status, self.undo_files(), self.names()), (0, [], ["n"]))
+
+
+if __name__ == "__main__":
+    unittest.main()

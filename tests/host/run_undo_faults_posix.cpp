@@ -1,0 +1,94 @@
+// The undo file of a run on a disk that is full before it, or after it.
+#include <gmock/gmock.h>
+
+#include "host/planned_undo.h"
+#include "host/run_undo.h"
+#include "host/undo_file.h"
+#include "platform/posix/faults.h"
+#include "recorded_output.h"
+#include "support/scratch_folder.h"
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using Velmora::SDK::MultiRenameUndo;
+using Velmora::SDK::MultiRenameUndoStore;
+
+namespace QxHost {
+namespace {
+
+class RunUndoFaults : public testing::Test {
+ protected:
+  RunUndoFaults() : store_(nullptr) {
+    store_.folder = scratch_.Path() + W("\\Undo\\");
+    CreateDirectoryW(store_.folder.c_str(), nullptr);
+    session_.entries = {{W("Z:\\a"), W("new"), W("old")}};
+  }
+
+  // The one undo file that there is.
+  UndoFile TheFile() {
+    UndoFile found;
+    store_.ForEachSession([&](const std::unique_ptr<MultiRenameUndo>& session) {
+      EXPECT_EQ(found.session, nullptr);
+      found = ReadUndoFile(store_.folder + session->fileName);
+    });
+    return found;
+  }
+
+  const Platform::Faults::Scope faults_;
+  ScratchFolder scratch_;
+  RecordedOutput recorded_;
+  MultiRenameUndoStore store_;
+  MultiRenameUndo session_;
+};
+
+TEST_F(RunUndoFaults, APlanThatCannotBeWrittenLetsNoRunBegin) {
+  RunUndo undo(recorded_.output, store_);
+  Platform::Faults::Fail("WriteFile", 1, ERROR_DISK_FULL, true);
+  EXPECT_FALSE(undo.Begin(session_));
+  Platform::Faults::Clear();
+  EXPECT_THAT(recorded_.problems, HasSubstr("no undo file can be written"));
+  EXPECT_EQ(TheFile().session, nullptr);
+  EXPECT_THAT(scratch_.Names(), SizeIs(1));  // the folder
+}
+
+TEST_F(RunUndoFaults, IfWhatWasDoneCannotBeWrittenThePlanStays) {
+  RunUndo undo(recorded_.output, store_);
+  session_.entries.push_back({W("Z:\\a"), W("new2"), W("old2")});
+  ASSERT_TRUE(undo.Begin(session_));
+  session_.entries.pop_back();
+  Platform::Faults::Fail("WriteFile", 1, ERROR_DISK_FULL, true);
+  EXPECT_FALSE(undo.End(&session_));
+  Platform::Faults::Clear();
+  EXPECT_THAT(recorded_.problems, HasSubstr("The one from before the run stays"));
+  const UndoFile file = TheFile();
+  ASSERT_NE(file.session, nullptr);
+  EXPECT_THAT(file.session->entries, SizeIs(2));
+  EXPECT_TRUE(ReadUndoPlan(file.head).isPlan);
+}
+
+TEST_F(RunUndoFaults, WhatWasDoneTakesThePlaceOfThePlan) {
+  {
+    RunUndo undo(recorded_.output, store_);
+    session_.entries.push_back({W("Z:\\a"), W("new2"), W("old2")});
+    ASSERT_TRUE(undo.Begin(session_));
+    session_.entries.pop_back();
+    EXPECT_TRUE(undo.End(&session_));
+  }
+  const UndoFile file = TheFile();
+  ASSERT_NE(file.session, nullptr);
+  EXPECT_THAT(file.session->entries, SizeIs(1));
+  EXPECT_FALSE(ReadUndoPlan(file.head).isPlan);
+  EXPECT_TRUE(file.isWhole);
+}
+
+TEST_F(RunUndoFaults, ARunThatRenamedNothingLeavesNoFile) {
+  RunUndo undo(recorded_.output, store_);
+  ASSERT_TRUE(undo.Begin(session_));
+  EXPECT_TRUE(undo.End(nullptr));
+  EXPECT_EQ(TheFile().session, nullptr);
+  EXPECT_THAT(recorded_.problems, IsEmpty());
+}
+
+}  // namespace
+}  // namespace QxHost
