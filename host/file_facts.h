@@ -22,8 +22,8 @@ struct FileFacts {
 // Nothing if there is no such file or folder. Any thread.
 std::optional<FileFacts> ReadFileFacts(const WString& fullPath);
 
-// A text that tells the file or folder from all others, whatever its name is; of a link, the link itself. Empty
-// if there is no such file, or the system does not say.
+// A text that tells the file or folder from all others, whatever its name is; of a link, the link itself.
+// Empty if there is no such file, or the system does not say.
 std::string FileIdentity(const WString& fullPath);
 
 }  // namespace QxHost

@@ -30,11 +30,20 @@ bool IsNameInAnyPath(WStringView name) {
          std::ranges::none_of(name, [](WCHAR unit) { return unit >= 0xD800 && unit <= 0xDFFF; });
 }
 
+// True for a file of the current folder whose name begins as the path of a drive does.
+bool IsNameHere(std::string_view text) {
+  const std::optional<WString> path = FullPathOf(PathFromUtf8("./" + std::string(text)));
+  return path && GetFileAttributesW(SystemPath(*path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 }  // namespace
 
 FileItem* FindItem(FileItemTree& items, const std::string& option, std::string_view text) {
   const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
-  if (!fullPath) throw BadCall(option + ": \"" + std::string(text) + "\" is no path");
+  if (!fullPath) {
+    throw BadCall(option + ": \"" + std::string(text) + "\" is no path" +
+                  (IsNameHere(text) ? "; write ./" + std::string(text) : ""));
+  }
   FileItem* const item = items.Find(*fullPath);
   if (!item) {
     const DWORD error = GetLastError();

@@ -28,8 +28,8 @@ class Output {
   void Prompt(std::string_view text);
   void Flush();
 
-  // From Hold to LetGo lines and problems are kept, so that no reader who is slow is waited for. A prompt lets
-  // go as well.
+  // From Hold to LetGo lines and problems are kept, so that no reader who is slow is waited for. A prompt
+  // lets go as well.
   void Hold();
   void LetGo();
 

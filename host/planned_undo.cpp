@@ -129,7 +129,8 @@ WString HeadOfPlannedUndo(const MultiRenameUndo& planned) {
     // A name with a line end cannot be kept, and would end the comment.
     if (EntryTextOf(entry).find_first_of(WStringView(W("\r\n\0"), 3)) != WString::npos) continue;
     const std::string identity = FileIdentity(OldPathOf(entry));
-    head += W(';') + FromUtf8(identity.empty() ? "unknown" : identity) + W('|') + EntryTextOf(entry) + W("\r\n");
+    head +=
+        W(';') + FromUtf8(identity.empty() ? "unknown" : identity) + W('|') + EntryTextOf(entry) + W("\r\n");
   }
   return head;
 }

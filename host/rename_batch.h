@@ -50,8 +50,9 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   // The results of the last batch, in its order.
   const std::vector<u32>& LastResults() const { return lastResults_; }
 
-  // From now on renames of files whose path is too long (206) are not reported as failed before ReportTooLong:
-  // the folders above them may get shorter names, so that they can be tried again. ForgetTooLong is for that.
+  // From now on renames of files whose path is too long (206) are not reported as failed before
+  // ReportTooLong: the folders above them may get shorter names, so that they can be tried again.
+  // ForgetTooLong is for that.
   void HoldTooLong() { holdsTooLong_ = true; }
   void ForgetTooLong() { tooLong_.clear(); }
   void ReportTooLong();

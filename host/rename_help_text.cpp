@@ -53,8 +53,9 @@ Examples:
   qxhost --dry-run rename --name "[N]_[?size,{n8}]" --run *.mp3
                      what a run would do, rename by rename
 
-Exit status: 0, also for a preview with rows that are in the way; 2 for a wrong call; 4 if --run could not start
-because of such a row or without an undo file, or a rename failed or was left out.
+Exit status: 0, also for a preview with rows that are in the way; 2 for a wrong call; 3 if the output could not be
+written or the run broke off; 4 if --run could not start because of such a row or without an undo file, a rename
+failed or was left out, or a profile was not to be replaced.
 )help";
 
 }  // namespace QxHost

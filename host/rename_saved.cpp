@@ -34,8 +34,8 @@ bool MayReplace(Shared& shared, const WString& name) {
   return shared.questions.AskBox(W("Save profile"), question, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
-// While one exists, no other run of the host saves rules: of two that read a file and write it again, one would
-// lose what the other saved.
+// While one exists, no other run of the host saves rules: of two that read a file and write it again, one
+// would lose what the other saved.
 class SavingInTurn {
  public:
   explicit SavingInTurn(Shared& shared) {

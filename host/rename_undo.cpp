@@ -252,12 +252,26 @@ void WarnOfUndoFile(Output& output, const UndoFile& file) {
   }
 }
 
+// A run gives no such name, and a path with it, as with "..", would mean a file of another folder.
+void LeaveOutOtherFolders(Shared& shared, MultiRenameUndo& session) {
+  const auto isNoName = [](const MultiRenameUndoEntry& entry) {
+    return !IsPossibleName(NameToMake(entry.newName));
+  };
+  const auto first = std::ranges::find_if(session.entries, isNoName);
+  if (first == session.entries.end()) return;
+  const WString name = first->newName;
+  const std::size_t count = std::erase_if(session.entries, isNoName);
+  shared.output.Problem(Renames(count) + " cannot be taken back: no file has the name " + ToUtf8(name));
+  shared.hasFailedFiles = true;
+}
+
 // What was passed over of a run that was cut off.
 void ReportUndone(Shared& shared, std::size_t leftOut) {
   const std::size_t notThere = shared.fileOperation.NotThere() + leftOut;
   const std::size_t taken = shared.fileOperation.Taken();
   if (notThere != 0) {
-    shared.reporter.Say("The run was cut off: " + Renames(notThere) + " had not been done, or the file is gone");
+    shared.reporter.Say("The run was cut off: " + Renames(notThere) +
+                        " had not been done, or the file is gone");
   }
   if (taken == 0) return;
   shared.output.Problem(Renames(taken) + (taken == 1 ? " is" : " are") +
@@ -293,6 +307,7 @@ void TakeBack(Shared& shared, RenameSession& session, const std::string& text, b
   const UndoPlan plan = ReadUndoPlan(meant.file.head);
   if (plan.isPlan) shared.fileOperation.PassOverUndone();
   MultiRenameUndo done = taken;
+  LeaveOutOtherFolders(shared, done);
   const std::size_t leftOut = LeaveOutUndone(plan, done);
   session.Restore(done);
   // A file of which a part was not read would lose it.
@@ -327,9 +342,8 @@ std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
 bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& text) {
   std::vector<WString> names;
   if (text == kEveryUndo) {
-    store.ForEachSession([&names](const std::unique_ptr<MultiRenameUndo>& session) {
-      names.push_back(session->fileName);
-    });
+    store.ForEachSession(
+        [&names](const std::unique_ptr<MultiRenameUndo>& session) { names.push_back(session->fileName); });
   } else if (const std::optional<WString> name = FileInStore(store, text)) {
     names.push_back(*name);
   } else {

@@ -56,7 +56,8 @@ std::size_t ReadableSize(const WString& text) {
 
 WString CommentsOf(const WString& text) {
   std::size_t end = 0;
-  while (end < text.size() && text[end] == W(';')) end = std::min(text.find(W('\n'), end), text.size() - 1) + 1;
+  while (end < text.size() && text[end] == W(';'))
+    end = std::min(text.find(W('\n'), end), text.size() - 1) + 1;
   return text.substr(0, end);
 }
 
@@ -78,7 +79,8 @@ DWORD WriteByWayOf(const WString& place, const WString& path, const MultiRenameU
     if (!file.IsOpen()) return UndoErrorOr(ERROR_ACCESS_DENIED);
     const auto write = [&](WStringView text) {
       if (error != ERROR_SUCCESS) return;
-      error = WriteBytes(file.Get(), {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)});
+      error =
+          WriteBytes(file.Get(), {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)});
     };
     write(head);
     WriteUndoText(session, write);

@@ -20,8 +20,8 @@ struct UndoFile {
 
 UndoFile ReadUndoFile(const WString& path);
 
-// Writes the session under the path, with `head` before it, and in the place of a file that is there. It is on
-// the disk then. 0, or an error number: then the file that was there is as it was.
+// Writes the session under the path, with `head` before it, and in the place of a file that is there. It is
+// on the disk then. 0, or an error number: then the file that was there is as it was.
 DWORD WriteUndoFile(const WString& path, const Velmora::SDK::MultiRenameUndo& session, const WString& head);
 
 }  // namespace QxHost

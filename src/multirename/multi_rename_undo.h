@@ -29,7 +29,7 @@ class MultiRenameUndo {
   WString fileName;   // without a path; empty until it was first needed
   SYSTEMTIME date{};  // local, of the run
   bool haveRestored = false;
-  bool isPartOfFile = false;  // the file goes on after what was read of it
+  bool isPartOfFile = false;                  // the file goes on after what was read of it
   std::vector<MultiRenameUndoEntry> entries;  // in row order
 };
 

@@ -25,9 +25,9 @@ class MultiRenameUndoStore {
   // Reads the same files, but holds one session at a time. `use` may delete its file.
   void ForEachSession(const std::function<void(std::unique_ptr<MultiRenameUndo>)>& use) const;
 
-  // Writes the session's file, over one that is there. A file that cannot be written whole is deleted: its last
-  // line might name another file. One of which only a part was read is left as it is, and would lose the rest;
-  // that it was restored is not kept then.
+  // Writes the session's file, over one that is there. A file that cannot be written whole is deleted: its
+  // last line might name another file. One of which only a part was read is left as it is, and would lose the
+  // rest; that it was restored is not kept then.
   void Save(MultiRenameUndo& session) const;
 
   // Deletes the session's file (DeleteFileW) and then the session. False, with nothing changed, if it is none

@@ -62,6 +62,38 @@ class Damaged(SafetyTest):
         self.assertIn("notes.txt", self.undo_files())
 
 
+class Edited(SafetyTest):
+    def test_a_new_name_that_is_a_path_names_no_file(self):
+        self.make("deep/x", "here")
+        where = windows_path(self.path("deep"))
+        for name in ("..", ".", "..\\here", "../here"):
+            with self.subTest(name=name):
+                self.write_undo("u.dat", [where + "|old|" + name, where + "|y|x"])
+                outcome = self.rename("--undo", "u.dat", status=4)
+                self.assertIn("1 rename cannot be taken back: no file has the name " + name, outcome.stderr)
+                self.assertEqual((self.names(), self.names("deep")), (["deep/", "here"], ["y"]))
+                os.rename(self.path("deep/y"), self.path("deep/x"))
+
+
+class Deep(SafetyTest):
+    if not IS_WINDOWS:
+        def test_paths_that_are_too_long_after_a_run_come_back_in_one_undo(self):
+            """A path has at most 4,096 bytes here, and the run makes the names of 29 folders 190 long and longer."""
+            depth = 30
+            folders = ["/".join(["e" * 100] * level) for level in range(1, depth)]
+            os.makedirs(self.path(folders[-1]))
+            self.make(folders[-1] + "/f.txt")
+            items = folders + [folders[-1] + "/f.txt"]
+            outcome = self.prose("--run", "--regex", "--find", "^e", "--replace", "e" * 90 + "[", "--items", "-",
+                                 "--name", "[N][C3,1]", stdin="\n".join(items).encode())
+            self.assertIn("%d Renamed" % len(items), outcome.stdout)
+            self.assertFalse(os.path.exists(self.path(folders[0])))
+            outcome = self.prose("--undo", "last")
+            self.assertEqual((outcome.status, outcome.stderr), (0, ""))
+            self.assertIn("%d Restored\n" % len(items), outcome.stdout)
+            self.assertEqual(self.content(items[-1]), items[-1])
+
+
 class Kept(SafetyTest):
     def test_no_file_that_is_there_is_overwritten_when_the_clock_has_gone_back(self):
         self.make("a.txt")

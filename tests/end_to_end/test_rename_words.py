@@ -68,6 +68,20 @@ class Notes(RenameTest):
             self.assertIn("to there: it is the current folder, or one above it (32)\n", outcome.stderr)
 
 
+class Roots(RenameTest):
+    def test_the_folder_tag_is_empty_at_a_root(self):
+        name = self.scratch.split("/")[1]
+        (row,) = self.rename("--name", "[F]x", "--extension", "", "/" + name).of("row")
+        self.assertEqual((row["old"], row["new"]), (name, "x"))
+
+    if not IS_WINDOWS:
+        def test_a_name_that_begins_like_a_drive_says_how_it_is_written(self):
+            self.make("a:b.txt")
+            self.assertIn("\"a:b.txt\" is no path; write ./a:b.txt\n", self.refused("--name", "x", "a:b.txt"))
+            self.assertNotIn("write", self.refused("--name", "x", "a:c.txt"))
+            self.assertEqual(self.rename("--name", "x", "./a:b.txt").of("row")[0]["new"], "x.txt")
+
+
 class Calls(RenameTest):
     def test_a_dry_undo_says_that_nothing_was_renamed(self):
         self.make("a.txt")
