@@ -46,6 +46,8 @@ class RenameSession {
   // The renames of the last run that were done.
   u32 Succeeded() const { return engine_->status.succeeded; }
 
+  u32 Failed() const { return engine_->status.failed; }
+
   // "3 Renamed, 1 Failed", with what an interruption left out.
   std::string StatusText() const;
 

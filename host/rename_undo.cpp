@@ -321,6 +321,9 @@ void TakeBack(Shared& shared, RenameSession& session, const std::string& text, b
   }
   if (!meant.isForeign) shared.reporter.Undo(UndoEventOf(store, taken));
   shared.reporter.Say(isDryRun ? "Nothing was renamed: this was a dry run" : session.StatusText());
+  if (taken.haveRestored && session.Failed() != 0 && !plan.isPlan) {
+    shared.reporter.Say("The file counts as taken back. The same call tries again what failed");
+  }
   ReportUndone(shared, leftOut);
 }
 

@@ -137,6 +137,20 @@ class TakenBack(RenameTest):
         self.assertEqual([undo["restored"] for undo in self.rename("--list-undo").of("undo")], [True])
 
 
+class PartlyTakenBack(RenameTest):
+    def test_what_failed_can_be_tried_again_and_the_call_says_so(self):
+        self.make("a", "b")
+        self.rename("--name", "new-[N]", "--run", "a", "b")
+        self.make("b")
+        outcome = self.prose("--undo", "last")
+        self.assertEqual((outcome.status, self.names()), (4, ["a", "b", "new-b"]))
+        self.assertIn("1 Restored, 1 Failed\nThe file counts as taken back. The same call tries again what failed\n",
+                      outcome.stdout)
+        os.remove(self.path("b"))
+        self.rename("--undo", "last", status=4)
+        self.assertEqual(self.names(), ["a", "b"])
+
+
 class Results(RenameTest):
     def test_ignored_rows_are_counted_apart(self):
         self.make("a_.txt", "b.txt")
