@@ -51,7 +51,6 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   const WString newName = stays ? rename.newName : NameOfRename(rename);
   reporter_.Rename({from, newName, rename.result, dryRun_});
   if (rename.result == kRenameDone || rename.result == kRenameIgnored) return;
-  if (PassesOver(rename.result)) return;
   if (rename.result == ERROR_CANCELLED) {
     hasFailed_ = true;
     ++untried_;  // one line is for all of them
@@ -60,19 +59,22 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   std::string line = "cannot rename " + ToUtf8(from) +
                      (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
                      RenameErrorText(from, rename.result);
-  if (holdsTooLong_ && rename.result == ERROR_FILENAME_EXCED_RANGE) {
-    tooLong_.push_back(std::move(line));
-    return;
+  if (holdsOutOfReach_ && IsOutOfReach(rename.result)) {
+    outOfReach_.emplace_back(rename.result, std::move(line));
+  } else {
+    ReportFailure(rename.result, line);
   }
+}
+
+void FileOperation::ReportFailure(u32 result, const std::string& line) {
+  if (PassesOver(result)) return;
   hasFailed_ = true;
   output_.Problem(line);
 }
 
-void FileOperation::ReportTooLong() {
-  if (!tooLong_.empty()) hasFailed_ = true;
-  for (const std::string& line : tooLong_) output_.Problem(line);
-  tooLong_.clear();
-  holdsTooLong_ = false;
+void FileOperation::ReportOutOfReach() {
+  for (const auto& [result, line] : std::exchange(outOfReach_, {})) ReportFailure(result, line);
+  holdsOutOfReach_ = false;
 }
 
 bool FileOperation::PassesOver(u32 result) {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/queued_rename.h"
@@ -50,12 +51,15 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   // The results of the last batch, in its order.
   const std::vector<u32>& LastResults() const { return lastResults_; }
 
-  // From now on renames of files whose path is too long (206) are not reported as failed before
-  // ReportTooLong: the folders above them may get shorter names, so that they can be tried again.
-  // ForgetTooLong is for that.
-  void HoldTooLong() { holdsTooLong_ = true; }
-  void ForgetTooLong() { tooLong_.clear(); }
-  void ReportTooLong();
+  // From now on renames of files that no path leads to, for its length too (3, 206), are not reported as
+  // failed before ReportOutOfReach: when the folders above have other names they can be tried again.
+  // ForgetOutOfReach is for that.
+  void HoldOutOfReach() { holdsOutOfReach_ = true; }
+  void ForgetOutOfReach() { outOfReach_.clear(); }
+  void ReportOutOfReach();
+  static bool IsOutOfReach(u32 result) {
+    return result == ERROR_PATH_NOT_FOUND || result == ERROR_FILENAME_EXCED_RANGE;
+  }
 
   // The renames that were left out (1223) after an interruption.
   std::size_t Untried() const { return untried_; }
@@ -63,6 +67,7 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
  private:
   void Run(RenameBatch& batch, Velmora::SDK::IRenameResultCallback* callback);
   void Report(const WString& from, const QueuedRename& rename);
+  void ReportFailure(u32 result, const std::string& line);
   // Returns true if the result is counted, and no failure.
   bool PassesOver(u32 result);
 
@@ -73,8 +78,8 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   const bool inOrder_;
   bool hasFailed_ = false;
   bool passesOverUndone_ = false;
-  bool holdsTooLong_ = false;
-  std::vector<std::string> tooLong_;
+  bool holdsOutOfReach_ = false;
+  std::vector<std::pair<u32, std::string>> outOfReach_;  // results and their lines
   std::vector<u32> lastResults_;
   std::size_t untried_ = 0;
   std::size_t notThere_ = 0;

@@ -115,7 +115,7 @@ void RenameSession::Restore(const MultiRenameUndo& session) {
     order.push_back(&row);
   }
   FileOperation& operation = shared_.fileOperation;
-  operation.HoldTooLong();
+  operation.HoldOutOfReach();
   u32 succeeded = 0;
   u32 failed = 0;
   u32 ignored = 0;
@@ -131,18 +131,18 @@ void RenameSession::Restore(const MultiRenameUndo& session) {
     status.succeeded += std::exchange(succeeded, status.succeeded + succeeded);
     status.ignored += std::exchange(ignored, status.ignored + ignored);
     status.failed += std::exchange(failed, status.failed + failed);
-    // A path that is too long may have become shorter, now that the folders above have their old names.
+    // What a path was too long for may be in reach, now that the folders above have their old names.
     std::vector<MultiRenameItem*> again;
     const std::vector<u32>& results = operation.LastResults();
     for (std::size_t index = 0; index < results.size() && index < order.size(); ++index) {
-      if (results[index] == ERROR_FILENAME_EXCED_RANGE) again.push_back(order[index]);
+      if (FileOperation::IsOutOfReach(results[index])) again.push_back(order[index]);
     }
     if (again.empty() || !isAnyDone || operation.IsDry() || IsInterrupted()) break;
     failed -= static_cast<u32>(again.size());
-    operation.ForgetTooLong();
+    operation.ForgetOutOfReach();
     order = std::move(again);
   }
-  operation.ReportTooLong();
+  operation.ReportOutOfReach();
 }
 
 std::string RenameSession::StatusText() const {
