@@ -3,6 +3,7 @@
 
 #include "host/rename_batch.h"
 #include "host/rename_undo.h"
+#include "host/run_undo.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 
@@ -59,28 +60,28 @@ TEST_F(NamesKeptTest, AnEndThatTheRunCutsIsNoLossOfTheUndoFile) {
   for (const WCHAR* newName : {W("b.txt "), W("b."), W("b. . ")}) {
     session_.entries = {{W("Z:\\a"), newName, W("a.txt")}};
     store_.Save(session_);
-    EXPECT_TRUE(CheckUndoFile(recorded_.output, store_, session_));
+    EXPECT_EQ(CheckUndoFile(recorded_.output, store_, session_), UndoCheck::kKeeps);
     EXPECT_THAT(recorded_.problems, IsEmpty()) << ToUtf8(newName);
   }
 }
 
 TEST_F(NamesKeptTest, AnUndoFileThatIsNotWholeIsNone) {
   session_.entries = {{W("Z:\\a"), W("b"), W("a")}};
-  EXPECT_FALSE(CheckUndoFile(recorded_.output, store_, session_));
+  EXPECT_EQ(CheckUndoFile(recorded_.output, store_, session_), UndoCheck::kNotWhole);
   scratch_.Write(W("Undo\\session.dat"), "half");
-  EXPECT_FALSE(CheckUndoFile(recorded_.output, store_, session_));
+  EXPECT_EQ(CheckUndoFile(recorded_.output, store_, session_), UndoCheck::kNotWhole);
 }
 
 TEST_F(NamesKeptTest, AClaimNeedsAFolderThatTakesFilesAndLeavesNothingInIt) {
   {
-    UndoLock lock;
-    EXPECT_TRUE(ClaimUndoFile(recorded_.output, store_, lock));
+    RunUndo undo(recorded_.output, store_);
+    EXPECT_TRUE(undo.Begin({}));
   }
   EXPECT_THAT(scratch_.Names(W("Undo")), IsEmpty());
   EXPECT_THAT(recorded_.problems, IsEmpty());
   store_.folder = scratch_.Path(W("missing\\"));
-  UndoLock lock;
-  EXPECT_FALSE(ClaimUndoFile(recorded_.output, store_, lock));
+  RunUndo undo(recorded_.output, store_);
+  EXPECT_FALSE(undo.Begin({}));
   EXPECT_THAT(recorded_.problems, HasSubstr("Nothing was renamed; --no-undo renames without one"));
 }
 
