@@ -165,7 +165,9 @@ TEST_F(RenameRunTest, OfTwoRunsInOneSecondTheLaterHasTheFileAndEachSessionInMemo
   store.Load();
   ASSERT_FALSE(store.sessions.empty());
   for (const auto& session : store.sessions) {
-    if (session->fileName == later.fileName) EXPECT_THAT(Entries(*session), ElementsAre("c>new c"));
+    if (session->fileName == later.fileName) {
+      EXPECT_THAT(Entries(*session), ElementsAre("c>new c"));
+    }
   }
   EXPECT_EQ(std::ranges::count(UndoFiles(), later.fileName), 1);
 }

@@ -90,7 +90,9 @@ TEST(ReplaceListDifferential, RandomListsReplaceWhatThePlainRuleReplaces) {
       const auto [number, message] = FirstBadExpression(pairs);
       WString text;
       EXPECT_EQ(Velmora::SDK::ValidateExpressions(pairs, text), number);
-      if (number != 0) EXPECT_EQ(ToUtf8(text), message);
+      if (number != 0) {
+        EXPECT_EQ(ToUtf8(text), message);
+      }
       bad += number != 0;
     }
     if (HasFailure()) return;

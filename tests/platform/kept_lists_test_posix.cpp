@@ -162,7 +162,9 @@ TEST_F(KeptLists, AnOwnerWhoMayNotReadTheFileIsShownTheListOfItsMode) {
     EXPECT_EQ(EntriesOf(list), ModeEntriesOf(kReadRights));
   }
   // Who may read it is shown the list that was set.
-  if (IsSuperuser()) EXPECT_EQ(EntriesOfFile(file_), SetEntriesOf(kReadRights));
+  if (IsSuperuser()) {
+    EXPECT_EQ(EntriesOfFile(file_), SetEntriesOf(kReadRights));
+  }
 }
 
 TEST_F(KeptLists, AnOwnerWhoMayNotReadHisFolderIsShownTheListOfItsMode) {
@@ -185,8 +187,9 @@ TEST_F(KeptLists, AnOwnerWhoMayNotReadHisFolderIsShownTheListOfItsMode) {
                              ShownEntry{0, 0, kWriteRights, "S-1-22-2-" + std::to_string(status.st_gid)},
                              ShownEntry{0, 0, kWriteRights, "S-1-1-0"})));
   }
-  if (IsSuperuser())
+  if (IsSuperuser()) {
     EXPECT_THAT(EntriesOfFile(folder), Optional(ElementsAre(ShownEntry{0, 3, kWriteRights, "S-1-1-0"})));
+  }
   chmod(native.c_str(), 0700);  // for whoever removes it
 }
 
@@ -202,7 +205,9 @@ TEST_F(KeptLists, AnUnreadableOneStaysWhenItsOwnerIsSetAgain) {
               0u);
     EXPECT_EQ(Mode(), 0044u);
   }
-  if (IsSuperuser()) EXPECT_EQ(EntriesOfFile(file_), SetEntriesOf(kReadRights));
+  if (IsSuperuser()) {
+    EXPECT_EQ(EntriesOfFile(file_), SetEntriesOf(kReadRights));
+  }
 }
 
 TEST_F(KeptLists, OneOfAnotherOwnerThatMayNotBeReadIsShownAsTheModeSaysIt) {

@@ -151,7 +151,9 @@ TEST_F(NtfsToolsNative, ADriveWhoseServerCannotBeToldIsAskedAgain) {
 // Access.
 
 TEST_F(NtfsToolsNative, AccessIsWhatTheListGivesTheCurrentUser) {
-  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  if (IsSuperuser()) {
+    ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  }
   const AsOrdinaryUser ordinary;
   for (const auto& [mode, text] : {std::pair<mode_t, const WCHAR*>{0700, W("RWX")},
                                    {0400, W("R  ")},
@@ -327,7 +329,9 @@ TEST_F(NtfsToolsNative, TheFirstOfTheTwoMayFail) {
 }
 
 TEST_F(NtfsToolsNative, AnOrdinaryUserResetsHisOwnFilesAlone) {
-  if (IsSuperuser()) ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  if (IsSuperuser()) {
+    ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
+  }
   const AsOrdinaryUser ordinary;
   EXPECT_EQ(tools_.ResetAccess(file_), 0u);
   EXPECT_EQ(Mode(), 0u);

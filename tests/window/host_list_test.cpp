@@ -275,7 +275,9 @@ TEST_F(HostListWindow, WhateverMovesTheSameRowsStaySelectedAndFocused) {
     const std::vector<WString> focused = namesAt({FocusedPlace()});
     (list_->*kMoves[random() % 4])();
     ASSERT_EQ(namesAt(SelectedPlaces()), selected) << "round " << round;
-    if (!selected.empty()) ASSERT_EQ(namesAt({FocusedPlace()}), focused) << "round " << round;
+    if (!selected.empty()) {
+      ASSERT_EQ(namesAt({FocusedPlace()}), focused) << "round " << round;
+    }
   }
 }
 

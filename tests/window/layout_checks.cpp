@@ -217,7 +217,9 @@ void ExpectAccessKeysDiffer(HWND dialog) {
     if (!key) continue;
     const auto [place, isNew] = taken.emplace(key, GetDlgCtrlID(control));
     EXPECT_TRUE(isNew) << "controls " << place->second << " and " << GetDlgCtrlID(control);
-    if (CanName(control)) EXPECT_TRUE(IsField(NextOf(control))) << "label " << GetDlgCtrlID(control);
+    if (CanName(control)) {
+      EXPECT_TRUE(IsField(NextOf(control))) << "label " << GetDlgCtrlID(control);
+    }
   }
 }
 
@@ -226,7 +228,9 @@ void ExpectEachLabelHasAnAccessKey(HWND dialog, const std::set<int>& except) {
     if (except.contains(GetDlgCtrlID(control)) || Ui::GetText(control).empty()) continue;
     const bool isLabel = CanName(control) && IsField(NextOf(control));
     const bool isButton = ClassOf(control) == L"Button" && !IsGroupBox(control);
-    if (isLabel || isButton) EXPECT_NE(AccessKeyOf(control), 0) << "control " << GetDlgCtrlID(control);
+    if (isLabel || isButton) {
+      EXPECT_NE(AccessKeyOf(control), 0) << "control " << GetDlgCtrlID(control);
+    }
   }
 }
 
