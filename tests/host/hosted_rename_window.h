@@ -2,22 +2,16 @@
 // table. The test's thread is the host's main thread.
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <atomic>
 #include <functional>
 #include <thread>
 
 #include "frame/qx_utils.h"
 #include "host/controls/vector_list.h"
-#include "host/extensions.h"
-#include "host/recorded_output.h"
-#include "host/system_places.h"
-#include "host/whole_file.h"
+#include "host/hosted_files.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "multirename/window/undrawn_window.h"
 #include "security/ntfs_prop.h"
-#include "support/scratch_folder.h"
 
 namespace QxHost {
 
@@ -48,30 +42,10 @@ inline bool InfoOfModule(u32 index, Velmora::SDK::ExtensionInfo* info) {
   return true;
 }
 
-class HostedRenameWindow {
+class HostedRenameWindow : public HostedFiles {
  public:
   explicit HostedRenameWindow(Questions::ReadLine readLine = nullptr)
-      : questions(*reporter, recorded.output, {}, {}, std::move(readLine)) {
-    std::string bytes;
-    EXPECT_EQ(ReadWholeFile(ProgramFolder() + W("\\english.language"), bytes), 0u);
-    std::vector<std::string> warnings;
-    shared.emplace(recorded.output, *reporter, LanguageTable::Parse(bytes, warnings), Answers(), questions,
-                   false);
-    scratch.MakeFolder(W("files"));
-    extensions.emplace(*shared,
-                       ModuleExports{CreateExtensionOfModule, DeleteExtensionOfModule, InfoOfModule});
-  }
-
-  // Makes a file of the folder with its own name as its content, and selects it.
-  void Add(WStringView name) {
-    const WString path = scratch.Write(W("files\\") + WString(name), ToUtf8(name));
-    selected_.push_back(shared->items.Find(path));
-  }
-
-  void Start() {
-    shared->view.emplace(shared->items, selected_, nullptr, WString());
-    ASSERT_TRUE(extensions->Start());
-  }
+      : HostedFiles({CreateExtensionOfModule, DeleteExtensionOfModule, InfoOfModule}, std::move(readLine)) {}
 
   // Opens the window and serves it until it has closed, while the user does something with it on a thread.
   // The window has then closed by the user's doing.
@@ -85,22 +59,6 @@ class HostedRenameWindow {
     acting.join();
     return answer;
   }
-
-  SystemAnswers Answers() const {
-    SystemAnswers answers;
-    answers.configFolder = scratch.MakeFolder(W("config"));
-    return answers;
-  }
-
-  const ScratchFolder scratch;
-  RecordedOutput recorded;
-  const std::unique_ptr<Reporter> reporter = MakeJsonReporter(recorded.output);
-  Questions questions;
-  std::optional<Shared> shared;
-  std::optional<Extensions> extensions;
-
- private:
-  std::vector<FileItem*> selected_;
 };
 
 // Lets everything through that is posted to the window and that its worker is asked to do. On its thread.

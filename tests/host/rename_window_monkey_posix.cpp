@@ -4,13 +4,11 @@
 //
 // A long run: QX_MONKEY_SECONDS=3600 QX_MONKEY_SEED=7, with --gtest_filter='RenameWindowMonkey*'.
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 #include "host/hosted_rename_window.h"
 #include "platform/posix/user_interface.h"
 #include "support/monkey_actions.h"
+#include "support/monkey_session.h"
 
 namespace QxHost {
 namespace {
@@ -19,74 +17,6 @@ using namespace Velmora::SDK;
 
 constexpr int kFiles = 24;
 constexpr DWORD kStepsOfShortRun = 400;
-constexpr auto kHang = std::chrono::seconds(120);  // for one action
-
-std::uint32_t NumberFromEnvironment(const char* name, std::uint32_t standard) {
-  const char* const text = std::getenv(name);
-  return text ? static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10)) : standard;
-}
-
-// The contents of all files below a folder, sorted. Whatever the names are now, these stay.
-std::vector<std::string> ContentsBelow(const std::filesystem::path& folder) {
-  std::vector<std::string> contents;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-    if (!entry.is_regular_file()) continue;
-    std::ifstream file(entry.path(), std::ios::binary);
-    contents.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-  }
-  std::ranges::sort(contents);
-  return contents;
-}
-
-// How many renames the host has told of that were done.
-std::size_t CountDone(std::string_view events) {
-  constexpr std::string_view kDone = "\"result\":0}";
-  std::size_t count = 0;
-  for (std::size_t at = events.find(kDone); at != std::string_view::npos; at = events.find(kDone, at + 1))
-    ++count;
-  return count;
-}
-
-// Ends the process with the last action if no other one comes in time.
-class Watchdog {
- public:
-  Watchdog() : thread_([this] { Watch(); }) {}
-  Watchdog(const Watchdog&) = delete;
-  Watchdog& operator=(const Watchdog&) = delete;
-  ~Watchdog() {
-    {
-      const std::lock_guard lock(mutex_);
-      isOver_ = true;
-      changed_.notify_all();
-    }
-    thread_.join();
-  }
-
-  void Say(std::string what) {
-    const std::lock_guard lock(mutex_);
-    what_ = std::move(what);
-    ++count_;
-    changed_.notify_all();
-  }
-
- private:
-  void Watch() {
-    std::unique_lock lock(mutex_);
-    while (!isOver_) {
-      const int before = count_;
-      if (changed_.wait_for(lock, kHang, [&] { return isOver_ || count_ != before; })) continue;
-      std::fprintf(stderr, "the window hangs after action %d: %s\n", count_, what_.c_str());
-      std::abort();
-    }
-  }
-
-  std::mutex mutex_;  // guards what follows
-  std::condition_variable changed_;
-  std::string what_;
-  int count_ = 0;
-  bool isOver_ = false;
-  std::thread thread_;
-};
 
 // The monkey's hands at boxes, menus, dialogs and questions of the host, on the window's thread and the
 // worker's.
@@ -276,7 +206,7 @@ class RenameWindowMonkey : public testing::Test {
   MonkeyAnswers answers_{seed_ + 1};
   HostedRenameWindow hosted_{[this] { return answers_.Line(); }};
   std::vector<std::string> contents_;
-  Watchdog watchdog_;
+  MonkeyWatchdog watchdog_;
   std::atomic<std::uint32_t> steps_{0};
   std::atomic<bool> isOver_{false};
   std::atomic<bool> hasEnded_{false};
@@ -298,7 +228,7 @@ TEST_F(RenameWindowMonkey, LosesNoFileAndDoesNotHang) {
   monkey.join();
   hosted_.extensions->Stop();
   ExpectNoFileLost("the end");
-  const std::size_t renames = CountDone(hosted_.recorded.Out());
+  const std::size_t renames = CountRenamesDone(hosted_.recorded.Out());
   std::printf("%u actions, %d windows, %zu renames, seed %u\n", steps_.load(), windows, renames, seed_);
   EXPECT_GT(windows, 0);
   EXPECT_GT(renames, 0u);

@@ -9,6 +9,7 @@
 #include <random>
 #include <thread>
 
+#include "window/cell_pixels.h"
 #include "window/held_key.h"
 #include "window/screenshot.h"
 
@@ -32,23 +33,13 @@ class HostListWindow : public HostedList {
     return text;
   }
 
-  // How many pixels of a cell's text have exactly this colour.
   int PixelsOf(int place, int subItem, COLORREF color) const {
-    RECT area = {LVIR_LABEL, subItem, 0, 0};
-    Send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&area));
-    const HDC screen = GetDC(window_);
-    int pixels = 0;
-    for (LONG y = area.top; y < area.bottom; ++y) {
-      for (LONG x = area.left; x < area.right; ++x) pixels += GetPixel(screen, x, y) == color ? 1 : 0;
-    }
-    ReleaseDC(window_, screen);
-    return pixels;
+    return PixelsOfCell(window_, place, subItem, color);
   }
 
   // Pixels of a cell that are not of the background.
   int InkOf(int place, int subItem) const {
-    RECT area = {LVIR_LABEL, subItem, 0, 0};
-    Send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&area));
+    const RECT area = AreaOfCell(window_, place, subItem);
     const int all = static_cast<int>((area.right - area.left) * (area.bottom - area.top));
     return all - PixelsOf(place, subItem, GetSysColor(COLOR_WINDOW));
   }
