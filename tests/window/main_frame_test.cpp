@@ -333,6 +333,12 @@ TEST_F(MainFrameWindow, NamesWithPercentsAndAmpersandsAreShownAsTheyAre) {
   EXPECT_THAT(NewNames(), ElementsAre(W("100 %s & %d.txt"), W("&x && y.txt")));
 }
 
+TEST_F(MainFrameWindow, NamesWithLineBreaksAndTabsAreShownAsTheyAreAndNewOnesLosePairsOfCrAndLf) {
+  Open({W("a\r\nb %n.txt"), W("a\nb.txt"), W("tab\tbed & more")});
+  EXPECT_THAT(OldNames(), ElementsAre(W("a\r\nb %n.txt"), W("a\nb.txt"), W("tab\tbed & more")));
+  EXPECT_THAT(NewNames(), ElementsAre(W("ab %n.txt"), W("a\nb.txt"), W("tab\tbed & more")));
+}
+
 TEST_F(MainFrameWindow, AnEmptySelectionOpensTheWindowAllTheSame) {
   Open();
   EXPECT_THAT(OldNames(), IsEmpty());

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <thread>
 
+#include "multirename/gate_properties.h"
 #include "support/semaphore.h"
 #include "window/modal_driver.h"
 #include "window/rename_frame_window.h"
@@ -272,6 +273,24 @@ TEST_F(RenameWindowLife, ACloseDuringTheListsMenuClosesAfterTheMenu) {
   Open({W("a")});
   PostMessageW(List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(List()), MAKELPARAM(300, 300));
   PostMessageW(Frame(), WM_CLOSE, 0, 0);
+  Settle();
+  ExpectClosedOnce();
+}
+
+TEST_F(RenameWindowLife, ACloseDuringAPreviewStopsThePreviewAtItsNextRow) {
+  GateProperties gate;
+  Open({W("a.txt"), W("b.txt"), W("c.txt")});
+  engine_->propertyManager = &gate;
+  SetDlgItemTextW(GetDlgItem(Panel(), kNameField), 1001 /* the edit field of a box */, W("[N][?p]"));
+  SendMessageW(Panel(), MRM_UPDATE_PREVIEW, 0, 0);
+  gate.entered.Acquire();
+  std::thread later([&] {
+    while (!engine_->worker.IsStopping()) std::this_thread::yield();
+    gate.gate.Release();
+  });
+  SendMessageW(Frame(), WM_CLOSE, 0, 0);
+  later.join();
+  EXPECT_EQ(gate.asked, 1);
   Settle();
   ExpectClosedOnce();
 }

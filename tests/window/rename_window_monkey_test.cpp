@@ -1,0 +1,284 @@
+// A monkey at MultiRename's window of the built module, in the real host: it types, presses, moves rows,
+// renames real files, undoes, plays with boxes, dialogs and menus, closes and opens again, at random. Nothing
+// crashes, nothing hangs, and no file is lost.
+//
+// A long run: QX_MONKEY_SECONDS=3600 QX_MONKEY_SEED=7, with --gtest_filter='DrawnWindowMonkey*'.
+#include <atomic>
+#include <cstdio>
+
+#include "support/monkey_actions.h"
+#include "support/monkey_session.h"
+#include "window/list_rows.h"
+#include "window/module_window.h"
+
+// Needs windows.h before it.
+#include <commctrl.h>
+
+namespace {
+
+constexpr int kMonkeyFiles = 24;
+constexpr std::uint32_t kActionsOfShortRun = 250;
+constexpr int kCloseOfPanel = 1041;
+constexpr int kTagLinesAtMost = 16;
+
+// The windows of a dialog that can be used now.
+std::vector<HWND> ControlsOf(HWND dialog) {
+  std::vector<HWND> controls;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    WCHAR name[16] = {};
+    GetClassNameW(child, name, 16);
+    if (IsWindowVisible(child) && IsWindowEnabled(child) && WStringView(name) != L"Static")
+      controls.push_back(child);
+  }
+  return controls;
+}
+
+class DrawnWindowMonkey : public ModuleWindow {
+ protected:
+  DrawnWindowMonkey() {
+    hosted_.scratch.MakeFolder(W("files\\sub"));
+    for (int number = 0; number < kMonkeyFiles; ++number) {
+      const char* const kForms[] = {"photo %02d.jpg", "a%d", "n%d.tar.gz", "\xC3\xA9%d & 100 %%.TXT"};
+      char name[40];
+      std::snprintf(name, sizeof name, kForms[number % 4], number);
+      hosted_.Add((number % 3 == 0 ? W("sub\\") : W("")) + FromUtf8(name));
+    }
+    contents_ = ContentsBelow(Folder());
+    hosted_.Start();
+    answers_ = [this] { return Line(); };
+  }
+
+  std::filesystem::path Folder() const { return hosted_.scratch.NativePath(W("files")); }
+  void ExpectNoFileLost(const std::string& when) {
+    EXPECT_EQ(ContentsBelow(Folder()), contents_) << "seed " << seed_ << ", after " << when;
+  }
+
+  // What a person types where the host asks, on the window's thread.
+  std::optional<std::string> Line() {
+    const char* const kLines[] = {"ok", "yes", "no", "cancel", "one", "two", "50 % & more", ""};
+    if (lines_.Chance(20)) return std::nullopt;
+    return kLines[lines_.Below(std::size(kLines))];
+  }
+
+  void Act(WindowUser& user, const MonkeyAction& action) {
+    switch (action.deed) {
+      case MonkeyDeed::kType:
+        return user.Type(action.control, action.text);
+      case MonkeyDeed::kPress:
+        return user.Press(action.control);
+      case MonkeyDeed::kChoose:
+        return Choose(user, action);
+      case MonkeyDeed::kDoubleClick:
+        return DoubleClick(GetDlgItem(user.Panel(), action.control));
+      case MonkeyDeed::kSelectRows:
+        return SelectRows(user, action);
+      case MonkeyDeed::kMoveRows:
+        return MoveRows(user, action);
+      case MonkeyDeed::kRun:
+      case MonkeyDeed::kUndo:
+        user.Press(action.control);
+        if (action.isAwaited) WaitForRun(user, action);
+        return;
+      case MonkeyDeed::kEscape:
+        return user.PressKey(VK_ESCAPE);
+      case MonkeyDeed::kContextMenu:
+        PostMessageW(user.List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(user.List()),
+                     MAKELPARAM(300, 300));
+        return;
+      case MonkeyDeed::kNewSelection:
+        return Post(31000);
+      case MonkeyDeed::kClose:
+        return user.Close();
+      case MonkeyDeed::kShutDown:
+        return Post(20002);
+    }
+  }
+
+  void WaitForRun(WindowUser& user, const MonkeyAction& action) {
+    user.WaitUntil(action.Shown(),
+                   [&] { return user.IsGone() || user.Popup() || user.IsEnabled(kCloseOfPanel); });
+    // A run that was begun without a wait may still be going on in a window that is closing.
+    if (!user.IsGone() && user.IsEnabled(kCloseOfPanel)) ExpectNoFileLost(action.Shown());
+  }
+  static void Choose(WindowUser& user, const MonkeyAction& action) {
+    const LRESULT lines = SendDlgItemMessageW(user.Panel(), action.control, CB_GETCOUNT, 0, 0);
+    if (lines > 0)
+      user.Choose(action.control, static_cast<int>(action.number % static_cast<unsigned>(lines)));
+  }
+  void DoubleClick(HWND list) {
+    const LPARAM place = MAKELPARAM(5, generator_.Below(60));
+    PostMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, place);
+    PostMessageW(list, WM_LBUTTONUP, 0, place);
+  }
+  static void SelectRows(WindowUser& user, const MonkeyAction& action) {
+    const auto rows = static_cast<std::uint32_t>(SendMessageW(user.List(), LVM_GETITEMCOUNT, 0, 0));
+    if (rows == 0) return;
+    std::vector<int> selected;
+    for (std::uint32_t at = action.number % rows; at < rows && selected.size() < action.count; ++at)
+      selected.push_back(static_cast<int>(at));
+    user.SelectRows(selected);
+  }
+  static void MoveRows(WindowUser& user, const MonkeyAction& action) {
+    constexpr WORD kKeys[] = {VK_UP, VK_DOWN, VK_HOME, VK_END};
+    user.PressKey(kKeys[action.control % std::size(kKeys)], {VK_MENU});
+  }
+
+  // What no form knows of: sizes, the mouse anywhere, keys of all kinds.
+  void ActWildly(WindowUser& user) {
+    switch (generator_.Below(5)) {
+      case 0:
+        SetWindowPos(user.Frame(), nullptr, 0, 0, Number(300, 1400), Number(200, 1000),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_ASYNCWINDOWPOS);
+        return;
+      case 1:
+        ShowWindowAsync(user.Frame(), generator_.Chance(50) ? SW_MINIMIZE : SW_MAXIMIZE);
+        ShowWindowAsync(user.Frame(), SW_RESTORE);
+        return;
+      case 2:
+        return ClickAnywhere(user);
+      default:
+        return PressAnyKey(user);
+    }
+  }
+  void ClickAnywhere(WindowUser& user) {
+    RECT area = {};
+    GetClientRect(user.Frame(), &area);
+    POINT place = {Number(0, area.right), Number(0, area.bottom)};
+    ClientToScreen(user.Frame(), &place);
+    const HWND target = WindowFromPoint(place);
+    if (GetWindowThreadProcessId(target, nullptr) != GetWindowThreadProcessId(user.Frame(), nullptr)) return;
+    ScreenToClient(target, &place);
+    const bool isRight = generator_.Chance(20);
+    const LPARAM point = MAKELPARAM(place.x, place.y);
+    PostMessageW(target, WM_MOUSEMOVE, 0, point);
+    PostMessageW(target, isRight ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, isRight ? MK_RBUTTON : MK_LBUTTON, point);
+    PostMessageW(target, isRight ? WM_RBUTTONUP : WM_LBUTTONUP, 0, point);
+    user.Flush();
+  }
+  void PressAnyKey(WindowUser& user) {
+    constexpr WORD kKeys[] = {VK_TAB, VK_RETURN, VK_SPACE, VK_UP,   VK_DOWN,   VK_LEFT, VK_RIGHT, VK_HOME,
+                              VK_END, VK_PRIOR,  VK_NEXT,  VK_BACK, VK_DELETE, VK_F1,   VK_F2,    VK_F4,
+                              VK_F10, VK_APPS,   'A',      'C',     'V',       'X',     'Z',      'S'};
+    const std::vector<int> kHeld[] = {{}, {}, {VK_SHIFT}, {VK_CONTROL}, {VK_MENU}};
+    user.PressKey(kKeys[generator_.Below(std::size(kKeys))], kHeld[generator_.Below(std::size(kHeld))]);
+  }
+  int Number(int from, int to) {
+    return from + static_cast<int>(generator_.Below(static_cast<std::uint32_t>(to - from)));
+  }
+
+  void ActInMenu(WindowUser& user) {
+    for (std::uint32_t left = generator_.Below(kTagLinesAtMost); left > 0; --left) user.PressKey(VK_DOWN);
+    user.PressKey(generator_.Chance(70) ? VK_RETURN : VK_ESCAPE);
+    if (generator_.Chance(10)) user.PressKey(VK_ESCAPE);
+  }
+
+  void ActInPopup(WindowUser& user, HWND popup) {
+    if (generator_.Chance(3)) return user.Close();
+    if (generator_.Chance(2)) return Post(20002);
+    if (generator_.Chance(10)) return PressAnyKey(user);
+    if (generator_.Chance(10))
+      return user.PressKey(static_cast<WORD>(VK_F1 + generator_.Below(24)),
+                           generator_.Chance(50) ? std::vector<int>{VK_SHIFT} : std::vector<int>{});
+    const std::vector<HWND> controls = ControlsOf(popup);
+    if (controls.empty()) return user.PressKey(VK_ESCAPE);
+    const HWND control = controls[generator_.Below(static_cast<std::uint32_t>(controls.size()))];
+    WCHAR name[32] = {};
+    GetClassNameW(control, name, 32);
+    if (WStringView(name) == L"Button") return user.Press(popup, GetDlgCtrlID(control));
+    if (WStringView(name) == L"Edit") return user.Type(popup, GetDlgCtrlID(control), generator_.Text());
+    return ClickIn(user, control);
+  }
+  void ClickIn(WindowUser& user, HWND control) {
+    RECT area = {};
+    GetClientRect(control, &area);
+    const LPARAM point = MAKELPARAM(Number(0, area.right + 1), Number(0, area.bottom + 1));
+    PostMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    PostMessageW(control, WM_LBUTTONUP, 0, point);
+    user.Flush();
+  }
+
+  bool IsTimeOver() const {
+    return seconds_ > 0 ? std::chrono::steady_clock::now() >= end_ : actions_ >= kActionsOfShortRun;
+  }
+
+  void PlayWith(WindowUser& user) {
+    while (!user.IsGone() && !IsTimeOver()) {
+      ++actions_;
+      if (user.IsMenuOpen()) {
+        watchdog_.Say("in a menu");
+        ActInMenu(user);
+      } else if (const HWND popup = user.Popup()) {
+        watchdog_.Say("in a dialog");
+        ActInPopup(user, popup);
+      } else if (generator_.Chance(15)) {
+        watchdog_.Say("wildly");
+        ActWildly(user);
+      } else {
+        const MonkeyAction action = generator_.Next();
+        watchdog_.Say(action.Shown());
+        Act(user, action);
+        if (action.isAwaited) user.Flush();
+      }
+    }
+  }
+
+  // On a thread of its own, until the time or the actions are over and the main thread is through.
+  void Play() {
+    try {
+      while (!hasEnded_) {
+        if (!IsThere()) {
+          Sleep(1);
+          continue;
+        }
+        WindowUser user;
+        PlayWith(user);
+        if (IsTimeOver()) isOver_ = true;
+        if (isOver_ && !user.IsGone()) user.Close();
+        user.WaitUntil("the end of the window", [&] { return hasEnded_ || user.IsGone(); });
+      }
+    } catch (const std::exception& error) {
+      std::fprintf(stderr, "seed %u, after %u actions: %s\n", seed_, actions_.load(), error.what());
+      std::abort();
+    }
+  }
+  static bool IsThere() {
+    const HWND frame = FindWindowW(L"QXMultiRenameFrame", nullptr);
+    return frame && IsWindowVisible(frame);
+  }
+
+  const std::uint32_t seed_ = NumberFromEnvironment("QX_MONKEY_SEED", 12);
+  const std::uint32_t seconds_ = NumberFromEnvironment("QX_MONKEY_SECONDS", 0);
+  const std::chrono::steady_clock::time_point end_ =
+      std::chrono::steady_clock::now() + std::chrono::seconds(seconds_);
+  ActionGenerator generator_{seed_};
+  ActionGenerator lines_{seed_ + 1};
+  std::vector<std::string> contents_;
+  MonkeyWatchdog watchdog_;
+  std::atomic<std::uint32_t> actions_{0};
+  std::atomic<bool> isOver_{false};
+  std::atomic<bool> hasEnded_{false};
+};
+
+TEST_F(DrawnWindowMonkey, LosesNoFileAndDoesNotHang) {
+  ASSERT_EQ(contents_.size(), static_cast<std::size_t>(kMonkeyFiles));
+  ActionGenerator fate(seed_ + 2);
+  int windows = 0;
+  std::thread monkey([this] { Play(); });
+  while (!isOver_) {
+    EXPECT_EQ(hosted_.extensions->RunWindow(31000), 1);
+    ++windows;
+    ExpectNoFileLost("window " + std::to_string(windows));
+    // At times the same object is used again, whose windows have no worker any more.
+    if (fate.Chance(80)) Renew();
+  }
+  hasEnded_ = true;
+  monkey.join();
+  hosted_.extensions->Stop();
+  ExpectNoFileLost("the end");
+  const std::size_t renames = CountRenamesDone(hosted_.recorded.Out());
+  std::printf("%u actions, %d windows, %zu renames, seed %u\n", actions_.load(), windows, renames, seed_);
+  EXPECT_GT(windows, 0);
+  EXPECT_GT(renames, 0u);
+}
+
+}  // namespace
