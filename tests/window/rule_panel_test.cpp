@@ -346,7 +346,7 @@ TEST_F(RulePanelWindow, TheFocusIsNeverOnADisabledControl) {
 TEST_F(RulePanelWindow, RowsInTheWayKeepTheRunFromStarting) {
   Open({W("a"), W("b")});
   Type(1034, W("same"));
-  EXPECT_THAT(NewNames(), Each(W("The first row has the same new name")));
+  EXPECT_THAT(NewNames(), Each(W("Same name as another row")));
   WString text;
   PostPress(1003);
   SettleWith({[&](HWND box) {
