@@ -343,6 +343,33 @@ TEST_F(RulePanelWindow, TheFocusIsNeverOnADisabledControl) {
   EXPECT_TRUE(IsWindowEnabled(GetFocus()));
 }
 
+TEST_F(RulePanelWindow, TheFocusIsBackInItsFieldAfterARun) {
+  Open({W("a.txt")});
+  Type(1034, W("b"));
+  PressFrameKey(VK_RETURN);
+  ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
+  EXPECT_EQ(FocusedControl(Panel()), 1034);
+}
+
+TEST_F(RulePanelWindow, TheFocusIsBackOnStartAfterARun) {
+  Open({W("a.txt")});
+  Type(1034, W("b"));
+  SetFocus(GetDlgItem(Panel(), 1003));
+  Press(1003);
+  ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
+  EXPECT_EQ(FocusedControl(Panel()), 1003);
+}
+
+TEST_F(RulePanelWindow, AFocusThatTheUserMovesDuringARunStays) {
+  Open({W("a.txt")});
+  Type(1034, W("b"));
+  host_.renames.atRun = [this] {
+    PostMessageW(Panel(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(Panel(), 1001)), TRUE);
+  };
+  PressFrameKey(VK_RETURN);
+  EXPECT_EQ(FocusedControl(Panel()), 1001);
+}
+
 TEST_F(RulePanelWindow, RowsInTheWayKeepTheRunFromStarting) {
   Open({W("a"), W("b")});
   Type(1034, W("same"));

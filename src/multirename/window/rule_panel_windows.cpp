@@ -148,6 +148,21 @@ void RulePanel::Change(int control) {
   calls_.Run([&] { form_->Change(control); });
 }
 
+void RulePanel::SetEnabled(int control, bool isEnabled) {
+  const HWND window = controls_.Control(control);
+  const HWND focused = FocusedControlOf(Window());
+  WindowView::SetEnabled(control, isEnabled);
+  if (!window) return;
+  if (!isEnabled && focused == window) {
+    // The focus may be handed on from one to the next while all of them are disabled.
+    if (focused != lentFocus_) lostFocus_ = window;
+    lentFocus_ = FocusedControlOf(Window());
+  } else if (isEnabled && window == lostFocus_) {
+    if (focused == lentFocus_) controls_.GiveFocus(control);
+    lostFocus_ = lentFocus_ = nullptr;
+  }
+}
+
 void RulePanel::SetHints(const Ui::TextSource& texts) {
   std::vector<Ui::ControlText> rows;
   for (const auto& [control, text] : kPanelHints) rows.push_back({control, text});

@@ -35,6 +35,9 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   void SetScale(int pixelsOfAnInch);
 
   // PanelView.
+  // A control that is disabled while it has the focus gets it back with its enabling, if the user has not
+  // moved on.
+  void SetEnabled(int control, bool isEnabled) override;
   void Post(RenameMessage message) override {
     if (Window()) PostMessageW(Window(), message, 0, 0);
   }
@@ -63,7 +66,9 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   HWND neighbour_ = nullptr;
   PanelStretch stretch_;
   PanelTips tips_;
-  int chosenInList_ = 0;  // the box in whose open list another line is marked
+  HWND lostFocus_ = nullptr;  // disabled while it had the focus; null without one
+  HWND lentFocus_ = nullptr;  // has the focus instead
+  int chosenInList_ = 0;      // the box in whose open list another line is marked
   bool runsDialog_ = false;
 };
 
