@@ -18,13 +18,12 @@ constexpr COLORREF kFailedTextColor = 0x0B1699;
 // The panel.
 enum : int {
   kName = 1034,
-  kExtension = 1035,
-  kFirstNumber = 1031,
-  kDigitsField = 1033,
   kProfiles = 1045,
   kProfileX = 1044,
   kPairRows = 1118,
   kPairDots = 1117,
+  kPairFind = 1020,
+  kPairAdd = 1119,
   kReset = 1071,
   kUndo = 1040,
   kUndoDots = 1049,
@@ -117,19 +116,24 @@ TEST_F(ModuleWindowUse, ARunWithAFailingRowShowsItInItsColourAndRenamesTheOthers
 }
 
 TEST_F(ModuleWindowUse, RowsInTheWayOfEachOtherAreRedAndNothingIsRenamed) {
-  StartWith({W("a.txt"), W("b.txt"), W("c.doc")});
+  const std::vector<WString> names = {W("Beach copy.jpg"), W("Beach.jpg"), W("Boat copy.jpg"),
+                                      W("Dinner 100 % & more.jpg"), W("Sunset.jpg")};
+  StartWith(names);
   Use([](WindowUser& user) {
-    user.Type(kName, W("same"));
+    user.Type(kPairFind, W(" copy"));
+    user.Press(kPairAdd);
     user.WaitUntil("the rows in the way", [&] { return RedPixels(user, 0, kDuplicateTextColor) > 10; });
+    EXPECT_THAT(user.NewNames(), ElementsAre(W("Same name as another row"), W("Same name as another row"),
+                                             W("Boat.jpg"), W("Dinner 100 % & more.jpg"), W("Sunset.jpg")));
     EXPECT_GT(RedPixels(user, 1, kDuplicateTextColor), 10);
     EXPECT_EQ(RedPixels(user, 2, kDuplicateTextColor), 0);
-    EXPECT_EQ(user.NewNames()[2], W("same.doc"));
+    Photograph(user, W("rename_window_rows_in_the_way"));
     user.Press(kStart);
     user.Press(user.WaitForPopup(), IDOK);
     user.WaitForNoPopup();
     user.Close();
   });
-  EXPECT_THAT(Names(), ElementsAre(W("a.txt"), W("b.txt"), W("c.doc")));
+  EXPECT_EQ(Names(), names);
 }
 
 TEST_F(ModuleWindowUse, ASessionIsTakenBackFromTheManagerOfALaterWindow) {
