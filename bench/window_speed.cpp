@@ -51,11 +51,10 @@ void Print(const char* name, std::vector<double> times, const char* unit = "ms")
 
 // Of this process alone.
 double BytesInMemory() {
-  PROCESS_MEMORY_COUNTERS_EX counters{};
+  PROCESS_MEMORY_COUNTERS counters{};
   counters.cb = sizeof counters;
-  GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                       sizeof counters);
-  return static_cast<double>(counters.PrivateUsage);
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return static_cast<double>(counters.PagefileUsage);
 }
 
 SharedItems MakeRows(std::size_t count) {
@@ -69,6 +68,8 @@ SharedItems MakeRows(std::size_t count) {
     std::snprintf(text, sizeof text, "folder %05u_some_file name %03u.TXT", static_cast<unsigned>(row / 100),
                   static_cast<unsigned>(row % 100));
     item.oldName = FromUtf8(text);
+    // As a row of the host's item has it.
+    item.newName.reserve(item.oldName.size() + 7);
     item.newName = item.oldName;
   }
   return rows;
@@ -117,6 +118,8 @@ class MeasuredWindow final : public RenameWindowOwner, private MessageFilter {
     edit_ = FindWindowExW(GetDlgItem(window_->Panel(), kNameTemplate), nullptr, L"Edit", nullptr);
     if (!list_ || !edit_) Fail("the window has no list or no field");
     SetWindowSubclass(list_, OnListMessage, 1, reinterpret_cast<DWORD_PTR>(this));
+    // The caret is at the end of the template, and nothing of it is selected.
+    SendMessageW(edit_, EM_SETSEL, 0xFFFF, 0xFFFF);
     loop_.AddFilter(*this);
     RunUntilPreviewed();
   }
@@ -152,7 +155,6 @@ class MeasuredWindow final : public RenameWindowOwner, private MessageFilter {
       return true;
     } else if (message.message == MRM_ROWS_CHANGED) {
       times_.previewed = MillisecondsSince(begin_);
-    } else if (message.message == MRM_RUN_FINISHED) {
       isPreviewed_ = true;
     }
     return false;

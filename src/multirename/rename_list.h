@@ -26,8 +26,9 @@ class RenameList {
   // Takes all rows out. The items may die after this.
   void Empty();
 
-  // The rows as they are shown, in the order of the screen.
-  std::vector<MultiRenameItem*> CollectRows() const;
+  // The rows as they are shown, in the order of the screen. The memory of a vector that is not needed any
+  // more is used for them.
+  std::vector<MultiRenameItem*> CollectRows(std::vector<MultiRenameItem*> memory = {}) const;
 
   // The set that they are of; null while the list is empty.
   const SharedItems& Items() const { return items_; }
