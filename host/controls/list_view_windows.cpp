@@ -19,7 +19,7 @@ constexpr UINT kScaleChanged = 0x02E3;
 constexpr u32 kMarkedCell = 0x300000;
 
 // As many selected rows a list view takes one by one before anybody notices.
-constexpr LRESULT kFewRows = 1000;
+constexpr LRESULT kFewRows = 300;
 
 // The shell's own list of small images, which all programs share.
 HIMAGELIST SmallShellImages() {
