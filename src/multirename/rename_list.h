@@ -42,8 +42,6 @@ class RenameList {
   IHostList* list_ = nullptr;
   IMLRowCallBack* rowInfo_ = nullptr;
   SharedItems items_;
-  // What CollectRows asks for. Kept while the rows stay, as each key that changes a rule collects them.
-  mutable std::vector<void*> collected_;
 };
 
 }  // namespace Velmora::SDK
