@@ -52,6 +52,15 @@ class ListView final : public ListControl {
   // Gives the list view the number of rows that there are.
   void ShowRows();
   void SetStateOfAll(UINT state, UINT mask);
+  // A key or a click is about to come to the list view. If it leads to a selection in place of one of many
+  // rows, these are taken out of it at once.
+  void BeforeInput(UINT message, WPARAM wParam, LPARAM lParam);
+  bool IsReplacedByKey(WPARAM key);
+  static bool IsReplacedByClick(WPARAM keys, int row);
+  bool IsReplacedByRightClick(WPARAM keys, int row) const;
+  // -1 for a point without a row.
+  int RowAt(LPARAM point) const;
+  void DeselectAll();
   void SetState(const RowRanges& rows, UINT state);
   void SetState(int row, UINT state, UINT mask);
   void PostSelectionChanged();

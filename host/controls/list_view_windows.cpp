@@ -18,6 +18,9 @@ constexpr UINT kScaleChanged = 0x02E3;
 // What a marked cell has more than a plain one.
 constexpr u32 kMarkedCell = 0x300000;
 
+// As many selected rows a list view takes one by one before anybody notices.
+constexpr LRESULT kFewRows = 300;
+
 // The shell's own list of small images, which all programs share.
 HIMAGELIST SmallShellImages() {
   constexpr UINT kFlags = SHGFI_USEFILEATTRIBUTES | SHGFI_SYSICONINDEX | SHGFI_SMALLICON;
@@ -91,6 +94,63 @@ void ListView::SetStateOfAll(UINT state, UINT mask) {
   SetState(-1, state, mask);
   Send(WM_SETREDRAW, TRUE);
   InvalidateRect(window_, nullptr, FALSE);
+}
+
+// Wine's list view tells its parent of each single row that is not selected any more: of a million rows for
+// many seconds.
+void ListView::BeforeInput(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (Send(LVM_GETSELECTEDCOUNT) <= kFewRows) return;
+  const bool isReplaced = message == WM_KEYDOWN       ? IsReplacedByKey(wParam)
+                          : message == WM_LBUTTONDOWN ? IsReplacedByClick(wParam, RowAt(lParam))
+                                                      : IsReplacedByRightClick(wParam, RowAt(lParam));
+  if (isReplaced) DeselectAll();
+}
+
+int ListView::RowAt(LPARAM point) const {
+  LVHITTESTINFO hit{};
+  hit.pt = {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
+  return static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+}
+
+// The keys that lead to another row do so without Control; at the end of the list there is none.
+bool ListView::IsReplacedByKey(WPARAM key) {
+  if (GetKeyState(VK_CONTROL) < 0) return false;
+  const std::size_t rows = CountRows();
+  const std::size_t focused = Focused();
+  if (key == VK_UP || key == VK_PRIOR || key == VK_HOME) return focused > 0;
+  return (key == VK_DOWN || key == VK_NEXT || key == VK_END) && (focused >= rows || focused + 1 < rows);
+}
+
+bool ListView::IsReplacedByClick(WPARAM keys, int row) {
+  return (keys & MK_CONTROL) == 0 && (row >= 0 || (keys & MK_SHIFT) == 0);
+}
+
+// On a selected row it opens the menu of all of them.
+bool ListView::IsReplacedByRightClick(WPARAM keys, int row) const {
+  if ((keys & (MK_CONTROL | MK_SHIFT)) != 0) return false;
+  return row < 0 || Send(LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) == 0;
+}
+
+// Rows that are gone are not selected any more, and nobody is told of each. The list view looks then as
+// before.
+void ListView::DeselectAll() {
+  const LRESULT count = Send(LVM_GETITEMCOUNT);
+  const LRESULT top = Send(LVM_GETTOPINDEX);
+  const LRESULT focused = Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
+  const LRESULT mark = Send(LVM_GETSELECTIONMARK);
+  const int left = GetScrollPos(window_, SB_HORZ);
+  RECT area{LVIR_BOUNDS, 0, 0, 0};
+  Send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&area));
+  Send(WM_SETREDRAW, FALSE);
+  Send(LVM_SETITEMCOUNT, 0, LVSICF_NOSCROLL);
+  Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL);
+  Send(LVM_SCROLL, static_cast<WPARAM>(left - GetScrollPos(window_, SB_HORZ)),
+       (top - Send(LVM_GETTOPINDEX)) * (area.bottom - area.top));
+  if (focused >= 0) SetState(static_cast<int>(focused), LVIS_FOCUSED, LVIS_FOCUSED);
+  Send(LVM_SETSELECTIONMARK, 0, mark);
+  Send(WM_SETREDRAW, TRUE);
+  InvalidateRect(window_, nullptr, FALSE);
+  PostSelectionChanged();
 }
 
 void ListView::OnClear() {
@@ -249,6 +309,8 @@ LRESULT CALLBACK ListView::OnListMessage(HWND window, UINT message, WPARAM wPara
     }
   } else if (message == WM_CONTEXTMENU && reinterpret_cast<HWND>(wParam) != window) {
     return 0;  // the header's
+  } else if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
+    list.BeforeInput(message, wParam, lParam);
   } else if (message == WM_SETFONT && list.markedFont_) {
     DeleteObject(std::exchange(list.markedFont_, nullptr));
   } else if (message == WM_DESTROY) {

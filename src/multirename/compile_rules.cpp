@@ -19,13 +19,15 @@ bool CompileRules(MultiRenameEngine& engine, RuleInput input) {
     WString message;
     if (ValidateExpressions(*input.searchItems, message) != 0) {
       engine.status.SetError(message);
+      engine.spareItems = std::move(input.items);
       return false;
     }
   }
   engine.status.ClearError();
   while (engine.busy) Sleep(kBusyPoll);
 
-  engine.items = std::move(input.items);
+  engine.items.swap(input.items);
+  engine.spareItems = std::move(input.items);
   engine.itemsOwner = std::move(input.itemsOwner);
   engine.filenameTags = ParseTemplate(RuleText(input.filenameTemplate));
   engine.extensionTags = ParseTemplate(RuleText(input.extensionTemplate));

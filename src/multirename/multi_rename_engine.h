@@ -42,6 +42,7 @@ class MultiRenameEngine {
   u32 counterDigits = 2;
   std::vector<MultiRenameItem*> items;          // in the list's order at the last compilation
   SharedItems itemsOwner;                       // keeps them while the worker may look at them
+  std::vector<MultiRenameItem*> spareItems;     // of before; nobody reads them, their memory is for the next
   std::shared_ptr<MultiRenameUndo> restoreSet;  // what the next restore run takes back
   MultiRenameUndoStore undoStore;
   HWND notifyWindow = nullptr;   // receives the worker's messages; changed only while that is idle

@@ -34,7 +34,7 @@ bool ReadSelectionOnMainThread(RenameContext& context, HANDLE done) {
 bool PanelForm::Compile() {
   engine_.notifyWindow = view_.Window();
   RuleInput rules = rules_.ReadRules();
-  rules.items = frame_.List().CollectRows();
+  rules.items = frame_.List().CollectRows(std::move(engine_.spareItems));
   rules.itemsOwner = frame_.List().Items();
   return CompileRules(engine_, std::move(rules));
 }

@@ -26,8 +26,9 @@ class RenameList {
   // Takes all rows out. The items may die after this.
   void Empty();
 
-  // The rows as they are shown, in the order of the screen.
-  std::vector<MultiRenameItem*> CollectRows() const;
+  // The rows as they are shown, in the order of the screen. The memory of a vector that is not needed any
+  // more is used for them.
+  std::vector<MultiRenameItem*> CollectRows(std::vector<MultiRenameItem*> memory = {}) const;
 
   // The set that they are of; null while the list is empty.
   const SharedItems& Items() const { return items_; }
@@ -41,8 +42,6 @@ class RenameList {
   IHostList* list_ = nullptr;
   IMLRowCallBack* rowInfo_ = nullptr;
   SharedItems items_;
-  // What CollectRows asks for. Kept while the rows stay, as each key that changes a rule collects them.
-  mutable std::vector<void*> collected_;
 };
 
 }  // namespace Velmora::SDK

@@ -66,6 +66,16 @@ TEST_F(FrameFormTest, RowsAreCollectedAsTheListShowsThemWithoutThoseOfNobody) {
   EXPECT_THAT(frame.List().CollectRows(), ElementsAre(list.rows[0], first));
 }
 
+TEST_F(FrameFormTest, RowsAreCollectedInTheMemoryThatIsGivenForThemAndNothingOfItIsLeft) {
+  OpenFrame({W("a"), W("b")});
+  frame.FillList();
+  std::vector<MultiRenameItem*> memory(5, static_cast<MultiRenameItem*>(list.rows[1]));
+  const MultiRenameItem* const* const place = memory.data();
+  const std::vector<MultiRenameItem*> rows = frame.List().CollectRows(std::move(memory));
+  EXPECT_THAT(rows, ElementsAre(list.rows[0], list.rows[1]));
+  EXPECT_EQ(rows.data(), place);
+}
+
 TEST_F(FrameFormTest, ItemsLiveUntilTheListIsEmptyOrHasOthers) {
   OpenFrame({W("a")});
   frame.FillList();

@@ -77,6 +77,24 @@ TEST_F(PanelRuns, CountersFollowTheRowsOfTheScreenAtTheNextChange) {
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
 }
 
+TEST_F(PanelRuns, ChangesTakeTheRowsOverInTurnsInTheMemoryOfTwoVectors) {
+  Open({W("a.t"), W("b.t")});
+  Type(1034, W("x[C]"));
+  Settle();
+  const MultiRenameItem* const* const first = engine_->items.data();
+  Type(1034, W("y[C]"));
+  Settle();
+  const MultiRenameItem* const* const second = engine_->items.data();
+  EXPECT_NE(first, second);
+  std::swap(list.rows[0], list.rows[1]);
+  for (const MultiRenameItem* const* const place : {first, second, first}) {
+    Type(1034, W("z[C]"));
+    Settle();
+    EXPECT_EQ(engine_->items.data(), place);
+    EXPECT_THAT(NewNames(), ElementsAre(W("z01.t"), W("z02.t")));
+  }
+}
+
 TEST_F(PanelRuns, ComputedRowsRefreshTheListAndAFinishedPreviewDoesNothing) {
   Open({W("a.t")});
   list.calls.clear();

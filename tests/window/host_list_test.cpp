@@ -5,8 +5,11 @@
 #include <commctrl.h>
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <optional>
+#include <ostream>
 #include <random>
+#include <string>
 #include <thread>
 
 #include "window/cell_pixels.h"
@@ -129,6 +132,119 @@ TEST_F(HostListWindow, AMillionSelectedRowsStayWhereTheyAreAndOneOfThemMoves) {
   EXPECT_THAT(Counts(), Pair(1000000u, 1u));
   EXPECT_NE(Send(LVM_GETITEMSTATE, 0, LVIS_SELECTED), 0);
   EXPECT_LE(rows_.texts, 4 * MostAsked());
+}
+
+TEST_F(HostListWindow, AClickWithAMillionSelectedRowsSelectsOneAndNothingElseMoves) {
+  AddMany(1000000);
+  OfferKey('A', true);
+  Send(LVM_ENSUREVISIBLE, 500000, FALSE);
+  TakeMessages();
+  events_.clear();
+  const LRESULT top = Send(LVM_GETTOPINDEX);
+  Click(499998);
+  EXPECT_THAT(Counts(), Pair(1000000u, 1u));
+  EXPECT_NE(Send(LVM_GETITEMSTATE, 499998, LVIS_SELECTED), 0);
+  EXPECT_EQ(FocusedPlace(), 499998);
+  EXPECT_EQ(Send(LVM_GETTOPINDEX), top);
+  EXPECT_EQ(events_.size(), 1u);
+}
+
+// What an act leads to in a list in which all rows are selected. Places and counts beyond the half are less
+// the number of rows, so that lists of different lengths can be compared.
+struct ActOutcome {
+  int firstSelected;
+  int lastSelected;
+  int selectedCount;
+  int focused;
+  int top;
+  std::size_t events;
+  bool operator==(const ActOutcome&) const = default;
+};
+
+void PrintTo(const ActOutcome& outcome, std::ostream* out) {
+  *out << "selected " << outcome.firstSelected << " to " << outcome.lastSelected << ", "
+       << outcome.selectedCount << " rows; focused " << outcome.focused << ", top " << outcome.top << ", "
+       << outcome.events << " events";
+}
+
+class HostListSelection : public HostListWindow {
+ protected:
+  using Act = std::function<void()>;
+
+  // `focused` is counted from the last row if it is below 0.
+  ActOutcome OutcomeOf(int count, int focused, const Act& act) {
+    if (focused < 0) focused += count;
+    list_->Clear();
+    AddMany(count);
+    OfferKey('A', true);
+    Focus(focused);
+    Send(LVM_SETSELECTIONMARK, 0, focused);
+    Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(focused), FALSE);
+    TakeMessages();
+    events_.clear();
+    act();
+    TakeMessages();
+    const auto fromEnd = [count](int number) { return number > count / 2 ? number - count : number; };
+    const std::vector<int> selected = SelectedPlaces();
+    return {selected.empty() ? 0 : fromEnd(selected.front()), selected.empty() ? 0 : fromEnd(selected.back()),
+            fromEnd(static_cast<int>(selected.size())),       fromEnd(FocusedPlace()),
+            fromEnd(static_cast<int>(Send(LVM_GETTOPINDEX))), events_.size()};
+  }
+
+  // Of a list whose rows the list view takes out of the selection by itself, and of a longer one.
+  void ExpectSameWithMany(const std::string& name, std::initializer_list<int> focusedRows, const Act& act) {
+    for (const int focused : focusedRows) {
+      EXPECT_EQ(OutcomeOf(320, focused, act), OutcomeOf(290, focused, act)) << name << " at " << focused;
+    }
+  }
+
+  void PressButton(UINT down, UINT up, WPARAM keys, int x, bool isRowSelected) {
+    const int row = static_cast<int>(Send(LVM_GETTOPINDEX)) + 2;
+    Select(row, isRowSelected);
+    TakeMessages();
+    events_.clear();
+    std::optional<HeldKey> held;
+    if (keys != 0) held.emplace(keys == MK_SHIFT ? VK_SHIFT : VK_CONTROL);
+    const RECT area = RowArea(row);
+    const LPARAM point = MAKELPARAM(x, (area.top + area.bottom) / 2);
+    PostMessageW(window_, down, keys, point);
+    PostMessageW(window_, up, keys, point);
+    TakeMessages();
+  }
+};
+
+TEST_F(HostListSelection, KeysDoTheSameWithManySelectedRowsAsWithFew) {
+  SetFocus(window_);
+  for (const int key : {VK_UP, VK_DOWN, VK_PRIOR, VK_NEXT, VK_HOME, VK_END}) {
+    for (const int held : {0, VK_CONTROL, VK_SHIFT}) {
+      ExpectSameWithMany("key " + std::to_string(key) + " with " + std::to_string(held), {0, 30, -1}, [&] {
+        std::optional<HeldKey> keyHeld;
+        if (held != 0) keyHeld.emplace(held);
+        PressListKey(static_cast<WORD>(key));
+      });
+    }
+  }
+}
+
+TEST_F(HostListSelection, ClicksDoTheSameWithManySelectedRowsAsWithFew) {
+  constexpr std::pair<UINT, UINT> kButtons[] = {{WM_LBUTTONDOWN, WM_LBUTTONUP},
+                                                {WM_RBUTTONDOWN, WM_RBUTTONUP}};
+  constexpr int kInRow = 40;
+  constexpr int kBesideRow = 700;
+  for (const auto& button : kButtons) {
+    for (const int keys : {0, MK_CONTROL, MK_SHIFT}) {
+      for (const int x : {kInRow, kBesideRow}) {
+        for (const bool isRowSelected : {true, false}) {
+          const std::string name = "button " + std::to_string(button.first) + " with " +
+                                   std::to_string(keys) + " at " + std::to_string(x) +
+                                   (isRowSelected ? ", selected" : "");
+          ExpectSameWithMany(name, {30}, [&] {
+            PressButton(button.first, button.second, static_cast<WPARAM>(keys), x, isRowSelected);
+          });
+        }
+      }
+    }
+  }
 }
 
 TEST_F(HostListWindow, AColourIsThatOfItsCellAlone) {
