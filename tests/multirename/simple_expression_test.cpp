@@ -139,10 +139,11 @@ TEST(SimpleExpressionTest, WhatPeopleWriteForNamesIsSimple) {
 
 TEST(SimpleExpressionTest, WhatNeedsTheLibraryIsLeftToIt) {
   for (const WString& expression :
-       {WString(W("a*")), WString(W("(ab)+")), WString(W("(a)\\1")), WString(W("\\bword")),
+       {WString(W("a*")),     WString(W("(ab)+")),        WString(W("(a)\\1")), WString(W("\\bword")),
         WString(W("a(?=b)")), WString(W("[[:digit:]]a")), WString(W("[\\d]a")), WString(W("a|")),
-        WString(W("^$")), WString(W("a{101}")), WString(49, W('a')), WString(W("a\\0")), WString(W("a\\9")),
-        WString(W("a\\z")), WString(W("a\\A")), WString(W("a\\Z")), WString(W("a\\a"))}) {
+        WString(W("^$")),     WString(W("a{101}")),       WString(49, W('a')),  WString(W("a\\0")),
+        WString(W("a\\9")),   WString(W("a\\z")),         WString(W("a\\A")),   WString(W("a\\Z")),
+        WString(W("a\\a")),   WString(W("a\\_")),         WString(W("a\\ ")),   WString(W("a\\\u00E9"))}) {
     EXPECT_FALSE(IsSimple(expression)) << ToUtf8(expression);
   }
 }

@@ -229,6 +229,7 @@ TEST(CodePagesTest, BytesThatAreNoUtf8BecomeReplacements) {
        W("\uFFFDa")},
       {"\xE2\x28\xA1", W("\uFFFD(\uFFFD")},
       {"\xE0\x80\x80", W("\uFFFD\uFFFD")},
+      {"\xE0\xC0\x80", W("\uFFFD\uFFFD\uFFFD")},
       {"\xE0\x9F\xBF", W("\uFFFD\uFFFD")},
       {"\xED\xA0\x80", W("\uFFFD\uFFFD")},
       {"\xED\xA0\x80\xED\xB0\x80", W("\uFFFD\uFFFD\uFFFD\uFFFD")},
