@@ -22,7 +22,7 @@ class Output {
 
   // One line, to which the line end is added.
   void Line(std::string_view text);
-  // A line on standard error, behind all that was written before it.
+  // A line on standard error, after all that was written before it.
   void Problem(std::string_view text);
   // A prompt on standard error, without a line end.
   void Prompt(std::string_view text);

@@ -28,7 +28,7 @@ class PostedCommands {
 
   // Any thread.
   void Post(const PostedCommand& command);
-  // Ends a Wait, the next one if there is none. Any thread.
+  // Ends the current Wait, or the next one. Any thread.
   void Wake();
 
   // The next command, in the order in which they were posted.

@@ -67,7 +67,7 @@ bool IsSameFileName(const WString& lhs, const WString& rhs) {
                               static_cast<int>(rhs.size()), TRUE) == CSTR_EQUAL;
 }
 
-// The bare name of the store's file that is meant by a name or a path. Nothing for a path elsewhere.
+// The bare name of the store's file that a name or a path refers to. Nothing for a path elsewhere.
 std::optional<WString> NameInStore(const MultiRenameUndoStore& store, const WString& text) {
   if (text.find_first_of(W("\\/")) == WString::npos) return text;
   const std::optional<WString> path = FullPathOf(text);
@@ -92,8 +92,8 @@ BadCall NoUndoFile(const MultiRenameUndoStore& store, const std::string& text) {
                  ". `qxhost rename --list-undo` shows which there are");
 }
 
-// The store's session of a name, a path or `last`, by the name of its file. Throws BadCall if there is none,
-// and returns nothing for a path elsewhere.
+// The store's session of a name, a path or `last`, by the name of its file. Throws BadCall if it does not
+// exist, and returns nothing for a path elsewhere.
 std::optional<WString> FileInStore(const MultiRenameUndoStore& store, const std::string& text) {
   if (text == kNewestUndo) {
     const std::vector<UndoSummary> sessions = SessionsByDate(store);

@@ -65,7 +65,7 @@ struct Shared {
   bool hasFailedFiles = false;          // the module has handed back files at which it failed
   std::map<u32, u32> commandOwners;     // command number to extension index, as declared in the menus
   PostedCommands posted;
-  PictureRequest picture;  // without a path there is none
+  PictureRequest picture;  // none is taken without a path
 
   std::mutex mutex;  // guards what follows: it is used from the module's threads as well
   std::set<std::pair<std::string, u32>> missingTexts;  // those that were reported

@@ -30,9 +30,9 @@ class Controls {
 
   // As IHostApp::CreateControl.
   HWND Create(u32 kind, HWND parent, u32 style);
-  // Keeps a control. Returns its handle; null if there is none.
+  // Keeps a control. Returns its handle, or null on failure.
   HWND Add(std::unique_ptr<Control> control);
-  // The interface of a control; null for a handle that is none of this kind. Any thread.
+  // The interface of a control; null for a handle of another kind. Any thread.
   void* Find(u32 kind, HWND handle);
   // Ends a control by its interface. False for what is no control. Any thread, but for that of a control.
   bool Release(void* service);

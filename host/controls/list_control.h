@@ -50,7 +50,7 @@ class ListControl : public Control, public Velmora::SDK::IHostListControl {
   virtual void OnColumn(const Column& column) = 0;
   virtual RowRanges Selected() = 0;
   virtual std::size_t SelectedCount() = 0;
-  // The row with the focus; beyond the last if there is none.
+  // The row with the focus; beyond the last row if no row has it.
   virtual std::size_t Focused() = 0;
   // Rows have moved, and the selection and the focus with them.
   virtual void OnMove(const RowRanges& selectedBefore, const RowRanges& selected, std::size_t focused) = 0;

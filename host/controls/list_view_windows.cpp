@@ -112,7 +112,7 @@ int ListView::RowAt(LPARAM point) const {
   return static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
 }
 
-// The keys that lead to another row do so without Control; at the end of the list there is none.
+// The keys that lead to another row do so without Control; at the end of the list they lead nowhere.
 bool ListView::IsReplacedByKey(WPARAM key) {
   if (GetKeyState(VK_CONTROL) < 0) return false;
   const std::size_t rows = CountRows();
@@ -131,7 +131,7 @@ bool ListView::IsReplacedByRightClick(WPARAM keys, int row) const {
   return row < 0 || Send(LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) == 0;
 }
 
-// Rows that are gone are not selected any more, and nobody is told of each. The list view looks then as
+// Rows that are gone are not selected any more, and no message is sent for each. The list view looks then as
 // before.
 void ListView::DeselectAll() {
   const LRESULT count = Send(LVM_GETITEMCOUNT);

@@ -8,7 +8,7 @@ namespace QxHost {
 
 struct RowRange {
   std::size_t begin;
-  std::size_t end;  // behind the last
+  std::size_t end;  // one after the last
   friend bool operator==(const RowRange&, const RowRange&) = default;
 };
 
@@ -18,7 +18,7 @@ class RowRanges {
   // In order; see Append.
   RowRanges(std::initializer_list<RowRange> ranges);
 
-  // Adds rows behind all that are there. Ranges that touch become one; an empty one adds nothing.
+  // Adds rows after all others. Ranges that touch become one; an empty one adds nothing.
   void Append(RowRange range);
 
   // From the first on, with rows between them that are not in any.

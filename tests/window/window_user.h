@@ -46,7 +46,7 @@ class WindowUser {
   void SelectRows(const std::vector<int>& rows) const;
   void Close() const;
 
-  // The box or dialog that is open over the frame; null if there is none.
+  // The box or dialog that is open over the frame; or null.
   HWND Popup() const;
   HWND WaitForPopup() const;
   void WaitForNoPopup() const;

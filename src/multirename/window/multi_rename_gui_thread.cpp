@@ -83,7 +83,7 @@ std::unique_ptr<RenameWindow> MultiRenameGUIThread::MakeWindow(MessageLoop& loop
   try {
     window = OpenRenameWindow(owner_, loop);
     if (!window) return nullptr;
-    // A new selection from here on is told to the window; the one of before is what FillList shows.
+    // A new selection from here on is reported to the window; the one of before is what FillList shows.
     owner_.OnWindowMade(window.get());
     window->Show();
     window->Form().FillList();

@@ -105,7 +105,7 @@ class ClosedWithFrame {
   HWND window_ = nullptr;
 };
 
-// The rule panel's button that opens the dialog of search pairs; null if there is none.
+// The rule panel's button that opens the dialog of search pairs; null if the panel is gone.
 HWND FindPairButton(HWND frame) {
   HWND button = nullptr;
   EnumChildWindows(
