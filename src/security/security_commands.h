@@ -1,7 +1,7 @@
 // The commands of the File Security menu, on the selected items.
 //
 // Where the host is not elevated and the system has an elevated helper, the helper does the work; where it
-// cannot be reached, this process does. The first error ends the walk and is shown, the items behind it stay
+// cannot be reached, this process does. The first error ends the walk and is shown, the items after it stay
 // as they are. Items without a path, or with one that was cut, are passed over.
 #pragma once
 

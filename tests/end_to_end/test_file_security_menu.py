@@ -7,7 +7,7 @@ from qxhost import COMMAND, IS_WINDOWS, HostTest, windows_path
 
 # In this process, and by the elevated helper.
 WAYS = (["--elevated"], [])
-DENIED = "You have no right to change the owner or the access of this item. The items behind it were not changed."
+DENIED = "You have no right to change the owner or the access of this item. The items after it were not changed."
 
 
 class FileSecurityTest(HostTest):
