@@ -19,8 +19,8 @@ struct MenuRow {
 };
 
 // The same with lines that have numbers of their own, at a position of the screen; 0 without a choice. The
-// menu leaves `button`, a rectangle of the screen, free where the monitor has room above or below it; null if
-// there is none.
+// menu leaves `button`, a rectangle of the screen, free where the monitor has room above or below it; null
+// for no such rectangle.
 int ShowMenuAt(HWND owner, POINT position, const std::vector<MenuRow>& rows, const RECT* button = nullptr);
 
 }  // namespace Ui

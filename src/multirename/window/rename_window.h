@@ -47,7 +47,7 @@ class RenameWindow {
 };
 
 // Makes the window, not yet visible, with its filters in the loop; both arguments outlive it. Null, with
-// nothing left behind, if the host has no container or no list for it or the frame cannot be made.
+// nothing of it left, if the host has no container or no list for it or the frame cannot be made.
 std::unique_ptr<RenameWindow> OpenRenameWindow(RenameWindowOwner& owner, MessageLoop& loop);
 
 // The settings' key of the frame's place: a WINDOWPLACEMENT of 44 bytes. The section is spelled so.

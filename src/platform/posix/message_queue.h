@@ -20,7 +20,7 @@ class MessageQueue {
   void Quit(int exitCode);
 
   // Stores the first message, or the first of the window if one is given, and takes it out with `removes`.
-  // False if there is none within the time; the greatest number of milliseconds waits for ever.
+  // False if no message comes within the time; the greatest number of milliseconds waits for ever.
   bool Take(MSG& message, HWND window, bool removes, DWORD milliseconds);
 
   // Takes out what was posted to the window.
