@@ -11,8 +11,8 @@
 #include <thread>
 #include <vector>
 
-#include "multirename/multi_rename_engine.h"
-#include "multirename/rule_flags.h"
+#include "multirename/engine/multi_rename_engine.h"
+#include "multirename/rules/rule_flags.h"
 
 using namespace Velmora::SDK;
 

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "findreplace/apply_to_file.h"
+#include "findreplace/tool/apply_to_file.h"
 
 using namespace QXFindAndReplace;
 

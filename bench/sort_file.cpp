@@ -4,8 +4,8 @@
 #include <map>
 #include <string>
 
-#include "linesorter/code_page_text.h"
-#include "linesorter/sort_file.h"
+#include "linesorter/engine/code_page_text.h"
+#include "linesorter/engine/sort_file.h"
 
 using namespace WQLineSorter;
 

@@ -17,10 +17,10 @@
 #include <string>
 #include <vector>
 
-#include "host/host_app.h"
-#include "host/system_places.h"
-#include "host/whole_file.h"
-#include "multirename/panel_controls.h"
+#include "host/services/host_app.h"
+#include "host/system/system_places.h"
+#include "host/system/whole_file.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/window/rename_window.h"
 
 using namespace Velmora::SDK;

@@ -7,7 +7,8 @@
 # header.
 option(QX_BATCHES "Compile sources in batches" ON)
 
-# qx_batches(<target> <batches>): compiles each folder's sources of <target> in that many batches at most.
+# qx_batches(<target> <batches>): compiles the sources of <target> in that many batches at most for each folder beside
+# the CMakeLists.txt; the folders within a folder share its batches.
 function(qx_batches target batches)
   if(NOT QX_BATCHES)
     return()
@@ -22,8 +23,8 @@ function(qx_batches target batches)
       set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${batch})
       continue()
     endif()
-    get_filename_component(folder ${source} DIRECTORY)
-    get_filename_component(folder ${folder} NAME)
+    file(RELATIVE_PATH folder ${CMAKE_CURRENT_SOURCE_DIR} ${source})
+    string(REGEX REPLACE "/.*" "" folder ${folder})
     get_filename_component(name ${source} NAME_WE)
     string(MD5 hash ${name})
     string(SUBSTRING ${hash} 0 6 hash)

@@ -3,9 +3,9 @@
 
 #include "fuzz_folder.h"
 #include "fuzz_input.h"
-#include "host/xml_document.h"
-#include "multirename/find_replace_manager.h"
-#include "multirename/multi_rename_profiles.h"
+#include "host/xml/xml_document.h"
+#include "multirename/saved/find_replace_manager.h"
+#include "multirename/saved/multi_rename_profiles.h"
 #include "support/fake_host.h"
 
 using namespace Velmora::SDK;

@@ -2,9 +2,9 @@
 #include <string>
 
 #include "fuzz_input.h"
-#include "multirename/multi_rename_engine.h"
-#include "multirename/rule_flags.h"
-#include "multirename/search_pairs.h"
+#include "multirename/engine/multi_rename_engine.h"
+#include "multirename/rules/rule_flags.h"
+#include "multirename/saved/search_pairs.h"
 
 using namespace Velmora::SDK;
 

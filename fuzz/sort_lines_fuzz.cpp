@@ -6,11 +6,11 @@
 
 #include "data/data_reader.h"
 #include "fuzz_input.h"
-#include "linesorter/line_loader.h"
-#include "linesorter/line_sort.h"
-#include "linesorter/sort_file.h"
-#include "linesorter/sort_keys.h"
-#include "linesorter/sort_lines_exception.h"
+#include "linesorter/engine/line_loader.h"
+#include "linesorter/engine/line_sort.h"
+#include "linesorter/engine/sort_file.h"
+#include "linesorter/engine/sort_keys.h"
+#include "linesorter/engine/sort_lines_exception.h"
 
 using namespace WQLineSorter;
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "fuzz_input.h"
-#include "multirename/multi_rename_undo.h"
+#include "multirename/saved/multi_rename_undo.h"
 
 using namespace Velmora::SDK;
 

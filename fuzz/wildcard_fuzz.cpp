@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "findreplace/wildcard.h"
+#include "findreplace/wildcard/wildcard.h"
 #include "findreplace/wildcard_library.h"
 #include "fuzz_input.h"
 

@@ -2,8 +2,8 @@
 #include <string>
 
 #include "fuzz_input.h"
-#include "host/xml_parser.h"
-#include "host/xml_writer.h"
+#include "host/xml/xml_parser.h"
+#include "host/xml/xml_writer.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace QxHost;

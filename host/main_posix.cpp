@@ -2,7 +2,7 @@
 
 #include <csignal>
 
-#include "host/run_qxhost.h"
+#include "host/verbs/run_qxhost.h"
 
 int main(int argc, char** argv) {
   // One heap for all threads, which grows in large steps and keeps what it has: threads of a run work one at

@@ -1,4 +1,4 @@
-#include "host/run_qxhost.h"
+#include "host/verbs/run_qxhost.h"
 #include "platform/text.h"
 
 int wmain(int argc, wchar_t** argv) {

@@ -1,7 +1,7 @@
-// A control that the host has made for an extension; see frame/services/host_controls.h.
+// A control that the host has made for an extension; see frame/host/host_controls.h.
 #pragma once
 
-#include "frame/services/host_controls.h"
+#include "frame/host/host_controls.h"
 
 namespace QxHost {
 

@@ -9,7 +9,7 @@
 
 #include "host/controls/control.h"
 #include "host/controls/picture_request.h"
-#include "host/settings.h"
+#include "host/services/settings.h"
 
 namespace QxHost {
 

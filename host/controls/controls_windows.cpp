@@ -8,7 +8,7 @@
 #include "host/controls/dock_areas.h"
 #include "host/controls/list_view.h"
 #include "host/controls/preview_watch.h"
-#include "host/window_picture.h"
+#include "host/system/window_picture.h"
 
 namespace QxHost {
 namespace {

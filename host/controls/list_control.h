@@ -7,7 +7,7 @@
 #include <mutex>
 #include <vector>
 
-#include "frame/services/host_rows.h"
+#include "frame/host/host_rows.h"
 #include "host/controls/controls.h"
 #include "host/controls/row_order.h"
 

@@ -1,6 +1,6 @@
 #include "host/controls/preview_watch.h"
 
-#include "multirename/rename_worker.h"
+#include "multirename/engine/rename_worker.h"
 
 namespace QxHost {
 

@@ -1,7 +1,7 @@
 // The images of rows: the shell's small ones, one set for all lists.
 #pragma once
 
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 
 namespace QxHost {
 

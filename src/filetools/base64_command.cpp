@@ -1,8 +1,8 @@
 #include <optional>
 
 #include "filetools/base64_file.h"
+#include "frame/host/host_objects.h"
 #include "frame/services/format_text.h"
-#include "frame/services/host_objects.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
 #include "frame/services/path_parts.h"

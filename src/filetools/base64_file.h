@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "filetools/file_streams.h"
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 #include "platform/text.h"
 
 // Writes `target` anew. False if a file cannot be opened or a read or write fails; a partial target stays.

@@ -1,7 +1,7 @@
 // The control panel branch of the menu, and starting an item of it.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // Command numbers of the branch: all of the range are handled, those without an item by doing nothing.
 constexpr Velmora::SDK::s32 kFirstControlPanelCommand = 6100;

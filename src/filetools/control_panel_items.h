@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 
 struct ControlPanelItem {
   const WCHAR* name;           // English; for the reader of the table

@@ -1,7 +1,7 @@
 // Create Link, the script command 30351.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // Runs the call, which was given all required parameters: 1 if the link was made. Where an attempt was made
 // its error is the result's code, and without ASADMIN its text as well. 0 without a result where there was

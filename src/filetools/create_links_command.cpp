@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "frame/services/host_objects.h"
+#include "frame/host/host_objects.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
 

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "filetools/create_links_form.h"
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // Shows the dialog, modally, over the active window or else the host's. Answers IDOK or IDCANCEL; on OK the
 // form's names and kind are what the user chose. In the native build the form goes to whoever answers dialogs

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "filetools/links.h"
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 #include "platform/text.h"
 
 struct CreateLinksForm {

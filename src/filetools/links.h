@@ -4,7 +4,7 @@
 // category 1. Everything runs on the thread of the host's call, on which the host has initialised COM.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // The number that the dialog's list, the setting, the script parameter and the helper's message share. What
 // comes from outside may be any number, so this type holds them all: those without a name make no link.

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "filetools/replace_dlg.h"
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // The family of one-step transforms; see FindNameTransform.
 void QuickRenameCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);

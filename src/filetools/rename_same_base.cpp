@@ -2,8 +2,8 @@
 #include <array>
 
 #include "filetools/quick_rename.h"
+#include "frame/host/host_objects.h"
 #include "frame/services/file_item_entry.h"
-#include "frame/services/host_objects.h"
 #include "frame/services/message_texts.h"
 
 using namespace Velmora::SDK;

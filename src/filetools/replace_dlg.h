@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "filetools/replace_form.h"
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // Shows the dialog, modally and over the active window or else the host's. Answers IDOK or IDCANCEL; both
 // texts are in the form either way, the part on OK. The texts come from the host's language table. In the

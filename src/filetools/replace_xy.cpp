@@ -2,8 +2,8 @@
 
 #include "filetools/name_transforms.h"
 #include "filetools/quick_rename.h"
+#include "frame/host/host_objects.h"
 #include "frame/services/file_item_entry.h"
-#include "frame/services/host_objects.h"
 
 using namespace Velmora::SDK;
 

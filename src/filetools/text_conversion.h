@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 #include "platform/text.h"
 
 // The menu commands that a conversion belongs to.

@@ -5,8 +5,8 @@
 
 #include "filetools/file_streams.h"
 #include "filetools/text_conversion.h"
+#include "frame/host/host_objects.h"
 #include "frame/services/format_text.h"
-#include "frame/services/host_objects.h"
 #include "frame/services/language_text.h"
 #include "frame/services/leading_number.h"
 #include "frame/services/message_texts.h"

@@ -1,7 +1,7 @@
 // Rewriting XML files through the host's document.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // 30200 with true, 30201 with false: loads each selected file and saves it over itself, in the encoding that
 // it names. `format` is what the document's Save is given; what comes of it is the host's affair. Does not

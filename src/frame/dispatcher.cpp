@@ -8,8 +8,8 @@
 #include "filetools/quick_rename.h"
 #include "filetools/text_conversion.h"
 #include "filetools/xml_conversion.h"
-#include "findreplace/find_and_replace_command.h"
-#include "linesorter/sort_lines_command.h"
+#include "findreplace/tool/find_and_replace_command.h"
+#include "linesorter/tool/sort_lines_command.h"
 #include "security/security_commands.h"
 
 using namespace Velmora::SDK;

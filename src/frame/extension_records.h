@@ -1,7 +1,7 @@
 // What the three extensions tell of themselves.
 #pragma once
 
-#include "frame/services/extension_info.h"
+#include "frame/host/extension_info.h"
 
 // Fills the record of the extension; the bytes that its row does not name stay as they are.
 void FillExtensionInfo(Velmora::SDK::u32 index, Velmora::SDK::ExtensionInfo& info);

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // One row of a sub menu; command 0 is a separator.
 struct MenuEntry {

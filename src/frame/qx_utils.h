@@ -1,7 +1,7 @@
 // File Utils, the extension of index 0: a menu of tools, script commands, and the dispatcher behind both.
 #pragma once
 
-#include "frame/services/plugin_base.h"
+#include "frame/host/plugin_base.h"
 
 namespace Velmora::SDK {
 

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // Bits of a parameter's flags word.
 enum ScriptParameterFlag : Velmora::SDK::u32 {

@@ -5,8 +5,8 @@
 #include <span>
 
 #include "filetools/create_link_script.h"
-#include "findreplace/find_and_replace_script.h"
-#include "linesorter/sort_lines_script.h"
+#include "findreplace/tool/find_and_replace_script.h"
+#include "linesorter/tool/sort_lines_script.h"
 
 using namespace Velmora::SDK;
 

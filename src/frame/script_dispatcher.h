@@ -1,7 +1,7 @@
 // From a script command's number to the tool that does it.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // Runs the call of a script command and answers as the tool does: 1 for success, 0 for failure. 0 for a
 // number that is none. What a tool throws at a number that is no number passes through, to the host.

@@ -1,8 +1,8 @@
 // The Windows functions of owners, access lists, privileges and streams, by their own names, for the few
 // files that use them.
 //
-// On Windows these are the system's headers. Elsewhere platform/posix/security_functions.h declares exactly
-// what the product calls.
+// On Windows these are the system's headers. Elsewhere platform/posix/security/security_functions.h declares
+// exactly what the product calls.
 #pragma once
 
 #include "platform/windows_api.h"
@@ -19,7 +19,7 @@
 
 #else
 
-#include "platform/posix/security_functions.h"
+#include "platform/posix/security/security_functions.h"
 
 #endif
 

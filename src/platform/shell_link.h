@@ -2,7 +2,7 @@
 //
 // On Windows they are what the shell makes (the shell link object, over COM, which the thread must have
 // initialised). The native build has no shell: there a shortcut is a small text file, described in
-// platform/posix/shell_link.cpp.
+// platform/posix/files/shell_link.cpp.
 #pragma once
 
 #include <string_view>

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <span>
 
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 
 struct AlternateStreams {
   Velmora::SDK::u32 count = 0;

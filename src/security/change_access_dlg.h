@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 #include "security/change_access_form.h"
 #include "security/object_picker.h"
 

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "frame/services/host_files.h"
+#include "frame/host/host_files.h"
 
 // The full path of an item, fetched with a limit of 4096 characters; empty for an item without one. Nothing
 // for one that the limit has cut: a cut path would be another file's. A path of 4095 characters, which is as

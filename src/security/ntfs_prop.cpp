@@ -7,8 +7,8 @@
 #include <optional>
 #include <utility>
 
+#include "frame/host/host_objects.h"
 #include "frame/services/extension_ids.h"
-#include "frame/services/host_objects.h"
 #include "security/alternate_streams.h"
 #include "security/item_path.h"
 #include "security/ntfs_tools.h"

@@ -3,7 +3,7 @@
 
 #include <atomic>
 
-#include "frame/services/host_services.h"
+#include "frame/host/host_services.h"
 
 namespace Velmora::SDK {
 

@@ -6,7 +6,7 @@
 // user. The questions may be asked from several threads.
 #pragma once
 
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 #include "security/privilege_list.h"
 
 class NTFSTools {

@@ -5,9 +5,9 @@
 #include <optional>
 #include <vector>
 
+#include "frame/host/host_objects.h"
 #include "frame/services/format_text.h"
 #include "frame/services/helper_requests.h"
-#include "frame/services/host_objects.h"
 #include "frame/services/language_text.h"
 #include "security/current_user.h"
 #include "security/item_path.h"

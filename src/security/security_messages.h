@@ -3,8 +3,8 @@
 // (ERROR_INVALID_DATA, 13); an empty path is passed over.
 #pragma once
 
-#include "frame/services/host_app.h"
-#include "frame/services/host_helper_channel.h"
+#include "frame/host/host_app.h"
+#include "frame/host/host_helper_channel.h"
 
 // 5000: count, paths. The owner becomes the user who runs the helper.
 void HandleTakeOwnership(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);

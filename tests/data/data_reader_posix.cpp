@@ -7,7 +7,7 @@
 
 #include "data/thrown.h"
 #include "platform/outcome.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 
 using namespace Platform;

@@ -6,7 +6,7 @@
 
 #include "filetools/base64_file.h"
 #include "filetools/plain_base64.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
 #include "support/scratch_folder.h"
 

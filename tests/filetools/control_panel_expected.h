@@ -1,7 +1,7 @@
 // The items of the control panel branch as they must stand in the module, written out once more.
 #pragma once
 
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 
 struct ExpectedPanelItem {
   Velmora::SDK::u32 category;

@@ -9,7 +9,7 @@
 #include "filetools/junction.h"
 #include "filetools/link_calls.h"
 #include "filetools/links.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
 

@@ -5,7 +5,7 @@
 
 #include "filetools/same_file.h"
 #include "filetools/shortcut.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/read_shell_link.h"
 #include "support/scratch_folder.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "filetools/text_conversion.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/box_answers.h"
 #include "support/memory_limit.h"
 #include "support/real_files.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "findreplace/documents.h"
-#include "findreplace/modes.h"
+#include "findreplace/engine/modes.h"
 #include "findreplace/scripted_callback.h"
 
 template <typename CharT>

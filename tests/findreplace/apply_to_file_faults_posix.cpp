@@ -4,10 +4,10 @@
 
 #include <new>
 
-#include "findreplace/apply_to_file.h"
 #include "findreplace/recording_callback.h"
+#include "findreplace/tool/apply_to_file.h"
 #include "platform/outcome.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
 #include "support/scratch_folder.h"
 

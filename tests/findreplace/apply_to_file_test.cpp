@@ -1,5 +1,5 @@
 // Find and replace in one file: how its text is read and written, where it is saved, and what is reported.
-#include "findreplace/apply_to_file.h"
+#include "findreplace/tool/apply_to_file.h"
 
 #include <gmock/gmock.h>
 

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "findreplace/documents.h"
-#include "findreplace/matching.h"
+#include "findreplace/engine/matching.h"
 #include "findreplace/scripted_callback.h"
 
 using namespace QXFindAndReplace;

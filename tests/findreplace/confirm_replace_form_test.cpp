@@ -1,5 +1,5 @@
 // What the dialog that asks about a match shows.
-#include "findreplace/confirm_replace_form.h"
+#include "findreplace/tool/confirm_replace_form.h"
 
 #include <gtest/gtest.h>
 

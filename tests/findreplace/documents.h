@@ -15,9 +15,9 @@
 #include "data/data_reader.h"
 #include "data/data_writer.h"
 #include "data/thrown.h"
-#include "findreplace/lines.h"
-#include "findreplace/text_document.h"
-#include "findreplace/text_document_loader.h"
+#include "findreplace/engine/lines.h"
+#include "findreplace/engine/text_document.h"
+#include "findreplace/engine/text_document_loader.h"
 #include "linesorter/widths.h"
 
 template <typename CharT>

@@ -1,5 +1,5 @@
 // Text as a multi-line edit control shows it.
-#include "findreplace/edit_text.h"
+#include "findreplace/tool/edit_text.h"
 
 #include <gtest/gtest.h>
 

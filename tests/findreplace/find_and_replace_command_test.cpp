@@ -1,6 +1,6 @@
 // The menu command Find and Replace, from the selection to the changed files, its dialog answered by a
 // function. The files hold one match each and the runs are silent: their questions have tests of their own.
-#include "findreplace/find_and_replace_command.h"
+#include "findreplace/tool/find_and_replace_command.h"
 
 #include <gmock/gmock.h>
 

@@ -5,8 +5,8 @@
 #include <random>
 
 #include "findreplace/documents.h"
-#include "findreplace/matching.h"
-#include "findreplace/modes.h"
+#include "findreplace/engine/matching.h"
+#include "findreplace/engine/modes.h"
 #include "findreplace/plain_engine.h"
 #include "findreplace/plain_outcome.h"
 

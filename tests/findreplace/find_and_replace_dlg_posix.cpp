@@ -1,8 +1,8 @@
 // The forms of find and replace as the native build hands them to whoever answers dialogs.
 #include <gmock/gmock.h>
 
-#include "findreplace/confirm_replace_dlg.h"
-#include "findreplace/find_and_replace_dlg.h"
+#include "findreplace/tool/confirm_replace_dlg.h"
+#include "findreplace/tool/find_and_replace_dlg.h"
 #include "support/dialog_answer.h"
 #include "support/fake_host.h"
 

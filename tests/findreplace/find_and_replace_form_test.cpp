@@ -1,5 +1,5 @@
 // The fields of the Find and Replace dialog.
-#include "findreplace/find_and_replace_form.h"
+#include "findreplace/tool/find_and_replace_form.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // A run of find and replace over a list of files: its log lines, result lists and summary.
-#include "findreplace/find_and_replace_run.h"
+#include "findreplace/tool/find_and_replace_run.h"
 
 #include "findreplace/list_run.h"
 #include "support/refusals.h"

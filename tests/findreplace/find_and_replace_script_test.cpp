@@ -1,5 +1,5 @@
 // The script command FindAndReplace: its parameters, and the road of its one file.
-#include "findreplace/find_and_replace_script.h"
+#include "findreplace/tool/find_and_replace_script.h"
 
 #include <gmock/gmock.h>
 

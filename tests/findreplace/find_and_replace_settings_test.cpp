@@ -1,5 +1,5 @@
 // The options of the Find and Replace dialog in the host's settings.
-#include "findreplace/find_and_replace_settings.h"
+#include "findreplace/tool/find_and_replace_settings.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // The callback of a run in the host: what it asks, shows and logs.
-#include "findreplace/host_callback.h"
+#include "findreplace/tool/host_callback.h"
 
 #include <gmock/gmock.h>
 

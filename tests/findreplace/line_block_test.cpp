@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "findreplace/documents.h"
-#include "findreplace/matching.h"
+#include "findreplace/engine/matching.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;

@@ -1,5 +1,5 @@
 // A find or replace text in lines.
-#include "findreplace/lines.h"
+#include "findreplace/engine/lines.h"
 
 #include <gmock/gmock.h>
 

@@ -5,7 +5,7 @@
 
 #include <deque>
 
-#include "findreplace/find_and_replace_run.h"
+#include "findreplace/tool/find_and_replace_run.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"

@@ -1,5 +1,5 @@
 // What the modes make of a find text and a replace text, but for Multiline.
-#include "findreplace/modes.h"
+#include "findreplace/engine/modes.h"
 
 #include <gmock/gmock.h>
 

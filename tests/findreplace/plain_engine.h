@@ -8,8 +8,8 @@
 #include <array>
 #include <functional>
 
-#include "findreplace/find_and_replace_callback.h"
-#include "findreplace/find_and_replace_options.h"
+#include "findreplace/engine/find_and_replace_callback.h"
+#include "findreplace/engine/find_and_replace_options.h"
 #include "findreplace/plain_search.h"
 
 namespace PlainEngine {

@@ -10,10 +10,10 @@
 
 #include "data/data_reader.h"
 #include "data/data_writer.h"
-#include "findreplace/matching.h"
-#include "findreplace/modes.h"
+#include "findreplace/engine/matching.h"
+#include "findreplace/engine/modes.h"
+#include "findreplace/engine/text_document_loader.h"
 #include "findreplace/plain_engine.h"
-#include "findreplace/text_document_loader.h"
 
 template <typename CharT>
 struct Trial {

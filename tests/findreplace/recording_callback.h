@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "findreplace/find_and_replace_callback.h"
+#include "findreplace/engine/find_and_replace_callback.h"
 #include "platform/text.h"
 
 class RecordingCallback final : public QXFindAndReplace::IFindAndReplaceCallback {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "findreplace/documents.h"
-#include "findreplace/find_and_replace_callback.h"
+#include "findreplace/engine/find_and_replace_callback.h"
 
 template <typename CharT>
 class ScriptedCallback final : public QXFindAndReplace::IFindAndReplaceCallback {

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "findreplace/documents.h"
-#include "findreplace/text_document.h"
+#include "findreplace/engine/text_document.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;

@@ -1,5 +1,5 @@
 // From bytes to the lines of a document.
-#include "findreplace/text_document_loader.h"
+#include "findreplace/engine/text_document_loader.h"
 
 #include <gmock/gmock.h>
 

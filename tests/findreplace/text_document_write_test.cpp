@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "findreplace/documents.h"
-#include "findreplace/text_document.h"
+#include "findreplace/engine/text_document.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "findreplace/wildcard.h"
+#include "findreplace/wildcard/wildcard.h"
 
 // Units of 16 bits are widened one by one, so that positions agree.
 template <typename CharT>

@@ -5,7 +5,7 @@
 #include <string>
 #include <thread>
 
-#include "findreplace/wildcard_elements.h"
+#include "findreplace/wildcard/wildcard_elements.h"
 #include "findreplace/wildcard_library.h"
 #include "linesorter/widths.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "findreplace/wildcard.h"
+#include "findreplace/wildcard/wildcard.h"
 #include "linesorter/widths.h"
 
 using namespace QXFindAndReplace;

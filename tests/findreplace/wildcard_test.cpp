@@ -1,5 +1,5 @@
 // Matches of wildcard patterns, told by hand.
-#include "findreplace/wildcard.h"
+#include "findreplace/wildcard/wildcard.h"
 
 #include <gtest/gtest.h>
 

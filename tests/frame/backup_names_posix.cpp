@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/services/backup_names.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 
 using namespace Platform;

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "frame/services/create_path.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 
 using namespace Platform;

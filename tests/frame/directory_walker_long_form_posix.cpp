@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "frame/walk_helper.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 
 using namespace Platform;
 using testing::ElementsAre;

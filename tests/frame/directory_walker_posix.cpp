@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "frame/walk_helper.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 
 using namespace Platform;
 using Walker = DirectoryWalker;

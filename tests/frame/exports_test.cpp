@@ -4,9 +4,9 @@
 #include <cstring>
 #include <limits>
 
+#include "frame/host/extension_info.h"
 #include "frame/qx_utils.h"
 #include "frame/services/extension_ids.h"
-#include "frame/services/extension_info.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "security/ntfs_prop.h"
 #include "support/fake_host.h"

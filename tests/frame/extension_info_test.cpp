@@ -1,5 +1,5 @@
 // GetExtensionInfo: the record of each extension, byte by byte.
-#include "frame/services/extension_info.h"
+#include "frame/host/extension_info.h"
 
 #include <gmock/gmock.h>
 

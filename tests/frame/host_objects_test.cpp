@@ -1,5 +1,5 @@
 // Owners of what the host lends.
-#include "frame/services/host_objects.h"
+#include "frame/host/host_objects.h"
 
 #include <gmock/gmock.h>
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/services/system_error_text.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 
 using namespace Platform;
 

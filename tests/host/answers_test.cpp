@@ -1,8 +1,8 @@
-#include "host/answers.h"
+#include "host/services/answers.h"
 
 #include <gtest/gtest.h>
 
-#include "host/box_buttons.h"
+#include "host/services/box_buttons.h"
 
 namespace QxHost {
 namespace {

@@ -1,5 +1,5 @@
 // The table of columns, which lines up within a block and with the blocks before it.
-#include "host/column_table.h"
+#include "host/output/column_table.h"
 
 #include <gmock/gmock.h>
 

@@ -1,9 +1,9 @@
 // Arguments reach the verb as they were typed.
-#include "host/command_line.h"
+#include "host/command_line/command_line.h"
 
 #include <gmock/gmock.h>
 
-#include "host/failures.h"
+#include "host/output/failures.h"
 #include "recorded_output.h"
 
 using testing::ElementsAre;

@@ -1,5 +1,5 @@
 // Names of commands: each is one command's alone, and may be cut short.
-#include "host/command_names.h"
+#include "host/command_line/command_names.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 
 #include "filetools/control_panel_items.h"
 #include "frame/menu_tree.h"
-#include "host/failures.h"
+#include "host/output/failures.h"
 
 using testing::IsEmpty;
 

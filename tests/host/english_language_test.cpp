@@ -8,11 +8,11 @@
 #include "frame/menu_tree.h"
 #include "frame/script_commands.h"
 #include "frame/services/message_texts.h"
-#include "host/language_table.h"
-#include "host/module_registry.h"
-#include "host/system_places.h"
-#include "host/whole_file.h"
-#include "multirename/panel_controls.h"
+#include "host/services/language_table.h"
+#include "host/system/module_registry.h"
+#include "host/system/system_places.h"
+#include "host/system/whole_file.h"
+#include "multirename/form/panel_controls.h"
 
 using namespace Velmora::SDK;
 using QxHost::LanguageTable;

@@ -1,12 +1,12 @@
 // The life of the extensions of a module, with a module that does what a test wants.
-#include "host/extensions.h"
+#include "host/services/extensions.h"
 
 #include <gmock/gmock.h>
 
 #include <stdexcept>
 #include <thread>
 
-#include "host/failures.h"
+#include "host/output/failures.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 

@@ -1,12 +1,12 @@
 // Items: their names and paths, and that they follow renames.
-#include "host/file_item.h"
+#include "host/services/file_item.h"
 
 #include <gmock/gmock.h>
 
 #include <array>
 
-#include "host/lists.h"
-#include "host/view.h"
+#include "host/services/lists.h"
+#include "host/services/view.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;

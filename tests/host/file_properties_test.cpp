@@ -1,12 +1,12 @@
 // The properties that the host knows of a file, and their list.
-#include "host/file_properties.h"
+#include "host/services/file_properties.h"
 
 #include <gmock/gmock.h>
 
 #include <ctime>
 
-#include "frame/services/host_objects.h"
-#include "host/paths.h"
+#include "frame/host/host_objects.h"
+#include "host/system/paths.h"
 #include "support/scratch_folder.h"
 
 using testing::AnyOf;

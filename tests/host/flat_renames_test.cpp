@@ -1,5 +1,5 @@
 // Which renames are decided at first sight, and that their plan is the one of a look at each name.
-#include "host/flat_renames.h"
+#include "host/rename/flat_renames.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "host/folder_names.h"
+#include "host/system/folder_names.h"
 #include "support/scratch_folder.h"
 
 namespace QxHost {

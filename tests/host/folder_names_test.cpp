@@ -1,10 +1,10 @@
 // The names of a folder, and items that are found by them.
-#include "host/folder_names.h"
+#include "host/system/folder_names.h"
 
 #include <gmock/gmock.h>
 
-#include "host/failures.h"
-#include "host/item_finder.h"
+#include "host/command_line/item_finder.h"
+#include "host/output/failures.h"
 #include "support/scratch_folder.h"
 
 namespace QxHost {

@@ -1,5 +1,5 @@
 // Helpers that misbehave: shells that say what a test wants, or nothing at all.
-#include "host/helper_channel.h"
+#include "host/helper/helper_channel.h"
 
 #include <gmock/gmock.h>
 

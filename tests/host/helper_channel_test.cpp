@@ -1,9 +1,9 @@
 // The road to the helper, with the real one: qxhost and the module beside this program.
-#include "host/helper_channel.h"
+#include "host/helper/helper_channel.h"
 
 #include <gmock/gmock.h>
 
-#include "host/system_places.h"
+#include "host/system/system_places.h"
 #include "support/scratch_folder.h"
 
 namespace QxHost {

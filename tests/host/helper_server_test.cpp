@@ -1,11 +1,11 @@
 // The helper's side of the channel, with an extension that does what a test wants.
-#include "host/helper_server.h"
+#include "host/helper/helper_server.h"
 
 #include <gmock/gmock.h>
 
 #include <stdexcept>
 
-#include "frame/services/plugin_base.h"
+#include "frame/host/plugin_base.h"
 
 using namespace std::string_literals;
 

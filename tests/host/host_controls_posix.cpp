@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "host/controls/vector_list.h"
-#include "host/host_app.h"
+#include "host/services/host_app.h"
 #include "recorded_output.h"
 #include "support/row_texts.h"
 #include "support/scratch_folder.h"

@@ -4,10 +4,10 @@
 
 #include <gmock/gmock.h>
 
-#include "host/extensions.h"
 #include "host/recorded_output.h"
-#include "host/system_places.h"
-#include "host/whole_file.h"
+#include "host/services/extensions.h"
+#include "host/system/system_places.h"
+#include "host/system/whole_file.h"
 #include "support/scratch_folder.h"
 
 namespace QxHost {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "host/interruption.h"
+#include "host/rename/interruption.h"
 
 namespace QxHost {
 namespace {

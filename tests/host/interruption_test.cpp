@@ -1,9 +1,9 @@
 // What an interruption leaves of a run.
-#include "host/interruption.h"
+#include "host/rename/interruption.h"
 
 #include <gmock/gmock.h>
 
-#include "host/rename_batch.h"
+#include "host/rename/rename_batch.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 

@@ -1,9 +1,9 @@
 // Lists of items, line by line, in whatever pieces they come.
-#include "host/item_lines.h"
+#include "host/command_line/item_lines.h"
 
 #include <gmock/gmock.h>
 
-#include "host/failures.h"
+#include "host/output/failures.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;

@@ -1,5 +1,5 @@
 // Texts of the JSON lines that are written without the JSON library.
-#include "host/json_text.h"
+#include "host/output/json_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Reading language tables: what is understood, and that a damaged table loses its bad lines alone.
-#include "host/language_table.h"
+#include "host/services/language_table.h"
 
 #include <gmock/gmock.h>
 

@@ -1,9 +1,9 @@
 // Items that are given by patterns.
-#include "host/name_pattern.h"
+#include "host/command_line/name_pattern.h"
 
 #include <gmock/gmock.h>
 
-#include "host/failures.h"
+#include "host/output/failures.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;

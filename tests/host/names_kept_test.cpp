@@ -1,9 +1,9 @@
 // Names that the system would cut: what is made of them, what comes back, and what an undo file says of it.
 #include <gmock/gmock.h>
 
-#include "host/rename_batch.h"
-#include "host/rename_undo.h"
-#include "host/run_undo.h"
+#include "host/rename/rename_batch.h"
+#include "host/rename/rename_undo.h"
+#include "host/rename/run_undo.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 

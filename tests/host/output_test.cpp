@@ -1,8 +1,8 @@
-#include "host/output.h"
+#include "host/output/output.h"
 
 #include <gtest/gtest.h>
 
-#include "host/reporter.h"
+#include "host/output/reporter.h"
 #include "recorded_output.h"
 
 namespace QxHost {

@@ -1,4 +1,4 @@
-#include "host/paths.h"
+#include "host/system/paths.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Who answers a question, and what is told of it.
-#include "host/questions.h"
+#include "host/services/questions.h"
 
 #include <gmock/gmock.h>
 

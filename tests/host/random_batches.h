@@ -7,7 +7,7 @@
 #include <random>
 #include <set>
 
-#include "host/rename_batch.h"
+#include "host/rename/rename_batch.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 

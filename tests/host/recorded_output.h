@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/output.h"
+#include "host/output/output.h"
 
 struct RecordedOutput {
   std::string out;

@@ -1,9 +1,9 @@
 // Which items are another machine's.
-#include "host/remote_level.h"
+#include "host/system/remote_level.h"
 
 #include <gtest/gtest.h>
 
-#include "host/file_item.h"
+#include "host/services/file_item.h"
 #include "support/scratch_folder.h"
 
 namespace QxHost {

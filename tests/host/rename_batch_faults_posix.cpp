@@ -1,7 +1,7 @@
 // Renames of a batch that fail at any step: nothing is lost, and what was not done has its old name.
 #include <gmock/gmock.h>
 
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "random_batches.h"
 
 using testing::HasSubstr;

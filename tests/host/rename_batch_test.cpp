@@ -1,5 +1,5 @@
 // Renames by the host: what is done, what is refused, and what is told.
-#include "host/rename_batch.h"
+#include "host/rename/rename_batch.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // The plan of a rename batch, over files that are made up: what is refused, and what runs in which order.
-#include "host/rename_plan.h"
+#include "host/rename/rename_plan.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 #include <map>
 #include <set>
 
-#include "host/temporary_name.h"
+#include "host/rename/temporary_name.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

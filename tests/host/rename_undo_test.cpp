@@ -1,5 +1,5 @@
 // What an undo file cannot keep is said when it is written.
-#include "host/rename_undo.h"
+#include "host/rename/rename_undo.h"
 
 #include <gmock/gmock.h>
 

@@ -1,10 +1,10 @@
 // The undo file of a run on a disk that is full before it, or after it.
 #include <gmock/gmock.h>
 
-#include "host/planned_undo.h"
-#include "host/run_undo.h"
-#include "host/undo_file.h"
-#include "platform/posix/faults.h"
+#include "host/rename/planned_undo.h"
+#include "host/rename/run_undo.h"
+#include "host/rename/undo_file.h"
+#include "platform/posix/files/faults.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 

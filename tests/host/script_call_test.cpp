@@ -1,9 +1,9 @@
 // A call of a script command from its arguments.
-#include "host/script_call.h"
+#include "host/services/script_call.h"
 
 #include <gmock/gmock.h>
 
-#include "host/failures.h"
+#include "host/output/failures.h"
 #include "support/scratch_folder.h"
 
 using testing::AllOf;

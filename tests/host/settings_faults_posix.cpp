@@ -1,8 +1,8 @@
 // A full disk, or a disk that fails, leaves the settings of before.
 #include <gmock/gmock.h>
 
-#include "host/settings.h"
-#include "platform/posix/faults.h"
+#include "host/services/settings.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;

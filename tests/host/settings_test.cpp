@@ -1,12 +1,12 @@
 // The settings store: what comes back, and that no file is ever lost.
-#include "host/settings.h"
+#include "host/services/settings.h"
 
 #include <gmock/gmock.h>
 
 #include <array>
 #include <optional>
 
-#include "host/lists.h"
+#include "host/services/lists.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;

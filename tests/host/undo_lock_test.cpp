@@ -1,5 +1,5 @@
 // The lock that keeps runs from each other.
-#include "host/undo_lock.h"
+#include "host/rename/undo_lock.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // Formats of log lines: what is filled in, and that nothing else is touched.
-#include "host/wide_format.h"
+#include "host/output/wide_format.h"
 
 #include <gtest/gtest.h>
 

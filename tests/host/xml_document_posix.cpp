@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "host/xml_files.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
 
 using testing::ElementsAre;

@@ -1,5 +1,5 @@
 // The nodes that the module makes and reads.
-#include "host/xml_document.h"
+#include "host/xml/xml_document.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/xml_document.h"
+#include "host/xml/xml_document.h"
 #include "support/scratch_folder.h"
 
 class XmlFiles {

@@ -1,9 +1,9 @@
 // What is not well-formed is refused as a whole, and nothing hostile does harm.
-#include "host/xml_parser.h"
+#include "host/xml/xml_parser.h"
 
 #include <gtest/gtest.h>
 
-#include "host/xml_writer.h"
+#include "host/xml/xml_writer.h"
 
 using QxHost::ParseXml;
 using QxHost::WriteXml;

@@ -8,10 +8,10 @@
 #include <random>
 
 #include "data/data_reader.h"
-#include "linesorter/date_parser.h"
-#include "linesorter/line_loader.h"
-#include "linesorter/number_parser.h"
-#include "linesorter/sort_keys.h"
+#include "linesorter/engine/date_parser.h"
+#include "linesorter/engine/line_loader.h"
+#include "linesorter/engine/number_parser.h"
+#include "linesorter/engine/sort_keys.h"
 #include "linesorter/widths.h"
 
 using namespace WQLineSorter;

@@ -1,5 +1,5 @@
 // Characters and date formats in the thread's code page, which is 1252 where these tests run.
-#include "linesorter/code_page_text.h"
+#include "linesorter/engine/code_page_text.h"
 
 #include <gtest/gtest.h>
 

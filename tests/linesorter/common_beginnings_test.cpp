@@ -1,5 +1,5 @@
 // The parts of all numbers that common beginnings make.
-#include "linesorter/common_beginnings.h"
+#include "linesorter/engine/common_beginnings.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // Dates by a format: each conversion, in both widths at once.
-#include "linesorter/date_parser.h"
+#include "linesorter/engine/date_parser.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <initializer_list>
 
-#include "linesorter/sort_lines_exception.h"
+#include "linesorter/engine/sort_lines_exception.h"
 #include "linesorter/widths.h"
 
 using namespace WQLineSorter;

@@ -1,5 +1,5 @@
 // The text of a key as comparators are given it.
-#include "linesorter/sort_keys.h"
+#include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
 

@@ -4,9 +4,9 @@
 
 #include <functional>
 
-#include "linesorter/line_comparators.h"
+#include "linesorter/engine/line_comparators.h"
 #include "linesorter/widths.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
 
 using namespace WQLineSorter;

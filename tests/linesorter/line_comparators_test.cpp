@@ -1,5 +1,5 @@
 // Each comparator over pairs of keys.
-#include "linesorter/line_comparators.h"
+#include "linesorter/engine/line_comparators.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "data/data_reader.h"
-#include "linesorter/line_loader.h"
+#include "linesorter/engine/line_loader.h"
 #include "linesorter/widths.h"
 
 using namespace WQLineSorter;

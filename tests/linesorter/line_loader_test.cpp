@@ -1,5 +1,5 @@
 // From a reader's bytes to line records.
-#include "linesorter/line_loader.h"
+#include "linesorter/engine/line_loader.h"
 
 #include <gmock/gmock.h>
 

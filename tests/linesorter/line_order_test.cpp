@@ -1,5 +1,5 @@
 // Moving line records into an order.
-#include "linesorter/line_order.h"
+#include "linesorter/engine/line_order.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "linesorter/sortable_lines.h"
+#include "linesorter/engine/sortable_lines.h"
 #include "linesorter/widths.h"
 
 template <typename CharT>

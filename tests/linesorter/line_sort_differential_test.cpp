@@ -5,9 +5,9 @@
 #include <optional>
 #include <random>
 
+#include "linesorter/engine/line_sort.h"
+#include "linesorter/engine/sort_keys.h"
 #include "linesorter/line_records.h"
-#include "linesorter/line_sort.h"
-#include "linesorter/sort_keys.h"
 
 using namespace WQLineSorter;
 

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <functional>
 
+#include "linesorter/engine/line_sort.h"
+#include "linesorter/engine/sort_keys.h"
+#include "linesorter/engine/unit_folding.h"
 #include "linesorter/line_records.h"
-#include "linesorter/line_sort.h"
-#include "linesorter/sort_keys.h"
-#include "linesorter/unit_folding.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
 
 using namespace WQLineSorter;

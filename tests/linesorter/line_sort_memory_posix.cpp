@@ -1,9 +1,9 @@
 // The sort when memory runs out: slower, and the same.
 #include <gtest/gtest.h>
 
+#include "linesorter/engine/line_sort.h"
+#include "linesorter/engine/sort_keys.h"
 #include "linesorter/line_records.h"
-#include "linesorter/line_sort.h"
-#include "linesorter/sort_keys.h"
 #include "support/memory_limit.h"
 
 using namespace WQLineSorter;

@@ -1,10 +1,10 @@
 // The order of lines, from their texts to their places, in both widths.
-#include "linesorter/line_sort.h"
+#include "linesorter/engine/line_sort.h"
 
 #include <gtest/gtest.h>
 
+#include "linesorter/engine/sort_keys.h"
 #include "linesorter/line_records.h"
-#include "linesorter/sort_keys.h"
 
 using namespace WQLineSorter;
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "linesorter/sortable_lines.h"
+#include "linesorter/engine/sortable_lines.h"
 #include "platform/text.h"
 
 // What a file on disk holds for a 16-bit text: the units as they stand, the low byte first.

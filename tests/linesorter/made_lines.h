@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "linesorter/sortable_lines.h"
+#include "linesorter/engine/sortable_lines.h"
 
 struct MadeLines {
   // The kind of the ending: kNoEnding without one, kEndingLf for one byte or unit.

@@ -1,5 +1,5 @@
 // Decimal numbers in text, in both widths and both sizes.
-#include "linesorter/number_parser.h"
+#include "linesorter/engine/number_parser.h"
 
 #include <gtest/gtest.h>
 

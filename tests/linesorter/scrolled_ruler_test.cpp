@@ -1,5 +1,5 @@
 // The ruler of the Sort Lines dialog while the sample below it is scrolled to the right.
-#include "linesorter/scrolled_ruler.h"
+#include "linesorter/tool/scrolled_ruler.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <ostream>
 #include <string>
 
-#include "linesorter/sort_file.h"
+#include "linesorter/engine/sort_file.h"
 #include "support/scratch_folder.h"
 
 // What a run answered; the number and the one in the result are always the same.

@@ -1,6 +1,6 @@
 // The sort of one file when the system fails in the middle: which number and text come out, and where the
 // user's data stands then.
-#include "linesorter/sort_file.h"
+#include "linesorter/engine/sort_file.h"
 
 #include <gmock/gmock.h>
 
@@ -10,7 +10,7 @@
 
 #include "linesorter/sort_file_helper.h"
 #include "platform/outcome.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
 
 using namespace Platform;

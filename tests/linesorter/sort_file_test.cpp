@@ -1,6 +1,6 @@
 // The sort of one file: what comes out, how targets and backups are treated, and each failure with its number
 // and text.
-#include "linesorter/sort_file.h"
+#include "linesorter/engine/sort_file.h"
 
 #include <gmock/gmock.h>
 

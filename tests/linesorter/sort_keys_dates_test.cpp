@@ -1,10 +1,10 @@
 // The date that the key of a line holds, in both widths.
-#include "linesorter/sort_keys.h"
+#include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
 
+#include "linesorter/engine/sort_lines_exception.h"
 #include "linesorter/sort_keys_helper.h"
-#include "linesorter/sort_lines_exception.h"
 
 namespace WQLineSorter {
 

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "linesorter/engine/sort_keys.h"
 #include "linesorter/line_records.h"
-#include "linesorter/sort_keys.h"
 #include "support/time_of.h"
 
 namespace WQLineSorter {

@@ -1,5 +1,5 @@
 // The number that the key of a line holds, in both widths.
-#include "linesorter/sort_keys.h"
+#include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
 

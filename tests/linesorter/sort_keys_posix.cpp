@@ -5,8 +5,8 @@
 #include <ctime>
 #include <optional>
 
+#include "linesorter/engine/sort_keys.h"
 #include "linesorter/line_records.h"
-#include "linesorter/sort_keys.h"
 
 using namespace WQLineSorter;
 

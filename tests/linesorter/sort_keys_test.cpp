@@ -1,5 +1,5 @@
 // Where the key of a line begins and ends, step by step, in both widths.
-#include "linesorter/sort_keys.h"
+#include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
 

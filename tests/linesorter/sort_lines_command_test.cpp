@@ -1,5 +1,5 @@
 // The menu command Sort Lines, from the selection to the sorted files, its dialog answered by a function.
-#include "linesorter/sort_lines_command.h"
+#include "linesorter/tool/sort_lines_command.h"
 
 #include <gmock/gmock.h>
 

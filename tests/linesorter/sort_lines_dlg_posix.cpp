@@ -1,5 +1,5 @@
 // The form of Sort Lines as the native build hands it to whoever answers dialogs.
-#include "linesorter/sort_lines_dlg.h"
+#include "linesorter/tool/sort_lines_dlg.h"
 
 #include <gmock/gmock.h>
 

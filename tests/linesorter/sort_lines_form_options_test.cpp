@@ -1,5 +1,5 @@
 // The form of the Sort Lines dialog: the options that come out of it.
-#include "linesorter/sort_lines_form.h"
+#include "linesorter/tool/sort_lines_form.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // The ruler above the sample of the Sort Lines dialog.
-#include "linesorter/sort_lines_form.h"
+#include "linesorter/tool/sort_lines_form.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 // The form of the Sort Lines dialog: what it shows of the options, the names that it suggests, its date
 // formats.
-#include "linesorter/sort_lines_form.h"
+#include "linesorter/tool/sort_lines_form.h"
 
 #include <gmock/gmock.h>
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "linesorter/sort_lines_form.h"
+#include "linesorter/tool/sort_lines_form.h"
 
 namespace WQLineSorter {
 

@@ -1,5 +1,5 @@
 // A run over a list of files: its questions, log lines, result lists and closing message.
-#include "linesorter/sort_lines_job.h"
+#include "linesorter/tool/sort_lines_job.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // The sample that the Sort Lines dialog shows of the first file.
-#include "linesorter/sort_lines_sample.h"
+#include "linesorter/tool/sort_lines_sample.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The script command SortLines: its parameters, and the road of its one file.
-#include "linesorter/sort_lines_script.h"
+#include "linesorter/tool/sort_lines_script.h"
 
 #include <gmock/gmock.h>
 

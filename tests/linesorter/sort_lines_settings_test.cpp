@@ -1,5 +1,5 @@
 // The options of the Sort Lines dialog in the host's settings.
-#include "linesorter/sort_lines_settings.h"
+#include "linesorter/tool/sort_lines_settings.h"
 
 #include <gmock/gmock.h>
 

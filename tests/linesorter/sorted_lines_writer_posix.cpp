@@ -1,5 +1,5 @@
 // The output of a sort when the disk fails, and the number of its writes.
-#include "linesorter/sorted_lines_writer.h"
+#include "linesorter/engine/sorted_lines_writer.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "data/thrown.h"
 #include "linesorter/made_lines.h"
 #include "platform/outcome.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 
 using namespace Platform;

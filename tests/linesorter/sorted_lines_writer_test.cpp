@@ -1,5 +1,5 @@
 // The output of a sort: endings, the default ending, the buffer, and targets that stand in the way.
-#include "linesorter/sorted_lines_writer.h"
+#include "linesorter/engine/sorted_lines_writer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Numbers as std::stoi reads them.
-#include "linesorter/stoi.h"
+#include "linesorter/engine/stoi.h"
 
 #include <gtest/gtest.h>
 

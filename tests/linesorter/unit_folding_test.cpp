@@ -1,5 +1,5 @@
 // What the 16-bit units count as where case is ignored.
-#include "linesorter/unit_folding.h"
+#include "linesorter/engine/unit_folding.h"
 
 #include <gtest/gtest.h>
 

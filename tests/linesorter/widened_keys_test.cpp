@@ -2,7 +2,7 @@
 // which nothing may count any more.
 #include <gtest/gtest.h>
 
-#include "linesorter/line_comparators.h"
+#include "linesorter/engine/line_comparators.h"
 #include "linesorter/widths.h"
 
 using namespace WQLineSorter;

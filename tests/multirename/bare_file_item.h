@@ -1,7 +1,7 @@
 // A host's item that gives nothing; a test overrides what it needs.
 #pragma once
 
-#include "frame/services/host_files.h"
+#include "frame/host/host_files.h"
 
 namespace Velmora::SDK {
 

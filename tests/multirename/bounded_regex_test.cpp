@@ -1,5 +1,5 @@
 // The bounds of expressions: steps, stack and size.
-#include "multirename/bounded_regex.h"
+#include "multirename/rules/bounded_regex.h"
 
 #include <gmock/gmock.h>
 

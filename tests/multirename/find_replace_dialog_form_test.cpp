@@ -1,5 +1,5 @@
 // The dialog of search pairs and its numbered lists.
-#include "multirename/find_replace_dialog_form.h"
+#include "multirename/form/find_replace_dialog_form.h"
 
 #include <gmock/gmock.h>
 

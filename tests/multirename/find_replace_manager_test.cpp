@@ -1,5 +1,5 @@
 // The numbered lists of pairs and their file.
-#include "multirename/find_replace_manager.h"
+#include "multirename/saved/find_replace_manager.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // The main frame: its list, its panes, its keys and its menu, and how it asks before it closes.
-#include "multirename/frame_form.h"
+#include "multirename/form/frame_form.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 
 #include <atomic>
 
-#include "frame/services/host_properties.h"
+#include "frame/host/host_properties.h"
 #include "support/semaphore.h"
 
 namespace Velmora::SDK {

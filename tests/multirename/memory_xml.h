@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/services/host_xml.h"
+#include "frame/host/host_xml.h"
 #include "platform/text.h"
 
 // An element: its attributes in the order in which they were set, and its children.

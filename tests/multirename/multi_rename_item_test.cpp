@@ -1,8 +1,8 @@
 // Rows: how they come from the host's selection and from a session.
 #include <gmock/gmock.h>
 
-#include "multirename/multi_rename_undo.h"
 #include "multirename/rename_host.h"
+#include "multirename/saved/multi_rename_undo.h"
 #include "multirename/silent_item.h"
 
 namespace Velmora::SDK {

@@ -1,5 +1,5 @@
 // Profiles and their file.
-#include "multirename/multi_rename_profiles.h"
+#include "multirename/saved/multi_rename_profiles.h"
 
 #include <gmock/gmock.h>
 

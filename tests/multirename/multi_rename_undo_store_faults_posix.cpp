@@ -1,8 +1,8 @@
 // Undo files that cannot be opened or read, and those that cannot be written or deleted.
 #include <gmock/gmock.h>
 
-#include "multirename/multi_rename_undo_store.h"
-#include "platform/posix/faults.h"
+#include "multirename/saved/multi_rename_undo_store.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 
 namespace Velmora::SDK {

@@ -1,5 +1,5 @@
 // The folder of undo files.
-#include "multirename/multi_rename_undo_store.h"
+#include "multirename/saved/multi_rename_undo_store.h"
 
 #include <gmock/gmock.h>
 

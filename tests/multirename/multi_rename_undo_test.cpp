@@ -1,10 +1,10 @@
 // Undo sessions: their names, the text of their files and how it is read.
-#include "multirename/multi_rename_undo.h"
+#include "multirename/saved/multi_rename_undo.h"
 
 #include <gmock/gmock.h>
 
-#include "multirename/date_text.h"
-#include "multirename/undo_date.h"
+#include "multirename/rules/date_text.h"
+#include "multirename/saved/undo_date.h"
 
 namespace Velmora::SDK {
 namespace {

@@ -1,10 +1,10 @@
 // The rule panel: its fields and their defaults, what each control does and posts, what is enabled when.
-#include "multirename/panel_form.h"
+#include "multirename/form/panel_form.h"
 
 #include <gmock/gmock.h>
 
+#include "multirename/form/undo_manager_form.h"
 #include "multirename/panel_window.h"
-#include "multirename/undo_manager_form.h"
 
 namespace Velmora::SDK {
 namespace {

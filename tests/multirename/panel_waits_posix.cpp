@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "multirename/panel_run_test.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 
 namespace Velmora::SDK {
 namespace {

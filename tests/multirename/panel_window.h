@@ -8,9 +8,9 @@
 #include <set>
 #include <thread>
 
+#include "multirename/form/panel_controls.h"
+#include "multirename/form/panel_form.h"
 #include "multirename/gate_properties.h"
-#include "multirename/panel_controls.h"
-#include "multirename/panel_form.h"
 #include "multirename/recorded_controls.h"
 #include "multirename/rename_host.h"
 #include "platform/message_window.h"

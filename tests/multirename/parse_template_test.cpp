@@ -1,7 +1,7 @@
 // Templates: the tokens that a text becomes.
 #include <gmock/gmock.h>
 
-#include "multirename/rename_tag.h"
+#include "multirename/rules/rename_tag.h"
 
 namespace Velmora::SDK {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "multirename/date_text.h"
 #include "multirename/rename_host.h"
+#include "multirename/rules/date_text.h"
 
 namespace Velmora::SDK {
 namespace {

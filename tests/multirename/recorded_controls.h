@@ -8,7 +8,7 @@
 #include <functional>
 #include <map>
 
-#include "multirename/dialog_form.h"
+#include "multirename/form/dialog_form.h"
 
 struct RecordedControl {
   WString text;

@@ -6,8 +6,8 @@
 #include <map>
 #include <set>
 
+#include "multirename/engine/multi_rename_engine.h"
 #include "multirename/memory_xml.h"
-#include "multirename/multi_rename_engine.h"
 #include "support/fake_host.h"
 
 // One rename as the module queued it.

@@ -5,10 +5,10 @@
 #include <iomanip>
 #include <sstream>
 
-#include "frame/services/host_properties.h"
-#include "multirename/multi_rename_engine.h"
+#include "frame/host/host_properties.h"
+#include "multirename/engine/multi_rename_engine.h"
 #include "multirename/random_rules.h"
-#include "multirename/rule_flags.h"
+#include "multirename/rules/rule_flags.h"
 #include "support/fake_host.h"
 
 namespace RenameRulesDifferentialTest {

@@ -1,5 +1,5 @@
 // The worker: previews, runs and restores, how they are stopped, and what they post.
-#include "multirename/rename_worker.h"
+#include "multirename/engine/rename_worker.h"
 
 #include <gmock/gmock.h>
 

@@ -3,8 +3,8 @@
 
 #include "multirename/plain_pairs.h"
 #include "multirename/random_rules.h"
-#include "multirename/replace_list.h"
-#include "multirename/search_pairs.h"
+#include "multirename/rules/replace_list.h"
+#include "multirename/saved/search_pairs.h"
 
 namespace ReplaceListDifferentialTest {
 

@@ -1,5 +1,5 @@
 // The list of pairs over a text, and the expressions that it takes.
-#include "multirename/replace_list.h"
+#include "multirename/rules/replace_list.h"
 
 #include <gmock/gmock.h>
 

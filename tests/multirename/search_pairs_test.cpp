@@ -1,5 +1,5 @@
 // The panel's list with its quotes, and the lines of the search dialog.
-#include "multirename/search_pairs.h"
+#include "multirename/saved/search_pairs.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "frame/services/host_files.h"
+#include "frame/host/host_files.h"
 
 class SilentItem final : public Velmora::SDK::IHostFileItem {
  public:

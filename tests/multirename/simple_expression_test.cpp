@@ -1,11 +1,11 @@
 // The matcher of simple expressions against the library's.
-#include "multirename/simple_expression.h"
+#include "multirename/rules/simple_expression.h"
 
 #include <gmock/gmock.h>
 
 #include <random>
 
-#include "multirename/bounded_regex.h"
+#include "multirename/rules/bounded_regex.h"
 
 namespace Velmora::SDK {
 namespace {

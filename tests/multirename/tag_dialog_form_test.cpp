@@ -1,5 +1,5 @@
 // The dialog of property tags.
-#include "multirename/tag_dialog_form.h"
+#include "multirename/form/tag_dialog_form.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // The templates of earlier runs.
-#include "multirename/template_history.h"
+#include "multirename/form/template_history.h"
 
 #include <gmock/gmock.h>
 

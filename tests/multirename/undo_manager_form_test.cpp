@@ -1,5 +1,5 @@
 // The dialog of earlier runs.
-#include "multirename/undo_manager_form.h"
+#include "multirename/form/undo_manager_form.h"
 
 #include <gmock/gmock.h>
 

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <optional>
 
-#include "frame/services/host_controls.h"
+#include "frame/host/host_controls.h"
 #include "multirename/panel_window.h"
 #include "support/semaphore.h"
 

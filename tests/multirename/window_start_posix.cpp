@@ -3,7 +3,7 @@
 
 #include "multirename/window/message_loops.h"
 #include "multirename/window_test.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 
 namespace Velmora::SDK {
 namespace {

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "platform/outcome.h"
-#include "platform/posix/collation.h"
+#include "platform/posix/text/collation.h"
 #include "platform/text.h"
 #include "support/in_environment_posix.h"
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "platform/windows_api.h"
 
 // Not a number that any of the functions would come upon by itself.

@@ -1,6 +1,6 @@
 // Faults on demand: every function fails when it is told to, and does nothing then.
 
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 
 #include <gtest/gtest.h>
 

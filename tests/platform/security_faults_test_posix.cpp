@@ -4,7 +4,7 @@
 
 #include "platform/faults_on_demand.h"
 #include "platform/outcome.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 #include "support/security_bytes.h"
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/outcome.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "platform/system_library.h"
 #include "support/scratch_folder.h"
 

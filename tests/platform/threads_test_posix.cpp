@@ -9,7 +9,7 @@
 
 #include "platform/handles.h"
 #include "platform/outcome.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "support/scratch_folder.h"
 
 namespace {

@@ -7,7 +7,7 @@
 
 #include <functional>
 
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "security/alternate_streams.h"
 #include "security/current_user.h"
 #include "security/ntfs_tools.h"

@@ -6,7 +6,7 @@
 #include <atomic>
 #include <thread>
 
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "security/alternate_streams.h"
 #include "security/ntfs_tools.h"
 #include "security/server_cache.h"

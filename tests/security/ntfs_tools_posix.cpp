@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "security/alternate_streams.h"
 #include "security/current_user.h"
 #include "security/server_cache.h"

@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 
 #include "frame/qx_utils.h"
-#include "platform/posix/faults.h"
+#include "platform/posix/files/faults.h"
 #include "security/ntfs_prop.h"
 #include "security/server_cache.h"
 #include "support/as_user_posix.h"

@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "frame/services/host_files.h"
+#include "frame/host/host_files.h"
 #include "support/host_recorder.h"
 
 // A file or folder that is only a name. The base name ends at the last dot; a name without a dot has no

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "frame/services/host_helper_channel.h"
+#include "frame/host/host_helper_channel.h"
 #include "support/host_recorder.h"
 
 class FakePacketWriter final : public Velmora::SDK::IHostPacketWriter {

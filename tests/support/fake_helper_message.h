@@ -4,7 +4,7 @@
 #include <optional>
 #include <variant>
 
-#include "frame/services/host_helper_channel.h"
+#include "frame/host/host_helper_channel.h"
 #include "support/host_recorder.h"
 
 // What a payload holds, in order.

@@ -9,7 +9,7 @@
 #include <deque>
 #include <iosfwd>
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 #include "support/fake_files.h"
 #include "support/fake_helper_channel.h"
 #include "support/fake_menus.h"

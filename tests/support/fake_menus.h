@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "frame/services/host_menus.h"
+#include "frame/host/host_menus.h"
 #include "support/host_recorder.h"
 
 // The names behind the opaque handles.

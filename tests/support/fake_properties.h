@@ -1,8 +1,8 @@
 // The fake host's property definer and view refresh.
 #pragma once
 
-#include "frame/services/host_files.h"
-#include "frame/services/host_property_definer.h"
+#include "frame/host/host_files.h"
+#include "frame/host/host_property_definer.h"
 #include "support/host_recorder.h"
 
 // How the services are named where what is taken is counted.

@@ -6,7 +6,7 @@
 #include <optional>
 #include <set>
 
-#include "frame/services/host_script_commands.h"
+#include "frame/host/host_script_commands.h"
 #include "support/host_recorder.h"
 
 class FakeCustomCommand final : public Velmora::SDK::IHostCustomCommand {

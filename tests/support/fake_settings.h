@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "frame/services/host_settings.h"
+#include "frame/host/host_settings.h"
 #include "support/host_recorder.h"
 
 class FakeStringList final : public Velmora::SDK::IHostStringList {

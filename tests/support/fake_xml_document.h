@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "frame/services/host_xml.h"
+#include "frame/host/host_xml.h"
 #include "support/host_recorder.h"
 
 struct FakeXmlFile {

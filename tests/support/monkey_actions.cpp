@@ -1,7 +1,7 @@
 #include "support/monkey_actions.h"
 
-#include "multirename/frame_form.h"
-#include "multirename/panel_controls.h"
+#include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <atomic>
 #include <deque>
 
-#include "frame/services/host_rows.h"
+#include "frame/host/host_rows.h"
 
 class RowTexts : public Velmora::SDK::IMLRowCallBack {
  public:

@@ -1,7 +1,7 @@
 // The window of the dialog of property tags.
 #include <gmock/gmock.h>
 
-#include "multirename/tag_dialog_form.h"
+#include "multirename/form/tag_dialog_form.h"
 #include "window/dialog_template.h"
 #include "window/layout_checks.h"
 #include "window/list_rows.h"

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "frame/services/plugin_interface.h"
+#include "frame/host/plugin_interface.h"
 #include "support/fake_host.h"
 #include "window/dialog_controls.h"
 #include "window/english_texts.h"

@@ -1,12 +1,12 @@
 // The window of the dialog that asks about a match, by itself and in runs over files.
-#include "findreplace/confirm_replace_dlg.h"
+#include "findreplace/tool/confirm_replace_dlg.h"
 
 #include <gmock/gmock.h>
 
 #include <deque>
 
-#include "findreplace/find_and_replace_command.h"
-#include "findreplace/host_callback.h"
+#include "findreplace/tool/find_and_replace_command.h"
+#include "findreplace/tool/host_callback.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
 #include "window/dialog_controls.h"

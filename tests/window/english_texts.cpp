@@ -8,8 +8,8 @@
 #include <iterator>
 
 #include "frame/services/message_texts.h"
-#include "host/language_table.h"
-#include "multirename/panel_controls.h"
+#include "host/services/language_table.h"
+#include "multirename/form/panel_controls.h"
 #include "window/program_folder.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 #include "support/fake_host.h"
 
 // The texts of the questions and dialogs. One that is missing fails the test.

@@ -1,6 +1,6 @@
 // The window of the Find and Replace dialog: what it shows, what follows from a change, where keys lead, and
 // what its end makes of the fields.
-#include "findreplace/find_and_replace_dlg.h"
+#include "findreplace/tool/find_and_replace_dlg.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "multirename/rename_worker.h"
+#include "multirename/engine/rename_worker.h"
 #include "ui/module_instance.h"
 #include "window/hosted_list.h"
 #include "window/screenshot.h"

@@ -5,10 +5,10 @@
 #include <stdexcept>
 #include <thread>
 
-#include "frame/services/plugin_base.h"
-#include "host/extensions.h"
+#include "frame/host/plugin_base.h"
 #include "host/recorded_output.h"
-#include "multirename/rename_worker.h"
+#include "host/services/extensions.h"
+#include "multirename/engine/rename_worker.h"
 #include "support/row_texts.h"
 #include "support/scratch_folder.h"
 #include "ui/module_instance.h"

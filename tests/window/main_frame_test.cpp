@@ -1,7 +1,7 @@
 // The frame of MultiRename's window as its user meets it: title, status bar, list, keys, menus, size.
 #include <gmock/gmock.h>
 
-#include "multirename/frame_form.h"
+#include "multirename/form/frame_form.h"
 #include "window/held_key.h"
 #include "window/modal_driver.h"
 #include "window/opened_menu.h"

@@ -2,7 +2,7 @@
 
 #include <thread>
 
-#include "frame/services/plugin_interface.h"
+#include "frame/host/plugin_interface.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "multirename/undo_manager_form.h"
+#include "multirename/form/undo_manager_form.h"
 #include "window/rename_dialog_window.h"
 
 // Needs windows.h before it.

@@ -1,7 +1,7 @@
 // How MultiRename's window looks: room for texts, one grid, access keys, sizes and scales.
 #include <gmock/gmock.h>
 
-#include "multirename/panel_controls.h"
+#include "multirename/form/panel_controls.h"
 #include "ui/controls.h"
 #include "window/dialog_template.h"
 #include "window/layout_checks.h"

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "multirename/panel_controls.h"
+#include "multirename/form/panel_controls.h"
 #include "window/list_rows.h"
 #include "window/modal_driver.h"
 #include "window/opened_menu.h"

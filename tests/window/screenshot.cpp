@@ -1,6 +1,6 @@
 #include "window/screenshot.h"
 
-#include "host/window_picture.h"
+#include "host/system/window_picture.h"
 #include "window/program_folder.h"
 
 bool SaveScreenshot(HWND window, const WString& name) {

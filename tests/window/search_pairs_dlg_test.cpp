@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "multirename/find_replace_dialog_form.h"
+#include "multirename/form/find_replace_dialog_form.h"
 #include "ui/module_instance.h"
 #include "window/dialog_template.h"
 #include "window/layout_checks.h"

@@ -1,7 +1,7 @@
 // The window of the Sort Lines dialog: the ruler above the sample, and the font of both.
 #include <gtest/gtest.h>
 
-#include "linesorter/sort_lines_dlg_ids.h"
+#include "linesorter/tool/sort_lines_dlg_ids.h"
 #include "ui/resource_ids.h"
 #include "window/dialog_template.h"
 #include "window/layout_checks.h"

@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-#include "linesorter/sort_lines_dlg.h"
+#include "linesorter/tool/sort_lines_dlg.h"
 #include "support/fake_host.h"
 #include "window/dialog_controls.h"
 #include "window/modal_driver.h"

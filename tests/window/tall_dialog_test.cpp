@@ -8,9 +8,9 @@
 
 #include "filetools/create_links_dlg.h"
 #include "filetools/replace_dlg.h"
-#include "findreplace/confirm_replace_dlg.h"
-#include "findreplace/find_and_replace_dlg.h"
-#include "linesorter/sort_lines_dlg.h"
+#include "findreplace/tool/confirm_replace_dlg.h"
+#include "findreplace/tool/find_and_replace_dlg.h"
+#include "linesorter/tool/sort_lines_dlg.h"
 #include "support/fake_host.h"
 #include "window/dialog_controls.h"
 #include "window/english_texts.h"

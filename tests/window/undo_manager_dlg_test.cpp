@@ -1,7 +1,7 @@
 // The window of the undo manager.
 #include <gmock/gmock.h>
 
-#include "multirename/undo_manager_form.h"
+#include "multirename/form/undo_manager_form.h"
 #include "window/dialog_template.h"
 #include "window/layout_checks.h"
 #include "window/list_rows.h"

@@ -1,7 +1,7 @@
 // The window that a dialog of the module stands over.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "frame/host/host_objects.h"
 #include "frame/services/format_text.h"
-#include "frame/services/host_objects.h"
 #include "frame/services/message_texts.h"
 
 using namespace Velmora::SDK;

@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 // A host item and the name to rename it to; empty until a transform sets it. The item is the host's and
 // outlives the list it came from.

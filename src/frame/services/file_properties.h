@@ -1,7 +1,7 @@
 // The class interface of an extension that gives columns to the host's file lists.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 

@@ -5,8 +5,8 @@
 #include <functional>
 #include <optional>
 
-#include "frame/services/host_app.h"
-#include "frame/services/host_helper_channel.h"
+#include "frame/host/host_app.h"
+#include "frame/host/host_helper_channel.h"
 
 namespace Velmora::SDK {
 

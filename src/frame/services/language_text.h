@@ -2,7 +2,7 @@
 // is empty.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 

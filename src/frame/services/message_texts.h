@@ -2,7 +2,7 @@
 // tables.
 #pragma once
 
-#include "frame/services/host_types.h"
+#include "frame/host/host_types.h"
 
 namespace Velmora::SDK {
 

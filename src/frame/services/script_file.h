@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "frame/services/host_objects.h"
+#include "frame/host/host_objects.h"
 
 namespace Velmora::SDK {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-#include "frame/services/host_script_commands.h"
+#include "frame/host/host_script_commands.h"
 
 namespace Velmora::SDK {
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "frame/services/host_objects.h"
+#include "frame/host/host_objects.h"
 
 namespace Velmora::SDK {
 

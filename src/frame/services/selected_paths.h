@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 

@@ -1,7 +1,7 @@
 // The target files of a run over a list of files: where each stands, and whether it may be written.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 

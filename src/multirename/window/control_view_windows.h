@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "multirename/control_view.h"
+#include "multirename/form/control_view.h"
 #include "platform/text.h"
 
 namespace Velmora::SDK {

@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "multirename/find_replace_dialog_form.h"
+#include "multirename/form/find_replace_dialog_form.h"
 
 namespace Velmora::SDK {
 

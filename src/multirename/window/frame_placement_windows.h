@@ -1,7 +1,7 @@
 // The place of MultiRename's frame in the settings. Windows build only.
 #pragma once
 
-#include "frame/services/host_app.h"
+#include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 

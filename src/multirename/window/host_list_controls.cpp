@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "frame/services/language_text.h"
-#include "multirename/frame_form.h"
+#include "multirename/form/frame_form.h"
 
 namespace Velmora::SDK {
 

@@ -3,8 +3,8 @@
 
 #include <functional>
 
-#include "frame/services/host_app.h"
-#include "frame/services/host_controls.h"
+#include "frame/host/host_app.h"
+#include "frame/host/host_controls.h"
 #include "multirename/window/message_loop.h"
 
 namespace Velmora::SDK {

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "multirename/frame_form.h"
+#include "multirename/form/frame_form.h"
 #include "multirename/window/form_calls.h"
 #include "multirename/window/message_loop.h"
 

@@ -1,7 +1,7 @@
 // The lines of the forms' menus for the menus of the window. Windows build only.
 #pragma once
 
-#include "multirename/menu_line.h"
+#include "multirename/form/menu_line.h"
 #include "ui/popup_menu.h"
 
 namespace Velmora::SDK {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "multirename/panel_controls.h"
+#include "multirename/form/panel_controls.h"
 
 namespace Velmora::SDK {
 

@@ -3,7 +3,7 @@
 // Needs windows.h before it.
 #include <commctrl.h>
 
-#include "multirename/panel_controls.h"
+#include "multirename/form/panel_controls.h"
 #include "ui/module_instance.h"
 
 namespace Velmora::SDK {

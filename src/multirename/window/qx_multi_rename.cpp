@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "frame/services/extension_ids.h"
-#include "multirename/rename_texts.h"
+#include "multirename/form/rename_texts.h"
 
 namespace Velmora::SDK {
 

@@ -15,7 +15,7 @@
 // closed.
 #pragma once
 
-#include "frame/services/plugin_base.h"
+#include "frame/host/plugin_base.h"
 #include "multirename/window/multi_rename_gui_thread.h"
 
 namespace Velmora::SDK {

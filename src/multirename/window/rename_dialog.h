@@ -1,7 +1,7 @@
 // The modal dialogs of MultiRename, over the forms that hold their rules (dialog_form.h).
 #pragma once
 
-#include "multirename/dialog_form.h"
+#include "multirename/form/dialog_form.h"
 
 namespace Velmora::SDK {
 

@@ -1,10 +1,10 @@
 #include <algorithm>
 
-#include "multirename/find_replace_dialog_form.h"
-#include "multirename/frame_form.h"
-#include "multirename/panel_controls.h"
-#include "multirename/tag_dialog_form.h"
-#include "multirename/undo_manager_form.h"
+#include "multirename/form/find_replace_dialog_form.h"
+#include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
+#include "multirename/form/tag_dialog_form.h"
+#include "multirename/form/undo_manager_form.h"
 #include "multirename/window/add_tag_dlg_ids.h"
 #include "multirename/window/control_view_windows.h"
 #include "multirename/window/drop_edit.h"

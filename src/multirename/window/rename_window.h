@@ -11,8 +11,8 @@
 
 #include <memory>
 
-#include "multirename/frame_form.h"
-#include "multirename/rename_context.h"
+#include "multirename/form/frame_form.h"
+#include "multirename/rules/rename_context.h"
 #include "multirename/window/message_loop.h"
 
 namespace Velmora::SDK {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "multirename/panel_controls.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/window/host_list_controls.h"
 #include "multirename/window/rename_window.h"
 #include "multirename/window/undrawn_messages.h"

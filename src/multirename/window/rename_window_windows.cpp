@@ -1,7 +1,7 @@
 #include <optional>
 
-#include "multirename/panel_controls.h"
-#include "multirename/panel_form.h"
+#include "multirename/form/panel_controls.h"
+#include "multirename/form/panel_form.h"
 #include "multirename/window/form_calls.h"
 #include "multirename/window/frame_placement_windows.h"
 #include "multirename/window/host_list_controls.h"

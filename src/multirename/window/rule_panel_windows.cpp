@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "multirename/panel_controls.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/window/menu_rows.h"
 #include "multirename/window/rename_dialog.h"
 #include "multirename/window/rule_panel_ids.h"

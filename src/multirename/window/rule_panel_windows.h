@@ -2,8 +2,8 @@
 // nothing; panel_form.h does. Windows build only.
 #pragma once
 
-#include "frame/services/host_controls.h"
-#include "multirename/panel_form.h"
+#include "frame/host/host_controls.h"
+#include "multirename/form/panel_form.h"
 #include "multirename/window/control_view_windows.h"
 #include "multirename/window/form_calls.h"
 #include "multirename/window/message_loop.h"

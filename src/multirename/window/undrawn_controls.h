@@ -4,8 +4,8 @@
 
 #include <map>
 
-#include "multirename/dialog_form.h"
-#include "multirename/panel_form.h"
+#include "multirename/form/dialog_form.h"
+#include "multirename/form/panel_form.h"
 
 namespace Velmora::SDK {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <atomic>
 
-#include "multirename/panel_controls.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/window/undrawn_messages.h"
 
 namespace Velmora::SDK {

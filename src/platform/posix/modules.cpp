@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/posix/fault_gate.h"
+#include "platform/posix/files/fault_gate.h"
 #include "platform/posix/last_error.h"
-#include "platform/posix/security_functions.h"
+#include "platform/posix/security/security_functions.h"
 #include "platform/posix/windows_functions.h"
 
 namespace {

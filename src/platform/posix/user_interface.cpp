@@ -2,7 +2,7 @@
 
 #include <atomic>
 
-#include "platform/posix/fault_gate.h"
+#include "platform/posix/files/fault_gate.h"
 #include "platform/posix/last_error.h"
 
 namespace {

@@ -1,0 +1,7 @@
+#include "host/command_line/name_pattern.h"
+
+namespace QxHost {
+
+const bool kItemsArePatterns = true;
+
+}  // namespace QxHost

@@ -1,7 +1,0 @@
-#include "host/name_pattern.h"
-
-namespace QxHost {
-
-const bool kItemsArePatterns = false;
-
-}  // namespace QxHost

@@ -1,0 +1,156 @@
+// What happens in a run, told to whoever called qxhost: as prose, or as one JSON object a line.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/output/column_table.h"
+#include "host/output/output.h"
+#include "platform/text.h"
+
+namespace QxHost {
+
+// A question that was asked, and how it was answered.
+struct QuestionEvent {
+  enum Kind { kBox, kText, kChoice, kDialog };
+  Kind kind = kBox;
+  WString title;
+  WString text;
+  std::uint32_t style = 0;  // of a box, as MessageBoxW takes it
+  std::string answer;       // in the form of --answer
+  // A text question's default and hint; empty where there is none.
+  WString defaultText;
+  WString hint;
+};
+
+// One rename that the module asked for. The texts are the caller's.
+struct RenameEvent {
+  WStringView from;  // full path
+  WStringView to;    // new name
+  std::uint32_t result = 0;
+  bool dryRun = false;
+};
+
+// A record of GetExtensionInfo.
+struct ExtensionEvent {
+  std::uint32_t index = 0;
+  WString name;
+  std::string module;
+  std::string version;
+  std::string id;
+  std::uint32_t kind = 0;
+  std::uint32_t build = 0;
+  std::uint32_t order = 0;
+  WString description;
+};
+
+// A sub menu, an entry or a separator.
+struct MenuEvent {
+  enum Kind { kSubMenu, kCommand, kSeparator };
+  Kind kind = kCommand;
+  std::vector<WString> menus;  // the texts of the menus that it is in, the outermost first
+  std::uint32_t number = 0;
+  std::string name;      // of a command, as qxhost takes it; empty if it has none
+  std::uint32_t id = 0;  // text id; 0 for a separator and for a sub menu with a literal text
+  std::uint32_t display = 0;
+  WString text;
+};
+
+// A script command and its parameters, in the order of their declaration.
+struct ScriptCommandEvent {
+  struct Parameter {
+    std::string name;
+    std::string kind;  // what its value is called: TEXT or NUMBER; empty for a switch
+    bool required = false;
+    WString description;
+  };
+  std::string name;
+  std::uint32_t number = 0;
+  WString description;
+  std::vector<Parameter> parameters;
+};
+
+// What ShellExecuteW was asked to start.
+struct ShellEvent {
+  WString verb;
+  WString file;
+  WString arguments;
+};
+
+// A row of a rename by rules. The texts are the caller's.
+struct RowEvent {
+  WStringView folder;  // ends in a separator
+  WStringView oldName;
+  WStringView newName;
+  std::uint32_t state = 0;    // of ItemState
+  bool isOutcome = false;     // the state is that after a run, of which renames were reported
+  bool stays = false;         // the host would ignore its rename
+  bool blocks = false;        // no run can start with it
+  std::string objection;      // what stands against its rename; empty if nothing does
+  std::size_t nameWidth = 0;  // of the column of old names, in characters
+};
+
+// A file by which renames can be taken back.
+struct UndoEvent {
+  WString file;      // full path
+  std::string date;  // of the run, local: 2026-03-05T14:07:09
+  WString dateText;  // the same as the user's language writes it
+  std::size_t items = 0;
+  bool restored = false;
+  std::string takeBack;  // the call that takes it back, after a run that has written it; empty otherwise
+};
+
+// A saved set of rules for renames.
+struct RenameProfileEvent {
+  WString name;
+  WString filename;  // templates
+  WString extension;
+  std::string caseRule;  // as --case takes it
+  std::int32_t start = 0;
+  std::int32_t step = 0;
+  std::int32_t digits = 0;
+  bool regex = false;
+  bool replaceAll = false;
+  bool caseSensitive = false;
+  std::string parts;  // as --parts takes it
+  std::vector<std::pair<WString, WString>> pairs;
+};
+
+class Reporter {
+ public:
+  virtual ~Reporter() = default;
+  virtual void Log(std::uint32_t category, std::uint32_t level, WStringView text) = 0;
+  virtual void Question(const QuestionEvent& event) = 0;
+  virtual void Rename(const RenameEvent& event) = 0;
+  virtual void List(std::uint32_t request, std::uint32_t marker, const std::vector<WString>& items) = 0;
+  virtual void Refresh(WStringView folder) = 0;
+  virtual void MissingText(std::uint32_t id) = 0;
+  virtual void Extension(const ExtensionEvent& event) = 0;
+  virtual void Menu(const MenuEvent& event) = 0;
+  virtual void Shell(const ShellEvent& event) = 0;
+  virtual void ScriptCommand(const ScriptCommandEvent& event) = 0;
+  // What a script command has set; at least one of the two.
+  virtual void ScriptResult(const std::optional<std::uint32_t>& code, const std::optional<WString>& text) = 0;
+  // A block of rows of the module's columns, which are the same in each block.
+  virtual void Columns(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows) = 0;
+  virtual void Row(const RowEvent& event) = 0;
+  virtual void Undo(const UndoEvent& event) = 0;
+  // An undo file that was deleted, by its full path.
+  virtual void UndoDeleted(WStringView file) = 0;
+  // A numbered list of pairs for renames.
+  virtual void Pairs(std::int32_t number, const std::vector<std::pair<WString, WString>>& pairs) = 0;
+  virtual void RenameProfile(const RenameProfileEvent& event) = 0;
+  // A property of files, by the name that a template takes and the one that a person reads.
+  virtual void Property(WStringView name, WStringView displayName) = 0;
+  // A sentence for a person, about what the other events say to a program.
+  virtual void Say(std::string_view text) = 0;
+  virtual void Result(std::int32_t value) = 0;
+};
+
+std::unique_ptr<Reporter> MakeProseReporter(Output& output);
+std::unique_ptr<Reporter> MakeJsonReporter(Output& output);
+
+}  // namespace QxHost

@@ -1,0 +1,88 @@
+#include "host/rename/rename_batch.h"
+
+#include "host/rename/planned_renames.h"
+#include "host/rename/renames_in_order.h"
+#include "host/system/paths.h"
+
+namespace QxHost {
+
+using Velmora::SDK::IHostFileItem;
+using Velmora::SDK::IHostRenameBatch;
+using Velmora::SDK::IRenameResultCallback;
+using Velmora::SDK::kRenameDone;
+using Velmora::SDK::kRenameIgnored;
+
+int FileOperation::FileExists(const WCHAR* path) {
+  const std::optional<WString> fullPath = FullPathOf(WString(ViewOf(path)));
+  return fullPath && GetFileAttributesW(SystemPath(*fullPath).c_str()) != INVALID_FILE_ATTRIBUTES ? 1 : 0;
+}
+
+IHostFileItem* FileOperation::GetFileItem(const WCHAR* path, u32) {
+  const std::optional<WString> fullPath = FullPathOf(WString(ViewOf(path)));
+  return fullPath ? items_.Find(*fullPath) : nullptr;
+}
+
+void FileOperation::RunBatch(IHostRenameBatch* batch, IRenameResultCallback* callback) {
+  if (batch) Run(*static_cast<RenameBatch*>(batch), callback);
+}
+
+void FileOperation::RunPathBatch(IHostRenameBatch* batch, IRenameResultCallback* callback) {
+  if (batch) Run(*static_cast<RenameBatch*>(batch), callback);
+}
+
+void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
+  batch.wasRun = true;
+  lastResults_.clear();
+  const RenameReport report = [&](const WString& from, QueuedRename& rename, u32 result) {
+    rename.result = result;
+    lastResults_.push_back(result);
+    Report(from, rename);
+    if (callback) callback->OnRenameResult(rename.UserData(), result);
+  };
+  if (inOrder_) {
+    RunInOrder(batch.renames, items_, dryRun_, report);
+  } else {
+    RunPlanned(batch.renames, items_, dryRun_, output_, report);
+  }
+}
+
+void FileOperation::Report(const WString& from, const QueuedRename& rename) {
+  const bool stays = from.ends_with(W('\\') + rename.newName);
+  const WString newName = stays ? rename.newName : NameOfRename(rename);
+  reporter_.Rename({from, newName, rename.result, dryRun_});
+  if (rename.result == kRenameDone || rename.result == kRenameIgnored) return;
+  if (rename.result == ERROR_CANCELLED) {
+    hasFailed_ = true;
+    ++untried_;  // one line is for all of them
+    return;
+  }
+  std::string line = "cannot rename " + ToUtf8(from) +
+                     (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
+                     RenameErrorText(from, rename.result);
+  if (holdsOutOfReach_ && IsOutOfReach(rename.result)) {
+    outOfReach_.emplace_back(rename.result, std::move(line));
+  } else {
+    ReportFailure(rename.result, line);
+  }
+}
+
+void FileOperation::ReportFailure(u32 result, const std::string& line) {
+  if (PassesOver(result)) return;
+  hasFailed_ = true;
+  output_.Problem(line);
+}
+
+void FileOperation::ReportOutOfReach() {
+  for (const auto& [result, line] : std::exchange(outOfReach_, {})) ReportFailure(result, line);
+  holdsOutOfReach_ = false;
+}
+
+bool FileOperation::PassesOver(u32 result) {
+  if (!passesOverUndone_) return false;
+  const bool isNotThere = result == ERROR_FILE_NOT_FOUND || result == ERROR_PATH_NOT_FOUND;
+  if (isNotThere) ++notThere_;
+  if (result == ERROR_ALREADY_EXISTS) ++taken_;
+  return isNotThere || result == ERROR_ALREADY_EXISTS;
+}
+
+}  // namespace QxHost

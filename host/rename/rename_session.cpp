@@ -1,0 +1,165 @@
+#include "host/rename/rename_session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/output/failures.h"
+#include "host/rename/interruption.h"
+#include "host/rename/planned_renames.h"
+#include "host/system/paths.h"
+
+namespace QxHost {
+
+namespace {
+
+using namespace Velmora::SDK;
+
+// The extension that the window belongs to: the settings and histories are the same.
+constexpr u32 kMultiRenameIndex = 2;
+constexpr const char* kMultiRenameModule = "QXMultiRename";
+
+WString SearchMistake(const RenameRules& rules) {
+  WString message;
+  const u32 number = ValidateExpressions(rules.pairs, message);
+  return number == 0 ? WString() : rules.pairs[number - 1].first;
+}
+
+}  // namespace
+
+RenameSession::RenameSession(Shared& shared)
+    : shared_(shared),
+      host_(shared, kMultiRenameIndex, kMultiRenameModule),
+      engine_(new MultiRenameEngine(&host_)) {
+  engine_->propertyManager = host_.GetPropertyManager();
+  if (!engine_->worker.Start()) throw ModuleFailure("cannot make a thread for the renames");
+}
+
+void RenameSession::Work() {
+  engine_->worker.Wake();
+  if (!engine_->worker.WaitUntilIdle()) throw ModuleFailure("cannot wait for the renames");
+}
+
+void RenameSession::Preview(const RenameRules& rules) {
+  const SharedItems rows = ReadSelection(host_);
+  if (!CompileRules(*engine_, InputOf(rules, rows))) {
+    throw BadCall("\"" + ToUtf8(SearchMistake(rules)) +
+                  "\" is no regular expression: " + ToUtf8(engine_->status.ErrorText()));
+  }
+  engine_->worker.WantPreview();
+  Work();
+}
+
+bool RenameSession::IsBlocked() const {
+  return std::ranges::any_of(engine_->items,
+                             [](const MultiRenameItem* row) { return BlocksStart(row->state); });
+}
+
+std::vector<u32> RenameSession::Outlook() {
+  if (!shared_.fileOperation.IsInOrder()) {
+    std::vector<ImaginedRename> renames;
+    renames.reserve(engine_->items.size());
+    for (const MultiRenameItem* const row : engine_->items) {
+      renames.push_back({static_cast<const FileItem*>(row->hostItem), row->newName});
+    }
+    return ForetellPlanned(renames, shared_.listings);
+  }
+  Output silence([](std::string_view) { return true; }, [](std::string_view) { return true; });
+  const std::unique_ptr<Reporter> unheard = MakeProseReporter(silence);
+  FileOperation dryOperation(shared_.items, *unheard, silence, true, true);
+  IHostRenameBatch* const batch = dryOperation.CreateRenameBatch();
+  for (MultiRenameItem* const row : engine_->items) {
+    batch->AddByItem(row->hostItem, row->newName.c_str(), row);
+  }
+  dryOperation.RunBatch(batch, nullptr);
+  std::vector<u32> results;
+  for (u32 index = 0, count = batch->Count(); index < count; ++index) {
+    results.push_back(batch->At(index)->ResultCode());
+  }
+  batch->Release();
+  return results;
+}
+
+MultiRenameUndo RenameSession::Planned() {
+  const std::vector<u32> outlook = Outlook();
+  MultiRenameUndo planned;
+  for (std::size_t index = 0; index < outlook.size(); ++index) {
+    const MultiRenameItem& row = *engine_->items[index];
+    if (outlook[index] != kRenameDone) continue;
+    planned.entries.push_back({row.folderPath, WString(NameToMake(row.newName)), row.oldName});
+  }
+  return planned;
+}
+
+void RenameSession::Run() {
+  MultiRenameUndoStore& store = engine_->undoStore;
+  // A store that counts as read keeps the session of the run. Those of the other files are not needed.
+  store.loaded = true;
+  store.sessions.clear();
+  const InterruptionWatch watch;
+  engine_->worker.WantRename(false);
+  Work();
+  CheckAllTried(engine_->items.size());
+}
+
+MultiRenameUndo* RenameSession::Written() {
+  const auto& sessions = engine_->undoStore.sessions;
+  return sessions.empty() ? nullptr : sessions.back().get();
+}
+
+void RenameSession::Restore(const MultiRenameUndo& session) {
+  const SharedItems rows = LoadSession(session);
+  std::vector<MultiRenameItem*> order;
+  for (MultiRenameItem& row : *rows) {
+    // What the run asked for is not what it made where the system cuts a name.
+    if (const WStringView made = NameToMake(row.newName); !made.empty()) row.newName.resize(made.size());
+    order.push_back(&row);
+  }
+  FileOperation& operation = shared_.fileOperation;
+  operation.HoldOutOfReach();
+  u32 succeeded = 0;
+  u32 failed = 0;
+  u32 ignored = 0;
+  for (;;) {
+    auto restored = std::make_shared<MultiRenameUndo>();
+    restored->FromRows(order, false);
+    engine_->restoreSet = std::move(restored);
+    engine_->worker.WantRestore();
+    Work();
+    CheckAllTried(order.size());
+    RunStatus& status = engine_->status;
+    const bool isAnyDone = status.succeeded != 0;
+    status.succeeded += std::exchange(succeeded, status.succeeded + succeeded);
+    status.ignored += std::exchange(ignored, status.ignored + ignored);
+    status.failed += std::exchange(failed, status.failed + failed);
+    // What a path was too long for may be in reach, now that the folders above have their old names.
+    std::vector<MultiRenameItem*> again;
+    const std::vector<u32>& results = operation.LastResults();
+    for (std::size_t index = 0; index < results.size() && index < order.size(); ++index) {
+      if (FileOperation::IsOutOfReach(results[index])) again.push_back(order[index]);
+    }
+    if (again.empty() || !isAnyDone || operation.IsDry() || IsInterrupted()) break;
+    failed -= static_cast<u32>(again.size());
+    operation.ForgetOutOfReach();
+    order = std::move(again);
+  }
+  operation.ReportOutOfReach();
+}
+
+std::string RenameSession::StatusText() const {
+  std::string text = ToUtf8(Velmora::SDK::StatusText(engine_->status));
+  if (const std::size_t untried = shared_.fileOperation.Untried(); untried != 0) {
+    text += ": interrupted, and " + std::to_string(untried) + " not tried";
+  }
+  return text;
+}
+
+void RenameSession::CheckAllTried(std::size_t renames) const {
+  const RunStatus& status = engine_->status;
+  const std::size_t tried =
+      std::size_t{status.succeeded} + std::size_t{status.failed} + std::size_t{status.ignored};
+  if (tried == renames) return;
+  throw ModuleFailure("the run ended early: " + std::to_string(tried) + " of " + std::to_string(renames) +
+                      " renames were tried");
+}
+
+}  // namespace QxHost

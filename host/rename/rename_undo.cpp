@@ -1,0 +1,402 @@
+#include "host/rename/rename_undo.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <string_view>
+#include <tuple>
+#include <unordered_set>
+
+#include "host/command_line/nearest_name.h"
+#include "host/output/error_text.h"
+#include "host/output/failures.h"
+#include "host/rename/interruption.h"
+#include "host/rename/planned_undo.h"
+#include "host/rename/undo_file.h"
+#include "host/services/file_facts.h"
+#include "host/system/paths.h"
+#include "multirename/rules/character_scan.h"
+#include "platform/handles.h"
+
+namespace QxHost {
+
+namespace {
+
+using namespace Velmora::SDK;
+
+constexpr std::string_view kNewestUndo = "last";
+constexpr std::string_view kEveryUndo = "all";
+
+// Of a session, without its entries: an undo file may be large, and there may be many.
+struct UndoSummary {
+  WString fileName;
+  SYSTEMTIME date{};
+  std::size_t items = 0;
+  bool haveRestored = false;
+};
+
+auto DateKey(const UndoSummary& session) {
+  const SYSTEMTIME& date = session.date;
+  return std::tuple(date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond,
+                    session.fileName);
+}
+
+UndoSummary SummaryOf(const MultiRenameUndo& session) {
+  return {session.fileName, session.date, session.entries.size(), session.haveRestored};
+}
+
+std::vector<UndoSummary> SessionsByDate(const MultiRenameUndoStore& store) {
+  std::vector<UndoSummary> sessions;
+  store.ForEachSession([&sessions](const std::unique_ptr<MultiRenameUndo>& session) {
+    sessions.push_back(SummaryOf(*session));
+  });
+  std::ranges::sort(sessions, {}, DateKey);
+  return sessions;
+}
+
+std::string IsoDate(const SYSTEMTIME& date) {
+  char text[40];
+  std::snprintf(text, sizeof text, "%04u-%02u-%02uT%02u:%02u:%02u", unsigned{date.wYear},
+                unsigned{date.wMonth}, unsigned{date.wDay}, unsigned{date.wHour}, unsigned{date.wMinute},
+                unsigned{date.wSecond});
+  return text;
+}
+
+bool IsSameFileName(const WString& lhs, const WString& rhs) {
+  return CompareStringOrdinal(lhs.c_str(), static_cast<int>(lhs.size()), rhs.c_str(),
+                              static_cast<int>(rhs.size()), TRUE) == CSTR_EQUAL;
+}
+
+// The bare name of the store's file that a name or a path refers to. Nothing for a path elsewhere.
+std::optional<WString> NameInStore(const MultiRenameUndoStore& store, const WString& text) {
+  if (text.find_first_of(W("\\/")) == WString::npos) return text;
+  const std::optional<WString> path = FullPathOf(text);
+  const std::optional<WString> folder = FullPathOf(store.folder);
+  if (!path || !folder) return std::nullopt;
+  const std::size_t nameAt = path->rfind(W('\\')) + 1;
+  const bool isStores = IsSameFileName(path->substr(0, nameAt), *folder + W('\\'));
+  return isStores ? std::optional(path->substr(nameAt)) : std::nullopt;
+}
+
+BadCall NoUndoFile(const MultiRenameUndoStore& store, const std::string& text) {
+  std::vector<std::string> names;
+  for (const UndoSummary& session : SessionsByDate(store)) names.push_back(ToUtf8(session.fileName));
+  const std::optional<WString> name = NameInStore(store, PathFromUtf8(text));
+  if (text != kNewestUndo && name && ReadFileFacts(store.folder + *name)) {
+    return BadCall("\"" + text + "\" is no undo file: it is in " + ToUtf8(store.folder) +
+                   ", but no list of renames");
+  }
+  if (names.empty()) return BadCall("there are no undo files in " + ToUtf8(store.folder));
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  return BadCall("\"" + text + "\" is no undo file" + DidYouMean(text, views) +
+                 ". `qxhost rename --list-undo` shows which there are");
+}
+
+// The store's session of a name, a path or `last`, by the name of its file. Throws BadCall if it does not
+// exist, and returns nothing for a path elsewhere.
+std::optional<WString> FileInStore(const MultiRenameUndoStore& store, const std::string& text) {
+  if (text == kNewestUndo) {
+    const std::vector<UndoSummary> sessions = SessionsByDate(store);
+    if (sessions.empty()) throw NoUndoFile(store, text);
+    return sessions.back().fileName;
+  }
+  const std::optional<WString> name = NameInStore(store, PathFromUtf8(text));
+  if (!name || (!name->empty() && ReadUndoFile(store.folder + *name).session)) return name;
+  for (const UndoSummary& session : SessionsByDate(store)) {
+    if (IsSameFileName(session.fileName, *name)) return session.fileName;
+  }
+  throw NoUndoFile(store, text);
+}
+
+// An undo file that is to be taken back.
+struct MeantUndo {
+  WString path;
+  bool isForeign = false;  // it lies elsewhere
+  UndoFile file;
+};
+
+MeantUndo FindUndo(const MultiRenameUndoStore& store, const std::string& text) {
+  MeantUndo meant;
+  const std::optional<WString> name = FileInStore(store, text);
+  meant.isForeign = !name;
+  meant.path = name ? store.folder + *name : FullPathOf(PathFromUtf8(text)).value_or(WString());
+  if (meant.path.empty()) throw NoUndoFile(store, text);
+  meant.file = ReadUndoFile(meant.path);
+  if (meant.file.error != ERROR_SUCCESS) {
+    throw BadCall("cannot read " + text + ": " + ErrorText(meant.file.error));
+  }
+  if (!meant.file.session) throw BadCall(text + " is no undo file");
+  if (name) meant.file.session->fileName = *name;
+  return meant;
+}
+
+// As the store writes it.
+std::string_view BytesOf(WStringView text) {
+  return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)};
+}
+
+// Of a file that was read and is not what was written.
+constexpr DWORD kOtherBytes = ERROR_INVALID_DATA;
+
+// Takes as many bytes off the file. An error, or kOtherBytes for others or too few.
+DWORD TakeBytes(HANDLE file, std::string_view bytes, std::string& buffer) {
+  while (!bytes.empty()) {
+    buffer.resize(bytes.size());
+    DWORD done = 0;
+    if (!ReadFile(file, buffer.data(), static_cast<DWORD>(buffer.size()), &done, nullptr))
+      return GetLastError();
+    if (done == 0 || !bytes.starts_with(std::string_view(buffer).substr(0, done))) return kOtherBytes;
+    bytes.remove_prefix(done);
+  }
+  return ERROR_SUCCESS;
+}
+
+// 0 if the file holds the text of the session and no more, otherwise an error or kOtherBytes. Stores the size
+// of that text, in bytes.
+DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, std::size_t& size) {
+  const FileHandle file(CreateFileW(SystemPath(path).c_str(), GENERIC_READ,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+  DWORD error = file.IsOpen() ? DWORD{ERROR_SUCCESS} : GetLastError();
+  std::string buffer;
+  WriteUndoText(session, [&](WStringView text) {
+    size += BytesOf(text).size();
+    if (error == ERROR_SUCCESS) error = TakeBytes(file.Get(), BytesOf(text), buffer);
+  });
+  char more = 0;
+  DWORD done = 0;
+  if (error == ERROR_SUCCESS && ReadFile(file.Get(), &more, 1, &done, nullptr) && done != 0)
+    return kOtherBytes;
+  return error;
+}
+
+bool IsBlankOfUndoLine(WCHAR c) { return c == W(' ') || c == W('\t'); }
+
+bool IsKeptField(WStringView text) {
+  return !text.empty() && !HoldsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
+}
+
+// True for an entry that is read back from its line, at first sight, and gives a name that can be given.
+bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
+  if (!IsPossibleName(entry.oldName)) return false;
+  if (!IsKeptField(entry.folder) || !IsKeptField(entry.oldName) || !IsKeptField(entry.newName)) return false;
+  const WCHAR first = entry.folder.front();
+  const bool isOther = first == W(';') || first == W('#') || first == W('[');
+  return !isOther && !IsBlankOfUndoLine(first) && !IsBlankOfUndoLine(entry.newName.back());
+}
+
+// The path of a file in the entry's folder.
+WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
+  return entry.folder + (entry.folder.ends_with(W('\\')) ? W("") : W("\\")) + name;
+}
+
+// The reader leaves blanks at the end of a new name out, and so does the run that makes it.
+WString EntryKey(const MultiRenameUndoEntry& entry) {
+  // A character that no name and no path holds, on any system.
+  return entry.folder + WCHAR() + entry.oldName + WCHAR() + WString(NameToMake(entry.newName));
+}
+
+std::string Renames(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " rename" : " renames");
+}
+
+std::string WhyLost(const MultiRenameUndoEntry& entry, bool isFileLong) {
+  const bool isParted = !IsKeptField(entry.folder) || !IsKeptField(entry.oldName);
+  if (!isParted && !IsPossibleName(entry.oldName))
+    return "no file is given a name with one of \\/:*?\"<>| or a control character";
+  if (isFileLong) return "an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes";
+  return "its lines are parted at each | and at line ends";
+}
+
+// Warns of entries that are read back and were no renames of the session. Where the file is cut, so may be
+// its last line, whose new name then is the beginning of another.
+void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const MultiRenameUndo& kept,
+                     bool isCut) {
+  std::unordered_set<WString> keys;
+  for (const MultiRenameUndoEntry& entry : session.entries) keys.insert(EntryKey(entry));
+  const auto isStranger = [&keys](const MultiRenameUndoEntry& entry) {
+    return !keys.contains(EntryKey(entry));
+  };
+  const auto strangers = std::ranges::count_if(kept.entries, isStranger);
+  if (strangers == 0) return;
+  if (strangers == 1 && isCut && isStranger(kept.entries.back())) {
+    output.Problem("the last line that is read of the undo file is cut, and names " +
+                   ToUtf8(PathOfEntry(kept.entries.back(), kept.entries.back().newName)) +
+                   ": where there is such a file, do not take the run back");
+  } else {
+    output.Problem("the undo file has lines that look like renames of other files: do not take it back");
+  }
+}
+
+UndoEvent EventOfSummary(const MultiRenameUndoStore& store, const UndoSummary& session) {
+  MultiRenameUndo dated;
+  dated.date = session.date;
+  UndoEvent event;
+  event.file = store.folder + session.fileName;
+  event.date = IsoDate(session.date);
+  event.dateText = DateText(dated);
+  event.items = session.items;
+  event.restored = session.haveRestored;
+  return event;
+}
+
+void WarnOfUndoFile(Output& output, const UndoFile& file) {
+  if (file.session->haveRestored) {
+    output.Problem("note: this run has been taken back before; --list-undo shows the others");
+  }
+  if (file.isLong) {
+    output.Problem("the undo file is longer than " + std::to_string(kMostOfUndoFile) +
+                   " bytes; what lies beyond them is not taken back");
+  } else if (file.isCut) {
+    output.Problem("the last line of the undo file is cut; it is not taken back");
+  }
+}
+
+// A run gives no such name, and a path with it, as with "..", would mean a file of another folder.
+void LeaveOutOtherFolders(Shared& shared, MultiRenameUndo& session) {
+  const auto isNoName = [](const MultiRenameUndoEntry& entry) {
+    return !IsPossibleName(NameToMake(entry.newName));
+  };
+  const auto first = std::ranges::find_if(session.entries, isNoName);
+  if (first == session.entries.end()) return;
+  const WString name = first->newName;
+  const std::size_t count = std::erase_if(session.entries, isNoName);
+  shared.output.Problem(Renames(count) + " cannot be taken back: no file has the name " + ToUtf8(name));
+  shared.hasFailedFiles = true;
+}
+
+// What was passed over of a run that was cut off.
+void ReportUndone(Shared& shared, std::size_t leftOut) {
+  const std::size_t notThere = shared.fileOperation.NotThere() + leftOut;
+  const std::size_t taken = shared.fileOperation.Taken();
+  if (notThere != 0) {
+    shared.reporter.Say("The run was cut off: " + Renames(notThere) +
+                        " had not been done, or the file is gone");
+  }
+  if (taken == 0) return;
+  shared.output.Problem(Renames(taken) + (taken == 1 ? " is" : " are") +
+                        " left alone: there is a file of the old name. The run was cut off before it, or the "
+                        "name has been taken since");
+  shared.hasFailedFiles = true;
+}
+
+}  // namespace
+
+UndoEvent UndoEventOf(const MultiRenameUndoStore& store, const MultiRenameUndo& session) {
+  return EventOfSummary(store, SummaryOf(session));
+}
+
+void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& configOption) {
+  std::vector<UndoSummary> sessions = SessionsByDate(store);
+  std::ranges::reverse(sessions);
+  for (const UndoSummary& session : sessions) shared.reporter.Undo(EventOfSummary(store, session));
+  if (sessions.empty()) {
+    shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
+  } else {
+    shared.reporter.Say("They are in " + ToUtf8(store.folder) + ". Take one back: qxhost " + configOption +
+                        "rename --undo NAME, or --undo last for the first of these");
+  }
+}
+
+void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
+  const InterruptionWatch watch;
+  const MultiRenameUndoStore& store = session.UndoStore();
+  const MeantUndo meant = FindUndo(store, text);
+  MultiRenameUndo& taken = *meant.file.session;
+  WarnOfUndoFile(shared.output, meant.file);
+  const UndoPlan plan = ReadUndoPlan(meant.file.head);
+  if (plan.isPlan) shared.fileOperation.PassOverUndone();
+  MultiRenameUndo done = taken;
+  LeaveOutOtherFolders(shared, done);
+  const std::size_t leftOut = LeaveOutUndone(plan, done);
+  session.Restore(done);
+  // A file of which a part was not read would lose it.
+  const bool isWhole = !meant.isForeign && meant.file.isWhole && shared.fileOperation.Untried() == 0;
+  if (isWhole && !isDryRun && session.Succeeded() != 0) {
+    taken.haveRestored = true;
+    if (const DWORD error = WriteUndoFile(meant.path, taken, meant.file.head); error != ERROR_SUCCESS) {
+      taken.haveRestored = false;
+      shared.output.Problem("note: the undo file cannot say that it was taken back: " + ErrorText(error));
+    }
+  }
+  if (!meant.isForeign) shared.reporter.Undo(UndoEventOf(store, taken));
+  shared.reporter.Say(isDryRun ? "Nothing was renamed: this was a dry run" : session.StatusText());
+  if (taken.haveRestored && session.Failed() != 0 && !plan.isPlan) {
+    shared.reporter.Say("The file counts as taken back. The same call tries again what failed");
+  }
+  ReportUndone(shared, leftOut);
+}
+
+std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
+  // The lines before the first entry, with a number of entries and a date of many digits.
+  constexpr std::size_t kMostBefore = 200;
+  constexpr std::size_t kSeparators = 4;  // two bars, CR and LF
+  std::size_t bytes = kMostBefore;
+  std::size_t beyond = 0;
+  for (const MultiRenameItem* const row : rows) {
+    if (row->oldName == row->newName) continue;
+    bytes +=
+        sizeof(WCHAR) * (row->folderPath.size() + row->oldName.size() + row->newName.size() + kSeparators);
+    if (bytes > kMostOfUndoFile) ++beyond;
+  }
+  return beyond;
+}
+
+bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& text) {
+  std::vector<WString> names;
+  if (text == kEveryUndo) {
+    store.ForEachSession(
+        [&names](const std::unique_ptr<MultiRenameUndo>& session) { names.push_back(session->fileName); });
+  } else if (const std::optional<WString> name = FileInStore(store, text)) {
+    names.push_back(*name);
+  } else {
+    throw NoUndoFile(store, text);
+  }
+  std::size_t deleted = 0;
+  for (const WString& name : names) {
+    if (!DeleteFileW(SystemPath(store.folder + name).c_str())) {
+      shared.output.Problem("cannot delete " + ToUtf8(store.folder + name));
+      continue;
+    }
+    ++deleted;
+    shared.reporter.UndoDeleted(store.folder + name);
+  }
+  if (names.empty()) shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
+  return deleted == names.size();
+}
+
+UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
+  const WString path = store.PathOf(session);
+  std::size_t size = 0;
+  const DWORD error = CompareUndoFile(path, session, size);
+  const bool isWhole = error == ERROR_SUCCESS;
+  if (!isWhole) {
+    output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
+                   (error == kOtherBytes ? "" : ": " + ErrorText(error)));
+  }
+  const UndoCheck found = isWhole ? UndoCheck::kKeeps : UndoCheck::kNotWhole;
+  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return found;
+  std::string expected;
+  WriteUndoText(session, [&expected](WStringView text) { expected += BytesOf(text); });
+  const std::unique_ptr<MultiRenameUndo> kept =
+      ReadUndoText({reinterpret_cast<const std::uint8_t*>(expected.data()), expected.size()});
+  std::unordered_set<WString> keys;
+  if (kept) {
+    for (const MultiRenameUndoEntry& entry : kept->entries) keys.insert(EntryKey(entry));
+  }
+  std::size_t lost = 0;
+  const MultiRenameUndoEntry* first = nullptr;
+  for (const MultiRenameUndoEntry& entry : session.entries) {
+    if (IsPossibleName(entry.oldName) && keys.contains(EntryKey(entry))) continue;
+    ++lost;
+    if (!first) first = &entry;
+  }
+  if (lost == 0) return found;
+  output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
+                 " cannot be kept, first of " + ToUtf8(PathOfEntry(*first, first->oldName)) + ": " +
+                 WhyLost(*first, expected.size() > kMostOfUndoFile));
+  if (kept) WarnOfStrangers(output, session, *kept, expected.size() > kMostOfUndoFile);
+  return lost == session.entries.size() ? UndoCheck::kKeepsNone : found;
+}
+
+}  // namespace QxHost

@@ -1,0 +1,134 @@
+// A file or folder as the host hands it to the module, and the tree that owns all of them.
+//
+// Items live to the end of the run, longer than any list. They form a tree, so that an item below a renamed
+// folder knows its new path at once, however many there are. The attributes are asked from the system once,
+// at the latest when somebody wants to know them.
+//
+// A window of the module asks items for their paths while its worker renames them: the names and the tree are
+// guarded by one lock. The pointer of GetName and GetExtensionText is good until the item is renamed.
+#pragma once
+
+#include <atomic>
+#include <deque>
+#include <vector>
+
+#include "frame/host/host_files.h"
+#include "host/services/stored_properties.h"
+
+namespace QxHost {
+
+using Velmora::SDK::s32;
+using Velmora::SDK::s64;
+using Velmora::SDK::u32;
+
+class FileItem final : public Velmora::SDK::IHostFileItem {
+ public:
+  FileItem(FileItem* parent, WStringView name, std::size_t number)
+      : parent_(parent), name_(name), number_(number) {}
+  FileItem(const FileItem&) = delete;
+  FileItem& operator=(const FileItem&) = delete;
+
+  // The name with its extension. The pointer is the item's own and whole, even where the buffer is short.
+  const WCHAR* GetName(WCHAR* buffer, u32 size) override;
+  void GetBaseName(WCHAR* buffer, u32 size) override;
+  // A path that does not fit gives the empty text: a cut path would be another file's. The folder's path ends
+  // without a backslash, but for a root; the parent's ends in one always.
+  const WCHAR* GetFolderPath(WCHAR* buffer, u32 size) override;
+  void GetParentPath(WCHAR* buffer, u32 size) override;
+  const WCHAR* GetFullPath(WCHAR* buffer, u32 size) override;
+  // The name of the folder that the item is in; empty at a root.
+  void GetTagText(WCHAR* buffer, u32 size) override;
+  const WCHAR* GetExtensionText(u32 flag) override;
+  void GetExtension(WCHAR* buffer, u32 size, u32 flag) override;
+  u32 GetAttributes() override;
+  s64 GetRowImage(u32 imageSet) override;
+  bool IsFolder() override { return IsDirectory(); }
+  s32 GetRemoteLevel() override;
+  int GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) override;
+  void ClearStoredProperty(u32 propertyNumber) override;
+
+  StoredProperties properties;
+
+  // Not while the item is renamed.
+  const WString& Name() const { return name_; }
+  const FileItem* Parent() const { return parent_; }  // null for a root
+  WString FolderPath() const;                         // ends in a backslash
+  WString FullPath() const;
+  void WriteFullPath(WString& path) const;  // the same, into memory that is used again
+  // Counted through all items of the tree, from 0.
+  std::size_t Number() const { return number_; }
+
+ private:
+  friend class FileItemTree;
+
+  // Of an item whose attributes were not asked for.
+  enum class Kind : unsigned char { kUnknown, kFile, kFolder };
+
+  bool IsDirectory() const {
+    return kind_ == Kind::kUnknown ? (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0 : kind_ == Kind::kFolder;
+  }
+
+  // With the lock held.
+  std::size_t FolderPathSize() const;
+  // Writes the path of the folder, which ends in a backslash, so that it ends before `end`.
+  void WriteFolderPath(WCHAR* end) const;
+  WStringView ExtensionLocked(u32 flag) const;
+
+  FileItem* parent_;  // null for a root
+  WString name_;
+  std::size_t number_;
+  std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
+  std::atomic<Kind> kind_ = Kind::kUnknown;
+};
+
+class FileItemTree {
+ public:
+  FileItemTree() = default;
+  FileItemTree(const FileItemTree&) = delete;
+  FileItemTree& operator=(const FileItemTree&) = delete;
+
+  // The item of a full path. Null, and GetLastError, if there is no such file or folder, and for a root,
+  // which has no name. Its last name is taken as it stands on the disk.
+  FileItem* Find(const WString& fullPath);
+
+  // The item of a name that a listing of the folder has shown; `folder` is of Follow.
+  FileItem& Listed(FileItem& folder, WStringView name, bool isFolder);
+
+  // The item of a full path, whether or not there is such a file; its attributes are not asked for. It is for
+  // following a path through renames, not for the module.
+  FileItem& Follow(const WString& fullPath);
+
+  // All files and folders in a folder, as the system gives them. False, and GetLastError, if it cannot be
+  // searched.
+  bool AddFolderItems(const WString& folderPath, std::vector<FileItem*>& items);
+
+  // Gives an item another name after the system has done so. An item that had this name is of a file that has
+  // gone meanwhile; whoever holds it may go on asking.
+  void Rename(FileItem& item, const WString& newName);
+
+  std::size_t Count() const { return items_.size(); }
+
+ private:
+  struct Slot {
+    std::uint64_t hash = 0;
+    FileItem* item = nullptr;
+    bool isUsed = false;  // also if its item has gone
+  };
+
+  static std::uint64_t HashOf(const FileItem* parent, WStringView name);
+  // With the lock held, all of these.
+  // The slot of the item, or the one that it is to have.
+  Slot& SlotOf(const FileItem* parent, WStringView name, std::uint64_t hash);
+  void MakeRoom();
+  FileItem& Child(FileItem* parent, WStringView name);
+  FileItem& Node(WStringView fullPath);
+
+  std::deque<FileItem> items_;
+  std::vector<Slot> slots_;    // by hash of name and parent; a power of 2
+  std::size_t usedSlots_ = 0;  // of items that are there, and of those that have gone
+  // The folder of the last path: the next one is often in it as well.
+  WString lastFolderPath_;
+  FileItem* lastFolder_ = nullptr;
+};
+
+}  // namespace QxHost

@@ -1,0 +1,20 @@
+#include "host/services/lock_in_turn.h"
+
+#include "platform/windows_api.h"
+
+namespace QxHost {
+
+DWORD LockInTurn(UndoLock& lock, const WString& fullPath, Output& output) {
+  constexpr DWORD kWait = 20;  // milliseconds
+  constexpr int kSecond = 1000 / kWait;
+  for (int wait = 0;; ++wait) {
+    const DWORD error = lock.Take(fullPath);
+    // A lock file that is being deleted refuses access for a moment.
+    const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && wait < kSecond);
+    if (!isInUse) return error;
+    if (wait == 2 * kSecond) output.Problem("note: waiting for the end of another run");
+    Sleep(kWait);
+  }
+}
+
+}  // namespace QxHost

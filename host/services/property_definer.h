@@ -1,0 +1,46 @@
+// Service 3100: an extension declares its columns.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "frame/host/host_property_definer.h"
+#include "host/system/module_registry.h"
+
+namespace QxHost {
+
+using Velmora::SDK::u32;
+
+// A column as it was declared.
+struct DeclaredColumn {
+  u32 owner = 0;   // index of the extension
+  u32 module = 0;  // number of the module that it was declared for, under which its values are kept
+  u32 number = 0;
+  WString name;
+  WString heading;  // its display text
+  bool isNumber = false;
+};
+
+class PropertyDefiner final : public Velmora::SDK::IHostPropertyDefiner {
+ public:
+  using TextOf = std::function<WString(Velmora::SDK::TextId)>;
+
+  // Columns are added to `columns`; both outlive the definer.
+  PropertyDefiner(u32 owner, const ModuleRegistry& modules, TextOf textOf,
+                  std::vector<DeclaredColumn>& columns)
+      : owner_(owner), modules_(modules), textOf_(std::move(textOf)), columns_(columns) {}
+
+  void SetProvider(const char* id) override;
+  // One without a name is passed over.
+  void Define(const Velmora::SDK::PropertyDefinition* definition) override;
+
+ private:
+  u32 owner_;
+  const ModuleRegistry& modules_;
+  TextOf textOf_;
+  std::vector<DeclaredColumn>& columns_;
+  u32 module_ = 0;
+};
+
+}  // namespace QxHost

@@ -1,0 +1,17 @@
+// Service 3010: folders whose views are to be refreshed when the service is given back.
+#pragma once
+
+#include <vector>
+
+#include "frame/host/host_files.h"
+
+namespace QxHost {
+
+class ViewRefresh final : public Velmora::SDK::IHostViewRefresh {
+ public:
+  void AddFolder(const WCHAR* path) override { folders.emplace_back(ViewOf(path)); }
+
+  std::vector<WString> folders;
+};
+
+}  // namespace QxHost

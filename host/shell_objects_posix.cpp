@@ -1,8 +1,0 @@
-#include "host/shell_objects.h"
-
-namespace QxHost {
-
-ShellObjects::ShellObjects() : isPrepared_(true) {}
-ShellObjects::~ShellObjects() = default;
-
-}  // namespace QxHost

@@ -1,0 +1,53 @@
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "host/system/native_path.h"
+#include "host/system/paths.h"
+#include "host/system/system_places.h"
+
+namespace QxHost {
+namespace {
+
+WString FolderFromEnvironment(const char* name) {
+  const char* value = getenv(name);
+  // A folder that is not given in full counts as not given.
+  return value && *value == '/' ? FullPathOf(PathFromUtf8(value)).value_or(WString()) : WString();
+}
+
+}  // namespace
+
+WString ProgramFolder() {
+  std::error_code failed;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failed);
+  if (failed) return {};
+  return FullPathOf(PathFromUtf8(program.parent_path().native())).value_or(WString());
+}
+
+WString UserConfigFolder() {
+  WString folder = FolderFromEnvironment("XDG_CONFIG_HOME");
+  if (!folder.empty()) return folder;
+  folder = FolderFromEnvironment("HOME");
+  return folder.empty() ? folder : folder + W("\\.config");
+}
+
+const WCHAR* ModuleFileName() { return W("libQXUtils.so"); }
+
+DWORD TakePlaceOf(const WString& from, const WString& to) {
+  const std::string fromPath = NativePath(from);
+  const int file = open(fromPath.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return NativeError(errno);
+  const int synced = fsync(file);
+  const int syncError = errno;
+  close(file);
+  // A file system that cannot sync says EINVAL; everything else means that the bytes may not be there.
+  if (synced != 0 && syncError != EINVAL) return NativeError(syncError);
+  return std::rename(fromPath.c_str(), NativePath(to).c_str()) == 0 ? ERROR_SUCCESS : NativeError(errno);
+}
+
+}  // namespace QxHost

@@ -1,0 +1,80 @@
+#include "host/command_line/command_names.h"
+#include "host/output/failures.h"
+#include "host/verbs/run.h"
+#include "host/verbs/verb.h"
+
+namespace QxHost {
+namespace {
+
+// The quick rename commands: what they change are names alone.
+constexpr s32 kFirstRename = 30000;
+constexpr s32 kLastRename = 30060;
+
+// Its window would close as soon as it is open: `qxhost window` keeps it.
+constexpr s32 kMultiRenameWindow = 31000;
+
+// The command as a person reads it: its name, if it has one, and its number.
+std::string CommandTitle(s32 number) {
+  const std::string name(NameOfCommand(number));
+  return name.empty() ? std::to_string(number) : name + " (" + std::to_string(number) + ")";
+}
+
+class CommandVerb final : public Verb {
+ public:
+  const char* Name() const override { return "command"; }
+  const char* Help() const override { return "Run one menu command on the selected items"; }
+
+  void Declare(CLI::App& app) override {
+    AddRequired(app, "NUMBER|NAME", command_,
+                "The command's number, or its name or a beginning of it that no other name has");
+    AddRest(app, "ITEM", items_, "The selected files and folders, in this order: /a/b, Z:\\a\\b or relative");
+  }
+
+  const char* HelpFooter() const override {
+    return "Examples:\n"
+           "  qxhost --dry-run --answer ok command title-case *.TXT   what would be renamed\n"
+           "  qxhost --answer ok command title-case *.TXT             rename them\n"
+           "  qxhost --answer ok command 30002 *.TXT                  the same, by the number\n"
+           "  qxhost --answer ok command title-case -- -x.TXT         -- before ITEMs that begin with -\n"
+           "`qxhost menu` lists the commands with their numbers and names.\n";
+  }
+
+  const std::vector<std::string>& Items() const override { return items_; }
+
+  void CheckDryRun() const override {
+    const s32 number = CommandOfText(command_);
+    if (number >= kFirstRename && number <= kLastRename) return;
+    throw BadCall("--dry-run holds back renames, and the command " + CommandTitle(number) +
+                  " renames nothing: leave --dry-run out and work on a copy. It is for the commands " +
+                  std::to_string(kFirstRename) + " to " + std::to_string(kLastRename));
+  }
+
+  std::string NoteOfZero() const override {
+    const s32 number = CommandOfText(command_);
+    const bool isNamed = !NameOfCommand(number).empty();
+    return "the module did not handle the command " + CommandTitle(number) +
+           (isNamed ? ": it is still to come" : ": the menu has none of this number, as `qxhost menu` shows");
+  }
+
+  int Execute(Run& run) override {
+    const s32 number = CommandOfText(command_);
+    if (number == kMultiRenameWindow)
+      throw BadCall("the command " + CommandTitle(number) + " opens a window: use `qxhost window`");
+    run.MakeConfigFolder();
+    Extensions& extensions = run.LoadExtensions();
+    extensions.Start();
+    const s32 answer = extensions.RunCommand(number);
+    extensions.Stop();
+    return answer;
+  }
+
+ private:
+  std::string command_;  // as it was typed
+  std::vector<std::string> items_;
+};
+
+}  // namespace
+
+std::unique_ptr<Verb> MakeCommandVerb() { return std::make_unique<CommandVerb>(); }
+
+}  // namespace QxHost

@@ -1,0 +1,23 @@
+#include "host/verbs/run.h"
+#include "host/verbs/verb.h"
+
+namespace QxHost {
+namespace {
+
+class InfoVerb final : public Verb {
+ public:
+  const char* Name() const override { return "info"; }
+  const char* Help() const override { return "Show the extensions that the module holds"; }
+  void Declare(CLI::App&) override {}
+
+  int Execute(Run& run) override {
+    run.LoadExtensions().ReportRecords();
+    return 1;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Verb> MakeInfoVerb() { return std::make_unique<InfoVerb>(); }
+
+}  // namespace QxHost

@@ -1,7 +1,0 @@
-#include "host/wait_for_event.h"
-
-namespace QxHost {
-
-bool WaitForEvent(HANDLE event) { return WaitForSingleObject(event, INFINITE) == WAIT_OBJECT_0; }
-
-}  // namespace QxHost

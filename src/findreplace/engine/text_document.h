@@ -1,0 +1,145 @@
+// One text file in memory while its text is replaced.
+//
+// The file's bytes stay in blocks as they were read and are never moved, rewritten or transcoded; a byte
+// order mark is ordinary text of the first line. Each line is a chain of parts: the first part is the line
+// itself, and a replacement cuts a part in two and hangs an inserted part between the halves. Searches run
+// over the line's text in the file; only the writers walk the chains.
+//
+// CharT is char for ANSI and UTF-8 files and WCHAR for UTF-16 files. Lines and columns count from 0, columns
+// in characters of CharT (bytes, or 16-bit units). After an operation that has thrown, the document must not
+// be written any more. A document belongs to one thread and one pass.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "data/data_writer.h"
+#include "data/line_blocks.h"
+#include "data/text_format.h"
+#include "findreplace/engine/line_ending.h"
+#include "findreplace/engine/lines.h"
+#include "findreplace/engine/text_arena.h"
+#include "findreplace/wildcard/wildcard.h"
+
+namespace QXFindAndReplace {
+
+enum PartKind : std::uint8_t { kFileText = 0, kInsertedText = 1 };
+
+// One stretch of text.
+struct TextPart {
+  std::uint8_t kind;           // PartKind
+  std::uint8_t lineFollows;    // 1: `next` is an inserted TextLine, not a further part of this line
+  std::uint32_t originOffset;  // of a part that was cut off: its first byte's offset in the line's file text
+  std::uint32_t length;        // bytes
+  const char* text;            // not owned
+  TextPart* next;              // a TextPart or TextLine of the chain, or null
+};
+
+// A line is the first part of its own chain.
+struct TextLine : TextPart {
+  std::uint32_t fileLength;  // bytes of the line in the file, without its ending; stays when the part is cut
+  std::uint8_t endingSize;   // bytes of the ending in the file
+  LineEnding ending;
+  std::uint8_t removed;  // 1: swallowed by a replacement of several lines; neither searched nor written
+};
+
+struct TextPosition {
+  std::uint32_t line;
+  std::uint32_t column;
+};
+
+// The end column lies behind the last character.
+struct TextRange {
+  TextPosition start;
+  TextPosition end;
+};
+
+// Where the match stands in a context text, in characters.
+struct Highlight {
+  std::uint32_t start;
+  std::uint32_t end;
+};
+
+template <typename CharT>
+class TextDocumentT {
+ public:
+  TextDocumentT() = default;
+  TextDocumentT(const TextDocumentT&) = delete;
+  TextDocumentT& operator=(const TextDocumentT&) = delete;
+
+  // Replaces the columns from `startColumn` to `endColumn` of a line's file text by `length` characters of
+  // `text`, which are copied. Answers true. Throws WQDataReaderException, 87, "Text part not found": the
+  // stretch does not begin in text that still stands, ends beyond the part that it begins in, or begins at
+  // the line's end. Throws std::out_of_range for a line that is not there.
+  bool ReplaceInLine(std::uint32_t line, std::uint32_t startColumn, std::uint32_t endColumn,
+                     const CharT* text, std::uint32_t length);
+
+  // Replaces a range, of one line or of several, by the lines of `replacement`, and counts it as one change.
+  // Throws as ReplaceInLine; std::out_of_range, "invalid vector<T> subscript", for a replacement without
+  // lines or a start line that is not there; WQDataReaderException, 87, "Line index out of range", for the
+  // end line.
+  void ReplaceRange(const TextRange& range, const Lines& replacement);
+
+  // Writes the text as it stands now, with the writer's line ending behind each line that has one. Answers
+  // the bytes written. Throws what the writer throws.
+  std::uint64_t WriteLines(WQDR::DataWriter& writer) const;
+
+  // The text around a range as it stands now: its lines and one before and behind, each with `ending`
+  // (LineEnding::Inserted for that of GetEndingForOutput), zero-terminated. The highlight is 0, 0 where the
+  // range lies in no single part.
+  std::unique_ptr<CharT[]> GetContextText(const TextRange& range, Highlight& highlight,
+                                          LineEnding ending) const;
+
+  std::uint32_t GetLineCount() const { return static_cast<std::uint32_t>(lines.size()); }
+
+  // The ending that the whole output has: that of the first line with one, or LF.
+  LineEnding GetEndingForOutput() const;
+
+  std::vector<WQDR::LineBlock> blocks;  // the file
+  std::vector<TextLine> lines;          // in file order
+  WQDR::TextFormat format = WQDR::TextFormat::Ansi;
+  bool replaceAll = false;        // the user wants no more questions for this file
+  std::uint32_t changeCount = 0;  // replacements made
+  std::deque<TextPart> parts;
+  std::deque<TextLine> insertedLines;
+  TextArena insertedTexts;
+  std::vector<RegexCacheEntry<CharT>> regexCache;  // compiled patterns, in order of creation
+  std::basic_string<CharT> judgedList;  // the longest text of a list that was found to be a pattern
+
+  // The lines that stand in one block, whose text a search may go over in one stretch.
+  struct BlockSpan {
+    std::uint32_t firstLine;
+    std::size_t block;  // in `blocks`
+    const CharT* end;   // of the last line's text
+  };
+  std::vector<BlockSpan> spans;
+
+  // The odd byte at the end of a 16-bit file. No search sees it; it is written back behind the text.
+  std::optional<char> byteApart;
+
+ private:
+  TextPart* FirstPartAt(TextLine& line, const char* address);
+  TextPart& FindPart(TextLine& line, const char* address);
+  TextPart& Cut(TextLine& line, TextPart& part, std::uint32_t length, const char* tailText);
+  TextLine& NewInsertedLine(const LineItem& item);
+  TextPart& AppendLines(TextPart& behind, const Lines& replacement, std::size_t first, std::size_t end);
+  void InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement);
+
+  // The part that the last cut has left behind it. The edits of a pass go from left to right, and the file's
+  // parts of a chain rise, so the next edit need not walk the chain from its head. Null without one.
+  TextPart* lastTail_ = nullptr;
+  const TextLine* lastTailLine_ = nullptr;
+};
+
+// The characters of an ending, zero-terminated; an empty text for None. Cr, Lf and CrLf alone have any.
+template <typename CharT>
+const CharT* EndingText(LineEnding ending);
+
+// Gives the writer the ending that the document's lines are to have.
+template <typename CharT>
+void SetWriterEnding(WQDR::DataWriter& writer, LineEnding ending);
+
+}  // namespace QXFindAndReplace

@@ -1,0 +1,171 @@
+// The edits of a document: how a replacement cuts the parts of a line.
+#include <cstring>
+#include <stdexcept>
+
+#include "findreplace/engine/document_errors.h"
+#include "findreplace/engine/text_document.h"
+
+namespace QXFindAndReplace {
+
+namespace {
+
+[[noreturn]] void ThrowSubscript() { throw std::out_of_range("invalid vector<T> subscript"); }
+
+TextPart& LastPart(TextPart* part) {
+  while (part->next) part = part->next;
+  return *part;
+}
+
+}  // namespace
+
+// Where the search for the part at an address may begin.
+template <typename CharT>
+TextPart* TextDocumentT<CharT>::FirstPartAt(TextLine& line, const char* address) {
+  const bool isBehindTail = lastTail_ && lastTailLine_ == &line && lastTail_->text <= address;
+  return isBehindTail ? lastTail_ : &line;
+}
+
+// A stretch that was cut out lies in no part.
+template <typename CharT>
+TextPart& TextDocumentT<CharT>::FindPart(TextLine& line, const char* address) {
+  for (TextPart* part = FirstPartAt(line, address); part; part = part->next) {
+    if (part->kind == kInsertedText || address < part->text) continue;
+    if (static_cast<std::size_t>(address - part->text) < part->length) return *part;
+  }
+  ThrowNoPart();
+}
+
+// Ends the part after `length` bytes and hangs the rest of it, from `tailText` on, behind it. What followed
+// the part follows its tail.
+template <typename CharT>
+TextPart& TextDocumentT<CharT>::Cut(TextLine& line, TextPart& part, std::uint32_t length,
+                                    const char* tailText) {
+  const auto taken = static_cast<std::uint32_t>(tailText - part.text);
+  TextPart& tail = parts.emplace_back();
+  tail.kind = part.kind;
+  tail.lineFollows = part.lineFollows;
+  tail.originOffset = static_cast<std::uint32_t>(tailText - line.text);
+  tail.length = part.length - taken;
+  tail.text = tailText;
+  tail.next = part.next;
+  part.length = length;
+  part.lineFollows = 0;
+  part.next = &tail;
+  lastTail_ = &tail;
+  lastTailLine_ = &line;
+  return tail;
+}
+
+template <typename CharT>
+bool TextDocumentT<CharT>::ReplaceInLine(std::uint32_t lineNumber, std::uint32_t startColumn,
+                                         std::uint32_t endColumn, const CharT* text, std::uint32_t length) {
+  if (lineNumber >= lines.size()) ThrowSubscript();
+  TextLine& line = lines[lineNumber];
+  const std::uint64_t start = std::uint64_t{startColumn} * sizeof(CharT);
+  const std::uint64_t end = std::uint64_t{endColumn} * sizeof(CharT);
+  if (start >= line.fileLength) ThrowNoPart();
+  TextPart& part = FindPart(line, line.text + start);
+  // The subtraction is the wrong way about, and holds for nothing but an empty text in place of an empty
+  // stretch: this is meant. A text of equal length takes the long way like any other.
+  if (length * static_cast<std::uint32_t>(sizeof(CharT)) == static_cast<std::uint32_t>(start - end))
+    return true;
+  const auto offset = static_cast<std::uint32_t>(line.text + start - part.text);
+  if (end < start || end - start > part.length - offset) ThrowNoPart();
+
+  const std::size_t bytes = std::size_t{length} * sizeof(CharT);
+  const char* const copy = insertedTexts.Copy(text, bytes, 2);
+  // Behind a part that an inserted line follows, the new text is not linked: this is meant.
+  const bool isLinked = part.lineFollows == 0;
+  TextPart& tail = Cut(line, part, offset, line.text + end);
+  if (!isLinked) return true;
+  TextPart& inserted = parts.emplace_back();
+  inserted.kind = kInsertedText;
+  inserted.length = static_cast<std::uint32_t>(bytes);
+  inserted.text = copy;
+  inserted.next = &tail;
+  part.next = &inserted;
+  return true;
+}
+
+template <typename CharT>
+TextLine& TextDocumentT<CharT>::NewInsertedLine(const LineItem& item) {
+  TextLine& line = insertedLines.emplace_back();
+  line.kind = kInsertedText;
+  line.length = item.length;
+  line.fileLength = item.length;
+  line.text = insertedTexts.Copy(item.text, item.length, 1);
+  line.ending = LineEnding::Inserted;
+  return line;
+}
+
+// Hangs new lines for the items from `first` up to `end` behind a part, and answers the last of the chain.
+template <typename CharT>
+TextPart& TextDocumentT<CharT>::AppendLines(TextPart& behind, const Lines& replacement, std::size_t first,
+                                            std::size_t end) {
+  TextPart* last = &behind;
+  for (std::size_t index = first; index < end; ++index) {
+    TextLine& inserted = NewInsertedLine(replacement.items[index]);
+    last->lineFollows = 1;
+    last->next = &inserted;
+    last = &inserted;
+  }
+  return *last;
+}
+
+// Inserts the lines of a replacement behind its first, at an offset of a line's file text. The text behind
+// the offset goes on behind a single line; behind several it is lost: this is meant.
+template <typename CharT>
+void TextDocumentT<CharT>::InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement) {
+  const char* const address = line.text + offset;
+  // The tail of a match that ends at its line's end is empty, and holds the end all the same.
+  const bool isAtTail = lastTail_ && lastTailLine_ == &line && lastTail_->text == address &&
+                        (lastTail_->length != 0 || offset == line.fileLength);
+  TextPart& part = isAtTail ? *lastTail_ : FindPart(line, address);
+  TextPart& tail = Cut(line, part, static_cast<std::uint32_t>(address - part.text), address);
+  TextPart& last = AppendLines(part, replacement, 1, replacement.items.size());
+  if (replacement.items.size() == 2) {
+    last.next = &tail;
+  } else {
+    lastTail_ = nullptr;
+  }
+}
+
+template <typename CharT>
+void TextDocumentT<CharT>::ReplaceRange(const TextRange& range, const Lines& replacement) {
+  const std::vector<LineItem>& items = replacement.items;
+  const std::size_t count = items.size();
+  if (count == 0 || range.start.line >= lines.size()) ThrowSubscript();
+  if (range.end.line >= lines.size()) {
+    throw WQDR::WQDataReaderException(ERROR_INVALID_PARAMETER, "Line index out of range");
+  }
+  const bool spansLines = range.start.line != range.end.line;
+  TextLine& line = lines[range.start.line];
+  const std::uint32_t endColumn =
+      spansLines ? line.fileLength / static_cast<std::uint32_t>(sizeof(CharT)) : range.end.column;
+  const auto replace = [&](std::uint32_t number, std::uint32_t start, std::uint32_t end,
+                           const LineItem& item) {
+    return ReplaceInLine(number, start, end, TextOf<CharT>(item), LengthOf<CharT>(item));
+  };
+
+  bool isChanged = replace(range.start.line, range.start.column, endColumn, items.front());
+  if (!spansLines && count >= 2) {
+    InsertLinesAt(line, endColumn * static_cast<std::uint32_t>(sizeof(CharT)), replacement);
+  }
+  for (std::uint32_t number = range.start.line + 1; number < range.end.line; ++number)
+    lines[number].removed = 1;
+  // Within one line this repeats lines that stand there already: this is meant.
+  if (count > 2)
+    AppendLines(LastPart(FirstPartAt(line, line.text + line.fileLength)), replacement, 1, count - 1);
+  // A single line leaves the beginning of the end line as it is: this is meant.
+  if (spansLines && count > 1) isChanged = replace(range.end.line, 0, range.end.column, items.back());
+  if (isChanged) ++changeCount;
+}
+
+template bool TextDocumentT<char>::ReplaceInLine(std::uint32_t, std::uint32_t, std::uint32_t, const char*,
+                                                 std::uint32_t);
+template bool TextDocumentT<WCHAR>::ReplaceInLine(std::uint32_t, std::uint32_t, std::uint32_t, const WCHAR*,
+                                                  std::uint32_t);
+template void TextDocumentT<char>::ReplaceRange(const TextRange&, const Lines&);
+template void TextDocumentT<WCHAR>::ReplaceRange(const TextRange&, const Lines&);
+
+}  // namespace QXFindAndReplace

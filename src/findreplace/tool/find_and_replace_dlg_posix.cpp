@@ -1,0 +1,62 @@
+// The Find and Replace dialog where there are no windows: its form goes to whoever answers dialogs. What a
+// user could not change in the window, because the field is grey or hidden, cannot be changed here.
+#include "findreplace/tool/find_and_replace_dlg.h"
+#include "frame/services/format_text.h"
+#include "frame/services/language_text.h"
+#include "frame/services/message_texts.h"
+#include "platform/posix/form_fields.h"
+
+namespace {
+
+using namespace Velmora::SDK;
+using namespace QXFindAndReplace;
+using Form = FindAndReplaceForm;
+
+constexpr Platform::ChoiceWord kSaveModeWords[] = {
+    {SaveAsNew, W("new")},
+    {KeepBackup, W("keep-backup")},
+    {ReplaceFile, W("delete-backup")},
+};
+
+// As scripts name them.
+constexpr Platform::ChoiceWord kModeWords[] = {
+    {ModeOne, W("One")},
+    {ModeMany, W("Many")},
+    {ModeManySame, W("ManySame")},
+    {ModeMultiline, W("Multiline")},
+};
+
+bool WhileNew(const Form& form) { return form.targetNameEnabled; }
+
+std::vector<Platform::FormField> FieldsOf(Form& form) {
+  using namespace Platform;
+  // clang-format off
+  const RuledField<Form> rows[] = {
+    {ChoiceField("saveMode", form.saveMode, kSaveModeWords), Always},
+    {CutField("targetName", form.targetName, Form::kMostChars), WhileNew},
+    {CutField("find", form.find, Form::kMostChars), Always},
+    {ChoiceField("findMode", form.findMode, kModeWords), Always},
+    {CutField("replace", form.replace, Form::kMostChars), Always},
+    {FlagField("regExp", form.regExp), Never},
+    {FlagField("wildcard", form.wildcard), Always},
+    {FlagField("ignoreCase", form.ignoreCase), Always},
+    {FlagField("forceUtf8", form.forceUtf8), Always},
+    {FlagField("silent", form.silent), Always},
+    {FlagField("replaceAll", form.replaceAll), Never},
+  };
+  // clang-format on
+  return FollowedFields<Form>(form, rows, FollowChanges);
+}
+
+}  // namespace
+
+INT_PTR ShowFindAndReplaceDlg(IHostApp& host, FindAndReplaceForm& form) {
+  Platform::FormRequest request;
+  request.dialog = "FindAndReplaceDlg";
+  request.title = LanguageText(host, kTextFindDlgCaption);
+  request.text = LanguageText(host, kTextFindDlgHeading);
+  request.text += W('\n');
+  request.text += FormatCount(LanguageText(host, kTextFindDlgCount), form.fileCount);
+  request.fields = FieldsOf(form);
+  return Platform::AskForm(request);
+}

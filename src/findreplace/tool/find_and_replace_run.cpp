@@ -1,0 +1,147 @@
+#include "findreplace/tool/find_and_replace_run.h"
+
+#include <array>
+
+#include "findreplace/tool/apply_to_file.h"
+#include "findreplace/tool/host_callback.h"
+#include "frame/services/format_text.h"
+#include "frame/services/language_text.h"
+#include "frame/services/message_texts.h"
+#include "frame/services/target_files.h"
+
+namespace QXFindAndReplace {
+
+using namespace Velmora::SDK;
+
+namespace {
+
+// Modes of kListResult.
+constexpr u32 kDoneFiles = 0;
+constexpr u32 kFailedFiles = 1;
+
+constexpr u32 kLogCategory = 0;
+
+// All lines of a run, failures too, are information: this is meant. The errors have lines of their own.
+template <typename... Arguments>
+void Log(IHostApp& host, const WCHAR* format, Arguments... arguments) {
+  host.LogMessage(kLogCategory, kLogInformation, format, arguments...);
+}
+
+void AddTo(HostObject<IHostFileList>& list, IHostFileItem& item) {
+  if (list) list->AddItem(&item);
+}
+
+TargetAnswer AskAboutTarget(IHostApp& host, const WString& target, std::uint32_t flags) {
+  if ((flags & SaveAsNew) == 0) return TargetAnswer::kFree;
+  const bool isSilent = (flags & Silent) != 0;
+  const bool mayOverwrite = (flags & OverwriteTarget) != 0;
+  return AskAboutTarget(host, target, TargetRule{kTextFindTitle, isSilent, mayOverwrite});
+}
+
+}  // namespace
+
+FindAndReplaceRun::FindAndReplaceRun(IHostApp& hostApp, IHostFileList* sourceFiles,
+                                     const FindAndReplaceOptions& runOptions, WString pattern, bool owns,
+                                     ConfirmReplaceDialog show)
+    : targetPattern(std::move(pattern)),
+      options(runOptions),
+      host(hostApp),
+      files(sourceFiles),
+      failedFiles(hostApp.CreateFileList()),
+      doneFiles(hostApp.CreateFileList()),
+      ownsFiles(owns),
+      show_(std::move(show)) {}
+
+void FindAndReplaceRun::Run() {
+  HostObject<IHostFileList> owned(ownsFiles ? files : nullptr);
+  const u32 count = files ? files->GetCount() : 0;
+  if (count == 0) return;
+  cancelled = false;
+  doneCount = 0;
+  totalChanges = 0;
+  for (u32 index = 0; index < count && !cancelled; ++index) {
+    if (IHostFileItem* const item = files->GetItem(index)) {
+      RunOne(*item);
+    } else {
+      --totalChanges;  // it failed, and there is nothing that the log could name
+    }
+  }
+  if (cancelled) {
+    Log(host, W("[Find and Replace] - Operation cancelled"));
+  } else {
+    HandBackLists();
+  }
+  doneFiles.Release();
+  failedFiles.Release();
+  owned.Release();
+  if (!cancelled) ShowSummary();
+}
+
+void FindAndReplaceRun::RunOne(IHostFileItem& item) {
+  const WString source = PathOf(item, &IHostFileItem::GetFullPath);
+  const WString target = TargetPath(PathOf(item, &IHostFileItem::GetParentPath), item, targetPattern);
+  switch (AskAboutTarget(host, target, options.flags)) {
+    case TargetAnswer::kCancel:
+      cancelled = true;
+      return;
+    case TargetAnswer::kSkip:
+      AddTo(failedFiles, item);
+      Log(host, W("[Find and Replace] - File already exists. Do not overwrite : %s"), target.c_str());
+      return;
+    case TargetAnswer::kReplace:
+      options.flags |= OverwriteTarget;  // of all later targets too, though each is asked about
+      break;
+    case TargetAnswer::kFree:
+      break;
+  }
+
+  FindAndReplaceCallback callback(host, options.flags, show_);
+  options.callback = &callback;
+  const std::int64_t result = ApplyToFile(source, target, options);
+  options.callback = nullptr;
+  if (result < 0) {
+    Log(host, W("[Find and Replace] - Failed to Find/Replace text in : %s"), source.c_str());
+    if (result == kCancelled) {
+      cancelled = true;
+      return;
+    }
+    AddTo(failedFiles, item);
+  } else {
+    // A file without a change, and one that is no text, is done as well: this is meant.
+    Log(host, W("[Find and Replace] - %I64d changes made to file : %s"), static_cast<long long>(result),
+        source.c_str());
+    AddTo(doneFiles, item);
+    ++doneCount;
+  }
+  totalChanges += result;
+  options.flags |= callback.Flags() & ReplaceAll;
+}
+
+// The failed ones only if there are any.
+void FindAndReplaceRun::HandBackLists() {
+  if (doneFiles) host.FileListRequest(kListResult, doneFiles.Get(), kDoneFiles, 0);
+  if (failedFiles && failedFiles->GetCount() != 0) {
+    host.FileListRequest(kListResult, failedFiles.Get(), kFailedFiles, 0);
+  }
+}
+
+void FindAndReplaceRun::ShowSummary() {
+  if ((options.flags & Silent) != 0) return;
+  const WString title = LanguageText(host, kTextFindTitle);
+  const std::array<std::int64_t, 2> counts = {totalChanges, doneCount};
+  const bool isOneFile = doneCount == 1;
+  const WString text = isOneFile ? FormatCountTexts(LanguageText(host, kTextFindChanges), {counts.data(), 1})
+                                 : FormatCountTexts(LanguageText(host, kTextFindChangesIn), counts);
+  host.MessageBox(title.c_str(), text.c_str(), MB_OK | MB_ICONINFORMATION);
+}
+
+void StartFindAndReplace(IHostApp& host, IHostFileList* files, const FindAndReplaceOptions& options,
+                         const WString& targetPattern, bool ownsFiles) {
+  HostObject<IHostFileList> owned(ownsFiles ? files : nullptr);
+  if (!files || files->GetCount() == 0) return;
+  FindAndReplaceRun run(host, files, options, targetPattern, ownsFiles);
+  owned.Detach();
+  run.Run();
+}
+
+}  // namespace QXFindAndReplace

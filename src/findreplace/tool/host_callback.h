@@ -1,0 +1,48 @@
+// The callback of a run in the host: questions in a dialog, errors in a box and in the log.
+#pragma once
+
+#include <cstdint>
+
+#include "findreplace/engine/find_and_replace_callback.h"
+#include "findreplace/tool/confirm_replace_dlg.h"
+#include "frame/host/host_app.h"
+
+namespace QXFindAndReplace {
+
+class FindAndReplaceCallback final : public IFindAndReplaceCallback {
+ public:
+  // `flags` are those of the run (FindAndReplaceFlag). With ReplaceAll or Silent nobody is asked, and
+  // everything is replaced; with Silent no box is shown either.
+  FindAndReplaceCallback(Velmora::SDK::IHostApp& host, std::uint32_t flags,
+                         ConfirmReplaceDialog show = ShowConfirmReplaceDlg);
+
+  void BeginFile(const WCHAR* path) override;
+  void EndFile() override;
+  void ReportError(const WCHAR* message, std::uint32_t code) override;
+  // The message is in the thread's code page.
+  void ReportError(const char* message, std::uint32_t code) override;
+  ConfirmResult ConfirmReplace(const WCHAR* context, WQDR::TextFormat format, const TextRange& range,
+                               const Highlight& highlight, const WCHAR* replacement,
+                               std::uint32_t replacementLength) override;
+  // Shows the bytes in the thread's code page, whatever the file's encoding: the offsets are of bytes.
+  ConfirmResult ConfirmReplace(const char* context, WQDR::TextFormat format, const TextRange& range,
+                               const Highlight& highlight, const char* replacement,
+                               std::uint32_t replacementLength) override;
+  bool IsCancelled() override;
+
+  // The run's flags, with ReplaceAll once the user has answered so.
+  std::uint32_t Flags() const { return flags; }
+
+ private:
+  bool Asks() const;
+  ConfirmResult Ask(WString context, WQDR::TextFormat format, const TextRange& range,
+                    const Highlight& highlight, WString replacement);
+
+  Velmora::SDK::IHostApp& host;
+  WString path;
+  bool cancelled = false;
+  std::uint32_t flags;
+  ConfirmReplaceDialog show_;
+};
+
+}  // namespace QXFindAndReplace

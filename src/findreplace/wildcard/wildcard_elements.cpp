@@ -1,0 +1,184 @@
+#include "findreplace/wildcard/wildcard_elements.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <regex>
+#include <string>
+
+namespace QXFindAndReplace {
+
+namespace {
+
+// The library refuses a pattern whose automaton has more states than this. A pattern is counted here as the
+// library builds it; refused patterns stay refused, and nothing has to be made for larger ones.
+constexpr std::uint64_t kMaximalStates = 100000;
+// A start and an end of the match, the end of the automaton, and an empty state behind the last element.
+constexpr std::uint64_t kFixedStates = 4;
+
+// Throws what the library throws at a short pattern.
+void Judge(const std::string& pattern) { const std::regex judged(pattern); }
+
+// What the library throws at a pattern that has too many states.
+std::regex_error MakeRefusalOfStates() {
+  try {
+    Judge("x{" + std::to_string(kMaximalStates) + "}");
+  } catch (const std::regex_error& error) {
+    return error;
+  }
+  return std::regex_error(std::regex_constants::error_space);
+}
+
+[[noreturn]] void RefuseStates() {
+  static const std::regex_error refusal = MakeRefusalOfStates();
+  throw refusal;
+}
+
+class StateCount {
+ public:
+  void Add(std::uint64_t states) {
+    Check(states);
+    count_ += states;
+  }
+  void Check(std::uint64_t states) const {
+    if (count_ + states > kMaximalStates) RefuseStates();
+  }
+
+ private:
+  std::uint64_t count_ = 0;
+};
+
+// The states that the library makes to repeat some: copies of them, and empty ones around.
+std::uint64_t RepeatedStates(std::uint64_t states, const WildcardRepeat& repeat) {
+  const std::uint64_t needed = 1 + repeat.minimum * states;
+  if (repeat.maximum == kNoMaximum) return needed + states + 1;
+  return needed + std::uint64_t{repeat.maximum - repeat.minimum} * (states + 1) + 1;
+}
+
+// One repeat of both, where there is one: the same counts, and the larger count before the smaller. That
+// holds where the inner repeat can stop behind each character, and where no outer repeat is left out.
+// Otherwise there are gaps (`x{2}{1,3}`), or six and six come before five, five and five (`x{5,6}{0,3}`).
+std::optional<WildcardRepeat> Fold(const WildcardRepeat& inner, const WildcardRepeat& outer) {
+  if (inner.minimum > 1 && !outer.IsExact()) return std::nullopt;
+  WildcardRepeat both;
+  both.minimum = inner.minimum * outer.minimum;
+  if (inner.maximum == 0 || outer.maximum == 0)
+    both.maximum = 0;
+  else if (inner.maximum == kNoMaximum || outer.maximum == kNoMaximum)
+    both.maximum = kNoMaximum;
+  else
+    both.maximum = inner.maximum * outer.maximum;  // the states of both have been counted
+  return both;
+}
+
+template <typename CharT>
+class Parser {
+ public:
+  explicit Parser(std::basic_string_view<CharT> pattern) : pattern_(pattern) {}
+
+  std::vector<WildcardElement<CharT>> Parse() {
+    std::vector<WildcardElement<CharT>> elements;
+    while (at_ < pattern_.size()) {
+      if (IsAt('{')) JudgeBrace("");  // with nothing to repeat it is refused
+      elements.push_back(TakeElement());
+    }
+    states_.Add(kFixedStates);
+    return elements;
+  }
+
+ private:
+  bool IsAt(char c) const { return at_ < pattern_.size() && pattern_[at_] == static_cast<CharT>(c); }
+  bool IsAtDigit() const { return at_ < pattern_.size() && IsDigit(pattern_[at_]); }
+  static bool IsDigit(CharT c) { return c >= CharT('0') && c <= CharT('9'); }
+
+  WildcardElement<CharT> TakeElement() {
+    WildcardElement<CharT> element;
+    element.isAny = IsAt('.');
+    if (IsAt('\\')) ++at_;
+    element.character = pattern_[at_++];
+    std::uint64_t states = 1;
+    states_.Add(1);
+    if (IsAt('*')) {
+      ++at_;
+      element.repeat = {0, kNoMaximum};
+      ++states;
+      states_.Add(1);
+    }
+    while (IsAt('{')) {
+      const WildcardRepeat repeat = TakeBrace(states);
+      states = RepeatedStates(states, repeat);
+      states_.Add(states);
+      const auto both = element.outerRepeats.empty() ? Fold(element.repeat, repeat) : std::nullopt;
+      if (both)
+        element.repeat = *both;
+      else
+        element.outerRepeats.push_back(repeat);
+    }
+    return element;
+  }
+
+  // `states` is what is repeated.
+  WildcardRepeat TakeBrace(std::uint64_t states) {
+    JudgeBrace("x");
+    ++at_;
+    const std::int64_t first = TakeNumber();
+    std::int64_t last = first;
+    bool isEndless = false;
+    if (IsAt(',')) {
+      ++at_;
+      isEndless = !IsAtDigit();
+      if (!isEndless) last = TakeNumber();
+    }
+    ++at_;
+    // A first number below zero repeats nothing, and yet the last one is counted from it: so the library
+    // does.
+    const std::int64_t minimum = std::max<std::int64_t>(first, 0);
+    const std::int64_t more = last - first;
+    states_.Check(1 + static_cast<std::uint64_t>(minimum) * states);
+    if (more < 0) Judge("x{1,0}");
+    states_.Check(static_cast<std::uint64_t>(more));
+    return {static_cast<std::uint32_t>(minimum),
+            isEndless ? kNoMaximum : static_cast<std::uint32_t>(minimum + more)};
+  }
+
+  // The library reads a number as a signed one of 32 bits, from which larger ones run over.
+  std::int64_t TakeNumber() {
+    std::uint32_t number = 0;
+    for (; IsAtDigit(); ++at_) number = number * 10 + static_cast<std::uint32_t>(pattern_[at_] - CharT('0'));
+    return static_cast<std::int32_t>(number);
+  }
+
+  // Gives the library `atom` and the brace here: as far as what can stand in braces goes, with 1 for each
+  // number, and the character behind it, as `x` if it is not the end. So the library sees what is wrong with
+  // the form, and never has to count far.
+  void JudgeBrace(const char* atom) {
+    std::string piece = atom;
+    piece += '{';
+    std::size_t end = at_ + 1;
+    for (; end < pattern_.size() && (IsDigit(pattern_[end]) || pattern_[end] == CharT(',')); ++end) {
+      const char c = IsDigit(pattern_[end]) ? '1' : ',';
+      if (c == ',' || piece.back() != '1') piece += c;
+    }
+    if (end < pattern_.size()) piece += pattern_[end] == CharT('}') ? '}' : 'x';
+    if (piece == accepted_) return;
+    Judge(piece);
+    accepted_ = piece;
+  }
+
+  std::basic_string_view<CharT> pattern_;
+  std::size_t at_ = 0;
+  StateCount states_;
+  std::string accepted_;  // the last piece that the library took
+};
+
+}  // namespace
+
+template <typename CharT>
+std::vector<WildcardElement<CharT>> ParseWildcardRegex(std::basic_string_view<CharT> pattern) {
+  return Parser<CharT>(pattern).Parse();
+}
+
+template std::vector<WildcardElement<char>> ParseWildcardRegex(std::basic_string_view<char>);
+template std::vector<WildcardElement<WCHAR>> ParseWildcardRegex(std::basic_string_view<WCHAR>);
+
+}  // namespace QXFindAndReplace

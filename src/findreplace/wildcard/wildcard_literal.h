@@ -1,0 +1,215 @@
+// A stretch of a wildcard pattern that has one length: characters, and places for any one character. The
+// search for it is the inner loop of all wildcard searches.
+//
+// A place takes a character c of a line if (c | mask) == value. A letter that stands for both cases has its
+// lower case and the mask 0x20, any character has all ones in both, another character has no mask. So
+// stretches are compared a vector at a time, whatever they hold. That places for any character do not take
+// line terminators is left to the callers, who hardly ever meet one.
+//
+// CharT is char or WCHAR. Nothing outside [from, end) is read.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "findreplace/wildcard/wildcard_elements.h"
+#include "platform/text.h"
+
+#if defined(__SSE2__) || defined(_M_X64)
+#define QX_WILDCARD_VECTORS 1
+#include <emmintrin.h>
+
+#include <bit>
+#endif
+
+namespace QXFindAndReplace {
+
+// What the library's `.` does not take, though not all of these end lines of files.
+template <typename CharT>
+constexpr bool IsLineTerminator(CharT c) {
+  if (c == CharT('\n') || c == CharT('\r')) return true;
+  if constexpr (sizeof(CharT) == 1)
+    return false;
+  else
+    return c == CharT(0x2028) || c == CharT(0x2029);
+}
+
+template <typename CharT>
+struct WildcardPlace {
+  CharT value;
+  CharT mask;
+
+  static WildcardPlace Any() { return {static_cast<CharT>(-1), static_cast<CharT>(-1)}; }
+  // Letters of A to Z alone have a case.
+  static WildcardPlace Of(CharT c, bool ignoreCase) {
+    const CharT lower = static_cast<CharT>(c | 0x20);
+    if (ignoreCase && lower >= CharT('a') && lower <= CharT('z')) return {lower, CharT(0x20)};
+    return {c, CharT()};
+  }
+
+  static WildcardPlace Of(const WildcardElement<CharT>& element, bool ignoreCase) {
+    return element.isAny ? Any() : Of(element.character, ignoreCase);
+  }
+
+  bool IsAny() const { return mask == static_cast<CharT>(-1); }
+  bool Fits(CharT c) const { return static_cast<CharT>(c | mask) == value; }
+  // Fits, but that a place for any character does not take line terminators.
+  bool Takes(CharT c) const { return Fits(c) && !(IsAny() && IsLineTerminator(c)); }
+};
+
+template <typename CharT>
+class WildcardLiteral {
+ public:
+  void Append(WildcardPlace<CharT> place) {
+    if (!place.IsAny()) {
+      last_ = values_.size();
+      if (!hasCharacter_) first_ = last_;
+      hasCharacter_ = true;
+    }
+    values_ += place.value;
+    masks_ += place.mask;
+  }
+
+  std::size_t Length() const { return values_.size(); }
+
+  // Where it stands first or last, if any character were any; null if nowhere.
+  const CharT* FindFirst(const CharT* from, const CharT* end) const;
+  const CharT* FindLast(const CharT* from, const CharT* end) const;
+  // Whether all places take what stands there.
+  bool IsTakenAt(const CharT* p) const {
+    for (std::size_t place = 0; place < Length(); ++place) {
+      if (!At(place).Takes(p[place])) return false;
+    }
+    return true;
+  }
+
+ private:
+  WildcardPlace<CharT> At(std::size_t place) const { return {values_[place], masks_[place]}; }
+  bool StandsAt(const CharT* p) const;
+  bool HasEndsAt(const CharT* p) const { return At(first_).Fits(p[first_]) && At(last_).Fits(p[last_]); }
+
+  std::basic_string<CharT> values_;
+  std::basic_string<CharT> masks_;
+  // The first and the last place that is not for any character.
+  bool hasCharacter_ = false;
+  std::size_t first_ = 0;
+  std::size_t last_ = 0;
+
+#ifdef QX_WILDCARD_VECTORS
+  static constexpr std::ptrdiff_t kLanes = 16 / sizeof(CharT);
+  static __m128i Load(const CharT* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+  static __m128i Filled(CharT c) {
+    return sizeof(CharT) == 1 ? _mm_set1_epi8(static_cast<char>(c)) : _mm_set1_epi16(static_cast<short>(c));
+  }
+  static __m128i Fitting(__m128i text, __m128i value, __m128i mask) {
+    const __m128i masked = _mm_or_si128(text, mask);
+    return sizeof(CharT) == 1 ? _mm_cmpeq_epi8(masked, value) : _mm_cmpeq_epi16(masked, value);
+  }
+  bool FitsVector(const CharT* p, std::size_t place) const {
+    const __m128i fitting =
+        Fitting(Load(p + place), Load(values_.data() + place), Load(masks_.data() + place));
+    return _mm_movemask_epi8(fitting) == 0xFFFF;
+  }
+
+  // Finds the starts among kLanes neighbours at which the first and the last character stand.
+  class EndsFinder {
+   public:
+    explicit EndsFinder(const WildcardLiteral& literal)
+        : first_(literal.first_),
+          last_(literal.last_),
+          firstValue_(Filled(literal.values_[first_])),
+          firstMask_(Filled(literal.masks_[first_])),
+          lastValue_(Filled(literal.values_[last_])),
+          lastMask_(Filled(literal.masks_[last_])) {}
+
+    // sizeof(CharT) bits for each start.
+    unsigned At(const CharT* p) const {
+      const __m128i ends = _mm_and_si128(Fitting(Load(p + first_), firstValue_, firstMask_),
+                                         Fitting(Load(p + last_), lastValue_, lastMask_));
+      return static_cast<unsigned>(_mm_movemask_epi8(ends));
+    }
+
+   private:
+    std::size_t first_, last_;
+    __m128i firstValue_, firstMask_, lastValue_, lastMask_;
+  };
+#endif
+};
+
+template <typename CharT>
+bool WildcardLiteral<CharT>::StandsAt(const CharT* p) const {
+  const std::size_t length = Length();
+  std::size_t place = 0;
+#ifdef QX_WILDCARD_VECTORS
+  constexpr auto kStep = static_cast<std::size_t>(kLanes);
+  for (; place + kStep <= length; place += kStep) {
+    if (!FitsVector(p, place)) return false;
+  }
+  if (length >= kStep) return place == length || FitsVector(p, length - kStep);
+#endif
+  for (; place < length; ++place) {
+    if (!At(place).Fits(p[place])) return false;
+  }
+  return true;
+}
+
+template <typename CharT>
+const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* end) const {
+  if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
+  if (!hasCharacter_) return from;
+  const CharT* const starts = end - Length() + 1;  // behind the last start
+  const CharT* p = from;
+#ifdef QX_WILDCARD_VECTORS
+  if (starts - from >= kLanes) {
+    const EndsFinder finder(*this);
+    while (p < starts) {
+      // The last step goes back so far that it ends at the last start; what it sees again has not matched.
+      const CharT* const base = starts - p < kLanes ? starts - kLanes : p;
+      unsigned hits = finder.At(base);
+      while (hits != 0) {
+        const unsigned lane = static_cast<unsigned>(std::countr_zero(hits)) / sizeof(CharT);
+        if (StandsAt(base + lane)) return base + lane;
+        hits &= ~0u << (lane + 1) * sizeof(CharT);
+      }
+      p = base + kLanes;
+    }
+    return nullptr;
+  }
+#endif
+  for (; p < starts; ++p) {
+    if (HasEndsAt(p) && StandsAt(p)) return p;
+  }
+  return nullptr;
+}
+
+template <typename CharT>
+const CharT* WildcardLiteral<CharT>::FindLast(const CharT* from, const CharT* end) const {
+  if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
+  const CharT* p = end - Length() + 1;  // behind the last start that is left
+  if (!hasCharacter_) return p - 1;
+#ifdef QX_WILDCARD_VECTORS
+  if (p - from >= kLanes) {
+    const EndsFinder finder(*this);
+    while (p > from) {
+      // The last step goes forward so far that it begins at the first start.
+      const CharT* const base = p - from < kLanes ? from : p - kLanes;
+      unsigned hits = finder.At(base) & ((1u << static_cast<unsigned>(p - base) * sizeof(CharT)) - 1);
+      while (hits != 0) {
+        const unsigned lane = static_cast<unsigned>(std::bit_width(hits) - 1) / sizeof(CharT);
+        if (StandsAt(base + lane)) return base + lane;
+        hits &= (1u << lane * sizeof(CharT)) - 1;
+      }
+      p = base;
+    }
+    return nullptr;
+  }
+#endif
+  while (p > from) {
+    --p;
+    if (HasEndsAt(p) && StandsAt(p)) return p;
+  }
+  return nullptr;
+}
+
+}  // namespace QXFindAndReplace

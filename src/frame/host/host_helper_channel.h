@@ -1,0 +1,55 @@
+// The road to the elevated helper (service 3250) and the messages on it. What a writer wrote is read in the
+// same order.
+#pragma once
+
+#include "frame/host/host_types.h"
+
+namespace Velmora::SDK {
+
+class IHostPacketWriter {
+ public:
+  virtual void WriteU32(u32 value) = 0;
+  virtual void WriteString(const WCHAR* text) = 0;
+  virtual const void* GetData() = 0;
+  virtual u32 GetSize() = 0;  // bytes
+  virtual void Release() = 0;
+
+ protected:
+  ~IHostPacketWriter() = default;
+};
+
+class IHostPacketReader {
+ public:
+  virtual void Attach(const void* data, u32 size) = 0;
+  virtual bool ReadString(const WCHAR** text) = 0;
+  virtual bool ReadU32(u32* value) = 0;
+  virtual void Release() = 0;
+
+ protected:
+  ~IHostPacketReader() = default;
+};
+
+class IHostHelperChannel {
+ public:
+  virtual bool Connect() = 0;  // reaches the helper, starting it if needed
+  virtual IHostPacketWriter* CreateWriter() = 0;
+  virtual u32 Send(s32 code, const void* data, u32 size) = 0;  // blocks; answers the reply's number
+  virtual void Disconnect() = 0;                               // also after a failed Connect
+
+ protected:
+  ~IHostHelperChannel() = default;
+};
+
+// What OnHelperMessage is given, on the helper's side.
+class IHostHelperMessage {
+ public:
+  virtual const void* GetData() = 0;
+  virtual u32 GetSize() = 0;
+  virtual void SetReply(u32 success, u32 code, u32 zero, u32 alsoZero) = 0;
+  virtual IHostPacketReader* CreateReader() = 0;
+
+ protected:
+  ~IHostHelperMessage() = default;
+};
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,40 @@
+// Declaring script commands, and one running call of one.
+#pragma once
+
+#include "frame/host/host_types.h"
+
+namespace Velmora::SDK {
+
+class IHostCustomCommand {
+ public:
+  virtual void AddParameter(const char* name, u32 flags, const WCHAR* description) = 0;
+  virtual void SetDescription(const WCHAR* text) = 0;
+
+ protected:
+  ~IHostCustomCommand() = default;
+};
+
+class IHostCustomCommandSet {
+ public:
+  // Answers null if the command cannot be declared.
+  virtual IHostCustomCommand* AddCommand(const char* name, u32 number, u32 flags, u32 kind) = 0;
+  virtual void Commit(u32 one) = 0;  // closes the registration
+  virtual bool IsRegistered() = 0;   // the set already holds its commands
+
+ protected:
+  ~IHostCustomCommandSet() = default;
+};
+
+class IHostCommandCall {
+ public:
+  virtual bool HasFlag(const char* name) = 0;           // the parameter was given
+  virtual const WCHAR* GetValue(const char* name) = 0;  // null if it was not given
+  virtual u32 GetCommandId() = 0;                       // the number given at AddCommand
+  virtual void SetResultCode(u32 code) = 0;
+  virtual void SetResultText(const WCHAR* text) = 0;
+
+ protected:
+  ~IHostCommandCall() = default;
+};
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,41 @@
+// The class interfaces through which the host drives the extension objects. The host owns an object from
+// Create to Delete.
+#pragma once
+
+#include "frame/host/host_app.h"
+#include "frame/host/host_helper_channel.h"
+
+namespace Velmora::SDK {
+
+// What GetExtensionKind answers for an extension with commands. The record's kindFlags say 0x2100: the two
+// are separate values, and the host wants each as it is.
+constexpr u32 kPluginKind = 0x2000;
+
+// Command numbers that every extension with commands knows.
+constexpr s32 kCommandShutdown = 20002;  // calls the extension's own OnShutdown
+constexpr s32 kCommandIgnored = 20500;
+
+// Base of the extensions with commands. Operations that do nothing answer 0.
+class IPluginInterface {
+ public:
+  virtual s32 OnRegister(IHostApp* host) = 0;
+  virtual u32 GetExtensionKind() = 0;
+  virtual s32 OnStart(IHostApp* host) = 0;
+  virtual const char* GetExtensionId() = 0;
+  virtual bool OnHostEvent(std::intptr_t source, s32 code) = 0;
+  virtual s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) = 0;  // 1 handled, 0 not
+  virtual s32 Reserved1() = 0;
+  virtual s32 OnCustomCommand(IHostCommandCall* call) = 0;                 // 1 success, 0 failure
+  virtual s32 OnHelperMessage(s32 code, IHostHelperMessage* message) = 0;  // 1 handled, 0 not
+  virtual s32 Reserved2() = 0;
+  virtual s32 Reserved3() = 0;
+  virtual s32 OnShutdown(std::intptr_t unread) = 0;
+  virtual s32 Reserved4() = 0;
+  virtual s32 Reserved5() = 0;
+  virtual s32 Reserved6() = 0;
+
+ protected:
+  ~IPluginInterface() = default;
+};
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,26 @@
+// The sort of one file, from its format to its output.
+#pragma once
+
+#include <string>
+
+#include "linesorter/engine/sort_lines_options.h"
+#include "platform/text.h"
+
+namespace WQLineSorter {
+
+struct SortResult {
+  std::string message;
+  DWORD errorCode = 0;  // a Windows error number, 0 for success
+};
+
+// Sorts `source` into `target`, which may be the same path: the source is closed before the output begins.
+// Answers 0, or the error number that stands in `result` with its text. Nothing is rolled back: a write that
+// fails leaves the partial target, and the backup if one was made.
+//
+// 1630 "Text format not supported": neither bytes nor 16-bit text. 80 "Target file already exists":
+// SaveAsNewFile without SaveOverwrite. 14: no memory, or a line too long to load. 87 "Unsupported date
+// format". Others as the readers, the detection and the writer say. std exceptions of other kinds pass.
+DWORD SortFile(SortResult& result, const WString& source, const WString& target,
+               const SortLinesOptions& options);
+
+}  // namespace WQLineSorter

@@ -1,7 +1,0 @@
-// Sort Lines, the menu command 30150.
-#pragma once
-
-#include "linesorter/sort_lines_dlg.h"
-
-// Shows the dialog for the selected files, with the stored options, and on OK stores them and runs the job.
-void SortLinesCommand(Velmora::SDK::IHostApp& host, const SortLinesDialog& show = ShowSortLinesDlg);

@@ -1,0 +1,7 @@
+// Sort Lines, the menu command 30150.
+#pragma once
+
+#include "linesorter/tool/sort_lines_dlg.h"
+
+// Shows the dialog for the selected files, with the stored options, and on OK stores them and runs the job.
+void SortLinesCommand(Velmora::SDK::IHostApp& host, const SortLinesDialog& show = ShowSortLinesDlg);

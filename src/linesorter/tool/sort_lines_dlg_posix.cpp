@@ -1,0 +1,79 @@
+// The Sort Lines dialog where there are no windows: its form goes to whoever answers dialogs. What a user
+// could not change in the window, because the field is grey or takes no such text, cannot be changed here.
+#include "frame/services/format_text.h"
+#include "frame/services/language_text.h"
+#include "frame/services/message_texts.h"
+#include "linesorter/tool/sort_lines_dlg.h"
+#include "platform/posix/form_fields.h"
+
+namespace {
+
+using namespace Velmora::SDK;
+using namespace WQLineSorter;
+using Form = SortLinesForm;
+
+constexpr Platform::ChoiceWord kSaveAsWords[] = {
+    {SaveAsNewFile, W("new")},
+    {SaveKeepBackup, W("keep-backup")},
+    {SaveDeleteBackup, W("delete-backup")},
+};
+
+constexpr Platform::ChoiceWord kSortByWords[] = {
+    {SortByLine, W("line")},
+    {SortBySubstring, W("substring")},
+    {SortByItem, W("item")},
+};
+
+constexpr Platform::ChoiceWord kMethodWords[] = {
+    {SortAsText, W("text")},
+    {SortAsNumber, W("number")},
+    {SortAsDate, W("date")},
+};
+
+template <bool SortLinesEnabled::*Member>
+bool While(const Form& form) {
+  return form.enabled.*Member;
+}
+
+std::vector<Platform::FormField> FieldsOf(Form& form) {
+  using namespace Platform;
+  using Enabled = SortLinesEnabled;
+  // clang-format off
+  const RuledField<Form> rows[] = {
+    {ChoiceField("saveAs", form.saveAs, kSaveAsWords), Always},
+    {LimitedField("targetName", form.targetName, Form::kMostNameChars), While<&Enabled::targetName>},
+    {NumberField("keepLinesTop", form.keepLinesTop, Form::kMostNumberDigits), Always},
+    {NumberField("keepLinesBottom", form.keepLinesBottom, Form::kMostNumberDigits), Always},
+    {NumberField("startPosition", form.startPosition, Form::kMostNumberDigits), Always},
+    {FlagField("skipLeadingSpace", form.skipLeadingSpace), Always},
+    {ChoiceField("sortBy", form.sortBy, kSortByWords), Always},
+    {NumberField("length", form.length, Form::kMostLengthDigits), While<&Enabled::length>},
+    {CutField("endCharacter", form.endCharacter, 1), While<&Enabled::endCharacter>},
+    {FlagField("endAtWhitespace", form.endAtWhitespace), While<&Enabled::endAtWhitespace>},
+    {TextField("separator", form.separator), While<&Enabled::separator>},
+    {NumberField("item", form.item, Form::kMostNumberDigits), While<&Enabled::item>},
+    {ChoiceField("sortMethod", form.sortMethod, kMethodWords), Always},
+    {LimitedField("dateFormat", form.dateFormat, Form::kMostFormatChars), While<&Enabled::dateFormat>},
+    {FlagField("languageAware", form.languageAware), Always},
+    {FlagField("ignoreCase", form.ignoreCase), While<&Enabled::ignoreCase>},
+    {FlagField("naturalNumbers", form.naturalNumbers), While<&Enabled::naturalNumbers>},
+    {FlagField("reverse", form.reverse), Always},
+    {FlagField("removeDuplicates", form.removeDuplicates), Never},
+    {FlagField("removeBlank", form.removeBlank), Always},
+  };
+  // clang-format on
+  return FollowedFields<Form>(form, rows, FollowChanges);
+}
+
+}  // namespace
+
+INT_PTR ShowSortLinesDlg(IHostApp& host, SortLinesForm& form) {
+  Platform::FormRequest request;
+  request.dialog = "SortLinesDlg";
+  request.title = LanguageText(host, kTextSortDlgCaption);
+  request.text = LanguageText(host, kTextSortDlgHeading);
+  request.text += W('\n');
+  request.text += FormatCount(LanguageText(host, kTextSortDlgCount), form.fileCount);
+  request.fields = FieldsOf(form);
+  return Platform::AskForm(request);
+}

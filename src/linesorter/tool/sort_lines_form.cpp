@@ -1,0 +1,269 @@
+#include "linesorter/tool/sort_lines_form.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <limits>
+
+#include "linesorter/engine/code_page_text.h"
+#include "linesorter/engine/number_parser.h"
+#include "linesorter/engine/stoi.h"
+
+namespace WQLineSorter {
+
+namespace {
+
+constexpr std::size_t kRulerSize = 90;
+
+// Without a suffix the suggested new file would be the source itself.
+constexpr const WCHAR* kDefaultSuffix = W("_sorted");
+
+constexpr DatePreset kDatePresets[] = {
+    {W("2014-11-21"), W("%Y-%m-%d")},
+    {W("2014-11-21 13:44:48"), W("%Y-%m-%d %H:%M:%S")},
+    {W("23/11/14"), W("%d/%m/%y")},
+    {W("23/11/2014"), W("%d/%m/%Y")},
+    {W("23/11/2014 1:44:48 pm"), W("%d/%m/%Y %I:%M:%S %p")},
+    {W("23 Nov 2014"), W("%d %b %Y")},
+    {W("Nov 11 13:44:48 2014"), W("%b %d %H:%M:%S %Y")},
+    {W("11 Nov 2014 13:44:48"), W("%d %b %Y %H:%M:%S")},
+};
+
+// The fields that hold a number and nothing else.
+struct NumberField {
+  WString SortLinesForm::*text;
+  std::size_t mostDigits;
+};
+
+constexpr NumberField kNumberFields[] = {
+    {&SortLinesForm::keepLinesTop, SortLinesForm::kMostNumberDigits},
+    {&SortLinesForm::keepLinesBottom, SortLinesForm::kMostNumberDigits},
+    {&SortLinesForm::startPosition, SortLinesForm::kMostNumberDigits},
+    {&SortLinesForm::length, SortLinesForm::kMostLengthDigits},
+    {&SortLinesForm::item, SortLinesForm::kMostNumberDigits},
+};
+
+// The largest length that its field takes: a stored one may be larger, and would not be read again.
+constexpr std::uint32_t kMostLength = 999'999'999;
+
+// When a box sets its bit.
+enum class Stored { kIfChecked, kWithoutLanguageAware };
+
+struct BoxRow {
+  bool SortLinesForm::*box;
+  std::uint32_t option;
+  Stored stored;
+};
+
+// The natural order has an effect together with the language-aware order alone, and is never stored with it:
+// this is meant, the dialog does not reach it and scripts do.
+constexpr BoxRow kBoxes[] = {
+    {&SortLinesForm::skipLeadingSpace, SortSkipLeadingSpace, Stored::kIfChecked},
+    {&SortLinesForm::languageAware, SortLanguageAware, Stored::kIfChecked},
+    {&SortLinesForm::ignoreCase, SortIgnoreCase, Stored::kWithoutLanguageAware},
+    {&SortLinesForm::naturalNumbers, SortNaturalNumbers, Stored::kWithoutLanguageAware},
+    {&SortLinesForm::reverse, SortReverse, Stored::kIfChecked},
+    {&SortLinesForm::removeDuplicates, SortRemoveDuplicates, Stored::kIfChecked},
+    {&SortLinesForm::removeBlank, SortRemoveBlank, Stored::kIfChecked},
+};
+
+// The first of the choices that the options hold.
+int ChoiceOf(std::uint32_t options, std::initializer_list<SortLinesOption> choices, int otherwise) {
+  for (const SortLinesOption choice : choices) {
+    if (options & choice) return static_cast<int>(choice);
+  }
+  return otherwise;
+}
+
+WString DecimalText(std::uint32_t number) { return FromUtf8(std::to_string(number)); }
+
+// The number in a field, 0 where none stands there.
+std::uint32_t ReadNumber(const WString& text) {
+  const WCHAR* end = nullptr;
+  const auto value = ParseNumber<std::int64_t>(text.c_str(), &end);
+  constexpr std::int64_t kMost = std::numeric_limits<std::uint32_t>::max();
+  return static_cast<std::uint32_t>(std::clamp<std::int64_t>(value, 0, kMost));
+}
+
+// Positions are shown from 1; 0 is taken for 1.
+std::uint32_t ReadPosition(const WString& text) {
+  const std::uint32_t position = ReadNumber(text);
+  return position > 0 ? position - 1 : 0;
+}
+
+// A pasted text brings what a typed one cannot have.
+void KeepDigits(SortLinesForm& form) {
+  for (const NumberField& field : kNumberFields) {
+    WString& text = form.*field.text;
+    std::erase_if(text, [](WCHAR character) { return character < W('0') || character > W('9'); });
+    if (text.size() > field.mostDigits) text.resize(field.mostDigits);
+  }
+}
+
+// The position of an offset, the last one for an offset behind it.
+WString PositionText(std::uint32_t offset) {
+  constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
+  return DecimalText(std::min(offset, kMost - 1) + 1);
+}
+
+WString CharacterText(std::uint16_t character) {
+  return character ? WString(1, static_cast<WCHAR>(character)) : WString();
+}
+
+WString NewFileName(const SortLinesForm& form) {
+  const WString suffix = form.newFileSuffix.empty() ? WString(kDefaultSuffix) : form.newFileSuffix;
+  if (form.fileCount > 1) return W("*") + suffix + W(".*");
+  const std::size_t dot = std::min(form.firstName.rfind(W('.')), form.firstName.size());
+  return form.firstName.substr(0, dot) + suffix + form.firstName.substr(dot);
+}
+
+// The target that is the file itself, for each file of the list.
+WString SameFileName(const SortLinesForm& form) { return form.fileCount > 1 ? W("*.*") : form.firstName; }
+
+void FollowSaveAs(SortLinesForm& form) {
+  form.enabled.targetName = form.saveAs == SaveAsNewFile;
+  form.targetName = form.enabled.targetName ? NewFileName(form) : SameFileName(form);
+}
+
+void FollowSubstringFields(SortLinesForm& form) {
+  SortLinesEnabled& enabled = form.enabled;
+  const bool hasLength = !form.length.empty();
+  const bool hasEnd = !form.endCharacter.empty();
+  // Options can fill both fields, and then they stay as they are, which is meant.
+  if (!form.endAtWhitespace && hasLength && hasEnd) return;
+  enabled.length = !form.endAtWhitespace && !hasEnd;
+  enabled.endCharacter = !form.endAtWhitespace && !hasLength;
+  enabled.endAtWhitespace = form.endAtWhitespace || (!hasLength && !hasEnd);
+}
+
+void FollowSortBy(SortLinesForm& form) {
+  // The substring's choice leaves the fields of the item as they are, which is meant.
+  if (form.sortBy == SortBySubstring) return FollowSubstringFields(form);
+  if (form.sortBy != SortByLine && form.sortBy != SortByItem) return;
+  SortLinesEnabled& enabled = form.enabled;
+  enabled.length = enabled.endCharacter = enabled.endAtWhitespace = false;
+  enabled.separator = enabled.item = form.sortBy == SortByItem;
+}
+
+void FollowSortMethod(SortLinesForm& form) { form.enabled.dateFormat = form.sortMethod == SortAsDate; }
+
+void FollowLanguageAware(SortLinesForm& form) {
+  form.enabled.naturalNumbers = form.languageAware;
+  form.enabled.ignoreCase = !form.languageAware;
+}
+
+void LoadKeyFields(SortLinesForm& form) {
+  const SortLinesOptions& options = form.options;
+  form.sortBy =
+      ChoiceOf(options.options, {SortByLine, SortBySubstring, SortByItem}, SortLinesForm::kNoChoice);
+  form.length.clear();
+  form.endCharacter.clear();
+  form.endAtWhitespace = false;
+  form.separator.clear();
+  form.item = DecimalText(options.lineItem);
+  if (form.sortBy == SortByItem) form.separator = CharacterText(options.matchChar);
+  if (form.sortBy != SortBySubstring) return;
+  if (options.options & SortEndAtChar) form.endCharacter = CharacterText(options.matchChar);
+  form.endAtWhitespace = (options.options & SortEndAtWhitespace) != 0;
+  if (!form.endAtWhitespace) form.length = DecimalText(std::min(options.subStringLen, kMostLength));
+}
+
+void ReadSubstring(const SortLinesForm& form, SortLinesOptions& options) {
+  // The length stays what it was unless the field says another, which is meant.
+  if (!form.endCharacter.empty()) {
+    options.options |= SortEndAtChar;
+    SetMatchChar(options, form.endCharacter.front());
+  } else if (!form.length.empty()) {
+    options.subStringLen = static_cast<std::uint32_t>(Stoi(form.length));
+  } else if (form.endAtWhitespace) {
+    options.options |= SortEndAtWhitespace;
+  }
+}
+
+void ReadItem(const SortLinesForm& form, SortLinesOptions& options) {
+  if (!form.separator.empty()) SetMatchChar(options, form.separator.front());
+  options.lineItem = ReadNumber(form.item);
+}
+
+WString MakeRuler() {
+  WString ruler;
+  for (std::size_t position = 1; position <= kRulerSize; ++position) {
+    if (position % 10 == 0) {
+      ruler += static_cast<WCHAR>(W('0') + position / 10);
+    } else {
+      ruler += position % 5 == 0 ? W('+') : W('-');
+    }
+  }
+  return ruler;
+}
+
+}  // namespace
+
+void StartForm(SortLinesForm& form) {
+  const SortLinesOptions& options = form.options;
+  form.sortMethod = ChoiceOf(options.options, {SortAsText, SortAsDate, SortAsNumber}, SortAsText);
+  form.saveAs = ChoiceOf(options.options, {SaveAsNewFile, SaveKeepBackup, SaveDeleteBackup}, SaveAsNewFile);
+  form.keepLinesTop = DecimalText(options.keepLinesTop);
+  form.keepLinesBottom = DecimalText(options.keepLinesBottom);
+  form.startPosition = PositionText(options.lineOffset);
+  for (const BoxRow& row : kBoxes) form.*row.box = (options.options & row.option) != 0;
+  LoadKeyFields(form);
+  form.dateFormat = form.sortMethod == SortAsDate ? DateFormatText(options) : WString();
+
+  form.enabled = {};
+  FollowSortMethod(form);
+  FollowLanguageAware(form);
+  FollowSortBy(form);
+  FollowSaveAs(form);
+}
+
+void FollowChanges(SortLinesForm& form, const SortLinesForm& before) {
+  KeepDigits(form);
+  if (form.endCharacter.size() > 1) form.endCharacter.resize(1);
+  if (form.sortMethod != before.sortMethod) FollowSortMethod(form);
+  if (form.languageAware != before.languageAware) FollowLanguageAware(form);
+  if (form.length != before.length || form.endCharacter != before.endCharacter ||
+      form.endAtWhitespace != before.endAtWhitespace) {
+    FollowSubstringFields(form);
+  }
+  // Behind the fields of the substring: a text and a choice may change at once, and the choice decides.
+  if (form.sortBy != before.sortBy) FollowSortBy(form);
+  if (form.saveAs != before.saveAs) FollowSaveAs(form);
+}
+
+SortLinesOptions ReadOptions(const SortLinesForm& form) {
+  SortLinesOptions options = form.options;
+  options.options = 0;
+  options.keepLinesTop = ReadNumber(form.keepLinesTop);
+  options.keepLinesBottom = ReadNumber(form.keepLinesBottom);
+  options.lineOffset = ReadPosition(form.startPosition);
+  for (const int choice : {form.sortBy, form.sortMethod, form.saveAs}) {
+    if (choice != SortLinesForm::kNoChoice) options.options |= static_cast<std::uint32_t>(choice);
+  }
+  if (form.sortBy == SortBySubstring) ReadSubstring(form, options);
+  if (form.sortBy == SortByItem) ReadItem(form, options);
+  if (form.sortMethod == SortAsDate) {
+    SetDateFormat(options, form.dateFormat, SortLinesForm::kMostFormatChars);
+  }
+  for (const BoxRow& row : kBoxes) {
+    const bool counts = row.stored == Stored::kIfChecked || !form.languageAware;
+    if (form.*row.box && counts) options.options |= row.option;
+  }
+  return options;
+}
+
+WString RulerText(const SortLinesForm& form) {
+  static const WString kRuler = MakeRuler();
+  WString ruler = kRuler;
+  const std::uint32_t start = ReadPosition(form.startPosition);
+  if (form.startPosition.empty() || start >= ruler.size()) return ruler;
+  std::size_t marks = 1;
+  if (form.sortBy == SortBySubstring && !form.length.empty()) {
+    marks = std::clamp<std::size_t>(ReadNumber(form.length), 1, ruler.size() - start);
+  }
+  ruler.replace(start, marks, marks, W('*'));
+  return ruler;
+}
+
+std::span<const DatePreset> DatePresets() { return kDatePresets; }
+
+}  // namespace WQLineSorter

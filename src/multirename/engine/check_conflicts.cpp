@@ -1,0 +1,69 @@
+#include "multirename/engine/conflict_finder.h"
+#include "multirename/engine/multi_rename_engine.h"
+#include "multirename/rules/character_scan.h"
+#include "multirename/rules/letter_case.h"
+
+namespace Velmora::SDK {
+
+namespace {
+
+bool HoldsForbidden(WStringView name) {
+  return HoldsAnyOf<W('*'), W('|'), W('\\'), W('/'), W(':'), W('"'), W('<'), W('>'), W('?')>(name);
+}
+
+// Names that are numbered differ at their ends, and have the same beginnings.
+bool IsSameNewName(WStringView name, WStringView first) {
+  if (name.size() != first.size()) return false;
+  return name.empty() ||
+         (LowerLetter(name.back()) == LowerLetter(first.back()) && EqualButForCase(name, first));
+}
+
+}  // namespace
+
+void ConflictFinder::Begin(std::size_t rows) {
+  states_.clear();
+  states_.reserve(rows);
+  isFirstDuplicate_ = false;
+}
+
+// Every row is compared with the first alone: rows further down that equal one another are left to the host,
+// whose rename decides.
+void ConflictFinder::Add(WStringView newName) {
+  const bool isFirst = states_.empty();
+  if (isFirst) first_ = newName;
+  const bool isDuplicate = !isFirst && IsSameNewName(newName, first_);
+  if (isDuplicate) isFirstDuplicate_ = true;
+  states_.push_back(isDuplicate ? StateDuplicate : HoldsForbidden(newName) ? StateInvalidName : StateReady);
+}
+
+bool ConflictFinder::SetStates(std::span<MultiRenameItem* const> rows, const std::atomic<bool>& abort) {
+  if (isFirstDuplicate_) states_.front() = StateDuplicate;
+  for (std::size_t row = 0; row < states_.size(); ++row) {
+    if (abort.load(std::memory_order_relaxed)) return false;
+    std::atomic<u32>& state = rows[row]->state;
+    if (state.load(std::memory_order_relaxed) != states_[row]) {
+      state.store(states_[row], std::memory_order_relaxed);
+    }
+  }
+  return true;
+}
+
+void CheckConflicts(MultiRenameEngine& engine) {
+  engine.conflicts.Begin(engine.items.size());
+  for (const MultiRenameItem* const item : engine.items) engine.conflicts.Add(item->newName);
+  const std::atomic<bool> never = false;
+  engine.conflicts.SetStates(engine.items, never);
+}
+
+bool ComputeNames(MultiRenameEngine& engine, const std::atomic<bool>& abort) {
+  engine.conflicts.Begin(engine.items.size());
+  for (MultiRenameItem* const item : engine.items) {
+    if (abort.load(std::memory_order_relaxed)) return false;
+    ComputeName(engine, *item);
+    // Only the worker writes new names.
+    engine.conflicts.Add(item->newName);
+  }
+  return engine.conflicts.SetStates(engine.items, abort);
+}
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,17 @@
+#include "multirename/engine/multi_rename_engine.h"
+
+namespace Velmora::SDK {
+
+MultiRenameEngine::MultiRenameEngine(IHostApp* hostApp) : undoStore(hostApp), host(hostApp), worker(*this) {}
+
+MultiRenameEngine::~MultiRenameEngine() {
+  worker.Quit();
+  worker.WaitForEnd(INFINITE);
+}
+
+void EngineCloser::operator()(MultiRenameEngine* engine) const {
+  engine->worker.Quit();
+  if (engine->worker.WaitForEnd(patience)) delete engine;
+}
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,52 @@
+// What the rows of the list show: names, why a row is in the way, and in which colour. On the list's thread;
+// a row may be computed meanwhile, and shows the old or the new name then.
+#pragma once
+
+#include "frame/host/host_app.h"
+#include "frame/host/host_rows.h"
+#include "multirename/engine/multi_rename_item.h"
+
+namespace Velmora::SDK {
+
+// The columns by their numbers. The window adds the second and the third.
+enum RenameColumn : u32 { kColumnFolder = 1, kColumnOldName = 2, kColumnNewName = 3 };
+
+// Styles of a cell, and flags of a row, as the host's list knows them.
+constexpr u32 kCellPlain = 0x1000000;
+constexpr u32 kCellMarked = 0x1300000;
+constexpr u32 kRowFlags = 512;
+
+// COLORREFs: red in the low byte.
+constexpr s32 kDuplicateColor = 0x1621BB;
+constexpr s32 kFailedColor = 0x0B1699;
+
+class RenameRowInfo final : public IMLRowCallBack {
+ public:
+  // Reads the four texts of the language table. The image set is that of the list, for the host's items; null
+  // gives no images.
+  RenameRowInfo(IHostApp& host, const std::atomic<u32>* imageSet);
+
+  u32 Reserved1() override { return 0; }
+  u32 GetCellStyle(void* item, u32 column) override;
+  u32 Reserved2() override { return 16; }
+  u32 Reserved3() override { return 0; }
+  u32 GetRowFlags(void* item, u32* flags) override;
+  s32 Reserved4() override { return -1; }
+  s32 GetTextColor(void* item, u32 column) override;
+  u32 GetBackColor(void*, u32) override { return 0xFFFFFFFF; }
+  // Asks the host for an item's image once. 0 without a row.
+  s64 GetRowImage(void* item) override;
+  u32 Reserved5() override { return 16; }
+  // Returns 1. A name that is the first row's shows no name, only that.
+  u32 GetCellText(void* item, u32 column, WCHAR* buffer, u32 size) override;
+  u32 Reserved6() override { return 0; }
+
+ private:
+  const WString duplicateText_;
+  const WString invalidText_;
+  const WString failedText_;
+  const WString ignoredText_;
+  const std::atomic<u32>* imageSet_;
+};
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,14 @@
+// How the forms give their controls texts of the language table.
+#pragma once
+
+#include "frame/host/host_app.h"
+#include "multirename/form/control_view.h"
+
+namespace Velmora::SDK {
+
+// Sets the texts of the controls from the extension's table, and those of `common` from the table that all
+// modules share.
+void SetDialogTexts(ControlView& view, IHostApp& host, std::span<const ControlTextRow> own,
+                    std::span<const ControlTextRow> common);
+
+}  // namespace Velmora::SDK

@@ -1,0 +1,69 @@
+#include "platform/posix/files/name_encoding.h"
+
+#include "platform/posix/text/utf8.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr char16_t kByteBase = 0xDC00;
+constexpr char16_t kBackslashUnit = kByteBase + u'\\';
+constexpr char16_t kFirstByteUnit = kByteBase + 0x80;
+constexpr char16_t kLastByteUnit = kByteBase + 0xFF;
+
+bool StandsForByte(char32_t unit) {
+  return unit == kBackslashUnit || (unit >= kFirstByteUnit && unit <= kLastByteUnit);
+}
+
+}  // namespace
+
+std::u16string WideName(std::string_view name) {
+  std::u16string result;
+  result.reserve(name.size());
+  while (!name.empty()) {
+    if (static_cast<unsigned char>(name.front()) < 0x80) {
+      result += name.front() == '\\' ? kBackslashUnit : static_cast<char16_t>(name.front());
+      name.remove_prefix(1);
+      continue;
+    }
+    const Utf8Step step = DecodeUtf8(name);
+    if (step.valid) {
+      AppendUtf16(step.codePoint, result);
+    } else {
+      for (const char byte : name.substr(0, step.size)) {
+        result += static_cast<char16_t>(kByteBase + static_cast<unsigned char>(byte));
+      }
+    }
+    name.remove_prefix(step.size);
+  }
+  return result;
+}
+
+bool AppendNativeName(std::u16string_view name, std::string& bytes) {
+  while (!name.empty()) {
+    if (name.front() < 0x80) {
+      bytes += static_cast<char>(name.front());
+      name.remove_prefix(1);
+      continue;
+    }
+    const Utf16Step step = DecodeUtf16(name);
+    if (step.valid) {
+      AppendUtf8(step.codePoint, bytes);
+    } else if (StandsForByte(step.codePoint)) {
+      bytes += static_cast<char>(step.codePoint - kByteBase);
+    } else {
+      return false;
+    }
+    name.remove_prefix(step.size);
+  }
+  return true;
+}
+
+std::optional<std::string> NativeName(std::u16string_view name) {
+  std::string result;
+  result.reserve(name.size());
+  if (!AppendNativeName(name, result)) return std::nullopt;
+  return result;
+}
+
+}  // namespace Platform

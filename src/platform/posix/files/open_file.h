@@ -1,0 +1,51 @@
+// A file that is open: what a handle of CreateFileW stands for.
+#pragma once
+
+#include <unistd.h>
+
+#include <string>
+#include <utility>
+
+#include "platform/posix/files/handle_table.h"
+#include "platform/posix/files/share_table.h"
+
+namespace Platform {
+
+// Owns a file descriptor; negative for none.
+class FileDescriptor {
+ public:
+  FileDescriptor() = default;
+  explicit FileDescriptor(int number) : number_(number) {}
+  FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  FileDescriptor(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(const FileDescriptor&) = delete;
+  ~FileDescriptor() {
+    if (number_ >= 0) close(number_);
+  }
+
+  // Closes it and answers close's result: file systems may report a late failure of a write here.
+  int Close() { return close(std::exchange(number_, -1)); }
+
+  int Get() const { return number_; }
+  bool IsOpen() const { return number_ >= 0; }
+
+ private:
+  int number_ = -1;
+};
+
+struct OpenFile {
+  ShareTable::Claim claim;  // before the descriptor, so that it ends after the file is closed
+  FileDescriptor descriptor;
+  bool canRead = false;
+  bool canWrite = false;
+  std::string folder;       // path of a folder, or of a link opened as itself; empty for a file
+  bool canSetLink = false;  // such a one was opened for writing
+};
+
+using OpenFiles = HandleTable<OpenFile>;
+
+}  // namespace Platform

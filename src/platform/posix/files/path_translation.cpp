@@ -1,0 +1,119 @@
+#include "platform/posix/files/path_translation.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+
+#include "platform/posix/files/full_path.h"
+#include "platform/posix/files/name_encoding.h"
+#include "platform/posix/last_error.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr std::u16string_view kServerOfLongPath = u"UNC\\";
+
+// What a name may hold. A bar is forbidden on Windows alone: it is taken in the name of a file that is there,
+// so that the file can be given a better one, and no file is made with it.
+enum class NameUnit : std::uint8_t { kFree, kForbidden, kBar };
+
+constexpr std::array<NameUnit, 128> kNameUnits = [] {
+  std::array<NameUnit, 128> units{};
+  for (std::size_t unit = 0; unit < ' '; ++unit) units[unit] = NameUnit::kForbidden;
+  for (const char unit : std::string_view("<>\"?*"))
+    units[static_cast<unsigned char>(unit)] = NameUnit::kForbidden;
+  units['|'] = NameUnit::kBar;
+  return units;
+}();
+
+bool IsThere(const std::string& path) {
+  struct stat status;
+  return lstat(path.c_str(), &status) == 0;
+}
+
+// Adds a name to the path; 0 or an error.
+DWORD AppendPathName(std::u16string_view name, NativePath& native) {
+  bool hasBar = false;
+  for (const char16_t unit : name) {
+    const NameUnit kind = unit < kNameUnits.size() ? kNameUnits[unit] : NameUnit::kFree;
+    if (kind == NameUnit::kForbidden) return ERROR_INVALID_NAME;
+    if (kind == NameUnit::kBar) hasBar = true;
+  }
+  native.path += '/';
+  if (!AppendNativeName(name, native.path)) return ERROR_INVALID_NAME;
+  return hasBar && !IsThere(native.path) ? ERROR_INVALID_NAME : ERROR_SUCCESS;
+}
+
+// Adds the names of `path`, which follow a drive, to `native`.
+DWORD AppendNames(std::u16string_view path, NativePath& native) {
+  native.endsInSeparator = !path.empty() && IsSeparator(path.back());
+  native.path.reserve(path.size());
+  while (!path.empty()) {
+    const std::size_t end =
+        static_cast<std::size_t>(std::find_if(path.begin(), path.end(), IsSeparator) - path.begin());
+    const std::u16string_view name = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (name.empty()) continue;
+    // The full path has none of these left but where a name lost a dot or the path came with \\?\.
+    if (name == u"." || name == u"..") return ERROR_INVALID_NAME;
+    const DWORD error = AppendPathName(name, native);
+    if (error != ERROR_SUCCESS) return error;
+  }
+  if (native.path.empty()) native.path = "/";
+  return ERROR_SUCCESS;
+}
+
+// `path` begins at a drive or at the root.
+DWORD TranslateRooted(std::u16string_view path, NativePath& native) {
+  switch (RootOf(path)) {
+    case PathRoot::kRooted:
+      return AppendNames(path, native);
+    case PathRoot::kDrive:
+      return IsOurDrive(path[0]) ? AppendNames(path.substr(2), native) : ERROR_PATH_NOT_FOUND;
+    default:
+      return ERROR_PATH_NOT_FOUND;
+  }
+}
+
+bool IsServerOfLongPath(std::u16string_view path) {
+  if (path.size() < kServerOfLongPath.size() || !IsSeparator(path[3])) return false;
+  return (path[0] | 0x20) == u'u' && (path[1] | 0x20) == u'n' && (path[2] | 0x20) == u'c';
+}
+
+}  // namespace
+
+DWORD TranslatePath(const WCHAR* path, NativePath& native) {
+  native = {};
+  if (!path || !*path) return ERROR_PATH_NOT_FOUND;
+  const std::u16string_view text(path);
+  switch (RootOf(text)) {
+    case PathRoot::kServer:
+      return ERROR_BAD_NETPATH;
+    case PathRoot::kDevice:
+      if (text[2] == u'.') return ERROR_FILE_NOT_FOUND;
+      if (IsServerOfLongPath(text.substr(4))) return ERROR_BAD_NETPATH;
+      return TranslateRooted(text.substr(4), native);
+    default: {
+      if (IsPlainFullPath(text)) return TranslateRooted(text, native);
+      const std::u16string full = FullPath(text);
+      return full.empty() ? ERROR_PATH_NOT_FOUND : TranslateRooted(full, native);
+    }
+  }
+}
+
+DWORD MissingError(const std::string& path) {
+  const std::string folder = path.substr(0, std::max<std::size_t>(path.find_last_of('/'), 1));
+  struct stat status;
+  const bool isFolder = stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return isFolder ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+}
+
+DWORD PathError(int error, const std::string& path) {
+  return error == ENOENT ? MissingError(path) : ErrorOfErrno(error);
+}
+
+}  // namespace Platform

@@ -1,0 +1,155 @@
+#include "platform/posix/security/access_record.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <mutex>
+#include <shared_mutex>
+
+#include "platform/posix/files/path_translation.h"
+#include "platform/posix/last_error.h"
+#include "platform/posix/security/access_list.h"
+#include "platform/posix/security/kept_attribute.h"
+#include "platform/posix/security/posix_access.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr std::uint32_t kVersion = 1;
+
+// In front of the attribute; then come the POSIX access list as text and the list, if there is one.
+struct KeptHeader {
+  std::uint32_t version;
+  std::uint32_t owner;
+  std::uint32_t group;
+  std::uint32_t mode;
+  std::uint32_t isProtected;
+  std::uint32_t hasList;
+  std::uint32_t posixBytes;
+};
+
+KeptHeader HeaderOf(const struct stat& status, bool isProtected, bool hasList, const std::string& posix) {
+  return {.version = kVersion,
+          .owner = status.st_uid,
+          .group = status.st_gid,
+          .mode = status.st_mode & 07777u,
+          .isProtected = isProtected ? 1u : 0u,
+          .hasList = hasList ? 1u : 0u,
+          .posixBytes = static_cast<std::uint32_t>(posix.size())};
+}
+
+const ACL* ListIn(std::span<const BYTE> bytes) { return reinterpret_cast<const ACL*>(bytes.data()); }
+
+// Whether the bytes of a list are a whole one and no more.
+bool IsList(std::span<const BYTE> bytes) {
+  ACL list;
+  if (bytes.size() < sizeof list) return false;
+  std::memcpy(&list, bytes.data(), sizeof list);
+  return list.AclSize == bytes.size() && EntriesOf(ListIn(bytes)).has_value();
+}
+
+// Takes a kept list into the record. False if the bytes are none, or if the file is not as setting it left
+// it: then the list says nothing about it any more. Whoever may write the file may have written the bytes: a
+// list that does not say what mode and POSIX access list say is not believed, whatever its header claims.
+bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord& record) {
+  KeptHeader header;
+  if (bytes.size() < sizeof header) return false;
+  std::memcpy(&header, bytes.data(), sizeof header);
+  const std::string posix = PosixAccess(path);
+  const KeptHeader now = HeaderOf(record.status, header.isProtected != 0, header.hasList != 0, posix);
+  if (std::memcmp(&header, &now, sizeof now) != 0 || bytes.size() - sizeof header < posix.size() ||
+      std::memcmp(bytes.data() + sizeof header, posix.data(), posix.size()) != 0)
+    return false;
+  // A copy, which lies where lists may lie.
+  const std::span<const BYTE> rest = bytes.subspan(sizeof header + posix.size());
+  std::vector<BYTE> list(rest.begin(), rest.end());
+  if (header.hasList != 0 ? !IsList(list) : !list.empty()) return false;
+  if (!IsPosixAccessOf(path, record.status, header.hasList != 0 ? ListIn(list) : nullptr)) return false;
+  record.isProtected = header.isProtected != 0;
+  record.hasList = header.hasList != 0;
+  record.list = std::move(list);
+  record.isKept = true;
+  return true;
+}
+
+// What is kept of a list beside the file of this status; no bytes where the mode alone says it all.
+std::vector<BYTE> BytesToKeep(const std::string& path, const struct stat& status, std::span<const BYTE> list,
+                              bool hasList, bool isProtected) {
+  if (hasList && !isProtected && list.size() == sizeof(ACL)) return {};  // nobody may do anything
+  const std::string posix = PosixAccess(path);
+  const KeptHeader header = HeaderOf(status, isProtected, hasList, posix);
+  std::vector<BYTE> bytes(sizeof header);
+  std::memcpy(bytes.data(), &header, sizeof header);
+  bytes.insert(bytes.end(), posix.begin(), posix.end());
+  bytes.insert(bytes.end(), list.begin(), list.end());
+  return bytes;
+}
+
+// Held while a list is set, and shared by those who read one: within the process it is seen whole.
+std::shared_mutex listMutex;
+
+DWORD ReadListAsItIs(const std::string& path, AccessRecord& record) {
+  const std::vector<BYTE> kept = ReadKeptAttribute(path);
+  if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
+  if (!TakeKept(path, kept, record)) record.list = ListOfPosixAccess(path, record.status);
+  return ERROR_SUCCESS;
+}
+
+DWORD Apply(const std::string& path, const struct stat& before, std::span<const BYTE> list, bool hasList,
+            bool isProtected) {
+  const ACL* const header = hasList ? ListIn(list) : nullptr;
+  if (const int error = SetPosixAccess(path, before, header)) return PathError(error, path);
+  struct stat status;
+  if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
+  const std::vector<BYTE> bytes = BytesToKeep(path, status, list, hasList, isProtected);
+  int error = WriteKeptAttribute(path, bytes);
+  const mode_t writable = (status.st_mode & static_cast<mode_t>(07777)) | S_IWUSR;
+  if (error == EACCES && chmod(path.c_str(), writable) == 0) {
+    // The new mode keeps the owner himself from writing, so the list is kept under a mode that does not. To
+    // set mode and POSIX access list is last all the same: of several processes that come to this at once,
+    // the last one sets its own, and none leaves the right to write.
+    error = WriteKeptAttribute(path, bytes);
+    if (const int setError = SetPosixAccess(path, before, header)) return PathError(setError, path);
+  }
+  return error == 0 || error == EACCES ? ERROR_SUCCESS : ErrorOfErrno(error);
+}
+
+}  // namespace
+
+DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList) {
+  if (!wantsList) return stat(path.c_str(), &record.status) == 0 ? ERROR_SUCCESS : PathError(errno, path);
+  const std::shared_lock lock(listMutex);
+  return ReadListAsItIs(path, record);
+}
+
+DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) {
+  const std::unique_lock lock(listMutex);
+  struct stat status;
+  if (stat(path.c_str(), &status) != 0) return PathError(errno, path);
+  std::vector<BYTE> bytes;
+  if (list) {
+    const auto used = BytesInUse(list);
+    if (!used) return ERROR_INVALID_ACL;
+    const auto* const begin = reinterpret_cast<const BYTE*>(list);
+    bytes.assign(begin, begin + *used);
+    ACL header = *list;
+    header.AclSize = static_cast<WORD>(*used);
+    std::memcpy(bytes.data(), &header, sizeof header);
+  }
+  return Apply(path, status, bytes, list != nullptr, isProtected);
+}
+
+DWORD SetOwner(const std::string& path, uid_t owner) {
+  const std::unique_lock lock(listMutex);
+  AccessRecord record;
+  if (const DWORD error = ReadListAsItIs(path, record)) return error;
+  if (chown(path.c_str(), owner, static_cast<gid_t>(-1)) != 0) return PathError(errno, path);
+  if (!record.isKept) return ERROR_SUCCESS;
+  if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
+  return Apply(path, record.status, record.list, record.hasList, record.isProtected);
+}
+
+}  // namespace Platform

@@ -1,0 +1,17 @@
+// The token of the process, as a handle of OpenProcessToken stands for it.
+#pragma once
+
+#include "platform/posix/files/handle_table.h"
+#include "platform/posix/security/security_types.h"
+
+namespace Platform {
+
+struct ProcessToken {
+  explicit ProcessToken(DWORD access) : canAdjust((access & TOKEN_ADJUST_PRIVILEGES) != 0) {}
+
+  bool canAdjust;
+};
+
+using ProcessTokens = HandleTable<ProcessToken>;
+
+}  // namespace Platform
