@@ -128,15 +128,16 @@ trap run_exit_commands EXIT
 
 # A display of the script's own, for Windows programs that show something.
 start_display() {
-  local number="build/logs/display-number.$$"
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" >build/logs/display.log 2>&1 &
-  at_exit "kill $! 2>/dev/null || true; rm -f '$PWD/$number'"
+  local number="build/logs/display-number.$$" log="build/logs/display.$$.log"
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" >"$log" 2>&1 &
+  at_exit "kill $! 2>/dev/null || true; rm -f '$PWD/$number' '$PWD/$log'"
   for _ in $(seq 100); do
     [ -s "$number" ] && break
     sleep 0.1
   done
   if [ ! -s "$number" ]; then
-    echo 'Xvfb did not start; see build/logs/display.log' >&2
+    echo 'Xvfb did not start:' >&2
+    cat "$log" >&2
     return 1
   fi
   export DISPLAY=":$(cat "$number")"
@@ -157,5 +158,19 @@ prepare_wine() {
   step 'Setting Wine up' : quietly wine-frames scripts/wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
   # Debian's Wine does not find its own fonts when it is started without its wrapper script.
   cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+  # It stores the settings as it ends.
+  timeout 60 /usr/lib/wine/wineserver -w
   touch "$WINEPREFIX/ready"
+}
+
+# copy_prefix NAME: makes the copy of the Wine prefix that scripts/own_desktop NAME uses, if there is none. The copies
+# share the files of the system, which no program changes.
+copy_prefix() {
+  local copy=$WINEPREFIX-$1
+  [ "$copy/ready" -nt "$WINEPREFIX/ready" ] && return 0
+  rm -rf "$copy"
+  mkdir -p "$copy/drive_c"
+  cp -al "$WINEPREFIX/drive_c/windows" "$copy/drive_c"
+  cp -an "$WINEPREFIX/." "$copy"
+  touch "$copy/ready"
 }

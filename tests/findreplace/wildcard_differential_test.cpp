@@ -9,6 +9,7 @@
 
 #include "findreplace/wildcard_library.h"
 #include "linesorter/widths.h"
+#include "support/random_cases.h"
 
 namespace {
 
@@ -145,12 +146,6 @@ std::string Shown(const Text<CharT>& text) {
   return shown;
 }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int kFewer = 10;
-#else
-constexpr int kFewer = 1;
-#endif
-
 template <typename CharT>
 class WildcardDifferentialTest : public testing::Test {
  protected:
@@ -193,29 +188,29 @@ TYPED_TEST_SUITE(WildcardDifferentialTest, BothWidths);
 
 TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFinds) {
   Random random(4711);
-  for (int round = 0; round < 6000 / kFewer; ++round) {
+  for (int round = 0; round < RandomCases(6000); ++round) {
     this->Compare(AnyText<TypeParam>(random), 24, random);
     if (this->HasFatalFailure()) return;
   }
-  EXPECT_GT(this->matched, 15000 / kFewer);
-  EXPECT_GT(this->unmatched, 15000 / kFewer);
-  EXPECT_GT(this->refused, 1000 / kFewer);
+  EXPECT_GT(this->matched, RandomCases(15000));
+  EXPECT_GT(this->unmatched, RandomCases(15000));
+  EXPECT_GT(this->refused, RandomCases(1000));
 }
 
 TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsWithRepeatsOfRepeats) {
   Random random(815);
-  for (int round = 0; round < 3000 / kFewer; ++round) {
+  for (int round = 0; round < RandomCases(3000); ++round) {
     this->Compare(AnyTextOfNestedRepeats<TypeParam>(random), 10, random);
     if (this->HasFatalFailure()) return;
   }
-  EXPECT_GT(this->matched, 5000 / kFewer);
-  EXPECT_GT(this->refused, 500 / kFewer);
+  EXPECT_GT(this->matched, RandomCases(5000));
+  EXPECT_GT(this->refused, RandomCases(500));
 }
 
 // Lines of several vectors, with texts cut out of them.
 TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsInLongerLines) {
   Random random(99);
-  for (int round = 0; round < 500 / kFewer; ++round) {
+  for (int round = 0; round < RandomCases(500); ++round) {
     const Text<TypeParam> line = AnyLine<TypeParam>(random, 120);
     Text<TypeParam> text = line.substr(random(line.size() + 1), random(40));
     for (TypeParam& c : text) {
@@ -225,5 +220,5 @@ TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsInLongerLines) {
     this->Compare(text, 120, random);
     if (this->HasFatalFailure()) return;
   }
-  EXPECT_GT(this->matched, 1000 / kFewer);
+  EXPECT_GT(this->matched, RandomCases(1000));
 }

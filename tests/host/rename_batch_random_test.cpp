@@ -2,12 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "random_batches.h"
+#include "support/random_cases.h"
 
 namespace QxHost {
 namespace {
 
-// Files are slow under Wine.
-constexpr int kRandomBatches = sizeof(wchar_t) == sizeof(WCHAR) ? 1000 : 10000;
+constexpr int kRandomBatches = RandomCases(10000);
 constexpr int kBatchesOfATree = 50;
 
 std::string TextOf(const PlainTree& before, const std::vector<PlainRename>& batch) {

@@ -10,6 +10,7 @@
 #include "multirename/random_rules.h"
 #include "multirename/rules/rule_flags.h"
 #include "support/fake_host.h"
+#include "support/random_cases.h"
 
 namespace RenameRulesDifferentialTest {
 
@@ -294,18 +295,18 @@ class Session {
 
 TEST(RenameRulesDifferential, RandomRulesGiveTheNamesAndStatesOfThePlainRule) {
   Seen seen;
-  for (u32 seed = 1; seed <= 5000; ++seed) {
+  for (u32 seed = 1; seed <= RandomCases(5000u); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     Session session(seed);
     session.Rename(seen);
     session.Rename(seen);
     if (testing::Test::HasFailure()) return;
   }
-  EXPECT_GT(seen.duplicates, 1000);
-  EXPECT_GT(seen.invalidNames, 1000);
-  EXPECT_GT(seen.longestNames, 10);
-  EXPECT_GT(seen.badExpressions, 100);
-  EXPECT_GT(seen.searchedByExpression, 500);
+  EXPECT_GT(seen.duplicates, RandomCases(1000));
+  EXPECT_GT(seen.invalidNames, RandomCases(1000));
+  EXPECT_GT(seen.longestNames, RandomCases(10));
+  EXPECT_GT(seen.badExpressions, RandomCases(100));
+  EXPECT_GT(seen.searchedByExpression, RandomCases(500));
 }
 
 TEST(RenameRulesDifferential, RandomListsOfNamesHaveTheConflictsOfThePlainRule) {
@@ -314,7 +315,7 @@ TEST(RenameRulesDifferential, RandomListsOfNamesHaveTheConflictsOfThePlainRule) 
                                      W("{A"),     W("@a"),     W("`A"),     W("z|"), W("Z|"), W(""),
                                      W("a\\"),    W("a.b"),    W("A.B")};
   MultiRenameEngine engine(nullptr);
-  for (u32 seed = 1; seed <= 10000; ++seed) {
+  for (u32 seed = 1; seed <= RandomCases(10000u); ++seed) {
     RandomRules random(seed);
     std::vector<Row> rows(random(20));
     std::vector<Row*> pointers;

@@ -5,6 +5,7 @@
 #include "multirename/random_rules.h"
 #include "multirename/rules/replace_list.h"
 #include "multirename/saved/search_pairs.h"
+#include "support/random_cases.h"
 
 namespace ReplaceListDifferentialTest {
 
@@ -54,7 +55,7 @@ WString PairText(RandomRules& random) {
 TEST(ReplaceListDifferential, RandomListsReplaceWhatThePlainRuleReplaces) {
   int changed = 0;
   int bad = 0;
-  for (std::uint32_t seed = 1; seed <= 10000; ++seed) {
+  for (std::uint32_t seed = 1; seed <= RandomCases(10000u); ++seed) {
     RandomRules random(seed);
     std::uint32_t flags = 0;
     if (random.OneIn(2)) flags |= kCaseMatters;
@@ -97,12 +98,12 @@ TEST(ReplaceListDifferential, RandomListsReplaceWhatThePlainRuleReplaces) {
     }
     if (HasFailure()) return;
   }
-  EXPECT_GT(changed, 5000);
-  EXPECT_GT(bad, 100);
+  EXPECT_GT(changed, RandomCases(5000));
+  EXPECT_GT(bad, RandomCases(100));
 }
 
 TEST(SearchPairsDifferential, RandomListsAreEditedAsByThePlainRule) {
-  for (std::uint32_t seed = 1; seed <= 10000; ++seed) {
+  for (std::uint32_t seed = 1; seed <= RandomCases(10000u); ++seed) {
     RandomRules random(seed);
     Pairs pairs(random(4));
     for (auto& [find, replace] : pairs) {

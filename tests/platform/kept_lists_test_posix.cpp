@@ -12,6 +12,7 @@
 #include "platform/outcome.h"
 #include "support/as_user_posix.h"
 #include "support/other_process_posix.h"
+#include "support/random_cases.h"
 #include "support/scratch_folder.h"
 #include "support/security_bytes.h"
 
@@ -261,7 +262,7 @@ TEST_F(KeptLists, ReadingInTwoProcessesChangesNothingAboutTheFile) {
 
 // Each of the two leaves a mode under which the owner can neither read nor write the file.
 TEST_F(KeptLists, OfTwoProcessesThatSetOneTheModeIsThatOfOneOfThemWithNoRightLeftBehind) {
-  constexpr int kRounds = 10000;
+  constexpr int kRounds = RandomCases(10000);
   GiveFileToNobody();
   const auto set = [this](DWORD rights) {
     const AsOrdinaryUser nobody;

@@ -15,6 +15,7 @@
 #include "support/box_answers.h"
 #include "support/dialog_answer.h"
 #include "support/fake_helper_message.h"
+#include "support/random_cases.h"
 #include "support/real_files.h"
 #include "support/security_bytes.h"
 
@@ -22,10 +23,6 @@ using namespace Velmora::SDK;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Optional;
-
-#ifndef __has_feature
-#define __has_feature(name) 0
-#endif
 
 namespace {
 
@@ -190,11 +187,7 @@ void* AskForCells(void* argument) {
 
 TEST_F(SecurityCommandsNative, CellsAreFilledOnAThreadOfSmallStack) {
   // The checks of memory and of threads take stack of their own.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || __has_feature(address_sanitizer)
-  constexpr std::size_t kStackBytes = 1 << 20;
-#else
-  constexpr std::size_t kStackBytes = 96 << 10;
-#endif
+  constexpr std::size_t kStackBytes = kUnderSanitizers ? 1 << 20 : 96 << 10;
   ServerCache::Instance().Clear();
   files_.Select(W("a.txt"), "a");
   files_.scratch.MakeFolder(W("sub"));
