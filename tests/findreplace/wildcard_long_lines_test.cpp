@@ -103,6 +103,19 @@ TYPED_TEST(WildcardLongLinesTest, RefusesWhatTakesTooMuchMemory) {
   EXPECT_EQ(MatchesOf<TypeParam>(pattern, In<TypeParam>("aaab"), 0), (LineMatches{{0, 3}, {3, 0}}));
 }
 
+// 64 MiB, of which each place of a line, its end included, takes eight bytes for up to 63 states.
+TYPED_TEST(WildcardLongLinesTest, SearchesTheLongestLineThatTheMemoryHoldsAndRefusesOneMore) {
+  constexpr std::size_t kLongest = (std::size_t{64} << 20) / 8 - 1;
+  WildcardPattern<TypeParam> pattern(In<TypeParam>("a{2}{1,3}b"), false);
+  std::basic_string<TypeParam> line(kLongest, static_cast<TypeParam>('x'));
+  line[kLongest - 3] = line[kLongest - 2] = static_cast<TypeParam>('a');
+  line[kLongest - 1] = static_cast<TypeParam>('b');
+  EXPECT_EQ(MatchesOf<TypeParam>(pattern, line, 0), (LineMatches{{kLongest - 3, 3}}));
+  line += static_cast<TypeParam>('x');
+  const Refusal refusal = RefusalOf([&] { MatchesOf<TypeParam>(pattern, line, 0); });
+  EXPECT_EQ(refusal.code, std::regex_constants::error_complexity);
+}
+
 TEST(WideWildcardLongLinesTest, FindsWhatLineSeparatorsCut) {
   WString line;
   LineMatches wanted;

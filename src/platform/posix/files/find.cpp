@@ -18,6 +18,7 @@
 #include "platform/posix/files/name_mask.h"
 #include "platform/posix/files/path_translation.h"
 #include "platform/posix/last_error.h"
+#include "platform/posix/time/system_time.h"
 #include "platform/posix/windows_functions.h"
 
 namespace {
@@ -33,15 +34,7 @@ struct CloseFolder {
 };
 using Folder = std::unique_ptr<DIR, CloseFolder>;
 
-// 100 nanoseconds since 1601; 0 for a time that has no such number.
-FILETIME FileTimeOf(const statx_timestamp& time) {
-  constexpr std::int64_t kSecondsTo1970 = 11644473600;
-  constexpr std::int64_t kTicksPerSecond = 10000000;
-  constexpr std::int64_t kLastSecond = INT64_MAX / kTicksPerSecond - kSecondsTo1970 - 1;
-  if (time.tv_sec < -kSecondsTo1970 || time.tv_sec > kLastSecond) return {};
-  const std::int64_t ticks = (time.tv_sec + kSecondsTo1970) * kTicksPerSecond + time.tv_nsec / 100;
-  return {static_cast<DWORD>(ticks & 0xFFFFFFFF), static_cast<DWORD>(ticks >> 32)};
-}
+FILETIME FileTimeOf(const statx_timestamp& time) { return Platform::FileTimeOf(time.tv_sec, time.tv_nsec); }
 
 mode_t ModeOfType(unsigned char type) {
   switch (type) {

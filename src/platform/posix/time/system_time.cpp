@@ -18,6 +18,15 @@ constexpr std::uint64_t kLastFileTime = 0x7FFFFFFFFFFFFFFF;
 
 namespace Platform {
 
+FILETIME FileTimeOf(std::int64_t seconds, std::uint32_t nanoseconds) {
+  constexpr std::int64_t kSecondsTo1970 = kDays1601To1970 * 86400;
+  constexpr std::int64_t kUnitsOfSecond = 10000000;
+  constexpr std::int64_t kLastSecond = INT64_MAX / kUnitsOfSecond - kSecondsTo1970 - 1;
+  if (seconds < -kSecondsTo1970 || seconds > kLastSecond) return {};
+  const std::int64_t units = (seconds + kSecondsTo1970) * kUnitsOfSecond + nanoseconds / 100;
+  return {static_cast<DWORD>(units & 0xFFFFFFFF), static_cast<DWORD>(units >> 32)};
+}
+
 bool IsTimeOfDay(const SYSTEMTIME& time) {
   return time.wHour < 24 && time.wMinute < 60 && time.wSecond < 60 && time.wMilliseconds < 1000;
 }
