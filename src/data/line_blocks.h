@@ -18,8 +18,9 @@
 
 namespace WQDR {
 
-// Zero bytes behind each block: what reads on behind a line ends here (the byte behind a CR, the wide steps
-// of the scan, numbers and dates of the sorter).
+// Zero bytes after each block, where everything ends that reads past a line: the wide steps of the scan,
+// numbers and dates of the sorter, and the byte after a CR. So a CR at a block's end is a lone one, even if
+// the next block begins with its LF (C-037).
 constexpr std::uint32_t kBlockGuard = 32;
 
 using LineBlock = std::unique_ptr<char[]>;  // the block size + kBlockGuard bytes, zeros behind the data
@@ -71,7 +72,7 @@ class LineBlockReader {
       const std::uint32_t filled = Fill(carry);
       const std::uint32_t taken = Scan(filled, onLine);
       carry = filled - std::min(taken, filled);
-      // A full block without a line's end: no later one could hold the line either.
+      // The block is full and holds no line ending: no later block can hold the line either (C-038).
       if (carry == blockSize_) throw std::bad_alloc();
       if (remaining_ != 0) CarryOver(taken, carry);
     }
@@ -137,7 +138,7 @@ class LineBlockReader {
       line.endingSize = static_cast<std::uint8_t>(units * sizeof(CharT));
       onLine(line, LoadProgress{reader_.size - remaining_,
                                 remaining_ + static_cast<std::uint64_t>(end - p) * sizeof(CharT)});
-      // A lone CR ends the line and is not kept.
+      // A lone CR ends the line and is not stored (C-036).
       p = q == end ? end : q + std::max(units, 1U);
     }
     return static_cast<std::uint32_t>(reinterpret_cast<const char*>(p) - Block());

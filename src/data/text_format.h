@@ -11,7 +11,7 @@
 namespace WQDR {
 
 enum class TextFormat : int {
-  Ansi = 1,   // 8-bit text of any code page, and UTF-8 that does not say so
+  Ansi = 1,   // 8-bit text of any code page, and UTF-8 without a mark (C-035)
   Utf16 = 2,  // 16-bit little-endian text
   Utf8 = 3,   // UTF-8 by its mark or its XML declaration
   Binary = 4  // no text
@@ -21,8 +21,9 @@ enum class TextFormat : int {
 constexpr std::uint32_t kFileHeadSize = 1024;
 
 // Reads the head of a file that others may have open. The block has kFileHeadSize bytes, zeros behind the
-// `bytesRead` that were read. Throws WQDataReaderException: 2 "File not found" (whatever was the matter),
-// "Unable to open file" and "Unable to read file content" with the error of the call.
+// `bytesRead` that were read. Throws WQDataReaderException: 2 "File not found" if the attributes cannot be
+// read, for any reason (C-034), and "Unable to open file" and "Unable to read file content" with the error of
+// the call.
 std::unique_ptr<unsigned char[]> ReadFileHead(const WString& path, std::uint32_t* bytesRead);
 
 // Throws as ReadFileHead.

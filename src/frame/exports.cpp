@@ -20,7 +20,7 @@ void* CreateExtension() {
   return static_cast<Base*>(new (std::nothrow) Class());
 }
 
-// An object of another class than its index says is left alone.
+// Frees nothing if the object is of another class than its index says (C-004).
 template <typename Class>
 void DestroyPlugin(void* object) {
   delete dynamic_cast<Class*>(static_cast<IPluginInterface*>(object));

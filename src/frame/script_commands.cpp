@@ -16,7 +16,7 @@ constexpr ScriptParameter kCreateLinkParameters[] = {
   {"ASADMIN", kScriptSwitch, 0x00360063},
 };
 
-// Scripts depend on "NATRUALNUMORDER" as it is spelled.
+// Scripts depend on the spelling of "NATRUALNUMORDER" (C-006).
 constexpr ScriptParameter kSortLinesParameters[] = {
   {"FILE", kScriptRequired | kScriptText, 0x003D0063},
   {"TARGET", kScriptText, 0x003E0063},
@@ -42,7 +42,7 @@ constexpr ScriptParameter kSortLinesParameters[] = {
   {"SILENT", kScriptSwitch, 0x00520063},
 };
 
-// IGNORECASE and OVERWRITE are declared so that scripts may give them; they have no effect.
+// IGNORECASE and OVERWRITE are declared so that scripts may give them; they have no effect (C-242).
 constexpr ScriptParameter kFindAndReplaceParameters[] = {
   {"FILE", kScriptRequired | kScriptText, 0x005B0063},
   {"TARGET", kScriptText, 0x003E0063},

@@ -7,8 +7,8 @@
 
 namespace Velmora::SDK {
 
-// What GetExtensionKind answers for an extension with commands. The record's kindFlags say 0x2100: the two
-// are separate values, and the host wants each as it is.
+// What GetExtensionKind returns for an extension with commands. It is not the kindFlags of the record, which
+// are 0x2100 (C-002).
 constexpr u32 kPluginKind = 0x2000;
 
 // Command numbers that every extension with commands knows.

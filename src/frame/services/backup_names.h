@@ -14,7 +14,7 @@ constexpr std::size_t kBackupPathSize = 261;
 
 // Moves the file to its backup name: a.txt to a.txt.bak, or a.txt_(0002).bak and so on (MoveFileW). Answers
 // whether the move worked; `backupPath` gets the name, cut to 260 characters, or is left empty when all
-// names are taken. A path that does not exist is its own backup name, and its move has no effect.
+// names are taken. For a path that does not exist it gets the path itself, and nothing is moved (C-011).
 bool MoveToBackup(const WCHAR* path, std::span<WCHAR, kBackupPathSize> backupPath);
 
 // Deletes a backup under the name that MoveToBackup gave, and takes off before what would keep it: the

@@ -12,7 +12,8 @@ bool CreateFolder(const WString& path) {
   return IsFolder(attributes);
 }
 
-// Where the search for components begins that can be made: behind a drive, or behind a server and its share.
+// Returns where the search for components that can be made begins: after a drive, or after a server and its
+// share. The server of a network path ends at the first backslash from the fourth character on (C-019).
 std::size_t FirstComponent(WStringView path) {
   if (path.size() >= 3 && path.starts_with(W("\\\\"))) {
     const std::size_t server = path.find(W('\\'), 3);

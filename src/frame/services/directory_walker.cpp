@@ -9,7 +9,7 @@ constexpr WStringView kLongNetworkPrefix = W("\\\\?\\UNC\\");
 
 bool IsNetworkPath(WStringView path) { return path.starts_with(W("\\\\")); }
 
-// The long form puts the whole of a network path behind its prefix, the two backslashes included.
+// In the long form the prefix is followed by the whole network path, its two backslashes included (C-016).
 WString LongForm(WStringView path) {
   WString result(IsNetworkPath(path) ? kLongNetworkPrefix : kLongPrefix);
   return result += path;
@@ -134,7 +134,7 @@ DirectoryWalker::Code DirectoryWalker::LeaveFolder() {
   return kAgain;
 }
 
-// Goes down into the folder in `findData`.
+// Goes down into the folder in `findData`, in the plain form of its path (C-017).
 DirectoryWalker::Code DirectoryWalker::EnterFolder() {
   descendNext = false;
   const auto level = static_cast<std::size_t>(depth);

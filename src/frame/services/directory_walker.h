@@ -26,7 +26,7 @@ class DirectoryWalker {
 
   // Result codes of Next.
   enum Code : int {
-    kFile = 101,       // a file is in `findData`; under the default flags a folder too
+    kFile = 101,       // a file is in `findData`; under the default flags also a folder (C-015)
     kFolder = 102,     // a folder is in `findData`; set `descendNext` to enter it
     kFolderEnd = 120,  // the walk has left a folder
     kEnd = 200,

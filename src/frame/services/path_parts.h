@@ -10,7 +10,7 @@ struct PathParts {
   WString fileName;
 };
 
-// Fills `parts`. Of the folder at most 1024 characters are kept.
+// Fills `parts`. At most 1024 characters of the folder are kept (C-018).
 void SplitPath(PathParts& parts, WStringView path);
 
 // The folder, the file name up to its last dot (a name without a dot is taken whole) and `extension`, which
