@@ -78,7 +78,7 @@ TEST(SortedLinesWriter, DefaultEndingOfWideTextIsWide) {
   EXPECT_EQ(Written(MadeLines().None(Bytes("a\0")).WideCrLf(Bytes("b\0"))), Bytes("a\0\r\0\n\0b\0\r\0\n\0"));
 }
 
-// The test of the room is strict, and meant to be: an ending that would just fill the buffer is left out.
+// The test of the room is strict: an ending that would just fill the buffer is left out (C-128).
 TEST(SortedLinesWriter, DefaultEndingThatJustFitsIsMeantToBeLeftOut) {
   const struct {
     std::size_t free;  // behind the line without an ending

@@ -50,7 +50,7 @@ bool BeginningIsLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs
   return false;
 }
 
-// A result of the system's compare functions; 0, their failure, counts as less.
+// A result of the system's compare functions; 0, their failure, counts as less (C-108).
 bool SaysLess(int result) { return result < CSTR_EQUAL; }
 
 constexpr const WCHAR* kSystemLibrary = W("kernel32.dll");

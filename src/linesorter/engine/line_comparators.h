@@ -27,8 +27,8 @@ class LineCompare_TextBase {
   ~LineCompare_TextBase() = default;
 };
 
-// Bytes as unsigned numbers; ignoring case folds A to Z alone. Only as many as the shorter key has, and no
-// further than a zero byte: a key and its beginning are equal.
+// Bytes as unsigned numbers; ignoring case folds A to Z only. Compares as many bytes as the shorter key has,
+// so a key and its own beginning are equal (C-105), and stops at a zero byte (C-106).
 class LineCompare_OrdinalA final : public LineCompare_TextBase<char> {
  public:
   bool Compare(const char* lhs, std::uint32_t lhsLength, const char* rhs, std::uint32_t rhsLength) override;

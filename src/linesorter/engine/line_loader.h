@@ -1,7 +1,8 @@
 // From a reader's bytes to sorted line records.
 //
-// CharT is char for the byte path and WCHAR for the 16-bit path. All functions throw what the reader throws,
-// and std::bad_alloc.
+// CharT is char for the byte path and WCHAR for the 16-bit path, where a byte order mark is the first
+// character of the first line (C-102) and an odd last byte gets a zero byte (C-103). All functions throw what
+// the reader throws, and std::bad_alloc.
 #pragma once
 
 #include <memory>

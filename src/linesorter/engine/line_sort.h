@@ -21,7 +21,8 @@ LineRange MovableRange(const std::vector<SortLine>& lines, const SortLinesOption
 // Brings the range into the order that std::stable_sort makes of it with the rule that the options choose:
 // numericKey, or a comparator over the keys. Where comparing bytes is not transitive (a key equals its own
 // beginning) the order is still exactly the one that std::stable_sort makes. Takes the fast way where there
-// is one and memory allows. Then reverses the range if that is asked for. CharT is char or WCHAR.
+// is one and memory allows. Then reverses the range if that is asked for, lines with equal keys too (C-124).
+// Does nothing to an empty range (C-135). CharT is char or WCHAR.
 template <typename CharT>
 void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options);
 
@@ -37,7 +38,8 @@ template <typename CharT>
 std::optional<LineOrder> FindLineOrder(const std::vector<SortLine>& lines, LineRange range,
                                        const SortLinesOptions& options);
 
-// Removes the records of the range that have no text, whatever their ending. The others keep their order.
+// Removes the records of the range that have no text, whatever their ending; a blank is text (C-126). The
+// others keep their order.
 void RemoveBlankLines(std::vector<SortLine>& lines, LineRange range);
 
 // The same in an order of the lines.

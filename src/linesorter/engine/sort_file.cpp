@@ -33,6 +33,7 @@ void SortTextFile(const WString& source, const WString& target, const SortLinesO
   const OrderedLines ordered = LoadFile<CharT>(source, options);
   if (has(SaveAsNewFile) && !has(SaveOverwrite)) RefuseExisting(target);
   std::array<WCHAR, kBackupPathSize> backup = {};
+  // The sort goes on if the backup cannot be made (C-132).
   if (has(SaveKeepBackup | SaveDeleteBackup)) MoveToBackup(target.c_str(), backup);
   const std::vector<SortLine>& lines = ordered.data->lines;
   if (ordered.order) {
@@ -40,8 +41,8 @@ void SortTextFile(const WString& source, const WString& target, const SortLinesO
   } else {
     WriteSortedLines(target, lines, has(SaveOverwrite));
   }
-  // A target that was not there is its own backup, so it is deleted once it is written. It is meant. But the
-  // source is there: where it seems not to be, its lines would be lost.
+  // If the target did not exist, MoveToBackup returned the target's own path, so this deletes the file just
+  // written (C-131). The source is never deleted: it exists, even if it could not be seen for a moment.
   if (has(SaveDeleteBackup) && source != backup.data()) DeleteBackup(backup);
 }
 

@@ -17,7 +17,7 @@ struct SortResult {
 // Answers 0, or the error number that stands in `result` with its text. Nothing is rolled back: a write that
 // fails leaves the partial target, and the backup if one was made.
 //
-// 1630 "Text format not supported": neither bytes nor 16-bit text. 80 "Target file already exists":
+// 1630 "Text format not supported": UTF-8 that says so (C-101), or binary. 80 "Target file already exists":
 // SaveAsNewFile without SaveOverwrite. 14: no memory, or a line too long to load. 87 "Unsupported date
 // format". Others as the readers, the detection and the writer say. std exceptions of other kinds pass.
 DWORD SortFile(SortResult& result, const WString& source, const WString& target,

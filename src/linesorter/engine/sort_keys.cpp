@@ -50,7 +50,7 @@ class KeyPass {
       while (key.StartsInside() && IsBlank(key.text[key.start])) ++key.start;
     }
     line.keyLength = 0;
-    // The entire line has no value: all lines count as equal under number and date.
+    // The entire line has no value: all lines are equal by number and by date (C-109).
     if (!Has(SortByLine)) {
       if (Has(SortBySubstring)) {
         line.keyLength = SubstringLength(key);
@@ -88,7 +88,7 @@ class KeyPass {
     return 0;
   }
 
-  // Items count from 1; item 0, or one behind the last, leaves the start at the end.
+  // Items count from 1; item 0, or one after the last, leaves the start at the end (C-111).
   void SkipToItem(LineText<CharT>& key) const {
     for (std::uint32_t item = 1; key.StartsInside() && item != options_.lineItem; ++key.start) {
       if (key.text[key.start] == matchChar_) ++item;
@@ -99,12 +99,12 @@ class KeyPass {
     if (key.start > key.end) return 0;
     const CharT* const text = key.text + key.start;
     const CharT* end;
-    // Longer numbers than the buffer holds are cut.
+    // Longer numbers than the buffer holds are cut (C-114).
     constexpr std::uint64_t kLongest = 63;
     const auto limit = static_cast<std::size_t>(
         std::min({key.end - key.start, static_cast<std::uint64_t>(options_.subStringLen), kLongest}));
-    // Without a limit the number is read in place, on behind the line's end if white space leads there. It is
-    // meant: an empty line has the number of the next one.
+    // Without a limit the number is read in place, and past the line's end if white space leads there: an
+    // empty line has the number of the next line (C-112).
     if (limit == 0) return reader_.template Read<std::int64_t>(text, &end);
     CharT buffer[kLongest + 1];
     std::copy_n(text, limit, buffer);
@@ -114,8 +114,10 @@ class KeyPass {
 
   std::int64_t Date(const LineText<CharT>& key) {
     static constexpr CharT kEmpty[2] = {};
+    // Reads past the line's end as well (C-113). The result of the parser does not matter (C-115).
     std::tm date = {};
     ParseDate(key.start > key.end ? kEmpty : key.text + key.start, options_.dateFormat, &date, reader_);
+    // Some formats leave an absolute year (C-123).
     if (date.tm_year > 1900) date.tm_year -= 1900;
     return _mktime64(&date);
   }

@@ -21,10 +21,10 @@ struct KeyText {
   std::uint32_t length;
 };
 
-// On the byte path text + keyOffset, over keyLength or, if that is 0, to the line's end. On the 16-bit path
-// the offset counts bytes and not characters, and the length (characters, or bytes to the line's end) is
-// halved: this is meant, and the order of existing scripts depends on it. An offset behind the line's end is
-// an empty key.
+// On the byte path the key begins at text + keyOffset and has keyLength characters or, if that is 0, goes to
+// the line's end (C-110). On the 16-bit path the offset counts bytes and not characters, and the length
+// (characters, or bytes to the line's end) is halved (C-104). An offset past the line's end gives an empty
+// key.
 template <typename CharT>
 KeyText<CharT> KeyOf(const SortLine& line) {
   const char* const start = line.text + std::min(line.keyOffset, line.length);

@@ -18,9 +18,9 @@ enum SortLinesOption : std::uint32_t {
   SortAsDate = 0x00000200,
   SortLanguageAware = 0x00000800,
   SortReverse = 0x00001000,           // the sorted range is turned round
-  SortIgnoreCase = 0x00002000,        // in ordinal comparison; language-aware comparison always does
+  SortIgnoreCase = 0x00002000,        // in ordinal comparison; language-aware comparison always does (C-107)
   SortNaturalNumbers = 0x00008000,    // digit runs by value, in language-aware comparison only
-  SortRemoveDuplicates = 0x00020000,  // kept for the dialog's box; nothing reads it
+  SortRemoveDuplicates = 0x00020000,  // kept for the dialog's box; nothing reads it (C-125)
   SortRemoveBlank = 0x00040000,
   SortNoCompareStringEx = 0x00080000,  // CompareStringEx is not looked up; nothing sets it
   SortSkipLeadingSpace = 0x00100000,   // blanks and tabs at the key's start are skipped
@@ -38,7 +38,7 @@ struct SortLinesOptions {
   std::uint32_t keepLinesTop = 0;     // lines at the start that stay in place
   std::uint32_t keepLinesBottom = 0;  // lines at the end that stay in place
   std::uint32_t lineOffset = 0;       // where the key may start, zero-based
-  std::uint32_t subStringLen = 0;     // 0 for none; limits numbers too
+  std::uint32_t subStringLen = 0;     // 0 for none; limits numbers whatever the key is (C-114)
   std::uint16_t matchChar = 0;        // end character or item separator of 16-bit text
   std::uint8_t matchCharA = 0;        // the same for byte text
   char dateFormat[129] = {};          // zero-terminated, in the thread's code page

@@ -108,7 +108,7 @@ void WriteLines(const WString& target, const Lines& lines, bool replace) {
     }
     const SortLine& line = lines[i];
     output.Append({line.text, std::size_t{line.length} + line.endingSize});
-    // Strictly less, and meant so: an ending that would just fit is left out and the line runs into the next.
+    // Strictly less: an ending that would just fit is left out, and the line runs into the next one (C-128).
     if (line.endingSize == 0 && defaultEnding.size() < output.Room()) output.Append(defaultEnding);
   }
   output.Flush();

@@ -234,8 +234,8 @@ class SortLinesDlg : public Ui::Dialog {
                       [this](TextId id) { return form_.enabled.dateFormat ? texts_(id) : nullptr; });
   }
 
-  // What the rules have left of a text, unless that is all of it. The caret goes in front of it: the next end
-  // character typed takes the place of the first, which is meant.
+  // Puts back what the rules have left of a text, unless that is all of it. The caret goes in front of it, so
+  // the next end character typed takes the place of the first (C-140).
   void ShowText(int number, const WString& text) {
     const HWND control = Control(number);
     if (Ui::GetText(control) == text) return;

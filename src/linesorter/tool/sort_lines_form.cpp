@@ -54,8 +54,8 @@ struct BoxRow {
   Stored stored;
 };
 
-// The natural order has an effect together with the language-aware order alone, and is never stored with it:
-// this is meant, the dialog does not reach it and scripts do.
+// Natural order has an effect with language-aware order only, and is never stored with it: the dialog does
+// not reach it, and scripts do (C-136).
 constexpr BoxRow kBoxes[] = {
     {&SortLinesForm::skipLeadingSpace, SortSkipLeadingSpace, Stored::kIfChecked},
     {&SortLinesForm::languageAware, SortLanguageAware, Stored::kIfChecked},
@@ -84,7 +84,7 @@ std::uint32_t ReadNumber(const WString& text) {
   return static_cast<std::uint32_t>(std::clamp<std::int64_t>(value, 0, kMost));
 }
 
-// Positions are shown from 1; 0 is taken for 1.
+// Positions count from 1; 0 is the same as 1 (C-144).
 std::uint32_t ReadPosition(const WString& text) {
   const std::uint32_t position = ReadNumber(text);
   return position > 0 ? position - 1 : 0;
@@ -128,7 +128,7 @@ void FollowSubstringFields(SortLinesForm& form) {
   SortLinesEnabled& enabled = form.enabled;
   const bool hasLength = !form.length.empty();
   const bool hasEnd = !form.endCharacter.empty();
-  // Options can fill both fields, and then they stay as they are, which is meant.
+  // Stored options can fill both fields, and then no field changes (C-137).
   if (!form.endAtWhitespace && hasLength && hasEnd) return;
   enabled.length = !form.endAtWhitespace && !hasEnd;
   enabled.endCharacter = !form.endAtWhitespace && !hasLength;
@@ -136,7 +136,7 @@ void FollowSubstringFields(SortLinesForm& form) {
 }
 
 void FollowSortBy(SortLinesForm& form) {
-  // The substring's choice leaves the fields of the item as they are, which is meant.
+  // Choosing the substring leaves the fields of the item as they are (C-138).
   if (form.sortBy == SortBySubstring) return FollowSubstringFields(form);
   if (form.sortBy != SortByLine && form.sortBy != SortByItem) return;
   SortLinesEnabled& enabled = form.enabled;
@@ -168,7 +168,7 @@ void LoadKeyFields(SortLinesForm& form) {
 }
 
 void ReadSubstring(const SortLinesForm& form, SortLinesOptions& options) {
-  // The length stays what it was unless the field says another, which is meant.
+  // The length keeps its old value unless the field decides (C-139).
   if (!form.endCharacter.empty()) {
     options.options |= SortEndAtChar;
     SetMatchChar(options, form.endCharacter.front());

@@ -74,8 +74,8 @@ void StartForm(SortLinesForm& form);
 // numbers their digits, suggests a target name.
 void FollowChanges(SortLinesForm& form, const SortLinesForm& before);
 
-// The options that the fields stand for. What they do not say is as in form.options. Throws as Stoi for a
-// length that is no number.
+// The options of the fields. What no field says is as in form.options, such as the date format under another
+// sort method (C-141). Throws as Stoi for a length that is no number.
 SortLinesOptions ReadOptions(const SortLinesForm& form);
 
 // The line of character positions above the sample, with asterisks where the key lies.

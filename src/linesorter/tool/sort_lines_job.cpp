@@ -29,7 +29,7 @@ TargetAnswer AskAboutTarget(SortLinesJob& job, const WString& target) {
   return AskAboutTarget(job.host, target, TargetRule{kTextSortTitle, has(SortSilent), has(SaveOverwrite)});
 }
 
-// What becomes of the files. The skipped ones are in neither list.
+// What becomes of the files. The skipped ones are in neither list (C-134).
 struct Outcome {
   explicit Outcome(IHostApp& host) : failed(host.CreateFileList()), sorted(host.CreateFileList()) {}
 
@@ -52,6 +52,7 @@ bool RunOne(SortLinesJob& job, IHostFileItem& item, Outcome& outcome) {
       return false;
     case TargetAnswer::kSkip:
       ++outcome.notSorted;
+      // The log lines are spelled so (C-146).
       host.LogMessage(kLogCategory, kLogInformation, W("[SortLines] - Skipped to sortline in file : %s"),
                       source.c_str());
       return true;

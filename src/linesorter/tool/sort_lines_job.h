@@ -9,7 +9,7 @@ namespace WQLineSorter {
 struct SortLinesJob {
   Velmora::SDK::IHostApp& host;
   Velmora::SDK::IHostFileList* files;
-  SortLinesOptions options;  // SaveOverwrite is set by the first yes, for all later files
+  SortLinesOptions options;  // SaveOverwrite is set by the first yes, for all later files (C-133)
   WString targetPattern;     // of BuildTargetName
   bool ownsFiles;            // the list is released at the end of the run
 };

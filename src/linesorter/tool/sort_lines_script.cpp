@@ -37,7 +37,7 @@ constexpr NumberParameter kKeptLines[] = {
   {"KEEPBOTTOM", &SortLinesOptions::keepLinesBottom},
 };
 
-// Scripts depend on "NATRUALNUMORDER" as it is spelled.
+// Scripts depend on the spelling of "NATRUALNUMORDER" (C-006).
 constexpr ScriptSwitch kSwitches[] = {
   {"SKIPLEADINGSPACE", SortSkipLeadingSpace},
   {"IGNORECASE", SortIgnoreCase},
@@ -47,7 +47,7 @@ constexpr ScriptSwitch kSwitches[] = {
   {"OVERWRITE", SaveOverwrite},
 };
 
-// The first one given; without one a new file is written.
+// The first one given counts; without one a new file is written (C-010).
 constexpr ScriptSwitch kSaveModes[] = {
   {"KEEPBACKUP", SaveKeepBackup},
   {"DELETE", SaveDeleteBackup},
@@ -57,13 +57,13 @@ constexpr ScriptSwitch kSaveModes[] = {
 // Of the date format in the record.
 constexpr std::size_t kMostDateFormatBytes = 127;
 
-// 0 for a number that is absent or empty.
+// Returns 0 for a number that is absent or empty. A negative one wraps round (C-145).
 std::uint32_t NumberOf(IHostCommandCall& call, const char* name) {
   const WString value = ScriptValue(call, name).value_or(WString());
   return value.empty() ? 0 : static_cast<std::uint32_t>(Stoi(value));
 }
 
-// The first character of the text; the zero character for an empty one.
+// Stores the first character of the text; the zero character for an empty one (C-143).
 void SetFirstMatchChar(SortLinesOptions& options, const WString& text) {
   SetMatchChar(options, text.c_str()[0]);
 }
@@ -84,7 +84,7 @@ void ReadItem(IHostCommandCall& call, SortLinesOptions& options) {
   options.lineItem = NumberOf(call, "ITEM");
 }
 
-// A word that is none of the three sorts by no key of its own: this is meant.
+// A word that is none of the three sets no key (C-142).
 void ReadSortBy(IHostCommandCall& call, SortLinesOptions& options) {
   const WString word = ScriptValue(call, "SORTBY").value_or(WString());
   const std::uint32_t sortBy = word.empty() ? SortByLine : FindScriptWord(word, kSortBy).value_or(0);
@@ -95,7 +95,7 @@ void ReadSortBy(IHostCommandCall& call, SortLinesOptions& options) {
 
 void ReadPositions(IHostCommandCall& call, SortLinesOptions& options) {
   for (const NumberParameter& row : kKeptLines) options.*row.field = NumberOf(call, row.name);
-  const std::uint32_t lineOffset = NumberOf(call, "LINEOFFSET");  // from 1; 0 means the same
+  const std::uint32_t lineOffset = NumberOf(call, "LINEOFFSET");  // from 1; 0 is the same as 1 (C-144)
   options.lineOffset = lineOffset == 0 ? 0 : lineOffset - 1;
 }
 
@@ -133,7 +133,7 @@ s32 SortLinesScript(IHostApp& host, IHostCommandCall& call) {
     host.LogMessage(0, kLogError, W("[Custom Cmd - SortLines] - FILE : %s not found"), path->c_str());
     return 0;
   }
-  // An empty target is handed on as it stands, and the job refuses it: this is meant.
+  // An empty target is the folder itself, and the job refuses it (C-007).
   SortLinesJob job{host, file.List(), ReadSortLinesParameters(call), std::move(*target), false};
   RunSortLinesJob(job);
   return 1;
