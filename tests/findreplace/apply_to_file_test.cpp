@@ -83,6 +83,18 @@ TEST(ApplyToFile, TextsAreTakenIntoTheFilesOwnBytes) {
                                               run.Begin(), "ask 2", "end"));
 }
 
+TEST(ApplyToFile, CharactersThatTheCodePageLacksBecomeQuestionMarks) {
+  FileRun run;
+  EXPECT_EQ(run.RunOn("plain text.\n", kNew, W("text"), W("\u4E2D"), W("1")), 1);
+  EXPECT_EQ(run.scratch.Read(W("1")), "plain ?.\n");
+  // So a character that no such file can hold finds the question marks.
+  EXPECT_EQ(run.RunOn("plain ?.\n", kNew, W("\u4E2D"), W("x"), W("2")), 1);
+  EXPECT_EQ(run.scratch.Read(W("2")), "plain x.\n");
+  // UTF-8 lacks none.
+  EXPECT_EQ(run.RunOn("\xEF\xBB\xBFtext.\n", kNew, W("text"), W("\u4E2D"), W("3")), 1);
+  EXPECT_EQ(run.scratch.Read(W("3")), "\xEF\xBB\xBF\xE4\xB8\xAD.\n");
+}
+
 TEST(ApplyToFile, OneSetOfOptionsServesFilesOfAllEncodings) {
   const ScratchFolder scratch;
   FindAndReplaceOptions options = Options(ModeMany | KeepBackup, W("\u00FC\na"), W("\u00E4\nc"));
