@@ -68,7 +68,7 @@ TYPED_TEST(Multiline, LinesInsertedIntoAFileWithoutAnEndingHaveTheirOwn) {
   EXPECT_EQ(this->Replaced("1a", "a", "x\ny"), "1x\ny\n");
 }
 
-// The rest of the line is lost and the middle is doubled: this is meant.
+// The rest of the line is lost and the middle is doubled (C-224).
 TYPED_TEST(Multiline, OneLineByThreeLines) {
   EXPECT_EQ(this->Replaced("1a2\n", "a", "x\ny\nz"), "1x\ny\nz\ny\n");
   EXPECT_EQ(this->changes, 1u);

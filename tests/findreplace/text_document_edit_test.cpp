@@ -58,7 +58,7 @@ TYPED_TEST(TextDocumentEdit, TextBehindWhichALineWasInsertedTakesNoNewTextAsIsMe
 }
 
 TYPED_TEST(TextDocumentEdit, StretchThatEndsBeforeItBeginsStaysOnlyWhereItsLengthIsTheText) {
-  // The length is compared with the start less the end: this is meant.
+  // The length is compared with the start less the end (C-226).
   this->Load("abcd\n");
   EXPECT_TRUE(this->ReplaceInLine(0, 3, 1, "xy"));
   EXPECT_EQ(this->Text(), "abcd\n");
@@ -250,7 +250,7 @@ TYPED_TEST(TextDocumentEdit, RangeThatEndsWithItsLineTakesLinesToo) {
   EXPECT_EQ(this->Replaced("1a\n3\n", InLine(0, 1, 2), "x\ny\nz"), "1x\ny\nz\ny\n3\n");
 }
 
-// The lines come twice and the rest of the file's line goes: this is meant.
+// The lines come twice and the rest of the file's line is lost (C-224).
 TYPED_TEST(TextDocumentEdit, RangeOfOneLineByThreeLinesOrMoreRepeatsTheMiddleAndLosesTheTail) {
   EXPECT_EQ(this->Replaced("1a2\n3\n", InLine(0, 1, 2), "x\ny\nz"), "1x\ny\nz\ny\n3\n");
   EXPECT_EQ(this->Replaced("1a2\n3\n", InLine(0, 1, 2), "x\ny\nz\nw"), "1x\ny\nz\nw\ny\nz\n3\n");

@@ -19,7 +19,7 @@ enum FindAndReplaceFlag : std::uint32_t {
   ModeMultiline = 0x00000008,  // a block of consecutive lines
   IgnoreCase = 0x00000100,
   ReplaceAll = 0x00000200,      // no confirmation
-  RegExp = 0x00000400,          // stored and shown; nothing reads it
+  RegExp = 0x00000400,          // stored and shown; nothing reads it (C-214)
   ForceUtf8 = 0x00000800,       // plain 8-bit text is handled as UTF-8
   Silent = 0x00001000,          // no dialogs at all
   Wildcard = 0x00002000,        // the find text holds ? and *

@@ -41,11 +41,11 @@ ItemSearch<CharT>::ItemSearch(const TextDocumentT<CharT>& document, std::uint32_
 
 template <typename CharT>
 bool ItemSearch<CharT>::Next(TextPosition position, LineMatch& match) {
-  if (FindLineEndIn(text_) != text_.npos) return false;  // no line holds it
+  if (FindLineEndIn(text_) != text_.npos) return false;  // no line holds it (C-210)
   return text_.empty() ? NextInLines(position, match) : NextInBlocks(position, match);
 }
 
-// Whether a zero character ends the search before a column is reached.
+// Whether a zero character ends the search before a column is reached (C-203).
 template <typename CharT>
 bool ItemSearch<CharT>::IsHiddenByZero(const TextLine& line, std::uint32_t from, std::uint32_t column) const {
   return !ignoreCase_ && HasZero(FileText<CharT>(line) + from, column - from + 1);

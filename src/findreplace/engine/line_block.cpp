@@ -18,7 +18,7 @@ bool FindItem(const TextDocumentT<CharT>& document, std::uint32_t line, const Li
          FindInLine(document, match, line, 0, TextOf<CharT>(item), LengthOf<CharT>(item), ignoreCase);
 }
 
-// The check stops short of the last two middle lines, so that of up to two any text passes: this is meant.
+// Does not compare the last two middle lines, so up to two middle lines match any text (C-222).
 template <typename CharT>
 bool MiddleLinesMatch(const TextDocumentT<CharT>& document, std::uint32_t firstLine, const Lines& findLines,
                       bool ignoreCase) {

@@ -1,7 +1,7 @@
 // How a text is found in one line, how a pass goes through a document, and how a block of lines is found.
 //
-// All searches look at the text of the file, never at the text that earlier replacements left. Lengths and
-// columns are in characters of CharT. CharT is char or WCHAR.
+// All searches go through the text of the file, never through the text that earlier replacements left
+// (C-201). Lengths and columns are in characters of CharT. CharT is char or WCHAR.
 #pragma once
 
 #include <cstdint>
@@ -26,9 +26,9 @@ enum LineMatching : std::uint32_t { kMatchPlain = 1, kMatchWildcard = 2 };
 // Searches `text` in a line from `column` on. A length of 0 measures the text up to its terminator, but the
 // match found has length 0 all the same. A removed line has no match.
 //
-// Case-sensitive: a zero character in the line ends the search. Ignoring case (A to Z alone): zeros do not
-// matter, and after a comparison that failed the scan goes on behind the character that failed, so that "aab"
-// is not found in "aaab".
+// Case-sensitive: a zero character in the line ends the search (C-203). Ignoring case, for A to Z only
+// (C-204): zeros do not matter, and after a failed comparison the scan goes on after the character that
+// failed, so "aab" is not found in "aaab" (C-202).
 template <typename CharT>
 bool FindInLine(const TextDocumentT<CharT>& document, LineMatch& match, std::uint32_t line,
                 std::uint32_t column, const CharT* text, std::uint32_t length, bool ignoreCase);
@@ -41,15 +41,15 @@ bool FindRegexInLine(TextDocumentT<CharT>& document, LineMatch& match, std::uint
 
 // One pass of one item over the document: finds, asks the callback where there is one, replaces and counts.
 // Throws WQDataReaderException: 87 "Unsupported line matching options", 87 "Text part not found" (also for an
-// empty match), 1223 "Operation cancelled by user".
+// empty match, C-208), 1223 "Operation cancelled by user".
 template <typename CharT>
 void FindAndReplaceInLines(TextDocumentT<CharT>& document, const CharT* find, std::uint32_t findLength,
                            const CharT* replace, std::uint32_t replaceLength, bool ignoreCase,
                            std::uint32_t matching, IFindAndReplaceCallback* callback);
 
-// Searches consecutive lines that hold the items of `findLines`, from a position on. The first item may stand
-// anywhere in its line and need not reach its end; the last one stands at its line's start. Of the middle
-// lines, the last two are not compared: this is meant.
+// Searches consecutive lines that hold the items of `findLines`, from a position on. The first item may be
+// anywhere in its line and need not reach the line's end (C-221); the last one begins its line. The last two
+// of the middle lines are not compared (C-222).
 template <typename CharT>
 void FindLineBlock(const TextDocumentT<CharT>& document, LineMatch& match, const Lines& findLines,
                    const TextPosition& startPosition, bool ignoreCase);

@@ -15,6 +15,7 @@ namespace {
   throw WQDR::WQDataReaderException(ERROR_INVALID_PARAMETER, text);
 }
 
+// The texts are spelled so (C-212).
 constexpr const char* kTooFewItems = "To few find items. Atleast one must be set";
 constexpr const char* kItemsDoNotMatch = "Find and Replace item do not match";
 constexpr const char* kTooShort = "Find match are too short. Atleast one character need";
@@ -50,7 +51,7 @@ class ModeRun {
         replace_(replace),
         ignoreCase_((options.flags & IgnoreCase) != 0) {}
 
-  // The first mode that is set, in this order.
+  // The first mode that is set, in this order (C-213).
   void Run() {
     const std::uint32_t flags = options_.flags;
     if ((flags & ModeMultiline) != 0) return RunMultiline();
@@ -89,7 +90,7 @@ class ModeRun {
 
   void RunOne() {
     const bool hasFind = !FindItems().empty();
-    // An empty find text with a replace text does nothing, and is no error: this is meant.
+    // An empty find text with a replace text does nothing and is not an error (C-211).
     if (!hasFind && !ReplaceItems().empty()) return;
     const Text find = hasFind ? Copied(FindItems().front()) : Text(find_);
     if (find.empty()) ThrowBadTexts(kTooShort);
@@ -98,7 +99,8 @@ class ModeRun {
             static_cast<std::uint32_t>(replace.size()));
   }
 
-  // All passes look at the file's text, so an item may find what an earlier one has replaced, and fail.
+  // All passes search the file's text, so an item may find what an earlier one has replaced, and fail
+  // (C-201).
   void RunMany() {
     const std::vector<LineItem>& finds = FindItems();
     const std::vector<LineItem>& replaces = ReplaceItems();
@@ -118,6 +120,7 @@ class ModeRun {
     }
   }
 
+  // Wildcards have no meaning here (C-228).
   void RunMultiline() {
     const std::shared_ptr<Lines> find = Split(find_);
     const std::shared_ptr<Lines> replace = Split(replace_);

@@ -10,8 +10,9 @@ namespace QXFindAndReplace {
 
 namespace {
 
-// A text with a line end in it matches no line: it is only judged. In a list each text goes on through all
-// that follow, so most of it has been judged before; then its own beginning is what is left to judge.
+// A text with a line end in it matches no line: it is only judged. In a list each text (C-209) goes on
+// through all that follow, so most of it has been judged before; then its own beginning is what is left to
+// judge.
 template <typename CharT>
 void JudgeListText(TextDocumentT<CharT>& document, std::basic_string_view<CharT> find, std::size_t lineEnd,
                    bool ignoreCase) {

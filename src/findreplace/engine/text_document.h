@@ -79,8 +79,8 @@ class TextDocumentT {
 
   // Replaces a range, of one line or of several, by the lines of `replacement`, and counts it as one change.
   // Throws as ReplaceInLine; std::out_of_range, "invalid vector<T> subscript", for a replacement without
-  // lines or a start line that is not there; WQDataReaderException, 87, "Line index out of range", for the
-  // end line.
+  // lines (C-227) or a start line that is not there; WQDataReaderException, 87, "Line index out of range",
+  // for the end line.
   void ReplaceRange(const TextRange& range, const Lines& replacement);
 
   // Writes the text as it stands now, with the writer's line ending behind each line that has one. Answers
@@ -95,7 +95,7 @@ class TextDocumentT {
 
   std::uint32_t GetLineCount() const { return static_cast<std::uint32_t>(lines.size()); }
 
-  // The ending that the whole output has: that of the first line with one, or LF.
+  // The ending of the whole output: that of the first line with one, or LF (C-229).
   LineEnding GetEndingForOutput() const;
 
   std::vector<WQDR::LineBlock> blocks;  // the file

@@ -65,8 +65,9 @@ bool TextDocumentT<CharT>::ReplaceInLine(std::uint32_t lineNumber, std::uint32_t
   const std::uint64_t end = std::uint64_t{endColumn} * sizeof(CharT);
   if (start >= line.fileLength) ThrowNoPart();
   TextPart& part = FindPart(line, line.text + start);
-  // The subtraction is the wrong way about, and holds for nothing but an empty text in place of an empty
-  // stretch: this is meant. A text of equal length takes the long way like any other.
+  // The subtraction is reversed. It holds for an empty text in place of an empty stretch, and for a stretch
+  // that ends before it begins by as much as the text is long; nothing changes then. A text as long as its
+  // stretch is replaced like any other (C-226).
   if (length * static_cast<std::uint32_t>(sizeof(CharT)) == static_cast<std::uint32_t>(start - end))
     return true;
   const auto offset = static_cast<std::uint32_t>(line.text + start - part.text);
@@ -74,7 +75,7 @@ bool TextDocumentT<CharT>::ReplaceInLine(std::uint32_t lineNumber, std::uint32_t
 
   const std::size_t bytes = std::size_t{length} * sizeof(CharT);
   const char* const copy = insertedTexts.Copy(text, bytes, 2);
-  // Behind a part that an inserted line follows, the new text is not linked: this is meant.
+  // If the part is followed by an inserted line, the new text is not linked (C-225).
   const bool isLinked = part.lineFollows == 0;
   TextPart& tail = Cut(line, part, offset, line.text + end);
   if (!isLinked) return true;
@@ -112,8 +113,8 @@ TextPart& TextDocumentT<CharT>::AppendLines(TextPart& behind, const Lines& repla
   return *last;
 }
 
-// Inserts the lines of a replacement behind its first, at an offset of a line's file text. The text behind
-// the offset goes on behind a single line; behind several it is lost: this is meant.
+// Inserts all lines of a replacement but the first, at an offset of a line's file text. The text after the
+// offset follows a single inserted line; with several it is lost (C-224).
 template <typename CharT>
 void TextDocumentT<CharT>::InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement) {
   const char* const address = line.text + offset;
@@ -153,10 +154,10 @@ void TextDocumentT<CharT>::ReplaceRange(const TextRange& range, const Lines& rep
   }
   for (std::uint32_t number = range.start.line + 1; number < range.end.line; ++number)
     lines[number].removed = 1;
-  // Within one line this repeats lines that stand there already: this is meant.
+  // Within one line this repeats lines that are there already (C-224).
   if (count > 2)
     AppendLines(LastPart(FirstPartAt(line, line.text + line.fileLength)), replacement, 1, count - 1);
-  // A single line leaves the beginning of the end line as it is: this is meant.
+  // A replacement of one line leaves the beginning of the end line as it is (C-223).
   if (spansLines && count > 1) isChanged = replace(range.end.line, 0, range.end.column, items.back());
   if (isChanged) ++changeCount;
 }

@@ -19,7 +19,7 @@
 
 namespace QXFindAndReplace {
 
-// Both cases of a letter of A to Z count as one character; all others keep their identity.
+// Both cases of a letter of A to Z count as one character; all others are different ones (C-204).
 template <typename CharT>
 constexpr CharT FoldCase(CharT c) {
   return c >= 'a' && c <= 'z' ? static_cast<CharT>(c - 'a' + 'A') : c;
@@ -141,9 +141,9 @@ const CharT* FindCharIgnoringCase(const CharT* p, const CharT* end, CharT c) {
   return end;
 }
 
-// The scan that ignores case: after a comparison that failed it goes on one character behind the one that
-// failed, and not behind where the comparison began, so that "aab" is not found in "aaab". This is meant.
-// `text` has at least one character.
+// The scan that ignores case. After a failed comparison it goes on after the character that failed, and not
+// after the start of the comparison, so "aab" is not found in "aaab" (C-202). `text` has at least one
+// character.
 template <typename CharT>
 const CharT* ScanIgnoringCase(const CharT* p, const CharT* end, const CharT* text, std::size_t length) {
   for (;;) {

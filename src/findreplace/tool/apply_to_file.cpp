@@ -20,8 +20,9 @@ namespace {
 using WQDR::TextFormat;
 using WQDR::WQDataReaderException;
 
-// A text in the bytes of a document. Characters that an ANSI code page lacks become others there: this is
-// meant. But a text that is lost altogether would find or delete what nobody asked for.
+// Returns a text in the bytes of a document. Characters that an ANSI code page lacks become others there
+// (C-231). Throws if nothing is left of a text, since an empty one would find or delete what nobody asked
+// for.
 std::string InFormat(const WString& text, TextFormat format) {
   std::string bytes = WQDR::ToCodePage(format == TextFormat::Utf8 ? CP_UTF8 : CP_THREAD_ACP, text);
   if (bytes.empty() && !text.empty()) throw WQDataReaderException(GetLastError(), "Failed to convert text");
@@ -61,8 +62,8 @@ class TargetWriter final : public WQDR::DataWriter {
     file_.Write(data, size, written);
   }
 
-  // Once all is written. A target that was not there is its own backup by name and has moved nowhere: what
-  // was written stays.
+  // Once all is written. If the target did not exist, MoveToBackup returned the target's own path (C-011) and
+  // moved nothing, so the file just written stays, unlike in the sorter (C-131).
   void DropBackup() {
     if (hasMoved_ && Has(ReplaceFile)) DeleteBackup(backup_);
   }
@@ -94,7 +95,7 @@ std::int64_t ApplyToText(const WString& source, const WString& target, FindAndRe
   const auto document = TextDocumentLoader().Load<CharT>(reader, format);
   Replace(*document, options);
   reader.Close();
-  // Asked before the changes are counted: a block of lines that was cancelled counts as one change.
+  // Asked before the changes are counted: a cancelled Multiline run counts as one change (C-233).
   if (options.callback && options.callback->IsCancelled()) return 1;
   if (document->changeCount == 0) return 0;
   WriteTarget(*document, target, options.flags);

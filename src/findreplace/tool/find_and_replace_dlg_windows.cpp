@@ -49,7 +49,7 @@ constexpr Ui::ComboRow kModeRows[] = {
 
 using Form = FindAndReplaceForm;
 
-// Texts may be longer than what is kept of them: the rest is cut off without a word, which is meant.
+// Texts may be longer than what is kept of them: the rest is cut off without a message (C-240).
 constexpr Ui::Field<Form> kFields[] = {
     {QX_FIND_SAVE_MODE, &Form::saveMode},
     {QX_FIND_NAME, &Form::targetName},

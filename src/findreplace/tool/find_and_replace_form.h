@@ -9,7 +9,8 @@
 namespace QXFindAndReplace {
 
 struct FindAndReplaceForm {
-  // Characters that the find text, the replace text and the file name keep; what is longer is cut off.
+  // Characters that the find text, the replace text and the file name keep; what is longer is cut off
+  // (C-240).
   static constexpr std::size_t kMostChars = 1023;
 
   // What the dialog is about.
@@ -40,8 +41,8 @@ void StartForm(FindAndReplaceForm& form);
 // suggested, for several files as a pattern; otherwise the start name stands and cannot be changed.
 void FollowChanges(FindAndReplaceForm& form, const FindAndReplaceForm& before);
 
-// The options that the fields stand for. A target may never be overwritten without a question, whatever the
-// flags were before.
+// The options of the fields. A target may never be overwritten without a question, whatever the flags were
+// before (C-241).
 FindAndReplaceOptions ReadOptions(const FindAndReplaceForm& form);
 
 // The name of the target as the run is given it.

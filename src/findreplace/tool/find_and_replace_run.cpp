@@ -21,7 +21,7 @@ constexpr u32 kFailedFiles = 1;
 
 constexpr u32 kLogCategory = 0;
 
-// All lines of a run, failures too, are information: this is meant. The errors have lines of their own.
+// All lines of a run have the level of information, failures too (C-234). The errors have lines of their own.
 template <typename... Arguments>
 void Log(IHostApp& host, const WCHAR* format, Arguments... arguments) {
   host.LogMessage(kLogCategory, kLogInformation, format, arguments...);
@@ -89,7 +89,7 @@ void FindAndReplaceRun::RunOne(IHostFileItem& item) {
       Log(host, W("[Find and Replace] - File already exists. Do not overwrite : %s"), target.c_str());
       return;
     case TargetAnswer::kReplace:
-      options.flags |= OverwriteTarget;  // of all later targets too, though each is asked about
+      options.flags |= OverwriteTarget;  // of all later targets too, although each is asked about (C-237)
       break;
     case TargetAnswer::kFree:
       break;
@@ -107,7 +107,7 @@ void FindAndReplaceRun::RunOne(IHostFileItem& item) {
     }
     AddTo(failedFiles, item);
   } else {
-    // A file without a change, and one that is no text, is done as well: this is meant.
+    // A file without a change counts as done, and so does one that is not text (C-236).
     Log(host, W("[Find and Replace] - %I64d changes made to file : %s"), static_cast<long long>(result),
         source.c_str());
     AddTo(doneFiles, item);

@@ -28,7 +28,7 @@ class FindAndReplaceRun {
 
   WString targetPattern;  // of BuildTargetName
   FindAndReplaceOptions
-      options;  // its flags change in the run: a first yes and a Replace All hold for the rest
+      options;  // its flags change in the run: a first yes and a Replace All hold for the rest (C-238)
   Velmora::SDK::IHostApp& host;
   Velmora::SDK::IHostFileList* files;
   Velmora::SDK::HostObject<Velmora::SDK::IHostFileList> failedFiles;
@@ -36,7 +36,7 @@ class FindAndReplaceRun {
   bool ownsFiles;
   bool cancelled = false;
   std::uint32_t doneCount = 0;
-  std::int64_t totalChanges = 0;  // a failed file lowers it by one: this is meant
+  std::int64_t totalChanges = 0;  // a failed file lowers it by one (C-235)
   ConfirmReplaceDialog show_;     // how a match is asked about
 };
 

@@ -25,7 +25,7 @@ constexpr ScriptSwitch kTextSwitches[] = {
   {"WILDCARD", Wildcard},
 };
 
-// The first one given; without one a new file is written.
+// The first one given counts; without one a new file is written (C-010).
 constexpr ScriptSwitch kSaveModes[] = {
   {"KEEPBACKUP", KeepBackup},
   {"DELETE", ReplaceFile},
@@ -37,7 +37,7 @@ constexpr ScriptSwitch kQuestionSwitches[] = {
 };
 // clang-format on
 
-// Each backslash with an n behind it becomes a line feed; there is no other escape.
+// Each backslash followed by an n becomes a line feed; there is no other escape (C-245).
 WString WithLineFeeds(const WString& text) {
   constexpr WStringView kEscape = W("\\n");
   WString result;
@@ -56,6 +56,7 @@ FindAndReplaceOptions ReadFindAndReplaceParameters(IHostCommandCall& call) {
   FindAndReplaceOptions options;
   options.find = WithLineFeeds(ScriptValue(call, "FIND").value_or(WString()));
   options.replace = WithLineFeeds(ScriptValue(call, "REPLACEWITH").value_or(WString()));
+  // Any other word is One (C-244).
   options.flags = FindScriptWord(ScriptValue(call, "MODE").value_or(WString()), kModes).value_or(ModeOne);
   options.flags |= ReadScriptSwitches(call, kTextSwitches);
   options.flags |= FirstScriptSwitch(call, kSaveModes, SaveAsNew);
@@ -66,7 +67,7 @@ FindAndReplaceOptions ReadFindAndReplaceParameters(IHostCommandCall& call) {
 s32 FindAndReplaceScript(IHostApp& host, IHostCommandCall& call) {
   const std::optional<WString> path = ScriptValue(call, "FILE");
   if (!path) return 0;
-  // A script cannot replace with nothing: this is meant.
+  // A script cannot replace with nothing (C-243).
   if (IsEmpty(ScriptValue(call, "FIND")) || IsEmpty(ScriptValue(call, "REPLACEWITH"))) return 0;
   const std::optional<WString> target = ScriptValue(call, "TARGET");
   if (!target) return 0;
@@ -76,7 +77,7 @@ s32 FindAndReplaceScript(IHostApp& host, IHostCommandCall& call) {
     host.LogMessage(0, kLogError, W("[Custom Cmd - FindAndReplace] - FILE : %s not found"), path->c_str());
     return 0;
   }
-  // An empty target is handed on as it stands, and the run refuses the folder that it means: this is meant.
+  // An empty target is the folder itself, and the run refuses it (C-007).
   StartFindAndReplace(host, file.List(), ReadFindAndReplaceParameters(call), *target, false);
   return 1;
 }

@@ -5,9 +5,9 @@
 #include "frame/host/host_app.h"
 
 // The options that the parameters of a call ask for; `\n` in both texts is a line break. IGNORECASE and
-// OVERWRITE are declared and have no effect: this is meant.
+// OVERWRITE are declared and have no effect (C-242).
 QXFindAndReplace::FindAndReplaceOptions ReadFindAndReplaceParameters(Velmora::SDK::IHostCommandCall& call);
 
-// Runs the call: 1 once the run has ended, whatever became of the file; 0 where FILE, FIND, REPLACEWITH or
-// TARGET is missing, FIND or REPLACEWITH is empty, or FILE is not found.
+// Runs the call. Returns 1 once the run has ended, whatever became of the file (C-008), and 0 if FILE, FIND,
+// REPLACEWITH or TARGET is missing, FIND or REPLACEWITH is empty, or FILE is not found.
 Velmora::SDK::s32 FindAndReplaceScript(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostCommandCall& call);

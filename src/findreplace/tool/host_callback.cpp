@@ -71,7 +71,7 @@ ConfirmResult FindAndReplaceCallback::ConfirmReplace(const char* context, WQDR::
              highlight, WQDR::FromCodePage(CP_THREAD_ACP, ViewOfLength(replacement, replacementLength)));
 }
 
-// A silent run replaces everything: this is meant.
+// A silent run replaces everything (C-232).
 bool FindAndReplaceCallback::Asks() const { return (flags & (ReplaceAll | Silent)) == 0; }
 
 ConfirmResult FindAndReplaceCallback::Ask(WString context, WQDR::TextFormat format, const TextRange& range,

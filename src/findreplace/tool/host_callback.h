@@ -24,7 +24,8 @@ class FindAndReplaceCallback final : public IFindAndReplaceCallback {
   ConfirmResult ConfirmReplace(const WCHAR* context, WQDR::TextFormat format, const TextRange& range,
                                const Highlight& highlight, const WCHAR* replacement,
                                std::uint32_t replacementLength) override;
-  // Shows the bytes in the thread's code page, whatever the file's encoding: the offsets are of bytes.
+  // Shows the bytes in the thread's code page, whatever the file's encoding, since the offsets are of bytes
+  // (C-239).
   ConfirmResult ConfirmReplace(const char* context, WQDR::TextFormat format, const TextRange& range,
                                const Highlight& highlight, const char* replacement,
                                std::uint32_t replacementLength) override;

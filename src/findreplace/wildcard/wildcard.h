@@ -22,7 +22,7 @@
 
 namespace QXFindAndReplace {
 
-// Puts a backslash before each character of \^.$|()[]*+?/ ; braces and hyphens stay as they are.
+// Puts a backslash before each character of \^.$|()[]*+?/ ; braces and hyphens stay as they are (C-205).
 template <typename CharT>
 std::basic_string<CharT> EscapeRegex(std::basic_string_view<CharT> text);
 

@@ -25,7 +25,7 @@
 
 namespace QXFindAndReplace {
 
-// What the library's `.` does not take, though not all of these end lines of files.
+// What the library's `.` does not take, although not all of these end lines of files (C-207).
 template <typename CharT>
 constexpr bool IsLineTerminator(CharT c) {
   if (c == CharT('\n') || c == CharT('\r')) return true;

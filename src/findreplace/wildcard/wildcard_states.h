@@ -1,5 +1,5 @@
 // Patterns with repeats of repeats whose counts have gaps or an order of their own (`x{2}{1,3}`,
-// `x{5,6}{0,3}`). They are followed state by state in the library's order, without recursion.
+// `x{5,6}{0,3}`). They are followed state by state in the library's order (C-206), without recursion.
 //
 // A state that failed once at a position of a line always fails there, so each is tried once for all searches
 // that go on in the line.
