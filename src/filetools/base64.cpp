@@ -17,7 +17,7 @@ constexpr auto kPairs = [] {
 }();
 
 // What a character adds to the three bytes of its group, the first byte lowest, by its place in the group. A
-// character outside the alphabet counts as 255, of which more than six bits may remain: this is meant.
+// character outside the alphabet counts as 255, of which more than six bits may remain (C-423).
 constexpr auto kGroupParts = [] {
   std::array<std::array<std::uint32_t, 256>, 4> parts = {};
   for (std::uint32_t character = 0; character < 256; ++character) {
@@ -77,6 +77,7 @@ bool CBase64::Decode(const char* text, std::size_t length, unsigned char* output
     // Less room than this is refused below, whatever the group holds.
     if (decoded + kSpare >= room) return false;
     StoreGroup(DecodeGroup(group), output + decoded);
+    // The third character decides alone (C-427).
     decoded += group[2] == '=' ? 1 : group[3] == '=' ? 2 : 3;
     if (decoded + kSpare > room) return false;
   }

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 
-// The characters of `size` bytes go to `output`, four for each three bytes, the last group filled up with
-// "=". Answers their number. The bits that a last group of one or two bytes leaves open come from `behind[0]`
-// and `behind[1]`, the bytes that stand behind them: this is meant.
+// Stores the characters of `size` bytes in `output`, four for each three bytes, the last group filled up with
+// "=", and returns their number. The bits that a last group of one or two bytes leaves open come from
+// `behind[0]` and `behind[1]`, the bytes that follow (C-421).
 std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const unsigned char behind[2],
                          char* output);
 

@@ -52,7 +52,7 @@ bool WriteHeader(FileOutput& target, const std::string& name) {
 }
 
 // Breaks the characters of block after block into lines. The last 76 of a block or fewer go out in one piece,
-// even where that makes a line longer than 76: this is meant, and happens in the last block alone.
+// even if that makes a line longer than 76, which happens in the last block only (C-422).
 class LineBreaker {
  public:
   explicit LineBreaker(FileOutput& target) : target_(target) {}
@@ -76,8 +76,8 @@ class LineBreaker {
   std::size_t column_ = 0;
 };
 
-// A block to encode stands behind the one before it, of which the bits that the last group leaves open are
-// taken.
+// A block to encode follows the one before it, from which the bits come that the last group leaves open
+// (C-421).
 class EncodeBuffer {
  public:
   bool Fill(FileInput& source, std::size_t* size) {
@@ -94,7 +94,8 @@ class EncodeBuffer {
   std::unique_ptr<unsigned char[]> bytes_ = std::make_unique<unsigned char[]>(kEncodeBlock + kSize + kSpare);
 };
 
-// Removes each pair of CR and LF; a pair that this makes stays. Returns the number of characters left.
+// Removes each pair of CR and LF; a pair that this makes stays (C-423). Returns the number of characters
+// left.
 std::size_t RemoveLineEnds(char* text, std::size_t size) {
   char* to = text;
   const char* from = text;
@@ -111,7 +112,8 @@ std::size_t RemoveLineEnds(char* text, std::size_t size) {
   return static_cast<std::size_t>(to - text);
 }
 
-// Decodes a file's text in blocks; characters that make no whole group are carried over to the next block.
+// Decodes a file's text in blocks. Characters that make no whole group are carried over to the next block,
+// and dropped after the last one (C-428).
 class Decoder {
  public:
   explicit Decoder(FileOutput& target) : target_(target) {}

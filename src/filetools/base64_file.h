@@ -11,9 +11,8 @@
 // Writes `target` anew. False if a file cannot be opened or a read or write fails; a partial target stays.
 bool EncodeFileBase64(const WString& source, const WString& target);
 
-// Writes `target` anew; with `skipHeader` from FindBase64Start on. False if a file cannot be opened or a
-// write fails; a partial target stays. A read that fails ends the text, and the answer is true: this is
-// meant.
+// Writes `target` anew; with `skipHeader` from FindBase64Start on. Returns false if a file cannot be opened
+// or a write fails; a partial target stays. A read that fails ends the text, and the result is true (C-424).
 bool DecodeFileBase64(const WString& source, const WString& target, bool skipHeader);
 
 // Returns the first name in the file's header; nothing if it has none, and the empty text for a name that is
@@ -24,8 +23,9 @@ std::optional<WString> GetEncodedFileName(const WString& path);
 // one, up to the tenth. 0 if there is none. Reads from the file's beginning.
 std::uint32_t FindBase64Start(FileInput& file);
 
-// One file, encoded or decoded beside itself, with a question where the target exists. False if the host has
-// no file service, the file does not exist or the answer is no; whatever the work itself came to, true.
+// Encodes or decodes one file beside itself, with a question if the target exists. Returns false if the host
+// has no file service, the file does not exist or the answer is no, and true otherwise, even if the work
+// itself failed (C-425).
 bool ConvertFileBase64(Velmora::SDK::IHostApp& host, const WString& path, bool encode);
 
 // 30210 with true, 30211 with false: the selected files, one after the other.

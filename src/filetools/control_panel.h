@@ -3,7 +3,8 @@
 
 #include "frame/host/host_app.h"
 
-// Command numbers of the branch: all of the range are handled, those without an item by doing nothing.
+// Command numbers of the branch: all of the range are handled, those without an item by doing nothing
+// (C-461).
 constexpr Velmora::SDK::s32 kFirstControlPanelCommand = 6100;
 constexpr Velmora::SDK::s32 kLastControlPanelCommand = 7100;
 
@@ -13,5 +14,6 @@ void BuildControlPanelMenu(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostMenu
                            Velmora::SDK::IHostCommandFactory& factory, Velmora::SDK::MenuHandle root);
 
 // Starts the item by its canonical name (ShellExecuteW of Control.exe). It need not be one that the menu
-// offers. Nothing happens, and nothing is said, if there is no such row or the system cannot start it.
+// offers (C-462). Nothing happens, and nothing is reported, if there is no such row or the system cannot
+// start it.
 void LaunchControlPanelItem(Velmora::SDK::u32 rowId);

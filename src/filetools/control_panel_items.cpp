@@ -3,7 +3,7 @@
 namespace {
 
 // All items but a few newer ones are there on systems of class A (flagA), and all on those of class B. The
-// one text id out of sequence, and the singular of "DefaultLocation", are as the system has them.
+// text id of "Default Locations" is out of sequence, and "DefaultLocation" is singular (C-463).
 // clang-format off
 constexpr ControlPanelItem kItems[] = {
   // name, canonical name, usePrefix, reserved, flagC, flagA, flagB, noLaunch, rowId, category, textId

@@ -83,7 +83,7 @@ void FillForSeveral(CreateLinksForm& form, const std::vector<IHostFileItem*>& it
   }
 }
 
-// The old extension stays before that of a shortcut: this is meant.
+// A shortcut keeps the old extension before its own (C-405).
 void LinkSeveral(IHostApp& host, LinkKind kind, const std::vector<IHostFileItem*>& items,
                  const WString& folder) {
   for (IHostFileItem* const item : items) {

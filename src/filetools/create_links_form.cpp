@@ -34,7 +34,7 @@ bool IsMixed(const CreateLinksForm& form) { return form.multiple && form.anyFold
 
 bool HasFolder(const CreateLinksForm& form) { return form.multiple ? form.anyFolder : form.targetIsFolder; }
 
-// The first characters are compared with their case, so that C and c are two drives: this is meant.
+// Compares the first characters with their case, so C and c are two drives (C-402).
 bool SpansDrives(const CreateLinksForm& form) {
   return form.linkName.c_str()[0] != form.targetName.c_str()[0];
 }
@@ -71,7 +71,7 @@ void ApplyRules(CreateLinksForm& form) {
   form.status = form.okEnabled ? 0 : rule->status;
 }
 
-// A file's extension gives way to the shortcut's. A file without one keeps its bare name: this is meant.
+// A file's extension is replaced by the shortcut's. A file without one keeps its bare name (C-404).
 WString ShortcutName(const CreateLinksForm& form) {
   const WString& name = form.baseLinkName;
   if (form.multiple || form.targetIsFolder) return name + kShortcutExtension;

@@ -9,8 +9,8 @@ struct CreateLinksForm {
   // Stands for a list in which no row is selected.
   static constexpr int kNoKind = -1;
 
-  // What the dialog is about. The rules look at the two names as they are here, not as the user has edited
-  // them; on OK they take what the fields hold.
+  // What the dialog is about. The rules use the two names as they are here, not as the user has edited them
+  // (C-403); on OK they take what the fields hold.
   WString linkName;    // the path that will be created
   WString targetName;  // the existing file or folder
   bool targetIsFolder = false;
@@ -33,8 +33,8 @@ struct CreateLinksForm {
   bool nameShownAsShortcut = false;  // the link field shows the name of a shortcut
 };
 
-// Fills the fields and selects a kind: the last one, and the junction where none was used yet. A last kind
-// that is none selects no row.
+// Fills the fields and selects a kind: the last one, or the junction if none was used yet. An unknown last
+// kind selects no row (C-406).
 void StartForm(CreateLinksForm& form);
 
 // Refreshes the description, the rules and the shortcut's name, after linkKind has changed.

@@ -34,8 +34,8 @@ static_assert(offsetof(MountPointRecord, pathBuffer) == 16);
 // the record has no room for.
 std::unique_ptr<MountPointRecord> MakeMountPointRecord(WStringView path);
 
-// Makes the empty folder `folder` a junction to `target`, which must be there; a target that begins with `\?`
-// is taken as it stands and not looked for. False, and a folder as it was, if that cannot be.
+// Makes the empty folder `folder` a junction to `target`, which must exist; a target that begins with `\?` is
+// used as it is and not looked for (C-408). Returns false, and leaves the folder as it was, if that fails.
 bool SetJunctionTarget(const WString& folder, const WString& target);
 
 // Makes the junction `link` to `target`: of an empty folder that is there, else of a new one, which goes away

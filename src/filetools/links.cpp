@@ -50,7 +50,7 @@ DWORD CreateShortcutTo(const WString& link, const WString& target, bool isFolder
   return CreateShortcut(link, target, isFolder) ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
 }
 
-// A shortcut has no word of its own in the log: this is meant.
+// A shortcut has no word of its own in the log (C-401).
 constexpr const WCHAR* kUnknownWord = W("Unknown");
 
 // clang-format off

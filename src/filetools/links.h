@@ -17,7 +17,7 @@ enum LinkKind : Velmora::SDK::s32 {
 
 // The link at `link` to `target`, which is a folder if `isFolder`, and the log line if there is a host: the
 // instance in the elevated helper may have none. ERROR_INVALID_DATA (13) for a junction that cannot be made
-// and for a kind that is none, ERROR_PATH_NOT_FOUND (3) for a shortcut, else the system's error.
+// and for an unknown kind, ERROR_PATH_NOT_FOUND (3) for a shortcut, else the system's error (C-407).
 DWORD CreateLinkOfKind(Velmora::SDK::IHostApp* host, LinkKind kind, const WString& link,
                        const WString& target, bool isFolder);
 
@@ -27,6 +27,7 @@ DWORD CreateLinkElevated(Velmora::SDK::IHostApp& host, LinkKind kind, const WStr
                          const WString& target, bool isFolder);
 
 // CreateLinkOfKind; what the system refuses for lack of rights goes to the helper, unless the process is
-// elevated or the system has no helper. An error that remains is shown in a box.
+// elevated or the system has no helper. Both attempts are logged (C-412). An error that remains is shown in a
+// box.
 DWORD CreateLinkWithRetry(Velmora::SDK::IHostApp& host, LinkKind kind, const WString& link,
                           const WString& target, bool isFolder);

@@ -5,7 +5,7 @@ namespace {
 constexpr std::string_view kFirstWords = "MIME-Version";
 constexpr std::string_view kNameWords = "name=\"";
 
-// A header's empty line is its fifth; text before the fourth or behind the tenth is none.
+// A header's empty line is its fifth; one before the fourth line or after the tenth does not count (C-426).
 constexpr int kFirstEndLine = 4;
 constexpr int kLastEndLine = 10;
 

@@ -36,7 +36,7 @@ WString ExtensionOf(IHostFileItem& item, Dot dot) {
 
 bool IsFolder(IHostFileItem& item) { return (item.GetAttributes() & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
-// Takes the new name if it differs from the present one within its first `comparedChars` characters.
+// Takes the new name if it differs from the present one within its first `comparedChars` characters (C-304).
 bool SetNewName(FileItemEntry& entry, WString newName, std::size_t comparedChars = WString::npos) {
   const WString name = NameOf(*entry.item);
   if (WStringView(newName).substr(0, comparedChars) == WStringView(name).substr(0, comparedChars)) {
@@ -79,11 +79,11 @@ bool TidyName(FileItemEntry& entry) {
     std::replace(text->begin(), text->end(), W('.'), W(' '));
   }
   TitleCase(base);
-  // The dot is there even where the extension is not: a name without one then ends in a dot. This is meant.
+  // The dot is always there, so a name without an extension ends in a dot (C-302).
   return SetNewName(entry, base + W('.') + extension);
 }
 
-// Swaps one character for another, in a file's name up to its last dot, in a folder's everywhere.
+// Swaps one character for another, in a file's name up to its last dot, in a folder's everywhere (C-303).
 template <WCHAR from, WCHAR to>
 bool SwapCharacter(FileItemEntry& entry) {
   WString newName = NameOf(*entry.item);

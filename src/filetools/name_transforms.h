@@ -14,5 +14,5 @@ NameTransform FindNameTransform(Velmora::SDK::s32 commandNumber);
 // Replaces every occurrence of `find` in the item's name, from left to right, case-sensitive; what was put in
 // is not searched again, and an empty `find` replaces nothing. `part` says where in a file's name: 1 before
 // the last dot, 2 from the last dot on, 3 everywhere, anything else nowhere. A folder's name is always
-// searched whole.
+// searched whole (C-305).
 bool ReplaceInName(FileItemEntry& entry, WStringView find, WStringView replace, int part);

@@ -12,9 +12,9 @@ void QuickRenameCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);
 void ReplaceXYCommand(Velmora::SDK::IHostApp& host, const ReplaceDialog& showDialog = ShowReplaceDlg);
 
 // 30020: one new base name for all files of the view whose base name is the focused item's. Does not ask
-// again.
+// again (C-307).
 void RenameSameBaseCommand(Velmora::SDK::IHostApp& host);
 
-// 30060: one extension for all selected files. Does not ask again. With nothing selected it says so in the
-// log.
+// 30060: one extension for all selected files, without one leading dot of the answer (C-308). Does not ask
+// again (C-307). With nothing selected it says so in the log.
 void SetExtensionCommand(Velmora::SDK::IHostApp& host);

@@ -6,9 +6,9 @@
 #include "filetools/replace_form.h"
 #include "frame/host/host_app.h"
 
-// Shows the dialog, modally and over the active window or else the host's. Answers IDOK or IDCANCEL; both
-// texts are in the form either way, the part on OK. The texts come from the host's language table. In the
-// native build the form goes to whoever answers dialogs there.
+// Shows the dialog, modally and over the active window or else the host's. Returns IDOK or IDCANCEL; both
+// texts are in the form either way (C-309), the part on OK. The texts come from the host's language table. In
+// the native build the form goes to whoever answers dialogs there.
 INT_PTR ShowReplaceDlg(Velmora::SDK::IHostApp& host, ReplaceForm& form);
 
 // How a command asks for the dialog, so that a test can answer by editing the form.

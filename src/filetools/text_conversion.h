@@ -1,5 +1,5 @@
 // Rewriting a text file with other line ends, or with blanks in place of tabs. Works on bytes and knows no
-// encoding: in a two-byte encoding single bytes are changed as if they were ANSI text.
+// encoding: in a two-byte encoding single bytes are changed as if they were ANSI text (C-441).
 #pragma once
 
 #include <cstdint>
@@ -23,16 +23,15 @@ struct ConvertedText {
 };
 
 // Writes the converted text to a new file, which must not exist. `tabWidth` is for kTabsToBlanks; 0 drops the
-// tabs.
+// tabs (C-445).
 //
 // The byte after a CR is read with it. If it is not an LF it is written as it is, so the second of two CRs is
-// not converted; this is intended. So is the loss of a CR at the very end of the file under kLineEndsToCrLf.
+// not converted (C-442). kLineEndsToCrLf drops a CR that is the last byte of the file (C-443).
 ConvertedText ConvertText(const WString& source, const WString& target, Velmora::SDK::s32 conversion,
                           std::uint32_t tabWidth);
 
 // The same. Returns false if the source cannot be opened, the target exists or cannot be made, or a write
-// fails. A read that fails ends the text, and a failure of the very last write is passed over: true is
-// returned all the same, which is intended.
+// fails. Returns true even if a read fails, which ends the text, or the very last write (C-444).
 bool ConvertTextFile(const WString& source, const WString& target, Velmora::SDK::s32 conversion,
                      std::uint32_t tabWidth);
 

@@ -6,7 +6,7 @@
 WString ToUpperCase(WStringView text);
 WString ToLowerCase(WStringView text);
 
-// In place: the first letter, and each one behind a blank, dot, underscore or hyphen, in upper case, all
-// others in lower case. A separator takes the place of that letter if it stands first or behind another
-// separator, so "a--b" becomes "A--b": this is meant.
+// In place: the first letter, and each one after a blank, dot, underscore or hyphen, in upper case, all
+// others in lower case. A separator that comes first, or after another separator, takes the place of that
+// letter, so "a--b" becomes "A--b" (C-301).
 void TitleCase(WString& text);
