@@ -12,7 +12,7 @@ class CACLInfo {
   virtual ~CACLInfo() = default;
 
   // "RWX", each letter a blank where a right is missing. Three blanks for a file that cannot be read and for
-  // one without a list.
+  // one without a list (C-504).
   WString AccessText() const;
 
  private:

@@ -84,7 +84,7 @@ bool FillStreamSize(IHostFileItem& item, WCHAR* text, u16 textSize) {
   if (!path) return false;
   ResolveStreamQuery();
   const u64 size = NTFSTools().GetAlternateStreamSize(path->c_str());
-  // Nothing rather than 0, so that an empty field stands.
+  // No value instead of 0, so the field is empty (C-502).
   return size != 0 && FillCell(text, textSize, size);
 }
 

@@ -23,9 +23,9 @@ class NTFSTools {
   // Three characters: R, W and X for what the user who runs the program may do, each a blank if he may not.
   WString GetAccessString(const WString& path);
 
-  // The streams but for the first, which is a file's unnamed one: how many, and their bytes together. So the
-  // only stream of a folder, which has no unnamed one, does not count: this is meant. 0 for what cannot be
-  // asked. 64 KiB of stack.
+  // The number of the streams without the first one, which is a file's unnamed one, and the sum of their
+  // bytes. So the only stream of a folder, which has no unnamed one, does not count (C-501). 0 for what
+  // cannot be asked. Needs 64 KiB of stack.
   u32 GetAlternateStreamCount(const WCHAR* path);
   u64 GetAlternateStreamSize(const WCHAR* path);
 
@@ -36,9 +36,9 @@ class NTFSTools {
   // Makes the user the owner. EnableTakeOwnership comes before.
   u32 TakeOwnership(const WString& path, const WString& user);
 
-  // Adds an entry that allows the rights of the mask to a user or group, and makes every entry that is there
-  // one that allows and is inherited, those that denied too: this is meant. A failure to set the new list is
-  // not reported: this is meant. 87 for a file without a list and for no rights.
+  // Adds an entry that allows the rights of the mask to a user or group, and turns every entry of the list
+  // into one that allows and is inherited, those that denied too (C-505). A failure to set the new list is
+  // not reported (C-506). 87 for a file without a list and for no rights.
   u32 AddAccess(const WString& path, const WString& user, u32 accessMask);
 
   // Removes the file's own entries. With SeSecurityPrivilege a protected, missing list is set first, for
@@ -46,7 +46,8 @@ class NTFSTools {
   //  - For a file without a list an empty one is set: to hand the missing list on would leave everything
   //    allowed to everyone. It is set last, so that no step that fails leaves a file that nobody may enter.
   //  - An entry that cannot be deleted ends it with that error, before anything is set.
-  //  - Between the two lists everything is allowed to everyone, and if the second cannot be set that stays.
+  //  - Between the two lists everything is allowed to everyone, and that stays if the second cannot be set
+  //    (C-509).
   u32 ResetAccess(const WString& path);
 
   // Enables SeTakeOwnershipPrivilege for the life of the process, and lists it if the list remembers.

@@ -9,8 +9,8 @@
 // error; ERROR_NOT_ALL_ASSIGNED (1300) for a user who has not got it.
 DWORD EnablePrivilege(const WCHAR* name, DWORD tokenAccess);
 
-// The privileges that a command has enabled. Its end looks each one up and disables none: they stay on for
-// the life of the process, as is meant.
+// The privileges that a command has enabled. Its destructor looks each one up and disables none: they stay
+// enabled for the life of the process (C-508).
 class PrivilegeList {
  public:
   explicit PrivilegeList(bool remembers) : remember(remembers) {}

@@ -6,7 +6,7 @@
 #include "frame/host/host_app.h"
 #include "frame/host/host_helper_channel.h"
 
-// 5000: count, paths. The owner becomes the user who runs the helper.
+// 5000: count, paths. The owner becomes the user who runs the helper (C-510).
 void HandleTakeOwnership(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);
 
 // 5001: mask, user, count, paths. 13 as well for no paths. A user that is there and empty is an error of the
