@@ -26,8 +26,8 @@ void ConflictFinder::Begin(std::size_t rows) {
   isFirstDuplicate_ = false;
 }
 
-// Every row is compared with the first alone: rows further down that equal one another are left to the host,
-// whose rename decides.
+// Every row is compared with the first one only, by the new name without its folder (C-615). Rows further
+// down that equal each other are left to the host, whose rename decides (C-614).
 void ConflictFinder::Add(WStringView newName) {
   const bool isFirst = states_.empty();
   if (isFirst) first_ = newName;

@@ -34,7 +34,7 @@ class MultiRenameEngine {
 
   RenameTags filenameTags;
   RenameTags extensionTags;
-  SYSTEMTIME now{};  // local, at the end of the last compilation; what all date tags show
+  SYSTEMTIME now{};  // local, at the end of the last compilation; what all date tags show (C-606)
   SharedReplaceItems searchItems;
   u32 flags = 0;        // rule_flags.h
   u32 counterNext = 1;  // what the next [C] without parameters shows
@@ -108,7 +108,7 @@ bool ComputeNames(MultiRenameEngine& engine, const std::atomic<bool>& abort);
 void AppendTagValue(MultiRenameEngine& engine, RenameTag& tag, WString& text);
 
 // The text of a property of the row that is being computed, before its range; nothing after an exception of
-// the host, which has no range either.
+// the host, which becomes a word without a range (C-609).
 std::optional<WString> PropertyText(MultiRenameEngine& engine, const RenameTag& tag);
 
 // Applies the case rule of the flag word.

@@ -25,7 +25,7 @@ enum ItemState : u32 {
   StateInvalidName = 2,  // the new name holds a forbidden character
   StateFailed = 3,       // the host refused the rename
   StateIgnored = 4,      // the host reported code 10 for the rename
-  StateSkipped = 5,      // kept reserved: rows in it are not computed, and nothing assigns it
+  StateSkipped = 5,      // reserved: rows in it are not computed, and nothing assigns it (C-616)
   StateRenamed = 6       // renamed, or loaded from an undo session
 };
 
@@ -48,7 +48,7 @@ class MultiRenameItem {
 
   u32 tag = 0;         // kItemTag for an item of the host's
   WString folderPath;  // as the host gives it
-  WString oldName;     // never changes, not even after a successful rename
+  WString oldName;     // never changes, not even after a successful rename (C-672)
   WString newName;
   std::atomic<u32> state{StateReady};
   bool isFolder = false;              // then the name has no extension

@@ -1,5 +1,5 @@
-// The two runs over the host's files. The module neither reorders the renames nor goes by way of temporary
-// names: what the host makes of them is what the rows show.
+// The two runs over the host's files. The module neither reorders the renames nor uses temporary names; the
+// rows show what the host makes of them (C-671).
 
 #include "frame/host/host_objects.h"
 #include "multirename/engine/multi_rename_engine.h"

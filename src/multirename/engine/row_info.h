@@ -37,7 +37,7 @@ class RenameRowInfo final : public IMLRowCallBack {
   // Asks the host for an item's image once. 0 without a row.
   s64 GetRowImage(void* item) override;
   u32 Reserved5() override { return 16; }
-  // Returns 1. A name that is the first row's shows no name, only that.
+  // Returns 1. The cell of a new name that equals the first row's says so and shows no name (C-681).
   u32 GetCellText(void* item, u32 column, WCHAR* buffer, u32 size) override;
   u32 Reserved6() override { return 0; }
 

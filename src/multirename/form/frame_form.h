@@ -50,7 +50,7 @@ enum FrameCommand : int {
 };
 
 // How the selected rows are moved: the accelerators, which are these keys with Alt (numbers of virtual keys),
-// and the lines of the list's context menu.
+// and the lines of the list's context menu. A move computes no names (C-676).
 struct FrameMove {
   FrameCommand command;
   u32 key;

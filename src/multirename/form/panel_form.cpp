@@ -131,7 +131,7 @@ void PanelForm::OpenPairDialog() {
   PostUpdate();
 }
 
-// The tag goes to the end of the text, wherever the caret is.
+// The tag goes to the end of the text, wherever the caret is (C-685).
 void PanelForm::OpenTagMenu(const TemplateBox& box) {
   const int line = view_.ShowMenu(box.tagButton, TagMenuLines(host_));
   const WCHAR* const listed = TagOfLine(line);

@@ -79,7 +79,7 @@ class PanelForm {
   void OnNewSelection();
 
   // Enables the controls after a run, or disables them for one. With a loaded undo session only Undo, its
-  // "..." and Close can be used.
+  // "..." and Close can be used (C-684).
   void EnableControls(bool on);
 
   bool UndoAvailable() const { return undoAvailable_; }

@@ -73,7 +73,7 @@ void PanelForm::SaveProfile() {
   if (saved) LoadProfile(*saved);
 }
 
-// The pairs, and the name that a save suggests, stay.
+// The pairs, and the name that a save suggests, stay (C-683).
 void PanelForm::DeleteProfile() {
   const MultiRenameProfile* const profile = profileBox_.Selected();
   if (!profile) return;

@@ -60,7 +60,8 @@ void PanelForm::StartRun() {
     engine_.worker.Wake();
     if (!engine_.worker.WaitUntilIdle()) return;
   }
-  // After a preview that failed in the host, rows have names of other rules.
+  // After a preview that failed in the host, rows have names of other rules. A row that failed in an earlier
+  // run blocks too (C-675).
   if (engine_.worker.WasPreviewCut() || std::ranges::any_of(engine_.items, [](const MultiRenameItem* row) {
         return BlocksStart(row->state);
       })) {
@@ -74,6 +75,7 @@ void PanelForm::StartRun() {
   BeginRun();
 }
 
+// Takes all rows, those whose rename failed too (C-673).
 void PanelForm::UndoRun() {
   if (!engine_.worker.StopCurrent()) return;
   engine_.notifyWindow = view_.Window();
@@ -94,7 +96,7 @@ void PanelForm::BeginRun() {
 
 void PanelForm::OnRunFinished(WPARAM kind, bool nothingToRestore) {
   if (kind == kRenameFinished) {
-    undoAvailable_ = true;
+    undoAvailable_ = true;  // even if all renames failed (C-674)
     frame_.List().Refresh();
   } else if (kind == kRestoreFinished) {
     if (!nothingToRestore && engine_.undoStore.Holds(loadedSession_)) {
@@ -125,7 +127,8 @@ void PanelForm::ResetFileList() {
   UpdatePreview();
 }
 
-// The message may come late: a reset, or the first FillList, has then shown the rows that it is about.
+// Empties the list; the new rows appear with a reset (C-677). The message may come late: a reset, or the
+// first FillList, has then shown the rows that it is about.
 void PanelForm::OnNewSelection() {
   if (frame_.List().Items() == context_.rows.Get()) return;
   if (engine_.worker.StopCurrent()) frame_.List().Empty();

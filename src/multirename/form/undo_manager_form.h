@@ -30,7 +30,7 @@ class UndoManagerForm final : public DialogForm {
 
   void Open(DialogView& view) override;
   void Press(int control) override;
-  // The one way to choose a session: the selection that a key moves chooses none.
+  // The one way to choose a session: the selection that a key moves chooses none (C-682).
   void ClickRow(int control, int row) override;
 
   // The session that was chosen, one of the store's; null if none was, or it has been deleted.

@@ -26,7 +26,7 @@ void EvaluateTags(MultiRenameEngine& engine, RenameTags& tags, WString& text) {
   }
 }
 
-// Each pair of the text as it stands is left out; what moves together makes no new one.
+// Leaves out each pair of the text; a pair that this makes stays (C-612).
 void RemoveLineEnds(WString& text) {
   constexpr WStringView kLineEnd = W("\r\n");
   if (!HoldsAnyOf<W('\r')>(text)) return;
@@ -52,10 +52,11 @@ void ComputeName(MultiRenameEngine& engine, MultiRenameItem& item) {
   WString& extension = engine.extensionBeingMade;
   EvaluateTags(engine, engine.filenameTags, name);
   extension.clear();
-  // The counters of the extension stay where they are at a folder.
+  // A folder does not advance the counters of the extension (C-607).
   if (!item.isFolder) EvaluateTags(engine, engine.extensionTags, extension);
   engine.currentItem = nullptr;
 
+  // Replacements follow the case rule and can undo it (C-611).
   ApplyCaseRule(engine.flags, name, extension);
   if (engine.replaceRules) {
     if ((engine.flags & (kSearchNameAndExtension | kSearchName)) != 0) engine.replaceRules->Apply(name);

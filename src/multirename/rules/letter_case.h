@@ -1,6 +1,6 @@
 // Upper and lower case of one character, as the runtime's towlower and towupper have it in the "C" locale, in
-// which the module runs: A to Z alone change. Written out, so that a host which sets a locale changes no
-// names.
+// which the module runs: only A to Z change. Written out, so that a host which sets a locale changes no names
+// (C-617).
 #pragma once
 
 #include "platform/text.h"

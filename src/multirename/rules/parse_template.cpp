@@ -31,6 +31,7 @@ void ParseRange(WStringView parameters, RenameTag& tag) {
   std::optional<s32> first;
   std::optional<s32> second;
   bool isSpan = false;  // from one position to another
+  // A third number replaces the second, and other characters are passed over (C-603).
   for (std::size_t at = 0; at < parameters.size();) {
     if (!IsParameterDigit(parameters[at]) && parameters[at] != W('-')) {
       ++at;
@@ -87,8 +88,8 @@ struct TagRow {
   void (*parse)(WStringView parameters, RenameTag& tag);
 };
 
-// The letters of names and counters match in either case. Those of dates do not: M is the month, m the
-// minute.
+// The letters of names and counters match in either case. Those of dates do not: M is the month, m the minute
+// (C-602).
 constexpr TagRow kTagRows[] = {
     {W('N'), TagName, ParseRange},        {W('n'), TagName, ParseRange},
     {W('E'), TagExtension, ParseRange},   {W('e'), TagExtension, ParseRange},
@@ -107,7 +108,7 @@ RenameTag LiteralTag(WStringView text) {
 }
 
 // The first and the last character are left out, whatever they are: "Photo]" is the tag of its second letter,
-// and gives the hour.
+// and gives the hour (C-601).
 RenameTag ClassifyTag(WStringView token) {
   const WStringView body = token.substr(1, token.size() - 2);
   if (body.empty()) return LiteralTag(token);
@@ -152,7 +153,7 @@ WStringView SubstringOf(WStringView value, const RenameTag& range) {
     const s32 stop = WrappingSum(WrappingSum(size, range.start), 1);
     const s32 position = std::max(std::min(WrappingDifference(stop, range.length), stop), 0);
     const s32 count = WrappingDifference(stop, position);
-    // A stop before the beginning leaves the whole value.
+    // A stop before the beginning leaves the whole value (C-604).
     return value.substr(static_cast<std::size_t>(position),
                         count < 0 ? WStringView::npos : static_cast<std::size_t>(count));
   }

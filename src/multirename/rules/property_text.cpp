@@ -29,7 +29,7 @@ DateFormats FormatsOf(const WString& format) {
   return {LocaleFormat(LOCALE_SSHORTDATE), LocaleFormat(LOCALE_STIMEFORMAT)};
 }
 
-// The date and the time stand directly side by side.
+// The date and the time are put side by side without a separator (C-608).
 WString DateText(u64 date, const WString& format) {
   const FILETIME fileTime{static_cast<DWORD>(date), static_cast<DWORD>(date >> 32)};
   SYSTEMTIME time{};

@@ -21,9 +21,9 @@ using SharedReplaceItems = std::shared_ptr<const SearchAndReplaceItems>;
 // Plain: the first match, or with kSearchReplaceAll every one; without kSearchCaseSensitive A to Z count as
 // a to z. A replacement is never searched again by its own pair.
 //
-// With kSearchRegex every match is replaced, whether kSearchReplaceAll is set or not: ECMAScript expressions
-// with $&, $1 to $99, $`, $' and $$ in the replacement. A pair whose expression is none, or whose match takes
-// more steps or stack than bounded_regex.h allows, leaves the text as it was.
+// With kSearchRegex every match is replaced, whether kSearchReplaceAll is set or not (C-613): ECMAScript
+// expressions with $&, $1 to $99, $`, $' and $$ in the replacement. A pair whose expression is refused, or
+// whose match takes more steps or stack than bounded_regex.h allows, leaves the text as it was (C-687).
 //
 // A text that grows beyond kLongestName characters is cut there. Throws nothing but std::bad_alloc. Compiles
 // each expression anew; what runs over many texts makes a ReplaceRules.

@@ -28,7 +28,7 @@ class FindReplaceManager {
   // Null if there is no such list.
   const SearchAndReplaceItems* Get(s32 number) const;
 
-  // Replaces the list of that number or adds one.
+  // Replaces the list of that number or adds one, also an empty one (C-639).
   void Set(s32 number, SearchAndReplaceItems items);
 
   const std::map<s32, SearchAndReplaceItems>& Lists() const { return lists_; }

@@ -14,7 +14,7 @@ struct ProfileFlagRow {
   u32 flag;
 };
 
-// As they are written; "casesensative" is how the files spell it.
+// As they are written; the files spell it "casesensative" (C-633).
 constexpr ProfileFlagRow kProfileFlags[] = {
     {W("replaceall"), kSearchReplaceAll},
     {W("casesensative"), kSearchCaseSensitive},
@@ -41,7 +41,7 @@ class ProfileReader {
   std::unique_ptr<MultiRenameProfile> Read(XmlNode node) {
     auto profile = std::make_unique<MultiRenameProfile>();
     WCHAR buffer[kProfileTextSize] = {};
-    // Without a name nothing else is read.
+    // Without a name nothing else is read (C-634).
     if (!document_.GetAttributeText(buffer, kProfileTextSize, node, W("name"))) return profile;
     profile->name = buffer;
     profile->filenameRule = ChildText(node, W("filename"));
@@ -80,7 +80,7 @@ class ProfileReader {
     }
     SearchAndReplaceItems items;
     WCHAR find[kProfileTextSize];
-    WCHAR replace[kProfileTextSize] = {};  // kept from item to item: one without a replacement takes the last
+    WCHAR replace[kProfileTextSize] = {};  // kept for a later item without a replacement (C-635)
     for (XmlNode item = document_.FirstChild(search, W("item"), 0, 0); item;
          item = document_.NextSibling(item, W("item"))) {
       find[0] = WCHAR();
@@ -113,6 +113,7 @@ void WriteSearch(IHostXmlDocument& document, XmlNode node, const MultiRenameProf
   document.SetAttributeInt(search, W("replaceparts"), PartsValue(profile.flags), 0);
   for (const auto& [find, replace] : *profile.searchItems) {
     const XmlNode item = document.AddChildWithTextAttribute(search, W("item"), W("find"), find.c_str(), 0);
+    // FindReplace.xml has another name for it (C-636).
     document.SetAttributeText(item, W("replacewith"), replace.c_str(), 0);
   }
 }

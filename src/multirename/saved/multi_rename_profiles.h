@@ -1,10 +1,10 @@
 // Saved sets of rules, in "MultiRenameProfiles.xml" in the host's configuration folder. The file is read
 // once, when the extension starts, and written as a whole after each change. No error of the file is
-// reported: one that cannot be read gives no profiles, and the next save writes over it.
+// reported: one that cannot be read gives no profiles, and the next save writes over it (C-638).
 //
-// Two things of the form are not what one would expect, and stay, since the files are in use: the writer
-// leaves "searchandreplace" out, and with it the search flags, where there are no pairs; and a profile for
-// the extension alone comes back as one for name and extension.
+// Two things of the form are not what one would expect: the writer leaves "searchandreplace" out, and with it
+// the search flags, if there are no pairs (C-631), and a profile for the extension alone comes back as one
+// for name and extension (C-632).
 #pragma once
 
 #include <memory>
@@ -31,8 +31,8 @@ class MultiRenameProfiles {
  public:
   explicit MultiRenameProfiles(IHostApp& hostApp) : host(hostApp) {}
 
-  // The path is the host's folder, which ends in a backslash, with the file's name straight after it; empty
-  // if the host gives no folder.
+  // The path is the host's folder, which ends in a backslash, with the file's name straight after it (C-637);
+  // empty if the host gives no folder.
   void Load();
 
   // False if the host gives no document or no root for it; a file that cannot be written is no failure.

@@ -18,8 +18,8 @@ class MultiRenameUndoStore {
   // made is ignored.
   explicit MultiRenameUndoStore(IHostApp* host);
 
-  // Reads all files of the folder, in its order and whatever their names, once. Folders in it are not looked
-  // into.
+  // Reads all files of the folder, in its order and whatever their names (C-655), once. Does not go into its
+  // folders.
   void Load();
 
   // Reads the same files, but holds one session at a time. `use` may delete its file.

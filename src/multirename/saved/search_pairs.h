@@ -23,7 +23,7 @@ SearchAndReplaceItems PairRows(const SearchAndReplaceItems& items);
 
 // The pairs of the panel's list, of which kMostOfPairCell characters a cell are read. With `stripQuotes`, for
 // the compilation, all double quotes at both ends of a cell are taken off, also those that a user wanted;
-// without, for a profile and for the dialog, the cells stay as they are.
+// without, for a profile and for the dialog, the cells stay as they are (C-640).
 SearchAndReplaceItems CollectSearchItems(const SearchAndReplaceItems& rows, bool stripQuotes);
 
 // The pairs as the dialog shows them, one on a line: find, "|", replace; the lines joined by CR LF.

@@ -1,5 +1,5 @@
 // Dates of undo files: seconds from 1970-01-01 00:00:00 to the fields of a clock on the wall, without any
-// change of zone.
+// change of zone (C-657).
 #pragma once
 
 #include "frame/host/host_types.h"

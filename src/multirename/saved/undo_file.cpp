@@ -59,8 +59,8 @@ bool DecodeUndoFile(std::span<const std::uint8_t> bytes, WString& text) {
   return true;
 }
 
-// Takes the next line off the text. False at the end of the text and at a CR without its LF, which the reader
-// does not get past: the line that it stands in is none.
+// Takes the next line off the text. Returns false at the end of the text, and in a line that ends in a CR
+// without an LF, which the reader does not get past (C-654).
 bool TakeUndoLine(WStringView& text, WStringView& line) {
   if (text.empty()) return false;
   const auto found =
@@ -86,8 +86,8 @@ void ReadUndoInfo(WStringView line, MultiRenameUndo& session) {
   if (key == W("HaveRestored")) session.haveRestored = LeadingNumber(value) != 0;
 }
 
-// The search for a bar begins two characters after the last one, so that "a||b" is "a" and "|b"; empty fields
-// fall away.
+// The search for a bar begins two characters after the last one, so "a||b" is "a" and "|b"; empty fields are
+// dropped (C-653).
 void ReadUndoEntry(WStringView line, MultiRenameUndo& session) {
   std::array<WStringView, 3> fields;
   std::size_t count = 0;

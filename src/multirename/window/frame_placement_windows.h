@@ -10,7 +10,7 @@ namespace Velmora::SDK {
 bool IsSanePlacement(const WINDOWPLACEMENT& placement);
 
 // Gives the frame the size that is stored, within the screen, and puts it in the middle: of its owner, or of
-// the work area. The stored position is not kept.
+// the work area. The stored position is not used (C-679).
 void PlaceFrame(IHostApp& host, HWND frame);
 
 void StorePlacement(IHostApp& host, HWND frame);

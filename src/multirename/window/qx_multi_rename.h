@@ -11,8 +11,8 @@
 // never freed.
 //
 // The worker ends with the first window and is not started again: a window that is opened again on the same
-// object shows its rows, and has no preview and no runs. Hosts delete the object once it says that it is
-// closed.
+// object shows its rows, and has no preview and no runs (C-678). Hosts delete the object once it says that it
+// is closed.
 #pragma once
 
 #include "frame/host/plugin_base.h"

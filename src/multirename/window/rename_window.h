@@ -50,7 +50,7 @@ class RenameWindow {
 // nothing of it left, if the host has no container or no list for it or the frame cannot be made.
 std::unique_ptr<RenameWindow> OpenRenameWindow(RenameWindowOwner& owner, MessageLoop& loop);
 
-// The settings' key of the frame's place: a WINDOWPLACEMENT of 44 bytes. The section is spelled so.
+// The settings' key of the frame's place: a WINDOWPLACEMENT of 44 bytes. The section is spelled so (C-680).
 inline constexpr WCHAR kPlacementSection[] = W("QXMultieRename");
 inline constexpr WCHAR kPlacementKey[] = W("WinPos");
 
