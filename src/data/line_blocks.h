@@ -38,8 +38,8 @@ struct ScannedLine {
 
 // What becomes of an odd byte at the end of a 16-bit text.
 enum class OddByte {
-  kPadded,  // it is the last character, with a zero byte behind it
-  kApart    // it is no part of the text
+  kPadded,  // a zero byte makes it the last character (C-103)
+  kApart    // it is not part of the text (C-230)
 };
 
 // How far a load has come, in bytes.

@@ -28,8 +28,8 @@ struct Target {
 
 Target EncodedTarget(const PathParts& parts) { return {ChangeExtension(parts, kEncodedExtension)}; }
 
-// A name that is refused gives way to that of a file without a header. Without an extension that one is the
-// source itself: the question comes up, and the work fails.
+// A name that is refused is replaced by the one of a file without a header (C-429). If the file has no
+// extension, that is the source itself: the question comes up, and the work fails.
 Target DecodedTarget(const PathParts& parts, const WString& path) {
   const std::optional<WString> name = GetEncodedFileName(path);
   const bool isUsable = name && !name->empty();

@@ -73,7 +73,7 @@ void FillForOne(CreateLinksForm& form, IHostFileItem& item, const WString& folde
   form.targetIsFolder = source.isFolder;
 }
 
-// The names are for the eye only.
+// The names are only shown, with two backslashes for the root of a drive (C-413).
 void FillForSeveral(CreateLinksForm& form, const std::vector<IHostFileItem*>& items, const WString& folder) {
   form.multiple = true;
   form.linkName = folder + W("*");

@@ -58,6 +58,7 @@ constexpr RefusalRow kRefusals[] = {
 // clang-format on
 
 void ApplyRules(CreateLinksForm& form) {
+  // Without a row the fields stay as they are (C-414).
   if (!FindKind(form.linkKind)) return;
   if (form.multiple) {
     form.linkEnabled = form.targetEnabled = false;

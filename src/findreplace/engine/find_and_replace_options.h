@@ -13,7 +13,7 @@ class IFindAndReplaceCallback;
 
 // These values stand in the settings of users.
 enum FindAndReplaceFlag : std::uint32_t {
-  ModeOne = 0x00000001,        // the first lines of both texts
+  ModeOne = 0x00000001,        // the first lines of both texts only (C-215)
   ModeMany = 0x00000002,       // two lists, paired by position
   ModeManySame = 0x00000004,   // a list, each replaced by the first line of the replace text
   ModeMultiline = 0x00000008,  // a block of consecutive lines

@@ -117,7 +117,7 @@ class TextDocumentT {
   };
   std::vector<BlockSpan> spans;
 
-  // The odd byte at the end of a 16-bit file. No search sees it; it is written back behind the text.
+  // The odd byte at the end of a 16-bit file. No search sees it; it is written back after the text (C-230).
   std::optional<char> byteApart;
 
  private:

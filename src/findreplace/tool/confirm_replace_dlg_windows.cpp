@@ -91,7 +91,7 @@ class ConfirmReplaceDlg : public Ui::Dialog {
     Ui::SetText(Control(QX_CONFIRM_REPLACEMENT), EditText(ShownReplacement(form_)));
   }
 
-  // The selection is what shows the match. It is made once: the offsets are those of the raw text.
+  // The selection shows the match. It is made once, since the offsets are those of the raw text (C-239).
   void SelectMatch() {
     const HWND context = Control(QX_CONFIRM_CONTEXT);
     Ui::KeepSelection(context);

@@ -28,7 +28,7 @@ WString ShownReplacement(const ConfirmReplaceForm& form);
 inline bool CanSwitchView(const ConfirmReplaceForm& form) { return form.format == WQDR::TextFormat::Utf8; }
 
 // The four values of the range put into the format text of the host, in the order start line, start column,
-// end line, end column, counted from 0.
+// end line, end column, counted from 0 (C-247).
 WString RangeText(WStringView format, const TextRange& range);
 
 }  // namespace QXFindAndReplace

@@ -1,5 +1,5 @@
 // The ids of the three extensions: 32 hexadecimal digits each, in the case that the host knows them by. They
-// lie in writable memory, and what an extension answers as its id is this storage.
+// are in writable memory, and an extension returns this storage as its id (C-020).
 #pragma once
 
 namespace Velmora::SDK {

@@ -19,7 +19,7 @@ constexpr int Times(int a, int b) {
   return static_cast<int>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
 }
 
-// The weeks of years before 1971 begin otherwise; nothing that sorts depends on it.
+// The weeks of years before 1971 begin on another day; no sort depends on it (C-152).
 bool IsOldYear(const std::tm& date) { return Add(date.tm_year, 1900) < 1971; }
 
 void SetWeekFrom(std::tm& date, int week, int firstDay) {
@@ -117,7 +117,7 @@ CharT ToLower(CharT c) {
   return c >= 'A' && c <= 'Z' ? static_cast<CharT>(c + ('a' - 'A')) : c;
 }
 
-// As a format's character stands in text of this width.
+// A byte of a format as a character of a text: sign-extended in wide text (C-147).
 template <typename CharT>
 CharT Widen(char c) {
   return static_cast<CharT>(static_cast<signed char>(c));

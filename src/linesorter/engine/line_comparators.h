@@ -87,7 +87,7 @@ class LineCompare_LanguageAware_StringCompareEx<WCHAR> final : public LineCompar
   LanguageOrder order;
 };
 
-// For bytes it is only the base of the next class, and its own Compare always answers false.
+// For bytes it is only the base of the next class, and its own Compare always returns false (C-151).
 template <>
 class LineCompare_LanguageAware_StringCompareEx<char> : public LineCompare_TextBase<char> {
  public:

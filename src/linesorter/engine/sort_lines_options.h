@@ -22,7 +22,7 @@ enum SortLinesOption : std::uint32_t {
   SortNaturalNumbers = 0x00008000,    // digit runs by value, in language-aware comparison only
   SortRemoveDuplicates = 0x00020000,  // kept for the dialog's box; nothing reads it (C-125)
   SortRemoveBlank = 0x00040000,
-  SortNoCompareStringEx = 0x00080000,  // CompareStringEx is not looked up; nothing sets it
+  SortNoCompareStringEx = 0x00080000,  // CompareStringEx is not looked up; nothing sets it (C-150)
   SortSkipLeadingSpace = 0x00100000,   // blanks and tabs at the key's start are skipped
   SortEndAtWhitespace = 0x00200000,    // the substring ends at the first blank or tab
   SortEndAtChar = 0x00400000,          // the substring ends at matchChar

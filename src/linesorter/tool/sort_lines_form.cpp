@@ -164,11 +164,13 @@ void LoadKeyFields(SortLinesForm& form) {
   if (form.sortBy != SortBySubstring) return;
   if (options.options & SortEndAtChar) form.endCharacter = CharacterText(options.matchChar);
   form.endAtWhitespace = (options.options & SortEndAtWhitespace) != 0;
+  // Shows a length of 0 too (C-148).
   if (!form.endAtWhitespace) form.length = DecimalText(std::min(options.subStringLen, kMostLength));
 }
 
 void ReadSubstring(const SortLinesForm& form, SortLinesOptions& options) {
-  // The length keeps its old value unless the field decides (C-139).
+  // The end character wins over the length, and both over the box (C-149). The length keeps its old value
+  // unless its field decides (C-139).
   if (!form.endCharacter.empty()) {
     options.options |= SortEndAtChar;
     SetMatchChar(options, form.endCharacter.front());

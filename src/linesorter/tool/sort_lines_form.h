@@ -83,7 +83,7 @@ WString RulerText(const SortLinesForm& form);
 
 // The formats that the date field offers, in order.
 struct DatePreset {
-  const WCHAR* text;  // an example
+  const WCHAR* text;  // an example, of one day or another (C-153)
   const WCHAR* format;
 };
 std::span<const DatePreset> DatePresets();
