@@ -85,6 +85,11 @@ TEST(ReplaceListTest, EachPairWorksOnWhatTheLastOneLeft) {
   EXPECT_EQ(Replaced({{W("("), W("b")}, {W("a"), W("c")}}, W("a("), kAsRegex), W("c("));
 }
 
+TEST(ReplaceListTest, APairThatTakesTooLongLeavesTheTextAndTheNextOneGoesOn) {
+  EXPECT_EQ(Replaced({{W("(a*)*b"), W("x")}, {W("a$"), W("c")}}, WString(40, W('a')), kAsRegex),
+            WString(39, W('a')) + W("c"));
+}
+
 TEST(ReplaceListTest, ATextIsCutAt32767Characters) {
   EXPECT_EQ(Replaced({{W("a"), WString(40000, W('x'))}}, W("abc"), kEveryMatch), WString(32767, W('x')));
   EXPECT_EQ(Replaced({{W("c"), WString(32766, W('x'))}}, W("abc"), kEveryMatch),

@@ -261,6 +261,18 @@ TEST_F(NtfsToolsNative, AFileThatIsTakenIsTheUsers) {
   EXPECT_EQ(tools_.TakeOwnership(file_, W("root")), 5u);
 }
 
+TEST_F(NtfsToolsNative, AFileWhosePathHasNoDriveIsRefusedAndStaysAsItIs) {
+  const WString path = file_.substr(2);
+  ASSERT_EQ(file_.substr(0, 3), W("Z:\\"));
+  ASSERT_NE(GetFileAttributesW(path.c_str()), INVALID_FILE_ATTRIBUTES) << "it is a file all the same";
+  const mode_t mode = Mode();
+  EXPECT_NE(tools_.TakeOwnership(path, CurrentUserName()), 0u);
+  EXPECT_NE(tools_.AddAccess(path, CurrentUserName(), 0x1F01FF), 0u);
+  EXPECT_NE(tools_.ResetAccess(path), 0u);
+  EXPECT_EQ(Mode(), mode);
+  EXPECT_EQ(tools_.TakeOwnership(file_, CurrentUserName()), 0u);
+}
+
 // Add access.
 
 TEST_F(NtfsToolsNative, AddingMakesDeniedEntriesAllowAndAllInheritable) {
