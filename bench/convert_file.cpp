@@ -7,10 +7,14 @@
 #include "filetools/base64_file.h"
 #include "filetools/text_conversion.h"
 
+using namespace Velmora::SDK;
+
 namespace {
 
-const std::map<std::string, TextConversion> kConversions = {
-    {"lf", kLineEndsToLf}, {"crlf", kLineEndsToCrLf}, {"cr", kLineEndsToCr}, {"tabs", kTabsToBlanks}};
+const std::map<std::string, CommandNumber> kConversions = {{"lf", kCommandLineEndsToLf},
+                                                           {"crlf", kCommandLineEndsToCrLf},
+                                                           {"cr", kCommandLineEndsToCr},
+                                                           {"tabs", kCommandTabsToBlanks}};
 
 constexpr std::uint32_t kTabWidth = 4;
 

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "frame/host/command_numbers.h"
 #include "fuzz_input.h"
 #include "support/fake_files.h"
 
@@ -18,8 +19,10 @@ struct Swap {
 };
 
 constexpr Swap kSwaps[] = {
-    {30003, W('_'), W(' ')}, {30004, W('_'), W('.')}, {30005, W(' '), W('_')}, {30006, W(' '), W('.')},
-    {30007, W('.'), W('_')}, {30008, W('.'), W(' ')}, {30011, W('-'), W(' ')}, {30012, W(' '), W('-')},
+    {kCommandUnderscoresToBlanks, W('_'), W(' ')}, {kCommandUnderscoresToDots, W('_'), W('.')},
+    {kCommandBlanksToUnderscores, W(' '), W('_')}, {kCommandBlanksToDots, W(' '), W('.')},
+    {kCommandDotsToUnderscores, W('.'), W('_')},   {kCommandDotsToBlanks, W('.'), W(' ')},
+    {kCommandHyphensToBlanks, W('-'), W(' ')},     {kCommandBlanksToHyphens, W(' '), W('-')},
 };
 
 // The rule of a swap, character by character.
@@ -64,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   HostRecorder recorder;
   FakeFileItem item(recorder, W("Z:\\"), name, isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE);
-  for (s32 command = 30000; command <= 30060; ++command) {
+  for (s32 command = kCommandUpperCase; command <= kCommandSetExtension; ++command) {
     const NameTransform transform = FindNameTransform(command);
     if (!transform) continue;
     FileItemEntry entry = {&item, W("left over")};

@@ -4,12 +4,16 @@
 #include <string>
 
 #include "filetools/plain_conversion.h"
+#include "frame/host/command_numbers.h"
 #include "fuzz_folder.h"
 #include "fuzz_input.h"
 
+using namespace Velmora::SDK;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const FuzzFolder kFolder;
-  constexpr int kCommands[] = {30101, 30102, 30103, 30110};
+  constexpr int kCommands[] = {kCommandLineEndsToLf, kCommandLineEndsToCrLf, kCommandLineEndsToCr,
+                               kCommandTabsToBlanks};
   FuzzInput input(data, size);
   const int command = kCommands[input.TakeByte() % 4];
   const std::uint32_t width = input.TakeByte() % 21;

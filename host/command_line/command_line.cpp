@@ -6,11 +6,11 @@
 #include <iterator>
 #include <sstream>
 
-#include "host/command_line/command_names.h"
 #include "host/command_line/help_text.h"
-#include "host/command_line/nearest_name.h"
 #include "host/output/failures.h"
+#include "host/output/nearest_name.h"
 #include "host/services/answers.h"
+#include "host/services/command_names.h"
 
 namespace QxHost {
 namespace {

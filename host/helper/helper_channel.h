@@ -9,7 +9,7 @@
 
 #include "frame/host/host_helper_channel.h"
 #include "host/helper/helper_process.h"
-#include "host/services/packets.h"
+#include "host/helper/packets.h"
 
 namespace QxHost {
 

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "host/services/packets.h"
+#include "host/helper/packets.h"
 
 namespace QxHost {
 

@@ -6,7 +6,7 @@
 
 #include "frame/host/host_files.h"
 #include "host/services/file_item.h"
-#include "host/services/owned_by_module.h"
+#include "host/system/owned_by_module.h"
 
 namespace QxHost {
 

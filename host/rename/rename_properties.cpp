@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/command_line/nearest_name.h"
+#include "host/output/nearest_name.h"
 #include "multirename/rules/rename_tag.h"
 
 namespace QxHost {

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "frame/host/host_objects.h"
-#include "host/command_line/nearest_name.h"
 #include "host/output/error_text.h"
 #include "host/output/failures.h"
+#include "host/output/nearest_name.h"
 #include "host/system/paths.h"
 #include "host/system/whole_file.h"
 #include "multirename/rules/rule_flags.h"

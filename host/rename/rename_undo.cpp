@@ -7,9 +7,9 @@
 #include <tuple>
 #include <unordered_set>
 
-#include "host/command_line/nearest_name.h"
 #include "host/output/error_text.h"
 #include "host/output/failures.h"
+#include "host/output/nearest_name.h"
 #include "host/rename/interruption.h"
 #include "host/rename/planned_undo.h"
 #include "host/rename/undo_file.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "host/command_line/nearest_name.h"
+#include "host/output/nearest_name.h"
 #include "host/system/paths.h"
 
 namespace QxHost {

@@ -4,8 +4,8 @@
 #include <array>
 #include <exception>
 
-#include "host/command_line/nearest_name.h"
 #include "host/output/failures.h"
+#include "host/output/nearest_name.h"
 
 namespace QxHost {
 namespace {
@@ -21,7 +21,7 @@ constexpr u32 kMostExtensions = 64;
 constexpr u32 kPropertiesIndex = 1;
 constexpr u32 kFileUtilsIndex = 0;
 constexpr u32 kMultiRenameIndex = 2;
-constexpr s32 kFirstMultiRenameNumber = 31000;
+constexpr s32 kFirstMultiRenameNumber = Velmora::SDK::kCommandMultiRename;
 constexpr s32 kLastMultiRenameNumber = 32999;
 
 template <typename CharT, std::size_t size>
@@ -262,7 +262,7 @@ void Extensions::StopOne(Extension& extension) {
   void* const object = std::exchange(extension.object, nullptr);
   if (!object) return;
   if (extension.plugin) {
-    Guarded("OnCommand", [&] { return extension.plugin->OnCommand(kCommandShutDown, 0, 0); });
+    Guarded("OnCommand", [&] { return extension.plugin->OnCommand(Velmora::SDK::kCommandShutdown, 0, 0); });
   } else {
     Guarded("Detach", [&] { return extension.properties->Detach(); });
   }

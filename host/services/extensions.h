@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "frame/host/file_properties.h"
 #include "frame/host/plugin_interface.h"
-#include "frame/services/file_properties.h"
 #include "host/services/host_app.h"
 #include "host/services/script_call.h"
 #include "host/system/module_loader.h"
@@ -16,9 +16,6 @@
 namespace QxHost {
 
 using Velmora::SDK::s32;
-
-// Numbers of commands that belong to the host.
-enum HostCommand : s32 { kCommandShutDown = 20002 };
 
 class Extensions {
  public:

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "frame/host/host_properties.h"
-#include "host/services/owned_by_module.h"
+#include "host/system/owned_by_module.h"
 
 namespace QxHost {
 

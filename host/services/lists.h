@@ -5,7 +5,7 @@
 
 #include "frame/host/host_files.h"
 #include "frame/host/host_settings.h"
-#include "host/services/owned_by_module.h"
+#include "host/system/owned_by_module.h"
 
 namespace QxHost {
 

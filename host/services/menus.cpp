@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/command_line/command_names.h"
+#include "host/services/command_names.h"
 
 namespace QxHost {
 

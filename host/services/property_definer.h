@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "frame/host/host_property_definer.h"
-#include "host/system/module_registry.h"
+#include "host/services/module_registry.h"
 
 namespace QxHost {
 

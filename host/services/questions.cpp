@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/command_line/nearest_name.h"
-#include "host/system/ascii_case.h"
+#include "host/output/ascii_case.h"
+#include "host/output/nearest_name.h"
 #include "host/system/paths.h"
 #include "platform/windows_api.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "host/command_line/nearest_name.h"
 #include "host/output/failures.h"
+#include "host/output/nearest_name.h"
 #include "host/system/paths.h"
 
 namespace QxHost {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/system/ascii_case.h"
+#include "host/output/ascii_case.h"
 
 namespace QxHost {
 namespace {

@@ -13,6 +13,7 @@
 #include "host/rename/rename_batch.h"
 #include "host/services/file_properties.h"
 #include "host/services/language_table.h"
+#include "host/services/module_registry.h"
 #include "host/services/posted_commands.h"
 #include "host/services/property_definer.h"
 #include "host/services/questions.h"
@@ -20,7 +21,6 @@
 #include "host/services/settings.h"
 #include "host/services/view.h"
 #include "host/system/folder_names.h"
-#include "host/system/module_registry.h"
 
 namespace QxHost {
 

@@ -1,5 +1,6 @@
-#include "host/command_line/command_names.h"
+#include "frame/host/command_numbers.h"
 #include "host/output/failures.h"
+#include "host/services/command_names.h"
 #include "host/verbs/run.h"
 #include "host/verbs/verb.h"
 
@@ -7,11 +8,11 @@ namespace QxHost {
 namespace {
 
 // The quick rename commands: what they change are names alone.
-constexpr s32 kFirstRename = 30000;
-constexpr s32 kLastRename = 30060;
+constexpr s32 kFirstRename = Velmora::SDK::kCommandUpperCase;
+constexpr s32 kLastRename = Velmora::SDK::kCommandSetExtension;
 
 // Its window would close as soon as it is open: `qxhost window` keeps it.
-constexpr s32 kMultiRenameWindow = 31000;
+constexpr s32 kMultiRenameWindow = Velmora::SDK::kCommandMultiRename;
 
 // The command as a person reads it: its name, if it has one, and its number.
 std::string CommandTitle(s32 number) {

@@ -7,8 +7,6 @@
 namespace QxHost {
 namespace {
 
-constexpr s32 kCommandMultiRename = 31000;
-
 class WindowVerb final : public Verb {
  public:
   const char* Name() const override { return "window"; }
@@ -56,10 +54,10 @@ class WindowVerb final : public Verb {
     run.MakeConfigFolder();
     Extensions& extensions = run.LoadExtensions();
     extensions.Start();
-    s32 answer = extensions.RunWindow(kCommandMultiRename);
+    s32 answer = extensions.RunWindow(Velmora::SDK::kCommandMultiRename);
     while (answer == 1 && keepOpen_ && WantsAnother(run.Host())) {
-      extensions.Renew(kCommandMultiRename);
-      answer = extensions.RunWindow(kCommandMultiRename);
+      extensions.Renew(Velmora::SDK::kCommandMultiRename);
+      answer = extensions.RunWindow(Velmora::SDK::kCommandMultiRename);
     }
     extensions.Stop();
     wasPictureLost_ = answer == 1 && picture_ && !picture.isSaved;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "frame/host/host_xml.h"
-#include "host/services/owned_by_module.h"
+#include "host/system/owned_by_module.h"
 #include "host/xml/xml_tree.h"
 
 namespace QxHost {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "host/system/ascii_case.h"
+#include "host/output/ascii_case.h"
 #include "host/system/whole_file.h"
 
 namespace QxHost {

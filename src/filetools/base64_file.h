@@ -28,5 +28,5 @@ std::uint32_t FindBase64Start(FileInput& file);
 // itself failed (C-425).
 bool ConvertFileBase64(Velmora::SDK::IHostApp& host, const WString& path, bool encode);
 
-// 30210 with true, 30211 with false: the selected files, one after the other.
+// kCommandEncodeBase64 with true, kCommandDecodeBase64 with false: the selected files, one after the other.
 void ConvertBase64Command(Velmora::SDK::IHostApp& host, bool encode);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "filetools/control_panel_items.h"
+#include "frame/host/command_numbers.h"
 
 using namespace Velmora::SDK;
 
@@ -13,6 +14,7 @@ constexpr const char* kParentModuleId = "a4c2985d9c7e4035a3221cfd600171d0";
 constexpr TextId kParentText = 0x00C8006D;
 constexpr TextId kBranchText = 0x0A28006D;
 
+// Words of the host, as those of menu_tree.cpp; the items have other flags than the rest of the menu.
 constexpr u32 kItemFlags = 0x801;
 constexpr u32 kItemDisplayWord = 0x400000;
 
@@ -30,7 +32,7 @@ void AddCategory(IHostMenuBuilder& builder, IHostCommandFactory& factory, MenuHa
                  OsClasses os) {
   for (const ControlPanelItem& item : ControlPanelItems()) {
     if (item.category != category || !IsOffered(item, os)) continue;
-    const auto number = static_cast<u32>(kFirstControlPanelCommand) + item.rowId;
+    const auto number = static_cast<u32>(kCommandFirstControlPanel) + item.rowId;
     builder.AddCommand(menu, factory.CreateCommand(number, kItemFlags, item.textId, 0, kItemDisplayWord, 0),
                        1, 0);
   }

@@ -3,11 +3,6 @@
 
 #include "frame/host/host_app.h"
 
-// Command numbers of the branch: all of the range are handled, those without an item by doing nothing
-// (C-461).
-constexpr Velmora::SDK::s32 kFirstControlPanelCommand = 6100;
-constexpr Velmora::SDK::s32 kLastControlPanelCommand = 7100;
-
 // Adds the branch below `root`: nine categories, and in each the items that the system's classes (A, B) have.
 // The host may refuse the branch or a category, which is then left out.
 void BuildControlPanelMenu(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostMenuBuilder& builder,

@@ -5,6 +5,7 @@
 
 #include "filetools/replace_form.h"
 #include "filetools/title_case.h"
+#include "frame/host/command_numbers.h"
 
 using namespace Velmora::SDK;
 
@@ -99,22 +100,22 @@ struct TransformRow {
 };
 
 constexpr TransformRow kTransforms[] = {
-    {30000, MapName<ToUpperCase>},
-    {30001, MapName<ToLowerCase>},
-    {30002, MapToTitleCase},
-    {30003, SwapCharacter<W('_'), W(' ')>},
-    {30004, SwapCharacter<W('_'), W('.')>},
-    {30005, SwapCharacter<W(' '), W('_')>},
-    {30006, SwapCharacter<W(' '), W('.')>},
-    {30007, SwapCharacter<W('.'), W('_')>},
-    {30008, SwapCharacter<W('.'), W(' ')>},
-    {30011, SwapCharacter<W('-'), W(' ')>},
-    {30012, SwapCharacter<W(' '), W('-')>},
-    {30030, MapBaseName<ToUpperCase>},
-    {30031, MapExtension<ToUpperCase>},
-    {30040, MapBaseName<ToLowerCase>},
-    {30041, MapExtension<ToLowerCase>},
-    {30050, TidyName},
+    {kCommandUpperCase, MapName<ToUpperCase>},
+    {kCommandLowerCase, MapName<ToLowerCase>},
+    {kCommandTitleCase, MapToTitleCase},
+    {kCommandUnderscoresToBlanks, SwapCharacter<W('_'), W(' ')>},
+    {kCommandUnderscoresToDots, SwapCharacter<W('_'), W('.')>},
+    {kCommandBlanksToUnderscores, SwapCharacter<W(' '), W('_')>},
+    {kCommandBlanksToDots, SwapCharacter<W(' '), W('.')>},
+    {kCommandDotsToUnderscores, SwapCharacter<W('.'), W('_')>},
+    {kCommandDotsToBlanks, SwapCharacter<W('.'), W(' ')>},
+    {kCommandHyphensToBlanks, SwapCharacter<W('-'), W(' ')>},
+    {kCommandBlanksToHyphens, SwapCharacter<W(' '), W('-')>},
+    {kCommandUpperCaseBase, MapBaseName<ToUpperCase>},
+    {kCommandUpperCaseExtension, MapExtension<ToUpperCase>},
+    {kCommandLowerCaseBase, MapBaseName<ToLowerCase>},
+    {kCommandLowerCaseExtension, MapExtension<ToLowerCase>},
+    {kCommandTidyName, TidyName},
 };
 
 WString ReplaceAll(WStringView text, WStringView find, WStringView replace) {

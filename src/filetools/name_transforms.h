@@ -8,7 +8,8 @@
 // answers false.
 using NameTransform = bool (*)(FileItemEntry& entry);
 
-// The transform of a command (30000 to 30008, 30011, 30012, 30030, 30031, 30040, 30041, 30050), or null.
+// The transform of a one-step rename command (kCommandUpperCase to kCommandTidyName), or null for another
+// number.
 NameTransform FindNameTransform(Velmora::SDK::s32 commandNumber);
 
 // Replaces every occurrence of `find` in the item's name, from left to right, case-sensitive; what was put in

@@ -8,13 +8,13 @@
 // The family of one-step transforms; see FindNameTransform.
 void QuickRenameCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);
 
-// 30010: asks what to replace with what, and keeps both histories.
+// kCommandReplaceXWithY: asks what to replace with what, and keeps both histories.
 void ReplaceXYCommand(Velmora::SDK::IHostApp& host, const ReplaceDialog& showDialog = ShowReplaceDlg);
 
-// 30020: one new base name for all files of the view whose base name is the focused item's. Does not ask
-// again (C-307).
+// kCommandRenameSameBaseName: one new base name for all files of the view whose base name is the focused
+// item's. Does not ask again (C-307).
 void RenameSameBaseCommand(Velmora::SDK::IHostApp& host);
 
-// 30060: one extension for all selected files, without one leading dot of the answer (C-308). Does not ask
-// again (C-307). With nothing selected it says so in the log.
+// kCommandSetExtension: one extension for all selected files, without one leading dot of the answer (C-308).
+// Does not ask again (C-307). With nothing selected it says so in the log.
 void SetExtensionCommand(Velmora::SDK::IHostApp& host);

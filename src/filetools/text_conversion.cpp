@@ -23,10 +23,10 @@ struct ConversionRow {
 
 // clang-format off
 constexpr ConversionRow kConversions[] = {
-  {kLineEndsToLf,   "\n",   "\n",    nullptr, false},
-  {kLineEndsToCrLf, "\r\n", "",      "\r\n",  false},
-  {kLineEndsToCr,   "\r",   "\r",    "\r",    false},
-  {kTabsToBlanks,   nullptr, nullptr, nullptr, true},
+  {kCommandLineEndsToLf,   "\n",   "\n",    nullptr, false},
+  {kCommandLineEndsToCrLf, "\r\n", "",      "\r\n",  false},
+  {kCommandLineEndsToCr,   "\r",   "\r",    "\r",    false},
+  {kCommandTabsToBlanks,   nullptr, nullptr, nullptr, true},
 };
 // clang-format on
 

@@ -4,16 +4,9 @@
 
 #include <cstdint>
 
+#include "frame/host/command_numbers.h"
 #include "frame/host/host_app.h"
 #include "platform/text.h"
-
-// The menu commands that a conversion belongs to.
-enum TextConversion : Velmora::SDK::s32 {
-  kLineEndsToLf = 30101,
-  kLineEndsToCrLf = 30102,
-  kLineEndsToCr = 30103,
-  kTabsToBlanks = 30110
-};
 
 // What became of a conversion.
 struct ConvertedText {
@@ -22,11 +15,12 @@ struct ConvertedText {
   bool isWhole = false;      // the text was converted, and no read and no write failed
 };
 
-// Writes the converted text to a new file, which must not exist. `tabWidth` is for kTabsToBlanks; 0 drops the
-// tabs (C-445).
+// Writes the converted text to a new file, which must not exist. `conversion` is the command's number:
+// kCommandLineEndsToLf, kCommandLineEndsToCrLf, kCommandLineEndsToCr or kCommandTabsToBlanks. `tabWidth` is
+// for the last of these; 0 drops the tabs (C-445).
 //
 // The byte after a CR is read with it. If it is not an LF it is written as it is, so the second of two CRs is
-// not converted (C-442). kLineEndsToCrLf drops a CR that is the last byte of the file (C-443).
+// not converted (C-442). kCommandLineEndsToCrLf drops a CR that is the last byte of the file (C-443).
 ConvertedText ConvertText(const WString& source, const WString& target, Velmora::SDK::s32 conversion,
                           std::uint32_t tabWidth);
 
@@ -45,5 +39,5 @@ bool ConvertTextFile(const WString& source, const WString& target, Velmora::SDK:
 void ConvertTextFileInPlace(Velmora::SDK::IHostApp& host, const WString& path, Velmora::SDK::s32 conversion,
                             std::uint32_t tabWidth);
 
-// 30101, 30102, 30103 and 30110: asks once, and converts the selected files.
+// The commands of these four numbers: asks once, and converts the selected files.
 void ConvertTextCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);

@@ -102,7 +102,7 @@ void ConvertTextCommand(IHostApp& host, s32 number) {
   const std::vector<WString> paths = SelectedPaths(host);
   if (paths.empty() || !MayConvert(host, paths.size())) return;
   std::uint32_t tabWidth = 0;
-  if (number == kTabsToBlanks) {
+  if (number == kCommandTabsToBlanks) {
     const std::optional<std::uint32_t> answer = AskTabWidth(host);
     if (!answer) return;
     tabWidth = *answer;

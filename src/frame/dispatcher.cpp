@@ -1,6 +1,7 @@
 #include "frame/dispatcher.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "filetools/base64_file.h"
 #include "filetools/control_panel.h"
@@ -9,6 +10,7 @@
 #include "filetools/text_conversion.h"
 #include "filetools/xml_conversion.h"
 #include "findreplace/tool/find_and_replace_command.h"
+#include "frame/host/command_numbers.h"
 #include "linesorter/tool/sort_lines_command.h"
 #include "security/security_commands.h"
 
@@ -16,58 +18,74 @@ using namespace Velmora::SDK;
 
 namespace {
 
-void LaunchControlPanel(IHostApp&, s32 number) {
-  LaunchControlPanelItem(static_cast<u32>(number - kFirstControlPanelCommand));
-}
 void ReplaceXY(IHostApp& host, s32) { ReplaceXYCommand(host); }
 void RenameSameBase(IHostApp& host, s32) { RenameSameBaseCommand(host); }
 void SetExtension(IHostApp& host, s32) { SetExtensionCommand(host); }
 void SortLines(IHostApp& host, s32) { SortLinesCommand(host); }
 void FindAndReplace(IHostApp& host, s32) { FindAndReplaceCommand(host); }
 void CreateLink(IHostApp& host, s32) { CreateLinkCommand(host); }
-void ConvertXml(IHostApp& host, s32 number) { ConvertXmlCommand(host, number == 30200); }
-void ConvertBase64(IHostApp& host, s32 number) { ConvertBase64Command(host, number == 30210); }
+void ConvertXml(IHostApp& host, s32 number) { ConvertXmlCommand(host, number == kCommandFormatXml); }
+void ConvertBase64(IHostApp& host, s32 number) { ConvertBase64Command(host, number == kCommandEncodeBase64); }
 void TakeOwnership(IHostApp& host, s32) { TakeOwnershipCommand(host); }
 void ResetAccess(IHostApp& host, s32) { ResetAccessCommand(host); }
 void AddAccess(IHostApp& host, s32) { AddAccessCommand(host); }
 
-// A range of command numbers, both ends included, and what runs them.
 struct CommandRow {
-  s32 first;
-  s32 last;
+  s32 number;
   void (*run)(IHostApp& host, s32 number);
 };
 
+// In the order of the menu.
 // clang-format off
 constexpr CommandRow kCommands[] = {
-  {kFirstControlPanelCommand, kLastControlPanelCommand, LaunchControlPanel},
-  {30000, 30008, QuickRenameCommand},
-  {30010, 30010, ReplaceXY},
-  {30011, 30012, QuickRenameCommand},
-  {30020, 30020, RenameSameBase},
-  {30030, 30031, QuickRenameCommand},
-  {30040, 30041, QuickRenameCommand},
-  {30050, 30050, QuickRenameCommand},
-  {30060, 30060, SetExtension},
-  {30101, 30103, ConvertTextCommand},
-  {30110, 30110, ConvertTextCommand},
-  {30150, 30150, SortLines},
-  {30151, 30151, FindAndReplace},
-  {30200, 30201, ConvertXml},
-  {30210, 30211, ConvertBase64},
-  {30300, 30300, TakeOwnership},
-  {30310, 30310, ResetAccess},
-  {30311, 30311, AddAccess},
-  {30350, 30350, CreateLink},
+  {kCommandUpperCase, QuickRenameCommand},
+  {kCommandUpperCaseBase, QuickRenameCommand},
+  {kCommandUpperCaseExtension, QuickRenameCommand},
+  {kCommandLowerCase, QuickRenameCommand},
+  {kCommandLowerCaseBase, QuickRenameCommand},
+  {kCommandLowerCaseExtension, QuickRenameCommand},
+  {kCommandTitleCase, QuickRenameCommand},
+  {kCommandUnderscoresToBlanks, QuickRenameCommand},
+  {kCommandDotsToBlanks, QuickRenameCommand},
+  {kCommandHyphensToBlanks, QuickRenameCommand},
+  {kCommandBlanksToUnderscores, QuickRenameCommand},
+  {kCommandBlanksToDots, QuickRenameCommand},
+  {kCommandBlanksToHyphens, QuickRenameCommand},
+  {kCommandUnderscoresToDots, QuickRenameCommand},
+  {kCommandDotsToUnderscores, QuickRenameCommand},
+  {kCommandTidyName, QuickRenameCommand},
+  {kCommandReplaceXWithY, ReplaceXY},
+  {kCommandRenameSameBaseName, RenameSameBase},
+  {kCommandSetExtension, SetExtension},
+  {kCommandLineEndsToLf, ConvertTextCommand},
+  {kCommandLineEndsToCrLf, ConvertTextCommand},
+  {kCommandLineEndsToCr, ConvertTextCommand},
+  {kCommandTabsToBlanks, ConvertTextCommand},
+  {kCommandFormatXml, ConvertXml},
+  {kCommandCompactXml, ConvertXml},
+  {kCommandSortLines, SortLines},
+  {kCommandFindAndReplace, FindAndReplace},
+  {kCommandEncodeBase64, ConvertBase64},
+  {kCommandDecodeBase64, ConvertBase64},
+  {kCommandTakeOwnership, TakeOwnership},
+  {kCommandResetAccess, ResetAccess},
+  {kCommandAddAccess, AddAccess},
+  {kCommandCreateLink, CreateLink},
 };
 // clang-format on
+
+bool IsOfControlPanel(s32 number) {
+  return number >= kCommandFirstControlPanel && number <= kCommandLastControlPanel;
+}
 
 }  // namespace
 
 bool DispatchCommand(IHostApp& host, s32 number) {
-  const auto* const row = std::ranges::find_if(kCommands, [number](const CommandRow& candidate) {
-    return number >= candidate.first && number <= candidate.last;
-  });
+  if (IsOfControlPanel(number)) {
+    LaunchControlPanelItem(static_cast<u32>(number - kCommandFirstControlPanel));
+    return true;
+  }
+  const auto* const row = std::ranges::find(kCommands, number, &CommandRow::number);
   if (row == std::end(kCommands)) return false;
   row->run(host, number);
   return true;

@@ -1,66 +1,77 @@
 #include "frame/menu_tree.h"
 
+#include "frame/host/command_numbers.h"
+#include "frame/services/message_texts.h"
+
 using namespace Velmora::SDK;
 
 namespace {
 
-constexpr u32 kCommandFlags = 0x10000801;
+// The flags and the display words belong to the host, which gives their bits a meaning; this module passes
+// them on as they are. All commands of File Utils have the same flags. The items of the control panel
+// (control_panel.cpp) and the command of MultiRename (qx_multi_rename.cpp) have others of their own.
+constexpr u32 kMenuCommandFlags = 0x10000801;
+
+// The display word of most entries, and the three that differ.
+constexpr u32 kPlain = 0x400000;
+constexpr u32 kUpperCaseDisplay = 0x49004A;
+constexpr u32 kLowerCaseDisplay = 0x4D004A;
+constexpr u32 kCrLfDisplay = 0x49004B;
 
 constexpr MenuEntry kSeparator = {0, 0, 0};
-constexpr u32 kPlain = 0x400000;  // the display word of most entries
 
 // clang-format off
 constexpr MenuEntry kRenameMenu[] = {
-  {30000, 0x0834006D, 0x49004A},
-  {30030, 0x0852006D, kPlain},
-  {30031, 0x0853006D, kPlain},
+  {kCommandUpperCase, 0x0834006D, kUpperCaseDisplay},
+  {kCommandUpperCaseBase, 0x0852006D, kPlain},
+  {kCommandUpperCaseExtension, 0x0853006D, kPlain},
   kSeparator,
-  {30001, 0x0835006D, 0x4D004A},
-  {30040, 0x085C006D, kPlain},
-  {30041, 0x085D006D, kPlain},
+  {kCommandLowerCase, 0x0835006D, kLowerCaseDisplay},
+  {kCommandLowerCaseBase, 0x085C006D, kPlain},
+  {kCommandLowerCaseExtension, 0x085D006D, kPlain},
   kSeparator,
-  {30002, 0x0836006D, kPlain},
+  {kCommandTitleCase, 0x0836006D, kPlain},
   kSeparator,
-  {30003, 0x0837006D, kPlain},
-  {30008, 0x083C006D, kPlain},
-  {30011, 0x083F006D, kPlain},
-  {30005, 0x0839006D, kPlain},
-  {30006, 0x083A006D, kPlain},
-  {30012, 0x0840006D, kPlain},
-  {30004, 0x0838006D, kPlain},
-  {30007, 0x083B006D, kPlain},
+  {kCommandUnderscoresToBlanks, 0x0837006D, kPlain},
+  {kCommandDotsToBlanks, 0x083C006D, kPlain},
+  {kCommandHyphensToBlanks, 0x083F006D, kPlain},
+  {kCommandBlanksToUnderscores, 0x0839006D, kPlain},
+  {kCommandBlanksToDots, 0x083A006D, kPlain},
+  {kCommandBlanksToHyphens, 0x0840006D, kPlain},
+  {kCommandUnderscoresToDots, 0x0838006D, kPlain},
+  {kCommandDotsToUnderscores, 0x083B006D, kPlain},
   kSeparator,
-  {30050, 0x0866006D, kPlain},
+  {kCommandTidyName, 0x0866006D, kPlain},
   kSeparator,
-  {30010, 0x083E006D, kPlain},
-  {30020, 0x0848006D, kPlain},
-  {30060, 0x0870006D, kPlain},
+  {kCommandReplaceXWithY, 0x083E006D, kPlain},
+  {kCommandRenameSameBaseName, 0x0848006D, kPlain},
+  {kCommandSetExtension, 0x0870006D, kPlain},
 };
 
 constexpr MenuEntry kTextAndXmlMenu[] = {
-  {30101, 0x0899006D, kPlain},
-  {30102, 0x089A006D, 0x49004B},
-  {30103, 0x089B006D, kPlain},
-  {30110, 0x089C006D, kPlain},
-  {30200, 0x08A2006D, kPlain},
-  {30201, 0x08A3006D, kPlain},
-  {30150, 0x08AC006D, kPlain},
-  {30151, 0x08AD006D, kPlain},
+  {kCommandLineEndsToLf, 0x0899006D, kPlain},
+  {kCommandLineEndsToCrLf, 0x089A006D, kCrLfDisplay},
+  {kCommandLineEndsToCr, 0x089B006D, kPlain},
+  {kCommandTabsToBlanks, 0x089C006D, kPlain},
+  {kCommandFormatXml, 0x08A2006D, kPlain},
+  {kCommandCompactXml, 0x08A3006D, kPlain},
+  {kCommandSortLines, 0x08AC006D, kPlain},
+  {kCommandFindAndReplace, 0x08AD006D, kPlain},
 };
 
 constexpr MenuEntry kBase64Menu[] = {
-  {30210, 0x08C0006D, kPlain},
-  {30211, 0x08C1006D, kPlain},
+  {kCommandEncodeBase64, kTextBase64Encode, kPlain},
+  {kCommandDecodeBase64, kTextBase64Decode, kPlain},
 };
 
 constexpr MenuEntry kFileSecurityMenu[] = {
-  {30300, 0x08FD006D, kPlain},
-  {30310, 0x0906006D, kPlain},
-  {30311, 0x0907006D, kPlain},
+  {kCommandTakeOwnership, 0x08FD006D, kPlain},
+  {kCommandResetAccess, 0x0906006D, kPlain},
+  {kCommandAddAccess, 0x0907006D, kPlain},
 };
 
 constexpr MenuEntry kLinksMenu[] = {
-  {30350, 0x0961006D, kPlain},
+  {kCommandCreateLink, 0x0961006D, kPlain},
 };
 
 constexpr SubMenu kSubMenus[] = {
@@ -85,7 +96,7 @@ void BuildFileUtilsMenu(IHostMenuBuilder& builder, IHostCommandFactory& factory,
         builder.AddSeparator(menu, 0);
         continue;
       }
-      const CommandHandle command = factory.CreateCommand(entry.command, kCommandFlags, entry.textId,
+      const CommandHandle command = factory.CreateCommand(entry.command, kMenuCommandFlags, entry.textId,
                                                           entry.textId, entry.displayWord, 0);
       builder.AddCommand(menu, command, 1, 0);
     }

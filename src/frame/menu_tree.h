@@ -1,11 +1,12 @@
-// The menu of File Utils as a table.
+// The menu of File Utils as a table. Its text ids stand here and in menu_tree.cpp alone; the entry's text is
+// its tool tip as well, of which the language table has a second text.
 #pragma once
 
 #include <span>
 
 #include "frame/host/host_app.h"
 
-// One row of a sub menu; command 0 is a separator.
+// One row of a sub menu; command 0 is a separator. The display word is the host's: how it shows the command.
 struct MenuEntry {
   Velmora::SDK::u32 command;
   Velmora::SDK::TextId textId;

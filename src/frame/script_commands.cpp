@@ -1,12 +1,16 @@
 #include "frame/script_commands.h"
 
+#include "frame/host/command_numbers.h"
+
 using namespace Velmora::SDK;
 
 namespace {
 
 constexpr const char* kSetName = "QX.Utils";
-constexpr u32 kCommandFlags = 0x100000;
-constexpr u32 kCommandKind = 2048;
+
+// Words of the host, which this module passes on as they are; all three commands have the same.
+constexpr u32 kScriptCommandFlags = 0x100000;
+constexpr u32 kScriptCommandKind = 2048;
 
 // clang-format off
 constexpr ScriptParameter kCreateLinkParameters[] = {
@@ -60,9 +64,9 @@ constexpr ScriptParameter kFindAndReplaceParameters[] = {
 };
 
 constexpr ScriptCommand kScriptCommands[] = {
-  {"CreateLink", 30351, 0x00320063, kCreateLinkParameters},
-  {"SortLines", 30352, 0x003C0063, kSortLinesParameters},
-  {"FindAndReplace", 30353, 0x005A0063, kFindAndReplaceParameters},
+  {"CreateLink", kScriptCreateLink, 0x00320063, kCreateLinkParameters},
+  {"SortLines", kScriptSortLines, 0x003C0063, kSortLinesParameters},
+  {"FindAndReplace", kScriptFindAndReplace, 0x005A0063, kFindAndReplaceParameters},
 };
 // clang-format on
 
@@ -74,7 +78,8 @@ void RegisterScriptCommands(IHostApp& host) {
   IHostCustomCommandSet* const set = host.GetCustomCommandSet(kSetName);
   if (!set || set->IsRegistered()) return;
   for (const ScriptCommand& row : kScriptCommands) {
-    IHostCustomCommand* const command = set->AddCommand(row.name, row.number, kCommandFlags, kCommandKind);
+    IHostCustomCommand* const command =
+        set->AddCommand(row.name, row.number, kScriptCommandFlags, kScriptCommandKind);
     if (!command) continue;
     command->SetDescription(host.GetLanguageString(row.description));
     for (const ScriptParameter& parameter : row.parameters) {

@@ -6,6 +6,7 @@
 
 #include "filetools/create_link_script.h"
 #include "findreplace/tool/find_and_replace_script.h"
+#include "frame/host/command_numbers.h"
 #include "linesorter/tool/sort_lines_script.h"
 
 using namespace Velmora::SDK;
@@ -23,9 +24,9 @@ struct ScriptRow {
 
 // clang-format off
 constexpr ScriptRow kScriptCommands[] = {
-  {30351, CreateLinkScript, kCreateLinkParameters},
-  {30352, SortLinesScript, {}},
-  {30353, FindAndReplaceScript, {}},
+  {kScriptCreateLink, CreateLinkScript, kCreateLinkParameters},
+  {kScriptSortLines, SortLinesScript, {}},
+  {kScriptFindAndReplace, FindAndReplaceScript, {}},
 };
 // clang-format on
 

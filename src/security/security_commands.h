@@ -7,12 +7,12 @@
 
 #include "security/change_access_dlg.h"
 
-// 30300: makes the current user the owner, or in the helper the helper's user.
+// kCommandTakeOwnership: makes the current user the owner, or in the helper the helper's user.
 void TakeOwnershipCommand(Velmora::SDK::IHostApp& host);
 
-// 30310: asks, and removes the items' own access entries.
+// kCommandResetAccess: asks, and removes the items' own access entries.
 void ResetAccessCommand(Velmora::SDK::IHostApp& host);
 
-// 30311: shows the dialog, and adds an entry for a user or group.
+// kCommandAddAccess: shows the dialog, and adds an entry for a user or group.
 void AddAccessCommand(Velmora::SDK::IHostApp& host, const ChangeAccessDialog& show);
 void AddAccessCommand(Velmora::SDK::IHostApp& host);

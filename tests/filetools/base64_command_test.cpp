@@ -3,10 +3,12 @@
 
 #include "filetools/base64_file.h"
 #include "filetools/plain_base64.h"
+#include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/real_files.h"
 #include "support/refusals.h"
 
+using namespace Velmora::SDK;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -97,9 +99,9 @@ TEST_F(Base64Command, RunsCallByCall) {
 TEST_F(Base64Command, AsksBeforeATargetIsReplaced) {
   for (const bool encode : {true, false}) {
     RealFiles files;
-    files.host.texts[0x00D20065] = W("Replace %s?");
-    files.host.texts[0x08C0006D] = W("Encode");
-    files.host.texts[0x08C1006D] = W("Decode");
+    files.host.texts[kTextBase64TargetExists] = W("Replace %s?");
+    files.host.texts[kTextBase64Encode] = W("Encode");
+    files.host.texts[kTextBase64Decode] = W("Decode");
     files.Select(W("a.x"), encode ? "foo" : "Zm9v");
     const WString target = files.Add(encode ? W("a.b64") : W("a"), "old");
     BoxAnswers boxes{IDNO};

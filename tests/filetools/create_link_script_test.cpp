@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "filetools/link_calls.h"
+#include "frame/host/command_numbers.h"
 #include "frame/script_dispatcher.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -18,7 +19,7 @@ using testing::Optional;
 
 namespace {
 
-constexpr u32 kNumber = 30351;
+constexpr u32 kNumber = kScriptCreateLink;
 
 class CreateLinkScriptTest : public testing::Test {
  protected:

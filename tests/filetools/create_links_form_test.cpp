@@ -6,6 +6,8 @@
 
 #include <climits>
 
+#include "frame/services/message_texts.h"
+
 using namespace Velmora::SDK;
 
 namespace {
@@ -62,21 +64,21 @@ constexpr const WCHAR* kTarget = W("C:\\view\\x");
 constexpr const WCHAR* kFarTarget = W("D:\\view\\x");
 
 constexpr StatusRow kStatusRows[] = {
-    {kOneFile, kLink, kTarget, true, {0, 0x00CB0065, 0, 0}},
-    {kOneFolder, kLink, kTarget, true, {0x00C90065, 0, 0, 0}},
-    {kFiles, kLink, kTarget, true, {0, 0x00CB0065, 0, 0}},
-    {kFolders, kLink, kTarget, true, {0x00C90065, 0, 0, 0}},
-    {kMixed, kLink, kTarget, true, {0x00C80065, 0x00CA0065, 0, 0}},
-    {kOneFile, kLink, kFarTarget, true, {0x00CD0065, 0x00CB0065, 0, 0}},
-    {kOneFolder, kLink, kFarTarget, true, {0x00C90065, 0, 0, 0}},
-    {kFiles, kLink, kFarTarget, true, {0x00CD0065, 0x00CB0065, 0, 0}},
-    {kFolders, kLink, kFarTarget, true, {0x00C90065, 0, 0, 0}},
-    {kMixed, kLink, kFarTarget, true, {0x00C80065, 0x00CA0065, 0, 0}},
-    {kOneFile, kLink, kTarget, false, {0, 0x00CB0065, 0x00CC0065, 0}},
-    {kOneFolder, kLink, kTarget, false, {0x00C90065, 0, 0x00CC0065, 0}},
-    {kFiles, kLink, kTarget, false, {0, 0x00CB0065, 0x00CC0065, 0}},
-    {kFolders, kLink, kTarget, false, {0x00C90065, 0, 0x00CC0065, 0}},
-    {kMixed, kLink, kFarTarget, false, {0x00C80065, 0x00CA0065, 0x00CC0065, 0}},
+    {kOneFile, kLink, kTarget, true, {0, kTextLinkJunctionFile, 0, 0}},
+    {kOneFolder, kLink, kTarget, true, {kTextLinkHardFolder, 0, 0, 0}},
+    {kFiles, kLink, kTarget, true, {0, kTextLinkJunctionFile, 0, 0}},
+    {kFolders, kLink, kTarget, true, {kTextLinkHardFolder, 0, 0, 0}},
+    {kMixed, kLink, kTarget, true, {kTextLinkHardMixed, kTextLinkJunctionMixed, 0, 0}},
+    {kOneFile, kLink, kFarTarget, true, {kTextLinkHardDrives, kTextLinkJunctionFile, 0, 0}},
+    {kOneFolder, kLink, kFarTarget, true, {kTextLinkHardFolder, 0, 0, 0}},
+    {kFiles, kLink, kFarTarget, true, {kTextLinkHardDrives, kTextLinkJunctionFile, 0, 0}},
+    {kFolders, kLink, kFarTarget, true, {kTextLinkHardFolder, 0, 0, 0}},
+    {kMixed, kLink, kFarTarget, true, {kTextLinkHardMixed, kTextLinkJunctionMixed, 0, 0}},
+    {kOneFile, kLink, kTarget, false, {0, kTextLinkJunctionFile, kTextLinkNoSymbolic, 0}},
+    {kOneFolder, kLink, kTarget, false, {kTextLinkHardFolder, 0, kTextLinkNoSymbolic, 0}},
+    {kFiles, kLink, kTarget, false, {0, kTextLinkJunctionFile, kTextLinkNoSymbolic, 0}},
+    {kFolders, kLink, kTarget, false, {kTextLinkHardFolder, 0, kTextLinkNoSymbolic, 0}},
+    {kMixed, kLink, kFarTarget, false, {kTextLinkHardMixed, kTextLinkJunctionMixed, kTextLinkNoSymbolic, 0}},
 };
 
 }  // namespace

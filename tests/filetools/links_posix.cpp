@@ -9,6 +9,7 @@
 #include "filetools/junction.h"
 #include "filetools/link_calls.h"
 #include "filetools/links.h"
+#include "frame/host/command_numbers.h"
 #include "platform/posix/files/faults.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
@@ -275,7 +276,7 @@ TEST_F(NativeLinksTest, TheBoxShowsTheSystemsTextAsItComesWithItsLineEnd) {
 
 TEST_F(NativeLinksTest, AScriptIsToldThatAccessIsDeniedWhereThePrivilegeIsMissing) {
   Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
-  FakeCommandCall call(30351);
+  FakeCommandCall call(kScriptCreateLink);
   call.values = {{"LNKTYPE", W("3")}, {"LNKSRC", link_}, {"LNKTRG", target_}};
   EXPECT_EQ(CreateLinkScript(host_, call), 0);
   EXPECT_THAT(call.resultCode, Optional(5u));

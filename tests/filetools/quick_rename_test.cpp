@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/host/command_numbers.h"
+#include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -16,7 +18,7 @@ using testing::StartsWith;
 
 namespace {
 
-constexpr TextId kQuestion = 0x000B0063;
+constexpr TextId kQuestion = kTextRenameQuestion;
 
 // What the command asked of the host, without its looks at items, counts and texts.
 std::vector<std::string> Steps(const FakeHost& host) {
@@ -33,7 +35,7 @@ TEST(QuickRename, TakesTheSelectionAndHandsTheNewNamesToOneBatch) {
   FakeHost host;
   host.SelectFiles({W("a.txt"), W("b.txt")});
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(Steps(host),
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.GetItem(0)",
                           "list1.GetItem(1)", "list1.Release()", "GetService(3000, 0)",
@@ -47,7 +49,7 @@ TEST(QuickRename, ReleasesTheListBeforeItLooksAtTheItems) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   ASSERT_GE(host.recorder.PositionOf("list1.Release()"), 0);
   EXPECT_LT(host.recorder.PositionOf("list1.Release()"), host.recorder.PositionOf("item a.txt."));
 }
@@ -57,7 +59,7 @@ TEST(QuickRename, AsksWithTheNumberOfItemsBeforeItRenames) {
   host.texts[kQuestion] = W("Rename %d items?");
   host.SelectFiles({W("a.txt"), W("b.txt"), W("c.txt")});
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(boxes.Boxes()[0].text, W("Rename 3 items?"));
   EXPECT_EQ(boxes.Boxes()[0].title, W("T000A0063"));
@@ -71,7 +73,7 @@ TEST(QuickRename, CancelRenamesNothingAndCallsNoService) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDCANCEL};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(host.fileOperation.Runs(), 0);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
@@ -83,7 +85,7 @@ TEST(QuickRename, EntriesWhoseNameStaysLeaveAndTheOrderIsKept) {
   host.texts[kQuestion] = W("%d");
   host.SelectFiles({W("STAYS.A"), W("z.txt"), W("STAYS.B"), W("STAYS.C"), W("a.txt"), W("m.txt"), W("S")});
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(host.fileOperation.RunRenames(),
               ElementsAre(QueuedRename{W("z.txt"), W("Z.TXT")}, QueuedRename{W("a.txt"), W("A.TXT")},
                           QueuedRename{W("m.txt"), W("M.TXT")}));
@@ -95,7 +97,7 @@ TEST(QuickRename, WhereNoNameChangesNoBoxIsShownAndNoServiceCalled) {
   FakeHost host;
   host.SelectFiles({W("ABC.TXT"), W("DEF")});
   BoxAnswers boxes;
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
   ExpectAllGivenBack(host);
@@ -104,7 +106,7 @@ TEST(QuickRename, WhereNoNameChangesNoBoxIsShownAndNoServiceCalled) {
 TEST(QuickRename, EmptySelectionEndsSilentlyWithItsListReleased) {
   FakeHost host;
   BoxAnswers boxes;
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(Steps(host),
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.Release()"));
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
@@ -117,7 +119,7 @@ TEST(QuickRename, ListOfARefusedRequestIsNotLookedAt) {
   host.refusedRequest = 21215;
   host.fillsRefusedLists = true;
   BoxAnswers boxes;
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(Steps(host),
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.Release()"));
   EXPECT_THAT(host.recorder.CallsOf({"item "}), IsEmpty());
@@ -129,7 +131,7 @@ TEST(QuickRename, WritesNothingToTheLog) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(host.recorder.CallsOf({"Log"}), IsEmpty());
 }
 
@@ -137,7 +139,7 @@ TEST(QuickRename, FoldersAreRenamedWithTheFiles) {
   FakeHost host;
   host.selection = {host.AddFolder(W("a b.c d")), host.AddFile(W("a b.c d"))};
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30005);
+  QuickRenameCommand(host, kCommandBlanksToUnderscores);
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("a b.c d"), W("a_b.c_d")},
                                                            QueuedRename{W("a b.c d"), W("a_b.c d")}));
 }
@@ -147,7 +149,7 @@ TEST(QuickRename, HostileQuestionIsShownAndNotObeyed) {
   host.texts[kQuestion] = W("%s%n 100% %d");
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_THAT(ToUtf8(boxes.Boxes()[0].text), StartsWith("%s%n 100"));
 }
@@ -157,7 +159,7 @@ TEST(QuickRename, QuestionIsCutAt1023Characters) {
   host.texts[kQuestion] = WString(3000, W('q'));
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   ASSERT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(boxes.Boxes()[0].text, WString(1023, W('q')));
 }
@@ -167,7 +169,7 @@ TEST(QuickRename, MissingTextsDoNotKeepTheQuestionBack) {
   host.recorder.Refuse("GetLanguageString");
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDCANCEL};
-  QuickRenameCommand(host, 30000);
+  QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(host.fileOperation.Runs(), 0);
 }
@@ -189,7 +191,7 @@ TEST(QuickRename, EveryRefusalOfTheHostEndsItQuietly) {
       },
       [](FakeHost& host) {
         BoxAnswers boxes{IDOK};
-        QuickRenameCommand(host, 30000);
+        QuickRenameCommand(host, kCommandUpperCase);
         EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
         EXPECT_THAT(host.recorder.CallsOf({"Log"}), IsEmpty());
       });

@@ -2,8 +2,11 @@
 #include <gmock/gmock.h>
 
 #include "filetools/quick_rename.h"
+#include "frame/host/command_numbers.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
+
+using namespace Velmora::SDK;
 
 TEST(RenameQuestion, IsOwnedByTheHostsMainWindow) {
   FakeHost host;
@@ -13,7 +16,7 @@ TEST(RenameQuestion, IsOwnedByTheHostsMainWindow) {
   host.SelectFiles({L"a.txt"});
   {
     BoxAnswers boxes{IDOK};
-    QuickRenameCommand(host, 30000);
+    QuickRenameCommand(host, kCommandUpperCase);
     ASSERT_THAT(boxes.Boxes(), testing::SizeIs(1));
     EXPECT_EQ(boxes.Boxes()[0].owner, host.mainWindow);
   }

@@ -3,7 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/host/command_numbers.h"
 #include "frame/qx_utils.h"
+#include "frame/services/message_texts.h"
 #include "platform/posix/user_interface.h"
 #include "support/fake_host.h"
 
@@ -60,7 +62,7 @@ WString Get(Platform::FormRequest& form, const std::string& name) {
 
 TEST(ReplaceDlg, IsAskedForByItsClassAndTitleWithThreeFields) {
   FakeHost host;
-  host.texts[0x00640064] = W("Replace X with Y");
+  host.texts[kTextReplaceTitle] = W("Replace X with Y");
   int asked = 0;
   DialogAnswer answer([&](Platform::FormRequest& form) -> INT_PTR {
     ++asked;
@@ -139,7 +141,7 @@ TEST(ReplaceDlg, WithoutAnyoneToAnswerItIsCancelled) {
 
 TEST(ReplaceDlg, CommandNumberLeadsFromTheDialogToTheRenames) {
   FakeHost host;
-  host.texts[0x000B0063] = W("%d");
+  host.texts[kTextRenameQuestion] = W("%d");
   host.SelectFiles({W("a.txt"), W("b.log")});
   DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     Set(form, "find", W(".txt"));
@@ -149,7 +151,7 @@ TEST(ReplaceDlg, CommandNumberLeadsFromTheDialogToTheRenames) {
   });
   CQXUtils extension;
   extension.OnStart(&host);
-  EXPECT_EQ(extension.OnCommand(30010, 0, 0), 1);
+  EXPECT_EQ(extension.OnCommand(kCommandReplaceXWithY, 0, 0), 1);
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("a.txt"), W("a.bak")}));
   EXPECT_EQ(answer.boxText, W("1"));
   EXPECT_EQ(answer.boxCaption, W("T000A0063"));

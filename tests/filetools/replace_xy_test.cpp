@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "filetools/quick_rename.h"
+#include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -54,7 +55,7 @@ std::vector<WString> Numbered(int count) {
 
 TEST(ReplaceXY, ReplacesInTheSelectedNamesAfterTheQuestion) {
   FakeHost host;
-  host.texts[0x000B0063] = W("%d items");
+  host.texts[kTextRenameQuestion] = W("%d items");
   host.SelectFiles({W("a_b.txt"), W("none.txt"), W("_c_.txt")});
   BoxAnswers boxes{IDOK};
   ReplaceXYCommand(host, Entering(W("_"), W("-")));

@@ -6,10 +6,13 @@
 #include <vector>
 
 #include "filetools/text_conversion.h"
+#include "frame/host/command_numbers.h"
+#include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/real_files.h"
 #include "support/refusals.h"
 
+using namespace Velmora::SDK;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -41,7 +44,7 @@ std::string TabsAfter(const ChoiceAnswer& answer) {
   files.Select(W("a"), kBefore);
   files.host.choiceAnswers = {answer};
   BoxAnswers boxes{IDYES};
-  ConvertTextCommand(files.host, 30110);
+  ConvertTextCommand(files.host, kCommandTabsToBlanks);
   EXPECT_EQ(files.host.choices.size(), 1u);
   ExpectAllGivenBack(files.host);
   return files.scratch.Read(W("a"));
@@ -50,8 +53,9 @@ std::string TabsAfter(const ChoiceAnswer& answer) {
 }  // namespace
 
 TEST_F(ConvertText, ConvertsEachSelectedFileAfterYes) {
-  const std::pair<int, const char*> kExpected[] = {
-      {30101, "a\tb\nc\n"}, {30102, "a\tb\r\nc\r\n"}, {30103, "a\tb\rc\r"}};
+  const std::pair<int, const char*> kExpected[] = {{kCommandLineEndsToLf, "a\tb\nc\n"},
+                                                   {kCommandLineEndsToCrLf, "a\tb\r\nc\r\n"},
+                                                   {kCommandLineEndsToCr, "a\tb\rc\r"}};
   for (const auto& [number, expected] : kExpected) {
     RealFiles files;
     files.Select(W("1"), kBefore);
@@ -69,11 +73,11 @@ TEST_F(ConvertText, ConvertsEachSelectedFileAfterYes) {
 }
 
 TEST_F(ConvertText, AsksWithTheNumberOfItems) {
-  Host().texts[0x000E0063] = W("Convert");
-  Host().texts[0x000F0063] = W("%d files?");
+  Host().texts[kTextConvertCaption] = W("Convert");
+  Host().texts[kTextConvertQuestion] = W("%d files?");
   files_.Select(W("1"), kBefore);
   files_.Select(W("2"), kBefore);
-  const std::vector<ShownBox> boxes = Run(30101, {IDNO});
+  const std::vector<ShownBox> boxes = Run(kCommandLineEndsToLf, {IDNO});
   ASSERT_THAT(boxes, SizeIs(1));
   EXPECT_EQ(boxes[0].title, W("Convert"));
   EXPECT_EQ(boxes[0].text, W("2 files?"));
@@ -84,21 +88,23 @@ TEST_F(ConvertText, AsksWithTheNumberOfItems) {
 
 TEST_F(ConvertText, NoEndsTheCommandBeforeTheWidthIsAsked) {
   files_.Select(W("1"), kBefore);
-  Run(30110, {IDNO});
+  Run(kCommandTabsToBlanks, {IDNO});
   EXPECT_THAT(Host().choices, IsEmpty());
   EXPECT_EQ(files_.scratch.Read(W("1")), kBefore);
 }
 
 TEST_F(ConvertText, NothingSelectedAsksNothing) {
-  for (const int number : {30101, 30102, 30103, 30110}) EXPECT_THAT(Run(number, {}), IsEmpty());
+  for (const int number :
+       {kCommandLineEndsToLf, kCommandLineEndsToCrLf, kCommandLineEndsToCr, kCommandTabsToBlanks})
+    EXPECT_THAT(Run(number, {}), IsEmpty());
 }
 
 TEST_F(ConvertText, TheWidthIsChosenFromEightRowsOpenOnTheFourth) {
-  Host().texts[0x00110063] = W("Tabs");
-  Host().texts[0x00100063] = W("Width:");
+  Host().texts[kTextTabCaption] = W("Tabs");
+  Host().texts[kTextTabPrompt] = W("Width:");
   Host().choiceAnswers = {{true, W("8")}};
   files_.Select(W("1"), kBefore);
-  Run(30110, {IDYES});
+  Run(kCommandTabsToBlanks, {IDYES});
   ASSERT_THAT(Host().choices, SizeIs(1));
   const AskedChoice& asked = Host().choices[0];
   EXPECT_EQ(asked.caption, W("Tabs"));
@@ -110,11 +116,11 @@ TEST_F(ConvertText, TheWidthIsChosenFromEightRowsOpenOnTheFourth) {
 }
 
 TEST_F(ConvertText, CaptionAndPromptAreCutAtTheirFields) {
-  Host().texts[0x00110063] = WString(100, W('c'));
-  Host().texts[0x00100063] = WString(300, W('p'));
+  Host().texts[kTextTabCaption] = WString(100, W('c'));
+  Host().texts[kTextTabPrompt] = WString(300, W('p'));
   Host().choiceAnswers = {{false, W("")}};
   files_.Select(W("1"), kBefore);
-  Run(30110, {IDYES});
+  Run(kCommandTabsToBlanks, {IDYES});
   ASSERT_THAT(Host().choices, SizeIs(1));
   // With a terminator or without: both are at most what the field holds.
   EXPECT_THAT(Host().choices[0].caption.size(), testing::AnyOf(63u, 64u));
@@ -146,7 +152,7 @@ TEST_F(ConvertText, AFileThatFailsDoesNotEndTheRun) {
   Host().selection.push_back(Host().AddFileIn(files_.scratch.Path() + W("\\"), W("gone")));
   files_.Select(W("3"), kBefore);
   ASSERT_TRUE(SetFileAttributesW(readOnly.c_str(), FILE_ATTRIBUTE_READONLY));
-  Run(30101, {IDYES});
+  Run(kCommandLineEndsToLf, {IDYES});
   EXPECT_EQ(files_.scratch.Read(W("1")), kBefore);
   EXPECT_EQ(files_.scratch.Read(W("3")), "a\tb\nc\n");
 }
@@ -160,7 +166,7 @@ TEST_F(ConvertText, ATemporaryFileOfAnotherRunIsNeverDeletedAndTheFileStaysAsItW
     names.push_back(W("a.temp") + FromUtf8(std::to_string(now + second)));
     files_.scratch.Write(names.back(), "not ours");
   }
-  Run(30101, {IDYES});
+  Run(kCommandLineEndsToLf, {IDYES});
   EXPECT_EQ(files_.scratch.Read(W("a")), kBefore);
   for (const WString& name : names) EXPECT_EQ(files_.scratch.Read(name), "not ours");
   EXPECT_EQ(files_.scratch.Names().size(), names.size() + 1);
@@ -177,6 +183,6 @@ TEST(ConvertTextRefusals, EveryRefusalEndsQuietly) {
       },
       [](FakeHost& host) {
         BoxAnswers boxes{IDYES};
-        ConvertTextCommand(host, 30110);
+        ConvertTextCommand(host, kCommandTabsToBlanks);
       });
 }

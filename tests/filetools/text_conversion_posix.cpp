@@ -6,11 +6,13 @@
 #include <vector>
 
 #include "filetools/text_conversion.h"
+#include "frame/host/command_numbers.h"
 #include "platform/posix/files/faults.h"
 #include "support/box_answers.h"
 #include "support/memory_limit.h"
 #include "support/real_files.h"
 
+using namespace Velmora::SDK;
 using namespace Platform;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -24,7 +26,7 @@ class TextConversionFaults : public testing::Test {
   // Returns the boxes shown, which are answered with these buttons in turn; each box must have one.
   std::vector<ShownBox> Convert(std::initializer_list<int> buttons = {}) {
     BoxAnswers boxes(buttons);
-    ConvertTextFileInPlace(files_.host, path_, 30101, 0);
+    ConvertTextFileInPlace(files_.host, path_, kCommandLineEndsToLf, 0);
     Faults::Clear();
     ExpectAllGivenBack(files_.host);
     EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
@@ -91,7 +93,7 @@ class FailedMove : public TextConversionFaults {
 TEST_F(TextConversionFaults, WithoutAFaultTheTextIsInPlace) {
   Faults::Watch("ReadFile");
   Faults::Watch("WriteFile");
-  ConvertTextFileInPlace(files_.host, path_, 30101, 0);
+  ConvertTextFileInPlace(files_.host, path_, kCommandLineEndsToLf, 0);
   EXPECT_EQ(Faults::CallCount("ReadFile"), kReads);
   EXPECT_EQ(Faults::CallCount("WriteFile"), kWrites);
   EXPECT_THAT(files_.scratch.Names(), ElementsAre(W("a")));
@@ -127,7 +129,7 @@ TEST_F(TextConversionFaults, EachFailedReadLeavesTheFileAsItWas) {
 
 TEST_F(TextConversionFaults, AFailedLastWriteCountsAsSuccessOfTheConversionItselfWhichIsIntended) {
   Faults::Fail("WriteFile", kWrites, ERROR_DISK_FULL);
-  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0));
+  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), kCommandLineEndsToLf, 0));
   Faults::Clear();
   EXPECT_TRUE(files_.scratch.Read(W("t")) == converted_.substr(0, 65536 * 3));
 }
@@ -135,7 +137,7 @@ TEST_F(TextConversionFaults, AFailedLastWriteCountsAsSuccessOfTheConversionItsel
 TEST_F(TextConversionFaults, AFailedWriteBeforeTheLastIsAFailureOfTheConversionItself) {
   for (int nth = 1; nth < kWrites; ++nth) {
     Faults::Fail("WriteFile", nth, ERROR_DISK_FULL);
-    EXPECT_FALSE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0)) << nth;
+    EXPECT_FALSE(ConvertTextFile(path_, files_.scratch.Path(W("t")), kCommandLineEndsToLf, 0)) << nth;
     Faults::Clear();
     std::filesystem::remove(files_.scratch.NativePath(W("t")));
   }
@@ -143,14 +145,14 @@ TEST_F(TextConversionFaults, AFailedWriteBeforeTheLastIsAFailureOfTheConversionI
 
 TEST_F(TextConversionFaults, AFailedReadCountsAsSuccessOfTheConversionItselfWhichIsIntended) {
   Faults::Fail("ReadFile", 3, ERROR_IO_DEVICE);
-  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0));
+  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), kCommandLineEndsToLf, 0));
   Faults::Clear();
   EXPECT_TRUE(files_.scratch.Read(W("t")) == converted_.substr(0, 65536 * 2));
 }
 
 TEST_F(TextConversionFaults, AFailedFirstReadGivesAnEmptyFileWhichIsIntended) {
   Faults::Fail("ReadFile", 1, ERROR_IO_DEVICE);
-  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), 30101, 0));
+  EXPECT_TRUE(ConvertTextFile(path_, files_.scratch.Path(W("t")), kCommandLineEndsToLf, 0));
   Faults::Clear();
   EXPECT_EQ(files_.scratch.Read(W("t")), "");
 }
@@ -216,7 +218,7 @@ TEST_F(TextConversionFaults, MemoryDoesNotGrowWithTheFile) {
     const WString source = scratch.Write(W("s"), std::string(size, '\n'));
     const WString path = scratch.Path(target);
     const long before = Memory::AllocationCount();
-    EXPECT_TRUE(ConvertTextFile(source, path, 30102, 0));
+    EXPECT_TRUE(ConvertTextFile(source, path, kCommandLineEndsToCrLf, 0));
     return Memory::AllocationCount() - before;
   };
   EXPECT_EQ(allocations(10, W("1")), allocations(3000000, W("2")));

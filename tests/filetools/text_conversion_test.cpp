@@ -7,8 +7,10 @@
 #include <random>
 
 #include "filetools/plain_conversion.h"
+#include "frame/host/command_numbers.h"
 #include "support/real_files.h"
 
+using namespace Velmora::SDK;
 using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -27,7 +29,8 @@ class ConvertTextFileTest : public testing::Test {
   }
 
   std::vector<std::string> AllLineEnds(std::string_view bytes) {
-    return {Converted(bytes, 30101), Converted(bytes, 30102), Converted(bytes, 30103)};
+    return {Converted(bytes, kCommandLineEndsToLf), Converted(bytes, kCommandLineEndsToCrLf),
+            Converted(bytes, kCommandLineEndsToCr)};
   }
 
  private:
@@ -52,7 +55,9 @@ TEST_F(ConvertTextFileTest, LineEndsBecomeTheOnesOfTheCommand) {
 }
 
 TEST_F(ConvertTextFileTest, AnEmptyFileStaysEmpty) {
-  for (const int command : {30101, 30102, 30103, 30110}) EXPECT_EQ(Converted("", command), "");
+  for (const int command :
+       {kCommandLineEndsToLf, kCommandLineEndsToCrLf, kCommandLineEndsToCr, kCommandTabsToBlanks})
+    EXPECT_EQ(Converted("", command), "");
 }
 
 TEST_F(ConvertTextFileTest, TheSecondOfTwoCrsIsNotConvertedWhichIsMeant) {
@@ -75,43 +80,43 @@ TEST_F(ConvertTextFileTest, TwoCrsAtTheVeryEndAreFetchedTogetherAndTheSecondIsWr
 }
 
 TEST_F(ConvertTextFileTest, TabsBecomeBlanks) {
-  EXPECT_EQ(Converted("\ta\t\tb", 30110, 8), "        a                b");
-  EXPECT_EQ(Converted("ab\tc", 30110, 8), "ab        c") << "whatever the column";
-  EXPECT_EQ(Converted("a\tb", 30110, 1), "a b");
-  EXPECT_EQ(Converted("a\tb", 30110, 20), "a                    b");
+  EXPECT_EQ(Converted("\ta\t\tb", kCommandTabsToBlanks, 8), "        a                b");
+  EXPECT_EQ(Converted("ab\tc", kCommandTabsToBlanks, 8), "ab        c") << "whatever the column";
+  EXPECT_EQ(Converted("a\tb", kCommandTabsToBlanks, 1), "a b");
+  EXPECT_EQ(Converted("a\tb", kCommandTabsToBlanks, 20), "a                    b");
 }
 
 TEST_F(ConvertTextFileTest, TabsAreDroppedForTheWidth0WhichIsMeant) {
-  EXPECT_EQ(Converted("a\tb\t", 30110, 0), "ab");
+  EXPECT_EQ(Converted("a\tb\t", kCommandTabsToBlanks, 0), "ab");
 }
 
 TEST_F(ConvertTextFileTest, TabsHaveNoLookBehindSoTheNeighbourOfACrBecomesBlanksToo) {
-  EXPECT_EQ(Converted("\r\t\r\n\t\r\r\n", 30110, 2), "\r  \r\n  \r\r\n");
+  EXPECT_EQ(Converted("\r\t\r\n\t\r\r\n", kCommandTabsToBlanks, 2), "\r  \r\n  \r\r\n");
 }
 
 TEST_F(ConvertTextFileTest, ATwoByteEncodingIsChangedByteByByteWhichIsMeant) {
-  EXPECT_EQ(Converted("a\0\n\0"s, 30102), "a\0\r\n\0"s);
+  EXPECT_EQ(Converted("a\0\n\0"s, kCommandLineEndsToCrLf), "a\0\r\n\0"s);
 }
 
 TEST_F(ConvertTextFileTest, APairIsOneAcrossTheEndOfTheBuffer) {
   const std::string before(65535, 'x');
-  EXPECT_EQ(Converted(before + "\r\ny", 30101), before + "\ny");
-  EXPECT_EQ(Converted(before + "\r\ny", 30102), before + "\r\ny");
-  EXPECT_EQ(Converted(before + "\r\ny", 30103), before + "\ry");
+  EXPECT_EQ(Converted(before + "\r\ny", kCommandLineEndsToLf), before + "\ny");
+  EXPECT_EQ(Converted(before + "\r\ny", kCommandLineEndsToCrLf), before + "\r\ny");
+  EXPECT_EQ(Converted(before + "\r\ny", kCommandLineEndsToCr), before + "\ry");
 }
 
 TEST_F(ConvertTextFileTest, ACrAsTheLastByteOfAFullBufferIsTheLastOfTheFile) {
   const std::string before(65535, 'x');
-  EXPECT_EQ(Converted(before + "\r", 30101), before + "\n");
-  EXPECT_EQ(Converted(before + "\r", 30102), before);
-  EXPECT_EQ(Converted(before + "\r", 30103), before + "\r");
+  EXPECT_EQ(Converted(before + "\r", kCommandLineEndsToLf), before + "\n");
+  EXPECT_EQ(Converted(before + "\r", kCommandLineEndsToCrLf), before);
+  EXPECT_EQ(Converted(before + "\r", kCommandLineEndsToCr), before + "\r");
 }
 
 TEST_F(ConvertTextFileTest, APairAndBlanksMayBeCutByTheEndOfTheOutputBuffer) {
   for (std::size_t size = 65530; size <= 65537; ++size) {
     const std::string before(size, 'x');
-    EXPECT_EQ(Converted(before + "\ny", 30102), before + "\r\ny");
-    EXPECT_EQ(Converted(before + "\ty", 30110, 8), before + "        y");
+    EXPECT_EQ(Converted(before + "\ny", kCommandLineEndsToCrLf), before + "\r\ny");
+    EXPECT_EQ(Converted(before + "\ty", kCommandTabsToBlanks, 8), before + "        y");
   }
 }
 
@@ -123,7 +128,8 @@ TEST_F(ConvertTextFileTest, RandomTextsConvertAsThePlainRuleSays) {
     std::string text(isLong ? 65526 + random() % 20 : random() % 40, 'a');
     for (char& character : text) character = characters[random() % characters.size()];
     if (run % 8 == 0 && text.size() > 65536) text[65535] = '\r';
-    for (const int command : {30101, 30102, 30103, 30110}) {
+    for (const int command :
+         {kCommandLineEndsToLf, kCommandLineEndsToCrLf, kCommandLineEndsToCr, kCommandTabsToBlanks}) {
       const std::uint32_t width = random() % 21;
       ASSERT_TRUE(Converted(text, command, width) == PlainConversion(text, command, width))
           << "run " << run << ", " << command;
@@ -134,19 +140,19 @@ TEST_F(ConvertTextFileTest, RandomTextsConvertAsThePlainRuleSays) {
 TEST_F(ConvertTextFileTest, ATargetThatExistsIsLeftAlone) {
   const ScratchFolder scratch;
   const WString target = scratch.Write(W("t"), "old");
-  EXPECT_FALSE(ConvertTextFile(scratch.Write(W("s"), "a\n"), target, 30102, 0));
+  EXPECT_FALSE(ConvertTextFile(scratch.Write(W("s"), "a\n"), target, kCommandLineEndsToCrLf, 0));
   EXPECT_EQ(scratch.Read(W("t")), "old");
 }
 
 TEST_F(ConvertTextFileTest, ASourceThatIsNotThereMakesNoTarget) {
   const ScratchFolder scratch;
-  EXPECT_FALSE(ConvertTextFile(scratch.Path(W("none")), scratch.Path(W("t")), 30102, 0));
+  EXPECT_FALSE(ConvertTextFile(scratch.Path(W("none")), scratch.Path(W("t")), kCommandLineEndsToCrLf, 0));
   EXPECT_THAT(scratch.Names(), IsEmpty());
 }
 
 TEST_F(ConvertInPlace, TheConvertedFileTakesThePlace) {
   const WString path = files_.Add(W("a.txt"), "a\nb\n");
-  ConvertTextFileInPlace(Host(), path, 30102, 0);
+  ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\r\nb\r\n");
   EXPECT_THAT(Scratch().Names(), ElementsAre(W("a.txt")));
   EXPECT_THAT(Host().recorder.Calls(),
@@ -158,13 +164,13 @@ TEST_F(ConvertInPlace, TheConvertedFileTakesThePlace) {
 TEST_F(ConvertInPlace, WithoutTheServiceNothingHappens) {
   const WString path = files_.Add(W("a.txt"), "a\n");
   Host().recorder.Refuse("GetService");
-  ConvertTextFileInPlace(Host(), path, 30102, 0);
+  ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
 }
 
 TEST_F(ConvertInPlace, AFileThatTheHostDoesNotFindIsLeftAlone) {
   const WString path = Scratch().Write(W("a.txt"), "a\n");
-  ConvertTextFileInPlace(Host(), path, 30102, 0);
+  ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
   ExpectAllGivenBack(Host());
 }
@@ -173,7 +179,7 @@ TEST_F(ConvertInPlace, AReadOnlyFileStaysAndTheConvertedTextStandsBesideItWhichI
   const WString path = files_.Add(W("a.txt"), "a\n");
   ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
   const std::time_t before = std::time(nullptr);
-  ConvertTextFileInPlace(Host(), path, 30102, 0);
+  ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   const std::time_t after = std::time(nullptr);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
   const std::vector<WString> names = Scratch().Names();
@@ -191,7 +197,7 @@ TEST_F(ConvertInPlace, ATemporaryNameThatIsTakenLeavesTheFileAsItWas) {
   for (int later = 0; later < 60; ++later) {
     Scratch().Write(W("a.txt.temp") + FromUtf8(std::to_string(now + later)), "x");
   }
-  ConvertTextFileInPlace(Host(), path, 30102, 0);
+  ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
   ExpectAllGivenBack(Host());
 }

@@ -4,16 +4,18 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
 #include "support/scratch_folder.h"
+
+using namespace Velmora::SDK;
 
 namespace QXFindAndReplace {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Velmora::SDK::IHostApp;
 
 FindAndReplaceDialog Ending(INT_PTR button) {
   return [button](IHostApp&, FindAndReplaceForm&) { return button; };
@@ -40,7 +42,7 @@ FakeConfig::Place PlaceOf(const WCHAR* key) { return {W("FindReplace"), key}; }
 
 class FindAndReplaceCommandTest : public testing::Test {
  protected:
-  FindAndReplaceCommandTest() { host_.titles[0x01FC0064] = W("_x"); }
+  FindAndReplaceCommandTest() { host_.titles[kTextFindDlgNewFile] = W("_x"); }
 
   // Makes and selects a file.
   void Select(const WString& name, std::string_view bytes) {

@@ -3,8 +3,11 @@
 
 #include "findreplace/tool/confirm_replace_dlg.h"
 #include "findreplace/tool/find_and_replace_dlg.h"
+#include "frame/services/message_texts.h"
 #include "support/dialog_answer.h"
 #include "support/fake_host.h"
+
+using namespace Velmora::SDK;
 
 namespace QXFindAndReplace {
 namespace {
@@ -24,7 +27,9 @@ FindAndReplaceForm StartedForm(std::uint32_t flags) {
 
 TEST(FindAndReplaceDlg, IsAskedForByItsClassWithItsTextsAndFields) {
   FakeHost host;
-  host.texts = {{0x01F40064, W("Find")}, {0x01F50064, W("Heading")}, {0x01F60064, W("%d files")}};
+  host.texts = {{kTextFindDlgCaption, W("Find")},
+                {kTextFindDlgHeading, W("Heading")},
+                {kTextFindDlgCount, W("%d files")}};
   int asked = 0;
   DialogAnswer answer([&](Platform::FormRequest& request) -> INT_PTR {
     ++asked;
@@ -111,7 +116,9 @@ ConfirmReplaceForm Question(WQDR::TextFormat format) {
 
 TEST(ConfirmReplaceDlg, IsAskedForByItsClassWithItsTextsAndFields) {
   FakeHost host;
-  host.texts = {{0x02260064, W("Replace?")}, {0x02290064, W("In ")}, {0x02270064, W("%d:%d-%d:%d")}};
+  host.texts = {{kTextConfirmCaption, W("Replace?")},
+                {kTextConfirmFile, W("In ")},
+                {kTextConfirmRange, W("%d:%d-%d:%d")}};
   int asked = 0;
   DialogAnswer answer([&](Platform::FormRequest& request) -> INT_PTR {
     ++asked;

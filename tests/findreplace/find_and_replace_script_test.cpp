@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "frame/host/command_numbers.h"
 #include "frame/script_commands.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -21,7 +22,7 @@ namespace {
 using Values = std::map<std::string, WString>;
 using Switches = std::set<std::string>;
 
-constexpr u32 kNumber = 30353;
+constexpr u32 kNumber = kScriptFindAndReplace;
 
 FindAndReplaceOptions Read(const Values& values, const Switches& switches = {}) {
   FakeCommandCall call(kNumber);

@@ -6,6 +6,7 @@
 #include <deque>
 
 #include "findreplace/tool/find_and_replace_run.h"
+#include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
@@ -17,8 +18,8 @@ using namespace Velmora::SDK;
 // Title and text of the question, and its buttons and icon: yes, no, cancel and a question mark.
 inline constexpr char kQuestion[] = "MessageBox(\"T023A0064\", \"T023F0064\", 0x00000023)";
 
-inline constexpr TextId kChangesFormat = 0x02400064;
-inline constexpr TextId kChangesInFormat = 0x02410064;
+inline constexpr TextId kChangesFormat = kTextFindChanges;
+inline constexpr TextId kChangesInFormat = kTextFindChangesIn;
 
 inline std::string Summary(const std::string& text) {
   return "MessageBox(\"T023A0064\", \"" + text + "\", 0x00000040)";

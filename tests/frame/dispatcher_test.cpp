@@ -77,8 +77,8 @@ TEST(Dispatcher, EachTransformCommandIsOfItsOwn) {
 
 TEST(Dispatcher, ShutdownAndTheEmptyCommandAnswerZero) {
   Dispatch run;
-  EXPECT_EQ(run.extension.OnCommand(20002, 1, 2), 0);
-  EXPECT_EQ(run.extension.OnCommand(20500, 1, 2), 0);
+  EXPECT_EQ(run.extension.OnCommand(kCommandShutdown, 1, 2), 0);
+  EXPECT_EQ(run.extension.OnCommand(kCommandIgnored, 1, 2), 0);
   EXPECT_THAT(run.host.recorder.Calls(), IsEmpty());
 }
 
@@ -118,7 +118,7 @@ TEST(Dispatcher, ValuesOfACommandAreNotRead) {
   constexpr std::intptr_t kAnything = std::numeric_limits<std::intptr_t>::max();
   EXPECT_EQ(run.extension.OnCommand(30000, kAnything, -kAnything), 1);
   EXPECT_EQ(run.extension.OnCommand(30009, kAnything, -kAnything), 0);
-  EXPECT_EQ(run.extension.OnCommand(20002, kAnything, -kAnything), 0);
+  EXPECT_EQ(run.extension.OnCommand(kCommandShutdown, kAnything, -kAnything), 0);
   ExpectAllGivenBack(run.host);
 }
 

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "frame/host/command_numbers.h"
 #include "frame/host/extension_info.h"
 #include "frame/qx_utils.h"
 #include "frame/services/extension_ids.h"
@@ -76,7 +77,7 @@ TEST(Delete, IndexWithoutAnExtensionFreesNothing) {
   FakeHost host;
   EXPECT_EQ(Plugin(object)->GetExtensionKind(), 8192u);
   EXPECT_EQ(Plugin(object)->OnStart(&host), 1);
-  EXPECT_EQ(Plugin(object)->OnCommand(30000, 0, 0), 1);
+  EXPECT_EQ(Plugin(object)->OnCommand(kCommandUpperCase, 0, 0), 1);
   EXPECT_TRUE(Delete(object, 0));
 }
 

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "frame/host/command_numbers.h"
 #include "frame/qx_utils.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "security/ntfs_prop.h"
@@ -24,7 +25,7 @@ TEST(FileUtils, AnswersTheConstantsOfItsFifteenOperations) {
   EXPECT_FALSE(plugin.OnHostEvent(0, 0));
   EXPECT_FALSE(plugin.OnHostEvent(1, 52300));
   EXPECT_FALSE(plugin.OnHostEvent(1, 1000));
-  EXPECT_EQ(plugin.OnCommand(20500, 0, 0), 0);
+  EXPECT_EQ(plugin.OnCommand(kCommandIgnored, 0, 0), 0);
   EXPECT_EQ(plugin.Reserved1(), 0);
   EXPECT_EQ(plugin.OnCustomCommand(nullptr), 0);
   EXPECT_EQ(plugin.OnHelperMessage(0, &message), 0);
@@ -50,7 +51,7 @@ TEST(FileUtils, ShutdownCallsNothingOfTheHost) {
   CQXUtils extension;
   extension.OnStart(&host);
   EXPECT_EQ(extension.OnShutdown(0), 0);
-  EXPECT_EQ(extension.OnCommand(20002, 0, 1), 0);
+  EXPECT_EQ(extension.OnCommand(kCommandShutdown, 0, 1), 0);
   EXPECT_THAT(host.recorder.Calls(), IsEmpty());
 }
 
@@ -61,7 +62,7 @@ TEST(FileUtils, RegisteringKeepsNothingOfTheHost) {
   first.reset();
   FakeHost second;
   EXPECT_EQ(extension.OnStart(&second), 1);
-  EXPECT_EQ(extension.OnCommand(30000, 0, 0), 1);
+  EXPECT_EQ(extension.OnCommand(kCommandUpperCase, 0, 0), 1);
   ExpectAllGivenBack(second);
 }
 
@@ -69,8 +70,8 @@ TEST(FileUtils, NullHostAtRegisterAndStartDoesNotCrash) {
   CQXUtils extension;
   EXPECT_EQ(extension.OnRegister(nullptr), 1);
   EXPECT_EQ(extension.OnStart(nullptr), 1);
-  EXPECT_EQ(extension.OnCommand(20002, 0, 0), 0);
-  EXPECT_EQ(extension.OnCommand(20500, 0, 0), 0);
+  EXPECT_EQ(extension.OnCommand(kCommandShutdown, 0, 0), 0);
+  EXPECT_EQ(extension.OnCommand(kCommandIgnored, 0, 0), 0);
 }
 
 TEST(MultiRename, AnswersTheConstantsOfItsFifteenOperations) {
@@ -80,9 +81,9 @@ TEST(MultiRename, AnswersTheConstantsOfItsFifteenOperations) {
   EXPECT_EQ(plugin.GetExtensionKind(), 8192u);
   EXPECT_STREQ(plugin.GetExtensionId(), "338f59b3448642bf9f3ad7bafb4fae2b");
   EXPECT_FALSE(plugin.OnHostEvent(0, 7));
-  EXPECT_EQ(plugin.OnCommand(20500, 0, 0), 0);
-  EXPECT_EQ(plugin.OnCommand(20002, 0, 0), 0);
-  EXPECT_EQ(plugin.OnCommand(30000, 0, 0), 0);
+  EXPECT_EQ(plugin.OnCommand(kCommandIgnored, 0, 0), 0);
+  EXPECT_EQ(plugin.OnCommand(kCommandShutdown, 0, 0), 0);
+  EXPECT_EQ(plugin.OnCommand(kCommandUpperCase, 0, 0), 0);
   EXPECT_EQ(plugin.Reserved1(), 0);
   EXPECT_EQ(plugin.OnCustomCommand(nullptr), 0);
   for (const s32 code : {0, 5000, 5001, 5002, 5003, 5004}) {
@@ -121,9 +122,9 @@ TEST(MultiRename, CommandOfTheShutdownTellsTheHostOnce) {
   QXMultiRename extension;
   extension.OnStart(&host);
   host.recorder.ClearCalls();
-  EXPECT_EQ(extension.OnCommand(20500, 0, 0), 0);
+  EXPECT_EQ(extension.OnCommand(kCommandIgnored, 0, 0), 0);
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), IsEmpty());
-  EXPECT_EQ(extension.OnCommand(20002, 0, 1), 0);
+  EXPECT_EQ(extension.OnCommand(kCommandShutdown, 0, 1), 0);
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), testing::SizeIs(1));
   ExpectAllGivenBack(host);
 }

@@ -6,6 +6,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "frame/host/command_numbers.h"
 #include "frame/qx_utils.h"
 #include "support/fake_host.h"
 
@@ -20,7 +21,7 @@ TEST(ScriptDispatcher, SortLinesRunsItsTool) {
   FakeHost host;
   CQXUtils extension;
   extension.OnStart(&host);
-  FakeCommandCall call(30352);
+  FakeCommandCall call(kScriptSortLines);
   call.values = {{"FILE", W("C:\\x.txt")}, {"TARGET", W("*.*")}};
   EXPECT_EQ(extension.OnCustomCommand(&call), 0);
   EXPECT_THAT(host.recorder.Calls(),
@@ -31,7 +32,7 @@ TEST(ScriptDispatcher, FindAndReplaceRunsItsTool) {
   FakeHost host;
   CQXUtils extension;
   extension.OnStart(&host);
-  FakeCommandCall call(30353);
+  FakeCommandCall call(kScriptFindAndReplace);
   call.values = {{"FILE", W("C:\\x.txt")}, {"TARGET", W("*.*")}, {"FIND", W("a")}, {"REPLACEWITH", W("b")}};
   EXPECT_EQ(extension.OnCustomCommand(&call), 0);
   EXPECT_THAT(host.recorder.Calls(),
@@ -41,7 +42,7 @@ TEST(ScriptDispatcher, FindAndReplaceRunsItsTool) {
 TEST(ScriptDispatcher, AnswersAsTheToolDoes) {
   FakeHost host;
   host.fileOperation.items = {host.AddFile(W("x.txt"))};
-  FakeCommandCall call(30352);
+  FakeCommandCall call(kScriptSortLines);
   call.values = {{"FILE", W("C:\\view\\x.txt")}, {"TARGET", W("*.new")}};
   call.switches = {"SILENT"};
   EXPECT_EQ(DispatchScriptCommand(host, call), 1);
@@ -54,7 +55,7 @@ TEST(ScriptDispatcher, WhatAToolThrowsReachesTheHost) {
   host.fileOperation.items = {host.AddFile(W("x.txt"))};
   CQXUtils extension;
   extension.OnStart(&host);
-  FakeCommandCall call(30352);
+  FakeCommandCall call(kScriptSortLines);
   call.values = {{"FILE", W("C:\\view\\x.txt")}, {"TARGET", W("*.*")}, {"KEEPTOP", W("many")}};
   EXPECT_THROW(extension.OnCustomCommand(&call), std::invalid_argument);
   ExpectAllGivenBack(host);
@@ -76,7 +77,7 @@ TEST(ScriptDispatcher, OtherNumbersAreNoneAndCallNothing) {
 
 TEST(ScriptDispatcher, BeforeTheStartNoCallIsRun) {
   CQXUtils extension;
-  FakeCommandCall call(30352);
+  FakeCommandCall call(kScriptSortLines);
   call.values = {{"FILE", W("C:\\x.txt")}, {"TARGET", W("*.*")}};
   EXPECT_EQ(extension.OnCustomCommand(&call), 0);
   EXPECT_THAT(call.recorder.Calls(), IsEmpty());

@@ -1,5 +1,5 @@
 // Names of commands: each is one command's alone, and may be cut short.
-#include "host/command_line/command_names.h"
+#include "host/services/command_names.h"
 
 #include <gmock/gmock.h>
 

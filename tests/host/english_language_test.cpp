@@ -9,7 +9,7 @@
 #include "frame/script_commands.h"
 #include "frame/services/message_texts.h"
 #include "host/services/language_table.h"
-#include "host/system/module_registry.h"
+#include "host/services/module_registry.h"
 #include "host/system/system_places.h"
 #include "host/system/whole_file.h"
 #include "multirename/form/panel_controls.h"

@@ -48,7 +48,7 @@ class FakePlugin final : public IPluginInterface {
   s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override {
     calls.push_back("command " + index_ + " " + std::to_string(number) + " " + std::to_string(a) + " " +
                     std::to_string(b));
-    return number != kCommandShutDown && onCommand ? onCommand(*host_, number) : 0;
+    return number != kCommandShutdown && onCommand ? onCommand(*host_, number) : 0;
   }
   s32 Reserved1() override { return 0; }
   s32 OnCustomCommand(IHostCommandCall* call) override {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <thread>
 
+#include "frame/host/command_numbers.h"
 #include "frame/qx_utils.h"
 #include "host/controls/vector_list.h"
 #include "host/hosted_files.h"
@@ -55,7 +56,7 @@ class HostedRenameWindow : public HostedFiles {
       while (!(window = Velmora::SDK::UndrawnWindow::Current())) Sleep(1);
       user(*window);
     });
-    const s32 answer = extensions->RunWindow(31000);
+    const s32 answer = extensions->RunWindow(kCommandMultiRename);
     acting.join();
     return answer;
   }

@@ -1,5 +1,5 @@
 // Which name is proposed for a mistyped one.
-#include "host/command_line/nearest_name.h"
+#include "host/output/nearest_name.h"
 
 #include <gtest/gtest.h>
 

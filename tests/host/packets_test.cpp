@@ -1,5 +1,5 @@
 // Bodies of helper messages, written and read.
-#include "host/services/packets.h"
+#include "host/helper/packets.h"
 
 #include <gmock/gmock.h>
 

@@ -5,6 +5,7 @@
 // A long run: QX_MONKEY_SECONDS=3600 QX_MONKEY_SEED=7, with --gtest_filter='RenameWindowMonkey*'.
 #include <cstdio>
 
+#include "frame/host/command_numbers.h"
 #include "host/hosted_rename_window.h"
 #include "platform/posix/user_interface.h"
 #include "support/monkey_actions.h"
@@ -154,7 +155,7 @@ class RenameWindowMonkey : public testing::Test {
       case MonkeyDeed::kContextMenu:
         return static_cast<VectorList&>(parts.list).OpenContextMenu(3, 4);
       case MonkeyDeed::kNewSelection:
-        return parts.context.host.PostCommand(31000, 0, 0);
+        return parts.context.host.PostCommand(kCommandMultiRename, 0, 0);
       case MonkeyDeed::kClose:
         return parts.frame.PostClose();
       case MonkeyDeed::kShutDown:
@@ -218,11 +219,11 @@ TEST_F(RenameWindowMonkey, LosesNoFileAndDoesNotHang) {
   int windows = 0;
   std::thread monkey([this] { Play(); });
   while (!isOver_) {
-    EXPECT_EQ(hosted_.extensions->RunWindow(31000), 1);
+    EXPECT_EQ(hosted_.extensions->RunWindow(kCommandMultiRename), 1);
     ++windows;
     ExpectNoFileLost("window " + std::to_string(windows));
     // At times the same object is used again, whose windows have no worker any more.
-    if (fate.Chance(80)) hosted_.extensions->Renew(31000);
+    if (fate.Chance(80)) hosted_.extensions->Renew(kCommandMultiRename);
   }
   hasEnded_ = true;
   monkey.join();

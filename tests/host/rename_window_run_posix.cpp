@@ -1,5 +1,6 @@
 // MultiRename's window over the real host, natively: a person renames files, takes a session back in another
 // window, and moves rows. Runs under thread checks as well.
+#include "frame/host/command_numbers.h"
 #include "host/hosted_rename_window.h"
 
 namespace QxHost {
@@ -58,7 +59,7 @@ TEST_F(HostedWindowRun, APersonRenamesFilesAndTakesTheSessionBackInAnotherWindow
     }
   } user;
   InstallUndrawnUser(&user);
-  hosted_.extensions->Renew(31000);
+  hosted_.extensions->Renew(kCommandMultiRename);
   EXPECT_EQ(hosted_.RunWindow([](UndrawnWindow& window) {
     window.Do([](UndrawnParts& parts) {
       parts.Press(1049);
@@ -121,7 +122,7 @@ TEST_F(HostedWindowRun, TheHostsShutdownClosesTheWindow) {
 
 TEST_F(HostedWindowRun, AWindowThatIsOpenWhenTheHostEndsIsClosed) {
   StartWith({W("a.t")});
-  EXPECT_EQ(hosted_.extensions->RunCommand(31000), 1);
+  EXPECT_EQ(hosted_.extensions->RunCommand(kCommandMultiRename), 1);
   EXPECT_NE(UndrawnWindow::Current(), nullptr);
   hosted_.extensions->Stop();
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);

@@ -5,9 +5,12 @@
 
 #include <stdexcept>
 
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
 #include "support/scratch_folder.h"
+
+using namespace Velmora::SDK;
 
 namespace WQLineSorter {
 namespace {
@@ -15,7 +18,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
-using Velmora::SDK::IHostApp;
 
 SortLinesDialog Ending(INT_PTR button) {
   return [button](IHostApp&, SortLinesForm&) { return button; };
@@ -32,7 +34,7 @@ FakeConfig::Place PlaceOf(const WCHAR* key) { return {W("SortLines"), key}; }
 
 class SortLinesCommandTest : public testing::Test {
  protected:
-  SortLinesCommandTest() { host_.texts[0x01B50064] = W("_s"); }
+  SortLinesCommandTest() { host_.texts[kTextSortDlgSuffix] = W("_s"); }
 
   // Makes and selects a file.
   void Select(const WString& name, std::string_view bytes) {
@@ -118,7 +120,7 @@ TEST_F(SortLinesCommandTest, OneFileIsSuggestedUnderItsNameWithTheSuffix) {
 }
 
 TEST_F(SortLinesCommandTest, WithAnEmptySuffixTextTheSourcesAreNotTheSuggestedTargets) {
-  host_.texts[0x01B50064] = W("");
+  host_.texts[kTextSortDlgSuffix] = W("");
   Select(W("a.txt"), "b\na\n");
   Select(W("b.log"), "2\n1\n");
   host_.boxAnswers = {IDYES, IDYES, IDOK};

@@ -3,8 +3,11 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/services/message_texts.h"
 #include "support/dialog_answer.h"
 #include "support/fake_host.h"
+
+using namespace Velmora::SDK;
 
 namespace WQLineSorter {
 namespace {
@@ -33,7 +36,9 @@ void Show(SortLinesForm& form, const std::function<void(Platform::FormRequest&)>
 
 TEST(SortLinesDlg, IsAskedForByItsClassWithItsTextsAndFields) {
   FakeHost host;
-  host.texts = {{0x01900064, W("Sort")}, {0x01930064, W("Heading")}, {0x01940064, W("%d files")}};
+  host.texts = {{kTextSortDlgCaption, W("Sort")},
+                {kTextSortDlgHeading, W("Heading")},
+                {kTextSortDlgCount, W("%d files")}};
   int asked = 0;
   DialogAnswer answer([&](Platform::FormRequest& request) -> INT_PTR {
     ++asked;

@@ -6,7 +6,9 @@
 #include <set>
 #include <stdexcept>
 
+#include "frame/host/command_numbers.h"
 #include "frame/script_commands.h"
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
 #include "support/scratch_folder.h"
@@ -23,7 +25,7 @@ namespace {
 using Values = std::map<std::string, WString>;
 using Switches = std::set<std::string>;
 
-constexpr u32 kNumber = 30352;
+constexpr u32 kNumber = kScriptSortLines;
 
 SortLinesOptions Read(const Values& values, const Switches& switches = {}) {
   FakeCommandCall call(kNumber);
@@ -474,7 +476,7 @@ TEST(SortLinesScript, AFolderIsLookedUpLikeAFileAndFailsInTheJob) {
 TEST(SortLinesScript, WithoutSilentTheRunEndsWithABox) {
   Script run;
   run.call.switches.clear();
-  run.host.texts[0x023D0064] = W("Sorted: %s");
+  run.host.texts[kTextSortDone] = W("Sorted: %s");
   run.host.boxAnswers = {IDOK};
   EXPECT_EQ(SortLinesScript(run.host, run.call), 1);
   EXPECT_THAT(run.host.recorder.CallsOf({"MessageBox"}),

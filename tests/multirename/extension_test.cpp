@@ -2,6 +2,7 @@
 // window.
 #include <gmock/gmock.h>
 
+#include "frame/host/command_numbers.h"
 #include "multirename/rename_host.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "platform/handles.h"
@@ -44,26 +45,26 @@ TEST_F(MultiRenameExtension, DeclaresNothingMoreWhereTheHostRefuses) {
 
 TEST_F(MultiRenameExtension, WithoutAHostNoCommandDoesAnything) {
   EXPECT_EQ(plugin_.OnRegister(nullptr), 1);
-  EXPECT_EQ(plugin_.OnCommand(31000, 0, 0), 0);
+  EXPECT_EQ(plugin_.OnCommand(kCommandMultiRename, 0, 0), 0);
   const FileHandle event(CreateEventW(nullptr, FALSE, FALSE, nullptr));
-  EXPECT_EQ(plugin_.OnCommand(32000, 0, reinterpret_cast<std::intptr_t>(event.Get())), 1);
+  EXPECT_EQ(plugin_.OnCommand(kCommandReadSelection, 0, reinterpret_cast<std::intptr_t>(event.Get())), 1);
   EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_OBJECT_0);
-  EXPECT_EQ(plugin_.OnCommand(20002, 0, 0), 0);
+  EXPECT_EQ(plugin_.OnCommand(kCommandShutdown, 0, 0), 0);
 }
 
 TEST_F(MultiRenameExtension, AHostWithoutControlsGetsNoWindowAndMayAskAgain) {
   plugin_.OnStart(&host_);
   host_.recorder.ClearCalls();
-  for (int time = 0; time < 3; ++time) EXPECT_EQ(plugin_.OnCommand(31000, 0, 0), 0);
+  for (int time = 0; time < 3; ++time) EXPECT_EQ(plugin_.OnCommand(kCommandMultiRename, 0, 0), 0);
   EXPECT_FALSE(plugin_.OnHostEvent(1, 52300));
   EXPECT_THAT(host_.recorder.CallsOf({"PostCommand", "ExtensionClosed"}), IsEmpty());
-  EXPECT_EQ(plugin_.OnCommand(20002, 0, 0), 0);
+  EXPECT_EQ(plugin_.OnCommand(kCommandShutdown, 0, 0), 0);
   EXPECT_THAT(host_.recorder.CallsOf({"PostCommand", "ExtensionClosed"}), ElementsAre("ExtensionClosed()"));
 }
 
 TEST_F(MultiRenameExtension, CommandsReadTheSelectionOfTheView) {
   plugin_.OnStart(&host_);
-  for (const s32 command : {31000, 32000}) {
+  for (const s32 command : {kCommandMultiRename, kCommandReadSelection}) {
     host_.recorder.ClearCalls();
     plugin_.OnCommand(command, 0, 0);
     const std::vector<std::string> requests = host_.recorder.CallsOf({"FileListRequest"});

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "multirename/form/rename_texts.h"
 #include "multirename/panel_window.h"
 
 namespace Velmora::SDK {
@@ -14,8 +15,8 @@ using testing::IsEmpty;
 class FrameFormTest : public PanelTest {
  protected:
   FrameFormTest() {
-    host_.texts[0x00330064] = W("%d rows");
-    host_.texts[0x00340064] = W("%d of rows, %d of them selected");
+    host_.texts[kRenameTextRows] = W("%d rows");
+    host_.texts[kRenameTextSelectedRows] = W("%d of rows, %d of them selected");
   }
 
   void OpenFrame(const std::vector<WString>& names) {

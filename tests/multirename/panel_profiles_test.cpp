@@ -1,6 +1,7 @@
 // The panel's Load / Save box and its "X".
 #include <gmock/gmock.h>
 
+#include "multirename/form/rename_texts.h"
 #include "multirename/gate_properties.h"
 #include "multirename/panel_window.h"
 
@@ -352,7 +353,7 @@ TEST_F(PanelProfiles, AHostWithoutXmlSavesNothingAndTheProfileIsThere) {
 }
 
 TEST_F(PanelProfiles, XDeletesTheChosenProfileAfterAQuestion) {
-  host_.texts[0x02590064] = W("Delete %s?");
+  host_.texts[kRenameTextDeleteProfile] = W("Delete %s?");
   Keep(W("one"));
   Keep(W("two%s"));
   Open({W("a.t")});

@@ -1,5 +1,5 @@
 // What the rows of the list show.
-#include "multirename/engine/row_info.h"
+#include "multirename/form/row_info.h"
 
 #include <gtest/gtest.h>
 

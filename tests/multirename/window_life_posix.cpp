@@ -2,6 +2,7 @@
 // worker idle, in a preview and in a run. Runs under thread checks as well.
 #include <gmock/gmock.h>
 
+#include "frame/host/command_numbers.h"
 #include "multirename/window_test.h"
 #include "platform/posix/user_interface.h"
 
@@ -41,7 +42,7 @@ TEST_F(WindowLife, AWindowHasALivePreview) {
 
 TEST_F(WindowLife, ThereIsNeverASecondWindow) {
   Open({W("a.t")});
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   EXPECT_EQ(host_.containers, 1);
   EXPECT_EQ(UndrawnWindow::Current(), window_);
 }
@@ -49,11 +50,11 @@ TEST_F(WindowLife, ThereIsNeverASecondWindow) {
 TEST_F(WindowLife, ASecondCommandEmptiesTheListAndAddsNoRowsUntilReset) {
   Open({W("a.t")});
   Select({W("c.t"), W("d.t")});
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   Settle();
   EXPECT_EQ(RowCount(), 0u);
   window_->Post([](UndrawnParts& parts) { parts.Press(1071); });
-  Serve(32000);
+  Serve(kCommandReadSelection);
   Settle();
   EXPECT_THAT(Shown(), ElementsAre(W("c.t"), W("d.t")));
 }
@@ -64,7 +65,7 @@ TEST_F(WindowLife, ItemsLiveUntilTheListIsEmptyAndTheWorkerIsThroughWithThem) {
   Open({W("a.t"), W("b.t"), W("c.t")});
   Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
   gate.entered.Acquire();
-  for (int round = 0; round < 3; ++round) EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  for (int round = 0; round < 3; ++round) EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   gate.isOpen = true;
   gate.gate.Release();
   Settle();
@@ -74,11 +75,11 @@ TEST_F(WindowLife, ItemsLiveUntilTheListIsEmptyAndTheWorkerIsThroughWithThem) {
 TEST_F(WindowLife, Command32000ReadsTheSelectionAndSetsItsEventWithAWindowAndWithout) {
   const FileHandle event(CreateEventW(nullptr, FALSE, FALSE, nullptr));
   const auto number = reinterpret_cast<std::intptr_t>(event.Get());
-  EXPECT_EQ(Plugin().OnCommand(32000, 0, number), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandReadSelection, 0, number), 1);
   EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_OBJECT_0);
   Open({W("a.t")});
   Select({W("c.t")});
-  EXPECT_EQ(Plugin().OnCommand(32000, 0, number), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandReadSelection, 0, number), 1);
   EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_OBJECT_0);
   Do([](UndrawnParts& parts) { EXPECT_EQ(parts.context.rows.Get()->front().oldName, W("c.t")); });
 }
@@ -124,7 +125,7 @@ TEST_F(WindowLife, NoEventIsTakenOnceTheWindowHasClosed) {
     EXPECT_TRUE(Plugin().OnHostEvent(77, 52300));
   });
   window_->WaitForClose();
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
 }
 
@@ -141,7 +142,7 @@ TEST_F(WindowLife, AThreadMessage32810IsACommandWithItsSecondArgument) {
 
 TEST_F(WindowLife, AShutdownOnTheWindowsOwnThreadReturnsAtOnceAndClosesNothing) {
   Open({W("a.t")});
-  Do([this](UndrawnParts&) { EXPECT_EQ(Plugin().OnCommand(20002, 0, 0), 0); });
+  Do([this](UndrawnParts&) { EXPECT_EQ(Plugin().OnCommand(kCommandShutdown, 0, 0), 0); });
   EXPECT_EQ(host_.closed, 0);
   EXPECT_EQ(RowCount(), 1u);
 }
@@ -189,7 +190,7 @@ TEST_F(WindowLife, CloseTellsTheHostWhichFollowsWith20002) {
   window_->WaitForClose();
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   EXPECT_EQ(host_.closed, 0);
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_EQ(host_.closed, 1);
   EXPECT_EQ(host_.controlsOut, 0);
   EXPECT_TRUE(host_.controls[0].list.wasReleased);
@@ -215,7 +216,7 @@ TEST_F(WindowLife, EscAsksAndYesCloses) {
   answers.answer = IDYES;
   window_->Post([](UndrawnParts& parts) { parts.frame.PressEscape(); });
   window_->WaitForClose();
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_EQ(host_.closed, 1);
   Platform::InstallUserInterface(before);
 }
@@ -225,9 +226,9 @@ TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPrevi
   Open({W("a.t")});
   Do([](UndrawnParts& parts) { parts.Press(1041); });
   window_->WaitForClose();
-  Serve(20002);
+  Serve(kCommandShutdown);
   Select({W("c.t"), W("d.t")});
-  ASSERT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  ASSERT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   window_ = UndrawnWindow::Current();
   ASSERT_NE(window_, nullptr);
   Do([](UndrawnParts& parts) {
@@ -243,7 +244,7 @@ TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPrevi
   EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
   Do([](UndrawnParts& parts) { parts.Press(1041); });
   window_->WaitForClose();
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_EQ(host_.closed, 2);
 }
 
@@ -271,7 +272,7 @@ TEST_F(WindowLife, AShutdownClosesTheWindowAndTheHostIsNotAskedASecondTime) {
 }
 
 TEST_F(WindowLife, AShutdownWithoutAWindowTellsTheHostAlone) {
-  EXPECT_EQ(Plugin().OnCommand(20002, 0, 5), 0);
+  EXPECT_EQ(Plugin().OnCommand(kCommandShutdown, 0, 5), 0);
   EXPECT_EQ(host_.closed, 1);
 }
 
@@ -282,7 +283,7 @@ TEST_F(WindowLife, AShutdownAndThe20002OfACloseMayMeet) {
     EXPECT_EQ(Plugin().OnShutdown(0), 0);
     EXPECT_EQ(UndrawnWindow::Current(), nullptr);
     // If the window was the first, the host is sent a shutdown more.
-    while (!host_.WaitingCommands().empty()) Serve(20002);
+    while (!host_.WaitingCommands().empty()) Serve(kCommandShutdown);
   }
 }
 
@@ -292,7 +293,7 @@ TEST_F(WindowLife, AWindowAfterAShutdownTellsTheHostOfItsClose) {
   Open({W("c.t")});
   Do([](UndrawnParts& parts) { parts.Press(1041); });
   window_->WaitForClose();
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_EQ(host_.closed, 2);
 }
 
@@ -314,7 +315,7 @@ TEST_F(WindowLife, AResetEndsWhenTheHostShutsDownMeanwhile) {
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   // The event was left to the host, which may serve the command late.
-  EXPECT_EQ(Plugin().OnCommand(32000, 0, reset->b), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandReadSelection, 0, reset->b), 1);
   EXPECT_EQ(WaitForSingleObject(reinterpret_cast<HANDLE>(reset->b), 0), WAIT_OBJECT_0);
   CloseHandle(reinterpret_cast<HANDLE>(reset->b));
 }
@@ -335,7 +336,7 @@ TEST_F(WindowLife, ACloseInAPreviewStopsIt) {
   gate.gate.Release();
   window_->WaitForClose();
   EXPECT_EQ(gate.asked, 1);
-  Serve(20002);
+  Serve(kCommandShutdown);
 }
 
 TEST_F(WindowLife, ACloseInARunWaitsForItsEnd) {
@@ -353,7 +354,7 @@ TEST_F(WindowLife, ACloseInARunWaitsForItsEnd) {
   gate.go.Release();
   window_->WaitForClose();
   EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_EQ(scratch_.Names(W("Undo")).size(), 1u);
 }
 
@@ -408,7 +409,7 @@ TEST_F(WindowLife, ACommandAfterAShutdownThatDidNotEndTheThreadOpensAWindowOnceI
   window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
   inBox.Acquire();
   Plugin().OnShutdown(0);
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   EXPECT_EQ(host_.containers, 1);
   answer.Release();
   window_->WaitForClose();
@@ -439,7 +440,7 @@ TEST_F(WindowLife, ACloseInABoxIsDoneOnceTheBoxHasReturned) {
   answer.Release();
   window_->WaitForClose();
   EXPECT_TRUE(wasOpen);
-  Serve(20002);
+  Serve(kCommandShutdown);
 }
 
 TEST_F(WindowLife, AShutdownEndsABoxThatTakesMessages) {

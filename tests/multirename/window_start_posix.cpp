@@ -1,6 +1,7 @@
 // Starts of MultiRename's window that fail, are slow, or are overtaken. Runs under thread checks as well.
 #include <gmock/gmock.h>
 
+#include "frame/host/command_numbers.h"
 #include "multirename/window/message_loops.h"
 #include "multirename/window_test.h"
 #include "platform/posix/files/faults.h"
@@ -16,7 +17,7 @@ class WindowStart : public WindowTest {
   // A command that opens nothing and leaves nothing, and one after it that opens a window.
   void ExpectAFailureAndThenAWindow(int containers) {
     Select({W("a.t")});
-    EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 0);
+    EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 0);
     EXPECT_EQ(UndrawnWindow::Current(), nullptr);
     EXPECT_EQ(host_.containers, containers);
     EXPECT_EQ(host_.controlsOut, 0);
@@ -62,7 +63,7 @@ TEST_F(WindowStart, WithoutEventsForTheWorkerThereIsNoWindowAndTheNextCommandTri
 TEST_F(WindowStart, AnExceptionOfTheHostLeavesNoHalfWindow) {
   host_.beforeContainer = [] { throw std::bad_alloc(); };
   Select({W("a.t")});
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 0);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 0);
   host_.beforeContainer = nullptr;
   Open({W("b.t")});
 }
@@ -73,9 +74,9 @@ TEST_F(WindowStart, AFailureThatNobodyWaitsForAnyMoreHasTheHostShutDown) {
   host_.hasContainers = false;
   host_.beforeContainer = [&] { made.Acquire(); };
   Select({W("a.t")});
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   made.Release();
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_EQ(host_.closed, 1);
   host_.hasContainers = true;
   host_.beforeContainer = nullptr;
@@ -92,13 +93,13 @@ TEST_F(WindowStart, AWindowThatComesLateIsAWindow) {
     made.Acquire();
   };
   Select({W("a.t")});
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
   asked.Acquire();
   // Of a selection that comes meanwhile the window shows the rows.
   Select({W("b.t"), W("c.t")});
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   made.Release();
   while (!(window_ = UndrawnWindow::Current())) Sleep(1);
   Settle();
@@ -116,7 +117,7 @@ TEST_F(WindowStart, AWindowThatIsStillBeingMadeAtTheShutdownClosesAsSoonAsItIsTh
     UndrawnWindow::TakeMessages();  // as a host may that makes controls
   };
   Select({W("a.t")});
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   asked.Acquire();
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(host_.closed, 1);
@@ -131,7 +132,7 @@ TEST_F(WindowStart, AShutdownBeforeTheThreadHasAQueueIsNotLost) {
   extension_->waits = {0, kMissed};
   for (int round = 0; round < 50; ++round) {
     Select({W("a.t")});
-    ASSERT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+    ASSERT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
     EXPECT_EQ(Plugin().OnShutdown(0), 0);
     EXPECT_EQ(UndrawnWindow::Current(), nullptr);
     EXPECT_EQ(host_.controlsOut, 0);
@@ -180,7 +181,7 @@ TEST_F(WindowStart, AShutdownWhoseQuitIsLostEndsTheThreadWithItsWindow) {
 TEST_F(WindowStart, ASecondOnStartChangesNothing) {
   Open({W("a.t")});
   EXPECT_EQ(Plugin().OnStart(&host_), 1);
-  EXPECT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+  EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   Settle();
 }
 

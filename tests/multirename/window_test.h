@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/host/command_numbers.h"
 #include "multirename/gate_properties.h"
 #include "multirename/panel_run_test.h"
 #include "multirename/window/qx_multi_rename.h"
@@ -44,7 +45,7 @@ class WindowTest : public testing::Test {
   // Command 31000, which must open a window, with files of these names selected, and the first preview.
   void Open(const std::vector<WString>& names) {
     Select(names);
-    ASSERT_EQ(Plugin().OnCommand(31000, 0, 0), 1);
+    ASSERT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
     window_ = UndrawnWindow::Current();
     ASSERT_NE(window_, nullptr);
     Settle();

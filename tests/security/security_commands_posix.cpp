@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include "frame/qx_utils.h"
+#include "frame/services/message_texts.h"
 #include "platform/posix/files/faults.h"
 #include "security/ntfs_prop.h"
 #include "security/server_cache.h"
@@ -107,7 +108,7 @@ TEST_F(SecurityCommandsNative, ThePrivilegeIsEnabledOnceAndItsFailureDoesNotEndT
 
 TEST_F(SecurityCommandsNative, AUserWithoutANameIsABadParameter) {
   files_.Select(W("a.txt"), "a");
-  host_.texts[0x007E0065] = W("%d");
+  host_.texts[kTextTakeOwnershipFailed] = W("%d");
   Faults::Fail("GetUserNameW", 1, 4711);
   BoxAnswers boxes{IDOK};
   TakeOwnershipCommand(host_);

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/services/message_texts.h"
 #include "security/current_user.h"
 #include "support/box_answers.h"
 #include "support/real_files.h"
@@ -98,7 +99,7 @@ TEST_F(SecurityCommands, AnErrorOfTakingEndsTheWalkAndIsShownWithItsNumber) {
   files_.Select(W("a.txt"), "a");
   host_.selection.push_back(host_.AddFileIn(files_.scratch.Path() + W("\\"), W("nosuch")));
   files_.Select(W("c.txt"), "c");
-  host_.texts[0x007E0065] = W("no owner: %d!");
+  host_.texts[kTextTakeOwnershipFailed] = W("no owner: %d!");
   BoxAnswers boxes{IDOK};
   TakeOwnershipCommand(host_);
   ASSERT_EQ(boxes.Boxes().size(), 1u);
@@ -233,7 +234,7 @@ TEST_F(SecurityCommands, ResettingStopsAtTheFirstErrorAndShowsIt) {
   host_.selection.push_back(host_.AddFileIn(files_.scratch.Path() + W("\\"), W("nosuch")));
   const WString second = files_.Select(W("b.txt"), "b");
   ASSERT_EQ(SetEntries(second, BuiltList().Add(0, 0, 0x1F01FF, EveryoneSid()).Get()), 0u);
-  host_.texts[0x007D0065] = W("%d no reset");
+  host_.texts[kTextResetAccessFailed] = W("%d no reset");
   BoxAnswers boxes{IDYES, IDOK};
   ResetAccessCommand(host_);
   ASSERT_EQ(boxes.Boxes().size(), 2u);
@@ -244,7 +245,7 @@ TEST_F(SecurityCommands, ResettingStopsAtTheFirstErrorAndShowsIt) {
 
 TEST_F(SecurityCommands, TheHelperResetsAndItsErrorIsShown) {
   const WString path = files_.Select(W("a.txt"), "a");
-  host_.texts[0x007D0065] = W("%d no reset");
+  host_.texts[kTextResetAccessFailed] = W("%d no reset");
   UseHelper(0);
   BoxAnswers boxes{IDYES, IDYES, IDOK};
   ResetAccessCommand(host_);
@@ -297,7 +298,7 @@ TEST_F(SecurityCommands, OkAddsTheEntryToEach) {
 
 TEST_F(SecurityCommands, AnEmptyUserIsTheNumberedErrorOfABadParameter) {
   const WString path = files_.Select(W("a.txt"), "a");
-  host_.texts[0x00780065] = W("not added: %u");
+  host_.texts[kTextAddAccessFailed] = W("not added: %u");
   BoxAnswers boxes{IDOK};
   AddAccess([](ChangeAccessForm& form) {
     form.userName.clear();
@@ -319,7 +320,7 @@ TEST_F(SecurityCommands, AddingStopsAtTheFirstError) {
 
 TEST_F(SecurityCommands, TheHelperAddsAndItsErrorIsShown) {
   const WString path = files_.Select(W("a.txt"), "a");
-  host_.texts[0x00780065] = W("not added: %d");
+  host_.texts[kTextAddAccessFailed] = W("not added: %d");
   UseHelper(1332);
   BoxAnswers boxes{IDOK};
   AddAccess(ForEveryone);

@@ -4,7 +4,9 @@
 
 #include <memory>
 
+#include "frame/host/command_numbers.h"
 #include "frame/host/plugin_interface.h"
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "window/dialog_controls.h"
 #include "window/english_texts.h"
@@ -12,10 +14,11 @@
 #include "window/program_folder.h"
 #include "window/screenshot.h"
 
+using namespace Velmora::SDK;
+
 namespace {
 
 using testing::ElementsAre;
-using Velmora::SDK::IPluginInterface;
 
 constexpr int kFind = 1123;
 
@@ -81,12 +84,12 @@ TEST_F(BuiltModule, AsksForTheCommonControlsInItsOwnManifest) {
 
 TEST_F(BuiltModule, ReplaceCommandShowsItsDialogAndItsQuestionAndRenames) {
   host_.texts = EnglishTexts();
-  host_.texts[0x006B0064] = W("hint");
-  host_.texts[0x000A0063] = W("caption");
-  host_.texts[0x000B0063] = W("%d names");
+  host_.texts[kTextReplaceFindCue] = W("hint");
+  host_.texts[kTextRenameCaption] = W("caption");
+  host_.texts[kTextRenameQuestion] = W("%d names");
   host_.SelectFiles({W("one.txt"), W("two.txt"), W("three.doc")});
   IPluginInterface& fileUtils = FileUtils();
-  EXPECT_EQ(RunModal([&] { return fileUtils.OnCommand(30010, 0, 0); },
+  EXPECT_EQ(RunModal([&] { return fileUtils.OnCommand(kCommandReplaceXWithY, 0, 0); },
                      {[this](HWND dialog) {
                         EXPECT_EQ(GetWindowLongPtrW(dialog, GWLP_HINSTANCE),
                                   reinterpret_cast<LONG_PTR>(module_));
@@ -109,7 +112,7 @@ TEST_F(BuiltModule, ReplaceCommandShowsItsDialogAndItsQuestionAndRenames) {
 TEST_F(BuiltModule, CancelledReplaceDialogAsksAndRenamesNothing) {
   host_.SelectFiles({W("one.txt")});
   IPluginInterface& fileUtils = FileUtils();
-  EXPECT_EQ(RunModal([&] { return fileUtils.OnCommand(30010, 0, 0); },
+  EXPECT_EQ(RunModal([&] { return fileUtils.OnCommand(kCommandReplaceXWithY, 0, 0); },
                      [](HWND dialog) {
                        TypeText(dialog, W("o"));
                        PressKey(dialog, VK_ESCAPE);
@@ -124,7 +127,7 @@ TEST_F(BuiltModule, ConfirmationIsAskedOverTheMainWindowAndCancelledByEscape) {
   host_.mainWindow = owner_.Get();
   host_.SelectFiles({W("one.txt"), W("two.txt")});
   IPluginInterface& fileUtils = FileUtils();
-  EXPECT_EQ(RunModal([&] { return fileUtils.OnCommand(30000, 0, 0); },
+  EXPECT_EQ(RunModal([&] { return fileUtils.OnCommand(kCommandUpperCase, 0, 0); },
                      [this](HWND box) {
                        EXPECT_EQ(GetWindow(box, GW_OWNER), owner_.Get());
                        EXPECT_NE(GetDlgItem(box, IDOK), nullptr);

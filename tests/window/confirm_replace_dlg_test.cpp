@@ -7,6 +7,7 @@
 
 #include "findreplace/tool/find_and_replace_command.h"
 #include "findreplace/tool/host_callback.h"
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
 #include "window/dialog_controls.h"
@@ -14,6 +15,8 @@
 #include "window/layout_checks.h"
 #include "window/modal_driver.h"
 #include "window/screenshot.h"
+
+using namespace Velmora::SDK;
 
 namespace QXFindAndReplace {
 namespace {
@@ -110,7 +113,7 @@ TEST_F(ConfirmReplaceDlgWindow, WhereTheHostHasNoTextsItsOwnOnesShow) {
 }
 
 TEST_F(ConfirmReplaceDlgWindow, ShowsFileRangeContextAndReplacement) {
-  host_.texts[0x02270064] = W("%d/%d to %d/%d%% %s");
+  host_.texts[kTextConfirmRange] = W("%d/%d to %d/%d%% %s");
   form_.range = {{0, 3}, {4, 17}};
   form_.replacement = W("new\r\nlines");
   Show([](HWND dialog) {
@@ -298,7 +301,7 @@ TEST_F(ConfirmReplaceDlgWindow, SwitchDoesNotSelectTheMatchAnewAsIsMeant) {
 TEST_F(ConfirmReplaceDlgWindow, OnlyBackInTheRawViewTheRangeIsToldAnew) {
   form_.format = TextFormat::Utf8;
   Show([this](HWND dialog) {
-    host_.texts[0x02270064] = W("anew %d");
+    host_.texts[kTextConfirmRange] = W("anew %d");
     ClickButton(dialog, kSwitch);
     EXPECT_EQ(TextOf(dialog, kRange), W("T02270064"));
     ClickButton(dialog, kSwitch);

@@ -4,12 +4,15 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "window/dialog_controls.h"
 #include "window/english_texts.h"
 #include "window/layout_checks.h"
 #include "window/modal_driver.h"
 #include "window/screenshot.h"
+
+using namespace Velmora::SDK;
 
 namespace {
 
@@ -314,7 +317,7 @@ TEST_F(CreateLinksDlgWindow, TabWalksFromTheKindToTheButtonsAndPassesWhatIsGrey)
 }
 
 TEST_F(CreateLinksDlgWindow, AccessKeyOfALabelLeadsToItsField) {
-  host_.texts = {{0x012E0064, W("&1")}, {0x01320064, W("&2")}, {0x01330064, W("&3")}};
+  host_.texts = {{kTextLinkKinds, W("&1")}, {kTextLinkLabel, W("&2")}, {kTextLinkTargetLabel, W("&3")}};
   Start(3);
   Show([](HWND dialog) {
     PressAltKey(dialog, W('2'));

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "ui/controls.h"
 #include "window/dialog_controls.h"
@@ -13,6 +14,8 @@
 #include "window/layout_checks.h"
 #include "window/modal_driver.h"
 #include "window/screenshot.h"
+
+using namespace Velmora::SDK;
 
 namespace QXFindAndReplace {
 namespace {
@@ -122,7 +125,7 @@ TEST_F(FindAndReplaceDlgWindow, WhereTheHostHasNoTextsItsOwnOnesShow) {
 }
 
 TEST_F(FindAndReplaceDlgWindow, TellsHowManyFilesThereAre) {
-  host_.texts[0x01F60064] = W("in %d of 100%%");
+  host_.texts[kTextFindDlgCount] = W("in %d of 100%%");
   Start(0x20000101, 12);
   Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kCount), W("in 12 of 100%")); });
 }
@@ -389,7 +392,7 @@ TEST_F(FindAndReplaceDlgWindow, WithoutAnActiveWindowItStandsOverTheHosts) {
 TEST_F(FindAndReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
   SpeakEnglish(host_);
   Start(0x10000102, 3);
-  form_.suffix = host_.titles[0x01FC0064];
+  form_.suffix = host_.titles[kTextFindDlgNewFile];
   StartForm(form_);
   form_.find = W("colour\r\ncentre\r\ngrey");
   form_.replace = W("color\r\ncenter\r\ngray");

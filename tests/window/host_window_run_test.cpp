@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "frame/host/command_numbers.h"
 #include "frame/host/plugin_base.h"
 #include "host/recorded_output.h"
 #include "host/services/extensions.h"
@@ -30,7 +31,7 @@ class FramePlugin final : public PluginBase {
   const char* GetExtensionId() override { return ""; }
   s32 OnCommand(s32 number, std::intptr_t, std::intptr_t) override {
     log.push_back("command " + std::to_string(number));
-    if (number == 31000) {
+    if (number == kCommandMultiRename) {
       window_ = std::thread([this] { RunWindow(); });
       return 1;
     }
@@ -167,11 +168,11 @@ TEST(HostWindowRun, OpensClosesAfterThePictureAndOpensAgain) {
   shared.picture.path = scratch.Path(W("window.png"));
   QxHost::Extensions extensions(shared, {CreateThird, DeleteThird, FramePluginInfo});
   extensions.Start();
-  EXPECT_EQ(extensions.RunWindow(31000), 1);
+  EXPECT_EQ(extensions.RunWindow(kCommandMultiRename), 1);
   EXPECT_TRUE(shared.picture.isSaved);
   shared.picture = {scratch.Path(W("second.png"))};
-  extensions.Renew(31000);
-  EXPECT_EQ(extensions.RunWindow(31000), 1);
+  extensions.Renew(kCommandMultiRename);
+  EXPECT_EQ(extensions.RunWindow(kCommandMultiRename), 1);
   EXPECT_TRUE(shared.picture.isSaved);
   EXPECT_THAT(FramePlugin::log,
               ElementsAre("command 31000", "command 20002", "delete", "command 31000", "command 20002"));

@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "frame/host/command_numbers.h"
 #include "frame/host/plugin_interface.h"
 
 namespace {
@@ -87,6 +88,6 @@ void ModuleWindow::Use(const std::function<void(WindowUser&)>& user) {
       ADD_FAILURE() << error.what();
     }
   });
-  EXPECT_EQ(hosted_.extensions->RunWindow(31000), 1);
+  EXPECT_EQ(hosted_.extensions->RunWindow(kCommandMultiRename), 1);
   acting.join();
 }

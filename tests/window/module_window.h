@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "frame/host/command_numbers.h"
 #include "host/hosted_files.h"
 #include "window/window_user.h"
 
@@ -25,7 +26,7 @@ class ModuleWindow : public testing::Test {
   // open is a failure, and is closed.
   void Use(const std::function<void(WindowUser&)>& user);
   // The next window is of a new object of the module.
-  void Renew() { hosted_.extensions->Renew(31000); }
+  void Renew() { hosted_.extensions->Renew(Velmora::SDK::kCommandMultiRename); }
 
   // Posts a command to the module on the host's main thread.
   static void Post(Velmora::SDK::u32 command) { HostOfBuiltModule().PostCommand(command, 0, 0); }

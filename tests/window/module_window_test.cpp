@@ -2,10 +2,13 @@
 // part, sessions taken back later, profiles and numbered lists that outlive the window, moved rows.
 #include "window/module_window.h"
 
+#include "frame/host/command_numbers.h"
 #include "window/cell_pixels.h"
 #include "window/dialog_controls.h"
 #include "window/list_rows.h"
 #include "window/screenshot.h"
+
+using namespace Velmora::SDK;
 
 namespace {
 
@@ -239,7 +242,7 @@ TEST_F(ModuleWindowUse, ASecondCommandEmptiesTheListUntilReset) {
   Use([](WindowUser& user) {
     user.Type(kName, W("x[C]"));
     WaitForNames(user, {W("x01.t"), W("x02.t"), W("x03.t")});
-    Post(31000);
+    Post(kCommandMultiRename);
     user.WaitUntil("the empty list", [&] { return user.OldNames().empty(); });
     // The rows that are not in the list are not renamed either.
     user.Press(kReset);
@@ -359,7 +362,7 @@ TEST_F(ModuleWindowUse, TheHostsShutdownClosesInEachState) {
     SCOPED_TRACE(state.name);
     Use([&](WindowUser& user) {
       state.open(user);
-      Post(20002);
+      Post(kCommandShutdown);
     });
     Renew();
   }

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstdio>
 
+#include "frame/host/command_numbers.h"
 #include "support/monkey_actions.h"
 #include "support/monkey_session.h"
 #include "window/list_rows.h"
@@ -13,6 +14,8 @@
 
 // Needs windows.h before it.
 #include <commctrl.h>
+
+using namespace Velmora::SDK;
 
 namespace {
 
@@ -86,11 +89,11 @@ class DrawnWindowMonkey : public ModuleWindow {
                      MAKELPARAM(300, 300));
         return;
       case MonkeyDeed::kNewSelection:
-        return Post(31000);
+        return Post(kCommandMultiRename);
       case MonkeyDeed::kClose:
         return user.Close();
       case MonkeyDeed::kShutDown:
-        return Post(20002);
+        return Post(kCommandShutdown);
     }
   }
 
@@ -174,7 +177,7 @@ class DrawnWindowMonkey : public ModuleWindow {
 
   void ActInPopup(WindowUser& user, HWND popup) {
     if (generator_.Chance(3)) return user.Close();
-    if (generator_.Chance(2)) return Post(20002);
+    if (generator_.Chance(2)) return Post(kCommandShutdown);
     if (generator_.Chance(10)) return PressAnyKey(user);
     if (generator_.Chance(10))
       return user.PressKey(static_cast<WORD>(VK_F1 + generator_.Below(24)),
@@ -265,7 +268,7 @@ TEST_F(DrawnWindowMonkey, LosesNoFileAndDoesNotHang) {
   int windows = 0;
   std::thread monkey([this] { Play(); });
   while (!isOver_) {
-    EXPECT_EQ(hosted_.extensions->RunWindow(31000), 1);
+    EXPECT_EQ(hosted_.extensions->RunWindow(kCommandMultiRename), 1);
     ++windows;
     ExpectNoFileLost("window " + std::to_string(windows));
     // At times the same object is used again, whose windows have no worker any more.

@@ -4,12 +4,15 @@
 #include <commctrl.h>
 #include <gmock/gmock.h>
 
+#include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "window/dialog_controls.h"
 #include "window/english_texts.h"
 #include "window/layout_checks.h"
 #include "window/modal_driver.h"
 #include "window/screenshot.h"
+
+using namespace Velmora::SDK;
 
 namespace {
 
@@ -125,7 +128,8 @@ TEST_F(ReplaceDlgWindow, BackwardWalkIsTheReverse) {
 }
 
 TEST_F(ReplaceDlgWindow, AccessKeyOfALabelLeadsToItsField) {
-  host_.texts = {{0x00680064, W("&1")}, {0x00690064, W("&2")}, {0x006A0064, W("&3")}};
+  host_.texts = {
+      {kTextReplaceFindLabel, W("&1")}, {kTextReplaceWithLabel, W("&2")}, {kTextReplacePartLabel, W("&3")}};
   Show([](HWND dialog) {
     PressAltKey(dialog, W('2'));
     EXPECT_EQ(FocusedControl(dialog), kWith);

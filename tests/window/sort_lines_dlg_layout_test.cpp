@@ -1,11 +1,14 @@
 // The window of the Sort Lines dialog: whose it is, where it stands, and how it looks.
 #include <gtest/gtest.h>
 
+#include "frame/services/message_texts.h"
 #include "window/english_texts.h"
 #include "window/layout_checks.h"
 #include "window/opened_menu.h"
 #include "window/screenshot.h"
 #include "window/sort_lines_dlg_window.h"
+
+using namespace Velmora::SDK;
 
 namespace {
 
@@ -35,7 +38,7 @@ TEST_F(SortLinesDlgWindow, EnglishTextsFitAndControlsStandApart) {
   host_.texts = EnglishTexts();
   Start(0x100011);
   form_.firstName = W("purchases.csv");
-  form_.newFileSuffix = host_.texts[0x01B50064];
+  form_.newFileSuffix = host_.texts[kTextSortDlgSuffix];
   form_.sample.clear();
   for (const WCHAR* line : {W("2014-11-21;apples;12.50"), W("2014-09-02;pears;3.20"), W("2013-01-30;plums;7"),
                             W("2015-06-11;cherries;18.75"), W("2014-03-08;grapes;4.10")}) {

@@ -1,9 +1,12 @@
 // The window of the Sort Lines dialog: what it shows of the options, and what its end makes of the fields.
 #include <gmock/gmock.h>
 
+#include "frame/services/message_texts.h"
 #include "ui/controls.h"
 #include "window/layout_checks.h"
 #include "window/sort_lines_dlg_window.h"
+
+using namespace Velmora::SDK;
 
 namespace {
 
@@ -40,7 +43,7 @@ TEST_F(SortLinesDlgWindow, EveryTextComesFromTheHostByItsId) {
 }
 
 TEST_F(SortLinesDlgWindow, TellsHowManyFilesThereAre) {
-  host_.texts[0x01940064] = W("sorts %d of 100%%");
+  host_.texts[kTextSortDlgCount] = W("sorts %d of 100%%");
   form_.fileCount = 12;
   Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kCount), W("sorts 12 of 100%")); });
 }

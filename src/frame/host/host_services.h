@@ -3,6 +3,7 @@
 
 #include "frame/host/ask_choice_record.h"
 #include "frame/host/extension_info.h"
+#include "frame/host/file_properties.h"
 #include "frame/host/host_app.h"
 #include "frame/host/host_files.h"
 #include "frame/host/host_helper_channel.h"
@@ -15,4 +16,3 @@
 #include "frame/host/host_types.h"
 #include "frame/host/host_xml.h"
 #include "frame/host/plugin_interface.h"
-#include "frame/services/file_properties.h"

@@ -2,6 +2,7 @@
 // Create to Delete.
 #pragma once
 
+#include "frame/host/command_numbers.h"
 #include "frame/host/host_app.h"
 #include "frame/host/host_helper_channel.h"
 
@@ -10,10 +11,6 @@ namespace Velmora::SDK {
 // What GetExtensionKind returns for an extension with commands. It is not the kindFlags of the record, which
 // are 0x2100 (C-002).
 constexpr u32 kPluginKind = 0x2000;
-
-// Command numbers that every extension with commands knows.
-constexpr s32 kCommandShutdown = 20002;  // calls the extension's own OnShutdown
-constexpr s32 kCommandIgnored = 20500;
 
 // Base of the extensions with commands. Operations that do nothing answer 0.
 class IPluginInterface {

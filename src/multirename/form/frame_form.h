@@ -8,10 +8,10 @@
 #pragma once
 
 #include "multirename/engine/rename_list.h"
-#include "multirename/engine/row_info.h"
 #include "multirename/form/control_view.h"
 #include "multirename/form/menu_line.h"
 #include "multirename/form/rename_texts.h"
+#include "multirename/form/row_info.h"
 #include "multirename/rules/rename_context.h"
 
 namespace Velmora::SDK {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "frame/host/command_numbers.h"
 #include "frame/services/language_text.h"
 #include "multirename/form/panel_controls.h"
 #include "multirename/form/panel_form.h"

@@ -11,11 +11,6 @@
 
 namespace Velmora::SDK {
 
-// Commands of the host to the extension that the window posts.
-enum RenameHostCommand : u32 {
-  kCommandReadSelection = 32000,  // its second argument is the event that says that it is done
-};
-
 // The rows that the window is to show: a new selection, which the host's main thread puts in, or the entries
 // of an undo session, which the window's does. Any thread.
 //

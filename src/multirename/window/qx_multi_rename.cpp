@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "frame/host/command_numbers.h"
 #include "frame/services/extension_ids.h"
 #include "multirename/form/rename_texts.h"
 
@@ -9,12 +10,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-enum MultiRenameCommand : s32 {
-  kCommandOpen = 31000,
-  kCommandSelection = kCommandReadSelection,
-};
-
-// As the host knows them.
+// Words of the host, as those of menu_tree.cpp.
 constexpr u32 kOpenFlags = 0x10000201;
 constexpr u32 kOpenDisplayWord = 0x400000;
 
@@ -38,8 +34,8 @@ s32 QXMultiRename::OnRegister(IHostApp* hostApp) {
   if (!menu) return 1;
   menus->AddCommand(menu, nullptr, 1, 0);  // the entry of command 0, which the host tolerates (C-686)
   menus->AddCommand(menu,
-                    commands->CreateCommand(kCommandOpen, kOpenFlags, kRenameTextTitle, kRenameTextTitle,
-                                            kOpenDisplayWord, 0),
+                    commands->CreateCommand(kCommandMultiRename, kOpenFlags, kRenameTextTitle,
+                                            kRenameTextTitle, kOpenDisplayWord, 0),
                     1, 0);
   return 1;
 }
@@ -60,9 +56,9 @@ bool QXMultiRename::OnHostEvent(std::intptr_t source, s32 code) {
 
 s32 QXMultiRename::OnCommand(s32 number, std::intptr_t, std::intptr_t b) {
   switch (number) {
-    case kCommandOpen:
+    case kCommandMultiRename:
       return StartOrRefresh();
-    case kCommandSelection:
+    case kCommandReadSelection:
       return ReadSelectionAgain(reinterpret_cast<HANDLE>(b));
     case kCommandShutdown:
       return OnShutdown(b);

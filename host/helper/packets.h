@@ -7,7 +7,7 @@
 #include <string>
 
 #include "frame/host/host_helper_channel.h"
-#include "host/services/owned_by_module.h"
+#include "host/system/owned_by_module.h"
 
 namespace QxHost {
 

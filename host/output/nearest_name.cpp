@@ -1,9 +1,9 @@
-#include "host/command_line/nearest_name.h"
+#include "host/output/nearest_name.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "host/system/ascii_case.h"
+#include "host/output/ascii_case.h"
 
 namespace QxHost {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/command_line/command_names.h"
+#include "host/services/command_names.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,53 +6,56 @@
 #include <string>
 #include <vector>
 
-#include "host/command_line/nearest_name.h"
+#include "frame/host/command_numbers.h"
+#include "host/output/ascii_case.h"
 #include "host/output/failures.h"
-#include "host/system/ascii_case.h"
+#include "host/output/nearest_name.h"
+
+using namespace Velmora::SDK;
 
 namespace QxHost {
 namespace {
 
 // clang-format off
 constexpr CommandName kCommandNames[] = {
-  {30000, "upper-case"},
-  {30030, "upper-case-base"},
-  {30031, "upper-case-extension"},
-  {30001, "lower-case"},
-  {30040, "lower-case-base"},
-  {30041, "lower-case-extension"},
-  {30002, "title-case"},
-  {30003, "underscores-to-blanks"},
-  {30008, "dots-to-blanks"},
-  {30011, "hyphens-to-blanks"},
-  {30005, "blanks-to-underscores"},
-  {30006, "blanks-to-dots"},
-  {30012, "blanks-to-hyphens"},
-  {30004, "underscores-to-dots"},
-  {30007, "dots-to-underscores"},
-  {30050, "tidy-name"},
-  {30010, "replace-x-with-y"},
-  {30020, "rename-same-base-name"},
-  {30060, "set-extension"},
-  {30101, "line-ends-to-lf"},
-  {30102, "line-ends-to-crlf"},
-  {30103, "line-ends-to-cr"},
-  {30110, "tabs-to-blanks"},
-  {30200, "format-xml"},
-  {30201, "compact-xml"},
-  {30150, "sort-lines"},
-  {30151, "find-and-replace"},
-  {30210, "encode-base64"},
-  {30211, "decode-base64"},
-  {30300, "take-ownership"},
-  {30310, "reset-access"},
-  {30311, "add-access"},
-  {30350, "create-link"},
+  {kCommandUpperCase, "upper-case"},
+  {kCommandUpperCaseBase, "upper-case-base"},
+  {kCommandUpperCaseExtension, "upper-case-extension"},
+  {kCommandLowerCase, "lower-case"},
+  {kCommandLowerCaseBase, "lower-case-base"},
+  {kCommandLowerCaseExtension, "lower-case-extension"},
+  {kCommandTitleCase, "title-case"},
+  {kCommandUnderscoresToBlanks, "underscores-to-blanks"},
+  {kCommandDotsToBlanks, "dots-to-blanks"},
+  {kCommandHyphensToBlanks, "hyphens-to-blanks"},
+  {kCommandBlanksToUnderscores, "blanks-to-underscores"},
+  {kCommandBlanksToDots, "blanks-to-dots"},
+  {kCommandBlanksToHyphens, "blanks-to-hyphens"},
+  {kCommandUnderscoresToDots, "underscores-to-dots"},
+  {kCommandDotsToUnderscores, "dots-to-underscores"},
+  {kCommandTidyName, "tidy-name"},
+  {kCommandReplaceXWithY, "replace-x-with-y"},
+  {kCommandRenameSameBaseName, "rename-same-base-name"},
+  {kCommandSetExtension, "set-extension"},
+  {kCommandLineEndsToLf, "line-ends-to-lf"},
+  {kCommandLineEndsToCrLf, "line-ends-to-crlf"},
+  {kCommandLineEndsToCr, "line-ends-to-cr"},
+  {kCommandTabsToBlanks, "tabs-to-blanks"},
+  {kCommandFormatXml, "format-xml"},
+  {kCommandCompactXml, "compact-xml"},
+  {kCommandSortLines, "sort-lines"},
+  {kCommandFindAndReplace, "find-and-replace"},
+  {kCommandEncodeBase64, "encode-base64"},
+  {kCommandDecodeBase64, "decode-base64"},
+  {kCommandTakeOwnership, "take-ownership"},
+  {kCommandResetAccess, "reset-access"},
+  {kCommandAddAccess, "add-access"},
+  {kCommandCreateLink, "create-link"},
 
   // The window of MultiRename.
-  {31000, "multi-rename"},
+  {kCommandMultiRename, "multi-rename"},
 
-  // The control panel.
+  // The control panel: kCommandFirstControlPanel and the row of the item.
   {6101, "control-action-center"},
   {6102, "control-administrative-tools"},
   {6104, "control-backup-and-restore"},

@@ -1,4 +1,4 @@
-#include "host/services/packets.h"
+#include "host/helper/packets.h"
 
 #include "platform/text.h"
 

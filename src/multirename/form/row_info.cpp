@@ -1,4 +1,4 @@
-#include "multirename/engine/row_info.h"
+#include "multirename/form/row_info.h"
 
 #include "frame/services/language_text.h"
 #include "multirename/form/rename_texts.h"
