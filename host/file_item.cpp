@@ -250,7 +250,7 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
   return GetLastError() == ERROR_NO_MORE_FILES;
 }
 
-void FileItemTree::Rename(FileItem& item, const WString& newName) {
+void FileItemTree::Rename(FileItem& item, WStringView newName) {
   const std::lock_guard lock(itemNamesMutex);
   if (!item.parent_ || item.name_ == newName) return;
   lastFolder_ = nullptr;

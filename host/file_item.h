@@ -104,7 +104,7 @@ class FileItemTree {
 
   // Gives an item another name after the system has done so. An item that had this name is of a file that has
   // gone meanwhile; whoever holds it may go on asking.
-  void Rename(FileItem& item, const WString& newName);
+  void Rename(FileItem& item, WStringView newName);
 
   std::size_t Count() const { return items_.size(); }
 

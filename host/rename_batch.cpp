@@ -1,5 +1,7 @@
 #include "host/rename_batch.h"
 
+#include <utility>
+
 #include "host/paths.h"
 #include "host/planned_renames.h"
 #include "host/renames_in_order.h"
@@ -39,7 +41,9 @@ void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
     Report(from, rename);
     if (callback) callback->OnRenameResult(rename.UserData(), result);
   };
-  if (inOrder_) {
+  if (std::exchange(isNextIndependent_, false)) {
+    RunIndependent(batch.renames, items_, dryRun_, report);
+  } else if (inOrder_) {
     RunInOrder(batch.renames, items_, dryRun_, report);
   } else {
     RunPlanned(batch.renames, items_, dryRun_, output_, report);
