@@ -177,7 +177,7 @@ class ChainRunner {
 
   // False if the step fails, whose rename has the error as its result then.
   bool Try(Row row, const WString& newName, std::vector<Step>& done) {
-    WString oldName = ItemOf(row).Name();
+    WString oldName(ItemOf(row).Name());
     const DWORD error = Move(ItemOf(row), newName);
     if (error == ERROR_SUCCESS) {
       done.push_back({row, std::move(oldName)});
@@ -241,7 +241,7 @@ ForetoldRenames ForetellPlanned(std::span<const ImaginedRename> renames, FolderL
   wanted.currentFolder = FullPathOf(W(".")).value_or(WString());
   BatchFolders folders(wanted.folders);
   for (const ImaginedRename& rename : renames) {
-    const WString& name = rename.item->Name();
+    const WStringView name = rename.item->Name();
     const WStringView newName = NameToMake(rename.newName);
     wanted.rows.push_back(
         {.folder = folders.Of(*rename.item),

@@ -22,7 +22,7 @@ WString OldPathOf(const MultiRenameUndoEntry& entry) { return PathInFolder(entry
 
 // The text of an entry after the identity of its file.
 WString EntryTextOf(const MultiRenameUndoEntry& entry) {
-  return entry.folder + W('|') + entry.oldName + W('|') + entry.newName;
+  return entry.folder.Text() + W('|') + entry.oldName + W('|') + entry.newName;
 }
 
 // Finds folders whose own renames, or those of folders above them, may have been done.

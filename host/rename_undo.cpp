@@ -182,14 +182,14 @@ bool IsKeptField(WStringView text) {
 bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
   if (!IsPossibleName(entry.oldName)) return false;
   if (!IsKeptField(entry.folder) || !IsKeptField(entry.oldName) || !IsKeptField(entry.newName)) return false;
-  const WCHAR first = entry.folder.front();
+  const WCHAR first = entry.folder.Text().front();
   const bool isOther = first == W(';') || first == W('#') || first == W('[');
   return !isOther && !IsBlankOfUndoLine(first) && !IsBlankOfUndoLine(entry.newName.back());
 }
 
 // The path of a file in the entry's folder.
 WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
-  return entry.folder + (entry.folder.ends_with(W('\\')) ? W("") : W("\\")) + name;
+  return entry.folder.Text() + (entry.folder.Text().ends_with(W('\\')) ? W("") : W("\\")) + name;
 }
 
 // Entries as the reader tells them apart: it leaves blanks at the end of a new name out, and so does the run
@@ -368,7 +368,7 @@ std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
   for (const MultiRenameItem* const row : rows) {
     if (row->oldName == row->newName) continue;
     bytes +=
-        sizeof(WCHAR) * (row->folderPath.size() + row->oldName.size() + row->newName.size() + kSeparators);
+        sizeof(WCHAR) * (row->folderPath.Text().size() + row->oldName.size() + row->newName.size() + kSeparators);
     if (bytes > kMostOfUndoFile) ++beyond;
   }
   return beyond;
