@@ -27,14 +27,14 @@ void Read(std::span<const std::uint8_t> bytes) {
   Require(!session->entries.empty());
   bool isPlain = true;
   for (const MultiRenameUndoEntry& entry : session->entries) {
-    for (const WString* const field : {&entry.folder, &entry.oldName, &entry.newName}) {
+    for (const WString* const field : {&entry.folder.Text(), &entry.oldName, &entry.newName}) {
       Require(!field->empty());
       Require(field->find_first_of(W("\r\n")) == WString::npos);
       // A field that is only a bar, or begins with one, is taken for the end of the one before.
       isPlain = isPlain && field->find(W('|')) == WString::npos;
     }
     // Blanks are taken off a line, and not every line is an entry.
-    isPlain = isPlain && WStringView(W(" \t;#[")).find(entry.folder.front()) == WStringView::npos &&
+    isPlain = isPlain && WStringView(W(" \t;#[")).find(entry.folder.Text().front()) == WStringView::npos &&
               WStringView(W(" \t")).find(entry.newName.back()) == WStringView::npos;
   }
   if (!isPlain) return;

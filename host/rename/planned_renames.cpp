@@ -120,11 +120,31 @@ class ListedView final : public DiskView {
   FolderListings& listings_;
 };
 
+// Gives items other names, on the disk and in their tree.
+class ItemMover {
+ public:
+  explicit ItemMover(FileItemTree& tree) : tree_(tree) {}
+
+  // `from` is the item's path. 0, or the error number.
+  DWORD Move(FileItem& item, const WString& from, WStringView newName) {
+    to_.assign(from, 0, from.size() - item.Name().size());
+    to_ += newName;
+    const DWORD error = MoveItem(from, to_);
+    if (error == ERROR_SUCCESS) tree_.Rename(item, newName);
+    return error == kRenameIgnored ? DWORD{ERROR_GEN_FAILURE}
+                                   : error;  // that number means something else here
+  }
+
+ private:
+  FileItemTree& tree_;
+  WString to_;  // of the present move; kept for its memory
+};
+
 // Runs the chains of a plan and keeps the results.
 class ChainRunner {
  public:
   ChainRunner(RenamePlan& plan, const Gathered& gathered, FileItemTree& tree, Output& output)
-      : plan_(plan), gathered_(gathered), tree_(tree), output_(output) {}
+      : plan_(plan), gathered_(gathered), mover_(tree), output_(output) {}
 
   void Run(const RenameChain& chain) {
     const std::span<const Row> rows(plan_.order.data() + chain.first, chain.count);
@@ -152,17 +172,12 @@ class ChainRunner {
 
   DWORD Move(FileItem& item, const WString& newName) {
     item.WriteFullPath(from_);
-    to_.assign(from_, 0, from_.size() - item.Name().size());
-    to_ += newName;
-    const DWORD error = MoveItem(from_, to_);
-    if (error == ERROR_SUCCESS) tree_.Rename(item, newName);
-    return error == kRenameIgnored ? DWORD{ERROR_GEN_FAILURE}
-                                   : error;  // that number means something else here
+    return mover_.Move(item, from_, newName);
   }
 
   // False if the step fails, whose rename has the error as its result then.
   bool Try(Row row, const WString& newName, std::vector<Step>& done) {
-    WString oldName = ItemOf(row).Name();
+    WString oldName(ItemOf(row).Name());
     const DWORD error = Move(ItemOf(row), newName);
     if (error == ERROR_SUCCESS) {
       done.push_back({row, std::move(oldName)});
@@ -200,10 +215,9 @@ class ChainRunner {
 
   RenamePlan& plan_;
   const Gathered& gathered_;
-  FileItemTree& tree_;
+  ItemMover mover_;
   Output& output_;
-  WString from_;  // of the present move; kept for their memory
-  WString to_;
+  WString from_;  // of the present move; kept for its memory
 };
 
 // Paths become items before the first rename, so that they too follow a folder above them.
@@ -221,13 +235,13 @@ void FindItems(Gathered& gathered, const RenamePlan& plan, FileItemTree& tree) {
 
 }  // namespace
 
-std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings) {
+ForetoldRenames ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings) {
   WantedRenames wanted;
   wanted.rows.reserve(renames.size());
   wanted.currentFolder = FullPathOf(W(".")).value_or(WString());
   BatchFolders folders(wanted.folders);
   for (const ImaginedRename& rename : renames) {
-    const WString& name = rename.item->Name();
+    const WStringView name = rename.item->Name();
     const WStringView newName = NameToMake(rename.newName);
     wanted.rows.push_back(
         {.folder = folders.Of(*rename.item),
@@ -237,7 +251,7 @@ std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, Folder
   }
   ListedView disk(listings);
   const RenamePlan plan = PlanRenames(wanted, disk);
-  return {plan.results.begin(), plan.results.end()};
+  return {{plan.results.begin(), plan.results.end()}, plan.areIndependent};
 }
 
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
@@ -252,6 +266,22 @@ void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDr
   }
   for (Row row = 0; row < renames.size(); ++row)
     report(gathered.PathOf(row), renames[row], plan.results[row]);
+}
+
+void RunIndependent(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun,
+                    const RenameReport& report) {
+  ItemMover mover(tree);
+  WString from;
+  for (QueuedRename& rename : renames) {
+    FileItem& item = *rename.item;
+    item.WriteFullPath(from);
+    const WStringView newName = NameToMakeOf(rename);
+    DWORD result = RefusalOf(newName, rename.newName, true, !item.Parent(), item.Name());
+    if (result == 0 && !isDryRun) {
+      result = IsInterrupted() ? DWORD{ERROR_CANCELLED} : mover.Move(item, from, newName);
+    }
+    report(from, rename, result);
+  }
 }
 
 }  // namespace QxHost

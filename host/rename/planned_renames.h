@@ -21,9 +21,15 @@ struct ImaginedRename {
   WStringView newName;
 };
 
-// What RunPlanned would report of each of these renames, in their order. Folders are not read that stand in
-// `listings`; those that are looked up are taken out of it.
-std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings);
+// What RunPlanned would report of each of these renames, in their order.
+struct ForetoldRenames {
+  std::vector<u32> results;
+  // None is in the way of another or waits for one: in whichever order they are done, it comes to the same.
+  bool areIndependent = false;
+};
+
+// Folders are not read that stand in `listings`; those that are looked up are taken out of it.
+ForetoldRenames ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings);
 
 // Does what the plan lets pass, or nothing if `isDryRun`, and then reports all. A file that cannot be moved
 // leaves those that wait for its name as they are. If a step of a cycle fails, its other files take their old
@@ -32,5 +38,10 @@ std::vector<u32> ForetellPlanned(std::span<const ImaginedRename> renames, Folder
 // that has begun.
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
                 const RenameReport& report);
+
+// The same without a look at the disk, for renames of items that ForetellPlanned has found to be independent.
+// Each is reported when it is done.
+void RunIndependent(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun,
+                    const RenameReport& report);
 
 }  // namespace QxHost

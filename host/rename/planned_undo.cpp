@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "host/rename/move_item.h"
+#include "host/rename/rename_circles.h"
 #include "host/rename/temporary_name.h"
 #include "host/services/file_facts.h"
 #include "host/system/paths.h"
@@ -18,59 +18,12 @@ using Velmora::SDK::MultiRenameUndoEntry;
 constexpr WStringView kPlanMark = W(";qxhost planned");
 constexpr unsigned kMostTemporaryNamesLooked = 16;
 
-WString InFolder(const WString& folder, WStringView name) {
-  WString path = folder;
-  if (!path.ends_with(W('\\'))) path += W('\\');
-  return path += name;
-}
-
-WString OldPathOf(const MultiRenameUndoEntry& entry) { return InFolder(entry.folder, entry.oldName); }
+WString OldPathOf(const MultiRenameUndoEntry& entry) { return PathInFolder(entry.folder, entry.oldName); }
 
 // The text of an entry after the identity of its file.
 WString EntryTextOf(const MultiRenameUndoEntry& entry) {
-  return entry.folder + W('|') + entry.oldName + W('|') + entry.newName;
+  return entry.folder.Text() + W('|') + entry.oldName + W('|') + entry.newName;
 }
-
-// Finds the renames whose names go round in a circle.
-class CircleFinder {
- public:
-  explicit CircleFinder(const MultiRenameUndo& planned) : entries_(planned.entries) {
-    for (std::size_t index = 0; index < entries_.size(); ++index)
-      byOldPath_.emplace(PathKey(OldPathOf(entries_[index])), index);
-  }
-
-  std::vector<std::size_t> Find() const {
-    constexpr std::size_t kUnseen = 0;
-    std::vector<std::size_t> seenIn(entries_.size(), kUnseen);
-    std::vector<std::size_t> found;
-    for (std::size_t start = 0; start < entries_.size(); ++start) {
-      std::optional<std::size_t> at = start;
-      while (at && seenIn[*at] == kUnseen) {
-        seenIn[*at] = start + 1;
-        at = Next(*at);
-      }
-      // It has come back to a rename of this very walk, from which the circle goes on.
-      if (!at || seenIn[*at] != start + 1) continue;
-      std::size_t member = *at;
-      do {
-        found.push_back(member);
-        member = *Next(member);
-      } while (member != *at);
-    }
-    return found;
-  }
-
- private:
-  // The rename of the file that has the new name of this one.
-  std::optional<std::size_t> Next(std::size_t index) const {
-    const MultiRenameUndoEntry& entry = entries_[index];
-    const auto found = byOldPath_.find(PathKey(InFolder(entry.folder, NameToMake(entry.newName))));
-    return found == byOldPath_.end() ? std::nullopt : std::optional(found->second);
-  }
-
-  const std::vector<MultiRenameUndoEntry>& entries_;
-  std::unordered_map<WString, std::size_t> byOldPath_;
-};
 
 // Finds folders whose own renames, or those of folders above them, may have been done.
 class PlannedFolders {
@@ -91,15 +44,15 @@ class PlannedFolders {
     const bool isRenamed = rename != byOldPath_.end() && IsRenamed(*rename->second, parent);
     const WStringView name =
         isRenamed ? NameToMake(rename->second->newName) : WStringView(path).substr(nameAt);
-    return now_[path] = InFolder(parent, name);
+    return now_[path] = PathInFolder(parent, name);
   }
 
  private:
   bool IsRenamed(const MultiRenameUndoEntry& entry, const WString& parent) const {
-    const std::string there = FileIdentity(InFolder(parent, NameToMake(entry.newName)));
+    const std::string there = FileIdentity(PathInFolder(parent, NameToMake(entry.newName)));
     const auto known = plan_.identities.find(EntryTextOf(entry));
     if (known != plan_.identities.end()) return there == known->second;
-    return !there.empty() && FileIdentity(InFolder(parent, entry.oldName)).empty();
+    return !there.empty() && FileIdentity(PathInFolder(parent, entry.oldName)).empty();
   }
 
   const UndoPlan& plan_;
@@ -111,10 +64,10 @@ class PlannedFolders {
 std::optional<WString> NameAfterRun(const MultiRenameUndoEntry& entry, const WString& folder,
                                     const std::string& identity) {
   const WStringView made = NameToMake(entry.newName);
-  if (FileIdentity(InFolder(folder, made)) == identity) return entry.newName;
+  if (FileIdentity(PathInFolder(folder, made)) == identity) return entry.newName;
   for (unsigned number = 1; number <= kMostTemporaryNamesLooked; ++number) {
     WString name = TemporaryName(entry.oldName, number);
-    if (FileIdentity(InFolder(folder, name)) == identity) return name;
+    if (FileIdentity(PathInFolder(folder, name)) == identity) return name;
   }
   return std::nullopt;
 }
@@ -124,7 +77,7 @@ std::optional<WString> NameAfterRun(const MultiRenameUndoEntry& entry, const WSt
 WString HeadOfPlannedUndo(const MultiRenameUndo& planned) {
   WString head(kPlanMark);
   head += W("\r\n");
-  for (const std::size_t index : CircleFinder(planned).Find()) {
+  for (const std::size_t index : FindRenameCircles(planned.entries)) {
     const MultiRenameUndoEntry& entry = planned.entries[index];
     // A name with a line end cannot be kept, and would end the comment.
     if (EntryTextOf(entry).find_first_of(WStringView(W("\r\n\0"), 3)) != WString::npos) continue;

@@ -1,5 +1,7 @@
 #include "host/rename/rename_batch.h"
 
+#include <utility>
+
 #include "host/rename/planned_renames.h"
 #include "host/rename/renames_in_order.h"
 #include "host/system/paths.h"
@@ -39,7 +41,9 @@ void FileOperation::Run(RenameBatch& batch, IRenameResultCallback* callback) {
     Report(from, rename);
     if (callback) callback->OnRenameResult(rename.UserData(), result);
   };
-  if (inOrder_) {
+  if (std::exchange(isNextIndependent_, false)) {
+    RunIndependent(batch.renames, items_, dryRun_, report);
+  } else if (inOrder_) {
     RunInOrder(batch.renames, items_, dryRun_, report);
   } else {
     RunPlanned(batch.renames, items_, dryRun_, output_, report);

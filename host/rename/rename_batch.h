@@ -61,6 +61,9 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
     return result == ERROR_PATH_NOT_FOUND || result == ERROR_FILENAME_EXCED_RANGE;
   }
 
+  // The next batch is of items alone, and the very renames that ForetellPlanned has found to be independent.
+  void ExpectIndependent() { isNextIndependent_ = true; }
+
   // The renames that were left out (1223) after an interruption.
   std::size_t Untried() const { return untried_; }
 
@@ -77,6 +80,7 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   const bool dryRun_;
   const bool inOrder_;
   bool hasFailed_ = false;
+  bool isNextIndependent_ = false;
   bool passesOverUndone_ = false;
   bool holdsOutOfReach_ = false;
   std::vector<std::pair<u32, std::string>> outOfReach_;  // results and their lines

@@ -76,6 +76,7 @@ class Planner {
       OrderChains();
     }
     AddDecided();
+    plan_.areIndependent = open_.empty();
     return std::move(plan_);
   }
 

@@ -57,6 +57,7 @@ struct RenamePlan {
   std::vector<RenameChain> chains;  // in the order in which they are to run
   std::vector<std::uint32_t> order;
   std::vector<WString> temporaryNames;
+  bool areIndependent = false;  // all that are to be done were decided at first sight (flat_renames.h)
 };
 
 // The texts of `wanted` must last for the call alone.

@@ -45,6 +45,7 @@ void RenameSession::Preview(const RenameRules& rules) {
     throw BadCall("\"" + ToUtf8(SearchMistake(rules)) +
                   "\" is no regular expression: " + ToUtf8(engine_->status.ErrorText()));
   }
+  areIndependent_ = false;
   engine_->worker.WantPreview();
   Work();
 }
@@ -61,7 +62,9 @@ std::vector<u32> RenameSession::Outlook() {
     for (const MultiRenameItem* const row : engine_->items) {
       renames.push_back({static_cast<const FileItem*>(row->hostItem), row->newName});
     }
-    return ForetellPlanned(renames, shared_.listings);
+    ForetoldRenames foretold = ForetellPlanned(renames, shared_.listings);
+    areIndependent_ = foretold.areIndependent;
+    return std::move(foretold.results);
   }
   Output silence([](std::string_view) { return true; }, [](std::string_view) { return true; });
   const std::unique_ptr<Reporter> unheard = MakeProseReporter(silence);
@@ -96,6 +99,7 @@ void RenameSession::Run() {
   store.loaded = true;
   store.sessions.clear();
   const InterruptionWatch watch;
+  if (areIndependent_) shared_.fileOperation.ExpectIndependent();
   engine_->worker.WantRename(false);
   Work();
   CheckAllTried(engine_->items.size());

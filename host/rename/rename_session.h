@@ -33,8 +33,8 @@ class RenameSession {
   // What a run is to rename, as far as the host would not refuse it; without a date.
   Velmora::SDK::MultiRenameUndo Planned();
 
-  // Renames all rows, and leaves the undo file to the caller, who knows how to keep it safe. An interruption
-  // leaves the rest as it is.
+  // Renames all rows, and leaves the undo file to the caller, who knows how to keep it safe. What Outlook or
+  // Planned has found of the rows is not looked for again. An interruption leaves the rest as it is.
   void Run();
 
   // Takes a session back, each file to the very name that it had.
@@ -62,6 +62,7 @@ class RenameSession {
 
   Shared& shared_;
   HostApp host_;
+  bool areIndependent_ = false;  // the rows, as Outlook has found
   Velmora::SDK::OwnedEngine engine_;
 };
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <tuple>
 #include <unordered_set>
@@ -180,20 +182,42 @@ bool IsKeptField(WStringView text) {
 bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
   if (!IsPossibleName(entry.oldName)) return false;
   if (!IsKeptField(entry.folder) || !IsKeptField(entry.oldName) || !IsKeptField(entry.newName)) return false;
-  const WCHAR first = entry.folder.front();
+  const WCHAR first = entry.folder.Text().front();
   const bool isOther = first == W(';') || first == W('#') || first == W('[');
   return !isOther && !IsBlankOfUndoLine(first) && !IsBlankOfUndoLine(entry.newName.back());
 }
 
 // The path of a file in the entry's folder.
 WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
-  return entry.folder + (entry.folder.ends_with(W('\\')) ? W("") : W("\\")) + name;
+  return entry.folder.Text() + (entry.folder.Text().ends_with(W('\\')) ? W("") : W("\\")) + name;
 }
 
-// The reader leaves blanks at the end of a new name out, and so does the run that makes it.
-WString EntryKey(const MultiRenameUndoEntry& entry) {
-  // A character that no name and no path holds, on any system.
-  return entry.folder + WCHAR() + entry.oldName + WCHAR() + WString(NameToMake(entry.newName));
+// Entries as the reader tells them apart: it leaves blanks at the end of a new name out, and so does the run
+// that makes it.
+struct EntryHash {
+  std::size_t operator()(const MultiRenameUndoEntry* entry) const {
+    constexpr std::hash<WStringView> kHash;
+    constexpr std::size_t kFactor = 31;
+    return (kHash(entry->folder) * kFactor + kHash(entry->oldName)) * kFactor +
+           kHash(NameToMake(entry->newName));
+  }
+};
+
+struct AreEqualEntries {
+  bool operator()(const MultiRenameUndoEntry* left, const MultiRenameUndoEntry* right) const {
+    return left->oldName == right->oldName && NameToMake(left->newName) == NameToMake(right->newName) &&
+           left->folder == right->folder;
+  }
+};
+
+// Entries that are kept elsewhere.
+using EntrySet = std::unordered_set<const MultiRenameUndoEntry*, EntryHash, AreEqualEntries>;
+
+EntrySet SetOf(const std::vector<MultiRenameUndoEntry>& entries) {
+  EntrySet set;
+  set.reserve(entries.size());
+  for (const MultiRenameUndoEntry& entry : entries) set.insert(&entry);
+  return set;
 }
 
 std::string Renames(std::size_t count) {
@@ -208,16 +232,24 @@ std::string WhyLost(const MultiRenameUndoEntry& entry, bool isFileLong) {
   return "its lines are parted at each | and at line ends";
 }
 
+// How many entries are read back as they are, from the first one on.
+std::size_t CountInPlace(const MultiRenameUndo& session, const MultiRenameUndo& kept) {
+  const auto differ = std::ranges::mismatch(
+      session.entries, kept.entries,
+      [](const auto& entry, const auto& keptEntry) { return AreEqualEntries()(&entry, &keptEntry); });
+  return static_cast<std::size_t>(differ.in1 - session.entries.begin());
+}
+
 // Warns of entries that are read back and were no renames of the session. Where the file is cut, so may be
 // its last line, whose new name then is the beginning of another.
 void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const MultiRenameUndo& kept,
                      bool isCut) {
-  std::unordered_set<WString> keys;
-  for (const MultiRenameUndoEntry& entry : session.entries) keys.insert(EntryKey(entry));
-  const auto isStranger = [&keys](const MultiRenameUndoEntry& entry) {
-    return !keys.contains(EntryKey(entry));
-  };
-  const auto strangers = std::ranges::count_if(kept.entries, isStranger);
+  // Most entries are read back in their place.
+  const std::size_t inPlace = CountInPlace(session, kept);
+  const auto unsure = std::span(kept.entries).subspan(inPlace);
+  const EntrySet renames = unsure.empty() ? EntrySet() : SetOf(session.entries);
+  const auto isStranger = [&renames](const MultiRenameUndoEntry& entry) { return !renames.contains(&entry); };
+  const auto strangers = std::ranges::count_if(unsure, isStranger);
   if (strangers == 0) return;
   if (strangers == 1 && isCut && isStranger(kept.entries.back())) {
     output.Problem("the last line that is read of the undo file is cut, and names " +
@@ -335,8 +367,8 @@ std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
   std::size_t beyond = 0;
   for (const MultiRenameItem* const row : rows) {
     if (row->oldName == row->newName) continue;
-    bytes +=
-        sizeof(WCHAR) * (row->folderPath.size() + row->oldName.size() + row->newName.size() + kSeparators);
+    bytes += sizeof(WCHAR) *
+             (row->folderPath.Text().size() + row->oldName.size() + row->newName.size() + kSeparators);
     if (bytes > kMostOfUndoFile) ++beyond;
   }
   return beyond;
@@ -377,17 +409,17 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
   const UndoCheck found = isWhole ? UndoCheck::kKeeps : UndoCheck::kNotWhole;
   if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return found;
   std::string expected;
-  WriteUndoText(session, [&expected](WStringView text) { expected += BytesOf(text); });
+  // One byte beyond what is read says that there is more.
+  WriteUndoText(session, [&expected](WStringView text) {
+    if (expected.size() <= kMostOfUndoFile) expected += BytesOf(text);
+  });
   const std::unique_ptr<MultiRenameUndo> kept =
       ReadUndoText({reinterpret_cast<const std::uint8_t*>(expected.data()), expected.size()});
-  std::unordered_set<WString> keys;
-  if (kept) {
-    for (const MultiRenameUndoEntry& entry : kept->entries) keys.insert(EntryKey(entry));
-  }
+  const EntrySet keptEntries = kept ? SetOf(kept->entries) : EntrySet();
   std::size_t lost = 0;
   const MultiRenameUndoEntry* first = nullptr;
   for (const MultiRenameUndoEntry& entry : session.entries) {
-    if (IsPossibleName(entry.oldName) && keys.contains(EntryKey(entry))) continue;
+    if (IsPossibleName(entry.oldName) && keptEntries.contains(&entry)) continue;
     ++lost;
     if (!first) first = &entry;
   }

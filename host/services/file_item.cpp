@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <mutex>
+#include <utility>
 
 #include "host/controls/shell_images.h"
 #include "host/rename/move_item.h"
@@ -73,7 +74,7 @@ WStringView FileItem::ExtensionLocked(u32 flag) const {
 const WCHAR* FileItem::GetName(WCHAR* buffer, u32 size) {
   const std::lock_guard lock(itemNamesMutex);
   GiveText(buffer, size, name_);
-  return name_.c_str();
+  return name_.data();
 }
 
 void FileItem::GetBaseName(WCHAR* buffer, u32 size) {
@@ -122,7 +123,7 @@ void FileItem::GetTagText(WCHAR* buffer, u32 size) {
 const WCHAR* FileItem::GetExtensionText(u32 flag) {
   const std::lock_guard lock(itemNamesMutex);
   const WStringView extension = ExtensionLocked(flag);
-  return name_.c_str() + (name_.size() - extension.size());
+  return name_.data() + (name_.size() - extension.size());
 }
 
 void FileItem::GetExtension(WCHAR* buffer, u32 size, u32 flag) {
@@ -136,49 +137,64 @@ s64 FileItem::GetRowImage(u32 imageSet) {
 s32 FileItem::GetRemoteLevel() {
   const FileItem* root = this;
   while (root->parent_) root = root->parent_;
-  return RemoteLevelOfRoot(root->name_);
+  return RemoteLevelOfRoot(WString(root->name_));
 }
 int FileItem::GetStoredProperty(u32 moduleNumber, u32 propertyNumber, void* record) {
   return properties.Get(moduleNumber, propertyNumber, record);
 }
 void FileItem::ClearStoredProperty(u32 propertyNumber) { properties.Clear(propertyNumber); }
 
-std::uint64_t FileItemTree::HashOf(const FileItem* parent, WStringView name) {
-  const std::uint64_t place = parent ? parent->number_ + 1 : 0;
-  return (std::hash<WStringView>()(name) ^ place) * 0x9E3779B97F4A7C15u;
+std::uint32_t FileItemTree::HashOf(const FileItem* parent, WStringView name) {
+  const std::uint64_t place = parent ? std::uint64_t{parent->number_} + 1 : 0;
+  const std::uint64_t hash = (std::hash<WStringView>()(name) ^ place) * 0x9E3779B97F4A7C15u;
+  return static_cast<std::uint32_t>(hash >> 32);
 }
 
-FileItemTree::Slot& FileItemTree::SlotOf(const FileItem* parent, WStringView name, std::uint64_t hash) {
+FileItemTree::Slot& FileItemTree::SlotOf(const FileItem* parent, WStringView name, std::uint32_t hash) {
   const std::size_t mask = slots_.size() - 1;
-  for (std::size_t at = (hash >> 32) & mask;; at = (at + 1) & mask) {
+  for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
     Slot& slot = slots_[at];
-    if (!slot.isUsed) return slot;
-    if (slot.hash == hash && slot.item && slot.item->parent_ == parent && slot.item->name_ == name)
-      return slot;
+    if (slot.item == kFree) return slot;
+    if (slot.hash != hash || slot.item == kGone) continue;
+    const FileItem& item = items_[slot.item];
+    if (item.parent_ == parent && item.name_ == name) return slot;
   }
+}
+
+FileItemTree::Slot* FileItemTree::PlaceOf(const FileItem& item, std::uint32_t hash) {
+  const std::size_t mask = slots_.size() - 1;
+  for (std::size_t at = hash & mask; slots_[at].item != kFree; at = (at + 1) & mask) {
+    if (slots_[at].item == item.number_) return &slots_[at];
+  }
+  return nullptr;
 }
 
 void FileItemTree::MakeRoom() {
   constexpr std::size_t kFewestSlots = 256;
   if (slots_.size() >= (usedSlots_ + 1) * 2) return;
-  std::vector<Slot> before = std::move(slots_);
-  slots_.assign(std::max(before.size() * 2, kFewestSlots), {});
+  const std::vector<Slot> before = std::exchange(slots_, {});
+  slots_.resize(std::max(before.size() * 2, kFewestSlots));
   usedSlots_ = 0;
+  const std::size_t mask = slots_.size() - 1;
   for (const Slot& slot : before) {
-    if (!slot.item) continue;
-    SlotOf(slot.item->parent_, slot.item->name_, slot.hash) = slot;
+    if (slot.item == kFree || slot.item == kGone) continue;
+    std::size_t at = slot.hash & mask;
+    while (slots_[at].item != kFree) at = (at + 1) & mask;
+    slots_[at] = slot;
     ++usedSlots_;
   }
 }
 
 FileItem& FileItemTree::Child(FileItem* parent, WStringView name) {
+  if (!renamed_.empty()) PlaceRenamed();
   MakeRoom();
-  const std::uint64_t hash = HashOf(parent, name);
+  const std::uint32_t hash = HashOf(parent, name);
   Slot& slot = SlotOf(parent, name, hash);
-  if (slot.isUsed) return *slot.item;
+  if (slot.item != kFree) return items_[slot.item];
   ++usedSlots_;
-  slot = {hash, &items_.emplace_back(parent, name, items_.size()), true};
-  return *slot.item;
+  const auto number = static_cast<std::uint32_t>(items_.size());
+  slot = {hash, number};
+  return items_.emplace_back(parent, names_.Keep(name), number);
 }
 
 FileItem& FileItemTree::Node(WStringView fullPath) {
@@ -250,20 +266,25 @@ bool FileItemTree::AddFolderItems(const WString& folderPath, std::vector<FileIte
   return GetLastError() == ERROR_NO_MORE_FILES;
 }
 
-void FileItemTree::Rename(FileItem& item, const WString& newName) {
+void FileItemTree::Rename(FileItem& item, WStringView newName) {
   const std::lock_guard lock(itemNamesMutex);
   if (!item.parent_ || item.name_ == newName) return;
   lastFolder_ = nullptr;
-  Slot& place = SlotOf(item.parent_, item.name_, HashOf(item.parent_, item.name_));
-  const bool hasPlace = place.isUsed && place.item == &item;
-  if (hasPlace) place.item = nullptr;
-  item.name_ = newName;
-  if (!hasPlace) return;  // its name was taken by another item before
-  MakeRoom();
-  const std::uint64_t hash = HashOf(item.parent_, newName);
-  Slot& newPlace = SlotOf(item.parent_, newName, hash);
-  if (!newPlace.isUsed) ++usedSlots_;
-  newPlace = {hash, &item, true};
+  renamed_.emplace_back(&item, HashOf(item.parent_, item.name_));
+  item.name_ = names_.Keep(newName);
+}
+
+void FileItemTree::PlaceRenamed() {
+  for (const auto& [item, oldHash] : std::exchange(renamed_, {})) {
+    Slot* const place = PlaceOf(*item, oldHash);
+    if (!place) continue;  // its name was taken by another item before
+    place->item = kGone;
+    MakeRoom();
+    const std::uint32_t hash = HashOf(item->parent_, item->name_);
+    Slot& newPlace = SlotOf(item->parent_, item->name_, hash);
+    if (newPlace.item == kFree) ++usedSlots_;
+    newPlace = {hash, item->number_};
+  }
 }
 
 }  // namespace QxHost

@@ -9,11 +9,14 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <deque>
+#include <utility>
 #include <vector>
 
 #include "frame/host/host_files.h"
 #include "host/services/stored_properties.h"
+#include "host/services/text_arena.h"
 
 namespace QxHost {
 
@@ -23,7 +26,8 @@ using Velmora::SDK::u32;
 
 class FileItem final : public Velmora::SDK::IHostFileItem {
  public:
-  FileItem(FileItem* parent, WStringView name, std::size_t number)
+  // The name has a terminator after it, and lives as long as the item.
+  FileItem(FileItem* parent, WStringView name, std::uint32_t number)
       : parent_(parent), name_(name), number_(number) {}
   FileItem(const FileItem&) = delete;
   FileItem& operator=(const FileItem&) = delete;
@@ -50,7 +54,7 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   StoredProperties properties;
 
   // Not while the item is renamed.
-  const WString& Name() const { return name_; }
+  WStringView Name() const { return name_; }
   const FileItem* Parent() const { return parent_; }  // null for a root
   WString FolderPath() const;                         // ends in a backslash
   WString FullPath() const;
@@ -75,8 +79,8 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   WStringView ExtensionLocked(u32 flag) const;
 
   FileItem* parent_;  // null for a root
-  WString name_;
-  std::size_t number_;
+  WStringView name_;
+  std::uint32_t number_;
   std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
   std::atomic<Kind> kind_ = Kind::kUnknown;
 };
@@ -104,28 +108,37 @@ class FileItemTree {
 
   // Gives an item another name after the system has done so. An item that had this name is of a file that has
   // gone meanwhile; whoever holds it may go on asking.
-  void Rename(FileItem& item, const WString& newName);
+  void Rename(FileItem& item, WStringView newName);
 
   std::size_t Count() const { return items_.size(); }
 
  private:
   struct Slot {
-    std::uint64_t hash = 0;
-    FileItem* item = nullptr;
-    bool isUsed = false;  // also if its item has gone
+    std::uint32_t hash = 0;
+    std::uint32_t item = kFree;
   };
+  // Of Slot::item; other values are numbers of items.
+  static constexpr std::uint32_t kFree = 0xFFFFFFFF;
+  static constexpr std::uint32_t kGone = 0xFFFFFFFE;
 
-  static std::uint64_t HashOf(const FileItem* parent, WStringView name);
+  static std::uint32_t HashOf(const FileItem* parent, WStringView name);
   // With the lock held, all of these.
   // The slot of the item, or the one that it is to have.
-  Slot& SlotOf(const FileItem* parent, WStringView name, std::uint64_t hash);
+  Slot& SlotOf(const FileItem* parent, WStringView name, std::uint32_t hash);
+  // The slot that holds this item; null if its name was taken by another one.
+  Slot* PlaceOf(const FileItem& item, std::uint32_t hash);
   void MakeRoom();
+  void PlaceRenamed();
   FileItem& Child(FileItem* parent, WStringView name);
   FileItem& Node(WStringView fullPath);
 
-  std::deque<FileItem> items_;
-  std::vector<Slot> slots_;    // by hash of name and parent; a power of 2
-  std::size_t usedSlots_ = 0;  // of items that are there, and of those that have gone
+  TextArena names_;
+  std::deque<FileItem> items_;  // by number
+  std::vector<Slot> slots_;     // by hash of name and parent; a power of 2
+  std::size_t usedSlots_ = 0;   // of items that are there, and of those that have gone
+  // Renamed items, whose slots are still those of their old names, by the hashes of these. A run renames many
+  // and looks for none.
+  std::vector<std::pair<FileItem*, std::uint32_t>> renamed_;
   // The folder of the last path: the next one is often in it as well.
   WString lastFolderPath_;
   FileItem* lastFolder_ = nullptr;

@@ -7,12 +7,14 @@ namespace QxHost {
 using Velmora::SDK::StoredProperty;
 
 void StoredProperties::Store(u32 module, u32 property, const std::optional<WString>& value) {
-  values_[{module, property}] = value;
+  if (!values_) values_ = std::make_unique<Values>();
+  (*values_)[{module, property}] = value;
 }
 
 int StoredProperties::Get(u32 module, u32 property, void* record) const {
-  const auto found = values_.find({module, property});
-  if (found == values_.end() || !record) return 0;
+  if (!values_ || !record) return 0;
+  const auto found = values_->find({module, property});
+  if (found == values_->end()) return 0;
   StoredProperty stored = {};
   if (found->second) {
     stored.flags = StoredProperty::kHasValue;
@@ -23,7 +25,8 @@ int StoredProperties::Get(u32 module, u32 property, void* record) const {
 }
 
 void StoredProperties::Clear(u32 property) {
-  std::erase_if(values_, [property](const auto& value) { return value.first.second == property; });
+  if (!values_) return;
+  std::erase_if(*values_, [property](const auto& value) { return value.first.second == property; });
 }
 
 }  // namespace QxHost

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -21,7 +22,9 @@ class StoredProperties {
   void Clear(u32 property);
 
  private:
-  std::map<std::pair<u32, u32>, std::optional<WString>> values_;  // by module and property
+  using Values = std::map<std::pair<u32, u32>, std::optional<WString>>;  // by module and property
+
+  std::unique_ptr<Values> values_;  // null for most items, which have none
 };
 
 }  // namespace QxHost

@@ -8,7 +8,7 @@ namespace {
 using namespace Velmora::SDK;
 
 WString SortKey(const FileItem& item) {
-  WString key = item.Name();
+  WString key(item.Name());
   const int size = static_cast<int>(key.size());
   if (size != 0) LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, key.data(), size, key.data(), size);
   return key;

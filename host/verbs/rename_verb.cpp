@@ -264,7 +264,7 @@ class RenameVerb final : public Verb {
         ++counts.renamed;
       } else {
         ++counts.refused;
-        event.objection = RenameErrorText(row.folderPath + row.oldName, result);
+        event.objection = RenameErrorText(row.folderPath.Text() + row.oldName, result);
       }
       run.Host().reporter.Row(event);
     }

@@ -159,7 +159,7 @@ class ViewTest : public FileItemTest {
     result_ = view.Fill(code, *list, mode);
     std::vector<WString> names;
     for (u32 index = 0; index < list->GetCount(); ++index) {
-      names.push_back(static_cast<FileItem*>(list->GetItem(index))->Name());
+      names.emplace_back(static_cast<FileItem*>(list->GetItem(index))->Name());
     }
     list->Release();
     return names;

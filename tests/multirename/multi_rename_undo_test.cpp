@@ -33,7 +33,7 @@ std::vector<std::string> EntriesOf(std::span<const std::uint8_t> bytes) {
   if (!session) return {"none"};
   std::vector<std::string> shown;
   for (const MultiRenameUndoEntry& entry : session->entries) {
-    shown.push_back(ToUtf8(entry.folder) + "/" + ToUtf8(entry.oldName) + "/" + ToUtf8(entry.newName));
+    shown.push_back(ToUtf8(entry.folder.Text()) + "/" + ToUtf8(entry.oldName) + "/" + ToUtf8(entry.newName));
   }
   return shown;
 }

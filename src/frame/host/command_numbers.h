@@ -13,10 +13,8 @@ enum CommandNumber : s32 {
   kCommandIgnored = 20500,   // returns 0, as a number that is unknown
 
   // The items of the control panel: this number and the row of the item. All of the range are handled, those
-  // without
-  // an item by doing nothing.
-  kCommandFirstControlPanel =
-      6100,  // all of the range are handled, those without an item by doing nothing (C-461)
+  // without an item by doing nothing (C-461).
+  kCommandFirstControlPanel = 6100,
   kCommandLastControlPanel = 7100,
 
   // Quick rename.

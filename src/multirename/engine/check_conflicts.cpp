@@ -2,6 +2,7 @@
 #include "multirename/engine/multi_rename_engine.h"
 #include "multirename/rules/character_scan.h"
 #include "multirename/rules/letter_case.h"
+#include "platform/prefetch.h"
 
 namespace Velmora::SDK {
 
@@ -16,6 +17,25 @@ bool IsSameNewName(WStringView name, WStringView first) {
   if (name.size() != first.size()) return false;
   return name.empty() ||
          (LowerLetter(name.back()) == LowerLetter(first.back()) && EqualButForCase(name, first));
+}
+
+// Of very many rows neither they nor their names are near the processor; both are asked for some rows ahead,
+// so that it need not wait for them. The names can be asked for once their row has come.
+constexpr std::size_t kNamesAhead = 6;
+constexpr std::size_t kRowsAhead = 2 * kNamesAhead;
+constexpr std::size_t kCacheLine = 64;  // bytes
+
+void FetchRow(const MultiRenameItem& row) {
+  const char* const begin = reinterpret_cast<const char*>(&row);
+  for (std::size_t at = 0; at < sizeof row; at += kCacheLine) Prefetch(begin + at);
+}
+
+void FetchNames(const MultiRenameItem& row) {
+  for (const WString* const name : {&row.oldName, &row.newName}) {
+    const char* const begin = reinterpret_cast<const char*>(name->data());
+    Prefetch(begin);
+    Prefetch(begin + kCacheLine);
+  }
 }
 
 }  // namespace
@@ -57,11 +77,14 @@ void CheckConflicts(MultiRenameEngine& engine) {
 
 bool ComputeNames(MultiRenameEngine& engine, const std::atomic<bool>& abort) {
   engine.conflicts.Begin(engine.items.size());
-  for (MultiRenameItem* const item : engine.items) {
+  const std::vector<MultiRenameItem*>& items = engine.items;
+  for (std::size_t row = 0; row < items.size(); ++row) {
     if (abort.load(std::memory_order_relaxed)) return false;
-    ComputeName(engine, *item);
+    if (row + kRowsAhead < items.size()) FetchRow(*items[row + kRowsAhead]);
+    if (row + kNamesAhead < items.size()) FetchNames(*items[row + kNamesAhead]);
+    ComputeName(engine, *items[row]);
     // Only the worker writes new names.
-    engine.conflicts.Add(item->newName);
+    engine.conflicts.Add(items[row]->newName);
   }
   return engine.conflicts.SetStates(engine.items, abort);
 }

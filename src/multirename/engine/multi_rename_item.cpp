@@ -27,12 +27,12 @@ class NameGuard {
 
 }  // namespace
 
-MultiRenameItem::MultiRenameItem(IHostFileItem& item)
+MultiRenameItem::MultiRenameItem(IHostFileItem& item, const SharedText& neighbour)
     : tag(kItemTag), isFolder(item.IsFolder()), rowImage(-1), hostItem(&item) {
   WCHAR buffer[kItemTextSize];
   buffer[0] = WCHAR();
   item.GetFolderPath(buffer, kItemTextSize);
-  folderPath = buffer;
+  folderPath = neighbour == buffer ? neighbour : SharedText(buffer);
   buffer[0] = WCHAR();
   item.GetName(buffer, kItemTextSize);
   oldName = buffer;
@@ -58,7 +58,8 @@ SharedItems ReadSelection(IHostApp& host) {
   if (!list) return items;
   host.FileListRequest(kListSelectedItems, list.Get(), kModeRename, 0);
   for (u32 index = 0, count = list->GetCount(); index < count; ++index) {
-    if (IHostFileItem* const item = list->GetItem(index)) items->emplace_back(*item);
+    IHostFileItem* const item = list->GetItem(index);
+    if (item) items->emplace_back(*item, items->empty() ? SharedText() : items->back().folderPath);
   }
   return items;
 }

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "frame/host/host_app.h"
+#include "multirename/engine/shared_text.h"
 
 namespace Velmora::SDK {
 
@@ -35,8 +36,9 @@ constexpr bool BlocksStart(u32 state) { return state >= StateDuplicate && state 
 class MultiRenameItem {
  public:
   MultiRenameItem() = default;
-  // A row of a host's item: folder and name are asked for, each into a buffer of 4096 characters.
-  explicit MultiRenameItem(IHostFileItem& item);
+  // A row of a host's item: folder and name are asked for, each into a buffer of 4096 characters. A folder of
+  // the same path as `neighbour` shares its text.
+  explicit MultiRenameItem(IHostFileItem& item, const SharedText& neighbour = {});
   MultiRenameItem(const MultiRenameItem&) = delete;
   MultiRenameItem& operator=(const MultiRenameItem&) = delete;
 
@@ -46,9 +48,9 @@ class MultiRenameItem {
   // being computed gives the old or the new text, never a mixture.
   void CopyNewName(WCHAR* buffer, u32 size) const;
 
-  u32 tag = 0;         // kItemTag for an item of the host's
-  WString folderPath;  // as the host gives it
-  WString oldName;     // never changes, not even after a successful rename (C-672)
+  u32 tag = 0;            // kItemTag for an item of the host's
+  SharedText folderPath;  // as the host gives it
+  WString oldName;        // never changes, not even after a successful rename (C-672)
   WString newName;
   std::atomic<u32> state{StateReady};
   bool isFolder = false;              // then the name has no extension

@@ -12,7 +12,8 @@ void CutToName(WString& text) {
 
 void SplitOldName(MultiRenameEngine& engine, const MultiRenameItem& item) {
   WStringView name = item.oldName;
-  name.remove_prefix(name.rfind(W('\\')) + 1);  // npos + 1 is 0
+  // Hardly any name holds one, and to see that is faster than to look for the last.
+  if (HoldsAnyOf<W('\\')>(name)) name.remove_prefix(name.rfind(W('\\')) + 1);
   const std::size_t dot = item.isFolder ? WStringView::npos : name.rfind(W('.'));
   engine.currentBase = name.substr(0, dot);
   engine.currentExtension = dot == WStringView::npos ? WStringView() : name.substr(dot + 1);

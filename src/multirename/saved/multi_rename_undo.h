@@ -12,7 +12,7 @@
 namespace Velmora::SDK {
 
 struct MultiRenameUndoEntry {
-  WString folder;
+  SharedText folder;
   WString newName;
   WString oldName;
 };

@@ -102,7 +102,9 @@ void ReadUndoEntry(WStringView line, MultiRenameUndo& session) {
     from = bar + 2;
   }
   if (count != fields.size()) return;
-  session.entries.push_back({WString(fields[0]), WString(fields[2]), WString(fields[1])});
+  const bool isOfFolder = !session.entries.empty() && session.entries.back().folder == fields[0];
+  session.entries.push_back({isOfFolder ? session.entries.back().folder : SharedText(fields[0]),
+                             WString(fields[2]), WString(fields[1])});
 }
 
 enum class UndoSection { kNone, kInfo, kFiles };
@@ -119,7 +121,7 @@ void WriteUndoText(const MultiRenameUndo& session, const std::function<void(WStr
   addLine({});
   addLine(kFilesSection);
   for (const MultiRenameUndoEntry& entry : session.entries) {
-    ((((text += entry.folder) += W('|')) += entry.oldName) += W('|')) += entry.newName;
+    ((((text += entry.folder.Text()) += W('|')) += entry.oldName) += W('|')) += entry.newName;
     text += kUndoLineEnd;
     if (text.size() < kUndoPiece) continue;
     write(text);

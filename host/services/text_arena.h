@@ -1,0 +1,36 @@
+// Memory for many short texts that live as long as each other.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/text.h"
+
+namespace QxHost {
+
+class TextArena {
+ public:
+  // Returns a copy with a terminator after it, which stays where it is for as long as the arena lives.
+  WStringView Keep(WStringView text) {
+    const std::size_t needed = text.size() + 1;
+    if (left_ < needed) {
+      left_ = needed > kBlockChars ? needed : kBlockChars;
+      next_ = blocks_.emplace_back(new WCHAR[left_]).get();
+    }
+    WCHAR* const kept = next_;
+    text.copy(kept, text.size());
+    kept[text.size()] = WCHAR();
+    next_ += needed;
+    left_ -= needed;
+    return {kept, text.size()};
+  }
+
+ private:
+  static constexpr std::size_t kBlockChars = 16384;
+
+  std::vector<std::unique_ptr<WCHAR[]>> blocks_;
+  WCHAR* next_ = nullptr;
+  std::size_t left_ = 0;
+};
+
+}  // namespace QxHost
