@@ -145,11 +145,13 @@ TEST_F(PanelReset, ANewSelectionInTheMiddleOfARunWaitsForItsEndBeforeTheRowsGo) 
     states = States();
   };
   context_.rows.Set(ReadSelection(host_));
-  WhileHeld(gate.go, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });
+  EXPECT_TRUE(form.OnMessage(34068, 0, 0));
+  EXPECT_EQ(list.rows.size(), 2u);
+  gate.go.Release();
+  Settle();
   EXPECT_FALSE(isBusy);
   EXPECT_THAT(states, ElementsAre(6u, 6u));
   EXPECT_THAT(list.rows, IsEmpty());
-  Settle();
   EXPECT_FALSE(IsClosed(1003));
   EXPECT_EQ(UndoFiles().size(), 1u);
 }

@@ -413,6 +413,47 @@ TEST_F(PanelRuns, RunsAndUndosFollowOneAnotherWhileRulesChange) {
   EXPECT_EQ(host_.renames.pathRenames.size(), 30u);
 }
 
+// A host that renames may ask something that needs the window's thread.
+TEST_F(PanelRuns, APairThatIsAddedDuringARunWaitsForNothingAndIsPreviewedAfterTheRun) {
+  Open({W("aX.t")});
+  RunGate gate(host_);
+  StartIntoGate(gate, W("[N]1"));
+  view[1020].text = W("X");
+  view[1001].text = W("-");
+  std::atomic<bool> isDelivered{false};
+  std::thread opener([&] {
+    // Lets the run go on if the window waits for it.
+    for (int look = 0; look < 400 && !isDelivered; ++look) Sleep(5);
+    if (!isDelivered) gate.go.Release();
+  });
+  form.Press(1119);
+  Deliver();
+  const bool isInRun = engine_->busy;
+  isDelivered = true;
+  opener.join();
+  ASSERT_TRUE(isInRun) << "the window was not alive during the run";
+  EXPECT_THAT(view[1118].rows, testing::SizeIs(1));
+  EXPECT_THAT(NewNames(), ElementsAre(W("aX1.t")));
+  gate.go.Release();
+  Settle();
+  EXPECT_EQ(host_.renames.itemRenames.back().to, W("aX1.t"));
+  EXPECT_THAT(NewNames(), ElementsAre(W("a-1.t")));
+  EXPECT_EQ(frameView.panes[1], W("1 Renamed"));
+}
+
+TEST_F(PanelRuns, AnUpdateDuringARunIsDoneOnceAfterIt) {
+  Open({W("a.t")});
+  RunGate gate(host_);
+  StartIntoGate(gate, W("x"));
+  for (int round = 0; round < 3; ++round) EXPECT_TRUE(form.OnMessage(33268, 0, 0));
+  gate.go.Release();
+  ASSERT_TRUE(engine_->worker.WaitUntilIdle());
+  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
+  EXPECT_THAT(Waiting(), ElementsAre(33868u, 33268u));
+  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
+  EXPECT_THAT(Waiting(), IsEmpty());
+}
+
 TEST_F(PanelRuns, CloseInTheMiddleOfAPreviewStopsItAndNothingIsPostedAnyMore) {
   GateProperties gate;
   Open({W("a.t"), W("b.t")});

@@ -12,10 +12,11 @@
 //
 // Threads: all of it on the window's thread. The worker computes and runs meanwhile: it posts
 // MRM_ROWS_CHANGED and MRM_RUN_FINISHED to the panel's window. What changes rules first waits until the
-// worker is idle: a preview stops at its next row, a run goes to its end. Reset File List also waits for the
-// host's main thread, or until the context says that the host is closing. It takes no messages meanwhile, so
-// the main thread never sends one to this window: a new selection reaches the form as a posted
-// MRM_NEW_SELECTION.
+// worker is idle: a preview stops at its next row. A run, which may ask something that needs this thread, is
+// waited for by Close alone: what comes meanwhile is done once its MRM_RUN_FINISHED has come. Reset File List
+// also waits for the host's main thread, or until the context says that the host is closing. It takes no
+// messages meanwhile, so the main thread never sends one to this window: a new selection reaches the form as
+// a posted MRM_NEW_SELECTION.
 #pragma once
 
 #include <string>
@@ -73,9 +74,9 @@ class PanelForm {
   // window from the engine, so that nothing is posted to it any more. FrameForm::Close comes after this.
   void Close();
 
-  // MRM_NEW_SELECTION: a new command 31000 came while the window is open. Stops the worker and then takes the
-  // rows out of the list; the new ones appear with Reset File List. Does nothing if the list shows the newest
-  // rows already.
+  // MRM_NEW_SELECTION: a new command 31000 came while the window is open. Stops a preview, or lets a run end,
+  // and then takes the rows out of the list; the new ones appear with Reset File List. Does nothing if the
+  // list shows the newest rows already.
   void OnNewSelection();
 
   // Enables the controls after a run, or disables them for one. With a loaded undo session only Undo, its
@@ -107,7 +108,8 @@ class PanelForm {
     std::vector<WString> offered;  // the lines of the box
   };
 
-  // Compiles the rules, and previews if that is live. Does nothing while a profile or a reset writes.
+  // Compiles the rules, and previews if that is live; after the run, if there is one. Does nothing while a
+  // profile or a reset writes.
   void UpdatePreview();
   // The rules of the controls and the rows of the list, to the engine. False, with the error in the status
   // bar, if they cannot be compiled.
@@ -151,7 +153,10 @@ class PanelForm {
   bool loadingGuard_ = false;
   bool undoAvailable_ = false;
   bool sessionLoaded_ = false;
-  bool isWriting_ = false;  // the form itself changes controls
+  bool isWriting_ = false;       // the form itself changes controls
+  bool isRunning_ = false;       // the worker renames or restores, and its MRM_RUN_FINISHED is to come;
+  bool isUpdateDue_ = false;     // MRM_UPDATE_PREVIEW came meanwhile,
+  bool isSelectionDue_ = false;  // or MRM_NEW_SELECTION
 };
 
 }  // namespace Velmora::SDK

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "frame/host/command_numbers.h"
 #include "frame/services/language_text.h"
@@ -41,9 +42,15 @@ bool PanelForm::Compile() {
 }
 
 // A change that comes while a preview runs stops it, so that of many changes only the last is previewed to
-// its end. The rows of an undo session are what was renamed, and no rule changes them.
+// its end. One that comes during a run, which goes on to its end, is previewed after that. The rows of an
+// undo session are what was renamed, and no rule changes them.
 void PanelForm::UpdatePreview() {
-  if (loadingGuard_ || !engine_.worker.StopCurrent()) return;
+  if (loadingGuard_) return;
+  if (isRunning_) {
+    isUpdateDue_ = true;
+    return;
+  }
+  if (!engine_.worker.StopCurrent()) return;
   const bool isCompiled = Compile();
   UpdateStatus();
   if (!isCompiled || sessionLoaded_ || !view_.IsChecked(kLivePreviewBox)) return;
@@ -90,25 +97,25 @@ void PanelForm::UndoRun() {
 
 // The controls come back with MRM_RUN_FINISHED, which a worker that has ended does not post.
 void PanelForm::BeginRun() {
-  const bool runs = engine_.worker.IsRunning();
-  if (runs) EnableControls(false);
+  isRunning_ = engine_.worker.IsRunning();
+  if (isRunning_) EnableControls(false);
   engine_.worker.Wake();
 }
 
 void PanelForm::OnRunFinished(WPARAM kind, bool nothingToRestore) {
+  if (kind != kRenameFinished && kind != kRestoreFinished) return;
+  isRunning_ = false;
   if (kind == kRenameFinished) {
     undoAvailable_ = true;  // even if all renames failed (C-674)
     frame_.List().Refresh();
-  } else if (kind == kRestoreFinished) {
-    if (!nothingToRestore && engine_.undoStore.Holds(loadedSession_)) {
-      loadedSession_->haveRestored = true;
-      engine_.undoStore.Save(*loadedSession_);
-    }
-  } else {
-    return;
+  } else if (!nothingToRestore && engine_.undoStore.Holds(loadedSession_)) {
+    loadedSession_->haveRestored = true;
+    engine_.undoStore.Save(*loadedSession_);
   }
   UpdateStatus();
   EnableControls(true);
+  if (std::exchange(isSelectionDue_, false)) OnNewSelection();
+  if (std::exchange(isUpdateDue_, false)) PostUpdate();
 }
 
 void PanelForm::ResetFileList() {
@@ -131,6 +138,10 @@ void PanelForm::ResetFileList() {
 // Empties the list; the new rows appear with a reset (C-677). The message may come late: a reset, or the
 // first FillList, has then shown the rows that it is about.
 void PanelForm::OnNewSelection() {
+  if (isRunning_) {
+    isSelectionDue_ = true;
+    return;
+  }
   if (frame_.List().Items() == context_.rows.Get()) return;
   if (engine_.worker.StopCurrent()) frame_.List().Empty();
 }

@@ -34,13 +34,6 @@ void FillListBox(HWND list, const std::vector<WString>& lines) {
     SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
 }
 
-// The edit field of a box that has one; else the control itself.
-HWND EditFieldOf(HWND control) {
-  COMBOBOXINFO box = {};
-  box.cbSize = sizeof(box);
-  return GetComboBoxInfo(control, &box) && box.hwndItem ? box.hwndItem : control;
-}
-
 void SetRowState(HWND list, int row, UINT state) {
   LVITEMW item = {};
   item.state = state;
@@ -73,6 +66,12 @@ int FindRow(const TableRows& rows, const NMLVFINDITEMW& search) {
 }
 
 }  // namespace
+
+HWND EditFieldOf(HWND control) {
+  COMBOBOXINFO box = {};
+  box.cbSize = sizeof(box);
+  return GetComboBoxInfo(control, &box) && box.hwndItem ? box.hwndItem : control;
+}
 
 void WindowControls::Attach(HWND window) {
   Detach();

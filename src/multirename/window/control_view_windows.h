@@ -9,6 +9,9 @@
 
 namespace Velmora::SDK {
 
+// The edit field of a box that has one; else the control itself.
+HWND EditFieldOf(HWND control);
+
 // The operations of ControlView, for the controls of one window, by their numbers. Lists with columns are
 // made with LVS_REPORT and LVS_OWNERDATA: the rows are kept here, and shown when the list asks for them.
 class WindowControls {

@@ -4,21 +4,10 @@
 #include <commctrl.h>
 
 #include "multirename/form/panel_controls.h"
+#include "multirename/window/control_view_windows.h"
 #include "ui/module_instance.h"
 
 namespace Velmora::SDK {
-
-namespace {
-
-// A drop-down list has no edit field: the mouse is over the box itself.
-HWND TippedWindowOf(HWND panel, int control) {
-  const HWND window = GetDlgItem(panel, control);
-  COMBOBOXINFO box = {};
-  box.cbSize = sizeof(box);
-  return GetComboBoxInfo(window, &box) && box.hwndItem ? box.hwndItem : window;
-}
-
-}  // namespace
 
 void PanelTips::Create(HWND panel) {
   panel_ = panel;
@@ -33,7 +22,7 @@ void PanelTips::Create(HWND panel) {
 }
 
 void PanelTips::SetTip(int control, const WString& text) {
-  const HWND tipped = TippedWindowOf(panel_, control);
+  const HWND tipped = EditFieldOf(GetDlgItem(panel_, control));
   if (!tipped) return;
   TOOLINFOW tool = {};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "multirename/form/panel_controls.h"
@@ -63,9 +64,6 @@ constexpr SamePanelNumber kSamePanelNumbers[] = {
 };
 static_assert(std::ranges::all_of(kSamePanelNumbers,
                                   [](const SamePanelNumber& row) { return row.resource == row.form; }));
-
-// What edit fields and boxes with an edit field tell of.
-constexpr int kPanelTextChanges[] = {EN_CHANGE, CBN_EDITCHANGE};
 
 bool IsIn(HWND parent, HWND window) { return window == parent || IsChild(parent, window); }
 
@@ -127,21 +125,45 @@ bool RulePanel::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void RulePanel::HandleCommand(int control, int notification) {
   if (!form_) return;
-  if (notification == BN_CLICKED) {
-    calls_.Run([&] { form_->Press(control); });
-  } else if (std::ranges::find(kPanelTextChanges, notification) != std::end(kPanelTextChanges)) {
-    Change(control);
-  } else if (notification == CBN_SELCHANGE) {
-    // A line that is marked in an open list is chosen once the list closes.
-    if (SendMessageW(controls_.Control(control), CB_GETDROPPEDSTATE, 0, 0)) {
-      chosenInList_ = control;
-    } else {
+  switch (notification) {
+    case BN_CLICKED:
+      calls_.Run([&] { form_->Press(control); });
+      return;
+    case EN_CHANGE:
+    case CBN_EDITCHANGE:
       Change(control);
-    }
-  } else if (notification == CBN_CLOSEUP && chosenInList_ == control) {
-    chosenInList_ = 0;
-    Change(control);
+      return;
+    case CBN_DROPDOWN:
+      openedList_ = {control, controls_.SelectedLine(control)};
+      return;
+    case CBN_SELCHANGE:
+      // A line that is marked in an open list is chosen once the list closes.
+      if (SendMessageW(controls_.Control(control), CB_GETDROPPEDSTATE, 0, 0)) {
+        openedList_.isOtherMarked = true;
+      } else {
+        Change(control);
+      }
+      return;
+    case CBN_SELENDCANCEL:
+      openedList_.isCancelled = true;
+      return;
+    case CBN_CLOSEUP:
+      OnListClosed(control);
+      return;
+    default:
+      return;
   }
+}
+
+// Escape, and a move to another control, leave the line as it was before the list opened. The text of an edit
+// field follows the marks all the same, and is what counts.
+void RulePanel::OnListClosed(int control) {
+  const OpenedList list = std::exchange(openedList_, {});
+  if (list.control != control || !list.isOtherMarked) return;
+  const HWND box = controls_.Control(control);
+  if (!list.isCancelled || EditFieldOf(box) != box) return Change(control);
+  // Not every system does it itself.
+  controls_.SelectLine(control, list.line);
 }
 
 void RulePanel::Change(int control) {

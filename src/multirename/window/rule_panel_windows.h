@@ -55,9 +55,18 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   bool FilterMessage(MSG& message) override;
 
  private:
+  // The list of a box, from its opening to its closing.
+  struct OpenedList {
+    int control = 0;
+    int line = kNoLine;  // selected as it opened
+    bool isOtherMarked = false;
+    bool isCancelled = false;
+  };
+
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   bool Handle(UINT message, WPARAM wParam, LPARAM lParam);
   void HandleCommand(int control, int notification);
+  void OnListClosed(int control);
   void Change(int control);
   bool LeaveByTab(const MSG& message);
 
@@ -68,7 +77,7 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   PanelTips tips_;
   HWND lostFocus_ = nullptr;  // disabled while it had the focus; null without one
   HWND lentFocus_ = nullptr;  // has the focus instead
-  int chosenInList_ = 0;      // the box in whose open list another line is marked
+  OpenedList openedList_;
   bool runsDialog_ = false;
 };
 
