@@ -1,7 +1,7 @@
-// The beginnings that many keys share, found in a sample. Text of records begins most lines with one of a few
-// words, and the keys of one word are too many to visit them again for their next characters: that costs more
-// than all the rest. Known beforehand, such keys are parted, and read behind what they share, in the one pass
-// over all lines.
+// Beginnings that many keys share, and the parts of the numbers that they make. In a text of records most
+// lines begin with one of a few words, and the keys of one word are too many to visit again for their next
+// characters: that costs more than all the rest. If the words are known before, the one pass over all lines
+// puts such keys into parts of their own and reads them after what they share.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 #include <span>
 #include <vector>
 
-#include "linesorter/engine/key_copies.h"
+#include "linesorter/engine/key_reader.h"
 #include "linesorter/engine/number_sort.h"
 
 namespace WQLineSorter {
@@ -19,12 +19,12 @@ namespace WQLineSorter {
 // Keys that begin with the characters of `number`, and go on.
 struct CommonBeginning {
   std::uint64_t number;
-  KeyRest first;         // behind these characters, one of the keys
+  KeyRest first;         // of one of the keys, after these characters
   std::uint32_t shared;  // how many more characters all of them share, as far as is known
 };
 
-// Parts of all numbers, in their order: each digit's, and within it one for each common beginning and one for
-// what lies between two of them.
+// Parts of all numbers, in their order: one for each highest digit, and within it one for each common
+// beginning and one for the numbers between two of these.
 class NumberParts {
  public:
   // `commons` are in the order of their numbers.
@@ -44,7 +44,7 @@ class NumberParts {
   // The common beginning of a part, or kNone.
   std::size_t CommonOf(std::size_t part) const { return commonOf_[part]; }
 
-  // Where the number belongs.
+  // The part that the number belongs to.
   std::size_t PartOf(std::uint64_t number) const {
     const unsigned digit = HighestDigit(number);
     const auto first = numbers_.begin() + firstCommon_[digit];

@@ -1,8 +1,8 @@
 // The next characters of a key as one number: numbers compare as the characters do.
 //
-// The first character is the highest. The lowest place does not hold a character but tells how many of the
-// others belong to the key, or that the key goes on behind them. So keys that end stand before those that go
-// on, the shorter before the longer, and a zero in a key is no end of it.
+// The first character is the highest. The lowest place does not hold a character but the number of the others
+// that belong to the key, or one more if the key goes on after them. So keys that end come before those that
+// go on, the shorter before the longer, and a zero in a key does not end it there.
 #pragma once
 
 #include <algorithm>
@@ -53,14 +53,15 @@ struct ByteKeys {
     return value;
   }
 
-  // A to Z become a to z: a byte's top bit tells whether it lies in the range, and moves to the case's bit.
+  // A to Z become a to z: the top bit of a byte is set if it is in the range, and moves to the bit of the
+  // case.
   static std::uint64_t Fold(std::uint64_t bytes) {
     constexpr std::uint64_t kTops = 0x8080808080808080;
     constexpr std::uint64_t kOnes = kTops >> 7;
     const std::uint64_t low = bytes & ~kTops;
     const std::uint64_t fromA = low + kOnes * (0x80 - 'A');
-    const std::uint64_t behindZ = low + kOnes * (0x80 - 'Z' - 1);
-    return bytes | (fromA & ~behindZ & ~bytes & kTops) >> 2;
+    const std::uint64_t afterZ = low + kOnes * (0x80 - 'Z' - 1);
+    return bytes | (fromA & ~afterZ & ~bytes & kTops) >> 2;
   }
 };
 
@@ -87,19 +88,19 @@ struct UnitKeys {
 template <typename Keys>
 constexpr unsigned kStep = 64 / Keys::kBits - 1;
 
-// The bits of all characters behind the first `count`, at most kStep, and of the count.
+// The bits of all characters after the first `count`, at most kStep, and of the count.
 template <typename Keys>
-constexpr std::uint64_t Behind(unsigned count) {
+constexpr std::uint64_t BitsAfter(unsigned count) {
   return ~std::uint64_t{0} >> (count * Keys::kBits);
 }
 
-// How many of the characters belong to the key; above kStep for a key that goes on behind them.
+// The number of the characters that belong to the key; above kStep if the key goes on after them.
 template <typename Keys>
 constexpr unsigned CountIn(std::uint64_t number) {
   return static_cast<unsigned>(number & ((1U << Keys::kBits) - 1));
 }
 
-// The next characters of a key of which `left` are left, one at least.
+// The next characters of a key of which `left` characters are left, one at least.
 template <typename Keys>
 std::uint64_t NextCharacters(const char* text, std::uint32_t left, const FoldRule& rule) {
   std::uint64_t characters = Keys::Load(text, rule);
@@ -108,12 +109,12 @@ std::uint64_t NextCharacters(const char* text, std::uint32_t left, const FoldRul
     const auto zero = static_cast<unsigned>(std::countl_zero(Keys::Zeros(characters))) / Keys::kBits;
     if (zero < kStep<Keys> && zero < count) count = zero + 1;
   }
-  characters &= ~Behind<Keys>(count < kStep<Keys> ? count : kStep<Keys>);
+  characters &= ~BitsAfter<Keys>(count < kStep<Keys> ? count : kStep<Keys>);
   return characters | count;
 }
 
-// How many characters two keys share, of the next `most`, which both have. A zero that ends both is not
-// shared: what is left of a key behind shared characters is never empty if more than `most` were left.
+// The number of characters that two keys share, of the next `most`, which both have. A zero that ends both
+// does not count: the rest of a key after shared characters is never empty if more than `most` were left.
 template <typename Keys>
 std::uint32_t SharedCharacters(const char* left, const char* right, std::uint32_t most,
                                const FoldRule& rule) {

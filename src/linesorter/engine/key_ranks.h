@@ -1,10 +1,10 @@
 // The ranks of text keys in ordinal order: all that comparing two keys needs, as two small numbers a key.
 //
-// Comparing bytes is no strict weak order: a key equals its own beginning, while two keys that begin with it
-// differ. So the order that std::stable_sort makes of them has to be made by std::stable_sort. But in a
-// dictionary all keys that begin with a key stand right behind it, so whether a key comes before another
-// follows from their places there: less(a, b) is First(b) > Last(a). The keys are brought into the
-// dictionary's order once, eight bytes at a time, and their texts are not looked at again.
+// For bytes the comparison is not a strict weak order: a key equals its own beginning, while two keys that
+// begin with it differ. So std::stable_sort has to make the order, as its result is what the rule says. But
+// in a dictionary all keys that begin with a key come right after it, so whether a key comes before another
+// follows from their places there: less(a, b) is Last(a) < First(b). The keys are brought into the
+// dictionary's order once, eight bytes at a time, and std::stable_sort does not read their texts again.
 #pragma once
 
 #include <span>
@@ -15,11 +15,11 @@
 
 namespace WQLineSorter {
 
-// Makes one record a line, in the dictionary's order, with its ranks. `beginnings` tells whether any key
-// equals the beginning of a longer one; if none does, First() alone gives the order. The lines' blocks have
-// kBlockGuard bytes behind them. Throws std::bad_alloc. Keys is ByteKeys, for the order of
-// LineCompare_OrdinalA, or UnitKeys, for that of CompareStringOrdinal.
+// Returns one record for each line, in the dictionary's order, with its ranks. Sets `hasBeginnings` if any
+// key equals the beginning of a longer one; if none does, First() alone gives the order. The lines' blocks
+// have kBlockGuard bytes after their text. Throws std::bad_alloc. Keys is ByteKeys, for the order of
+// LineCompare_OrdinalA, or UnitKeys, for that of CompareStringOrdinal. key_ranks.cpp has an overview.
 template <typename Keys>
-KeyRecords RankKeys(std::span<const SortLine> lines, const FoldRule& rule, bool& beginnings);
+KeyRecords RankKeys(std::span<const SortLine> lines, const FoldRule& rule, bool& hasBeginnings);
 
 }  // namespace WQLineSorter

@@ -6,9 +6,9 @@
 
 namespace WQLineSorter {
 
-// While keys are brought into order, `high` and `low` are the number that is looked at now. Once a key has
-// its place they are its ranks: the place of the first key equal to it, and that of the last key that does
-// not come behind it.
+// While keys are brought into order, `high` and `low` are the number that the record is sorted by. Once a key
+// has its place they are its ranks: First is the place of the first key with the same characters, Last that
+// of the last key that does not come after it.
 struct KeyRecord {
   std::uint32_t high;
   std::uint32_t low;

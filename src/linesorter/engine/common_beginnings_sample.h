@@ -1,0 +1,46 @@
+// Looks for common beginnings in a sample of the keys.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "linesorter/engine/common_beginnings.h"
+#include "linesorter/engine/key_reader.h"
+
+namespace WQLineSorter {
+
+// Returns the beginnings of kStep characters that many of the sampled keys go on from, in the order of their
+// numbers. None if there are few lines. CommonBeginning::shared is what the sampled keys share: other keys of
+// the same beginning may share less.
+template <typename Keys>
+std::vector<CommonBeginning> SampleCommonBeginnings(const KeyReader<Keys>& reader) {
+  constexpr std::size_t kFewLines = 4096;
+  constexpr std::size_t kSamples = 2048;
+  constexpr std::size_t kCommon = kSamples / 128;
+  std::vector<CommonBeginning> commons;
+  if (reader.LineCount() < kFewLines) return commons;
+  std::vector<std::pair<std::uint64_t, std::size_t>> samples;
+  samples.reserve(kSamples);
+  for (std::size_t i = 0; i < kSamples; ++i) {
+    const std::size_t line = reader.LineCount() / kSamples * i;
+    const auto key = reader.KeyOfLine(line);
+    if (key.length > kStep<Keys>) samples.emplace_back(reader.BeginningOf(key), line);
+  }
+  std::ranges::sort(samples);
+  for (std::size_t begin = 0, end = 0; begin < samples.size(); begin = end) {
+    const std::uint64_t number = samples[begin].first;
+    while (end < samples.size() && samples[end].first == number) ++end;
+    if (end - begin < kCommon || CountIn<Keys>(number) <= kStep<Keys>) continue;
+    const KeyRest first = reader.RestOfLine(samples[begin].second, kStep<Keys>);
+    std::uint32_t shared = first.left;
+    for (std::size_t i = begin; i < end; ++i) {
+      shared = reader.Shared(reader.RestOfLine(samples[i].second, kStep<Keys>), first, shared);
+    }
+    commons.push_back({number, first, shared});
+  }
+  return commons;
+}
+
+}  // namespace WQLineSorter

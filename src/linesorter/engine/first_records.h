@@ -1,0 +1,124 @@
+// The records of all keys in the order of their first characters: the start of the ranking.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "linesorter/engine/common_beginnings.h"
+#include "linesorter/engine/key_reader.h"
+#include "linesorter/engine/key_record.h"
+#include "linesorter/engine/number_sort.h"
+
+namespace WQLineSorter {
+
+// Stores the characters after the first `depth` of their keys in records whose keys are longer.
+template <typename Keys>
+void LoadNext(const KeyReader<Keys>& reader, std::span<KeyRecord> records, std::uint32_t depth) {
+  reader.Visit(
+      records.size(), depth, [&](std::size_t i) { return records[i].index; },
+      [&](std::size_t i) {
+        records[i].SetNumber(reader.NextOf(reader.RestOfLine(records[i].index, depth)));
+      });
+}
+
+// Records [begin, end) of the keys of one common beginning, or of keys between two of these.
+struct RecordSegment {
+  std::size_t begin;
+  std::size_t end;
+  std::size_t common;  // index of the common beginning, or NumberParts::kNone
+};
+
+// Fills `records`, one for each line, in the order of the keys' first characters. The numbers of a common
+// beginning's segment are the characters after those that its keys share; those of the others are the first
+// ones. The empty keys come first, in no segment: an empty key is the beginning of all others but equals
+// none.
+template <typename Keys>
+class FirstRecords {
+ public:
+  // Borrows all. Lowers the `shared` of the common beginnings to what all their keys share.
+  FirstRecords(const KeyReader<Keys>& reader, std::vector<CommonBeginning>& commons, const NumberSort& sort,
+               KeyRecords& records)
+      : reader_(reader), commons_(commons), sort_(sort), records_(records), parts_(commons) {}
+
+  // Each key is read twice, once to count the keys of each part: so the records are written into their parts
+  // right away.
+  void Make() {
+    const std::vector<CommonBeginning> foretold = commons_;
+    std::vector<std::size_t> next = CountKeys();
+    FillParts(next);
+    std::size_t begin = emptyCount_;
+    for (std::size_t part = 0; part < next.size(); ++part) {
+      const std::size_t end = next[part];
+      const std::size_t common = parts_.CommonOf(part);
+      const auto records = std::span(records_).subspan(begin, end - begin);
+      if (common != NumberParts::kNone && commons_[common].shared != foretold[common].shared) {
+        LoadNext(reader_, records, kStep<Keys> + commons_[common].shared);
+      }
+      sort_.Sort(records);
+      AddSegment(begin, end, common);
+      begin = end;
+    }
+  }
+
+  std::size_t EmptyCount() const { return emptyCount_; }
+  const std::vector<RecordSegment>& Segments() const { return segments_; }
+
+ private:
+  // Counts the empty keys, and returns the place where the records of each part begin.
+  std::vector<std::size_t> CountKeys() {
+    std::vector<std::size_t> next(parts_.Count());
+    for (std::size_t i = 0; i < reader_.LineCount(); ++i) {
+      const auto key = reader_.KeyOfLine(i);
+      ++(key.length == 0 ? emptyCount_ : next[parts_.PartOf(reader_.BeginningOf(key))]);
+    }
+    std::size_t begin = emptyCount_;
+    for (std::size_t& place : next) begin += std::exchange(place, begin);
+    return next;
+  }
+
+  // Writes each record at the next place of its part: after it `next` holds the ends of the parts.
+  void FillParts(std::vector<std::size_t>& next) {
+    std::size_t nextEmpty = 0;
+    for (std::size_t i = 0; i < reader_.LineCount(); ++i) {
+      const auto key = reader_.KeyOfLine(i);
+      if (key.length == 0) {
+        records_[nextEmpty++].index = static_cast<std::uint32_t>(i);
+        continue;
+      }
+      std::uint64_t number = reader_.BeginningOf(key);
+      const std::size_t part = parts_.PartOf(number);
+      const std::size_t common = parts_.CommonOf(part);
+      KeyRecord& record = records_[next[part]++];
+      if (common != NumberParts::kNone) {
+        const KeyRest rest = reader_.RestOf(key, kStep<Keys>);
+        std::uint32_t& shared = commons_[common].shared;
+        shared = reader_.Shared(rest, commons_[common].first, shared);
+        number = reader_.NextOf(reader_.Skip(rest, shared));
+      }
+      record.SetNumber(number);
+      record.index = static_cast<std::uint32_t>(i);
+    }
+  }
+
+  // Parts that follow each other without a common beginning make one segment.
+  void AddSegment(std::size_t begin, std::size_t end, std::size_t common) {
+    if (begin == end) return;
+    if (common == NumberParts::kNone && !segments_.empty() && segments_.back().common == common) {
+      segments_.back().end = end;
+    } else {
+      segments_.push_back({begin, end, common});
+    }
+  }
+
+  const KeyReader<Keys>& reader_;
+  std::vector<CommonBeginning>& commons_;
+  const NumberSort& sort_;
+  KeyRecords& records_;
+  NumberParts parts_;
+  std::size_t emptyCount_ = 0;
+  std::vector<RecordSegment> segments_;
+};
+
+}  // namespace WQLineSorter

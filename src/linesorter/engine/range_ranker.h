@@ -1,0 +1,216 @@
+// Ranks the records of segments by refining ranges of them.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "linesorter/engine/common_beginnings.h"
+#include "linesorter/engine/first_records.h"
+#include "linesorter/engine/key_copies.h"
+#include "linesorter/engine/key_reader.h"
+#include "linesorter/engine/key_record.h"
+#include "linesorter/engine/number_sort.h"
+
+namespace WQLineSorter {
+
+// A run of records with the same number whose keys go on is a range: the next characters of its keys are
+// loaded, the range is sorted by them, and its own runs are ranked in turn. A stack of ranges in place of
+// recursion: it is as deep as a key is long.
+template <typename Keys>
+class RangeRanker {
+ public:
+  // Borrows all.
+  RangeRanker(const KeyReader<Keys>& reader, KeyCopies<Keys>& copies, const NumberSort& sort,
+              KeyRecords& records)
+      : reader_(reader), copies_(copies), sort_(sort), records_(records) {}
+
+  // Ranks all records, which `first` has made with the common beginnings.
+  void Rank(const FirstRecords<Keys>& first, std::span<const CommonBeginning> commons) {
+    segments_ = first.Segments();
+    commons_ = commons;
+    SetRanks(0, first.EmptyCount(), first.EmptyCount());
+    for (segment_ = 0; segment_ < segments_.size(); ++segment_) {
+      const RecordSegment& segment = segments_[segment_];
+      if (segment.common == NumberParts::kNone) {
+        open_.push_back({segment.begin, segment.end, 0});
+      } else {
+        open_.push_back({segment.begin, segment.end, kStep<Keys> + commons_[segment.common].shared});
+      }
+      while (!open_.empty()) RankNext();
+    }
+  }
+
+  // True if any key equals the beginning of a longer one.
+  bool HasBeginnings() const { return hasBeginnings_; }
+
+ private:
+  // Records [next, end) still to be ranked: their keys share `depth` characters and are longer, and the
+  // records hold the characters after these, in their order. Those before `next` are ranked, or are in a
+  // range that comes later in the stack.
+  struct OpenRange {
+    std::size_t next;
+    std::size_t end;
+    std::uint32_t depth;
+  };
+
+  // Ranks the next run of the innermost range, or opens a range for it.
+  void RankNext() {
+    const OpenRange range = open_.back();
+    if (range.next == range.end) {
+      open_.pop_back();
+      return;
+    }
+    const std::size_t begin = range.next;
+    const std::uint64_t number = records_[begin].Number();
+    std::size_t end = begin + 1;
+    while (end < range.end && records_[end].Number() == number) ++end;
+    open_.back().next = end;
+    const unsigned count = CountIn<Keys>(number);
+    if (count <= kStep<Keys>) {
+      SetRanks(begin, end, Keys::kEqualsBeginning ? EndOfLongerKeys(number, count) : end);
+    } else if (end - begin == 1) {
+      SetRanks(begin, end, end);
+    } else {
+      Open(begin, end, range);
+    }
+  }
+
+  // Opens a range for records [begin, end) of `range`, whose keys are equal in the characters of their number
+  // and go on.
+  void Open(std::size_t begin, std::size_t end, const OpenRange& range) {
+    const std::uint32_t depth = range.depth + kStep<Keys>;
+    if (isCopied_) {
+      OpenRecords(begin, end, depth + LoadCopied(begin, end, depth));
+    } else if (end - begin <= copies_.Room()) {
+      const std::size_t copiedEnd = EndOfGroup(begin, range.end);
+      open_.back().next = copiedEnd;
+      RankByCopies({begin, copiedEnd, range.depth});
+    } else {
+      OpenRecords(begin, end, depth + LoadLarge(begin, end, depth));
+    }
+  }
+
+  void OpenRecords(std::size_t begin, std::size_t end, std::uint32_t depth) {
+    sort_.Sort(Records(begin, end));
+    open_.push_back({begin, end, depth});
+  }
+
+  // Sets the ranks of equal keys; those of [end, after) begin with them and are longer.
+  void SetRanks(std::size_t begin, std::size_t end, std::size_t after) {
+    if (after > end) hasBeginnings_ = true;
+    for (std::size_t i = begin; i < end; ++i) records_[i].SetRanks(begin, after - 1);
+  }
+
+  // The end of as many whole runs from `begin` on as there is room for copies, before `end`.
+  std::size_t EndOfGroup(std::size_t begin, std::size_t end) const {
+    if (end - begin <= copies_.Room()) return end;
+    std::size_t groupEnd = begin + copies_.Room();
+    while (groupEnd > begin && records_[groupEnd - 1].Number() == records_[groupEnd].Number()) --groupEnd;
+    return groupEnd;
+  }
+
+  // Ranks a group, a part of an open range, with copies of its keys.
+  void RankByCopies(const OpenRange& group) {
+    const auto records = Records(group.next, group.end);
+    copies_.Take(records, group.depth + kStep<Keys>);
+    isCopied_ = true;
+    const std::size_t outer = open_.size();
+    open_.push_back(group);
+    while (open_.size() > outer) RankNext();
+    isCopied_ = false;
+    copies_.GiveBack(records);
+  }
+
+  // Loads the characters after those that all keys share after `depth`, and returns how many these are.
+  std::uint32_t LoadCopied(std::size_t begin, std::size_t end, std::uint32_t depth) {
+    const KeyRecord& first = records_[begin];
+    std::uint32_t shared = copies_.RestOf(first, depth).left - 1;
+    for (std::size_t i = begin + 1; i < end && shared != 0; ++i) {
+      const std::uint32_t most = std::min(shared, copies_.RestOf(records_[i], depth).left - 1);
+      shared = copies_.Shared(records_[i], first, depth, most);
+    }
+    for (KeyRecord& record : Records(begin, end)) {
+      record.SetNumber(reader_.NextOf(copies_.RestOf(record, depth + shared)));
+    }
+    return shared;
+  }
+
+  // The same for keys that are too many to copy. They are best visited once, so some of them foretell what
+  // all share. If one of the others shares less, all are visited again.
+  std::uint32_t LoadLarge(std::size_t begin, std::size_t end, std::uint32_t depth) {
+    constexpr std::size_t kSamples = 8;
+    const auto records = Records(begin, end);
+    const auto indexOf = [&](std::size_t i) { return records[i].index; };
+    const KeyRest first = reader_.RestOfLine(indexOf(0), depth);
+    std::uint32_t foretold = first.left;
+    for (std::size_t i = 1; i <= kSamples; ++i) {
+      const std::size_t sample = (records.size() - 1) / kSamples * i;
+      foretold = reader_.Shared(reader_.RestOfLine(indexOf(sample), depth), first, foretold);
+    }
+    std::uint32_t shared = foretold;
+    reader_.Visit(records.size(), depth, indexOf, [&](std::size_t i) {
+      const KeyRest rest = reader_.RestOfLine(indexOf(i), depth);
+      shared = reader_.Shared(rest, first, shared);
+      records[i].SetNumber(reader_.NextOf(reader_.Skip(rest, shared)));
+    });
+    if (shared != foretold) LoadNext(reader_, records, depth + shared);
+    return shared;
+  }
+
+  // The end of the keys that begin with the first `count` characters of `number`, from the innermost range's
+  // next record on: they are longer than the key that ends there.
+  std::size_t EndOfLongerKeys(std::uint64_t number, unsigned count) const {
+    const OpenRange& range = open_.back();
+    const auto begins = [&](std::uint64_t other) {
+      return ((other ^ number) & ~BitsAfter<Keys>(count)) == 0;
+    };
+    const auto endIn = [&](std::size_t first, std::size_t last) {
+      const auto recordBegins = [&](const KeyRecord& record) { return begins(record.Number()); };
+      std::size_t step = 1;
+      while (step <= last - first && recordBegins(records_[first + step - 1])) {
+        first += step;
+        step *= 2;
+      }
+      const KeyRecord* const known = records_.data() + first;
+      const KeyRecord* const limit = known + std::min(step, last - first);
+      return static_cast<std::size_t>(std::partition_point(known, limit, recordBegins) - records_.data());
+    };
+    std::size_t end = endIn(range.next, range.end);
+    // A group that is ranked by copies is followed by the rest of its range.
+    if (open_.size() > 1) {
+      const OpenRange& outer = open_[open_.size() - 2];
+      if (end == outer.next && range.depth == outer.depth) end = endIn(end, outer.end);
+    }
+    if (range.depth != 0) return end;
+    // Keys that end within their first characters are followed by all other segments, which hold different
+    // characters of their keys.
+    for (std::size_t i = segment_ + 1; i < segments_.size() && end == segments_[i].begin; ++i) {
+      const RecordSegment& segment = segments_[i];
+      if (segment.common == NumberParts::kNone) {
+        end = endIn(segment.begin, segment.end);
+      } else if (begins(commons_[segment.common].number)) {
+        end = segment.end;
+      }
+    }
+    return end;
+  }
+
+  std::span<KeyRecord> Records(std::size_t begin, std::size_t end) {
+    return std::span(records_).subspan(begin, end - begin);
+  }
+
+  const KeyReader<Keys>& reader_;
+  KeyCopies<Keys>& copies_;
+  const NumberSort& sort_;
+  KeyRecords& records_;
+  std::span<const RecordSegment> segments_;
+  std::span<const CommonBeginning> commons_;
+  std::size_t segment_ = 0;      // the one that is ranked now
+  std::vector<OpenRange> open_;  // the innermost is the last
+  bool isCopied_ = false;        // the records of the innermost range hold indices of copies
+  bool hasBeginnings_ = false;
+};
+
+}  // namespace WQLineSorter
