@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "host/output/ascii_case.h"
+#include "platform/ascii_case.h"
+
 
 namespace QxHost {
 namespace {

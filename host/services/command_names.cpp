@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "frame/host/command_numbers.h"
-#include "host/output/ascii_case.h"
 #include "host/output/failures.h"
 #include "host/output/nearest_name.h"
+#include "platform/ascii_case.h"
 
 using namespace Velmora::SDK;
 

@@ -1,7 +1,7 @@
 #include "host/services/module_registry.h"
 
-#include "host/output/ascii_case.h"
 #include "host/services/language_table.h"
+#include "platform/ascii_case.h"
 
 namespace QxHost {
 namespace {

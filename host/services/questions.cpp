@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/output/ascii_case.h"
 #include "host/output/nearest_name.h"
 #include "host/system/paths.h"
+#include "platform/ascii_case.h"
 #include "platform/windows_api.h"
 
 namespace QxHost {

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "host/output/ascii_case.h"
+#include "platform/ascii_case.h"
+
 
 namespace QxHost {
 namespace {

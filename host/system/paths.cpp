@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <iterator>
 
+#include "platform/ascii_case.h"
+
 namespace QxHost {
 namespace {
 
@@ -93,10 +95,7 @@ void AppendNames(WString& full, WStringView names) {
 bool MayBeDevice(WStringView name) {
   static constexpr WStringView kDevices[] = {W("CON"), W("PRN"), W("AUX"), W("NUL"), W("COM"), W("LPT")};
   if (name.size() < 3) return false;
-  const auto upper = [](WCHAR c) {
-    return c >= W('a') && c <= W('z') ? static_cast<WCHAR>(c - W('a') + W('A')) : c;
-  };
-  const WCHAR begin[] = {upper(name[0]), upper(name[1]), upper(name[2])};
+  const WCHAR begin[] = {AsciiUpper(name[0]), AsciiUpper(name[1]), AsciiUpper(name[2])};
   return std::ranges::find(kDevices, WStringView(begin, 3)) != std::end(kDevices);
 }
 
@@ -180,9 +179,7 @@ std::optional<WString> FullPathOf(const WString& path) {
   if (kept != WString::npos) AppendNames(*full, WStringView(text).substr(kept));
   const std::size_t shortest = IsDrivePath(*full) ? 3 : 2;
   while (full->size() > shortest && full->back() == W('\\')) full->pop_back();
-  if (IsDrivePath(*full) && full->front() >= W('a') && full->front() <= W('z')) {
-    full->front() = static_cast<WCHAR>(full->front() - W('a') + W('A'));
-  }
+  if (IsDrivePath(*full)) full->front() = AsciiUpper(full->front());
   return full;
 }
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdio>
 
-#include "host/output/ascii_case.h"
 #include "host/system/whole_file.h"
+#include "platform/ascii_case.h"
 
 namespace QxHost {
 namespace {

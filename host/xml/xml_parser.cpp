@@ -5,6 +5,7 @@
 
 #include "host/xml/xml_cursor.h"
 #include "host/xml/xml_text.h"
+#include "platform/ascii_case.h"
 
 namespace QxHost {
 namespace {
@@ -98,8 +99,7 @@ class Parser {
   // Behind "<?". The name of the declaration is kept for it in any letter case.
   bool SkipInstruction() {
     const std::string_view target = cursor_.TakeName();
-    const bool isReserved = target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' &&
-                            (target[2] | 0x20) == 'l';
+    const bool isReserved = target.size() == 3 && AsciiLower(target) == "xml";
     if (target.empty() || isReserved) return false;
     return cursor_.Sees("?>") || cursor_.TakeBlanks() ? cursor_.TakeUntil("?>").has_value() : false;
   }

@@ -1,15 +1,11 @@
 // The search for the end of a line: the inner loop of the loaders of text.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 
 #include "platform/text.h"
-
-#if defined(__SSE2__) || defined(_M_X64)
-#include <emmintrin.h>
-
-#include <bit>
-#endif
+#include "platform/vector_instructions.h"
 
 namespace WQDR {
 
@@ -18,11 +14,11 @@ constexpr bool IsLineEnd(CharT c) {
   return c == '\r' || c == '\n';
 }
 
-// The first CR or LF at or after `p`, or `end`. Up to 15 bytes behind `end` are read as well: they belong to
-// the block.
+// Returns the first CR or LF at or after `p`, or `end`. Reads up to 15 bytes after `end`, which belong to the
+// block.
 template <typename CharT>
 const CharT* FindLineEnd(const CharT* p, const CharT* end) {
-#if defined(__SSE2__) || defined(_M_X64)
+#if QX_SSE2
   constexpr int kStep = sizeof(__m128i) / sizeof(CharT);
   const auto equal = [](__m128i a, __m128i b) {
     return sizeof(CharT) == 1 ? _mm_cmpeq_epi8(a, b) : _mm_cmpeq_epi16(a, b);

@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 
+#include "platform/ascii_case.h"
+
 namespace {
 
 // A width beyond this is no layout but a mistake or an attack; the result is cut at the limit anyway.
@@ -97,9 +99,7 @@ WString Digits(const Conversion& conversion, std::int64_t number) {
   if (value == 0) digits.clear();  // the precision alone says how many zeros there are
   if (digits.size() < conversion.precision) digits.insert(0, conversion.precision - digits.size(), W('0'));
   if (conversion.letter == W('X')) {
-    for (WCHAR& digit : digits) {
-      if (digit >= W('a')) digit = static_cast<WCHAR>(digit - W('a') + W('A'));
-    }
+    for (WCHAR& digit : digits) digit = AsciiUpper(digit);
   }
   if (conversion.letter == W('o') && conversion.alternateForm && !digits.starts_with(W('0'))) {
     digits.insert(0, 1, W('0'));

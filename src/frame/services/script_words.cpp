@@ -2,15 +2,12 @@
 
 #include <algorithm>
 
+#include "platform/ascii_case.h"
+
 namespace {
 
-WCHAR Lowered(WCHAR character) {
-  const bool isUpper = character >= W('A') && character <= W('Z');
-  return isUpper ? static_cast<WCHAR>(character - W('A') + W('a')) : character;
-}
-
 bool AreEqual(WStringView left, WStringView right) {
-  return std::ranges::equal(left, right, {}, Lowered, Lowered);
+  return std::ranges::equal(left, right, {}, AsciiLower<WCHAR>, AsciiLower<WCHAR>);
 }
 
 }  // namespace

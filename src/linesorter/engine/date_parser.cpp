@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "linesorter/engine/sort_lines_exception.h"
+#include "platform/ascii_case.h"
 
 namespace WQLineSorter {
 
@@ -112,11 +113,6 @@ const Row* Find(const Row (&rows)[N], char conversion) {
   return row == rows + N ? nullptr : row;
 }
 
-template <typename CharT>
-CharT ToLower(CharT c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<CharT>(c + ('a' - 'A')) : c;
-}
-
 // A byte of a format as a character of a text: sign-extended in wide text (C-147).
 template <typename CharT>
 CharT Widen(char c) {
@@ -125,7 +121,8 @@ CharT Widen(char c) {
 
 template <typename CharT>
 bool BeginsWith(const CharT* text, std::string_view name) {
-  return std::ranges::all_of(name, [&text](char c) { return ToLower(*text++) == Widen<CharT>(ToLower(c)); });
+  return std::ranges::all_of(name,
+                             [&text](char c) { return AsciiLower(*text++) == Widen<CharT>(AsciiLower(c)); });
 }
 
 template <typename CharT>

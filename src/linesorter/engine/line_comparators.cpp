@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/ascii_case.h"
+
 namespace WQLineSorter {
 
 namespace {
@@ -29,8 +31,6 @@ std::uint32_t CharacterAt(const CharT* text, std::uint32_t index) {
   }
 }
 
-std::uint32_t FoldAscii(std::uint32_t c) { return c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c; }
-
 // As strncmp, strnicmp and their wide forms over the shorter length, by unsigned characters and with ASCII's
 // case alone: the same on every system.
 template <typename CharT>
@@ -41,8 +41,8 @@ bool BeginningIsLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs
     std::uint32_t left = CharacterAt(lhs, i);
     std::uint32_t right = CharacterAt(rhs, i);
     if (ignoreCase) {
-      left = FoldAscii(left);
-      right = FoldAscii(right);
+      left = AsciiLower(left);
+      right = AsciiLower(right);
     }
     if (left != right) return left < right;
     if (left == 0) return false;

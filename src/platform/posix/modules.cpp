@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/ascii_case.h"
 #include "platform/posix/files/fault_gate.h"
 #include "platform/posix/last_error.h"
 #include "platform/posix/security/security_functions.h"
@@ -51,8 +52,6 @@ Libraries& TheLibraries() {
   static Libraries& libraries = *std::make_unique<Libraries>().release();
   return libraries;
 }
-
-WCHAR AsciiUpper(WCHAR unit) { return unit >= u'a' && unit <= u'z' ? static_cast<WCHAR>(unit - 32) : unit; }
 
 bool IsNamed(const Library& library, std::u16string_view name) {
   constexpr std::u16string_view kEnding = u".DLL";

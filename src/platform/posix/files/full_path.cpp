@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/ascii_case.h"
 #include "platform/posix/files/fault_gate.h"
 #include "platform/posix/files/name_encoding.h"
 #include "platform/posix/last_error.h"
@@ -28,8 +29,6 @@ std::u16string CurrentFolder() {
   std::replace(result.begin(), result.end(), u'/', u'\\');
   return result;
 }
-
-bool IsLetter(char16_t unit) { return (unit | 0x20) >= u'a' && (unit | 0x20) <= u'z'; }
 
 // The size of `\\server\share\` at the beginning of `path`, or of all of it if it is shorter.
 std::size_t ServerRootSize(std::u16string_view path) {
@@ -86,14 +85,14 @@ PathRoot RootOf(std::u16string_view path) {
     return isDevice ? PathRoot::kDevice : PathRoot::kServer;
   }
   if (!path.empty() && IsSeparator(path[0])) return PathRoot::kRooted;
-  if (path.size() >= 2 && IsLetter(path[0]) && path[1] == u':') {
+  if (path.size() >= 2 && IsAsciiLetter(path[0]) && path[1] == u':') {
     return path.size() >= 3 && IsSeparator(path[2]) ? PathRoot::kDrive : PathRoot::kDriveRelative;
   }
   return PathRoot::kNone;
 }
 
 bool IsPlainFullPath(std::u16string_view path) {
-  if (path.size() < 4 || !IsLetter(path[0]) || path[1] != u':' || path[2] != u'\\') return false;
+  if (path.size() < 4 || !IsAsciiLetter(path[0]) || path[1] != u':' || path[2] != u'\\') return false;
   char16_t before = u'\\';
   for (const char16_t unit : path.substr(3)) {
     const bool endsName = unit == u'\\';

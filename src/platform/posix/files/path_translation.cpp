@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdint>
 
+#include "platform/ascii_case.h"
 #include "platform/posix/files/full_path.h"
 #include "platform/posix/files/name_encoding.h"
 #include "platform/posix/last_error.h"
@@ -81,7 +82,7 @@ DWORD TranslateRooted(std::u16string_view path, NativePath& native) {
 
 bool IsServerOfLongPath(std::u16string_view path) {
   if (path.size() < kServerOfLongPath.size() || !IsSeparator(path[3])) return false;
-  return (path[0] | 0x20) == u'u' && (path[1] | 0x20) == u'n' && (path[2] | 0x20) == u'c';
+  return AsciiUpper(path[0]) == u'U' && AsciiUpper(path[1]) == u'N' && AsciiUpper(path[2]) == u'C';
 }
 
 }  // namespace

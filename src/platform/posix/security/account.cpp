@@ -15,6 +15,7 @@
 #include <memory>
 #include <mutex>
 
+#include "platform/ascii_case.h"
 #include "platform/posix/files/name_encoding.h"
 
 namespace Platform {
@@ -119,7 +120,7 @@ std::vector<Account> GroupsOfUser(uid_t id) {
 
 bool IsEveryone(std::u16string_view name) {
   return std::equal(name.begin(), name.end(), kEveryoneName.begin(), kEveryoneName.end(),
-                    [](char16_t lhs, char16_t rhs) { return (lhs | 0x20) == (rhs | 0x20); });
+                    [](char16_t lhs, char16_t rhs) { return AsciiLower(lhs) == AsciiLower(rhs); });
 }
 
 }  // namespace
