@@ -15,20 +15,10 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// Modes of kListResult.
-constexpr u32 kDoneFiles = 0;
-constexpr u32 kFailedFiles = 1;
-
-constexpr u32 kLogCategory = 0;
-
 // All lines of a run have the level of information, failures too (C-234). The errors have lines of their own.
 template <typename... Arguments>
 void Log(IHostApp& host, const WCHAR* format, Arguments... arguments) {
-  host.LogMessage(kLogCategory, kLogInformation, format, arguments...);
-}
-
-void AddTo(HostObject<IHostFileList>& list, IHostFileItem& item) {
-  if (list) list->AddItem(&item);
+  host.LogMessage(kRunLogCategory, kLogInformation, format, arguments...);
 }
 
 TargetAnswer AskAboutTarget(IHostApp& host, const WString& target, std::uint32_t flags) {
@@ -47,8 +37,7 @@ FindAndReplaceRun::FindAndReplaceRun(IHostApp& hostApp, IHostFileList* sourceFil
       options(runOptions),
       host(hostApp),
       files(sourceFiles),
-      failedFiles(hostApp.CreateFileList()),
-      doneFiles(hostApp.CreateFileList()),
+      lists(hostApp),
       ownsFiles(owns),
       show_(std::move(show)) {}
 
@@ -59,20 +48,20 @@ void FindAndReplaceRun::Run() {
   cancelled = false;
   doneCount = 0;
   totalChanges = 0;
-  for (u32 index = 0; index < count && !cancelled; ++index) {
-    if (IHostFileItem* const item = files->GetItem(index)) {
-      RunOne(*item);
-    } else {
-      --totalChanges;  // it failed, and there is nothing that the log could name
-    }
-  }
-  if (cancelled) {
-    Log(host, W("[Find and Replace] - Operation cancelled"));
+  const auto runOne = [this](IHostFileItem& item) {
+    RunOne(item);
+    return !cancelled;
+  };
+  const auto onMissing = [this] {
+    --totalChanges;
+  };  // it failed, and there is nothing that the log could name
+  if (RunOverFiles(*files, count, runOne, onMissing)) {
+    lists.HandBackDone();
+    if (lists.HasFailed()) lists.HandBackFailed();
   } else {
-    HandBackLists();
+    Log(host, W("[Find and Replace] - Operation cancelled"));
   }
-  doneFiles.Release();
-  failedFiles.Release();
+  lists.Release();
   owned.Release();
   if (!cancelled) ShowSummary();
 }
@@ -85,7 +74,7 @@ void FindAndReplaceRun::RunOne(IHostFileItem& item) {
       cancelled = true;
       return;
     case TargetAnswer::kSkip:
-      AddTo(failedFiles, item);
+      lists.AddFailed(item);
       Log(host, W("[Find and Replace] - File already exists. Do not overwrite : %s"), target.c_str());
       return;
     case TargetAnswer::kReplace:
@@ -105,24 +94,16 @@ void FindAndReplaceRun::RunOne(IHostFileItem& item) {
       cancelled = true;
       return;
     }
-    AddTo(failedFiles, item);
+    lists.AddFailed(item);
   } else {
     // A file without a change counts as done, and so does one that is not text (C-236).
     Log(host, W("[Find and Replace] - %I64d changes made to file : %s"), static_cast<long long>(result),
         source.c_str());
-    AddTo(doneFiles, item);
+    lists.AddDone(item);
     ++doneCount;
   }
   totalChanges += result;
   options.flags |= callback.Flags() & ReplaceAll;
-}
-
-// The failed ones only if there are any.
-void FindAndReplaceRun::HandBackLists() {
-  if (doneFiles) host.FileListRequest(kListResult, doneFiles.Get(), kDoneFiles, 0);
-  if (failedFiles && failedFiles->GetCount() != 0) {
-    host.FileListRequest(kListResult, failedFiles.Get(), kFailedFiles, 0);
-  }
 }
 
 void FindAndReplaceRun::ShowSummary() {

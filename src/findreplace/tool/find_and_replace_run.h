@@ -6,7 +6,7 @@
 #include "findreplace/engine/find_and_replace_options.h"
 #include "findreplace/tool/confirm_replace_dlg.h"
 #include "frame/host/host_app.h"
-#include "frame/host/host_objects.h"
+#include "frame/services/file_run.h"
 
 namespace QXFindAndReplace {
 
@@ -23,7 +23,6 @@ class FindAndReplaceRun {
 
  private:
   void RunOne(Velmora::SDK::IHostFileItem& item);
-  void HandBackLists();
   void ShowSummary();
 
   WString targetPattern;  // of BuildTargetName
@@ -31,8 +30,7 @@ class FindAndReplaceRun {
       options;  // its flags change in the run: a first yes and a Replace All hold for the rest (C-238)
   Velmora::SDK::IHostApp& host;
   Velmora::SDK::IHostFileList* files;
-  Velmora::SDK::HostObject<Velmora::SDK::IHostFileList> failedFiles;
-  Velmora::SDK::HostObject<Velmora::SDK::IHostFileList> doneFiles;
+  Velmora::SDK::FileRunLists lists;
   bool ownsFiles;
   bool cancelled = false;
   std::uint32_t doneCount = 0;

@@ -1,6 +1,7 @@
 #include "linesorter/tool/sort_lines_job.h"
 
 #include "frame/host/host_objects.h"
+#include "frame/services/file_run.h"
 #include "frame/services/format_text.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
@@ -11,12 +12,6 @@ namespace WQLineSorter {
 namespace {
 
 using namespace Velmora::SDK;
-
-// Modes of kListResult.
-constexpr u32 kSortedFiles = 0;
-constexpr u32 kFailedFiles = 1;
-
-constexpr u32 kLogCategory = 0;
 
 int ShowBox(IHostApp& host, const WString& text, u32 style) {
   const WString title = LanguageText(host, kTextSortTitle);
@@ -29,18 +24,13 @@ TargetAnswer AskAboutTarget(SortLinesJob& job, const WString& target) {
   return AskAboutTarget(job.host, target, TargetRule{kTextSortTitle, has(SortSilent), has(SaveOverwrite)});
 }
 
-// What becomes of the files. The skipped ones are in neither list (C-134).
+// The skipped files are in neither list (C-134).
 struct Outcome {
-  explicit Outcome(IHostApp& host) : failed(host.CreateFileList()), sorted(host.CreateFileList()) {}
+  explicit Outcome(IHostApp& host) : lists(host) {}
 
-  HostObject<IHostFileList> failed;
-  HostObject<IHostFileList> sorted;
+  FileRunLists lists;
   u32 notSorted = 0;
 };
-
-void AddTo(HostObject<IHostFileList>& list, IHostFileItem& item) {
-  if (list) list->AddItem(&item);
-}
 
 // False if the user has cancelled the run.
 bool RunOne(SortLinesJob& job, IHostFileItem& item, Outcome& outcome) {
@@ -53,7 +43,7 @@ bool RunOne(SortLinesJob& job, IHostFileItem& item, Outcome& outcome) {
     case TargetAnswer::kSkip:
       ++outcome.notSorted;
       // The log lines are spelled so (C-146).
-      host.LogMessage(kLogCategory, kLogInformation, W("[SortLines] - Skipped to sortline in file : %s"),
+      host.LogMessage(kRunLogCategory, kLogInformation, W("[SortLines] - Skipped to sortline in file : %s"),
                       source.c_str());
       return true;
     case TargetAnswer::kReplace:
@@ -65,19 +55,16 @@ bool RunOne(SortLinesJob& job, IHostFileItem& item, Outcome& outcome) {
   SortResult result;
   if (SortFile(result, source, target, job.options) != ERROR_SUCCESS) {
     ++outcome.notSorted;
-    AddTo(outcome.failed, item);
-    host.LogMessage(kLogCategory, kLogError, W("[SortLines] - Failed to sortline in file : %s"),
+    outcome.lists.AddFailed(item);
+    host.LogMessage(kRunLogCategory, kLogError, W("[SortLines] - Failed to sortline in file : %s"),
                     source.c_str());
     return true;
   }
-  host.LogMessage(kLogCategory, kLogInformation, W("[SortLines] - Sorted lines in file : %s (Saved as : %s)"),
-                  source.c_str(), target.c_str());
-  AddTo(outcome.sorted, item);
+  host.LogMessage(kRunLogCategory, kLogInformation,
+                  W("[SortLines] - Sorted lines in file : %s (Saved as : %s)"), source.c_str(),
+                  target.c_str());
+  outcome.lists.AddDone(item);
   return true;
-}
-
-void HandBack(IHostApp& host, HostObject<IHostFileList>& list, u32 mode) {
-  if (list) host.FileListRequest(kListResult, list.Get(), mode, 0);
 }
 
 void ShowClosingMessage(IHostApp& host, u32 fileCount, u32 notSorted) {
@@ -95,18 +82,12 @@ void RunSortLinesJob(SortLinesJob& job) {
   HostObject<IHostFileList> owned(job.ownsFiles ? job.files : nullptr);
   Outcome outcome(job.host);
   const u32 count = job.files->GetCount();
-  for (u32 index = 0; index < count; ++index) {
-    IHostFileItem* const item = job.files->GetItem(index);
-    if (!item) {
-      ++outcome.notSorted;  // there is nothing that the log could name
-      continue;
-    }
-    if (!RunOne(job, *item, outcome)) return;
-  }
-  HandBack(job.host, outcome.sorted, kSortedFiles);
-  HandBack(job.host, outcome.failed, kFailedFiles);
-  outcome.sorted.Release();
-  outcome.failed.Release();
+  const auto runOne = [&](IHostFileItem& item) { return RunOne(job, item, outcome); };
+  const auto onMissing = [&] { ++outcome.notSorted; };  // there is nothing that the log could name
+  if (!RunOverFiles(*job.files, count, runOne, onMissing)) return;
+  outcome.lists.HandBackDone();
+  outcome.lists.HandBackFailed();
+  outcome.lists.Release();
   owned.Release();
   if ((job.options.options & SortSilent) == 0) ShowClosingMessage(job.host, count, outcome.notSorted);
 }

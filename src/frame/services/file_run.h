@@ -1,0 +1,63 @@
+// The frame of a run over a list of files: the walk over the list, and the two lists that the host gets back.
+#pragma once
+
+#include "frame/host/host_app.h"
+#include "frame/host/host_objects.h"
+
+namespace Velmora::SDK {
+
+// The category of all lines that a run logs.
+inline constexpr u32 kRunLogCategory = 0;
+
+// The files that a run has done and those that failed. The host may refuse to make a list: then its files are
+// nowhere.
+class FileRunLists {
+ public:
+  explicit FileRunLists(IHostApp& host)
+      : host_(host), failed_(host.CreateFileList()), done_(host.CreateFileList()) {}
+
+  void AddDone(IHostFileItem& item) { AddTo(done_, item); }
+  void AddFailed(IHostFileItem& item) { AddTo(failed_, item); }
+  bool HasFailed() const { return failed_ && failed_->GetCount() != 0; }
+
+  void HandBackDone() { HandBack(done_, kDoneFiles); }
+  void HandBackFailed() { HandBack(failed_, kFailedFiles); }
+
+  void Release() {
+    done_.Release();
+    failed_.Release();
+  }
+
+ private:
+  // Modes of kListResult.
+  static constexpr u32 kDoneFiles = 0;
+  static constexpr u32 kFailedFiles = 1;
+
+  static void AddTo(HostObject<IHostFileList>& list, IHostFileItem& item) {
+    if (list) list->AddItem(&item);
+  }
+  void HandBack(HostObject<IHostFileList>& list, u32 mode) {
+    if (list) host_.FileListRequest(kListResult, list.Get(), mode, 0);
+  }
+
+  IHostApp& host_;
+  HostObject<IHostFileList> failed_;
+  HostObject<IHostFileList> done_;
+};
+
+// Calls runOne(item) for the files of a list in their order, and onMissing() where the host has no item,
+// until runOne returns false. Returns false then. `count` is the list's.
+template <typename RunOne, typename OnMissing>
+bool RunOverFiles(IHostFileList& files, u32 count, RunOne runOne, OnMissing onMissing) {
+  for (u32 index = 0; index < count; ++index) {
+    IHostFileItem* const item = files.GetItem(index);
+    if (!item) {
+      onMissing();
+    } else if (!runOne(*item)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace Velmora::SDK
