@@ -1,20 +1,8 @@
-// The quick rename commands: they take the selection, compute new names, ask, and let the host rename.
-// Nothing is written to the log but where said, and nothing is shown where no name would change.
+// The family of quick rename commands: they take the selection, compute new names, ask, and let the host
+// rename. Nothing is written to the log unless documented, and nothing is shown if no name would change.
 #pragma once
 
-#include "filetools/replace_dlg.h"
 #include "frame/host/host_app.h"
 
-// The family of one-step transforms; see FindNameTransform.
+// One-step transforms; `number` is the command's, see FindNameTransform.
 void QuickRenameCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);
-
-// kCommandReplaceXWithY: asks what to replace with what, and keeps both histories.
-void ReplaceXYCommand(Velmora::SDK::IHostApp& host, const ReplaceDialog& showDialog = ShowReplaceDlg);
-
-// kCommandRenameSameBaseName: one new base name for all files of the view whose base name is the focused
-// item's. Does not ask again (C-307).
-void RenameSameBaseCommand(Velmora::SDK::IHostApp& host);
-
-// kCommandSetExtension: one extension for all selected files, without one leading dot of the answer (C-308).
-// Does not ask again (C-307). With nothing selected it says so in the log.
-void SetExtensionCommand(Velmora::SDK::IHostApp& host);

@@ -1,7 +1,8 @@
+#include "filetools/rename_same_base.h"
+
 #include <algorithm>
 #include <array>
 
-#include "filetools/quick_rename.h"
 #include "frame/host/host_objects.h"
 #include "frame/services/file_item_entry.h"
 #include "frame/services/message_texts.h"

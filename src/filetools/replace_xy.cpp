@@ -1,7 +1,8 @@
+#include "filetools/replace_xy.h"
+
 #include <array>
 
 #include "filetools/name_transforms.h"
-#include "filetools/quick_rename.h"
 #include "frame/host/host_objects.h"
 #include "frame/services/file_item_entry.h"
 

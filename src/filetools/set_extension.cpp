@@ -1,6 +1,7 @@
+#include "filetools/set_extension.h"
+
 #include <array>
 
-#include "filetools/quick_rename.h"
 #include "frame/host/host_objects.h"
 #include "frame/services/file_item_entry.h"
 #include "frame/services/message_texts.h"

@@ -1,7 +1,7 @@
 // One new base name for all files that share the focused item's.
 #include <gmock/gmock.h>
 
-#include "filetools/quick_rename.h"
+#include "filetools/rename_same_base.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"

@@ -1,7 +1,7 @@
 // Replace X with Y: the dialog's form, the histories, the renames.
 #include <gmock/gmock.h>
 
-#include "filetools/quick_rename.h"
+#include "filetools/replace_xy.h"
 #include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"

@@ -1,7 +1,7 @@
 // One extension for all selected files.
 #include <gmock/gmock.h>
 
-#include "filetools/quick_rename.h"
+#include "filetools/set_extension.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"

@@ -2,7 +2,8 @@
 #include <gmock/gmock.h>
 
 #include "findreplace/documents.h"
-#include "findreplace/engine/matching.h"
+#include "findreplace/engine/multiline_match.h"
+#include "findreplace/engine/replace_pass.h"
 #include "findreplace/scripted_callback.h"
 
 using namespace QXFindAndReplace;

@@ -5,7 +5,6 @@
 #include <random>
 
 #include "findreplace/documents.h"
-#include "findreplace/engine/matching.h"
 #include "findreplace/engine/modes.h"
 #include "findreplace/plain_engine.h"
 #include "findreplace/plain_outcome.h"

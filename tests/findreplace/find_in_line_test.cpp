@@ -5,7 +5,9 @@
 #include <regex>
 
 #include "findreplace/documents.h"
-#include "findreplace/engine/matching.h"
+#include "findreplace/engine/item_search.h"
+#include "findreplace/engine/line_match.h"
+#include "findreplace/engine/pattern_search.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;

@@ -4,7 +4,7 @@
 #include <regex>
 
 #include "findreplace/documents.h"
-#include "findreplace/engine/matching.h"
+#include "findreplace/engine/replace_pass.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;

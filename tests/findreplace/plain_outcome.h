@@ -10,8 +10,8 @@
 
 #include "data/data_reader.h"
 #include "data/data_writer.h"
-#include "findreplace/engine/matching.h"
 #include "findreplace/engine/modes.h"
+#include "findreplace/engine/replace_pass.h"
 #include "findreplace/engine/text_document_loader.h"
 #include "findreplace/plain_engine.h"
 

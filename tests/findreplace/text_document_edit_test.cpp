@@ -231,6 +231,29 @@ TYPED_TEST(TextDocumentEdit, CutLineIsAChainOfItsHeadTheInsertedTextAndItsTail) 
   EXPECT_EQ(tail.next, nullptr);
 }
 
+// The drawing in the overview of text_document.h.
+TYPED_TEST(TextDocumentEdit, ChainOfTwoEditsIsThatOfTheOverview) {
+  constexpr std::uint32_t kWidth = sizeof(TypeParam);
+  const auto drawn = [&] {
+    std::string chain;
+    const TextPart* previous = nullptr;
+    for (const TextPart* part = &this->document->lines[0]; part; previous = part, part = part->next) {
+      if (previous) chain += previous->lineFollows == 0 ? " -> " : " => ";
+      const auto* const text = reinterpret_cast<const TypeParam*>(part->text);
+      const std::string narrow = Narrow(std::basic_string_view<TypeParam>(text, part->length / kWidth));
+      chain += part->kind == kFileText ? '[' + narrow + ']' : '(' + narrow + ')';
+    }
+    return chain;
+  };
+  this->Load("abcdef\n");
+  EXPECT_EQ(drawn(), "[abcdef]");
+  this->ReplaceInLine(0, 1, 3, "xyz");
+  EXPECT_EQ(drawn(), "[a] -> (xyz) -> [def]");
+  this->ReplaceRange(InLine(0, 4, 5), "u\nv");
+  EXPECT_EQ(drawn(), "[a] -> (xyz) -> [d] -> (u) -> [] => (v) -> [f]");
+  EXPECT_EQ(this->Text(), "axyzdu\nvf\n");
+}
+
 // --- ranges of one line
 
 TYPED_TEST(TextDocumentEdit, RangeOfOneLineByOneLine) {

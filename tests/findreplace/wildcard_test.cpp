@@ -156,6 +156,13 @@ TYPED_TEST(WildcardTest, TriesRepeatsOfRepeatsInTheirOwnOrderAsIsMeant) {
   EXPECT_EQ(this->Find("?{5,6}{0,3}b", "012345678901b345b789"), (LineMatches{{0, 13}, {16, 1}}));
 }
 
+// The examples in the headers of the three matchers.
+TYPED_TEST(WildcardTest, FindsTheExamplesOfTheMatchers) {
+  EXPECT_EQ(this->Find("ab*c?*d", "xabcdabcedx"), (LineMatches{{1, 9}}));
+  EXPECT_EQ(this->Find("a{1,3}ab", "xaaab"), (LineMatches{{1, 4}}));
+  EXPECT_EQ(this->Find("a{2}{1,2}b", "aaab"), (LineMatches{{1, 3}}));
+}
+
 TYPED_TEST(WildcardTest, TakesAClosingBraceAloneForItself) {
   EXPECT_EQ(this->Find("}", "a}"), (LineMatches{{1, 1}}));
   EXPECT_EQ(this->Find("a}", "a}"), (LineMatches{{0, 2}}));

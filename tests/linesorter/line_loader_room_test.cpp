@@ -41,7 +41,7 @@ class LineLoaderRoom : public testing::Test {
         const SortLine& line = data->lines[number];
         ASSERT_EQ(line.length, stretch.length * sizeof(CharT)) << number;
         ASSERT_EQ(line.endingSize, sizeof(CharT)) << number;
-        ASSERT_EQ(line.endingKind, std::uint32_t{kEndingLf}) << number;
+        ASSERT_EQ(line.endingKind, LineEnding::Lf) << number;
         const auto* const first = reinterpret_cast<const CharT*>(line.text);
         ASSERT_TRUE(std::all_of(first, first + stretch.length, [number](CharT letter) {
           return letter == LetterOf(number);

@@ -25,14 +25,14 @@ using Lines = std::vector<LoadedLine>;
 // the blocks, and keys are not set.
 void CheckData(const SortableLinesData& data) {
   EXPECT_EQ(data.unused, 0u);
-  for (const LineBlock& block : data.blocks) {
+  for (const TextBlock& block : data.blocks) {
     ASSERT_TRUE(block);
     EXPECT_TRUE(std::all_of(block.get() + kBlockSize, block.get() + kBlockSize + kBlockGuard,
                             [](char byte) { return byte == 0; }));
   }
   for (const SortLine& line : data.lines) {
     ASSERT_NE(line.text, nullptr);
-    EXPECT_TRUE(std::any_of(data.blocks.begin(), data.blocks.end(), [&](const LineBlock& block) {
+    EXPECT_TRUE(std::any_of(data.blocks.begin(), data.blocks.end(), [&](const TextBlock& block) {
       const auto start = reinterpret_cast<std::uintptr_t>(block.get());
       const auto text = reinterpret_cast<std::uintptr_t>(line.text);
       // A last odd byte of 16-bit text brings one of the zeros behind the block with it.
@@ -63,12 +63,12 @@ Lines ReadBytes(const std::string& bytes) {
 
 Lines ReadWide(WStringView text) { return ReadBytes<WCHAR>(WideBytes(text)); }
 
-LoadedLine None(std::string text) { return {std::move(text), "", kNoEnding}; }
-LoadedLine Lf(std::string text) { return {std::move(text), "\n", kEndingLf}; }
-LoadedLine CrLf(std::string text) { return {std::move(text), "\r\n", kEndingCrLf}; }
-LoadedLine WideNone(WStringView text) { return {WideBytes(text), "", kNoEnding}; }
-LoadedLine WideLf(WStringView text) { return {WideBytes(text), Bytes("\n\0"), kEndingLf}; }
-LoadedLine WideCrLf(WStringView text) { return {WideBytes(text), Bytes("\r\0\n\0"), kEndingCrLf}; }
+LoadedLine None(std::string text) { return {std::move(text), "", LineEnding::None}; }
+LoadedLine Lf(std::string text) { return {std::move(text), "\n", LineEnding::Lf}; }
+LoadedLine CrLf(std::string text) { return {std::move(text), "\r\n", LineEnding::CrLf}; }
+LoadedLine WideNone(WStringView text) { return {WideBytes(text), "", LineEnding::None}; }
+LoadedLine WideLf(WStringView text) { return {WideBytes(text), Bytes("\n\0"), LineEnding::Lf}; }
+LoadedLine WideCrLf(WStringView text) { return {WideBytes(text), Bytes("\r\0\n\0"), LineEnding::CrLf}; }
 
 std::string A(std::size_t count) { return std::string(count, 'a'); }
 WString WideA(std::size_t count) { return WString(count, W('a')); }
@@ -381,10 +381,10 @@ TEST(LineLoaderWide, LengthsAreInBytes) {
   ASSERT_THAT(data->lines, SizeIs(2));
   EXPECT_EQ(data->lines[0].length, 6u);
   EXPECT_EQ(data->lines[0].endingSize, 4u);
-  EXPECT_EQ(data->lines[0].endingKind, 3u);
+  EXPECT_EQ(data->lines[0].endingKind, LineEnding::CrLf);
   EXPECT_EQ(data->lines[1].length, 2u);
   EXPECT_EQ(data->lines[1].endingSize, 2u);
-  EXPECT_EQ(data->lines[1].endingKind, 2u);
+  EXPECT_EQ(data->lines[1].endingKind, LineEnding::Lf);
 }
 
 TEST(LineLoaderWide, LoneCrEndsALineAndIsLost) {

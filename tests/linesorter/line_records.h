@@ -30,8 +30,8 @@ class LineRecords {
       line.text = place;
       line.length = static_cast<std::uint32_t>(text.size() * sizeof(CharT));
       line.endingSize = static_cast<std::uint8_t>(kept ? wideEnding.size() * sizeof(CharT) : 0);
-      line.endingKind = !kept ? WQLineSorter::kNoEnding
-                              : (ending.size() == 2 ? WQLineSorter::kEndingCrLf : WQLineSorter::kEndingLf);
+      line.endingKind = !kept ? WQDR::LineEnding::None
+                              : (ending.size() == 2 ? WQDR::LineEnding::CrLf : WQDR::LineEnding::Lf);
       lines.push_back(line);
       place += (text.size() + wideEnding.size()) * sizeof(CharT);
     }

@@ -29,7 +29,7 @@ std::string Bytes(const char (&literal)[kSize]) {
 struct LoadedLine {
   std::string text;
   std::string ending;
-  std::uint32_t kind;
+  WQDR::LineEnding kind;
   friend bool operator==(const LoadedLine&, const LoadedLine&) = default;
 };
 
@@ -50,7 +50,7 @@ inline void PrintTo(const LoadedLine& line, std::ostream* out) {
   put(line.text);
   *out << ", ";
   put(line.ending);
-  *out << ", " << line.kind << "}";
+  *out << ", " << static_cast<std::uint32_t>(line.kind) << "}";
 }
 
 inline std::vector<LoadedLine> LinesOf(const WQLineSorter::SortableLinesData& data) {

@@ -24,7 +24,7 @@ const CharT* FindInStretch(const CharT* p, const CharT* end, std::basic_string_v
                            bool ignoreCase) {
   if (text.empty()) return ignoreCase || (p != end && *p != CharT()) ? p : nullptr;
   if (ignoreCase) return ScanIgnoringCase(p, end, text.data(), text.size());
-  const CharT* const place = FindText<CharT, false>(p, end, text.data(), text.size());
+  const CharT* const place = WildcardLiteral<CharT>(text, false).FindFirst(p, end);
   return place && !HasZero(p, static_cast<std::size_t>(place - p) + 1) ? place : nullptr;
 }
 
@@ -36,6 +36,7 @@ ItemSearch<CharT>::ItemSearch(const TextDocumentT<CharT>& document, std::uint32_
     : document_(document),
       search_(document, firstLine),
       text_(Measured(text, length)),
+      literal_(text_, false),
       matchLength_(length),
       ignoreCase_(ignoreCase) {}
 
@@ -54,8 +55,7 @@ bool ItemSearch<CharT>::IsHiddenByZero(const TextLine& line, std::uint32_t from,
 template <typename CharT>
 bool ItemSearch<CharT>::NextInBlocks(TextPosition position, LineMatch& match) {
   const auto find = [this](const CharT* p, const CharT* end) {
-    return ignoreCase_ ? ScanIgnoringCase(p, end, text_.data(), text_.size())
-                       : FindText<CharT, false>(p, end, text_.data(), text_.size());
+    return ignoreCase_ ? ScanIgnoringCase(p, end, text_.data(), text_.size()) : literal_.FindFirst(p, end);
   };
   for (;;) {
     const TextPosition start = position;

@@ -4,18 +4,15 @@
 
 namespace QXFindAndReplace {
 
-static_assert(static_cast<int>(LineEnding::Lf) == static_cast<int>(WQDR::LineEnd::kLf));
-static_assert(static_cast<int>(LineEnding::CrLf) == static_cast<int>(WQDR::LineEnd::kCrLf));
-
 template <typename CharT>
 std::shared_ptr<Lines> Lines::Load(WQDR::DataReader& reader) {
   auto lines = std::make_shared<Lines>();
-  WQDR::LineBlockReader<CharT> blocks(reader, TextDocumentLoader().blockSize, lines->blocks,
-                                      WQDR::OddByte::kApart);
+  WQDR::LineReader<CharT> blocks(reader, TextDocumentLoader().blockSize, lines->blocks,
+                                 WQDR::OddByte::kApart);
   blocks.ReadAll([&](const WQDR::ScannedLine<CharT>& line, const WQDR::LoadProgress& progress) {
     WQDR::MakeRoomForLine(lines->items, progress);
-    lines->items.push_back({reinterpret_cast<const char*>(line.text), line.length,
-                            static_cast<LineEnding>(line.ending), line.endingSize});
+    lines->items.push_back(
+        {reinterpret_cast<const char*>(line.text), line.length, line.ending, line.endingSize});
   });
   return lines;
 }

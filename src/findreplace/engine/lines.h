@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "data/data_reader.h"
-#include "data/line_blocks.h"
-#include "findreplace/engine/line_ending.h"
+#include "data/line_ending.h"
+#include "data/line_reader.h"
 
 namespace QXFindAndReplace {
+
+using WQDR::LineEnding;
 
 // One line. The text is not terminated: behind it stands its line's end, and behind the last one zeros.
 struct LineItem {
@@ -28,7 +30,7 @@ class Lines {
   template <typename CharT>
   static std::shared_ptr<Lines> Load(WQDR::DataReader& reader);
 
-  std::vector<WQDR::LineBlock> blocks;
+  std::vector<WQDR::TextBlock> blocks;
   std::vector<LineItem> items;
 };
 

@@ -5,7 +5,8 @@
 #include <type_traits>
 
 #include "data/data_reader.h"
-#include "findreplace/engine/matching.h"
+#include "findreplace/engine/multiline_match.h"
+#include "findreplace/engine/replace_pass.h"
 
 namespace QXFindAndReplace {
 
@@ -127,7 +128,7 @@ class ModeRun {
     if (find->items.empty()) ThrowBadTexts(kTooFewItems);
     LineMatch match;
     for (TextPosition position = {};; position = match.range.end) {
-      FindLineBlock(document_, match, *find, position, ignoreCase_);
+      FindMultilineMatch(document_, match, *find, position, ignoreCase_);
       if (!match.found) return;
       if (!options_.callback) {
         document_.ReplaceRange(match.range, *replace);

@@ -65,13 +65,11 @@ bool PatternSearch<CharT>::Next(TextPosition position, LineMatch& match) {
 // Moves to the next line that holds the required text behind the position, if that is in a later line.
 template <typename CharT>
 bool PatternSearch<CharT>::MoveToRequired(TextPosition& position) {
-  const std::basic_string_view<CharT> required = pattern_->RequiredText();
-  if (required.empty()) return true;
+  const WildcardLiteral<CharT>& required = pattern_->Required();
+  if (required.Length() == 0) return true;
   TextPosition place = position;
-  const bool isFound = search_.Next(place, [&](const CharT* p, const CharT* end) {
-    return ignoreCase_ ? FindText<CharT, true>(p, end, required.data(), required.size())
-                       : FindText<CharT, false>(p, end, required.data(), required.size());
-  });
+  const bool isFound =
+      search_.Next(place, [&](const CharT* p, const CharT* end) { return required.FindFirst(p, end); });
   if (place.line != position.line) position = {place.line, 0};
   return isFound;
 }

@@ -1,9 +1,9 @@
-// One item's pass over a document.
+#include "findreplace/engine/replace_pass.h"
+
 #include <string_view>
 
 #include "findreplace/engine/document_errors.h"
 #include "findreplace/engine/item_search.h"
-#include "findreplace/engine/matching.h"
 #include "findreplace/engine/pattern_search.h"
 
 namespace QXFindAndReplace {

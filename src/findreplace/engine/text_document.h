@@ -1,13 +1,31 @@
 // One text file in memory while its text is replaced.
 //
-// The file's bytes stay in blocks as they were read and are never moved, rewritten or transcoded; a byte
+// The bytes of the file stay in blocks as they were read and are never moved, rewritten or transcoded; a byte
 // order mark is ordinary text of the first line. Each line is a chain of parts: the first part is the line
-// itself, and a replacement cuts a part in two and hangs an inserted part between the halves. Searches run
-// over the line's text in the file; only the writers walk the chains.
+// itself, and a replacement cuts a part in two and links an inserted part between the halves. Searches read
+// the text of the line in the file; only the writers follow the chains.
+//
+// A line before and after two edits:
+//
+//   columns        012345
+//   as loaded      [abcdef]
+//   columns 1 to 3 replaced by "xyz" (ReplaceInLine)
+//                  [a] -> (xyz) -> [def]
+//   columns 4 to 5 replaced by the lines "u" and "v" (ReplaceRange)
+//                  [a] -> (xyz) -> [d] -> (u) -> [] => (v) -> [f]
+//   written        axyzdu
+//                  vf
+//
+// [ ] is text of the file, which points into a block: [a] is the line, [def] and [d] begin at column 3, []
+// and [f] at 5. ( ) is inserted text. => goes to an inserted line (lineFollows): the line ends before it. The
+// empty part is where the line was cut for the second line of the replacement.
+//
+// text_document_loader makes documents, text_document_edit.cpp has the edits, text_document_write.cpp the
+// writers, item_search, pattern_search and multiline_match the searches.
 //
 // CharT is char for ANSI and UTF-8 files and WCHAR for UTF-16 files. Lines and columns count from 0, columns
 // in characters of CharT (bytes, or 16-bit units). After an operation that has thrown, the document must not
-// be written any more. A document belongs to one thread and one pass.
+// be written. A document belongs to one thread and one pass.
 #pragma once
 
 #include <cstdint>
@@ -17,9 +35,9 @@
 #include <vector>
 
 #include "data/data_writer.h"
-#include "data/line_blocks.h"
+#include "data/line_ending.h"
+#include "data/line_reader.h"
 #include "data/text_format.h"
-#include "findreplace/engine/line_ending.h"
 #include "findreplace/engine/lines.h"
 #include "findreplace/engine/text_arena.h"
 #include "findreplace/wildcard/wildcard.h"
@@ -28,7 +46,7 @@ namespace QXFindAndReplace {
 
 enum PartKind : std::uint8_t { kFileText = 0, kInsertedText = 1 };
 
-// One stretch of text.
+// A stretch of text.
 struct TextPart {
   std::uint8_t kind;           // PartKind
   std::uint8_t lineFollows;    // 1: `next` is an inserted TextLine, not a further part of this line
@@ -43,7 +61,7 @@ struct TextLine : TextPart {
   std::uint32_t fileLength;  // bytes of the line in the file, without its ending; stays when the part is cut
   std::uint8_t endingSize;   // bytes of the ending in the file
   LineEnding ending;
-  std::uint8_t removed;  // 1: swallowed by a replacement of several lines; neither searched nor written
+  std::uint8_t removed;  // 1: replaced as one of several lines; neither searched nor written
 };
 
 struct TextPosition {
@@ -51,13 +69,13 @@ struct TextPosition {
   std::uint32_t column;
 };
 
-// The end column lies behind the last character.
+// The end column is one after the last character.
 struct TextRange {
   TextPosition start;
   TextPosition end;
 };
 
-// Where the match stands in a context text, in characters.
+// The match in a context text, in characters.
 struct Highlight {
   std::uint32_t start;
   std::uint32_t end;
@@ -71,25 +89,25 @@ class TextDocumentT {
   TextDocumentT& operator=(const TextDocumentT&) = delete;
 
   // Replaces the columns from `startColumn` to `endColumn` of a line's file text by `length` characters of
-  // `text`, which are copied. Answers true. Throws WQDataReaderException, 87, "Text part not found": the
-  // stretch does not begin in text that still stands, ends beyond the part that it begins in, or begins at
-  // the line's end. Throws std::out_of_range for a line that is not there.
+  // `text`, which are copied. Returns true. Throws WQDataReaderException, 87, "Text part not found", if the
+  // stretch begins in text that has been replaced or at the end of the line, or ends after the part that it
+  // begins in. Throws std::out_of_range for a line that does not exist.
   bool ReplaceInLine(std::uint32_t line, std::uint32_t startColumn, std::uint32_t endColumn,
                      const CharT* text, std::uint32_t length);
 
   // Replaces a range, of one line or of several, by the lines of `replacement`, and counts it as one change.
   // Throws as ReplaceInLine; std::out_of_range, "invalid vector<T> subscript", for a replacement without
-  // lines (C-227) or a start line that is not there; WQDataReaderException, 87, "Line index out of range",
-  // for the end line.
+  // lines (C-227) or a start line that does not exist; WQDataReaderException, 87, "Line index out of range",
+  // for such an end line.
   void ReplaceRange(const TextRange& range, const Lines& replacement);
 
-  // Writes the text as it stands now, with the writer's line ending behind each line that has one. Answers
-  // the bytes written. Throws what the writer throws.
+  // Writes the text with all edits, and the writer's line ending after each line that has one. Returns the
+  // number of bytes written. Throws what the writer throws.
   std::uint64_t WriteLines(WQDR::DataWriter& writer) const;
 
-  // The text around a range as it stands now: its lines and one before and behind, each with `ending`
-  // (LineEnding::Inserted for that of GetEndingForOutput), zero-terminated. The highlight is 0, 0 where the
-  // range lies in no single part.
+  // Returns the text around a range with all edits: its lines, one before and one after, each with `ending`
+  // (LineEnding::Inserted for that of GetEndingForOutput), zero-terminated. The highlight is 0, 0 if the
+  // range is not in a single part.
   std::unique_ptr<CharT[]> GetContextText(const TextRange& range, Highlight& highlight,
                                           LineEnding ending) const;
 
@@ -98,7 +116,7 @@ class TextDocumentT {
   // The ending of the whole output: that of the first line with one, or LF (C-229).
   LineEnding GetEndingForOutput() const;
 
-  std::vector<WQDR::LineBlock> blocks;  // the file
+  std::vector<WQDR::TextBlock> blocks;  // the file
   std::vector<TextLine> lines;          // in file order
   WQDR::TextFormat format = WQDR::TextFormat::Ansi;
   bool replaceAll = false;        // the user wants no more questions for this file
@@ -109,7 +127,7 @@ class TextDocumentT {
   std::vector<RegexCacheEntry<CharT>> regexCache;  // compiled patterns, in order of creation
   std::basic_string<CharT> judgedList;  // the longest text of a list that was found to be a pattern
 
-  // The lines that stand in one block, whose text a search may go over in one stretch.
+  // The lines of one block, whose text a search may read as one stretch.
   struct BlockSpan {
     std::uint32_t firstLine;
     std::size_t block;  // in `blocks`
@@ -125,20 +143,20 @@ class TextDocumentT {
   TextPart& FindPart(TextLine& line, const char* address);
   TextPart& Cut(TextLine& line, TextPart& part, std::uint32_t length, const char* tailText);
   TextLine& NewInsertedLine(const LineItem& item);
-  TextPart& AppendLines(TextPart& behind, const Lines& replacement, std::size_t first, std::size_t end);
+  TextPart& AppendLines(TextPart& part, const Lines& replacement, std::size_t first, std::size_t end);
   void InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement);
 
-  // The part that the last cut has left behind it. The edits of a pass go from left to right, and the file's
-  // parts of a chain rise, so the next edit need not walk the chain from its head. Null without one.
+  // The part after the last cut. The edits of a pass go from left to right, and the file's parts of a chain
+  // rise, so the next edit need not follow the chain from its head. Null before the first cut.
   TextPart* lastTail_ = nullptr;
   const TextLine* lastTailLine_ = nullptr;
 };
 
-// The characters of an ending, zero-terminated; an empty text for None. Cr, Lf and CrLf alone have any.
+// The characters of an ending, zero-terminated; empty unless it is Cr, Lf or CrLf.
 template <typename CharT>
 const CharT* EndingText(LineEnding ending);
 
-// Gives the writer the ending that the document's lines are to have.
+// Sets the line ending of a writer.
 template <typename CharT>
 void SetWriterEnding(WQDR::DataWriter& writer, LineEnding ending);
 

@@ -18,14 +18,14 @@ TextPart& LastPart(TextPart* part) {
 
 }  // namespace
 
-// Where the search for the part at an address may begin.
+// Returns the part from which the search for the part at an address may begin.
 template <typename CharT>
 TextPart* TextDocumentT<CharT>::FirstPartAt(TextLine& line, const char* address) {
-  const bool isBehindTail = lastTail_ && lastTailLine_ == &line && lastTail_->text <= address;
-  return isBehindTail ? lastTail_ : &line;
+  const bool isAfterTail = lastTail_ && lastTailLine_ == &line && lastTail_->text <= address;
+  return isAfterTail ? lastTail_ : &line;
 }
 
-// A stretch that was cut out lies in no part.
+// Throws for an address in text that has been replaced, which no part holds.
 template <typename CharT>
 TextPart& TextDocumentT<CharT>::FindPart(TextLine& line, const char* address) {
   for (TextPart* part = FirstPartAt(line, address); part; part = part->next) {
@@ -35,8 +35,8 @@ TextPart& TextDocumentT<CharT>::FindPart(TextLine& line, const char* address) {
   ThrowNoPart();
 }
 
-// Ends the part after `length` bytes and hangs the rest of it, from `tailText` on, behind it. What followed
-// the part follows its tail.
+// Ends the part after `length` bytes and links a new part after it for its rest from `tailText` on. What
+// followed the part follows the new one.
 template <typename CharT>
 TextPart& TextDocumentT<CharT>::Cut(TextLine& line, TextPart& part, std::uint32_t length,
                                     const char* tailText) {
@@ -99,11 +99,11 @@ TextLine& TextDocumentT<CharT>::NewInsertedLine(const LineItem& item) {
   return line;
 }
 
-// Hangs new lines for the items from `first` up to `end` behind a part, and answers the last of the chain.
+// Links new lines for the items [first, end) after a part, and returns the last one.
 template <typename CharT>
-TextPart& TextDocumentT<CharT>::AppendLines(TextPart& behind, const Lines& replacement, std::size_t first,
+TextPart& TextDocumentT<CharT>::AppendLines(TextPart& part, const Lines& replacement, std::size_t first,
                                             std::size_t end) {
-  TextPart* last = &behind;
+  TextPart* last = &part;
   for (std::size_t index = first; index < end; ++index) {
     TextLine& inserted = NewInsertedLine(replacement.items[index]);
     last->lineFollows = 1;

@@ -10,7 +10,7 @@ std::shared_ptr<TextDocumentT<CharT>> TextDocumentLoader::Load(WQDR::DataReader&
   std::vector<TextLine>& lines = document->lines;
   auto& spans = document->spans;
   WQDR::ReserveFirstLines(lines, reader.size);
-  WQDR::LineBlockReader<CharT> blocks(reader, blockSize, document->blocks, WQDR::OddByte::kApart);
+  WQDR::LineReader<CharT> blocks(reader, blockSize, document->blocks, WQDR::OddByte::kApart);
   blocks.ReadAll([&](const WQDR::ScannedLine<CharT>& line, const WQDR::LoadProgress& progress) {
     const std::size_t block = document->blocks.size() - 1;
     if (spans.empty() || spans.back().block != block) {
@@ -21,7 +21,7 @@ std::shared_ptr<TextDocumentT<CharT>> TextDocumentLoader::Load(WQDR::DataReader&
     lines.push_back({{kFileText, 0, 0, line.length, reinterpret_cast<const char*>(line.text), nullptr},
                      line.length,
                      line.endingSize,
-                     static_cast<LineEnding>(line.ending),
+                     line.ending,
                      0});
   });
   document->byteApart = blocks.ByteApart();

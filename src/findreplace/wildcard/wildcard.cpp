@@ -49,8 +49,7 @@ class WildcardPattern<CharT>::Implementation {
 
  public:
   Implementation(const Elements<CharT>& elements, bool ignoreCase)
-      : requiredText_(FindRequiredText(elements)) {
-    for (const CharT c : requiredText_) required_.Append(WildcardPlace<CharT>::Of(c, ignoreCase));
+      : requiredText_(FindRequiredText(elements)), required_(requiredText_, ignoreCase) {
     if (WildcardSegments<CharT>::CanTake(elements)) segments_.emplace(elements, ignoreCase);
     if (HasNestedRepeats(elements))
       states_.emplace(elements, ignoreCase);
@@ -70,6 +69,7 @@ class WildcardPattern<CharT>::Implementation {
   }
 
   std::basic_string_view<CharT> RequiredText() const { return requiredText_; }
+  const WildcardLiteral<CharT>& Required() const { return required_; }
 
  private:
   bool FindMatch(const CharT* line, std::uint32_t length, std::uint32_t column, Match& match) {
@@ -113,6 +113,11 @@ bool WildcardPattern<CharT>::Search(const CharT* line, std::uint32_t length, std
 template <typename CharT>
 std::basic_string_view<CharT> WildcardPattern<CharT>::RequiredText() const {
   return implementation_->RequiredText();
+}
+
+template <typename CharT>
+const WildcardLiteral<CharT>& WildcardPattern<CharT>::Required() const {
+  return implementation_->Required();
 }
 
 template class WildcardPattern<char>;

@@ -13,7 +13,7 @@ namespace QXFindAndReplace {
 
 constexpr std::uint32_t kNoMaximum = 0xFFFFFFFF;
 
-// As often as can be, `minimum` times at least and `maximum` times at most.
+// As often as possible, `minimum` times at least and `maximum` times at most.
 struct WildcardRepeat {
   std::uint32_t minimum = 1;
   std::uint32_t maximum = 1;
@@ -26,12 +26,13 @@ struct WildcardElement {
   bool isAny = false;  // of one character: any, or this one
   CharT character = {};
   WildcardRepeat repeat;
-  // Repeats of the repeated character, from the inside out (`x{2}{1,3}`): those that `repeat` cannot tell.
+  // Repeats of the repeated character, from the inside out (`x{2}{1,3}`): those that do not fold into
+  // `repeat`.
   std::vector<WildcardRepeat> outerRepeats;
 };
 
-// Takes a pattern made by WildcardToRegex apart. Throws the std::regex_error that the library throws at the
-// pattern. The library is never given the whole of it, as its compiler calls itself for each character.
+// Parses a pattern made by WildcardToRegex. Throws the std::regex_error that the library throws at the
+// pattern. The library never compiles the whole of it, as its compiler calls itself for each character.
 template <typename CharT>
 std::vector<WildcardElement<CharT>> ParseWildcardRegex(std::basic_string_view<CharT> pattern);
 

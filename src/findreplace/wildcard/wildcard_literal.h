@@ -1,27 +1,26 @@
-// A stretch of a wildcard pattern that has one length: characters, and places for any one character. The
-// search for it is the inner loop of all wildcard searches.
+// A stretch of a pattern that has one length: characters, and places for any one character. A plain text is a
+// stretch without such places. The search for it is the inner loop of the case-sensitive search and of all
+// wildcard searches. It looks for the first and the last character at once, which leaves few places to
+// compare.
 //
 // A place takes a character c of a line if (c | mask) == value. A letter that stands for both cases has its
 // lower case and the mask 0x20, any character has all ones in both, another character has no mask. So
-// stretches are compared a vector at a time, whatever they hold. That places for any character do not take
-// line terminators is left to the callers, who hardly ever meet one.
+// stretches are compared a vector at a time, whatever they hold. Places for any character do not take line
+// terminators: the callers check that, as they hardly ever meet one.
 //
 // CharT is char or WCHAR. Nothing outside [from, end) is read.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "findreplace/wildcard/wildcard_elements.h"
+#include "platform/ascii_case.h"
 #include "platform/text.h"
-
-#if defined(__SSE2__) || defined(_M_X64)
-#define QX_WILDCARD_VECTORS 1
-#include <emmintrin.h>
-
-#include <bit>
-#endif
+#include "platform/vector_instructions.h"
 
 namespace QXFindAndReplace {
 
@@ -43,8 +42,7 @@ struct WildcardPlace {
   static WildcardPlace Any() { return {static_cast<CharT>(-1), static_cast<CharT>(-1)}; }
   // Letters of A to Z alone have a case.
   static WildcardPlace Of(CharT c, bool ignoreCase) {
-    const CharT lower = static_cast<CharT>(c | 0x20);
-    if (ignoreCase && lower >= CharT('a') && lower <= CharT('z')) return {lower, CharT(0x20)};
+    if (ignoreCase && IsAsciiLetter(c)) return {AsciiLower(c), CharT(0x20)};
     return {c, CharT()};
   }
 
@@ -61,6 +59,11 @@ struct WildcardPlace {
 template <typename CharT>
 class WildcardLiteral {
  public:
+  WildcardLiteral() = default;
+  WildcardLiteral(std::basic_string_view<CharT> text, bool ignoreCase) {
+    for (const CharT c : text) Append(WildcardPlace<CharT>::Of(c, ignoreCase));
+  }
+
   void Append(WildcardPlace<CharT> place) {
     if (!place.IsAny()) {
       last_ = values_.size();
@@ -73,10 +76,11 @@ class WildcardLiteral {
 
   std::size_t Length() const { return values_.size(); }
 
-  // Where it stands first or last, if any character were any; null if nowhere.
+  // The first or the last place in [from, end), as if places for any character took all; null if there is
+  // none.
   const CharT* FindFirst(const CharT* from, const CharT* end) const;
   const CharT* FindLast(const CharT* from, const CharT* end) const;
-  // Whether all places take what stands there.
+  // True if all places take their character at `p`.
   bool IsTakenAt(const CharT* p) const {
     for (std::size_t place = 0; place < Length(); ++place) {
       if (!At(place).Takes(p[place])) return false;
@@ -96,7 +100,7 @@ class WildcardLiteral {
   std::size_t first_ = 0;
   std::size_t last_ = 0;
 
-#ifdef QX_WILDCARD_VECTORS
+#if QX_SSE2
   static constexpr std::ptrdiff_t kLanes = 16 / sizeof(CharT);
   static __m128i Load(const CharT* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
   static __m128i Filled(CharT c) {
@@ -141,7 +145,7 @@ template <typename CharT>
 bool WildcardLiteral<CharT>::StandsAt(const CharT* p) const {
   const std::size_t length = Length();
   std::size_t place = 0;
-#ifdef QX_WILDCARD_VECTORS
+#if QX_SSE2
   constexpr auto kStep = static_cast<std::size_t>(kLanes);
   for (; place + kStep <= length; place += kStep) {
     if (!FitsVector(p, place)) return false;
@@ -158,9 +162,9 @@ template <typename CharT>
 const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* end) const {
   if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
   if (!hasCharacter_) return from;
-  const CharT* const starts = end - Length() + 1;  // behind the last start
+  const CharT* const starts = end - Length() + 1;  // after the last start
   const CharT* p = from;
-#ifdef QX_WILDCARD_VECTORS
+#if QX_SSE2
   if (starts - from >= kLanes) {
     const EndsFinder finder(*this);
     while (p < starts) {
@@ -186,9 +190,9 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
 template <typename CharT>
 const CharT* WildcardLiteral<CharT>::FindLast(const CharT* from, const CharT* end) const {
   if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
-  const CharT* p = end - Length() + 1;  // behind the last start that is left
+  const CharT* p = end - Length() + 1;  // after the last start that is left
   if (!hasCharacter_) return p - 1;
-#ifdef QX_WILDCARD_VECTORS
+#if QX_SSE2
   if (p - from >= kLanes) {
     const EndsFinder finder(*this);
     while (p > from) {

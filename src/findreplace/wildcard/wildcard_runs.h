@@ -1,10 +1,21 @@
 // Patterns with runs of one character between bounds (`x{1,3}`), and stretches of one length between them.
 //
 // Whether the rest of a pattern can match from a position does not depend on how the position was reached. So
-// a table tells it for each part of the pattern and each position of a line, one bit each, made from the
-// right in time that grows with the line for each part. A search then takes the leftmost start that can
-// match, and each run as far as the rest can still match. The table serves all searches that go on in the
-// line.
+// a table holds it for each part of the pattern and each position of a line, one bit each. It is made from
+// the last part to the first, in time that grows with the line for each part. A search then takes the
+// leftmost start that can match, and each run as far as the rest can still match. The table serves all
+// searches that go on in the line.
+//
+// An example: `a{1,3}ab` has the parts a{1,3}, a run, and "ab", a stretch.
+//
+//   position    0 1 2 3 4 5
+//   line        x a a a b
+//   end         1 1 1 1 1 1    after the pattern every position will do
+//   "ab"        0 0 0 1 0 0    "ab" is at 3, and the end can follow at 5
+//   a{1,3}      0 1 1 0 0 0    from 1 two letters and from 2 one letter lead to 3
+//
+//   The leftmost start is 1. The longest run from there ends at 4; the last position up to 4 at which "ab"
+//   can match is 3, so the run is "aa". With "ab" the match is at 1 to 5.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +37,7 @@ class WildcardRuns {
   // Throws std::regex_error (error_complexity) if the table would be too large.
   bool Search(const CharT* line, std::uint32_t length, std::uint32_t column, WildcardMatch& match);
 
-  // The next search is in another line, or not behind the last match.
+  // The next search is in another line, or not after the last match.
   void ForgetLine() { hasTable_ = false; }
   bool KnowsLine() const { return hasTable_; }
 

@@ -9,7 +9,7 @@ namespace {
 
 template <typename CharT>
 bool HasLineTerminator(const CharT* p, const CharT* end) {
-#ifdef QX_WILDCARD_VECTORS
+#if QX_SSE2
   constexpr int kLanes = sizeof(__m128i) / sizeof(CharT);
   for (; end - p >= kLanes; p += kLanes) {
     const __m128i text = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));

@@ -5,11 +5,11 @@
 
 namespace QXFindAndReplace {
 
-// Adds a copy of some states. What goes on behind them goes on with `behind`.
+// Adds a copy of some states, whose end is state `after`.
 template <typename CharT>
-void WildcardStates<CharT>::AppendCopy(States& states, const States& copied, std::uint32_t behind) {
+void WildcardStates<CharT>::AppendCopy(States& states, const States& copied, std::uint32_t after) {
   const auto base = static_cast<std::uint32_t>(states.size());
-  const auto moved = [&](std::uint32_t target) { return target == copied.size() ? behind : base + target; };
+  const auto moved = [&](std::uint32_t target) { return target == copied.size() ? after : base + target; };
   for (const State& state : copied)
     states.push_back({state.isChoice, state.place, moved(state.next), moved(state.other)});
 }

@@ -3,6 +3,17 @@
 //
 // A state that failed once at a position of a line always fails there, so each is tried once for all searches
 // that go on in the line.
+//
+// An example: `a{2}{1,2}b`, which takes two or four letters but not three, has the states
+//
+//   0 a   1 a   2 choice: 3, or else 5   3 a   4 a   5 b   6 is the end
+//
+// In the line "aaab", written as state@position:
+//
+//   start 0   0@0 1@1 2@2 3@2 4@3 fails (4 takes no "b"); the other choice of 2@2: 5@2 fails
+//   start 1   0@1 1@2 2@3 3@3 fails; the other choice of 2@3: 5@3 6@4, the end
+//
+// The match is at 1 to 4. If it had failed too, a later start that came to 5@3 would not try it again.
 #pragma once
 
 #include <cstddef>
@@ -23,12 +34,12 @@ class WildcardStates {
   // Throws std::regex_error (error_complexity) if the line needs too much memory.
   bool Search(const CharT* line, std::uint32_t length, std::uint32_t column, WildcardMatch& match);
 
-  // The next search is in another line, or not behind the last match.
+  // The next search is in another line, or not after the last match.
   void ForgetLine() { knowsLine_ = false; }
 
  private:
-  // Takes a character and goes on with `next`, or goes on with `next` or else with `other`. The state behind
-  // the last one is the end of the pattern.
+  // Takes a character and goes on with `next`, or is a choice and goes on with `next` or else with `other`.
+  // The end of the pattern is one after the last state.
   struct State {
     bool isChoice;
     WildcardPlace<CharT> place;
@@ -41,7 +52,7 @@ class WildcardStates {
     std::uint32_t position;
   };
 
-  static void AppendCopy(States& states, const States& copied, std::uint32_t behind);
+  static void AppendCopy(States& states, const States& copied, std::uint32_t after);
   static States Repeated(const States& states, const WildcardRepeat& repeat);
 
   bool MatchFrom(std::uint32_t start, const CharT* line, std::uint32_t length, std::uint32_t& end);

@@ -37,22 +37,23 @@ struct RecordSegment {
 template <typename Keys>
 class FirstRecords {
  public:
-  // Borrows all. Lowers the `shared` of the common beginnings to what all their keys share.
-  FirstRecords(const KeyReader<Keys>& reader, std::vector<CommonBeginning>& commons, const NumberSort& sort,
-               KeyRecords& records)
+  // Borrows the common beginnings and the records. Lowers the `shared` of the common beginnings to what all
+  // their keys share.
+  FirstRecords(const KeyReader<Keys>& reader, std::span<CommonBeginning> commons, const NumberSort& sort,
+               std::span<KeyRecord> records)
       : reader_(reader), commons_(commons), sort_(sort), records_(records), parts_(commons) {}
 
   // Each key is read twice, once to count the keys of each part: so the records are written into their parts
   // right away.
   void Make() {
-    const std::vector<CommonBeginning> foretold = commons_;
+    const std::vector<CommonBeginning> foretold(commons_.begin(), commons_.end());
     std::vector<std::size_t> next = CountKeys();
     FillParts(next);
     std::size_t begin = emptyCount_;
     for (std::size_t part = 0; part < next.size(); ++part) {
       const std::size_t end = next[part];
       const std::size_t common = parts_.CommonOf(part);
-      const auto records = std::span(records_).subspan(begin, end - begin);
+      const auto records = records_.subspan(begin, end - begin);
       if (common != NumberParts::kNone && commons_[common].shared != foretold[common].shared) {
         LoadNext(reader_, records, kStep<Keys> + commons_[common].shared);
       }
@@ -112,10 +113,10 @@ class FirstRecords {
     }
   }
 
-  const KeyReader<Keys>& reader_;
-  std::vector<CommonBeginning>& commons_;
+  const KeyReader<Keys> reader_;
+  const std::span<CommonBeginning> commons_;
   const NumberSort& sort_;
-  KeyRecords& records_;
+  const std::span<KeyRecord> records_;
   NumberParts parts_;
   std::size_t emptyCount_ = 0;
   std::vector<RecordSegment> segments_;

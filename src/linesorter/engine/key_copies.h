@@ -52,7 +52,7 @@ struct KeyCopy {
 template <typename Keys>
 class KeyCopies {
  public:
-  // Borrows the reader. Room for the largest group, which has at most `lineCount` keys.
+  // Room for the largest group, which has at most `lineCount` keys.
   KeyCopies(const KeyReader<Keys>& reader, std::size_t lineCount)
       : reader_(reader), copies_(std::min(lineCount, kMost)), needed_(copies_.size()) {}
 
@@ -114,7 +114,7 @@ class KeyCopies {
 
   const KeyCopy& CopyOf(const KeyRecord& record) const { return copies_[record.index]; }
 
-  const KeyReader<Keys>& reader_;
+  const KeyReader<Keys> reader_;
   std::vector<KeyCopy> copies_;
   std::vector<std::uint32_t> needed_;  // the copies whose texts are needed
   std::uint32_t depth_ = 0;            // at which the copies begin

@@ -10,14 +10,14 @@ std::shared_ptr<SortableLinesData> ReadLines(WQDR::DataReader& reader) {
   auto data = std::make_shared<SortableLinesData>();
   std::vector<SortLine>& lines = data->lines;
   WQDR::ReserveFirstLines(lines, reader.size);
-  WQDR::LineBlockReader<CharT> blocks(reader, kBlockSize, data->blocks, WQDR::OddByte::kPadded);
+  WQDR::LineReader<CharT> blocks(reader, kBlockSize, data->blocks, WQDR::OddByte::kPadded);
   blocks.ReadAll([&lines](const WQDR::ScannedLine<CharT>& scanned, const WQDR::LoadProgress& progress) {
     WQDR::MakeRoomForLine(lines, progress);
     SortLine line = {};
     line.text = reinterpret_cast<const char*>(scanned.text);
     line.length = scanned.length;
     line.endingSize = scanned.endingSize;
-    line.endingKind = static_cast<std::uint32_t>(scanned.ending);
+    line.endingKind = scanned.ending;
     lines.push_back(line);
   });
   return data;

@@ -21,9 +21,9 @@ namespace WQLineSorter {
 template <typename Keys>
 class RangeRanker {
  public:
-  // Borrows all.
+  // Borrows the copies and the records.
   RangeRanker(const KeyReader<Keys>& reader, KeyCopies<Keys>& copies, const NumberSort& sort,
-              KeyRecords& records)
+              std::span<KeyRecord> records)
       : reader_(reader), copies_(copies), sort_(sort), records_(records) {}
 
   // Ranks all records, which `first` has made with the common beginnings.
@@ -198,13 +198,13 @@ class RangeRanker {
   }
 
   std::span<KeyRecord> Records(std::size_t begin, std::size_t end) {
-    return std::span(records_).subspan(begin, end - begin);
+    return records_.subspan(begin, end - begin);
   }
 
-  const KeyReader<Keys>& reader_;
+  const KeyReader<Keys> reader_;
   KeyCopies<Keys>& copies_;
   const NumberSort& sort_;
-  KeyRecords& records_;
+  const std::span<KeyRecord> records_;
   std::span<const RecordSegment> segments_;
   std::span<const CommonBeginning> commons_;
   std::size_t segment_ = 0;      // the one that is ranked now

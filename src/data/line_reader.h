@@ -1,6 +1,5 @@
-// The loaders' common road from a reader's bytes to lines: blocks of text that never move, and a scan that
-// finds the lines in them. A line never spans two blocks: what is cut by a block's end is copied to the next
-// one.
+// Reads text in blocks that never move, and finds the lines in them. A line never spans two blocks: what the
+// end of a block cuts is copied to the next one.
 //
 // CharT is char or WCHAR.
 #pragma once
@@ -15,6 +14,8 @@
 
 #include "data/data_reader.h"
 #include "data/line_end_scan.h"
+#include "data/line_ending.h"
+#include "data/record_room.h"
 
 namespace WQDR {
 
@@ -23,9 +24,7 @@ namespace WQDR {
 // the next block begins with its LF (C-037).
 constexpr std::uint32_t kBlockGuard = 32;
 
-using LineBlock = std::unique_ptr<char[]>;  // the block size + kBlockGuard bytes, zeros behind the data
-
-enum class LineEnd : std::uint32_t { kNone = 0, kLf = 2, kCrLf = 3 };
+using TextBlock = std::unique_ptr<char[]>;  // the block size + kBlockGuard bytes, zeros after the data
 
 // A line as the scan finds it, without its ending.
 template <typename CharT>
@@ -33,36 +32,28 @@ struct ScannedLine {
   const CharT* text;
   std::uint32_t length;     // bytes
   std::uint8_t endingSize;  // bytes of the ending; 0 for a lone CR, which separates lines and is lost
-  LineEnd ending;
+  LineEnding ending;
 };
 
-// What becomes of an odd byte at the end of a 16-bit text.
+// What happens to an odd byte at the end of a 16-bit text.
 enum class OddByte {
   kPadded,  // a zero byte makes it the last character (C-103)
   kApart    // it is not part of the text (C-230)
 };
 
-// How far a load has come, in bytes.
-struct LoadProgress {
-  std::uint64_t done;
-  std::uint64_t left;
-};
-
 template <typename CharT>
-class LineBlockReader {
+class LineReader {
  public:
   // The blocks are added to `blocks`. A block holds whole characters.
-  LineBlockReader(DataReader& reader, std::uint32_t blockSize, std::vector<LineBlock>& blocks,
-                  OddByte oddByte)
+  LineReader(DataReader& reader, std::uint32_t blockSize, std::vector<TextBlock>& blocks, OddByte oddByte)
       : reader_(reader),
         blockSize_(blockSize - blockSize % static_cast<std::uint32_t>(sizeof(CharT))),
         remaining_(reader.size),
         blocks_(blocks),
         oddByte_(oddByte) {}
 
-  // Hands each line to `onLine(const ScannedLine<CharT>&, const LoadProgress&)`, in their order. Throws what
-  // the reader throws, and std::bad_alloc, at once for a line that fills a block with more of the text behind
-  // it.
+  // Calls onLine(const ScannedLine<CharT>&, const LoadProgress&) for each line, in their order. Throws what
+  // the reader throws, and std::bad_alloc, at once for a line that fills a block and is longer.
   template <typename OnLine>
   void ReadAll(OnLine&& onLine) {
     std::uint32_t carry = 0;
@@ -93,7 +84,7 @@ class LineBlockReader {
     std::memset(Block() + offset, 0, std::size_t{blockSize_} + kBlockGuard - offset);
   }
 
-  // Reads behind the carried bytes and answers how many the block holds now; zeros stand behind them. A file
+  // Reads after the carried bytes and returns how many the block holds now, with zeros after them. A file
   // that ends before its size has been cut meanwhile: what is left of it must not be taken for the whole.
   std::uint32_t Fill(std::uint32_t carry) {
     std::uint32_t filled = carry;
@@ -112,8 +103,8 @@ class LineBlockReader {
     return filled;
   }
 
-  // Finds the lines that end in the block; the last line needs no end once all is read. Answers the bytes
-  // done with.
+  // Finds the lines that end in the block; the last line needs no end once all is read. Returns the number of
+  // bytes that are done.
   template <typename OnLine>
   std::uint32_t Scan(std::uint32_t filled, OnLine&& onLine) {
     const auto* const block = reinterpret_cast<const CharT*>(Block());
@@ -124,15 +115,15 @@ class LineBlockReader {
       if (q == end && remaining_ != 0) break;
       ScannedLine<CharT> line = {
           p, static_cast<std::uint32_t>(reinterpret_cast<const char*>(q) - reinterpret_cast<const char*>(p)),
-          0, LineEnd::kNone};
+          0, LineEnding::None};
       std::uint32_t units = 0;
       if (q == end) {
         // No ending.
       } else if (*q == '\n') {
-        line.ending = LineEnd::kLf;
+        line.ending = LineEnding::Lf;
         units = 1;
       } else if (q[1] == '\n') {
-        line.ending = LineEnd::kCrLf;
+        line.ending = LineEnding::CrLf;
         units = 2;
       }
       line.endingSize = static_cast<std::uint8_t>(units * sizeof(CharT));
@@ -153,41 +144,9 @@ class LineBlockReader {
   DataReader& reader_;
   std::uint32_t blockSize_;
   std::uint64_t remaining_;
-  std::vector<LineBlock>& blocks_;
+  std::vector<TextBlock>& blocks_;
   OddByte oddByte_;
   std::optional<char> byteApart_;
 };
-
-// Makes room for one more record of a line. Doubling would copy the records several times, and a copy late in
-// the load takes twice their memory. So the growth follows what the lines so far foretell, with a margin:
-// memory that is not written to costs next to nothing. The first lines of a file may be of another kind than
-// the rest, so few lines foretell only some more.
-template <typename Record>
-void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress) {
-  if (records.size() < records.capacity()) return;
-  constexpr double kMargin = 1.3;
-  constexpr std::uint64_t kLargestStep = 16;
-  const std::uint64_t count = records.size();
-  const double meanLine =
-      static_cast<double>(progress.done + 1) / static_cast<double>(std::max<std::uint64_t>(count, 1));
-  constexpr double kMost = 1e18;
-  const auto foretold =
-      static_cast<std::uint64_t>(std::min(static_cast<double>(progress.left) / meanLine * kMargin, kMost));
-  const std::uint64_t least = count / 8 + 16;
-  const std::uint64_t wanted = std::max(std::min(foretold, count * kLargestStep), least);
-  try {
-    records.reserve(static_cast<std::size_t>(count + wanted));
-  } catch (const std::bad_alloc&) {
-    records.reserve(static_cast<std::size_t>(count + least));
-  }
-}
-
-// Room for the first lines of a text of `bytes`, taken before the first of them is known.
-template <typename Record>
-void ReserveFirstLines(std::vector<Record>& records, std::uint64_t bytes) {
-  constexpr std::uint64_t kMeanLine = 60;  // assumed bytes of a line and its ending
-  constexpr std::uint64_t kMostAtFirst = 4096;
-  records.reserve(static_cast<std::size_t>(std::min(bytes / kMeanLine, kMostAtFirst)));
-}
 
 }  // namespace WQDR

@@ -1,9 +1,9 @@
-// Blocks of consecutive lines: how they are found, and how a range of them is confirmed and replaced.
+#include "findreplace/engine/multiline_match.h"
+
 #include <string>
 #include <string_view>
 
 #include "findreplace/engine/item_search.h"
-#include "findreplace/engine/matching.h"
 #include "findreplace/engine/text_search.h"
 
 namespace QXFindAndReplace {
@@ -39,7 +39,8 @@ bool BeginsWith(const TextLine& line, const LineItem& item, bool ignoreCase) {
                     : EqualText(FileText<CharT>(line), TextOf<CharT>(item), length);
 }
 
-// Whether the lines behind a match of the first item hold the others; if so, the range goes up to their end.
+// Returns true if the lines after a match of the first item hold the others, and extends the range to their
+// end.
 template <typename CharT>
 bool ExtendMatch(const TextDocumentT<CharT>& document, LineMatch& match, const Lines& findLines,
                  bool ignoreCase) {
@@ -69,8 +70,8 @@ std::basic_string<CharT> Joined(const Lines& lines) {
 }  // namespace
 
 template <typename CharT>
-void FindLineBlock(const TextDocumentT<CharT>& document, LineMatch& match, const Lines& findLines,
-                   const TextPosition& startPosition, bool ignoreCase) {
+void FindMultilineMatch(const TextDocumentT<CharT>& document, LineMatch& match, const Lines& findLines,
+                        const TextPosition& startPosition, bool ignoreCase) {
   match = {};
   if (findLines.items.empty()) return;
   const LineItem& first = findLines.items.front();
@@ -109,8 +110,10 @@ bool ConfirmAndReplaceRange(TextDocumentT<CharT>& document, IFindAndReplaceCallb
   return true;
 }
 
-template void FindLineBlock(const TextDocumentT<char>&, LineMatch&, const Lines&, const TextPosition&, bool);
-template void FindLineBlock(const TextDocumentT<WCHAR>&, LineMatch&, const Lines&, const TextPosition&, bool);
+template void FindMultilineMatch(const TextDocumentT<char>&, LineMatch&, const Lines&, const TextPosition&,
+                                 bool);
+template void FindMultilineMatch(const TextDocumentT<WCHAR>&, LineMatch&, const Lines&, const TextPosition&,
+                                 bool);
 template bool ConfirmAndReplaceRange(TextDocumentT<char>&, IFindAndReplaceCallback&, const TextRange&,
                                      const Lines&);
 template bool ConfirmAndReplaceRange(TextDocumentT<WCHAR>&, IFindAndReplaceCallback&, const TextRange&,

@@ -4,7 +4,8 @@
 #include <optional>
 
 #include "findreplace/documents.h"
-#include "findreplace/engine/matching.h"
+#include "findreplace/engine/line_match.h"
+#include "findreplace/engine/multiline_match.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;
@@ -14,7 +15,7 @@ namespace {
 using Found = std::optional<RangeNumbers>;
 
 template <typename CharT>
-class FindLineBlockTest : public testing::Test {
+class FindMultilineMatchTest : public testing::Test {
  protected:
   // The first block at or behind a position.
   static Found Find(std::string_view text, std::string_view find, bool ignoreCase = false,
@@ -26,7 +27,7 @@ class FindLineBlockTest : public testing::Test {
                       TextPosition start = {0, 0}) {
     LineMatch match;
     match.found = true;  // a search without a match says so
-    FindLineBlock(document, match, *MakeLines<CharT>(find), start, ignoreCase);
+    FindMultilineMatch(document, match, *MakeLines<CharT>(find), start, ignoreCase);
     return match.found ? Found(NumbersOf(match.range)) : std::nullopt;
   }
   static Found NoCase(std::string_view text, std::string_view find) { return Find(text, find, true); }
@@ -35,11 +36,11 @@ class FindLineBlockTest : public testing::Test {
   }
   static constexpr Found kNone = std::nullopt;
 };
-TYPED_TEST_SUITE(FindLineBlockTest, BothWidths);
+TYPED_TEST_SUITE(FindMultilineMatchTest, BothWidths);
 
 }  // namespace
 
-TYPED_TEST(FindLineBlockTest, OneLineIsFoundAnywhere) {
+TYPED_TEST(FindMultilineMatchTest, OneLineIsFoundAnywhere) {
   EXPECT_EQ(this->Find("x\nyab\nab", "ab"), this->At(1, 1, 1, 3));
   EXPECT_EQ(this->Find("x\nyab\nab", "ab\n"), this->At(1, 1, 1, 3));
   EXPECT_EQ(this->Find("x\nyAB\nab", "ab"), this->At(2, 0, 2, 2));
@@ -47,7 +48,7 @@ TYPED_TEST(FindLineBlockTest, OneLineIsFoundAnywhere) {
   EXPECT_EQ(this->Find("x\ny", "ab"), this->kNone);
 }
 
-TYPED_TEST(FindLineBlockTest, TwoLinesAreFoundWhereTheFirstStandsAnywhereAndTheSecondAtItsLinesStart) {
+TYPED_TEST(FindMultilineMatchTest, TwoLinesAreFoundWhereTheFirstStandsAnywhereAndTheSecondAtItsLinesStart) {
   EXPECT_EQ(this->Find("1a\nb3", "a\nb"), this->At(0, 1, 1, 1));
   EXPECT_EQ(this->Find("a\nb", "a\nb"), this->At(0, 0, 1, 1));
   EXPECT_EQ(this->Find("a\nxb", "a\nb"), this->kNone);
@@ -56,12 +57,12 @@ TYPED_TEST(FindLineBlockTest, TwoLinesAreFoundWhereTheFirstStandsAnywhereAndTheS
 }
 
 // There is no check of it, and the rest of the first line goes with the range.
-TYPED_TEST(FindLineBlockTest, FirstLineNeedNotReachItsEnd) {
+TYPED_TEST(FindMultilineMatchTest, FirstLineNeedNotReachItsEnd) {
   EXPECT_EQ(this->Find("abcXY\ndefZ", "abc\ndef"), this->At(0, 0, 1, 3));
   EXPECT_EQ(this->Find("a1a2\nb", "a\nb"), this->At(0, 0, 1, 1)) << "the first place in the line";
 }
 
-TYPED_TEST(FindLineBlockTest, LastLineMustHoldTheLastItem) {
+TYPED_TEST(FindMultilineMatchTest, LastLineMustHoldTheLastItem) {
   EXPECT_EQ(this->Find("a\nde", "a\ndef"), this->kNone);
   EXPECT_EQ(this->Find("a\ndef", "a\ndef"), this->At(0, 0, 1, 3));
   EXPECT_EQ(this->Find("a\nDEF", "a\ndef"), this->kNone);
@@ -70,7 +71,7 @@ TYPED_TEST(FindLineBlockTest, LastLineMustHoldTheLastItem) {
   EXPECT_EQ(this->Find("a\n", "a\nb"), this->kNone);
 }
 
-TYPED_TEST(FindLineBlockTest, LastLineMayLieBeyondTheDocument) {
+TYPED_TEST(FindMultilineMatchTest, LastLineMayLieBeyondTheDocument) {
   EXPECT_EQ(this->Find("a", "a\nb"), this->kNone);
   EXPECT_EQ(this->Find("x\na", "a\nb"), this->kNone);
   EXPECT_EQ(this->Find("a\nb", "a\nb\nc"), this->kNone);
@@ -79,7 +80,7 @@ TYPED_TEST(FindLineBlockTest, LastLineMayLieBeyondTheDocument) {
   EXPECT_EQ(this->Find("", "a"), this->kNone);
 }
 
-TYPED_TEST(FindLineBlockTest, EmptyLastItemIsInEveryLine) {
+TYPED_TEST(FindMultilineMatchTest, EmptyLastItemIsInEveryLine) {
   EXPECT_EQ(this->Find("1a\nxyz", "a\n\n"), this->At(0, 1, 1, 0));
   EXPECT_EQ(this->Find("1a\n\n", "a\n\n"), this->At(0, 1, 1, 0));
   EXPECT_EQ(this->NoCase("1A\nxyz", "a\n\n"), this->At(0, 1, 1, 0));
@@ -88,7 +89,7 @@ TYPED_TEST(FindLineBlockTest, EmptyLastItemIsInEveryLine) {
 }
 
 // It means the rest of the find text, which no line holds.
-TYPED_TEST(FindLineBlockTest, EmptyFirstItemIsInNoLine) {
+TYPED_TEST(FindMultilineMatchTest, EmptyFirstItemIsInNoLine) {
   EXPECT_EQ(this->Find("\nb\n", "\nb"), this->kNone);
   EXPECT_EQ(this->NoCase("\nb\n", "\nb"), this->kNone);
   EXPECT_EQ(this->Find("\n\n", "\n"), this->kNone);
@@ -96,14 +97,14 @@ TYPED_TEST(FindLineBlockTest, EmptyFirstItemIsInNoLine) {
 }
 
 // No find text splits into such an item: an empty one has the rest of the text after it.
-TYPED_TEST(FindLineBlockTest, EmptyItemWithNothingAfterItIsFoundAtOnceButWithCaseNotBeforeAZero) {
+TYPED_TEST(FindMultilineMatchTest, EmptyItemWithNothingAfterItIsFoundAtOnceButWithCaseNotBeforeAZero) {
   const TypeParam nothing[] = {0};
   Lines lines;
   lines.items.push_back({reinterpret_cast<const char*>(nothing), 0, LineEnding::None, 0});
   const auto document = MakeDocument<TypeParam>("\0a\nb\n"sv);
   const auto find = [&](bool ignoreCase, TextPosition start) {
     LineMatch match;
-    FindLineBlock(*document, match, lines, start, ignoreCase);
+    FindMultilineMatch(*document, match, lines, start, ignoreCase);
     EXPECT_TRUE(match.found);
     return NumbersOf(match.range);
   };
@@ -114,13 +115,13 @@ TYPED_TEST(FindLineBlockTest, EmptyItemWithNothingAfterItIsFoundAtOnceButWithCas
   EXPECT_EQ(find(true, {0, 0}), (RangeNumbers{1, 0, 1, 0}));
 }
 
-TYPED_TEST(FindLineBlockTest, FailureGoesOnWithTheNextLine) {
+TYPED_TEST(FindMultilineMatchTest, FailureGoesOnWithTheNextLine) {
   EXPECT_EQ(this->Find("a\nx\na\nb", "a\nb"), this->At(2, 0, 3, 1));
   EXPECT_EQ(this->Find("aa\naa\nb", "a\nb"), this->At(1, 0, 2, 1));
   EXPECT_EQ(this->Find("a\na\na\nb", "a\na\nb"), this->At(1, 0, 3, 1));
 }
 
-TYPED_TEST(FindLineBlockTest, SearchBeginsAtItsPosition) {
+TYPED_TEST(FindMultilineMatchTest, SearchBeginsAtItsPosition) {
   const char* text = "a1a\nb\na\nb\n";
   EXPECT_EQ(this->Find(text, "a\nb", false, {0, 0}), this->At(0, 0, 1, 1));
   EXPECT_EQ(this->Find(text, "a\nb", false, {0, 1}), this->At(0, 2, 1, 1));
@@ -132,14 +133,14 @@ TYPED_TEST(FindLineBlockTest, SearchBeginsAtItsPosition) {
 }
 
 // The check of the middle stops short: of the middle lines the last two are not compared.
-TYPED_TEST(FindLineBlockTest, UpToTwoMiddleLinesHoldAnyText) {
+TYPED_TEST(FindMultilineMatchTest, UpToTwoMiddleLinesHoldAnyText) {
   EXPECT_EQ(this->Find("a\nWHAT\nc", "a\nb\nc"), this->At(0, 0, 2, 1));
   EXPECT_EQ(this->Find("a\n\nc", "a\nb\nc"), this->At(0, 0, 2, 1));
   EXPECT_EQ(this->Find("a\nWHAT\nEVER\nd", "a\nb\nc\nd"), this->At(0, 0, 3, 1));
   EXPECT_EQ(this->NoCase("a\nWHAT\nEVER\nd", "a\nb\nc\nd"), this->At(0, 0, 3, 1));
 }
 
-TYPED_TEST(FindLineBlockTest, MiddleLinesButTheLastTwoAreCompared) {
+TYPED_TEST(FindMultilineMatchTest, MiddleLinesButTheLastTwoAreCompared) {
   EXPECT_EQ(this->Find("a\nb\nWHAT\nEVER\ne", "a\nb\nc\nd\ne"), this->At(0, 0, 4, 1));
   EXPECT_EQ(this->Find("a\nB\nc\nd\ne", "a\nb\nc\nd\ne"), this->kNone);
   EXPECT_EQ(this->NoCase("a\nB\nWHAT\nEVER\ne", "a\nb\nc\nd\ne"), this->At(0, 0, 4, 1));
@@ -148,37 +149,37 @@ TYPED_TEST(FindLineBlockTest, MiddleLinesButTheLastTwoAreCompared) {
   EXPECT_EQ(this->Find("a\nX\nc\nd\ne\nf", "a\nb\nc\nd\ne\nf"), this->kNone);
 }
 
-TYPED_TEST(FindLineBlockTest, ComparedMiddleLineMustBeAllOfItsLine) {
+TYPED_TEST(FindMultilineMatchTest, ComparedMiddleLineMustBeAllOfItsLine) {
   EXPECT_EQ(this->Find("a\nbb\nc\nd\ne", "a\nb\nc\nd\ne"), this->kNone);
   EXPECT_EQ(this->Find("a\nxb\nc\nd\ne", "a\nb\nc\nd\ne"), this->kNone);
   EXPECT_EQ(this->Find("a\n\nc\nd\ne", "a\nb\nc\nd\ne"), this->kNone);
   EXPECT_EQ(this->Find("a\nb\nc\nd\ne", "a\nbb\nc\nd\ne"), this->kNone);
 }
 
-TYPED_TEST(FindLineBlockTest, EmptyMiddleItemThatIsComparedIsInNoLine) {
+TYPED_TEST(FindMultilineMatchTest, EmptyMiddleItemThatIsComparedIsInNoLine) {
   EXPECT_EQ(this->Find("a\n\nc\nd\ne", "a\n\nc\nd\ne"), this->kNone);
   EXPECT_EQ(this->NoCase("a\n\nc\nd\ne", "a\n\nc\nd\ne"), this->kNone);
   EXPECT_EQ(this->Find("a\n\nc\nd", "a\n\nc\nd"), this->At(0, 0, 3, 1)) << "this one is not compared";
 }
 
-TYPED_TEST(FindLineBlockTest, ZeroHidesTheRestOfTheFirstLineWithCaseAlone) {
+TYPED_TEST(FindMultilineMatchTest, ZeroHidesTheRestOfTheFirstLineWithCaseAlone) {
   EXPECT_EQ(this->Find("x\0a\nb"sv, "a\nb"), this->kNone);
   EXPECT_EQ(this->NoCase("x\0a\nb"sv, "a\nb"), this->At(0, 2, 1, 1));
   EXPECT_EQ(this->Find("a\0x\nb\0y"sv, "a\nb"), this->At(0, 0, 1, 1));
 }
 
-TYPED_TEST(FindLineBlockTest, RemovedLineBeginsNoBlock) {
+TYPED_TEST(FindMultilineMatchTest, RemovedLineBeginsNoBlock) {
   const auto document = MakeDocument<TypeParam>("a\nb\na\nb\n");
   document->lines[0].removed = 1;
   EXPECT_EQ(this->FindIn(*document, "a\nb"), this->At(2, 0, 3, 1));
 }
 
-TYPED_TEST(FindLineBlockTest, WithoutItemsThereIsNoMatch) {
+TYPED_TEST(FindMultilineMatchTest, WithoutItemsThereIsNoMatch) {
   EXPECT_EQ(this->Find("a\nb", ""), this->kNone);
   EXPECT_EQ(this->Find("", ""), this->kNone);
 }
 
-TYPED_TEST(FindLineBlockTest, ScanIgnoringCaseDoesNotGoBackInTheFirstLine) {
+TYPED_TEST(FindMultilineMatchTest, ScanIgnoringCaseDoesNotGoBackInTheFirstLine) {
   EXPECT_EQ(this->NoCase("aab\nc", "ab\nc"), this->kNone);
   EXPECT_EQ(this->Find("aab\nc", "ab\nc"), this->At(0, 1, 1, 1));
 }
