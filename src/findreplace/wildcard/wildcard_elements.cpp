@@ -6,13 +6,17 @@
 #include <regex>
 #include <string>
 
+#include "platform/regex_library.h"
+
 namespace QXFindAndReplace {
 
 namespace {
 
-// The library refuses a pattern whose automaton has more states than this. A pattern is counted here as the
-// library builds it; refused patterns stay refused, and nothing has to be made for larger ones.
+// libstdc++ refuses a pattern whose automaton has more states than this; other standard libraries have other
+// limits or none. A pattern is counted here as libstdc++ builds it; refused patterns stay refused, and
+// nothing has to be made for larger ones.
 constexpr std::uint64_t kMaximalStates = 100000;
+static_assert(kMostStatesOfLibrary == kMaximalStates, "the states are counted as libstdc++ makes them");
 // A start and an end of the match, the end of the automaton, and an empty state behind the last element.
 constexpr std::uint64_t kFixedStates = 4;
 

@@ -20,9 +20,10 @@ LineRange MovableRange(const std::vector<SortLine>& lines, const SortLinesOption
 
 // Brings the range into the order that std::stable_sort makes of it with the rule that the options choose:
 // numericKey, or a comparator over the keys. Where comparing bytes is not transitive (a key equals its own
-// beginning) the order is still exactly the one that std::stable_sort makes. Takes the fast way where there
-// is one and memory allows. Then reverses the range if that is asked for, lines with equal keys too (C-124).
-// Does nothing to an empty range (C-135). CharT is char or WCHAR.
+// beginning) the order is still exactly the one that std::stable_sort makes. The standard leaves that order
+// open: it is libstdc++'s, whose merges begin with runs of up to seven lines, and which both builds use.
+// Takes the fast way if there is one and memory allows. Then reverses the range if that is asked for, lines
+// with equal keys too (C-124). Does nothing to an empty range (C-135). CharT is char or WCHAR.
 template <typename CharT>
 void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options);
 

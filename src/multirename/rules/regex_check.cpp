@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "multirename/rules/bounded_regex.h"
+#include "platform/regex_library.h"
 
 namespace Velmora::SDK {
 
@@ -15,6 +16,11 @@ constexpr std::size_t kMostNesting = 50;       // groups in groups
 constexpr std::uint64_t kMostStates = 10'000;  // of the compiled expression, repeats written out
 constexpr std::uint64_t kMostBranches = 200;   // alternatives, which the matcher passes without a step
 constexpr std::size_t kMostDigits = 5;         // of a count or of a back reference
+
+// The states are an upper bound of those that libstdc++ makes of an expression, so its own limit is never
+// reached. That each path of its matcher ends in a step (bounded_regex.cpp) is libstdc++'s as well, and has
+// its tests.
+static_assert(kMostStatesOfLibrary >= kMostStates, "the states are counted as libstdc++ makes them");
 
 bool IsRegexDigit(WCHAR c) { return c >= W('0') && c <= W('9'); }
 
