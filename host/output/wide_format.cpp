@@ -2,84 +2,25 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <limits>
+
+#include "frame/services/printf_conversion.h"
 
 namespace QxHost {
 namespace {
 
-// Wider fields are no fields of a log line.
-constexpr std::size_t kMostWidth = 1024;
-constexpr std::size_t kNoPrecision = std::numeric_limits<std::size_t>::max();
 constexpr WStringView kMissingText = W("(null)");
 
-struct Conversion {
-  bool left = false;
-  bool plus = false;
-  bool blank = false;
-  bool zeros = false;
-  bool alternate = false;
-  std::size_t width = 0;
-  std::size_t precision = kNoPrecision;
-  bool is64Bit = false;
-  WCHAR kind = 0;
-};
+constexpr WStringView kWideLetters = W("sScdiuxX");
 
-bool TakeFlag(Conversion& conversion, WCHAR character) {
-  switch (character) {
-    case W('-'):
-      return conversion.left = true;
-    case W('+'):
-      return conversion.plus = true;
-    case W(' '):
-      return conversion.blank = true;
-    case W('0'):
-      return conversion.zeros = true;
-    case W('#'):
-      return conversion.alternate = true;
-    default:
-      return false;
-  }
-}
+// The lengths that are known; an `l` is 32 bits.
+constexpr WStringView kWideLengths[] = {W(""), W("l"), W("ll"), W("I64")};
 
-// False if the number is too large to be meant.
-bool TakeNumber(WStringView& rest, std::size_t& number) {
-  number = 0;
-  while (!rest.empty() && rest.front() >= W('0') && rest.front() <= W('9')) {
-    number = number * 10 + static_cast<std::size_t>(rest.front() - W('0'));
-    if (number > kMostWidth) return false;
-    rest.remove_prefix(1);
-  }
-  return true;
-}
+bool Is64Bit(const PrintfConversion& conversion) { return conversion.length.size() > 1; }
 
-bool TakePrefix(WStringView& rest, WStringView prefix) {
-  if (!rest.starts_with(prefix)) return false;
-  rest.remove_prefix(prefix.size());
-  return true;
-}
-
-// Takes what stands behind the percent sign. False if it is no conversion that is known.
-bool TakeConversion(WStringView& rest, Conversion& conversion) {
-  while (!rest.empty() && TakeFlag(conversion, rest.front())) rest.remove_prefix(1);
-  if (!TakeNumber(rest, conversion.width)) return false;
-  if (TakePrefix(rest, W(".")) && !TakeNumber(rest, conversion.precision)) return false;
-  conversion.is64Bit = TakePrefix(rest, W("ll")) || TakePrefix(rest, W("I64"));
-  if (!conversion.is64Bit) TakePrefix(rest, W("l"));
-  if (rest.empty()) return false;
-  conversion.kind = rest.front();
-  rest.remove_prefix(1);
-  return WStringView(W("sScdiuxX")).find(conversion.kind) != WStringView::npos;
-}
-
-void AppendField(WString& result, const Conversion& conversion, WStringView sign, WStringView body,
-                 bool zeros) {
-  const std::size_t size = sign.size() + body.size();
-  const std::size_t padding = conversion.width > size ? conversion.width - size : 0;
-  if (!conversion.left && !zeros) result.append(padding, W(' '));
-  result += sign;
-  if (!conversion.left && zeros) result.append(padding, W('0'));
-  result += body;
-  if (conversion.left) result.append(padding, W(' '));
+bool IsSigned(const PrintfConversion& conversion) {
+  return conversion.letter == W('d') || conversion.letter == W('i');
 }
 
 // The characters up to the terminator, and not one beyond the precision: such a text need not be terminated.
@@ -99,61 +40,34 @@ WString FromNarrow(std::string_view text) {
   return wide;
 }
 
-void AppendText(WString& result, const Conversion& conversion, WStringView text) {
-  AppendField(result, conversion, {}, text, false);
-}
-
-void AppendNumber(WString& result, const Conversion& conversion, std::uint64_t bits) {
-  const bool isSigned = conversion.kind == W('d') || conversion.kind == W('i');
-  const bool isHex = conversion.kind == W('x') || conversion.kind == W('X');
-  const bool negative = isSigned && static_cast<std::int64_t>(bits) < 0;
-  std::uint64_t value = negative ? 0 - bits : bits;
-
-  WString sign;
-  if (negative) {
-    sign = W("-");
-  } else if (isSigned && conversion.plus) {
-    sign = W("+");
-  } else if (isSigned && conversion.blank) {
-    sign = W(" ");
-  } else if (isHex && conversion.alternate && value != 0) {
-    sign = conversion.kind == W('x') ? W("0x") : W("0X");
-  }
-
-  const WStringView digits = conversion.kind == W('X') ? W("0123456789ABCDEF") : W("0123456789abcdef");
-  const std::uint64_t base = isHex ? 16 : 10;
-  WString body;
-  for (; value != 0; value /= base) body += digits[static_cast<std::size_t>(value % base)];
-  const std::size_t fewest = conversion.precision == kNoPrecision ? 1 : conversion.precision;
-  if (body.size() < fewest) body.append(fewest - body.size(), W('0'));
-  std::reverse(body.begin(), body.end());
-  AppendField(result, conversion, sign, body, conversion.zeros && conversion.precision == kNoPrecision);
-}
-
 // va_list decays when it is handed on, so the walk holds it in a record of its own.
 struct ArgumentWalk {
   va_list list;
 };
 
-std::uint64_t TakeInteger(ArgumentWalk& walk, const Conversion& conversion) {
-  if (conversion.is64Bit) return va_arg(walk.list, std::uint64_t);
+std::uint64_t TakeInteger(ArgumentWalk& walk, const PrintfConversion& conversion) {
+  if (Is64Bit(conversion)) return va_arg(walk.list, std::uint64_t);
   const std::uint32_t bits = va_arg(walk.list, std::uint32_t);
-  if (conversion.kind != W('d') && conversion.kind != W('i')) return bits;
+  if (!IsSigned(conversion)) return bits;
   return static_cast<std::uint64_t>(std::int64_t{static_cast<std::int32_t>(bits)});
 }
 
-void AppendConversion(WString& result, const Conversion& conversion, ArgumentWalk& walk) {
-  if (conversion.kind == W('s')) {
+void AppendConversion(WString& result, PrintfConversion conversion, ArgumentWalk& walk) {
+  const std::size_t most = conversion.hasPrecision ? conversion.precision : WStringView::npos;
+  if (conversion.letter == W('s')) {
     const WCHAR* text = va_arg(walk.list, const WCHAR*);
-    AppendText(result, conversion, BoundedText(text ? text : kMissingText.data(), conversion.precision));
-  } else if (conversion.kind == W('S')) {
+    AppendPrintfText(result, conversion, BoundedText(text ? text : kMissingText.data(), most));
+  } else if (conversion.letter == W('S')) {
     const char* text = va_arg(walk.list, const char*);
-    AppendText(result, conversion, FromNarrow(BoundedText(text ? text : "(null)", conversion.precision)));
-  } else if (conversion.kind == W('c')) {
+    AppendPrintfText(result, conversion, FromNarrow(BoundedText(text ? text : "(null)", most)));
+  } else if (conversion.letter == W('c')) {
     const WCHAR character = static_cast<WCHAR>(va_arg(walk.list, int));
-    AppendText(result, conversion, WStringView(&character, 1));
+    conversion.hasPrecision = false;  // it is for texts and numbers
+    AppendPrintfText(result, conversion, WStringView(&character, 1));
   } else {
-    AppendNumber(result, conversion, TakeInteger(walk, conversion));
+    const std::uint64_t bits = TakeInteger(walk, conversion);
+    const bool isNegative = IsSigned(conversion) && static_cast<std::int64_t>(bits) < 0;
+    AppendPrintfInteger(result, conversion, isNegative, isNegative ? 0 - bits : bits);
   }
 }
 
@@ -169,18 +83,19 @@ WString FormatWide(const WCHAR* format, va_list arguments) {
     result += rest.substr(0, percent);
     if (percent == WStringView::npos) break;
     rest.remove_prefix(percent);
-    if (TakePrefix(rest, W("%%"))) {
+    if (rest.starts_with(W("%%"))) {
       result += W('%');
+      rest.remove_prefix(2);
       continue;
     }
-    WStringView behind = rest.substr(1);
-    Conversion conversion;
-    if (!TakeConversion(behind, conversion)) {
+    const PrintfConversion conversion = ReadPrintfConversion(rest, kWideLetters);
+    if (conversion.size == 0 ||
+        std::ranges::find(kWideLengths, conversion.length) == std::end(kWideLengths)) {
       result += rest;
       break;
     }
     AppendConversion(result, conversion, walk);
-    rest = behind;
+    rest.remove_prefix(conversion.size);
   }
   va_end(walk.list);
   return result;
