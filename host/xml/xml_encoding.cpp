@@ -1,11 +1,12 @@
 #include "host/xml/xml_encoding.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
+#include <limits>
 
 #include "host/system/whole_file.h"
 #include "platform/ascii_case.h"
+#include "platform/text.h"
 
 namespace QxHost {
 namespace {
@@ -30,12 +31,7 @@ constexpr Named kNames[] = {
     {"ascii", {XmlCharset::kAscii, false}},
 };
 
-// 0x80 to 0x9F of windows-1252. The five bytes without a character mean the control character of their value,
-// as Windows has it.
-constexpr std::array<char32_t, 32> kUpperControls1252 = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+constexpr UINT kWindows1252Page = 1252;
 
 std::string_view MarkOf(XmlCharset charset) {
   switch (charset) {
@@ -50,62 +46,74 @@ std::string_view MarkOf(XmlCharset charset) {
   }
 }
 
-unsigned ByteAt(std::string_view bytes, std::size_t at) { return static_cast<unsigned char>(bytes[at]); }
-
-constexpr char32_t kNoCharacter = 0xFFFFFFFF;
-
-// The character that begins at `at`, which moves on behind it; kNoCharacter for bytes that are no UTF-8.
-char32_t NextUtf8(std::string_view bytes, std::size_t& at) {
-  struct Form {
-    unsigned mask, lead;
-    std::size_t following;
-    char32_t smallest;
-  };
-  static constexpr Form kForms[] = {
-      {0x80, 0x00, 0, 0}, {0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}};
-  const unsigned lead = ByteAt(bytes, at);
-  const auto* const form = std::find_if(std::begin(kForms), std::end(kForms), [lead](const Form& candidate) {
-    return (lead & candidate.mask) == candidate.lead;
-  });
-  if (form == std::end(kForms) || bytes.size() - at <= form->following) return kNoCharacter;
-  char32_t character = lead & ~form->mask;
-  for (std::size_t byte = 1; byte <= form->following; ++byte) {
-    const unsigned value = ByteAt(bytes, at + byte);
-    if ((value & 0xC0) != 0x80) return kNoCharacter;
-    character = character << 6 | (value & 0x3F);
-  }
-  at += form->following + 1;
-  return character < form->smallest ? kNoCharacter : character;
+bool IsAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-char32_t NextUtf16(std::string_view bytes, std::size_t& at, bool isLittle) {
-  const auto unit = [&]() -> char32_t {
-    if (bytes.size() - at < 2) return kNoCharacter;
-    const unsigned first = ByteAt(bytes, at);
-    const unsigned second = ByteAt(bytes, at + 1);
-    at += 2;
-    return isLittle ? second << 8 | first : first << 8 | second;
-  };
-  const char32_t high = unit();
-  if (high == kNoCharacter || high < 0xD800 || high > 0xDBFF) return high;
-  const char32_t low = unit();
-  if (low == kNoCharacter || low < 0xDC00 || low > 0xDFFF) return kNoCharacter;
+// Nothing if the bytes are not well-formed in a code page.
+std::optional<WString> Widen(UINT codePage, DWORD flags, std::string_view bytes) {
+  if (bytes.empty()) return WString();
+  if (bytes.size() > std::numeric_limits<int>::max()) return std::nullopt;
+  const int size = static_cast<int>(bytes.size());
+  const int count = MultiByteToWideChar(codePage, flags, bytes.data(), size, nullptr, 0);
+  if (count <= 0) return std::nullopt;
+  WString text(static_cast<std::size_t>(count), WCHAR());
+  if (MultiByteToWideChar(codePage, flags, bytes.data(), size, text.data(), count) != count)
+    return std::nullopt;
+  return text;
+}
+
+std::optional<WString> WidenUtf8(std::string_view bytes) {
+  return Widen(CP_UTF8, MB_ERR_INVALID_CHARS, bytes);
+}
+
+std::optional<WString> UnitsOfUtf16(std::string_view bytes, bool isLittle) {
+  if (bytes.size() % 2 != 0) return std::nullopt;
+  WString text(bytes.size() / 2, WCHAR());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto first = static_cast<unsigned char>(bytes[2 * i]);
+    const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
+    text[i] = static_cast<WCHAR>(isLittle ? second << 8 | first : first << 8 | second);
+  }
+  return text;
+}
+
+std::optional<WString> UnitsOf(std::string_view bytes, XmlCharset charset) {
+  switch (charset) {
+    case XmlCharset::kUtf8:
+      return WidenUtf8(bytes);
+    case XmlCharset::kUtf16Little:
+    case XmlCharset::kUtf16Big:
+      return UnitsOfUtf16(bytes, charset == XmlCharset::kUtf16Little);
+    case XmlCharset::kWindows1252:
+      return Widen(kWindows1252Page, 0, bytes);
+    case XmlCharset::kAscii:
+      if (!IsAscii(bytes)) return std::nullopt;
+      break;
+    case XmlCharset::kLatin1:
+      break;
+  }
+  WString text(bytes.size(), WCHAR());
+  std::ranges::transform(bytes, text.begin(), [](char c) { return static_cast<unsigned char>(c); });
+  return text;
+}
+
+// The character that begins at `at`, which moves to the next one. A surrogate without its other half counts
+// as a character by itself.
+char32_t TakeCharacter(WStringView text, std::size_t& at) {
+  const char32_t high = text[at++];
+  if (high < 0xD800 || high > 0xDBFF || at == text.size()) return high;
+  const char32_t low = text[at];
+  if (low < 0xDC00 || low > 0xDFFF) return high;
+  ++at;
   return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
 }
 
-char32_t OfOneByte(unsigned byte, XmlCharset charset) {
-  if (charset == XmlCharset::kAscii && byte >= 0x80) return kNoCharacter;
-  if (charset == XmlCharset::kWindows1252 && byte >= 0x80 && byte < 0xA0) {
-    return kUpperControls1252[byte - 0x80];
+bool AreXmlCharacters(WStringView text) {
+  for (std::size_t at = 0; at < text.size();) {
+    if (!IsXmlCharacter(TakeCharacter(text, at))) return false;
   }
-  return byte;
-}
-
-// How many characters of ASCII the text begins with.
-std::size_t AsciiLength(std::string_view text) {
-  const auto* const end = std::find_if(
-      text.begin(), text.end(), [](char character) { return static_cast<unsigned char>(character) >= 0x80; });
-  return static_cast<std::size_t>(end - text.begin());
+  return true;
 }
 
 }  // namespace
@@ -145,106 +153,83 @@ bool IsXmlCharacter(char32_t character) {
 }
 
 void AppendUtf8(std::string& text, char32_t character) {
-  const auto put = [&text](char32_t byte) { text += static_cast<char>(byte); };
-  const auto follow = [&](unsigned shift) { put(0x80 | (character >> shift & 0x3F)); };
-  if (character < 0x80) {
-    put(character);
-  } else if (character < 0x800) {
-    put(0xC0 | character >> 6);
-    follow(0);
-  } else if (character < 0x10000) {
-    put(0xE0 | character >> 12);
-    follow(6);
-    follow(0);
-  } else {
-    put(0xF0 | character >> 18);
-    follow(12);
-    follow(6);
-    follow(0);
+  if (character < 0x10000) {
+    const WCHAR unit = static_cast<WCHAR>(character);
+    return AppendAsUtf8(text, {&unit, 1});
   }
+  const WCHAR pair[] = {static_cast<WCHAR>(0xD800 + ((character - 0x10000) >> 10)),
+                        static_cast<WCHAR>(0xDC00 + ((character - 0x10000) & 0x3FF))};
+  AppendAsUtf8(text, {pair, 2});
 }
 
 std::optional<std::string> DecodeXml(std::string_view bytes, const XmlEncoding& encoding) {
   if (encoding.hasMark) bytes.remove_prefix(MarkOf(encoding.charset).size());
-  std::string text;
-  text.reserve(bytes.size());
-  for (std::size_t at = 0; at < bytes.size();) {
-    char32_t character = kNoCharacter;
-    if (encoding.charset == XmlCharset::kUtf8) {
-      character = NextUtf8(bytes, at);
-    } else if (IsUtf16(encoding)) {
-      character = NextUtf16(bytes, at, encoding.charset == XmlCharset::kUtf16Little);
-    } else {
-      character = OfOneByte(ByteAt(bytes, at++), encoding.charset);
-    }
-    if (!IsXmlCharacter(character)) return std::nullopt;
-    AppendUtf8(text, character);
-  }
-  return text;
+  const std::optional<WString> units = UnitsOf(bytes, encoding.charset);
+  if (!units || !AreXmlCharacters(*units)) return std::nullopt;
+  return encoding.charset == XmlCharset::kUtf8 ? std::string(bytes) : ToUtf8(*units);
 }
 
 XmlEncoder::XmlEncoder(const XmlEncoding& encoding) : encoding_(encoding) {
   if (encoding.hasMark) bytes_ = MarkOf(encoding.charset);
+  if (encoding.charset != XmlCharset::kWindows1252) return;
+  for (unsigned byte = 0x80; byte <= 0xFF; ++byte) upperBytes_ += static_cast<char>(byte);
+  upperUnits_ = Widen(kWindows1252Page, 0, upperBytes_).value_or(WString());
 }
 
-bool XmlEncoder::Has(char32_t character) const {
+std::optional<char> XmlEncoder::ByteOf(char32_t character) const {
+  if (character < 0x80) return static_cast<char>(character);
   switch (encoding_.charset) {
-    case XmlCharset::kAscii:
-      return character < 0x80;
     case XmlCharset::kLatin1:
-      return character < 0x100;
-    case XmlCharset::kWindows1252:
-      return character < 0x80 || (character >= 0xA0 && character < 0x100) ||
-             std::find(kUpperControls1252.begin(), kUpperControls1252.end(), character) !=
-                 kUpperControls1252.end();
+      return character < 0x100 ? std::optional(static_cast<char>(character)) : std::nullopt;
+    case XmlCharset::kWindows1252: {
+      const std::size_t place =
+          character < 0x10000 ? upperUnits_.find(static_cast<WCHAR>(character)) : WString::npos;
+      return place != WString::npos ? std::optional(upperBytes_[place]) : std::nullopt;
+    }
     default:
-      return true;
+      return std::nullopt;
   }
 }
 
-void XmlEncoder::PutCharacter(char32_t character) {
-  const auto unit = [this](char32_t value) {
-    const char high = static_cast<char>(value >> 8 & 0xFF);
-    const char low = static_cast<char>(value & 0xFF);
+void XmlEncoder::PutUnits(WStringView units) {
+  for (const WCHAR unit : units) {
+    const char high = static_cast<char>(unit >> 8 & 0xFF);
+    const char low = static_cast<char>(unit & 0xFF);
     const bool isLittle = encoding_.charset == XmlCharset::kUtf16Little;
     bytes_ += isLittle ? low : high;
     bytes_ += isLittle ? high : low;
-  };
-  if (encoding_.charset == XmlCharset::kUtf8) {
-    AppendUtf8(bytes_, character);
-  } else if (IsUtf16(encoding_)) {
-    if (character < 0x10000) return unit(character);
-    unit(0xD800 + ((character - 0x10000) >> 10));
-    unit(0xDC00 + ((character - 0x10000) & 0x3FF));
-  } else if (encoding_.charset == XmlCharset::kWindows1252) {
-    const auto* const upper = std::find(kUpperControls1252.begin(), kUpperControls1252.end(), character);
-    bytes_ += static_cast<char>(
-        upper == kUpperControls1252.end() ? character : 0x80 + (upper - kUpperControls1252.begin()));
-  } else {
-    bytes_ += static_cast<char>(character);
   }
 }
 
-bool XmlEncoder::Put(std::string_view text, Lacking lacking) {
-  for (std::size_t at = 0; at < text.size();) {
-    // ASCII is the same in all charsets but UTF-16.
-    const std::size_t ascii = IsUtf16(encoding_) ? 0 : AsciiLength(text.substr(at));
-    bytes_ += text.substr(at, ascii);
-    at += ascii;
-    if (at == text.size()) break;
-    const char32_t character = NextUtf8(text, at);
-    if (character == kNoCharacter || bytes_.size() > kMostFileBytes) return false;
-    if (Has(character)) {
-      PutCharacter(character);
+bool XmlEncoder::PutBytes(WStringView units, Lacking lacking) {
+  for (std::size_t at = 0; at < units.size();) {
+    if (bytes_.size() > kMostFileBytes) return false;
+    const char32_t character = TakeCharacter(units, at);
+    if (const std::optional<char> byte = ByteOf(character)) {
+      bytes_ += *byte;
       continue;
     }
     if (lacking == Lacking::kRefuse) return false;
-    // Only charsets of one byte lack characters, and all of them have the ones of a reference.
+    // All charsets of one byte have the characters of a reference.
     char reference[16];
     std::snprintf(reference, sizeof reference, "&#x%X;", static_cast<unsigned>(character));
     if (lacking == Lacking::kSplit) bytes_ += "]]>";
     bytes_ += reference;
     if (lacking == Lacking::kSplit) bytes_ += "<![CDATA[";
+  }
+  return true;
+}
+
+bool XmlEncoder::Put(std::string_view text, Lacking lacking) {
+  const bool isAsItIs = !IsUtf16(encoding_) && IsAscii(text);  // the same in all other charsets
+  const std::optional<WString> units = isAsItIs ? WString() : WidenUtf8(text);
+  if (!units) return false;
+  if (isAsItIs || encoding_.charset == XmlCharset::kUtf8) {
+    bytes_ += text;
+  } else if (IsUtf16(encoding_)) {
+    PutUnits(*units);
+  } else if (!PutBytes(*units, lacking)) {
+    return false;
   }
   return bytes_.size() <= kMostFileBytes;
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text.h"
+
 namespace QxHost {
 
 enum class XmlCharset { kUtf8, kUtf16Little, kUtf16Big, kLatin1, kWindows1252, kAscii };
@@ -52,13 +54,19 @@ class XmlEncoder {
   std::string Take() { return std::move(bytes_); }
 
  private:
-  bool Has(char32_t character) const;
-  void PutCharacter(char32_t character);
+  // In a charset of one byte; nothing for a character that it lacks.
+  std::optional<char> ByteOf(char32_t character) const;
+  void PutUnits(WStringView units);
+  bool PutBytes(WStringView units, Lacking lacking);
 
   XmlEncoding encoding_;
   std::string bytes_;
+  // The bytes 0x80 to 0xFF of windows-1252 and their characters.
+  std::string upperBytes_;
+  WString upperUnits_;
 };
 
+// Appends a character of XML in UTF-8.
 void AppendUtf8(std::string& text, char32_t character);
 
 // False for what may stand in no XML file, not even as a reference.
