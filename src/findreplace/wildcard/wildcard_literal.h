@@ -167,18 +167,21 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
 #if QX_SSE2
   if (starts - from >= kLanes) {
     const EndsFinder finder(*this);
-    while (p < starts) {
-      // The last step goes back so far that it ends at the last start; what it sees again has not matched.
-      const CharT* const base = starts - p < kLanes ? starts - kLanes : p;
+    const auto findAt = [&](const CharT* base) -> const CharT* {
       unsigned hits = finder.At(base);
       while (hits != 0) {
         const unsigned lane = static_cast<unsigned>(std::countr_zero(hits)) / sizeof(CharT);
         if (StandsAt(base + lane)) return base + lane;
         hits &= ~0u << (lane + 1) * sizeof(CharT);
       }
-      p = base + kLanes;
+      return nullptr;
+    };
+    const CharT* const lastBase = starts - kLanes;
+    for (; p < lastBase; p += kLanes) {
+      if (const CharT* const found = findAt(p)) return found;
     }
-    return nullptr;
+    // This step goes back so far that it ends at the last start; what it sees again has not matched.
+    return findAt(lastBase);
   }
 #endif
   for (; p < starts; ++p) {

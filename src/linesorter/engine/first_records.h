@@ -47,11 +47,10 @@ class FirstRecords {
   // right away.
   void Make() {
     const std::vector<CommonBeginning> foretold(commons_.begin(), commons_.end());
-    std::vector<std::size_t> next = CountKeys();
-    FillParts(next);
+    const std::vector<std::size_t> ends = FillParts(CountKeys());
     std::size_t begin = emptyCount_;
-    for (std::size_t part = 0; part < next.size(); ++part) {
-      const std::size_t end = next[part];
+    for (std::size_t part = 0; part < ends.size(); ++part) {
+      const std::size_t end = ends[part];
       const std::size_t common = parts_.CommonOf(part);
       const auto records = records_.subspan(begin, end - begin);
       if (common != NumberParts::kNone && commons_[common].shared != foretold[common].shared) {
@@ -79,8 +78,8 @@ class FirstRecords {
     return next;
   }
 
-  // Writes each record at the next place of its part: after it `next` holds the ends of the parts.
-  void FillParts(std::vector<std::size_t>& next) {
+  // Writes each record at the next place of its part, and returns the ends of the parts.
+  std::vector<std::size_t> FillParts(std::vector<std::size_t> next) {
     std::size_t nextEmpty = 0;
     for (std::size_t i = 0; i < reader_.LineCount(); ++i) {
       const auto key = reader_.KeyOfLine(i);
@@ -101,6 +100,7 @@ class FirstRecords {
       record.SetNumber(number);
       record.index = static_cast<std::uint32_t>(i);
     }
+    return next;
   }
 
   // Parts that follow each other without a common beginning make one segment.
