@@ -5,7 +5,6 @@
 
 #include "platform/ascii_case.h"
 
-
 namespace QxHost {
 namespace {
 

@@ -9,8 +9,8 @@ namespace QxHost {
 
 // Fills `format` with what follows it: %s (wide text), %S (narrow text), %c, %d, %i, %u, %x, %X and %%, with
 // the flags - + 0 # and blank, a width, a precision and the lengths l, ll and I64. An `l` is 32 bits, as on
-// Windows. A missing text is written "(null)". From anything else on, the rest of the format is copied as it
-// stands, since nobody knows which arguments it would take.
+// Windows. A missing text is written "(null)". From anything else on, the rest of the format is copied, since
+// nobody knows which arguments it would take.
 WString FormatWide(const WCHAR* format, va_list arguments);
 
 }  // namespace QxHost

@@ -4,7 +4,6 @@
 
 #include "platform/ascii_case.h"
 
-
 namespace QxHost {
 namespace {
 

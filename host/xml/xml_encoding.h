@@ -13,7 +13,7 @@ enum class XmlCharset { kUtf8, kUtf16Little, kUtf16Big, kLatin1, kWindows1252, k
 
 struct XmlEncoding {
   XmlCharset charset = XmlCharset::kUtf8;
-  bool hasMark = false;  // a byte order mark stands, or will stand, before the text
+  bool hasMark = false;  // a byte order mark comes before the text
   friend bool operator==(const XmlEncoding&, const XmlEncoding&) = default;
 };
 
@@ -31,8 +31,8 @@ bool IsNamedBy(const XmlEncoding& encoding, std::string_view name);
 // any charset of one byte or UTF-8, and gives kUtf8 without a mark.
 XmlEncoding GuessXmlEncoding(std::string_view bytes);
 
-// The text behind the mark, in UTF-8. Nothing if the bytes are not well-formed in that encoding, or hold a
-// character that XML does not allow.
+// Returns the text after the mark, in UTF-8. Nothing if the bytes are not well-formed in that encoding, or
+// hold a character that XML does not allow.
 std::optional<std::string> DecodeXml(std::string_view bytes, const XmlEncoding& encoding);
 
 // What becomes of a character that the encoding lacks.

@@ -25,10 +25,10 @@ class DataWriter {
   virtual std::uint32_t WriteLineEnding();
   // Writes `size` bytes and stores the number written, where `written` is not null.
   virtual void Write(const void* data, std::uint32_t size, std::uint32_t* written) = 0;
-  // Writes a block and answers the bytes written. A block of no bytes makes no call to Write.
+  // Writes a block and returns the number of bytes written. A block of no bytes makes no call to Write.
   virtual std::uint32_t WriteBlock(const void* data, std::uint32_t size);
 
-  // CR, LF or CR LF in the width of the text, with a zero character behind it; null for no ending. Its length
+  // CR, LF or CR LF in the width of the text, with a zero character after it; null for no ending. Its length
   // in bytes counts no zero.
   std::unique_ptr<unsigned char[]> lineEnding;
   std::uint64_t lineEndingLength = 0;

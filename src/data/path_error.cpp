@@ -4,7 +4,7 @@ namespace WQDR {
 
 namespace {
 
-// Empty for a text that has no form there. `replaced` is told of characters that the code page lacks; it is
+// Empty for a text that has no form there. `replaced` is set for characters that the code page lacks; it is
 // null where the code page has them all and the system does not take the question.
 std::string InThreadCodePage(const WString& text, BOOL* replaced) {
   const int length = static_cast<int>(text.size());

@@ -20,7 +20,7 @@ enum class TextFormat : int {
 // Size of a file's head in bytes.
 constexpr std::uint32_t kFileHeadSize = 1024;
 
-// Reads the head of a file that others may have open. The block has kFileHeadSize bytes, zeros behind the
+// Reads the head of a file that others may have open. The block has kFileHeadSize bytes, zeros after the
 // `bytesRead` that were read. Throws WQDataReaderException: 2 "File not found" if the attributes cannot be
 // read, for any reason (C-034), and "Unable to open file" and "Unable to read file content" with the error of
 // the call.

@@ -1,5 +1,5 @@
-// Searches over the text of whole blocks: a text without line ends that stands in a block's bytes stands in
-// one of its lines, so the lines need not be looked at one by one.
+// Searches over the text of whole blocks: a text without line ends that is in a block is in one of its lines,
+// so the lines need not be searched one by one.
 #pragma once
 
 #include <algorithm>
@@ -25,14 +25,14 @@ class DocumentSearch {
  public:
   DocumentSearch(const TextDocumentT<CharT>& document, std::uint32_t firstLine) : document_(document) {
     const auto& spans = document.spans;
-    const auto behind =
+    const auto next =
         std::upper_bound(spans.begin(), spans.end(), firstLine,
                          [](std::uint32_t line, const auto& span) { return line < span.firstLine; });
-    span_ = behind == spans.begin() ? 0 : static_cast<std::size_t>(behind - spans.begin()) - 1;
+    span_ = next == spans.begin() ? 0 : static_cast<std::size_t>(next - spans.begin()) - 1;
   }
 
-  // Moves the position to the next place that `find(begin, end)` answers for the stretches of text from there
-  // on. False if there is none. The place may be in a removed line.
+  // Moves the position to the next place that `find(begin, end)` returns for the stretches of text from there
+  // on. Returns false if there is none. The place may be in a removed line.
   template <typename Find>
   bool Next(TextPosition& position, Find&& find) {
     const auto& spans = document_.spans;
@@ -60,17 +60,17 @@ class DocumentSearch {
     const auto& lines = document_.lines;
     const std::uint64_t end =
         span_ + 1 < document_.spans.size() ? document_.spans[span_ + 1].firstLine : lines.size();
-    const auto isBehind = [&](std::uint64_t line) { return place < FileText<CharT>(lines[line]); };
+    const auto isAfter = [&](std::uint64_t line) { return place < FileText<CharT>(lines[line]); };
     std::uint64_t step = 1;
     std::uint64_t known = low;
-    while (known + step < end && !isBehind(known + step)) {
+    while (known + step < end && !isAfter(known + step)) {
       known += step;
       step *= 2;
     }
-    std::uint64_t behind = std::min(known + step, end);
-    while (behind - known > 1) {
-      const std::uint64_t middle = known + (behind - known) / 2;
-      (isBehind(middle) ? behind : known) = middle;
+    std::uint64_t after = std::min(known + step, end);
+    while (after - known > 1) {
+      const std::uint64_t middle = known + (after - known) / 2;
+      (isAfter(middle) ? after : known) = middle;
     }
     return static_cast<std::uint32_t>(known);
   }

@@ -14,7 +14,7 @@ enum class ConfirmResult : std::int32_t {
   Replace = 0,
   ReplaceAll = 1,  // this match, and all others without a question
   ReplaceToo = 2,  // like Replace
-  Skip = 3,        // leave this match; go on behind it
+  Skip = 3,        // leave this match; go on after it
   Cancel = 5
 };
 
@@ -29,7 +29,7 @@ class IFindAndReplaceCallback {
   // `code` is a Windows error number. A null message is allowed.
   virtual void ReportError(const WCHAR* message, std::uint32_t code) = 0;
   virtual void ReportError(const char* message, std::uint32_t code) = 0;
-  // Whether a match is to be replaced. The context is zero-terminated, and the match stands in it at the two
+  // Asks whether to replace a match. The context is zero-terminated, and the match is in it at the two
   // offsets; `replacementLength` is in characters. 8-bit texts are in the file's encoding.
   virtual ConfirmResult ConfirmReplace(const WCHAR* context, WQDR::TextFormat format, const TextRange& range,
                                        const Highlight& highlight, const WCHAR* replacement,
@@ -37,7 +37,7 @@ class IFindAndReplaceCallback {
   virtual ConfirmResult ConfirmReplace(const char* context, WQDR::TextFormat format, const TextRange& range,
                                        const Highlight& highlight, const char* replacement,
                                        std::uint32_t replacementLength) = 0;
-  // Whether the user has answered Cancel.
+  // True once the user has answered Cancel.
   virtual bool IsCancelled() = 0;
 
  protected:

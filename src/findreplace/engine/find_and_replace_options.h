@@ -30,7 +30,7 @@ enum FindAndReplaceFlag : std::uint32_t {
 };
 
 struct FindAndReplaceOptions {
-  IFindAndReplaceCallback* callback = nullptr;  // null: nobody is asked or told
+  IFindAndReplaceCallback* callback = nullptr;  // null: no questions and no reports
   std::uint32_t flags = 0;
   WString find;     // as entered
   WString replace;  // as entered

@@ -13,7 +13,7 @@ namespace QXFindAndReplace {
 
 using WQDR::LineEnding;
 
-// One line. The text is not terminated: behind it stands its line's end, and behind the last one zeros.
+// One line. The text is not terminated: its ending comes after it, and zeros after the last one.
 struct LineItem {
   const char* text;      // in a block of the Lines
   std::uint32_t length;  // bytes, without the ending
@@ -26,7 +26,7 @@ struct LineItem {
 class Lines {
  public:
   // CharT is char or WCHAR. Throws what the reader throws, and std::bad_alloc for a line that fills a block
-  // with more of the text behind it.
+  // and is longer.
   template <typename CharT>
   static std::shared_ptr<Lines> Load(WQDR::DataReader& reader);
 

@@ -9,7 +9,7 @@
 namespace QXFindAndReplace {
 
 // Runs the first mode bit that is set, in the order Multiline, Many, ManySame, One; without one nothing is
-// done. Both texts are zero-terminated and in the document's encoding. Answers the document's changes. Throws
+// done. Both texts are zero-terminated and in the document's encoding. Returns the document's changes. Throws
 // as FindAndReplaceInLines and ReplaceRange, and WQDataReaderException, 87, for texts that do not fit the
 // mode.
 template <typename CharT>

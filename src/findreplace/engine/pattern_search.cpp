@@ -21,7 +21,7 @@ void JudgeListText(TextDocumentT<CharT>& document, std::basic_string_view<CharT>
   if (!isJudged) document.judgedList = find;
 }
 
-// The pattern that a text stands for; null for one that cannot match.
+// Returns the pattern of a text; null if it cannot match.
 template <typename CharT>
 WildcardPattern<CharT>* CompiledPattern(TextDocumentT<CharT>& document, const CharT* text, bool ignoreCase) {
   const std::basic_string_view<CharT> find(text);
@@ -62,7 +62,7 @@ bool PatternSearch<CharT>::Next(TextPosition position, LineMatch& match) {
   return false;
 }
 
-// Moves to the next line that holds the required text behind the position, if that is in a later line.
+// Moves to the next line that holds the required text after the position, if that is a later line.
 template <typename CharT>
 bool PatternSearch<CharT>::MoveToRequired(TextPosition& position) {
   const WildcardLiteral<CharT>& required = pattern_->Required();

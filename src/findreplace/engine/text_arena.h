@@ -9,8 +9,8 @@ namespace QXFindAndReplace {
 
 class TextArena {
  public:
-  // A copy of `size` bytes with `spare` zero bytes behind it, aligned for 16-bit characters. Valid as long as
-  // the arena. Throws std::bad_alloc.
+  // Returns a copy of `size` bytes with `spare` zero bytes after it, aligned for 16-bit characters. Valid as
+  // long as the arena. Throws std::bad_alloc.
   const char* Copy(const void* text, std::size_t size, std::size_t spare);
 
  private:

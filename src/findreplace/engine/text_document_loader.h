@@ -13,7 +13,7 @@ struct TextDocumentLoader {
   std::uint32_t blockSize = 32768;
 
   // Reads the whole source. Throws what the reader throws, and std::bad_alloc at once for a line that fills a
-  // block with more of the file behind it.
+  // block and is longer.
   template <typename CharT>
   std::shared_ptr<TextDocumentT<CharT>> Load(WQDR::DataReader& reader, WQDR::TextFormat format) const;
 };

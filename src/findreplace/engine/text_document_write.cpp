@@ -1,4 +1,4 @@
-// How a document's text goes out: to its file, and to the question about a match.
+// Writes the text of a document: to its file, and to the question about a match.
 #include <algorithm>
 #include <cstring>
 
@@ -43,7 +43,7 @@ class Output {
   std::uint64_t written_ = 0;
 };
 
-// Visits the parts of a line and of the lines inserted behind it in their order, and where an ending stands.
+// Visits the parts of a line and of the lines inserted after it in their order, and the place of each ending.
 template <typename OnPart, typename OnEnding>
 void WalkLine(const TextLine& first, OnPart&& onPart, OnEnding&& onEnding) {
   for (const TextLine* line = &first; line;) {
@@ -67,7 +67,7 @@ struct Stretch {
   std::uint64_t end;
 };
 
-// Where a stretch of a line stands in a text that is being written, in bytes.
+// Finds the place of a stretch of a line in a text that is being written, in bytes.
 struct StretchFinder {
   Stretch stretch;
   std::optional<std::uint64_t> offset;

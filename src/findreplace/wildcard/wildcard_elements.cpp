@@ -17,7 +17,7 @@ namespace {
 // nothing has to be made for larger ones.
 constexpr std::uint64_t kMaximalStates = 100000;
 static_assert(kMostStatesOfLibrary == kMaximalStates, "the states are counted as libstdc++ makes them");
-// A start and an end of the match, the end of the automaton, and an empty state behind the last element.
+// A start and an end of the match, the end of the automaton, and an empty state after the last element.
 constexpr std::uint64_t kFixedStates = 4;
 
 // Throws what the library throws at a short pattern.
@@ -60,7 +60,7 @@ std::uint64_t RepeatedStates(std::uint64_t states, const WildcardRepeat& repeat)
 }
 
 // One repeat of both, where there is one: the same counts, and the larger count before the smaller. That
-// holds where the inner repeat can stop behind each character, and where no outer repeat is left out.
+// holds where the inner repeat can stop after each character, and where no outer repeat is left out.
 // Otherwise there are gaps (`x{2}{1,3}`), or six and six come before five, five and five (`x{5,6}{0,3}`).
 std::optional<WildcardRepeat> Fold(const WildcardRepeat& inner, const WildcardRepeat& outer) {
   if (inner.minimum > 1 && !outer.IsExact()) return std::nullopt;
@@ -153,7 +153,7 @@ class Parser {
   }
 
   // Gives the library `atom` and the brace here: as far as what can stand in braces goes, with 1 for each
-  // number, and the character behind it, as `x` if it is not the end. So the library sees what is wrong with
+  // number, and the character after it, as `x` if it is not the end. So the library sees what is wrong with
   // the form, and never has to count far.
   void JudgeBrace(const char* atom) {
     std::string piece = atom;

@@ -3,7 +3,7 @@
 // wildcard searches. It looks for the first and the last character at once, which leaves few places to
 // compare.
 //
-// A place takes a character c of a line if (c | mask) == value. A letter that stands for both cases has its
+// A place takes a character c of a line if (c | mask) == value. A letter that means both cases has its
 // lower case and the mask 0x20, any character has all ones in both, another character has no mask. So
 // stretches are compared a vector at a time, whatever they hold. Places for any character do not take line
 // terminators: the callers check that, as they hardly ever meet one.

@@ -40,7 +40,7 @@ bool WildcardRuns<CharT>::Search(const CharT* line, std::uint32_t length, std::u
       continue;
     }
     end = EndOfRun(row, line, length, end);
-    // The table has told that one of the ends will do.
+    // One of the ends will do: the bit of the start is set.
     std::size_t at = end / 64;
     std::uint64_t ends = table_[(row + 1) * words_ + at] & ~std::uint64_t{0} >> (63 - end % 64);
     while (ends == 0) ends = table_[(row + 1) * words_ + --at];

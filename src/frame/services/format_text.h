@@ -8,7 +8,7 @@
 #include "platform/text.h"
 
 // Replaces the first integer conversion of `format` (%d, %i, %u, %o, %x, %X with flags, width, precision and
-// length) by `value`, and every %% by %. Whatever else begins with a percent sign stays as it stands. At most
+// length) by `value`, and every %% by %. Whatever else begins with a percent sign is kept. At most
 // `limit` - 1 characters, as into a buffer of `limit`.
 WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit = 1024);
 
@@ -16,8 +16,8 @@ WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit =
 // a text's (%s, %ls, %S and the like).
 WString FormatCountText(WStringView format, std::uint32_t value, std::size_t limit = 1024);
 
-// The same with several numbers: each takes the next conversion that is left. What is left without one stays
-// as it stands. A number below zero may be among them.
+// The same with several numbers: each takes the next conversion that is left. What is left without one is
+// kept. A number below zero may be among them.
 WString FormatCounts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
 WString FormatCountTexts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
 

@@ -1,6 +1,6 @@
 // How keys get their ranks
 //
-// A record stands for a line. It holds a number made of some characters of the line's key (see
+// Each line has a record. It holds a number made of some characters of the line's key (see
 // key_characters.h), so that sorting records by their numbers sorts the keys by these characters.
 //
 //   1. common_beginnings_sample.h  In a large file, a sample of the keys shows which beginnings many keys

@@ -107,7 +107,7 @@ bool LineCompare_LanguageAware_StringCompareEx<WCHAR>::Compare(const WCHAR* lhs,
 
 namespace {
 
-// Widens a key into its buffer. The key has no zero of its own: the text goes on behind it, up to a zero at
+// Widens a key into its buffer. The key has no zero of its own: the text goes on after it, up to a zero at
 // its block's end at the latest, and it is the room for `length` units that stops the conversion. What is
 // handed over is as much as `length` units can come from, so that a long block costs nothing.
 void WidenKey(const char* key, std::uint32_t length, std::unique_ptr<WCHAR[]>& buffer,

@@ -1,6 +1,6 @@
-// Whether one sort key comes before another, by the ways of comparing text.
+// Comparisons of sort keys, one class for each way of comparing text.
 //
-// Each class answers true if and only if the left key sorts before the right one; false both ways round means
+// Compare returns true if and only if the left key sorts before the right one; false both ways round means
 // equal. Lengths are in characters. An empty key sorts before every other one. Compare reports no errors: a
 // function of the system that fails makes the left key sort first. An object lives on the stack of one sort
 // and is used by its exact type, on one thread.
@@ -34,7 +34,7 @@ class LineCompare_OrdinalA final : public LineCompare_TextBase<char> {
   bool Compare(const char* lhs, std::uint32_t lhsLength, const char* rhs, std::uint32_t rhsLength) override;
 };
 
-// 16-bit units (CompareStringOrdinal, which puts a key behind its own beginning). Without that function, as
+// 16-bit units (CompareStringOrdinal, which puts a key after its own beginning). Without that function, as
 // LineCompare_OrdinalA does it.
 class LineCompare_OrdinalW final : public LineCompare_TextBase<WCHAR> {
  public:

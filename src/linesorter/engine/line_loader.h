@@ -15,7 +15,7 @@
 
 namespace WQLineSorter {
 
-// Reads all lines, in file order, keys still 0. A line that fills a block with more of the file behind it
+// Reads all lines, in file order, keys still 0. A line that fills a block and is longer
 // throws std::bad_alloc at once. A lone CR ends a line and is lost.
 template <typename CharT>
 std::shared_ptr<SortableLinesData> ReadLines(WQDR::DataReader& reader);

@@ -12,7 +12,7 @@ namespace WQLineSorter {
 // The places of the lines: of the one that comes first, of the second, and so on.
 using LineOrder = std::vector<std::uint32_t>;
 
-// Puts at each place the line that stands at order[place] before; `order` holds each place once. In place:
+// Puts at each place the line that was at order[place]; `order` holds each place once. In place:
 // the records are nearly as large as the text, so there is no second copy of them. Throws std::bad_alloc,
 // with the lines as they were.
 void ApplyOrder(std::span<SortLine> lines, std::span<const std::uint32_t> order);

@@ -184,7 +184,7 @@ bool HasFastWay(std::size_t count) {
   return count >= kFewLines && count <= std::numeric_limits<std::uint32_t>::max();
 }
 
-// Puts the lines before and behind the range around its order, whose places count from the range's first.
+// Puts the lines before and after the range around its order, whose places count from the range's first.
 LineOrder Surround(LineOrder order, LineRange range, std::size_t count) {
   if (range.first == 0 && range.last == count) return order;
   LineOrder whole(count);

@@ -41,8 +41,8 @@ const CharT* NumberReader<CharT>::SkipSpaces(const CharT* text) {
   while (IsSpace(*p)) {
     ++p;
     if ((p - text) % kLongRun != 0) continue;
-    const auto behind = std::ranges::upper_bound(spaces_, p, {}, &Run::begin);
-    if (behind != spaces_.begin() && p < std::prev(behind)->end) return std::prev(behind)->end;
+    const auto after = std::ranges::upper_bound(spaces_, p, {}, &Run::begin);
+    if (after != spaces_.begin() && p < std::prev(after)->end) return std::prev(after)->end;
   }
   if (p - text >= kLongRun) {
     if (spaces_.size() == kMostRuns) spaces_.clear();

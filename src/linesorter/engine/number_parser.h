@@ -24,8 +24,8 @@ class NumberReader {
   // The first character at or after `text` that is no white space.
   const CharT* SkipSpaces(const CharT* text);
 
-  // The value, cut at the limits of Number, and 0 without a digit. `*end` is set behind the last digit, and
-  // to `text` without one. Number is std::int64_t for strtoll and std::int32_t for Windows' strtol.
+  // Returns the value, cut at the limits of Number, and 0 without a digit. Sets `*end` after the last digit,
+  // or to `text` without one. Number is std::int64_t for strtoll and std::int32_t for Windows' strtol.
   template <typename Number>
   Number Read(const CharT* text, const CharT** end) {
     using Limits = std::numeric_limits<Number>;

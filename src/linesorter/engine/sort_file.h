@@ -14,7 +14,7 @@ struct SortResult {
 };
 
 // Sorts `source` into `target`, which may be the same path: the source is closed before the output begins.
-// Answers 0, or the error number that stands in `result` with its text. Nothing is rolled back: a write that
+// Returns 0, or the error number that is in `result` with its text. Nothing is rolled back: a write that
 // fails leaves the partial target, and the backup if one was made.
 //
 // 1630 "Text format not supported": UTF-8 that says so (C-101), or binary. 80 "Target file already exists":

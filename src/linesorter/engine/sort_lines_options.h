@@ -1,4 +1,4 @@
-// What a sort of lines is told: by the dialog, by a script, by the stored settings.
+// The options of a sort of lines, from the dialog, a script or the stored settings.
 #pragma once
 
 #include <cstdint>
@@ -27,7 +27,7 @@ enum SortLinesOption : std::uint32_t {
   SortEndAtWhitespace = 0x00200000,    // the substring ends at the first blank or tab
   SortEndAtChar = 0x00400000,          // the substring ends at matchChar
   SaveAsNewFile = 0x01000000,
-  SaveKeepBackup = 0x02000000,    // what stands at the target becomes a backup
+  SaveKeepBackup = 0x02000000,    // what is at the target becomes a backup
   SaveDeleteBackup = 0x04000000,  // the same, and the backup is deleted after success
   SaveOverwrite = 0x08000000,     // an existing target is replaced
   SortSilent = 0x10000000,        // no questions, no closing message
