@@ -2,35 +2,18 @@
 // failures and the questions must be the same.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "findreplace/documents.h"
 #include "findreplace/engine/modes.h"
 #include "findreplace/plain_engine.h"
 #include "findreplace/plain_outcome.h"
+#include "support/random_numbers.h"
 
 using namespace QXFindAndReplace;
 
 namespace {
 
-// Numbers below a bound, the same in every build.
-class Random {
- public:
-  explicit Random(std::uint32_t seed) : engine_(seed) {}
-  std::uint32_t operator()(std::size_t bound) {
-    return static_cast<std::uint32_t>(engine_()) % static_cast<std::uint32_t>(bound);
-  }
-  template <typename Values>
-  auto Of(const Values& values) {
-    return values[(*this)(std::size(values))];
-  }
-
- private:
-  std::mt19937 engine_;
-};
-
 template <typename CharT>
-std::basic_string<CharT> Letters(Random& random, const std::basic_string<CharT>& alphabet,
+std::basic_string<CharT> Letters(RandomNumbers& random, const std::basic_string<CharT>& alphabet,
                                  std::size_t count) {
   std::basic_string<CharT> text;
   while (text.size() < count) text += random.Of(alphabet);
@@ -68,7 +51,7 @@ constexpr std::uint32_t kModes[] = {ModeOne, ModeMany, ModeManySame, ModeMultili
 // A case of a mode over a document.
 template <typename CharT>
 Trial<CharT> MakeTrial(std::uint32_t seed) {
-  Random random(seed);
+  RandomNumbers random(seed);
   Trial<CharT> trial;
   const auto alphabet = random.Of(Alphabets<CharT>());
   const auto findAlphabet = Without<CharT>(alphabet, std::string_view("\0", 1));
@@ -129,7 +112,7 @@ TYPED_TEST(FindAndReplaceDifferential, ModesWithNobodyToAsk) {
 TYPED_TEST(FindAndReplaceDifferential, ModesWithQuestions) {
   for (std::uint32_t seed = 100001; seed <= 105000 && !this->HasFailure(); ++seed) {
     Trial<TypeParam> trial = MakeTrial<TypeParam>(seed);
-    Random random(seed);
+    RandomNumbers random(seed);
     trial.asks = true;
     for (int i = 0; i < 40; ++i) {
       const bool rare = random(12) == 0;
@@ -142,7 +125,7 @@ TYPED_TEST(FindAndReplaceDifferential, ModesWithQuestions) {
 // Find texts that no list can hold: line ends and zeros in them.
 TYPED_TEST(FindAndReplaceDifferential, PassesOfAnyText) {
   for (std::uint32_t seed = 200001; seed <= 206000 && !this->HasFailure(); ++seed) {
-    Random random(seed);
+    RandomNumbers random(seed);
     Trial<TypeParam> trial;
     const auto alphabet = random.Of(Alphabets<TypeParam>());
     trial.isPass = true;
@@ -157,7 +140,7 @@ TYPED_TEST(FindAndReplaceDifferential, PassesOfAnyText) {
 
 TYPED_TEST(FindAndReplaceDifferential, LongTextsOfSeveralBlocks) {
   for (std::uint32_t seed = 300001; seed <= 300012 && !this->HasFailure(); ++seed) {
-    Random random(seed);
+    RandomNumbers random(seed);
     Trial<TypeParam> trial = MakeTrial<TypeParam>(seed);
     trial.flags &= ~std::uint32_t{Wildcard};
     auto alphabet = random.Of(Alphabets<TypeParam>());

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <random>
 #include <regex>
 #include <string>
 #include <vector>
@@ -10,24 +9,12 @@
 #include "findreplace/wildcard_library.h"
 #include "linesorter/widths.h"
 #include "support/random_cases.h"
+#include "support/random_numbers.h"
 
 namespace {
 
 template <typename CharT>
 using Text = std::basic_string<CharT>;
-
-// Numbers below a bound, the same in every build.
-class Random {
- public:
-  explicit Random(std::uint32_t seed) : engine(seed) {}
-  std::uint32_t operator()(std::size_t bound) {
-    return static_cast<std::uint32_t>(engine()) % static_cast<std::uint32_t>(bound);
-  }
-  bool OneIn(std::size_t count) { return (*this)(count) == 0; }
-
- private:
-  std::mt19937 engine;
-};
 
 // Letters beyond ASCII and their other case, halves of a pair, and what `?` does not take.
 template <typename CharT>
@@ -45,7 +32,7 @@ const std::vector<WCHAR>& Oddities<WCHAR>() {
 }
 
 template <typename CharT>
-CharT AnyCharacter(Random& random) {
+CharT AnyCharacter(RandomNumbers& random) {
   constexpr char kPlain[] = {'a', 'b', 'A', 'B', 'k', 'Z', '[', '`', '@', '{', '1', '2', ',',
                              '}', '.', '-', '/', '^', '$', '(', ')', ']', '|', '+', '\\'};
   if (random.OneIn(8)) return Oddities<CharT>()[random(Oddities<CharT>().size())];
@@ -60,7 +47,7 @@ void Append(Text<CharT>& text, const std::string& added) {
 
 // Mostly of two letters, so that much matches.
 template <typename CharT>
-Text<CharT> AnyLine(Random& random, std::size_t bound) {
+Text<CharT> AnyLine(RandomNumbers& random, std::size_t bound) {
   const std::size_t length = random(bound);
   const bool isPlain = !random.OneIn(4);
   Text<CharT> line;
@@ -71,7 +58,7 @@ Text<CharT> AnyLine(Random& random, std::size_t bound) {
 }
 
 // May be the wrong way round.
-std::string AnyBrace(Random& random, std::size_t most) {
+std::string AnyBrace(RandomNumbers& random, std::size_t most) {
   const std::string least = std::to_string(random(4));
   switch (random(4)) {
     case 0:
@@ -83,7 +70,7 @@ std::string AnyBrace(Random& random, std::size_t most) {
   }
 }
 
-std::string AnyMalformedBrace(Random& random) {
+std::string AnyMalformedBrace(RandomNumbers& random) {
   std::string brace(1, '{');
   for (std::uint32_t count = random(5); count > 0; --count) brace += "012,{}?*a.-\\"[random(12)];
   if (random.OneIn(2)) brace += '}';
@@ -91,7 +78,7 @@ std::string AnyMalformedBrace(Random& random) {
 }
 
 template <typename CharT>
-void AppendAtom(Text<CharT>& text, Random& random, bool isPlain) {
+void AppendAtom(Text<CharT>& text, RandomNumbers& random, bool isPlain) {
   if (random.OneIn(4))
     text += CharT('?');
   else
@@ -100,7 +87,7 @@ void AppendAtom(Text<CharT>& text, Random& random, bool isPlain) {
 
 // No repeats of repeats: those take the library's matcher long.
 template <typename CharT>
-Text<CharT> AnyText(Random& random) {
+Text<CharT> AnyText(RandomNumbers& random) {
   Text<CharT> text;
   const bool isPlain = !random.OneIn(4);
   const bool hasBraces = random.OneIn(2);
@@ -118,7 +105,7 @@ Text<CharT> AnyText(Random& random) {
 
 // One element of repeats of repeats among others; more would take the library's matcher too long.
 template <typename CharT>
-Text<CharT> AnyTextOfNestedRepeats(Random& random) {
+Text<CharT> AnyTextOfNestedRepeats(RandomNumbers& random) {
   Text<CharT> text;
   for (std::uint32_t count = random(2); count > 0; --count) AppendAtom(text, random, true);
   if (random.OneIn(5)) {
@@ -150,7 +137,7 @@ template <typename CharT>
 class WildcardDifferentialTest : public testing::Test {
  protected:
   // Searches `text` in some lines of less than `lineBound` characters, and in itself.
-  void Compare(const Text<CharT>& text, std::size_t lineBound, Random& random) {
+  void Compare(const Text<CharT>& text, std::size_t lineBound, RandomNumbers& random) {
     const bool ignoreCase = random.OneIn(2);
     std::optional<std::basic_regex<LibraryUnit<CharT>>> regex;
     std::optional<QXFindAndReplace::WildcardPattern<CharT>> pattern;
@@ -187,7 +174,7 @@ TYPED_TEST_SUITE(WildcardDifferentialTest, BothWidths);
 }  // namespace
 
 TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFinds) {
-  Random random(4711);
+  RandomNumbers random(4711);
   for (int round = 0; round < RandomCases(6000); ++round) {
     this->Compare(AnyText<TypeParam>(random), 24, random);
     if (this->HasFatalFailure()) return;
@@ -198,7 +185,7 @@ TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFinds) {
 }
 
 TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsWithRepeatsOfRepeats) {
-  Random random(815);
+  RandomNumbers random(815);
   for (int round = 0; round < RandomCases(3000); ++round) {
     this->Compare(AnyTextOfNestedRepeats<TypeParam>(random), 10, random);
     if (this->HasFatalFailure()) return;
@@ -209,7 +196,7 @@ TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsWithRepeatsOfRepeat
 
 // Lines of several vectors, with texts cut out of them.
 TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsInLongerLines) {
-  Random random(99);
+  RandomNumbers random(99);
   for (int round = 0; round < RandomCases(500); ++round) {
     const Text<TypeParam> line = AnyLine<TypeParam>(random, 120);
     Text<TypeParam> text = line.substr(random(line.size() + 1), random(40));

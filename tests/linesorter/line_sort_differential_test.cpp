@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <optional>
-#include <random>
 
 #include "linesorter/engine/line_sort.h"
 #include "linesorter/engine/sort_keys.h"
 #include "linesorter/line_records.h"
+#include "support/random_numbers.h"
 
 using namespace WQLineSorter;
 
@@ -15,23 +15,6 @@ namespace {
 
 template <typename CharT>
 using Text = std::basic_string<CharT>;
-
-// Numbers below a bound, the same in every build.
-class Random {
- public:
-  explicit Random(std::uint32_t seed) : engine(seed) {}
-  std::uint32_t operator()(std::size_t bound) {
-    return static_cast<std::uint32_t>(engine()) % static_cast<std::uint32_t>(bound);
-  }
-  bool Coin() { return (*this)(2) == 0; }
-  template <typename T>
-  const T& Of(const std::vector<T>& choices) {
-    return choices[(*this)(choices.size())];
-  }
-
- private:
-  std::mt19937 engine;
-};
 
 // --- the plain rule
 
@@ -119,7 +102,7 @@ std::vector<Text<CharT>> Alphabets() {
 }
 
 template <typename CharT>
-Text<CharT> Letters(Random& random, const Text<CharT>& alphabet, std::size_t count) {
+Text<CharT> Letters(RandomNumbers& random, const Text<CharT>& alphabet, std::size_t count) {
   Text<CharT> text(count, CharT());
   for (CharT& letter : text) letter = alphabet[random(alphabet.size())];
   return text;
@@ -139,7 +122,7 @@ enum Shape {
 const std::vector<std::size_t> kBeginnings = {0, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 23, 24, 25, 31, 32, 33};
 
 template <typename CharT>
-std::vector<Text<CharT>> MakeTexts(Random& random, Shape shape, const Text<CharT>& alphabet,
+std::vector<Text<CharT>> MakeTexts(RandomNumbers& random, Shape shape, const Text<CharT>& alphabet,
                                    std::size_t count) {
   const Text<CharT> one = Letters(random, alphabet, 41);
   const std::size_t shared = random.Of(kBeginnings);
@@ -178,7 +161,7 @@ enum KeyKind { kEntireLine, kSubstring, kSubstringToChar, kItem, kMadeUp, kKeyKi
 
 // Any key that lies in its line, or starts behind it and is empty.
 template <typename CharT>
-void MakeUpKey(Random& random, SortLine& line) {
+void MakeUpKey(RandomNumbers& random, SortLine& line) {
   const std::uint32_t bytes = line.length;
   line.keyOffset = random(bytes + 3);
   line.keyLength = 0;
@@ -191,7 +174,7 @@ struct Case {
 };
 
 template <typename CharT>
-Case MakeCase(Random& random, KeyKind kind, const Text<CharT>& alphabet) {
+Case MakeCase(RandomNumbers& random, KeyKind kind, const Text<CharT>& alphabet) {
   Case made{{}, kind};
   SortLinesOptions& options = made.options;
   if (random.Coin()) options.options |= SortIgnoreCase;
@@ -228,7 +211,7 @@ Case MakeCase(Random& random, KeyKind kind, const Text<CharT>& alphabet) {
 }
 
 template <typename CharT>
-void PrepareKeys(Random& random, std::vector<SortLine>& lines, const Case& made) {
+void PrepareKeys(RandomNumbers& random, std::vector<SortLine>& lines, const Case& made) {
   if (made.kind != kMadeUp) return ComputeSortKeys<CharT>(lines, made.options);
   for (SortLine& line : lines) MakeUpKey<CharT>(random, line);
 }
@@ -275,7 +258,7 @@ class LineSortDifferential : public testing::Test {
   // One set of lines and keys.
   static void Run(std::uint32_t seed, Shape shape, KeyKind kind, const Text<CharT>& alphabet,
                   std::size_t size) {
-    Random random(seed);
+    RandomNumbers random(seed);
     LineRecords<CharT> records(MakeTexts(random, shape, alphabet, size));
     const Case made = MakeCase(random, kind, alphabet);
     PrepareKeys<CharT>(random, records.lines, made);
@@ -324,7 +307,7 @@ TYPED_TEST(LineSortDifferential, FiftyThousandLines) {
 TYPED_TEST(LineSortDifferential, KeysOfEveryLengthOfOneLetter) {
   for (const std::uint32_t bits : {0u, +SortIgnoreCase, +SortReverse}) {
     std::vector<Text<TypeParam>> texts;
-    Random random(7);
+    RandomNumbers random(7);
     for (std::size_t length = 0; length <= 40; ++length) {
       for (const char letter : {'a', 'A', '_'})
         texts.push_back(Text<TypeParam>(length, static_cast<TypeParam>(letter)));
@@ -339,7 +322,7 @@ TYPED_TEST(LineSortDifferential, KeysOfEveryLengthOfOneLetter) {
 
 TYPED_TEST(LineSortDifferential, PairsThatDifferAtEachPlaceOrEndThere) {
   const auto alphabets = Alphabets<TypeParam>();
-  Random random(11);
+  RandomNumbers random(11);
   for (const auto& alphabet : alphabets) {
     for (std::size_t place = 0; place <= 40; ++place) {
       const auto shared = Letters(random, alphabet, place);
@@ -357,7 +340,7 @@ TYPED_TEST(LineSortDifferential, PairsThatDifferAtEachPlaceOrEndThere) {
 }
 
 TYPED_TEST(LineSortDifferential, KeysOfTwentyThousandCharactersThatDifferLate) {
-  Random random(13);
+  RandomNumbers random(13);
   for (const std::uint32_t bits : {0u, +SortIgnoreCase}) {
     for (const std::size_t zeroAt : {0u, 20003u}) {
       auto base = Letters(random, In<TypeParam>("ab"), 20000);
@@ -379,7 +362,7 @@ TYPED_TEST(LineSortDifferential, KeysOfTwentyThousandCharactersThatDifferLate) {
 TYPED_TEST(LineSortDifferential, NumbersAndDatesOfAllSizes) {
   const std::vector<std::int64_t> values = {INT64_MIN, INT64_MIN + 1, INT32_MIN,     -256,     -1, 0, 1, 255,
                                             65536,     INT32_MAX,     INT64_MAX - 1, INT64_MAX};
-  Random random(17);
+  RandomNumbers random(17);
   std::vector<std::size_t> sizes = kSizes;
   sizes.insert(sizes.end(), {1000, 50000});
   for (const std::size_t size : sizes) {
@@ -403,7 +386,7 @@ TYPED_TEST(LineSortDifferential, NumbersAndDatesOfAllSizes) {
 }
 
 TYPED_TEST(LineSortDifferential, NumbersReadFromLines) {
-  Random random(19);
+  RandomNumbers random(19);
   std::vector<Text<TypeParam>> texts;
   for (int i = 0; i < 1000; ++i) texts.push_back(Letters(random, In<TypeParam>("-09 1x"), random(25)));
   LineRecords<TypeParam> records(texts);
@@ -414,7 +397,7 @@ TYPED_TEST(LineSortDifferential, NumbersReadFromLines) {
 }
 
 TYPED_TEST(LineSortDifferential, EightyLinesThatDifferBehindEachPlace) {
-  Random random(29);
+  RandomNumbers random(29);
   for (const auto& alphabet : Alphabets<TypeParam>()) {
     for (std::size_t place = 0; place <= 72; ++place) {
       const auto shared = Letters(random, alphabet, place);
@@ -432,7 +415,7 @@ TYPED_TEST(LineSortDifferential, EightyLinesThatDifferBehindEachPlace) {
 }
 
 TYPED_TEST(LineSortDifferential, PairsOfOneLetterWithAnotherAtOnePlaceOfOne) {
-  Random random(41);
+  RandomNumbers random(41);
   for (std::size_t place = 0; place < 110; ++place) {
     std::vector<Text<TypeParam>> texts;
     for (int pair = 0; pair < 40; ++pair) {
@@ -453,7 +436,7 @@ namespace {
 // A line of a text of records: most begin with one of a few words and share more behind it, a few share less
 // than most, and some are no more than the beginning of others.
 template <typename CharT>
-Text<CharT> LineOfARecord(Random& random) {
+Text<CharT> LineOfARecord(RandomNumbers& random) {
   const auto of = [](std::string_view text) { return In<CharT>(text); };
   const Text<CharT> rest = Letters(random, of("ab"), random(14));
   switch (random(100)) {
@@ -491,7 +474,7 @@ Text<CharT> LineOfARecord(Random& random) {
 }  // namespace
 
 TYPED_TEST(LineSortDifferential, LinesThatBeginWithAFewWords) {
-  Random random(31);
+  RandomNumbers random(31);
   for (const std::size_t size : {4095u, 4096u, 5000u, 20000u, 60000u}) {
     std::vector<Text<TypeParam>> texts;
     for (std::size_t i = 0; i < size; ++i) texts.push_back(LineOfARecord<TypeParam>(random));
@@ -514,7 +497,7 @@ TYPED_TEST(LineSortDifferential, LinesThatBeginWithAFewWords) {
 }
 
 TYPED_TEST(LineSortDifferential, LinesThatAllBeginAlike) {
-  Random random(37);
+  RandomNumbers random(37);
   for (const std::size_t shared : {7u, 8u, 20u, 60u}) {
     std::vector<Text<TypeParam>> texts;
     for (std::size_t i = 0; i < 30000; ++i) {
@@ -534,7 +517,7 @@ TYPED_TEST(LineSortDifferential, LinesThatAllBeginAlike) {
 }
 
 TEST(LineSortDifferentialAtScale, AMillionShortLines) {
-  Random random(23);
+  RandomNumbers random(23);
   std::vector<std::string> texts;
   texts.reserve(1000000);
   for (int i = 0; i < 1000000; ++i) {
