@@ -5,7 +5,7 @@ namespace Platform {
 
 char16_t UpperCase(char16_t unit);
 
-// The upper case of all 65536 units.
+// Returns the table of the upper case of all 65536 units.
 const char16_t* UpperCaseTable();
 
 }  // namespace Platform

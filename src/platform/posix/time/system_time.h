@@ -1,4 +1,4 @@
-// What fields of a SYSTEMTIME are.
+// Checks of the fields of a SYSTEMTIME.
 #pragma once
 
 #include "platform/posix/windows_functions.h"
@@ -14,7 +14,7 @@ QX_PLATFORM_API FILETIME FileTimeOf(std::int64_t seconds, std::uint32_t nanoseco
 // From 1601-01-01 to 30827-12-31. The day of the week is not looked at.
 bool IsDate(const SYSTEMTIME& date);
 
-// 0 is Sunday. Counted from the date, which must be one.
+// Returns the day of the week of a valid date, computed from the date; 0 is Sunday.
 int DayOfWeek(const SYSTEMTIME& date);
 
 }  // namespace Platform
