@@ -1,4 +1,4 @@
-// From a command number to the tool that does it.
+// Maps command numbers to the tools that run them.
 #pragma once
 
 #include "frame/host/host_app.h"

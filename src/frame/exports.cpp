@@ -9,7 +9,7 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// How the objects of one index are made and destroyed.
+// The functions that create and destroy the extension object of one index.
 struct ExtensionClass {
   void* (*create)();
   void (*destroy)(void* object);

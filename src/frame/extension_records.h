@@ -1,4 +1,4 @@
-// What the three extensions tell of themselves.
+// The information records of the three extensions, which GetExtensionInfo returns.
 #pragma once
 
 #include "frame/host/extension_info.h"

@@ -20,9 +20,9 @@ struct SubMenu {
 
 constexpr Velmora::SDK::TextId kRootMenuText = 0x07D4006D;
 
-// In the order in which they are added.
+// Returns the sub menus in the order in which they are added to the menu.
 std::span<const SubMenu> FileUtilsSubMenus();
 
-// Adds sub menus and entries below the extension's root menu.
+// Adds all sub menus and their entries to the extension's root menu.
 void BuildFileUtilsMenu(Velmora::SDK::IHostMenuBuilder& builder, Velmora::SDK::IHostCommandFactory& factory,
                         Velmora::SDK::MenuHandle root);

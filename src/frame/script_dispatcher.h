@@ -1,4 +1,4 @@
-// From a script command's number to the tool that does it.
+// Maps the numbers of script commands to the tools that run them.
 #pragma once
 
 #include "frame/host/host_app.h"

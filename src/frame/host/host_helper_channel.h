@@ -1,5 +1,5 @@
-// The road to the elevated helper (service 3250) and the messages on it. What a writer wrote is read in the
-// same order.
+// The channel to the elevated helper (service 3250) and its messages. A reader reads values in the order in
+// which the writer wrote them.
 #pragma once
 
 #include "frame/host/host_types.h"
@@ -31,16 +31,16 @@ class IHostPacketReader {
 
 class IHostHelperChannel {
  public:
-  virtual bool Connect() = 0;  // reaches the helper, starting it if needed
+  virtual bool Connect() = 0;  // starts the helper if necessary
   virtual IHostPacketWriter* CreateWriter() = 0;
-  virtual u32 Send(s32 code, const void* data, u32 size) = 0;  // blocks; answers the reply's number
+  virtual u32 Send(s32 code, const void* data, u32 size) = 0;  // blocks; returns the code of the reply
   virtual void Disconnect() = 0;                               // also after a failed Connect
 
  protected:
   ~IHostHelperChannel() = default;
 };
 
-// What OnHelperMessage is given, on the helper's side.
+// The argument of OnHelperMessage in the helper process.
 class IHostHelperMessage {
  public:
   virtual const void* GetData() = 0;

@@ -11,7 +11,7 @@ class IHostStringList {
   virtual bool Contains(const WCHAR* text, u32 zero) = 0;
   virtual u32 GetCount() = 0;
   virtual bool GetString(u32 index, WCHAR* buffer, u32 size) = 0;
-  virtual void Finish(u32 one) = 0;  // after the last Add, before saving
+  virtual void Finish(u32 one) = 0;  // called after the last Add, before saving
   virtual void Clear() = 0;
   virtual void Release() = 0;
 
@@ -19,8 +19,8 @@ class IHostStringList {
   ~IHostStringList() = default;
 };
 
-// The first argument of the section and key operations is always 1. The Get operations answer false, and
-// leave their buffer alone, where nothing is stored. A block's size is in bytes.
+// The first argument of all operations on a section and key is 1. If nothing is stored, the Get operations
+// return false and leave the buffer unchanged. The size of a block is in bytes.
 class IHostConfig {
  public:
   virtual bool GetBlock(u32 one, const WCHAR* section, const WCHAR* key, void* buffer, u32 size) = 0;

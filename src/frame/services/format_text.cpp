@@ -6,24 +6,25 @@
 
 namespace {
 
-// A width beyond this is no layout but a mistake or an attack; the result is cut at the limit anyway.
+// The largest width or precision that is accepted. A larger one is a mistake or an attack, so the text is not
+// treated as a conversion.
 constexpr std::size_t kMostWidth = 1024;
 
 constexpr WStringView kNumberLetters = W("diuoxX");
 constexpr WStringView kTextLetters = W("sS");
 
-// One conversion of a format, from its percent sign to its letter.
+// One conversion specification of a format, from its percent sign to its letter.
 struct Conversion {
   bool leftAligned = false;
   bool zeroFilled = false;
   bool plusSign = false;
   bool blankSign = false;
-  bool alternateForm = false;  // 0x in front of a hexadecimal number
+  bool alternateForm = false;  // prefix 0x before a hexadecimal number
   std::size_t width = 0;
-  std::size_t precision = 1;  // digits at least; of a text, characters at most
+  std::size_t precision = 1;  // of a number, the least number of digits; of a text, the most characters
   bool hasPrecision = false;
   WCHAR letter = 0;
-  std::size_t size = 0;  // characters of the conversion; 0 for none
+  std::size_t size = 0;  // length of the specification in characters; 0 if it is invalid
 };
 
 std::size_t SkipAny(WStringView text, std::size_t at, WStringView set) {
@@ -31,7 +32,8 @@ std::size_t SkipAny(WStringView text, std::size_t at, WStringView set) {
   return at;
 }
 
-// Reads the digits at `at`, if any. False if the number is too large.
+// Reads the digits at position `at`, if any, and advances it. Returns false if the number is above
+// kMostWidth.
 bool ReadNumber(WStringView text, std::size_t& at, std::size_t& number) {
   for (; at < text.size() && text[at] >= W('0') && text[at] <= W('9'); ++at) {
     number = number * 10 + static_cast<std::size_t>(text[at] - W('0'));
@@ -40,7 +42,7 @@ bool ReadNumber(WStringView text, std::size_t& at, std::size_t& number) {
   return true;
 }
 
-// The length words: the value has its size whatever they say.
+// Skips a length modifier, which is ignored: the size of the value is known.
 std::size_t SkipLength(WStringView text, std::size_t at) {
   for (const WStringView length : {W("I64"), W("I32"), W("I")}) {
     if (text.substr(at).starts_with(length)) return at + length.size();
@@ -48,8 +50,8 @@ std::size_t SkipLength(WStringView text, std::size_t at) {
   return SkipAny(text, at, W("hljztw"));
 }
 
-// Reads the conversion at the beginning of `text`, which begins with a percent sign. Its letter is one of
-// `letters`, else there is none.
+// Parses the conversion specification at the beginning of `text`, which begins with a percent sign. The
+// result has size 0 if its letter is not one of `letters`.
 Conversion ReadConversion(WStringView text, WStringView letters) {
   Conversion result;
   const std::size_t afterFlags = SkipAny(text, 1, W("-+ #0"));
@@ -85,8 +87,8 @@ int BaseOf(const Conversion& conversion) {
   }
 }
 
-// The digits of a number without its sign. In the bases 8 and 16 a number below zero has those of its 64
-// bits.
+// Returns the digits of a number without its sign. In the bases 8 and 16, a negative number is formatted as
+// its 64 bits.
 WString Digits(const Conversion& conversion, std::int64_t number) {
   const auto bits = static_cast<std::uint64_t>(number);
   const std::uint64_t value = number < 0 && BaseOf(conversion) == 10 ? 0 - bits : bits;
@@ -94,7 +96,7 @@ WString Digits(const Conversion& conversion, std::int64_t number) {
   char* const begin = buffer.data();
   char* const end = std::to_chars(begin, begin + buffer.size(), value, BaseOf(conversion)).ptr;
   WString digits(begin, end);
-  if (value == 0) digits.clear();  // the precision alone says how many zeros there are
+  if (value == 0) digits.clear();  // the precision determines the number of zeros
   if (digits.size() < conversion.precision) digits.insert(0, conversion.precision - digits.size(), W('0'));
   if (conversion.letter == W('X')) {
     for (WCHAR& digit : digits) {
@@ -107,7 +109,8 @@ WString Digits(const Conversion& conversion, std::int64_t number) {
   return digits;
 }
 
-// What stands in front of the digits. A number below zero is shown as such whatever its conversion says.
+// Returns the sign or prefix before the digits. A negative number in base 10 always gets a minus sign, even
+// for %u.
 WString Prefix(const Conversion& conversion, std::int64_t value) {
   if (value < 0 && BaseOf(conversion) == 10) return W("-");
   switch (conversion.letter) {
@@ -145,8 +148,8 @@ void AppendText(WString& result, const Conversion& conversion, WString text) {
   result += text;
 }
 
-// Fills the first `count` conversions with one of `letters`: `append(result, conversion, index)` adds a
-// value.
+// Replaces the first `count` conversions whose letter is one of `letters`: `append(result, conversion,
+// index)` appends the formatted value.
 template <typename Append>
 WString Fill(WStringView format, WStringView letters, std::size_t count, std::size_t limit, Append append) {
   WString result;

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Windows keeps the texts of its network errors in a library of their own.
+// Windows stores the texts of its network errors in a separate library, netmsg.dll.
 constexpr DWORD kFirstNetworkError = 2100;
 constexpr DWORD kLastNetworkError = 2999;
 

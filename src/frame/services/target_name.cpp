@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::size_t kMostNameChars = 4096;
 
-// Replaces the first `mark` in `text`; false if there is none.
+// Replaces the first `mark` in `text`. Returns false if `text` does not contain it.
 bool ReplaceFirst(WString& text, WStringView mark, WStringView replacement) {
   const std::size_t at = text.find(mark);
   if (at == WString::npos) return false;

@@ -1,4 +1,4 @@
-// Target names from a pattern with asterisks.
+// Makes target names from a pattern with asterisks.
 #pragma once
 
 #include "frame/host/host_files.h"
