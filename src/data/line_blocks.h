@@ -1,6 +1,6 @@
-// The loaders' common road from a reader's bytes to lines: blocks of text that never move, and a scan that
-// finds the lines in them. A line never spans two blocks: what is cut by a block's end is copied to the next
-// one.
+// Splits the bytes of a reader into lines, for all text loaders: reads blocks of text, which never move in
+// memory, and finds the lines in them. A line never spans two blocks: an incomplete line at the end of a
+// block is copied to the next one.
 //
 // CharT is char or WCHAR.
 #pragma once
@@ -23,26 +23,26 @@ namespace WQDR {
 // the next block begins with its LF (C-037).
 constexpr std::uint32_t kBlockGuard = 32;
 
-using LineBlock = std::unique_ptr<char[]>;  // the block size + kBlockGuard bytes, zeros behind the data
+using LineBlock = std::unique_ptr<char[]>;  // block size + kBlockGuard bytes, with zeros after the data
 
 enum class LineEnd : std::uint32_t { kNone = 0, kLf = 2, kCrLf = 3 };
 
-// A line as the scan finds it, without its ending.
+// A line that the scan has found, without its ending.
 template <typename CharT>
 struct ScannedLine {
   const CharT* text;
   std::uint32_t length;     // bytes
-  std::uint8_t endingSize;  // bytes of the ending; 0 for a lone CR, which separates lines and is lost
+  std::uint8_t endingSize;  // bytes of the ending; 0 for a lone CR, which separates lines and is not kept
   LineEnd ending;
 };
 
-// What becomes of an odd byte at the end of a 16-bit text.
+// How to treat an odd byte at the end of a 16-bit text.
 enum class OddByte {
   kPadded,  // a zero byte makes it the last character (C-103)
   kApart    // it is not part of the text (C-230)
 };
 
-// How far a load has come, in bytes.
+// The progress of a load, in bytes.
 struct LoadProgress {
   std::uint64_t done;
   std::uint64_t left;
@@ -51,7 +51,7 @@ struct LoadProgress {
 template <typename CharT>
 class LineBlockReader {
  public:
-  // The blocks are added to `blocks`. A block holds whole characters.
+  // Appends the blocks to `blocks`. A block contains only whole characters.
   LineBlockReader(DataReader& reader, std::uint32_t blockSize, std::vector<LineBlock>& blocks,
                   OddByte oddByte)
       : reader_(reader),
@@ -60,9 +60,9 @@ class LineBlockReader {
         blocks_(blocks),
         oddByte_(oddByte) {}
 
-  // Hands each line to `onLine(const ScannedLine<CharT>&, const LoadProgress&)`, in their order. Throws what
-  // the reader throws, and std::bad_alloc, at once for a line that fills a block with more of the text behind
-  // it.
+  // Calls `onLine(const ScannedLine<CharT>&, const LoadProgress&)` for each line, in order. Throws the
+  // exceptions of the reader, and std::bad_alloc, also for a line that fills a block without being the end of
+  // the text.
   template <typename OnLine>
   void ReadAll(OnLine&& onLine) {
     std::uint32_t carry = 0;
@@ -78,7 +78,7 @@ class LineBlockReader {
     }
   }
 
-  // The byte that was kept apart.
+  // Returns the odd byte at the end of the text for OddByte::kApart, if there is one.
   std::optional<char> ByteApart() const { return byteApart_; }
 
  private:
@@ -93,11 +93,12 @@ class LineBlockReader {
     std::memset(Block() + offset, 0, std::size_t{blockSize_} + kBlockGuard - offset);
   }
 
-  // Reads behind the carried bytes and answers how many the block holds now; zeros stand behind them. A file
-  // that ends before its size has been cut meanwhile: what is left of it must not be taken for the whole.
+  // Fills the block after its first `carry` bytes, appends zeros, and returns the number of bytes that the
+  // block contains. Throws if the reader ends before its size: the file has been truncated meanwhile, and the
+  // rest must not be taken for the whole text.
   std::uint32_t Fill(std::uint32_t carry) {
     std::uint32_t filled = carry;
-    // A reader may stop before it has given what was asked for.
+    // A reader may return fewer bytes than requested.
     while (remaining_ != 0 && filled < blockSize_) {
       std::uint32_t got = 0;
       const std::uint32_t toRead = blockSize_ - filled;
@@ -112,8 +113,8 @@ class LineBlockReader {
     return filled;
   }
 
-  // Finds the lines that end in the block; the last line needs no end once all is read. Answers the bytes
-  // done with.
+  // Finds the lines that end in the block; after the last block has been read, the last line needs no line
+  // end. Returns the number of bytes processed.
   template <typename OnLine>
   std::uint32_t Scan(std::uint32_t filled, OnLine&& onLine) {
     const auto* const block = reinterpret_cast<const CharT*>(Block());
@@ -144,7 +145,7 @@ class LineBlockReader {
     return static_cast<std::uint32_t>(reinterpret_cast<const char*>(p) - Block());
   }
 
-  // The rest of the block begins the next one.
+  // Allocates the next block and copies the rest of the present one to its beginning.
   void CarryOver(std::uint32_t from, std::uint32_t count) {
     NewBlock();
     std::memcpy(Block(), blocks_[blocks_.size() - 2].get() + from, count);
@@ -158,10 +159,10 @@ class LineBlockReader {
   std::optional<char> byteApart_;
 };
 
-// Makes room for one more record of a line. Doubling would copy the records several times, and a copy late in
-// the load takes twice their memory. So the growth follows what the lines so far foretell, with a margin:
-// memory that is not written to costs next to nothing. The first lines of a file may be of another kind than
-// the rest, so few lines foretell only some more.
+// Reserves room for one more record of a line. Doubling the capacity would copy the records several times,
+// and a copy late in the load needs twice their memory. So this reserves the estimated number of lines of the
+// text, from the lines so far, with a margin: memory that is not written to costs almost nothing. The first
+// lines of a file may differ from the rest, so the growth by one step is limited.
 template <typename Record>
 void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress) {
   if (records.size() < records.capacity()) return;
@@ -182,7 +183,7 @@ void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress)
   }
 }
 
-// Room for the first lines of a text of `bytes`, taken before the first of them is known.
+// Reserves room for the first lines of a text of `bytes` bytes, before any line has been read.
 template <typename Record>
 void ReserveFirstLines(std::vector<Record>& records, std::uint64_t bytes) {
   constexpr std::uint64_t kMeanLine = 60;  // assumed bytes of a line and its ending

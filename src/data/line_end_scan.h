@@ -1,4 +1,4 @@
-// The search for the end of a line: the inner loop of the loaders of text.
+// The search for the end of a line: the inner loop of the text loaders.
 #pragma once
 
 #include <cstdint>
@@ -18,8 +18,8 @@ constexpr bool IsLineEnd(CharT c) {
   return c == '\r' || c == '\n';
 }
 
-// The first CR or LF at or after `p`, or `end`. Up to 15 bytes behind `end` are read as well: they belong to
-// the block.
+// Returns the first CR or LF at or after `p`, or `end` if there is none. May read up to 15 bytes after `end`,
+// which must be readable.
 template <typename CharT>
 const CharT* FindLineEnd(const CharT* p, const CharT* end) {
 #if defined(__SSE2__) || defined(_M_X64)

@@ -1,4 +1,4 @@
-// The message of a failed call on a file, for readers and writers.
+// Throws the exception for a failed call on a file, for readers and writers.
 #pragma once
 
 #include "data/data_exception.h"
