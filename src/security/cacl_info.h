@@ -1,4 +1,4 @@
-// The rights of the user who runs the program on one file, from the file's access list.
+// The rights of the current user to a file, computed from the file's access list.
 #pragma once
 
 #include <forward_list>
@@ -17,9 +17,9 @@ class CACLInfo {
 
  private:
   WString path_;
-  // None are ever put in: the rights are asked of the file's own list.
+  // Always empty: the rights come from the file's own list.
   std::forward_list<ACCESS_MASK> entries_;
 };
 
-// The three letters of a mask of file rights.
+// Returns the three letters of a mask of file rights.
 WString AccessTextOf(DWORD mask);

@@ -1,9 +1,9 @@
-// Who owns a file, what the current user may do with it, its alternate data streams, and the three changes:
-// take ownership, add access, reset access.
+// Reads the owner of a file, the access of the current user and the alternate data streams, and makes three
+// changes: take ownership, add access, reset access.
 //
-// Paths are taken as they stand. What changes something returns 0 or a Windows error number;
-// ERROR_INVALID_PARAMETER (87) stands for an empty path or user as well. Nothing here shows anything to the
-// user. The questions may be asked from several threads.
+// Paths are not changed. Functions that make changes return 0 or a Windows error number,
+// ERROR_INVALID_PARAMETER (87) also for an empty path or user. No function shows anything to the user.
+// Functions that only read may be called from several threads.
 #pragma once
 
 #include "frame/host/host_types.h"
@@ -16,11 +16,13 @@ class NTFSTools {
 
   virtual ~NTFSTools() = default;
 
-  // Stores "DOMAIN\name", or the name alone where there is no domain. With `remote` the server of the path
-  // is asked for the name. False, and `owner` as it was, if the owner cannot be told.
+  // Stores the owner as "DOMAIN\name", or only the name if there is no domain. With `remote`, looks up the
+  // name on the server of the path. Returns false and leaves `owner` unchanged if the owner cannot be
+  // determined.
   bool GetOwnerName(const WCHAR* path, WString& owner, bool remote);
 
-  // Three characters: R, W and X for what the user who runs the program may do, each a blank if he may not.
+  // Returns three characters, R, W and X for the rights of the current user, each replaced by a blank if the
+  // right is missing.
   WString GetAccessString(const WString& path);
 
   // The number of the streams without the first one, which is a file's unnamed one, and the sum of their
@@ -29,11 +31,11 @@ class NTFSTools {
   u32 GetAlternateStreamCount(const WCHAR* path);
   u64 GetAlternateStreamSize(const WCHAR* path);
 
-  // The server that the drive of the path is mapped to. The network is not asked again for a drive letter
-  // whose server is known.
+  // Stores the server that the drive of the path is mapped to. Servers of drive letters are cached
+  // (server_cache.h).
   bool GetServerOfDrive(WString& server, const WCHAR* path);
 
-  // Makes the user the owner. EnableTakeOwnership comes before.
+  // Makes the user the owner. Call EnableTakeOwnership first.
   u32 TakeOwnership(const WString& path, const WString& user);
 
   // Adds an entry that allows the rights of the mask to a user or group, and turns every entry of the list
@@ -50,6 +52,6 @@ class NTFSTools {
   //    (C-509).
   u32 ResetAccess(const WString& path);
 
-  // Enables SeTakeOwnershipPrivilege for the life of the process, and lists it if the list remembers.
+  // Enables SeTakeOwnershipPrivilege until the process ends, and adds it to `list` if that remembers names.
   bool EnableTakeOwnership(PrivilegeList& list);
 };
