@@ -48,7 +48,7 @@ enum ServiceNumber : u32 {
 // Codes of IHostApp::FileListRequest.
 enum FileListCode : u32 {
   kListAllItems = 21110,     // appends all items of the view
-  kListFocusedItem = 21111,  // appends the focused item
+  kListFocusedItem = 21111,  // adds the focused item
   kListResult = 21120,       // passes a list of results to the view; mode 0: succeeded, 1: failed
   kListSelectedItems = 21215,
 };
