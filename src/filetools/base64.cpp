@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-// Both characters of twelve bits.
+// The two characters that encode each value of twelve bits.
 constexpr auto kPairs = [] {
   std::array<std::array<char, 2>, 4096> pairs = {};
   for (std::size_t bits = 0; bits < pairs.size(); ++bits)
@@ -74,7 +74,7 @@ bool CBase64::Decode(const char* text, std::size_t length, unsigned char* output
   const unsigned char* const end = group + (length & ~std::size_t{3});
   std::size_t decoded = 0;
   for (; group != end; group += 4) {
-    // Less room than this is refused below, whatever the group holds.
+    // With less room the check below fails for any group.
     if (decoded + kSpare >= room) return false;
     StoreGroup(DecodeGroup(group), output + decoded);
     // The third character decides alone (C-427).

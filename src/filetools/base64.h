@@ -1,4 +1,4 @@
-// Base64 as MIME uses it. Works in memory; the files are base64_file.h's.
+// Base64 as MIME uses it, in memory. For files see base64_file.h.
 #pragma once
 
 #include <cstddef>
@@ -14,9 +14,9 @@ class CBase64 {
  public:
   virtual ~CBase64() = default;
 
-  // Decodes the whole groups of four characters in `text`; what is left behind them is dropped. A character
-  // outside the alphabet does not stop it and gives wrong bytes. `size` is the room of `output` in bytes, and
-  // becomes the number of bytes decoded; the room must exceed that by four at each group, else the answer is
-  // false. No bytes behind the room are written.
+  // Decodes the complete groups of four characters in `text`; ignores the characters after them. Does not
+  // stop at a character outside the alphabet, which results in wrong bytes. On entry `*size` is the size of
+  // `output` in bytes; it is set to the number of bytes decoded. Returns false if at any group the output has
+  // not room for four bytes more than decoded so far. Never writes past the end of `output`.
   bool Decode(const char* text, std::size_t length, unsigned char* output, std::uint32_t* size);
 };

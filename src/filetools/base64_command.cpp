@@ -14,13 +14,13 @@ namespace {
 
 constexpr const WCHAR* kEncodedExtension = W(".b64");
 
-// SplitPath cuts the folder of a deep path short.
+// Splits a path at its last backslash. Unlike SplitPath it does not truncate the folder.
 PathParts SplitWhole(const WString& path) {
   const std::size_t name = path.rfind(W('\\')) + 1;
   return {path.substr(0, name), path.substr(name)};
 }
 
-// Where a file goes, and whether it has a header.
+// The path of the target, and whether the source has a header.
 struct Target {
   WString path;
   bool hasHeader = false;

@@ -13,8 +13,8 @@
 
 namespace {
 
-// Bytes that are encoded at once, so that only the last block of a file has padding; characters that they
-// become.
+// The size of the blocks in which a file is encoded: a multiple of three bytes, so that only the last block
+// has padding. kEncodedBlock is the number of characters of an encoded block.
 constexpr std::size_t kEncodeBlock = 3072;
 constexpr std::size_t kEncodedBlock = kEncodeBlock / 3 * 4;
 constexpr std::size_t kBlocksAtOnce = 20;
@@ -22,7 +22,8 @@ constexpr std::size_t kBlocksAtOnce = 20;
 constexpr std::size_t kLineLength = 76;
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Bytes that are looked at for the name, for the end of the header, and that are decoded at once.
+// The number of bytes that are searched for the name, and the size of the blocks that are searched for the
+// end of the header and decoded.
 constexpr std::size_t kNameSearchBytes = 1023;
 constexpr std::size_t kDecodeBlock = 4096;
 
@@ -42,7 +43,7 @@ constexpr HeaderLine kHeader[] = {
 };
 // clang-format on
 
-// A line has room for any name: no file system has one of 2000 bytes.
+// Writes the header with the name of the source. Returns false if a write fails.
 bool WriteHeader(FileOutput& target, const std::string& name) {
   for (const HeaderLine& line : kHeader) {
     const std::string text = line.before + (line.hasName ? name : std::string()) + line.behind;
@@ -118,7 +119,7 @@ class Decoder {
  public:
   explicit Decoder(FileOutput& target) : target_(target) {}
 
-  // Takes the bytes up to the first zero.
+  // Decodes the bytes up to the first zero byte.
   bool Add(const char* bytes, std::size_t size) {
     const void* const zero = std::memchr(bytes, 0, size);
     if (zero) size = static_cast<std::size_t>(static_cast<const char*>(zero) - bytes);
@@ -194,7 +195,7 @@ std::optional<WString> GetEncodedFileName(const WString& path) {
   if (!file.Open(path) || !file.Read(header.data(), header.size(), &size)) return std::nullopt;
   const std::optional<std::string_view> name = FindEncodedName({header.data(), size});
   if (!name) return std::nullopt;
-  // Judged as text: in some code pages the byte of a backslash is half of a character.
+  // Checks the name as UTF-16, because in some code pages the byte of a backslash may be half of a character.
   const WString text = WQDR::FromCodePage(CP_THREAD_ACP, *name);
   return IsFileNameToDecode(text) ? text : WString();
 }

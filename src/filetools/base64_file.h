@@ -8,19 +8,20 @@
 #include "frame/host/host_app.h"
 #include "platform/text.h"
 
-// Writes `target` anew. False if a file cannot be opened or a read or write fails; a partial target stays.
+// Encodes `source` to `target`, which is overwritten if it exists. Returns false if a file cannot be opened
+// or a read or write fails; a partial target then remains.
 bool EncodeFileBase64(const WString& source, const WString& target);
 
 // Writes `target` anew; with `skipHeader` from FindBase64Start on. Returns false if a file cannot be opened
 // or a write fails; a partial target stays. A read that fails ends the text, and the result is true (C-424).
 bool DecodeFileBase64(const WString& source, const WString& target, bool skipHeader);
 
-// Returns the first name in the file's header; nothing if it has none, and the empty text for a name that is
-// refused (see decoded_name.h).
+// Returns the first name in the file's header; std::nullopt if it has none, and the empty text if the name is
+// not allowed (decoded_name.h).
 std::optional<WString> GetEncodedFileName(const WString& path);
 
-// Where the text behind the header begins: behind the first empty line that is the fourth line or a later
-// one, up to the tenth. 0 if there is none. Reads from the file's beginning.
+// Returns the offset of the text after the header: after the first empty line among the fourth to the tenth
+// line; 0 if there is no such line. The file must be at its beginning.
 std::uint32_t FindBase64Start(FileInput& file);
 
 // Encodes or decodes one file beside itself, with a question if the target exists. Returns false if the host

@@ -1,4 +1,4 @@
-// The control panel branch of the menu, and starting an item of it.
+// The control panel branch of the menu.
 #pragma once
 
 #include "frame/host/host_app.h"

@@ -12,12 +12,12 @@ using namespace Velmora::SDK;
 namespace {
 
 constexpr u32 kPathChars = 4096;
-using PathBuffer = std::array<WCHAR, kPathChars + 1>;  // a zero stands behind what a host fills whole
+using PathBuffer = std::array<WCHAR, kPathChars + 1>;  // terminated even if the host fills all of its buffer
 
 constexpr const WCHAR* kSection = W("CreateLink");
 constexpr const WCHAR* kLastKindKey = W("LastLinkValue");
 
-// What a link is made of.
+// The target of a link.
 struct Item {
   WString name;
   WString path;
@@ -56,7 +56,7 @@ void ShowNoSymbolicLinks(IHostApp& host) {
   host.MessageBox(caption.c_str(), text.c_str(), MB_OK | MB_ICONERROR);
 }
 
-// The items that a host's list holds.
+// Returns the items of a host's list.
 std::vector<IHostFileItem*> ItemsOf(IHostFileList& list) {
   std::vector<IHostFileItem*> items;
   const u32 count = list.GetCount();

@@ -45,7 +45,7 @@ struct RefusalRow {
   TextId status;
 };
 
-// The first that applies says why the kind cannot be used.
+// The reasons why a kind cannot be used. The first row that applies is shown.
 // clang-format off
 constexpr RefusalRow kRefusals[] = {
   {kHardLink,     IsMixed, kTextLinkHardMixed},

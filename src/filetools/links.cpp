@@ -30,10 +30,10 @@ DWORD CreateJunctionTo(const WString& link, const WString& target, bool) {
   return CreateJunction(link, target);
 }
 
-// Systems whose headers do not name this flag take it all the same.
+// SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE, which not all headers define.
 constexpr DWORD kAllowUnprivilegedCreate = 2;
 
-// The function is looked up, since not every Windows has it.
+// Looks the function up at run time, because some versions of Windows lack it.
 DWORD CreateSymbolicLinkTo(const WString& link, const WString& target, bool isFolder) {
   const SystemLibrary library(W("kernel32.dll"));
   const auto create = library.Find<decltype(&CreateSymbolicLinkW)>("CreateSymbolicLinkW");

@@ -1,13 +1,13 @@
-// Making one link: a hard link, a junction, a symbolic link or a shortcut file.
+// Creates links: hard links, junctions, symbolic links and shortcut files.
 //
-// All errors are Windows error numbers, 0 for success. Each outcome is a line of the host's log, of
-// category 1. Everything runs on the thread of the host's call, on which the host has initialised COM.
+// All functions return 0 or a Windows error number. Each result is logged in the host's log, in category 1.
+// The functions must run on the thread of the host's call, on which the host has initialised COM.
 #pragma once
 
 #include "frame/host/host_app.h"
 
-// The number that the dialog's list, the setting, the script parameter and the helper's message share. What
-// comes from outside may be any number, so this type holds them all: those without a name make no link.
+// The kind of a link, as stored in the dialog's list, the setting, the script parameter and the helper's
+// message. Values from outside may be any number; no link is created for those without a name.
 enum LinkKind : Velmora::SDK::s32 {
   kHardLink = 1,
   kJunction = 2,
@@ -21,8 +21,8 @@ enum LinkKind : Velmora::SDK::s32 {
 DWORD CreateLinkOfKind(Velmora::SDK::IHostApp* host, LinkKind kind, const WString& link,
                        const WString& target, bool isFolder);
 
-// The same by way of the elevated helper (service 3250), with a log line here too once the helper was
-// reached. ERROR_ACCESS_DENIED (5) if it was not.
+// Creates a link by way of the elevated helper (service 3250), and logs the result in this process too.
+// Returns ERROR_ACCESS_DENIED (5), without logging, if the helper cannot be reached.
 DWORD CreateLinkElevated(Velmora::SDK::IHostApp& host, LinkKind kind, const WString& link,
                          const WString& target, bool isFolder);
 

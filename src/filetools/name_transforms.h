@@ -1,11 +1,11 @@
-// The transforms of the quick rename commands: from a name to a new name, one item at a time, with no side
-// effect.
+// The transforms of the quick rename commands: each computes the new name of one item. They have no side
+// effects.
 #pragma once
 
 #include "frame/services/file_item_entry.h"
 
-// Sets `newName` and answers true if it differs from the item's present name; otherwise empties it and
-// answers false.
+// Sets the entry's `newName` and returns true if it differs from the item's present name; otherwise clears it
+// and returns false.
 using NameTransform = bool (*)(FileItemEntry& entry);
 
 // The transform of a one-step rename command (kCommandUpperCase to kCommandTidyName), or null for another

@@ -1,11 +1,12 @@
-// The quick rename commands: they take the selection, compute new names, ask, and let the host rename.
-// Nothing is written to the log but where said, and nothing is shown where no name would change.
+// The quick rename commands. They read the selection, compute the new names, ask for confirmation, and let
+// the host rename. Unless documented otherwise they do not write to the log, and do nothing if no name would
+// change.
 #pragma once
 
 #include "filetools/replace_dlg.h"
 #include "frame/host/host_app.h"
 
-// The family of one-step transforms; see FindNameTransform.
+// Runs a command that has a transform; see FindNameTransform.
 void QuickRenameCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);
 
 // kCommandReplaceXWithY: asks what to replace with what, and keeps both histories.

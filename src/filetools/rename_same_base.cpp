@@ -19,9 +19,9 @@ WString NameOfItem(IHostFileItem& item) {
 
 WString BaseOf(const WString& name) { return name.substr(0, name.rfind(W('.'))); }
 
-// The files of the view whose base name is the focused item's; none without a focused item, and nothing where
-// the host refuses the view. The focused item stands first in the list and, with the view's items behind it,
-// a second time in its place there.
+// Returns the files of the view that have the base name of the focused item; no files without a focused item,
+// std::nullopt if the host refuses the view. In `list` the focused item is first and occurs again among the
+// items of the view, which follow it.
 std::optional<FileItemEntries> FilesOfFocusedBase(IHostApp& host, IHostFileList& list) {
   if (host.FileListRequest(kListFocusedItem, &list, kModePlain, 0) == 0) return FileItemEntries();
   if (host.FileListRequest(kListAllItems, &list, kModePlain, 0) == 0) return std::nullopt;

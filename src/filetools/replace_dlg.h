@@ -11,5 +11,5 @@
 // the native build the form goes to whoever answers dialogs there.
 INT_PTR ShowReplaceDlg(Velmora::SDK::IHostApp& host, ReplaceForm& form);
 
-// How a command asks for the dialog, so that a test can answer by editing the form.
+// The function with which the command shows the dialog. Tests replace it by one that edits the form.
 using ReplaceDialog = std::function<INT_PTR(Velmora::SDK::IHostApp&, ReplaceForm&)>;

@@ -10,9 +10,9 @@
 
 // What became of a conversion.
 struct ConvertedText {
-  bool isTargetNew = false;  // the target is a file that this run has made
+  bool isTargetNew = false;  // this call has created the target
   bool isConverted = false;  // what ConvertTextFile returns
-  bool isWhole = false;      // the text was converted, and no read and no write failed
+  bool isWhole = false;      // the whole text was converted: no read and no write failed
 };
 
 // Writes the converted text to a new file, which must not exist. `conversion` is the command's number:
@@ -29,15 +29,15 @@ ConvertedText ConvertText(const WString& source, const WString& target, Velmora:
 bool ConvertTextFile(const WString& source, const WString& target, Velmora::SDK::s32 conversion,
                      std::uint32_t tabWidth);
 
-// Puts the converted text in the file's place, by way of path + ".temp" + the seconds of the clock. Leaves
-// the file as it was, in silence, unless its whole text was read and written; where the file cannot be
-// deleted the converted text stays under the temporary name. A temporary file that exists already is never
-// touched.
+// Replaces the file by its converted text, by way of a temporary file: path + ".temp" + the seconds of the
+// clock. Leaves the file unchanged, without a message, unless its whole text was read and written. If the
+// file cannot be deleted, the converted text remains under the temporary name. Never changes a temporary file
+// that already exists.
 //
-// If the new file cannot be renamed once the old one is deleted, the text is copied back to the file's name;
-// if that fails too, a box says where the text is.
+// If the temporary file cannot be renamed after the file was deleted, copies the text to the file's name; if
+// that fails too, a box says where the text is.
 void ConvertTextFileInPlace(Velmora::SDK::IHostApp& host, const WString& path, Velmora::SDK::s32 conversion,
                             std::uint32_t tabWidth);
 
-// The commands of these four numbers: asks once, and converts the selected files.
+// 30101, 30102, 30103 and 30110: asks once for confirmation and converts the selected files.
 void ConvertTextCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);

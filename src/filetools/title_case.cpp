@@ -4,7 +4,7 @@
 
 namespace {
 
-// Windows maps case one character to one character, so a text is mapped in place.
+// Maps the case of a text in place, which is possible because LCMapStringW maps each unit to one unit.
 void MapCase(WCHAR* text, std::size_t size, DWORD mapping) {
   if (size == 0 || size > static_cast<std::size_t>(std::numeric_limits<int>::max())) return;
   const int count = static_cast<int>(size);

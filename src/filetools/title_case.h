@@ -1,4 +1,4 @@
-// Letter case of names, by the invariant rules of the system (LCMapStringW).
+// Changes the letter case of names by the system's invariant rules (LCMapStringW).
 #pragma once
 
 #include "platform/text.h"

@@ -1,4 +1,4 @@
-// Rewriting XML files through the host's document.
+// Rewrites XML files with the host's XML document.
 #pragma once
 
 #include "frame/host/host_app.h"

@@ -46,7 +46,7 @@ bool FillCell(WCHAR* text, u16 textSize, u64 number) {
 }
 
 // Fills the cell with the value that the host has stored. Returns false if the host has stored none;
-// otherwise stores in `hasValue` whether the cell is not empty.
+// otherwise stores in `hasValue` whether the record has a value.
 bool FillFromStored(IHostFileItem& item, WCHAR* text, u16 textSize, u16 propertyNumber, bool& hasValue) {
   StoredProperty stored = {};
   if (item.GetStoredProperty(propertyModule, propertyNumber, &stored) == 0) return false;
