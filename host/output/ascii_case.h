@@ -1,4 +1,4 @@
-// Letter case of names that are ASCII, whatever the locale is.
+// Letter case of ASCII names, independent of the locale.
 #pragma once
 
 #include <string>

@@ -7,7 +7,7 @@
 namespace QxHost {
 namespace {
 
-// Wider fields are no fields of a log line.
+// The largest width or precision that is accepted.
 constexpr std::size_t kMostWidth = 1024;
 constexpr std::size_t kNoPrecision = std::numeric_limits<std::size_t>::max();
 constexpr WStringView kMissingText = W("(null)");
@@ -41,7 +41,7 @@ bool TakeFlag(Conversion& conversion, WCHAR character) {
   }
 }
 
-// False if the number is too large to be meant.
+// Reads a number. Returns false if it is above kMostWidth.
 bool TakeNumber(WStringView& rest, std::size_t& number) {
   number = 0;
   while (!rest.empty() && rest.front() >= W('0') && rest.front() <= W('9')) {
@@ -58,7 +58,7 @@ bool TakePrefix(WStringView& rest, WStringView prefix) {
   return true;
 }
 
-// Takes what stands behind the percent sign. False if it is no conversion that is known.
+// Parses the conversion after a percent sign. Returns false if it is not a known one.
 bool TakeConversion(WStringView& rest, Conversion& conversion) {
   while (!rest.empty() && TakeFlag(conversion, rest.front())) rest.remove_prefix(1);
   if (!TakeNumber(rest, conversion.width)) return false;
@@ -82,7 +82,8 @@ void AppendField(WString& result, const Conversion& conversion, WStringView sign
   if (conversion.left) result.append(padding, W(' '));
 }
 
-// The characters up to the terminator, and not one beyond the precision: such a text need not be terminated.
+// Returns the text up to its terminator, at most `precision` characters. Reads no further, because such a
+// text need not be terminated.
 template <typename CharT>
 std::basic_string_view<CharT> BoundedText(const CharT* text, std::size_t precision) {
   std::size_t size = 0;
@@ -130,7 +131,7 @@ void AppendNumber(WString& result, const Conversion& conversion, std::uint64_t b
   AppendField(result, conversion, sign, body, conversion.zeros && conversion.precision == kNoPrecision);
 }
 
-// va_list decays when it is handed on, so the walk holds it in a record of its own.
+// A va_list may be an array, which decays as an argument, so it is wrapped in a structure.
 struct ArgumentWalk {
   va_list list;
 };

@@ -149,7 +149,7 @@ std::vector<CommandName> CommandsThatBeginWith(std::string_view beginning) {
 constexpr std::size_t kShortestPart = 3;
 constexpr std::size_t kMostProposed = 5;
 
-// The nearest name, or if none is near the few names that contain the text.
+// Returns the nearest name or, if none is near, the names that contain the text if they are few.
 std::string ProposalOf(std::string_view text, const std::vector<std::string_view>& names) {
   const std::string nearest = DidYouMean(text, names);
   if (!nearest.empty() || text.size() < kShortestPart) return nearest;

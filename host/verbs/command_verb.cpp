@@ -14,7 +14,7 @@ constexpr s32 kLastRename = Velmora::SDK::kCommandSetExtension;
 // Its window would close as soon as it is open: `qxhost window` keeps it.
 constexpr s32 kMultiRenameWindow = Velmora::SDK::kCommandMultiRename;
 
-// The command as a person reads it: its name, if it has one, and its number.
+// Returns the name of the command, if it has one, and its number, for messages.
 std::string CommandTitle(s32 number) {
   const std::string name(NameOfCommand(number));
   return name.empty() ? std::to_string(number) : name + " (" + std::to_string(number) + ")";

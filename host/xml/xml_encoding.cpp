@@ -30,8 +30,8 @@ constexpr Named kNames[] = {
     {"ascii", {XmlCharset::kAscii, false}},
 };
 
-// 0x80 to 0x9F of windows-1252. The five bytes without a character mean the control character of their value,
-// as Windows has it.
+// The characters of the bytes 0x80 to 0x9F in windows-1252. The five bytes without a character map to the
+// control characters of the same value, as on Windows.
 constexpr std::array<char32_t, 32> kUpperControls1252 = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -54,7 +54,7 @@ unsigned ByteAt(std::string_view bytes, std::size_t at) { return static_cast<uns
 
 constexpr char32_t kNoCharacter = 0xFFFFFFFF;
 
-// The character that begins at `at`, which moves on behind it; kNoCharacter for bytes that are no UTF-8.
+// Returns the character at `at` and advances `at` past it; kNoCharacter for invalid UTF-8.
 char32_t NextUtf8(std::string_view bytes, std::size_t& at) {
   struct Form {
     unsigned mask, lead;
@@ -101,7 +101,7 @@ char32_t OfOneByte(unsigned byte, XmlCharset charset) {
   return byte;
 }
 
-// How many characters of ASCII the text begins with.
+// Returns the number of ASCII characters at the beginning of the text.
 std::size_t AsciiLength(std::string_view text) {
   const auto* const end = std::find_if(
       text.begin(), text.end(), [](char character) { return static_cast<unsigned char>(character) >= 0x80; });
@@ -124,7 +124,7 @@ bool IsUtf16(const XmlEncoding& encoding) {
 bool IsNamedBy(const XmlEncoding& encoding, std::string_view name) {
   const std::optional<XmlEncoding> named = XmlEncodingOfName(name);
   if (!named) return false;
-  // Only the name that leaves the byte order open comes with a mark.
+  // Only the name that does not specify the byte order requires a mark.
   if (named->hasMark) return IsUtf16(encoding);
   return named->charset == encoding.charset;
 }
@@ -227,7 +227,7 @@ void XmlEncoder::PutCharacter(char32_t character) {
 
 bool XmlEncoder::Put(std::string_view text, Lacking lacking) {
   for (std::size_t at = 0; at < text.size();) {
-    // ASCII is the same in all charsets but UTF-16.
+    // ASCII characters are encoded as themselves in all charsets except UTF-16.
     const std::size_t ascii = IsUtf16(encoding_) ? 0 : AsciiLength(text.substr(at));
     bytes_ += text.substr(at, ascii);
     at += ascii;
@@ -239,7 +239,7 @@ bool XmlEncoder::Put(std::string_view text, Lacking lacking) {
       continue;
     }
     if (lacking == Lacking::kRefuse) return false;
-    // Only charsets of one byte lack characters, and all of them have the ones of a reference.
+    // Only single-byte charsets lack characters, and all of them have the characters of a reference.
     char reference[16];
     std::snprintf(reference, sizeof reference, "&#x%X;", static_cast<unsigned>(character));
     if (lacking == Lacking::kSplit) bytes_ += "]]>";
