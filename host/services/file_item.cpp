@@ -279,7 +279,7 @@ void FileItemTree::Rename(FileItem& item, WStringView newName) {
 void FileItemTree::PlaceRenamed() {
   for (const auto& [item, oldHash] : std::exchange(renamed_, {})) {
     Slot* const place = PlaceOf(*item, oldHash);
-    if (!place) continue;  // its name was taken by another item before
+    if (!place) continue;  // another item has taken over its old name
     place->item = kGone;
     MakeRoom();
     const std::uint32_t hash = HashOf(item->parent_, item->name_);

@@ -55,7 +55,7 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
 
   StoredProperties properties;
 
-  // Not while the item is renamed.
+  // Must not be called while another thread renames the item.
   WStringView Name() const { return name_; }
   const FileItem* Parent() const { return parent_; }  // null for a root
   WString FolderPath() const;                         // ends in a backslash
@@ -83,7 +83,7 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
   FileItem* parent_;  // null for a root
   WStringView name_;
   std::uint32_t number_;
-  std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
+  std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until they have been read
   std::atomic<Kind> kind_ = Kind::kUnknown;
 };
 
@@ -108,8 +108,8 @@ class FileItemTree {
   // error if the folder cannot be searched.
   bool AddFolderItems(const WString& folderPath, std::vector<FileItem*>& items);
 
-  // Gives an item another name after the system has done so. An item that had this name is of a file that has
-  // gone meanwhile; whoever holds it may go on asking.
+  // Changes the name of an item after the file has been renamed. If another item has this name, its file no
+  // longer exists; that item remains valid.
   void Rename(FileItem& item, WStringView newName);
 
   std::size_t Count() const { return items_.size(); }
@@ -124,10 +124,10 @@ class FileItemTree {
   static constexpr std::uint32_t kGone = 0xFFFFFFFE;
 
   static std::uint32_t HashOf(const FileItem* parent, WStringView name);
-  // With the lock held, all of these.
-  // The slot of the item, or the one that it is to have.
+  // Call these with the lock held.
+  // Returns the slot of the item, or the free one to use for it.
   Slot& SlotOf(const FileItem* parent, WStringView name, std::uint32_t hash);
-  // The slot that holds this item; null if its name was taken by another one.
+  // Returns the slot of this item; null if another item has taken over its name.
   Slot* PlaceOf(const FileItem& item, std::uint32_t hash);
   void MakeRoom();
   void PlaceRenamed();
@@ -136,12 +136,12 @@ class FileItemTree {
 
   TextArena names_;
   std::deque<FileItem> items_;  // by number
-  std::vector<Slot> slots_;     // by hash of name and parent; a power of 2
-  std::size_t usedSlots_ = 0;   // of items that are there, and of those that have gone
-  // Renamed items, whose slots are still those of their old names, by the hashes of these. A run renames many
-  // and looks for none.
+  std::vector<Slot> slots_;     // hash table by name and parent; the size is a power of 2
+  std::size_t usedSlots_ = 0;   // slots of present and of removed items
+  // Renamed items that are still in the slots of their old names, with the hashes of these names. A run
+  // renames many items without searching for any, so their slots are changed later.
   std::vector<std::pair<FileItem*, std::uint32_t>> renamed_;
-  // The folder of the last path: the next one is often in it as well.
+  // The folder of the last path, cached because the next path is often in it as well.
   WString lastFolderPath_;
   FileItem* lastFolder_ = nullptr;
 };

@@ -7,11 +7,11 @@
 namespace QxHost {
 namespace {
 
-// The quick rename commands: what they change are names alone.
+// The range of the quick rename commands, which only change names.
 constexpr s32 kFirstRename = Velmora::SDK::kCommandUpperCase;
 constexpr s32 kLastRename = Velmora::SDK::kCommandSetExtension;
 
-// Its window would close as soon as it is open: `qxhost window` keeps it.
+// The command that opens MultiRename's window, which would close at once here; `qxhost window` keeps it open.
 constexpr s32 kMultiRenameWindow = Velmora::SDK::kCommandMultiRename;
 
 // Returns the name of the command, if it has one, and its number, for messages.

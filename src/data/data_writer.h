@@ -49,8 +49,8 @@ class FileDataWriter final : public DataWriter {
   FileHandle handle;
 };
 
-// Writes into a block of memory that its maker has sized; what does not fit is cut off without an error
-// (C-039). CharT is the type of the characters that its user hands it. Fails never.
+// Writes to a block of memory of fixed size. Discards what does not fit, without an error (C-039). CharT is
+// the type of the characters that are written. Never fails.
 template <typename CharT>
 class MemoryDataWriter final : public DataWriter {
  public:

@@ -18,9 +18,9 @@
 
 namespace WQDR {
 
-// Zero bytes after each block, where everything ends that reads past a line: the wide steps of the scan,
-// numbers and dates of the sorter, and the byte after a CR. So a CR at a block's end is a lone one, even if
-// the next block begins with its LF (C-037).
+// The number of zero bytes after each block, for code that may read past the end of a line: the vector steps
+// of the scan, the sorter's parsers of numbers and dates, and the check for LF after a CR. So a CR at the end
+// of a block is a lone one, even if the next block begins with an LF (C-037).
 constexpr std::uint32_t kBlockGuard = 32;
 
 using LineBlock = std::unique_ptr<char[]>;  // block size + kBlockGuard bytes, with zeros after the data
@@ -72,7 +72,7 @@ class LineBlockReader {
       const std::uint32_t filled = Fill(carry);
       const std::uint32_t taken = Scan(filled, onLine);
       carry = filled - std::min(taken, filled);
-      // The block is full and holds no line ending: no later block can hold the line either (C-038).
+      // The block is full and contains no line end, so no other block could hold the line either (C-038).
       if (carry == blockSize_) throw std::bad_alloc();
       if (remaining_ != 0) CarryOver(taken, carry);
     }

@@ -20,10 +20,10 @@ enum class TextFormat : int {
 // The size of the head of a file in bytes.
 constexpr std::uint32_t kFileHeadSize = 1024;
 
-// Reads the head of a file that others may have open. The block has kFileHeadSize bytes, zeros behind the
-// `bytesRead` that were read. Throws WQDataReaderException: 2 "File not found" if the attributes cannot be
-// read, for any reason (C-034), and "Unable to open file" and "Unable to read file content" with the error of
-// the call.
+// Reads the head of a file that others may have open. Returns a block of kFileHeadSize bytes, with zeros
+// after the `bytesRead` bytes read. Throws WQDataReaderException: 2 with "File not found" if the attributes
+// cannot be read, for any reason (C-034), or the error of the call with "Unable to open file" or "Unable to
+// read file content".
 std::unique_ptr<unsigned char[]> ReadFileHead(const WString& path, std::uint32_t* bytesRead);
 
 // Detects the format of a file. Throws as ReadFileHead does.

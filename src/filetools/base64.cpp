@@ -16,8 +16,9 @@ constexpr auto kPairs = [] {
   return pairs;
 }();
 
-// What a character adds to the three bytes of its group, the first byte lowest, by its place in the group. A
-// character outside the alphabet counts as 255, of which more than six bits may remain (C-423).
+// The value that a character contributes to the three bytes of its group, by its position in the group and
+// its code. The first byte is the lowest one. A character outside the alphabet has the value 255, of which
+// more than six bits may remain (C-423).
 constexpr auto kGroupParts = [] {
   std::array<std::array<std::uint32_t, 256>, 4> parts = {};
   for (std::uint32_t character = 0; character < 256; ++character) {
@@ -77,7 +78,7 @@ bool CBase64::Decode(const char* text, std::size_t length, unsigned char* output
     // With less room the check below fails for any group.
     if (decoded + kSpare >= room) return false;
     StoreGroup(DecodeGroup(group), output + decoded);
-    // The third character decides alone (C-427).
+    // If the third character is "=", the fourth is not checked (C-427).
     decoded += group[2] == '=' ? 1 : group[3] == '=' ? 2 : 3;
     if (decoded + kSpare > room) return false;
   }

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// Stores the characters of `size` bytes in `output`, four for each three bytes, the last group filled up with
-// "=", and returns their number. The bits that a last group of one or two bytes leaves open come from
+// Encodes `size` bytes to `output`, four characters for three bytes, the last group padded with "=", and
+// returns the number of characters. If the last group has only one or two bytes, its unused bits come from
 // `behind[0]` and `behind[1]`, the bytes that follow (C-421).
 std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const unsigned char behind[2],
                          char* output);

@@ -52,8 +52,9 @@ bool WriteHeader(FileOutput& target, const std::string& name) {
   return true;
 }
 
-// Breaks the characters of block after block into lines. The last 76 of a block or fewer go out in one piece,
-// even if that makes a line longer than 76, which happens in the last block only (C-422).
+// Splits the characters of successive blocks into lines of 76. Writes the last 76 or fewer characters of a
+// block without splitting them, even if that makes a longer line, which only happens in the last block
+// (C-422).
 class LineBreaker {
  public:
   explicit LineBreaker(FileOutput& target) : target_(target) {}
@@ -77,8 +78,8 @@ class LineBreaker {
   std::size_t column_ = 0;
 };
 
-// A block to encode follows the one before it, from which the bits come that the last group leaves open
-// (C-421).
+// The block to encode, after the previous block, which supplies the bits that an incomplete last group leaves
+// open (C-421).
 class EncodeBuffer {
  public:
   bool Fill(FileInput& source, std::size_t* size) {
@@ -95,8 +96,8 @@ class EncodeBuffer {
   std::unique_ptr<unsigned char[]> bytes_ = std::make_unique<unsigned char[]>(kEncodeBlock + kSize + kSpare);
 };
 
-// Removes each pair of CR and LF; a pair that this makes stays (C-423). Returns the number of characters
-// left.
+// Removes each CR LF pair in place, in one pass: a pair that a removal creates remains (C-423). Returns the
+// number of characters left.
 std::size_t RemoveLineEnds(char* text, std::size_t size) {
   char* to = text;
   const char* from = text;
@@ -113,8 +114,8 @@ std::size_t RemoveLineEnds(char* text, std::size_t size) {
   return static_cast<std::size_t>(to - text);
 }
 
-// Decodes a file's text in blocks. Characters that make no whole group are carried over to the next block,
-// and dropped after the last one (C-428).
+// Decodes the text of a file in blocks. Characters of an incomplete group are kept for the next block, and
+// dropped after the last one (C-428).
 class Decoder {
  public:
   explicit Decoder(FileOutput& target) : target_(target) {}

@@ -8,7 +8,6 @@
 void BuildControlPanelMenu(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostMenuBuilder& builder,
                            Velmora::SDK::IHostCommandFactory& factory, Velmora::SDK::MenuHandle root);
 
-// Starts the item by its canonical name (ShellExecuteW of Control.exe). It need not be one that the menu
-// offers (C-462). Nothing happens, and nothing is reported, if there is no such row or the system cannot
-// start it.
+// Starts the item of a row by its canonical name (ShellExecuteW of Control.exe), even if the menu does not
+// offer it (C-462). Does nothing if there is no such row, and does not report a failure to start it.
 void LaunchControlPanelItem(Velmora::SDK::u32 rowId);

@@ -73,7 +73,8 @@ void FillForOne(CreateLinksForm& form, IHostFileItem& item, const WString& folde
   form.targetIsFolder = source.isFolder;
 }
 
-// The names are only shown, with two backslashes for the root of a drive (C-413).
+// Fills the form for several items. The names are only displayed, with two backslashes after the root of a
+// drive (C-413).
 void FillForSeveral(CreateLinksForm& form, const std::vector<IHostFileItem*>& items, const WString& folder) {
   form.multiple = true;
   form.linkName = folder + W("*");
@@ -83,7 +84,7 @@ void FillForSeveral(CreateLinksForm& form, const std::vector<IHostFileItem*>& it
   }
 }
 
-// A shortcut keeps the old extension before its own (C-405).
+// Creates one link for each item. The name of a shortcut keeps the item's extension before its own (C-405).
 void LinkSeveral(IHostApp& host, LinkKind kind, const std::vector<IHostFileItem*>& items,
                  const WString& folder) {
   for (IHostFileItem* const item : items) {

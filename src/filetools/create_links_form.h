@@ -9,8 +9,8 @@ struct CreateLinksForm {
   // The kind if no row of the list is selected.
   static constexpr int kNoKind = -1;
 
-  // What the dialog is about. The rules use the two names as they are here, not as the user has edited them
-  // (C-403); on OK they take what the fields hold.
+  // The input of the dialog. The rules use the two names as they are here, not as the user has edited them
+  // (C-403); FinishForm stores the edited ones here.
   WString linkName;    // the path that will be created
   WString targetName;  // the existing file or folder
   bool targetIsFolder = false;
@@ -33,8 +33,8 @@ struct CreateLinksForm {
   bool nameShownAsShortcut = false;  // the link field contains the name of a shortcut
 };
 
-// Fills the fields and selects a kind: the last one, or the junction if none was used yet. An unknown last
-// kind selects no row (C-406).
+// Fills the fields and selects a kind: the last one used, or the junction if none was used yet. Selects no
+// row if the last kind is unknown (C-406).
 void StartForm(CreateLinksForm& form);
 
 // Updates the description, the rules and the name of a shortcut after linkKind has changed.

@@ -35,7 +35,7 @@ static_assert(offsetof(MountPointRecord, pathBuffer) == 16);
 std::unique_ptr<MountPointRecord> MakeMountPointRecord(WStringView path);
 
 // Makes the empty folder `folder` a junction to `target`, which must exist; a target that begins with `\?` is
-// used as it is and not looked for (C-408). Returns false, and leaves the folder as it was, if that fails.
+// used unchanged and not checked (C-408). Returns false and leaves the folder unchanged if that fails.
 bool SetJunctionTarget(const WString& folder, const WString& target);
 
 // Creates the junction `link` to `target`, from an existing empty folder or from a new folder, which is

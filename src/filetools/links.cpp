@@ -50,7 +50,7 @@ DWORD CreateShortcutTo(const WString& link, const WString& target, bool isFolder
   return CreateShortcut(link, target, isFolder) ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
 }
 
-// A shortcut has no word of its own in the log (C-401).
+// The word for shortcuts in the log, which is the one for unknown kinds (C-401).
 constexpr const WCHAR* kUnknownWord = W("Unknown");
 
 // clang-format off

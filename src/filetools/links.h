@@ -15,9 +15,10 @@ enum LinkKind : Velmora::SDK::s32 {
   kShortcut = 4,
 };
 
-// The link at `link` to `target`, which is a folder if `isFolder`, and the log line if there is a host: the
-// instance in the elevated helper may have none. ERROR_INVALID_DATA (13) for a junction that cannot be made
-// and for an unknown kind, ERROR_PATH_NOT_FOUND (3) for a shortcut, else the system's error (C-407).
+// Creates the link `link` to `target`, which is a folder if `isFolder`. Logs the result if `host` is not
+// null; in the elevated helper it may be null. Returns 0, ERROR_INVALID_DATA (13) for a junction that cannot
+// be created and for an unknown kind, ERROR_PATH_NOT_FOUND (3) for a shortcut that cannot be created, or the
+// system's error (C-407).
 DWORD CreateLinkOfKind(Velmora::SDK::IHostApp* host, LinkKind kind, const WString& link,
                        const WString& target, bool isFolder);
 
@@ -26,8 +27,8 @@ DWORD CreateLinkOfKind(Velmora::SDK::IHostApp* host, LinkKind kind, const WStrin
 DWORD CreateLinkElevated(Velmora::SDK::IHostApp& host, LinkKind kind, const WString& link,
                          const WString& target, bool isFolder);
 
-// CreateLinkOfKind; what the system refuses for lack of rights goes to the helper, unless the process is
-// elevated or the system has no helper. Both attempts are logged (C-412). An error that remains is shown in a
-// box.
+// Creates a link with CreateLinkOfKind. If that fails for lack of rights, tries it by way of the helper,
+// unless the process is elevated or the system has no helper. Logs both attempts (C-412). Shows the final
+// error, if any, in a box and returns it.
 DWORD CreateLinkWithRetry(Velmora::SDK::IHostApp& host, LinkKind kind, const WString& link,
                           const WString& target, bool isFolder);

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-// Goes through the lines of a header. A line ends at LF or at CR; LF and CR LF are stepped over, a CR alone
-// is not, and no line follows it (C-426).
+// Iterates over the lines of a header. A line ends at CR LF, LF, or CR. A lone CR ends the iteration: no line
+// follows it (C-426).
 class HeaderLines {
  public:
   explicit HeaderLines(std::string_view text) : text_(text) {}

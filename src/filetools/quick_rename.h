@@ -9,13 +9,13 @@
 // Runs a command that has a transform; see FindNameTransform.
 void QuickRenameCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);
 
-// kCommandReplaceXWithY: asks what to replace with what, and keeps both histories.
+// kCommandReplaceXWithY: asks what to replace with what, and stores both histories.
 void ReplaceXYCommand(Velmora::SDK::IHostApp& host, const ReplaceDialog& showDialog = ShowReplaceDlg);
 
-// kCommandRenameSameBaseName: one new base name for all files of the view whose base name is the focused
-// item's. Does not ask again (C-307).
+// kCommandRenameSameBaseName: gives one new base name to all files of the view that have the base name of the
+// focused item. Does not ask for confirmation (C-307).
 void RenameSameBaseCommand(Velmora::SDK::IHostApp& host);
 
-// kCommandSetExtension: one extension for all selected files, without one leading dot of the answer (C-308).
-// Does not ask again (C-307). With nothing selected it says so in the log.
+// kCommandSetExtension: sets one extension for all selected files, after removing one leading dot from the
+// answer (C-308). Does not ask for confirmation (C-307). Logs a message if nothing is selected.
 void SetExtensionCommand(Velmora::SDK::IHostApp& host);

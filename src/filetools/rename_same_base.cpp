@@ -47,7 +47,7 @@ void RenameSameBaseCommand(IHostApp& host) {
   list.Release();
   if (!entries) return;
 
-  // The box is shown even if no file was found, and the batch then runs empty (C-306).
+  // Asks even if no file was found; the batch is then empty (C-306).
   std::array<WCHAR, kMaxNewBase> buffer = {};
   const WString title(ViewOf(host.GetLanguageString(kTextSameBaseTitle)));
   const WString prompt(ViewOf(host.GetLanguageString(kTextSameBasePrompt)));
@@ -57,7 +57,7 @@ void RenameSameBaseCommand(IHostApp& host) {
   for (FileItemEntry& entry : *entries) {
     const WString name = NameOfItem(*entry.item);
     const std::size_t dot = name.rfind(W('.'));
-    // A name without a dot gets no new name, and the host refuses that rename (C-306).
+    // For a name without a dot the new name stays empty, and the host refuses that rename (C-306).
     if (dot != WString::npos) entry.newName = newBase + name.substr(dot);
   }
   RunRenameBatch(host, *entries);

@@ -95,7 +95,7 @@ void ConvertTextFileInPlace(IHostApp& host, const WString& path, s32 conversion,
     if (result.isTargetNew) DeleteFileW(temporary.c_str());
     return;
   }
-  // Only a file that is gone makes room for the new one; otherwise that stays beside it (C-446).
+  // If the file cannot be deleted, the converted text remains under the temporary name (C-446).
   if (DeleteFileW(path.c_str())) PutInPlace(temporary, path);
 }
 

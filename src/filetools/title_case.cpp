@@ -31,7 +31,7 @@ void TitleCase(WString& text) {
     MapCase(&text[at], 1, capital ? LCMAP_UPPERCASE : LCMAP_LOWERCASE);
     capital = false;
     ++at;
-    // One separator is stepped over; a second one after it is mapped in the capital's place (C-301).
+    // Skips one separator. If a second one follows, it is mapped instead of a letter (C-301).
     if (at < text.size() && IsSeparator(text[at])) {
       capital = true;
       ++at;

@@ -6,7 +6,7 @@
 WString ToUpperCase(WStringView text);
 WString ToLowerCase(WStringView text);
 
-// In place: the first letter, and each one after a blank, dot, underscore or hyphen, in upper case, all
-// others in lower case. A separator that comes first, or after another separator, takes the place of that
-// letter, so "a--b" becomes "A--b" (C-301).
+// Converts the text in place: the first letter, and each letter after a blank, dot, underscore or hyphen, to
+// upper case, all others to lower case. A separator at the beginning, or after another separator, counts as
+// that letter, so "a--b" becomes "A--b" (C-301).
 void TitleCase(WString& text);

@@ -3,6 +3,6 @@
 
 #include "frame/host/host_app.h"
 
-// Runs the command of that number. Returns false if there is none, and true whatever the outcome of the tool
-// is (C-005).
+// Runs the command with this number. Returns false if no command has the number; otherwise true, even if the
+// tool fails (C-005).
 bool DispatchCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);

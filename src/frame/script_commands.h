@@ -9,7 +9,7 @@
 enum ScriptParameterFlag : Velmora::SDK::u32 {
   kScriptSwitch = 0x10,  // present or absent, without a value
   kScriptText = 0x20,
-  kScriptNumber = 0x40,  // read as text all the same
+  kScriptNumber = 0x40,  // the module reads it as text too
   kScriptRequired = 0x1000,
 };
 

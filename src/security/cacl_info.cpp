@@ -9,7 +9,7 @@ namespace {
 
 struct AccessLetter {
   WCHAR letter;
-  DWORD rights;  // all of them are needed (C-503)
+  DWORD rights;  // the letter needs all of them (C-503)
 };
 
 // clang-format off

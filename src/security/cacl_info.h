@@ -11,8 +11,8 @@ class CACLInfo {
   explicit CACLInfo(WString path) : path_(std::move(path)) {}
   virtual ~CACLInfo() = default;
 
-  // "RWX", each letter a blank where a right is missing. Three blanks for a file that cannot be read and for
-  // one without a list (C-504).
+  // Returns "RWX" with a blank for each right that is missing. Returns three blanks if the access list cannot
+  // be read, and if the file has none (C-504).
   WString AccessText() const;
 
  private:

@@ -25,8 +25,8 @@ u32 FailedCallError() {
   return error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE;
 }
 
-// The object type of a path for the named security functions. Only a path with a drive is a file; the others
-// get a number that the system refuses, and its error is shown to the user (C-507).
+// Returns the object type of a path for the named security functions. Only a path with a drive is a file; for
+// all others returns a type that the system refuses with an error, which is shown to the user (C-507).
 SE_OBJECT_TYPE ObjectTypeOfPath(const WString& path) {
   if (path.empty()) return SE_UNKNOWN_OBJECT_TYPE;
   return path.size() > 1 && path[1] == W(':') ? SE_FILE_OBJECT : static_cast<SE_OBJECT_TYPE>(4);

@@ -85,7 +85,7 @@ bool FillStreamSize(IHostFileItem& item, WCHAR* text, u16 textSize) {
   if (!path) return false;
   ResolveStreamQuery();
   const u64 size = NTFSTools().GetAlternateStreamSize(path->c_str());
-  // No value instead of 0, so the field is empty (C-502).
+  // Returns no value instead of 0, so the cell is empty (C-502).
   return size != 0 && FillCell(text, textSize, size);
 }
 

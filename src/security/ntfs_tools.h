@@ -25,9 +25,9 @@ class NTFSTools {
   // right is missing.
   WString GetAccessString(const WString& path);
 
-  // The number of the streams without the first one, which is a file's unnamed one, and the sum of their
-  // bytes. So the only stream of a folder, which has no unnamed one, does not count (C-501). 0 for what
-  // cannot be asked. Needs 64 KiB of stack.
+  // Return the number of streams and their total size in bytes, without the first stream, which is the
+  // unnamed one of a file. So the only stream of a folder, which has no unnamed one, does not count (C-501).
+  // Return 0 if the streams cannot be read. Use 64 KiB of stack.
   u32 GetAlternateStreamCount(const WCHAR* path);
   u64 GetAlternateStreamSize(const WCHAR* path);
 
@@ -38,18 +38,18 @@ class NTFSTools {
   // Makes the user the owner. Call EnableTakeOwnership first.
   u32 TakeOwnership(const WString& path, const WString& user);
 
-  // Adds an entry that allows the rights of the mask to a user or group, and turns every entry of the list
-  // into one that allows and is inherited, those that denied too (C-505). A failure to set the new list is
-  // not reported (C-506). 87 for a file without a list and for no rights.
+  // Adds an entry that allows the rights of the mask to a user or group, and turns every entry of the list,
+  // including those that deny, into one that allows and is inherited (C-505). Does not report a failure to
+  // set the new list (C-506). Returns 87 for a file without a list and for a mask of 0.
   u32 AddAccess(const WString& path, const WString& user, u32 accessMask);
 
-  // Removes the file's own entries. With SeSecurityPrivilege a protected, missing list is set first, for
-  // which nothing is reported if it fails; then the emptied list, whose error is returned. Beyond that:
-  //  - For a file without a list an empty one is set: to hand the missing list on would leave everything
-  //    allowed to everyone. It is set last, so that no step that fails leaves a file that nobody may enter.
-  //  - An entry that cannot be deleted ends it with that error, before anything is set.
-  //  - Between the two lists everything is allowed to everyone, and that stays if the second cannot be set
-  //    (C-509).
+  // Removes the file's own entries. With SeSecurityPrivilege, first sets a missing list that is protected,
+  // and ignores a failure; then sets the emptied list and returns its error. Details:
+  //  - A file without a list gets an empty one, because a missing list would allow everything to everyone.
+  //    It is set last, so that no failure leaves a file that nobody may access.
+  //  - If an entry cannot be deleted, returns that error before anything is set.
+  //  - Between the two lists everything is allowed to everyone, and this remains if the second list cannot
+  //    be set (C-509).
   u32 ResetAccess(const WString& path);
 
   // Enables SeTakeOwnershipPrivilege until the process ends, and adds it to `list` if that remembers names.

@@ -10,8 +10,8 @@
 // privilege.
 DWORD EnablePrivilege(const WCHAR* name, DWORD tokenAccess);
 
-// The privileges that a command has enabled. Its destructor looks each one up and disables none: they stay
-// enabled for the life of the process (C-508).
+// The privileges that a command has enabled. The destructor looks up each one but disables none: they stay
+// enabled until the process ends (C-508).
 class PrivilegeList {
  public:
   explicit PrivilegeList(bool remembers) : remember(remembers) {}

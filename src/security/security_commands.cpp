@@ -38,8 +38,8 @@ std::vector<SecurityTarget> SelectTargets(IHostApp& host) {
   return targets;
 }
 
-// A denied access has a text without a number, all other errors have a text of the command with the number
-// (C-511).
+// Shows an error: for denied access a text without a number, for all other errors the text of the command
+// with the error's number (C-511).
 void ShowSecurityError(IHostApp& host, u32 error, MessageText text) {
   if (error == ERROR_SUCCESS) return;
   const bool isDenied = error == ERROR_ACCESS_DENIED;

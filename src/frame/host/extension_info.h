@@ -14,7 +14,7 @@ struct ExtensionInfo {
   WCHAR name[100];
   WCHAR author[100];
   WCHAR webAddress[100];
-  WCHAR description[250];  // the copy stops at 160 characters all the same
+  WCHAR description[250];  // truncated to 160 characters
   WCHAR moduleName[100];
   char version[10];
   char id[34];

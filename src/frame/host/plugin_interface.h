@@ -8,11 +8,11 @@
 
 namespace Velmora::SDK {
 
-// What GetExtensionKind returns for an extension with commands. It is not the kindFlags of the record, which
-// are 0x2100 (C-002).
+// The result of GetExtensionKind for an extension with commands. It differs from the kindFlags of the record,
+// which are 0x2100 (C-002).
 constexpr u32 kPluginKind = 0x2000;
 
-// Base of the extensions with commands. Operations that do nothing answer 0.
+// The interface of extensions with commands. Operations that do nothing return 0.
 class IPluginInterface {
  public:
   virtual s32 OnRegister(IHostApp* host) = 0;

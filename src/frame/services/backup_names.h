@@ -12,9 +12,9 @@ bool MakeUniqueFileName(WString& path, const WString& suffix);
 // The size of the buffer for a backup's path: 260 characters and a terminator.
 constexpr std::size_t kBackupPathSize = 261;
 
-// Moves the file to its backup name: a.txt to a.txt.bak, or a.txt_(0002).bak and so on (MoveFileW). Answers
-// whether the move worked; `backupPath` gets the name, cut to 260 characters, or is left empty when all
-// names are taken. For a path that does not exist it gets the path itself, and nothing is moved (C-011).
+// Moves the file to a backup name: a.txt to a.txt.bak, or a.txt_(0002).bak and so on (MoveFileW). Returns
+// whether the move succeeded. Stores the name in `backupPath`, truncated to 260 characters, or the empty text
+// if all names exist. If `path` does not exist, stores `path` itself, and the move fails (C-011).
 bool MoveToBackup(const WCHAR* path, std::span<WCHAR, kBackupPathSize> backupPath);
 
 // Deletes a backup by the name that MoveToBackup stored, after removing the attributes read-only, hidden and

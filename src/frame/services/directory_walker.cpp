@@ -9,7 +9,8 @@ constexpr WStringView kLongNetworkPrefix = W("\\\\?\\UNC\\");
 
 bool IsNetworkPath(WStringView path) { return path.starts_with(W("\\\\")); }
 
-// In the long form the prefix is followed by the whole network path, its two backslashes included (C-016).
+// Returns the path with the prefix for long paths. A network path keeps its two leading backslashes after the
+// prefix (C-016).
 WString LongForm(WStringView path) {
   WString result(IsNetworkPath(path) ? kLongNetworkPrefix : kLongPrefix);
   return result += path;
@@ -134,7 +135,7 @@ DirectoryWalker::Code DirectoryWalker::LeaveFolder() {
   return kAgain;
 }
 
-// Goes down into the folder in `findData`, in the plain form of its path (C-017).
+// Enters the folder in `findData`, using the short form of its path (C-017).
 DirectoryWalker::Code DirectoryWalker::EnterFolder() {
   descendNext = false;
   const auto level = static_cast<std::size_t>(depth);

@@ -27,8 +27,8 @@ class DirectoryWalker {
 
   // Result codes of Next.
   enum Code : int {
-    kFile = 101,       // a file is in `findData`; under the default flags also a folder (C-015)
-    kFolder = 102,     // a folder is in `findData`; set `descendNext` to enter it
+    kFile = 101,       // `findData` is a file; with the default flags possibly a folder (C-015)
+    kFolder = 102,     // `findData` is a folder; set `descendNext` to enter it
     kFolderEnd = 120,  // the walk has left a folder
     kEnd = 200,
     kInvalidSearch = -150,  // the folder could not be searched

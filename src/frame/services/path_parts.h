@@ -10,7 +10,7 @@ struct PathParts {
   WString fileName;
 };
 
-// Fills `parts`. At most 1024 characters of the folder are kept (C-018).
+// Splits `path` and stores the result in `parts`. Truncates the folder to 1024 characters (C-018).
 void SplitPath(PathParts& parts, WStringView path);
 
 // Returns the path with the extension of the file name, from its last dot on, replaced by `extension`, which

@@ -40,7 +40,7 @@ WString BuildTargetName(Velmora::SDK::IHostFileItem& item, WStringView targetPat
     ReplaceFirst(extPart, W("*"), buffer.data());
   }
 
-  // An extension that is a dot alone is dropped (C-013).
+  // Do not append an extension that is only a dot (C-013).
   WString result = std::move(namePart);
   if (extPart.size() > 1 || (extPart.size() == 1 && extPart[0] != W('.'))) result += extPart;
   std::erase(result, W('*'));
