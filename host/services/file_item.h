@@ -119,7 +119,7 @@ class FileItemTree {
     std::uint32_t hash = 0;
     std::uint32_t item = kFree;
   };
-  // Of Slot::item; other values are numbers of items.
+  // Special values of Slot::item; all others are numbers of items.
   static constexpr std::uint32_t kFree = 0xFFFFFFFF;
   static constexpr std::uint32_t kGone = 0xFFFFFFFE;
 
