@@ -14,10 +14,12 @@ namespace QxHost {
 using Velmora::SDK::s32;
 using Velmora::SDK::u32;
 
+// Appends the four bytes of a number.
 void AppendU32(std::string& bytes, u32 value);
 // Returns the number in the first four bytes.
 u32 U32From(const char* bytes);
 
+// Writes a packet.
 class PacketWriter final : public OwnedByModule<PacketWriter, Velmora::SDK::IHostPacketWriter> {
  public:
   void WriteU32(u32 value) override { AppendU32(bytes_, value); }

@@ -6,6 +6,7 @@
 
 namespace QxHost {
 
+// Returns the character, or for the letters A to Z their lower case.
 constexpr char AsciiLower(char character) {
   return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
 }

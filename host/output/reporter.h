@@ -119,6 +119,7 @@ struct RenameProfileEvent {
   std::vector<std::pair<WString, WString>> pairs;
 };
 
+// The interface of reporters.
 class Reporter {
  public:
   virtual ~Reporter() = default;
@@ -150,6 +151,7 @@ class Reporter {
   virtual void Result(std::int32_t value) = 0;
 };
 
+// Return reporters that write prose or JSON to `output`, which must outlive them.
 std::unique_ptr<Reporter> MakeProseReporter(Output& output);
 std::unique_ptr<Reporter> MakeJsonReporter(Output& output);
 

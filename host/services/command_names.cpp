@@ -55,7 +55,7 @@ constexpr CommandName kCommandNames[] = {
   // The window of MultiRename.
   {kCommandMultiRename, "multi-rename"},
 
-  // The control panel: kCommandFirstControlPanel and the row of the item.
+  // The control panel: kCommandFirstControlPanel plus the row id of the item.
   {6101, "control-action-center"},
   {6102, "control-administrative-tools"},
   {6104, "control-backup-and-restore"},

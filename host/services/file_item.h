@@ -27,7 +27,7 @@ using Velmora::SDK::u32;
 
 class FileItem final : public Velmora::SDK::IHostFileItem {
  public:
-  // The name has a terminator after it, and lives as long as the item.
+  // The name is terminated and lives as long as the item.
   FileItem(FileItem* parent, WStringView name, std::uint32_t number)
       : parent_(parent), name_(name), number_(number) {}
   FileItem(const FileItem&) = delete;

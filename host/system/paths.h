@@ -57,6 +57,7 @@ bool IsPossibleName(WStringView name);
 // Creates the folder and its missing parents. Returns 0, or the error number of the first failure.
 DWORD MakeFolder(const WString& fullPath);
 
+// Returns whether a folder exists at this path.
 bool IsFolder(const WString& fullPath);
 
 }  // namespace QxHost

@@ -9,6 +9,7 @@ namespace QxHost {
 
 enum class XmlCharset { kUtf8, kUtf16Little, kUtf16Big, kLatin1, kWindows1252, kAscii };
 
+// A charset, and whether the file begins with a mark.
 struct XmlEncoding {
   XmlCharset charset = XmlCharset::kUtf8;
   bool hasMark = false;  // the file begins with a byte order mark

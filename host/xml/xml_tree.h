@@ -10,6 +10,7 @@
 
 namespace QxHost {
 
+// An attribute of an element, in a linked list.
 struct XmlAttribute {
   std::string_view name;
   std::string_view value;  // as in the file, with unresolved references
@@ -17,6 +18,7 @@ struct XmlAttribute {
   XmlAttribute* next = nullptr;
 };
 
+// The kinds of nodes.
 enum class XmlKind {
   kDocument,
   kElement,
@@ -27,6 +29,7 @@ enum class XmlKind {
   kDoctype,
 };
 
+// A node, linked to its parent, its children and its next sibling.
 struct XmlTreeNode {
   XmlKind kind = XmlKind::kDocument;
   bool hasEndTag = false;  // an empty element is written <a></a>, not <a/>

@@ -9,6 +9,7 @@
 
 namespace QxHost {
 
+// How to write white space between elements.
 enum class XmlLayout {
   kAsLoaded,   // keeps the white space of the tree
   kFormatted,  // each element on a separate line, indented two blanks more than its parent

@@ -10,7 +10,9 @@
 
 namespace WQDR {
 
+// Returns the text in the code page.
 std::string ToCodePage(UINT codePage, WStringView text);
+// Returns the text of bytes in the code page.
 WString FromCodePage(UINT codePage, std::string_view bytes);
 
 }  // namespace WQDR

@@ -11,6 +11,7 @@
 
 namespace WQDR {
 
+// The interface of writers.
 class DataWriter {
  public:
   DataWriter() = default;

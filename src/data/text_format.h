@@ -10,6 +10,7 @@
 
 namespace WQDR {
 
+// The kinds of files.
 enum class TextFormat : int {
   Ansi = 1,   // 8-bit text of any code page, and UTF-8 without a mark (C-035)
   Utf16 = 2,  // 16-bit little-endian text

@@ -3,8 +3,8 @@
 
 #include "frame/host/host_app.h"
 
-// Adds the branch below `root`: nine categories, and in each the items that the system's classes (A, B) have.
-// The host may refuse the branch or a category, which is then left out.
+// Adds the branch to `root`: nine categories, each with the items that exist on the system's classes (A, B).
+// If the host refuses the branch or a category, it is left out.
 void BuildControlPanelMenu(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostMenuBuilder& builder,
                            Velmora::SDK::IHostCommandFactory& factory, Velmora::SDK::MenuHandle root);
 

@@ -5,6 +5,7 @@
 
 #include "frame/host/host_types.h"
 
+// One item and its place in the menu.
 struct ControlPanelItem {
   const WCHAR* name;           // the English name, for readers of the table
   const WCHAR* canonicalName;  // without its prefix
@@ -19,6 +20,7 @@ struct ControlPanelItem {
   Velmora::SDK::TextId textId;
 };
 
+// One category, which is a sub menu of the branch.
 struct ControlPanelCategory {
   Velmora::SDK::u32 number;
   Velmora::SDK::TextId textId;

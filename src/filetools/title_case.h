@@ -3,6 +3,7 @@
 
 #include "platform/text.h"
 
+// Return the text with all characters in upper or lower case.
 WString ToUpperCase(WStringView text);
 WString ToLowerCase(WStringView text);
 

@@ -10,6 +10,7 @@
 
 #include "platform/text.h"
 
+// A message, with the arguments of PostMessageW.
 struct PostedMessage {
   UINT message = 0;
   WPARAM first = 0;
@@ -33,6 +34,7 @@ class QX_PLATFORM_API MessageWindow {
   // The system handles all others.
   static constexpr bool IsHandled(UINT message) { return message == WM_CLOSE || message >= WM_APP; }
 
+  // Returns the handle to which other threads post messages; null if the window could not be created.
   HWND Handle() const;
 
   // Removes the next message from the queue and stores it in `message`. Returns false if none arrives within

@@ -9,6 +9,7 @@
 
 #include "platform/text.h"
 
+// The contents of a shortcut file.
 struct ShellLink {
   WString target;
   WString workingFolder;  // empty for none

@@ -6,6 +6,7 @@
 
 #include "frame/host/host_types.h"
 
+// The number and the size of the streams.
 struct AlternateStreams {
   Velmora::SDK::u32 count = 0;
   Velmora::SDK::u64 size = 0;  // total bytes

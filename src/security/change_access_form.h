@@ -9,6 +9,7 @@ struct ChangeAccessForm {
   int accessMask = 0x1200A9;  // that of one of kAccessLevels
 };
 
+// One level of access: its mask, its value in the form's field, and its text.
 struct AccessLevel {
   int mask;
   const WCHAR* word;  // the value of the form's field

@@ -16,8 +16,11 @@ class ServerCache {
  public:
   static ServerCache& Instance();
 
+  // Returns the server of a drive letter; std::nullopt if it is not known.
   std::optional<WString> Find(WCHAR drive);
+  // Stores the server of a drive letter.
   void Store(WCHAR drive, const WString& server);
+  // Removes all servers.
   void Clear();
 
  private:

@@ -22,10 +22,12 @@ void SetText(HWND control, const WString& text);
 // The number of the dialog's title in a table of texts.
 constexpr int kTitle = 0;
 
+// A control and the id of its text.
 struct ControlText {
   int control;
   std::uint32_t text;
 };
+// Sets the texts of controls, and of the dialog's title for kTitle.
 void SetTexts(HWND dialog, std::span<const ControlText> rows, const TextSource& texts);
 
 // Sets the hints that empty edit controls and editable combo boxes show (EM_SETCUEBANNER, CB_SETCUEBANNER).

@@ -30,6 +30,7 @@ class IHostFileItem {
   ~IHostFileItem() = default;
 };
 
+// A list of items. The caller releases the list; the items are owned by the host.
 class IHostFileList {
  public:
   virtual void AddItem(IHostFileItem* item) = 0;
@@ -41,9 +42,10 @@ class IHostFileList {
   ~IHostFileList() = default;
 };
 
-// Result of one rename of a batch.
+// The result of one rename of a batch.
 enum RenameResultCode : u32 { kRenameDone = 0, kRenameIgnored = 10 };  // all other values mean failure
 
+// The result of one rename, owned by its batch.
 class IHostRenameResult {
  public:
   virtual void* UserData() = 0;  // the argument of AddByPath or AddByItem
@@ -77,7 +79,7 @@ class IRenameResultCallback {
   ~IRenameResultCallback() = default;
 };
 
-// Service 3000.
+// Service 3000: operations on files.
 class IHostFileOperation {
  public:
   virtual int FileExists(const WCHAR* path) = 0;  // non-zero if it exists

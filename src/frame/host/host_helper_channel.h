@@ -6,6 +6,7 @@
 
 namespace Velmora::SDK {
 
+// Writes the values of a message. The data is valid until the next write or the release.
 class IHostPacketWriter {
  public:
   virtual void WriteU32(u32 value) = 0;
@@ -18,6 +19,7 @@ class IHostPacketWriter {
   ~IHostPacketWriter() = default;
 };
 
+// Reads the values of a message. A text is valid until the reader is released.
 class IHostPacketReader {
  public:
   virtual void Attach(const void* data, u32 size) = 0;
@@ -29,6 +31,7 @@ class IHostPacketReader {
   ~IHostPacketReader() = default;
 };
 
+// The channel in the process of the host.
 class IHostHelperChannel {
  public:
   virtual bool Connect() = 0;  // starts the helper if necessary

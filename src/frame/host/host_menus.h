@@ -24,8 +24,8 @@ class IHostMenuBuilder {
   virtual MenuHandle CreateRootMenu(TextId text, u32 one, u32 zero) = 0;
   virtual MenuHandle AddCategoryMenu(MenuHandle parent, TextId text, u32 one) = 0;  // may return null
   virtual MenuHandle AddSubMenuUnder(MenuHandle parent, TextId text, u32 one) = 0;  // may return null
-  virtual void AddCommand(MenuHandle menu, CommandHandle command, u32 one,
-                          u32 zero) = 0;  // accepts null handles
+  // Ignores null handles.
+  virtual void AddCommand(MenuHandle menu, CommandHandle command, u32 one, u32 zero) = 0;
   virtual void AddSeparator(MenuHandle menu, u32 zero) = 0;
 
  protected:

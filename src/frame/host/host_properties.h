@@ -5,6 +5,7 @@
 
 namespace Velmora::SDK {
 
+// A list of the names of properties.
 class IHostPropertyList {
  public:
   virtual u32 Count() = 0;
@@ -22,6 +23,7 @@ struct FilePropertyValue {
   unsigned char rest[1048] = {};
 };
 
+// Reads the values of properties and lists their names.
 class IHostPropertyManager {
  public:
   // Stores the value of a property of the file, given by its internal name: as text in the buffer, or as a

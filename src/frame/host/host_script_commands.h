@@ -5,6 +5,7 @@
 
 namespace Velmora::SDK {
 
+// The declaration of one script command.
 class IHostCustomCommand {
  public:
   virtual void AddParameter(const char* name, u32 flags, const WCHAR* description) = 0;
@@ -14,6 +15,7 @@ class IHostCustomCommand {
   ~IHostCustomCommand() = default;
 };
 
+// A named set of script commands.
 class IHostCustomCommandSet {
  public:
   // Returns null if the command cannot be declared.
@@ -25,6 +27,7 @@ class IHostCustomCommandSet {
   ~IHostCustomCommandSet() = default;
 };
 
+// One call of a script command, with its parameters and results.
 class IHostCommandCall {
  public:
   virtual bool HasFlag(const char* name) = 0;           // whether the parameter was given

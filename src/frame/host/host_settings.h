@@ -1,10 +1,11 @@
-// The extension's settings and input histories, kept by the host.
+// The extension's settings and input histories, which the host stores.
 #pragma once
 
 #include "frame/host/host_types.h"
 
 namespace Velmora::SDK {
 
+// A list of texts, for input histories and the rows of choices.
 class IHostStringList {
  public:
   virtual void Add(const WCHAR* text) = 0;

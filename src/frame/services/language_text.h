@@ -6,6 +6,7 @@
 
 namespace Velmora::SDK {
 
+// Returns the text of an id in the extension's table.
 inline WString LanguageText(IHostApp& host, TextId text) {
   return WString(ViewOf(host.GetLanguageString(text)));
 }

@@ -6,6 +6,7 @@
 
 namespace Velmora::SDK {
 
+// The ids of the extension's table.
 enum MessageText : TextId {
 #define MESSAGE_TEXT(name, id) name = id,
 #define MESSAGE_TEXT_AND_TITLE(name, id) name = id,

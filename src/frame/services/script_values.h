@@ -12,6 +12,7 @@ namespace Velmora::SDK {
 // Returns a copy of the value of a parameter; std::nullopt if it was not given.
 std::optional<WString> ScriptValue(IHostCommandCall& call, const char* name);
 
+// A parameter without a value, and the option bits that it stands for.
 struct ScriptSwitch {
   const char* name;
   std::uint32_t option;

@@ -7,6 +7,7 @@
 
 #include "platform/text.h"
 
+// One word and the option that it selects.
 struct ScriptWord {
   const WCHAR* word;
   std::uint32_t option;

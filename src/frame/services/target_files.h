@@ -29,6 +29,7 @@ enum class TargetAnswer {
   kCancel  // ends the run
 };
 
+// How a run treats existing targets.
 struct TargetRule {
   TextId title;       // the title of the question
   bool isSilent;      // do not ask the user

@@ -11,6 +11,7 @@
 
 namespace Platform {
 
+// Returns a field for any text.
 inline FormField TextField(const char* name, WString& member) {
   return {name, [&member] { return member; },
           [&member](const WString& text) {

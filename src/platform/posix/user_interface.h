@@ -37,6 +37,7 @@ struct FormRequest {
   std::function<bool()> isOkEnabled = nullptr;
 };
 
+// The interface of the handler.
 class UserInterface {
  public:
   virtual ~UserInterface() = default;

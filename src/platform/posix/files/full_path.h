@@ -18,6 +18,7 @@ enum class PathRoot {
   kDevice,         // \\?\a\b or \\.\a\b
 };
 
+// Returns the kind of root that a path begins with.
 PathRoot RootOf(std::u16string_view path);
 
 inline bool IsSeparator(char16_t unit) { return unit == u'\\' || unit == u'/'; }

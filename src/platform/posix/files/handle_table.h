@@ -23,12 +23,14 @@ inline HANDLE NewHandle() {
 template <typename Object>
 class HandleTable {
  public:
+  // Returns the table of the process.
   static HandleTable& Instance() {
     // Never destroyed: static objects may close their handles at the end of the process.
     static HandleTable& table = *std::make_unique<HandleTable>().release();
     return table;
   }
 
+  // Adds an object and returns its new handle.
   HANDLE Add(std::shared_ptr<Object> object) {
     const HANDLE handle = NewHandle();
     const std::lock_guard lock(mutex_);

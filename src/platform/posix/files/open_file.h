@@ -37,8 +37,9 @@ class FileDescriptor {
   int number_ = -1;
 };
 
+// The state of an open file, folder or link.
 struct OpenFile {
-  ShareTable::Claim claim;  // before the descriptor, so that it ends after the file is closed
+  ShareTable::Claim claim;  // declared first, so that it ends after the file is closed
   FileDescriptor descriptor;
   bool canRead = false;
   bool canWrite = false;

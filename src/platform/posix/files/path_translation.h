@@ -8,6 +8,7 @@
 
 namespace Platform {
 
+// A path of the native file system.
 struct NativePath {
   std::string path;              // absolute, "." and ".." resolved, no separator at the end except in "/"
   bool endsInSeparator = false;  // the Windows path did, so it can only name a folder

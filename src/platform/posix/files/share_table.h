@@ -23,6 +23,7 @@ namespace Platform {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+// The claims of all open files. Thread-safe.
 class ShareTable {
  public:
   using FileId = std::pair<dev_t, ino_t>;
@@ -46,6 +47,7 @@ class ShareTable {
     FileId file_ = {};
   };
 
+  // Returns the table of the process.
   static ShareTable& Instance();
 
   // Locks the table. A caller holds the lock while it checks a file and opens, moves or deletes it, so that

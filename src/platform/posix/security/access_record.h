@@ -11,6 +11,7 @@
 // All functions may be called from any thread.
 namespace Platform {
 
+// The status of a file and its access list.
 struct AccessRecord {
   struct stat status;
   bool isProtected = false;

@@ -15,6 +15,7 @@
 
 namespace Platform {
 
+// A user, a group, or everyone.
 struct Account {
   enum Kind { kUser, kGroup, kEveryone };
   Kind kind = kEveryone;

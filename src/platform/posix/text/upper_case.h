@@ -3,6 +3,7 @@
 
 namespace Platform {
 
+// Returns the upper case of a unit.
 char16_t UpperCase(char16_t unit);
 
 // Returns the table of the upper case of all 65536 units.

@@ -31,6 +31,7 @@ struct Utf16Step {
 // Decodes the first character of `text`, which must not be empty.
 Utf16Step DecodeUtf16(std::u16string_view text);
 
+// Append the encoding of a character to `text`.
 void AppendUtf8(char32_t codePoint, std::string& text);
 void AppendUtf16(char32_t codePoint, std::u16string& text);
 

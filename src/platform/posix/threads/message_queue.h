@@ -15,6 +15,7 @@ namespace Platform {
 // Any thread may post; only the thread that the queue belongs to may take.
 class MessageQueue {
  public:
+  // Appends a message.
   void Post(const MSG& message);
   // Ends the message loop of the thread: Take stores WM_QUIT when no other message is left.
   void Quit(int exitCode);
@@ -47,6 +48,7 @@ std::shared_ptr<MessageQueue> MessageQueueOf(DWORD thread);
 // Sets the number of the calling thread, which has just started, to one that its creator got from
 // NewThreadNumber.
 void SetThreadNumber(DWORD number);
+// Returns a thread number that has not been used in this process.
 DWORD NewThreadNumber();
 
 }  // namespace Platform

@@ -14,6 +14,7 @@ class Waitable {
   // `resetsItself` makes an auto-reset event: each Set releases one wait.
   Waitable(bool resetsItself, bool isSet) : resetsItself_(resetsItself), isSet_(isSet) {}
 
+  // Sets the object, which releases waits: all of them, or one for an auto-reset event.
   void Set();
   void Reset();
   // Waits until the object is set. Returns false if that does not happen within `milliseconds`; INFINITE

@@ -9,6 +9,7 @@ namespace Platform {
 // allowed.
 std::int64_t DaysToMonth(std::int64_t year, std::int64_t month);
 
+// A date.
 struct CalendarDay {
   std::int64_t year;
   int month;  // 0 to 11

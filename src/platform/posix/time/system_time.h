@@ -5,6 +5,7 @@
 
 namespace Platform {
 
+// Returns whether hour, minute, second and milliseconds are in their ranges.
 bool IsTimeOfDay(const SYSTEMTIME& time);
 
 // Returns the file time `seconds` and `nanoseconds` after 1970-01-01 UTC, rounded down to 100 nanoseconds; 0
