@@ -15,15 +15,17 @@
 namespace QxHost {
 namespace {
 
-// The library takes an argument in brackets for a list, and loses its way at a `--` behind an ITEM. This
-// character in front hides an argument from it; no argument of ours begins with it otherwise.
+// The command line library parses an argument in brackets as a list, and handles a `--` after an ITEM
+// wrongly. Arguments are prefixed with this character to prevent that; no argument of qxhost begins with it
+// otherwise.
 constexpr char kGuard = '\x1F';
 
 bool LooksLikeList(const std::string& text) {
   return text.size() >= 2 && text.front() == '[' && text.back() == ']';
 }
 
-// What stands behind `--` is no option, and no verb either.
+// Prefixes all arguments that the library must not interpret: those that look like lists, and those after
+// `--`, which are neither options nor verbs.
 std::vector<std::string> Guarded(std::vector<std::string> arguments) {
   const auto mark = std::find(arguments.begin(), arguments.end(), "--");
   for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
@@ -95,13 +97,14 @@ std::string JoinedNames(const std::vector<std::string_view>& names) {
 
 std::string NoSuchVerb(const std::string& argument, const std::vector<std::string_view>& verbs) {
   std::string proposal = DidYouMean(argument, verbs);
-  // The verb was left out in front of a command.
+  // The verb before a command may be missing.
   const std::string command = proposal.empty() ? ProposedCommand(argument) : std::string();
   if (!command.empty()) proposal = ". Did you mean command " + command + "?";
   return "\"" + argument + "\" is no verb; there are: " + JoinedNames(verbs) + proposal;
 }
 
-// What is wrong with arguments that nothing takes. An option comes first, as its value is among them too.
+// Returns the message about arguments that are not accepted. Reports an option first, because its value is
+// among the arguments too.
 std::string UnexpectedArgument(const std::vector<std::string>& arguments, const CLI::App& app,
                                const CLI::App* verb, const std::vector<std::string_view>& verbs) {
   const auto option =
@@ -111,7 +114,8 @@ std::string UnexpectedArgument(const std::vector<std::string>& arguments, const 
   return verb ? verb->get_name() + " takes no argument \"" + argument + "\"" : NoSuchVerb(argument, verbs);
 }
 
-// What is wrong with the number of values of an option, which the library's message begins with.
+// Returns the message about a wrong number of values of an option, whose name the library's message begins
+// with.
 std::string WrongCount(const std::string& message, const CLI::App& app, const CLI::App* verb) {
   const std::string name = message.substr(0, message.find(':'));
   const CLI::Option* option = verb ? verb->get_option_no_throw(name) : nullptr;
@@ -183,7 +187,7 @@ void AddSwitch(CLI::App& app, const std::string& name, std::optional<bool>& targ
       name, [&target](std::int64_t count) { target = count > 0; }, help);
   app.add_flag_function(
          off, [&target](std::int64_t count) { target = count <= 0; }, "")
-      ->group("");  // the help of the option says it
+      ->group("");  // not listed: the help of the option names it
 }
 
 void AddTexts(CLI::App& app, const std::string& name, const std::string& value,
@@ -211,13 +215,14 @@ std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandL
   app.set_version_flag("--version", kVersionText, "Print the version of this program and exit");
   app.allow_windows_style_options(false);  // /a/b is a path
   app.fallthrough();
-  app.require_subcommand(0, 1);  // at most one, so that an ITEM may be named as a verb; none is told below
+  app.require_subcommand(
+      0, 1);  // at most one, so that an ITEM may have the name of a verb; none is reported below
   app.footer(kHelpFooter);
   app.get_formatter()->column_width(22);
   app.get_formatter()->label("OPTIONS", "OPTION...");
   app.get_formatter()->label("SUBCOMMAND", "VERB ...");
   app.get_formatter()->label("Positionals", "Arguments");
-  app.get_formatter()->label("REQUIRED", "");  // the usage shows it
+  app.get_formatter()->label("REQUIRED", "");  // the usage line shows it already
   DeclareOptions(app, line.options);
 
   std::vector<CLI::App*> declared;
@@ -232,7 +237,7 @@ std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandL
   }
 
   arguments = Guarded(std::move(arguments));
-  std::reverse(arguments.begin(), arguments.end());  // the library takes them from the end
+  std::reverse(arguments.begin(), arguments.end());  // the library expects them in reverse order
   try {
     app.parse(std::move(arguments));
   } catch (const CLI::ParseError& end) {

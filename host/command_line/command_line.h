@@ -1,4 +1,4 @@
-// Reading the command line.
+// Parses the command line.
 #pragma once
 
 #include <memory>
@@ -17,8 +17,8 @@ struct CommandLine {
   std::unique_ptr<Verb> verb;  // with its arguments
 };
 
-// Fills `line`. Answers an exit status instead if the call ends here: for --help, and for arguments that
-// cannot be understood, which are told.
+// Parses the arguments and stores the result in `line`. Returns an exit status instead if the program ends
+// here: after --help, and for invalid arguments, which it reports.
 std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandLine& line, Output& output);
 
 }  // namespace QxHost

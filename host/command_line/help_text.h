@@ -1,13 +1,13 @@
-// What `qxhost --help` says before and after the verbs and options.
+// The texts that `qxhost --help` prints before and after the verbs and options.
 #pragma once
 
 namespace QxHost {
 
 extern const char* const kHelpAbout;
 extern const char* const kHelpFooter;
-extern const char* const kRenameHelp;  // what `qxhost rename --help` prints after the options
+extern const char* const kRenameHelp;  // printed by `qxhost rename --help` after the options
 
-// What `qxhost --version` says. The file's own version is in qxhost.rc, and the project's in CMakeLists.txt.
+// The text that `qxhost --version` prints. Keep it equal to the versions in qxhost.rc and CMakeLists.txt.
 inline constexpr char kVersionText[] = "qxhost 1.3.0.0";
 
 }  // namespace QxHost

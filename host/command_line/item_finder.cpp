@@ -10,12 +10,12 @@ namespace QxHost {
 namespace {
 
 constexpr std::size_t kFewestOfListing = 4;
-constexpr std::size_t kMostNamesOfListing = 1000;  // beside those that are looked for
+constexpr std::size_t kMostNamesOfListing = 1000;  // in addition to kMostNamesForEach
 constexpr std::size_t kMostNamesForEach = 16;
 
 std::size_t NameBegin(std::string_view text) { return text.find_last_of("/\\") + 1; }  // npos + 1 is 0
 
-// How many of the texts, from the first on, are names in the folder of the first.
+// Returns how many of the texts, from the first on, are names in the folder of the first.
 std::size_t CountInFolder(std::span<const std::string> texts, std::string_view prefix) {
   std::size_t count = 1;
   while (count < texts.size() && texts[count].starts_with(prefix) && NameBegin(texts[count]) == prefix.size())
@@ -23,14 +23,15 @@ std::size_t CountInFolder(std::span<const std::string> texts, std::string_view p
   return count;
 }
 
-// True for a name that is itself in every kind of path.
+// Returns whether a name is valid unchanged in every form of path.
 bool IsNameInAnyPath(WStringView name) {
   if (name.empty() || name.back() == W('.') || name.back() == W(' ')) return false;
   return IsPossibleName(name) &&
          std::ranges::none_of(name, [](WCHAR unit) { return unit >= 0xD800 && unit <= 0xDFFF; });
 }
 
-// True for a file of the current folder whose name begins as the path of a drive does.
+// Returns whether the text, which looks like the path of a drive, is the name of a file in the current
+// folder.
 bool IsNameHere(std::string_view text) {
   const std::optional<WString> path = FullPathOf(PathFromUtf8("./" + std::string(text)));
   return path && GetFileAttributesW(SystemPath(*path).c_str()) != INVALID_FILE_ATTRIBUTES;

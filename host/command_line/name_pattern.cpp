@@ -20,7 +20,8 @@ bool ComesBefore(const WString& left, const WString& right) {
 
 bool IsSelfOrParent(WStringView name) { return name == W(".") || name == W(".."); }
 
-// `folder` ends in a separator, or is empty for the current one.
+// Returns the names in a folder that match the pattern. `folder` ends in a separator, or is empty for the
+// current folder.
 std::vector<WString> NamesOfPattern(const WString& folder, const WString& pattern) {
   const std::optional<WString> path = FullPathOf(folder.empty() ? WString(W(".")) : folder);
   std::vector<WString> names;
@@ -45,7 +46,7 @@ bool MatchesPattern(WStringView name, WStringView pattern) {
   if (pattern == W("*.*")) return true;
   std::size_t at = 0;
   std::size_t inPattern = 0;
-  // The last star, and the end of what it takes so far.
+  // The position of the last star, and the end of the text that it matches so far.
   std::size_t star = WStringView::npos;
   std::size_t taken = 0;
   while (at < name.size()) {
@@ -70,7 +71,7 @@ std::vector<std::string> WithPatternsFound(const std::vector<std::string>& items
   std::vector<std::string> found;
   for (const std::string& item : items) {
     const WString text = PathFromUtf8(item);
-    // A long path begins with \\?\, which is no pattern.
+    // The prefix \\?\ of a long path is not a pattern.
     const std::size_t from = text.starts_with(W("\\\\?\\")) ? 4 : 0;
     const std::size_t nameAt = text.find_last_of(W("\\/")) + 1;  // npos + 1 is 0
     const std::size_t first = text.find_first_of(W("*?"), from);

@@ -1,4 +1,4 @@
-// Items that are given by a pattern with * and ?, where the shell leaves that to the program.
+// Expands patterns with * and ? in items, on systems whose shell does not do so.
 #pragma once
 
 #include <string>
@@ -8,15 +8,16 @@
 
 namespace QxHost {
 
-// Whether the whole name is of the pattern: * is any text, ? one character, whatever the letter case. As in
-// every command of Windows, *.* is each name, with a dot or without.
+// Returns whether the complete name matches the pattern, ignoring letter case: * matches any text and ? one
+// character. As in all Windows commands, *.* matches every name, with or without a dot.
 bool MatchesPattern(WStringView name, WStringView pattern);
 
-// The items with each pattern replaced by the names that it finds, by the alphabet, without hidden ones.
-// Throws BadCall for a pattern that finds nothing, and for one in the name of a folder.
+// Returns the items with each pattern replaced by the matching names, sorted and without hidden files. Throws
+// BadCall for a pattern that matches nothing, and for one in the name of a folder.
 std::vector<std::string> WithPatternsFound(const std::vector<std::string>& items);
 
-// Whether items may be patterns: where the shell does not find them itself, and no name holds * or ?.
+// Whether items may be patterns: true on systems where the shell does not expand them and names cannot
+// contain * or ?.
 extern const bool kItemsArePatterns;
 
 }  // namespace QxHost

@@ -1,4 +1,4 @@
-// The command line, as texts, before anything of it is looked at.
+// The options of the command line, as unchecked texts, and the functions that declare options.
 #pragma once
 
 #include <memory>
@@ -32,26 +32,27 @@ struct Options {
   bool json = false;
 };
 
-// Options of verbs are declared with these, which leave every text as it was typed: the library that reads
-// the command line would take "[a,b]" apart at its comma. `value` is what the help calls the value.
+// Verbs declare their options with these functions, which keep every text as it was typed: the library itself
+// would split "[a,b]" at its comma. `value` is the name of the value in the help.
 void AddText(CLI::App& app, const std::string& name, const std::string& value, std::string& target,
              const std::string& help);
-// A text that counts as given even if it is empty.
+// Declares an option that counts as given even if its value is empty.
 void AddOptionalText(CLI::App& app, const std::string& name, const std::string& value,
                      std::optional<std::string>& target, const std::string& help);
-// A text that may be left out, in its place: an empty one is given all the same.
+// Declares an optional positional argument, which counts as given even if it is empty.
 void AddOptional(CLI::App& app, const std::string& name, std::optional<std::string>& target,
                  const std::string& help);
 void AddFlag(CLI::App& app, const std::string& name, bool& target, const std::string& help);
-// A flag `--name` that `--no-name` switches off; nothing if neither is given, and the last of several counts.
+// Declares a flag `--name` with the opposite `--no-name`. The target is std::nullopt if neither is given; the
+// last of several wins.
 void AddSwitch(CLI::App& app, const std::string& name, std::optional<bool>& target, const std::string& help);
-// Once for each time that the option is given, in order.
+// Declares an option that may be given several times. The target gets all values, in order.
 void AddTexts(CLI::App& app, const std::string& name, const std::string& value,
               std::vector<std::string>& target, const std::string& help);
-// What is left of the command line, in order.
+// Declares the positional arguments at the end of the command line. The target gets them in order.
 void AddRest(CLI::App& app, const std::string& name, std::vector<std::string>& target,
              const std::string& help);
-// A text that must be given, in its place.
+// Declares a required positional argument.
 void AddRequired(CLI::App& app, const std::string& name, std::string& target, const std::string& help);
 
 }  // namespace QxHost

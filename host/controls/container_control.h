@@ -1,4 +1,4 @@
-// What the container of both builds has in common: the list above, the docked window below.
+// The common part of the containers of both builds: the list above, the docked window below.
 #pragma once
 
 #include "host/controls/controls.h"
@@ -16,7 +16,7 @@ class ContainerControl : public Control, public Velmora::SDK::IHostContainer {
   void Dock(Velmora::SDK::IMultiWindow* window, u32 height) override;
 
  protected:
-  // The list, the docked window or their sizes are others.
+  // Called when the list, the docked window or their sizes have changed.
   virtual void OnLayout() = 0;
 
   Controls& controls_;

@@ -1,4 +1,4 @@
-// A control that the host has made for an extension; see frame/host/host_controls.h.
+// A control that the host has created for an extension; see frame/host/host_controls.h.
 #pragma once
 
 #include "frame/host/host_controls.h"
@@ -14,13 +14,13 @@ class Control {
   Control() = default;
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
-  // Leaves its window to the window's parent.
+  // Does not destroy the control's window, which belongs to its parent window.
   virtual ~Control() = default;
 
-  // Its service number.
+  // Returns the service number of the control.
   virtual u32 Kind() const = 0;
   virtual HWND Handle() const = 0;
-  // The interface that GetService gives.
+  // Returns the interface that GetService returns for the control.
   virtual void* Service() = 0;
 };
 

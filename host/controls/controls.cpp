@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-// Widths beyond these are a mistake of whoever wrote the settings.
+// The limits of column widths. Other values in the settings are errors and ignored.
 constexpr u32 kLeastStoredWidth = 20;
 constexpr u32 kMostStoredWidth = 5000;
 
@@ -40,7 +40,7 @@ void* Controls::Find(u32 kind, HWND handle) {
 }
 
 bool Controls::Release(void* service) {
-  std::unique_ptr<Control> released;  // ends after the lock: it calls the module
+  std::unique_ptr<Control> released;  // destroyed after the lock is released, because that calls the module
   const std::lock_guard lock(mutex_);
   const auto found = std::ranges::find_if(controls_, [service](const std::unique_ptr<Control>& control) {
     return control->Service() == service;

@@ -1,4 +1,4 @@
-// The controls of the native build: their state, and no window.
+// The controls of the native build, which have a state but no windows.
 
 #include "host/controls/container_control.h"
 #include "host/controls/vector_list.h"

@@ -41,7 +41,7 @@ class ContainerWindow final : public ContainerControl {
     made.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     made.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     made.lpszClassName = kContainerClass;
-    RegisterClassW(&made);  // once; later calls are refused
+    RegisterClassW(&made);  // fails harmlessly if the class is already registered
   }
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -54,7 +54,7 @@ class ContainerWindow final : public ContainerControl {
     return DefWindowProcW(window, message, wParam, lParam);
   }
 
-  // True for a message that is dealt with.
+  // Returns true if it has handled the message.
   bool Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
       case WM_SIZE:

@@ -1,4 +1,4 @@
-// How a container parts its room: the docked window over the whole width at the lower end, the list above it.
+// Divides the area of a container: the docked window at the bottom over the full width, the list above it.
 #pragma once
 
 namespace QxHost {
@@ -17,8 +17,9 @@ struct DockAreas {
   DockArea docked;
 };
 
-// The docked window keeps its height as long as the container has it; then the list has none. The list is no
-// narrower than its least width.
+// Returns the areas of the list and the docked window. The docked window keeps its height, even if that
+// leaves no height for the list, but is never higher than the container. The list has at least its least
+// width.
 constexpr DockAreas PartContainer(int width, int height, int leastListWidth, int dockedHeight) {
   const int shown = height < 0 ? 0 : height;
   const int docked = dockedHeight < shown ? dockedHeight : shown;

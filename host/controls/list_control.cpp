@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-// No screen shows more of a text in one line.
+// More characters than any screen shows in one line.
 constexpr std::size_t kMostCellChars = 2048;
 
 }  // namespace
@@ -90,7 +90,7 @@ void ListControl::Move(RowMove move) {
   RowRanges after;
   {
     const std::lock_guard lock(mutex_);
-    if (before.All().back().end > rows_.Count()) return;  // another thread has taken the rows out
+    if (before.All().back().end > rows_.Count()) return;  // another thread has removed the rows
     const bool hasFocus = focused < rows_.Count();
     after = rows_.Move(move, before, focused);
     if (!hasFocus) focused = rows_.Count();

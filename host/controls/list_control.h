@@ -1,7 +1,7 @@
-// What the list of both builds has in common: its rows, its columns, the moves and the callback.
+// The common part of the lists of both builds: rows, columns, moves and the callback.
 //
-// The rows are pointers of the module. They are looked up, and the row provider is asked, under a lock: after
-// Clear on any thread no row of before is asked for.
+// The rows are pointers of the module. The list reads them and calls the row provider under a lock, so that
+// it does not use removed rows after Clear has returned on any thread.
 #pragma once
 
 #include <mutex>
@@ -23,11 +23,11 @@ class ListControl : public Control, public Velmora::SDK::IHostListControl {
 
   u32 GetId() override { return id_; }
   void SetRowProvider(Velmora::SDK::IMLRowCallBack* provider) override;
-  // A row is its item: nothing is made.
+  // Creates nothing: the row is the item itself.
   void* CreateRow(void* item) override { return item; }
   void AddRow(void* row) override;
   void Clear() override;
-  // Returns how many it has stored; without a place for them, how many there are.
+  // Stores at most `size` items and returns their number; if `items` is null, returns the number of rows.
   u32 GetRows(void** items, u32 size) override;
   void GetCounts(u32* rows, u32* selectedRows) override;
   void MoveRowUp() override { Move(RowMove::kUp); }
@@ -40,24 +40,25 @@ class ListControl : public Control, public Velmora::SDK::IHostListControl {
  protected:
   struct Column {
     WString heading;
-    u32 width;  // in pixels of a screen of 96 to an inch
+    u32 width;  // in pixels at 96 DPI
     u32 number;
   };
 
-  // A row was added, or all were taken out. Any thread, with no lock held.
+  // OnAdd is called after a row was added, OnClear after all were removed. On any thread, without the lock.
   virtual void OnAdd() = 0;
   virtual void OnClear() = 0;
   virtual void OnColumn(const Column& column) = 0;
   virtual RowRanges Selected() = 0;
   virtual std::size_t SelectedCount() = 0;
-  // The row with the focus; beyond the last row if no row has it.
+  // Returns the index of the row with the focus; an index past the last row if no row has it.
   virtual std::size_t Focused() = 0;
-  // Rows have moved, and the selection and the focus with them.
+  // Called after rows have moved, and the selection and the focus with them.
   virtual void OnMove(const RowRanges& selectedBefore, const RowRanges& selected, std::size_t focused) = 0;
 
   std::size_t CountRows();
 
-  // Calls `ask(provider, item)` for the row at a place. False without such a row or a provider.
+  // Calls `ask(provider, item)` for the row at index `place`. Returns false if there is no such row or no
+  // provider.
   template <typename Ask>
   bool AskRow(std::size_t place, Ask ask) {
     const std::lock_guard lock(mutex_);
@@ -66,12 +67,12 @@ class ListControl : public Control, public Velmora::SDK::IHostListControl {
     return true;
   }
 
-  // The text of a cell, by the column's number, cut at what a cell can show. The pointer is good until the
-  // next call.
+  // Returns the text of a cell, truncated to the length that a cell can show. `column` is the column's
+  // number. The pointer is valid until the next call.
   const WCHAR* CellText(std::size_t place, u32 column);
 
   void SendSelectionChanged() { controls_.SendEvent(static_cast<std::intptr_t>(id_), kSelectionChanged); }
-  // The callback's result; 0 without a callback.
+  // Sends the event to the callback and returns its result; 0 if there is no callback.
   s32 SendContextMenu(s32 x, s32 y);
 
   Controls& controls_;
@@ -83,7 +84,7 @@ class ListControl : public Control, public Velmora::SDK::IHostListControl {
   const u32 id_;
   Velmora::SDK::IEventCallback* contextMenu_ = nullptr;
   std::vector<WCHAR> cellText_;
-  std::mutex mutex_;  // guards what follows
+  std::mutex mutex_;  // protects the members below
   Velmora::SDK::IMLRowCallBack* provider_ = nullptr;
   RowOrder rows_;
 };

@@ -1,20 +1,22 @@
-// The list of the Windows build: a virtual list view, which asks for a row when it paints it and keeps none.
+// The list of the Windows build: a virtual list view (LVS_OWNERDATA), which stores no rows and requests the
+// text of a row when it paints it.
 //
-// What the list view tells its parent is seen by a subclass of the parent, which may be any window.
+// The list view sends notifications to its parent, which may be any window. A subclass of the parent receives
+// them.
 #pragma once
 
 #include <atomic>
 
 #include "host/controls/list_control.h"
 
-// Needs windows.h before it.
+// Must be included after windows.h.
 #include <commctrl.h>
 
 namespace QxHost {
 
 class ListView final : public ListControl {
  public:
-  // A list of no size in the window; `Handle` is null if the system makes none.
+  // Creates a list of size 0 in the window. `Handle` returns null if that fails.
   ListView(Controls& controls, HWND parent);
   ~ListView() override;
 
@@ -38,7 +40,7 @@ class ListView final : public ListControl {
   std::size_t Focused() override;
   void OnMove(const RowRanges& selectedBefore, const RowRanges& selected, std::size_t focused) override;
 
-  // What the list view tells its parent. False for what the list view does itself.
+  // Handles a notification of the list view. Returns false to let the list view handle it.
   bool OnNotify(NMHDR& header, LRESULT& result);
   LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
   void FillCell(LVITEMW& cell);
@@ -49,22 +51,22 @@ class ListView final : public ListControl {
     return SendMessageW(window_, message, wParam, lParam);
   }
   void PostShowRows();
-  // Gives the list view the number of rows that there are.
+  // Sets the list view's number of rows to the present one.
   void ShowRows();
   void SetStateOfAll(UINT state, UINT mask);
-  // A key or a click is about to come to the list view. If it leads to a selection in place of one of many
-  // rows, these are taken out of it at once.
+  // Called before a key or a click reaches the list view. If it replaces a selection of many rows, deselects
+  // them all at once.
   void BeforeInput(UINT message, WPARAM wParam, LPARAM lParam);
   bool IsReplacedByKey(WPARAM key);
   static bool IsReplacedByClick(WPARAM keys, int row);
   bool IsReplacedByRightClick(WPARAM keys, int row) const;
-  // -1 for a point without a row.
+  // Returns the index of the row at a point; -1 if there is no row.
   int RowAt(LPARAM point) const;
   void DeselectAll();
   void SetState(const RowRanges& rows, UINT state);
   void SetState(int row, UINT state, UINT mask);
   void PostSelectionChanged();
-  // Makes a column as wide as its heading and its cells that can be seen.
+  // Fits the width of a column to its heading and its visible cells.
   void FitColumn(int index);
   int PixelsOfWidth(u32 width) const {
     return MulDiv(static_cast<int>(width), scale_, USER_DEFAULT_SCREEN_DPI);
@@ -75,12 +77,12 @@ class ListView final : public ListControl {
 
   HWND parent_;
   HWND window_ = nullptr;
-  int scale_;  // pixels of an inch
+  int scale_;  // pixels per inch
   HFONT markedFont_ = nullptr;
-  bool isMoving_ = false;  // the selection is the same, at other places
+  bool isMoving_ = false;  // rows are being moved, so changes of the selection are not reported
   bool isSelectionPosted_ = false;
   std::atomic<bool> isShowPosted_ = false;
-  std::atomic<bool> isCleared_ = false;  // the list view still has the rows of before
+  std::atomic<bool> isCleared_ = false;  // the rows were removed, but the list view still has their number
 };
 
 }  // namespace QxHost

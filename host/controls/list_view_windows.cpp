@@ -12,16 +12,16 @@ namespace {
 
 constexpr UINT_PTR kListSubclass = 1;
 
-// WM_DPICHANGED_AFTERPARENT, since Windows 10: the window has come to a monitor of another scale.
+// WM_DPICHANGED_AFTERPARENT, since Windows 10: the window has moved to a monitor with another resolution.
 constexpr UINT kScaleChanged = 0x02E3;
 
-// What a marked cell has more than a plain one.
+// The bits of the cell style that distinguish a marked cell from a plain one.
 constexpr u32 kMarkedCell = 0x300000;
 
-// As many selected rows a list view takes one by one before anybody notices.
+// Up to this number of selected rows, deselecting them one by one takes no noticeable time.
 constexpr LRESULT kFewRows = 300;
 
-// The shell's own list of small images, which all programs share.
+// Returns the shell's list of small images. The system owns it.
 HIMAGELIST SmallShellImages() {
   constexpr UINT kFlags = SHGFI_USEFILEATTRIBUTES | SHGFI_SYSICONINDEX | SHGFI_SMALLICON;
   SHFILEINFOW information{};
@@ -29,7 +29,7 @@ HIMAGELIST SmallShellImages() {
       SHGetFileInfoW(L"x", FILE_ATTRIBUTE_NORMAL, &information, sizeof(information), kFlags));
 }
 
-// The subclass's number at the parent, which may have several lists.
+// Returns the number of the subclass of the parent, which may have several lists.
 UINT_PTR NumberAtParent(u32 list) { return list + 100; }
 
 }  // namespace
@@ -69,8 +69,8 @@ void ListView::Refresh() {
   InvalidateRect(window_, nullptr, FALSE);
 }
 
-// The list view takes the height of its images. One of its state images, which no row has, is as high as
-// wanted.
+// A list view derives the height of its rows from its images, so this sets a state image, which no row shows,
+// of the required height.
 void ListView::SetRowHeight(u32 height) {
   if (static_cast<int>(height) <= GetSystemMetrics(SM_CYSMICON)) return;
   const HIMAGELIST images = ImageList_Create(1, static_cast<int>(height), ILC_COLOR, 1, 1);
@@ -88,7 +88,7 @@ bool ListView::FilterMessage(tagMSG* message) {
   return true;
 }
 
-// Without drawing: Wine invalidates each row by itself, which takes many times as long.
+// Disables drawing meanwhile: Wine invalidates each row separately, which takes many times as long.
 void ListView::SetStateOfAll(UINT state, UINT mask) {
   Send(WM_SETREDRAW, FALSE);
   SetState(-1, state, mask);
@@ -96,8 +96,8 @@ void ListView::SetStateOfAll(UINT state, UINT mask) {
   InvalidateRect(window_, nullptr, FALSE);
 }
 
-// Wine's list view tells its parent of each single row that is not selected any more: of a million rows for
-// many seconds.
+// Wine's list view notifies its parent of each row that is deselected, which takes many seconds for a million
+// rows.
 void ListView::BeforeInput(UINT message, WPARAM wParam, LPARAM lParam) {
   if (Send(LVM_GETSELECTEDCOUNT) <= kFewRows) return;
   const bool isReplaced = message == WM_KEYDOWN       ? IsReplacedByKey(wParam)
@@ -112,7 +112,8 @@ int ListView::RowAt(LPARAM point) const {
   return static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
 }
 
-// The keys that lead to another row do so without Control; at the end of the list they lead nowhere.
+// Returns whether a key replaces the selection: it moves the focus to another row, which it does not at the
+// end of the list, and Control is not held.
 bool ListView::IsReplacedByKey(WPARAM key) {
   if (GetKeyState(VK_CONTROL) < 0) return false;
   const std::size_t rows = CountRows();
@@ -125,14 +126,14 @@ bool ListView::IsReplacedByClick(WPARAM keys, int row) {
   return (keys & MK_CONTROL) == 0 && (row >= 0 || (keys & MK_SHIFT) == 0);
 }
 
-// On a selected row it opens the menu of all of them.
+// A right click on a selected row opens the menu of all selected rows and keeps the selection.
 bool ListView::IsReplacedByRightClick(WPARAM keys, int row) const {
   if ((keys & (MK_CONTROL | MK_SHIFT)) != 0) return false;
   return row < 0 || Send(LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) == 0;
 }
 
-// Rows that are gone are not selected any more, and no message is sent for each. The list view looks then as
-// before.
+// Removes all rows and adds them again: removed rows are deselected without a message for each. Then restores
+// the scroll position, the focus and the selection mark.
 void ListView::DeselectAll() {
   const LRESULT count = Send(LVM_GETITEMCOUNT);
   const LRESULT top = Send(LVM_GETTOPINDEX);
@@ -155,7 +156,7 @@ void ListView::DeselectAll() {
 
 void ListView::OnClear() {
   isCleared_ = true;
-  // Another thread's rows are gone all the same; this one's are not even seen any more.
+  // On the list's own thread the list view is updated at once, on any other thread later.
   if (window_ && GetWindowThreadProcessId(window_, nullptr) == GetCurrentThreadId()) {
     ShowRows();
   } else {
@@ -213,8 +214,9 @@ std::size_t ListView::Focused() {
   return row < 0 ? CountRows() : static_cast<std::size_t>(row);
 }
 
-// The list view cannot be given ranges. Each row costs a message, so the shortest of three ways is taken: the
-// rows that differ, all of them anew, or all but the others.
+// A list view does not accept ranges: each row needs a message. So this uses the way with the fewest
+// messages: change only the rows that differ, deselect all and select again, or select all and deselect the
+// others.
 void ListView::OnMove(const RowRanges& selectedBefore, const RowRanges& selected, std::size_t focused) {
   const RowRanges all{{0, CountRows()}};
   const RowRanges added = selected.Without(selectedBefore);
@@ -308,7 +310,7 @@ LRESULT CALLBACK ListView::OnListMessage(HWND window, UINT message, WPARAM wPara
       return 0;
     }
   } else if (message == WM_CONTEXTMENU && reinterpret_cast<HWND>(wParam) != window) {
-    return 0;  // the header's
+    return 0;  // a notification of the header
   } else if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
     list.BeforeInput(message, wParam, lParam);
   } else if (message == WM_SETFONT && list.markedFont_) {
@@ -329,7 +331,7 @@ bool ListView::OnNotify(NMHDR& header, LRESULT& result) {
       FillCell(reinterpret_cast<NMLVDISPINFOW&>(header).item);
       return true;
     case LVN_ITEMCHANGING:
-      return true;  // it may
+      return true;  // allow the drag
     case LVN_ITEMCHANGED: {
       const NMLISTVIEW& change = reinterpret_cast<const NMLISTVIEW&>(header);
       if (((change.uOldState ^ change.uNewState) & LVIS_SELECTED) != 0) PostSelectionChanged();
@@ -385,7 +387,7 @@ LRESULT ListView::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
     back = provider.GetBackColor(item, column);
     style = provider.GetCellStyle(item, column);
   });
-  // Colours and font go on to the next cell unless they are set for it.
+  // Colours and font apply to the following cells too, so they must be set for every cell.
   draw.clrText =
       text == Velmora::SDK::kNoTextColor ? GetSysColor(COLOR_WINDOWTEXT) : static_cast<COLORREF>(text);
   draw.clrTextBk = back == CLR_NONE ? GetSysColor(COLOR_WINDOW) : back;
@@ -405,7 +407,8 @@ HFONT ListView::MarkedFont() {
   return markedFont_ ? markedFont_ : plain;
 }
 
-// The first row at or after a place, and then from the top, whose first cell begins so.
+// Returns the first row from the start index on, continuing from the top, whose first cell begins with the
+// searched text; -1 if there is none.
 int ListView::FindByText(const NMLVFINDITEMW& search) {
   const std::size_t count = CountRows();
   if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || !search.lvfi.psz || columns_.empty())
@@ -422,7 +425,8 @@ int ListView::FindByText(const NMLVFINDITEMW& search) {
   return -1;
 }
 
-// A menu asked for by a key has no place: it opens at the row with the focus, or at the list's corner.
+// If the menu was requested by the keyboard, `place` is -1, and the menu opens at the focused row, or at the
+// corner of the list.
 void ListView::OnContextMenu(LPARAM place) {
   POINT point{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
   if (place == -1) {

@@ -1,4 +1,4 @@
-// The picture that `qxhost window --screenshot` wants of the window that an extension opens.
+// The request of `qxhost window --screenshot` for a picture of the window that an extension opens.
 #pragma once
 
 #include "platform/text.h"
@@ -7,7 +7,7 @@ namespace QxHost {
 
 struct PictureRequest {
   WString path;          // full path of the file, a PNG
-  bool isTaken = false;  // the first window has been dealt with
+  bool isTaken = false;  // the picture of the first window has been taken
   bool isSaved = false;
 };
 

@@ -1,13 +1,13 @@
-// Watches the messages of a thread for the word that MultiRename's worker has computed all rows. Windows
-// build only.
+// Watches the messages of a thread for the one that says that MultiRename's worker has computed all rows.
+// Windows build only.
 #pragma once
 
 #include "platform/windows_api.h"
 
 namespace QxHost {
 
-// Posts a message to a window once a preview has ended and what the module does then is done. One on a
-// thread.
+// Posts a message to a window after a preview has ended and the module has handled that. At most one object
+// per thread.
 class PreviewWatch {
  public:
   // Watches the calling thread.

@@ -18,7 +18,7 @@ PreviewWatch::~PreviewWatch() {
   current_ = nullptr;
 }
 
-// The message is about to be dispatched; what is posted now comes after that.
+// The message will be dispatched next; a message posted here arrives after that.
 LRESULT CALLBACK PreviewWatch::OnTaken(int code, WPARAM wParam, LPARAM lParam) {
   const MSG& message = *reinterpret_cast<const MSG*>(lParam);
   if (code == HC_ACTION && wParam == PM_REMOVE && current_ &&

@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-// The place of a row after the row at `from` has gone to `to`, and those between have made room.
+// Returns the index of a row after the row at `from` has moved to `to` and those between have shifted.
 std::size_t PlaceAfterShift(std::size_t place, std::size_t from, std::size_t to) {
   if (place == from) return to;
   if (from < to) return place > from && place <= to ? place - 1 : place;
@@ -14,7 +14,7 @@ std::size_t PlaceAfterShift(std::size_t place, std::size_t from, std::size_t to)
 
 }  // namespace
 
-// A million pointers are given back, too.
+// Frees the memory as well, which clear() would not.
 void RowOrder::Clear() { std::vector<void*>().swap(rows_); }
 
 RowRanges RowOrder::Move(RowMove move, const RowRanges& selected, std::size_t& followed) {
@@ -23,9 +23,9 @@ RowRanges RowOrder::Move(RowMove move, const RowRanges& selected, std::size_t& f
   return isByOne ? MoveByOne(selected, isUpward, followed) : MoveToEnd(selected, isUpward, followed);
 }
 
-// A range moves by one when the row before it, or after it, goes to its other end. That row is not selected:
-// there is one at least between two ranges, and the range beyond it has moved away already or stays where it
-// is.
+// A range moves by one if the row before it, or after it, moves to its other end. That row is not selected:
+// there is at least one such row between two ranges, and the range on its other side has already moved or
+// stays.
 RowRanges RowOrder::MoveByOne(const RowRanges& selected, bool up, std::size_t& followed) {
   std::vector<RowRange> ranges = selected.All();
   const auto moveRange = [&](RowRange& range) {

@@ -1,5 +1,4 @@
-// The rows of a list in the order of the screen, and the moves of the selected ones. Both builds of the list
-// use it.
+// The rows of a list in display order, and the moves of the selected rows. Used by the lists of both builds.
 #pragma once
 
 #include "host/controls/row_ranges.h"
@@ -15,12 +14,12 @@ class RowOrder {
 
   std::size_t Count() const { return rows_.size(); }
   const std::vector<void*>& Rows() const { return rows_; }
-  // Null beyond the last.
+  // Returns the row at an index; null past the last row.
   void* At(std::size_t place) const { return place < rows_.size() ? rows_[place] : nullptr; }
 
-  // Moves the selected rows at once, by one place or to an end, and returns their new places. They keep their
-  // order among themselves, and so do the others. A row that is at the end already, or follows such rows
-  // without a gap, stays. `followed` is the place of a row, selected or not, and becomes its new one.
+  // Moves the selected rows together, by one place or to an end, and returns their new places. Both the
+  // selected and the other rows keep their order among themselves. Rows that are already at the end do not
+  // move. `followed` is the index of any row and is set to its new index.
   RowRanges Move(RowMove move, const RowRanges& selected, std::size_t& followed);
 
  private:

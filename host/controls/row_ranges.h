@@ -1,4 +1,4 @@
-// Rows of a list by their places, kept as ranges: small, however many rows they are.
+// A set of row indices, stored as ranges, so that it is small even for many rows.
 #pragma once
 
 #include <cstddef>
@@ -8,29 +8,30 @@ namespace QxHost {
 
 struct RowRange {
   std::size_t begin;
-  std::size_t end;  // one after the last
+  std::size_t end;  // one past the last
   friend bool operator==(const RowRange&, const RowRange&) = default;
 };
 
 class RowRanges {
  public:
   RowRanges() = default;
-  // In order; see Append.
+  // The ranges must be in order; see Append.
   RowRanges(std::initializer_list<RowRange> ranges);
 
-  // Adds rows after all others. Ranges that touch become one; an empty one adds nothing.
+  // Appends a range, which must not begin before the end of the last one. Joins adjacent ranges; ignores an
+  // empty one.
   void Append(RowRange range);
 
-  // From the first on, with rows between them that are not in any.
+  // Returns the ranges in order. There is at least one row between two ranges.
   const std::vector<RowRange>& All() const { return ranges_; }
 
   bool IsEmpty() const { return ranges_.empty(); }
   std::size_t Count() const;
   bool Contains(std::size_t row) const;
-  // How many of the rows before this one.
+  // Returns how many rows of the set are before `row`.
   std::size_t CountBefore(std::size_t row) const;
 
-  // The rows of this that are not in the other.
+  // Returns the rows of this set that are not in the other.
   RowRanges Without(const RowRanges& other) const;
 
   friend bool operator==(const RowRanges&, const RowRanges&) = default;

@@ -1,4 +1,4 @@
-// The images of rows: the shell's small ones, one set for all lists.
+// The images of rows: the shell's small images. All lists use the same set.
 #pragma once
 
 #include "frame/host/host_types.h"
@@ -8,14 +8,14 @@ namespace QxHost {
 using Velmora::SDK::s64;
 using Velmora::SDK::u32;
 
-// The set's number, as IHostList::GetImageSet gives it.
+// The number of the set, as IHostList::GetImageSet returns it.
 constexpr u32 kShellImages = 5;
 
-// A row without an image.
+// The image of a row that has none.
 constexpr s64 kNoImage = -1;
 
-// The image of a file by its name and attributes; the file is not looked at. 0 in the native build, which has
-// none.
+// Returns the image for a file name and attributes, without accessing the file. Returns 0 in the native
+// build, which has no images.
 s64 ShellImageOf(const WString& fullPath, u32 attributes);
 
 }  // namespace QxHost

@@ -1,7 +1,7 @@
 #include "host/controls/shell_images.h"
 #include "platform/windows_api.h"
 
-// Needs windows.h before it.
+// Must be included after windows.h.
 #include <shellapi.h>
 
 namespace QxHost {

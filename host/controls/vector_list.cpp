@@ -7,7 +7,7 @@
 namespace QxHost {
 
 HWND VectorList::Handle() const {
-  return reinterpret_cast<HWND>(const_cast<VectorList*>(this));  // as good as any: nothing looks into it
+  return reinterpret_cast<HWND>(const_cast<VectorList*>(this));  // any unique value serves
 }
 
 u32 VectorList::GetImageSet() { return kShellImages; }
@@ -44,7 +44,7 @@ void VectorList::SetColumnWidth(u32 number, u32 width) {
   }
 }
 
-// Like every event it is for the list's own thread alone.
+// Sends the event only on the list's own thread, as all events.
 void VectorList::OnClear() {
   bool wasSelected = false;
   {

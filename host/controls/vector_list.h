@@ -1,4 +1,4 @@
-// A list without a window: its rows, its columns and its selection are values. The native build's.
+// The list of the native build, which has rows, columns and a selection but no window.
 #pragma once
 
 #include <atomic>
@@ -19,13 +19,13 @@ class VectorList final : public ListControl {
   void SetRowHeight(u32 height) override { rowHeight_ = height; }
   bool FilterMessage(tagMSG*) override { return false; }
 
-  // What a user does.
+  // The actions of a user.
   void Select(RowRanges rows);
   void Focus(std::size_t row);
   void SetColumnWidth(u32 number, u32 width);
   void OpenContextMenu(s32 x, s32 y) { SendContextMenu(x, y); }
 
-  // What a user sees.
+  // What a user would see.
   RowRanges Selected() override;
   std::size_t Focused() override;
   const std::vector<Column>& Columns() const { return columns_; }
@@ -43,7 +43,7 @@ class VectorList final : public ListControl {
   const std::thread::id thread_ = std::this_thread::get_id();
   u32 rowHeight_ = 0;
   std::atomic<int> refreshes_ = 0;
-  std::mutex selectionMutex_;  // guards what follows: Clear may come from any thread
+  std::mutex selectionMutex_;  // protects the members below, as Clear may be called on any thread
   RowRanges selected_;
   std::size_t focused_ = 0;
 };

@@ -41,7 +41,7 @@ u32 HelperChannel::Exchange(s32 code, std::string_view body) {
   const std::optional<HelperReply> reply = DecodeHelperReply(bytes);
   if (error == ERROR_SUCCESS && !reply) error = ERROR_INVALID_DATA;
   if (error != ERROR_SUCCESS) {
-    // Nobody knows where in its stream such a helper is.
+    // After an error the position in the helper's stream is unknown, so end the helper.
     process_.reset();
     return error;
   }

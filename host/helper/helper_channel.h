@@ -1,7 +1,7 @@
-// Service 3250: the road to the elevated helper, which is a process of this program with the module in it.
+// Service 3250: the channel to the elevated helper, a process of this program that has loaded the module.
 //
-// A helper that cannot be started, dies, does not answer in time or sends what is no answer gives an error
-// number, and the process is ended.
+// If the helper cannot be started, ends, does not reply in time or sends an invalid reply, the call returns
+// an error number and the process is ended.
 #pragma once
 
 #include <chrono>
@@ -13,7 +13,7 @@
 
 namespace QxHost {
 
-// How long the helper may take for each step.
+// The time limits of the helper for each step.
 struct HelperTimes {
   std::chrono::milliseconds start{60'000};
   std::chrono::milliseconds answer{600'000};
@@ -28,9 +28,9 @@ class HelperChannel final : public Velmora::SDK::IHostHelperChannel {
 
   bool Connect() override;
   Velmora::SDK::IHostPacketWriter* CreateWriter() override;
-  // The number of the reply, or: ERROR_BROKEN_PIPE (109) if there is no helper, or none any more,
-  // ERROR_TIMEOUT (1460), ERROR_INVALID_DATA (13) for what is no reply, ERROR_INVALID_FUNCTION (1) for a
-  // message that the module does not know.
+  // Sends a message and returns the code of the reply, or an error: ERROR_BROKEN_PIPE (109) if there is no
+  // helper or it has ended, ERROR_TIMEOUT (1460), ERROR_INVALID_DATA (13) for an invalid reply,
+  // ERROR_INVALID_FUNCTION (1) for a message that the module does not handle.
   u32 Send(s32 code, const void* data, u32 size) override;
   void Disconnect() override;
 
@@ -42,7 +42,7 @@ class HelperChannel final : public Velmora::SDK::IHostHelperChannel {
   std::unique_ptr<HelperProcess> process_;
 };
 
-// The helper of this program for the module.
+// Returns the command that starts this program as the helper for the module.
 HelperCommand OwnHelper(const WString& modulePath);
 
 }  // namespace QxHost

@@ -1,4 +1,4 @@
-// The process behind the helper channel, and the bytes that go to and fro.
+// The process of the helper channel, and the transfer of bytes to and from it.
 #pragma once
 
 #include <chrono>
@@ -10,7 +10,7 @@
 
 namespace QxHost {
 
-// How the helper is started. No text has a quotation mark.
+// The command line of the helper. No text may contain a quotation mark.
 struct HelperCommand {
   WString program;  // full path
   std::vector<WString> arguments;
@@ -18,26 +18,27 @@ struct HelperCommand {
 
 using Deadline = std::chrono::steady_clock::time_point;
 
-// A running process that reads its standard input from us and writes its standard output to us; standard
-// error is ours. One thread uses it.
+// A running process whose standard input and output are connected to this process; it shares our standard
+// error. Not thread-safe.
 class HelperProcess {
  public:
   virtual ~HelperProcess() = default;
 
-  // All of `bytes`. 0, or an error: ERROR_TIMEOUT (1460) past the deadline, ERROR_BROKEN_PIPE (109) if the
-  // process does not listen any more.
+  // Writes all bytes. Returns 0 or an error: ERROR_TIMEOUT (1460) after the deadline, ERROR_BROKEN_PIPE (109)
+  // if the process has closed its input.
   virtual DWORD Write(std::string_view bytes, Deadline deadline) = 0;
-  // As many bytes as asked for. Errors as for Write.
+  // Reads exactly `size` bytes. Returns 0 or an error as Write does.
   virtual DWORD Read(char* buffer, std::size_t size, Deadline deadline) = 0;
 
-  // Lets the process see the end of its input, and waits until it has ended, or ends it at the deadline.
+  // Closes the input of the process and waits until it ends; terminates it at the deadline.
   virtual void End(Deadline deadline) = 0;
 };
 
-// Null if the process cannot be started. Whoever lets go of it without End ends it at once.
+// Starts the helper. Returns null if that fails. Destroying the object without a call of End terminates the
+// process at once.
 std::unique_ptr<HelperProcess> StartHelper(const HelperCommand& command);
 
-// The program that is running.
+// Returns the full path of the running program.
 WString OwnProgram();
 
 }  // namespace QxHost

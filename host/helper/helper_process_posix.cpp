@@ -44,7 +44,8 @@ int MillisecondsTo(Deadline deadline) {
   return static_cast<int>(std::clamp<decltype(left)>(left, 0, 3600 * 1000));
 }
 
-// Waits until the descriptor has what is asked for, or a partner no more. False past the deadline.
+// Waits until one of `events` occurs on the descriptor or its other end is closed. Returns false after the
+// deadline.
 bool WaitFor(int descriptor, short events, Deadline deadline) {
   pollfd waiting{descriptor, events, 0};
   for (;;) {
@@ -116,7 +117,8 @@ class PosixHelper final : public HelperProcess {
 
 std::unique_ptr<HelperProcess> StartHelper(const HelperCommand& command) {
   int pair[2];
-  // A socket and no pipe: a partner that is gone is an error of the call there, and no signal.
+  // Uses a socket, not a pipe, because writing to a closed socket can return an error instead of raising a
+  // signal.
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair) != 0) return nullptr;
   Descriptor ours(pair[0]);
   const Descriptor theirs(pair[1]);

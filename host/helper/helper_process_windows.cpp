@@ -18,7 +18,8 @@ DWORD MillisecondsTo(Deadline deadline) {
   return static_cast<DWORD>(std::clamp<decltype(left)>(left, 0, 3600 * 1000));
 }
 
-// Both ends of a pipe that goes to and fro. Ours is waited for with a time limit; theirs is inherited.
+// Both ends of a duplex pipe. Ours is opened for overlapped calls, which can have a time limit; theirs is
+// inherited.
 struct PipeEnds {
   FileHandle ours;
   FileHandle theirs;
@@ -88,7 +89,8 @@ class WindowsHelper final : public HelperProcess {
       if (!call(at, part, &overlapped) && GetLastError() != ERROR_IO_PENDING) return ERROR_BROKEN_PIPE;
       const bool inTime = WaitForSingleObject(done_.Get(), MillisecondsTo(deadline)) == WAIT_OBJECT_0;
       if (!inTime) CancelIoEx(pipe_.Get(), &overlapped);
-      // Waits for the cancelled call too: it must not write into a buffer that is gone.
+      // Waits for a cancelled call too, because it must not write to the buffer after this function has
+      // returned.
       DWORD count = 0;
       const bool worked = GetOverlappedResult(pipe_.Get(), &overlapped, &count, TRUE) && count != 0;
       if (!inTime) return ERROR_TIMEOUT;

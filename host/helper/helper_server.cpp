@@ -21,7 +21,7 @@ class HelperMessage final : public IHostHelperMessage {
  public:
   explicit HelperMessage(const std::string& body) : body_(body) {}
 
-  HelperReply reply{.code = ERROR_GEN_FAILURE};  // until the module sets one
+  HelperReply reply{.code = ERROR_GEN_FAILURE};  // the default if the module sets no reply
 
   const void* GetData() override { return body_.data(); }
   u32 GetSize() override { return static_cast<u32>(body_.size()); }
@@ -35,7 +35,7 @@ class HelperMessage final : public IHostHelperMessage {
   const std::string& body_;
 };
 
-// What the module made, given back to it at the end.
+// Owns an extension object of the module.
 class OwnedExtension {
  public:
   explicit OwnedExtension(const ModuleExports& exports)
@@ -57,7 +57,7 @@ void Serve(const std::string& module) {
   const std::optional<WString> path = FullPathOf(PathFromUtf8(module));
   if (!path) throw BadCall("helper: \"" + module + "\" is no path");
   const ShellObjects shellObjects;
-  // It is registered and started nowhere: this instance has no host.
+  // The extension is neither registered nor started: in this process it has no host.
   const OwnedExtension extension(LoadModule(*path));
   if (!ServeHelperMessages(extension.Get(), {ReadStandardInputBytes, WriteStandardOutput})) {
     throw BadCall("helper: what comes in is no message");

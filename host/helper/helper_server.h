@@ -1,4 +1,4 @@
-// The helper's side of the channel: an instance of the module that does what the host sends it.
+// The helper's end of the channel: an instance of the module that handles the messages of the host.
 #pragma once
 
 #include <functional>
@@ -8,22 +8,22 @@
 
 namespace QxHost {
 
-// The road to the host.
+// The connection to the host.
 struct HelperStreams {
-  // As many bytes as asked for; fewer at the end of the stream alone. Answers how many.
+  // Reads `size` bytes, fewer only at the end of the stream. Returns their number.
   std::function<std::size_t(char* buffer, std::size_t size)> read;
   std::function<bool(std::string_view bytes)> write;  // false if not all could be written
 };
 
-// The reply of the extension to one message. Throws what the extension throws.
+// Returns the reply of the extension to one message. Exceptions of the extension propagate.
 HelperReply AnswerHelperMessage(Velmora::SDK::IPluginInterface& extension, s32 code, const std::string& body);
 
-// Greets, and answers messages until the stream ends. False if it ends in the midst of one, or is no stream
-// of messages.
+// Sends the greeting and replies to messages until the stream ends. Returns false if the stream ends within a
+// message or does not follow the protocol.
 bool ServeHelperMessages(Velmora::SDK::IPluginInterface& extension, const HelperStreams& streams);
 
-// Loads the module that the arguments behind kHelperArgument name and serves it over the standard streams.
-// Answers the exit status; failures are told on standard error.
+// Loads the module named by `arguments`, those after kHelperArgument, and serves messages over the standard
+// streams. Returns the exit status; reports failures on standard error.
 int RunHelper(const std::vector<std::string>& arguments);
 
 }  // namespace QxHost

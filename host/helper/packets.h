@@ -1,6 +1,6 @@
-// Bodies of the messages to the elevated helper: numbers and texts, one behind the other, as bytes.
+// The bodies of messages to the elevated helper: a sequence of numbers and texts, as bytes.
 //
-// A number is 4 bytes, the low ones first. A text is the number of its 16-bit units, and these.
+// A number has 4 bytes, little endian. A text is the number of its 16-bit units, followed by the units.
 #pragma once
 
 #include <deque>
@@ -14,10 +14,12 @@ namespace QxHost {
 using Velmora::SDK::s32;
 using Velmora::SDK::u32;
 
+// Appends the four bytes of a number.
 void AppendU32(std::string& bytes, u32 value);
-// From the first four bytes.
+// Returns the number in the first four bytes.
 u32 U32From(const char* bytes);
 
+// Writes a packet.
 class PacketWriter final : public OwnedByModule<PacketWriter, Velmora::SDK::IHostPacketWriter> {
  public:
   void WriteU32(u32 value) override { AppendU32(bytes_, value); }
@@ -29,7 +31,8 @@ class PacketWriter final : public OwnedByModule<PacketWriter, Velmora::SDK::IHos
   std::string bytes_;
 };
 
-// Reads nothing beyond the data's end: an operation that would answers false, and so do all later ones.
+// Reads a packet. An operation that would read past the end of the data returns false, and so do all later
+// ones.
 class PacketReader final : public OwnedByModule<PacketReader, Velmora::SDK::IHostPacketReader> {
  public:
   void Attach(const void* data, u32 size) override;
@@ -39,7 +42,7 @@ class PacketReader final : public OwnedByModule<PacketReader, Velmora::SDK::IHos
  private:
   std::string_view rest_;
   bool failed_ = false;
-  std::deque<WString> texts_;  // those that were read, until the release
+  std::deque<WString> texts_;  // the texts read so far, which must live until the release
 };
 
 }  // namespace QxHost

@@ -21,7 +21,7 @@ std::vector<std::string> TextsOf(const ColumnRow& row) {
 
 }  // namespace
 
-// A character of UTF-8 begins with a byte that is no continuation.
+// Counts the bytes that are not UTF-8 continuation bytes.
 std::size_t CharactersOf(std::string_view text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));

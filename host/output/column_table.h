@@ -1,7 +1,7 @@
-// Rows of columns as a table that lines up.
+// Writes rows as a table with aligned columns.
 //
-// Rows come in blocks, and each block is as wide as its widest cells and those before it: a table of any
-// length is shown as it comes, without being kept.
+// Rows are written in blocks. The columns of a block are as wide as the widest cells of this block and the
+// blocks before it, so that a table of any length can be written while it is produced, without storing it.
 #pragma once
 
 #include <functional>
@@ -16,26 +16,26 @@ namespace QxHost {
 struct ColumnHead {
   WString name;
   WString heading;
-  bool isNumber = false;  // stands at the right
+  bool isNumber = false;  // aligned to the right
 };
 
 struct ColumnRow {
   WString item;                               // full path
-  std::vector<std::optional<WString>> cells;  // one for each column; nothing for no value
+  std::vector<std::optional<WString>> cells;  // one for each column; std::nullopt for no value
 };
 
 class ColumnTable {
  public:
   using Line = std::function<void(const std::string&)>;
 
-  // The first block has the headings above it. The item stands last.
+  // Writes a block of rows, with the headings before the first block. The item is the last column.
   void Write(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows, const Line& line);
 
  private:
-  std::vector<std::size_t> widths_;  // of the columns, in characters
+  std::vector<std::size_t> widths_;  // the widths of the columns in characters
 };
 
-// The number of characters of a text in UTF-8.
+// Returns the number of characters (code points) of a UTF-8 text.
 std::size_t CharactersOf(std::string_view text);
 
 }  // namespace QxHost

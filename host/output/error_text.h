@@ -1,4 +1,4 @@
-// Windows error numbers as a person reads them.
+// Windows error numbers as readable text.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace QxHost {
 
-// "Access is denied. (5)": the system's text, without its line end, and the number.
+// Returns the system's text of an error, without its line end, and the number: "Access is denied. (5)".
 std::string ErrorText(DWORD error);
 
 }  // namespace QxHost

@@ -1,4 +1,4 @@
-// The exit statuses of qxhost, and the two ways in which a run ends early.
+// The exit statuses of qxhost, and the two exceptions that end a run early.
 #pragma once
 
 #include <stdexcept>
@@ -6,19 +6,19 @@
 namespace QxHost {
 
 enum ExitStatus : int {
-  kExitHandled = 0,       // the module answered 1
-  kExitNotHandled = 1,    // the module answered 0
-  kExitBadCall = 2,       // what the caller asked for cannot be
-  kExitModuleFailed = 3,  // the module could not be loaded, or threw, or the output could not be written
-  kExitFilesFailed = 4,   // the module answered 1, but handed back failed files, or a rename failed
+  kExitHandled = 0,       // the module returned 1
+  kExitNotHandled = 1,    // the module returned 0
+  kExitBadCall = 2,       // invalid arguments
+  kExitModuleFailed = 3,  // the module could not be loaded or threw, or the output could not be written
+  kExitFilesFailed = 4,   // the module returned 1 but reported failed files, or a rename failed
 };
 
-// The caller's mistake: a missing item, a field that is none. Texts are UTF-8 and say what to do.
+// A mistake of the caller, such as a missing item or an unknown field. Texts are UTF-8 and say what to do.
 struct BadCall : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// The module cannot be used.
+// The module could not be loaded, or threw an exception.
 struct ModuleFailure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

@@ -7,7 +7,7 @@
 namespace QxHost {
 namespace {
 
-// Members in the order in which they are written here.
+// Keeps members in the order of their insertion.
 using Json = nlohmann::ordered_json;
 
 constexpr const char* kQuestionKinds[] = {"box", "text", "choice", "dialog"};
@@ -125,7 +125,7 @@ class JsonReporter final : public Reporter {
     }
   }
 
-  // Of rows there may be a million, so their lines are written as they are.
+  // There may be a million rows, so this writes their JSON directly, without a JSON object.
   void Row(const RowEvent& event) override {
     line_ = R"({"event":"row","folder":)";
     AppendJsonString(line_, event.folder);
@@ -178,7 +178,7 @@ class JsonReporter final : public Reporter {
   void Write(const Json& line) { output_.Line(line.dump(-1, ' ', false, Json::error_handler_t::replace)); }
 
   Output& output_;
-  std::string line_;  // kept for its memory
+  std::string line_;  // a member so that its memory is reused
 };
 
 }  // namespace

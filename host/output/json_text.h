@@ -1,4 +1,4 @@
-// Texts and blocks in the JSON files of the settings.
+// Converts texts and binary blocks to JSON and back, for the settings files.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -12,16 +12,16 @@ namespace QxHost {
 
 using Block = std::vector<unsigned char>;
 
-// A text is a string. One that is no well-formed UTF-16 would not come back from it, and is kept as
-// {"utf16": "D800..."} instead.
+// A text is stored as a string. A text that is not well-formed UTF-16 would not survive that, so it is stored
+// as {"utf16": "D800..."}.
 nlohmann::json JsonOfText(WStringView text);
 std::optional<WString> TextOfJson(const nlohmann::json& value);
 
-// Appends a text as a JSON string with its quotes, as the library writes it: what is no well-formed UTF-16
+// Appends a text as a JSON string with quotes, in the form that the JSON library writes. Invalid UTF-16
 // becomes U+FFFD.
 void AppendJsonString(std::string& json, WStringView text);
 
-// {"block": "0A0B..."}
+// A block is stored as {"block": "0A0B..."}.
 nlohmann::json JsonOfBlock(const Block& block);
 std::optional<Block> BlockOfJson(const nlohmann::json& value);
 

@@ -11,8 +11,9 @@ namespace {
 constexpr std::size_t kTypedPerMistake = 3;
 constexpr std::size_t kShortestBeginning = 2;
 
-// The smallest number of mistakes that make `typed` of `name`, where no character has a part in two
-// exchanges. A row holds the counts for one beginning of `typed`, by the length of the beginning of `name`.
+// Returns the least number of mistakes that turn `name` into `typed` (the restricted Damerau-Levenshtein
+// distance). A row contains the distances of one prefix of `typed`, indexed by the length of the prefix of
+// `name`.
 std::size_t CountMistakes(std::string_view typed, std::string_view name) {
   std::vector<std::size_t> beforeLast(name.size() + 1);
   std::vector<std::size_t> last(name.size() + 1);
@@ -44,7 +45,7 @@ std::string_view NearestName(std::string_view typed, std::span<const std::string
   for (const std::string_view name : names) {
     const std::string loweredName = AsciiLower(name);
     std::size_t mistakes = fewest;
-    // A difference in length alone is as many mistakes, so a long text is never compared with a short name.
+    // The difference of the lengths is a lower bound, so texts of very different lengths are not compared.
     if (typed.size() < name.size() + fewest && name.size() < typed.size() + fewest) {
       mistakes = CountMistakes(loweredTyped, loweredName);
     }

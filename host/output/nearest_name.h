@@ -1,4 +1,4 @@
-// Proposals for mistyped names: verbs, options, commands, parameters, answers, fields.
+// Proposes corrections of mistyped names: verbs, options, commands, parameters, answers, fields.
 #pragma once
 
 #include <cstddef>
@@ -8,18 +8,18 @@
 
 namespace QxHost {
 
-// Returns the name that `typed` most likely stands for, which is the one with the fewest mistakes; the first
-// of several such. A mistake is a character that is missing, one too many or wrong, or two neighbours
-// exchanged; letter case does not count. A name of which two or more characters were typed, and the rest was
-// left out, has one mistake. A name with more than one mistake for each three typed characters (rounded up)
-// is not proposed. Empty if there is no such name. Characters are counted in bytes: all names of this program
-// are ASCII.
+// Returns the name with the fewest mistakes in `typed`; the first one if there are several. A mistake is a
+// missing, additional or wrong character, or two neighbours exchanged; letter case is ignored. If `typed` is
+// a beginning of a name, of two or more characters, that counts as one mistake. Returns the empty text if
+// every name has more than one mistake for every three typed characters (rounded up). Characters are bytes:
+// all names of this program are ASCII.
 //
-// `mostMistakes` lowers the number of mistakes that a name may have, for long names that have much in common.
+// `mostMistakes` further limits the number of mistakes, for long names that are similar to each other.
 std::string_view NearestName(std::string_view typed, std::span<const std::string_view> names,
                              std::size_t mostMistakes = static_cast<std::size_t>(-1));
 
-// The last sentence of a message about a mistyped name: ". Did you mean NAME?", or empty if no name is near.
+// Returns the end of a message about a mistyped name: ". Did you mean NAME?", or the empty text if no name is
+// near.
 std::string DidYouMean(std::string_view typed, std::span<const std::string_view> names);
 
 }  // namespace QxHost

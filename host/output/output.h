@@ -1,7 +1,7 @@
-// Where a run's lines go: standard output for what happened, standard error for what went wrong.
+// The output of a run: results go to standard output, problems to standard error.
 //
-// Lines are gathered and written in blocks, so that a hundred thousand of them are cheap; whoever is about to
-// wait for a person flushes first. May be used from any thread.
+// Lines are buffered and written in blocks, so that many lines are cheap. Call Flush before waiting for user
+// input. May be used from any thread.
 #pragma once
 
 #include <functional>
@@ -14,26 +14,26 @@ namespace QxHost {
 
 class Output {
  public:
-  // Takes bytes; false if they could not be written.
+  // Writes bytes; returns false if that fails.
   using Sink = std::function<bool(std::string_view bytes)>;
 
   Output(Sink standardOutput, Sink standardError)
       : standardOutput_(std::move(standardOutput)), standardError_(std::move(standardError)) {}
 
-  // One line, to which the line end is added.
+  // Writes one line, and a line end after it.
   void Line(std::string_view text);
-  // A line on standard error, after all that was written before it.
+  // Writes a line to standard error, after all earlier output.
   void Problem(std::string_view text);
-  // A prompt on standard error, without a line end.
+  // Writes a prompt to standard error, without a line end.
   void Prompt(std::string_view text);
   void Flush();
 
-  // From Hold to LetGo lines and problems are kept, so that no reader who is slow is waited for. A prompt
-  // lets go as well.
+  // From Hold to LetGo, lines and problems are stored and not written, so that a slow reader does not block
+  // the run. A prompt also ends the hold.
   void Hold();
   void LetGo();
 
-  // Whether a write to standard output has failed.
+  // Returns whether a write to standard output has failed.
   bool HasFailed();
 
  private:
@@ -46,14 +46,14 @@ class Output {
   std::string pending_;
   struct Held {
     std::string output;
-    std::string problem;  // after the output
+    std::string problem;  // written after the output
   };
   std::vector<Held> held_;
   bool isHeld_ = false;
   bool failed_ = false;
 };
 
-// Holds the lines of an output back while it exists.
+// Holds back the lines of an output while the object exists.
 class HeldOutput {
  public:
   explicit HeldOutput(Output& output) : output_(output) { output_.Hold(); }

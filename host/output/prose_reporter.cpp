@@ -50,7 +50,7 @@ class ProseReporter final : public Reporter {
 
   void Rename(const RenameEvent& event) override {
     constexpr std::uint32_t kDone = 0;
-    if (event.result != kDone) return;  // what was not done is told on standard error
+    if (event.result != kDone) return;  // failures are reported on standard error
     std::string line = event.dryRun ? "would rename " : "renamed ";
     AppendAsUtf8(line, event.from);
     line += " to ";
@@ -118,7 +118,7 @@ class ProseReporter final : public Reporter {
     table_.Write(heads, rows, [this](const std::string& line) { output_.Line(line); });
   }
 
-  // The renames themselves have said what a run did.
+  // Does not write rows of a run: its renames have been reported already.
   void Row(const RowEvent& event) override {
     if (event.isOutcome) return;
     if (event.folder != rowFolder_) {
@@ -175,7 +175,7 @@ class ProseReporter final : public Reporter {
 
   void Say(std::string_view text) override { output_.Line(text); }
 
-  // The exit status says it.
+  // Writes nothing: the exit status is the result.
   void Result(std::int32_t) override {}
 
  private:
@@ -185,8 +185,8 @@ class ProseReporter final : public Reporter {
 
   Output& output_;
   ColumnTable table_;
-  WString rowFolder_;  // of the row before
-  std::string line_;   // kept for its memory
+  WString rowFolder_;  // the folder of the previous row
+  std::string line_;   // a member so that its memory is reused
 };
 
 }  // namespace

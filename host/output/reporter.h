@@ -1,4 +1,4 @@
-// What happens in a run, told to whoever called qxhost: as prose, or as one JSON object a line.
+// Reports the events of a run to the caller of qxhost, as prose or as one JSON object per line.
 #pragma once
 
 #include <cstdint>
@@ -13,20 +13,20 @@
 
 namespace QxHost {
 
-// A question that was asked, and how it was answered.
+// A question and its answer.
 struct QuestionEvent {
   enum Kind { kBox, kText, kChoice, kDialog };
   Kind kind = kBox;
   WString title;
   WString text;
-  std::uint32_t style = 0;  // of a box, as MessageBoxW takes it
+  std::uint32_t style = 0;  // the style of a box, as for MessageBoxW
   std::string answer;       // in the form of --answer
-  // A text question's default and hint; empty where there is none.
+  // The default and the hint of a question for a text; empty if there is none.
   WString defaultText;
   WString hint;
 };
 
-// One rename that the module asked for. The texts are the caller's.
+// One rename that the module has requested. The texts are owned by the caller.
 struct RenameEvent {
   WStringView from;  // full path
   WStringView to;    // new name
@@ -53,7 +53,7 @@ struct MenuEvent {
   Kind kind = kCommand;
   std::vector<WString> menus;  // the texts of the menus that it is in, the outermost first
   std::uint32_t number = 0;
-  std::string name;      // of a command, as qxhost takes it; empty if it has none
+  std::string name;      // the command's name in qxhost; empty if it has none
   std::uint32_t id = 0;  // text id; 0 for a separator and for a sub menu with a literal text
   std::uint32_t display = 0;
   WString text;
@@ -63,7 +63,7 @@ struct MenuEvent {
 struct ScriptCommandEvent {
   struct Parameter {
     std::string name;
-    std::string kind;  // what its value is called: TEXT or NUMBER; empty for a switch
+    std::string kind;  // the name of its value: TEXT or NUMBER; empty for a switch
     bool required = false;
     WString description;
   };
@@ -73,52 +73,53 @@ struct ScriptCommandEvent {
   std::vector<Parameter> parameters;
 };
 
-// What ShellExecuteW was asked to start.
+// The arguments of a call of ShellExecuteW.
 struct ShellEvent {
   WString verb;
   WString file;
   WString arguments;
 };
 
-// A row of a rename by rules. The texts are the caller's.
+// A row of a rename by rules. The texts are owned by the caller.
 struct RowEvent {
   WStringView folder;  // ends in a separator
   WStringView oldName;
   WStringView newName;
-  std::uint32_t state = 0;    // of ItemState
-  bool isOutcome = false;     // the state is that after a run, of which renames were reported
+  std::uint32_t state = 0;    // an ItemState
+  bool isOutcome = false;     // the state is the result of a run, whose renames have been reported
   bool stays = false;         // the host would ignore its rename
-  bool blocks = false;        // no run can start with it
-  std::string objection;      // what stands against its rename; empty if nothing does
-  std::size_t nameWidth = 0;  // of the column of old names, in characters
+  bool blocks = false;        // prevents a run
+  std::string objection;      // why it cannot be renamed; empty if it can
+  std::size_t nameWidth = 0;  // width of the column of old names, in characters
 };
 
-// A file by which renames can be taken back.
+// A file with which renames can be undone.
 struct UndoEvent {
   WString file;      // full path
-  std::string date;  // of the run, local: 2026-03-05T14:07:09
-  WString dateText;  // the same as the user's language writes it
+  std::string date;  // local time of the run: 2026-03-05T14:07:09
+  WString dateText;  // the same in the format of the user's language
   std::size_t items = 0;
   bool restored = false;
-  std::string takeBack;  // the call that takes it back, after a run that has written it; empty otherwise
+  std::string takeBack;  // after a run that has written the file, the call that undoes it; otherwise empty
 };
 
-// A saved set of rules for renames.
+// A saved profile of rename rules.
 struct RenameProfileEvent {
   WString name;
   WString filename;  // templates
   WString extension;
-  std::string caseRule;  // as --case takes it
+  std::string caseRule;  // a value of --case
   std::int32_t start = 0;
   std::int32_t step = 0;
   std::int32_t digits = 0;
   bool regex = false;
   bool replaceAll = false;
   bool caseSensitive = false;
-  std::string parts;  // as --parts takes it
+  std::string parts;  // a value of --parts
   std::vector<std::pair<WString, WString>> pairs;
 };
 
+// The interface of reporters.
 class Reporter {
  public:
   virtual ~Reporter() = default;
@@ -132,24 +133,25 @@ class Reporter {
   virtual void Menu(const MenuEvent& event) = 0;
   virtual void Shell(const ShellEvent& event) = 0;
   virtual void ScriptCommand(const ScriptCommandEvent& event) = 0;
-  // What a script command has set; at least one of the two.
+  // Reports the results that a script command has set; at least one of the two has a value.
   virtual void ScriptResult(const std::optional<std::uint32_t>& code, const std::optional<WString>& text) = 0;
-  // A block of rows of the module's columns, which are the same in each block.
+  // Reports a block of rows of the module's columns. The columns are the same in all blocks.
   virtual void Columns(const std::vector<ColumnHead>& heads, const std::vector<ColumnRow>& rows) = 0;
   virtual void Row(const RowEvent& event) = 0;
   virtual void Undo(const UndoEvent& event) = 0;
-  // An undo file that was deleted, by its full path.
+  // Reports that an undo file was deleted, by its full path.
   virtual void UndoDeleted(WStringView file) = 0;
-  // A numbered list of pairs for renames.
+  // Reports a numbered list of pairs for renames.
   virtual void Pairs(std::int32_t number, const std::vector<std::pair<WString, WString>>& pairs) = 0;
   virtual void RenameProfile(const RenameProfileEvent& event) = 0;
-  // A property of files, by the name that a template takes and the one that a person reads.
+  // Reports a property of files: its name in templates and its display name.
   virtual void Property(WStringView name, WStringView displayName) = 0;
-  // A sentence for a person, about what the other events say to a program.
+  // Reports a sentence for a person. Programs get the same information from the other events.
   virtual void Say(std::string_view text) = 0;
   virtual void Result(std::int32_t value) = 0;
 };
 
+// Return reporters that write prose or JSON to `output`, which must outlive them.
 std::unique_ptr<Reporter> MakeProseReporter(Output& output);
 std::unique_ptr<Reporter> MakeJsonReporter(Output& output);
 

@@ -1,6 +1,6 @@
-// The three standard streams, as bytes, and the terminal behind standard input.
+// The three standard streams as bytes, and the terminal of standard input.
 //
-// Output is UTF-8 and goes out as it is: no line end is changed in either build.
+// Output is UTF-8 and written unchanged: neither build converts line ends.
 #pragma once
 
 #include <optional>
@@ -9,22 +9,22 @@
 
 namespace QxHost {
 
-// False if not all could be written.
+// WriteStandardOutput returns false if not all bytes could be written.
 bool WriteStandardOutput(std::string_view bytes);
 void WriteStandardError(std::string_view bytes);
 
-// Whether there is a person to ask.
+// Returns whether standard input is a terminal, so that questions can be asked there.
 bool StandardInputIsTerminal();
 
-// One line from the terminal, as UTF-8 without its line end; nothing at the end of input.
+// Reads one line from the terminal and returns it as UTF-8 without its line end; std::nullopt at the end of
+// input.
 std::optional<std::string> ReadTerminalLine();
 
-// The next bytes of standard input, at most `size`. Returns how many: 0 at its end, nothing if it cannot be
-// read.
+// Reads at most `size` bytes of standard input. Returns their number: 0 at the end, std::nullopt for a
+// failure.
 std::optional<std::size_t> ReadStandardInputPart(char* buffer, std::size_t size);
 
-// As many bytes of standard input as asked for, fewer only at its end or where it cannot be read. Answers how
-// many.
+// Reads `size` bytes of standard input, fewer only at its end or after a failure. Returns their number.
 std::size_t ReadStandardInputBytes(char* buffer, std::size_t size);
 
 }  // namespace QxHost

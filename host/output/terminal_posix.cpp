@@ -17,7 +17,7 @@ bool WriteAll(int stream, std::string_view bytes) {
   return true;
 }
 
-// The number of bytes read, 0 at the end, -1 for a failure.
+// Returns the number of bytes read, 0 at the end, -1 for a failure.
 ssize_t ReadSome(char* buffer, std::size_t size) {
   ssize_t done = 0;
   do {

@@ -12,7 +12,7 @@ bool IsConsole(HANDLE stream) {
   return GetConsoleMode(stream, &mode) != FALSE;
 }
 
-// A console takes characters, everything else takes bytes.
+// Writes a text to a console, which needs UTF-16; all other streams get bytes.
 bool WriteConsoleText(HANDLE stream, const WString& text) {
   std::size_t done = 0;
   while (done < text.size()) {
@@ -59,7 +59,7 @@ std::optional<std::size_t> ReadStandardInputPart(char* buffer, std::size_t size)
   const auto part = static_cast<DWORD>(std::min<std::size_t>(size, 1u << 20));
   DWORD done = 0;
   if (ReadFile(GetStdHandle(STD_INPUT_HANDLE), buffer, part, &done, nullptr)) return done;
-  // The other end of a pipe has closed it: that is the end.
+  // The other end has closed the pipe: that is the end of the input.
   if (GetLastError() == ERROR_BROKEN_PIPE) return 0;
   return std::nullopt;
 }

@@ -23,7 +23,8 @@ bool IsSigned(const PrintfConversion& conversion) {
   return conversion.letter == W('d') || conversion.letter == W('i');
 }
 
-// The characters up to the terminator, and not one beyond the precision: such a text need not be terminated.
+// Returns the text up to its terminator, at most `precision` characters. Reads no further, because such a
+// text need not be terminated.
 template <typename CharT>
 std::basic_string_view<CharT> BoundedText(const CharT* text, std::size_t precision) {
   std::size_t size = 0;

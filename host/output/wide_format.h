@@ -1,4 +1,4 @@
-// The formats of IHostApp::LogMessage, filled without a printf: a format may come from outside.
+// Formats the texts of IHostApp::LogMessage. Formats are untrusted input, so they are not passed to printf.
 #pragma once
 
 #include <cstdarg>
@@ -7,10 +7,10 @@
 
 namespace QxHost {
 
-// Fills `format` with what follows it: %s (wide text), %S (narrow text), %c, %d, %i, %u, %x, %X and %%, with
-// the flags - + 0 # and blank, a width, a precision and the lengths l, ll and I64. An `l` is 32 bits, as on
-// Windows. A missing text is written "(null)". From anything else on, the rest of the format is copied, since
-// nobody knows which arguments it would take.
+// Returns `format` with its conversions replaced by the arguments. Supports %s (wide text), %S (narrow text),
+// %c, %d, %i, %u, %x, %X and %%, with the flags - + 0 # and blank, a width, a precision and the lengths l, ll
+// and I64. `l` means 32 bits, as on Windows. A null text is written as "(null)". From any other conversion
+// on, the rest of the format is copied unchanged, because the types of its arguments are unknown.
 WString FormatWide(const WCHAR* format, va_list arguments);
 
 }  // namespace QxHost

@@ -35,7 +35,7 @@ std::optional<Answer> ParseAnswer(std::string_view text) {
 std::string NearestAnswer(std::string_view text) {
   std::vector<std::string_view> words;
   for (const Word& row : kWords) words.push_back(row.word);
-  // One letter is too little for a proposal elsewhere, where there are more names.
+  // The answers are so few that even one letter is enough for a proposal.
   const auto beginsSo = [text](const Word& row) { return row.word.starts_with(text); };
   if (text.size() == 1 && std::ranges::count_if(kWords, beginsSo) == 1) {
     return ". Did you mean " + std::string(std::ranges::find_if(kWords, beginsSo)->word) + "?";

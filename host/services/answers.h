@@ -1,4 +1,4 @@
-// The answers of the command line, given in the order in which the questions will come.
+// The answers on the command line, in the order of the questions.
 #pragma once
 
 #include <deque>
@@ -13,20 +13,21 @@ namespace QxHost {
 struct Answer {
   enum Kind { kOk, kYes, kNo, kCancel, kText, kChoice };
   Kind kind = kCancel;
-  WString text;  // of kText and kChoice
+  WString text;  // for kText and kChoice
 };
 
-// `ok`, `yes`, `no`, `cancel`, `text=TEXT` or `choice=ROWTEXT`; nothing for anything else.
+// Parses `ok`, `yes`, `no`, `cancel`, `text=TEXT` or `choice=ROWTEXT`. Returns std::nullopt for any other
+// text.
 std::optional<Answer> ParseAnswer(std::string_view text);
 
-// The last sentence of a message about a text that is no answer: ". Did you mean A?" with the word that is
-// the nearest to it; empty if none is near.
+// Returns the end of a message about an invalid answer: ". Did you mean A?" with the nearest word; the empty
+// text if none is near.
 std::string NearestAnswer(std::string_view text);
 
-// The form that ParseAnswer takes.
+// Returns the text that ParseAnswer parses to this answer.
 std::string AnswerText(const Answer& answer);
 
-// What ParseAnswer takes, for messages.
+// The forms that ParseAnswer accepts, for messages.
 inline constexpr const char* kAnswerForms = "ok, yes, no, cancel, text=TEXT or choice=ROWTEXT";
 
 using Answers = std::deque<Answer>;

@@ -20,7 +20,7 @@ constexpr BoxButton kYesNoCancelGroup[] = {kYes, kNo, kCancel};
 constexpr BoxButton kYesNoGroup[] = {kYes, kNo};
 constexpr BoxButton kRetryCancelGroup[] = {kRetry, kCancel};
 
-// By the low four bits of the style.
+// Indexed by the low four bits of the style.
 constexpr std::span<const BoxButton> kGroups[] = {
     kOkGroup, kOkCancelGroup, kAbortRetryIgnoreGroup, kYesNoCancelGroup, kYesNoGroup, kRetryCancelGroup,
 };

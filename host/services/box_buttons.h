@@ -1,4 +1,4 @@
-// The buttons of boxes: which a style shows, and which one an answer presses.
+// The buttons of message boxes: which ones a style shows, and which one an answer presses.
 #pragma once
 
 #include <optional>
@@ -9,28 +9,29 @@
 
 namespace QxHost {
 
-// A button by the number that MessageBoxW answers.
+// A button, with the number that MessageBoxW returns for it.
 struct BoxButton {
   int number;
   const char* name;
 };
 
-// The buttons of a style's low four bits. An unknown style has OK alone, as MessageBoxW would show nothing.
+// Returns the buttons of a style, by its low four bits. For an unknown style, for which MessageBoxW shows
+// nothing, returns only OK.
 std::span<const BoxButton> ButtonsOfStyle(std::uint32_t style);
 
-// The low four bits of the style that shows exactly these buttons, 0 if none does.
+// Returns the low four bits of the style that shows exactly these buttons; 0 if there is none.
 std::uint32_t StyleOfButtons(std::span<const int> numbers);
 
-// The button that the answer presses, if the box has it.
+// Returns the button that the answer presses; std::nullopt if the box does not have it.
 std::optional<BoxButton> ButtonOfAnswer(std::span<const BoxButton> buttons, const Answer& answer);
 
-// The button that does the least: cancel, else no, else the only one there is.
+// Returns the button that does least: cancel, else no, else the only one.
 BoxButton HarmlessButton(std::span<const BoxButton> buttons);
 
-// "ok, cancel", for messages and prompts.
+// Returns the names of buttons for messages and prompts: "ok, cancel".
 std::string ButtonNames(std::span<const BoxButton> buttons);
 
-// Name of a button by its number; the number itself for one that no box has.
+// Returns the name of a button; its number as text if no box has it.
 std::string ButtonName(int number);
 
 }  // namespace QxHost

@@ -55,7 +55,7 @@ constexpr CommandName kCommandNames[] = {
   // The window of MultiRename.
   {kCommandMultiRename, "multi-rename"},
 
-  // The control panel: kCommandFirstControlPanel and the row of the item.
+  // The control panel: kCommandFirstControlPanel plus the row id of the item.
   {6101, "control-action-center"},
   {6102, "control-administrative-tools"},
   {6104, "control-backup-and-restore"},
@@ -149,7 +149,7 @@ std::vector<CommandName> CommandsThatBeginWith(std::string_view beginning) {
 constexpr std::size_t kShortestPart = 3;
 constexpr std::size_t kMostProposed = 5;
 
-// The nearest name, or if none is near the few names that contain the text.
+// Returns the nearest name or, if none is near, the names that contain the text if they are few.
 std::string ProposalOf(std::string_view text, const std::vector<std::string_view>& names) {
   const std::string nearest = DidYouMean(text, names);
   if (!nearest.empty() || text.size() < kShortestPart) return nearest;

@@ -1,4 +1,4 @@
-// Names of the menu's commands, for those who would rather type a word than a number.
+// Names of the menu's commands, as alternatives to their numbers.
 #pragma once
 
 #include <cstdint>
@@ -14,23 +14,24 @@ struct CommandName {
   std::string_view name;
 };
 
-// All commands that have a name, in the order of the menu. The items of the control panel are named
-// `control-` and their title.
+// Returns all commands that have a name, in the order of the menu. The names of the control panel items are
+// `control-` followed by their title.
 std::span<const CommandName> CommandNames();
 
-// Empty for a number without a name.
+// Returns the name of a command; empty if it has none.
 std::string_view NameOfCommand(std::int64_t number);
 
-// The number of a command that is given as a decimal number or by its whole name, in any case. Nothing for
-// anything else.
+// Returns the number of a command that is given as a decimal number or by its complete name, in any letter
+// case; std::nullopt for any other text.
 std::optional<std::int32_t> FindCommand(std::string_view text);
 
-// The command that was likely typed where a verb should be: a number or name of the menu as it is given, or
-// the one name that begins so, or else the nearest one. Empty if no name is near.
+// Returns the command that was probably typed in place of a verb: a number or name of the menu, or the only
+// name with this beginning, or else the nearest name. Returns the empty text if no name is near.
 std::string ProposedCommand(std::string_view text);
 
-// As FindCommand, where a beginning of a name will do that no other name has. Throws BadCall for anything
-// else, which lists the names with such a beginning, or proposes the nearest one.
+// Returns the number of a command as FindCommand does, but also accepts the beginning of a name if it is
+// unique. Throws BadCall for any other text; its message lists the names with this beginning, or proposes the
+// nearest name.
 std::int32_t CommandOfText(std::string_view text);
 
 }  // namespace QxHost

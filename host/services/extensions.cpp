@@ -14,10 +14,10 @@ using Velmora::SDK::ExtensionInfo;
 using Velmora::SDK::IFileProperties;
 using Velmora::SDK::IPluginInterface;
 
-// A module that never says that there are no more extensions is not followed for ever.
+// The most extensions that are read, in case a module never reports the end.
 constexpr u32 kMostExtensions = 64;
 
-// The contract of the indices: this one gives columns, all others take commands.
+// The indices of the extensions: the one with the properties provides columns, all others handle commands.
 constexpr u32 kPropertiesIndex = 1;
 constexpr u32 kFileUtilsIndex = 0;
 constexpr u32 kMultiRenameIndex = 2;
@@ -29,7 +29,7 @@ std::basic_string<CharT> FieldText(const CharT (&field)[size]) {
   return std::basic_string<CharT>(field, std::find(field, field + size, CharT()));
 }
 
-// Calls the module.
+// Calls the module, and turns its exceptions into ModuleFailure.
 template <typename Call>
 auto Guarded(const char* operation, Call call) {
   try {
@@ -107,7 +107,7 @@ void Extensions::Create(Extension& extension) {
   }
 }
 
-// Comes out of a window procedure, through which no exception may pass.
+// Called by window procedures, through which exceptions must not propagate.
 void Extensions::SendEvent(IPluginInterface& plugin, std::intptr_t source, s32 code) {
   try {
     Guarded("OnHostEvent", [&] { return plugin.OnHostEvent(source, code); });
@@ -121,7 +121,7 @@ bool Extensions::StartOne(Extension& extension) {
   if (extension.properties) {
     Guarded("RegisterProperties", [&] { return extension.properties->RegisterProperties(host); });
     Guarded("Attach", [&] { return extension.properties->Attach(1); });
-    return true;  // neither has an answer that means anything
+    return true;  // the results of these calls have no meaning
   }
   const s32 registered = Guarded("OnRegister", [&] { return extension.plugin->OnRegister(host); });
   const s32 started = Guarded("OnStart", [&] { return extension.plugin->OnStart(host); });
@@ -214,7 +214,7 @@ std::optional<WString> Extensions::ColumnValueAt(FileItem& item, std::size_t ind
 
 std::optional<WString> Extensions::ColumnValue(FileItem& item, const DeclaredColumn& column) {
   constexpr std::size_t kCellChars = Velmora::SDK::StoredProperty::kTextCharacters;
-  std::array<WCHAR, kCellChars + 1> text = {};  // one more, for the terminator of a full cell
+  std::array<WCHAR, kCellChars + 1> text = {};  // terminated even if the module fills the cell
   const auto owner = std::ranges::find(extensions_, column.owner, &Extension::index);
   const bool hasValue = owner != extensions_.end() && owner->properties && Guarded("GetPropertyValue", [&] {
                           return owner->properties->GetPropertyValue(

@@ -1,6 +1,6 @@
 // The extensions of the loaded module, from GetExtensionInfo to Delete.
 //
-// Calls of the module are made here and nowhere else, and whatever it throws leaves as a ModuleFailure.
+// All calls of the module are made here. Exceptions that it throws are rethrown as ModuleFailure.
 #pragma once
 
 #include <list>
@@ -19,48 +19,49 @@ using Velmora::SDK::s32;
 
 class Extensions {
  public:
-  // Asks for the records of all extensions, and makes the modules known.
+  // Reads the records of all extensions and registers their modules.
   Extensions(Shared& shared, const ModuleExports& exports);
   Extensions(const Extensions&) = delete;
   Extensions& operator=(const Extensions&) = delete;
-  // Ends what Start began, in silence: whoever wants to hear of failures calls Stop.
+  // Shuts the extensions down and ignores failures. Call Stop before to get them.
   ~Extensions();
 
-  // The records, in the order of their indices.
+  // Reports the records in the order of their indices.
   void ReportRecords() const;
 
-  // Creates and registers all extensions, and starts them. Answers whether each said yes.
+  // Creates, registers and starts all extensions. Returns whether all calls succeeded.
   bool Start();
 
   void ReportMenus() const;
 
-  // One command, by the extension that declared its number; then what it has posted. The answer is the
-  // command's own.
+  // Runs a command of the extension that declared its number, then the commands that it has posted. Returns
+  // the result of the first command.
   s32 RunCommand(s32 number);
 
-  // Opens the window of an extension with this command, then serves what is posted until the extension says
-  // that it is closed. Returns the command's own answer, at once if that is not 1. Throws ModuleFailure if
-  // the system cannot wait.
+  // Opens the window of an extension with this command, then runs posted commands until the extension reports
+  // that it has closed. Returns the result of the command, at once if it is not 1. Throws ModuleFailure if
+  // waiting fails.
   s32 RunWindow(s32 number);
 
-  // Deletes the object of the extension with this command, which has closed, and makes and starts a new one.
+  // Replaces the extension with this command, which has closed: deletes its object and creates and starts a
+  // new one.
   void Renew(s32 number);
 
-  // The declared script command of this name. Throws BadCall for a name that is none.
+  // Returns the declared script command of this name. Throws BadCall for an unknown name.
   const DeclaredScriptCommand& ScriptCommand(const std::string& name) const;
 
   void ReportScriptCommand(const std::string& name) const;
   void ReportAllScriptCommands() const;
 
-  // One script command, by the extension that declared it; then what it has posted. Tells the results that
-  // the command sets, and answers the command's own.
+  // Runs a script command of the extension that declared it, then the commands that it has posted. Reports
+  // the results that the command sets, and returns the command's return value.
   s32 RunScriptCommand(ScriptCall& call);
 
-  // The columns that the extensions have declared, and their values for an item, in the same order. A value
-  // is kept with the item.
+  // Return the columns that the extensions have declared, and their values for an item, in the same order.
+  // The values are stored with the item.
   std::vector<ColumnHead> ColumnHeads() const;
   std::vector<std::optional<WString>> ColumnValues(FileItem& item);
-  // The value of the column at this place of ColumnHeads, asked for anew.
+  // Queries the module again for the value of the column at this index of ColumnHeads, and returns it.
   std::optional<WString> ColumnValueAt(FileItem& item, std::size_t index);
 
   // Shuts all extensions down and deletes them.
@@ -72,7 +73,7 @@ class Extensions {
     ExtensionEvent record;
     std::unique_ptr<HostApp> host;
     void* object = nullptr;
-    // What the object is, by the extension's index; the other one is null.
+    // The object, as the interface that the extension's index determines; the other pointer is null.
     Velmora::SDK::IPluginInterface* plugin = nullptr;
     Velmora::SDK::IFileProperties* properties = nullptr;
   };

@@ -1,4 +1,4 @@
-// What the system knows of a file, as the host's properties show it.
+// Reads the information about files that the host's properties show.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,7 @@
 
 namespace QxHost {
 
-// Times are those of a clock on the wall, as a FILETIME: a name shows when a photo was taken where it was
-// taken. 0 where the file system keeps no such time.
+// Times are local times, as a FILETIME; 0 if the file system does not store the time.
 struct FileFacts {
   std::uint64_t size = 0;  // bytes
   DWORD attributes = 0;
@@ -19,11 +18,12 @@ struct FileFacts {
   std::uint64_t accessed = 0;
 };
 
-// Nothing if there is no such file or folder. Any thread.
+// Returns the information about a file or folder; std::nullopt if it does not exist. May be called from any
+// thread.
 std::optional<FileFacts> ReadFileFacts(const WString& fullPath);
 
-// A text that tells the file or folder from all others, whatever its name is; of a link, the link itself.
-// Empty if there is no such file, or the system does not say.
+// Returns a text that identifies the file or folder (of a link, the link itself) independently of its name.
+// Returns the empty text if the file does not exist or the system does not provide an identity.
 std::string FileIdentity(const WString& fullPath);
 
 }  // namespace QxHost

@@ -10,7 +10,7 @@
 namespace QxHost {
 namespace {
 
-// Of 1970 in the ticks of a FILETIME, 100 nanoseconds since 1601.
+// 1970-01-01 in the ticks of a FILETIME, which are 100 nanoseconds since 1601.
 constexpr std::int64_t kTicksAt1970 = 116'444'736'000'000'000;
 constexpr std::int64_t kTicksOfSecond = 10'000'000;
 

@@ -14,10 +14,12 @@
 namespace QxHost {
 namespace {
 
-// Guards the names and the tree of all items. Held for the length of a copy, or of a step in the tree.
+// Protects the names and the tree of all items. Held only while a name is copied or the tree is searched or
+// changed.
 std::mutex itemNamesMutex;
 
-// Returns the buffer, or the empty text if there is no buffer.
+// Copies a path to the buffer, or the empty text if it does not fit. Returns the buffer; the empty text if
+// there is no buffer.
 const WCHAR* GivePath(WCHAR* buffer, u32 size, const WString& path) {
   if (!buffer || size == 0) return W("");
   CopyTerminated<WCHAR>(buffer, size, path.size() < size ? WStringView(path) : WStringView());
@@ -119,7 +121,7 @@ void FileItem::GetTagText(WCHAR* buffer, u32 size) {
   GiveText(buffer, size, isAtRoot ? WStringView() : WStringView(parent_->name_));
 }
 
-// The extension runs to the end of the name, so it is terminated.
+// The extension ends where the name ends, so the returned pointer is terminated.
 const WCHAR* FileItem::GetExtensionText(u32 flag) {
   const std::lock_guard lock(itemNamesMutex);
   const WStringView extension = ExtensionLocked(flag);
@@ -277,7 +279,7 @@ void FileItemTree::Rename(FileItem& item, WStringView newName) {
 void FileItemTree::PlaceRenamed() {
   for (const auto& [item, oldHash] : std::exchange(renamed_, {})) {
     Slot* const place = PlaceOf(*item, oldHash);
-    if (!place) continue;  // its name was taken by another item before
+    if (!place) continue;  // another item has taken over its old name
     place->item = kGone;
     MakeRoom();
     const std::uint32_t hash = HashOf(item->parent_, item->name_);

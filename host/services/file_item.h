@@ -1,11 +1,12 @@
-// A file or folder as the host hands it to the module, and the tree that owns all of them.
+// The files and folders that the host passes to the module, and the tree that owns them.
 //
-// Items live to the end of the run, longer than any list. They form a tree, so that an item below a renamed
-// folder knows its new path at once, however many there are. The attributes are asked from the system once,
-// at the latest when somebody wants to know them.
+// Items live until the end of the run, longer than any list. They form a tree, so that renaming a folder
+// changes the paths of all items below it at once. The attributes are read from the system once, at the
+// latest when they are first needed.
 //
-// A window of the module asks items for their paths while its worker renames them: the names and the tree are
-// guarded by one lock. The pointer of GetName and GetExtensionText is good until the item is renamed.
+// A window of the module may read the paths of items while its worker renames them: one lock protects the
+// names and the tree. The pointers that GetName and GetExtensionText return are valid until the item is
+// renamed.
 #pragma once
 
 #include <atomic>
@@ -26,21 +27,22 @@ using Velmora::SDK::u32;
 
 class FileItem final : public Velmora::SDK::IHostFileItem {
  public:
-  // The name has a terminator after it, and lives as long as the item.
+  // The name is terminated and lives as long as the item.
   FileItem(FileItem* parent, WStringView name, std::uint32_t number)
       : parent_(parent), name_(name), number_(number) {}
   FileItem(const FileItem&) = delete;
   FileItem& operator=(const FileItem&) = delete;
 
-  // The name with its extension. The pointer is the item's own and whole, even where the buffer is short.
+  // Returns the complete name with its extension, even if the buffer is too short. The item owns the text.
   const WCHAR* GetName(WCHAR* buffer, u32 size) override;
   void GetBaseName(WCHAR* buffer, u32 size) override;
-  // A path that does not fit gives the empty text: a cut path would be another file's. The folder's path ends
-  // without a backslash, but for a root; the parent's ends in one always.
+  // If a path does not fit into the buffer, they store the empty text, because a truncated path would name
+  // another file. GetFolderPath returns no backslash at the end, except for a root; GetParentPath always
+  // returns one.
   const WCHAR* GetFolderPath(WCHAR* buffer, u32 size) override;
   void GetParentPath(WCHAR* buffer, u32 size) override;
   const WCHAR* GetFullPath(WCHAR* buffer, u32 size) override;
-  // The name of the folder that the item is in; empty at a root.
+  // Stores the name of the folder that the item is in; the empty text in a root.
   void GetTagText(WCHAR* buffer, u32 size) override;
   const WCHAR* GetExtensionText(u32 flag) override;
   void GetExtension(WCHAR* buffer, u32 size, u32 flag) override;
@@ -53,35 +55,35 @@ class FileItem final : public Velmora::SDK::IHostFileItem {
 
   StoredProperties properties;
 
-  // Not while the item is renamed.
+  // Must not be called while another thread renames the item.
   WStringView Name() const { return name_; }
   const FileItem* Parent() const { return parent_; }  // null for a root
   WString FolderPath() const;                         // ends in a backslash
   WString FullPath() const;
-  void WriteFullPath(WString& path) const;  // the same, into memory that is used again
-  // Counted through all items of the tree, from 0.
+  void WriteFullPath(WString& path) const;  // the same, reusing the memory of `path`
+  // Returns the item's number; all items of the tree are numbered from 0.
   std::size_t Number() const { return number_; }
 
  private:
   friend class FileItemTree;
 
-  // Of an item whose attributes were not asked for.
+  // The kind of an item whose attributes have not been read.
   enum class Kind : unsigned char { kUnknown, kFile, kFolder };
 
   bool IsDirectory() const {
     return kind_ == Kind::kUnknown ? (attributes_ & FILE_ATTRIBUTE_DIRECTORY) != 0 : kind_ == Kind::kFolder;
   }
 
-  // With the lock held.
+  // Call these with the lock held.
   std::size_t FolderPathSize() const;
-  // Writes the path of the folder, which ends in a backslash, so that it ends before `end`.
+  // Writes the path of the folder, with a backslash at its end, to the characters before `end`.
   void WriteFolderPath(WCHAR* end) const;
   WStringView ExtensionLocked(u32 flag) const;
 
   FileItem* parent_;  // null for a root
   WStringView name_;
   std::uint32_t number_;
-  std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until the item is asked for
+  std::atomic<DWORD> attributes_ = INVALID_FILE_ATTRIBUTES;  // until they have been read
   std::atomic<Kind> kind_ = Kind::kUnknown;
 };
 
@@ -91,23 +93,23 @@ class FileItemTree {
   FileItemTree(const FileItemTree&) = delete;
   FileItemTree& operator=(const FileItemTree&) = delete;
 
-  // The item of a full path. Null, and GetLastError, if there is no such file or folder, and for a root,
-  // which has no name. Its last name is taken as it stands on the disk.
+  // Returns the item of a full path, with its last name in the spelling on the disk. Returns null and sets
+  // the last error if the file or folder does not exist, and for a root, which has no name.
   FileItem* Find(const WString& fullPath);
 
-  // The item of a name that a listing of the folder has shown; `folder` is of Follow.
+  // Returns the item of a name in a listing of the folder. `folder` was returned by Follow.
   FileItem& Listed(FileItem& folder, WStringView name, bool isFolder);
 
-  // The item of a full path, whether or not there is such a file; its attributes are not asked for. It is for
-  // following a path through renames, not for the module.
+  // Returns the item of a full path, whether or not such a file exists, and without reading its attributes.
+  // Used to follow a path through renames; such items are not passed to the module.
   FileItem& Follow(const WString& fullPath);
 
-  // All files and folders in a folder, as the system gives them. False, and GetLastError, if it cannot be
-  // searched.
+  // Appends all files and folders of a folder, in the order of the system. Returns false and sets the last
+  // error if the folder cannot be searched.
   bool AddFolderItems(const WString& folderPath, std::vector<FileItem*>& items);
 
-  // Gives an item another name after the system has done so. An item that had this name is of a file that has
-  // gone meanwhile; whoever holds it may go on asking.
+  // Changes the name of an item after the file has been renamed. If another item has this name, its file no
+  // longer exists; that item remains valid.
   void Rename(FileItem& item, WStringView newName);
 
   std::size_t Count() const { return items_.size(); }
@@ -117,15 +119,15 @@ class FileItemTree {
     std::uint32_t hash = 0;
     std::uint32_t item = kFree;
   };
-  // Of Slot::item; other values are numbers of items.
+  // Special values of Slot::item; all others are numbers of items.
   static constexpr std::uint32_t kFree = 0xFFFFFFFF;
   static constexpr std::uint32_t kGone = 0xFFFFFFFE;
 
   static std::uint32_t HashOf(const FileItem* parent, WStringView name);
-  // With the lock held, all of these.
-  // The slot of the item, or the one that it is to have.
+  // Call these with the lock held.
+  // Returns the slot of the item, or the free one to use for it.
   Slot& SlotOf(const FileItem* parent, WStringView name, std::uint32_t hash);
-  // The slot that holds this item; null if its name was taken by another one.
+  // Returns the slot of this item; null if another item has taken over its name.
   Slot* PlaceOf(const FileItem& item, std::uint32_t hash);
   void MakeRoom();
   void PlaceRenamed();
@@ -134,12 +136,12 @@ class FileItemTree {
 
   TextArena names_;
   std::deque<FileItem> items_;  // by number
-  std::vector<Slot> slots_;     // by hash of name and parent; a power of 2
-  std::size_t usedSlots_ = 0;   // of items that are there, and of those that have gone
-  // Renamed items, whose slots are still those of their old names, by the hashes of these. A run renames many
-  // and looks for none.
+  std::vector<Slot> slots_;     // hash table by name and parent; the size is a power of 2
+  std::size_t usedSlots_ = 0;   // slots of present and of removed items
+  // Renamed items that are still in the slots of their old names, with the hashes of these names. A run
+  // renames many items without searching for any, so their slots are changed later.
   std::vector<std::pair<FileItem*, std::uint32_t>> renamed_;
-  // The folder of the last path: the next one is often in it as well.
+  // The folder of the last path, cached because the next path is often in it as well.
   WString lastFolderPath_;
   FileItem* lastFolder_ = nullptr;
 };

@@ -1,4 +1,4 @@
-// The properties of files that the host knows by name, for columns and for the templates of renames.
+// The properties of files that the host provides by name, for columns and for rename templates.
 #pragma once
 
 #include <functional>
@@ -14,20 +14,20 @@ namespace QxHost {
 using Velmora::SDK::u32;
 using Velmora::SDK::u64;
 
-// A text, or a date as a FILETIME.
+// The value of a property: a text, or a date as a FILETIME.
 using PropertyValue = std::variant<WString, u64>;
 
 struct FileProperty {
-  WString name;  // as templates take it; letter case does not matter
+  WString name;  // the name in templates; letter case is ignored
   WString displayName;
-  // Nothing if the file has no such value. Any thread.
+  // Returns the value; std::nullopt if the file has none. May be called from any thread.
   std::function<std::optional<PropertyValue>(const WString& fullPath)> value;
 };
 
 class PropertyList final : public OwnedByModule<PropertyList, Velmora::SDK::IHostPropertyList> {
  public:
   u32 Count() override { return static_cast<u32>(rows_.size()); }
-  // Names that are longer than the buffers are cut.
+  // Stores the names of a property, truncated to the size of the buffers.
   bool At(u32 index, WCHAR* internalName, WCHAR* displayName, u32 size) override;
 
   void Add(const FileProperty& property) { rows_.emplace_back(property.name, property.displayName); }
@@ -38,17 +38,18 @@ class PropertyList final : public OwnedByModule<PropertyList, Velmora::SDK::IHos
 
 class FileProperties final : public Velmora::SDK::IHostPropertyManager {
  public:
-  // The host's own: size, dates, attributes.
+  // Adds the host's own properties: size, dates, attributes.
   FileProperties();
 
-  // Makes a property of an extension known. Before the first value is asked for.
+  // Adds a property of an extension. Call it before the first GetValue.
   void Add(FileProperty property) { properties_.push_back(std::move(property)); }
 
-  // 1 if the file has such a value, otherwise 0. A text that is longer than the buffer is cut.
+  // Stores a value and returns 1; returns 0 if the file has no such value. Truncates a text to the size of
+  // the buffer.
   u32 GetValue(WCHAR* buffer, u32 size, const WCHAR* name, void* valueRecord, const WCHAR* fullPath) override;
   void ListProperties(Velmora::SDK::IHostPropertyList* list, u32 zero) override;
 
-  // Whether there is a property of this name, in any letter case.
+  // Returns whether there is a property of this name, ignoring letter case.
   bool Has(WStringView name) const;
 
   const std::vector<FileProperty>& All() const { return properties_; }

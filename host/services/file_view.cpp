@@ -6,7 +6,7 @@
 namespace QxHost {
 namespace {
 
-// The path with one letter of its last name in the other case. Empty if the name has no letter.
+// Returns the path with one letter of its last name in the opposite case; empty if the name has no letters.
 WString InOtherCase(const WString& fullPath) {
   for (std::size_t at = fullPath.size(); at > 0 && fullPath[at - 1] != W('\\'); --at) {
     for (const DWORD mapping : {LCMAP_UPPERCASE, LCMAP_LOWERCASE}) {
@@ -35,7 +35,7 @@ bool DiskView::AreOneFile(const WString& left, const WString& right) {
 
 bool DiskView::IsCaseBlindBeside(const WString& fullPath) {
   const WString other = InOtherCase(fullPath);
-  if (other.empty()) return PathKey(W("a")) == PathKey(W("A"));  // as this system's folders are
+  if (other.empty()) return PathKey(W("a")) == PathKey(W("A"));  // the default of this system
   return Look(other) == ERROR_SUCCESS && AreOneFile(fullPath, other);
 }
 

@@ -1,4 +1,4 @@
-// What the plan of a rename batch must know of the disk. Tests plan over one that is made up.
+// The information about the disk that the plan of a rename batch needs. Tests use an artificial one.
 #pragma once
 
 #include "host/system/folder_names.h"
@@ -10,18 +10,18 @@ class FileView {
  public:
   virtual ~FileView() = default;
 
-  // 0 if there is a file or folder of this full path, otherwise the error number of the system.
+  // Returns 0 if a file or folder exists at this full path, otherwise the system's error number.
   virtual DWORD Look(const WString& fullPath) = 0;
 
-  // Whether two full paths, both of which exist and which differ in letter case alone, mean one file.
+  // Returns whether two full paths, which both exist and differ only in letter case, refer to the same file.
   virtual bool AreOneFile(const WString& left, const WString& right) = 0;
 
-  // Whether two new names in a folder are one name if they differ in letter case alone. `fullPath` is a file
-  // that exists in the folder.
+  // Returns whether a folder is case-insensitive: names that differ only in letter case are the same name.
+  // `fullPath` is a file that exists in the folder.
   virtual bool IsCaseBlindBeside(const WString& fullPath) = 0;
 
-  // Reads all names of a folder, whose path ends in a backslash. False if they cannot be had that way, or are
-  // more than `most`: then each file is looked at.
+  // Reads all names of a folder, whose path ends in a backslash. Returns false if that is not possible or the
+  // names are more than `most`; the caller then checks each file.
   virtual bool ReadNames(const WString& folder, std::size_t most, FolderNames& names) = 0;
 };
 

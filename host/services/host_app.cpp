@@ -16,9 +16,10 @@ namespace {
 using namespace Velmora::SDK;
 
 constexpr std::string_view kScriptCommandSet = "QX.Utils";
-constexpr u32 kFailedItems = 1;  // mode of kListResult
+constexpr u32 kFailedItems = 1;  // a mode of kListResult
 
-// A folder with its separator. False, and an empty text, if it does not fit.
+// Stores the path of a folder with a backslash at its end. Returns false and stores the empty text if it is
+// empty or does not fit.
 bool GiveFolder(const WString& folder, WCHAR* buffer, u32 size) {
   if (!buffer || size == 0) return false;
   WString path = folder;
@@ -38,7 +39,7 @@ WString Utf16FromBytes(std::string_view bytes) {
   return text;
 }
 
-// A field of a record that has no terminator when it is full.
+// Returns the text of a field that is not terminated if the text fills it.
 template <std::size_t size>
 WString FieldText(const WCHAR (&field)[size]) {
   return WString(field, std::find(field, field + size, WCHAR()));
@@ -125,7 +126,7 @@ IHostCustomCommandSet* HostApp::GetCustomCommandSet(const char* name) {
 }
 
 void* HostApp::GetService(u32 number, std::uintptr_t handle) {
-  // The caller casts to the interface, so the pointer given is the interface's.
+  // The caller casts the void pointer to the interface, so it must point to the interface's subobject.
   if (number == kServiceFileOperation) return static_cast<IHostFileOperation*>(&shared_.fileOperation);
   if (number == kServiceHelperChannel && shared_.helper) {
     return static_cast<IHostHelperChannel*>(&*shared_.helper);
@@ -192,7 +193,8 @@ int HostApp::MessageBox(const WCHAR* title, const WCHAR* text, u32 style) {
   return shared_.questions.AskBox(WString(ViewOf(title)), WString(ViewOf(text)), style);
 }
 
-// What stands in the buffer is no default here: the caller need not have put anything into it.
+// Unlike AskText without a default, does not use the contents of the buffer as the default: the caller need
+// not have initialised it.
 int HostApp::AskTextSimple(const WCHAR* title, const WCHAR* prompt, u32, u32, WCHAR* buffer, u32 size) {
   return AskText(title, prompt, W(""), nullptr, buffer, size, nullptr, 0) ? 1 : 0;
 }
@@ -205,7 +207,7 @@ bool HostApp::AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defa
                                 WString(ViewOf(defaultText ? defaultText : buffer)), WString(ViewOf(hint)));
   if (!text) return false;
   if (text->size() >= size) {
-    // A text that was cut is not what the caller has answered.
+    // Refuses the answer instead of truncating it.
     shared_.questions.Refuse("\"" + ToUtf8(ViewOf(title)) + "\" takes at most " + std::to_string(size - 1) +
                              " characters");
     return false;

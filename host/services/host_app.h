@@ -1,5 +1,5 @@
-// The host as one extension sees it: IHostApp over what all extensions share, with the extension's own
-// language table, settings and menu.
+// The host as one extension sees it: implements IHostApp with the objects that all extensions share and the
+// extension's own language table, settings and menu.
 #pragma once
 
 #include <atomic>
@@ -19,13 +19,14 @@ using Velmora::SDK::s32;
 
 class HostApp final : public Velmora::SDK::IHostApp {
  public:
-  // `index` is the extension's, `module` its module name: section of the language table and of the settings.
+  // `index` is the index of the extension, `module` its module name, which is the name of its section in the
+  // language table and in the settings.
   HostApp(Shared& shared, u32 index, const std::string& module);
   HostApp(const HostApp&) = delete;
   HostApp& operator=(const HostApp&) = delete;
 
   void ExtensionClosed() override;
-  HWND GetMainWindow() override { return nullptr; }  // the host has no window of its own
+  HWND GetMainWindow() override { return nullptr; }  // the host has no window
   u32 FindModuleByGuid(const char* id) override;
   const WCHAR* GetLanguageString(TextId text) override;
   const WCHAR* GetModuleLanguageString(u32 moduleNumber, TextId text) override;
@@ -57,7 +58,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   int AskTextSimple(const WCHAR* title, const WCHAR* prompt, u32 zero, u32 alsoZero, WCHAR* buffer,
                     u32 size) override;
   bool AskChoice(Velmora::SDK::AskChoiceRecord* record) override;
-  // The default is `defaultText`, or what stands in the buffer if that is null.
+  // The default is `defaultText`, or the contents of the buffer if that is null.
   bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
                WCHAR* buffer, u32 size, HWND parent, u32 zero) override;
   bool ReadTextFile(WCHAR* buffer, u32 size, const WCHAR* path) override;
@@ -65,17 +66,18 @@ class HostApp final : public Velmora::SDK::IHostApp {
     return controls_.Create(kind, parent, style);
   }
 
-  // Where events of the host's controls go; nowhere with null. They come on the thread of the control.
+  // Sets the receiver of events of the host's controls; null discards them. Events are sent on the thread of
+  // the control.
   void SetEventSink(Controls::EventSink sink);
   void SendEvent(std::intptr_t source, s32 code);
 
-  // Whether the extension has said that it is closed, since this was asked last.
+  // Returns whether the extension has reported since the last call that it has closed.
   bool TakeClosed() { return closed_.exchange(false); }
 
   Menus menus;
 
  private:
-  // The text of an id, which is reported once if it is missing. Never null.
+  // Returns the text of an id. Reports a missing text once.
   const LanguageText& TextOf(std::string_view section, TextId text);
 
   Shared& shared_;
@@ -84,7 +86,7 @@ class HostApp final : public Velmora::SDK::IHostApp {
   Settings settings_;
   Controls controls_;
   std::atomic<bool> closed_ = false;
-  std::mutex mutex_;  // guards what follows
+  std::mutex mutex_;  // protects the members below
   Controls::EventSink eventSink_;
   std::list<ViewRefresh> refreshes_;
   std::list<PropertyDefiner> definers_;

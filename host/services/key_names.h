@@ -1,14 +1,14 @@
-// Names of keys, as menus show them.
+// The names of keys, as menus show them.
 #pragma once
 
 #include "platform/text.h"
 
 namespace QxHost {
 
-// Keys that are held with another one, as IHostApp::GetKeyText takes them.
+// The modifier keys, as the argument of IHostApp::GetKeyText.
 constexpr unsigned kWithAlt = 16;
 
-// The name of a virtual key, empty for one that has none here: "Up", and "Alt+Up" with kWithAlt.
+// Returns the name of a virtual key: "Up", or "Alt+Up" with kWithAlt; empty for a key without a name here.
 WString KeyName(unsigned key, unsigned with = 0);
 
 }  // namespace QxHost

@@ -25,7 +25,8 @@ std::optional<TextId> ParseId(std::string_view text) {
   return id;
 }
 
-// A text ends where a zero ends it for whoever reads it, so none may be in it.
+// Resolves the escapes of a text. Returns std::nullopt for an invalid one, and for a text with a zero
+// character, which would end it early.
 std::optional<WString> ParseText(std::string_view text) {
   std::string plain;
   for (std::size_t at = 0; at < text.size(); ++at) {
@@ -67,7 +68,7 @@ LanguageTable LanguageTable::Parse(std::string_view bytes, std::vector<std::stri
     if (line.front() == '[') {
       if (line.back() != ']' || line.size() == 2) {
         warn("a heading is a name in brackets");
-        section = nullptr;  // what follows belongs to nobody rather than to the wrong module
+        section = nullptr;  // ignore the texts of an invalid section rather than add them to the wrong module
         continue;
       }
       section = &table.sections_[std::string(line.substr(1, line.size() - 2))];

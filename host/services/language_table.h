@@ -1,10 +1,10 @@
-// The host's language table: the texts behind the ids that the module asks for.
+// The host's language table, which maps text ids to texts.
 //
-// The file is UTF-8. A line `[name]` begins the texts of a module: its module name, `common` for the common
-// table, or the id of another module. Each further line is an id, a tab, the first text and, where a second
-// one is used (tool tips, box captions), a tab and the second text. In a text `\n`, `\t` and `\\` stand for a
-// line break, a tab and a backslash. A line that begins with `#` is a comment. A line that is none of these
-// is named in the warnings and passed over.
+// The file is UTF-8. A line `[name]` begins the section of a module: its module name, `common` for the common
+// table, or the id of another module. Each further line consists of an id, a tab, the first text and, if a
+// second text is used (tool tips, box captions), a tab and the second text. In texts, `\n`, `\t` and `\\` are
+// a line break, a tab and a backslash. Lines that begin with `#` are comments. Any other line is reported in
+// the warnings and ignored.
 #pragma once
 
 #include <map>
@@ -23,10 +23,10 @@ struct LanguageText {
 
 class LanguageTable {
  public:
-  // Each warning begins with the number of its line.
+  // Parses the contents of a file. Each warning begins with the number of its line.
   static LanguageTable Parse(std::string_view bytes, std::vector<std::string>& warnings);
 
-  // Null if the section has no text of that id. Lives as long as the table, which never changes.
+  // Returns the text of an id, which lives as long as the table; null if the section does not have it.
   const LanguageText* Find(std::string_view section, Velmora::SDK::TextId id) const;
 
  private:
@@ -34,7 +34,7 @@ class LanguageTable {
   std::map<std::string, Section, std::less<>> sections_;
 };
 
-// The section that answers for module number 0.
+// The section of module number 0.
 inline constexpr std::string_view kCommonSection = "common";
 
 }  // namespace QxHost

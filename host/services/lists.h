@@ -1,4 +1,4 @@
-// The lists that the module fills and empties through the host: of items and of strings.
+// The lists of items and of strings that the host creates for the module.
 #pragma once
 
 #include <vector>
@@ -30,7 +30,7 @@ class StringList final : public OwnedByModule<StringList, Velmora::SDK::IHostStr
   void Add(const WCHAR* text) override { texts_.emplace_back(ViewOf(text)); }
   bool Contains(const WCHAR* text, u32 zero) override;
   u32 GetCount() override { return static_cast<u32>(texts_.size()); }
-  // A text that is longer than the buffer is cut.
+  // Truncates a text to the size of the buffer.
   bool GetString(u32 index, WCHAR* buffer, u32 size) override;
   void Finish(u32) override {}
   void Clear() override { texts_.clear(); }
@@ -39,7 +39,7 @@ class StringList final : public OwnedByModule<StringList, Velmora::SDK::IHostStr
   std::vector<WString> texts_;
 };
 
-// All texts of a list, whole.
+// Returns all texts of a list, of any length.
 std::vector<WString> TextsOf(Velmora::SDK::IHostStringList& list);
 
 }  // namespace QxHost

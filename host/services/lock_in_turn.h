@@ -1,4 +1,4 @@
-// Waiting for other runs of the host that write the same files.
+// Waits for other runs of the host that write the same files.
 #pragma once
 
 #include "host/output/output.h"
@@ -6,8 +6,8 @@
 
 namespace QxHost {
 
-// Takes the lock as soon as no other process has it, and says so if that takes long. 0, or an error number if
-// no file can be made there.
+// Acquires the lock as soon as no other process holds it; reports that it waits if that takes long. Returns
+// 0, or an error number if the lock file cannot be created.
 DWORD LockInTurn(UndoLock& lock, const WString& fullPath, Output& output);
 
 }  // namespace QxHost

@@ -14,7 +14,8 @@ CommandHandle Menus::CreateCommand(u32 number, u32, TextId text, TextId, u32 dis
   return reinterpret_cast<CommandHandle>(&row);
 }
 
-// Handles come from outside, so only one that was given out is followed.
+// Returns the menu of a handle; null if the handle is invalid. Handles come from the module, so they are
+// checked before they are used.
 Menus::Row* Menus::MenuOf(MenuHandle handle) {
   const auto found = std::find_if(all_.begin(), all_.end(), [handle](const Row& row) {
     return reinterpret_cast<MenuHandle>(const_cast<Row*>(&row)) == handle;

@@ -1,4 +1,4 @@
-// The menu that an extension declares, kept as a tree.
+// The menu that an extension declares, stored as a tree.
 #pragma once
 
 #include <deque>
@@ -20,7 +20,7 @@ class Menus final : public Velmora::SDK::IHostMenuBuilder, public Velmora::SDK::
   using TextOf = std::function<WString(TextId)>;
   using OnDeclared = std::function<void(u32 number)>;
 
-  // `textOf` gives the text of an id; `onDeclared` is told of each command number.
+  // `textOf` returns the text of an id; `onDeclared` is called with each command number.
   Menus(TextOf textOf, OnDeclared onDeclared)
       : textOf_(std::move(textOf)), onDeclared_(std::move(onDeclared)) {}
 
@@ -29,7 +29,7 @@ class Menus final : public Velmora::SDK::IHostMenuBuilder, public Velmora::SDK::
                               u32 zero) override;
 
   MenuHandle CreateRootMenu(TextId text, u32 one, u32 zero) override;
-  // A sub menu of a parent that is none is refused with null.
+  // Return null if `parent` is not a menu.
   MenuHandle AddSubMenuText(MenuHandle parent, const WCHAR* text, u32 zero) override;
   MenuHandle AddSubMenu(MenuHandle parent, TextId text, u32 one, u32 alsoOne) override;
   MenuHandle AddCategoryMenu(MenuHandle parent, TextId text, u32 one) override;
@@ -37,13 +37,13 @@ class Menus final : public Velmora::SDK::IHostMenuBuilder, public Velmora::SDK::
   void AddCommand(MenuHandle menu, CommandHandle command, u32 one, u32 zero) override;
   void AddSeparator(MenuHandle menu, u32 zero) override;
 
-  // Tells the whole tree, in order.
+  // Reports the whole tree, in order.
   void Report(Reporter& reporter) const;
 
  private:
   struct Row {
-    MenuEvent event;         // without the menus above it
-    std::vector<Row*> rows;  // of a sub menu
+    MenuEvent event;         // without its parent menus
+    std::vector<Row*> rows;  // the rows of a sub menu
     bool isMenu() const { return event.kind == MenuEvent::kSubMenu; }
   };
 

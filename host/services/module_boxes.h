@@ -1,9 +1,9 @@
-// Boxes and dialogs that the module shows by itself, past the host: they are answered by the answers of the
-// command line too, and reported.
+// Handles message boxes and dialogs that the module shows without the host's help: answers them with the
+// answers of the command line too, and reports them.
 //
-// Natively they arrive at a handler of the platform library, on whatever thread asks. On Windows they are
-// real windows of the thread that installs this: an answer presses their button; where there is none left and
-// nobody sits at the terminal, the harmless button is pressed; else a person presses one.
+// In the native build the handler of the platform library receives them, on the thread that shows them. On
+// Windows they are real windows of the thread that calls InstallModuleBoxes: an answer presses a button; if
+// no answer is left and there is no terminal, the harmless button is pressed; otherwise the user presses one.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,7 @@
 
 namespace QxHost {
 
-// Whether dialogs have forms whose fields `--form` can fill.
+// Whether dialogs have forms, whose fields `--form` can set.
 extern const bool kDialogsHaveForms;
 
 class ModuleBoxes {
@@ -20,7 +20,7 @@ class ModuleBoxes {
   virtual ~ModuleBoxes() = default;
 };
 
-// In force as long as what it answers lives. One at a time.
+// Installs the handling, which lasts as long as the returned object lives. Only one may exist at a time.
 std::unique_ptr<ModuleBoxes> InstallModuleBoxes(Questions& questions, Reporter& reporter);
 
 }  // namespace QxHost

@@ -4,7 +4,7 @@
 namespace QxHost {
 namespace {
 
-constexpr INT_PTR kStarted = 33;  // above 32: success
+constexpr INT_PTR kStarted = 33;  // values above 32 mean success
 
 class PlatformBoxes final : public ModuleBoxes, public Platform::UserInterface {
  public:

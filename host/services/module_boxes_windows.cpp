@@ -1,6 +1,6 @@
 #include "host/services/module_boxes.h"
 
-// Needs windows.h before it, which the header above brings.
+// Must be included after windows.h, which the header above includes.
 #include <commctrl.h>
 
 #include <array>
@@ -43,12 +43,12 @@ std::uint32_t StyleOfIcon(HICON icon) {
 
 bool IsDisabled(HWND control) { return control && !IsWindowEnabled(control); }
 
-// What can be seen of a box or dialog.
+// The visible parts of a box or dialog.
 struct Seen {
-  std::vector<int> buttons;  // numbers of MessageBoxW
-  WString text;              // of the first static text
+  std::vector<int> buttons;  // their numbers, as MessageBoxW returns them
+  WString text;              // the first static text
   std::uint32_t icon = 0;
-  bool isBox = true;  // nothing but buttons and statics: a message box
+  bool isBox = true;  // a message box, with only buttons and static texts
 };
 
 BOOL CALLBACK LookAtChild(HWND child, LPARAM parameter) {
@@ -96,7 +96,7 @@ class RealBoxes final : public ModuleBoxes {
     return CallNextHookEx(nullptr, code, wParam, lParam);
   }
 
-  // Sees which button ends the box: its number is the last one that was clicked.
+  // Records the last button that was clicked, which is the one that ends the box.
   static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                     DWORD_PTR data) {
     OpenBox* const box = reinterpret_cast<OpenBox*>(data);
@@ -112,7 +112,7 @@ class RealBoxes final : public ModuleBoxes {
   }
 
   void OnActivate(HWND window) {
-    // Wine reports the windows of other processes too; their answers are not ours to give.
+    // Wine reports the windows of other processes too; do not touch them.
     if (GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId()) return;
     if (ClassOf(window) != L"#32770" || open_.contains(window)) return;
     auto box = std::make_unique<OpenBox>();
@@ -124,12 +124,13 @@ class RealBoxes final : public ModuleBoxes {
     if (seen.isBox) box->event.style = StyleOfButtons(seen.buttons) | seen.icon;
     box->pressed = Press(window, box->event, seen);
     if (SetWindowSubclass(window, OnMessage, kSubclassId, reinterpret_cast<DWORD_PTR>(box.get()))) {
-      box.release();  // freed with the window
+      box.release();  // the subclass deletes it with the window
       open_.insert(window);
     }
   }
 
-  // Presses a button once the box waits for one, and answers which; the harmless one if a person will press.
+  // Posts the click of a button, so that the box is pressed when it waits for input. Returns the button; the
+  // harmless one if the user will press a button.
   int Press(HWND window, const QuestionEvent& event, const Seen& seen) {
     std::vector<BoxButton> buttons;
     for (const BoxButton& button : ButtonsOfStyle(StyleOfButtons(seen.buttons))) buttons.push_back(button);
@@ -168,7 +169,7 @@ class RealBoxes final : public ModuleBoxes {
   Questions& questions_;
   Reporter& reporter_;
   HHOOK hook_ = nullptr;
-  std::set<HWND> open_;  // a box is activated more than once, and asked about once
+  std::set<HWND> open_;  // boxes already handled, because a box can be activated several times
 };
 
 thread_local RealBoxes* RealBoxes::current_ = nullptr;

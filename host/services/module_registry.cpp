@@ -8,7 +8,8 @@ namespace {
 
 using Velmora::SDK::u32;
 
-// The high half is the same for all, so that a number is not taken for its low half by mistake.
+// The high half of all module numbers. It is not zero, so that code that confuses a number with its low half
+// fails.
 constexpr u32 kNumberBase = 0x00010000;
 
 bool SameId(std::string_view left, std::string_view right) { return AsciiLower(left) == AsciiLower(right); }

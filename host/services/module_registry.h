@@ -1,4 +1,4 @@
-// The modules that the host knows, by id: those it has loaded, and one of its own.
+// The modules that the host knows, by id: those that it has loaded, and one of its own.
 #pragma once
 
 #include <string>
@@ -9,21 +9,22 @@
 
 namespace QxHost {
 
-// A module of the host itself, whose menu stands in the menu of the others.
+// The id of the host's own module, to whose menu other modules add their entries.
 inline constexpr std::string_view kSystemModuleId = "a4c2985d9c7e4035a3221cfd600171d0";
 
 class ModuleRegistry {
  public:
   ModuleRegistry() { Add(std::string(kSystemModuleId), std::string(kSystemModuleId)); }
 
-  // Makes a module known; `section` is its section of the language table.
+  // Registers a module. `section` is its section of the language table.
   void Add(std::string id, std::string section) { modules_.push_back({std::move(id), std::move(section)}); }
 
-  // The module's number: not zero, and its low 16 bits are the module's alone. 0 for an id that is not known.
-  // Letter case does not count.
+  // Returns the number of a module, which is not zero and has unique low 16 bits; 0 for an unknown id. Letter
+  // case is ignored.
   Velmora::SDK::u32 NumberOf(std::string_view id) const;
 
-  // The section of a number, of which the low 16 bits count; the common one for 0. Empty for no module.
+  // Returns the language section of a module number, by its low 16 bits; the common section for 0; empty for
+  // an unknown number.
   std::string_view SectionOf(Velmora::SDK::u32 number) const;
 
  private:

@@ -1,4 +1,5 @@
-// Commands that the module wants to be given on the host's main thread: posted from any thread, taken there.
+// The queue of commands that the module posts to the host's main thread: posted from any thread, taken on the
+// main thread.
 #pragma once
 
 #include <deque>
@@ -26,20 +27,20 @@ class PostedCommands {
   PostedCommands& operator=(const PostedCommands&) = delete;
   ~PostedCommands();
 
-  // Any thread.
+  // May be called from any thread.
   void Post(const PostedCommand& command);
-  // Ends the current Wait, or the next one. Any thread.
+  // Ends the current Wait, or the next one. May be called from any thread.
   void Wake();
 
-  // The next command, in the order in which they were posted.
+  // Removes and returns the next command, in the order of posting; std::nullopt if there is none.
   std::optional<PostedCommand> Take();
 
-  // Waits for a Post or a Wake since the last Wait; on Windows what is sent and posted to windows of this
-  // thread is handled meanwhile. False if the system cannot wait.
+  // Waits until there has been a Post or a Wake since the last Wait. On Windows handles the messages of the
+  // thread's windows meanwhile. Returns false if waiting fails.
   bool Wait();
 
  private:
-  std::mutex mutex_;  // guards the queue
+  std::mutex mutex_;  // protects the queue
   std::deque<PostedCommand> queue_;
   HANDLE event_;
 };

@@ -3,7 +3,7 @@
 namespace QxHost {
 namespace {
 
-// How this host reads the alignment: numbers stand at the right.
+// The alignment that this host interprets as a column of numbers.
 constexpr u32 kAlignRight = 2;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Service 3100: an extension declares its columns.
+// Service 3100: receives the columns that an extension declares.
 #pragma once
 
 #include <functional>
@@ -12,10 +12,10 @@ namespace QxHost {
 
 using Velmora::SDK::u32;
 
-// A column as it was declared.
+// A declared column.
 struct DeclaredColumn {
   u32 owner = 0;   // index of the extension
-  u32 module = 0;  // number of the module that it was declared for, under which its values are kept
+  u32 module = 0;  // number of the module that it was declared for, under which its values are stored
   u32 number = 0;
   WString name;
   WString heading;  // its display text
@@ -26,13 +26,13 @@ class PropertyDefiner final : public Velmora::SDK::IHostPropertyDefiner {
  public:
   using TextOf = std::function<WString(Velmora::SDK::TextId)>;
 
-  // Columns are added to `columns`; both outlive the definer.
+  // Appends columns to `columns`. `modules` and `columns` must outlive the object.
   PropertyDefiner(u32 owner, const ModuleRegistry& modules, TextOf textOf,
                   std::vector<DeclaredColumn>& columns)
       : owner_(owner), modules_(modules), textOf_(std::move(textOf)), columns_(columns) {}
 
   void SetProvider(const char* id) override;
-  // One without a name is passed over.
+  // Ignores a definition without a name.
   void Define(const Velmora::SDK::PropertyDefinition* definition) override;
 
  private:

@@ -17,7 +17,8 @@ std::string Heading(const WString& title, const WString& text) {
   return heading + "\n";
 }
 
-// The one button whose name begins with what was typed; so an empty line presses the only button of a box.
+// Returns the button whose name begins with the typed text, if it is the only one. So an empty line presses
+// the button of a box with one button.
 std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::string_view line) {
   const std::string lowered = AsciiLower(line);
   std::optional<BoxButton> found;
@@ -30,12 +31,12 @@ std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::s
   return found;
 }
 
-// The most mistakes in the name of a dialog. The host does not know the names of the dialogs that did not
-// come, and two of them may have more in common than a mistyped word has with its name.
+// The most mistakes in a mistyped name of a dialog. The host knows only the names of dialogs that were shown,
+// and the names of two dialogs may be more similar than a name and its mistyped form.
 constexpr std::size_t kMostMistakesInDialog = 2;
 
-// Adds the sentence of a proposal, which begins with the full stop of the one before. The text may have that
-// already, where it ends with the value of a field.
+// Appends a proposal, which begins with a full stop. Removes a full stop at the end of the text, where the
+// value of a field may have one.
 std::string WithProposal(std::string text, const std::string& proposal) {
   if (text.ends_with('.') && !proposal.empty()) text.pop_back();
   return text + proposal;
@@ -74,7 +75,7 @@ std::optional<Answer> Questions::TakeAnswer() {
 std::optional<std::string> Questions::ReadAnswer(const std::string& prompt) {
   output_.Prompt(prompt);
   std::optional<std::string> line = readLine_();
-  if (!line) output_.Prompt("\n");  // what follows does not stand behind the prompt
+  if (!line) output_.Prompt("\n");  // so that further output begins on a new line
   return line;
 }
 
@@ -121,7 +122,7 @@ std::optional<WString> Questions::AskText(const WString& title, const WString& p
     if (!hint.empty()) line += ToUtf8(hint) + "\n";
     line += defaultText.empty() ? "(an empty line cancels) " : "[" + ToUtf8(defaultText) + "] ";
     const std::optional<std::string> typed = ReadAnswer(line + "> ");
-    // An empty line takes what is offered; where nothing is, it is the way out.
+    // An empty line accepts the default; without a default it cancels.
     const bool takesLine = typed && !(typed->empty() && defaultText.empty());
     if (takesLine) result = typed->empty() ? defaultText : PathFromUtf8(*typed);
   } else {
@@ -204,8 +205,8 @@ std::optional<Questions::FieldMistake> Questions::SetField(const std::vector<Dia
   return std::nullopt;
 }
 
-// What is for this dialog. Where a field comes again under the dialog's name, that begins what the next one
-// of the name is given.
+// Removes and returns the values for this dialog. If a field is given again with the dialog's name, its
+// values from there on are for the next dialog of that name.
 std::vector<FormValue> Questions::TakeFormValues(const std::string& dialog) {
   std::vector<FormValue> taken;
   std::set<std::string> named;

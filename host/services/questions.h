@@ -1,9 +1,10 @@
-// Asking: by the answers of the command line, else on the terminal, else as cancelled.
+// Answers questions with the answers of the command line, else by asking on the terminal, else by cancelling
+// them.
 //
-// A person may type a button's name in any case, or a beginning of it that no other button has.
+// On the terminal the user types the name of a button, in any letter case, or a unique beginning of it.
 //
-// Every question is reported with its answer. An answer that does not fit its question is the caller's
-// mistake: it is told on standard error, the question counts as cancelled, and the run ends as a bad call.
+// Every question is reported with its answer. An answer that does not fit its question is a mistake of the
+// caller: it is reported on standard error, the question is cancelled, and the run ends as a bad call.
 #pragma once
 
 #include <functional>
@@ -21,14 +22,14 @@ namespace QxHost {
 struct DialogField {
   std::string name;
   std::function<WString()> get;
-  std::function<bool(const WString&)> set;    // false: no value of this field
-  std::vector<WString> words = {};            // the values that it takes; empty if they are no list
-  std::function<bool()> isEnabled = nullptr;  // null: it always is
-  std::string takes = {};                     // what it takes if that is neither a list nor any text
+  std::function<bool(const WString&)> set;    // returns false if the field does not accept the value
+  std::vector<WString> words = {};            // the accepted values; empty if they cannot be listed
+  std::function<bool()> isEnabled = nullptr;  // if null, it always is
+  std::string takes = {};                     // describes the accepted texts; empty for any text
 };
 
-// A value for a field, as `--form F=V` gives it: for the next dialog, or, with a field of the form DIALOG.F,
-// for the next dialog of that class.
+// A value for a field, from `--form F=V`: for the next dialog or, if the field has the form DIALOG.F, for the
+// next dialog of that class.
 struct FormValue {
   std::string field;
   WString value;
@@ -36,7 +37,8 @@ struct FormValue {
 
 class Questions {
  public:
-  // Reads one line of a person, as UTF-8; nothing at the end of input. Null where there is no terminal.
+  // Reads one line of user input as UTF-8; returns std::nullopt at the end of input. Null if there is no
+  // terminal.
   using ReadLine = std::function<std::optional<std::string>()>;
 
   Questions(Reporter& reporter, Output& output, Answers answers, std::vector<FormValue> form,
@@ -47,43 +49,43 @@ class Questions {
         form_(std::move(form)),
         readLine_(std::move(readLine)) {}
 
-  // Answers the number of the button, as MessageBoxW.
+  // Returns the number of the button, as MessageBoxW does.
   int AskBox(const WString& title, const WString& text, std::uint32_t style);
 
-  // One line of text; nothing if it was cancelled. `ok` takes the default.
+  // Returns one line of text; std::nullopt if the question was cancelled. `ok` selects the default.
   std::optional<WString> AskText(const WString& title, const WString& prompt, const WString& defaultText,
                                  const WString& hint);
 
-  // The index of a row; nothing if it was cancelled. `ok` takes the row `selected`.
+  // Returns the index of a row; std::nullopt if the question was cancelled. `ok` selects the row `selected`.
   std::optional<std::size_t> AskChoice(const WString& title, const WString& prompt,
                                        const std::vector<WString>& rows, std::ptrdiff_t selected);
 
-  // Fills the fields from the form's values, and returns whether OK ended the dialog. While `isOkEnabled`
-  // returns false OK cannot end it: as an answer it does not fit, and a person is asked again.
+  // Sets the fields from the form's values and returns whether OK ended the dialog. While `isOkEnabled`
+  // returns false, OK cannot end it: as an answer it does not fit, and a user at the terminal is asked again.
   bool AskDialog(const std::string& dialog, const WString& title, const WString& text,
                  const std::vector<DialogField>& fields, const std::function<bool()>& isOkEnabled = {});
 
-  // The next answer of the command line, for a real box; the caller reports the question.
+  // Removes and returns the next answer of the command line, for a real box. The caller reports the question.
   std::optional<Answer> TakeAnswer();
   bool HasTerminal() const { return readLine_ != nullptr; }
 
-  // Tells that a question was cancelled because there is neither an answer nor a person, and how to answer
-  // it.
+  // Reports that a question was cancelled because there is neither an answer nor a terminal, and how to
+  // answer it.
   void NoteNobodyToAsk(const WString& title, const std::string& answers);
 
-  // Tells the caller's mistake and makes the run a bad call.
+  // Reports a mistake of the caller and makes the run end as a bad call.
   void Refuse(const std::string& what);
   bool HasRefused() const { return refused_; }
 
   std::size_t AnswersLeft() const { return answers_.size(); }
   std::size_t FormValuesLeft() const { return form_.size(); }
-  // The fields of --form that no dialog has taken, as they were given: "D.find, D.replace".
+  // Returns the fields of --form that no dialog has used, as they were given: "D.find, D.replace".
   std::string FormFieldsLeft() const;
-  // Refuses those of them that name a dialog which did not come, but nearly one that did.
+  // Refuses those of them whose dialog was not shown and looks like a mistyped name of one that was.
   void RefuseMistypedDialogs();
 
  private:
-  // Why a field has not got its value, and the end of a message about it.
+  // The reason why a field was not set, and the parts of the message about it.
   struct FieldMistake {
     std::string text;
     std::string reason;
@@ -103,12 +105,12 @@ class Questions {
   Output& output_;
   Answers answers_;
   std::vector<FormValue> form_;
-  std::set<std::string> dialogs_;  // those that came
+  std::set<std::string> dialogs_;  // the dialogs that were shown
   ReadLine readLine_;
   bool refused_ = false;
 };
 
-// The list of fields that a form has, with their values: "find=, replace=, part=1".
+// Returns the fields of a form with their values: "find=, replace=, part=1".
 std::string FieldList(const std::vector<DialogField>& fields);
 
 }  // namespace QxHost

@@ -1,4 +1,4 @@
-// One call of a script command, from the arguments of the command line.
+// One call of a script command, made from the arguments of the command line.
 #pragma once
 
 #include <map>
@@ -12,15 +12,15 @@ namespace QxHost {
 
 class ScriptCall final : public Velmora::SDK::IHostCommandCall {
  public:
-  // Each argument is KEY=VALUE, or KEY alone for a switch; the case of a key does not matter. The values of
-  // FILE, LNKSRC and LNKTRG are made full paths. Throws BadCall, which names the parameter, for a key that
-  // the command does not have or that is given twice, for a value where none belongs or none where one does,
-  // for a path that is none, and for a required parameter that is missing. The command outlives the call.
+  // Each argument is KEY=VALUE, or only KEY for a switch; the case of keys is ignored. The values of FILE,
+  // LNKSRC and LNKTRG are made full paths. Throws BadCall, with the name of the parameter, for a key that is
+  // unknown or given twice, for a switch with a value, for a missing value, for an invalid path, and for a
+  // missing required parameter. `command` must outlive the object.
   ScriptCall(const DeclaredScriptCommand& command, const std::vector<std::string>& arguments);
   ScriptCall(const ScriptCall&) = delete;
   ScriptCall& operator=(const ScriptCall&) = delete;
 
-  // Whether the command has a parameter of this name, as it is declared, that was not given.
+  // Returns whether the command declares a parameter of this name and it was not given.
   bool Misses(const std::string& name) const;
 
   bool HasFlag(const char* name) override;
@@ -29,7 +29,7 @@ class ScriptCall final : public Velmora::SDK::IHostCommandCall {
   void SetResultCode(u32 code) override { resultCode = code; }
   void SetResultText(const WCHAR* text) override { resultText = ViewOf(text); }
 
-  // What the command has set; nothing if it has not.
+  // The results that the command has set.
   std::optional<u32> resultCode;
   std::optional<WString> resultText;
 
@@ -39,7 +39,7 @@ class ScriptCall final : public Velmora::SDK::IHostCommandCall {
   void Give(const std::string& argument);
 
   const DeclaredScriptCommand& command_;
-  std::map<std::string, std::optional<WString>> given_;  // by the declared name; no value for a switch
+  std::map<std::string, std::optional<WString>> given_;  // by declared name; std::nullopt for a switch
 };
 
 }  // namespace QxHost

@@ -7,7 +7,7 @@
 namespace QxHost {
 namespace {
 
-// Bits of a parameter's flags word.
+// Bits of the flags of a parameter.
 constexpr u32 kSwitch = 0x10;
 constexpr u32 kNumber = 0x40;
 constexpr u32 kRequired = 0x1000;

@@ -21,7 +21,7 @@ class DeclaredScriptCommand final : public Velmora::SDK::IHostCustomCommand {
 
     bool IsSwitch() const;
     bool IsRequired() const;
-    // What its value is called: TEXT or NUMBER; empty for a switch.
+    // Returns the name of its value: TEXT or NUMBER; empty for a switch.
     std::string KindName() const;
   };
 
@@ -33,7 +33,7 @@ class DeclaredScriptCommand final : public Velmora::SDK::IHostCustomCommand {
   }
   void SetDescription(const WCHAR* text) override { description = ViewOf(text); }
 
-  // Names are compared ignoring case. Null if there is none.
+  // Returns the parameter of this name, ignoring case, or null.
   const Parameter* Find(std::string_view parameter) const;
 
   std::string name;
@@ -44,7 +44,7 @@ class DeclaredScriptCommand final : public Velmora::SDK::IHostCustomCommand {
 
 class ScriptCommandSet final : public Velmora::SDK::IHostCustomCommandSet {
  public:
-  // Null without a name, and once the set is closed.
+  // Returns null if `name` is null or the set is closed.
   Velmora::SDK::IHostCustomCommand* AddCommand(const char* name, u32 number, u32, u32) override {
     if (!name || closed_) return nullptr;
     return &commands.emplace_back(name, number);
@@ -52,10 +52,10 @@ class ScriptCommandSet final : public Velmora::SDK::IHostCustomCommandSet {
   void Commit(u32) override { closed_ = true; }
   bool IsRegistered() override { return closed_; }
 
-  // Names are compared ignoring case. Null if there is none.
+  // Returns the command of this name, ignoring case, or null.
   const DeclaredScriptCommand* Find(std::string_view name) const;
 
-  std::deque<DeclaredScriptCommand> commands;  // in the order of their declaration
+  std::deque<DeclaredScriptCommand> commands;  // in the order of declaration
   u32 owner = 0;  // index of the extension that filled the set, which gets the calls
 
  private:

@@ -24,7 +24,7 @@ bool IsHistory(const json& value) {
                                          [](const json& text) { return TextOfJson(text).has_value(); });
 }
 
-// True if all values two (`levels`) objects down are right.
+// Returns whether `isRight` holds for all values that are `levels` objects deep.
 bool AllBelow(const json& value, int levels, bool (*isRight)(const json&)) {
   if (levels == 0) return isRight(value);
   if (!value.is_object()) return false;

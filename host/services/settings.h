@@ -1,5 +1,5 @@
-// The settings store that the host gives each extension, over two files that a person can read:
-// settings.json (module, section, key) and histories.json (module, key, texts).
+// The settings store that the host provides to each extension. It uses two readable files: settings.json
+// (module, section, key) and histories.json (module, key, texts).
 #pragma once
 
 #include <mutex>
@@ -17,7 +17,7 @@ class SettingsFiles {
  public:
   SettingsFiles(const WString& folder, SettingsFile::Warn warn);
 
-  std::mutex mutex;  // guards the files' content
+  std::mutex mutex;  // protects the contents of the files
   SettingsFile settings;
   SettingsFile histories;
 
@@ -32,16 +32,16 @@ class Settings final : public Velmora::SDK::IHostConfig {
  public:
   Settings(SettingsFiles& files, std::string module) : files_(files), module_(std::move(module)) {}
 
-  // Answers false for a block of another size: it was stored by another version of the record.
+  // Returns false if the stored block has another size: it comes from another version of the record.
   bool GetBlock(u32 one, const WCHAR* section, const WCHAR* key, void* buffer, u32 size) override;
   bool GetString(u32 one, const WCHAR* section, const WCHAR* key, WCHAR* buffer, u32 size) override;
   bool GetInt(u32 one, const WCHAR* section, const WCHAR* key, u32* value) override;
   void SetBlock(u32 one, const WCHAR* section, const WCHAR* key, const void* data, u32 size) override;
   void SetString(u32 one, const WCHAR* section, const WCHAR* key, const WCHAR* text) override;
   void SetInt(u32 one, const WCHAR* section, const WCHAR* key, u32 value) override;
-  // Replaces what is in the list.
+  // Replaces the contents of the list.
   void LoadStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list) override;
-  // Keeps the first `maximum` texts: the newest come first.
+  // Stores the first `maximum` texts, which are the newest.
   void SaveStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list, u32 maximum) override;
 
  private:

@@ -1,8 +1,9 @@
-// One JSON file of the configuration folder: read when it is first needed, written as a whole and only when
+// One JSON file of the configuration folder: read when it is first needed, written as a whole and only if
 // something has changed.
 //
-// A file that cannot be understood is kept under a name that ends in `.damaged`, and the run begins with
-// nothing stored. One that can be neither read nor kept is left alone, and nothing is saved over it.
+// A damaged file is renamed by appending `.damaged`, or `.damaged.2` and so on, and the run starts without
+// stored values. A file that cannot be read, or is damaged and cannot be renamed, is not overwritten: nothing
+// is saved then.
 #pragma once
 
 #include <functional>
@@ -19,18 +20,18 @@ class SettingsFile {
   using Check = bool (*)(const nlohmann::json& root);
   using Warn = std::function<void(const std::string& text)>;
 
-  // `check` says whether the content has the shape that it must have. The folder is made when the file is
+  // `check` returns whether the contents have the required structure. The folder is created when the file is
   // first written.
   SettingsFile(WString folder, WStringView name, Check check, Warn warn);
   ~SettingsFile();
 
-  // An object; the content as it stands.
+  // Returns the contents, which are a JSON object.
   const nlohmann::json& Read();
 
-  // The content to be changed; the next Save writes it.
+  // Returns the contents for changes, which the next Save writes.
   nlohmann::json& Change();
 
-  // Writes what was changed. A failure is warned of, and the file of before stays.
+  // Writes changed contents. After a failure, warns and leaves the file unchanged.
   void Save();
 
  private:
@@ -44,7 +45,7 @@ class SettingsFile {
   std::unique_ptr<nlohmann::json> root_;  // never null
   bool loaded_ = false;
   bool changed_ = false;
-  bool locked_ = false;  // there is a file that must not be written over
+  bool locked_ = false;  // the existing file must not be overwritten
 };
 
 }  // namespace QxHost

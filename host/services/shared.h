@@ -1,4 +1,4 @@
-// What all extensions of a run share: one host stands behind the host objects of each.
+// The objects that all extensions of a run share.
 #pragma once
 
 #include <map>
@@ -24,7 +24,7 @@
 
 namespace QxHost {
 
-// What the host answers about the system and the panels.
+// The properties of the system and the panels that the host reports.
 struct SystemAnswers {
   bool elevated = false;
   bool vistaOrNewer = true;
@@ -53,22 +53,22 @@ struct Shared {
   const LanguageTable language;
   const SystemAnswers answers;
   FileItemTree items;
-  FolderListings listings;   // of folders as they were when the items of the command line were found
-  std::optional<View> view;  // none until the items of the command line are known to exist
+  FolderListings listings;   // the folders, as they were when the items of the command line were found
+  std::optional<View> view;  // std::nullopt until the items of the command line have been found
   FileProperties properties;
   FileOperation fileOperation;
-  std::optional<HelperChannel> helper;  // none on systems before it
+  std::optional<HelperChannel> helper;  // std::nullopt if the system has no helper
   SettingsFiles settings;
   ModuleRegistry modules;
   ScriptCommandSet scriptCommands;
-  std::vector<DeclaredColumn> columns;  // in the order of their declaration
-  bool hasFailedFiles = false;          // the module has handed back files at which it failed
-  std::map<u32, u32> commandOwners;     // command number to extension index, as declared in the menus
+  std::vector<DeclaredColumn> columns;  // in the order of declaration
+  bool hasFailedFiles = false;          // the module has reported files that it could not process
+  std::map<u32, u32> commandOwners;     // maps command numbers to extension indices, as declared in the menus
   PostedCommands posted;
-  PictureRequest picture;  // none is taken without a path
+  PictureRequest picture;  // no picture is taken if its path is empty
 
-  std::mutex mutex;  // guards what follows: it is used from the module's threads as well
-  std::set<std::pair<std::string, u32>> missingTexts;  // those that were reported
+  std::mutex mutex;  // protects the members below, which the module's threads use as well
+  std::set<std::pair<std::string, u32>> missingTexts;  // already reported
 };
 
 }  // namespace QxHost

@@ -1,4 +1,4 @@
-// The values of properties that the host keeps for one item.
+// The values of properties that the host stores for one item.
 #pragma once
 
 #include <map>
@@ -14,11 +14,11 @@ using Velmora::SDK::u32;
 
 class StoredProperties {
  public:
-  // Nothing is kept as that: the property has no value. A text is kept as far as the record takes it.
+  // Stores a value, truncated to the size of the record; std::nullopt stores that the property has no value.
   void Store(u32 module, u32 property, const std::optional<WString>& value);
-  // As IHostFileItem::GetStoredProperty.
+  // Works as IHostFileItem::GetStoredProperty.
   int Get(u32 module, u32 property, void* record) const;
-  // Drops the value of every module.
+  // Removes the values of this property for all modules.
   void Clear(u32 property);
 
  private:

@@ -1,4 +1,4 @@
-// Memory for many short texts that live as long as each other.
+// Memory for many short texts that are freed together.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,8 @@ namespace QxHost {
 
 class TextArena {
  public:
-  // Returns a copy with a terminator after it, which stays where it is for as long as the arena lives.
+  // Stores a terminated copy of the text and returns it. The copy does not move and lives as long as the
+  // arena.
   WStringView Keep(WStringView text) {
     const std::size_t needed = text.size() + 1;
     if (left_ < needed) {

@@ -14,7 +14,7 @@ WString SortKey(const FileItem& item) {
   return key;
 }
 
-// By name, ignoring case; names that differ in case alone by their characters.
+// Sorts by name, ignoring case; names that differ only in case, by their characters.
 void SortByName(std::vector<FileItem*>& items) {
   std::vector<std::pair<WString, FileItem*>> keyed;
   keyed.reserve(items.size());

@@ -1,4 +1,4 @@
-// What the host's panels show: the selected items, the focused one, all items of the view, the other panel.
+// The contents of the host's panels: the selected items, the focused item, all items of the view.
 #pragma once
 
 #include <optional>
@@ -10,18 +10,18 @@ namespace QxHost {
 
 class View {
  public:
-  // `selected` in the order of the selection; an item counts once. Paths are full ones. `folder` is the
-  // view's folder, empty for the focused item's.
+  // `selected` is in the order of the selection; duplicates are ignored. `folder` is the full path of the
+  // view's folder; empty for the folder of the focused item.
   View(FileItemTree& items, std::vector<FileItem*> selected, FileItem* focused, WString folder);
 
-  // As IHostApp::FileListRequest, for the three codes that fill a list: non-zero on success, 0 without a
-  // focused item or a folder that can be searched, and for any other code. Mode 18 wants files alone, all
-  // others take folders as well.
+  // Implements the three codes of IHostApp::FileListRequest that fill a list. Returns non-zero on success; 0
+  // if there is no focused item, the folder cannot be searched, or the code is another one. Mode 18 returns
+  // only files, all others folders as well.
   int Fill(Velmora::SDK::u32 code, Velmora::SDK::IHostFileList& list, Velmora::SDK::u32 mode);
 
   const std::vector<FileItem*>& Selected() const { return selected_; }
 
-  // Null if nothing is selected.
+  // Returns the focused item; null if there is none.
   FileItem* Focused() const { return focused_; }
 
  private:
@@ -31,7 +31,7 @@ class View {
   std::vector<FileItem*> selected_;
   FileItem* focused_;
   WString folder_;
-  std::optional<std::vector<FileItem*>> all_;  // sorted by name; read when it is first asked for
+  std::optional<std::vector<FileItem*>> all_;  // sorted by name; read when first needed
 };
 
 }  // namespace QxHost

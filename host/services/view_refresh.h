@@ -1,4 +1,4 @@
-// Service 3010: folders whose views are to be refreshed when the service is given back.
+// Service 3010: collects folders, whose views are refreshed when the service is released.
 #pragma once
 
 #include <vector>

@@ -7,11 +7,11 @@ namespace {
 
 constexpr std::size_t kFewestSlots = 256;
 
-constexpr std::size_t kBlock = 4;  // units that a word holds
+constexpr std::size_t kBlock = 4;  // 16-bit units in a 64-bit word
 
 constexpr std::uint64_t EachUnit(std::uint64_t value) { return value * 0x0001000100010001u; }
 
-// Up to four units as one word.
+// Returns up to four units as one word.
 std::uint64_t BlockOf(WStringView units) {
   std::uint64_t block = 0;
   if (units.size() == kBlock) {
@@ -31,7 +31,7 @@ std::uint64_t UpperBlockOf(WStringView units) {
 
 }  // namespace
 
-// Four units at a time, which are in upper case at once if they are ASCII.
+// Hashes four units at a time, which can be converted to upper case together if they are ASCII.
 std::uint64_t FolderNames::HashOf(WStringView name) {
   constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
   std::uint64_t hash = name.size() * kFactor;

@@ -24,8 +24,8 @@ FolderNames::Kind KindOfType(unsigned char type) {
   return type == DT_DIR ? FolderNames::Kind::kFolder : FolderNames::Kind::kOther;
 }
 
-// A name of UTF-8 as the module knows it. False for one with other bytes, or with a backslash, whose texts
-// are the platform layer's matter.
+// Converts a UTF-8 name. Returns false for a name with invalid bytes or a backslash, which only the platform
+// layer can convert.
 bool WideNameOf(std::string_view name, WString& wide) {
   const bool isAscii =
       std::ranges::all_of(name, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });

@@ -2,7 +2,7 @@
 
 namespace QxHost {
 
-// Short names (`LONGNA~1`) stand in no listing, and are taken all the same.
+// Not supported: a file also exists under its short name (`LONGNA~1`), which the listing does not contain.
 bool ReadFolderNames(const WString&, std::size_t, FolderNames&) { return false; }
 
 }  // namespace QxHost

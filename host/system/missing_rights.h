@@ -1,12 +1,12 @@
-// Playing a user who may not make symbolic links, to see what goes to the elevated helper then.
+// Simulates a user who may not create symbolic links, to test what is sent to the elevated helper.
 #pragma once
 
 namespace QxHost {
 
-// Whether this build can play it. On Windows the rights are what they are.
+// Whether this build can simulate it. The Windows build cannot.
 extern const bool kRightsCanBeTaken;
 
-// From now on this process is refused every symbolic link (1314); its helper is not.
+// Makes every creation of a symbolic link by this process fail (1314); its helper is not affected.
 void TakeRightToLink();
 
 }  // namespace QxHost

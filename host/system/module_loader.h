@@ -1,4 +1,4 @@
-// Loading the module and finding its three exports.
+// Loads the module and finds its three exports.
 #pragma once
 
 #include "frame/host/extension_info.h"
@@ -6,14 +6,15 @@
 
 namespace QxHost {
 
-// The exports of a loaded module. It stays loaded to the end of the process.
+// The exports of a loaded module, which stays loaded until the process ends.
 struct ModuleExports {
   decltype(&::Create) create = nullptr;
   decltype(&::Delete) destroy = nullptr;
   decltype(&::GetExtensionInfo) getExtensionInfo = nullptr;
 };
 
-// Throws ModuleFailure, with the system's own words, if the file is no module or lacks an export.
+// Loads the module. Throws ModuleFailure, with the system's message, if the file cannot be loaded or lacks an
+// export.
 ModuleExports LoadModule(const WString& fullPath);
 
 }  // namespace QxHost

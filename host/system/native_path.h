@@ -1,17 +1,17 @@
-// Texts and paths as the system below the native build takes them.
+// Converts texts and paths to the form of the native system. Native build only.
 #pragma once
 
 #include "platform/text.h"
 
 namespace QxHost {
 
-// UTF-8, where a low surrogate U+DC80..U+DCFF without its high one is the byte that it stands for.
+// Returns the text in UTF-8. An unpaired low surrogate U+DC80..U+DCFF becomes the byte that it encodes.
 std::string NativeBytes(WStringView text);
 
-// A full path, `Z:\a\b`, as /a/b.
+// Returns a full path `Z:\a\b` as /a/b.
 std::string NativePath(const WString& fullPath);
 
-// The error number of the host for an errno of opening, writing or replacing a file.
+// Returns the Windows error number for an errno value of opening, writing or replacing a file.
 DWORD NativeError(int number);
 
 }  // namespace QxHost

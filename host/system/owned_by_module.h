@@ -1,4 +1,4 @@
-// Objects that the host makes for the module and that the module gives back through Release.
+// Objects that the host creates for the module, which releases them with Release.
 #pragma once
 
 #include <memory>
@@ -6,14 +6,15 @@
 
 namespace QxHost {
 
-// Base of such an object: Release of the interface is this one's. A class names itself as T.
+// The base class of such objects, which implements Release of the interface. A derived class passes itself as
+// T.
 template <typename T, typename Interface>
 class OwnedByModule : public Interface {
  public:
   OwnedByModule(const OwnedByModule&) = delete;
   OwnedByModule& operator=(const OwnedByModule&) = delete;
 
-  // A new object that lives until the module releases it.
+  // Creates an object that lives until the module releases it.
   template <typename... Arguments>
   static T* Lend(Arguments&&... arguments) {
     return std::make_unique<T>(std::forward<Arguments>(arguments)...).release();

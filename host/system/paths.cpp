@@ -14,7 +14,7 @@ constexpr WStringView kLongPrefix = W("\\\\?\\");
 constexpr WStringView kLongServerPrefix = W("\\\\?\\UNC\\");
 constexpr WStringView kDevicePrefix = W("\\\\.\\");
 
-// By the characters of ASCII.
+// Indexed by ASCII character.
 constexpr std::array<bool, 128> kImpossible = [] {
   std::array<bool, 128> impossible{};
   for (std::size_t control = 0; control < ' '; ++control) impossible[control] = true;
@@ -22,21 +22,21 @@ constexpr std::array<bool, 128> kImpossible = [] {
   return impossible;
 }();
 
-// Windows leaves room for a short name below a folder, so folders reach their limit first.
+// The limit for folders, in which Windows reserves room for a short file name; the limit for files is higher.
 constexpr std::size_t kMostShortPathChars = MAX_PATH - 13;
 
 bool IsSeparator(WCHAR character) { return character == W('\\') || character == W('/'); }
 
 bool IsDrivePath(WStringView path) { return path.size() >= 2 && path[1] == W(':'); }
 
-// `Z:` and `Z:a`.
+// Returns whether a path has the form `Z:` or `Z:a`.
 bool IsRelativeToDrive(WStringView path) {
   return IsDrivePath(path) && (path.size() == 2 || !IsSeparator(path[2]));
 }
 
 bool IsCutAtEnd(WCHAR character) { return character == W('.') || character == W(' '); }
 
-// True for a name that the system cuts in a path of the short form.
+// Returns whether the system would remove dots or blanks at the end of this name in a path of the short form.
 bool IsCutName(WStringView name) {
   return !name.empty() && name != W(".") && name != W("..") && IsCutAtEnd(name.back());
 }
@@ -49,7 +49,7 @@ bool HasCutName(WStringView fullPath) {
   return false;
 }
 
-// Takes the prefix off a path that has the form of a drive's or a server's behind it.
+// Removes the long prefix if a drive or a server follows it. Returns whether it did so.
 bool TakeLongPrefixOff(WString& path) {
   if (path.starts_with(kLongServerPrefix)) {
     path.replace(0, kLongServerPrefix.size(), W("\\\\"));
@@ -62,10 +62,10 @@ bool TakeLongPrefixOff(WString& path) {
   return true;
 }
 
-// Where the names behind the root begin.
+// Returns the position of the first name after the root.
 std::size_t RootSize(WStringView path) { return path.size() - SplitRoot(path).rest.size(); }
 
-// Where the first name stands that the system would cut; npos if there is none.
+// Returns the position of the first name that the system would shorten; npos if there is none.
 std::size_t FirstKeptName(WStringView path) {
   for (std::size_t at = RootSize(path); at < path.size();) {
     const std::size_t end = std::min(path.find(W('\\'), at), path.size());
@@ -75,7 +75,7 @@ std::size_t FirstKeptName(WStringView path) {
   return WStringView::npos;
 }
 
-// Goes from a full path down, and up, along `names`.
+// Appends relative names to a full path and resolves ".." in them.
 void AppendNames(WString& full, WStringView names) {
   while (!names.empty()) {
     const std::size_t end = std::min(names.find(W('\\')), names.size());
@@ -91,7 +91,7 @@ void AppendNames(WString& full, WStringView names) {
   }
 }
 
-// True for a name that means a device in any folder.
+// Returns whether a name may be that of a device, which exists in every folder.
 bool MayBeDevice(WStringView name) {
   static constexpr WStringView kDevices[] = {W("CON"), W("PRN"), W("AUX"), W("NUL"), W("COM"), W("LPT")};
   if (name.size() < 3) return false;
@@ -99,8 +99,8 @@ bool MayBeDevice(WStringView name) {
   return std::ranges::find(kDevices, WStringView(begin, 3)) != std::end(kDevices);
 }
 
-// True for a full path that the system leaves as it is: of a drive in upper case, with no name that is empty
-// or ends in a dot or a blank, and no device.
+// Returns whether the system would leave a full path unchanged: it begins with a drive in upper case, and has
+// no name that is empty, ends in a dot or a blank, or may be a device.
 bool IsPlainFullPath(WStringView path) {
   if (path.size() < 4 || path[0] < W('A') || path[0] > W('Z') || path[1] != W(':') || path[2] != W('\\'))
     return false;
@@ -115,7 +115,8 @@ bool IsPlainFullPath(WStringView path) {
   return !MayBeDevice(path.substr(nameAt));
 }
 
-// What the system makes of a path; the current folder for an empty one. Nothing for a device.
+// Returns the full path from GetFullPathNameW, for an empty path the current folder; std::nullopt for a
+// device and for a failure.
 std::optional<WString> SystemFullPath(const WString& path) {
   const WCHAR* const text = path.empty() ? W(".") : path.c_str();
   const DWORD needed = GetFullPathNameW(text, 0, nullptr, nullptr);
@@ -128,7 +129,7 @@ std::optional<WString> SystemFullPath(const WString& path) {
   return full;
 }
 
-// Bytes of the sequence that begins at `at`, 0 if it is no UTF-8.
+// Returns the size of the UTF-8 sequence at `at`; 0 if it is invalid.
 std::size_t SequenceSize(std::string_view bytes, std::size_t at) {
   const auto byteAt = [&](std::size_t index) { return static_cast<std::uint8_t>(bytes[index]); };
   const std::uint8_t first = byteAt(at);
@@ -170,7 +171,8 @@ std::optional<WString> FullPathOf(const WString& path) {
   if (path.empty() || path.find(WCHAR()) != WString::npos) return std::nullopt;
   WString text = path;
   std::replace(text.begin(), text.end(), W('/'), W('\\'));
-  // The long form means each name as it stands; so does a name that the short form would cut.
+  // Keep names unchanged in a path of the long form, and from the first name on that the short form would
+  // shorten.
   const bool isLongForm = TakeLongPrefixOff(text);
   if (IsRelativeToDrive(text)) return std::nullopt;
   const std::size_t kept = isLongForm ? RootSize(text) : FirstKeptName(text);
@@ -239,8 +241,8 @@ bool IsFolder(const WString& fullPath) {
 DWORD MakeFolder(const WString& fullPath) {
   if (IsFolder(fullPath)) return ERROR_SUCCESS;
   const std::size_t rootSize = SplitRoot(fullPath).root.size();
-  // Each folder from the root down; one that is there already is no failure, even if another process has
-  // just made it.
+  // Create each folder from the root on. A folder that exists is not an error, even if another process has
+  // just created it.
   for (std::size_t end = rootSize; end != WString::npos;) {
     end = fullPath.find(W('\\'), end + 1);
     const WString folder = fullPath.substr(0, end);

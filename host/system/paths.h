@@ -1,5 +1,5 @@
-// Paths and names as the host hands them to the module: full paths of the form `Z:\a\b`, names cut at their
-// last dot.
+// Paths and names in the form in which the host passes them to the module: full paths `Z:\a\b`, names split
+// at their last dot.
 #pragma once
 
 #include <optional>
@@ -9,54 +9,55 @@
 
 namespace QxHost {
 
-// An argument or a line of input (UTF-8) as a path. A byte that is no UTF-8 becomes a low surrogate
-// U+DC80..U+DCFF, by which the native platform layer finds the file again.
+// Converts an argument or a line of input (UTF-8) to a path. An invalid byte becomes a low surrogate
+// U+DC80..U+DCFF, which the native platform layer converts back.
 WString PathFromUtf8(std::string_view bytes);
 
-// The full path of `path`, which may be relative and may be written with `/`. Without a separator at its end,
-// but for the root of a drive (`Z:\`), and with the drive in upper case. Nothing if the system refuses the
-// path, if it is empty or a device's, and for `Z:` and `Z:a`, which would mean the current folder of that
-// drive: nobody sees which one that is. A name that ends in a dot or a blank is kept, where the system would
-// cut it and mean another file.
+// Returns the full path of `path`, which may be relative and contain `/`. The result has the drive in upper
+// case and no separator at its end, except for the root of a drive (`Z:\`). Returns std::nullopt if the
+// system refuses the path, if it is empty or names a device, and for `Z:` and `Z:a`, which would mean the
+// current folder of that drive, which is not visible to the user. Keeps a name that ends in a dot or a blank,
+// which the system would shorten to the name of another file.
 std::optional<WString> FullPathOf(const WString& path);
 
-// True for a path that begins at a root, in either way of writing it. Nothing else may be renamed by path:
-// the current folder has no part in what a batch means.
+// Returns whether a path begins at a root, in either notation. Batches rename only such paths, because they
+// do not depend on the current folder.
 bool IsFullPath(WStringView path);
 
-// The path as it is given to the system: in its long form (`\\?\`) if it is too long for the short one, or
-// has a name that ends in a dot or a blank, which the system would cut there.
+// Returns the path in the form to pass to the system: the long form (`\\?\`) if it is too long for the short
+// form or has a name that ends in a dot or a blank, which the system would remove in the short form.
 WString SystemPath(const WString& fullPath);
 
-// True for a path that may be given to the system as it is.
+// Returns whether the path can be passed to the system unchanged.
 bool IsSystemPath(const WString& fullPath);
 
 // The root (`Z:` or `\\server\share`) and the names below it.
 struct RootAndRest {
   WStringView root;
-  WStringView rest;  // without a separator at its begin; empty for a root
+  WStringView rest;  // without a separator at its beginning; empty for a root
 };
 RootAndRest SplitRoot(WStringView fullPath);
 
-// A file's base name ends at the last dot, and the extension begins with it; a name without a dot has no
-// extension. A folder has none at all.
+// The base name of a file ends before the last dot, and the extension begins with it. A name without a dot
+// has no extension, and neither has a folder.
 struct NameParts {
   WStringView base;
   WStringView extension;  // with its dot
 };
 NameParts SplitName(WStringView name, bool isFolder);
 
-// The name as it is made: without the dots and blanks at its end, which no program of Windows can give a
-// name. Empty if nothing else is in it.
+// Returns the name without the dots and blanks at its end, which Windows removes when a file is created.
+// Returns the empty text if nothing else is left.
 WStringView NameToMake(WStringView name);
 
-// False for what can be no name: the empty text, `.` and `..`, and one with a separator, a character that
-// Windows keeps for itself, or a control character.
+// Returns false for a text that cannot be a name: the empty text, `.`, `..`, and a text with a separator, a
+// character that Windows reserves, or a control character.
 bool IsPossibleName(WStringView name);
 
-// Makes the folder with all folders above it. 0, or the error number of what could not be made.
+// Creates the folder and its missing parents. Returns 0, or the error number of the first failure.
 DWORD MakeFolder(const WString& fullPath);
 
+// Returns whether a folder exists at this path.
 bool IsFolder(const WString& fullPath);
 
 }  // namespace QxHost

@@ -1,4 +1,4 @@
-// How far away an item is: on this machine or on another.
+// Tells whether an item is on this machine or on another one.
 #pragma once
 
 #include <cstdint>
@@ -7,11 +7,11 @@
 
 namespace QxHost {
 
-// Whether the system says that the drive (`Z:`) is one of the network. Never natively.
+// Returns whether the drive (`Z:`) is a network drive. Always false in the native build.
 bool IsNetworkDrive(const WString& drive);
 
-// 1 for what lies in the root of a server (`\\server\share`) or of a drive that `isNetworkDrive` says is one;
-// otherwise 0.
+// Returns 1 for the root of a server (`\\server\share`) and for a drive for which `isNetworkDrive` returns
+// true; otherwise 0.
 std::int32_t RemoteLevelOfRoot(const WString& root, bool (*isNetworkDrive)(const WString&) = IsNetworkDrive);
 
 }  // namespace QxHost

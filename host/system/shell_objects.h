@@ -1,9 +1,9 @@
-// The use of the system's shell objects on a thread, which the module expects its host to have prepared.
+// Prepares a thread for the system's shell objects, as the module expects its host to do.
 #pragma once
 
 namespace QxHost {
 
-// For as long as it lives, on the thread that made it: COM on Windows, nothing elsewhere.
+// Initialises COM on the calling thread while the object lives. Does nothing in the native build.
 class ShellObjects {
  public:
   ShellObjects();
@@ -12,7 +12,7 @@ class ShellObjects {
   ~ShellObjects();
 
  private:
-  [[maybe_unused]] bool isPrepared_;  // natively there is nothing to give back
+  [[maybe_unused]] bool isPrepared_;  // not used in the native build
 };
 
 }  // namespace QxHost

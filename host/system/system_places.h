@@ -1,24 +1,23 @@
-// What each system answers in its own way: where the program and the user's settings are, and how a file
-// takes the place of another.
+// Functions that differ between the systems: the folders of the program and of the user's settings, and the
+// replacement of a file.
 #pragma once
 
 #include "platform/text.h"
 
 namespace QxHost {
 
-// The folder of this program, as a full path without a separator at its end. Empty if the system does not
-// tell.
+// Returns the folder of this program, as a full path without a separator at its end; empty if it is unknown.
 WString ProgramFolder();
 
-// Where programs keep the user's settings: %APPDATA% on Windows, else $XDG_CONFIG_HOME or ~/.config. Empty if
-// the system does not tell.
+// Returns the folder for the user's settings: %APPDATA% on Windows, otherwise $XDG_CONFIG_HOME or ~/.config;
+// empty if it is unknown.
 WString UserConfigFolder();
 
-// File name of the module in this build.
+// Returns the file name of the module in this build.
 const WCHAR* ModuleFileName();
 
-// Puts the file `from` on the disk and in the place of `to`, in one step: whoever looks sees the old file or
-// the new one. 0, or the error number; then `to` is as it was.
+// Flushes the file `from` to the disk and renames it to `to`, replacing that file atomically: other programs
+// see either the old or the new file. Returns 0 or an error number; after an error `to` is unchanged.
 DWORD TakePlaceOf(const WString& from, const WString& to);
 
 }  // namespace QxHost

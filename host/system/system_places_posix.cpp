@@ -16,7 +16,7 @@ namespace {
 
 WString FolderFromEnvironment(const char* name) {
   const char* value = getenv(name);
-  // A folder that is not given in full counts as not given.
+  // A relative path is ignored.
   return value && *value == '/' ? FullPathOf(PathFromUtf8(value)).value_or(WString()) : WString();
 }
 
@@ -45,7 +45,8 @@ DWORD TakePlaceOf(const WString& from, const WString& to) {
   const int synced = fsync(file);
   const int syncError = errno;
   close(file);
-  // A file system that cannot sync says EINVAL; everything else means that the bytes may not be there.
+  // EINVAL means that the file system does not support fsync. Any other error means that the bytes may not be
+  // on the disk.
   if (synced != 0 && syncError != EINVAL) return NativeError(syncError);
   return std::rename(fromPath.c_str(), NativePath(to).c_str()) == 0 ? ERROR_SUCCESS : NativeError(errno);
 }

@@ -5,8 +5,8 @@
 
 namespace QxHost {
 
-// Paints what is due, and saves the window with its frame as a PNG: as it has painted itself, whether or not
-// it is on the screen. False if the picture could not be taken or written. On the window's thread.
+// Redraws the window and saves the image that it has drawn, with its frame, as a PNG. Returns false if the
+// picture could not be taken or written. Call it on the window's thread.
 bool SaveWindowPicture(HWND window, const WString& path);
 
 }  // namespace QxHost

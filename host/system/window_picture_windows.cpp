@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-// The header wants these two by bare names.
+// <gdiplus.h> uses these two names without a namespace.
 namespace Gdiplus {
 using std::max;
 using std::min;
@@ -14,7 +14,7 @@ using std::min;
 namespace QxHost {
 namespace {
 
-// Windows' own number of its PNG encoder.
+// The class id of the PNG encoder of Windows.
 constexpr CLSID kPngEncoder = {0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
 
 class GdiplusScope {

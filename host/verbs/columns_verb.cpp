@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-// Rows that are kept before they are shown, so that they line up.
+// The number of rows that are collected before they are written, so that their columns are aligned.
 constexpr std::size_t kRowsOfBlock = 512;
 
 class ColumnsVerb final : public Verb {
@@ -54,7 +54,7 @@ class ColumnsVerb final : public Verb {
         if (rows.size() == kRowsOfBlock) showRows();
       });
     } catch (const BadCall&) {
-      showRows();  // those before the item that is missing
+      showRows();  // the rows before the missing item
       throw;
     }
     showRows();

@@ -7,14 +7,14 @@
 namespace QxHost {
 namespace {
 
-// The quick rename commands: what they change are names alone.
+// The range of the quick rename commands, which only change names.
 constexpr s32 kFirstRename = Velmora::SDK::kCommandUpperCase;
 constexpr s32 kLastRename = Velmora::SDK::kCommandSetExtension;
 
-// Its window would close as soon as it is open: `qxhost window` keeps it.
+// The command that opens MultiRename's window, which would close at once here; `qxhost window` keeps it open.
 constexpr s32 kMultiRenameWindow = Velmora::SDK::kCommandMultiRename;
 
-// The command as a person reads it: its name, if it has one, and its number.
+// Returns the name of the command, if it has one, and its number, for messages.
 std::string CommandTitle(s32 number) {
   const std::string name(NameOfCommand(number));
   return name.empty() ? std::to_string(number) : name + " (" + std::to_string(number) + ")";

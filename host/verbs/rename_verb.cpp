@@ -32,8 +32,8 @@ std::size_t CharactersOf(WStringView text) {
 
 std::string RowCount(std::size_t count) { return std::to_string(count) + (count == 1 ? " row" : " rows"); }
 
-// Why no run can start with the row. Names are compared whatever their folders, which surprises where there
-// are several.
+// Returns the reason why the row prevents a run. Names are compared regardless of their folders, so the text
+// says so if the folders differ.
 std::string BlockText(const MultiRenameItem& row, const MultiRenameItem& first) {
   if (row.state == StateDuplicate) {
     if (&row == &first) return "another row gets this name as well";
@@ -46,13 +46,13 @@ std::string BlockText(const MultiRenameItem& row, const MultiRenameItem& first) 
   return "no name may hold " + ToUtf8(row.newName.substr(at, 1));
 }
 
-// The new name as it is made, without the dots and blanks at its end that the system cuts.
+// Returns the new name as the system will create it: without dots and blanks at its end.
 WStringView NameShown(const MultiRenameItem& row) {
   const WStringView made = NameToMake(row.newName);
   return made.empty() || row.newName == row.oldName ? WStringView(row.newName) : made;
 }
 
-// How the rows of a preview count.
+// The numbers of rows of a preview, by result.
 struct PreviewCounts {
   std::size_t renamed = 0;
   std::size_t staying = 0;
@@ -151,7 +151,7 @@ class RenameVerb final : public Verb {
   }
 
  private:
-  // What a call does beside renames by rules. It returns false if it failed.
+  // An action of a call other than renaming by rules. `does` returns false if it failed.
   struct Action {
     const char* option;
     std::function<bool(Run&, RenameSession&)> does;
@@ -237,7 +237,7 @@ class RenameVerb final : public Verb {
 
   PreviewCounts ReportRows(Run& run, RenameSession& session) const {
     const std::vector<MultiRenameItem*>& rows = session.Rows();
-    // A program sees the states alone, and sees in a dry run what each rename would come to.
+    // Programs get only the states; they get the results of renames from a dry run.
     const std::vector<u32> outlook = run.IsForProgram() ? std::vector<u32>() : session.Outlook();
     RowEvent event;
     for (const MultiRenameItem* const row : rows) {
@@ -271,7 +271,7 @@ class RenameVerb final : public Verb {
     return counts;
   }
 
-  // Before a run, so that fewer can be renamed at once.
+  // Warns before a run, so that the user can rename fewer files at once.
   static void WarnOfLongUndoFile(Run& run, RenameSession& session) {
     const std::size_t beyond = RenamesBeyondUndo(session.Rows());
     if (beyond == 0) return;
@@ -313,7 +313,7 @@ class RenameVerb final : public Verb {
     Velmora::SDK::MultiRenameUndo* written = nullptr;
     bool isWritten = false;
     {
-      // Whoever reads the lines may be slow, or end this program: the undo file comes first.
+      // The reader of the output may be slow or end this program, so write the undo file first.
       const HeldOutput held(shared.output);
       session.Run();
       written = session.Written();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const WCHAR* kLanguageFile = W("\\english.language");
 
-// Where an item comes from, as a message calls it.
+// The sources of items, as named in messages.
 constexpr const char* kVerbItems = "ITEM";
 constexpr const char* kListItems = "--items";
 
@@ -97,7 +97,7 @@ LanguageTable ReadLanguageTable(const Options& options, Output& output) {
   return table;
 }
 
-// Quoted if a shell would part it.
+// Returns the --config option as it was given, quoted if a shell would split it.
 std::string ConfigOptionOf(const Options& options) {
   if (options.config.empty()) return {};
   const bool isQuoted = options.config.find_first_of(" \t'()&;") != std::string::npos;
@@ -138,7 +138,7 @@ Run::~Run() = default;
 void Run::SetUpView(const Options& options) {
   std::vector<FileItem*> selected;
   if (itemUse_ == ItemUse::kInTurn) {
-    // A missing one is found before anything is shown.
+    // Find missing items before any output.
     FileItemTree looked;
     for (const std::string& text : items_) FindItem(looked, kVerbItems, text);
   } else {
@@ -165,7 +165,7 @@ void Run::FindListItems(std::vector<FileItem*>& found) {
 }
 
 void Run::ForEachItem(const std::function<void(FileItem&)>& use) {
-  // Items of one folder share it for a while.
+  // A new tree now and then limits the memory, while neighbouring items share the objects of their folders.
   constexpr std::size_t kItemsOfTree = 512;
   std::optional<FileItemTree> tree;
   std::size_t count = 0;

@@ -1,4 +1,4 @@
-// One run of a verb: the host set up as the command line says, and the module loaded into it.
+// One run of a verb: sets up the host according to the command line and loads the module.
 #pragma once
 
 #include <functional>
@@ -13,48 +13,49 @@
 
 namespace QxHost {
 
-// Whether the items of a run are selected in the view, or are given to the verb one after the other.
+// Whether the items of a run are selected in the view or passed to the verb one after the other.
 enum class ItemUse { kSelected, kInTurn };
 
 class Run {
  public:
-  // Throws BadCall for what cannot be: a missing item, an answer that is none, a language table that cannot
-  // be read. `items` are the verb's, before those of --items.
+  // Throws BadCall for invalid options, such as a missing item, an invalid answer or a language table that
+  // cannot be read. `items` are the items of the verb, which precede those of --items.
   Run(const Options& options, const std::vector<std::string>& items, Output& output,
       ItemUse use = ItemUse::kSelected);
   Run(const Run&) = delete;
   Run& operator=(const Run&) = delete;
   ~Run();
 
-  // What all extensions share, for a verb that does without the module.
+  // Returns the objects that all extensions share, also for verbs that do not use the module.
   Shared& Host() { return *shared_; }
 
   bool IsDry() const { return isDry_; }
-  bool IsForProgram() const { return isJson_; }  // one JSON object a line, and no prose
-  // Items come from --items, of which there may be none.
+  bool IsForProgram() const { return isJson_; }  // one JSON object per line instead of prose
+  // Returns whether --items was given; the list may be empty.
   bool HasItemList() const { return hasItemList_; }
-  // `--config DIR ` as it was given, for a proposed call; empty if it was not.
+  // Returns `--config DIR ` as it was given, for proposed calls; empty if it was not given.
   const std::string& ConfigOption() const { return configOption_; }
 
-  // Loads the module and reads its records. Once.
+  // Loads the module and reads its records. Called once.
   Extensions& LoadExtensions();
 
-  // The items that the verb was given, and those of --items, each once; none if they are taken in turn.
+  // Returns the items of the verb and those of --items, without duplicates; none if the items are passed one
+  // after the other.
   const std::vector<FileItem*>& SelectedItems() const { return shared_->view->Selected(); }
 
-  // The items that are taken in turn, each as often as it was given. An item lives for the call alone, so
-  // that any number of them need no memory. Throws BadCall at one of --items that is missing.
+  // Calls `use` for each item, as often as it was given. An item lives only during its call, so memory does
+  // not grow with their number. Throws BadCall at an item of --items that does not exist.
   void ForEachItem(const std::function<void(FileItem&)>& use);
 
   Reporter& GetReporter() { return *reporter_; }
 
-  // Makes the configuration folder, which commands may write to.
+  // Creates the configuration folder, to which commands may write.
   void MakeConfigFolder();
 
   void SaveSettings();
 
-  // Writes settings, tells the result and what was left over, and returns the exit status. `noteOfZero` says
-  // what a value of 0 means.
+  // Writes the settings, reports the result and unused answers and form values, and returns the exit status.
+  // `noteOfZero` explains a result of 0.
   int Finish(int value, const std::string& noteOfZero);
 
  private:
@@ -66,8 +67,8 @@ class Run {
   bool isJson_;
   bool hasItemList_;
   std::string configOption_;
-  std::vector<std::string> items_;  // of the verb
-  std::string itemList_;            // of --items; empty for none
+  std::vector<std::string> items_;  // the items of the verb
+  std::string itemList_;            // the value of --items; empty if not given
   ItemUse itemUse_;
   std::unique_ptr<Reporter> reporter_;
   std::optional<Questions> questions_;

@@ -16,7 +16,8 @@
 namespace QxHost {
 namespace {
 
-// Settings are saved and the output is complete even when the module fails half-way.
+// Runs the verb and returns the exit status. Saves the settings and completes the output even if the module
+// fails.
 int ExecuteVerb(const CommandLine& line, Output& output) {
   if (line.options.dryRun) line.verb->CheckDryRun();
   Run run(line.options, line.verb->Items(), output,
@@ -33,7 +34,7 @@ int ExecuteVerb(const CommandLine& line, Output& output) {
 }  // namespace
 
 int RunQxHost(std::vector<std::string> arguments) {
-  // The channel of the elevated helper starts this program so; it stands in no help.
+  // The channel of the elevated helper starts this program with this argument, which is not in the help.
   if (!arguments.empty() && arguments.front() == kHelperArgument) {
     return RunHelper({arguments.begin() + 1, arguments.end()});
   }

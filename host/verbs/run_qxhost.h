@@ -1,4 +1,4 @@
-// The program behind both main functions.
+// The program, without its main functions, which differ between the builds.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace QxHost {
 
-// Runs with the arguments behind the program's name, as UTF-8, and answers the exit status.
+// Runs the program with its arguments, without the program's name, as UTF-8. Returns the exit status.
 int RunQxHost(std::vector<std::string> arguments);
 
 }  // namespace QxHost

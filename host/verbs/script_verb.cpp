@@ -8,7 +8,7 @@
 namespace QxHost {
 namespace {
 
-// The module's text for a number that it cannot read names no parameter.
+// Adds an explanation to the module's message about an invalid number, which does not name the parameter.
 std::string WithHint(const std::string& failure) {
   if (failure.find("stoi argument") == std::string::npos) return failure;
   return failure + ". A parameter that takes a number has no digits, or too large a number; nothing was done";

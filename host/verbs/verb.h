@@ -1,4 +1,4 @@
-// What qxhost can be told to do: one verb, one file `..._verb.cpp`.
+// The interface of the verbs of qxhost. Each verb is in its own file `..._verb.cpp`.
 #pragma once
 
 #include <memory>
@@ -16,23 +16,25 @@ class Verb {
   virtual ~Verb() = default;
   virtual const char* Name() const = 0;
   virtual const char* Help() const = 0;
-  // Declares the verb's own arguments, which the verb keeps.
+  // Declares the arguments of the verb, whose values are stored in the verb.
   virtual void Declare(CLI::App& app) = 0;
-  // The items that the verb works on, which must exist.
+  // Returns the items that the verb works on, which must exist.
   virtual const std::vector<std::string>& Items() const;
-  // Whether they are taken one after the other, by Run::ForEachItem, and not selected together.
+  // Returns whether the items are passed one after the other, by Run::ForEachItem, instead of being selected
+  // together.
   virtual bool TakesItemsInTurn() const { return false; }
-  // Does it, and answers the value of the result: 1 or 0 as the module said.
+  // Runs the verb and returns the value of the result: 1 or 0, as the module returned.
   virtual int Execute(Run& run) = 0;
-  // Throws BadCall if the verb would change more than --dry-run holds back, which is renames.
+  // Throws BadCall if the verb would change anything except by renames, which are all that --dry-run
+  // prevents.
   virtual void CheckDryRun() const {}
-  // What a result of 0 means, for whoever called. Asked after Execute.
+  // Returns the meaning of a result of 0, for the user. Called after Execute.
   virtual std::string NoteOfZero() const { return "the module did not handle the command"; }
-  // What its help says behind its arguments; ends in a line end if there is any.
+  // Returns the text of the verb's help after its arguments. Ends with a line end unless it is empty.
   virtual const char* HelpFooter() const { return ""; }
 };
 
-// All verbs, in the order in which the help shows them.
+// Returns all verbs, in the order of the help.
 std::vector<std::unique_ptr<Verb>> MakeVerbs();
 
 std::unique_ptr<Verb> MakeInfoVerb();

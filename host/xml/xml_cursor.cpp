@@ -7,7 +7,7 @@
 namespace QxHost {
 namespace {
 
-// All characters beyond ASCII may stand in names: which of them are letters is nobody's concern here.
+// Accepts all characters beyond ASCII in names, without checking that they are letters.
 bool BeginsName(char character) {
   const auto byte = static_cast<unsigned char>(character);
   return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_' || byte == ':' ||

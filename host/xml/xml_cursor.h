@@ -1,4 +1,4 @@
-// A place in the text of an XML document that moves on as the text is understood.
+// A position in the text of an XML document, which advances as the text is parsed.
 #pragma once
 
 #include <optional>
@@ -17,27 +17,29 @@ class XmlCursor {
   char Peek() const { return IsAtEnd() ? '\0' : text_[at_]; }
   bool Sees(std::string_view token) const { return Rest().starts_with(token); }
 
-  // Moves behind the token if it stands here.
+  // If the token is at this position, advances past it and returns true.
   bool Take(std::string_view token);
 
-  // Moves behind the next such token, and answers what stands before it. Nothing if there is none.
+  // Advances past the next occurrence of the token and returns the text before it; std::nullopt if there is
+  // none.
   std::optional<std::string_view> TakeUntil(std::string_view token);
 
-  // What stands before the first of these characters, or all that is left.
+  // Advances to the first of these characters, or to the end, and returns the text before it.
   std::string_view TakeUpTo(std::string_view stops);
 
-  // False if there are none.
+  // Skips blanks. Returns false if there are none.
   bool TakeBlanks();
 
-  // Empty if no name stands here.
+  // Advances past a name and returns it; empty if there is no name at this position.
   std::string_view TakeName();
 
-  // A name, "=" and a value in quotes.
+  // A name and a quoted value, with "=" between them.
   struct Pair {
     std::string_view name;
     std::string_view value;
     char quote;
   };
+  // Advances past a pair and returns it; std::nullopt if there is none at this position.
   std::optional<Pair> TakePair();
 
  private:

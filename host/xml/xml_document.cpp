@@ -35,7 +35,7 @@ XmlAttribute* AttributeOf(XmlNode node, const WCHAR* name) {
   return attribute;
 }
 
-// The text of an element, over its comments and instructions.
+// Returns the text of an element, ignoring its comments and instructions.
 WString TextOf(const XmlTreeNode& element) {
   std::string text;
   for (const XmlTreeNode* child = element.firstChild; child; child = child->next) {
@@ -117,7 +117,7 @@ void XmlDocument::GetEncoding(XmlNode root, char* buffer, u32 size) {
   if (!buffer || size == 0) return;
   const XmlTree* const tree = TreeOf(root);
   const std::string_view name = tree ? tree->declaration.encoding : std::string_view();
-  // A name that was cut would be another encoding's.
+  // Does not truncate the name, which could result in the name of another encoding.
   CopyTerminated<char>(buffer, size, name.size() < size ? name : std::string_view());
 }
 

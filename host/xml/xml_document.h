@@ -1,8 +1,8 @@
-// The XML documents that the host lends to the module.
+// The XML documents that the host creates for the module.
 //
-// What Save's flag means here: 1 formats the file, 0 leaves the white space between its elements as it was
-// loaded. The flags of all other operations mean nothing. Names that XML does not allow, and operations
-// without the node that they need, give null or false and change nothing.
+// The flag of Save: 1 formats the file, 0 keeps the white space between its elements as loaded. The flags of
+// all other operations are ignored. Operations with a name that XML does not allow, or without the node that
+// they need, return null or false and change nothing.
 #pragma once
 
 #include <memory>
@@ -20,16 +20,16 @@ using Velmora::SDK::XmlNode;
 
 class XmlDocument final : public OwnedByModule<XmlDocument, Velmora::SDK::IHostXmlDocument> {
  public:
-  // UTF-8, with a declaration that says so.
+  // Creates a document in UTF-8, with a declaration that says so.
   XmlNode CreateRoot(const WCHAR* name) override;
   void Close(XmlNode root) override;
   XmlNode Load(const WCHAR* path, u32 flag) override;
 
-  // Writes a new file, which then takes the place of the old one: whatever fails, the old one is there as it
-  // was. A read-only file stays. Without an encoding, or with an empty one, it is that of the loaded file.
+  // Writes a new file and replaces the old one by it; after any failure the old file is unchanged. Does not
+  // replace a read-only file. If `encoding` is null or empty, uses that of the loaded file.
   bool Save(XmlNode root, const WCHAR* path, u32 flag, const char* encoding) override;
 
-  // Empty if the file does not name one, or its name does not fit.
+  // Stores the empty text if the file does not declare an encoding, or its name does not fit.
   void GetEncoding(XmlNode root, char* buffer, u32 size) override;
 
   XmlNode AddChild(XmlNode parent, const WCHAR* name, const WCHAR* text) override;
@@ -38,16 +38,18 @@ class XmlDocument final : public OwnedByModule<XmlDocument, Velmora::SDK::IHostX
   XmlNode AddChildWithIntAttribute(XmlNode parent, const WCHAR* name, const WCHAR* attribute, s32 value,
                                    u32 zero) override;
 
-  // A null or empty name means an element of any name.
+  // A null or empty name matches any element.
   XmlNode FirstChild(XmlNode parent, const WCHAR* name, u32 zero, u32 alsoZero) override;
   XmlNode NextSibling(XmlNode node, const WCHAR* name) override;
 
-  // The text of the first child of that name, without that of the elements in it. A text that is longer than
-  // the buffer is cut. False, and the buffer as it was, if there is no such child or attribute.
+  // Store the text of the first child of that name, without that of the elements in it, or of an attribute,
+  // truncated to the size of the buffer. Return false and leave the buffer unchanged if there is no such
+  // child or attribute.
   bool GetChildText(XmlNode parent, const WCHAR* name, WCHAR* buffer, u32 size) override;
   bool GetAttributeText(WCHAR* buffer, u32 size, XmlNode node, const WCHAR* attribute) override;
 
-  // Decimal digits, with a sign or without. 0, and false, for anything else and for what does not fit.
+  // Parse decimal digits with an optional sign. Return 0 and false for any other text and for a number that
+  // does not fit.
   s32 GetAttributeValue(XmlNode node, const WCHAR* attribute) override;
   bool GetAttributeInt(s32* value, XmlNode node, const WCHAR* attribute) override;
 

@@ -132,7 +132,7 @@ bool IsUtf16(const XmlEncoding& encoding) {
 bool IsNamedBy(const XmlEncoding& encoding, std::string_view name) {
   const std::optional<XmlEncoding> named = XmlEncodingOfName(name);
   if (!named) return false;
-  // Only the name that leaves the byte order open comes with a mark.
+  // Only the name that does not specify the byte order requires a mark.
   if (named->hasMark) return IsUtf16(encoding);
   return named->charset == encoding.charset;
 }

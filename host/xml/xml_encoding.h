@@ -1,4 +1,4 @@
-// The encodings of XML files that the host reads and writes. Inside, a document is UTF-8.
+// The encodings of XML files that the host reads and writes. In memory, a document is UTF-8.
 #pragma once
 
 #include <optional>
@@ -11,44 +11,45 @@ namespace QxHost {
 
 enum class XmlCharset { kUtf8, kUtf16Little, kUtf16Big, kLatin1, kWindows1252, kAscii };
 
+// A charset, and whether the file begins with a mark.
 struct XmlEncoding {
   XmlCharset charset = XmlCharset::kUtf8;
-  bool hasMark = false;  // a byte order mark comes before the text
+  bool hasMark = false;  // the file begins with a byte order mark
   friend bool operator==(const XmlEncoding&, const XmlEncoding&) = default;
 };
 
-// The encoding of an XML name, whatever its letter case; nothing for one that the host does not know.
-// "UTF-16" is little endian with its mark, "UTF-16LE" and "UTF-16BE" are without.
+// Returns the encoding of a name in an XML declaration, ignoring letter case; std::nullopt for an unknown
+// name. "UTF-16" is little endian with a mark, "UTF-16LE" and "UTF-16BE" have no mark.
 std::optional<XmlEncoding> XmlEncodingOfName(std::string_view name);
 
 bool IsUtf16(const XmlEncoding& encoding);
 
-// Whether a file in this encoding may call itself so: "UTF-16" is right in either byte order, and with a mark
-// or without it any name of the charset.
+// Returns whether a file in this encoding may declare this name: any name of the charset, with or without a
+// mark, and "UTF-16" in either byte order.
 bool IsNamedBy(const XmlEncoding& encoding, std::string_view name);
 
-// The mark at the beginning of `bytes`, or the byte order that their first "<" shows. Anything else may be
-// any charset of one byte or UTF-8, and gives kUtf8 without a mark.
+// Returns the encoding that the byte order mark or the first "<" of `bytes` shows; otherwise kUtf8 without a
+// mark, as the bytes may be UTF-8 or any single-byte charset.
 XmlEncoding GuessXmlEncoding(std::string_view bytes);
 
-// Returns the text after the mark, in UTF-8. Nothing if the bytes are not well-formed in that encoding, or
-// hold a character that XML does not allow.
+// Returns the text after the mark in UTF-8; std::nullopt if the bytes are not well-formed in the encoding or
+// contain a character that XML does not allow.
 std::optional<std::string> DecodeXml(std::string_view bytes, const XmlEncoding& encoding);
 
-// What becomes of a character that the encoding lacks.
+// How to write a character that the encoding lacks.
 enum class Lacking {
-  kReference,  // a character reference
-  kSplit,      // the same, between the end of a CDATA section and the begin of the next
-  kRefuse,     // no form for it: Put answers false
+  kReference,  // as a character reference
+  kSplit,      // as a character reference between two CDATA sections
+  kRefuse,     // not possible: Put returns false
 };
 
-// Gathers the bytes of a file.
+// Encodes the text of a file.
 class XmlEncoder {
  public:
   explicit XmlEncoder(const XmlEncoding& encoding);
 
-  // Appends well-formed UTF-8. False if a character could not be written, or the file grows beyond what the
-  // host is willing to hold; what was gathered is then of no use.
+  // Appends well-formed UTF-8. Returns false if a character cannot be written or the file exceeds the size
+  // limit; the bytes must not be used then.
   bool Put(std::string_view text, Lacking lacking);
 
   std::string Take() { return std::move(bytes_); }
@@ -69,7 +70,7 @@ class XmlEncoder {
 // Appends a character of XML in UTF-8.
 void AppendUtf8(std::string& text, char32_t character);
 
-// False for what may stand in no XML file, not even as a reference.
+// Returns false for a character that XML does not allow, not even as a reference.
 bool IsXmlCharacter(char32_t character);
 
 }  // namespace QxHost

@@ -15,14 +15,15 @@ bool IsVersion(std::string_view value) {
          value.find_first_not_of("0123456789", 2) == std::string_view::npos;
 }
 
-// The declaration at the beginning of a document, which may have none. Nothing if it is malformed.
+// Parses the declaration at the beginning of a document; returns an empty one if there is none, std::nullopt
+// if it is malformed.
 std::optional<XmlDeclaration> ReadDeclaration(std::string_view text) {
   XmlCursor cursor(text);
   if (!cursor.Take("<?xml") || !cursor.TakeBlanks()) return XmlDeclaration();
   const auto version = cursor.TakePair();
   if (!version || version->name != "version" || !IsVersion(version->value)) return std::nullopt;
   XmlDeclaration declaration;
-  // An empty encoding still tells where one belongs.
+  // An empty encoding still points to the position where a name would be inserted.
   declaration.encoding = text.substr(cursor.At(), 0);
   for (const std::string_view name : {"encoding", "standalone"}) {
     XmlCursor ahead = cursor;
@@ -47,7 +48,7 @@ class Parser {
  public:
   Parser(XmlTree& tree, std::string_view text) : tree_(tree), cursor_(text) {}
 
-  // What follows the declaration.
+  // Parses the text after the declaration. Returns false if it is not well-formed.
   bool Run() {
     current_ = &tree_.document;
     while (!cursor_.IsAtEnd()) {
@@ -84,7 +85,7 @@ class Parser {
   }
 
   bool TakeComment(std::size_t begin) {
-    // Two hyphens end a comment, and only a ">" may follow them.
+    // XML allows "--" in a comment only as part of its end "-->".
     if (!cursor_.TakeUntil("--") || !cursor_.Take(">")) return false;
     Add(XmlKind::kComment, cursor_.Since(begin));
     return true;
@@ -96,7 +97,7 @@ class Parser {
     return true;
   }
 
-  // Behind "<?". The name of the declaration is kept for it in any letter case.
+  // Parses an instruction after "<?". The name "xml" is reserved in any letter case.
   bool SkipInstruction() {
     const std::string_view target = cursor_.TakeName();
     const bool isReserved = target.size() == 3 && AsciiLower(target) == "xml";
@@ -104,14 +105,14 @@ class Parser {
     return cursor_.Sees("?>") || cursor_.TakeBlanks() ? cursor_.TakeUntil("?>").has_value() : false;
   }
 
-  // Kept as a whole: quotes, comments, instructions and the internal subset are only told apart to find its
-  // end.
+  // Stores the document type as one text. Recognises quotes, comments, instructions and the internal subset
+  // only to find its end.
   bool TakeDoctype(std::size_t begin) {
     if (!IsOutside() || tree_.root || hasDoctype_ || !cursor_.TakeBlanks()) return false;
     if (cursor_.TakeName().empty()) return false;
     bool isInSubset = false;
     bool hadSubset = false;
-    std::size_t declarations = 0;  // open ones of the subset
+    std::size_t declarations = 0;  // open declarations in the subset
     for (;;) {
       cursor_.TakeUpTo("\"'<>[]");
       if (cursor_.IsAtEnd()) return false;
@@ -212,7 +213,7 @@ std::unique_ptr<XmlTree> ParseXml(std::string_view bytes) {
   if (bytes.size() > kMostXmlBytes) return nullptr;
   auto tree = std::make_unique<XmlTree>();
   tree->encoding = GuessXmlEncoding(bytes);
-  // Without a mark or a byte order the declaration is ASCII, and says how to read the rest.
+  // Without a mark or a known byte order, the declaration is ASCII and names the encoding of the rest.
   if (tree->encoding == XmlEncoding()) {
     const std::optional<XmlDeclaration> declaration = ReadDeclaration(bytes);
     if (!declaration) return nullptr;

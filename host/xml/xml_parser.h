@@ -1,8 +1,8 @@
-// Reading an XML file into a tree: XML 1.0 without validation.
+// Parses an XML file into a tree: XML 1.0 without validation.
 //
-// Strict, since what is loaded will be saved over the user's file: whatever is not well-formed is refused as
-// a whole. Entities are checked for their form and never resolved, so their declarations can do no harm, and
-// no other file is ever opened. Nothing recurses.
+// The parser is strict, because the tree may be saved over the user's file: it rejects every file that is not
+// well-formed. It checks the syntax of entities but never resolves them, so their declarations can do no
+// harm, and never opens another file. It does not recurse.
 #pragma once
 
 #include <memory>
@@ -12,20 +12,20 @@
 
 namespace QxHost {
 
-// Elements within one another that the host is willing to read.
+// The greatest depth of nested elements.
 constexpr std::size_t kMostXmlDepth = 500;
 
-// Longest file that the host is willing to read: the tree takes up to twenty times as much memory.
+// The largest file in bytes. The tree needs up to twenty times as much memory.
 constexpr std::size_t kMostXmlBytes = std::size_t{64} << 20;
 
-// Null for a file that is not well-formed, goes beyond the limits above, or is in an encoding that the host
-// does not know or that contradicts the name in its declaration.
+// Parses the contents of a file. Returns null if it is not well-formed, exceeds the limits above, or has an
+// encoding that is unknown or contradicts its declaration.
 std::unique_ptr<XmlTree> ParseXml(std::string_view bytes);
 
-// Whether an element or an attribute may be called so.
+// Returns whether the text is allowed as the name of an element or attribute.
 bool IsXmlName(std::string_view name);
 
-// The blanks of XML: blank, tab, LF, CR.
+// The white space characters of XML: space, tab, LF, CR.
 inline constexpr std::string_view kXmlBlanks = " \t\n\r";
 inline bool IsXmlBlank(std::string_view text) {
   return text.find_first_not_of(kXmlBlanks) == std::string_view::npos;

@@ -22,14 +22,15 @@ const Entity* EntityOfName(std::string_view name) {
   return found == std::end(kEntities) ? nullptr : found;
 }
 
-// What stands between "&" and ";" where a reference begins with `text`; nothing without a ";" near by.
+// Returns the text between "&" and ";" of the reference at the beginning of `text`; std::nullopt if it is not
+// terminated.
 std::optional<std::string_view> ReferenceAt(std::string_view text) {
   const std::size_t end = text.find_first_of(";&<\"' \t\r\n", 1);
   if (end == std::string_view::npos || text[end] != ';') return std::nullopt;
   return text.substr(1, end - 1);
 }
 
-// The character of "#10" or "#xA"; nothing if it is none that XML allows.
+// Returns the character of "#10" or "#xA"; std::nullopt if XML does not allow it.
 std::optional<char32_t> NumberedCharacter(std::string_view reference) {
   if (!reference.starts_with('#')) return std::nullopt;
   const bool isHex = reference.starts_with("#x");
@@ -80,7 +81,7 @@ std::string Meaning(std::string_view raw, char lineEnd, char tab, References ref
   return text;
 }
 
-// Each of `special` becomes a reference.
+// Returns the text in UTF-8 with each character in `special` replaced by a reference.
 std::string Escape(WStringView text, std::string_view special) {
   static constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
   std::string result;
@@ -97,7 +98,7 @@ std::string Escape(WStringView text, std::string_view special) {
       result += isPlain ? std::string(1, character) : "&" + std::string(entity->name) + ";";
     }
   }
-  // U+FFFE and U+FFFF are the only ones of several bytes that XML does not allow.
+  // U+FFFE and U+FFFF are the only multi-byte characters that XML does not allow.
   for (const std::string_view none : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"}) {
     for (std::size_t at = 0; (at = result.find(none, at)) != std::string::npos;) {
       result.replace(at, none.size(), kReplacement);

@@ -1,4 +1,4 @@
-// Character data of XML: references resolved and made.
+// Converts character data of XML to text and back.
 #pragma once
 
 #include <string>
@@ -8,20 +8,22 @@
 
 namespace QxHost {
 
-// Whether each "&" begins a reference that is right in its form and means a character that XML allows. Names
-// of entities other than the five of XML itself need `mayBeDeclared`, since a document type may declare them.
+// Returns whether each "&" begins a well-formed reference to a character that XML allows. Entity names other
+// than the five predefined ones are accepted only if `mayBeDeclared`, because a document type may declare
+// them.
 bool AreReferencesRight(std::string_view text, bool mayBeDeclared);
 
-// What text, or the value of an attribute, says. The five entities and character references are resolved, an
-// entity of the document's own stays as it stands; line ends become LF, and blanks of an attribute spaces.
+// Return the meaning of text, or of the value of an attribute. Resolve the five predefined entities and
+// character references, and keep other entities unchanged. Line ends become LF, and white space in an
+// attribute becomes spaces.
 std::string TextMeaning(std::string_view raw);
 std::string AttributeMeaning(std::string_view raw);
 
-// The same for a CDATA section with its markup, in which there are no references.
+// Returns the meaning of a CDATA section, given with its markup. It contains no references.
 std::string CdataMeaning(std::string_view section);
 
-// Text for a file, which has that meaning when it is read. What XML cannot hold, such as a control character
-// or half of a surrogate pair, becomes U+FFFD.
+// Return the character data that has this meaning, in UTF-8. A character that XML does not allow, such as a
+// control character or an unpaired surrogate, becomes U+FFFD.
 std::string XmlOfText(WStringView text);
 std::string XmlOfAttribute(WStringView text);
 

@@ -1,4 +1,5 @@
-// An XML document as a tree that keeps what the file holds: white space, references, the kind of quotes.
+// An XML document as a tree that preserves the details of the file: white space, references, the kind of
+// quotes.
 #pragma once
 
 #include <deque>
@@ -9,28 +10,31 @@
 
 namespace QxHost {
 
+// An attribute of an element, in a linked list.
 struct XmlAttribute {
   std::string_view name;
-  std::string_view value;  // as it stands in the file, references unresolved
+  std::string_view value;  // as in the file, with unresolved references
   char quote = '"';
   XmlAttribute* next = nullptr;
 };
 
+// The kinds of nodes.
 enum class XmlKind {
   kDocument,
   kElement,
-  kText,   // with its references
-  kCdata,  // markup included, as all that follow
+  kText,   // with unresolved references
+  kCdata,  // including its markup, as all kinds below
   kComment,
   kInstruction,
   kDoctype,
 };
 
+// A node, linked to its parent, its children and its next sibling.
 struct XmlTreeNode {
   XmlKind kind = XmlKind::kDocument;
-  bool hasEndTag = false;  // an element without content that is written <a></a> and not <a/>
-  std::string_view name;   // an element's
-  std::string_view text;   // of all others but the document, as it stands in the file
+  bool hasEndTag = false;  // an empty element is written <a></a>, not <a/>
+  std::string_view name;   // of an element
+  std::string_view text;   // of all other kinds except the document, as in the file
   XmlAttribute* firstAttribute = nullptr;
   XmlAttribute* lastAttribute = nullptr;
   XmlTreeNode* parent = nullptr;
@@ -39,20 +43,20 @@ struct XmlTreeNode {
   XmlTreeNode* next = nullptr;
 };
 
-// `<?xml ... ?>`; all empty where a document has none.
+// The declaration `<?xml ... ?>`. All members are empty if the document has none.
 struct XmlDeclaration {
   std::string_view whole;
-  std::string_view encoding;  // the name within `whole`; empty, behind the version, if it has none
+  std::string_view encoding;  // the name within `whole`; if there is none, empty and after the version
 };
 
-// Nodes, attributes and texts live as long as the tree, which stays where it is.
+// Owns the nodes, attributes and texts, which live as long as the tree. It can be neither copied nor moved.
 class XmlTree {
  public:
   XmlTree() = default;
   XmlTree(const XmlTree&) = delete;
   XmlTree& operator=(const XmlTree&) = delete;
 
-  // Keeps a text for the nodes.
+  // Stores a text, so that nodes can refer to it.
   std::string_view Keep(std::string text) { return texts_.emplace_back(std::move(text)); }
 
   XmlTreeNode& Append(XmlTreeNode& parent, XmlKind kind) {
@@ -76,7 +80,7 @@ class XmlTree {
   XmlTreeNode* root = nullptr;
   XmlDeclaration declaration;
   XmlEncoding encoding;
-  std::string_view lineEnd = "\n";  // for the lines that formatting makes
+  std::string_view lineEnd = "\n";  // the line end that formatting uses
 
  private:
   std::deque<std::string> texts_;

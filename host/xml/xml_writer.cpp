@@ -16,7 +16,7 @@ bool PreservesSpace(const XmlTreeNode& element) {
   return false;
 }
 
-// Whether the children may stand on lines of their own.
+// Returns whether the children may be written on separate lines.
 bool TakesLines(const XmlTreeNode& node) {
   if (node.kind != XmlKind::kElement || PreservesSpace(node)) return false;
   bool hasOthers = false;
@@ -32,7 +32,7 @@ class Writer {
  public:
   Writer(const XmlTree& tree, const XmlEncoding& encoding) : tree_(tree), encoder_(encoding) {}
 
-  // With `name` as the encoding that it tells; an empty one leaves the declaration as it is.
+  // Writes the declaration with `name` as its encoding; if `name` is empty, unchanged.
   void Declaration(std::string_view name, bool isNeeded) {
     const XmlDeclaration& declaration = tree_.declaration;
     if (declaration.whole.empty()) {
@@ -128,7 +128,7 @@ class Writer {
     if (node.kind == XmlKind::kElement) EndTag(node);
   }
 
-  // The node with all that is in it.
+  // Writes the node and its contents.
   void Whole(const XmlTreeNode& top) {
     const XmlTreeNode* node = &top;
     while (holds_) {
@@ -163,7 +163,7 @@ std::optional<std::string> WriteXml(const XmlTree& tree, XmlLayout layout, std::
   }
   Writer writer(tree, encoding);
   const bool isSaidAlready = encodingName == tree.declaration.encoding;
-  // A reader takes a file that does not tell for UTF-8, or for UTF-16 if it has the mark.
+  // A reader assumes that a file without a declared encoding is UTF-8, or UTF-16 if it has a mark.
   const bool isNeeded = !encodingName.empty() && !encoding.hasMark && encoding.charset != XmlCharset::kUtf8;
   writer.Declaration(isSaidAlready ? std::string_view() : encodingName, isNeeded);
   layout == XmlLayout::kFormatted ? writer.Formatted() : writer.AsLoaded();

@@ -1,4 +1,4 @@
-// Writing a tree as the bytes of an XML file.
+// Writes a tree as the bytes of an XML file.
 #pragma once
 
 #include <optional>
@@ -9,19 +9,20 @@
 
 namespace QxHost {
 
+// How to write white space between elements.
 enum class XmlLayout {
-  kAsLoaded,   // white space between the elements as it is in the tree
-  kFormatted,  // each element on a line of its own, two blanks deeper than its parent
+  kAsLoaded,   // keeps the white space of the tree
+  kFormatted,  // each element on a separate line, indented two blanks more than its parent
 };
 
-// The whole document, in the encoding of that name; without a name as it was loaded. A declaration that says
-// another encoding is changed, and one is made where the encoding needs it.
+// Returns the document in the encoding with this name; if the name is empty, in that of the loaded file.
+// Corrects the encoding in the declaration, and adds a declaration if the encoding requires one.
 //
-// Formatting leaves what may matter as it stands: elements that hold text as well as elements, elements
-// without other elements, and those with xml:space="preserve". Nothing if the host does not know the
-// encoding, or has no form for a character that the encoding lacks: text, attributes and CDATA take
-// references; names, comments and instructions cannot. Nothing as well beyond the size that the host is
-// willing to hold.
+// Formatting does not change white space that may be significant: in elements that contain both text and
+// elements, in elements without child elements, and in those with xml:space="preserve". Characters that the
+// encoding lacks are written as references in text, attributes and CDATA. Returns std::nullopt if the
+// encoding is unknown, if it lacks a character of a name, a comment or an instruction, or if the file would
+// exceed the size limit.
 std::optional<std::string> WriteXml(const XmlTree& tree, XmlLayout layout, std::string_view encodingName);
 
 }  // namespace QxHost

@@ -7,7 +7,7 @@ namespace WQDR {
 
 namespace {
 
-// Asks for the size, and then for the characters.
+// Calls `convert` twice: first for the size, then for the characters.
 template <typename To, typename From, typename Convert>
 To Converted(From from, const Convert& convert) {
   constexpr std::size_t kMost = std::numeric_limits<int>::max();

@@ -1,4 +1,4 @@
-// What readers, writers and the detection of text formats throw.
+// The exception that readers, writers and the detection of text formats throw.
 #pragma once
 
 #include <exception>
@@ -8,8 +8,8 @@
 
 namespace WQDR {
 
-// A failure of the file layer: a Windows error number and a narrow English text. Caught in the one place that
-// runs a file, which hands on both.
+// A failure of a file operation: a Windows error number and an English text in `char`. Caught at the single
+// place that runs a command on a file, which reports both.
 struct WQDataReaderException : std::exception {
   WQDataReaderException(DWORD code, const char* text) : errorCode(code), text_(text) {}
   WQDataReaderException(DWORD code, std::string text) : errorCode(code), text_(std::move(text)) {}

@@ -1,4 +1,4 @@
-// Sources of bytes for the loaders of text: a file or a block of memory. A reader knows nothing of text.
+// Sources of bytes for the text loaders: a file or a block of memory. A reader does not interpret the bytes.
 #pragma once
 
 #include <cstdint>
@@ -9,29 +9,31 @@
 
 namespace WQDR {
 
-// A reader is a value of the function that loads the text, never deleted through this base.
+// The interface of readers. A reader is a local object of the function that loads the text; it is never
+// deleted through this class.
 class DataReader {
  public:
-  // Delivers up to `toRead` bytes from the current position and stores their number in `bytesRead`. Fewer
-  // than asked for, or none, is no error: the caller counts down `size` itself.
+  // Reads up to `toRead` bytes from the current position and stores their number in `bytesRead`. To read
+  // fewer bytes, or none, is not an error: the caller counts the bytes left of `size`.
   virtual void Read(void* buffer, std::uint32_t toRead, std::uint32_t* bytesRead) = 0;
-  // Ends the use of the source. May be called again.
+  // Closes the source. May be called more than once.
   virtual void Close() = 0;
 
-  // Bytes that the reader can deliver in all, fixed at construction.
+  // The total number of bytes of the source, set by the constructor.
   std::uint64_t size = 0;
 
  protected:
   ~DataReader() = default;
 };
 
-// Reads a file that others may hold open for reading and for writing (CreateFileW, GetFileSizeEx, ReadFile).
+// Reads a file that others may have open for reading and writing (CreateFileW, GetFileSizeEx, ReadFile).
 class FileDataReader final : public DataReader {
  public:
-  // Throws WQDataReaderException with the number of the failed call and "Unable to open file : " or "Failed
-  // to get filesize : " before the path; the path is left out where it has no form in the thread's code page.
+  // Throws WQDataReaderException with the error of the failed call and "Unable to open file : " or "Failed to
+  // get filesize : " before the path, which is omitted if it cannot be converted to the thread's code page.
   explicit FileDataReader(const WString& path);
-  // One ReadFile. Throws WQDataReaderException with its error and "Failed to read file".
+  // Calls ReadFile once. If that fails, throws WQDataReaderException with its error and "Failed to read
+  // file".
   void Read(void* buffer, std::uint32_t toRead, std::uint32_t* bytesRead) override;
   void Close() override { handle.Reset(); }
 
@@ -39,10 +41,11 @@ class FileDataReader final : public DataReader {
   FileHandle handle;
 };
 
-// Reads a block of memory; fails never.
+// Reads a block of memory. Never fails.
 class MemoryDataReader final : public DataReader {
  public:
-  // With `ownsData` the block was made with new unsigned char[] and is freed with the reader.
+  // If `ownsData`, the block was allocated with new unsigned char[], and the reader deletes it. Otherwise it
+  // must outlive the reader.
   MemoryDataReader(const void* block, std::uint64_t bytes, bool ownsData = false)
       : owned(ownsData), data(static_cast<const unsigned char*>(block)) {
     size = bytes;

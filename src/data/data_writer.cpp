@@ -9,7 +9,7 @@ namespace WQDR {
 
 namespace {
 
-// The number is the caller's argument so that it is taken before anything else is done.
+// `error` is a parameter so that the caller reads GetLastError before any other call.
 [[noreturn]] void ThrowWriteFailure(DWORD error) {
   throw WQDataReaderException(error, "Failed to write data to file");
 }

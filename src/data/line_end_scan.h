@@ -1,4 +1,4 @@
-// The search for the end of a line: the inner loop of the loaders of text.
+// The search for the end of a line: the inner loop of the text loaders.
 #pragma once
 
 #include <bit>
@@ -14,8 +14,8 @@ constexpr bool IsLineEnd(CharT c) {
   return c == '\r' || c == '\n';
 }
 
-// Returns the first CR or LF at or after `p`, or `end`. Reads up to 15 bytes after `end`, which belong to the
-// block.
+// Returns the first CR or LF at or after `p`, or `end` if there is none. May read up to 15 bytes after `end`,
+// which must be readable.
 template <typename CharT>
 const CharT* FindLineEnd(const CharT* p, const CharT* end) {
 #if QX_SSE2

@@ -1,5 +1,6 @@
-// Reads text in blocks that never move, and finds the lines in them. A line never spans two blocks: what the
-// end of a block cuts is copied to the next one.
+// Splits the bytes of a reader into lines, for all text loaders: reads blocks of text, which never move in
+// memory, and finds the lines in them. A line never spans two blocks: an incomplete line at the end of a
+// block is copied to the next one.
 //
 // CharT is char or WCHAR.
 #pragma once
@@ -19,14 +20,14 @@
 
 namespace WQDR {
 
-// Zero bytes after each block, where everything ends that reads past a line: the wide steps of the scan,
-// numbers and dates of the sorter, and the byte after a CR. So a CR at a block's end is a lone one, even if
-// the next block begins with its LF (C-037).
+// The number of zero bytes after each block, for code that may read past the end of a line: the vector steps
+// of the scan, the sorter's parsers of numbers and dates, and the check for LF after a CR. So a CR at the end
+// of a block is a lone one, even if the next block begins with an LF (C-037).
 constexpr std::uint32_t kBlockGuard = 32;
 
 using TextBlock = std::unique_ptr<char[]>;  // the block size + kBlockGuard bytes, zeros after the data
 
-// A line as the scan finds it, without its ending.
+// A line that the scan has found, without its ending.
 template <typename CharT>
 struct ScannedLine {
   const CharT* text;
@@ -52,8 +53,9 @@ class LineReader {
         blocks_(blocks),
         oddByte_(oddByte) {}
 
-  // Calls onLine(const ScannedLine<CharT>&, const LoadProgress&) for each line, in their order. Throws what
-  // the reader throws, and std::bad_alloc, at once for a line that fills a block and is longer.
+  // Calls `onLine(const ScannedLine<CharT>&, const LoadProgress&)` for each line, in order. Throws the
+  // exceptions of the reader, and std::bad_alloc, also for a line that fills a block without being the end of
+  // the text.
   template <typename OnLine>
   void ReadAll(OnLine&& onLine) {
     std::uint32_t carry = 0;
@@ -63,13 +65,13 @@ class LineReader {
       const std::uint32_t filled = Fill(carry);
       const std::uint32_t taken = Scan(filled, onLine);
       carry = filled - std::min(taken, filled);
-      // The block is full and holds no line ending: no later block can hold the line either (C-038).
+      // The block is full and contains no line end, so no other block could hold the line either (C-038).
       if (carry == blockSize_) throw std::bad_alloc();
       if (remaining_ != 0) CarryOver(taken, carry);
     }
   }
 
-  // The byte that was kept apart.
+  // Returns the odd byte at the end of the text for OddByte::kApart, if there is one.
   std::optional<char> ByteApart() const { return byteApart_; }
 
  private:
@@ -84,11 +86,12 @@ class LineReader {
     std::memset(Block() + offset, 0, std::size_t{blockSize_} + kBlockGuard - offset);
   }
 
-  // Reads after the carried bytes and returns how many the block holds now, with zeros after them. A file
-  // that ends before its size has been cut meanwhile: what is left of it must not be taken for the whole.
+  // Fills the block after its first `carry` bytes, appends zeros, and returns the number of bytes that the
+  // block contains. Throws if the reader ends before its size: the file has been truncated meanwhile, and the
+  // rest must not be taken for the whole text.
   std::uint32_t Fill(std::uint32_t carry) {
     std::uint32_t filled = carry;
-    // A reader may stop before it has given what was asked for.
+    // A reader may return fewer bytes than requested.
     while (remaining_ != 0 && filled < blockSize_) {
       std::uint32_t got = 0;
       const std::uint32_t toRead = blockSize_ - filled;
@@ -103,8 +106,8 @@ class LineReader {
     return filled;
   }
 
-  // Finds the lines that end in the block; the last line needs no end once all is read. Returns the number of
-  // bytes that are done.
+  // Finds the lines that end in the block; after the last block has been read, the last line needs no line
+  // end. Returns the number of bytes processed.
   template <typename OnLine>
   std::uint32_t Scan(std::uint32_t filled, OnLine&& onLine) {
     const auto* const block = reinterpret_cast<const CharT*>(Block());
@@ -135,7 +138,7 @@ class LineReader {
     return static_cast<std::uint32_t>(reinterpret_cast<const char*>(p) - Block());
   }
 
-  // The rest of the block begins the next one.
+  // Allocates the next block and copies the rest of the present one to its beginning.
   void CarryOver(std::uint32_t from, std::uint32_t count) {
     NewBlock();
     std::memcpy(Block(), blocks_[blocks_.size() - 2].get() + from, count);

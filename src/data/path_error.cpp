@@ -4,8 +4,9 @@ namespace WQDR {
 
 namespace {
 
-// Empty for a text that has no form there. `replaced` is set for characters that the code page lacks; it is
-// null where the code page has them all and the system does not take the question.
+// Returns the text in the thread's code page; empty if the conversion fails or the code page lacks a
+// character, which is stored in `*replaced`. `replaced` must be null if the code page is UTF-8, for which the
+// system rejects the argument.
 std::string InThreadCodePage(const WString& text, BOOL* replaced) {
   const int length = static_cast<int>(text.size());
   const auto convert = [&](char* bytes, int size) {

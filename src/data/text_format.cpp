@@ -16,8 +16,8 @@ bool BeginsWith(const Head& head, std::string_view beginning) {
   return head.size() >= beginning.size() && std::memcmp(head.data(), beginning.data(), beginning.size()) == 0;
 }
 
-// Five units of 16-bit little-endian text of the first 256 characters. There is no such rule for big-endian
-// text (C-032).
+// Returns whether the head begins with five 16-bit little-endian units from 1 to 255. There is no such rule
+// for big-endian text (C-032).
 bool LooksLikeUtf16(const Head& head) {
   constexpr std::size_t kUnits = 5;
   if (head.size() < 2 * kUnits) return false;
@@ -27,8 +27,8 @@ bool LooksLikeUtf16(const Head& head) {
   return true;
 }
 
-// The first line of an XML file, up to its line feed, names UTF-8 in capitals. There is no such line if the
-// head has no line feed, or a zero byte before it (C-033).
+// Returns whether the first line, up to the line feed, is an XML declaration that contains UTF-8 in capitals.
+// Returns false if the head has no line feed, or a zero byte before it (C-033).
 bool DeclaresUtf8(const Head& head) {
   if (!BeginsWith(head, "<?xml ")) return false;
   const auto* const end =
@@ -38,8 +38,8 @@ bool DeclaresUtf8(const Head& head) {
   return std::search(head.begin(), end, kName.begin(), kName.end()) != end;
 }
 
-// The upper window is lopsided: accented capitals of the Western code pages pass and small letters do not.
-// Which files count as text depends on it (C-031).
+// Returns whether a byte may occur in a text. Of the accented letters of the Western code pages, the capitals
+// may and the small letters may not; which files count as text depends on it (C-031).
 bool IsTextByte(unsigned char c) {
   return (c >= 0x20 && c <= 0x7E) || (c >= 0xB0 && c <= 0xDF) || c == '\t' || c == '\n' || c == '\r';
 }

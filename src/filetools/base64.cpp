@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-// Both characters of twelve bits.
+// The two characters that encode each value of twelve bits.
 constexpr auto kPairs = [] {
   std::array<std::array<char, 2>, 4096> pairs = {};
   for (std::size_t bits = 0; bits < pairs.size(); ++bits)
@@ -16,8 +16,9 @@ constexpr auto kPairs = [] {
   return pairs;
 }();
 
-// What a character adds to the three bytes of its group, the first byte lowest, by its place in the group. A
-// character outside the alphabet counts as 255, of which more than six bits may remain (C-423).
+// The value that a character contributes to the three bytes of its group, by its position in the group and
+// its code. The first byte is the lowest one. A character outside the alphabet has the value 255, of which
+// more than six bits may remain (C-423).
 constexpr auto kGroupParts = [] {
   std::array<std::array<std::uint32_t, 256>, 4> parts = {};
   for (std::uint32_t character = 0; character < 256; ++character) {
@@ -74,10 +75,10 @@ bool CBase64::Decode(const char* text, std::size_t length, unsigned char* output
   const unsigned char* const end = group + (length & ~std::size_t{3});
   std::size_t decoded = 0;
   for (; group != end; group += 4) {
-    // Less room than this is refused below, whatever the group holds.
+    // With less room the check below fails for any group.
     if (decoded + kSpare >= room) return false;
     StoreGroup(DecodeGroup(group), output + decoded);
-    // The third character decides alone (C-427).
+    // If the third character is "=", the fourth is not checked (C-427).
     decoded += group[2] == '=' ? 1 : group[3] == '=' ? 2 : 3;
     if (decoded + kSpare > room) return false;
   }

@@ -1,11 +1,11 @@
-// Base64 as MIME uses it. Works in memory; the files are base64_file.h's.
+// Base64 as MIME uses it, in memory. For files see base64_file.h.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-// Stores the characters of `size` bytes in `output`, four for each three bytes, the last group filled up with
-// "=", and returns their number. The bits that a last group of one or two bytes leaves open come from
+// Encodes `size` bytes to `output`, four characters for three bytes, the last group padded with "=", and
+// returns the number of characters. If the last group has only one or two bytes, its unused bits come from
 // `behind[0]` and `behind[1]`, the bytes that follow (C-421).
 std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const unsigned char behind[2],
                          char* output);
@@ -14,9 +14,9 @@ class CBase64 {
  public:
   virtual ~CBase64() = default;
 
-  // Decodes the whole groups of four characters in `text`; what is left behind them is dropped. A character
-  // outside the alphabet does not stop it and gives wrong bytes. `size` is the room of `output` in bytes, and
-  // becomes the number of bytes decoded; the room must exceed that by four at each group, else the answer is
-  // false. No bytes behind the room are written.
+  // Decodes the complete groups of four characters in `text`; ignores the characters after them. Does not
+  // stop at a character outside the alphabet, which results in wrong bytes. On entry `*size` is the size of
+  // `output` in bytes; it is set to the number of bytes decoded. Returns false if at any group the output has
+  // not room for four bytes more than decoded so far. Never writes past the end of `output`.
   bool Decode(const char* text, std::size_t length, unsigned char* output, std::uint32_t* size);
 };

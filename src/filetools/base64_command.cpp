@@ -14,13 +14,13 @@ namespace {
 
 constexpr const WCHAR* kEncodedExtension = W(".b64");
 
-// SplitPath cuts the folder of a deep path short.
+// Splits a path at its last backslash. Unlike SplitPath it does not truncate the folder.
 PathParts SplitWhole(const WString& path) {
   const std::size_t name = path.rfind(W('\\')) + 1;
   return {path.substr(0, name), path.substr(name)};
 }
 
-// Where a file goes, and whether it has a header.
+// The path of the target, and whether the source has a header.
 struct Target {
   WString path;
   bool hasHeader = false;
@@ -28,8 +28,9 @@ struct Target {
 
 Target EncodedTarget(const PathParts& parts) { return {ChangeExtension(parts, kEncodedExtension)}; }
 
-// A name that is refused is replaced by the one of a file without a header (C-429). If the file has no
-// extension, that is the source itself: the question comes up, and the work fails.
+// Returns the target with the name in the header. If there is no header, or its name is refused (C-429), the
+// target is the source's name without its extension. For a source without an extension that is the source
+// itself: the user is asked whether to overwrite it, and the conversion fails.
 Target DecodedTarget(const PathParts& parts, const WString& path) {
   const std::optional<WString> name = GetEncodedFileName(path);
   const bool isUsable = name && !name->empty();

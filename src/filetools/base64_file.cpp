@@ -13,8 +13,8 @@
 
 namespace {
 
-// Bytes that are encoded at once, so that only the last block of a file has padding; characters that they
-// become.
+// The size of the blocks in which a file is encoded: a multiple of three bytes, so that only the last block
+// has padding. kEncodedBlock is the number of characters of an encoded block.
 constexpr std::size_t kEncodeBlock = 3072;
 constexpr std::size_t kEncodedBlock = kEncodeBlock / 3 * 4;
 constexpr std::size_t kBlocksAtOnce = 20;
@@ -22,7 +22,8 @@ constexpr std::size_t kBlocksAtOnce = 20;
 constexpr std::size_t kLineLength = 76;
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Bytes that are looked at for the name, for the end of the header, and that are decoded at once.
+// The number of bytes that are searched for the name, and the size of the blocks that are searched for the
+// end of the header and decoded.
 constexpr std::size_t kNameSearchBytes = 1023;
 constexpr std::size_t kDecodeBlock = 4096;
 
@@ -42,7 +43,7 @@ constexpr HeaderLine kHeader[] = {
 };
 // clang-format on
 
-// A line has room for any name: no file system has one of 2000 bytes.
+// Writes the header with the name of the source. Returns false if a write fails.
 bool WriteHeader(FileOutput& target, const std::string& name) {
   for (const HeaderLine& line : kHeader) {
     const std::string text = line.before + (line.hasName ? name : std::string()) + line.behind;
@@ -51,8 +52,9 @@ bool WriteHeader(FileOutput& target, const std::string& name) {
   return true;
 }
 
-// Breaks the characters of block after block into lines. The last 76 of a block or fewer go out in one piece,
-// even if that makes a line longer than 76, which happens in the last block only (C-422).
+// Splits the characters of successive blocks into lines of 76. Writes the last 76 or fewer characters of a
+// block without splitting them, even if that makes a longer line, which only happens in the last block
+// (C-422).
 class LineBreaker {
  public:
   explicit LineBreaker(FileOutput& target) : target_(target) {}
@@ -76,8 +78,8 @@ class LineBreaker {
   std::size_t column_ = 0;
 };
 
-// A block to encode follows the one before it, from which the bits come that the last group leaves open
-// (C-421).
+// The block to encode, after the previous block, which supplies the bits that an incomplete last group leaves
+// open (C-421).
 class EncodeBuffer {
  public:
   bool Fill(FileInput& source, std::size_t* size) {
@@ -94,8 +96,8 @@ class EncodeBuffer {
   std::unique_ptr<unsigned char[]> bytes_ = std::make_unique<unsigned char[]>(kEncodeBlock + kSize + kSpare);
 };
 
-// Removes each pair of CR and LF; a pair that this makes stays (C-423). Returns the number of characters
-// left.
+// Removes each CR LF pair in place, in one pass: a pair that a removal creates remains (C-423). Returns the
+// number of characters left.
 std::size_t RemoveLineEnds(char* text, std::size_t size) {
   char* to = text;
   const char* from = text;
@@ -112,13 +114,13 @@ std::size_t RemoveLineEnds(char* text, std::size_t size) {
   return static_cast<std::size_t>(to - text);
 }
 
-// Decodes a file's text in blocks. Characters that make no whole group are carried over to the next block,
-// and dropped after the last one (C-428).
+// Decodes the text of a file in blocks. Characters of an incomplete group are kept for the next block, and
+// dropped after the last one (C-428).
 class Decoder {
  public:
   explicit Decoder(FileOutput& target) : target_(target) {}
 
-  // Takes the bytes up to the first zero.
+  // Decodes the bytes up to the first zero byte.
   bool Add(const char* bytes, std::size_t size) {
     const void* const zero = std::memchr(bytes, 0, size);
     if (zero) size = static_cast<std::size_t>(static_cast<const char*>(zero) - bytes);
@@ -194,7 +196,7 @@ std::optional<WString> GetEncodedFileName(const WString& path) {
   if (!file.Open(path) || !file.Read(header.data(), header.size(), &size)) return std::nullopt;
   const std::optional<std::string_view> name = FindEncodedName({header.data(), size});
   if (!name) return std::nullopt;
-  // Judged as text: in some code pages the byte of a backslash is half of a character.
+  // Checks the name as UTF-16, because in some code pages the byte of a backslash may be half of a character.
   const WString text = WQDR::FromCodePage(CP_THREAD_ACP, *name);
   return IsFileNameToDecode(text) ? text : WString();
 }

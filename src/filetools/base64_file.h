@@ -8,25 +8,28 @@
 #include "frame/host/host_app.h"
 #include "platform/text.h"
 
-// Writes `target` anew. False if a file cannot be opened or a read or write fails; a partial target stays.
+// Encodes `source` to `target`, which is overwritten if it exists. Returns false if a file cannot be opened
+// or a read or write fails; a partial target then remains.
 bool EncodeFileBase64(const WString& source, const WString& target);
 
-// Writes `target` anew; with `skipHeader` from FindBase64Start on. Returns false if a file cannot be opened
-// or a write fails; a partial target stays. A read that fails ends the text, and the result is true (C-424).
+// Decodes `source`, with `skipHeader` from FindBase64Start on, to `target`, which is overwritten if it
+// exists. Returns false if a file cannot be opened or a write fails; a partial target then remains. A failed
+// read ends the text, and the result is true (C-424).
 bool DecodeFileBase64(const WString& source, const WString& target, bool skipHeader);
 
-// Returns the first name in the file's header; nothing if it has none, and the empty text for a name that is
-// refused (see decoded_name.h).
+// Returns the first name in the file's header; std::nullopt if it has none, and the empty text if the name is
+// not allowed (decoded_name.h).
 std::optional<WString> GetEncodedFileName(const WString& path);
 
-// Where the text behind the header begins: behind the first empty line that is the fourth line or a later
-// one, up to the tenth. 0 if there is none. Reads from the file's beginning.
+// Returns the offset of the text after the header: after the first empty line among the fourth to the tenth
+// line; 0 if there is no such line. The file must be at its beginning.
 std::uint32_t FindBase64Start(FileInput& file);
 
-// Encodes or decodes one file beside itself, with a question if the target exists. Returns false if the host
-// has no file service, the file does not exist or the answer is no, and true otherwise, even if the work
-// itself failed (C-425).
+// Encodes or decodes one file to a target in the same folder. Asks the user if the target exists. Returns
+// false if the host has no file service, the file does not exist or the user declines; otherwise true, even
+// if the conversion failed (C-425).
 bool ConvertFileBase64(Velmora::SDK::IHostApp& host, const WString& path, bool encode);
 
-// kCommandEncodeBase64 with true, kCommandDecodeBase64 with false: the selected files, one after the other.
+// kCommandEncodeBase64 (`encode` true) and kCommandDecodeBase64 (false): converts the selected files one
+// after the other.
 void ConvertBase64Command(Velmora::SDK::IHostApp& host, bool encode);

@@ -9,16 +9,17 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// The host's module whose menu entry the branch hangs under, and the number of its text.
+// The host module to whose menu entry the branch is added, and the text ids of that entry and of the branch.
 constexpr const char* kParentModuleId = "a4c2985d9c7e4035a3221cfd600171d0";
 constexpr TextId kParentText = 0x00C8006D;
 constexpr TextId kBranchText = 0x0A28006D;
 
-// Words of the host, as those of menu_tree.cpp; the items have other flags than the rest of the menu.
+// Flags and display word, whose bits the host defines, as in menu_tree.cpp. The items have different flags
+// from the rest of the menu.
 constexpr u32 kItemFlags = 0x801;
 constexpr u32 kItemDisplayWord = 0x400000;
 
-// Which generation of Windows this is, as far as the rows ask for it.
+// The classes of Windows versions that the rows distinguish.
 struct OsClasses {
   bool isA;
   bool isB;

@@ -1,14 +1,13 @@
-// The control panel branch of the menu, and starting an item of it.
+// The control panel branch of the menu.
 #pragma once
 
 #include "frame/host/host_app.h"
 
-// Adds the branch below `root`: nine categories, and in each the items that the system's classes (A, B) have.
-// The host may refuse the branch or a category, which is then left out.
+// Adds the branch to `root`: nine categories, each with the items that exist on the system's classes (A, B).
+// If the host refuses the branch or a category, it is left out.
 void BuildControlPanelMenu(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostMenuBuilder& builder,
                            Velmora::SDK::IHostCommandFactory& factory, Velmora::SDK::MenuHandle root);
 
-// Starts the item by its canonical name (ShellExecuteW of Control.exe). It need not be one that the menu
-// offers (C-462). Nothing happens, and nothing is reported, if there is no such row or the system cannot
-// start it.
+// Starts the item of a row by its canonical name (ShellExecuteW of Control.exe), even if the menu does not
+// offer it (C-462). Does nothing if there is no such row, and does not report a failure to start it.
 void LaunchControlPanelItem(Velmora::SDK::u32 rowId);

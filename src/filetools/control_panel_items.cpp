@@ -2,7 +2,7 @@
 
 namespace {
 
-// All items but a few newer ones are there on systems of class A (flagA), and all on those of class B. The
+// All items except a few newer ones exist on systems of class A (flagA), and all on systems of class B. The
 // text id of "Default Locations" is out of sequence, and "DefaultLocation" is singular (C-463).
 // clang-format off
 constexpr ControlPanelItem kItems[] = {

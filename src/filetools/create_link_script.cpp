@@ -17,13 +17,14 @@ struct LinkRequest {
   bool isFolder;
 };
 
-// Returns nothing if the system has no helper or the process is elevated already (C-409).
+// Creates the link by way of the helper; returns std::nullopt if the system has no helper or the process is
+// already elevated (C-409).
 std::optional<DWORD> CreateAsAdministrator(IHostApp& host, const LinkRequest& request) {
   if (!host.IsVistaOrNewer() || host.IsProcessElevated()) return std::nullopt;
   return CreateLinkElevated(host, request.kind, request.link, request.target, request.isFolder);
 }
 
-// Scripts know one number for a lack of rights (C-410).
+// Creates the link in this process. Scripts get the same error number for every lack of rights (C-410).
 DWORD CreateHere(IHostApp& host, const LinkRequest& request) {
   const DWORD error = CreateLinkOfKind(&host, request.kind, request.link, request.target, request.isFolder);
   return error == ERROR_PRIVILEGE_NOT_HELD ? ERROR_ACCESS_DENIED : error;
@@ -32,7 +33,7 @@ DWORD CreateHere(IHostApp& host, const LinkRequest& request) {
 }  // namespace
 
 s32 CreateLinkScript(IHostApp& host, IHostCommandCall& call) {
-  // A kind that is not a number is 0, which makes no link (C-411).
+  // A kind that is not a number is read as 0, which is not a kind of link (C-411).
   const WString kind = ScriptValue(call, "LNKTYPE").value_or(WString());
   std::optional<WString> link = ScriptValue(call, "LNKSRC");
   std::optional<WString> target = ScriptValue(call, "LNKTRG");

@@ -3,8 +3,8 @@
 
 #include "frame/host/host_app.h"
 
-// Runs the call, which was given all required parameters: 1 if the link was made. Where an attempt was made
-// its error is the result's code, and without ASADMIN its text as well. 0 without a result where there was
-// none: LNKTRG is not there, or ASADMIN asks for a helper that the system has not got or the process, being
-// elevated, does not need.
+// Runs the call, which has all required parameters. Returns 1 if the link was created. If creating it was
+// tried, sets the error as the code of the call's result and, without ASADMIN, its text as well. Returns 0
+// without a result if it was not tried: LNKTRG does not exist, or ASADMIN is given but the system has no
+// helper or the process is already elevated.
 Velmora::SDK::s32 CreateLinkScript(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostCommandCall& call);

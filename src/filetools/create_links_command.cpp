@@ -12,12 +12,12 @@ using namespace Velmora::SDK;
 namespace {
 
 constexpr u32 kPathChars = 4096;
-using PathBuffer = std::array<WCHAR, kPathChars + 1>;  // a zero stands behind what a host fills whole
+using PathBuffer = std::array<WCHAR, kPathChars + 1>;  // terminated even if the host fills all of its buffer
 
 constexpr const WCHAR* kSection = W("CreateLink");
 constexpr const WCHAR* kLastKindKey = W("LastLinkValue");
 
-// What a link is made of.
+// The target of a link.
 struct Item {
   WString name;
   WString path;
@@ -56,7 +56,7 @@ void ShowNoSymbolicLinks(IHostApp& host) {
   host.MessageBox(caption.c_str(), text.c_str(), MB_OK | MB_ICONERROR);
 }
 
-// The items that a host's list holds.
+// Returns the items of a host's list.
 std::vector<IHostFileItem*> ItemsOf(IHostFileList& list) {
   std::vector<IHostFileItem*> items;
   const u32 count = list.GetCount();
@@ -73,7 +73,8 @@ void FillForOne(CreateLinksForm& form, IHostFileItem& item, const WString& folde
   form.targetIsFolder = source.isFolder;
 }
 
-// The names are only shown, with two backslashes for the root of a drive (C-413).
+// Fills the form for several items. The names are only displayed, with two backslashes after the root of a
+// drive (C-413).
 void FillForSeveral(CreateLinksForm& form, const std::vector<IHostFileItem*>& items, const WString& folder) {
   form.multiple = true;
   form.linkName = folder + W("*");
@@ -83,7 +84,7 @@ void FillForSeveral(CreateLinksForm& form, const std::vector<IHostFileItem*>& it
   }
 }
 
-// A shortcut keeps the old extension before its own (C-405).
+// Creates one link for each item. The name of a shortcut keeps the item's extension before its own (C-405).
 void LinkSeveral(IHostApp& host, LinkKind kind, const std::vector<IHostFileItem*>& items,
                  const WString& folder) {
   for (IHostFileItem* const item : items) {

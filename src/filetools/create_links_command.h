@@ -3,6 +3,6 @@
 
 #include "filetools/create_links_dlg.h"
 
-// Shows the dialog for the selected items, and on OK makes one link for each in the folder of the other
-// panel; of several the first failure ends it. A single link goes where the user said.
+// Shows the dialog for the selected items and, on OK, creates one link for each in the folder of the other
+// panel, until the first failure. A single link is created at the path that the user has entered.
 void CreateLinkCommand(Velmora::SDK::IHostApp& host, const CreateLinksDialog& show = ShowCreateLinksDlg);

@@ -1,5 +1,5 @@
-// The Create Link dialog where there are no windows: its form goes to whoever answers dialogs. What a user
-// could not change or press, because it is grey, cannot be changed or pressed here.
+// The Create Link dialog of the native build: passes its form to Platform::AskForm. What is disabled in the
+// window is disabled here too.
 #include "filetools/create_links_dlg.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
@@ -32,7 +32,7 @@ Platform::FormField KindField(CreateLinksForm& form) {
   return field;
 }
 
-// A text that follows the kind; empty for none.
+// Returns a read-only field for a text that depends on the kind; empty if `text` is 0.
 Platform::FormField ShownTextField(const char* name, IHostApp& host, const TextId& text) {
   return Platform::ShownField(name,
                               [&host, &text] { return text == 0 ? WString() : LanguageText(host, text); });

@@ -34,7 +34,8 @@ bool IsMixed(const CreateLinksForm& form) { return form.multiple && form.anyFold
 
 bool HasFolder(const CreateLinksForm& form) { return form.multiple ? form.anyFolder : form.targetIsFolder; }
 
-// Compares the first characters with their case, so C and c are two drives (C-402).
+// Returns whether the link and the target are on different drives. Compares the first characters
+// case-sensitively, so C and c are two drives (C-402).
 bool SpansDrives(const CreateLinksForm& form) {
   return form.linkName.c_str()[0] != form.targetName.c_str()[0];
 }
@@ -45,7 +46,7 @@ struct RefusalRow {
   TextId status;
 };
 
-// The first that applies says why the kind cannot be used.
+// The reasons why a kind cannot be used. The first row that applies is shown.
 // clang-format off
 constexpr RefusalRow kRefusals[] = {
   {kHardLink,     IsMixed, kTextLinkHardMixed},
@@ -58,7 +59,7 @@ constexpr RefusalRow kRefusals[] = {
 // clang-format on
 
 void ApplyRules(CreateLinksForm& form) {
-  // Without a row the fields stay as they are (C-414).
+  // If no row is selected, the fields do not change (C-414).
   if (!FindKind(form.linkKind)) return;
   if (form.multiple) {
     form.linkEnabled = form.targetEnabled = false;
@@ -72,7 +73,8 @@ void ApplyRules(CreateLinksForm& form) {
   form.status = form.okEnabled ? 0 : rule->status;
 }
 
-// A file's extension is replaced by the shortcut's. A file without one keeps its bare name (C-404).
+// Returns the name of a shortcut. The extension of a file is replaced by that of shortcuts; the name of a
+// file without an extension is kept unchanged (C-404).
 WString ShortcutName(const CreateLinksForm& form) {
   const WString& name = form.baseLinkName;
   if (form.multiple || form.targetIsFolder) return name + kShortcutExtension;

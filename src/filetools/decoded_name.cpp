@@ -8,7 +8,7 @@ namespace {
 
 constexpr WStringView kNoNameCharacters = W("\\/:*?<>|\"");
 
-// A row with a number is followed by one digit, which may be written as a superscript.
+// The name of a device. If `hasNumber`, one digit follows it, which may be a superscript.
 struct DeviceRow {
   WStringView name;
   bool hasNumber;
@@ -36,7 +36,8 @@ bool IsSameWord(WStringView one, WStringView other) {
 
 WStringView WithoutBlanksAtEnd(WStringView text) { return text.substr(0, text.find_last_not_of(W(' ')) + 1); }
 
-// The system looks for a device in what comes before the first dot, without the blanks at its end.
+// Returns whether a name is that of a device. The system compares the part before the first dot, without
+// trailing blanks.
 bool IsDeviceName(WStringView name) {
   const WStringView base = WithoutBlanksAtEnd(name.substr(0, name.find(W('.'))));
   return std::ranges::any_of(kDevices, [base](const DeviceRow& row) {

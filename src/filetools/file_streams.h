@@ -1,4 +1,4 @@
-// Files that are read and written from end to end through fixed buffers (CreateFileW, ReadFile, WriteFile).
+// Sequential reading and writing of files through fixed buffers (CreateFileW, ReadFile, WriteFile).
 #pragma once
 
 #include <cstddef>
@@ -8,34 +8,35 @@
 #include "platform/handles.h"
 #include "platform/text.h"
 
-// Bytes of the buffers of both.
+// The size of the buffers in bytes.
 constexpr std::size_t kStreamBytes = 65536;
 
-// A source that others may read at the same time, and not write.
+// Reads a file. Others may read the file at the same time but not write it.
 class FileInput {
  public:
-  // False if the file cannot be opened; GetLastError tells why.
+  // Opens the file. Returns false and sets the last error if that fails.
   bool Open(const WString& path);
 
-  // Moves on to `offset` bytes from the file's beginning (SetFilePointer). False if that fails.
+  // Continues at `offset` bytes from the beginning of the file (SetFilePointer). Returns false if that fails.
   bool Seek(std::uint32_t offset);
 
-  // Reads up to `size` bytes, fewer only at the file's end or where a read fails, and stores their number.
-  // False if a read has failed; what came before it is in the buffer.
+  // Reads `size` bytes, fewer only at the end of the file or after a failure, and stores their number in
+  // `*read`. Returns false if a read failed; the bytes read before are in the buffer.
   bool Read(void* buffer, std::size_t size, std::size_t* read);
 
  private:
   FileHandle file_;
 };
 
-// A target that is gathered in a buffer and written whenever that is full.
+// Writes a file through a buffer, which is written to the file when it is full.
 class FileOutput {
  public:
-  // Makes the file: with `replace` anew (CREATE_ALWAYS), otherwise only if there is none (CREATE_NEW). Others
-  // may read it meanwhile. False if that fails; GetLastError tells why.
+  // Creates the file; with `replace` truncates an existing one (CREATE_ALWAYS), otherwise fails if it exists
+  // (CREATE_NEW). Others may read the file meanwhile. Returns false and sets the last error if that fails.
   bool Create(const WString& path, bool replace);
 
-  // Both answer false once a write has failed or stored less than it was given.
+  // Add appends bytes; Flush writes the buffer to the file. Both return false after a write has failed or
+  // stored fewer bytes than requested.
   bool Add(const void* bytes, std::size_t size);
   bool Flush();
 

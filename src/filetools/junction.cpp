@@ -8,13 +8,13 @@
 
 namespace {
 
-// What the system puts before the full paths that it knows itself.
+// The prefix of full paths in the system's own form, and the beginning by which such a path is recognised.
 constexpr WStringView kSystemRoot = W("\\??\\");
 constexpr WStringView kBeginOfSystemPath = W("\\?");
 
 constexpr DWORD kMostTargetChars = 1024;
 
-// The full path of a target that is there.
+// Returns the full path of an existing target; std::nullopt if it does not exist or its path is too long.
 std::optional<WString> ExistingTarget(const WString& target) {
   WCHAR buffer[kMostTargetChars];
   const DWORD size = GetFullPathNameW(target.c_str(), kMostTargetChars, buffer, nullptr);
@@ -23,8 +23,8 @@ std::optional<WString> ExistingTarget(const WString& target) {
   return WString(buffer, size);
 }
 
-// Returns whether a junction `link` to `target` would lead to itself; `link` is a folder, or an older
-// junction, which counts as itself and not as the folder that it leads to.
+// Returns whether a junction `link` to `target` would lead to itself. `link` is a folder or an existing
+// junction, which is compared itself, not the folder that it leads to.
 bool LeadsToItself(const WString& link, const WString& target) {
   WString path = target;
   if (target.starts_with(kSystemRoot)) {

@@ -30,10 +30,10 @@ DWORD CreateJunctionTo(const WString& link, const WString& target, bool) {
   return CreateJunction(link, target);
 }
 
-// Systems whose headers do not name this flag take it all the same.
+// SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE, which not all headers define.
 constexpr DWORD kAllowUnprivilegedCreate = 2;
 
-// The function is looked up, since not every Windows has it.
+// Looks the function up at run time, because some versions of Windows lack it.
 DWORD CreateSymbolicLinkTo(const WString& link, const WString& target, bool isFolder) {
   const SystemLibrary library(W("kernel32.dll"));
   const auto create = library.Find<decltype(&CreateSymbolicLinkW)>("CreateSymbolicLinkW");
@@ -50,7 +50,7 @@ DWORD CreateShortcutTo(const WString& link, const WString& target, bool isFolder
   return CreateShortcut(link, target, isFolder) ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
 }
 
-// A shortcut has no word of its own in the log (C-401).
+// The word for shortcuts in the log, which is the one for unknown kinds (C-401).
 constexpr const WCHAR* kUnknownWord = W("Unknown");
 
 // clang-format off

@@ -1,13 +1,13 @@
-// Making one link: a hard link, a junction, a symbolic link or a shortcut file.
+// Creates links: hard links, junctions, symbolic links and shortcut files.
 //
-// All errors are Windows error numbers, 0 for success. Each outcome is a line of the host's log, of
-// category 1. Everything runs on the thread of the host's call, on which the host has initialised COM.
+// All functions return 0 or a Windows error number. Each result is logged in the host's log, in category 1.
+// The functions must run on the thread of the host's call, on which the host has initialised COM.
 #pragma once
 
 #include "frame/host/host_app.h"
 
-// The number that the dialog's list, the setting, the script parameter and the helper's message share. What
-// comes from outside may be any number, so this type holds them all: those without a name make no link.
+// The kind of a link, as stored in the dialog's list, the setting, the script parameter and the helper's
+// message. Values from outside may be any number; no link is created for those without a name.
 enum LinkKind : Velmora::SDK::s32 {
   kHardLink = 1,
   kJunction = 2,
@@ -15,19 +15,20 @@ enum LinkKind : Velmora::SDK::s32 {
   kShortcut = 4,
 };
 
-// The link at `link` to `target`, which is a folder if `isFolder`, and the log line if there is a host: the
-// instance in the elevated helper may have none. ERROR_INVALID_DATA (13) for a junction that cannot be made
-// and for an unknown kind, ERROR_PATH_NOT_FOUND (3) for a shortcut, else the system's error (C-407).
+// Creates the link `link` to `target`, which is a folder if `isFolder`. Logs the result if `host` is not
+// null; in the elevated helper it may be null. Returns 0, ERROR_INVALID_DATA (13) for a junction that cannot
+// be created and for an unknown kind, ERROR_PATH_NOT_FOUND (3) for a shortcut that cannot be created, or the
+// system's error (C-407).
 DWORD CreateLinkOfKind(Velmora::SDK::IHostApp* host, LinkKind kind, const WString& link,
                        const WString& target, bool isFolder);
 
-// The same by way of the elevated helper (service 3250), with a log line here too once the helper was
-// reached. ERROR_ACCESS_DENIED (5) if it was not.
+// Creates a link by way of the elevated helper (service 3250), and logs the result in this process too.
+// Returns ERROR_ACCESS_DENIED (5), without logging, if the helper cannot be reached.
 DWORD CreateLinkElevated(Velmora::SDK::IHostApp& host, LinkKind kind, const WString& link,
                          const WString& target, bool isFolder);
 
-// CreateLinkOfKind; what the system refuses for lack of rights goes to the helper, unless the process is
-// elevated or the system has no helper. Both attempts are logged (C-412). An error that remains is shown in a
-// box.
+// Creates a link with CreateLinkOfKind. If that fails for lack of rights, tries it by way of the helper,
+// unless the process is elevated or the system has no helper. Logs both attempts (C-412). Shows the final
+// error, if any, in a box and returns it.
 DWORD CreateLinkWithRetry(Velmora::SDK::IHostApp& host, LinkKind kind, const WString& link,
                           const WString& target, bool isFolder);

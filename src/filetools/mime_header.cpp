@@ -5,7 +5,8 @@ namespace {
 constexpr std::string_view kFirstWords = "MIME-Version";
 constexpr std::string_view kNameWords = "name=\"";
 
-// A header's empty line is its fifth; one before the fourth line or after the tenth does not count (C-426).
+// The range of line numbers in which the empty line at the end of a header may be (C-426). In a header of
+// this module it is the fifth line.
 constexpr int kFirstEndLine = 4;
 constexpr int kLastEndLine = 10;
 

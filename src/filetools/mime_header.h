@@ -1,20 +1,20 @@
-// Reading the header of an encoded file.
+// Parses the header of an encoded file.
 #pragma once
 
 #include <cstddef>
 #include <optional>
 #include <string_view>
 
-// Goes through the lines of a header. A line ends at LF or at CR; LF and CR LF are stepped over, a CR alone
-// is not, and no line follows it (C-426).
+// Iterates over the lines of a header. A line ends at CR LF, LF, or CR. A lone CR ends the iteration: no line
+// follows it (C-426).
 class HeaderLines {
  public:
   explicit HeaderLines(std::string_view text) : text_(text) {}
 
-  // The next line without its end; nothing at the end of the text.
+  // Returns the next line without its ending; std::nullopt if there is no further line.
   std::optional<std::string_view> Next();
 
-  // Where the line after the last one begins; nothing if that stopped at a CR alone.
+  // Returns the offset of the line after the last one returned; std::nullopt if that ended at a lone CR.
   std::optional<std::size_t> Offset() const { return isStuck_ ? std::nullopt : std::optional(offset_); }
 
  private:
@@ -23,9 +23,9 @@ class HeaderLines {
   bool isStuck_ = false;
 };
 
-// Returns the first name in the header, whatever it is, in bytes of the thread's code page; nothing if the
+// Returns the first name in the header, unchecked, as bytes in the thread's code page; std::nullopt if the
 // header has no name.
 std::optional<std::string_view> FindEncodedName(std::string_view header);
 
-// The offset of the text behind the header, or 0.
+// Returns the offset of the text after the header; 0 if there is no header.
 std::size_t FindHeaderEnd(std::string_view head);

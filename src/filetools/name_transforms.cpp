@@ -37,7 +37,8 @@ WString ExtensionOf(IHostFileItem& item, Dot dot) {
 
 bool IsFolder(IHostFileItem& item) { return (item.GetAttributes() & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
-// Takes the new name if it differs from the present one within its first `comparedChars` characters (C-304).
+// Sets the new name and returns true if it differs from the present one within the first `comparedChars`
+// characters (C-304). Otherwise clears it and returns false.
 bool SetNewName(FileItemEntry& entry, WString newName, std::size_t comparedChars = WString::npos) {
   const WString name = NameOf(*entry.item);
   if (WStringView(newName).substr(0, comparedChars) == WStringView(name).substr(0, comparedChars)) {
@@ -84,7 +85,8 @@ bool TidyName(FileItemEntry& entry) {
   return SetNewName(entry, base + W('.') + extension);
 }
 
-// Swaps one character for another, in a file's name up to its last dot, in a folder's everywhere (C-303).
+// Replaces one character by another: in a file's name before its last dot, in a folder's name everywhere
+// (C-303).
 template <WCHAR from, WCHAR to>
 bool SwapCharacter(FileItemEntry& entry) {
   WString newName = NameOf(*entry.item);

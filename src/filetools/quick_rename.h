@@ -1,5 +1,6 @@
-// The family of quick rename commands: they take the selection, compute new names, ask, and let the host
-// rename. Nothing is written to the log unless documented, and nothing is shown if no name would change.
+// The quick rename commands. They read the selection, compute the new names, ask for confirmation, and let
+// the host rename. Unless documented otherwise they do not write to the log, and do nothing if no name would
+// change.
 #pragma once
 
 #include "frame/host/host_app.h"

@@ -20,9 +20,9 @@ WString NameOfItem(IHostFileItem& item) {
 
 WString BaseOf(const WString& name) { return name.substr(0, name.rfind(W('.'))); }
 
-// The files of the view whose base name is the focused item's; none without a focused item, and nothing where
-// the host refuses the view. The focused item stands first in the list and, with the view's items behind it,
-// a second time in its place there.
+// Returns the files of the view that have the base name of the focused item; no files without a focused item,
+// std::nullopt if the host refuses the view. In `list` the focused item is first and occurs again among the
+// items of the view, which follow it.
 std::optional<FileItemEntries> FilesOfFocusedBase(IHostApp& host, IHostFileList& list) {
   if (host.FileListRequest(kListFocusedItem, &list, kModePlain, 0) == 0) return FileItemEntries();
   if (host.FileListRequest(kListAllItems, &list, kModePlain, 0) == 0) return std::nullopt;
@@ -48,7 +48,7 @@ void RenameSameBaseCommand(IHostApp& host) {
   list.Release();
   if (!entries) return;
 
-  // The box is shown even if no file was found, and the batch then runs empty (C-306).
+  // Asks even if no file was found; the batch is then empty (C-306).
   std::array<WCHAR, kMaxNewBase> buffer = {};
   const WString title(ViewOf(host.GetLanguageString(kTextSameBaseTitle)));
   const WString prompt(ViewOf(host.GetLanguageString(kTextSameBasePrompt)));
@@ -58,7 +58,7 @@ void RenameSameBaseCommand(IHostApp& host) {
   for (FileItemEntry& entry : *entries) {
     const WString name = NameOfItem(*entry.item);
     const std::size_t dot = name.rfind(W('.'));
-    // A name without a dot gets no new name, and the host refuses that rename (C-306).
+    // For a name without a dot the new name stays empty, and the host refuses that rename (C-306).
     if (dot != WString::npos) entry.newName = newBase + name.substr(dot);
   }
   RunRenameBatch(host, *entries);

@@ -1,4 +1,4 @@
-// The Replace X with Y dialog where there are no windows: its form goes to whoever answers dialogs.
+// The Replace X with Y dialog of the native build: passes its form to Platform::AskForm.
 #include "filetools/replace_dlg.h"
 #include "frame/services/message_texts.h"
 #include "platform/posix/user_interface.h"
@@ -13,7 +13,7 @@ struct PartText {
   WStringView text;
 };
 
-// What the field takes, and how it is shown.
+// The values of the field.
 constexpr PartText kParts[] = {
     {ReplaceForm::kBaseName, W("1")},
     {ReplaceForm::kExtension, W("2")},
@@ -52,7 +52,7 @@ Platform::FormField PartField(const char* name, int& field) {
 }  // namespace
 
 INT_PTR ShowReplaceDlg(Velmora::SDK::IHostApp& host, ReplaceForm& form) {
-  // Both texts are the form's however the dialog ends, the part is only on OK.
+  // Both texts are stored in the form however the dialog ends, the part only after OK.
   int part = form.part;
   Platform::FormRequest request;
   request.dialog = "CReplaceDlg";

@@ -65,7 +65,7 @@ class CReplaceDlg : public Ui::Dialog {
     Close(IDOK);
   }
 
-  // The texts are read here too, the part is not.
+  // Stores the texts as OnOk does, but not the part.
   void OnCancel() override {
     Ui::ReadFields(Window(), kTextFields, form_);
     Close(IDCANCEL);

@@ -11,9 +11,9 @@ struct ReplaceForm {
 
   WString find;
   WString replace;
-  int part = kBaseName;  // kNoPart when no row is selected
+  int part = kBaseName;  // kNoPart if no row is selected
 
-  // Newest first; what the two editable lists offer.
+  // The strings of the two editable lists, newest first.
   std::vector<WString> findHistory;
   std::vector<WString> replaceHistory;
 };

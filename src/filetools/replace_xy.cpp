@@ -27,7 +27,7 @@ std::vector<WString> LoadHistory(IHostConfig& config, IHostStringList& list, con
   return texts;
 }
 
-// The text just entered goes first; the settings store keeps the newest.
+// Saves the history with the entered text as its first. The settings store keeps only the first strings.
 void SaveHistory(IHostConfig& config, IHostStringList& list, const WCHAR* key, const WString& entered,
                  const std::vector<WString>& history) {
   list.Clear();

@@ -6,13 +6,13 @@ namespace {
 
 constexpr DWORD kMostFullPathChars = 32768;
 
-// What the file system says of a path.
+// The information of the file system about a path.
 struct FileLook {
   bool isMissing = false;
   std::optional<BY_HANDLE_FILE_INFORMATION> information;
 };
 
-// Opens for no access, so that no share mode is in the way.
+// Opens the file without access rights, so that no share mode excludes it.
 FileLook LookAt(const WString& path, LinkEnd end) {
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const DWORD flags =
@@ -29,14 +29,14 @@ FileLook LookAt(const WString& path, LinkEnd end) {
   return look;
 }
 
-// Returns nothing where the file system does not know.
+// Returns whether both are the same file; std::nullopt if the file system cannot tell.
 std::optional<bool> IsSameByLook(const FileLook& one, const FileLook& other) {
   if (one.information && other.information) return HaveSameIndex(*one.information, *other.information);
   const bool isOneMissing = (one.isMissing && other.information) || (one.information && other.isMissing);
   return isOneMissing ? std::optional(false) : std::nullopt;
 }
 
-// Returns the path as it is where the system has no full one.
+// Returns the full path; the path itself if the system does not return a full one.
 WString FullPathText(const WString& path) {
   WString full(kMostFullPathChars, WCHAR());
   const DWORD length = GetFullPathNameW(path.c_str(), kMostFullPathChars, full.data(), nullptr);

@@ -1,21 +1,22 @@
-// Whether two paths are one file or folder.
+// Checks whether two paths refer to the same file or folder.
 #pragma once
 
 #include <optional>
 
 #include "platform/text.h"
 
-// What a path means that ends at a symbolic link or a junction.
+// How to treat a path that ends in a symbolic link or a junction.
 enum class LinkEnd {
-  kFollowed,  // the file that it leads to
-  kItself
+  kFollowed,  // use the target of the link
+  kItself     // use the link itself
 };
 
-// Returns whether the two paths are one file or folder. The file system knows, by the volume and the index of
-// files that can be opened; a path that exists and one that does not are two files. Where the file system
-// cannot tell, and where neither path has a file yet, the full paths are compared, without regard to case.
+// Returns whether two paths refer to the same file or folder. Compares volume and file index of files that
+// can be opened (GetFileInformationByHandle); an existing and a missing path are different. If the file
+// system does not provide them, or neither path exists, compares the full paths, ignoring case.
 bool IsSameFile(const WString& one, LinkEnd oneEnd, const WString& other, LinkEnd otherEnd);
 
-// Returns whether two open files are one; nothing if their file system gives files no index.
+// Returns whether the information is that of the same file; std::nullopt if the file system does not provide
+// file indices.
 std::optional<bool> HaveSameIndex(const BY_HANDLE_FILE_INFORMATION& one,
                                   const BY_HANDLE_FILE_INFORMATION& other);

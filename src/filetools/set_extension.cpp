@@ -15,7 +15,7 @@ constexpr u32 kMaxBaseName = 4096;
 
 using Answer = std::array<WCHAR, kAnswerChars>;
 
-// The focused item's extension without its dot, as the text to begin with.
+// Stores the extension of the focused item, without its dot, as the default text.
 void GetDefaultExtension(IHostApp& host, Answer& answer) {
   const std::optional<FileItemEntries> focused = SelectEntries(host, kListFocusedItem, kModeWithFolders);
   if (focused && !focused->empty()) focused->front().item->GetExtension(answer.data(), kAnswerChars, 1);

@@ -3,7 +3,8 @@
 
 #include "platform/text.h"
 
-// Makes the shortcut file `link` to `target`; one to a file starts in the file's folder. Replaces an older
-// shortcut. Returns false if it cannot be made or saved, if both are one file, and if `link` is a file or
-// folder that is not a shortcut, which would be lost. The host has initialised COM on this thread.
+// Creates the shortcut file `link` to `target`. The working folder of a shortcut to a file is the file's
+// folder. Replaces an existing shortcut. Returns false if the shortcut cannot be created or saved, if both
+// paths are the same file, and if `link` is an existing file or folder that is not a shortcut. The calling
+// thread must have initialised COM.
 bool CreateShortcut(const WString& link, const WString& target, bool isFolder);

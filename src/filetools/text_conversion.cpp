@@ -12,11 +12,11 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// What becomes of three bytes. A null text: the byte is copied.
+// The replacements of CR, LF and tab. A null text means that the byte is copied.
 struct ConversionRow {
   s32 number;
-  const char* forCr;       // an LF behind the CR is dropped
-  const char* forCrAtEnd;  // of the file
+  const char* forCr;       // an LF after the CR is dropped
+  const char* forCrAtEnd;  // for a CR at the end of the file
   const char* forLf;
   bool convertsTabs;
 };
@@ -30,29 +30,29 @@ constexpr ConversionRow kConversions[] = {
 };
 // clang-format on
 
-// The most blanks that a tab becomes.
+// The most blanks that replace a tab.
 constexpr std::uint32_t kMostBlanks = 20;
 constexpr std::string_view kBlanks = "                    ";
 static_assert(kBlanks.size() == kMostBlanks);
 
-// The bytes of a file, a buffer at a time. A read that fails ends them.
+// Reads the bytes of a file, one buffer at a time. A failed read ends them.
 class ByteSource {
  public:
   bool Open(const WString& path) {
     if (!file_.Open(path)) return false;
-    // The scan for line ends reads on behind the bytes.
+    // The scan for line ends may read past the bytes.
     buffer_ = std::make_unique_for_overwrite<char[]>(kStreamBytes + kScanGuard);
     Refill();
     return true;
   }
 
-  // The bytes at hand, and none at the end of the file.
+  // Returns the bytes in the buffer, after filling it if it is used up; none at the end of the file.
   std::string_view Bytes() {
     if (position_ == filled_) Refill();
     return {buffer_.get() + position_, filled_ - position_};
   }
   void Drop(std::size_t count) { position_ += count; }
-  // Returns whether the bytes ended at a read that failed.
+  // Returns whether a read has failed.
   bool HasFailed() const { return hasFailed_; }
 
  private:
@@ -78,7 +78,7 @@ class TextConverter {
   TextConverter(const ConversionRow& row, std::uint32_t tabWidth, ByteSource& source, FileOutput& target)
       : row_(row), tab_(kBlanks.substr(0, tabWidth)), source_(source), target_(target) {}
 
-  // Stops at a write that fails, and passes a failure of the last one over.
+  // Converts all bytes. Stops at a write that fails; ignores a failure of the last write.
   void Run(ConvertedText& result) {
     for (;;) {
       const std::string_view bytes = source_.Bytes();
@@ -100,7 +100,7 @@ class TextConverter {
     return static_cast<std::size_t>(WQDR::FindLineEnd(begin, begin + bytes.size()) - begin);
   }
 
-  // Writes what the next byte becomes, and the byte behind a CR.
+  // Writes the replacement of the next byte, and the byte after a CR.
   bool Convert(char byte) {
     source_.Drop(1);
     if (byte == '\t') return target_.Add(tab_.data(), tab_.size());

@@ -16,11 +16,12 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// The rows of the question for the blanks of a tab, and the one it begins with.
+// The rows of the question how many blanks replace a tab, and the index of the default row.
 constexpr const WCHAR* kTabWidths[] = {W("1"), W("2"), W("3"), W("4"), W("5"), W("6"), W("7"), W("8")};
 constexpr s32 kFirstTabWidth = 3;
 
-// Widths from here on are refused, those below zero with them.
+// The least width that is refused. Negative widths are refused too, because they convert to larger unsigned
+// numbers.
 constexpr std::uint32_t kTabWidthLimit = 21;
 
 bool MayConvert(IHostApp& host, std::size_t count) {
@@ -30,7 +31,7 @@ bool MayConvert(IHostApp& host, std::size_t count) {
   return MessageBoxW(nullptr, text.c_str(), caption.c_str(), MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
-// Nothing if the command is to end.
+// Asks the user for the width; std::nullopt ends the command.
 std::optional<std::uint32_t> AskTabWidth(IHostApp& host) {
   const HostObject<IHostStringList> rows(host.CreateStringList());
   if (!rows) return std::nullopt;
@@ -56,7 +57,7 @@ bool CopyBytes(FileInput& from, FileOutput& to) {
   return to.Flush();
 }
 
-// Copies a file to a name that must be free. Returns false, and leaves nothing there, if that fails.
+// Copies a file to a name that must not exist. If that fails, returns false and leaves no file there.
 bool CopyToFreeName(const WString& source, const WString& target) {
   FileInput from;
   if (!from.Open(source)) return false;
@@ -69,10 +70,10 @@ bool CopyToFreeName(const WString& source, const WString& target) {
   return false;
 }
 
-// Brings the text, whose old file is deleted, under the file's name.
+// Renames the temporary file to `path`, which has been deleted, or copies it there.
 void PutInPlace(const WString& temporary, const WString& path) {
   if (MoveFileW(temporary.c_str(), path.c_str())) return;
-  // A file that another program has open may often be read where it may not be renamed.
+  // A file that another program has open often cannot be renamed but can be read.
   if (CopyToFreeName(temporary, path)) {
     DeleteFileW(temporary.c_str());
     return;
@@ -90,11 +91,11 @@ void ConvertTextFileInPlace(IHostApp& host, const WString& path, s32 conversion,
   if (!files || files->FileExists(path.c_str()) == 0) return;
   const ConvertedText result = ConvertText(path, temporary, conversion, tabWidth);
   if (!result.isWhole) {
-    // A file of that name that was there before belongs to somebody else.
+    // Keep a file with the temporary name that existed before: it is not ours.
     if (result.isTargetNew) DeleteFileW(temporary.c_str());
     return;
   }
-  // Only a file that is gone makes room for the new one; otherwise that stays beside it (C-446).
+  // If the file cannot be deleted, the converted text remains under the temporary name (C-446).
   if (DeleteFileW(path.c_str())) PutInPlace(temporary, path);
 }
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Windows maps case one character to one character, so a text is mapped in place.
+// Maps the case of a text in place, which is possible because LCMapStringW maps each unit to one unit.
 void MapCase(WCHAR* text, std::size_t size, DWORD mapping) {
   if (size == 0 || size > static_cast<std::size_t>(std::numeric_limits<int>::max())) return;
   const int count = static_cast<int>(size);
@@ -31,7 +31,7 @@ void TitleCase(WString& text) {
     MapCase(&text[at], 1, capital ? LCMAP_UPPERCASE : LCMAP_LOWERCASE);
     capital = false;
     ++at;
-    // One separator is stepped over; a second one after it is mapped in the capital's place (C-301).
+    // Skips one separator. If a second one follows, it is mapped instead of a letter (C-301).
     if (at < text.size() && IsSeparator(text[at])) {
       capital = true;
       ++at;

@@ -11,11 +11,11 @@ namespace {
 
 constexpr u32 kEncodingChars = 100;
 
-// False if the file could be loaded and not be saved.
+// Loads the file and saves it again. Returns false if saving fails; true if the file cannot be loaded.
 bool Rewrite(IHostXmlDocument& document, const WString& path, bool format) {
   const XmlNode root = document.Load(path.c_str(), 0);
   if (!root) return true;
-  std::array<char, kEncodingChars + 1> encoding = {};  // a zero stands behind what a host fills whole
+  std::array<char, kEncodingChars + 1> encoding = {};  // terminated even if the host fills all of its buffer
   document.GetEncoding(root, encoding.data(), kEncodingChars);
   return document.Save(root, path.c_str(), format ? 1 : 0, encoding.data());
 }

@@ -33,6 +33,7 @@ void TakeOwnership(IHostApp& host, s32) { TakeOwnershipCommand(host); }
 void ResetAccess(IHostApp& host, s32) { ResetAccessCommand(host); }
 void AddAccess(IHostApp& host, s32) { AddAccessCommand(host); }
 
+// A range of command numbers, both ends included, and the function that runs them.
 struct CommandRow {
   s32 number;
   void (*run)(IHostApp& host, s32 number);

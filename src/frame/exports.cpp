@@ -9,7 +9,7 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// How the objects of one index are made and destroyed.
+// The functions that create and destroy the extension object of one index.
 struct ExtensionClass {
   void* (*create)();
   void (*destroy)(void* object);
@@ -20,7 +20,8 @@ void* CreateExtension() {
   return static_cast<Base*>(new (std::nothrow) Class());
 }
 
-// Frees nothing if the object is of another class than its index says (C-004).
+// Destroys `object` if it is a `Class`; does nothing if the object has another class than its index says
+// (C-004).
 template <typename Class>
 void DestroyPlugin(void* object) {
   delete dynamic_cast<Class*>(static_cast<IPluginInterface*>(object));

@@ -21,7 +21,7 @@ constexpr const WCHAR* kAuthor = W("QXUtils contributors");
 constexpr const WCHAR* kWebAddress = W("https://qxutils.example");
 constexpr u32 kHostBuild = 1830000;
 
-// The field has room for 250 characters, but a description is cut here (C-001).
+// The field has room for 250 characters, but a description is truncated to this length (C-001).
 constexpr std::size_t kDescriptionLimit = 160;
 
 constexpr ExtensionRecord kRecords[kExtensionCount] = {

@@ -25,7 +25,8 @@ struct LinkRequest {
   bool isFolder;
 };
 
-// Nothing for a message that ends too early. The reader is given back before the link is made.
+// Reads a request; returns std::nullopt if the message is too short. Releases the host's reader on return,
+// before the link is created.
 std::optional<LinkRequest> ReadLinkRequest(IHostHelperMessage& message) {
   HelperPayload payload(message);
   LinkRequest request;

@@ -7,12 +7,12 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// The flags and the display words belong to the host, which gives their bits a meaning; this module passes
-// them on as they are. All commands of File Utils have the same flags. The items of the control panel
-// (control_panel.cpp) and the command of MultiRename (qx_multi_rename.cpp) have others of their own.
+// The host defines the bits of the flags and the display words; this module only passes them to the host. All
+// commands of File Utils have the same flags. The items of the control panel (control_panel.cpp) and the
+// command of MultiRename (qx_multi_rename.cpp) have different ones.
 constexpr u32 kMenuCommandFlags = 0x10000801;
 
-// The display word of most entries, and the three that differ.
+// The display word of most entries, and the three other ones.
 constexpr u32 kPlain = 0x400000;
 constexpr u32 kUpperCaseDisplay = 0x49004A;
 constexpr u32 kLowerCaseDisplay = 0x4D004A;

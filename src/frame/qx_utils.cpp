@@ -48,7 +48,7 @@ s32 CQXUtils::OnCustomCommand(IHostCommandCall* call) {
   return call && host ? DispatchScriptCommand(*host, *call) : 0;
 }
 
-// The instance in the elevated helper need not have a host.
+// In the elevated helper process, `host` may be null.
 s32 CQXUtils::OnHelperMessage(s32 code, IHostHelperMessage* message) {
   return message ? HandleHelperMessage(host, code, *message) : 0;
 }

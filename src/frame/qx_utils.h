@@ -1,4 +1,4 @@
-// File Utils, the extension of index 0: a menu of tools, script commands, and the dispatcher behind both.
+// File Utils, the extension with index 0: a menu of tools, script commands, and their dispatchers.
 #pragma once
 
 #include "frame/host/plugin_base.h"
@@ -7,7 +7,7 @@ namespace Velmora::SDK {
 
 class CQXUtils final : public PluginBase {
  public:
-  // Declares menu and script commands; keeps nothing of the host.
+  // Declares the menu and the script commands. Does not store `hostApp`.
   s32 OnRegister(IHostApp* hostApp) override;
   const char* GetExtensionId() override;
   s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override;

@@ -8,7 +8,8 @@ namespace {
 
 constexpr const char* kSetName = "QX.Utils";
 
-// Words of the host, which this module passes on as they are; all three commands have the same.
+// The flags and the kind of all three commands. The host defines their bits; this module only passes them to
+// the host.
 constexpr u32 kScriptCommandFlags = 0x100000;
 constexpr u32 kScriptCommandKind = 2048;
 

@@ -5,11 +5,11 @@
 
 #include "frame/host/host_app.h"
 
-// Bits of a parameter's flags word.
+// Bits of the flags of a parameter.
 enum ScriptParameterFlag : Velmora::SDK::u32 {
-  kScriptSwitch = 0x10,  // there or not, without a value
+  kScriptSwitch = 0x10,  // present or absent, without a value
   kScriptText = 0x20,
-  kScriptNumber = 0x40,  // read as text all the same
+  kScriptNumber = 0x40,  // the module reads it as text too
   kScriptRequired = 0x1000,
 };
 
@@ -26,8 +26,9 @@ struct ScriptCommand {
   std::span<const ScriptParameter> parameters;
 };
 
-// In the order of registration.
+// Returns the commands in the order of registration.
 std::span<const ScriptCommand> ScriptCommands();
 
-// Declares the set to the host, unless the host has no such set or the set already holds its commands.
+// Declares the commands to the host. Does nothing if the host does not have the set or the set already
+// contains its commands.
 void RegisterScriptCommands(Velmora::SDK::IHostApp& host);

@@ -13,13 +13,13 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// In the order in which they are asked for.
+// In the order in which they are read.
 constexpr const char* kCreateLinkParameters[] = {"LNKSRC", "LNKTRG", "LNKTYPE"};
 
 struct ScriptRow {
   u32 number;
   s32 (*run)(IHostApp& host, IHostCommandCall& call);
-  std::span<const char* const> required;  // a call without one of these is not run
+  std::span<const char* const> required;  // parameters without which a call fails
 };
 
 // clang-format off

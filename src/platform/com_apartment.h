@@ -1,5 +1,6 @@
-// The calling thread's COM apartment, for the time of the object. A thread with windows is in one, as shell
-// functions, drops of files and accessibility need it. The native build has none.
+// Holds the calling thread in a single-threaded COM apartment (CoInitializeEx) while the object lives. A
+// thread with windows needs one for shell functions, file drops and accessibility. Construct and destroy it
+// on the same thread. Does nothing in the native build.
 #pragma once
 
 #include "platform/text.h"

@@ -1,4 +1,5 @@
-// Marks the functions that the module exports. On Windows the list in QXUtils.def does it.
+// QX_MODULE_EXPORT marks a function that the module exports. On Windows it is empty: QXUtils.def lists the
+// exports.
 #pragma once
 
 #ifdef _WIN32

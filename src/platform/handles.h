@@ -1,19 +1,20 @@
-// Owners of Windows handles, one closer each.
+// RAII owners of Windows handles.
 #pragma once
 
 #include "platform/windows_api.h"
 
-// Owns a handle of CreateFileW and its kin: closed with CloseHandle. INVALID_HANDLE_VALUE and null own
-// nothing.
+// Closes a kernel handle, such as one that CreateFileW, CreateThread or CreateEventW returns, with
+// CloseHandle.
 struct KernelHandleTraits {
   static void Close(HANDLE handle) { CloseHandle(handle); }
 };
 
-// Owns a search of FindFirstFileExW: closed with FindClose.
+// Closes a search handle that FindFirstFileExW returns with FindClose.
 struct FindHandleTraits {
   static void Close(HANDLE handle) { FindClose(handle); }
 };
 
+// Owns a handle and closes it with Traits::Close. Null and INVALID_HANDLE_VALUE own nothing.
 template <typename Traits>
 class OwnedHandle {
  public:
@@ -31,14 +32,14 @@ class OwnedHandle {
   bool IsOpen() const { return handle_ != nullptr && handle_ != INVALID_HANDLE_VALUE; }
   HANDLE Get() const { return handle_; }
 
-  // Gives the handle up to the caller, who closes it.
+  // Releases ownership: returns the handle, which the caller must close.
   HANDLE Detach() {
     HANDLE handle = handle_;
     handle_ = nullptr;
     return handle;
   }
 
-  // Closes the handle held and takes `handle` in its place.
+  // Closes the owned handle, if any, and takes ownership of `handle`.
   void Reset(HANDLE handle = nullptr) {
     if (IsOpen()) Traits::Close(handle_);
     handle_ = handle;

@@ -1,8 +1,8 @@
-// A window without a face: it receives the messages that other threads post to it (PostMessageW), and the
-// thread that made it takes them, with Take or in a loop of GetMessageW and DispatchMessageW. For who drives
-// the engine without a window of its own, for the native build's windows, and for tests.
+// A message-only window. Any thread may post messages to it (PostMessageW); the thread that created it
+// receives them, with Take or in a loop of GetMessageW and DispatchMessageW. Serves callers that drive the
+// engine without a visible window, the native build, and tests.
 //
-// It belongs to the thread that made it, and receives nothing any more once that has ended.
+// A window belongs to the thread that created it and receives nothing after that thread has ended.
 #pragma once
 
 #include <functional>
@@ -10,6 +10,7 @@
 
 #include "platform/text.h"
 
+// A message, with the arguments of PostMessageW.
 struct PostedMessage {
   UINT message = 0;
   WPARAM first = 0;
@@ -21,19 +22,23 @@ class QX_PLATFORM_API MessageWindow {
   // Called by DispatchMessageW. It may destroy the window.
   using Handler = std::function<void(const PostedMessage& message)>;
 
-  // On the thread that takes the messages. Without a handler, messages that are dispatched go nowhere.
+  // Creates the window on the calling thread, which receives its messages. Without a handler, dispatched
+  // messages are discarded.
   explicit MessageWindow(Handler handler = nullptr);
   MessageWindow(const MessageWindow&) = delete;
   MessageWindow& operator=(const MessageWindow&) = delete;
-  // What is posted to its handle from now on goes nowhere, and so does what was posted and not taken.
+  // Destroys the window. Messages still in the queue, and those posted to its handle later, are discarded.
   ~MessageWindow();
 
-  // The messages that a handler gets: WM_CLOSE and those of applications. All others are the system's.
+  // Returns whether `message` is passed to the handler: WM_CLOSE and the application messages from WM_APP on.
+  // The system handles all others.
   static constexpr bool IsHandled(UINT message) { return message == WM_CLOSE || message >= WM_APP; }
 
+  // Returns the handle to which other threads post messages; null if the window could not be created.
   HWND Handle() const;
 
-  // Takes the next message. False if none comes within the time.
+  // Removes the next message from the queue and stores it in `message`. Returns false if none arrives within
+  // `milliseconds`; INFINITE waits without limit. Call it on the thread that created the window.
   bool Take(PostedMessage& message, DWORD milliseconds);
 
  private:

@@ -3,19 +3,20 @@
 struct MessageWindow::State {
   HWND window = nullptr;
   std::shared_ptr<const Handler> handler;
-  WNDPROC procedure = nullptr;  // of the class
+  WNDPROC procedure = nullptr;  // the window procedure of the class
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     const auto* const state = reinterpret_cast<const State*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!state || !IsHandled(message))
       return CallWindowProcW(state ? state->procedure : DefWindowProcW, window, message, first, second);
-    const std::shared_ptr<const Handler> handler = state->handler;  // the window may go during the call
+    const std::shared_ptr<const Handler> handler = state->handler;  // the call may destroy the window
     (*handler)({message, first, second});
     return 0;
   }
 };
 
-// A window of the system's own class "STATIC" below no desktop: nobody sees it, and it does nothing.
+// Uses the system's window class "STATIC" for a message-only window (HWND_MESSAGE), so no class is
+// registered.
 MessageWindow::MessageWindow(Handler handler) : state_(std::make_unique<State>()) {
   state_->window =
       CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);

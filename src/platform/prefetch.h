@@ -1,4 +1,4 @@
-// Asks the processor to bring memory near that is read soon. It may be any address, also a wrong one.
+// Tells the processor to load memory that will be read soon into its cache. The address may be invalid.
 #pragma once
 
 #ifdef _MSC_VER

@@ -1,8 +1,8 @@
-// The scale of screens. Windows build only.
+// The resolution of screens. Windows build only.
 #pragma once
 
 #include "platform/windows_api.h"
 
-// The scale of the monitor that a window is on, as pixels of an inch. Before Windows 10 all windows have that
-// of the screen.
+// Returns the resolution, in pixels per inch, of the monitor that shows `window` (GetDpiForWindow). Before
+// Windows 10 it is that of the primary screen.
 int PixelsOfAnInch(HWND window);

@@ -17,7 +17,7 @@ int PixelsOfAnInchOfScreen() {
 
 int PixelsOfAnInch(HWND window) {
   const SystemLibrary user(W("user32.dll"));
-  // Since Windows 10.
+  // Available since Windows 10, version 1607.
   const auto dpiForWindow = user.Find<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
   const UINT pixels = dpiForWindow ? dpiForWindow(window) : 0;
   return pixels > 0 ? static_cast<int>(pixels) : PixelsOfAnInchOfScreen();

@@ -1,8 +1,7 @@
-// The Windows functions of owners, access lists, privileges and streams, by their own names, for the few
-// files that use them.
+// Declares the Windows functions for owners, access lists, privileges and streams that the product calls,
+// under their own names. Few files need them, so platform/windows_api.h leaves them out.
 //
-// On Windows these are the system's headers. Elsewhere platform/posix/security/security_functions.h declares
-// exactly what the product calls.
+// On Windows this includes the system's headers, elsewhere platform/posix/security/security_functions.h.
 #pragma once
 
 #include "platform/windows_api.h"
@@ -23,7 +22,7 @@
 
 #endif
 
-// NtQueryInformationFile, which is looked up while the program runs.
+// The type of NtQueryInformationFile, which is looked up at run time.
 using NtQueryInformationFileFunction = NTSTATUS(NTAPI*)(HANDLE file, IO_STATUS_BLOCK* status, void* buffer,
                                                         ULONG size, int informationClass);
 constexpr int kFileStreamInformation = 22;

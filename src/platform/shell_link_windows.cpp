@@ -33,14 +33,14 @@ bool Save(IShellLinkW& link, const WString& path) {
 bool SaveShellLink(const ShellLink& link, const WString& path) {
   const ComPointer<IShellLinkW> shellLink = MakeShellLink();
   if (!shellLink) return false;
-  // A shortcut that leads nowhere is none.
+  // A shortcut without a target is useless, so this failure counts; the other fields are optional.
   if (FAILED(shellLink->SetPath(link.target.c_str()))) return false;
   if (!link.workingFolder.empty()) shellLink->SetWorkingDirectory(link.workingFolder.c_str());
   shellLink->SetDescription(link.description.c_str());
   return Save(*shellLink, path);
 }
 
-// The size of the header, and the number of the shell link's class.
+// The header of the file format: its size (0x4C) and the class id of shell links.
 std::string_view ShellLinkBeginning() {
   static constexpr char kHeader[] = "\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46";
   return {kHeader, sizeof kHeader - 1};

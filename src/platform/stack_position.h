@@ -1,4 +1,4 @@
-// Where the stack is, for code that must stop before it is used up.
+// The position of the stack, for recursive code that must stop before the stack overflows.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,8 @@
 #include <intrin.h>
 #endif
 
-// How much larger than usual the frames of this build are: those that check addresses hold guards around
-// every variable. Limits of the stack are multiplied by it.
+// The factor by which stack frames of this build are larger than usual: the address sanitizer puts guard
+// zones around every variable. Multiply stack limits by it.
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define QX_LARGE_FRAMES
@@ -22,7 +22,7 @@ constexpr unsigned kFrameScale = 8;
 constexpr unsigned kFrameScale = 1;
 #endif
 
-// An address in the frame of the caller. Deeper calls have lower addresses.
+// Returns an address in the caller's stack frame. Deeper calls have lower addresses.
 inline std::uintptr_t StackPosition() {
 #ifdef _MSC_VER
   return reinterpret_cast<std::uintptr_t>(_AddressOfReturnAddress());

@@ -1,11 +1,10 @@
-// A library of the system, in which functions are looked up while the program runs: those that not every
-// Windows has.
+// Looks up functions in system libraries at run time, for functions that some versions of Windows lack.
 #pragma once
 
 #include "platform/windows_api.h"
 
-// Loads a library (LoadLibraryW) and frees it at the end. A failure of either step leaves its error in
-// GetLastError, and a library that could not be loaded holds no function.
+// Owns a loaded library: loads it with LoadLibraryW and frees it with FreeLibrary. If loading or a look-up
+// fails, the last error is set (GetLastError); in a library that could not be loaded, Find returns null.
 class SystemLibrary {
  public:
   // Null loads nothing.
@@ -16,12 +15,12 @@ class SystemLibrary {
     if (module_) FreeLibrary(module_);
   }
 
-  // The function of this name as a pointer of the given type, which the caller knows it to be; null if there
-  // is none.
+  // Returns the function named `name` as a pointer of type `Function`, or null if the library has no such
+  // function. The caller must name the correct type; it is not checked.
   template <typename Function>
   Function Find(const char* name) const {
     const FARPROC found = module_ ? GetProcAddress(module_, name) : nullptr;
-    // By way of the one function type that the compiler lets be any other.
+    // void(*)() may be cast to any function pointer without a compiler warning.
     return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
   }
 

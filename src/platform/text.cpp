@@ -6,13 +6,15 @@
 
 namespace {
 
-// One call of a conversion function takes an int; longer texts do not occur where these helpers are used.
+// Limits a size to INT_MAX, the most that the conversion functions accept. These helpers are not used for
+// longer texts.
 int CountOf(std::size_t size) {
   constexpr std::size_t kMost = std::numeric_limits<int>::max();
   return static_cast<int>(size < kMost ? size : kMost);
 }
 
-// Most texts are, and take no conversion.
+// Returns whether all units are ASCII. Most texts are, and are copied without a call of the conversion
+// functions.
 template <typename Unit>
 bool IsAscii(std::basic_string_view<Unit> text) {
   using Bits = std::make_unsigned_t<std::conditional_t<sizeof(Unit) == 1, char, short>>;

@@ -1,4 +1,4 @@
-// The text types of the system: UTF-16 in both builds.
+// The text types: UTF-16 in both builds.
 //
 // WCHAR is wchar_t on Windows and char16_t elsewhere, so a WString is a std::wstring on Windows. W("text")
 // is a literal of that type. Sizes and positions are in WCHARs, never in bytes or code points.
@@ -21,11 +21,12 @@
 using WString = std::basic_string<WCHAR>;
 using WStringView = std::basic_string_view<WCHAR>;
 
-// The texts of the host may be missing; a missing one counts as the empty text.
+// Returns a view of `text`, empty for null: the host may pass null for any text.
 inline WStringView ViewOf(const WCHAR* text) { return text ? WStringView(text) : WStringView(); }
 
-// Copies `text` to a field of `limit` characters: cut at the limit, padded with zeros up to it, and without
-// a terminator when the text fills it. The records that cross to the host are filled in this way.
+// Copies `text` to a fixed field of `limit` characters: truncates a longer text, pads a shorter one with
+// zeros, and adds no terminator when the text fills the field. Records that are passed to the host are filled
+// this way.
 template <typename CharT>
 void CopyPadded(CharT* field, std::size_t limit, std::basic_string_view<CharT> text) {
   const std::size_t count = text.size() < limit ? text.size() : limit;
@@ -33,8 +34,8 @@ void CopyPadded(CharT* field, std::size_t limit, std::basic_string_view<CharT> t
   std::char_traits<CharT>::assign(field + count, limit - count, CharT());
 }
 
-// Copies `text` to a buffer of `size` characters, cut if need be and always terminated. Does nothing for a
-// buffer of no size.
+// Copies `text` to a buffer of `size` characters, truncated if necessary and always zero-terminated. Does
+// nothing if `size` is 0.
 template <typename CharT>
 void CopyTerminated(CharT* buffer, std::size_t size, std::basic_string_view<CharT> text) {
   if (size == 0) return;
@@ -43,7 +44,8 @@ void CopyTerminated(CharT* buffer, std::size_t size, std::basic_string_view<Char
   buffer[count] = CharT();
 }
 
-// Well-formed UTF-16 to UTF-8 and back. A lone surrogate, or a byte that is no UTF-8, becomes U+FFFD.
+// Convert between UTF-16 and UTF-8. An unpaired surrogate, or a byte that is not part of valid UTF-8, becomes
+// U+FFFD.
 QX_PLATFORM_API std::string ToUtf8(WStringView text);
 QX_PLATFORM_API void AppendAsUtf8(std::string& result, WStringView text);
 QX_PLATFORM_API WString FromUtf8(std::string_view text);

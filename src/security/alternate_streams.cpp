@@ -18,18 +18,18 @@ constexpr std::size_t kStreamBufferBytes = 65536;
 
 // FILE_STREAM_INFORMATION up to the name.
 struct StreamRecord {
-  u32 nextEntryOffset;  // from this record on; 0 in the last
+  u32 nextEntryOffset;  // bytes from this record to the next; 0 in the last
   u32 streamNameLength;
   s64 streamSize;
   s64 streamAllocationSize;
 };
 static_assert(sizeof(StreamRecord) == 24);
 
-// Of the process, from the first query on.
+// Set by the first query and kept until the process ends.
 std::atomic<HMODULE> ntdll{nullptr};
 std::atomic<NtQueryInformationFileFunction> queryInformationFile{nullptr};
 
-// By way of the one function type that the compiler lets be any other.
+// Casts by way of void(*)(), which may be cast to any function pointer without a compiler warning.
 NtQueryInformationFileFunction AsQuery(FARPROC function) {
   return reinterpret_cast<NtQueryInformationFileFunction>(reinterpret_cast<void (*)()>(function));
 }
@@ -60,13 +60,13 @@ AlternateStreams QueryAlternateStreams(const WCHAR* path) {
   alignas(StreamRecord) std::array<std::byte, kStreamBufferBytes> buffer;
   std::memset(buffer.data(), 0, buffer.size());
   const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  // Folders are opened with the backup privilege, which stays on, also where there is no query then.
+  // Opening folders needs the backup privilege. It stays enabled, even if the query is not available.
   if (isFolder) EnablePrivilege(W("SeBackupPrivilege"), TOKEN_ADJUST_PRIVILEGES);
   const NtQueryInformationFileFunction query = queryInformationFile.load();
   if (!query) return {};
   const FileHandle file = OpenForStreams(path, isFolder);
   if (!file.IsOpen()) return {};
-  // What the query could not fill stays zero, so its status says nothing more.
+  // The status can be ignored: records that the query could not fill stay zero.
   IO_STATUS_BLOCK status = {};
   query(file.Get(), &status, buffer.data(), static_cast<ULONG>(buffer.size()), kFileStreamInformation);
   return SumStreamRecords(buffer);

@@ -6,21 +6,23 @@
 
 #include "frame/host/host_types.h"
 
+// The number and the size of the streams.
 struct AlternateStreams {
   Velmora::SDK::u32 count = 0;
-  Velmora::SDK::u64 size = 0;  // bytes of all together
+  Velmora::SDK::u64 size = 0;  // total bytes
 };
 
-// Looks up the system's function for the query, unless it is there already. From any thread; without it files
-// have no streams.
+// Looks up NtQueryInformationFile if that has not been done. Without it, files have no streams. May be called
+// from any thread.
 void ResolveStreamQuery();
 
-// Forgets the function, as at the beginning of the process.
+// Clears the function, which restores the state at the start of the process.
 void ForgetStreamQuery();
 
-// None for what cannot be asked. 64 KiB of stack.
+// Returns the streams of a file or folder except the first record; none if they cannot be read. Uses 64 KiB
+// of stack.
 AlternateStreams QueryAlternateStreams(const WCHAR* path);
 
-// Adds up the records of a query but for the first. A chain that leaves the buffer, or whose next record
-// would begin within the one before, ends there.
+// Adds up the records of a query except the first. Stops at a record that is outside the buffer or would
+// begin within the previous one.
 AlternateStreams SumStreamRecords(std::span<const std::byte> buffer);

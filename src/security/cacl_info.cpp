@@ -9,7 +9,7 @@ namespace {
 
 struct AccessLetter {
   WCHAR letter;
-  DWORD rights;  // all of them are needed (C-503)
+  DWORD rights;  // the letter needs all of them (C-503)
 };
 
 // clang-format off
@@ -20,7 +20,8 @@ constexpr AccessLetter kAccessLetters[] = {
 };
 // clang-format on
 
-// The access list of the file's record, which is read into `record`. Null if there is none.
+// Reads the security descriptor of the file into `record` and returns its access list, which points into
+// `record`; null if there is none.
 ACL* ReadAccessList(const WString& path, std::vector<BYTE>& record) {
   DWORD needed = 0;
   GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &needed);

@@ -1,4 +1,4 @@
-// The rights of the user who runs the program on one file, from the file's access list.
+// The rights of the current user to a file, computed from the file's access list.
 #pragma once
 
 #include <forward_list>
@@ -11,15 +11,15 @@ class CACLInfo {
   explicit CACLInfo(WString path) : path_(std::move(path)) {}
   virtual ~CACLInfo() = default;
 
-  // "RWX", each letter a blank where a right is missing. Three blanks for a file that cannot be read and for
-  // one without a list (C-504).
+  // Returns "RWX" with a blank for each right that is missing. Returns three blanks if the access list cannot
+  // be read, and if the file has none (C-504).
   WString AccessText() const;
 
  private:
   WString path_;
-  // None are ever put in: the rights are asked of the file's own list.
+  // Always empty: the rights come from the file's own list.
   std::forward_list<ACCESS_MASK> entries_;
 };
 
-// The three letters of a mask of file rights.
+// Returns the three letters of a mask of file rights.
 WString AccessTextOf(DWORD mask);

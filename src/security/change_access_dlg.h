@@ -7,11 +7,11 @@
 #include "security/change_access_form.h"
 #include "security/object_picker.h"
 
-// Shows the dialog, modally, over the active window or else the host's. Returns IDOK or IDCANCEL; on OK the
-// form holds what the user chose. Find asks `pick` for a name. In the native build the form goes to whoever
-// answers dialogs there, and there is no Find.
+// Shows the modal dialog, owned by DialogOwner. Returns IDOK or IDCANCEL; after OK, `form` contains the
+// user's choice. The Find button calls `pick` for a name. In the native build the form is passed to
+// Platform::AskForm, and there is no Find button.
 INT_PTR ShowChangeAccessDlg(Velmora::SDK::IHostApp& host, ChangeAccessForm& form,
                             const AccountPicker& pick = PickAccount);
 
-// How the command asks for the dialog, so that a test can answer by editing the form.
+// The function with which the command shows the dialog. Tests replace it by one that edits the form.
 using ChangeAccessDialog = std::function<INT_PTR(Velmora::SDK::IHostApp&, ChangeAccessForm&)>;

@@ -1,4 +1,4 @@
-// The Add File Access dialog where there are no windows: its form goes to whoever answers dialogs.
+// The Add File Access dialog of the native build: passes its form to Platform::AskForm.
 #include <iterator>
 
 #include "frame/services/language_text.h"

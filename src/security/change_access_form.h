@@ -6,16 +6,17 @@
 
 struct ChangeAccessForm {
   WString userName;           // a user or group
-  int accessMask = 0x1200A9;  // of one of the levels
+  int accessMask = 0x1200A9;  // that of one of kAccessLevels
 };
 
+// One level of access: its mask, its value in the form's field, and its text.
 struct AccessLevel {
   int mask;
-  const WCHAR* word;  // what the form's field takes
+  const WCHAR* word;  // the value of the form's field
   Velmora::SDK::TextId text;
 };
 
-// In the order in which they are offered; the first is selected at the beginning.
+// The levels in the order of the dialog's list; the first is the default.
 // clang-format off
 inline constexpr AccessLevel kAccessLevels[] = {
   {0x1200A9, W("read"),   Velmora::SDK::kTextAccessDlgRead},    // read and execute

@@ -1,10 +1,10 @@
-// The user who runs the program.
+// The user who runs the process.
 #pragma once
 
 #include "platform/text.h"
 
-// The name without its domain; empty if it cannot be told.
+// Returns the name without its domain; empty if the system does not return it.
 WString CurrentUserName();
 
-// "DOMAIN\name", or the name alone where there is no domain; empty if it cannot be told.
+// Returns "DOMAIN\name", or only the name if there is no domain; empty if the system does not return it.
 WString CurrentAccountName();

@@ -9,10 +9,10 @@ namespace {
 constexpr std::size_t kDescriptorHeaderBytes = 20;
 constexpr std::size_t kSidHeaderBytes = 8;
 constexpr std::size_t kSubAuthorityBytes = 4;
-constexpr std::size_t kSubAuthorityCount = 1;  // where a SID says how many there are
+constexpr std::size_t kSubAuthorityCount = 1;  // offset of the count in a SID
 
-// Whether a part whose header says how large it is lies whole in the memory from `place` on. What it points
-// to may begin at an odd address.
+// Returns whether `bytes` contains, at `place`, a complete part whose header stores its size in `size`.
+// `place` need not be aligned.
 template <typename Header, typename Size>
 bool HoldsPart(std::span<const BYTE> bytes, const void* place, Size Header::*size) {
   const std::span<const std::byte> rest = MemoryFrom(std::as_bytes(bytes), place);

@@ -1,19 +1,19 @@
-// Whether what a security descriptor points to lies in it. The record of a file comes from the file system,
-// which may be anybody's.
+// Bounds checks for the parts of a security descriptor. The descriptor of a file comes from the file system,
+// so it is untrusted input.
 #pragma once
 
 #include <span>
 
 #include "platform/security_api.h"
 
-// The beginning of a descriptor, which says where its parts are.
+// Returns whether the bytes contain the header of a descriptor, which stores the offsets of its parts.
 bool HoldsDescriptor(std::span<const BYTE> bytes);
 
-// A whole SID within the bytes.
+// Returns whether the bytes contain the complete SID at `sid`.
 bool HoldsSid(std::span<const BYTE> bytes, const void* sid);
 
-// A whole list within the bytes, by its own size.
+// Returns whether the bytes contain the complete list at `list`, by the size in its header.
 bool HoldsList(std::span<const BYTE> bytes, const ACL* list);
 
-// An entry that lies whole within the first `used` bytes of its list.
+// Returns whether the first `used` bytes of the list contain the complete entry at `entry`.
 bool HoldsEntry(const ACL* list, DWORD used, const ACE_HEADER* entry);

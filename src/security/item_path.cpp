@@ -8,10 +8,11 @@ namespace {
 
 constexpr u32 kItemPathChars = 4096;
 
-// Whether a path that just fits is the item's own and not the beginning of a longer one: its folder and its
-// name must make it up.
+// Returns whether a path that fills the buffer is complete and not the beginning of a longer one: it must
+// equal the item's folder and name.
 bool IsWholePath(Velmora::SDK::IHostFileItem& item, const WString& path) {
-  // Not on the stack, which has the path already. A zero follows what a host fills whole.
+  // On the heap, because the path is already on the stack. Terminated even if the host fills all of its
+  // buffer.
   WString name(kItemPathChars + 1, WCHAR());
   WString folder(kItemPathChars + 1, WCHAR());
   item.GetName(name.data(), kItemPathChars);
@@ -26,7 +27,7 @@ bool IsWholePath(Velmora::SDK::IHostFileItem& item, const WString& path) {
 std::optional<WString> SecurityPathOf(Velmora::SDK::IHostFileItem& item) {
   std::array<WCHAR, kItemPathChars + 1> buffer;
   buffer.front() = WCHAR();
-  buffer.back() = WCHAR();  // a zero follows what a host fills whole
+  buffer.back() = WCHAR();  // terminated even if the host fills all of its buffer
   item.GetFullPath(buffer.data(), kItemPathChars);
   WString path = buffer.data();
   const bool mayBeCut = path.size() >= kItemPathChars - 1;

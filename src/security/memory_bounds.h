@@ -1,4 +1,4 @@
-// Pointers that come from outside, held to the memory that they are to point into.
+// Bounds checks for untrusted pointers into a block of memory.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 #include "platform/text.h"
 
-// The memory from `place` on; none if it does not lie there.
+// Returns the part of `memory` from `place` on; empty if `place` is outside of it.
 std::span<const std::byte> MemoryFrom(std::span<const std::byte> memory, const void* place);
 
-// A text of `mostChars` characters or to its zero. It may begin at an odd address.
+// Returns the text up to its terminator, at most `mostChars` characters. The text need not be aligned.
 WString TextToItsEnd(const void* text, std::size_t mostChars);

@@ -19,14 +19,14 @@ struct FreeHeap {
   void operator()(ACL* list) const { HeapFree(GetProcessHeap(), 0, list); }
 };
 
-// The error of the call that has just failed; never 0.
+// Returns the error of the call that has just failed; never 0.
 u32 FailedCallError() {
   const DWORD error = GetLastError();
   return error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE;
 }
 
-// The object type of a path for the named security functions. Only a path with a drive is a file; the others
-// get a number that the system refuses, and its error is shown to the user (C-507).
+// Returns the object type of a path for the named security functions. Only a path with a drive is a file; for
+// all others returns a type that the system refuses with an error, which is shown to the user (C-507).
 SE_OBJECT_TYPE ObjectTypeOfPath(const WString& path) {
   if (path.empty()) return SE_UNKNOWN_OBJECT_TYPE;
   return path.size() > 1 && path[1] == W(':') ? SE_FILE_OBJECT : static_cast<SE_OBJECT_TYPE>(4);
@@ -34,7 +34,7 @@ SE_OBJECT_TYPE ObjectTypeOfPath(const WString& path) {
 
 class UserSid {
  public:
-  // 0 or an error.
+  // Looks up the SID of the user. Returns 0 or an error.
   u32 LookUp(const WString& user) {
     DWORD size = static_cast<DWORD>(bytes_.size());
     std::array<WCHAR, 256> domain;
@@ -50,7 +50,7 @@ class UserSid {
   alignas(DWORD) std::array<BYTE, 256> bytes_ = {};
 };
 
-// A file's access list, in memory of our own.
+// A copy of the access list of a file.
 class NamedList {
  public:
   u32 Read(const WString& path) {
@@ -69,12 +69,13 @@ class NamedList {
 };
 
 u32 SetList(const WString& path, SECURITY_INFORMATION information, ACL* list) {
-  WString name = path;  // which is not written to
+  WString name = path;  // the function takes a non-const pointer but does not write to it
   return SetNamedSecurityInfoW(name.data(), ObjectTypeOfPath(path), information, nullptr, nullptr, list,
                                nullptr);
 }
 
-// Copies the entries of a list as ones that allow and are inherited by files and folders. 0 or an error.
+// Copies the entries of a list as entries that allow and that files and folders inherit. Returns 0 or an
+// error.
 u32 CopyAsAllowed(ACL* from, const ACL_SIZE_INFORMATION& size, ACL* to) {
   for (DWORD index = 0; index < size.AceCount; ++index) {
     void* entry = nullptr;
@@ -112,7 +113,7 @@ u32 NTFSTools::AddAccess(const WString& path, const WString& user, u32 accessMas
   const DWORD sidSize = GetLengthSid(sid.Get());
   if (sidSize == 0) return FailedCallError();
   const DWORD newSize = sidSize + 8 + size.AclBytesInUse;
-  SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // the heap itself says nothing
+  SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // HeapAlloc does not set the last error
   const std::unique_ptr<ACL, FreeHeap> list(static_cast<ACL*>(HeapAlloc(GetProcessHeap(), 0, newSize)));
   if (!list || !InitializeAcl(list.get(), newSize, ACL_REVISION)) return FailedCallError();
   if (const u32 error = CopyAsAllowed(old.Get(), size, list.get())) return error;
@@ -126,7 +127,7 @@ u32 NTFSTools::ResetAccess(const WString& path) {
   if (path.empty()) return ERROR_INVALID_PARAMETER;
   NamedList old;
   if (const u32 error = old.Read(path)) return error;
-  // A missing list would grant everything; one without entries takes its place.
+  // A missing list would grant everything, so it is replaced by an empty one.
   ACL none = {};
   ACL* const emptied = old.Get() ? old.Get() : &none;
   if (!old.Get() && !InitializeAcl(&none, sizeof none, ACL_REVISION)) return FailedCallError();

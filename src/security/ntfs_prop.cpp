@@ -29,10 +29,10 @@ constexpr PropertyDefinition kProperties[] = {
 };
 // clang-format on
 
-// The host's number of this extension, under which it keeps values.
+// The host's number of this extension, under which it stores values.
 std::atomic<u32> propertyModule = 0;
 
-// As many characters as the cell takes; a zero follows where there is room.
+// Copies the text to a cell of `textSize` characters: truncates it, and terminates it if there is room.
 void FillCell(WCHAR* text, u16 textSize, WStringView value) {
   const std::size_t count = value.copy(text, textSize);
   if (count < textSize) text[count] = WCHAR();
@@ -45,7 +45,8 @@ bool FillCell(WCHAR* text, u16 textSize, u64 number) {
   return true;
 }
 
-// Whether the host keeps a value, and if it does, whether that is one: `hasValue`.
+// Fills the cell with the value that the host has stored. Returns false if the host has stored none;
+// otherwise stores in `hasValue` whether the record has a value.
 bool FillFromStored(IHostFileItem& item, WCHAR* text, u16 textSize, u16 propertyNumber, bool& hasValue) {
   StoredProperty stored = {};
   if (item.GetStoredProperty(propertyModule, propertyNumber, &stored) == 0) return false;
@@ -84,7 +85,7 @@ bool FillStreamSize(IHostFileItem& item, WCHAR* text, u16 textSize) {
   if (!path) return false;
   ResolveStreamQuery();
   const u64 size = NTFSTools().GetAlternateStreamSize(path->c_str());
-  // No value instead of 0, so the field is empty (C-502).
+  // Returns no value instead of 0, so the cell is empty (C-502).
   return size != 0 && FillCell(text, textSize, size);
 }
 

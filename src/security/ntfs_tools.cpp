@@ -14,14 +14,15 @@ using Velmora::SDK::u64;
 
 namespace {
 
-// The server that a path names itself; empty if it names none.
+// Returns the server of a network path; empty if the path does not name a server.
 WString ServerInPath(WStringView path) {
   const std::size_t end = path.starts_with(W("\\\\")) ? path.find(W('\\'), 2) : WStringView::npos;
   return end == WStringView::npos ? WString() : WString(path.substr(2, end - 2));
 }
 
-// The owner in the record of the file, which is read into `record`. False for a record that cannot be read
-// although there is one; where the system does not say how large it is, the owner is null.
+// Reads the security descriptor of the file into `record` and stores its owner, which points into `record`.
+// Returns false if the descriptor cannot be read; returns true with a null owner if the system does not
+// return its size.
 bool ReadOwner(const WCHAR* path, std::vector<BYTE>& record, PSID& owner) {
   DWORD needed = 0;
   owner = nullptr;
@@ -40,7 +41,7 @@ bool LookUpName(const WString& server, PSID sid, WString& name) {
   DWORD domainSize = 1;
   SID_NAME_USE use;
   LookupAccountSidW(system, sid, nullptr, &nameSize, nullptr, &domainSize, &use);
-  // Not every system counts the zero.
+  // Some systems do not include the terminator in the sizes.
   ++nameSize;
   ++domainSize;
   std::vector<WCHAR> account(nameSize + std::size_t{1});

@@ -1,4 +1,4 @@
-// The system's dialog in which a user or group is chosen.
+// The system's dialog for choosing a user or group.
 #pragma once
 
 #include <functional>
@@ -6,8 +6,8 @@
 
 #include "platform/text.h"
 
-// Shows it over the window. The account as "DOMAIN\name"; nothing if none was chosen or there is no such
-// dialog. The thread must have entered a COM apartment.
+// Shows the dialog, owned by `owner` (IDsObjectPicker). Returns the account as "DOMAIN\name"; std::nullopt if
+// none was chosen or the system does not have the dialog. The calling thread must be in a COM apartment.
 std::optional<WString> PickAccount(HWND owner);
 
 using AccountPicker = std::function<std::optional<WString>(HWND owner)>;

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-// Before those that build on it.
+// Included first, because the other headers need it.
 #include <objbase.h>
 
 #include <objsel.h>
@@ -56,7 +56,7 @@ bool Initialize(IDsObjectPicker& picker) {
   return SUCCEEDED(picker.Initialize(&info));
 }
 
-// The names that were chosen, in their order.
+// Returns the chosen names, in order.
 std::vector<WString> ReadSelection(IDataObject& data) {
   FORMATETC format = {};
   format.cfFormat = static_cast<CLIPFORMAT>(RegisterClipboardFormatW(L"CFSTR_DSOP_DS_SELECTION_LIST"));

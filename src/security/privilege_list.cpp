@@ -11,7 +11,7 @@ DWORD EnablePrivilege(const WCHAR* name, DWORD tokenAccess) {
   privileges.PrivilegeCount = 1;
   privileges.Privileges[0].Attributes = SE_PRIVILEGE_ENABLED;
   if (!LookupPrivilegeValueW(nullptr, name, &privileges.Privileges[0].Luid)) return GetLastError();
-  // A success too has an error where the user has not got the privilege.
+  // The call succeeds even if the user does not have the privilege; only the last error shows it.
   AdjustTokenPrivileges(token.Get(), FALSE, &privileges, 0, nullptr, nullptr);
   return GetLastError();
 }

@@ -5,12 +5,13 @@
 
 #include "platform/text.h"
 
-// Enables a privilege for the life of the process. `tokenAccess` is how the token is opened for it. 0 or the
-// error; ERROR_NOT_ALL_ASSIGNED (1300) for a user who has not got it.
+// Enables a privilege until the process ends (AdjustTokenPrivileges). `tokenAccess` is the access with which
+// to open the token. Returns 0 or an error, ERROR_NOT_ALL_ASSIGNED (1300) if the user does not have the
+// privilege.
 DWORD EnablePrivilege(const WCHAR* name, DWORD tokenAccess);
 
-// The privileges that a command has enabled. Its destructor looks each one up and disables none: they stay
-// enabled for the life of the process (C-508).
+// The privileges that a command has enabled. The destructor looks up each one but disables none: they stay
+// enabled until the process ends (C-508).
 class PrivilegeList {
  public:
   explicit PrivilegeList(bool remembers) : remember(remembers) {}
@@ -19,5 +20,5 @@ class PrivilegeList {
   ~PrivilegeList();
 
   std::vector<WString> names;
-  bool remember;  // whether names are to be listed
+  bool remember;  // whether names are added
 };

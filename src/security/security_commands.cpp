@@ -18,7 +18,7 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// An item that can be worked on.
+// An item with a complete path.
 struct SecurityTarget {
   IHostFileItem* item;
   WString path;
@@ -38,8 +38,8 @@ std::vector<SecurityTarget> SelectTargets(IHostApp& host) {
   return targets;
 }
 
-// A denied access has a text without a number, all other errors have a text of the command with the number
-// (C-511).
+// Shows an error: for denied access a text without a number, for all other errors the text of the command
+// with the error's number (C-511).
 void ShowSecurityError(IHostApp& host, u32 error, MessageText text) {
   if (error == ERROR_SUCCESS) return;
   const bool isDenied = error == ERROR_ACCESS_DENIED;
@@ -51,7 +51,8 @@ void ShowSecurityError(IHostApp& host, u32 error, MessageText text) {
 
 bool UseElevatedHelper(IHostApp& host) { return host.IsVistaOrNewer() && !host.IsProcessElevated(); }
 
-// The helper's reply; nothing if it is not to be used or cannot be reached.
+// Sends the command to the helper and returns its reply; std::nullopt if the helper shall not be used or
+// cannot be reached.
 std::optional<u32> AskHelper(IHostApp& host, HelperMessageCode code,
                              const std::vector<SecurityTarget>& targets,
                              const std::function<void(IHostPacketWriter&)>& writeFirst) {
@@ -63,7 +64,7 @@ std::optional<u32> AskHelper(IHostApp& host, HelperMessageCode code,
   });
 }
 
-// The error of the first item that could not be changed, or 0.
+// Changes the items in order until the first error. Returns that error, or 0.
 u32 ChangeEach(const std::vector<SecurityTarget>& targets,
                const std::function<u32(const SecurityTarget&)>& change) {
   for (const SecurityTarget& target : targets) {
@@ -76,7 +77,7 @@ void RefreshView(IHostApp& host, IHostFileItem& item) {
   constexpr u32 kFolderChars = 4096;
   const HostService<IHostViewRefresh> refresh(host, kServiceViewRefresh);
   if (!refresh) return;
-  std::array<WCHAR, kFolderChars + 1> folder = {};  // a zero stands behind what a host fills whole
+  std::array<WCHAR, kFolderChars + 1> folder = {};  // terminated even if the host fills all of its buffer
   item.GetFolderPath(folder.data(), kFolderChars);
   refresh->AddFolder(folder.data());
 }

@@ -14,7 +14,8 @@ namespace {
 
 using MessagePaths = std::vector<WString>;
 
-// A count and that many paths; those that are empty are left out. The count is not trusted.
+// Reads a count and that many paths, leaving out empty ones. The count is untrusted: reading ends with the
+// payload.
 MessagePaths ReadPaths(HelperPayload& payload) {
   MessagePaths paths;
   for (u32 left = payload.ReadU32(); left > 0 && payload.IsComplete(); --left) {
@@ -23,8 +24,8 @@ MessagePaths ReadPaths(HelperPayload& payload) {
   return paths;
 }
 
-// A message that is paths alone; nothing for one that ends too early. The reader is given back before the
-// work begins.
+// Reads a message that consists of paths; returns std::nullopt if it is too short. Releases the host's reader
+// on return, before the work begins.
 std::optional<MessagePaths> ReadPathsAlone(IHostHelperMessage& message) {
   HelperPayload payload(message);
   MessagePaths paths = ReadPaths(payload);
@@ -47,7 +48,7 @@ std::optional<AddAccessRequest> ReadAddAccess(IHostHelperMessage& message) {
   return isWhole ? std::optional(std::move(request)) : std::nullopt;
 }
 
-// The error of the first path that could not be changed, or 0.
+// Changes the paths in order until the first error. Returns that error, or 0.
 u32 ChangePaths(const MessagePaths& paths, const std::function<u32(const WString&)>& change) {
   for (const WString& path : paths) {
     if (const u32 error = change(path)) return error;

@@ -1,6 +1,6 @@
-// The elevated helper's side of the File Security commands. Each reads its message, does the work as long as
-// there is no error, and replies with the error. A message that ends too early changes nothing
-// (ERROR_INVALID_DATA, 13); an empty path is passed over.
+// The File Security commands in the elevated helper process. Each function reads its message, changes the
+// paths until the first error, and replies with that error. A message that is too short changes nothing
+// (ERROR_INVALID_DATA, 13). Empty paths are skipped.
 #pragma once
 
 #include "frame/host/host_app.h"
@@ -9,8 +9,8 @@
 // 5000: count, paths. The owner becomes the user who runs the helper (C-510).
 void HandleTakeOwnership(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);
 
-// 5001: mask, user, count, paths. 13 as well for no paths. A user that is there and empty is an error of the
-// work, as in the dialog: ERROR_INVALID_PARAMETER (87).
+// 5001: mask, user, count, paths. Replies 13 also if there are no paths, and ERROR_INVALID_PARAMETER (87) for
+// an empty user, as the dialog's command does.
 void HandleAddAccess(Velmora::SDK::IHostApp* host, Velmora::SDK::IHostHelperMessage& message);
 
 // 5003: count, paths.

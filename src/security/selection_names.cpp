@@ -18,7 +18,7 @@ T ReadAt(std::span<const std::byte> memory, std::size_t offset) {
   return value;
 }
 
-// A path that lies in the memory ends with it at the latest.
+// Reads a path. If it is within the memory, it ends at the end of the memory at the latest.
 WString ReadSelectedPath(std::span<const std::byte> memory, const WCHAR* text) {
   if (!text) return {};
   const std::span<const std::byte> rest = MemoryFrom(memory, text);

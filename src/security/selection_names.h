@@ -1,4 +1,4 @@
-// What the system's object picker hands over, as names.
+// Reads the names in the result of the system's object picker.
 #pragma once
 
 #include <cstddef>
@@ -14,9 +14,10 @@ inline constexpr std::size_t kSelectionHeaderBytes = 8;
 inline constexpr std::size_t kSelectionRecordBytes = 48;
 inline constexpr std::size_t kSelectionPathOffset = 8;
 
-// The path of each record. A null path gives an empty text. Records that the memory does not hold are not
-// there, whatever the count says; a path that lies in the memory ends with it at the latest.
+// Returns the path of each record, empty for a null path. Ignores records outside the memory, whatever the
+// count says. A path within the memory ends at the end of the memory at the latest.
 std::vector<WString> NamesOfSelectionList(std::span<const std::byte> memory);
 
-// The first name as an account: without any "WinNT://", each slash a backslash. Nothing where there is none.
+// Returns the first name as an account: without "WinNT://", and with backslashes instead of slashes. Returns
+// std::nullopt if there is no name.
 std::optional<WString> AccountOfSelection(const std::vector<WString>& names);

@@ -1,6 +1,6 @@
-// The servers that drive letters are mapped to, as far as they are known in this process. Asking the network
-// may block for long, so a letter whose server is known is not asked for again until Clear. Threads that come
-// to one that is not known each ask, and so does every call for one that has no server.
+// Caches the servers that drive letters are mapped to, because a network query may block for a long time. A
+// known server is not queried again until Clear. Drives without a server are not cached, and several threads
+// may query the same unknown drive at once.
 #pragma once
 
 #include <cstddef>
@@ -11,13 +11,16 @@
 
 #include "platform/text.h"
 
-// May be used from any thread.
+// The cache of the process. May be used from any thread.
 class ServerCache {
  public:
   static ServerCache& Instance();
 
+  // Returns the server of a drive letter; std::nullopt if it is not known.
   std::optional<WString> Find(WCHAR drive);
+  // Stores the server of a drive letter.
   void Store(WCHAR drive, const WString& server);
+  // Removes all servers.
   void Clear();
 
  private:
@@ -25,10 +28,11 @@ class ServerCache {
   std::map<WCHAR, WString> servers_;
 };
 
-// The name in a buffer that WNetGetUniversalNameW has filled: a pointer, and the text somewhere after it.
-// Empty if it does not lie in the buffer; one without a zero ends with the buffer.
+// Returns the name in a buffer that WNetGetUniversalNameW has filled: a pointer, followed by the text.
+// Returns the empty text if the pointer is outside the buffer; a text without a terminator ends with the
+// buffer.
 WString UniversalNameIn(std::span<const std::byte> buffer);
 
-// The server of a name such as "\\server\share\a". Nothing for one of fewer than four characters, one that
-// does not begin with two backslashes, and one without a third.
+// Returns the server of a name such as "\\server\share\a"; std::nullopt for a name of fewer than four
+// characters, without two backslashes at the beginning, or without a third one.
 std::optional<WString> ServerOfUniversalName(WStringView name);

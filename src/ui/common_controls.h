@@ -1,13 +1,13 @@
-// Version 6 of the common controls for the windows of the module, whatever its host asks for: cue banners and
-// themed controls need it. The wish lies in the module's own manifest.
+// Selects version 6 of the common controls for the module's windows, whichever version the host uses. Cue
+// banners and themed controls need it. The module's manifest requests it.
 #pragma once
 
 #include "platform/windows_api.h"
 
 namespace Ui {
 
-// While it lives, windows that the thread creates get the controls of version 6. Scopes nest, and end in the
-// reverse order. Where the system refuses, the older controls serve.
+// While the object lives, windows that the calling thread creates use version 6 (ActivateActCtx). Scopes may
+// nest and must end in reverse order. If the system refuses, the older controls are used.
 class CommonControlsScope {
  public:
   CommonControlsScope();

@@ -10,7 +10,7 @@ namespace {
 
 LPARAM Pointer(const WCHAR* text) { return reinterpret_cast<LPARAM>(text); }
 
-// A null pointer would mean something else to some messages.
+// Returns the text of `id`, and the empty text instead of null, which has another meaning for some messages.
 const WCHAR* TextOf(const TextSource& texts, std::uint32_t id) {
   const WCHAR* text = texts(id);
   return text ? text : W("");
@@ -18,8 +18,8 @@ const WCHAR* TextOf(const TextSource& texts, std::uint32_t id) {
 
 HWND Find(HWND dialog, int control) { return control == kTitle ? dialog : GetDlgItem(dialog, control); }
 
-// The open list is made as wide as its longest row, within the screen: a long name is read whole there though
-// the field cuts it off.
+// Makes the drop-down list as wide as its longest row, up to the width of the work area, so that long names
+// that the field truncates are readable in the list.
 void FitList(HWND combo, int longestRow) {
   MONITORINFO monitor = {};
   monitor.cbSize = sizeof(monitor);
@@ -30,7 +30,8 @@ void FitList(HWND combo, int longestRow) {
   SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 
-// The system selects the text of each control that says it has a selection; this one no longer says so.
+// Removes DLGC_HASSETSEL from the control's reply to WM_GETDLGCODE: the dialog manager selects all text of
+// controls that report it.
 LRESULT CALLBACK KeepingSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                   DWORD_PTR) {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, KeepingSelection, id);
@@ -44,7 +45,7 @@ WString GetText(HWND control) {
   const LRESULT length = SendMessageW(control, WM_GETTEXTLENGTH, 0, 0);
   if (length <= 0) return {};
   WString text(static_cast<std::size_t>(length) + 1, WCHAR());
-  // The length told may be more than what there is, so the count that was copied decides.
+  // WM_GETTEXTLENGTH may return more than the text's length, so use the count that WM_GETTEXT returns.
   const LRESULT copied =
       SendMessageW(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   text.resize(static_cast<std::size_t>(std::clamp<LRESULT>(copied, 0, length)));
@@ -71,7 +72,7 @@ void SetCueBanners(HWND dialog, std::span<const ControlText> rows, const TextSou
     if (!GetComboBoxInfo(control, &combo)) {
       SendMessageW(control, EM_SETCUEBANNER, FALSE, text);
     } else if (SendMessageW(control, CB_SETCUEBANNER, 0, text) != TRUE) {
-      // Some systems know the hint in edit controls alone; the edit field of the combo box is one.
+      // Some systems support cue banners only in edit controls, such as the edit field of the combo box.
       SendMessageW(combo.hwndItem, EM_SETCUEBANNER, FALSE, text);
     }
   }
@@ -129,7 +130,8 @@ void MarkRadio(HWND dialog, std::span<const RadioRow> rows, int data) {
   for (const RadioRow& row : rows) {
     CheckDlgButton(dialog, row.control, row.data == data ? BST_CHECKED : BST_UNCHECKED);
   }
-  // The tab key reaches the group at its marked button: a button that loses its mark is no tab stop any more.
+  // The tab key moves the focus to the checked button of a group; without one no button is a tab stop, so
+  // make the first one a tab stop.
   if (rows.empty() || MarkedRadio(dialog, rows) != kNoRow) return;
   const HWND first = GetDlgItem(dialog, rows.front().control);
   if (first) SetWindowLongW(first, GWL_STYLE, GetWindowLongW(first, GWL_STYLE) | WS_TABSTOP);
@@ -161,7 +163,7 @@ void EnableControl(HWND dialog, int control, bool enabled) {
 int TextWidth(HWND control, const WString& text) {
   const HDC dc = GetDC(control);
   if (!dc) return 0;
-  // A control without a font of its own draws in the system's, which is what the context has.
+  // A control without a font draws with the system font, which the device context has by default.
   const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
   const HGDIOBJ before = font ? SelectObject(dc, font) : nullptr;
   RECT area = {};

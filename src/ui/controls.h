@@ -1,5 +1,5 @@
-// What dialogs do with their controls. A control is named by its window or by its dialog and number; one that
-// is not there is passed over. Texts are of any length that the control holds.
+// Operations on the controls of dialogs. A control is given by its window handle, or by its dialog and
+// number; a control that does not exist is ignored. The length of texts is not limited.
 #pragma once
 
 #include <cstdint>
@@ -11,71 +11,77 @@
 
 namespace Ui {
 
-// Gives the text of a number of the language table. Null counts as the empty text, or leaves the one that the
-// dialog's template has. The text is used before the next is asked for.
+// Returns the text of an id of the language table. Null means the empty text or, for SetTexts, keeps the text
+// of the dialog's template. A text is used before the function is called again.
 using TextSource = std::function<const WCHAR*(std::uint32_t id)>;
 
-// The text of a control; for an editable combo box, of its edit field.
+// Get or set the text of a control; of the edit field for an editable combo box.
 WString GetText(HWND control);
 void SetText(HWND control, const WString& text);
 
-// Stands for the dialog itself in a table of texts: its title.
+// The number of the dialog's title in a table of texts.
 constexpr int kTitle = 0;
 
+// A control and the id of its text.
 struct ControlText {
   int control;
   std::uint32_t text;
 };
+// Sets the texts of controls, and of the dialog's title for kTitle.
 void SetTexts(HWND dialog, std::span<const ControlText> rows, const TextSource& texts);
 
-// The hint in an empty field of an edit control or an editable combo box. Needs version 6 of the common
-// controls.
+// Sets the hints that empty edit controls and editable combo boxes show (EM_SETCUEBANNER, CB_SETCUEBANNER).
+// Needs version 6 of the common controls.
 void SetCueBanners(HWND dialog, std::span<const ControlText> rows, const TextSource& texts);
 
-// Rows of a combo box, told apart by their item data. No row is selected after filling.
+// One row of a combo box, identified by its item data. After filling, no row is selected.
 struct ComboRow {
   int data;
   std::uint32_t text;
 };
 void FillComboBox(HWND combo, std::span<const ComboRow> rows, const TextSource& texts);
 
-// The strings that an editable combo box offers, in their order; the edit field stays as it is.
+// Sets the strings of the list of an editable combo box, in their order. Does not change the edit field.
 void FillHistory(HWND combo, const std::vector<WString>& strings);
 
-// The item data of the selected row; kNoRow when none is.
+// SelectedData returns the item data of the selected row; kNoRow if no row is selected.
 constexpr int kNoRow = -1;
 int SelectedData(HWND combo);
 // Selects the first row with this item data, or no row if there is none.
 void SelectData(HWND combo, int data);
 
-// The radio buttons of one group, told apart by their data as rows of a combo box are.
+// One radio button of a group, identified by its data as the rows of a combo box are.
 struct RadioRow {
   int control;
   int data;
 };
-// The data of the marked button; kNoRow when none is.
+// Returns the data of the checked button; kNoRow if no button is checked.
 int MarkedRadio(HWND dialog, std::span<const RadioRow> rows);
-// Marks the button with this data and no other. Without one the tab key leads to the first.
+// Checks the button with this data and unchecks all others. If no button has it, the first button becomes the
+// tab stop of the group.
 void MarkRadio(HWND dialog, std::span<const RadioRow> rows, int data);
 
-// How much the user can enter in an edit control, in characters. What the program sets may be longer.
+// The most characters that the user can enter in an edit control (EM_LIMITTEXT). Texts that the program sets
+// may be longer.
 struct TextLimit {
   int control;
   std::size_t characters;
 };
 void LimitTexts(HWND dialog, std::span<const TextLimit> rows);
 
-// The tab key and the opening of a dialog select all of an edit control's text; this one keeps its selection.
+// Makes an edit control keep its selection when it gets the focus by the tab key or when the dialog opens. By
+// default the dialog manager then selects all of its text.
 void KeepSelection(HWND edit);
 
-// Sets the text of a control unless it is there already: a field that is being edited keeps its caret.
+// Sets the text of a control if it differs from the present one, so that a field that is being edited keeps
+// its caret.
 void UpdateText(HWND control, const WString& text);
 
-// Greys a control out or back. The focus goes on to the next one if it would stay on a grey control, where no
-// key could move it.
+// Enables or disables a control. If the control to be disabled has the focus, first moves the focus to the
+// next control, as the keyboard cannot move it away from a disabled control.
 void EnableControl(HWND dialog, int control, bool enabled);
 
-// Width of the longest line of a text in the control's own font, in pixels.
+// Returns the width of the longest line of a text in the control's font, in pixels.
 int TextWidth(HWND control, const WString& text);
 
 }  // namespace Ui

@@ -11,12 +11,12 @@ namespace Ui {
 
 namespace {
 
-// Changes are told a message later: when a combo box tells of a new selection its edit field has the old
+// Posted to call OnChange later: when a combo box reports a new selection, its edit field still has the old
 // text.
 constexpr UINT kChangeMessage = WM_APP + 1;
 
-// The window has got another scale or another screen, and by now all its controls have their new places. The
-// first parameter is whether it may be moved.
+// Posted after the scale or the screen of the window has changed; when it arrives, all controls have their
+// new positions. wParam says whether the window may be moved.
 constexpr UINT kFitMessage = WM_APP + 2;
 
 constexpr int kChanges[] = {BN_CLICKED, CBN_SELCHANGE, CBN_EDITCHANGE, EN_CHANGE};
@@ -38,13 +38,13 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPA
     SetWindowLongPtrW(window, DWLP_USER, lParam);
     reinterpret_cast<Dialog*>(lParam)->window_ = window;
   }
-  // Some messages come before WM_INITDIALOG and find no object yet.
+  // Some messages arrive before WM_INITDIALOG, which stores the object.
   auto* self = reinterpret_cast<Dialog*>(GetWindowLongPtrW(window, DWLP_USER));
   if (!self) return FALSE;
   try {
     return self->Handle(message, wParam, lParam);
   } catch (...) {
-    // The first is what went wrong; later ones come of it.
+    // Keep the first exception; later ones are consequences of it.
     if (!self->failure_) self->failure_ = std::current_exception();
     EndDialog(window, IDCANCEL);
     return TRUE;
@@ -60,7 +60,7 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       HandleCommand(LOWORD(wParam), HIWORD(wParam));
       return TRUE;
     case WM_CTLCOLORSTATIC:
-      // Of the few messages whose answer is the procedure's own.
+      // For this message the dialog procedure returns the result itself instead of setting DWLP_MSGRESULT.
       return reinterpret_cast<INT_PTR>(
           OnColorStatic(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)), reinterpret_cast<HDC>(wParam)));
     case kChangeMessage:
@@ -70,9 +70,9 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DPICHANGED:
       scrollArea_.ScrollToTop();
       OnScale(HIWORD(wParam));
-      // The user may be dragging the window from one monitor to the other, so its place stays theirs.
+      // The user may be dragging the window from one monitor to another, so do not move it.
       PostMessageW(window_, kFitMessage, FALSE, 0);
-      return FALSE;  // the system goes on to scale the window
+      return FALSE;  // the system then scales the window
     case WM_DISPLAYCHANGE:
     case WM_SETTINGCHANGE:
       PostMessageW(window_, kFitMessage, TRUE, 0);
@@ -86,9 +86,9 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-// Returns whether the system is to set the focus, on the first control of the tab order.
+// Returns whether the system shall set the focus to the first control of the tab order.
 BOOL Dialog::Start() {
-  // Before OnInit as well: what the screen has room for depends on the monitor.
+  // Move the window before OnInit as well, because the available space depends on the monitor.
   CenterOverOwner(window_);
   OnInit();
   OnChange();

@@ -10,12 +10,13 @@ namespace {
 
 constexpr UINT_PTR kScrollWatch = 4;
 
-// The system's own notification comes for some of the reasons alone, and before the text has moved.
+// Compares the scroll position after each message: the system sends EN_HSCROLL only for some causes, and
+// before the text has moved.
 LRESULT CALLBACK OnScrolledMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                    DWORD_PTR before) {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, OnScrolledMessage, id);
   const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-  // What ScrolledPixels itself sends.
+  // ScrolledPixels sends these messages itself.
   if (message == WM_NCDESTROY || message == EM_POSFROMCHAR || message == EM_GETRECT) return result;
   const auto now = static_cast<DWORD_PTR>(ScrolledPixels(window));
   if (now == before) return result;
@@ -47,7 +48,8 @@ int ScrolledPixels(HWND edit) {
   if (place == kNoCharacter) return 0;
   RECT room = {};
   SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
-  // The place has 16 bits, and the first character is never to the right of the edge but for its own margin.
+  // The position has only 16 bits and wraps. The first character is at most a margin's width to the right of
+  // the edge, so a larger difference is a distance to the left.
   constexpr std::uint16_t kWidestMargin = 64;
   const auto pixels = static_cast<std::uint16_t>(room.left - LOWORD(place));
   const auto below = static_cast<std::uint16_t>(-pixels);

@@ -1,23 +1,24 @@
-// What shows of the text of an edit control: tab stops, margin, and how far it is scrolled.
+// How an edit control displays its text: tab stops, margin, scroll position.
 #pragma once
 
 #include "platform/windows_api.h"
 
 namespace Ui {
 
-// Sets a tab stop after each so many characters of a multi-line edit control, counted in the average width of
-// its font. With 1, and a font whose characters are equally wide, a tab is as wide as any other character.
+// Sets tab stops at every multiple of `characters` average character widths in a multi-line edit control
+// (EM_SETTABSTOPS). With 1 and a fixed-pitch font, a tab is as wide as any other character.
 void SetTabWidth(HWND edit, int characters);
 
-// Pixels between the edge of an edit control and its text. A new font may change them.
+// Get or set the distance between the left edge of an edit control and its text, in pixels. Setting a font
+// may change it.
 int LeftMarginOf(HWND edit);
 void SetLeftMargin(HWND edit, int pixels);
 
-// How many pixels of its text a multi-line edit control has scrolled away to the left, counted up to 65535.
+// Returns by how many pixels the text of a multi-line edit control is scrolled to the left, modulo 65536.
 int ScrolledPixels(HWND edit);
 
-// From then on the control's dialog gets Dialog::OnScroll each time ScrolledPixels has changed, whatever the
-// reason: the scroll bar, the wheel, the caret, a mark drawn with the mouse, or another text.
+// Makes the control's dialog call Dialog::OnScroll each time ScrolledPixels has changed, for whatever reason:
+// the scroll bar, the wheel, the caret, a selection with the mouse, or a new text.
 void WatchScroll(HWND edit);
 
 }  // namespace Ui

@@ -26,7 +26,7 @@ void Font::SetFor(HWND control) {
 }
 
 void Font::SetScale(int pixelsOfAnInch) {
-  // A height below zero is that of the characters, without the space above them.
+  // A negative height is that of the characters, without internal leading.
   const HFONT made = CreateFontW(-MulDiv(points_, pixelsOfAnInch, kPointsOfAnInch), 0, 0, 0, FW_NORMAL, FALSE,
                                  FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
                                  CLEARTYPE_QUALITY, FIXED_PITCH | FF_MODERN, name_);

@@ -1,4 +1,4 @@
-// Fonts that a dialog makes for its own controls.
+// Fonts that a dialog creates for single controls.
 #pragma once
 
 #include "platform/screen_scale.h"
@@ -8,22 +8,22 @@ namespace Ui {
 
 using ::PixelsOfAnInch;
 
-// The font of one control, by name and size; its characters are all equally wide. It is deleted with its
-// owner, which must outlive the control. Where the system has not got the name, it takes another such font;
-// where it makes none, the control keeps its own.
+// A fixed-pitch font for one control, given by name and size. The object owns the font and must outlive the
+// control. If the system does not have the named font, it uses another fixed-pitch one; if it cannot create a
+// font, the control keeps its present one.
 class Font {
  public:
-  // Regular weight, ClearType.
+  // The font has regular weight and uses ClearType. `name` must outlive the object.
   Font(const WCHAR* name, int points) : name_(name), points_(points) {}
   Font(const Font&) = delete;
   Font& operator=(const Font&) = delete;
   ~Font();
 
-  // Gives the font to a control, once. The control refuses any other one from then on: when a dialog comes to
-  // a monitor of another scale the system hands the dialog's own font to all of its controls.
+  // Sets the font of a control; called once. From then on the control ignores other fonts, because the system
+  // sets the dialog's font in all controls when the dialog moves to a monitor with another resolution.
   void SetFor(HWND control);
 
-  // Makes the font anew for a monitor of this scale.
+  // Creates the font again for a monitor with this resolution, in pixels per inch.
   void SetScale(int pixelsOfAnInch);
 
  private:

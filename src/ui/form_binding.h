@@ -1,4 +1,4 @@
-// Ties the controls of a dialog to the members of its form by tables, one row a control.
+// Binds the controls of a dialog to the members of its form by tables with one row for each control.
 #pragma once
 
 #include <span>
@@ -9,16 +9,16 @@
 
 namespace Ui {
 
-// One member of a form and the control that shows it. The member's type says how: a text is that of an edit
-// control or of the edit field of a combo box, a bool is the mark of a check box, an int is the item data of
-// the selected row of a combo box.
+// One member of a form and the control that shows it. The type of the member determines how: a WString is the
+// text of an edit control or of the edit field of a combo box, a bool the state of a check box, an int the
+// item data of the selected row of a combo box.
 template <typename Form>
 struct Field {
   int control;
   std::variant<WString Form::*, bool Form::*, int Form::*> member;
 };
 
-// When a control is enabled.
+// The condition under which a control is enabled.
 template <typename Form>
 struct EnableRule {
   int control;
@@ -37,7 +37,7 @@ inline void ReadValue(HWND control, bool& value) {
 }
 inline void ReadValue(HWND control, int& value) { value = SelectedData(control); }
 
-// Shows the members in their controls. Lists are filled before.
+// Sets the controls from the members. Fill the lists of combo boxes first.
 template <typename Form>
 void LoadFields(HWND dialog, std::type_identity_t<std::span<const Field<Form>>> fields, const Form& form) {
   for (const Field<Form>& field : fields) {
@@ -46,7 +46,7 @@ void LoadFields(HWND dialog, std::type_identity_t<std::span<const Field<Form>>> 
   }
 }
 
-// Stores what the controls show in the members.
+// Sets the members from the controls.
 template <typename Form>
 void ReadFields(HWND dialog, std::type_identity_t<std::span<const Field<Form>>> fields, Form& form) {
   for (const Field<Form>& field : fields) {

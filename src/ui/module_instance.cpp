@@ -4,14 +4,14 @@ namespace Ui {
 
 namespace {
 
-// Stands in the module, whichever that is; its address leads there.
+// An object of this module, whose address identifies the module.
 const char anchor = 0;
 
 }  // namespace
 
 HINSTANCE ModuleInstance() {
   HMODULE module = nullptr;
-  // The use count stays as it is: this code runs, so its module is loaded.
+  // The reference count need not change: the module is loaded while its code runs.
   constexpr DWORD kFlags =
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
   GetModuleHandleExW(kFlags, reinterpret_cast<LPCWSTR>(&anchor), &module);

@@ -1,5 +1,5 @@
-// The module that holds this code. It is a library in another's process, so the instance of the process is
-// not the one that holds its dialogs.
+// The handle of the module that contains this code. The module is a library in the host's process, so its
+// dialogs are not resources of the process's executable.
 #pragma once
 
 #include "platform/windows_api.h"

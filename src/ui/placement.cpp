@@ -6,13 +6,13 @@ namespace Ui {
 
 namespace {
 
-// The place nearest to `place` that keeps a window of this size between `from` and `to`, its beginning
-// visible above all.
+// Returns the position nearest to `place` at which a window of this size is between `from` and `to`. If the
+// window is larger, its beginning is visible.
 LONG Inside(LONG place, LONG size, LONG from, LONG to) { return std::max(from, std::min(place, to - size)); }
 
 LONG Middle(LONG from, LONG to, LONG size) { return from + (to - from - size) / 2; }
 
-// Gives the window the place nearest to this one in the work area.
+// Moves the window to the position in the work area that is nearest to (x, y).
 void MoveNear(HWND window, const RECT& own, LONG x, LONG y, const RECT& work) {
   SetWindowPos(window, nullptr, Inside(x, own.right - own.left, work.left, work.right),
                Inside(y, own.bottom - own.top, work.top, work.bottom), 0, 0,
@@ -34,7 +34,7 @@ void CenterOverOwner(HWND window) {
   RECT own = {};
   if (IsRectEmpty(&work) || !GetWindowRect(window, &own)) return;
   RECT base = work;
-  // A hidden or minimised owner has no place that the user sees.
+  // The position of a hidden or minimised owner is not visible to the user.
   if (owner && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &base);
   MoveNear(window, own, Middle(base.left, base.right, own.right - own.left),
            Middle(base.top, base.bottom, own.bottom - own.top), work);

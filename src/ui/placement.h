@@ -1,19 +1,19 @@
-// Where a dialog is on the screen.
+// The position of dialogs on the screen.
 #pragma once
 
 #include "platform/windows_api.h"
 
 namespace Ui {
 
-// The part of the monitor that windows may take; the monitor is the one that shows the window or is nearest
-// to it. Empty if the system does not say.
+// Returns the work area of the monitor that shows the window or is nearest to it (GetMonitorInfoW), in screen
+// coordinates; empty if the system does not report it.
 RECT WorkAreaOf(HWND window);
 
-// Puts a window in the middle of its owner, or of the work area if no owner can be seen. The window stays in
-// the work area of the owner's monitor; of one that is larger the beginning shows.
+// Centres a window over its owner, or in the work area if it has no visible owner. Keeps the window within
+// the work area of the owner's monitor; if the window is larger, its upper left corner is visible.
 void CenterOverOwner(HWND window);
 
-// Moves a window into its work area, by no more than that takes.
+// Moves a window into its work area by the shortest distance.
 void MoveInside(HWND window);
 
 }  // namespace Ui

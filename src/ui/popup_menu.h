@@ -1,4 +1,4 @@
-// Menus that a dialog opens for one choice.
+// Pop-up menus of dialogs.
 #pragma once
 
 #include <optional>
@@ -8,19 +8,19 @@
 
 namespace Ui {
 
-// Opens a menu of these texts at the mouse and waits for the choice: the number of the text, from 0. Nothing
-// if the menu was left without a choice.
+// Shows a menu of these texts at the mouse pointer and waits until it closes. Returns the index of the chosen
+// text; std::nullopt if none was chosen.
 std::optional<std::size_t> ChooseFromMenu(HWND owner, const std::vector<WString>& texts);
 
-// A line of a menu. Number 0 is a separator.
+// One entry of a menu. An entry with the number 0 is a separator.
 struct MenuRow {
   int number;
   WString text;
 };
 
-// The same with lines that have numbers of their own, at a position of the screen; 0 without a choice. The
-// menu leaves `button`, a rectangle of the screen, free where the monitor has room above or below it; null
-// for no such rectangle.
+// Shows a menu at a position of the screen and waits until it closes. Returns the number of the chosen entry;
+// 0 if none was chosen. If `button`, a rectangle in screen coordinates, is not null, the menu does not cover
+// it as long as there is room above or below it.
 int ShowMenuAt(HWND owner, POINT position, const std::vector<MenuRow>& rows, const RECT* button = nullptr);
 
 }  // namespace Ui

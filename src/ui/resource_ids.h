@@ -1,9 +1,10 @@
-// Numbers of the module's resources, for the code and for the resource script alike: macros only, one table.
-// Controls have theirs in the header of their dialog. IDOK and IDCANCEL are Windows' own.
+// The numbers of the module's resources, for the code and the resource script; so this file contains only
+// macros. The numbers of controls are in the header of their dialog. IDOK and IDCANCEL are those of Windows.
 #pragma once
 
-// The manifest that asks for version 6 of the common controls. The number is Windows' own for the manifest of
-// a library (ISOLATIONAWARE_MANIFEST_RESOURCE_ID), so the library's own imports are bound by it too.
+// The manifest that requests version 6 of the common controls. It has the number that Windows defines for the
+// manifest of a library (ISOLATIONAWARE_MANIFEST_RESOURCE_ID), so it also applies to the imports of the
+// library.
 #define QX_MANIFEST 2
 
 // Dialogs.

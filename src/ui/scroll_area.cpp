@@ -12,7 +12,7 @@ namespace {
 
 constexpr UINT_PTR kFocusWatch = 2;
 
-// Dialog units: the margin below the last control, and what one step scrolls.
+// The margin below the last control and the distance of one scroll step, in dialog units.
 constexpr LONG kScrollMargin = 7;
 constexpr LONG kScrolledLine = 14;
 
@@ -28,7 +28,7 @@ RECT PlaceInDialog(HWND dialog, HWND control) {
   return area;
 }
 
-// The lower edge of the lowest control.
+// Returns the lower edge of the lowest control, in pixels.
 LONG LowestEdge(HWND dialog) {
   LONG lowest = 0;
   for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
@@ -74,7 +74,7 @@ void ScrollArea::ScrollByWheel(int turned) {
   SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
   const LONG step = lines == WHEEL_PAGESCROLL ? PageHeight() : static_cast<LONG>(lines) * LineHeight();
   if (step <= 0) return;
-  // A fine wheel turns by parts of a notch, which add up.
+  // High-resolution wheels report parts of a notch; add them up.
   wheel_ += turned;
   const int pixels = MulDiv(wheel_, step, WHEEL_DELTA);
   wheel_ -= MulDiv(pixels, WHEEL_DELTA, step);
@@ -108,7 +108,8 @@ void ScrollArea::ShowBar() {
   SetScrollInfo(dialog_, SB_VERT, &info, TRUE);
 }
 
-// The focus goes where the tab key leads, in view or not. The field of a combo box is a window inside it.
+// Watches all controls, because the tab key may move the focus to one that is scrolled out of view. Includes
+// the edit field of a combo box, which is a child window of it.
 void ScrollArea::WatchFocus() {
   EnumChildWindows(
       dialog_,
@@ -123,7 +124,7 @@ LRESULT CALLBACK ScrollArea::OnControlMessage(HWND window, UINT message, WPARAM 
                                               UINT_PTR id, DWORD_PTR area) {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, OnControlMessage, id);
   const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-  // What is being clicked must not move away from under the mouse.
+  // A control that is being clicked must not move away from the mouse pointer.
   if (message == WM_SETFOCUS && GetKeyState(VK_LBUTTON) >= 0) {
     reinterpret_cast<ScrollArea*>(area)->ShowControl(window);
   }
@@ -154,8 +155,8 @@ void ScrollArea::ScrollTo(LONG position) {
   SetScrollPos(dialog_, SB_VERT, position_, TRUE);
 }
 
-// The system's own function moves nothing while the window is hidden, and the focus is set before it is
-// shown.
+// Does not use ScrollWindowEx, which moves nothing while the window is hidden: the focus is set before the
+// window is shown.
 void ScrollArea::MoveControls(LONG pixels) {
   constexpr UINT kPlaceOnly = SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
   for (HWND child = GetWindow(dialog_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {

@@ -1,37 +1,38 @@
-// Keeps a dialog usable whose controls need more height than the screen has: at a large scale, or where a
-// small screen meets long texts. The window is then as high as the work area and scrolls.
+// Makes a dialog scroll if its controls are higher than the screen, for example at a large scale or with long
+// texts on a small screen. The window is then as high as the work area.
 #pragma once
 
 #include "platform/windows_api.h"
 
 namespace Ui {
 
-// One for each dialog; it must outlive the window. Without a window it does nothing.
+// The scroll area of one dialog. It must outlive the window. Does nothing before Fit has been called.
 class ScrollArea {
  public:
   ScrollArea() = default;
   ScrollArea(const ScrollArea&) = delete;
   ScrollArea& operator=(const ScrollArea&) = delete;
 
-  // Makes the dialog no higher than the work area. If its controls need more, it gets a scroll bar, beside
-  // the width that it has; if they no longer do, it loses the bar. Scrolls to the top. Called once the
-  // controls have their places, and each time those or the screen have changed.
+  // Limits the height of the dialog to that of the work area. Adds a scroll bar if the controls need more
+  // height, which widens the window by the bar, and removes the bar if they no longer do. Scrolls to the top.
+  // Call it after the controls have been placed, and each time their positions or the screen have changed.
   void Fit(HWND dialog);
 
-  // Returns true if the message was the scroll bar's or the wheel's, and is done.
+  // Handles messages of the scroll bar and the mouse wheel. Returns true if it has handled the message.
   bool Handle(UINT message, WPARAM wParam);
 
-  // Before the system gives the controls other places: they are where they would be without a scroll bar.
+  // Scrolls to the top. Call it before the system moves the controls, which it expects at their unscrolled
+  // positions.
   void ScrollToTop() { ScrollTo(0); }
 
  private:
   static LRESULT CALLBACK OnControlMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                            UINT_PTR id, DWORD_PTR area);
-  // Gives the window this height inside, with the bar or without it.
+  // Sets the height of the client area, in pixels, with or without the bar.
   void Resize(LONG clientHeight, bool withBar);
   void ShowBar();
   void WatchFocus();
-  // Scrolls until the control shows, its top above all.
+  // Scrolls until the control is visible; at least its top.
   void ShowControl(HWND control);
   void ScrollTo(LONG position);
   void MoveControls(LONG pixels);
@@ -42,9 +43,9 @@ class ScrollArea {
 
   HWND dialog_ = nullptr;
   bool hasBar_ = false;
-  LONG contentHeight_ = 0;  // pixels that the controls take, with the margins above and below
-  LONG position_ = 0;       // pixels of the content above the window's top
-  int wheel_ = 0;           // what the wheel has turned, less what was scrolled for it
+  LONG contentHeight_ = 0;  // height of the controls with the margins above and below, in pixels
+  LONG position_ = 0;       // how far the content is scrolled, in pixels
+  int wheel_ = 0;           // wheel movement for which nothing has been scrolled yet
 };
 
 }  // namespace Ui

@@ -11,7 +11,7 @@
 #include "platform/posix/user_interface.h"
 
 // Answers each dialog by a function for its lifetime. Boxes are not answered.
-class DialogAnswer final : public Platform::UserInterface {
+class DialogAnswer : public Platform::UserInterface {
  public:
   using Function = std::function<INT_PTR(Platform::FormRequest&)>;
   explicit DialogAnswer(Function function)

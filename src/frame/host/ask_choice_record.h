@@ -1,5 +1,5 @@
-// The record of IHostApp::AskChoice. It crosses to the host, so its layout is fixed to the byte; all bytes
-// not named are zero.
+// The record of IHostApp::AskChoice. It is passed to the host, so its layout is fixed to the byte; unnamed
+// bytes are zero.
 #pragma once
 
 #include <cstddef>
@@ -10,13 +10,13 @@ namespace Velmora::SDK {
 
 struct AskChoiceRecord {
   std::uint8_t reserved0[8] = {};
-  WCHAR caption[64] = {};  // no terminator when it is full
+  WCHAR caption[64] = {};  // not terminated if the text fills it
   WCHAR prompt[256] = {};  // likewise
   std::uint8_t reserved1[1536] = {};
   WCHAR result[256] = {};  // written by the host: the text of the chosen row
   s32 selected = 0;        // the row selected at the start
   std::uint8_t reserved2[516] = {};
-  IHostStringList* choices = nullptr;  // the rows; the caller's
+  IHostStringList* choices = nullptr;  // the rows; owned by the caller
   std::uint8_t reserved3[8] = {};
 };
 

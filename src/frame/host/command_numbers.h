@@ -1,6 +1,6 @@
-// The numbers of the module's commands. The menu hands them to the host, which calls the extension's
-// OnCommand with one; a script command's number comes with its call. Users' key assignments, tool bars and
-// scripts keep these numbers, so a number never changes its meaning.
+// The numbers of the module's commands. The menu declares them to the host, which passes one to the
+// extension's OnCommand; the number of a script command is in its call. Users' key assignments, tool bars and
+// scripts store these numbers, so a number must never change its meaning.
 #pragma once
 
 #include "frame/host/host_types.h"
@@ -8,12 +8,12 @@
 namespace Velmora::SDK {
 
 enum CommandNumber : s32 {
-  // Every extension with commands knows these two.
-  kCommandShutdown = 20002,  // the host is closing the extension: calls its OnShutdown
-  kCommandIgnored = 20500,   // returns 0, as a number that is unknown
+  // Every extension with commands handles these two.
+  kCommandShutdown = 20002,  // the host closes the extension: calls its OnShutdown
+  kCommandIgnored = 20500,   // returns 0, like an unknown number
 
-  // The items of the control panel: this number and the row of the item. All of the range are handled, those
-  // without an item by doing nothing (C-461).
+  // The items of the control panel: the number of an item is this one plus its row id. Numbers of the range
+  // without an item are handled and do nothing (C-461).
   kCommandFirstControlPanel = 6100,
   kCommandLastControlPanel = 7100,
 
@@ -56,16 +56,15 @@ enum CommandNumber : s32 {
   kCommandAddAccess = 30311,
   kCommandCreateLink = 30350,
 
-  // The commands of scripts, which the menu does not have.
+  // The script commands, which are not in the menu.
   kScriptCreateLink = 30351,
   kScriptSortLines = 30352,
   kScriptFindAndReplace = 30353,
 
   // The window of MultiRename.
   kCommandMultiRename = 31000,
-  // MultiRename's window has the host send this one to its extension, to read the selection on the main
-  // thread. The
-  // second argument is the event that says that it is done.
+  // Posted by MultiRename's window by way of the host to its extension, to read the selection on the main
+  // thread. The second argument is the event that the extension sets afterwards.
   kCommandReadSelection = 32000,
 };
 

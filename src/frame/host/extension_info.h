@@ -1,6 +1,6 @@
-// The record that GetExtensionInfo fills, and the three exported functions. The layout crosses to the host
-// and is fixed to the byte. Texts are copied up to a limit, padded with zeros up to it, and have no
-// terminator when they fill it.
+// The record that GetExtensionInfo fills, and the three exported functions. The record is passed to the host,
+// so its layout is fixed to the byte. Texts are truncated at a limit, padded with zeros up to it, and not
+// terminated if they fill it.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@ struct ExtensionInfo {
   WCHAR name[100];
   WCHAR author[100];
   WCHAR webAddress[100];
-  WCHAR description[250];  // the copy stops at 160 characters all the same
+  WCHAR description[250];  // truncated to 160 characters
   WCHAR moduleName[100];
   char version[10];
   char id[34];
@@ -43,18 +43,19 @@ static_assert(offsetof(ExtensionInfo, extraText2) == 2400);
 static_assert(offsetof(ExtensionInfo, extraValue) == 5472);
 static_assert(sizeof(ExtensionInfo) == 5480);
 
-// The number of extensions in the module: the indices are 0 to 2.
+// The number of extensions in the module. Their indices are 0 to 2.
 constexpr s32 kExtensionCount = 3;
 
 }  // namespace Velmora::SDK
 
-// The only names that the module exports. They report through their results alone and throw nothing.
+// The only functions that the module exports. They throw no exceptions.
 extern "C" {
-// A new extension object of that index as its base class (IPluginInterface for 0 and 2, IFileProperties for
-// 1), or null.
+// Returns a new extension object for the index, as a pointer to its base class (IPluginInterface for 0 and 2,
+// IFileProperties for 1), or null if it cannot be created. The caller destroys it with Delete.
 QX_MODULE_EXPORT void* Create(Velmora::SDK::s32 index);
-// Destroys an object that Create made under the same index. False for a null object or no such index.
+// Destroys an object that Create returned for the same index. Returns false if `object` is null or the index
+// is invalid.
 QX_MODULE_EXPORT bool Delete(void* object, Velmora::SDK::s32 index);
-// Fills the record. False, and nothing written, for a null record or no such index.
+// Fills the record. Returns false and writes nothing if `info` is null or the index is invalid.
 QX_MODULE_EXPORT bool GetExtensionInfo(Velmora::SDK::u32 index, Velmora::SDK::ExtensionInfo* info);
 }

@@ -1,4 +1,4 @@
-// The class interface of an extension that gives columns to the host's file lists.
+// The interface of an extension that provides columns for the host's file lists.
 #pragma once
 
 #include "frame/host/host_app.h"
@@ -13,7 +13,8 @@ class IFileProperties {
   virtual bool Attach(u64 value) = 0;
   virtual bool ClearCache() = 0;
   virtual bool Reserved1() = 0;
-  // One cell: true if `text` was filled. May be called on other threads than the host's main one.
+  // Stores the text of one cell and returns true, or returns false if the cell is empty. `textSize` is in
+  // characters. The host may call it on any thread.
   virtual bool GetPropertyValue(IHostFileItem* item, WCHAR* text, u16 textSize, u16 propertyNumber) = 0;
   virtual bool Reserved2() = 0;
   virtual bool Reserved3() = 0;

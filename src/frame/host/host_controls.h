@@ -1,25 +1,26 @@
-// The controls that the host lends to MultiRename's window: a container (service 1000), and in it a list
-// (service 500) above and a window of the module below.
+// The host's controls that MultiRename's window uses: a container (service 1000) that holds a list (service
+// 500) above a window of the module.
 //
-// IHostApp::CreateControl makes a container in a window and returns its handle; IHostContainer::CreateControl
-// makes a list in the container. IHostApp::GetService with the kind and the handle gives the object, which
-// ReleaseService takes back. The control's window stays until its parent is destroyed, and does nothing from
-// then on.
+// IHostApp::CreateControl creates a container in a window and returns its handle;
+// IHostContainer::CreateControl creates a list in the container. IHostApp::GetService with the kind and the
+// handle returns the object of the control, and ReleaseService ends its use. After that the control's window
+// does nothing; it exists until its parent is destroyed.
 //
-// A control belongs to the thread that made it, and so do all calls here but those that say so.
+// A control belongs to the thread that created it. Unless a function says otherwise, call it on that thread
+// only.
 #pragma once
 
 #include "frame/host/host_list.h"
 
-struct tagMSG;  // the system's record of a message, MSG
+struct tagMSG;  // MSG of the Windows headers
 
 namespace Velmora::SDK {
 
-// A window of the module that a container docks.
+// A window of the module that can be docked in a container.
 class IMultiWindow {
  public:
   virtual HWND GetHandle() = 0;
-  // Shows a message to the window before it is translated. True if it is dealt with.
+  // Offers a message to the window before it is translated. Returns true if the window has handled it.
   virtual bool FilterMessage(tagMSG* message) = 0;
   virtual void DestroyHandle() = 0;
 
@@ -29,11 +30,11 @@ class IMultiWindow {
 
 class IHostContainer {
  public:
-  // Makes a control of a kind that goes into a container (500), of at least this width in pixels. Null if it
-  // cannot be had. It takes all the room that the docked window leaves.
+  // Creates a control in the container and returns its handle, or null. `kind` is its service number (500);
+  // `width` is its least width in pixels. The control fills the space that the docked window leaves.
   virtual HWND CreateControl(u32 kind, u32 width) = 0;
-  // Gives the window the lower end of the container, over its full width and this high in pixels, and shows
-  // it. One window at a time; null gives the room back.
+  // Docks and shows the window at the bottom of the container, over the full width and with the given height
+  // in pixels. Only one window is docked at a time; null removes it.
   virtual void Dock(IMultiWindow* window, u32 height) = 0;
 
  protected:
@@ -42,19 +43,20 @@ class IHostContainer {
 
 // Events of a list.
 enum ListEvent : u32 {
-  kListContextMenu = 1,  // the information is a ListContextMenu
+  kListContextMenu = 1,  // `information` points to a ListContextMenu
 };
 
 struct ListContextMenu {
   HWND window;  // the list
-  s32 x;        // of the screen
+  s32 x;        // screen coordinates
   s32 y;
 };
 
-// Implemented by the module. The list releases it when another one takes its place, and at its own end.
+// Implemented by the module. The list calls Release when another callback replaces this one, and when the
+// list is destroyed.
 class IEventCallback {
  public:
-  virtual void Destroy() = 0;  // without freeing its memory
+  virtual void Destroy() = 0;  // destroys the object without freeing its memory
   virtual void Release() = 0;
   virtual s32 OnEvent(u32 event, void* information) = 0;
 
@@ -62,17 +64,18 @@ class IEventCallback {
   ~IEventCallback() = default;
 };
 
-// What service 500 gives: the list and what it is set up with. SetRowProvider, AddRow and Clear of a list may
-// be called on any thread; once Clear returns, no row of before is asked for any more.
+// The object of service 500: the list and the operations that set it up. SetRowProvider, AddRow and Clear may
+// be called on any thread; after Clear has returned, the host no longer queries the rows that it removed.
 class IHostListControl : public IHostList {
  public:
-  // The number names the column to the row provider and in the host's settings, where the user's width is
-  // kept. The width is in pixels of a screen of 96 to an inch.
+  // Adds a column. `number` identifies it to the row provider and in the host's settings, which keep the
+  // width that the user chooses. `width` is in pixels at 96 DPI.
   virtual void AddColumn(const WCHAR* heading, u32 width, u32 number) = 0;
-  // In pixels. Rows are never lower than their text and their images.
+  // Sets the height of rows in pixels. Rows are always high enough for their text and images.
   virtual void SetRowHeight(u32 height) = 0;
   virtual void SetEventCallback(u32 event, IEventCallback* callback) = 0;
-  // The list's own keys: a message of the thread's loop before it is translated. True if it is dealt with.
+  // Offers a message to the list before it is translated, so that the list can handle its keys. Returns true
+  // if it has handled the message.
   virtual bool FilterMessage(tagMSG* message) = 0;
 
  protected:

@@ -1,11 +1,12 @@
-// The road to the elevated helper (service 3250) and the messages on it. What a writer wrote is read in the
-// same order.
+// The channel to the elevated helper (service 3250) and its messages. A reader reads values in the order in
+// which the writer wrote them.
 #pragma once
 
 #include "frame/host/host_types.h"
 
 namespace Velmora::SDK {
 
+// Writes the values of a message. The data is valid until the next write or the release.
 class IHostPacketWriter {
  public:
   virtual void WriteU32(u32 value) = 0;
@@ -18,6 +19,7 @@ class IHostPacketWriter {
   ~IHostPacketWriter() = default;
 };
 
+// Reads the values of a message. A text is valid until the reader is released.
 class IHostPacketReader {
  public:
   virtual void Attach(const void* data, u32 size) = 0;
@@ -29,18 +31,19 @@ class IHostPacketReader {
   ~IHostPacketReader() = default;
 };
 
+// The channel in the process of the host.
 class IHostHelperChannel {
  public:
-  virtual bool Connect() = 0;  // reaches the helper, starting it if needed
+  virtual bool Connect() = 0;  // starts the helper if necessary
   virtual IHostPacketWriter* CreateWriter() = 0;
-  virtual u32 Send(s32 code, const void* data, u32 size) = 0;  // blocks; answers the reply's number
+  virtual u32 Send(s32 code, const void* data, u32 size) = 0;  // blocks; returns the code of the reply
   virtual void Disconnect() = 0;                               // also after a failed Connect
 
  protected:
   ~IHostHelperChannel() = default;
 };
 
-// What OnHelperMessage is given, on the helper's side.
+// The argument of OnHelperMessage in the helper process.
 class IHostHelperMessage {
  public:
   virtual const void* GetData() = 0;

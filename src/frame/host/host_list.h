@@ -16,7 +16,7 @@ class IHostList {
   virtual void AddRow(void* row) = 0;
   virtual void Refresh() = 0;
   virtual void Clear() = 0;
-  virtual u32 GetRows(void** items, u32 size) = 0;  // in display order; answers their number
+  virtual u32 GetRows(void** items, u32 size) = 0;  // in display order; returns their number
   virtual void GetCounts(u32* rows, u32* selectedRows) = 0;
   virtual void MoveRowUp() = 0;
   virtual void MoveRowDown() = 0;

@@ -1,5 +1,5 @@
-// Owners of what the host lends: each gives its object back exactly once, by the operation that the host
-// wants for it, on every way out of a command. An owner may hold null where the host refused.
+// RAII owners of host objects: each releases its object exactly once, with the operation that the host
+// requires for it. An owner holds null if the host refused to return an object.
 #pragma once
 
 #include <utility>
@@ -8,7 +8,7 @@
 
 namespace Velmora::SDK {
 
-// Owns an object with an operation Release: lists, documents, packets.
+// Owns an object that has a Release operation, such as a list, a document or a packet.
 template <typename T>
 class HostObject {
  public:
@@ -21,13 +21,13 @@ class HostObject {
   T* operator->() const { return object_; }
   T* Get() const { return object_; }
 
-  // Gives the object back now.
+  // Releases the object before the end of the scope.
   void Release() {
     if (object_) object_->Release();
     object_ = nullptr;
   }
 
-  // Leaves the object to whoever gives it back from now on.
+  // Returns the object and gives up ownership: the caller must release it.
   T* Detach() { return std::exchange(object_, nullptr); }
 
  private:
@@ -38,7 +38,7 @@ class HostObject {
 template <typename T>
 class HostService {
  public:
-  // `releaseNumber` is what ReleaseService is given beside the object: 0 or the service's number.
+  // `releaseNumber` is the second argument of ReleaseService: 0 or the service's number.
   HostService(IHostApp& host, ServiceNumber number, u32 releaseNumber = 0)
       : host_(host), service_(static_cast<T*>(host.GetService(number, 0))), releaseNumber_(releaseNumber) {}
   HostService(const HostService&) = delete;

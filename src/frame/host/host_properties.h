@@ -1,10 +1,11 @@
-// Values of file properties by name, as the host's columns show them.
+// Reads the values of file properties by name, as the host's columns show them.
 #pragma once
 
 #include "frame/host/host_types.h"
 
 namespace Velmora::SDK {
 
+// A list of the names of properties.
 class IHostPropertyList {
  public:
   virtual u32 Count() = 0;
@@ -15,17 +16,18 @@ class IHostPropertyList {
   ~IHostPropertyList() = default;
 };
 
-// What GetValue fills beside the text, all zero before the call. The record is the host's and longer than
-// what the module reads of it.
+// The record that GetValue fills in addition to the text. The caller zeroes it first. The module reads only
+// the date; the host defines the rest.
 struct FilePropertyValue {
-  u64 date = 0;  // of a date property, as a FILETIME; the text is empty then
+  u64 date = 0;  // the value of a date property, whose text is empty, as a FILETIME
   unsigned char rest[1048] = {};
 };
 
+// Reads the values of properties and lists their names.
 class IHostPropertyManager {
  public:
-  // The value of a property of the file, by its internal name: as text, or as a date in the record
-  // (FilePropertyValue). Above 0 if there is a value.
+  // Stores the value of a property of the file, given by its internal name: as text in the buffer, or as a
+  // date in the record (FilePropertyValue). Returns a number above 0 if the file has a value.
   virtual u32 GetValue(WCHAR* buffer, u32 size, const WCHAR* name, void* valueRecord,
                        const WCHAR* fullPath) = 0;
   virtual void ListProperties(IHostPropertyList* list, u32 zero) = 0;

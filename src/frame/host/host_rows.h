@@ -1,6 +1,6 @@
-// What the module gives to the host's list control: the contents of its rows, and the callback of its events.
-// The host calls on the thread of the list. A row is named by the item that it was made with, a column by the
-// number that it got when it was added.
+// The interfaces that the module implements for the host's list control: the contents of its rows, and the
+// callback for its events. The host calls them on the thread of the list. A row is identified by the item
+// that was passed to AddRow, a column by the number that was passed to AddColumn.
 #pragma once
 
 #include "frame/host/host_types.h"
@@ -15,7 +15,7 @@ class IMLRowCallBack {
   virtual u32 Reserved3() = 0;                           // 0
   virtual u32 GetRowFlags(void* item, u32* flags) = 0;   // 1, with 512 in the flags
   virtual s32 Reserved4() = 0;                           // -1
-  virtual s32 GetTextColor(void* item, u32 column) = 0;  // a COLORREF; -1 for no colour of its own
+  virtual s32 GetTextColor(void* item, u32 column) = 0;  // a COLORREF; -1 for the default colour
   virtual u32 GetBackColor(void* item, u32 column) = 0;  // -1
   virtual s64 GetRowImage(void* item) = 0;
   virtual u32 Reserved5() = 0;                                                   // 16
@@ -26,7 +26,7 @@ class IMLRowCallBack {
   ~IMLRowCallBack() = default;
 };
 
-// The colour of a text that has none of its own.
+// The result of GetTextColor for the default colour.
 constexpr s32 kNoTextColor = -1;
 
 }  // namespace Velmora::SDK

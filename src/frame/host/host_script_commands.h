@@ -1,10 +1,11 @@
-// Declaring script commands, and one running call of one.
+// Interfaces that declare script commands, and that of one call of a script command.
 #pragma once
 
 #include "frame/host/host_types.h"
 
 namespace Velmora::SDK {
 
+// The declaration of one script command.
 class IHostCustomCommand {
  public:
   virtual void AddParameter(const char* name, u32 flags, const WCHAR* description) = 0;
@@ -14,22 +15,24 @@ class IHostCustomCommand {
   ~IHostCustomCommand() = default;
 };
 
+// A named set of script commands.
 class IHostCustomCommandSet {
  public:
-  // Answers null if the command cannot be declared.
+  // Returns null if the command cannot be declared.
   virtual IHostCustomCommand* AddCommand(const char* name, u32 number, u32 flags, u32 kind) = 0;
-  virtual void Commit(u32 one) = 0;  // closes the registration
-  virtual bool IsRegistered() = 0;   // the set already holds its commands
+  virtual void Commit(u32 one) = 0;  // ends the registration
+  virtual bool IsRegistered() = 0;   // whether the set already contains its commands
 
  protected:
   ~IHostCustomCommandSet() = default;
 };
 
+// One call of a script command, with its parameters and results.
 class IHostCommandCall {
  public:
-  virtual bool HasFlag(const char* name) = 0;           // the parameter was given
+  virtual bool HasFlag(const char* name) = 0;           // whether the parameter was given
   virtual const WCHAR* GetValue(const char* name) = 0;  // null if it was not given
-  virtual u32 GetCommandId() = 0;                       // the number given at AddCommand
+  virtual u32 GetCommandId() = 0;                       // the number passed to AddCommand
   virtual void SetResultCode(u32 code) = 0;
   virtual void SetResultText(const WCHAR* text) = 0;
 

@@ -1,4 +1,4 @@
-// Everything that the module knows of its host, and what it hands to it.
+// Includes all headers of the interfaces between the module and its host.
 #pragma once
 
 #include "frame/host/ask_choice_record.h"

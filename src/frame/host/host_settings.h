@@ -1,17 +1,18 @@
-// The extension's settings and input histories, kept by the host.
+// The extension's settings and input histories, which the host stores.
 #pragma once
 
 #include "frame/host/host_types.h"
 
 namespace Velmora::SDK {
 
+// A list of texts, for input histories and the rows of choices.
 class IHostStringList {
  public:
   virtual void Add(const WCHAR* text) = 0;
   virtual bool Contains(const WCHAR* text, u32 zero) = 0;
   virtual u32 GetCount() = 0;
   virtual bool GetString(u32 index, WCHAR* buffer, u32 size) = 0;
-  virtual void Finish(u32 one) = 0;  // after the last Add, before saving
+  virtual void Finish(u32 one) = 0;  // called after the last Add, before saving
   virtual void Clear() = 0;
   virtual void Release() = 0;
 
@@ -19,8 +20,8 @@ class IHostStringList {
   ~IHostStringList() = default;
 };
 
-// The first argument of the section and key operations is always 1. The Get operations answer false, and
-// leave their buffer alone, where nothing is stored. A block's size is in bytes.
+// The first argument of all operations on a section and key is 1. If nothing is stored, the Get operations
+// return false and leave the buffer unchanged. The size of a block is in bytes.
 class IHostConfig {
  public:
   virtual bool GetBlock(u32 one, const WCHAR* section, const WCHAR* key, void* buffer, u32 size) = 0;

@@ -1,14 +1,14 @@
-// Numbers and handles that cross between the module and its host.
+// Numbers and handles that are passed between the module and its host.
 //
-// All interfaces here are classes of pure virtual operations without a virtual destructor: the order of the
-// operations is the contract, and nobody deletes an object through them. An object that a Create operation
-// makes is given back through its own Release or the operation that its comment names. Texts are
-// zero-terminated UTF-16 unless they are `char`, which is ASCII; a text that the host returns is the host's
-// and stays valid until the next call into the host. A buffer's size is in characters, and the host writes a
-// terminated text.
+// All interfaces of the host are classes of pure virtual functions without a virtual destructor. The order of
+// the functions is the binary contract; objects are never deleted through the interfaces. The caller releases
+// an object that a Create operation returns with the object's Release, or with the operation that its comment
+// names. Texts are zero-terminated UTF-16, or ASCII if they are `char`. A text that the host returns is owned
+// by the host and valid until the next call into the host. The size of a buffer is in characters; the host
+// writes a terminated text.
 //
-// File Utils calls its host on the thread of the host's own call. MultiRename also does from its window's
-// thread and its worker.
+// File Utils calls the host only on the thread on which the host calls it. MultiRename also calls the host on
+// the threads of its window and its worker.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +23,8 @@ using u64 = std::uint64_t;
 using s32 = std::int32_t;
 using s64 = std::int64_t;
 
-// The number of a text in the host's language table: text number in the high 16 bits, section in the low 16.
+// The number of a text in the host's language table: the text number in the high 16 bits, the section in the
+// low 16 bits.
 using TextId = u32;
 
 // Opaque handles of the host.
@@ -47,13 +48,13 @@ enum ServiceNumber : u32 {
 // Codes of IHostApp::FileListRequest.
 enum FileListCode : u32 {
   kListAllItems = 21110,     // appends all items of the view
-  kListFocusedItem = 21111,  // fills with the focused item
-  kListResult = 21120,       // hands a result list back; mode 0 for good items, 1 for failed ones
+  kListFocusedItem = 21111,  // adds the focused item
+  kListResult = 21120,       // passes a list of results to the view; mode 0: succeeded, 1: failed
   kListSelectedItems = 21215,
 };
 
-// Modes of IHostApp::FileListRequest. All return items in the order of the view; those that say so can return
-// folders.
+// Modes of IHostApp::FileListRequest. All return items in the order of the view; the modes marked below also
+// return folders.
 enum FileListMode : u32 {
   kModePlain = 0,
   kModeRename = 16,  // with folders

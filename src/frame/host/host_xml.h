@@ -8,10 +8,11 @@ namespace Velmora::SDK {
 class IHostXmlDocument {
  public:
   virtual XmlNode CreateRoot(const WCHAR* name) = 0;
-  virtual void Close(XmlNode root) = 0;                   // ends the use of a tree
+  virtual void Close(XmlNode root) = 0;                   // invalidates the nodes of a tree
   virtual XmlNode Load(const WCHAR* path, u32 flag) = 0;  // the root, or null
-  virtual bool Save(XmlNode root, const WCHAR* path, u32 flag, const char* encoding) = 0;  // may be null
-  virtual void GetEncoding(XmlNode root, char* buffer, u32 size) = 0;  // as the loaded file names it
+  // `encoding` may be null.
+  virtual bool Save(XmlNode root, const WCHAR* path, u32 flag, const char* encoding) = 0;
+  virtual void GetEncoding(XmlNode root, char* buffer, u32 size) = 0;  // as declared in the loaded file
   virtual XmlNode AddChild(XmlNode parent, const WCHAR* name, const WCHAR* text) = 0;
   virtual XmlNode AddChildWithTextAttribute(XmlNode parent, const WCHAR* name, const WCHAR* attribute,
                                             const WCHAR* text, u32 zero) = 0;

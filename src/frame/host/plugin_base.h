@@ -1,5 +1,5 @@
-// What the extensions with commands have in common: the kind, the host that they keep, and the operations
-// that do nothing.
+// The base class of extensions with commands: stores the host, returns the kind, and implements the
+// operations that do nothing.
 #pragma once
 
 #include "frame/host/plugin_interface.h"
@@ -27,7 +27,7 @@ class PluginBase : public IPluginInterface {
  protected:
   ~PluginBase() = default;
 
-  IHostApp* host = nullptr;  // from OnStart on
+  IHostApp* host = nullptr;  // set by OnStart
 };
 
 }  // namespace Velmora::SDK

@@ -1,5 +1,5 @@
-// The class interfaces through which the host drives the extension objects. The host owns an object from
-// Create to Delete.
+// The interfaces through which the host calls the extension objects. The host owns an object from Create to
+// Delete.
 #pragma once
 
 #include "frame/host/command_numbers.h"
@@ -8,11 +8,11 @@
 
 namespace Velmora::SDK {
 
-// What GetExtensionKind returns for an extension with commands. It is not the kindFlags of the record, which
-// are 0x2100 (C-002).
+// The result of GetExtensionKind for an extension with commands. It differs from the kindFlags of the record,
+// which are 0x2100 (C-002).
 constexpr u32 kPluginKind = 0x2000;
 
-// Base of the extensions with commands. Operations that do nothing answer 0.
+// The interface of extensions with commands. Operations that do nothing return 0.
 class IPluginInterface {
  public:
   virtual s32 OnRegister(IHostApp* host) = 0;
@@ -20,10 +20,10 @@ class IPluginInterface {
   virtual s32 OnStart(IHostApp* host) = 0;
   virtual const char* GetExtensionId() = 0;
   virtual bool OnHostEvent(std::intptr_t source, s32 code) = 0;
-  virtual s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) = 0;  // 1 handled, 0 not
+  virtual s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) = 0;  // 1 if handled, else 0
   virtual s32 Reserved1() = 0;
-  virtual s32 OnCustomCommand(IHostCommandCall* call) = 0;                 // 1 success, 0 failure
-  virtual s32 OnHelperMessage(s32 code, IHostHelperMessage* message) = 0;  // 1 handled, 0 not
+  virtual s32 OnCustomCommand(IHostCommandCall* call) = 0;                 // 1 on success, else 0
+  virtual s32 OnHelperMessage(s32 code, IHostHelperMessage* message) = 0;  // 1 if handled, else 0
   virtual s32 Reserved2() = 0;
   virtual s32 Reserved3() = 0;
   virtual s32 OnShutdown(std::intptr_t unread) = 0;

@@ -9,7 +9,7 @@ namespace {
 constexpr int kFirstNumber = 2;
 constexpr int kLastNumber = 9999;
 
-// "_(0002)": at least four digits, and the first number is 2 (C-012).
+// Returns the mark of a number, with four digits. The first one is "_(0002)" (C-012).
 WString NumberMark(int number) {
   std::array<WCHAR, 4> digits;
   for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, number /= 10) {

@@ -1,23 +1,23 @@
-// Names for targets that are taken, and moving a target out of the way.
+// Finds free names for targets that exist, and moves existing targets to backups.
 #pragma once
 
 #include <span>
 
 #include "platform/text.h"
 
-// If `path` exists, replaces it by the first of path + suffix, path + "_(0002)" + suffix, and so on up to
-// "_(9999)", that does not. False, and `path` as it was, when all are taken.
+// If `path` exists, replaces it by the first of path + suffix, path + "_(0002)" + suffix and so on up to
+// "_(9999)" that does not exist. Returns false and leaves `path` unchanged if all of them exist.
 bool MakeUniqueFileName(WString& path, const WString& suffix);
 
-// Room for a backup's path of 260 characters and its terminator.
+// The size of the buffer for a backup's path: 260 characters and a terminator.
 constexpr std::size_t kBackupPathSize = 261;
 
-// Moves the file to its backup name: a.txt to a.txt.bak, or a.txt_(0002).bak and so on (MoveFileW). Answers
-// whether the move worked; `backupPath` gets the name, cut to 260 characters, or is left empty when all
-// names are taken. For a path that does not exist it gets the path itself, and nothing is moved (C-011).
+// Moves the file to a backup name: a.txt to a.txt.bak, or a.txt_(0002).bak and so on (MoveFileW). Returns
+// whether the move succeeded. Stores the name in `backupPath`, truncated to 260 characters, or the empty text
+// if all names exist. If `path` does not exist, stores `path` itself, and the move fails (C-011).
 bool MoveToBackup(const WCHAR* path, std::span<WCHAR, kBackupPathSize> backupPath);
 
-// Deletes a backup under the name that MoveToBackup gave, and takes off before what would keep it: the
-// attributes read-only, hidden and system. A name that fills its room may have been cut and be that of
-// another file; such a backup stays. An empty name is none. Failures are silent.
+// Deletes a backup by the name that MoveToBackup stored, after removing the attributes read-only, hidden and
+// system. Does nothing for an empty name, and for a name of 260 characters, which may have been truncated and
+// name another file. Ignores failures.
 void DeleteBackup(std::span<const WCHAR, kBackupPathSize> backupPath);

@@ -12,8 +12,9 @@ bool CreateFolder(const WString& path) {
   return IsFolder(attributes);
 }
 
-// Returns where the search for components that can be made begins: after a drive, or after a server and its
-// share. The server of a network path ends at the first backslash from the fourth character on (C-019).
+// Returns the position of the first component that can be created: after the drive, or after the server and
+// its share; npos if there is none. The server of a network path ends at the first backslash from the fourth
+// character on (C-019).
 std::size_t FirstComponent(WStringView path) {
   if (path.size() >= 3 && path.starts_with(W("\\\\"))) {
     const std::size_t server = path.find(W('\\'), 3);

@@ -1,9 +1,10 @@
-// Making a folder, with its parents if asked.
+// Creates a folder, optionally with its parents.
 #pragma once
 
 #include "platform/text.h"
 
-// True if `path` is a folder at the end: it was there or was made (GetFileAttributesW, CreateDirectoryW).
-// With parents every missing folder above it is made first, but for what cannot be made: a drive, a server
-// and its share. False at the first folder that cannot be made; those made so far stay.
+// Creates the folder `path` if it does not exist (GetFileAttributesW, CreateDirectoryW); with `withParents`
+// also its missing parents, except a drive, a server and its share. Returns true if `path` is a folder
+// afterwards. Stops and returns false at the first folder that cannot be created; folders created before
+// remain.
 bool CreatePath(const WString& path, bool withParents);

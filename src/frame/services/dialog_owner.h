@@ -1,12 +1,12 @@
-// The window that a dialog of the module stands over.
+// The owner window of the module's dialogs.
 #pragma once
 
 #include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 
-// The active window of this thread; where none is active, the host's main window, so that the host cannot be
-// used behind the dialog. Null if there is neither.
+// Returns the active window of the calling thread or, if there is none, the host's main window, which the
+// dialog then disables. Returns null if there is neither.
 HWND DialogOwner(IHostApp& host);
 
 }  // namespace Velmora::SDK

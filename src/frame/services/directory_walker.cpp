@@ -9,7 +9,8 @@ constexpr WStringView kLongNetworkPrefix = W("\\\\?\\UNC\\");
 
 bool IsNetworkPath(WStringView path) { return path.starts_with(W("\\\\")); }
 
-// In the long form the prefix is followed by the whole network path, its two backslashes included (C-016).
+// Returns the path with the prefix for long paths. A network path keeps its two leading backslashes after the
+// prefix (C-016).
 WString LongForm(WStringView path) {
   WString result(IsNetworkPath(path) ? kLongNetworkPrefix : kLongPrefix);
   return result += path;
@@ -56,7 +57,7 @@ WString DirectoryWalker::FolderPath() const {
   return useLongPath && longPathsAllowed ? LongForm(path) : path;
 }
 
-// The mask of the current folder's search, or nothing where it would be too long to search for.
+// Returns the argument of FindFirstFileExW for the current folder; std::nullopt if it would be too long.
 std::optional<WString> DirectoryWalker::SearchText() const {
   WString text = FolderPath();
   AddBackslash(text);
@@ -70,13 +71,13 @@ HANDLE DirectoryWalker::FindFirst(const WString& text) {
       FindFirstFileExW(text.c_str(), useBasicInfo ? FindExInfoBasic : FindExInfoStandard, &findData,
                        FindExSearchNameMatch, nullptr, useBasicInfo ? FIND_FIRST_EX_LARGE_FETCH : 0);
   if (search == INVALID_HANDLE_VALUE || !useBasicInfo || findData.cFileName[0] != 0) return search;
-  // This file system does not give names with the basic information.
+  // Some file systems return no name with FindExInfoBasic: search again with the standard level.
   FindClose(search);
   useBasicInfo = false;
   return FindFirst(text);
 }
 
-// Opens the search of the current folder. On kHasEntry the first entry is in `findData`.
+// Opens the search of the current folder. If the result is kHasEntry, `findData` is the first entry.
 DirectoryWalker::Fetched DirectoryWalker::OpenFolder() {
   if ((flags & kNoReparsePoints) != 0) {
     const DWORD attributes = GetFileAttributesW(FolderPath().c_str());
@@ -86,7 +87,7 @@ DirectoryWalker::Fetched DirectoryWalker::OpenFolder() {
       return Fetched::kFolderEnd;
     }
   }
-  // Without a path the mask would be searched in the root of the drive.
+  // Without a path, "\mask" would search the root of the drive.
   const std::optional<WString> text = path.empty() ? std::nullopt : SearchText();
   if (!text) {
     findHandle = INVALID_HANDLE_VALUE;
@@ -97,7 +98,7 @@ DirectoryWalker::Fetched DirectoryWalker::OpenFolder() {
     findHandle = search;
     return Fetched::kHasEntry;
   }
-  // A folder that may not be read counts as an empty one.
+  // A folder that may not be read is treated as empty.
   if (GetLastError() == ERROR_ACCESS_DENIED) return Fetched::kFolderEnd;
   if (CanRetryInLongForm()) return Fetched::kNotFound;
   findHandle = INVALID_HANDLE_VALUE;
@@ -108,12 +109,12 @@ bool DirectoryWalker::CanRetryInLongForm() const {
   return GetLastError() == ERROR_PATH_NOT_FOUND && longPathsAllowed && !useLongPath;
 }
 
-// Puts the entry to look at into `findData`: the first or next one of the current folder, or the one that the
-// caller wants to enter.
+// Stores the next entry to process in `findData`: the first or next one of the current folder. If the caller
+// wants to enter the folder in `findData`, keeps it.
 DirectoryWalker::Fetched DirectoryWalker::FetchEntry() {
-  // After a failed search the folder is left, so that a caller who goes on does not meet it again.
+  // After a failed search, leave the folder, so that the next step does not try it again.
   if (findHandle == INVALID_HANDLE_VALUE) return Fetched::kFolderEnd;
-  // Only the folder that was returned last can be entered.
+  // The caller can only enter the folder that the last step returned.
   descendNext = descendNext && entryIsFolder_;
   entryIsFolder_ = false;
   if (!findHandle) return OpenFolder();
@@ -123,8 +124,8 @@ DirectoryWalker::Fetched DirectoryWalker::FetchEntry() {
 
 DirectoryWalker::Code DirectoryWalker::LeaveFolder() {
   if (depth == 0) {
-    // The search of the start folder stays as it is, and one that was never opened is not opened any more, so
-    // that a further step ends there again.
+    // Keep the search of the start folder, and do not open one that was never opened, so that every further
+    // step returns kEnd again.
     if (!findHandle) findHandle = INVALID_HANDLE_VALUE;
     return kEnd;
   }
@@ -134,7 +135,7 @@ DirectoryWalker::Code DirectoryWalker::LeaveFolder() {
   return kAgain;
 }
 
-// Goes down into the folder in `findData`, in the plain form of its path (C-017).
+// Enters the folder in `findData`, using the short form of its path (C-017).
 DirectoryWalker::Code DirectoryWalker::EnterFolder() {
   descendNext = false;
   const auto level = static_cast<std::size_t>(depth);
@@ -155,7 +156,7 @@ DirectoryWalker::Code DirectoryWalker::EnterFolder() {
   return kAgain;
 }
 
-// What is to be done with the entry in `findData`.
+// Processes the entry in `findData`: returns it, skips it, or enters it.
 DirectoryWalker::Code DirectoryWalker::TakeEntry() {
   const bool isDotEntry = IsDotEntry(findData);
   if (isDotEntry && (flags & kPassDotEntries) != 0) return kAgain;
@@ -201,7 +202,7 @@ DirectoryWalker::Code DirectoryWalker::Step() try {
   }
   return kInvalidSearch;
 } catch (const std::bad_alloc&) {
-  // A folder that could not be opened is left with the next step, like any other that fails.
+  // If the folder could not be opened, the next step leaves it, as after any other failure.
   if (!findHandle) findHandle = INVALID_HANDLE_VALUE;
   return kOutOfMemory;
 }

@@ -1,8 +1,9 @@
-// Walks a folder, and its sub folders if asked, one entry a step, with long paths where they are allowed.
+// Walks a folder, and optionally its sub folders, one entry per step. Supports long paths if they are
+// allowed.
 //
-// Set up with Reset, then set `pattern`, `flags` and the bools, then call NextWithRetry until it answers
-// kEnd. After an error code the walk can go on: the next step leaves the folder that could not be searched.
-// Memory does not grow with the number of entries. One thread at a time.
+// Call Reset, then set `pattern`, `flags` and the bools, then call NextWithRetry until it returns kEnd. After
+// an error code the walk may continue: the next step leaves the folder that could not be searched. Memory use
+// does not depend on the number of entries. Not thread-safe.
 #pragma once
 
 #include <array>
@@ -15,25 +16,25 @@ class DirectoryWalker {
  public:
   // Bits of `flags`.
   enum Flag : std::uint32_t {
-    kNoFolders = 0x0001,        // folders are not returned with kFolder
-    kPassFiles = 0x0002,        // files are passed over
-    kRecurse = 0x0004,          // go down into folders
-    kPassDotEntries = 0x0010,   // "." and ".." are passed over
-    kNoReparsePoints = 0x2000,  // a folder that is a reparse point is not searched
-    kReportFolderEnd = 0x4000,  // the end of each folder is reported with kFolderEnd
+    kNoFolders = 0x0001,        // do not return folders with kFolder
+    kPassFiles = 0x0002,        // skip files
+    kRecurse = 0x0004,          // enter folders
+    kPassDotEntries = 0x0010,   // skip "." and ".."
+    kNoReparsePoints = 0x2000,  // do not search folders that are reparse points
+    kReportFolderEnd = 0x4000,  // report the end of each folder with kFolderEnd
     kDefaultFlags = kNoReparsePoints | kPassDotEntries | kNoFolders,
   };
 
   // Result codes of Next.
   enum Code : int {
-    kFile = 101,       // a file is in `findData`; under the default flags also a folder (C-015)
-    kFolder = 102,     // a folder is in `findData`; set `descendNext` to enter it
+    kFile = 101,       // `findData` is a file; with the default flags possibly a folder (C-015)
+    kFolder = 102,     // `findData` is a folder; set `descendNext` to enter it
     kFolderEnd = 120,  // the walk has left a folder
     kEnd = 200,
     kInvalidSearch = -150,  // the folder could not be searched
     kSlotInUse = -160,      // no stack slot for this level
     kOutOfMemory = -300,
-    kPathNotFound = -600,  // the path was not found, and its long form has not been tried
+    kPathNotFound = -600,  // the path was not found; its long form may be tried
   };
 
   static constexpr std::size_t kMaxPathChars = 4096;
@@ -45,24 +46,25 @@ class DirectoryWalker {
   DirectoryWalker& operator=(const DirectoryWalker&) = delete;
   ~DirectoryWalker() { Close(); }
 
-  // Ends a walk and sets up one of `newPath`: the mask is "*.dat", the flags 8209. A path of more than 4096
-  // characters is cut, and searched in its long form if `longPathsAllowed` was set before; that setting
-  // alone survives.
+  // Ends the present walk and prepares one of `newPath`, with the mask "*.dat" and the flags 8209. Truncates
+  // a path of more than 4096 characters, and uses its long form if `longPathsAllowed` was set before; only
+  // that setting is kept.
   void Reset(WStringView newPath);
 
-  // One step (FindFirstFileExW, FindNextFileW).
+  // Makes one step (FindFirstFileExW, FindNextFileW). Stores the entry in `findData` and returns its kind.
   Code Next();
 
-  // The same, trying the long form of a path that was not found.
+  // Makes one step as Next does, and tries the long form of a path that is not found.
   Code NextWithRetry();
 
-  // The full path of the entry in `findData`; the walker's own, until the next call.
+  // Returns the full path of the entry in `findData`. The walker owns the text; it is valid until the next
+  // call.
   const WCHAR* GetCurrentPath();
 
-  // Closes every search.
+  // Closes all searches.
   void Close();
 
-  // The constructor's Reset gives those below without a value theirs.
+  // Reset, which the constructor calls, initialises the members without an initialiser.
   std::int32_t depth = 0;  // 0 at the start folder
   std::int32_t fileCount;
   std::int32_t folderCount;
@@ -75,17 +77,17 @@ class DirectoryWalker {
   std::uint32_t flags;
   std::uint32_t maxDepth;  // 0 for no limit
   bool descendNext;        // set by the caller after kFolder to enter that folder
-  bool useBasicInfo;       // faster searches where the file system gives them
+  bool useBasicInfo;       // search with FindExInfoBasic, which is faster
   bool longPathsAllowed = false;
   bool useLongPath;
 
  private:
-  static constexpr Code kAgain = Code{};  // the step is not over: take the next entry
+  static constexpr Code kAgain = Code{};  // the step continues with the next entry
 
-  // How an entry came into `findData`, or why not.
+  // The result of fetching an entry.
   enum class Fetched { kHasEntry, kFolderEnd, kNotFound, kFailed };
 
-  // What to return to when a folder ends. The path is kept whole, whatever its length.
+  // The state of a parent folder, restored when the walk leaves its sub folder.
   struct Level {
     HANDLE findHandle = nullptr;
     WString path;
@@ -108,5 +110,5 @@ class DirectoryWalker {
   WString fullPath_;
   bool entryIsFolder_ = false;  // the last step returned kFolder
   bool folderEndPending_ = false;
-  bool memoryFailed_;  // Reset could not keep the path
+  bool memoryFailed_;  // Reset had no memory for the path
 };

@@ -26,7 +26,8 @@ void AppendEntries(FileItemEntries& entries, IHostFileList& list, u32 first) {
 bool ConfirmRename(IHostApp& host, std::size_t count) {
   const WString question =
       FormatCount(ViewOf(host.GetLanguageString(kTextRenameQuestion)), static_cast<u32>(count));
-  // The host may keep one buffer for the texts it returns: the caption is fetched last and used at once.
+  // The host may use one buffer for all texts that it returns, so copy the caption after the question is
+  // complete.
   const WString caption(ViewOf(host.GetLanguageString(kTextRenameCaption)));
   return MessageBoxW(host.GetMainWindow(), question.c_str(), caption.c_str(),
                      MB_OKCANCEL | MB_ICONQUESTION) == IDOK;

@@ -1,5 +1,5 @@
-// The road that all rename commands share: the selection becomes a list of entries, a transform gives each a
-// new name, the user confirms, and the host renames.
+// The steps that all rename commands share: read the selection into a list of entries, compute each new name
+// with a transform, ask the user for confirmation, and let the host rename.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@
 
 #include "frame/host/host_app.h"
 
-// A host item and the name to rename it to; empty until a transform sets it. The item is the host's and
-// outlives the list it came from.
+// A host item and its new name, which is empty until a transform sets it. The host owns the item; it outlives
+// the list that it came from.
 struct FileItemEntry {
   Velmora::SDK::IHostFileItem* item = nullptr;
   WString newName;
@@ -18,24 +18,25 @@ struct FileItemEntry {
 
 using FileItemEntries = std::vector<FileItemEntry>;
 
-// One entry for each item of a list request; the list is given back. Nothing where the host refuses, which
-// ends a command without a word.
+// Returns one entry for each item of a list request, after releasing the list. Returns std::nullopt if the
+// host refuses; the command then ends without a message.
 std::optional<FileItemEntries> SelectEntries(Velmora::SDK::IHostApp& host, Velmora::SDK::FileListCode code,
                                              Velmora::SDK::FileListMode mode);
 
-// Appends one entry for each item of the list from `first` on. The list may be given back afterwards.
+// Appends one entry for each item of the list from index `first` on. The list may be released afterwards.
 void AppendEntries(FileItemEntries& entries, Velmora::SDK::IHostFileList& list, Velmora::SDK::u32 first = 0);
 
-// Asks whether so many items shall be renamed (MessageBoxW over the host's main window). True on OK.
+// Asks the user whether to rename `count` items (MessageBoxW, owned by the host's main window). Returns true
+// on OK.
 bool ConfirmRename(Velmora::SDK::IHostApp& host, std::size_t count);
 
-// Hands all entries, in their order, to one rename batch of the host. The host renames and shows the errors.
+// Renames all entries, in order, with one rename batch of the host, which shows the errors.
 void RunRenameBatch(Velmora::SDK::IHostApp& host, const FileItemEntries& entries);
 
-// Sets an entry's new name and answers true if it differs from the present one; otherwise empties it and
-// answers false.
+// Sets the new name of an entry and returns true if it differs from the present name; otherwise clears it and
+// returns false.
 using EntryTransform = std::function<bool(FileItemEntry&)>;
 
-// Transforms the entries one by one, drops those whose name would not change, asks about the others, and on
-// OK hands them to the host. Nothing is shown when none is left.
+// Transforms the entries one by one, removes those whose name does not change, asks the user about the others
+// and, on OK, renames them. Does nothing if no entry is left.
 void RenameChanged(Velmora::SDK::IHostApp& host, FileItemEntries entries, const EntryTransform& transform);

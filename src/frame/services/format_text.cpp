@@ -17,8 +17,8 @@ void AppendPrintfNumber(WString& result, const PrintfConversion& conversion, std
   AppendPrintfInteger(result, conversion, isNegative, isNegative ? 0 - bits : bits);
 }
 
-// Fills the first `count` conversions with one of `letters`: `append(result, conversion, index)` adds a
-// value.
+// Replaces the first `count` conversions whose letter is one of `letters`: `append(result, conversion,
+// index)` appends the formatted value.
 template <typename Append>
 WString Fill(WStringView format, WStringView letters, std::size_t count, std::size_t limit, Append append) {
   WString result;

@@ -1,5 +1,4 @@
-// Filling formats that come from the host's language table. Such a text comes from outside and may be
-// anything, so it is never handed to a printf.
+// Formats texts from the host's language table. They are untrusted input, so they are never passed to printf.
 #pragma once
 
 #include <cstdint>
@@ -8,16 +7,16 @@
 #include "platform/text.h"
 
 // Replaces the first integer conversion of `format` (%d, %i, %u, %o, %x, %X with flags, width, precision and
-// length) by `value`, and every %% by %. Whatever else begins with a percent sign is kept. At most
-// `limit` - 1 characters, as into a buffer of `limit`.
+// length) by `value`, and every %% by %. All other text, including other conversions, is copied unchanged.
+// Returns at most `limit` - 1 characters, as if written to a buffer of `limit` characters.
 WString FormatCount(WStringView format, std::uint32_t value, std::size_t limit = 1024);
 
-// The same for a format that may take the number as decimal text too: its first conversion is an integer's or
-// a text's (%s, %ls, %S and the like).
+// Works as FormatCount, but the conversion may also be one for a text (%s, %ls, %S and the like), which is
+// replaced by the decimal number.
 WString FormatCountText(WStringView format, std::uint32_t value, std::size_t limit = 1024);
 
-// The same with several numbers: each takes the next conversion that is left. What is left without one is
-// kept. A number below zero may be among them.
+// Work as FormatCount and FormatCountText for several numbers, which may be negative: each value replaces the
+// next conversion. Conversions without a value are copied unchanged.
 WString FormatCounts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
 WString FormatCountTexts(WStringView format, std::span<const std::int64_t> values, std::size_t limit = 1024);
 

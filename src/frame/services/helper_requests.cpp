@@ -22,7 +22,7 @@ std::optional<u32> SendToHelper(IHostApp& host, s32 code,
   if (!service) return std::nullopt;
   std::unique_ptr<IHostPacketWriter, ReleaseWriter> writer;
   const std::unique_ptr<IHostHelperChannel, EndUse> channel(
-      service);  // ended before the writer is given back
+      service);  // disconnected before the writer is released
   if (!channel->Connect()) return std::nullopt;
   writer.reset(channel->CreateWriter());
   if (!writer) return std::nullopt;

@@ -1,5 +1,4 @@
-// Talking to the elevated helper: a request with its answer on the host's side, and the reading of a request
-// on the helper's.
+// Sends requests to the elevated helper, and reads them in the helper process.
 #pragma once
 
 #include <functional>
@@ -10,7 +9,7 @@
 
 namespace Velmora::SDK {
 
-// Numbers of the messages.
+// Codes of the messages, with the fields of their payloads.
 enum HelperMessageCode : s32 {
   kHelperTakeOwnership = 5000,  // count, paths
   kHelperAddAccess = 5001,      // mask, user, count, paths
@@ -18,12 +17,12 @@ enum HelperMessageCode : s32 {
   kHelperCreateLink = 5004,     // kind, link, target, 1 for a folder
 };
 
-// Reaches the helper, sends it the message that `write` fills, and answers the reply's number. Nothing if the
-// helper cannot be reached. Blocks until the answer; the channel is given up in any case.
+// Connects to the helper, sends it the message that `write` fills, waits for the reply and returns its code.
+// Returns std::nullopt if the helper cannot be reached. Disconnects in all cases.
 std::optional<u32> SendToHelper(IHostApp& host, s32 code,
                                 const std::function<void(IHostPacketWriter&)>& write);
 
-// The payload of a message, read in the order in which it was written.
+// Reads the payload of a message, in the order in which it was written.
 class HelperPayload {
  public:
   explicit HelperPayload(IHostHelperMessage& message);
@@ -31,7 +30,8 @@ class HelperPayload {
   HelperPayload& operator=(const HelperPayload&) = delete;
   ~HelperPayload();
 
-  // 0 and the empty text where nothing is left to read, and IsComplete is false from then on.
+  // Read the next value. If the payload has no more values, they return 0 or the empty text, and IsComplete
+  // returns false from then on.
   u32 ReadU32();
   WString ReadString();
   bool IsComplete() const { return isComplete_; }

@@ -1,4 +1,4 @@
-// The number that a text begins with, for texts that may be anything.
+// Parses the number at the beginning of untrusted text.
 #pragma once
 
 #include <algorithm>
@@ -9,8 +9,9 @@
 
 namespace Velmora::SDK {
 
-// Blanks, a sign and decimal digits; what follows does not matter. 0 for a text that begins otherwise; what
-// does not fit becomes the largest or the smallest number.
+// Returns the decimal number at the beginning of `text`, after optional white space and a sign; ignores the
+// text after it. Returns 0 if there is no number; clamps a number that does not fit to the largest or
+// smallest value.
 inline std::int32_t LeadingNumber(WStringView text) {
   const std::size_t begin = text.find_first_not_of(W(" \t\n\v\f\r"));
   if (begin == WStringView::npos) return 0;

@@ -1,18 +1,18 @@
-// Splitting a path at its last backslash and changing its extension.
+// Splits a path at its last backslash, and changes its extension.
 #pragma once
 
 #include "platform/text.h"
 
-// `folder` reaches up to and including the last backslash and is empty if there is none; `fileName` is the
-// rest.
+// The parts of a path: `folder` is the text up to and including the last backslash, empty without one;
+// `fileName` is the rest.
 struct PathParts {
   WString folder;
   WString fileName;
 };
 
-// Fills `parts`. At most 1024 characters of the folder are kept (C-018).
+// Splits `path` and stores the result in `parts`. Truncates the folder to 1024 characters (C-018).
 void SplitPath(PathParts& parts, WStringView path);
 
-// The folder, the file name up to its last dot (a name without a dot is taken whole) and `extension`, which
-// brings its own dot. A null extension keeps the file name as it is.
+// Returns the path with the extension of the file name, from its last dot on, replaced by `extension`, which
+// includes its dot; appends it to a name without a dot. If `extension` is null, keeps the file name.
 WString ChangeExtension(const PathParts& parts, const WCHAR* extension);

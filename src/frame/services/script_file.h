@@ -1,4 +1,4 @@
-// The one file that a script command works on.
+// The file that a script command works on.
 #pragma once
 
 #include <optional>
@@ -7,9 +7,8 @@
 
 namespace Velmora::SDK {
 
-// Looks a path up (service 3000) and holds its item in a list. At the end of its scope, also when something
-// is thrown through it, the list is handed to the service, then the service is given back, then the list is
-// released.
+// Looks up a path (service 3000) and holds its item in a list. The destructor passes the list to the
+// service's ReleaseFileList, then releases the service, then the list.
 class ScriptFile {
  public:
   ScriptFile(IHostApp& host, const WString& path);
@@ -17,12 +16,12 @@ class ScriptFile {
   ScriptFile& operator=(const ScriptFile&) = delete;
   ~ScriptFile();
 
-  // False if the file was not found, or the host has no service or no list; then nothing is held.
+  // False if the file was not found, or the host provides no service or no list.
   explicit operator bool() const { return list_.has_value(); }
   IHostFileList* List() const { return list_ ? list_->Get() : nullptr; }
 
  private:
-  // In this order, so that the service goes first.
+  // Members are destroyed in reverse order, so the service is released first.
   std::optional<HostObject<IHostFileList>> list_;
   std::optional<HostService<IHostFileOperation>> service_;
 };

@@ -1,4 +1,4 @@
-// Reading the parameters of a script command's call.
+// Reads the parameters of a call of a script command.
 #pragma once
 
 #include <cstdint>
@@ -9,18 +9,19 @@
 
 namespace Velmora::SDK {
 
-// A parameter's value, kept beyond the call's next operation; nothing for one that was not given.
+// Returns a copy of the value of a parameter; std::nullopt if it was not given.
 std::optional<WString> ScriptValue(IHostCommandCall& call, const char* name);
 
+// A parameter without a value, and the option bits that it stands for.
 struct ScriptSwitch {
   const char* name;
   std::uint32_t option;
 };
 
-// The options of all the switches that were given. They are asked for in the order of the rows.
+// Returns the combined options of all switches that were given. Reads them in the order of `switches`.
 std::uint32_t ReadScriptSwitches(IHostCommandCall& call, std::span<const ScriptSwitch> switches);
 
-// The option of the first of the switches that was given, or else `none`.
+// Returns the option of the first of `switches` that was given; `none` if none was given.
 std::uint32_t FirstScriptSwitch(IHostCommandCall& call, std::span<const ScriptSwitch> switches,
                                 std::uint32_t none);
 

@@ -1,4 +1,4 @@
-// Words that script parameters take as their values.
+// The words that script parameters accept as values.
 #pragma once
 
 #include <cstdint>
@@ -7,11 +7,12 @@
 
 #include "platform/text.h"
 
+// One word and the option that it selects.
 struct ScriptWord {
   const WCHAR* word;
   std::uint32_t option;
 };
 
-// The option of the word that `value` is; the case of the letters A to Z does not matter. Nothing if it is
-// none of them.
+// Returns the option of the word that equals `value`, ignoring the case of the letters A to Z; std::nullopt
+// if no word does.
 std::optional<std::uint32_t> FindScriptWord(WStringView value, std::span<const ScriptWord> words);

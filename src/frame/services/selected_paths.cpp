@@ -20,7 +20,7 @@ std::vector<WString> SelectedPaths(IHostApp& host) {
   for (u32 index = 0; index < count; ++index) {
     IHostFileItem* const item = list->GetItem(index);
     if (!item) continue;
-    std::array<WCHAR, kPathChars + 1> path = {};  // a zero stands behind what a host fills whole
+    std::array<WCHAR, kPathChars + 1> path = {};  // terminated even if the host fills all of its buffer
     item->GetFullPath(path.data(), kPathChars);
     paths.emplace_back(path.data());
   }

@@ -1,4 +1,4 @@
-// The selected files of a command that works on paths.
+// The paths of the selected files, for commands that work on paths.
 #pragma once
 
 #include <vector>
@@ -7,8 +7,8 @@
 
 namespace Velmora::SDK {
 
-// The full paths of the selected files, in their order, each of up to 2047 characters; an item without a path
-// gives an empty text. No paths where the host has no list or refuses the request.
+// Returns the full paths of the selected files, in their order, each of at most 2047 characters; the empty
+// text for an item without a path. Returns no paths if the host provides no list or refuses the request.
 std::vector<WString> SelectedPaths(IHostApp& host);
 
 }  // namespace Velmora::SDK

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Windows keeps the texts of its network errors in a library of their own.
+// Windows stores the texts of its network errors in a separate library, netmsg.dll.
 constexpr DWORD kFirstNetworkError = 2100;
 constexpr DWORD kLastNetworkError = 2999;
 
@@ -19,8 +19,8 @@ struct LocalFreeDeleter {
 WString GetSystemErrorText(DWORD error) {
   DWORD flags = FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM;
   if (error >= kFirstNetworkError && error <= kLastNetworkError) {
-    // The library stays loaded and its handle is not passed on: the text comes from the system, if it has one
-    // (C-014).
+    // The library stays loaded, and its handle is not passed to FormatMessageW, which returns the system's
+    // text if there is one (C-014).
     if (LoadLibraryExW(W("netmsg.dll"), nullptr, LOAD_LIBRARY_AS_DATAFILE)) {
       flags |= FORMAT_MESSAGE_FROM_HMODULE;
     }

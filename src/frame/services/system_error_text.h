@@ -1,7 +1,8 @@
-// Texts of Windows error numbers.
+// The texts of Windows error numbers.
 #pragma once
 
 #include "platform/text.h"
 
-// The system's message for `error` as it comes, with its line ending (FormatMessageW), or "Unknown error.".
+// Returns the system's message for `error`, including its line ending (FormatMessageW), or "Unknown error."
+// if there is no message.
 WString GetSystemErrorText(DWORD error);

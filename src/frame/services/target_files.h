@@ -1,14 +1,14 @@
-// The target files of a run over a list of files: where each stands, and whether it may be written.
+// The target files of a run over a list of files: their paths, and whether existing ones may be overwritten.
 #pragma once
 
 #include "frame/host/host_app.h"
 
 namespace Velmora::SDK {
 
-// More than the longest path of the system.
+// The size of a buffer for the longest path of the system, in characters.
 inline constexpr u32 kMostPathChars = 32768;
 
-// A path of an item, of any length, from the operation that gives it.
+// Returns the result of `path`, an operation of `item` that stores a path of any length in a buffer.
 template <typename Result>
 WString PathOf(IHostFileItem& item, Result (IHostFileItem::*path)(WCHAR*, u32)) {
   WString text(kMostPathChars, WCHAR());
@@ -17,26 +17,27 @@ WString PathOf(IHostFileItem& item, Result (IHostFileItem::*path)(WCHAR*, u32)) 
   return text;
 }
 
-// The item's name by a pattern (BuildTargetName), in a folder that may end in a backslash or not. An empty
-// pattern gives the folder itself.
+// Returns the path in `folder` with the name that BuildTargetName makes from the item and the pattern.
+// `folder` need not end in a backslash. For an empty pattern returns the folder, with a backslash.
 WString TargetPath(WString folder, IHostFileItem& item, WStringView pattern);
 
-// What becomes of a file by its target.
+// What to do with a file, depending on its target.
 enum class TargetAnswer {
-  kFree,     // there is no target yet
-  kReplace,  // there is one, and it may be overwritten
+  kFree,     // the target does not exist
+  kReplace,  // the target exists and may be overwritten
   kSkip,
   kCancel  // ends the run
 };
 
+// How a run treats existing targets.
 struct TargetRule {
-  TextId title;       // of the question
-  bool isSilent;      // nobody is asked
-  bool mayOverwrite;  // the answer of a silent run
+  TextId title;       // the title of the question
+  bool isSilent;      // do not ask the user
+  bool mayOverwrite;  // whether a silent run overwrites targets
 };
 
-// Asks whether a target that exists may be overwritten, by a box with yes, no and cancel; a silent run has
-// its answer.
+// Returns whether the target may be written. If it exists, asks the user with a box with yes, no and cancel;
+// a silent run uses `rule.mayOverwrite` instead.
 TargetAnswer AskAboutTarget(IHostApp& host, const WString& target, const TargetRule& rule);
 
 }  // namespace Velmora::SDK

@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::size_t kMostNameChars = 4096;
 
-// Replaces the first `mark` in `text`; false if there is none.
+// Replaces the first `mark` in `text`. Returns false if `text` does not contain it.
 bool ReplaceFirst(WString& text, WStringView mark, WStringView replacement) {
   const std::size_t at = text.find(mark);
   if (at == WString::npos) return false;
@@ -40,7 +40,7 @@ WString BuildTargetName(Velmora::SDK::IHostFileItem& item, WStringView targetPat
     ReplaceFirst(extPart, W("*"), buffer.data());
   }
 
-  // An extension that is a dot alone is dropped (C-013).
+  // Do not append an extension that is only a dot (C-013).
   WString result = std::move(namePart);
   if (extPart.size() > 1 || (extPart.size() == 1 && extPart[0] != W('.'))) result += extPart;
   std::erase(result, W('*'));

@@ -1,9 +1,9 @@
-// Target names from a pattern with asterisks.
+// Makes target names from a pattern with asterisks.
 #pragma once
 
 #include "frame/host/host_files.h"
 
-// The name that `targetPattern` gives for `item`: "*.*" the same name, "*.bak" another extension, "new_*" a
-// prefix, "*_x.*" a suffix. Of several asterisks only the first of each part is replaced; the others are
-// removed (C-013). A pattern without an asterisk is the name itself; an empty one gives an empty name.
+// Returns the name that `targetPattern` makes from the name of `item`: "*.*" keeps the name, "*.bak" changes
+// the extension, "new_*" adds a prefix, "*_x.*" a suffix. Only the first asterisk of each part is replaced;
+// further ones are removed (C-013). Returns a pattern without an asterisk unchanged, also an empty one.
 WString BuildTargetName(Velmora::SDK::IHostFileItem& item, WStringView targetPattern);

@@ -1,5 +1,5 @@
-// The usual kinds of fields of a dialog's form, for whoever answers dialogs. Each refers to a member of the
-// form, which must live as long as the field.
+// Makes the usual kinds of FormField for the members of a dialog's form, for handlers that edit forms
+// (platform/posix/user_interface.h). Each field refers to a member of the form, which must outlive it.
 #pragma once
 
 #include <algorithm>
@@ -11,6 +11,7 @@
 
 namespace Platform {
 
+// Returns a field for any text.
 inline FormField TextField(const char* name, WString& member) {
   return {name, [&member] { return member; },
           [&member](const WString& text) {
@@ -19,7 +20,7 @@ inline FormField TextField(const char* name, WString& member) {
           }};
 }
 
-// A text of at most so many characters.
+// Returns a field for a text. It rejects one of more than `characters` characters.
 inline FormField LimitedField(const char* name, WString& member, std::size_t characters) {
   FormField field = TextField(name, member);
   field.set = [characters, set = field.set](const WString& text) {
@@ -29,7 +30,7 @@ inline FormField LimitedField(const char* name, WString& member, std::size_t cha
   return field;
 }
 
-// A number of at most so many digits; the field may be empty.
+// Returns a field for a decimal number. It accepts at most `digits` digits, and the empty text.
 inline FormField NumberField(const char* name, WString& member, std::size_t digits) {
   FormField field = TextField(name, member);
   field.set = [digits, set = field.set](const WString& text) {
@@ -41,19 +42,19 @@ inline FormField NumberField(const char* name, WString& member, std::size_t digi
   return field;
 }
 
-// A text of which the first characters are kept, so many at most.
+// Returns a field for a text. It truncates a longer one to its first `characters` characters.
 inline FormField CutField(const char* name, WString& member, std::size_t characters) {
   FormField field = LimitedField(name, member, characters);
   field.set = [characters, set = field.set](const WString& text) { return set(text.substr(0, characters)); };
   return field;
 }
 
-// A text that is shown and cannot be changed.
+// Returns a read-only field.
 inline FormField ShownField(const char* name, std::function<WString()> get) {
   return {name, std::move(get), [](const WString&) { return false; }, {}, [] { return false; }};
 }
 
-// A check box: 1 and 0.
+// Returns a field for a check box, with the values 1 and 0.
 inline FormField FlagField(const char* name, bool& member) {
   return {name,
           [&member] { return WString(member ? W("1") : W("0")); },
@@ -65,7 +66,7 @@ inline FormField FlagField(const char* name, bool& member) {
           {W("0"), W("1")}};
 }
 
-// A choice by its word. What has no word is shown as an empty text.
+// One value of a choice and the word that selects it. A value without a word is shown as the empty text.
 struct ChoiceWord {
   int choice;
   const WCHAR* word;
@@ -90,7 +91,7 @@ inline FormField ChoiceField(const char* name, int& member, std::span<const Choi
   return {name, get, set, std::move(all)};
 }
 
-// A field that takes values while it is enabled, as its control in the window would.
+// A field that accepts values only while it is enabled, as its control in the window does.
 template <typename Form>
 struct RuledField {
   FormField field;
@@ -105,7 +106,8 @@ bool Never(const Form&) {
   return false;
 }
 
-// The fields of a form, each followed by what the dialog does when it has changed: `follow(form, before)`.
+// Returns the fields of a form. After a field has changed, it calls `follow(form, before)`, which does what
+// the dialog does on such a change; `before` is the form before the change.
 template <typename Form>
 std::vector<FormField> FollowedFields(Form& form, std::span<const RuledField<Form>> rows,
                                       void (*follow)(Form& form, const Form& before)) {

@@ -1,14 +1,14 @@
-// The last error of a thread, and Windows' number for an errno.
+// Sets the calling thread's last error, and maps errno values to Windows error numbers.
 #pragma once
 
 #include "platform/posix/windows_types.h"
 
 namespace Platform {
 
-// Sets the thread's last error and answers FALSE, for `return FailWith(...)`.
+// Sets the calling thread's last error and returns FALSE, for `return FailWith(...)`.
 BOOL FailWith(DWORD error);
 
-// The Windows number that stands for `error`, an errno; ERROR_GEN_FAILURE for one that has none.
+// Returns the Windows error number for `error`, an errno value; ERROR_GEN_FAILURE if there is no equivalent.
 DWORD ErrorOfErrno(int error);
 
 }  // namespace Platform

@@ -21,13 +21,13 @@ struct FunctionRow {
   FARPROC function;
 };
 
-// By way of the one function type that the compiler lets be any other.
+// Casts a function to FARPROC. void(*)() may be cast to any function pointer without a compiler warning.
 template <typename Function>
 FARPROC Untyped(Function* function) {
   return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(function));
 }
 
-// A library that every Windows has and that the product asks for, with what the product looks up in it.
+// A system library that the product loads, with the functions that the product looks up in it.
 struct Library {
   std::u16string_view name;
   std::vector<FunctionRow> functions;
@@ -35,19 +35,19 @@ struct Library {
 };
 
 struct Libraries {
-  std::mutex mutex;  // for the loads
+  std::mutex mutex;  // protects the load counts
   Library rows[3] = {
       {u"KERNEL32",
        {{"CompareStringEx", Untyped(&CompareStringEx)},
         {"CompareStringOrdinal", Untyped(&CompareStringOrdinal)},
         {"CreateSymbolicLinkW", Untyped(&CreateSymbolicLinkW)}}},
       {u"NETMSG", {}},
-      // In every process from its beginning.
+      // Loaded in every process from the start.
       {u"NTDLL", {{"NtQueryInformationFile", Untyped(&NtQueryInformationFile)}}, 1},
   };
 };
 
-// Never destroyed: static objects may free their libraries at the end of the process.
+// Returns the table, which is never destroyed: static objects may free libraries at the end of the process.
 Libraries& TheLibraries() {
   static Libraries& libraries = *std::make_unique<Libraries>().release();
   return libraries;
@@ -75,7 +75,7 @@ HMODULE Load(const WCHAR* path) {
   return nullptr;
 }
 
-// The library of a handle; null for one that is not loaded. The lock of the libraries must be held.
+// Returns the library of a handle, or null if it is not loaded. The caller holds the lock of the libraries.
 Library* Find(Libraries& libraries, HMODULE module) {
   for (Library& library : libraries.rows) {
     if (reinterpret_cast<HMODULE>(&library) == module && library.loads > 0) return &library;

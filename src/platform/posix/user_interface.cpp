@@ -9,7 +9,7 @@ namespace {
 
 constexpr INT_PTR kNoAssociation = 31;  // SE_ERR_NOASSOC
 constexpr DWORD kNobodyToAsk = 1459;    // ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION
-constexpr INT_PTR kMostErrors = 32;     // the highest value that ShellExecuteW answers for a failure
+constexpr INT_PTR kMostErrors = 32;     // the highest value that ShellExecuteW returns for a failure
 
 std::atomic<Platform::UserInterface*> installed{nullptr};
 

@@ -1,7 +1,7 @@
-// Who answers boxes and dialogs in the native build, where there are no windows.
+// The handler of message boxes and dialogs in the native build, which has no windows.
 //
-// The platform library is one shared library for the module and its host, so the handler that the host (or a
-// test) installs here answers what the module asks. Calls come on the thread that asks.
+// The module and its host share one platform library, so a handler that the host (or a test) installs here
+// receives the requests of the module. The handler is called on the thread that makes the request.
 #pragma once
 
 #include <functional>
@@ -12,47 +12,49 @@
 
 namespace Platform {
 
-// One field of a dialog's form, by the name of the form's member.
+// One field of a dialog's form, named after the form's member.
 struct FormField {
   std::string name;
   std::function<WString()> get;
-  // Takes the field's value as text. False if the text is no value of this field.
+  // Sets the field's value from text. Returns false if the field does not accept the text.
   std::function<bool(const WString&)> set;
-  // The values that the field takes; empty if they are no list.
+  // The values that the field accepts; empty if it accepts values that cannot be listed.
   std::vector<WString> words = {};
-  // Returns whether the field takes values as the form is. Null: it always does.
+  // Returns whether the field is enabled in the form's present state. If null, it always is.
   std::function<bool()> isEnabled = nullptr;
-  // What a field without such a list takes, if not any text: "at most 3 characters".
+  // Describes what a field without such a list accepts, such as "at most 3 characters"; empty for any text.
   std::string takes = {};
 };
 
-// A dialog that is asked for: its class name, its title and what stands at its top as the user would see
-// them, and the fields of its form.
+// A request to show a dialog: its class name, the title and the text at its top as the user would see them,
+// and the fields of its form.
 struct FormRequest {
   std::string dialog;
   WString title;
   WString text;
   std::vector<FormField> fields;
-  // Returns whether OK may end the dialog with the fields as they are. Null: it always may.
+  // Returns whether the OK button is enabled with the present values. If null, it always is.
   std::function<bool()> isOkEnabled = nullptr;
 };
 
+// The interface of the handler.
 class UserInterface {
  public:
   virtual ~UserInterface() = default;
-  // As MessageBoxW: answers the button, 0 for a failure.
+  // Returns the button that was pressed, or 0 for a failure, as MessageBoxW does.
   virtual int MessageBox(const WCHAR* text, const WCHAR* caption, UINT style) = 0;
-  // Edits the fields and answers the button that ends the dialog: IDOK or IDCANCEL.
+  // Edits the fields and returns the button that ends the dialog: IDOK or IDCANCEL.
   virtual INT_PTR Dialog(FormRequest& form) = 0;
-  // Is told what ShellExecuteW was asked to start. Answers as that does: above 32 for success.
+  // Handles a call of ShellExecuteW. Returns a value above 32 for success, as that function does.
   virtual INT_PTR ShellExecute(const WCHAR* verb, const WCHAR* file, const WCHAR* arguments, int show) = 0;
 };
 
-// Installs the handler (null for none) and gives back the one before. The caller keeps ownership and outlives
-// its installation.
+// Installs `handler` (null for none) and returns the previous one. The caller keeps ownership; the handler
+// must live until another one is installed. May be called from any thread.
 QX_PLATFORM_API UserInterface* InstallUserInterface(UserInterface* handler);
 
-// Shows the form to the handler. Returns IDCANCEL without one, and if OK was pressed while it was disabled.
+// Passes the form to the handler and returns the button that ended the dialog. Returns IDCANCEL if no handler
+// is installed, or if OK was pressed while it was disabled.
 QX_PLATFORM_API INT_PTR AskForm(FormRequest& form);
 
 }  // namespace Platform

@@ -65,7 +65,7 @@ struct POINT {
   LONG y;
 };
 
-// A message of a thread's queue. The time and the place are zero here.
+// A message of a thread's queue. `time` and `pt` are always zero.
 struct tagMSG {
   HWND hwnd;  // null for a message of the thread itself
   UINT message;
@@ -110,7 +110,7 @@ static_assert(sizeof(BY_HANDLE_FILE_INFORMATION) == 52);
 enum FINDEX_INFO_LEVELS { FindExInfoStandard, FindExInfoBasic, FindExInfoMaxInfoLevel };
 enum FINDEX_SEARCH_OPS { FindExSearchNameMatch, FindExSearchLimitToDirectories, FindExSearchMaxSearchOp };
 
-// Opaque to the product, which always hands null.
+// Incomplete: the product always passes null.
 struct SECURITY_ATTRIBUTES;
 struct OVERLAPPED;
 struct NLSVERSIONINFO;

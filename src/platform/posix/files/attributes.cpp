@@ -16,7 +16,7 @@ namespace Platform {
 bool IsJunction(int folder, const char* path) {
   char text[PATH_MAX];
   const ssize_t size = readlinkat(folder, path, text, sizeof text);
-  // The text of a path that was made here is never cut: PATH_MAX is the limit of links too.
+  // A link target cannot exceed PATH_MAX, so the text is complete.
   return size > 0 && text[0] == '/' && text[size - 1] == '/';
 }
 
@@ -42,7 +42,7 @@ DWORD AttributesOf(mode_t mode, std::string_view name, bool linksToFolder) {
 
 namespace {
 
-// Looks at the file or link itself; 0 or an error.
+// Stores the translated path and the status of the file or link itself. Returns 0 or an error.
 DWORD Look(const WCHAR* path, NativePath& native, struct stat& status, bool& linksToFolder) {
   const DWORD error = TranslatePath(path, native);
   if (error != ERROR_SUCCESS) return error;
@@ -76,8 +76,8 @@ BOOL SetFileAttributesW(const WCHAR* path, DWORD attributes) {
   bool linksToFolder = false;
   const DWORD error = Platform::Look(path, native, status, linksToFolder);
   if (error != ERROR_SUCCESS) return Platform::FailWith(error);
-  // Read-only is the one attribute that can be kept here; the others are passed over, as on any file system
-  // that has no place for them.
+  // Only the read-only attribute can be stored here; the others are ignored, as on any file system that does
+  // not support them.
   if (!S_ISREG(status.st_mode)) return TRUE;
   const mode_t current = status.st_mode & static_cast<mode_t>(07777);
   const bool makeReadOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;

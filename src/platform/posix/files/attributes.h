@@ -1,4 +1,4 @@
-// Windows' file attributes for what stands on disk.
+// Maps the status of files, folders and links to Windows file attributes.
 #pragma once
 
 #include <sys/stat.h>
@@ -9,27 +9,28 @@
 
 namespace Platform {
 
-// A file without write permission for its owner. The superuser, whom the system would let write, is held to
-// it as well. Folders and links are never read-only.
+// Returns whether a file is read-only: its owner has no write permission. The superuser, whom the system
+// would let write, is bound by it as well. Folders and links are never read-only.
 inline bool IsReadOnly(const struct stat& status) {
   return S_ISREG(status.st_mode) && (status.st_mode & S_IWUSR) == 0;
 }
 
-// The permissions of a file that becomes read-only.
+// Returns the permissions that make a file read-only.
 inline mode_t ReadOnlyMode(const struct stat& status) {
   return status.st_mode & static_cast<mode_t>(07777 & ~(S_IWUSR | S_IWGRP | S_IWOTH));
 }
 
-// What is told of a link at `path`, which is relative to the open folder `folder` (AT_FDCWD for none):
-// whether it is a folder to Windows. That is one that leads to a folder, and every junction.
+// Returns whether Windows would report the link at `path` as a folder: a link to a folder, and every
+// junction, even one whose target is missing. `path` is relative to the open folder `folder`, or to the
+// current folder for AT_FDCWD.
 bool LinksToFolder(int folder, const char* path);
 
-// Whether the link at `path` is a junction: a link to a full path with a slash at its
-// end, which so leads to folders alone.
+// Returns whether the link at `path` is a junction: a link to an absolute path that ends in a slash, so that
+// it can only lead to a folder. `path` is relative as above.
 bool IsJunction(int folder, const char* path);
 
-// The attributes of what lstat found at `name` (its last part alone counts: a leading dot hides it). Links to
-// folders are told from others by `linksToFolder`.
+// Returns the Windows attributes of an entry with the mode `mode`, as lstat reports it. A dot at the start of
+// the last part of `name` makes the entry hidden. `linksToFolder` is the result of LinksToFolder for a link.
 DWORD AttributesOf(mode_t mode, std::string_view name, bool linksToFolder);
 
 }  // namespace Platform

@@ -1,4 +1,4 @@
-// The gate that each Windows function of this layer passes first: where tests make it fail (faults.h).
+// Each Windows function of this layer calls FaultFires first, so that tests can make it fail (faults.h).
 #pragma once
 
 #include <atomic>
@@ -11,10 +11,10 @@
 
 namespace Platform::Faults {
 
-// Set while any function is named by Fail, WriteShort or Watch.
+// True while a test has set any fault or watches any function.
 extern std::atomic<bool> armed;
 
-// What a call was given, as far as tests ask for it.
+// The arguments of a call that tests can inspect.
 struct Arguments {
   std::uint32_t flags = 0;
   const WCHAR* path = nullptr;
@@ -23,30 +23,31 @@ struct Arguments {
   DWORD language = 0;
 };
 
-// Counts the call, keeps what it was given and, if it is to fail, sets the last error and answers true.
+// Counts the call and records its arguments. If the call is to fail, sets the last error and returns true.
 bool Fires(const char* function, const Arguments& arguments);
 
-// The bytes that this call of WriteFile shall write at most. Counts a call of its own kind.
+// Returns the most bytes that this call of WriteFile may write, if a test limits it. Calls of this function
+// are counted separately from those of Fires.
 std::optional<DWORD> ShortWrite();
 
-// What a test makes the function hand out, and return.
+// The output and the result that a test chooses for a function.
 struct Gift {
   std::vector<BYTE> bytes;
   DWORD result = ERROR_SUCCESS;
 };
 std::optional<Gift> GiftOf(const char* function);
 
-// What every drive's network name is to be; empty for none.
+// Returns the network name that a test has chosen for all drives; empty for none.
 std::u16string UniversalName();
 
-// True if the search with the basic information that was just opened gives its first entry without a name.
+// Returns whether the FindExInfoBasic search just opened must return its first entry without a name.
 bool LeavesNameOut();
 
 }  // namespace Platform::Faults
 
 namespace Platform {
 
-// True if this call of `function` is to fail; the last error is set then.
+// Returns whether this call of `function` must fail; if so, the last error has been set.
 inline bool FaultFires(const char* function, const Faults::Arguments& arguments) {
   return Faults::armed.load(std::memory_order_relaxed) && Faults::Fires(function, arguments);
 }
@@ -54,7 +55,7 @@ inline bool FaultFires(const char* function, std::uint32_t flags = 0) {
   return FaultFires(function, Faults::Arguments{.flags = flags});
 }
 
-// What a test makes the function hand out; nothing without a test.
+// Returns the output that a test has chosen for `function`, if any.
 inline std::optional<Faults::Gift> GivenByTest(const char* function) {
   if (!Faults::armed.load(std::memory_order_relaxed)) return std::nullopt;
   return Faults::GiftOf(function);

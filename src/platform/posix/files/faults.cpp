@@ -14,7 +14,7 @@ namespace Platform::Faults {
 
 namespace {
 
-// What is wanted of one function, and what has been seen of it.
+// The faults set for one function, and the record of its calls.
 struct Watched {
   int calls = 0;
   std::vector<std::u16string> paths;
@@ -36,20 +36,21 @@ struct State {
   std::u16string universalName;
 };
 
-// Never destroyed: threads and static objects may still call the gate at the end of the process.
+// Returns the state, which is never destroyed: threads and static objects may call Windows functions at the
+// end of the process.
 State& TheState() {
   static State& state = *std::make_unique<State>().release();
   return state;
 }
 
-// Forgets what has been seen.
+// Clears the record of the calls.
 void StartOver(Watched& watched) {
   watched.calls = 0;
   watched.paths.clear();
   watched.last = {};
 }
 
-// A copy of what is known of the function; nothing for one that was not named.
+// Returns a copy of the state of `function`; an empty one if no test has named it.
 Watched WatchedOf(std::string_view function) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);
@@ -145,7 +146,7 @@ void Clear() {
 
 namespace {
 
-// Counts the call, and says whether it fails. `action` becomes what is to be done before it.
+// Counts the call and returns whether it must fail. Stores in `action` the action to run before it, if any.
 bool Count(const char* function, const Arguments& arguments, std::function<void()>& action) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);

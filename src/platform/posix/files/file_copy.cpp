@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kBlock = std::size_t{256} * 1024;
 
-// Writes all of it; 0 or an errno.
+// Writes all bytes. Returns 0 or an errno value.
 int WriteAll(int descriptor, const char* bytes, std::size_t count) {
   while (count > 0) {
     const ssize_t written = write(descriptor, bytes, count);
@@ -41,7 +41,7 @@ int CopyBytes(int source, int target) {
   }
 }
 
-// Where the target has no place for extended attributes they are lost, as on Windows.
+// Attributes that the target's file system does not support are lost, as on Windows.
 void CopyExtendedAttributes(int source, int target) {
   std::vector<char> names(XATTR_LIST_MAX);
   const ssize_t size = flistxattr(source, names.data(), names.size());
@@ -58,12 +58,12 @@ int CopyAll(int source, const struct stat& status, int target) {
   int error = CopyBytes(source, target);
   if (error != 0) return error;
   CopyExtendedAttributes(source, target);
-  // An owner can be given by the superuser alone; for others the file becomes the mover's.
+  // Only the superuser may set the owner; for other users the copy belongs to the user who moves the file.
   if (fchown(target, status.st_uid, status.st_gid) != 0 && errno != EPERM) return errno;
   if (fchmod(target, status.st_mode & static_cast<mode_t>(07777)) != 0) return errno;
   const timespec times[] = {status.st_atim, status.st_mtim};
   if (futimens(target, times) != 0) return errno;
-  // The source is deleted next: its copy must not be in the cache alone.
+  // The caller deletes the source next, so the copy must have reached the disk.
   return fsync(target) == 0 ? 0 : errno;
 }
 

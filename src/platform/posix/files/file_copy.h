@@ -1,4 +1,4 @@
-// Carrying a file over to another file system.
+// Copying a file to another file system.
 #pragma once
 
 #include <sys/stat.h>
@@ -7,9 +7,10 @@
 
 namespace Platform {
 
-// Copies the file or link `from`, of which lstat said `status`, to `to`, which must not be there: bytes,
-// permissions, times and extended attributes. What is copied is on the disk when the call succeeds. Answers 0
-// or an errno; nothing stays at `to` after a failure.
+// Copies the file or link `from`, whose lstat result is `status`, to `to`, which must not exist: contents,
+// permissions, times and extended attributes of a file, the target of a link. A file has been flushed to disk
+// when the call succeeds. Returns 0 or an errno value; leaves nothing at `to` after a failure. Anything else
+// than a file or a link fails with EXDEV.
 int CopyAcross(const std::string& from, const struct stat& status, const std::string& to);
 
 }  // namespace Platform

@@ -1,4 +1,4 @@
-// Reading, writing and moving about in an open file, and what the file system says of it.
+// ReadFile, WriteFile, SetFilePointer and other functions of open files.
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -23,7 +23,7 @@ constexpr off_t kLastPosition = std::numeric_limits<off_t>::max();
 
 std::shared_ptr<OpenFile> FindFile(HANDLE handle) { return OpenFiles::Instance().Find(handle); }
 
-// What is wrong with the arguments of a transfer; 0 for nothing.
+// Checks the arguments of a transfer. Returns 0 or an error.
 DWORD CheckTransfer(const OpenFile* file, bool allowed, const void* buffer, DWORD count,
                     const OVERLAPPED* overlapped) {
   if (!file) return ERROR_INVALID_HANDLE;
@@ -33,8 +33,8 @@ DWORD CheckTransfer(const OpenFile* file, bool allowed, const void* buffer, DWOR
   return ERROR_SUCCESS;
 }
 
-// Calls `transfer(offset, size)` until `count` bytes are through, it answers 0 or it fails. Answers the bytes
-// that went through; `error` is 0 or a Windows error.
+// Calls `transfer(offset, size)` until `count` bytes are transferred, it returns 0 or it fails. Returns the
+// number of bytes transferred; stores 0 or a Windows error in `error`.
 template <typename Transfer>
 DWORD TransferAll(DWORD count, DWORD& error, Transfer transfer) {
   error = ERROR_SUCCESS;
@@ -64,7 +64,7 @@ BOOL ReadFile(HANDLE handle, void* buffer, DWORD count, DWORD* done, OVERLAPPED*
     return read(file->descriptor.Get(), static_cast<char*>(buffer) + offset, size);
   });
   if (done) *done = total;
-  // Bytes that came are handed over; the failure comes again with the next call.
+  // If some bytes were read, returns them with success; the next call reports the failure.
   return error == ERROR_SUCCESS || total > 0 ? TRUE : FailWith(error);
 }
 
@@ -112,12 +112,12 @@ DWORD SetFilePointer(HANDLE handle, LONG distance, LONG* distanceHigh, DWORD met
   if (offset > kLastPosition - base) return fail(ERROR_INVALID_PARAMETER);
   const off_t target = base + offset;
   if (target < 0) return fail(ERROR_NEGATIVE_SEEK);
-  // Without a place for the high half the answer must say it all.
+  // Without `distanceHigh`, only positions that fit into the return value can be reported.
   if (!distanceHigh && target > std::numeric_limits<DWORD>::max()) return fail(ERROR_INVALID_PARAMETER);
   if (lseek(file->descriptor.Get(), target, SEEK_SET) < 0) return fail(Platform::ErrorOfErrno(errno));
 
   if (distanceHigh) *distanceHigh = static_cast<LONG>(target >> 32);
-  SetLastError(ERROR_SUCCESS);  // tells a low half of 0xFFFFFFFF from a failure
+  SetLastError(ERROR_SUCCESS);  // distinguishes a low half of 0xFFFFFFFF from a failure
   return static_cast<DWORD>(target & 0xFFFFFFFF);
 }
 
@@ -140,8 +140,8 @@ BOOL GetFileInformationByHandle(HANDLE handle, BY_HANDLE_FILE_INFORMATION* infor
   struct stat status;
   if (fstat(file->descriptor.Get(), &status) != 0) return FailWith(Platform::ErrorOfErrno(errno));
   *information = {};
-  // Devices that are in use differ in the low half of their numbers; the high half is folded in for the
-  // others.
+  // The device number has 64 bits, the serial number 32: combine both halves. The numbers of devices in use
+  // usually differ in the low half.
   information->dwVolumeSerialNumber = static_cast<DWORD>(status.st_dev ^ (status.st_dev >> 32));
   information->nFileIndexHigh = static_cast<DWORD>(status.st_ino >> 32);
   information->nFileIndexLow = static_cast<DWORD>(status.st_ino);

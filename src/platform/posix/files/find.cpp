@@ -1,4 +1,5 @@
-// FindFirstFileExW and its kin. One search holds an open folder and its mask, whatever the number of entries.
+// FindFirstFileExW, FindNextFileW and FindClose. A search holds an open folder and a mask; its memory does
+// not grow with the number of entries.
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -47,8 +48,8 @@ mode_t ModeOfType(unsigned char type) {
   }
 }
 
-// Fills `data` for the entry `name` of the open folder. False if it is gone, or if its name is too long for
-// the record.
+// Fills `data` for the entry `name` of the open folder. Returns false if the entry no longer exists, or if
+// its name is too long for the record.
 bool Describe(int folder, const char* name, unsigned char type, WIN32_FIND_DATAW& data) {
   const std::u16string wide = Platform::WideName(name);
   if (wide.size() >= MAX_PATH) return false;
@@ -56,7 +57,7 @@ bool Describe(int folder, const char* name, unsigned char type, WIN32_FIND_DATAW
   constexpr unsigned kWanted = STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_ATIME | STATX_MTIME | STATX_BTIME;
   if (statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, kWanted, &status) != 0) {
     if (errno == ENOENT) return false;
-    // Listed but not to be looked at: it is shown with what the folder says of it.
+    // The status cannot be read: report the entry with the type from the folder listing.
     status.stx_mode = static_cast<decltype(status.stx_mode)>(ModeOfType(type));
   }
   data = {};
@@ -85,10 +86,10 @@ class Search {
   Search(Folder folder, std::u16string_view mask, bool isRoot)
       : folder_(std::move(folder)), mask_(mask), dotEntries_(isRoot ? kDotEntryCount : 0) {}
 
-  // A search that has nothing more to give: its one entry is already handed out.
+  // A search whose only entry has already been returned.
   Search() : mask_(u""), dotEntries_(kDotEntryCount) {}
 
-  // Fills `data` with the next entry; 0 or an error, ERROR_NO_MORE_FILES at the end.
+  // Stores the next entry in `data`. Returns 0 or an error, ERROR_NO_MORE_FILES at the end.
   DWORD Next(WIN32_FIND_DATAW& data) {
     const std::lock_guard lock(mutex_);
     if (!folder_) return ERROR_NO_MORE_FILES;
@@ -115,19 +116,19 @@ class Search {
   std::mutex mutex_;
   Folder folder_;
   NameMask mask_;
-  std::size_t dotEntries_;  // how many have been handed out
+  std::size_t dotEntries_;  // how many have been returned or skipped
 };
 
 using Searches = Platform::HandleTable<Search>;
 
-// Where to search and for what.
+// The folder to search, and the mask.
 struct Place {
   NativePath folder;
   std::u16string mask;
 };
 
-// Parts the path into folder and mask; 0 or an error. A plain name is made full first, so "." finds the
-// folder itself; a mask is taken as it stands, but for dots and spaces at its end.
+// Splits the path into folder and mask. Returns 0 or an error. A path without wildcards is made a full path
+// first, so that "." finds the folder itself; from a mask only dots and spaces at its end are removed.
 DWORD FindPlace(const WCHAR* path, Place& place) {
   if (!path || !*path) return ERROR_PATH_NOT_FOUND;
   std::u16string text(path);
@@ -163,7 +164,7 @@ DWORD FolderError(int error) {
   }
 }
 
-// Opens the search and fills `data` with its first entry; 0 or an error.
+// Opens the search and stores its first entry in `data`. Returns 0 or an error.
 DWORD BeginSearch(const WCHAR* path, std::shared_ptr<Search>& search, WIN32_FIND_DATAW& data) {
   Place place;
   DWORD error = FindPlace(path, place);
@@ -172,7 +173,7 @@ DWORD BeginSearch(const WCHAR* path, std::shared_ptr<Search>& search, WIN32_FIND
   if (!folder) return FolderError(errno);
 
   if (!Platform::HasWildcard(place.mask)) {
-    // The file of just this name comes before those that differ in case.
+    // Prefer the file whose name has exactly this case.
     const auto name = Platform::NativeName(place.mask);
     if (!name) return ERROR_INVALID_NAME;
     struct stat status;

@@ -1,4 +1,4 @@
-// Making and removing folders, and deleting files.
+// CreateDirectoryW, RemoveDirectoryW and DeleteFileW.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,10 +22,10 @@ using Platform::ShareTable;
 
 bool LinksToFolder(const std::string& path) { return Platform::LinksToFolder(AT_FDCWD, path.c_str()); }
 
-// Whether what is at `path` may go as a file; 0 or an error.
+// Checks whether DeleteFileW may delete the entry at `path`. Returns 0 or an error.
 DWORD CheckDeletable(const NativePath& path, const struct stat& status) {
   if (S_ISDIR(status.st_mode)) return ERROR_ACCESS_DENIED;
-  // A link to a folder is a folder to Windows: RemoveDirectoryW takes it away.
+  // Windows treats a link to a folder as a folder: RemoveDirectoryW removes it.
   if (S_ISLNK(status.st_mode) && LinksToFolder(path.path)) return ERROR_ACCESS_DENIED;
   if (path.endsInSeparator) return ERROR_INVALID_NAME;
   return Platform::IsReadOnly(status) ? ERROR_ACCESS_DENIED : ERROR_SUCCESS;

@@ -21,7 +21,7 @@ struct FreeMemory {
   void operator()(char* memory) const { std::free(memory); }
 };
 
-// The current folder, as Z:\a\b; empty if it was removed.
+// Returns the current folder as Z:\a\b; empty if it was removed.
 std::u16string CurrentFolder() {
   const std::unique_ptr<char, FreeMemory> native(getcwd(nullptr, 0));
   if (!native || native.get()[0] != '/') return {};
@@ -45,7 +45,7 @@ std::size_t DeviceRootSize(std::u16string_view path) {
   return RootOf(rest) == PathRoot::kDrive ? 7 : 4;
 }
 
-// Works "." and ".." and repeated separators out of what stands behind the root.
+// Resolves "." and ".." and removes repeated separators in the part of a path after its root.
 std::u16string Collapse(std::u16string_view path) {
   std::vector<std::u16string_view> names;
   bool endsInSeparator = false;

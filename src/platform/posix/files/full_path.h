@@ -1,4 +1,5 @@
-// Full paths, made from the text alone as GetFullPathNameW does: nothing is looked up but the current folder.
+// Makes full paths from the text alone, as GetFullPathNameW does: reads the current folder but does not
+// access the file system otherwise.
 #pragma once
 
 #include <string>
@@ -6,7 +7,8 @@
 
 namespace Platform {
 
-// The parts of a path that "." and ".." cannot remove: what its first characters say about where it begins.
+// The kinds of roots of a path: what its first characters say about where it begins. "." and ".." cannot
+// remove a root.
 enum class PathRoot {
   kNone,           // a\b: the current folder
   kRooted,         // \a\b: the drive Z:
@@ -16,20 +18,22 @@ enum class PathRoot {
   kDevice,         // \\?\a\b or \\.\a\b
 };
 
+// Returns the kind of root that a path begins with.
 PathRoot RootOf(std::u16string_view path);
 
 inline bool IsSeparator(char16_t unit) { return unit == u'\\' || unit == u'/'; }
 
-// True for Z and z: the one drive there is.
+// Returns true for Z and z, the only drive that exists.
 inline bool IsOurDrive(char16_t letter) { return letter == u'Z' || letter == u'z'; }
 
-// True for a path that is its own full path at first sight: of a drive, with backslashes alone, and no name
-// that is empty or ends in a dot or a blank.
+// Returns true if FullPath would return `path` unchanged, by a quick check that may miss some: the path
+// begins at a drive, uses only backslashes, and has no name that is empty or ends in a dot or a space.
 bool IsPlainFullPath(std::u16string_view path);
 
-// The full path: slashes become backslashes, "." and ".." are worked in, an inner name loses one dot at its
-// end and the last one all dots and spaces there. A backslash at the end stays. Empty for an empty path, one
-// of spaces alone, or if there is no current folder.
+// Returns the full path: replaces slashes by backslashes, resolves "." and "..", removes one trailing dot
+// from each inner name and all trailing dots and spaces from the last one. Keeps a backslash at the end.
+// Returns the empty text for a path that is empty or only spaces, and if the current folder is needed and
+// does not exist any more.
 std::u16string FullPath(std::u16string_view path);
 
 }  // namespace Platform

@@ -1,4 +1,4 @@
-// Hard links, symbolic links, and whether a folder is empty.
+// CreateHardLinkW, CreateSymbolicLinkW and PathIsDirectoryEmptyW.
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -28,13 +28,14 @@ struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
 
-// What a failed link or symlink means for the link's path.
+// Returns the Windows error for `error`, the errno value of a failed link or symlink call that creates
+// `link`.
 DWORD LinkError(int error, const std::string& link) {
   return error == ENOENT ? ERROR_PATH_NOT_FOUND : PathError(error, link);
 }
 
-// What a symbolic link holds for `target`, which may be relative to the link and need not be there. 0 or an
-// error.
+// Stores in `text` the text of a symbolic link to `target`, which may be relative to the link and need not
+// exist. Returns 0 or an error.
 DWORD LinkText(const WCHAR* target, std::string& text) {
   if (!target || !*target) return ERROR_INVALID_PARAMETER;
   const std::u16string_view path(target);
@@ -70,7 +71,7 @@ BOOL CreateHardLinkW(const WCHAR* link, const WCHAR* target, SECURITY_ATTRIBUTES
   if (stat(from.path.c_str(), &status) != 0) return FailWith(PathError(errno, from.path));
   if (S_ISDIR(status.st_mode)) return FailWith(ERROR_ACCESS_DENIED);
   if (from.endsInSeparator || to.endsInSeparator) return FailWith(ERROR_INVALID_NAME);
-  // The file that a link leads to gets the new name, as it would be opened.
+  // If the target is a symbolic link, the hard link is made to the file that it leads to.
   if (linkat(AT_FDCWD, from.path.c_str(), AT_FDCWD, to.path.c_str(), AT_SYMLINK_FOLLOW) == 0) return TRUE;
   return FailWith(LinkError(errno, to.path));
 }
@@ -100,7 +101,7 @@ BOOL PathIsDirectoryEmptyW(const WCHAR* path) {
   for (;;) {
     errno = 0;
     const dirent* const entry = readdir(folder.get());
-    // What cannot be read to its end is not known to be empty.
+    // A folder that cannot be read to its end is not reported as empty.
     if (!entry) return errno == 0 ? TRUE : FALSE;
     const std::string_view name(entry->d_name);
     if (name != "." && name != "..") return FALSE;

@@ -1,5 +1,5 @@
-// MoveFileW. Nothing is ever overwritten: the kernel is asked to refuse a target that is there, not we in
-// advance, since another process may make it in between.
+// MoveFileW. It never overwrites a target. The kernel makes that check as part of the rename, because another
+// process could create the target between a check made here and the rename.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -25,7 +25,7 @@ using Platform::ShareTable;
 struct Move {
   NativePath from;
   NativePath to;
-  struct stat source;  // of the file, folder or link itself
+  struct stat source;  // lstat of `from`: of a link itself, not its target
 };
 
 bool IsInside(const std::string& path, const std::string& folder) {
@@ -38,16 +38,17 @@ std::u16string InUpperCase(std::string_view name) {
   return text;
 }
 
-// True if the target that is there is the source itself, which a file system that is blind to case found by
-// another spelling. A second hard link is a file of its own.
+// Returns whether the existing target is the source itself, which a case-insensitive file system found under
+// another spelling. A second hard link to the same file does not count.
 bool IsOtherSpelling(const Move& move, const struct stat& target) {
   return target.st_dev == move.source.st_dev && target.st_ino == move.source.st_ino && target.st_nlink == 1 &&
          InUpperCase(move.from.path) == InUpperCase(move.to.path);
 }
 
-// For file systems that cannot rename without overwriting. A second link to a file is refused by the kernel
-// where the target is there. A folder and a link go by rename, which replaces no folder that holds something
-// and no file by a folder; what is left is the moment between the look and the rename.
+// Renames on file systems that do not support RENAME_NOREPLACE. A file gets a second hard link, which the
+// kernel refuses if the target exists, and then loses the first. For folders and links this checks that the
+// target does not exist and calls rename; between the two, another process may create a target, which rename
+// then replaces if it is an empty folder (for a folder) or no folder (for a link).
 int RenameUnlessThere(const Move& move) {
   const char* from = move.from.path.c_str();
   const char* to = move.to.path.c_str();
@@ -82,7 +83,8 @@ int Rename(const Move& move) {
   }
 }
 
-// The target is on another file system. `lock` is given up while bytes are copied; a claim stands in for it.
+// Moves a file to another file system by copying it. Releases `lock` during the copy; a claim protects the
+// source meanwhile.
 DWORD MoveAcross(const Move& move, ShareTable::Lock& lock) {
   if (S_ISDIR(move.source.st_mode)) return ERROR_NOT_SAME_DEVICE;
   constexpr DWORD kReadAndDelete = FILE_SHARE_READ | FILE_SHARE_DELETE;
@@ -92,27 +94,27 @@ DWORD MoveAcross(const Move& move, ShareTable::Lock& lock) {
   int error = Platform::CopyAcross(move.from.path, move.source, move.to.path);
   if (error != 0) return Platform::PathError(error, move.to.path);
   if (unlink(move.from.path.c_str()) == 0) return ERROR_SUCCESS;
-  // The source stays, so the copy must not: a move that fails has moved nothing.
+  // The source could not be deleted: delete the copy, so that a failed move leaves everything as it was.
   error = errno;
   unlink(move.to.path.c_str());
   return Platform::PathError(error, move.from.path);
 }
 
-// Most moves need no look at anything: the kernel refuses whatever is in the way. False if this one was not
-// done, for whatever reason; then it is done step by step.
+// Tries the move with one rename and no checks, which is enough for most moves. Returns false if that failed
+// for any reason; the caller then goes on step by step to find the reason.
 bool MovesAtOnce(const Move& move) {
   return !move.from.endsInSeparator && !move.to.endsInSeparator &&
          renameat2(AT_FDCWD, move.from.path.c_str(), AT_FDCWD, move.to.path.c_str(), RENAME_NOREPLACE) == 0;
 }
 
-// 0 or an error.
+// Returns 0 or an error.
 DWORD DoMove(const WCHAR* fromPath, const WCHAR* toPath) {
   Move move{};
   DWORD error = Platform::TranslatePath(fromPath, move.from);
   if (error != ERROR_SUCCESS) return error;
 
   ShareTable::Lock lock = ShareTable::Instance().Acquire();
-  // Of a wrong target the source still has the first word.
+  // An error of the source takes precedence over one of the target.
   const DWORD targetError = Platform::TranslatePath(toPath, move.to);
   if (targetError == ERROR_SUCCESS && ShareTable::Instance().IsEmpty(lock) && MovesAtOnce(move)) {
     return ERROR_SUCCESS;
@@ -139,7 +141,7 @@ DWORD DoMove(const WCHAR* fromPath, const WCHAR* toPath) {
   const int result = Rename(move);
   if (result == 0) return ERROR_SUCCESS;
   if (result == EXDEV) return MoveAcross(move, lock);
-  // The source was there a moment ago, so what is missing is the folder of the target.
+  // The source existed a moment ago, so the folder of the target is missing.
   return result == ENOENT ? ERROR_PATH_NOT_FOUND : Platform::ErrorOfErrno(result);
 }
 

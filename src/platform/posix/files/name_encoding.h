@@ -1,8 +1,9 @@
-// Names on disk, which are bytes, and as Windows texts.
+// Converts names on disk, which are bytes, to UTF-16 and back.
 //
-// Bytes that are well-formed UTF-8 are those characters. Any other byte is the low surrogate U+DC00 + byte,
-// alone, and a backslash is U+DC5C: a name on disk may hold one, but in a path it parts two names. So every
-// name on disk has one text, and that text leads back to it.
+// Well-formed UTF-8 becomes the characters that it encodes. Every other byte becomes the unpaired low
+// surrogate U+DC00 + byte, and a backslash U+DC5C, because a name on disk may contain a backslash while in a
+// Windows path it is a separator. So the conversion loses nothing: each name on disk has one text, which
+// converts back to the same bytes.
 #pragma once
 
 #include <optional>
@@ -11,12 +12,14 @@
 
 namespace Platform {
 
+// Returns the text of a name on disk.
 std::u16string WideName(std::string_view name);
 
-// Appends the bytes of a name. False if the text holds a surrogate that stands for no character and no byte.
+// Appends the bytes of a name to `bytes`. Returns false if the text contains an unpaired surrogate that
+// encodes no byte.
 bool AppendNativeName(std::u16string_view name, std::string& bytes);
 
-// Nothing if the text holds a surrogate that stands for no character and no byte.
+// Returns the bytes of a name; std::nullopt if the text contains an unpaired surrogate that encodes no byte.
 std::optional<std::string> NativeName(std::u16string_view name);
 
 }  // namespace Platform

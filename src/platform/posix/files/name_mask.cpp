@@ -8,7 +8,8 @@ namespace {
 
 constexpr std::u16string_view kAnyExtension = u".*";
 
-// The usual walk with one place to come back to: the last "*" and what it has swallowed so far.
+// Matches without the rule for ".*". On a mismatch it backtracks to the last "*" only, which then matches one
+// character more.
 bool MatchesPlainly(std::u16string_view mask, std::u16string_view name) {
   std::size_t maskAt = 0;
   std::size_t nameAt = 0;

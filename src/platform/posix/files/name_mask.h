@@ -6,13 +6,13 @@
 
 namespace Platform {
 
-// A mask with "*" for any characters and "?" for one, blind to case. ".*" at the end may also match nothing,
-// so "*.*" is every name and "a.*" finds "a".
+// A case-insensitive mask: "*" matches any sequence of characters and "?" exactly one. ".*" at the end may
+// also match nothing, so "*.*" matches every name and "a.*" matches "a".
 class NameMask {
  public:
   explicit NameMask(std::u16string_view mask);
 
-  // In time that grows with the size of the name times that of the mask at most.
+  // Takes time proportional to the size of the name times that of the mask at worst.
   bool Matches(std::u16string_view name) const;
 
  private:

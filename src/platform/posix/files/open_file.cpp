@@ -24,7 +24,7 @@ using Platform::OpenFile;
 using Platform::OpenFiles;
 using Platform::ShareTable;
 
-// What each way of creation does with a file that is there and one that is not.
+// What each creation mode does if the file exists and if it does not.
 struct CreationRow {
   DWORD creation;
   bool takesExisting;
@@ -53,19 +53,19 @@ struct OpenRequest {
   DWORD shareMode;
   bool makeReadOnly;
   bool takesFolders;
-  bool takesLinks;  // as themselves; not without takesFolders
+  bool takesLinks;  // opens a link itself, not its target; only if takesFolders
 };
 
-// Whether the request asks for nothing that is in the file, if it is there.
+// Returns whether the request neither reads nor changes the contents of an existing file.
 bool IsForQueriesAlone(const OpenRequest& request) {
   return !request.reads && !request.writes && !request.creation->truncates;
 }
 
-// How the file that is there, or is not, is opened.
+// Returns the flags for open.
 int OpenFlags(const OpenRequest& request, bool exists) {
-  // The file is looked at and not opened: no right to it is needed, and a device or a pipe does not notice.
+  // O_PATH needs no rights to the file, and has no effect on a device or a pipe.
   if (exists && IsForQueriesAlone(request)) return O_PATH | O_CLOEXEC;
-  // Nothing here may wait for a partner or become the terminal of the process.
+  // Opening must not block until a pipe has a partner, and must not make a terminal the controlling one.
   int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
   if (request.creation->creates) flags |= request.creation->takesExisting ? O_CREAT : O_CREAT | O_EXCL;
   if (request.writes || (exists && request.creation->truncates))
@@ -73,19 +73,19 @@ int OpenFlags(const OpenRequest& request, bool exists) {
   return flags | O_RDONLY;
 }
 
-// Whether the file that is there may be opened so; 0 or an error.
+// Checks whether the request is possible for an existing file. Returns 0 or an error.
 DWORD CheckExisting(const OpenRequest& request, const struct stat& status) {
   const bool changes = request.writes || request.creation->truncates;
   if (!request.creation->takesExisting) return ERROR_FILE_EXISTS;
   if (S_ISDIR(status.st_mode)) return ERROR_ACCESS_DENIED;
   if (request.path.endsInSeparator) return ERROR_INVALID_NAME;
-  // A pipe whose reader goes away would end the process with a signal.
+  // Writing to a pipe whose reader has closed it would end the process with SIGPIPE.
   if (S_ISFIFO(status.st_mode) && !IsForQueriesAlone(request)) return ERROR_ACCESS_DENIED;
   if (changes && Platform::IsReadOnly(status)) return ERROR_ACCESS_DENIED;
   return ERROR_SUCCESS;
 }
 
-// Opens the folder or link that is there, for a handle without contents; 0 or an error.
+// Opens an existing folder or link, for a handle that cannot be read or written. Returns 0 or an error.
 DWORD OpenFolder(const OpenRequest& request, const ShareTable::Lock& lock, OpenFile& file) {
   const std::string& path = request.path.path;
   constexpr int kFlags = O_PATH | O_CLOEXEC;
@@ -103,7 +103,8 @@ DWORD OpenFolder(const OpenRequest& request, const ShareTable::Lock& lock, OpenF
   return ERROR_SUCCESS;
 }
 
-// Opens the file under the lock of the share table; 0 or an error. `existed` tells what was found.
+// Opens the file under the lock of the share table. Returns 0 or an error. Stores in `existed` whether the
+// file existed before.
 DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
   ShareTable& shares = ShareTable::Instance();
   const ShareTable::Lock lock = shares.Acquire();
@@ -129,7 +130,7 @@ DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
   FileDescriptor descriptor(open(path.c_str(), flags, mode));
   if (!descriptor.IsOpen()) {
     if (errno == EEXIST) return ERROR_FILE_EXISTS;
-    // Creating fails so only where the folder is missing.
+    // With O_CREAT, ENOENT means that the folder is missing.
     if (errno == ENOENT && (flags & O_CREAT) != 0) return ERROR_PATH_NOT_FOUND;
     return Platform::PathError(errno, path);
   }
@@ -142,7 +143,8 @@ DWORD Open(const OpenRequest& request, OpenFile& file, bool& existed) {
   }
   std::optional<ShareTable::Claim> claim = shares.TryClaim(lock, status, access, request.shareMode);
   if (!claim) return ERROR_SHARING_VIOLATION;
-  // The claim is the file's from here on: it must outlive the lock, failed or not.
+  // From here on `file` owns the claim, even if a later step fails: a claim must not be destroyed under the
+  // lock.
   file.claim = std::move(*claim);
   file.descriptor = std::move(descriptor);
   file.canRead = request.reads;
@@ -169,7 +171,7 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
   request.makeReadOnly = (flagsAndAttributes & FILE_ATTRIBUTE_READONLY) != 0;
   request.takesFolders = (flagsAndAttributes & FILE_FLAG_BACKUP_SEMANTICS) != 0;
   request.takesLinks = request.takesFolders && (flagsAndAttributes & FILE_FLAG_OPEN_REPARSE_POINT) != 0;
-  // The product asks for no other rights, so they are not known here.
+  // Other access rights are not supported; the product does not use them.
   const bool isKnown = (access & ~(GENERIC_READ | GENERIC_WRITE)) == 0;
   if (!isKnown || !request.creation || (creation == TRUNCATE_EXISTING && !request.writes))
     error = ERROR_INVALID_PARAMETER;
@@ -178,7 +180,7 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
     return INVALID_HANDLE_VALUE;
   }
 
-  // The handle first: where there is no memory for it, the file is not emptied.
+  // Allocates the handle first: if there is no memory for it, the file must not have been truncated.
   const auto file = std::make_shared<OpenFile>();
   const HANDLE handle = OpenFiles::Instance().Add(file);
   bool existed = false;
@@ -193,7 +195,7 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
     FailWith(error);
     return INVALID_HANDLE_VALUE;
   }
-  // Windows tells a file that was there from a new one by the last error, the call being a success.
+  // A successful call reports by the last error whether the file existed before, as on Windows.
   const bool tellsExisting = creation == CREATE_ALWAYS || creation == OPEN_ALWAYS;
   SetLastError(existed && tellsExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
   return handle;
@@ -201,7 +203,7 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
 
 BOOL CloseHandle(HANDLE handle) {
   if (Platform::FaultFires("CloseHandle")) return FALSE;
-  // The handle of the process itself, which is what this value means to CloseHandle: nothing is closed.
+  // To CloseHandle this value is the pseudo handle of the process, which needs no closing.
   if (handle == INVALID_HANDLE_VALUE) return TRUE;
   const bool isClosed = OpenFiles::Instance().Remove(handle) ||
                         Platform::Waitables::Instance().Remove(handle) ||

@@ -1,4 +1,4 @@
-// A file that is open: what a handle of CreateFileW stands for.
+// An open file: the object of a handle that CreateFileW returns.
 #pragma once
 
 #include <unistd.h>
@@ -11,7 +11,7 @@
 
 namespace Platform {
 
-// Owns a file descriptor; negative for none.
+// Owns a file descriptor. A negative number owns nothing.
 class FileDescriptor {
  public:
   FileDescriptor() = default;
@@ -27,7 +27,7 @@ class FileDescriptor {
     if (number_ >= 0) close(number_);
   }
 
-  // Closes it and answers close's result: file systems may report a late failure of a write here.
+  // Closes the descriptor and returns the result of close, which may report a failure of an earlier write.
   int Close() { return close(std::exchange(number_, -1)); }
 
   int Get() const { return number_; }
@@ -37,13 +37,14 @@ class FileDescriptor {
   int number_ = -1;
 };
 
+// The state of an open file, folder or link.
 struct OpenFile {
-  ShareTable::Claim claim;  // before the descriptor, so that it ends after the file is closed
+  ShareTable::Claim claim;  // declared first, so that it ends after the file is closed
   FileDescriptor descriptor;
   bool canRead = false;
   bool canWrite = false;
-  std::string folder;       // path of a folder, or of a link opened as itself; empty for a file
-  bool canSetLink = false;  // such a one was opened for writing
+  std::string folder;       // path of a folder, or of a link that was itself opened; empty for a file
+  bool canSetLink = false;  // `folder` was opened for writing
 };
 
 using OpenFiles = HandleTable<OpenFile>;

@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::u16string_view kServerOfLongPath = u"UNC\\";
 
-// What a name may hold. A bar is forbidden on Windows alone: it is taken in the name of a file that is there,
-// so that the file can be given a better one, and no file is made with it.
+// Which characters a name may contain. Only Windows forbids the vertical bar: it is accepted in the name of
+// an existing file, so that the file can be renamed, but no file is created with it.
 enum class NameUnit : std::uint8_t { kFree, kForbidden, kBar };
 
 constexpr std::array<NameUnit, 128> kNameUnits = [] {
@@ -36,7 +36,7 @@ bool IsThere(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
-// Adds a name to the path; 0 or an error.
+// Appends a name to the path. Returns 0 or an error.
 DWORD AppendPathName(std::u16string_view name, NativePath& native) {
   bool hasBar = false;
   for (const char16_t unit : name) {
@@ -49,7 +49,7 @@ DWORD AppendPathName(std::u16string_view name, NativePath& native) {
   return hasBar && !IsThere(native.path) ? ERROR_INVALID_NAME : ERROR_SUCCESS;
 }
 
-// Adds the names of `path`, which follow a drive, to `native`.
+// Appends the names of `path`, the part after the drive, to `native`. Returns 0 or an error.
 DWORD AppendNames(std::u16string_view path, NativePath& native) {
   native.endsInSeparator = !path.empty() && IsSeparator(path.back());
   native.path.reserve(path.size());
@@ -59,7 +59,7 @@ DWORD AppendNames(std::u16string_view path, NativePath& native) {
     const std::u16string_view name = path.substr(0, end);
     path.remove_prefix(std::min(end + 1, path.size()));
     if (name.empty()) continue;
-    // The full path has none of these left but where a name lost a dot or the path came with \\?\.
+    // The full path contains these only where a name lost a trailing dot or the path began with \\?\.
     if (name == u"." || name == u"..") return ERROR_INVALID_NAME;
     const DWORD error = AppendPathName(name, native);
     if (error != ERROR_SUCCESS) return error;
@@ -68,7 +68,7 @@ DWORD AppendNames(std::u16string_view path, NativePath& native) {
   return ERROR_SUCCESS;
 }
 
-// `path` begins at a drive or at the root.
+// Translates a path that begins at a drive or at the root. Returns 0 or an error.
 DWORD TranslateRooted(std::u16string_view path, NativePath& native) {
   switch (RootOf(path)) {
     case PathRoot::kRooted:

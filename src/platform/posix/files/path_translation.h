@@ -1,4 +1,4 @@
-// Windows paths to paths of the file system below.
+// Translates Windows paths to paths of the native file system.
 #pragma once
 
 #include <string>
@@ -8,24 +8,26 @@
 
 namespace Platform {
 
+// A path of the native file system.
 struct NativePath {
-  std::string path;              // absolute, "." and ".." worked in, no separator at the end but for "/"
-  bool endsInSeparator = false;  // as the Windows path did: it can mean a folder only
+  std::string path;              // absolute, "." and ".." resolved, no separator at the end except in "/"
+  bool endsInSeparator = false;  // the Windows path did, so it can only name a folder
 
-  // The last name; empty for "/".
+  // Returns the last name; empty for "/".
   std::string_view Name() const { return std::string_view(path).substr(path.find_last_of('/') + 1); }
 };
 
-// Fills `native` and answers 0, or an error: ERROR_PATH_NOT_FOUND for a path that is null, empty or of
-// another drive, ERROR_BAD_NETPATH for one of a server, ERROR_INVALID_NAME for a name that Windows forbids.
-// A name that holds a bar is forbidden as well unless there is such a file.
+// Translates `path` and stores the result in `native`. Returns 0 or an error: ERROR_PATH_NOT_FOUND for a path
+// that is null, empty or on a drive other than Z:, ERROR_BAD_NETPATH for one on a server, ERROR_INVALID_NAME
+// for a name that Windows forbids. A name with a vertical bar is accepted only if such a file exists.
 DWORD TranslatePath(const WCHAR* path, NativePath& native);
 
-// What Windows answers where `path` was not found: ERROR_FILE_NOT_FOUND if its folder is there, otherwise
-// ERROR_PATH_NOT_FOUND.
+// Returns the error that Windows reports if `path` does not exist: ERROR_FILE_NOT_FOUND if its folder exists,
+// otherwise ERROR_PATH_NOT_FOUND.
 DWORD MissingError(const std::string& path);
 
-// The same for any errno of a call that was given `path`.
+// Returns the Windows error for `error`, the errno value of a call with `path`. For ENOENT it is that of
+// MissingError.
 DWORD PathError(int error, const std::string& path);
 
 }  // namespace Platform

@@ -23,7 +23,7 @@ using Platform::FailWith;
 using Platform::OpenFile;
 using Platform::OpenFiles;
 
-// Where the fields of a mount point record stand, in bytes. Places of names count from the path buffer on.
+// The offsets of the fields of a mount point record, in bytes. The offsets of names count from kPathBufferAt.
 constexpr DWORD kDataLengthAt = 4;
 constexpr DWORD kNameFieldsAt = 8;
 constexpr DWORD kPathBufferAt = 16;
@@ -35,7 +35,7 @@ std::uint16_t WordAt(const unsigned char* record, DWORD at) {
   return static_cast<std::uint16_t>(record[at] | record[at + 1] << 8);
 }
 
-// Reads the path that the record leads to, without its root; 0 or an error.
+// Stores in `path` the target path of the record, without the prefix `\??\`. Returns 0 or an error.
 DWORD ReadMountPoint(const unsigned char* record, DWORD size, std::u16string& path) {
   if (!record || size < kNameFieldsAt || size > kMostBytes) return ERROR_INVALID_REPARSE_DATA;
   DWORD tag = 0;
@@ -51,7 +51,7 @@ DWORD ReadMountPoint(const unsigned char* record, DWORD size, std::u16string& pa
   for (DWORD index = 0; index < 2; ++index) {
     const DWORD offset = WordAt(record, kNameFieldsAt + index * 4);
     const DWORD length = WordAt(record, kNameFieldsAt + index * 4 + 2);
-    // Each name has a terminator, which its length does not count.
+    // Each name has a terminator, which its length does not include.
     const DWORD end = offset + length + DWORD{sizeof(WCHAR)};
     if (offset % sizeof(WCHAR) != 0 || length % sizeof(WCHAR) != 0 || end > bufferSize) {
       return ERROR_INVALID_REPARSE_DATA;
@@ -65,7 +65,7 @@ DWORD ReadMountPoint(const unsigned char* record, DWORD size, std::u16string& pa
   return hasDrive && path.find(u'\0') == path.npos ? ERROR_SUCCESS : ERROR_INVALID_REPARSE_DATA;
 }
 
-// Puts the link in the place of the empty folder; 0 or an error, and then the folder is there as before.
+// Replaces the empty folder by a link. Returns 0 or an error; after an error the folder is created again.
 DWORD ReplaceFolder(const std::string& folder, mode_t mode, const std::string& text) {
   if (rmdir(folder.c_str()) != 0) {
     return errno == EEXIST ? ERROR_DIR_NOT_EMPTY : Platform::PathError(errno, folder);
@@ -76,7 +76,7 @@ DWORD ReplaceFolder(const std::string& folder, mode_t mode, const std::string& t
   return error;
 }
 
-// Puts the link in the place of an older junction; 0 or an error, and then that one is there as before.
+// Replaces an existing junction by a link. Returns 0 or an error, which leaves the junction unchanged.
 DWORD ReplaceJunction(const std::string& junction, const std::string& text) {
   if (!Platform::IsJunction(AT_FDCWD, junction.c_str())) return ERROR_REPARSE_TAG_MISMATCH;
   const std::string aside = junction + ".new";

@@ -14,7 +14,7 @@ bool Excludes(DWORD share, DWORD access) { return (access & ~share) != 0; }
 }  // namespace
 
 ShareTable& ShareTable::Instance() {
-  // Never destroyed: handles that are open at the end of the process may still be closed.
+  // Never destroyed: static objects may close their handles at the end of the process.
   static ShareTable& table = *std::make_unique<ShareTable>().release();
   return table;
 }

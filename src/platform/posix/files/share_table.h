@@ -1,8 +1,9 @@
-// Who has which file open in this process, and what it lets others do: Windows' share modes.
+// Implements Windows' share modes between the open files of this process.
 //
-// A claim is one use of a file: what it does (access) and what it lets others do beside it (share), both in
-// the bits FILE_SHARE_READ, FILE_SHARE_WRITE and FILE_SHARE_DELETE. Two claims of a file go together if each
-// one's share has all of the other's access. A claim without access hinders nobody and is never refused.
+// A claim is one use of a file: its own access and the access that it permits to others (share), both as the
+// bits FILE_SHARE_READ, FILE_SHARE_WRITE and FILE_SHARE_DELETE. Two claims of a file are compatible if the
+// share of each contains the access of the other. A claim without access conflicts with no other and is never
+// refused.
 #pragma once
 
 #include <sys/types.h>
@@ -22,6 +23,7 @@ namespace Platform {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+// The claims of all open files. Thread-safe.
 class ShareTable {
  public:
   using FileId = std::pair<dev_t, ino_t>;
@@ -45,19 +47,21 @@ class ShareTable {
     FileId file_ = {};
   };
 
+  // Returns the table of the process.
   static ShareTable& Instance();
 
-  // Held while a file is looked at, opened, moved or deleted, so that no other open comes in between.
+  // Locks the table. A caller holds the lock while it checks a file and opens, moves or deletes it, so that
+  // no other open comes in between.
   Lock Acquire() { return Lock(mutex_); }
 
-  // Claims the file, or nothing if another claim excludes it. A claim must not end while `lock` is held by
-  // its own thread.
+  // Returns a claim of the file, or std::nullopt if an existing claim excludes it. The destructor of a claim
+  // locks the table, so a thread must not destroy a claim while it holds `lock`.
   std::optional<Claim> TryClaim(const Lock& lock, const struct stat& status, DWORD access, DWORD share);
 
-  // True if nothing is claimed.
+  // Returns whether no file is claimed.
   bool IsEmpty(const Lock&) const { return files_.empty(); }
 
-  // True if TryClaim would answer a claim.
+  // Returns whether TryClaim would return a claim.
   bool Allows(const Lock& lock, const struct stat& status, DWORD access, DWORD share) const;
 
  private:

@@ -1,5 +1,5 @@
-// Shortcuts as text files in UTF-8, one field a line: `[Shortcut]`, then `Target=`, `WorkingFolder=` and
-// `Description=` with their values. A path has no line end, so none needs to be told from the file's own.
+// Shortcuts as UTF-8 text files: the line `[Shortcut]`, then one line each for `Target=`, `WorkingFolder=`
+// and `Description=` with their values. Values are not escaped, as paths contain no line ends.
 
 #include "platform/shell_link.h"
 

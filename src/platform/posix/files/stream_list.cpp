@@ -29,7 +29,7 @@ constexpr NTSTATUS kStatusInvalidHandle = static_cast<NTSTATUS>(0xC0000008);
 constexpr int kStreamInformation = 22;  // FileStreamInformation
 constexpr std::string_view kStreamNamespace = "user.";
 
-// In front of each record; the name follows, without a zero.
+// The header of a record. The name follows it, without a terminator.
 struct StreamHeader {
   std::uint32_t nextOffset;  // 0 in the last record
   std::uint32_t nameBytes;
@@ -43,10 +43,10 @@ struct Stream {
   std::int64_t size;
 };
 
-// The path by which an open file is reached whatever has become of its name.
+// Returns a path that reaches the open file even if it was renamed or deleted.
 std::string PathOfDescriptor(int descriptor) { return "/proc/self/fd/" + std::to_string(descriptor); }
 
-// The names of all extended attributes, each with a zero at its end.
+// Returns the names of all extended attributes, each with a terminating zero.
 std::string AttributeNames(const std::string& path) {
   const auto names = std::make_unique_for_overwrite<char[]>(XATTR_LIST_MAX);
   const ssize_t size = listxattr(path.c_str(), names.get(), XATTR_LIST_MAX);
@@ -66,7 +66,7 @@ std::vector<Stream> StreamsOf(const Platform::OpenFile& file) {
     if (!name.starts_with(kStreamNamespace) || name == Platform::kAccessAttribute) continue;
     const ssize_t size = getxattr(path.c_str(), name.c_str(), nullptr, 0);
     const std::u16string shown = Platform::WideName(name.substr(kStreamNamespace.size()));
-    // One that may not be read is there all the same.
+    // A stream that may not be read is listed with size 0.
     streams.push_back({u":" + shown + u":$DATA", size > 0 ? size : 0});
   }
   return streams;
@@ -76,7 +76,7 @@ std::size_t Aligned(std::size_t size) {
   return (size + kRecordAlignment - 1) / kRecordAlignment * kRecordAlignment;
 }
 
-// Writes the streams that have room. Those that have none are left out, and the status says so.
+// Writes as many streams as the buffer has room for. Returns kStatusBufferOverflow if some did not fit.
 NTSTATUS WriteStreams(const std::vector<Stream>& streams, BYTE* buffer, std::size_t size, std::size_t& used) {
   std::size_t last = 0;
   for (const Stream& stream : streams) {

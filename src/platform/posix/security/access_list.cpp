@@ -11,7 +11,7 @@ constexpr BYTE kLowestRevision = 2;
 constexpr BYTE kHighestRevision = 4;
 constexpr std::size_t kSidOffset = offsetof(ACCESS_ALLOWED_ACE, SidStart);
 
-// Rights by their general names are those of files.
+// The file rights that each generic right stands for.
 struct GenericRow {
   ACCESS_MASK generic;
   ACCESS_MASK rights;

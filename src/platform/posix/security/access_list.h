@@ -1,4 +1,5 @@
-// Lists of access entries as bytes: reading them within their bounds, building them, and what they grant.
+// Access lists (ACLs) as bytes: reads them with bounds checks, builds them, and computes the rights that they
+// grant.
 #pragma once
 
 #include <functional>
@@ -11,30 +12,32 @@
 
 namespace Platform {
 
-// One entry of a list, within it.
+// One entry of a list.
 struct AccessEntry {
   ACE_HEADER header;
   std::size_t offset;  // from the beginning of the list
   ACCESS_MASK mask = 0;
-  std::optional<Account> account;  // nothing, and no mask, for an entry that neither allows nor denies
+  std::optional<Account> account;  // std::nullopt, with mask 0, if the entry neither allows nor denies
 };
 
-// The entries of a list, in order. Nothing for one that is null, of a revision that there is not, or whose
-// entries leave it.
+// Returns the entries of a list, in order; std::nullopt if the list is null, has an unknown revision, or has
+// entries that exceed its size.
 std::optional<std::vector<AccessEntry>> EntriesOf(const ACL* list);
 
-// Where the entries of a list end, from its beginning; nothing as above.
+// Returns the offset of the end of the entries, in bytes from the beginning of the list; std::nullopt as
+// above.
 std::optional<std::size_t> BytesInUse(const ACL* list);
 
-// The rights that the list grants to one who is all of `accounts`: each bit as the first entry that speaks of
-// it says. Entries that are only there to be inherited say nothing. A null list grants everything.
+// Returns the rights that the list grants to a user who is a member of all of `accounts`: the first
+// applicable entry that contains a right decides whether it is granted. Inherit-only entries are ignored. A
+// null list grants everything.
 ACCESS_MASK GrantedTo(const ACL* list, std::span<const Account> accounts);
 
-// A list that is built entry by entry.
+// Builds a list entry by entry.
 class AccessListBuilder {
  public:
   AccessListBuilder();
-  // Leaves out an entry without rights.
+  // Adds an entry at the end of the list. Does nothing if `mask` is 0.
   void Add(BYTE type, ACCESS_MASK mask, const Account& account);
   const std::vector<BYTE>& Bytes() const { return bytes_; }
 

@@ -1,4 +1,4 @@
-// Lists of access entries, entry by entry, and the rights that they give.
+// The Windows functions that read and change access lists, and GetEffectiveRightsFromAclW.
 
 #include <algorithm>
 #include <cstring>
@@ -18,7 +18,8 @@ constexpr std::u16string_view kCurrentUser = u"CURRENT_USER";
 
 BYTE* BytesOf(ACL* list) { return reinterpret_cast<BYTE*>(list); }
 
-// Puts `entries`, which are whole, at `offset` of a list that uses `used` bytes. False without the room.
+// Inserts `count` complete entries at `offset` of a list of which `used` bytes are in use. Returns false if
+// the list has no room for them.
 bool Insert(ACL& list, std::size_t used, std::size_t offset, std::span<const BYTE> entries, WORD count) {
   if (entries.size() > list.AclSize - used) return false;
   BYTE* const place = BytesOf(&list) + offset;
@@ -28,7 +29,7 @@ bool Insert(ACL& list, std::size_t used, std::size_t offset, std::span<const BYT
   return true;
 }
 
-// How many entries fill `bytes` exactly; nothing if they do not.
+// Returns the number of entries in `bytes`; std::nullopt if they do not fill it exactly.
 std::optional<WORD> CountEntries(std::span<const BYTE> bytes) {
   WORD count = 0;
   while (!bytes.empty()) {

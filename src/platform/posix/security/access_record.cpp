@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::uint32_t kVersion = 1;
 
-// In front of the attribute; then come the POSIX access list as text and the list, if there is one.
+// The header of the attribute. The POSIX access list as text and the access list, if there is one, follow it.
 struct KeptHeader {
   std::uint32_t version;
   std::uint32_t owner;
@@ -43,7 +43,7 @@ KeptHeader HeaderOf(const struct stat& status, bool isProtected, bool hasList, c
 
 const ACL* ListIn(std::span<const BYTE> bytes) { return reinterpret_cast<const ACL*>(bytes.data()); }
 
-// Whether the bytes of a list are a whole one and no more.
+// Returns whether the bytes are exactly one well-formed list.
 bool IsList(std::span<const BYTE> bytes) {
   ACL list;
   if (bytes.size() < sizeof list) return false;
@@ -51,9 +51,10 @@ bool IsList(std::span<const BYTE> bytes) {
   return list.AclSize == bytes.size() && EntriesOf(ListIn(bytes)).has_value();
 }
 
-// Takes a kept list into the record. False if the bytes are none, or if the file is not as setting it left
-// it: then the list says nothing about it any more. Whoever may write the file may have written the bytes: a
-// list that does not say what mode and POSIX access list say is not believed, whatever its header claims.
+// Stores a kept list in the record. Returns false if the bytes are malformed, or if owner, mode or POSIX
+// access list of the file have changed since the list was set, so that it is out of date. Anyone who may
+// write the file can write these bytes: a list that does not agree with mode and POSIX access list is
+// rejected, whatever its header says.
 bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord& record) {
   KeptHeader header;
   if (bytes.size() < sizeof header) return false;
@@ -63,7 +64,7 @@ bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord
   if (std::memcmp(&header, &now, sizeof now) != 0 || bytes.size() - sizeof header < posix.size() ||
       std::memcmp(bytes.data() + sizeof header, posix.data(), posix.size()) != 0)
     return false;
-  // A copy, which lies where lists may lie.
+  // A copy, because an ACL must be aligned.
   const std::span<const BYTE> rest = bytes.subspan(sizeof header + posix.size());
   std::vector<BYTE> list(rest.begin(), rest.end());
   if (header.hasList != 0 ? !IsList(list) : !list.empty()) return false;
@@ -75,10 +76,10 @@ bool TakeKept(const std::string& path, std::span<const BYTE> bytes, AccessRecord
   return true;
 }
 
-// What is kept of a list beside the file of this status; no bytes where the mode alone says it all.
+// Returns the bytes of the attribute for a list; none if the mode alone expresses it.
 std::vector<BYTE> BytesToKeep(const std::string& path, const struct stat& status, std::span<const BYTE> list,
                               bool hasList, bool isProtected) {
-  if (hasList && !isProtected && list.size() == sizeof(ACL)) return {};  // nobody may do anything
+  if (hasList && !isProtected && list.size() == sizeof(ACL)) return {};  // an empty list grants nothing
   const std::string posix = PosixAccess(path);
   const KeptHeader header = HeaderOf(status, isProtected, hasList, posix);
   std::vector<BYTE> bytes(sizeof header);
@@ -88,7 +89,8 @@ std::vector<BYTE> BytesToKeep(const std::string& path, const struct stat& status
   return bytes;
 }
 
-// Held while a list is set, and shared by those who read one: within the process it is seen whole.
+// Held exclusively while a list is set and shared while one is read, so that no thread of the process reads a
+// list that is half set.
 std::shared_mutex listMutex;
 
 DWORD ReadListAsItIs(const std::string& path, AccessRecord& record) {
@@ -108,9 +110,9 @@ DWORD Apply(const std::string& path, const struct stat& before, std::span<const 
   int error = WriteKeptAttribute(path, bytes);
   const mode_t writable = (status.st_mode & static_cast<mode_t>(07777)) | S_IWUSR;
   if (error == EACCES && chmod(path.c_str(), writable) == 0) {
-    // The new mode keeps the owner himself from writing, so the list is kept under a mode that does not. To
-    // set mode and POSIX access list is last all the same: of several processes that come to this at once,
-    // the last one sets its own, and none leaves the right to write.
+    // The new mode does not let the owner write the attribute, so it is written under a mode that does. Mode
+    // and POSIX access list are set again last: if several processes do this at once, those of the last one
+    // remain, and none leaves the added write permission.
     error = WriteKeptAttribute(path, bytes);
     if (const int setError = SetPosixAccess(path, before, header)) return PathError(setError, path);
   }

@@ -31,8 +31,8 @@ constexpr std::uint32_t kUnixUser = 1;
 constexpr std::uint32_t kUnixGroup = 2;
 constexpr std::u16string_view kEveryoneName = u"Everyone";
 
-// Calls a function of the account database with a buffer that is large enough, and gives `use` the entry that
-// it finds. False if there is none.
+// Calls `look`, a function of the account database such as getpwuid_r, with a growing buffer, and passes the
+// entry that it finds to `use`. Returns false if there is no entry.
 template <typename Entry, typename Look, typename Use>
 bool WithEntry(Look look, Use use) {
   constexpr std::size_t kMostBytes = 1 << 20;
@@ -51,8 +51,8 @@ bool WithUser(uid_t id, Use use) {
   return WithEntry<passwd>([id](auto... rest) { return getpwuid_r(id, rest...); }, use);
 }
 
-// Asking the database opens and reads it anew. Like Windows, which keeps the names that it has looked up for
-// minutes, a name that was found is kept for a moment, as whoever asks for one asks for the same soon again.
+// Caches names for a few seconds: each look-up opens and reads the account database again, and callers
+// usually look up the same name several times. Windows caches names too, for minutes.
 class RecentNames {
  public:
   std::optional<std::u16string> Find(const Account& account) {
@@ -183,7 +183,7 @@ std::vector<Account> CurrentAccounts() {
 
 std::u16string NameOf(const Account& account) {
   if (account.kind == Account::kEveryone) return std::u16string(kEveryoneName);
-  // Never destroyed: threads may still ask at the end of the process.
+  // Never destroyed: threads may still look up names at the end of the process.
   static RecentNames& recent = *std::make_unique<RecentNames>().release();
   if (std::optional<std::u16string> known = recent.Find(account)) return *std::move(known);
   const std::string name = DatabaseName(account);
@@ -203,7 +203,7 @@ std::optional<Account> AccountOfName(std::u16string_view name) {
   WithEntry<group>([&](auto... rest) { return getgrnam_r(native->c_str(), rest...); },
                    [&account](const group& entry) { account = GroupAccount(entry.gr_gid); });
   if (account) return account;
-  // The highest number is no id: it means that nothing is to be changed.
+  // The highest number is not an id: to chown it means that the owner does not change.
   std::uint32_t id = 0;
   const char* const end = native->data() + native->size();
   const auto [last, error] = std::from_chars(native->data(), end, id);

@@ -1,4 +1,4 @@
-// Users, groups and everyone, and the SIDs that stand for them.
+// Users, groups and everyone, and their SIDs.
 #pragma once
 
 #include <sys/types.h>
@@ -15,6 +15,7 @@
 
 namespace Platform {
 
+// A user, a group, or everyone.
 struct Account {
   enum Kind { kUser, kGroup, kEveryone };
   Kind kind = kEveryone;
@@ -27,29 +28,33 @@ inline Account UserAccount(uid_t id) { return {Account::kUser, id}; }
 inline Account GroupAccount(gid_t id) { return {Account::kGroup, id}; }
 inline constexpr Account kEveryoneAccount{};
 
-// The bytes of a SID: the revision, the count of the numbers, six bytes of authority, the numbers.
+// Returns the bytes of the account's SID: the revision, the number of sub-authorities, six bytes of
+// authority, the sub-authorities.
 std::vector<BYTE> SidOf(const Account& account);
 
-// The size of the SID at the beginning of `bytes`; 0 if there is no whole one.
+// Returns the size of the SID at the beginning of `bytes`; 0 if there is no complete SID.
 std::size_t SidSize(std::span<const BYTE> bytes);
 
-// The size of a SID of which nothing is known but its address; 0 for null and for what is no SID.
+// Returns the size of the SID at `sid`, from its header; 0 for null and for an invalid header. Cannot check
+// that the memory is large enough.
 std::size_t SidSize(const void* sid);
 
-// Nothing for a SID that is none of the three kinds.
+// Returns the account of a SID; std::nullopt if the SID is not that of a user, a group or everyone.
 std::optional<Account> AccountOfSid(std::span<const BYTE> sid);
 
-// The account and all that it is a member of: of a user its groups and everyone, of a group everyone.
+// Returns the account and all groups that it is a member of: for a user its groups and everyone, for a group
+// everyone.
 std::vector<Account> WithMemberships(const Account& account);
 
-// The effective user of the process with its groups, and everyone.
+// Returns the effective user of the process, its groups, and everyone.
 std::vector<Account> CurrentAccounts();
 
-// The account's name, or its number if it has none; for some seconds the same, whatever the database says.
+// Returns the account's name, or its number if it has none. The result is cached for some seconds, so it may
+// be out of date.
 std::u16string NameOf(const Account& account);
 
-// The user of this name; where there is none, the group; a number that is no name is the user of that id;
-// "Everyone" in any case.
+// Returns the account of a name: everyone for "Everyone" in any letter case, else the user of that name, else
+// the group, else, for a decimal number, the user with that id.
 std::optional<Account> AccountOfName(std::u16string_view name);
 
 }  // namespace Platform

@@ -26,15 +26,15 @@ SID_NAME_USE UseOf(const Account& account) {
   }
 }
 
-// Whether the text and its zero have room in a buffer of `size` characters.
+// Returns whether the text and its terminator fit into a buffer of `size` characters.
 bool HasRoom(const WCHAR* buffer, DWORD size, std::u16string_view text) {
   return buffer && size > text.size();
 }
 
 void Fill(WCHAR* buffer, std::u16string_view text) { buffer[text.copy(buffer, text.size())] = u'\0'; }
 
-// The text into the buffer. The size becomes the text's, or where there is no room that of the buffer that
-// is needed, and `tooSmall` the error.
+// Copies the text to the buffer and stores its size, without the terminator, in `*size`. If the buffer is too
+// small, stores the size needed, with the terminator, and fails with `tooSmall`.
 BOOL GiveName(std::u16string_view text, WCHAR* buffer, DWORD* size, DWORD tooSmall) {
   if (!size) return FailWith(ERROR_INVALID_PARAMETER);
   if (!HasRoom(buffer, *size, text)) {
@@ -98,7 +98,7 @@ BOOL GetUserNameW(WCHAR* buffer, DWORD* size) {
   if (Platform::FaultFires("GetUserNameW")) return FALSE;
   const std::u16string name = CurrentUserName();
   if (!GiveName(name, buffer, size, ERROR_INSUFFICIENT_BUFFER)) return FALSE;
-  ++*size;  // this one counts the zero
+  ++*size;  // GetUserNameW includes the terminator
   return TRUE;
 }
 

@@ -1,4 +1,5 @@
-// GetFileSecurityW, GetNamedSecurityInfoW, SetNamedSecurityInfoW, and the parts of a security descriptor.
+// GetFileSecurityW, GetNamedSecurityInfoW, SetNamedSecurityInfoW, and the functions that read a security
+// descriptor.
 
 #include <cstdlib>
 #include <cstring>
@@ -22,7 +23,7 @@ constexpr WORD kHasList = 0x4;
 constexpr WORD kIsProtected = 0x1000;
 constexpr WORD kIsSelfRelative = 0x8000;
 
-// A self-relative descriptor begins so; an offset of 0 is a part that is missing.
+// The header of a self-relative descriptor. An offset of 0 means that the part is missing.
 struct DescriptorHeader {
   BYTE revision;
   BYTE reserved;
@@ -69,7 +70,7 @@ std::vector<BYTE> DescriptorOf(const AccessRecord& record, SECURITY_INFORMATION 
   return bytes;
 }
 
-// The descriptor of a file for the function that hands it out; 0 or an error.
+// Stores the descriptor of a file in `bytes`, for the Windows function `function`. Returns 0 or an error.
 DWORD DescriptorOfFile(const char* function, const WCHAR* path, SECURITY_INFORMATION information,
                        std::vector<BYTE>& bytes) {
   if (std::optional<Platform::Faults::Gift> given = Platform::GivenByTest(function)) {
@@ -82,7 +83,7 @@ DWORD DescriptorOfFile(const char* function, const WCHAR* path, SECURITY_INFORMA
   return ERROR_SUCCESS;
 }
 
-// False for what is no self-relative descriptor.
+// Reads the header. Returns false if `descriptor` is not a self-relative descriptor.
 bool ReadHeader(PSECURITY_DESCRIPTOR descriptor, DescriptorHeader& header) {
   if (!descriptor) return false;
   std::memcpy(&header, descriptor, sizeof header);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kFirstAttributeBytes = 512;
 
-// The names of attributes may be read without any right to the file.
+// Returns whether the file has the attribute. Listing the names needs no permission to read the file.
 bool HasAttribute(const std::string& path) {
   std::string names(XATTR_LIST_MAX, '\0');
   const ssize_t size = listxattr(path.c_str(), names.data(), names.size());

@@ -1,6 +1,7 @@
 // The extended attribute in which a file's access list is kept.
 //
-// The system lets it be read and written by who may read and write the file, be it the file's owner or not.
+// Anyone who may read the file may read the attribute, and anyone who may write the file may write it, not
+// only the owner.
 #pragma once
 
 #include <span>
@@ -11,16 +12,16 @@
 
 namespace Platform {
 
-// The extended attribute that keeps a list that was set; it is no stream.
+// The name of the attribute. It is not listed as a stream.
 inline constexpr char kAccessAttribute[] = "user.qxutils.access";
 
-// The attribute; no bytes for a file that has none, or one that the user may not read.
+// Returns the value of the attribute; no bytes if the file has none or the user may not read it.
 std::vector<BYTE> ReadKeptAttribute(const std::string& path);
 
-// Writes the attribute, or removes it if there are no bytes. A file system without a place for any keeps
-// none, which is no error. If it cannot be written, the file is left without it, so that an older one does
-// not speak for it. 0 or an errno: EACCES for a file that the user may not write, which keeps the one it has,
-// and those for no more room, which ErrorOfErrno makes ERROR_DISK_FULL.
+// Writes the attribute, or removes it if `bytes` is empty. Returns 0 or an errno value: EACCES if the user
+// may not write the file, which leaves the attribute unchanged, or ENOSPC, EDQUOT or E2BIG if there is no
+// room, which ErrorOfErrno maps to ERROR_DISK_FULL. After any failure but EACCES the attribute is removed, so
+// that an out-of-date list does not remain. A file system without extended attributes is not an error.
 int WriteKeptAttribute(const std::string& path, std::span<const BYTE> bytes);
 
 }  // namespace Platform

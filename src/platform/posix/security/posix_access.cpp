@@ -20,10 +20,10 @@ struct FreeAcl {
 using OwnedAcl = std::unique_ptr<std::remove_pointer_t<acl_t>, FreeAcl>;
 
 struct RightRow {
-  mode_t bit;  // of the class of all others
+  mode_t bit;  // in the "others" class of a mode
   acl_perm_t permission;
-  ACCESS_MASK rights;    // as a list grants it
-  ACCESS_MASK required;  // what a list must grant for it
+  ACCESS_MASK rights;    // that an access list grants for the bit
+  ACCESS_MASK required;  // that an access list must grant for the bit to be set
 };
 
 constexpr RightRow kRights[] = {
@@ -34,12 +34,13 @@ constexpr RightRow kRights[] = {
 
 constexpr char kPosixListAttribute[] = "system.posix_acl_access";
 
-// Whether there is more than the mode. One question instead of the two that the library asks.
+// Returns whether the file has a POSIX access list besides its mode. Makes one system call, where libacl
+// makes two.
 bool HasPosixList(const std::string& path) {
   return getxattr(path.c_str(), kPosixListAttribute, nullptr, 0) > 0;
 }
 
-// Whether the file system knows the mode alone.
+// Returns whether the file system does not support POSIX access lists.
 bool HasModeAlone(const std::string& path) {
   return getxattr(path.c_str(), kPosixListAttribute, nullptr, 0) < 0 && errno == EOPNOTSUPP;
 }
@@ -47,7 +48,7 @@ bool HasModeAlone(const std::string& path) {
 constexpr int kOwnerShift = 6;
 constexpr int kGroupShift = 3;
 
-// Bits of the class of all others.
+// Returns the rights of `bits`, which are bits of the "others" class.
 ACCESS_MASK RightsOf(mode_t bits) {
   ACCESS_MASK rights = 0;
   for (const RightRow& row : kRights) {
@@ -71,7 +72,7 @@ struct Grant {
   friend auto operator<=>(const Grant&, const Grant&) = default;
 };
 
-// What each class is granted.
+// The permission bits of each class.
 struct Classes {
   mode_t owner = 0;
   std::vector<Grant> users;
@@ -160,7 +161,7 @@ bool AddEntries(acl_t& acl, acl_tag_t tag, std::span<const Grant> grants) {
                      [&](const Grant& grant) { return AddEntry(acl, tag, grant.account.id, grant.bits); });
 }
 
-// 0 or an errno.
+// Sets mode and POSIX access list from the classes. Returns 0 or an errno value.
 int WriteClasses(const std::string& path, const struct stat& status, const Classes& classes) {
   const std::span<const Grant> namedGroups = std::span(classes.groups).subspan(1);
   acl_t acl = acl_init(static_cast<int>(5 + classes.users.size() + classes.groups.size()));
@@ -175,16 +176,16 @@ int WriteClasses(const std::string& path, const struct stat& status, const Class
   if (!isBuilt) return buildError;
   if (acl_set_file(path.c_str(), ACL_TYPE_ACCESS, acl) == 0) return 0;
   if (errno != EOPNOTSUPP) return errno;
-  // The file system knows the mode alone.
+  // The file system does not support POSIX access lists: set the mode.
   const mode_t mode = (status.st_mode & static_cast<mode_t>(07000)) | (classes.owner << kOwnerShift) |
                       (classes.groups.front().bits << kGroupShift) | classes.others;
   return chmod(path.c_str(), mode) == 0 ? 0 : errno;
 }
 
-// What a list grants to each class: the owner, the group, everyone, and each user and group that it names.
+// Returns what a list grants to the owner, the group, everyone, and each user and group that it names.
 Classes ClassesOfList(const ACL* list, const struct stat& status) {
   const std::vector<AccessEntry> entries = EntriesOf(list).value_or(std::vector<AccessEntry>());
-  // The groups of a user are looked up only for a list that speaks of any.
+  // Looking up the groups of users is slow and needed only if the list names groups.
   const bool namesGroups = std::ranges::any_of(entries, [](const AccessEntry& entry) {
     return entry.account && entry.account->kind == Account::kGroup;
   });
@@ -207,7 +208,7 @@ Classes ClassesOfList(const ACL* list, const struct stat& status) {
   return classes;
 }
 
-// The same whatever the order of those that are named, which the system does not keep.
+// Compares two Classes, ignoring the order of named users and groups, which the system does not preserve.
 bool AreEqual(Classes first, Classes second) {
   for (Classes* const classes : {&first, &second}) {
     std::ranges::sort(classes->users);
@@ -242,7 +243,8 @@ std::vector<BYTE> ListOfPosixAccess(const std::string& path, const struct stat& 
   };
   addFinal(UserAccount(status.st_uid), RightsOf(classes.owner), behindOwner);
   for (const Grant& grant : classes.users) addFinal(grant.account, RightsOf(grant.bits), behindUsers);
-  // A member of several groups has the rights of each, so all of them grant before one denies.
+  // A member of several groups has the rights of all of them, so all entries that grant come before those
+  // that deny.
   for (const Grant& grant : classes.groups) {
     list.Add(ACCESS_ALLOWED_ACE_TYPE, RightsOf(grant.bits), grant.account);
   }

@@ -1,12 +1,12 @@
-// Mode and POSIX access list of a file, and the lists of access entries that say the same.
+// Converts between mode and POSIX access list of a file and the equivalent Windows access list.
 //
-// The system grants by the first class that one belongs to: the owner, a user who is named, any of the groups
-// that are the file's or are named, all others. Entries of a list add up instead, so where a later class
-// grants more, an entry that denies goes before it.
+// POSIX grants the rights of the first class that a user belongs to: the owner, a named user, the file's
+// group or any named group, all others. The entries of a Windows list add up instead, so where a later class
+// grants more, a deny entry precedes it.
 //
-// One thing a list cannot say: of several groups that one is a member of, a single open gets the rights of
-// one alone. If one group may read and another write, the list shows both rights, each of which can be used,
-// but an open for both at once is refused.
+// One rule cannot be expressed: a single POSIX open gets the rights of only one of the user's groups. If one
+// group may read and another may write, the list contains both rights, and each can be used, but an open for
+// both at once is refused.
 #pragma once
 
 #include <sys/stat.h>
@@ -18,18 +18,18 @@
 
 namespace Platform {
 
-// The POSIX access list as text; empty for a file that has its mode alone.
+// Returns the POSIX access list as text; empty if the file has only its mode.
 std::string PosixAccess(const std::string& path);
 
-// The list that says what mode and POSIX access list of the file say.
+// Returns the Windows access list that is equivalent to mode and POSIX access list of the file.
 std::vector<BYTE> ListOfPosixAccess(const std::string& path, const struct stat& status);
 
-// Whether mode and POSIX access list of the file are what SetPosixAccess makes of the list.
+// Returns whether mode and POSIX access list of the file are those that SetPosixAccess would set for `list`.
 bool IsPosixAccessOf(const std::string& path, const struct stat& status, const ACL* list);
 
-// Makes mode and POSIX access list say what the list says, as far as they can: for the owner, the group,
-// everyone and each user and group that the list names, the rights that it grants to them. A null list grants
-// everything. 0 or an errno.
+// Sets mode and POSIX access list to the closest equivalent of `list`: for the owner, the group, everyone and
+// each user and group that the list names, the rights that it grants to them. A null list grants everything.
+// Returns 0 or an errno value.
 int SetPosixAccess(const std::string& path, const struct stat& status, const ACL* list);
 
 }  // namespace Platform

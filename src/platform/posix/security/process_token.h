@@ -1,4 +1,4 @@
-// The token of the process, as a handle of OpenProcessToken stands for it.
+// The token of the process: the object of a handle that OpenProcessToken returns.
 #pragma once
 
 #include "platform/posix/files/handle_table.h"

@@ -1,29 +1,30 @@
-// The Windows functions of owners, access lists, privileges and streams that the product uses, over the
-// accounts, owners, modes, POSIX access lists and extended attributes of the system below.
+// The Windows functions for owners, access lists, privileges and streams that the product uses, implemented
+// over the accounts, owners, modes, POSIX access lists and extended attributes of the native system.
 //
-// Accounts. A user is the SID S-1-22-1-UID, a group S-1-22-2-GID, everyone S-1-1-0. The domain is empty. An
-// id that has no name is called by its number, and a number that is no name is found as the user of that id.
-// There are no other machines: a system name fails with RPC_S_SERVER_UNAVAILABLE (1722), and no drive has a
-// network name (ERROR_NOT_CONNECTED, 2250).
+// Accounts. A user has the SID S-1-22-1-UID, a group S-1-22-2-GID, everyone S-1-1-0. The domain is empty. An
+// id without a name is shown as its number, and a number that is not a name finds the user with that id.
+// Other machines are not supported: a system name fails with RPC_S_SERVER_UNAVAILABLE (1722), and no drive
+// has a network name (ERROR_NOT_CONNECTED, 2250).
 //
-// Access lists. A file's list is made of its owner, group, mode and POSIX access list, so that the entries,
-// walked in order, grant each of reading, writing and executing to whom the system grants it; the superuser's
-// right to everything is not in it. Reading, writing and executing are FILE_GENERIC_READ, _WRITE and
-// _EXECUTE. A list that is set is given back as it was set, entry by entry, for as long as owner, group, mode
-// and POSIX access list stay as setting it left them: it is kept in an extended attribute. Mode and POSIX
-// access list follow the set list as far as they can say it: they know users and groups, and the three
-// rights. Nothing is inherited. A missing (null) list grants everything to everyone.
+// Access lists. A file's list is made from its owner, group, mode and POSIX access list, so that its entries,
+// in order, grant reading (FILE_GENERIC_READ), writing (FILE_GENERIC_WRITE) and executing
+// (FILE_GENERIC_EXECUTE) to those whom the system grants it; the list does not show that the superuser may do
+// everything. A list that was set is kept in an extended attribute and returned unchanged as long as owner,
+// group, mode and POSIX access list stay as setting it left them. Setting a list sets mode and POSIX access
+// list to the closest equivalent: they support users and groups, and the three rights. Nothing is inherited.
+// A missing (null) list grants everything to everyone.
 //
-// Streams are the extended attributes of the namespace `user.`, but for the one that keeps the list.
+// Streams are the extended attributes of the namespace `user.`, except the one that keeps the list.
 //
-// Links are followed. Only SE_FILE_OBJECT is known; any other type fails with ERROR_INVALID_PARAMETER (87).
+// Links are followed. Only SE_FILE_OBJECT is supported; any other type fails with ERROR_INVALID_PARAMETER
+// (87).
 #pragma once
 
 #include "platform/posix/security/security_types.h"
 #include "platform/posix/windows_functions.h"
 
-// Records of files. What GetFileSecurityW and GetNamedSecurityInfoW hand out is self-relative; that of the
-// latter is given back with LocalFree.
+// Security descriptors of files. GetFileSecurityW and GetNamedSecurityInfoW return self-relative descriptors;
+// the caller frees that of the latter with LocalFree.
 QX_PLATFORM_API BOOL GetFileSecurityW(const WCHAR* path, SECURITY_INFORMATION information,
                                       PSECURITY_DESCRIPTOR descriptor, DWORD size, DWORD* needed);
 QX_PLATFORM_API BOOL GetSecurityDescriptorOwner(PSECURITY_DESCRIPTOR descriptor, PSID* owner,
@@ -33,13 +34,13 @@ QX_PLATFORM_API BOOL GetSecurityDescriptorDacl(PSECURITY_DESCRIPTOR descriptor, 
 QX_PLATFORM_API DWORD GetNamedSecurityInfoW(const WCHAR* path, SE_OBJECT_TYPE type,
                                             SECURITY_INFORMATION information, PSID* owner, PSID* group,
                                             PACL* list, PACL* auditList, PSECURITY_DESCRIPTOR* descriptor);
-// Setting an owner is chown: ERROR_ACCESS_DENIED (5) without the right. The owner must be a user
-// (ERROR_INVALID_OWNER, 1307).
+// Sets the owner with chown, which fails with ERROR_ACCESS_DENIED (5) if the process may not do so. The owner
+// must be a user (else ERROR_INVALID_OWNER, 1307).
 QX_PLATFORM_API DWORD SetNamedSecurityInfoW(WCHAR* path, SE_OBJECT_TYPE type,
                                             SECURITY_INFORMATION information, PSID owner, PSID group,
                                             PACL list, PACL auditList);
 
-// Lists of access entries.
+// Access lists.
 QX_PLATFORM_API DWORD GetLengthSid(PSID sid);
 QX_PLATFORM_API BOOL InitializeAcl(PACL list, DWORD size, DWORD revision);
 QX_PLATFORM_API BOOL GetAclInformation(PACL list, void* information, DWORD size, ACL_INFORMATION_CLASS kind);
@@ -48,8 +49,8 @@ QX_PLATFORM_API BOOL AddAce(PACL list, DWORD revision, DWORD index, void* entrie
 QX_PLATFORM_API BOOL AddAccessAllowedAceEx(PACL list, DWORD revision, DWORD flags, DWORD mask, PSID sid);
 QX_PLATFORM_API BOOL DeleteAce(PACL list, DWORD index);
 
-// The rights that a list gives. The one trustee that is known is the name "CURRENT_USER", the effective user
-// of the process with its groups; any other fails with ERROR_NONE_MAPPED (1332).
+// Effective rights. The only supported trustee is the name "CURRENT_USER", the effective user of the process
+// with its groups; any other fails with ERROR_NONE_MAPPED (1332).
 QX_PLATFORM_API void BuildTrusteeWithNameW(TRUSTEE_W* trustee, WCHAR* name);
 QX_PLATFORM_API DWORD GetEffectiveRightsFromAclW(PACL list, TRUSTEE_W* trustee, ACCESS_MASK* mask);
 
@@ -58,13 +59,14 @@ QX_PLATFORM_API BOOL LookupAccountSidW(const WCHAR* system, PSID sid, WCHAR* nam
                                        WCHAR* domain, DWORD* domainSize, SID_NAME_USE* use);
 QX_PLATFORM_API BOOL LookupAccountNameW(const WCHAR* system, const WCHAR* name, PSID sid, DWORD* sidSize,
                                         WCHAR* domain, DWORD* domainSize, SID_NAME_USE* use);
-// The effective user. Both forms are the name alone, as there is no domain.
+// The effective user of the process. GetUserNameExW supports only NameSamCompatible and returns the plain
+// name, as there is no domain; other formats fail with ERROR_NONE_MAPPED (1332).
 QX_PLATFORM_API BOOL GetUserNameW(WCHAR* buffer, DWORD* size);
 QX_PLATFORM_API BOOLEAN GetUserNameExW(EXTENDED_NAME_FORMAT format, WCHAR* buffer, ULONG* size);
 QX_PLATFORM_API DWORD WNetGetUniversalNameW(const WCHAR* path, DWORD level, void* buffer, DWORD* size);
 
-// Privileges: SeTakeOwnershipPrivilege, SeSecurityPrivilege and SeBackupPrivilege, which the superuser has
-// and nobody else (ERROR_NOT_ALL_ASSIGNED, 1300, with the call a success).
+// Privileges: SeTakeOwnershipPrivilege, SeSecurityPrivilege and SeBackupPrivilege. Only the superuser has
+// them; for other users AdjustTokenPrivileges succeeds with the last error ERROR_NOT_ALL_ASSIGNED (1300).
 QX_PLATFORM_API HANDLE GetCurrentProcess();
 QX_PLATFORM_API BOOL OpenProcessToken(HANDLE process, DWORD access, HANDLE* token);
 QX_PLATFORM_API BOOL LookupPrivilegeValueW(const WCHAR* system, const WCHAR* name, LUID* value);
@@ -76,8 +78,8 @@ QX_PLATFORM_API HANDLE GetProcessHeap();
 QX_PLATFORM_API void* HeapAlloc(HANDLE heap, DWORD flags, std::size_t size);
 QX_PLATFORM_API BOOL HeapFree(HANDLE heap, DWORD flags, void* memory);
 
-// Streams of an open file or folder: FileStreamInformation (22) alone, as records that are chained by the
-// offset of the next one, a file's unnamed stream first, a folder having none. Reached by GetProcAddress from
-// "ntdll.dll".
+// Lists the streams of an open file or folder. Supports only FileStreamInformation (22): records linked by
+// the offset of the next one, the unnamed stream of a file first; a folder has no unnamed stream. Reached
+// through GetProcAddress of "ntdll.dll".
 QX_PLATFORM_API NTSTATUS NtQueryInformationFile(HANDLE file, IO_STATUS_BLOCK* status, void* buffer,
                                                 ULONG size, int informationClass);

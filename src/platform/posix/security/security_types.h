@@ -1,5 +1,5 @@
-// The Windows types and constants of owners, access lists, privileges and streams, with the layouts, sizes
-// and values that Windows gives them.
+// The Windows types and constants for owners, access lists, privileges and streams, with their layouts, sizes
+// and values on Windows.
 #pragma once
 
 #include "platform/posix/windows_types.h"
@@ -14,7 +14,7 @@ using PSECURITY_DESCRIPTOR = void*;
 
 #define NTAPI  // one calling convention
 
-// A list of access entries: this header, then the entries, each with an ACE_HEADER in front.
+// The header of an access list. The entries follow it, each beginning with an ACE_HEADER.
 struct ACL {
   BYTE AclRevision;
   BYTE Sbz1;
@@ -28,11 +28,11 @@ using PACL = ACL*;
 struct ACE_HEADER {
   BYTE AceType;
   BYTE AceFlags;
-  WORD AceSize;  // bytes of the entry with its header
+  WORD AceSize;  // bytes of the entry, header included
 };
 static_assert(sizeof(ACE_HEADER) == 4);
 
-// ACCESS_DENIED_ACE has the same layout. The SID begins at SidStart.
+// An entry that allows access; ACCESS_DENIED_ACE has the same layout. The SID begins at SidStart.
 struct ACCESS_ALLOWED_ACE {
   ACE_HEADER Header;
   ACCESS_MASK Mask;

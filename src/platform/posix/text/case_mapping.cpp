@@ -1,4 +1,4 @@
-// LCMapStringW: upper and lower case of the invariant locale.
+// LCMapStringW for upper and lower case in the invariant locale.
 
 #include <unicode/uchar.h>
 
@@ -24,9 +24,9 @@ WCHAR UnitOr(UChar32 mapped, WCHAR fallback) {
   return mapped < static_cast<UChar32>(kUnits) ? static_cast<WCHAR>(mapped) : fallback;
 }
 
-// Windows maps a character only to one that maps back to it: the dotless i, the long s, the Kelvin sign, the
-// title case digraphs and the variant forms of Greek letters stay as they are. Halves of surrogate pairs stay
-// as well, since the mapping goes unit by unit.
+// Windows maps a character only if the result maps back to it: the dotless i, the long s, the Kelvin sign,
+// the title case digraphs and the variant forms of Greek letters do not change. Neither do surrogates,
+// because the mapping works unit by unit.
 const CaseTables& Tables() {
   static const CaseTables tables = [] {
     CaseTables made;

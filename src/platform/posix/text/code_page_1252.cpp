@@ -7,14 +7,16 @@ namespace Platform {
 
 namespace {
 
-// The bytes 0x80 to 0x9F. The five that are no characters stand for the control characters of their number.
+// The characters of the bytes 0x80 to 0x9F. The five bytes without a character map to the control characters
+// of the same number.
 constexpr unsigned char kFirstSpecial = 0x80;
 constexpr std::array<char16_t, 32> kSpecials = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// Characters that the code page lacks and the ones that Windows writes for them, by their number.
+// The best-fit mapping: characters that the code page lacks, and the bytes that Windows writes for them.
+// Sorted by character.
 struct Like {
   char16_t unit;
   unsigned char byte;
@@ -79,7 +81,7 @@ constexpr Like kLikes[] = {
     {0x3000, 0x20}, {0x3008, 0x3C}, {0x3009, 0x3E}, {0x300A, 0xAB}, {0x300B, 0xBB}, {0x301A, 0x5B},
     {0x301B, 0x5D}, {0x30FB, 0xB7}};
 
-// The same for characters in a row that go to bytes in a row.
+// The same for a range of consecutive characters that map to consecutive bytes.
 struct LikeRun {
   char16_t first;
   unsigned char byte;
@@ -96,7 +98,7 @@ constexpr bool IsSpecial(unsigned unit) {
   return unit >= kFirstSpecial && unit < kFirstSpecial + kSpecials.size();
 }
 
-// All bytes, as the order of texts decodes some millions of them.
+// The character of each byte, as a table for speed: sorting texts decodes millions of bytes.
 constexpr std::array<char16_t, 256> kUnits = [] {
   std::array<char16_t, 256> units{};
   for (unsigned byte = 0; byte < units.size(); ++byte) {

@@ -24,7 +24,7 @@ constexpr DWORD kEncodingFlags = 0x7F0;  // the WC_ flags
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char kDefaultByte = '?';
 
-// Takes the converted units: counts them all and writes those that fit.
+// Receives the converted units: counts all of them and writes those that fit.
 template <typename CharT>
 class Sink {
  public:
@@ -35,7 +35,7 @@ class Sink {
     ++count_;
   }
 
-  // A character of several units is written whole or not at all.
+  // Writes the units of one character, all or none of them.
   void Put(std::basic_string_view<CharT> units) {
     if (count_ + units.size() <= room_)
       units.copy(target_ + count_, units.size());
@@ -44,7 +44,8 @@ class Sink {
     count_ += units.size();
   }
 
-  // What the conversion function answers. A target of no size asks for the size that is needed.
+  // Returns the result of the conversion function: the number of units, or 0 if they do not fit. If `size` is
+  // 0, returns the size needed.
   int Result(int size) const {
     const bool fits = size == 0 ? count_ <= std::numeric_limits<int>::max() : count_ <= room_;
     return fits ? static_cast<int>(count_) : FailWith(ERROR_INSUFFICIENT_BUFFER);
@@ -56,7 +57,7 @@ class Sink {
   std::size_t count_ = 0;
 };
 
-// What both functions refuse alike.
+// Checks the arguments as both functions do.
 template <typename From, typename To>
 bool AreValid(const From* source, const To* target, int targetSize) {
   return source && targetSize >= 0 && (target || targetSize == 0);
@@ -65,7 +66,7 @@ bool AreValid(const From* source, const To* target, int targetSize) {
 template <typename CharT>
 std::basic_string_view<CharT> SourceText(const CharT* source, int size) {
   if (size >= 0) return {source, static_cast<std::size_t>(size)};
-  return {source, std::char_traits<CharT>::length(source) + 1};  // the terminator is converted as well
+  return {source, std::char_traits<CharT>::length(source) + 1};  // includes the terminator
 }
 
 bool IsWestern(UINT codePage) {
@@ -91,8 +92,9 @@ int DecodeUtf8Text(std::string_view text, DWORD flags, WCHAR* target, int target
   return sink.Result(targetSize);
 }
 
-// Every byte is a character. A source without a size is looked at no further than the target reaches: it may
-// be the rest of a large file, of which the caller wants a few characters time and again.
+// Decodes the code page 1252, in which every byte is a character. Of a zero-terminated source it reads no
+// more bytes than the target has room for: callers pass the rest of a large file many times to get a few
+// characters.
 int DecodeWesternText(const char* source, int sourceSize, WCHAR* target, int targetSize) {
   const std::size_t room = static_cast<std::size_t>(targetSize);
   std::size_t count = static_cast<std::size_t>(sourceSize);
@@ -145,7 +147,7 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* source, int sou
   const std::u16string_view text = SourceText(source, sourceSize);
   if (text.empty()) return FailWith(ERROR_INVALID_PARAMETER);
   if (codePage == CP_UTF8) {
-    // UTF-8 has all characters, so nothing may be said about a default.
+    // UTF-8 can encode all characters, so Windows does not allow these arguments.
     if (defaultChar || usedDefaultChar) return FailWith(ERROR_INVALID_PARAMETER);
     return EncodeUtf8Text(text, flags, target, targetSize);
   }

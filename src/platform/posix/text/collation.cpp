@@ -24,7 +24,8 @@ int Sign(Number lhs, Number rhs) {
   return lhs < rhs ? -1 : (lhs > rhs ? 1 : 0);
 }
 
-// True if no ASCII character becomes another with one of its kind beside it, and none is several at once.
+// Returns whether the collator has no contractions of neighbouring ASCII characters and no expansions of
+// single ones.
 bool StandAlone(const UCollator* collator) {
   const std::unique_ptr<USet, decltype(&uset_close)> set(uset_openEmpty(), uset_close);
   UErrorCode status = U_ZERO_ERROR;
@@ -37,7 +38,7 @@ bool StandAlone(const UCollator* collator) {
     status = U_ZERO_ERROR;
     const int32_t size = uset_getItem(set.get(), item, &first, &last, text, 32, &status);
     if (U_FAILURE(status)) return false;
-    // A range of characters, or a text.
+    // An item of size 0 is a range of characters; otherwise it is a string.
     const auto isAscii = [](UChar unit) { return unit < 128; };
     const bool together =
         size == 0 ? first < 128 : std::adjacent_find(text, text + size, [&](UChar unit, UChar next) {
@@ -48,7 +49,7 @@ bool StandAlone(const UCollator* collator) {
   return true;
 }
 
-// A run of digits, without the zeros that it begins with.
+// The bounds of a run of digits without its leading zeros.
 struct Number {
   std::size_t begin;
   std::size_t end;
@@ -99,8 +100,8 @@ void Collation::PlaceAscii() {
   for (std::size_t i = 1; i < units.size(); ++i) {
     const char16_t before = units[i - 1];
     const bool differs = compare(primary.get(), before, units[i]) != UCOL_EQUAL;
-    // Characters that only differ in a lesser way, or that are nothing to ICU without being nothing, need
-    // ICU.
+    // Characters that differ only on a lower level cannot be compared by places. The table then stays empty,
+    // and ICU compares all texts that are not identical.
     if (!differs && compare(collator_, before, units[i]) != UCOL_EQUAL) return;
     if (differs) ++place;
     places[units[i]] = place;
@@ -108,8 +109,8 @@ void Collation::PlaceAscii() {
   places_ = places;
 }
 
-// Where the two differ and stand between ASCII characters, the places of the two decide: nothing around them
-// can change what they are, and what is alike before them does not matter.
+// If the first characters with different places are between ASCII characters that have places, these two
+// places decide: no neighbour can combine with them, and the text before them compares equal.
 template <typename CharT>
 std::optional<int> Collation::CompareAscii(const UnalignedText<CharT>& lhs,
                                            const UnalignedText<CharT>& rhs) const {
@@ -118,7 +119,7 @@ std::optional<int> Collation::CompareAscii(const UnalignedText<CharT>& lhs,
     const unsigned unit = text[index];
     return unit < kAscii ? places_[unit] : 0;
   };
-  // Nothing that could belong to the character before it, or to the one behind it.
+  // True at the end of the text and for a character that cannot combine with its neighbours.
   const auto isBorder = [&](const Text& text, std::size_t index) {
     return index >= text.Size() || placeAt(text, index) != 0;
   };
@@ -153,7 +154,7 @@ std::optional<int> Collation::CompareAscii(const UnalignedText<CharT>& lhs,
 template <typename CharT>
 std::optional<int> Collation::CompareNumbers(const UnalignedText<CharT>& lhs, const UnalignedText<CharT>& rhs,
                                              std::size_t begin) const {
-  // ICU takes longer runs apart.
+  // ICU splits longer runs of digits.
   constexpr std::size_t kLongestNumber = 254;
   const auto endsInAscii = [this](const UnalignedText<CharT>& text, std::size_t end) {
     return end == text.Size() || (text[end] < kAscii && places_[text[end]] != 0);
@@ -169,7 +170,7 @@ std::optional<int> Collation::CompareNumbers(const UnalignedText<CharT>& lhs, co
     const int order = Sign(lhs[left.begin + i], rhs[right.begin + i]);
     if (order != 0) return order;
   }
-  return std::nullopt;  // of one value, but written with more zeros or less
+  return std::nullopt;  // equal values; the numbers of leading zeros may differ
 }
 
 template std::optional<int> Collation::CompareAscii(const UnalignedText<char>& lhs,
@@ -183,7 +184,7 @@ int Collation::Compare(const UnalignedText<WCHAR>& lhs, const UnalignedText<WCHA
 }
 
 const Collation* UserCollation(const CollationRules& rules) {
-  // By whether digits are numbers and case is ignored; never destroyed.
+  // Indexed by digitsAsNumbers * 2 + ignoresCase. Never destroyed.
   static const Collation* const collations = [] {
     const char* const locale = UserLocale();
     return std::unique_ptr<Collation[]>(new Collation[4]{{locale, {false, false}},

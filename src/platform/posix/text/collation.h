@@ -1,4 +1,4 @@
-// The order of texts in a language: ICU's, with a short cut for ASCII.
+// The order of texts in a language: ICU's collation, with a fast path for ASCII.
 #pragma once
 
 #include <array>
@@ -12,26 +12,27 @@ struct UCollator;
 
 namespace Platform {
 
-// What decides about an order of texts, besides the language.
+// The options of an order of texts.
 struct CollationRules {
   bool ignoresCase = false;
   bool digitsAsNumbers = false;
 };
 
-// Made once and kept for good. Thread-safe.
+// An ICU collator with given options. Thread-safe.
 class QX_PLATFORM_API Collation {
  public:
-  // `locale` is a name of ICU's, "de_DE".
+  // `locale` is an ICU locale name, such as "de_DE".
   Collation(const char* locale, const CollationRules& rules);
   Collation(const Collation&) = delete;
   Collation& operator=(const Collation&) = delete;
   ~Collation();
 
-  // False if ICU could not make it; it is not to be used then.
+  // Returns false if ICU could not create the collator. Then no other function may be called.
   bool IsOpen() const { return collator_ != nullptr; }
 
-  // Below 0, 0 or above 0. CompareAscii answers nothing where ASCII alone does not decide: it knows neither
-  // secondary differences nor what letters become together. CharT is char or WCHAR.
+  // Compare two texts. Return a number below 0, 0 or above 0. CompareAscii is the fast path: it returns
+  // std::nullopt if it cannot decide, because it knows neither secondary differences nor contractions. CharT
+  // is char or WCHAR.
   template <typename CharT>
   std::optional<int> CompareAscii(const UnalignedText<CharT>& lhs, const UnalignedText<CharT>& rhs) const;
   int Compare(const UnalignedText<WCHAR>& lhs, const UnalignedText<WCHAR>& rhs) const;
@@ -39,23 +40,23 @@ class QX_PLATFORM_API Collation {
  private:
   static constexpr unsigned kAscii = 128;
 
-  // The order of the numbers that begin at `begin` in both, the same before it.
+  // Compares the numbers that begin at `begin` in both texts, which compare equal before it.
   template <typename CharT>
   std::optional<int> CompareNumbers(const UnalignedText<CharT>& lhs, const UnalignedText<CharT>& rhs,
                                     std::size_t begin) const;
 
-  // Fills the places; none if the language orders ASCII in a way that places do not tell.
+  // Fills `places_`; leaves it empty if places cannot express how the language orders ASCII.
   void PlaceAscii();
 
   UCollator* collator_ = nullptr;
   bool digitsAsNumbers_ = false;
-  // The place of each ASCII character among them, the same for both cases of a letter; 0 for one that has
-  // none.
+  // The rank of each ASCII character in the order of all of them, from 1; the same for both cases of a
+  // letter; 0 for a character without a rank.
   std::array<std::uint8_t, kAscii> places_{};
 };
 
-// The collation of the user's language; null if there is none. All texts of the process are ordered by the
-// language that its environment named at the first call.
+// Returns the collation of the user's language, which lives until the process ends; null if ICU cannot create
+// it. The language is that of the environment at the first call.
 const Collation* UserCollation(const CollationRules& rules);
 
 }  // namespace Platform

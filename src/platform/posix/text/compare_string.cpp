@@ -20,7 +20,8 @@ using Platform::UnalignedText;
 constexpr DWORD kFlags = NORM_LINGUISTIC_CASING | LINGUISTIC_IGNORECASE | SORT_DIGITSASNUMBERS;
 constexpr std::size_t kLongest = std::numeric_limits<int>::max();
 
-// A text of bytes, widened in a buffer that grows with the longest.
+// Converts `text` to UTF-16 in `buffer`, which grows to the longest text and is reused. The result refers to
+// the buffer.
 UnalignedText<WCHAR> Widen(const UnalignedText<char>& text, std::vector<WCHAR>& buffer) {
   buffer.resize(std::max(buffer.size(), text.Size()));
   Platform::Decode1252(text.Data(), text.Size(), buffer.data());

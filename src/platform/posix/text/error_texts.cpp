@@ -11,7 +11,7 @@ struct ErrorRow {
   std::u16string_view text;
 };
 
-// By number.
+// Sorted by number.
 constexpr ErrorRow kErrorRows[] = {
     {0, u"The operation completed successfully."},
     {1, u"Incorrect function."},

@@ -7,7 +7,7 @@
 
 namespace Platform {
 
-// Without a line ending; empty for a number that has no text here.
+// Returns the text of an error number, without a line ending; empty if the number has no text here.
 std::u16string_view ErrorText(DWORD error);
 
 }  // namespace Platform

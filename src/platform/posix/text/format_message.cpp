@@ -13,13 +13,14 @@ namespace {
 
 constexpr std::u16string_view kLineEnd = u"\r\n";
 
-// An HRESULT that wraps a Windows error has that one's text.
+// Returns the Windows error that an HRESULT wraps, whose text it shares; any other number unchanged.
 DWORD ErrorInResult(DWORD messageId) {
   constexpr DWORD kWrapped = 0x80070000;
   return (messageId & 0xFFFF0000) == kWrapped ? messageId & 0xFFFF : messageId;
 }
 
-// Fills the caller's pointer, which the plain buffer argument really is then.
+// Handles FORMAT_MESSAGE_ALLOCATE_BUFFER: `buffer` then points to a pointer, in which this stores an
+// allocated copy of the text. LocalFree frees it. Returns false if there is no memory.
 bool Allocate(std::u16string_view text, WCHAR* buffer) {
   void* memory = std::malloc((text.size() + 1) * sizeof(WCHAR));
   std::memcpy(buffer, &memory, sizeof memory);

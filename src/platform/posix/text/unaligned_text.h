@@ -1,4 +1,5 @@
-// A text whose characters may stand at odd addresses: a sort key of 16-bit text may begin within a character.
+// A view of a text that need not be aligned: a sort key of 16-bit text may begin in the middle of a
+// character.
 #pragma once
 
 #include <cstddef>
@@ -11,13 +12,13 @@ namespace Platform {
 template <typename CharT>
 class UnalignedText {
  public:
-  // Bytes as unsigned numbers.
+  // The type of a unit; bytes are unsigned.
   using Unit = std::conditional_t<sizeof(CharT) == 1, unsigned char, CharT>;
 
   UnalignedText(const CharT* text, std::size_t size)
       : bytes_(reinterpret_cast<const unsigned char*>(text)), size_(size) {}
 
-  // Up to the zero, if `count` is negative.
+  // Returns a view of `count` characters, or of a zero-terminated text if `count` is negative.
   static UnalignedText Counted(const CharT* text, int count) {
     UnalignedText counted(text, 0);
     if (count >= 0) {
@@ -34,11 +35,11 @@ class UnalignedText {
     std::memcpy(&unit, bytes_ + index * sizeof(Unit), sizeof unit);
     return unit;
   }
-  // Not to be read through where it may be at an odd address.
+  // Returns the address of the text. Do not read through it unless it is known to be aligned.
   const CharT* Data() const { return reinterpret_cast<const CharT*>(bytes_); }
 
-  // The first index from `index` on at which the two differ; `limit`, which both must have, if there is none
-  // before it.
+  // Returns the first index, from `index` on, at which the two texts differ; `limit` if they do not differ
+  // before it. Both texts must have at least `limit` characters.
   std::size_t FirstDifference(const UnalignedText& other, std::size_t index, std::size_t limit) const {
     constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Unit);
     for (; limit - index >= kStep; index += kStep) {

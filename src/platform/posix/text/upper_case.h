@@ -3,9 +3,10 @@
 
 namespace Platform {
 
+// Returns the upper case of a unit.
 char16_t UpperCase(char16_t unit);
 
-// The upper case of all 65536 units.
+// Returns the table of the upper case of all 65536 units.
 const char16_t* UpperCaseTable();
 
 }  // namespace Platform

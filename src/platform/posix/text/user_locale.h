@@ -7,7 +7,8 @@
 
 namespace Platform {
 
-// The name of no language, which ICU makes an order by bytes, stands for Windows' own language.
+// Returns ICU's name of the user's locale. The POSIX locale, which ICU sorts by code points, is replaced by
+// American English.
 inline const char* UserLocale() {
   const char* const locale = uloc_getDefault();
   return std::string_view(locale).find("POSIX") == std::string_view::npos ? locale : "en_US";

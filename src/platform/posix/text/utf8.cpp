@@ -4,14 +4,14 @@ namespace Platform {
 
 namespace {
 
-// The sequences by their lead byte: how many bytes follow, and the values of the lead and first following
-// byte together between which the sequence is a character.
+// A range of lead bytes, the number of continuation bytes after them, the mask of the lead byte's payload,
+// and the range that the first continuation byte must be in.
 struct Lead {
   unsigned char first;
   unsigned char last;
   std::size_t following;
   unsigned char mask;
-  unsigned char least;  // of the first following byte
+  unsigned char least;  // bounds of the first continuation byte
   unsigned char most;
 };
 

@@ -14,7 +14,7 @@ namespace {
 class QueueTable {
  public:
   static QueueTable& Instance() {
-    // Never destroyed: the main thread's queue leaves it at the very end of the process.
+    // Never destroyed: the main thread removes its queue at the very end of the process.
     static QueueTable& table = *std::make_unique<QueueTable>().release();
     return table;
   }
@@ -38,7 +38,7 @@ class QueueTable {
   std::unordered_map<DWORD, std::shared_ptr<MessageQueue>> queues_;
 };
 
-// What a thread has of this: its number and, from the first use on, its queue.
+// The number of a thread and its queue, which is null before the first use.
 struct ThreadMessages {
   DWORD number = 0;
   std::shared_ptr<MessageQueue> queue;

@@ -12,18 +12,20 @@
 
 namespace Platform {
 
-// Any thread posts; the thread that it belongs to takes.
+// Any thread may post; only the thread that the queue belongs to may take.
 class MessageQueue {
  public:
+  // Appends a message.
   void Post(const MSG& message);
-  // Ends the loop of the thread: Take gives WM_QUIT once no other message is left.
+  // Ends the message loop of the thread: Take stores WM_QUIT when no other message is left.
   void Quit(int exitCode);
 
-  // Stores the first message, or the first of the window if one is given, and takes it out with `removes`.
-  // False if no message comes within the time; the greatest number of milliseconds waits for ever.
+  // Stores the first message in `message`, or the first one for `window` if that is not null, and removes it
+  // from the queue if `removes`. Returns false if none arrives within `milliseconds`; INFINITE waits without
+  // limit.
   bool Take(MSG& message, HWND window, bool removes, DWORD milliseconds);
 
-  // Takes out what was posted to the window.
+  // Removes the messages that were posted to the window.
   void Drop(HWND window);
 
  private:
@@ -35,16 +37,18 @@ class MessageQueue {
   std::optional<int> exitCode_;
 };
 
-// The queue of the calling thread; it is made by the first call and ends with the thread.
+// Returns the queue of the calling thread. The first call creates it; it is destroyed when the thread ends.
 MessageQueue& OwnMessageQueue();
-// Ends it before that.
+// Destroys the queue of the calling thread earlier.
 void EndMessageQueue();
 
-// The queue of a thread by its number; null if the thread has none.
+// Returns the queue of the thread with this number; null if the thread has none.
 std::shared_ptr<MessageQueue> MessageQueueOf(DWORD thread);
 
-// Gives the calling thread, which has just begun, the number that its maker has drawn for it.
+// Sets the number of the calling thread, which has just started, to one that its creator got from
+// NewThreadNumber.
 void SetThreadNumber(DWORD number);
+// Returns a thread number that has not been used in this process.
 DWORD NewThreadNumber();
 
 }  // namespace Platform

@@ -1,4 +1,4 @@
-// The functions of messages and threads' queues, and the windows of platform/message_window.h.
+// The message functions, and the windows of platform/message_window.h.
 
 #include "platform/message_window.h"
 
@@ -11,7 +11,7 @@
 namespace {
 
 struct NativeWindow {
-  std::shared_ptr<Platform::MessageQueue> queue;  // of the thread that made it
+  std::shared_ptr<Platform::MessageQueue> queue;  // of the thread that created the window
   DWORD thread;
   MessageWindow::Handler handler;
 };
@@ -29,7 +29,8 @@ MSG MessageOf(HWND window, UINT message, WPARAM first, LPARAM second) {
   return posted;
 }
 
-// A filter by numbers of messages is not supported, and neither is -1 for a window.
+// Checks the filter of GetMessageW and PeekMessageW. Ranges of message numbers, and -1 for the window, are
+// not supported. Sets the last error if the result is false.
 bool IsSupportedFilter(HWND window, UINT least, UINT most) {
   if (least != 0 || most != 0) return Platform::FailWith(ERROR_INVALID_PARAMETER) != FALSE;
   if (window && !FindWindowOf(window)) return Platform::FailWith(ERROR_INVALID_WINDOW_HANDLE) != FALSE;

@@ -79,7 +79,7 @@ DWORD ResumeThread(HANDLE thread) {
     FailWith(ERROR_INVALID_HANDLE);
     return kFailed;
   }
-  if (!end->gate || end->gate->Wait(0)) return 0;  // it runs
+  if (!end->gate || end->gate->Wait(0)) return 0;  // the thread is not suspended
   end->gate->Set();
   return 1;
 }

@@ -1,4 +1,4 @@
-// What WaitForSingleObject waits for: events and threads.
+// The objects that WaitForSingleObject can wait for: events and threads.
 #pragma once
 
 #include <condition_variable>
@@ -8,18 +8,20 @@
 
 namespace Platform {
 
-// Any thread.
+// An event, or the end of a thread. May be used from any thread.
 class Waitable {
  public:
-  // With `resetsItself` one wait is let through for each Set.
+  // `resetsItself` makes an auto-reset event: each Set releases one wait.
   Waitable(bool resetsItself, bool isSet) : resetsItself_(resetsItself), isSet_(isSet) {}
 
+  // Sets the object, which releases waits: all of them, or one for an auto-reset event.
   void Set();
   void Reset();
-  // False if the time ends first. The greatest number of milliseconds waits for ever.
+  // Waits until the object is set. Returns false if that does not happen within `milliseconds`; INFINITE
+  // waits without limit.
   bool Wait(DWORD milliseconds);
 
-  // Of a thread that was made suspended: set by its ResumeThread. Null for all others.
+  // For a thread that was created suspended: set by ResumeThread. Null for all other objects.
   std::shared_ptr<Waitable> gate;
 
  private:

@@ -4,12 +4,12 @@ namespace Platform {
 
 namespace {
 
-constexpr std::int64_t kDaysTo1970 = 719468;  // from the first of March of the year 0
+constexpr std::int64_t kDaysTo1970 = 719468;  // from 0000-03-01
 constexpr std::int64_t kDaysOf400Years = 146097;
 
 }  // namespace
 
-// The calendar is counted from March on, so that the day of leap years is the last one.
+// Counts years from March, so that the leap day is the last day of a year.
 std::int64_t DaysToMonth(std::int64_t year, std::int64_t month) {
   const std::int64_t marchYear = month < 2 ? year - 1 : year;
   const std::int64_t marchMonth = (month + 10) % 12;

@@ -17,7 +17,7 @@ namespace {
 
 using Picture = std::u16string_view;
 
-// A name of the user's language; empty if ICU has none.
+// Returns a name of a day, month, era or half of the day in the user's language; empty if ICU has none.
 std::u16string DateSymbol(UDateFormatSymbolType type, int index) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<UDateFormat, decltype(&udat_close)> format(
@@ -35,7 +35,7 @@ std::u16string DateNumber(unsigned number, std::size_t digits) {
   return padded.append(text.begin(), text.end());
 }
 
-// One run of equal letters of a picture, such as "MM".
+// Formats one run of `count` equal letters of a picture, such as "MM".
 std::u16string DatePart(const SYSTEMTIME& date, char16_t letter, std::size_t count, bool hasDay) {
   const std::size_t digits = std::min<std::size_t>(count, 2);
   switch (letter) {
@@ -71,7 +71,8 @@ std::u16string TimePart(const SYSTEMTIME& time, char16_t letter, std::size_t cou
   }
 }
 
-// A text between apostrophes stands for itself, and two of them in it for one.
+// Removes a quoted text from the beginning of the picture and returns its value: two apostrophes within it
+// mean one.
 std::u16string TakeQuoted(Picture& picture) {
   std::u16string text;
   picture.remove_prefix(1);
@@ -107,7 +108,8 @@ std::u16string FormatPicture(Picture picture, Picture letters, const SYSTEMTIME&
   return text;
 }
 
-// The number of characters, its zero included, that were or would be written.
+// Copies the text to the buffer. Returns the number of characters written, or for a size of 0 required,
+// including the terminator; 0 for a failure.
 int Deliver(const std::u16string& text, WCHAR* buffer, int size) {
   const int needed = static_cast<int>(text.size()) + 1;
   if (size == 0) return needed;
@@ -116,8 +118,8 @@ int Deliver(const std::u16string& text, WCHAR* buffer, int size) {
   return needed;
 }
 
-// ICU's letters in Windows' ones: a year is of four digits, "a" is the marker of the half of the day, and
-// blanks are plain.
+// Converts an ICU pattern to a Windows picture: "y" becomes "yyyy", "a" (AM or PM) becomes "tt", and no-break
+// spaces become plain ones.
 std::u16string WindowsPicture(std::u16string_view pattern) {
   std::u16string picture;
   for (const char16_t c : pattern) {

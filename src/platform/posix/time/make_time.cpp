@@ -12,12 +12,12 @@ namespace {
 
 constexpr std::int64_t kDay = 86400;
 constexpr std::int64_t kLastTime = 32535215999;  // 3000-12-31 23:59:59
-// No zone is further from universal time, and no clock is put further forward.
+// An upper bound of the distance of local time from UTC.
 constexpr std::int64_t kFurthestZone = 2 * kDay;
 constexpr std::int64_t kHalfYear = 182 * kDay;
 
-// The seconds that the fields are from 1970-01-01 00:00:00, all in the same zone. Whatever the fields hold,
-// it fits.
+// Returns the number of seconds from 1970-01-01 00:00:00 to the time in the fields, taken as UTC. Cannot
+// overflow for any values of the fields.
 std::int64_t SecondsOf(const std::tm& time) {
   std::int64_t year = std::int64_t{1900} + time.tm_year + time.tm_mon / 12;
   std::int64_t month = time.tm_mon % 12;
@@ -29,17 +29,19 @@ std::int64_t SecondsOf(const std::tm& time) {
   return days * kDay + time.tm_hour * std::int64_t{3600} + time.tm_min * std::int64_t{60} + time.tm_sec;
 }
 
-// The distance of the zone's standard time at a moment; nothing while clocks are put forward.
+// Returns the offset of local time from UTC at `moment`, in seconds; std::nullopt if daylight saving time
+// applies. Stores the local time in `local`.
 std::optional<long> StandardOffset(std::time_t moment, std::tm& local) {
   if (!localtime_r(&moment, &local) || local.tm_isdst != 0) return std::nullopt;
   return local.tm_gmtoff;
 }
 
-// The usual question, for standard time, answered some millions of times without mktime's look at the file of
-// the zone each time. While clocks are put forward, standard time is that of half a year before and after.
-// True if `local` and `moment` are the answer.
+// Converts standard time without mktime, which reads the time zone file on each call; sorting by dates makes
+// millions of calls. During daylight saving time, the standard offset is that of half a year before and
+// after, if both agree. Returns true if `local` and `moment` hold the result; false if the caller must use
+// mktime.
 bool FindStandardTime(std::int64_t seconds, std::tm& local, std::time_t& moment) {
-  static thread_local long offset = 0;  // of the last answer
+  static thread_local long offset = 0;  // that of the previous result
   for (int attempt = 0; attempt < 2; ++attempt) {
     moment = seconds - offset;
     std::optional<long> standard = StandardOffset(moment, local);

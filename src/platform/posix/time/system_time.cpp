@@ -1,4 +1,4 @@
-// GetLocalTime, and times of files to fields and back.
+// GetLocalTime, FileTimeToSystemTime and SystemTimeToFileTime.
 
 #include <ctime>
 

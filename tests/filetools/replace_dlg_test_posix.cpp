@@ -7,6 +7,7 @@
 #include "frame/qx_utils.h"
 #include "frame/services/message_texts.h"
 #include "platform/posix/user_interface.h"
+#include "support/dialog_answer.h"
 #include "support/fake_host.h"
 
 using namespace Velmora::SDK;
@@ -15,12 +16,9 @@ using testing::ElementsAre;
 namespace {
 
 // Answers dialogs by a function, and every box with OK.
-class DialogAnswer final : public Platform::UserInterface {
+class DialogAndBoxAnswer final : public DialogAnswer {
  public:
-  using Function = std::function<INT_PTR(Platform::FormRequest&)>;
-  explicit DialogAnswer(Function function)
-      : function_(std::move(function)), before_(Platform::InstallUserInterface(this)) {}
-  ~DialogAnswer() override { Platform::InstallUserInterface(before_); }
+  using DialogAnswer::DialogAnswer;
 
   int MessageBox(const WCHAR* text, const WCHAR* caption, UINT style) override {
     boxText = ViewOf(text);
@@ -29,34 +27,12 @@ class DialogAnswer final : public Platform::UserInterface {
     ++boxes;
     return IDOK;
   }
-  INT_PTR Dialog(Platform::FormRequest& form) override { return function_(form); }
-  INT_PTR ShellExecute(const WCHAR*, const WCHAR*, const WCHAR*, int) override { return 31; }
 
   WString boxText;
   WString boxCaption;
   UINT boxStyle = 0;
   int boxes = 0;
-
- private:
-  Function function_;
-  Platform::UserInterface* before_;
 };
-
-bool Set(Platform::FormRequest& form, const std::string& name, const WString& value) {
-  for (Platform::FormField& field : form.fields) {
-    if (field.name == name) return field.set(value);
-  }
-  ADD_FAILURE() << "no field " << name;
-  return false;
-}
-
-WString Get(Platform::FormRequest& form, const std::string& name) {
-  for (Platform::FormField& field : form.fields) {
-    if (field.name == name) return field.get();
-  }
-  ADD_FAILURE() << "no field " << name;
-  return {};
-}
 
 }  // namespace
 
@@ -64,7 +40,7 @@ TEST(ReplaceDlg, IsAskedForByItsClassAndTitleWithThreeFields) {
   FakeHost host;
   host.texts[kTextReplaceTitle] = W("Replace X with Y");
   int asked = 0;
-  DialogAnswer answer([&](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([&](Platform::FormRequest& form) -> INT_PTR {
     ++asked;
     EXPECT_EQ(form.dialog, "CReplaceDlg");
     EXPECT_EQ(form.title, W("Replace X with Y"));
@@ -83,7 +59,7 @@ TEST(ReplaceDlg, IsAskedForByItsClassAndTitleWithThreeFields) {
 
 TEST(ReplaceDlg, OkBringsTheFieldsIntoTheForm) {
   FakeHost host;
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     EXPECT_TRUE(Set(form, "find", W("abc")));
     EXPECT_TRUE(Set(form, "replace", W("")));
     EXPECT_TRUE(Set(form, "replace", W("x y")));
@@ -101,7 +77,7 @@ TEST(ReplaceDlg, OkBringsTheFieldsIntoTheForm) {
 
 TEST(ReplaceDlg, CancelBringsBothTextsIntoTheForm) {
   FakeHost host;
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     Set(form, "find", W("abc"));
     Set(form, "replace", W("def"));
     return IDCANCEL;
@@ -114,7 +90,7 @@ TEST(ReplaceDlg, CancelBringsBothTextsIntoTheForm) {
 
 TEST(ReplaceDlg, PartTakesItsFourValuesAlone) {
   FakeHost host;
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     for (const WCHAR* value : {W("1"), W("2"), W("3"), W("-1")}) {
       EXPECT_TRUE(Set(form, "part", value)) << ToUtf8(value);
       EXPECT_EQ(Get(form, "part"), value);
@@ -143,7 +119,7 @@ TEST(ReplaceDlg, CommandNumberLeadsFromTheDialogToTheRenames) {
   FakeHost host;
   host.texts[kTextRenameQuestion] = W("%d");
   host.SelectFiles({W("a.txt"), W("b.log")});
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     Set(form, "find", W(".txt"));
     Set(form, "replace", W(".bak"));
     Set(form, "part", W("2"));
