@@ -1,4 +1,4 @@
-// The form of Replace X with Y as the native build hands it to whoever answers dialogs.
+// The form of Replace X with Y as the native build passes it to the handler of dialogs.
 #include "filetools/replace_dlg.h"
 
 #include <gmock/gmock.h>
@@ -6,7 +6,7 @@
 #include "frame/host/command_numbers.h"
 #include "frame/qx_utils.h"
 #include "frame/services/message_texts.h"
-#include "platform/posix/user_interface.h"
+#include "support/dialog_answer.h"
 #include "support/fake_host.h"
 
 using namespace Velmora::SDK;
@@ -15,12 +15,12 @@ using testing::ElementsAre;
 namespace {
 
 // Answers dialogs by a function, and every box with OK.
-class DialogAnswer final : public Platform::UserInterface {
+class DialogAndBoxAnswer final : public Platform::UserInterface {
  public:
   using Function = std::function<INT_PTR(Platform::FormRequest&)>;
-  explicit DialogAnswer(Function function)
+  explicit DialogAndBoxAnswer(Function function)
       : function_(std::move(function)), before_(Platform::InstallUserInterface(this)) {}
-  ~DialogAnswer() override { Platform::InstallUserInterface(before_); }
+  ~DialogAndBoxAnswer() override { Platform::InstallUserInterface(before_); }
 
   int MessageBox(const WCHAR* text, const WCHAR* caption, UINT style) override {
     boxText = ViewOf(text);
@@ -42,29 +42,13 @@ class DialogAnswer final : public Platform::UserInterface {
   Platform::UserInterface* before_;
 };
 
-bool Set(Platform::FormRequest& form, const std::string& name, const WString& value) {
-  for (Platform::FormField& field : form.fields) {
-    if (field.name == name) return field.set(value);
-  }
-  ADD_FAILURE() << "no field " << name;
-  return false;
-}
-
-WString Get(Platform::FormRequest& form, const std::string& name) {
-  for (Platform::FormField& field : form.fields) {
-    if (field.name == name) return field.get();
-  }
-  ADD_FAILURE() << "no field " << name;
-  return {};
-}
-
 }  // namespace
 
 TEST(ReplaceDlg, IsAskedForByItsClassAndTitleWithThreeFields) {
   FakeHost host;
   host.texts[kTextReplaceTitle] = W("Replace X with Y");
   int asked = 0;
-  DialogAnswer answer([&](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([&](Platform::FormRequest& form) -> INT_PTR {
     ++asked;
     EXPECT_EQ(form.dialog, "CReplaceDlg");
     EXPECT_EQ(form.title, W("Replace X with Y"));
@@ -83,7 +67,7 @@ TEST(ReplaceDlg, IsAskedForByItsClassAndTitleWithThreeFields) {
 
 TEST(ReplaceDlg, OkBringsTheFieldsIntoTheForm) {
   FakeHost host;
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     EXPECT_TRUE(Set(form, "find", W("abc")));
     EXPECT_TRUE(Set(form, "replace", W("")));
     EXPECT_TRUE(Set(form, "replace", W("x y")));
@@ -101,7 +85,7 @@ TEST(ReplaceDlg, OkBringsTheFieldsIntoTheForm) {
 
 TEST(ReplaceDlg, CancelBringsBothTextsIntoTheForm) {
   FakeHost host;
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     Set(form, "find", W("abc"));
     Set(form, "replace", W("def"));
     return IDCANCEL;
@@ -114,7 +98,7 @@ TEST(ReplaceDlg, CancelBringsBothTextsIntoTheForm) {
 
 TEST(ReplaceDlg, PartTakesItsFourValuesAlone) {
   FakeHost host;
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     for (const WCHAR* value : {W("1"), W("2"), W("3"), W("-1")}) {
       EXPECT_TRUE(Set(form, "part", value)) << ToUtf8(value);
       EXPECT_EQ(Get(form, "part"), value);
@@ -143,7 +127,7 @@ TEST(ReplaceDlg, CommandNumberLeadsFromTheDialogToTheRenames) {
   FakeHost host;
   host.texts[kTextRenameQuestion] = W("%d");
   host.SelectFiles({W("a.txt"), W("b.log")});
-  DialogAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
+  DialogAndBoxAnswer answer([](Platform::FormRequest& form) -> INT_PTR {
     Set(form, "find", W(".txt"));
     Set(form, "replace", W(".bak"));
     Set(form, "part", W("2"));
