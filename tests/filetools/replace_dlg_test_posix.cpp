@@ -1,4 +1,4 @@
-// The form of Replace X with Y as the native build passes it to the handler of dialogs.
+// The form of Replace X with Y as the native build hands it to whoever answers dialogs.
 #include "filetools/replace_dlg.h"
 
 #include <gmock/gmock.h>
@@ -6,6 +6,7 @@
 #include "frame/host/command_numbers.h"
 #include "frame/qx_utils.h"
 #include "frame/services/message_texts.h"
+#include "platform/posix/user_interface.h"
 #include "support/dialog_answer.h"
 #include "support/fake_host.h"
 
@@ -15,12 +16,9 @@ using testing::ElementsAre;
 namespace {
 
 // Answers dialogs by a function, and every box with OK.
-class DialogAndBoxAnswer final : public Platform::UserInterface {
+class DialogAndBoxAnswer final : public DialogAnswer {
  public:
-  using Function = std::function<INT_PTR(Platform::FormRequest&)>;
-  explicit DialogAndBoxAnswer(Function function)
-      : function_(std::move(function)), before_(Platform::InstallUserInterface(this)) {}
-  ~DialogAndBoxAnswer() override { Platform::InstallUserInterface(before_); }
+  using DialogAnswer::DialogAnswer;
 
   int MessageBox(const WCHAR* text, const WCHAR* caption, UINT style) override {
     boxText = ViewOf(text);
@@ -29,17 +27,11 @@ class DialogAndBoxAnswer final : public Platform::UserInterface {
     ++boxes;
     return IDOK;
   }
-  INT_PTR Dialog(Platform::FormRequest& form) override { return function_(form); }
-  INT_PTR ShellExecute(const WCHAR*, const WCHAR*, const WCHAR*, int) override { return 31; }
 
   WString boxText;
   WString boxCaption;
   UINT boxStyle = 0;
   int boxes = 0;
-
- private:
-  Function function_;
-  Platform::UserInterface* before_;
 };
 
 }  // namespace
