@@ -28,6 +28,13 @@ def column(document, heading):
 
 
 class Documents(unittest.TestCase):
+    def test_links_lead_to_files_of_the_tree(self):
+        documents = [*TOP.glob("*.md"), *(TOP / "docs").glob("*.md")]
+        links = [(document, link) for document in documents
+                 for link in re.findall(r"\]\(([^)#:]+)(?:#[^)]*)?\)", document.read_text(encoding="utf-8"))]
+        self.assertGreater(len(links), 10)
+        self.assertEqual([link for document, link in links if not (document.parent / link).exists()], [])
+
     def test_save_modes_of_find_and_replace_have_the_names_that_the_dialog_shows(self):
         texts = language_texts()
         self.assertEqual(column("find_and_replace.md", "dialog"), [texts[number] for number in SAVE_MODES])

@@ -104,7 +104,7 @@ bool UndrawnWindow::TakeMessages() {
 }
 
 std::shared_ptr<UndrawnWindow::Job> UndrawnWindow::Add(Action action) {
-  const auto job = std::make_shared<Job>(Job{std::move(action)});
+  auto job = std::make_shared<Job>(Job{std::move(action)});
   const std::lock_guard lock(mutex_);
   if (isClosed_) return job;
   jobs_.push_back(job);

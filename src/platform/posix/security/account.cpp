@@ -187,7 +187,7 @@ std::u16string NameOf(const Account& account) {
   static RecentNames& recent = *std::make_unique<RecentNames>().release();
   if (std::optional<std::u16string> known = recent.Find(account)) return *std::move(known);
   const std::string name = DatabaseName(account);
-  const std::u16string shown = WideName(name.empty() ? std::to_string(account.id) : name);
+  std::u16string shown = WideName(name.empty() ? std::to_string(account.id) : name);
   recent.Store(account, shown);
   return shown;
 }
