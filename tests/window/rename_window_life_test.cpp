@@ -200,6 +200,18 @@ TEST_F(RenameWindowLife, ADestroyedFrameIsClosedInTheSameOrder) {
   ExpectClosedOnce();
 }
 
+TEST_F(RenameWindowLife, ACloseGoesToItsEndWhateverTheHostThrowsMeanwhile) {
+  Open({W("a")});
+  host_.throwsAtClose = true;
+  CloseFrame();
+  EXPECT_EQ(Frame(), nullptr);
+  EXPECT_EQ(Panel(), nullptr);
+  EXPECT_EQ(closed_, 1);
+  EXPECT_EQ(FramesOfThread(), 0);
+  EXPECT_THAT(host_.returned, ElementsAre("list", "container"));
+  EXPECT_EQ(engine_->notifyWindow, nullptr);
+}
+
 TEST_F(RenameWindowLife, TheLoopGoesOnWithoutTheWindow) {
   Open({W("a")});
   CloseFrame();
