@@ -67,12 +67,14 @@ class PaintedList final : public IHostListControl {
     contextMenu = callback;
   }
   bool FilterMessage(tagMSG*) override {
+    if (throwsAtMessages) throw std::runtime_error("the host fails");
     ++filtered;
     return false;
   }
 
   std::vector<std::string> moves;
   int filtered = 0;
+  bool throwsAtMessages = false;
 
  private:
   void Paint() {
@@ -106,7 +108,8 @@ class WindowHost final : public RenameHost {
  public:
   bool hasContainers = true;
   bool hasLists = true;
-  std::function<void()> beforeContainer;    // on the window's thread
+  std::function<void()> beforeContainer;  // on the window's thread
+  std::atomic<bool> throwsAtSelection{false};
   std::function<void()> atAskText;          // while the box is open
   std::atomic<int> containers{0};           // that were asked for
   std::atomic<int> closed{0};               // calls of ExtensionClosed
@@ -137,6 +140,10 @@ class WindowHost final : public RenameHost {
     return numbers;
   }
 
+  int FileListRequest(u32 request, IHostFileList* list, u32 marker, u32 zero) override {
+    if (throwsAtSelection) throw std::runtime_error("the host fails");
+    return RenameHost::FileListRequest(request, list, marker, zero);
+  }
   void ExtensionClosed() override { ++closed; }
   void PostCommand(u32 number, std::intptr_t a, std::intptr_t b) override {
     const std::lock_guard lock(mutex_);
