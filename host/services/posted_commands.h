@@ -31,6 +31,9 @@ class PostedCommands {
   // Ends the current Wait, or the next one. Any thread.
   void Wake();
 
+  // Takes out what was posted for this extension.
+  void Drop(const HostApp* extension);
+
   // The next command, in the order in which they were posted.
   std::optional<PostedCommand> Take();
 
