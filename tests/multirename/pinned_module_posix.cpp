@@ -1,4 +1,4 @@
-// An object that is left to a thread keeps the module loaded, whose code the thread runs.
+// An engine that is left to its worker keeps the module loaded, whose code the worker runs.
 #include "multirename/window_test.h"
 #include "platform/posix/files/faults.h"
 
@@ -11,33 +11,8 @@ class PinnedModule : public WindowTest {
  protected:
   PinnedModule() { Platform::Faults::Watch("GetModuleHandleExW"); }
 
-  static void ExpectPinnedOnce() {
-    EXPECT_EQ(Pins(), 1);
-    EXPECT_EQ(Platform::Faults::LastFlags("GetModuleHandleExW"), 1u | 4u);  // pinned, by an address
-  }
-
   const Platform::Faults::Scope faults_;
 };
-
-TEST_F(PinnedModule, ADeleteThatLeavesTheWindowsThreadInTheHostKeepsTheModuleLoaded) {
-  Semaphore inBox;
-  Semaphore answer;
-  host_.atAskText = [&] {
-    inBox.Release();
-    answer.Acquire();
-  };
-  Open({W("a.t")});
-  extension_->waits.shutdown = 20;
-  window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
-  inBox.Acquire();
-  Plugin().OnShutdown(0);
-  EXPECT_EQ(Pins(), 0);
-  MultiRenameCloser{20}(extension_.get());
-  ExpectPinnedOnce();
-  answer.Release();
-  window_->WaitForClose();
-  EXPECT_TRUE(extension_->WaitForWindow(kMissed));
-}
 
 TEST_F(PinnedModule, AnEngineThatIsLeftToItsWorkerKeepsTheModuleLoaded) {
   RunGate gate(host_);
@@ -49,7 +24,8 @@ TEST_F(PinnedModule, AnEngineThatIsLeftToItsWorkerKeepsTheModuleLoaded) {
   engine->worker.Wake();
   gate.inRun.Acquire();
   EngineCloser{20}(engine.get());
-  ExpectPinnedOnce();
+  EXPECT_EQ(Pins(), 1);
+  EXPECT_EQ(Platform::Faults::LastFlags("GetModuleHandleExW"), 1u | 4u);  // pinned, by an address
   gate.go.Release();
   ASSERT_TRUE(engine->worker.WaitForEnd(kMissed));
 }

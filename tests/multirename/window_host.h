@@ -67,14 +67,14 @@ class PaintedList final : public IHostListControl {
     contextMenu = callback;
   }
   bool FilterMessage(tagMSG*) override {
-    if (throwsAtMessages) throw std::runtime_error("the host fails");
     ++filtered;
+    if (const auto action = std::exchange(atMessage, nullptr)) action();
     return false;
   }
 
   std::vector<std::string> moves;
   int filtered = 0;
-  bool throwsAtMessages = false;
+  std::function<void()> atMessage;  // at the next that the loop has for the list
 
  private:
   void Paint() {

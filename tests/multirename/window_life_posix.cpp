@@ -177,7 +177,7 @@ TEST_F(WindowLife, ACommandOfTheThreadThatFailsInTheHostIsPassedOver) {
 TEST_F(WindowLife, AnExceptionOfTheListInTheLoopClosesTheWindowInOrder) {
   Open({W("a.t")});
   Do([this](UndrawnParts& parts) {
-    host_.controls[0].list.throwsAtMessages = true;
+    host_.controls[0].list.atMessage = [] { throw std::runtime_error("the host fails"); };
     PostMessageW(parts.controls.Window(), WM_APP, 0, 0);
   });
   window_->WaitForClose();
@@ -228,11 +228,14 @@ TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasRet
   InstallUndrawnUser(&user);
   Open({W("a.t")});
   bool wasThere = false;
-  window_->Post([&](UndrawnParts& parts) {
+  Do([&](UndrawnParts& parts) {
+    host_.controls[0].list.atMessage = [&] {
+      ListContextMenu place{nullptr, 1, 2};
+      host_.controls[0].list.contextMenu->OnEvent(1, &place);
+      wasThere = !host_.controls[0].list.wasReleased;
+    };
+    PostMessageW(parts.controls.Window(), WM_APP, 0, 0);
     parts.frame.PostClose();
-    ListContextMenu place{nullptr, 1, 2};
-    host_.controls[0].list.contextMenu->OnEvent(1, &place);
-    wasThere = !host_.controls[0].list.wasReleased;
   });
   window_->WaitForClose();
   EXPECT_TRUE(wasThere);
@@ -435,7 +438,9 @@ TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsI
   EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
 }
 
-TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsInUse) {
+TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsInUseAndKeepsTheModule) {
+  const Platform::Faults::Scope faults;
+  Platform::Faults::Watch("GetModuleHandleExW");
   Semaphore inBox;
   Semaphore answer;
   host_.atAskText = [&] {
@@ -448,7 +453,9 @@ TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsIn
   inBox.Acquire();
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(host_.closed, 1);
+  EXPECT_EQ(Platform::Faults::CallCount("GetModuleHandleExW"), 0);
   MultiRenameCloser{20}(extension_.get());
+  EXPECT_EQ(Platform::Faults::CallCount("GetModuleHandleExW"), 1);
   answer.Release();
   window_->WaitForClose();
   EXPECT_TRUE(extension_->WaitForWindow(kMissed));

@@ -47,7 +47,7 @@ void MultiRenameGUIThread::Say(Word word) {
 void MultiRenameGUIThread::SayFailed() {
   try {
     if (!hasSpoken_) Say(Word::kFailed);
-  } catch (...) {  // the host, which is told of a late failure
+  } catch (...) {  // of the host, which gets a command for a late failure
   }
 }
 
