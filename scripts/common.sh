@@ -163,6 +163,13 @@ prepare_wine() {
   touch "$WINEPREFIX/ready"
 }
 
+# set_scale PIXELS: how many pixels to an inch the screen has for programs in the copy of that name.
+set_scale() (
+  export WINEPREFIX=$WINEPREFIX-$1
+  quietly wine-scale scripts/wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
+  timeout 60 /usr/lib/wine/wineserver -w
+)
+
 # copy_prefix NAME: makes the copy of the Wine prefix that scripts/own_desktop NAME uses, if there is none. The copies
 # share the files of the system, which no program changes.
 copy_prefix() {

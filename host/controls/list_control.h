@@ -84,7 +84,9 @@ class ListControl : public Control, public Velmora::SDK::IHostListControl {
   const u32 id_;
   Velmora::SDK::IEventCallback* contextMenu_ = nullptr;
   std::vector<WCHAR> cellText_;
-  std::mutex mutex_;  // protects the members below
+  // Protects the members below. A function that the row provider calls may handle messages of this thread, as
+  // the shell does when it looks for an image, and so ask for a row again.
+  std::recursive_mutex mutex_;
   Velmora::SDK::IMLRowCallBack* provider_ = nullptr;
   RowOrder rows_;
 };

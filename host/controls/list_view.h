@@ -44,6 +44,7 @@ class ListView final : public ListControl {
   bool OnNotify(NMHDR& header, LRESULT& result);
   LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
   void FillCell(LVITEMW& cell);
+  void SetStateImages(HIMAGELIST images);
   int FindByText(const NMLVFINDITEMW& search);
   void OnContextMenu(LPARAM place);
 

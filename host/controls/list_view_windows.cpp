@@ -55,6 +55,7 @@ ListView::~ListView() {
   if (window_) {
     StoreWidths();
     Send(LVM_SETITEMCOUNT, 0);
+    SetStateImages(nullptr);
     RemoveWindowSubclass(window_, OnListMessage, kListSubclass);
     RemoveWindowSubclass(parent_, OnParentMessage, NumberAtParent(GetId()));
   }
@@ -72,8 +73,13 @@ void ListView::Refresh() {
 // A list view derives the height of its rows from its images, so this sets a state image, which no row shows,
 // of the required height.
 void ListView::SetRowHeight(u32 height) {
-  if (static_cast<int>(height) <= GetSystemMetrics(SM_CYSMICON)) return;
-  const HIMAGELIST images = ImageList_Create(1, static_cast<int>(height), ILC_COLOR, 1, 1);
+  const auto pixels = static_cast<int>(height);
+  SetStateImages(pixels > GetSystemMetrics(SM_CYSMICON) ? ImageList_Create(1, pixels, ILC_COLOR, 1, 1)
+                                                        : nullptr);
+}
+
+// The list view destroys none of its images, as it shares the shell's.
+void ListView::SetStateImages(HIMAGELIST images) {
   const auto before =
       reinterpret_cast<HIMAGELIST>(Send(LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(images)));
   if (before) ImageList_Destroy(before);

@@ -254,6 +254,8 @@ void Extensions::Renew(s32 number) {
   Extension* const owner = OwnerOf(number);
   if (!owner) return;
   Delete(*owner, std::exchange(owner->object, nullptr));
+  // Such as a second shutdown, if the window closed while the host shut it down: it would close the next one.
+  shared_.posted.Drop(owner->host.get());
   Create(*owner);
   StartOne(*owner);
 }

@@ -30,6 +30,11 @@ std::optional<PostedCommand> PostedCommands::Take() {
   return command;
 }
 
+void PostedCommands::Drop(const HostApp* extension) {
+  const std::lock_guard lock(mutex_);
+  std::erase_if(queue_, [extension](const PostedCommand& command) { return command.extension == extension; });
+}
+
 bool PostedCommands::Wait() { return event_ && WaitForEvent(event_); }
 
 }  // namespace QxHost

@@ -32,6 +32,9 @@ class PostedCommands {
   // Ends the current Wait, or the next one. May be called from any thread.
   void Wake();
 
+  // Removes the commands that were posted for this extension.
+  void Drop(const HostApp* extension);
+
   // Removes and returns the next command, in the order of posting; std::nullopt if there is none.
   std::optional<PostedCommand> Take();
 

@@ -287,6 +287,24 @@ TEST_F(ExtensionsTest, APostedCommandRunsOnTheThreadThatServesTheWindow) {
   EXPECT_EQ(served, std::this_thread::get_id());
 }
 
+// The window closed while the host already shut it down.
+TEST_F(ExtensionsTest, AShutdownThatWasPostedForAnObjectNeverReachesTheNext) {
+  IHostApp* hostOfWindow = nullptr;
+  onCommand = [&](IHostApp& host, s32) {
+    hostOfWindow = &host;
+    host.ExtensionClosed();
+    return 1;
+  };
+  Extensions extensions(shared_, exports_);
+  extensions.Start();
+  extensions.RunWindow(31000);
+  hostOfWindow->PostCommand(20002, 0, 0);
+  calls.clear();
+  extensions.Renew(31000);
+  extensions.RunWindow(31000);
+  EXPECT_THAT(calls, ElementsAre("delete 2", "create 2", "register 2", "start 2", "command 2 31000 0 0"));
+}
+
 TEST_F(ExtensionsTest, AWindowThatClosesWhileItsCommandRunsIsNotWaitedFor) {
   onCommand = [](IHostApp& host, s32) {
     host.ExtensionClosed();

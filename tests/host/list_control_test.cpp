@@ -159,6 +159,30 @@ TEST_F(ListControlTest, AfterClearOnAnotherThreadNoRowOfBeforeIsAskedFor) {
   }
 }
 
+// As while the shell looks for an image, and its thread takes messages.
+TEST_F(ListControlTest, ARowMayBeAskedForWhileAnotherIs) {
+  class AskingRows final : public RowTexts {
+   public:
+    explicit AskingRows(VectorList& list) : list_(list) {}
+    u32 GetCellText(void* item, u32 column, WCHAR* buffer, u32 size) override {
+      if (texts == 0) {
+        ++texts;
+        other = list_.CellAt(1, column);
+      }
+      return RowTexts::GetCellText(item, column, buffer, size);
+    }
+    WString other;
+
+   private:
+    VectorList& list_;
+  };
+  AskingRows rows(list_);
+  list_.SetRowProvider(&rows);
+  for (const WCHAR* const name : {W("one"), W("two")}) list_.AddRow(rows.Add(name));
+  EXPECT_EQ(list_.CellAt(0, 2), W("one"));
+  EXPECT_EQ(rows.other, W("two"));
+}
+
 TEST_F(ListControlTest, WithoutPlacesForThemCountsAreNotStored) {
   AddRows({W("a")});
   u32 count = 0;

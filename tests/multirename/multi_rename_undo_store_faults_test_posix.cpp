@@ -68,6 +68,47 @@ TEST_F(MultiRenameUndoStoreFaults, ADiskThatIsFullHalfWayLeavesNoHalfFileEither)
   EXPECT_THAT(scratch_.Names(), SizeIs(2));
 }
 
+TEST_F(MultiRenameUndoStoreFaults, ASessionThatIsWrittenAgainOnAFullDiskKeepsItsFile) {
+  const std::string before = scratch_.Read(session_.fileName);
+  session_.haveRestored = true;
+  Platform::Faults::Fail("WriteFile", 1, ERROR_DISK_FULL, true);
+  store_.Save(session_);
+  Platform::Faults::Clear();
+  EXPECT_THAT(scratch_.Names(), SizeIs(2));
+  EXPECT_EQ(scratch_.Read(session_.fileName), before);
+  store_.Save(session_);
+  EXPECT_THAT(scratch_.Names(), SizeIs(2));
+  EXPECT_NE(scratch_.Read(session_.fileName), before);
+}
+
+TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeOpenedAgainKeepsIt) {
+  const std::string before = scratch_.Read(session_.fileName);
+  session_.haveRestored = true;
+  Platform::Faults::Fail("CreateFileW", 2, ERROR_SHARING_VIOLATION);
+  store_.Save(session_);
+  EXPECT_THAT(scratch_.Names(), SizeIs(2));
+  EXPECT_EQ(scratch_.Read(session_.fileName), before);
+}
+
+TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeWrittenAgainToItsEndIsRecordedAllTheSame) {
+  Platform::Faults::Watch("WriteFile");
+  session_.haveRestored = true;
+  store_.Save(session_);
+  const int writes = Platform::Faults::CallCount("WriteFile") / 2;  // of a file
+  ASSERT_GT(writes, 0);
+  const std::string after = scratch_.Read(session_.fileName);
+  const WString name = session_.fileName;
+  for (const bool canMove : {true, false}) {
+    Platform::Faults::Fail("WriteFile", writes + 1, ERROR_DISK_FULL, true);
+    if (!canMove) Platform::Faults::Fail("MoveFileW", 1, ERROR_ACCESS_DENIED);
+    store_.Save(session_);
+    Platform::Faults::Clear();
+    EXPECT_THAT(scratch_.Names(), SizeIs(2));
+    EXPECT_EQ(session_.fileName == name, canMove);
+    EXPECT_EQ(scratch_.Read(session_.fileName), after);
+  }
+}
+
 TEST_F(MultiRenameUndoStoreFaults, AShortWriteOfAnUndoFileIsGoneOnWith) {
   session_.fileName = W("short.dat");
   Platform::Faults::WriteShort(1, 7);

@@ -405,6 +405,42 @@ TEST_F(Panel, WithoutSettingsThereAreNoHistoriesAndTheRunGoesOn) {
 
 // What is enabled.
 
+TEST_F(Panel, ADisabledControlThatIsPressedDoesNothing) {
+  Open({W("a.t")});
+  view[1020].text = W("x");
+  for (const int control : {1003, 1040, 1041, 1049, 1071, 1117, 1119}) {
+    view[control].isEnabled = false;
+    form.Press(control);
+  }
+  Settle();
+  EXPECT_TRUE(host_.renames.calls.empty());
+  EXPECT_TRUE(host_.posted.empty());
+  EXPECT_TRUE(view.dialogs.empty());
+  EXPECT_TRUE(view[1118].rows.empty());
+  EXPECT_EQ(frameView.closes, 0);
+}
+
+TEST_F(Panel, EnterIsStartAndInTheFieldsOfThePairAddOnceThereIsSomethingToFind) {
+  Open();
+  for (const int control : {0, 1034, 1031, 1118, 1020, 1001}) EXPECT_EQ(form.DefaultButton(control), 1003);
+  view[1001].text = W("y");
+  EXPECT_EQ(form.DefaultButton(1001), 1003);
+  view[1020].text = W(" ");
+  EXPECT_EQ(form.DefaultButton(1020), 1119);
+  EXPECT_EQ(form.DefaultButton(1001), 1119);
+  for (const int control : {0, 1034, 1119, 1117}) EXPECT_EQ(form.DefaultButton(control), 1003);
+}
+
+TEST_F(Panel, AfterAnAddedPairTheFindFieldHasTheFocusForTheNext) {
+  Open();
+  view.focus = 1119;
+  form.Press(1119);
+  EXPECT_EQ(view.focus, 1119) << "nothing was added";
+  view[1020].text = W("x");
+  form.Press(1119);
+  EXPECT_EQ(view.focus, 1020);
+}
+
 TEST_F(Panel, AtFirstAllButUndoIsEnabled) {
   OpenPanel();
   std::vector<int> expected = all_;

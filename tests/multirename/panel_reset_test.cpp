@@ -34,6 +34,7 @@ TEST_F(PanelReset, ResetEndsALoadedSession) {
   KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
   Open({W("a.t")});
   LoadSessionOfRow(0);
+  view[1071].isEnabled = true;  // as it is not for a user
   form.Press(1071);
   EXPECT_FALSE(form.SessionLoaded());
   EXPECT_EQ(form.LoadedSession(), nullptr);

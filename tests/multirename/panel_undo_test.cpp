@@ -43,8 +43,30 @@ TEST_F(PanelUndo, UndoTakesAllRowsInTheOrderOfTheScreenAlsoTheFailedOnes) {
   EXPECT_EQ(frameView.panes[1], W("1 Restored, 1 Failed"));
 }
 
+// A user takes such a run back by the undo manager.
+TEST_F(PanelUndo, UndoAfterAChangeOfARuleAsksForTheNamesThatShowNowAndTheHostRefusesThem) {
+  Open({W("a.t")});
+  Run(W("x"));
+  Type(1034, W("y"));
+  Settle();
+  host_.renames.codes = {{W("a.t"), 2}};  // there is no y.t
+  form.Press(1040);
+  Settle();
+  ASSERT_EQ(host_.renames.pathRenames.size(), 1u);
+  EXPECT_EQ(host_.renames.pathRenames[0].from, W("C:\\view\\y.t"));
+  EXPECT_EQ(frameView.panes[1], W("1 Failed"));
+  host_.renames.codes.clear();
+  LoadSessionOfRow(0);
+  form.Press(1040);
+  Settle();
+  ASSERT_EQ(host_.renames.pathRenames.size(), 2u);
+  EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\x.t"));
+  EXPECT_EQ(frameView.panes[1], W("1 Restored"));
+}
+
 TEST_F(PanelUndo, UndoOfAnEmptyListDoesNothingAndReportsNoError) {
   Open();
+  view[1040].isEnabled = true;
   form.Press(1040);
   Settle();
   EXPECT_THAT(host_.renames.calls, IsEmpty());

@@ -79,6 +79,7 @@ TEST_F(PanelWaits, StartRenamesNothing) {
 
 TEST_F(PanelWaits, UndoMakesNoSetToRestore) {
   OpenWithAPreviewInTheGate();
+  view[1040].isEnabled = true;
   WithoutAWait([this] { form.Press(1040); });
   EXPECT_EQ(engine_->restoreSet, nullptr);
   EXPECT_THAT(host_.renames.calls, IsEmpty());

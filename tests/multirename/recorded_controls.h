@@ -62,7 +62,7 @@ class RecordedControls : public View {
   std::function<void()> afterDisabling;
 
   RecordedControl& operator[](int control) { return controls[control]; }
-  bool IsEnabled(int control) { return controls[control].isEnabled; }
+  bool IsEnabled(int control) override { return controls[control].isEnabled; }
 
   HWND Window() override { return window; }
   WString GetText(int control) override { return controls[control].text; }

@@ -68,11 +68,13 @@ class PaintedList final : public IHostListControl {
   }
   bool FilterMessage(tagMSG*) override {
     ++filtered;
+    if (const auto action = std::exchange(atMessage, nullptr)) action();
     return false;
   }
 
   std::vector<std::string> moves;
   int filtered = 0;
+  std::function<void()> atMessage;  // at the next that the loop has for the list
 
  private:
   void Paint() {
@@ -106,7 +108,8 @@ class WindowHost final : public RenameHost {
  public:
   bool hasContainers = true;
   bool hasLists = true;
-  std::function<void()> beforeContainer;    // on the window's thread
+  std::function<void()> beforeContainer;  // on the window's thread
+  std::atomic<bool> throwsAtSelection{false};
   std::function<void()> atAskText;          // while the box is open
   std::atomic<int> containers{0};           // that were asked for
   std::atomic<int> closed{0};               // calls of ExtensionClosed
@@ -137,6 +140,10 @@ class WindowHost final : public RenameHost {
     return numbers;
   }
 
+  int FileListRequest(u32 request, IHostFileList* list, u32 marker, u32 zero) override {
+    if (throwsAtSelection) throw std::runtime_error("the host fails");
+    return RenameHost::FileListRequest(request, list, marker, zero);
+  }
   void ExtensionClosed() override { ++closed; }
   void PostCommand(u32 number, std::intptr_t a, std::intptr_t b) override {
     const std::lock_guard lock(mutex_);

@@ -4,6 +4,7 @@
 
 #include "frame/host/command_numbers.h"
 #include "multirename/window_test.h"
+#include "platform/posix/files/faults.h"
 #include "platform/posix/user_interface.h"
 
 namespace Velmora::SDK {
@@ -147,10 +148,42 @@ TEST_F(WindowLife, AShutdownOnTheWindowsOwnThreadReturnsAtOnceAndClosesNothing) 
   EXPECT_EQ(RowCount(), 1u);
 }
 
-TEST_F(WindowLife, ATimerOfTheThreadIsDropped) {
+TEST_F(WindowLife, ATimerOfTheThreadIsDroppedAndAnyOtherMessageIsDispatched) {
   Open({W("a.t")});
-  Do([](UndrawnParts&) { PostThreadMessageW(GetCurrentThreadId(), 275, 0, 0); });
-  Settle();
+  const Platform::Faults::Scope faults;
+  const auto dispatched = [this](UINT message) {
+    Do([message](UndrawnParts&) {
+      PostThreadMessageW(GetCurrentThreadId(), message, 0, 0);
+      Platform::Faults::Watch("DispatchMessageW");
+    });
+    int count = 0;
+    Do([&](UndrawnParts&) { count = Platform::Faults::CallCount("DispatchMessageW"); });
+    Platform::Faults::Clear();
+    return count - 1;  // but for the one that looks
+  };
+  EXPECT_EQ(dispatched(275), 0);
+  EXPECT_EQ(dispatched(276), 1);
+}
+
+TEST_F(WindowLife, ACommandOfTheThreadThatFailsInTheHostIsPassedOver) {
+  Open({W("a.t")});
+  host_.throwsAtSelection = true;
+  Do([](UndrawnParts&) { PostThreadMessageW(GetCurrentThreadId(), 32810, 32000, 0); });
+  Do([](UndrawnParts&) {});
+  host_.throwsAtSelection = false;
+  EXPECT_EQ(RowCount(), 1u);
+}
+
+TEST_F(WindowLife, AnExceptionOfTheListInTheLoopClosesTheWindowInOrder) {
+  Open({W("a.t")});
+  Do([this](UndrawnParts& parts) {
+    host_.controls[0].list.atMessage = [] { throw std::runtime_error("the host fails"); };
+    PostMessageW(parts.controls.Window(), WM_APP, 0, 0);
+  });
+  window_->WaitForClose();
+  EXPECT_EQ(host_.controlsOut, 0);
+  Serve(20002);
+  EXPECT_EQ(host_.closed, 1);
 }
 
 TEST_F(WindowLife, TheListSeesTheMessagesOfTheLoop) {
@@ -180,6 +213,34 @@ TEST_F(WindowLife, TheContextMenuOfTheListMovesRows) {
   });
   InstallUndrawnUser(nullptr);
   Do([this](UndrawnParts&) { EXPECT_THAT(host_.controls[0].list.moves, ElementsAre("bottom")); });
+}
+
+// The list's own menu has returned by then.
+TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasReturned) {
+  class User final : public UndrawnUser {
+   public:
+    int ChooseLine(const MenuLines&) override {
+      EXPECT_TRUE(UndrawnWindow::TakeMessages());
+      return 0;
+    }
+    void UseDialog(int, DialogForm&, UndrawnDialog&) override {}
+  } user;
+  InstallUndrawnUser(&user);
+  Open({W("a.t")});
+  bool wasThere = false;
+  Do([&](UndrawnParts& parts) {
+    host_.controls[0].list.atMessage = [&] {
+      ListContextMenu place{nullptr, 1, 2};
+      host_.controls[0].list.contextMenu->OnEvent(1, &place);
+      wasThere = !host_.controls[0].list.wasReleased;
+    };
+    PostMessageW(parts.controls.Window(), WM_APP, 0, 0);
+    parts.frame.PostClose();
+  });
+  window_->WaitForClose();
+  EXPECT_TRUE(wasThere);
+  InstallUndrawnUser(nullptr);
+  Serve(20002);
 }
 
 // The end by the user.
@@ -377,7 +438,9 @@ TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsI
   EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
 }
 
-TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsInUse) {
+TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsInUseAndKeepsTheModule) {
+  const Platform::Faults::Scope faults;
+  Platform::Faults::Watch("GetModuleHandleExW");
   Semaphore inBox;
   Semaphore answer;
   host_.atAskText = [&] {
@@ -390,7 +453,9 @@ TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsIn
   inBox.Acquire();
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(host_.closed, 1);
+  EXPECT_EQ(Platform::Faults::CallCount("GetModuleHandleExW"), 0);
   MultiRenameCloser{20}(extension_.get());
+  EXPECT_EQ(Platform::Faults::CallCount("GetModuleHandleExW"), 1);
   answer.Release();
   window_->WaitForClose();
   EXPECT_TRUE(extension_->WaitForWindow(kMissed));

@@ -178,9 +178,30 @@ TEST_F(WindowStart, AShutdownWhoseQuitIsLostEndsTheThreadWithItsWindow) {
   EXPECT_EQ(host_.closed, 1);
 }
 
+// The window works on with the profiles of the first one.
 TEST_F(WindowStart, ASecondOnStartChangesNothing) {
+  const auto saveAs = [this](const WString& name) {
+    host_.textAnswers.push_back({true, name});
+    Do([](UndrawnParts& parts) { parts.Choose(1045, 1); });
+  };
+  const auto lines = [this] {
+    std::vector<WString> shown;
+    Do([&](UndrawnParts& parts) { shown = parts.controls[1045].lines; });
+    return shown;
+  };
   Open({W("a.t")});
+  const std::vector<WString> standard = lines();
+  ASSERT_EQ(standard.size(), 2u);
+  saveAs(W("one"));
+  host_.files.saved.clear();  // so that nothing could be loaded again
   EXPECT_EQ(Plugin().OnStart(&host_), 1);
+  saveAs(W("two"));
+  EXPECT_THAT(lines(), ElementsAre(standard[0], standard[1], W("one"), W("two")));
+  Do([](UndrawnParts& parts) {
+    EXPECT_EQ(parts.context.profiles.profiles.size(), 2u);
+    parts.Choose(1045, 2);
+    EXPECT_EQ(parts.panel.ProfileName(), W("one"));
+  });
   EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   Settle();
 }

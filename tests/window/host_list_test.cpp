@@ -492,6 +492,17 @@ TEST_F(HostListWindow, HigherRowsAreAsHighAsWantedAndLowerOnesAsTheirText) {
   EXPECT_NEAR(RowArea(0).bottom - RowArea(0).top, 40, 4);
 }
 
+// The window has come from a monitor of a large scale to one of a small one.
+TEST_F(HostListWindow, RowsThatWereHighAreLowAgain) {
+  AddRows({W("a")});
+  const LONG natural = RowArea(0).bottom - RowArea(0).top;
+  list_->SetRowHeight(32);
+  ASSERT_GT(RowArea(0).bottom - RowArea(0).top, natural);
+  list_->SetRowHeight(16);
+  EXPECT_EQ(RowArea(0).bottom - RowArea(0).top, natural);
+  EXPECT_EQ(Send(LVM_GETIMAGELIST, LVSIL_STATE), 0);
+}
+
 TEST_F(HostListWindow, AListThatIsGivenBackAsksForNothingAnyMore) {
   AddRows({W("a"), W("b")});
   ReleaseControls();

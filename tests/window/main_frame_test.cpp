@@ -114,6 +114,21 @@ TEST_F(MainFrameWindow, AStatusWithPercentsAmpersandsAndTabsIsShownAsItIs) {
   EXPECT_THAT(Pane(1), testing::HasSubstr(W("100 %s & %n\tx")));
 }
 
+TEST_F(MainFrameWindow, ItHasTheIconOfNumber128OfTheHostsProgramInBothSizes) {
+  Open();
+  const auto iconOfHost = [](int number, int width, int height) {
+    return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(number), IMAGE_ICON,
+                      GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED);
+  };
+  const auto iconOfFrame = [this](WPARAM kind) {
+    return reinterpret_cast<HANDLE>(SendMessageW(Frame(), WM_GETICON, kind, 0));
+  };
+  EXPECT_NE(iconOfFrame(ICON_BIG), nullptr);
+  EXPECT_EQ(iconOfFrame(ICON_BIG), iconOfHost(128, SM_CXICON, SM_CYICON));
+  EXPECT_NE(iconOfFrame(ICON_SMALL), nullptr);
+  EXPECT_EQ(iconOfFrame(ICON_SMALL), iconOfHost(128, SM_CXSMICON, SM_CYSMICON));
+}
+
 TEST_F(MainFrameWindow, TheFirstSizeIs855By410) {
   Open();
   EXPECT_EQ(SizeOf(Frame()).cx, 855);

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <optional>
+#include <stdexcept>
 
 #include "window/held_key.h"
 #include "window/modal_driver.h"
@@ -61,6 +62,21 @@ void FrameHost::ReleaseService(void* service, u32 number) {
   if (!controls_.Release(service)) return PanelHost::ReleaseService(service, number);
   --controlsOut;
   returned.push_back(service == listService_ ? "list" : "container");
+  FailAtClose();
+}
+
+IHostConfig* FrameHost::GetConfig() {
+  FailAtClose();
+  return PanelHost::GetConfig();
+}
+
+void FrameHost::FailAtClose() const {
+  if (throwsAtClose) throw std::runtime_error("the host fails");
+}
+
+void RenameFrameWindow::OnWindowClosed() {
+  ++closed_;
+  host_.FailAtClose();
 }
 
 RenameFrameWindow::RenameFrameWindow() {

@@ -20,8 +20,11 @@ class FrameHost final : public PanelHost {
   HWND container = nullptr;
   HWND list = nullptr;
   int controlsOut = 0;  // objects that were not given back yet
+  bool throwsAtClose = false;
   std::vector<std::string> returned;
 
+  void FailAtClose() const;
+  Velmora::SDK::IHostConfig* GetConfig() override;
   HWND CreateControl(Velmora::SDK::u32 kind, HWND parent, Velmora::SDK::u32 style) override;
   void* GetService(Velmora::SDK::u32 number, std::uintptr_t handle) override;
   void ReleaseService(void* service, Velmora::SDK::u32 number) override;
@@ -75,7 +78,7 @@ class RenameFrameWindow : public testing::Test, protected Velmora::SDK::RenameWi
   WString TitleOfFrame() const;
 
   Velmora::SDK::RenameContext& Context() override { return context_; }
-  void OnWindowClosed() override { ++closed_; }
+  void OnWindowClosed() override;
 
   const ScratchFolder scratch_;
   FrameHost host_{scratch_};

@@ -62,13 +62,17 @@ class RenameWindowLife : public RenameFrameWindow {
     EXPECT_LE(std::abs((area.left + area.right) - (work.left + work.right)), 1);
     EXPECT_LE(std::abs((area.top + area.bottom) - (work.top + work.bottom)), 1);
   }
-  void ExpectClosedOnce() {
+  // All but the stored place.
+  void ExpectGoneOnce() {
     EXPECT_EQ(Frame(), nullptr);
     EXPECT_EQ(Panel(), nullptr);
     EXPECT_EQ(closed_, 1);
     EXPECT_EQ(FramesOfThread(), 0);
     EXPECT_THAT(host_.returned, ElementsAre("list", "container"));
     EXPECT_EQ(engine_->notifyWindow, nullptr);
+  }
+  void ExpectClosedOnce() {
+    ExpectGoneOnce();
     EXPECT_EQ(host_.config.blocks.count(kPlace), 1u);
   }
 };
@@ -198,6 +202,13 @@ TEST_F(RenameWindowLife, ADestroyedFrameIsClosedInTheSameOrder) {
   Open({W("a")});
   DestroyWindow(Frame());
   ExpectClosedOnce();
+}
+
+TEST_F(RenameWindowLife, ACloseGoesToItsEndWhateverTheHostThrowsMeanwhile) {
+  Open({W("a")});
+  host_.throwsAtClose = true;
+  CloseFrame();
+  ExpectGoneOnce();
 }
 
 TEST_F(RenameWindowLife, TheLoopGoesOnWithoutTheWindow) {

@@ -25,6 +25,9 @@ constexpr int kReplace = 1001;
 constexpr int kAdd = 1119;
 constexpr int kParts = 1070;
 constexpr int kProfiles = 1045;
+constexpr int kUndoDots = 1049;
+constexpr int kStart = 1003;
+constexpr int kClose = 1041;
 
 class RulePanelKeys : public RenameFrameWindow {
  protected:
@@ -111,6 +114,97 @@ TEST_F(RulePanelKeys, EscapeInAnOpenListOfTemplatesLeavesNamesThatAreThoseOfTheT
   Open({W("a")});
   MarkAndEscape(kName, {VK_DOWN});
   EXPECT_THAT(NewNames(), ElementsAre(Text(kName) == W("[N]") ? WString(W("a")) : Text(kName)));
+}
+
+// Enter.
+
+TEST_F(RulePanelKeys, EnterInTheListIsStart) {
+  Open({W("a.txt")});
+  Type(kName, W("z"));
+  SetFocus(List());
+  PressFrameKey(VK_RETURN);
+  ASSERT_THAT(host_.renames.itemRenames, SizeIs(1));
+  EXPECT_EQ(host_.renames.itemRenames[0].to, W("z.txt"));
+}
+
+TEST_F(RulePanelKeys, EnterInTheFieldsOfThePairIsAddAndTheFindFieldWaitsForTheNext) {
+  Open({W("aXbY")});
+  Type(kFind, W("X"));
+  PressFrameKey(VK_TAB);
+  ASSERT_EQ(FocusedControl(Panel()), kReplace);
+  PostMessageW(GetFocus(), WM_CHAR, W('-'), 1);
+  PressFrameKey(VK_RETURN);
+  EXPECT_EQ(FocusedControl(Panel()), kFind);
+  Type(kFind, W("Y"));
+  PressFrameKey(VK_RETURN);
+  EXPECT_THAT(TableRowsOf(Panel(), kPairs), SizeIs(2));
+  EXPECT_THAT(NewNames(), ElementsAre(W("a-b")));
+  EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
+}
+
+TEST_F(RulePanelKeys, WithNothingToFindEnterIsStartInTheFieldsOfThePairToo) {
+  Open({W("a")});
+  Type(kName, W("z"));
+  Type(kFind, W("x"));
+  Type(kFind, W(""));
+  PressFrameKey(VK_RETURN);
+  EXPECT_THAT(TableRowsOf(Panel(), kPairs), IsEmpty());
+  EXPECT_THAT(host_.renames.itemRenames, SizeIs(1));
+}
+
+TEST_F(RulePanelKeys, TheButtonThatEnterPressesIsShownAsTheDefaultOne) {
+  Open({W("a")});
+  const auto isDefault = [this](int button) {
+    return (SendDlgItemMessageW(Panel(), button, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;
+  };
+  EXPECT_TRUE(isDefault(kStart));
+  Type(kFind, W("x"));
+  EXPECT_TRUE(isDefault(kAdd));
+  EXPECT_FALSE(isDefault(kStart));
+  Focus(Panel(), kName);
+  EXPECT_TRUE(isDefault(kStart));
+  EXPECT_FALSE(isDefault(kAdd));
+  Focus(Panel(), kClose);
+  EXPECT_TRUE(isDefault(kClose));
+  PressFrameKey(VK_TAB);
+  ASSERT_EQ(GetFocus(), List());
+  EXPECT_TRUE(isDefault(kStart));
+  EXPECT_FALSE(isDefault(kClose));
+}
+
+TEST_F(RulePanelKeys, EnterDuringARunStartsNoOther) {
+  Open({W("a")});
+  Type(kName, W("b"));
+  host_.renames.atRun = [this] {
+    PostMessageW(List(), WM_KEYDOWN, VK_RETURN, 1);
+    PostMessageW(GetDlgItem(Panel(), kFind), WM_KEYDOWN, VK_RETURN, 1);
+  };
+  SetFocus(GetDlgItem(Panel(), kStart));
+  PressFrameKey(VK_RETURN);
+  EXPECT_THAT(host_.renames.itemRenames, SizeIs(1));
+}
+
+TEST_F(RulePanelKeys, EnterWithALoadedSessionStartsNothing) {
+  Open({W("a")});
+  Type(kName, W("b"));
+  PressFrameKey(VK_RETURN);
+  ASSERT_THAT(host_.renames.itemRenames, SizeIs(1));
+  PostMessageW(GetDlgItem(Panel(), kUndoDots), BM_CLICK, 0, 0);
+  RunModal(
+      [this] {
+        Settle();
+        return 0;
+      },
+      [](HWND dialog) {
+        ClickCell(dialog, 1053, 0);
+        ClickButton(dialog, 1);
+      });
+  for (const HWND focus : {List(), GetDlgItem(Panel(), kFind)}) {
+    SetFocus(focus);
+    PressFrameKey(VK_RETURN);
+  }
+  EXPECT_THAT(host_.renames.itemRenames, SizeIs(1));
+  EXPECT_THAT(host_.renames.pathRenames, IsEmpty());
 }
 
 }  // namespace

@@ -333,14 +333,25 @@ TEST_F(RulePanelWindow, ARunDisablesTheRulesAndItsEndEnablesThem) {
   EXPECT_TRUE(IsOn(1049));
 }
 
-TEST_F(RulePanelWindow, TheFocusIsNeverOnADisabledControl) {
+TEST_F(RulePanelWindow, DuringARunTheFocusIsOnAControlThatIsEnabled) {
   Open({W("a.txt")});
   Type(1034, W("b"));
-  host_.renames.atRun = [] {};
-  SetFocus(GetDlgItem(Panel(), 1003));
-  Press(1003);
-  EXPECT_NE(GetFocus(), nullptr);
-  EXPECT_TRUE(IsWindowEnabled(GetFocus()));
+  HWND focus = nullptr;
+  bool isEnabled = false;
+  host_.renames.atRun = [&] {
+    GUITHREADINFO thread = {};
+    thread.cbSize = sizeof(thread);
+    GetGUIThreadInfo(GetWindowThreadProcessId(Frame(), nullptr), &thread);
+    focus = thread.hwndFocus;
+    isEnabled = IsWindowEnabled(focus) != FALSE;
+  };
+  for (const int focused : {1003, 1034, 1031}) {
+    SetFocus(GetDlgItem(Panel(), focused));
+    focus = nullptr;
+    PressFrameKey(VK_RETURN);
+    EXPECT_NE(focus, nullptr) << focused;
+    EXPECT_TRUE(isEnabled) << focused;
+  }
 }
 
 TEST_F(RulePanelWindow, TheFocusIsBackInItsFieldAfterARun) {

@@ -1,5 +1,7 @@
 #include "multirename/engine/multi_rename_engine.h"
 
+#include "frame/services/pin_module.h"
+
 namespace Velmora::SDK {
 
 MultiRenameEngine::MultiRenameEngine(IHostApp* hostApp) : undoStore(hostApp), host(hostApp), worker(*this) {}
@@ -11,7 +13,11 @@ MultiRenameEngine::~MultiRenameEngine() {
 
 void EngineCloser::operator()(MultiRenameEngine* engine) const {
   engine->worker.Quit();
-  if (engine->worker.WaitForEnd(patience)) delete engine;
+  if (engine->worker.WaitForEnd(patience)) {
+    delete engine;
+  } else {
+    PinModule();
+  }
 }
 
 }  // namespace Velmora::SDK

@@ -66,7 +66,8 @@ class MultiRenameEngine {
 };
 
 // Ends the worker, waits for its thread as long as `patience` says, and deletes the engine. An engine whose
-// worker still runs then, in a rename of the host's, is left to it and never freed.
+// worker still runs then, in a rename of the host's, is left to it and never freed, and the module stays
+// loaded.
 struct EngineCloser {
   void operator()(MultiRenameEngine* engine) const;
 

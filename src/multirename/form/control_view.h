@@ -51,6 +51,7 @@ class ControlView {
 
   virtual bool IsChecked(int control) = 0;
   virtual void SetChecked(int control, bool isChecked) = 0;
+  virtual bool IsEnabled(int control) = 0;
   virtual void SetEnabled(int control, bool isEnabled) = 0;
   virtual void GiveFocus(int control) = 0;
 

@@ -70,7 +70,13 @@ void PanelForm::Open() {
   PostUpdate();
 }
 
+int PanelForm::DefaultButton(int focused) const {
+  const bool isPairField = focused == kPairFind || focused == kPairReplace;
+  return isPairField && !view_.GetText(kPairFind).empty() ? kPairAdd : kStartButton;
+}
+
 void PanelForm::Press(int control) {
+  if (!view_.IsEnabled(control)) return;
   for (const PressRow& row : kPressRows) {
     if (row.control == control) return (this->*row.handler)();
   }
@@ -118,7 +124,9 @@ void PanelForm::AddPair() {
     const PanelWriting writing(isWriting_);
     isAdded = rules_.AddPair();
   }
-  if (isAdded) PostUpdate();
+  if (!isAdded) return;
+  view_.GiveFocus(kPairFind);  // for the next one
+  PostUpdate();
 }
 
 void PanelForm::OpenPairDialog() {

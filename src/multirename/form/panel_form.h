@@ -57,8 +57,12 @@ class PanelForm {
   // The controls are there: gives them texts, tips and defaults, and posts MRM_UPDATE_PREVIEW.
   void Open();
 
-  // A button or a check box was clicked; a check box has its new mark.
+  // A button or a check box was clicked; a check box has its new mark. Nothing happens if it is disabled.
   void Press(int control);
+
+  // The button that Enter presses while a control has the focus, 0 for one outside the panel: Start, but in
+  // the fields of the next pair Add, once there is something to find.
+  int DefaultButton(int focused) const;
 
   // A text was changed or another line was chosen, by the user. What the form itself sets may be reported
   // too; it is passed over.

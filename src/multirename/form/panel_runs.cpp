@@ -83,7 +83,8 @@ void PanelForm::StartRun() {
   BeginRun();
 }
 
-// Takes all rows, those whose rename failed too (C-673).
+// Takes all rows, those whose rename failed too (C-673), with the names that they show now. After a change of
+// a rule these are not the names on the disk (C-688).
 void PanelForm::UndoRun() {
   if (!engine_.worker.StopCurrent()) return;
   engine_.notifyWindow = view_.Window();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/services/create_path.h"
+#include "frame/services/path_exists.h"
 #include "platform/handles.h"
 
 namespace Velmora::SDK {
@@ -10,6 +11,9 @@ namespace Velmora::SDK {
 namespace {
 
 constexpr u32 kConfigPathSize = 4096;
+
+// Appended to the name of a file for the one that is whole while it is written again.
+constexpr const WCHAR* kBeside = W(".new");
 
 // Nothing for a file that cannot be opened. A byte more than the reader looks at shows that there are more.
 std::vector<std::uint8_t> ReadUndoBytes(const WString& path) {
@@ -35,6 +39,22 @@ bool WriteUndoPiece(HANDLE file, WStringView text) {
     left -= written;
   }
   return true;
+}
+
+// Returns false, with a file of before as it was if it cannot be opened, and with no file if it cannot be
+// written to its end.
+bool WriteUndoFile(const WString& path, const MultiRenameUndo& session) {
+  bool isWritten = true;
+  {
+    const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.IsOpen()) return false;
+    WriteUndoText(session, [&](WStringView text) {
+      if (isWritten) isWritten = WriteUndoPiece(file.Get(), text);
+    });
+  }
+  if (!isWritten) DeleteFileW(path.c_str());
+  return isWritten;
 }
 
 }  // namespace
@@ -80,16 +100,19 @@ WString MultiRenameUndoStore::PathOf(MultiRenameUndo& session) const {
 void MultiRenameUndoStore::Save(MultiRenameUndo& session) const {
   if (folder.empty() || session.isPartOfFile) return;
   const WString path = PathOf(session);
-  bool isWritten = true;
-  {
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) return;
-    WriteUndoText(session, [&](WStringView text) {
-      if (isWritten) isWritten = WriteUndoPiece(file.Get(), text);
-    });
+  if (!PathExists(path)) {
+    WriteUndoFile(path, session);
+    return;
   }
-  if (!isWritten) DeleteFileW(path.c_str());
+  // The file of before is the only record of its run: it goes when another one is whole. It may be open
+  // elsewhere, so that it is written and not replaced.
+  const WString beside = path + kBeside;
+  if (!WriteUndoFile(beside, session)) return;
+  if (WriteUndoFile(path, session) || PathExists(path)) {
+    DeleteFileW(beside.c_str());
+  } else if (!MoveFileW(beside.c_str(), path.c_str())) {
+    session.fileName += kBeside;
+  }
 }
 
 bool MultiRenameUndoStore::Holds(const MultiRenameUndo* session) const {

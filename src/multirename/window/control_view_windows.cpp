@@ -130,6 +130,8 @@ void WindowControls::SetChecked(int control, bool isChecked) {
   SendMessageW(Control(control), BM_SETCHECK, isChecked ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
+bool WindowControls::IsEnabled(int control) const { return IsWindowEnabled(Control(control)) != FALSE; }
+
 void WindowControls::SetEnabled(int control, bool isEnabled) {
   Ui::EnableControl(window_, control, isEnabled);
 }

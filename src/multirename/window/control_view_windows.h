@@ -33,6 +33,7 @@ class WindowControls {
   void SelectEnd(int control);
   bool IsChecked(int control) const;
   void SetChecked(int control, bool isChecked);
+  bool IsEnabled(int control) const;
   void SetEnabled(int control, bool isEnabled);
   void GiveFocus(int control);
   void SetLines(int control, const std::vector<WString>& lines);
@@ -63,6 +64,7 @@ class WindowView : public View {
   void SelectEnd(int control) override { controls_.SelectEnd(control); }
   bool IsChecked(int control) override { return controls_.IsChecked(control); }
   void SetChecked(int control, bool isChecked) override { controls_.SetChecked(control, isChecked); }
+  bool IsEnabled(int control) override { return controls_.IsEnabled(control); }
   void SetEnabled(int control, bool isEnabled) override { controls_.SetEnabled(control, isEnabled); }
   void GiveFocus(int control) override { controls_.GiveFocus(control); }
   void SetLines(int control, const std::vector<WString>& lines) override {

@@ -46,11 +46,18 @@ bool HostListControls::OpenList(u32 width, u32 rowHeight, CListCtrlCallback::Han
   return true;
 }
 
-void HostListControls::Close() {
+void HostListControls::CloseList() {
+  listWindow_ = nullptr;
   GiveBackService(host_, list_);
+}
+
+void HostListControls::Undock() {
   if (container_) container_->Dock(nullptr, 0);
+}
+
+void HostListControls::CloseContainer() {
+  containerWindow_ = nullptr;
   GiveBackService(host_, container_);
-  containerWindow_ = listWindow_ = nullptr;
 }
 
 }  // namespace Velmora::SDK

@@ -55,7 +55,17 @@ class HostListControls {
   bool OpenList(u32 width, u32 rowHeight, CListCtrlCallback::Handler onContextMenu);
 
   // Gives both back; what is docked is not any more.
-  void Close();
+  void Close() {
+    CloseBy([](auto call) { call(); });
+  }
+  // The same, by `run(call)` for each call of the host, so that one that throws keeps none of the others from
+  // being made.
+  template <typename Run>
+  void CloseBy(Run run) {
+    run([this] { CloseList(); });
+    run([this] { Undock(); });
+    run([this] { CloseContainer(); });
+  }
 
   HWND ContainerWindow() const { return containerWindow_; }
   HWND ListWindow() const { return listWindow_; }
@@ -63,6 +73,10 @@ class HostListControls {
   IHostListControl* List() const { return list_; }
 
  private:
+  void CloseList();
+  void Undock();
+  void CloseContainer();
+
   IHostApp& host_;
   HWND containerWindow_ = nullptr;
   HWND listWindow_ = nullptr;

@@ -36,11 +36,19 @@ void MultiRenameGUIThread::Say(Word word) {
   bool isLate = false;
   {
     const std::lock_guard lock(mutex_);
+    hasSpoken_ = true;
     word_ = word;
     isLate = !isAwaited_;
     spoken_.notify_all();
   }
   if (isLate && word == Word::kFailed) owner_.OnLateFailure();
+}
+
+void MultiRenameGUIThread::SayFailed() {
+  try {
+    if (!hasSpoken_) Say(Word::kFailed);
+  } catch (...) {  // of the host, which gets a command for a late failure
+  }
 }
 
 // The flag serves a thread that has no queue yet, and one whose window takes messages while it is made.
@@ -57,7 +65,13 @@ DWORD MultiRenameGUIThread::ThreadMain(LPVOID thread) {
   auto& self = *static_cast<MultiRenameGUIThread*>(thread);
   SwitchToThread();
   self.owner_.OnThreadBegin();
-  const int exitCode = self.Run();
+  int exitCode = 0;
+  try {
+    exitCode = self.Run();
+  } catch (...) {
+    // A window that was there is closed; without one somebody may still wait for it.
+    self.SayFailed();
+  }
   self.owner_.OnThreadEnd();
   return static_cast<DWORD>(exitCode);
 }
@@ -94,10 +108,17 @@ std::unique_ptr<RenameWindow> MultiRenameGUIThread::MakeWindow(MessageLoop& loop
   }
 }
 
+// A command that fails in the host is passed over: the window stays.
+void MultiRenameGUIThread::RunCommand(const MSG& message) {
+  try {
+    owner_.OnThreadCommand(static_cast<s32>(message.wParam), 0, message.lParam);
+  } catch (...) {
+  }
+}
+
 bool MultiRenameGUIThread::FilterMessage(MSG& message) {
   if (message.hwnd) return false;
-  if (message.message == kThreadCommand)
-    owner_.OnThreadCommand(static_cast<s32>(message.wParam), 0, message.lParam);
+  if (message.message == kThreadCommand) RunCommand(message);
   return message.message == kThreadCommand || message.message == WM_TIMER;
 }
 

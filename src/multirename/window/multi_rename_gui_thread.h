@@ -57,6 +57,8 @@ class MultiRenameGUIThread final : private MessageFilter {
   int Run();
   std::unique_ptr<RenameWindow> MakeWindow(MessageLoop& loop);
   void Say(Word word);
+  void SayFailed();
+  void RunCommand(const MSG& message);
   // Messages of the thread itself.
   bool FilterMessage(MSG& message) override;
 
@@ -64,7 +66,8 @@ class MultiRenameGUIThread final : private MessageFilter {
   HANDLE thread_ = nullptr;
   DWORD number_ = 0;
   std::atomic<bool> isQuitWanted_{false};
-  std::mutex mutex_;  // guards what follows
+  bool hasSpoken_ = false;  // of the thread
+  std::mutex mutex_;        // guards what follows
   std::condition_variable spoken_;
   Word word_ = Word::kNone;
   bool isAwaited_ = true;

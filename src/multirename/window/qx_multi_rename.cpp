@@ -4,6 +4,7 @@
 
 #include "frame/host/command_numbers.h"
 #include "frame/services/extension_ids.h"
+#include "frame/services/pin_module.h"
 #include "multirename/form/rename_texts.h"
 
 namespace Velmora::SDK {
@@ -163,7 +164,12 @@ void QXMultiRename::OnWindowClosed() {
 }
 
 void MultiRenameCloser::operator()(QXMultiRename* extension) const {
-  if (extension && extension->WaitForWindow(patience)) delete extension;
+  if (!extension) return;
+  if (extension->WaitForWindow(patience)) {
+    delete extension;
+  } else {
+    PinModule();
+  }
 }
 
 }  // namespace Velmora::SDK

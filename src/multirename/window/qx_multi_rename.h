@@ -77,7 +77,8 @@ class QXMultiRename final : public PluginBase, private RenameThreadOwner {
 };
 
 // Deletes the object after its window's thread has ended, for which it waits as long as `patience` says. An
-// object whose thread still runs then, in a box of the host's, is left to it and never freed.
+// object whose thread still runs then, in a box of the host's, is left to it and never freed, and the module
+// stays loaded.
 struct MultiRenameCloser {
   void operator()(QXMultiRename* extension) const;
 

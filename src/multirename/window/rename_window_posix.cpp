@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "multirename/form/panel_controls.h"
+#include "multirename/window/form_calls.h"
 #include "multirename/window/host_list_controls.h"
 #include "multirename/window/rename_window.h"
 #include "multirename/window/undrawn_messages.h"
@@ -28,15 +29,8 @@ class UndrawnRenameWindow final : public RenameWindow, private FrameView, privat
   FrameForm& Form() override { return frameForm_; }
 
  private:
-  // Does something in answer to a message. A form may run a box, menu or dialog meanwhile, whose loop brings
-  // further messages here: the frame is destroyed after the first of these calls.
-  template <typename Action>
-  void Handle(Action action) {
-    ++running_;
-    action();
-    if (--running_ == 0 && isClosing_ && isOpen_) Destroy();
-  }
   void OnFrameMessage(const PostedMessage& message);
+  void OnClose();
   void RunJob();
   void Destroy();
 
@@ -67,19 +61,18 @@ class UndrawnRenameWindow final : public RenameWindow, private FrameView, privat
   std::shared_ptr<UndrawnWindow> remote_;
   std::unique_ptr<MessageWindow> frameWindow_;
   std::unique_ptr<MessageWindow> panelWindow_;
-  int running_ = 0;
+  FormCalls calls_;
   bool isOpen_ = false;
-  bool isClosing_ = false;
 };
 
 bool UndrawnRenameWindow::Open() {
   frameWindow_ =
       std::make_unique<MessageWindow>([this](const PostedMessage& message) { OnFrameMessage(message); });
   panelWindow_ = std::make_unique<MessageWindow>([this](const PostedMessage& message) {
-    Handle([&] { panelForm_.OnMessage(message.message, message.first, message.second); });
+    calls_.Run([&] { panelForm_.OnMessage(message.message, message.first, message.second); });
   });
   const auto showMenu = [this](const ListContextMenu& menu) {
-    Handle([&] { frameForm_.ShowContextMenu(menu.window, menu.x, menu.y); });
+    calls_.Run([&] { frameForm_.ShowContextMenu(menu.window, menu.x, menu.y); });
   };
   if (!lists_.OpenContainer(Frame())) return false;
   if (!lists_.OpenList(FrameLayout::kListWidth, FrameLayout::kRowHeight, showMenu)) return false;
@@ -99,21 +92,25 @@ bool UndrawnRenameWindow::Open() {
 }
 
 void UndrawnRenameWindow::OnFrameMessage(const PostedMessage& message) {
-  Handle([&] {
-    if (message.message == WM_CLOSE) {
-      isClosing_ = true;
-    } else if (message.message == kUndrawnJob) {
-      RunJob();
-    } else {
-      frameForm_.OnMessage(message.message);
-    }
-  });
+  if (message.message == WM_CLOSE) {
+    OnClose();
+  } else if (message.message == kUndrawnJob) {
+    RunJob();
+  } else {
+    calls_.Run([&] { frameForm_.OnMessage(message.message); });
+  }
+}
+
+// While a form runs a dialog, box or menu, the window stays, and comes here again after it.
+void UndrawnRenameWindow::OnClose() {
+  if (calls_.AreRunning()) return calls_.CloseAfter(Frame());
+  if (isOpen_) Destroy();
 }
 
 void UndrawnRenameWindow::RunJob() {
   const std::shared_ptr<UndrawnWindow::Job> job = remote_->Next();
   if (!job) return;
-  job->action(*parts_);
+  calls_.Run([&] { job->action(*parts_); });
   remote_->SetDone(*job);
 }
 

@@ -53,7 +53,7 @@ class FrameWithPanel final : public RenameWindow {
  private:
   void OnDestroy();
   void OnGone() {
-    if (isOpen_) owner_.OnWindowClosed();
+    if (isOpen_) calls_.Run([this] { owner_.OnWindowClosed(); });
   }
   void EndBoxes() {
     // A dialog of the module has seen the message itself.
@@ -125,9 +125,9 @@ void FrameWithPanel::OnDestroy() {
     calls_.Run([this] { panelForm_.Close(); });
     calls_.Run([this] { form_.Close(); });
   }
-  lists_.Close();
+  lists_.CloseBy([this](auto call) { calls_.Run(call); });
   panel_.DestroyHandle();
-  if (isOpen_) StorePlacement(context_.host, frame_.Window());
+  if (isOpen_) calls_.Run([this] { StorePlacement(context_.host, frame_.Window()); });
 }
 
 void FrameWithPanel::SetScale(int pixelsOfAnInch) {

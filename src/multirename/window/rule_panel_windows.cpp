@@ -67,6 +67,22 @@ static_assert(std::ranges::all_of(kSamePanelNumbers,
 
 bool IsIn(HWND parent, HWND window) { return window == parent || IsChild(parent, window); }
 
+int NumberOf(HWND control) { return control ? GetDlgCtrlID(control) : 0; }
+
+// The button that Enter presses where no other button has the focus.
+int DefaultButtonOf(HWND panel) { return LOWORD(SendMessageW(panel, DM_GETDEFID, 0, 0)); }
+
+bool IsShownAsDefault(HWND control) {
+  return (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;
+}
+
+// Access keys lead to the panel's controls from the list as well, and Enter presses its default button. Alt
+// with a blank is the system's.
+bool IsForPanel(const MSG& message) {
+  if (message.message == WM_SYSCHAR) return message.wParam != VK_SPACE;
+  return message.message == WM_KEYDOWN && message.wParam == VK_RETURN;
+}
+
 bool IsKeyDown(int key) { return GetKeyState(key) < 0; }
 
 // The control that has the focus, itself or by its edit field.
@@ -130,6 +146,15 @@ void RulePanel::HandleCommand(int control, int notification) {
       calls_.Run([&] { form_->Press(control); });
       return;
     case EN_CHANGE:
+      Change(control);
+      SetDefaultButton(NumberOf(FocusedControlOf(Window())));
+      return;
+    case EN_SETFOCUS:
+      SetDefaultButton(control);
+      return;
+    case EN_KILLFOCUS:
+      SetDefaultButton(0);
+      return;
     case CBN_EDITCHANGE:
       Change(control);
       return;
@@ -164,6 +189,14 @@ void RulePanel::OnListClosed(int control) {
   if (!list.isCancelled || EditFieldOf(box) != box) return Change(control);
   // Not every system does it itself.
   controls_.SelectLine(control, list.line);
+}
+
+// Of the fields of the next pair; those of numbers have the one that all others have.
+void RulePanel::SetDefaultButton(int focused) {
+  int button = 0;
+  if (form_) calls_.Run([&] { button = form_->DefaultButton(focused); });
+  if (button != 0 && button != DefaultButtonOf(Window()))
+    SendMessageW(Window(), DM_SETDEFID, static_cast<WPARAM>(button), 0);
 }
 
 void RulePanel::Change(int control) {
@@ -225,8 +258,9 @@ bool RulePanel::FilterMessage(MSG& message) {
   if (isOwn) tips_.Relay(message);
   if (LeaveByTab(message)) return true;
   if (isOwn) return IsDialogMessageW(panel, &message) != FALSE;
-  // Access keys lead to the panel's controls from the list as well. Alt with a blank is the system's.
-  if (message.hwnd != neighbour_ || message.message != WM_SYSCHAR || message.wParam == VK_SPACE) return false;
+  if (message.hwnd != neighbour_) return false;
+  if (message.message == WM_LBUTTONDOWN || message.message == WM_RBUTTONDOWN) ShowDefaultButton();
+  if (!IsForPanel(message)) return false;
   MSG toPanel = message;
   toPanel.hwnd = panel;
   return IsDialogMessageW(panel, &toPanel) != FALSE;
@@ -245,8 +279,20 @@ bool RulePanel::LeaveByTab(const MSG& message) {
     return true;
   }
   if (!IsIn(panel, message.hwnd) || FocusedControlOf(panel) != (back ? first : last)) return false;
+  ShowDefaultButton();
   SetFocus(neighbour_);
   return true;
+}
+
+// The focus is about to leave the panel. A button that has it is shown as the default one, and would go on
+// to be.
+void RulePanel::ShowDefaultButton() {
+  const HWND panel = Window();
+  const HWND focused = FocusedControlOf(panel);
+  const HWND button = GetDlgItem(panel, DefaultButtonOf(panel));
+  if (!focused || focused == button || !IsShownAsDefault(focused)) return;
+  SendMessageW(focused, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+  SendMessageW(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
 }
 
 }  // namespace Velmora::SDK

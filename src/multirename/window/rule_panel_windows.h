@@ -67,6 +67,8 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   bool Handle(UINT message, WPARAM wParam, LPARAM lParam);
   void HandleCommand(int control, int notification);
   void OnListClosed(int control);
+  void SetDefaultButton(int focused);
+  void ShowDefaultButton();
   void Change(int control);
   bool LeaveByTab(const MSG& message);
 

@@ -34,6 +34,7 @@ class UndrawnControls : public View {
   void SelectEnd(int) override {}
   bool IsChecked(int control) override { return controls[control].isChecked; }
   void SetChecked(int control, bool isChecked) override { controls[control].isChecked = isChecked; }
+  bool IsEnabled(int control) override { return controls[control].isEnabled; }
   void SetEnabled(int control, bool isEnabled) override { controls[control].isEnabled = isEnabled; }
   void GiveFocus(int) override {}
   void SetLines(int control, const std::vector<WString>& lines) override {

@@ -1,4 +1,6 @@
-// LoadLibraryW, LoadLibraryExW, GetModuleHandleW, GetProcAddress and FreeLibrary.
+// LoadLibraryW, LoadLibraryExW, GetModuleHandleW, GetModuleHandleExW, GetProcAddress and FreeLibrary.
+
+#include <dlfcn.h>
 
 #include <algorithm>
 #include <memory>
@@ -104,6 +106,18 @@ HMODULE GetModuleHandleW(const WCHAR* name) {
   }
   FailWith(ERROR_MOD_NOT_FOUND);
   return nullptr;
+}
+
+BOOL GetModuleHandleExW(DWORD flags, const WCHAR* address, HMODULE* module) {
+  if (Platform::FaultFires("GetModuleHandleExW", flags)) return FALSE;
+  if ((flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) == 0) return FailWith(ERROR_INVALID_PARAMETER);
+  Dl_info library = {};
+  if (dladdr(address, &library) == 0) return FailWith(ERROR_MOD_NOT_FOUND);
+  // Never closed. The program itself cannot be opened so, and is never unloaded.
+  if ((flags & GET_MODULE_HANDLE_EX_FLAG_PIN) != 0)
+    dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+  *module = reinterpret_cast<HMODULE>(library.dli_fbase);
+  return TRUE;
 }
 
 FARPROC GetProcAddress(HMODULE module, const char* function) {

@@ -163,6 +163,10 @@ QX_PLATFORM_API HMODULE LoadLibraryW(const WCHAR* path);
 QX_PLATFORM_API HMODULE LoadLibraryExW(const WCHAR* path, HANDLE file, DWORD flags);
 // Finds a library that is already loaded, without increasing its load count.
 QX_PLATFORM_API HMODULE GetModuleHandleW(const WCHAR* name);
+// The library, or the program, whose code or data an address is of. `flags` must have
+// GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS; with GET_MODULE_HANDLE_EX_FLAG_PIN it stays loaded until the
+// process ends. Its loads are not counted up without that.
+QX_PLATFORM_API BOOL GetModuleHandleExW(DWORD flags, const WCHAR* address, HMODULE* module);
 QX_PLATFORM_API FARPROC GetProcAddress(HMODULE module, const char* function);
 QX_PLATFORM_API BOOL FreeLibrary(HMODULE module);
 

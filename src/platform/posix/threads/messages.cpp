@@ -102,6 +102,7 @@ BOOL PeekMessageW(MSG* message, HWND window, UINT least, UINT most, UINT flags) 
 BOOL TranslateMessage(const MSG*) { return FALSE; }
 
 LRESULT DispatchMessageW(const MSG* message) {
+  if (Platform::FaultFires("DispatchMessageW", message->message)) return 0;
   const auto found = FindWindowOf(message->hwnd);
   if (found && found->handler && MessageWindow::IsHandled(message->message))
     found->handler({message->message, message->wParam, message->lParam});
