@@ -35,8 +35,8 @@ class FolderNames {
 
   void Add(WStringView name, Kind kind) { Insert({.hash = HashOf(name), .kind = kind}, name); }
 
-  // Puts a name that a file is to have beside those on the disk.
-  void AddWanted(WStringView name, std::uint64_t hash) { Insert({.hash = hash, .isOnDisk = false}, name); }
+  // Puts the hash of a name that a file is to have beside those on the disk.
+  void AddWanted(std::uint64_t hash) { Insert({.hash = hash, .isOnDisk = false}, {}); }
 
   // The index of this very name on the disk, or kNone.
   std::uint32_t Find(WStringView name) const;
