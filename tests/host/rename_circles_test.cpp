@@ -1,5 +1,5 @@
 // Circles of renames are looked for in a quick way, which finds what the walk over all paths finds.
-#include "host/rename_circles.h"
+#include "host/rename/rename_circles.h"
 
 #include <gmock/gmock.h>
 

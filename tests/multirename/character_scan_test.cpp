@@ -1,5 +1,5 @@
 // Names are looked through in blocks: no place in a text of any length may be passed over.
-#include "multirename/character_scan.h"
+#include "multirename/rules/character_scan.h"
 
 #include <gtest/gtest.h>
 
