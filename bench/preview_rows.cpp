@@ -18,6 +18,8 @@ using namespace Velmora::SDK;
 
 namespace {
 
+constexpr std::size_t kFilesOfFolder = 100;
+
 using Clock = std::chrono::steady_clock;
 
 double Seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
@@ -31,15 +33,15 @@ double ProcessorMicroseconds() {
 // As the names that the whole commands are measured with.
 WString NameOf(std::size_t row) {
   char name[80];
-  std::snprintf(name, sizeof name, "folder %05u_some_file name %03u.TXT", static_cast<unsigned>(row / 100),
-                static_cast<unsigned>(row % 100));
+  std::snprintf(name, sizeof name, "folder %05u_some_file name %03u.TXT",
+                static_cast<unsigned>(row / kFilesOfFolder), static_cast<unsigned>(row % kFilesOfFolder));
   return FromUtf8(name);
 }
 
 WString FolderOf(std::size_t row) {
   char name[80];
   std::snprintf(name, sizeof name, "Z:\\tmp\\tmp01234567\\rename_by_rules\\folder %05u",
-                static_cast<unsigned>(row / 100));
+                static_cast<unsigned>(row / kFilesOfFolder));
   return FromUtf8(name);
 }
 
@@ -49,7 +51,8 @@ SharedItems MakeRows(std::size_t count) {
   auto rows = std::make_shared<MultiRenameItems>();
   for (std::size_t row = 0; row < count; ++row) {
     MultiRenameItem& item = rows->emplace_back();
-    item.folderPath = FolderOf(row);
+    // Rows that are read from the host share the text of their folder.
+    item.folderPath = row % kFilesOfFolder == 0 ? SharedText(FolderOf(row)) : (*rows)[row - 1].folderPath;
     item.oldName = NameOf(row);
     item.newName = item.oldName;
   }

@@ -95,7 +95,7 @@ class FlatBatch {
       const std::size_t bytes = NameBytes(newName);
       const std::uint64_t hash = FolderNames::HashOf(newName);
       if (bytes == 0 || bytes > names_.mostNameBytes || names_.HasLike(hash, source)) return false;
-      names_.AddWanted(newName, hash);
+      names_.AddWanted(hash);
     }
     return true;
   }

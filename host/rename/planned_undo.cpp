@@ -74,9 +74,10 @@ std::optional<WString> NameAfterRun(const MultiRenameUndoEntry& entry, const WSt
 
 }  // namespace
 
-WString HeadOfPlannedUndo(const MultiRenameUndo& planned) {
+WString HeadOfPlannedUndo(const MultiRenameUndo& planned, bool areIndependent) {
   WString head(kPlanMark);
   head += W("\r\n");
+  if (areIndependent) return head;
   for (const std::size_t index : FindRenameCircles(planned.entries)) {
     const MultiRenameUndoEntry& entry = planned.entries[index];
     // A name with a line end cannot be kept, and would end the comment.

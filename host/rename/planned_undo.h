@@ -13,8 +13,9 @@
 
 namespace QxHost {
 
-// What WriteUndoFile puts before the session of a run that is about to begin. Looks at the files.
-WString HeadOfPlannedUndo(const Velmora::SDK::MultiRenameUndo& planned);
+// What WriteUndoFile puts before the session of a run that is about to begin. Looks at the files, unless the
+// renames are known to be independent of each other.
+WString HeadOfPlannedUndo(const Velmora::SDK::MultiRenameUndo& planned, bool areIndependent = false);
 
 struct UndoPlan {
   bool isPlan = false;  // the file was written before its run

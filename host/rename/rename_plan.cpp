@@ -53,14 +53,14 @@ class Planner {
   Planner(const WantedRenames& wanted, FileView& files)
       : wanted_(wanted),
         files_(files),
-        rows_(wanted.rows.size()),
         isDecided_(DecideFlatRenames(wanted, files)),
         open_(OpenRows()),
+        rows_(open_.empty() ? 0 : wanted.rows.size()),
         tree_(files, open_.empty() ? 0 : 2 * open_.size() + wanted.folders.size()),
         folders_(wanted.folders.size()),
         currentUpper_(InUpperCase(wanted.currentFolder)) {
-    plan_.results.reserve(rows_.size());
-    plan_.folders.reserve(rows_.size());
+    plan_.results.reserve(wanted.rows.size());
+    plan_.folders.reserve(wanted.rows.size());
     for (const WantedRename& row : wanted.rows) {
       plan_.results.push_back(row.refusal);
       plan_.folders.push_back(row.folder);
@@ -89,14 +89,14 @@ class Planner {
   // The rows that are neither refused nor decided.
   std::vector<Row> OpenRows() const {
     std::vector<Row> rows;
-    for (Row row = 0; row < rows_.size(); ++row) {
+    for (Row row = 0; row < wanted_.rows.size(); ++row) {
       if (wanted_.rows[row].refusal == 0 && !isDecided_[row]) rows.push_back(row);
     }
     return rows;
   }
 
   void AddDecided() {
-    for (Row row = 0; row < rows_.size(); ++row) {
+    for (Row row = 0; row < isDecided_.size(); ++row) {
       if (!isDecided_[row]) continue;
       plan_.chains.push_back({.first = static_cast<std::uint32_t>(plan_.order.size()), .count = 1});
       plan_.order.push_back(row);
@@ -348,9 +348,9 @@ class Planner {
 
   const WantedRenames& wanted_;
   FileView& files_;
-  std::vector<WantedRow> rows_;
   std::vector<bool> isDecided_;  // flat_renames.h
   std::vector<Row> open_;
+  std::vector<WantedRow> rows_;  // none if no row is open
   NameTree tree_;
   std::vector<WantedFolder> folders_;
   std::vector<Twin> twins_;

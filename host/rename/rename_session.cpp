@@ -85,6 +85,7 @@ std::vector<u32> RenameSession::Outlook() {
 MultiRenameUndo RenameSession::Planned() {
   const std::vector<u32> outlook = Outlook();
   MultiRenameUndo planned;
+  planned.entries.reserve(outlook.size());
   for (std::size_t index = 0; index < outlook.size(); ++index) {
     const MultiRenameItem& row = *engine_->items[index];
     if (outlook[index] != kRenameDone) continue;

@@ -33,6 +33,9 @@ class RenameSession {
   // What a run is to rename, as far as the host would not refuse it; without a date.
   Velmora::SDK::MultiRenameUndo Planned();
 
+  // Whether Outlook or Planned has found that no rename waits for another, or is in its way.
+  bool AreIndependent() const { return areIndependent_; }
+
   // Renames all rows, and leaves the undo file to the caller, who knows how to keep it safe. What Outlook or
   // Planned has found of the rows is not looked for again. An interruption leaves the rest as it is.
   void Run();

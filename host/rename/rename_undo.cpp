@@ -247,8 +247,14 @@ void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const Multi
   // Most entries are read back in their place.
   const std::size_t inPlace = CountInPlace(session, kept);
   const auto unsure = std::span(kept.entries).subspan(inPlace);
-  const EntrySet renames = unsure.empty() ? EntrySet() : SetOf(session.entries);
-  const auto isStranger = [&renames](const MultiRenameUndoEntry& entry) { return !renames.contains(&entry); };
+  constexpr std::size_t kFew = 4;  // for which a set is not worth its making
+  const EntrySet renames = unsure.size() <= kFew ? EntrySet() : SetOf(session.entries);
+  const auto isStranger = [&](const MultiRenameUndoEntry& entry) {
+    if (unsure.size() > kFew) return !renames.contains(&entry);
+    return std::ranges::none_of(session.entries, [&entry](const MultiRenameUndoEntry& rename) {
+      return AreEqualEntries()(&rename, &entry);
+    });
+  };
   const auto strangers = std::ranges::count_if(unsure, isStranger);
   if (strangers == 0) return;
   if (strangers == 1 && isCut && isStranger(kept.entries.back())) {

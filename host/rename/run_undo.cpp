@@ -24,14 +24,16 @@ void RunUndo::TakeName(MultiRenameUndo& session) const {
   }
 }
 
-bool RunUndo::Begin(MultiRenameUndo planned) {
+bool RunUndo::Begin(MultiRenameUndo planned, bool areIndependent) {
   DWORD error = LockInTurn(lock_, store_.folder + W("qxhost.lock"), output_);
   if (error == ERROR_SUCCESS) {
     TakeName(planned);
     date_ = planned.date;
     fileName_ = planned.fileName;
     hasPlan_ = !planned.entries.empty();
-    if (hasPlan_) error = WriteUndoFile(store_.PathOf(planned), planned, HeadOfPlannedUndo(planned));
+    if (hasPlan_) {
+      error = WriteUndoFile(store_.PathOf(planned), planned, HeadOfPlannedUndo(planned, areIndependent));
+    }
   }
   if (error == ERROR_SUCCESS) return true;
   output_.Problem("no undo file can be written in " + ToUtf8(store_.folder) + ": " + ErrorText(error) +

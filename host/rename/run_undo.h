@@ -13,8 +13,9 @@ class RunUndo {
   RunUndo(Output& output, const Velmora::SDK::MultiRenameUndoStore& store) : output_(output), store_(store) {}
 
   // Before the run: waits for other runs, takes a file name that no file has, which the lock keeps, and
-  // writes what is planned, if anything is. False, after a message, if that cannot be written whole.
-  bool Begin(Velmora::SDK::MultiRenameUndo planned);
+  // writes what is planned, if anything is. False, after a message, if that cannot be written whole. Files of
+  // independent renames exchange no names.
+  bool Begin(Velmora::SDK::MultiRenameUndo planned, bool areIndependent = false);
 
   // After the run: gives the session that was done, or null, the name and the date, and writes it in the
   // place of what was planned. False, after a message, if it could not be; what was planned stays then.

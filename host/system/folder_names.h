@@ -35,8 +35,8 @@ class FolderNames {
 
   void Add(WStringView name, Kind kind) { Insert({.hash = HashOf(name), .kind = kind}, name); }
 
-  // Adds a name that a file will get to those on the disk.
-  void AddWanted(WStringView name, std::uint64_t hash) { Insert({.hash = hash, .isOnDisk = false}, name); }
+  // Adds the hash of a name that a file will get to those on the disk.
+  void AddWanted(std::uint64_t hash) { Insert({.hash = hash, .isOnDisk = false}, {}); }
 
   // Returns the index of exactly this name on the disk, or kNone.
   std::uint32_t Find(WStringView name) const;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include "host/command_line/help_text.h"
 #include "host/output/failures.h"
@@ -304,9 +305,12 @@ class RenameVerb final : public Verb {
     }
     const bool keepsUndo = !noUndo_ && !run.IsDry();
     RunUndo undoFile(shared.output, session.UndoStore());
-    if (keepsUndo && !undoFile.Begin(session.Planned())) {
-      shared.hasFailedFiles = true;
-      return;
+    if (keepsUndo) {
+      Velmora::SDK::MultiRenameUndo planned = session.Planned();
+      if (!undoFile.Begin(std::move(planned), session.AreIndependent())) {
+        shared.hasFailedFiles = true;
+        return;
+      }
     }
     if (!noUndo_) WarnOfLongUndoFile(run, session);
     if (!run.IsDry()) KeepTemplates(session.Host(), rules);

@@ -132,6 +132,29 @@ TEST_F(FileItemTest, ItemsBelowARenamedFolderHaveTheirNewPath) {
   EXPECT_EQ(file.FullPath(), scratch_.Path(W("other\\in\\x")));
 }
 
+TEST_F(FileItemTest, ItemsAreFoundByTheirNewNamesAndByNoOldOneAfterManyRenames) {
+  constexpr int kItems = 1000;
+  FileItemTree tree;
+  const auto path = [](const char* begin, int number) {
+    return FromUtf8("Z:\\d\\" + (begin + std::to_string(number)));
+  };
+  std::vector<FileItem*> items;
+  for (int number = 0; number < kItems; ++number) items.push_back(&tree.Follow(path("a", number)));
+  for (int round = 0; round < 3; ++round) {
+    const char* const begin = round % 2 == 0 ? "b" : "a";
+    for (int number = 0; number < kItems; ++number) {
+      tree.Rename(*items[static_cast<std::size_t>(number)], FromUtf8(begin + std::to_string(number)));
+    }
+    // The last one twice before anything is looked for.
+    tree.Rename(*items.back(), W("last"));
+    for (int number = 0; number + 1 < kItems; ++number) {
+      EXPECT_EQ(&tree.Follow(path(begin, number)), items[static_cast<std::size_t>(number)]);
+    }
+    EXPECT_EQ(&tree.Follow(W("Z:\\d\\last")), items.back());
+    EXPECT_NE(&tree.Follow(path(begin, kItems - 1)), items.back());
+  }
+}
+
 TEST_F(FileItemTest, AnItemWhoseNameIsTakenByAnotherLivesOn) {
   scratch_.Write(W("a"), "");
   scratch_.Write(W("b"), "");

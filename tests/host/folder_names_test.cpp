@@ -38,7 +38,7 @@ TEST(FolderNamesTest, NamesThatDifferInCaseAloneMeet) {
 
 TEST(FolderNamesTest, AWantedNameMeetsOthersAndIsNotFound) {
   FolderNames names;
-  names.AddWanted(W("a"), FolderNames::HashOf(W("a")));
+  names.AddWanted(FolderNames::HashOf(W("a")));
   EXPECT_TRUE(names.HasLike(FolderNames::HashOf(W("A")), FolderNames::kNone));
   EXPECT_EQ(names.Find(W("a")), FolderNames::kNone);
 }

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "host/rename/planned_renames.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 
@@ -123,6 +124,49 @@ TEST_F(RenameBatchTest, AFileThatHasGoneFailsWithItsNumber) {
   EXPECT_EQ(batch->At(0)->ResultCode(), 2u);
   EXPECT_THAT(recorded_.problems, HasSubstr("(2)"));
   batch->Release();
+}
+
+TEST_F(RenameBatchTest, RenamesThatWereFoundIndependentAreForetoldOnceAndComeToTheSame) {
+  for (const WCHAR* name : {W("a"), W("b"), W("c"), W("d")}) scratch_.Write(name, ToUtf8(name));
+  std::vector<FileItem*> items;
+  for (const WCHAR* name : {W("a"), W("b"), W("c"), W("d")}) items.push_back(tree_.Find(scratch_.Path(name)));
+  const WCHAR* const newNames[] = {W("x"), W("b"), W("c*"), W("y. ")};
+  std::vector<ImaginedRename> imagined;
+  for (std::size_t index = 0; index < items.size(); ++index)
+    imagined.push_back({items[index], newNames[index]});
+  FolderListings listings;
+  const ForetoldRenames foretold = ForetellPlanned(imagined, listings);
+  EXPECT_THAT(foretold.results, ElementsAre(0u, 10u, 123u, 0u));
+
+  FileOperation operation(tree_, *reporter_, recorded_.output, false);
+  RenameBatch batch;
+  for (std::size_t index = 0; index < items.size(); ++index)
+    batch.AddByItem(items[index], newNames[index], nullptr);
+  // What has come into being since is not replaced.
+  scratch_.Write(W("x"), "later");
+  operation.ExpectIndependent();
+  operation.RunBatch(&batch, nullptr);
+  EXPECT_THAT(operation.LastResults(), ElementsAre(183u, 10u, 123u, 0u));
+  EXPECT_THAT(scratch_.Names(), ElementsAre(W("a"), W("b"), W("c"), W("x"), W("y")));
+  EXPECT_EQ(scratch_.Read(W("x")), "later");
+  EXPECT_EQ(items[3]->Name(), W("y"));
+}
+
+TEST_F(RenameBatchTest, TheBatchAfterAnIndependentOneIsPlannedAgain) {
+  scratch_.Write(W("a"), "a");
+  FileOperation operation(tree_, *reporter_, recorded_.output, false);
+  RenameBatch first;
+  first.AddByItem(tree_.Find(scratch_.Path(W("a"))), W("1"), nullptr);
+  operation.ExpectIndependent();
+  operation.RunBatch(&first, nullptr);
+  scratch_.Write(W("2"), "2");
+  RenameBatch chain;
+  chain.AddByItem(tree_.Find(scratch_.Path(W("1"))), W("2"), nullptr);
+  chain.AddByItem(tree_.Find(scratch_.Path(W("2"))), W("3"), nullptr);
+  operation.RunBatch(&chain, nullptr);
+  EXPECT_THAT(operation.LastResults(), ElementsAre(0u, 0u));
+  EXPECT_EQ(scratch_.Read(W("2")), "a");
+  EXPECT_EQ(scratch_.Read(W("3")), "2");
 }
 
 TEST_F(RenameBatchTest, DotsAndBlanksAtTheEndOfANewNameAreLeftOut) {

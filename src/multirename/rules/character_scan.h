@@ -1,23 +1,50 @@
 // Looking through a whole name for a few characters.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <cstring>
 
 #include "platform/text.h"
 
 namespace Velmora::SDK {
 
-// True if one of the characters is in the text. There is no way out of the loop, so that compilers make it
-// look at many characters at once.
+// HoldsAnyOf for a text of at least one block. Each block is compared as a whole, with no way out in between,
+// so that compilers look at all its characters at once.
+template <std::size_t kBlock, WCHAR... wanted>
+bool HoldsAnyInBlocks(WStringView text) {
+  using Block = std::array<std::uint16_t, kBlock>;
+  Block found{};
+  const auto look = [&found](const WCHAR* units) {
+    Block block;
+    std::memcpy(block.data(), units, sizeof block);
+    for (std::size_t at = 0; at < kBlock; ++at) {
+      std::uint16_t isWanted = 0;
+      ((isWanted = static_cast<std::uint16_t>(
+            isWanted | (block[at] == static_cast<std::uint16_t>(wanted) ? 0xFFFF : 0))),
+       ...);
+      found[at] = static_cast<std::uint16_t>(found[at] | isWanted);
+    }
+  };
+  const std::size_t last = text.size() - kBlock;
+  for (std::size_t at = 0; at < last; at += kBlock) look(text.data() + at);
+  look(text.data() + last);  // ends with the text, and may begin in the block before
+  std::uint16_t isAny = 0;
+  for (const std::uint16_t isWanted : found) isAny = static_cast<std::uint16_t>(isAny | isWanted);
+  return isAny != 0;
+}
+
+// True if one of the characters is in the text.
 template <WCHAR... wanted>
 bool HoldsAnyOf(WStringView text) {
-  std::uint16_t found = 0;
+  constexpr std::size_t kLong = 16;
+  constexpr std::size_t kShort = 8;
+  if (text.size() >= kLong) return HoldsAnyInBlocks<kLong, wanted...>(text);
+  if (text.size() >= kShort) return HoldsAnyInBlocks<kShort, wanted...>(text);
   for (const WCHAR c : text) {
-    const auto unit = static_cast<std::uint16_t>(c);
-    found = static_cast<std::uint16_t>(
-        found | (... | static_cast<std::uint16_t>(unit == static_cast<std::uint16_t>(wanted) ? 0xFFFF : 0)));
+    if ((... || (c == wanted))) return true;
   }
-  return found != 0;
+  return false;
 }
 
 }  // namespace Velmora::SDK

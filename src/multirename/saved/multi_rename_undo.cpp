@@ -6,6 +6,7 @@
 namespace Velmora::SDK {
 
 void MultiRenameUndo::FromRows(std::span<MultiRenameItem* const> rows, bool onlyRenamed) {
+  entries.reserve(entries.size() + rows.size());
   for (const MultiRenameItem* const row : rows) {
     if (onlyRenamed && row->state != StateRenamed) continue;
     entries.push_back({row->folderPath, row->newName, row->oldName});

@@ -15,6 +15,13 @@ bool StandsForByte(char32_t unit) {
   return unit == kBackslashUnit || (unit >= kFirstByteUnit && unit <= kLastByteUnit);
 }
 
+// How many units of ASCII the name begins with.
+std::size_t CountAscii(std::u16string_view name) {
+  std::size_t count = 0;
+  while (count < name.size() && name[count] < 0x80) ++count;
+  return count;
+}
+
 }  // namespace
 
 std::u16string WideName(std::string_view name) {
@@ -41,9 +48,12 @@ std::u16string WideName(std::string_view name) {
 
 bool AppendNativeName(std::u16string_view name, std::string& bytes) {
   while (!name.empty()) {
-    if (name.front() < 0x80) {
-      bytes += static_cast<char>(name.front());
-      name.remove_prefix(1);
+    if (const std::size_t count = CountAscii(name); count != 0) {
+      const std::size_t before = bytes.size();
+      bytes.resize(before + count);
+      char* const appended = bytes.data() + before;
+      for (std::size_t at = 0; at < count; ++at) appended[at] = static_cast<char>(name[at]);
+      name.remove_prefix(count);
       continue;
     }
     const Utf16Step step = DecodeUtf16(name);

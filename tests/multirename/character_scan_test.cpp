@@ -1,0 +1,48 @@
+// Names are looked through in blocks: no place in a text of any length may be passed over.
+#include "multirename/rules/character_scan.h"
+
+#include <gtest/gtest.h>
+
+namespace Velmora::SDK {
+namespace {
+
+constexpr std::size_t kLongestText = 50;  // several blocks and a rest
+
+bool HoldsBarOrStar(WStringView text) { return HoldsAnyOf<W('|'), W('*')>(text); }
+
+TEST(CharacterScanTest, ACharacterIsFoundAtEachPlaceOfEachLength) {
+  for (std::size_t size = 1; size <= kLongestText; ++size) {
+    for (std::size_t at = 0; at < size; ++at) {
+      for (const WCHAR wanted : {W('|'), W('*')}) {
+        WString text(size, W('a'));
+        text[at] = wanted;
+        EXPECT_TRUE(HoldsBarOrStar(text)) << "size " << size << ", at " << at;
+      }
+    }
+  }
+}
+
+TEST(CharacterScanTest, OtherCharactersAreNotFoundWhateverTheirBytes) {
+  for (std::size_t size = 0; size <= kLongestText; ++size) {
+    // Their bytes are those of the bar and the star, and next to them.
+    for (const WCHAR other :
+         {WCHAR{0x7C00}, WCHAR{0x017C}, WCHAR{0x2A00}, WCHAR{0x012A}, W('{'), W('+'), WCHAR()}) {
+      EXPECT_FALSE(HoldsBarOrStar(WString(size, other))) << "size " << size << ", unit " << unsigned{other};
+    }
+  }
+}
+
+TEST(CharacterScanTest, NothingOutsideTheTextIsLookedAt) {
+  for (std::size_t size = 0; size <= kLongestText; ++size) {
+    const WString text = W('|') + WString(size, W('a')) + W('|');
+    EXPECT_FALSE(HoldsBarOrStar(WStringView(text).substr(1, size))) << "size " << size;
+  }
+}
+
+TEST(CharacterScanTest, AZeroCanBeLookedFor) {
+  EXPECT_TRUE((HoldsAnyOf<W('\0')>(WStringView(W("a\0b"), 3))));
+  EXPECT_FALSE((HoldsAnyOf<W('\0')>(W("ab"))));
+}
+
+}  // namespace
+}  // namespace Velmora::SDK
