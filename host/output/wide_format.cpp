@@ -14,7 +14,7 @@ constexpr WStringView kMissingText = W("(null)");
 
 constexpr WStringView kWideLetters = W("sScdiuxX");
 
-// The lengths that are known; an `l` is 32 bits.
+// The supported length modifiers. `l` means 32 bits.
 constexpr WStringView kWideLengths[] = {W(""), W("l"), W("ll"), W("I64")};
 
 bool Is64Bit(const PrintfConversion& conversion) { return conversion.length.size() > 1; }
@@ -41,7 +41,7 @@ WString FromNarrow(std::string_view text) {
   return wide;
 }
 
-// va_list decays when it is handed on, so the walk holds it in a record of its own.
+// A va_list may be an array, which decays as an argument, so it is wrapped in a structure.
 struct ArgumentWalk {
   va_list list;
 };
@@ -63,7 +63,7 @@ void AppendConversion(WString& result, PrintfConversion conversion, ArgumentWalk
     AppendPrintfText(result, conversion, FromNarrow(BoundedText(text ? text : "(null)", most)));
   } else if (conversion.letter == W('c')) {
     const WCHAR character = static_cast<WCHAR>(va_arg(walk.list, int));
-    conversion.hasPrecision = false;  // it is for texts and numbers
+    conversion.hasPrecision = false;  // ignored for characters
     AppendPrintfText(result, conversion, WStringView(&character, 1));
   } else {
     const std::uint64_t bits = TakeInteger(walk, conversion);

@@ -50,7 +50,7 @@ bool IsAscii(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-// Nothing if the bytes are not well-formed in a code page.
+// Converts bytes in a code page to UTF-16. Returns std::nullopt if they are not well-formed.
 std::optional<WString> Widen(UINT codePage, DWORD flags, std::string_view bytes) {
   if (bytes.empty()) return WString();
   if (bytes.size() > std::numeric_limits<int>::max()) return std::nullopt;
@@ -98,8 +98,7 @@ std::optional<WString> UnitsOf(std::string_view bytes, XmlCharset charset) {
   return text;
 }
 
-// The character that begins at `at`, which moves to the next one. A surrogate without its other half counts
-// as a character by itself.
+// Returns the character at `at` and advances `at` past it. An unpaired surrogate is returned as a character.
 char32_t TakeCharacter(WStringView text, std::size_t& at) {
   const char32_t high = text[at++];
   if (high < 0xD800 || high > 0xDBFF || at == text.size()) return high;
@@ -210,7 +209,7 @@ bool XmlEncoder::PutBytes(WStringView units, Lacking lacking) {
       continue;
     }
     if (lacking == Lacking::kRefuse) return false;
-    // All charsets of one byte have the characters of a reference.
+    // All single-byte charsets have the characters of a reference.
     char reference[16];
     std::snprintf(reference, sizeof reference, "&#x%X;", static_cast<unsigned>(character));
     if (lacking == Lacking::kSplit) bytes_ += "]]>";

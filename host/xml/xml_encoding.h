@@ -55,7 +55,7 @@ class XmlEncoder {
   std::string Take() { return std::move(bytes_); }
 
  private:
-  // In a charset of one byte; nothing for a character that it lacks.
+  // Returns the byte of a character in a single-byte charset; std::nullopt if the charset lacks it.
   std::optional<char> ByteOf(char32_t character) const;
   void PutUnits(WStringView units);
   bool PutBytes(WStringView units, Lacking lacking);
@@ -67,7 +67,7 @@ class XmlEncoder {
   WString upperUnits_;
 };
 
-// Appends a character of XML in UTF-8.
+// Appends a character in UTF-8.
 void AppendUtf8(std::string& text, char32_t character);
 
 // Returns false for a character that XML does not allow, not even as a reference.

@@ -1,4 +1,4 @@
-// What ends a line of a text.
+// The endings of the lines of a text.
 #pragma once
 
 #include <cstdint>
@@ -6,11 +6,11 @@
 namespace WQDR {
 
 enum class LineEnding : std::uint32_t {
-  None = 0,  // none was read: the last line of a file, or a line that ended at a lone CR, which is lost
-  Cr = 1,    // never found in a file; the output of find and replace knows it
+  None = 0,  // no ending, or a lone CR, which is not stored
+  Cr = 1,    // never read from a file; only find and replace writes it
   Lf = 2,
   CrLf = 3,
-  Inserted = 4  // of find and replace: a line made by a replacement, which has no ending of its own
+  Inserted = 4  // only in find and replace: a line that a replacement inserted, which has no ending yet
 };
 
 }  // namespace WQDR

@@ -25,18 +25,18 @@ namespace WQDR {
 // of a block is a lone one, even if the next block begins with an LF (C-037).
 constexpr std::uint32_t kBlockGuard = 32;
 
-using TextBlock = std::unique_ptr<char[]>;  // the block size + kBlockGuard bytes, zeros after the data
+using TextBlock = std::unique_ptr<char[]>;  // block size + kBlockGuard bytes, with zeros after the data
 
 // A line that the scan has found, without its ending.
 template <typename CharT>
 struct ScannedLine {
   const CharT* text;
   std::uint32_t length;     // bytes
-  std::uint8_t endingSize;  // bytes of the ending; 0 for a lone CR, which separates lines and is lost
+  std::uint8_t endingSize;  // bytes of the ending; 0 for a lone CR, which separates lines and is not stored
   LineEnding ending;
 };
 
-// What happens to an odd byte at the end of a 16-bit text.
+// How to treat an odd byte at the end of a 16-bit text.
 enum class OddByte {
   kPadded,  // a zero byte makes it the last character (C-103)
   kApart    // it is not part of the text (C-230)
@@ -45,7 +45,7 @@ enum class OddByte {
 template <typename CharT>
 class LineReader {
  public:
-  // The blocks are added to `blocks`. A block holds whole characters.
+  // Appends the blocks to `blocks`. A block contains only whole characters.
   LineReader(DataReader& reader, std::uint32_t blockSize, std::vector<TextBlock>& blocks, OddByte oddByte)
       : reader_(reader),
         blockSize_(blockSize - blockSize % static_cast<std::uint32_t>(sizeof(CharT))),

@@ -1,4 +1,4 @@
-// Room for the records of lines while a text is loaded.
+// Reserves memory for the records of lines while a text is loaded.
 #pragma once
 
 #include <algorithm>
@@ -8,16 +8,16 @@
 
 namespace WQDR {
 
-// How far a load has come, in bytes.
+// The progress of a load, in bytes.
 struct LoadProgress {
   std::uint64_t done;
   std::uint64_t left;
 };
 
-// Makes room for one more record of a line. Doubling would copy the records several times, and a copy late in
-// the load takes twice their memory. So the growth follows what the lines so far foretell, with a margin:
-// memory that is not written to costs next to nothing. The first lines of a file may be of another kind than
-// the rest, so few lines foretell only some more.
+// Reserves room for at least one more record of a line. Doubling the capacity would copy the records several
+// times, and a copy late in the load needs twice their memory. So this reserves the estimated number of lines
+// of the rest of the text, from the lines so far, with a margin: memory that is not written to costs almost
+// nothing. The first lines of a file may differ from the rest, so the growth by one call is limited.
 template <typename Record>
 void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress) {
   if (records.size() < records.capacity()) return;
@@ -38,7 +38,7 @@ void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress)
   }
 }
 
-// Makes room for the first lines of a text of `bytes`, before the first of them is known.
+// Reserves room for the first lines of a text of `bytes` bytes, before any line has been read.
 template <typename Record>
 void ReserveFirstLines(std::vector<Record>& records, std::uint64_t bytes) {
   constexpr std::uint64_t kMeanLine = 60;  // assumed bytes of a line and its ending

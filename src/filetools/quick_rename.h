@@ -5,5 +5,5 @@
 
 #include "frame/host/host_app.h"
 
-// One-step transforms; `number` is the command's, see FindNameTransform.
+// Runs the command `number`, which must have a transform; see FindNameTransform.
 void QuickRenameCommand(Velmora::SDK::IHostApp& host, Velmora::SDK::s32 number);

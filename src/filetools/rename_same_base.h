@@ -1,8 +1,8 @@
-// The quick rename command that gives one base name to several files.
+// The quick rename command that gives several files one base name.
 #pragma once
 
 #include "frame/host/host_app.h"
 
-// kCommandRenameSameBaseName: one new base name for all files of the view whose base name is the focused
-// item's. Asks for the name, and not again before it renames (C-307).
+// kCommandRenameSameBaseName: asks for a base name and gives it to all files of the view that have the base
+// name of the focused item, without asking for confirmation (C-307).
 void RenameSameBaseCommand(Velmora::SDK::IHostApp& host);

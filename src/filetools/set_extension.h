@@ -1,8 +1,8 @@
-// The quick rename command that gives one extension to several files.
+// The quick rename command that gives several files one extension.
 #pragma once
 
 #include "frame/host/host_app.h"
 
-// kCommandSetExtension: one extension for all selected files, without one leading dot of the answer (C-308).
-// Asks for it, and not again before it renames (C-307). If nothing is selected, logs that.
+// kCommandSetExtension: asks for an extension, removes one leading dot from it (C-308), and gives it to all
+// selected files, without asking for confirmation (C-307). Logs a message if nothing is selected.
 void SetExtensionCommand(Velmora::SDK::IHostApp& host);

@@ -1,4 +1,4 @@
-// Letter case of A to Z alone, whatever the locale is. Other characters are not letters here.
+// Letter case of the letters A to Z, independent of the locale. Other characters do not count as letters.
 #pragma once
 
 #include <concepts>

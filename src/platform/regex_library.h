@@ -1,5 +1,6 @@
-// The most states that the standard library gives the automaton of a regular expression: libstdc++'s limit, 0
-// for a library that has none. Code that counts states counts them as libstdc++ makes them, and checks this.
+// The most states that the standard library allows in the automaton of a regular expression: the limit of
+// libstdc++, or 0 for a library without one. Code that counts states counts those of libstdc++ and checks
+// this constant.
 #pragma once
 
 #include <cstdint>

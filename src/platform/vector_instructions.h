@@ -1,5 +1,5 @@
-// The switch for vector instructions: QX_SSE2 is 1 if the build's processors have SSE2, as all of 64 bits do.
-// Code that uses them has a plain way as well, for other processors.
+// QX_SSE2 is 1 if the target processors support SSE2 instructions, as all 64-bit x86 processors do. Code that
+// uses them also has a version without, for other processors.
 #pragma once
 
 #if defined(__SSE2__) || defined(_M_X64)

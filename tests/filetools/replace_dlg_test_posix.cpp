@@ -1,4 +1,4 @@
-// The form of Replace X with Y as the native build hands it to whoever answers dialogs.
+// The form of Replace X with Y as the native build passes it to the handler of dialogs.
 #include "filetools/replace_dlg.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,4 @@
-// Answers the dialogs of the native build, where their forms go to whoever answers them; for tests that run
-// natively alone.
+// A handler for the dialogs of the native build, for tests that only run natively.
 #pragma once
 
 #include <functional>
@@ -10,7 +9,7 @@
 
 #include "platform/posix/user_interface.h"
 
-// Answers each dialog by a function for its lifetime. Boxes are not answered.
+// Passes each dialog to a function while the object lives. Boxes return 0.
 class DialogAnswer : public Platform::UserInterface {
  public:
   using Function = std::function<INT_PTR(Platform::FormRequest&)>;
@@ -43,7 +42,7 @@ inline WString Get(Platform::FormRequest& request, const std::string& name) {
   return FieldOf(request, name).get();
 }
 
-// The fields in their order: "find=old".
+// Returns the fields with their values, in order: "find=old".
 inline std::vector<std::string> ValuesOf(const Platform::FormRequest& request) {
   std::vector<std::string> values;
   for (const Platform::FormField& field : request.fields) {

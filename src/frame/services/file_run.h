@@ -1,4 +1,5 @@
-// The frame of a run over a list of files: the walk over the list, and the two lists that the host gets back.
+// The common part of runs over a list of files: the iteration over the list, and the two lists of results
+// that are passed to the host.
 #pragma once
 
 #include "frame/host/host_app.h"
@@ -9,8 +10,8 @@ namespace Velmora::SDK {
 // The category of all lines that a run logs.
 inline constexpr u32 kRunLogCategory = 0;
 
-// The files that a run has done and those that failed. The host may refuse to make a list: then its files are
-// nowhere.
+// The files that a run has processed and those that failed. If the host refuses to create a list, its files
+// are not recorded.
 class FileRunLists {
  public:
   explicit FileRunLists(IHostApp& host)
@@ -45,8 +46,9 @@ class FileRunLists {
   HostObject<IHostFileList> done_;
 };
 
-// Calls runOne(item) for the files of a list in their order, and onMissing() where the host has no item,
-// until runOne returns false. Returns false then. `count` is the list's.
+// Calls `runOne(item)` for the files of a list in order, and `onMissing()` for each index without an item,
+// until `runOne` returns false. Returns false in that case, otherwise true. `count` is the number of items in
+// the list.
 template <typename RunOne, typename OnMissing>
 bool RunOverFiles(IHostFileList& files, u32 count, RunOne runOne, OnMissing onMissing) {
   for (u32 index = 0; index < count; ++index) {

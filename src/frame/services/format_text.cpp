@@ -10,7 +10,8 @@ namespace {
 constexpr WStringView kNumberLetters = W("diuoxX");
 constexpr WStringView kTextLetters = W("sS");
 
-// A number below zero is shown as such in base 10, whatever its letter, and by its 64 bits in the others.
+// Appends a number. A negative number gets a minus sign in base 10, even for %u; in the bases 8 and 16 it is
+// formatted as its 64 bits.
 void AppendPrintfNumber(WString& result, const PrintfConversion& conversion, std::int64_t value) {
   const auto bits = static_cast<std::uint64_t>(value);
   const bool isNegative = value < 0 && WStringView(W("diu")).find(conversion.letter) != WStringView::npos;

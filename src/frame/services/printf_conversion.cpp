@@ -8,7 +8,7 @@
 
 namespace {
 
-// A width beyond this is no layout but a mistake or an attack.
+// The largest width or precision that is accepted. A larger one is a mistake or an attack.
 constexpr std::size_t kMostWidth = 1024;
 
 std::size_t SkipAnyOf(WStringView text, std::size_t at, WStringView set) {
@@ -16,7 +16,8 @@ std::size_t SkipAnyOf(WStringView text, std::size_t at, WStringView set) {
   return at;
 }
 
-// Reads the digits at `at`, if any. Returns false if the number is too large.
+// Reads the digits at position `at`, if any, and advances it. Returns false if the number is above
+// kMostWidth.
 bool ReadWidth(WStringView text, std::size_t& at, std::size_t& number) {
   number = 0;
   for (; at < text.size() && text[at] >= W('0') && text[at] <= W('9'); ++at) {
@@ -50,7 +51,7 @@ WString DigitsOf(const PrintfConversion& conversion, std::uint64_t magnitude) {
   char* const begin = buffer.data();
   char* const end = std::to_chars(begin, begin + buffer.size(), magnitude, BaseOf(conversion)).ptr;
   WString digits(begin, end);
-  if (magnitude == 0) digits.clear();  // the precision alone is the number of zeros
+  if (magnitude == 0) digits.clear();  // the precision determines the number of zeros
   if (digits.size() < conversion.precision) digits.insert(0, conversion.precision - digits.size(), W('0'));
   if (conversion.letter == W('X')) {
     for (WCHAR& digit : digits) digit = AsciiUpper(digit);
@@ -61,7 +62,7 @@ WString DigitsOf(const PrintfConversion& conversion, std::uint64_t magnitude) {
   return digits;
 }
 
-// What comes before the digits.
+// Returns the sign or prefix before the digits.
 WString PrefixOf(const PrintfConversion& conversion, bool isNegative, std::uint64_t magnitude) {
   if (isNegative) return W("-");
   switch (conversion.letter) {

@@ -1,5 +1,5 @@
-// Conversions of printf formats, read and filled without a printf: such a format may come from outside and be
-// anything.
+// Parses and formats the conversions of printf formats. The formats are untrusted input, so they are never
+// passed to printf.
 #pragma once
 
 #include <cstddef>
@@ -7,28 +7,29 @@
 
 #include "platform/text.h"
 
-// One conversion of a format, from its percent sign to its letter.
+// One conversion specification of a format, from its percent sign to its letter.
 struct PrintfConversion {
   bool leftAligned = false;
   bool zeroFilled = false;
   bool plusSign = false;
   bool blankSign = false;
-  bool alternateForm = false;  // 0x before a hexadecimal number
+  bool alternateForm = false;  // prefix 0x before a hexadecimal number
   std::size_t width = 0;
-  std::size_t precision = 1;  // digits at least; of a text, characters at most
+  std::size_t precision = 1;  // of a number, the least number of digits; of a text, the most characters
   bool hasPrecision = false;
-  WStringView length;  // the length words as they are: l, ll, I64 and the like
+  WStringView length;  // the length modifier, such as l, ll or I64
   WCHAR letter = 0;
-  std::size_t size = 0;  // characters of the conversion; 0 if there is none
+  std::size_t size = 0;  // length of the specification in characters; 0 if it is invalid
 };
 
-// Reads the conversion at the beginning of `text`, which begins with a percent sign. There is none if its
-// letter is not one of `letters`, or if its width or precision is larger than 1024.
+// Parses the conversion specification at the beginning of `text`, which begins with a percent sign. The
+// result has size 0 if its letter is not one of `letters`, or its width or precision is above 1024.
 PrintfConversion ReadPrintfConversion(WStringView text, WStringView letters);
 
-// Appends an integer as the letter says: d, i, u, o, x or X. `magnitude` is without the sign.
+// Appends an integer, formatted according to the letter: d, i, u, o, x or X. `magnitude` is its absolute
+// value.
 void AppendPrintfInteger(WString& result, const PrintfConversion& conversion, bool isNegative,
                          std::uint64_t magnitude);
 
-// Appends a text, cut at the precision and filled to the width with blanks.
+// Appends a text, truncated to the precision and padded with blanks to the width.
 void AppendPrintfText(WString& result, const PrintfConversion& conversion, WStringView text);
