@@ -68,34 +68,38 @@ class FirstRecords {
  private:
   // Counts the empty keys, and returns the place where the records of each part begin.
   std::vector<std::size_t> CountKeys() {
+    const KeyReader<Keys> reader = reader_;  // in registers: the loop writes to memory
     std::vector<std::size_t> next(parts_.Count());
-    for (std::size_t i = 0; i < reader_.LineCount(); ++i) {
-      const auto key = reader_.KeyOfLine(i);
-      ++(key.length == 0 ? emptyCount_ : next[parts_.PartOf(reader_.BeginningOf(key))]);
+    std::size_t empty = 0;
+    for (std::size_t i = 0; i < reader.LineCount(); ++i) {
+      const auto key = reader.KeyOfLine(i);
+      ++(key.length == 0 ? empty : next[parts_.PartOf(reader.BeginningOf(key))]);
     }
-    std::size_t begin = emptyCount_;
+    emptyCount_ = empty;
+    std::size_t begin = empty;
     for (std::size_t& place : next) begin += std::exchange(place, begin);
     return next;
   }
 
   // Writes each record at the next place of its part, and returns the ends of the parts.
   std::vector<std::size_t> FillParts(std::vector<std::size_t> next) {
+    const KeyReader<Keys> reader = reader_;
     std::size_t nextEmpty = 0;
-    for (std::size_t i = 0; i < reader_.LineCount(); ++i) {
-      const auto key = reader_.KeyOfLine(i);
+    for (std::size_t i = 0; i < reader.LineCount(); ++i) {
+      const auto key = reader.KeyOfLine(i);
       if (key.length == 0) {
         records_[nextEmpty++].index = static_cast<std::uint32_t>(i);
         continue;
       }
-      std::uint64_t number = reader_.BeginningOf(key);
+      std::uint64_t number = reader.BeginningOf(key);
       const std::size_t part = parts_.PartOf(number);
       const std::size_t common = parts_.CommonOf(part);
       KeyRecord& record = records_[next[part]++];
       if (common != NumberParts::kNone) {
-        const KeyRest rest = reader_.RestOf(key, kStep<Keys>);
+        const KeyRest rest = reader.RestOf(key, kStep<Keys>);
         std::uint32_t& shared = commons_[common].shared;
-        shared = reader_.Shared(rest, commons_[common].first, shared);
-        number = reader_.NextOf(reader_.Skip(rest, shared));
+        shared = reader.Shared(rest, commons_[common].first, shared);
+        number = reader.NextOf(reader.Skip(rest, shared));
       }
       record.SetNumber(number);
       record.index = static_cast<std::uint32_t>(i);
