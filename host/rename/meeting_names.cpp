@@ -114,13 +114,15 @@ std::vector<bool> FindMeetingNames(std::span<const MultiRenameUndoEntry> entries
   HashSet to(entries.size());
   for (const Places& place : places) {
     if (!from.Insert(place.from)) fromTwice.Insert(place.from);
-    // A file that only gets its own name in another letter case is in nobody's way.
-    if (place.from != place.to) to.Insert(place.to);
+  }
+  for (const Places& place : places) {
+    // A file that only gets its own name in another letter case is in nobody's way, unless another one has
+    // that.
+    if (place.from != place.to || fromTwice.Holds(place.from)) to.Insert(place.to);
   }
   if (HoldsFolderOfOthers(entries, from)) return std::vector<bool>(entries.size(), true);
   const auto meets = [&](const Places& place) {
-    return to.Holds(place.from) ||
-           (place.from != place.to ? from.Holds(place.to) : fromTwice.Holds(place.from));
+    return to.Holds(place.from) || (place.from != place.to && from.Holds(place.to));
   };
   if (std::ranges::none_of(places, meets)) return {};
   std::vector<bool> meeting;

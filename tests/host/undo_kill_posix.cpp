@@ -6,9 +6,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <functional>
+#include <algorithm>
 #include <map>
-#include <numeric>
 #include <random>
 
 #include "host/rename/interruption.h"
@@ -23,7 +22,7 @@ namespace {
 namespace Faults = Platform::Faults;
 
 constexpr int kKilled = 99;  // the exit status of a process that was killed
-constexpr int kRandomKills = RandomCases(600);
+constexpr int kRandomKills = RandomCases(500);
 
 // What happens to a call at its rename of that number, from 1.
 struct Fate {
@@ -114,14 +113,15 @@ class KilledCalls {
 struct Numbered {
   std::vector<std::string> files;
   std::vector<std::string> items;
+  bool hasMeetingNames = true;
 };
 
 const std::vector<Numbered>& NumberedTrees() {
   static const std::vector<Numbered> kTrees = {
-      {{"a", "b", "c"}, {"c", "a", "b"}},
+      {{"a", "b", "c"}, {"c", "a", "b"}, false},
       {{"01", "02"}, {"02", "01"}},
       {{"01", "02", "03", "04"}, {"03", "01", "02", "04"}},
-      {{"01", "02", "03"}, {"00x", "01", "02", "03"}},
+      {{"00x", "01", "02", "03"}, {"00x", "01", "02", "03"}},
       {{"01/", "02/", "01/01", "01/02", "02/01", "02/02"}, {"02", "01", "01/02", "01/01", "02/02", "02/01"}},
       {{"02/", "02/x", "03/", "03/old"}, {"02/x", "03/old", "02", "03"}},
       {{"04/", "04/05/", "04/05/06", "04/07", "01"}, {"04/05/06", "04", "01", "04/07", "04/05"}},
@@ -130,26 +130,26 @@ const std::vector<Numbered>& NumberedTrees() {
 }
 
 TEST(UndoKillTest, ARunAndItsUndoMayBeKilledAtEveryStep) {
-  KilledCalls calls;
-  for (Numbered tree : NumberedTrees()) {
-    if (tree.items.front() == "00x") tree.files.push_back("00x");
+  KilledCalls killer;
+  for (const Numbered& tree : NumberedTrees()) {
     bool isRunKilled = true;
     for (int kill = 1; isRunKilled; ++kill) {
       bool isUndoKilled = true;
       for (int killUndo = 1; isUndoKilled; ++killUndo) {
         SCOPED_TRACE(tree.items.front() + " run " + std::to_string(kill) + " undo " +
                      std::to_string(killUndo));
-        calls.Make(tree.files);
-        const KilledCalls::Files before = calls.Now();
-        isRunKilled = calls.Number(tree.items, {.kill = kill}) == kKilled;
-        isUndoKilled = calls.Undo({.kill = killUndo}) == kKilled;
+        killer.Make(tree.files);
+        const KilledCalls::Files before = killer.Now();
+        isRunKilled = killer.Number(tree.items, {.kill = kill}) == kKilled;
+        isUndoKilled = killer.Undo({.kill = killUndo}) == kKilled;
+        // Where names alone say what is to be done, those that are back are not found.
         if (isUndoKilled) {
-          EXPECT_EQ(calls.Undo(), 0);
+          EXPECT_EQ(killer.Undo(), isRunKilled || tree.hasMeetingNames || killUndo == 1 ? 0 : 4);
         }
-        ASSERT_EQ(calls.Now(), before);
-        EXPECT_EQ(calls.Undo(), 4);  // nothing is left to take back
-        ASSERT_EQ(calls.Now(), before);
-        ASSERT_EQ(calls.UndoFiles().size(), 1u);
+        ASSERT_EQ(killer.Now(), before);
+        EXPECT_EQ(killer.Undo(), 4);  // nothing is left to take back
+        ASSERT_EQ(killer.Now(), before);
+        ASSERT_EQ(killer.UndoFiles().size(), 1u);
       }
     }
   }
@@ -157,23 +157,22 @@ TEST(UndoKillTest, ARunAndItsUndoMayBeKilledAtEveryStep) {
 
 // An undo that fails in part counts as taken back, and is tried again.
 TEST(UndoKillTest, AnUndoMayFailOrBeInterruptedAtEveryStepAndBeRepeated) {
-  KilledCalls calls;
-  for (Numbered tree : NumberedTrees()) {
-    if (tree.items.front() == "00x") tree.files.push_back("00x");
+  KilledCalls killer;
+  for (const Numbered& tree : NumberedTrees()) {
     for (const bool isInterrupted : {false, true}) {
       for (int step = 1; step <= static_cast<int>(tree.items.size()) + 2; ++step) {
         SCOPED_TRACE(tree.items.front() + (isInterrupted ? " interrupt " : " fail ") + std::to_string(step));
-        calls.Make(tree.files);
-        const KilledCalls::Files before = calls.Now();
-        ASSERT_EQ(calls.Number(tree.items, {}), 0);
-        ASSERT_NE(calls.Now(), before);
+        killer.Make(tree.files);
+        const KilledCalls::Files before = killer.Now();
+        ASSERT_EQ(killer.Number(tree.items, {}), 0);
+        ASSERT_NE(killer.Now(), before);
         Fate fate;
         (isInterrupted ? fate.interrupt : fate.fail) = step;
-        calls.Undo(fate);
-        calls.Undo();
-        ASSERT_EQ(calls.Now(), before);
-        calls.Undo();
-        ASSERT_EQ(calls.Now(), before);
+        killer.Undo(fate);
+        killer.Undo();
+        ASSERT_EQ(killer.Now(), before);
+        killer.Undo();
+        ASSERT_EQ(killer.Now(), before);
       }
     }
   }
@@ -201,7 +200,7 @@ Numbered RandomTree(std::mt19937& random) {
 }
 
 TEST(UndoKillTest, RandomRunsThatFailAndAreKilledComeBackByUndosThatAreKilled) {
-  KilledCalls calls;
+  KilledCalls killer;
   std::mt19937 random(815);
   int killed = 0;
   int killedUndos = 0;
@@ -213,24 +212,24 @@ TEST(UndoKillTest, RandomRunsThatFailAndAreKilledComeBackByUndosThatAreKilled) {
     if (random() % 3 == 0) fate.fail = step();
     if (random() % 8 == 0) fate.interrupt = step();
     SCOPED_TRACE("case " + std::to_string(number));
-    calls.Make(tree.files);
-    const KilledCalls::Files before = calls.Now();
-    killed += calls.Number(tree.items, fate) == kKilled;
-    if (calls.UndoFiles().empty()) {
-      ASSERT_EQ(calls.Now(), before);
+    killer.Make(tree.files);
+    const KilledCalls::Files before = killer.Now();
+    killed += killer.Number(tree.items, fate) == kKilled;
+    if (killer.UndoFiles().empty()) {
+      ASSERT_EQ(killer.Now(), before);
       continue;
     }
     for (std::size_t undos = random() % 3; undos > 0; --undos) {
       Fate undoFate;
       (random() % 3 == 0 ? undoFate.interrupt : undoFate.kill) = step();
       if (random() % 4 == 0) undoFate.fail = step();
-      killedUndos += calls.Undo(undoFate) == kKilled;
+      killedUndos += killer.Undo(undoFate) == kKilled;
     }
-    calls.Undo();
-    ASSERT_EQ(calls.Now(), before) << testing::PrintToString(tree.items) << " kill " << fate.kill << " fail "
-                                   << fate.fail << " interrupt " << fate.interrupt;
-    calls.Undo();
-    ASSERT_EQ(calls.Now(), before);
+    killer.Undo();
+    ASSERT_EQ(killer.Now(), before) << testing::PrintToString(tree.items) << " kill " << fate.kill << " fail "
+                                    << fate.fail << " interrupt " << fate.interrupt;
+    killer.Undo();
+    ASSERT_EQ(killer.Now(), before);
   }
   EXPECT_GT(killed, kRandomKills / 4);
   EXPECT_GT(killedUndos, kRandomKills / 8);
