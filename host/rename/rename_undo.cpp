@@ -335,7 +335,11 @@ UndoEvent UndoEventOf(const MultiRenameUndoStore& store, const MultiRenameUndo& 
 void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& configOption) {
   std::vector<UndoSummary> sessions = SessionsByDate(store);
   std::ranges::reverse(sessions);
-  for (const UndoSummary& session : sessions) shared.reporter.Undo(EventOfSummary(store, session));
+  for (const UndoSummary& session : sessions) {
+    UndoEvent event = EventOfSummary(store, session);
+    event.isPlan = IsPlan(event.file);
+    shared.reporter.Undo(event);
+  }
   if (sessions.empty()) {
     shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
   } else {

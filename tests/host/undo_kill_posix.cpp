@@ -22,7 +22,7 @@ namespace {
 namespace Faults = Platform::Faults;
 
 constexpr int kKilled = 99;  // the exit status of a process that was killed
-constexpr int kRandomKills = RandomCases(500);
+constexpr int kRandomKills = RandomCases(200);
 
 // What happens to a call at its rename of that number, from 1.
 struct Fate {
