@@ -410,7 +410,7 @@ if not IS_WINDOWS:
                 given.write("\n".join(deep + "/" + name for name in items).encode())
                 given.seek(0)
                 run = subprocess.Popen(COMMAND + ["--config", self.config, "rename", "--run", "--items", "-", "--name",
-                                                  "f[C1,1,5]"], cwd=self.folder, stdin=given,
+                                                  "f[C0,1,5]"], cwd=self.folder, stdin=given,
                                        stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
                 end = time.monotonic() + TIMEOUT_SECONDS
                 aside = os.path.join(folder, items[0] + ".qxhost-tmp")
