@@ -112,12 +112,12 @@ void RenameSession::AddLeftAside() {
   auto& sessions = engine_->undoStore.sessions;
   for (const MultiRenameItem* const row : engine_->items) {
     if (row->state != StateFailed) continue;
-    const WString& name = static_cast<const FileItem*>(row->hostItem)->Name();
+    const WStringView name = static_cast<const FileItem*>(row->hostItem)->Name();
     if (name == row->oldName) continue;
     for (unsigned number = 1; number <= kMostNamesAside; ++number) {
       if (name != TemporaryName(row->oldName, number)) continue;
       if (sessions.empty()) sessions.push_back(std::make_unique<MultiRenameUndo>());
-      sessions.back()->entries.push_back({row->folderPath, name, row->oldName});
+      sessions.back()->entries.push_back({row->folderPath, WString(name), row->oldName});
       break;
     }
   }

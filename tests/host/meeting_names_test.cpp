@@ -60,7 +60,7 @@ std::vector<bool> MeetingByPairs(const Entries& entries) {
   std::vector<bool> meeting(entries.size(), false);
   for (std::size_t row = 0; row < entries.size(); ++row) {
     const MultiRenameUndoEntry& entry = entries[row];
-    const WString path = entry.folder + W('\\') + entry.oldName;
+    const WString path = entry.folder.Text() + W('\\') + entry.oldName;
     for (std::size_t other = 0; other < entries.size(); ++other) {
       const MultiRenameUndoEntry& beside = entries[other];
       const WString folder = WString(beside.folder) + W('\\');
