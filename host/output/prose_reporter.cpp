@@ -143,7 +143,9 @@ class ProseReporter final : public Reporter {
     }
     output_.Line(ToUtf8(WStringView(event.file).substr(event.file.rfind(W('\\')) + 1)) + "  " +
                  ToUtf8(event.dateText) + "  " + std::to_string(event.items) +
-                 (event.items == 1 ? " rename" : " renames") + (event.restored ? ", taken back" : ""));
+                 (event.items == 1 ? " rename" : " renames") +
+                 (event.isPlan ? ", cut off or not at its end" : "") +
+                 (event.restored ? ", taken back" : ""));
   }
 
   void UndoDeleted(WStringView file) override {

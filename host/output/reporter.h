@@ -100,6 +100,7 @@ struct UndoEvent {
   WString dateText;  // the same in the format of the user's language
   std::size_t items = 0;
   bool restored = false;
+  bool isPlan = false;   // of a run that was cut off or is still in progress
   std::string takeBack;  // after a run that has written the file, the call that undoes it; otherwise empty
 };
 

@@ -64,29 +64,20 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
                      (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
                      RenameErrorText(from, rename.result);
   if (holdsOutOfReach_ && IsOutOfReach(rename.result)) {
-    outOfReach_.emplace_back(rename.result, std::move(line));
+    outOfReach_.push_back(std::move(line));
   } else {
-    ReportFailure(rename.result, line);
+    ReportFailure(line);
   }
 }
 
-void FileOperation::ReportFailure(u32 result, const std::string& line) {
-  if (PassesOver(result)) return;
+void FileOperation::ReportFailure(const std::string& line) {
   hasFailed_ = true;
   output_.Problem(line);
 }
 
 void FileOperation::ReportOutOfReach() {
-  for (const auto& [result, line] : std::exchange(outOfReach_, {})) ReportFailure(result, line);
+  for (const std::string& line : std::exchange(outOfReach_, {})) ReportFailure(line);
   holdsOutOfReach_ = false;
-}
-
-bool FileOperation::PassesOver(u32 result) {
-  if (!passesOverUndone_) return false;
-  const bool isNotThere = result == ERROR_FILE_NOT_FOUND || result == ERROR_PATH_NOT_FOUND;
-  if (isNotThere) ++notThere_;
-  if (result == ERROR_ALREADY_EXISTS) ++taken_;
-  return isNotThere || result == ERROR_ALREADY_EXISTS;
 }
 
 }  // namespace QxHost

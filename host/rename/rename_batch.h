@@ -42,12 +42,6 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   // Whether a rename has failed, or would have in a dry run. A name that stays is no failure.
   bool HasFailed() const { return hasFailed_; }
 
-  // From now on a file that is not there, and a name that is taken, are counted and are no failure: of the
-  // renames that are taken back some may not have been done.
-  void PassOverUndone() { passesOverUndone_ = true; }
-  std::size_t NotThere() const { return notThere_; }
-  std::size_t Taken() const { return taken_; }
-
   // The results of the last batch, in its order.
   const std::vector<u32>& LastResults() const { return lastResults_; }
 
@@ -70,9 +64,7 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
  private:
   void Run(RenameBatch& batch, Velmora::SDK::IRenameResultCallback* callback);
   void Report(const WString& from, const QueuedRename& rename);
-  void ReportFailure(u32 result, const std::string& line);
-  // Returns true if the result is counted, and no failure.
-  bool PassesOver(u32 result);
+  void ReportFailure(const std::string& line);
 
   FileItemTree& items_;
   Reporter& reporter_;
@@ -81,13 +73,10 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   const bool inOrder_;
   bool hasFailed_ = false;
   bool isNextIndependent_ = false;
-  bool passesOverUndone_ = false;
   bool holdsOutOfReach_ = false;
-  std::vector<std::pair<u32, std::string>> outOfReach_;  // results and their lines
+  std::vector<std::string> outOfReach_;  // lines
   std::vector<u32> lastResults_;
   std::size_t untried_ = 0;
-  std::size_t notThere_ = 0;
-  std::size_t taken_ = 0;
 };
 
 }  // namespace QxHost

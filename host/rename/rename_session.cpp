@@ -6,6 +6,7 @@
 #include "host/output/failures.h"
 #include "host/rename/interruption.h"
 #include "host/rename/planned_renames.h"
+#include "host/rename/temporary_name.h"
 #include "host/system/paths.h"
 
 namespace QxHost {
@@ -99,11 +100,27 @@ void RenameSession::Run() {
   // A store that counts as read keeps the session of the run. Those of the other files are not needed.
   store.loaded = true;
   store.sessions.clear();
-  const InterruptionWatch watch;
   if (areIndependent_) shared_.fileOperation.ExpectIndependent();
   engine_->worker.WantRename(false);
   Work();
   CheckAllTried(engine_->items.size());
+  AddLeftAside();
+}
+
+void RenameSession::AddLeftAside() {
+  constexpr unsigned kMostNamesAside = 16;
+  auto& sessions = engine_->undoStore.sessions;
+  for (const MultiRenameItem* const row : engine_->items) {
+    if (row->state != StateFailed) continue;
+    const WStringView name = static_cast<const FileItem*>(row->hostItem)->Name();
+    if (name == row->oldName) continue;
+    for (unsigned number = 1; number <= kMostNamesAside; ++number) {
+      if (name != TemporaryName(row->oldName, number)) continue;
+      if (sessions.empty()) sessions.push_back(std::make_unique<MultiRenameUndo>());
+      sessions.back()->entries.push_back({row->folderPath, WString(name), row->oldName});
+      break;
+    }
+  }
 }
 
 MultiRenameUndo* RenameSession::Written() {

@@ -33,23 +33,28 @@ class RenameSession {
   // What a run is to rename, as far as the host would not refuse it; without a date.
   Velmora::SDK::MultiRenameUndo Planned();
 
-  // Whether Outlook or Planned has found that no rename waits for another, or is in its way.
+  // Whether what Outlook or Planned has found last comes to the same in any order.
   bool AreIndependent() const { return areIndependent_; }
 
   // Renames all rows, and leaves the undo file to the caller, who knows how to keep it safe. What Outlook or
-  // Planned has found of the rows is not looked for again. An interruption leaves the rest as it is.
+  // Planned has found of the rows is not looked for again. An interruption, for which the caller watches,
+  // leaves the rest as it is.
   void Run();
 
   // Takes a session back, each file to the very name that it had.
   void Restore(const Velmora::SDK::MultiRenameUndo& session);
 
-  // The session of the last run; null if nothing was renamed.
+  // The session of the last run, with the files that a failed exchange of names has left under a temporary
+  // name; null if nothing was renamed.
   Velmora::SDK::MultiRenameUndo* Written();
 
   // The renames of the last run that were done.
   u32 Succeeded() const { return engine_->status.succeeded; }
 
   u32 Failed() const { return engine_->status.failed; }
+
+  // Counts files as failed that the last run was not asked for.
+  void AddFailed(std::size_t count) { engine_->status.failed += static_cast<u32>(count); }
 
   // "3 Renamed, 1 Failed", with what an interruption left out.
   std::string StatusText() const;
@@ -60,6 +65,8 @@ class RenameSession {
  private:
   // Lets the worker do what it was asked to, to its end.
   void Work();
+  // Adds the files to the session of the run that have a temporary name after it.
+  void AddLeftAside();
   // Throws ModuleFailure if fewer renames than these were tried.
   void CheckAllTried(std::size_t renames) const;
 

@@ -13,8 +13,9 @@
 #include "host/output/failures.h"
 #include "host/output/nearest_name.h"
 #include "host/rename/interruption.h"
-#include "host/rename/planned_undo.h"
+#include "host/rename/run_undo.h"
 #include "host/rename/undo_file.h"
+#include "host/rename/undo_steps.h"
 #include "host/services/file_facts.h"
 #include "host/system/paths.h"
 #include "multirename/rules/character_scan.h"
@@ -153,18 +154,23 @@ DWORD TakeBytes(HANDLE file, std::string_view bytes, std::string& buffer) {
   return ERROR_SUCCESS;
 }
 
-// 0 if the file holds the text of the session and no more, otherwise an error or kOtherBytes. Stores the size
-// of that text, in bytes.
-DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, std::size_t& size) {
+// 0 if the file holds the text of the session with its notes and no more, otherwise an error or kOtherBytes.
+// Stores the size of the text up to the notes, in bytes.
+DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, const NotedFiles& notedFiles,
+                      std::size_t& size) {
   const FileHandle file(CreateFileW(SystemPath(path).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
   DWORD error = file.IsOpen() ? DWORD{ERROR_SUCCESS} : GetLastError();
   std::string buffer;
+  const auto take = [&](WStringView text) {
+    if (error == ERROR_SUCCESS) error = TakeBytes(file.Get(), BytesOf(text), buffer);
+  };
   WriteUndoText(session, [&](WStringView text) {
     size += BytesOf(text).size();
-    if (error == ERROR_SUCCESS) error = TakeBytes(file.Get(), BytesOf(text), buffer);
+    take(text);
   });
+  WriteNotedFiles(notedFiles, take);
   char more = 0;
   DWORD done = 0;
   if (error == ERROR_SUCCESS && ReadFile(file.Get(), &more, 1, &done, nullptr) && done != 0)
@@ -185,11 +191,6 @@ bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
   const WCHAR first = entry.folder.Text().front();
   const bool isOther = first == W(';') || first == W('#') || first == W('[');
   return !isOther && !IsBlankOfUndoLine(first) && !IsBlankOfUndoLine(entry.newName.back());
-}
-
-// The path of a file in the entry's folder.
-WString PathOfEntry(const MultiRenameUndoEntry& entry, const WString& name) {
-  return entry.folder.Text() + (entry.folder.Text().ends_with(W('\\')) ? W("") : W("\\")) + name;
 }
 
 // Entries as the reader tells them apart: it leaves blanks at the end of a new name out, and so does the run
@@ -259,7 +260,7 @@ void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const Multi
   if (strangers == 0) return;
   if (strangers == 1 && isCut && isStranger(kept.entries.back())) {
     output.Problem("the last line that is read of the undo file is cut, and names " +
-                   ToUtf8(PathOfEntry(kept.entries.back(), kept.entries.back().newName)) +
+                   ToUtf8(PathInFolder(kept.entries.back().folder, kept.entries.back().newName)) +
                    ": where there is such a file, do not take the run back");
   } else {
     output.Problem("the undo file has lines that look like renames of other files: do not take it back");
@@ -303,19 +304,26 @@ void LeaveOutOtherFolders(Shared& shared, MultiRenameUndo& session) {
   shared.hasFailedFiles = true;
 }
 
-// What was passed over of a run that was cut off.
-void ReportUndone(Shared& shared, std::size_t leftOut) {
-  const std::size_t notThere = shared.fileOperation.NotThere() + leftOut;
-  const std::size_t taken = shared.fileOperation.Taken();
-  if (notThere != 0) {
-    shared.reporter.Say("The run was cut off: " + Renames(notThere) +
-                        " had not been done, or the file is gone");
+void ReportLeft(Shared& shared, const std::vector<LeftFile>& left, bool isDryRun) {
+  for (const LeftFile& file : left) {
+    const bool isHeld = file.why == Presence::kHeld;
+    const WString path = PathInFolder(file.folder, file.name);
+    shared.reporter.Rename(
+        {path, file.oldName, isHeld ? DWORD{ERROR_SHARING_VIOLATION} : ERROR_FILE_NOT_FOUND, isDryRun});
+    shared.output.Problem("cannot rename " + ToUtf8(path) + " to " + ToUtf8(file.oldName) + ": " +
+                          (isHeld ? "a folder above it is the current one, or above that"
+                                  : "it may be another file than was renamed"));
+    shared.hasFailedFiles = true;
   }
-  if (taken == 0) return;
-  shared.output.Problem(Renames(taken) + (taken == 1 ? " is" : " are") +
-                        " left alone: there is a file of the old name. The run was cut off before it, or the "
-                        "name has been taken since");
-  shared.hasFailedFiles = true;
+}
+
+std::string BackText(std::size_t back, bool isPlan, bool hadRestored) {
+  if (isPlan) {
+    return "The run was cut off: " + Renames(back) + " had not been done" +
+           (hadRestored ? ", or have been taken back before" : "");
+  }
+  return std::to_string(back) + (back == 1 ? " file has its old name" : " files have their old names") +
+         " already";
 }
 
 }  // namespace
@@ -327,7 +335,11 @@ UndoEvent UndoEventOf(const MultiRenameUndoStore& store, const MultiRenameUndo& 
 void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& configOption) {
   std::vector<UndoSummary> sessions = SessionsByDate(store);
   std::ranges::reverse(sessions);
-  for (const UndoSummary& session : sessions) shared.reporter.Undo(EventOfSummary(store, session));
+  for (const UndoSummary& session : sessions) {
+    UndoEvent event = EventOfSummary(store, session);
+    event.isPlan = IsPlan(event.file);
+    shared.reporter.Undo(event);
+  }
   if (sessions.empty()) {
     shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
   } else {
@@ -337,32 +349,50 @@ void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::strin
 }
 
 void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
-  const InterruptionWatch watch;
   const MultiRenameUndoStore& store = session.UndoStore();
-  const MeantUndo meant = FindUndo(store, text);
+  UndoLock lock;
+  // Where it cannot be had, nothing can be written either, and the undo goes on without.
+  if (!isDryRun) LockUndoFiles(lock, store, shared.output);
+  MeantUndo meant = FindUndo(store, text);
   MultiRenameUndo& taken = *meant.file.session;
+  UndoNotes& notes = meant.file.notes;
+  const bool hadRestored = taken.haveRestored;
   WarnOfUndoFile(shared.output, meant.file);
-  const UndoPlan plan = ReadUndoPlan(meant.file.head);
-  if (plan.isPlan) shared.fileOperation.PassOverUndone();
-  MultiRenameUndo done = taken;
-  LeaveOutOtherFolders(shared, done);
-  const std::size_t leftOut = LeaveOutUndone(plan, done);
-  session.Restore(done);
+  const std::vector<PresentFile> files =
+      FindPresentFiles(taken, notes, FullPathOf(W(".")).value_or(WString()));
+  UndoSteps steps = StepsOf(taken, files);
+  LeaveOutOtherFolders(shared, steps.session);
   // A file of which a part was not read would lose it.
-  const bool isWhole = !meant.isForeign && meant.file.isWhole && shared.fileOperation.Untried() == 0;
-  if (isWhole && !isDryRun && session.Succeeded() != 0) {
-    taken.haveRestored = true;
-    if (const DWORD error = WriteUndoFile(meant.path, taken, meant.file.head); error != ERROR_SUCCESS) {
-      taken.haveRestored = false;
-      shared.output.Problem("note: the undo file cannot say that it was taken back: " + ErrorText(error));
+  const bool isWritten = !isDryRun && !meant.isForeign && meant.file.isWhole;
+  {
+    // Whoever reads the lines may be slow, or end this program: the undo file comes first.
+    const HeldOutput held(shared.output);
+    const InterruptionWatch watch;
+    if (isWritten && NoteFound(files, notes.files)) RewriteUndoFile(meant.path, meant.file);
+    session.Restore(steps.session);
+    session.AddFailed(steps.left.size());
+    ReportLeft(shared, steps.left, isDryRun);
+    const bool isAllBack = steps.back != 0 && session.Failed() == 0;
+    if (isWritten && shared.fileOperation.Untried() == 0 && (session.Succeeded() != 0 || isAllBack)) {
+      taken.haveRestored = true;
+      if (const DWORD error = RewriteUndoFile(meant.path, meant.file); error != ERROR_SUCCESS) {
+        taken.haveRestored = hadRestored;
+        shared.output.Problem("note: the undo file cannot say that it was taken back: " + ErrorText(error));
+      }
     }
+    lock.GiveUp();
   }
   if (!meant.isForeign) shared.reporter.Undo(UndoEventOf(store, taken));
   shared.reporter.Say(isDryRun ? "Nothing was renamed: this was a dry run" : session.StatusText());
-  if (taken.haveRestored && session.Failed() != 0 && !plan.isPlan) {
+  if (steps.back != 0) shared.reporter.Say(BackText(steps.back, notes.isPlan, hadRestored));
+  if (!isDryRun && meant.isForeign) {
+    shared.reporter.Say("The file is not in " + ToUtf8(store.folder) +
+                        ", so it does not say that it was taken back");
+  }
+  if (taken.haveRestored && !isDryRun && session.Failed() != 0) {
     shared.reporter.Say("The file counts as taken back. The same call tries again what failed");
   }
-  ReportUndone(shared, leftOut);
+  if (hadRestored && session.Succeeded() == 0) shared.hasFailedFiles = true;  // there was nothing left
 }
 
 std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
@@ -381,6 +411,9 @@ std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
 }
 
 bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& text) {
+  // Not the file of a run that is not at its end.
+  UndoLock lock;
+  LockUndoFiles(lock, store, shared.output);
   std::vector<WString> names;
   if (text == kEveryUndo) {
     store.ForEachSession(
@@ -403,10 +436,11 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
   return deleted == names.size();
 }
 
-UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session) {
+UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, MultiRenameUndo& session,
+                        const NotedFiles& notedFiles) {
   const WString path = store.PathOf(session);
   std::size_t size = 0;
-  const DWORD error = CompareUndoFile(path, session, size);
+  const DWORD error = CompareUndoFile(path, session, notedFiles, size);
   const bool isWhole = error == ERROR_SUCCESS;
   if (!isWhole) {
     output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
@@ -431,7 +465,7 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
   }
   if (lost == 0) return found;
   output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
-                 " cannot be kept, first of " + ToUtf8(PathOfEntry(*first, first->oldName)) + ": " +
+                 " cannot be kept, first of " + ToUtf8(PathInFolder(first->folder, first->oldName)) + ": " +
                  WhyLost(*first, expected.size() > kMostOfUndoFile));
   if (kept) WarnOfStrangers(output, session, *kept, expected.size() > kMostOfUndoFile);
   return lost == session.entries.size() ? UndoCheck::kKeepsNone : found;

@@ -1,7 +1,9 @@
 #include "host/rename/run_undo.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "host/output/error_text.h"
-#include "host/rename/planned_undo.h"
 #include "host/rename/undo_file.h"
 #include "host/services/lock_in_turn.h"
 #include "host/system/paths.h"
@@ -11,7 +13,18 @@ namespace QxHost {
 
 using Velmora::SDK::DateOfSeconds;
 using Velmora::SDK::MultiRenameUndo;
+using Velmora::SDK::MultiRenameUndoEntry;
 using Velmora::SDK::SecondsOfDate;
+
+namespace {
+
+constexpr WStringView kLockName = W("qxhost.lock");
+
+}  // namespace
+
+DWORD LockUndoFiles(UndoLock& lock, const Velmora::SDK::MultiRenameUndoStore& store, Output& output) {
+  return LockInTurn(lock, store.folder + WString(kLockName), output);
+}
 
 void RunUndo::TakeName(MultiRenameUndo& session) const {
   SYSTEMTIME now{};
@@ -24,21 +37,56 @@ void RunUndo::TakeName(MultiRenameUndo& session) const {
   }
 }
 
+void RunUndo::Lock() {
+  lockError_ = LockUndoFiles(lock_, store_, output_);
+  isLocked_ = true;
+}
+
+void RunUndo::Unlock() {
+  lock_.GiveUp();
+  isLocked_ = false;
+}
+
 bool RunUndo::Begin(MultiRenameUndo planned, bool areIndependent) {
-  DWORD error = LockInTurn(lock_, store_.folder + W("qxhost.lock"), output_);
-  if (error == ERROR_SUCCESS) {
-    TakeName(planned);
-    date_ = planned.date;
-    fileName_ = planned.fileName;
-    hasPlan_ = !planned.entries.empty();
-    if (hasPlan_) {
-      error = WriteUndoFile(store_.PathOf(planned), planned, HeadOfPlannedUndo(planned, areIndependent));
-    }
+  if (!isLocked_) Lock();
+  if (planned.entries.empty()) return true;
+  TakeName(planned);
+  date_ = planned.date;
+  fileName_ = planned.fileName;
+  if (!areIndependent) notes_.files = NoteOldFiles(planned.entries);
+  notes_.isPlan = true;
+  const WString path = store_.PathOf(planned);
+  const DWORD error = lockError_ != ERROR_SUCCESS ? lockError_ : WriteUndoFile(path, planned, notes_);
+  hasPlan_ = error == ERROR_SUCCESS;
+  if (hasPlan_) {
+    if (!notes_.files.empty()) planned_ = std::move(planned.entries);
+    return true;
   }
-  if (error == ERROR_SUCCESS) return true;
   output_.Problem("no undo file can be written in " + ToUtf8(store_.folder) + ": " + ErrorText(error) +
+                  (lockError_ != ERROR_SUCCESS ? ", of its lock " + ToUtf8(kLockName) : "") +
                   ". Nothing was renamed; --no-undo renames without one");
   return false;
+}
+
+NotedFiles RunUndo::NotedOf(const MultiRenameUndo& session) const {
+  NotedFiles files;
+  if (planned_.empty()) return files;
+  // The entries are those of the plan, in the same order, without some of them; a few may come at the end.
+  constexpr int kMostOutOfOrder = 1000;
+  int outOfOrder = 0;
+  auto next = planned_.begin();
+  for (const MultiRenameUndoEntry& entry : session.entries) {
+    const auto isSame = [&entry](const MultiRenameUndoEntry& planned) {
+      return planned.oldName == entry.oldName && planned.folder == entry.folder;
+    };
+    auto found = std::find_if(next, planned_.end(), isSame);
+    if (found == planned_.end() && outOfOrder++ < kMostOutOfOrder)
+      found = std::find_if(planned_.begin(), planned_.end(), isSame);
+    const bool isPlanned = found != planned_.end();
+    files.push_back(isPlanned ? notes_.files[static_cast<std::size_t>(found - planned_.begin())] : kNoFile);
+    if (isPlanned) next = found + 1;
+  }
+  return files;
 }
 
 bool RunUndo::End(MultiRenameUndo* done) {
@@ -46,10 +94,16 @@ bool RunUndo::End(MultiRenameUndo* done) {
     if (hasPlan_) Delete();
     return true;
   }
-  done->date = date_;
-  done->fileName = fileName_;
+  if (fileName_.empty()) {
+    // None of it was foreseen: the disk has changed since.
+    TakeName(*done);
+  } else {
+    done->date = date_;
+    done->fileName = fileName_;
+  }
+  notes_ = {false, NotedOf(*done)};
   const WString path = store_.PathOf(*done);
-  const DWORD error = WriteUndoFile(path, *done, {});
+  const DWORD error = WriteUndoFile(path, *done, notes_);
   if (error == ERROR_SUCCESS) return true;
   output_.Problem("the undo file could not be written: " + ToUtf8(path) + ": " + ErrorText(error) +
                   (hasPlan_ ? ". The one from before the run stays, and takes back what was renamed" : ""));

@@ -1,6 +1,8 @@
 #include "host/rename/undo_file.h"
 
 #include <algorithm>
+#include <functional>
+#include <span>
 #include <vector>
 
 #include "host/system/paths.h"
@@ -19,27 +21,23 @@ DWORD UndoErrorOr(DWORD fallback) {
   return error != ERROR_SUCCESS ? error : fallback;
 }
 
-// Reads no more than `most` bytes, whatever the file is.
-DWORD ReadBeginning(const WString& path, std::size_t most, std::vector<std::uint8_t>& bytes) {
+// Hands the bytes of a file to `use`, piece by piece, until it returns false. 0, or the error number.
+DWORD ReadPieces(const WString& path, const std::function<bool(std::span<const std::uint8_t>)>& use) {
   const FileHandle file(CreateFileW(SystemPath(path).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file.IsOpen()) return UndoErrorOr(ERROR_FILE_NOT_FOUND);
-  constexpr std::size_t kPiece = 1 << 16;
-  while (bytes.size() < most) {
-    const std::size_t size = bytes.size();
-    bytes.resize(std::min(most, size + kPiece));
+  std::vector<std::uint8_t> piece(std::size_t{1} << 16);
+  for (;;) {
     DWORD done = 0;
-    if (!ReadFile(file.Get(), bytes.data() + size, static_cast<DWORD>(bytes.size() - size), &done, nullptr))
+    if (!ReadFile(file.Get(), piece.data(), static_cast<DWORD>(piece.size()), &done, nullptr))
       return UndoErrorOr(ERROR_IO_DEVICE);
-    bytes.resize(size + done);
-    if (done == 0) break;
+    if (done == 0 || !use(std::span(piece).first(done))) return ERROR_SUCCESS;
   }
-  return ERROR_SUCCESS;
 }
 
-WString TextOfBytes(const std::vector<std::uint8_t>& bytes, std::size_t count) {
-  WString text(count / 2, WCHAR());
+WString TextOfBytes(std::span<const std::uint8_t> bytes) {
+  WString text(bytes.size() / 2, WCHAR());
   for (std::size_t at = 0; at < text.size(); ++at)
     text[at] = static_cast<WCHAR>(bytes[at * 2] | bytes[at * 2 + 1] << 8);
   return text;
@@ -54,69 +52,187 @@ std::size_t ReadableSize(const WString& text) {
   return text.size();
 }
 
-WString CommentsOf(const WString& text) {
-  std::size_t end = 0;
-  while (end < text.size() && text[end] == W(';'))
-    end = std::min(text.find(W('\n'), end), text.size() - 1) + 1;
-  return text.substr(0, end);
+WStringView WithoutMark(WStringView text) {
+  constexpr WCHAR kByteOrderMark = 0xFEFF;
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(1);
+  return text;
 }
 
-// The path of a file that is written before it takes the place of an undo file: beside their folder, since
-// every file in it counts as one.
-WString PlaceBeside(const WString& path) {
-  const std::size_t nameAt = path.rfind(W('\\'));
-  const std::size_t folderAt = nameAt == WString::npos ? nameAt : path.rfind(W('\\'), nameAt - 1);
-  return folderAt == WString::npos ? path : path.substr(0, folderAt) + path.substr(nameAt);
-}
+// Reads an undo file as it comes: the entries of its beginning, and the notes after it.
+class UndoFileReader {
+ public:
+  // False if no more is needed.
+  bool Take(std::span<const std::uint8_t> bytes) {
+    size_ += bytes.size();
+    const std::size_t room = kMostOfUndoFile - beginning_.size();
+    const auto first = bytes.first(std::min(room, bytes.size()));
+    beginning_.insert(beginning_.end(), first.begin(), first.end());
+    if (first.size() == bytes.size()) return true;
+    if (!isBeginningRead_) ReadBeginning();
+    for (const std::uint8_t byte : bytes.subspan(first.size())) rest_.push_back(byte);
+    const WString text = TextOfBytes(rest_);
+    rest_.erase(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(text.size() * 2));
+    notes_.Read(text);
+    if (IsTextKept()) file_.text += text;
+    return isReadOn_ && size_ < kMostFileBytes;
+  }
 
-DWORD WriteByWayOf(const WString& place, const WString& path, const MultiRenameUndo& session,
-                   const WString& head) {
-  const WString temporary = FreshPathLike(place);
+  UndoFile Finish() {
+    if (!isBeginningRead_) ReadBeginning();
+    const bool isLonger = size_ > beginning_.size();
+    file_.isLong = isLonger && (!isReadOn_ || notes_.HasOtherLines() || notes_.IsCut());
+    file_.isCut = isLonger ? file_.isLong && wholeSize_ * 2 != beginning_.size() : isBeginningCut_;
+    const bool isReadToItsEnd = isLonger ? IsTextKept() && !notes_.EndsInLine() && rest_.empty()
+                                         : wholeSize_ * 2 == beginning_.size();
+    file_.isWhole = isReadToItsEnd && !file_.isLong && !notes_.HasOtherLines() && !notes_.HasComments();
+    file_.session = Velmora::SDK::ReadUndoText({beginning_.data(), wholeSize_ * 2});
+    if (file_.session) file_.notes.files = notes_.FilesOf(file_.session->entries.size(), file_.isLong);
+    if (!file_.session && isBeginningCut_ && Velmora::SDK::ReadUndoText(beginning_))
+      file_.session = std::make_unique<MultiRenameUndo>();
+    if (!file_.isWhole) file_.text.clear();
+    return std::move(file_);
+  }
+
+ private:
+  // The notes of as many entries as are read have room in it.
+  bool IsTextKept() const { return !notes_.HasOtherLines() && size_ <= 8 * kMostOfUndoFile; }
+
+  void ReadBeginning() {
+    isBeginningRead_ = true;
+    file_.text = TextOfBytes(beginning_);
+    const WString& text = file_.text;
+    file_.notes.isPlan = HasPlanMark(WithoutMark(text));
+    const std::size_t size = ReadableSize(text);
+    const std::size_t lineEnd = text.rfind(W('\n'), size == 0 ? 0 : size - 1);
+    wholeSize_ = size == 0 || lineEnd == WString::npos ? 0 : lineEnd + 1;
+    isBeginningCut_ = wholeSize_ != size;
+    // At the limit a line end may be cut in two.
+    isReadOn_ = size == text.size() || (size + 1 == text.size() && text[size] == W('\r'));
+    const std::size_t notesAt = FindNotedFiles(WStringView(text).substr(0, wholeSize_));
+    notes_.Read(WStringView(text).substr(notesAt != WStringView::npos ? notesAt : wholeSize_));
+  }
+
+  UndoFile file_;
+  std::vector<std::uint8_t> beginning_;
+  std::vector<std::uint8_t> rest_;  // an odd byte of what lies beyond
+  NotesReader notes_;
+  std::size_t size_ = 0;
+  std::size_t wholeSize_ = 0;  // characters of the beginning up to its last line end
+  bool isBeginningRead_ = false;
+  bool isBeginningCut_ = false;
+  bool isReadOn_ = false;  // nothing in the beginning ends the reading
+};
+
+// A folder in that of the undo files, since every file beside them counts as one of them, and folders do not.
+class WritingFolder {
+ public:
+  explicit WritingFolder(const WString& path)
+      : folder_(path.substr(0, path.rfind(W('\\')) + 1) + W("writing")),
+        name_(path.substr(path.rfind(W('\\')))) {
+    if (CreateDirectoryW(SystemPath(folder_).c_str(), nullptr)) return;
+    // What is in it was left by a run that was cut off.
+    WIN32_FIND_DATAW found;
+    const FindHandle search(FindFirstFileExW(SystemPath(folder_ + W("\\*")).c_str(), FindExInfoBasic, &found,
+                                             FindExSearchNameMatch, nullptr, 0));
+    if (!search.IsOpen()) return;
+    do {
+      if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        DeleteFileW(SystemPath(PathInFolder(folder_, found.cFileName)).c_str());
+    } while (FindNextFileW(search.Get(), &found));
+  }
+  WritingFolder(const WritingFolder&) = delete;
+  WritingFolder& operator=(const WritingFolder&) = delete;
+  ~WritingFolder() { RemoveDirectoryW(SystemPath(folder_).c_str()); }
+
+  WString Path() const { return folder_ + name_; }
+
+ private:
+  const WString folder_;
+  const WString name_;
+};
+
+using WriteText = std::function<void(WStringView)>;
+
+DWORD WriteInPlaceOf(const WString& path, const std::function<void(const WriteText&)>& writeAll) {
+  const WritingFolder writing(path);
+  const WString temporary = writing.Path();
   DWORD error = ERROR_SUCCESS;
   {
     const FileHandle file(CreateFileW(SystemPath(temporary).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file.IsOpen()) return UndoErrorOr(ERROR_ACCESS_DENIED);
-    const auto write = [&](WStringView text) {
+    writeAll([&](WStringView text) {
       if (error != ERROR_SUCCESS) return;
       error =
           WriteBytes(file.Get(), {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)});
-    };
-    write(head);
-    WriteUndoText(session, write);
+    });
   }
-  if (error == ERROR_SUCCESS) error = TakePlaceOf(temporary, path);
+  // Whoever reads the old file for a moment may keep it from being replaced.
+  constexpr int kMostTries = 25;
+  constexpr DWORD kPause = 20;  // milliseconds
+  if (error == ERROR_SUCCESS) {
+    error = TakePlaceOf(temporary, path);
+    for (int tries = 1; tries < kMostTries && error == ERROR_SHARING_VIOLATION; ++tries) {
+      Sleep(kPause);
+      error = TakePlaceOf(temporary, path);
+    }
+  }
   if (error != ERROR_SUCCESS) DeleteFileW(SystemPath(temporary).c_str());
   return error;
+}
+
+// The text up to its entries with the line that says whether it was taken back.
+WString WithRestored(WStringView text, bool haveRestored) {
+  constexpr WStringView kInfo = W("[INFO]");
+  constexpr WStringView kKey = W("HaveRestored");
+  const WStringView line = haveRestored ? WStringView(W("HaveRestored : 1")) : W("HaveRestored : 0");
+  const std::size_t info = text.find(kInfo);
+  if (info == WStringView::npos) return WString(text);
+  const std::size_t files = std::min(text.find(W("[FILES]"), info), text.size());
+  WString result;
+  const std::size_t key = text.substr(0, files).find(kKey, info);
+  const std::size_t from = key != WStringView::npos ? key : std::min(text.find(W('\n'), info), files) + 1;
+  const std::size_t to =
+      key != WStringView::npos ? std::min(text.find_first_of(W("\r\n"), key), files) : from;
+  result.append(text.substr(0, from)).append(line);
+  if (key == WStringView::npos) result += W("\r\n");
+  return result.append(text.substr(to));
 }
 
 }  // namespace
 
 UndoFile ReadUndoFile(const WString& path) {
+  UndoFileReader reader;
+  const DWORD error = ReadPieces(path, [&reader](auto bytes) { return reader.Take(bytes); });
   UndoFile file;
-  std::vector<std::uint8_t> bytes;
-  file.error = ReadBeginning(path, kMostOfUndoFile + 1, bytes);
-  if (file.error != ERROR_SUCCESS) return file;
-  file.isLong = bytes.size() > kMostOfUndoFile;
-  const std::size_t readable = std::min(bytes.size(), kMostOfUndoFile) / 2 * 2;
-  const WString text = TextOfBytes(bytes, readable);
-  file.head = CommentsOf(text);
-  const std::size_t size = ReadableSize(text);
-  const std::size_t lineEnd = text.rfind(W('\n'), size == 0 ? 0 : size - 1);
-  const std::size_t whole = size == 0 || lineEnd == WString::npos ? 0 : lineEnd + 1;
-  file.isCut = whole != size;
-  file.isWhole = whole * 2 == bytes.size();
-  file.session = Velmora::SDK::ReadUndoText({bytes.data(), whole * 2});
-  if (!file.session && file.isCut && Velmora::SDK::ReadUndoText(bytes))
-    file.session = std::make_unique<MultiRenameUndo>();
+  if (error == ERROR_SUCCESS) file = reader.Finish();
+  file.error = error;
   return file;
 }
 
-DWORD WriteUndoFile(const WString& path, const MultiRenameUndo& session, const WString& head) {
-  const DWORD error = WriteByWayOf(PlaceBeside(path), path, session, head);
-  if (error == ERROR_SUCCESS) return error;
-  // The two folders may be on two disks, or the outer one closed to the user.
-  return WriteByWayOf(path, path, session, head) == ERROR_SUCCESS ? DWORD{ERROR_SUCCESS} : error;
+bool IsPlan(const WString& path) {
+  std::vector<std::uint8_t> first;
+  ReadPieces(path, [&first](auto bytes) {
+    first.assign(bytes.begin(), bytes.end());
+    return false;
+  });
+  return HasPlanMark(WithoutMark(TextOfBytes(first)));
+}
+
+DWORD WriteUndoFile(const WString& path, const MultiRenameUndo& session, const UndoNotes& notes) {
+  return WriteInPlaceOf(path, [&](const WriteText& write) {
+    if (notes.isPlan) write(PlanMark());
+    WriteUndoText(session, write);
+    WriteNotedFiles(notes.files, write);
+  });
+}
+
+DWORD RewriteUndoFile(const WString& path, const UndoFile& file) {
+  return WriteInPlaceOf(path, [&](const WriteText& write) {
+    const std::size_t notesAt = FindNotedFiles(file.text);
+    write(WithRestored(WStringView(file.text).substr(0, notesAt), file.session->haveRestored));
+    WriteNotedFiles(file.notes.files, write);
+  });
 }
 
 }  // namespace QxHost

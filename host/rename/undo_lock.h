@@ -1,5 +1,6 @@
-// Keeps runs that write undo files from each other: the files are named by the second in which a run ends, so
-// that of two runs at once one would lose its file.
+// Keeps runs, undos and deletions of undo files from each other: what one of them has looked at must not
+// change before it is done, and of two runs at once, whose files are named by the second in which they begin,
+// one would lose its file.
 #pragma once
 
 #include <memory>
@@ -20,6 +21,8 @@ class UndoLock {
   // another process has it; it loses it in any case when it ends. 0, or another error number if no file can
   // be made there.
   DWORD Take(const WString& fullPath);
+
+  void GiveUp();
 
  private:
   class File;

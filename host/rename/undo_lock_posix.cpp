@@ -47,6 +47,8 @@ class UndoLock::File {
 UndoLock::UndoLock() = default;
 UndoLock::~UndoLock() = default;
 
+void UndoLock::GiveUp() { file_.reset(); }
+
 DWORD UndoLock::Take(const WString& fullPath) {
   file_ = std::make_unique<File>(NativePath(fullPath));
   return file_->Lock();

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 #include "platform/text.h"
 
@@ -21,9 +20,5 @@ struct FileFacts {
 // Returns the information about a file or folder; std::nullopt if it does not exist. May be called from any
 // thread.
 std::optional<FileFacts> ReadFileFacts(const WString& fullPath);
-
-// Returns a text that identifies the file or folder (of a link, the link itself) independently of its name.
-// Returns the empty text if the file does not exist or the system does not provide an identity.
-std::string FileIdentity(const WString& fullPath);
 
 }  // namespace QxHost

@@ -38,10 +38,4 @@ std::optional<FileFacts> ReadFileFacts(const WString& fullPath) {
   return facts;
 }
 
-std::string FileIdentity(const WString& fullPath) {
-  struct stat found {};
-  if (lstat(NativePath(fullPath).c_str(), &found) != 0) return {};
-  return std::to_string(found.st_dev) + "-" + std::to_string(found.st_ino);
-}
-
 }  // namespace QxHost

@@ -1,6 +1,5 @@
 #include "host/services/file_facts.h"
 #include "host/system/paths.h"
-#include "platform/handles.h"
 
 namespace QxHost {
 namespace {
@@ -28,16 +27,6 @@ std::optional<FileFacts> ReadFileFacts(const WString& fullPath) {
   facts.modified = WallClockTicks(found.ftLastWriteTime);
   facts.accessed = WallClockTicks(found.ftLastAccessTime);
   return facts;
-}
-
-std::string FileIdentity(const WString& fullPath) {
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const FileHandle file(CreateFileW(SystemPath(fullPath).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING,
-                                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-  BY_HANDLE_FILE_INFORMATION found{};
-  if (!file.IsOpen() || !GetFileInformationByHandle(file.Get(), &found)) return {};
-  const std::uint64_t index = (static_cast<std::uint64_t>(found.nFileIndexHigh) << 32) | found.nFileIndexLow;
-  return std::to_string(found.dwVolumeSerialNumber) + "-" + std::to_string(index);
 }
 
 }  // namespace QxHost

@@ -238,6 +238,12 @@ bool IsFolder(const WString& fullPath) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+WString PathInFolder(const WString& folder, WStringView name) {
+  WString path = folder;
+  if (!path.ends_with(W('\\'))) path += W('\\');
+  return path += name;
+}
+
 DWORD MakeFolder(const WString& fullPath) {
   if (IsFolder(fullPath)) return ERROR_SUCCESS;
   const std::size_t rootSize = SplitRoot(fullPath).root.size();

@@ -54,6 +54,9 @@ WStringView NameToMake(WStringView name);
 // character that Windows reserves, or a control character.
 bool IsPossibleName(WStringView name);
 
+// Returns the path of a name in a folder, whose own path may end in a backslash.
+WString PathInFolder(const WString& folder, WStringView name);
+
 // Creates the folder and its missing parents. Returns 0, or the error number of the first failure.
 DWORD MakeFolder(const WString& fullPath);
 

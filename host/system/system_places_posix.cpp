@@ -20,6 +20,15 @@ WString FolderFromEnvironment(const char* name) {
   return value && *value == '/' ? FullPathOf(PathFromUtf8(value)).value_or(WString()) : WString();
 }
 
+// Puts the names in a folder on the disk. What is not allowed to read it, or not able to, leaves that to the
+// system, which does it some seconds later.
+void SyncFolder(const std::string& path) {
+  const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return;
+  fsync(folder);
+  close(folder);
+}
+
 }  // namespace
 
 WString ProgramFolder() {
@@ -48,7 +57,10 @@ DWORD TakePlaceOf(const WString& from, const WString& to) {
   // EINVAL means that the file system does not support fsync. Any other error means that the bytes may not be
   // on the disk.
   if (synced != 0 && syncError != EINVAL) return NativeError(syncError);
-  return std::rename(fromPath.c_str(), NativePath(to).c_str()) == 0 ? ERROR_SUCCESS : NativeError(errno);
+  const std::string toPath = NativePath(to);
+  if (std::rename(fromPath.c_str(), toPath.c_str()) != 0) return NativeError(errno);
+  SyncFolder(toPath.substr(0, toPath.rfind('/') + 1));
+  return ERROR_SUCCESS;
 }
 
 }  // namespace QxHost

@@ -4,6 +4,7 @@
 
 #include "host/command_line/help_text.h"
 #include "host/output/failures.h"
+#include "host/rename/interruption.h"
 #include "host/rename/queued_rename.h"
 #include "host/rename/rename_properties.h"
 #include "host/rename/rename_saved.h"
@@ -265,11 +266,21 @@ class RenameVerb final : public Verb {
         ++counts.renamed;
       } else {
         ++counts.refused;
-        event.objection = RenameErrorText(row.folderPath.Text() + row.oldName, result);
+        event.objection = RenameErrorText(PathInFolder(row.folderPath, row.oldName), result);
       }
       run.Host().reporter.Row(event);
     }
     return counts;
+  }
+
+  static std::string TakeBackCall(Run& run, const WString& fileName) {
+    return "qxhost " + run.ConfigOption() + "rename --undo " + ToUtf8(fileName);
+  }
+
+  // After a run that has left the undo file from before it.
+  static void SayHowToTakeBack(Run& run, const WString& planName) {
+    if (planName.empty()) return;
+    run.Host().output.Problem("what was renamed can be taken back: " + TakeBackCall(run, planName));
   }
 
   // Warns before a run, so that the user can rename fewer files at once.
@@ -306,22 +317,33 @@ class RenameVerb final : public Verb {
     const bool keepsUndo = !noUndo_ && !run.IsDry();
     RunUndo undoFile(shared.output, session.UndoStore());
     if (keepsUndo) {
-      Velmora::SDK::MultiRenameUndo planned = session.Planned();
-      if (!undoFile.Begin(std::move(planned), session.AreIndependent())) {
-        shared.hasFailedFiles = true;
-        return;
-      }
+      undoFile.Lock();
+      // Another run may have changed names since they were read.
+      shared.listings.clear();
     }
     if (!noUndo_) WarnOfLongUndoFile(run, session);
-    if (!run.IsDry()) KeepTemplates(session.Host(), rules);
     Velmora::SDK::MultiRenameUndo* written = nullptr;
-    bool isWritten = false;
+    UndoCheck check = UndoCheck::kNotWhole;
     {
       // The reader of the output may be slow or end this program, so write the undo file first.
       const HeldOutput held(shared.output);
-      session.Run();
+      const InterruptionWatch watch;
+      if (keepsUndo && !undoFile.Begin(session.Planned(), session.AreIndependent())) {
+        shared.hasFailedFiles = true;
+        return;
+      }
+      if (!run.IsDry()) KeepTemplates(session.Host(), rules);
+      try {
+        session.Run();
+      } catch (const ModuleFailure&) {
+        if (keepsUndo) SayHowToTakeBack(run, undoFile.PlanName());
+        throw;
+      }
       written = session.Written();
-      isWritten = !keepsUndo || undoFile.End(written);
+      if (keepsUndo && undoFile.End(written) && written)
+        check = CheckUndoFile(shared.output, session.UndoStore(), *written, undoFile.Noted());
+      if (check == UndoCheck::kKeepsNone) undoFile.Delete();
+      undoFile.Unlock();
     }
     RowEvent event;
     event.isOutcome = true;
@@ -334,19 +356,17 @@ class RenameVerb final : public Verb {
     }
     shared.reporter.Say(run.IsDry() ? "Nothing was renamed: this was a dry run" : session.StatusText());
     if (!keepsUndo || !written) return;
-    const UndoCheck check =
-        isWritten ? CheckUndoFile(shared.output, session.UndoStore(), *written) : UndoCheck::kNotWhole;
     if (check == UndoCheck::kKeepsNone) {
       shared.output.Problem("the run cannot be taken back, so it has no undo file");
-      undoFile.Delete();
       return;
     }
     if (check == UndoCheck::kNotWhole) {
+      SayHowToTakeBack(run, undoFile.PlanName());
       shared.hasFailedFiles = true;
       return;
     }
     UndoEvent undo = UndoEventOf(session.UndoStore(), *written);
-    undo.takeBack = "qxhost " + run.ConfigOption() + "rename --undo " + ToUtf8(written->fileName);
+    undo.takeBack = TakeBackCall(run, written->fileName);
     shared.reporter.Undo(undo);
   }
 

@@ -10,6 +10,11 @@ import unittest
 from qxhost import COMMAND, IS_WINDOWS, TIMEOUT_SECONDS, windows_path
 from test_rename_safety import MOST_OF_UNDO_FILE, SafetyTest
 
+if not IS_WINDOWS:
+    import fcntl
+
+IGNORED_RESULT = 10  # of a rename to the present name
+
 
 class Damaged(SafetyTest):
     def test_a_last_line_without_a_line_end_is_cut_and_names_no_file(self):
@@ -73,6 +78,79 @@ class Edited(SafetyTest):
                 self.assertIn("1 rename cannot be taken back: no file has the name " + name, outcome.stderr)
                 self.assertEqual((self.names(), self.names("deep")), (["deep/", "here"], ["y"]))
                 os.rename(self.path("deep/y"), self.path("deep/x"))
+
+
+class Repeated(SafetyTest):
+    def exchange(self, *pairs):
+        """Arguments of a run in which the two names of each pair are exchanged."""
+        rules = []
+        for number, (left, right) in enumerate(pairs):
+            for find, replace in ((left, "T%d" % number), (right, left), ("T%d" % number, right)):
+                rules += ["--find", "^%s$" % find, "--replace", replace]
+        return ["--regex", *rules, "--run", *(name for pair in pairs for name in pair)]
+
+    def test_what_failed_is_tried_again_and_what_is_back_stays(self):
+        self.make("a", "b", "x")
+        self.rename(*self.exchange(("a", "b")), "x", "--find", "^x$", "--replace", "y")
+        self.assertEqual((self.content("a"), self.content("b"), self.names()), ("b", "a", ["a", "b", "y"]))
+        self.make("x")
+        outcome = self.prose("--undo", "last")
+        self.assertEqual((outcome.status, self.content("a"), self.content("b")), (4, "a", "b"))
+        self.assertIn("2 Restored, 1 Failed\nThe file counts as taken back. The same call tries again what failed\n",
+                      outcome.stdout)
+        os.remove(self.path("x"))
+        outcome = self.prose("--undo", "last")
+        self.assertEqual((outcome.status, self.names()), (0, ["a", "b", "x"]))
+        self.assertIn("1 Restored, 2 Ignored\n2 files have their old names already\n", outcome.stdout)
+        self.assertEqual((self.content("a"), self.content("b")), ("a", "b"))
+
+    def test_an_exchange_that_was_taken_back_is_not_done_again(self):
+        self.make("a", "b")
+        self.rename(*self.exchange(("a", "b")))
+        self.rename("--undo", "last")
+        outcome = self.prose("--undo", "last")
+        self.assertEqual((outcome.status, self.content("a"), self.content("b")), (4, "a", "b"))
+        self.assertIn("2 Ignored\n2 files have their old names already\n", outcome.stdout)
+        self.assertIn("taken back before", outcome.stderr)
+        outcome = self.rename("--undo", "last", status=4)
+        self.assertEqual(outcome.renames, [("a", "a", IGNORED_RESULT), ("b", "b", IGNORED_RESULT)])
+
+    def test_a_file_that_was_saved_anew_comes_back_once(self):
+        self.make("a", "b")
+        self.rename(*self.exchange(("a", "b")))
+        with open(self.path("new"), "w", encoding="utf-8") as file:
+            file.write("b, edited")
+        os.replace(self.path("new"), self.path("a"))
+        self.rename("--undo", "last")
+        self.assertEqual((self.content("a"), self.content("b")), ("a", "b, edited"))
+        self.rename("--undo", "last", status=4)
+        self.assertEqual((self.content("a"), self.content("b")), ("a", "b, edited"))
+
+    def test_a_file_of_the_window_which_notes_nothing_is_taken_back_once(self):
+        self.make("a", "b")
+        where = windows_path(self.folder)
+        self.write_undo("u.dat", [where + "|b|a", where + "|a|b"])
+        self.rename("--undo", "last")
+        self.assertEqual((self.content("a"), self.content("b")), ("b", "a"))
+        self.rename("--undo", "last", status=4)
+        self.assertEqual((self.content("a"), self.content("b")), ("b", "a"))
+
+    def test_a_file_elsewhere_says_that_it_is_not_marked(self):
+        self.make("new")
+        path = self.write_undo("u.dat", [windows_path(self.folder) + "|old|new"])
+        elsewhere = self.path("elsewhere.dat")
+        os.replace(path, elsewhere)
+        outcome = self.prose("--undo", elsewhere)
+        self.assertRegex(outcome.stdout, r"(?m)^The file is not in .*, so it does not say that it was taken back$")
+
+    def test_the_list_says_which_runs_were_cut_off(self):
+        path = self.write_undo("u.dat", ["Z:\\none|a|b"])
+        self.assertNotIn("cut off", self.prose("--list-undo").stdout)
+        with open(path, "rb") as file:
+            text = file.read()
+        with open(path, "wb") as file:
+            file.write(";qxhost planned\r\n".encode("utf-16-le") + text)
+        self.assertIn("1 rename, cut off or not at its end\n", self.prose("--list-undo").stdout)
 
 
 class Deep(SafetyTest):
@@ -155,14 +233,15 @@ if not IS_WINDOWS:
             self.assertIn("The run was cut off: %d renames had not been done" % left, outcome.stdout)
             self.assertEqual(self.names(), names)
 
-        def test_a_chain_that_is_killed_is_taken_back_and_what_was_not_done_is_left_alone(self):
+        def test_a_chain_that_is_killed_is_taken_back_and_what_was_not_done_stays_as_it_is(self):
             names = ["%05d" % number for number in range(20000)]
             self.make_all(names)
             self.kill("--name", "[C]", "--start", "1", "--digits", "5", items=names,
                       when=lambda: os.path.exists(self.path("20000")))
             outcome = self.prose("--undo", "last")
-            self.assertIn("left alone: there is a file of the old name", outcome.stderr)
-            self.assertEqual(outcome.status, 4)
+            self.assertEqual((outcome.status, outcome.stderr), (0, ""))
+            self.assertRegex(outcome.stdout, r"(?m)^\d+ Restored, \d+ Ignored$")
+            self.assertRegex(outcome.stdout, r"(?m)^The run was cut off: \d+ renames had not been done$")
             self.assertEqual((self.names(), self.wrong(names)), (names, []))
 
         def test_exchanged_names_that_are_killed_come_back_to_their_own_files(self):
@@ -184,18 +263,15 @@ if not IS_WINDOWS:
             self.make("a", "b", "c")
             before = [(name, os.stat(self.path(name)).st_ino) for name in self.names()]
             where = windows_path(self.folder)
-            device = os.stat(self.folder).st_dev
-            numbers = {name: "%d-%d" % (device, number) for name, number in before}
-            lines = [where + "|a|b", where + "|b|a", where + "|c|d"]
-            path = self.write_undo("u.dat", lines)
+            path = self.write_undo("u.dat", [where + "|a|b", where + "|b|a", where + "|c|d"])
             with open(path, "rb") as file:
                 text = file.read().decode("utf-16-le")
-            head = ";qxhost planned\r\n" + "".join(
-                ";%s|%s\r\n" % (numbers[line.split("|")[1]], line) for line in lines[:2])
+            notes = ";qxhost files of 3\r\n" + "".join(
+                ";%d %d\r\n" % (number + 1, before[number][1]) for number in range(2))
             with open(path, "wb") as file:
-                file.write((head + text).encode("utf-16-le"))
+                file.write((";qxhost planned\r\n" + text + notes).encode("utf-16-le"))
             outcome = self.rename("--undo", "last")
-            self.assertEqual([result for _, _, result in outcome.renames], [2])
+            self.assertEqual([result for _, _, result in outcome.renames], [10, 10, 10])
             self.assertEqual([(name, os.stat(self.path(name)).st_ino) for name in self.names()], before)
 
         def test_no_run_starts_if_its_undo_file_cannot_be_written_whole(self):
@@ -231,6 +307,121 @@ if not IS_WINDOWS:
             self.assertEqual(self.names(), ["x" + name for name in names])
             self.rename("--undo", "last")
             self.assertEqual(self.names(), names)
+
+    class Together(SafetyTest):
+        """Calls at the same time wait for each other."""
+        EXCHANGE = ("--regex", "--find", "^(.)(...)(.)$", "--replace", "$3$2$1")
+
+        def make_all(self, count):
+            names = ["%05d" % number for number in range(count)]
+            for name in names:
+                with open(self.path(name), "w", encoding="utf-8") as file:
+                    file.write(name)
+            return names
+
+        def run_all(self, names):
+            with tempfile.TemporaryFile() as given:
+                given.write("\n".join(names).encode())
+                given.seek(0)
+                return subprocess.Popen(COMMAND + ["--config", self.config, "rename", "--run", "--items", "-",
+                                                   *self.EXCHANGE], cwd=self.folder, stdin=given,
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+        def wait_for(self, condition):
+            end = time.monotonic() + TIMEOUT_SECONDS
+            while not condition() and time.monotonic() < end:
+                pass
+            self.assertTrue(condition())
+
+        def is_exchanged(self):
+            try:
+                return self.content("10000") != "10000"
+            except FileNotFoundError:
+                return True
+
+        def wrong(self, names):
+            return [name for name in names if self.content(name) != name]
+
+        def test_an_undo_waits_for_the_run_that_it_takes_back(self):
+            names = self.make_all(20000)
+            run = self.run_all(names)
+            self.wait_for(self.is_exchanged)
+            outcome = self.prose("--undo", "last")
+            self.assertEqual(run.wait(TIMEOUT_SECONDS), 0)
+            self.assertEqual((outcome.status, outcome.stderr), (0, ""))
+            self.assertEqual((self.names(), self.wrong(names)), (names, []))
+
+        def test_of_two_undos_at_once_the_second_finds_nothing_left(self):
+            names = self.make_all(10000)
+            self.assertEqual(self.run_all(names).wait(TIMEOUT_SECONDS), 0)
+            undos = [self.start("--undo", "last", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                     for _ in range(2)]
+            self.assertEqual(sorted(undo.wait(TIMEOUT_SECONDS) for undo in undos), [0, 4])
+            self.assertEqual((self.names(), self.wrong(names)), (names, []))
+
+        def test_the_file_of_a_run_is_not_deleted_before_its_end(self):
+            names = self.make_all(20000)
+            run = self.run_all(names)
+            self.wait_for(self.is_exchanged)
+            self.rename("--delete-undo", "last")
+            self.assertEqual((run.wait(TIMEOUT_SECONDS), self.undo_files()), (0, []))
+
+        def test_a_run_that_waits_is_planned_after_its_turn_has_come(self):
+            self.make("a", "b")
+            os.makedirs(os.path.join(self.config, "Undo"))
+            self.write_config("Undo/qxhost.lock", b"")
+            with open(os.path.join(self.config, "Undo", "qxhost.lock"), "rb") as lock:
+                fcntl.flock(lock, fcntl.LOCK_EX)
+                run = self.start("--name", "b", "--run", "a", stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                self.assertIn(b"waiting for the end of another run", run.stderr.readline())
+                os.rename(self.path("b"), self.path("c"))
+                os.remove(lock.name)
+            out, _ = run.communicate(timeout=TIMEOUT_SECONDS)
+            self.assertEqual((run.returncode, self.names()), (0, ["b", "c"]))
+            self.assertIn(b"Take it back: ", out)
+            self.rename("--undo", "last")
+            self.assertEqual(self.names(), ["a", "c"])
+
+        def test_a_reader_who_does_not_read_keeps_no_undo_from_being_marked(self):
+            names = self.make_all(5000)
+            self.assertEqual(self.run_all(names).wait(TIMEOUT_SECONDS), 0)
+            (name,) = self.undo_files()
+            undo = self.start("--undo", "last", stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+            self.wait_for(lambda: "HaveRestored : 1".encode("utf-16-le") in self.read_config("Undo/" + name))
+            undo.kill()
+            undo.wait(TIMEOUT_SECONDS)
+            undo.stdout.close()
+            self.assertEqual((self.names(), self.wrong(names)), (names, []))
+            self.rename("--undo", "last", status=4)
+            self.assertEqual((self.names(), self.wrong(names)), (names, []))
+
+    class Large(SafetyTest):
+        def test_a_killed_exchange_whose_file_is_near_the_limit_comes_back(self):
+            """16,000 files of one circle, of which 5,200,000 bytes are lines and the rest are notes."""
+            names = ["f%05d" % number for number in range(16000)]
+            deep = "d" * 120
+            folder = self.path(deep)
+            os.makedirs(folder)
+            for name in names:
+                with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
+                    file.write(name)
+            items = names[1:] + names[:1]
+            with tempfile.TemporaryFile() as given:
+                given.write("\n".join(deep + "/" + name for name in items).encode())
+                given.seek(0)
+                run = subprocess.Popen(COMMAND + ["--config", self.config, "rename", "--run", "--items", "-", "--name",
+                                                  "f[C0,1,5]"], cwd=self.folder, stdin=given,
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+                end = time.monotonic() + TIMEOUT_SECONDS
+                aside = os.path.join(folder, items[0] + ".qxhost-tmp")
+                while time.monotonic() < end and not os.path.exists(aside):
+                    pass
+                run.send_signal(signal.SIGKILL)
+                _, problems = run.communicate(timeout=TIMEOUT_SECONDS)
+            self.assertEqual((run.returncode, problems), (-signal.SIGKILL, b""))
+            self.rename("--undo", "last")
+            self.assertEqual(sorted(os.listdir(folder)), names)
+            self.assertEqual([name for name in names if self.content(deep + "/" + name) != name], [])
 
     class NamesWithoutUndo(SafetyTest):
         def test_an_old_name_that_no_restore_gives_is_warned_of(self):

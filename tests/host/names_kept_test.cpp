@@ -81,7 +81,11 @@ TEST_F(NamesKeptTest, AClaimNeedsAFolderThatTakesFilesAndLeavesNothingInIt) {
   EXPECT_THAT(recorded_.problems, IsEmpty());
   store_.folder = scratch_.Path(W("missing\\"));
   RunUndo undo(recorded_.output, store_);
-  EXPECT_FALSE(undo.Begin({}));
+  EXPECT_TRUE(undo.Begin({}));  // a run that renames nothing needs no undo file
+  EXPECT_THAT(recorded_.problems, IsEmpty());
+  session_.entries = {{W("Z:\\a"), W("b"), W("a")}};
+  EXPECT_FALSE(undo.Begin(session_));
+  EXPECT_THAT(recorded_.problems, HasSubstr(", of its lock qxhost.lock"));
   EXPECT_THAT(recorded_.problems, HasSubstr("Nothing was renamed; --no-undo renames without one"));
 }
 

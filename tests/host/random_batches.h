@@ -38,6 +38,8 @@ class RandomBatches {
     return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_);
   }
 
+  WString PathOf(const WString& path) const { return scratch_.Path(path); }
+
   // A tree of three levels at most, on the disk in place of the last one.
   PlainTree MakeTree() {
     PlainTree tree;

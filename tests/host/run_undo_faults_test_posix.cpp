@@ -1,7 +1,6 @@
 // The undo file of a run on a disk that is full before it, or after it.
 #include <gmock/gmock.h>
 
-#include "host/rename/planned_undo.h"
 #include "host/rename/run_undo.h"
 #include "host/rename/undo_file.h"
 #include "platform/posix/files/faults.h"
@@ -64,7 +63,7 @@ TEST_F(RunUndoFaults, IfWhatWasDoneCannotBeWrittenThePlanStays) {
   const UndoFile file = TheFile();
   ASSERT_NE(file.session, nullptr);
   EXPECT_THAT(file.session->entries, SizeIs(2));
-  EXPECT_TRUE(ReadUndoPlan(file.head).isPlan);
+  EXPECT_TRUE(file.notes.isPlan);
 }
 
 TEST_F(RunUndoFaults, WhatWasDoneTakesThePlaceOfThePlan) {
@@ -78,7 +77,7 @@ TEST_F(RunUndoFaults, WhatWasDoneTakesThePlaceOfThePlan) {
   const UndoFile file = TheFile();
   ASSERT_NE(file.session, nullptr);
   EXPECT_THAT(file.session->entries, SizeIs(1));
-  EXPECT_FALSE(ReadUndoPlan(file.head).isPlan);
+  EXPECT_FALSE(file.notes.isPlan);
   EXPECT_TRUE(file.isWhole);
 }
 
