@@ -58,8 +58,9 @@ DWORD TakePlaceOf(const WString& from, const WString& to) {
   // on the disk.
   if (synced != 0 && syncError != EINVAL) return NativeError(syncError);
   const std::string toPath = NativePath(to);
+  const std::string toFolder = toPath.substr(0, toPath.rfind('/') + 1);
   if (std::rename(fromPath.c_str(), toPath.c_str()) != 0) return NativeError(errno);
-  SyncFolder(toPath.substr(0, toPath.rfind('/') + 1));
+  SyncFolder(toFolder);
   return ERROR_SUCCESS;
 }
 
