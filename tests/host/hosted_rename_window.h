@@ -56,7 +56,7 @@ class HostedRenameWindow : public HostedFiles {
       while (!(window = Velmora::SDK::UndrawnWindow::Current())) Sleep(1);
       user(*window);
     });
-    const s32 answer = extensions->RunWindow(kCommandMultiRename);
+    const s32 answer = extensions->RunWindow(Velmora::SDK::kCommandMultiRename);
     acting.join();
     return answer;
   }

@@ -64,8 +64,8 @@ class KeyReader {
 
   // Calls visit(i) for each i in [0, count), and asks for the memory of lines and texts some calls ahead.
   // indexOf(i) is the index of the line that visit(i) reads from `depth` on.
-  template <typename IndexOf, typename Visit>
-  void Visit(std::size_t count, std::uint32_t depth, IndexOf indexOf, Visit visit) const {
+  template <typename IndexOf, typename Function>
+  void Visit(std::size_t count, std::uint32_t depth, IndexOf indexOf, Function visit) const {
     constexpr std::size_t kLineAhead = 16;
     constexpr std::size_t kTextAhead = 8;
     for (std::size_t i = 0; i < count; ++i) {
