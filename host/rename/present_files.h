@@ -27,7 +27,7 @@
 namespace QxHost {
 
 enum class Presence {
-  kByName,  // whether the file has its new name is for the rename to find
+  kByName,  // look for it under its new name; the rename reports it if it is not there
   kThere,   // it has the name that PresentFile says
   kBack,    // it has its old name
   kTaken,   // its new name is that of another file, or may be; or its folder is gone
@@ -41,8 +41,8 @@ struct PresentFile {
   FileIndex found = kNoFile;
 };
 
-// By entry. `currentFolder` is the full path of the current folder; `haveRestored` that of the session
-// counts.
+// Returns where the file of each entry is. `currentFolder` is the full path of the current folder. Reads
+// `session.haveRestored`.
 std::vector<PresentFile> FindPresentFiles(const Velmora::SDK::MultiRenameUndo& session,
                                           const UndoNotes& notes, const WString& currentFolder);
 

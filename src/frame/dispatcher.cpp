@@ -33,13 +33,13 @@ void TakeOwnership(IHostApp& host, s32) { TakeOwnershipCommand(host); }
 void ResetAccess(IHostApp& host, s32) { ResetAccessCommand(host); }
 void AddAccess(IHostApp& host, s32) { AddAccessCommand(host); }
 
-// A range of command numbers, both ends included, and the function that runs them.
+// A command and the function that runs it.
 struct CommandRow {
   s32 number;
   void (*run)(IHostApp& host, s32 number);
 };
 
-// In the order of the menu.
+// In the order of the menu; nothing depends on the order.
 // clang-format off
 constexpr CommandRow kCommands[] = {
   {kCommandUpperCase, QuickRenameCommand},

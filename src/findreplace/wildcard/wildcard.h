@@ -3,9 +3,9 @@
 // The meaning of a text is the regular expression that WildcardToRegex makes of it, in the standard library's
 // ECMAScript grammar; braces keep their meaning there (`x{2}`). The library's own matcher calls itself for
 // each character, so a long line overflows the stack, and its time has no bound. So its matches are found
-// here in another way: without recursion, and in time that grows with the line. The library judges the
-// patterns: what it refuses is refused with its words. Characters beyond ASCII mean themselves, whatever the
-// locale or the code page.
+// here in another way: without recursion, and in time that grows with the line. What the library refuses is
+// refused with its words: it compiles each brace, and the limit of its states is counted in
+// wildcard_elements. Characters beyond ASCII mean themselves, whatever the locale or the code page.
 //
 // The road of a text:
 //
@@ -28,7 +28,8 @@
 //                      (`x{2}{1,3}`, `x{5,6}{0,3}`);    the states at the end   on one path, 64 MiB each
 //                      m counts them written out        of each match           at most
 //
-// What needs more memory is refused with error_complexity. Each matcher's header has a worked example.
+// What needs more memory (kWildcardMemory) is refused with error_complexity. Each matcher's header has a
+// worked example.
 //
 // CharT is char or WCHAR; letters of A to Z alone have a case.
 #pragma once

@@ -41,8 +41,8 @@ void SortTextFile(const WString& source, const WString& target, const SortLinesO
   } else {
     WriteSortedLines(target, lines, has(SaveOverwrite));
   }
-  // If the target did not exist, MoveToBackup returned the target's own path, so this deletes the file just
-  // written (C-131). The source is never deleted: it exists, even if it could not be seen for a moment.
+  // If the target did not exist, MoveToBackup stored the target's own path, so this deletes the file just
+  // written (C-131). The source is never deleted, even if MoveToBackup did not find it.
   if (has(SaveDeleteBackup) && source != backup.data()) DeleteBackup(backup);
 }
 

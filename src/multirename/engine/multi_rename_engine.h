@@ -90,8 +90,9 @@ struct RuleInput {
 };
 
 // Takes the rules and rows over, and the local time. False, with the engine as it was but for the error in
-// its status, if a search text is no regular expression and should be one. On the window's thread, with the
-// worker idle; waits for `busy` to clear, looking every 150 ms.
+// its status, if a search text is no regular expression and should be one. Called on the window's
+// thread with the worker idle, when `busy` is clear; a caller that has not stopped the worker waits here, in
+// steps of 150 ms, until it is.
 bool CompileRules(MultiRenameEngine& engine, RuleInput input);
 
 // Computes the new name of one row. On the worker's thread.
