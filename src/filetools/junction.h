@@ -34,8 +34,10 @@ static_assert(offsetof(MountPointRecord, pathBuffer) == 16);
 // too long for the record.
 std::unique_ptr<MountPointRecord> MakeMountPointRecord(WStringView path);
 
-// Makes the empty folder `folder` a junction to `target`, which must exist; a target that begins with `\?` is
-// used unchanged and not checked (C-408). Returns false and leaves the folder unchanged if that fails.
+// Makes the empty folder `folder` a junction to `target`, which must exist; a target that begins with `\?`,
+// as
+// `\??\C:\a` does and `\\?\C:\a` does not, is used unchanged and not checked (C-408). Returns false and
+// leaves the folder unchanged if that fails.
 bool SetJunctionTarget(const WString& folder, const WString& target);
 
 // Creates the junction `link` to `target`, from an existing empty folder or from a new folder, which is

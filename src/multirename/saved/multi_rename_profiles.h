@@ -1,10 +1,12 @@
 // Saved sets of rules, in "MultiRenameProfiles.xml" in the host's configuration folder. The file is read
 // once, when the extension starts, and written as a whole after each change. No error of the file is
-// reported: one that cannot be read gives no profiles, and the next save writes over it (C-638).
+// reported: one that cannot be read gives no profiles, and the next save writes over it (C-638); `qxhost
+// rename` checks the file before it saves.
 //
-// Two things of the form are not what one would expect: the writer leaves "searchandreplace" out, and with it
-// the search flags, if there are no pairs (C-631), and a profile for the extension alone comes back as one
-// for name and extension (C-632).
+// Not what one would expect of the form: the writer leaves "searchandreplace" out, and with it the search
+// flags, if there are no pairs (C-631); a profile for the extension alone comes back as one for name and
+// extension (C-632); an element without a name is an empty profile (C-634); a pair without "replacewith"
+// takes that of the pair before it (C-635).
 #pragma once
 
 #include <memory>
