@@ -34,7 +34,7 @@ static_assert(offsetof(MountPointRecord, pathBuffer) == 16);
 // too long for the record.
 std::unique_ptr<MountPointRecord> MakeMountPointRecord(WStringView path);
 
-// Makes the empty folder `folder` a junction to `target`, which must exist; a target that begins with `\?`,
+// Makes the empty folder `folder` a junction to `target`, which must exist. A target that begins with `\?`,
 // as
 // `\??\C:\a` does and `\\?\C:\a` does not, is used unchanged and not checked (C-408). Returns false and
 // leaves the folder unchanged if that fails.
