@@ -35,8 +35,7 @@ static_assert(offsetof(MountPointRecord, pathBuffer) == 16);
 std::unique_ptr<MountPointRecord> MakeMountPointRecord(WStringView path);
 
 // Makes the empty folder `folder` a junction to `target`, which must exist. A target that begins with `\?`,
-// as
-// `\??\C:\a` does and `\\?\C:\a` does not, is used unchanged and not checked (C-408). Returns false and
+// as `\??\C:\a` does and `\\?\C:\a` does not, is used unchanged and not checked (C-408). Returns false and
 // leaves the folder unchanged if that fails.
 bool SetJunctionTarget(const WString& folder, const WString& target);
 
