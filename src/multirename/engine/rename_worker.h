@@ -22,9 +22,9 @@ enum RenameMessage : UINT {
   MRM_UPDATE_PREVIEW = 33268,  // the panel to itself: compile the rules and preview
   MRM_ROWS_CHANGED = 33768,    // rows were computed to the last: repaint the list
   MRM_RUN_FINISHED = 33868,    // a job has ended, other than a preview that was stopped: a FinishedRun, and 1
-                             // if there was nothing to restore
-  MRM_CONFIRM_CLOSE = 33968,  // the frame to itself: Esc was pressed
-  MRM_NEW_SELECTION = 34068   // the extension to the panel: the selection was read again
+                               // if there was nothing to restore
+  MRM_CONFIRM_CLOSE = 33968,   // the frame to itself: Esc was pressed
+  MRM_NEW_SELECTION = 34068    // the extension to the panel: the selection was read again
 };
 
 enum FinishedRun : WPARAM { kPreviewFinished = 1, kRenameFinished = 2, kRestoreFinished = 3 };
