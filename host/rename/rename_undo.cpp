@@ -193,8 +193,8 @@ bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
   return !isOther && !IsBlankOfUndoLine(first) && !IsBlankOfUndoLine(entry.newName.back());
 }
 
-// Entries as the reader tells them apart: it leaves blanks at the end of a new name out, and so does the run
-// that makes it.
+// Two entries are equal if the reader cannot distinguish them: it drops blanks at the end of a new name, as
+// the run does.
 struct EntryHash {
   std::size_t operator()(const MultiRenameUndoEntry* entry) const {
     constexpr std::hash<WStringView> kHash;

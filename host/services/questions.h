@@ -1,5 +1,5 @@
-// Answers questions with the answers of the command line, else by asking on the terminal, else by cancelling
-// them.
+// Replies to questions with the answers of the command line; without one, asks on the terminal; without a
+// terminal, cancels.
 //
 // On the terminal the user types the name of a button, in any letter case, or a unique beginning of it.
 //

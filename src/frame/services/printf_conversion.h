@@ -7,7 +7,7 @@
 
 #include "platform/text.h"
 
-// One conversion specification of a format, from its percent sign to its letter.
+// One conversion of a format, from its percent sign to its letter.
 struct PrintfConversion {
   bool leftAligned = false;
   bool zeroFilled = false;
@@ -19,11 +19,11 @@ struct PrintfConversion {
   bool hasPrecision = false;
   WStringView length;  // the length modifier, such as l, ll or I64
   WCHAR letter = 0;
-  std::size_t size = 0;  // length of the specification in characters; 0 if it is invalid
+  std::size_t size = 0;  // length of the conversion in characters; 0 if it is invalid
 };
 
-// Parses the conversion specification at the beginning of `text`, which begins with a percent sign. The
-// result has size 0 if its letter is not one of `letters`, or its width or precision is above 1024.
+// Parses the conversion at the beginning of `text`, which begins with a percent sign. The result has size 0
+// if its letter is not one of `letters`, or its width or precision is above 1024.
 PrintfConversion ReadPrintfConversion(WStringView text, WStringView letters);
 
 // Appends an integer, formatted according to the letter: d, i, u, o, x or X. `magnitude` is its absolute
