@@ -27,6 +27,9 @@ COMMAND = _command()
 IS_WINDOWS = COMMAND[-1].lower().endswith(".exe")
 TIMEOUT_SECONDS = 120
 
+# Each file takes some times as long under sanitizers.
+IS_SLOW = "ASAN_OPTIONS" in os.environ
+
 # The value of the last event by exit status: handled, not handled, handled with failed files.
 RESULT_OF_STATUS = {0: 1, 1: 0, 4: 1}
 

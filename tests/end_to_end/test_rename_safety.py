@@ -8,10 +8,11 @@ import tempfile
 import time
 import unittest
 
-from qxhost import COMMAND, IS_WINDOWS, TIMEOUT_SECONDS, windows_path
+from qxhost import COMMAND, IS_SLOW, IS_WINDOWS, TIMEOUT_SECONDS, windows_path
 from test_rename import IGNORED, RENAMED, RenameTest
 
 MOST_OF_UNDO_FILE = 5242880
+MANY = 5000 if IS_SLOW else 10000  # files, for a run that lasts long enough to be ended within it
 
 
 class SafetyTest(RenameTest):
@@ -81,8 +82,6 @@ class RunsBeside(SafetyTest):
 
 if not IS_WINDOWS:
     class Interruptions(SafetyTest):
-        COUNT = 20000
-
         def setUp(self):
             """A shell starts what runs in the background with signals ignored, and qxhost leaves it at that."""
             super().setUp()
@@ -106,7 +105,7 @@ if not IS_WINDOWS:
                 return status, out.read().decode(), err.read().decode()
 
         def test_an_interrupted_run_keeps_what_it_did_in_its_undo_file(self):
-            names = ["f%05d" % number for number in range(self.COUNT)]
+            names = ["f%05d" % number for number in range(MANY)]
             for name in names:
                 with open(self.path(name), "w", encoding="utf-8"):
                     pass
@@ -116,7 +115,7 @@ if not IS_WINDOWS:
                                                     when=self.path("xf00000"))
                     self.assertEqual(status, 4)
                     left = [name for name in self.names() if name.startswith("f")]
-                    done = self.COUNT - len(left)
+                    done = MANY - len(left)
                     self.assertGreater(done, 0)
                     self.assertGreater(len(left), 0)
                     self.assertIn("\n%d Renamed, %d Failed: interrupted, and %d not tried\n" % (
@@ -126,7 +125,7 @@ if not IS_WINDOWS:
                     self.assertEqual(self.names(), names)
 
         def test_an_interrupted_undo_is_not_marked_and_goes_on_the_next_time(self):
-            names = ["f%05d" % number for number in range(self.COUNT)]
+            names = ["f%05d" % number for number in range(MANY)]
             for name in names:
                 with open(self.path("x" + name), "w", encoding="utf-8"):
                     pass
@@ -141,7 +140,7 @@ if not IS_WINDOWS:
             self.assertEqual(self.names(), names)
 
         def test_a_program_that_was_started_to_ignore_signals_goes_on(self):
-            names = ["f%05d" % number for number in range(self.COUNT)]
+            names = ["f%05d" % number for number in range(MANY)]
             for name in names:
                 with open(self.path(name), "w", encoding="utf-8"):
                     pass
@@ -203,7 +202,7 @@ class LongUndoFiles(SafetyTest):
     def make_long(self):
         """An undo file whose last readable line is cut within its new name, after `victim`."""
         where = windows_path(self.folder)
-        fill = "Z:\\none\\%s|o|n" % ("x" * 120)
+        fill = "Z:\\none\\%s|o|n" % ("x" * 3000)
         path = self.write_undo("u.dat", ["%s|whole.old|whole.new" % where])
         last = ("%s|cut.old|victim" % where).encode("utf-16-le")
         with open(path, "ab") as file:

@@ -7,8 +7,8 @@ import tempfile
 import time
 import unittest
 
-from qxhost import COMMAND, IS_WINDOWS, TIMEOUT_SECONDS, windows_path
-from test_rename_safety import MOST_OF_UNDO_FILE, SafetyTest
+from qxhost import COMMAND, IS_SLOW, IS_WINDOWS, TIMEOUT_SECONDS, windows_path
+from test_rename_safety import MANY, MOST_OF_UNDO_FILE, SafetyTest
 
 if not IS_WINDOWS:
     import fcntl
@@ -51,7 +51,7 @@ class Damaged(SafetyTest):
         path = self.write_undo("u.dat", [where + "|old|new"])
         size = (256 << 20) + 4096
         with open(path, "ab") as file:
-            line = (("Z:\\none\\%s|o|n\r\n" % ("x" * 500)).encode("utf-16-le")) * 1000
+            line = (("Z:\\none\\%s|o|n\r\n" % ("x" * 3000)).encode("utf-16-le")) * 100
             while file.tell() <= MOST_OF_UNDO_FILE:
                 file.write(line)
             file.truncate(size)
@@ -222,22 +222,22 @@ if not IS_WINDOWS:
             return [name for name in names if self.content(name) != name]
 
         def test_a_run_that_is_killed_is_taken_back(self):
-            names = ["f%05d" % number for number in range(20000)]
+            names = ["f%05d" % number for number in range(MANY)]
             self.make_all(names)
             self.kill("--name", "x[N]", items=names, when=lambda: os.path.exists(self.path("xf00000")))
             left = sum(name.startswith("f") for name in self.names())
             self.assertGreater(left, 0)
             outcome = self.prose("--undo", "last")
             self.assertEqual((outcome.status, outcome.stderr), (0, ""))
-            self.assertIn("\n%d Restored" % (20000 - left), outcome.stdout)
+            self.assertIn("\n%d Restored" % (MANY - left), outcome.stdout)
             self.assertIn("The run was cut off: %d renames had not been done" % left, outcome.stdout)
             self.assertEqual(self.names(), names)
 
         def test_a_chain_that_is_killed_is_taken_back_and_what_was_not_done_stays_as_it_is(self):
-            names = ["%05d" % number for number in range(20000)]
+            names = ["%05d" % number for number in range(MANY)]
             self.make_all(names)
             self.kill("--name", "[C]", "--start", "1", "--digits", "5", items=names,
-                      when=lambda: os.path.exists(self.path("20000")))
+                      when=lambda: os.path.exists(self.path("%05d" % MANY)))
             outcome = self.prose("--undo", "last")
             self.assertEqual((outcome.status, outcome.stderr), (0, ""))
             self.assertRegex(outcome.stdout, r"(?m)^\d+ Restored, \d+ Ignored$")
@@ -245,7 +245,8 @@ if not IS_WINDOWS:
             self.assertEqual((self.names(), self.wrong(names)), (names, []))
 
         def test_exchanged_names_that_are_killed_come_back_to_their_own_files(self):
-            names = ["%04d" % number for number in range(10000)]
+            names = ["%04d" % number for number in range(10000)
+                     if not IS_SLOW or number // 1000 < 5 and number % 10 < 5]
             self.make_all(names)
 
             def has_begun():
@@ -308,12 +309,17 @@ if not IS_WINDOWS:
             self.rename("--undo", "last")
             self.assertEqual(self.names(), names)
 
+    LAST_DIGITS = 2 if IS_SLOW else 5
+
     class Together(SafetyTest):
-        """Calls at the same time wait for each other."""
+        """Calls at the same time wait for each other.
+
+        The files have numbers of five digits, of which a run exchanges the first and the last.
+        """
         EXCHANGE = ("--regex", "--find", "^(.)(...)(.)$", "--replace", "$3$2$1")
 
         def make_all(self, count):
-            names = ["%05d" % number for number in range(count)]
+            names = ["%05d" % number for number in range(count) if number % 10 < LAST_DIGITS]
             for name in names:
                 with open(self.path(name), "w", encoding="utf-8") as file:
                     file.write(name)

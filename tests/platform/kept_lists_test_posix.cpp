@@ -79,17 +79,6 @@ class KeptLists : public testing::Test {
   const WString file_ = scratch_.Write(W("a.txt"), "abc");
 };
 
-// A list of that many equal entries, which let everyone read.
-std::vector<BYTE> LongList(std::size_t bytes) {
-  std::vector<BYTE> memory(bytes);
-  auto* const list = reinterpret_cast<ACL*>(memory.data());
-  EXPECT_TRUE(InitializeAcl(list, static_cast<DWORD>(memory.size()), ACL_REVISION));
-  std::vector<BYTE> sid = EveryoneSid();
-  while (AddAccessAllowedAceEx(list, ACL_REVISION, 0, kReadRights, sid.data())) {
-  }
-  return memory;
-}
-
 }  // namespace
 
 // No file system has room for an attribute of more than 65536 bytes.
@@ -98,7 +87,7 @@ TEST_F(KeptLists, OneThatIsTooLongToBeKeptIsAnErrorAndTheOldOneNoLongerCounts) {
   old.Add(0, 3, kReadRights, EveryoneSid());
   ASSERT_EQ(SetEntries(file_, old.Get()), 0u);
   ASSERT_THAT(EntriesOfFile(file_), Optional(ElementsAre(ShownEntry{0, 3, kReadRights, "S-1-1-0"})));
-  std::vector<BYTE> memory = LongList(65528);
+  std::vector<BYTE> memory = FilledList(65528, kReadRights);
   EXPECT_EQ(SetEntries(file_, reinterpret_cast<ACL*>(memory.data())), 112u);
   // Its mode is that of the old one too, which would count still.
   EXPECT_EQ(Mode(), 0444u);
@@ -111,7 +100,7 @@ TEST_F(KeptLists, OneForWhichTheFileHasNoMoreRoomIsAnErrorAndTheOldOneNoLongerCo
   old.Add(0, 3, kReadRights, EveryoneSid());
   ASSERT_EQ(SetEntries(file_, old.Get()), 0u);
   if (!FillRoomForAttributes()) return SUCCEED();  // the file system has room for any number of attributes
-  std::vector<BYTE> memory = LongList(1000);
+  std::vector<BYTE> memory = FilledList(1000, kReadRights);
   EXPECT_EQ(SetEntries(file_, reinterpret_cast<ACL*>(memory.data())), 112u);
   EXPECT_EQ(Mode(), 0444u);
   EXPECT_FALSE(IsKept());

@@ -172,12 +172,8 @@ TEST_F(NtfsRecords, AddingToAListWhoseEntriesLeaveItIsAnErrorAndSetsNothing) {
 
 // A new list has 16 bits for its size: one that would be longer is an error, and nothing is set.
 TEST_F(NtfsRecords, AddingToAListWithoutRoomForOneMoreEntryIsABadParameter) {
-  std::vector<BYTE> memory(65528);
+  std::vector<BYTE> memory = FilledList(65528, 1);
   auto* const list = reinterpret_cast<ACL*>(memory.data());
-  ASSERT_TRUE(InitializeAcl(list, static_cast<DWORD>(memory.size()), ACL_REVISION));
-  std::vector<BYTE> sid = EveryoneSid();
-  while (AddAccessAllowedAceEx(list, ACL_REVISION, 0, 1, sid.data())) {
-  }
   ASSERT_EQ(list->AceCount, 3276);
   EXPECT_EQ(AddWith(DescriptorOfList(memory)), std::pair(DWORD{87}, false));
   Faults::Clear();

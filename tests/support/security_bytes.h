@@ -90,16 +90,36 @@ inline int FullEntriesOfEveryone(const WString& path) {
   return found;
 }
 
+// The bytes of one entry of a list.
+inline std::vector<BYTE> TypedEntryBytes(BYTE type, BYTE flags, DWORD mask, const std::vector<BYTE>& sid) {
+  std::vector<BYTE> entry(8);
+  const ACE_HEADER header{type, flags, static_cast<WORD>(8 + sid.size())};
+  std::memcpy(entry.data(), &header, sizeof header);
+  std::memcpy(entry.data() + 4, &mask, sizeof mask);
+  entry.insert(entry.end(), sid.begin(), sid.end());
+  return entry;
+}
+
+// A list that fills that many bytes with equal entries, each of which allows everyone `mask`.
+inline std::vector<BYTE> FilledList(std::size_t bytes, DWORD mask) {
+  std::vector<BYTE> memory(bytes);
+  auto* const list = reinterpret_cast<ACL*>(memory.data());
+  InitializeAcl(list, static_cast<DWORD>(bytes), ACL_REVISION);
+  const std::vector<BYTE> entry = TypedEntryBytes(0, 0, mask, EveryoneSid());
+  std::vector<BYTE> entries;
+  while (sizeof(ACL) + entries.size() + entry.size() <= bytes) {
+    entries.insert(entries.end(), entry.begin(), entry.end());
+  }
+  AddAce(list, ACL_REVISION, MAXDWORD, entries.data(), static_cast<DWORD>(entries.size()));
+  return memory;
+}
+
 // A list that is built of entries in memory with room.
 class BuiltList {
  public:
   BuiltList() : memory_(4096) { InitializeAcl(Get(), static_cast<DWORD>(memory_.size()), ACL_REVISION); }
   BuiltList& Add(BYTE type, BYTE flags, DWORD mask, const std::vector<BYTE>& sid) {
-    std::vector<BYTE> entry(8);
-    const ACE_HEADER header{type, flags, static_cast<WORD>(8 + sid.size())};
-    std::memcpy(entry.data(), &header, sizeof header);
-    std::memcpy(entry.data() + 4, &mask, sizeof mask);
-    entry.insert(entry.end(), sid.begin(), sid.end());
+    std::vector<BYTE> entry = TypedEntryBytes(type, flags, mask, sid);
     AddAce(Get(), ACL_REVISION, MAXDWORD, entry.data(), static_cast<DWORD>(entry.size()));
     return *this;
   }
