@@ -5,8 +5,8 @@
 //
 //   1. common_beginnings_sample.h
 //      In a large file, a sample of the keys shows which beginnings many keys share, such as "Package: " in a
-//      list of packages. For such keys, the one pass that reads all keys makes the numbers of the characters
-//      after the shared beginning.
+//      list of packages. The numbers of keys with such a beginning are made of the characters after it, in
+//      the one pass that reads all keys.
 //   2. first_records.h
 //      One pass makes the records of all keys and sorts them by the first characters.
 //   3. range_ranker.h
@@ -24,8 +24,7 @@
 //
 //   0 "pineapple pie"   1 "pine"   2 "pineapples"   3 "plum"
 //
-// A number contains the first seven bytes and, in the eighth byte, their count; 8 means that the key
-// continues:
+// A number contains up to seven bytes and, in the eighth, their count; 8 means that the key continues:
 //
 //   0 "pineapp" 8     1 "pine" 4     2 "pineapp" 8     3 "plum" 4
 //
@@ -41,9 +40,9 @@
 //
 // Position 3: "plum" ends, and nothing follows it: First 3, Last 3.
 //
-// A key is less than another if its Last is less than the other's First. So "pine" is less than "plum": 2 is
-// less than 3. But "pine" is not less than "pineapples" (Last 2, First 2), nor is "pineapples" less than
-// "pine" (Last 2, First 0): they are equal. "pineapple pie" (Last 1) is less than "pineapples" (First 2).
+// A key is less than another if its Last is less than the other's First. So "pine" (Last 2) is less than
+// "plum" (First 3), but not less than "pineapples" (First 2). "pineapples" (Last 2) is not less than "pine"
+// (First 0), so these two are equal. "pineapple pie" (Last 1) is less than "pineapples" (First 2).
 #include "linesorter/engine/key_ranks.h"
 
 #include <utility>
