@@ -133,7 +133,8 @@ s32 SortLinesScript(IHostApp& host, IHostCommandCall& call) {
     host.LogMessage(0, kLogError, W("[Custom Cmd - SortLines] - FILE : %s not found"), path->c_str());
     return 0;
   }
-  // An empty target pattern gives the folder itself, and the run fails for it (C-007).
+  // An empty target pattern is accepted: the target is then the folder itself, and a silent run skips the
+  // file (C-007).
   SortLinesJob job{host, file.List(), ReadSortLinesParameters(call), std::move(*target), false};
   RunSortLinesJob(job);
   return 1;
