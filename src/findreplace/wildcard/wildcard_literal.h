@@ -163,7 +163,7 @@ template <typename CharT>
 const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* end) const {
   if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
   if (!hasCharacter_) return from;
-  const CharT* const starts = end - Length() + 1;  // after the last start
+  const CharT* const starts = end - Length() + 1;  // one after the last start
   const CharT* p = from;
 #if QX_SSE2
   if (starts - from >= kLanes) {
@@ -195,7 +195,7 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
 template <typename CharT>
 const CharT* WildcardLiteral<CharT>::FindLast(const CharT* from, const CharT* end) const {
   if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
-  const CharT* p = end - Length() + 1;  // after the last start that is left
+  const CharT* p = end - Length() + 1;  // one after the last start that has not been checked
   if (!hasCharacter_) return p - 1;
 #if QX_SSE2
   if (p - from >= kLanes) {

@@ -60,8 +60,9 @@ bool WildcardStates<CharT>::Search(const CharT* line, std::uint32_t length, std:
     const auto from = static_cast<std::uint32_t>(start);
     if (!MatchFrom(from, line, length, end)) continue;
     match = {from, end - from};
-    // The states on the path of the match have been visited but did not fail, and nor did those that led to
-    // them. Later searches start at the end of the match, so only the visits at that position matter.
+    // The states on the path of the match are marked as visited although they do not fail, and so may be
+    // states that lead to them. Later searches start at the end of the match, so it is enough to forget the
+    // visits at that position.
     ForgetVisitsAt(end);
     return true;
   }
