@@ -18,7 +18,7 @@ struct LineItem {
   const char* text;      // in a block of the Lines
   std::uint32_t length;  // in bytes
   LineEnding ending;
-  std::uint8_t endingSize;  // bytes
+  std::uint8_t endingSize;  // in bytes
 };
 
 // The text is split like a document: a line end at the end of the text does not begin another line, an empty

@@ -69,8 +69,7 @@ class FirstRecords {
  private:
   // Counts the empty keys and returns the index at which the records of each part begin.
   std::vector<std::size_t> CountKeys() {
-    const KeyReader<Keys> reader =
-        reader_;  // a local copy stays in registers, although the loop writes to memory
+    const KeyReader<Keys> reader = reader_;  // a copy, which can stay in registers
     std::vector<std::size_t> next(parts_.Count());
     std::size_t empty = 0;
     for (std::size_t i = 0; i < reader.LineCount(); ++i) {

@@ -15,9 +15,9 @@ constexpr unsigned HighestDigit(std::uint64_t number) {
   return static_cast<unsigned>(number >> (64 - kDigitBits));
 }
 
-// Sorts records by the digits of their numbers. Not stable, but keeps the order of records with equal numbers
-// if there is enough buffer. Later passes then visit the lines in the order of the file, which is faster;
-// nothing may depend on it.
+// Sorts records by the digits of their numbers. Not stable, but mostly keeps the order of records with equal
+// numbers if the buffer is large enough. Later passes then visit the lines in the order of the file, which is
+// faster; nothing may depend on it.
 class NumberSort {
  public:
   // Prepares for ranges of up to `count` records. Allocates a buffer for half as many, if there is memory: a

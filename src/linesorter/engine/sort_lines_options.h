@@ -17,9 +17,8 @@ enum SortLinesOption : std::uint32_t {
   SortAsNumber = 0x00000100,
   SortAsDate = 0x00000200,
   SortLanguageAware = 0x00000800,
-  SortReverse = 0x00001000,  // the sorted range is reversed
-  SortIgnoreCase =
-      0x00002000,  // in ordinal comparison; language-aware comparison always ignores case (C-107)
+  SortReverse = 0x00001000,           // the sorted range is reversed
+  SortIgnoreCase = 0x00002000,        // for ordinal order; language-aware order always ignores case (C-107)
   SortNaturalNumbers = 0x00008000,    // runs of digits by value, in language-aware comparison only
   SortRemoveDuplicates = 0x00020000,  // only stored and shown by the dialog; has no effect (C-125)
   SortRemoveBlank = 0x00040000,
