@@ -23,7 +23,7 @@ struct FoldRule {
   const std::uint16_t* foldedUnits;
 };
 
-// Keys of bytes end at the first zero byte, which belongs to the key, and are equal to their own beginnings.
+// Keys of bytes end at the first zero byte, which belongs to the key, and are equal to their prefixes.
 struct ByteKeys {
   using Char = char;
   static constexpr unsigned kBits = 8;
@@ -55,8 +55,8 @@ struct ByteKeys {
     return value;
   }
 
-  // Converts A to Z to a to z: the top bit of each byte is computed to be set if the byte is in that range,
-  // and is then moved to the bit of the case.
+  // Converts A to Z to a to z: computes a number with the top bit set in each byte in that range, and shifts
+  // these bits to the position of the bit that makes a letter lower case.
   static std::uint64_t Fold(std::uint64_t bytes) {
     constexpr std::uint64_t kTops = 0x8080808080808080;
     constexpr std::uint64_t kOnes = kTops >> 7;
@@ -67,8 +67,7 @@ struct ByteKeys {
   }
 };
 
-// Keys of 16-bit units are compared to their full length, zeros included, and a key sorts after its own
-// beginnings.
+// Keys of 16-bit units are compared to their full length, zeros included, and a key sorts after its prefixes.
 struct UnitKeys {
   using Char = WCHAR;
   static constexpr unsigned kBits = 16;

@@ -28,14 +28,14 @@ class LineCompare_TextBase {
 };
 
 // Compares bytes as unsigned numbers; ignoring case folds only A to Z. Compares as many bytes as the shorter
-// key has, so a key equals its own beginnings (C-105), and stops at a zero byte (C-106).
+// key has, so a key is equal to each of its prefixes (C-105), and stops at a zero byte (C-106).
 class LineCompare_OrdinalA final : public LineCompare_TextBase<char> {
  public:
   bool Compare(const char* lhs, std::uint32_t lhsLength, const char* rhs, std::uint32_t rhsLength) override;
 };
 
-// Compares 16-bit units with CompareStringOrdinal, which sorts a key after its own beginnings. If the system
-// does not have that function, compares like LineCompare_OrdinalA.
+// Compares 16-bit units with CompareStringOrdinal, which sorts a key after its prefixes. If the system does
+// not have that function, compares like LineCompare_OrdinalA.
 class LineCompare_OrdinalW final : public LineCompare_TextBase<WCHAR> {
  public:
   LineCompare_OrdinalW();

@@ -19,7 +19,7 @@ struct LineRange {
 LineRange MovableRange(const std::vector<SortLine>& lines, const SortLinesOptions& options);
 
 // Sorts the range like std::stable_sort by the rule that the options choose: by numericKey, or by the keys
-// with a comparator. The comparison of bytes is not transitive, since a key equals its own beginnings; even
+// with a comparator. The comparison of bytes is not transitive, since a key is equal to its prefixes; even
 // then the order is exactly that of std::stable_sort. In that case the order depends on the library: both
 // builds use libstdc++, whose merge sort starts with runs of up to seven lines.
 //

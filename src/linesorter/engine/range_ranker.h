@@ -42,7 +42,7 @@ class RangeRanker {
     }
   }
 
-  // Returns true if any key equals the beginning of a longer one.
+  // Returns true if any key is a prefix of a longer one.
   bool HasBeginnings() const { return hasBeginnings_; }
 
  private:
