@@ -59,7 +59,6 @@ struct TextPart {
 // A line is the first part of its own chain.
 struct TextLine : TextPart {
   std::uint32_t fileLength;  // in bytes, without the ending; stays the same when the line is cut
-                             // part is cut
   std::uint8_t endingSize;   // in bytes
   LineEnding ending;
   std::uint8_t removed;  // 1: replaced as one of several lines; neither searched nor written

@@ -21,8 +21,8 @@ using WQDR::TextFormat;
 using WQDR::WQDataReaderException;
 
 // Returns a text in the encoding of a document. Characters that an ANSI code page lacks are replaced by
-// others (C-231). Throws if the conversion of a text fails, since an empty text would delete matches or have
-// another meaning.
+// others (C-231). Throws if the conversion of a text fails, since an empty find or replace text would make
+// changes that were not requested.
 std::string InFormat(const WString& text, TextFormat format) {
   std::string bytes = WQDR::ToCodePage(format == TextFormat::Utf8 ? CP_UTF8 : CP_THREAD_ACP, text);
   if (bytes.empty() && !text.empty()) throw WQDataReaderException(GetLastError(), "Failed to convert text");

@@ -18,7 +18,7 @@ struct FindAndReplaceForm {
   FindAndReplaceOptions options;  // before the dialog
   std::uint32_t fileCount = 0;
   WString startName;  // the target name that keeps all names: the name of a single file, or "*.*"
-  WString suffix;     // inserted in the suggested name of a new file before the extension
+  WString suffix;     // added to the suggested name of a new file before the extension
 
   // The fields. Choices are bits of FindAndReplaceFlag.
   int saveMode = SaveAsNew;

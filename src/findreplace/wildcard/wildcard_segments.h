@@ -1,4 +1,5 @@
-// Matches patterns of ? and *: literals, which have a fixed length, with runs of any characters between them.
+// Matches patterns of ?, * and characters with exact counts: literals, which have a fixed length, with runs
+// of any characters between them.
 //
 // A match starts at the first occurrence of the first literal, since a later start leaves less room for the
 // others. As each run is as long as possible, earlier runs first, the last literal is at its last occurrence,

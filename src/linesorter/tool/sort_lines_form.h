@@ -40,8 +40,7 @@ struct SortLinesForm {
   std::uint32_t fileCount = 0;
   WString firstName;      // the name of the first file
   WString sample;         // the beginning of the first file; its lines end with CR LF
-  WString newFileSuffix;  // inserted in the suggested name of a new file before the extension; empty for
-                          // "_sorted"
+  WString newFileSuffix;  // added to the suggested name of a new file; empty for "_sorted"
 
   // The fields. Choices are bits of SortLinesOption; numbers are the texts of their fields.
   int saveAs = SaveAsNewFile;
