@@ -1,5 +1,5 @@
-// Searches over the text of whole blocks: a text without line ends that is in a block is in one of its lines,
-// so the lines need not be searched one by one.
+// Searches the text of whole blocks. A text without line ends that is found in a block is in one of its
+// lines, so the lines need not be searched one by one.
 #pragma once
 
 #include <algorithm>
@@ -19,7 +19,8 @@ std::uint32_t FileLength(const TextLine& line) {
   return line.fileLength / static_cast<std::uint32_t>(sizeof(CharT));
 }
 
-// Positions of one search only rise. The document must not be loaded anew meanwhile; edits do not matter.
+// Performs one search with ascending positions. The document must not be reloaded during the search; it may
+// be edited.
 template <typename CharT>
 class DocumentSearch {
  public:
@@ -31,8 +32,9 @@ class DocumentSearch {
     span_ = next == spans.begin() ? 0 : static_cast<std::size_t>(next - spans.begin()) - 1;
   }
 
-  // Moves the position to the next place that `find(begin, end)` returns for the stretches of text from there
-  // on. Returns false if there is none. The place may be in a removed line.
+  // Moves the position to the next match. Calls `find(begin, end)` for the texts of the blocks from the
+  // position on; it returns the first match in the text or null. Returns false if there is no match. The
+  // match may be in a removed line.
   template <typename Find>
   bool Next(TextPosition& position, Find&& find) {
     const auto& spans = document_.spans;
@@ -55,7 +57,8 @@ class DocumentSearch {
   }
 
  private:
-  // The line of the current span that a place is in. Most places are near the last one.
+  // Returns the line of the current span that contains `place`. The search starts at line `low`, since most
+  // matches are near the previous one.
   std::uint32_t LineOf(const CharT* place, std::uint32_t low) const {
     const auto& lines = document_.lines;
     const std::uint64_t end =

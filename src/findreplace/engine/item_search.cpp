@@ -18,7 +18,7 @@ bool HasZero(const CharT* text, std::size_t length) {
   return std::char_traits<CharT>::find(text, length, CharT()) != nullptr;
 }
 
-// The first place of the text in one line's stretch of the file, by the rules of FindInLine.
+// Returns the first match in a part of a line by the rules of FindInLine, or null.
 template <typename CharT>
 const CharT* FindInStretch(const CharT* p, const CharT* end, std::basic_string_view<CharT> text,
                            bool ignoreCase) {
@@ -42,11 +42,12 @@ ItemSearch<CharT>::ItemSearch(const TextDocumentT<CharT>& document, std::uint32_
 
 template <typename CharT>
 bool ItemSearch<CharT>::Next(TextPosition position, LineMatch& match) {
-  if (FindLineEndIn(text_) != text_.npos) return false;  // no line holds it (C-210)
+  if (FindLineEndIn(text_) != text_.npos) return false;  // no line contains a line end (C-210)
   return text_.empty() ? NextInLines(position, match) : NextInBlocks(position, match);
 }
 
-// Whether a zero character ends the search before a column is reached (C-203).
+// Returns true if a zero character in [from, column] ends the search before it finds the match at `column`
+// (C-203).
 template <typename CharT>
 bool ItemSearch<CharT>::IsHiddenByZero(const TextLine& line, std::uint32_t from, std::uint32_t column) const {
   return !ignoreCase_ && HasZero(FileText<CharT>(line) + from, column - from + 1);

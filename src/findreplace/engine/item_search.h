@@ -1,7 +1,7 @@
-// The plain search of one text, in a line and through a document.
+// Searches for one text without wildcards, in a line and through a document.
 //
-// All searches read the text of the file, never the text that earlier replacements left (C-201). Lengths and
-// columns are in characters of CharT. CharT is char or WCHAR.
+// All searches read the text of the file, never text that earlier replacements have inserted (C-201). Lengths
+// and columns are in characters of CharT, which is char or WCHAR.
 #pragma once
 
 #include <cstdint>
@@ -14,25 +14,25 @@
 
 namespace QXFindAndReplace {
 
-// Searches `text` in a line from `column` on. A length of 0 measures the text up to its terminator, but the
-// match found has length 0 all the same. A removed line has no match.
+// Searches for `text` in a line, from `column` on. If `length` is 0, the text is zero-terminated, but the
+// match still has the length 0. Finds nothing in a removed line.
 //
-// Case-sensitive: a zero character in the line ends the search (C-203). Ignoring case, for A to Z only
-// (C-204): zeros do not matter, and after a failed comparison the scan goes on after the character that
-// failed, so "aab" is not found in "aaab" (C-202).
+// A case-sensitive search ends at the first zero character in the line (C-203). A search that ignores case,
+// for A to Z only (C-204), does not end at zeros, and after a failed comparison continues after the character
+// that differed, so it does not find "aab" in "aaab" (C-202).
 template <typename CharT>
 bool FindInLine(const TextDocumentT<CharT>& document, LineMatch& match, std::uint32_t line,
                 std::uint32_t column, const CharT* text, std::uint32_t length, bool ignoreCase);
 
-// The same through all lines of a document.
+// Same through all lines of a document.
 template <typename CharT>
 class ItemSearch {
  public:
-  // A length of 0 measures the text up to its terminator; its matches are empty all the same.
+  // If `length` is 0, the text is zero-terminated, but its matches still have the length 0.
   ItemSearch(const TextDocumentT<CharT>& document, std::uint32_t firstLine, const CharT* text,
              std::uint32_t length, bool ignoreCase);
 
-  // Finds the next match at or after a position; positions of one search only rise.
+  // Finds the next match at or after a position. Positions must not decrease from call to call.
   bool Next(TextPosition position, LineMatch& match);
 
  private:

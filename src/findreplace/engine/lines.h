@@ -1,4 +1,4 @@
-// A find or replace text, split into its lines.
+// The lines of a find or replace text.
 #pragma once
 
 #include <cstdint>
@@ -13,20 +13,20 @@ namespace QXFindAndReplace {
 
 using WQDR::LineEnding;
 
-// One line. The text is not terminated: its ending comes after it, and zeros after the last one.
+// One line. Its text is not zero-terminated: it is followed by its ending, and the last line by zeros.
 struct LineItem {
   const char* text;      // in a block of the Lines
-  std::uint32_t length;  // bytes, without the ending
+  std::uint32_t length;  // in bytes
   LineEnding ending;
-  std::uint8_t endingSize;  // bytes
+  std::uint8_t endingSize;  // in bytes
 };
 
-// Split like the lines of a document: a line end at the end of the text begins no further line, an empty text
-// has no lines, a lone CR separates lines.
+// The text is split like a document: a line end at the end of the text does not begin another line, an empty
+// text has no lines, and a lone CR separates lines.
 class Lines {
  public:
-  // CharT is char or WCHAR. Throws what the reader throws, and std::bad_alloc for a line that fills a block
-  // and is longer.
+  // Throws the exceptions of the reader, and std::bad_alloc for a line that does not fit into a block. CharT
+  // is char or WCHAR.
   template <typename CharT>
   static std::shared_ptr<Lines> Load(WQDR::DataReader& reader);
 
@@ -34,7 +34,7 @@ class Lines {
   std::vector<LineItem> items;
 };
 
-// The text of an item in characters.
+// Return the text of an item and its length in characters.
 template <typename CharT>
 const CharT* TextOf(const LineItem& item) {
   return reinterpret_cast<const CharT*>(item.text);

@@ -16,7 +16,7 @@ namespace {
   throw WQDR::WQDataReaderException(ERROR_INVALID_PARAMETER, text);
 }
 
-// The texts are spelled so (C-212).
+// The spelling of the texts is intended (C-212).
 constexpr const char* kTooFewItems = "To few find items. Atleast one must be set";
 constexpr const char* kItemsDoNotMatch = "Find and Replace item do not match";
 constexpr const char* kTooShort = "Find match are too short. Atleast one character need";
@@ -27,7 +27,7 @@ std::shared_ptr<Lines> Split(const CharT* text) {
   return Lines::Load<CharT>(reader);
 }
 
-// The places of the options where the split texts of an encoding are kept.
+// The members of the options that store the lines of both texts in one encoding.
 struct SplitTexts {
   std::shared_ptr<Lines>& find;
   std::shared_ptr<Lines>& replace;
@@ -40,7 +40,7 @@ SplitTexts CacheOf(FindAndReplaceOptions& options, WQDR::TextFormat format) {
   return {options.findLinesAnsi, options.replaceLinesAnsi};
 }
 
-// A run of one mode over a document.
+// Applies one mode to a document.
 template <typename CharT>
 class ModeRun {
  public:
@@ -52,7 +52,7 @@ class ModeRun {
         replace_(replace),
         ignoreCase_((options.flags & IgnoreCase) != 0) {}
 
-  // The first mode that is set, in this order (C-213).
+  // Applies the first mode that is set, in this order (C-213).
   void Run() {
     const std::uint32_t flags = options_.flags;
     if ((flags & ModeMultiline) != 0) return RunMultiline();
@@ -75,7 +75,7 @@ class ModeRun {
 
   static Text Copied(const LineItem& item) { return Text(TextOf<CharT>(item), LengthOf<CharT>(item)); }
 
-  // The first line of the replace text, or the whole of one without lines.
+  // Returns the first line of the replace text, or the whole text if it has no lines.
   Text FirstReplace() { return ReplaceItems().empty() ? Text(replace_) : Copied(ReplaceItems().front()); }
 
   void RunPass(const CharT* find, std::uint32_t findLength, const CharT* replace,
@@ -91,7 +91,7 @@ class ModeRun {
 
   void RunOne() {
     const bool hasFind = !FindItems().empty();
-    // An empty find text with a replace text does nothing and is not an error (C-211).
+    // An empty find text with a replace text has no effect and is not an error (C-211).
     if (!hasFind && !ReplaceItems().empty()) return;
     const Text find = hasFind ? Copied(FindItems().front()) : Text(find_);
     if (find.empty()) ThrowBadTexts(kTooShort);
@@ -100,8 +100,8 @@ class ModeRun {
             static_cast<std::uint32_t>(replace.size()));
   }
 
-  // All passes search the file's text, so an item may find what an earlier one has replaced, and fail
-  // (C-201).
+  // All passes search the text of the file, so an item may match text that an earlier item has replaced; the
+  // pass then fails (C-201).
   void RunMany() {
     const std::vector<LineItem>& finds = FindItems();
     const std::vector<LineItem>& replaces = ReplaceItems();
@@ -121,7 +121,7 @@ class ModeRun {
     }
   }
 
-  // Wildcards have no meaning here (C-228).
+  // Ignores the wildcard option (C-228).
   void RunMultiline() {
     const std::shared_ptr<Lines> find = Split(find_);
     const std::shared_ptr<Lines> replace = Split(replace_);

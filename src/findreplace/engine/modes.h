@@ -1,4 +1,4 @@
-// The four modes: how a find text and a replace text are read, and what is run over a document.
+// The four modes: how they interpret the find and replace texts and process a document.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +8,10 @@
 
 namespace QXFindAndReplace {
 
-// Runs the first mode bit that is set, in the order Multiline, Many, ManySame, One; without one nothing is
-// done. Both texts are zero-terminated and in the document's encoding. Returns the document's changes. Throws
-// as FindAndReplaceInLines and ReplaceRange, and WQDataReaderException, 87, for texts that do not fit the
-// mode.
+// Applies the first mode whose bit is set, in the order Multiline, Many, ManySame, One (C-213); if none is
+// set, does nothing. Both texts must be zero-terminated and in the encoding of the document. Returns the
+// number of changes in the document. Throws the exceptions of FindAndReplaceInLines and ReplaceRange, and
+// WQDataReaderException (87) if the texts do not suit the mode.
 template <typename CharT>
 std::uint32_t ApplyToDocument(TextDocumentT<CharT>& document, FindAndReplaceOptions& options,
                               const CharT* find, const CharT* replace);

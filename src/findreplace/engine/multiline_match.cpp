@@ -39,8 +39,8 @@ bool BeginsWith(const TextLine& line, const LineItem& item, bool ignoreCase) {
                     : EqualText(FileText<CharT>(line), TextOf<CharT>(item), length);
 }
 
-// Returns true if the lines after a match of the first item hold the others, and extends the range to their
-// end.
+// Returns true if the lines after a match of the first item contain the other items, and extends the range of
+// the match to their end.
 template <typename CharT>
 bool ExtendMatch(const TextDocumentT<CharT>& document, LineMatch& match, const Lines& findLines,
                  bool ignoreCase) {

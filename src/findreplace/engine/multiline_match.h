@@ -1,5 +1,4 @@
-// Matches of consecutive lines: the mode Multiline. How they are found, and how one is confirmed and
-// replaced.
+// The mode Multiline: searches for consecutive lines, asks about a match and replaces it.
 #pragma once
 
 #include "findreplace/engine/find_and_replace_callback.h"
@@ -8,15 +7,15 @@
 
 namespace QXFindAndReplace {
 
-// Searches consecutive lines that hold the items of `findLines`, from a position on. The first item may be
-// anywhere in its line and need not reach the line's end (C-221); the last one begins its line. The last two
-// of the middle lines are not compared (C-222).
+// Searches for consecutive lines that contain the items of `findLines`, from a position on. The first item
+// may be anywhere in its line and need not extend to its end (C-221); the last item must be at the beginning
+// of its line. The last two of the middle lines are not compared (C-222).
 template <typename CharT>
 void FindMultilineMatch(const TextDocumentT<CharT>& document, LineMatch& match, const Lines& findLines,
                         const TextPosition& startPosition, bool ignoreCase);
 
-// Asks about a range of lines, unless replaceAll is set, and replaces it. Returns false if the user
-// cancelled.
+// Replaces a range of lines. First asks the user, unless the document's replaceAll is set. Returns false if
+// the user has cancelled.
 template <typename CharT>
 bool ConfirmAndReplaceRange(TextDocumentT<CharT>& document, IFindAndReplaceCallback& callback,
                             const TextRange& range, const Lines& replaceLines);

@@ -10,9 +10,9 @@ namespace QXFindAndReplace {
 
 namespace {
 
-// A text with a line end in it matches no line: it is only judged. In a list each text (C-209) goes on
-// through all that follow, so most of it has been judged before; then its own beginning is what is left to
-// judge.
+// Checks whether a text that contains a line end is a valid pattern; it cannot match any line. Each text of a
+// list extends to the end of the list (C-209), so most of it has already been checked with the previous text,
+// and only its first line remains to be checked.
 template <typename CharT>
 void JudgeListText(TextDocumentT<CharT>& document, std::basic_string_view<CharT> find, std::size_t lineEnd,
                    bool ignoreCase) {
@@ -21,7 +21,7 @@ void JudgeListText(TextDocumentT<CharT>& document, std::basic_string_view<CharT>
   if (!isJudged) document.judgedList = find;
 }
 
-// Returns the pattern of a text; null if it cannot match.
+// Returns the pattern of a text, or null if it cannot match any line.
 template <typename CharT>
 WildcardPattern<CharT>* CompiledPattern(TextDocumentT<CharT>& document, const CharT* text, bool ignoreCase) {
   const std::basic_string_view<CharT> find(text);
@@ -54,7 +54,7 @@ bool PatternSearch<CharT>::Next(TextPosition position, LineMatch& match) {
     if (pattern_ && !MoveToRequired(position)) return false;
     const TextLine& line = document_.lines[position.line];
     if (line.removed != 0) continue;
-    // A pattern is compiled when the first line is searched.
+    // The pattern is compiled only if there is a line to search.
     if (!pattern_) pattern_ = CompiledPattern(document_, text_, ignoreCase_);
     if (!pattern_) return false;
     if (MatchPattern(*pattern_, line, position, match)) return true;
@@ -62,7 +62,8 @@ bool PatternSearch<CharT>::Next(TextPosition position, LineMatch& match) {
   return false;
 }
 
-// Moves to the next line that holds the required text after the position, if that is a later line.
+// Moves to the next line that contains the required text at or after the position, if that is a later line.
+// Returns false if there is no such line.
 template <typename CharT>
 bool PatternSearch<CharT>::MoveToRequired(TextPosition& position) {
   const WildcardLiteral<CharT>& required = pattern_->Required();

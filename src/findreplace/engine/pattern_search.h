@@ -1,4 +1,4 @@
-// The search with wildcards, in a line and through a document.
+// Searches with wildcards, in a line and through a document.
 #pragma once
 
 #include <cstdint>
@@ -8,23 +8,22 @@
 
 namespace QXFindAndReplace {
 
-// Searches a zero-terminated text with ? and * in a line from `column` on. The pattern is compiled when it is
-// first needed and kept in the document. Throws std::regex_error for a pattern that is not valid.
+// Searches for a zero-terminated text with ? and * in a line, from `column` on. The pattern is compiled at
+// its first use and stored in the document. Throws std::regex_error if the pattern is not valid.
 template <typename CharT>
 bool FindRegexInLine(TextDocumentT<CharT>& document, LineMatch& match, std::uint32_t line,
                      std::uint32_t column, const CharT* text, bool ignoreCase);
 
-// The same through all lines of a document. Lines without the longest text that every match holds are
-// skipped.
+// Same through all lines of a document. Skips lines that do not contain the required text of the pattern.
 template <typename CharT>
 class PatternSearch {
  public:
-  // The text is zero-terminated.
+  // `text` must be zero-terminated.
   PatternSearch(TextDocumentT<CharT>& document, const CharT* text, bool ignoreCase)
       : document_(document), search_(document, 0), text_(text), ignoreCase_(ignoreCase) {}
 
-  // Finds the next match at or after a position; positions of one search only rise. Throws as
-  // FindRegexInLine.
+  // Finds the next match at or after a position. Positions must not decrease from call to call. Throws the
+  // exceptions of FindRegexInLine.
   bool Next(TextPosition position, LineMatch& match);
 
  private:

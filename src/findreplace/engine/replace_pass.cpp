@@ -10,7 +10,7 @@ namespace QXFindAndReplace {
 
 namespace {
 
-// Takes each match of a search as it comes.
+// Asks about and replaces each match of a search as it is found.
 template <typename CharT>
 class ReplacePass {
  public:
@@ -22,7 +22,7 @@ class ReplacePass {
   void Run(Search&& search) {
     TextPosition position = {};
     for (LineMatch match; search.Next(position, match); position = match.range.end) {
-      // Behind an empty match the search would find it again, for ever.
+      // After an empty match the search would find the same match again (C-208).
       if (match.range.start.column == match.range.end.column) ThrowNoPart();
       if (IsWanted(match.range)) Replace(match.range);
     }

@@ -1,4 +1,4 @@
-// Memory for texts that live as long as their document.
+// Memory for texts that exist as long as their document.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@ namespace QXFindAndReplace {
 
 class TextArena {
  public:
-  // Returns a copy of `size` bytes with `spare` zero bytes after it, aligned for 16-bit characters. Valid as
-  // long as the arena. Throws std::bad_alloc.
+  // Returns a copy of `size` bytes, followed by at least `spare` zero bytes and aligned for 16-bit
+  // characters. The copy is valid during the lifetime of the arena. Throws std::bad_alloc.
   const char* Copy(const void* text, std::size_t size, std::size_t spare);
 
  private:

@@ -1,9 +1,9 @@
-// One text file in memory while its text is replaced.
+// A text file in memory while its text is replaced.
 //
-// The bytes of the file stay in blocks as they were read and are never moved, rewritten or transcoded; a byte
-// order mark is ordinary text of the first line. Each line is a chain of parts: the first part is the line
-// itself, and a replacement cuts a part in two and links an inserted part between the halves. Searches read
-// the text of the line in the file; only the writers follow the chains.
+// The bytes of the file are stored in blocks as they were read and are never moved, changed or transcoded; a
+// byte order mark is ordinary text of the first line. Each line is a chain of parts. Its first part is the
+// line itself; a replacement cuts a part in two and links a part with the inserted text between the halves.
+// Searches read the text of the line in the file; only the writers follow the chains.
 //
 // A line before and after two edits:
 //
@@ -17,15 +17,15 @@
 //                  vf
 //
 // [ ] is text of the file, which points into a block: [a] is the line, [def] and [d] begin at column 3, []
-// and [f] at 5. ( ) is inserted text. => goes to an inserted line (lineFollows): the line ends before it. The
-// empty part is where the line was cut for the second line of the replacement.
+// and [f] at 5. ( ) is inserted text. => leads to an inserted line (lineFollows): the line ends before it.
+// The empty part is where the line was cut to insert the second line of the replacement.
 //
-// text_document_loader makes documents, text_document_edit.cpp has the edits, text_document_write.cpp the
-// writers, item_search, pattern_search and multiline_match the searches.
+// text_document_loader creates documents, text_document_edit.cpp contains the edits, text_document_write.cpp
+// the writers, and item_search, pattern_search and multiline_match the searches.
 //
 // CharT is char for ANSI and UTF-8 files and WCHAR for UTF-16 files. Lines and columns count from 0, columns
-// in characters of CharT (bytes, or 16-bit units). After an operation that has thrown, the document must not
-// be written. A document belongs to one thread and one pass.
+// in characters of CharT (bytes, or 16-bit units). If an operation has thrown an exception, the document must
+// not be written. A document is used by one thread at a time.
 #pragma once
 
 #include <cstdint>
@@ -46,20 +46,20 @@ namespace QXFindAndReplace {
 
 enum PartKind : std::uint8_t { kFileText = 0, kInsertedText = 1 };
 
-// A stretch of text.
+// A part of a line's text.
 struct TextPart {
   std::uint8_t kind;           // PartKind
   std::uint8_t lineFollows;    // 1: `next` is an inserted TextLine, not a further part of this line
-  std::uint32_t originOffset;  // of a part that was cut off: its first byte's offset in the line's file text
-  std::uint32_t length;        // bytes
+  std::uint32_t originOffset;  // if cut off: the offset of its first byte in the line's file text
+  std::uint32_t length;        // in bytes
   const char* text;            // not owned
   TextPart* next;              // a TextPart or TextLine of the chain, or null
 };
 
 // A line is the first part of its own chain.
 struct TextLine : TextPart {
-  std::uint32_t fileLength;  // bytes of the line in the file, without its ending; stays when the part is cut
-  std::uint8_t endingSize;   // bytes of the ending in the file
+  std::uint32_t fileLength;  // in bytes, without the ending; stays the same when the line is cut
+  std::uint8_t endingSize;   // in bytes
   LineEnding ending;
   std::uint8_t removed;  // 1: replaced as one of several lines; neither searched nor written
 };
@@ -69,13 +69,13 @@ struct TextPosition {
   std::uint32_t column;
 };
 
-// The end column is one after the last character.
+// The end column is that after the last character.
 struct TextRange {
   TextPosition start;
   TextPosition end;
 };
 
-// The match in a context text, in characters.
+// The range of the match in a context text, in characters.
 struct Highlight {
   std::uint32_t start;
   std::uint32_t end;
@@ -88,54 +88,54 @@ class TextDocumentT {
   TextDocumentT(const TextDocumentT&) = delete;
   TextDocumentT& operator=(const TextDocumentT&) = delete;
 
-  // Replaces the columns from `startColumn` to `endColumn` of a line's file text by `length` characters of
-  // `text`, which are copied. Returns true. Throws WQDataReaderException, 87, "Text part not found", if the
-  // stretch begins in text that has been replaced or at the end of the line, or ends after the part that it
-  // begins in. Throws std::out_of_range for a line that does not exist.
+  // Replaces the columns from `startColumn` to `endColumn` of a line's file text by a copy of `length`
+  // characters of `text`. Returns true. Throws WQDataReaderException (87, "Text part not found") if the range
+  // begins in text that has been replaced or at the end of the line, or extends beyond the part in which it
+  // begins. Throws std::out_of_range if the line does not exist.
   bool ReplaceInLine(std::uint32_t line, std::uint32_t startColumn, std::uint32_t endColumn,
                      const CharT* text, std::uint32_t length);
 
-  // Replaces a range, of one line or of several, by the lines of `replacement`, and counts it as one change.
-  // Throws as ReplaceInLine; std::out_of_range, "invalid vector<T> subscript", for a replacement without
-  // lines (C-227) or a start line that does not exist; WQDataReaderException, 87, "Line index out of range",
-  // for such an end line.
+  // Replaces a range in one line or over several lines by the lines of `replacement`, which counts as one
+  // change. Throws the exceptions of ReplaceInLine; std::out_of_range, "invalid vector<T> subscript", if the
+  // replacement has no lines (C-227) or the start line does not exist; and WQDataReaderException, 87, "Line
+  // index out of range", if the end line does not exist.
   void ReplaceRange(const TextRange& range, const Lines& replacement);
 
-  // Writes the text with all edits, and the writer's line ending after each line that has one. Returns the
-  // number of bytes written. Throws what the writer throws.
+  // Writes the text with all edits, and the writer's line ending after each line that has an ending. Returns
+  // the number of bytes written. Throws the exceptions of the writer.
   std::uint64_t WriteLines(WQDR::DataWriter& writer) const;
 
-  // Returns the text around a range with all edits: its lines, one before and one after, each with `ending`
-  // (LineEnding::Inserted for that of GetEndingForOutput), zero-terminated. The highlight is 0, 0 if the
-  // range is not in a single part.
+  // Returns the text around a range with all edits, zero-terminated: the lines of the range, the one before
+  // and the one after, each with `ending` (LineEnding::Inserted for that of GetEndingForOutput). The
+  // highlight is 0, 0 if the range, or what it covers of its first or last line, is not in a single part.
   std::unique_ptr<CharT[]> GetContextText(const TextRange& range, Highlight& highlight,
                                           LineEnding ending) const;
 
   std::uint32_t GetLineCount() const { return static_cast<std::uint32_t>(lines.size()); }
 
-  // The ending of the whole output: that of the first line with one, or LF (C-229).
+  // Returns the ending for the whole output: that of the first line with an ending, or LF (C-229).
   LineEnding GetEndingForOutput() const;
 
-  std::vector<WQDR::TextBlock> blocks;  // the file
+  std::vector<WQDR::TextBlock> blocks;  // the bytes of the file
   std::vector<TextLine> lines;          // in file order
   WQDR::TextFormat format = WQDR::TextFormat::Ansi;
-  bool replaceAll = false;        // the user wants no more questions for this file
-  std::uint32_t changeCount = 0;  // replacements made
+  bool replaceAll = false;        // no more questions about matches in this file
+  std::uint32_t changeCount = 0;  // the number of replacements made
   std::deque<TextPart> parts;
   std::deque<TextLine> insertedLines;
   TextArena insertedTexts;
   std::vector<RegexCacheEntry<CharT>> regexCache;  // compiled patterns, in order of creation
-  std::basic_string<CharT> judgedList;  // the longest text of a list that was found to be a pattern
+  std::basic_string<CharT> judgedList;  // the longest text of a list that was found to be a valid pattern
 
-  // The lines of one block, whose text a search may read as one stretch.
+  // The lines of one block, whose text can be searched as a whole.
   struct BlockSpan {
     std::uint32_t firstLine;
     std::size_t block;  // in `blocks`
-    const CharT* end;   // of the last line's text
+    const CharT* end;   // the end of the last line's text
   };
   std::vector<BlockSpan> spans;
 
-  // The odd byte at the end of a 16-bit file. No search sees it; it is written back after the text (C-230).
+  // The odd byte at the end of a 16-bit file, which is not searched and is written after the text (C-230).
   std::optional<char> byteApart;
 
  private:
@@ -146,13 +146,14 @@ class TextDocumentT {
   TextPart& AppendLines(TextPart& part, const Lines& replacement, std::size_t first, std::size_t end);
   void InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement);
 
-  // The part after the last cut. The edits of a pass go from left to right, and the file's parts of a chain
-  // rise, so the next edit need not follow the chain from its head. Null before the first cut.
+  // The part after the last cut, or null before the first cut. A pass edits a line from left to right, and
+  // the file texts in a chain are in ascending order, so the next edit can start at this part instead of the
+  // beginning of the chain.
   TextPart* lastTail_ = nullptr;
   const TextLine* lastTailLine_ = nullptr;
 };
 
-// The characters of an ending, zero-terminated; empty unless it is Cr, Lf or CrLf.
+// Returns the characters of an ending, zero-terminated; an empty text unless the ending is Cr, Lf or CrLf.
 template <typename CharT>
 const CharT* EndingText(LineEnding ending);
 

@@ -1,4 +1,4 @@
-// The edits of a document: how a replacement cuts the parts of a line.
+// The edits of a document, which cut the parts of a line.
 #include <cstring>
 #include <stdexcept>
 
@@ -18,14 +18,14 @@ TextPart& LastPart(TextPart* part) {
 
 }  // namespace
 
-// Returns the part from which the search for the part at an address may begin.
+// Returns the part at which to start the search for the part that contains an address.
 template <typename CharT>
 TextPart* TextDocumentT<CharT>::FirstPartAt(TextLine& line, const char* address) {
   const bool isAfterTail = lastTail_ && lastTailLine_ == &line && lastTail_->text <= address;
   return isAfterTail ? lastTail_ : &line;
 }
 
-// Throws for an address in text that has been replaced, which no part holds.
+// Returns the part that contains an address. Throws if the address is in text that has been replaced.
 template <typename CharT>
 TextPart& TextDocumentT<CharT>::FindPart(TextLine& line, const char* address) {
   for (TextPart* part = FirstPartAt(line, address); part; part = part->next) {
@@ -35,8 +35,8 @@ TextPart& TextDocumentT<CharT>::FindPart(TextLine& line, const char* address) {
   ThrowNoPart();
 }
 
-// Ends the part after `length` bytes and links a new part after it for its rest from `tailText` on. What
-// followed the part follows the new one.
+// Ends the part after `length` bytes and links a new part after it, which contains the text of the part from
+// `tailText` on.
 template <typename CharT>
 TextPart& TextDocumentT<CharT>::Cut(TextLine& line, TextPart& part, std::uint32_t length,
                                     const char* tailText) {
@@ -65,9 +65,9 @@ bool TextDocumentT<CharT>::ReplaceInLine(std::uint32_t lineNumber, std::uint32_t
   const std::uint64_t end = std::uint64_t{endColumn} * sizeof(CharT);
   if (start >= line.fileLength) ThrowNoPart();
   TextPart& part = FindPart(line, line.text + start);
-  // The subtraction is reversed. It holds for an empty text in place of an empty stretch, and for a stretch
-  // that ends before it begins by as much as the text is long; nothing changes then. A text as long as its
-  // stretch is replaced like any other (C-226).
+  // The end is subtracted from the start (C-226). So nothing is replaced if both the text and the range are
+  // empty, or if the range ends before it starts by the length of the text; a text of the same length as its
+  // range is replaced like any other.
   if (length * static_cast<std::uint32_t>(sizeof(CharT)) == static_cast<std::uint32_t>(start - end))
     return true;
   const auto offset = static_cast<std::uint32_t>(line.text + start - part.text);
@@ -75,7 +75,7 @@ bool TextDocumentT<CharT>::ReplaceInLine(std::uint32_t lineNumber, std::uint32_t
 
   const std::size_t bytes = std::size_t{length} * sizeof(CharT);
   const char* const copy = insertedTexts.Copy(text, bytes, 2);
-  // If the part is followed by an inserted line, the new text is not linked (C-225).
+  // If an inserted line follows the part, the new text is not linked (C-225).
   const bool isLinked = part.lineFollows == 0;
   TextPart& tail = Cut(line, part, offset, line.text + end);
   if (!isLinked) return true;
@@ -99,7 +99,7 @@ TextLine& TextDocumentT<CharT>::NewInsertedLine(const LineItem& item) {
   return line;
 }
 
-// Links new lines for the items [first, end) after a part, and returns the last one.
+// Creates lines for the items [first, end) and links them after a part. Returns the last line.
 template <typename CharT>
 TextPart& TextDocumentT<CharT>::AppendLines(TextPart& part, const Lines& replacement, std::size_t first,
                                             std::size_t end) {
@@ -113,12 +113,12 @@ TextPart& TextDocumentT<CharT>::AppendLines(TextPart& part, const Lines& replace
   return *last;
 }
 
-// Inserts all lines of a replacement but the first, at an offset of a line's file text. The text after the
-// offset follows a single inserted line; with several it is lost (C-224).
+// Inserts all lines of a replacement except the first at an offset of a line's file text. With one inserted
+// line, the text after the offset follows it; with several, that text is lost (C-224).
 template <typename CharT>
 void TextDocumentT<CharT>::InsertLinesAt(TextLine& line, std::uint32_t offset, const Lines& replacement) {
   const char* const address = line.text + offset;
-  // The tail of a match that ends at its line's end is empty, and holds the end all the same.
+  // If a match ends at the end of its line, the tail is empty but still is the part at the end.
   const bool isAtTail = lastTail_ && lastTailLine_ == &line && lastTail_->text == address &&
                         (lastTail_->length != 0 || offset == line.fileLength);
   TextPart& part = isAtTail ? *lastTail_ : FindPart(line, address);
@@ -154,10 +154,10 @@ void TextDocumentT<CharT>::ReplaceRange(const TextRange& range, const Lines& rep
   }
   for (std::uint32_t number = range.start.line + 1; number < range.end.line; ++number)
     lines[number].removed = 1;
-  // Within one line this repeats lines that are there already (C-224).
+  // In a single line this inserts lines again that have been inserted already (C-224).
   if (count > 2)
     AppendLines(LastPart(FirstPartAt(line, line.text + line.fileLength)), replacement, 1, count - 1);
-  // A replacement of one line leaves the beginning of the end line as it is (C-223).
+  // If the replacement is a single line, the beginning of the end line remains (C-223).
   if (spansLines && count > 1) isChanged = replace(range.end.line, 0, range.end.column, items.back());
   if (isChanged) ++changeCount;
 }

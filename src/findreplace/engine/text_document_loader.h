@@ -1,4 +1,4 @@
-// From a reader's bytes to a text document.
+// Loads a text document from a reader.
 #pragma once
 
 #include <memory>
@@ -9,11 +9,11 @@
 namespace QXFindAndReplace {
 
 struct TextDocumentLoader {
-  // Bytes of a block. A line must fit into one.
+  // The size of a block in bytes. A line must fit into one block.
   std::uint32_t blockSize = 32768;
 
-  // Reads the whole source. Throws what the reader throws, and std::bad_alloc at once for a line that fills a
-  // block and is longer.
+  // Reads the whole source. Throws the exceptions of the reader, and std::bad_alloc for a line that does not
+  // fit into a block.
   template <typename CharT>
   std::shared_ptr<TextDocumentT<CharT>> Load(WQDR::DataReader& reader, WQDR::TextFormat format) const;
 };

@@ -1,4 +1,4 @@
-// Writes the text of a document: to its file, and to the question about a match.
+// Writes the text of a document to its file, and the context of a match for a question.
 #include <algorithm>
 #include <cstring>
 
@@ -8,10 +8,10 @@ namespace QXFindAndReplace {
 
 namespace {
 
-// The bytes of one call of the writer.
+// The number of bytes passed to the writer at a time.
 constexpr std::size_t kOutputBytes = 128 * 1024;
 
-// Gathers what is written, so that the writer is called for large blocks.
+// Collects the output, so that the writer is called with large blocks.
 class Output {
  public:
   explicit Output(WQDR::DataWriter& writer)
@@ -43,7 +43,8 @@ class Output {
   std::uint64_t written_ = 0;
 };
 
-// Visits the parts of a line and of the lines inserted after it in their order, and the place of each ending.
+// Calls `onPart` for the parts of a line and of the lines inserted after it, in order, and `onEnding` at the
+// position of each ending.
 template <typename OnPart, typename OnEnding>
 void WalkLine(const TextLine& first, OnPart&& onPart, OnEnding&& onEnding) {
   for (const TextLine* line = &first; line;) {
@@ -61,13 +62,13 @@ void WalkLine(const TextLine& first, OnPart&& onPart, OnEnding&& onEnding) {
 
 bool IsAsInFile(const TextLine& line) { return !line.next && line.removed == 0; }
 
-// A match of a line in a context text, in bytes of the line's file text.
+// A range in the file text of a line, in bytes.
 struct Stretch {
   std::uint64_t start;
   std::uint64_t end;
 };
 
-// Finds the place of a stretch of a line in a text that is being written, in bytes.
+// Finds the offset of a range of a line in a text that is being written, in bytes.
 struct StretchFinder {
   Stretch stretch;
   std::optional<std::uint64_t> offset;
@@ -122,8 +123,7 @@ std::uint64_t TextDocumentT<CharT>::WriteLines(WQDR::DataWriter& writer) const {
   };
   const bool keepsLf = isOutputEnding(LineEnding::Lf);
   const bool keepsCrLf = isOutputEnding(LineEnding::CrLf);
-  // Lines as they are in the file, with the ending that they are to have, go out as one stretch of their
-  // block.
+  // Adjacent unchanged lines whose endings need no change are written together, directly from their block.
   const char* stretch = nullptr;
   const char* stretchEnd = nullptr;
   const auto addStretch = [&] {

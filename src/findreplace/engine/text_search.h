@@ -1,6 +1,4 @@
-// Comparisons of characters that ignore case, and the scan that does.
-//
-// CharT is char or WCHAR.
+// Comparisons of texts, and a search that ignores case.
 #pragma once
 
 #include <bit>
@@ -15,7 +13,7 @@
 
 namespace QXFindAndReplace {
 
-// Returns the place of the first CR or LF of a text; npos if it has none.
+// Returns the position of the first CR or LF in a text, or npos if there is none.
 template <typename CharT>
 std::size_t FindLineEndIn(std::basic_string_view<CharT> text) {
   static constexpr CharT kLineEnds[] = {'\r', '\n', 0};
@@ -26,7 +24,7 @@ template <typename CharT>
 bool EqualText(const CharT* a, const CharT* b, std::size_t length) {
   return std::char_traits<CharT>::compare(a, b, length) == 0;
 }
-// Both cases of a letter of A to Z count as one character; all others are different ones (C-204).
+// Compares without regard to the case of A to Z only (C-204).
 template <typename CharT>
 bool EqualIgnoringCase(const CharT* a, const CharT* b, std::size_t length) {
   for (std::size_t i = 0; i < length; ++i) {
@@ -35,8 +33,8 @@ bool EqualIgnoringCase(const CharT* a, const CharT* b, std::size_t length) {
   return true;
 }
 
-// Returns the first place of a character, in either case, or `end`. Reads whole vectors, and so up to 15
-// bytes after `end`, which belong to the block.
+// Returns the first occurrence of a character in either case, or `end`. Reads whole vectors, so up to 15
+// bytes after `end`, where the block has guard bytes.
 template <typename CharT>
 const CharT* FindCharIgnoringCase(const CharT* p, const CharT* end, CharT c) {
 #if QX_SSE2
@@ -66,9 +64,9 @@ const CharT* FindCharIgnoringCase(const CharT* p, const CharT* end, CharT c) {
   return end;
 }
 
-// The scan that ignores case. After a failed comparison it goes on after the character that failed, and not
-// after the start of the comparison, so "aab" is not found in "aaab" (C-202). `text` has at least one
-// character.
+// Searches for a text ignoring case and returns the match or null. After a failed comparison continues after
+// the character that differed, not after the start of the comparison, so it does not find "aab" in "aaab"
+// (C-202). `text` must not be empty.
 template <typename CharT>
 const CharT* ScanIgnoringCase(const CharT* p, const CharT* end, const CharT* text, std::size_t length) {
   for (;;) {

@@ -20,9 +20,9 @@ namespace {
 using WQDR::TextFormat;
 using WQDR::WQDataReaderException;
 
-// Returns a text in the bytes of a document. Characters that an ANSI code page lacks become others there
-// (C-231). Throws if nothing is left of a text, since an empty one would find or delete what nobody asked
-// for.
+// Returns a text in the encoding of a document. Characters that an ANSI code page lacks are replaced by
+// others (C-231). Throws if the conversion of a text fails, since an empty find or replace text would make
+// changes that were not requested.
 std::string InFormat(const WString& text, TextFormat format) {
   std::string bytes = WQDR::ToCodePage(format == TextFormat::Utf8 ? CP_UTF8 : CP_THREAD_ACP, text);
   if (bytes.empty() && !text.empty()) throw WQDataReaderException(GetLastError(), "Failed to convert text");
@@ -39,13 +39,13 @@ void Replace(TextDocumentT<WCHAR>& document, FindAndReplaceOptions& options) {
   ApplyToDocument<WCHAR>(document, options, options.find.c_str(), options.replace.c_str());
 }
 
-// Writes the target by the save mode. An old target is moved away, and the new one made, with the first
-// bytes: what needs memory before them has it before the old one goes.
+// Writes the target by the save mode. Moves an existing target away and creates the new one at the first
+// write, so that an allocation that fails before leaves the existing target in place.
 class TargetWriter final : public WQDR::DataWriter {
  public:
   TargetWriter(const WString& target, std::uint32_t flags) : target_(target), flags_(flags) {}
 
-  // Makes the target now, for a text without a byte.
+  // Creates the target if it has not been created yet. Needed for a text without any bytes.
   void Open() {
     if (isOpen_) return;
     const bool mayOverwrite = Has(SaveAsNew) && Has(OverwriteTarget);
@@ -62,8 +62,9 @@ class TargetWriter final : public WQDR::DataWriter {
     file_.Write(data, size, written);
   }
 
-  // Once all is written. If the target did not exist, MoveToBackup returned the target's own path (C-011) and
-  // moved nothing, so the file just written stays, unlike in the sorter (C-131).
+  // Deletes the backup after all has been written. If the target did not exist, MoveToBackup has stored the
+  // target's own path (C-011) and moved nothing, so the file that was just written is not deleted, unlike in
+  // the sorter (C-131).
   void DropBackup() {
     if (hasMoved_ && Has(ReplaceFile)) DeleteBackup(backup_);
   }
@@ -95,7 +96,7 @@ std::int64_t ApplyToText(const WString& source, const WString& target, FindAndRe
   const auto document = TextDocumentLoader().Load<CharT>(reader, format);
   Replace(*document, options);
   reader.Close();
-  // Asked before the changes are counted: a cancelled Multiline run counts as one change (C-233).
+  // Checked before the number of changes, since a cancelled Multiline run counts as one change (C-233).
   if (options.callback && options.callback->IsCancelled()) return 1;
   if (document->changeCount == 0) return 0;
   WriteTarget(*document, target, options.flags);
@@ -120,8 +121,8 @@ std::int64_t ApplyToAnyFile(const WString& source, const WString& target, FindAn
   }
 }
 
-// Hands a failure to the callback. A report for which no memory is left is lost; the result tells all the
-// same.
+// Reports a failure to the callback. If there is no memory for the report it is lost, but the result of the
+// run still shows the failure.
 void ReportFailure(IFindAndReplaceCallback* callback, const char* text, DWORD code) {
   if (!callback) return;
   try {

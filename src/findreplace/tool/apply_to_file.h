@@ -1,4 +1,4 @@
-// Find and replace in one file.
+// Replaces text in one file.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +8,14 @@
 
 namespace QXFindAndReplace {
 
-// Results of ApplyToFile; others are the number of replacements that were made and written (in Multiline 1 as
-// well when the user cancelled). 0: nothing was replaced, and nothing written.
-constexpr std::int64_t kFailed = -1;      // the error has been reported through the callback
-constexpr std::int64_t kCancelled = -99;  // by the user
+// Special results of ApplyToFile.
+constexpr std::int64_t kFailed = -1;      // the error has been reported to the callback
+constexpr std::int64_t kCancelled = -99;  // the user has cancelled the run
 
-// Reads `source`, replaces, and writes `target` by the save mode of the options; both may be one file. Throws
-// nothing: errors go to the callback, if there is one.
+// Reads `source`, replaces its text, and writes `target` by the save mode of the options; both may be the
+// same file. Returns the number of replacements, kFailed or kCancelled. If nothing was replaced, returns 0
+// and writes nothing; a Multiline run that the user has cancelled returns 1 and writes nothing (C-233). Does
+// not throw; reports errors to the callback, if there is one.
 std::int64_t ApplyToFile(const WString& source, const WString& target, FindAndReplaceOptions& options);
 
 }  // namespace QXFindAndReplace

@@ -8,11 +8,11 @@
 
 namespace QXFindAndReplace {
 
-// Shows the dialog, modally, over the active window or else the host's; the answer is in form.result. In the
-// native build the form goes to whoever answers dialogs there.
+// Shows the modal dialog, owned by DialogOwner, and stores the user's answer in form.result. In the native
+// build the form is passed to Platform::AskForm.
 void ShowConfirmReplaceDlg(Velmora::SDK::IHostApp& host, ConfirmReplaceForm& form);
 
-// How the callback asks for the dialog, so that a test can answer by editing the form.
+// The function with which the callback shows the dialog. Tests replace it by one that edits the form.
 using ConfirmReplaceDialog = std::function<void(Velmora::SDK::IHostApp&, ConfirmReplaceForm&)>;
 
 }  // namespace QXFindAndReplace

@@ -1,6 +1,6 @@
-// Numbers of the controls of the dialog that asks about a match, for the code and for the resource script
-// alike. Others find the controls by them, so they stay as they are. The answer Replace is IDOK, and Cancel
-// is IDCANCEL.
+// The numbers of the controls of the dialog that asks about a match, for the code and the resource script.
+// Other programs find the controls by these numbers, so they must not change. Replace is IDOK, and Cancel is
+// IDCANCEL.
 #pragma once
 
 #define QX_CONFIRM_SWITCH 1042

@@ -1,5 +1,5 @@
-// The dialog that asks about a match where there are no windows: its form goes to whoever answers dialogs. OK
-// gives the answer of the field `result`, which begins as Replace; without OK the answer is Cancel.
+// The dialog that asks about a match in the native build: passes its form to Platform::AskForm. After OK the
+// answer is that of the field `result`, which is Replace at first; otherwise it is Cancel.
 #include "findreplace/tool/confirm_replace_dlg.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"
@@ -20,7 +20,7 @@ constexpr Platform::ChoiceWord kResultWords[] = {
     {NumberOf(ConfirmResult::Cancel), W("cancel")},
 };
 
-// The switch between the views, where there is one.
+// The field that switches between the views. Disabled if the user cannot switch.
 Platform::FormField ViewField(ConfirmReplaceForm& form) {
   Platform::FormField field = Platform::FlagField("rawShown", form.rawShown);
   if (CanSwitchView(form)) return field;

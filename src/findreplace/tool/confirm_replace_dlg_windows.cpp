@@ -67,7 +67,7 @@ class ConfirmReplaceDlg : public Ui::Dialog {
   void OnOk() override { Answer(ConfirmResult::Replace); }
   void OnCancel() override { Answer(ConfirmResult::Cancel); }
 
-  // The read-only fields are drawn as ordinary ones.
+  // Draws the read-only fields in the colours of editable ones.
   HBRUSH OnColorStatic(int control, HDC dc) override {
     if (control != QX_CONFIRM_CONTEXT && control != QX_CONFIRM_REPLACEMENT) return nullptr;
     SetTextColor(dc, textColor_);
@@ -91,7 +91,7 @@ class ConfirmReplaceDlg : public Ui::Dialog {
     Ui::SetText(Control(QX_CONFIRM_REPLACEMENT), EditText(ShownReplacement(form_)));
   }
 
-  // The selection shows the match. It is made once, since the offsets are those of the raw text (C-239).
+  // Selects the match. Called only once, because the offsets are those of the raw text (C-239).
   void SelectMatch() {
     const HWND context = Control(QX_CONFIRM_CONTEXT);
     Ui::KeepSelection(context);

@@ -9,7 +9,8 @@ namespace QXFindAndReplace {
 
 namespace {
 
-// A raw text has been made of the file's bytes by the same code page, so these are the bytes again.
+// The raw text was converted from the bytes of the file with the same code page, so the conversion back
+// restores these bytes.
 WString Shown(const ConfirmReplaceForm& form, const WString& text) {
   if (form.rawShown) return text;
   return WQDR::FromCodePage(CP_UTF8, WQDR::ToCodePage(CP_THREAD_ACP, text));

@@ -1,4 +1,4 @@
-// The question whether a match is to be replaced: what its dialog shows.
+// The form of the dialog that asks whether to replace a match.
 #pragma once
 
 #include "findreplace/engine/find_and_replace_callback.h"
@@ -7,27 +7,28 @@
 namespace QXFindAndReplace {
 
 struct ConfirmReplaceForm {
-  // The answer. It stands as it is where the dialog cannot be shown: what nobody was asked about is left.
+  // The user's answer. Remains Skip if the dialog cannot be shown, so that nothing is replaced without
+  // confirmation.
   ConfirmResult result = ConfirmResult::Skip;
 
-  Highlight highlight = {};  // the match in the context
+  Highlight highlight = {};  // the range of the match in the context
   TextRange range = {};
   WQDR::TextFormat format = WQDR::TextFormat::Ansi;
-  bool rawShown = true;  // the bytes of a UTF-8 file each as a character of the thread's code page
+  bool rawShown = true;  // shows each byte of a UTF-8 file as a character of the thread's code page
   WString path;
   WString context;
   WString replacement;
 };
 
-// What the two text fields show: the texts as they are, or, where they are not shown raw, their bytes in the
-// thread's code page (CP_THREAD_ACP) read as UTF-8.
+// Return what the two text fields show: the text as it was received or, if rawShown is false, its bytes in
+// the thread's code page (CP_THREAD_ACP) decoded as UTF-8.
 WString ShownContext(const ConfirmReplaceForm& form);
 WString ShownReplacement(const ConfirmReplaceForm& form);
 
-// Whether the user may switch between the two views: for a UTF-8 file.
+// Returns true if the user can switch between the two views, which is so for UTF-8 files.
 inline bool CanSwitchView(const ConfirmReplaceForm& form) { return form.format == WQDR::TextFormat::Utf8; }
 
-// The four values of the range put into the format text of the host, in the order start line, start column,
+// Inserts the four numbers of the range into the host's format text, in the order start line, start column,
 // end line, end column, counted from 0 (C-247).
 WString RangeText(WStringView format, const TextRange& range);
 

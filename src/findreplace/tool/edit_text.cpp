@@ -6,7 +6,7 @@ namespace QXFindAndReplace {
 
 namespace {
 
-// Whether the character at `at` ends a line without the other half of CR LF.
+// Returns true if the character at `at` is a CR or LF that is not part of a CR LF.
 bool IsHalfLineEnd(WStringView text, std::size_t at) {
   if (text[at] == W('\n')) return at == 0 || text[at - 1] != W('\r');
   if (text[at] == W('\r')) return at + 1 == text.size() || text[at + 1] != W('\n');

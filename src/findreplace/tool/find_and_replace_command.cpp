@@ -21,7 +21,7 @@ void ShowInformation(IHostApp& host, MessageText id) {
   host.MessageBox(title.c_str(), text.c_str(), MB_OK | MB_ICONINFORMATION);
 }
 
-// The name of the one file; for several the pattern that keeps each name.
+// Returns the name of a single file, or for several files the pattern that keeps all names.
 WString StartName(IHostFileList& files) {
   if (files.GetCount() != 1) return W("*.*");
   IHostFileItem* const item = files.GetItem(0);

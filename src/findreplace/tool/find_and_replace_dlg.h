@@ -6,10 +6,10 @@
 #include "findreplace/tool/find_and_replace_form.h"
 #include "frame/host/host_app.h"
 
-// Shows the dialog, modally, over the active window or else the host's. Answers IDOK or IDCANCEL; on OK the
-// form holds what the user chose. In the native build the form goes to whoever answers dialogs there.
+// Shows the modal dialog, owned by DialogOwner. Returns IDOK or IDCANCEL; after OK, `form` contains the
+// user's choices. In the native build the form is passed to Platform::AskForm.
 INT_PTR ShowFindAndReplaceDlg(Velmora::SDK::IHostApp& host, QXFindAndReplace::FindAndReplaceForm& form);
 
-// How the command asks for the dialog, so that a test can answer by editing the form.
+// The function with which the command shows the dialog. Tests replace it by one that edits the form.
 using FindAndReplaceDialog =
     std::function<INT_PTR(Velmora::SDK::IHostApp&, QXFindAndReplace::FindAndReplaceForm&)>;

@@ -1,5 +1,5 @@
-// The Find and Replace dialog where there are no windows: its form goes to whoever answers dialogs. What a
-// user could not change in the window, because the field is grey or hidden, cannot be changed here.
+// The Find and Replace dialog in the native build: passes its form to Platform::AskForm. Fields that are
+// disabled or hidden in the window cannot be changed here either.
 #include "findreplace/tool/find_and_replace_dlg.h"
 #include "frame/services/format_text.h"
 #include "frame/services/language_text.h"
@@ -18,7 +18,7 @@ constexpr Platform::ChoiceWord kSaveModeWords[] = {
     {ReplaceFile, W("delete-backup")},
 };
 
-// As scripts name them.
+// The words that scripts use.
 constexpr Platform::ChoiceWord kModeWords[] = {
     {ModeOne, W("One")},
     {ModeMany, W("Many")},

@@ -49,7 +49,8 @@ constexpr Ui::ComboRow kModeRows[] = {
 
 using Form = FindAndReplaceForm;
 
-// Texts may be longer than what is kept of them: the rest is cut off without a message (C-240).
+// The fields have no text limits; ReadOptions and ReadTargetName cut off long texts without a message
+// (C-240).
 constexpr Ui::Field<Form> kFields[] = {
     {QX_FIND_SAVE_MODE, &Form::saveMode},
     {QX_FIND_NAME, &Form::targetName},
@@ -101,7 +102,7 @@ class FindAndReplaceDlg : public Ui::Dialog {
   }
 
   void OnOk() override {
-    OnChange();  // what the last key has changed may not have been told yet
+    OnChange();  // the last key press may not have been reported yet
     Close(IDOK);
   }
 
@@ -111,7 +112,7 @@ class FindAndReplaceDlg : public Ui::Dialog {
     Ui::UpdateText(Control(QX_FIND_NAME), form_.targetName);
   }
 
-  // The row of a mode brings its explanation as its second text.
+  // Shows the explanation of the mode, which is the second text of the mode's row.
   void ShowExplanation() {
     for (const Ui::ComboRow& row : kModeRows) {
       if (row.data == form_.findMode) {

@@ -20,7 +20,7 @@ constexpr BoxRow kBoxes[] = {
     {&FindAndReplaceForm::silent, Silent},         {&FindAndReplaceForm::replaceAll, ReplaceAll},
 };
 
-// The first of the choices that the flags hold, else the first.
+// Returns the first of the choices that is set in the flags, or the first choice if none is set.
 int ChoiceOf(std::uint32_t flags, std::initializer_list<FindAndReplaceFlag> choices) {
   const auto* const found =
       std::ranges::find_if(choices, [flags](FindAndReplaceFlag choice) { return (flags & choice) != 0; });

@@ -1,4 +1,5 @@
-// The fields of the Find and Replace dialog and the way of the options into them and out.
+// The form of the Find and Replace dialog: its fields, its rules, and the conversion between the fields and
+// the options.
 #pragma once
 
 #include <cstdint>
@@ -9,15 +10,15 @@
 namespace QXFindAndReplace {
 
 struct FindAndReplaceForm {
-  // Characters that the find text, the replace text and the file name keep; what is longer is cut off
+  // The maximum length of the find text, the replace text and the file name. Longer texts are cut off
   // (C-240).
   static constexpr std::size_t kMostChars = 1023;
 
-  // What the dialog is about.
-  FindAndReplaceOptions options;  // as they are before the dialog
+  // The input of the dialog.
+  FindAndReplaceOptions options;  // before the dialog
   std::uint32_t fileCount = 0;
-  WString startName;  // the target name that the dialog starts with: the one file's name, or "*.*"
-  WString suffix;     // what the suggested name of a new file has behind the name
+  WString startName;  // the target name that keeps all names: the name of a single file, or "*.*"
+  WString suffix;     // added to the suggested name of a new file before the extension
 
   // The fields. Choices are bits of FindAndReplaceFlag.
   int saveMode = SaveAsNew;
@@ -26,26 +27,26 @@ struct FindAndReplaceForm {
   WString find;
   WString replace;
   int findMode = ModeOne;
-  bool regExp = false;  // never enabled
+  bool regExp = false;  // always disabled (C-214)
   bool wildcard = false;
   bool ignoreCase = false;
   bool forceUtf8 = false;
   bool silent = false;
-  bool replaceAll = false;  // hidden, and never enabled
+  bool replaceAll = false;  // hidden and always disabled
 };
 
-// Puts the options into the fields and applies the rule of the save mode.
+// Stores the options in the fields and applies the rule of the save mode.
 void StartForm(FindAndReplaceForm& form);
 
-// The rule of the save mode, if that differs from `before`: a new file's name may be entered and is
-// suggested, for several files as a pattern; otherwise the start name stands and cannot be changed.
+// Applies the rule of the save mode if that differs from `before`. For a new file, enables the target name
+// and suggests one, for several files a pattern; otherwise stores `startName` in it and disables it.
 void FollowChanges(FindAndReplaceForm& form, const FindAndReplaceForm& before);
 
-// The options of the fields. A target may never be overwritten without a question, whatever the flags were
-// before (C-241).
+// Returns the options that the fields contain. The flag that allows overwriting targets is never set, even if
+// it was set before (C-241).
 FindAndReplaceOptions ReadOptions(const FindAndReplaceForm& form);
 
-// The name of the target as the run is given it.
+// Returns the target name for the run.
 WString ReadTargetName(const FindAndReplaceForm& form);
 
 }  // namespace QXFindAndReplace

@@ -15,7 +15,8 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// All lines of a run have the level of information, failures too (C-234). The errors have lines of their own.
+// Logs a line. All lines of a run have the information level, including those for failures (C-234); the
+// errors themselves are logged separately.
 template <typename... Arguments>
 void Log(IHostApp& host, const WCHAR* format, Arguments... arguments) {
   host.LogMessage(kRunLogCategory, kLogInformation, format, arguments...);
@@ -52,9 +53,7 @@ void FindAndReplaceRun::Run() {
     RunOne(item);
     return !cancelled;
   };
-  const auto onMissing = [this] {
-    --totalChanges;
-  };  // it failed, and there is nothing that the log could name
+  const auto onMissing = [this] { --totalChanges; };  // counts as failed; there is no name to log
   if (RunOverFiles(*files, count, runOne, onMissing)) {
     lists.HandBackDone();
     if (lists.HasFailed()) lists.HandBackFailed();
@@ -78,7 +77,7 @@ void FindAndReplaceRun::RunOne(IHostFileItem& item) {
       Log(host, W("[Find and Replace] - File already exists. Do not overwrite : %s"), target.c_str());
       return;
     case TargetAnswer::kReplace:
-      options.flags |= OverwriteTarget;  // of all later targets too, although each is asked about (C-237)
+      options.flags |= OverwriteTarget;  // also for later targets, although each is asked about (C-237)
       break;
     case TargetAnswer::kFree:
       break;
@@ -96,7 +95,7 @@ void FindAndReplaceRun::RunOne(IHostFileItem& item) {
     }
     lists.AddFailed(item);
   } else {
-    // A file without a change counts as done, and so does one that is not text (C-236).
+    // A file without changes counts as done, and so does one that is not text (C-236).
     Log(host, W("[Find and Replace] - %I64d changes made to file : %s"), static_cast<long long>(result),
         source.c_str());
     lists.AddDone(item);

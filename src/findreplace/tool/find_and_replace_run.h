@@ -1,4 +1,4 @@
-// A run of find and replace over a list of files, with its questions, log lines and summary.
+// Replaces text in a list of files, with questions, log lines and a summary.
 #pragma once
 
 #include <cstdint>
@@ -12,33 +12,34 @@ namespace QXFindAndReplace {
 
 class FindAndReplaceRun {
  public:
-  // With `ownsFiles` the list is released at the end of the run.
+  // If `ownsFiles` is true, releases the list at the end of the run.
   FindAndReplaceRun(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostFileList* files,
                     const FindAndReplaceOptions& options, WString targetPattern, bool ownsFiles,
                     ConfirmReplaceDialog show = ShowConfirmReplaceDlg);
 
-  // Goes through the files in their order, on the calling thread, which it blocks; a file that fails does not
-  // stop the next. The outcome is in the log. Called once.
+  // Processes the files in order on the calling thread; continues after a file that fails. The result for
+  // each file is in the log. May be called only once.
   void Run();
 
  private:
   void RunOne(Velmora::SDK::IHostFileItem& item);
   void ShowSummary();
 
-  WString targetPattern;  // of BuildTargetName
-  FindAndReplaceOptions
-      options;  // its flags change in the run: a first yes and a Replace All hold for the rest (C-238)
+  WString targetPattern;  // a pattern for BuildTargetName
+  // A first yes to a question and Replace All set flags for all later files (C-237, C-238).
+  FindAndReplaceOptions options;
   Velmora::SDK::IHostApp& host;
   Velmora::SDK::IHostFileList* files;
   Velmora::SDK::FileRunLists lists;
   bool ownsFiles;
   bool cancelled = false;
   std::uint32_t doneCount = 0;
-  std::int64_t totalChanges = 0;  // a failed file lowers it by one (C-235)
-  ConfirmReplaceDialog show_;     // how a match is asked about
+  std::int64_t totalChanges = 0;  // a failed file reduces it by one (C-235)
+  ConfirmReplaceDialog show_;     // shows the question about a match
 };
 
-// Makes the run and runs it; does nothing for an empty list, but for releasing it with `ownsFiles`.
+// Runs Find and Replace over the files. Does nothing for an empty list, except release it if `ownsFiles` is
+// true.
 void StartFindAndReplace(Velmora::SDK::IHostApp& host, Velmora::SDK::IHostFileList* files,
                          const FindAndReplaceOptions& options, const WString& targetPattern, bool ownsFiles);
 

@@ -25,7 +25,7 @@ constexpr ScriptSwitch kTextSwitches[] = {
   {"WILDCARD", Wildcard},
 };
 
-// The first one given counts; without one a new file is written (C-010).
+// The first of these that is given applies; if none is given, a new file is written (C-010).
 constexpr ScriptSwitch kSaveModes[] = {
   {"KEEPBACKUP", KeepBackup},
   {"DELETE", ReplaceFile},
@@ -37,7 +37,7 @@ constexpr ScriptSwitch kQuestionSwitches[] = {
 };
 // clang-format on
 
-// Each backslash followed by an n becomes a line feed; there is no other escape (C-245).
+// Replaces each backslash followed by an n by a line feed. There is no other escape sequence (C-245).
 WString WithLineFeeds(const WString& text) {
   constexpr WStringView kEscape = W("\\n");
   WString result;
@@ -56,7 +56,7 @@ FindAndReplaceOptions ReadFindAndReplaceParameters(IHostCommandCall& call) {
   FindAndReplaceOptions options;
   options.find = WithLineFeeds(ScriptValue(call, "FIND").value_or(WString()));
   options.replace = WithLineFeeds(ScriptValue(call, "REPLACEWITH").value_or(WString()));
-  // Any other word is One (C-244).
+  // For any other word the mode is One (C-244).
   options.flags = FindScriptWord(ScriptValue(call, "MODE").value_or(WString()), kModes).value_or(ModeOne);
   options.flags |= ReadScriptSwitches(call, kTextSwitches);
   options.flags |= FirstScriptSwitch(call, kSaveModes, SaveAsNew);
@@ -67,7 +67,7 @@ FindAndReplaceOptions ReadFindAndReplaceParameters(IHostCommandCall& call) {
 s32 FindAndReplaceScript(IHostApp& host, IHostCommandCall& call) {
   const std::optional<WString> path = ScriptValue(call, "FILE");
   if (!path) return 0;
-  // A script cannot replace with nothing (C-243).
+  // A script cannot use an empty text as the replacement (C-243).
   if (IsEmpty(ScriptValue(call, "FIND")) || IsEmpty(ScriptValue(call, "REPLACEWITH"))) return 0;
   const std::optional<WString> target = ScriptValue(call, "TARGET");
   if (!target) return 0;
@@ -77,7 +77,8 @@ s32 FindAndReplaceScript(IHostApp& host, IHostCommandCall& call) {
     host.LogMessage(0, kLogError, W("[Custom Cmd - FindAndReplace] - FILE : %s not found"), path->c_str());
     return 0;
   }
-  // An empty target is the folder itself, and the run refuses it (C-007).
+  // An empty target pattern is accepted: the target is then the folder itself, and a silent run skips the
+  // file (C-007).
   StartFindAndReplace(host, file.List(), ReadFindAndReplaceParameters(call), *target, false);
   return 1;
 }

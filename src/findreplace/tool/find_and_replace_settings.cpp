@@ -10,7 +10,7 @@ using namespace Velmora::SDK;
 
 constexpr const WCHAR* kSection = W("FindReplace");
 constexpr const WCHAR* kOptionsKey = W("Options");
-constexpr u32 kTextChars = 4096;  // with the terminator
+constexpr u32 kTextChars = 4096;  // including the terminator
 
 constexpr std::uint32_t kDefaultFlags = ModeOne | IgnoreCase | KeepBackup;
 

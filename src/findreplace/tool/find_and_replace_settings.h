@@ -1,4 +1,4 @@
-// The options of the Find and Replace dialog in the host's settings, section "FindReplace".
+// Loads and stores the options of the Find and Replace dialog in the host's settings, section "FindReplace".
 #pragma once
 
 #include "findreplace/engine/find_and_replace_options.h"
@@ -6,8 +6,8 @@
 
 namespace QXFindAndReplace {
 
-// The stored options; what is absent has its default: one text, ignoring case, with a backup. A host without
-// settings gives the defaults.
+// Returns the stored options. Those that are not stored, or all if the host has no settings, have their
+// defaults: the mode One, ignoring case, with a backup.
 FindAndReplaceOptions LoadFindAndReplaceOptions(Velmora::SDK::IHostApp& host);
 void StoreFindAndReplaceOptions(Velmora::SDK::IHostApp& host, const FindAndReplaceOptions& options);
 

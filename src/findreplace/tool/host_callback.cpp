@@ -13,7 +13,7 @@ namespace {
 
 constexpr u32 kLogCategory = 0;
 
-// The text of a length, which may be told by its terminator. A null text is empty.
+// Returns the text of the given length, which may be kZeroTerminated. A null text is empty.
 template <typename CharT>
 std::basic_string_view<CharT> ViewOfLength(const CharT* text, std::uint32_t length) {
   if (!text) return {};
@@ -71,7 +71,7 @@ ConfirmResult FindAndReplaceCallback::ConfirmReplace(const char* context, WQDR::
              highlight, WQDR::FromCodePage(CP_THREAD_ACP, ViewOfLength(replacement, replacementLength)));
 }
 
-// A silent run replaces everything (C-232).
+// A silent run replaces all matches without asking (C-232).
 bool FindAndReplaceCallback::Asks() const { return (flags & (ReplaceAll | Silent)) == 0; }
 
 ConfirmResult FindAndReplaceCallback::Ask(WString context, WQDR::TextFormat format, const TextRange& range,

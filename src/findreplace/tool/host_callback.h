@@ -1,4 +1,4 @@
-// The callback of a run in the host: questions in a dialog, errors in a box and in the log.
+// The callback of a run in the host: asks in a dialog, and reports errors in a box and in the log.
 #pragma once
 
 #include <cstdint>
@@ -11,27 +11,27 @@ namespace QXFindAndReplace {
 
 class FindAndReplaceCallback final : public IFindAndReplaceCallback {
  public:
-  // `flags` are those of the run (FindAndReplaceFlag). With ReplaceAll or Silent nobody is asked, and
-  // everything is replaced; with Silent no box is shown either.
+  // `flags` are the flags of the run (FindAndReplaceFlag). With ReplaceAll or Silent, does not ask and
+  // replaces all matches; with Silent shows no error boxes either.
   FindAndReplaceCallback(Velmora::SDK::IHostApp& host, std::uint32_t flags,
                          ConfirmReplaceDialog show = ShowConfirmReplaceDlg);
 
   void BeginFile(const WCHAR* path) override;
   void EndFile() override;
   void ReportError(const WCHAR* message, std::uint32_t code) override;
-  // The message is in the thread's code page.
+  // The message must be in the thread's code page.
   void ReportError(const char* message, std::uint32_t code) override;
   ConfirmResult ConfirmReplace(const WCHAR* context, WQDR::TextFormat format, const TextRange& range,
                                const Highlight& highlight, const WCHAR* replacement,
                                std::uint32_t replacementLength) override;
-  // Shows the bytes in the thread's code page, whatever the file's encoding, since the offsets are of bytes
-  // (C-239).
+  // Shows the bytes as text in the thread's code page, whatever the encoding of the file, since the offsets
+  // count bytes (C-239).
   ConfirmResult ConfirmReplace(const char* context, WQDR::TextFormat format, const TextRange& range,
                                const Highlight& highlight, const char* replacement,
                                std::uint32_t replacementLength) override;
   bool IsCancelled() override;
 
-  // The run's flags, with ReplaceAll once the user has answered so.
+  // Returns the flags of the run, including ReplaceAll after the user has chosen it.
   std::uint32_t Flags() const { return flags; }
 
  private:

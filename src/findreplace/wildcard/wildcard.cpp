@@ -1,4 +1,4 @@
-// Which matcher serves a pattern, and what text all its matches hold.
+// Chooses the matcher for a pattern, and finds the text that all its matches contain.
 #include "findreplace/wildcard/wildcard.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ bool HasNestedRepeats(const Elements<CharT>& elements) {
                      [](const WildcardElement<CharT>& element) { return !element.outerRepeats.empty(); });
 }
 
-// The longest stretch of characters whose number is fixed.
+// Returns the longest sequence of characters that have exact counts.
 template <typename CharT>
 std::basic_string<CharT> FindRequiredText(const Elements<CharT>& elements) {
   std::basic_string<CharT> longest;
@@ -73,12 +73,12 @@ class WildcardPattern<CharT>::Implementation {
 
  private:
   bool FindMatch(const CharT* line, std::uint32_t length, std::uint32_t column, Match& match) {
-    // Where a line has line terminators, the runs do what the segments cannot.
+    // If runs_ has a table for the line, segments_ could not decide an earlier search in this line.
     if (segments_ && !runs_->KnowsLine()) {
       const auto result = segments_->Search(line, length, column, match);
       if (result != SearchResult::kUnknown) return result == SearchResult::kFound;
     }
-    // Most lines are not worth that the others prepare for them.
+    // Most lines do not contain the required text, and a table need not be made for them.
     if (required_.FindFirst(line + column, line + length) == nullptr) return false;
     return states_ ? states_->Search(line, length, column, match)
                    : runs_->Search(line, length, column, match);

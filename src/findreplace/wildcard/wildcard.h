@@ -1,37 +1,38 @@
-// Searches with ? (one character) and * (any run of characters, as long as possible) in one line.
+// Searches with ? (any one character) and * (any run of characters, as long as possible) in one line.
 //
-// The meaning of a text is the regular expression that WildcardToRegex makes of it, in the standard library's
-// ECMAScript grammar; braces keep their meaning there (`x{2}`). The library's own matcher calls itself for
-// each character, so a long line overflows the stack, and its time has no bound. So its matches are found
-// here in another way: without recursion, and in time that grows with the line. What the library refuses is
-// refused with its words: it compiles each brace, and the limit of its states is counted in
-// wildcard_elements. Characters beyond ASCII mean themselves, whatever the locale or the code page.
+// A text means the regular expression that WildcardToRegex makes of it, in the ECMAScript grammar of the
+// standard library. Braces are counts there, as in `x{2}` (C-205). The library's matcher calls itself for
+// each character, so a long line would overflow the stack, and its running time is not bounded. The matchers
+// here find the same matches without recursion, in time that grows linearly with the line. Patterns that the
+// library rejects are rejected with the library's exceptions: it compiles each brace, and wildcard_elements
+// counts the states that it would need. Characters outside ASCII match only themselves, whatever the locale
+// or the code page.
 //
-// The road of a text:
+// The files, in the order in which they process a text:
 //
-//   wildcard_regex      text to regular expression
-//   wildcard_elements   regular expression to elements: characters with their repeats
-//   wildcard            the choice of a matcher, and RequiredText, which most lines lack
-//   wildcard_literal    the innermost search: stretches of characters and places for any character
+//   wildcard_regex      converts the text to a regular expression
+//   wildcard_elements   parses it into elements: characters with their repeats
+//   wildcard            chooses a matcher, and finds RequiredText, which most lines do not contain
+//   wildcard_literal    the innermost search, for literals: characters and places for any character
 //
-// and one of three matchers. With a pattern of m characters and a line of n:
+// There are three matchers. For a pattern of m characters and a line of n:
 //
-//   matcher            serves                           time of a search        memory for a line
-//   wildcard_segments  ? and *, and exact counts        one walk over the line  none
+//   matcher            patterns                         time of a search        memory for a line
+//   wildcard_segments  ? and *, and exact counts        one pass over the line  none
 //                      (`x{3}`)                         for each * of the text
-//   wildcard_runs      counts with bounds (`x{1,3}`,    a walk over the line    n bits for each run and
-//                      `x{2,}`), and what the segments  for each run and        each stretch between two
-//                      leave: a match that would reach  stretch, once for all   runs, 64 MiB at most
-//                      over a line separator            searches in the line
-//   wildcard_states    repeats of repeats with gaps or  m * n for all searches  m * n bits, and as many
-//                      an order of their own            in the line, and again  open choices as there are
-//                      (`x{2}{1,3}`, `x{5,6}{0,3}`);    the states at the end   on one path, 64 MiB each
-//                      m counts them written out        of each match           at most
+//   wildcard_runs      counts with bounds (`x{1,3}`,    one pass over the line  n bits for each run and
+//                      `x{2,}`), and lines in which a   for each run and        each literal, 64 MiB at
+//                      match of wildcard_segments       literal, once for all   most
+//                      would include a line terminator  searches in the line
+//   wildcard_states    repeats of repeats with gaps or  m * n for all searches  m * n bits, and the open
+//                      a special order (`x{2}{1,3}`,    in the line, and again  choices on one path, 64 MiB
+//                      `x{5,6}{0,3}`); m is the length  the states at the end   each at most
+//                      with all counts expanded         of each match
 //
-// What needs more memory (kWildcardMemory) is refused with error_complexity. Each matcher's header has a
-// worked example.
+// Searches that need more memory (kWildcardMemory) fail with error_complexity. Each matcher's header contains
+// an example.
 //
-// CharT is char or WCHAR; letters of A to Z alone have a case.
+// CharT is char or WCHAR; only the letters A to Z have a case.
 #pragma once
 
 #include <cstdint>
@@ -46,20 +47,20 @@
 
 namespace QXFindAndReplace {
 
-// Puts a backslash before each character of \^.$|()[]*+?/ ; braces and hyphens stay as they are (C-205).
+// Puts a backslash before each character of \^.$|()[]*+?/ and leaves braces and hyphens unchanged (C-205).
 template <typename CharT>
 std::basic_string<CharT> EscapeRegex(std::basic_string_view<CharT> text);
 
-// The regular expression that a text with wildcards means.
+// Returns the regular expression for a text with wildcards.
 template <typename CharT>
 std::basic_string<CharT> WildcardToRegex(std::basic_string_view<CharT> text);
 
-// A text with wildcards, compiled. Keeps what it knows of the line that it searched last, so only one thread
-// uses it at a time.
+// A compiled text with wildcards. Stores what it has found out about the line searched last, so it must not
+// be used by two threads at a time.
 template <typename CharT>
 class WildcardPattern {
  public:
-  // Throws std::regex_error with the library's text, or std::bad_alloc.
+  // Throws std::regex_error with the text of the library, or std::bad_alloc.
   WildcardPattern(std::basic_string_view<CharT> text, bool ignoreCase);
   WildcardPattern(WildcardPattern&&) noexcept;
   WildcardPattern& operator=(WildcardPattern&&) noexcept;
@@ -67,18 +68,19 @@ class WildcardPattern {
 
   using Match = WildcardMatch;
 
-  // The match that std::regex_search finds in the line's `length` characters from `column` on: the leftmost,
-  // and from there the one whose runs are each as long as can be, the first before the second. False if there
-  // is none. `column` is at most `length`. Zeros are characters like others. A ? or * takes no CR and LF,
-  // which a line does not hold, and in WCHARs no U+2028 and U+2029, which it may.
+  // Finds the match that std::regex_search would find in the `length` characters of the line from `column`
+  // on: the leftmost one, in which each run is as long as possible, earlier runs first. Returns false if
+  // there is none. `column` must not exceed `length`. Zeros are ordinary characters. ? and * do not match CR
+  // and LF, which a line does not contain, nor U+2028 and U+2029 in wide text, which it may contain (C-207).
   //
-  // A search that begins after the match of the last one in the same line (the same pointer and length) goes
-  // on with what is known of the line, so its text must still be the same. Throws std::regex_error
-  // (error_complexity) if the line needs too much memory, or std::bad_alloc.
+  // A search in the same line (the same pointer and length) from the end of the previous match on reuses what
+  // is known about the line, so its text must not have changed. Throws std::regex_error (error_complexity) if
+  // the line needs too much memory, or std::bad_alloc.
   bool Search(const CharT* line, std::uint32_t length, std::uint32_t column, Match& match);
 
-  // Characters that every match holds, side by side; empty if there are none. Valid as long as the pattern.
-  // With ignoreCase its letters mean both cases. Required is the search for it.
+  // RequiredText returns a sequence of characters that every match contains, or an empty one; it is valid
+  // during the lifetime of the pattern. With ignoreCase its letters stand for both cases. Required returns
+  // the literal that searches for it.
   std::basic_string_view<CharT> RequiredText() const;
   const WildcardLiteral<CharT>& Required() const;
 
@@ -87,7 +89,7 @@ class WildcardPattern {
   std::unique_ptr<Implementation> implementation_;
 };
 
-// A compiled pattern and the text that it was made of.
+// A compiled pattern and the text from which it was made.
 template <typename CharT>
 struct RegexCacheEntry {
   std::basic_string<CharT> text;

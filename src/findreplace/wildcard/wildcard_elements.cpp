@@ -12,18 +12,18 @@ namespace QXFindAndReplace {
 
 namespace {
 
-// libstdc++ refuses a pattern whose automaton has more states than this; other standard libraries have other
-// limits or none. A pattern is counted here as libstdc++ builds it; refused patterns stay refused, and
-// nothing has to be made for larger ones.
+// libstdc++ rejects a pattern whose automaton has more states than this; other standard libraries have other
+// limits or none. The states are counted here as libstdc++ creates them, so the same patterns are rejected
+// everywhere, and the matchers need not support larger ones.
 constexpr std::uint64_t kMaximalStates = 100000;
 static_assert(kMostStatesOfLibrary == kMaximalStates, "the states are counted as libstdc++ makes them");
-// A start and an end of the match, the end of the automaton, and an empty state after the last element.
+// The start and the end of the match, the end of the automaton, and an empty state after the last element.
 constexpr std::uint64_t kFixedStates = 4;
 
-// Throws what the library throws at a short pattern.
+// Compiles a short pattern with the library. Throws the library's exception if it rejects the pattern.
 void Judge(const std::string& pattern) { const std::regex judged(pattern); }
 
-// What the library throws at a pattern that has too many states.
+// Returns the exception that the library throws for a pattern with too many states.
 std::regex_error MakeRefusalOfStates() {
   try {
     Judge("x{" + std::to_string(kMaximalStates) + "}");
@@ -52,16 +52,18 @@ class StateCount {
   std::uint64_t count_ = 0;
 };
 
-// The states that the library makes to repeat some: copies of them, and empty ones around.
+// Returns the number of states that the library needs to repeat `states` states: copies of them, and empty
+// states around the copies.
 std::uint64_t RepeatedStates(std::uint64_t states, const WildcardRepeat& repeat) {
   const std::uint64_t needed = 1 + repeat.minimum * states;
   if (repeat.maximum == kNoMaximum) return needed + states + 1;
   return needed + std::uint64_t{repeat.maximum - repeat.minimum} * (states + 1) + 1;
 }
 
-// One repeat of both, where there is one: the same counts, and the larger count before the smaller. That
-// holds where the inner repeat can stop after each character, and where no outer repeat is left out.
-// Otherwise there are gaps (`x{2}{1,3}`), or six and six come before five, five and five (`x{5,6}{0,3}`).
+// Returns a single repeat that is equivalent to both, if there is one. It must allow the same counts and
+// prefer larger counts to smaller ones. That holds if the inner repeat can stop after one character or the
+// outer count is exact. Otherwise the counts may have gaps (`x{2}{1,3}`) or another order: `x{5,6}{0,3}`
+// prefers six and six to five, five and five.
 std::optional<WildcardRepeat> Fold(const WildcardRepeat& inner, const WildcardRepeat& outer) {
   if (inner.minimum > 1 && !outer.IsExact()) return std::nullopt;
   WildcardRepeat both;
@@ -71,7 +73,7 @@ std::optional<WildcardRepeat> Fold(const WildcardRepeat& inner, const WildcardRe
   else if (inner.maximum == kNoMaximum || outer.maximum == kNoMaximum)
     both.maximum = kNoMaximum;
   else
-    both.maximum = inner.maximum * outer.maximum;  // the states of both have been counted
+    both.maximum = inner.maximum * outer.maximum;  // cannot overflow: the states of both have been counted
   return both;
 }
 
@@ -83,7 +85,7 @@ class Parser {
   std::vector<WildcardElement<CharT>> Parse() {
     std::vector<WildcardElement<CharT>> elements;
     while (at_ < pattern_.size()) {
-      if (IsAt('{')) JudgeBrace("");  // with nothing to repeat it is refused
+      if (IsAt('{')) JudgeBrace("");  // there is nothing to repeat, so the library rejects it
       elements.push_back(TakeElement());
     }
     states_.Add(kFixedStates);
@@ -121,7 +123,7 @@ class Parser {
     return element;
   }
 
-  // `states` is what is repeated.
+  // `states` is the number of states to repeat.
   WildcardRepeat TakeBrace(std::uint64_t states) {
     JudgeBrace("x");
     ++at_;
@@ -134,8 +136,8 @@ class Parser {
       if (!isEndless) last = TakeNumber();
     }
     ++at_;
-    // A first number below zero repeats nothing, and yet the last one is counted from it: so the library
-    // does.
+    // As in the library, a negative first number counts as 0 for the required repeats, but the number of
+    // optional repeats is the last number minus the first.
     const std::int64_t minimum = std::max<std::int64_t>(first, 0);
     const std::int64_t more = last - first;
     states_.Check(1 + static_cast<std::uint64_t>(minimum) * states);
@@ -145,16 +147,16 @@ class Parser {
             isEndless ? kNoMaximum : static_cast<std::uint32_t>(minimum + more)};
   }
 
-  // The library reads a number as a signed one of 32 bits, from which larger ones run over.
+  // The library reads a number as a signed 32-bit integer, in which larger numbers wrap around.
   std::int64_t TakeNumber() {
     std::uint32_t number = 0;
     for (; IsAtDigit(); ++at_) number = number * 10 + static_cast<std::uint32_t>(pattern_[at_] - CharT('0'));
     return static_cast<std::int32_t>(number);
   }
 
-  // Gives the library `atom` and the brace here: as far as what can stand in braces goes, with 1 for each
-  // number, and the character after it, as `x` if it is not the end. So the library sees what is wrong with
-  // the form, and never has to count far.
+  // Compiles `atom` with the brace at the current position, so that the library checks its form. Passes the
+  // brace up to the first character that is neither a digit nor a comma, with 1 in place of each number, so
+  // that the library needs few states. That character is passed as `}` or `x`, unless the pattern has ended.
   void JudgeBrace(const char* atom) {
     std::string piece = atom;
     piece += '{';
@@ -172,7 +174,7 @@ class Parser {
   std::basic_string_view<CharT> pattern_;
   std::size_t at_ = 0;
   StateCount states_;
-  std::string accepted_;  // the last piece that the library took
+  std::string accepted_;  // the last piece that the library accepted
 };
 
 }  // namespace

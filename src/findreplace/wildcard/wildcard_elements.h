@@ -1,6 +1,4 @@
-// What the regular expression of a text with wildcards is made of: characters, each with its repeats.
-//
-// CharT is char or WCHAR.
+// The elements of the regular expression of a text with wildcards: characters, each with its repeats.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +11,7 @@ namespace QXFindAndReplace {
 
 constexpr std::uint32_t kNoMaximum = 0xFFFFFFFF;
 
-// As often as possible, `minimum` times at least and `maximum` times at most.
+// Repeats as often as possible, at least `minimum` and at most `maximum` times.
 struct WildcardRepeat {
   std::uint32_t minimum = 1;
   std::uint32_t maximum = 1;
@@ -23,16 +21,17 @@ struct WildcardRepeat {
 
 template <typename CharT>
 struct WildcardElement {
-  bool isAny = false;  // of one character: any, or this one
+  bool isAny = false;  // any character, or only `character`
   CharT character = {};
   WildcardRepeat repeat;
-  // Repeats of the repeated character, from the inside out (`x{2}{1,3}`): those that do not fold into
-  // `repeat`.
+  // Further repeats of the repeated character that cannot be combined with `repeat`, from the inside out
+  // (`x{2}{1,3}`).
   std::vector<WildcardRepeat> outerRepeats;
 };
 
-// Parses a pattern made by WildcardToRegex. Throws the std::regex_error that the library throws at the
-// pattern. The library never compiles the whole of it, as its compiler calls itself for each character.
+// Parses a pattern made by WildcardToRegex. Throws the std::regex_error that the library throws for the
+// pattern. Does not compile the whole pattern with the library, whose compiler calls itself for each
+// character.
 template <typename CharT>
 std::vector<WildcardElement<CharT>> ParseWildcardRegex(std::basic_string_view<CharT> pattern);
 

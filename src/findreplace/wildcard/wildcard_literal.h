@@ -1,12 +1,12 @@
-// A stretch of a pattern that has one length: characters, and places for any one character. A plain text is a
-// stretch without such places. The search for it is the inner loop of the case-sensitive search and of all
-// wildcard searches. It looks for the first and the last character at once, which leaves few places to
-// compare.
+// A literal is a part of a pattern with a fixed length: characters, and places for any one character. A plain
+// text is a literal without such places. The search for a literal is the inner loop of the case-sensitive
+// search and of all wildcard searches. It looks for the first and the last character at the same time, so few
+// positions have to be compared in full.
 //
-// A place takes a character c of a line if (c | mask) == value. A letter that means both cases has its
-// lower case and the mask 0x20, any character has all ones in both, another character has no mask. So
-// stretches are compared a vector at a time, whatever they hold. Places for any character do not take line
-// terminators: the callers check that, as they hardly ever meet one.
+// A place matches a character c of a line if (c | mask) == value. For a letter in both cases, the value is
+// the lower case and the mask is 0x20; for any character, both have all bits set; for other characters, the
+// mask is 0. So literals of any kind are compared a vector at a time. For places for any character, the
+// callers check that the match contains no line terminators, which are rare.
 //
 // CharT is char or WCHAR. Nothing outside [from, end) is read.
 #pragma once
@@ -24,7 +24,8 @@
 
 namespace QXFindAndReplace {
 
-// What the library's `.` does not take, although not all of these end lines of files (C-207).
+// Returns true for the characters that the library's `.` does not match, although not all of them end a line
+// of a file (C-207).
 template <typename CharT>
 constexpr bool IsLineTerminator(CharT c) {
   if (c == CharT('\n') || c == CharT('\r')) return true;
@@ -40,7 +41,7 @@ struct WildcardPlace {
   CharT mask;
 
   static WildcardPlace Any() { return {static_cast<CharT>(-1), static_cast<CharT>(-1)}; }
-  // Letters of A to Z alone have a case.
+  // Only the letters A to Z have a case.
   static WildcardPlace Of(CharT c, bool ignoreCase) {
     if (ignoreCase && IsAsciiLetter(c)) return {AsciiLower(c), CharT(0x20)};
     return {c, CharT()};
@@ -52,7 +53,7 @@ struct WildcardPlace {
 
   bool IsAny() const { return mask == static_cast<CharT>(-1); }
   bool Fits(CharT c) const { return static_cast<CharT>(c | mask) == value; }
-  // Fits, but that a place for any character does not take line terminators.
+  // Same, but a place for any character does not take line terminators.
   bool Takes(CharT c) const { return Fits(c) && !(IsAny() && IsLineTerminator(c)); }
 };
 
@@ -76,11 +77,11 @@ class WildcardLiteral {
 
   std::size_t Length() const { return values_.size(); }
 
-  // The first or the last place in [from, end), as if places for any character took all; null if there is
-  // none.
+  // Return the first or the last match in [from, end), or null. Places for any character match line
+  // terminators too.
   const CharT* FindFirst(const CharT* from, const CharT* end) const;
   const CharT* FindLast(const CharT* from, const CharT* end) const;
-  // True if all places take their character at `p`.
+  // Returns true if all places take their characters at `p`.
   bool IsTakenAt(const CharT* p) const {
     for (std::size_t place = 0; place < Length(); ++place) {
       if (!At(place).Takes(p[place])) return false;
@@ -95,7 +96,7 @@ class WildcardLiteral {
 
   std::basic_string<CharT> values_;
   std::basic_string<CharT> masks_;
-  // The first and the last place that is not for any character.
+  // The first and the last place that is for a certain character.
   bool hasCharacter_ = false;
   std::size_t first_ = 0;
   std::size_t last_ = 0;
@@ -116,7 +117,7 @@ class WildcardLiteral {
     return _mm_movemask_epi8(fitting) == 0xFFFF;
   }
 
-  // Finds the starts among kLanes neighbours at which the first and the last character stand.
+  // Finds the starts, among kLanes adjacent ones, at which the first and the last character match.
   class EndsFinder {
    public:
     explicit EndsFinder(const WildcardLiteral& literal)
@@ -127,7 +128,7 @@ class WildcardLiteral {
           lastValue_(Filled(literal.values_[last_])),
           lastMask_(Filled(literal.masks_[last_])) {}
 
-    // sizeof(CharT) bits for each start.
+    // Returns sizeof(CharT) bits for each start.
     unsigned At(const CharT* p) const {
       const __m128i ends = _mm_and_si128(Fitting(Load(p + first_), firstValue_, firstMask_),
                                          Fitting(Load(p + last_), lastValue_, lastMask_));
@@ -162,7 +163,7 @@ template <typename CharT>
 const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* end) const {
   if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
   if (!hasCharacter_) return from;
-  const CharT* const starts = end - Length() + 1;  // after the last start
+  const CharT* const starts = end - Length() + 1;  // one after the last start
   const CharT* p = from;
 #if QX_SSE2
   if (starts - from >= kLanes) {
@@ -180,7 +181,8 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
     for (; p < lastBase; p += kLanes) {
       if (const CharT* const found = findAt(p)) return found;
     }
-    // This step goes back so far that it ends at the last start; what it sees again has not matched.
+    // The last step begins so that it ends at the last start. The starts that it checks again have not
+    // matched.
     return findAt(lastBase);
   }
 #endif
@@ -193,13 +195,13 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
 template <typename CharT>
 const CharT* WildcardLiteral<CharT>::FindLast(const CharT* from, const CharT* end) const {
   if (end - from < static_cast<std::ptrdiff_t>(Length())) return nullptr;
-  const CharT* p = end - Length() + 1;  // after the last start that is left
+  const CharT* p = end - Length() + 1;  // one after the last start that has not been checked
   if (!hasCharacter_) return p - 1;
 #if QX_SSE2
   if (p - from >= kLanes) {
     const EndsFinder finder(*this);
     while (p > from) {
-      // The last step goes forward so far that it begins at the first start.
+      // The last step begins at the first start and ignores the starts that have been checked.
       const CharT* const base = p - from < kLanes ? from : p - kLanes;
       unsigned hits = finder.At(base) & ((1u << static_cast<unsigned>(p - base) * sizeof(CharT)) - 1);
       while (hits != 0) {

@@ -1,4 +1,4 @@
-// What the matchers of wildcard patterns share.
+// Definitions that the matchers of wildcard patterns share.
 #pragma once
 
 #include <cstdint>
@@ -6,15 +6,14 @@
 namespace QXFindAndReplace {
 
 struct WildcardMatch {
-  std::uint32_t start;  // from the line's beginning
+  std::uint32_t start;  // counts from the beginning of the line
   std::uint32_t length;
 };
 
-// Bytes that a matcher may take for one line. What needs more is refused with error_complexity.
+// The maximum memory of a matcher for one line in bytes. Searches that need more fail with error_complexity.
 constexpr std::uint64_t kWildcardMemory = 64u << 20;
 
-// The line of the last search, if it found something, and the first column that a search which goes on in it
-// can have.
+// The line of the last successful search, and the first column from which a search continues that search.
 template <typename CharT>
 class KnownLine {
  public:
@@ -22,7 +21,7 @@ class KnownLine {
     return line == line_ && length == length_ && column >= nextColumn_;
   }
   void Forget() { nextColumn_ = std::uint64_t{1} << 32; }
-  // An empty match at `column` ends what is known: a search from there is the same search.
+  // After an empty match at `column`, a search from `column` is the same search again, not a continuation.
   void Remember(const CharT* line, std::uint32_t length, std::uint32_t column, std::uint32_t matchEnd) {
     line_ = line;
     length_ = length;

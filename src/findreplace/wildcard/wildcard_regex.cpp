@@ -1,4 +1,4 @@
-// From a text with wildcards to a regular expression.
+// Converts a text with wildcards to a regular expression.
 #include "findreplace/wildcard/wildcard.h"
 
 namespace QXFindAndReplace {
@@ -32,7 +32,7 @@ std::basic_string<CharT> WildcardToRegex(std::basic_string_view<CharT> text) {
   std::basic_string<CharT> pattern;
   pattern.reserve(escaped.size());
   for (std::size_t at = 0; at < escaped.size(); ++at) {
-    // Each backslash comes before the character that it escapes.
+    // Each backslash precedes the character that it escapes.
     if (escaped[at] != CharT('\\')) {
       pattern += escaped[at];
       continue;

@@ -40,7 +40,7 @@ bool WildcardRuns<CharT>::Search(const CharT* line, std::uint32_t length, std::u
       continue;
     }
     end = EndOfRun(row, line, length, end);
-    // One of the ends will do: the bit of the start is set.
+    // One of the ends is possible, because the bit of the start is set.
     std::size_t at = end / 64;
     std::uint64_t ends = table_[(row + 1) * words_ + at] & ~std::uint64_t{0} >> (63 - end % 64);
     while (ends == 0) ends = table_[(row + 1) * words_ + --at];
@@ -84,8 +84,8 @@ template <typename CharT>
 void WildcardRuns<CharT>::MakeRunRow(std::size_t row, const CharT* line, std::uint32_t length,
                                      std::uint32_t column) {
   const Part& part = parts_[row];
-  // Both only fall: the end of the characters that the run can take, and the last end of the run that will
-  // do.
+  // Both values only decrease: the end of the characters that the run can take, and the last end of the run
+  // from which the rest of the pattern can match.
   std::uint32_t takenEnd = length;
   std::int64_t best = length;
   for (std::int64_t at = length; at >= column; --at) {
@@ -99,7 +99,7 @@ void WildcardRuns<CharT>::MakeRunRow(std::size_t row, const CharT* line, std::ui
   }
 }
 
-// The end of the longest run from a position, without a look at the rest of the pattern.
+// Returns the end of the longest run from a position, whether or not the rest of the pattern can match there.
 template <typename CharT>
 std::uint32_t WildcardRuns<CharT>::EndOfRun(std::size_t row, const CharT* line, std::uint32_t length,
                                             std::uint32_t from) const {

@@ -1,21 +1,21 @@
-// Patterns with runs of one character between bounds (`x{1,3}`), and stretches of one length between them.
+// Matches patterns of runs of one character with bounds (`x{1,3}`) and literals, which have a fixed length.
 //
-// Whether the rest of a pattern can match from a position does not depend on how the position was reached. So
-// a table holds it for each part of the pattern and each position of a line, one bit each. It is made from
-// the last part to the first, in time that grows with the line for each part. A search then takes the
-// leftmost start that can match, and each run as far as the rest can still match. The table serves all
-// searches that go on in the line.
+// Whether the rest of a pattern can match from a position does not depend on how that position was reached.
+// So a table stores it in one bit for each part of the pattern and each position of a line. The table is made
+// from the last part to the first, in one pass over the line for each part. A search then takes the leftmost
+// start that can match, and extends each run as far as the rest can still match. All searches that continue
+// in the line use the same table.
 //
-// An example: `a{1,3}ab` has the parts a{1,3}, a run, and "ab", a stretch.
+// An example: `a{1,3}ab` has the parts a{1,3}, a run, and "ab", a literal.
 //
 //   position    0 1 2 3 4 5
 //   line        x a a a b
-//   end         1 1 1 1 1 1    after the pattern every position will do
-//   "ab"        0 0 0 1 0 0    "ab" is at 3, and the end can follow at 5
-//   a{1,3}      0 1 1 0 0 0    from 1 two letters and from 2 one letter lead to 3
+//   end         1 1 1 1 1 1    the pattern can end at every position
+//   "ab"        0 0 0 1 0 0    "ab" is at 3, and the pattern can end at 5
+//   a{1,3}      0 1 1 0 0 0    two letters from 1 and one letter from 2 lead to 3
 //
-//   The leftmost start is 1. The longest run from there ends at 4; the last position up to 4 at which "ab"
-//   can match is 3, so the run is "aa". With "ab" the match is at 1 to 5.
+// The leftmost start is 1. The longest run from there ends at 4; the last position up to 4 at which "ab" can
+// match is 3, so the run is "aa". With "ab" the match is at 1 to 5.
 #pragma once
 
 #include <cstddef>
@@ -31,18 +31,19 @@ namespace QXFindAndReplace {
 template <typename CharT>
 class WildcardRuns {
  public:
-  // The elements have no outer repeats.
+  // The elements must not have outer repeats.
   WildcardRuns(const std::vector<WildcardElement<CharT>>& elements, bool ignoreCase);
 
-  // Throws std::regex_error (error_complexity) if the table would be too large.
+  // Same as WildcardPattern::Search. Throws std::regex_error (error_complexity) if the table would be too
+  // large.
   bool Search(const CharT* line, std::uint32_t length, std::uint32_t column, WildcardMatch& match);
 
-  // The next search is in another line, or not after the last match.
+  // Must be called if the next search is in another line or not after the last match.
   void ForgetLine() { hasTable_ = false; }
   bool KnowsLine() const { return hasTable_; }
 
  private:
-  // A stretch, or a run.
+  // A literal, or a run.
   struct Part {
     WildcardLiteral<CharT> literal;
     bool isRun = false;
@@ -65,9 +66,9 @@ class WildcardRuns {
   std::vector<Part> parts_;
 
   bool hasTable_ = false;
-  std::size_t words_ = 0;  // of a row
-  // A row for each part, and one of ones for the end of the pattern. Bits before the first search's column
-  // are zero.
+  std::size_t words_ = 0;  // the size of a row
+  // A row for each part, and a row of ones for the end of the pattern. Bits before the column of the first
+  // search are zero.
   std::vector<std::uint64_t> table_;
 };
 

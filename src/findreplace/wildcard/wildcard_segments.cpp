@@ -48,7 +48,7 @@ WildcardSegments<CharT>::WildcardSegments(const std::vector<WildcardElement<Char
     hasAny_ = hasAny_ || element.isAny;
     const auto place = WildcardPlace<CharT>::Of(element, ignoreCase);
     for (std::uint32_t count = 0; count < element.repeat.minimum; ++count) segments_.back().Append(place);
-    // Runs side by side are one.
+    // Adjacent runs are the same as one.
     const bool isNewRun = segments_.size() == 1 || segments_.back().Length() != 0;
     if (!element.repeat.IsExact() && isNewRun) segments_.emplace_back();
   }

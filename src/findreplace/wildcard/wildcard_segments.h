@@ -1,17 +1,18 @@
-// Patterns of ? and * alone: stretches of one length with any run of characters between them.
+// Matches patterns of ?, * and characters with exact counts: literals, which have a fixed length, with runs
+// of any characters between them.
 //
-// A match starts at the first place of the first stretch; a later start cannot help the others. As each run
-// is as long as possible, the first before the second, the last stretch is at its last place, the one before
-// it at its last place before that, and so on. So a search takes one walk over the line for each stretch, and
-// no memory. All this holds as long as * takes every character that it meets: see SearchResult.
+// A match starts at the first occurrence of the first literal, since a later start leaves less room for the
+// others. As each run is as long as possible, earlier runs first, the last literal is at its last occurrence,
+// the one before it at its last occurrence before that, and so on. So a search takes one pass over the line
+// for each literal and no memory. This is valid only if * takes all characters of the runs: see SearchResult.
 //
-// An example: `ab*c?*d` has the stretches "ab", "c?" and "d".
+// An example: `ab*c?*d` has the literals "ab", "c?" and "d".
 //
 //   columns       01234567890
 //   line          xabcdabcedx
 //   "ab" first     ab            at 1: the match starts there
 //   "d" last               d     at 9: the match ends at 10
-//   "c?" last            ce      at 7, the last place that ends before "d"
+//   "c?" last            ce      at 7, the last occurrence that ends before "d"
 //   match          abcdabced     columns 1 to 10
 #pragma once
 
@@ -27,12 +28,12 @@ namespace QXFindAndReplace {
 template <typename CharT>
 class WildcardSegments {
  public:
-  // kUnknown: a match would reach over a line terminator, which ? and * do not take, so there may be another
+  // kUnknown: the match would include a line terminator, which ? and * do not take, so there may be another
   // match or none.
   enum class SearchResult { kNone, kFound, kUnknown };
 
-  // True if the elements are such a pattern: characters with exact counts, and any characters without a
-  // bound.
+  // Returns true if this class can match the elements: characters with exact counts, and any characters
+  // without an upper bound.
   static bool CanTake(const std::vector<WildcardElement<CharT>>& elements);
 
   WildcardSegments(const std::vector<WildcardElement<CharT>>& elements, bool ignoreCase);
@@ -41,7 +42,7 @@ class WildcardSegments {
                       WildcardMatch& match) const;
 
  private:
-  std::vector<WildcardLiteral<CharT>> segments_;  // one more than there are runs; may be empty
+  std::vector<WildcardLiteral<CharT>> segments_;  // one more than there are runs; literals may be empty
   bool hasAny_ = false;
 };
 

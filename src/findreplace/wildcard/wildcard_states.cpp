@@ -5,7 +5,7 @@
 
 namespace QXFindAndReplace {
 
-// Adds a copy of some states, whose end is state `after`.
+// Appends a copy of `copied`. Transitions to the end of `copied` lead to the state `after`.
 template <typename CharT>
 void WildcardStates<CharT>::AppendCopy(States& states, const States& copied, std::uint32_t after) {
   const auto base = static_cast<std::uint32_t>(states.size());
@@ -60,8 +60,9 @@ bool WildcardStates<CharT>::Search(const CharT* line, std::uint32_t length, std:
     const auto from = static_cast<std::uint32_t>(start);
     if (!MatchFrom(from, line, length, end)) continue;
     match = {from, end - from};
-    // The states of the match did not fail, and those that came round to them may not fail either. Searches
-    // go on at its end.
+    // The states on the path of the match are marked as visited although they do not fail, and so may be
+    // states that lead to them. Later searches start at the end of the match, so it is enough to forget the
+    // visits at that position.
     ForgetVisitsAt(end);
     return true;
   }

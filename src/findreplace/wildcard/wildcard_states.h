@@ -1,8 +1,8 @@
-// Patterns with repeats of repeats whose counts have gaps or an order of their own (`x{2}{1,3}`,
-// `x{5,6}{0,3}`). They are followed state by state in the library's order (C-206), without recursion.
+// Matches patterns with repeats of repeats whose counts have gaps or a special order (`x{2}{1,3}`,
+// `x{5,6}{0,3}`). Tries the states one by one in the order of the library (C-206), without recursion.
 //
-// A state that failed once at a position of a line always fails there, so each is tried once for all searches
-// that go on in the line.
+// A state that has failed at a position of a line always fails there, so each state is tried only once at a
+// position, in all searches that continue in the line.
 //
 // An example: `a{2}{1,2}b`, which takes two or four letters but not three, has the states
 //
@@ -10,10 +10,10 @@
 //
 // In the line "aaab", written as state@position:
 //
-//   start 0   0@0 1@1 2@2 3@2 4@3 fails (4 takes no "b"); the other choice of 2@2: 5@2 fails
+//   start 0   0@0 1@1 2@2 3@2 4@3 fails (4 does not take "b"); the other choice of 2@2: 5@2 fails
 //   start 1   0@1 1@2 2@3 3@3 fails; the other choice of 2@3: 5@3 6@4, the end
 //
-// The match is at 1 to 4. If it had failed too, a later start that came to 5@3 would not try it again.
+// The match is at 1 to 4. If 5@3 had failed too, a later start that leads to 5@3 would not try it again.
 #pragma once
 
 #include <cstddef>
@@ -31,15 +31,16 @@ class WildcardStates {
  public:
   WildcardStates(const std::vector<WildcardElement<CharT>>& elements, bool ignoreCase);
 
-  // Throws std::regex_error (error_complexity) if the line needs too much memory.
+  // Same as WildcardPattern::Search. Throws std::regex_error (error_complexity) if the line needs too much
+  // memory.
   bool Search(const CharT* line, std::uint32_t length, std::uint32_t column, WildcardMatch& match);
 
-  // The next search is in another line, or not after the last match.
+  // Must be called if the next search is in another line or not after the last match.
   void ForgetLine() { knowsLine_ = false; }
 
  private:
-  // Takes a character and goes on with `next`, or is a choice and goes on with `next` or else with `other`.
-  // The end of the pattern is one after the last state.
+  // Either takes a character and continues with `next`, or is a choice that continues with `next` and, if
+  // that fails, with `other`. The end of the pattern is the index after the last state.
   struct State {
     bool isChoice;
     WildcardPlace<CharT> place;
@@ -63,7 +64,7 @@ class WildcardStates {
 
   bool knowsLine_ = false;
   std::uint32_t firstColumn_ = 0;
-  // A bit for each position from the first column on and each state there.
+  // A bit for each position from the first column on and each state: set if the state has been tried there.
   std::vector<std::uint64_t> visited_;
   std::size_t wordsOfPosition_ = 0;
   std::vector<Try> tries_;

@@ -9,7 +9,7 @@
 namespace WQLineSorter {
 namespace {
 
-// Room in the record, without the terminator.
+// The room for a date format in the options, without the terminator.
 constexpr std::size_t kMostFormatBytes = sizeof SortLinesOptions::dateFormat - 1;
 
 }  // namespace

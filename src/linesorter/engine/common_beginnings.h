@@ -1,7 +1,9 @@
-// Beginnings that many keys share, and the parts of the numbers that they make. In a text of records most
-// lines begin with one of a few words, and the keys of one word are too many to visit again for their next
-// characters: that costs more than all the rest. If the words are known before, the one pass over all lines
-// puts such keys into parts of their own and reads them after what they share.
+// Beginnings that many keys share, and the division of records into parts by these beginnings.
+//
+// In a file of records, most lines begin with one of a few words. Visiting all keys with the same word again
+// for their next characters would cost more than the rest of the sort. If the words are known beforehand, the
+// one pass over all lines puts such keys into parts of their own and reads the characters after the
+// beginning.
 #pragma once
 
 #include <algorithm>
@@ -16,18 +18,18 @@
 
 namespace WQLineSorter {
 
-// Keys that begin with the characters of `number`, and go on.
+// A beginning that many keys share: the first kStep characters, in `number`. The keys are longer than that.
 struct CommonBeginning {
   std::uint64_t number;
-  KeyRest first;         // of one of the keys, after these characters
-  std::uint32_t shared;  // how many more characters all of them share, as far as is known
+  KeyRest first;         // the rest of one of the keys after the beginning
+  std::uint32_t shared;  // how many more characters all these keys share, as far as is known
 };
 
-// Parts of all numbers, in their order: one for each highest digit, and within it one for each common
-// beginning and one for the numbers between two of these.
+// Divides all numbers into parts, in ascending order: for each highest digit, one part for each common
+// beginning with that digit and one part for the numbers before, between and after these.
 class NumberParts {
  public:
-  // `commons` are in the order of their numbers.
+  // The common beginnings must be in the order of their numbers.
   explicit NumberParts(std::span<const CommonBeginning> commons)
       : commonOf_(kDigits + 2 * commons.size(), kNone) {
     for (const CommonBeginning& common : commons) {
@@ -41,10 +43,10 @@ class NumberParts {
 
   std::size_t Count() const { return commonOf_.size(); }
 
-  // The common beginning of a part, or kNone.
+  // Returns the index of the part's common beginning, or kNone.
   std::size_t CommonOf(std::size_t part) const { return commonOf_[part]; }
 
-  // The part that the number belongs to.
+  // Returns the index of the part that the number belongs to.
   std::size_t PartOf(std::uint64_t number) const {
     const unsigned digit = HighestDigit(number);
     const auto first = numbers_.begin() + firstCommon_[digit];

@@ -1,4 +1,4 @@
-// Looks for common beginnings in a sample of the keys.
+// Finds common beginnings in a sample of the keys.
 #pragma once
 
 #include <algorithm>
@@ -11,9 +11,9 @@
 
 namespace WQLineSorter {
 
-// Returns the beginnings of kStep characters that many of the sampled keys go on from, in the order of their
-// numbers. None if there are few lines. CommonBeginning::shared is what the sampled keys share: other keys of
-// the same beginning may share less.
+// Returns the beginnings of kStep characters that many sampled keys have, in the order of their numbers; an
+// empty vector if there are few lines. CommonBeginning::shared is what the sampled keys share; other keys
+// with the same beginning may share less.
 template <typename Keys>
 std::vector<CommonBeginning> SampleCommonBeginnings(const KeyReader<Keys>& reader) {
   constexpr std::size_t kFewLines = 4096;

@@ -12,7 +12,8 @@ namespace WQLineSorter {
 
 namespace {
 
-// Fields take any number that the text holds, so their arithmetic wraps as it does in a 32-bit register.
+// A field can hold any number in the text, so the arithmetic on fields wraps around like that of a 32-bit
+// register.
 constexpr int Add(int a, int b) {
   return static_cast<int>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
 }
@@ -20,7 +21,7 @@ constexpr int Times(int a, int b) {
   return static_cast<int>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
 }
 
-// The weeks of years before 1971 begin on another day; no sort depends on it (C-152).
+// For years before 1971 the weeks begin on another day. The order of a sort does not depend on it (C-152).
 bool IsOldYear(const std::tm& date) { return Add(date.tm_year, 1900) < 1971; }
 
 void SetWeekFrom(std::tm& date, int week, int firstDay) {
@@ -65,7 +66,7 @@ constexpr NumberRow kNumbers[] = {
   {'y', [](std::tm& date, int n) { date.tm_year = n < 70 ? Add(n, 100) : n; }},
 };
 
-// "Mars" is the third month of `%B`, and "March" does not match (C-116).
+// `%B` accepts "Mars" for the third month, and does not match "March" (C-116).
 constexpr std::string_view kDayNames[] = {
   "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 constexpr std::string_view kShortDayNames[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
@@ -113,7 +114,7 @@ const Row* Find(const Row (&rows)[N], char conversion) {
   return row == rows + N ? nullptr : row;
 }
 
-// A byte of a format as a character of a text: sign-extended in wide text (C-147).
+// Converts a byte of a format to a character of the text; in wide text its sign is extended (C-147).
 template <typename CharT>
 CharT Widen(char c) {
   return static_cast<CharT>(static_cast<signed char>(c));
@@ -154,7 +155,8 @@ const CharT* ParseConversion(const CharT* text, char conversion, std::tm* result
   if (conversion == 'c' || conversion == 'Z') {
     throw QXLineSorterException(ERROR_INVALID_PARAMETER, "Unsupported date format");
   }
-  // An unknown conversion takes a percent sign, or any one character followed by its own letter (C-121).
+  // An unknown conversion matches a percent sign, or any one character followed by the conversion's own
+  // letter (C-121).
   if (*text == Widen<CharT>('%')) return text + 1;
   return text[1] == Widen<CharT>(conversion) ? text + 2 : nullptr;
 }

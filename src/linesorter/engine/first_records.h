@@ -1,4 +1,4 @@
-// The records of all keys in the order of their first characters: the start of the ranking.
+// The first step of ranking: makes the records of all keys, in the order of the keys' first characters.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,8 @@
 
 namespace WQLineSorter {
 
-// Stores the characters after the first `depth` of their keys in records whose keys are longer.
+// Sets the number of each record to the characters of its key after the first `depth`. The keys must be
+// longer than `depth`.
 template <typename Keys>
 void LoadNext(const KeyReader<Keys>& reader, std::span<KeyRecord> records, std::uint32_t depth) {
   reader.Visit(
@@ -23,28 +24,28 @@ void LoadNext(const KeyReader<Keys>& reader, std::span<KeyRecord> records, std::
       });
 }
 
-// Records [begin, end) of the keys of one common beginning, or of keys between two of these.
+// Records [begin, end), whose keys have one common beginning, or are those between two common beginnings.
 struct RecordSegment {
   std::size_t begin;
   std::size_t end;
   std::size_t common;  // index of the common beginning, or NumberParts::kNone
 };
 
-// Fills `records`, one for each line, in the order of the keys' first characters. The numbers of a common
-// beginning's segment are the characters after those that its keys share; those of the others are the first
-// ones. The empty keys come first, in no segment: an empty key is the beginning of all others but equals
-// none.
+// Fills `records`, one for each line, in the order of the keys' first characters. In the segment of a common
+// beginning, a record's number consists of the characters after those that all keys of the segment share; in
+// other segments, of the key's first characters. The records of empty keys come first and belong to no
+// segment, since an empty key equals only empty keys.
 template <typename Keys>
 class FirstRecords {
  public:
-  // Borrows the common beginnings and the records. Lowers the `shared` of the common beginnings to what all
-  // their keys share.
+  // Stores references to the common beginnings and the records. Make lowers `shared` of the common beginnings
+  // to what all their keys share.
   FirstRecords(const KeyReader<Keys>& reader, std::span<CommonBeginning> commons, const NumberSort& sort,
                std::span<KeyRecord> records)
       : reader_(reader), commons_(commons), sort_(sort), records_(records), parts_(commons) {}
 
-  // Each key is read twice, once to count the keys of each part: so the records are written into their parts
-  // right away.
+  // Reads each key twice. The first pass counts the keys of each part, so that the second writes each record
+  // directly into its part.
   void Make() {
     const std::vector<CommonBeginning> foretold(commons_.begin(), commons_.end());
     const std::vector<std::size_t> ends = FillParts(CountKeys());
@@ -66,9 +67,9 @@ class FirstRecords {
   const std::vector<RecordSegment>& Segments() const { return segments_; }
 
  private:
-  // Counts the empty keys, and returns the place where the records of each part begin.
+  // Counts the empty keys and returns the index at which the records of each part begin.
   std::vector<std::size_t> CountKeys() {
-    const KeyReader<Keys> reader = reader_;  // in registers: the loop writes to memory
+    const KeyReader<Keys> reader = reader_;  // a copy, which can stay in registers
     std::vector<std::size_t> next(parts_.Count());
     std::size_t empty = 0;
     for (std::size_t i = 0; i < reader.LineCount(); ++i) {
@@ -81,7 +82,7 @@ class FirstRecords {
     return next;
   }
 
-  // Writes each record at the next place of its part, and returns the ends of the parts.
+  // Writes each record to the next free place of its part. Returns the ends of the parts.
   std::vector<std::size_t> FillParts(std::vector<std::size_t> next) {
     const KeyReader<Keys> reader = reader_;
     std::size_t nextEmpty = 0;
@@ -107,7 +108,7 @@ class FirstRecords {
     return next;
   }
 
-  // Parts that follow each other without a common beginning make one segment.
+  // Merges adjacent parts without a common beginning into one segment.
   void AddSegment(std::size_t begin, std::size_t end, std::size_t common) {
     if (begin == end) return;
     if (common == NumberParts::kNone && !segments_.empty() && segments_.back().common == common) {

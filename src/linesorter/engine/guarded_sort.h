@@ -1,4 +1,4 @@
-// A stable sort by a comparison that may not keep its word.
+// A stable sort that tolerates an inconsistent comparison.
 #pragma once
 
 #include <algorithm>
@@ -7,10 +7,10 @@
 
 namespace WQLineSorter {
 
-// As std::stable_sort, for comparisons that the system makes: one that fails once and then works again
-// answers the same question in two ways, and std::stable_sort, which relies on its answers to stop, would run
-// out of the range. Here every step is bounded. Any order is right then; with answers that agree it is the
-// same order.
+// Like std::stable_sort, for comparisons made by the system. If such a comparison fails once and then works
+// again, it contradicts itself, and std::stable_sort could run past the end of the range. Here the number of
+// steps is bounded: with an inconsistent comparison the order is unspecified, with a strict weak order it is
+// the same as that of std::stable_sort.
 template <typename Iterator, typename Less>
 void GuardedStableSort(Iterator first, Iterator last, Less& less) {
   constexpr auto kFew = 12;

@@ -1,8 +1,9 @@
-// The next characters of a key as one number: numbers compare as the characters do.
+// Packs the next characters of a key into one number, so that numbers compare as the characters do.
 //
-// The first character is the highest. The lowest place does not hold a character but the number of the others
-// that belong to the key, or one more if the key goes on after them. So keys that end come before those that
-// go on, the shorter before the longer, and a zero in a key does not end it there.
+// The first character is in the highest bits. The lowest bits, as many as for one character, contain a count
+// instead: the number of characters that belong to the key, or one more if the key continues after them. So a
+// key that ends sorts before those that continue, the shorter one first, and a zero character in the key
+// differs from the padding after its end.
 #pragma once
 
 #include <algorithm>
@@ -14,28 +15,29 @@
 
 namespace WQLineSorter {
 
-// How characters count.
+// How characters are compared.
 struct FoldRule {
   bool ignoreCase;
-  // For 16-bit units that ignore case: what each of the 65,536 counts as. Bytes fold A to Z alone.
+  // For 16-bit units with ignoreCase: the unit that each of the 65,536 units is compared as. Otherwise
+  // unused; bytes fold only A to Z.
   const std::uint16_t* foldedUnits;
 };
 
-// Keys of bytes end at a zero byte, which still belongs to them, and equal their own beginnings.
+// Keys of bytes end at the first zero byte, which belongs to the key, and are equal to their prefixes.
 struct ByteKeys {
   using Char = char;
   static constexpr unsigned kBits = 8;
-  static constexpr unsigned kLoaded = 8;  // characters that Load reads
+  static constexpr unsigned kLoaded = 8;  // the number of characters that Load reads
   static constexpr bool kEqualsBeginning = true;
   static constexpr bool kEndsAtZero = true;
 
-  // Reads eight bytes, whatever the key's length.
+  // Reads eight bytes, whatever the length of the key.
   static std::uint64_t Load(const char* text, const FoldRule& rule) {
     const std::uint64_t bytes = FromBigEndian(text);
     return rule.ignoreCase ? Fold(bytes) : bytes;
   }
 
-  // The top bit of each byte that is zero, and nothing else.
+  // Returns a number with the top bit set in each byte of `bytes` that is zero, and no other bit.
   static std::uint64_t Zeros(std::uint64_t bytes) {
     constexpr std::uint64_t kLows = 0x7F7F7F7F7F7F7F7F;
     return ~(((bytes & kLows) + kLows) | bytes | kLows);
@@ -53,8 +55,8 @@ struct ByteKeys {
     return value;
   }
 
-  // A to Z become a to z: the top bit of a byte is set if it is in the range, and moves to the bit of the
-  // case.
+  // Converts A to Z to a to z: computes a number with the top bit set in each byte in that range, and shifts
+  // these bits to the position of the bit that makes a letter lower case.
   static std::uint64_t Fold(std::uint64_t bytes) {
     constexpr std::uint64_t kTops = 0x8080808080808080;
     constexpr std::uint64_t kOnes = kTops >> 7;
@@ -65,15 +67,15 @@ struct ByteKeys {
   }
 };
 
-// Keys of 16-bit units count whole, zeros and all, and a shorter one comes first.
+// Keys of 16-bit units are compared to their full length, zeros included, and a key sorts after its prefixes.
 struct UnitKeys {
   using Char = WCHAR;
   static constexpr unsigned kBits = 16;
-  static constexpr unsigned kLoaded = 3;  // the fourth is read and left out
+  static constexpr unsigned kLoaded = 3;  // Load reads a fourth one and ignores it
   static constexpr bool kEqualsBeginning = false;
   static constexpr bool kEndsAtZero = false;
 
-  // Reads eight bytes, from any address and whatever the key's length.
+  // Reads eight bytes, from any address and whatever the length of the key.
   static std::uint64_t Load(const char* text, const FoldRule& rule) {
     std::uint16_t units[4];
     std::memcpy(units, text, sizeof units);
@@ -84,23 +86,25 @@ struct UnitKeys {
   }
 };
 
-// Characters in one number.
+// The number of characters in a number.
 template <typename Keys>
 constexpr unsigned kStep = 64 / Keys::kBits - 1;
 
-// The bits of all characters after the first `count`, at most kStep, and of the count.
+// Returns a mask of the bits of all characters after the first `count`, which is at most kStep, and of the
+// count.
 template <typename Keys>
 constexpr std::uint64_t BitsAfter(unsigned count) {
   return ~std::uint64_t{0} >> (count * Keys::kBits);
 }
 
-// The number of the characters that belong to the key; above kStep if the key goes on after them.
+// Returns the count in a number: how many of its characters belong to the key, or kStep + 1 if the key
+// continues after them.
 template <typename Keys>
 constexpr unsigned CountIn(std::uint64_t number) {
   return static_cast<unsigned>(number & ((1U << Keys::kBits) - 1));
 }
 
-// The next characters of a key of which `left` characters are left, one at least.
+// Returns the number made of the next characters of a key of which `left` characters remain, at least one.
 template <typename Keys>
 std::uint64_t NextCharacters(const char* text, std::uint32_t left, const FoldRule& rule) {
   std::uint64_t characters = Keys::Load(text, rule);
@@ -113,8 +117,9 @@ std::uint64_t NextCharacters(const char* text, std::uint32_t left, const FoldRul
   return characters | count;
 }
 
-// The number of characters that two keys share, of the next `most`, which both have. A zero that ends both
-// does not count: the rest of a key after shared characters is never empty if more than `most` were left.
+// Returns how many of the next characters are equal in two keys, at most `most`. Both keys must have `most`
+// more characters. A zero byte that ends both does not count, so the rest of a key after the shared
+// characters is not empty if more than `most` were left.
 template <typename Keys>
 std::uint32_t SharedCharacters(const char* left, const char* right, std::uint32_t most,
                                const FoldRule& rule) {

@@ -1,5 +1,6 @@
-// Copies of the keys of a small group. A few thousand keys lie in as many pages of memory, and looking one up
-// again costs more than comparing it. So each is visited once, and its next characters are kept side by side.
+// Copies of the keys of a small group of records. A few thousand keys lie on as many pages of memory, and
+// accessing one again costs more than comparing it. So each key is visited once, and its next characters are
+// stored next to those of the others.
 #pragma once
 
 #include <algorithm>
@@ -21,9 +22,10 @@ struct KeyCopy {
 
   KeyRest rest;
   std::uint32_t index;  // of the line
-  char bytes[kBytes];   // the first of the rest and, if it is shorter, what comes after it in its block
+  char bytes[kBytes];   // the first bytes of the rest; if it is shorter, also what follows it in its block
 
-  // Reads as far past the end as a block's guard goes, and no farther.
+  // Copies the beginning of `from`. May read past the end of the key, but not past the guard bytes of the
+  // block.
   void Take(const KeyRest& from, std::uint32_t charSize) {
     constexpr std::uint32_t kAlways = 32;
     static_assert(kAlways <= kBlockGuard && kBytes - kAlways <= kBlockGuard);
@@ -34,33 +36,35 @@ struct KeyCopy {
     }
   }
 
-  // The number of characters after the first `skipped` that can be compared in steps of eight bytes.
+  // Returns how many characters after the first `skipped` can be compared in the copy, which is read in steps
+  // of eight bytes.
   static std::uint32_t Room(std::uint32_t skipped, std::uint32_t charSize) {
     const std::uint32_t characters = (kBytes - 8) / charSize + 1;
     return skipped < characters ? characters - skipped : 0;
   }
 
-  // The rest without its first `skipped` characters; the next eight bytes of it can be read.
+  // Returns the rest without its first `skipped` characters, in the copy if its next eight bytes are there,
+  // otherwise in the block.
   KeyRest Rest(std::uint32_t skipped, std::uint32_t charSize) const {
     const char* const text = Room(skipped, charSize) != 0 ? bytes : rest.text;
     return {text + std::size_t{skipped} * charSize, rest.left - skipped};
   }
 };
 
-// The copies of one group of records at a time. From Take to GiveBack the records hold the indices of copies
-// in place of those of lines.
+// Copies the keys of one group of records at a time. From Take until GiveBack, the `index` of a record is
+// that of a copy instead of a line.
 template <typename Keys>
 class KeyCopies {
  public:
-  // Room for the largest group, which has at most `lineCount` keys.
+  // Allocates the copies for the largest possible group. There are at most `lineCount` keys.
   KeyCopies(const KeyReader<Keys>& reader, std::size_t lineCount)
       : reader_(reader), copies_(std::min(lineCount, kMost)), needed_(copies_.size()) {}
 
-  // The most keys of a group.
+  // Returns the maximum number of keys in a group.
   std::size_t Room() const { return copies_.size(); }
 
-  // Copies the keys from `depth` on. Those that are not compared after it are not read: keys that end
-  // before, and records whose number no other has.
+  // Copies the keys from `depth` on. Does not copy those that need no further comparison: keys without
+  // characters after `depth`, and keys of records with a unique number.
   void Take(std::span<KeyRecord> records, std::uint32_t depth) {
     std::size_t count = 0;
     for (std::size_t i = 0; i < records.size(); ++i) {
@@ -80,7 +84,7 @@ class KeyCopies {
         });
   }
 
-  // Returns the indices of the lines to the records, which may be in another order.
+  // Restores the indices of the lines in the records, which may be in another order than at Take.
   void GiveBack(std::span<KeyRecord> records) const {
     for (KeyRecord& record : records) record.index = copies_[record.index].index;
   }
@@ -89,8 +93,8 @@ class KeyCopies {
     return CopyOf(record).Rest(depth - depth_, kCharSize);
   }
 
-  // The number of characters after `depth` that both keys have in common, of the next `most`, which both
-  // have.
+  // Returns how many of the next `most` characters after `depth` are equal in both keys. Both keys must have
+  // that many.
   std::uint32_t Shared(const KeyRecord& left, const KeyRecord& right, std::uint32_t depth,
                        std::uint32_t most) const {
     const std::uint32_t skipped = depth - depth_;
@@ -107,7 +111,7 @@ class KeyCopies {
   }
 
  private:
-  // So many keys are copied: the nearer caches hold them.
+  // The maximum number of copied keys; so many fit into the nearer caches.
   static constexpr std::size_t kMost = 8192;
 
   static constexpr std::uint32_t kCharSize = KeyReader<Keys>::kCharSize;
@@ -116,8 +120,8 @@ class KeyCopies {
 
   const KeyReader<Keys> reader_;
   std::vector<KeyCopy> copies_;
-  std::vector<std::uint32_t> needed_;  // the copies whose texts are needed
-  std::uint32_t depth_ = 0;            // at which the copies begin
+  std::vector<std::uint32_t> needed_;  // the indices of the copies to fill
+  std::uint32_t depth_ = 0;            // the depth at which the copies begin
 };
 
 }  // namespace WQLineSorter

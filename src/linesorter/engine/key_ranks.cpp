@@ -1,42 +1,48 @@
 // How keys get their ranks
 //
-// Each line has a record. It holds a number made of some characters of the line's key (see
-// key_characters.h), so that sorting records by their numbers sorts the keys by these characters.
+// Each line has a record. It contains a number made of some characters of the line's key (see
+// key_characters.h), so that sorting the records by their numbers sorts the keys by these characters.
 //
-//   1. common_beginnings_sample.h  In a large file, a sample of the keys shows which beginnings many keys
-//                                  share, such as "Package: " in a list of packages. Their keys get numbers
-//                                  of the characters after it, in the one pass that reads all keys.
-//   2. first_records.h             One pass makes the records of all keys and sorts them by the first
-//                                  characters.
-//   3. range_ranker.h              From the front to the back: a run of records with one number is ranked if
-//   its
-//                                  keys end there or if it is a single record. If not it becomes a range of
-//                                  its own: the next characters of its keys are loaded, it is sorted by them,
-//                                  and its runs are ranked before those after it.
-//   4. key_copies.h                If a group of records is small enough, its keys are copied side by side
-//   once,
-//                                  and all its ranges read the copies.
+//   1. common_beginnings_sample.h
+//      In a large file, a sample of the keys shows which beginnings many keys share, such as "Package: " in a
+//      list of packages. The numbers of keys with such a beginning are made of the characters after it, in
+//      the one pass that reads all keys.
+//   2. first_records.h
+//      One pass makes the records of all keys and sorts them by the first characters.
+//   3. range_ranker.h
+//      Processes the records in order. A run of records with the same number is ranked if its keys end there
+//      or if it is a single record. Otherwise it becomes a range: the next characters of its keys are loaded,
+//      the range is sorted by them, and its own runs are ranked before the records after it.
+//   4. key_copies.h
+//      If a group of records is small enough, its keys are copied next to each other once, and all ranges in
+//      the group read the copies.
 //
-// A key that ends needs one more thing, for bytes: the longer keys that begin with it equal it. They come
-// right after it, so a binary search over the numbers finds the last of them.
+// For bytes, a key that ends equals the longer keys that begin with it. These directly follow it, so a binary
+// search over the numbers finds the last of them.
 //
 // An example: four lines, bytes, whole lines as keys
 //
 //   0 "pineapple pie"   1 "pine"   2 "pineapples"   3 "plum"
 //
-//   The first characters are seven bytes, and the eighth holds their count; 8 means that the key goes on:
-//     0 "pineapp" 8     1 "pine" 4     2 "pineapp" 8     3 "plum" 4
-//   Sorted, at the places 0 to 3:
-//     line 1 "pine" 4 | line 0 "pineapp" 8, line 2 "pineapp" 8 | line 3 "plum" 4
-//   Place 0: "pine" ends. The records at 1 and 2 begin with it, the one at 3 does not: First 0, Last 2.
-//   Places 1 and 2: a run of keys that go on, so it becomes a range. Both keys share "le" next, so depth is
-//   7 + 2 and the next characters are " pie" 4 and "s" 1, which are in order. Each is a run of one record:
-//   line 0 gets First 1, Last 1 and line 2 gets First 2, Last 2.
-//   Place 3: "plum" ends, and nothing comes after it: First 3, Last 3.
+// A number contains up to seven bytes and, in the eighth, their count; 8 means that the key continues:
 //
-//   A key comes before another if Last of it is less than First of the other. So "pine" comes before "plum"
-//   (2 < 3) but not before "pineapples" (2 < 2 is false) nor that before "pine" (2 < 0 is false): they are
-//   equal. "pineapple pie" comes before "pineapples" (1 < 2).
+//   0 "pineapp" 8     1 "pine" 4     2 "pineapp" 8     3 "plum" 4
+//
+// Sorted, at the positions 0 to 3:
+//
+//   line 1 "pine" 4 | line 0 "pineapp" 8, line 2 "pineapp" 8 | line 3 "plum" 4
+//
+// Position 0: "pine" ends. The keys at 1 and 2 begin with it, the one at 3 does not: First 0, Last 2.
+//
+// Positions 1 and 2: a run of keys that continue, so it becomes a range. Both keys have "le" next, so the
+// depth is 7 + 2 and the next characters are " pie" 4 and "s" 1, which are in order. Each is a run of one
+// record: line 0 gets First 1, Last 1 and line 2 gets First 2, Last 2.
+//
+// Position 3: "plum" ends, and nothing follows it: First 3, Last 3.
+//
+// A key is less than another if its Last is less than the other's First. So "pine" (Last 2) is less than
+// "plum" (First 3), but not less than "pineapples" (First 2). "pineapples" (Last 2) is not less than "pine"
+// (First 0), so these two are equal. "pineapple pie" (Last 1) is less than "pineapples" (First 2).
 #include "linesorter/engine/key_ranks.h"
 
 #include <utility>

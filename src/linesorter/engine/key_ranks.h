@@ -1,10 +1,12 @@
-// The ranks of text keys in ordinal order: all that comparing two keys needs, as two small numbers a key.
+// Ranks of text keys in ordinal order: two small numbers for each key replace all further comparisons of
+// keys.
 //
-// For bytes the comparison is not a strict weak order: a key equals its own beginning, while two keys that
-// begin with it differ. So std::stable_sort has to make the order, as its result is what the rule says. But
-// in a dictionary all keys that begin with a key come right after it, so whether a key comes before another
-// follows from their places there: less(a, b) is Last(a) < First(b). The keys are brought into the
-// dictionary's order once, eight bytes at a time, and std::stable_sort does not read their texts again.
+// For bytes, the comparison is not a strict weak order: a key is equal to a longer key that begins with it,
+// while two such longer keys differ. So the order depends on the algorithm, and only std::stable_sort gives
+// the required one. But in lexicographic order all keys that begin with a key directly follow it, so the
+// result of each comparison follows from the positions of the keys: less(a, b) is Last(a) < First(b). The
+// keys are sorted lexicographically once, eight bytes at a time, and std::stable_sort then compares ranks
+// without reading any text.
 #pragma once
 
 #include <span>
@@ -15,10 +17,10 @@
 
 namespace WQLineSorter {
 
-// Returns one record for each line, in the dictionary's order, with its ranks. Sets `hasBeginnings` if any
-// key equals the beginning of a longer one; if none does, First() alone gives the order. The lines' blocks
-// have kBlockGuard bytes after their text. Throws std::bad_alloc. Keys is ByteKeys, for the order of
-// LineCompare_OrdinalA, or UnitKeys, for that of CompareStringOrdinal. key_ranks.cpp has an overview.
+// Returns one record for each line, in lexicographic order, with its ranks. Sets `hasBeginnings` to true if
+// any key is a prefix of a longer one; if none is, First() alone determines the order. The blocks of the
+// lines must have kBlockGuard bytes after their text. Throws std::bad_alloc. Keys is ByteKeys for the order
+// of LineCompare_OrdinalA, or UnitKeys for that of CompareStringOrdinal. For an overview see key_ranks.cpp.
 template <typename Keys>
 KeyRecords RankKeys(std::span<const SortLine> lines, const FoldRule& rule, bool& hasBeginnings);
 

@@ -1,4 +1,5 @@
-// Reads the keys of lines: their next characters as numbers, and how many characters two of them share.
+// Reads the keys of lines: their next characters as numbers, and the number of characters that two keys
+// share.
 #pragma once
 
 #include <algorithm>
@@ -13,22 +14,21 @@
 
 namespace WQLineSorter {
 
-// The rest of a key after its first characters; never empty.
+// The rest of a key after its first characters. Never empty.
 struct KeyRest {
   const char* text;
   std::uint32_t left;  // in characters
 };
 
-// Reads keys where they lie in the blocks. A depth is the number of characters of a key that come before its
-// rest. A reader is small: copy it where it is used, which saves the inner loops a step. Keys is ByteKeys or
-// UnitKeys.
+// Reads keys directly from the blocks. A depth is the number of characters of a key before its rest. A reader
+// is small; a local copy of it saves the inner loops an indirection. Keys is ByteKeys or UnitKeys.
 template <typename Keys>
 class KeyReader {
  public:
   using Key = KeyText<typename Keys::Char>;
   static constexpr std::uint32_t kCharSize = sizeof(typename Keys::Char);
 
-  // Borrows the lines.
+  // Does not copy the lines; they must outlive the reader.
   KeyReader(std::span<const SortLine> lines, const FoldRule& rule) : lines_(lines), rule_(rule) {}
 
   std::size_t LineCount() const { return lines_.size(); }
@@ -46,24 +46,24 @@ class KeyReader {
     return {rest.text + std::size_t{count} * kCharSize, rest.left - count};
   }
 
-  // The first characters of a key that is not empty, as a number.
+  // Returns the first characters of a key as a number. The key must not be empty.
   std::uint64_t BeginningOf(const Key& key) const {
     return NextCharacters<Keys>(reinterpret_cast<const char*>(key.text), key.length, rule_);
   }
 
-  // The first characters of a rest, as a number.
+  // Returns the first characters of a rest as a number.
   std::uint64_t NextOf(const KeyRest& rest) const {
     return NextCharacters<Keys>(rest.text, rest.left, rule_);
   }
 
-  // The number of characters that both rests begin with, at most `most`, and fewer than `rest` has: after
-  // them `rest` is still not empty. `other` has `most` characters or more.
+  // Returns how many characters at the beginning of both rests are equal: at most `most`, and fewer than
+  // `rest` has, so that what remains of `rest` is not empty. `other` must have at least `most` characters.
   std::uint32_t Shared(const KeyRest& rest, const KeyRest& other, std::uint32_t most) const {
     return SharedCharacters<Keys>(rest.text, other.text, std::min(most, rest.left - 1), rule_);
   }
 
-  // Calls visit(i) for each i in [0, count), and asks for the memory of lines and texts some calls ahead.
-  // indexOf(i) is the index of the line that visit(i) reads from `depth` on.
+  // Calls visit(i) for each i in [0, count) and prefetches the lines and texts of later calls. indexOf(i)
+  // must return the index of the line that visit(i) reads, from `depth` on.
   template <typename IndexOf, typename Function>
   void Visit(std::size_t count, std::uint32_t depth, IndexOf indexOf, Function visit) const {
     constexpr std::size_t kLineAhead = 16;

@@ -1,4 +1,4 @@
-// The small records that the fast ways of sorting move in place of the lines: three 32-bit numbers a line.
+// The records that the fast paths of the sort move instead of lines: three 32-bit numbers for each line.
 #pragma once
 
 #include <cstdint>
@@ -6,13 +6,13 @@
 
 namespace WQLineSorter {
 
-// While keys are brought into order, `high` and `low` are the number that the record is sorted by. Once a key
-// has its place they are its ranks: First is the place of the first key with the same characters, Last that
-// of the last key that does not come after it.
+// While keys are being sorted, `high` and `low` are the two halves of the number that the record is sorted
+// by. Once the position of a key is final, they are its ranks: First is the position of the first key with
+// the same characters, Last the position of the last key that does not compare greater.
 struct KeyRecord {
   std::uint32_t high;
   std::uint32_t low;
-  std::uint32_t index;  // of the line in its range
+  std::uint32_t index;  // the index of the line in its range
 
   std::uint64_t Number() const { return std::uint64_t{high} << 32 | low; }
   void SetNumber(std::uint64_t number) {
@@ -31,8 +31,7 @@ static_assert(sizeof(KeyRecord) == 12);
 
 using KeyRecords = std::vector<KeyRecord>;
 
-// Brings records with the same number into the order of their indices, where all are in the order of their
-// numbers.
+// Sorts records with equal numbers by their indices. All records must already be sorted by their numbers.
 void OrderEqualsByIndex(KeyRecords& records);
 
 }  // namespace WQLineSorter

@@ -9,7 +9,8 @@ namespace WQLineSorter {
 
 namespace {
 
-// What the rule on empty keys says of two keys: it comes before any comparison of texts.
+// The result of the rule for empty keys, which applies before any comparison of texts. If neither key is
+// empty, `decided` is false.
 struct EmptyKeys {
   bool decided;
   bool less;
@@ -19,7 +20,7 @@ EmptyKeys CompareEmpty(std::uint32_t lhsLength, std::uint32_t rhsLength) {
   return {lhsLength == 0 || rhsLength == 0, lhsLength == 0 && rhsLength != 0};
 }
 
-// Wide keys may stand at odd addresses.
+// Returns a character, for wide keys also from an odd address.
 template <typename CharT>
 std::uint32_t CharacterAt(const CharT* text, std::uint32_t index) {
   if constexpr (sizeof(CharT) == 1) {
@@ -31,8 +32,8 @@ std::uint32_t CharacterAt(const CharT* text, std::uint32_t index) {
   }
 }
 
-// As strncmp, strnicmp and their wide forms over the shorter length, by unsigned characters and with ASCII's
-// case alone: the same on every system.
+// Compares like strncmp, strnicmp and their wide forms over the shorter length, by unsigned characters and
+// folding only A to Z, so that the result is the same on every system.
 template <typename CharT>
 bool BeginningIsLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs, std::uint32_t rhsLength,
                      bool ignoreCase) {
@@ -50,7 +51,7 @@ bool BeginningIsLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs
   return false;
 }
 
-// A result of the system's compare functions; 0, their failure, counts as less (C-108).
+// Interprets a result of the system's compare functions. 0, which means failure, counts as less (C-108).
 bool SaysLess(int result) { return result < CSTR_EQUAL; }
 
 constexpr const WCHAR* kSystemLibrary = W("kernel32.dll");
@@ -107,9 +108,10 @@ bool LineCompare_LanguageAware_StringCompareEx<WCHAR>::Compare(const WCHAR* lhs,
 
 namespace {
 
-// Widens a key into its buffer. The key has no zero of its own: the text goes on after it, up to a zero at
-// its block's end at the latest, and it is the room for `length` units that stops the conversion. What is
-// handed over is as much as `length` units can come from, so that a long block costs nothing.
+// Converts a key to wide characters in its buffer. The key is not zero-terminated: its block continues after
+// it, up to a zero at the end of the block or earlier, and the conversion stops when the buffer has `length`
+// units. Passes no more bytes than `length` units can come from, so that the time does not depend on the size
+// of the block.
 void WidenKey(const char* key, std::uint32_t length, std::unique_ptr<WCHAR[]>& buffer,
               std::uint32_t& capacity) {
   constexpr std::uint32_t kSmallest = 128;
@@ -120,7 +122,7 @@ void WidenKey(const char* key, std::uint32_t length, std::unique_ptr<WCHAR[]>& b
     capacity = room;
   }
   if (length == 0) return;
-  // Whatever the conversion leaves out is zeros, not what an earlier key left there.
+  // The units that the conversion does not write must be zero, not those of an earlier key.
   std::fill_n(buffer.get(), length, WCHAR());
   const std::size_t most = kMostBytesOfUnit * length;
   const void* const zero = std::memchr(key, 0, most);

@@ -1,9 +1,9 @@
-// Comparisons of sort keys, one class for each way of comparing text.
+// Comparators of sort keys, one class for each way of comparing text.
 //
-// Compare returns true if and only if the left key sorts before the right one; false both ways round means
-// equal. Lengths are in characters. An empty key sorts before every other one. Compare reports no errors: a
-// function of the system that fails makes the left key sort first. An object lives on the stack of one sort
-// and is used by its exact type, on one thread.
+// Compare returns true if the left key sorts before the right one; keys are equal if it returns false both
+// ways round. Lengths are in characters. An empty key sorts before all others. Compare reports no errors: if
+// a function of the system fails, the left key is less (C-108). A comparator is created on the stack for one
+// sort and used through its exact type on one thread.
 #pragma once
 
 #include <cstdint>
@@ -21,21 +21,21 @@ class LineCompare_TextBase {
                        std::uint32_t rhsLength) = 0;
 
   bool ignoreCase = false;
-  DWORD compareFlags = 0;  // for the system's compare function
+  DWORD compareFlags = 0;  // flags of the system's compare functions
 
  protected:
   ~LineCompare_TextBase() = default;
 };
 
-// Bytes as unsigned numbers; ignoring case folds A to Z only. Compares as many bytes as the shorter key has,
-// so a key and its own beginning are equal (C-105), and stops at a zero byte (C-106).
+// Compares bytes as unsigned numbers; ignoring case folds only A to Z. Compares as many bytes as the shorter
+// key has, so a key is equal to each of its prefixes (C-105), and stops at a zero byte (C-106).
 class LineCompare_OrdinalA final : public LineCompare_TextBase<char> {
  public:
   bool Compare(const char* lhs, std::uint32_t lhsLength, const char* rhs, std::uint32_t rhsLength) override;
 };
 
-// 16-bit units (CompareStringOrdinal, which puts a key after its own beginning). Without that function, as
-// LineCompare_OrdinalA does it.
+// Compares 16-bit units with CompareStringOrdinal, which sorts a key after its prefixes. If the system does
+// not have that function, compares like LineCompare_OrdinalA.
 class LineCompare_OrdinalW final : public LineCompare_TextBase<WCHAR> {
  public:
   LineCompare_OrdinalW();
@@ -47,7 +47,7 @@ class LineCompare_OrdinalW final : public LineCompare_TextBase<WCHAR> {
   decltype(&CompareStringOrdinal) compareStringOrdinal = nullptr;
 };
 
-// The user's language order over bytes (CompareStringA).
+// Compares bytes in the order of the user's language (CompareStringA).
 class LineCompare_LanguageAware_StringCompareA final : public LineCompare_TextBase<char> {
  public:
   bool Compare(const char* lhs, std::uint32_t lhsLength, const char* rhs, std::uint32_t rhsLength) override;
@@ -56,11 +56,11 @@ class LineCompare_LanguageAware_StringCompareA final : public LineCompare_TextBa
   LCID locale = LOCALE_USER_DEFAULT;
 };
 
-// The system's language order of two keys that are not empty: CompareStringEx, or CompareStringW where that
-// is not there or not wanted.
+// Compares two keys that are not empty in the order of the user's language, with CompareStringEx or, if the
+// system does not have it or `lookUp` is false, CompareStringW.
 class LanguageOrder {
  public:
-  // Without `lookUp` CompareStringEx is not looked up.
+  // Looks up CompareStringEx only if `lookUp` is true.
   explicit LanguageOrder(bool lookUp);
   bool IsLess(DWORD flags, const WCHAR* lhs, std::uint32_t lhsLength, const WCHAR* rhs,
               std::uint32_t rhsLength) const;
@@ -69,14 +69,14 @@ class LanguageOrder {
   SystemLibrary library;
   decltype(&CompareStringEx) compareStringEx = nullptr;
   WString localeName;
-  const WCHAR* localeNamePointer = nullptr;  // null: the user's default locale
+  const WCHAR* localeNamePointer = nullptr;  // null for the user's default locale
   LCID locale = LOCALE_USER_DEFAULT;
 };
 
 template <typename CharT>
 class LineCompare_LanguageAware_StringCompareEx;
 
-// The user's language order over 16-bit units.
+// Compares 16-bit units in the order of the user's language.
 template <>
 class LineCompare_LanguageAware_StringCompareEx<WCHAR> final : public LineCompare_TextBase<WCHAR> {
  public:
@@ -87,7 +87,8 @@ class LineCompare_LanguageAware_StringCompareEx<WCHAR> final : public LineCompar
   LanguageOrder order;
 };
 
-// For bytes it is only the base of the next class, and its own Compare always returns false (C-151).
+// The specialisation for bytes is only a base class of the next class. Its own Compare always returns false
+// (C-151).
 template <>
 class LineCompare_LanguageAware_StringCompareEx<char> : public LineCompare_TextBase<char> {
  public:
@@ -99,8 +100,8 @@ class LineCompare_LanguageAware_StringCompareEx<char> : public LineCompare_TextB
   LanguageOrder order{true};
 };
 
-// The language order with digit runs by value over bytes: both keys are widened from the system's code page
-// into buffers that grow to the longest key and stay.
+// Compares bytes in language order with runs of digits by their value. Converts both keys from the ANSI code
+// page to buffers that grow to the longest key and are freed with the comparator.
 class LineCompare_LanguageAware_WFallback final : public LineCompare_LanguageAware_StringCompareEx<char> {
  public:
   bool Compare(const char* lhs, std::uint32_t lhsLength, const char* rhs, std::uint32_t rhsLength) override;

@@ -1,8 +1,8 @@
-// From a reader's bytes to sorted line records.
+// Loads the lines of a reader as sorted records.
 //
-// CharT is char for the byte path and WCHAR for the 16-bit path, where a byte order mark is the first
-// character of the first line (C-102) and an odd last byte gets a zero byte (C-103). All functions throw what
-// the reader throws, and std::bad_alloc.
+// CharT is char for the byte path and WCHAR for the 16-bit path. In 16-bit text a byte order mark is the
+// first character of the first line (C-102), and a zero byte is appended to an odd last byte (C-103). All
+// functions throw the exceptions of the reader, and std::bad_alloc.
 #pragma once
 
 #include <memory>
@@ -15,22 +15,23 @@
 
 namespace WQLineSorter {
 
-// Reads all lines, in file order, keys still 0. A line that fills a block and is longer
-// throws std::bad_alloc at once. A lone CR ends a line and is lost.
+// Reads all lines in the order of the file; their keys are 0. Throws std::bad_alloc for a line that does not
+// fit into a block. A lone CR ends a line and is not stored (C-036).
 template <typename CharT>
 std::shared_ptr<SortableLinesData> ReadLines(WQDR::DataReader& reader);
 
-// Reads all lines, computes the keys, sorts the range that may move and removes blank lines as asked.
+// Reads all lines, computes their keys, sorts the movable range and, with SortRemoveBlank, removes its blank
+// lines.
 template <typename CharT>
 std::shared_ptr<SortableLinesData> LoadLines(WQDR::DataReader& reader, const SortLinesOptions& options);
 
-// Lines as they are to be written.
+// Lines in the order in which they are to be written.
 struct OrderedLines {
   std::shared_ptr<SortableLinesData> data;
-  std::optional<LineOrder> order;  // none: in the order of the records
+  std::optional<LineOrder> order;  // if absent, the order of the records
 };
 
-// The same as LoadLines for a writer, without moving the records where that can be helped.
+// Like LoadLines, but does not move the records if the order can be found without that.
 template <typename CharT>
 OrderedLines LoadOrderedLines(WQDR::DataReader& reader, const SortLinesOptions& options);
 

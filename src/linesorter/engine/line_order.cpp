@@ -9,11 +9,11 @@ namespace WQLineSorter {
 
 namespace {
 
-// Lines move in two steps, so that no step jumps about in more memory than the caches hold: first into their
-// part of so many places, then to their place.
+// Lines are moved in two steps, first into the right part and then to their positions, so that neither step
+// accesses more memory at random than the caches can hold. This is the size of a part, as a power of two.
 constexpr unsigned kPartBits = 13;
 
-// Brings each line to its place.
+// Moves each line to its destination.
 void MoveToPlaces(std::span<SortLine> lines, std::span<std::uint32_t> places) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     while (places[i] != i) {
@@ -27,7 +27,7 @@ void MoveToPlaces(std::span<SortLine> lines, std::span<std::uint32_t> places) {
 }  // namespace
 
 void MoveToParts(std::span<SortLine> lines, std::span<std::uint32_t> places, unsigned partBits) {
-  std::vector<std::size_t> next;  // the first place of each part that may hold a line of another
+  std::vector<std::size_t> next;  // for each part, the first position that may hold a line of another part
   for (std::size_t begin{}; begin < lines.size(); begin = next.size() << partBits) next.push_back(begin);
   for (std::size_t part{}; part < next.size(); ++part) {
     const std::size_t end = std::min((part + 1) << partBits, lines.size());

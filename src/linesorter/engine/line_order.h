@@ -1,4 +1,4 @@
-// An order of lines, and moving the line records into it.
+// Orders of lines, and moving the line records into an order.
 #pragma once
 
 #include <cstdint>
@@ -9,16 +9,17 @@
 
 namespace WQLineSorter {
 
-// The places of the lines: of the one that comes first, of the second, and so on.
+// For each position in the order, the index of the line that belongs there.
 using LineOrder = std::vector<std::uint32_t>;
 
-// Puts at each place the line that was at order[place]; `order` holds each place once. In place:
-// the records are nearly as large as the text, so there is no second copy of them. Throws std::bad_alloc,
-// with the lines as they were.
+// Moves the line at order[i] to position i, for all i. `order` must contain each index once. Works in place,
+// because a copy of the records would be nearly as large as the text. Throws std::bad_alloc, with the lines
+// unchanged.
 void ApplyOrder(std::span<SortLine> lines, std::span<const std::uint32_t> order);
 
-// The first step of ApplyOrder: brings each line into its part, which is a power of two of places, so that
-// the second moves lines only within what a cache holds. `places` are those of the lines and move along.
+// The first step of ApplyOrder, which moves each line into the part that contains its destination. A part has
+// 2^partBits positions, so the second step moves lines only within memory that a cache can hold. `places`
+// contains the destination of each line and is permuted with the lines.
 void MoveToParts(std::span<SortLine> lines, std::span<std::uint32_t> places, unsigned partBits);
 
 }  // namespace WQLineSorter

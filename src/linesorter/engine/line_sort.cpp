@@ -19,7 +19,7 @@ namespace WQLineSorter {
 
 namespace {
 
-// NORM_LINGUISTIC_CASING beside it: the case that is ignored is the user's language's.
+// With NORM_LINGUISTIC_CASING, case is ignored by the rules of the user's language.
 constexpr DWORD kLanguageFlags = NORM_LINGUISTIC_CASING | LINGUISTIC_IGNORECASE;
 constexpr DWORD kNaturalFlags = kLanguageFlags | SORT_DIGITSASNUMBERS;
 
@@ -29,7 +29,8 @@ bool SortsByValue(const SortLinesOptions& options) {
   return (options.options & (SortAsNumber | SortAsDate)) != 0;
 }
 
-// Hands the comparator that the options choose to `use`, by its own type: it lives as long as the sort.
+// Calls `use` with the comparator that the options choose, by its own type. The comparator exists until `use`
+// returns.
 template <typename CharT, typename Use>
 void WithComparator(const SortLinesOptions& options, Use use) {
   const bool natural = Has(options, SortLanguageAware | SortNaturalNumbers);
@@ -58,7 +59,7 @@ bool LessByKey(Comparator& comparator, const SortLine& a, const SortLine& b) {
   return comparator.Compare(left.text, left.length, right.text, right.length);
 }
 
-// The bytes' own comparison always answers alike, and its order is the one that std::stable_sort makes of it.
+// LineCompare_OrdinalA is consistent, and the required order is that of std::stable_sort.
 template <typename Iterator, typename Less>
 void StableSortBy(const LineCompare_OrdinalA&, Iterator first, Iterator last, Less less) {
   std::stable_sort(first, last, less);
@@ -98,7 +99,7 @@ LineOrder OrderByValue(std::span<const SortLine> lines) {
   return OrderOf(records);
 }
 
-// Brings ranked records back into the order of the file.
+// Sorts ranked records back into the order of the file.
 void RestoreFileOrder(KeyRecords& records) {
   std::vector<std::uint32_t> byLine(records.size());
   for (const auto rank : {&KeyRecord::high, &KeyRecord::low}) {
@@ -132,7 +133,7 @@ LineOrder OrderByComparator(std::span<const SortLine> lines, Comparator& compara
   return order;
 }
 
-// A comparator that only the system knows is asked for each pair; an ordinal one is known and ranks the keys.
+// Only ordinal comparators can be replaced by ranks; all others are called for each pair of keys.
 template <typename CharT, typename Comparator>
 LineOrder OrderByKey(std::span<const SortLine> lines, Comparator& comparator) {
   return OrderByComparator<CharT>(lines, comparator);
@@ -177,14 +178,15 @@ auto LinesIn(Lines& lines, LineRange range) {
   return std::span(lines).subspan(range.first, range.last - range.first);
 }
 
-// A sort of this many lines or more is worth the preparations of the fast ways.
+// The minimum number of lines for which the preparations of the fast paths pay off.
 constexpr std::size_t kFewLines = 64;
 
 bool HasFastWay(std::size_t count) {
   return count >= kFewLines && count <= std::numeric_limits<std::uint32_t>::max();
 }
 
-// Puts the lines before and after the range around its order, whose places count from the range's first.
+// Returns the order of all `count` lines, given the order of the range with indices that count from its first
+// line.
 LineOrder Surround(LineOrder order, LineRange range, std::size_t count) {
   if (range.first == 0 && range.last == count) return order;
   LineOrder whole(count);
@@ -220,7 +222,7 @@ void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLine
   try {
     ApplyOrder(moving, FindOrder<CharT>(moving, options));
   } catch (const std::bad_alloc&) {
-    // The fast ways need memory, the sort itself none.
+    // The fast paths need memory; the plain sort does not.
     SortLineRangePlainly<CharT>(lines, range, options);
     return;
   }

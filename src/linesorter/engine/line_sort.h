@@ -1,4 +1,4 @@
-// The order of lines by their keys.
+// Sorts lines by their keys.
 #pragma once
 
 #include <cstddef>
@@ -11,39 +11,40 @@
 
 namespace WQLineSorter {
 
-// The lines that may move: [first, last). Empty when more lines are kept than there are.
+// The lines that may move: [first, last). Empty if as many lines are kept as there are, or more.
 struct LineRange {
   std::size_t first;
   std::size_t last;
 };
 LineRange MovableRange(const std::vector<SortLine>& lines, const SortLinesOptions& options);
 
-// Brings the range into the order that std::stable_sort makes of it with the rule that the options choose:
-// numericKey, or a comparator over the keys. Where comparing bytes is not transitive (a key equals its own
-// beginning) the order is still exactly the one that std::stable_sort makes. The standard leaves that order
-// open: it is libstdc++'s, whose merges begin with runs of up to seven lines, and which both builds use.
-// Takes the fast way if there is one and memory allows. Then reverses the range if that is asked for, lines
-// with equal keys too (C-124). Does nothing to an empty range (C-135). CharT is char or WCHAR.
+// Sorts the range like std::stable_sort by the rule that the options choose: by numericKey, or by the keys
+// with a comparator. The comparison of bytes is not transitive, since a key is equal to its prefixes; even
+// then the order is exactly that of std::stable_sort. In that case the order depends on the library: both
+// builds use libstdc++, whose merge sort starts with runs of up to seven lines.
+//
+// Uses a fast path if there is one and memory suffices. With SortReverse then reverses the range, including
+// lines with equal keys (C-124). Does nothing if the range is empty (C-135). CharT is char or WCHAR.
 template <typename CharT>
 void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options);
 
-// The rule itself, without any fast way: std::stable_sort of the records, then the reversal. The fast ways
-// are held against it.
+// The same without a fast path: std::stable_sort of the records, then the reversal. Tests compare the fast
+// paths with it.
 template <typename CharT>
 void SortLineRangePlainly(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options);
 
-// The order that SortLineRange brings all lines into, found by the fast way while the lines stay where they
-// are: moving them costs more than looking for them once at the end. None where there is no fast way, or no
-// memory for it; then SortLineRange is to be asked.
+// Returns the order of all lines after SortLineRange, without moving the lines: writing them in this order
+// costs less than moving them. Returns std::nullopt if there is no fast path or not enough memory for it; the
+// caller must then use SortLineRange.
 template <typename CharT>
 std::optional<LineOrder> FindLineOrder(const std::vector<SortLine>& lines, LineRange range,
                                        const SortLinesOptions& options);
 
-// Removes the records of the range that have no text, whatever their ending; a blank is text (C-126). The
-// others keep their order.
+// Removes the lines of the range that have no text, whatever their ending; a blank counts as text (C-126).
+// Keeps the order of the others.
 void RemoveBlankLines(std::vector<SortLine>& lines, LineRange range);
 
-// The same in an order of the lines.
+// Same for an order of the lines.
 void RemoveBlankLines(LineOrder& order, const std::vector<SortLine>& lines, LineRange range);
 
 }  // namespace WQLineSorter

@@ -7,15 +7,15 @@ namespace WQLineSorter {
 
 namespace {
 
-// White space beyond ASCII, for wide text.
+// White space outside ASCII, for wide text.
 constexpr std::uint16_t kWideSpaces[] = {0x0085, 0x00A0, 0x1680, 0x2000, 0x2001, 0x2002, 0x2003,
                                          0x2004, 0x2005, 0x2006, 0x2007, 0x2008, 0x2009, 0x200A,
                                          0x2028, 0x2029, 0x202F, 0x205F, 0x3000};
 
-// A run of this many characters is worth remembering.
+// The minimum length of the runs that are remembered.
 constexpr std::ptrdiff_t kLongRun = 16;
 
-// More runs than a block has.
+// The maximum number of remembered runs of white space, which is more than a block can have.
 constexpr std::size_t kMostRuns = 4096;
 
 template <typename CharT>
@@ -79,7 +79,7 @@ std::int64_t NumberReader<CharT>::ReadDigits(const CharT* text, const CharT** en
     return known->value;
   }
   if (p - text > kLongRun) {
-    // The last ones matter: lines lead on to the digits that stand next.
+    // Only recent runs are needed, since white space leads to the digits that follow it.
     constexpr std::size_t kMost = 64;
     if (digits_.size() == kMost) digits_.erase(digits_.begin());
     digits_.push_back({text, p, value});

@@ -1,6 +1,6 @@
-// White space and decimal numbers in text, as isspace, strtoll, strtol and their wide forms read them on
-// Windows, with ASCII's digits alone: white space is skipped, a sign is allowed, digits are taken up to the
-// first other character. Texts have no length; they end at a zero character at the latest.
+// Parses white space and decimal numbers as isspace, strtoll, strtol and their wide forms do on Windows, with
+// the digits of ASCII only: skips white space, accepts a sign, and reads digits up to the first other
+// character. Texts have no length; they must end with a zero character.
 #pragma once
 
 #include <cstdint>
@@ -11,21 +11,22 @@
 
 namespace WQLineSorter {
 
-// As isspace and iswspace in the "C" locale of Windows.
+// Like isspace and iswspace in the "C" locale of Windows.
 template <typename CharT>
 bool IsSpace(CharT character);
 
-// Reads numbers in a text again and again, from one place after the other. It remembers the long runs of
-// white space and of digits: where thousands of empty lines lead on to the same number, each of them would go
-// all the way otherwise. The text must not change as long as the reader lives.
+// Reads many numbers from one text, at one position after the other. Remembers long runs of white space and
+// of digits: otherwise, if thousands of empty lines are followed by a number, each of them would be scanned
+// up to that number again. The text must not change during the lifetime of the reader.
 template <typename CharT>
 class NumberReader {
  public:
-  // The first character at or after `text` that is no white space.
+  // Returns the first character at or after `text` that is not white space.
   const CharT* SkipSpaces(const CharT* text);
 
-  // Returns the value, cut at the limits of Number, and 0 without a digit. Sets `*end` after the last digit,
-  // or to `text` without one. Number is std::int64_t for strtoll and std::int32_t for Windows' strtol.
+  // Returns the value, clamped to the limits of Number, or 0 if there is no digit. Sets `*end` to the
+  // character after the last digit, or to `text` if there is none. Number is std::int64_t for strtoll and
+  // std::int32_t for strtol on Windows.
   template <typename Number>
   Number Read(const CharT* text, const CharT** end) {
     using Limits = std::numeric_limits<Number>;
@@ -38,18 +39,18 @@ class NumberReader {
   struct Run {
     const CharT* begin;
     const CharT* end;
-    std::int64_t value;  // of digits, below zero
+    std::int64_t value;  // the negated value of a run of digits
   };
 
   std::int64_t ReadLong(const CharT* text, const CharT** end);
-  // The value of the digits at `text`, below zero, where there is room for one more.
+  // Returns the negated value of the digits at `text`. Negative numbers have room for one value more.
   std::int64_t ReadDigits(const CharT* text, const CharT** end);
 
-  std::vector<Run> spaces_;  // in the order of their places
+  std::vector<Run> spaces_;  // sorted by `begin`
   std::vector<Run> digits_;
 };
 
-// One number, as NumberReader::Read.
+// Reads one number like NumberReader::Read.
 template <typename Number, typename CharT>
 Number ParseNumber(const CharT* text, const CharT** end) {
   return NumberReader<CharT>().template Read<Number>(text, end);

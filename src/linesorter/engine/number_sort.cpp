@@ -10,7 +10,7 @@ namespace WQLineSorter {
 
 namespace {
 
-// Below this many records, comparing is cheaper than counting.
+// With fewer records than this, sorting by comparison is faster than counting digits.
 constexpr std::size_t kFewRecords = 200;
 
 using Places = std::array<std::size_t, kDigits>;
@@ -19,7 +19,8 @@ unsigned DigitAt(const KeyRecord& record, unsigned shift) {
   return static_cast<unsigned>(record.Number() >> shift) & (kDigits - 1);
 }
 
-// Brings each record into the part of its digit. `next` holds where the parts begin, and then where they end.
+// Moves each record into the part of its digit. On entry, `next` contains the beginnings of the parts, on
+// return their ends.
 void DistributeInPlace(std::span<KeyRecord> records, unsigned shift, Places& next) {
   Places ends = next;
   std::shift_left(ends.begin(), ends.end(), 1);
@@ -34,7 +35,7 @@ void DistributeInPlace(std::span<KeyRecord> records, unsigned shift, Places& nex
   }
 }
 
-// The same with a buffer as large as the records; they stay in order within their parts.
+// Same with a buffer as large as the records; keeps the order of the records in each part.
 void DistributeThrough(KeyRecord* buffer, std::span<KeyRecord> records, unsigned shift, Places& next) {
   for (const KeyRecord& record : records) buffer[next[DigitAt(record, shift)]++] = record;
   std::copy_n(buffer, records.size(), records.begin());

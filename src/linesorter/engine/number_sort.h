@@ -1,4 +1,4 @@
-// Records in the order of their numbers.
+// Sorts records by their numbers.
 #pragma once
 
 #include <memory>
@@ -8,20 +8,20 @@
 
 namespace WQLineSorter {
 
-// Highest digit of a number, and how many there are.
+// The highest digit of a number, and the number of different digits.
 constexpr unsigned kDigitBits = 8;
 constexpr unsigned kDigits = 1U << kDigitBits;
 constexpr unsigned HighestDigit(std::uint64_t number) {
   return static_cast<unsigned>(number >> (64 - kDigitBits));
 }
 
-// Sorts runs of records by the digits of their numbers. Equal ones, and within a run's digits all others,
-// stay in order as far as the room suffices, so that what follows visits the lines in the order of the file:
-// it is only faster so, and nothing may rely on it.
+// Sorts records by the digits of their numbers. Not stable, but mostly keeps the order of records with equal
+// numbers if the buffer is large enough. Later passes then visit the lines in the order of the file, which is
+// faster; nothing may depend on it.
 class NumberSort {
  public:
-  // For runs of up to `count` records. Takes room for half as many, if there is any: more would be more
-  // memory than the sort needs at its end.
+  // Prepares for ranges of up to `count` records. Allocates a buffer for half as many, if there is memory: a
+  // larger one would exceed the memory that the sort needs at its end.
   explicit NumberSort(std::size_t count);
   void Sort(std::span<KeyRecord> records) const;
 

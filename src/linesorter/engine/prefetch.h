@@ -1,11 +1,11 @@
-// Asking for memory before it is needed, where lines are visited in an order that no cache foresees.
+// Prefetching of memory that is accessed in an order that the processor cannot predict.
 #pragma once
 
 #include "platform/vector_instructions.h"
 
 namespace WQLineSorter {
 
-// No more than a hint: any address will do.
+// Only a hint to the processor; the address may be invalid.
 inline void Prefetch([[maybe_unused]] const void* address) {
 #if QX_SSE2
   _mm_prefetch(static_cast<const char*>(address), _MM_HINT_T0);

@@ -1,4 +1,4 @@
-// Ranks the records of segments by refining ranges of them.
+// Ranks the records of segments, range by range.
 #pragma once
 
 #include <algorithm>
@@ -15,18 +15,18 @@
 
 namespace WQLineSorter {
 
-// A run of records with the same number whose keys go on is a range: the next characters of its keys are
-// loaded, the range is sorted by them, and its own runs are ranked in turn. A stack of ranges in place of
-// recursion: it is as deep as a key is long.
+// If a run of records has the same number and its keys continue, it becomes a range: the next characters of
+// its keys are loaded, the range is sorted by them, and its own runs are ranked in turn. A stack of ranges is
+// used instead of recursion, which could be as deep as a key is long.
 template <typename Keys>
 class RangeRanker {
  public:
-  // Borrows the copies and the records.
+  // Stores references to the copies and the records.
   RangeRanker(const KeyReader<Keys>& reader, KeyCopies<Keys>& copies, const NumberSort& sort,
               std::span<KeyRecord> records)
       : reader_(reader), copies_(copies), sort_(sort), records_(records) {}
 
-  // Ranks all records, which `first` has made with the common beginnings.
+  // Ranks all records. `first` has made them with these common beginnings.
   void Rank(const FirstRecords<Keys>& first, std::span<const CommonBeginning> commons) {
     segments_ = first.Segments();
     commons_ = commons;
@@ -42,13 +42,13 @@ class RangeRanker {
     }
   }
 
-  // True if any key equals the beginning of a longer one.
+  // Returns true if any key is a prefix of a longer one.
   bool HasBeginnings() const { return hasBeginnings_; }
 
  private:
-  // Records [next, end) still to be ranked: their keys share `depth` characters and are longer, and the
-  // records hold the characters after these, in their order. Those before `next` are ranked, or are in a
-  // range that comes later in the stack.
+  // The records [next, end) are still to be ranked. Their keys share `depth` characters and are longer; the
+  // records are sorted by the characters after these. The records before `next` are ranked, or are in a range
+  // higher on the stack.
   struct OpenRange {
     std::size_t next;
     std::size_t end;
@@ -77,8 +77,7 @@ class RangeRanker {
     }
   }
 
-  // Opens a range for records [begin, end) of `range`, whose keys are equal in the characters of their number
-  // and go on.
+  // Opens a range for the records [begin, end) of `range`, whose numbers are equal and whose keys continue.
   void Open(std::size_t begin, std::size_t end, const OpenRange& range) {
     const std::uint32_t depth = range.depth + kStep<Keys>;
     if (isCopied_) {
@@ -97,13 +96,15 @@ class RangeRanker {
     open_.push_back({begin, end, depth});
   }
 
-  // Sets the ranks of equal keys; those of [end, after) begin with them and are longer.
+  // Sets the ranks of records with equal keys. The keys of the records [end, after) are longer and begin with
+  // these.
   void SetRanks(std::size_t begin, std::size_t end, std::size_t after) {
     if (after > end) hasBeginnings_ = true;
     for (std::size_t i = begin; i < end; ++i) records_[i].SetRanks(begin, after - 1);
   }
 
-  // The end of as many whole runs from `begin` on as there is room for copies, before `end`.
+  // Returns the end of the group that starts at `begin`: as many whole runs before `end` as can be copied at
+  // a time.
   std::size_t EndOfGroup(std::size_t begin, std::size_t end) const {
     if (end - begin <= copies_.Room()) return end;
     std::size_t groupEnd = begin + copies_.Room();
@@ -111,7 +112,7 @@ class RangeRanker {
     return groupEnd;
   }
 
-  // Ranks a group, a part of an open range, with copies of its keys.
+  // Ranks a group of records, which is part of an open range, with copies of their keys.
   void RankByCopies(const OpenRange& group) {
     const auto records = Records(group.next, group.end);
     copies_.Take(records, group.depth + kStep<Keys>);
@@ -123,7 +124,8 @@ class RangeRanker {
     copies_.GiveBack(records);
   }
 
-  // Loads the characters after those that all keys share after `depth`, and returns how many these are.
+  // Loads the characters after those that all keys share after `depth`. Returns the number of these shared
+  // characters.
   std::uint32_t LoadCopied(std::size_t begin, std::size_t end, std::uint32_t depth) {
     const KeyRecord& first = records_[begin];
     std::uint32_t shared = copies_.RestOf(first, depth).left - 1;
@@ -137,8 +139,8 @@ class RangeRanker {
     return shared;
   }
 
-  // The same for keys that are too many to copy. They are best visited once, so some of them foretell what
-  // all share. If one of the others shares less, all are visited again.
+  // Same for keys that are too many to copy. To visit each key only once, predicts from a sample how many
+  // characters all keys share. If a key shares fewer, visits all keys again.
   std::uint32_t LoadLarge(std::size_t begin, std::size_t end, std::uint32_t depth) {
     constexpr std::size_t kSamples = 8;
     const auto records = Records(begin, end);
@@ -159,8 +161,8 @@ class RangeRanker {
     return shared;
   }
 
-  // The end of the keys that begin with the first `count` characters of `number`, from the innermost range's
-  // next record on: they are longer than the key that ends there.
+  // Returns the end of the records, from the next one of the innermost range on, whose keys begin with the
+  // first `count` characters of `number`. These keys are longer than the key that ends there.
   std::size_t EndOfLongerKeys(std::uint64_t number, unsigned count) const {
     const OpenRange& range = open_.back();
     const auto begins = [&](std::uint64_t other) {
@@ -178,14 +180,14 @@ class RangeRanker {
       return static_cast<std::size_t>(std::partition_point(known, limit, recordBegins) - records_.data());
     };
     std::size_t end = endIn(range.next, range.end);
-    // A group that is ranked by copies is followed by the rest of its range.
+    // A group that is ranked with copies is followed by the rest of its range.
     if (open_.size() > 1) {
       const OpenRange& outer = open_[open_.size() - 2];
       if (end == outer.next && range.depth == outer.depth) end = endIn(end, outer.end);
     }
     if (range.depth != 0) return end;
-    // Keys that end within their first characters are followed by all other segments, which hold different
-    // characters of their keys.
+    // Keys that end within their first characters may also be the beginning of keys in the following
+    // segments, whose records hold characters of other depths.
     for (std::size_t i = segment_ + 1; i < segments_.size() && end == segments_[i].begin; ++i) {
       const RecordSegment& segment = segments_[i];
       if (segment.common == NumberParts::kNone) {
@@ -207,9 +209,9 @@ class RangeRanker {
   const std::span<KeyRecord> records_;
   std::span<const RecordSegment> segments_;
   std::span<const CommonBeginning> commons_;
-  std::size_t segment_ = 0;      // the one that is ranked now
-  std::vector<OpenRange> open_;  // the innermost is the last
-  bool isCopied_ = false;        // the records of the innermost range hold indices of copies
+  std::size_t segment_ = 0;      // the segment that is being ranked
+  std::vector<OpenRange> open_;  // a stack; the last is the innermost
+  bool isCopied_ = false;        // the `index` of the innermost range's records is that of copies
   bool hasBeginnings_ = false;
 };
 

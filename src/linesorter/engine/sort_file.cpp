@@ -33,7 +33,7 @@ void SortTextFile(const WString& source, const WString& target, const SortLinesO
   const OrderedLines ordered = LoadFile<CharT>(source, options);
   if (has(SaveAsNewFile) && !has(SaveOverwrite)) RefuseExisting(target);
   std::array<WCHAR, kBackupPathSize> backup = {};
-  // The sort goes on if the backup cannot be made (C-132).
+  // Continues even if the backup cannot be made (C-132).
   if (has(SaveKeepBackup | SaveDeleteBackup)) MoveToBackup(target.c_str(), backup);
   const std::vector<SortLine>& lines = ordered.data->lines;
   if (ordered.order) {
@@ -41,8 +41,8 @@ void SortTextFile(const WString& source, const WString& target, const SortLinesO
   } else {
     WriteSortedLines(target, lines, has(SaveOverwrite));
   }
-  // If the target did not exist, MoveToBackup stored the target's own path, so this deletes the file just
-  // written (C-131). The source is never deleted, even if MoveToBackup did not find it.
+  // If the target did not exist, MoveToBackup has stored the target's own path, so this deletes the file that
+  // was just written (C-131). The source is never deleted, even if MoveToBackup did not find it.
   if (has(SaveDeleteBackup) && source != backup.data()) DeleteBackup(backup);
 }
 
@@ -57,8 +57,8 @@ void SortAnyFile(const WString& source, const WString& target, const SortLinesOp
   }
 }
 
-// Reports a failure. A call that failed without a number has failed all the same, and where no memory is left
-// for the text, the number alone tells.
+// Stores a failure in `result`. If the failed call has set no error number, uses ERROR_GEN_FAILURE; if there
+// is no memory for the text, stores only the number.
 void Report(SortResult& result, DWORD errorCode, const char* text) {
   result.errorCode = errorCode != ERROR_SUCCESS ? errorCode : ERROR_GEN_FAILURE;
   try {

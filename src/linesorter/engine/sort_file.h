@@ -1,4 +1,4 @@
-// The sort of one file, from its format to its output.
+// Sorts one file, from the detection of its format to the output.
 #pragma once
 
 #include <string>
@@ -13,14 +13,15 @@ struct SortResult {
   DWORD errorCode = 0;  // a Windows error number, 0 for success
 };
 
-// Sorts `source` into `target`, which may be the same path: the source is closed before the output begins.
-// Returns 0, or the error number that is in `result` with its text. Nothing is rolled back: a write that
-// fails leaves the partial target, and the backup if one was made. With SaveDeleteBackup and a target that
-// did not exist, the target just written is deleted (C-131).
+// Sorts `source` into `target`, which may be the same path, since the source is closed before the target is
+// opened. Returns 0 or the error number; `result` contains the number and a text. Nothing is undone after a
+// failure: a partly written target remains, and so does a backup. With SaveDeleteBackup and a target that did
+// not exist, the target that was just written is deleted (C-131).
 //
-// 1630 "Text format not supported": UTF-8 that says so (C-101), or binary. 80 "Target file already exists":
-// SaveAsNewFile without SaveOverwrite. 14: no memory, or a line too long to load. 87 "Unsupported date
-// format". Others as the readers, the detection and the writer say. std exceptions of other kinds pass.
+// Errors: 1630 "Text format not supported" for binary files and for UTF-8 with a mark or a declaration
+// (C-101); 80 "Target file already exists" for SaveAsNewFile without SaveOverwrite; 14 if memory is short or
+// a line is longer than a block; 87 "Unsupported date format"; and those of the readers, the format detection
+// and the writer. Exceptions of other standard types propagate.
 DWORD SortFile(SortResult& result, const WString& source, const WString& target,
                const SortLinesOptions& options);
 

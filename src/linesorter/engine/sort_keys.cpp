@@ -20,7 +20,7 @@ bool IsBlank(CharT c) {
   return c == kBlank<CharT> || c == kTab<CharT>;
 }
 
-// The text of one line, in characters. `start` is where the key begins.
+// The text of one line and the position of its key, in characters.
 template <typename CharT>
 struct LineText {
   const CharT* text;
@@ -29,7 +29,7 @@ struct LineText {
 
   bool StartsInside() const { return start < end; }
 
-  // Characters from the start to the first that fits, or to the end.
+  // Returns the number of characters from the start to the first that satisfies `fits`, or to the end.
   template <typename Fits>
   std::uint32_t Distance(Fits fits) const {
     if (!StartsInside()) return 0;
@@ -50,7 +50,7 @@ class KeyPass {
       while (key.StartsInside() && IsBlank(key.text[key.start])) ++key.start;
     }
     line.keyLength = 0;
-    // The entire line has no value: all lines are equal by number and by date (C-109).
+    // The entire line has no value: by number or by date, all lines are equal (C-109).
     if (!Has(SortByLine)) {
       if (Has(SortBySubstring)) {
         line.keyLength = SubstringLength(key);
@@ -78,7 +78,7 @@ class KeyPass {
 
   bool Has(SortLinesOption option) const { return (options_.options & option) != 0; }
 
-  // 0 where the key runs to the line's end.
+  // Returns 0 if the key extends to the end of the line.
   std::uint32_t SubstringLength(const LineText<CharT>& key) const {
     if (options_.subStringLen != 0) {
       return key.start + options_.subStringLen < key.end ? options_.subStringLen : 0;
@@ -88,7 +88,8 @@ class KeyPass {
     return 0;
   }
 
-  // Items count from 1; item 0, or one after the last, leaves the start at the end (C-111).
+  // Items count from 1. For item 0, or an item after the last one, the start becomes the end of the line
+  // (C-111).
   void SkipToItem(LineText<CharT>& key) const {
     for (std::uint32_t item = 1; key.StartsInside() && item != options_.lineItem; ++key.start) {
       if (key.text[key.start] == matchChar_) ++item;
@@ -99,12 +100,12 @@ class KeyPass {
     if (key.start > key.end) return 0;
     const CharT* const text = key.text + key.start;
     const CharT* end;
-    // Longer numbers than the buffer holds are cut (C-114).
+    // Numbers longer than the buffer are truncated (C-114).
     constexpr std::uint64_t kLongest = 63;
     const auto limit = static_cast<std::size_t>(
         std::min({key.end - key.start, static_cast<std::uint64_t>(options_.subStringLen), kLongest}));
-    // Without a limit the number is read in place, and past the line's end if white space leads there: an
-    // empty line has the number of the next line (C-112).
+    // Without a limit the number is read directly from the block. If the rest of the line is white space, the
+    // parser continues in the next line: an empty line gets the number of the next line (C-112).
     if (limit == 0) return reader_.template Read<std::int64_t>(text, &end);
     CharT buffer[kLongest + 1];
     std::copy_n(text, limit, buffer);
@@ -114,10 +115,10 @@ class KeyPass {
 
   std::int64_t Date(const LineText<CharT>& key) {
     static constexpr CharT kEmpty[2] = {};
-    // Reads past the line's end as well (C-113). The result of the parser does not matter (C-115).
+    // Also reads past the end of the line (C-113). The result of the parser is ignored (C-115).
     std::tm date = {};
     ParseDate(key.start > key.end ? kEmpty : key.text + key.start, options_.dateFormat, &date, reader_);
-    // Some formats leave an absolute year (C-123).
+    // Some formats store an absolute year (C-123).
     if (date.tm_year > 1900) date.tm_year -= 1900;
     return _mktime64(&date);
   }

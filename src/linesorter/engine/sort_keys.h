@@ -1,4 +1,4 @@
-// The pass that gives each line its key, once, before the sort.
+// Computes the keys of all lines, once, before the sort.
 #pragma once
 
 #include <algorithm>
@@ -9,22 +9,22 @@
 
 namespace WQLineSorter {
 
-// Sets keyOffset, keyLength and numericKey of all lines, also of those that stay in place. Throws
-// QXLineSorterException as ParseDate. CharT is char or WCHAR.
+// Sets keyOffset, keyLength and numericKey of all lines, including those that stay in place. Throws the
+// exceptions of ParseDate. CharT is char or WCHAR.
 template <typename CharT>
 void ComputeSortKeys(std::vector<SortLine>& lines, const SortLinesOptions& options);
 
-// A key as the comparators are given it: a pointer and a length in characters.
+// A key in the form that the comparators take: a pointer and a length in characters.
 template <typename CharT>
 struct KeyText {
-  const CharT* text;  // on the 16-bit path it may be odd, so it is read by bytes
+  const CharT* text;  // on the 16-bit path the address may be odd
   std::uint32_t length;
 };
 
-// On the byte path the key begins at text + keyOffset and has keyLength characters or, if that is 0, goes to
-// the line's end (C-110). On the 16-bit path the offset counts bytes and not characters, and the length
-// (characters, or bytes to the line's end) is halved (C-104). An offset past the line's end gives an empty
-// key.
+// Returns the key of a line. On the byte path it begins at text + keyOffset and has keyLength characters or,
+// if that is 0, extends to the end of the line (C-110). On the 16-bit path keyOffset is used as a number of
+// bytes, although it counts characters, and the length (keyLength, or the bytes to the end of the line) is
+// halved (C-104). If the offset is beyond the end of the line, the key is empty.
 template <typename CharT>
 KeyText<CharT> KeyOf(const SortLine& line) {
   const char* const start = line.text + std::min(line.keyOffset, line.length);

@@ -1,4 +1,5 @@
-// What the line sorter itself refuses; failures of files are WQDR::WQDataReaderException.
+// The exception for errors that the line sorter itself detects. Failures of files are reported as
+// WQDR::WQDataReaderException.
 #pragma once
 
 #include <exception>

@@ -1,5 +1,5 @@
-// A text file while it is sorted: its bytes in blocks, and small records that point into them. Sorting moves
-// the records; the text never moves.
+// A text file in memory for sorting: its bytes in blocks, and small records that point into the blocks.
+// Sorting moves only the records, never the text.
 #pragma once
 
 #include <cstdint>
@@ -15,19 +15,19 @@ using WQDR::kBlockGuard;
 using WQDR::LineEnding;
 using WQDR::TextBlock;
 
-// One line. Lengths are in bytes and keys in characters, which are bytes on the byte path and 16-bit units on
-// the 16-bit path.
+// One line. Lengths are in bytes, positions and lengths of keys in characters: bytes on the byte path, 16-bit
+// units on the 16-bit path.
 struct SortLine {
-  const char* text;         // first byte of the line, in a block; its ending is at text + length
-  std::uint32_t length;     // bytes, without the ending
-  std::uint8_t endingSize;  // bytes of the ending: 0, 1, 2 or 4
+  const char* text;         // the first byte of the line, in a block; the ending follows at text + length
+  std::uint32_t length;     // in bytes, without the ending
+  std::uint8_t endingSize;  // in bytes: 0, 1, 2 or 4
   LineEnding endingKind;
-  std::uint32_t keyOffset;  // where the key starts, in characters from text; may be past the line's end
-  std::uint32_t keyLength;  // characters; 0: to the end of the line
-  std::int64_t numericKey;  // the number or time that the line sorts by
+  std::uint32_t keyOffset;  // in characters from `text`; may be beyond the end of the line
+  std::uint32_t keyLength;  // in characters; 0 if the key extends to the end of the line
+  std::int64_t numericKey;  // the number or time to sort by
 };
 
-// Bytes of a block, on both paths. A line never spans two blocks, so a longer line than that cannot be
+// The size of a block in bytes, on both paths. A line never spans two blocks, so a longer line cannot be
 // loaded.
 constexpr std::uint32_t kBlockSize = 32768;
 

@@ -11,11 +11,11 @@ namespace WQLineSorter {
 
 namespace {
 
-// Gathers the output into writes of 32768 bytes at most.
+// Collects the output in a buffer and writes at most 32768 bytes at a time.
 class OutputFile {
  public:
   OutputFile(const WString& target, bool replace)
-      // The buffer first: without memory for it an existing target is not emptied.
+      // The buffer is allocated first, so that an existing target is not truncated if that fails.
       : buffer_(std::make_unique_for_overwrite<char[]>(kSize)),
         file_(CreateFileW(target.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                           replace ? CREATE_ALWAYS : CREATE_NEW, 0, nullptr)) {
@@ -26,7 +26,7 @@ class OutputFile {
 
   void Append(std::string_view bytes) {
     if (bytes.size() > Room()) Flush();
-    // What the buffer cannot hold at all goes out as it is.
+    // Writes bytes that exceed the size of the buffer directly.
     while (bytes.size() > kSize) {
       Write(bytes.data(), kSize);
       bytes.remove_prefix(kSize);
@@ -48,7 +48,7 @@ class OutputFile {
     if (!WriteFile(file_.Get(), data, count, &written, nullptr)) {
       throw WQDR::WQDataReaderException(GetLastError(), "Failed to write data to file");
     }
-    // A disk that takes less than it is given is full.
+    // If fewer bytes are written than requested, the disk is full.
     if (written != count) {
       throw WQDR::WQDataReaderException(ERROR_DISK_FULL, "Failed to write data to file");
     }
@@ -61,7 +61,7 @@ class OutputFile {
 
 std::string_view EndingOf(const SortLine& line) { return {line.text + line.length, line.endingSize}; }
 
-// Lines as the records stand.
+// The lines in the order of the records.
 class LinesInPlace {
  public:
   explicit LinesInPlace(const std::vector<SortLine>& lines) : lines_(lines) {}
@@ -73,7 +73,7 @@ class LinesInPlace {
   const std::vector<SortLine>& lines_;
 };
 
-// Lines in an order.
+// The lines in a given order.
 class LinesInOrder {
  public:
   LinesInOrder(const std::vector<SortLine>& lines, std::span<const std::uint32_t> order)
@@ -108,7 +108,8 @@ void WriteLines(const WString& target, const Lines& lines, bool replace) {
     }
     const SortLine& line = lines[i];
     output.Append({line.text, std::size_t{line.length} + line.endingSize});
-    // Strictly less: an ending that would just fit is left out, and the line runs into the next one (C-128).
+    // Strictly less: an ending that would exactly fill the buffer is omitted, and the line is joined with the
+    // next one (C-128).
     if (line.endingSize == 0 && defaultEnding.size() < output.Room()) output.Append(defaultEnding);
   }
   output.Flush();

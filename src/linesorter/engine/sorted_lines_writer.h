@@ -1,4 +1,4 @@
-// The output of a sort.
+// Writes the output of a sort.
 #pragma once
 
 #include <cstdint>
@@ -10,14 +10,15 @@
 
 namespace WQLineSorter {
 
-// Writes the lines to `target`, each with its own ending; a line without one gets the default ending, which
-// is that of the first line that has one, in the order of `lines` (C-127). Goes out in writes of at most
-// 32768 bytes (CreateFileW, WriteFile). `replace`: an existing target is replaced, else the create fails on
-// it. Throws WQDR::WQDataReaderException with the error of the call: "Unable to open file for writing",
-// "Failed to write data to file". A partly written target stays.
+// Writes the lines to `target`, each with its own ending. A line without an ending gets that of the first
+// written line that has one (C-127), unless it would just fill the buffer (C-128). Writes at most 32768 bytes
+// at a time (CreateFileW, WriteFile). If `replace` is false and the target exists, the creation fails. Throws
+// WQDR::WQDataReaderException with the error of the failed call and "Unable to open file for writing" or
+// "Failed to write data to file". A partly written target remains.
 void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines, bool replace);
 
-// The same in another order: the places of the lines to be written, each in `lines`.
+// Same in the order given by `order`, which contains indices into `lines`. Lines that are not in `order` are
+// not written.
 void WriteSortedLines(const WString& target, const std::vector<SortLine>& lines,
                       std::span<const std::uint32_t> order, bool replace);
 

@@ -1,4 +1,4 @@
-// Numbers as std::stoi reads them, with the texts of its exceptions on Windows.
+// Parses numbers like std::stoi, with the texts of its exceptions on Windows.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,9 @@
 
 namespace WQLineSorter {
 
-// White space in front and whatever follows the digits do not matter. Throws std::invalid_argument ("invalid
-// stoi argument") without a digit and std::out_of_range ("stoi argument out of range") beyond 32 bits.
+// Skips leading white space and ignores what follows the digits. Throws std::invalid_argument ("invalid stoi
+// argument") if there is no digit, and std::out_of_range ("stoi argument out of range") if the number does
+// not fit into 32 bits.
 std::int32_t Stoi(const WString& text);
 
 }  // namespace WQLineSorter

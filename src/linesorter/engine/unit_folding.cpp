@@ -21,8 +21,8 @@ void FillWithUpperCase(UnitTable& table) {
   }
 }
 
-// Whether the system orders the units as the table does: each like the one that it counts as, and those that
-// count as themselves by their numbers.
+// Returns true if the system orders the units as the table does: each unit equal to the one that it folds to,
+// and the units that fold to themselves by their numbers.
 bool SystemAgrees(const UnitTable& table) {
   LineCompare_OrdinalW system;
   system.ignoreCase = true;

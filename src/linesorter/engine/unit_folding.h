@@ -1,13 +1,13 @@
-// What each 16-bit unit counts as when CompareStringOrdinal ignores case.
+// The folding of 16-bit units that CompareStringOrdinal uses to ignore case.
 #pragma once
 
 #include <cstdint>
 
 namespace WQLineSorter {
 
-// The upper case of each of the 65,536 units, made once for the process and held against what
-// CompareStringOrdinal itself says of every unit; null where they differ or the function is not there. Any
-// thread.
+// Returns a table with the upper case of each of the 65,536 units. The first call makes it and verifies it
+// with CompareStringOrdinal for every unit. Returns null if they disagree or the system does not have that
+// function. May be called on any thread.
 const std::uint16_t* UnitFolding();
 
 }  // namespace WQLineSorter

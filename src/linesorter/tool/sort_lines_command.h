@@ -3,5 +3,6 @@
 
 #include "linesorter/tool/sort_lines_dlg.h"
 
-// Shows the dialog for the selected files, with the stored options, and on OK stores them and runs the job.
+// Shows the dialog for the selected files, with the stored options. On OK, stores the options and runs the
+// job.
 void SortLinesCommand(Velmora::SDK::IHostApp& host, const SortLinesDialog& show = ShowSortLinesDlg);

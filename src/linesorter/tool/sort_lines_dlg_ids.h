@@ -1,5 +1,5 @@
-// Numbers of the controls of the Sort Lines dialog, for the code and for the resource script alike. Others
-// find the controls by them, so they stay as they are.
+// The numbers of the controls of the Sort Lines dialog, for the code and the resource script. Other programs
+// find the controls by these numbers, so they must not change.
 #pragma once
 
 #define QX_SORT_HEADING 1001

@@ -1,5 +1,5 @@
-// The Sort Lines dialog where there are no windows: its form goes to whoever answers dialogs. What a user
-// could not change in the window, because the field is grey or takes no such text, cannot be changed here.
+// The Sort Lines dialog in the native build: passes its form to Platform::AskForm. Fields that are disabled
+// in the window, and texts that a field would not accept there, are refused here as well.
 #include "frame/services/format_text.h"
 #include "frame/services/language_text.h"
 #include "frame/services/message_texts.h"

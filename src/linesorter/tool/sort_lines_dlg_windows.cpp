@@ -97,7 +97,7 @@ constexpr Ui::Field<Form> kFields[] = {
     {QX_SORT_BLANK, &Form::removeBlank},
 };
 
-// The fields that take digits alone, see FollowChanges.
+// The fields that accept only digits; FollowChanges removes all other characters.
 struct NumberFieldRow {
   int control;
   WString Form::*number;
@@ -110,7 +110,7 @@ constexpr NumberFieldRow kNumberFields[] = {
     {QX_SORT_ITEM, &Form::item},
 };
 
-// The end character has no limit: a second one replaces the first, see SortLinesForm.
+// The end character has no limit, so that a second one can be typed; it replaces the first (C-140).
 constexpr Ui::TextLimit kLimits[] = {
     {QX_SORT_NAME, Form::kMostNameChars},          {QX_SORT_TOP, Form::kMostNumberDigits},
     {QX_SORT_BOTTOM, Form::kMostNumberDigits},     {QX_SORT_POSITION, Form::kMostNumberDigits},
@@ -135,7 +135,7 @@ constexpr Ui::EnableRule<Form> kRules[] = {
 constexpr const WCHAR* kSampleFont = W("Courier New");
 constexpr int kSamplePoints = 9;
 
-// A control's text ends at its first zero character, so a blank stands for each.
+// The text of a control ends at its first zero character, so zeros are shown as blanks.
 WString ShownSample(WString sample) {
   std::replace(sample.begin(), sample.end(), WCHAR(), W(' '));
   return sample;
@@ -164,14 +164,14 @@ class SortLinesDlg : public Ui::Dialog {
     Ui::LoadFields(Window(), kFields, form_);
     Ui::MarkRadio(Window(), kSortByRows, form_.sortBy);
     Ui::SetText(sample, ShownSample(form_.sample));
-    // A tab is one character to the positions of the ruler.
+    // Each tab counts as one character, as in the positions of the ruler.
     Ui::SetTabWidth(sample, 1);
     Ui::WatchScroll(sample);
     ShowRules();
     ShowDateCue();
   }
 
-  // The suggested name can be filled in unless the file itself is sorted.
+  // The focus starts at the suggested file name, which can only be edited for a new file.
   int FirstField() const override { return form_.enabled.targetName ? QX_SORT_NAME : QX_SORT_TOP; }
 
   void OnChange() override {
@@ -199,7 +199,7 @@ class SortLinesDlg : public Ui::Dialog {
   }
 
   void OnOk() override {
-    OnChange();  // what the last key has changed may not have been told yet
+    OnChange();  // the last key press may not have been reported yet
     Close(IDOK);
   }
 
@@ -209,7 +209,7 @@ class SortLinesDlg : public Ui::Dialog {
     form_.sortBy = Ui::MarkedRadio(Window(), kSortByRows);
   }
 
-  // Shows what the rules make of the fields.
+  // Updates the controls from the fields after the rules have been applied.
   void ShowRules() {
     Ui::ApplyRules(Window(), kRules, form_);
     Ui::UpdateText(Control(QX_SORT_NAME), form_.targetName);
@@ -218,7 +218,7 @@ class SortLinesDlg : public Ui::Dialog {
     for (const NumberFieldRow& row : kNumberFields) ShowText(row.control, form_.*row.number);
   }
 
-  // Above the same characters of the sample, wherever that is scrolled to.
+  // Scrolls the ruler like the sample, so that positions are above their characters.
   void ShowRuler() {
     const HWND ruler = Control(QX_SORT_RULER);
     const WString whole = RulerText(form_);
@@ -234,8 +234,8 @@ class SortLinesDlg : public Ui::Dialog {
                       [this](TextId id) { return form_.enabled.dateFormat ? texts_(id) : nullptr; });
   }
 
-  // Puts back what the rules have left of a text, unless that is all of it. The caret goes in front of it, so
-  // the next end character typed takes the place of the first (C-140).
+  // Shows a field's text if the rules have changed it. Sets the caret to its beginning, so that the next end
+  // character typed comes first and replaces the present one (C-140).
   void ShowText(int number, const WString& text) {
     const HWND control = Control(number);
     if (Ui::GetText(control) == text) return;
@@ -253,10 +253,10 @@ class SortLinesDlg : public Ui::Dialog {
 
   Ui::TextSource texts_;
   SortLinesForm& form_;
-  // One font a control.
+  // Each control has its own font.
   Ui::Font rulerFont_{kSampleFont, kSamplePoints};
   Ui::Font sampleFont_{kSampleFont, kSamplePoints};
-  int rulerMargin_ = 0;  // pixels, where nothing is scrolled
+  int rulerMargin_ = 0;  // in pixels, when the ruler is not scrolled
 };
 
 }  // namespace

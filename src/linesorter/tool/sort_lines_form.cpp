@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kRulerSize = 90;
 
-// Without a suffix the suggested new file would be the source itself.
+// With an empty suffix, the suggested new file would be the source itself.
 constexpr const WCHAR* kDefaultSuffix = W("_sorted");
 
 constexpr DatePreset kDatePresets[] = {
@@ -28,7 +28,7 @@ constexpr DatePreset kDatePresets[] = {
     {W("11 Nov 2014 13:44:48"), W("%d %b %Y %H:%M:%S")},
 };
 
-// The fields that hold a number and nothing else.
+// The fields that accept only digits.
 struct NumberField {
   WString SortLinesForm::*text;
   std::size_t mostDigits;
@@ -42,10 +42,10 @@ constexpr NumberField kNumberFields[] = {
     {&SortLinesForm::item, SortLinesForm::kMostNumberDigits},
 };
 
-// The largest length that its field takes: a stored one may be larger, and would not be read again.
+// The largest length that the field can hold. Stored lengths may be larger.
 constexpr std::uint32_t kMostLength = 999'999'999;
 
-// When a box sets its bit.
+// When a checked box sets its bit in the options.
 enum class Stored { kIfChecked, kWithoutLanguageAware };
 
 struct BoxRow {
@@ -54,8 +54,8 @@ struct BoxRow {
   Stored stored;
 };
 
-// Natural order has an effect with language-aware order only, and is never stored with it: the dialog does
-// not reach it, and scripts do (C-136).
+// Natural order has an effect only with language-aware order, and the dialog does not store both, so only
+// scripts can use it (C-136).
 constexpr BoxRow kBoxes[] = {
     {&SortLinesForm::skipLeadingSpace, SortSkipLeadingSpace, Stored::kIfChecked},
     {&SortLinesForm::languageAware, SortLanguageAware, Stored::kIfChecked},
@@ -66,7 +66,7 @@ constexpr BoxRow kBoxes[] = {
     {&SortLinesForm::removeBlank, SortRemoveBlank, Stored::kIfChecked},
 };
 
-// The first of the choices that the options hold.
+// Returns the first of the choices that is set in the options, or `otherwise`.
 int ChoiceOf(std::uint32_t options, std::initializer_list<SortLinesOption> choices, int otherwise) {
   for (const SortLinesOption choice : choices) {
     if (options & choice) return static_cast<int>(choice);
@@ -76,7 +76,7 @@ int ChoiceOf(std::uint32_t options, std::initializer_list<SortLinesOption> choic
 
 WString DecimalText(std::uint32_t number) { return FromUtf8(std::to_string(number)); }
 
-// The number in a field, 0 where none stands there.
+// Returns the number in a field, clamped to 32 bits, or 0 if there is none.
 std::uint32_t ReadNumber(const WString& text) {
   const WCHAR* end = nullptr;
   const auto value = ParseNumber<std::int64_t>(text.c_str(), &end);
@@ -84,13 +84,13 @@ std::uint32_t ReadNumber(const WString& text) {
   return static_cast<std::uint32_t>(std::clamp<std::int64_t>(value, 0, kMost));
 }
 
-// Positions count from 1; 0 is the same as 1 (C-144).
+// Returns an offset from 0. Positions in the field count from 1; 0 is the same as 1 (C-144).
 std::uint32_t ReadPosition(const WString& text) {
   const std::uint32_t position = ReadNumber(text);
   return position > 0 ? position - 1 : 0;
 }
 
-// A pasted text brings what a typed one cannot have.
+// Removes characters that can be pasted but not typed.
 void KeepDigits(SortLinesForm& form) {
   for (const NumberField& field : kNumberFields) {
     WString& text = form.*field.text;
@@ -99,7 +99,7 @@ void KeepDigits(SortLinesForm& form) {
   }
 }
 
-// The position of an offset, the last one for an offset behind it.
+// Returns the position that belongs to an offset; an offset beyond the last position gives the last one.
 WString PositionText(std::uint32_t offset) {
   constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
   return DecimalText(std::min(offset, kMost - 1) + 1);
@@ -116,7 +116,7 @@ WString NewFileName(const SortLinesForm& form) {
   return form.firstName.substr(0, dot) + suffix + form.firstName.substr(dot);
 }
 
-// The target that is the file itself, for each file of the list.
+// Returns the target pattern that names each file of the list itself.
 WString SameFileName(const SortLinesForm& form) { return form.fileCount > 1 ? W("*.*") : form.firstName; }
 
 void FollowSaveAs(SortLinesForm& form) {
@@ -128,7 +128,7 @@ void FollowSubstringFields(SortLinesForm& form) {
   SortLinesEnabled& enabled = form.enabled;
   const bool hasLength = !form.length.empty();
   const bool hasEnd = !form.endCharacter.empty();
-  // Stored options can fill both fields, and then no field changes (C-137).
+  // Stored options can fill both fields; then this rule changes nothing (C-137).
   if (!form.endAtWhitespace && hasLength && hasEnd) return;
   enabled.length = !form.endAtWhitespace && !hasEnd;
   enabled.endCharacter = !form.endAtWhitespace && !hasLength;
@@ -136,7 +136,7 @@ void FollowSubstringFields(SortLinesForm& form) {
 }
 
 void FollowSortBy(SortLinesForm& form) {
-  // Choosing the substring leaves the fields of the item as they are (C-138).
+  // Choosing the substring does not change whether the fields of the item are enabled (C-138).
   if (form.sortBy == SortBySubstring) return FollowSubstringFields(form);
   if (form.sortBy != SortByLine && form.sortBy != SortByItem) return;
   SortLinesEnabled& enabled = form.enabled;
@@ -169,8 +169,8 @@ void LoadKeyFields(SortLinesForm& form) {
 }
 
 void ReadSubstring(const SortLinesForm& form, SortLinesOptions& options) {
-  // The end character wins over the length, and both over the box (C-149). The length keeps its old value
-  // unless its field decides (C-139).
+  // The end character takes precedence over the length, and both over the box (C-149). If the length field is
+  // not used, the length keeps its old value (C-139).
   if (!form.endCharacter.empty()) {
     options.options |= SortEndAtChar;
     SetMatchChar(options, form.endCharacter.front());
@@ -227,7 +227,7 @@ void FollowChanges(SortLinesForm& form, const SortLinesForm& before) {
       form.endAtWhitespace != before.endAtWhitespace) {
     FollowSubstringFields(form);
   }
-  // Behind the fields of the substring: a text and a choice may change at once, and the choice decides.
+  // After the fields of the substring: if a text and the choice change together, the choice decides.
   if (form.sortBy != before.sortBy) FollowSortBy(form);
   if (form.saveAs != before.saveAs) FollowSaveAs(form);
 }

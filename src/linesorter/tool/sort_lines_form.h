@@ -1,8 +1,8 @@
-// The fields of the Sort Lines dialog, what enables what, and the way of the options into the fields and out
-// of them.
+// The form of the Sort Lines dialog: its fields, the rules that enable them, and the conversion between the
+// fields and the options.
 //
-// Whether a field can be changed depends on what was changed before and not on the values alone, so the form
-// keeps it. Whoever changes fields calls FollowChanges with the form as it was before.
+// Whether a field is enabled depends on the order of changes and not only on the values, so the form stores
+// it. After changing fields, the caller passes the previous state of the form to FollowChanges.
 #pragma once
 
 #include <span>
@@ -11,8 +11,8 @@
 
 namespace WQLineSorter {
 
-// Which fields can be changed. Those without a member here always can, but for removeDuplicates, which never
-// can.
+// Which fields are enabled. Those without a member here are always enabled, except removeDuplicates, which is
+// always disabled (C-125).
 struct SortLinesEnabled {
   bool targetName = true;
   bool length = true;
@@ -20,34 +20,34 @@ struct SortLinesEnabled {
   bool endAtWhitespace = true;
   bool separator = true;
   bool item = true;
-  bool dateFormat = true;  // and the list of date formats
+  bool dateFormat = true;  // also for the list of date formats
   bool ignoreCase = true;
   bool naturalNumbers = true;
 };
 
 struct SortLinesForm {
-  // Stands for a list or a group of radio buttons in which nothing is chosen.
+  // The value of a list or a group of radio buttons in which nothing is selected.
   static constexpr int kNoChoice = -1;
 
-  // Characters that a field takes.
+  // The maximum number of characters in a field.
   static constexpr std::size_t kMostNumberDigits = 10;
-  static constexpr std::size_t kMostLengthDigits = 9;  // what is more need not fit the option
+  static constexpr std::size_t kMostLengthDigits = 9;  // more digits might not fit into the option
   static constexpr std::size_t kMostFormatChars = 128;
   static constexpr std::size_t kMostNameChars = 259;
 
-  // What the dialog is about.
-  SortLinesOptions options;  // as they are before the dialog
+  // The input of the dialog.
+  SortLinesOptions options;  // before the dialog
   std::uint32_t fileCount = 0;
-  WString firstName;      // of the first file
-  WString sample;         // the beginning of the first file, with CR LF at the end of its lines
-  WString newFileSuffix;  // what the suggested name of a new file has behind the name; empty is "_sorted"
+  WString firstName;      // the name of the first file
+  WString sample;         // the beginning of the first file; its lines end with CR LF
+  WString newFileSuffix;  // added to the suggested name of a new file; empty for "_sorted"
 
-  // The fields. Choices are bits of SortLinesOption; numbers are text, as they stand in their fields.
+  // The fields. Choices are bits of SortLinesOption; numbers are the texts of their fields.
   int saveAs = SaveAsNewFile;
   WString targetName;
   WString keepLinesTop;
   WString keepLinesBottom;
-  WString startPosition;  // from 1; 0 is the same
+  WString startPosition;  // from 1; 0 is the same as 1
   bool skipLeadingSpace = false;
   int sortBy = kNoChoice;
   WString length;
@@ -67,23 +67,24 @@ struct SortLinesForm {
   SortLinesEnabled enabled;
 };
 
-// Puts the options and the suggested target name into the fields, and enables what goes with them.
+// Stores the options and the suggested target name in the fields, and enables the fields accordingly.
 void StartForm(SortLinesForm& form);
 
-// Applies the rules whose fields differ from `before`: enables and disables, keeps one end character and of
-// numbers their digits, suggests a target name.
+// Applies the rules for the fields that differ from `before`: enables and disables fields, removes all but
+// the first end character, removes everything but digits from numbers, and suggests a target name.
 void FollowChanges(SortLinesForm& form, const SortLinesForm& before);
 
-// The options of the fields. What no field says is as in form.options, such as the date format under another
-// sort method (C-141). Throws as Stoi for a length that is no number.
+// Returns the options that the fields contain. Options without a field in use are those in form.options, such
+// as the date format with another sort method (C-141). Throws the exceptions of Stoi if the length is not a
+// number.
 SortLinesOptions ReadOptions(const SortLinesForm& form);
 
-// The line of character positions above the sample, with asterisks where the key lies.
+// Returns the line of character positions above the sample, with asterisks at the positions of the key.
 WString RulerText(const SortLinesForm& form);
 
 // The formats that the date field offers, in order.
 struct DatePreset {
-  const WCHAR* text;  // an example, of one day or another (C-153)
+  const WCHAR* text;  // an example; not all show the same date (C-153)
   const WCHAR* format;
 };
 std::span<const DatePreset> DatePresets();

@@ -24,7 +24,7 @@ TargetAnswer AskAboutTarget(SortLinesJob& job, const WString& target) {
   return AskAboutTarget(job.host, target, TargetRule{kTextSortTitle, has(SortSilent), has(SaveOverwrite)});
 }
 
-// The skipped files are in neither list (C-134).
+// Skipped files are counted as not sorted and are in neither list (C-134).
 struct Outcome {
   explicit Outcome(IHostApp& host) : lists(host) {}
 
@@ -32,7 +32,7 @@ struct Outcome {
   u32 notSorted = 0;
 };
 
-// False if the user has cancelled the run.
+// Returns false if the user has cancelled the run.
 bool RunOne(SortLinesJob& job, IHostFileItem& item, Outcome& outcome) {
   IHostApp& host = job.host;
   const WString source = PathOf(item, &IHostFileItem::GetFullPath);
@@ -42,7 +42,7 @@ bool RunOne(SortLinesJob& job, IHostFileItem& item, Outcome& outcome) {
       return false;
     case TargetAnswer::kSkip:
       ++outcome.notSorted;
-      // The log lines are spelled so (C-146).
+      // The spelling of the log lines is intended (C-146).
       host.LogMessage(kRunLogCategory, kLogInformation, W("[SortLines] - Skipped to sortline in file : %s"),
                       source.c_str());
       return true;
@@ -83,7 +83,7 @@ void RunSortLinesJob(SortLinesJob& job) {
   Outcome outcome(job.host);
   const u32 count = job.files->GetCount();
   const auto runOne = [&](IHostFileItem& item) { return RunOne(job, item, outcome); };
-  const auto onMissing = [&] { ++outcome.notSorted; };  // there is nothing that the log could name
+  const auto onMissing = [&] { ++outcome.notSorted; };  // there is no name to log
   if (!RunOverFiles(*job.files, count, runOne, onMissing)) return;
   outcome.lists.HandBackDone();
   outcome.lists.HandBackFailed();

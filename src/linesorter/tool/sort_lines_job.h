@@ -1,4 +1,4 @@
-// A run of the sorter over a list of files, with its questions, log lines and closing message.
+// Sorts a list of files, with questions, log lines and a closing message.
 #pragma once
 
 #include "frame/host/host_app.h"
@@ -9,14 +9,14 @@ namespace WQLineSorter {
 struct SortLinesJob {
   Velmora::SDK::IHostApp& host;
   Velmora::SDK::IHostFileList* files;
-  SortLinesOptions options;  // SaveOverwrite is set by the first yes, for all later files (C-133)
-  WString targetPattern;     // of BuildTargetName
-  bool ownsFiles;            // the list is released at the end of the run
+  SortLinesOptions options;  // the first yes to a question sets SaveOverwrite for all later files (C-133)
+  WString targetPattern;     // a pattern for BuildTargetName
+  bool ownsFiles;            // release the list at the end of the run
 };
 
-// Sorts the files in their order, on the calling thread; a file that fails does not stop the next. The sorted
-// and the failed files go back to the host as two lists. A cancel at a question ends the run at once, without
-// lists and without a message. The outcome is in the log.
+// Sorts the files in order on the calling thread; continues after a file that fails. Then passes the sorted
+// and the failed files to the host as two lists. If the user cancels at a question, the run ends at once,
+// without lists and without a message. The result for each file is in the log.
 void RunSortLinesJob(SortLinesJob& job);
 
 }  // namespace WQLineSorter

@@ -24,7 +24,7 @@ WString WideText(std::span<const char> bytes) {
 WString CodePageText(std::span<const char> bytes) {
   if (bytes.empty()) return {};
   const int size = static_cast<int>(bytes.size());
-  // No code page has more characters than bytes.
+  // A byte never becomes more than one character in any code page.
   WString text(bytes.size(), WCHAR());
   const int count = MultiByteToWideChar(CP_THREAD_ACP, 0, bytes.data(), size, text.data(), size);
   text.resize(static_cast<std::size_t>(std::max(count, 0)));

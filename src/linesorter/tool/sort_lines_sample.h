@@ -1,4 +1,4 @@
-// The beginning of a file, for the sample of the Sort Lines dialog.
+// Reads the beginning of a file for the sample in the Sort Lines dialog.
 #pragma once
 
 #include <span>
@@ -7,11 +7,11 @@
 
 namespace WQLineSorter {
 
-// What the first 4096 bytes of the file say, with CR LF for each LF and no other CR. A file that cannot be
-// read is as an empty one.
+// Returns the text in the first 4096 bytes of the file, with CR LF for each LF and no other CR. Returns an
+// empty text if the file cannot be read.
 WString ReadSample(const WString& path);
 
-// The rule itself: 16-bit text behind a mark (FF FE), text of the thread's code page without one.
+// Same for bytes: after a mark (FF FE) they are 16-bit text, without it text of the thread's code page.
 WString SampleText(std::span<const char> bytes);
 
 }  // namespace WQLineSorter

@@ -37,7 +37,7 @@ constexpr NumberParameter kKeptLines[] = {
   {"KEEPBOTTOM", &SortLinesOptions::keepLinesBottom},
 };
 
-// Scripts depend on the spelling of "NATRUALNUMORDER" (C-006).
+// The spelling of "NATRUALNUMORDER" is intended; scripts depend on it (C-006).
 constexpr ScriptSwitch kSwitches[] = {
   {"SKIPLEADINGSPACE", SortSkipLeadingSpace},
   {"IGNORECASE", SortIgnoreCase},
@@ -47,23 +47,23 @@ constexpr ScriptSwitch kSwitches[] = {
   {"OVERWRITE", SaveOverwrite},
 };
 
-// The first one given counts; without one a new file is written (C-010).
+// The first of these that is given applies; if none is given, a new file is written (C-010).
 constexpr ScriptSwitch kSaveModes[] = {
   {"KEEPBACKUP", SaveKeepBackup},
   {"DELETE", SaveDeleteBackup},
 };
 // clang-format on
 
-// Of the date format in the record.
+// The maximum length of the stored date format.
 constexpr std::size_t kMostDateFormatBytes = 127;
 
-// Returns 0 for a number that is absent or empty. A negative one wraps round (C-145).
+// Returns 0 if the number is absent or empty. A negative number wraps around (C-145).
 std::uint32_t NumberOf(IHostCommandCall& call, const char* name) {
   const WString value = ScriptValue(call, name).value_or(WString());
   return value.empty() ? 0 : static_cast<std::uint32_t>(Stoi(value));
 }
 
-// Stores the first character of the text; the zero character for an empty one (C-143).
+// Stores the first character of the text, or the zero character if it is empty (C-143).
 void SetFirstMatchChar(SortLinesOptions& options, const WString& text) {
   SetMatchChar(options, text.c_str()[0]);
 }
@@ -84,7 +84,7 @@ void ReadItem(IHostCommandCall& call, SortLinesOptions& options) {
   options.lineItem = NumberOf(call, "ITEM");
 }
 
-// A word that is none of the three sets no key (C-142).
+// If the word is not one of the three, no key is set (C-142).
 void ReadSortBy(IHostCommandCall& call, SortLinesOptions& options) {
   const WString word = ScriptValue(call, "SORTBY").value_or(WString());
   const std::uint32_t sortBy = word.empty() ? SortByLine : FindScriptWord(word, kSortBy).value_or(0);
@@ -133,7 +133,8 @@ s32 SortLinesScript(IHostApp& host, IHostCommandCall& call) {
     host.LogMessage(0, kLogError, W("[Custom Cmd - SortLines] - FILE : %s not found"), path->c_str());
     return 0;
   }
-  // An empty target is the folder itself, and the job refuses it (C-007).
+  // An empty target pattern is accepted: the target is then the folder itself, and a silent run skips the
+  // file (C-007).
   SortLinesJob job{host, file.List(), ReadSortLinesParameters(call), std::move(*target), false};
   RunSortLinesJob(job);
   return 1;

@@ -1,4 +1,4 @@
-// The options of the Sort Lines dialog in the host's settings, section "SortLines".
+// Loads and stores the options of the Sort Lines dialog in the host's settings, section "SortLines".
 #pragma once
 
 #include "frame/host/host_app.h"
@@ -6,8 +6,8 @@
 
 namespace WQLineSorter {
 
-// The stored options; what is absent has its default, which is the entire line as text without leading
-// blanks. A host without settings gives the defaults.
+// Returns the stored options. Those that are not stored, or all if the host has no settings, have their
+// defaults: the entire line, as text, skipping leading blanks.
 SortLinesOptions LoadSortLinesOptions(Velmora::SDK::IHostApp& host);
 void StoreSortLinesOptions(Velmora::SDK::IHostApp& host, const SortLinesOptions& options);
 
