@@ -12,15 +12,15 @@ bool HoldsForbidden(WStringView name) {
   return HoldsAnyOf<W('*'), W('|'), W('\\'), W('/'), W(':'), W('"'), W('<'), W('>'), W('?')>(name);
 }
 
-// Names that are numbered differ at their ends, and have the same beginnings.
+// Compares the last characters first: numbered names differ at their ends and begin alike.
 bool IsSameNewName(WStringView name, WStringView first) {
   if (name.size() != first.size()) return false;
   return name.empty() ||
          (LowerLetter(name.back()) == LowerLetter(first.back()) && EqualButForCase(name, first));
 }
 
-// Of very many rows neither they nor their names are near the processor; both are asked for some rows ahead,
-// so that it need not wait for them. The names can be asked for once their row has come.
+// If there are very many rows, neither the rows nor their names are in the processor's cache. Both are
+// prefetched some rows ahead; the names later than their row, as it contains their addresses.
 constexpr std::size_t kNamesAhead = 6;
 constexpr std::size_t kRowsAhead = 2 * kNamesAhead;
 constexpr std::size_t kCacheLine = 64;  // bytes
@@ -46,8 +46,8 @@ void ConflictFinder::Begin(std::size_t rows) {
   isFirstDuplicate_ = false;
 }
 
-// Every row is compared with the first one only, by the new name without its folder (C-615). Rows further
-// down that equal each other are left to the host, whose rename decides (C-614).
+// Compares every row with the first one only, by the new name without its folder (C-615). Equal names further
+// down are left to the host, whose rename decides (C-614).
 void ConflictFinder::Add(WStringView newName) {
   const bool isFirst = states_.empty();
   if (isFirst) first_ = newName;
@@ -83,7 +83,7 @@ bool ComputeNames(MultiRenameEngine& engine, const std::atomic<bool>& abort) {
     if (row + kRowsAhead < items.size()) FetchRow(*items[row + kRowsAhead]);
     if (row + kNamesAhead < items.size()) FetchNames(*items[row + kNamesAhead]);
     ComputeName(engine, *items[row]);
-    // Only the worker writes new names.
+    // Needs no guard: only this thread writes new names.
     engine.conflicts.Add(items[row]->newName);
   }
   return engine.conflicts.SetStates(engine.items, abort);

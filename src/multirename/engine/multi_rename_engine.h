@@ -1,9 +1,9 @@
 // The session of MultiRename: the compiled rules, the rows in the list's order, the counters, the worker and
 // the undo store.
 //
-// Threads: CompileRules writes rules and rows on the window's thread, only while the worker is idle and
-// `busy` is clear; the worker reads them. An engine is made once and lives as long as the extension, which
-// holds it as an OwnedEngine.
+// Threads: CompileRules writes rules and rows on the window's thread, and only while the worker is idle and
+// `busy` is clear; the worker reads them. There is one engine, which lives as long as the extension; the
+// extension owns it as an OwnedEngine.
 #pragma once
 
 #include <atomic>
@@ -24,50 +24,51 @@ namespace Velmora::SDK {
 
 class MultiRenameEngine {
  public:
-  // Makes the folder of the undo files in the host's configuration folder. The host may be null: then there
+  // Creates the folder of the undo files in the host's configuration folder. The host may be null; then there
   // is no such folder, and nothing can be renamed.
   explicit MultiRenameEngine(IHostApp* hostApp);
   MultiRenameEngine(const MultiRenameEngine&) = delete;
   MultiRenameEngine& operator=(const MultiRenameEngine&) = delete;
-  // Ends the worker and waits for its thread, however long that takes.
+  // Ends the worker and waits for its thread without a time limit.
   ~MultiRenameEngine();
 
   RenameTags filenameTags;
   RenameTags extensionTags;
-  SYSTEMTIME now{};  // local, at the end of the last compilation; what all date tags show (C-606)
+  SYSTEMTIME now{};  // local, at the end of the last compilation; the value of all date tags (C-606)
   SharedReplaceItems searchItems;
   u32 flags = 0;        // rule_flags.h
-  u32 counterNext = 1;  // what the next [C] without parameters shows
+  u32 counterNext = 1;  // the value of the next [C] without parameters
   u32 counterStep = 1;
   u32 counterDigits = 2;
-  std::vector<MultiRenameItem*> items;          // in the list's order at the last compilation
-  SharedItems itemsOwner;                       // keeps them while the worker may look at them
-  std::vector<MultiRenameItem*> spareItems;     // of before; nobody reads them, their memory is for the next
-  std::shared_ptr<MultiRenameUndo> restoreSet;  // what the next restore run takes back
+  std::vector<MultiRenameItem*> items;  // in the list's order at the last compilation
+  SharedItems itemsOwner;               // keeps the items alive while the worker uses them
+  std::vector<MultiRenameItem*>
+      spareItems;  // earlier items, never read; the next compilation reuses their memory
+  std::shared_ptr<MultiRenameUndo> restoreSet;  // the session that the next restore run undoes
   MultiRenameUndoStore undoStore;
-  HWND notifyWindow = nullptr;   // receives the worker's messages; changed only while that is idle
-  WStringView currentBase;       // of the row that is being computed: its old name,
-  WStringView currentExtension;  // without its dot
+  HWND notifyWindow = nullptr;   // receives the worker's messages; changed only while the worker is idle
+  WStringView currentBase;       // of the row that is being computed: its old base name
+  WStringView currentExtension;  // and its old extension without the dot
   MultiRenameItem* currentItem = nullptr;
   IHostApp* host;
-  // Gives the values of [?...]; null: there are none. Changed on any thread, also while the worker asks it:
-  // the host's lives as long as the host.
+  // Provides the values of [?...] tags; if null, they are empty. Any thread may change it, even while the
+  // worker uses it, as the host's managers live as long as the host.
   std::atomic<IHostPropertyManager*> propertyManager{nullptr};
   RunStatus status;
-  std::atomic<bool> busy{false};  // the worker computes or runs: no compilation may begin
+  std::atomic<bool> busy{false};  // the worker computes or runs; no compilation may begin
 
-  // What ComputeName works with, kept from row to row for its memory. The worker's.
+  // The working memory of ComputeName, reused from row to row. Used by the worker; CompileRules sets
+  // replaceRules.
   std::optional<ReplaceRules> replaceRules;
   WString nameBeingMade;
   WString extensionBeingMade;
   ConflictFinder conflicts;
 
-  RenameWorker worker;  // last: its thread uses all the others
+  RenameWorker worker;  // last, because its thread uses all other members
 };
 
-// Ends the worker, waits for its thread as long as `patience` says, and deletes the engine. An engine whose
-// worker still runs then, in a rename of the host's, is left to it and never freed, and the module stays
-// loaded.
+// Ends the worker, waits for its thread for at most `patience`, and deletes the engine. If the worker is
+// still running then, in a rename of the host, the engine is never freed and the module stays loaded.
 struct EngineCloser {
   void operator()(MultiRenameEngine* engine) const;
 
@@ -75,42 +76,41 @@ struct EngineCloser {
 };
 using OwnedEngine = std::unique_ptr<MultiRenameEngine, EngineCloser>;
 
-// What the panel's controls hold.
+// The contents of the panel's controls.
 struct RuleInput {
-  SharedItems itemsOwner;               // the set that the rows are of
+  SharedItems itemsOwner;               // the set that contains the rows
   std::vector<MultiRenameItem*> items;  // the rows in the order of the list
-  WString filenameTemplate;             // 1024 characters of each text are read
+  WString filenameTemplate;             // of each text, only the first 1024 characters are used
   WString extensionTemplate;
   WString startAt;
   WString stepBy;
   WString digits;
   u32 caseRule = 0;
   u32 searchFlags = 0;             // of SearchFlag
-  SharedReplaceItems searchItems;  // without the quotes of the panel's list; may be null
+  SharedReplaceItems searchItems;  // without the quotes in the panel's list; may be null
 };
 
-// Takes the rules and rows over, and the local time. False, with the engine as it was but for the error in
-// its status, if a search text is no regular expression and should be one. Called on the window's
-// thread with the worker idle, when `busy` is clear; a caller that has not stopped the worker waits here, in
-// steps of 150 ms, until it is.
+// Stores the rules, the rows and the local time in the engine. If a search text must be a regular expression
+// and is not valid, sets only the error in the engine's status and returns false. Call it on the window's
+// thread while the worker is idle; if `busy` is still set, it waits, in steps of 150 ms, until it is clear.
 bool CompileRules(MultiRenameEngine& engine, RuleInput input);
 
-// Computes the new name of one row. On the worker's thread.
+// Computes the new name of one row. Runs on the worker's thread.
 void ComputeName(MultiRenameEngine& engine, MultiRenameItem& item);
 
 // Sets the states of all rows after their names were computed: forbidden characters, and names that equal the
-// first row's. On the worker's thread.
+// first row's. Runs on the worker's thread.
 void CheckConflicts(MultiRenameEngine& engine);
 
-// Both for all rows, as a preview does it. Stops at the next row when `abort` is set, and returns false. On
+// Does both for all rows, for a preview. If `abort` is set, stops at the next row and returns false. Runs on
 // the worker's thread.
 bool ComputeNames(MultiRenameEngine& engine, const std::atomic<bool>& abort);
 
-// Appends the value of one tag for the row that is being computed. A counter moves on.
+// Appends the value of one tag for the row that is being computed. Advances a counter.
 void AppendTagValue(MultiRenameEngine& engine, RenameTag& tag, WString& text);
 
-// The text of a property of the row that is being computed, before its range; nothing after an exception of
-// the host, which becomes a word without a range (C-609).
+// Returns the text of a property of the row that is being computed, before its range is applied. Returns
+// std::nullopt if the host throws; the tag's value is then a word without a range (C-609).
 std::optional<WString> PropertyText(MultiRenameEngine& engine, const RenameTag& tag);
 
 // Applies the case rule of the flag word.

@@ -11,7 +11,7 @@ namespace {
 
 constexpr u32 kItemTextSize = 4096;
 
-// Of a copy of one name: a few hundred bytes at most.
+// A spin lock, held only while one name is copied.
 class NameGuard {
  public:
   explicit NameGuard(std::atomic_flag& flag) : flag_(flag) {
@@ -36,7 +36,7 @@ MultiRenameItem::MultiRenameItem(IHostFileItem& item, const SharedText& neighbou
   buffer[0] = WCHAR();
   item.GetName(buffer, kItemTextSize);
   oldName = buffer;
-  // With room for a counter or a word.
+  // Reserves room for a counter or a word.
   constexpr std::size_t kRoom = 7;
   newName.reserve(oldName.size() + kRoom);
   newName = oldName;

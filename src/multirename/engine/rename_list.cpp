@@ -29,7 +29,8 @@ void RenameList::Empty() {
   items_.reset();
 }
 
-// Of a million rows a copy more, or fresh memory, takes longer than all else that a key leads to.
+// With a million rows, an extra copy or newly allocated memory would take longer than everything else that a
+// keystroke causes.
 std::vector<MultiRenameItem*> RenameList::CollectRows(std::vector<MultiRenameItem*> memory) const {
   std::vector<MultiRenameItem*> rows = std::move(memory);
   rows.clear();
@@ -37,8 +38,8 @@ std::vector<MultiRenameItem*> RenameList::CollectRows(std::vector<MultiRenameIte
   u32 count = 0;
   u32 selected = 0;
   list_->GetCounts(&count, &selected);
-  rows.resize(count);  // null what the list does not store
-  // What comes back is what CreateRow was given, and pointers are alike.
+  rows.resize(count);  // rows that the list does not return remain null
+  // The list returns the pointers that were passed to CreateRow.
   static_assert(sizeof(MultiRenameItem*) == sizeof(void*));
   list_->GetRows(reinterpret_cast<void**>(rows.data()), count);
   std::erase(rows, nullptr);

@@ -1,7 +1,7 @@
-// The rows of the window, in the host's list control. On the window's thread.
+// The rows of the window, in the host's list control. Used on the window's thread.
 //
-// The list holds plain pointers to the rows; the set that they are of stays alive until the list is empty or
-// has the rows of another.
+// The list contains plain pointers to the rows. The set that contains the rows is kept alive until the list
+// is emptied or shows another set.
 #pragma once
 
 #include <vector>
@@ -14,28 +14,27 @@ namespace Velmora::SDK {
 
 class RenameList {
  public:
-  // The window's list exists from here until Detach. Both outlive that time.
+  // Starts to use the window's list. Both objects must stay valid until Detach.
   void Attach(IHostList& list, IMLRowCallBack& rowInfo);
-  // Empties the list and lets it go.
+  // Empties the list and stops using it.
   void Detach();
   bool Exists() const { return list_ != nullptr; }
 
-  // Shows these rows, in the order of the set, in place of those that were there.
+  // Shows the rows of the set, in its order, in place of the present ones.
   void FillList(SharedItems items);
 
-  // Takes all rows out. The items may die after this.
+  // Removes all rows. The items may be destroyed afterwards.
   void Empty();
 
-  // The rows as they are shown, in the order of the screen. The memory of a vector that is not needed any
-  // more is used for them.
+  // Returns the rows in the order on the screen. Reuses the memory of `memory`, whose contents are discarded.
   std::vector<MultiRenameItem*> CollectRows(std::vector<MultiRenameItem*> memory = {}) const;
 
-  // The set that they are of; null while the list is empty.
+  // The set that contains the rows; null while the list is empty.
   const SharedItems& Items() const { return items_; }
 
   void Refresh();
 
-  // The list itself; null before Attach and after Detach.
+  // The host's list; null before Attach and after Detach.
   IHostList* Get() const { return list_; }
 
  private:

@@ -1,5 +1,5 @@
-// The two runs over the host's files. The module neither reorders the renames nor uses temporary names; the
-// rows show what the host makes of them (C-671).
+// The rename run and the restore run. The module neither reorders the renames nor uses temporary names; the
+// rows show the host's results (C-671).
 
 #include "frame/host/host_objects.h"
 #include "multirename/engine/multi_rename_engine.h"
@@ -13,8 +13,8 @@ u32 StateOfResult(u32 resultCode) {
   return resultCode == kRenameIgnored ? StateIgnored : StateFailed;
 }
 
-// False for what no run has given a file as its name: a path that ends in it is of the folder itself, or of
-// a file elsewhere.
+// Returns false for a text that no run can have given a file as its name: a path that ends in it refers to
+// the folder itself or to a file in another folder.
 bool NamesAFile(WStringView name) {
   return name.find_first_not_of(W(". ")) != WStringView::npos &&
          name.find_first_of(W("\\/:")) == WStringView::npos;
@@ -66,7 +66,7 @@ void RunRestore(MultiRenameEngine& engine, const MultiRenameUndo& session) {
     WString path = entry.folder;
     if (!path.ends_with(W('\\'))) path += W('\\');
     path += entry.newName;
-    // The host hands the pointer to the callback and changes nothing of the entry.
+    // The host passes the pointer to the callback and does not modify the entry.
     batch->AddByPath(path.c_str(), entry.oldName.c_str(), const_cast<MultiRenameUndoEntry*>(&entry));
   }
   CRenameResultCallback callback(engine.status);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr DWORD kWaitSlice = 250;  // milliseconds
 
-// Keeps the rules from being compiled while the worker computes or runs.
+// Prevents the rules from being compiled while the worker computes or runs.
 class BusyMark {
  public:
   explicit BusyMark(std::atomic<bool>& busy) : busy_(busy) { busy_ = true; }
@@ -35,7 +35,7 @@ bool RenameWorker::Start() {
   if (!wakeEvent_ || !idleEvent_) return false;
   thread_ = CreateThread(nullptr, 0, ThreadMain, this, CREATE_SUSPENDED, nullptr);
   if (!thread_) return false;
-  // Until the thread first waits it is not idle, so that no wake-up comes before it.
+  // The worker is not idle until its thread first waits, so that nothing wakes it before.
   working_ = true;
   ResumeThread(thread_);
   return true;
@@ -62,8 +62,8 @@ void RenameWorker::WantRestore() {
 
 bool RenameWorker::HasThread() const { return thread_ && WaitForSingleObject(thread_, 0) == WAIT_TIMEOUT; }
 
-// The event lets one of those who wait through, and the others see at the end of their slice that the worker
-// is idle.
+// The event releases one waiting thread; the others notice at the end of their time slice that the worker is
+// idle.
 bool RenameWorker::WaitIdle(bool stops) {
   for (;;) {
     {
@@ -124,7 +124,7 @@ void RenameWorker::Loop() {
   for (;;) {
     WaitForWork();
     if (quit_) break;
-    // Who asked for a run waits for its message, so that is done even if it is to stop before it begins.
+    // A run is done even if it was asked to stop before it began: the window waits for its message.
     if (wantPreview_) {
       Preview();
     } else if (wantRename_) {
@@ -140,7 +140,7 @@ void RenameWorker::Loop() {
   SetEvent(idleEvent_);
 }
 
-// Whatever the host or the memory does, the thread goes on and the window is told.
+// The thread survives every exception of the host or of an allocation, and notifies the window.
 void RenameWorker::Preview() {
   const BusyMark busy(engine_.busy);
   previewCut_ = true;

@@ -1,9 +1,9 @@
 // The thread that does all work on the rows: the preview, the rename run and the restore run.
 //
-// The window's thread asks: it waits until the worker is idle (StopCurrent), writes the rules and the wants,
-// and calls Wake. The worker then works, posts its messages to the engine's notifyWindow and is idle again. A
-// preview is stopped by `abort` at its next row; a run goes to its end. Host calls of a run are made on the
-// worker's thread.
+// To start a job, the window's thread waits until the worker is idle (StopCurrent), writes the rules, calls
+// one of the Want functions, and calls Wake. The worker does the job, posts its messages to the engine's
+// notifyWindow and becomes idle again. A preview that is stopped ends at its next row; a run always
+// completes. The worker's thread makes the host calls of a run.
 #pragma once
 
 #include <atomic>
@@ -17,14 +17,14 @@ namespace Velmora::SDK {
 class MultiRenameEngine;
 class MultiRenameUndo;
 
-// Messages of MultiRename's window. The worker posts the second and the third.
+// Messages of MultiRename's window. The worker posts MRM_ROWS_CHANGED and MRM_RUN_FINISHED.
 enum RenameMessage : UINT {
-  MRM_UPDATE_PREVIEW = 33268,  // the panel to itself: compile the rules and preview
-  MRM_ROWS_CHANGED = 33768,    // rows were computed to the last: repaint the list
-  MRM_RUN_FINISHED = 33868,    // a job has ended, other than a preview that was stopped: a FinishedRun, and 1
-                               // if there was nothing to restore
-  MRM_CONFIRM_CLOSE = 33968,   // the frame to itself: Esc was pressed
-  MRM_NEW_SELECTION = 34068    // the extension to the panel: the selection was read again
+  MRM_UPDATE_PREVIEW = 33268,  // from the panel to itself: compile the rules and start a preview
+  MRM_ROWS_CHANGED = 33768,    // all rows were computed: repaint the list
+  MRM_RUN_FINISHED = 33868,    // a job has ended, except a preview that was stopped; wParam is a FinishedRun,
+                               // lParam is 1 if there was nothing to restore
+  MRM_CONFIRM_CLOSE = 33968,   // from the frame to itself: Esc was pressed
+  MRM_NEW_SELECTION = 34068    // from the extension to the panel: the selection was read again
 };
 
 enum FinishedRun : WPARAM { kPreviewFinished = 1, kRenameFinished = 2, kRestoreFinished = 3 };
@@ -37,45 +37,46 @@ class RenameWorker {
   // The thread must have ended.
   ~RenameWorker();
 
-  // Makes the events and the thread. Once; later calls do nothing, also after the thread has ended: a worker
-  // that has quit is not started again. False if there is no thread.
+  // Creates the events and the thread. Does nothing if the thread exists or has ended: a worker that has quit
+  // is not started again (C-678). Returns false if the thread cannot be created.
   bool Start();
 
-  // What the worker does next. Each clears the two others; at most one is done at a wake-up.
+  // Set the next job, which replaces any other that is pending. A wake-up starts one job.
   void WantPreview();
   void WantRename(bool writeUndoFile);
   void WantRestore();
 
-  // Stops the current preview, waits until the worker is idle, and wakes it. Does nothing without a thread.
+  // Stops the current preview or waits for the end of a run, and then wakes the idle worker. Does nothing
+  // without a thread.
   void Wake();
 
   // Stops the current preview, or waits for the end of a run, until the worker is idle or its thread has
-  // ended. False if the wait fails: then nothing may be changed.
+  // ended. Returns false if waiting fails; nothing may be changed then.
   bool StopCurrent();
 
-  // Waits, without stopping anything, for the same.
+  // Waits likewise without stopping anything.
   bool WaitUntilIdle();
 
-  // Makes the thread leave at its next look; a run in it goes to its end first. Does not wait.
+  // Requests the thread to end; a run completes first. Does not wait.
   void Quit();
 
-  // Waits for the end of the thread. False if the time ends first.
+  // Waits for the end of the thread. Returns false if it has not ended after that time.
   bool WaitForEnd(DWORD milliseconds);
 
-  // There is a thread that has not ended.
+  // Returns whether there is a thread that has not ended.
   bool IsRunning() const { return HasThread(); }
 
-  // The last preview was stopped, or failed, before its end: rows have names of older rules. While the worker
-  // is idle.
+  // Returns whether the last preview was stopped or failed, so that some rows still have names of older
+  // rules. Valid while the worker is idle.
   bool WasPreviewCut() const { return previewCut_; }
 
-  // The current job was asked to stop and has not yet ended.
+  // Returns whether the current job was requested to stop and has not ended yet.
   bool IsStopping() const { return abort_; }
 
  private:
   static DWORD ThreadMain(LPVOID worker);
   void Loop();
-  // Sleeps until it is woken, and tells those who wait that it does.
+  // Signals that the worker is idle and waits until it is woken.
   void WaitForWork();
   bool HasThread() const;
   bool WaitIdle(bool stops);
@@ -85,7 +86,8 @@ class RenameWorker {
   void Post(RenameMessage message, WPARAM first = 0, LPARAM second = 0) const;
 
   std::atomic<bool> wantPreview_{true};
-  std::atomic<bool> wantRename_{true};  // never acted on: nothing wakes the worker before a want is written
+  std::atomic<bool> wantRename_{
+      true};  // the initial value has no effect: a job is set before the first wake-up
   std::atomic<bool> wantRestore_{false};
   std::atomic<bool> saveUndo_{true};
   HANDLE thread_ = nullptr;
@@ -95,18 +97,18 @@ class RenameWorker {
   std::atomic<bool> abort_{false};
   std::atomic<bool> quit_{false};
   std::atomic<bool> previewCut_{false};
-  // Set from Start or Wake on until the worker is idle again. Changed, with idleEvent and abort, under the
-  // mutex, so that nobody takes a worker for idle that has been woken and not yet begun.
+  // True from Start or Wake until the worker is idle again. Protected by mutex_ together with idleEvent_ and
+  // abort_, so that a worker that has been woken but has not begun does not appear idle.
   bool working_ = false;
   mutable std::mutex mutex_;
 };
 
-// Counts the results that the host calls back with; for the length of one run.
+// Counts the results that the host reports during one run.
 class CRenameResultCallback final : public IRenameResultCallback {
  public:
   explicit CRenameResultCallback(RunStatus& status) : status_(status) {}
 
-  // Any thread. A null item counts for nothing.
+  // May be called on any thread. Ignores a null item.
   void OnRenameResult(void* item, u32 resultCode) override {
     if (item) status_.CountResult(resultCode);
   }
@@ -115,10 +117,10 @@ class CRenameResultCallback final : public IRenameResultCallback {
   RunStatus& status_;
 };
 
-// The renames of all rows, and those of the restore set back, as the worker does them: through the host, with
-// the counts in the engine's status. Of the second, entries whose new name no file can have are failures that
-// the host is not asked for. The first leaves its states at the rows, writes the undo file if asked
-// to, and hands the session to the store if that was read.
+// Rename all rows, and undo the renames of a session, through the host. Both count the results in the
+// engine's status. RunRenames stores the results in the rows' states, writes the undo file if requested, and
+// adds the session to the undo store if that has been loaded. RunRestore counts an entry whose new name no
+// file can have as a failure, without passing it to the host.
 void RunRenames(MultiRenameEngine& engine, bool writeUndoFile);
 void RunRestore(MultiRenameEngine& engine, const MultiRenameUndo& session);
 

@@ -59,7 +59,7 @@ WString StatusText(const RunStatus& status) {
   for (const auto& [count, word] : counts) {
     if (count == 0) continue;
     if (!text.empty()) text += ", ";
-    // As %d shows it.
+    // A signed number, as with %d.
     text += std::to_string(static_cast<s32>(count)) + word;
   }
   return FromUtf8(text);

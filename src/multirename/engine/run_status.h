@@ -1,4 +1,4 @@
-// What a run has come to, written by the worker and the host's callbacks and read by the window.
+// The result of a run, written by the worker and the host's callbacks and read by the window.
 #pragma once
 
 #include <atomic>
@@ -10,7 +10,7 @@ namespace Velmora::SDK {
 
 enum RunKind : u32 { kNoRun = 0, kRenameRun = 2, kRestoreRun = 3 };
 
-// Any thread.
+// May be used on any thread.
 class RunStatus {
  public:
   std::atomic<u32> runKind{kNoRun};
@@ -21,7 +21,7 @@ class RunStatus {
   // Adds a result to the count of its code.
   void CountResult(u32 resultCode);
 
-  // A rule that could not be compiled, with the compiler's message.
+  // The error of a rule that could not be compiled: the compiler's message.
   void SetError(WStringView text);
   void ClearError();
   bool HasError() const;

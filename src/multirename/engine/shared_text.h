@@ -1,4 +1,4 @@
-// A text that many hold and none changes: the folder of a hundred rows is in memory once.
+// An immutable text that many objects share: the folder of a hundred rows is in memory once.
 #pragma once
 
 #include <concepts>
@@ -9,7 +9,7 @@
 
 namespace Velmora::SDK {
 
-// Copies share the text, on any threads.
+// Copies share the text, even across threads.
 class SharedText {
  public:
   SharedText() = default;

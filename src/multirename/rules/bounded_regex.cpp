@@ -12,7 +12,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-// What is left of the steps and the stack of one Replace.
+// The steps and the stack that remain for one Replace.
 struct RegexBudget {
   std::uint32_t steps;
   std::uintptr_t lowestStack;
@@ -24,9 +24,9 @@ struct RegexBudget {
   }
 };
 
-// A position in a text of 16-bit units, which are widened one by one. Whatever the matcher does at a state,
-// it compares or stores positions; each of that is a step. Alternatives alone pass without, and each of their
-// paths ends in a step.
+// A position in a text of 16-bit units, which are widened one by one. Comparing and assigning positions
+// counts as a step. The matcher does one of them at every state except at alternatives, and each path through
+// alternatives ends in a state that counts.
 class CountingIterator {
  public:
   using iterator_category = std::bidirectional_iterator_tag;
@@ -83,7 +83,7 @@ class CountingIterator {
 
 using CountingMatch = std::match_results<CountingIterator>;
 
-// Appends to a text up to a size, and drops the rest.
+// Appends to a text up to a size and discards the rest.
 class CuttingOutput {
  public:
   using iterator_category = std::output_iterator_tag;
@@ -152,7 +152,7 @@ bool BoundedRegex::ReplaceByLibrary(WStringView text, const std::wstring& format
     const CountingMatch& found = *match;
     AppendUpTo(result, most, copied, found[0].first.Position());
     copied = found[0].second.Position();
-    // What is written is bounded by itself; the steps are the search's.
+    // The size of the output is limited separately; only the search counts steps.
     const std::uint32_t left = std::exchange(budget.steps, std::numeric_limits<std::uint32_t>::max());
     found.format(CuttingOutput(result, most), format.data(), format.data() + format.size());
     budget.steps = left;

@@ -1,4 +1,4 @@
-// Looking through a whole name for a few characters.
+// Searches names for a few characters.
 #pragma once
 
 #include <array>
@@ -9,8 +9,8 @@
 
 namespace Velmora::SDK {
 
-// HoldsAnyOf for a text of at least one block. Each block is compared as a whole, with no way out in between,
-// so that compilers look at all its characters at once.
+// HoldsAnyOf for a text of at least one block. Compares whole blocks without an early exit, so that the
+// compiler vectorizes the comparison.
 template <std::size_t kBlock, WCHAR... wanted>
 bool HoldsAnyInBlocks(WStringView text) {
   using Block = std::array<std::uint16_t, kBlock>;
@@ -28,13 +28,13 @@ bool HoldsAnyInBlocks(WStringView text) {
   };
   const std::size_t last = text.size() - kBlock;
   for (std::size_t at = 0; at < last; at += kBlock) look(text.data() + at);
-  look(text.data() + last);  // ends with the text, and may begin in the block before
+  look(text.data() + last);  // the last block may overlap the one before
   std::uint16_t isAny = 0;
   for (const std::uint16_t isWanted : found) isAny = static_cast<std::uint16_t>(isAny | isWanted);
   return isAny != 0;
 }
 
-// True if one of the characters is in the text.
+// Returns whether the text contains one of the characters.
 template <WCHAR... wanted>
 bool HoldsAnyOf(WStringView text) {
   constexpr std::size_t kLong = 16;

@@ -12,7 +12,7 @@ void CutToName(WString& text) {
 
 void SplitOldName(MultiRenameEngine& engine, const MultiRenameItem& item) {
   WStringView name = item.oldName;
-  // Hardly any name holds one, and to see that is faster than to look for the last.
+  // Few names contain a backslash, and checking for one is faster than searching for the last.
   if (HoldsAnyOf<W('\\')>(name)) name.remove_prefix(name.rfind(W('\\')) + 1);
   const std::size_t dot = item.isFolder ? WStringView::npos : name.rfind(W('.'));
   engine.currentBase = name.substr(0, dot);
@@ -27,7 +27,7 @@ void EvaluateTags(MultiRenameEngine& engine, RenameTags& tags, WString& text) {
   }
 }
 
-// Leaves out each pair of the text; a pair that this makes stays (C-612).
+// Removes each CR LF of the text, but not a pair that is formed by the removal (C-612).
 void RemoveLineEnds(WString& text) {
   constexpr WStringView kLineEnd = W("\r\n");
   if (!HoldsAnyOf<W('\r')>(text)) return;
@@ -57,11 +57,11 @@ void ComputeName(MultiRenameEngine& engine, MultiRenameItem& item) {
   if (!item.isFolder) EvaluateTags(engine, engine.extensionTags, extension);
   engine.currentItem = nullptr;
 
-  // Replacements follow the case rule and can undo it (C-611).
+  // Replacements come after the case rule and can undo it (C-611).
   ApplyCaseRule(engine.flags, name, extension);
   if (engine.replaceRules) {
     if ((engine.flags & (kSearchNameAndExtension | kSearchName)) != 0) engine.replaceRules->Apply(name);
-    // An expression such as "^" would give an item without an extension one.
+    // An expression such as "^" would add an extension to an item without one.
     if ((engine.flags & (kSearchNameAndExtension | kSearchExtension)) != 0 && !extension.empty())
       engine.replaceRules->Apply(extension);
   }

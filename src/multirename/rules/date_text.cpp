@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kDateTextSize = 256;
 
-// `count` is what the system says that it wrote, its terminator included.
+// `count` is the number of characters that the system reports as written, including the terminator.
 WString WrittenText(const WCHAR (&buffer)[kDateTextSize], int count) {
   const auto written = static_cast<std::size_t>(std::clamp(count, 0, kDateTextSize));
   return WString(buffer, std::find(buffer, buffer + written, WCHAR()));

@@ -5,11 +5,12 @@
 
 namespace Velmora::SDK {
 
-// A format of the user's language: LOCALE_SSHORTDATE or LOCALE_STIMEFORMAT. Empty if the system has none.
+// Returns a format of the user's language: LOCALE_SSHORTDATE or LOCALE_STIMEFORMAT. Empty if the system has
+// none.
 WString LocaleFormat(DWORD item);
 
-// The date, or the time, by a format of Windows' ("yyyy-MM-dd", "HH:mm"), at most 255 characters. Empty if
-// the system does not take the format or the time, or the text does not fit.
+// Return the date or the time in a format of Windows ("yyyy-MM-dd", "HH:mm"), at most 255 characters. Empty
+// if the system rejects the format or the time, or if the text does not fit.
 WString FormatDate(const SYSTEMTIME& time, const WString& format);
 WString FormatTime(const SYSTEMTIME& time, const WString& format);
 

@@ -1,6 +1,5 @@
-// Upper and lower case of one character, as the runtime's towlower and towupper have it in the "C" locale, in
-// which the module runs: only A to Z change. Written out, so that a host which sets a locale changes no names
-// (C-617).
+// Lower and upper case of a character, as towlower and towupper convert it in the "C" locale: only A to Z and
+// a to z change. Implemented here so that a locale set by the host does not change the results (C-617).
 #pragma once
 
 #include "platform/text.h"
@@ -15,7 +14,7 @@ constexpr WCHAR UpperLetter(WCHAR c) {
   return c >= W('a') && c <= W('z') ? static_cast<WCHAR>(c - (W('a') - W('A'))) : c;
 }
 
-// True if the two texts have the same length and are equal but for the case of A to Z.
+// Returns whether the texts are equal if the case of A to Z is ignored.
 constexpr bool EqualButForCase(WStringView lhs, WStringView rhs) {
   if (lhs.size() != rhs.size()) return false;
   for (std::size_t i = 0; i < lhs.size(); ++i) {

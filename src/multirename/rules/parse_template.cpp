@@ -15,8 +15,8 @@ constexpr std::size_t kMostOfParameter = 80;  // characters of a number, a prope
 bool IsParameterDigit(WCHAR c) { return c >= W('0') && c <= W('9'); }
 bool IsParameterSeparator(WCHAR c) { return c == W(',') || c == W('-'); }
 
-// Takes the parameter that stands at `at`, up to a separator behind its first character or the end, and goes
-// on behind that separator.
+// Returns the parameter that begins at `at`. It ends before the first separator from `searchFrom` on, or at
+// the end of the text. Moves `at` past that separator.
 WStringView TakeParameter(WStringView parameters, std::size_t& at, std::size_t searchFrom) {
   const auto end = std::find_if(parameters.begin() + static_cast<std::ptrdiff_t>(searchFrom),
                                 parameters.end(), IsParameterSeparator);
@@ -31,7 +31,7 @@ void ParseRange(WStringView parameters, RenameTag& tag) {
   std::optional<s32> first;
   std::optional<s32> second;
   bool isSpan = false;  // from one position to another
-  // A third number replaces the second, and other characters are passed over (C-603).
+  // A third number replaces the second, and other characters are ignored (C-603).
   for (std::size_t at = 0; at < parameters.size();) {
     if (!IsParameterDigit(parameters[at]) && parameters[at] != W('-')) {
       ++at;
@@ -88,8 +88,8 @@ struct TagRow {
   void (*parse)(WStringView parameters, RenameTag& tag);
 };
 
-// The letters of names and counters match in either case. Those of dates do not: M is the month, m the minute
-// (C-602).
+// Matches the letters of names and counters in either case. Those of dates are case-sensitive: M is the
+// month, m the minute (C-602).
 constexpr TagRow kTagRows[] = {
     {W('N'), TagName, ParseRange},        {W('n'), TagName, ParseRange},
     {W('E'), TagExtension, ParseRange},   {W('e'), TagExtension, ParseRange},
@@ -107,8 +107,8 @@ RenameTag LiteralTag(WStringView text) {
   return tag;
 }
 
-// The first and the last character are left out, whatever they are: "Photo]" is the tag of its second letter,
-// and gives the hour (C-601).
+// Drops the first and the last character, whatever they are: "Photo]" has the tag letter "h" and results in
+// the hour (C-601).
 RenameTag ClassifyTag(WStringView token) {
   const WStringView body = token.substr(1, token.size() - 2);
   if (body.empty()) return LiteralTag(token);
@@ -153,7 +153,7 @@ WStringView SubstringOf(WStringView value, const RenameTag& range) {
     const s32 stop = WrappingSum(WrappingSum(size, range.start), 1);
     const s32 position = std::max(std::min(WrappingDifference(stop, range.length), stop), 0);
     const s32 count = WrappingDifference(stop, position);
-    // A stop before the beginning leaves the whole value (C-604).
+    // A stop before the beginning selects the whole value (C-604).
     return value.substr(static_cast<std::size_t>(position),
                         count < 0 ? WStringView::npos : static_cast<std::size_t>(count));
   }

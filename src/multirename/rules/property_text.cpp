@@ -1,4 +1,5 @@
-// The texts of [?...] tags: a file property of the host's, a date or a number by the tag's format.
+// Computes the texts of [?...] tags: a property of the file as the host returns it, or a date or a number in
+// the tag's format.
 
 #include "frame/host/host_files.h"
 #include "frame/host/host_properties.h"
@@ -14,7 +15,7 @@ constexpr u32 kPropertyTextSize = 256;
 constexpr u32 kPropertyPathSize = 4096;
 constexpr std::size_t kMostOfFormat = 128;
 
-// What the format says of a date and of a time; both empty for a format that says nothing.
+// The formats of a date and of a time. An empty one adds no text.
 struct DateFormats {
   WString date;
   WString time;
@@ -29,7 +30,7 @@ DateFormats FormatsOf(const WString& format) {
   return {LocaleFormat(LOCALE_SSHORTDATE), LocaleFormat(LOCALE_STIMEFORMAT)};
 }
 
-// The date and the time are put side by side without a separator (C-608).
+// Joins the date and the time without a separator (C-608).
 WString DateText(u64 date, const WString& format) {
   const FILETIME fileTime{static_cast<DWORD>(date), static_cast<DWORD>(date >> 32)};
   SYSTEMTIME time{};

@@ -1,5 +1,5 @@
-// What is refused before the library compiles it: its compiler calls itself for each character and each
-// group, and copies what a count repeats.
+// Refuses expressions that the library must not compile: its compiler recurses for each character and each
+// group, and copies an atom as often as its count says.
 
 #include <algorithm>
 #include <vector>
@@ -12,19 +12,19 @@ namespace Velmora::SDK {
 namespace {
 
 constexpr std::size_t kMostCharacters = 1024;  // of an expression, as many as a field of the panel takes
-constexpr std::size_t kMostNesting = 50;       // groups in groups
-constexpr std::uint64_t kMostStates = 10'000;  // of the compiled expression, repeats written out
-constexpr std::uint64_t kMostBranches = 200;   // alternatives, which the matcher passes without a step
+constexpr std::size_t kMostNesting = 50;       // nested groups
+constexpr std::uint64_t kMostStates = 10'000;  // of the compiled expression, with repetitions written out
+constexpr std::uint64_t kMostBranches = 200;   // alternatives, for which the matcher counts no step
 constexpr std::size_t kMostDigits = 5;         // of a count or of a back reference
 
-// The states are an upper bound of those that libstdc++ makes of an expression, so its own limit is never
-// reached. That each path of its matcher ends in a step (bounded_regex.cpp) is libstdc++'s as well, and has
-// its tests.
+// The computed number of states is an upper bound of what libstdc++ creates for an expression, so its own
+// limit is never reached. bounded_regex.cpp also relies on libstdc++: each path of its matcher ends in a
+// counted step. Tests check this.
 static_assert(kMostStatesOfLibrary >= kMostStates, "the states are counted as libstdc++ makes them");
 
 bool IsRegexDigit(WCHAR c) { return c >= W('0') && c <= W('9'); }
 
-// An upper bound of what a part of the expression becomes.
+// An upper bound of the compiled size of a part of the expression.
 struct RegexSize {
   std::uint64_t states = 0;
   std::uint64_t branches = 0;
@@ -34,8 +34,8 @@ RegexSize Times(const RegexSize& size, std::uint64_t count) {
   return {size.states * count, size.branches * count};
 }
 
-// Reads an expression as the library's scanner does, as far as the size of what it becomes goes. What is no
-// expression is left to the library to refuse.
+// Reads an expression as the library's scanner does, as far as its compiled size depends on it. Leaves errors
+// of syntax to the library.
 class ExpressionCheck {
  public:
   explicit ExpressionCheck(WStringView expression) : expression_(expression) {}
@@ -49,8 +49,8 @@ class ExpressionCheck {
 
  private:
   struct Group {
-    RegexSize all;   // what is read of it
-    RegexSize atom;  // its last atom, counted in `all`, which a count may repeat
+    RegexSize all;   // of what has been read of the group
+    RegexSize atom;  // of its last atom, which a count may repeat; included in `all`
   };
 
   WCHAR Peek(std::size_t offset) const {
@@ -98,7 +98,8 @@ class ExpressionCheck {
     }
   }
 
-  // Of what must not be read as anything else; "\c[" is a control character.
+  // Returns the length of the escape, whose characters have no other meaning: 3 for a control character such
+  // as "\c[", otherwise 2.
   std::size_t EscapeLength() const { return Peek(1) == W('c') ? 3 : 2; }
 
   void TakeEscape() {
@@ -115,7 +116,7 @@ class ExpressionCheck {
     Add({8, 0});
   }
 
-  // The end of a set is the first bracket that is neither escaped nor the end of a class in it
+  // A set ends at the first bracket that is not escaped and does not end a class within the set
   // ("[[:alpha:]]").
   void TakeBracket() {
     Take(1);
@@ -144,14 +145,14 @@ class ExpressionCheck {
 
   void CloseGroup() {
     Take(1);
-    if (groups_.size() == 1) return;  // the library's error
+    if (groups_.size() == 1) return;  // the library reports the error
     RegexSize group = groups_.back().all;
     group.states += 4;
     groups_.pop_back();
     Add(group);
   }
 
-  // The last atom is there `times` times in all, each with what repeats it.
+  // Counts the last atom `times` times in all, each time with the states of its repetition.
   void Repeat(std::uint64_t times) {
     RegexSize atom = groups_.back().atom;
     RegexSize more = Times(atom, times - std::min<std::uint64_t>(times, 1));

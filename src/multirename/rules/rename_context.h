@@ -1,5 +1,5 @@
-// What the extension object and the form of its window share. The extension object holds it; it outlives
-// every window.
+// The state that the extension object shares with the form of its window. The extension object owns it, and
+// it outlives every window.
 #pragma once
 
 #include <atomic>
@@ -11,12 +11,12 @@
 
 namespace Velmora::SDK {
 
-// The rows that the window is to show: a new selection, which the host's main thread puts in, or the entries
-// of an undo session, which the window's does. Any thread.
+// The rows that the window shows: a new selection, set by the host's main thread, or the entries of an undo
+// session, set by the window's thread. May be used on any thread.
 //
-// A new selection while a window is open: the main thread calls Set and then posts MRM_NEW_SELECTION to the
-// panel. It posts and never sends, as the window's thread may be waiting for the main thread without taking
-// messages; and it posts after Set, as the panel passes the message over if it shows the rows of Get already.
+// If a window is open, the main thread calls Set and then posts MRM_NEW_SELECTION to the panel. It must not
+// send the message, as the window's thread may be waiting for the main thread without processing messages. It
+// must post after Set, as the panel ignores the message if it already shows the rows that Get returns.
 class SharedRows {
  public:
   SharedItems Get() const {
@@ -36,10 +36,10 @@ class SharedRows {
 struct RenameContext {
   IHostApp& host;
   MultiRenameEngine& engine;
-  MultiRenameProfiles& profiles;  // loaded
+  MultiRenameProfiles& profiles;  // already loaded
   SharedRows rows;
-  std::atomic<u32> imageSet{1};          // of the list, for the rows' images
-  std::atomic<bool> hostClosing{false};  // nobody waits for the host's main thread any more
+  std::atomic<u32> imageSet{1};          // the list's image set, from which the images of the rows are taken
+  std::atomic<bool> hostClosing{false};  // threads no longer wait for the host's main thread
 };
 
 }  // namespace Velmora::SDK

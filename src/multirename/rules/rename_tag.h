@@ -1,4 +1,4 @@
-// The template language: the tokens of a compiled template and how a text becomes them.
+// The template language: parses a template into tokens.
 #pragma once
 
 #include <vector>
@@ -23,29 +23,30 @@ enum TagKind : u32 {
   TagFolder = 15
 };
 
-// One token. In a counter tag the three numbers are the next value, the step and the digits; in all others
-// the first and the last position (from 1, negative from the end) and the number of characters.
+// One token. In a counter tag `start`, `end` and `length` are the next value, the step and the number of
+// digits. In all other tags they are the first and the last position (counted from 1; negative positions
+// count from the end) and the number of characters.
 struct RenameTag {
   u32 kind = TagText;
   WString text;    // the literal text, or the name of the property
-  WString format;  // of a property, between braces
+  WString format;  // of a property: the text between braces
   s32 start = 0;
   s32 end = 0;
   s32 length = 0;
 };
 
-// In template order. A counter of its own moves on with each evaluation, so a compiled template serves one
-// pass over the rows.
+// In template order. A counter tag with parameters advances with each evaluation, so a compiled template
+// serves only one pass over the rows.
 using RenameTags = std::vector<RenameTag>;
 
-// Never fails: whatever is not understood is literal text.
+// Never fails: text that is not a valid tag becomes literal text.
 RenameTags ParseTemplate(WStringView text);
 
-// The number that a text begins with, as _wtoi reads it: white space, a sign, digits; 0 if there are none,
-// and the nearest 32-bit number for one that does not fit.
+// Returns the number at the beginning of the text, as _wtoi reads it: white space, a sign, digits. Returns 0
+// if there are no digits, and the nearest 32-bit number if the number does not fit.
 s32 ParseDecimal(WStringView text);
 
-// What the range of a tag leaves of a value. The arithmetic is that of 32-bit registers.
+// Returns the part of the value that the tag's range selects. The arithmetic wraps at 32 bits.
 WStringView SubstringOf(WStringView value, const RenameTag& range);
 
 }  // namespace Velmora::SDK

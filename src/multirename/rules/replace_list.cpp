@@ -20,7 +20,7 @@ std::optional<BoundedRegex> CompiledOrNothing(const WString& find, u32 flags, Bo
   }
 }
 
-// The first match at or after `from`; `find` is in lower case where case does not matter.
+// Returns the position of the first match at or after `from`. Unless `matchesCase`, `find` is in lower case.
 std::size_t FindPlain(WStringView text, WStringView find, std::size_t from, bool matchesCase) {
   if (matchesCase) return text.find(find, from);
   if (text.size() < find.size()) return WStringView::npos;
@@ -86,7 +86,7 @@ void ReplaceRules::Apply(WString& text) {
                                       : ReplacePlain(rule, text);
       if (changed) text.swap(result_);
     } catch (const std::regex_error&) {
-      ++gaveUp_;  // the text stays; the next pair goes on
+      ++gaveUp_;  // the text remains unchanged; the next pair is applied
     }
   }
 }

@@ -1,4 +1,4 @@
-// The list of find and replace pairs that runs over a new name, after the templates and the case rule.
+// The list of find and replace pairs, which is applied to a new name after the templates and the case rule.
 #pragma once
 
 #include <memory>
@@ -11,30 +11,31 @@
 
 namespace Velmora::SDK {
 
-// Find and replace texts, applied in order. A compiled list is never changed.
+// Find and replace texts, applied in order. A shared list is never changed.
 using SearchAndReplaceItems = std::vector<std::pair<WString, WString>>;
 using SharedReplaceItems = std::shared_ptr<const SearchAndReplaceItems>;
 
-// Applies the pairs one after the other, each to what the last one left; one with an empty find text is
-// skipped. The flags are those of SearchFlag.
+// Applies the pairs in order, each to the result of the one before. Skips pairs with an empty find text. The
+// flags are those of SearchFlag.
 //
-// Plain: the first match, or with kSearchReplaceAll every one; without kSearchCaseSensitive A to Z count as
-// a to z. A replacement is never searched again by its own pair.
+// A plain find text replaces its first match or, with kSearchReplaceAll, every match. Without
+// kSearchCaseSensitive, A to Z match a to z. A pair does not search its own replacements.
 //
-// With kSearchRegex every match is replaced, whether kSearchReplaceAll is set or not (C-613): ECMAScript
-// expressions with $&, $1 to $99, $`, $' and $$ in the replacement. A pair whose expression is refused, or
-// whose match takes more steps or stack than bounded_regex.h allows, leaves the text as it was (C-687).
+// With kSearchRegex, replaces every match, whether kSearchReplaceAll is set or not (C-613). The find text is
+// an ECMAScript expression; the replacement may contain $&, $1 to $99, $`, $' and $$. A pair whose expression
+// is refused, or whose search exceeds the limits of bounded_regex.h, leaves the text unchanged (C-687).
 //
-// A text that grows beyond kLongestName characters is cut there. Throws nothing but std::bad_alloc. Compiles
-// each expression anew; what runs over many texts makes a ReplaceRules.
+// Cuts a text that grows beyond kLongestName characters. Throws nothing but std::bad_alloc. Compiles each
+// expression again in every call; use ReplaceRules for many texts.
 void ApplyReplaceList(const SearchAndReplaceItems& items, WString& text, u32 flags);
 
-// 0 if every find text is an expression, otherwise the number of the first one that is none, counted from 1,
-// and the matcher's message. Empty ones count but are passed over. Each is compiled as if case mattered.
+// Returns 0 if every find text is a valid expression. Otherwise returns the position, counted from 1, of the
+// first one that is not, and stores the matcher's message. Counts empty find texts but does not check them.
+// Compiles each expression as case-sensitive.
 u32 ValidateExpressions(const SearchAndReplaceItems& items, WString& message);
 
-// The same as ApplyReplaceList, with each expression compiled once and the memory kept from text to text. For
-// one thread at a time.
+// Applies pairs as ApplyReplaceList does, but compiles each expression once and reuses memory between texts.
+// For one thread at a time.
 class ReplaceRules {
  public:
   ReplaceRules(const SearchAndReplaceItems& items, u32 flags,
@@ -42,21 +43,21 @@ class ReplaceRules {
 
   void Apply(WString& text);
 
-  // The texts that a pair left as they were because its match was beyond the bounds.
+  // Returns how often a pair left a text unchanged because its search exceeded the limits.
   std::size_t GaveUp() const { return gaveUp_; }
 
  private:
   struct Rule {
-    WString find;  // in lower case where case does not matter
+    WString find;  // in lower case if letter case is ignored
     WString replace;
-    std::wstring format;  // the replacement for the matcher
+    std::wstring format;  // the replacement in the matcher's character type
     std::optional<BoundedRegex> regex;
   };
 
-  // Stores the text with the plain rule applied in result_; false if there is no match.
+  // Stores the text with the plain rule applied in result_. Returns false if there is no match.
   bool ReplacePlain(const Rule& rule, WStringView text);
 
-  std::vector<Rule> rules_;  // without those that can do nothing
+  std::vector<Rule> rules_;  // without those that have no effect
   u32 flags_;
   std::size_t gaveUp_ = 0;
   WString result_;

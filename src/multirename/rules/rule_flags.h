@@ -1,21 +1,21 @@
-// The rule flag word of MultiRename: the case rule in the low eight bits, the switches of the search above.
+// The rule flags of MultiRename: the case rule in the low eight bits, the search flags above them.
 #pragma once
 
 #include "frame/host/host_types.h"
 
 namespace Velmora::SDK {
 
-// At most one is set. A word with several obeys the lowest.
+// At most one is set. If several are set, the lowest applies.
 enum CaseRule : u32 {
   kCaseNone = 0,
-  kCaseAllLower = 1,  // name and extension
+  kCaseAllLower = 1,  // base name and extension
   kCaseAllUpper = 2,
   kCaseNameLower = 4,
   kCaseNameUpper = 8,
   kCaseExtensionLower = 16,
   kCaseExtensionUpper = 32,
-  kCaseWords = 64,        // the first letter of each word of the name upper, the others lower
-  kCaseFirstLetter = 128  // the name lower, its first character upper
+  kCaseWords = 64,        // the first letter of each word of the name in upper case, the others in lower case
+  kCaseFirstLetter = 128  // the name in lower case, its first character in upper case
 };
 
 constexpr u32 kCaseRuleMask = 0xFF;

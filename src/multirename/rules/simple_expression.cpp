@@ -9,7 +9,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-// What one Replace may take. The library counts some ten steps where one is counted here, and bears a
+// The limit of one Replace. The library counts about ten steps for each one counted here, and allows a
 // million.
 constexpr std::uint32_t kMostSimpleSteps = 20'000;
 constexpr std::uint32_t kNoMark = std::numeric_limits<std::uint32_t>::max();
@@ -49,7 +49,7 @@ std::size_t SimpleExpression::EndOfRepeat(const Node& node, WStringView text, st
   return position;
 }
 
-// Goes back to the last choice that leaves another path. Returns false if all paths are used up.
+// Returns to the last choice that has another path to try. Returns false if there is none.
 bool SimpleExpression::TakeBack(WStringView text, std::uint16_t& node, std::size_t& position) const {
   while (!choices_.empty()) {
     Choice& choice = choices_.back();
@@ -133,7 +133,7 @@ SimpleExpression::Found SimpleExpression::MatchAt(WStringView text, std::size_t 
   }
 }
 
-// As std::match_results::format writes it.
+// Expands the format as std::match_results::format does.
 void SimpleExpression::AppendReplacement(WStringView text, std::size_t copied, const std::wstring& format,
                                          std::size_t most, WString& result) const {
   const auto appendGroup = [&](std::size_t group) {

@@ -1,10 +1,10 @@
-// Regular expressions of the kind that people write for names, matched without the standard library's
-// matcher, with the very results that it has.
+// A fast matcher for simple regular expressions, as most expressions for names are. Its results are those of
+// the standard library's matcher.
 //
-// Simple is what is made of characters, `.`, classes and groups, with alternatives, `^` and `$`, where counts
-// (`*`, `+`, `?`, `{2,3}`, greedy or lazy) are those of one character, and no match is empty. Which
-// characters an atom takes is asked of the library, once for each block of characters. Whatever needs more
-// steps or depth than the library surely bears is left to the library.
+// An expression is simple if it consists of characters, `.`, classes, groups, alternatives, `^` and `$`, if
+// each count (`*`, `+`, `?`, `{2,3}`, greedy or lazy) repeats a single character, and if no match can be
+// empty. The library determines which characters an atom matches; it is queried once for each block of
+// characters. A search that may need more steps or stack than the library allows is left to the library.
 #pragma once
 
 #include <bitset>
@@ -18,24 +18,25 @@
 
 namespace Velmora::SDK {
 
-// The longest text that is matched here. Tests hold that the library bears each simple expression on it.
+// The longest text that is matched here. Tests check that the library can match each simple expression
+// against it.
 constexpr std::size_t kMostSimpleText = 200;
 
 class SimpleExpression {
  public:
-  // Nothing for an expression that is not simple. It must be one that the library takes.
+  // Returns std::nullopt for an expression that is not simple. The expression must be valid for the library.
   static std::optional<SimpleExpression> Parse(WStringView expression, bool ignoreCase);
 
   enum class Outcome { kReplaced, kNoMatch, kUnknown };
 
-  // As BoundedRegex::Replace. kUnknown, with `result` of no meaning, for what is to be left to the library.
-  // For one thread at a time.
+  // Works as BoundedRegex::Replace. Returns kUnknown, with `result` unspecified, if the library must do the
+  // search. For one thread at a time.
   Outcome Replace(WStringView text, const std::wstring& format, std::size_t most, WString& result) const;
 
  private:
   friend class SimpleExpressionParser;
 
-  // The characters that one atom takes.
+  // An atom and the characters that it matches.
   class Atom {
    public:
     Atom(std::wstring source, bool ignoreCase) : source_(std::move(source)), ignoreCase_(ignoreCase) {}
@@ -62,19 +63,19 @@ class SimpleExpression {
     Operation operation = Operation::kAccept;
     bool isLazy = false;
     std::uint16_t next = 0;
-    std::uint16_t other = 0;   // of kEither: tried where `next` does not match
-    std::uint16_t number = 0;  // of an atom or a group
+    std::uint16_t other = 0;   // of kEither: tried if `next` does not match
+    std::uint16_t number = 0;  // of the atom or the group
     std::uint16_t least = 0;   // of kRepeat
     std::uint16_t most = 0;
   };
 
-  // What to go back to where a path ends.
+  // A point to return to if the current path does not match.
   struct Choice {
     enum Kind : std::uint8_t { kNode, kShorter, kLonger, kMark };
     Kind kind;
-    std::uint16_t node;
+    std::uint16_t node;  // of kMark: the index of the mark
     std::uint32_t position;
-    std::uint32_t bound;  // the position that a repeat may come to; of kMark the mark
+    std::uint32_t bound;  // the limit of the position of a repetition; of kMark: the previous mark
   };
 
   enum class Found { kYes, kNo, kUnknown };
@@ -89,8 +90,8 @@ class SimpleExpression {
   std::vector<Atom> atoms_;
   std::vector<Node> nodes_;
   std::uint16_t start_ = 0;
-  std::optional<std::uint16_t> firstAtom_;  // with which every match begins
-  // Two marks a group, where it begins and ends, of which the first group is the whole match.
+  std::optional<std::uint16_t> firstAtom_;  // the atom with which every match begins
+  // Two marks for each group: its begin and its end. The first group is the whole match.
   mutable std::vector<std::uint32_t> marks_;
   mutable std::vector<Choice> choices_;
 };

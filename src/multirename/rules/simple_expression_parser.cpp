@@ -1,4 +1,4 @@
-// Which expressions are simple, and what they become.
+// Parses simple expressions.
 
 #include <algorithm>
 #include <string_view>
@@ -9,11 +9,11 @@ namespace Velmora::SDK {
 
 namespace {
 
-// What the library's stack bears beside the longest text that is matched here.
+// With these limits, the library's stack suffices for the longest text that is matched here.
 constexpr std::size_t kMostSimpleAtoms = 48;
 constexpr std::size_t kMostSimpleNodes = 160;
 constexpr std::uint16_t kMostSimpleCount = 100;
-constexpr std::uint16_t kNoSimpleLimit = 10'000;  // no text is as long
+constexpr std::uint16_t kNoSimpleLimit = 10'000;  // more than the length of any text
 
 constexpr WStringView kSimpleMarks = W("^$\\.*+?()[]{}|");
 constexpr WStringView kSimpleClassEscapes = W("dDwWsS");
@@ -22,15 +22,15 @@ bool IsAsciiLetterOrDigit(WCHAR c) {
   return (c >= W('0') && c <= W('9')) || (c >= W('a') && c <= W('z')) || (c >= W('A') && c <= W('Z'));
 }
 
-// A character of a class that means itself, or a range with those beside it.
+// Returns whether the character stands for itself in a class, or forms a range with its neighbours.
 bool IsSimpleInClass(WCHAR c) {
   return c >= W(' ') && WStringView(W("[]\\^:=")).find(c) == WStringView::npos;
 }
 
 }  // namespace
 
-// Reads an expression from its end to its begin, in a manner of speaking: each part is made with the node
-// that follows it, so sequences are parsed to a list first.
+// A recursive descent parser. Each function creates the nodes of one part; the ends of a part are joined to
+// the next part when that has been parsed.
 class SimpleExpressionParser {
  public:
   SimpleExpressionParser(WStringView text, bool ignoreCase) : rest_(text), ignoreCase_(ignoreCase) {}
@@ -49,8 +49,8 @@ class SimpleExpressionParser {
   using Operation = SimpleExpression::Operation;
   using Node = SimpleExpression::Node;
 
-  // A piece of the expression: where it begins, the ends that are to go on with what follows it, and the
-  // fewest characters that it takes.
+  // A part of the expression: its first node, the nodes that continue with the node after the part, and the
+  // fewest characters that it matches.
   struct Part {
     std::uint16_t first = 0;
     std::vector<std::uint16_t> ends;
@@ -79,7 +79,7 @@ class SimpleExpressionParser {
   std::optional<Part> Alternatives() {
     std::optional<Part> all = Sequence();
     if (!all || !Take(W('|'))) return all;
-    // The library tries the first alternative, and then all others.
+    // The library tries the first alternative, then all others.
     const std::optional<Part> others = Alternatives();
     if (!others) return std::nullopt;
     const std::uint16_t either = Add(Operation::kEither);
@@ -104,7 +104,7 @@ class SimpleExpressionParser {
       all->ends = part->ends;
       all->leastSize += part->leastSize;
     }
-    return all;  // an empty one is not simple
+    return all;  // std::nullopt if empty, which is not simple
   }
 
   std::optional<Part> Item() {
@@ -141,7 +141,7 @@ class SimpleExpressionParser {
     return !rest_.empty() && WStringView(W("*+?{")).find(rest_.front()) != WStringView::npos;
   }
 
-  // The source of one atom, which is taken off the text.
+  // Removes one atom from the text and returns its source. Returns std::nullopt if it is not simple.
   std::optional<WString> AtomSource() {
     const WCHAR c = rest_.front();
     std::size_t size = 1;
@@ -164,7 +164,7 @@ class SimpleExpressionParser {
     return source;
   }
 
-  // The size of a class with its brackets. 0 if it is not simple.
+  // Returns the size of the class with its brackets; 0 if it is not simple.
   std::size_t ClassSize() const {
     const std::size_t begin = rest_.starts_with(W("[^")) ? 2 : 1;
     const std::size_t end = rest_.find(W(']'), begin);
@@ -173,7 +173,7 @@ class SimpleExpressionParser {
     return std::ranges::all_of(inner, IsSimpleInClass) ? end + 1 : 0;
   }
 
-  // Atoms of the same source share what is known of their characters.
+  // Atoms with the same source share one entry, and with it the characters already determined.
   std::optional<std::uint16_t> AtomNumber() {
     const std::optional<WString> source = AtomSource();
     if (!source || ++atoms_ > kMostSimpleAtoms) return std::nullopt;
@@ -197,7 +197,7 @@ class SimpleExpressionParser {
     return number;
   }
 
-  // Reads a count, if there is one, into the node of its atom. False for one that is not simple.
+  // Reads a count, if there is one, into the node of its atom. Returns false if the count is not simple.
   bool Counts(Node& node) {
     if (!IsCountNext()) return true;
     node.operation = Operation::kRepeat;
@@ -241,8 +241,8 @@ class SimpleExpressionParser {
   SimpleExpression made_;
   WStringView rest_;
   bool ignoreCase_;
-  std::size_t atoms_ = 0;   // as often as they occur
-  std::size_t groups_ = 0;  // with a number
+  std::size_t atoms_ = 0;   // all occurrences
+  std::size_t groups_ = 0;  // those that capture
 };
 
 std::optional<SimpleExpression> SimpleExpression::Parse(WStringView expression, bool ignoreCase) {

@@ -1,4 +1,4 @@
-// The values of tags.
+// Computes the values of tags.
 
 #include "frame/host/host_files.h"
 #include "multirename/engine/multi_rename_engine.h"
@@ -9,7 +9,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-// A part of the host's text is built in a buffer of this size, its terminator included (C-610).
+// A part of a text from the host has at most this many characters, including a terminator (C-610).
 constexpr std::size_t kPartSize = 1024;
 
 WStringView PartOf(WStringView value, const RenameTag& range) {
@@ -26,14 +26,14 @@ void AppendFolder(MultiRenameEngine& engine, const RenameTag& tag, WString& text
   text += tag.start == 0 ? WStringView(buffer) : PartOf(buffer, tag);
 }
 
-// Two digits of a year are its text without the first two; no other number of digits has an effect (C-605).
+// If the length is 2, drops the first two digits of the year; any other length has no effect (C-605).
 void AppendYear(WString& text, u32 year, s32 length) {
   const std::size_t begin = text.size();
   AppendPadded(text, static_cast<s32>(year), 0);
   if (length == 2 && year > 1000) text.erase(begin, 2);
 }
 
-// A counter with a number of its own counts by itself; all others share the engine's (C-607).
+// A counter with parameters has its own count; all others share the engine's (C-607).
 void AppendCounter(MultiRenameEngine& engine, RenameTag& tag, WString& text) {
   if (tag.start != 0 || tag.end != 0 || tag.length != 0) {
     AppendPadded(text, tag.start, tag.length);

@@ -1,11 +1,11 @@
-// Texts without the characters at their ends that count for nothing.
+// Removes characters from the ends of a text.
 #pragma once
 
 #include "platform/text.h"
 
 namespace Velmora::SDK {
 
-// The text without these characters at both ends, as a part of it.
+// Returns the text without these characters at both ends, as a view of `text`.
 inline WStringView Trimmed(WStringView text, WStringView characters) {
   const std::size_t begin = text.find_first_not_of(characters);
   if (begin == WStringView::npos) return {};

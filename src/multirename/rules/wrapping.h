@@ -1,5 +1,5 @@
-// 32-bit arithmetic that wraps, as registers do: counters and the numbers of ranges hold whatever a user
-// types.
+// 32-bit arithmetic that wraps around. The numbers of counters and ranges are typed by the user, so any
+// operation may overflow.
 #pragma once
 
 #include "frame/host/host_types.h"
