@@ -40,10 +40,9 @@ class MultiRenameEngine {
   u32 counterNext = 1;  // the value of the next [C] without parameters
   u32 counterStep = 1;
   u32 counterDigits = 2;
-  std::vector<MultiRenameItem*> items;  // in the list's order at the last compilation
-  SharedItems itemsOwner;               // keeps the items alive while the worker uses them
-  std::vector<MultiRenameItem*>
-      spareItems;  // earlier items, never read; the next compilation reuses their memory
+  std::vector<MultiRenameItem*> items;          // in the list's order at the last compilation
+  SharedItems itemsOwner;                       // keeps the items alive while the worker uses them
+  std::vector<MultiRenameItem*> spareItems;     // earlier items, kept for their memory
   std::shared_ptr<MultiRenameUndo> restoreSet;  // the session that the next restore run undoes
   MultiRenameUndoStore undoStore;
   HWND notifyWindow = nullptr;   // receives the worker's messages; changed only while the worker is idle

@@ -86,8 +86,7 @@ class RenameWorker {
   void Post(RenameMessage message, WPARAM first = 0, LPARAM second = 0) const;
 
   std::atomic<bool> wantPreview_{true};
-  std::atomic<bool> wantRename_{
-      true};  // the initial value has no effect: a job is set before the first wake-up
+  std::atomic<bool> wantRename_{true};  // a want is set before the first wake-up
   std::atomic<bool> wantRestore_{false};
   std::atomic<bool> saveUndo_{true};
   HANDLE thread_ = nullptr;

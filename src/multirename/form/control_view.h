@@ -1,18 +1,19 @@
-// What the forms of MultiRename need of the windows that show them.
+// The operations that the forms of MultiRename need from the windows that show them.
 //
-// How a window is made:
-//   PanelForm (panel_form.h), FrameForm (frame_form.h) and the dialogs' forms (dialog_form.h) hold every
-//   rule. A window makes its controls under the numbers of panel_controls.h and of the forms' headers,
-//   implements these views by one call of the system each, and reports what the user does: a press, a change,
-//   a click on a row, a key, a posted message. It decides nothing.
+// A window works as follows:
+//   PanelForm (panel_form.h), FrameForm (frame_form.h) and the dialogs' forms (dialog_form.h) contain all
+//   rules. The window creates its controls with the numbers of panel_controls.h and of the forms' headers,
+//   implements these views with one call of the system each, and reports what the user does: a press, a
+//   change, a click on a row, a key, a posted message. It makes no decisions.
 //
-//   A control that the window does not have is passed over, and so is a line or row that is not there.
+//   Operations on a control that the window does not have, or on a missing line or row, have no effect.
 //
-// Life: the boxes, menus and dialogs of the views run message loops of their own. A form and its view outlive
-// each such call: a WM_CLOSE that comes during one only notes that the window closes, and the window and the
-// form go after the call has returned.
+// Lifetime: the boxes, menus and dialogs of the views run nested message loops. A form and its view must
+// outlive each such call: a WM_CLOSE that arrives during one only records that the window is to close, and
+// the window and the form are destroyed after the call has returned.
 //
-// Threads: all of it on the window's thread. What runs elsewhere is in rename_worker.h and rename_context.h.
+// Threads: everything runs on the window's thread. For what runs on others, see rename_worker.h and
+// rename_context.h.
 #pragma once
 
 #include <span>
@@ -22,13 +23,13 @@
 
 namespace Velmora::SDK {
 
-// Stands in place of a control's number for the window itself: its title.
+// Denotes the window itself in place of a control's number; its text is the title.
 constexpr int kWindowTitle = 0;
 
 // No line of a list box, or no row of a list.
 constexpr int kNoLine = -1;
 
-// A column of a list with headings; its width is in pixels of the screen at 96 to an inch.
+// A column of a list with headings. The width is in pixels at 96 pixels per inch.
 struct TableColumn {
   WString heading;
   int width;
@@ -37,13 +38,14 @@ struct TableColumn {
 // The cells of the rows of such a list.
 using TableRows = std::vector<std::vector<WString>>;
 
-// The buttons of boxes are IDYES and what MessageBoxW returns else; the styles are its own.
+// The styles of message boxes are those of MessageBoxW, and so are the buttons that they return, such as
+// IDYES.
 class ControlView {
  public:
-  // Owns boxes and notes, and gets posted messages.
+  // Returns the window that owns boxes and notes and receives posted messages.
   virtual HWND Window() = 0;
 
-  // The text of a control; of a box with an edit field, the field's.
+  // The text of a control; for a combo box, that of its edit field.
   virtual WString GetText(int control) = 0;
   virtual void SetText(int control, const WString& text) = 0;
   // Puts the caret at the end of the text.
@@ -55,18 +57,18 @@ class ControlView {
   virtual void SetEnabled(int control, bool isEnabled) = 0;
   virtual void GiveFocus(int control) = 0;
 
-  // The lines of a list box, or those that a box with an edit field offers. Setting them selects none, and
-  // leaves the text of an edit field alone.
+  // The lines of a list box or combo box. SetLines selects none and leaves the text of an edit field
+  // unchanged.
   virtual void SetLines(int control, const std::vector<WString>& lines) = 0;
   virtual int SelectedLine(int control) = 0;
   virtual void SelectLine(int control, int line) = 0;
 
-  // Lists with columns. Setting the rows replaces all, and none is selected.
+  // Lists with columns. SetRows replaces all rows and selects none.
   virtual void SetColumns(int control, std::span<const TableColumn> columns) = 0;
   virtual void SetRows(int control, const TableRows& rows) = 0;
-  // The row of the list's selection mark.
+  // Returns the row with the list's selection mark (LVM_GETSELECTIONMARK).
   virtual int MarkedRow(int control) = 0;
-  // Selects a row, gives it the list's focus and brings it into sight.
+  // Selects a row, gives it the focus within the list and scrolls to it.
   virtual void SelectRow(int control, int row) = 0;
 
   // Shows a message box and returns the button.
@@ -76,7 +78,7 @@ class ControlView {
   ~ControlView() = default;
 };
 
-// A control and the id of its text. The texts of some controls are those of the table that all modules share.
+// A control and the id of its text. Some texts are in the table that all modules share.
 struct ControlTextRow {
   int control;
   u32 text;

@@ -1,4 +1,4 @@
-// How the forms give their controls texts of the language table.
+// Sets the texts of controls from the language table.
 #pragma once
 
 #include "frame/host/host_app.h"

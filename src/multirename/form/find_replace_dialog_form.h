@@ -1,8 +1,8 @@
 // The dialog that edits the search pairs as text, with the numbered lists of "FindReplace.xml" on the
 // function keys (MultiRenameFindReplaceDlg).
 //
-// The window places it: its client area ends FrameLayout::kPairsDialogGap pixels left of the right edge of
-// the rule panel, and its top is that of the panel's "..." button.
+// The window positions the dialog: its client area ends FrameLayout::kPairsDialogGap pixels left of the right
+// edge of the rule panel, and its top is that of the panel's "..." button.
 #pragma once
 
 #include <optional>
@@ -14,19 +14,19 @@ namespace Velmora::SDK {
 
 enum FindReplaceDialogControl : int {
   kPairsLabel = 1109,
-  kPairsText = 1110,  // an edit field of many lines that takes files (CDropEdit)
+  kPairsText = 1110,  // a multi-line edit field that accepts files (CDropEdit)
   kPairsHelp = 1111,  // four lines
   kPairsOk = kDialogOk,
   kPairsCancel = kDialogCancel,
 };
 
-// How long a notice about a list is seen, in milliseconds.
+// How long a note about a list is shown, in milliseconds.
 constexpr u32 kPairsNoteTime = 1500;
 
-// The longest path of a dropped file; what is longer is cut.
+// The longest path of a dropped file; longer ones are cut.
 constexpr std::size_t kMostOfDroppedPath = 260;
 
-// The function key of a virtual key's number: 1 to 24, or 0 for any other key.
+// Returns the number of a function key, 1 to 24, for its virtual key; 0 for any other key.
 constexpr int FunctionKeyNumber(u32 virtualKey) {
   constexpr u32 kF1 = 0x70;
   return virtualKey >= kF1 && virtualKey < kF1 + 24 ? static_cast<int>(virtualKey - kF1 + 1) : 0;
@@ -34,7 +34,7 @@ constexpr int FunctionKeyNumber(u32 virtualKey) {
 
 class FindReplaceDialogForm final : public DialogForm {
  public:
-  // The pairs are those of the panel's list, with their quotes.
+  // `pairs` are those of the panel's list, with their quotes.
   FindReplaceDialogForm(IHostApp& host, SearchAndReplaceItems pairs)
       : host_(host), pairs_(std::move(pairs)) {}
 
@@ -43,7 +43,7 @@ class FindReplaceDialogForm final : public DialogForm {
   void PressFunctionKey(int control, int number, bool isShift) override;
   void DropFile(int control, const WString& path) override;
 
-  // The pairs as they were edited, after the dialog has ended with kDialogOk.
+  // Returns the edited pairs after the dialog has ended with kDialogOk.
   const SearchAndReplaceItems& Pairs() const { return pairs_; }
 
  private:
@@ -54,7 +54,7 @@ class FindReplaceDialogForm final : public DialogForm {
   IHostApp& host_;
   SearchAndReplaceItems pairs_;
   DialogView* view_ = nullptr;
-  std::optional<FindReplaceManager> manager_;  // while the dialog lives
+  std::optional<FindReplaceManager> manager_;  // created by Open
 };
 
 }  // namespace Velmora::SDK

@@ -10,9 +10,9 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr u32 kKeyWithAlt = 16;  // what IHostApp::GetKeyText wants beside the key
+constexpr u32 kKeyWithAlt = 16;  // an argument of IHostApp::GetKeyText
 
-// "Alt+Up", or nothing.
+// Returns a text such as "Alt+Up"; empty if the host has none.
 WString MoveKeyText(IHostApp& host, u32 key) {
   std::array<WCHAR, 64> buffer = {};
   return WString(

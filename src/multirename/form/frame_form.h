@@ -1,10 +1,10 @@
 // The main frame of MultiRename: its title, its status bar, the list with its keys and its context menu, and
-// the way to close it. On the window's thread.
+// the question before it closes. Used on the window's thread.
 //
-// The frame makes the status bar, the host's container (kind 1000) and list (kind 500) and the rule panel by
-// the constants below, hands the list to Open, and reports: an accelerator's command, the list's context menu
-// (event 1 of its callback), Escape, its own posted MRM_CONFIRM_CLOSE, and the host's events that reach the
-// extension object on this thread.
+// The frame's window creates the status bar, the host's container (kind 1000), the host's list (kind 500) and
+// the rule panel with the constants below, passes the list to Open, and reports the following: an
+// accelerator's command, the list's context menu (event 1 of its callback), Escape, its own posted
+// MRM_CONFIRM_CLOSE, and the host's events that the extension object receives on this thread.
 #pragma once
 
 #include "multirename/engine/rename_list.h"
@@ -16,20 +16,20 @@
 
 namespace Velmora::SDK {
 
-// In pixels of a screen of 96 to an inch, but for the style and the icon's number.
+// In pixels at 96 pixels per inch, except for the style and the icon's number.
 struct FrameLayout {
-  static constexpr int kWidth = 855;  // at first
+  static constexpr int kWidth = 855;  // initial size
   static constexpr int kHeight = 410;
   static constexpr int kLeastWidth = 850;
   static constexpr int kLeastHeight = 400;
   static constexpr int kStatusPaneWidth = 650;  // of pane 1; pane 0 takes the rest
-  static constexpr int kListWidth = 200;        // as it is asked for
+  static constexpr int kListWidth = 200;        // as requested from the host
   static constexpr int kColumnWidth = 200;
   static constexpr int kRowHeight = 16;
-  // Between the right edges of the search dialog's client area and of the rule panel.
+  // The distance from the right edge of the search dialog's client area to that of the rule panel.
   static constexpr int kPairsDialogGap = 4;
   static constexpr u32 kContainerStyle = 0x56000000;
-  static constexpr u32 kIcon = 128;  // of the host
+  static constexpr u32 kIcon = 128;  // a resource of the host's program
 };
 
 struct FrameColumn {
@@ -49,8 +49,8 @@ enum FrameCommand : int {
   kMoveRowBottom = 40004,
 };
 
-// How the selected rows are moved: the accelerators, which are these keys with Alt (numbers of virtual keys),
-// and the lines of the list's context menu. A move computes no names (C-676).
+// How the selected rows are moved: by accelerators, which are these virtual keys with Alt, and by the lines
+// of the list's context menu. A move does not compute names (C-676).
 struct FrameMove {
   FrameCommand command;
   u32 key;
@@ -68,7 +68,7 @@ constexpr u32 kCloseKey = 0x1B;  // Escape, without Alt: PressEscape
 
 // Codes of OnHostEvent.
 enum RenameHostEvent : s32 {
-  kEventStatusChanged = 1000,  // from the panel; the source is its window
+  kEventStatusChanged = 1000,  // from the panel; the source is the panel's window
   kEventSelectionChanged = 52300,
 };
 
@@ -77,11 +77,11 @@ class FrameView {
   virtual HWND Window() = 0;
   virtual void SetTitle(const WString& title) = 0;
   virtual void SetPane(int pane, const WString& text) = 0;
-  // Opens a menu at a position of the screen and returns the line's number.
+  // Opens a menu at a position on the screen and returns the number of the chosen line.
   virtual int ShowMenu(HWND owner, int x, int y, const MenuLines& lines) = 0;
-  // As ControlView's.
+  // Works as ControlView::ShowBox.
   virtual int ShowBox(const WString& title, const WString& text, UINT style) = 0;
-  // Posts a message to the frame; it comes back by OnMessage.
+  // Posts a message to the frame, which passes it to OnMessage.
   virtual void Post(RenameMessage message) = 0;
   // Posts WM_CLOSE to the frame.
   virtual void PostClose() = 0;
@@ -96,37 +96,37 @@ class FrameForm {
   FrameForm(const FrameForm&) = delete;
   FrameForm& operator=(const FrameForm&) = delete;
 
-  // The controls are there: sets the title "MultiRename", which the panel replaces. The list is the host's,
-  // or null where it cannot be had; it lives until Close.
+  // Call it when the controls exist. Sets the title to "MultiRename", which the panel replaces. `list` is the
+  // host's list, which must stay valid until Close, or null if the host provides none.
   void Open(IHostList* list);
 
-  // The list is given back to the host after this.
+  // Call it before the list is returned to the host.
   void Close();
 
-  // The window of the rule panel, by which its events are known.
+  // Sets the window of the rule panel, which is the source of the panel's events.
   void SetPanel(HWND panel) { panel_ = panel; }
 
-  // Shows the rows of the context in the list, and their number.
+  // Shows the rows of the context in the list, and their number in the status bar.
   void FillList() { FillList(context_.rows.Get()); }
-  // The same with these rows.
+  // Does the same with these rows.
   void FillList(SharedItems rows);
 
-  // What the extension object does with a host event on the window's thread: true if the list exists,
-  // whatever the code.
+  // Handles a host event that the extension object received on the window's thread. Returns true if the list
+  // exists, for any code.
   bool OnHostEvent(std::intptr_t source, s32 code);
 
-  // False for another command, which the client window gets.
+  // Returns false for a command that is not in kFrameMoves, which the client window receives instead.
   bool OnCommand(int command);
 
-  // The list's context menu, at a position of the screen.
+  // Shows the list's context menu at a position on the screen, and performs the chosen move.
   void ShowContextMenu(HWND owner, int x, int y);
 
-  // Escape: posts MRM_CONFIRM_CLOSE.
+  // Handles Escape by posting MRM_CONFIRM_CLOSE.
   void PressEscape() { view_.Post(MRM_CONFIRM_CLOSE); }
-  // MRM_CONFIRM_CLOSE: asks, and on Yes closes.
+  // Handles MRM_CONFIRM_CLOSE: asks the user, and closes the window on Yes.
   void OnMessage(UINT message);
 
-  // The title: the system's name alone, or with " - " and more.
+  // Sets the title: "MultiRename" in the user's language, followed by " - " and `more` if that is not empty.
   void SetTitle(WStringView more = {});
   void PostClose() { view_.PostClose(); }
 

@@ -1,4 +1,4 @@
-// Lines of a menu that the window opens for one choice.
+// The lines of a popup menu of the window.
 #pragma once
 
 #include <vector>
@@ -14,7 +14,7 @@ struct MenuLine {
 };
 using MenuLines = std::vector<MenuLine>;
 
-// What a menu returns that was left without a choice.
+// The result of a menu that is closed without a choice.
 constexpr int kNoMenuLine = 0;
 
 }  // namespace Velmora::SDK

@@ -1,5 +1,5 @@
-// The controls of the rule panel and its tables: their numbers, their texts, their tool tips. The window
-// makes them under these numbers; others find them by the numbers, so they stay as they are.
+// The controls of the rule panel: tables of their numbers, texts and tool tips. Other programs find the
+// controls by these numbers, so they must not change.
 #pragma once
 
 #include <array>
@@ -18,23 +18,23 @@ enum RenameResource : int {
 };
 
 enum PanelControl : int {
-  kNameTemplate = 1034,  // a box with an edit field
+  kNameTemplate = 1034,  // a combo box with an edit field
   kNameTemplateLabel = 1058,
   kNameTags = 1046,           // "<"
-  kExtensionTemplate = 1035,  // a box with an edit field
+  kExtensionTemplate = 1035,  // a combo box with an edit field
   kExtensionTemplateLabel = 1059,
   kExtensionTags = 1047,  // "<"
-  kCaseBox = 1036,        // a list box, as all that are called a box
+  kCaseBox = 1036,        // a drop-down list, like the boxes for the parts and the profiles
   kCaseBoxLabel = 1060,
   kCounterGroup = 1062,
-  kStartAt = 1031,  // fields of a number
+  kStartAt = 1031,  // numeric fields
   kStartAtLabel = 1066,
   kStepBy = 1032,
   kStepByLabel = 1067,
   kDigits = 1033,
   kDigitsLabel = 1068,
   kSearchGroup = 1063,
-  kPairList = 1118,  // a list with columns, the selection over the full row, and lines between the cells
+  kPairList = 1118,  // a list with columns, full-row selection and grid lines
   kPairFind = 1020,
   kPairReplace = 1001,
   kPairAdd = 1119,
@@ -55,7 +55,8 @@ enum PanelControl : int {
   kCloseButton = 1041,
 };
 
-// The texts that are set when the panel opens; others have those of the resource ("<", "...", "X").
+// The texts that are set when the panel opens. The other controls have the texts of the resource ("<", "...",
+// "X").
 inline constexpr ControlTextRow kPanelTexts[] = {
     {kNameTemplateLabel, kRenameTextName},
     {kExtensionTemplateLabel, kRenameTextExtension},
@@ -77,10 +78,10 @@ inline constexpr ControlTextRow kPanelTexts[] = {
     {kCloseButton, kRenameTextClose},
 };
 
-// The same from the table that all modules share.
+// Likewise, from the table that all modules share.
 inline constexpr ControlTextRow kPanelCommonTexts[] = {{kPairAdd, kRenameCommonAdd}};
 
-// What the empty fields of the next pair show; they have no labels.
+// The hints in the empty fields of the next pair, which have no labels.
 inline constexpr ControlTextRow kPanelHints[] = {
     {kPairFind, kRenameTextFindHeading},
     {kPairReplace, kRenameTextReplaceHeading},
@@ -111,13 +112,13 @@ inline constexpr ControlTextRow kPanelTips[] = {
     {kExtensionTemplate, kRenameTextExtension},
 };
 
-// One tool tip control over the panel, without a limit of its width; its times in milliseconds.
+// One tool tip control, without a limit on its width, serves the whole panel. Its times are in milliseconds.
 constexpr u32 kTipDelay = 1000;
 constexpr u32 kTipDuration = 10000;
 constexpr u32 kTipDelayBetween = 500;
 
-// What a run and a loaded undo session leave disabled; see PanelForm::EnableControls. The fields and buttons
-// of the search pair are in no group: they stay enabled.
+// The controls that are disabled during a run; see PanelForm::EnableControls. A loaded undo session also
+// disables kRuleControls. The fields and buttons of the search pair are not listed: they stay enabled.
 inline constexpr int kRuleControls[] = {
     kNameTemplate,  kExtensionTemplate, kNameTags,    kExtensionTags,  kCaseBox,
     kProfileBox,    kDeleteProfile,     kStartAt,     kStepBy,         kDigits,

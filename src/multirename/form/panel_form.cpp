@@ -125,7 +125,7 @@ void PanelForm::AddPair() {
     isAdded = rules_.AddPair();
   }
   if (!isAdded) return;
-  view_.GiveFocus(kPairFind);  // for the next one
+  view_.GiveFocus(kPairFind);  // for the next pair
   PostUpdate();
 }
 
@@ -139,7 +139,7 @@ void PanelForm::OpenPairDialog() {
   PostUpdate();
 }
 
-// The tag goes to the end of the text, wherever the caret is (C-685).
+// Appends the tag to the text, wherever the caret is (C-685).
 void PanelForm::OpenTagMenu(const TemplateBox& box) {
   const int line = view_.ShowMenu(box.tagButton, TagMenuLines(host_));
   const WCHAR* const listed = TagOfLine(line);
@@ -163,7 +163,7 @@ void PanelForm::OpenUndoManager() {
   engine_.undoStore.Load();
   UndoManagerForm form(host_, engine_.undoStore, loadedSession_);
   const int result = view_.RunDialog(kUndoManagerDialog, form);
-  // The place of a deleted session may become another one's.
+  // A new session may get the address of a deleted one.
   if (!engine_.undoStore.Holds(loadedSession_)) loadedSession_ = nullptr;
   if (result == kDialogOk && form.Chosen()) LoadUndoSession(*form.Chosen());
 }
@@ -172,7 +172,7 @@ void PanelForm::LoadUndoSession(MultiRenameUndo& session) {
   loadedSession_ = &session;
   const SharedItems entries = LoadSession(session);
   context_.rows.Set(entries);
-  // Not those of the context: a new selection may take their place at any time.
+  // Not the rows of the context, which a new selection may replace at any time.
   frame_.FillList(entries);
   undoAvailable_ = true;
   sessionLoaded_ = true;

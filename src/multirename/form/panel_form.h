@@ -1,22 +1,22 @@
 // The rule panel of MultiRename (MultiRenameSimpleDlg): what its controls do.
 //
-// The window of the panel makes the controls of panel_controls.h, implements PanelView, calls Open once, and
-// reports each press, change and double click and each of its posted messages. The forms of the three dialogs
-// (dialog_form.h) are handed to PanelView::RunDialog.
+// The window of the panel creates the controls of panel_controls.h, implements PanelView, calls Open once,
+// and reports each press, change, double click and posted message. The form passes the forms of the three
+// dialogs (dialog_form.h) to PanelView::RunDialog.
 //
-// Life: RunDialog, PanelView::ShowMenu, ShowBox and the host's AskText run message loops of their own, in
-// which the window gets other messages, WM_CLOSE too. The form, the frame's form and both views outlive each
-// of these calls: a WM_CLOSE during one only notes that the window closes, and the window is destroyed after
-// the call has returned, by Close of this form and then of the frame's. Close is what clears the engine's
-// notifyWindow, which the compilations and Undo set.
+// Lifetime: RunDialog, PanelView::ShowMenu, ShowBox and the host's AskText run nested message loops, in which
+// the window receives other messages, including WM_CLOSE. The form, the frame's form and both views must
+// outlive these calls: a WM_CLOSE during one only records that the window is to close. The window is
+// destroyed after the call has returned, by Close of this form and then of the frame's form. Close clears the
+// engine's notifyWindow, which the compilations and Undo set.
 //
-// Threads: all of it on the window's thread. The worker computes and runs meanwhile: it posts
-// MRM_ROWS_CHANGED and MRM_RUN_FINISHED to the panel's window. What changes rules first waits until the
-// worker is idle: a preview stops at its next row. A run, which may ask something that needs this thread, is
-// waited for by Close alone: what comes meanwhile is done once its MRM_RUN_FINISHED has come. Reset File List
-// also waits for the host's main thread, or until the context says that the host is closing. It takes no
-// messages meanwhile, so the main thread never sends one to this window: a new selection reaches the form as
-// a posted MRM_NEW_SELECTION.
+// Threads: everything runs on the window's thread. Meanwhile the worker computes and runs, and posts
+// MRM_ROWS_CHANGED and MRM_RUN_FINISHED to the panel's window. Changes of rules first wait until the worker
+// is idle; a preview stops at its next row. A run may need this thread for a question of the host, so only
+// Close waits for a run; other messages are processed after its MRM_RUN_FINISHED. Reset File List also waits
+// for the host's main thread, or until the context reports that the host is closing. The window processes no
+// messages during this wait, so the main thread never sends one to it: a new selection arrives as a posted
+// MRM_NEW_SELECTION.
 #pragma once
 
 #include <string>
@@ -34,13 +34,14 @@ namespace Velmora::SDK {
 
 class PanelView : public ControlView {
  public:
-  // Posts a message to the panel; it comes back by OnMessage.
+  // Posts a message to the panel, which passes it to OnMessage.
   virtual void Post(RenameMessage message) = 0;
-  // Opens a menu below a control's client rectangle and returns the line's number.
+  // Opens a menu below a control's client rectangle and returns the number of the chosen line.
   virtual int ShowMenu(int control, const MenuLines& lines) = 0;
-  // Runs a modal dialog, a number of RenameResource, and returns what its form closed it with.
+  // Runs the modal dialog with this number of RenameResource, and returns the result with which its form
+  // closed it.
   virtual int RunDialog(int resource, DialogForm& form) = 0;
-  // The tool tip of a control; for a box with an edit field, of its field.
+  // Sets the tool tip of a control; for a combo box, that of its edit field.
   virtual void SetTip(int control, const WString& text) = 0;
 
  protected:
@@ -49,48 +50,50 @@ class PanelView : public ControlView {
 
 class PanelForm {
  public:
-  // The panel tells the frame its window, and is known to the host's events by it.
   PanelForm(PanelView& view, FrameForm& frame, RenameContext& context);
   PanelForm(const PanelForm&) = delete;
   PanelForm& operator=(const PanelForm&) = delete;
 
-  // The controls are there: gives them texts, tips and defaults, and posts MRM_UPDATE_PREVIEW.
+  // Call it when the controls exist. Tells the frame the panel's window, sets texts, tips and defaults, and
+  // posts MRM_UPDATE_PREVIEW.
   void Open();
 
-  // A button or a check box was clicked; a check box has its new mark. Nothing happens if it is disabled.
+  // A button or a check box was clicked; the mark of a check box has already changed. Does nothing if the
+  // control is disabled.
   void Press(int control);
 
-  // The button that Enter presses while a control has the focus, 0 for one outside the panel: Start, but in
-  // the fields of the next pair Add, once there is something to find.
+  // Returns the button that Enter presses while `focused` has the focus (0 for a control outside the panel):
+  // Add in the fields of the next pair if there is a text to find, otherwise Start.
   int DefaultButton(int focused) const;
 
-  // A text was changed or another line was chosen, by the user. What the form itself sets may be reported
-  // too; it is passed over.
+  // The user has changed a text or selected another line. Changes by the form itself may be reported too;
+  // they are ignored.
   void Change(int control);
 
-  // A double click on a list with columns, wherever on it.
+  // A double click anywhere on a list with columns.
   void DoubleClick(int control);
 
-  // A posted message. False for another one.
+  // Handles a posted message. Returns false if it is not one of the panel's.
   bool OnMessage(UINT message, WPARAM first, LPARAM second);
 
-  // The window is being destroyed: waits until the worker is idle or has ended, a run too, and takes the
-  // window from the engine, so that nothing is posted to it any more. FrameForm::Close comes after this.
+  // Call it when the window is being destroyed, before FrameForm::Close. Waits until the worker is idle,
+  // after a run too, or has ended, and removes the window from the engine, so that nothing is posted to it
+  // any more.
   void Close();
 
-  // MRM_NEW_SELECTION: a new command 31000 came while the window is open. Stops a preview, or lets a run end,
-  // and then takes the rows out of the list; the new ones appear with Reset File List. Does nothing if the
-  // list shows the newest rows already.
+  // Handles MRM_NEW_SELECTION, which is posted if command 31000 is run while the window is open. Stops a
+  // preview, or waits for the end of a run, and then removes the rows from the list; the new ones appear with
+  // Reset File List. Does nothing if the list already shows the newest rows.
   void OnNewSelection();
 
-  // Enables the controls after a run, or disables them for one. With a loaded undo session only Undo, its
-  // "..." and Close can be used (C-684).
+  // Enables the controls, or disables them for a run. While an undo session is loaded, only Undo, its "..."
+  // and Close can be used (C-684).
   void EnableControls(bool on);
 
   bool UndoAvailable() const { return undoAvailable_; }
   bool SessionLoaded() const { return sessionLoaded_; }
-  // The session whose entries are in the list, one of the store's; null if no session is
-  // loaded, or it was deleted.
+  // Returns the session whose entries are in the list, which belongs to the store; null if no session is
+  // loaded, or if it was deleted.
   const MultiRenameUndo* LoadedSession() const { return loadedSession_; }
   const WString& ProfileName() const { return profileName_; }
   const std::vector<PropertyName>& PropertyNames() const { return propertyNames_; }
@@ -103,7 +106,7 @@ class PanelForm {
   };
   static const PressRow kPressRows[];
 
-  // A template box with what belongs to it.
+  // A template box with its button, its history and its default.
   struct TemplateBox {
     int control;
     int tagButton;
@@ -112,11 +115,11 @@ class PanelForm {
     std::vector<WString> offered;  // the lines of the box
   };
 
-  // Compiles the rules, and previews if that is live; after the run, if there is one. Does nothing while a
-  // profile or a reset writes.
+  // Compiles the rules and, with Live Preview, starts a preview. During a run, does so after the run. Does
+  // nothing while a profile is being loaded or the list is being reset.
   void UpdatePreview();
-  // The rules of the controls and the rows of the list, to the engine. False, with the error in the status
-  // bar, if they cannot be compiled.
+  // Passes the rules of the controls and the rows of the list to the engine. Returns false, with the error in
+  // the engine's status, if the rules cannot be compiled.
   bool Compile();
   void StartRun();
   void UndoRun();
@@ -124,7 +127,7 @@ class PanelForm {
   void OnRunFinished(WPARAM kind, bool nothingToRestore);
   void UpdateStatus();
   void PostUpdate();
-  // Wakes the worker for the run that it is to do, with the controls disabled.
+  // Starts the run that was set for the worker, with the controls disabled.
   void BeginRun();
 
   void AddPair();
@@ -157,10 +160,10 @@ class PanelForm {
   bool loadingGuard_ = false;
   bool undoAvailable_ = false;
   bool sessionLoaded_ = false;
-  bool isWriting_ = false;       // the form itself changes controls
-  bool isRunning_ = false;       // the worker renames or restores, and its MRM_RUN_FINISHED is to come;
-  bool isUpdateDue_ = false;     // MRM_UPDATE_PREVIEW came meanwhile,
-  bool isSelectionDue_ = false;  // or MRM_NEW_SELECTION
+  bool isWriting_ = false;       // the form itself is changing controls
+  bool isRunning_ = false;       // the worker renames or restores; MRM_RUN_FINISHED has not arrived yet
+  bool isUpdateDue_ = false;     // MRM_UPDATE_PREVIEW arrived during the run
+  bool isSelectionDue_ = false;  // MRM_NEW_SELECTION arrived during the run
 };
 
 }  // namespace Velmora::SDK

@@ -1,4 +1,4 @@
-// The rule panel's Load / Save box and its "X".
+// The Load / Save box of the rule panel and its "X" button.
 
 #include <array>
 
@@ -60,7 +60,7 @@ void PanelForm::SaveProfile() {
     view_.SelectLine(kProfileBox, ProfileBox::kNoProfileLine);
     return;
   }
-  // Before anything is removed: if the wait fails, the store is as it was.
+  // Wait before removing anything, so that the profiles remain unchanged if the wait fails.
   if (!engine_.worker.StopCurrent()) return;
   if (replaces) profiles.Remove(name);
   profiles.Add(rules_.MakeProfile(name));
@@ -73,7 +73,7 @@ void PanelForm::SaveProfile() {
   if (saved) LoadProfile(*saved);
 }
 
-// The pairs, and the name that a save suggests, stay (C-683).
+// Leaves the pairs, and the name that a save suggests, unchanged (C-683).
 void PanelForm::DeleteProfile() {
   const MultiRenameProfile* const profile = profileBox_.Selected();
   if (!profile) return;

@@ -16,7 +16,7 @@ constexpr int kPairColumnWidth = 130;
 struct SearchCheckRow {
   int control;
   u32 flag;
-  bool isChecked;  // at first
+  bool isChecked;  // by default
 };
 
 constexpr SearchCheckRow kSearchChecks[] = {
@@ -44,13 +44,13 @@ std::vector<WString> ChoiceTexts(IHostApp& host, std::span<const RuleChoice> cho
   return texts;
 }
 
-// The value of the selected line, or that of the first for none.
+// Returns the value of the selected line, or of the first if none is selected.
 u32 ChosenValue(ControlView& view, int control, std::span<const RuleChoice> choices) {
   const auto line = static_cast<std::size_t>(view.SelectedLine(control));
   return choices[line < choices.size() ? line : 0].value;
 }
 
-// The line of a value, or the first.
+// Returns the line with this value, or the first.
 int LineOfValue(std::span<const RuleChoice> choices, u32 value) {
   const auto found = std::ranges::find(choices, value, &RuleChoice::value);
   return found == choices.end() ? 0 : static_cast<int>(found - choices.begin());
@@ -80,7 +80,7 @@ void PanelRules::ShowProfile(const MultiRenameProfile& profile) {
   view_.SetText(kNameTemplate, profile.filenameRule);
   view_.SetText(kExtensionTemplate, profile.extensionRule);
   for (const CounterField& field : kCounterFields) {
-    // A number below zero was stored as it was typed.
+    // A negative number is shown as it was typed.
     view_.SetText(field.control, FromUtf8(std::to_string(static_cast<s32>(profile.*field.inProfile))));
   }
   view_.SelectLine(kCaseBox, LineOfValue(kCaseChoices, profile.caseRule));

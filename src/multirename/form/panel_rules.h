@@ -1,5 +1,5 @@
-// The rules as the controls of the panel show them: from their defaults, from a profile and from the search
-// dialog into the controls, and from the controls to the engine and to a profile. On the window's thread.
+// The rules in the panel's controls: shows the defaults, a profile or the pairs of the search dialog, and
+// reads the controls for the engine and for a profile. Used on the window's thread.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@ namespace Velmora::SDK {
 inline constexpr const WCHAR* kDefaultNameTemplate = W("[N]");
 inline constexpr const WCHAR* kDefaultExtensionTemplate = W("[E]");
 
-// A line of the box of case rules, or of the box of parts.
+// A line of the case box or of the parts box.
 struct RuleChoice {
   u32 value;
   TextId text;
@@ -41,28 +41,29 @@ class PanelRules {
  public:
   PanelRules(ControlView& view, IHostApp& host) : view_(view), host_(host) {}
 
-  // Fills the boxes and makes the columns of the pairs, selects the first lines, and sets the defaults of the
-  // rules and of the check boxes of the search.
+  // Fills the boxes, creates the columns of the pairs, selects the first lines, and sets the defaults of the
+  // rules and of the search check boxes.
   void Open();
 
-  // Templates, counter and case rule as they are at first. Search flags and pairs stay.
+  // Sets the defaults of templates, counter and case rule. Leaves the search flags and the pairs unchanged.
   void SetDefaults();
 
-  // Shows a profile. Of the parts nothing changes if it has none.
+  // Shows a profile. If it specifies no parts, the parts box remains unchanged.
   void ShowProfile(const MultiRenameProfile& profile);
 
-  // What the controls hold, for a profile: the pairs with their quotes.
+  // Returns the contents of the controls as a profile, in which the pairs have their quotes.
   std::unique_ptr<MultiRenameProfile> MakeProfile(const WString& name) const;
 
-  // What they hold, for the engine: without rows, and the pairs without quotes.
+  // Returns the contents of the controls for the engine, without rows; the pairs have no quotes.
   RuleInput ReadRules() const;
 
-  // Appends the pair of the two fields and empties them. False, with nothing done, without a find text.
+  // Appends the pair of the two fields and clears the fields. Does nothing and returns false if there is no
+  // find text.
   bool AddPair();
 
-  // The pairs of the list, with their quotes.
+  // Returns the pairs of the list, with their quotes.
   SearchAndReplaceItems Pairs() const;
-  // Replaces them; values that begin or end with a blank get quotes.
+  // Replaces the pairs; values that begin or end with a blank get quotes.
   void SetPairs(const SearchAndReplaceItems& items);
 
  private:

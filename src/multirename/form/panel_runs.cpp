@@ -1,4 +1,4 @@
-// What the rule panel does with the worker: previews, runs, and a new list of files.
+// How the rule panel uses the worker: previews, runs, and a new list of files.
 
 #include <algorithm>
 #include <optional>
@@ -17,8 +17,8 @@ namespace {
 
 constexpr DWORD kHostWaitSlice = 250;  // milliseconds
 
-// Has the host's main thread read the selection, and waits for it. False if the host is closing: the event is
-// left as it is then, since the main thread may still set it.
+// Makes the host's main thread read the selection, and waits for it. Returns false if the host is closing;
+// the event is then not closed, as the main thread may still set it.
 bool ReadSelectionOnMainThread(RenameContext& context, HANDLE done) {
   context.host.PostCommand(kCommandReadSelection, 0, reinterpret_cast<std::intptr_t>(done));
   for (;;) {
@@ -41,9 +41,9 @@ bool PanelForm::Compile() {
   return CompileRules(engine_, std::move(rules));
 }
 
-// A change that comes while a preview runs stops it, so that of many changes only the last is previewed to
-// its end. One that comes during a run, which goes on to its end, is previewed after that. The rows of an
-// undo session are what was renamed, and no rule changes them.
+// A change during a preview stops it, so that of many changes only the last one is previewed completely. A
+// change during a run is previewed after it. The rows of an undo session show what was renamed, and no rule
+// changes them.
 void PanelForm::UpdatePreview() {
   if (loadingGuard_) return;
   if (isRunning_) {
@@ -62,14 +62,14 @@ void PanelForm::StartRun() {
   if (!engine_.worker.StopCurrent()) return;
   undoAvailable_ = false;
   if (!Compile()) return UpdateStatus();
-  // Without the preview, or with one that was just stopped, the names are not those of the rules.
+  // Without Live Preview, or if the preview was just stopped, the names do not match the rules.
   if (!view_.IsChecked(kLivePreviewBox) || engine_.worker.WasPreviewCut()) {
     engine_.worker.WantPreview();
     engine_.worker.Wake();
     if (!engine_.worker.WaitUntilIdle()) return;
   }
-  // After a preview that failed in the host, rows have names of other rules. A row that failed in an earlier
-  // run blocks too (C-675).
+  // After a preview that failed in the host, some rows have names of older rules. A row that failed in an
+  // earlier run prevents the run too (C-675).
   if (engine_.worker.WasPreviewCut() || std::ranges::any_of(engine_.items, [](const MultiRenameItem* row) {
         return BlocksStart(row->state);
       })) {
@@ -83,8 +83,8 @@ void PanelForm::StartRun() {
   BeginRun();
 }
 
-// Takes all rows, those whose rename failed too (C-673), with the names that they show now. After a change of
-// a rule these are not the names on the disk (C-688).
+// Restores all rows, even those whose rename failed (C-673), with the names that the list shows now. After a
+// change of a rule these are not the names on the disk (C-688).
 void PanelForm::UndoRun() {
   if (!engine_.worker.StopCurrent()) return;
   engine_.notifyWindow = view_.Window();
@@ -96,7 +96,7 @@ void PanelForm::UndoRun() {
   BeginRun();
 }
 
-// The controls come back with MRM_RUN_FINISHED, which a worker that has ended does not post.
+// MRM_RUN_FINISHED enables the controls again; a worker that has ended does not post it.
 void PanelForm::BeginRun() {
   isRunning_ = engine_.worker.IsRunning();
   if (isRunning_) EnableControls(false);
@@ -136,8 +136,8 @@ void PanelForm::ResetFileList() {
   UpdatePreview();
 }
 
-// Empties the list; the new rows appear with a reset (C-677). The message may come late: a reset, or the
-// first FillList, has then shown the rows that it is about.
+// Empties the list; the new rows appear after a reset (C-677). The message may arrive late, when a reset or
+// the first FillList already shows the new rows.
 void PanelForm::OnNewSelection() {
   if (isRunning_) {
     isSelectionDue_ = true;
@@ -147,7 +147,7 @@ void PanelForm::OnNewSelection() {
   if (engine_.worker.StopCurrent()) frame_.List().Empty();
 }
 
-// The worker reads notifyWindow, so it is idle or has ended before that changes.
+// The worker reads notifyWindow, so it must be idle or have ended when that changes.
 void PanelForm::Close() {
   if (engine_.worker.StopCurrent()) engine_.notifyWindow = nullptr;
 }

@@ -1,4 +1,4 @@
-// A flag of the rule panel that is set for as long as the panel writes to its controls.
+// Sets a flag of the rule panel while the panel writes to its controls.
 #pragma once
 
 #include <utility>

@@ -1,5 +1,5 @@
-// The box "Load / Save" of the panel: the empty choice, the command to save, and one line for each profile.
-// On the window's thread.
+// The "Load / Save" box of the panel: an empty choice, the command to save, and one line for each profile.
+// Used on the window's thread.
 #pragma once
 
 #include "multirename/form/control_view.h"
@@ -9,7 +9,7 @@ namespace Velmora::SDK {
 
 class ProfileBox {
  public:
-  // Its first lines. The profiles follow in the order of the store.
+  // The first lines. The profiles follow in the order of the store.
   static constexpr int kNoProfileLine = 0;
   static constexpr int kSaveLine = 1;
   static constexpr int kFirstProfileLine = 2;
@@ -17,11 +17,11 @@ class ProfileBox {
   ProfileBox(ControlView& view, IHostApp& host, const MultiRenameProfiles& profiles)
       : view_(view), host_(host), profiles_(profiles) {}
 
-  // Fills the box anew and selects the profile of that name, without regard to case, or line 0 if there is
-  // none or no name. Returns the profile; whoever rebuilds the box does with it as if it had been chosen.
+  // Fills the box again and selects the profile with this name, ignoring letter case, or line 0 if there is
+  // none. Returns the profile; the caller loads it as if the user had chosen it.
   const MultiRenameProfile* Rebuild(const WString* name = nullptr);
 
-  // The profile of the selected line; null for one of the first two and without a selection.
+  // Returns the profile of the selected line; null for the first two lines and without a selection.
   const MultiRenameProfile* Selected() const;
 
  private:

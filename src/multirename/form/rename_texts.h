@@ -18,7 +18,7 @@ enum RenameCommonText : TextId {
   kRenameCommonAdd = 0x00150067,
 };
 
-// All of which the first text is shown, for whoever must have a text for each. The second texts that are
+// The ids whose first text is shown, for tests that check that each has a text. The second texts that are
 // shown are those of kPanelTips (panel_controls.h).
 inline constexpr RenameTextId kRenameTexts[] = {
 #define RENAME_TEXT(name, id) name,

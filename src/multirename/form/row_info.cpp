@@ -9,7 +9,7 @@ namespace {
 
 MultiRenameItem* RowOf(void* item) { return static_cast<MultiRenameItem*>(item); }
 
-// Appends to a terminated text in a buffer what fits.
+// Appends as much of the text as fits to the terminated text in the buffer.
 void AppendCellText(WCHAR* buffer, u32 size, WStringView text) {
   const std::size_t used = WStringView(buffer).size();
   CopyTerminated(buffer + used, size - used, text);

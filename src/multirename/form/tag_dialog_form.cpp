@@ -89,7 +89,7 @@ void TagDialogForm::FollowMode() {
   view_->SetEnabled(kTagLength, !isComplete);
 }
 
-// The numbers are not checked: a template has no errors.
+// Does not check the numbers: every text is a valid template.
 void TagDialogForm::ShowTag() {
   WString tag = W("[?") + chosenName_;
   if (view_->IsChecked(kTagSubString)) {

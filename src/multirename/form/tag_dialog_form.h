@@ -1,4 +1,4 @@
-// The dialog that makes a tag of a file's property, "[?name]" (MultiRenameAddTag).
+// The dialog that creates the tag of a file property, "[?name]" (MultiRenameAddTag).
 #pragma once
 
 #include "frame/host/host_app.h"
@@ -11,13 +11,13 @@ enum TagDialogControl : int {
   kTagChosenLabel = 1051,
   kTagStartLabel = 1121,
   kTagLengthLabel = 1122,
-  kTagProperties = 1048,  // a list box: names as they are displayed
-  kTagChosen = 1050,      // read-only: the chosen one
+  kTagProperties = 1048,  // a list box with the display names
+  kTagChosen = 1050,      // read-only: the display name of the chosen property
   kTagComplete = 1012,    // radio buttons
   kTagSubString = 1013,
   kTagStart = 1002,
   kTagLength = 1003,
-  kTagText = 1049,  // the tag, which can be edited
+  kTagText = 1049,  // the tag, editable
   kTagInsert = kDialogOk,
   kTagCancel = kDialogCancel,
 };
@@ -28,19 +28,20 @@ struct PropertyName {
   WString displayName;
 };
 
-// The properties that the host's property manager lists; those that it does not name are left out.
+// Returns the properties that the host's property manager lists, without those whose names it does not
+// return.
 std::vector<PropertyName> ListPropertyNames(IHostApp& host, IHostPropertyManager* manager);
 
 class TagDialogForm final : public DialogForm {
  public:
-  // The names live as long as the form.
+  // The names must outlive the form.
   TagDialogForm(IHostApp& host, std::span<const PropertyName> names) : host_(host), names_(names) {}
 
   void Open(DialogView& view) override;
   void Press(int control) override;
   void Change(int control) override;
 
-  // The tag, after the dialog has ended with kDialogOk.
+  // Returns the tag after the dialog has ended with kDialogOk.
   const WString& Tag() const { return tag_; }
 
  private:

@@ -11,7 +11,7 @@ constexpr int kPropertyTagLine = 10;
 
 MenuLines TagMenuLines(IHostApp& host);
 
-// The tag of a line ("[N]"); null for the dialog's line and for what is no line.
+// Returns the tag of a line, such as "[N]"; null for the dialog's line and for a number that is not a line.
 const WCHAR* TagOfLine(int number);
 
 }  // namespace Velmora::SDK

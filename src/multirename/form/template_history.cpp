@@ -8,7 +8,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr u32 kTemplateTextSize = 1025;  // of a stored template: as much as a compilation reads
+constexpr u32 kTemplateTextSize = 1025;  // with the terminator; a compilation uses as much
 constexpr u32 kMostTemplates = 20;
 
 }  // namespace

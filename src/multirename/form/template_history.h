@@ -1,4 +1,4 @@
-// The templates of earlier runs, which the two template boxes offer. On the window's thread.
+// The templates of earlier runs, which the two template boxes offer. Used on the window's thread.
 #pragma once
 
 #include <vector>
@@ -10,11 +10,11 @@ namespace Velmora::SDK {
 inline constexpr const WCHAR* kNameHistory = W("RuleFilename");
 inline constexpr const WCHAR* kExtensionHistory = W("RuleFileextension");
 
-// The strings of a history, in its order; none if the host has no settings.
+// Returns the strings of a history in its order; none if the host has no settings.
 std::vector<WString> LoadTemplateHistory(IHostApp& host, const WCHAR* key);
 
-// Stores the current text in front of what the box offers, each text once and never the default; the host
-// keeps 20 of them.
+// Stores the current text, followed by those that the box offers, each once and without the default. The host
+// stores at most 20 of them.
 void SaveTemplateHistory(IHostApp& host, const WCHAR* key, const WString& current, const WString& standard,
                          const std::vector<WString>& offered);
 

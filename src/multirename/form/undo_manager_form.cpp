@@ -35,7 +35,7 @@ std::vector<TableColumn> UndoColumns(IHostApp& host, std::span<const UndoColumn>
   return columns;
 }
 
-// For the order of sessions. 0 for what is no date.
+// Returns the key for the order of sessions; 0 for an invalid date.
 u64 TimeOfSession(const MultiRenameUndo& session) {
   FILETIME time{};
   if (!SystemTimeToFileTime(&session.date, &time)) return 0;
@@ -71,7 +71,7 @@ void UndoManagerForm::ClickRow(int control, int row) {
   if (const auto index = static_cast<std::size_t>(row); row >= 0 && index < rows_.size()) Show(*rows_[index]);
 }
 
-// The newest is the first.
+// Lists the newest session first.
 void UndoManagerForm::FillSessions() {
   view_->SetRows(kUndoFiles, {});
   rows_.clear();

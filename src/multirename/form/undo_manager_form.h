@@ -1,4 +1,4 @@
-// The dialog of all earlier runs: shows what each renamed, deletes them, and chooses one to be taken back
+// The dialog of all earlier runs: shows what each run renamed, deletes them, and selects one to undo
 // (MultiRenameUndoManagerDlg).
 #pragma once
 
@@ -9,7 +9,7 @@
 namespace Velmora::SDK {
 
 enum UndoManagerControl : int {
-  kUndoSessions = 1053,  // lists with columns, the selection over the full row
+  kUndoSessions = 1053,  // lists with columns and full-row selection
   kUndoFiles = 1052,
   kUndoSessionsLabel = 1056,
   kUndoDateLabel = 1055,
@@ -24,16 +24,16 @@ enum UndoManagerControl : int {
 
 class UndoManagerForm final : public DialogForm {
  public:
-  // The store has been loaded. `loaded` is the session that the window shows; null if it shows none.
+  // The store must be loaded. `loaded` is the session that the window shows; null if it shows none.
   UndoManagerForm(IHostApp& host, MultiRenameUndoStore& store, const MultiRenameUndo* loaded)
       : host_(host), store_(store), loaded_(loaded) {}
 
   void Open(DialogView& view) override;
   void Press(int control) override;
-  // The one way to choose a session: the selection that a key moves chooses none (C-682).
+  // Chooses the clicked session. A selection by keyboard chooses none (C-682).
   void ClickRow(int control, int row) override;
 
-  // The session that was chosen, one of the store's; null if none was, or it has been deleted.
+  // Returns the chosen session, which belongs to the store; null if none was chosen or it has been deleted.
   MultiRenameUndo* Chosen() const { return chosen_; }
 
  private:
@@ -42,14 +42,14 @@ class UndoManagerForm final : public DialogForm {
   void Delete();
   void DeleteAll();
   bool Confirms(TextId title, TextId question);
-  // Forgets a chosen session that the store no longer has.
+  // Resets the chosen session if the store no longer has it.
   void DropDeleted();
 
   IHostApp& host_;
   MultiRenameUndoStore& store_;
   const MultiRenameUndo* loaded_;
   DialogView* view_ = nullptr;
-  std::vector<MultiRenameUndo*> rows_;  // of the list of sessions
+  std::vector<MultiRenameUndo*> rows_;  // the sessions in the order of the list
   MultiRenameUndo* chosen_ = nullptr;
 };
 

@@ -6,7 +6,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr u32 kPairValueSize = 1024;  // of a value of the file, its terminator included; longer ones are cut
+constexpr u32 kPairValueSize = 1024;  // of a value in the file, including a terminator; longer values are cut
 constexpr u32 kPairFolderSize = 4096;
 
 WString PairAttribute(IHostXmlDocument& document, XmlNode item, const WCHAR* name) {

@@ -7,14 +7,15 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr u32 kProfileTextSize = 1024;  // characters of a text of the file, its terminator included
+constexpr u32 kProfileTextSize = 1024;  // of a text in the file, including a terminator
 
 struct ProfileFlagRow {
   const WCHAR* attribute;
   u32 flag;
 };
 
-// As they are written; the files spell it "casesensative" (C-633).
+// The attributes in the order in which they are written. "casesensative" is the spelling of the files
+// (C-633).
 constexpr ProfileFlagRow kProfileFlags[] = {
     {W("replaceall"), kSearchReplaceAll},
     {W("casesensative"), kSearchCaseSensitive},
@@ -41,7 +42,7 @@ class ProfileReader {
   std::unique_ptr<MultiRenameProfile> Read(XmlNode node) {
     auto profile = std::make_unique<MultiRenameProfile>();
     WCHAR buffer[kProfileTextSize] = {};
-    // Without a name nothing else is read (C-634).
+    // Without a name, nothing else is read (C-634).
     if (!document_.GetAttributeText(buffer, kProfileTextSize, node, W("name"))) return profile;
     profile->name = buffer;
     profile->filenameRule = ChildText(node, W("filename"));
@@ -80,7 +81,7 @@ class ProfileReader {
     }
     SearchAndReplaceItems items;
     WCHAR find[kProfileTextSize];
-    WCHAR replace[kProfileTextSize] = {};  // kept for a later item without a replacement (C-635)
+    WCHAR replace[kProfileTextSize] = {};  // reused for a later item without a replacement (C-635)
     for (XmlNode item = document_.FirstChild(search, W("item"), 0, 0); item;
          item = document_.NextSibling(item, W("item"))) {
       find[0] = WCHAR();
@@ -113,7 +114,7 @@ void WriteSearch(IHostXmlDocument& document, XmlNode node, const MultiRenameProf
   document.SetAttributeInt(search, W("replaceparts"), PartsValue(profile.flags), 0);
   for (const auto& [find, replace] : *profile.searchItems) {
     const XmlNode item = document.AddChildWithTextAttribute(search, W("item"), W("find"), find.c_str(), 0);
-    // FindReplace.xml has another name for it (C-636).
+    // This attribute has a different name in FindReplace.xml (C-636).
     document.SetAttributeText(item, W("replacewith"), replace.c_str(), 0);
   }
 }

@@ -1,12 +1,12 @@
 // Saved sets of rules, in "MultiRenameProfiles.xml" in the host's configuration folder. The file is read
-// once, when the extension starts, and written as a whole after each change. No error of the file is
-// reported: one that cannot be read gives no profiles, and the next save writes over it (C-638); `qxhost
-// rename` checks the file before it saves.
+// once, when the extension starts, and rewritten completely after each change. Errors of the file are not
+// reported: a file that cannot be read results in no profiles, and the next save overwrites it (C-638).
+// `qxhost rename` checks the file before it saves.
 //
-// Not what one would expect of the form: the writer leaves "searchandreplace" out, and with it the search
-// flags, if there are no pairs (C-631); a profile for the extension alone comes back as one for name and
-// extension (C-632); an element without a name is an empty profile (C-634); a pair without "replacewith"
-// takes that of the pair before it (C-635).
+// The format has some peculiarities. Without pairs, "searchandreplace" is not written, and the search flags
+// are lost (C-631). A profile for the extension alone is read as one for name and extension (C-632). An
+// element without a name is an empty profile (C-634). A pair without "replacewith" has that of the pair
+// before it (C-635).
 #pragma once
 
 #include <memory>
@@ -33,23 +33,24 @@ class MultiRenameProfiles {
  public:
   explicit MultiRenameProfiles(IHostApp& hostApp) : host(hostApp) {}
 
-  // The path is the host's folder, which ends in a backslash, with the file's name straight after it (C-637);
-  // empty if the host gives no folder.
+  // Reads the file. Its path is the host's folder, which ends in a backslash, directly followed by the file's
+  // name (C-637); it is empty if the host provides no folder.
   void Load();
 
-  // False if the host gives no document or no root for it; a file that cannot be written is no failure.
+  // Returns false if the host provides no document or no root element. Does not report that the file cannot
+  // be written.
   bool Save() const;
 
-  // To the end of the list.
+  // Appends the profile to the list.
   void Add(std::unique_ptr<MultiRenameProfile> profile);
 
-  // The first profile of that name, without regard to case; null if there is none.
+  // Returns the first profile with this name, ignoring letter case; null if there is none.
   const MultiRenameProfile* Find(const WString& name) const;
 
-  // Removes all profiles of that name, without regard to case.
+  // Removes all profiles with this name, ignoring letter case.
   void Remove(const WString& name);
 
-  // Removes this one. The pointer is not followed.
+  // Removes this profile. Does not dereference the pointer.
   void Remove(const MultiRenameProfile* profile);
 
   IHostApp& host;
@@ -57,7 +58,7 @@ class MultiRenameProfiles {
   std::vector<std::unique_ptr<MultiRenameProfile>> profiles;  // in file order
 };
 
-// True if two profiles of these names are one.
+// Returns whether two names denote the same profile, ignoring letter case (CompareStringOrdinal).
 bool IsSameProfileName(const WString& lhs, const WString& rhs);
 
 }  // namespace Velmora::SDK

@@ -1,4 +1,4 @@
-// One run of renames that can be taken back, in memory and as the text of its file.
+// One run of renames that can be undone, in memory and as the text of its file.
 #pragma once
 
 #include <cstdint>
@@ -19,29 +19,30 @@ struct MultiRenameUndoEntry {
 
 class MultiRenameUndo {
  public:
-  // Appends an entry for each row, in order, or only for those in state StateRenamed. Leaves the date alone.
+  // Appends an entry for each row, in order, or only for those in state StateRenamed. Does not set the date.
   void FromRows(std::span<MultiRenameItem* const> rows, bool onlyRenamed);
 
-  // "MultiRenameUndoData-2026-03-05-140709.dat": made of the date when it is first asked for, and kept, so
-  // that writing the session again replaces its file. Two sessions of one second have one name (C-656).
+  // Returns the name of the file, such as "MultiRenameUndoData-2026-03-05-140709.dat". It is created from the
+  // date by the first call and then stored, so that saving the session again replaces its file. Two sessions
+  // of the same second have the same name (C-656).
   const WString& GetFileName();
 
-  WString fileName;   // without a path; empty until it was first needed
+  WString fileName;   // without a path; empty until it is first needed
   SYSTEMTIME date{};  // local, of the run
   bool haveRestored = false;
-  bool isPartOfFile = false;                  // the file goes on after what was read of it
+  bool isPartOfFile = false;                  // the file continues after the part that was read
   std::vector<MultiRenameUndoEntry> entries;  // in row order
 };
 
-// The date and the time in the user's language, with a blank between.
+// Returns the date and the time in the user's language, separated by a blank.
 WString DateText(const MultiRenameUndo& session);
 
-// Passes the text of the session's file to `write`, piece by piece: UTF-16 without a byte order mark (C-651).
+// Passes the text of the session's file to `write`, in pieces: UTF-16 without a byte order mark (C-651).
 void WriteUndoText(const MultiRenameUndo& session, const std::function<void(WStringView)>& write);
 
-// Reads the bytes of such a file, of which the first kMostOfUndoFile count. Returns null for what is not
-// UTF-16 and for a file without entries. A damaged file loses the lines that do not fit, whatever number of
-// items it names (C-652). The file's name is left to the caller.
+// Reads a session from the bytes of such a file; only the first kMostOfUndoFile bytes are used. Returns null
+// if they are not UTF-16 or contain no entries. Skips lines that are not valid entries, whatever number of
+// items the file states (C-652). Does not set fileName.
 std::unique_ptr<MultiRenameUndo> ReadUndoText(std::span<const std::uint8_t> bytes);
 constexpr std::size_t kMostOfUndoFile = 0x500000;
 

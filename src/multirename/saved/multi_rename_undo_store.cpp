@@ -12,10 +12,11 @@ namespace {
 
 constexpr u32 kConfigPathSize = 4096;
 
-// Appended to the name of a file for the one that is whole while it is written again.
+// Appended to the file's name for the copy that is complete while the file itself is overwritten.
 constexpr const WCHAR* kBeside = W(".new");
 
-// Nothing for a file that cannot be opened. A byte more than the reader looks at shows that there are more.
+// Returns the bytes of a file; empty if it cannot be opened. Reads one byte more than ReadUndoText uses,
+// which shows that the file is longer.
 std::vector<std::uint8_t> ReadUndoBytes(const WString& path) {
   const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -41,8 +42,8 @@ bool WriteUndoPiece(HANDLE file, WStringView text) {
   return true;
 }
 
-// Returns false, with a file of before as it was if it cannot be opened, and with no file if it cannot be
-// written to its end.
+// Returns false if the file cannot be opened, which leaves an existing file unchanged, or cannot be written
+// completely, which deletes it.
 bool WriteUndoFile(const WString& path, const MultiRenameUndo& session) {
   bool isWritten = true;
   {
@@ -104,8 +105,8 @@ void MultiRenameUndoStore::Save(MultiRenameUndo& session) const {
     WriteUndoFile(path, session);
     return;
   }
-  // The file of before is the only record of its run: it goes when another one is whole. It may be open
-  // elsewhere, so that it is written and not replaced.
+  // The existing file is the only record of its run until another file is complete. As it may be open
+  // elsewhere, it is overwritten and not replaced by a move.
   const WString beside = path + kBeside;
   if (!WriteUndoFile(beside, session)) return;
   if (WriteUndoFile(path, session) || PathExists(path)) {

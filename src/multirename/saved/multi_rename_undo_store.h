@@ -1,5 +1,5 @@
-// The folder of all undo files. On the window's thread; the worker uses it at the end of a run, while the
-// window waits for it. No error of a file is reported, but for that of Delete.
+// The folder of all undo files. Used on the window's thread, and by the worker at the end of a run, while the
+// window waits for it. Errors of files are not reported, except by Delete.
 #pragma once
 
 #include <functional>
@@ -13,37 +13,36 @@ namespace Velmora::SDK {
 
 class MultiRenameUndoStore {
  public:
-  // Without a host, or with one that has no configuration folder, there is no folder: nothing is read or
-  // written. Otherwise it is "Undo" in that one and is made, with the folders above it; that it cannot be
-  // made is ignored.
+  // Creates the folder "Undo", with the folders above it, in the host's configuration folder; a failure is
+  // ignored. Without a host or a configuration folder there is no folder, and nothing is read or written.
   explicit MultiRenameUndoStore(IHostApp* host);
 
-  // Reads all files of the folder, in its order and whatever their names (C-655), once. Does not go into its
-  // folders.
+  // Reads all files of the folder, in its order and whatever their names (C-655). Only the first call does
+  // so. Does not read subfolders.
   void Load();
 
-  // Reads the same files, but holds one session at a time. `use` may delete its file.
+  // Reads the same files, with only one session in memory at a time. `use` may delete the session's file.
   void ForEachSession(const std::function<void(std::unique_ptr<MultiRenameUndo>)>& use) const;
 
-  // Writes the session's file, over one that is there. A file that cannot be written whole is deleted: its
-  // last line might name another file. One of which only a part was read is left as it is, and would lose the
-  // rest; that it was restored is not kept then.
+  // Writes the session's file, which may exist. Deletes a file that cannot be written completely, as its last
+  // line might name a different file. Does nothing for a session of which only a part was read, as the rest
+  // of the file would be lost; that such a session was restored is not stored.
   void Save(MultiRenameUndo& session) const;
 
-  // Deletes the session's file (DeleteFileW) and then the session. False, with nothing changed, if it is none
-  // of the store's or its file cannot be deleted.
+  // Deletes the session's file (DeleteFileW) and then the session. Changes nothing and returns false if the
+  // session is not in the store or its file cannot be deleted.
   bool Delete(const MultiRenameUndo* session);
 
   // Deletes every session whose file can be deleted.
   void DeleteAll();
 
-  // True if the session is one of the store's; a pointer to one that is gone is not followed.
+  // Returns whether the session is in the store. Does not dereference the pointer.
   bool Holds(const MultiRenameUndo* session) const;
 
-  // Where the session's file is.
+  // Returns the path of the session's file.
   WString PathOf(MultiRenameUndo& session) const;
 
-  bool loaded = false;  // the folder was read
+  bool loaded = false;  // the folder has been read
   WString folder;       // ends in a backslash; empty if there is none
   std::vector<std::unique_ptr<MultiRenameUndo>> sessions;
 };

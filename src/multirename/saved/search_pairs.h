@@ -1,5 +1,5 @@
-// The two ways in which a person edits the search pairs: the panel's list, whose cells show quotes where a
-// blank would not be seen, and the lines of the search dialog.
+// The two forms in which the user edits the search pairs: the panel's list, whose cells show quotes where a
+// blank would be invisible, and the lines of the search dialog.
 #pragma once
 
 #include "multirename/rules/replace_list.h"
@@ -9,29 +9,30 @@ namespace Velmora::SDK {
 constexpr std::size_t kMostOfPairField = 255;     // characters of a field of the panel
 constexpr std::size_t kMostOfPairCell = 1024;     // of a cell of its list
 constexpr std::size_t kMostOfPairDialog = 4096;   // of the search dialog's field
-constexpr std::size_t kMostOfDroppedText = 8192;  // of a file that is dropped on it
+constexpr std::size_t kMostOfDroppedText = 8192;  // of a file dropped on that field
 
-// As a cell shows a value: one that begins or ends with a blank has a double quote at both ends.
+// Returns the text of a cell: the value, in double quotes if it begins or ends with a blank.
 WString PairCell(WStringView value);
 
-// The row that Add appends for the two fields, of which kMostOfPairField characters each are read. Nothing if
-// there is no find text.
+// Returns the row that Add appends for the two fields, of which the first kMostOfPairField characters are
+// used. Returns std::nullopt if there is no find text.
 std::optional<std::pair<WString, WString>> PairRow(WStringView find, WStringView replace);
 
-// The rows of the panel's list for these pairs.
+// Returns the rows of the panel's list for these pairs.
 SearchAndReplaceItems PairRows(const SearchAndReplaceItems& items);
 
-// The pairs of the panel's list, of which kMostOfPairCell characters a cell are read. With `stripQuotes`, for
-// the compilation, all double quotes at both ends of a cell are taken off, also those that a user wanted;
-// without, for a profile and for the dialog, the cells stay as they are (C-640).
+// Returns the pairs of the panel's list, using the first kMostOfPairCell characters of each cell. With
+// `stripQuotes`, for a compilation, removes all double quotes at both ends of each cell, even those that the
+// user intends. Without it, for a profile or the dialog, leaves the cells unchanged (C-640).
 SearchAndReplaceItems CollectSearchItems(const SearchAndReplaceItems& rows, bool stripQuotes);
 
-// The pairs as the dialog shows them, one on a line: find, "|", replace; the lines joined by CR LF.
+// Returns the text of the dialog for the pairs: one line each, with find text, "|" and replacement, joined by
+// CR LF.
 WString PairDialogText(const SearchAndReplaceItems& items);
 
-// The pairs of the dialog's text, of which kMostOfPairDialog characters are read: a line is cut at its first
-// "|", and without one it is all find text. Tabs, CR, LF and double quotes are taken off both ends of both
-// texts; blanks stay. A line without a find text is dropped.
+// Returns the pairs in the first kMostOfPairDialog characters of the dialog's text. The first "|" of a line
+// separates the texts; a line without one is all find text. Removes tabs, CR, LF and double quotes, but no
+// blanks, from both ends of both texts. Skips lines without a find text.
 SearchAndReplaceItems ParsePairDialog(WStringView text);
 
 }  // namespace Velmora::SDK

@@ -4,7 +4,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-// The clock of files counts units of 100 nanoseconds from 1601.
+// A FILETIME counts units of 100 nanoseconds since 1601.
 constexpr u64 kUnitsOfSecond = 10000000;
 constexpr u64 kSecondsTo1970 = 11644473600;
 
@@ -18,7 +18,7 @@ s64 SecondsOfDate(const SYSTEMTIME& date) {
 }
 
 SYSTEMTIME DateOfSeconds(s64 seconds) {
-  // A file may hold any number; what overflows wraps.
+  // A file may contain any number; an overflow wraps around.
   const u64 units = (static_cast<u64>(seconds) + kSecondsTo1970) * kUnitsOfSecond;
   const FILETIME time{static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
   SYSTEMTIME date{};

@@ -1,4 +1,4 @@
-// The text of undo files, written and read.
+// Writes and reads the text of undo files.
 
 #include <algorithm>
 #include <array>
@@ -16,17 +16,17 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr std::size_t kUndoPiece = 32768;  // characters that are written at once, about
+constexpr std::size_t kUndoPiece = 32768;  // approximate number of characters written at once
 constexpr WStringView kUndoLineEnd = W("\r\n");
 constexpr WStringView kUndoBlanks = W(" \r\t\n");
 constexpr WStringView kInfoSection = W("[INFO]");
 constexpr WStringView kFilesSection = W("[FILES]");
 
-// As LeadingNumber reads it, for 64 bits.
+// Reads a number as LeadingNumber does, but with 64 bits.
 s64 LeadingSeconds(WStringView text) {
   const bool isNegative = text.starts_with(W('-'));
   if (isNegative || text.starts_with(W('+'))) text.remove_prefix(1);
-  constexpr s64 kBeyond = s64{1} << 56;  // no date is as far
+  constexpr s64 kBeyond = s64{1} << 56;  // beyond every date
   s64 number = 0;
   for (const WCHAR c : text) {
     if (c < W('0') || c > W('9')) break;
@@ -44,7 +44,7 @@ bool IsUtf16(std::span<const std::uint8_t> bytes) {
   return true;
 }
 
-// The text up to its first zero. False for what is no UTF-16.
+// Stores the text up to its first null character. Returns false if the bytes are not UTF-16.
 bool DecodeUndoFile(std::span<const std::uint8_t> bytes, WString& text) {
   bytes = bytes.first(std::min(bytes.size(), kMostOfUndoFile));
   if (bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE)
@@ -59,8 +59,8 @@ bool DecodeUndoFile(std::span<const std::uint8_t> bytes, WString& text) {
   return true;
 }
 
-// Takes the next line off the text. Returns false at the end of the text, and in a line that ends in a CR
-// without an LF, which the reader does not get past (C-654).
+// Removes the next line from the text. Returns false at the end of the text and at a line that ends in a CR
+// without an LF, where the reader stops (C-654).
 bool TakeUndoLine(WStringView& text, WStringView& line) {
   if (text.empty()) return false;
   const auto found =
@@ -86,8 +86,8 @@ void ReadUndoInfo(WStringView line, MultiRenameUndo& session) {
   if (key == W("HaveRestored")) session.haveRestored = LeadingNumber(value) != 0;
 }
 
-// The search for a bar begins two characters after the last one, so "a||b" is "a" and "|b"; empty fields are
-// dropped (C-653).
+// Searches for a bar from the second character after the previous bar on, so "a||b" is "a" and "|b". Empty
+// fields are skipped (C-653).
 void ReadUndoEntry(WStringView line, MultiRenameUndo& session) {
   std::array<WStringView, 3> fields;
   std::size_t count = 0;
