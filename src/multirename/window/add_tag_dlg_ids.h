@@ -1,5 +1,5 @@
-// Numbers of the controls of the dialog of property tags, for the resource script; the form has the same in
-// tag_dialog_form.h. Others find the controls by them, so they stay as they are.
+// The numbers of the controls of the dialog of property tags, for the resource script. tag_dialog_form.h has
+// the same numbers. Other programs find the controls by these numbers, so they must not change.
 #pragma once
 
 #define QX_TAG_START 1002

@@ -1,6 +1,6 @@
 #include "multirename/window/control_view_windows.h"
 
-// Needs windows.h before it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 #include "platform/screen_scale.h"
@@ -12,7 +12,7 @@ namespace {
 
 constexpr UINT_PTR kControlsSubclass = 0x5158;
 
-// Boxes with a list and plain list boxes are asked alike, by messages of their own.
+// List boxes and combo boxes have different messages for the same operations.
 struct LineMessages {
   UINT select;
   UINT selected;
@@ -41,7 +41,7 @@ void SetRowState(HWND list, int row, UINT state) {
   SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
-// An item of a list that asks for its cells.
+// Fills in the text of a cell that a list requests.
 void FillCell(const TableRows& rows, LVITEMW& cell) {
   if ((cell.mask & LVIF_TEXT) == 0) return;
   const auto row = static_cast<std::size_t>(cell.iItem);
@@ -50,7 +50,8 @@ void FillCell(const TableRows& rows, LVITEMW& cell) {
   cell.pszText = const_cast<WCHAR*>(isThere ? rows[row][column].c_str() : W(""));
 }
 
-// The first row at or after a place, and then from the top, whose first cell begins so.
+// Returns the first row whose first cell begins with the wanted text, from a position to the end and then
+// from the top.
 int FindRow(const TableRows& rows, const NMLVFINDITEMW& search) {
   if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || !search.lvfi.psz) return kNoLine;
   const WStringView wanted(search.lvfi.psz);
@@ -94,7 +95,7 @@ LRESULT CALLBACK WindowControls::OnWindowMessage(HWND window, UINT message, WPAR
   return DefSubclassProc(window, message, wParam, lParam);
 }
 
-// The window's procedure sees what is left.
+// Leaves all other messages to the window's procedure.
 bool WindowControls::OnNotify(NMHDR& header, LRESULT& result) {
   if (header.code != LVN_GETDISPINFOW && header.code != LVN_ODFINDITEMW) return false;
   const auto found = rows_.find(static_cast<int>(header.idFrom));
@@ -149,7 +150,7 @@ void WindowControls::SetLines(int control, const std::vector<WString>& lines) {
 
 int WindowControls::SelectedLine(int control) const {
   const HWND window = Control(control);
-  // Nothing selected is the same number as no line.
+  // Without a selection the message returns -1, which is kNoLine.
   return window ? static_cast<int>(SendMessageW(window, LineMessagesOf(window).selected, 0, 0)) : kNoLine;
 }
 
@@ -178,7 +179,7 @@ void WindowControls::SetColumns(int control, std::span<const TableColumn> column
 void WindowControls::SetRows(int control, const TableRows& rows) {
   const HWND list = Control(control);
   if (!list) return;
-  // The state of rows belongs to their places, and would go on to the new ones.
+  // The list stores the state of rows by their position and would apply it to the new rows.
   SetRowState(list, -1, 0);
   SendMessageW(list, LVM_SETSELECTIONMARK, 0, kNoLine);
   SendMessageW(list, LVM_SETITEMCOUNT, 0, 0);

@@ -1,5 +1,5 @@
-// The controls of a real window for the forms of MultiRename: one call of the system for each operation of
-// ControlView. Windows build only.
+// The operations of ControlView on the controls of a real window, with one call of the system each. Windows
+// build only.
 #pragma once
 
 #include <map>
@@ -9,11 +9,12 @@
 
 namespace Velmora::SDK {
 
-// The edit field of a box that has one; else the control itself.
+// Returns the edit field of a combo box that has one, otherwise the control itself.
 HWND EditFieldOf(HWND control);
 
-// The operations of ControlView, for the controls of one window, by their numbers. Lists with columns are
-// made with LVS_REPORT and LVS_OWNERDATA: the rows are kept here, and shown when the list asks for them.
+// The operations of ControlView for the controls of one window, by their numbers. Lists with columns must be
+// created with LVS_REPORT and LVS_OWNERDATA: this object stores the rows and provides them when the list
+// requests them.
 class WindowControls {
  public:
   WindowControls() = default;
@@ -21,10 +22,10 @@ class WindowControls {
   WindowControls& operator=(const WindowControls&) = delete;
   ~WindowControls() { Detach(); }
 
-  // The window is there, with its controls. It may be destroyed before this object or after it.
+  // Call it when the window and its controls exist. The window may be destroyed before or after this object.
   void Attach(HWND window);
   void Detach();
-  // Null before Attach, and once the window is destroyed.
+  // Null before Attach and after the window was destroyed.
   HWND Window() const { return window_; }
   HWND Control(int control) const { return GetDlgItem(window_, control); }
 
@@ -54,7 +55,7 @@ class WindowControls {
   std::map<int, TableRows> rows_;  // by the list's number
 };
 
-// A view of this kind over the controls of a window: ControlView or one that has more.
+// Implements ControlView, or a view derived from it, with the controls of a window.
 template <typename View>
 class WindowView : public View {
  public:

@@ -1,10 +1,10 @@
-// The edit field of the dialog of search pairs: it takes dropped files and passes the function keys on. All
-// else is as in any edit control. Its parent gets three messages from it, sent:
+// The edit field of the dialog of search pairs: an ordinary edit control that accepts dropped files and
+// passes function keys on. It sends three messages to its parent:
 //
-//   MRM_EDIT_FKEY          a function key, without Shift and with it. First parameter: its number from 1 to
-//   MRM_EDIT_SHIFT_FKEY    24; second: the field's window
-//   MRM_EDIT_FILE_DROPPED  files were dropped on the field. First parameter: the field's window; second: the
-//                          path of the first file, a const WCHAR*, cut at kMostOfDroppedPath characters
+//   MRM_EDIT_FKEY          A function key was pressed, without or with Shift. First parameter: its number
+//   from 1 MRM_EDIT_SHIFT_FKEY    to 24; second: the field's window. MRM_EDIT_FILE_DROPPED  Files were
+//   dropped on the field. First parameter: the field's window; second: the
+//                          path of the first file, a const WCHAR*, cut at kMostOfDroppedPath characters.
 #pragma once
 
 #include "platform/windows_api.h"
@@ -19,15 +19,15 @@ enum DropEditMessage : UINT {
 
 class CDropEdit {
  public:
-  // Makes an edit control one of this kind, for as long as it lives.
+  // Gives an edit control this behavior until it is destroyed.
   static void Attach(HWND edit);
 
  private:
   static LRESULT CALLBACK OnMessage(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                     DWORD_PTR unused);
-  // Returns true if the key is a function key, which the parent has got then.
+  // Sends a function key to the parent. Returns false for any other key.
   static bool PassKey(HWND edit, UINT message, WPARAM key, LPARAM flags);
-  // Returns true if the drop is on the field; its record is released then.
+  // Handles a drop on the field and releases its record. Returns false for a drop elsewhere.
   static bool TakeDrop(HWND edit, HDROP drop);
 };
 

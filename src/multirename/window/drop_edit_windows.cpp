@@ -13,10 +13,10 @@ namespace {
 
 constexpr UINT_PTR kDropEditId = 1;
 
-// Of the flags of a key's message.
+// A flag of the messages of keys.
 constexpr LPARAM kAltIsDown = 1 << 29;
 
-// Alone, F10 comes as a key of the menu. With Alt a function key is the system's: Alt and F4 close a window.
+// F10 alone arrives as WM_SYSKEYDOWN. A function key with Alt is left to the system: Alt+F4 closes a window.
 bool IsKeyOfField(UINT message, LPARAM flags) {
   return message == WM_KEYDOWN || (message == WM_SYSKEYDOWN && (flags & kAltIsDown) == 0);
 }
@@ -49,7 +49,7 @@ bool CDropEdit::PassKey(HWND edit, UINT message, WPARAM key, LPARAM flags) {
 bool CDropEdit::TakeDrop(HWND edit, HDROP drop) {
   POINT place = {};
   RECT client = {};
-  // Elsewhere on the window, such as on a scroll bar, the place is one of the screen.
+  // Elsewhere on the window, such as on a scroll bar, the position is relative to the screen.
   if (!DragQueryPoint(drop, &place) || !GetClientRect(edit, &client) || !PtInRect(&client, place))
     return false;
   std::array<WCHAR, kMostOfDroppedPath + 1> path = {};

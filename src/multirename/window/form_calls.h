@@ -1,5 +1,6 @@
-// The calls of MultiRename's window into its forms. A form may run a dialog, a box or a menu, with a message
-// loop of its own, and must not lose its window then: a close waits until the last call has returned.
+// Runs the calls of MultiRename's window into its forms. A form may run a dialog, a box or a menu with a
+// nested message loop, during which its window must not be destroyed: closing waits until the last call has
+// returned.
 #pragma once
 
 #include "platform/windows_api.h"
@@ -12,8 +13,8 @@ class FormCalls {
   FormCalls(const FormCalls&) = delete;
   FormCalls& operator=(const FormCalls&) = delete;
 
-  // Calls a form. No exception may pass through the system's window code: a call that fails is given up, and
-  // the window stays as it is.
+  // Calls a form. Catches all exceptions, as none may propagate through the system's window code; the window
+  // remains open after a call that fails.
   template <typename Call>
   void Run(Call call) {
     ++depth_;
@@ -22,7 +23,7 @@ class FormCalls {
     } catch (...) {
     }
     if (--depth_ > 0 || !closing_) return;
-    // A message, as the controls whose message this was are still at work.
+    // Posted, as the controls that sent the present message are still processing it.
     PostMessageW(closing_, WM_CLOSE, 0, 0);
     closing_ = nullptr;
   }

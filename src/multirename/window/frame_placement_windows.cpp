@@ -11,16 +11,16 @@ namespace {
 
 static_assert(sizeof(WINDOWPLACEMENT) == 44);
 
-// No ShowWindow command: the window gets the rectangle and stays as it is otherwise, hidden.
+// Not a ShowWindow command: the window gets the rectangle and remains hidden.
 constexpr UINT kPlaceOnly = 128;
 
-// What positions of windows are held in.
+// The range of window positions.
 constexpr LONG kLeastPosition = -32768;
 constexpr LONG kMostPosition = 32767;
 
 bool IsPosition(LONG position) { return position >= kLeastPosition && position <= kMostPosition; }
 
-// A size of a larger screen.
+// Reduces a size that was stored for a larger screen.
 void LimitToWorkArea(HWND frame) {
   const RECT work = Ui::WorkAreaOf(frame);
   RECT own = {};

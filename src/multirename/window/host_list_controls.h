@@ -1,4 +1,5 @@
-// The host's container and list in the frame, from their making to their return. On the window's thread.
+// The host's container and list in the frame, from their creation to their return. Used on the window's
+// thread.
 #pragma once
 
 #include <functional>
@@ -9,7 +10,7 @@
 
 namespace Velmora::SDK {
 
-// Hands the context menu of a list on. The list, which owns it, releases it.
+// Passes the context menu of a list on. Owned and released by the list.
 class CListCtrlCallback final : public IEventCallback {
  public:
   using Handler = std::function<void(const ListContextMenu& menu)>;
@@ -20,7 +21,7 @@ class CListCtrlCallback final : public IEventCallback {
 
   void Destroy() override { handler_ = nullptr; }
   void Release() override { delete this; }
-  // 1 for a context menu, 0 for all else.
+  // Returns 1 for a context menu, 0 for any other event.
   s32 OnEvent(u32 event, void* information) override;
 
  private:
@@ -29,10 +30,10 @@ class CListCtrlCallback final : public IEventCallback {
   Handler handler_;
 };
 
-// Shows each message to the list, for its own keys.
+// Passes each message to the list first, for its keys.
 class ControlWrapper final : public MessageFilter {
  public:
-  // The list, which outlives the time that this is in the loop.
+  // The list must stay valid while this filter is in the loop.
   explicit ControlWrapper(IHostListControl& list) : list_(list) {}
   bool FilterMessage(MSG& message) override { return list_.FilterMessage(&message); }
 
@@ -47,19 +48,19 @@ class HostListControls {
   HostListControls& operator=(const HostListControls&) = delete;
   ~HostListControls() { Close(); }
 
-  // Makes the container in the frame. False if the host has none.
+  // Creates the container in the frame. Returns false if the host provides none.
   bool OpenContainer(HWND frame);
 
-  // Makes the list in the container with its columns and its rows' height, which are in pixels of the frame's
-  // screen. False if the host has none.
+  // Creates the list in the container, with its columns and the height of its rows, in pixels of the frame's
+  // screen. Returns false if the host provides none.
   bool OpenList(u32 width, u32 rowHeight, CListCtrlCallback::Handler onContextMenu);
 
-  // Gives both back; what is docked is not any more.
+  // Returns both to the host and undocks what is docked.
   void Close() {
     CloseBy([](auto call) { call(); });
   }
-  // The same, by `run(call)` for each call of the host, so that one that throws keeps none of the others from
-  // being made.
+  // Does the same, but makes each call of the host with `run(call)`, so that an exception of one call does
+  // not prevent the others.
   template <typename Run>
   void CloseBy(Run run) {
     run([this] { CloseList(); });

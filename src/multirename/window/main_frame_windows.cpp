@@ -1,6 +1,6 @@
 #include "multirename/window/main_frame_windows.h"
 
-// Needs windows.h before it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 #include <array>
@@ -17,14 +17,14 @@ namespace {
 
 constexpr WCHAR kFrameClass[] = L"QXMultiRenameFrame";
 
-// Posted to the frame: the monitor has another scale, the first parameter, and the system has given the
-// controls their new sizes.
+// Posted to the frame after the system has resized the controls for a monitor with a different scale, which
+// is the first parameter.
 constexpr UINT kFrameScaleMessage = WM_APP + 1;
 
 // WM_DPICHANGED, since Windows 8.1.
 constexpr UINT kFrameScaleChanged = 0x02E0;
 
-// Once; later calls are refused.
+// Registers the class. Fails without effect if it is already registered.
 void RegisterFrameClass(WNDPROC procedure) {
   WNDCLASSEXW made = {};
   made.cbSize = sizeof(made);
@@ -36,14 +36,14 @@ void RegisterFrameClass(WNDPROC procedure) {
   RegisterClassExW(&made);
 }
 
-// The host's program has it.
+// The icon is a resource of the host's program.
 LPARAM LoadFrameIcon(int width, int height) {
   return reinterpret_cast<LPARAM>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(FrameLayout::kIcon),
                                              IMAGE_ICON, GetSystemMetrics(width), GetSystemMetrics(height),
                                              LR_SHARED));
 }
 
-// Whether the list of a box with the focus is open: Escape closes it then.
+// Returns whether the list of the focused combo box is open. Escape then closes the list.
 bool IsListOpen() {
   const HWND focus = GetFocus();
   if (!focus) return false;
@@ -90,7 +90,7 @@ LRESULT CALLBACK MainFrame::Procedure(HWND window, UINT message, WPARAM wParam, 
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
     static_cast<MainFrame*>(create->lpCreateParams)->window_ = window;
   }
-  // The first message comes before the object is known.
+  // The first message arrives before the object is known.
   auto* const frame = reinterpret_cast<MainFrame*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (frame && frame->Handle(message, wParam, lParam)) return 0;
   return DefWindowProcW(window, message, wParam, lParam);
@@ -116,7 +116,7 @@ bool MainFrame::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       OnCommand(wParam, lParam);
       return true;
     case MRM_CONFIRM_CLOSE:
-      // One question at a time.
+      // Asks only one question at a time.
       if (form_ && !calls_.AreRunning()) calls_.Run([&] { form_->OnMessage(message); });
       return true;
     case kFrameScaleChanged:
@@ -135,7 +135,7 @@ bool MainFrame::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NCDESTROY:
       SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
       window_ = statusBar_ = client_ = focus_ = nullptr;
-      // Nothing of the frame is used after this.
+      // The owner may destroy the frame in this call; do not use it afterwards.
       if (events_.gone) events_.gone();
       return false;
     default:
@@ -156,7 +156,7 @@ void MainFrame::OnSize() {
   }
 }
 
-// By their right edges, of which the last is the bar's.
+// Sets the right edges of the panes; -1 is the edge of the bar.
 void MainFrame::FitPanes() {
   RECT bar = {};
   GetClientRect(statusBar_, &bar);
@@ -171,7 +171,7 @@ void MainFrame::OnCommand(WPARAM wParam, LPARAM lParam) {
   if (!isDone && client_) SendMessageW(client_, WM_COMMAND, wParam, lParam);
 }
 
-// The control that had the focus gets it back, as in a dialog.
+// Restores the focus of the control that had it, as in a dialog.
 void MainFrame::OnActivate(bool isActive) {
   if (isActive) {
     if (focus_ && !IsIconic(window_)) SetFocus(focus_);
@@ -181,7 +181,7 @@ void MainFrame::OnActivate(bool isActive) {
   if (focus && IsChild(window_, focus)) focus_ = focus;
 }
 
-// The system scales the controls of the panel after this.
+// The system scales the controls of the panel after this message.
 void MainFrame::OnScale(int pixelsOfAnInch, const RECT& area) {
   if (pixelsOfAnInch <= 0) return;
   scale_ = pixelsOfAnInch;
@@ -190,7 +190,7 @@ void MainFrame::OnScale(int pixelsOfAnInch, const RECT& area) {
   PostMessageW(window_, kFrameScaleMessage, static_cast<WPARAM>(pixelsOfAnInch), 0);
 }
 
-// While a form runs a dialog, box or menu, the frame stays, and comes here again after it.
+// While a form runs a dialog, box or menu, the frame remains; WM_CLOSE is posted again afterwards.
 void MainFrame::OnClose() {
   if (calls_.AreRunning()) {
     calls_.CloseAfter(window_);
@@ -206,7 +206,7 @@ void MainFrame::OnClose() {
 void MainFrame::SetTitle(const WString& title) { SetWindowTextW(window_, title.c_str()); }
 
 void MainFrame::SetPane(int pane, const WString& text) {
-  // A tab would move what follows it.
+  // A tab would change the alignment of the text after it.
   const auto shown = static_cast<WPARAM>(pane | SBT_NOTABPARSING);
   SendMessageW(statusBar_, SB_SETTEXTW, shown, reinterpret_cast<LPARAM>(text.c_str()));
 }

@@ -1,5 +1,5 @@
-// MultiRename's frame as a window: title, icon, status bar, keys, menus, size. It decides nothing;
-// frame_form.h does. Windows build only.
+// The window of MultiRename's frame: title, icon, status bar, keys, menus, size. Its rules are in
+// frame_form.h. Windows build only.
 #pragma once
 
 #include <functional>
@@ -16,25 +16,26 @@ class MainFrame final : public FrameView, public MessageFilter, public IdleHandl
   MainFrame(const MainFrame&) = delete;
   MainFrame& operator=(const MainFrame&) = delete;
 
-  // What the frame calls; each may be empty.
+  // The functions that the frame calls; each may be empty.
   struct Events {
-    std::function<void()> endBoxes;  // WM_CLOSE came while a form runs a dialog, box or menu
-    std::function<void()> destroy;   // WM_DESTROY: the controls are still there
-    std::function<void()> gone;      // the window is not there any more
+    std::function<void()> endBoxes;  // WM_CLOSE arrived while a form runs a dialog, box or menu
+    std::function<void()> destroy;   // WM_DESTROY; the controls still exist
+    std::function<void()> gone;      // the window no longer exists
     std::function<void(int pixelsOfAnInch)> setScale;
   };
 
-  // Makes the frame of its first size, hidden, with its icon and status bar. False if the system makes none.
+  // Creates the frame in its initial size, hidden, with its icon and status bar. Returns false if that fails.
   bool Create();
   void SetEvents(Events events) { events_ = std::move(events); }
-  // Gets what the user does from now on; null: nobody does.
+  // Sets the form that handles input; null for none.
   void SetForm(FrameForm* form) { form_ = form; }
-  // Takes the whole area above the status bar, and the commands that the form does not know.
+  // Sets the window that fills the area above the status bar and receives the commands that the form does not
+  // handle.
   void SetClient(HWND client);
-  // Has the focus at first.
+  // Sets the control that has the focus first.
   void SetFirstFocus(HWND control) { focus_ = control; }
 
-  // Pixels of an inch.
+  // Returns the scale in pixels per inch.
   int Scale() const { return scale_; }
 
   // FrameView.
@@ -46,13 +47,13 @@ class MainFrame final : public FrameView, public MessageFilter, public IdleHandl
   void Post(RenameMessage message) override { PostToFrame(message); }
   void PostClose() override { PostToFrame(WM_CLOSE); }
 
-  // The keys of the frame: Alt with an arrow, and Escape.
+  // Handles the keys of the frame: Alt with an arrow, Home or End, and Escape.
   bool FilterMessage(MSG& message) override;
   bool OnIdle(int) override { return false; }
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  // False for what the system does itself.
+  // Returns false if the system must handle the message.
   bool Handle(UINT message, WPARAM wParam, LPARAM lParam);
   void PostToFrame(UINT message) const {
     if (window_) PostMessageW(window_, message, 0, 0);

@@ -1,4 +1,4 @@
-// The lines of the forms' menus for the menus of the window. Windows build only.
+// Converts the lines of the forms' menus for popup menus. Windows build only.
 #pragma once
 
 #include "multirename/form/menu_line.h"

@@ -9,7 +9,7 @@ namespace {
 
 constexpr UINT kSystemTimer = 280;  // blinks carets
 
-// These come again and again while nothing has changed.
+// Messages that are repeated without any change. They do not start the idle handlers.
 constexpr UINT kMessagesWithoutIdle[] = {WM_PAINT, WM_NCMOUSEMOVE, kSystemTimer, WM_MOUSEMOVE};
 
 bool LeadsToIdle(UINT message) {
@@ -21,8 +21,8 @@ bool IsWaiting() {
   return PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE;
 }
 
-// Calls `call` for each of the list as it is now, but for those that are removed meanwhile, until one returns
-// true.
+// Calls `call` for each object of the list as it is now, except those that are removed meanwhile, until a
+// call returns true.
 template <typename Object, typename Iterator, typename Call>
 bool AnyOf(const std::vector<Object*>& list, Iterator begin, Iterator end, Call call) {
   for (Object* const object : std::vector<Object*>(begin, end)) {

@@ -1,7 +1,7 @@
-// The message loop of MultiRename's window, on the window's thread: filters see each message before it is
-// translated, idle handlers run while none is waiting.
+// The message loop of MultiRename's window, on the window's thread. Filters receive each message before it is
+// translated; idle handlers run while no message is waiting.
 //
-// The record MSG is the system's (GetMessageW); the native build has its own of the same fields.
+// MSG is the system's structure (GetMessageW); the native build has one with the same fields.
 #pragma once
 
 #include <vector>
@@ -12,7 +12,7 @@ namespace Velmora::SDK {
 
 class MessageFilter {
  public:
-  // True if the message is dealt with: nobody else gets it.
+  // Returns true if the message has been handled and must not be processed further.
   virtual bool FilterMessage(MSG& message) = 0;
 
  protected:
@@ -21,28 +21,29 @@ class MessageFilter {
 
 class IdleHandler {
  public:
-  // `count` is how often it was called since the last message. True to be called again before the next one.
+  // `count` is the number of calls since the last message. Returns true to be called again before the next
+  // one.
   virtual bool OnIdle(int count) = 0;
 
  protected:
   ~IdleHandler() = default;
 };
 
-// Filters and handlers may be added and removed by themselves and by each other while they are called.
+// Filters and handlers may add and remove themselves and each other while they are called.
 class MessageLoop {
  public:
   MessageLoop() = default;
   MessageLoop(const MessageLoop&) = delete;
   MessageLoop& operator=(const MessageLoop&) = delete;
 
-  // The filter that was added last sees a message first.
+  // The filter that was added last receives a message first.
   void AddFilter(MessageFilter& filter) { filters_.push_back(&filter); }
   void RemoveFilter(MessageFilter& filter) { std::erase(filters_, &filter); }
   void AddIdleHandler(IdleHandler& handler) { idleHandlers_.push_back(&handler); }
   void RemoveIdleHandler(IdleHandler& handler) { std::erase(idleHandlers_, &handler); }
 
-  // Takes the thread's messages until WM_QUIT, and returns its exit code. A failure to get one is passed
-  // over.
+  // Processes the thread's messages until WM_QUIT, and returns its exit code. Ignores a failure to get a
+  // message.
   int Run();
 
  private:

@@ -5,8 +5,8 @@
 namespace Velmora::SDK {
 
 MessageLoops& MessageLoops::Instance() {
-  // Never destroyed: a thread that hangs in the host may leave the table after the module's statics have
-  // gone.
+  // Never destroyed: a thread that hangs in the host may remove its entry after the module's static objects
+  // were destroyed.
   static MessageLoops& loops = *std::make_unique<MessageLoops>().release();
   return loops;
 }

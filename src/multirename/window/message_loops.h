@@ -1,4 +1,4 @@
-// The module's table of message loops, by the numbers of their threads. Any thread.
+// The module's table of message loops by thread number. May be used on any thread.
 #pragma once
 
 #include <map>
@@ -10,10 +10,10 @@ namespace Velmora::SDK {
 
 class MessageLoops {
  public:
-  // That of the module.
+  // Returns the table of the module.
   static MessageLoops& Instance();
 
-  // The loop of a thread; null if it runs none. It belongs to the thread.
+  // Returns the loop of a thread; null if it runs none. The loop belongs to its thread.
   MessageLoop* Find(DWORD thread);
 
  private:
@@ -23,7 +23,7 @@ class MessageLoops {
   std::map<DWORD, MessageLoop*> loops_;
 };
 
-// The loop of the calling thread is in the table for the time of this.
+// Enters the loop of the calling thread in the table while this object exists.
 class MessageLoopEntry {
  public:
   explicit MessageLoopEntry(MessageLoop& loop);

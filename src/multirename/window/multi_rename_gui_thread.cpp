@@ -9,7 +9,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr UINT kThreadCommand = 32810;  // a message of the host's to the thread
+constexpr UINT kThreadCommand = 32810;  // a message of the host to the thread
 
 }  // namespace
 
@@ -18,7 +18,7 @@ MultiRenameGUIThread::~MultiRenameGUIThread() {
 }
 
 bool MultiRenameGUIThread::Create() {
-  // It begins when its handle and its number are known.
+  // The thread starts when its handle and its number are known.
   thread_ = CreateThread(nullptr, 0, ThreadMain, this, CREATE_SUSPENDED, &number_);
   if (!thread_) return false;
   ResumeThread(thread_);
@@ -47,11 +47,12 @@ void MultiRenameGUIThread::Say(Word word) {
 void MultiRenameGUIThread::SayFailed() {
   try {
     if (!hasSpoken_) Say(Word::kFailed);
-  } catch (...) {  // of the host, which gets a command for a late failure
+  } catch (...) {  // the host threw; it is sent a command after a late failure
   }
 }
 
-// The flag serves a thread that has no queue yet, and one whose window takes messages while it is made.
+// The flag is for a thread that has no message queue yet, and for one whose window processes messages while
+// it is being created.
 void MultiRenameGUIThread::PostQuit() {
   isQuitWanted_ = true;
   PostThreadMessageW(number_, WM_QUIT, 0, 0);
@@ -69,7 +70,7 @@ DWORD MultiRenameGUIThread::ThreadMain(LPVOID thread) {
   try {
     exitCode = self.Run();
   } catch (...) {
-    // A window that was there is closed; without one somebody may still wait for it.
+    // An existing window has been closed. Without one, the main thread may still be waiting for the result.
     self.SayFailed();
   }
   self.owner_.OnThreadEnd();
@@ -91,13 +92,13 @@ int MultiRenameGUIThread::Run() {
   return loop.Run();
 }
 
-// Whatever the host or the memory does, there is a whole window or none.
+// If the host or an allocation throws, no window remains.
 std::unique_ptr<RenameWindow> MultiRenameGUIThread::MakeWindow(MessageLoop& loop) {
   std::unique_ptr<RenameWindow> window;
   try {
     window = OpenRenameWindow(owner_, loop);
     if (!window) return nullptr;
-    // A new selection from here on is reported to the window; the one of before is what FillList shows.
+    // A new selection after this call is posted to the window; FillList shows an earlier one.
     owner_.OnWindowMade(window.get());
     window->Show();
     window->Form().FillList();
@@ -108,7 +109,7 @@ std::unique_ptr<RenameWindow> MultiRenameGUIThread::MakeWindow(MessageLoop& loop
   }
 }
 
-// A command that fails in the host is passed over: the window stays.
+// Ignores a command that fails in the host; the window remains.
 void MultiRenameGUIThread::RunCommand(const MSG& message) {
   try {
     owner_.OnThreadCommand(static_cast<s32>(message.wParam), 0, message.lParam);

@@ -1,7 +1,8 @@
-// The thread of MultiRename's window: its COM apartment, its message loop, and the window from start to end.
+// The thread of MultiRename's window: its COM apartment, its message loop, and the window from creation to
+// destruction.
 //
-// A thread that hangs, as in a box of the host, outlives all bounded waits for it; this object, and all that
-// the thread uses, must then be left to it and never be freed.
+// A thread that hangs, for example in a box of the host, outlives all bounded waits for it. This object and
+// everything that the thread uses must then never be freed.
 #pragma once
 
 #include <atomic>
@@ -12,17 +13,17 @@
 
 namespace Velmora::SDK {
 
-// Implemented by the extension object. All calls are on the window's thread.
+// Implemented by the extension object. All functions are called on the window's thread.
 class RenameThreadOwner : public RenameWindowOwner {
  public:
-  // The first thing that the thread does, and the last.
+  // Called when the thread begins, and as its last action.
   virtual void OnThreadBegin() = 0;
   virtual void OnThreadEnd() = 0;
-  // The window is there and not yet visible; null: it goes again, as it could not be shown.
+  // The window exists but is not visible yet. Null: the window is destroyed again, as it could not be shown.
   virtual void OnWindowMade(RenameWindow* window) = 0;
-  // The window could not be had, and nobody waits any more to hear of it.
+  // The window could not be created, and WaitForWord has already returned.
   virtual void OnLateFailure() = 0;
-  // A command that was posted to the thread.
+  // A command was posted to the thread.
   virtual void OnThreadCommand(s32 number, std::intptr_t a, std::intptr_t b) = 0;
 
  protected:
@@ -34,22 +35,23 @@ class MultiRenameGUIThread final : private MessageFilter {
   explicit MultiRenameGUIThread(RenameThreadOwner& owner) : owner_(owner) {}
   MultiRenameGUIThread(const MultiRenameGUIThread&) = delete;
   MultiRenameGUIThread& operator=(const MultiRenameGUIThread&) = delete;
-  // The thread has ended, or was never created.
+  // The thread must have ended or never have been created.
   ~MultiRenameGUIThread();
 
-  // Once. False if the system gives no thread.
+  // Creates the thread. May be called only once. Returns false if the system cannot create it.
   bool Create();
 
-  // What the thread has to say of its window.
+  // The state of the window as the thread reports it.
   enum class Word { kNone, kOpened, kFailed };
-  // Waits for it. kNone if the time ends first: a failure is a late one then.
+  // Waits until the thread reports the state and returns it. Returns kNone if the time ends first; a later
+  // failure is reported to OnLateFailure.
   Word WaitForWord(DWORD milliseconds);
 
-  // Ends the loop once the messages before this are dealt with. A window that is still being made is closed
-  // as soon as it is there.
+  // Ends the loop after the messages that are already waiting. A window that is still being created is closed
+  // as soon as it exists.
   void PostQuit();
 
-  // False if the time ends first.
+  // Waits for the end of the thread. Returns false if it has not ended after that time.
   bool WaitForEnd(DWORD milliseconds) const;
 
  private:
@@ -59,15 +61,15 @@ class MultiRenameGUIThread final : private MessageFilter {
   void Say(Word word);
   void SayFailed();
   void RunCommand(const MSG& message);
-  // Messages of the thread itself.
+  // Handles messages of the thread itself.
   bool FilterMessage(MSG& message) override;
 
   RenameThreadOwner& owner_;
   HANDLE thread_ = nullptr;
   DWORD number_ = 0;
   std::atomic<bool> isQuitWanted_{false};
-  bool hasSpoken_ = false;  // of the thread
-  std::mutex mutex_;        // guards what follows
+  bool hasSpoken_ = false;  // used by the thread only
+  std::mutex mutex_;        // protects the members below
   std::condition_variable spoken_;
   Word word_ = Word::kNone;
   bool isAwaited_ = true;

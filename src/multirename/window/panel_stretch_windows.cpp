@@ -16,8 +16,8 @@ struct Stretch {
   int widened;
 };
 
-// The templates get a quarter of the room and the search gets the rest; what is to the right of a control
-// that grows moves as far.
+// In eighths of the additional space. The templates get a quarter of it and the search gets the rest;
+// controls to the right of one that grows are moved accordingly.
 constexpr Stretch kStretches[] = {
     {kNameTemplateLabel, 0, 2},
     {kNameTemplate, 0, 2},
@@ -54,7 +54,7 @@ constexpr Stretch kStretches[] = {
     {kCloseButton, 8, 0},
 };
 
-// Buttons beside boxes, which are as high as their font wants them.
+// Buttons beside combo boxes, whose height depends on the font.
 struct BesideBox {
   int button;
   int box;
@@ -62,8 +62,8 @@ struct BesideBox {
 constexpr BesideBox kBesideBoxes[] = {
     {kNameTags, kNameTemplate}, {kExtensionTags, kExtensionTemplate}, {kDeleteProfile, kProfileBox}};
 
-// The text of a box's edit field is selected when the box gets another size. While this lives it keeps the
-// selection that it has.
+// Restores the selection in the edit field of a combo box when destroyed. Resizing a combo box selects its
+// text.
 class KeptSelection {
  public:
   explicit KeptSelection(HWND control) {
@@ -85,7 +85,7 @@ class KeptSelection {
   DWORD end_ = 0;
 };
 
-// A box with its list closed.
+// Returns the rectangle of a combo box with its list closed.
 RECT ClosedPlaceOf(HWND panel, HWND control) {
   RECT area = {};
   GetWindowRect(control, &area);
@@ -95,7 +95,7 @@ RECT ClosedPlaceOf(HWND panel, HWND control) {
 
 RECT PlaceOf(HWND panel, HWND control) {
   RECT area = {};
-  // False for what is no box with a list.
+  // Fails for controls other than combo boxes.
   if (!SendMessageW(control, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&area)))
     return ClosedPlaceOf(panel, control);
   MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&area), 2);

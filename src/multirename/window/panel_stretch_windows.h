@@ -1,5 +1,5 @@
-// Gives the controls of the rule panel their share of a window that is wider than the panel needs. Windows
-// build only.
+// Distributes the space of a window that is wider than the rule panel needs among its controls. Windows build
+// only.
 #pragma once
 
 #include <vector>
@@ -14,26 +14,26 @@ class PanelStretch {
   PanelStretch(const PanelStretch&) = delete;
   PanelStretch& operator=(const PanelStretch&) = delete;
 
-  // The panel has its controls at the places of the resource.
+  // Call it while the controls are at the positions of the resource.
   void Attach(HWND panel, int pixelsOfAnInch);
 
-  // The monitor has another scale.
+  // Call it when the scale of the monitor changes.
   void SetScale(int pixelsOfAnInch);
 
-  // Gives the controls their places in a panel of this width; one that is narrower than the resource has them
-  // at its places.
+  // Positions the controls in a panel of this width. If it is narrower than in the resource, uses the
+  // resource's positions.
   void Apply(int width) const;
 
-  // What the controls need, in pixels of the panel.
+  // The size that the controls need, in pixels of the panel.
   int Width() const { return width_; }
   int Height() const { return height_; }
 
  private:
   struct Place {
     int control;
-    RECT area;    // for a box with a list, with the open list
-    int moved;    // eighths of what the panel has more than it needs
-    int widened;  // the same
+    RECT area;    // for a combo box, including the open list
+    int moved;    // in eighths of the additional width
+    int widened;  // likewise
   };
 
   HWND panel_ = nullptr;

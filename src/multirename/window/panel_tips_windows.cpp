@@ -1,6 +1,6 @@
 #include "multirename/window/panel_tips_windows.h"
 
-// Needs windows.h before it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 #include "multirename/form/panel_controls.h"
@@ -11,7 +11,7 @@ namespace Velmora::SDK {
 
 void PanelTips::Create(HWND panel) {
   panel_ = panel;
-  // Texts with an ampersand are shown as they are.
+  // TTS_NOPREFIX shows ampersands in the texts.
   window_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
                             CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, panel, nullptr,
                             Ui::ModuleInstance(), nullptr);

@@ -1,4 +1,4 @@
-// The tool tips of the rule panel: one control for all of its tools. Windows build only.
+// The tool tips of the rule panel, shown by one control. Windows build only.
 #pragma once
 
 #include "platform/text.h"
@@ -11,14 +11,14 @@ class PanelTips {
   PanelTips(const PanelTips&) = delete;
   PanelTips& operator=(const PanelTips&) = delete;
 
-  // The window is destroyed with its panel.
+  // Creates the control, which is destroyed with the panel.
   void Create(HWND panel);
   HWND Window() const { return window_; }
 
-  // The tip of a control; for a box with an edit field, of its field.
+  // Sets the tool tip of a control; for a combo box, that of its edit field.
   void SetTip(int control, const WString& text);
 
-  // Shows a message of the panel or of its controls to the tips.
+  // Passes a mouse message of the panel or of its controls to the tool tips.
   void Relay(const MSG& message) const;
 
  private:

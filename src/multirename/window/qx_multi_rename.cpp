@@ -11,7 +11,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-// Words of the host, as those of menu_tree.cpp.
+// Constants of the host, as in menu_tree.cpp.
 constexpr u32 kOpenFlags = 0x10000201;
 constexpr u32 kOpenDisplayWord = 0x400000;
 
@@ -19,7 +19,7 @@ constexpr u32 kOpenDisplayWord = 0x400000;
 
 QXMultiRename::~QXMultiRename() {
   WaitForWindow(INFINITE);
-  // In this order: the engine's worker may still be in a run, and has the rows that it uses.
+  // The order matters: the engine's worker may still be in a run, and owns the rows that it uses.
   guiThread_.reset();
   profiles_.reset();
   context_.reset();
@@ -33,7 +33,7 @@ s32 QXMultiRename::OnRegister(IHostApp* hostApp) {
   if (!menus || !commands) return 1;
   const MenuHandle menu = menus->CreateRootMenu(kRenameTextMenu, 1, 0);
   if (!menu) return 1;
-  menus->AddCommand(menu, nullptr, 1, 0);  // the entry of command 0, which the host tolerates (C-686)
+  menus->AddCommand(menu, nullptr, 1, 0);  // the entry of command 0, which the host ignores (C-686)
   menus->AddCommand(menu,
                     commands->CreateCommand(kCommandMultiRename, kOpenFlags, kRenameTextTitle,
                                             kRenameTextTitle, kOpenDisplayWord, 0),
@@ -102,7 +102,8 @@ s32 QXMultiRename::ReadSelectionAgain(HANDLE done) {
   return 1;
 }
 
-// An open window takes the rows that it shows out of its list. They die once it has: the list holds them.
+// An open window removes the rows that it shows from its list, which owns them; they are destroyed after
+// that.
 void QXMultiRename::ShowSelection(SharedItems rows) {
   context_->rows.Set(std::move(rows));
   if (const HWND panel = panel_) PostMessageW(panel, MRM_NEW_SELECTION, 0, 0);
@@ -114,7 +115,7 @@ void QXMultiRename::MakeEngine() {
   context_.reset(new RenameContext{*host, *engine_, *profiles_, {}, {1}, {false}});
 }
 
-// Waits for nobody: the worker may be in a rename that needs the main thread.
+// Does not wait: the worker may be in a rename that needs the main thread.
 void QXMultiRename::AskToClose() {
   if (!guiThread_) return;
   context_->hostClosing = true;
@@ -129,8 +130,8 @@ s32 QXMultiRename::OnShutdown(std::intptr_t) {
   if (engine_) engine_->propertyManager = nullptr;
   if (IsOnWindowThread()) return 0;
   AskToClose();
-  // A thread that does not end in time keeps its object; Delete waits for it once more, and a later command
-  // frees it.
+  // If the thread does not end in time, its object is not freed now. Delete waits for it again, and a later
+  // command frees it.
   isThreadLeft_ = guiThread_ && !guiThread_->WaitForEnd(waits.shutdown);
   if (!isThreadLeft_) guiThread_.reset();
   if (host) host->ExtensionClosed();
@@ -148,15 +149,15 @@ void QXMultiRename::OnWindowMade(RenameWindow* window) {
   panel_ = window ? window->Panel() : nullptr;
 }
 
-// The host follows with OnShutdown, which frees the thread.
+// The host calls OnShutdown in response, which frees the thread.
 void QXMultiRename::OnLateFailure() {
   if (!context_->hostClosing) host->PostCommand(kCommandShutdown, 0, 0);
 }
 
 void QXMultiRename::OnWindowClosed() {
-  // The thread has nothing more to do, whether or not the host follows.
+  // Ends the loop, whether or not the host responds to the command below.
   PostQuitMessage(0);
-  if (!mainFrame_) return;  // it was never shown
+  if (!mainFrame_) return;  // the window was never shown
   OnWindowMade(nullptr);
   engine_->propertyManager = nullptr;
   engine_->worker.Quit();

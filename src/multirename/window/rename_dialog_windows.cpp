@@ -16,14 +16,14 @@
 #include "ui/placement.h"
 #include "ui/resource_ids.h"
 
-// Needs windows.h before it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 namespace Velmora::SDK {
 
 namespace {
 
-// The resource script and the forms know the same numbers.
+// The numbers of the resource script and of the forms must be equal.
 struct SameNumber {
   int resource;
   int form;
@@ -59,13 +59,13 @@ constexpr SameNumber kSameNumbers[] = {
 static_assert(std::ranges::all_of(kSameNumbers,
                                   [](const SameNumber& row) { return row.resource == row.form; }));
 
-// What an edit control and a list box tell of; both kinds have numbers of their own.
+// The notifications of a change by edit controls and list boxes. Their numbers do not overlap.
 constexpr int kDialogChanges[] = {EN_CHANGE, LBN_SELCHANGE};
 
 // The lists with columns.
 constexpr int kDialogTables[] = {kUndoSessions, kUndoFiles};
 
-// Posts WM_CLOSE to a window and to all that belong to it, the newest first: a box before its dialog.
+// Posts WM_CLOSE to a window and to all windows that it owns, the newest first: a box before its dialog.
 void CloseWithPopups(HWND window) {
   EnumThreadWindows(
       GetCurrentThreadId(),
@@ -77,7 +77,7 @@ void CloseWithPopups(HWND window) {
   PostMessageW(window, WM_CLOSE, 0, 0);
 }
 
-// While it lives, WM_CLOSE to a frame closes a window that belongs to it; the frame gets the message too.
+// While this object exists, WM_CLOSE to the frame also closes a window that the frame owns.
 class ClosedWithFrame {
  public:
   ClosedWithFrame() = default;
@@ -105,7 +105,7 @@ class ClosedWithFrame {
   HWND window_ = nullptr;
 };
 
-// The rule panel's button that opens the dialog of search pairs; null if the panel is gone.
+// Returns the rule panel's button that opens the dialog of search pairs; null if the panel no longer exists.
 HWND FindPairButton(HWND frame) {
   HWND button = nullptr;
   EnumChildWindows(
@@ -119,7 +119,7 @@ HWND FindPairButton(HWND frame) {
   return button;
 }
 
-// The columns grow and shrink with the screen's scale, as the user has left them.
+// Scales the columns, with the widths that the user has set, to the new scale of the screen.
 void ScaleColumns(HWND list, int from, int to) {
   const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
   const auto count = header ? static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0)) : 0;
@@ -133,7 +133,7 @@ void ScaleColumns(HWND list, int from, int to) {
 class DialogWindowView final : public WindowView<DialogView> {
  public:
   void Attach(HWND dialog) { controls_.Attach(dialog); }
-  // The control that the form has given the focus; 0 if it has given it to none.
+  // Returns the control that the form has given the focus; 0 if none.
   int Focus() const { return focus_; }
 
   void Close(int result) override { EndDialog(Window(), result); }
@@ -157,7 +157,7 @@ class RenameDialog final : public Ui::Dialog {
     if (const HWND frame = GetWindow(Window(), GW_OWNER)) closedWithFrame_.Attach(frame, Window());
     if (const HWND field = resource_ == kFindReplaceDialog ? Control(kPairsText) : nullptr) {
       CDropEdit::Attach(field);
-      // The next key must not delete all pairs.
+      // Without this, the next key would replace all pairs.
       Ui::KeepSelection(field);
     }
     form_.Open(view_);
@@ -211,7 +211,7 @@ bool RenameDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-// Returns false if there is no such button.
+// Returns false if the button does not exist.
 bool RenameDialog::PlaceBesidePairButton() {
   const HWND button = FindPairButton(GetWindow(Window(), GW_OWNER));
   RECT place = {};

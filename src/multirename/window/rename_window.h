@@ -1,12 +1,12 @@
-// The window of MultiRename as its extension object and its thread see it: the frame with the host's list and
+// The window of MultiRename as its extension object and its thread use it: the frame with the host's list and
 // the rule panel. The windows build draws it (rename_window_windows.cpp); the native build has the same forms
-// over views that keep what they are given (rename_window_posix.cpp).
+// with views that only store their contents (rename_window_posix.cpp).
 //
-// Life, all on the window's thread: OpenRenameWindow, Show, the message loop; then WM_CLOSE to the frame,
-// from whomever. The frame closes at once, or once the form that runs a dialog, box or menu has returned: it
-// removes its filters, closes both forms, gives the list and the container back to the host, destroys the
-// panel, stores its placement, and calls OnWindowClosed of its owner as the last thing. The object itself is
-// deleted by its thread after the loop.
+// Lifetime, on the window's thread: OpenRenameWindow, Show, the message loop; then WM_CLOSE, which may come
+// from any thread, to the frame. The frame closes at once, or after a form that runs a dialog, box or menu
+// has returned: it removes its filters, closes both forms, returns the list and the container to the host,
+// destroys the panel, stores its placement, and finally calls OnWindowClosed of its owner. The thread deletes
+// the object after the loop.
 #pragma once
 
 #include <memory>
@@ -21,7 +21,7 @@ namespace Velmora::SDK {
 class RenameWindowOwner {
  public:
   virtual RenameContext& Context() = 0;
-  // The frame is destroyed. On the window's thread.
+  // The frame was destroyed. Called on the window's thread.
   virtual void OnWindowClosed() = 0;
 
  protected:
@@ -30,27 +30,29 @@ class RenameWindowOwner {
 
 class RenameWindow {
  public:
-  // Closes a frame that is still there, in the same order: the loop has ended without it, or the window could
-  // not be shown.
+  // Closes the frame, in the same order, if it still exists: because the loop has ended without closing it,
+  // or the window could not be shown.
   virtual ~RenameWindow() = default;
 
-  // Null once it is destroyed. WM_CLOSE may be posted to it from any thread.
+  // Null after it was destroyed. WM_CLOSE may be posted to it from any thread.
   virtual HWND Frame() const = 0;
-  // Gets MRM_NEW_SELECTION, posted, from any thread.
+  // The target of MRM_NEW_SELECTION, which may be posted from any thread.
   virtual HWND Panel() const = 0;
 
-  // Gives the frame its place and size and shows it; the context gets the list's image set.
+  // Positions and shows the frame, and stores the list's image set in the context.
   virtual void Show() = 0;
 
-  // Fills the list, and gets the host's events.
+  // Returns the form, which fills the list and handles the host's events.
   virtual FrameForm& Form() = 0;
 };
 
-// Makes the window, not yet visible, with its filters in the loop; both arguments outlive it. Null, with
-// nothing of it left, if the host has no container or no list for it or the frame cannot be made.
+// Creates the window, not visible yet, and adds its filters to the loop. Both arguments must outlive it.
+// Returns null, after removing everything, if the host provides no container or no list, or if the frame
+// cannot be created.
 std::unique_ptr<RenameWindow> OpenRenameWindow(RenameWindowOwner& owner, MessageLoop& loop);
 
-// The settings' key of the frame's place: a WINDOWPLACEMENT of 44 bytes. The section is spelled so (C-680).
+// The settings key of the frame's placement, a WINDOWPLACEMENT of 44 bytes. The spelling of the section is
+// part of the format (C-680).
 inline constexpr WCHAR kPlacementSection[] = W("QXMultieRename");
 inline constexpr WCHAR kPlacementKey[] = W("WinPos");
 

@@ -1,4 +1,4 @@
-// MultiRename's window where nothing is drawn: the forms over views that keep what they are given.
+// MultiRename's window in the native build: the forms with views that only store their contents.
 
 #include <optional>
 
@@ -101,7 +101,7 @@ void UndrawnRenameWindow::OnFrameMessage(const PostedMessage& message) {
   }
 }
 
-// While a form runs a dialog, box or menu, the window stays, and comes here again after it.
+// While a form runs a dialog, box or menu, the window remains; WM_CLOSE is posted again afterwards.
 void UndrawnRenameWindow::OnClose() {
   if (calls_.AreRunning()) return calls_.CloseAfter(Frame());
   if (isOpen_) Destroy();

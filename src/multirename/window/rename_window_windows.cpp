@@ -14,8 +14,8 @@ namespace Velmora::SDK {
 
 namespace {
 
-// The boxes and dialogs that belong to a window, the menu of the thread: ends them, so that the calls that
-// show them return. What the host shows in windows of its own kind ends with its user.
+// Ends the boxes and dialogs that a window owns and the menu of the thread, so that the calls that show them
+// return. Windows that the host shows in its own way end only when the user closes them.
 void EndBoxesOf(HWND frame) {
   GUITHREADINFO thread = {};
   thread.cbSize = sizeof(thread);
@@ -42,7 +42,7 @@ class FrameWithPanel final : public RenameWindow {
     if (const HWND frame = frame_.Window()) DestroyWindow(frame);
   }
 
-  // False if something cannot be had; the frame goes with the object.
+  // Returns false if a part cannot be created; the destructor then destroys the frame.
   bool Open();
 
   HWND Frame() const override { return const_cast<MainFrame&>(frame_).Window(); }
@@ -56,7 +56,7 @@ class FrameWithPanel final : public RenameWindow {
     if (isOpen_) calls_.Run([this] { owner_.OnWindowClosed(); });
   }
   void EndBoxes() {
-    // A dialog of the module has seen the message itself.
+    // A dialog of the module handles WM_CLOSE itself.
     if (!panel_.RunsDialog()) EndBoxesOf(frame_.Window());
   }
   void SetScale(int pixelsOfAnInch);

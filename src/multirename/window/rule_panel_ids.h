@@ -1,5 +1,5 @@
-// Numbers of the controls of the rule panel, for the resource script; the form has the same in
-// panel_controls.h. Others find the controls by them, so they stay as they are.
+// The numbers of the controls of the rule panel, for the resource script. panel_controls.h has the same
+// numbers. Other programs find the controls by these numbers, so they must not change.
 #pragma once
 
 #define QX_PANEL_NAME_LABEL 1058

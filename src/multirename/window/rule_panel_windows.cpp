@@ -1,6 +1,6 @@
 #include "multirename/window/rule_panel_windows.h"
 
-// Needs windows.h before it.
+// Needs windows.h first.
 #include <commctrl.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-// The resource script and the form know the same numbers.
+// The numbers of the resource script and of the form must be equal.
 struct SamePanelNumber {
   int resource;
   int form;
@@ -69,15 +69,15 @@ bool IsIn(HWND parent, HWND window) { return window == parent || IsChild(parent,
 
 int NumberOf(HWND control) { return control ? GetDlgCtrlID(control) : 0; }
 
-// The button that Enter presses where no other button has the focus.
+// Returns the button that Enter presses if no other button has the focus.
 int DefaultButtonOf(HWND panel) { return LOWORD(SendMessageW(panel, DM_GETDEFID, 0, 0)); }
 
 bool IsShownAsDefault(HWND control) {
   return (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;
 }
 
-// Access keys lead to the panel's controls from the list as well, and Enter presses its default button. Alt
-// with a blank is the system's.
+// While the list has the focus, access keys still move to the panel's controls, and Enter presses its default
+// button. Alt with a blank is left to the system.
 bool IsForPanel(const MSG& message) {
   if (message.message == WM_SYSCHAR) return message.wParam != VK_SPACE;
   return message.message == WM_KEYDOWN && message.wParam == VK_RETURN;
@@ -85,7 +85,7 @@ bool IsForPanel(const MSG& message) {
 
 bool IsKeyDown(int key) { return GetKeyState(key) < 0; }
 
-// The control that has the focus, itself or by its edit field.
+// Returns the control that has the focus itself or in its edit field.
 HWND FocusedControlOf(HWND panel) {
   HWND focus = GetFocus();
   while (focus && GetParent(focus) != panel) focus = GetParent(focus);
@@ -109,9 +109,9 @@ INT_PTR CALLBACK RulePanel::Procedure(HWND window, UINT message, WPARAM wParam, 
     self.stretch_.Attach(window, PixelsOfAnInch(window));
     self.tips_.Create(window);
     SendDlgItemMessageW(window, kPairList, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_GRIDLINES, LVS_EX_GRIDLINES);
-    return FALSE;  // the frame gives the focus
+    return FALSE;  // the frame sets the focus
   }
-  // Some messages come before WM_INITDIALOG and find no object yet.
+  // Messages before WM_INITDIALOG arrive when the object is not known yet.
   auto* const self = reinterpret_cast<RulePanel*>(GetWindowLongPtrW(window, DWLP_USER));
   return self && self->Handle(message, wParam, lParam);
 }
@@ -162,7 +162,7 @@ void RulePanel::HandleCommand(int control, int notification) {
       openedList_ = {control, controls_.SelectedLine(control)};
       return;
     case CBN_SELCHANGE:
-      // A line that is marked in an open list is chosen once the list closes.
+      // A line that is marked in an open list is selected only when the list closes.
       if (SendMessageW(controls_.Control(control), CB_GETDROPPEDSTATE, 0, 0)) {
         openedList_.isOtherMarked = true;
       } else {
@@ -180,18 +180,18 @@ void RulePanel::HandleCommand(int control, int notification) {
   }
 }
 
-// Escape, and a move to another control, leave the line as it was before the list opened. The text of an edit
-// field follows the marks all the same, and is what counts.
+// Escape, and moving to another control, restore the line that was selected before the list opened. The text
+// of an edit field, however, has followed the marks and remains.
 void RulePanel::OnListClosed(int control) {
   const OpenedList list = std::exchange(openedList_, {});
   if (list.control != control || !list.isOtherMarked) return;
   const HWND box = controls_.Control(control);
   if (!list.isCancelled || EditFieldOf(box) != box) return Change(control);
-  // Not every system does it itself.
+  // Not every system restores the line itself.
   controls_.SelectLine(control, list.line);
 }
 
-// Of the fields of the next pair; those of numbers have the one that all others have.
+// Only the fields of the next pair have a different default button.
 void RulePanel::SetDefaultButton(int focused) {
   int button = 0;
   if (form_) calls_.Run([&] { button = form_->DefaultButton(focused); });
@@ -209,7 +209,7 @@ void RulePanel::SetEnabled(int control, bool isEnabled) {
   WindowView::SetEnabled(control, isEnabled);
   if (!window) return;
   if (!isEnabled && focused == window) {
-    // The focus may be handed on from one to the next while all of them are disabled.
+    // The focus may pass through several controls while all of them are being disabled.
     if (focused != lentFocus_) lostFocus_ = window;
     lentFocus_ = FocusedControlOf(Window());
   } else if (isEnabled && window == lostFocus_) {
@@ -266,7 +266,7 @@ bool RulePanel::FilterMessage(MSG& message) {
   return IsDialogMessageW(panel, &toPanel) != FALSE;
 }
 
-// The list and the panel's controls are one ring for the tab key.
+// The tab key cycles through the list and the panel's controls.
 bool RulePanel::LeaveByTab(const MSG& message) {
   if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || !neighbour_ || IsKeyDown(VK_CONTROL))
     return false;
@@ -284,8 +284,8 @@ bool RulePanel::LeaveByTab(const MSG& message) {
   return true;
 }
 
-// The focus is about to leave the panel. A button that has it is shown as the default one, and would go on
-// to be.
+// Call it before the focus leaves the panel. A focused button is shown as the default button and would
+// otherwise remain so.
 void RulePanel::ShowDefaultButton() {
   const HWND panel = Window();
   const HWND focused = FocusedControlOf(panel);

@@ -1,5 +1,5 @@
-// The rule panel as a window: its controls, their tips, and the keys that lead through them. It decides
-// nothing; panel_form.h does. Windows build only.
+// The window of the rule panel: its controls, their tool tips, and the keys that move between them. Its rules
+// are in panel_form.h. Windows build only.
 #pragma once
 
 #include "frame/host/host_controls.h"
@@ -19,24 +19,23 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   RulePanel(const RulePanel&) = delete;
   RulePanel& operator=(const RulePanel&) = delete;
 
-  // Makes the panel in a window of the frame, not yet visible. False if the system makes none.
+  // Creates the panel in a window of the frame, not visible yet. Returns false if that fails.
   bool Create(HWND parent);
-  // Gets what the user does from now on; null: nobody does.
+  // Sets the form that handles input; null for none.
   void SetForm(PanelForm* form) { form_ = form; }
-  // The texts of kPanelHints, by their ids.
+  // Sets the hints of kPanelHints; `texts` returns the text of an id.
   void SetHints(const Ui::TextSource& texts);
-  // The window that the tab key leads to after the panel's last control, and from which it comes to the
-  // first.
+  // Sets the window that follows the panel's last control in the tab order and precedes the first.
   void SetNeighbour(HWND window) { neighbour_ = window; }
 
-  // In pixels.
+  // Returns the height in pixels.
   int Height() const { return stretch_.Height(); }
-  // The monitor has another scale, in pixels of an inch. The panel gets its size after this.
+  // Call it when the scale of the monitor, in pixels per inch, changes, before the panel is resized.
   void SetScale(int pixelsOfAnInch);
 
   // PanelView.
-  // A control that is disabled while it has the focus gets it back with its enabling, if the user has not
-  // moved on.
+  // A focused control that is disabled gets the focus back when it is enabled, unless the user has moved the
+  // focus.
   void SetEnabled(int control, bool isEnabled) override;
   void Post(RenameMessage message) override {
     if (Window()) PostMessageW(Window(), message, 0, 0);
@@ -51,14 +50,14 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   bool FilterMessage(tagMSG* message) override { return message && FilterMessage(*message); }
   void DestroyHandle() override;
 
-  // Shows mouse messages to the tips, and handles the keys of a dialog.
+  // Passes mouse messages to the tool tips, and handles the keys of a dialog.
   bool FilterMessage(MSG& message) override;
 
  private:
-  // The list of a box, from its opening to its closing.
+  // The open list of a combo box.
   struct OpenedList {
     int control = 0;
-    int line = kNoLine;  // selected as it opened
+    int line = kNoLine;  // selected when the list opened
     bool isOtherMarked = false;
     bool isCancelled = false;
   };
@@ -77,8 +76,8 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   HWND neighbour_ = nullptr;
   PanelStretch stretch_;
   PanelTips tips_;
-  HWND lostFocus_ = nullptr;  // disabled while it had the focus; null without one
-  HWND lentFocus_ = nullptr;  // has the focus instead
+  HWND lostFocus_ = nullptr;  // the control that lost the focus by being disabled; null if there is none
+  HWND lentFocus_ = nullptr;  // the control that has the focus instead
   OpenedList openedList_;
   bool runsDialog_ = false;
 };

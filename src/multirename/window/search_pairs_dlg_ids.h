@@ -1,5 +1,6 @@
-// Numbers of the controls of the dialog of search pairs, for the resource script; the form has the same in
-// find_replace_dialog_form.h. Others find the controls by them, so they stay as they are.
+// The numbers of the controls of the dialog of search pairs, for the resource script.
+// find_replace_dialog_form.h has the same numbers. Other programs find the controls by these numbers, so they
+// must not change.
 #pragma once
 
 #define QX_PAIRS_LABEL 1109

@@ -1,5 +1,5 @@
-// Numbers of the controls of the undo manager, for the resource script; the form has the same in
-// undo_manager_form.h. Others find the controls by them, so they stay as they are.
+// The numbers of the controls of the undo manager, for the resource script. undo_manager_form.h has the same
+// numbers. Other programs find the controls by these numbers, so they must not change.
 #pragma once
 
 #define QX_UNDO_DELETE 1046

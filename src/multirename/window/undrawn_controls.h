@@ -1,5 +1,5 @@
-// The controls of a window that is not drawn: what they hold, and the views of MultiRename's forms over them.
-// Native build only; on the window's thread.
+// The controls of a window that is not drawn: their contents, and the views through which MultiRename's forms
+// use them. Native build only; used on the window's thread.
 #pragma once
 
 #include <map>
@@ -62,7 +62,7 @@ class UndrawnControls : public View {
 
 class UndrawnDialog final : public UndrawnControls<DialogView> {
  public:
-  int result = 0;  // what its form has closed it with; 0 while it is open
+  int result = 0;  // the result with which its form has closed it; 0 while it is open
 
   void Close(int closeResult) override { result = closeResult; }
 };

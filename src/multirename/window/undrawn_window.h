@@ -1,8 +1,8 @@
-// MultiRename's window in the native build: it has the forms, the messages, the container and the list of the
-// drawn one, and nothing is drawn. A program does here what a user does at the screen. Native build only.
+// MultiRename's window in the native build. It has the forms, the messages, the container and the list of the
+// real window, but is not drawn; a program takes the place of the user. Native build only.
 //
-// Boxes are answered by the handler of platform/posix/user_interface.h, menus and dialogs by the UndrawnUser,
-// all of them on the window's thread.
+// The handler of platform/posix/user_interface.h chooses the buttons of boxes, and the UndrawnUser handles
+// menus and dialogs, both on the window's thread.
 #pragma once
 
 #include <condition_variable>
@@ -17,21 +17,21 @@ namespace Velmora::SDK {
 
 class IHostListControl;
 
-// Plays the user of menus and dialogs.
+// The user of menus and dialogs.
 class UndrawnUser {
  public:
   virtual ~UndrawnUser() = default;
-  // Returns the number of a line, or 0 for none of them.
+  // Returns the number of the chosen line, or 0 for none.
   virtual int ChooseLine(const MenuLines& lines) = 0;
-  // Uses the dialog, a number of RenameResource, which has been opened. One that is left open is cancelled.
+  // Uses the open dialog with this number of RenameResource. If it is still open afterwards, it is cancelled.
   virtual void UseDialog(int resource, DialogForm& form, UndrawnDialog& dialog) = 0;
 };
 
-// Installs the user (null: menus and dialogs are cancelled) and returns the one before. The caller keeps
-// ownership.
+// Installs the user, which the caller owns, and returns the previous one. Without a user, menus and dialogs
+// are cancelled.
 UndrawnUser* InstallUndrawnUser(UndrawnUser* user);
 
-// What a window consists of. On its thread.
+// The parts of a window. Used on its thread.
 struct UndrawnParts {
   RenameContext& context;
   FrameForm& frame;
@@ -41,31 +41,31 @@ struct UndrawnParts {
   WString& title;
   std::map<int, WString>& panes;  // of the status bar
 
-  // As a user does it; nothing on a control that is disabled.
-  void Press(int control);  // a check box changes its mark
+  // Do what a user does; a disabled control is not affected.
+  void Press(int control);  // toggles a check box
   void Type(int control, const WString& text);
   void Choose(int control, int line);
   void DoubleClick(int control);
 };
 
-// The way to a window from other threads; it may outlive the window.
+// Access to a window from other threads; may outlive the window.
 class UndrawnWindow {
  public:
   using Action = std::function<void(UndrawnParts& parts)>;
 
-  // The window that was opened last; null once that has closed.
+  // Returns the window that was opened last; null after it has closed.
   static std::shared_ptr<UndrawnWindow> Current();
 
-  // Does something on the window's thread, between two of its messages, and waits until it is done. False if
-  // the window closes before.
+  // Performs the action on the window's thread, between two of its messages, and waits until it is done.
+  // Returns false if the window closes before.
   bool Do(Action action);
-  // The same without waiting.
+  // Performs the action likewise, without waiting.
   void Post(Action action);
   // Waits until the window is closed.
   void WaitForClose();
 
-  // As the loop of an open box, menu or dialog does: dispatches the messages that wait for this thread. False
-  // if the thread is to end, which also ends the box.
+  // Dispatches the messages that wait for this thread, like the loop of an open box, menu or dialog. Returns
+  // false on WM_QUIT, which must also end the box.
   static bool TakeMessages();
 
  private:
@@ -84,8 +84,8 @@ class UndrawnWindow {
 
   const HWND frame_;
   const DWORD thread_;
-  UndrawnParts* parts_ = nullptr;  // of the window's thread
-  std::mutex mutex_;               // guards what follows
+  UndrawnParts* parts_ = nullptr;  // used by the window's thread
+  std::mutex mutex_;               // protects the members below
   std::condition_variable changed_;
   std::deque<std::shared_ptr<Job>> jobs_;
   bool isClosed_ = false;
