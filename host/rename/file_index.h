@@ -1,4 +1,4 @@
-// The number that a file keeps whatever its name is.
+// Identifies files independently of their names.
 #pragma once
 
 #include <cstdint>
@@ -8,14 +8,14 @@
 
 namespace QxHost {
 
-// The number of a file within its volume, which a rename leaves as it is. A volume may give the number of a
-// file that is gone to a new one.
+// The number of a file within its volume, which a rename does not change. A volume may give the number of a
+// deleted file to a new one.
 using FileIndex = std::uint64_t;
 
 constexpr FileIndex kNoFile = 0;
 
-// Looks numbers up, quickly for many names of one folder, one after the other. No folder may get another name
-// in between.
+// Looks up numbers. Fast for successive names of the same folder; no folder may be renamed between two
+// look-ups.
 class FileIndexes {
  public:
   FileIndexes();
@@ -23,11 +23,11 @@ class FileIndexes {
   FileIndexes& operator=(const FileIndexes&) = delete;
   ~FileIndexes();
 
-  // Of a file or folder in the folder of that full path; of a link, the number of the link itself. kNoFile if
-  // there is none, or the system does not say.
+  // Returns the number of a file or folder in the folder with this full path; for a link, the number of the
+  // link itself. Returns kNoFile if there is no such file or the system does not provide its number.
   FileIndex Of(const WString& folder, WStringView name);
 
-  // False for a folder that cannot be reached.
+  // Returns false if the folder cannot be reached.
   bool CanLookIn(const WString& folder);
 
  private:

@@ -24,7 +24,7 @@ class FileIndexes::Folder {
 
   FileIndex Of(WStringView name) const {
     struct stat found {};
-    // The native form of a name alone is that of a path with one name.
+    // Converts the name as part of a path that contains only this name.
     const std::string native = NativePath(W("Z:\\") + WString(name)).substr(1);
     const bool isThere = descriptor_ >= 0 && !native.empty() &&
                          fstatat(descriptor_, native.c_str(), &found, AT_SYMLINK_NOFOLLOW) == 0;

@@ -14,10 +14,10 @@ using Row = std::uint32_t;
 // Folders with many more files than are renamed are not read.
 constexpr std::size_t kMostBesides = 1000;
 constexpr std::size_t kMostForEach = 16;
-// Of a folder; the paths in it are within the limits of any system then.
+// The limit of a folder's path. Paths in the folder are then within the limits of every system.
 constexpr std::size_t kMostFolderChars = 1000;
 
-// Bytes of UTF-8. 0 for a name that holds surrogates, which may stand for other bytes.
+// Returns the length in UTF-8 bytes; 0 for a name with surrogates, which may represent other bytes.
 std::size_t NameBytes(WStringView name) {
   std::size_t bytes = 0;
   for (const WCHAR unit : name) {
@@ -51,7 +51,7 @@ class FlatBatch {
     return wanted_.folders[wanted_.rows[row].folder] + WString(wanted_.rows[row].name);
   }
 
-  // Whether two folders may be one in different spellings.
+  // Returns whether two folders may be the same one in different spellings.
   bool HasFolderTwice() const {
     std::unordered_set<std::uint64_t> hashes;
     return !std::ranges::all_of(wanted_.folders, [&hashes](const WString& folder) {
@@ -72,7 +72,7 @@ class FlatBatch {
     }
   }
 
-  // Reads the folder. False if it cannot be read, or one of the rows is no file in it.
+  // Reads the folder. Returns false if it cannot be read or one of the rows is not a file in it.
   bool ReadFiles(const WString& folder, std::span<const Row> rows) {
     if (folder.size() > kMostFolderChars) return false;
     if (!files_.ReadNames(folder, kMostForEach * rows.size() + kMostBesides, names_)) return false;
@@ -85,7 +85,8 @@ class FlatBatch {
     return true;
   }
 
-  // True if every file is renamed once, to a name that equals no other one whatever the letter case.
+  // Returns whether every file is renamed only once, to a name that differs from all others even if letter
+  // case is ignored.
   bool NoNamesMeet(std::span<const Row> rows) {
     for (std::size_t index = 0; index < rows.size(); ++index) {
       const std::uint32_t source = sources_[index];
@@ -104,7 +105,7 @@ class FlatBatch {
   FileView& files_;
   std::vector<bool> isDecided_;
   std::vector<Row> byFolder_;           // the rows that are not refused
-  std::vector<std::size_t> begins_;     // by folder: its rows in byFolder_
+  std::vector<std::size_t> begins_;     // by folder: the begin of its rows in byFolder_
   std::vector<std::uint32_t> sources_;  // by row of the folder: its index in names_
   FolderNames names_;
 };

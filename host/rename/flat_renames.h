@@ -1,5 +1,5 @@
-// The renames of a batch that are decided at first sight, which most are: each of files in a folder that was
-// read once, to a name that nothing else has or is to have there.
+// Decides the renames of a batch that need no further planning, which are most: those of files in a folder
+// that is read once, to names that nothing else there has or will have.
 #pragma once
 
 #include <vector>
@@ -8,9 +8,9 @@
 
 namespace QxHost {
 
-// By row: true for a rename that can be done at any time, and is in no other's way. All rows of a folder in
-// which names may meet are left out, and all of a batch that has more than files: what is renamed may then be
-// above other files of the batch.
+// Returns, for each row, true if the rename can be done at any time and conflicts with no other. Decides no
+// row of a folder in which names may conflict, and no row at all if a row is not a file, as a renamed folder
+// may contain other files of the batch.
 std::vector<bool> DecideFlatRenames(const WantedRenames& wanted, FileView& files);
 
 }  // namespace QxHost

@@ -6,7 +6,7 @@ namespace QxHost {
 namespace {
 
 std::atomic<bool> isInterrupted{false};
-static_assert(std::atomic<bool>::is_always_lock_free);  // handlers of signals set it
+static_assert(std::atomic<bool>::is_always_lock_free);  // signal handlers set it
 
 }  // namespace
 

@@ -1,17 +1,18 @@
-// Ctrl+C and its like while names change on the disk.
+// Handles Ctrl+C and similar requests while names are being changed on the disk.
 #pragma once
 
 namespace QxHost {
 
-// Whether the run that is watched, or the last one that was, has been interrupted. Any thread.
+// Returns whether the present watch, or else the last one, was interrupted. May be called on any thread.
 bool IsInterrupted();
 
-// Interrupts what is watched, as Ctrl+C does.
+// Interrupts the present watch, as Ctrl+C does.
 void Interrupt();
 
-// While one exists, the first wish to end the program (Ctrl+C, or that of the terminal or the system) only
-// interrupts: the run stops after the rename in progress, and what was done is written down. A second one
-// ends the program. A wish that the program was started to ignore stays ignored. One at a time.
+// While a watch exists, the first request to end the program (by Ctrl+C, the terminal or the system) only
+// interrupts: the run stops after the current rename, and what was done is recorded. A second request ends
+// the program. A request that the program was started to ignore remains ignored. Only one watch may exist at
+// a time.
 class InterruptionWatch {
  public:
   InterruptionWatch();

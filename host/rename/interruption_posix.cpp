@@ -14,7 +14,7 @@ std::array<struct sigaction, kEndingSignals.size()> previousActions;
 void OnEndingSignal(int number) {
   if (!IsInterrupted()) return Interrupt();
   signal(number, SIG_DFL);
-  raise(number);  // arrives when this returns
+  raise(number);  // delivered when this handler returns
 }
 
 }  // namespace

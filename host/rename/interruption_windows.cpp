@@ -6,11 +6,12 @@ namespace {
 
 constexpr DWORD kLongerThanTheSystemWaits = 60000;  // milliseconds
 
-// Runs on a thread of its own.
+// Runs on its own thread.
 BOOL WINAPI OnConsoleEvent(DWORD event) {
   if (IsInterrupted()) return FALSE;
   Interrupt();
-  // After a closed window, a logoff or a shutdown the system ends the program as soon as this returns.
+  // When its window is closed, and at a logoff or shutdown, the system ends the program as soon as this
+  // function returns.
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(kLongerThanTheSystemWaits);
   return TRUE;
 }

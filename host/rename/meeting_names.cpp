@@ -17,7 +17,7 @@ WStringView WithoutSeparator(WStringView folder) {
   return folder;
 }
 
-// Hashes of names in their folders, equal for those that differ in letter case alone.
+// Hashes names together with their folders. Names that differ only in letter case have the same hash.
 class PlaceHasher {
  public:
   std::uint64_t Of(const WString& folder, WStringView name) {
@@ -40,7 +40,7 @@ class PlaceHasher {
     return hash != 0 ? hash : 1;
   }
 
-  WString folder_;  // of the last name: the next one is often in it as well
+  WString folder_;  // of the last name; the next one is often in the same folder
   bool isFolderKnown_ = false;
   std::uint64_t folderHash_ = 0;
 };
@@ -49,7 +49,7 @@ class HashSet {
  public:
   explicit HashSet(std::size_t most) : slots_(std::bit_ceil(2 * most + 2), kFree) {}
 
-  // False if it was there.
+  // Returns false if the hash was already in the set.
   bool Insert(std::uint64_t hash) {
     std::uint64_t& slot = slots_[SlotOf(hash)];
     const bool isNew = slot == kFree;
@@ -88,7 +88,7 @@ std::vector<Places> PlacesOf(std::span<const MultiRenameUndoEntry> entries) {
   return places;
 }
 
-// Whether one of the renamed files, of which these are the places, is a folder above another one.
+// Returns whether one of the renamed files is a folder above another one. `renamed` contains their old names.
 bool HoldsFolderOfOthers(std::span<const MultiRenameUndoEntry> entries, const HashSet& renamed) {
   HashSet looked(entries.size());
   WStringView last;
@@ -116,8 +116,7 @@ std::vector<bool> FindMeetingNames(std::span<const MultiRenameUndoEntry> entries
     if (!from.Insert(place.from)) fromTwice.Insert(place.from);
   }
   for (const Places& place : places) {
-    // A file that only gets its own name in another letter case is in nobody's way, unless another one has
-    // that.
+    // A file whose name changes only in letter case conflicts with none, unless another file has that name.
     if (place.from != place.to || fromTwice.Holds(place.from)) to.Insert(place.to);
   }
   if (HoldsFolderOfOthers(entries, from)) return std::vector<bool>(entries.size(), true);

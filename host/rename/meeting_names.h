@@ -1,8 +1,9 @@
-// Renames of a run whose names do not say, later, which of them were done.
+// Finds the renames of a run for which the names alone do not show later whether they were done.
 //
-// Most do: a file whose new name nothing else had before the run has it after its rename, and only then. In a
-// chain (a to b, b to c) and in a circle (a to b, b to a) a name says nothing, as another file of the run had
-// it or is to have it. Nor do names in a folder that is renamed as well.
+// For most renames they do: a file whose new name nothing else had before the run has that name after its
+// rename, and only then. In a chain (a to b, b to c) and in a cycle (a to b, b to a) a name shows nothing, as
+// another file of the run had it or will have it. The same holds for names in a folder that is renamed as
+// well.
 #pragma once
 
 #include <span>
@@ -12,9 +13,10 @@
 
 namespace QxHost {
 
-// By entry: true if its names meet those of another one, or for all of them if one is a folder that another
-// one, or a folder above it, is in. Names that differ in letter case alone count as one; a few entries more
-// may be marked. Empty if there are none, as in most runs.
+// Returns, for each entry, true if one of its names is also a name of another entry. If one of the entries is
+// a folder that contains another entry, directly or not, returns true for all. Names that differ only in
+// letter case count as equal. A few more entries may be marked. Returns an empty vector if there are none, as
+// in most runs.
 std::vector<bool> FindMeetingNames(std::span<const Velmora::SDK::MultiRenameUndoEntry> entries);
 
 }  // namespace QxHost

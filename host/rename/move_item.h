@@ -1,24 +1,24 @@
-// Renaming one file or folder.
+// Renames a file or folder.
 #pragma once
 
 #include "platform/text.h"
 
 namespace QxHost {
 
-// MoveFileW with full paths: never replaces what is there, but may change the letter case of a name. 0, or
-// the error number.
+// Moves by MoveFileW with full paths. Never replaces an existing file, but can change the letter case of a
+// name. Returns 0 or the error number.
 DWORD MoveItem(const WString& from, const WString& to);
 
-// The name of a file or folder as it stands on the disk, where the system finds it in another letter case.
-// Empty if the system does not tell, or where letter case tells files apart.
+// Returns the name of a file or folder in its spelling on the disk, if the system ignores letter case. Empty
+// if the system does not provide the spelling, or if names are case-sensitive.
 WString NameOnDisk(const WString& fullPath);
 
-// Equal for paths that mean the same file whatever their letter case, as the folders of this system usually
-// have it.
+// Returns a key for comparing paths: where the system's folders usually ignore letter case, it is equal for
+// paths that differ only in letter case.
 WString PathKey(const WString& fullPath);
 
-// Whether two paths, which differ in letter case alone, mean one file: the file system finds the same file of
-// the same volume by both, and not a second hard link to it.
+// Returns whether two paths that differ only in letter case lead to one file: the same file of the same
+// volume, and not two hard links to it.
 bool AreOneFile(const WString& left, const WString& right);
 
 }  // namespace QxHost

@@ -16,7 +16,7 @@ DWORD MoveItem(const WString& from, const WString& to) {
   return error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE;
 }
 
-// Letter case tells files apart here, so a path is found by its very name alone.
+// Names are case-sensitive here, so a path finds a file only in its exact spelling.
 WString NameOnDisk(const WString&) { return {}; }
 
 WString PathKey(const WString& fullPath) { return fullPath; }

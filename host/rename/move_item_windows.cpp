@@ -19,7 +19,7 @@ bool DifferInCaseAlone(const WString& left, const WString& right) {
                                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
 
-// Moves a file to a temporary name in its folder. 0, or the error number.
+// Moves a file to a temporary name in its folder, which is stored in `aside`. Returns 0 or the error number.
 DWORD MoveAside(const WString& from, WString& aside) {
   const std::size_t nameAt = from.rfind(L'\\') + 1;
   DWORD error = ERROR_ALREADY_EXISTS;
@@ -30,7 +30,7 @@ DWORD MoveAside(const WString& from, WString& aside) {
   return error;
 }
 
-// False, too, if the file cannot be opened.
+// Returns false also if the file cannot be opened.
 bool FindFileInformation(const WString& path, BY_HANDLE_FILE_INFORMATION& information) {
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const FileHandle file(CreateFileW(SystemPath(path).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING,
@@ -42,14 +42,14 @@ bool FindFileInformation(const WString& path, BY_HANDLE_FILE_INFORMATION& inform
 
 WString NameOnDisk(const WString& fullPath) {
   const WStringView wanted = WStringView(fullPath).substr(fullPath.rfind(L'\\') + 1);
-  // As a mask, such a name would find that of another file.
+  // As a search pattern, such a name would match another file.
   if (wanted.empty() || wanted.back() == L'.' || wanted.back() == L' ') return {};
   WIN32_FIND_DATAW found{};
   const FindHandle search(FindFirstFileExW(SystemPath(fullPath).c_str(), FindExInfoBasic, &found,
                                            FindExSearchNameMatch, nullptr, 0));
   if (!search.IsOpen()) return {};
   const WString first = found.cFileName;
-  // Below Wine there may be files whose names differ in case alone; the one that is asked for goes first.
+  // On Wine there may be files whose names differ only in case; an exact match has priority.
   do {
     if (found.cFileName == wanted) return WString(wanted);
   } while (FindNextFileW(search.Get(), &found));
@@ -71,15 +71,15 @@ bool AreOneFile(const WString& left, const WString& right) {
       first.nFileIndexHigh != second.nFileIndexHigh || first.nFileIndexLow != second.nFileIndexLow) {
     return false;
   }
-  // Of two hard links each has a name of its own on the disk.
+  // Two hard links have different names on the disk.
   return first.nNumberOfLinks == 1 || NameOnDisk(left) == NameOnDisk(right);
 }
 
 DWORD MoveItem(const WString& from, const WString& to) {
   DWORD error = Move(from, to);
   if (error != ERROR_SUCCESS || !DifferInCaseAlone(from, to)) return error;
-  // Not every system changes the case of a name in one step: Wine finds the old name by the new one and takes
-  // both for the same. There the name goes by way of another.
+  // Wine does not change the case of a name in one step: it finds the old name by the new one and treats both
+  // as equal. The file is then renamed by way of a temporary name.
   const WString oldName = from.substr(from.rfind(L'\\') + 1);
   if (NameOnDisk(to) != oldName) return ERROR_SUCCESS;
   WString between;

@@ -73,7 +73,8 @@ bool NameTree::IsOneName(Id known, WStringView name, std::optional<DWORD>& look)
   const bool isThere = *look == ERROR_SUCCESS;
   if ((Look(known) == ERROR_SUCCESS) != isThere) return false;
   if (isThere) return files_.AreOneFile(knownPath, path);
-  // Neither is there yet: the file that is to have the known name shows how the folder takes them.
+  // Neither file exists yet. The file that will get the known name shows whether the folder ignores letter
+  // case.
   const Id claimant = nodes_[known].claimant;
   return claimant != kRoots && files_.IsCaseBlindBeside(PathOf(claimant));
 }

@@ -1,5 +1,5 @@
-// The files and folders that a rename plan speaks of, as a tree of names. Names of one folder that differ in
-// letter case alone are one node if the file system takes them for one name.
+// The files and folders of a rename plan, as a tree of names. Names in one folder that differ only in letter
+// case are one node if the file system treats them as the same name.
 #pragma once
 
 #include <cstdint>
@@ -12,44 +12,44 @@
 
 namespace QxHost {
 
-// A number of a rename in its batch that no rename has.
+// Denotes no rename. Renames are numbered by their positions in the batch.
 constexpr std::uint32_t kNoRow = std::numeric_limits<std::uint32_t>::max();
 
 class NameTree {
  public:
   using Id = std::uint32_t;
 
-  static constexpr Id kRoots = 0;  // the parent of all roots, which has no name
+  static constexpr Id kRoots = 0;  // the parent of all roots; has no name
 
   struct Node {
     Id parent;
     WStringView name;
-    std::uint32_t source = kNoRow;   // the rename of this file; of several the first
-    Id claimant = kRoots;            // the file that is to have this name, or kRoots
-    std::optional<DWORD> look = {};  // what FileView::Look says of it, once it was asked
+    std::uint32_t source = kNoRow;   // the rename of this file; the first one if there are several
+    Id claimant = kRoots;            // the file that will get this name, or kRoots
+    std::optional<DWORD> look = {};  // the result of FileView::Look, once it was requested
   };
 
-  // Room is made for `expected` nodes; there may be more.
+  // Reserves space for `expected` nodes; there may be more.
   NameTree(FileView& files, std::size_t expected);
 
-  // Returns the node of a name in a folder, and makes it if it is missing. The text must last as long as the
-  // tree. A node has a higher number than its folder.
+  // Returns the node of a name in a folder, and creates it if necessary. The text must outlive the tree. The
+  // number of a node is greater than that of its folder.
   Id Child(Id folder, WStringView name);
 
-  // Gives a node its spelling on the disk, which may differ from the present one in letter case.
+  // Changes a node's spelling to that on the disk, which may differ in letter case.
   void Spell(Id id, WStringView name);
 
-  // Whether there is a node of this name in the folder, whatever its letter case.
+  // Returns whether the folder has a node with this name in any letter case.
   bool HasLike(Id folder, WStringView name);
 
   Node& At(Id id) { return nodes_[id]; }
   const Node& At(Id id) const { return nodes_[id]; }
   Id Count() const { return static_cast<Id>(nodes_.size()); }
 
-  // 0 if the file exists on the disk.
+  // Returns 0 if the file exists on the disk, otherwise an error number.
   DWORD Look(Id id);
 
-  // The full path of a folder, with a backslash at its end. Valid until the next call.
+  // Returns the full path of a folder, with a backslash at its end. Valid until the next call.
   const WString& FolderPath(Id id);
   WString PathOf(Id id);
 
@@ -59,14 +59,14 @@ class NameTree {
 
   FileView& files_;
   std::vector<Node> nodes_;
-  std::unordered_multimap<std::uint64_t, Id> byHash_;  // of the name in upper case, and its folder
+  std::unordered_multimap<std::uint64_t, Id> byHash_;  // of the folder and the name in upper case
   WString upper_;
   std::vector<Id> variants_;
-  Id pathOwner_ = kRoots;  // whose path `path_` is
+  Id pathOwner_ = kRoots;  // the node whose path is in `path_`
   WString path_;
 };
 
-// The text in upper case, character by character.
+// Returns the text in upper case, converted character by character.
 WString InUpperCase(WStringView text);
 
 }  // namespace QxHost

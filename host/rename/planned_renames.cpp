@@ -22,13 +22,13 @@ struct RenamedFile {
   WString name;              // before the run
 };
 
-// The folders that the renames of a batch are in, each once.
+// The folders of the renames of a batch, each once.
 class BatchFolders {
  public:
   explicit BatchFolders(std::vector<WString>& paths) : paths_(paths) {}
 
   std::uint32_t Of(const FileItem& item) {
-    // Neighbours in a batch are often in one folder.
+    // Successive renames of a batch are often in one folder.
     if (lastParent_ && item.Parent() == lastParent_) return lastFolder_;
     const auto [entry, isNew] = byItem_.emplace(item.Parent(), 0);
     if (isNew) entry->second = Of(item.FolderPath());
@@ -52,7 +52,7 @@ class BatchFolders {
   std::unordered_map<WString, std::uint32_t> byPath_;
 };
 
-// The renames of a batch with their paths as they are before the run.
+// The renames of a batch with their paths before the run.
 class Gathered {
  public:
   explicit Gathered(std::deque<QueuedRename>& renames) {
@@ -75,7 +75,7 @@ class Gathered {
   WString PathOf(Row row) const { return wanted.folders[files[row].folder] + files[row].name; }
 
   std::vector<RenamedFile> files;
-  WantedRenames wanted;  // its texts are those of `files` and of the batch
+  WantedRenames wanted;  // its texts belong to `files` and to the batch
 
  private:
   void Add(QueuedRename& rename) {
@@ -103,7 +103,7 @@ class Gathered {
   BatchFolders folders_{wanted.folders};
 };
 
-// The files of the system, with folders that were read a moment ago.
+// The files on the disk. Uses the listings of folders that were just read.
 class ListedView final : public DiskView {
  public:
   explicit ListedView(FolderListings& listings) : listings_(listings) {}
@@ -120,27 +120,26 @@ class ListedView final : public DiskView {
   FolderListings& listings_;
 };
 
-// Gives items other names, on the disk and in their tree.
+// Renames items on the disk and in their tree.
 class ItemMover {
  public:
   explicit ItemMover(FileItemTree& tree) : tree_(tree) {}
 
-  // `from` is the item's path. 0, or the error number.
+  // `from` is the item's path. Returns 0 or the error number.
   DWORD Move(FileItem& item, const WString& from, WStringView newName) {
     to_.assign(from, 0, from.size() - item.Name().size());
     to_ += newName;
     const DWORD error = MoveItem(from, to_);
     if (error == ERROR_SUCCESS) tree_.Rename(item, newName);
-    return error == kRenameIgnored ? DWORD{ERROR_GEN_FAILURE}
-                                   : error;  // that number means something else here
+    return error == kRenameIgnored ? DWORD{ERROR_GEN_FAILURE} : error;  // as a result, 10 means ignored
   }
 
  private:
   FileItemTree& tree_;
-  WString to_;  // of the present move; kept for its memory
+  WString to_;  // of the current move; a member to reuse its memory
 };
 
-// Runs the chains of a plan and keeps the results.
+// Runs the chains of a plan and stores the results.
 class ChainRunner {
  public:
   ChainRunner(RenamePlan& plan, const Gathered& gathered, FileItemTree& tree, Output& output)
@@ -175,7 +174,7 @@ class ChainRunner {
     return mover_.Move(item, from_, newName);
   }
 
-  // False if the step fails, whose rename has the error as its result then.
+  // Returns false if the step fails, and stores the error as the result of the rename.
   bool Try(Row row, const WString& newName, std::vector<Step>& done) {
     WString oldName(ItemOf(row).Name());
     const DWORD error = Move(ItemOf(row), newName);
@@ -200,7 +199,7 @@ class ChainRunner {
     }
   }
 
-  // Each step is undone before the one that it followed, so that its old name is free.
+  // Undoes the steps in reverse order, so that each old name is free.
   void TakeBack(const std::vector<Step>& done) {
     for (auto step = done.rbegin(); step != done.rend(); ++step) {
       FileItem& item = ItemOf(step->row);
@@ -217,10 +216,10 @@ class ChainRunner {
   const Gathered& gathered_;
   ItemMover mover_;
   Output& output_;
-  WString from_;  // of the present move; kept for its memory
+  WString from_;  // of the current move; a member to reuse its memory
 };
 
-// Paths become items before the first rename, so that they too follow a folder above them.
+// Converts paths to items before the first rename, so that they change with the folders above them.
 void FindItems(Gathered& gathered, const RenamePlan& plan, FileItemTree& tree) {
   const std::vector<WString>& folders = gathered.wanted.folders;
   for (const Row row : plan.order) {

@@ -12,35 +12,36 @@
 
 namespace QxHost {
 
-// Called once for each rename, in the order of the batch, with the path as it was before the run.
+// Called once for each rename, in the order of the batch, with the path before the run.
 using RenameReport = std::function<void(const WString& from, QueuedRename& rename, u32 result)>;
 
-// A rename that nobody has asked for yet.
+// A rename whose result is to be predicted.
 struct ImaginedRename {
   const FileItem* item;
   WStringView newName;
 };
 
-// What RunPlanned would report of each of these renames, in their order.
+// The results that RunPlanned would report for these renames, in their order.
 struct ForetoldRenames {
   std::vector<u32> results;
-  // None is in the way of another or waits for one: in whichever order they are done, it comes to the same.
+  // True if no rename conflicts with another or waits for one, so that their order does not matter.
   bool areIndependent = false;
 };
 
-// Folders are not read that stand in `listings`; those that are looked up are taken out of it.
+// Predicts the results of RunPlanned. Uses the listings of folders instead of reading these folders, and
+// removes those that it has used.
 ForetoldRenames ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings);
 
-// Does what the plan lets pass, or nothing if `isDryRun`, and then reports all. A file that cannot be moved
-// leaves those that wait for its name as they are. If a step of a cycle fails, its other files take their old
-// names back; where the system refuses that too, a line of `output` names the file that keeps a temporary
-// name. After an interruption (interruption.h) nothing more is renamed (1223), but for the rest of a cycle
-// that has begun.
+// Does the renames that the plan allows, or none if `isDryRun`, and then reports all. If a file cannot be
+// moved, those that wait for its name are not renamed. If a step of a cycle fails, the other files of the
+// cycle get their old names back; if the system refuses that too, a line of `output` names the file that
+// still has a temporary name. After an interruption (interruption.h) nothing more is renamed (1223), except
+// for the rest of a cycle that has begun.
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
                 const RenameReport& report);
 
-// The same without a look at the disk, for renames of items that ForetellPlanned has found to be independent.
-// Each is reported when it is done.
+// Does the same without examining the disk, for renames of items that ForetellPlanned has found to be
+// independent. Reports each rename when it is done.
 void RunIndependent(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun,
                     const RenameReport& report);
 

@@ -60,7 +60,7 @@ class FileSearch {
 
   bool IsMeeting(std::size_t index) const { return !meeting_.empty() && meeting_[index]; }
 
-  // All entries, those of upper folders first if the place of a folder may depend on them.
+  // Returns all entries, those in upper folders first if the place of a folder may depend on them.
   std::vector<std::size_t> FoldersFirst() {
     hasRenamedFolders_ = !meeting_.empty() && std::ranges::find(meeting_, false) == meeting_.end();
     std::vector<std::size_t> order(session_.entries.size());
@@ -76,7 +76,7 @@ class FileSearch {
     return order;
   }
 
-  // Where the folder is that had this path before the run.
+  // Returns the present place of the folder that had this path before the run.
   PlaceNow FolderNow(const WString& folder) {
     if (!hasRenamedFolders_) return {folder};
     const std::size_t end = folder.find_last_not_of(W('\\'));
@@ -90,7 +90,7 @@ class FileSearch {
     return places_[key] = place;
   }
 
-  // Of the files that are found here some are folders, and others are in them.
+  // Records the place of a file, which may be a folder that contains other files of the session.
   void KeepPlace(std::size_t index, const PresentFile& file, const PlaceNow& folder) {
     const MultiRenameUndoEntry& entry = session_.entries[index];
     const bool isBack = file.presence == Presence::kBack;
@@ -101,7 +101,7 @@ class FileSearch {
     PlaceNow place = folder;
     place.path = PathInFolder(folder.path, name);
     place.isHeld = place.isHeld || (!isBack && HoldsFolder(place.path, currentFolder_));
-    // That it is not found says nothing where its path is too long to look.
+    // If the path is too long for a search, not finding the file does not show that it is lost.
     const bool isFound = isBack || isThere || file.found != kNoFile;
     place.isLost = place.isLost || (!isFound && NotedOf(index) != kNoFile && indexes_.CanLookIn(folder.path));
     places_[PathKey(PathInFolder(entry.folder, entry.oldName))] = std::move(place);
@@ -117,8 +117,8 @@ class FileSearch {
       return {isBack ? Presence::kBack : Presence::kByName};
     }
     if (!IsMeeting(index)) return {};
-    // Someone has taken the notes away, or the window has written the file; its undos before this one, if
-    // they did not come to their ends, have left none either.
+    // There are no notes: they were removed, or MultiRename's window wrote the file. An undo of the window
+    // that was cut off has left no notes either.
     const bool isAtOld = indexes_.Of(folder, entry.oldName) != kNoFile;
     if (session_.haveRestored && isAtOld) return {Presence::kBack};
     const FileIndex atNew = indexes_.Of(folder, newName);
@@ -132,7 +132,7 @@ class FileSearch {
     const WString newName(NameToMake(entry.newName));
     const FileIndex atOld = indexes_.Of(folder, entry.oldName);
     const FileIndex atNew = indexes_.Of(folder, newName);
-    // A file with two hard links may be renamed under both names. The new one says more then.
+    // A file with two hard links may have been renamed under both names. The new name then decides.
     const bool isTwice = notedTwice_.contains(file);
     const bool isNew = atNew == file && IsSpelled(folder, newName, entry.oldName);
     const bool isOld = atOld == file && IsSpelled(folder, entry.oldName, newName);
@@ -143,7 +143,7 @@ class FileSearch {
         if (indexes_.Of(folder, name) == file) return {Presence::kThere, name};
       }
     }
-    // Some programs save a file by making a new one in its place.
+    // Some programs save a file by creating a new one in its place.
     const bool isOtherAtOld = atOld != kNoFile && !noted_.contains(atOld);
     const bool isOtherAtNew = atNew != kNoFile && !noted_.contains(atNew);
     const bool mayBeBack = isOtherAtOld && (notes_.isPlan || session_.haveRestored);
@@ -152,8 +152,8 @@ class FileSearch {
     return {atNew == kNoFile ? Presence::kByName : Presence::kTaken};
   }
 
-  // Whether the file that is found under `name` is called so, and not `other`, where names that differ in
-  // letter case alone are one.
+  // Returns whether the file that is found under `name` has this spelling, and not that of `other`, if names
+  // that differ only in letter case are equal.
   static bool IsSpelled(const WString& folder, const WString& name, const WString& other) {
     if (name.size() != other.size() || PathKey(name) != PathKey(other)) return true;
     const WString spelled = NameOnDisk(PathInFolder(folder, name));

@@ -1,9 +1,9 @@
-// Where the files of an undo file are now. A run, and an undo of it, may have ended at any step, or been
-// tried before, so that each file has its old name, its new one, or a temporary one in between; and the user
-// may have changed some since.
+// Finds the present names of the files of an undo file. A run, or an undo of it, may have ended at any step
+// or have been tried before, so each file may have its old name, its new name, or a temporary name; and the
+// user may have changed some files since.
 //
-// An example: two files exchange their names, and the program is killed after the first step of the three
-// that it takes. The undo file and the folder are then
+// Example: two files exchange their names, and the program is killed after the first of the three steps that
+// this takes. The undo file and the folder are then
 //
 //   ;qxhost planned
 //   Z:\f|a|b                     a.qxhost-tmp   has the number 11
@@ -12,12 +12,12 @@
 //   ;1 11
 //   ;2 12
 //
-// File 11 is not called a, nor b, but a temporary name of a: it comes back from there. File 12 is called b,
-// its old name: there is nothing to take back. If the undo is killed in its turn, or repeated, the next one
-// looks in the same way, and finds each file wherever the one before has left it. By names alone, b would be
-// there to become a.
+// File 11 has neither the name a nor the name b, but a temporary name of a, from which it is restored. File
+// 12 has its old name b, so there is nothing to restore. If the undo is killed too, or repeated, the next one
+// finds each file in the same way, wherever the previous one has left it. By the names alone, an undo would
+// rename b to a.
 //
-// Most files need no number (meeting_names.h), and their new names say it.
+// Most files need no number, as their new names identify them (meeting_names.h).
 #pragma once
 
 #include <vector>
@@ -27,21 +27,21 @@
 namespace QxHost {
 
 enum class Presence {
-  kByName,  // look for it under its new name; the rename reports it if it is not there
-  kThere,   // it has the name that PresentFile says
+  kByName,  // to be found by its new name; the rename reports it if it does not exist
+  kThere,   // it has the name in PresentFile::name
   kBack,    // it has its old name
-  kTaken,   // its new name is that of another file, or may be; or its folder is gone
-  kHeld     // it is in a folder that cannot be renamed, as it is the current one or one above it
+  kTaken,   // its new name is, or may be, that of another file, or its folder no longer exists
+  kHeld     // it is in a folder that cannot be renamed: the current one or one above it
 };
 
 struct PresentFile {
   Presence presence = Presence::kByName;
   WString name = {};
-  // The file that goes by its name, where it should have been noted: kNoFile for all others.
+  // The file that was found by its name, although it should have been noted; kNoFile for all others.
   FileIndex found = kNoFile;
 };
 
-// Returns where the file of each entry is. `currentFolder` is the full path of the current folder. Reads
+// Returns the place of each entry's file. `currentFolder` is the full path of the current folder. Uses
 // `session.haveRestored`.
 std::vector<PresentFile> FindPresentFiles(const Velmora::SDK::MultiRenameUndo& session,
                                           const UndoNotes& notes, const WString& currentFolder);

@@ -6,7 +6,7 @@
 namespace QxHost {
 namespace {
 
-// Of every file system that Windows knows.
+// The limit of all file systems of Windows.
 constexpr std::size_t kMostNameChars = 255;
 
 }  // namespace
@@ -29,7 +29,8 @@ u32 RefusalOf(WStringView newName, WStringView given, bool hasPath, bool isDrive
   if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
   if (newName.size() > kMostNameChars) return ERROR_FILENAME_EXCED_RANGE;
   if (isDrive) return ERROR_ACCESS_DENIED;
-  // Natively a file may have a name that could not be made; it stays when it is asked for.
+  // In the native build a file may have a name that could not be created. Requesting it again leaves the file
+  // unchanged.
   const bool stays = newName == presentName || given == presentName;
   return stays ? u32{Velmora::SDK::kRenameIgnored} : 0;
 }

@@ -39,7 +39,7 @@ class RenameBatch final : public OwnedByModule<RenameBatch, Velmora::SDK::IHostR
   void AddByItem(Velmora::SDK::IHostFileItem* item, const WCHAR* newName, void* userData) override {
     renames.emplace_back(item, nullptr, newName, userData);
   }
-  // 0 before the run.
+  // Returns 0 before the run.
   u32 Count() override { return wasRun ? static_cast<u32>(renames.size()) : 0; }
   Velmora::SDK::IHostRenameResult* At(u32 index) override {
     return index < Count() ? &renames[index] : nullptr;
@@ -49,25 +49,26 @@ class RenameBatch final : public OwnedByModule<RenameBatch, Velmora::SDK::IHostR
   bool wasRun = false;
 };
 
-// The new name as it is made. That of an item has no dots and blanks at its end, which the system cuts. A
-// rename by path brings back a name that was there, so it is made as it was given.
+// Returns the new name as it will be created. Dots and blanks at the end of an item's new name are removed,
+// as the system removes them. A rename by path restores an earlier name, so its name is used unchanged.
 WStringView NameToMakeOf(const QueuedRename& rename);
 
-// The same for a message: as it was given where nothing of it is made.
+// Returns the new name for messages: the name as given if the name to create is empty.
 WString NameOfRename(const QueuedRename& rename);
 
-// Why the rename of a file failed.
+// Returns the reason for which the rename of a file failed.
 std::string RenameErrorText(const WString& fullPath, u32 result);
 
-// The full path of a rename by path. Nothing if it is not renamed: it must not depend on the current folder.
+// Returns the full path of a rename by path; std::nullopt if the path is relative, as a rename must not
+// depend on the current folder.
 std::optional<WString> PathOfRename(const QueuedRename& rename);
 
-// What is wrong with a rename to `newName`, which was made of `given`, whatever files there are: a file
-// without a path (161), a name that cannot be one (123) or is too long (206), a drive (5), the present name
-// (10, which is no failure). 0 if nothing is.
+// Returns the error of a rename to `newName`, which was derived from `given`, as far as it does not depend on
+// other files: no full path (161), a name that is not possible (123) or too long (206), a drive (5), the
+// present name (10, which is not a failure). Returns 0 if there is no error.
 u32 RefusalOf(WStringView newName, WStringView given, bool hasPath, bool isDrive, WStringView presentName);
 
-// True for the folder `current` and for those above it.
+// Returns whether the folder is `current` or one above it.
 bool HoldsFolder(const WString& fullPath, const WString& current);
 
 }  // namespace QxHost

@@ -57,7 +57,7 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   if (rename.result == kRenameDone || rename.result == kRenameIgnored) return;
   if (rename.result == ERROR_CANCELLED) {
     hasFailed_ = true;
-    ++untried_;  // one line is for all of them
+    ++untried_;  // one message reports all of them
     return;
   }
   std::string line = "cannot rename " + ToUtf8(from) +

@@ -1,4 +1,4 @@
-// Service 3000: looking files up, and renames that are real.
+// Service 3000: looks files up and renames them.
 #pragma once
 
 #include <functional>
@@ -13,8 +13,8 @@ namespace QxHost {
 
 class FileOperation final : public Velmora::SDK::IHostFileOperation {
  public:
-  // With `dryRun` renames are reported as they would go, and not done. With `inOrder` each is tried once, in
-  // order, as it comes, instead of being planned.
+  // With `dryRun`, reports the results that renames would have and does not rename. With `inOrder`, tries
+  // each rename once, in order, instead of planning them.
   FileOperation(FileItemTree& items, Reporter& reporter, Output& output, bool dryRun, bool inOrder = false)
       : items_(items), reporter_(reporter), output_(output), dryRun_(dryRun), inOrder_(inOrder) {}
 
@@ -23,31 +23,32 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
 
   int FileExists(const WCHAR* path) override;
   Velmora::SDK::IHostFileItem* GetFileItem(const WCHAR* path, u32 one) override;
-  // The list stays its owner's, who releases it.
+  // The list belongs to its owner, which releases it.
   void ReleaseFileList(Velmora::SDK::IHostFileList*) override {}
   Velmora::SDK::IHostRenameBatch* CreateRenameBatch() override { return RenameBatch::Lend(); }
   void ReleaseRenameBatch(Velmora::SDK::IHostRenameBatch* batch) override {
     if (batch) batch->Release();
   }
-  // The batch is planned as a whole (rename_plan.h) unless they are to run in order; results and callbacks
-  // come in its order. Dots and blanks at the end of an item's new name are left out, as the system does;
-  // a path gets its name as it was given. A rename that fails is reported and does not stop the others. A
-  // name that cannot be one is refused (123), a name that stays is ignored (10), and a file that exists is
-  // never replaced.
+  // Plans the batch as a whole (rename_plan.h), unless renames are to run in order. Results and callbacks are
+  // in the order of the batch. Removes dots and blanks from the end of an item's new name, as the system
+  // does; uses the name of a rename by path unchanged. Reports a rename that fails and continues with the
+  // others. Refuses a name that is not possible (123), ignores a rename to the present name (10), and never
+  // replaces an existing file.
   void RunBatch(Velmora::SDK::IHostRenameBatch* batch,
                 Velmora::SDK::IRenameResultCallback* callback) override;
   void RunPathBatch(Velmora::SDK::IHostRenameBatch* batch,
                     Velmora::SDK::IRenameResultCallback* callback) override;
 
-  // Whether a rename has failed, or would have in a dry run. A name that stays is no failure.
+  // Returns whether a rename has failed, or would have failed in a dry run. A rename to the present name is
+  // not a failure.
   bool HasFailed() const { return hasFailed_; }
 
-  // The results of the last batch, in its order.
+  // Returns the results of the last batch, in its order.
   const std::vector<u32>& LastResults() const { return lastResults_; }
 
-  // From now on renames of files that no path leads to, for its length too (3, 206), are not reported as
-  // failed before ReportOutOfReach: when the folders above have other names they can be tried again.
-  // ForgetOutOfReach is for that.
+  // After HoldOutOfReach, failures because a path does not exist or is too long (3, 206) are not reported
+  // until ReportOutOfReach: these renames can be tried again after folders above them have been renamed.
+  // ForgetOutOfReach discards the failures so far, for another try.
   void HoldOutOfReach() { holdsOutOfReach_ = true; }
   void ForgetOutOfReach() { outOfReach_.clear(); }
   void ReportOutOfReach();
@@ -55,10 +56,11 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
     return result == ERROR_PATH_NOT_FOUND || result == ERROR_FILENAME_EXCED_RANGE;
   }
 
-  // The next batch is of items alone, and the very renames that ForetellPlanned has found to be independent.
+  // Declares that the next batch consists of items only, with exactly the renames that ForetellPlanned has
+  // found to be independent.
   void ExpectIndependent() { isNextIndependent_ = true; }
 
-  // The renames that were left out (1223) after an interruption.
+  // Returns the number of renames that were skipped (1223) after an interruption.
   std::size_t Untried() const { return untried_; }
 
  private:
@@ -74,7 +76,7 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   bool hasFailed_ = false;
   bool isNextIndependent_ = false;
   bool holdsOutOfReach_ = false;
-  std::vector<std::string> outOfReach_;  // lines
+  std::vector<std::string> outOfReach_;  // messages
   std::vector<u32> lastResults_;
   std::size_t untried_ = 0;
 };

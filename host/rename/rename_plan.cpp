@@ -19,21 +19,21 @@ using Velmora::SDK::kRenameIgnored;
 
 constexpr unsigned kMostTemporaryNames = 1000;
 
-// A folder as the batch names it.
+// A folder in the spelling of the batch.
 struct WantedFolder {
-  Id node = NameTree::kRoots;   // as it is on the disk; kRoots if it was not asked for yet
-  Id moved = NameTree::kRoots;  // what is to have this path after the folders above it are renamed
-  Row mover = kNoRow;           // the lowest rename of a folder that makes the difference
+  Id node = NameTree::kRoots;   // as it is on the disk; kRoots if not looked up yet
+  Id moved = NameTree::kRoots;  // the folder that will have this path after renames above it
+  Row mover = kNoRow;           // the rename of the lowest folder above that changes the path
 };
 
 struct WantedRow {
   Id source = NameTree::kRoots;
   Id target = NameTree::kRoots;
-  Row waitsFor = kNoRow;  // the rename of a folder that must be done before
+  Row waitsFor = kNoRow;  // the rename of a folder that must be done first
   std::uint32_t chain = kNoRow;
 };
 
-// The names of a path, one by one.
+// Visits the names of a path one after the other.
 template <typename Visit>
 void ForEachName(WStringView path, Visit visit) {
   while (!path.empty()) {
@@ -43,7 +43,7 @@ void ForEachName(WStringView path, Visit visit) {
   }
 }
 
-// True for an error that says that a name is wrong, not that there is no file.
+// Returns whether the error means that the name is invalid, and not that the file does not exist.
 bool RefusesName(DWORD error) {
   return error == ERROR_INVALID_NAME || error == ERROR_FILENAME_EXCED_RANGE || error == ERROR_BAD_PATHNAME;
 }
@@ -86,7 +86,7 @@ class Planner {
     Row first;
   };
 
-  // The rows that are neither refused nor decided.
+  // Returns the rows that are neither refused nor decided.
   std::vector<Row> OpenRows() const {
     std::vector<Row> rows;
     for (Row row = 0; row < wanted_.rows.size(); ++row) {
@@ -103,8 +103,8 @@ class Planner {
     }
   }
 
-  // The open rows with those in upper folders first, so that the later names of the folders above a path are
-  // known.
+  // Returns the open rows, those in upper folders first, so that the later names of the folders above a path
+  // are known.
   std::vector<Row> ByDepth() const {
     std::vector<std::size_t> depths;
     for (const WString& folder : wanted_.folders) {
@@ -142,7 +142,7 @@ class Planner {
     return currentUpper_.compare(0, path.size(), InUpperCase(path)) == 0 && files_.AreOneFile(above, path);
   }
 
-  // Puts the names of a rename into the tree, unless it is refused for its own sake.
+  // Enters the names of a rename in the tree, unless it is refused regardless of the others.
   void Enter(Row row) {
     const WantedRename& wanted = wanted_.rows[row];
     const WantedFolder folder = Folder(wanted.folder);
@@ -158,7 +158,7 @@ class Planner {
         rows_[row].waitsFor = folder.mover;
       }
     }
-    // All paths below a folder that is renamed have one spelling of it. Its own is known by now.
+    // All paths below a renamed folder use that folder's own spelling, which is known by now.
     if (wanted.isByPath && tree_.FolderPath(parent) != wanted_.folders[wanted.folder]) {
       plan_.folders[row] = OtherFolder(parent);
     }
@@ -197,7 +197,7 @@ class Planner {
   bool IsEntered(Row row) const { return rows_[row].source != NameTree::kRoots; }
   bool IsDone(Row row) const { return IsEntered(row) && plan_.results[row] == 0; }
 
-  // Whether a file stays under the name.
+  // Returns whether a file keeps the name.
   bool IsKept(Id name) {
     const Row row = tree_.At(name).source;
     if (row == kNoRow) return tree_.Look(name) == ERROR_SUCCESS;
@@ -205,7 +205,7 @@ class Planner {
   }
 
   void RefuseWhatCannotBe() {
-    // By row: the first that waits for this folder, and the next that waits for the same.
+    // By row: the first row that waits for this folder, and the next row that waits for the same folder.
     std::vector<Row> firstWaiting(rows_.size(), kNoRow);
     std::vector<Row> nextWaiting(rows_.size(), kNoRow);
     std::vector<Row> refused;
@@ -242,13 +242,13 @@ class Planner {
     }
   }
 
-  // The row that frees the name that `row` waits for. kNoRow if the name is free.
+  // Returns the row that frees the name for which `row` waits; kNoRow if the name is free.
   Row NextInChain(Row row) const {
     const Id target = rows_[row].target;
     return target == rows_[row].source ? kNoRow : tree_.At(target).source;
   }
 
-  // The row that waits for the name that `row` frees.
+  // Returns the row that waits for the name that `row` frees.
   Row WaitingFor(Row row) const {
     const Id claimant = tree_.At(rows_[row].source).claimant;
     const Row waiting = claimant == NameTree::kRoots ? kNoRow : tree_.At(claimant).source;
@@ -266,8 +266,8 @@ class Planner {
     }
   }
 
-  // `first` runs first, and then each row that waits for the one before, up to `aside`, the row of a cycle
-  // that has gone to a temporary name before. kNoRow if the chain has a free end.
+  // Adds a chain: `first`, and then each row that waits for the one before. In a cycle `aside` is the last
+  // row, whose file has got a temporary name before; kNoRow if the chain has a free end.
   void AddChain(Row first, Row aside) {
     const auto number = static_cast<std::uint32_t>(plan_.chains.size());
     RenameChain chain;
@@ -276,7 +276,7 @@ class Planner {
       plan_.order.push_back(row);
       rows_[row].chain = number;
       ++chain.count;
-      // All of a chain are in one folder, so of two folders above them one is in the other.
+      // All files of a chain are in one folder, so of two folders above it one contains the other.
       const Row mover = rows_[row].waitsFor;
       if (mover != kNoRow &&
           (chain.waitsFor == kNoRow || rows_[mover].source > rows_[chain.waitsFor].source)) {
@@ -290,7 +290,7 @@ class Planner {
     plan_.chains.push_back(chain);
   }
 
-  // Returns a name that no file has or is to have. If every name tried is taken, the run reports it.
+  // Returns a name that no file has or will have. If all names tried are taken, the run reports the error.
   WString TemporaryNameFor(Row row) {
     const Id folder = tree_.At(rows_[row].source).parent;
     WString name;
@@ -303,15 +303,16 @@ class Planner {
   }
 
   void OrderChains() {
-    // By node: the nearest folder above it that is renamed, as the row of its rename.
+    // By node: the row that renames the nearest renamed folder above it.
     std::vector<Row> above(tree_.Count(), kNoRow);
     for (Id node = 1; node < tree_.Count(); ++node) {
       const Id parent = tree_.At(node).parent;
       const Row rename = tree_.At(parent).source;
       above[node] = rename != kNoRow && IsDone(rename) ? rename : above[parent];
     }
-    // The chains in its folders that run before a chain, and after it; in the order of the batch, and the
-    // chains in no folder that is renamed are those of the last one.
+    // For each chain that renames a folder: the chains in that folder which run before it, and those which
+    // run after it, in the order of the batch. The last list contains the chains that are in no renamed
+    // folder.
     const std::size_t count = plan_.chains.size();
     std::vector<std::uint32_t> firstBefore(count, kNoRow);
     std::vector<std::uint32_t> firstAfter(count + 1, kNoRow);
@@ -326,8 +327,8 @@ class Planner {
     }
     std::vector<RenameChain> ordered;
     ordered.reserve(count);
-    // What is still to run: lists of chains, each from the one that is named on. A chain is `entered` after
-    // those before it.
+    // The lists that remain to be run, each from its next chain on. A chain is marked as entered when those
+    // that run before it are added.
     std::vector<std::uint32_t> lists = {firstAfter[count]};
     std::vector<bool> isEntered(count, false);
     while (!lists.empty()) {
@@ -350,7 +351,7 @@ class Planner {
   FileView& files_;
   std::vector<bool> isDecided_;  // flat_renames.h
   std::vector<Row> open_;
-  std::vector<WantedRow> rows_;  // none if no row is open
+  std::vector<WantedRow> rows_;  // empty if no row is open
   NameTree tree_;
   std::vector<WantedFolder> folders_;
   std::vector<Twin> twins_;

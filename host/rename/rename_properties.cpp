@@ -10,7 +10,7 @@ namespace {
 
 using Velmora::SDK::RenameTag;
 
-// The names of the properties that the templates ask for, each once.
+// Returns the names of the properties in the templates, each once.
 std::vector<WString> AskedProperties(const RenameRules& rules) {
   std::vector<WString> names;
   for (const WString& text : {rules.filename, rules.extension}) {
@@ -26,8 +26,8 @@ std::vector<WString> AskedProperties(const RenameRules& rules) {
 
 bool AsksForProperty(const RenameRules& rules) { return !AskedProperties(rules).empty(); }
 
-// The engine's worker asks for the values while the main thread waits for it, so the tree of items has one
-// user at a time.
+// The engine's worker requests the values while the main thread waits for it, so only one thread at a time
+// uses the tree of items.
 void AddColumnsAsProperties(Run& run) {
   Extensions& extensions = run.LoadExtensions();
   extensions.Start();

@@ -1,4 +1,4 @@
-// The properties of files that templates of renames ask for.
+// The file properties in the templates of renames.
 #pragma once
 
 #include "host/rename/rename_rules.h"
@@ -6,13 +6,13 @@
 
 namespace QxHost {
 
-// Whether a template has a tag of a property.
+// Returns whether a template has a property tag.
 bool AsksForProperty(const RenameRules& rules);
 
-// Makes the columns of the module's extensions known as properties of files.
+// Registers the columns of the module's extensions as file properties.
 void AddColumnsAsProperties(Run& run);
 
-// Says which tags name no property that is known, and are empty for it.
+// Warns of tags whose property is unknown and which are therefore empty.
 void WarnOfUnknownProperties(Shared& shared, const RenameRules& rules);
 
 }  // namespace QxHost

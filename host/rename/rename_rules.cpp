@@ -48,7 +48,7 @@ constexpr RuleName kParts[] = {
 };
 
 constexpr u32 kPartsMask = kSearchNameAndExtension | kSearchName | kSearchExtension;
-constexpr std::size_t kMostOfTemplate = 1024;  // characters; the engine reads no more
+constexpr std::size_t kMostOfTemplate = 1024;  // characters; the engine uses no more
 constexpr s32 kMostDigits = 1023;
 
 template <std::size_t size>
@@ -104,7 +104,7 @@ SearchAndReplaceItems SavedPairs(IHostApp& host, const std::string& text) {
   }
   std::string others;
   for (const auto& [other, items] : lists.Lists()) {
-    if (other > FindReplaceManager::kLastList) continue;  // no key brings it back
+    if (other > FindReplaceManager::kLastList) continue;  // no key loads it
     others += (others.empty() ? "" : ", ") + std::to_string(other);
   }
   throw BadCall("--pairs: there is no list " + std::to_string(number) +
@@ -118,7 +118,7 @@ RenameRules SavedRules(IHostApp& host, const std::string& name) {
   return RulesOfProfile(ProfileNamed(profiles, name));
 }
 
-// As it was without a value.
+// Leaves the flag unchanged if there is no value.
 void SetFlag(u32& flags, u32 flag, const std::optional<bool>& value) {
   if (value) flags = *value ? flags | flag : flags & ~flag;
 }
@@ -207,7 +207,7 @@ RenameRules RulesOfProfile(const MultiRenameProfile& profile) {
   rules.start = NumberText(static_cast<s32>(profile.startAt));
   rules.step = NumberText(static_cast<s32>(profile.stepBy));
   rules.digits = NumberText(static_cast<s32>(profile.digits));
-  // The panel shows its first line for a rule that is not on its list.
+  // The panel selects its first line for a rule that is not in its list.
   const bool isKnown = std::ranges::any_of(
       kCaseRules, [&profile](const RuleName& row) { return row.value == profile.caseRule; });
   rules.caseRule = isKnown ? profile.caseRule : u32{kCaseNone};

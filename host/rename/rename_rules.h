@@ -1,4 +1,5 @@
-// The rules of `qxhost rename`: what the command line says of them, over a saved profile or the defaults.
+// The rules of `qxhost rename`: the options of the command line, applied to a saved profile or to the
+// defaults.
 #pragma once
 
 #include <optional>
@@ -10,7 +11,7 @@
 
 namespace QxHost {
 
-// As given; a text that was not given is nothing, where an empty one is something.
+// The options as given. An option that was not given is std::nullopt, which differs from an empty text.
 struct RuleOptions {
   std::optional<std::string> name;
   std::optional<std::string> extension;
@@ -28,11 +29,11 @@ struct RuleOptions {
   std::optional<bool> caseSensitive;
 
   bool AnyGiven() const;
-  // Whether something is said of how to search, with or without a text to search for.
+  // Returns whether an option for the search is given, with or without a text to search for.
   bool AnySearchSwitch() const { return regex || replaceAll || caseSensitive || parts; }
 };
 
-// The values of a new window, until something else is said.
+// The rules. Initially those of a new window.
 struct RenameRules {
   WString filename = W("[N]");
   WString extension = W("[E]");
@@ -41,36 +42,36 @@ struct RenameRules {
   WString digits = W("2");
   Velmora::SDK::u32 caseRule = 0;
   Velmora::SDK::u32 searchFlags = 0;
-  Velmora::SDK::SearchAndReplaceItems pairs;  // as they are searched for, without the quotes of the panel
+  Velmora::SDK::SearchAndReplaceItems pairs;  // without the quotes in the panel's list
 };
 
-// Reads the profile or the list of pairs from the host's folder where the options name one. What is given
-// beside them takes their place. Throws BadCall for what can be no rule.
+// Reads the profile or the list of pairs that the options name from the host's folder; the other options
+// replace its values. Throws BadCall for an invalid option.
 RenameRules RulesOf(const RuleOptions& options, Velmora::SDK::IHostApp& host);
 
-// Throws BadCall for a text that should be a regular expression and is not one.
+// Throws BadCall if a text must be a regular expression and is not valid.
 void CheckExpressions(const RenameRules& rules);
 
-// The number of a saved list of pairs. Throws BadCall for any other text.
+// Returns the number of a saved list of pairs. Throws BadCall for any other text.
 Velmora::SDK::s32 PairsNumber(const std::string& option, const std::string& text);
 
-// Rules as a profile keeps them, and back.
+// Convert rules to a profile, with the losses of its format, and back.
 std::unique_ptr<Velmora::SDK::MultiRenameProfile> ProfileOf(const WString& name, const RenameRules& rules);
 RenameRules RulesOfProfile(const Velmora::SDK::MultiRenameProfile& profile);
 
-// The profile of that name, without regard to case. Throws BadCall, with the nearest name, if it does not
-// exist.
+// Returns the profile with this name, ignoring letter case. Throws BadCall, with the nearest name, if it does
+// not exist.
 const Velmora::SDK::MultiRenameProfile& ProfileNamed(const Velmora::SDK::MultiRenameProfiles& profiles,
                                                      const std::string& name);
 
-// Throws BadCall if the file exists and is no XML document: it would look empty, and be lost when it is
-// saved.
+// Throws BadCall if the file exists and is not an XML document: it would be read as empty, and the next save
+// would overwrite it.
 void CheckIsReadable(Velmora::SDK::IHostApp& host, const WString& path);
 
-// What the engine is given for these rules and rows.
+// Returns the input of the engine for these rules and rows.
 Velmora::SDK::RuleInput InputOf(const RenameRules& rules, const Velmora::SDK::SharedItems& rows);
 
-// As --case and --parts take them; the number where a case rule has no name.
+// Return the values of --case and --parts; the number of a case rule without a name.
 std::string CaseRuleName(Velmora::SDK::u32 caseRule);
 std::string PartsName(Velmora::SDK::u32 searchFlags);
 extern const char* const kCaseRuleNames;  // for messages and the help

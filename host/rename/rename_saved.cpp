@@ -17,7 +17,7 @@ namespace {
 using namespace Velmora::SDK;
 
 constexpr WStringView kProfileBlanks = W(" \t\r\n");
-constexpr std::size_t kMostOfProfileName = 1023;  // the reader of the file takes no more
+constexpr std::size_t kMostOfProfileName = 1023;  // the reader of the file uses no more
 constexpr u32 kMostTemplates = 20;                // of a history
 
 WString ProfileName(const std::string& text) {
@@ -34,8 +34,8 @@ bool MayReplace(Shared& shared, const WString& name) {
   return shared.questions.AskBox(W("Save profile"), question, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
-// While one exists, no other run of the host saves rules: of two that read a file and write it again, one
-// would lose what the other saved.
+// Makes other runs of the host wait before they save rules: of two that read a file and then write it, one
+// would lose the changes of the other.
 class SavingInTurn {
  public:
   explicit SavingInTurn(Shared& shared) {
@@ -53,7 +53,7 @@ struct ProfileLoss {
   bool isLost;
 };
 
-// A profile keeps no switches without pairs, no extension as the only part, and cuts long texts.
+// A profile does not store switches without pairs or the extension as the only part, and cuts long texts.
 std::string LossesOfProfile(const RenameRules& given, const RenameRules& kept) {
   constexpr u32 kSwitches = kSearchRegex | kSearchReplaceAll | kSearchCaseSensitive;
   const u32 lost = given.searchFlags & ~kept.searchFlags;
@@ -155,7 +155,7 @@ void ListPairs(Shared& shared, IHostApp& host) {
   lists.Load();
   CheckIsReadable(host, lists.FilePath());
   for (const auto& [number, pairs] : lists.Lists()) {
-    // No key brings another one back, and --pairs takes none.
+    // No key loads the other lists, and --pairs does not accept them.
     if (number > FindReplaceManager::kLastList) continue;
     shared.reporter.Pairs(number, CollectSearchItems(PairRows(pairs), true));
   }
@@ -180,7 +180,7 @@ bool SavePairs(Shared& shared, IHostApp& host, const std::string& text, const Re
   }
   shared.reporter.Say("saved " + std::to_string(kept->size()) + (kept->size() == 1 ? " pair" : " pairs") +
                       " as list " + std::to_string(number));
-  // As --pairs uses them.
+  // Compares them as --pairs uses them.
   if (CollectSearchItems(PairRows(*kept), true) != rules.pairs)
     shared.output.Problem("note: the list does not keep the pairs as they were given");
   return true;

@@ -15,7 +15,7 @@ namespace {
 
 using namespace Velmora::SDK;
 
-// The extension that the window belongs to: the settings and histories are the same.
+// The extension with the window, so that both use the same settings and histories.
 constexpr u32 kMultiRenameIndex = 2;
 constexpr const char* kMultiRenameModule = "QXMultiRename";
 
@@ -97,7 +97,8 @@ MultiRenameUndo RenameSession::Planned() {
 
 void RenameSession::Run() {
   MultiRenameUndoStore& store = engine_->undoStore;
-  // A store that counts as read keeps the session of the run. Those of the other files are not needed.
+  // A store that is marked as loaded records the session of the run. The sessions of other files are not
+  // needed.
   store.loaded = true;
   store.sessions.clear();
   if (areIndependent_) shared_.fileOperation.ExpectIndependent();
@@ -132,7 +133,7 @@ void RenameSession::Restore(const MultiRenameUndo& session) {
   const SharedItems rows = LoadSession(session);
   std::vector<MultiRenameItem*> order;
   for (MultiRenameItem& row : *rows) {
-    // What the run asked for is not what it made where the system cuts a name.
+    // If the system cuts a name, the file does not have the name that the run requested.
     if (const WStringView made = NameToMake(row.newName); !made.empty()) row.newName.resize(made.size());
     order.push_back(&row);
   }
@@ -153,7 +154,7 @@ void RenameSession::Restore(const MultiRenameUndo& session) {
     status.succeeded += std::exchange(succeeded, status.succeeded + succeeded);
     status.ignored += std::exchange(ignored, status.ignored + ignored);
     status.failed += std::exchange(failed, status.failed + failed);
-    // What a path was too long for may be in reach, now that the folders above have their old names.
+    // Paths that were too long may be reachable now that the folders above have their old names.
     std::vector<MultiRenameItem*> again;
     const std::vector<u32>& results = operation.LastResults();
     for (std::size_t index = 0; index < results.size() && index < order.size(); ++index) {

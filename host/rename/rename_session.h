@@ -1,4 +1,4 @@
-// MultiRename without its window: the engine in this process, with all of the host at its service.
+// MultiRename without its window: the engine in this process, with all services of the host.
 #pragma once
 
 #include <string>
@@ -12,67 +12,68 @@ namespace QxHost {
 
 class RenameSession {
  public:
-  // Makes the folder of undo files. Throws ModuleFailure if the engine's thread cannot be had.
+  // Creates the folder of the undo files. Throws ModuleFailure if the engine's thread cannot be created.
   explicit RenameSession(Shared& shared);
 
-  // Reads the selection and computes its new names. Throws BadCall for a text that is no regular expression.
+  // Reads the selection and computes the new names. Throws BadCall for an invalid regular expression.
   void Preview(const RenameRules& rules);
 
-  // In the order of the selection.
+  // The rows in the order of the selection.
   const std::vector<Velmora::SDK::MultiRenameItem*>& Rows() const { return engine_->items; }
 
-  // The names and extensions that a search left as they were because it took too long.
+  // Returns how often a search took too long and left a name or an extension unchanged.
   std::size_t GaveUp() const { return engine_->replaceRules ? engine_->replaceRules->GaveUp() : 0; }
 
-  // No run starts with such a row.
+  // Returns whether a row prevents a run from starting.
   bool IsBlocked() const;
 
-  // What the host would say of each row's rename: 0, 10 for a name that stays, or an error number.
+  // Returns the result that the host would report for each row: 0, 10 for a rename to the present name, or an
+  // error number.
   std::vector<u32> Outlook();
 
-  // What a run is to rename, as far as the host would not refuse it; without a date.
+  // Returns the renames of a run, without those that the host would refuse and without a date.
   Velmora::SDK::MultiRenameUndo Planned();
 
-  // Whether what Outlook or Planned has found last comes to the same in any order.
+  // Returns whether the renames found by the last call of Outlook or Planned can be done in any order.
   bool AreIndependent() const { return areIndependent_; }
 
-  // Renames all rows, and leaves the undo file to the caller, who knows how to keep it safe. What Outlook or
-  // Planned has found of the rows is not looked for again. An interruption, for which the caller watches,
-  // leaves the rest as it is.
+  // Renames all rows. Writes no undo file, which is left to the caller (run_undo.h). Does not check again
+  // what Outlook or Planned has found. After an interruption, for which the caller watches, renames no
+  // further rows.
   void Run();
 
-  // Takes a session back, each file to the very name that it had.
+  // Restores the files of a session, each to exactly the name that it had.
   void Restore(const Velmora::SDK::MultiRenameUndo& session);
 
-  // The session of the last run, with the files that a failed exchange of names has left under a temporary
-  // name; null if nothing was renamed.
+  // Returns the session of the last run, including files that a failed exchange of names has left with a
+  // temporary name; null if nothing was renamed.
   Velmora::SDK::MultiRenameUndo* Written();
 
-  // The renames of the last run that were done.
+  // Returns the number of renames that the last run has done.
   u32 Succeeded() const { return engine_->status.succeeded; }
 
   u32 Failed() const { return engine_->status.failed; }
 
-  // Counts files as failed that the last run was not asked for.
+  // Counts additional files as failed, which the last run has not tried.
   void AddFailed(std::size_t count) { engine_->status.failed += static_cast<u32>(count); }
 
-  // "3 Renamed, 1 Failed", with what an interruption left out.
+  // Returns a text such as "3 Renamed, 1 Failed", with the renames that an interruption has prevented.
   std::string StatusText() const;
 
   Velmora::SDK::MultiRenameUndoStore& UndoStore() { return engine_->undoStore; }
   HostApp& Host() { return host_; }
 
  private:
-  // Lets the worker do what it was asked to, to its end.
+  // Wakes the worker for its job and waits until it has completed.
   void Work();
-  // Adds the files to the session of the run that have a temporary name after it.
+  // Adds the files that have a temporary name after the run to its session.
   void AddLeftAside();
-  // Throws ModuleFailure if fewer renames than these were tried.
+  // Throws ModuleFailure if fewer than this number of renames were tried.
   void CheckAllTried(std::size_t renames) const;
 
   Shared& shared_;
   HostApp host_;
-  bool areIndependent_ = false;  // the rows, as Outlook has found
+  bool areIndependent_ = false;  // the renames of the rows, as Outlook has found
   Velmora::SDK::OwnedEngine engine_;
 };
 

@@ -30,7 +30,7 @@ using namespace Velmora::SDK;
 constexpr std::string_view kNewestUndo = "last";
 constexpr std::string_view kEveryUndo = "all";
 
-// Of a session, without its entries: an undo file may be large, and there may be many.
+// A session without its entries: an undo file may be large, and there may be many.
 struct UndoSummary {
   WString fileName;
   SYSTEMTIME date{};
@@ -70,7 +70,8 @@ bool IsSameFileName(const WString& lhs, const WString& rhs) {
                               static_cast<int>(rhs.size()), TRUE) == CSTR_EQUAL;
 }
 
-// The bare name of the store's file that a name or a path refers to. Nothing for a path elsewhere.
+// Returns the bare name of the store's file to which a name or a path refers; std::nullopt for a path
+// elsewhere.
 std::optional<WString> NameInStore(const MultiRenameUndoStore& store, const WString& text) {
   if (text.find_first_of(W("\\/")) == WString::npos) return text;
   const std::optional<WString> path = FullPathOf(text);
@@ -95,8 +96,8 @@ BadCall NoUndoFile(const MultiRenameUndoStore& store, const std::string& text) {
                  ". `qxhost rename --list-undo` shows which there are");
 }
 
-// The store's session of a name, a path or `last`, by the name of its file. Throws BadCall if it does not
-// exist, and returns nothing for a path elsewhere.
+// Returns the name of the store's file for a name, a path or `last`; std::nullopt for a path elsewhere.
+// Throws BadCall if it does not exist.
 std::optional<WString> FileInStore(const MultiRenameUndoStore& store, const std::string& text) {
   if (text == kNewestUndo) {
     const std::vector<UndoSummary> sessions = SessionsByDate(store);
@@ -111,10 +112,10 @@ std::optional<WString> FileInStore(const MultiRenameUndoStore& store, const std:
   throw NoUndoFile(store, text);
 }
 
-// An undo file that is to be taken back.
+// The undo file that the call refers to.
 struct MeantUndo {
   WString path;
-  bool isForeign = false;  // it lies elsewhere
+  bool isForeign = false;  // it is not in the store
   UndoFile file;
 };
 
@@ -133,15 +134,15 @@ MeantUndo FindUndo(const MultiRenameUndoStore& store, const std::string& text) {
   return meant;
 }
 
-// As the store writes it.
+// Returns the bytes of the text as the store writes them.
 std::string_view BytesOf(WStringView text) {
   return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)};
 }
 
-// Of a file that was read and is not what was written.
+// The result for a file that was read and differs from what was written.
 constexpr DWORD kOtherBytes = ERROR_INVALID_DATA;
 
-// Takes as many bytes off the file. An error, or kOtherBytes for others or too few.
+// Reads as many bytes from the file. Returns an error, or kOtherBytes if they differ or are too few.
 DWORD TakeBytes(HANDLE file, std::string_view bytes, std::string& buffer) {
   while (!bytes.empty()) {
     buffer.resize(bytes.size());
@@ -154,8 +155,8 @@ DWORD TakeBytes(HANDLE file, std::string_view bytes, std::string& buffer) {
   return ERROR_SUCCESS;
 }
 
-// 0 if the file holds the text of the session with its notes and no more, otherwise an error or kOtherBytes.
-// Stores the size of the text up to the notes, in bytes.
+// Returns 0 if the file contains exactly the text of the session and its notes, otherwise an error or
+// kOtherBytes. Stores the size of the text before the notes, in bytes.
 DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, const NotedFiles& notedFiles,
                       std::size_t& size) {
   const FileHandle file(CreateFileW(SystemPath(path).c_str(), GENERIC_READ,
@@ -184,7 +185,7 @@ bool IsKeptField(WStringView text) {
   return !text.empty() && !HoldsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
 }
 
-// True for an entry that is read back from its line, at first sight, and gives a name that can be given.
+// Returns whether the entry is certain to be read back from its line, and its old name is possible.
 bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
   if (!IsPossibleName(entry.oldName)) return false;
   if (!IsKeptField(entry.folder) || !IsKeptField(entry.oldName) || !IsKeptField(entry.newName)) return false;
@@ -211,7 +212,7 @@ struct AreEqualEntries {
   }
 };
 
-// Entries that are kept elsewhere.
+// A set of entries that are stored elsewhere.
 using EntrySet = std::unordered_set<const MultiRenameUndoEntry*, EntryHash, AreEqualEntries>;
 
 EntrySet SetOf(const std::vector<MultiRenameUndoEntry>& entries) {
@@ -233,7 +234,7 @@ std::string WhyLost(const MultiRenameUndoEntry& entry, bool isFileLong) {
   return "its lines are parted at each | and at line ends";
 }
 
-// How many entries are read back as they are, from the first one on.
+// Returns how many entries, from the first one on, are read back unchanged.
 std::size_t CountInPlace(const MultiRenameUndo& session, const MultiRenameUndo& kept) {
   const auto differ = std::ranges::mismatch(
       session.entries, kept.entries,
@@ -241,14 +242,14 @@ std::size_t CountInPlace(const MultiRenameUndo& session, const MultiRenameUndo& 
   return static_cast<std::size_t>(differ.in1 - session.entries.begin());
 }
 
-// Warns of entries that are read back and were no renames of the session. Where the file is cut, so may be
-// its last line, whose new name then is the beginning of another.
+// Warns of entries that are read back but were not renames of the session. If the file is cut, its last line
+// may be cut too, and its new name is then the beginning of another.
 void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const MultiRenameUndo& kept,
                      bool isCut) {
-  // Most entries are read back in their place.
+  // Most entries are read back at the same position.
   const std::size_t inPlace = CountInPlace(session, kept);
   const auto unsure = std::span(kept.entries).subspan(inPlace);
-  constexpr std::size_t kFew = 4;  // for which a set is not worth its making
+  constexpr std::size_t kFew = 4;  // for fewer entries a set is slower
   const EntrySet renames = unsure.size() <= kFew ? EntrySet() : SetOf(session.entries);
   const auto isStranger = [&](const MultiRenameUndoEntry& entry) {
     if (unsure.size() > kFew) return !renames.contains(&entry);
@@ -291,7 +292,8 @@ void WarnOfUndoFile(Output& output, const UndoFile& file) {
   }
 }
 
-// A run gives no such name, and a path with it, as with "..", would mean a file of another folder.
+// Removes entries with names that no run gives. A path with such a name, for example "..", would refer to a
+// file in another folder.
 void LeaveOutOtherFolders(Shared& shared, MultiRenameUndo& session) {
   const auto isNoName = [](const MultiRenameUndoEntry& entry) {
     return !IsPossibleName(NameToMake(entry.newName));
@@ -351,7 +353,7 @@ void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::strin
 void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
   const MultiRenameUndoStore& store = session.UndoStore();
   UndoLock lock;
-  // Where it cannot be had, nothing can be written either, and the undo goes on without.
+  // Without the lock nothing can be written either, so the undo continues without it.
   if (!isDryRun) LockUndoFiles(lock, store, shared.output);
   MeantUndo meant = FindUndo(store, text);
   MultiRenameUndo& taken = *meant.file.session;
@@ -362,10 +364,10 @@ void TakeBack(Shared& shared, RenameSession& session, const std::string& text, b
       FindPresentFiles(taken, notes, FullPathOf(W(".")).value_or(WString()));
   UndoSteps steps = StepsOf(taken, files);
   LeaveOutOtherFolders(shared, steps.session);
-  // A file of which a part was not read would lose it.
+  // Rewriting a file of which a part was not read would lose that part.
   const bool isWritten = !isDryRun && !meant.isForeign && meant.file.isWhole;
   {
-    // Whoever reads the lines may be slow, or end this program: the undo file comes first.
+    // The reader of the output may be slow or end this program, so the undo file is written first.
     const HeldOutput held(shared.output);
     const InterruptionWatch watch;
     if (isWritten && NoteFound(files, notes.files)) RewriteUndoFile(meant.path, meant.file);
@@ -392,7 +394,7 @@ void TakeBack(Shared& shared, RenameSession& session, const std::string& text, b
   if (taken.haveRestored && !isDryRun && session.Failed() != 0) {
     shared.reporter.Say("The file counts as taken back. The same call tries again what failed");
   }
-  if (hadRestored && session.Succeeded() == 0) shared.hasFailedFiles = true;  // there was nothing left
+  if (hadRestored && session.Succeeded() == 0) shared.hasFailedFiles = true;  // nothing was left to restore
 }
 
 std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
@@ -411,7 +413,7 @@ std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
 }
 
 bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::string& text) {
-  // Not the file of a run that is not at its end.
+  // Prevents deleting the file of a run in progress.
   UndoLock lock;
   LockUndoFiles(lock, store, shared.output);
   std::vector<WString> names;
@@ -449,7 +451,7 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
   const UndoCheck found = isWhole ? UndoCheck::kKeeps : UndoCheck::kNotWhole;
   if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return found;
   std::string expected;
-  // One byte beyond what is read says that there is more.
+  // One byte more than is read shows that the text is longer.
   WriteUndoText(session, [&expected](WStringView text) {
     if (expected.size() <= kMostOfUndoFile) expected += BytesOf(text);
   });

@@ -13,16 +13,16 @@ namespace {
 
 using Velmora::SDK::kRenameIgnored;
 
-// What would be where if the renames of a dry run had been done.
+// The files as they would be if the renames of a dry run had been done.
 class DryFiles {
  public:
-  // The path that an item would have by now; its folder is as on the disk.
+  // Returns the path that an item would have now; its folder is that on the disk.
   const WString& PresentPath(const FileItem& item, const WString& onDisk) const {
     const auto renamed = present_.find(&item);
     return renamed == present_.end() ? onDisk : renamed->second;
   }
 
-  // The result of a rename, after which the item would have its new path.
+  // Returns the result of a rename and, if it succeeds, records the item's new path.
   u32 Rename(const FileItem& item, const WString& from, const WString& to) {
     const WString fromKey = PathKey(from);
     WString key = PathKey(to);
@@ -44,21 +44,21 @@ class DryFiles {
  private:
   DiskView disk_;
   std::unordered_map<const FileItem*, WString> present_;
-  std::unordered_set<WString> taken_;  // by keys: paths that items would have by now
-  std::unordered_set<WString> left_;   // by keys: paths that items would have left
+  std::unordered_set<WString> taken_;  // keys of the paths that items would have now
+  std::unordered_set<WString> left_;   // keys of the paths that items would have left
 };
 
 u32 Move(FileItem& item, const WString& from, const WString& newName, FileItemTree& tree) {
   const DWORD error = MoveItem(from, item.FolderPath() + newName);
   if (error == ERROR_SUCCESS) tree.Rename(item, newName);
-  return error == kRenameIgnored ? u32{ERROR_GEN_FAILURE} : error;  // that number means something else here
+  return error == kRenameIgnored ? u32{ERROR_GEN_FAILURE} : error;  // as a result, 10 means ignored
 }
 
 }  // namespace
 
 void RunInOrder(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun,
                 const RenameReport& report) {
-  // Paths become items before the first rename, so that they too follow a folder above them.
+  // Converts paths to items before the first rename, so that they change with the folders above them.
   std::vector<FileItem*> items;
   for (const QueuedRename& rename : renames) {
     const std::optional<WString> fullPath = rename.item ? std::nullopt : PathOfRename(rename);
@@ -76,7 +76,8 @@ void RunInOrder(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDr
     const WStringView presentName = WStringView(present).substr(folder.size());
     u32 result =
         RefusalOf(NameToMakeOf(rename), rename.newName, item != nullptr, folder.empty(), presentName);
-    // Windows holds the current folder open; elsewhere a slip such as an ITEM "." would take it away as well.
+    // Windows keeps the current folder open. Other systems would rename it, for example for an accidental
+    // ITEM ".".
     if (result == 0 && current && HoldsFolder(from, *current)) result = ERROR_SHARING_VIOLATION;
     if (result == 0 && IsInterrupted()) result = ERROR_CANCELLED;
     if (result == 0) {

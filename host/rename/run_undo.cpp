@@ -71,7 +71,7 @@ bool RunUndo::Begin(MultiRenameUndo planned, bool areIndependent) {
 NotedFiles RunUndo::NotedOf(const MultiRenameUndo& session) const {
   NotedFiles files;
   if (planned_.empty()) return files;
-  // The entries are those of the plan, in the same order, without some of them; a few may come at the end.
+  // The entries are those of the plan in the same order, of which some are missing; a few may be at the end.
   constexpr int kMostOutOfOrder = 1000;
   int outOfOrder = 0;
   auto next = planned_.begin();
@@ -95,7 +95,7 @@ bool RunUndo::End(MultiRenameUndo* done) {
     return true;
   }
   if (fileName_.empty()) {
-    // None of it was foreseen: the disk has changed since.
+    // Nothing was planned: the disk has changed since.
     TakeName(*done);
   } else {
     done->date = date_;

@@ -1,5 +1,5 @@
-// The undo file of one run: it is there before the first rename, with all that is planned, and after the last
-// one with what was done.
+// The undo file of one run. It exists before the first rename, with all planned renames, and contains those
+// that were done after the last one.
 #pragma once
 
 #include <vector>
@@ -11,45 +11,46 @@
 
 namespace QxHost {
 
-// Waits until no other process has the lock of runs that write undo files, of undos and of deletions. 0, or
-// an error number if no lock can be had in the folder.
+// Waits for the lock that allows only one run with an undo file, undo or deletion at a time, and takes it.
+// Returns 0, or an error number if the folder cannot have a lock.
 DWORD LockUndoFiles(UndoLock& lock, const Velmora::SDK::MultiRenameUndoStore& store, Output& output);
 
 class RunUndo {
  public:
   RunUndo(Output& output, const Velmora::SDK::MultiRenameUndoStore& store) : output_(output), store_(store) {}
 
-  // Before the run is planned, so that no other one changes names in between.
+  // Takes the lock. Call it before the run is planned, so that no other run changes names in between.
   void Lock();
 
-  // Before the run: takes a file name that no file has, which the lock keeps, and writes what is planned, if
-  // anything is. `areIndependent` if no name of it is in another one's way. False, after a message, if that
-  // cannot be written whole.
+  // Call it before the run. Chooses a file name that is not in use, which the lock reserves, and writes the
+  // planned renames, if there are any. `areIndependent` is true if no name conflicts with another. Returns
+  // false, after a message, if the file cannot be written completely.
   bool Begin(Velmora::SDK::MultiRenameUndo planned, bool areIndependent = false);
 
-  // After the run: gives the session that was done, or null, the name and the date, and writes it in the
-  // place of what was planned. False, after a message, if it could not be; what was planned stays then.
-  // Without a session the file is deleted.
+  // Call it after the run. Sets the name and the date of the session that was done and writes it over the
+  // plan; if `done` is null, deletes the file. Returns false, after a message, if writing fails; the plan
+  // then remains.
   bool End(Velmora::SDK::MultiRenameUndo* done);
 
-  // Deletes the file again, which takes nothing back.
+  // Deletes the file, which would undo nothing.
   void Delete();
 
-  // Lets the next run, undo or deletion begin.
+  // Releases the lock, so that the next run, undo or deletion can begin.
   void Unlock();
 
-  // Of the session that End has written.
+  // Returns the noted files of the session that End has written.
   const NotedFiles& Noted() const { return notes_.files; }
 
-  // The name of the file with what was planned; empty if nothing was.
+  // Returns the name of the file with the plan; empty if there is no plan.
   const WString& PlanName() const { return hasPlan_ ? fileName_ : kNoName; }
 
  private:
   inline static const WString kNoName;
 
-  // Gives the session the first moment from now on of which there is no file.
+  // Sets the session's date to the first second from now on for which no file exists, and its name
+  // accordingly.
   void TakeName(Velmora::SDK::MultiRenameUndo& session) const;
-  // What was noted of the planned entries, by entry of the session.
+  // Returns the noted files of the plan for the entries of the session.
   NotedFiles NotedOf(const Velmora::SDK::MultiRenameUndo& session) const;
 
   Output& output_;

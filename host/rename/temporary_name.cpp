@@ -3,8 +3,8 @@
 namespace QxHost {
 namespace {
 
-// In bytes of UTF-8, as the system below the native build counts; no fewer than the characters that Windows
-// counts.
+// In bytes of UTF-8, which the system of the native build counts. Windows counts characters, which are no
+// more.
 constexpr std::size_t kMostNameBytes = 255;
 
 bool IsLowSurrogate(WCHAR character) { return character >= 0xDC00 && character <= 0xDFFF; }

@@ -1,12 +1,12 @@
-// The name that a file has while another one takes its name.
+// The temporary name of a file while another one takes its name.
 #pragma once
 
 #include "platform/text.h"
 
 namespace QxHost {
 
-// NAME.qxhost-tmp, which shows whoever finds it what it was; from the second number on with the number behind
-// it. Of a long name the end is left out, so that the whole is no longer than a name may be.
+// Returns NAME.qxhost-tmp, which shows the user what the file was, followed by `number` if that is 2 or more.
+// Cuts the end of a long name so that the result is not too long.
 WString TemporaryName(WStringView name, unsigned number);
 
 }  // namespace QxHost

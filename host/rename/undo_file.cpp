@@ -21,7 +21,7 @@ DWORD UndoErrorOr(DWORD fallback) {
   return error != ERROR_SUCCESS ? error : fallback;
 }
 
-// Hands the bytes of a file to `use`, piece by piece, until it returns false. 0, or the error number.
+// Passes the bytes of a file to `use`, in pieces, until it returns false. Returns 0 or the error number.
 DWORD ReadPieces(const WString& path, const std::function<bool(std::span<const std::uint8_t>)>& use) {
   const FileHandle file(CreateFileW(SystemPath(path).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -43,7 +43,7 @@ WString TextOfBytes(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
-// How much of the text the reader takes in: it ends at a zero and at a CR without its LF.
+// Returns how much of the text the reader uses: it stops at a null character and at a CR without its LF.
 std::size_t ReadableSize(const WString& text) {
   for (std::size_t at = 0; at < text.size(); ++at) {
     const bool isLoneReturn = text[at] == W('\r') && text.compare(at + 1, 1, W("\n")) != 0;
@@ -58,10 +58,10 @@ WStringView WithoutMark(WStringView text) {
   return text;
 }
 
-// Reads an undo file as it comes: the entries of its beginning, and the notes after it.
+// Reads an undo file in pieces: the entries of its beginning, and the notes after them.
 class UndoFileReader {
  public:
-  // False if no more is needed.
+  // Returns false if no more is needed.
   bool Take(std::span<const std::uint8_t> bytes) {
     size_ += bytes.size();
     const std::size_t room = kMostOfUndoFile - beginning_.size();
@@ -94,7 +94,7 @@ class UndoFileReader {
   }
 
  private:
-  // The notes of as many entries as are read have room in it.
+  // The limit leaves room for the notes of as many entries as are read.
   bool IsTextKept() const { return !notes_.HasOtherLines() && size_ <= 8 * kMostOfUndoFile; }
 
   void ReadBeginning() {
@@ -106,7 +106,7 @@ class UndoFileReader {
     const std::size_t lineEnd = text.rfind(W('\n'), size == 0 ? 0 : size - 1);
     wholeSize_ = size == 0 || lineEnd == WString::npos ? 0 : lineEnd + 1;
     isBeginningCut_ = wholeSize_ != size;
-    // At the limit a line end may be cut in two.
+    // The limit may separate a CR from its LF.
     isReadOn_ = size == text.size() || (size + 1 == text.size() && text[size] == W('\r'));
     const std::size_t notesAt = FindNotedFiles(WStringView(text).substr(0, wholeSize_));
     notes_.Read(WStringView(text).substr(notesAt != WStringView::npos ? notesAt : wholeSize_));
@@ -114,23 +114,24 @@ class UndoFileReader {
 
   UndoFile file_;
   std::vector<std::uint8_t> beginning_;
-  std::vector<std::uint8_t> rest_;  // an odd byte of what lies beyond
+  std::vector<std::uint8_t> rest_;  // an odd byte after the beginning
   NotesReader notes_;
   std::size_t size_ = 0;
   std::size_t wholeSize_ = 0;  // characters of the beginning up to its last line end
   bool isBeginningRead_ = false;
   bool isBeginningCut_ = false;
-  bool isReadOn_ = false;  // nothing in the beginning ends the reading
+  bool isReadOn_ = false;  // nothing in the beginning stops the reader
 };
 
-// A folder in that of the undo files, since every file beside them counts as one of them, and folders do not.
+// A subfolder of the undo files' folder, in which files are written: every file beside the undo files counts
+// as one of them, folders do not.
 class WritingFolder {
  public:
   explicit WritingFolder(const WString& path)
       : folder_(path.substr(0, path.rfind(W('\\')) + 1) + W("writing")),
         name_(path.substr(path.rfind(W('\\')))) {
     if (CreateDirectoryW(SystemPath(folder_).c_str(), nullptr)) return;
-    // What is in it was left by a run that was cut off.
+    // A run that was cut off has left its contents.
     WIN32_FIND_DATAW found;
     const FindHandle search(FindFirstFileExW(SystemPath(folder_ + W("\\*")).c_str(), FindExInfoBasic, &found,
                                              FindExSearchNameMatch, nullptr, 0));
@@ -167,7 +168,7 @@ DWORD WriteInPlaceOf(const WString& path, const std::function<void(const WriteTe
           WriteBytes(file.Get(), {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)});
     });
   }
-  // Whoever reads the old file for a moment may keep it from being replaced.
+  // A program that reads the old file for a moment may prevent its replacement.
   constexpr int kMostTries = 25;
   constexpr DWORD kPause = 20;  // milliseconds
   if (error == ERROR_SUCCESS) {
@@ -181,7 +182,7 @@ DWORD WriteInPlaceOf(const WString& path, const std::function<void(const WriteTe
   return error;
 }
 
-// The text up to its entries with the line that says whether it was taken back.
+// Returns the text with its HaveRestored line changed, or added if it has none.
 WString WithRestored(WStringView text, bool haveRestored) {
   constexpr WStringView kInfo = W("[INFO]");
   constexpr WStringView kKey = W("HaveRestored");

@@ -1,5 +1,5 @@
-// Undo files as the host reads and writes them: a line that may be cut is never followed, and a file is there
-// whole or not at all.
+// Reads and writes undo files without the risk of wrong names: a line that may be cut is never used, and a
+// file is written completely or not at all.
 #pragma once
 
 #include <memory>
@@ -10,31 +10,30 @@
 namespace QxHost {
 
 struct UndoFile {
-  DWORD error = 0;  // of reading it
-  // Null for what is no undo file. Without entries if its only line is cut.
+  DWORD error = 0;  // of reading the file
+  // Null if the file is not an undo file. Without entries if its only line is cut.
   std::unique_ptr<Velmora::SDK::MultiRenameUndo> session;
   UndoNotes notes;
-  bool isLong =
-      false;           // it goes on with other lines than notes after kMostOfUndoFile, and they were not read
-  bool isCut = false;  // its last line has no line end, and was left out: it may name another file
-  bool isWhole = false;  // all of it was read, and `text` is it
+  bool isLong = false;   // unread lines, other than notes, follow after kMostOfUndoFile
+  bool isCut = false;    // the last line has no line end and was skipped, as it may name another file
+  bool isWhole = false;  // the whole file was read and is in `text`
   WString text;
 };
 
 UndoFile ReadUndoFile(const WString& path);
 
-// Whether the file begins as that of a run that was cut off, or is not at its end.
+// Returns whether the file begins as that of a run that was cut off or is still in progress.
 bool IsPlan(const WString& path);
 
-// Writes the session with its notes under the path, in the place of a file that is there. It is on the disk
-// then. 0, or an error number: then the file that was there is as it was. The folder "writing" in that of the
-// file is for this, and is deleted again with what others have left there, so that one process at a time may
-// write (LockInTurn).
+// Writes the session with its notes to the path, replacing an existing file, and flushes it to the disk.
+// Returns 0 or an error number; an existing file is unchanged after an error. Uses the folder "writing" in
+// the file's folder, and deletes it with anything that others have left there, so only one process at a time
+// may write (LockInTurn).
 DWORD WriteUndoFile(const WString& path, const Velmora::SDK::MultiRenameUndo& session,
                     const UndoNotes& notes);
 
-// Writes a file that was read whole with the present `haveRestored` and the present noted files; all else
-// stays as it is. As WriteUndoFile.
+// Writes a file that was read completely again, with the present `haveRestored` and the present noted files;
+// the rest is unchanged. The result is as for WriteUndoFile.
 DWORD RewriteUndoFile(const WString& path, const UndoFile& file);
 
 }  // namespace QxHost

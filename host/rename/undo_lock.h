@@ -1,6 +1,6 @@
-// Keeps runs, undos and deletions of undo files from each other: what one of them has looked at must not
-// change before it is done, and of two runs at once, whose files are named by the second in which they begin,
-// one would lose its file.
+// A lock that allows only one run, undo or deletion of undo files at a time: what one of them has read must
+// not change before it is done, and of two runs that begin in the same second, which is part of the name of
+// their undo files, one would lose its file.
 #pragma once
 
 #include <memory>
@@ -14,12 +14,12 @@ class UndoLock {
   UndoLock();
   UndoLock(const UndoLock&) = delete;
   UndoLock& operator=(const UndoLock&) = delete;
-  // Gives the lock up; its file is gone then.
+  // Releases the lock and deletes its file.
   ~UndoLock();
 
-  // Makes the file `fullPath`, in a folder that exists, and takes the lock. ERROR_SHARING_VIOLATION while
-  // another process has it; it loses it in any case when it ends. 0, or another error number if no file can
-  // be made there.
+  // Creates the file `fullPath`, in an existing folder, and takes the lock. Returns 0,
+  // ERROR_SHARING_VIOLATION while another process has the lock, or another error number if the file cannot be
+  // created. A process loses the lock at the latest when it ends.
   DWORD Take(const WString& fullPath);
 
   void GiveUp();

@@ -25,9 +25,9 @@ class UndoLock::File {
 
   DWORD Lock() {
     if (descriptor_ < 0) return error_;
-    // Not every file system has locks; without one, runs at once are as they were.
+    // Not every file system has locks; without them, runs at the same time are not prevented.
     if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return ERROR_SHARING_VIOLATION;
-    // The process before may have deleted the file after it was opened here.
+    // The previous owner may have deleted the file after it was opened here.
     struct stat here {};
     struct stat there {};
     const bool isSame = fstat(descriptor_, &here) == 0 && stat(path_.c_str(), &there) == 0 &&

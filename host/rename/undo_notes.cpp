@@ -15,19 +15,19 @@ using Velmora::SDK::MultiRenameUndoEntry;
 
 constexpr WStringView kPlanLine = W(";qxhost planned\r\n");
 constexpr WStringView kFilesLine = W(";qxhost files of ");
-constexpr std::size_t kNotesPiece = 32768;  // characters that are written at once, about
+constexpr std::size_t kNotesPiece = 32768;  // approximate number of characters written at once
 
-// More characters than a line of a file has: of a longer one the rest is not kept.
+// More characters than a line of a noted file has; the rest of a longer line is discarded.
 constexpr std::size_t kMostOfNote = 64;
 
-// An entry has five characters and a line end at least.
+// An entry has at least five characters and a line end.
 constexpr std::size_t kMostEntriesRead = kMostOfUndoFile / 14;
 
 void AppendNumber(WString& text, std::uint64_t number) {
   for (const char digit : std::to_string(number)) text += static_cast<WCHAR>(digit);
 }
 
-// Takes a number off the text. Nothing if it does not begin with one.
+// Removes a number from the beginning of the text. Returns std::nullopt if it does not begin with one.
 std::optional<std::uint64_t> TakeNumber(WStringView& text) {
   constexpr std::size_t kMostDigitsRead = 20;
   std::string digits;
@@ -127,7 +127,7 @@ void NotesReader::TakeLine() {
     hasComments_ = true;
     return;
   }
-  // What is read of the entries has room for no more.
+  // The part of the file that is read has no more entries.
   if (*entry > std::min(count_, kMostEntriesRead)) return;
   if (files_.size() < *entry) files_.resize(static_cast<std::size_t>(*entry), kNoFile);
   files_[static_cast<std::size_t>(*entry) - 1] = *file;

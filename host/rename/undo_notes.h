@@ -1,14 +1,14 @@
-// What the host writes into an undo file beside its lines, as comments, which other readers pass over:
+// The comments that the host adds to an undo file. Other readers ignore them:
 //
-//   ;qxhost planned              at its begin: the run was cut off, or is not at its end
+//   ;qxhost planned              at the beginning: the run was cut off or is still in progress
 //   [INFO] ... [FILES] ...
 //   Z:\photos|img1.jpg|img2.jpg
 //   Z:\photos|img2.jpg|img3.jpg
-//   ;qxhost files of 2           after its entries: which file each of them is about, as far as names
-//   ;1 26738892                  do not say it (meeting_names.h). 26738892 is the number of the file
-//   ;2 26738893                  that was img1.jpg within its volume, whatever its name is now.
+//   ;qxhost files of 2           after the entries: the file of each entry whose names do not identify it
+//   ;1 26738892                  (meeting_names.h). 26738892 is the number within its volume of the file
+//   ;2 26738893                  that was img1.jpg, whatever its present name is.
 //
-// They come last so that they take nothing of the size that is read of entries.
+// They are at the end so that they do not reduce the size that is available for entries.
 #pragma once
 
 #include <functional>
@@ -20,7 +20,7 @@
 
 namespace QxHost {
 
-// By entry, kNoFile where it is not noted. Empty if none is.
+// By entry; kNoFile if its file is not noted. Empty if no file is.
 using NotedFiles = std::vector<FileIndex>;
 
 struct UndoNotes {
@@ -28,41 +28,42 @@ struct UndoNotes {
   NotedFiles files;
 };
 
-// The files of the entries under their old names, of those whose names meet.
+// Returns the files that now have the old names of the entries, for those entries whose names do not identify
+// them.
 NotedFiles NoteOldFiles(std::span<const Velmora::SDK::MultiRenameUndoEntry> entries);
 
-// The comment at the begin of a plan, with its line end.
+// Returns the comment at the beginning of a plan, with its line end.
 WStringView PlanMark();
 
-// Whether a text begins with it, or with other comments and it.
+// Returns whether the text begins with this comment, which other comments may precede.
 bool HasPlanMark(WStringView text);
 
-// Hands the lines of the files to `write`, piece by piece; nothing if there are none.
+// Passes the lines of the noted files to `write`, in pieces; nothing if there are none.
 void WriteNotedFiles(const NotedFiles& files, const std::function<void(WStringView)>& write);
 
-// Where the lines of the files begin in a text; npos if it has none.
+// Returns where the lines of the noted files begin in a text; npos if it has none.
 std::size_t FindNotedFiles(WStringView text);
 
-// Reads lines after the entries, of any length, as they come.
+// Reads the lines after the entries, in pieces of any length.
 class NotesReader {
  public:
   void Read(WStringView text);
 
-  // The files of so many entries, which were read of the same file; `isPart` if there are more in it. Empty
-  // if the lines are of another number of entries: then someone has taken lines away or added some.
+  // Returns the noted files of this number of entries of the same file; `isPart` if the file has more. Empty
+  // if the lines are for a different number of entries, because lines were removed or added.
   NotedFiles FilesOf(std::size_t entries, bool isPart) const;
 
-  // Whether there were lines that are not of this kind: comments of others, and any other line.
+  // Return whether there were other comments, and whether there were other lines.
   bool HasComments() const { return hasComments_; }
   bool HasOtherLines() const { return hasOtherLines_; }
-  // Whether the text so far ends in a line without its end, that is no comment.
+  // Returns whether the text so far ends in an incomplete line that is not a comment.
   bool IsCut() const { return !line_.empty() && line_.front() != W(';'); }
   bool EndsInLine() const { return !line_.empty(); }
 
  private:
   void TakeLine();
 
-  WString line_;  // the beginning of the present one
+  WString line_;  // the beginning of the current line
   std::size_t count_ = 0;
   bool isBegun_ = false;
   bool hasComments_ = false;

@@ -22,7 +22,7 @@ UndoSteps StepsOf(const MultiRenameUndo& taken, const std::vector<PresentFile>& 
         break;
       case Presence::kBack:
         ++steps.back;
-        // A name that stays, so that whoever follows the renames sees each of them.
+        // Adds a rename to the same name, so that the report lists each file.
         if (NameToMake(entry.oldName) == entry.oldName && IsPossibleName(entry.oldName))
           steps.session.entries.push_back({entry.folder, entry.oldName, entry.oldName});
         break;

@@ -1,4 +1,4 @@
-// What an undo does with each file that it has found.
+// Decides what an undo does with each file that was found.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace QxHost {
 
-// A file that an undo leaves alone.
+// A file that an undo does not restore.
 struct LeftFile {
   WString folder;
   WString name;
@@ -15,17 +15,17 @@ struct LeftFile {
   Presence why;
 };
 
-// What an undo comes to, before it is done.
+// The steps of an undo before they are done.
 struct UndoSteps {
-  Velmora::SDK::MultiRenameUndo session;  // each file by the name that it has now
+  Velmora::SDK::MultiRenameUndo session;  // each file with its present name
   std::vector<LeftFile> left;
   std::size_t back = 0;  // files that have their old names
 };
 
 UndoSteps StepsOf(const Velmora::SDK::MultiRenameUndo& taken, const std::vector<PresentFile>& files);
 
-// Notes the files that go by their names, so that an undo that is cut off finds them again. False if there
-// are none.
+// Records the files that were found by their names, so that an undo that is cut off finds them again. Returns
+// false if there are none.
 bool NoteFound(const std::vector<PresentFile>& files, NotedFiles& noted);
 
 }  // namespace QxHost

@@ -2,9 +2,9 @@
 // passes function keys on. It sends three messages to its parent:
 //
 //   MRM_EDIT_FKEY          A function key was pressed, without or with Shift. First parameter: its number
-//   from 1 MRM_EDIT_SHIFT_FKEY    to 24; second: the field's window. MRM_EDIT_FILE_DROPPED  Files were
-//   dropped on the field. First parameter: the field's window; second: the
-//                          path of the first file, a const WCHAR*, cut at kMostOfDroppedPath characters.
+//   MRM_EDIT_SHIFT_FKEY    from 1 to 24; second: the field's window.
+//   MRM_EDIT_FILE_DROPPED  Files were dropped on the field. First parameter: the field's window; second:
+//                          the path of the first file, a const WCHAR*, cut at kMostOfDroppedPath characters.
 #pragma once
 
 #include "platform/windows_api.h"
