@@ -1,4 +1,4 @@
-// Converts one file with nothing around the converters: what bench/compare puts beside unix2dos, expand and
+// Converts one file with nothing but the converters. bench/compare compares it with unix2dos, expand and
 // base64.
 #include <cstdio>
 #include <map>
@@ -23,7 +23,7 @@ bool Convert(const std::string& verb, const WString& source, const WString& targ
   if (verb == "decode") return DecodeFileBase64(source, target, true);
   const auto row = kConversions.find(verb);
   if (row == kConversions.end()) return false;
-  DeleteFileW(target.c_str());  // a converter makes a new file only
+  DeleteFileW(target.c_str());  // a converter requires a new file
   return ConvertTextFile(source, target, row->second, kTabWidth);
 }
 

@@ -1,11 +1,11 @@
-// What one name costs in each quick rename transform.
+// Measures each quick rename transform with one name.
 #include <benchmark/benchmark.h>
 
 #include "filetools/name_transforms.h"
 
 namespace {
 
-// Only a name: the recorder of the fake items would cost more than what is measured.
+// An item with only a name: the recorder of the fake items would cost more than the transform.
 class NamedItem final : public Velmora::SDK::IHostFileItem {
  public:
   explicit NamedItem(WString name) : name_(std::move(name)), dot_(name_.rfind(W('.'))) {}

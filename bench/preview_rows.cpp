@@ -1,5 +1,5 @@
-// Previews of MultiRename's engine alone, without files and without a host: what a row costs, what it takes
-// in memory, and how soon a preview that is asked to stop has stopped.
+// Measures previews of MultiRename's engine without files and without a host: the time and the memory for
+// each row, and how soon a preview stops after a request.
 #include <malloc.h>
 
 #include <algorithm>
@@ -30,7 +30,7 @@ double ProcessorMicroseconds() {
   return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
 }
 
-// As the names that the whole commands are measured with.
+// Names like those with which the complete commands are measured.
 WString NameOf(std::size_t row) {
   char name[80];
   std::snprintf(name, sizeof name, "folder %05u_some_file name %03u.TXT",
@@ -51,7 +51,7 @@ SharedItems MakeRows(std::size_t count) {
   auto rows = std::make_shared<MultiRenameItems>();
   for (std::size_t row = 0; row < count; ++row) {
     MultiRenameItem& item = rows->emplace_back();
-    // Rows that are read from the host share the text of their folder.
+    // As with rows that are read from the host, neighbors share the text of their folder.
     item.folderPath = row % kFilesOfFolder == 0 ? SharedText(FolderOf(row)) : (*rows)[row - 1].folderPath;
     item.oldName = NameOf(row);
     item.newName = item.oldName;
@@ -89,10 +89,10 @@ class Previews {
     nameBytes_ /= static_cast<double>(count);
   }
 
-  // Without what the names themselves take, old and new.
+  // Without the memory of the old and new names themselves.
   double BytesOfRow() const { return bytes_ - nameBytes_; }
 
-  // Nanoseconds a row, the best of several previews.
+  // Nanoseconds for each row, the best of several previews.
   double CostOfRow() {
     const std::size_t count = rows_->size();
     double best = 1e9;
@@ -103,7 +103,8 @@ class Previews {
     return best / static_cast<double>(count) * 1e9;
   }
 
-  // From the wish to stop to the idle worker, in microseconds, sorted: on the clock, and of the processor.
+  // The microseconds from the request to stop to the idle worker, sorted: by the clock, and of processor
+  // time.
   struct StopTimes {
     std::vector<double> clock;
     std::vector<double> processor;
@@ -131,7 +132,7 @@ class Previews {
   void Compile() {
     if (!CompileRules(engine_, Rules(rows_, expressions_))) std::abort();
   }
-  // Seconds that the processor worked for it.
+  // The processor time of a complete preview, in seconds.
   double WholePreview() {
     engine_.worker.WantPreview();
     const std::clock_t begin = std::clock();

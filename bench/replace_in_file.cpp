@@ -1,4 +1,4 @@
-// Replaces in one file with nothing around the engine: what bench/compare puts beside sed.
+// Replaces in one file with nothing but the engine. bench/compare compares it with sed.
 #include <cstdio>
 #include <map>
 #include <string>
@@ -9,7 +9,7 @@ using namespace QXFindAndReplace;
 
 namespace {
 
-// Words of the command line and the flags that they stand for.
+// The words of the command line and their flags.
 const std::map<std::string, std::uint32_t> kWords = {
     {"one", ModeOne},
     {"many", ModeMany},

@@ -1,4 +1,4 @@
-// Sorts one file with the line sorter and nothing around it: what bench/compare puts beside GNU sort.
+// Sorts one file with nothing but the line sorter. bench/compare compares it with GNU sort.
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -11,7 +11,7 @@ using namespace WQLineSorter;
 
 namespace {
 
-// Words of the command line and the options that they stand for.
+// The words of the command line and their options.
 const std::map<std::string, std::uint32_t> kWords = {
     {"line", SortByLine},
     {"substring", SortBySubstring},

@@ -1,5 +1,5 @@
-// Walks a tree with DirectoryWalker and prints how many files of how many bytes it has: the counterpart of
-// find in bench/compare.
+// Walks a tree with DirectoryWalker and prints the number of its files and their bytes. bench/compare
+// compares it with find.
 #include <cstdio>
 
 #include "frame/services/directory_walker.h"

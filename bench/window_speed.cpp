@@ -1,10 +1,10 @@
-// MultiRename's real window over many made-up rows, with the reference host's list: how long it takes to fill
-// it, to type in it with the preview on, to scroll it, and what a row takes in memory.
+// Measures MultiRename's real window with many generated rows and the reference host's list: the time to fill
+// it, to type in it with Live Preview, and to scroll it, and the memory for each row.
 //
-// Each line that it prints is a measure's name, the best of its runs, their middle, and the unit.
+// Each line of the output is a measure's name, the best of its runs, their median, and the unit.
 #include "platform/windows_api.h"
 
-// Needs windows.h before it.
+// Needs windows.h first.
 #include <commctrl.h>
 #define PSAPI_VERSION 2
 #include <psapi.h>
@@ -31,7 +31,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kRuns = 5;
 
-// Posted to the thread: the place of the next key among the messages.
+// Posted to the thread to mark the position of the next key among the messages.
 constexpr UINT kNextKey = WM_APP + 300;
 
 double MillisecondsSince(Clock::time_point begin) {
@@ -49,7 +49,7 @@ void Print(const char* name, std::vector<double> times, const char* unit = "ms")
   std::fflush(stdout);
 }
 
-// Of this process alone.
+// The private memory of this process.
 double BytesInMemory() {
   PROCESS_MEMORY_COUNTERS counters{};
   counters.cb = sizeof counters;
@@ -68,7 +68,7 @@ SharedItems MakeRows(std::size_t count) {
     std::snprintf(text, sizeof text, "folder %05u_some_file name %03u.TXT", static_cast<unsigned>(row / 100),
                   static_cast<unsigned>(row % 100));
     item.oldName = FromUtf8(text);
-    // As a row of the host's item has it.
+    // As the constructor with a host's item does.
     item.newName.reserve(item.oldName.size() + 7);
     item.newName = item.oldName;
   }
@@ -91,7 +91,7 @@ WString ConfigFolder() {
   return path;
 }
 
-// The reference host, without items and without a word.
+// The reference host, without items and without output.
 struct QuietHost {
   QxHost::Output output{[](std::string_view) { return true; }, [](std::string_view) { return true; }};
   std::unique_ptr<QxHost::Reporter> reporter = QxHost::MakeJsonReporter(output);
@@ -118,7 +118,7 @@ class MeasuredWindow final : public RenameWindowOwner, private MessageFilter {
     edit_ = FindWindowExW(GetDlgItem(window_->Panel(), kNameTemplate), nullptr, L"Edit", nullptr);
     if (!list_ || !edit_) Fail("the window has no list or no field");
     SetWindowSubclass(list_, OnListMessage, 1, reinterpret_cast<DWORD_PTR>(this));
-    // The caret is at the end of the template, and nothing of it is selected.
+    // The caret is at the end of the template, and nothing is selected.
     SendMessageW(edit_, EM_SETSEL, 0xFFFF, 0xFFFF);
     loop_.AddFilter(*this);
     RunUntilPreviewed();
@@ -136,11 +136,11 @@ class MeasuredWindow final : public RenameWindowOwner, private MessageFilter {
   void MeasureAll(std::size_t rowCount);
 
  private:
-  // What a key leads to, in milliseconds after it.
+  // When the effects of a key occur, in milliseconds after it.
   struct KeyTimes {
-    double answered = 0;   // the loop is at the next key
-    double previewed = 0;  // the worker's message that all names are computed is taken
-    double painted = 0;    // the list shows them
+    double answered = 0;   // the loop reaches the next key
+    double previewed = 0;  // the worker's message that all names are computed is processed
+    double painted = 0;    // the list shows the names
   };
 
   RenameContext& Context() override { return context_; }
@@ -198,7 +198,7 @@ class MeasuredWindow final : public RenameWindowOwner, private MessageFilter {
     return times_;
   }
 
-  // A key that comes in the first half of the preview of the one before.
+  // Types a key during the first half of the preview that the key before it has started.
   KeyTimes TypeKeyIntoPreview(WCHAR first, WCHAR second, double previewLength) {
     atNextKey_ = [this, second, previewLength] {
       Sleep(static_cast<DWORD>(previewLength / 4));
@@ -308,7 +308,7 @@ void MeasuredWindow::MeasureKeys(std::size_t rowCount) {
   constexpr int kMostTries = 50;
   for (int run = 0; run < kMostTries && answered.size() < kRuns; ++run) {
     const KeyTimes times = TypeKeyIntoPreview(W('x'), W('y'), previewLength);
-    // A first preview that was faster than the second key is no measure.
+    // Does not count a first preview that was faster than the second key.
     if (FirstName() == W("folder 00000_some_file name 000xy.TXT")) add(times);
     engine_.worker.WaitUntilIdle();
     TakeMessages();

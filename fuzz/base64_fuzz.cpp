@@ -1,4 +1,4 @@
-// The decoder of Base64 against the plain rule, and headers that may be anything.
+// Compares the Base64 decoder with a plain implementation, and parses arbitrary headers.
 #include "filetools/base64.h"
 
 #include <memory>
@@ -11,14 +11,14 @@
 
 namespace {
 
-// The room is a heap block of its own, so that a byte behind it is seen.
+// The output is its own heap block, so that a write past its end is detected.
 void Decode(const std::string& text, std::uint32_t room) {
   const auto output = std::make_unique<unsigned char[]>(room);
   std::uint32_t decoded = room;
   CBase64 decoder;
   const std::string expected = PlainBase64::DecodedGroups(text);
   const bool ok = decoder.Decode(text.data(), text.size(), output.get(), &decoded);
-  // The last group leaves at least the room of four bytes.
+  // Before the last group there must be space for four bytes.
   const bool fits = text.size() < 4 || expected.size() + 4 <= room;
   Require(ok == fits);
   if (ok) Require(std::string(output.get(), output.get() + decoded) == expected);

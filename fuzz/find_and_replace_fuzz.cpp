@@ -1,5 +1,5 @@
-// Find and replace on any bytes with any texts and flags, in both widths: loaded, replaced, written, and held
-// against the plainest engine.
+// Find and replace in any bytes, with any texts and flags and both character types: loads, replaces, writes,
+// and compares the result with the plain engine.
 #include "findreplace/plain_outcome.h"
 #include "fuzz_input.h"
 
@@ -11,13 +11,13 @@ template <typename CharT>
 std::basic_string<CharT> Narrowed(const WString& text) {
   std::basic_string<CharT> result;
   for (const WCHAR unit : text) {
-    // A unit whose low byte is zero would end a narrow text.
+    // A character whose low byte is zero would end a text of bytes.
     if (const auto character = static_cast<CharT>(unit)) result += character;
   }
   return result;
 }
 
-// With braces a pattern repeats, which the plain engine cannot; and it has no patience with long lines.
+// The plain engine supports no repetition with braces, and is too slow for long lines.
 template <typename CharT>
 bool CanRunPlainly(const Trial<CharT>& trial) {
   if ((trial.flags & Wildcard) == 0) return trial.bytes.size() <= 4096;
@@ -44,7 +44,7 @@ void Try(Trial<WCHAR> wide) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzInput input(data, size);
   Trial<WCHAR> trial;
-  trial.flags = 1U << input.TakeByte() % 5;  // 16 is no mode
+  trial.flags = 1U << input.TakeByte() % 5;  // 16 is not a mode
   const std::uint8_t choices = input.TakeByte();
   if ((choices & 1) != 0) trial.flags |= IgnoreCase;
   if ((choices & 2) != 0) trial.flags |= Wildcard;
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   trial.find = input.TakeText();
   trial.replace = input.TakeText();
   const auto rest = input.TakeRest();
-  // The rest, at times as often as it takes to pass a block's border.
+  // The rest, sometimes repeated so often that it crosses a block's border.
   const std::size_t repeats = choices == 0xFF ? 60 : 1;
   for (std::size_t i = 0; i < repeats; ++i) trial.bytes.append(rest.begin(), rest.end());
   Try<char>(trial);

@@ -1,4 +1,4 @@
-// Formats from the host's language table: any text, any limit.
+// Formats from the host's language table: any text and any limit.
 #include "frame/services/format_text.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// A folder of its own for a run over real files, removed at its end.
+// A temporary folder for a run with real files, removed at its end.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// Cuts the bytes of a fuzz run into values and texts.
+// Splits the bytes of a fuzz run into values and texts.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +25,9 @@ class FuzzInput {
     return value;
   }
 
-  // A text up to the next two zero bytes, or to the end. Mostly ASCII, so that the characters that matter are
-  // met: a byte above 0x7F takes the next one as its low half.
+  // Returns a text up to the next zero byte, or to the end. The characters are mostly ASCII, so that those
+  // with a meaning are frequent: only a byte above 0x7F is combined with the next byte, the low half of its
+  // character.
   WString TakeText() {
     WString text;
     while (!bytes_.empty()) {
@@ -38,14 +39,14 @@ class FuzzInput {
     return text;
   }
 
-  // All that is left.
+  // Returns the remaining bytes.
   std::span<const std::uint8_t> TakeRest() { return std::exchange(bytes_, {}); }
 
  private:
   std::span<const std::uint8_t> bytes_;
 };
 
-// Ends the run as a finding.
+// Reports a finding to the fuzzer by ending the program, unless the condition holds.
 inline void Require(bool holds) {
   if (!holds) std::abort();
 }

@@ -1,5 +1,5 @@
-// Every quick rename transform on any name, with what must hold of all of them; the swaps and the replacement
-// beside the plain rule.
+// Applies every quick rename transform to any name and checks the properties that they all have. Compares the
+// swaps and the replacement with plain implementations.
 #include "filetools/name_transforms.h"
 
 #include <array>
@@ -25,7 +25,7 @@ constexpr Swap kSwaps[] = {
     {kCommandHyphensToBlanks, W('-'), W(' ')},     {kCommandBlanksToHyphens, W(' '), W('-')},
 };
 
-// The rule of a swap, character by character.
+// A swap, character by character.
 WString PlainSwap(const WString& name, bool isFolder, const Swap& swap) {
   WString result;
   for (std::size_t at = 0; at < name.size(); ++at) {
@@ -35,7 +35,7 @@ WString PlainSwap(const WString& name, bool isFolder, const Swap& swap) {
   return result;
 }
 
-// The rule of the replacement, character by character.
+// A replacement, character by character.
 WString PlainReplace(const WString& text, const WString& find, const WString& replace) {
   WString result;
   for (std::size_t at = 0; at < text.size();) {
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FuzzInput input(data, size);
   const bool isFolder = input.TakeByte() % 2 != 0;
   const int part = input.TakeByte() % 5;
-  // What the system's buffers take whole.
+  // Short enough for the system's buffers.
   const WString name = input.TakeText().substr(0, 2000);
   const WString find = input.TakeText();
   const WString replace = input.TakeText().substr(0, 20);
@@ -74,7 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool changed = transform(entry);
     Require(changed || entry.newName.empty());
     Require(!changed || entry.newName != name);
-    // No transform adds more than the dot of a tidy name.
+    // No transform adds more than one character, the dot of a tidy name.
     Require(entry.newName.size() <= name.size() + 1);
   }
   for (const Swap& swap : kSwaps) {
@@ -91,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     wanted = PlainReplace(name.substr(0, dot), find, replace) + name.substr(dot);
   else if (part == 2)
     wanted = name.substr(0, dot) + PlainReplace(name.substr(dot), find, replace);
-  // A change behind the first 2048 characters does not count.
+  // A change after the first 2048 characters is ignored.
   if (wanted.size() < 2048) {
     FileItemEntry entry = {&item, {}};
     RequireResult(ReplaceInName(entry, find, replace, part), entry, name, wanted);

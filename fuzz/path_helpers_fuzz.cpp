@@ -1,4 +1,4 @@
-// Paths, patterns and names of any shape through the helpers that take them apart.
+// Passes any paths, patterns and names to the helpers that split them.
 #include "frame/services/path_parts.h"
 #include "frame/services/target_name.h"
 #include "fuzz_input.h"

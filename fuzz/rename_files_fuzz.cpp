@@ -1,4 +1,4 @@
-// Any bytes as a file of profiles or of search pairs: they are read, and what is saved of them is read again.
+// Reads any bytes as a file of profiles or of search pairs, saves the result, and reads it again.
 #include <string>
 
 #include "fuzz_folder.h"

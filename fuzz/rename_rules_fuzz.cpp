@@ -1,4 +1,4 @@
-// Any templates, counters and pairs over any names: every name is made, within its bounds.
+// Applies any templates, counters and pairs to any names: each new name must be within its limits.
 #include <string>
 
 #include "fuzz_input.h"
@@ -42,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(item->newName.size() <= kLongestName);
   }
   CheckConflicts(engine);
-  // Rules that are kept for a pass and rules that are made anew are one.
+  // Rules that are reused for all names and rules that are compiled for each name have the same results.
   for (const MultiRenameItem& item : *rows) {
     WString kept = item.oldName;
     WString made = item.oldName;

@@ -1,5 +1,5 @@
-// The line sorter on any file with any options: whole runs on the disk, and in memory the fast ways of
-// sorting beside the plain one.
+// Sorts any file with any options: complete runs on the disk, and comparisons of the fast sorting methods
+// with the plain one in memory.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -16,7 +16,7 @@ using namespace WQLineSorter;
 
 namespace {
 
-// A folder of its own for the whole run, removed at its end.
+// A temporary folder for the whole run, removed at its end.
 class Scratch {
  public:
   Scratch()
@@ -38,7 +38,7 @@ SortLinesOptions TakeOptions(FuzzInput& input) {
   options.options = input.TakeNumber();
   options.keepLinesTop = input.TakeByte() % 8;
   options.keepLinesBottom = input.TakeByte() % 8;
-  // Small mostly, and at times as large as can be.
+  // Usually small, sometimes near the maximum.
   const auto takePlace = [&input] {
     const std::uint8_t byte = input.TakeByte();
     return byte < 0xF0 ? byte % 70U : ~std::uint32_t{0} - byte % 16U;
@@ -76,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const Scratch scratch;
   FuzzInput input(data, size);
   const SortLinesOptions options = TakeOptions(input);
-  // The rest, as often as it takes to pass a block's border.
+  // The rest, repeated so often that it crosses a block's border.
   const std::size_t repeats = input.TakeByte() % 16 == 0 ? 40 : 1;
   const auto rest = input.TakeRest();
   std::vector<std::uint8_t> bytes;

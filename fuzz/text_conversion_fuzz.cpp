@@ -1,4 +1,4 @@
-// The conversions of text files against the plain rule, around the ends of the buffers too.
+// Compares the conversions of text files with plain implementations, also at the ends of the buffers.
 #include "filetools/text_conversion.h"
 
 #include <string>
@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FuzzInput input(data, size);
   const int command = kCommands[input.TakeByte() % 4];
   const std::uint32_t width = input.TakeByte() % 21;
-  // Filling that puts the text at the end of a buffer.
+  // Padding that moves the text to the end of a buffer.
   const std::size_t filling = input.TakeByte() < 200 ? 0 : 65500 + input.TakeByte() % 64;
   const auto rest = input.TakeRest();
   const std::string text = std::string(filling, 'x') + std::string(rest.begin(), rest.end());

@@ -1,5 +1,5 @@
-// Any bytes as an undo file: what is read and written stays the same when it is read again, but for texts
-// that the form cannot hold.
+// Reads any bytes as an undo file and writes the session: reading it again must have the same result, except
+// for texts that the format cannot represent.
 #include <string>
 #include <vector>
 
@@ -30,10 +30,10 @@ void Read(std::span<const std::uint8_t> bytes) {
     for (const WString* const field : {&entry.folder.Text(), &entry.oldName, &entry.newName}) {
       Require(!field->empty());
       Require(field->find_first_of(W("\r\n")) == WString::npos);
-      // A field that is only a bar, or begins with one, is taken for the end of the one before.
+      // A field that contains a bar may be read back as different fields.
       isPlain = isPlain && field->find(W('|')) == WString::npos;
     }
-    // Blanks are taken off a line, and not every line is an entry.
+    // Blanks at the ends of a line are removed, and some lines are not entries.
     isPlain = isPlain && WStringView(W(" \t;#[")).find(entry.folder.Text().front()) == WStringView::npos &&
               WStringView(W(" \t")).find(entry.newName.back()) == WStringView::npos;
   }
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Read(rest);
     return 0;
   }
-  // Bytes as characters behind the mark, so that lines are met.
+  // Each byte becomes a character after the byte order mark, so that the input often contains lines.
   std::vector<std::uint8_t> bytes = {0xFF, 0xFE};
   for (const std::uint8_t byte : rest) {
     bytes.push_back(byte);

@@ -1,5 +1,5 @@
-// Wildcard patterns over any line: what every match must be, and for short ones what the standard library
-// says.
+// Matches wildcard patterns against any line: checks the properties of all matches and, for short patterns,
+// compares them with those of the standard library.
 #include <algorithm>
 #include <optional>
 
@@ -14,7 +14,8 @@ namespace {
 template <typename CharT>
 using Text = std::basic_string<CharT>;
 
-// Narrowed to bytes for char. Zeros are the character 1 in the input, as zeros end its texts.
+// Narrowed to bytes if CharT is char. Zeros of the input become the character 1, as a zero would end the
+// text.
 template <typename CharT>
 Text<CharT> TakeText(FuzzInput& input) {
   Text<CharT> text;
@@ -22,8 +23,8 @@ Text<CharT> TakeText(FuzzInput& input) {
   return text;
 }
 
-// The library's compiler calls itself for each character, and its matcher takes a time that explodes with
-// repeats of repeats; numbers beyond 32 bits are undefined there.
+// The library's compiler recurses for each character, its matcher takes exponential time for nested
+// repetitions, and its behavior is undefined for numbers beyond 32 bits.
 template <typename CharT>
 bool CanAskLibrary(const Text<CharT>& text, const Text<CharT>& line) {
   int braces = 0;
@@ -43,7 +44,7 @@ bool CanAskLibrary(const Text<CharT>& text, const Text<CharT>& line) {
   return text.size() <= 64 && line.size() <= 40 && braces + stars <= 4;
 }
 
-// Matches in order, not overlapping, each ending the walk if empty.
+// Matches are in order and do not overlap; an empty one is the last.
 void RequireOrder(const LineMatches& matches, std::size_t column, std::size_t size) {
   for (std::size_t at = 0; at < matches.size(); ++at) {
     Require(matches[at].first >= column);
@@ -86,7 +87,7 @@ void Try(FuzzInput& input) {
   }
   RequireOrder(matches, column, line.size());
   if (!ignoreCase) RequireText(*pattern, matches, line);
-  // What is kept of a line changes nothing.
+  // The data that a pattern stores about a line does not affect the matches.
   for (const auto& [start, length] : matches) {
     WildcardPattern<CharT> fresh(text, ignoreCase);
     const LineMatches rest = MatchesOf<CharT>(fresh, line, start);

@@ -1,4 +1,4 @@
-// Any bytes as an XML file: what is read and written stays the same when it is read again.
+// Reads any bytes as an XML file and writes the document: reading it again must have the same result.
 #include <string>
 
 #include "fuzz_input.h"

@@ -26,7 +26,7 @@ RULES = {
 def rename_by_rules(scratch):
     tree = scratch / "rename_by_rules"
     make_tree(tree, COUNTS[-1] // 100, 100)
-    # Two rows of one name stand in the way of a run, in different folders too.
+    # Two rows with the same name prevent a run, even in different folders.
     items = sorted(str(path.rename(path.with_name(f"{path.parent.name}_{path.name}"))) for path in tree.glob("*/*"))
     for count in COUNTS:
         (scratch / f"items-{count}").write_text("\n".join(items[:count]) + "\n")
@@ -92,7 +92,7 @@ def runs(scratch, tree):
     if not folder:
         return
     try:
-        # What is read of an undo file holds as many names as this if they and their folder are short.
+        # The readable part of an undo file has room for this many names if they and their folder are short.
         names = [f"a{number:06d}" for number in range(RUN)]
         for name in names:
             (folder / name).touch()

@@ -56,7 +56,7 @@ def replace(scratch):
     beside("One, wildcard P*e", own(text, target, "P*e", "X", "one", "wildcard"),
            [("sed s/P.*e/X/g", sed(text, target, "s/P.*e/X/g"))])
 
-    # Words of the text, none of which holds another one: two items never meet.
+    # Words of the text, none of which contains another one, so no two matches overlap.
     finds = [f"pkg{number:03d}q" for number in range(98)] + [WORD, "Priority"]
     replaces = [f"new{number:03d}" for number in range(100)]
     script = scratch / "script"
