@@ -43,7 +43,7 @@ def replace(scratch):
         peers.append(("rg --passthru -r",
                       ["sh", "-c", f"exec rg --no-config -N --passthru -r x86-64 {WORD} '{text}' >'{target}'"]))
     if has("sd"):
-        # It replaces in place; the time of the copy is taken off below by measuring it alone.
+        # With -p it writes its output, here to a file, instead of replacing in place.
         peers.append(("sd -s (its output to a file)",
                       ["sh", "-c", f"exec sd -s -p {WORD} x86-64 '{text}' >'{target}'"]))
     ours = beside("One", own(text, target, WORD, "x86-64", "one"), peers)

@@ -36,7 +36,8 @@ class RunStatus {
   WString errorText_;
 };
 
-// The text of the status bar's second pane: the error, or the counts of the last run that are not zero
+// Returns the text of the status bar's second pane: the error, or the counts of the last run that are not
+// zero
 // ("3 Renamed, 1 Failed"), or nothing.
 WString StatusText(const RunStatus& status);
 

@@ -82,7 +82,7 @@ class PanelForm {
   void Close();
 
   // Handles MRM_NEW_SELECTION, which is posted if command 31000 is run while the window is open. Stops a
-  // preview, or waits for the end of a run, and then removes the rows from the list; the new ones appear with
+  // preview and removes the rows from the list, during a run only after its end; the new rows appear with
   // Reset File List. Does nothing if the list already shows the newest rows.
   void OnNewSelection();
 

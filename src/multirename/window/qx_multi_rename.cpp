@@ -33,7 +33,7 @@ s32 QXMultiRename::OnRegister(IHostApp* hostApp) {
   if (!menus || !commands) return 1;
   const MenuHandle menu = menus->CreateRootMenu(kRenameTextMenu, 1, 0);
   if (!menu) return 1;
-  menus->AddCommand(menu, nullptr, 1, 0);  // the entry of command 0, which the host ignores (C-686)
+  menus->AddCommand(menu, nullptr, 1, 0);  // the entry of command 0, which the host accepts (C-686)
   menus->AddCommand(menu,
                     commands->CreateCommand(kCommandMultiRename, kOpenFlags, kRenameTextTitle,
                                             kRenameTextTitle, kOpenDisplayWord, 0),
