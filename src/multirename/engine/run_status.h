@@ -37,8 +37,7 @@ class RunStatus {
 };
 
 // Returns the text of the status bar's second pane: the error, or the counts of the last run that are not
-// zero
-// ("3 Renamed, 1 Failed"), or nothing.
+// zero ("3 Renamed, 1 Failed"), or nothing.
 WString StatusText(const RunStatus& status);
 
 }  // namespace Velmora::SDK
