@@ -176,8 +176,7 @@ TEST(MessagesTest, DispatchingCallsTheHandlerOfTheWindow) {
     EXPECT_EQ(handled[0].first, 6u);
     EXPECT_EQ(handled[0].second, -7);
     EXPECT_EQ(handled[1].message, WM_CLOSE);
-    EXPECT_TRUE(PostMessageW(window.Handle(), WM_APP, 0, 0));  // the handler handles WM_CLOSE, so the window
-                                                               // still exists
+    EXPECT_TRUE(PostMessageW(window.Handle(), WM_APP, 0, 0));  // handling WM_CLOSE leaves the window open
   });
 }
 

@@ -16,8 +16,7 @@ constexpr WCHAR kFrameClassName[] = L"QXMultiRenameFrame";
 constexpr UINT kCallMessage = WM_APP + 0x3A7;  // to the window's thread; wParam is the number of a call
 constexpr int kPairListNumber = 1118;
 constexpr auto kPatience = std::chrono::seconds(60);
-constexpr auto kLook = std::chrono::milliseconds(10);  // the polling interval for states without a
-                                                       // notification
+constexpr auto kLook = std::chrono::milliseconds(10);  // polling interval
 
 // The calls that wait for the window's thread, by number.
 std::mutex callsMutex;  // guards the variables below
