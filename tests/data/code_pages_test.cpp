@@ -1,4 +1,4 @@
-// Whole texts into the bytes of a code page and back.
+// Converting whole texts to the bytes of a code page and back.
 #include "data/code_pages.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
-// Readers of files and of memory: what they deliver, and what a file that cannot be read throws.
+// Readers of files and of memory: the bytes that they return, and the exceptions for files that cannot be
+// read.
 #include "data/data_reader.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ namespace {
 
 constexpr std::uint32_t kUnset = 0xDDDDDDDD;
 
-// One read of up to `toRead` bytes, with a check that nothing behind the delivered bytes is touched.
+// Reads up to `toRead` bytes, and checks that the buffer is unchanged after the returned ones.
 std::string ReadSome(DataReader& reader, std::uint32_t toRead) {
   char buffer[64];
   std::memset(buffer, '?', sizeof buffer);
@@ -38,12 +39,12 @@ Thrown OpenFailure(const WString& path) {
   return ThrownBy<WQDataReaderException>([&] { const FileDataReader reader(path); });
 }
 
-// The message of an open that failed, for a path of ASCII characters.
+// Returns the message of a failed open, for a path of ASCII characters.
 std::string OpenMessage(const WString& path) { return "Unable to open file : " + ToUtf8(path); }
 
 }  // namespace
 
-// A reader is a value of the function that loads: nobody deletes it through the base.
+// Readers are local variables of the loading functions; they are never deleted through the base class.
 static_assert(!std::has_virtual_destructor_v<DataReader>);
 
 TEST(MemoryDataReader, DeliversTheBlockInPortions) {
@@ -93,7 +94,7 @@ TEST(MemoryDataReader, CloseChangesNothing) {
 }
 
 TEST(MemoryDataReader, FreesItsOwnBlockAndNoOther) {
-  // The checks of memory in the sanitized build see a leak and a second delete.
+  // The sanitizers detect a leak and a double delete.
   auto* const block = new unsigned char[3]{'a', 'b', 'c'};
   {
     MemoryDataReader borrowing(block, 3);
@@ -208,7 +209,7 @@ TEST(FileDataReader, SecondCloseAndDestructionLeaveOtherHandlesAlone) {
   const ScratchFolder scratch;
   std::optional<FileDataReader> reader(std::in_place, scratch.Write(W("a.txt"), "abc"));
   reader->Close();
-  // Takes the place of the closed handle, where the system gives it out again.
+  // Takes the value of the closed handle, if the system reuses it.
   FileDataReader other(scratch.Write(W("b.txt"), "def"));
   reader->Close();
   EXPECT_EQ(ReadSome(other, 1), "d");

@@ -51,7 +51,7 @@ TEST(FileDataReaderFaults, PathThatCannotBeConvertedLeavesTheFixedWordsAndTheErr
     Faults::Fail("WideCharToMultiByte", nth, ERROR_NO_UNICODE_TRANSLATION, true);
     Faults::Fail("CreateFileW", 1, ERROR_ACCESS_DENIED);
     const Thrown thrown = FaultyOpenFailure(path);
-    if (nth == 2 && Faults::CallCount("WideCharToMultiByte") < 2) break;  // one call does it
+    if (nth == 2 && Faults::CallCount("WideCharToMultiByte") < 2) break;  // a single call converts the path
     EXPECT_EQ(thrown, (Thrown{ERROR_ACCESS_DENIED, "Unable to open file : "})) << nth;
     Faults::Fail("WideCharToMultiByte", nth, ERROR_NO_UNICODE_TRANSLATION, true);
     Faults::Fail("GetFileSizeEx", 1, ERROR_IO_DEVICE);
@@ -113,7 +113,7 @@ TEST(FileDataReaderFaults, OpenThatFailedLeavesNothingToClose) {
 TEST(FileDataReaderFaults, SizeBeyond32Bits) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a.txt"), "");
-  // A hole, which takes no room.
+  // A sparse file, which takes no space on disk.
   std::filesystem::resize_file(scratch.NativePath(W("a.txt")), 0x100000003);
   const FileDataReader reader(path);
   EXPECT_EQ(reader.size, 0x100000003u);

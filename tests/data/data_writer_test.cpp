@@ -1,4 +1,4 @@
-// Writers into files and into memory: what they store, and what a file that cannot be made throws.
+// Writers to files and to memory: what they store, and the exceptions for files that cannot be created.
 #include "data/data_writer.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::uint32_t kUnwritten = 0xDDDDDDDD;
 
-// Keeps what it is given, at most two bytes of each write.
+// Stores what is written, at most two bytes for each write.
 class TwoByteWriter final : public DataWriter {
  public:
   void Write(const void* data, std::uint32_t size, std::uint32_t* written) override {
@@ -32,7 +32,7 @@ class TwoByteWriter final : public DataWriter {
   int calls = 0;
 };
 
-// Gives a writer an ending of these bytes with a zero behind them.
+// Sets the line ending of a writer to these bytes, followed by a zero.
 void SetEnding(DataWriter& writer, std::string_view bytes) {
   writer.lineEnding = std::make_unique<unsigned char[]>(bytes.size() + 1);
   std::memcpy(writer.lineEnding.get(), bytes.data(), bytes.size());
@@ -55,7 +55,7 @@ void WriteText(DataWriter& writer, std::string_view text) {
 
 }  // namespace
 
-// A writer may be deleted through its base; a reader may not.
+// A writer may be deleted through its base class; a reader may not.
 static_assert(std::has_virtual_destructor_v<DataWriter>);
 
 TEST(DataWriter, ReservedOperationsDoNothingAndAnswer0) {
@@ -102,7 +102,7 @@ TEST(DataWriter, WriteBlockIsOneWriteAndAnswersTheBytesWritten) {
 }
 
 TEST(DataWriter, IsDeletedThroughItsBaseWithItsEnding) {
-  // The checks of memory in the sanitized build see a leak.
+  // The sanitizers detect a leak.
   std::unique_ptr<DataWriter> writer = std::make_unique<TwoByteWriter>();
   SetEnding(*writer, "\r\n");
   std::unique_ptr<DataWriter> memory = std::make_unique<MemoryDataWriter<char>>(10);

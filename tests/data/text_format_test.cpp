@@ -1,4 +1,4 @@
-// What kind of text a file is taken for, by its first 1024 bytes.
+// How the format of a text file is detected by its first 1024 bytes.
 #include "data/text_format.h"
 
 #include <gtest/gtest.h>
@@ -16,13 +16,13 @@ using WQDR::WQDataReaderException;
 
 namespace {
 
-// Text with zero bytes in it.
+// Returns the bytes of a literal, including zeros.
 template <std::size_t kSize>
 std::string Bytes(const char (&literal)[kSize]) {
   return {literal, kSize - 1};
 }
 
-// The format by the first `valid` bytes of a head that holds more than them.
+// Detects the format by the first `valid` bytes of a head that contains more.
 TextFormat DetectPart(const std::string& bytes, std::uint32_t valid) {
   std::array<unsigned char, WQDR::kFileHeadSize> head{};
   EXPECT_LE(bytes.size(), head.size());
@@ -34,7 +34,7 @@ TextFormat Detect(const std::string& bytes) {
   return DetectPart(bytes, static_cast<std::uint32_t>(bytes.size()));
 }
 
-// `size` bytes of which `strange` are no text; they stand at the end.
+// Returns `size` bytes that end in `strange` bytes which are not text.
 std::string WithStrangeBytes(std::size_t size, std::size_t strange) {
   return std::string(size - strange, 'a') + std::string(strange, '\x01');
 }
@@ -55,7 +55,7 @@ Head ReadHead(const WString& path) {
   return head;
 }
 
-// The valid bytes. Fails the test if the rest of the block is not zero.
+// Returns the valid bytes. Fails the test if the rest of the block is not zero.
 std::string ValidBytes(const Head& head) {
   if (!head.block || head.bytesRead > 1024) {
     ADD_FAILURE() << head.bytesRead;
@@ -100,7 +100,7 @@ TEST(TextFormat, HalfAMarkIsBinary) {
 TEST(TextFormat, BigEndianMarkIsNotKnown) {
   EXPECT_EQ(Detect("\xFE\xFF"), TextFormat::Binary);
   EXPECT_EQ(Detect(Bytes("\xFE\xFF\0a\0b\0c\0d\0e")), TextFormat::Binary);
-  // Two strange bytes in ten.
+  // Two of ten bytes are not text.
   EXPECT_EQ(Detect("\xFE\xFF"
                    "abcdefgh"),
             TextFormat::Ansi);
@@ -109,7 +109,7 @@ TEST(TextFormat, BigEndianMarkIsNotKnown) {
 TEST(TextFormat, FiveWesternUnitsAreUtf16WithoutAMark) {
   EXPECT_EQ(Detect(Bytes("A\0B\0C\0D\0E\0")), TextFormat::Utf16);
   EXPECT_EQ(Detect(Bytes("\x01\0\xFF\0\n\0\r\0\x80\0")), TextFormat::Utf16);
-  // What comes behind them does not count.
+  // The bytes after the first five characters have no effect.
   EXPECT_EQ(Detect(Bytes("A\0B\0C\0D\0E\0") + std::string(500, '\x01')), TextFormat::Utf16);
 }
 
@@ -142,7 +142,7 @@ TEST(TextFormat, Utf8MarkIsUtf8WhateverFollows) {
 TEST(TextFormat, PartOfTheUtf8MarkIsBinary) {
   EXPECT_EQ(Detect("\xEF\xBB"), TextFormat::Binary);
   EXPECT_EQ(DetectPart("\xEF\xBB\xBF", 2), TextFormat::Binary);
-  EXPECT_EQ(Detect("\xEF\xBB\xBEtext"), TextFormat::Ansi);  // one strange byte in seven
+  EXPECT_EQ(Detect("\xEF\xBB\xBEtext"), TextFormat::Ansi);  // one of seven bytes is not text
 }
 
 TEST(TextFormat, XmlDeclarationThatNamesUtf8IsUtf8) {
@@ -167,7 +167,7 @@ TEST(TextFormat, XmlDeclarationOfAnyOtherWordingIsJudgedByItsBytes) {
            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>",      // no line feed
            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r",    //
            "<?XML version=\"1.0\" encoding=\"UTF-8\"?>\n",    //
-           "<?xml\tversion=\"1.0\" encoding=\"UTF-8\"?>\n",   // the blank is part of the test
+           "<?xml\tversion=\"1.0\" encoding=\"UTF-8\"?>\n",   // a blank is required after "<?xml"
            " <?xml version=\"1.0\" encoding=\"UTF-8\"?>\n",   //
            "\n<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n",  //
            "<?xml \nUTF-8",
@@ -193,7 +193,7 @@ TEST(TextFormat, DeclarationEndsWithinTheHead) {
   // The last byte of the head is a line feed.
   EXPECT_EQ(Detect(start + std::string(1023 - start.size(), ' ') + "\n"), TextFormat::Utf8);
   EXPECT_EQ(Detect(start + std::string(1024 - start.size(), ' ')), TextFormat::Ansi);
-  // A line feed behind the valid bytes does not count.
+  // A line feed after the valid bytes is ignored.
   EXPECT_EQ(DetectPart(start + "\n", static_cast<std::uint32_t>(start.size())), TextFormat::Ansi);
   EXPECT_EQ(DetectPart(start + "\n", static_cast<std::uint32_t>(start.size()) + 1), TextFormat::Utf8);
 }
@@ -253,7 +253,7 @@ TEST(TextFormat, WesternLowerCaseAccentsAreStrangeAndUpperCaseOnesAreText) {
 TEST(TextFormat, Utf8WithoutAMarkIsJudgedAsBytes) {
   EXPECT_EQ(Detect("Gr\xC3\xBC\xC3\x9F"
                    "e"),
-            TextFormat::Ansi);                                 // 9F alone of seven
+            TextFormat::Ansi);                                 // only 9F, of seven
   EXPECT_EQ(Detect("\xE4\xB8\xAD"), TextFormat::Binary);       // E4 and AD of three
   EXPECT_EQ(Detect("UTF-8 \xE4\xB8\xAD!"), TextFormat::Ansi);  // two of ten
 }
@@ -290,7 +290,7 @@ TEST(FileHead, BytesBehindTheHeadDoNotCount) {
   EXPECT_EQ(DetectTextFormat(scratch.Write(W("a"), text + std::string(5000, '\x01'))), TextFormat::Ansi);
   EXPECT_EQ(DetectTextFormat(scratch.Write(W("b"), WithStrangeBytes(1024, 205) + std::string(5000, 'a'))),
             TextFormat::Binary);
-  // The declaration's end lies behind the head.
+  // The end of the declaration is after the head.
   EXPECT_EQ(DetectTextFormat(scratch.Write(W("c"), "<?xml UTF-8" + text + "\n")), TextFormat::Ansi);
 }
 
@@ -298,7 +298,7 @@ TEST(FileHead, PathThatIsNotThereIsNumberTwoWhateverTheSystemSays) {
   const ScratchFolder scratch;
   const Thrown notFound{2, "File not found"};
   EXPECT_EQ(HeadFailure(scratch.Path(W("none"))), notFound);
-  // The system's number is 3 here.
+  // The system's error is ERROR_PATH_NOT_FOUND (3) in this case.
   EXPECT_EQ(HeadFailure(scratch.Path(W("none\\a"))), notFound);
   EXPECT_EQ(HeadFailure(W("")), notFound);
 }

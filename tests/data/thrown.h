@@ -1,4 +1,4 @@
-// What a call throws: the number and the text of one kind of exception, or the text alone.
+// The exception of a call: its number and text, or its text only.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ inline void PrintTo(const Thrown& thrown, std::ostream* out) {
   *out << thrown.errorCode << " \"" << thrown.text << "\"";
 }
 
-// Exceptions of other kinds pass.
+// Exceptions of other types are not caught.
 template <typename Exception, typename Call>
 Thrown ThrownBy(Call call) {
   try {
@@ -29,7 +29,7 @@ Thrown ThrownBy(Call call) {
   return {0, "nothing was thrown"};
 }
 
-// For exceptions that carry no number.
+// For exceptions without a number.
 template <typename Exception, typename Call>
 std::string TextThrownBy(Call call) {
   try {

@@ -1,6 +1,6 @@
 """The menus of File Utils and Multi Rename, row by row.
 
-A row is (depth, number, text id, display word): number None for a sub menu, 0 for a separator.
+A row is (depth, number, text id, display word). The number is None for a submenu and 0 for a separator.
 """
 
 DISPLAY = 0x400000
@@ -58,7 +58,7 @@ MULTI_RENAME = [
     (1, 31000, 0x000A0063, DISPLAY),
 ]
 
-# The other module's menu, which has a literal text, and the branch in it.
+# The menu of the other module, which has a text without an id, and the branch in it.
 BRANCH = [
     (1, None, 0, 0),
     (2, None, 0x0A28006D, 0),
@@ -150,7 +150,7 @@ CONTROL_PANEL = [
 
 
 def rows(control_panel=True, class_a=False):
-    """The whole tree."""
+    """Returns the rows of the whole tree."""
     result = list(FILE_UTILS)
     if control_panel:
         result += BRANCH

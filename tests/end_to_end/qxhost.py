@@ -2,7 +2,7 @@
 
 The environment variable QXHOST holds the command, e.g. `build/native/bin/qxhost`, or
 `scripts/wine build/windows/bin/qxhost.exe` (with a display: boxes are real there). The same tests run
-for both builds; what only one of them can do stands in a class below `if IS_WINDOWS` or `if not IS_WINDOWS`.
+for both builds; tests of a single build are in classes below `if IS_WINDOWS` or `if not IS_WINDOWS`.
 """
 
 import json
@@ -19,7 +19,7 @@ def _command():
     text = os.environ.get("QXHOST")
     if not text:
         raise RuntimeError("set QXHOST to the command that runs qxhost")
-    # Runs have other current folders, so a part that names a file is made a full path.
+    # Runs have another current folder, so parts that name a file are made absolute.
     return [os.path.abspath(part) if os.path.exists(part) else part for part in shlex.split(text)]
 
 
@@ -27,15 +27,15 @@ COMMAND = _command()
 IS_WINDOWS = COMMAND[-1].lower().endswith(".exe")
 TIMEOUT_SECONDS = 120
 
-# Each file takes some times as long under sanitizers.
+# Under sanitizers each file takes several times as long.
 IS_SLOW = "ASAN_OPTIONS" in os.environ
 
-# The value of the last event by exit status: handled, not handled, handled with failed files.
+# The value of the last event for each exit status: handled, not handled, handled with failed files.
 RESULT_OF_STATUS = {0: 1, 1: 0, 4: 1}
 
 
 def windows_path(path):
-    """The path of this system as the module is given it."""
+    """Returns a native path in the form that the module gets."""
     return "Z:" + path.replace("/", "\\")
 
 
@@ -51,7 +51,7 @@ class Outcome:
 
     @property
     def renames(self):
-        """(old name, new name, result) of each rename, in order."""
+        """Returns (old name, new name, result) for each rename, in order."""
         return [(event["from"].rpartition("\\")[2], event["to"], event["result"]) for event in self.of("rename")]
 
     @property
@@ -60,7 +60,7 @@ class Outcome:
 
 
 class HostTest(unittest.TestCase):
-    """A test with a scratch folder of its own: `folder` for the files, `config` for the settings."""
+    """A test with a new scratch folder: `folder` contains the files, `config` the settings."""
 
     maxDiff = None
 
@@ -75,7 +75,7 @@ class HostTest(unittest.TestCase):
         return os.path.join(self.folder, *names)
 
     def make(self, *names):
-        """Makes files, or folders for names that end in a slash, each file with its name as content."""
+        """Creates files whose contents are their names, and folders for names that end in a slash."""
         for name in names:
             if name.endswith("/"):
                 os.makedirs(self.path(name), exist_ok=True)
@@ -85,7 +85,7 @@ class HostTest(unittest.TestCase):
                 file.write(name)
 
     def names(self, folder=""):
-        """The names in the folder, sorted; a folder with a slash behind it."""
+        """Returns the names in the folder, sorted; those of folders end in a slash."""
         result = []
         with os.scandir(self.path(folder)) as entries:
             for entry in entries:
@@ -97,17 +97,17 @@ class HostTest(unittest.TestCase):
             return file.read()
 
     def process(self, *arguments, stdin=b"", cwd=None, command=None, user=None, largest_file=None):
-        """Runs qxhost, or another command in its place, with these arguments and nothing else. `user` is the number
-        of whoever runs it, with the group of the same number alone; without it, who runs the tests. No file becomes
-        larger than `largest_file` bytes (native build)."""
+        """Runs qxhost, or another command, with exactly these arguments. `user` is the id of the user and of
+        the only group that it runs as; by default it runs as the tests' user. Files are limited to
+        `largest_file` bytes (native build)."""
         more = {} if user is None else {"user": user, "group": user, "extra_groups": []}
         if largest_file is not None:
-            # A write beyond the limit is an error then, and no signal, which this process ignores already.
+            # A write beyond the limit then fails without a signal, which this process already ignores.
             more["preexec_fn"] = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (largest_file, largest_file))
             more["restore_signals"] = False
         # Wine takes the encoding of file names from the locale.
         environment = dict(os.environ, LC_ALL="C.UTF-8")
-        # Files and not pipes: Wine's server is started by the first program and holds a pipe open long after it.
+        # Files, not pipes: the first program starts Wine's server, which would keep the pipes open after it.
         with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
             given.write(stdin)
             given.seek(0)
@@ -119,7 +119,7 @@ class HostTest(unittest.TestCase):
             return Outcome(done.returncode, out.read().decode("utf-8"), err.read().decode("utf-8"))
 
     def run_json(self, *arguments, answers=(), status=0, **keywords):
-        """Runs qxhost --json with the test's own settings, and holds it to its exit status."""
+        """Runs qxhost --json with the test's settings and checks its exit status."""
         call = ["--json", "--config", self.config]
         for answer in answers:
             call += ["--answer", answer]
@@ -132,5 +132,5 @@ class HostTest(unittest.TestCase):
         return outcome
 
     def command(self, command, *names, **keywords):
-        """Runs one command, given by its number or name, with these items of the folder selected."""
+        """Runs a command, given by its number or name, with these items of the folder selected."""
         return self.run_json("command", str(command), *[self.path(name) for name in names], **keywords)

@@ -257,7 +257,7 @@ class ExitStatus(HostTest):
             file.write(bytes(range(256)) * 8)
         call = ["script", "SortLines", "FILE=" + self.path("a.bin"), "TARGET=*.x"]
         self.run_json(*call, answers=["ok"], status=4)
-        # The closing message has the button OK alone.
+        # The closing message only has the button OK.
         outcome = self.run_json(*call, answers=["yes"], status=2)
         self.assertEqual([event["marker"] for event in outcome.of("list") if event["items"]], [1])
 
@@ -296,7 +296,7 @@ class Items(HostTest):
             outcome = self.run_json("command", "30000", item, answers=["ok"], cwd=self.path("inner"), status=4)
             self.assertEqual([rename["result"] for rename in outcome.of("rename")], [32])
         self.assertEqual(self.names(), ["inner/"])
-        # A folder beside it whose name begins alike is another one.
+        # A sibling folder whose name is a prefix of it can be renamed.
         self.make("inn/")
         self.run_json("command", "30000", self.path("inn"), answers=["ok"], cwd=self.path("inner"))
         self.assertEqual(self.names(), ["INN/", "inner/"])
@@ -337,7 +337,7 @@ if not IS_WINDOWS:
 
     class Terminal(HostTest):
         def run_at_terminal(self, typed, *arguments):
-            """Runs qxhost with these lines typed at its terminal."""
+            """Runs qxhost at a terminal on which these lines are typed."""
             person, terminal = pty.openpty()
             try:
                 os.write(person, typed.encode())

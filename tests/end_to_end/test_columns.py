@@ -8,7 +8,7 @@ if not IS_WINDOWS:
 
 class Columns(HostTest):
     def cells(self, *names, **keywords):
-        """{item: {column: value}} in the order of the output."""
+        """Returns {item: {column: value}} in the order of the output."""
         outcome = self.run_json("columns", *[self.path(name) for name in names], **keywords)
         cells = {}
         for event in outcome.of("column"):

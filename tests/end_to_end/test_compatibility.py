@@ -1,4 +1,4 @@
-"""Holds docs/compatibility.md to the code and the tests that it names. Runs by itself too, without qxhost."""
+"""Checks docs/compatibility.md against the code and the tests that it names. Does not need qxhost."""
 
 import pathlib
 import re
@@ -24,7 +24,7 @@ def files_of(*folders):
 
 
 def ids_in(*folders):
-    """The files that name each id."""
+    """Returns the files that name each id."""
     found = {}
     for path in files_of(*folders):
         for number in ID.findall(text_of(path)):
@@ -33,7 +33,7 @@ def ids_in(*folders):
 
 
 def entries_of(page):
-    """(id, its text) for each entry of the page, in order."""
+    """Returns (id, text) for each entry of the page, in order."""
     parts = ENTRY.split(page)[1:]
     return list(zip(parts[::2], parts[1::2]))
 
@@ -43,8 +43,8 @@ def tests_in(path):
 
 
 def faults(page, named, referred, tests_of):
-    """What is wrong with a page: `named` are the ids that code or tests name, with their files, `referred` those of
-    the code, and `tests_of` gives the tests of a file, or None if there is no such file."""
+    """Returns the errors of a page. `named` maps the ids in code and tests to their files, `referred` those in
+    the code, and `tests_of` returns the tests in a file, or None if the file does not exist."""
     result = []
     entries = entries_of(page)
     numbers = [number for number, _ in entries]
@@ -67,7 +67,7 @@ def faults(page, named, referred, tests_of):
                 result.append(f"{number} names {file}, which does not exist")
             elif test not in tests:
                 result.append(f"{number} names {test}, which is not in {file}")
-        # A link that is written in another way would not be checked.
+        # A link in another form would not be checked.
         if text.partition("*Tests:*")[2].split("\n\n")[0].count("`") != 2 * len(links):
             result.append(number + " names a test without a link to its file")
     return result
@@ -85,7 +85,7 @@ class Compatibility(unittest.TestCase):
         self.assertEqual(faults(page, ids_in("src", "host", "tests"), ids_in("src", "host"), tests_of), [])
         self.assertGreater(len(entries_of(page)), 100)
 
-    # The ids are put together so that this file names none.
+    # The ids are concatenated, so that this file itself contains none.
     def test_each_fault_is_found(self):
         one, two, three = ("C-" + number for number in ("901", "902", "903"))
         tests = {"tests/a_test.cpp": {"Suite.Holds"}}

@@ -13,7 +13,7 @@ class LinkMenuTest(HostTest):
         os.mkdir(self.panel)
 
     def link(self, *names, form=(), options=(), answers=("ok",), **keywords):
-        """Create Link on these items of the folder, with the other panel there."""
+        """Runs Create Link on these items of the folder, with the other panel at `panel`."""
         arguments = ["--panel", self.panel, *options]
         for value in form:
             arguments += ["--form", value]
@@ -53,7 +53,7 @@ class LinkMenuTest(HostTest):
 
 
 class CreateLinkMenu(LinkMenuTest):
-    """What both builds do: the dialog opens on the stored kind, and an answer ends it."""
+    """For both builds: the dialog opens with the stored kind and is closed by an answer."""
 
     def test_one_hard_link_in_the_other_panel(self):
         self.make("a ü Ж.txt")

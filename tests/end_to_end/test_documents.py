@@ -1,15 +1,15 @@
-"""Words of the documents that name what the dialogs show."""
+"""The texts of dialogs, as quoted in the documents."""
 import pathlib
 import re
 import unittest
 
 TOP = pathlib.Path(__file__).parents[2]
-# The rows of Find and Replace's save modes, in their order.
+# The text ids of Find and Replace's save modes, in order.
 SAVE_MODES = ("01FC0064", "01AC0064", "01AD0064")
 
 
 def language_texts():
-    """The first text of each id of the English language table, without the marks of its access keys."""
+    """Returns the first text of each id in the English language table, without access key marks."""
     texts = {}
     for line in (TOP / "host" / "english.language").read_text(encoding="utf-8").splitlines():
         fields = line.split("\t")
@@ -19,7 +19,7 @@ def language_texts():
 
 
 def column(document, heading):
-    """The cells below a heading, of the first table that has it."""
+    """Returns the cells below a heading, from the first table that has it."""
     rows = [[cell.strip() for cell in line.strip("|").split("|")]
             for line in (TOP / "docs" / document).read_text(encoding="utf-8").splitlines() if line.startswith("|")]
     first = next(index for index, row in enumerate(rows) if heading in row)

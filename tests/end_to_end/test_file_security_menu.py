@@ -5,7 +5,7 @@ import stat
 
 from qxhost import COMMAND, IS_WINDOWS, HostTest, windows_path
 
-# In this process, and by the elevated helper.
+# Options for running in the process itself, and through the elevated helper.
 WAYS = (["--elevated"], [])
 DENIED = "You have no right to change the owner or the access of this item. The items after it were not changed."
 
@@ -151,12 +151,12 @@ if not IS_WINDOWS:
             self.assertEqual(len(outcome.of("refresh")), 1)
 
     class FileSecurityOfAnOrdinaryUser(FileSecurityTest):
-        """The commands as nobody if the tests run as root, otherwise as whoever runs them."""
+        """Runs the commands as nobody if the tests run as root, otherwise as the tests' user."""
 
         def setUp(self):
             super().setUp()
             self.user = 65534 if os.geteuid() == 0 else os.geteuid()
-            # The folder of the build may be closed to nobody, so the program runs from a copy.
+            # The user nobody may have no access to the build folder, so a copy of the program is run.
             programs = os.path.join(self.scratch, "bin")
             os.mkdir(programs)
             built = pathlib.Path(COMMAND[0]).parent
@@ -192,7 +192,7 @@ if not IS_WINDOWS:
                     outcome = self.run_as_user(*way, "command", "30310", own, answers=["yes"])
                     self.assertEqual(self.asked(outcome), [("box", "Reset Access", "yes")])
                     self.assertEqual(self.mode("own.txt"), 0)
-                    # The list that was reset is empty: nothing but the new entry is in it.
+                    # The reset has emptied the list, so it contains only the new entry.
                     self.assertEqual(len(self.add("Everyone", own).questions), 1)
                     self.assertEqual(self.mode("own.txt"), 0o555)
                     self.assertEqual(len(self.add("root", own).questions), 1)
@@ -218,7 +218,7 @@ if not IS_WINDOWS:
                         outcome = self.run_as_user(*way, "command", number, "/etc/passwd", answers=answers)
                         self.assertEqual(self.asked(outcome)[-1], ("box", "Access Denied", "ok"))
                         self.assertEqual(outcome.questions[-1]["text"], DENIED)
-            # A list that cannot be set is not reported.
+            # A failure to set the list is not reported.
             self.assertEqual(len(self.add("Everyone", "/etc/passwd").questions), 1)
             after = os.stat("/etc/passwd")
             self.assertEqual((after.st_uid, after.st_mode), (before.st_uid, before.st_mode))

@@ -23,7 +23,7 @@ class FindAndReplaceMenuTest(HostTest):
         return text
 
     def store(self, options, find, replace):
-        """What an earlier run of the dialog has stored."""
+        """Stores settings like an earlier run of the dialog."""
         os.makedirs(self.config, exist_ok=True)
         with open(os.path.join(self.config, "settings.json"), "w", encoding="utf-8") as file:
             json.dump({"QXUtils": {"FindReplace": {"Find": find, "ReplaceWith": replace, "Options": options}}}, file)
@@ -36,7 +36,7 @@ class FindAndReplaceMenuTest(HostTest):
 
 
 class FindAndReplaceMenu(FindAndReplaceMenuTest):
-    """What both builds do: the dialog is shown as the settings say, and an answer ends it."""
+    """For both builds: the dialog opens with the stored settings and is closed by an answer."""
 
     def test_without_files_a_box_says_so(self):
         outcome = self.run_json("command", "30151", answers=["ok"])

@@ -1,4 +1,4 @@
-"""Imports run as the tables of docs/architecture.md say, and every entry of the tables is in use."""
+"""Checks that includes follow the tables of docs/architecture.md and that every entry of them is in use."""
 import pathlib
 import re
 import unittest
@@ -9,7 +9,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 
 
 def table(document, heading):
-    """The rows below a table's heading, each a list of cells, each cell the list of its words in backticks."""
+    """Returns the rows below a table's heading: lists of cells, each a list of its words in backticks."""
     lines = document.splitlines()
     at = lines.index(heading) + 2
     rows = []
@@ -20,11 +20,11 @@ def table(document, heading):
 
 
 class Rules:
-    """What the document allows."""
+    """The includes that the document allows."""
 
     def __init__(self, document):
-        self.row_of = {}  # of a folder, its row's number
-        self.allowed = []  # of a row, the folders that it may include
+        self.row_of = {}  # folder to the number of its row
+        self.allowed = []  # by row, the folders that it may include
         for row, (folders, allowed) in enumerate(table(document, "| folders | may include |")):
             self.allowed.append(allowed)
             for folder in folders:
@@ -32,14 +32,14 @@ class Rules:
         self.back = {(file[0], target[0]) for file, target, _ in table(document, "| file | includes | because |")}
 
     def folder(self, path):
-        """The folder of the table that a file belongs to: the deepest one that it is below."""
+        """Returns the folder of the table that a file belongs to: the deepest one that contains it."""
         for parent in pathlib.PurePosixPath(path).parents:
             if str(parent) in self.row_of:
                 return str(parent)
         return None
 
     def verdict(self, file, target):
-        """None if the file may include the target, or what is wrong."""
+        """Returns None if the file may include the target, otherwise the error."""
         source, goal = self.folder(file), self.folder(target)
         if source is None:
             return f"{file} is in no folder of the table"
@@ -67,7 +67,7 @@ def window_verdict(file, target):
 
 
 def resolve(file, name, sources):
-    """The file that an include names: beside the including file, below src or below the top."""
+    """Returns the included file: in the folder of the including file, below src or below the top."""
     beside = (TOP / file).parent / name
     for path in (beside, TOP / "src" / name, TOP / name):
         relative = path.resolve().relative_to(TOP.resolve()).as_posix() if path.exists() else None
@@ -82,7 +82,7 @@ def sources():
 
 
 def imports():
-    """(file, included file) of all quoted includes; the second is None if there is no such file."""
+    """Returns (file, included file) for all quoted includes; the second is None if it does not exist."""
     known = sources()
     for file in sorted(known):
         for name in INCLUDE.findall((TOP / file).read_text(encoding="utf-8")):
@@ -116,7 +116,7 @@ class Imports(unittest.TestCase):
 
 
 class Verdicts(unittest.TestCase):
-    """What the rules say of arrows that the tree does not have."""
+    """The rules, applied to includes that do not occur in the tree."""
 
     @classmethod
     def setUpClass(cls):

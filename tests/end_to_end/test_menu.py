@@ -8,7 +8,7 @@ class Menu(HostTest):
 
     @staticmethod
     def rows(events):
-        """Each event as a row of menu_rows; the depth is that of its path."""
+        """Returns each event as a row of menu_rows; the depth is that of its path."""
         return [(event["path"].count("/"), event["number"], event["id"], event["display"]) for event in events]
 
     def test_the_whole_tree_stands_row_by_row(self):

@@ -1,4 +1,4 @@
-"""Names that the system treats in its own way: they mean the file that bears them, and no other."""
+"""Names that the system treats specially: they denote the file with exactly that name, and no other."""
 import os
 
 from qxhost import IS_WINDOWS, HostTest, windows_path
@@ -9,7 +9,7 @@ class NamesThatEndInDotsAndBlanks(HostTest):
         self.make("a.mp3", "a", "a.")
         self.run_json("--focus", self.path("a.mp3"), "command", "30020", answers=["text=new"],
                       status=4)
-        # Two have the base name `a` and become `new`, of which the second finds the name taken.
+        # Two files have the base name `a`; the rename of the second fails because `new` exists then.
         contents = {name: self.content(name) for name in self.names()}
         self.assertEqual(contents["new.mp3"], "a.mp3")
         self.assertEqual(sorted(contents.values()), ["a", "a.", "a.mp3"])

@@ -3,8 +3,8 @@ import re
 
 from qxhost import IS_WINDOWS, HostTest, windows_path
 
-# Command, names as they are (folders end in a slash), names as they are to become. No two names of a row are
-# the same in another case, so that all stand in one folder on every system.
+# Command, old names (folders end in a slash), new names. No two names of a row differ in case only, so that
+# they can be in one folder on every system.
 TRANSFORMS = [
     (30000, ["one.Txt", "größe_ä.md", "straße", "a b/"], ["ONE.TXT", "GRÖßE_Ä.MD", "STRAßE", "A B/"]),
     (30001, ["ONE.Txt", "GRÖßE Ä.MD", "README", "Dir.D/"], ["one.txt", "größe ä.md", "readme", "dir.d/"]),
@@ -52,7 +52,7 @@ class Transforms(HostTest):
         self.make("read_me")
         outcome = self.command(30050, "read_me", answers=["ok"])
         self.assertEqual(outcome.renames, [("read_me", "Read Me", 0)])
-        # No name ends in a dot.
+        # The trailing dot is dropped.
         self.assertEqual(self.names(), ["Read Me"])
 
 
@@ -103,7 +103,7 @@ class Renames(HostTest):
         self.assertEqual(outcome.renames, [("a_b.txt", "a b.txt", 183), ("c_d.txt", "c d.txt", 0)])
         self.assertEqual(self.names(), ["a b.txt", "a_b.txt", "c d.txt"])
         self.assertEqual((self.content("a b.txt"), self.content("a_b.txt")), ("a b.txt", "a_b.txt"))
-        # The words between are the system's own.
+        # The system's text is between them.
         self.assertRegex(outcome.stderr, "^qxhost: cannot rename " +
                          re.escape(windows_path(self.path("a_b.txt"))) + r" to a b\.txt: .+exists\. \(183\)\n$")
 

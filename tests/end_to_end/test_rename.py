@@ -438,7 +438,7 @@ class Calls(RenameTest):
 
 
 class Help(RenameTest):
-    # The beginning of each example, what it says and the names in the folder after it, in the order of the help.
+    # For each example, in the order of the help: its beginning, part of its output, and the names afterwards.
     AFTER = [
         ('qxhost rename --name "[?modified', "2026-03-06_01.jpg", "IMG_1.jpg IMG_2.jpg IMG_3.jpg my_old_notes.txt"),
         ('qxhost rename --name "[?modified', "3 Renamed",

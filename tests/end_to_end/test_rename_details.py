@@ -7,13 +7,13 @@ from test_rename import IGNORED, RenameTest
 
 
 def local_day(seconds):
-    """The day of the clock on the wall, as the system's own tool shows it."""
+    """Returns the local date, as formatted by the system's tool."""
     return subprocess.run(["date", "-d", "@%d" % seconds, "+%Y-%m-%d"], capture_output=True,
                           check=True).stdout.decode().strip()
 
 
 class Dates(RenameTest):
-    ACCESSED, MODIFIED = 1000000000, 1100000000  # days of 2001 and 2004
+    ACCESSED, MODIFIED = 1000000000, 1100000000  # in 2001 and 2004
 
     def new_name(self, template):
         self.make("a.txt")
@@ -25,11 +25,11 @@ class Dates(RenameTest):
         self.assertEqual(self.new_name("[?modified,{yyyy-MM-dd}] [?accessed,{yyyy-MM-dd}]"),
                          local_day(self.MODIFIED) + " " + local_day(self.ACCESSED))
 
-    # Files have no date of creation of their own under Wine.
+    # Under Wine files have no separate creation date.
     if not IS_WINDOWS:
 
         def test_created_is_the_date_of_creation(self):
-            # The time of the file system, 0 where it keeps none: then there is no value.
+            # The file system's creation time, or 0 if it does not store one; then there is no value.
             self.make("a.txt")
             born = int(subprocess.run(["stat", "-c", "%W", self.path("a.txt")], capture_output=True,
                                       check=True).stdout)

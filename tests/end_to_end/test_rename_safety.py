@@ -1,5 +1,5 @@
-"""What a person loses nothing by: runs that are cut off, interrupted or beside others, names that the system cuts,
-undo files that are too long or cannot be, and damaged files of rules."""
+"""Situations in which no file may be lost: runs that are killed, interrupted or simultaneous, names that the
+system cuts, undo files that are too long or cannot be written, and damaged files of rules."""
 
 import os
 import signal
@@ -12,7 +12,7 @@ from qxhost import COMMAND, IS_SLOW, IS_WINDOWS, TIMEOUT_SECONDS, windows_path
 from test_rename import IGNORED, RENAMED, RenameTest
 
 MOST_OF_UNDO_FILE = 5242880
-MANY = 5000 if IS_SLOW else 10000  # files, for a run that lasts long enough to be ended within it
+MANY = 5000 if IS_SLOW else 10000  # files; the run takes long enough to be ended before it finishes
 
 
 class SafetyTest(RenameTest):
@@ -83,13 +83,13 @@ class RunsBeside(SafetyTest):
 if not IS_WINDOWS:
     class Interruptions(SafetyTest):
         def setUp(self):
-            """A shell starts what runs in the background with signals ignored, and qxhost leaves it at that."""
+            """Restores default signals: a shell starts background jobs with signals ignored, which qxhost inherits."""
             super().setUp()
             for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
                 self.addCleanup(signal.signal, number, signal.signal(number, signal.SIG_DFL))
 
         def interrupt(self, number, *arguments, when, items=()):
-            """Runs qxhost, sends it the signal when the file `when` is there, and gives its status and outputs."""
+            """Runs qxhost, sends the signal once the file `when` exists, and returns its status and outputs."""
             with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
                 run = subprocess.Popen(COMMAND + ["--config", self.config, "rename", *arguments], cwd=self.folder,
                                        stdin=subprocess.PIPE, stdout=out, stderr=err)
@@ -136,7 +136,7 @@ if not IS_WINDOWS:
             self.assertRegex(out, r"\d+ Restored, \d+ Failed: interrupted, and \d+ not tried\n$")
             self.assertNotIn("taken back", out)
             self.assertEqual(self.rename("--list-undo").of("undo")[0]["restored"], False)
-            self.rename("--undo", "last", status=4)  # those of the first time are not found
+            self.rename("--undo", "last", status=4)  # files restored the first time are not found
             self.assertEqual(self.names(), names)
 
         def test_a_program_that_was_started_to_ignore_signals_goes_on(self):
@@ -200,7 +200,7 @@ class NamesThatAreCut(SafetyTest):
 
 class LongUndoFiles(SafetyTest):
     def make_long(self):
-        """An undo file whose last readable line is cut within its new name, after `victim`."""
+        """Writes an undo file whose last readable line is cut inside its new name, after `victim`."""
         where = windows_path(self.folder)
         fill = "Z:\\none\\%s|o|n" % ("x" * 3000)
         path = self.write_undo("u.dat", ["%s|whole.old|whole.new" % where])

@@ -1,4 +1,4 @@
-"""Undo files of runs that are cut off, that are damaged, or that the names of files allow no undo."""
+"""Undo files of killed runs, damaged undo files, and undos that the names of files prevent."""
 
 import os
 import signal
@@ -13,7 +13,7 @@ from test_rename_safety import MANY, MOST_OF_UNDO_FILE, SafetyTest
 if not IS_WINDOWS:
     import fcntl
 
-IGNORED_RESULT = 10  # of a rename to the present name
+IGNORED_RESULT = 10  # of a rename to the same name
 
 
 class Damaged(SafetyTest):
@@ -29,7 +29,7 @@ class Damaged(SafetyTest):
         self.assertIn("the last line of the undo file is cut; it is not taken back", outcome.stderr)
         self.assertEqual(self.names(), ["victim", "whole.old"])
         with open(path, "rb") as file:
-            self.assertEqual(file.read(), before)  # nothing of it is lost, so it is not marked either
+            self.assertEqual(file.read(), before)  # unchanged, so it is not marked as undone
 
     def test_a_file_of_which_the_end_is_not_read_stays_as_it_is(self):
         where = windows_path(self.folder)
@@ -82,7 +82,7 @@ class Edited(SafetyTest):
 
 class Repeated(SafetyTest):
     def exchange(self, *pairs):
-        """Arguments of a run in which the two names of each pair are exchanged."""
+        """Returns the arguments of a run that exchanges the two names of each pair."""
         rules = []
         for number, (left, right) in enumerate(pairs):
             for find, replace in ((left, "T%d" % number), (right, left), ("T%d" % number, right)):
@@ -156,7 +156,7 @@ class Repeated(SafetyTest):
 class Deep(SafetyTest):
     if not IS_WINDOWS:
         def test_paths_that_are_too_long_after_a_run_come_back_in_one_undo(self):
-            """A path has at most 4,096 bytes here, and the run makes the names of 29 folders 190 long and longer."""
+            """Paths are limited to 4,096 bytes here, and the run makes the names of 29 folders 190 long or more."""
             depth = 30
             folders = ["/".join(["e" * 100] * level) for level in range(1, depth)]
             os.makedirs(self.path(folders[-1]))
@@ -199,7 +199,7 @@ class Kept(SafetyTest):
 if not IS_WINDOWS:
     class CutOff(SafetyTest):
         def kill(self, *arguments, items, when):
-            """Kills a run as soon as `when` is true."""
+            """Starts a run and kills it as soon as `when` returns true."""
             with tempfile.TemporaryFile() as given:
                 given.write("\n".join(items).encode())
                 given.seek(0)
@@ -218,7 +218,7 @@ if not IS_WINDOWS:
                     file.write(name)
 
         def wrong(self, names):
-            """The names whose file is not the one that was made under it."""
+            """Returns the names of files that were created with another name."""
             return [name for name in names if self.content(name) != name]
 
         def test_a_run_that_is_killed_is_taken_back(self):
@@ -260,7 +260,7 @@ if not IS_WINDOWS:
             self.assertEqual((self.names(), self.wrong(names)), (names, []))
 
         def test_a_plan_of_which_nothing_was_done_changes_nothing(self):
-            """A run that is killed just before its first rename: the plan is there, all files are as they were."""
+            """The run was killed before its first rename: the plan is written, all files are unchanged."""
             self.make("a", "b", "c")
             before = [(name, os.stat(self.path(name)).st_ino) for name in self.names()]
             where = windows_path(self.folder)
@@ -312,7 +312,7 @@ if not IS_WINDOWS:
     LAST_DIGITS = 2 if IS_SLOW else 5
 
     class Together(SafetyTest):
-        """Calls at the same time wait for each other.
+        """Simultaneous calls wait for each other.
 
         The files have numbers of five digits, of which a run exchanges the first and the last.
         """
@@ -403,7 +403,7 @@ if not IS_WINDOWS:
 
     class Large(SafetyTest):
         def test_a_killed_exchange_whose_file_is_near_the_limit_comes_back(self):
-            """16,000 files of one circle, of which the lines are within the limit and the notes beyond it."""
+            """16,000 files whose names form one cycle. The lines are within the limit, the notes beyond it."""
             names = ["f%05d" % number for number in range(16000)]
             deep = "d" * (140 - len(windows_path(self.folder)))
             folder = self.path(deep)

@@ -1,4 +1,4 @@
-"""What `qxhost rename` says where its rules surprise, and the calls and options around them."""
+"""The messages of `qxhost rename` about surprising rules, and related calls and options."""
 
 import os
 import unittest

@@ -7,7 +7,7 @@ CONFIRM = {"event": "question", "kind": "box", "title": "Rename", "style": 33}
 
 
 class ReplaceDialog(HostTest):
-    """What both builds do: the dialog is shown, and an answer ends it."""
+    """For both builds: the dialog opens and is closed by an answer."""
 
     def test_cancel_ends_the_command_and_keeps_no_history(self):
         self.make("a.txt")

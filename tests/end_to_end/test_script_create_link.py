@@ -7,7 +7,7 @@ WORDS = {1: "Hardlink", 2: "Junction", 3: "Symlink", 4: "Unknown"}
 
 class LinkTest(HostTest):
     def script(self, kind, link, target, *parameters, options=(), **keywords):
-        """CreateLink with names of the folder."""
+        """Runs CreateLink with names of the folder."""
         return self.run_json(*options, "script", "CreateLink", "LNKTYPE=%s" % kind, "LNKSRC=" + self.path(link),
                              "LNKTRG=" + self.path(target), *parameters, **keywords)
 
@@ -29,7 +29,7 @@ class LinkTest(HostTest):
         self.assertEqual(outcome.events[:-1], [self.created(WORDS[kind], link, target), self.result(0, text)])
 
     def assert_refused(self, error, kind, link, target, *parameters, word=None, code=None, text="", **keywords):
-        """One log line, the error as the result, and the folder as it was."""
+        """Expects one log line, the error as the result, and an unchanged folder."""
         before = self.names()
         outcome = self.script(kind, link, target, *parameters, status=1, **keywords)
         code = error if code is None else code
@@ -153,7 +153,7 @@ class Failures(LinkTest):
 
     def test_a_link_with_a_name_beyond_all_bounds(self):
         self.make("a.txt")
-        # Wine says of every symbolic link that it has made it.
+        # Wine reports success for every symbolic link.
         for kind in (1, 2, 4) if IS_WINDOWS else (1, 2, 3, 4):
             with self.subTest(kind=kind):
                 outcome = self.script(kind, "x" * 32000, "a.txt", status=1)

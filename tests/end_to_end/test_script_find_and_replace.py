@@ -17,7 +17,7 @@ class FindTest(HostTest):
             return file.read()
 
     def script(self, name, find, replace, *parameters, target="*.new", silent=True, **keywords):
-        """FindAndReplace on a file of the folder, which may go without questions; None leaves a parameter out."""
+        """Runs FindAndReplace on a file of the folder, silently by default. None omits a parameter."""
         call = ["script", "FindAndReplace", "FILE=" + self.path(name)]
         for key, value in (("TARGET", target), ("FIND", find), ("REPLACEWITH", replace)):
             if value is not None:
@@ -27,7 +27,7 @@ class FindTest(HostTest):
         return self.run_json(*call, *parameters, **keywords)
 
     def replaced(self, data, find, replace, *parameters, changes):
-        """What these bytes become, with this number of changes."""
+        """Returns these bytes after the run, which must make this number of changes."""
         self.write("in.txt", data)
         outcome = self.script("in.txt", find, replace, *parameters)
         self.assertEqual(outcome.events[:-1], [self.changes_line(changes, "in.txt")] + self.lists(done=["in.txt"]))
@@ -63,7 +63,7 @@ class FindTest(HostTest):
         return self.log(30, self.error_text(code, text))
 
     def lists(self, done=(), failed=()):
-        """The lists that are handed back: that of failed files only if there are any."""
+        """Returns the lists that are handed back; the list of failed files only if there are any."""
         rows = [(0, done)] + ([(1, failed)] if failed else [])
         return [{"event": "list", "request": 21120, "marker": marker,
                  "items": [windows_path(self.path(name)) for name in names]} for marker, names in rows]
@@ -384,7 +384,7 @@ class Calls(FindTest):
 
 if not IS_WINDOWS:
     class Matches(FindTest):
-        """Questions about single matches: their dialog is a form here."""
+        """Questions about single matches, whose dialog is a form in this build."""
 
         def asked(self, *forms, answers):
             self.write("a.txt", b"two two two\n")

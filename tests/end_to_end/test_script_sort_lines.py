@@ -16,7 +16,7 @@ class SortTest(HostTest):
             return file.read()
 
     def script(self, name, *parameters, target="*.sorted", silent=True, **keywords):
-        """SortLines on a file of the folder, which may go without questions."""
+        """Runs SortLines on a file of the folder, silently by default."""
         call = ["script", "SortLines", "FILE=" + self.path(name)]
         if target is not None:
             call.append("TARGET=" + target)
@@ -25,7 +25,7 @@ class SortTest(HostTest):
         return self.run_json(*call, *parameters, **keywords)
 
     def sorted(self, data, *parameters, **keywords):
-        """What these bytes become."""
+        """Returns these bytes after sorting."""
         self.write("in.txt", data)
         outcome = self.script("in.txt", "OVERWRITE", *parameters, **keywords)
         self.assertEqual(outcome.of("log"), [self.sorted_line("in.txt", "in.sorted")])

@@ -21,7 +21,7 @@ class SetExtension(HostTest):
         self.make("a.txt")
         outcome = self.command(30060, "a.txt", answers=["text=.."])
         self.assertEqual(outcome.renames, [("a.txt", "a", 0)])
-        # No name ends in a dot.
+        # The trailing dot is dropped.
         self.assertEqual(self.names(), ["a"])
 
     def test_ok_takes_the_offered_extension(self):

@@ -5,7 +5,7 @@ from qxhost import IS_WINDOWS, HostTest
 
 
 class SettingsFiles(HostTest):
-    """Settings as 30010 reads and writes them; its dialog is ended with ok, whatever its fields."""
+    """Settings as command 30010 reads and writes them; its dialog is closed with ok without changes."""
 
     def setting(self, *names):
         return os.path.join(self.config, *names)

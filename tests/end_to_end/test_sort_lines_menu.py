@@ -27,7 +27,7 @@ class SortLinesMenuTest(HostTest):
 
 
 class SortLinesMenu(SortLinesMenuTest):
-    """What both builds do: the dialog is shown as the settings say, and an answer ends it."""
+    """For both builds: the dialog opens with the stored settings and is closed by an answer."""
 
     def test_ok_sorts_into_a_new_file_beside_the_first(self):
         self.write("a.txt", b"c\r\n b\r\na\r\n")

@@ -101,9 +101,9 @@ class TextConversion(TextConversionTest):
 if not IS_WINDOWS:
 
     class FullDisk(TextConversionTest):
-        """The disk has room for files of a certain size alone."""
+        """Files are limited to a certain size."""
 
-        # 120,000 bytes that become 180,000: two blocks of 65,536 bytes and a rest.
+        # 120,000 bytes that become 180,000: two blocks of 65,536 bytes and a remainder.
         TEXT = b"x\n" * 60000
 
         def test_a_last_write_that_fails_leaves_the_file_and_nothing_beside_it(self):

@@ -1,4 +1,4 @@
-// Commands 30210 and 30211 over the selection.
+// Commands 30210 and 30211, applied to the selection.
 #include <gmock/gmock.h>
 
 #include "filetools/base64_file.h"
@@ -20,7 +20,7 @@ class Base64Command : public testing::Test {
   FakeHost& Host() { return files_.host; }
   const ScratchFolder& Scratch() { return files_.scratch; }
 
-  // Runs the command; the boxes get these buttons, and no box more.
+  // Runs the command. The boxes are answered with these buttons; no other box may open.
   std::vector<ShownBox> Run(bool encode, std::initializer_list<int> buttons = {}) {
     BoxAnswers boxes(buttons);
     ConvertBase64Command(Host(), encode);

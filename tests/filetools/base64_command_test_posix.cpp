@@ -1,4 +1,4 @@
-// The style of the question about a target that exists; a real box does not tell it.
+// The style of the question about an existing target, which a real box does not show.
 #include <gmock/gmock.h>
 
 #include "filetools/base64_file.h"

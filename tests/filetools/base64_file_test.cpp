@@ -1,4 +1,4 @@
-// Files to Base64 and back.
+// Encoding files to Base64 and decoding them.
 #include "filetools/base64_file.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ class Base64File : public testing::Test {
     return scratch_.Read(W("t"));
   }
 
-  // Of a file named "s".
+  // Encodes a file named "s" and returns the text after the header.
   std::string EncodedText(std::string_view bytes) {
     const std::string header = PlainBase64::Header("s");
     const std::string file = Encoded(bytes);
@@ -78,7 +78,7 @@ TEST_F(Base64File, LinesHave76Characters) {
   EXPECT_EQ(EncodedText(std::string(114, '\0')), line + "\r\n" + line + "\r\n");
 }
 
-// 3072 bytes give 4096 characters: 53 lines and 68 characters of the next.
+// 3072 bytes are encoded as 4096 characters: 53 lines and 68 characters of the next.
 TEST_F(Base64File, LineGoesOnFromBlockToBlock) {
   std::string lines;
   for (int line = 0; line < 53; ++line) lines += std::string(76, 'A') + "\r\n";
@@ -182,11 +182,12 @@ TEST_F(Base64File, NothingIsCarriedBehindPadding) { EXPECT_EQ(Decoded("Zm9vYg=")
 
 TEST_F(Base64File, GroupsGoOnFromBlockToBlock) {
   for (std::size_t shift = 0; shift < 4; ++shift) {
-    // "AAAA", with line ends that move the groups over the end of the block of 4096 bytes.
+    // "AAAA" repeated, after line ends that move a group across the boundary of the first block of 4096
+    // bytes.
     const std::string text = std::string(shift * 2, '\r') + std::string(5000, 'A');
     EXPECT_EQ(Decoded(text), PlainBase64::DecodedFile(text));
   }
-  // A CR is the last byte of the first block.
+  // The last byte of the first block is a CR.
   const std::string text = std::string(4094, 'A') + "\r" + "A\r\nAAAAA";
   EXPECT_EQ(Decoded(text), PlainBase64::DecodedFile(text));
   const std::string split = std::string(4095, 'A') + "\r\nA" + "AAAA";
@@ -201,7 +202,7 @@ TEST_F(Base64File, RandomTextsDecodeAsThePlainRuleSays) {
   for (int run = 0; run < 200; ++run) {
     std::string text(random() % 10000, 'A');
     for (char& character : text) character = characters[random() % characters.size()];
-    // Most texts have no zero byte, and many pairs.
+    // Most texts have no zero byte, but many CR LF pairs.
     if (run % 4 != 0) {
       for (char& character : text) character = character == '\0' ? '\n' : character;
     }
@@ -243,7 +244,7 @@ TEST_F(Base64File, NameIsLookedForInTheFirst1023Bytes) {
     return std::string(end - begin.size() - line.size() - 1, 'x') + "\n";
   };
   EXPECT_EQ(NameIn(begin + filling(1023) + line + "Zm9v"), W("a.txt"));
-  // Its second quote is the 1024th byte.
+  // The second quote is the 1024th byte.
   EXPECT_EQ(NameIn(begin + filling(1026) + line + "Zm9v"), std::nullopt);
   EXPECT_EQ(NameIn(begin + filling(2000) + line + "Zm9v"), std::nullopt);
 }
@@ -254,7 +255,7 @@ TEST_F(Base64File, ANameThatIsRefusedIsEmpty) {
   }
 }
 
-// The first name decides, also where it is refused.
+// The first name decides, even if it is refused.
 TEST_F(Base64File, NoOtherNameIsLookedForAfterOneThatIsRefused) {
   for (const char* name : {"", "..\\evil", "NUL"}) {
     EXPECT_EQ(NameIn("MIME-Version: 1.0\r\nContent-Type: x; name=\"" + std::string(name) +

@@ -1,5 +1,5 @@
-// Encoding and decoding where a call fails: the source is whole, and no more memory is taken for a longer
-// file.
+// Encoding and decoding when a call fails: the source is unchanged. Also, a longer file does not need more
+// memory.
 #include <gtest/gtest.h>
 
 #include <functional>

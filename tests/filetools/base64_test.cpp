@@ -30,7 +30,7 @@ struct Decoded {
   bool areGuardsWhole;
 };
 
-// With `room` bytes between two guards.
+// Decodes into a buffer of `room` bytes between two guard areas.
 Decoded DecodeInto(const std::string& text, std::uint32_t room) {
   constexpr std::size_t kGuard = 16;
   std::vector<unsigned char> buffer(kGuard + room + kGuard, 0xA5);

@@ -1,4 +1,4 @@
-// The items of the control panel branch as they must stand in the module, written out once more.
+// The expected items of the control panel branch, written out independently of the module.
 #pragma once
 
 #include "frame/host/host_types.h"

@@ -1,4 +1,5 @@
-// Starting control panel items: what the system is asked for. Native alone, where nothing really starts.
+// Starting control panel items: the arguments passed to the system. Only in the native build, where nothing
+// is started.
 #include <gmock/gmock.h>
 
 #include "filetools/control_panel.h"
@@ -30,7 +31,7 @@ TEST(ControlPanelLauncher, EachNumberStartsItsItemByCanonicalName) {
 TEST(ControlPanelLauncher, Command6161StartsFileHistory) {
   BoxAnswers system;
   FakeHost host;
-  host.isClassA = true;  // the menu leaves the row out; the launcher does not filter
+  host.isClassA = true;  // only the menu omits this row; the launcher does not check
   CQXUtils extension;
   extension.OnStart(&host);
   EXPECT_EQ(extension.OnCommand(6161, 0, 0), 1);

@@ -20,7 +20,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-// From the first call of the branch to the last, without the rest of OnRegister.
+// Returns the calls of the branch, without the rest of OnRegister.
 Calls BranchCalls(const FakeHost& host) {
   const int begin = host.recorder.PositionOf("FindModuleByGuid");
   const int end = host.recorder.PositionOf("GetCustomCommandSet");
@@ -28,7 +28,7 @@ Calls BranchCalls(const FakeHost& host) {
   Calls calls;
   for (int i = begin; i < end; ++i) {
     const std::string& call = host.recorder.Calls()[static_cast<std::size_t>(i)];
-    // How the branch comes by the builder and the factory is its own affair.
+    // When the branch requests the builder and the factory is not specified.
     if (call != "GetMenuBuilder()" && call != "GetCommandFactory()") calls.push_back(call);
   }
   return calls;
@@ -60,7 +60,7 @@ Calls ExpectedBranch(bool onlyFlagA, u32 leftOutCategory = 0) {
 }
 
 struct Registered {
-  Registered() { host.moduleNumber = 0x12345678; }  // 22136 is 0x5678
+  Registered() { host.moduleNumber = 0x12345678; }  // whose low word, 0x5678, is 22136
   void Run() {
     CQXUtils extension;
     EXPECT_EQ(extension.OnRegister(&host), 1);

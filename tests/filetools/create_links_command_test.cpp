@@ -1,5 +1,6 @@
-// Create Link from the selection to the links: what the dialog is given, the setting, and what is made of its
-// answer. Junctions and symbolic links, which not every system here has, are made by the end-to-end tests.
+// Create Link from the selection to the links: the fields passed to the dialog, the setting, and the links
+// that are created. Junctions and symbolic links, which not every system supports, are tested by
+// test_create_link_menu.py.
 #include "filetools/create_links_command.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +26,7 @@ std::string WroteKind(int kind) {
   return "config.SetInt(1, \"CreateLink\", \"LastLinkValue\", " + std::to_string(kind) + ")";
 }
 
-// The box of an error, with the system's text for it.
+// Returns the message box of an error, with the system's text for it.
 std::string LinkBox(DWORD error) {
   return "MessageBox(\"T000B0065\", \"" + ToUtf8(GetSystemErrorText(error)) + "\", 0x00000010)";
 }
@@ -34,7 +35,7 @@ class CreateLinksCommand : public testing::Test {
  protected:
   CreateLinksCommand() { host_.targetPanel = panel_; }
 
-  // Real files and folders of the one panel, selected in this order.
+  // Creates files and folders of one panel and selects them in this order.
   void Select(const std::vector<WString>& files, const std::vector<WString>& folders = {}) {
     for (const WString& name : files) {
       scratch_.Write(W("view\\") + name, "is " + ToUtf8(name));
@@ -49,7 +50,7 @@ class CreateLinksCommand : public testing::Test {
 
   void StoreKind(u32 kind) { host_.config.numbers[{W("CreateLink"), W("LastLinkValue")}] = kind; }
 
-  // The dialog is shown once, and answered by editing its form.
+  // Runs the command. The dialog must open once; `answer` edits its form.
   void Run(const std::function<INT_PTR(CreateLinksForm&)>& answer) {
     int shown = 0;
     CreateLinkCommand(host_, [&](IHostApp& host, CreateLinksForm& form) {
@@ -69,7 +70,7 @@ class CreateLinksCommand : public testing::Test {
     ExpectAllGivenBack(host_);
   }
 
-  // OK on this kind, as the dialog answers it.
+  // Chooses this kind and closes the dialog with OK.
   void RunWithKind(int kind) {
     Run([kind](CreateLinksForm& form) {
       form.linkKind = kind;
@@ -79,7 +80,7 @@ class CreateLinksCommand : public testing::Test {
     });
   }
 
-  // Cancels, and answers the form as it was shown.
+  // Cancels the dialog and returns its form as it was shown.
   CreateLinksForm ShownForm() {
     CreateLinksForm shown;
     Run([&shown](CreateLinksForm& form) {
@@ -104,7 +105,7 @@ class CreateLinksCommand : public testing::Test {
   std::deque<FakeFileItem> folders_;
 };
 
-// Up to the dialog.
+// Before the dialog.
 
 TEST_F(CreateLinksCommand, TakesFilesAndFoldersOfTheSelectionThenTheOtherPanelThenTheSetting) {
   Select({W("a.txt")});

@@ -1,5 +1,5 @@
-// The form of Create Link as the native build hands it to whoever answers dialogs: what is grey cannot be
-// changed or pressed.
+// The form of Create Link as the native build passes it to the handler of dialogs: disabled fields cannot be
+// changed, and a disabled button cannot be pressed.
 #include "filetools/create_links_dlg.h"
 
 #include <gmock/gmock.h>
@@ -23,7 +23,7 @@ CreateLinksForm OneFile(int kind) {
   return form;
 }
 
-// Shows the dialog and answers what it answered.
+// Shows the dialog and returns its result.
 INT_PTR Show(CreateLinksForm& form, const DialogAnswer::Function& function) {
   FakeHost host;
   int asked = 0;

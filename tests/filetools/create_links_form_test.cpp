@@ -1,5 +1,5 @@
-// The fields of the Create Link dialog: what enables them, what it says of each kind, and the names of
-// shortcuts.
+// The fields of the Create Link dialog: which are enabled, the description and status of each kind, and the
+// names of shortcuts.
 #include "filetools/create_links_form.h"
 
 #include <gmock/gmock.h>
@@ -42,7 +42,7 @@ void Choose(CreateLinksForm& form, int kind) {
   FollowKind(form);
 }
 
-// The dialog has just opened on one file, on this kind.
+// Returns the form of a dialog that opened with one file and this kind.
 CreateLinksForm OpenedOn(int kind) {
   CreateLinksForm form = FormOf(kOneFile, W("C:\\links\\a.txt"), W("C:\\view\\a.txt"));
   form.linkKind = kind;
@@ -50,7 +50,7 @@ CreateLinksForm OpenedOn(int kind) {
   return form;
 }
 
-// The status of the kinds 1 to 4; OK is greyed wherever there is one.
+// The status of the kinds 1 to 4; if there is one, OK is disabled.
 struct StatusRow {
   Selection selection;
   const WCHAR* link;

@@ -1,4 +1,4 @@
-// Names out of a header that may be given to a file, and those that may not.
+// Which names in a header may be used as file names, and which may not.
 #include "filetools/decoded_name.h"
 
 #include <gtest/gtest.h>
@@ -37,7 +37,7 @@ TEST(DecodedName, IsRefusedWithACharacterThatNoNameHas) {
   }
 }
 
-// The system cuts them off a name's end, so that nothing is left.
+// The system removes trailing dots and blanks, which would leave an empty name.
 TEST(DecodedName, IsRefusedIfItHasNothingButDotsAndBlanks) {
   ExpectAllRefused({W("."), W(".."), W("..."), W(" "), W(".. "), W(". .")});
 }

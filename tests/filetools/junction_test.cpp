@@ -1,4 +1,4 @@
-// Junctions: the record of a mount point, and folders that become one.
+// Junctions: the data of a mount point, and folders that are made junctions.
 #include "filetools/junction.h"
 
 #include <gtest/gtest.h>
@@ -19,10 +19,10 @@ TEST(MountPointRecordTest, IsLaidDownAsWindowsWantsIt) {
   const auto record = MakeMountPointRecord(W("\\??\\Z:\\a\u00E4"));
   ASSERT_TRUE(record);
   Bytes expected = {
-      0x03, 0x00, 0x00, 0xA0,  // the tag
+      0x03, 0x00, 0x00, 0xA0,  // the reparse tag
       0x1E, 0x00, 0x00, 0x00,  // 9 characters are 18 bytes, and 12
       0x00, 0x00, 0x12, 0x00,  // the path
-      0x14, 0x00, 0x00, 0x00,  // the empty name behind it
+      0x14, 0x00, 0x00, 0x00,  // the empty print name after it
       '\\', 0,    '?',  0,    '?', 0, '\\', 0, 'Z', 0, ':', 0, '\\', 0, 'a', 0, 0xE4, 0, 0, 0, 0, 0,
   };
   EXPECT_EQ(record->Size(), 38u);

@@ -1,4 +1,4 @@
-// What the tests of links expect of the host's record.
+// The log calls that tests of links expect in the record of the host.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// Making one link of each kind, its log line, the road by way of the helper, and the box of an error.
+// Creating one link of each kind: the log line, the use of the helper, and the message box of an error.
 #include "filetools/links.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ using testing::IsEmpty;
 
 namespace {
 
-// The box of an error, with the system's text for it.
+// Returns the message box of an error, with the system's text for it.
 std::string LinkErrorBox(DWORD error) {
   return "MessageBox(\"T000B0065\", \"" + ToUtf8(GetSystemErrorText(error)) + "\", 0x00000010)";
 }
@@ -122,7 +122,7 @@ TEST_F(LinksTest, NoPathsAndVeryLongOnesAreErrorsOfEachKind) {
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
 }
 
-// Shells differ in how long a target they take.
+// Shells accept targets of different lengths.
 TEST_F(LinksTest, AShortcutToAVeryLongPathIsMadeOrIsError3) {
   target_ = scratch_.Path(WString(32000, W('x')));
   EXPECT_THAT(Create(4), AnyOf(0u, 3u));
@@ -185,7 +185,7 @@ TEST_F(LinksTest, AnErrorIsShownWithTheSystemsTextAsItComes) {
                                                   "GetLanguageString(0x000B0065)", LinkErrorBox(13)));
 }
 
-// A folder has no hard links: access is denied.
+// A folder cannot have hard links: access is denied.
 class RefusedLinksTest : public LinksTest {
  protected:
   RefusedLinksTest() {

@@ -1,4 +1,4 @@
-// Links where the system fails, and the kinds that only a whole system has: junctions and symbolic links.
+// Links when the system fails, and the kinds that not every system supports: junctions and symbolic links.
 #include <gmock/gmock.h>
 
 #include <unistd.h>
@@ -118,7 +118,7 @@ TEST_F(NativeLinksTest, EachStepOfAJunctionMayFail) {
   }
 }
 
-// A look at whether link and target are one folder may fail alone and stops nothing.
+// If the check whether link and target are the same folder fails, the junction is created nevertheless.
 TEST_F(NativeLinksTest, AJunctionFailsWhereTheOpeningOfItsFolderAloneFails) {
   constexpr int kNever = 1000;
   Faults::Fail("CreateFileW", kNever, 5);
@@ -148,7 +148,7 @@ TEST_F(NativeLinksTest, EachStepOfAJunctionMayFailOnAFolderThatWasThere) {
 }
 
 TEST_F(NativeLinksTest, ATargetThatVanishesBeforeItIsUsedMakesNoJunction) {
-  Faults::Fail("GetFileAttributesW", 2, 2);  // the first call looks for the link
+  Faults::Fail("GetFileAttributesW", 2, 2);  // the first call examines the link
   EXPECT_EQ(CreateJunction(link_, target_), 13u);
   Faults::Clear();
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));

@@ -1,4 +1,4 @@
-// Junctions and symbolic links on a system that may not have them.
+// Junctions and symbolic links on a system that may not support them.
 #include <gmock/gmock.h>
 
 #include "filetools/link_calls.h"
@@ -39,7 +39,7 @@ TEST_F(LinksOfThisSystem, AFolderWhereTheJunctionIsRefusedStays) {
   EXPECT_EQ(GetFileAttributesW(link_.c_str()), error == ERROR_SUCCESS ? 0x410u : 0x10u);
 }
 
-// Wine says that it has made one, and has not: what the system says is what the log says.
+// Wine reports success without creating the link; the log shows what the system reports.
 TEST_F(LinksOfThisSystem, ASymbolicLinkIsLoggedAsTheSystemSays) {
   const DWORD error = Create(kSymbolicLink);
   EXPECT_THAT(

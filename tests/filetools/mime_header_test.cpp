@@ -1,4 +1,4 @@
-// Lines of a header, the name in it and where it ends.
+// Reading a header: its lines, the name in it, and its end.
 #include "filetools/mime_header.h"
 
 #include <gtest/gtest.h>

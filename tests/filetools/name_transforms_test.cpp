@@ -1,4 +1,4 @@
-// The one-step transforms of names, by command number.
+// The name transforms by command number.
 #include "filetools/name_transforms.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// The numbers themselves, which users' key assignments keep.
+// The numbers, which users' key assignments store.
 constexpr s32 kTransforms[] = {30000, 30001, 30002, 30003, 30004, 30005, 30006, 30007,
                                30008, 30011, 30012, 30030, 30031, 30040, 30041, 30050};
 

@@ -1,4 +1,4 @@
-// The encoded form and its decoding as they are described, byte by byte: what the tool is held against.
+// Reference for encoding and decoding, byte by byte.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ inline std::string Header(const std::string& name) {
          "\"\r\n\r\n";
 }
 
-// The text behind the header. The buffer keeps what the block before has left in it.
+// Returns the text after the header. As in the product, the buffer retains the bytes of the previous block.
 inline std::string Text(std::string_view bytes) {
   std::array<unsigned char, 3072> buffer = {};
   std::string text;
@@ -51,7 +51,7 @@ inline unsigned ValueOf(char character) {
   return at == std::string_view::npos ? 255 : static_cast<unsigned>(at);
 }
 
-// The whole groups of four.
+// Decodes the complete groups of four.
 inline std::string DecodedGroups(std::string_view text) {
   std::string bytes;
   for (; text.size() >= 4; text.remove_prefix(4)) {
@@ -65,7 +65,7 @@ inline std::string DecodedGroups(std::string_view text) {
   return bytes;
 }
 
-// A file without a header.
+// Decodes a file without a header.
 inline std::string DecodedFile(std::string_view file) {
   std::string bytes;
   std::string carry;

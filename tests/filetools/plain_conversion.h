@@ -1,4 +1,4 @@
-// The conversions of text files as their table describes them, byte by byte: what the tool is held against.
+// Reference for the conversions of text files, byte by byte.
 #pragma once
 
 #include <string>
@@ -25,7 +25,7 @@ inline std::string PlainConversion(std::string_view bytes, int command, std::siz
       if (command == kCommandLineEndsToLf) result += kLf;
       if (command == kCommandLineEndsToCrLf && !isLast) result += {kCr, kLf};
       if (command == kCommandLineEndsToCr) result += kCr;
-      // The byte behind a CR is fetched with it, and written as it stands unless it is an LF.
+      // The byte after a CR is read together with it, and copied unchanged unless it is an LF.
       if (!isLast && bytes[++at] != kLf) result += bytes[at];
     } else if (byte == kLf) {
       if (command == kCommandLineEndsToLf) result += kLf;

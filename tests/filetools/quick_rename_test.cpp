@@ -1,4 +1,4 @@
-// The quick rename family from the selection to the rename batch.
+// The quick rename commands from the selection to the rename batch.
 #include "filetools/quick_rename.h"
 
 #include <gmock/gmock.h>
@@ -20,7 +20,7 @@ namespace {
 
 constexpr TextId kQuestion = kTextRenameQuestion;
 
-// What the command asked of the host, without its looks at items, counts and texts.
+// Returns the calls of the command, except those that read items, counts and texts.
 std::vector<std::string> Steps(const FakeHost& host) {
   std::vector<std::string> steps;
   for (const std::string& call : host.recorder.CallsExcept({"item ", "GetLanguageString", "GetMainWindow"})) {

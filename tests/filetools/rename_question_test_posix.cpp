@@ -1,4 +1,4 @@
-// The style of the rename question as MessageBoxW is given it; a real box does not tell it.
+// The style of the rename question as passed to MessageBoxW, which a real box does not show.
 #include <gmock/gmock.h>
 
 #include "filetools/quick_rename.h"

@@ -1,4 +1,4 @@
-// The owner of the rename question, which only a real box has.
+// The owner of the rename question, which only a real box shows.
 #include <gmock/gmock.h>
 
 #include "filetools/quick_rename.h"

@@ -1,4 +1,4 @@
-// One new base name for all files that share the focused item's.
+// A new base name for all files that have the same base name as the focused item.
 #include <gmock/gmock.h>
 
 #include "filetools/rename_same_base.h"
@@ -15,14 +15,14 @@ namespace {
 
 constexpr char kQuestion[] = "AskTextSimple(\"T000C0063\", \"T000D0063\", 0, 0, buffer, 1024)";
 
-// A view with a focused file, itself among the items of the view as it is in a host.
+// Sets up a view with a focused file, which is also an item of the view, as in a real host.
 void Focus(FakeHost& host, const WString& name, const std::vector<WString>& others) {
   host.focused = host.AddFile(name);
   host.view.push_back(host.focused);
   for (const WString& other : others) host.view.push_back(host.AddFile(other));
 }
 
-// Runs the command with this entry.
+// Runs the command with this input.
 void RenameTo(FakeHost& host, const WString& entered) {
   host.textAnswers = {{true, entered}};
   RenameSameBaseCommand(host);
@@ -189,7 +189,7 @@ TEST(RenameSameBase, FirstItemThatTheHostDoesNotGiveMatchesNothing) {
   FakeHost host;
   Focus(host, W("song.mp3"), {W("song.txt"), W(""), W(".txt")});
   host.textAnswers = {{true, W("n")}};
-  // Behind the list and its two requests.
+  // The calls before it are the creation of the list and its two requests.
   host.recorder.RefuseCall(4, false);
   RenameSameBaseCommand(host);
   EXPECT_THAT(host.recorder.CallsOf({"list1.GetItem("}), testing::Contains("list1.GetItem(0)"));

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 
 namespace {
 
-// Answers dialogs by a function, and every box with OK.
+// Passes each dialog to a function and answers every message box with OK.
 class DialogAndBoxAnswer final : public DialogAnswer {
  public:
   using DialogAnswer::DialogAnswer;

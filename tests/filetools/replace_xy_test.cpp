@@ -1,4 +1,4 @@
-// Replace X with Y: the dialog's form, the histories, the renames.
+// Replace X with Y: the form of the dialog, the histories, the renames.
 #include <gmock/gmock.h>
 
 #include "filetools/replace_xy.h"
@@ -20,7 +20,7 @@ namespace {
 const WString kFindHistory = W("ReplaceXY_Replace");
 const WString kWithHistory = W("ReplaceXY_With");
 
-// A dialog that enters these values and is ended with the given button.
+// Returns a dialog that enters these values and is closed with the given button.
 ReplaceDialog Entering(const WString& find, const WString& replace, int part = 1, INT_PTR button = IDOK) {
   return [=](IHostApp&, ReplaceForm& form) {
     form.find = find;
@@ -37,7 +37,7 @@ ReplaceDialog MustNotBeShown() {
   };
 }
 
-// The calls about settings and histories, without the looks at counts.
+// Returns the calls for settings and histories, except requests for counts.
 std::vector<std::string> HistoryCalls(const FakeHost& host) {
   std::vector<std::string> calls =
       host.recorder.CallsOf({"GetConfig", "CreateStringList", "config.", "strings"});
@@ -133,7 +133,7 @@ TEST(ReplaceXY, ReadsAndWritesBothHistoriesCallByCall) {
     form.replace = W("b");
     return IDOK;
   });
-  // That the list is empty before it is filled is the command's own affair.
+  // Clearing the list before it is loaded is optional.
   std::erase(before, "strings1.Clear()");
   EXPECT_THAT(before, ElementsAre("GetConfig()", "CreateStringList()",
                                   "config.LoadStringList(\"ReplaceXY_Replace\", strings1)",

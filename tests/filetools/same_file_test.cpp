@@ -1,4 +1,4 @@
-// Whether two paths are one file.
+// Whether two paths denote the same file.
 #include "filetools/same_file.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
-// Whether two paths are one file: links, names that differ in case, and a file system that cannot tell.
+// Whether two paths denote the same file: links, names that differ in case, and file systems without file
+// numbers.
 #include <gtest/gtest.h>
 
 #include <filesystem>

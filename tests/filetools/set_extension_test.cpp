@@ -19,7 +19,7 @@ std::string Question(const std::string& defaultText) {
   return "AskText(\"T000A0063\", \"T00780063\", buffer, null, buffer \"" + defaultText + "\", 1024, 0, 0)";
 }
 
-// The renames of these files under one answer.
+// Returns the renames of these files for this answer.
 std::vector<QueuedRename> RenamesOf(const std::vector<WString>& names, const WString& answer) {
   FakeHost host;
   host.SelectFiles(names);

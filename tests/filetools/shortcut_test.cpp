@@ -1,4 +1,4 @@
-// Shortcuts take the place of older ones and of nothing else.
+// A new shortcut replaces an existing shortcut, but no other file.
 #include "filetools/shortcut.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@ namespace {
 
 class Shortcut : public testing::Test {
  protected:
-  // A shortcut must not be made, and the file stays as it was.
+  // Expects that no shortcut is created and that all files are unchanged.
   void ExpectRefused(const WString& link, const WString& target) {
     const std::vector<WString> names = scratch_.Names();
     EXPECT_FALSE(CreateShortcut(link, target, false)) << ToUtf8(link);

@@ -1,4 +1,4 @@
-// Commands 30101, 30102, 30103 and 30110 over the selection.
+// Commands 30101, 30102, 30103 and 30110, applied to the selection.
 #include <gmock/gmock.h>
 
 #include <ctime>
@@ -38,7 +38,7 @@ class ConvertText : public testing::Test {
   RealFiles files_;
 };
 
-// What 30110 leaves of a file when AskChoice gives this text.
+// Returns the contents of a file after 30110 with this answer to AskChoice.
 std::string TabsAfter(const ChoiceAnswer& answer) {
   RealFiles files;
   files.Select(W("a"), kBefore);
@@ -122,7 +122,7 @@ TEST_F(ConvertText, CaptionAndPromptAreCutAtTheirFields) {
   files_.Select(W("1"), kBefore);
   Run(kCommandTabsToBlanks, {IDYES});
   ASSERT_THAT(Host().choices, SizeIs(1));
-  // With a terminator or without: both are at most what the field holds.
+  // With or without a terminator, the text fits its field.
   EXPECT_THAT(Host().choices[0].caption.size(), testing::AnyOf(63u, 64u));
   EXPECT_THAT(Host().choices[0].prompt.size(), testing::AnyOf(255u, 256u));
   EXPECT_TRUE(Host().choices[0].isRestZero);
@@ -157,7 +157,7 @@ TEST_F(ConvertText, AFileThatFailsDoesNotEndTheRun) {
   EXPECT_EQ(files_.scratch.Read(W("3")), "a\tb\nc\n");
 }
 
-// The name has the seconds of the clock, so the next minute's names are taken.
+// The temporary name contains the time in seconds, so all names of the next minute are taken.
 TEST_F(ConvertText, ATemporaryFileOfAnotherRunIsNeverDeletedAndTheFileStaysAsItWas) {
   const WString path = files_.Select(W("a"), kBefore);
   const std::time_t now = std::time(nullptr);

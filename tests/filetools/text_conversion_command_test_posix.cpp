@@ -1,4 +1,4 @@
-// The style of the question before text files are converted; a real box does not tell it.
+// The style of the question before text files are converted, which a real box does not show.
 #include <gmock/gmock.h>
 
 #include "filetools/text_conversion.h"

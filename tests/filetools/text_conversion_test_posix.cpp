@@ -1,4 +1,4 @@
-// Converting where a call fails: the text is whole, in the file or under the temporary name.
+// Converting when a call fails: the complete text remains, in the file or under the temporary name.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -20,7 +20,8 @@ using testing::SizeIs;
 
 namespace {
 
-// A text of three buffers and a half: five reads, of which the last finds the end, and four writes.
+// A text of three and a half buffers, which takes five reads, the last of which detects the end, and four
+// writes.
 class TextConversionFaults : public testing::Test {
  protected:
   // Returns the boxes shown, which are answered with these buttons in turn; each box must have one.
@@ -38,7 +39,7 @@ class TextConversionFaults : public testing::Test {
     EXPECT_THAT(files_.scratch.Names(), ElementsAre(W("a")));
   }
 
-  // The one file beside, under the temporary name.
+  // Returns the temporary name of the other file.
   WString Temporary() const {
     for (const WString& name : files_.scratch.Names()) {
       if (name.starts_with(W("a.temp"))) return name;
@@ -68,7 +69,7 @@ class FailedMove : public TextConversionFaults {
 
   void FailMove() { Faults::Fail("MoveFileW", 1, ERROR_ACCESS_DENIED); }
 
-  // Converts; a box says where the text is, since it could not be copied back.
+  // Converts, and expects a box that names the file with the text, because it could not be copied back.
   void ExpectBoxSaysWhereTheTextIs() {
     const std::vector<ShownBox> boxes = Convert({IDOK});
     ASSERT_THAT(boxes, SizeIs(1));
@@ -78,7 +79,7 @@ class FailedMove : public TextConversionFaults {
                                  files_.scratch.Path(Temporary()));
   }
 
-  // The same on a fresh file, for the next fault.
+  // Like the above; then restores the file for the next fault.
   void ExpectTextIsKept() {
     ExpectBoxSaysWhereTheTextIs();
     ExpectTextUnderTheTemporaryNameAlone();

@@ -1,4 +1,4 @@
-// One name through one transform.
+// Applies a transform to a single name.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 #include "filetools/name_transforms.h"
 #include "support/fake_host.h"
 
-// What the transform answers for the name: the new name, or nothing where it answers false. `newName` holds
-// something before, so that a transform that answers false must empty it.
+// Returns the new name, or nothing if the transform returns false. `newName` is not empty before the call,
+// because a transform that returns false must clear it.
 inline std::optional<WString> NewNameOf(Velmora::SDK::s32 command, const WString& name, bool folder = false) {
   FakeHost host;
   FileItemEntry entry;

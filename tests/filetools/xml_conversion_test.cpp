@@ -1,4 +1,4 @@
-// Commands 30200 and 30201 against the host's documents.
+// Commands 30200 and 30201 with the host's documents.
 #include "filetools/xml_conversion.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ void Select(FakeHost& host, const std::vector<WString>& names) {
   for (const WString& name : names) host.xmlFiles[W("C:\\view\\") + name] = {};
 }
 
-// The calls of documents, in order.
+// Runs the command and returns the calls of documents, in order.
 std::vector<std::string> Convert(FakeHost& host, bool format, std::initializer_list<int> buttons = {}) {
   BoxAnswers boxes(buttons);
   ConvertXmlCommand(host, format);

@@ -1,4 +1,4 @@
-// The style of the box about a file that cannot be saved; a real box does not tell it.
+// The style of the box about a file that cannot be saved, which a real box does not show.
 #include <gmock/gmock.h>
 
 #include "filetools/xml_conversion.h"

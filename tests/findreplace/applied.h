@@ -1,4 +1,4 @@
-// Runs of a mode over a document, for the tests of modes.
+// Applies a mode to a document, for the tests of modes.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ class AppliedModes : public testing::Test {
     return QXFindAndReplace::ApplyToDocument<CharT>(document, options, wideFind.c_str(), wideReplace.c_str());
   }
 
-  // What a text becomes; the answered changes are kept in `changes`.
+  // Returns the changed text and stores the number of changes in `changes`.
   std::string Apply(std::uint32_t flags, std::string_view text, std::string_view find,
                     std::string_view replace, Callback* callback = nullptr) {
     const DocumentPointer<CharT> document = MakeDocument<CharT>(text);

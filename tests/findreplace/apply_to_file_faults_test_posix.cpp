@@ -1,5 +1,5 @@
 // Find and replace in one file when the system fails in the middle: what is reported, and where the user's
-// text stands then.
+// text is afterwards.
 #include <gmock/gmock.h>
 
 #include <new>
@@ -30,7 +30,7 @@ FindAndReplaceOptions Options(std::uint32_t saveMode, IFindAndReplaceCallback* c
   return options;
 }
 
-// "a.txt" and its target: the file itself, or "out", which is there as well.
+// "a.txt" and its target: the file itself, or "out", which exists too.
 struct FaultRun {
   explicit FaultRun(bool isInPlace) : target(isInPlace ? W("a.txt") : W("out")) {
     scratch.Write(W("a.txt"), kBefore);
@@ -41,7 +41,7 @@ struct FaultRun {
     FindAndReplaceOptions options = Options(saveMode, &callback);
     return ApplyToFile(scratch.Path(W("a.txt")), scratch.Path(target), options);
   }
-  // Empty for a file that is not there.
+  // Returns an empty text if the file does not exist.
   std::string Bytes(const WString& name) const {
     return scratch.Exists(name) ? scratch.Read(name) : std::string();
   }
@@ -62,12 +62,12 @@ constexpr SaveMode kSaveModes[] = {
     {"replace", ReplaceFile},
 };
 
-// All that a run over a file calls.
+// All system functions that a run over a file calls.
 constexpr const char* kFunctions[] = {
     "GetFileAttributesW", "CreateFileW", "GetFileSizeEx", "ReadFile",  "WriteFile",          "MoveFileW",
     "SetFileAttributesW", "DeleteFileW", "CloseHandle",   "FindClose", "WideCharToMultiByte"};
 
-// Where the bytes that the target had may stand after a run.
+// Checks that the previous bytes of the target still exist where they must after the run.
 void ExpectOldBytesAreKept(const FaultRun& run, const std::string& old, const SaveMode& mode,
                            std::int64_t result, bool isWrite) {
   const std::string target = run.Bytes(run.target);
@@ -78,7 +78,7 @@ void ExpectOldBytesAreKept(const FaultRun& run, const std::string& old, const Sa
       EXPECT_EQ(target, old);
       break;
     case SaveAsNew | OverwriteTarget:
-      // Only a write that fails leaves a part of the new text; a target that cannot be made is as it was.
+      // Only a failed write leaves part of the new text; if the target cannot be opened, it is unchanged.
       EXPECT_TRUE(isWritten || (result < 0 && (target == old || isWrite))) << target;
       break;
     case KeepBackup:
@@ -90,7 +90,7 @@ void ExpectOldBytesAreKept(const FaultRun& run, const std::string& old, const Sa
   }
 }
 
-// One run with one fault. Answers whether the fault was met.
+// Runs with one fault. Returns whether the call that fails was reached.
 bool CheckFault(const SaveMode& mode, bool isInPlace, const char* function, int nth, bool repeat) {
   SCOPED_TRACE(std::string(mode.name) + (isInPlace ? " in place, " : " elsewhere, ") + function + " " +
                std::to_string(nth) + (repeat ? " and all later ones" : ""));
@@ -108,7 +108,7 @@ bool CheckFault(const SaveMode& mode, bool isInPlace, const char* function, int 
   if (!isInPlace) {
     EXPECT_EQ(run.Bytes(W("a.txt")), kBefore);
   }
-  // What is told as done is done, and what failed was reported.
+  // A result of 2 means that all changes are in the target; any other result was reported as an error.
   EXPECT_TRUE(result == 2 || result == -1) << result;
   if (result == 2) {
     EXPECT_EQ(run.Bytes(run.target), kAfter);
@@ -164,7 +164,7 @@ TEST(ApplyToFileFaults, ShortWriteIsAFullDiskAndLosesNothingThatHasABackup) {
         EXPECT_EQ(run.Run(mode.flags), -1);
         EXPECT_EQ(run.callback.calls.end()[-2], "error Failed to write data to file (112)");
         ExpectOldBytesAreKept(run, isInPlace ? kBefore : kOldTarget, mode, -1, true);
-        // The part that was written stays.
+        // The part that was written remains.
         EXPECT_EQ(run.Bytes(run.target), std::string(kAfter).substr(0, count));
         if (!isInPlace) {
           EXPECT_EQ(run.Bytes(W("a.txt")), kBefore);
@@ -207,7 +207,7 @@ TEST(ApplyToFileFaults, EachCallThatFailsHasItsNumberAndText) {
       {"GetFileAttributesW", 1, ERROR_ACCESS_DENIED, "error File not found (2)"},
       {"CreateFileW", 1, ERROR_ACCESS_DENIED, "error Unable to open file (5)"},
       {"ReadFile", 1, ERROR_IO_DEVICE, "error Unable to read file content (1117)"},
-      // The file goes away after its format was looked at.
+      // The file disappears after its format was detected.
       {"CreateFileW", 2, ERROR_FILE_NOT_FOUND, "error Unable to open file : " + name + " (2)"},
       {"GetFileSizeEx", 1, ERROR_IO_DEVICE, "error Failed to get filesize : " + name + " (1117)"},
       {"ReadFile", 2, ERROR_IO_DEVICE, "error Failed to read file (1117)"},
@@ -268,7 +268,8 @@ TEST(ApplyToFileFaults, BackupThatCannotBeDeletedStaysAndTheRunIsASuccess) {
     FaultRun run(true);
     ASSERT_TRUE(SetFileAttributesW(run.scratch.Path(W("a.txt")).c_str(), FILE_ATTRIBUTE_READONLY));
     const Faults::Scope faults;
-    // The source, the target and its backup's name are asked for before, and then the backup's attributes.
+    // The first three calls examine the source, the target and the backup's name; the fourth reads the
+    // backup's attributes.
     Faults::Fail(function, function == std::string("GetFileAttributesW") ? 4 : 1, ERROR_ACCESS_DENIED);
     EXPECT_EQ(run.Run(ReplaceFile), 2) << function;
     EXPECT_EQ(run.Bytes(W("a.txt")), kAfter);
@@ -306,7 +307,7 @@ TEST(ApplyToFileFaults, UnchangedFileIsOpenedForReadingAlone) {
       Faults::Watch(function);
     }
     EXPECT_EQ(run.Run(mode.flags), 0);
-    // For its head and for its text.
+    // Once to detect the format, and once for the text.
     EXPECT_EQ(Faults::CallCount("CreateFileW"), 2);
     for (const char* function : {"MoveFileW", "DeleteFileW", "SetFileAttributesW", "WriteFile"}) {
       EXPECT_EQ(Faults::CallCount(function), 0) << function;
@@ -339,7 +340,7 @@ TEST(ApplyToFileFaults, ErrorOfACancelledCallIsACancel) {
 
 namespace {
 
-// Runs in place again and again, with one allocation more each time until it succeeds.
+// Repeats a run in place with one more allowed allocation each time until it succeeds.
 void ExpectNothingIsLostWithoutMemory(std::uint32_t mode, bool keepsBackup, const std::string& before,
                                       const std::string& after) {
   int failures = 0;
@@ -386,7 +387,7 @@ TEST(ApplyToFileWithoutMemory, SixteenBitTextTakesTheSameRoad) {
 
 TEST(ApplyToFileWithoutMemory, IsReportedWithTheTextOfTheAllocatorAndNumber14) {
   FaultRun run(true);
-  // Alone of the calls, the question comes after the record of the run has its room.
+  // When the question is asked, the record of calls has already allocated its memory.
   run.callback.onQuestion = [] { throw std::bad_alloc(); };
   EXPECT_EQ(run.Run(KeepBackup), -1);
   EXPECT_EQ(run.callback.calls.end()[-2], "error " + std::string(std::bad_alloc().what()) + " (14)");

@@ -24,7 +24,7 @@ FindAndReplaceOptions Options(std::uint32_t flags, const WString& find, const WS
   return options;
 }
 
-// 16-bit little-endian text with its mark.
+// Returns 16-bit little-endian text with a byte order mark.
 std::string Utf16(WStringView text) {
   std::string bytes = "\xFF\xFE";
   for (const WCHAR character : text) {
@@ -34,7 +34,7 @@ std::string Utf16(WStringView text) {
   return bytes;
 }
 
-// One run over a file of a scratch folder, in the mode One and into "out" unless told otherwise.
+// One run over a file of a scratch folder; by default in the mode One, with the target "out".
 struct FileRun {
   std::int64_t Run(std::uint32_t flags, const WString& find, const WString& replace,
                    const WString& target = W("out")) {
@@ -69,7 +69,7 @@ TEST(ApplyToFile, ReplacesInAnAnsiFileAndAnswersTheReplacements) {
 }
 
 TEST(ApplyToFile, TextsAreTakenIntoTheFilesOwnBytes) {
-  // 'ü' in the ANSI code page, in UTF-8 by its mark, and in 16 bits.
+  // 'ü' in the ANSI code page, in UTF-8 with a byte order mark, and in UTF-16.
   const WString find = W("\u00FC");
   const WString replace = W("\u00E4\u00FC");
   FileRun run;
@@ -87,10 +87,10 @@ TEST(ApplyToFile, CharactersThatTheCodePageLacksBecomeQuestionMarks) {
   FileRun run;
   EXPECT_EQ(run.RunOn("plain text.\n", kNew, W("text"), W("\u4E2D"), W("1")), 1);
   EXPECT_EQ(run.scratch.Read(W("1")), "plain ?.\n");
-  // So a character that no such file can hold finds the question marks.
+  // Therefore, searching for a character outside the code page finds question marks.
   EXPECT_EQ(run.RunOn("plain ?.\n", kNew, W("\u4E2D"), W("x"), W("2")), 1);
   EXPECT_EQ(run.scratch.Read(W("2")), "plain x.\n");
-  // UTF-8 lacks none.
+  // UTF-8 can represent all characters.
   EXPECT_EQ(run.RunOn("\xEF\xBB\xBFtext.\n", kNew, W("text"), W("\u4E2D"), W("3")), 1);
   EXPECT_EQ(run.scratch.Read(W("3")), "\xEF\xBB\xBF\xE4\xB8\xAD.\n");
 }
@@ -291,7 +291,7 @@ TEST(ApplyToFile, ReplacedFileMayBeReadOnlyAndTheNewOneIsNot) {
     EXPECT_EQ(run.Run(mode, W("two"), W("2"), kSameName), 1);
     EXPECT_EQ(run.scratch.Read(W("a.txt")), "2\n");
     EXPECT_EQ(run.scratch.Exists(W("a.txt.bak")), mode == kBackup);
-    // The new file is a new file: nothing of the old one is carried over.
+    // The new file does not inherit the attributes of the old one.
     EXPECT_EQ(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_READONLY, 0u);
     if (mode != kBackup) continue;
     const WString backup = run.scratch.Path(W("a.txt.bak"));

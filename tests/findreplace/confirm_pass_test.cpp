@@ -1,4 +1,4 @@
-// What a pass asks before it replaces, and what the answers do.
+// The questions of a pass before each replacement, and the effect of the answers.
 #include <gmock/gmock.h>
 
 #include "findreplace/documents.h"
@@ -45,7 +45,7 @@ TYPED_TEST_SUITE(ConfirmPass, BothWidths);
 
 }  // namespace
 
-// --- the pass over lines
+// --- a pass over lines
 
 TYPED_TEST(ConfirmPass, EachAnswerDoesItsWork) {
   struct Case {
@@ -183,7 +183,7 @@ TYPED_TEST(ConfirmPass, EmptyReplacementHasNoLength) {
   EXPECT_EQ(callback.questions[0].replacementLength, 0u);
 }
 
-// The question comes before the replacement is tried, and a Skip keeps the pass going.
+// The question is asked before the replacement is attempted, so after Skip the pass continues.
 TYPED_TEST(ConfirmPass, MatchInReplacedTextIsAskedForWithoutAHighlight) {
   this->Load("xabcx\nab\n");
   ScriptedCallback<TypeParam> first({kReplace});

@@ -1,4 +1,4 @@
-// What the dialog that asks about a match shows.
+// The contents of the dialog that confirms a match.
 #include "findreplace/tool/confirm_replace_form.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ TEST(ConfirmReplaceForm, OtherViewReadsTheBytesAsUtf8) {
 }
 
 TEST(ConfirmReplaceForm, BytesWithoutACharacterInTheCodePageComeBackToo) {
-  // Of the code page 1252, 0x81 and 0x9D are no characters.
+  // In code page 1252, 0x81 and 0x9D are not characters.
   ConfirmReplaceForm form = FormOf(TextFormat::Utf8, W("\u00C3\u0081\u00E2\u20AC\u009D"), W(""));
   form.rawShown = false;
   EXPECT_EQ(ShownContext(form), W("\u00C1\u201D"));

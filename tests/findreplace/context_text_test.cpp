@@ -1,4 +1,4 @@
-// The text around a range, as a question shows it.
+// The context of a range that a question shows.
 #include <gmock/gmock.h>
 
 #include "findreplace/documents.h"

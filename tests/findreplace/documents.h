@@ -1,5 +1,6 @@
-// Documents of find and replace from texts and back, in both widths. Texts are given once, in narrow
-// characters; sizes of blocks are in characters, so that a test puts a border at the same place in both.
+// Converts texts to documents of find and replace and back, in both character widths. Texts are written once,
+// in narrow characters; block sizes are in characters, so that block boundaries are at the same places in
+// both widths.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,14 +25,14 @@ template <typename CharT>
 using DocumentPointer = std::shared_ptr<QXFindAndReplace::TextDocumentT<CharT>>;
 
 template <typename CharT>
-constexpr std::uint32_t kUsualBlock = 32768 / sizeof(CharT);  // characters
+constexpr std::uint32_t kUsualBlock = 32768 / sizeof(CharT);  // in characters
 
-// The format that files of a width mostly have.
+// The most common format of files of this width.
 template <typename CharT>
 constexpr WQDR::TextFormat kUsualFormat = sizeof(CharT) == 1 ? WQDR::TextFormat::Ansi
                                                              : WQDR::TextFormat::Utf16;
 
-// A text in narrow characters again; a unit above 0xFF stands as its number.
+// Returns the text in narrow characters. A unit above 0xFF is shown as its number.
 template <typename CharT>
 std::string Narrow(std::basic_string_view<CharT> text) {
   std::string result;
@@ -48,7 +49,7 @@ std::string Narrow(std::basic_string_view<CharT> text) {
   return result;
 }
 
-// The bytes of a text in its width.
+// Returns the bytes of a text in its width.
 template <typename CharT>
 std::string RawBytes(std::basic_string_view<CharT> text) {
   return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(CharT)};
@@ -84,7 +85,7 @@ std::shared_ptr<QXFindAndReplace::Lines> MakeLines(std::string_view text) {
   return QXFindAndReplace::Lines::Load<CharT>(reader);
 }
 
-// Keeps all that is written.
+// Stores everything that is written.
 class RecordingWriter final : public WQDR::DataWriter {
  public:
   void Write(const void* data, std::uint32_t size, std::uint32_t* written) override {
@@ -94,7 +95,7 @@ class RecordingWriter final : public WQDR::DataWriter {
   std::string bytes;
 };
 
-// What the file becomes.
+// Returns the bytes that the document writes to its file.
 template <typename CharT>
 std::string WrittenBytes(const QXFindAndReplace::TextDocumentT<CharT>& document) {
   RecordingWriter writer;
@@ -123,7 +124,7 @@ inline RangeNumbers NumbersOf(const QXFindAndReplace::TextRange& range) {
   return {range.start.line, range.start.column, range.end.line, range.end.column};
 }
 
-// The text of an exception of the standard library that a call throws.
+// Returns the text of the exception that a call throws.
 template <typename Exception, typename Call>
 std::string WhatOf(Call call) {
   try {

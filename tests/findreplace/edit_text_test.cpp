@@ -1,4 +1,4 @@
-// Text as a multi-line edit control shows it.
+// Text in the form that a multi-line edit control shows.
 #include "findreplace/tool/edit_text.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ TEST(EditOffset, WithoutLineEndsOfTheirOwnOffsetsStay) {
 TEST(EditOffset, EachLfBeforeItMovesItByOne) {
   const WString text = W("ab\ncd\nef");
   EXPECT_EQ(EditOffset(text, 0), 0u);
-  EXPECT_EQ(EditOffset(text, 2), 2u);  // the first LF, which CR LF takes the place of
+  EXPECT_EQ(EditOffset(text, 2), 2u);  // at the first LF, which becomes CR LF
   EXPECT_EQ(EditOffset(text, 3), 4u);
   EXPECT_EQ(EditOffset(text, 5), 6u);
   EXPECT_EQ(EditOffset(text, 6), 8u);
@@ -49,7 +49,7 @@ TEST(EditOffset, EachCrAloneBeforeItMovesItByOne) {
   const WString text = W("ab\rcd\r\nef");
   EXPECT_EQ(EditOffset(text, 2), 2u);
   EXPECT_EQ(EditOffset(text, 3), 4u);
-  EXPECT_EQ(EditOffset(text, 6), 7u);  // between CR and LF, and still between them
+  EXPECT_EQ(EditOffset(text, 6), 7u);  // between CR and LF, in both texts
   EXPECT_EQ(EditOffset(text, 7), 8u);
 }
 

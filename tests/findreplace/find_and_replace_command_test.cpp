@@ -1,5 +1,5 @@
-// The menu command Find and Replace, from the selection to the changed files, its dialog answered by a
-// function. The files hold one match each and the runs are silent: their questions have tests of their own.
+// The menu command Find and Replace from the selection to the changed files. A function stands in for its
+// dialog. Each file contains one match and the runs are silent; questions are tested elsewhere.
 #include "findreplace/tool/find_and_replace_command.h"
 
 #include <gmock/gmock.h>
@@ -28,7 +28,7 @@ FindAndReplaceDialog MustNotBeShown() {
   };
 }
 
-// OK for a silent run that replaces these texts.
+// Returns a dialog that is closed with OK, for a silent run that replaces these texts.
 FindAndReplaceDialog Replacing(const WString& find, const WString& replace) {
   return [=](IHostApp&, FindAndReplaceForm& form) -> INT_PTR {
     form.find = find;
@@ -44,7 +44,7 @@ class FindAndReplaceCommandTest : public testing::Test {
  protected:
   FindAndReplaceCommandTest() { host_.titles[kTextFindDlgNewFile] = W("_x"); }
 
-  // Makes and selects a file.
+  // Creates and selects a file.
   void Select(const WString& name, std::string_view bytes) {
     folder_.Write(name, bytes);
     items_.emplace_back(host_.recorder, folder_.Path() + W("\\"), name, FILE_ATTRIBUTE_ARCHIVE);

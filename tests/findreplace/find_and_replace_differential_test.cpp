@@ -1,5 +1,5 @@
-// The engine against the plainest one, over random small texts: the bytes that come out, the changes, the
-// failures and the questions must be the same.
+// Compares the engine with the reference over random short texts: output bytes, changes, failures and
+// questions must be equal.
 #include <gtest/gtest.h>
 
 #include "findreplace/documents.h"
@@ -20,7 +20,8 @@ std::basic_string<CharT> Letters(RandomNumbers& random, const std::basic_string<
   return text;
 }
 
-// Few letters, so that texts repeat the beginnings of the find text, and what must not be searched through.
+// Few different letters, so that texts repeat prefixes of the find text, and characters at which a search
+// must stop.
 template <typename CharT>
 std::vector<std::basic_string<CharT>> Alphabets() {
   using namespace std::string_view_literals;
@@ -48,7 +49,7 @@ std::basic_string<CharT> Without(std::basic_string<CharT> text, std::string_view
 
 constexpr std::uint32_t kModes[] = {ModeOne, ModeMany, ModeManySame, ModeMultiline};
 
-// A case of a mode over a document.
+// A random run of a mode over a document.
 template <typename CharT>
 Trial<CharT> MakeTrial(std::uint32_t seed) {
   RandomNumbers random(seed);
@@ -68,7 +69,7 @@ Trial<CharT> MakeTrial(std::uint32_t seed) {
         character = static_cast<CharT>("?*"[random(2)]);
     }
   }
-  // A list of as many lines as the other one, as a rule.
+  // Usually as many lines as the find list has items.
   const auto plain = In<CharT>("xyA");
   const std::size_t items = PlainEngine::Items(trial.find).size();
   const std::size_t lines = (trial.flags & ModeMany) != 0 && random(8) != 0 ? items : random(5);
@@ -76,8 +77,7 @@ Trial<CharT> MakeTrial(std::uint32_t seed) {
     trial.replace += Letters(random, plain, random(4));
     if (i + 1 < lines || trial.replace.empty() || random(2)) trial.replace += CharT('\n');
   }
-  // Borders in the middle of lines; a small block often refuses the text, which is held against each other
-  // too.
+  // Block boundaries inside lines. With small blocks the text is often refused, which is compared too.
   trial.blockBytes = (random(3) == 0 ? 4 + random(16) : 64 + random(500)) * sizeof(CharT);
   return trial;
 }
@@ -104,7 +104,7 @@ TYPED_TEST(FindAndReplaceDifferential, ModesWithNobodyToAsk) {
   for (std::uint32_t seed = 1; seed <= 10000 && !this->HasFailure(); ++seed) {
     this->Compare(MakeTrial<TypeParam>(seed), seed);
   }
-  // The cases are worth their time.
+  // The random cases cover refusals and changes well.
   EXPECT_GT(this->refused, 500);
   EXPECT_GT(this->changed, 2000);
 }
@@ -122,7 +122,7 @@ TYPED_TEST(FindAndReplaceDifferential, ModesWithQuestions) {
   }
 }
 
-// Find texts that no list can hold: line ends and zeros in them.
+// Find texts that cannot be list items: with line ends and zeros.
 TYPED_TEST(FindAndReplaceDifferential, PassesOfAnyText) {
   for (std::uint32_t seed = 200001; seed <= 206000 && !this->HasFailure(); ++seed) {
     RandomNumbers random(seed);

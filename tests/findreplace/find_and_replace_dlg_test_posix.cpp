@@ -1,4 +1,4 @@
-// The forms of find and replace as the native build hands them to whoever answers dialogs.
+// The forms of find and replace as the native build passes them to the handler of dialogs.
 #include <gmock/gmock.h>
 
 #include "findreplace/tool/confirm_replace_dlg.h"

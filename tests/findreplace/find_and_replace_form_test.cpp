@@ -17,7 +17,7 @@ FindAndReplaceForm FormOf(std::uint32_t flags, const WString& startName = W("a.t
   return form;
 }
 
-// The name that is suggested for a new file.
+// Returns the name that is suggested for a new file.
 WString Suggested(const WString& startName, std::uint32_t fileCount = 1) {
   return FormOf(SaveAsNew, startName, fileCount).targetName;
 }

@@ -41,7 +41,7 @@ TEST(FindAndReplaceQuestions, YesHoldsForLaterTargetsThoughEachIsMeantToBeAskedF
 }
 
 TEST(FindAndReplaceQuestions, YesHoldsForATargetThatComesUpOnlyAfterItsCheck) {
-  // Without the yes, the second target would be refused: it is made while its own file is worked on.
+  // Without the Yes the second target would be refused: it is created while its source is being processed.
   for (const bool isFirstAsked : {false, true}) {
     ListRun run;
     run.Add(W("a.txt"), "two\n");
@@ -77,7 +77,7 @@ TEST(FindAndReplaceQuestions, NoSkipsTheFileWhichCountsAsFailed) {
                           "10: [Find and Replace] - 2 changes made to file : ~\\b.txt"));
   EXPECT_THAT(run.Result(0), ElementsAre("~\\b.txt"));
   EXPECT_THAT(run.Result(1), ElementsAre("~\\a.txt"));
-  // A skipped file does not lower the sum.
+  // The skipped file does not reduce the sum.
   EXPECT_THAT(run.Boxes(), ElementsAre(kQuestion, Summary("2 changes")));
 }
 
@@ -90,7 +90,7 @@ TEST(FindAndReplaceQuestions, CancelAtATargetEndsTheRunWithoutListsAndWithoutASu
     run.scratch.Write(W("b.out"), "old");
     run.host.boxAnswers = {IDCANCEL};
     run.Run(kNew, W("*.out"), owns);
-    // What was done before stays done.
+    // The file that was done before remains.
     EXPECT_EQ(run.scratch.Read(W("a.out")), "2\n");
     EXPECT_EQ(run.scratch.Read(W("b.out")), "old");
     EXPECT_FALSE(run.scratch.Exists(W("c.out")));
@@ -199,7 +199,7 @@ TEST(FindAndReplaceQuestions, SilentRunReplacesExistingTargetsUnderOverwrite) {
   EXPECT_THAT(run.Boxes(), IsEmpty());
 }
 
-// An empty name makes the folder itself the target, which exists.
+// With an empty name the target is the folder itself, which exists.
 TEST(FindAndReplaceQuestions, EmptyPatternIsSkippedByASilentRun) {
   ListRun run;
   run.Add(W("a.txt"), "two\n");
@@ -212,7 +212,7 @@ TEST(FindAndReplaceQuestions, EmptyPatternIsSkippedByASilentRun) {
 }
 
 TEST(FindAndReplaceQuestions, EmptyPatternWithABackupLosesNothing) {
-  // The folder cannot be made a file, and is not to be moved away for good either.
+  // The folder cannot be replaced by a file, and must not remain renamed.
   for (const std::uint32_t mode : {KeepBackup, ReplaceFile}) {
     ListRun run;
     run.scratch.MakeFolder(W("sub"));

@@ -195,7 +195,7 @@ TEST(FindAndReplaceRun, TargetStandsInTheFolderOfItsFile) {
 TEST(FindAndReplaceRun, FolderWithoutASeparatorGetsOne) {
   ListRun run;
   run.scratch.Write(W("a.txt"), "two\n");
-  // The item's path is the same; its folder lacks the backslash at its end.
+  // The item's path is the same, but its folder has no trailing backslash.
   run.items.push_back(run.host.AddFileIn(run.scratch.Path(), W("\\a.txt")));
   run.Run(kNew, W("out"));
   EXPECT_EQ(run.scratch.Read(W("out")), "2\n");

@@ -1,4 +1,4 @@
-// The script command FindAndReplace: its parameters, and the road of its one file.
+// The script command FindAndReplace: its parameters, and how its file is processed.
 #include "findreplace/tool/find_and_replace_script.h"
 
 #include <gmock/gmock.h>
@@ -37,7 +37,7 @@ std::uint32_t Flags(const Values& values, const Switches& switches = {}) {
   return Read(values, switches).flags;
 }
 
-// What a call sets that gives nothing but its texts: the mode One, and a new file.
+// The options of a call with only its texts: the mode One, and a new file.
 constexpr std::uint32_t kPlain = 0x10000001;
 
 TEST(FindAndReplaceParameters, NoneAtAllIsOneTextIntoANewFile) {
@@ -93,11 +93,11 @@ TEST(FindAndReplaceParameters, BackslashAndNIsALineFeedInBothTexts) {
       {W("\\n"), W("\n")},
       {W("\\n\\n"), W("\n\n")},
       {W("a\\n"), W("a\n")},
-      // Nothing is looked at twice, and there is no way around it.
+      // Each character is examined once, so a backslash before the escape does not protect it.
       {W("\\\\n"), W("\\\n")},
       {W("\\\\nn"), W("\\\nn")},
       {W("\\\\\\n"), W("\\\\\n")},
-      // No other escape exists.
+      // There are no other escapes.
       {W("a\\tb\\\\c\\r\\N\\"), W("a\\tb\\\\c\\r\\N\\")},
       {W("n\\"), W("n\\")},
   };
@@ -135,7 +135,7 @@ TEST(FindAndReplaceParameters, EveryDeclaredParameterIsReadButForTheTwoWithoutAn
   EXPECT_THAT(read, UnorderedElementsAreArray(declared));
 }
 
-// A file on the disk that the host finds, and a silent call.
+// A file on disk that the host finds, and a silent call.
 struct Script {
   explicit Script(std::string_view bytes = "one two\n") {
     host.fileOperation.items = {host.AddFileIn(scratch.Path() + W("\\"), W("a.txt"))};
@@ -146,7 +146,7 @@ struct Script {
     call.switches = {"SILENT"};
   }
 
-  // The calls of the host that are about services and lists.
+  // Returns the host calls for services, lists, the log and message boxes.
   std::vector<std::string> Road() const {
     return host.recorder.CallsOf({"GetService", "file operation", "ReleaseService", "CreateFileList", "list",
                                   "LogMessage", "FileListRequest", "MessageBox"});

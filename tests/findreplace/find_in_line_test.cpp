@@ -1,4 +1,4 @@
-// One text in one line: plain, without case, and with wildcards.
+// Searching a text in a line: plain, ignoring case, and with wildcards.
 #include <gmock/gmock.h>
 
 #include <optional>
@@ -22,7 +22,7 @@ class FindInLineTest : public testing::Test {
  protected:
   void Load(std::string_view text) { document = MakeDocument<CharT>(text); }
 
-  // In line 0 as a rule.
+  // Searches line 0 by default.
   Found Find(std::string_view text, std::uint32_t column, bool ignoreCase, std::uint32_t line = 0) {
     const auto wide = In<CharT>(text);
     LineMatch match;
@@ -39,10 +39,10 @@ class FindInLineTest : public testing::Test {
     EXPECT_EQ(found, match.found);
     return found ? Found(NumbersOf(match.range)) : std::nullopt;
   }
-  // The columns of a match in line 0.
+  // A match in line 0 between these columns.
   static Found At(std::uint32_t start, std::uint32_t end) { return RangeNumbers{0, start, 0, end}; }
 
-  // Where a text is found in a line of its own.
+  // Searches a text in a document that consists of this line.
   Found Case(std::string_view line, std::string_view text, std::uint32_t column = 0) {
     Load(line);
     return Find(text, column, false);
@@ -160,7 +160,7 @@ TYPED_TEST(FindInLineTest, LengthOfZeroMeasuresTheTextAndFindsAnEmptyMatch) {
   }
 }
 
-// The walk with case looks at the character at its place before it compares anything.
+// The search with case stops at a zero before it compares the text.
 TYPED_TEST(FindInLineTest, EmptyTextIsFoundAtOnceButWithCaseNotBeforeAZero) {
   EXPECT_EQ(this->Case("ab", ""), this->At(0, 0));
   EXPECT_EQ(this->Case("ab", "", 1), this->At(1, 1));
@@ -194,7 +194,7 @@ TYPED_TEST(FindInLineTest, LettersOfBothCasesAreEqual) {
 }
 
 TYPED_TEST(FindInLineTest, OnlyLettersFromAToZHaveACase) {
-  // Each character against each other: equal if the same or the two cases of a letter.
+  // Compares all pairs of characters: only equal ones and the two cases of a letter match.
   std::string all;
   for (int character = 1; character < 256; ++character) {
     if (character != '\r' && character != '\n') all += static_cast<char>(character);
@@ -232,7 +232,7 @@ TEST(FindInLineWide, LettersBeyondTheAlphabetHaveNoCase) {
 }
 
 TEST(FindInLineWide, MatchBeginsWithAWholeUnit) {
-  // The bytes of "a" and "b" stand in this line, one byte off the units.
+  // The line contains the bytes of "a" and "b", one byte off the unit boundaries.
   const WString line = {0x6100, 0x6200, 0x0100};
   const auto document = MakeDocumentOfBytes<WCHAR>(RawBytes<WCHAR>(WStringView(line)));
   const WCHAR text[] = {0x0061, 0x0062, 0};
@@ -243,7 +243,8 @@ TEST(FindInLineWide, MatchBeginsWithAWholeUnit) {
   }
 }
 
-// The scan goes on behind the character that failed, and not where the failed comparison began.
+// After a mismatch the scan continues with the next character, without going back to where the failed
+// comparison began.
 TYPED_TEST(FindInLineTest, ScanIgnoringCaseDoesNotGoBack) {
   EXPECT_EQ(this->NoCase("aaab", "aab"), this->kNone);
   EXPECT_EQ(this->Case("aaab", "aab"), this->At(1, 4));
@@ -314,7 +315,8 @@ TYPED_TEST(FindInLineTest, ZeroIsACharacterForAPattern) {
   EXPECT_EQ(this->Pattern("a\0c\0e"sv, "*e"), this->At(0, 5));
 }
 
-// As the dot of the library's grammar has it. They are no ends of lines here.
+// They are not matched, as by the dot of the standard library's grammar, although they do not end a line
+// here.
 TEST(FindInLineWide, WildcardsTakeNoLineSeparatorOfUnicode) {
   const WString line = {W('a'), 0x2028, W('b'), W('c'), 0x2029, W('d')};
   const auto document = MakeDocumentOfBytes<WCHAR>(RawBytes<WCHAR>(WStringView(line)));

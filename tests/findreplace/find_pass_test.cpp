@@ -1,4 +1,4 @@
-// One item's pass over a document, with nobody to ask.
+// A pass of one item over a document, without questions.
 #include <gmock/gmock.h>
 
 #include <regex>
@@ -28,7 +28,7 @@ class FindPass : public testing::Test {
                                  wideReplace.c_str(), static_cast<std::uint32_t>(wideReplace.size()),
                                  ignoreCase, matching, nullptr);
   }
-  // What a text becomes; the changes are kept in `changes`.
+  // Returns the changed text and stores the number of changes in `changes`.
   std::string Replaced(std::string_view text, std::string_view find, std::string_view replace,
                        bool ignoreCase = false, std::uint32_t matching = kMatchPlain) {
     Load(text);
@@ -95,7 +95,7 @@ TYPED_TEST(FindPass, TextAcrossLineEndsIsNeverFound) {
   }
 }
 
-// The carried beginning of a line stands at the end of one block and again in the next one.
+// The beginning of the line is at the end of one block and, carried over, in the next one.
 TYPED_TEST(FindPass, TextAcrossABlocksBorderIsFoundOnce) {
   this->Load("xx\naabbcc\n", 8);
   this->Run("bb", "-");
@@ -107,7 +107,7 @@ TYPED_TEST(FindPass, TextAcrossABlocksBorderIsFoundOnce) {
 }
 
 TYPED_TEST(FindPass, TextThatOnlyTheBytesOfTwoBlocksGiveIsNotFound) {
-  // "ab" ends the one block and "cd" begins the next one.
+  // "ab" is at the end of one block and "cd" at the beginning of the next.
   this->Load("xxxxxxab\ncd", 9);
   this->Run("bcd", "-");
   this->Run("abcd", "-");

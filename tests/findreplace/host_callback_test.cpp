@@ -19,7 +19,7 @@ constexpr std::uint32_t kSilent = 0x1000;
 constexpr TextRange kRange = {{1, 2}, {3, 4}};
 constexpr Highlight kHighlight = {5, 6};
 
-// Answers each question by the next result, and keeps the forms as they were shown.
+// Answers each question with the next result and stores the forms as they were shown.
 struct Asked {
   std::vector<ConfirmResult> answers;
   std::vector<ConfirmReplaceForm> forms;

@@ -1,4 +1,4 @@
-// A find or replace text in lines.
+// A find or replace text, split into lines.
 #include "findreplace/engine/lines.h"
 
 #include <gmock/gmock.h>
@@ -89,7 +89,7 @@ TYPED_TEST(LinesTest, BehindAnItemStandsItsEndAndBehindTheLastOneAZero) {
   EXPECT_EQ(behind(2, 0), TypeParam());
 }
 
-// Item texts are not terminated: who reads an item to a zero reads the rest of the list.
+// Items are not terminated: reading an item up to a zero reads the rest of the list.
 TYPED_TEST(LinesTest, ItemReadToAZeroIsTheRestOfTheText) {
   const auto lines = MakeLines<TypeParam>("ab\ncd\n");
   ASSERT_EQ(lines->items.size(), 2u);

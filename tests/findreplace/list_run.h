@@ -1,4 +1,4 @@
-// Runs of find and replace over files of a scratch folder, and what the host is told and asked by them.
+// Runs of find and replace over files of a scratch folder, and what they report to and request from the host.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -15,7 +15,7 @@ namespace QXFindAndReplace {
 
 using namespace Velmora::SDK;
 
-// Title and text of the question, and its buttons and icon: yes, no, cancel and a question mark.
+// Title and text of the question, and its style: buttons Yes, No and Cancel, and a question mark.
 inline constexpr char kQuestion[] = "MessageBox(\"T023A0064\", \"T023F0064\", 0x00000023)";
 
 inline constexpr TextId kChangesFormat = kTextFindChanges;
@@ -25,7 +25,7 @@ inline std::string Summary(const std::string& text) {
   return "MessageBox(\"T023A0064\", \"" + text + "\", 0x00000040)";
 }
 
-// One run over files of a scratch folder, which replaces "two" by "2".
+// A run over files of a scratch folder that replaces "two" by "2".
 struct ListRun {
   ListRun() {
     host.texts[kChangesFormat] = W("%s changes");
@@ -33,7 +33,7 @@ struct ListRun {
     host.boxAnswers = {IDOK};
   }
 
-  // Makes a file and puts it into the list.
+  // Creates a file and adds it to the list.
   FakeFileItem* Add(WStringView name, std::string_view bytes) {
     scratch.Write(name, bytes);
     return AddMissing(name);
@@ -72,7 +72,7 @@ struct ListRun {
     ExpectAllGivenBack(host);
   }
 
-  // Log lines as "level: text", from either operation of the log, with the folder as "~".
+  // Returns the log lines as "level: text", from both log operations, with the folder replaced by "~".
   std::vector<std::string> Log() const {
     std::vector<std::string> lines;
     for (const std::string& call : host.recorder.CallsOf({"LogMessage(", "LogText("})) {
@@ -85,10 +85,10 @@ struct ListRun {
     return lines;
   }
 
-  // The boxes of the host.
+  // Returns the message boxes of the host, as recorded.
   std::vector<std::string> Boxes() const { return host.recorder.CallsOf({"MessageBox("}); }
 
-  // The list handed back with this marker, as names; nothing if there was none.
+  // Returns the names in the list that was handed back with this mode, or nothing if there was none.
   std::vector<std::string> Result(u32 mode) const {
     std::vector<std::string> names;
     int lists = 0;
@@ -101,7 +101,7 @@ struct ListRun {
     return names;
   }
 
-  // The steps in their order, in words.
+  // Returns the steps of the run in order, in words.
   std::vector<std::string> Steps() const {
     std::vector<std::string> steps;
     for (const std::string& call : host.recorder.Calls()) {
@@ -127,10 +127,10 @@ struct ListRun {
   FakeHost host;
   std::vector<FakeFileItem*> items;
   WString find = W("two");
-  std::deque<ConfirmResult> confirmations;  // Replace without one left
-  std::vector<std::string> paths;           // the files that matches were asked about
-  std::size_t errorBoxes = 0;               // the module's own boxes that must come
-  bool listIsOpen = false;                  // the list of files after the run
+  std::deque<ConfirmResult> confirmations;  // Replace if none is left
+  std::vector<std::string> paths;           // the files of the questions about matches
+  std::size_t errorBoxes = 0;               // the number of the module's own boxes that must open
+  bool listIsOpen = false;                  // whether the list of files is in use after the run
 
  private:
   std::string Short(std::string text) const {
@@ -142,7 +142,7 @@ struct ListRun {
   }
 };
 
-// As the log has an error, with the line breaks of its text.
+// Returns an error as it is logged, with the line breaks of its text.
 inline std::string ErrorLine(const std::string& text, int code) {
   return "30: [Find and Replace] Error\r\n==========================\r\n" + text +
          "\r\n( ErrorCode : " + std::to_string(code) + " )";

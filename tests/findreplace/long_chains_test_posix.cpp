@@ -1,4 +1,4 @@
-// Chains of ten thousand inserted lines, on a thread whose stack holds no recursion over them.
+// Chains of ten thousand inserted lines, on a thread whose stack is too small for recursion over them.
 #include <gtest/gtest.h>
 #include <pthread.h>
 
@@ -84,7 +84,7 @@ TYPED_TEST(LongChains, LineOfThousandsOfPartsIsWritten) {
   });
 }
 
-// With wildcards too: a line of any length, a pattern that takes it whole.
+// With wildcards, a line of any length and a pattern that matches all of it.
 TYPED_TEST(LongChains, WildcardsOverALongLine) {
   RunOnSmallStack([&] {
     const auto document = MakeDocument<TypeParam>(Repeated("ab", kLines) + "c", 4 * kLines);

@@ -1,4 +1,4 @@
-// What the modes make of a find text and a replace text, but for Multiline.
+// How the modes apply a find text and a replace text, except for Multiline.
 #include "findreplace/engine/modes.h"
 
 #include <gmock/gmock.h>
@@ -135,7 +135,7 @@ TYPED_TEST(Modes, EmptyReplaceItemDeletes) {
   EXPECT_EQ(this->Apply(ModeMany, "abc", "a\nb\nc", "1\n\n3"), "13");
 }
 
-// The pattern goes on to the end of the list, and no line holds its line breaks.
+// The pattern extends to the end of the list, and no line contains its line breaks.
 TYPED_TEST(Modes, OfAListWithWildcardsOnlyTheLastItemCanMatch) {
   EXPECT_EQ(this->Apply(ModeMany | Wildcard, "ax\nbx\ncx\n", "a?\nb?\nc?", "1\n2\n3"), "ax\nbx\n3\n");
   EXPECT_EQ(this->changes, 1u);
@@ -180,7 +180,7 @@ TYPED_TEST(Modes, ManySameFailsOnTextThatAnEarlierItemReplaced) {
   EXPECT_EQ(this->ErrorOf(ModeManySame, "abc", "ab\nbc", "x"), kPartNotFound);
 }
 
-// --- which mode
+// --- choosing the mode
 
 TYPED_TEST(Modes, WithoutAModeNothingIsDone) {
   for (const std::uint32_t flags : {0u, +IgnoreCase, Wildcard | ReplaceAll, 0xFFFFFFF0u}) {

@@ -1,4 +1,4 @@
-// Consecutive lines are found.
+// Searching consecutive lines.
 #include <gmock/gmock.h>
 
 #include <optional>
@@ -17,7 +17,7 @@ using Found = std::optional<RangeNumbers>;
 template <typename CharT>
 class FindMultilineMatchTest : public testing::Test {
  protected:
-  // The first block at or behind a position.
+  // Returns the first block at or after a position.
   static Found Find(std::string_view text, std::string_view find, bool ignoreCase = false,
                     TextPosition start = {0, 0}) {
     const auto document = MakeDocument<CharT>(text);
@@ -26,7 +26,7 @@ class FindMultilineMatchTest : public testing::Test {
   static Found FindIn(const TextDocumentT<CharT>& document, std::string_view find, bool ignoreCase = false,
                       TextPosition start = {0, 0}) {
     LineMatch match;
-    match.found = true;  // a search without a match says so
+    match.found = true;  // must be cleared by a search without a match
     FindMultilineMatch(document, match, *MakeLines<CharT>(find), start, ignoreCase);
     return match.found ? Found(NumbersOf(match.range)) : std::nullopt;
   }
@@ -56,7 +56,7 @@ TYPED_TEST(FindMultilineMatchTest, TwoLinesAreFoundWhereTheFirstStandsAnywhereAn
   EXPECT_EQ(this->Find("a\r\nb", "a\nb"), this->At(0, 0, 1, 1)) << "the endings do not count";
 }
 
-// There is no check of it, and the rest of the first line goes with the range.
+// This is not checked, and the range includes the rest of the first line.
 TYPED_TEST(FindMultilineMatchTest, FirstLineNeedNotReachItsEnd) {
   EXPECT_EQ(this->Find("abcXY\ndefZ", "abc\ndef"), this->At(0, 0, 1, 3));
   EXPECT_EQ(this->Find("a1a2\nb", "a\nb"), this->At(0, 0, 1, 1)) << "the first place in the line";
@@ -88,7 +88,7 @@ TYPED_TEST(FindMultilineMatchTest, EmptyLastItemIsInEveryLine) {
   EXPECT_EQ(this->Find("1a\n", "a\n\n"), this->kNone);
 }
 
-// It means the rest of the find text, which no line holds.
+// An empty first item is searched as the rest of the find text, which no line contains.
 TYPED_TEST(FindMultilineMatchTest, EmptyFirstItemIsInNoLine) {
   EXPECT_EQ(this->Find("\nb\n", "\nb"), this->kNone);
   EXPECT_EQ(this->NoCase("\nb\n", "\nb"), this->kNone);
@@ -96,7 +96,7 @@ TYPED_TEST(FindMultilineMatchTest, EmptyFirstItemIsInNoLine) {
   EXPECT_EQ(this->Find("x\nb\n", "\n\nb"), this->kNone);
 }
 
-// No find text splits into such an item: an empty one has the rest of the text after it.
+// Splitting a find text does not produce such an item: an empty item is followed by the rest of the text.
 TYPED_TEST(FindMultilineMatchTest, EmptyItemWithNothingAfterItIsFoundAtOnceButWithCaseNotBeforeAZero) {
   const TypeParam nothing[] = {0};
   Lines lines;
@@ -132,7 +132,7 @@ TYPED_TEST(FindMultilineMatchTest, SearchBeginsAtItsPosition) {
   EXPECT_EQ(this->Find(text, "a", true, {0, 1}), this->At(0, 2, 0, 3));
 }
 
-// The check of the middle stops short: of the middle lines the last two are not compared.
+// The check of the middle lines ends too early: the last two are not compared.
 TYPED_TEST(FindMultilineMatchTest, UpToTwoMiddleLinesHoldAnyText) {
   EXPECT_EQ(this->Find("a\nWHAT\nc", "a\nb\nc"), this->At(0, 0, 2, 1));
   EXPECT_EQ(this->Find("a\n\nc", "a\nb\nc"), this->At(0, 0, 2, 1));

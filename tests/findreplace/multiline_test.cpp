@@ -68,7 +68,7 @@ TYPED_TEST(Multiline, LinesInsertedIntoAFileWithoutAnEndingHaveTheirOwn) {
   EXPECT_EQ(this->Replaced("1a", "a", "x\ny"), "1x\ny\n");
 }
 
-// The rest of the line is lost and the middle is doubled (C-224).
+// The rest of the line is lost and the middle line is doubled (C-224).
 TYPED_TEST(Multiline, OneLineByThreeLines) {
   EXPECT_EQ(this->Replaced("1a2\n", "a", "x\ny\nz"), "1x\ny\nz\ny\n");
   EXPECT_EQ(this->changes, 1u);
@@ -152,7 +152,7 @@ TYPED_TEST(Multiline, TextsAreSplitForEachDocumentAnew) {
   EXPECT_EQ(options.replaceLinesAnsi, nullptr);
   EXPECT_EQ(options.replaceLinesUtf8, nullptr);
   EXPECT_EQ(options.replaceLinesWide, nullptr);
-  // Lines that another mode has left do not matter.
+  // Lines that another mode has stored have no effect.
   options.findLinesAnsi = options.findLinesWide = MakeLines<TypeParam>("q");
   options.replaceLinesAnsi = options.replaceLinesWide = MakeLines<TypeParam>("q");
   const auto second = MakeDocument<TypeParam>("c\nd\n");
@@ -192,7 +192,7 @@ TYPED_TEST(Multiline, ReplaceAllAsksNoMore) {
   EXPECT_THAT(callback.questions, SizeIs(2));
 }
 
-// In contrast to the other modes.
+// Unlike the other modes.
 TYPED_TEST(Multiline, CancelThrowsNothingAndKeepsWhatIsDone) {
   ScriptedCallback<TypeParam> callback({kAnswerReplace, kAnswerCancel});
   EXPECT_EQ(this->Apply(ModeMultiline, "a\nb\na\nb\na\nb\n", "a\nb", "x\ny", &callback),

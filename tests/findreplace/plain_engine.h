@@ -1,8 +1,8 @@
-// Find and replace in its plainest form, for comparison: whole texts instead of blocks, a cell for each
-// character instead of parts, line by line and character by character. It shares nothing with the product but
-// the values of its flags and answers.
+// Reference for find and replace: whole texts in place of blocks, a cell for each character in place of
+// parts, processed line by line and character by character. It shares only the values of flags and answers
+// with the product.
 //
-// Texts with braces are no matter of this: with wildcards they repeat, which is not made here.
+// Does not support texts with braces, which repeat an element in wildcard patterns.
 #pragma once
 
 #include <array>
@@ -37,7 +37,7 @@ class Engine {
   };
 
  public:
-  // Throws a Failure for a text that cannot be loaded.
+  // Throws a Failure if the text cannot be loaded.
   Engine(const std::string& bytes, std::size_t blockBytes) {
     Text text(bytes.size() / sizeof(CharT), CharT());
     for (std::size_t i = 0; i < text.size() * sizeof(CharT); ++i) {
@@ -75,7 +75,7 @@ class Engine {
     }
   }
 
-  // One pass of a text of any characters.
+  // Runs one pass with a find text of any characters.
   void RunPass(const Text& find, const Text& replace, bool ignoreCase, bool wildcard) {
     ignoreCase_ = ignoreCase;
     wildcard_ = wildcard;
@@ -112,7 +112,7 @@ class Engine {
     std::size_t cell;
   };
 
-  // Where the file's text from `start` to `end` stands side by side; throws if it does not.
+  // Returns the place of the file's text from `start` to `end`; throws if it is not contiguous.
   Place FindCells(const Line<CharT>& line, std::size_t start, std::size_t end) const {
     for (std::size_t row = 0; row < line.rows.size(); ++row) {
       const auto& cells = line.rows[row];
@@ -127,7 +127,7 @@ class Engine {
     throw kPartNotFound;
   }
 
-  // Answers the place behind the new text.
+  // Returns the place after the new text.
   Place ReplaceInLine(std::size_t number, std::size_t start, std::size_t end, const Text& text) {
     Line<CharT>& line = lines_[number];
     if (start >= line.file.size()) throw kPartNotFound;
@@ -173,7 +173,8 @@ class Engine {
     ++changes;
   }
 
-  // The offset in the context of the file's text from `start` to `end`; throws if it is not side by side.
+  // Returns the offset of the file's text from `start` to `end` in the context; throws if it is not
+  // contiguous.
   std::size_t OffsetOf(const Line<CharT>& line, std::size_t start, std::size_t end,
                        const Text& ending) const {
     if (start == end && start == 0) return 0;
@@ -217,7 +218,7 @@ class Engine {
     return question;
   }
 
-  // Whether to replace. `cancelled` where the user wants to stop.
+  // Returns whether to replace. Sets `cancelled` if the user wants to stop.
   bool Confirm(const Question<CharT>& question, bool& cancelled) {
     const ConfirmResult answer = ask_(question);
     cancelled = answer == ConfirmResult::Cancel;

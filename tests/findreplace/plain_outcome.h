@@ -1,4 +1,4 @@
-// One run of find and replace by the product and by the plainest engine, and what comes of it.
+// Runs find and replace by the product and by the reference, and records the outcomes.
 #pragma once
 
 #include <cstring>
@@ -22,15 +22,15 @@ struct Trial {
   std::basic_string<CharT> find;
   std::basic_string<CharT> replace;
   std::uint32_t flags = 0;
-  bool isPass = false;  // one pass of the find text as it stands, instead of a mode; not empty then
+  bool isPass = false;  // one pass with the whole find text, which is not empty, in place of a mode
   bool asks = false;
-  std::vector<QXFindAndReplace::ConfirmResult> answers;  // then Skip
+  std::vector<QXFindAndReplace::ConfirmResult> answers;  // then Skip for all others
 };
 
 template <typename CharT>
 struct TrialOutcome {
-  PlainEngine::Failure failure;  // code 0: none
-  std::string bytes;             // none where it failed
+  PlainEngine::Failure failure;  // code 0 for none
+  std::string bytes;             // empty after a failure
   std::uint32_t changes = 0;
   std::vector<PlainEngine::Question<CharT>> questions;
   friend bool operator==(const TrialOutcome&, const TrialOutcome&) = default;
@@ -69,7 +69,7 @@ void PrintTo(const TrialOutcome<CharT>& outcome, std::ostream* out) {
   }
 }
 
-// Answers as the run tells it; the questions go to the outcome.
+// Answers as the trial specifies and stores the questions in the outcome.
 template <typename CharT>
 class TrialCallback final : public QXFindAndReplace::IFindAndReplaceCallback {
   using Result = QXFindAndReplace::ConfirmResult;
@@ -77,7 +77,7 @@ class TrialCallback final : public QXFindAndReplace::IFindAndReplaceCallback {
  public:
   TrialCallback(const Trial<CharT>& trial, TrialOutcome<CharT>& outcome) : trial_(trial), outcome_(outcome) {}
 
-  // Who is asked sees a context up to its first zero.
+  // The user sees a context up to its first zero.
   Result Answer(PlainEngine::Question<CharT> question) {
     const std::size_t number = outcome_.questions.size();
     question.context = question.context.c_str();

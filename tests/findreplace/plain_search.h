@@ -1,5 +1,5 @@
-// Lines, items and searches in their plainest form: a whole text instead of blocks, line by line and
-// character by character. The ground of PlainEngine::Engine.
+// Reference for lines, items and searches, used by PlainEngine::Engine: a whole text in place of blocks,
+// processed line by line and character by character.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace PlainEngine {
 
-// What the product throws: a number and a text, 14 for exceptions of the standard library.
+// An exception of the product: a number and a text. The number is 14 for exceptions of the standard library.
 struct Failure {
   std::uint32_t code = 0;
   std::string text;
@@ -20,7 +20,7 @@ inline const Failure kTooFew = {87, "To few find items. Atleast one must be set"
 inline const Failure kNoMemory = {14, "no memory"};
 inline const Failure kBadSubscript = {14, "invalid vector<T> subscript"};
 
-// A character of the output and where it stood in its line of the file.
+// A character of the output and its original column in the file's line.
 constexpr std::uint32_t kInsertedCell = 0xFFFFFFFF;
 template <typename CharT>
 struct Cell {
@@ -32,7 +32,7 @@ using Row = std::vector<Cell<CharT>>;
 
 enum class End { kNone, kLf, kCrLf };
 
-// A line of the file and the rows that it is written as.
+// A line of the file and the rows that are written for it.
 template <typename CharT>
 struct Line {
   std::basic_string<CharT> file;
@@ -48,8 +48,8 @@ Row<CharT> InsertedRow(const std::basic_string<CharT>& text) {
   return row;
 }
 
-// The lines of a text that is read in blocks. `more` stands for bytes behind the text that are no character:
-// they are read too.
+// Returns the lines of a text that is read in blocks. `more` is true if bytes that do not form a character
+// follow the text; they are read too.
 template <typename CharT>
 std::vector<Line<CharT>> Split(const std::basic_string<CharT>& text, std::size_t block, bool more) {
   std::vector<Line<CharT>> lines;
@@ -87,7 +87,7 @@ std::vector<Line<CharT>> Split(const std::basic_string<CharT>& text, std::size_t
   return lines;
 }
 
-// One item of a list, and the text from it to the end of the list.
+// An item of a list, and the text from its start to the end of the list.
 template <typename CharT>
 struct Item {
   std::basic_string<CharT> text;
@@ -145,7 +145,7 @@ struct Match {
   std::size_t end = kNowhere;
 };
 
-// An item without characters stands for all that follows it, but its matches are empty.
+// An empty item is searched as all text that follows it, but its matches are empty.
 template <typename CharT>
 Match<CharT> FindItem(const Line<CharT>& line, std::size_t column, const Item<CharT>& item, bool ignoreCase) {
   if (line.removed) return {};
@@ -156,7 +156,7 @@ Match<CharT> FindItem(const Line<CharT>& line, std::size_t column, const Item<Ch
   return {start, start + item.text.size()};
 }
 
-// Where a pattern that is matched from a place on ends, as long as can be; kNowhere if it does not match.
+// Finds the end of the greedy match of a pattern at a place; kNowhere if it does not match.
 template <typename CharT>
 class PatternAt {
  public:
@@ -182,7 +182,7 @@ class PatternAt {
   }
 
  private:
-  // The dot of the library leaves out the two line separators of Unicode.
+  // The dot of the library does not match the two line separators of Unicode.
   static bool IsAny(CharT character) {
     return sizeof(CharT) == 1 || (character != CharT(0x2028) && character != CharT(0x2029));
   }

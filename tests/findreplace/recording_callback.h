@@ -1,4 +1,4 @@
-// A callback that keeps what a run over a file tells it, and answers its questions.
+// A callback that records the calls of a run over a file, and answers its questions.
 #pragma once
 
 #include <deque>
@@ -14,11 +14,11 @@ class RecordingCallback final : public QXFindAndReplace::IFindAndReplaceCallback
   using Format = WQDR::TextFormat;
 
  public:
-  // "begin PATH", "end", "error TEXT (CODE)", "wide error TEXT (CODE)", "ask FORMAT", in their order.
+  // "begin PATH", "end", "error TEXT (CODE)", "wide error TEXT (CODE)", "ask FORMAT", in order.
   std::vector<std::string> calls;
-  // Of the questions, in their order; Replace without one left. Cancel answers IsCancelled as well.
+  // The answers to the questions, in order; Replace if none is left. After Cancel, IsCancelled returns true.
   std::deque<Result> answers;
-  // Called at the beginning of a file, by each question, and by each report of an error.
+  // Called at the beginning of a file, at each question, and at each report of an error.
   std::function<void()> onBegin = [] {};
   std::function<void()> onQuestion = [] {};
   std::function<void()> onError = [] {};

@@ -1,4 +1,4 @@
-// A user who answers questions as a test tells it, and remembers them.
+// A user who gives the answers of a test, and records the questions.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,14 +22,14 @@ class ScriptedCallback final : public QXFindAndReplace::IFindAndReplaceCallback 
     QXFindAndReplace::Highlight highlight;
     std::string replacement;
     std::uint32_t replacementLength;
-    std::uint32_t changesBefore = 0;  // of the document, where there is one
+    std::uint32_t changesBefore = 0;  // of the document, if one is set
 
     std::string Highlighted() const {
       return context.substr(highlight.start, highlight.end - highlight.start);
     }
   };
 
-  // The answers in their order, and the one for all questions behind them.
+  // The answers in order, and the answer to all later questions.
   explicit ScriptedCallback(std::vector<Result> answers, Result afterwards = Result::Replace)
       : answers_(std::move(answers)), afterwards_(afterwards) {}
 
@@ -63,7 +63,7 @@ class ScriptedCallback final : public QXFindAndReplace::IFindAndReplaceCallback 
     return Answer(context, format, range, highlight, replacement, replacementLength);
   }
 
-  // The run over a file makes these calls, the engine under it none of them.
+  // Only the run over a file makes these calls, not the engine.
   void BeginFile(const WCHAR*) override { ADD_FAILURE() << "BeginFile"; }
   void EndFile() override { ADD_FAILURE() << "EndFile"; }
   void ReportError(const WCHAR*, std::uint32_t) override { ADD_FAILURE() << "ReportError"; }

@@ -1,4 +1,4 @@
-// Stretches of lines and ranges of lines are replaced.
+// Replacing ranges inside a line and ranges of lines.
 #include <gmock/gmock.h>
 
 #include <stdexcept>
@@ -32,7 +32,7 @@ class TextDocumentEdit : public testing::Test {
     document->ReplaceRange(range, *MakeLines<CharT>(replacement));
   }
   std::string Text() const { return Written(*document); }
-  // What a text becomes when one range of it is replaced.
+  // Returns the text after one range of it is replaced.
   std::string Replaced(std::string_view text, const TextRange& range, std::string_view replacement) {
     Load(text);
     ReplaceRange(range, replacement);
@@ -50,7 +50,7 @@ TYPED_TEST_SUITE(TextDocumentEdit, BothWidths);
 
 TYPED_TEST(TextDocumentEdit, TextBehindWhichALineWasInsertedTakesNoNewTextAsIsMeant) {
   this->Load("abc\n");
-  // An empty stretch gives way to an empty text and a line: what stands before it is followed by that line.
+  // An empty range is replaced by an empty text and a line, so the text before it is followed by that line.
   this->ReplaceRange({{0, 1}, {0, 1}}, "\ny");
   EXPECT_EQ(this->Text(), "a\nybc\n");
   EXPECT_TRUE(this->ReplaceInLine(0, 0, 1, "Z"));
@@ -58,7 +58,7 @@ TYPED_TEST(TextDocumentEdit, TextBehindWhichALineWasInsertedTakesNoNewTextAsIsMe
 }
 
 TYPED_TEST(TextDocumentEdit, StretchThatEndsBeforeItBeginsStaysOnlyWhereItsLengthIsTheText) {
-  // The length is compared with the start less the end (C-226).
+  // The length is compared with start minus end (C-226).
   this->Load("abcd\n");
   EXPECT_TRUE(this->ReplaceInLine(0, 3, 1, "xy"));
   EXPECT_EQ(this->Text(), "abcd\n");
@@ -176,7 +176,7 @@ TYPED_TEST(TextDocumentEdit, EmptyStretchAndEmptyTextChangeNothing) {
   this->Load("abc");
   EXPECT_TRUE(this->ReplaceInLine(0, 1, 1, ""));
   EXPECT_THAT(this->document->parts, SizeIs(0));
-  // The text is still in one part.
+  // The text still consists of one part.
   EXPECT_TRUE(this->ReplaceInLine(0, 0, 3, "x"));
   EXPECT_EQ(this->Text(), "x");
 }
@@ -186,7 +186,7 @@ TYPED_TEST(TextDocumentEdit, TextIsInsertedAtAnEmptyStretch) {
   EXPECT_TRUE(this->ReplaceInLine(0, 1, 1, "X"));
   EXPECT_TRUE(this->ReplaceInLine(0, 0, 0, "Y"));
   EXPECT_EQ(this->Text(), "YaXbc");
-  // The cut is a border that a stretch cannot pass.
+  // The range cannot cross the cut.
   EXPECT_EQ(this->ErrorOf(0, 0, 2, "z"), kPartNotFound);
 }
 
@@ -231,7 +231,7 @@ TYPED_TEST(TextDocumentEdit, CutLineIsAChainOfItsHeadTheInsertedTextAndItsTail) 
   EXPECT_EQ(tail.next, nullptr);
 }
 
-// The drawing in the overview of text_document.h.
+// As drawn in the overview of text_document.h.
 TYPED_TEST(TextDocumentEdit, ChainOfTwoEditsIsThatOfTheOverview) {
   constexpr std::uint32_t kWidth = sizeof(TypeParam);
   const auto drawn = [&] {
@@ -273,7 +273,7 @@ TYPED_TEST(TextDocumentEdit, RangeThatEndsWithItsLineTakesLinesToo) {
   EXPECT_EQ(this->Replaced("1a\n3\n", InLine(0, 1, 2), "x\ny\nz"), "1x\ny\nz\ny\n3\n");
 }
 
-// The lines come twice and the rest of the file's line is lost (C-224).
+// The lines are inserted twice and the rest of the file's line is lost (C-224).
 TYPED_TEST(TextDocumentEdit, RangeOfOneLineByThreeLinesOrMoreRepeatsTheMiddleAndLosesTheTail) {
   EXPECT_EQ(this->Replaced("1a2\n3\n", InLine(0, 1, 2), "x\ny\nz"), "1x\ny\nz\ny\n3\n");
   EXPECT_EQ(this->Replaced("1a2\n3\n", InLine(0, 1, 2), "x\ny\nz\nw"), "1x\ny\nz\nw\ny\nz\n3\n");

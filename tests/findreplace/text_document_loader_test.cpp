@@ -1,4 +1,4 @@
-// From bytes to the lines of a document.
+// Loading the lines of a document from bytes.
 #include "findreplace/engine/text_document_loader.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +33,7 @@ Line None(std::string text) { return {std::move(text), LineEnding::None, 0}; }
 Line Lf(std::string text) { return {std::move(text), LineEnding::Lf, 1}; }
 Line CrLf(std::string text) { return {std::move(text), LineEnding::CrLf, 2}; }
 
-// The lines, each checked for what holds of every line that was just loaded.
+// Returns the lines and checks the invariants of lines that were just loaded.
 template <typename CharT>
 std::vector<Line> LinesOf(const TextDocumentT<CharT>& document) {
   std::vector<Line> lines;
@@ -65,14 +65,14 @@ class TextDocumentLoaderTest : public testing::Test {
   static std::vector<Line> Load(std::string_view text, std::uint32_t block = kUsualBlock<CharT>) {
     return LinesOf(*MakeDocument<CharT>(text, block));
   }
-  // The text that a load and a write make of a text.
+  // Returns the text after loading and writing it.
   static std::string Rewrite(std::string_view text, std::uint32_t block = kUsualBlock<CharT>) {
     return Written(*MakeDocument<CharT>(text, block));
   }
 };
 TYPED_TEST_SUITE(TextDocumentLoaderTest, BothWidths);
 
-// Delivers the letter x for ever.
+// Delivers the letter x without end.
 class EndlessReader final : public WQDR::DataReader {
  public:
   EndlessReader() { size = std::uint64_t{1} << 40; }
@@ -106,7 +106,7 @@ TYPED_TEST(TextDocumentLoaderTest, RewritingAddsNoEndingToALastLineWithoutOne) {
   EXPECT_EQ(this->Rewrite("a"), "a");
 }
 
-// Wanted, though it looks like a slip.
+// Intended, although it looks like a mistake.
 TYPED_TEST(TextDocumentLoaderTest, LoneCrSeparatesLinesAndIsLost) {
   EXPECT_THAT(this->Load("a\rb"), ElementsAre(None("a"), None("b")));
   EXPECT_EQ(this->Rewrite("a\rb"), "ab");
@@ -170,7 +170,7 @@ TEST(TextDocumentLoaderSettings, BlocksAre32768BytesUnlessToldOtherwise) {
   EXPECT_EQ(TextDocumentLoader().blockSize, 32768u);
 }
 
-// --- borders of blocks
+// --- block boundaries
 
 TYPED_TEST(TextDocumentLoaderTest, LineCutByABlocksBorderIsCarriedOver) {
   const auto document = MakeDocument<TypeParam>("abc\ndefgh\nij", 8);
@@ -180,7 +180,7 @@ TYPED_TEST(TextDocumentLoaderTest, LineCutByABlocksBorderIsCarriedOver) {
 }
 
 TYPED_TEST(TextDocumentLoaderTest, OneLineIsCarriedOverSeveralBorders) {
-  // Each block takes the beginning of the longest line again.
+  // Each block repeats the beginning of the longest line.
   EXPECT_THAT(
       this->Load("a\nb\nc\nd\nefghijk\nl\nm\nnopqrst\n", 8),
       ElementsAre(Lf("a"), Lf("b"), Lf("c"), Lf("d"), Lf("efghijk"), Lf("l"), Lf("m"), Lf("nopqrst")));
@@ -206,7 +206,7 @@ TYPED_TEST(TextDocumentLoaderTest, SpansNameTheBlockTheFirstLineAndTheEndOfTheTe
     }
     return spans;
   };
-  // The blocks hold "abc\ndefg", "defgh\nij" and "ijk\n\nl".
+  // The blocks contain "abc\ndefg", "defgh\nij" and "ijk\n\nl".
   EXPECT_THAT(spansOf(MakeDocument<TypeParam>("abc\ndefgh\nijk\n\nl", 8)),
               ElementsAre(Span(0, 0, 3), Span(1, 1, 5), Span(2, 2, 6)));
   EXPECT_THAT(spansOf(MakeDocument<TypeParam>("a\n\nb\r\n", 8)), ElementsAre(Span(0, 0, 4)));
@@ -222,12 +222,12 @@ TYPED_TEST(TextDocumentLoaderTest, CrLfThatEndsWithItsBlockIsOneEnding) {
 TYPED_TEST(TextDocumentLoaderTest, CrLfCutByABlocksBorderShiftsTheLineNumbersByOne) {
   EXPECT_THAT(this->Load("abc\r\nd\n", 4), ElementsAre(None("abc"), Lf(""), Lf("d")));
   EXPECT_EQ(this->Rewrite("abc\r\nd\n", 4), "abc\nd\n");
-  // Behind an ended line the text comes out as it was.
+  // After a line with an ending the text is written unchanged.
   EXPECT_THAT(this->Load("\r\nabc\r\nd", 6), ElementsAre(CrLf(""), None("abc"), Lf(""), None("d")));
   EXPECT_EQ(this->Rewrite("\r\nabc\r\nd", 6), "\r\nabc\r\nd");
 }
 
-// The first ending of a line that the loader knows is the lone LF.
+// The first ending that the loader detects is the LF alone.
 TYPED_TEST(TextDocumentLoaderTest, CrLfCutByABlocksBorderAsTheFirstEndingMakesLfTheOutputEnding) {
   const auto document = MakeDocument<TypeParam>("abc\r\nd\r\ne\r\n", 4);
   EXPECT_EQ(document->GetEndingForOutput(), LineEnding::Lf);
@@ -299,7 +299,7 @@ TYPED_TEST(TextDocumentLoaderTest, ReaderMayDeliverInAnyPortions) {
   }
 }
 
-// What is left of a file that somebody cuts meanwhile must not be taken for the whole of it.
+// The remainder of a file that is truncated during the read must not be taken for the whole file.
 TYPED_TEST(TextDocumentLoaderTest, ReaderThatEndsEarlyIsRefused) {
   for (const char* text : {"one\ntwo\nthr", ""}) {
     for (const std::uint64_t promised : {std::uint64_t{1}, std::uint64_t{5000}, std::uint64_t{1} << 40}) {

@@ -1,4 +1,4 @@
-// A document is written with one line ending throughout.
+// A document is written with the same line ending throughout.
 #include <gmock/gmock.h>
 
 #include "findreplace/documents.h"
@@ -113,7 +113,7 @@ TYPED_TEST(TextDocumentWrite, IntoAMemoryWriter) {
 
 TYPED_TEST(TextDocumentWrite, FailureOfTheWriterPasses) {
   for (const int failAt : {1, 2, 3}) {
-    // More than any buffer between holds, so that there are several writes.
+    // More than any intermediate buffer holds, so that there are several writes.
     std::string text;
     for (int i = 0; i < 60000; ++i) text += "line " + std::to_string(i) + "\n";
     const auto document = MakeDocument<TypeParam>(text);

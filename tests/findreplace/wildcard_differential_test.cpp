@@ -1,4 +1,5 @@
-// Wildcard patterns beside the standard library: the same matches, and the same refusals in the same words.
+// Compares wildcard patterns with the standard library: the same matches, and the same refusals with the same
+// messages.
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -16,7 +17,7 @@ namespace {
 template <typename CharT>
 using Text = std::basic_string<CharT>;
 
-// Letters beyond ASCII and their other case, halves of a pair, and what `?` does not take.
+// Letters beyond ASCII and their other case, surrogates, and characters that `?` does not match.
 template <typename CharT>
 const std::vector<CharT>& Oddities() {
   static const std::vector<CharT> bytes = {CharT(0x80), CharT(0xE4), CharT(0xC4),
@@ -45,7 +46,7 @@ void Append(Text<CharT>& text, const std::string& added) {
   for (const char c : added) text += static_cast<CharT>(c);
 }
 
-// Mostly of two letters, so that much matches.
+// Mostly of two letters, so that many places match.
 template <typename CharT>
 Text<CharT> AnyLine(RandomNumbers& random, std::size_t bound) {
   const std::size_t length = random(bound);
@@ -57,7 +58,7 @@ Text<CharT> AnyLine(RandomNumbers& random, std::size_t bound) {
   return line;
 }
 
-// May be the wrong way round.
+// The bounds may be in the wrong order.
 std::string AnyBrace(RandomNumbers& random, std::size_t most) {
   const std::string least = std::to_string(random(4));
   switch (random(4)) {
@@ -85,7 +86,7 @@ void AppendAtom(Text<CharT>& text, RandomNumbers& random, bool isPlain) {
     text += isPlain ? static_cast<CharT>("abAB"[random(4)]) : AnyCharacter<CharT>(random);
 }
 
-// No repeats of repeats: those take the library's matcher long.
+// Without nested repeats, for which the library's matcher takes too long.
 template <typename CharT>
 Text<CharT> AnyText(RandomNumbers& random) {
   Text<CharT> text;
@@ -103,7 +104,7 @@ Text<CharT> AnyText(RandomNumbers& random) {
   return text;
 }
 
-// One element of repeats of repeats among others; more would take the library's matcher too long.
+// One element of nested repeats among others; more of them would take the library's matcher too long.
 template <typename CharT>
 Text<CharT> AnyTextOfNestedRepeats(RandomNumbers& random) {
   Text<CharT> text;
@@ -136,7 +137,7 @@ std::string Shown(const Text<CharT>& text) {
 template <typename CharT>
 class WildcardDifferentialTest : public testing::Test {
  protected:
-  // Searches `text` in some lines of less than `lineBound` characters, and in itself.
+  // Searches `text` in some lines of fewer than `lineBound` characters, and in itself.
   void Compare(const Text<CharT>& text, std::size_t lineBound, RandomNumbers& random) {
     const bool ignoreCase = random.OneIn(2);
     std::optional<std::basic_regex<LibraryUnit<CharT>>> regex;
@@ -154,7 +155,7 @@ class WildcardDifferentialTest : public testing::Test {
           count == 0 && text.size() < lineBound ? text : AnyLine<CharT>(random, lineBound);
       const Exact<CharT> line(made);
       const std::size_t column = random.OneIn(4) ? random(made.size() + 1) : 0;
-      // Another line may have stood at the same place in memory.
+      // Searches another line first, because a previous one may have been at the same address.
       MatchesOf<CharT>(*pattern, {}, 0);
       const LineMatches expected = MatchesOfLibrary<CharT>(*regex, made, column);
       ASSERT_EQ(MatchesOf<CharT>(*pattern, {line.Begin(), line.Length()}, column), expected)
@@ -194,7 +195,7 @@ TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsWithRepeatsOfRepeat
   EXPECT_GT(this->refused, RandomCases(500));
 }
 
-// Lines of several vectors, with texts cut out of them.
+// Lines longer than several vectors, and texts taken from them.
 TYPED_TEST(WildcardDifferentialTest, FindsWhatTheLibraryFindsInLongerLines) {
   RandomNumbers random(99);
   for (int round = 0; round < RandomCases(500); ++round) {

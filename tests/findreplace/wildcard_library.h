@@ -1,5 +1,5 @@
-// What the standard library makes of a text with wildcards. For short texts and lines alone: its matcher
-// calls itself for each character and may take time without bounds.
+// How the standard library matches a text with wildcards. Only for short texts and lines: its matcher
+// recurses for each character and may take exponential time.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 #include "findreplace/wildcard/wildcard.h"
 
-// Units of 16 bits are widened one by one, so that positions agree.
+// 16-bit units are widened one by one, so that positions stay equal.
 template <typename CharT>
 using LibraryUnit = std::conditional_t<sizeof(CharT) == 1, char, wchar_t>;
 
@@ -24,7 +24,7 @@ std::basic_regex<LibraryUnit<CharT>> CompileInLibrary(std::basic_string_view<Cha
   return std::basic_regex<LibraryUnit<CharT>>(units, ignoreCase ? ECMAScript | icase : ECMAScript);
 }
 
-// Why a text is refused.
+// The reason why a text is refused.
 struct Refusal {
   std::string text;
   int code = -1;
@@ -42,8 +42,8 @@ Refusal RefusalOf(Compile compile) {
   }
 }
 
-// Starts and lengths of all matches in a line, each searched from the end of the one before; the last one may
-// be empty.
+// Starts and lengths of all matches in a line, each searched from the end of the previous one; the last one
+// may be empty.
 using LineMatches = std::vector<std::pair<std::size_t, std::size_t>>;
 
 template <typename CharT>

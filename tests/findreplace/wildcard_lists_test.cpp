@@ -1,4 +1,5 @@
-// Lists with wildcards: a text goes on through all that follow it in the list, and only the last can match.
+// Lists with wildcards: a text extends over all texts that follow it in the list, so only the last one can
+// match.
 #include <gmock/gmock.h>
 
 #include <regex>
@@ -18,7 +19,7 @@ class WildcardLists : public AppliedModes<CharT> {
 };
 TYPED_TEST_SUITE(WildcardLists, BothWidths);
 
-// What WhatOf answers where there was no exception.
+// The result of WhatOf if there was no exception.
 const std::string kNothing = "nothing was thrown";
 
 std::string LibraryErrorOf(const char* pattern) {
@@ -39,7 +40,8 @@ TYPED_TEST(WildcardLists, TextsThatCannotMatchAreRefusedAllTheSame) {
   }
 }
 
-// The first text is a pattern: a line end is repeated there. The second begins with the braces.
+// From the first text on, the braces repeat a line end, which is a valid pattern. The second text begins with
+// the braces.
 TYPED_TEST(WildcardLists, TextThatIsNoPatternByItselfIsRefused) {
   EXPECT_EQ(LibraryErrorOf("a\n{2}\nb"), kNothing);
   EXPECT_EQ(this->ErrorOf("a\n{2}\nb"), LibraryErrorOf("{2}\nb"));
@@ -47,7 +49,8 @@ TYPED_TEST(WildcardLists, TextThatIsNoPatternByItselfIsRefused) {
 }
 
 TYPED_TEST(WildcardLists, LongListsAreDoneSoon) {
-  // Judging each text through the whole rest of the list would take minutes, and keeping each gigabytes.
+  // Checking each text together with the whole rest of the list would take minutes, and storing each
+  // gigabytes.
   std::string find;
   for (int number = 0; number < 20000; ++number) find += "w" + std::to_string(number) + "\n";
   EXPECT_EQ(this->Apply(ModeManySame | Wildcard, "hello w1\nworld", find + "w*", "-"), "hello -\n-");

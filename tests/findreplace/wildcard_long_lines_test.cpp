@@ -1,5 +1,5 @@
-// Lines as long as a block, on a thread with the stack that threads have: no recursion, and work that grows
-// with the line.
+// Lines as long as a block, on a thread with a stack of the usual size: there must be no recursion, and the
+// work must grow linearly with the line.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -34,7 +34,7 @@ class WildcardLongLinesTest : public testing::Test {
     }).join();
     return matches;
   }
-  // `count` matches of one length side by side, from a column on.
+  // Returns `count` adjacent matches of the same length, from a column on.
   static LineMatches Row(std::size_t start, std::size_t length, std::size_t count) {
     LineMatches matches;
     for (; count > 0; --count, start += length) matches.emplace_back(start, length);
@@ -69,7 +69,7 @@ TYPED_TEST(WildcardLongLinesTest, FindsQuestionMarks) {
 TYPED_TEST(WildcardLongLinesTest, FindsManyMatchesOfRepeats) {
   EXPECT_EQ(this->Find("a{1}", this->as), this->Row(0, 1, kLength));
   EXPECT_EQ(this->Find("a{1,1}", this->as), this->Row(0, 1, kLength));
-  EXPECT_EQ(this->Find("a{1,7}", this->as), this->Row(0, 7, kLength / 7));  // 7 goes into the length
+  EXPECT_EQ(this->Find("a{1,7}", this->as), this->Row(0, 7, kLength / 7));  // 7 divides the length
   EXPECT_EQ(this->Find("a{1,}", this->as), (LineMatches{{0, kLength}}));
 }
 
@@ -84,13 +84,13 @@ TYPED_TEST(WildcardLongLinesTest, FindsRunsThatShareTheirCharacters) {
 }
 
 TYPED_TEST(WildcardLongLinesTest, FindsRepeatsOfRepeats) {
-  EXPECT_EQ(this->Find("a{2}{1,3}", this->as), this->Row(0, 6, kLength / 6));  // one character is left
+  EXPECT_EQ(this->Find("a{2}{1,3}", this->as), this->Row(0, 6, kLength / 6));  // one character remains
   EXPECT_EQ(this->Find("a{2}{0,}b", this->as), this->none);
   EXPECT_EQ(this->Find("a{2}{0,}b", this->as + "b"), (LineMatches{{1, kLength}}));
   EXPECT_EQ(this->Find("a{2,3}{2,}{0,}b", this->as + "b"), (LineMatches{{0, kLength + 1}}));
 }
 
-// Each state and place costs a bit.
+// Each combination of state and place takes a bit.
 TYPED_TEST(WildcardLongLinesTest, RefusesWhatTakesTooMuchMemory) {
   std::string text;
   for (int count = 0; count < 16000; ++count) text += "a{0,1}";
@@ -99,11 +99,11 @@ TYPED_TEST(WildcardLongLinesTest, RefusesWhatTakesTooMuchMemory) {
   const Refusal refusal =
       RefusalOf([&] { MatchesOf<TypeParam>(pattern, In<TypeParam>(this->as + this->as), 0); });
   EXPECT_EQ(refusal.code, std::regex_constants::error_complexity);
-  // The pattern still serves.
+  // The pattern can still be used.
   EXPECT_EQ(MatchesOf<TypeParam>(pattern, In<TypeParam>("aaab"), 0), (LineMatches{{0, 3}, {3, 0}}));
 }
 
-// 64 MiB, of which each place of a line, its end included, takes eight bytes for up to 63 states.
+// 64 MiB, of which each place of a line, including its end, takes eight bytes for up to 63 states.
 TYPED_TEST(WildcardLongLinesTest, SearchesTheLongestLineThatTheMemoryHoldsAndRefusesOneMore) {
   constexpr std::size_t kLongest = (std::size_t{64} << 20) / 8 - 1;
   WildcardPattern<TypeParam> pattern(In<TypeParam>("a{2}{1,3}b"), false);

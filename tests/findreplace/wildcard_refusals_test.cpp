@@ -1,4 +1,4 @@
-// Which patterns are refused, and in which words: the standard library's.
+// Which patterns are refused, and with which messages: those of the standard library.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -83,23 +83,23 @@ const Malformed kMalformed[] = {
     {"", kAccepted},
 };
 
-// Elements and the states that the library makes for each, counted by hand.
+// Elements and the number of states that the library creates for each, counted by hand.
 struct Element {
   const char* text;
   int states;
 };
 constexpr Element kElements[] = {
     {"a", 1},                 // itself
-    {"*", 2},                 // any character, and the way back
+    {"*", 2},                 // any character, and the loop
     {"?{2}", 1 + 4},          // itself; a start, two copies, an end
-    {"a{0,2}", 1 + 6},        // itself; a start, two copies with a choice each, an end
-    {"a{2,}", 1 + 5},         // itself; a start, two copies, a third with a way back
-    {"*{2}", 2 + 6},          // both twice
-    {"a{2}{3}", 1 + 4 + 14},  // the four states of a{2} three times
-    {"a{0}{0}", 1 + 2 + 2},   // a start and an end each time
+    {"a{0,2}", 1 + 6},        // itself; a start, two copies with an alternative each, an end
+    {"a{2,}", 1 + 5},         // itself; a start, two copies, a third with a loop
+    {"*{2}", 2 + 6},          // both, twice
+    {"a{2}{3}", 1 + 4 + 14},  // the four states of a{2}, three times
+    {"a{0}{0}", 1 + 2 + 2},   // a start and an end for each
     {"a{0,1}{1,}", 1 + 4 + 10},
 };
-// The whole match takes 4 states, and x{N} N + 3.
+// The whole match takes 4 states, and x{N} takes N + 3.
 constexpr int kMostOfX = 100000 - 4 - 3;
 
 std::string Repeat(std::string_view text, int count) {
@@ -118,7 +118,7 @@ TYPED_TEST(WildcardRefusalsTest, RefusesMalformedBracesInTheLibrarysWords) {
   }
 }
 
-// What stands behind the end of a pattern would complete it.
+// The characters after the end of the pattern would complete it.
 TYPED_TEST(WildcardRefusalsTest, ReadsAPatternToItsEndAndNoFarther) {
   using CharT = TypeParam;
   constexpr struct {
@@ -158,10 +158,11 @@ TYPED_TEST(WildcardRefusalsTest, RefusesWhatIsTooLargeForTheLibraryAndNothingEls
   EXPECT_EQ(this->Refuse("x{0}{2147483647}{2147483647}"), kTooLarge);
 }
 
-// Windows' runtime takes the raised two for a digit; a pattern means the same in both builds.
+// The C runtime of Windows treats the superscript two as a digit; a pattern must mean the same in both
+// builds.
 TYPED_TEST(WildcardRefusalsTest, TakesDigitsOfAsciiAlone) { EXPECT_EQ(this->Refuse("a{\xB2}"), kBadBrace); }
 
-// The fault that the library meets first is the one that it tells.
+// The first error that the library encounters is reported.
 TYPED_TEST(WildcardRefusalsTest, TellsTheFirstFaultOfSeveral) {
   EXPECT_EQ(this->Refuse("x{200000}a{"), kTooLarge);
   EXPECT_EQ(this->Refuse("a{x{200000}"), kBadBrace);
@@ -171,7 +172,7 @@ TYPED_TEST(WildcardRefusalsTest, TellsTheFirstFaultOfSeveral) {
   EXPECT_EQ(this->Refuse("x{90000}a{1000}{2,1}"), kBadBrace);
 }
 
-// The library keeps 32 bits of a number, and the sign.
+// The library stores 32 bits of a number, including the sign.
 TYPED_TEST(WildcardRefusalsTest, LetsLargeNumbersRunOverAsTheLibraryDoes) {
   EXPECT_EQ(this->Find("a{4294967298}", "aaaaaaa"), (LineMatches{{0, 2}, {2, 2}, {4, 2}}));
   EXPECT_EQ(this->Find("a{1,4294967298}", "aaa"), (LineMatches{{0, 2}, {2, 1}}));
@@ -182,7 +183,7 @@ TYPED_TEST(WildcardRefusalsTest, LetsLargeNumbersRunOverAsTheLibraryDoes) {
   EXPECT_EQ(this->Refuse("a{4294967295,4294967294}"), kBadBrace);
 }
 
-// A find text of a script may be as long as this. The library's compiler would run out of stack.
+// A script may pass a find text of this length. The library's compiler would overflow the stack.
 TYPED_TEST(WildcardRefusalsTest, JudgesLongTextsWithinAThreadsStack) {
   Refusal most, tooMany, questionMarks, repeats, empties, digits, open, commas;
   std::thread([&] {

@@ -34,11 +34,11 @@ constexpr Conversion kConversions[] = {
     {"a.c", "a\\.c", "a\\.c"},
     {"**", "\\*\\*", ".*.*"},
     {"*?", "\\*\\?", ".*."},
-    // A backslash before a wildcard does not take its meaning away.
+    // A backslash before a wildcard does not escape it.
     {"\\?", "\\\\\\?", "\\\\."},
     {"\\\\*", "\\\\\\\\\\*", "\\\\\\\\.*"},
     {"\\d", "\\\\d", "\\\\d"},
-    // Braces and hyphens stay as they are, and so does what has no meaning in a pattern.
+    // Braces, hyphens and characters without a meaning in a pattern are unchanged.
     {"a{2}-b{1,3}", "a{2}-b{1,3}", "a{2}-b{1,3}"},
     {"?{3}x", "\\?{3}x", ".{3}x"},
     {"*{2}", "\\*{2}", ".*{2}"},

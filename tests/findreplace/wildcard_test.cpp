@@ -1,4 +1,4 @@
-// Matches of wildcard patterns, told by hand.
+// Matches of wildcard patterns, determined by hand.
 #include "findreplace/wildcard/wildcard.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ namespace {
 template <typename CharT>
 class WildcardTest : public testing::Test {
  protected:
-  // All matches in a line, none behind an empty one.
+  // Returns all matches in a line, up to the first empty one.
   static LineMatches Find(std::string_view text, std::string_view line, bool ignoreCase = false) {
     WildcardPattern<CharT> pattern(In<CharT>(text), ignoreCase);
     const Exact<CharT> exact(In<CharT>(line));
@@ -78,7 +78,7 @@ TYPED_TEST(WildcardTest, FoldsLettersOfAToZAlone) {
   EXPECT_EQ(this->Find("aBz?", "AbZ1 abz2", true), (LineMatches{{0, 4}, {5, 4}}));
   EXPECT_EQ(this->Find("aBz?", "AbZ1 aBz2"), (LineMatches{{5, 4}}));
   EXPECT_EQ(this->Find("\xE4", "\xC4\xE4", true), (LineMatches{{1, 1}}));
-  // Neighbours of the letters, 0x20 apart.
+  // Characters next to the letters that also differ by 0x20.
   EXPECT_EQ(this->Find("@", "`", true), kNone);
   EXPECT_EQ(this->Find("}", "]", true), kNone);
   EXPECT_EQ(this->Find("[", "k{", true), kNone);
@@ -89,7 +89,7 @@ TYPED_TEST(WildcardTest, TakesZerosForCharacters) {
   EXPECT_EQ(this->Find("b", "\0b"sv), (LineMatches{{1, 1}}));
 }
 
-// A list of texts is one pattern up to its end, with the line breaks in it; no line holds those.
+// A list of texts is one pattern up to its end, including its line breaks, which no line contains.
 TYPED_TEST(WildcardTest, FindsNothingForATextWithLineBreaks) {
   EXPECT_EQ(this->Find("a\r\nb", "a b"), kNone);
   EXPECT_EQ(this->Find("a\r\nb", "ab"), kNone);
@@ -103,7 +103,7 @@ TEST(WideWildcardTest, TakesNoLineOrParagraphSeparatorForAWildcardAsIsMeant) {
   EXPECT_EQ(MatchesOf<WCHAR>(pattern, line, 0), (LineMatches{{0, 2}, {3, 2}, {6, 3}}));
   WildcardPattern<WCHAR> single(W("b?a"), false);
   EXPECT_EQ(MatchesOf<WCHAR>(single, W("b\u2028ab\u2027a"), 0), (LineMatches{{3, 3}}));
-  // By itself it is found.
+  // Written out in the pattern, it matches.
   WildcardPattern<WCHAR> separator(W("b\u2028*"), false);
   EXPECT_EQ(MatchesOf<WCHAR>(separator, line, 0), (LineMatches{{1, 4}}));
 }
@@ -113,7 +113,7 @@ TEST(WideWildcardTest, TakesUnitsForCharacters) {
   EXPECT_EQ(MatchesOf<WCHAR>(pattern, W("a\U0001F600b a\u0416b"), 0), (LineMatches{{5, 3}}));
   WildcardPattern<WCHAR> folded(W("\u0416"), true);
   EXPECT_EQ(MatchesOf<WCHAR>(folded, W("\u0436\u0416"), 0), (LineMatches{{1, 1}}));
-  // Nothing that looks like a wildcard or a brace is one.
+  // Full-width wildcards and braces are ordinary characters.
   WildcardPattern<WCHAR> wide(W("\uFF0A\uFF5B2\uFF5D"), false);
   EXPECT_EQ(MatchesOf<WCHAR>(wide, W("x\uFF0A\uFF5B2\uFF5D"), 0), (LineMatches{{1, 4}}));
 }
@@ -145,13 +145,13 @@ TYPED_TEST(WildcardTest, MatchesRepeatsOfNothingEmpty) {
 
 TYPED_TEST(WildcardTest, RepeatsRepeats) {
   EXPECT_EQ(this->Find("a{2}{3}", "aaaaaaa"), (LineMatches{{0, 6}}));
-  // Two, four or six; the longest first.
+  // Two, four or six, the longest first.
   EXPECT_EQ(this->Find("a{2}{1,3}b", "aaaaaaab"), (LineMatches{{1, 7}}));
   EXPECT_EQ(this->Find("a{2}{1,3}", "aaaaaaaaa"), (LineMatches{{0, 6}, {6, 2}}));
   EXPECT_EQ(this->Find("xa{2}{0,}b", "xaaab xaaaab"), (LineMatches{{6, 6}}));
 }
 
-// Six and six come before five, five and five or more, though those are longer.
+// Six and six are tried before five, five and five or more, although the latter are longer.
 TYPED_TEST(WildcardTest, TriesRepeatsOfRepeatsInTheirOwnOrderAsIsMeant) {
   EXPECT_EQ(this->Find("?{5,6}{0,3}b", "012345678901b345b789"), (LineMatches{{0, 13}, {16, 1}}));
 }
@@ -188,7 +188,7 @@ TYPED_TEST(WildcardTest, SearchesFromTheColumn) {
   ASSERT_TRUE(pattern.Search(line.Begin(), 7, 1, match));
   EXPECT_EQ(match.start, 1u);
   EXPECT_EQ(match.length, 2u);
-  // Back again, and to the line's end.
+  // From an earlier column again, and up to the end of the line.
   ASSERT_TRUE(pattern.Search(line.Begin(), 7, 0, match));
   EXPECT_EQ(match.start, 0u);
   EXPECT_EQ(match.length, 3u);

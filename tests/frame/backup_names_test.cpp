@@ -1,4 +1,4 @@
-// Names for taken targets, and moving a target out of the way.
+// Alternative names for existing targets, and moving a target out of the way.
 #include "frame/services/backup_names.h"
 
 #include <gmock/gmock.h>
@@ -9,13 +9,13 @@
 
 namespace {
 
-// The buffer full of something else, to see what is written.
+// A buffer filled with other characters, to detect what is written.
 struct BackupPath {
   BackupPath() { std::fill(std::begin(text), std::end(text), W('?')); }
   WCHAR text[kBackupPathSize];
 };
 
-// Takes "a.txt", "a.txt.bak" and "a.txt_(0002).bak" to the number given.
+// Creates "a.txt", "a.txt.bak" and "a.txt_(0002).bak" up to the given number.
 void TakeNames(const ScratchFolder& scratch, int last) {
   scratch.Write(W("a.txt"), "a");
   scratch.Write(W("a.txt.bak"), "");

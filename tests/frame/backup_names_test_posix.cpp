@@ -1,4 +1,4 @@
-// Backups: a move that fails, and paths beyond the buffer.
+// Backups: failed moves, and paths longer than the buffer.
 #include <gtest/gtest.h>
 
 #include "frame/services/backup_names.h"
@@ -36,7 +36,7 @@ TEST(DeleteBackup, NameThatMayHaveBeenCutIsThatOfAnotherFileAndStays) {
   scratch.MakeFolder(folder);
   const std::size_t beforeName = scratch.Path(folder).size() + 1;
   ASSERT_LT(beforeName, 250u);
-  // One whole name of 259 characters, and one of 260 that another name has been cut to.
+  // A complete path of 259 characters, and one of 260, which may be the cut path of another file.
   for (const std::size_t size : {259u, 260u}) {
     const WString name = folder + W("\\") + WString(size - beforeName, W('n'));
     const WString path = scratch.Write(name, "bytes");

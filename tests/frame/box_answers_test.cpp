@@ -1,4 +1,4 @@
-// What the tests' own answers to message boxes hold: no box is lost, and none is counted that was not opened.
+// BoxAnswers, which answers the message boxes in tests: every box is recorded, and nothing else.
 #include "support/box_answers.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Making folders with and without their parents.
+// Creating folders with and without their parents.
 #include "frame/services/create_path.h"
 
 #include <gtest/gtest.h>
@@ -56,8 +56,8 @@ TEST(CreatePath, TrailingBackslashIsNoFurtherComponent) {
 
 TEST(CreatePath, RootOfADriveIsThere) { EXPECT_TRUE(CreatePath(ScratchFolder().Path().substr(0, 3), true)); }
 
-// The long form begins as a network path does, so "?" and the drive stand where server and share would: they
-// cannot be made and must be skipped.
+// The long form starts like a network path, with "?" and the drive in the places of server and share: they
+// cannot be created and must be skipped.
 TEST(CreatePath, SkipsServerAndShareOfANetworkPath) {
   const ScratchFolder scratch;
   EXPECT_TRUE(CreatePath(W("\\\\?\\") + scratch.Path(W("a\\b\\c")), true));
@@ -71,7 +71,7 @@ TEST(CreatePath, UnreachablePathsAreFalse) {
   EXPECT_FALSE(CreatePath(scratch.Path(W("missing\\a")), false));
 }
 
-// None of these can be made, so the answer is whether the system calls it a folder.
+// None of these can be created, so the result is whether the system reports a folder.
 TEST(CreatePath, ShortestPathsDoNotCrash) {
   for (const WCHAR* path : {W("\\"), W("\\\\"), W("\\\\a"), W("\\\\a\\"), W("\\\\a\\b")}) {
     const DWORD attributes = GetFileAttributesW(path);

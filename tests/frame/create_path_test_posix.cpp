@@ -1,4 +1,4 @@
-// Making folders: failures half way, and which components are looked at.
+// Creating folders: failures in the middle, and which components are examined.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -12,7 +12,7 @@ using testing::ElementsAre;
 
 namespace {
 
-// What is looked at for this path.
+// Returns the paths that are examined for this path.
 std::vector<WString> LooksAt(const WString& path) {
   const Faults::Scope faults;
   Faults::Watch("GetFileAttributesW");
@@ -29,7 +29,7 @@ TEST(CreatePath, LeavesTheFoldersMadeBeforeAFailure) {
   EXPECT_FALSE(CreatePath(scratch.Path(W("a\\b\\c\\d")), true));
   EXPECT_TRUE(scratch.Exists(W("a\\b")));
   EXPECT_FALSE(scratch.Exists(W("a\\b\\c")));
-  // It stops there.
+  // It stops at the failure.
   EXPECT_EQ(Faults::CallCount("CreateDirectoryW"), 3);
 }
 
@@ -66,7 +66,7 @@ TEST(CreatePath, WithoutParentsLooksAtThePathAlone) {
   EXPECT_EQ(Faults::CallCount("CreateDirectoryW"), 1);
 }
 
-// None of these servers is there, so the first folder below the share ends it.
+// None of these servers exists, so the first folder below the share fails.
 TEST(CreatePath, BeginsBehindServerAndShareOfANetworkPath) {
   EXPECT_THAT(LooksAt(W("\\\\server\\share\\a\\b")), ElementsAre(W("\\\\server\\share\\a")));
   EXPECT_THAT(LooksAt(W("\\\\server\\share\\a")), ElementsAre(W("\\\\server\\share\\a")));
@@ -75,7 +75,7 @@ TEST(CreatePath, BeginsBehindServerAndShareOfANetworkPath) {
 }
 
 TEST(CreatePath, SearchesForTheEndOfTheServerFromTheFourthCharacterOn) {
-  // A name of one character ends there; a third backslash belongs to the name.
+  // A server name of one character ends there; a third backslash is part of the name.
   EXPECT_THAT(LooksAt(W("\\\\s\\share\\a\\b")), ElementsAre(W("\\\\s\\share\\a")));
   EXPECT_THAT(LooksAt(W("\\\\\\server\\share\\a\\b")), ElementsAre(W("\\\\\\server\\share\\a")));
 }

@@ -1,4 +1,4 @@
-// Walks over what cannot be searched: the walk says so, goes on and ends.
+// Walks over folders that cannot be searched: the walk reports an error, continues and ends.
 #include <gmock/gmock.h>
 
 #include "frame/walk_helper.h"
@@ -77,7 +77,7 @@ TEST(DirectoryWalker, EmptyPathDoesNotCrash) {
 }
 
 TEST(DirectoryWalker, SearchTextBeyondTheLimitIsAnInvalidSearch) {
-  // 4096 characters with separator and mask are too many, of path or mask.
+  // 4096 characters with separator and mask exceed the limit, both for the path and for the mask.
   for (const std::size_t length : {4094u, 4095u, 4096u, 5000u}) {
     for (const bool allowed : {false, true}) {
       Walker walker;
@@ -104,10 +104,10 @@ TEST(DirectoryWalker, StackSlotInUseIsReportedAndNothingIsOverwritten) {
   ASSERT_EQ(walker.NextWithRetry(), Walker::kFolder);
   walker.descendNext = true;
   ASSERT_EQ(walker.NextWithRetry(), Walker::kFolder);
-  walker.depth = 0;  // the slot of level 0 holds the way back
+  walker.depth = 0;  // the slot of level 0 contains the way back
   walker.descendNext = true;
   EXPECT_EQ(walker.NextWithRetry(), -160);
-  walker.depth = 1;  // as it was, so that the way back is closed
+  walker.depth = 1;  // restored, so that the search in that slot is closed
 }
 
 TEST(DirectoryWalker, LevelBeyondTheStackHasNoSlot) {
@@ -127,7 +127,7 @@ TEST(DirectoryWalker, PathOfAFolderHas4096CharactersAtMost) {
     Walker walker;
     Prepared(walker, scratch.Path(), Walker::kPassDotEntries | Walker::kRecurse);
     ASSERT_EQ(walker.NextWithRetry(), Walker::kFolder);
-    walker.path = WString(size - 2, W('x'));  // and a backslash and the name
+    walker.path = WString(size - 2, W('x'));  // a backslash and the name follow
     walker.descendNext = true;
     const Walker::Code code = walker.NextWithRetry();
     EXPECT_EQ(walker.depth, size == 4096 ? 1 : 0);
@@ -137,7 +137,7 @@ TEST(DirectoryWalker, PathOfAFolderHas4096CharactersAtMost) {
   }
 }
 
-// Levels of 110 characters, so that the third ends beyond 260 and the fifth beyond 520 characters.
+// Levels of 110 characters: the path exceeds 260 characters at the third and 520 at the fifth.
 TEST(DirectoryWalker, DeepPathsAreWalkedToTheirEnd) {
   const ScratchFolder scratch;
   const WString level(110, W('d'));

@@ -1,4 +1,4 @@
-// When a walk takes the long form of a path, and what it looks like.
+// When a walk uses the long form of a path, and the long form itself.
 #include <gmock/gmock.h>
 
 #include "frame/walk_helper.h"
@@ -10,7 +10,7 @@ using Walker = DirectoryWalker;
 
 namespace {
 
-// What a walk of `path` looks at in its first step, with a system that finds nothing.
+// The paths that a walk of `path` examines in its first step if nothing exists.
 struct FirstLook {
   std::vector<WString> searched;
   std::vector<WString> attributesRead;
@@ -29,7 +29,7 @@ FirstLook LookAt(const WString& path, bool longPathsAllowed, bool useLongPath) {
   return {Faults::Paths("FindFirstFileExW"), Faults::Paths("GetFileAttributesW")};
 }
 
-// one\a and top, walked with long paths allowed or not.
+// one\a and top, walked with or without long paths allowed.
 struct SmallTree {
   explicit SmallTree(bool longPathsAllowed) {
     scratch.MakeFolder(W("one"));
@@ -124,7 +124,7 @@ TEST(LongFormOfAWalk, IsNotAskedForWhereItIsNotAllowed) {
     SmallTree tree(false);
     Faults::Watch("FindFirstFileExW");
     Faults::Fail(function, 1, ERROR_PATH_NOT_FOUND);
-    // Attributes that cannot be read do not keep the search back; it says what is wrong, if anything is.
+    // If the attributes cannot be read, the search takes place nevertheless and reports the error, if any.
     EXPECT_EQ(tree.walker.Next(), function == std::string("FindFirstFileExW") ? -150 : 101) << function;
     EXPECT_GT(Faults::CallCount("FindFirstFileExW"), 0) << function;
     for (const WString& path : Faults::Paths("FindFirstFileExW")) {

@@ -1,4 +1,4 @@
-// A walk when memory runs out: it says so with a code of its own, leaves the folder and goes on.
+// A walk when memory runs out: it reports a specific code, leaves the folder and continues.
 #include <gtest/gtest.h>
 
 #include "frame/walk_helper.h"
@@ -8,10 +8,10 @@ using Walker = DirectoryWalker;
 
 namespace {
 
-// More than a step takes.
+// More than a step needs.
 constexpr int kManyAllocations = 1000;
 
-// The code of one step that gets so many allocations.
+// Returns the code of one step with at most this many allocations.
 Walker::Code StepWithin(Walker& walker, int allocations) {
   const Memory::Limit limit(allocations);
   return walker.NextWithRetry();
@@ -85,7 +85,7 @@ TEST(WalkWithoutMemory, ResetThatCannotKeepThePathSaysSoInTheNextStep) {
   Walker walker;
   {
     const WString path = scratch.Path();
-    walker.path = WString();  // nothing to write into
+    walker.path = WString();  // no buffer that could be reused
     walker.path.shrink_to_fit();
     const Memory::Limit limit(0);
     EXPECT_NO_THROW(walker.Reset(path));
@@ -94,7 +94,7 @@ TEST(WalkWithoutMemory, ResetThatCannotKeepThePathSaysSoInTheNextStep) {
   EXPECT_EQ(walker.flags, 8209u);
   EXPECT_EQ(walker.NextWithRetry(), -300);
   EXPECT_EQ(walker.NextWithRetry(), 200);
-  // The next Reset makes it good again.
+  // After the next Reset the walk works again.
   walker.Reset(scratch.Path());
   EXPECT_EQ(walker.NextWithRetry(), 101);
 }

@@ -1,4 +1,5 @@
-// How a walk asks the system to search: with which amount of information, up to which length, and how often.
+// How a walk calls the system's search: the level of information, the maximum length, and the number of
+// calls.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -15,7 +16,7 @@ namespace {
 
 constexpr char kSearch[] = "FindFirstFileExW";
 
-// Paths that are searched in the first step of a walk with this mask. The path need not be there.
+// Returns the paths that the first step of a walk with this mask searches. The path need not exist.
 std::vector<WString> SearchesOf(const WString& path, const WString& pattern, bool longForm = false) {
   const Faults::Scope faults;
   Faults::Watch(kSearch);
@@ -29,7 +30,7 @@ std::vector<WString> SearchesOf(const WString& path, const WString& pattern, boo
   return Faults::Paths(kSearch);
 }
 
-// A path of folders with names that every file system holds.
+// Returns a path of this length; its folder names are valid on every file system.
 WString PathOf(std::size_t size) {
   WString path = W("Z:");
   while (path.size() < size) path += path.size() % 100 == 2 && path.size() + 1 < size ? W('\\') : W('p');

@@ -240,7 +240,7 @@ TEST(DirectoryWalker, AskingToEnterWhatIsNotEnteredDoesNotHoldTheWalkUp) {
     walker.maxDepth = 1;
     int steps = 0;
     while (walker.NextWithRetry() != Walker::kEnd && steps < kTooManySteps) {
-      walker.descendNext = true;  // whatever was returned
+      walker.descendNext = true;  // regardless of the last code
       ++steps;
     }
     EXPECT_LT(steps, 100) << flags;

@@ -1,4 +1,4 @@
-// Walks with faults, links and very deep trees, which only the native build can make.
+// Walks with faults, links and very deep trees, which only the native build can create.
 #include <gmock/gmock.h>
 
 #include <fcntl.h>
@@ -44,7 +44,7 @@ TEST(DirectoryWalker, FolderBelowWithoutAccessCountsAsEmptyAndIsLeft) {
   Walker walker;
   const Walk walk =
       RunWalk(Prepared(walker, scratch.Path(), kAllFiles | Walker::kReportFolderEnd), scratch.Path());
-  EXPECT_EQ(walk.Count(101), 2);  // top and the file of the other folder
+  EXPECT_EQ(walk.Count(101), 2);  // top and the file in the other folder
   EXPECT_EQ(walk.Count(120), 2);
   EXPECT_EQ(walk.Count(-150), 0);
   EXPECT_TRUE(walk.Ended());
@@ -134,7 +134,7 @@ TEST(DirectoryWalker, FolderBelowNotFoundIsRetriedInItsLongForm) {
   EXPECT_EQ(walk.Count(-150), 0);
 }
 
-// Where long paths are not allowed there is no second search of it.
+// If long paths are not allowed, the folder is not searched a second time.
 TEST(DirectoryWalker, FolderThatVanishesBelowIsInvalidAndTheWalkGoesOn) {
   const NativeTree scratch;
   const Faults::Scope faults;
@@ -144,7 +144,7 @@ TEST(DirectoryWalker, FolderThatVanishesBelowIsInvalidAndTheWalkGoesOn) {
   const Walk walk = RunWalk(Prepared(walker, scratch.Path()), scratch.Path());
   EXPECT_TRUE(walk.Ended());
   EXPECT_EQ(walk.Count(-150), 1);
-  EXPECT_EQ(walk.Count(101), 2);  // top and the file of the other folder
+  EXPECT_EQ(walk.Count(101), 2);  // top and the file in the other folder
   EXPECT_EQ(walk.Count(-600), 0);
   EXPECT_EQ(Faults::CallCount("FindFirstFileExW"), 3);
 }
@@ -190,7 +190,7 @@ TEST(DirectoryWalker, LinkToItsOwnParentDoesNotKeepTheWalkGoingForever) {
   EXPECT_TRUE(walk.Ended());
 }
 
-// Made folder by folder: no single path of the system reaches the bottom.
+// Created folder by folder, because no single path can reach the lowest one.
 TEST(DirectoryWalker, TreeBeyond4096CharactersEndsWithInvalidSearches) {
   const ScratchFolder scratch;
   constexpr int kLevels = 25;
@@ -211,6 +211,6 @@ TEST(DirectoryWalker, TreeBeyond4096CharactersEndsWithInvalidSearches) {
   const Walk walk = WalkFolder(scratch.Path(), W("*"), kAllFiles);
   EXPECT_TRUE(walk.Ended());
   EXPECT_EQ(walk.Count(-150), 1);
-  // 20 levels of 201 characters below the scratch folder's path; the next no longer fits.
+  // 20 levels of 201 characters below the scratch folder's path; one more exceeds the limit.
   EXPECT_EQ(walk.Count(101), 20);
 }

@@ -53,7 +53,7 @@ TEST(Dispatcher, SortLinesAndFindAndReplaceWithNothingSelectedEachShowTheirBox) 
 }
 
 TEST(Dispatcher, EachTransformCommandIsOfItsOwn) {
-  // One name that every transform changes differently enough to tell them apart.
+  // A name for which all transforms have different results.
   const std::pair<s32, const WCHAR*> expected[] = {
       {30000, W("A_B-C D.E.TXT")}, {30001, W("a_b-c d.e.txt")}, {30002, W("A_B-C D.E.txt")},
       {30003, W("a b-C D.e.Txt")}, {30004, W("a.b-C D.e.Txt")}, {30005, W("a_b-C_D.e.Txt")},

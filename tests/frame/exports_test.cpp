@@ -1,4 +1,4 @@
-// Create and Delete: which objects there are, and when they go.
+// Create and Delete: which objects exist, and when they are deleted.
 #include <gmock/gmock.h>
 
 #include <cstring>
@@ -73,7 +73,7 @@ TEST(Delete, NullObjectIsRefused) {
 TEST(Delete, IndexWithoutAnExtensionFreesNothing) {
   void* const object = Create(0);
   for (const s32 index : kWrongIndices) EXPECT_FALSE(Delete(object, index)) << index;
-  // The object lives on and serves.
+  // The object still exists and works.
   FakeHost host;
   EXPECT_EQ(Plugin(object)->GetExtensionKind(), 8192u);
   EXPECT_EQ(Plugin(object)->OnStart(&host), 1);

@@ -18,7 +18,7 @@ constexpr unsigned char kUntouched = 0xCD;
 
 using Bytes = std::vector<unsigned char>;
 
-// A text of ASCII characters as UTF-16, padded with zeros to the copy limit.
+// Stores ASCII text as UTF-16, padded with zeros up to the copy limit.
 void PutWide(Bytes& record, std::size_t offset, std::size_t limit, const std::string& text) {
   for (std::size_t i = 0; i < limit; ++i) {
     record[offset + 2 * i] = i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
@@ -52,8 +52,8 @@ const ExpectedInfo kExpected[] = {
      "1.0.0.0", "338f59b3448642bf9f3ad7bafb4fae2b", 0x2100, 710},
 };
 
-// Every byte of the record but those of the author (200 to 399) and the web address (400 to 599), whose
-// words are the module's own.
+// Returns the expected record. The author (200 to 399) and the web address (400 to 599) are not tested,
+// because their texts may change.
 Bytes ExpectedRecord(const ExpectedInfo& info) {
   Bytes record(kRecordSize, kUntouched);
   PutWide(record, 0, 100, info.name);
@@ -86,7 +86,7 @@ Bytes Range(const Bytes& record, std::size_t offset, std::size_t size) {
                record.begin() + static_cast<std::ptrdiff_t>(offset + size));
 }
 
-// The record without the two fields whose words are free.
+// Clears the two fields whose texts may change.
 Bytes WithoutFreeTexts(Bytes record) {
   std::fill(record.begin() + 200, record.begin() + 600, static_cast<unsigned char>(0));
   return record;

@@ -1,4 +1,4 @@
-// What the three extension objects answer to each operation of their interfaces.
+// The results of each operation in the interfaces of the three extension objects.
 #include <gmock/gmock.h>
 
 #include <memory>

@@ -1,4 +1,4 @@
-// Filling a format that comes from outside with a text.
+// Inserting a text into a format from outside.
 #include <gtest/gtest.h>
 
 #include "frame/services/format_text.h"

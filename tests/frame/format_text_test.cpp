@@ -1,4 +1,4 @@
-// Filling a format that comes from outside.
+// Inserting numbers into a format from outside.
 #include "frame/services/format_text.h"
 
 #include <gtest/gtest.h>
@@ -77,7 +77,7 @@ TEST(FormatText, GivesWhatTheLibraryGivesForAllFlagsWidthsAndPrecisions) {
       for (std::size_t i = 0; i < kFlags.size(); ++i) {
         if ((chosen >> i & 1) != 0) flags += kFlags[i];
       }
-      // The alternate form is that of the bases 8 and 16; a sign is a signed number's.
+      // The alternate form is defined for bases 8 and 16, and a sign for signed numbers only.
       const bool isSigned = letter == 'd';
       const bool isDecimal = isSigned || letter == 'u';
       if (isDecimal && flags.find('#') != flags.npos) continue;
@@ -85,7 +85,7 @@ TEST(FormatText, GivesWhatTheLibraryGivesForAllFlagsWidthsAndPrecisions) {
       for (const char* width : {"", "1", "4", "14"}) {
         for (const char* precision : {"", ".", ".0", ".1", ".3", ".12"}) {
           const std::string format = "%" + flags + width + precision + letter;
-          // Some libraries forget the one zero of an octal nothing; OctalNumbers has it written out.
+          // Some libraries omit the single zero for an octal zero; the test OctalNumbers covers this case.
           const bool isOctalNothing =
               letter == 'o' && flags.find('#') != flags.npos &&
               (precision == std::string_view(".") || precision == std::string_view(".0"));

@@ -1,4 +1,4 @@
-// Messages of the elevated helper.
+// Messages to the elevated helper.
 #include <gmock/gmock.h>
 
 #include <limits>
@@ -30,7 +30,7 @@ TEST(HelperMessage, OtherCodesAnswerZeroToANullMessage) {
   for (const s32 code : {5002, 4999, 5005}) EXPECT_EQ(extension.OnHelperMessage(code, nullptr), 0) << code;
 }
 
-// There is nothing to read and nobody to reply to; that it comes back is all that can be asked.
+// There is nothing to read and no reply to set; the call must only return.
 TEST(HelperMessage, NullMessageOfAKnownCodeDoesNotCrash) {
   CQXUtils extension;
   int answers = 0;
@@ -43,7 +43,7 @@ TEST(HelperMessage, NullMessageOfAKnownCodeDoesNotCrash) {
 
 class CreateLinkMessage : public testing::Test {
  protected:
-  // The reply, which must be the last that is done with the message.
+  // Sends the payload and returns the reply, which must be the last call to the message.
   std::string Send(std::vector<PayloadValue> payload) {
     FakeHelperMessage message(std::move(payload));
     EXPECT_EQ(extension_.OnHelperMessage(5004, &message), 1);

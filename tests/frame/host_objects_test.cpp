@@ -1,4 +1,4 @@
-// Owners of what the host lends.
+// Owners of objects that the host lends.
 #include "frame/host/host_objects.h"
 
 #include <gmock/gmock.h>

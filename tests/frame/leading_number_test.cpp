@@ -1,4 +1,4 @@
-// The number that a text begins with.
+// The number at the beginning of a text.
 #include "frame/services/leading_number.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The menu of File Utils as the host sees it built.
+// The menu of File Utils, as the calls to the host build it.
 #include "frame/menu_tree.h"
 
 #include <gmock/gmock.h>
@@ -69,7 +69,7 @@ const Row kRows[] = {
     {kCommand, 30350, 0x0961006D, 0x400000},
 };
 
-// The calls by which these rows come into the menu.
+// Returns the calls that add these rows to the menu.
 std::vector<std::string> CallsOfRows() {
   std::vector<std::string> calls;
   std::string menu;
@@ -92,7 +92,7 @@ std::vector<std::string> CallsOfRows() {
   return calls;
 }
 
-// A host without a control panel branch and script commands.
+// Makes the host refuse the control panel branch and the script commands.
 void KeepOnlyTheMenu(FakeHost& host) {
   host.isVista = false;
   host.recorder.Refuse("GetCustomCommandSet");
@@ -183,7 +183,7 @@ TEST(MenuTree, HostWithoutACommandFactoryDoesNotCrash) {
 TEST(MenuTree, CommandThatTheHostRefusesLeavesAllOthers) {
   FakeHost host;
   KeepOnlyTheMenu(host);
-  // The calls that can be refused before it: the builder, the root, the factory, the sub menu.
+  // Before it, these calls can be refused: the builder, the root menu, the factory and the submenu.
   host.recorder.RefuseCall(5, false);
   CQXUtils extension;
   EXPECT_EQ(extension.OnRegister(&host), 1);

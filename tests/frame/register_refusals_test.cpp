@@ -1,4 +1,4 @@
-// OnRegister against a host that refuses whatever it can.
+// OnRegister with a host that refuses everything that it can.
 #include <gmock/gmock.h>
 
 #include "frame/qx_utils.h"

@@ -1,4 +1,4 @@
-// Which script commands are run.
+// Which script commands are executed.
 #include "frame/script_dispatcher.h"
 
 #include <gmock/gmock.h>

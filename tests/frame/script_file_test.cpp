@@ -1,4 +1,4 @@
-// The one file of a script command, taken and given back.
+// The file of a script command, requested and released.
 #include "frame/services/script_file.h"
 
 #include <gmock/gmock.h>

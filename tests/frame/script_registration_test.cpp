@@ -80,7 +80,7 @@ const Calls& FindAndReplaceCalls() {
   return calls;
 }
 
-// What is declared; the texts show which ids they were fetched by.
+// Returns the declarations; their texts show the ids by which they were requested.
 Calls Declarations(const FakeHost& host) { return host.recorder.CallsExcept({"GetLanguageString"}); }
 
 Calls Joined(std::initializer_list<Calls> parts) {

@@ -1,4 +1,4 @@
-// Values and switches of a script command's call.
+// Values and switches in the call of a script command.
 #include "frame/services/script_values.h"
 
 #include <gmock/gmock.h>

@@ -25,7 +25,7 @@ TEST(ScriptWords, OnlyTheLettersAToZAreFolded) {
   EXPECT_EQ(FindScriptWord(W("A[K\u00E4"), kOdd), 2u);
   EXPECT_EQ(FindScriptWord(W("a{k\u00E4"), kOdd), std::nullopt);
   EXPECT_EQ(FindScriptWord(W("a[k\u00C4"), kOdd), std::nullopt);
-  EXPECT_EQ(FindScriptWord(W("a[\u212A\u00E4"), kOdd), std::nullopt);  // the sign of the kelvin
+  EXPECT_EQ(FindScriptWord(W("a[\u212A\u00E4"), kOdd), std::nullopt);  // the Kelvin sign
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ TEST(SelectedPaths, AnItemWithoutAPathGivesAnEmptyText) {
 
 TEST(SelectedPaths, HaveUpTo2047Characters) {
   FakeHost host;
-  const WString name(2047 - 8, W('n'));  // behind "C:\view\"
+  const WString name(2047 - 8, W('n'));  // follows "C:\view\"
   host.SelectFiles({name});
   EXPECT_THAT(SelectedPaths(host), ElementsAre(W("C:\\view\\") + name));
 }

@@ -1,4 +1,4 @@
-// Texts of error numbers. The words are the system's.
+// Texts of error numbers. Their wording is the system's.
 #include "frame/services/system_error_text.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// How the system is asked for the text of an error number.
+// The system calls that request the text of an error number.
 #include <gtest/gtest.h>
 
 #include "frame/services/system_error_text.h"
@@ -31,7 +31,7 @@ TEST(SystemErrorText, NetworkErrorsLoadTheirLibraryAsADataFile) {
     GetSystemErrorText(error);
     EXPECT_EQ(Faults::CallCount("LoadLibraryExW"), 1) << error;
     EXPECT_EQ(Faults::LastFlags("LoadLibraryExW"), 2u) << error;
-    // The flag says that a module is to be searched, and none is handed on.
+    // The flag requests a search in a module, but the module is null.
     EXPECT_EQ(Faults::LastFlags("FormatMessageW"), 0x1B00u) << error;
     EXPECT_EQ(Faults::LastMessageSource().source, nullptr) << error;
     EXPECT_EQ(Faults::LastMessageSource().language, 0x400u) << error;

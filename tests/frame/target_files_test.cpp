@@ -1,4 +1,4 @@
-// Where targets stand, and the question about one that exists.
+// The paths of targets, and the question about an existing one.
 #include "frame/services/target_files.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Target names from patterns.
+// Target names made from patterns.
 #include "frame/services/target_name.h"
 
 #include <gtest/gtest.h>

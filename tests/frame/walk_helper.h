@@ -1,4 +1,4 @@
-// Runs a directory walk to its end and keeps what it returned.
+// Runs a directory walk to its end and records what it returned.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,16 +11,16 @@
 
 struct WalkStep {
   int code;
-  WString path;  // below the start folder, of an entry; empty for the other codes
+  WString path;  // of an entry, relative to the start folder; empty for other codes
 };
 
-// No walk of a test comes near so many steps; a walk that does would not end.
+// More than the steps of any walk in the tests; a longer walk is endless.
 constexpr int kTooManySteps = 100000;
 
 struct Walk {
   std::vector<WalkStep> steps;
 
-  // The entries of this code, sorted: a file system gives them in an order of its own.
+  // Returns the entries with this code, sorted, because the order depends on the file system.
   std::vector<WString> Of(int code) const {
     std::vector<WString> found;
     for (const WalkStep& step : steps) {
@@ -33,7 +33,7 @@ struct Walk {
   bool Ended() const { return !steps.empty() && steps.back().code == DirectoryWalker::kEnd; }
 };
 
-// Walks on from where the walker stands. With `descend` every folder that is returned with 102 is entered.
+// Continues the walk to its end. With `descend`, enters every folder that is returned with 102.
 inline Walk RunWalk(DirectoryWalker& walker, const WString& start, bool descend = false) {
   Walk walk;
   for (int i = 0; i < kTooManySteps; ++i) {
@@ -51,11 +51,11 @@ inline Walk RunWalk(DirectoryWalker& walker, const WString& start, bool descend 
   return walk;
 }
 
-// All files of a tree, and no folder.
+// The flags for all files of a tree, without the folders.
 constexpr std::uint32_t kAllFiles = DirectoryWalker::kPassDotEntries | DirectoryWalker::kNoReparsePoints |
                                     DirectoryWalker::kNoFolders | DirectoryWalker::kRecurse;
 
-// Stands at the start of the folder, under these flags.
+// Sets the walker to the start of the folder, with these flags.
 inline DirectoryWalker& Prepared(DirectoryWalker& walker, const WString& folder,
                                  std::uint32_t flags = kAllFiles, const WString& pattern = W("*")) {
   walker.Reset(folder);
@@ -64,7 +64,7 @@ inline DirectoryWalker& Prepared(DirectoryWalker& walker, const WString& folder,
   return walker;
 }
 
-// A whole walk of the folder under these flags.
+// Walks the whole folder with these flags.
 inline Walk WalkFolder(const WString& folder, const WString& pattern, std::uint32_t flags,
                        bool descend = false) {
   DirectoryWalker walker;

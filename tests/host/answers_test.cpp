@@ -35,7 +35,7 @@ TEST(Answers, TheNearestWordIsProposedForAMistypedOne) {
   EXPECT_EQ(NearestAnswer("y"), ". Did you mean yes?");
   EXPECT_EQ(NearestAnswer("n"), ". Did you mean no?");
   EXPECT_EQ(NearestAnswer("o"), ". Did you mean ok?");
-  EXPECT_EQ(NearestAnswer("c"), "");  // cancel, or choice=
+  EXPECT_EQ(NearestAnswer("c"), "");  // ambiguous: cancel or choice=
   EXPECT_EQ(NearestAnswer("x"), "");
   EXPECT_EQ(NearestAnswer("overwrite"), "");
   EXPECT_EQ(NearestAnswer(""), "");

@@ -1,4 +1,4 @@
-// The table of columns, which lines up within a block and with the blocks before it.
+// The table of columns, aligned within a block of rows and with the blocks before it.
 #include "host/output/column_table.h"
 
 #include <gmock/gmock.h>

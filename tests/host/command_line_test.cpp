@@ -1,4 +1,4 @@
-// Arguments reach the verb as they were typed.
+// Arguments are passed to the verb unchanged.
 #include "host/command_line/command_line.h"
 
 #include <gmock/gmock.h>
@@ -72,7 +72,7 @@ TEST_F(CommandLineTest, TheVersionEndsTheCallWell) {
   EXPECT_EQ(recorded_.problems, "");
 }
 
-// Each call and its message, without the name of the program and the sentence at the end.
+// Calls and their messages, without the program's name and the closing sentence.
 TEST_F(CommandLineTest, AMistakeIsNamedAndTheNearestWordProposed) {
   const std::pair<std::vector<std::string>, std::string> calls[] = {
       {{"comand", "30000", "a"},

@@ -1,4 +1,4 @@
-// Names of commands: each is one command's alone, and may be cut short.
+// Names of commands are unique and may be abbreviated.
 #include "host/services/command_names.h"
 
 #include <gmock/gmock.h>
@@ -66,7 +66,7 @@ TEST(CommandNames, EveryCommandOfTheMenuHasOne) {
     if (NameOfCommand(number).empty()) unnamed.insert(number);
   }
   EXPECT_THAT(unnamed, IsEmpty());
-  // And no other number but that of MultiRename's window, which has a menu of its own.
+  // The only other number is that of MultiRename's window, which has its own menu.
   for (const CommandName& row : CommandNames()) {
     EXPECT_TRUE(inMenu.contains(row.number) || row.number == 31000) << row.number;
   }
@@ -128,7 +128,7 @@ TEST(CommandNames, WhatIsNoneIsRefusedWithTheNearestName) {
 TEST(CommandNames, TheFewNamesThatContainTheTextAreProposedWhereNoneIsNear) {
   EXPECT_TRUE(RefusalOf("mous").ends_with(". Did you mean control-mouse?")) << RefusalOf("mous");
   EXPECT_TRUE(RefusalOf("Lines").ends_with(". Did you mean sort-lines?")) << RefusalOf("Lines");
-  EXPECT_TRUE(RefusalOf("and").ends_with("shows them")) << RefusalOf("and");  // too many
+  EXPECT_TRUE(RefusalOf("and").ends_with("shows them")) << RefusalOf("and");  // too many to list
 }
 
 TEST(CommandNames, AreFoundWholeOrByNumber) {

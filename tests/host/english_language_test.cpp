@@ -1,4 +1,4 @@
-// The language table that stands beside the program has a text for every id that the module can ask for.
+// The English language table beside the program has a text for every id that the module requests.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -24,7 +24,7 @@ namespace {
 constexpr std::string_view kFileUtils = "QXUtils";
 constexpr std::string_view kMultiRename = "QXMultiRename";
 
-// No two of the texts have the same access key. Some have none.
+// Fails if two of the texts have the same access key. Texts without an access key are ignored.
 void ExpectDifferentKeys(const std::vector<WString>& texts) {
   std::set<WCHAR> keys;
   for (const WString& text : texts) {

@@ -1,4 +1,4 @@
-// The life of the extensions of a module, with a module that does what a test wants.
+// The life cycle of a module's extensions, with a module whose behaviour each test sets.
 #include "host/services/extensions.h"
 
 #include <gmock/gmock.h>
@@ -110,7 +110,7 @@ bool FakeDelete(void*, s32 index) {
 
 bool FakeInfo(u32 index, ExtensionInfo* info) {
   if (index >= extensionCount) return false;
-  // Full fields without terminators, as a module may leave them.
+  // A module may fill the fields completely, without a terminator.
   std::fill(std::begin(info->name), std::end(info->name), W('n'));
   std::fill(std::begin(info->version), std::end(info->version), 'v');
   std::fill(std::begin(info->id), std::end(info->id), static_cast<char>('a' + index % 26));
@@ -193,7 +193,7 @@ TEST_F(ExtensionsTest, AModuleWithoutExtensionsIsNone) {
 
 TEST_F(ExtensionsTest, ACommandGoesToWhoDeclaredItElseByItsNumber) {
   onRegister = [registered = 0](IHostApp& host) mutable {
-    // The second one to register, Multi Rename, declares a number outside its range.
+    // The second extension to register, Multi Rename, declares a number outside its range.
     if (registered++ == 1) host.GetCommandFactory()->CreateCommand(31, 0, 0, 0, 0, 0);
     return 1;
   };
@@ -234,7 +234,7 @@ TEST_F(ExtensionsTest, WhatTheModuleThrowsIsAFailureOfTheModule) {
   EXPECT_THROW(extensions.RunCommand(30000), ModuleFailure);
 }
 
-// A window: a thread of its own, which does what a test wants while the host's main thread serves it.
+// Stands in for a window: a thread that does what a test sets, while the host's main thread serves it.
 class OtherThread {
  public:
   void Run(std::function<void()> work) { thread_ = std::thread(std::move(work)); }
@@ -287,7 +287,7 @@ TEST_F(ExtensionsTest, APostedCommandRunsOnTheThreadThatServesTheWindow) {
   EXPECT_EQ(served, std::this_thread::get_id());
 }
 
-// The window closed while the host already shut it down.
+// The window closes while the host is already shutting it down.
 TEST_F(ExtensionsTest, AShutdownThatWasPostedForAnObjectNeverReachesTheNext) {
   IHostApp* hostOfWindow = nullptr;
   onCommand = [&](IHostApp& host, s32) {
@@ -403,7 +403,7 @@ TEST_F(ExtensionsTest, WhatAWindowPostsAfterItsExtensionIsDeletedGoesNowhere) {
   EXPECT_THAT(calls, IsEmpty());
 }
 
-// The second extension to register, the one of index 2, declares the commands.
+// The second extension to register, which has index 2, declares the commands.
 void DeclareScriptCommands() {
   onRegister = [registered = 0](IHostApp& host) mutable {
     EXPECT_EQ(host.GetCustomCommandSet("Other"), nullptr);

@@ -1,4 +1,4 @@
-// Items: their names and paths, and that they follow renames.
+// Items: their names and paths, and how they follow renames.
 #include "host/services/file_item.h"
 
 #include <gmock/gmock.h>
@@ -145,7 +145,7 @@ TEST_F(FileItemTest, ItemsAreFoundByTheirNewNamesAndByNoOldOneAfterManyRenames) 
     for (int number = 0; number < kItems; ++number) {
       tree.Rename(*items[static_cast<std::size_t>(number)], FromUtf8(begin + std::to_string(number)));
     }
-    // The last one twice before anything is looked for.
+    // The last item is renamed a second time before any lookup.
     tree.Rename(*items.back(), W("last"));
     for (int number = 0; number + 1 < kItems; ++number) {
       EXPECT_EQ(&tree.Follow(path(begin, number)), items[static_cast<std::size_t>(number)]);

@@ -1,4 +1,4 @@
-// The properties that the host knows of a file, and their list.
+// The properties that the host provides for a file, and their list.
 #include "host/services/file_properties.h"
 
 #include <gmock/gmock.h>
@@ -58,7 +58,7 @@ TEST_F(FilePropertiesTest, ADateIsInTheRecordAndOnTheClockOfTheWall) {
     const std::tm wall = *std::localtime(&seconds);
     return std::vector<int>{wall.tm_year + 1900, wall.tm_mon + 1, wall.tm_mday, wall.tm_hour};
   };
-  // The hour may end between the two.
+  // A new hour may begin between the two readings of the clock.
   EXPECT_THAT((std::vector<int>{shown.wYear, shown.wMonth, shown.wDay, shown.wHour}),
               AnyOf(hour(before), hour(std::time(nullptr))));
 }

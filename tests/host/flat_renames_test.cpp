@@ -1,4 +1,5 @@
-// Which renames are decided at first sight, and that their plan is the one of a look at each name.
+// Which renames are decided without examining each name, and that their plan equals the one that examines
+// each.
 #include "host/rename/flat_renames.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +16,7 @@ namespace {
 
 using Kind = FolderNames::Kind;
 
-// One file in each folder for each name; folders can be read, or not.
+// A file system with one file for each name in each folder. Listing a folder may succeed or fail.
 class ListedFiles final : public FileView {
  public:
   DWORD Look(const WString& fullPath) override {
@@ -42,7 +43,7 @@ class ListedFiles final : public FileView {
 
 class FlatRenamesTest : public testing::Test {
  protected:
-  // In the folder of the number.
+  // Renames a file of the folder with this number.
   void Rename(std::uint32_t folder, WStringView name, WStringView newName, DWORD refusal = 0) {
     while (wanted_.folders.size() <= folder) {
       wanted_.folders.push_back(W("Z:\\") + FromUtf8(std::to_string(wanted_.folders.size())) + W("\\"));
@@ -138,7 +139,7 @@ TEST_F(FlatRenamesTest, ANameThatMayBeTooLongIsLeftToThePlan) {
   EXPECT_THAT(Decided(), ElementsAre(false));
 }
 
-// The same files, none of which can be read by folders.
+// The same files, in folders that cannot be listed.
 class LookedAtFiles final : public FileView {
  public:
   DWORD Look(const WString& fullPath) override { return disk_.Look(fullPath); }
@@ -202,7 +203,7 @@ TEST(FlatRenamesRandomTest, PlansAreThoseOfALookAtEachName) {
       for (const bool isDecided : DecideFlatRenames(wanted, disk)) decided += isDecided;
     }
   }
-  // Short names stand in no listing of Windows, so there each name is looked at.
+  // A listing of Windows does not contain short names, so there each name is examined by itself.
   EXPECT_EQ(decided > 1000, sizeof(wchar_t) != sizeof(WCHAR));
 }
 

@@ -1,4 +1,4 @@
-// The names of a folder, and items that are found by them.
+// The names in a folder, and finding items by them.
 #include "host/system/folder_names.h"
 
 #include <gmock/gmock.h>

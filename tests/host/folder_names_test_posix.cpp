@@ -1,4 +1,4 @@
-// Reading the names of a folder natively.
+// Reading the names of a folder in the native build.
 #include <gtest/gtest.h>
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-// The road to the helper, with the real one: qxhost and the module beside this program.
+// The channel to the helper, with a real helper process: qxhost and the module from this program's folder.
 #include "host/helper/helper_channel.h"
 
 #include <gmock/gmock.h>
@@ -35,7 +35,7 @@ TEST(HelperChannel, TheHelperDoesWhatItIsSent) {
   const WString target = scratch.Write(W("a \u0416.txt"), "abc");
   HelperChannel channel(RealHelper());
   ASSERT_TRUE(channel.Connect());
-  ASSERT_TRUE(channel.Connect());  // it is there already
+  ASSERT_TRUE(channel.Connect());  // connected already
   EXPECT_EQ(SendLink(channel, 1, scratch.Path(W("link")), target), 0u);
   EXPECT_EQ(SendLink(channel, 1, scratch.Path(W("link")), target), 183u);
   EXPECT_EQ(SendLink(channel, 99, scratch.Path(W("other")), target), 13u);
@@ -72,7 +72,7 @@ TEST(HelperChannel, AMessageThatTheModuleDoesNotKnowIsError1) {
   HelperChannel channel(RealHelper());
   ASSERT_TRUE(channel.Connect());
   EXPECT_EQ(channel.Send(5002, nullptr, 0), 1u);
-  EXPECT_EQ(SendLink(channel, 0, W("a"), W("b")), 13u);  // the helper is still there
+  EXPECT_EQ(SendLink(channel, 0, W("a"), W("b")), 13u);  // the helper still runs
 }
 
 TEST(HelperChannel, NothingIsSentBeforeConnectOrWithoutData) {

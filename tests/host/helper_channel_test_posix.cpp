@@ -1,4 +1,4 @@
-// Helpers that misbehave: shells that say what a test wants, or nothing at all.
+// Helpers that misbehave: shell scripts that write what a test sets, or nothing.
 #include "host/helper/helper_channel.h"
 
 #include <gmock/gmock.h>
@@ -9,7 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr HelperTimes kShort{.start = 200ms, .answer = 200ms, .end = 200ms};
-// Where the helper ends by itself, the time is none of the test's business.
+// Limits that are never reached, for helpers that end by themselves.
 constexpr HelperTimes kLong{.start = 60s, .answer = 60s, .end = 60s};
 
 HelperCommand Shell(const char* script) { return {W("Z:\\bin\\sh"), {W("-c"), FromUtf8(script)}}; }

@@ -1,4 +1,4 @@
-// The helper's side of the channel, with an extension that does what a test wants.
+// The helper's side of the channel, with an extension whose behaviour each test sets.
 #include "host/helper/helper_server.h"
 
 #include <gmock/gmock.h>
@@ -28,7 +28,7 @@ class FakeExtension final : public Velmora::SDK::PluginBase {
 
 const std::string kRequest = "QXRQ\x8C\x13\0\0\x04\0\0\0abcd"s;  // 5004 and four bytes
 
-// What comes out of what goes in; "!" behind it if the server gave the stream up.
+// Returns the output for this input, followed by "!" if the server stopped reading.
 std::string Serve(FakeExtension& extension, const std::string& input) {
   std::string_view rest = input;
   std::string output;

@@ -1,4 +1,4 @@
-// The controls as an extension gets them from its host; those of the native build, which need no parent.
+// The controls that an extension gets from its host, in the native build, where they need no parent.
 #include <gmock/gmock.h>
 
 #include "host/controls/vector_list.h"
@@ -21,7 +21,7 @@ SystemAnswers AnswersIn(const ScratchFolder& scratch) {
   return answers;
 }
 
-// What a container docks.
+// A window that a container docks.
 class DockedWindow final : public IMultiWindow {
  public:
   HWND GetHandle() override {
@@ -36,7 +36,7 @@ class DockedWindow final : public IMultiWindow {
 
 class HostControlsTest : public testing::Test {
  protected:
-  // The object of a control's handle.
+  // Returns the interface of the control with this handle.
   template <typename Interface>
   Interface* Service(u32 kind, HWND handle) {
     return static_cast<Interface*>(host_.GetService(kind, reinterpret_cast<std::uintptr_t>(handle)));

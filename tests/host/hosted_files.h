@@ -1,4 +1,4 @@
-// The reference host over real files and the extensions of a module, as `qxhost window` has it. The test's
+// The reference host over real files and the extensions of a module, set up as by `qxhost window`. The test's
 // thread is the host's main thread.
 #pragma once
 
@@ -25,7 +25,7 @@ class HostedFiles {
     extensions.emplace(*shared, exports);
   }
 
-  // Makes a file of the folder with its own name as its content, and selects it.
+  // Creates a file in the folder with its own name as contents, and selects it.
   void Add(WStringView name) {
     const WString path = scratch.Write(W("files\\") + WString(name), ToUtf8(name));
     selected_.push_back(shared->items.Find(path));

@@ -1,5 +1,5 @@
-// MultiRename's undrawn window over the real host: real files, the host's batch, list, settings and language
-// table. The test's thread is the host's main thread.
+// MultiRename's window without drawing, over the real host: real files and the host's batch, list, settings
+// and language table. The test's thread is the host's main thread.
 #pragma once
 
 #include <atomic>
@@ -16,7 +16,7 @@
 
 namespace QxHost {
 
-// The three extensions of the module, without the module.
+// Creates the extensions of the module without loading it.
 inline void* CreateExtensionOfModule(s32 index) {
   using namespace Velmora::SDK;
   if (index == 1) return static_cast<IFileProperties*>(new NTFSProp);
@@ -48,8 +48,8 @@ class HostedRenameWindow : public HostedFiles {
   explicit HostedRenameWindow(Questions::ReadLine readLine = nullptr)
       : HostedFiles({CreateExtensionOfModule, DeleteExtensionOfModule, InfoOfModule}, std::move(readLine)) {}
 
-  // Opens the window and serves it until it has closed, while the user does something with it on a thread.
-  // The window has then closed by the user's doing.
+  // Opens the window and serves it until it closes, while `user` runs on another thread. `user` must close
+  // the window.
   s32 RunWindow(std::function<void(Velmora::SDK::UndrawnWindow& window)> user) {
     std::thread acting([&] {
       std::shared_ptr<Velmora::SDK::UndrawnWindow> window;
@@ -62,7 +62,7 @@ class HostedRenameWindow : public HostedFiles {
   }
 };
 
-// Lets everything through that is posted to the window and that its worker is asked to do. On its thread.
+// Runs all posted messages of the window and all work of its worker. Called on the window's thread.
 inline void SettleWindow(Velmora::SDK::UndrawnParts& parts) {
   for (int round = 0; round < 2; ++round) {
     Velmora::SDK::UndrawnWindow::TakeMessages();

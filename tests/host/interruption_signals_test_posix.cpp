@@ -1,4 +1,4 @@
-// The signals that interrupt a run, and the second one that ends it.
+// The signals that interrupt a run, and a second signal, which ends the process.
 #include <gtest/gtest.h>
 #include <signal.h>
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
-// The tests may have been started with signals ignored, as a shell does in the background.
+// The tests may have been started with signals ignored, as a shell does for background jobs.
 class InterruptionSignalsTest : public testing::TestWithParam<int> {
  protected:
   InterruptionSignalsTest() {

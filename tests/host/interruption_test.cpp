@@ -1,4 +1,4 @@
-// What an interruption leaves of a run.
+// What remains of an interrupted run.
 #include "host/rename/interruption.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@ class InterruptionTest : public testing::Test {
   InterruptionTest() {
     for (const WCHAR* name : {W("a"), W("b"), W("c")}) scratch_.Write(name, ToUtf8(name));
   }
-  // Without a watch the flag of the last one stays, and the runs of other tests would see it.
+  // Clears the flag of the last watch, which the runs of other tests would read.
   ~InterruptionTest() override { const InterruptionWatch forget; }
 
   std::vector<u32> Run(FileOperation& operation) {

@@ -1,4 +1,4 @@
-// Lists of items, line by line, in whatever pieces they come.
+// Lists of items, one per line, read in pieces of any size.
 #include "host/command_line/item_lines.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@ using testing::IsEmpty;
 namespace QxHost {
 namespace {
 
-// The text in pieces of that many bytes.
+// Returns the text in pieces of that many bytes.
 ItemLines::Source Pieces(std::string text, std::size_t pieceBytes) {
   return [text = std::move(text), pieceBytes, at = std::size_t{0}](
              char* buffer, std::size_t size) mutable -> std::optional<std::size_t> {

@@ -1,4 +1,4 @@
-// Texts of the JSON lines that are written without the JSON library.
+// Strings in JSON lines that are written without the JSON library.
 #include "host/output/json_text.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ std::string Written(const WString& text) {
   return json.substr(1);
 }
 
-// What JSON asks for, byte by byte.
+// Escapes the text as JSON requires, byte by byte.
 std::string Escaped(const std::string& utf8) {
   std::string json = "\"";
   for (const char byte : utf8) {

@@ -1,4 +1,4 @@
-// Reading language tables: what is understood, and that a damaged table loses its bad lines alone.
+// Reading language tables: the accepted forms, and that of a damaged table only the bad lines are ignored.
 #include "host/services/language_table.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// What the list does in both builds, by the one that needs no window.
+// Behaviour of the list that is the same in both builds, tested with the list that needs no window.
 #include "host/controls/vector_list.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +33,7 @@ class ListControlTest : public testing::Test {
     for (const WString& name : names) list_.AddRow(list_.CreateRow(rows_.Add(name)));
   }
 
-  // The names of the rows as GetRows gives them.
+  // Returns the names of the rows in the order of GetRows.
   std::vector<WString> Names() {
     std::vector<void*> items(list_.GetRows(nullptr, 0));
     EXPECT_EQ(list_.GetRows(items.data(), static_cast<u32>(items.size())), items.size());
@@ -148,7 +148,7 @@ TEST_F(ListControlTest, AfterClearOnAnotherThreadNoRowOfBeforeIsAskedFor) {
     std::thread other([&] {
       list_.Clear();
       list_.SetRowProvider(nullptr);
-      names.reset();  // a use after this is a use of freed memory
+      names.reset();  // a later use would be a use of freed memory
     });
     for (std::size_t row = 0; row < 20; ++row) {
       const WString text = list_.CellAt(row, 2);
@@ -159,7 +159,7 @@ TEST_F(ListControlTest, AfterClearOnAnotherThreadNoRowOfBeforeIsAskedFor) {
   }
 }
 
-// As while the shell looks for an image, and its thread takes messages.
+// Happens when the shell takes messages of the thread while it loads an image.
 TEST_F(ListControlTest, ARowMayBeAskedForWhileAnotherIs) {
   class AskingRows final : public RowTexts {
    public:

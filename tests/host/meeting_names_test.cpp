@@ -1,4 +1,4 @@
-// Renames whose names do not say later whether they were done.
+// Renames of which the names do not show later whether they were done.
 #include "host/rename/meeting_names.h"
 
 #include <gmock/gmock.h>
@@ -22,7 +22,7 @@ TEST(MeetingNamesTest, AChainAndACircleMeetAndOthersDoNot) {
   EXPECT_THAT(FindMeetingNames(Entries{{f, W("b"), W("a")}, {f, W("c"), W("b")}, {f, W("z"), W("y")}}),
               ElementsAre(true, true, false));
   EXPECT_THAT(FindMeetingNames(Entries{{f, W("b"), W("a")}, {f, W("a"), W("b")}}), ElementsAre(true, true));
-  // The same names elsewhere are other names.
+  // The same names in another folder are different names.
   EXPECT_THAT(FindMeetingNames(Entries{{f, W("b"), W("a")}, {W("Z:\\g"), W("c"), W("b")}}), IsEmpty());
 }
 
@@ -52,7 +52,7 @@ TEST(MeetingNamesTest, AnEndThatIsCutIsNoPartOfTheName) {
   EXPECT_THAT(FindMeetingNames(Entries{{f, W("b. "), W("a")}, {f, W("c"), W("b")}}), ElementsAre(true, true));
 }
 
-// The plain rule: two places are compared at a time.
+// The reference rule: compares every pair of paths.
 std::vector<bool> MeetingByPairs(const Entries& entries) {
   const auto isSame = [](const WString& left, const WString& right) {
     return CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_EQUAL;
@@ -95,7 +95,7 @@ TEST(MeetingNamesTest, NamesMeetAsByThePlainRule) {
     }
     const std::vector<bool> expected = MeetingByPairs(entries);
     const std::vector<bool> found = FindMeetingNames(entries);
-    // A case of one name that another entry has as well may be marked, and costs no more than a look.
+    // An entry that differs from another one in case only may be marked too; that costs one more check.
     for (std::size_t row = 0; row < expected.size(); ++row) {
       ASSERT_TRUE(!expected[row] || (row < found.size() && found[row])) << number;
     }

@@ -1,4 +1,4 @@
-// Items that are given by patterns.
+// Items given by patterns.
 #include "host/command_line/name_pattern.h"
 
 #include <gmock/gmock.h>

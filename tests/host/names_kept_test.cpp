@@ -1,4 +1,4 @@
-// Names that the system would cut: what is made of them, what comes back, and what an undo file says of it.
+// Names that the system would cut: how they are passed, what is restored, and what an undo file stores.
 #include <gmock/gmock.h>
 
 #include "host/rename/rename_batch.h"
@@ -22,7 +22,7 @@ class NamesKeptTest : public testing::Test {
     session_.fileName = W("session.dat");
   }
 
-  // The result of one rename, by item or by path.
+  // Returns the result of one rename, by item or by path.
   u32 Rename(const WCHAR* name, const WCHAR* newName, bool isByPath, bool isInOrder) {
     FileItemTree tree;
     FileOperation operation(tree, *reporter_, recorded_.output, false, isInOrder);
@@ -90,7 +90,7 @@ TEST_F(NamesKeptTest, AClaimNeedsAFolderThatTakesFilesAndLeavesNothingInIt) {
 }
 
 TEST_F(NamesKeptTest, RenamesBeyondTheReadableSizeAreCountedWithoutThoseThatStay) {
-  // A line of 1000 bytes, of which some 5242 fit.
+  // Each line has 1000 bytes; 5242 of them fit into the file.
   std::vector<Velmora::SDK::MultiRenameItem> rows(6000);
   std::vector<Velmora::SDK::MultiRenameItem*> pointers;
   for (Velmora::SDK::MultiRenameItem& row : rows) {

@@ -1,4 +1,4 @@
-// Which name is proposed for a mistyped one.
+// Which name is suggested for a mistyped one.
 #include "host/output/nearest_name.h"
 
 #include <gtest/gtest.h>

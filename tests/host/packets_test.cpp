@@ -51,7 +51,7 @@ TEST(Packets, WhatWasWrittenIsReadInItsOrder) {
   EXPECT_TRUE(reader->ReadString(&two));
   EXPECT_TRUE(reader->ReadU32(&last));
   EXPECT_EQ(first, 0xFFFFFFFF);
-  EXPECT_EQ(WString(one), W("one"));  // still there
+  EXPECT_EQ(WString(one), W("one"));  // still valid
   EXPECT_EQ(WString(two), longText);
   EXPECT_EQ(last, 0u);
   EXPECT_FALSE(reader->ReadU32(&last));

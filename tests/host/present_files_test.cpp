@@ -1,4 +1,4 @@
-// Where the files of an undo file are, whatever became of the run and of earlier undos.
+// Finding the files of an undo file, whatever the run and earlier undos have done.
 #include "host/rename/present_files.h"
 
 #include <gmock/gmock.h>
@@ -22,7 +22,7 @@ namespace {
 
 class PresentFilesTest : public testing::Test {
  protected:
-  // A file of the folder under its old name, and its rename.
+  // Creates a file with the old name and adds its rename to the session.
   void Plan(WStringView oldName, WStringView newName) {
     scratch_.Write(oldName, ToUtf8(oldName));
     session_.entries.push_back({scratch_.Path(), WString(newName), WString(oldName)});
@@ -34,7 +34,7 @@ class PresentFilesTest : public testing::Test {
     std::filesystem::rename(scratch_.NativePath(from), scratch_.NativePath(to));
   }
 
-  // As a program that writes a new file and puts it in the place of the old one.
+  // Saves like a program that writes a new file and renames it over the old one.
   void SaveAnew(WStringView name) const {
     scratch_.Write(W("new file"), "new");
     Move(W("new file"), name);
@@ -96,14 +96,14 @@ TEST_F(PresentFilesTest, AFileThatIsGoneIsNotTakenForAnotherOfTheRun) {
   EXPECT_THAT(Presences(), ElementsAre(Presence::kTaken, Presence::kBack));
 }
 
-// Of a plan it is not known whether it was done: two files that were both saved anew stay as they are.
+// A plan does not tell whether the run was done: if both files are new, they are left alone.
 TEST_F(PresentFilesTest, AnExchangeOfWhichBothFilesAreOthersIsLeftAloneUnlessTheRunWasDone) {
   Plan(W("a"), W("b"));
   Plan(W("b"), W("a"));
   NoteAll();
   SaveAnew(W("a"));
   SaveAnew(W("b"));
-  // The new files may have been given the numbers of the old ones, which were free.
+  // The new files may have been given the file numbers of the old ones.
   constexpr FileIndex kOther = 1;
   notes_.files = {kOther, kOther + 1};
   notes_.isPlan = true;
@@ -198,7 +198,7 @@ TEST_F(PresentFilesTest, AnotherLetterCaseOfAFileIsTakenBackByTheNameOnTheDisk) 
   EXPECT_EQ(Find()[0].presence, Presence::kThere);
 }
 
-// A batch of renames that ends after so many steps, as a process that is killed.
+// A batch of renames that stops after the given number of steps, like a killed process.
 class CutRun {
  public:
   CutRun(const MultiRenameUndo& session, bool isByPath, int steps) : steps_(steps) {
@@ -245,10 +245,10 @@ class CutRun {
     return true;
   }
 
-  int steps_;  // that are left
+  int steps_;  // the steps left
 };
 
-// What one undo does, up to the step of that number.
+// Does what one undo does, up to the given number of steps. Returns whether it was cut.
 bool CutUndo(MultiRenameUndo& session, UndoNotes& notes, int steps) {
   const std::vector<PresentFile> found = FindPresentFiles(session, notes, W("Z:\\none"));
   NoteFound(found, notes.files);

@@ -1,4 +1,4 @@
-// Who answers a question, and what is told of it.
+// Who answers a question, and what is reported about it.
 #include "host/services/questions.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@ class QuestionsTest : public testing::Test {
     return questions_.emplace(*reporter_, recorded_.output, parsed, std::move(form), nullptr);
   }
 
-  // A terminal at which these lines are typed.
+  // Asks at a terminal on which the user types these lines.
   Questions& AskPerson(std::vector<std::string> lines) {
     const auto readLine = [lines, next = std::size_t{0}]() mutable -> std::optional<std::string> {
       if (next == lines.size()) return std::nullopt;
@@ -27,7 +27,7 @@ class QuestionsTest : public testing::Test {
     return questions_.emplace(*reporter_, recorded_.output, Answers(), std::vector<FormValue>(), readLine);
   }
 
-  // A form with one free field and one that takes digits alone.
+  // A form with a free field and a field that accepts digits only.
   std::vector<DialogField> Fields() {
     return {{"text", [this] { return text_; },
              [this](const WString& value) {
@@ -231,7 +231,7 @@ TEST_F(QuestionsTest, TheNearestFieldIsProposedForAMistypedOne) {
             "qxhost: there is no field diigt in the dialog D; its fields are text=old, digit=1. "
             "Did you mean digit?\n");
   recorded_.problems.clear();
-  // The word that lists the fields is near to none of them.
+  // "help", which lists the fields, resembles none of their names.
   EXPECT_FALSE(Ask({"ok"}, {{"help", W("")}}).AskDialog("D", W("T"), W("Top"), Fields()));
   EXPECT_THAT(recorded_.problems, testing::EndsWith("its fields are text=old, digit=1\n"));
   recorded_.problems.clear();

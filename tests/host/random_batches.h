@@ -1,5 +1,5 @@
-// Random trees of files with random batches of renames, and a plain model of what such a batch does: a map
-// from paths to contents, in which all renames happen at once.
+// Random trees of files with random batches of renames, and a reference model of a batch: a map from paths to
+// contents in which all renames happen at once.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 
 namespace QxHost {
 
-// Path below the scratch folder to content; a folder's is "/".
+// Maps paths below the scratch folder to contents. The contents of a folder are "/".
 using PlainTree = std::map<WString, std::string>;
 
 struct PlainRename {
@@ -40,7 +40,7 @@ class RandomBatches {
 
   WString PathOf(const WString& path) const { return scratch_.Path(path); }
 
-  // A tree of three levels at most, on the disk in place of the last one.
+  // Creates a tree of at most three levels on disk, replacing the previous one.
   PlainTree MakeTree() {
     PlainTree tree;
     std::vector<WString> folders = {W("")};
@@ -97,7 +97,8 @@ class RandomBatches {
     });
   }
 
-  // The renames that were done, back: each by its new name in the folder as it was called before.
+  // Returns the renames that undo those that were done: from the new name to the old one, in the folder's
+  // original path.
   static std::vector<PlainRename> Back(const std::vector<PlainRename>& batch,
                                        const std::vector<u32>& results) {
     std::vector<PlainRename> back;
@@ -110,8 +111,8 @@ class RandomBatches {
     return back;
   }
 
-  // What all renames at once come to. The first of two to one name gets it, what is in the way stays, and
-  // what waits for it too.
+  // Returns the outcome of all renames at once. Of two renames to the same name the first gets it; a rename
+  // onto an existing file fails, and so do those that wait for it.
   PlainOutcome Model(const PlainTree& tree, const std::vector<PlainRename>& batch) const {
     PlainOutcome outcome;
     outcome.results.assign(batch.size(), 0);

@@ -1,4 +1,4 @@
-// An output whose two streams a test reads.
+// An output that stores its two streams as text.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ struct RecordedOutput {
                           return true;
                         }};
 
-  // What was written to the first stream, the pending lines included.
+  // Returns what was written to the first stream, including pending lines.
   const std::string& Out() {
     output.Flush();
     return out;

@@ -1,4 +1,4 @@
-// Which items are another machine's.
+// Which items are on another machine.
 #include "host/system/remote_level.h"
 
 #include <gtest/gtest.h>

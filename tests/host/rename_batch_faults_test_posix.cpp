@@ -1,4 +1,5 @@
-// Renames of a batch that fail at any step: nothing is lost, and what was not done has its old name.
+// A batch whose renames fail at any step: no file is lost, and each file that was not renamed has its old
+// name.
 #include <gmock/gmock.h>
 
 #include "platform/posix/files/faults.h"
@@ -20,7 +21,7 @@ std::vector<std::string> ContentsOf(const PlainTree& tree) {
   return contents;
 }
 
-// The number of moves that a batch takes.
+// Returns the number of MoveFileW calls of a batch.
 int MovesOf(RandomBatches& batches, const std::vector<PlainRename>& batch) {
   const Platform::Faults::Scope scope;
   Platform::Faults::Watch("MoveFileW");
@@ -28,7 +29,7 @@ int MovesOf(RandomBatches& batches, const std::vector<PlainRename>& batch) {
   return Platform::Faults::CallCount("MoveFileW");
 }
 
-// Where the files of a batch are to be found if those with the result 0 have their new names, and no others.
+// Returns the tree in which exactly the files with result 0 have their new names.
 PlainTree TreeOf(RandomBatches& batches, const PlainTree& before, std::vector<PlainRename> batch,
                  const std::vector<u32>& results) {
   std::vector<PlainRename> done;
@@ -97,7 +98,8 @@ class CycleFaultTest : public testing::Test {
     for (const WCHAR* name : {W("a"), W("b"), W("c")}) scratch_.Write(name, ToUtf8(name));
   }
 
-  // a to b, b to c, c to a: the steps are a aside, c to a, b to c, a to b.
+  // Renames a to b, b to c and c to a. The steps are: a to a temporary name, c to a, b to c, temporary name
+  // to b.
   std::vector<u32> Run(int step, bool repeat = false) {
     const Platform::Faults::Scope scope;
     Fail("MoveFileW", step, ERROR_SHARING_VIOLATION, repeat);

@@ -1,4 +1,4 @@
-// Random batches of renames against a plain model, and back again.
+// Random batches of renames and their reversal, compared with a reference model.
 #include <gtest/gtest.h>
 
 #include "random_batches.h"

@@ -1,4 +1,4 @@
-// Renames by the host: what is done, what is refused, and what is told.
+// Renames by the host: which are done, which are refused, and what is reported.
 #include "host/rename/rename_batch.h"
 
 #include <gmock/gmock.h>
@@ -36,14 +36,15 @@ class RenameBatchTest : public testing::Test {
 
   using Pairs = std::vector<std::pair<const WCHAR*, const WCHAR*>>;
 
-  // The results of a batch of items, given by their names in the scratch folder and their new names.
+  // Runs a batch of items, given by their names in the scratch folder and their new names. Returns the
+  // results.
   std::vector<u32> Run(const Pairs& pairs, bool dryRun = false, bool inOrder = false) {
     return RunBoth(pairs, dryRun, inOrder, [&](IHostRenameBatch& batch, const auto& pair) {
       batch.AddByItem(tree_.Find(scratch_.Path(pair.first)), pair.second, nullptr);
     });
   }
 
-  // The same by paths, which need not exist.
+  // Like Run, by paths, which need not exist.
   std::vector<u32> RunPaths(const Pairs& pairs, bool dryRun = false, bool inOrder = false) {
     return RunBoth(pairs, dryRun, inOrder, [&](IHostRenameBatch& batch, const auto& pair) {
       batch.AddByPath(scratch_.Path(pair.first).c_str(), pair.second, nullptr);
@@ -142,7 +143,7 @@ TEST_F(RenameBatchTest, RenamesThatWereFoundIndependentAreForetoldOnceAndComeToT
   RenameBatch batch;
   for (std::size_t index = 0; index < items.size(); ++index)
     batch.AddByItem(items[index], newNames[index], nullptr);
-  // What has come into being since is not replaced.
+  // A file that was created in the meantime is not replaced.
   scratch_.Write(W("x"), "later");
   operation.ExpectIndependent();
   operation.RunBatch(&batch, nullptr);
@@ -191,7 +192,7 @@ TEST_F(RenameBatchTest, TheNamesOfABatchMoveUpByOneInOneRun) {
   EXPECT_EQ(scratch_.Read(W("img2")), "img1");
   EXPECT_EQ(scratch_.Read(W("img3")), "img2");
   EXPECT_EQ(scratch_.Read(W("img4")), "img3");
-  // And back, by path.
+  // The reverse renames, by path.
   EXPECT_THAT(RunPaths({{W("img2"), W("img1")}, {W("img3"), W("img2")}, {W("img4"), W("img3")}}),
               ElementsAre(0u, 0u, 0u));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("img1"), W("img2"), W("img3")));
@@ -288,10 +289,10 @@ TEST_F(RenameBatchTest, AnItemInARenamedFolderHasItsNewPathAfterTheRun) {
 TEST_F(RenameBatchTest, InOrderADryRunRefusesATargetThatExistsOrIsTaken) {
   for (const WCHAR* name : {W("a"), W("b"), W("c")}) scratch_.Write(name, "");
   const Pairs pairs = {{W("a"), W("b")},                    // exists
-                       {W("b"), W("d")}, {W("c"), W("d")},  // taken
-                       {W("a"), W("b")},                    // left by now
-                       {W("b"), W("D")},                    // its own name by now, in another case
-                       {W("a"), W("a")}};                   // back again
+                       {W("b"), W("d")}, {W("c"), W("d")},  // d is taken
+                       {W("a"), W("b")},                    // b is free again
+                       {W("b"), W("D")},                    // only the case of its new name differs
+                       {W("a"), W("a")}};                   // renamed back
   EXPECT_THAT(Run(pairs, true, true), ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a"), W("b"), W("c")));
   EXPECT_THAT(Run(pairs, false, true), ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
@@ -370,7 +371,7 @@ TEST_F(RenameBatchTest, AFailedRenameIsRememberedAndANameThatStaysIsNone) {
   EXPECT_FALSE(fails(W("a"), W("c"), false));
 }
 
-// A dry run, so that even a host that took such a path for the current folder would rename nothing.
+// A dry run, so that nothing is renamed even if a host takes such a path for the current folder.
 TEST_F(RenameBatchTest, ADriveAndWhatIsNoFullPathAreNotRenamed) {
   FileOperation operation(tree_, *reporter_, recorded_.output, true);
   IHostRenameBatch* const batch = operation.CreateRenameBatch();

@@ -1,4 +1,5 @@
-// The plan of a rename batch, over files that are made up: what is refused, and what runs in which order.
+// The plan of a rename batch over imaginary files: which renames are refused, and in which order the others
+// run.
 #include "host/rename/rename_plan.h"
 
 #include <gmock/gmock.h>
@@ -32,7 +33,7 @@ class MadeUpFiles final : public FileView {
   int looks = 0;
 
  private:
-  // The path as it was written; empty if there is no such file.
+  // Returns the path in its original case, or an empty string if the file does not exist.
   WString Find(const WString& fullPath) const {
     if (paths.contains(fullPath)) return fullPath;
     if (!isCaseBlind) return {};
@@ -45,7 +46,7 @@ class MadeUpFiles final : public FileView {
 
 class RenamePlanTest : public testing::Test {
  protected:
-  // Paths are below Z:\.
+  // Paths are relative to Z:\.
   void Exist(std::initializer_list<const char*> paths) {
     for (const char* path : paths) files_.paths.insert(W("Z:\\") + FromUtf8(path));
   }
@@ -53,7 +54,8 @@ class RenamePlanTest : public testing::Test {
   void Item(const char* path, const char* newName) { Add(path, newName, false); }
   void Path(const char* path, const char* newName) { Add(path, newName, true); }
 
-  // What runs, as "old path>new name", or "old path>temporary name" of a cycle's first step; and the results.
+  // Stores the planned renames as "old path>new name", with a temporary name in the first step of a cycle,
+  // and the results.
   void Plan() {
     for (const Texts& texts : texts_) {
       const std::size_t nameAt = texts.path.rfind(W('\\')) + 1;
@@ -402,7 +404,7 @@ TEST(TemporaryNameTest, ShowsWhatTheFileWas) {
 TEST(TemporaryNameTest, OfALongNameTheEndIsLeftOut) {
   EXPECT_EQ(TemporaryName(WString(244, W('a')), 1), WString(244, W('a')) + W(".qxhost-tmp"));
   EXPECT_EQ(TemporaryName(WString(245, W('a')), 1), WString(244, W('a')) + W(".qxhost-tmp"));
-  // Two bytes each; and four, of which no half is kept.
+  // Characters of two bytes each, then of four bytes, which are never split.
   EXPECT_EQ(TemporaryName(WString(200, W('\u00E4')), 1), WString(122, W('\u00E4')) + W(".qxhost-tmp"));
   WString emoji;
   for (int count = 0; count < 62; ++count) emoji += W("\U0001F600");

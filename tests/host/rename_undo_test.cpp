@@ -1,4 +1,4 @@
-// What an undo file cannot keep is said when it is written.
+// Writing an undo file reports what the file cannot store.
 #include "host/rename/rename_undo.h"
 
 #include <gmock/gmock.h>
@@ -90,8 +90,8 @@ TEST_F(CheckUndoFileTest, WhatLiesBeyondTheReadableSizeIsLost) {
   EXPECT_THAT(Warnings(), HasSubstr("an undo file has at most 5242880 bytes"));
 }
 
-// The limit falls into a new name of three million characters, so that the line is read with the beginning of
-// it.
+// The limit falls inside a new name of three million characters, so the line is read with the first part of
+// that name.
 TEST_F(CheckUndoFileTest, ALineThatIsCutNamesAFileThatTheRunDidNotMake) {
   Add(W("a.txt"), W("b.txt"));
   Add(W("c.txt"), WString(3'000'000, W('n')));

@@ -1,6 +1,6 @@
-// A monkey at MultiRename's window, natively: it types, presses, moves rows, renames real files, undoes,
-// closes and opens again, at random. Nothing crashes, nothing hangs, and no file is lost. Runs under address
-// and thread checks as well.
+// Random actions on MultiRename's window in the native build: typing, pressing buttons, moving rows, renaming
+// real files, undo, closing and reopening. Nothing may crash or hang, and no file may be lost. Runs under
+// address and thread sanitizers too.
 //
 // A long run: QX_MONKEY_SECONDS=3600 QX_MONKEY_SEED=7, with --gtest_filter='RenameWindowMonkey*'.
 #include <cstdio>
@@ -19,8 +19,8 @@ using namespace Velmora::SDK;
 constexpr int kFiles = 24;
 constexpr DWORD kStepsOfShortRun = 400;
 
-// The monkey's hands at boxes, menus, dialogs and questions of the host, on the window's thread and the
-// worker's.
+// Answers boxes, menus, dialogs and questions of the host at random, on the threads of the window and of the
+// worker.
 class MonkeyAnswers final : public Platform::UserInterface, public UndrawnUser {
  public:
   explicit MonkeyAnswers(std::uint32_t seed) : generator_(seed) {
@@ -54,7 +54,7 @@ class MonkeyAnswers final : public Platform::UserInterface, public UndrawnUser {
     if (dialog.result == 0) form.Press(Chance(50) ? kDialogOk : kDialogCancel);
   }
 
-  // What a person types where the host asks.
+  // Returns the line that the user types at a question of the host, or nothing for the end of the input.
   std::optional<std::string> Line() {
     const char* const kLines[] = {"ok", "yes", "no", "cancel", "one", "two", "three", ""};
     if (Chance(20)) return std::nullopt;
@@ -104,7 +104,7 @@ class MonkeyAnswers final : public Platform::UserInterface, public UndrawnUser {
   }
 
   Platform::UserInterface* before_;
-  std::mutex mutex_;  // guards what follows
+  std::mutex mutex_;  // guards the members below
   ActionGenerator generator_;
 };
 
@@ -128,7 +128,7 @@ class RenameWindowMonkey : public testing::Test {
     EXPECT_EQ(ContentsBelow(Folder()), contents_) << "seed " << seed_ << ", after " << when;
   }
 
-  // On the window's thread.
+  // Performs an action on the window's thread.
   void Act(UndrawnParts& parts, const MonkeyAction& action) {
     switch (action.deed) {
       case MonkeyDeed::kType:
@@ -175,7 +175,7 @@ class RenameWindowMonkey : public testing::Test {
     static_cast<VectorList&>(parts.list).Select(begin < end ? RowRanges{{begin, end}} : RowRanges{});
   }
 
-  // On a thread of its own, until the time or the steps are over and the main thread is through.
+  // Runs on another thread until the time or the steps are used up and the main thread has finished.
   void Play() {
     ActionGenerator generator(seed_);
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds_);
@@ -222,7 +222,7 @@ TEST_F(RenameWindowMonkey, LosesNoFileAndDoesNotHang) {
     EXPECT_EQ(hosted_.extensions->RunWindow(kCommandMultiRename), 1);
     ++windows;
     ExpectNoFileLost("window " + std::to_string(windows));
-    // At times the same object is used again, whose windows have no worker any more.
+    // Sometimes the same extension object is used again; its windows then have no worker.
     if (fate.Chance(80)) hosted_.extensions->Renew(kCommandMultiRename);
   }
   hasEnded_ = true;

@@ -1,5 +1,5 @@
-// MultiRename's window over the real host, natively: a person renames files, takes a session back in another
-// window, and moves rows. Runs under thread checks as well.
+// MultiRename's window over the real host in the native build: the user renames files, undoes a session in
+// another window, and moves rows. Runs under the thread sanitizer too.
 #include "frame/host/command_numbers.h"
 #include "host/hosted_rename_window.h"
 

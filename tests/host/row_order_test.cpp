@@ -1,4 +1,4 @@
-// Moves of selected rows, held against rows that carry their own mark and change places one by one.
+// Moves of selected rows, compared with a reference that stores a mark in each row and swaps rows one by one.
 #include "host/controls/row_order.h"
 
 #include <gmock/gmock.h>
@@ -14,7 +14,7 @@ struct MarkedRow {
   bool isSelected;
 };
 
-// The plain rule of each move.
+// The reference for each move.
 void MovePlainly(std::vector<MarkedRow>& rows, RowMove move) {
   const auto isSelected = [](const MarkedRow& row) { return row.isSelected; };
   const auto isOther = [](const MarkedRow& row) { return !row.isSelected; };
@@ -38,7 +38,7 @@ void MovePlainly(std::vector<MarkedRow>& rows, RowMove move) {
   }
 }
 
-// Capital letters are the selected rows, as "aBCd".
+// Returns the rows as text, with selected rows in upper case: "aBCd".
 std::string Shown(const RowOrder& order, const RowRanges& selected) {
   std::string text;
   for (std::size_t at = 0; at < order.Count(); ++at) {

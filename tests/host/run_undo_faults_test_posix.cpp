@@ -1,4 +1,4 @@
-// The undo file of a run on a disk that is full before it, or after it.
+// The undo file of a run when the disk is full before the run, or after it.
 #include <gmock/gmock.h>
 
 #include "host/rename/run_undo.h"
@@ -24,7 +24,7 @@ class RunUndoFaults : public testing::Test {
     session_.entries = {{W("Z:\\a"), W("new"), W("old")}};
   }
 
-  // The one undo file that there is.
+  // Returns the only undo file.
   UndoFile TheFile() {
     UndoFile found;
     store_.ForEachSession([&](const std::unique_ptr<MultiRenameUndo>& session) {
@@ -48,7 +48,7 @@ TEST_F(RunUndoFaults, APlanThatCannotBeWrittenLetsNoRunBegin) {
   Platform::Faults::Clear();
   EXPECT_THAT(recorded_.problems, HasSubstr("no undo file can be written"));
   EXPECT_EQ(TheFile().session, nullptr);
-  EXPECT_THAT(scratch_.Names(), SizeIs(1));  // the folder
+  EXPECT_THAT(scratch_.Names(), SizeIs(1));  // only the folder
 }
 
 TEST_F(RunUndoFaults, IfWhatWasDoneCannotBeWrittenThePlanStays) {

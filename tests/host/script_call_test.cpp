@@ -1,4 +1,4 @@
-// A call of a script command from its arguments.
+// Building a call of a script command from the arguments.
 #include "host/services/script_call.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// A full disk, or a disk that fails, leaves the settings of before.
+// If the disk is full or fails, the previous settings remain.
 #include <gmock/gmock.h>
 
 #include "host/services/settings.h"

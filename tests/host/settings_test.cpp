@@ -1,4 +1,4 @@
-// The settings store: what comes back, and that no file is ever lost.
+// The settings store: which values are read back, and that no file is ever lost.
 #include "host/services/settings.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@ namespace {
 
 class SettingsTest : public testing::Test {
  protected:
-  // The store as the next run finds it.
+  // Opens the store as the next run does.
   Settings& Open(std::string module = "QXUtils") {
     files_.emplace(scratch_.Path(W("config")), [this](const std::string& text) { warnings_ += text + "\n"; });
     return settings_.emplace(*files_, std::move(module));

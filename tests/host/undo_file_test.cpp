@@ -1,4 +1,4 @@
-// Undo files as the host reads, writes and marks them.
+// Reading, writing and marking undo files in the host.
 #include "host/rename/undo_file.h"
 
 #include <gmock/gmock.h>
@@ -95,12 +95,12 @@ TEST_F(UndoFileTest, AFileWithOtherLinesAfterItsNotesIsNotWrittenAgain) {
   }
 }
 
-// As many entries as have room, and their notes beyond the size that is read of entries.
+// The entries almost fill the size up to which entries are read; their notes are beyond it.
 TEST_F(UndoFileTest, NotesAreReadBeyondTheReadableSize) {
   const WString folder = W("Z:\\") + WString(80, W('f'));
   session_.entries.clear();
   NotedFiles files;
-  constexpr std::size_t kEntries = 26000;  // of 2 * 100 bytes
+  constexpr std::size_t kEntries = 26000;  // of 2 * 100 bytes each
   for (std::size_t number = 0; number < kEntries; ++number) {
     const WString name = FromUtf8(std::to_string(100000 + number));
     session_.entries.push_back({folder, name, WString(name.rbegin(), name.rend())});
@@ -141,7 +141,7 @@ TEST_F(UndoFileTest, OfAFileThatIsTooLongTheNotesOfWhatIsReadAreRead) {
   EXPECT_EQ(file.notes.files, files);
 }
 
-// Every file beside an undo file counts as one.
+// Undo files are written in a subfolder, because every file beside an undo file counts as one.
 TEST_F(UndoFileTest, WhatAWriterHasLeftIsRemovedByTheNextAndCountsAsNoFile) {
   scratch_.MakeFolder(W("writing"));
   scratch_.Write(W("writing\\u.dat"), "half");

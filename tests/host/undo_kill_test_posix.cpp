@@ -1,5 +1,5 @@
-// Runs and undos that are killed at any step, fail, are interrupted or repeated: afterwards an undo brings
-// every file back under its own name. Each call is a process of its own, which ends at a chosen rename.
+// Runs and undos that are killed at any step, fail, are interrupted or are repeated: afterwards an undo gives
+// every file its own name back. Each call is a separate process, which ends at a chosen rename.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -23,11 +23,10 @@ namespace Faults = Platform::Faults;
 
 constexpr int kKilled = 99;  // the exit status of a process that was killed
 constexpr int kRandomKills = RandomCases(200);
-// Of the steps at which a call can end, each that many is tried: a process under sanitizers takes long to
-// start.
+// The distance of the steps at which a call is ended: processes start slowly under sanitizers.
 constexpr int kEachStep = kUnderSanitizers ? 3 : 1;
 
-// What happens to a call at its rename of that number, from 1.
+// What happens to a call at its n-th rename, counted from 1.
 struct Fate {
   int kill = 0;
   int fail = 0;
@@ -36,10 +35,10 @@ struct Fate {
 
 class KilledCalls {
  public:
-  // By number in the file system: path in the tree.
+  // Maps file numbers of the file system to paths in the tree.
   using Files = std::map<ino_t, std::string>;
 
-  // Makes the files anew, in this order; one that ends in a separator is a folder.
+  // Creates the files anew, in this order. A path that ends in a separator is a folder.
   void Make(const std::vector<std::string>& files) {
     std::filesystem::remove_all(Root());
     std::filesystem::remove_all(scratch_.NativePath(W("config")));
@@ -64,7 +63,7 @@ class KilledCalls {
     return files;
   }
 
-  // The exit status of `qxhost rename` with these arguments.
+  // Runs `qxhost rename` with these arguments and returns its exit status.
   int Call(const std::vector<std::string>& arguments, const Fate& fate = {}) const {
     const pid_t process = fork();
     if (process == 0) {
@@ -112,7 +111,7 @@ class KilledCalls {
   ScratchFolder scratch_;
 };
 
-// Trees in which names are exchanged, follow each other, and are those of folders above others.
+// Trees whose renames exchange names, form chains, or rename folders above other items.
 struct Numbered {
   std::vector<std::string> files;
   std::vector<std::string> items;
@@ -145,7 +144,7 @@ TEST(UndoKillTest, ARunAndItsUndoMayBeKilledAtEveryStep) {
         const KilledCalls::Files before = killer.Now();
         isRunKilled = killer.Number(tree.items, {.kill = kill}) == kKilled;
         isUndoKilled = killer.Undo({.kill = killUndo}) == kKilled;
-        // Where names alone say what is to be done, those that are back are not found.
+        // If only the names show what to undo, files that were already restored are not found.
         if (isUndoKilled) {
           EXPECT_EQ(killer.Undo(), isRunKilled || tree.hasMeetingNames || killUndo == 1 ? 0 : 4);
         }
@@ -158,7 +157,7 @@ TEST(UndoKillTest, ARunAndItsUndoMayBeKilledAtEveryStep) {
   }
 }
 
-// An undo that fails in part counts as taken back, and is tried again.
+// An undo that fails in part counts as done, and can be repeated.
 TEST(UndoKillTest, AnUndoMayFailOrBeInterruptedAtEveryStepAndBeRepeated) {
   KilledCalls killer;
   for (const Numbered& tree : NumberedTrees()) {

@@ -1,4 +1,4 @@
-// The lock that keeps runs from each other.
+// The lock that prevents simultaneous runs.
 #include "host/rename/undo_lock.h"
 
 #include <gmock/gmock.h>

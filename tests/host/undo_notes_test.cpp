@@ -1,4 +1,4 @@
-// Which file an entry of an undo file is about, as comments after the entries.
+// The comments after the entries of an undo file, which store the file that each entry is about.
 #include "host/rename/undo_notes.h"
 
 #include <gmock/gmock.h>
@@ -48,7 +48,7 @@ TEST(UndoNotesTest, LinesOfAnotherNumberOfEntriesSayNothing) {
   const WString text = W(";qxhost files of 3\r\n;1 11\r\n");
   EXPECT_THAT(ReadBack(text, 2), IsEmpty());
   EXPECT_THAT(ReadBack(text, 4), IsEmpty());
-  // Of a file of which only a part is read there are fewer entries.
+  // If only part of a file was read, there are fewer entries than notes.
   EXPECT_THAT(ReadBack(text, 2, true), ElementsAre(11u, kNoFile));
   EXPECT_THAT(ReadBack(text, 4, true), IsEmpty());
   EXPECT_THAT(ReadBack(W(";1 11\r\n"), 1), IsEmpty());
@@ -92,7 +92,7 @@ TEST(UndoNotesTest, TheLinesBeginWhereALineBegins) {
   EXPECT_EQ(FindNotedFiles(W("Z:\\a|b|c\r\n")), WStringView::npos);
 }
 
-// The lines are for the host alone: whoever else reads the file sees the entries, wherever it stops.
+// Only the host reads these lines: other readers see the entries, wherever they stop reading.
 TEST(UndoNotesTest, OtherReadersPassThemOver) {
   Velmora::SDK::MultiRenameUndo session;
   session.entries = {{W("Z:\\a"), W("b"), W("a")}, {W("Z:\\a"), W("c"), W("b")}};

@@ -1,4 +1,4 @@
-// Formats of log lines: what is filled in, and that nothing else is touched.
+// Formats of log lines: which conversions are replaced, and that everything else is unchanged.
 #include "host/output/wide_format.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The nodes that the module makes and reads.
+// The nodes that the module creates and reads.
 #include "host/xml/xml_document.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// A disk that fails while an XML file is loaded or saved leaves the file as it was.
+// If the disk fails while an XML file is loaded or saved, the file is unchanged.
 #include <gmock/gmock.h>
 
 #include "host/xml_files.h"

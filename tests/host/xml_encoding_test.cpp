@@ -1,4 +1,4 @@
-// A file keeps the encoding that it names, byte for byte.
+// A file keeps the encoding that it declares, byte for byte.
 #include <gtest/gtest.h>
 
 #include "host/xml_files.h"
@@ -9,7 +9,7 @@ using namespace std::string_literals;
 
 constexpr Velmora::SDK::u32 kAsLoaded = 0;
 
-// ASCII in two bytes each.
+// Returns ASCII text as little-endian UTF-16.
 std::string Little(std::string_view text) {
   std::string bytes;
   for (const char character : text) bytes += {character, '\0'};
@@ -71,9 +71,9 @@ TEST(XmlEncoding, ContradictionsAndUnknownNamesAreRefused) {
       "\xFF\xFE" + Little("<?xml version=\"1.0\" encoding=\"UTF-8\"?><a/>"),
       "\xFF\xFE" + Little("<?xml version=\"1.0\" encoding=\"UTF-16BE\"?><a/>"),
       "<?xml version=\"1.0\" encoding=\"US-ASCII\"?><a>\xE4</a>",
-      // No UTF-8: cut, too long, half of a pair, beyond the last character.
+      // Invalid UTF-8: truncated, overlong, a surrogate, above U+10FFFF.
       "<a>\xC3</a>", "<a>\xC0\xBC</a>", "<a>\xED\xA0\x80</a>", "<a>\xF4\x90\x80\x80</a>", "<a>\xE4</a>",
-      // No UTF-16: half a unit, half of a pair.
+      // Invalid UTF-16: half a code unit, unpaired surrogates.
       "\xFF\xFE" + Little("<a/>") + "<", "\xFF\xFE" + Little("<a>") + "\x3D\xD8" + Little("</a>"),
       "\xFF\xFE" + Little("<a>") + "\x00\xDE"s + Little("</a>")};
   for (const std::string& bytes : kFiles) {

@@ -1,4 +1,4 @@
-// XML files that are loaded and saved as the commands do it.
+// Loads and saves XML files as the commands do.
 #pragma once
 
 #include <optional>
@@ -10,8 +10,8 @@
 
 class XmlFiles {
  public:
-  // What Save leaves in the file; nothing if the file could not be loaded. With the encoding that the file
-  // names, or the given one.
+  // Returns the file's contents after Save, or nothing if the file could not be loaded. Uses the encoding
+  // that the file declares, or the given one.
   std::optional<std::string> Rewritten(std::string_view bytes, Velmora::SDK::u32 flag,
                                        const char* encoding = nullptr) const {
     const WString path = scratch_.Write(W("a.xml"), bytes);
@@ -24,10 +24,10 @@ class XmlFiles {
     return scratch_.Read(W("a.xml"));
   }
 
-  // What the last Save answered.
+  // Returns the result of the last Save.
   bool Saved() const { return saved_; }
 
-  // A document of the host that is given back.
+  // A document of the host, released at the end of the scope.
   class Document {
    public:
     Document() = default;

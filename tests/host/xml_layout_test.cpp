@@ -1,4 +1,4 @@
-// What the flag of Save does: 1 formats, 0 leaves the white space as it was.
+// The flag of Save: 1 formats the document, 0 leaves the white space unchanged.
 #include <gtest/gtest.h>
 
 #include "host/xml_files.h"
@@ -21,13 +21,13 @@ constexpr Case kCases[] = {
      "<?xml version=\"1.0\"?>\n<!DOCTYPE a>\n<!--x-->\n<a>\n  <!--y-->\n  <?p q?>\n  <b>\n    <c/>\n  "
      "</b>\n</a>\n"
      "<!--z-->\n"},
-    // Blanks that belong to a text stay.
+    // White space that belongs to text content is preserved.
     {"<a> one <b/> <c><d/></c></a>", "<a> one <b/> <c><d/></c></a>\n"},
     {"<a> <b/>&#32;</a>", "<a> <b/>&#32;</a>\n"},
     {"<a> <b/><![CDATA[]]></a>", "<a> <b/><![CDATA[]]></a>\n"},
     {"<a><p xml:space=\"preserve\"> <b/> </p><q xml:space='default'> <b/> </q></a>",
      "<a>\n  <p xml:space=\"preserve\"> <b/> </p>\n  <q xml:space='default'>\n    <b/>\n  </q>\n</a>\n"},
-    // Lines end as those of the file do.
+    // Line ends are the same as in the file.
     {"<a>\r\n<b/></a>", "<a>\r\n  <b/>\r\n</a>\r\n"},
 };
 

@@ -1,4 +1,4 @@
-// What is not well-formed is refused as a whole, and nothing hostile does harm.
+// A document that is not well-formed is rejected as a whole, and hostile input does no harm.
 #include "host/xml/xml_parser.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Numbers and dates of long runs of blank lines: each line reads on to the next number of its block, and the
-// values are those that every line finds by itself.
+// Numbers and dates of long runs of blank lines: each line reads on to the next number in its block. The
+// values must equal those that are parsed for every line alone.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,7 +23,7 @@ using Values = std::vector<std::int64_t>;
 constexpr std::int64_t kMostNumber = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kLeastNumber = std::numeric_limits<std::int64_t>::min();
 
-// Characters of a block.
+// The number of characters of a block.
 template <typename CharT>
 constexpr std::size_t kBlockChars = kBlockSize / sizeof(CharT);
 
@@ -54,7 +54,7 @@ Values operator+(Values values, const Values& more) {
   return values;
 }
 
-// In local time, as the C library tells it.
+// In local time, as computed by the C library.
 std::int64_t MidnightOf(int year, int month, int day) {
   std::tm time{};
   time.tm_year = year - 1900;
@@ -76,7 +76,7 @@ Values ValuesOfAll(const std::vector<SortLine>& lines) {
   return values;
 }
 
-// All lines with this value, for files whose values would be too many to print.
+// Returns how many lines have this value, for files with too many values to print.
 std::size_t CountOf(const Values& values, std::int64_t value) {
   return static_cast<std::size_t>(std::count(values.begin(), values.end(), value));
 }
@@ -89,7 +89,7 @@ class BlankRuns : public testing::Test {
     ComputeSortKeys<CharT>(data->lines, options);
     return ValuesOfAll(data->lines);
   }
-  // Too long to be shown when they differ.
+  // Compares without printing all values, which are too many.
   static void Expect(const std::string& text, const SortLinesOptions& options, const Values& expected) {
     const Values values = ValuesOf(text, options);
     ASSERT_EQ(values.size(), expected.size());
@@ -137,13 +137,13 @@ TYPED_TEST(BlankRuns, WhatIsNoDateEndsTheRunWithMinusOne) {
 }
 
 TYPED_TEST(BlankRuns, ADateThatStandsInPartCountsWithWhatItHasAsMeant) {
-  // The dash does not follow the year, which leaves the day 0 of its first month.
+  // The year is not followed by a dash, so month and day stay 0, which is the last day of the previous year.
   this->Expect(Times(3000, "\n") + "2014\n-11-21\n", DateOptions("%Y-%m-%d"),
                Times(3001, MidnightOf(2013, 12, 31)) + Times(1, -1));
 }
 
 TYPED_TEST(BlankRuns, ADateMayStandInManyLinesAsMeant) {
-  // White space in front of each number is skipped, line ends as well.
+  // White space before each number is skipped, including line ends.
   const std::int64_t day = NovemberDay(21);
   this->Expect(Times(3000, "\n") + "2014-\n" + Times(3000, "\n") + "11-\n" + Times(3000, "\n") + "21\n",
                DateOptions("%Y-%m-%d"), Times(3001, day) + Times(6002, -1));
@@ -168,7 +168,8 @@ TYPED_TEST(BlankRuns, AFormatsLineFeedTakesTheLineFeedsOfBlankLinesAlone) {
 TYPED_TEST(BlankRuns, TwoNumbersOfAFormatAreTheNextTwo) {
   this->Expect(Times(3000, "\n") + "7\n" + Times(3000, "\n") + "2014\n" + Times(3000, "\n") + "x\n",
                DateOptions("%d %Y"),
-               // Behind the first number the year is wanted; the day alone lies in the year 1900.
+               // After the first number, the lines read 2014 as the day and find no year; the date in 1900 is
+               // before the first valid one.
                Times(3001, MidnightOf(2014, 1, 7)) + Times(6002, -1));
 }
 
@@ -237,7 +238,7 @@ class BlankRunsByThePlainRule : public BlankRuns<CharT> {
 
   static constexpr CharT Char(char c) { return static_cast<CharT>(c); }
 
-  // Where the key of a line starts, in characters.
+  // Returns the start of a line's key, in characters.
   static std::size_t StartOf(const SortLine& line, const SortLinesOptions& options) {
     const auto* const text = reinterpret_cast<const CharT*>(line.text);
     const std::size_t end = line.length / sizeof(CharT);
@@ -269,7 +270,7 @@ class BlankRunsByThePlainRule : public BlankRuns<CharT> {
     return number;
   }
 
-  // What the line finds by itself.
+  // Returns the value that is parsed for the line alone.
   static std::int64_t ValueOf(const SortLine& line, const SortLinesOptions& options) {
     constexpr CharT kNothing[2] = {};
     const std::size_t start = StartOf(line, options);
@@ -282,7 +283,7 @@ class BlankRunsByThePlainRule : public BlankRuns<CharT> {
     return _mktime64(&date);
   }
 
-  // Runs of line ends and blanks with things between them that numbers and dates are made of, or are not.
+  // Returns runs of line ends and blanks, separated by pieces that are or are not part of numbers and dates.
   static Text MakeText(std::mt19937& random, std::size_t length) {
     static const std::vector<std::string> kBlanks = {"\n",     "\r", "\r\n", "\n\r", " \n",
                                                      "\t\r\n", "\v", "\f",   " ",    "\t"};
@@ -313,7 +314,7 @@ class BlankRunsByThePlainRule : public BlankRuns<CharT> {
                                                      "\x85"
                                                      "41002"};
     Text text;
-    // A long line first, so that the runs come to lie on both sides of a block's end.
+    // Starts with a long line, so that the runs lie on both sides of a block boundary.
     text.append(kBlockChars<CharT> - random() % length, Char('x')).push_back(Char('\n'));
     const std::size_t end = text.size() + length;
     while (text.size() < end) {

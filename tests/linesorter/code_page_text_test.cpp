@@ -1,4 +1,4 @@
-// Characters and date formats in the thread's code page, which is 1252 where these tests run.
+// Characters and date formats in the thread's ANSI code page, which is 1252 in these tests.
 #include "linesorter/engine/code_page_text.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The parts of all numbers that common beginnings make.
+// The parts into which common beginnings divide the range of numbers.
 #include "linesorter/engine/common_beginnings.h"
 
 #include <gtest/gtest.h>
@@ -46,7 +46,7 @@ TEST(NumberPartsTest, ACommonBeginningHasAPartOfItsOwn) {
   EXPECT_EQ(others, parts.Count() - std::size(kCommons));
 }
 
-// One more part for what comes after each beginning; the last of a digit's is the digit's own.
+// Each beginning adds two parts: its own, and one for the numbers between it and the next.
 TEST(NumberPartsTest, NoPartIsMissingAndNoneTooMany) {
   EXPECT_EQ(PartsOfCommons().Count(), 256 + 2 * std::size(kCommons));
 }

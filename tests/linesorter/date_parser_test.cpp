@@ -1,4 +1,4 @@
-// Dates by a format: each conversion, in both widths at once.
+// Parsing dates by a format: each conversion, in both character widths.
 #include "linesorter/engine/date_parser.h"
 
 #include <gtest/gtest.h>
@@ -37,7 +37,7 @@ constexpr NamedField kAllFields[] = {
     {"tm_mday", kMday}, {"tm_mon", kMon},   {"tm_year", kYear},
     {"tm_wday", kWday}, {"tm_yday", kYday}, {"tm_isdst", &std::tm::tm_isdst}};
 
-// What a field holds that nothing was written to.
+// The initial value of fields that must not be written.
 constexpr int kUntouched = 71;
 
 constexpr int kMismatch = -1;
@@ -62,8 +62,8 @@ void CheckWidth(const std::string& format, const std::basic_string<CharT>& text,
   }
 }
 
-// Parses `text` into fields that hold `start`, and expects so many characters consumed, or kMismatch, and the
-// fields of `written` to be written and no other.
+// Parses `text` into fields that start as `start`. Expects that `consumed` characters are consumed (or
+// kMismatch), and that exactly the fields in `written` are written.
 void Check(const std::string& format, const std::string& text, int consumed, Fields written,
            Fields start = {}) {
   const std::tm before = TimeOf(start);
@@ -167,7 +167,7 @@ TEST(DateParser, ModifierBehindAModifierIsAConversionThatIsNotKnown) {
 }
 
 TEST(DateParser, ModifierAtTheFormatsEndStaysWithinTheFormat) {
-  // The terminator counts as a conversion that is not known.
+  // The terminator is handled like an unknown conversion.
   Check("%E", "%", 1, {});
   Check("%O", "%%", 1, {});
   Check("%E", "ab", kMismatch, {});
@@ -194,7 +194,7 @@ TEST(DateParser, NumberWithoutADigitIsAMismatchAndWritesNothing) {
 }
 
 TEST(DateParser, NumbersHaveNoWidth) {
-  // The whole run is the year, and the month finds nothing.
+  // The year consumes all digits, so the month finds none.
   Check("%Y%m%d", "20141121", kMismatch, {{kYear, 20139221}});
 }
 
@@ -559,7 +559,7 @@ TEST(DateParser, BytesOfTheFormatMeetUnitsSignExtendedAsMeant) {
 
 TEST(DateParser, HighByteOfAUnitCounts) {
   const std::tm untouched = TimeOf({});
-  // The low bytes are those of "5", "Jan" and a blank.
+  // Units whose low bytes are "5", "Jan" and a blank.
   CheckWidth<WCHAR>("%d", {static_cast<WCHAR>(0x0135)}, kMismatch, untouched, untouched);
   CheckWidth<WCHAR>("%b", {static_cast<WCHAR>(0x044A), W('a'), W('n')}, kMismatch, untouched, untouched);
   CheckWidth<WCHAR>(" a", {static_cast<WCHAR>(0x0120), W('a')}, kMismatch, untouched, untouched);

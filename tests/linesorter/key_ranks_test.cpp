@@ -1,4 +1,4 @@
-// The ranks of a few keys, step by step as the overview of key_ranks.cpp has them.
+// The ranks of a few keys, step by step as in the overview of key_ranks.cpp.
 #include "linesorter/engine/key_ranks.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The text of a key as comparators are given it.
+// The text of a key as it is passed to comparators.
 #include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@ namespace WQLineSorter {
 
 namespace {
 
-// A line of 12 bytes with the key that is given.
+// Returns a line of 12 bytes with the given key.
 SortLine LineWithKey(const char* text, std::uint32_t keyOffset, std::uint32_t keyLength,
                      std::uint32_t length = 12) {
   SortLine line{};
@@ -74,7 +74,7 @@ TEST(SortKeysUnits, OfNoLengthAreComparedToTheLinesEndByBytesAsMeant) {
   EXPECT_EQ(PlaceOfKey<WCHAR>(0, 0), (Place{0, 6}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(2, 0), (Place{2, 5}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(3, 0), (Place{3, 4}));
-  // Behind the sixth and last character, and yet half way in bytes.
+  // Offset 6 is after the last of the six characters, but in the middle of the bytes.
   EXPECT_EQ(PlaceOfKey<WCHAR>(6, 0), (Place{6, 3}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(11, 0), (Place{11, 0}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(12, 0), (Place{12, 0}));

@@ -1,4 +1,4 @@
-// Each comparator over pairs of keys.
+// Each comparator, applied to pairs of keys.
 #include "linesorter/engine/line_comparators.h"
 
 #include <gtest/gtest.h>
@@ -21,8 +21,8 @@ void PrintTo(Order order, std::ostream* out) {
 
 using enum Order;
 
-// How two keys stand to each other, from the answers both ways round. Behind each key stands what must not
-// count, and then a zero.
+// Returns the order of two keys, from comparisons in both directions. Each key is followed by text that must
+// be ignored, and by a zero.
 template <typename CharT>
 Order OrderOf(LineCompare_TextBase<CharT>& comparator, std::basic_string_view<CharT> lhs,
               std::basic_string_view<CharT> rhs) {
@@ -56,7 +56,7 @@ Order Units(WStringView lhs, WStringView rhs, bool ignoreCase = false) {
 }
 Order UnitsIgnoringCase(WStringView lhs, WStringView rhs) { return Units(lhs, rhs, true); }
 
-// The comparators of the language order, each with its width, so that one list of pairs serves them all.
+// Comparators of the language order with their character widths, so that one list of pairs tests them all.
 class WideWithoutLookUp final : public LineCompare_TextBase<WCHAR> {
  public:
   bool Compare(const WCHAR* lhs, std::uint32_t lhsLength, const WCHAR* rhs,
@@ -83,7 +83,7 @@ using LanguageComparators =
                    LineCompare_LanguageAware_StringCompareEx<WCHAR>, WideWithoutLookUp>;
 TYPED_TEST_SUITE(CompareByUsersLanguage, LanguageComparators);
 
-// CompareStringA is never asked for digit runs by value.
+// CompareStringA is never used to compare digit runs by value.
 template <typename Comparator>
 class CompareDigitsByUsersLanguage : public CompareByUsersLanguage<Comparator> {};
 using DigitComparators = testing::Types<LineCompare_LanguageAware_WFallback,
@@ -149,7 +149,7 @@ TEST(CompareBytes, GoesByTheFirstByteThatDiffers) {
       std::string right = left;
       left[at] = 'l';
       right[at] = 'n';
-      // What comes later says the opposite.
+      // The last byte differs the other way.
       if (behind != 0) left.back() = 'z';
       EXPECT_EQ(ByteOrder(left, right), kBefore) << at << " " << behind;
       EXPECT_EQ(ByteOrder(right, left), kBehind) << at << " " << behind;
@@ -348,7 +348,7 @@ TEST(CompareByLanguageWidened, KeysOfAnyLengthFollowEachOther) {
 TEST(CompareByLanguageWidened, BytesAreOfTheSystemsCodePage) {
   LineCompare_LanguageAware_WFallback comparator;
   comparator.compareFlags = kLinguistic;
-  // "ae" as one letter and a Z with a caron, where they stand in the code page 1252.
+  // The letter "ae" and a Z with caron at their places in code page 1252.
   EXPECT_EQ(OrderOf<char>(comparator, "\x9E", "z"), kBehind);
   EXPECT_EQ(OrderOf<char>(comparator, "\x9E", "\x8E"), kEqual);
   EXPECT_EQ(OrderOf<char>(comparator, "\x9E", "y"), kBehind);

@@ -1,4 +1,4 @@
-// Comparators whose system functions are missing or fail, and what comparing takes of the system and of
+// Comparators whose system functions are missing or fail, and how often they call the system and allocate
 // memory.
 #include <gtest/gtest.h>
 
@@ -41,7 +41,8 @@ void WatchAll() {
   Faults::Watch("FreeLibrary");
 }
 
-// Whatever look-up fails, `check` compares twice, and both times with the older function.
+// Runs `check`, which compares twice, once for each look-up that can fail. Expects that both comparisons use
+// the older function.
 void ExpectTheOlderFunction(const std::function<void()>& check) {
   for (const char* lookUp : kLookUps) {
     SCOPED_TRACE(lookUp);
@@ -55,7 +56,7 @@ void ExpectTheOlderFunction(const std::function<void()>& check) {
   }
 }
 
-// One of each comparator that asks the system, with the older function too.
+// One of each comparator that calls the system, including the one with the older function.
 struct AllComparators {
   void ExpectBefore(const char* left, const char* right, bool expected) {
     SCOPED_TRACE(std::string(left) + "|" + right);
@@ -87,7 +88,7 @@ TEST(CompareUnitsWithoutTheSystem, IsDoneAsForBytes) {
     EXPECT_TRUE(Before<WCHAR>(comparator, W("B"), W("a")));
     EXPECT_TRUE(Before<WCHAR>(comparator, W("\u7FFF"), W("\u8000")));
     EXPECT_TRUE(Before<WCHAR>(comparator, W("\u0161"), W("\u0262")));
-    // A key and its beginning, and keys with the same text in front of a zero.
+    // A key and its prefix, and keys with the same text before a zero.
     EXPECT_TRUE(Equal<WCHAR>(comparator, W("abc"), W("abcd")));
     EXPECT_TRUE(Equal<WCHAR>(comparator, {W("a\0b"), 3}, {W("a\0c"), 3}));
     EXPECT_TRUE(Before<WCHAR>(comparator, W(""), W("a")));
@@ -274,8 +275,8 @@ TEST(ComparatorsAndMemory, BuffersOfWidenedKeysGrowToTheLongestOneAndStay) {
     comparator.Compare(text.data(), left, text.data(), right);
     return Memory::AllocationCount() - before;
   };
-  taken(1, 1);  // what the system takes once
-  // 128 units at first, and then two more than the key that did not fit.
+  taken(1, 1);  // allocations that the system makes once
+  // 128 units at first; then two more than the key that did not fit.
   EXPECT_EQ(taken(128, 128), 0);
   EXPECT_EQ(taken(129, 128), 1);
   EXPECT_EQ(taken(131, 128), 0);

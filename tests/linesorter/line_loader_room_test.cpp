@@ -1,5 +1,5 @@
-// The room that is made for line records: what the first lines foretell may be wrong, and then neither the
-// lines nor the memory may suffer.
+// The memory that is reserved for line records: the estimate from the first lines may be wrong, which must
+// not affect the lines or waste memory.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,7 +12,7 @@ using namespace WQLineSorter;
 
 namespace {
 
-// Lines of one length in bytes or units, without the ending.
+// Lines of the same length in bytes or units, without the ending.
 struct Stretch {
   std::size_t count;
   std::size_t length;
@@ -21,7 +21,7 @@ struct Stretch {
 template <typename CharT>
 class LineLoaderRoom : public testing::Test {
  protected:
-  // Loads stretches of lines with LF behind each, and checks every line and the room taken.
+  // Loads stretches of lines that end in LF, and checks every line and the reserved memory.
   static void Check(const std::vector<Stretch>& stretches) {
     std::basic_string<CharT> text;
     std::size_t count = 0;
@@ -49,7 +49,8 @@ class LineLoaderRoom : public testing::Test {
       }
     }
 
-    // Twice what the records need, and no more than a quarter above the file's size beside it.
+    // Twice the number of records, plus records with one and a quarter times the file's size, plus a
+    // constant.
     constexpr std::size_t kSpare = 5000;
     EXPECT_LE(data->lines.capacity(), 2 * count + size / 32 + kSpare)
         << count << " lines in " << size << " bytes";

@@ -1,4 +1,4 @@
-// From a reader's bytes to line records.
+// Loading line records from the bytes of a reader.
 #include "linesorter/engine/line_loader.h"
 
 #include <gmock/gmock.h>
@@ -21,8 +21,8 @@ namespace {
 
 using Lines = std::vector<LoadedLine>;
 
-// Checks what must hold of all loaded data: each line with its ending lies in one block, zeros stand behind
-// the blocks, and keys are not set.
+// Checks the invariants of loaded data: each line and its ending lie in one block, the blocks are followed by
+// zeros, and keys are not set.
 void CheckData(const SortableLinesData& data) {
   EXPECT_EQ(data.unused, 0u);
   for (const TextBlock& block : data.blocks) {
@@ -35,7 +35,7 @@ void CheckData(const SortableLinesData& data) {
     EXPECT_TRUE(std::any_of(data.blocks.begin(), data.blocks.end(), [&](const TextBlock& block) {
       const auto start = reinterpret_cast<std::uintptr_t>(block.get());
       const auto text = reinterpret_cast<std::uintptr_t>(line.text);
-      // A last odd byte of 16-bit text brings one of the zeros behind the block with it.
+      // An odd last byte of 16-bit text is completed by one of the zeros after the block.
       return text >= start && text + line.length + line.endingSize <= start + kBlockSize;
     }));
     EXPECT_EQ(line.keyOffset, 0u);
@@ -73,7 +73,7 @@ LoadedLine WideCrLf(WStringView text) { return {WideBytes(text), Bytes("\r\0\n\0
 std::string A(std::size_t count) { return std::string(count, 'a'); }
 WString WideA(std::size_t count) { return WString(count, W('a')); }
 
-// The lines of a text whose only endings are line feeds.
+// Returns the lines of a text that contains no line endings except line feeds.
 Lines SplitAtLineFeeds(const std::string& text) {
   Lines lines;
   std::size_t start = 0;
@@ -104,7 +104,7 @@ Lines SplitAtWideLineFeeds(const WString& text) {
   return lines;
 }
 
-// A plain generator: the same numbers everywhere.
+// A simple generator with the same numbers on every platform.
 struct Numbers {
   std::uint32_t state;
   std::uint32_t Below(std::uint32_t limit) {
@@ -113,7 +113,7 @@ struct Numbers {
   }
 };
 
-// Lines of up to `longest` bytes, about `bytes` in all, with any byte but CR and LF.
+// Returns lines of at most `longest` bytes, about `bytes` in total, with all byte values except CR and LF.
 std::string ManyLines(std::uint32_t seed, std::size_t bytes, std::uint32_t longest) {
   Numbers numbers{seed};
   std::string text;
@@ -127,7 +127,7 @@ std::string ManyLines(std::uint32_t seed, std::size_t bytes, std::uint32_t longe
   return text;
 }
 
-// The same in 16-bit units, among them many that have a CR or LF for one of their bytes.
+// Like ManyLines, in 16-bit units, many of which contain the byte of a CR or LF.
 WString ManyWideLines(std::uint32_t seed, std::size_t units, std::uint32_t longest) {
   Numbers numbers{seed};
   WString text;
@@ -198,7 +198,7 @@ TYPED_TEST(LineLoader, ExhaustedMemoryOfTheReaderPasses) {
   EXPECT_THROW(ReadLines<TypeParam>(reader), std::bad_alloc);
 }
 
-// What is left of a file that somebody cuts meanwhile must not be taken for the whole of it.
+// The remainder of a file that is truncated during the read must not be taken for the whole file.
 const Thrown kCutFile = {ERROR_HANDLE_EOF, "Failed to read file"};
 
 template <typename CharT>
@@ -214,7 +214,7 @@ TYPED_TEST(LineLoader, FileThatShrankToNothingIsRefused) {
 }
 
 TYPED_TEST(LineLoader, FileThatGrewEndsWithWhatItsSizeSaid) {
-  // One read delivers more than the reader promised in all.
+  // One read returns more bytes than the reader announced in total.
   ScriptedReader reader(Bytes("a\0\n\0b\0\n\0"));
   reader.size = 4;
   reader.mostReads = 10;
@@ -266,7 +266,7 @@ TEST(LineLoaderBytes, EndingsAreFoundAtEveryDistance) {
 TEST(LineLoaderBytes, WholeBlockIsAskedForAndThenWhatIsFree) {
   ScriptedReader reader("x\n" + A(32766) + "y\nz\n");
   EXPECT_THAT(Read<char>(reader), ElementsAre(Lf("x"), Lf(A(32766) + "y"), Lf("z")));
-  // The second block begins with the 32766 bytes that were carried, the third is empty.
+  // The second block starts with the 32766 bytes that were carried over; the third is empty.
   EXPECT_THAT(reader.asked, ElementsAre(32768, 2, 32768));
 }
 
@@ -309,7 +309,7 @@ TEST(LineLoaderBytes, LoneCrAsTheLastByteOfTheFileAndOfTheBlock) {
   EXPECT_THAT(ReadBytes<char>(A(32767) + "\r"), ElementsAre(None(A(32767))));
 }
 
-// The CR cannot know what follows it, and files sorted before depend on it.
+// What follows the CR is not yet known, and files sorted by earlier versions depend on this.
 TEST(LineLoaderBytes, CrLfAcrossTwoBlocksIsMeantToBeALoneCrAndAnEmptyLine) {
   EXPECT_THAT(ReadBytes<char>(A(32767) + "\r\nb\n"), ElementsAre(None(A(32767)), Lf(""), Lf("b")));
   EXPECT_THAT(ReadBytes<char>("x\n" + A(32765) + "\r\nb\n"),
@@ -403,7 +403,7 @@ TEST(LineLoaderWide, UnitsThatHoldACrOrLfInOneByteAreText) {
     EXPECT_THAT(ReadWide(text + W("\n") + text), ElementsAre(WideLf(text), WideNone(text))) << int{unit};
     EXPECT_THAT(ReadWide(W("a\r") + text), ElementsAre(WideNone(W("a")), WideNone(text))) << int{unit};
   }
-  // Bytes that are an LF only when read from an odd place.
+  // Bytes that form an LF only if read from an odd offset.
   EXPECT_THAT(ReadBytes<WCHAR>(Bytes("a\n\0b")), ElementsAre(None(Bytes("a\n\0b"))));
 }
 
@@ -441,7 +441,7 @@ TEST(LineLoaderWide, LineOfAWholeBlockWithItsEndingLoads) {
 TEST(LineLoaderWide, LastLineOfExactlyABlockWithoutAnEndingLoads) {
   EXPECT_THAT(ReadWide(WideA(16384)), ElementsAre(WideNone(WideA(16384))));
   EXPECT_THAT(ReadWide(W("x\n") + WideA(16384)), ElementsAre(WideLf(W("x")), WideNone(WideA(16384))));
-  // The odd last byte is the block's last but one and gets the block's last.
+  // The odd last byte of the text is the last but one of the block, and the block's last byte completes it.
   EXPECT_THAT(ReadBytes<WCHAR>(WideBytes(WideA(16383)) + "z"), ElementsAre(WideNone(WideA(16383) + W("z"))));
 }
 

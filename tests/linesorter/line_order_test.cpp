@@ -1,4 +1,4 @@
-// Moving line records into an order.
+// Moving line records into a given order.
 #include "linesorter/engine/line_order.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 namespace WQLineSorter {
 namespace {
 
-// Lines that are told apart by their keys: each its place before.
+// Returns lines whose keys are their original positions.
 std::vector<SortLine> NumberedLines(std::size_t count) {
   std::vector<SortLine> lines(count);
   for (std::size_t i = 0; i < count; ++i) lines[i].numericKey = static_cast<std::int64_t>(i);

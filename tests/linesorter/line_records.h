@@ -1,4 +1,4 @@
-// Lines as the loader leaves them: their text in one block of exact size, records that point into it.
+// Lines as the loader returns them: their text in one block of exact size, and records that point into it.
 #pragma once
 
 #include <memory>
@@ -14,13 +14,13 @@ class LineRecords {
  public:
   using Text = std::basic_string<CharT>;
 
-  // Each text with the same ending: "\n", "\r\n", a "\r" that is dropped, or none.
+  // All texts have the same ending: "\n", "\r\n", a "\r" that is dropped, or none.
   explicit LineRecords(const std::vector<Text>& texts, std::string_view ending = "\n") {
     const Text wideEnding = In<CharT>(ending);
     Text all;
     for (const Text& text : texts) all.append(text).append(wideEnding);
     const std::size_t size = all.size() * sizeof(CharT);
-    block = std::make_unique<char[]>(size + WQLineSorter::kBlockGuard);  // zeros behind the text
+    block = std::make_unique<char[]>(size + WQLineSorter::kBlockGuard);  // the text is followed by zeros
     if (size != 0) std::memcpy(block.get(), all.data(), size);
 
     const bool kept = ending.ends_with('\n');
@@ -43,7 +43,7 @@ class LineRecords {
   std::unique_ptr<char[]> block;
 };
 
-// Lines of narrow texts in the width of CharT.
+// Returns lines with these texts in the width of CharT.
 template <typename CharT>
 LineRecords<CharT> LinesOf(const std::vector<std::string>& texts, std::string_view ending = "\n") {
   std::vector<std::basic_string<CharT>> wide;
@@ -51,7 +51,7 @@ LineRecords<CharT> LinesOf(const std::vector<std::string>& texts, std::string_vi
   return LineRecords<CharT>(wide, ending);
 }
 
-// The texts of lines in their order; a unit above 0xFF shows as "?".
+// Returns the texts of the lines in their order. A unit above 0xFF is shown as "?".
 template <typename CharT>
 std::vector<std::string> TextsOf(const std::vector<WQLineSorter::SortLine>& lines) {
   std::vector<std::string> texts;

@@ -1,4 +1,5 @@
-// The sort of lines against the plainest one: the same rule as loops over bytes, in a stable sort of records.
+// Compares the sort of lines with a reference: the same rules as loops over bytes, in a stable sort of
+// records.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -17,9 +18,9 @@ namespace {
 template <typename CharT>
 using Text = std::basic_string<CharT>;
 
-// --- the plain rule
+// --- the reference
 
-// Letters of the alphabets below alone; other units have no case there.
+// Folds only the letters of the alphabets below; other units have no case there.
 unsigned FoldByte(unsigned byte) { return byte >= 'A' && byte <= 'Z' ? byte + 32 : byte; }
 unsigned FoldUnit(unsigned unit) {
   if (unit >= 'a' && unit <= 'z') return unit - 32;
@@ -27,7 +28,7 @@ unsigned FoldUnit(unsigned unit) {
   return unit == 0xFF ? 0x178 : unit;
 }
 
-// Where the key starts, in bytes, and how many characters it has.
+// The start of the key, and its length in characters.
 struct PlainKey {
   const unsigned char* bytes;
   std::size_t length;
@@ -119,7 +120,7 @@ enum Shape {
   kShapeCount
 };
 
-// The lengths of beginnings at which wide steps of a comparison end, and their neighbours.
+// Lengths of common beginnings at which wide comparison steps end, and their neighbours.
 const std::vector<std::size_t> kBeginnings = {0, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 23, 24, 25, 31, 32, 33};
 
 template <typename CharT>
@@ -160,7 +161,7 @@ std::vector<Text<CharT>> MakeTexts(RandomNumbers& random, Shape shape, const Tex
 
 enum KeyKind { kEntireLine, kSubstring, kSubstringToChar, kItem, kMadeUp, kKeyKindCount };
 
-// Any key that lies in its line, or starts behind it and is empty.
+// Sets any key that lies inside its line, or starts after it and is empty.
 template <typename CharT>
 void MakeUpKey(RandomNumbers& random, SortLine& line) {
   const std::uint32_t bytes = line.length;
@@ -225,7 +226,7 @@ bool SameRecord(const SortLine& lhs, const SortLine& rhs) {
          lhs.keyLength == rhs.keyLength && lhs.numericKey == rhs.numericKey;
 }
 
-// The first place at which they differ, or their number.
+// Returns the index of the first difference, or the number of lines if there is none.
 std::size_t FirstDifference(const std::vector<SortLine>& lhs, const std::vector<SortLine>& rhs) {
   const auto [left, right] = std::mismatch(lhs.begin(), lhs.end(), rhs.begin(), rhs.end(), SameRecord);
   return left == lhs.end() && right == rhs.end() ? lhs.size() : static_cast<std::size_t>(left - lhs.begin());
@@ -256,7 +257,7 @@ const std::vector<std::size_t> kSizes = {0, 1, 2, 3, 7, 8, 15, 16, 17, 31, 32, 3
 template <typename CharT>
 class LineSortDifferential : public testing::Test {
  protected:
-  // One set of lines and keys.
+  // Sorts and compares one set of lines and keys.
   static void Run(std::uint32_t seed, Shape shape, KeyKind kind, const Text<CharT>& alphabet,
                   std::size_t size) {
     RandomNumbers random(seed);
@@ -434,8 +435,8 @@ TYPED_TEST(LineSortDifferential, PairsOfOneLetterWithAnotherAtOnePlaceOfOne) {
 
 namespace {
 
-// A line of a text of records: most begin with one of a few words and share more behind it, a few share less
-// than most, and some are no more than the beginning of others.
+// Returns a line as in a file of records: most begin with one of a few words followed by shared text, some
+// share less, and some are prefixes of others.
 template <typename CharT>
 Text<CharT> LineOfARecord(RandomNumbers& random) {
   const auto of = [](std::string_view text) { return In<CharT>(text); };
@@ -508,7 +509,7 @@ TYPED_TEST(LineSortDifferential, LinesThatAllBeginAlike) {
     SortLinesOptions options;
     options.options = SortByLine;
     ExpectTheSameOrder<TypeParam>(records.lines, options);
-    // One line that no sample meets differs early.
+    // A line that differs early and is not part of any sample.
     texts[29999] = Text<TypeParam>(shared - 1, 'x') + Text<TypeParam>(1, 'w');
     texts[29998] = Text<TypeParam>(shared - 2, 'x');
     LineRecords<TypeParam> others(texts);
@@ -522,7 +523,7 @@ TEST(LineSortDifferentialAtScale, AMillionShortLines) {
   std::vector<std::string> texts;
   texts.reserve(1000000);
   for (int i = 0; i < 1000000; ++i) {
-    // Up to eight letters of eight, from three bits each.
+    // At most eight letters, each one of eight, from three bits.
     const std::uint32_t bits = random(9 << 24);
     char letters[8];
     for (unsigned at = 0; at < 8; ++at) letters[at] = static_cast<char>('a' + (bits >> (3 * at) & 7));

@@ -1,5 +1,6 @@
-// The sort by the user's language when a single comparison of the system fails, so that the answers do not
-// agree with one another: the order is then any, but every line is there once. And what the system is handed.
+// The sort by the user's language when a single comparison of the system fails, so that the comparisons are
+// inconsistent: the order is then unspecified, but every line remains exactly once. Also the arguments that
+// are passed to the system.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,11 +21,11 @@ namespace {
 constexpr const char* kCompareFunctions[] = {"CompareStringA", "CompareStringW", "CompareStringEx",
                                              "CompareStringOrdinal"};
 
-// A way to sort by the user's language and the function of the system that it takes.
+// A way to sort by the user's language, and the system function that it uses.
 struct Way {
   const char* function;
   std::uint32_t bits;
-  bool withoutTheNewFunction;  // as if the system had no CompareStringEx
+  bool withoutTheNewFunction;  // simulates a system without CompareStringEx
 };
 
 constexpr std::uint32_t kNatural = SortLanguageAware | SortNaturalNumbers;
@@ -48,12 +49,12 @@ std::string LineNumbered(std::size_t number) {
   return {static_cast<char>('a' + number / 26 % 26), static_cast<char>('a' + number % 26)};
 }
 
-// Orders that take a sort along different roads.
+// Line orders that lead to different code paths of the sort.
 using Shape = std::string (*)(std::size_t index, std::size_t count);
 constexpr Shape kShapes[] = {
     [](std::size_t index, std::size_t) { return LineNumbered(index * 7919 % 401); },
     [](std::size_t index, std::size_t) { return LineNumbered(index); },
-    // The first line stays first, and all others go back as far as to it.
+    // The first line stays first, and each other line is moved back to just after it.
     [](std::size_t index, std::size_t count) { return LineNumbered(index == 0 ? 0 : count - index); },
     [](std::size_t, std::size_t) { return std::string("same"); },
     [](std::size_t index, std::size_t) { return "x" + std::to_string(index * 31 % 17); },
@@ -77,13 +78,13 @@ class LineSortFaults : public testing::Test {
     return options;
   }
 
-  // A failure once is remembered by none of the sort's functions but the one that it is armed for.
+  // Sets the faults for one sort. A look-up that fails once affects only the sort that follows.
   static void Arm(const Way& way, int nth, bool repeat) {
     if (way.withoutTheNewFunction) Faults::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND);
     Faults::Fail(way.function, nth, ERROR_INVALID_PARAMETER, repeat);
   }
 
-  // Where the lines begin, without their order.
+  // Returns the addresses of the lines' texts, sorted.
   static std::vector<const char*> PlacesOf(const std::vector<SortLine>& lines) {
     std::vector<const char*> places;
     for (const SortLine& line : lines) places.push_back(line.text);
@@ -93,7 +94,8 @@ class LineSortFaults : public testing::Test {
 };
 TYPED_TEST_SUITE(LineSortFaults, BothWidths);
 
-// The calls to fail: each of the first, and some of those that merge longer runs. A long sort fails at fewer.
+// Returns the calls that fail: the first ones, and some of those that merge longer runs. Fewer for a long
+// sort.
 std::vector<int> CallsToFail(std::size_t count) {
   std::vector<int> calls;
   for (int nth = 1; nth <= 60; nth += count < kLong ? 1 : 11) calls.push_back(nth);
@@ -170,9 +172,9 @@ TYPED_TEST(LineSortFaults, OneComparisonThatFailsWithoutMemoryLosesNoLineAndDoub
       const LineRecords<TypeParam> records = this->Records(shape, count);
       const SortLinesOptions options = this->OptionsOf(way);
       for (const int nth : {2, 40, 100, 1500}) {
-        if ((nth < 100) != (count < kLong)) continue;  // calls that a sort of so many makes, and few for many
+        if ((nth < 100) != (count < kLong)) continue;  // calls that such a sort makes; few for a long one
         const Faults::Scope faults;
-        // The list of calls that the faults keep must not grow without memory, so it grows before.
+        // The faults' record of calls must not allocate under the limit, so it grows here.
         Faults::Watch(way.function);
         if (way.withoutTheNewFunction) Faults::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND, true);
         for (int i = 0; i < 3; ++i) {
@@ -195,7 +197,7 @@ TYPED_TEST(LineSortFaults, OneComparisonThatFailsWithoutMemoryLosesNoLineAndDoub
             }
             taken = Memory::AllocationCount() - before;
           }
-          // Bytes in natural order are widened, and that takes memory; nothing else needs any.
+          // Bytes in natural order are widened, which needs memory; all other ways succeed without any.
           if (sizeof(TypeParam) == 2 || way.bits != kNatural) {
             EXPECT_TRUE(isDone) << way.function << " " << allocations;
           }
@@ -204,14 +206,14 @@ TYPED_TEST(LineSortFaults, OneComparisonThatFailsWithoutMemoryLosesNoLineAndDoub
                 << way.function << ", call " << nth << " of a sort of " << count << ", " << allocations
                 << " allocations";
           }
-          if (taken <= allocations) break;  // all that it asked for
+          if (taken <= allocations) break;  // all requested allocations succeeded
         }
       }
     }
   }
 }
 
-// The functions and flags of each way, by the name of what is sorted and how.
+// The function and flags of each way, by the character width and the options.
 TEST(LineSortFlags, AreThoseOfTheUsersLanguage) {
   constexpr struct {
     bool isWide;
@@ -227,7 +229,7 @@ TEST(LineSortFlags, AreThoseOfTheUsersLanguage) {
       {false, SortLanguageAware | SortNoCompareStringEx, "CompareStringA", 0x8000010},
       {false, kNatural, "CompareStringEx", 0x8000018},
       {false, kNatural | SortIgnoreCase, "CompareStringEx", 0x8000018},
-      // Nothing looks at this bit for bytes.
+      // This option has no effect on bytes.
       {false, kNatural | SortNoCompareStringEx, "CompareStringEx", 0x8000018},
       {true, SortLanguageAware, "CompareStringEx", 0x8000010},
       {true, SortLanguageAware | SortIgnoreCase, "CompareStringEx", 0x8000010},
@@ -285,9 +287,9 @@ TEST(LineSortFlags, AreTheSameForTheOlderFunction) {
   EXPECT_EQ(Faults::LastFlags("CompareStringW"), 0x8000018u);
 }
 
-// Without the system's function a key equals its own beginnings, however many lines there are.
+// Without the system function a key equals its own prefixes, however many lines there are.
 TEST(LineSortWithoutTheSystem, UnitsThatAreBeginningsOfOthersKeepTheirOrder) {
-  // Made once for the process: the tests after this one need it.
+  // Created once for the process; later tests need it.
   ASSERT_NE(UnitFolding(), nullptr);
   for (const std::size_t count : {std::size_t{10}, std::size_t{200}}) {
     for (const std::uint32_t bits : {0u, +SortIgnoreCase}) {

@@ -1,4 +1,4 @@
-// The sort when memory runs out: slower, and the same.
+// If memory runs out, the sort is slower but gives the same order.
 #include <gtest/gtest.h>
 
 #include "linesorter/engine/line_sort.h"
@@ -10,10 +10,10 @@ using namespace WQLineSorter;
 
 namespace {
 
-// More than a sort takes.
+// More than a sort needs.
 constexpr int kManyAllocations = 1000;
 
-// 300 lines of three letters in a mixed order, with many that are equal.
+// Returns 300 lines of three letters in a mixed order, many of them equal.
 std::vector<std::string> MixedLines() {
   std::vector<std::string> texts;
   for (unsigned i = 0; i < 300; ++i) {
@@ -24,7 +24,7 @@ std::vector<std::string> MixedLines() {
   return texts;
 }
 
-// The order by the letters of each line, found by looking for each triple in turn.
+// Returns the expected order, found by searching for each combination of three letters in turn.
 template <typename CharT>
 std::vector<const char*> ExpectedOrder(const std::vector<SortLine>& lines) {
   const std::vector<std::string> texts = TextsOf<CharT>(lines);
@@ -68,7 +68,7 @@ TYPED_TEST(LineSortWithoutMemory, GivesTheSameOrder) {
       std::vector<const char*> order;
       for (const SortLine& line : lines) order.push_back(line.text);
       EXPECT_EQ(order, expected) << allocations;
-      if (taken <= allocations) break;  // all that it asked for
+      if (taken <= allocations) break;  // all requested allocations succeeded
     }
   }
 }

@@ -1,4 +1,4 @@
-// The order of lines, from their texts to their places, in both widths.
+// The order of lines by their texts, in both character widths.
 #include "linesorter/engine/line_sort.h"
 
 #include <gtest/gtest.h>
@@ -123,7 +123,7 @@ TYPED_TEST(LineSort, EqualKeysKeepTheirOrder) {
 
 TYPED_TEST(LineSort, ReverseTurnsTheStableOrderRoundAsMeant) {
   EXPECT_EQ(this->Sort({"a", "c", "b"}, Text(SortReverse)), (Texts{"c", "b", "a"}));
-  // Not a descending sort: equal keys come in the reverse of their order.
+  // This is not a descending sort: equal keys are in the reverse of their original order.
   EXPECT_EQ(this->Sort({"7a", "7b", "7c", "7d", "7e"}, Number(SortReverse)),
             (Texts{"7e", "7d", "7c", "7b", "7a"}));
   EXPECT_EQ(this->Sort({"1a", "2a", "1b", "2b"}, Number(SortReverse)), (Texts{"2b", "2a", "1b", "1a"}));
@@ -212,7 +212,7 @@ TEST(LineSortBytes, KeyOfASubstring) {
 
 TEST(LineSortBytes, KeyOfAnItem) {
   EXPECT_EQ(Sorted<char>({"1;c;x", "2;a;x", "3;b;x"}, Item(2, ';')), (Texts{"2;a;x", "3;b;x", "1;c;x"}));
-  // A missing item is an empty key and comes first; an empty one is the rest of its line.
+  // A missing item is an empty key and comes first; an empty item extends to the end of its line.
   EXPECT_EQ(Sorted<char>({"1;c;x", "2;;x", "3"}, Item(2, ';')), (Texts{"3", "2;;x", "1;c;x"}));
 }
 
@@ -236,7 +236,7 @@ TEST(LineSortUnits, KeysAreHalfAsLongAsMeant) {
 }
 
 TEST(LineSortUnits, KeysAtOddOffsetsStraddleTheCharactersAsMeant) {
-  // The units from the second byte on are 0x7800 and 0x1000, though 0x0178 is below 0x0210.
+  // The units from the second byte on are 0x7800 and 0x1000, although 0x0178 is less than 0x0210.
   LineRecords<WCHAR> records({{W('a'), 0x0178}, {W('b'), 0x0210}});
   const char* const first = records.lines[0].text;
   const char* const second = records.lines[1].text;
@@ -248,7 +248,7 @@ TEST(LineSortUnits, KeysAtOddOffsetsStraddleTheCharactersAsMeant) {
 }
 
 TEST(LineSortUnits, LinesThatTheStartIsBehindComeFirstByTheirBytes) {
-  // The offset of four lies behind "abc" and is its third character in bytes.
+  // The offset of 4 is after the end of "abc", but in bytes it is its third character.
   EXPECT_EQ(Sorted<WCHAR>({"zzzz", "abc", "a", "ab"}, From(4, Options(SortBySubstring))),
             (Texts{"a", "ab", "abc", "zzzz"}));
 }
@@ -281,9 +281,9 @@ TYPED_TEST(LineSort, LinesMoveWithTheirOwnEndings) {
   EXPECT_EQ(records.lines[1].endingKind, LineEnding::CrLf);
 }
 
-// An order that is not one: "a" equals all others, and "ab" comes before "ac". libstdc++ sorts the two
-// halves, which stay as they are, and merges them: "ab" comes before "ac", so both lines of the second half
-// do, and the rest follows. A library that sorts so few lines by insertion finds "ab" equal to the "a" before
+// The comparison is not a strict weak order: "a" equals all others, and "ab" is less than "ac". libstdc++
+// sorts the two halves, which do not change, and merges them: "ab" is less than "ac", so both lines of the
+// second half come first. A library that sorts so few lines by insertion finds "ab" equal to the "a" before
 // it and moves nothing.
 TEST(LineSortOfLibstdcxx, MergesTheHalvesOfKeysThatEqualTheirBeginnings) {
   EXPECT_EQ(Sorted<char>({"ac", "a", "ab", "ab"}, Text()), (Texts{"ab", "ab", "ac", "a"}));

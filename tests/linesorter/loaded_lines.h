@@ -1,4 +1,4 @@
-// Lines as a test sees them.
+// Loaded lines in a form that tests can compare.
 #pragma once
 
 #include <cstring>
@@ -9,7 +9,7 @@
 #include "linesorter/engine/sortable_lines.h"
 #include "platform/text.h"
 
-// What a file on disk holds for a 16-bit text: the units as they stand, the low byte first.
+// Returns a 16-bit text as the bytes of a file: little-endian units.
 inline std::string WideBytes(WStringView text) {
   std::string bytes;
   for (const WCHAR unit : text) {
@@ -19,13 +19,14 @@ inline std::string WideBytes(WStringView text) {
   return bytes;
 }
 
-// A literal with the zero characters in it, without the one at its end.
+// Returns the characters of a literal, including zeros but without its terminator.
 template <std::size_t kSize>
 std::string Bytes(const char (&literal)[kSize]) {
   return {literal, kSize - 1};
 }
 
-// A record with its text and its ending instead of a pointer; a long text by its length and first byte.
+// A record with its text and its ending in place of a pointer. A long text is replaced by its length and
+// first byte.
 struct LoadedLine {
   std::string text;
   std::string ending;

@@ -1,4 +1,4 @@
-// Line records over texts of a test's own, as a loader would leave them.
+// Line records over texts of a test, as a loader creates them.
 #pragma once
 
 #include <deque>
@@ -9,7 +9,7 @@
 #include "linesorter/engine/sortable_lines.h"
 
 struct MadeLines {
-  // The kind of the ending: LineEnding::None without one, LineEnding::Lf for one byte or unit.
+  // `kind` is LineEnding::None without an ending, and LineEnding::Lf for one byte or unit.
   MadeLines& Add(std::string_view text, std::string_view ending, WQDR::LineEnding kind) {
     const std::string& stored = storage_.emplace_back(std::string(text) + std::string(ending));
     lines.push_back({stored.data(), static_cast<std::uint32_t>(text.size()),
@@ -29,5 +29,5 @@ struct MadeLines {
   std::vector<WQLineSorter::SortLine> lines;
 
  private:
-  std::deque<std::string> storage_;  // where the records point
+  std::deque<std::string> storage_;  // the texts that the records point to
 };

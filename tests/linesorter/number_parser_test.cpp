@@ -1,4 +1,4 @@
-// Decimal numbers in text, in both widths and both sizes.
+// Parsing decimal numbers, in both character widths and both number sizes.
 #include "linesorter/engine/number_parser.h"
 
 #include <gtest/gtest.h>
@@ -161,7 +161,7 @@ TEST(NumberParserUnits, TheWideBlanksOfWindowsAreWhiteSpace) {
 }
 
 TEST(NumberParserUnits, TheHighByteOfAUnitCounts) {
-  // 0x0131 and 0x012D have the low bytes of "1" and "-".
+  // The low bytes of 0x0131 and 0x012D are "1" and "-".
   const WCHAR text[] = {0x31, 0x0131, 0};
   const WCHAR* end = nullptr;
   EXPECT_EQ(ParseNumber<std::int64_t>(text, &end), 1);

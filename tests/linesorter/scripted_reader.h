@@ -1,5 +1,5 @@
-// A source of bytes that delivers as a test tells it: in short portions, less than it promised, or failing in
-// the middle.
+// A data source that a test controls: it delivers short portions, or less than announced, or fails in the
+// middle.
 #pragma once
 
 #include <algorithm>
@@ -12,19 +12,20 @@
 
 class ScriptedReader final : public WQDR::DataReader {
  public:
-  // Delivers `bytes` in portions of these sizes, the last of which repeats; without any, in as few as it can.
+  // Delivers `bytes` in portions of these sizes, the last of which repeats; if there are none, in as few
+  // portions as possible.
   explicit ScriptedReader(std::string bytes, std::vector<std::uint32_t> portions = {})
       : bytes_(std::move(bytes)), portions_(std::move(portions)) {
     size = bytes_.size();
   }
 
-  // Before the read of this number, from 1, is served.
+  // `fail` is called before the read with this number, counted from 1.
   int failAt = 0;
   std::function<void()> fail;
-  // Reads are counted up to here, and then one throws: a loader that goes round without an end stops.
+  // The read after this number of reads throws, which stops a loader in an endless loop.
   std::size_t mostReads = 100000;
 
-  std::vector<std::uint32_t> asked;  // bytes that each read asked for
+  std::vector<std::uint32_t> asked;  // the number of bytes that each read requested
 
   void Read(void* buffer, std::uint32_t toRead, std::uint32_t* bytesRead) override {
     asked.push_back(toRead);

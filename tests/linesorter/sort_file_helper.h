@@ -9,7 +9,7 @@
 #include "linesorter/engine/sort_file.h"
 #include "support/scratch_folder.h"
 
-// What a run answered; the number and the one in the result are always the same.
+// The outcome of a run. The returned number and the one in the result must be equal.
 struct SortOutcome {
   DWORD errorCode;
   std::string message;
@@ -30,14 +30,14 @@ inline SortOutcome RunSort(const WString& source, const WString& target,
   return {code, result.message};
 }
 
-// Whole lines as text, in ordinal order, with further bits.
+// Returns options for whole lines as text in ordinal order, with these additional bits.
 inline WQLineSorter::SortLinesOptions SortOptions(std::uint32_t more) {
   WQLineSorter::SortLinesOptions options;
   options.options = WQLineSorter::SortByLine | WQLineSorter::SortAsText | more;
   return options;
 }
 
-// All keys equal: whole lines as numbers.
+// Returns options by which all keys are equal: whole lines as numbers.
 inline WQLineSorter::SortLinesOptions EqualKeyOptions(std::uint32_t more) {
   WQLineSorter::SortLinesOptions options;
   options.options = WQLineSorter::SortByLine | WQLineSorter::SortAsNumber | more;

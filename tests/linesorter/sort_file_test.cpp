@@ -1,5 +1,5 @@
-// The sort of one file: what comes out, how targets and backups are treated, and each failure with its number
-// and text.
+// Sorting one file: the output, the handling of targets and backups, and each failure with its number and
+// text.
 #include "linesorter/engine/sort_file.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ using testing::UnorderedElementsAre;
 
 namespace {
 
-// The bytes that come of sorting a file of these bytes into another.
+// Returns the bytes of the target after sorting a file with these bytes.
 std::string Sorted(const std::string& bytes, const SortLinesOptions& options) {
   const ScratchFolder scratch;
   EXPECT_EQ(RunSort(scratch.Write(W("in"), bytes), scratch.Path(W("out")), options), kSorted);
@@ -49,7 +49,7 @@ TEST(SortFile, LastLineWithoutAnEndingGetsOne) {
 
 TEST(SortFile, MixedEndingsMoveWithTheirLines) {
   EXPECT_EQ(SortedText("c\nb\r\na\n"), "a\nb\r\nc\n");
-  // The first ending in the sorted order is that of b.
+  // The first ending in sorted order is that of b.
   EXPECT_EQ(SortedText("c\nb\r\na"), "a\r\nb\r\nc\n");
   EXPECT_EQ(SortedText("c\r\nb\na"), "a\nb\nc\r\n");
 }
@@ -143,7 +143,7 @@ TEST(SortFile, NumbersSortByValue) {
 
 TEST(SortFile, SixteenBitTextSortsInUnits) {
   EXPECT_EQ(SortedText(WideBytes(W("\uFEFFc\nb\r\na\nd\n"))), WideBytes(W("a\nb\r\nd\n\uFEFFc\n")));
-  // Without a mark it is known by its first five units.
+  // Without a byte order mark, UTF-16 is detected by the first five units.
   EXPECT_EQ(SortedText(WideBytes(W("cc\nbb\naa"))), WideBytes(W("aa\nbb\ncc\n")));
   EXPECT_EQ(SortedText(WideBytes(W("cc\r\nbb\raa"))), WideBytes(W("aa\r\nbb\r\ncc\r\n")));
 }
@@ -162,7 +162,7 @@ TEST(SortFile, OddSixteenBitFileIsMeantToComeOutOneByteLonger) {
 }
 
 TEST(SortFile, ManyBlocksOfLinesAreSorted) {
-  // 7919 is prime to 20000, so each number comes once.
+  // 7919 and 20000 are coprime, so each number occurs once.
   std::string file;
   std::string expected;
   for (int i = 0; i < 20000; ++i) {
@@ -255,7 +255,7 @@ TEST(SortFile, TargetInAFolderThatIsNotThereFails) {
 }
 
 TEST(SortFile, KeptBackupHoldsWhatStoodAtTheTarget) {
-  // With a backup the target's place is free, so the overwrite bit does not matter.
+  // The backup moves the target away, so the overwrite bit has no effect.
   for (const std::uint32_t overwrite : {0u, std::uint32_t{SaveOverwrite}}) {
     const ScratchFolder scratch;
     const WString path = scratch.Write(W("a.txt"), "b\na\n");
@@ -343,7 +343,7 @@ TEST(SortFile, OutputHasTheAttributesOfANewFile) {
   EXPECT_EQ(scratch.Read(W("a.txt.bak")), "b\na\n");
 }
 
-// The backup's path is then the target itself, and it is deleted after the write as a backup is.
+// In this case the backup's path is the target itself, which is deleted after the write like any backup.
 TEST(SortFile, DeletedBackupOfATargetThatIsNotThereIsMeantToDeleteTheTargetJustWritten) {
   const ScratchFolder scratch;
   EXPECT_EQ(RunSort(scratch.Write(W("in"), "b\na\n"), scratch.Path(W("out")),

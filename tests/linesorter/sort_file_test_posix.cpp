@@ -1,5 +1,5 @@
-// The sort of one file when the system fails in the middle: which number and text come out, and where the
-// user's data stands then.
+// Sorting one file when the system fails in the middle: the reported number and text, and where the user's
+// data is afterwards.
 #include "linesorter/engine/sort_file.h"
 
 #include <gmock/gmock.h>
@@ -26,7 +26,7 @@ constexpr std::uint32_t kBackups[] = {SaveKeepBackup, SaveDeleteBackup};
 
 const SortOutcome kNotOpened{ERROR_FILE_EXISTS, "Unable to open file for writing"};
 
-// The file `a.txt` in a folder of its own, sorted in place.
+// A file `a.txt` in a new folder, sorted in place.
 struct OneFile {
   explicit OneFile(const std::string& bytes = kFile) : path(folder.Write(W("a.txt"), bytes)) {}
 
@@ -34,7 +34,7 @@ struct OneFile {
   std::string Bytes() const { return folder.Read(W("a.txt")); }
   std::string BackupBytes() const { return folder.Read(W("a.txt.bak")); }
 
-  // And stands there alone.
+  // Checks the contents, and that the folder contains nothing else.
   void ExpectBytes(const char* expected) const {
     EXPECT_EQ(Bytes(), expected);
     EXPECT_THAT(folder.Names(), ElementsAre(W("a.txt")));
@@ -46,7 +46,7 @@ struct OneFile {
 
 }  // namespace
 
-// Under Wine the superuser writes read-only files.
+// Under Wine the superuser can write read-only files.
 TEST(SortFile, ReadOnlyTargetIsNotOverwritten) {
   const OneFile file("b\na\n");
   ASSERT_TRUE(SetFileAttributesW(file.path.c_str(), FILE_ATTRIBUTE_READONLY));
@@ -66,7 +66,7 @@ TEST(SortFileFaults, LoadFailsAndNothingIsTouched) {
       {"GetFileAttributesW", 1, ERROR_ACCESS_DENIED, {2, "File not found"}},
       {"CreateFileW", 1, ERROR_ACCESS_DENIED, {ERROR_ACCESS_DENIED, "Unable to open file"}},
       {"ReadFile", 1, ERROR_IO_DEVICE, {ERROR_IO_DEVICE, "Unable to read file content"}},
-      // The file goes away after its format was looked at.
+      // The file disappears after its format was detected.
       {"CreateFileW", 2, ERROR_FILE_NOT_FOUND, {ERROR_FILE_NOT_FOUND, "Unable to open file : " + name}},
       {"GetFileSizeEx", 1, ERROR_IO_DEVICE, {ERROR_IO_DEVICE, "Failed to get filesize : " + name}},
       {"ReadFile", 2, ERROR_IO_DEVICE, {ERROR_IO_DEVICE, "Failed to read file"}},
@@ -80,7 +80,7 @@ TEST(SortFileFaults, LoadFailsAndNothingIsTouched) {
       file.ExpectBytes(kFile);
     }
   }
-  // Every handle was closed: the file can be moved.
+  // Every handle was closed, so the file can be moved.
   EXPECT_EQ(FailureOf(MoveFileW(file.path.c_str(), file.folder.Path(W("b.txt")).c_str())), kNoFailure);
 }
 
@@ -104,7 +104,7 @@ TEST(SortFileFaults, CreateFailsWithoutABackupAndTheDataStandsAsItWas) {
 }
 
 TEST(SortFileFaults, WriteFailsAndPartialTargetAndBackupStayAsTheyAre) {
-  // Two buffers and a bit.
+  // More than two buffers.
   std::string bytes;
   for (int i = 0; i < 70; ++i) bytes += std::string(999, static_cast<char>('a' + i / 3)) + "\n";
   for (const std::uint32_t backup : kBackups) {
@@ -232,7 +232,8 @@ TEST(SortFileFaults, BackupThatCannotBeDeletedStaysAndTheRunIsASuccess) {
     const OneFile file;
     ASSERT_TRUE(SetFileAttributesW(file.path.c_str(), FILE_ATTRIBUTE_READONLY));
     const Faults::Scope faults;
-    // The source, the target and its backup's name are asked for before, and then the backup's attributes.
+    // The first three calls examine the source, the target and the backup's name; the fourth reads the
+    // backup's attributes.
     Faults::Fail(function, function == std::string("GetFileAttributesW") ? 4 : 1, ERROR_ACCESS_DENIED);
     EXPECT_EQ(file.Sort(SaveDeleteBackup), kSorted) << function;
     EXPECT_EQ(file.Bytes(), kSortedFile) << function;
@@ -281,7 +282,7 @@ TEST(SortFileFaults, OnlyTheHeadAndOnePassOverTheFileAreRead) {
 
 namespace {
 
-// Sorts with no more than so many allocations.
+// Sorts with at most this many allocations.
 SortResult SortWithin(int allocations, const WString& source, const WString& target, std::uint32_t more) {
   const SortLinesOptions options = SortOptions(more);
   SortResult result;
@@ -294,8 +295,8 @@ SortResult SortWithin(int allocations, const WString& source, const WString& tar
   return result;
 }
 
-// Sorts again and again, with one allocation more each time until it succeeds. Each failure is number 14 with
-// its text; where the user's data stands then is for `sort` to look at.
+// Repeats a sort with one more allowed allocation each time until it succeeds. Each failure must have number
+// 14 and its text; `sort` checks where the user's data is.
 void UntilMemorySuffices(const std::function<SortResult(int allocations)>& sort) {
   for (int allocations = 0;; ++allocations) {
     ASSERT_LT(allocations, 1000);
@@ -309,7 +310,7 @@ void UntilMemorySuffices(const std::function<SortResult(int allocations)>& sort)
   }
 }
 
-// The data is in the file or, once that was moved, in its backup.
+// The data is in the file or, after that was moved, in its backup.
 void ExpectNothingIsLostInPlace(std::uint32_t more, bool keepsBackup) {
   UntilMemorySuffices([&](int allocations) {
     const OneFile file;

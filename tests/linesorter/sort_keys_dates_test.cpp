@@ -1,4 +1,4 @@
-// The date that the key of a line holds, in both widths.
+// The date in the key of a line, in both character widths.
 #include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ TYPED_TEST(SortKeys, DateThatDoesNotMatchIsMinusOne) {
 }
 
 TYPED_TEST(SortKeys, DateThatMatchesInPartCountsWithWhatItHasAsMeant) {
-  // No month is January; no day is the last one of the month before.
+  // A missing month is January; a missing day is the last day of the previous month.
   EXPECT_EQ(this->NumbersOf({"2014-x", "2014-11-x", "2014-11"}, Date("%Y-%m-%d")),
             (Numbers{LocalTime(2013, 12, 31), LocalTime(2014, 10, 31), LocalTime(2014, 10, 31)}));
 }
@@ -55,7 +55,7 @@ TYPED_TEST(SortKeys, YearThatAFormatLeavesAbsoluteIsTakenAsOne) {
   EXPECT_EQ(this->NumbersOf({"2014-11-21"}, Date("%y-%m-%d")), (Numbers{LocalTime(2014, 11, 21)}));
   EXPECT_EQ(this->NumbersOf({"1901-11-21"}, Date("%y-%m-%d")), (Numbers{-1}));
   EXPECT_EQ(this->NumbersOf({"3801-11-21"}, Date("%Y-%m-%d")), (Numbers{-1}));
-  // The year 3871 is 1971 above 1900.
+  // Stored as 3871 - 1900 = 1971, which is then taken for an absolute year.
   EXPECT_EQ(this->NumbersOf({"3871-11-21"}, Date("%Y-%m-%d")), (Numbers{LocalTime(1971, 11, 21)}));
 }
 

@@ -51,7 +51,7 @@ inline SortLinesOptions From(std::uint32_t lineOffset, SortLinesOptions options)
   return options;
 }
 
-// Local time as the C library tells it.
+// Local time, computed by the C library.
 inline std::int64_t LocalTime(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
   std::tm time = TimeOf(year, month, day, hour, minute, second);
   return static_cast<std::int64_t>(std::mktime(&time));

@@ -1,4 +1,4 @@
-// The number that the key of a line holds, in both widths.
+// The number in the key of a line, in both character widths.
 #include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +39,7 @@ TYPED_TEST(SortKeys, SubstringLengthLimitsTheNumberOfAnItemToo) {
 TYPED_TEST(SortKeys, NumberOfAnItemEndsAtItsSeparator) {
   EXPECT_EQ(this->KeyIn("a;12;34", Item(2, ';', SortAsNumber)), (Key{2, 2, 12}));
   EXPECT_EQ(this->KeyIn("a;;34", Item(2, ';', SortAsNumber)), (Key{2, 0, 0}));
-  // Unless the separator can stand in a number.
+  // Unless the separator can be part of a number.
   EXPECT_EQ(this->KeyIn("a  34", Item(2, ' ', SortAsNumber)), (Key{2, 0, 34}));
   EXPECT_EQ(this->KeyIn("a1213", Item(2, '1', SortAsNumber)), (Key{2, 1, 213}));
 }
@@ -72,7 +72,7 @@ TYPED_TEST(SortKeys, NumberLimitIsNoMoreThanTheCharactersThatAreLeft) {
   EXPECT_EQ(this->NumbersOf({"  ", "42"}, Number(6)), (Numbers{0, 42}));
   EXPECT_EQ(this->NumbersOf({"4", "2"}, Number(6), ""), (Numbers{4, 2}));
   EXPECT_EQ(this->NumbersOf({"ab ", "42"}, From(2, Number(6))), (Numbers{0, 0}));
-  // Blanks that are skipped are not left.
+  // Skipped blanks do not count towards the length.
   SortLinesOptions skipping = Number(6);
   skipping.options |= SortSkipLeadingSpace;
   EXPECT_EQ(this->NumbersOf({"  ", "42"}, skipping), (Numbers{42, 42}));
@@ -93,7 +93,7 @@ TYPED_TEST(SortKeys, NumberOfAKeyBehindTheLinesEndIsZero) {
 }
 
 TYPED_TEST(SortKeys, NumberLimitsOf64AndMoreAreCutAt63Characters) {
-  // The 63rd character is the "1"; without a limit all are read.
+  // The 63rd character is the "1"; without a limit all characters are read.
   const std::string text = std::string(62, '0') + "123";
   EXPECT_EQ(this->KeyIn(text, Number(62)), (Key{0, 62, 0}));
   EXPECT_EQ(this->KeyIn(text, Number(63)), (Key{0, 63, 1}));

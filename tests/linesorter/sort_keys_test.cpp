@@ -1,4 +1,4 @@
-// Where the key of a line begins and ends, step by step, in both widths.
+// Start and end of a line's key, rule by rule, in both character widths.
 #include "linesorter/engine/sort_keys.h"
 
 #include <gtest/gtest.h>
@@ -114,7 +114,7 @@ TYPED_TEST(SortKeys, SubstringLengthGoesBeforeTheEndCharacters) {
   options.matchChar = options.matchCharA = ';';
   options.subStringLen = 5;
   EXPECT_EQ(this->KeyIn("a b;cdef", options), (Key{0, 5}));
-  // Also where it does not fit.
+  // Even if the line is too short for it.
   options.subStringLen = 50;
   EXPECT_EQ(this->KeyIn("a b;cdef", options), (Key{0, 0}));
 }
@@ -194,7 +194,7 @@ TYPED_TEST(SortKeys, ItemsAreCountedFromTheStart) {
   EXPECT_EQ(this->KeyIn("a;b;c", From(1, Item(2))), (Key{2, 1}));
   EXPECT_EQ(this->KeyIn("  a;b", Item(1, ';', SortSkipLeadingSpace)), (Key{2, 1}));
   EXPECT_EQ(this->KeyIn("  a b", Item(2, ' ', SortSkipLeadingSpace)), (Key{4, 1}));
-  // The blanks of an item are its own.
+  // The leading blanks of an item belong to it.
   EXPECT_EQ(this->KeyIn("a; b", Item(2, ';', SortSkipLeadingSpace)), (Key{2, 2}));
 }
 
@@ -246,7 +246,7 @@ TEST(SortKeysUnits, TakeTheUnitOfTheEndCharacter) {
 }
 
 TEST(SortKeysUnits, AreComparedWhole) {
-  // Units whose low or high bytes are those of a semicolon, a blank and a tab.
+  // Units whose low or high bytes are a semicolon, a blank or a tab.
   const WString text = {0x0120, 0x0109, 0x013B, 0x3B00, 0x2000, 0x0900, W('a'), 0x203B, W('b')};
   LineRecords<WCHAR> records({text});
   ComputeSortKeys<WCHAR>(records.lines, Substring(SortSkipLeadingSpace | SortEndAtWhitespace));

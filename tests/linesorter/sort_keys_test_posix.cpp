@@ -1,4 +1,4 @@
-// Dates in time zones that the test chooses.
+// Dates in time zones that the test sets.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -71,7 +71,7 @@ TEST(SortKeysOfDates, NothingBefore1970OrBehind3000IsTold) {
   EXPECT_EQ(DateKey("UTC0", "3001-01-02 00:00:00"), -1);
 }
 
-// Wine's run-time library takes days beyond 32 bits modulo, so this is held here alone.
+// In the native build only: Wine's C library reduces days beyond 32 bits modulo 2^32.
 TEST(SortKeysOfDates, DaysWithoutNumberAreNotTold) {
   EXPECT_EQ(DateKey("UTC0", "2014-11-99999999999 00:00:00"), -1);
   EXPECT_EQ(DateKey("UTC0", "2014-11--99999999999 00:00:00"), -1);

@@ -1,4 +1,4 @@
-// The menu command Sort Lines, from the selection to the sorted files, its dialog answered by a function.
+// The menu command Sort Lines from the selection to the sorted files. A function stands in for its dialog.
 #include "linesorter/tool/sort_lines_command.h"
 
 #include <gmock/gmock.h>
@@ -36,14 +36,14 @@ class SortLinesCommandTest : public testing::Test {
  protected:
   SortLinesCommandTest() { host_.texts[kTextSortDlgSuffix] = W("_s"); }
 
-  // Makes and selects a file.
+  // Creates and selects a file.
   void Select(const WString& name, std::string_view bytes) {
     folder_.Write(name, bytes);
     items_.emplace_back(host_.recorder, folder_.Path() + W("\\"), name, FILE_ATTRIBUTE_ARCHIVE);
     host_.selection.push_back(&items_.back());
   }
 
-  // Runs the command; the job's closing message is answered.
+  // Runs the command and answers the closing message.
   void Run(const SortLinesDialog& show) {
     host_.boxAnswers = {IDOK};
     SortLinesCommand(host_, show);

@@ -1,4 +1,4 @@
-// The form of Sort Lines as the native build hands it to whoever answers dialogs.
+// The form of Sort Lines as the native build passes it to the handler of dialogs.
 #include "linesorter/tool/sort_lines_dlg.h"
 
 #include <gmock/gmock.h>
@@ -24,7 +24,7 @@ SortLinesForm StartedForm(std::uint32_t bits = 0x100011) {
   return form;
 }
 
-// Shows a form and answers OK after the steps.
+// Shows a form, runs the steps, and closes it with OK.
 void Show(SortLinesForm& form, const std::function<void(Platform::FormRequest&)>& steps) {
   FakeHost host;
   DialogAnswer answer([&](Platform::FormRequest& request) -> INT_PTR {

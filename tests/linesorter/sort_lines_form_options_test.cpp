@@ -1,4 +1,4 @@
-// The form of the Sort Lines dialog: the options that come out of it.
+// The form of the Sort Lines dialog: reading the options from its fields.
 #include "linesorter/tool/sort_lines_form.h"
 
 #include <gmock/gmock.h>

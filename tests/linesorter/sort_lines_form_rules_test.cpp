@@ -1,4 +1,4 @@
-// The form of the Sort Lines dialog: what follows from a change.
+// The form of the Sort Lines dialog: the effects of a change.
 #include "linesorter/tool/sort_lines_form.h"
 
 #include <gmock/gmock.h>

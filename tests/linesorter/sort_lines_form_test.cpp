@@ -1,5 +1,4 @@
-// The form of the Sort Lines dialog: what it shows of the options, the names that it suggests, its date
-// formats.
+// The form of the Sort Lines dialog: how it shows the options, the names that it suggests, its date formats.
 #include "linesorter/tool/sort_lines_form.h"
 
 #include <gmock/gmock.h>

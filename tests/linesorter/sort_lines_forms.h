@@ -1,4 +1,4 @@
-// Forms of the Sort Lines dialog as its tests need them, and the changes of a user.
+// Forms of the Sort Lines dialog for its tests, and changes as a user makes them.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace WQLineSorter {
 using Change = std::function<void(SortLinesForm&)>;
 using Stored = std::function<void(SortLinesOptions&)>;
 
-// A form for `a.txt` alone, started with these bits.
+// Returns a form for the single file `a.txt`, started with these bits.
 inline SortLinesForm FormWith(std::uint32_t bits, const Stored& more = {}) {
   SortLinesForm form;
   form.fileCount = 1;
@@ -25,7 +25,7 @@ inline SortLinesForm FormWith(std::uint32_t bits, const Stored& more = {}) {
   return form;
 }
 
-// What is stored of an end character or separator, and of a length.
+// Functions that store a length, and an end character or separator.
 inline Stored StoredLength(std::uint32_t length) {
   return [length](SortLinesOptions& options) { options.subStringLen = length; };
 }
@@ -37,7 +37,7 @@ inline Stored StoredCharacter(char16_t character, std::uint32_t length = 0) {
 }
 inline void StoreDayFormat(SortLinesOptions& options) { std::copy_n("%d", 3, options.dateFormat); }
 
-// A user's change and what follows from it.
+// Makes a user's change and applies its effects.
 inline void Edit(SortLinesForm& form, const Change& change) {
   const SortLinesForm before = form;
   change(form);
@@ -57,7 +57,7 @@ inline void ClickEndAtWhitespace(SortLinesForm& form) {
   Edit(form, [](SortLinesForm& edited) { edited.endAtWhitespace = !edited.endAtWhitespace; });
 }
 
-// Whether length, end character and the whitespace box can be changed.
+// Returns whether length, end character and the whitespace box are enabled.
 inline std::vector<bool> SubstringState(const SortLinesForm& form) {
   return {form.enabled.length, form.enabled.endCharacter, form.enabled.endAtWhitespace};
 }
@@ -67,9 +67,9 @@ inline std::vector<bool> ItemState(const SortLinesForm& form) {
 
 inline std::uint32_t BitsOf(const SortLinesForm& form) { return ReadOptions(form).options; }
 
-inline constexpr std::uint32_t kDefaultBits = 0x100011;  // line, text, without leading blanks
+inline constexpr std::uint32_t kDefaultBits = 0x100011;  // whole line, as text, without leading blanks
 
-// The substring choice with nothing in its three fields.
+// Returns a form that sorts by substring, with its three fields empty.
 inline SortLinesForm EmptySubstringForm() {
   SortLinesForm form = FormWith(kDefaultBits);
   ChooseSortBy(form, SortBySubstring);

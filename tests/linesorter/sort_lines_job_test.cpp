@@ -15,20 +15,20 @@ using testing::SizeIs;
 
 namespace {
 
-// Title and text of the question, and its buttons and icon: yes, no, cancel and a question mark.
+// Title and text of the question, and its style: buttons Yes, No and Cancel, and a question mark.
 constexpr char kQuestion[] = "MessageBox(\"T023B0064\", \"T023F0064\", 0x00000023)";
 
 constexpr TextId kFailedFormat = 38076516;
 constexpr TextId kSortedFormat = 37552228;
 
-// One run over files of a scratch folder.
+// A run over files of a scratch folder.
 struct JobRun {
   JobRun() {
     host.texts[kFailedFormat] = W("%d failed");
     host.texts[kSortedFormat] = W("%s sorted");
   }
 
-  // Makes a file and puts it into the list.
+  // Creates a file and adds it to the list.
   FakeFileItem* Add(WStringView name, std::string_view bytes) {
     scratch.Write(name, bytes);
     return AddMissing(name);
@@ -53,7 +53,7 @@ struct JobRun {
     ExpectAllGivenBack(host);
   }
 
-  // Log lines as "level: text", from either operation of the log, with the folder as "~".
+  // Returns the log lines as "level: text", from both log operations, with the folder replaced by "~".
   std::vector<std::string> Log() const {
     std::vector<std::string> lines;
     for (const std::string& call : host.recorder.CallsOf({"LogMessage(", "LogText("})) {
@@ -66,10 +66,10 @@ struct JobRun {
     return lines;
   }
 
-  // What a person sees.
+  // Returns the message boxes, as recorded.
   std::vector<std::string> Boxes() const { return host.recorder.CallsOf({"MessageBox("}); }
 
-  // The list handed back with this marker, as names.
+  // Returns the names in the list that was handed back with this mode.
   std::vector<std::string> Result(u32 mode) const {
     std::vector<std::string> names;
     int lists = 0;
@@ -82,7 +82,7 @@ struct JobRun {
     return names;
   }
 
-  // The steps in their order, in words.
+  // Returns the steps of the run in order, in words.
   std::vector<std::string> Steps() const {
     std::vector<std::string> steps;
     for (const std::string& call : host.recorder.Calls()) {
@@ -105,7 +105,7 @@ struct JobRun {
   FakeHost host;
   std::vector<FakeFileItem*> items;
   std::uint32_t optionsAfter = 0;
-  bool listIsOpen = false;  // the list of files after the run
+  bool listIsOpen = false;  // whether the list of files is in use after the run
 
  private:
   std::string Short(std::string text) const {
@@ -232,7 +232,7 @@ TEST(SortLinesJob, TargetStandsInTheFolderOfItsFile) {
 TEST(SortLinesJob, FolderWithoutASeparatorGetsOne) {
   JobRun run;
   run.scratch.Write(W("a.txt"), "2\n1\n");
-  // The item's path is the same; its folder lacks the backslash at its end.
+  // The item's path is the same, but its folder has no trailing backslash.
   run.items.push_back(run.host.AddFileIn(run.scratch.Path(), W("\\a.txt")));
   run.Run(kNew, W("out"));
   EXPECT_EQ(run.scratch.Read(W("out")), "1\n2\n");
@@ -266,7 +266,7 @@ TEST(SortLinesJob, YesStaysInTheOptionsAndTheNextExistingTargetIsMeantToBeAskedF
   EXPECT_EQ(run.scratch.Read(W("b.out")), "old");
   EXPECT_EQ(run.scratch.Read(W("c.out")), "1\n2\n");
   EXPECT_THAT(run.Boxes(), ElementsAre(kQuestion, kQuestion, kQuestion, ClosingOfFailed("1")));
-  // A later no does not take it back.
+  // A later No does not clear it.
   EXPECT_EQ(run.optionsAfter & SaveOverwrite, std::uint32_t{SaveOverwrite});
 }
 
@@ -287,7 +287,7 @@ TEST(SortLinesJob, NoSkipsTheFileAndTheNextOneIsAskedForAgain) {
                           "10: [SortLines] - Skipped to sortline in file : ~\\b.txt",
                           "10: [SortLines] - Sorted lines in file : ~\\c.txt (Saved as : ~\\c.out)"));
   EXPECT_THAT(run.Boxes(), ElementsAre(kQuestion, kQuestion, ClosingOfFailed("2")));
-  // A skipped file is neither good nor failed.
+  // A skipped file is in neither list.
   EXPECT_THAT(run.Result(0), ElementsAre("~\\c.txt"));
   EXPECT_THAT(run.Result(1), IsEmpty());
   EXPECT_EQ(run.optionsAfter & SaveOverwrite, 0u);
@@ -302,7 +302,7 @@ TEST(SortLinesJob, CancelEndsTheRunWithoutListsAndWithoutAMessage) {
     run.scratch.Write(W("b.out"), "old b");
     run.host.boxAnswers = {IDCANCEL};
     run.Run(kNew, W("*.out"), owns);
-    // What was done before stays done.
+    // The files that were done before remain.
     EXPECT_EQ(run.scratch.Read(W("a.out")), "1\n2\n");
     EXPECT_EQ(run.scratch.Read(W("b.out")), "old b");
     EXPECT_FALSE(run.scratch.Exists(W("c.out")));
@@ -328,7 +328,7 @@ TEST(SortLinesJob, CancelAfterAYesKeepsWhatWasDone) {
   EXPECT_THAT(run.Boxes(), ElementsAre(kQuestion, kQuestion));
 }
 
-// The overwrite bit of the options answers the question in a silent run alone.
+// The overwrite bit of the options answers the question only in a silent run.
 TEST(SortLinesJob, OverwriteAsksAllTheSame) {
   JobRun run;
   run.Add(W("a.txt"), "2\n1\n");
@@ -404,7 +404,7 @@ TEST(SortLinesJob, SilentRunShowsNothingAboutFailures) {
   EXPECT_THAT(run.Result(1), ElementsAre("~\\none.txt"));
 }
 
-// An empty name makes the folder itself the target, which exists.
+// With an empty name the target is the folder itself, which exists.
 TEST(SortLinesJob, EmptyPatternIsSkippedByASilentRun) {
   JobRun run;
   run.Add(W("a.txt"), "2\n1\n");

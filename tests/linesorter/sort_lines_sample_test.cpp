@@ -1,4 +1,4 @@
-// The sample that the Sort Lines dialog shows of the first file.
+// The sample of the first file in the Sort Lines dialog.
 #include "linesorter/tool/sort_lines_sample.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 namespace WQLineSorter {
 namespace {
 
-// The text of these bytes, which may hold zeros.
+// Returns the sample for these bytes, which may contain zeros.
 WString Sample(std::string_view bytes) { return SampleText(bytes); }
 
 TEST(SortLinesSample, BytesAreTextOfTheCodePage) {

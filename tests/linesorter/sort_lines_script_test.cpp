@@ -1,4 +1,4 @@
-// The script command SortLines: its parameters, and the road of its one file.
+// The script command SortLines: its parameters, and how its file is processed.
 #include "linesorter/tool/sort_lines_script.h"
 
 #include <gmock/gmock.h>
@@ -40,7 +40,7 @@ std::uint32_t Bits(const Values& values, const Switches& switches = {}) {
   return Read(values, switches).options;
 }
 
-// What a call sets that gives nothing but FILE and TARGET.
+// The options of a call with only FILE and TARGET.
 constexpr std::uint32_t kPlain = 0x01000011;
 
 std::vector<std::string> Reads(const Values& values, const Switches& switches = {}) {
@@ -204,7 +204,7 @@ TEST(SortLinesParameters, AnEmptyEndCharIsTheZeroCharacterAndCountsWhichIsMeant)
 
 TEST(SortLinesParameters, ParametersOfAnotherKeyAreNotRead) {
   EXPECT_EQ(Bits({{"ENDCHAR", W(";")}}, {"ENDATWHITESPACE"}), kPlain);
-  // Not even a number that is none.
+  // Not even if the value is not a number.
   EXPECT_EQ(Read({{"ITEM", W("x")}, {"SUBSTRLEN", W("x")}}).options, kPlain);
   EXPECT_EQ(Read({{"SORTBY", W("item")}, {"SUBSTRLEN", W("x")}}).subStringLen, 0u);
   EXPECT_EQ(Read({{"SORTBY", W("substring")}, {"ITEM", W("x")}}).lineItem, 0u);
@@ -315,7 +315,7 @@ TEST(SortLinesParameters, EveryDeclaredParameterIsRead) {
   EXPECT_THAT(read, UnorderedElementsAreArray(declared));
 }
 
-// A file on the disk that the host finds.
+// A file on disk that the host finds.
 struct Script {
   explicit Script(std::string_view bytes = "b\na\n") {
     host.fileOperation.items = {host.AddFileIn(scratch.Path() + W("\\"), W("a.txt"))};
@@ -323,7 +323,7 @@ struct Script {
     call.switches = {"SILENT"};
   }
 
-  // The calls of the host that are about services and lists.
+  // Returns the host calls for services, lists, the log and message boxes.
   std::vector<std::string> Road() const {
     return host.recorder.CallsOf({"GetService", "file operation", "ReleaseService", "CreateFileList", "list1",
                                   "LogMessage", "FileListRequest", "MessageBox"});

@@ -1,4 +1,4 @@
-// The output of a sort: endings, the default ending, the buffer, and targets that stand in the way.
+// The output of a sort: endings, the default ending, the buffer, and targets that cannot be replaced.
 #include "linesorter/engine/sorted_lines_writer.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ using WQLineSorter::WriteSortedLines;
 
 namespace {
 
-// The bytes that come of the lines.
+// Returns the bytes that are written for the lines.
 std::string Written(const MadeLines& made) {
   const ScratchFolder scratch;
   WriteSortedLines(scratch.Path(W("out")), made.lines, false);
@@ -78,10 +78,10 @@ TEST(SortedLinesWriter, DefaultEndingOfWideTextIsWide) {
   EXPECT_EQ(Written(MadeLines().None(Bytes("a\0")).WideCrLf(Bytes("b\0"))), Bytes("a\0\r\0\n\0b\0\r\0\n\0"));
 }
 
-// The test of the room is strict: an ending that would just fill the buffer is left out (C-128).
+// The check for free space is strict: an ending that would exactly fill the buffer is left out (C-128).
 TEST(SortedLinesWriter, DefaultEndingThatJustFitsIsMeantToBeLeftOut) {
   const struct {
-    std::size_t free;  // behind the line without an ending
+    std::size_t free;  // bytes after the line without an ending
     bool appended;
   } rows[] = {{0, false}, {1, false}, {2, true}, {3, true}};
   for (const auto& row : rows) {
@@ -119,15 +119,16 @@ TEST(SortedLinesWriter, DefaultWideEndingThatJustFitsIsMeantToBeLeftOut) {
 }
 
 TEST(SortedLinesWriter, RoomForTheDefaultEndingIsThatOfTheNewBufferAfterAWrite) {
-  // The second line does not fit behind the first and begins a new buffer, which has room for its ending.
+  // The second line does not fit after the first and starts a new buffer, which has space for its ending.
   EXPECT_EQ(Written(MadeLines().Lf(A(32000)).None(A(32000)).Lf("b")), A(32000) + "\n" + A(32000) + "\nb\n");
-  // Here the second line alone fills the new buffer to the last byte but one.
+  // Here the second line alone fills the new buffer except for its last byte.
   EXPECT_EQ(Written(MadeLines().Lf(A(32000)).None(A(32767)).Lf("b")), A(32000) + "\n" + A(32767) + "b\n");
   EXPECT_EQ(Written(MadeLines().Lf(A(32000)).None(A(32766)).Lf("b")), A(32000) + "\n" + A(32766) + "\nb\n");
 }
 
 TEST(SortedLinesWriter, AppendedEndingTakesRoomItself) {
-  // The buffer holds 2 + 32763 bytes and gets one more: two are free, one for "y" and one left.
+  // The buffer contains 2 + 32763 bytes and one appended ending. Of the two free bytes "y" takes one, and the
+  // last one is not enough for an ending.
   EXPECT_EQ(Written(MadeLines().Lf("x").None(A(32763)).None("y").Lf("z")), "x\n" + A(32763) + "\ny" + "z\n");
   EXPECT_EQ(Written(MadeLines().Lf("x").None(A(32762)).None("y").Lf("z")),
             "x\n" + A(32762) + "\ny\n" + "z\n");

@@ -1,4 +1,4 @@
-// The output of a sort when the disk fails, and the number of its writes.
+// The output of a sort when the disk fails, and the number of writes.
 #include "linesorter/engine/sorted_lines_writer.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ using WQLineSorter::WriteSortedLines;
 
 namespace {
 
-// 32 of these lines fill a buffer but for 768 bytes, in which no other fits.
+// 32 of these lines fill a buffer except for 768 bytes, which are too few for another.
 MadeLines ThousandByteLines(int count) {
   MadeLines made;
   for (int i = 0; i < count; ++i) made.Lf(std::string(999, static_cast<char>('a' + i % 26)));
@@ -34,7 +34,7 @@ Thrown WriteFailure(const WString& target, const MadeLines& made, bool replace) 
 
 }  // namespace
 
-// Under Wine the superuser writes read-only files.
+// Under Wine the superuser can write read-only files.
 TEST(SortedLinesWriter, ReadOnlyFileIsNotReplaced) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("out"), "old");
@@ -68,7 +68,7 @@ TEST(SortedLinesWriterFaults, EachWriteThatFailsLeavesWhatWasWrittenBefore) {
               (Thrown{ERROR_DISK_FULL, "Failed to write data to file"}));
     EXPECT_EQ(Faults::CallCount("WriteFile"), nth);
     EXPECT_EQ(scratch.Read(W("out")), ThousandByteText(32 * (nth - 1))) << nth;
-    // The handle is closed on this way out too.
+    // The handle is closed after this failure too.
     EXPECT_EQ(FailureOf(DeleteFileW(path.c_str())), kNoFailure) << nth;
   }
 }
@@ -91,7 +91,7 @@ TEST(SortedLinesWriterFaults, LinesGoOutInAsFewWritesAsTheBufferAllows) {
 TEST(SortedLinesWriterFaults, BufferIsFilledToItsLastByte) {
   const std::string filling(16383, 'a');
   const struct {
-    int lines;  // two fill a buffer
+    int lines;  // two of them fill a buffer
     int writes;
   } rows[] = {{2, 1}, {3, 2}, {4, 2}, {5, 3}};
   for (const auto& row : rows) {
@@ -130,7 +130,7 @@ TEST(SortedLinesWriterFaults, WriteThatFallsShortIsNotTakenForAWholeOne) {
   const Faults::Scope faults;
   Faults::WriteShort(1, 100);
   const Thrown thrown = WriteFailure(path, ThousandByteLines(10), false);
-  // Either the rest follows, or the failure is told.
+  // Either the rest is written, or the failure is reported.
   if (thrown.errorCode == 0) {
     EXPECT_EQ(scratch.Read(W("out")), ThousandByteText(10));
   } else {

@@ -1,4 +1,4 @@
-// What the 16-bit units count as where case is ignored.
+// How 16-bit units are folded when case is ignored.
 #include "linesorter/engine/unit_folding.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,8 @@
 namespace WQLineSorter {
 namespace {
 
-// Both systems order units without regard to case as their upper case: the fast way of the sort is open.
+// Both systems compare units by their upper case when case is ignored, which allows the fast path of the
+// sort.
 TEST(UnitFoldingTest, EachUnitCountsAsItsUpperCase) {
   const std::uint16_t* const folded = UnitFolding();
   ASSERT_NE(folded, nullptr);

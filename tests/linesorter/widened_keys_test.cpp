@@ -1,5 +1,5 @@
-// Keys of bytes that are widened before they are compared: the buffers are those of earlier, longer keys, of
-// which nothing may count any more.
+// Byte keys that are widened before they are compared: the buffers still contain earlier, longer keys, which
+// must have no effect.
 #include <gtest/gtest.h>
 
 #include "linesorter/engine/line_comparators.h"
@@ -15,7 +15,7 @@ class WidenedKeys : public testing::Test {
  protected:
   WidenedKeys() { comparator_.compareFlags = kNaturalFlags; }
 
-  // Behind each key stands what must not count, and then a zero.
+  // Each key is followed by text that must be ignored, and by a zero.
   bool Before(std::string_view lhs, std::string_view rhs) {
     const Exact<char> left(std::string(lhs) + "!" + '\0');
     const Exact<char> right(std::string(rhs) + "!!" + '\0');
@@ -23,7 +23,7 @@ class WidenedKeys : public testing::Test {
                                static_cast<std::uint32_t>(rhs.size()));
   }
 
-  // Fills the buffers with texts that would decide otherwise than the keys do.
+  // Fills the buffers with texts whose order differs from that of the keys.
   void Fill(std::size_t size, char left, char right) {
     EXPECT_EQ(Before(std::string(size, left), std::string(size, right)), left < right);
   }
@@ -46,7 +46,7 @@ class WidenedKeys : public testing::Test {
   LineCompare_LanguageAware_WFallback comparator_;
 };
 
-// A literal with its zeros.
+// Returns a literal with its zeros.
 template <std::size_t kSize>
 constexpr std::string_view KeyBytes(const char (&literal)[kSize]) {
   return {literal, kSize - 1};

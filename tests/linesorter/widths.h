@@ -1,4 +1,4 @@
-// Test texts in both widths of the line sorter.
+// Test texts in both character widths of the line sorter.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 
 #include "platform/text.h"
 
-// Each character in its width; above 0x7F a byte becomes the unit of its number.
+// Widens each character; a byte above 0x7F becomes the unit with the same value.
 template <typename CharT>
 std::basic_string<CharT> In(std::string_view text) {
   std::basic_string<CharT> result;
@@ -19,7 +19,8 @@ std::basic_string<CharT> In(std::string_view text) {
   return result;
 }
 
-// A copy of `text` that ends where its memory ends, so that a checker of memory sees a step too far.
+// A copy of `text` that ends exactly where its memory ends, so that memory checkers detect an access after
+// it.
 template <typename CharT>
 class Exact {
  public:

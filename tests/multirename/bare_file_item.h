@@ -1,4 +1,4 @@
-// A host's item that gives nothing; a test overrides what it needs.
+// An item of the host whose operations return nothing; tests override what they need.
 #pragma once
 
 #include "frame/host/host_files.h"

@@ -1,4 +1,4 @@
-// The bounds of expressions: steps, stack and size.
+// The limits of regular expressions: steps, stack and size.
 #include "multirename/rules/bounded_regex.h"
 
 #include <gmock/gmock.h>
@@ -6,7 +6,7 @@
 namespace Velmora::SDK {
 namespace {
 
-// "complexity" or "stack" for what takes too much, otherwise the text.
+// Returns "complexity" or "stack" if the limit was exceeded, otherwise the resulting text.
 std::string Outcome(const WString& expression, const WString& text, const wchar_t* format = L"-") {
   try {
     const BoundedRegex regex(expression, true);
@@ -38,7 +38,7 @@ TEST(BoundedRegexTest, PathsWithoutNumberEndAtTheStepLimit) {
 }
 
 TEST(BoundedRegexTest, PathsThatNeverTouchTheTextEndToo) {
-  // Alternatives of nothing, 2 to the 30th power of them, each ending at what does not match.
+  // Empty alternatives: 2 to the power of 30 paths, each of which fails at the end.
   EXPECT_EQ(Outcome(W("(?:|){30}b"), W("a")), "complexity");
   EXPECT_EQ(Outcome(W("(?:|){30}$b"), W("a")), "complexity");
   EXPECT_EQ(Outcome(W("(?:(b)|)(?:|){30}\\1"), W("a")), "complexity");
@@ -88,7 +88,7 @@ TEST(BoundedRegexTest, WhatACompilationWouldRecurseInOrGrowFromIsRefused) {
   EXPECT_EQ(Outcome(Repeated(W("a"), 1025), W("a")), "The regular expression is too long.");
 }
 
-// The size of an expression, with the states that each part of it counts as.
+// An expression and the number of states that it counts as.
 struct ExpressionSize {
   const char* expression;
   int states;
@@ -147,9 +147,9 @@ constexpr ExpressionSize kExpressionSizes[] = {
     {"(a|b){3}", 3 * 9 + 9},
 };
 
-// The refusal of the expression with what makes `states` of it, or an empty text.
+// Extends the expression to the given number of states. Returns the message of its refusal, or an empty text.
 std::string RefusalOfSize(const ExpressionSize& size, int states) {
-  // a{N} counts as N characters and 3 for each.
+  // a{N} counts as 4 states for each of its N characters.
   const int left = states - size.states;
   WString expression = FromUtf8(size.expression);
   expression +=

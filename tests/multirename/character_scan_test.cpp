@@ -1,4 +1,4 @@
-// Names are looked through in blocks: no place in a text of any length may be passed over.
+// Names are scanned in blocks: in a text of any length, every position must be examined.
 #include "multirename/rules/character_scan.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 namespace Velmora::SDK {
 namespace {
 
-constexpr std::size_t kLongestText = 50;  // several blocks and a rest
+constexpr std::size_t kLongestText = 50;  // several blocks and a remainder
 
 bool HoldsBarOrStar(WStringView text) { return HoldsAnyOf<W('|'), W('*')>(text); }
 
@@ -24,7 +24,7 @@ TEST(CharacterScanTest, ACharacterIsFoundAtEachPlaceOfEachLength) {
 
 TEST(CharacterScanTest, OtherCharactersAreNotFoundWhateverTheirBytes) {
   for (std::size_t size = 0; size <= kLongestText; ++size) {
-    // Their bytes are those of the bar and the star, and next to them.
+    // Code units whose bytes are those of the bar or the star, or adjacent to them.
     for (const WCHAR other :
          {WCHAR{0x7C00}, WCHAR{0x017C}, WCHAR{0x2A00}, WCHAR{0x012A}, W('{'), W('+'), WCHAR()}) {
       EXPECT_FALSE(HoldsBarOrStar(WString(size, other))) << "size " << size << ", unit " << unsigned{other};

@@ -1,4 +1,4 @@
-// Names that cannot be, and names that equal the first row's.
+// Invalid names, and names that are equal to the first row's.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -39,7 +39,7 @@ TEST(CheckConflictsTest, NineCharactersAreForbidden) {
               ElementsAre(0u, 0u));
 }
 
-// Their low bytes are those of the nine.
+// Their low bytes equal those of the nine forbidden characters.
 TEST(CheckConflictsTest, CharactersThatEndLikeAForbiddenOneAreAllowed) {
   EXPECT_THAT(StatesOf({W("x"), W("\u012A\u017C\u015C\u012F\u013A\u0122\u013C\u013E\u013F")}),
               ElementsAre(0u, 0u));
@@ -95,7 +95,7 @@ TEST(CheckConflictsTest, FoldersDoNotCountSoThatEqualNamesInTwoFoldersAreDuplica
   EXPECT_NE(engine.items[0]->folderPath, engine.items[1]->folderPath);
   EXPECT_EQ(engine.items[0]->state, 1u);
   EXPECT_EQ(engine.items[1]->state, 1u);
-  // Between rows there is none that is being computed.
+  // No row is being computed between rows.
   EXPECT_EQ(engine.currentItem, nullptr);
 }
 

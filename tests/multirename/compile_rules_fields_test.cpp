@@ -1,4 +1,4 @@
-// What a compilation takes of the fields of the panel, and the moment that it keeps.
+// What a compilation copies from the fields of the panel, and the time that it stores.
 #include <gmock/gmock.h>
 
 #include "multirename/moments.h"
@@ -117,7 +117,7 @@ TEST(CompileRulesFieldsTest, AnExpressionIsCompiledWhetherCaseMattersOrNotAndWit
   }
 }
 
-// A compilation without pairs keeps nothing of those before it.
+// A compilation without pairs drops those of the previous one.
 TEST(CompileRulesFieldsTest, PairsThatAreGoneReplaceNothing) {
   FakeHost host;
   MultiRenameEngine engine(nullptr);

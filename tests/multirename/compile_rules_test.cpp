@@ -1,4 +1,4 @@
-// What a compilation takes over, and what stops it.
+// What a compilation copies, and which errors stop it.
 #include <gmock/gmock.h>
 
 #include <thread>
@@ -76,7 +76,7 @@ TEST(CompileRulesTest, ABadExpressionLeavesTheEngineAsItWasButForItsError) {
   EXPECT_EQ(engine.items, good.items);
   EXPECT_EQ(engine.filenameTags.size(), 1u);
   EXPECT_EQ(engine.flags, 0x1000000u);
-  // Without the flag the texts are plain.
+  // Without the flag the texts are plain text.
   bad.searchFlags = 0x1000000;
   EXPECT_TRUE(CompileRules(engine, bad));
   EXPECT_FALSE(engine.status.HasError());

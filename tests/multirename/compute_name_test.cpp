@@ -71,7 +71,7 @@ TEST(ComputeNameTest, ACounterTagWithNumbersCountsByItself) {
   EXPECT_THAT(NewNames(rules, {W("a"), W("b")}), ElementsAre(W("005 01"), W("007 02")));
   rules.filenameTemplate = W("[C0,10]");
   EXPECT_THAT(NewNames(rules, {W("a"), W("b"), W("c")}), ElementsAre(W("0"), W("10"), W("20")));
-  // A counter of three zeros is the panel's.
+  // A counter of three zeros uses the panel's numbers.
   rules.filenameTemplate = W("[C0,0,0]");
   EXPECT_THAT(NewNames(rules, {W("a"), W("b")}), ElementsAre(W("01"), W("02")));
 }
@@ -99,7 +99,7 @@ TEST(ComputeNameTest, APaddingOfMoreThan1023DigitsIsOneOf1023) {
   EXPECT_THAT(NewNames(rules, {W("a")}), ElementsAre(widest));
 }
 
-// The names of one row with this clock.
+// Returns the name of one row, computed at this time.
 WString NameAt(const SYSTEMTIME& now, const WString& filenameTemplate) {
   RenameHost host;
   MultiRenameEngine engine(&host);
@@ -256,7 +256,7 @@ TEST(ComputeNameTest, ATextThatGrowsBeyond32767CharactersIsCutThere) {
   const WString name = NewNames(rules, {W("aaa.t")}).front();
   EXPECT_EQ(name.size(), 32767u);
   EXPECT_EQ(name, WString(32767, W('b')));
-  // Joined, the extension falls away as well.
+  // If name and extension are joined, the extension is cut off too.
   rules.searchItems = PairsOf({{W("a"), WString(20000, W('c'))}});
   rules.searchFlags = 0x1400000;
   EXPECT_EQ(NewNames(rules, {W("a.a")}).front(), WString(20000, W('c')) + W(".") + WString(12766, W('c')));
@@ -274,7 +274,7 @@ TEST(ComputeNameTest, ASkippedRowIsLeftAlone) {
   EXPECT_EQ(engine.counterNext, 1u);
 }
 
-// What a template gives is cut before the rules that follow see it.
+// The text of a template is cut before the later rules are applied.
 TEST(ComputeNameTest, TheTextOfATemplateIsCutAt32767CharactersBeforeItsReplacement) {
   RenameHost host;
   host.selection = {host.AddFileIn(WString(4095, W('f')), W("a"))};

@@ -1,4 +1,4 @@
-// The end of an engine whose worker is in a long call of the host.
+// The end of an engine whose worker is inside a long call of the host.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -10,12 +10,12 @@
 namespace Velmora::SDK {
 namespace {
 
-constexpr DWORD kLongEnough = 60000;  // milliseconds that nothing here takes
+constexpr DWORD kLongEnough = 60000;  // milliseconds; never reached
 constexpr DWORD kShort = 20;          // milliseconds
 
 class EngineCloserTest : public testing::Test {
  protected:
-  // Begins a run that stays in the host until `go_`.
+  // Starts a run that stays inside the host until `go_` is released.
   void BeginRun() {
     host_.renames.atRun = [this] {
       inRun_.Release();
@@ -24,7 +24,7 @@ class EngineCloserTest : public testing::Test {
     };
     rows_ = RowsOf(host_, {W("a")});
     ASSERT_TRUE(CompileRules(*engine_, DefaultRules(rows_)));
-    // The engine alone holds its rows, so that they end with it.
+    // Only the engine owns its rows now, so they are freed with it.
     watched_ = rows_;
     rows_.reset();
     ASSERT_TRUE(engine_->worker.Start());
@@ -33,8 +33,8 @@ class EngineCloserTest : public testing::Test {
     inRun_.Acquire();
   }
 
-  // Closes the engine in a thread of its own, and lets the run go on if the closing has not returned before a
-  // time that it does not need.
+  // Closes the engine on another thread. Returns whether that finishes while the run is still inside the
+  // host; if it does not, releases the run.
   bool ReturnsDuringTheRun(DWORD patience) {
     std::atomic<bool> isClosed{false};
     std::thread closing([&] {
@@ -67,7 +67,7 @@ TEST_F(EngineCloserTest, AnEngineWhoseWorkerStaysInTheHostIsLeftToItAndNotFreed)
   ASSERT_TRUE(ReturnsDuringTheRun(kShort));
   EXPECT_FALSE(isRunOver_);
   ASSERT_FALSE(watched_.expired());
-  // The run goes to its end with all that it uses, and the thread leaves.
+  // The run finishes with everything that it uses, and then the thread ends.
   go_.Release();
   ASSERT_TRUE(engine_->worker.WaitForEnd(kLongEnough));
   EXPECT_TRUE(isRunOver_);
@@ -80,7 +80,7 @@ TEST_F(EngineCloserTest, AnEngineWhoseWorkerStaysInTheHostIsLeftToItAndNotFreed)
 TEST_F(EngineCloserTest, AnEngineIsWaitedForAndFreedIfItsWorkerEndsInTime) {
   BeginRun();
   std::thread host([this] {
-    // The closing asks the worker to end before it waits.
+    // The closer asks the worker to stop before it waits.
     while (!engine_->worker.IsStopping()) std::this_thread::yield();
     Sleep(kShort);
     go_.Release();

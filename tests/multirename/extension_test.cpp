@@ -1,4 +1,4 @@
-// The extension object of MultiRename: its menu and its commands, with a host that has no controls for a
+// The extension object of MultiRename: its menu and its commands, with a host that provides no controls for a
 // window.
 #include <gmock/gmock.h>
 

@@ -24,7 +24,7 @@ class FindReplaceDialog : public testing::Test {
     host_.recorder.ClearCalls();
   }
 
-  // A list in the file, by its number.
+  // Adds a list with this number to the file.
   void Keep(const WString& number, const WString& find, const WString& replace) {
     if (!root_) root_ = &host_.files.Make(W("C:\\config\\FindReplace.xml"));
     root_->Add(W("FindReplace"))

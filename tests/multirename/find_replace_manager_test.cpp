@@ -1,4 +1,4 @@
-// The numbered lists of pairs and their file.
+// The numbered lists of pairs and the file that stores them.
 #include "multirename/saved/find_replace_manager.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// The main frame: its list, its panes, its keys and its menu, and how it asks before it closes.
+// The main frame: its list, its panes, its keys, its menu, and the question before it closes.
 #include "multirename/form/frame_form.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// A property manager that holds the worker up in the middle of a preview.
+// A property manager that blocks the worker in the middle of a preview.
 #pragma once
 
 #include <atomic>
@@ -8,7 +8,7 @@
 
 namespace Velmora::SDK {
 
-// Stops the worker at the first property that it asks for, until it is let go.
+// Blocks the worker at its first request for a property, until `gate` is released.
 class GateProperties final : public IHostPropertyManager {
  public:
   u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {

@@ -1,5 +1,5 @@
-// XML documents with nodes, for a fake host: files are trees in memory. The arguments that are always the
-// same are held to their values.
+// XML documents with nodes for a fake host: files are trees in memory. Arguments that must always have the
+// same value are checked.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ struct MemoryXmlNode {
     return nullptr;
   }
 
-  // "<a b='c'>text<d/></a>", to compare.
+  // Returns the element as text, such as "<a b='c'>text<d/></a>".
   std::string Shown() const {
     std::string shown = "<" + ToUtf8(name);
     for (const auto& [attribute, value] : attributes)
@@ -58,17 +58,17 @@ struct MemoryXmlNode {
 };
 
 struct MemoryXmlFiles {
-  std::map<WString, std::string> saved;      // what was saved, as Shown
-  std::map<WString, std::string> encodings;  // by which name; "null" without one
+  std::map<WString, std::string> saved;      // saved files, as returned by Shown
+  std::map<WString, std::string> encodings;  // by the file that was saved; "null" for a null encoding
   std::map<WString, MemoryXmlNode*> loadable;
   std::deque<MemoryXmlNode> roots;
   std::vector<std::string> flags;  // the last arguments of SetAttributeText, by attribute: "replace=1"
-  int documents = 0;               // made and not released
+  int documents = 0;               // created and not released
   int openFiles = 0;               // loaded and not closed
   bool givesDocuments = true;
   bool givesRoots = true;
 
-  // A file that can be loaded; the caller fills its root.
+  // Adds a file that can be loaded; the caller fills its root.
   MemoryXmlNode& Make(const WString& path) {
     MemoryXmlNode& root = roots.emplace_back();
     root.name = W("MultiRename");

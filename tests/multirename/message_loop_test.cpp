@@ -38,19 +38,19 @@ struct RecordingIdle final : IdleHandler {
   std::function<void()> atIdle;
 
  private:
-  const int more_;  // after so many calls it wants no more
+  const int more_;  // the number of calls after which it wants no more
   std::vector<std::string>& log_;
   std::string name_;
 };
 
-// Each test has a thread of its own, as a queue belongs to its thread.
+// Each test runs on a new thread, because a message queue belongs to its thread.
 class MessageLoopTest : public testing::Test {
  protected:
   template <typename Work>
   void OnNewThread(Work work) {
     std::thread([&work] {
       MSG message;
-      PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // makes the queue
+      PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // creates the message queue
       work();
     }).join();
   }
@@ -182,7 +182,7 @@ TEST_F(MessageLoopTest, IdleHandlingIsDoneAgainAfterAMessage) {
   EXPECT_THAT(log_, ElementsAre("idle 0", "idle 0", "idle 0"));
 }
 
-// Paints, moves of the mouse and the system's timer come again and again.
+// Paint messages, mouse moves and the system's timer recur continually.
 TEST_F(MessageLoopTest, NoIdleHandlingFollowsMessages15And160And280And512) {
   for (const UINT last : {15u, 160u, 280u, 512u}) {
     OnNewThread([this, last] {
@@ -190,7 +190,7 @@ TEST_F(MessageLoopTest, NoIdleHandlingFollowsMessages15And160And280And512) {
       RecordingIdle handler(log_, "idle after " + std::to_string(last) + ": ", 0);
       loop.AddIdleHandler(handler);
       Post(last);
-      // The loop has time to call the handler, and waits if it does not.
+      // Gives the loop time to call the handler; without that call it waits.
       std::thread later([thread = GetCurrentThreadId()] {
         Sleep(30);
         PostThreadMessageW(thread, WM_QUIT, 0, 0);

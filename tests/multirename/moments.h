@@ -1,4 +1,4 @@
-// Points in time as text, to compare.
+// Points in time as text, for comparisons.
 #pragma once
 
 #include <cstdio>
@@ -6,7 +6,7 @@
 
 #include "platform/windows_api.h"
 
-// "20260305-140709.123": a later moment is a greater text.
+// Returns a text such as "20260305-140709.123", which sorts by time.
 inline std::string MomentText(const SYSTEMTIME& time) {
   char text[64];
   std::snprintf(text, sizeof text, "%04u%02u%02u-%02u%02u%02u.%03u", unsigned{time.wYear},

@@ -1,4 +1,4 @@
-// The actions of the monkeys at MultiRename's window.
+// The random actions of the monkey tests of MultiRename's window.
 #include "support/monkey_actions.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Rows: how they come from the host's selection and from a session.
+// Rows made from the host's selection and from a session.
 #include <gmock/gmock.h>
 
 #include "multirename/rename_host.h"

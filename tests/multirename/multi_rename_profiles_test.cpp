@@ -1,4 +1,4 @@
-// Profiles and their file.
+// Profiles and the file that stores them.
 #include "multirename/saved/multi_rename_profiles.h"
 
 #include <gmock/gmock.h>
@@ -32,7 +32,7 @@ class MultiRenameProfilesTest : public testing::Test {
  protected:
   MultiRenameProfilesTest() { host_.configFolder = W("C:\\config\\"); }
 
-  // The profile as it is after a save and a load.
+  // Returns the profile after saving and loading it.
   MultiRenameProfile ThroughTheFile(std::unique_ptr<MultiRenameProfile> profile) {
     MultiRenameProfiles profiles(host_);
     profiles.Load();
@@ -47,7 +47,7 @@ class MultiRenameProfilesTest : public testing::Test {
     return *loaded.profiles.front();
   }
 
-  // What is read of a file with this profile element.
+  // Returns the profile that is read from a file with this profile element.
   MultiRenameProfile ReadOf(const std::function<void(MemoryXmlNode&)>& fill) {
     fill(host_.files.Make(kProfilesPath).Add(W("profile")));
     MultiRenameProfiles profiles(host_);
@@ -282,7 +282,7 @@ TEST_F(MultiRenameProfilesTest, ProfilesAreWrittenInTheOrderOfTheListWithANewOne
   MultiRenameProfiles profiles(host_);
   profiles.Load();
   for (const WCHAR* const name : {W("b"), W("c"), W("a")}) profiles.Add(ProfileOf(name));
-  // One that is saved again goes to the end.
+  // A profile that is saved again moves to the end.
   profiles.Remove(W("B"));
   profiles.Add(ProfileOf(W("B")));
   EXPECT_TRUE(profiles.Save());

@@ -1,4 +1,4 @@
-// Undo files that cannot be opened or read, and those that cannot be written or deleted.
+// Undo files that cannot be opened, read, written or deleted.
 #include <gmock/gmock.h>
 
 #include "multirename/saved/multi_rename_undo_store.h"
@@ -94,7 +94,7 @@ TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeWrittenAgainToItsEnd
   Platform::Faults::Watch("WriteFile");
   session_.haveRestored = true;
   store_.Save(session_);
-  const int writes = Platform::Faults::CallCount("WriteFile") / 2;  // of a file
+  const int writes = Platform::Faults::CallCount("WriteFile") / 2;  // of one file
   ASSERT_GT(writes, 0);
   const std::string after = scratch_.Read(session_.fileName);
   const WString name = session_.fileName;

@@ -161,7 +161,7 @@ TEST_F(MultiRenameUndoStoreTest, AFileThatCannotBeMadeIsNoMatter) {
   EXPECT_THAT(store.sessions, IsEmpty());
 }
 
-// Whoever looks at the file keeps it from being deleted, and not from being written.
+// An open reader prevents the deletion of a file, but not writing it.
 TEST_F(MultiRenameUndoStoreTest, AFileThatSomebodyReadsIsWrittenAndOneThatIsWrittenIsRead) {
   MultiRenameUndoStore store(&host_);
   store.Save(*SessionOf(9));

@@ -1,4 +1,4 @@
-// Undo sessions: their names, the text of their files and how it is read.
+// Undo sessions: their names, the text of their files, and how that is read.
 #include "multirename/saved/multi_rename_undo.h"
 
 #include <gmock/gmock.h>
@@ -27,7 +27,7 @@ std::vector<std::uint8_t> Utf16(WStringView text) {
   return bytes;
 }
 
-// "folder/old/new" of each entry; "none" for what is no session.
+// Returns "folder/old/new" for each entry, or "none" if the bytes are not a session.
 std::vector<std::string> EntriesOf(std::span<const std::uint8_t> bytes) {
   const std::unique_ptr<MultiRenameUndo> session = ReadUndoText(bytes);
   if (!session) return {"none"};
@@ -40,7 +40,7 @@ std::vector<std::string> EntriesOf(std::span<const std::uint8_t> bytes) {
 
 std::vector<std::string> EntriesOf(const WString& text) { return EntriesOf(Utf16(text)); }
 
-// What the lines of the files section become.
+// Returns the entries after these lines are added to the files section.
 std::vector<std::string> EntriesOfLines(const WString& lines) {
   return EntriesOf(W("[FILES]\r\nf|o|n\r\n") + lines);
 }
@@ -125,14 +125,14 @@ TEST(MultiRenameUndoTest, SecondsAreThoseOfTheClockOnTheWall) {
   EXPECT_EQ(DateOfSeconds(-11644473601).wYear, 0);
 }
 
-// Seconds that no date has wrap around 64 bits: of the largest number the lowest 64 bits of its units are
-// those of the second before 1970.
+// Out-of-range seconds wrap around 64 bits: the largest number, in units of 100 ns, has the same lowest 64
+// bits as the second before 1970.
 TEST(MultiRenameUndoTest, SecondsThatNoDateHasGiveADateOrNone) {
   const SYSTEMTIME date = DateOfSeconds(INT64_MAX);
   EXPECT_THAT((std::vector<int>{date.wYear, date.wMonth, date.wDay, date.wHour, date.wMinute, date.wSecond,
                                 date.wMilliseconds}),
               ElementsAre(1969, 12, 31, 23, 59, 59, 0));
-  // The units of this number are 2 to the 63rd power or more, which no date has.
+  // In units of 100 ns this number is 2 to the power of 63 or more, which is not a valid date.
   const SYSTEMTIME none = DateOfSeconds(922337203686 - 11644473600);
   EXPECT_THAT((std::vector<int>{none.wYear, none.wMonth, none.wDay, none.wHour, none.wMinute, none.wSecond}),
               testing::Each(0));
@@ -169,7 +169,7 @@ TEST(MultiRenameUndoTest, AValueIsSplitOffAtTheFirstColonAndTrimmed) {
 
 TEST(MultiRenameUndoTest, WithoutItsMarkUtf16IsKnownByItsFirstFiveCharacters) {
   EXPECT_THAT(EntriesOf(W(";;;;\u0410\n[FILES]\nf|o|n\n")), ElementsAre("none"));
-  // Nine bytes are too few to tell, also where a mark is missing for the whole of a file.
+  // All ten bytes of the first five characters must match; nine are not enough.
   std::vector<std::uint8_t> bytes = Utf16(W("[FILES]\nf|o|n\n"));
   bytes[0] = 0;
   EXPECT_THAT(EntriesOf(bytes), ElementsAre("none"));
@@ -178,7 +178,7 @@ TEST(MultiRenameUndoTest, WithoutItsMarkUtf16IsKnownByItsFirstFiveCharacters) {
   EXPECT_THAT(EntriesOf(bytes), ElementsAre("none"));
 }
 
-// Each of the ten bytes decides, and the next none.
+// Each of the first ten bytes is significant, and none after them.
 TEST(MultiRenameUndoTest, WithoutAMarkFiveCharactersOfOneByteMakeUtf16) {
   const std::vector<std::uint8_t> whole = Utf16(W(";;;;;;\n[FILES]\nf|o|n"));
   EXPECT_THAT(EntriesOf(whole), ElementsAre("f/o/n"));
@@ -196,7 +196,7 @@ TEST(MultiRenameUndoTest, OnlyUtf16IsRead) {
   const WString text = W("[FILES]\nf|o|n\n");
   EXPECT_THAT(EntriesOf(text), ElementsAre("f/o/n"));
   EXPECT_THAT(EntriesOf(W("\uFEFF") + text), ElementsAre("f/o/n"));
-  // With the mark the first characters may be any; without it five of them must be of one byte.
+  // After a byte order mark the first characters may be any; without it the first five must be below U+0100.
   EXPECT_THAT(EntriesOf(W("\uFEFF;\u0410\n") + text), ElementsAre("f/o/n"));
   EXPECT_THAT(EntriesOf(W(";\u0410\n") + text), ElementsAre("none"));
   EXPECT_THAT(EntriesOf(W(";;;;;\u0410\n") + text), ElementsAre("f/o/n"));

@@ -1,4 +1,5 @@
-// The rule panel: its fields and their defaults, what each control does and posts, what is enabled when.
+// The rule panel: its fields and their defaults, what each control does and posts, and which controls are
+// enabled when.
 #include "multirename/form/panel_form.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +16,7 @@ using testing::Pair;
 
 class Panel : public PanelTest {
  protected:
-  // Opens the window and forgets what the opening posted.
+  // Opens the window and clears the calls and messages of the opening.
   void OpenPanel(const std::vector<WString>& names = {W("a.t"), W("b.t")}) {
     Open(names);
     host_.recorder.ClearCalls();
@@ -23,7 +24,7 @@ class Panel : public PanelTest {
 
   std::vector<std::vector<WString>> PairCells() { return view[1118].rows; }
 
-  // The numbers of the controls among these that are enabled.
+  // Returns those of these controls that are enabled.
   std::vector<int> EnabledOf(const std::vector<int>& controls) {
     std::vector<int> enabled;
     for (const int control : controls) {
@@ -32,7 +33,7 @@ class Panel : public PanelTest {
     return enabled;
   }
 
-  // Each control with a behaviour, in the order of the panel.
+  // The controls that the user can operate, in the order of the panel.
   const std::vector<int> all_ = {1034, 1046, 1035, 1047, 1036, 1031, 1032, 1033, 1118,
                                  1020, 1001, 1119, 1117, 1070, 1039, 1038, 1037, 1045,
                                  1044, 1043, 1004, 1071, 1040, 1049, 1003, 1041};
@@ -47,7 +48,7 @@ TEST_F(Panel, ControlsHaveTheirTexts) {
       {1043, W("T00700064")}, {1004, W("T00710064")}, {1071, W("T00820064")},  {1040, W("T00770064")},
       {1003, W("T00750064")}, {1041, W("T00760064")}, {1119, W("M0:00150067")}};
   for (const auto& [control, text] : texts) EXPECT_EQ(view[control].text, text) << control;
-  // Those have the texts of the resource.
+  // These controls have their texts in the resource.
   for (const int control : {1046, 1047, 1117, 1044, 1049}) EXPECT_EQ(view[control].text, W("")) << control;
   EXPECT_EQ(frameView.title, W("T000A0063"));
 }
@@ -134,7 +135,7 @@ TEST_F(Panel, TheSearchBoxesUpdateAtOnceAndPostNothingOfTheirOwn) {
   Check(1038, false);
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(NewNames(), ElementsAre(W("xa.t")));
-  Check(1039, true);  // replaces all, whatever "Replace all" says
+  Check(1039, true);  // replaces every match, regardless of "Replace all"
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(NewNames(), ElementsAre(W("xx.t")));
   for (const UINT message : Waiting()) EXPECT_NE(message, 33268u);
@@ -204,7 +205,7 @@ TEST_F(Panel, AddPutsQuotesAroundBlanksAtTheEnds) {
   view[1001].text = W("c ");
   form.Press(1119);
   EXPECT_THAT(PairCells(), ElementsAre(ElementsAre(W("\" b\""), W("\"c \""))));
-  // In the search they are not.
+  // The search pair is used without the quotes.
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("ac .t")));
 }
@@ -293,7 +294,7 @@ TEST_F(Panel, AChosenTagIsAppendedWhereverTheCaretIsAndPreviewedAtOnce) {
   form.Press(1046);
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t")));
-  EXPECT_THAT(Waiting(), ElementsAre(33768u, 33868u));  // of the preview; no update was posted
+  EXPECT_THAT(Waiting(), ElementsAre(33768u, 33868u));  // of the preview; no update message was posted
 }
 
 TEST_F(Panel, TheOtherTagButtonIsThatOfTheExtension) {
@@ -373,7 +374,7 @@ TEST_F(Panel, StartKeepsTheTemplatesFirstAndEachOnce) {
   Settle();
   EXPECT_THAT(host_.config.histories[W("RuleFilename")],
               ElementsAre(W("new[C]"), W("n1"), W("new"), W("n2")));
-  // The default is passed over, as the text and as a line.
+  // The default is not stored, neither the current text nor a stored line.
   EXPECT_THAT(host_.config.histories[W("RuleFileextension")], ElementsAre(W("e1")));
   EXPECT_THAT(
       host_.recorder.CallsOf({"config.SaveStringList"}),

@@ -34,7 +34,7 @@ class PanelProfiles : public PanelTest {
     return kept;
   }
 
-  // Answers the question for a profile's name.
+  // Answers the question for the name of a profile.
   void Name(const WString& name) { host_.textAnswers.push_back({true, name}); }
 
   std::vector<WString> ProfileNames() const {
@@ -96,7 +96,7 @@ TEST_F(PanelProfiles, TheLoadingGuardHoldsBackAPreviewOfHalfAProfile) {
   Choose(1045, 2);
   EXPECT_GT(held, 3);
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  // Only the preview of the whole profile.
+  // One preview only, that of the complete profile.
   EXPECT_THAT(Waiting(), ElementsAre(33768u, 33868u));
 }
 
@@ -199,7 +199,7 @@ TEST_F(PanelProfiles, SavingAsksForANameAndKeepsAllOfThePanel) {
             "<counter startat='12' stepby='-4' digits='0'/><case value='64'/>"
             "<searchandreplace replaceall='1' casesensative='1' regex='0' replaceparts='2'>"
             "<item find='\" f\"' replacewith='r'/></searchandreplace></profile></MultiRename>");
-  // The box has it and it is loaded.
+  // The profile is in the box, and it is loaded.
   EXPECT_THAT(view[1045].lines, ElementsAre(kNoLineText, kSaveLineText, W("mine")));
   EXPECT_EQ(view[1045].selectedLine, 2);
   EXPECT_EQ(view[1031].text, W("12"));
@@ -247,7 +247,7 @@ TEST_F(PanelProfiles, OfEqualNamesTheFirstIsSelected) {
   EXPECT_EQ(view[1045].selectedLine, 2);
 }
 
-// With controls that report what the form sets.
+// With controls that report the changes made by the form.
 
 TEST_F(PanelProfiles, TheEmptyChoicePostsOneUpdate) {
   Keep(W("one"));
@@ -323,7 +323,7 @@ TEST_F(PanelProfiles, NoToReplacingSelectsTheEmptyChoiceAndSavesNothing) {
   EXPECT_EQ(view[1045].selectedLine, 0);
   EXPECT_EQ(Saves(), 0);
   EXPECT_THAT(ProfileNames(), ElementsAre(W("one")));
-  // Only the line is selected: the rules stay.
+  // Only the selected line changes; the rules do not.
   EXPECT_EQ(view[1034].text, W("n_one"));
   EXPECT_EQ(form.ProfileName(), W("one"));
 }

@@ -1,5 +1,5 @@
-// The panel's Reset File List, and a new selection while the window is open. Runs under thread checks as
-// well.
+// The panel's Reset File List, and a new selection while the window is open. Runs under the thread sanitizer
+// too.
 #include <gmock/gmock.h>
 
 #include "multirename/gate_properties.h"
@@ -27,14 +27,14 @@ TEST_F(PanelReset, ResetReadsTheSelectionOfNow) {
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
   EXPECT_EQ(Row(0).oldName, W("c.t"));
-  for (const UINT message : Waiting()) EXPECT_NE(message, 33268u);  // at once, not posted
+  for (const UINT message : Waiting()) EXPECT_NE(message, 33268u);  // updated at once, not by a message
 }
 
 TEST_F(PanelReset, ResetEndsALoadedSession) {
   KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
   Open({W("a.t")});
   LoadSessionOfRow(0);
-  view[1071].isEnabled = true;  // as it is not for a user
+  view[1071].isEnabled = true;  // which the user cannot do
   form.Press(1071);
   EXPECT_FALSE(form.SessionLoaded());
   EXPECT_EQ(form.LoadedSession(), nullptr);
@@ -72,7 +72,7 @@ TEST_F(PanelReset, AnUpdateInTheMiddleOfAResetCompilesNothing) {
   view[1020].text = W("(");
   form.Press(1119);
   Settle();
-  view[1039].isChecked = true;  // not yet reported; now the rules do not compile
+  view[1039].isChecked = true;  // not yet reported to the form; now the rules do not compile
   int updates = 0;
   list.atClear = [&] {
     EXPECT_TRUE(form.OnMessage(33268, 0, 0));
@@ -91,14 +91,14 @@ TEST_F(PanelReset, ResetEndsItsWaitWhenTheHostIsClosing) {
   form.Press(1071);
   closing.join();
   EXPECT_THAT(list.rows, IsEmpty());
-  // The event was left to the host, which may still set it.
+  // The event is left to the host, which may still set it.
   ASSERT_TRUE(SetEvent(reinterpret_cast<HANDLE>(host_.event)));
   CloseHandle(reinterpret_cast<HANDLE>(host_.event));
 }
 
 TEST_F(PanelReset, ResetWaitsForAHostThatIsSlow) {
   Open({W("a.t")});
-  host_.beforeReading = [] { Sleep(400); };  // longer than it waits at a time
+  host_.beforeReading = [] { Sleep(400); };  // longer than one of its waits
   Select({W("c.t"), W("d.t")});
   form.Press(1071);
   EXPECT_EQ(list.rows.size(), 2u);
@@ -132,7 +132,7 @@ TEST_F(PanelReset, ANewSelectionInTheMiddleOfAPreviewStopsItBeforeTheRowsGo) {
   WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });
   EXPECT_FALSE(isBusy);
   EXPECT_THAT(list.rows, IsEmpty());
-  EXPECT_EQ(gate.asked, 1);  // the second row was not begun
+  EXPECT_EQ(gate.asked, 1);  // the second row was not started
 }
 
 TEST_F(PanelReset, ANewSelectionInTheMiddleOfARunWaitsForItsEndBeforeTheRowsGo) {
@@ -187,7 +187,7 @@ TEST_F(PanelReset, ANewSelectionThatTheFirstFillHasShownIsPassedOver) {
   context_.rows.Set(ReadSelection(host_));
   frame.FillList();
   PreviewIntoGate(gate);
-  WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });  // and stops no preview
+  WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });  // does not stop a preview
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
 }

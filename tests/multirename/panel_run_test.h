@@ -1,4 +1,4 @@
-// What the tests of the panel's runs have in common.
+// Helpers for tests of the panel's runs.
 #pragma once
 
 #include "multirename/panel_window.h"
@@ -6,7 +6,7 @@
 
 namespace Velmora::SDK {
 
-// Stops the run in the host until it is let go.
+// Blocks a run inside the host until `go` is released.
 class RunGate {
  public:
   explicit RunGate(RenameHost& host) {
@@ -21,7 +21,7 @@ class RunGate {
 
 class PanelRunTest : public PanelTest {
  protected:
-  // Lets a run of the templates go through.
+  // Runs the templates and waits for the end.
   void Run(const WString& nameTemplate) {
     Type(1034, nameTemplate);
     Settle();
@@ -29,7 +29,7 @@ class PanelRunTest : public PanelTest {
     Settle();
   }
 
-  // Plays a person who loads the session of a row in the undo manager.
+  // Acts as a user who loads a session in the undo manager, by its row.
   void LoadSessionOfRow(int row) {
     view.user = [row](DialogForm& dialogForm, DialogWindow&) {
       dialogForm.ClickRow(1053, row);
@@ -38,7 +38,7 @@ class PanelRunTest : public PanelTest {
     form.Press(1049);
   }
 
-  // A file of a session in the undo folder.
+  // Stores a session as a file in the undo folder.
   void KeepSession(WORD day, const std::vector<MultiRenameUndoEntry>& entries) {
     MultiRenameUndo session;
     session.date = {2026, 3, 0, day, 12, 0, 0, 0};
@@ -46,7 +46,7 @@ class PanelRunTest : public PanelTest {
     engine_->undoStore.Save(session);
   }
 
-  // Starts a run of the templates and lets it into the host, where the gate holds it.
+  // Starts a run of the templates and waits until the gate blocks it inside the host.
   void StartIntoGate(RunGate& gate, const WString& nameTemplate) {
     Type(1034, nameTemplate);
     Settle();

@@ -1,5 +1,5 @@
-// The panel and the worker: previews and Start, and what happens when rules change, runs go on and the window
-// closes at the same time. Runs under thread checks as well.
+// The panel and the worker: previews and Start, and changed rules, current runs and the closing of the window
+// at the same time. Runs under the thread sanitizer too.
 #include <gmock/gmock.h>
 
 #include "multirename/bare_file_item.h"
@@ -71,7 +71,7 @@ TEST_F(PanelRuns, CountersFollowTheRowsOfTheScreenAtTheNextChange) {
   Settle();
   std::swap(list.rows[0], list.rows[1]);
   Settle();
-  EXPECT_THAT(NewNames(), ElementsAre(W("02.t"), W("01.t")));  // moving alone previews nothing
+  EXPECT_THAT(NewNames(), ElementsAre(W("02.t"), W("01.t")));  // moving rows alone starts no preview
   Type(1034, W("x[C]"));
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
@@ -139,7 +139,7 @@ TEST_F(PanelRuns, ControlsAreDisabledBeforeTheWorkerIsWoken) {
   host_.renames.atRun = [&] { runs = true; };
   bool ranAtFirst = false;
   view.afterDisabling = [&] {
-    Sleep(100);  // a worker that was woken would be in its run by now
+    Sleep(100);  // if the worker had been woken, its run would have started by now
     ranAtFirst = runs;
     view.afterDisabling = nullptr;
   };
@@ -157,7 +157,7 @@ TEST_F(PanelRuns, TemplatesAreKeptBeforeTheRunBegins) {
   int lists = 0;
   host_.beforeStringList = [&] {
     ++lists;
-    EXPECT_FALSE(IsClosed(1003));  // as the worker is woken after that
+    EXPECT_FALSE(IsClosed(1003));  // the worker is woken later
   };
   form.Press(1003);
   EXPECT_EQ(lists, 2);
@@ -201,7 +201,7 @@ TEST_F(PanelRuns, StartWithoutLivePreviewWaitsForTheEndOfItsPreview) {
 
 TEST_F(PanelRuns, StartWithLivePreviewTakesTheNamesOfTheLastPreview) {
   Open({W("a.t")});
-  view[1034].text = W("x");  // not yet reported
+  view[1034].text = W("x");  // not yet reported to the form
   form.Press(1003);
   Settle();
   ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
@@ -314,7 +314,7 @@ TEST_F(PanelRuns, ABadExpressionAtStartRenamesNothingAndLeavesThePreview) {
   view[1020].text = W("(");
   form.Press(1119);
   Settle();
-  view[1039].isChecked = true;  // not yet reported
+  view[1039].isChecked = true;  // not yet reported to the form
   form.Press(1003);
   EXPECT_NE(frameView.panes[1], W(""));
   Settle();
@@ -330,7 +330,7 @@ TEST_F(PanelRuns, ABadExpressionAtStartTakesUndoAwayAllTheSame) {
   view[1020].text = W("(");
   form.Press(1119);
   Settle();
-  view[1039].isChecked = true;  // not yet reported
+  view[1039].isChecked = true;  // not yet reported to the form
   form.Press(1003);
   EXPECT_FALSE(form.UndoAvailable());
   EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
@@ -404,7 +404,7 @@ TEST_F(PanelRuns, RunsAndUndosFollowOneAnotherWhileRulesChange) {
     Settle();
     form.Press(1003);
     view[1020].text = W("zzz");
-    form.Press(1119);  // can be pressed during a run
+    form.Press(1119);  // may be pressed during a run
     Settle();
     form.Press(1040);
     Settle();
@@ -413,7 +413,7 @@ TEST_F(PanelRuns, RunsAndUndosFollowOneAnotherWhileRulesChange) {
   EXPECT_EQ(host_.renames.pathRenames.size(), 30u);
 }
 
-// A host that renames may ask something that needs the window's thread.
+// A host may need the window's thread while it renames.
 TEST_F(PanelRuns, APairThatIsAddedDuringARunWaitsForNothingAndIsPreviewedAfterTheRun) {
   Open({W("aX.t")});
   RunGate gate(host_);
@@ -422,7 +422,7 @@ TEST_F(PanelRuns, APairThatIsAddedDuringARunWaitsForNothingAndIsPreviewedAfterTh
   view[1001].text = W("-");
   std::atomic<bool> isDelivered{false};
   std::thread opener([&] {
-    // Lets the run go on if the window waits for it.
+    // Lets the run continue if the window waits for it.
     for (int look = 0; look < 400 && !isDelivered; ++look) Sleep(5);
     if (!isDelivered) gate.go.Release();
   });
@@ -494,7 +494,7 @@ TEST_F(PanelRuns, TheWindowClosesInTheMiddleOfARun) {
   RunGate gate(host_);
   StartIntoGate(gate, W("x"));
   engine_->worker.Quit();
-  frame.Close();  // rows stay alive in the engine
+  frame.Close();  // the engine still owns the rows
   context_.rows.Set(nullptr);
   gate.go.Release();
   EXPECT_TRUE(engine_->worker.WaitForEnd(INFINITE));

@@ -1,4 +1,4 @@
-// The panel's Undo, and undo sessions that are loaded from the manager. Runs under thread checks as well.
+// The panel's Undo, and undo sessions that are loaded from the manager. Runs under the thread sanitizer too.
 #include <gmock/gmock.h>
 
 #include "multirename/panel_run_test.h"
@@ -27,7 +27,7 @@ TEST_F(PanelUndo, UndoGivesTheRowsTheirOldNames) {
   EXPECT_EQ(frameView.panes[1], W("2 Restored"));
   EXPECT_FALSE(IsClosed(1003));
   EXPECT_FALSE(IsClosed(1040));
-  EXPECT_THAT(States(), ElementsAre(6u, 6u));  // a restore changes no row
+  EXPECT_THAT(States(), ElementsAre(6u, 6u));  // a restore does not change the rows' states
 }
 
 TEST_F(PanelUndo, UndoTakesAllRowsInTheOrderOfTheScreenAlsoTheFailedOnes) {
@@ -43,13 +43,13 @@ TEST_F(PanelUndo, UndoTakesAllRowsInTheOrderOfTheScreenAlsoTheFailedOnes) {
   EXPECT_EQ(frameView.panes[1], W("1 Restored, 1 Failed"));
 }
 
-// A user takes such a run back by the undo manager.
+// The user can undo such a run with the undo manager.
 TEST_F(PanelUndo, UndoAfterAChangeOfARuleAsksForTheNamesThatShowNowAndTheHostRefusesThem) {
   Open({W("a.t")});
   Run(W("x"));
   Type(1034, W("y"));
   Settle();
-  host_.renames.codes = {{W("a.t"), 2}};  // there is no y.t
+  host_.renames.codes = {{W("a.t"), 2}};  // y.t does not exist
   form.Press(1040);
   Settle();
   ASSERT_EQ(host_.renames.pathRenames.size(), 1u);

@@ -1,4 +1,4 @@
-// What the panel does when the wait for its worker fails: nothing is changed that the worker may still use.
+// If the panel's wait for its worker fails, nothing is changed that the worker may still use.
 #include <gmock/gmock.h>
 
 #include "multirename/panel_run_test.h"
@@ -16,14 +16,14 @@ class PanelWaits : public PanelRunTest {
     PreviewIntoGate(gate_);
   }
 
-  // Does something whose wait for the worker fails, and lets the preview go to its end.
+  // Performs an action whose wait for the worker fails; afterwards the preview finishes.
   template <typename Action>
   void WithoutAWait(Action action) {
-    // The first call looks whether there is a thread.
+    // The first call checks whether the thread exists.
     Platform::Faults::Fail("WaitForSingleObject", 2, ERROR_INVALID_HANDLE);
     std::atomic<bool> isDone{false};
     std::thread opener([&] {
-      // A further call is a wait for the preview, which ends this way.
+      // A further call would wait for the preview; releasing it ends that wait.
       while (Platform::Faults::CallCount("WaitForSingleObject") <= 2 && !isDone) std::this_thread::yield();
       gate_.gate.Release();
     });
@@ -91,7 +91,7 @@ TEST_F(PanelWaits, CloseLeavesTheWindowThatTheWorkerMayBeReading) {
   EXPECT_EQ(engine_->notifyWindow, view.Window());
 }
 
-// Natively the value of a closed handle is not given to another at once.
+// The native build does not reuse the value of a closed handle at once.
 TEST_F(PanelWaits, AResetClosesItsEvent) {
   Open({W("a.t")});
   form.Press(1071);

@@ -1,5 +1,6 @@
-// The window of MultiRename without a face: a list that is a plain vector, a frame and a panel whose controls
-// are values, real posted messages, the real worker, and a host whose main thread is another one.
+// The window of MultiRename without a user interface: a list that is a plain vector, a frame and a panel
+// whose controls are values, real posted messages, the real worker, and a host whose main thread is another
+// one.
 #pragma once
 
 #include <algorithm>
@@ -25,7 +26,7 @@ class VectorList final : public Velmora::SDK::IHostList {
   std::set<void*> selected;
   Velmora::SDK::IMLRowCallBack* provider = nullptr;
   std::vector<std::string> calls;
-  std::function<void()> atClear;  // the rows are still there
+  std::function<void()> atClear;  // called before the rows are removed
 
   u32 GetId() override { return 77; }
   u32 GetImageSet() override { return 5; }
@@ -92,8 +93,8 @@ class PanelWindow final : public RecordedControls<Velmora::SDK::PanelView> {
   MessageWindow messages;
   std::vector<std::pair<int, Velmora::SDK::MenuLines>> menus;
   int menuAnswer = 0;
-  std::vector<int> dialogs;  // the resources that were run
-  // Plays the user of the next dialog; the form has been opened.
+  std::vector<int> dialogs;  // the resource ids of the dialogs that were run
+  // Acts as the user of the next dialog; called after the form was opened.
   std::function<void(Velmora::SDK::DialogForm& form, DialogWindow& dialog)> user;
   std::map<int, WString> tips;
 
@@ -115,7 +116,7 @@ class PanelWindow final : public RecordedControls<Velmora::SDK::PanelView> {
   void SetTip(int control, const WString& text) override { tips[control] = text; }
 };
 
-// Properties by name, as the host lists them.
+// Properties by name, as listed by the host.
 class ListedProperties final : public Velmora::SDK::IHostPropertyManager,
                                public Velmora::SDK::IHostPropertyList {
  public:
@@ -125,7 +126,7 @@ class ListedProperties final : public Velmora::SDK::IHostPropertyManager,
     bool isGiven = true;
   };
   std::vector<Property> properties;
-  int lists = 0;  // calls of ListProperties
+  int lists = 0;  // number of calls of ListProperties
   int releases = 0;
 
   Velmora::SDK::u32 GetValue(WCHAR*, Velmora::SDK::u32, const WCHAR*, void*, const WCHAR*) override {
@@ -147,20 +148,20 @@ class ListedProperties final : public Velmora::SDK::IHostPropertyManager,
   void Release() override { ++releases; }
 };
 
-// Reads the selection on a thread of its own when the window posts command 32000, as the extension does.
+// Reads the selection on another thread when the window posts command 32000, as the extension does.
 class PanelHost : public RenameHost {
  public:
   Velmora::SDK::RenameContext* context = nullptr;
   ListedProperties properties;
-  bool answers = true;                  // 32000 is carried out
-  std::function<void()> beforeReading;  // on the main thread
+  bool answers = true;                  // whether command 32000 is carried out
+  std::function<void()> beforeReading;  // called on the main thread
   std::function<void()> beforeDocument;
   std::function<void()> beforeStringList;
-  bool fillsBuffers = false;  // a text that is asked for takes the whole buffer, without a zero at its end
-  std::vector<Velmora::SDK::u32> posted;                         // commands
-  std::optional<WString> fileText;                               // what ReadTextFile reads
-  std::vector<std::pair<WString, Velmora::SDK::u32>> readFiles;  // paths and sizes
-  std::intptr_t event = 0;                                       // of the last 32000
+  bool fillsBuffers = false;              // requested texts fill the whole buffer, without a terminator
+  std::vector<Velmora::SDK::u32> posted;  // the command numbers
+  std::optional<WString> fileText;        // the text that ReadTextFile returns
+  std::vector<std::pair<WString, Velmora::SDK::u32>> readFiles;  // paths and buffer sizes
+  std::intptr_t event = 0;                                       // of the last command 32000
 
   ~PanelHost() override { Join(); }
   void Join() {
@@ -209,8 +210,8 @@ class PanelHost : public RenameHost {
   std::thread mainThread_;
 };
 
-// A window with rows, opened as the extension opens it. Tests act on `form` as a user would and let posted
-// messages through with Deliver or Wait.
+// A window with rows, opened as by the extension. Tests operate `form` like a user and process posted
+// messages with Deliver or Wait.
 class PanelTest : public testing::Test {
  protected:
   using WString = ::WString;
@@ -222,7 +223,7 @@ class PanelTest : public testing::Test {
     host_.Join();
   }
 
-  // Opens the window with files of these names selected and lets the first preview through.
+  // Opens the window with files of these names selected and waits for the first preview.
   void Open(const std::vector<WString>& names = {}) {
     Select(names);
     context_.rows.Set(Velmora::SDK::ReadSelection(host_));
@@ -239,13 +240,13 @@ class PanelTest : public testing::Test {
     for (const WString& name : names) host_.selection.push_back(host_.AddFile(name));
   }
 
-  // Hands all messages to the form that have been posted.
+  // Passes all posted messages to the form.
   void Deliver() {
     PostedMessage message;
     while (view.messages.Take(message, 0)) Hand(message);
   }
 
-  // The same, with what the worker has been asked to do.
+  // Like Deliver, and waits for the work that the worker has been given.
   void Settle() {
     do {
       Deliver();
@@ -254,7 +255,7 @@ class PanelTest : public testing::Test {
     Deliver();
   }
 
-  // The posted messages that are waiting, not handed on.
+  // Removes the posted messages and returns them without passing them to the form.
   std::vector<UINT> Waiting() {
     std::vector<UINT> waiting;
     PostedMessage message;
@@ -275,16 +276,16 @@ class PanelTest : public testing::Test {
     form.Press(control);
   }
 
-  // Lets a preview of "x[?p][C]" into its first row, where the gate holds it.
+  // Starts a preview of "x[?p][C]" and waits until the gate blocks it in the first row.
   void PreviewIntoGate(Velmora::SDK::GateProperties& gate) {
     engine_->propertyManager = &gate;
     Type(1034, W("x[?p][C]"));
     Deliver();
     gate.entered.Acquire();
-    gate.isOpen = true;  // for the other rows
+    gate.isOpen = true;  // does not block the other rows
   }
 
-  // Does something while the worker is held, which goes on when it is asked to stop.
+  // Performs an action while the worker is blocked. The worker continues when it is asked to stop.
   template <typename Action>
   void WhileHeld(Velmora::SDK::Semaphore& held, Action action) {
     std::atomic<bool> isDone{false};

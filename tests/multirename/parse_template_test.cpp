@@ -1,4 +1,4 @@
-// Templates: the tokens that a text becomes.
+// Templates: the tokens that a text is split into.
 #include <gmock/gmock.h>
 
 #include "multirename/rules/rename_tag.h"
@@ -6,7 +6,7 @@
 namespace Velmora::SDK {
 namespace {
 
-// "text:abc", "2(1,0,5)" by kind and numbers, "14 name {format}(1,0,5)".
+// Formats a tag as "text:abc", as its kind and numbers "2(1,0,5)", or as "14 name {format}(1,0,5)".
 std::string Shown(const RenameTags& tags) {
   std::string shown;
   for (const RenameTag& tag : tags) {
@@ -35,7 +35,7 @@ constexpr TemplateRow kTemplateRows[] = {
     {W("a[N]b[E]"), "text:a 2(0,0,0) text:b 3(0,0,0)"},
     {W("[n][e][c][f]"), "2(0,0,0) 3(0,0,0) 5(0,0,0) 15(0,0,0)"},
     {W("[Y][M][D][h][m][s]"), "7(0,0,0) 8(0,0,0) 9(0,0,0) 11(0,0,0) 12(0,0,0) 13(0,0,0)"},
-    // Of dates and times only this case counts; other tags are text with their brackets.
+    // The letters of dates and times are case-sensitive; other tags are literal text, including the brackets.
     {W("[y][d][H][S]"), "text:[y] text:[d] text:[H] text:[S]"},
     {W("[]"), "text:[]"},
     {W("[x]"), "text:[x]"},
@@ -48,8 +48,9 @@ constexpr TemplateRow kTemplateRows[] = {
     {W("]]"), "text:]"},
     {W("]a"), "text:]a"},
     {W("[a[N]"), "text:[a 2(0,0,0)"},
-    {W("[N[[]"), "2(1,0,0)"},  // the doubled bracket stands inside the tag
-    // A bracket that closes nothing makes a tag of all before it, by the second character.
+    {W("[N[[]"), "2(1,0,0)"},  // the doubled bracket is inside the tag
+    // A closing bracket without an opening one makes a tag of all text before it. Its second character
+    // selects the kind.
     {W("Photo]"), "11(1,0,0)"},
     {W("a]"), "text:a]"},
     {W("xN]"), "2(0,0,0)"},
@@ -76,7 +77,7 @@ constexpr TemplateRow kTemplateRows[] = {
     {W("[N-]"), "2(1,0,0)"},
     {W("[N99999999999]"), "2(1,0,2147483647)"},
     {W("[N-99999999999]"), "2(-1,0,-2147483648)"},
-    // Counters: digits alone, and three numbers at most.
+    // Counters: digits only, and at most three numbers.
     {W("[C5]"), "5(5,0,0)"},
     {W("[C5,2,3]"), "5(5,2,3)"},
     {W("[C5-2-3]"), "5(5,2,3)"},

@@ -1,4 +1,4 @@
-// An engine that is left to its worker keeps the module loaded, whose code the worker runs.
+// An engine that is left to its worker keeps the module loaded, because the worker executes its code.
 #include "multirename/window_test.h"
 #include "platform/posix/files/faults.h"
 

@@ -1,5 +1,4 @@
-// The search pairs in the cells of the panel's list and in the lines of the search dialog, by the plainest
-// rule.
+// Reference for the search pairs in the cells of the panel's list and in the lines of the search dialog.
 #pragma once
 
 #include <optional>
@@ -18,7 +17,7 @@ inline std::optional<std::pair<WString, WString>> RowOf(const WString& find, con
   return std::pair(CellOf(find.substr(0, 255)), CellOf(replace.substr(0, 255)));
 }
 
-// Without the given characters at both ends.
+// Returns the text without the given characters at both ends.
 inline WString Stripped(WString text, const WString& characters) {
   while (!text.empty() && characters.find(text.back()) != WString::npos) text.pop_back();
   while (!text.empty() && characters.find(text.front()) != WString::npos) text.erase(0, 1);

@@ -1,5 +1,5 @@
-// The search and replace list of MultiRename by its plainest rule. Expressions go to the standard library as
-// they are, so a test gives it only those that are harmless.
+// Reference for the search and replace list of MultiRename. Expressions are passed to the standard library
+// unchecked, so a test must pass only those that are harmless.
 #pragma once
 
 #include <locale>
@@ -18,7 +18,7 @@ constexpr std::uint32_t kCaseMatters = 0x100000;
 constexpr std::uint32_t kIsExpression = 0x200000;
 constexpr std::uint32_t kReplacesAll = 0x400000;
 
-// The longest text that an expression was given or made.
+// The longest text that an expression was applied to or produced.
 struct SearchedLength {
   std::size_t most = 0;
   void Note(std::size_t length) { most = std::max(most, length); }
@@ -84,7 +84,8 @@ inline WString Replaced(WString text, const Pairs& pairs, std::uint32_t flags, S
   return text;
 }
 
-// The number, from 1, of the first find text that is no expression, and the library's message; 0 if all are.
+// Returns the number, from 1, of the first find text that is not a valid expression, and the library's
+// message; 0 if all are valid.
 inline std::pair<std::uint32_t, std::string> FirstBadExpression(const Pairs& pairs) {
   for (std::uint32_t i = 0; i < pairs.size(); ++i) {
     if (pairs[i].first.empty()) continue;

@@ -1,4 +1,5 @@
-// MultiRename's names and states by the plainest rule: rows and a set of rules in, what each row becomes out.
+// Reference for MultiRename's names and states: takes rows and a set of rules, and computes what each row
+// becomes.
 #pragma once
 
 #include <cwctype>
@@ -10,26 +11,26 @@
 
 namespace PlainRules {
 
-// What the host says of one property of one file.
+// The host's value of one property of a file.
 struct Property {
   WString name;
-  WString text;  // 255 characters at most
+  WString text;  // at most 255 characters
   std::uint64_t date = 0;
-  std::int32_t count = 1;  // above 0 if there is a value
+  std::int32_t count = 1;  // greater than 0 if there is a value
   bool fails = false;      // the host throws
 };
 
 struct Row {
   WString oldName;
-  WString path;       // of no other row
-  WString folderTag;  // 4095 characters at most
+  WString path;       // unique among the rows
+  WString folderTag;  // at most 4095 characters
   bool isFolder = false;
   bool isSkipped = false;
-  bool hidesPath = false;  // the host throws when it is asked for the path
+  bool hidesPath = false;  // the host throws when the path is requested
   std::vector<Property> properties;
 
   WString newName;
-  std::uint32_t state = 0;  // 0 ready, 1 duplicate, 2 invalid name
+  std::uint32_t state = 0;  // 0 is ready, 1 duplicate, 2 invalid name
 };
 
 struct Rules {
@@ -97,7 +98,7 @@ inline WString LocaleText(DWORD item) {
   return count > 0 ? WString(text) : WString();
 }
 
-// A date in the two formats of "date|time", side by side.
+// Formats a date by the two formats "date|time" and joins the results.
 inline WString DateText(std::uint64_t date, const WString& format) {
   const std::size_t bar = std::min(format.find(W('|')), format.size());
   WString dateFormat = format.substr(0, bar);

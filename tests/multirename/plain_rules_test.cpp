@@ -1,5 +1,4 @@
-// The plainest rule against results that are written out, so that what the product is compared with is known
-// itself.
+// Tests the reference itself against written-out results, because the product is compared with it.
 #include "multirename/plain_rules.h"
 
 #include <gtest/gtest.h>

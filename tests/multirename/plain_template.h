@@ -1,5 +1,5 @@
-// The template language of MultiRename by its plainest rule: what a template's tokens are, what the numbers
-// of a tag mean, and what a range leaves of a value. Written for reading, not for speed, and without the
+// Reference for the template language of MultiRename: the tokens of a template, the meaning of a tag's
+// numbers, and the part of a value that a range selects. Written for clarity, not for speed, and without the
 // product's code.
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace PlainRules {
 
-// No name is longer, and no text on the way to one.
+// The maximum length of a name and of any intermediate text.
 constexpr std::size_t kMostOfName = 32767;
 
 struct Tag {
@@ -31,7 +31,7 @@ inline std::int32_t Wrapped(std::int64_t number) {
 
 inline bool IsDigit(WCHAR c) { return c >= W('0') && c <= W('9'); }
 
-// Blanks, a sign, digits; the nearest 32-bit number.
+// Parses white space, a sign and digits, saturated to 32 bits.
 inline std::int32_t Decimal(const WString& text) {
   std::size_t at = 0;
   while (at < text.size() && (text[at] == W(' ') || (text[at] >= 9 && text[at] <= 13))) ++at;
@@ -45,7 +45,7 @@ inline std::int32_t Decimal(const WString& text) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(number, INT32_MIN, INT32_MAX));
 }
 
-// The number as printf writes it with "%0", the width and "d".
+// Formats the number like printf with "%0", the width and "d".
 inline WString Padded(std::int32_t number, std::int64_t width) {
   width = std::clamp<std::int64_t>(width, -1023, 1023);
   const std::string format = width == 0 ? "%d" : "%0" + std::to_string(width) + "d";
@@ -61,8 +61,8 @@ struct Number {
   bool isAfterDash;
 };
 
-// Each number runs from a digit, or from a minus where that counts, to the next comma or minus, which is
-// skipped.
+// A number begins at a digit, or at a minus if `minusBegins`, and ends before the next comma or minus, which
+// is skipped.
 inline std::vector<Number> NumbersOf(const WString& text, bool minusBegins) {
   std::vector<Number> numbers;
   std::size_t at = 0;
@@ -132,7 +132,7 @@ inline void ReadProperty(const WString& text, Tag& tag) {
 
 // --- tokens
 
-// `token` has its brackets, or what stands in their places.
+// `token` includes its brackets, or the characters in their places.
 inline Tag TagOfToken(const WString& token) {
   Tag tag;
   const WString body = token.substr(1, token.size() - 2);
@@ -181,7 +181,7 @@ inline std::vector<Tag> TagsOf(const WString& text) {
   return tags;
 }
 
-// --- what a range leaves of a value
+// --- the part of a value that a range selects
 
 inline WString RangeOf(const WString& value, const Tag& range) {
   const std::int32_t size = static_cast<std::int32_t>(value.size());

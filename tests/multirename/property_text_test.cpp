@@ -35,7 +35,7 @@ TEST_F(PropertyTextTest, WithoutAManagerOrAValueItIsEmpty) {
   EXPECT_EQ(NameOf(W("x[?size]")), W("x"));
   properties_.values[W("size")] = {W("77"), 0, 0};
   EXPECT_EQ(NameOf(W("x[?size]")), W("x"));
-  properties_.values[W("size")] = {W("77"), 0, 0xFFFFFFFF};  // below 0
+  properties_.values[W("size")] = {W("77"), 0, 0xFFFFFFFF};  // less than 0
   EXPECT_EQ(NameOf(W("x[?size]")), W("x"));
   properties_.values[W("")] = {W("nobody's")};
   EXPECT_EQ(NameOf(W("x[?]")), W("xnobody's"));
@@ -47,7 +47,7 @@ TEST_F(PropertyTextTest, ATextIsTakenWholeOrInPart) {
   EXPECT_EQ(NameOf(W("[?title]")), W("abcdef"));
   EXPECT_EQ(NameOf(W("[?title,2,3]")), W("bcd"));
   EXPECT_EQ(NameOf(W("[?title,2]")), W("ab"));
-  // Only a start and a length above 0 make a part.
+  // A range selects a part only if its start and its length are greater than 0.
   EXPECT_EQ(NameOf(W("[?title,2-3]")), W("abcdef"));
   EXPECT_EQ(NameOf(W("[?title,-2]")), W("abcdef"));
   EXPECT_THAT(properties_.paths, testing::Each(W("C:\\view\\a.txt")));
@@ -100,7 +100,7 @@ TEST_F(PropertyTextTest, AnExceptionOfTheHostIsTheWordErrorWithoutARange) {
   EXPECT_EQ(NameOf(W("[?size,9,2]")), W("Error"));
 }
 
-// Fills the buffer to its last character.
+// Fills the whole buffer, without a terminator.
 class FillingProperties final : public IHostPropertyManager {
  public:
   u32 GetValue(WCHAR* buffer, u32 size, const WCHAR*, void*, const WCHAR*) override {
@@ -126,8 +126,8 @@ TEST_F(PropertyTextTest, ATextCountsForMoreThanADateAndANumberFormatMustBeginWit
   EXPECT_EQ(NameOf(W("[?both,{n0}]")), W("7"));
 }
 
-// What remains after the brace is a range like any other: one number after a comma is a start without a
-// length, of which a property makes nothing.
+// The text after the brace is parsed as any range: a single number after a comma is a start without a length,
+// which has no effect on a property.
 TEST_F(PropertyTextTest, ARangeAfterAFormatBeginsRightAfterItsBrace) {
   engine_.propertyManager = &properties_;
   properties_.values[W("d")] = {W(""), kNoon};

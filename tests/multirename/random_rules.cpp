@@ -6,14 +6,14 @@ namespace {
 
 const WString kPropertyNameOf80(80, W('p'));
 
-// Midnights, ends of ranges, and what is no time of Windows'.
+// Times at midnight, at the limits of the range, and invalid ones.
 constexpr std::uint64_t kFileTimes[] = {0,                   // no date
-                                        1,                   // the first after 1601 began
+                                        1,                   // the first one of 1601
                                         116444736000000000,  // 1970-01-01 00:00:00
                                         125963424010000000,  // 2000-02-29 12:00:01
                                         133541567990000000,  // 2024-03-05 23:59:59
-                                        0x7FFFFFFFFFFFFFFF,  // the last
-                                        0x8000000000000000,  // beyond it
+                                        0x7FFFFFFFFFFFFFFF,  // the last valid one
+                                        0x8000000000000000,  // greater than any valid one
                                         0xFFFFFFFFFFFFFFFF};
 
 }  // namespace
@@ -123,7 +123,7 @@ WString RandomRules::NumberText() {
     return Of({W("2147483647"), W("2147483648"), W("-2147483648"), W("4294967297"), W("99999999999999999999"),
                W("1022"), W("1023"), W("1024"), W("5x3"), W(" 5"), W("5 6"), W("+3"), W("--"), W("- 4")});
   }
-  // The digit is the last that is read, or the first that is not.
+  // The digit is the last one that is read, or the first one that is not.
   if (OneIn(60)) return WString(OneOf<std::size_t>({78, 79, 80, 81}), W('0')) + W("3");
   WString text = OneIn(4) ? W("-") : W("");
   if (OneIn(10)) text += W("0");
@@ -204,7 +204,7 @@ WString RandomRules::TemplateText() {
       case 0:
         text += Of({W("[["), W("]]"), W("["), W("]"), W("[N"), W("N]"), W("Photo]"), W("[[["), W("]]]")});
         break;
-      case 1:  // a tag in a tag
+      case 1:  // a tag inside a tag
       {
         const WString inner = TagText();
         const WString outer = TagText();
@@ -224,7 +224,7 @@ WString RandomRules::TemplateText() {
         break;
     }
   }
-  if (OneIn(60)) {  // longer than what is read of it
+  if (OneIn(60)) {  // longer than the part that is read
     const bool growsBeyondAName = OneIn(2);
     while (text.size() < 1100) {
       text += growsBeyondAName ? W("[F][C0,1,1023]") : W("[N1]");

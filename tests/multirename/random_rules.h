@@ -1,5 +1,5 @@
-// Random rows and rules for MultiRename, the same in every build for one seed: what users type, and what they
-// should not. Expressions never nest repeats, so each is harmless on a short text.
+// Random rows and rules for MultiRename, valid and invalid; the same in every build for one seed. Expressions
+// never nest repeats, so each is harmless on a short text.
 #pragma once
 
 #include <random>
@@ -13,7 +13,7 @@ class RandomRules {
  public:
   explicit RandomRules(std::uint32_t seed) : engine_(seed) {}
 
-  // Rows with few different names, so that new names meet.
+  // Makes rows with few different names, so that new names collide.
   std::vector<Row> MakeRows();
   Rules MakeRules();
   SYSTEMTIME MakeTime();

@@ -1,5 +1,5 @@
-// Controls of a window as plain values, for the forms of MultiRename: what was set can be looked at, and a
-// test sets what a user would.
+// Controls of a window as plain values, for the forms of MultiRename: a test reads what the form has set, and
+// sets what a user would.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -33,7 +33,7 @@ inline void PrintTo(const RecordedBox& box, std::ostream* out) {
   *out << ToUtf8(box.title) << ": " << ToUtf8(box.text) << " (" << box.style << ")";
 }
 
-// Boxes that are answered in order; one without an answer left is a failure and gets 0.
+// Boxes that are answered in order. A box without an answer left fails the test and returns 0.
 struct RecordedBoxes {
   std::deque<int> answers;
   std::vector<RecordedBox> shown;
@@ -102,7 +102,7 @@ class RecordedControls : public View {
     return boxes.Show(title, text, style);
   }
 
-  // The headings and the widths, to compare.
+  // Returns the headings and widths of the columns.
   std::vector<std::pair<WString, int>> Columns(int control) {
     std::vector<std::pair<WString, int>> columns;
     for (const Velmora::SDK::TableColumn& column : controls[control].columns)
@@ -121,7 +121,7 @@ class RecordedControls : public View {
 
 class DialogWindow final : public RecordedControls<Velmora::SDK::DialogView> {
  public:
-  int result = 0;  // what the form closed it with
+  int result = 0;  // the result with which the form closed it
 
   void Close(int closeResult) override { result = closeResult; }
 };

@@ -1,5 +1,5 @@
 // A fake host for MultiRename: a configuration folder, XML files in memory, properties, and renames whose
-// results are scripted by the new name.
+// results the test sets by new name.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 #include "multirename/memory_xml.h"
 #include "support/fake_host.h"
 
-// One rename as the module queued it.
+// A rename that the module has queued.
 struct HostRename {
   WString from;  // the name of the item, or the full path
   WString to;
@@ -19,7 +19,7 @@ struct HostRename {
 
 class ScriptedRenames final : public Velmora::SDK::IHostFileOperation {
  public:
-  std::map<WString, Velmora::SDK::u32> codes;  // by new name; 0 for all others
+  std::map<WString, Velmora::SDK::u32> codes;  // results by new name; 0 for all others
   std::vector<HostRename> itemRenames;         // of the batches that were run, in order
   std::vector<HostRename> pathRenames;
   std::vector<std::string> calls;
@@ -92,7 +92,7 @@ class ScriptedRenames final : public Velmora::SDK::IHostFileOperation {
   }
 };
 
-// Values by property name; a date where there is one.
+// Values by property name, with a date for some.
 class FakeProperties final : public Velmora::SDK::IHostPropertyManager {
  public:
   struct Value {
@@ -102,7 +102,7 @@ class FakeProperties final : public Velmora::SDK::IHostPropertyManager {
   };
   std::map<WString, Value> values;
   bool throws = false;
-  std::vector<WString> paths;  // that values were asked of
+  std::vector<WString> paths;  // the files whose values were requested
 
   Velmora::SDK::u32 GetValue(WCHAR* buffer, Velmora::SDK::u32 size, const WCHAR* name, void* record,
                              const WCHAR* path) override {
@@ -120,7 +120,7 @@ class FakeProperties final : public Velmora::SDK::IHostPropertyManager {
 
 class RenameHost : public FakeHost {
  public:
-  WString configFolder;  // empty: the host gives none
+  WString configFolder;  // empty: the host returns none
   MemoryXmlFiles files;
   ScriptedRenames renames;
   int servicesOut = 0;
@@ -145,7 +145,7 @@ class RenameHost : public FakeHost {
   }
 };
 
-// The rules that a window begins with, and the rows of a set in its order.
+// Returns the initial rules of a window, with all rows of the set in its order.
 inline Velmora::SDK::RuleInput DefaultRules(const Velmora::SDK::SharedItems& items) {
   Velmora::SDK::RuleInput rules;
   rules.itemsOwner = items;
@@ -165,7 +165,7 @@ inline Velmora::SDK::SharedReplaceItems PairsOf(Velmora::SDK::SearchAndReplaceIt
   return std::make_shared<const Velmora::SDK::SearchAndReplaceItems>(std::move(items));
 }
 
-// Rows of files of these names, or folders where the name ends in a slash.
+// Makes rows for files with these names; a name that ends in a slash is a folder.
 inline Velmora::SDK::SharedItems RowsOf(FakeHost& host, const std::vector<WString>& names) {
   host.selection.clear();
   for (WString name : names) {
@@ -176,7 +176,7 @@ inline Velmora::SDK::SharedItems RowsOf(FakeHost& host, const std::vector<WStrin
   return Velmora::SDK::ReadSelection(host);
 }
 
-// What the rules make of these names, without a thread.
+// Returns the new names that the rules give these files, computed without a thread.
 inline std::vector<WString> NewNames(Velmora::SDK::RuleInput rules, const std::vector<WString>& names) {
   RenameHost host;
   Velmora::SDK::MultiRenameEngine engine(&host);
@@ -199,7 +199,7 @@ inline WString NewName(const WString& filenameTemplate, const WString& name) {
   return NewNames(std::move(rules), {name}).front();
 }
 
-// A host that may refuse its configuration folder and store it all the same, or give an empty one.
+// A host whose GetConfigPath may fail although it fills the buffer, or return an empty folder.
 struct DoubtfulHost final : FakeHost {
   bool result = false;
   WString text;

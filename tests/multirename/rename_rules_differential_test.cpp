@@ -1,4 +1,4 @@
-// Compiled templates, new names, states and replace lists against the plainest rule, over random rows and
+// Compares compiled templates, new names, states and replace lists with the reference, over random rows and
 // rules.
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ namespace {
 
 // --- the rows as the engine sees them
 
-// What the host throws, of a type that the module does not know.
+// Thrown by the host; a type that the module does not know.
 struct HostFault {};
 
 class RowItem final : public IHostFileItem {
@@ -80,7 +80,7 @@ class RowProperties final : public IHostPropertyManager {
   const std::vector<Row>& rows_;
 };
 
-// --- what a difference shows
+// --- the message of a difference
 
 std::string Shown(const WString& text) {
   std::ostringstream out;
@@ -162,9 +162,9 @@ void ExpectSameTags(const WString& text) {
   }
 }
 
-// --- a session: rows that several sets of rules rename one after the other
+// --- a session: rows that are renamed by several sets of rules in turn
 
-// What a run of cases has seen, so that it is known to see everything.
+// Counts the kinds of cases that occurred, to verify that all kinds did.
 struct Seen {
   int duplicates = 0;
   int invalidNames = 0;
@@ -173,7 +173,7 @@ struct Seen {
   int searchedByExpression = 0;
 };
 
-// Beyond it the product may refuse an expression that the library runs.
+// For longer texts the product may refuse an expression that the library runs.
 constexpr std::size_t kMostSearched = 48;
 
 class Session {
@@ -243,7 +243,7 @@ class Session {
     return ordered;
   }
 
-  // Draws until no expression is given, or makes, a long text.
+  // Draws rules until none applies an expression to, or produces with it, a long text.
   Rules HarmlessRules(const SYSTEMTIME& now) {
     for (;;) {
       const Rules rules = random_.MakeRules();

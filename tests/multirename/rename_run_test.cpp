@@ -1,5 +1,5 @@
-// The two runs over a host, without the worker's thread: what they count, what they leave at the rows, and
-// the session that remains.
+// Runs and restores over a host, without the worker's thread: their counts, the states of the rows, and the
+// session that remains.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ using testing::SizeIs;
 
 class RenameRunTest : public testing::Test {
  protected:
-  // The rows of these names, each with "new " before its old name.
+  // Makes rows with these names, whose new names are "new " followed by the old ones.
   void Rows(const std::vector<WString>& names) {
     rows_ = RowsOf(host_, names);
     RuleInput rules = DefaultRules(rows_);
@@ -35,7 +35,7 @@ class RenameRunTest : public testing::Test {
 
   std::vector<WString> UndoFiles() const { return scratch_.Names(W("Undo")); }
 
-  // "old name>new name" of each entry.
+  // Returns "old name>new name" for each entry.
   static std::vector<std::string> Entries(const MultiRenameUndo& session) {
     std::vector<std::string> shown;
     for (const MultiRenameUndoEntry& entry : session.entries) {
@@ -143,7 +143,8 @@ TEST_F(RenameRunTest, TheDateOfASessionIsTheLocalTimeAfterItsRenamesAndItsFileIs
                                    "-" + moment.substr(6, 2) + "-" + moment.substr(9, 6) + ".dat")));
 }
 
-// The name of the file is by the second, so that the later run replaces the file of the earlier one.
+// The file name contains the time to the second, so a later run in that second replaces the file of the
+// earlier one.
 TEST_F(RenameRunTest, OfTwoRunsInOneSecondTheLaterHasTheFileAndEachSessionInMemoryKeepsItsOwnEntries) {
   constexpr int kTries = 100;
   engine_->undoStore.Load();
@@ -198,12 +199,12 @@ TEST_F(RenameRunTest, ARestoreOfAllRowsPassesThoseOnThatFailedBefore) {
   ASSERT_THAT(host_.renames.pathRenames, SizeIs(3));
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new b"));
   EXPECT_EQ(StatusText(engine_->status), W("1 Restored, 2 Failed"));
-  // What a restore comes to is not shown at the rows.
+  // The results of a restore are not stored in the rows.
   EXPECT_THAT(States(), ElementsAre(6u, 3u, 4u));
 }
 
-// Rows have such names if the rules were changed after the run; the path would be that of the folder, or of
-// another one.
+// Rows have such names if the rules were changed after the run. The path would be that of the folder itself,
+// or of a file in another one.
 TEST_F(RenameRunTest, ARestoreDoesNotAskTheHostForWhatIsNoNameOfAFile) {
   MultiRenameUndo session;
   for (const WCHAR* const name : {W(""), W("."), W(".."), W(" "), W(". ."), W("sub\\a"), W("sub/a"),

@@ -1,4 +1,4 @@
-// The worker: previews, runs and restores, how they are stopped, and what they post.
+// The worker: previews, runs and restores, how they are stopped, and which messages they post.
 #include "multirename/engine/rename_worker.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr DWORD kPatience = 60000;  // milliseconds that nothing here takes
+constexpr DWORD kPatience = 60000;  // milliseconds; never reached
 
 class RenameWorkerTest : public testing::Test {
  protected:
@@ -42,7 +42,7 @@ class RenameWorkerTest : public testing::Test {
     engine_->worker.Wake();
   }
 
-  // "33868(1,0)" of the next message; "none" if none comes.
+  // Returns the next message, such as "33868(1,0)", or "none" if none comes.
   std::string Next(DWORD milliseconds = kPatience) {
     PostedMessage message;
     if (!window_.Take(message, milliseconds)) return "none";
@@ -108,7 +108,7 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   engine_->propertyManager = &gate_;
   Begin({W("a"), W("b"), W("c")}, W("x[?p][C]"));
   Preview();
-  gate_.entered.Acquire();  // in the first row
+  gate_.entered.Acquire();  // inside the first row
   EXPECT_TRUE(engine_->busy);
   std::thread stopper([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
   while (!engine_->worker.IsStopping()) std::this_thread::yield();
@@ -126,7 +126,7 @@ TEST_F(RenameWorkerTest, OnlyTheLastOfManyPreviewsCompletesAndPosts) {
   Begin({W("a"), W("b")}, W("[?p]0"));
   for (int key = 1; key <= 20; ++key) {
     Preview();
-    gate_.entered.Acquire();  // in the first row
+    gate_.entered.Acquire();  // inside the first row
     std::thread keyPress([this] { EXPECT_TRUE(engine_->worker.StopCurrent()); });
     while (!engine_->worker.IsStopping()) std::this_thread::yield();
     gate_.gate.Release();
@@ -173,7 +173,7 @@ TEST_F(RenameWorkerTest, ACompilationWaitsForTheEndOfAPreview) {
     Compile(W("y"));
     compiled = true;
   });
-  // It looks every 150 ms.
+  // The compilation polls every 150 ms.
   Sleep(20);
   EXPECT_FALSE(compiled);
   gate_.gate.Release();
@@ -279,7 +279,7 @@ TEST_F(RenameWorkerTest, ARunRenamesAllRowsWhateverTheirStatesAndKeepsTheResults
   EXPECT_EQ(host_.renames.itemRenames[1].to, W("x02"));
   EXPECT_EQ(host_.renames.itemRenames[1].data, &(*rows_)[1]);
   EXPECT_EQ((*rows_)[0].oldName, W("a"));
-  // The undo file has the two that were renamed.
+  // The undo file contains the two renamed files.
   EXPECT_THAT(engine_->undoStore.sessions, IsEmpty());
   MultiRenameUndoStore store(&host_);
   store.Load();
@@ -436,12 +436,12 @@ TEST_F(RenameWorkerTest, AWaitEndsWhenTheThreadQuitsInTheMiddleOfAPreview) {
 TEST_F(RenameWorkerTest, AnEngineEndsItsThread) {
   Begin({W("a")});
   Preview();
-  // The engine alone holds the rows, and ends with them.
+  // Only the engine owns the rows, so they are freed with it.
   const std::weak_ptr<MultiRenameItems> rows = rows_;
   rows_.reset();
   OwnedEngine(engine_.release()).reset();
   EXPECT_TRUE(rows.expired());
-  // What it still posts, it posts before its end.
+  // All messages are posted before the thread ends.
   while (Next(0) != "none") continue;
   EXPECT_EQ(Next(100), "none");
 }
@@ -483,7 +483,7 @@ TEST_F(RenameWorkerTest, ANewSelectionLeavesTheRowsOfARunningPreviewAlive) {
   Begin({W("a"), W("b"), W("c")}, W("[?p][N]"));
   Preview();
   gate_.entered.Acquire();
-  // The host's thread reads a new selection while the worker is in the old rows.
+  // The host's thread reads a new selection while the worker uses the old rows.
   rows_ = RowsOf(host_, {W("d")});
   gate_.isOpen = true;
   gate_.gate.Release();

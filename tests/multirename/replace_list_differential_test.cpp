@@ -1,4 +1,4 @@
-// Replace lists and the two ways of editing them against the plainest rule, over random pairs and texts.
+// Compares replace lists and the two ways of editing them with the reference, over random pairs and texts.
 #include <gtest/gtest.h>
 
 #include "multirename/plain_pairs.h"
@@ -29,7 +29,7 @@ WString SearchedText(RandomRules& random, bool isForExpressions) {
   return text.substr(0, 32767);
 }
 
-// True if no expression is given, or makes, a long text.
+// Returns whether no expression is applied to a long text or produces one.
 bool IsHarmless(const Pairs& pairs, std::uint32_t flags, const std::vector<WString>& texts) {
   SearchedLength searched;
   if ((flags & kIsExpression) != 0) {
@@ -38,7 +38,7 @@ bool IsHarmless(const Pairs& pairs, std::uint32_t flags, const std::vector<WStri
   return searched.most <= kMostOfSearchedText;
 }
 
-// Cells and lines with quotes, blanks and bars where they matter.
+// Returns a text for cells and lines, with quotes, blanks and bars in significant places.
 WString PairText(RandomRules& random) {
   const std::initializer_list<WStringView> pieces = {W("a"),    W("b c"),    W(" "),  W("\""),
                                                      W("\"\""), W("|"),      W("\t"), W("'"),

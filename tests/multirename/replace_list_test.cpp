@@ -1,4 +1,4 @@
-// The list of pairs over a text, and the expressions that it takes.
+// Applying the list of pairs to a text, and which expressions are supported.
 #include "multirename/rules/replace_list.h"
 
 #include <gmock/gmock.h>
@@ -27,7 +27,7 @@ struct ReplaceRow {
 };
 
 constexpr ReplaceRow kReplaceRows[] = {
-    // Plain.
+    // Plain text.
     {kMatchesCase, W("a"), W("x"), W("Aaa"), W("Axa")},
     {kMatchesCase | kEveryMatch, W("a"), W("x"), W("Aaa"), W("Axx")},
     {0, W("a"), W("x"), W("Aaa"), W("xaa")},
@@ -42,7 +42,7 @@ constexpr ReplaceRow kReplaceRows[] = {
     {kEveryMatch, W("a"), W("y"), W(""), W("")},
     {kEveryMatch, W("."), W("$&"), W("a.b"), W("a$&b")},
     {kEveryMatch, W("\u00E4"), W("x"), W("\u00C4\u00E4"), W("\u00C4x")},
-    // Expressions: every match, whether all are asked for or not.
+    // Expressions: every match is replaced, with or without kEveryMatch.
     {kAsRegex | kMatchesCase, W("a"), W("x"), W("Aaa"), W("Axx")},
     {kAsRegex | kMatchesCase | kEveryMatch, W("a"), W("x"), W("Aaa"), W("Axx")},
     {kAsRegex, W("a"), W("x"), W("Aaa"), W("xxx")},
@@ -65,7 +65,7 @@ constexpr ReplaceRow kReplaceRows[] = {
     {kAsRegex, W("\uFF21"), W("x"), W("\uFF21b"), W("xb")},
     {kAsRegex, W("\\uFF21"), W("x"), W("\uFF21b"), W("xb")},
     {kAsRegex, W(""), W("x"), W("ab"), W("ab")},
-    // What is no expression does nothing.
+    // An invalid expression does nothing.
     {kAsRegex, W("("), W("x"), W("(a"), W("(a")},
     {kAsRegex, W("a{2"), W("x"), W("aa"), W("aa")},
     {kAsRegex, W("\\1(a)"), W("x"), W("aa"), W("aa")},
@@ -97,7 +97,7 @@ TEST(ReplaceListTest, ATextIsCutAt32767Characters) {
   WString many;
   for (int i = 0; i < 500; ++i) many += W("$&");
   EXPECT_EQ(Replaced({{W("a+"), many}}, WString(200, W('a')), kAsRegex), WString(32767, W('a')));
-  // A matcher that has begun to cut ends its pair: the next one sees the cut text.
+  // A matcher that cuts the text ends its pair there; the next pair is applied to the cut text.
   EXPECT_EQ(Replaced({{W("a"), many + many}, {W("^a"), W("b")}}, WString(200, W('a')), kAsRegex),
             W("b") + WString(32766, W('a')));
 }
@@ -115,7 +115,7 @@ TEST(ReplaceListTest, ValidationNamesTheFirstTextThatIsNoExpression) {
   EXPECT_NE(message, first);
 }
 
-// The plain rule as it is told, character by character.
+// Reference for plain text, character by character.
 WString PlainlyReplaced(const SearchAndReplaceItems& items, WString text, u32 flags) {
   const auto folded = [flags](WCHAR c) {
     const bool isUpper = c >= W('A') && c <= W('Z');

@@ -1,4 +1,4 @@
-// What the rows of the list show.
+// The texts in the rows of the list.
 #include "multirename/form/row_info.h"
 
 #include <gtest/gtest.h>

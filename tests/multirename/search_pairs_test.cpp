@@ -1,4 +1,4 @@
-// The panel's list with its quotes, and the lines of the search dialog.
+// The quoted cells of the panel's list, and the lines of the search dialog.
 #include "multirename/saved/search_pairs.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// An item of a host that writes nothing into the buffers that it is given, and throws where a test wants it.
+// An item of the host that leaves the buffers unchanged, and throws where the test sets it.
 #pragma once
 
 #include <stdexcept>
@@ -10,7 +10,7 @@ class SilentItem final : public Velmora::SDK::IHostFileItem {
   using u32 = Velmora::SDK::u32;
 
   bool throwsAtTagText = false;
-  WString folder;  // what GetFolderPath gives, alone of all
+  WString folder;  // returned by GetFolderPath, the only text that is returned
 
   const WCHAR* GetName(WCHAR* buffer, u32) override { return buffer; }
   void GetBaseName(WCHAR*, u32) override {}

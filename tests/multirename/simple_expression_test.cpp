@@ -1,4 +1,4 @@
-// The matcher of simple expressions against the library's.
+// The matcher of simple expressions, compared with the standard library's.
 #include "multirename/rules/simple_expression.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@ constexpr std::size_t kMostOfResult = 32767;
 
 bool IsSimple(WStringView expression) { return SimpleExpression::Parse(expression, true).has_value(); }
 
-// The text after the replacement, or why there is none.
+// Returns the text after the replacement, or the reason why there is none.
 std::string ReplacedBy(Matcher matcher, const WString& expression, bool ignoreCase, const WString& text,
                        const std::wstring& format, std::size_t most = kMostOfResult) {
   try {
@@ -182,7 +182,7 @@ TEST(SimpleExpressionTest, WhatTakesManyStepsIsLeftToTheLibrary) {
             "error " + std::to_string(std::regex_constants::error_complexity));
 }
 
-// As many steps as are taken here at most are few enough for the library.
+// If the simple matcher finishes within its limit of steps, so does the library.
 TEST(SimpleExpressionTest, TheLibraryBearsAsManyStepsAsAreTakenHere) {
   int whole = 0;
   for (std::size_t size = 4; size <= 120; size += 4) {

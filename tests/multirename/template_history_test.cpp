@@ -1,4 +1,4 @@
-// The templates of earlier runs.
+// The history of templates of earlier runs.
 #include "multirename/form/template_history.h"
 
 #include <gmock/gmock.h>

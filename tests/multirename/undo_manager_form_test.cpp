@@ -21,7 +21,7 @@ class UndoManager : public testing::Test {
     store_.emplace(&host_);
   }
 
-  // A stored session of a day of March 2026 with so many entries.
+  // Stores a session of a day in March 2026 with that many entries.
   MultiRenameUndo* Keep(WORD day, int entries = 1, bool restored = false) {
     auto session = std::make_unique<MultiRenameUndo>();
     session->date = {2026, 3, 0, day, 12, 30, 0, 0};

@@ -1,5 +1,5 @@
-// A fake host for the extension object of MultiRename and its window: what is posted to its main thread
-// waits until the test serves it, and its controls are plain values.
+// A fake host for the extension object of MultiRename and its window: commands posted to its main thread wait
+// until the test runs them, and its controls are plain values.
 #pragma once
 
 #include <chrono>
@@ -11,7 +11,7 @@
 
 namespace Velmora::SDK {
 
-// Asks for all rows that it has at each refresh, as a list that is painted.
+// Requests the texts of all its rows at each refresh, like a list that is painted.
 class PaintedList final : public IHostListControl {
  public:
   static constexpr u32 kId = 77;
@@ -39,7 +39,7 @@ class PaintedList final : public IHostListControl {
   void AddRow(void* row) override { rows.push_back(row); }
   void Refresh() override { Paint(); }
   void Clear() override {
-    Paint();  // the rows that were there are still alive
+    Paint();  // the old rows still exist
     rows.clear();
     selected.clear();
   }
@@ -74,7 +74,7 @@ class PaintedList final : public IHostListControl {
 
   std::vector<std::string> moves;
   int filtered = 0;
-  std::function<void()> atMessage;  // at the next that the loop has for the list
+  std::function<void()> atMessage;  // called at the next message that the loop offers to the list
 
  private:
   void Paint() {
@@ -108,14 +108,14 @@ class WindowHost final : public RenameHost {
  public:
   bool hasContainers = true;
   bool hasLists = true;
-  std::function<void()> beforeContainer;  // on the window's thread
+  std::function<void()> beforeContainer;  // called on the window's thread
   std::atomic<bool> throwsAtSelection{false};
-  std::function<void()> atAskText;          // while the box is open
-  std::atomic<int> containers{0};           // that were asked for
-  std::atomic<int> closed{0};               // calls of ExtensionClosed
+  std::function<void()> atAskText;          // called while the box is open
+  std::atomic<int> containers{0};           // how many were requested
+  std::atomic<int> closed{0};               // number of calls of ExtensionClosed
   std::deque<PaintedContainer> controls;    // one for each window
-  std::atomic<int> controlsOut{0};          // that were not given back
-  IHostPropertyManager* manager = nullptr;  // null: `properties`
+  std::atomic<int> controlsOut{0};          // how many were not given back
+  IHostPropertyManager* manager = nullptr;  // if null, `properties` is used
   ListedProperties properties;
 
   struct Command {
@@ -124,7 +124,8 @@ class WindowHost final : public RenameHost {
     std::intptr_t b;
   };
 
-  // The next command for the main thread; nothing if none comes within a time that nothing here takes.
+  // Waits for the next command for the main thread. Returns nothing if none comes within a minute, which is
+  // never needed.
   std::optional<Command> TakeCommand() {
     std::unique_lock lock(mutex_);
     if (!posted_.wait_for(lock, std::chrono::minutes(1), [this] { return !commands_.empty(); }))
@@ -199,7 +200,7 @@ class WindowHost final : public RenameHost {
   }
 
  private:
-  std::mutex mutex_;  // guards what follows
+  std::mutex mutex_;  // guards the members below
   std::condition_variable posted_;
   std::deque<Command> commands_;
 };

@@ -1,5 +1,5 @@
-// The life of MultiRename's window: its start, its end by the user and by the host, in each order, with the
-// worker idle, in a preview and in a run. Runs under thread checks as well.
+// The life cycle of MultiRename's window: its start, and its end by the user and by the host in either order,
+// while the worker is idle, previews or runs. Runs under the thread sanitizer too.
 #include <gmock/gmock.h>
 
 #include "frame/host/command_numbers.h"
@@ -111,7 +111,7 @@ TEST_F(WindowLife, AChangeOfTheSelectionShowsTheCounts) {
   Open({W("a.t"), W("b.t")});
   Do([this](UndrawnParts& parts) {
     host_.controls[0].list.selected = {0};
-    EXPECT_TRUE(Plugin().OnHostEvent(78, 52300));  // another list's
+    EXPECT_TRUE(Plugin().OnHostEvent(78, 52300));  // another list
     EXPECT_NE(parts.panes[0], W("2 of which 1"));
     EXPECT_TRUE(Plugin().OnHostEvent(77, 52300));
     EXPECT_EQ(parts.panes[0], W("2 of which 1"));
@@ -159,7 +159,7 @@ TEST_F(WindowLife, ATimerOfTheThreadIsDroppedAndAnyOtherMessageIsDispatched) {
     int count = 0;
     Do([&](UndrawnParts&) { count = Platform::Faults::CallCount("DispatchMessageW"); });
     Platform::Faults::Clear();
-    return count - 1;  // but for the one that looks
+    return count - 1;  // without the message that reads the count
   };
   EXPECT_EQ(dispatched(275), 0);
   EXPECT_EQ(dispatched(276), 1);
@@ -215,7 +215,6 @@ TEST_F(WindowLife, TheContextMenuOfTheListMovesRows) {
   Do([this](UndrawnParts&) { EXPECT_THAT(host_.controls[0].list.moves, ElementsAre("bottom")); });
 }
 
-// The list's own menu has returned by then.
 TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasReturned) {
   class User final : public UndrawnUser {
    public:
@@ -243,7 +242,7 @@ TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasRet
   Serve(20002);
 }
 
-// The end by the user.
+// Closed by the user.
 
 TEST_F(WindowLife, CloseTellsTheHostWhichFollowsWith20002) {
   Open({W("a.t")});
@@ -282,7 +281,7 @@ TEST_F(WindowLife, EscAsksAndYesCloses) {
   Platform::InstallUserInterface(before);
 }
 
-// Only what the host has opened anew has a preview.
+// Previews are computed only in a window that the host has opened on a new object.
 TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPreviewAndNoRuns) {
   Open({W("a.t")});
   Do([](UndrawnParts& parts) { parts.Press(1041); });
@@ -320,7 +319,7 @@ TEST_F(WindowLife, ANewObjectHasAPreviewAgain) {
   EXPECT_THAT(Shown(), ElementsAre(W("x.t")));
 }
 
-// The end by the host.
+// Closed by the host.
 
 TEST_F(WindowLife, AShutdownClosesTheWindowAndTheHostIsNotAskedASecondTime) {
   Open({W("a.t")});
@@ -343,7 +342,7 @@ TEST_F(WindowLife, AShutdownAndThe20002OfACloseMayMeet) {
     window_->Post([](UndrawnParts& parts) { parts.Press(1041); });
     EXPECT_EQ(Plugin().OnShutdown(0), 0);
     EXPECT_EQ(UndrawnWindow::Current(), nullptr);
-    // If the window was the first, the host is sent a shutdown more.
+    // If the window closed first, the host is sent another shutdown command.
     while (!host_.WaitingCommands().empty()) Serve(kCommandShutdown);
   }
 }
@@ -365,7 +364,7 @@ TEST_F(WindowLife, ADeleteWithoutAShutdownClosesTheWindow) {
   EXPECT_EQ(host_.closed, 0);
 }
 
-// Closes while something is under way.
+// Closed during an operation.
 
 TEST_F(WindowLife, AResetEndsWhenTheHostShutsDownMeanwhile) {
   Open({W("a.t")});
@@ -375,7 +374,7 @@ TEST_F(WindowLife, AResetEndsWhenTheHostShutsDownMeanwhile) {
   EXPECT_EQ(reset->number, 32000u);
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
-  // The event was left to the host, which may serve the command late.
+  // The event is left to the host, which may run the command late.
   EXPECT_EQ(Plugin().OnCommand(kCommandReadSelection, 0, reset->b), 1);
   EXPECT_EQ(WaitForSingleObject(reinterpret_cast<HANDLE>(reset->b), 0), WAIT_OBJECT_0);
   CloseHandle(reinterpret_cast<HANDLE>(reset->b));
@@ -430,7 +429,7 @@ TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsI
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(host_.closed, 1);
   MultiRenameCloser{20}(extension_.get());
-  // The object is there: the run goes to its end, then the window closes and the thread ends.
+  // The object still exists: the run finishes, then the window closes and the thread ends.
   gate.go.Release();
   window_->WaitForClose();
   EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
@@ -498,7 +497,7 @@ TEST_F(WindowLife, ACloseInABoxIsDoneOnceTheBoxHasReturned) {
   Open({W("a.t")});
   window_->Post([](UndrawnParts& parts) {
     parts.Choose(1045, 1);
-    parts.controls[1034].text += W(" ");  // the form is still there
+    parts.controls[1034].text += W(" ");  // the form still exists
   });
   inBox.Acquire();
   window_->Post([](UndrawnParts& parts) { parts.frame.PostClose(); });

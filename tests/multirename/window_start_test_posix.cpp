@@ -1,4 +1,5 @@
-// Starts of MultiRename's window that fail, are slow, or are overtaken. Runs under thread checks as well.
+// Starts of MultiRename's window that fail, are slow, or are overtaken by other commands. Runs under the
+// thread sanitizer too.
 #include <gmock/gmock.h>
 
 #include "frame/host/command_numbers.h"
@@ -14,7 +15,7 @@ using testing::IsEmpty;
 
 class WindowStart : public WindowTest {
  protected:
-  // A command that opens nothing and leaves nothing, and one after it that opens a window.
+  // Runs a command that must fail without leaving anything, and then one that must open a window.
   void ExpectAFailureAndThenAWindow(int containers) {
     Select({W("a.t")});
     EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 0);
@@ -97,7 +98,7 @@ TEST_F(WindowStart, AWindowThatComesLateIsAWindow) {
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
   asked.Acquire();
-  // Of a selection that comes meanwhile the window shows the rows.
+  // The window shows the rows of a selection that arrives in the meantime.
   Select({W("b.t"), W("c.t")});
   EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   made.Release();
@@ -114,7 +115,7 @@ TEST_F(WindowStart, AWindowThatIsStillBeingMadeAtTheShutdownClosesAsSoonAsItIsTh
   host_.beforeContainer = [&] {
     asked.Release();
     made.Acquire();
-    UndrawnWindow::TakeMessages();  // as a host may that makes controls
+    UndrawnWindow::TakeMessages();  // like a host that takes messages while it creates controls
   };
   Select({W("a.t")});
   EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
@@ -160,7 +161,7 @@ TEST_F(WindowStart, AFailureToGetAMessageIsPassedOver) {
   EXPECT_EQ(RowCount(), 1u);
 }
 
-// The messages of a close may be lost when a queue is full.
+// A full message queue loses the messages that close a window.
 TEST_F(WindowStart, AShutdownWhoseCloseIsLostClosesTheWindowAfterItsLoop) {
   Open({W("a.t")});
   Platform::Faults::Fail("PostMessageW", 1, 1816, true);
@@ -178,7 +179,7 @@ TEST_F(WindowStart, AShutdownWhoseQuitIsLostEndsTheThreadWithItsWindow) {
   EXPECT_EQ(host_.closed, 1);
 }
 
-// The window works on with the profiles of the first one.
+// The window continues to use the profiles of the first OnStart.
 TEST_F(WindowStart, ASecondOnStartChangesNothing) {
   const auto saveAs = [this](const WString& name) {
     host_.textAnswers.push_back({true, name});
@@ -193,7 +194,7 @@ TEST_F(WindowStart, ASecondOnStartChangesNothing) {
   const std::vector<WString> standard = lines();
   ASSERT_EQ(standard.size(), 2u);
   saveAs(W("one"));
-  host_.files.saved.clear();  // so that nothing could be loaded again
+  host_.files.saved.clear();  // so that loading again would find nothing
   EXPECT_EQ(Plugin().OnStart(&host_), 1);
   saveAs(W("two"));
   EXPECT_THAT(lines(), ElementsAre(standard[0], standard[1], W("one"), W("two")));

@@ -1,5 +1,5 @@
-// The extension object with a window that is not drawn. The test is the host's main thread; it does with the
-// window what a user does, on the window's thread.
+// The extension object with a window that is not drawn. The test's thread is the host's main thread; the
+// user's actions run on the window's thread.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -27,7 +27,7 @@ class WindowTest : public testing::Test {
     EXPECT_EQ(host_.controlsOut, 0);
     EXPECT_THAT(host_.recorder.Problems(), testing::IsEmpty());
   }
-  // Shuts down and deletes, as a host does at its end.
+  // Shuts the extension down and deletes it, as a host does when it exits.
   void CloseAll() {
     if (!extension_) return;
     Plugin().OnShutdown(0);
@@ -42,7 +42,8 @@ class WindowTest : public testing::Test {
     for (const WString& name : names) host_.selection.push_back(host_.AddFile(name));
   }
 
-  // Command 31000, which must open a window, with files of these names selected, and the first preview.
+  // Runs command 31000 with files of these names selected, which must open a window, and waits for the first
+  // preview.
   void Open(const std::vector<WString>& names) {
     Select(names);
     ASSERT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
@@ -51,7 +52,7 @@ class WindowTest : public testing::Test {
     Settle();
   }
 
-  // Lets everything through that is posted to the window and that its worker is asked to do.
+  // Processes all posted messages of the window and all work of its worker.
   void Settle() {
     Do([](UndrawnParts& parts) {
       for (int round = 0; round < 2; ++round) {
@@ -62,7 +63,7 @@ class WindowTest : public testing::Test {
     });
   }
 
-  // Runs the next command that waits for the main thread.
+  // Waits for the next command for the main thread, which must have this number, and runs it.
   void Serve(u32 number) {
     const std::optional<WindowHost::Command> command = host_.TakeCommand();
     ASSERT_TRUE(command.has_value()) << number;
@@ -88,7 +89,7 @@ class WindowTest : public testing::Test {
     return rows;
   }
 
-  static constexpr DWORD kMissed = 60000;  // milliseconds that nothing here takes
+  static constexpr DWORD kMissed = 60000;  // milliseconds; never reached
 
   const ScratchFolder scratch_;
   WindowHost host_;

@@ -1,4 +1,4 @@
-// Lists of access entries, entry by entry.
+// Access control lists, entry by entry.
 
 #include <gmock/gmock.h>
 

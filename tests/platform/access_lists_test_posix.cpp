@@ -1,4 +1,5 @@
-// Lists of access entries byte by byte: lists and entries that are cut, of other kinds, or of nobody.
+// Access control lists byte by byte: lists and entries that are truncated, of other types, or with invalid
+// SIDs.
 
 #include <gmock/gmock.h>
 
@@ -37,7 +38,7 @@ std::vector<BYTE> Changed(std::vector<BYTE> sid, std::size_t index, BYTE byte) {
   return sid;
 }
 
-// An entry that allows: its size is that of the SID if none is given.
+// Returns an access-allowed entry. Without `size` its size field is correct for the SID.
 std::vector<BYTE> EntryBytes(const std::vector<BYTE>& sid, std::size_t size = 0) {
   const auto total = static_cast<WORD>(size != 0 ? size : 8 + sid.size());
   std::vector<BYTE> bytes = {0, 0, static_cast<BYTE>(total), static_cast<BYTE>(total >> 8), 1, 0, 0, 0};
@@ -83,7 +84,7 @@ TEST(AccessListBytesTest, AnEntryIsNoSmallerThanItsHeader) {
     bytes[8 + 2] = size;
     EXPECT_EQ(RightsIn(list.Get()).error, kInvalidAcl) << int{size};
   }
-  // Without room for a mask or a SID it is of nobody.
+  // Without space for the mask or the SID, the entry applies to nobody.
   for (const BYTE size : {BYTE{4}, BYTE{7}, BYTE{8}, BYTE{15}, BYTE{19}}) {
     bytes[8 + 2] = size;
     EXPECT_EQ(RightsIn(list.Get()), (Rights{0, 0})) << int{size};
@@ -109,7 +110,7 @@ TEST(AccessListBytesTest, EntriesOfOtherTypesGrantNothing) {
   }
 }
 
-// Of two entries the first decides about a right.
+// For each right, the first entry that names it decides.
 TEST(AccessListBytesTest, ADenialTakesWhatIsNotYetGranted) {
   BuiltList list;
   list.Add(0, 0, 0x3, EveryoneSid()).Add(1, 0, 0x6, EveryoneSid()).Add(0, 0, 0xC, EveryoneSid());
@@ -129,7 +130,7 @@ TEST(AccessListBytesTest, GeneralRightsAreThoseOfFilesWithTheOthers) {
 }
 
 TEST(AccessListBytesTest, AUserWithoutGroupsOfItsOwnIsInNoOther) {
-  if (!IsSuperuser()) return;  // who cannot become another
+  if (!IsSuperuser()) return;  // only the superuser can become another user
   BuiltList list;
   list.Add(0, 0, 1, GroupSidBytes(0)).Add(0, 0, 2, UserSidBytes(0)).Add(0, 0, 4, GroupSidBytes(kNobody));
   list.Add(0, 0, 8, UserSidBytes(kNobody)).Add(0, 0, 16, EveryoneSid());
@@ -217,7 +218,7 @@ TEST(AccessListCallsTest, EntriesThatAreNotWholeAreNotAdded) {
   EXPECT_EQ(FailureOf(AddAce(nullptr, 2, 0, entry.data(), 20)), kInvalidParameter);
   entry = EntryBytes(EveryoneSid(), 3);
   EXPECT_EQ(FailureOf(AddAce(list.Get(), 2, 0, entry.data(), 20)), kInvalidParameter);
-  entry = EntryBytes(EveryoneSid(), 19);  // and a byte of another
+  entry = EntryBytes(EveryoneSid(), 19);  // followed by one byte of a second entry
   EXPECT_EQ(FailureOf(AddAce(list.Get(), 2, 0, entry.data(), 20)), kInvalidParameter);
   EXPECT_THAT(EntriesOf(list.Get()), SizeIs(0));
   entry = EntryBytes({}, 4);

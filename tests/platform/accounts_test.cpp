@@ -1,4 +1,4 @@
-// Accounts: names to SIDs and back.
+// Converting account names to SIDs and back.
 
 #include <gtest/gtest.h>
 
@@ -87,7 +87,7 @@ TEST(Accounts, WithoutBuffersTheNeededSizesAreTold) {
   SID_NAME_USE use;
   EXPECT_FALSE(LookupAccountSidW(nullptr, sid.sid.data(), nullptr, &nameSize, nullptr, &domainSize, &use));
   EXPECT_EQ(GetLastError(), 122u);
-  // Wine does not count the zeros.
+  // Wine does not count the terminators.
   EXPECT_TRUE(nameSize == own.size() + 1 || nameSize == own.size()) << nameSize;
   EXPECT_TRUE(domainSize == sid.domain.size() + 1 || domainSize == sid.domain.size()) << domainSize;
 }

@@ -1,4 +1,4 @@
-// SIDs byte by byte, calls that Wine ends with a page fault, and names of the machine's own database.
+// SIDs byte by byte, calls that crash under Wine, and names from the system's user database.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ struct FoundAccount {
   friend bool operator==(const FoundAccount&, const FoundAccount&) = default;
 };
 
-// Nothing for a SID that is not mapped.
+// Returns nothing if the SID is not mapped.
 std::optional<FoundAccount> AccountOf(std::vector<BYTE> sid) {
   WCHAR name[40];
   WCHAR domain[40];
@@ -27,7 +27,7 @@ std::optional<FoundAccount> AccountOf(std::vector<BYTE> sid) {
   return std::nullopt;
 }
 
-// Nothing for a name that is not mapped.
+// Returns nothing if the name is not mapped.
 std::optional<std::vector<BYTE>> SidBytesOfName(const WString& name) {
   std::vector<BYTE> sid(68);
   WCHAR domain[40];
@@ -83,7 +83,7 @@ TEST(SidBytesTest, AnyOtherSidIsOfNoAccount) {
       SidBytes(22, {}),
   };
   for (const std::vector<BYTE>& sid : rows) EXPECT_EQ(AccountOf(sid), std::nullopt) << SidText(sid.data());
-  // The authority is a number of six bytes.
+  // The authority is a six-byte number.
   for (std::size_t index = 2; index < 7; ++index) {
     EXPECT_EQ(AccountOf(WithByte(EveryoneSid(), index, 1)), std::nullopt) << index;
     EXPECT_EQ(AccountOf(WithByte(UserSidBytes(7), index, 1)), std::nullopt) << index;

@@ -1,4 +1,4 @@
-// LCMapStringW: the letter case of the invariant locale, one character to one character.
+// LCMapStringW: upper and lower case of the invariant locale, character by character.
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ struct CaseRow {
 constexpr CaseRow kPairs[] = {
     {u'a', u'A', u'a'},       {u'Z', u'Z', u'z'},       {u'1', u'1', u'1'},
     {0x00E9, 0x00C9, 0x00E9},  // e with acute
-    {0x00FF, 0x0178, 0x00FF},  // y with diaeresis, whose capital lies outside Latin-1
+    {0x00FF, 0x0178, 0x00FF},  // y with diaeresis, whose upper case is outside Latin-1
     {0x0178, 0x0178, 0x00FF}, {0x00DF, 0x00DF, 0x00DF},  // sharp s
     {0x0105, 0x0104, 0x0105}, {0x0149, 0x0149, 0x0149},  // n with apostrophe
     {0x01C4, 0x01C4, 0x01C6}, {0x01C6, 0x01C4, 0x01C6},  // the digraph dz with caron
@@ -45,9 +45,9 @@ TEST(LCMapStringTest, LettersHaveTheirUpperAndLowerCase) {
   }
 }
 
-// Letters whose other case would not lead back to them: dotless and dotted i, long s, micro sign, Kelvin,
-// Angstrom and Ohm signs, the title case digraphs, variant forms of Greek and Cyrillic letters, capital
-// sharp s.
+// Letters whose other case does not map back to them: dotless and dotted i, long s, micro sign, Kelvin,
+// Angstrom and Ohm signs, the title case digraphs, variant forms of Greek and Cyrillic letters, capital sharp
+// s.
 TEST(LCMapStringTest, LettersThatNoMappingLeadsBackToStayAsTheyAre) {
   constexpr WCHAR kUnits[] = {0x0131, 0x0130, 0x017F, 0x00B5, 0x212A, 0x212B, 0x2126, 0x01C5, 0x01C8,
                               0x01CB, 0x01F2, 0x0345, 0x03C2, 0x03D0, 0x03D1, 0x03D5, 0x03D6, 0x03F0,

@@ -1,4 +1,4 @@
-// Case mapping where Wine ends with a page fault instead of an error.
+// Case mapping calls that fail with an error here and crash under Wine.
 
 #include <gtest/gtest.h>
 

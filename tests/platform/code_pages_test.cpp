@@ -27,7 +27,7 @@ std::string Encode(UINT codePage, WStringView text) {
   return std::string(target, static_cast<std::size_t>(size));
 }
 
-// The units 0x80 to 0x9F of the code page 1252; five of them are control characters.
+// The units for the bytes 0x80 to 0x9F of code page 1252; five of them are control characters.
 constexpr WCHAR kSpecials[] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
@@ -59,8 +59,8 @@ TEST(CodePagesTest, CharactersOutsideTheCodePageBecomeTheirLikes) {
   }
 }
 
-// For all 65536 units. The numbers are those of Windows' table of likes: how many units of a page of 256 have
-// a byte, and a digest (FNV-1a) over each of these units' lower byte and its byte.
+// For all 65536 units. The numbers are those of Windows' best-fit table: for each page of 256 units, how many
+// have a byte, and a digest (FNV-1a) over the low byte and the mapped byte of these units.
 TEST(CodePagesTest, EveryUnitHasTheLikeThatWindowsGivesIt) {
   struct Page {
     unsigned page;
@@ -147,7 +147,7 @@ TEST(CodePagesTest, Utf8GoesThereAndBack) {
   }
 }
 
-// As the standard defines UTF-8 and UTF-16, by division.
+// Encodes by division, as the standard defines UTF-8 and UTF-16.
 std::string PlainUtf8(unsigned point) {
   std::string text;
   const auto add = [&text](unsigned byte) { text += static_cast<char>(byte); };
@@ -190,7 +190,7 @@ TEST(CodePagesTest, EachCharacterGoesToUtf8AndBack) {
   }
 }
 
-// Which two bytes begin a character: the tables 3-6 and 3-7 of the Unicode standard.
+// The first two bytes of a character, from tables 3-6 and 3-7 of the Unicode standard.
 TEST(CodePagesTest, TheFirstTwoBytesDecideWhetherTheyBeginACharacter) {
   for (unsigned first = 0x80; first <= 0xFF; ++first) {
     for (unsigned second = 1; second <= 0xFF; ++second) {

@@ -1,4 +1,4 @@
-// Where the conversions follow Windows and not Wine.
+// Conversions that follow Windows where Wine differs.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-// Wine takes the letter behind a sequence that the end of the text cuts for a part of it.
+// Wine consumes the letter after an incomplete sequence as part of that sequence.
 TEST(NativeCodePagesTest, ALetterBehindABrokenSequenceIsKept) {
   EXPECT_EQ(FromUtf8("\xF0\x9F"
                      "a"),
@@ -15,7 +15,7 @@ TEST(NativeCodePagesTest, ALetterBehindABrokenSequenceIsKept) {
   EXPECT_EQ(FromUtf8("\xF0\xC3\xA9"), W("\uFFFD\u00E9"));
 }
 
-// Wine writes half a pair and answers success.
+// Wine writes half a surrogate pair and returns success.
 TEST(NativeCodePagesTest, ACharacterOfTwoUnitsIsWrittenWholeOrNotAtAll) {
   WCHAR target[4] = {1, 1, 1, 1};
   EXPECT_EQ(FailureOf(MultiByteToWideChar(CP_UTF8, 0, "ab\xF0\x9F\x98\x80z", 7, target, 3)), 122u);

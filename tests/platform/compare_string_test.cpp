@@ -1,5 +1,5 @@
-// CompareStringA, CompareStringW, CompareStringEx and CompareStringOrdinal: what holds in every language of
-// the Latin script, and the arguments.
+// CompareStringA, CompareStringW, CompareStringEx and CompareStringOrdinal: results that hold in every
+// language in Latin script, and argument checks.
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ int CompareEx(const WString& lhs, const WString& rhs, DWORD flags) {
                          static_cast<int>(rhs.size()), nullptr, nullptr, 0);
 }
 
-// By all three functions, both ways round.
+// Compares with all three functions, in both directions.
 void ExpectOrder(const WString& lhs, const WString& rhs, DWORD flags, int order) {
   const int lhsCount = static_cast<int>(lhs.size());
   const int rhsCount = static_cast<int>(rhs.size());
@@ -159,17 +159,17 @@ const OrdinalRow kOrdinalRows[] = {
     {W("ABC"), W("abcd"), CSTR_LESS_THAN, CSTR_LESS_THAN},
     {W("B"), W("a"), CSTR_LESS_THAN, CSTR_GREATER_THAN},
     {W("abc"), W("aBc"), CSTR_GREATER_THAN, CSTR_EQUAL},
-    // Upper case is compared, in front of the underscore.
+    // Comparisons use the upper case, which precedes the underscore.
     {W("_"), W("a"), CSTR_LESS_THAN, CSTR_GREATER_THAN},
     {W("a10"), W("a9"), CSTR_LESS_THAN, CSTR_LESS_THAN},
     {W("\u00E9"), W("\u00C9"), CSTR_GREATER_THAN, CSTR_EQUAL},
     {W("\u00FF"), W("\u0178"), CSTR_LESS_THAN, CSTR_EQUAL},
     {W("stra\u00DFe"), W("STRASSE"), CSTR_GREATER_THAN, CSTR_GREATER_THAN},
     {W("\u0131"), W("I"), CSTR_GREATER_THAN, CSTR_GREATER_THAN},
-    // By units, and not by characters.
+    // By code units, not by characters.
     {W("\U0001F600"), W("\uFF41"), CSTR_LESS_THAN, CSTR_LESS_THAN},
     {W("\U00010428"), W("\U00010400"), CSTR_GREATER_THAN, CSTR_GREATER_THAN},
-    // A zero is a unit as any other.
+    // A zero is a unit like any other.
     {WString(W("a\0b"), 3), WString(W("a\0c"), 3), CSTR_LESS_THAN, CSTR_LESS_THAN},
     {WString(W("a\0"), 2), W("a"), CSTR_GREATER_THAN, CSTR_GREATER_THAN},
 };
@@ -200,7 +200,7 @@ TEST(CompareStringOrdinalTest, ANullIsRefused) {
   EXPECT_EQ(FailureOf(CompareStringOrdinal(W("a"), -1, nullptr, -1, TRUE)), 87u);
 }
 
-// A key of 16-bit text may begin within a character.
+// A key of 16-bit text may start at an odd address.
 TEST(CompareStringTest, TextsMayStandAtOddAddresses) {
   const WString texts[] = {W("abc"), W("ABD"), W("ab\u00E9")};
   char store[3][16] = {};

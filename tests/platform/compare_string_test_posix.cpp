@@ -1,4 +1,4 @@
-// The order of texts, as far as only the native build can promise it: ICU's, its short cut, the language.
+// Text order that only the native build guarantees: ICU's order, the fast path for ASCII, and the language.
 
 #include <gtest/gtest.h>
 
@@ -57,14 +57,14 @@ TEST(NativeCompareStringTest, WhatTheProductDoesNotAskForIsRefused) {
   EXPECT_EQ(FailureOf(CompareStringEx(nullptr, 0, W("a"), 1, W("a"), 1, nullptr, nullptr, 1)), 87u);
 }
 
-// Wine takes any count below 0 for a text to its zero.
+// Wine treats any negative count as a zero-terminated text.
 TEST(NativeCompareStringOrdinalTest, ACountBelowMinusOneIsRefused) {
   EXPECT_EQ(FailureOf(CompareStringOrdinal(W("a"), -2, W("a"), 1, FALSE)), 87u);
   EXPECT_EQ(FailureOf(CompareStringOrdinal(W("a"), 1, W("a"), -2, FALSE)), 87u);
 }
 
-// Texts of few different characters, so that they are alike for a while; what joins, combines, counts for
-// nothing or is written in many ways is among them.
+// Texts of few different characters, so that they often share a prefix. Among them are joiners, combining
+// characters, characters that are ignored, and characters with several encodings.
 WString RandomText(std::mt19937& random) {
   constexpr WStringView kUnits =
       W("aaaAAabbBcChHlLjJiInNssSzZ00011129 "

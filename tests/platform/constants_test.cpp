@@ -1,5 +1,5 @@
-// The numbers of Windows' constants: natively they are our own, and the Windows build holds these rows
-// against the system's headers.
+// The values of Windows' constants. The native build defines them itself; the Windows build compares these
+// rows with the system's headers.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// CreateFileW and CloseHandle: what is opened, what is made, what is refused.
+// CreateFileW and CloseHandle: what they open, create and refuse.
 
 #include <gtest/gtest.h>
 

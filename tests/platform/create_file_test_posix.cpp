@@ -1,4 +1,4 @@
-// Opening files when memory runs out: a file is emptied only once nothing can fail any more.
+// Opening files when memory runs out: a file is truncated only after everything that can fail has succeeded.
 
 #include <gtest/gtest.h>
 
@@ -10,12 +10,12 @@
 
 namespace {
 
-// More than an open takes.
+// More than an open needs.
 constexpr int kManyAllocations = 1000;
 
 class CreateFileWithoutMemory : public testing::TestWithParam<DWORD> {};
 
-// The handle, or INVALID_HANDLE_VALUE also where there was no memory to say so.
+// Returns the handle, or INVALID_HANDLE_VALUE, also if even the error could not be stored for lack of memory.
 HANDLE OpenWithin(int allocations, const WCHAR* path, DWORD creation) {
   const Memory::Limit limit(allocations);
   try {
@@ -38,7 +38,7 @@ TEST_P(CreateFileWithoutMemory, OpensTheFileOrLeavesItsBytes) {
       break;
     }
     EXPECT_EQ(scratch.Read(W("a.txt")), "abc") << allocations;
-    // Nothing of the attempt is left that would stand in the way of another.
+    // The failed attempt has left nothing that prevents another open.
     EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING, 0)),
               kNoFailure)
         << allocations;

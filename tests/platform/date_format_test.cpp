@@ -1,4 +1,4 @@
-// Dates and times by Windows' pictures. Names are held in English alone, which is the language of the test
+// Dates and times by Windows' format pictures. Names are tested in English only, the language of the test
 // machines; numbers do not depend on it.
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr SYSTEMTIME kAfternoon = {2026, 3, 0, 5, 14, 7, 9, 0};  // a Thursday, whatever the field says
+constexpr SYSTEMTIME kAfternoon = {2026, 3, 0, 5, 14, 7, 9, 0};  // a Thursday, whatever the field is
 constexpr SYSTEMTIME kMidnight = {2011, 11, 0, 22, 0, 0, 0, 0};
 
 WString DateTextOf(const SYSTEMTIME& date, const WCHAR* picture) {
@@ -78,7 +78,7 @@ TEST(DateFormatTest, EachMonthAndDayOfTheWeekHasItsNames) {
   constexpr const WCHAR* kDays[] = {W("Sun Sunday"),   W("Mon Monday"), W("Tue Tuesday"), W("Wed Wednesday"),
                                     W("Thu Thursday"), W("Fri Friday"), W("Sat Saturday")};
   for (WORD day = 1; day <= 7; ++day) {
-    const SYSTEMTIME date = {2026, 2, 0, day, 0, 0, 0, 0};  // from a Sunday on
+    const SYSTEMTIME date = {2026, 2, 0, day, 0, 0, 0, 0};  // starting with a Sunday
     EXPECT_EQ(DateTextOf(date, W("ddd dddd")), kDays[day - 1]);
   }
 }

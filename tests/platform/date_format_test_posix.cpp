@@ -1,5 +1,4 @@
-// Dates and times in languages other than English, each in a process of its own, and what Wine takes
-// otherwise.
+// Dates and times in other languages, each in a separate process, and results that differ from Wine's.
 
 #include <gtest/gtest.h>
 
@@ -49,7 +48,7 @@ TEST(NativeDateFormatTest, AQuoteWithoutAnEndGoesToTheEnd) {
   EXPECT_EQ(DateIn(W("'d' d")), W("d 22"));
 }
 
-// Wine gives two digits.
+// Wine returns two digits.
 TEST(NativeDateFormatTest, AYearOfOneLetterHasNoLeadingZero) {
   constexpr SYSTEMTIME kEarly = {2001, 1, 0, 2, 0, 0, 0, 0};
   WCHAR buffer[100] = {};

@@ -1,5 +1,5 @@
-// FormatMessageW, LocalFree, the last error. The words of a text are the system's own, and Wine's differ from
-// Windows'; those of the native build are held elsewhere.
+// FormatMessageW, LocalFree and the last error. The wording of texts depends on the system, and Wine's
+// differs from Windows'; error_texts_test_posix.cpp tests that of the native build.
 
 #include <gtest/gtest.h>
 

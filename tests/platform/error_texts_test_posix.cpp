@@ -1,4 +1,4 @@
-// The texts of Windows' errors, word by word.
+// The texts of Windows' errors, word for word.
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ struct TextRow {
   const WCHAR* text;
 };
 
-// As Windows' documentation lists them.
+// From Windows' documentation.
 constexpr TextRow kTextRows[] = {
     {0, W("The operation completed successfully.\r\n")},
     {1, W("Incorrect function.\r\n")},

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr DWORD kLong = 60000;  // milliseconds that nothing here takes
+constexpr DWORD kLong = 60000;  // milliseconds; never reached
 
 FileHandle NewEvent(bool isSet) {
   return FileHandle(CreateEventW(nullptr, FALSE, isSet ? TRUE : FALSE, nullptr));
@@ -76,7 +76,7 @@ TEST(EventsTest, ASuspendedThreadBeginsWhenItIsResumedAndItsEndIsWaitedFor) {
     ASSERT_EQ(WaitForSingleObject(talk.answer.Get(), kLong), WAIT_OBJECT_0);
   }
   EXPECT_EQ(WaitForSingleObject(thread.Get(), kLong), WAIT_OBJECT_0);
-  // A thread that has ended stays so.
+  // A thread that has ended remains signaled.
   EXPECT_EQ(WaitForSingleObject(thread.Get(), 0), WAIT_OBJECT_0);
   EXPECT_EQ(talk.rounds, 100);
 }

@@ -1,4 +1,4 @@
-// A fixture for functions of the platform that a test makes fail.
+// A fixture for platform functions that a test makes fail.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,12 +6,12 @@
 #include "platform/posix/files/faults.h"
 #include "platform/windows_api.h"
 
-// Not a number that any of the functions would come upon by itself.
+// An error that none of the functions sets by itself.
 inline constexpr DWORD kFaultError = 4711;
 
 class FaultsOnDemand : public testing::Test {
  protected:
-  // `call` must fail with the chosen error at its second call, and not before or after.
+  // Expects that `call` fails with the chosen error at its second call only.
   template <typename Failure>
   void ExpectSecondCallFails(const char* function, Failure call) {
     Platform::Faults::Fail(function, 2, kFaultError);

@@ -1,4 +1,4 @@
-// Faults on demand: every function fails when it is told to, and does nothing then.
+// Faults on demand: every function can be made to fail, and then has no effect.
 
 #include "platform/posix/files/faults.h"
 

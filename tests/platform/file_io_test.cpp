@@ -16,7 +16,7 @@ class FileIoTest : public testing::Test {
     return FileHandle(OpenFor(scratch_.Path(W("a.txt")).c_str(), access, OPEN_ALWAYS));
   }
 
-  // What ReadFile gives for `count` bytes.
+  // Returns the bytes that ReadFile stores for a request of `count` bytes.
   static std::string Read(const FileHandle& file, DWORD count) {
     std::string bytes(count, '\0');
     DWORD done = 77;

@@ -1,4 +1,4 @@
-// Records of files: owner and access list.
+// Security descriptors of files: owner and access list.
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace {
 
 class FileSecurity : public testing::Test {
  protected:
-  // The record, read as the product does.
+  // Returns the security descriptor, read as the product does.
   std::vector<BYTE> Record(SECURITY_INFORMATION information) {
     DWORD needed = 0;
     EXPECT_FALSE(GetFileSecurityW(file_.c_str(), information, nullptr, 0, &needed));
@@ -120,7 +120,7 @@ TEST_F(FileSecurity, TheStreamQueryIsInTheProcessAndAsksOpenFiles) {
   ASSERT_NE(GetProcAddress(ntdll, "NtQueryInformationFile"), nullptr);
   EXPECT_EQ(GetModuleHandleW(W("nosuch.dll")), nullptr);
   EXPECT_EQ(GetLastError(), 126u);
-  // Neither access nor a right to read is needed for it.
+  // This requires neither access to the file nor the right to read it.
   const FileHandle file(OpenFor(file_.c_str(), 0, OPEN_EXISTING));
   EXPECT_TRUE(file.IsOpen());
 }

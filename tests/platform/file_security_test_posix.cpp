@@ -1,4 +1,4 @@
-// Records of files natively: what they are made of, and what setting them leaves.
+// Security descriptors of files in the native build: how they are derived, and what setting them stores.
 
 #include <gmock/gmock.h>
 
@@ -28,12 +28,12 @@ constexpr unsigned kRead = 0x120089;
 constexpr unsigned kWrite = 0x120116;
 constexpr unsigned kExecute = 0x1200A0;
 constexpr unsigned kAll = kRead | kWrite | kExecute;
-constexpr const char* kAttribute = "user.qxutils.access";  // which keeps a list
+constexpr const char* kAttribute = "user.qxutils.access";  // stores the access list that was set
 
 class NativeRecords : public testing::Test {
  protected:
   NativeRecords() {
-    // Files are made by the user of the test; an ordinary one must reach them.
+    // The test's user creates the files; an ordinary user must be able to reach them.
     chmod(scratch_.NativePath(W("")).c_str(), 0755);
     struct stat status;
     stat(Native().c_str(), &status);
@@ -72,7 +72,7 @@ class NativeRecords : public testing::Test {
   void Plant(const std::vector<BYTE>& kept) const {
     EXPECT_EQ(setxattr(Native().c_str(), kAttribute, kept.data(), kept.size(), 0), 0);
   }
-  // Puts another list in the place of the one that is kept, of any size.
+  // Replaces the stored list by another one, of any size.
   void PlantList(BuiltList& list) {
     if (kept_.empty()) kept_ = KeptBytes();
     std::uint32_t posixBytes = 0;
@@ -87,12 +87,12 @@ class NativeRecords : public testing::Test {
   }
   std::vector<ShownEntry> Entries() { return EntriesOfFile(file_).value_or(std::vector<ShownEntry>()); }
 
-  // Whether the system itself grants the current user these rights together, by R_OK and its kin.
+  // Returns whether the system grants the current user all of these rights (R_OK and others).
   bool SystemGrants(int rights) const {
     return faccessat(AT_FDCWD, Native().c_str(), rights, AT_EACCESS) == 0;
   }
 
-  // The rights of the current user by the list of the file.
+  // Returns the rights that the file's list grants to the current user.
   ACCESS_MASK Effective() {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     PACL list = nullptr;
@@ -112,7 +112,7 @@ class NativeRecords : public testing::Test {
   const WString file_ = scratch_.Write(W("a.txt"), "abc");
   std::string owner_;
   std::string group_;
-  std::vector<BYTE> kept_;  // the attribute before another list was planted
+  std::vector<BYTE> kept_;  // the attribute before another list was written into it
 };
 
 }  // namespace
@@ -156,15 +156,15 @@ TEST_F(NativeRecords, AllGroupsGrantBeforeOneDenies) {
                                      ShownEntry{0, 0, kExecute, "S-1-1-0"}));
 }
 
-// Walking the entries must grant what the system does: every mode, for the owner, a member of the group and
-// all others.
+// The entries must grant exactly what the system does: for every mode, to the owner, a member of the group
+// and all others.
 TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsForEveryMode) {
   if (IsSuperuser()) {
     ASSERT_EQ(chown(Native().c_str(), kNobody, kNobody), 0);
   }
   const AsOrdinaryUser nobody;
   for (mode_t mode = 0; mode < 01000; ++mode) {
-    // The owner may always change the mode.
+    // The owner can always change the mode.
     ASSERT_EQ(chmod(Native().c_str(), mode), 0);
     const ACCESS_MASK mask = Effective();
     EXPECT_EQ((mask & 0x1) != 0, SystemGrants(R_OK)) << std::oct << mode;
@@ -188,9 +188,9 @@ TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsToGroupsAndOthers) {
   }
 }
 
-// Each right by itself, for a member of several groups that the list names.
+// Each single right, for a member of several groups that the list names.
 TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsToAMemberOfSeveralGroups) {
-  if (!IsSuperuser()) return SUCCEED();  // an ordinary user has the groups that he has
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user cannot change the process's groups
   const std::vector<gid_t> groups = {4003, 4004};
   const auto bits = [](unsigned value) {
     return std::string(value & 4 ? "r" : "-") + (value & 2 ? "w" : "-") + (value & 1 ? "x" : "-");
@@ -198,8 +198,8 @@ TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsToAMemberOfSeveralGroups
   int differences = 0;
   for (const gid_t group : {gid_t{4002}, gid_t{4004}, gid_t{kNobody}}) {
     ASSERT_EQ(chown(Native().c_str(), 4001, group), 0);
-    // Of the file's own group, of two that are named and of all others: every choice of three bits each.
-    // Under sanitizers, where each takes many times as long, every eleventh of them.
+    // For the file's group, two named groups and all others: every combination of three bits each. Under
+    // sanitizers, which take many times as long, every eleventh combination.
     constexpr unsigned kStep = kUnderSanitizers ? 11 : 1;
     for (unsigned choice = 0; choice < 8 * 8 * 8 * 8; choice += kStep) {
       const std::string list = "u::---,g::" + bits(choice) + ",g:4003:" + bits(choice >> 3) +
@@ -217,10 +217,10 @@ TEST_F(NativeRecords, TheEntriesGrantWhatTheSystemGrantsToAMemberOfSeveralGroups
   }
 }
 
-// The system grants one open what one of the groups has, never what two have together; a list cannot say
+// One open is granted the rights of one of the groups, never those of two combined; a list cannot express
 // that.
 TEST_F(NativeRecords, RightsOfSeveralGroupsAreShownTogetherThoughOneOpenGetsThoseOfOneAlone) {
-  if (!IsSuperuser()) return SUCCEED();  // an ordinary user has the groups that he has
+  if (!IsSuperuser()) return SUCCEED();  // an ordinary user cannot change the process's groups
   ASSERT_EQ(chown(Native().c_str(), 4001, 4002), 0);
   SetPosixList("u::---,g::---,g:4003:r--,g:4004:-w-,m::rw-,o::---");
   const AsOrdinaryUser nobody({4003, 4004});
@@ -248,7 +248,7 @@ TEST_F(NativeRecords, AListThatIsSetIsGivenBackEntryByEntryWithItsFlags) {
                           ShownEntry{0, 16, 0x81, "S-1-1-0"}));
 }
 
-// The system sorts those that a POSIX access list names.
+// The system sorts the entries of a POSIX access list.
 TEST_F(NativeRecords, AListThatNamesUsersAndGroupsInAnyOrderIsGivenBackInIts) {
   for (const bool isGroup : {false, true}) {
     const auto sid = [isGroup](std::uint32_t id) { return isGroup ? GroupSidBytes(id) : UserSidBytes(id); };
@@ -358,7 +358,7 @@ TEST_F(NativeRecords, AListStaysWhenTheOwnerChangesAndTheModeFollows) {
   EXPECT_EQ(PosixList(), "u::rwx,g::r--,o::r--");
 }
 
-// Every byte counts but those of which mode and POSIX access list say nothing.
+// Every byte is significant, except for those that mode and POSIX access list do not determine.
 TEST_F(NativeRecords, AnAttributeThatIsCutOrChangedIsNotBelievedWhereItNoLongerSaysWhatTheModeSays) {
   SetMode(0666);
   const std::vector<ShownEntry> ofMode = Entries();
@@ -367,10 +367,10 @@ TEST_F(NativeRecords, AnAttributeThatIsCutOrChangedIsNotBelievedWhereItNoLongerS
   ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
   ASSERT_EQ(Mode(), 0666u);
   const std::vector<BYTE> kept = KeptBytes();
-  // A header, and a list of one entry: 8 bytes and 20.
+  // A header, and a list with one entry: 8 bytes and 20.
   ASSERT_EQ(kept.size(), 28u + 28u);
   const std::size_t begin = 28;
-  // Reserved bytes of the list, and rights that neither reading nor writing needs.
+  // Reserved bytes of the list, and rights that are not needed to read or write.
   const std::set<std::size_t> unsaid = {begin + 1, begin + 6, begin + 7, begin + 13, begin + 14};
   for (std::size_t index = 0; index < kept.size(); ++index) {
     Plant({kept.begin(), kept.begin() + static_cast<std::ptrdiff_t>(index)});
@@ -388,7 +388,7 @@ TEST_F(NativeRecords, APlantedListIsNotBelievedWhereItGrantsMoreOrLessThanTheMod
   BuiltList list;
   list.Add(0, 3, kRead | kWrite, EveryoneSid()).Add(0, 3, kRead, UserSidBytes(4001));
   ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
-  // What others than the one who set it may have written: another list after the same header.
+  // Writes what another user might have written: another list after the same header.
   const auto plantedIsShown = [this](const std::vector<ShownEntry>& entries) {
     BuiltList planted;
     for (const ShownEntry& entry : entries) {
@@ -404,7 +404,7 @@ TEST_F(NativeRecords, APlantedListIsNotBelievedWhereItGrantsMoreOrLessThanTheMod
   };
   const ShownEntry everyone{0, 3, kRead | kWrite, "everyone"};
   const ShownEntry user{0, 3, kRead, "user"};
-  // The order, and rights of other names, may be anybody's: the mode says nothing of them.
+  // The order and rights of other accounts cannot be verified: the mode does not contain them.
   EXPECT_TRUE(plantedIsShown({everyone, user}));
   EXPECT_TRUE(plantedIsShown({user, everyone}));
   EXPECT_TRUE(plantedIsShown({{1, 3, 0x10000, "owner"}, everyone, user}));
@@ -429,7 +429,7 @@ TEST_F(NativeRecords, APlantedMissingListIsNotBelievedWhereTheModeDoesNotGrantEv
   BuiltList list;
   list.Add(0, 3, kRead, EveryoneSid());
   ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
-  // The header of the list that was set, but for the word that says whether there is one.
+  // The header of the list that was set, except for the word that tells whether there is a list.
   const std::vector<BYTE> kept = KeptBytes();
   constexpr std::ptrdiff_t kHasListAt = 20;
   std::copy(kept.begin(), kept.begin() + kHasListAt, missing.begin());

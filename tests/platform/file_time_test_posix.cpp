@@ -1,4 +1,4 @@
-// The times of files as the record of a search has them.
+// File times as a search returns them.
 #include <gtest/gtest.h>
 
 #include "platform/posix/time/system_time.h"

@@ -1,4 +1,4 @@
-// What the native build holds beyond Wine: read-only files and the superuser, device files, permissions.
+// What the native build guarantees beyond Wine: read-only files for the superuser, device files, permissions.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@
 
 namespace {
 
-// Makes file access of this thread that of an ordinary user, if it runs as the superuser.
+// If this thread runs as the superuser, gives its file accesses the rights of an ordinary user.
 class OrdinaryUser {
  public:
   OrdinaryUser() : before_(setfsuid(geteuid() == 0 ? 65534 : geteuid())) {}
@@ -119,7 +119,7 @@ TEST_F(NativeFilesTest, EntriesThatMayBeListedButNotLookedAtAreStillListed) {
 }
 
 TEST_F(NativeFilesTest, TheAttributesOfAnothersFileAreNotChanged) {
-  // Of root, whoever runs the test.
+  // Owned by root, whoever runs the test.
   const OrdinaryUser user;
   EXPECT_EQ(FailureOf(SetFileAttributesW(W("Z:\\etc\\passwd"), FILE_ATTRIBUTE_READONLY)), 5u);
 }
@@ -156,12 +156,12 @@ TEST_F(NativeFilesTest, APipeIsLookedAtWithoutBecomingItsReader) {
   ASSERT_TRUE(pipe.IsOpen());
   BY_HANDLE_FILE_INFORMATION information;
   EXPECT_TRUE(GetFileInformationByHandle(pipe.Get(), &information));
-  // The system lets nobody write to a pipe that has no reader.
+  // The system refuses to open a pipe for writing if it has no reader.
   EXPECT_EQ(open(native.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC), -1);
   EXPECT_EQ(errno, ENXIO);
 }
 
-// A device may do something when it is opened.
+// Opening a device may have effects.
 TEST_F(NativeFilesTest, AHandleWithoutAccessDoesNotOpenTheFile) {
   const WString path = scratch_.Write(W("a.txt"), "abc");
   const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);

@@ -25,7 +25,7 @@ class FindTest : public testing::Test {
     return FailureOfSearch(Begin(mask, data));
   }
 
-  // The entries that the mask finds, in the order they come.
+  // Returns the entries that match the mask, in the order of the search.
   std::vector<WIN32_FIND_DATAW> FindAll(const WString& mask) {
     std::vector<WIN32_FIND_DATAW> found;
     WIN32_FIND_DATAW data;
@@ -38,7 +38,7 @@ class FindTest : public testing::Test {
     return found;
   }
 
-  // Their names, sorted.
+  // Returns their names, sorted.
   Names Find(const WString& mask) {
     Names names;
     for (const WIN32_FIND_DATAW& data : FindAll(mask)) names.emplace_back(data.cFileName);
@@ -171,7 +171,7 @@ TEST_F(FindTest, AnEntryTellsItsSizeAttributesAndTimes) {
     EXPECT_EQ(data.nFileSizeHigh, 0u);
     EXPECT_EQ(data.nFileSizeLow, 70000u);
   }
-  // The high half of a time counts some seven minutes: 0x01D00000 is in October 2014.
+  // A unit of the high half of a time is about seven minutes: 0x01D00000 is in October 2014.
   EXPECT_GT(data.ftLastWriteTime.dwHighDateTime, 0x01D00000u);
   EXPECT_GT(data.ftCreationTime.dwHighDateTime, 0x01D00000u);
   EXPECT_GT(data.ftLastAccessTime.dwHighDateTime, 0x01D00000u);

@@ -11,10 +11,10 @@ namespace {
 struct FullPathRow {
   const WCHAR* path;
   const WCHAR* full;
-  const WCHAR* filePart;  // null for none
+  const WCHAR* filePart;  // null if there is none
 };
 
-// Paths that say where they begin.
+// Absolute paths.
 const FullPathRow kRows[] = {
     {W("Z:\\a\\b"), W("Z:\\a\\b"), W("b")},
     {W("z:\\a"), W("z:\\a"), W("a")},

@@ -1,5 +1,5 @@
-// Access lists that were set, natively: where there is no room to keep one, and where the owner of the file
-// may not read it, also with several processes at once.
+// Stored access lists in the native build: when there is no space to store one, when the owner may not read
+// the file, and with several processes at once.
 
 #include <gmock/gmock.h>
 
@@ -45,21 +45,22 @@ class KeptLists : public testing::Test {
   }
   std::string OwnerSid() const { return "S-1-22-1-" + std::to_string(Status().st_uid); }
   std::string GroupSid() const { return "S-1-22-2-" + std::to_string(Status().st_gid); }
-  // Sets a list that gives the rights to everyone but the owner, and is to be inherited. 0 or an error.
+  // Sets an inheritable list that grants the rights to everyone except the owner. Returns 0 or an error.
   DWORD DenyOwner(DWORD rights) const {
     const BYTE inherited = 3;
     BuiltList list;
     list.Add(1, inherited, rights, UserSidBytes(Status().st_uid)).Add(0, inherited, rights, EveryoneSid());
     return SetEntries(file_, list.Get());
   }
-  // That list as it was set, and as the mode that it leaves says it.
+  // The entries of that list as it was set, and as derived from the resulting mode.
   std::vector<ShownEntry> SetEntriesOf(DWORD rights) const {
     return {{1, 3, rights, OwnerSid()}, {0, 3, rights, "S-1-1-0"}};
   }
   std::vector<ShownEntry> ModeEntriesOf(DWORD rights) const {
     return {{1, 0, rights, OwnerSid()}, {0, 0, rights, GroupSid()}, {0, 0, rights, "S-1-1-0"}};
   }
-  // Fills what room there is for attributes with ever smaller ones. False if there is no end to it.
+  // Fills the space for extended attributes with smaller and smaller ones. Returns false if there is no
+  // limit.
   bool FillRoomForAttributes() const {
     bool isFull = false;
     int number = 0;
@@ -81,7 +82,7 @@ class KeptLists : public testing::Test {
 
 }  // namespace
 
-// No file system has room for an attribute of more than 65536 bytes.
+// No file system stores an attribute of more than 65536 bytes.
 TEST_F(KeptLists, OneThatIsTooLongToBeKeptIsAnErrorAndTheOldOneNoLongerCounts) {
   BuiltList old;
   old.Add(0, 3, kReadRights, EveryoneSid());
@@ -89,7 +90,7 @@ TEST_F(KeptLists, OneThatIsTooLongToBeKeptIsAnErrorAndTheOldOneNoLongerCounts) {
   ASSERT_THAT(EntriesOfFile(file_), Optional(ElementsAre(ShownEntry{0, 3, kReadRights, "S-1-1-0"})));
   std::vector<BYTE> memory = FilledList(65528, kReadRights);
   EXPECT_EQ(SetEntries(file_, reinterpret_cast<ACL*>(memory.data())), 112u);
-  // Its mode is that of the old one too, which would count still.
+  // The mode is also that of the old list, which would still be valid if its attribute had remained.
   EXPECT_EQ(Mode(), 0444u);
   EXPECT_FALSE(IsKept());
   EXPECT_THAT(EntriesOfFile(file_), Optional(testing::SizeIs(3)));
@@ -99,7 +100,7 @@ TEST_F(KeptLists, OneForWhichTheFileHasNoMoreRoomIsAnErrorAndTheOldOneNoLongerCo
   BuiltList old;
   old.Add(0, 3, kReadRights, EveryoneSid());
   ASSERT_EQ(SetEntries(file_, old.Get()), 0u);
-  if (!FillRoomForAttributes()) return SUCCEED();  // the file system has room for any number of attributes
+  if (!FillRoomForAttributes()) return SUCCEED();  // the file system does not limit attributes
   std::vector<BYTE> memory = FilledList(1000, kReadRights);
   EXPECT_EQ(SetEntries(file_, reinterpret_cast<ACL*>(memory.data())), 112u);
   EXPECT_EQ(Mode(), 0444u);
@@ -107,10 +108,10 @@ TEST_F(KeptLists, OneForWhichTheFileHasNoMoreRoomIsAnErrorAndTheOldOneNoLongerCo
   EXPECT_THAT(EntriesOfFile(file_), Optional(testing::SizeIs(3)));
 }
 
-// The mode says it whole.
+// The mode represents an empty list completely.
 TEST_F(KeptLists, AnEmptyOneNeedsNoRoomAndTheOldOneNoLongerCounts) {
   BuiltList old;
-  old.Add(1, 3, kReadRights, EveryoneSid());  // which leaves a mode of 0 too
+  old.Add(1, 3, kReadRights, EveryoneSid());  // which results in mode 0 too
   ASSERT_EQ(SetEntries(file_, old.Get()), 0u);
   ASSERT_TRUE(IsKept());
   FillRoomForAttributes();
@@ -151,7 +152,7 @@ TEST_F(KeptLists, AnOwnerWhoMayNotReadTheFileIsShownTheListOfItsMode) {
     ASSERT_TRUE(GetSecurityDescriptorDacl(record, &flag, &list, &flag));
     EXPECT_EQ(EntriesOf(list), ModeEntriesOf(kReadRights));
   }
-  // Who may read it is shown the list that was set.
+  // A user who may read the file gets the list that was set.
   if (IsSuperuser()) {
     EXPECT_EQ(EntriesOfFile(file_), SetEntriesOf(kReadRights));
   }
@@ -180,7 +181,7 @@ TEST_F(KeptLists, AnOwnerWhoMayNotReadHisFolderIsShownTheListOfItsMode) {
   if (IsSuperuser()) {
     EXPECT_THAT(EntriesOfFile(folder), Optional(ElementsAre(ShownEntry{0, 3, kWriteRights, "S-1-1-0"})));
   }
-  chmod(native.c_str(), 0700);  // for whoever removes it
+  chmod(native.c_str(), 0700);  // so that the folder can be removed
 }
 
 TEST_F(KeptLists, AnUnreadableOneStaysWhenItsOwnerIsSetAgain) {
@@ -201,7 +202,7 @@ TEST_F(KeptLists, AnUnreadableOneStaysWhenItsOwnerIsSetAgain) {
 }
 
 TEST_F(KeptLists, OneOfAnotherOwnerThatMayNotBeReadIsShownAsTheModeSaysIt) {
-  if (!IsSuperuser()) return SUCCEED();  // there is no other user to make one
+  if (!IsSuperuser()) return SUCCEED();  // only the superuser can create a file of another owner
   BuiltList list;
   list.Add(0, 3, kReadRights, UserSidBytes(4001));
   ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
@@ -249,7 +250,7 @@ TEST_F(KeptLists, ReadingInTwoProcessesChangesNothingAboutTheFile) {
   EXPECT_EQ(after.st_ctim.tv_nsec, before.st_ctim.tv_nsec);
 }
 
-// Each of the two leaves a mode under which the owner can neither read nor write the file.
+// Each of the two lists results in a mode by which the owner can neither read nor write the file.
 TEST_F(KeptLists, OfTwoProcessesThatSetOneTheModeIsThatOfOneOfThemWithNoRightLeftBehind) {
   constexpr int kRounds = RandomCases(10000);
   GiveFileToNobody();

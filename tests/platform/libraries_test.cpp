@@ -1,4 +1,4 @@
-// LoadLibraryW, GetProcAddress and FreeLibrary, by the library that is always there.
+// LoadLibraryW, GetProcAddress and FreeLibrary, with a library that always exists.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-// By way of the one function type that the compiler lets be any other.
+// Casts through void (*)(), which compilers accept for any function type.
 template <typename Function>
 Function* Lookup(HMODULE module, const char* name) {
   return reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
@@ -50,7 +50,7 @@ TEST(LibrariesTest, FunctionsThatAreLookedUpWork) {
 TEST(LibrariesTest, AFunctionThatIsNotThereIsNotFound) {
   const HMODULE module = LoadLibraryW(W("kernel32.dll"));
   EXPECT_EQ(FailureOf(GetProcAddress(module, "NoSuchFunction") != nullptr), 127u);
-  // Case matters.
+  // Names of functions are case-sensitive.
   EXPECT_EQ(FailureOf(GetProcAddress(module, "comparestringex") != nullptr), 127u);
   EXPECT_TRUE(FreeLibrary(module));
 }

@@ -1,4 +1,5 @@
-// Libraries, as far as only the native build tells: on Windows those of the system are never given back.
+// Behaviour of libraries that only the native build shows: on Windows the system's libraries are never
+// unloaded.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Messages: threads' queues, the loops over them, and windows with a handler.
+// Message queues of threads, message loops, and windows with a handler.
 
 #include <gmock/gmock.h>
 
@@ -12,21 +12,21 @@ using testing::ElementsAre;
 
 namespace {
 
-constexpr DWORD kMissed = 60000;  // milliseconds that nothing here takes
+constexpr DWORD kMissed = 60000;  // milliseconds; never reached
 
-// Does something on a thread whose queue is new.
+// Runs on a thread with a new queue.
 template <typename Work>
 void OnNewThread(Work work) {
   std::thread(work).join();
 }
 
-// Gives the calling thread its queue.
+// Creates the calling thread's queue.
 void MakeQueue() {
   MSG message;
   PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
 }
 
-// The numbers of the messages that a loop gets until it ends, and its exit code at the end.
+// Returns the numbers of the messages that a loop gets, followed by its exit code.
 std::vector<UINT> RunLoop() {
   std::vector<UINT> taken;
   MSG message;
@@ -176,7 +176,7 @@ TEST(MessagesTest, DispatchingCallsTheHandlerOfTheWindow) {
     EXPECT_EQ(handled[0].first, 6u);
     EXPECT_EQ(handled[0].second, -7);
     EXPECT_EQ(handled[1].message, WM_CLOSE);
-    EXPECT_TRUE(PostMessageW(window.Handle(), WM_APP, 0, 0));  // a close that is handled closes nothing
+    EXPECT_TRUE(PostMessageW(window.Handle(), WM_APP, 0, 0));  // handling WM_CLOSE leaves the window open
   });
 }
 
@@ -203,7 +203,7 @@ TEST(MessagesTest, AHandlerMayDestroyItsWindow) {
       EXPECT_EQ(text, kept);
     });
     PostMessageW(window->Handle(), WM_APP, 0, 0);
-    PostMessageW(window->Handle(), WM_APP, 0, 0);  // goes with the window
+    PostMessageW(window->Handle(), WM_APP, 0, 0);  // removed with the window
     PostQuitMessage(0);
     EXPECT_THAT(RunLoop(), ElementsAre(WM_APP, 0u));
     EXPECT_EQ(handled, 1);

@@ -1,4 +1,4 @@
-// Messages: what is the native layer's own.
+// Messages: behaviour of the native build only.
 
 #include <thread>
 

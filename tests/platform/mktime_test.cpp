@@ -1,5 +1,5 @@
-// _mktime64: seconds of a local time. The zone is whichever the process has, so it is distances that are
-// held, in standard time, in which all days are of one length.
+// _mktime64: seconds of a local time. The tests run in the zone of the process, so they compare differences
+// in standard time, in which all days have the same length.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace {
 constexpr std::int64_t kDay = 86400;
 
 struct Fields {
-  int year;  // 2014
+  int year;  // in full, such as 2014
   int month = 1;
   int day = 1;
   int hour = 0;
@@ -38,7 +38,7 @@ std::int64_t Seconds(const Fields& fields) {
 }
 
 TEST(MkTimeTest, ATimeIsCountedFrom1970InALocalZone) {
-  constexpr std::int64_t kNewYear2014 = 1388534400;  // in universal time
+  constexpr std::int64_t kNewYear2014 = 1388534400;  // in UTC
   constexpr std::int64_t kFurthestZone = 15 * 3600;
   EXPECT_GT(Seconds({2014}), kNewYear2014 - kFurthestZone);
   EXPECT_LT(Seconds({2014}), kNewYear2014 + kFurthestZone);
@@ -60,7 +60,7 @@ constexpr DistanceRow kDistanceRows[] = {
     {{2400, 2, 28}, {2400, 3, 1}, 2 * kDay},
     {{2015, 1, 10}, {2016, 1, 10}, 365 * kDay},
     {{2016, 1, 10}, {2017, 1, 10}, 366 * kDay},
-    // Fields out of their ranges.
+    // Fields outside their ranges.
     {{2014, 1, 31}, {2014, 1, 32}, kDay},
     {{2014}, {2014, 13}, 365 * kDay},
     {{2014}, {2014, 25}, 730 * kDay},

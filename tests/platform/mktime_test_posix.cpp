@@ -1,4 +1,4 @@
-// _mktime64 in zones that are known, each in a process of its own, and fields that Wine overflows on.
+// _mktime64 in known zones, each in a separate process, and fields for which Wine overflows.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ namespace {
 
 constexpr char kCentralEurope[] = "CET-1CEST,M3.5.0,M10.5.0/3";
 
-// `check` in a process of its own, which stands in this zone.
+// Runs `check` in a new process in this time zone.
 template <typename Check>
 void InZone(const char* zone, Check check) {
   InEnvironment("TZ", zone, [&] {
@@ -55,7 +55,7 @@ TEST(NativeMkTimeDeathTest, TheLimitsAreOfUniversalTimeInOtherZonesToo) {
   });
 }
 
-// 2014-07-01 00:00 is 1404172800 in universal time.
+// 2014-07-01 00:00 UTC is 1404172800.
 TEST(NativeMkTimeDeathTest, TheFieldSaysWhichTimeASummersDayIsGivenIn) {
   InZone(kCentralEurope, [] {
     std::tm standard = TimeOf(2014, 7, 1, 12);
@@ -87,7 +87,7 @@ TEST(NativeMkTimeDeathTest, TheFieldSaysWhichTimeAWintersDayIsGivenIn) {
   });
 }
 
-// The library's own answer is the plain rule; standard time takes a shorter way.
+// The C library's result is the reference; for standard time the tested function takes a shorter way.
 TEST(NativeMkTimeDeathTest, StandardTimeIsTheSameAsTheLibrarys) {
   for (const char* zone : {"UTC0", kCentralEurope, "EST5EDT,M3.2.0,M11.1.0", "AEST-10AEDT,M10.1.0,M4.1.0/3",
                            "<+0545>-5:45", "<+1030>-10:30<+11>-11,M10.1.0,M4.1.0"}) {
@@ -109,14 +109,14 @@ TEST(NativeMkTimeDeathTest, StandardTimeIsTheSameAsTheLibrarys) {
   }
 }
 
-// The file of a zone (RFC 8536, version 1).
+// A zone file (RFC 8536, version 1).
 struct ZoneTime {
   int offset;  // seconds
   bool isSummer;
 };
 struct ZoneChange {
-  std::int32_t at;  // in universal time
-  char time;        // index of the time from then on
+  std::int32_t at;  // in UTC
+  char time;        // index of the time that applies from then on
 };
 
 std::string ZoneFile(const std::vector<ZoneTime>& times, const std::vector<ZoneChange>& changes) {
@@ -129,7 +129,7 @@ std::string ZoneFile(const std::vector<ZoneTime>& times, const std::vector<ZoneC
        {std::size_t{0}, std::size_t{0}, std::size_t{0}, changes.size(), times.size()}) {
     add(static_cast<std::uint32_t>(count));
   }
-  add(4);  // characters of names
+  add(4);  // number of characters in names
   for (const ZoneChange& change : changes) add(static_cast<std::uint32_t>(change.at));
   for (const ZoneChange& change : changes) file += change.time;
   for (const ZoneTime& time : times) {
@@ -140,7 +140,7 @@ std::string ZoneFile(const std::vector<ZoneTime>& times, const std::vector<ZoneC
   return file.append("ZON\0", 4);
 }
 
-// Each hour of five years in a zone that is made; for a process of its own.
+// Checks each hour of five years in a zone from this file. Must run in a separate process.
 void CheckHoursAgainstTheLibrary(const std::string& zoneFile) {
   const ScratchFolder folder;
   folder.Write(W("zone"), zoneFile);
@@ -156,7 +156,7 @@ void CheckHoursAgainstTheLibrary(const std::string& zoneFile) {
   }
 }
 
-// 2016-03-27 01:00 and 2016-09-07 00:00 in universal time.
+// 2016-03-27 01:00 UTC and 2016-09-07 00:00 UTC.
 constexpr std::int32_t kSpring2016 = 1459040400;
 constexpr std::int32_t kAutumn2016 = 1473206400;
 
@@ -194,7 +194,7 @@ TEST(NativeMkTimeDeathTest, FieldsFarOutOfTheirRangesAreMinusOneOrExact) {
       EXPECT_EQ(_mktime64(&time), -1);
       EXPECT_EQ(time.tm_mon, value);
     }
-    // A year far out that the months bring back.
+    // A year far out of range that the months bring back.
     std::tm time = TimeOf(2014, 1, 1);
     time.tm_year -= 1000;
     time.tm_mon += 12000;

@@ -51,7 +51,7 @@ TEST_F(MoveFileTest, AFileMovesToItself) {
   EXPECT_EQ(scratch_.Read(W("a.txt")), "abc");
 }
 
-// Wine answers success and leaves the name as it was; that it changes is held natively.
+// Wine returns success without changing the name; move_file_test_posix.cpp tests that it changes.
 TEST_F(MoveFileTest, TheCaseOfLettersCanChange) {
   scratch_.Write(W("a.txt"), "abc");
   scratch_.MakeFolder(W("sub"));

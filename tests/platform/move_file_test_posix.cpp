@@ -51,8 +51,8 @@ TEST_F(NativeMoveTest, ASecondHardLinkIsATargetThatIsThere) {
   EXPECT_EQ(scratch_.Names(), (std::vector<WString>{W("A.txt"), W("a.txt")}));
 }
 
-// Runs `work` on a thread of its own, where the kernel seems not to know a rename that refuses a target that
-// is there: some file systems have none.
+// Runs `work` on a new thread for which the kernel does not support a rename that refuses an existing target,
+// as on some file systems.
 template <typename Work>
 void RunWithoutRefusingRename(Work work) {
   std::thread([&work] {
@@ -104,8 +104,8 @@ ino_t InodeOf(int descriptor) {
   return status.st_ino;
 }
 
-// Extended attributes as this thread's moves find and set them while an object of this kind is there: not
-// every file system below the tests keeps any.
+// Replaces extended attributes in this thread's moves during its lifetime, because the file systems of the
+// tests may not store any.
 struct AttributesInPlay {
   AttributesInPlay() { current = this; }
   ~AttributesInPlay() { current = nullptr; }
@@ -124,7 +124,7 @@ struct AttributesInPlay {
 
 thread_local AttributesInPlay* AttributesInPlay::current = nullptr;
 
-// Answers as the system does where text is read: its size, and its bytes if there is room.
+// Behaves like the system's call: returns the size, and copies the bytes if the buffer is large enough.
 ssize_t Give(const std::string& text, void* buffer, std::size_t size) {
   if (size == 0) return static_cast<ssize_t>(text.size());
   if (text.size() > size) {
@@ -135,8 +135,8 @@ ssize_t Give(const std::string& text, void* buffer, std::size_t size) {
   return static_cast<ssize_t>(text.size());
 }
 
-// A scratch folder and a folder in memory, which is another file system unless the scratch folder is in
-// memory too; then a folder on disk takes its place.
+// A scratch folder, and a folder in memory, which is on another file system; if the scratch folder is in
+// memory too, a folder on disk instead.
 class MoveAcrossTest : public NativeMoveTest {
  protected:
   MoveAcrossTest() {
@@ -281,7 +281,7 @@ TEST_F(MoveAcrossTest, AFileThatIsOpenMovesOnlyIfThatIsShared) {
     EXPECT_EQ(MoveOut(W("a.txt"), "b.txt"), 32u);
   }
   {
-    // Bytes that are still being written would be lost.
+    // Data that is still being written would be lost.
     const FileHandle file = open(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE);
     EXPECT_EQ(MoveOut(W("a.txt"), "b.txt"), 32u);
   }
@@ -293,7 +293,7 @@ TEST_F(MoveAcrossTest, AFileThatIsOpenMovesOnlyIfThatIsShared) {
 }
 
 TEST_F(MoveAcrossTest, AFailureToDeleteTheSourceTakesTheCopyBack) {
-  // A file that can be read but not deleted, by the superuser either.
+  // A file that can be read, but not deleted, not even by the superuser.
   EXPECT_NE(FailureOf(MoveFileW(W("Z:\\proc\\version"), Other("version").c_str())), kNoFailure);
   EXPECT_TRUE(fs::is_empty(other_));
   EXPECT_TRUE(fs::exists("/proc/version"));
@@ -301,7 +301,7 @@ TEST_F(MoveAcrossTest, AFailureToDeleteTheSourceTakesTheCopyBack) {
 
 }  // namespace
 
-// The system's own functions, which the program comes before.
+// Replace the system's functions in this program.
 extern "C" {
 
 __attribute__((visibility("default"))) ssize_t flistxattr(int descriptor, char* list,

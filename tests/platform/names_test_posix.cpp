@@ -1,4 +1,4 @@
-// Paths and names as the file system below has them.
+// Paths and names as they are on the native file system.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace {
 
 class NativeNamesTest : public testing::Test {
  protected:
-  // Makes a file whose name is these bytes.
+  // Creates a file whose name consists of these bytes.
   void WriteBytesName(const std::string& name) {
     const std::string path = scratch_.NativePath(W("x")).parent_path().string() + "/" + name;
     const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
@@ -28,7 +28,7 @@ class NativeNamesTest : public testing::Test {
     return lstat(path.c_str(), &status) == 0;
   }
 
-  // The one entry that the mask finds.
+  // Returns the only entry that matches the mask.
   WString FindOne(const WCHAR* mask) {
     WIN32_FIND_DATAW data = {};
     const FindHandle search(FindFirstFileExW(scratch_.Path(mask).c_str(), FindExInfoBasic, &data,
@@ -155,7 +155,7 @@ TEST_F(NativeNamesTest, AColonIsALetterOfAName) {
   EXPECT_TRUE(HasBytesName("a:b"));
 }
 
-// The dots that Windows drops could otherwise lead out of the folder.
+// Dropping trailing dots, as Windows does, must not lead out of the folder.
 TEST_F(NativeNamesTest, ANameOfThreeDotsLeadsNowhere) {
   scratch_.MakeFolder(W("sub"));
   scratch_.Write(W("a.txt"), "abc");
@@ -179,7 +179,7 @@ TEST_F(NativeNamesTest, SearchingAFileAsAFolderFailsWith267) {
             267u);
 }
 
-// Not even a path that exists is reached through the names of devices.
+// Device paths do not reach even an existing file.
 TEST_F(NativeNamesTest, DevicesAreNotThere) {
   const WString path = scratch_.Write(W("a"), "x");
   EXPECT_EQ(FailureOf(DeleteFileW((W("\\\\.\\") + path).c_str())), 2u);

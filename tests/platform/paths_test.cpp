@@ -1,4 +1,4 @@
-// How paths are read: their forms, their names, their lengths.
+// How paths are interpreted: forms, names, lengths.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Junctions: handles of folders, and DeviceIoControl with the record of a mount point.
+// Junctions: handles of folders, and DeviceIoControl with the data of a mount point.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ void AppendWord(Bytes& bytes, std::size_t value) {
   bytes.push_back(static_cast<unsigned char>(value >> 8));
 }
 
-// A record as Windows wants it, with an empty print name.
+// Returns the data that Windows expects, with an empty print name.
 Bytes RecordOf(const WString& path) {
   Bytes record = {0x03, 0x00, 0x00, 0xA0};
   AppendWord(record, path.size() * 2 + 12);

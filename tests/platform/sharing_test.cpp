@@ -1,4 +1,4 @@
-// Share modes: who may open, move or delete a file that is open.
+// Share modes: which opens, moves and deletes of an open file succeed.
 
 #include <gtest/gtest.h>
 
@@ -13,14 +13,14 @@ namespace {
 constexpr DWORD kNone = 0;
 constexpr DWORD kBoth = GENERIC_READ | GENERIC_WRITE;
 
-// The ways a second handle is asked for: each access with the eight share modes, none (0) to read, write and
-// delete (7).
+// The accesses of the second handle. Each is tried with the eight share modes, from none (0) to read, write
+// and delete (7).
 constexpr DWORD kAccesses[] = {GENERIC_READ, GENERIC_WRITE, kBoth, kNone};
 
 struct ShareRow {
   DWORD access;
   DWORD share;
-  // By the share modes 0 to 7 of the second handle, '1' where it opens.
+  // One character for each share mode, 0 to 7, of the second handle: '1' if it opens.
   std::string_view read;
   std::string_view write;
   std::string_view both;

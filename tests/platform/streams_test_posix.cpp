@@ -1,4 +1,4 @@
-// Streams of files natively, which are extended attributes.
+// Streams of files in the native build, where they are extended attributes.
 
 #include <gmock/gmock.h>
 
@@ -24,7 +24,7 @@ class NativeStreams : public testing::Test {
     ASSERT_EQ(setxattr(scratch_.NativePath(file).c_str(), name, value.data(), size, 0), 0);
   }
 
-  // "name size" of each record, and the status of the query.
+  // Returns "name size" for each stream, and the status of the query.
   std::vector<std::string> Streams(const WString& path, ULONG size = 65536) {
     const FileHandle file(CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));

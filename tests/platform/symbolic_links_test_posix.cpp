@@ -1,4 +1,4 @@
-// CreateSymbolicLinkW, which is called directly and by way of the library that holds it.
+// CreateSymbolicLinkW, called directly and through the library that exports it.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Times of files to fields and back, and the local time.
+// Converting file times to fields and back, and the local time.
 
 #include <gtest/gtest.h>
 
@@ -68,7 +68,7 @@ WORD DaysOf(WORD year, WORD month) {
   return static_cast<WORD>(kDaysOfMonths[month - 1] + (month == 2 && isLeap ? 1 : 0));
 }
 
-// More than one round of the calendar, which has 400 years.
+// More than one cycle of the calendar, which has 400 years.
 TEST(SystemTimeTest, EveryDayFollowsTheOneBefore) {
   constexpr std::uint64_t kDay = 864000000000;
   std::uint64_t units = 0;

@@ -1,4 +1,4 @@
-// The last day of February, which Wine takes in every year.
+// February 29, which Wine accepts in every year.
 
 #include <gtest/gtest.h>
 

@@ -17,7 +17,7 @@ namespace {
 constexpr int kThreads = 8;
 constexpr int kRounds = 200;
 
-// Runs `work(number)` on all threads, which begin together.
+// Runs `work(number)` on all threads, which start together.
 template <typename Work>
 void RunTogether(Work work) {
   std::barrier start(kThreads);
@@ -101,7 +101,7 @@ TEST(ThreadsTest, AFileThatIsHeldOpenNeitherMovesNorGoes) {
       if (number % 2 == 0) {
         const FileHandle file(OpenFor(path.c_str(), GENERIC_READ, OPEN_EXISTING, FILE_SHARE_READ));
         if (!file.IsOpen()) continue;
-        // Held open without sharing that, the name cannot go from under us.
+        // The file is open without FILE_SHARE_DELETE, so it cannot be moved or deleted.
         EXPECT_EQ(GetFileAttributesW(path.c_str()), 0x20u);
         char bytes[3];
         DWORD done = 0;
@@ -181,7 +181,8 @@ TEST(ThreadsTest, AFaultMeetsOneCallOfAll) {
   EXPECT_EQ(Platform::Faults::CallCount("GetFileAttributesW"), kThreads * kRounds);
 }
 
-// The last letters of the tables: whoever reads them before all is made sees none.
+// Maps the last letters of the tables, which are missing if a thread reads the tables before they are
+// complete.
 void MapCaseTogether() {
   RunTogether([](int number) {
     const bool upper = number % 2 == 0;
@@ -192,7 +193,7 @@ void MapCaseTogether() {
   });
 }
 
-// In a process of its own, in which nothing has mapped case before.
+// In a separate process, in which nothing has mapped case before.
 TEST(ThreadsDeathTest, TheFirstCaseMappingsOfAProcessComeFromManyThreads) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto mapAndLeave = [] {
@@ -202,7 +203,7 @@ TEST(ThreadsDeathTest, TheFirstCaseMappingsOfAProcessComeFromManyThreads) {
   EXPECT_EXIT(mapAndLeave(), testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 
-// In a process of its own, in which nothing has ordered texts before.
+// In a separate process, in which nothing has compared texts before.
 TEST(ThreadsDeathTest, TheFirstTextsOfAProcessAreOrderedByManyThreads) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto orderAndLeave = [] {

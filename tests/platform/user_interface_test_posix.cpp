@@ -1,4 +1,4 @@
-// Boxes, forms and starts of programs go to the handler that is installed.
+// Message boxes, forms and program starts are passed to the installed handler.
 
 #include "platform/posix/user_interface.h"
 

@@ -1,5 +1,5 @@
-// Parts of security descriptors, held to their bytes. The bytes fill their memory exactly, so that the checks
-// of memory see a read beyond them.
+// Checks that parts of security descriptors are inside their bytes. The buffers have exact sizes, so that
+// sanitizers detect reads beyond them.
 #include "security/descriptor_bounds.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 
 namespace {
 
-// A SID of that many numbers, of which the bytes hold as many as there is room for.
+// Returns a SID with that many subauthorities, cut to the given size.
 std::vector<BYTE> SidOfNumbers(BYTE numbers, std::size_t bytes) {
   std::vector<BYTE> sid(bytes);
   const std::array<BYTE, 8> header = {1, numbers, 0, 0, 0, 0, 0, 5};
@@ -49,7 +49,7 @@ TEST(DescriptorBounds, ASidOf255NumbersInAShortRecordIsNone) {
 }
 
 TEST(DescriptorBounds, ASidInTheLastSevenBytesIsNone) {
-  // Zeros: as far as it goes it would be a SID without numbers.
+  // Zeros, the beginning of a SID without subauthorities.
   const std::vector<BYTE> record(40);
   for (std::size_t left = 0; left <= 7; ++left)
     EXPECT_FALSE(HoldsSid(record, &record[0] + 40 - left)) << left;
@@ -57,7 +57,7 @@ TEST(DescriptorBounds, ASidInTheLastSevenBytesIsNone) {
 }
 
 TEST(DescriptorBounds, WhatLiesOutsideTheRecordIsNone) {
-  // A whole SID, and a whole list, on both sides of the record.
+  // A complete SID and a complete list before and after the record.
   std::vector<BYTE> memory(120);
   const std::vector<BYTE> sid = EveryoneSid();
   const std::vector<BYTE> list = ListBytes(8, 0);
@@ -127,7 +127,7 @@ TEST(DescriptorBounds, AnEntryBeyondWhatItsListUsesIsNone) {
   const std::vector<BYTE> list = ListBytes(28, 1, EntryBytes(20, EveryoneSid()));
   EXPECT_TRUE(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 8)));
   EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 27, At<ACE_HEADER>(list, 8)));
-  EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 11, At<ACE_HEADER>(list, 8)));  // its header is cut
+  EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 11, At<ACE_HEADER>(list, 8)));  // its header is truncated
   EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 25)));
   EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 28)));
   const std::vector<BYTE> other = EntryBytes(4, {});

@@ -1,4 +1,4 @@
-// Paths of items at the limit of 4096 characters: whole ones are taken, cut ones are not.
+// Paths of items near the limit of 4096 characters: complete paths are accepted, truncated ones are not.
 #include "security/item_path.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +7,8 @@
 
 namespace {
 
-// What the path of an item is taken for, of a host that ends a cut path with a zero, or without one.
+// Returns the path that is accepted for an item of a host that terminates a truncated path with a zero, or
+// does not.
 std::optional<WString> PathOf(const WString& folder, const WString& name, bool fillsPathsWhole) {
   HostRecorder recorder;
   FakeFileItem item(recorder, folder, name, FILE_ATTRIBUTE_ARCHIVE);
@@ -15,7 +16,7 @@ std::optional<WString> PathOf(const WString& folder, const WString& name, bool f
   return SecurityPathOf(item);
 }
 
-// A folder's path of that many characters, with its backslash.
+// Returns a folder's path of that many characters, including its trailing backslash.
 WString LongFolder(std::size_t size) {
   WString folder = W("Z:\\");
   while (folder.size() + 101 < size) folder += WString(100, W('f')) + W("\\");
@@ -48,7 +49,7 @@ TEST(SecurityPath, OfMoreIsNoneWhereverItIsCut) {
   }
 }
 
-// The beginning is a path of 4095 characters that ends in the item's name.
+// The truncated path is a valid path of 4095 characters that ends in the item's name.
 TEST(SecurityPath, OfMoreIsNoneWhereTheCutEndsInTheNameOfTheItem) {
   const WString name(95, W('n'));
   const WString beginning = LongFolder(4000) + name;

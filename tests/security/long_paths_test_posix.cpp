@@ -1,4 +1,5 @@
-// Real files whose paths are as long as can be, natively: Windows' own files end at 260 characters.
+// Real files with paths of the maximum length, in the native build: many functions of Windows are limited to
+// 260 characters.
 #include <gmock/gmock.h>
 
 #include <sys/stat.h>
@@ -25,7 +26,7 @@ class LongPaths : public testing::Test {
     files_.scratch.MakeFolder(folder_.substr(files_.scratch.Path().size() + 1));
   }
 
-  // The name of a file whose path has that many characters.
+  // Returns a file name with which the path has that many characters.
   WString NameFor(std::size_t pathChars) const { return WString(pathChars - folder_.size(), W('n')); }
   FakeFileItem* Make(std::size_t pathChars) {
     const WString name = NameFor(pathChars);
@@ -63,7 +64,7 @@ TEST_F(LongPaths, ALongerOneIsNotTakenForTheFileThatItsBeginningIs) {
   });
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_EQ(FullEntriesOfEveryone(beginning), 0);
-  // The file itself, selected, gets the entry.
+  // The file itself, if selected, gets the entry.
   host_.selection = {host_.AddFileIn(folder_, NameFor(4095))};
   AddAccessCommand(host_, [](IHostApp&, ChangeAccessForm& form) {
     form.userName = W("Everyone");

@@ -1,5 +1,5 @@
-// Every call of the system in every operation, failing once: each operation runs with all functions watched,
-// so that none can be called without a row that says what becomes of its failure.
+// Every system call of every operation fails once. Each operation runs with all functions watched, so every
+// call must have a row that states the outcome of its failure.
 #include <gmock/gmock.h>
 
 #include <sys/stat.h>
@@ -20,7 +20,7 @@ namespace {
 
 namespace Faults = Platform::Faults;
 
-// Not a number that any of the functions would come upon by itself.
+// An error that none of the functions sets by itself.
 constexpr DWORD kWalkedError = 4711;
 
 // All functions of file security that can fail.
@@ -55,7 +55,7 @@ constexpr const char* kWatchedFunctions[] = {
     "GetProcAddress",
 };
 
-// What becomes of the operation if one of these calls of the function fails: the first to the last of them.
+// The outcome of the operation if one of these calls of the function, from `first` to `last`, fails.
 struct FailedCalls {
   const char* function;
   int first;
@@ -71,8 +71,8 @@ class NtfsFaultWalk : public testing::Test {
     ResolveStreamQuery();
   }
 
-  // The state in which each operation begins: a file of two streams beside its own, and a folder of two, with
-  // a list of two entries each.
+  // Sets up the initial state of each operation: a file and a folder with two additional streams and an
+  // access list of two entries each.
   void StartOver() {
     Faults::Clear();
     ServerCache::Instance().Clear();
@@ -89,8 +89,8 @@ class NtfsFaultWalk : public testing::Test {
 
   using Text = std::function<std::string()>;
 
-  // Runs `operation`, which says how it came out, as it is and with every call failing in turn. `before`
-  // prepares the file, and `after` says more when no function is watched any longer.
+  // Runs `operation`, which returns its outcome as text, without faults and then once for each call that
+  // fails. `before` prepares the file; `after` adds to the outcome when no function is watched any more.
   void Walk(
       const std::string& undisturbed, const std::vector<FailedCalls>& rows, const Text& operation,
       const Text& after = [] { return std::string(); }, const std::function<void()>& before = [] {}) {
@@ -120,7 +120,7 @@ class NtfsFaultWalk : public testing::Test {
     StartOver();
   }
 
-  // The same for a change of the file: its error, and whether its list is another one after it.
+  // Like Walk, for a change of the file: the outcome is the error and whether the list has changed.
   void WalkChange(const std::string& undisturbed, const std::vector<FailedCalls>& rows,
                   const std::function<DWORD()>& change) {
     Walk(
@@ -234,7 +234,7 @@ TEST_F(NtfsFaultWalk, OfAddingAccess) {
 }
 
 TEST_F(NtfsFaultWalk, OfResettingAccess) {
-  const int sets = IsSuperuser() ? 2 : 1;  // the first is left out without the privilege
+  const int sets = IsSuperuser() ? 2 : 1;  // without the privilege, the first call is omitted
   std::vector<FailedCalls> rows = {
       {"GetNamedSecurityInfoW", 1, 1, "4711, as it was"}, {"DeleteAce", 1, 2, "4711, as it was"},
       {"OpenProcessToken", 1, 1, "0, changed"},           {"LookupPrivilegeValueW", 1, 1, "0, changed"},
@@ -246,7 +246,7 @@ TEST_F(NtfsFaultWalk, OfResettingAccess) {
 
 TEST_F(NtfsFaultWalk, OfResettingAMissingListWhichNoFailureLeavesEmpty) {
   const std::string failed = "4711, missing";
-  const int sets = IsSuperuser() ? 2 : 1;  // the first is left out without the privilege
+  const int sets = IsSuperuser() ? 2 : 1;  // without the privilege, the first call is omitted
   std::vector<FailedCalls> rows = {
       {"GetNamedSecurityInfoW", 1, 1, failed},       {"InitializeAcl", 1, 1, failed},
       {"OpenProcessToken", 1, 1, "0, empty"},        {"LookupPrivilegeValueW", 1, 1, "0, empty"},

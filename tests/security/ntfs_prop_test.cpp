@@ -1,4 +1,4 @@
-// NTFS Properties: what it declares, and its cells.
+// NTFS Properties: its declarations and its cells.
 #include "security/ntfs_prop.h"
 
 #include <gmock/gmock.h>
@@ -27,7 +27,8 @@ class NtfsPropCells : public testing::Test {
 
   FakeFileItem& Item() { return *item_; }
 
-  // One cell in a buffer of marks, of which `size` are for the cell; the text to its zero or to the marks.
+  // Requests a cell in a buffer filled with marks, of which `size` characters may be used. Stores the text up
+  // to its terminator or to the marks.
   bool Ask(u16 property, u16 size = 400) {
     std::fill(std::begin(cell_), std::end(cell_), W('#'));
     const bool hasValue = extension_.GetPropertyValue(item_, cell_, size, property);
@@ -36,7 +37,7 @@ class NtfsPropCells : public testing::Test {
     return hasValue;
   }
 
-  // A record that the host keeps: its first byte and its text.
+  // Returns a property record as the host stores it, with this first byte and text.
   static std::vector<unsigned char> Stored(unsigned char flags, const WString& text) {
     std::vector<unsigned char> record(1056);
     record[0] = flags;
@@ -173,7 +174,7 @@ TEST_F(NtfsPropCells, AnItemWithoutAPathHasNoOwnerButThreeBlanksOfAccessAndTheCo
 }
 
 TEST_F(NtfsPropCells, APathThatIsCutHasNoValue) {
-  // The beginning of the long path is a file of its own.
+  // A truncated path would name another file.
   const WString folder = files_.scratch.Path() + W("\\");
   for (const std::size_t size : {std::size_t{4096}, std::size_t{4097}, std::size_t{5000}}) {
     for (const bool fillsWhole : {false, true}) {
@@ -196,11 +197,11 @@ TEST_F(NtfsPropCells, ClearCacheForgetsTheServersOfDrives) {
   EXPECT_EQ(ServerCache::Instance().Find(W('Q')), std::nullopt);
 }
 
-// The host asks on column threads of its own; the thread checks look at this one.
+// The host queries cells on its own threads. Runs under the thread sanitizer too.
 TEST_F(NtfsPropCells, CellsAreAskedForOnSeveralThreads) {
   constexpr int kThreads = 4;
   constexpr int kRounds = 50;
-  // A host of its own for each thread: the fake one is for one thread alone.
+  // Each thread uses its own recorder and item.
   std::vector<std::thread> threads;
   std::atomic<int> values = 0;
   for (int number = 0; number < kThreads; ++number) {
@@ -218,5 +219,5 @@ TEST_F(NtfsPropCells, CellsAreAskedForOnSeveralThreads) {
     });
   }
   for (std::thread& thread : threads) thread.join();
-  EXPECT_EQ(values, kThreads * kRounds * 3);  // a size of 0 is no value
+  EXPECT_EQ(values, kThreads * kRounds * 3);  // the stream size is 0, which is shown as no value
 }

@@ -1,5 +1,5 @@
-// What the system hands out, made up or changed between two calls: descriptors, lists, chains of streams and
-// network names that are not what they should be. Nothing may be read beyond its memory.
+// Invalid data from the system, or data that changes between two calls: descriptors, lists, chains of streams
+// and network names. No byte outside of it may be read.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -28,14 +28,14 @@ class NtfsRecords : public testing::Test {
   }
   ~NtfsRecords() override { ServerCache::Instance().Clear(); }
 
-  // Sets a list of that many entries, all of which let everyone read.
+  // Sets a list of that many entries, all of which allow everyone to read.
   void SetListOf(int entries) const {
     BuiltList list;
     for (int index = 0; index < entries; ++index) list.Add(0, 0, 0x120089, EveryoneSid());
     ASSERT_EQ(SetEntries(file_, list.Get()), 0u);
   }
 
-  // What the owner is with that descriptor in place of the file's; "none" for none.
+  // Returns the owner's name with this descriptor in place of the file's, or "none".
   WString OwnerWith(const DescriptorBytes& descriptor) {
     Faults::Give("GetFileSecurityW", descriptor.Bytes());
     WString owner;
@@ -45,7 +45,7 @@ class NtfsRecords : public testing::Test {
     Faults::Give("GetFileSecurityW", descriptor.Bytes());
     return tools_.GetAccessString(file_);
   }
-  // What adding answers, and whether a list was set.
+  // Returns the result of adding access, and whether a list was set.
   std::pair<DWORD, bool> AddWith(const DescriptorBytes& descriptor) {
     Faults::Give("GetNamedSecurityInfoW", descriptor.Bytes());
     Faults::Watch("SetNamedSecurityInfoW");
@@ -78,7 +78,7 @@ constexpr DWORD kBufferOverflowStatus = 0x80000005;
 
 }  // namespace
 
-// Records that grow between the call for their size and the call for them.
+// Records that grow between the call for their size and the call for their bytes.
 
 TEST_F(NtfsRecords, AListThatGrowsBetweenTheTwoCallsShowsNoAccess) {
   SetListOf(1);
@@ -111,7 +111,7 @@ TEST_F(NtfsRecords, AListThatShrinksBetweenTheTwoCallsIsTheNewOne) {
   EXPECT_EQ(tools_.GetAccessString(file_), W("R  "));
 }
 
-// Descriptors that say what is not so.
+// Descriptors with false contents.
 
 TEST_F(NtfsRecords, AnOwnerThatItsRecordDoesNotHoldIsNone) {
   DescriptorBytes right;
@@ -137,7 +137,7 @@ TEST_F(NtfsRecords, ARecordOfPointersWhereOffsetsMustBeIsNone) {
   descriptor.SetListOffset(descriptor.Append(ListBytes(28, 1, EntryBytes(20, EveryoneSid(), 0x1F01FF))));
   EXPECT_EQ(OwnerWith(descriptor), W("root"));
   EXPECT_EQ(AccessWith(descriptor), W("RWX"));
-  descriptor.SetControl(0x0004);  // a list, and not self-relative
+  descriptor.SetControl(0x0004);  // has a list, but is not self-relative
   EXPECT_EQ(OwnerWith(descriptor), W("none"));
   EXPECT_EQ(AccessWith(descriptor), W("   "));
 }
@@ -170,14 +170,14 @@ TEST_F(NtfsRecords, AddingToAListWhoseEntriesLeaveItIsAnErrorAndSetsNothing) {
   }
 }
 
-// A new list has 16 bits for its size: one that would be longer is an error, and nothing is set.
+// The size field of a list has 16 bits: if the new list would be longer, the call fails and nothing is set.
 TEST_F(NtfsRecords, AddingToAListWithoutRoomForOneMoreEntryIsABadParameter) {
   std::vector<BYTE> memory = FilledList(65528, 1);
   auto* const list = reinterpret_cast<ACL*>(memory.data());
   ASSERT_EQ(list->AceCount, 3276);
   EXPECT_EQ(AddWith(DescriptorOfList(memory)), std::pair(DWORD{87}, false));
   Faults::Clear();
-  // Two entries fewer leave the room.
+  // Two entries fewer leave enough space.
   ASSERT_TRUE(DeleteAce(list, 0) && DeleteAce(list, 0));
   EXPECT_EQ(AddWith(DescriptorOfList(memory)), std::pair(DWORD{0}, true));
 }
@@ -185,7 +185,7 @@ TEST_F(NtfsRecords, AddingToAListWithoutRoomForOneMoreEntryIsABadParameter) {
 // Chains of streams.
 
 TEST_F(NtfsRecords, StreamsThatFillTheBufferAreCountedAndTheRestIsCutOff) {
-  // 2048 records of 32 bytes each, the last at the very end.
+  // 2048 records of 32 bytes each, which fill the buffer exactly.
   std::vector<BYTE> buffer(65536);
   for (std::size_t at = 0; at < buffer.size(); at += 32) {
     PutStream(buffer, at, at + 32 == buffer.size() ? 0 : 32, 3);
@@ -199,7 +199,7 @@ TEST_F(NtfsRecords, ACutChainThatPointsPastTheBufferEndsWithIt) {
   std::vector<BYTE> buffer(65536);
   for (std::size_t at = 0; at < buffer.size(); at += 32) PutStream(buffer, at, 32, 3);
   EXPECT_EQ(StreamsWith(buffer, kBufferOverflowStatus).count, 2047u);
-  // One that would begin within the last 23 bytes is none.
+  // A record that starts within the last 23 bytes is ignored.
   PutStream(buffer, 65504, 24, 3);
   EXPECT_EQ(StreamsWith(buffer, kBufferOverflowStatus).count, 2047u);
   PutStream(buffer, 65504 - 32, 40, 3);
@@ -256,7 +256,7 @@ TEST_F(NtfsRecords, ANetworkNameIsAskedForOnSeveralThreads) {
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(right, kThreads * kRounds);
-  // Once at the beginning and after each of the 20 clearings, by each thread at most.
+  // At most once for each thread, at the beginning and after each of the 20 clearings.
   EXPECT_GE(Faults::CallCount("WNetGetUniversalNameW"), 20);
   EXPECT_LE(Faults::CallCount("WNetGetUniversalNameW"), kThreads * 21);
 }

@@ -1,4 +1,4 @@
-// Owners, rights and streams of real files, as far as both builds know them.
+// Owners, rights and streams of real files that both builds support.
 #include "security/ntfs_tools.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Rights, streams and changes of real files, as the native layer knows them.
+// Rights, streams and changes of real files in the native build.
 #include "security/ntfs_tools.h"
 
 #include <gmock/gmock.h>
@@ -22,7 +22,7 @@ namespace {
 
 namespace Faults = Platform::Faults;
 
-// Not a number that any of the functions would come upon by itself.
+// An error that none of the functions sets by itself.
 constexpr DWORD kError = 4711;
 
 class NtfsToolsNative : public testing::Test {
@@ -46,7 +46,7 @@ class NtfsToolsNative : public testing::Test {
     EXPECT_EQ(stat(Native().c_str(), &status), 0);
     return status.st_uid;
   }
-  // A stream of that many bytes.
+  // Adds a stream with that many bytes.
   void AddStream(const WCHAR* file, const char* name, std::size_t size) const {
     const std::string value(size, 'x');
     ASSERT_EQ(setxattr(scratch_.NativePath(file).c_str(), name, value.data(), size, 0), 0);
@@ -138,7 +138,7 @@ TEST_F(NtfsToolsNative, ADriveWhoseServerCannotBeToldIsAskedAgain) {
     Faults::NameNetwork(name);
     EXPECT_FALSE(tools_.GetServerOfDrive(server, W("Z:\\a"))) << ToUtf8(name);
   }
-  // Longer than the 1024 bytes there are.
+  // Longer than the buffer of 1024 bytes.
   Faults::NameNetwork(W("\\\\server\\") + WString(600, W('x')));
   EXPECT_FALSE(tools_.GetServerOfDrive(server, W("Z:\\a")));
   Faults::NameNetwork(W("\\\\server\\share"));
@@ -330,11 +330,11 @@ TEST_F(NtfsToolsNative, ResettingSetsAProtectedMissingListFirstWhereThePrivilege
   EXPECT_EQ(Faults::LastFlags("SetNamedSecurityInfoW"), 4u);
   Faults::Fail("SetNamedSecurityInfoW", 2, kError);
   EXPECT_EQ(tools_.ResetAccess(file_), IsSuperuser() ? kError : 0u);
-  if (IsSuperuser()) EXPECT_EQ(Mode(), 0777u);  // what the first of the two left
+  if (IsSuperuser()) EXPECT_EQ(Mode(), 0777u);  // set by the first of the two calls
 }
 
 TEST_F(NtfsToolsNative, TheFirstOfTheTwoMayFail) {
-  if (!IsSuperuser()) return SUCCEED();  // there is but one
+  if (!IsSuperuser()) return SUCCEED();  // there is only one call
   Faults::Fail("SetNamedSecurityInfoW", 1, kError);
   EXPECT_EQ(tools_.ResetAccess(file_), 0u);
   EXPECT_EQ(Mode(), 0u);

@@ -1,5 +1,5 @@
-// Take ownership, reset access and add access from the selection to the files, the boxes and the helper, as
-// far as both builds know them.
+// Take ownership, reset access and add access from the selection to the files, the message boxes and the
+// helper, for what both builds support.
 #include "security/security_commands.h"
 
 #include <gmock/gmock.h>
@@ -24,7 +24,8 @@ class SecurityCommands : public testing::Test {
  protected:
   SecurityCommands() { host_.isElevated = true; }
 
-  // The calls of the elevated helper's channel, and what is written to it.
+  // Return the calls of the helper's channel with the values written to it, and the calls that refresh the
+  // view.
   std::vector<std::string> HelperCalls() const { return host_.recorder.CallsOf({"helper", "writer"}); }
   std::vector<std::string> RefreshCalls() const {
     return host_.recorder.CallsOf({"GetService(3010", "refresh", "ReleaseService(refresh"});
@@ -43,7 +44,7 @@ class SecurityCommands : public testing::Test {
   }
   std::string Quote(const WString& path) const { return "\"" + ToUtf8(path) + "\""; }
 
-  // The dialog is shown once, and answered by editing its form.
+  // Runs the command. The dialog must open once; `answer` edits its form.
   void AddAccess(const std::function<INT_PTR(ChangeAccessForm&)>& answer) {
     int shown = 0;
     AddAccessCommand(host_, [&](IHostApp&, ChangeAccessForm& form) {

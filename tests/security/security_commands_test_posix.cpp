@@ -1,5 +1,5 @@
-// The commands of File Security natively: owners and modes before and after, as the superuser and as an
-// ordinary user, functions of the system that fail, and the dialog's form.
+// The commands of File Security in the native build: owners and modes before and after, as the superuser and
+// as an ordinary user, system functions that fail, and the form of the dialog.
 #include "security/security_commands.h"
 
 #include <gmock/gmock.h>
@@ -126,7 +126,7 @@ TEST_F(SecurityCommandsNative, AUserWithoutANameIsABadParameter) {
   EXPECT_EQ(message.recorder.Calls().back(), "SetReply(1, 87, 0, 0)");
 }
 
-// The dialog's form.
+// The form of the dialog.
 
 TEST(ChangeAccessDlg, HasTheUserAndTheLevelByItsWord) {
   FakeHost host;
@@ -165,7 +165,7 @@ TEST(ChangeAccessDlg, EachWordIsItsMaskAndCancelLeavesTheForm) {
   }
 }
 
-// A host's column thread may have a small stack.
+// The host's threads for columns may have small stacks.
 
 namespace {
 
@@ -187,7 +187,7 @@ void* AskForCells(void* argument) {
 }  // namespace
 
 TEST_F(SecurityCommandsNative, CellsAreFilledOnAThreadOfSmallStack) {
-  // The checks of memory and of threads take stack of their own.
+  // Sanitizers use additional stack.
   constexpr std::size_t kStackBytes = kUnderSanitizers ? 1 << 20 : 96 << 10;
   ServerCache::Instance().Clear();
   files_.Select(W("a.txt"), "a");
@@ -206,11 +206,11 @@ TEST_F(SecurityCommandsNative, CellsAreFilledOnAThreadOfSmallStack) {
     return request.values;
   };
   for (FakeFileItem* const item : host_.selection) {
-    EXPECT_EQ(valuesOf(item), 3);  // a size of 0 is no value
+    EXPECT_EQ(valuesOf(item), 3);  // a stream size of 0 is shown as no value
     item->remoteLevel = 1;
     EXPECT_EQ(valuesOf(item), 3);
   }
-  // With a server whose name fills the buffer there is no owner.
+  // If the server's name fills the buffer, there is no owner.
   Faults::NameNetwork(W("\\\\") + WString(480, W('s')) + W("\\share"));
   for (FakeFileItem* const item : host_.selection) EXPECT_EQ(valuesOf(item), 2);
   EXPECT_EQ(ServerCache::Instance().Find(W('Z')), WString(480, W('s')));

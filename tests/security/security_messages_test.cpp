@@ -1,4 +1,4 @@
-// The elevated helper's side of File Security.
+// File Security in the elevated helper.
 #include <gmock/gmock.h>
 
 #include "frame/qx_utils.h"
@@ -15,7 +15,8 @@ namespace {
 
 class SecurityMessages : public testing::Test {
  protected:
-  // The reply, which must be the last that is done with the message. There is no host in the helper.
+  // Sends a message and returns the reply, which must be the last call to the message. There is no host in
+  // the helper.
   std::string Send(s32 code, std::vector<PayloadValue> payload) {
     FakeHelperMessage message(std::move(payload));
     EXPECT_EQ(extension_.OnHelperMessage(code, &message), 1);

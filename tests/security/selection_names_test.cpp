@@ -1,4 +1,4 @@
-// What the object picker hands over, in lists that are built by hand.
+// The names in a selection of the object picker, built by hand.
 #include "security/selection_names.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 namespace {
 
-// A list in memory with its texts behind the records, as the picker gives it.
+// A selection in memory, whose texts follow the records, as the picker returns it.
 class BuiltSelection {
  public:
   explicit BuiltSelection(std::uint32_t count, std::size_t size = 1024) : bytes_(size) {
@@ -20,7 +20,7 @@ class BuiltSelection {
   void SetPath(std::size_t record, const WCHAR* path) {
     std::memcpy(bytes_.data() + 8 + 48 * record + 8, &path, sizeof path);
   }
-  // A text in the memory itself; its address.
+  // Stores a text in the memory and returns its address.
   const WCHAR* PutText(std::size_t at, const WString& text) {
     std::memcpy(bytes_.data() + at, text.c_str(), (text.size() + 1) * sizeof(WCHAR));
     return reinterpret_cast<const WCHAR*>(bytes_.data() + at);

@@ -1,4 +1,4 @@
-// Servers of drives, and the cache of them.
+// The servers of drives, and their cache.
 #include "security/server_cache.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ TEST(ServerCache, KeepsOneServerForEachLetterUntilItIsCleared) {
   EXPECT_EQ(cache.Find(W('C')), std::nullopt);
 }
 
-// The thread checks look at this one.
+// Runs under the thread sanitizer too.
 TEST(ServerCache, IsUsedFromSeveralThreads) {
   ServerCache cache;
   std::atomic<int> wrong = 0;

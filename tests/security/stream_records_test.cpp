@@ -1,4 +1,4 @@
-// Chains of stream records, as a query leaves them in its buffer.
+// Chains of stream records, as a query stores them in its buffer.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -51,13 +51,13 @@ TEST(StreamRecords, SizesAre64Bits) {
 
 TEST(StreamRecords, AChainThatLeavesTheBufferEndsThere) {
   ExpectStreams(StreamBuffer(100).Put(0, 40, 0).Put(40, 100, 5).Sum(), 1, 5);
-  ExpectStreams(StreamBuffer(100).Put(0, 77, 0).Sum(), 0, 0);  // a record has no room behind it
+  ExpectStreams(StreamBuffer(100).Put(0, 77, 0).Sum(), 0, 0);  // there is no space for a record after it
   ExpectStreams(StreamBuffer(100).Put(0, 76, 0).Put(76, 0, 9).Sum(), 1, 9);
   ExpectStreams(StreamBuffer(100).Put(0, std::numeric_limits<u32>::max(), 0).Sum(), 0, 0);
 }
 
 TEST(StreamRecords, AChainThatGoesBackOrNowhereEndsThere) {
-  // Offsets have no sign: one that wraps around to a record before is far outside.
+  // Offsets are unsigned: one that wraps around to an earlier record is out of range.
   ExpectStreams(StreamBuffer(200).Put(0, 40, 0).Put(40, static_cast<u32>(-40), 5).Sum(), 1, 5);
   ExpectStreams(StreamBuffer(200).Put(0, 40, 0).Put(40, 1, 5).Sum(), 1, 5);
   ExpectStreams(StreamBuffer(200).Put(0, 40, 0).Put(40, 23, 5).Sum(), 1, 5);

@@ -1,4 +1,4 @@
-// Runs a part of a test as an ordinary user; for tests that run natively alone.
+// Runs part of a test as an unprivileged user. For tests of the native build only.
 #pragma once
 
 #include <grp.h>
@@ -7,14 +7,14 @@
 #include <cstdlib>
 #include <vector>
 
-// Nobody of the machine's own database, by number.
+// The user id of "nobody".
 inline constexpr uid_t kNobody = 65534;
 
-// Whether the tests run as the superuser: then they may give files away, and can be an ordinary user.
+// Returns whether the tests run as the superuser, who may change owners and switch to another user.
 inline bool IsSuperuser() { return geteuid() == 0; }
 
-// While it lives, a test that runs as the superuser runs as nobody, with no more groups than the given ones.
-// A test that runs as an ordinary user stays that.
+// During its lifetime, a test that runs as the superuser runs as nobody, with the given supplementary groups
+// only. Has no effect in a test that runs as an ordinary user.
 class AsOrdinaryUser {
  public:
   explicit AsOrdinaryUser(const std::vector<gid_t>& groups = {}) : isChanged_(IsSuperuser()) {

@@ -1,8 +1,8 @@
-// Answers the message boxes of the module (MessageBoxW) on the thread of the test, and records them.
+// Answers and records the message boxes that the module opens (MessageBoxW) on the thread of the test.
 //
-// For its lifetime the boxes that this thread opens get the given buttons, in order. A box without an answer
-// left gets Cancel and counts as unexpected. Boxes of other threads and programs are theirs alone. One at a
-// time.
+// During its lifetime, the boxes of this thread are closed with the given buttons, in order. A box for which
+// no button is left gets Cancel and is recorded as unexpected. Boxes of other threads and processes are
+// ignored. Only one object may exist at a time.
 #pragma once
 
 #include <deque>
@@ -16,16 +16,16 @@
 struct ShownBox {
   WString title;
   WString text;
-  std::vector<int> buttons;  // their ids, in rising order
+  std::vector<int> buttons;  // their ids, in ascending order
   bool hasIcon;
-  UINT style;  // as given natively; on Windows a box does not tell it, and it is 0
-  HWND owner;  // on Windows; natively it is not told, and null
+  UINT style;  // as passed by the caller; 0 on Windows, where the box does not show it
+  HWND owner;  // on Windows; null in the native build, where it is not recorded
 };
 
-// What a failed expectation says of a box.
+// Prints a box in the message of a failed expectation.
 void PrintTo(const ShownBox& box, std::ostream* out);
 
-// What ShellExecuteW was asked to start; recorded natively alone.
+// A call of ShellExecuteW; recorded in the native build only.
 struct ShellStart {
   WString verb;
   WString file;
@@ -42,15 +42,15 @@ class BoxAnswers {
 
   const std::vector<ShownBox>& Boxes() const { return boxes_; }
   const std::vector<ShellStart>& Starts() const { return starts_; }
-  // Those of the boxes that had no answer left.
+  // Returns the boxes for which no button was left.
   const std::vector<ShownBox>& UnexpectedBoxes() const { return unexpected_; }
-  int Unused() const { return static_cast<int>(answers_.size()); }  // answers that no box asked for
+  int Unused() const { return static_cast<int>(answers_.size()); }  // buttons that no box has used
 
  private:
-  // Sees the boxes; one for each build.
+  // Intercepts the boxes; each build has its own.
   class Responder;
 
-  // Records a box and answers the button that ends it.
+  // Records a box and returns the id of the button that closes it.
   int Answer(const ShownBox& box);
 
   std::deque<int> answers_;

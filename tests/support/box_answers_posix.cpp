@@ -21,7 +21,7 @@ class BoxAnswers::Responder final : public Platform::UserInterface {
   INT_PTR ShellExecute(const WCHAR* verb, const WCHAR* file, const WCHAR* arguments, int show) override {
     boxes_.starts_.push_back(
         {WString(ViewOf(verb)), WString(ViewOf(file)), WString(ViewOf(arguments)), show});
-    return 42;  // above 32: started
+    return 42;  // greater than 32: success
   }
 
  private:

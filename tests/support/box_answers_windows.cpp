@@ -3,12 +3,12 @@
 
 #include "support/box_answers.h"
 
-// A box is answered by its own message loop: when it first becomes active, the press of the button is posted
-// to it.
+// A box is answered by its own message loop: when it first becomes active, a click on the button is posted to
+// it.
 //
-// That a window becomes active is told more often than boxes open: of a box that is active again, and of the
-// windows of other threads and programs that take the foreground from it. So a box counts from its making,
-// which is told on its own thread alone, and only the first time.
+// HCBT_ACTIVATE also reports boxes that become active again, and windows of other threads and processes that
+// take the foreground. So a box is registered at HCBT_CREATEWND, which is reported on its own thread only,
+// and answered at its first activation.
 class BoxAnswers::Responder {
  public:
   explicit Responder(BoxAnswers& boxes)

@@ -1,4 +1,4 @@
-// Security descriptors and lists as bytes, right and wrong ones.
+// Security descriptors and access lists as bytes, valid and invalid ones.
 #pragma once
 
 #include <cstring>
@@ -6,7 +6,8 @@
 
 #include "platform/security_api.h"
 
-// A self-relative descriptor: its 20 bytes, then what is added. An offset of 0 is a part that is missing.
+// A self-relative descriptor: its header of 20 bytes, followed by the parts that are appended. An offset of 0
+// denotes a missing part.
 class DescriptorBytes {
  public:
   DescriptorBytes() : bytes_(20) {
@@ -16,7 +17,7 @@ class DescriptorBytes {
   void SetControl(WORD control) { std::memcpy(&bytes_[2], &control, sizeof control); }
   void SetOwnerOffset(DWORD offset) { std::memcpy(&bytes_[4], &offset, sizeof offset); }
   void SetListOffset(DWORD offset) { std::memcpy(&bytes_[16], &offset, sizeof offset); }
-  // Appends; the offset at which it lies.
+  // Appends a part and returns its offset.
   DWORD Append(const std::vector<BYTE>& part) {
     const auto offset = static_cast<DWORD>(bytes_.size());
     bytes_.insert(bytes_.end(), part.begin(), part.end());
@@ -28,7 +29,7 @@ class DescriptorBytes {
   std::vector<BYTE> bytes_;
 };
 
-// The header of a list with that size in it, and as many bytes after it as are given.
+// Returns the header of an access list with the given size field, followed by the given bytes.
 inline std::vector<BYTE> ListBytes(WORD aclSize, WORD aceCount, const std::vector<BYTE>& entries = {}) {
   const ACL header{ACL_REVISION, 0, aclSize, aceCount, 0};
   std::vector<BYTE> bytes(sizeof header);
@@ -37,7 +38,7 @@ inline std::vector<BYTE> ListBytes(WORD aclSize, WORD aceCount, const std::vecto
   return bytes;
 }
 
-// An entry that allows, with that size in its header.
+// Returns an access-allowed entry with the given size field in its header.
 inline std::vector<BYTE> EntryBytes(WORD aceSize, const std::vector<BYTE>& sid, DWORD mask = 1) {
   const ACE_HEADER header{ACCESS_ALLOWED_ACE_TYPE, 0, aceSize};
   std::vector<BYTE> bytes(sizeof header + sizeof mask);

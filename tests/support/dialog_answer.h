@@ -1,4 +1,4 @@
-// A handler for the dialogs of the native build, for tests that only run natively.
+// A handler for the dialogs of the native build. For tests of that build only.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@
 
 #include "platform/posix/user_interface.h"
 
-// Passes each dialog to a function while the object lives. Boxes return 0.
+// Passes each dialog to a function during its lifetime. Message boxes return 0.
 class DialogAnswer : public Platform::UserInterface {
  public:
   using Function = std::function<INT_PTR(Platform::FormRequest&)>;

@@ -9,7 +9,7 @@ FakeFileItem::FakeFileItem(HostRecorder& recorder, WString folder, WString name,
     : recorder_(recorder), folder_(std::move(folder)), name_(std::move(name)), attributes_(attributes) {}
 
 void FakeFileItem::Record(const std::string& call) {
-  // A name of thousands of characters would drown the record.
+  // Only the first 40 characters: names of thousands of characters would make the record unreadable.
   recorder_.Record("item " + ToUtf8(WStringView(name_).substr(0, 40)) + "." + call);
 }
 

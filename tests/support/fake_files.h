@@ -8,21 +8,21 @@
 #include "frame/host/host_files.h"
 #include "support/host_recorder.h"
 
-// A file or folder that is only a name. The base name ends at the last dot; a name without a dot has no
-// extension, and a folder has none.
+// A file or folder without contents: only its path and attributes. The base name of a file ends at the last
+// dot; a name without a dot and the name of a folder have no extension.
 class FakeFileItem final : public Velmora::SDK::IHostFileItem {
  public:
   FakeFileItem(HostRecorder& recorder, WString folder, WString name, Velmora::SDK::u32 attributes);
 
   Velmora::SDK::s32 remoteLevel = 0;
-  // What GetStoredProperty gives for every property; empty for nothing.
+  // The value that GetStoredProperty returns for every property; empty for none.
   std::vector<unsigned char> stored;
-  bool fillsPathsWhole = false;  // GetFullPath writes a path that is cut without a zero
+  bool fillsPathsWhole = false;  // GetFullPath fills the buffer with a cut path and no terminator
 
   const WString& Name() const { return name_; }
   WString FullPath() const { return folder_ + name_; }
 
-  std::optional<bool> isFolder;  // what IsFolder returns; without it what the attributes say
+  std::optional<bool> isFolder;  // what IsFolder returns; if not set, the directory attribute decides
 
   const WCHAR* GetName(WCHAR* buffer, Velmora::SDK::u32 size) override;
   void GetBaseName(WCHAR* buffer, Velmora::SDK::u32 size) override;
@@ -57,9 +57,9 @@ class FakeFileList final : public Velmora::SDK::IHostFileList {
   FakeFileList(HostRecorder& recorder, std::string name) : recorder_(recorder), name_(std::move(name)) {}
 
   const std::string& Name() const { return name_; }
-  // As the host fills it.
+  // Adds an item, as the host does.
   void Append(FakeFileItem* item) { items_.push_back(item); }
-  // Full paths of the items, as the host reads them.
+  // Returns the full paths of the items, read like the host reads them.
   std::vector<WString> Paths();
 
   void AddItem(Velmora::SDK::IHostFileItem* item) override;
@@ -76,7 +76,7 @@ class FakeFileList final : public Velmora::SDK::IHostFileList {
   bool released_ = false;
 };
 
-// One rename as the module queued it.
+// A rename that the module has queued.
 struct QueuedRename {
   WString from;
   WString to;
@@ -91,7 +91,7 @@ class FakeRenameBatch final : public Velmora::SDK::IHostRenameBatch {
   const std::string& Name() const { return name_; }
   const std::vector<QueuedRename>& Renames() const { return renames_; }
 
-  // As ReleaseRenameBatch does.
+  // Ends the batch, as ReleaseRenameBatch does.
   void End(const std::string& call);
 
   void AddByPath(const WCHAR* fullPath, const WCHAR* newName, void* userData) override;
@@ -109,18 +109,18 @@ class FakeRenameBatch final : public Velmora::SDK::IHostRenameBatch {
   bool released_ = false;
 };
 
-// How the service is named where what is taken is counted.
+// The name of the service in the count of objects in use.
 inline constexpr char kFileOperationService[] = "service 3000";
 
-// Renames nothing; the batches that were run are kept.
+// Renames nothing; stores the batches that are run.
 class FakeFileOperation final : public Velmora::SDK::IHostFileOperation {
  public:
   explicit FakeFileOperation(HostRecorder& recorder) : recorder_(recorder) {}
 
-  // Of all batches that were run, one after the other.
+  // Returns the renames of all batches that were run, in order.
   const std::vector<QueuedRename>& RunRenames() const { return runRenames_; }
   int Runs() const { return runs_; }
-  // What GetFileItem finds.
+  // The items that GetFileItem searches.
   std::vector<FakeFileItem*> items;
 
   int FileExists(const WCHAR* path) override;
@@ -138,7 +138,7 @@ class FakeFileOperation final : public Velmora::SDK::IHostFileOperation {
   FakeFileItem* Find(const WCHAR* path) const;
 
   HostRecorder& recorder_;
-  std::vector<std::unique_ptr<FakeRenameBatch>> batches_;  // kept after their release, to see a late use
+  std::vector<std::unique_ptr<FakeRenameBatch>> batches_;  // kept after their release, to detect a later use
   std::vector<QueuedRename> runRenames_;
   int runs_ = 0;
 };

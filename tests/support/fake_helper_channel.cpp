@@ -25,7 +25,7 @@ void FakePacketWriter::Release() {
 }
 
 bool FakeHelperChannel::Connect() {
-  // A channel is used until its Disconnect, whatever Connect answers.
+  // The channel is in use until Disconnect, whatever Connect returns.
   recorder_.Taken(kChannel);
   isConnected_ = recorder_.Allow("helper.Connect()");
   return isConnected_;

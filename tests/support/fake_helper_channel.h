@@ -1,5 +1,5 @@
-// The road to the elevated helper, as far as its first end: what is sent is recorded and answered by the
-// test.
+// The fake host's channel to the elevated helper: records what is sent and returns the reply that the test
+// sets.
 #pragma once
 
 #include <functional>
@@ -23,15 +23,16 @@ class FakePacketWriter final : public Velmora::SDK::IHostPacketWriter {
   Velmora::SDK::u32 size_ = 0;  // the number of values
 };
 
-// Its calls stand in the host's record: "helper.Connect()", "writer.WriteU32(3)", "helper.Send(5004, 4)".
+// Its calls are recorded by the host's recorder: "helper.Connect()", "writer.WriteU32(3)", "helper.Send(5004,
+// 4)".
 class FakeHelperChannel final : public Velmora::SDK::IHostHelperChannel {
  public:
   explicit FakeHelperChannel(HostRecorder& recorder) : recorder_(recorder), writer_(recorder) {}
 
-  bool exists = false;          // the host has the service
-  Velmora::SDK::u32 reply = 0;  // of each Send
+  bool exists = false;          // whether the host has the service
+  Velmora::SDK::u32 reply = 0;  // returned by each Send
 
-  // Refusable, as the operations of the host.
+  // The test can refuse these calls, like the operations of the host.
   bool Connect() override;
   Velmora::SDK::IHostPacketWriter* CreateWriter() override;
   Velmora::SDK::u32 Send(Velmora::SDK::s32 code, const void* data, Velmora::SDK::u32 size) override;

@@ -1,4 +1,4 @@
-// A message to the elevated helper with a payload of a test, which records whatever is done with it.
+// A message to the elevated helper with a payload given by the test. Records all calls.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 #include "frame/host/host_helper_channel.h"
 #include "support/host_recorder.h"
 
-// What a payload holds, in order.
+// The values of a payload, in order.
 using PayloadValue = std::variant<Velmora::SDK::u32, WString>;
 
 class FakePacketReader final : public Velmora::SDK::IHostPacketReader {
@@ -16,7 +16,7 @@ class FakePacketReader final : public Velmora::SDK::IHostPacketReader {
       : recorder_(recorder), payload_(std::move(payload)) {}
 
   void Attach(const void* data, Velmora::SDK::u32 size) override;
-  // False, and what `text` or `value` points to untouched, if the next value is none of that kind.
+  // Returns false and leaves `*text` or `*value` unchanged if the next value has another type.
   bool ReadString(const WCHAR** text) override;
   bool ReadU32(Velmora::SDK::u32* value) override;
   void Release() override;

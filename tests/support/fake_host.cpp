@@ -14,7 +14,7 @@ namespace {
 
 std::string Number(std::int64_t value) { return std::to_string(value); }
 
-// %s is a wide text in this format; the numbers are %d, %u and %I64d.
+// In this format %s is a wide string; the conversions for numbers are %d, %u and %I64d.
 WString FormatLogLine(const WCHAR* format, va_list arguments) {
   WString line;
   for (const WCHAR* at = format; *at; ++at) {
@@ -327,7 +327,7 @@ bool FakeHost::AskChoice(AskChoiceRecord* record) {
 
 bool FakeHost::AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
                        WCHAR* buffer, u32 size, HWND parent, u32 zero) {
-  // The default may stand in the buffer itself, and is called "buffer" then.
+  // The default may be the buffer itself; it is then recorded as "buffer".
   const std::string shownDefault = defaultText == buffer ? "buffer" : Quoted(defaultText);
   const bool allowed =
       recorder.Allow("AskText(" + Quoted(title) + ", " + Quoted(prompt) + ", " + shownDefault + ", " +

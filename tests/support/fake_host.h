@@ -1,9 +1,9 @@
-// An IHostApp in memory, for tests of whatever runs against the host.
+// An IHostApp in memory, for tests of everything that calls the host.
 //
-// It records every call in order with its arguments, counts what is taken and given back, refuses what a test
-// wants refused, and answers questions by script. It is stricter than a host need be: a text that it lends is
-// overwritten at the next call, and an object that was given back must not be used again (see Problems of the
-// recorder).
+// It records every call in order with its arguments, tracks the objects that are taken and given back,
+// refuses the calls that the test selects, and answers questions from queues. It is stricter than a host has
+// to be: a text that it lends is overwritten at the next call, and any use of an object after its release is
+// recorded as a problem (HostRecorder::Problem).
 #pragma once
 
 #include <deque>
@@ -18,28 +18,28 @@
 #include "support/fake_settings.h"
 #include "support/fake_xml_document.h"
 
-// How one AskText or AskTextSimple is answered. With `ok` false the buffer stays as it is.
+// The answer to one AskText or AskTextSimple. If `ok` is false, the buffer is left unchanged.
 struct TextAnswer {
   bool ok;
   WString text;
 };
 
-// How one AskChoice is answered: the text of the row, which need not be one of them.
+// The answer to one AskChoice: the text of the chosen row, which need not be among the offered ones.
 struct ChoiceAnswer {
   bool ok;
   WString text;
 };
 
-// One AskChoice as it was asked.
+// A recorded call of AskChoice.
 struct AskedChoice {
   WString caption;
   WString prompt;
   std::vector<WString> rows;
   Velmora::SDK::s32 selected;
-  bool isRestZero;  // the result and all bytes without a name
+  bool isRestZero;  // whether the result, and all bytes without a name, are zero
 };
 
-// A list that was handed back (21120): its mode and the full paths of its items.
+// A list that was handed to the host (21120): its mode and the full paths of its items.
 struct ResultList {
   Velmora::SDK::u32 mode;
   std::vector<WString> paths;
@@ -47,50 +47,51 @@ struct ResultList {
 };
 void PrintTo(const ResultList& list, std::ostream* out);
 
-// A test that needs more of the host derives from it and overrides that.
+// A test that needs other behaviour derives a class and overrides the operation.
 class FakeHost : public Velmora::SDK::IHostApp {
  public:
   virtual ~FakeHost() = default;
 
   HostRecorder recorder;
 
-  // Items of the host's view. Added ones belong to the host and stay valid as long as it.
+  // Add an item to the host's folder. The items belong to the host and live as long as it does.
   FakeFileItem* AddFile(const WString& name);
   FakeFileItem* AddFolder(const WString& name);
-  // A file of a folder that ends in a backslash, such as a real one.
+  // Adds a file of another folder, which ends in a backslash; for example, a real one.
   FakeFileItem* AddFileIn(const WString& folder, const WString& name);
   std::vector<FakeFileItem*> selection;  // 21215
   std::vector<FakeFileItem*> view;       // 21110
   FakeFileItem* focused = nullptr;       // 21111; null: the request fails
-  Velmora::SDK::u32 refusedRequest = 0;  // the list request of this code fails
-  bool fillsRefusedLists = false;        // a list request that fails has filled its list all the same
+  Velmora::SDK::u32 refusedRequest = 0;  // the list request with this code fails
+  bool fillsRefusedLists = false;        // a list request that fails has filled its list nevertheless
   std::vector<ResultList> resultLists;   // 21120, in the order of the requests
-  // Adds files of these names and selects them, in this order.
+  // Adds files with these names and selects them, in this order.
   void SelectFiles(const std::vector<WString>& names);
 
-  // Texts of the language table. An id without one has the text "T" and its eight digits ("T07D1006D"), its
-  // title begins with "L", and the text of another module with "M", the module's number and a colon.
+  // Texts of the language table. An id that is missing here has the text "T" followed by its eight digits
+  // ("T07D1006D"). Titles begin with "L" instead, and texts of another module with "M", the module's number
+  // and a colon.
   std::map<Velmora::SDK::TextId, WString> texts;
   std::map<Velmora::SDK::TextId, WString> titles;
   std::map<Velmora::SDK::TextId, WString> commonTexts;  // of module 0
 
   WString keyText = W("key");     // the name of every key
-  std::vector<HWND> noteWindows;  // the owners of the timed notes
+  std::vector<HWND> noteWindows;  // the owner windows of the timed notes
 
   bool isVista = true;
   bool isClassA = false;
   bool isClassB = false;
   bool isElevated = false;
-  Velmora::SDK::u32 moduleNumber = 7;  // what FindModuleByGuid answers
+  Velmora::SDK::u32 moduleNumber = 7;  // what FindModuleByGuid returns
   HWND mainWindow = nullptr;
-  WString targetPanel;  // the folder of the other panel, with its backslash; empty: there is none
+  WString targetPanel;  // the folder of the other panel, ending in a backslash; empty if there is none
 
-  // Answers in order; without one left a question is refused, a box answered with Cancel, and both count as
-  // unexpected.
+  // Answers, in order. If none is left, a question is refused, a box is answered with Cancel, and both count
+  // as unexpected.
   std::deque<TextAnswer> textAnswers;
   std::deque<int> boxAnswers;
   std::deque<ChoiceAnswer> choiceAnswers;
-  std::vector<AskedChoice> choices;  // those that were asked
+  std::vector<AskedChoice> choices;  // the questions that were asked
   int unexpectedQuestions = 0;
 
   FakeMenuBuilder menus{recorder};
@@ -100,7 +101,7 @@ class FakeHost : public Velmora::SDK::IHostApp {
   FakeFileOperation fileOperation{recorder};
   FakePropertyDefiner definer{recorder};
   FakeViewRefresh refresh{recorder};
-  FakeXmlFiles xmlFiles;  // what the documents can load
+  FakeXmlFiles xmlFiles;  // the documents that can be loaded
   FakeHelperChannel helper{recorder};
 
   void ExtensionClosed() override;
@@ -142,19 +143,20 @@ class FakeHost : public Velmora::SDK::IHostApp {
   bool AskText(const WCHAR* title, const WCHAR* prompt, const WCHAR* defaultText, const WCHAR* hint,
                WCHAR* buffer, Velmora::SDK::u32 size, HWND parent, Velmora::SDK::u32 zero) override;
   bool ReadTextFile(WCHAR* buffer, Velmora::SDK::u32 size, const WCHAR* path) override;
-  // There are no controls.
+  // Returns null: the fake host has no controls.
   HWND CreateControl(Velmora::SDK::u32 kind, HWND parent, Velmora::SDK::u32 style) override;
 
  private:
   bool AnswerText(WCHAR* buffer, Velmora::SDK::u32 size);
-  // "T07D1006D".
+  // Returns a text such as "T07D1006D".
   static WString NameOf(const char* kind, Velmora::SDK::TextId text);
 
   std::deque<FakeFileItem> items_;
-  std::deque<FakeFileList> lists_;  // kept after their release, to see a late use
+  std::deque<FakeFileList> lists_;  // kept after their release, to detect a later use
   std::deque<FakeStringList> stringLists_;
   std::deque<FakeXmlDocument> documents_;
 };
 
-// Fails the test if something was not given back, or was used as the host does not allow.
+// Fails the test if an object was not given back, or if the interfaces were used in a way that the host does
+// not allow.
 void ExpectAllGivenBack(const FakeHost& host);

@@ -1,5 +1,5 @@
-// The fake host's menu builder and command factory. Handles are named in the record: a menu by its text id
-// ("menu 0x07D1006D", the root "root"), a command by its number ("command 30000").
+// The fake host's menu builder and command factory. In the record a menu is named by its text id ("menu
+// 0x07D1006D", the root "root") and a command by its number ("command 30000").
 #pragma once
 
 #include <memory>
@@ -7,7 +7,7 @@
 #include "frame/host/host_menus.h"
 #include "support/host_recorder.h"
 
-// The names behind the opaque handles.
+// Maps opaque handles to the names in the record.
 class FakeHandles {
  public:
   template <typename Handle>
@@ -41,8 +41,8 @@ class FakeMenuBuilder final : public Velmora::SDK::IHostMenuBuilder {
  public:
   explicit FakeMenuBuilder(HostRecorder& recorder) : recorder_(recorder) {}
 
-  // Menus of this text id cannot be made; 0 for none. What hangs under no menu is a problem; a command that
-  // is none is not.
+  // Menus with this text id cannot be created; 0 for none. Adding to an unknown menu is recorded as a
+  // problem; adding an unknown command is not.
   Velmora::SDK::TextId refusedText = 0;
 
   Velmora::SDK::MenuHandle AddSubMenuText(Velmora::SDK::MenuHandle parent, const WCHAR* text,

@@ -5,12 +5,12 @@
 #include "frame/host/host_property_definer.h"
 #include "support/host_recorder.h"
 
-// How the services are named where what is taken is counted.
+// The names of the services in the count of objects in use.
 inline constexpr char kPropertyDefinerService[] = "service 3100";
 inline constexpr char kViewRefreshService[] = "service 3010";
 
-// Its calls stand in the host's record: "definer.SetProvider(...)",
-// "definer.Define(1, \"owner\", 110, 0x006F0070, 0x00640070, 0x00030100, 0)".
+// Its calls are recorded by the host's recorder: "definer.SetProvider(...)", "definer.Define(1, \"owner\",
+// 110, 0x006F0070, 0x00640070, 0x00030100, 0)".
 class FakePropertyDefiner final : public Velmora::SDK::IHostPropertyDefiner {
  public:
   explicit FakePropertyDefiner(HostRecorder& recorder) : recorder_(recorder) {}
@@ -22,7 +22,7 @@ class FakePropertyDefiner final : public Velmora::SDK::IHostPropertyDefiner {
   HostRecorder& recorder_;
 };
 
-// "refresh.AddFolder(\"C:\\\\view\\\\\")".
+// Recorded as "refresh.AddFolder(\"C:\\\\view\\\\\")".
 class FakeViewRefresh final : public Velmora::SDK::IHostViewRefresh {
  public:
   explicit FakeViewRefresh(HostRecorder& recorder) : recorder_(recorder) {}

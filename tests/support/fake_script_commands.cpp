@@ -26,7 +26,7 @@ bool FakeCommandSet::IsRegistered() {
   return registered;
 }
 
-// A parameter with a value was given as well.
+// A parameter with a value also counts as given.
 bool FakeCommandCall::HasFlag(const char* name) {
   recorder.Record(std::string("HasFlag(") + name + ")");
   return switches.count(name) != 0 || values.count(name) != 0;

@@ -25,8 +25,8 @@ class FakeCommandSet final : public Velmora::SDK::IHostCustomCommandSet {
  public:
   explicit FakeCommandSet(HostRecorder& recorder) : recorder_(recorder) {}
 
-  bool registered = false;     // the answer of IsRegistered
-  std::string refusedCommand;  // AddCommand answers null for it
+  bool registered = false;     // what IsRegistered returns
+  std::string refusedCommand;  // AddCommand returns null for this command
 
   Velmora::SDK::IHostCustomCommand* AddCommand(const char* name, Velmora::SDK::u32 number,
                                                Velmora::SDK::u32 flags, Velmora::SDK::u32 kind) override;
@@ -38,7 +38,7 @@ class FakeCommandSet final : public Velmora::SDK::IHostCustomCommandSet {
   std::vector<std::unique_ptr<FakeCustomCommand>> commands_;
 };
 
-// A call with the parameters that a test gives it. A value is lent until the call's next operation.
+// A call with the parameters that the test passes. A value stays valid until the next operation of the call.
 class FakeCommandCall final : public Velmora::SDK::IHostCommandCall {
  public:
   explicit FakeCommandCall(Velmora::SDK::u32 number, std::set<std::string> given = {})

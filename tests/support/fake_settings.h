@@ -1,4 +1,4 @@
-// The fake host's settings in memory: what is stored under a section and a key, and histories by their key.
+// The fake host's settings in memory: values by section and key, and histories by key.
 #pragma once
 
 #include <map>
@@ -12,7 +12,7 @@ class FakeStringList final : public Velmora::SDK::IHostStringList {
   FakeStringList(HostRecorder& recorder, std::string name) : recorder_(recorder), name_(std::move(name)) {}
 
   const std::string& Name() const { return name_; }
-  // The strings, for the settings that load and save them.
+  // The strings; public for the settings, which load and save them.
   std::vector<WString> strings;
 
   void Add(const WCHAR* text) override;
@@ -38,8 +38,8 @@ class FakeConfig final : public Velmora::SDK::IHostConfig {
   // The stored histories, newest first.
   std::map<WString, std::vector<WString>> histories;
 
-  // What is stored, by section and key; nothing at first. A Get of what is not there, or is of another kind,
-  // answers false and leaves the buffer alone, and one that is refused does too.
+  // The stored values, by section and key; none at first. A Get of a missing value, of one of another type,
+  // or one that is refused returns false and leaves the buffer unchanged.
   using Place = std::pair<WString, WString>;
   std::map<Place, Velmora::SDK::u32> numbers;
   std::map<Place, WString> texts;
@@ -56,16 +56,16 @@ class FakeConfig final : public Velmora::SDK::IHostConfig {
   void SetString(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key, const WCHAR* text) override;
   void SetInt(Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
               Velmora::SDK::u32 value) override;
-  // Adds to what the list holds: whoever wants the history alone brings an empty list.
+  // Appends to the list: a caller that wants only the history passes an empty list.
   void LoadStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list) override;
-  // Stores at most `maximum` strings, the first ones.
+  // Stores the first `maximum` strings at most.
   void SaveStringList(const WCHAR* key, Velmora::SDK::IHostStringList* list,
                       Velmora::SDK::u32 maximum) override;
 
  private:
   void Record(const char* operation, Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
               const std::string& rest);
-  // The same for an operation that can be refused. False if this call is.
+  // Like Record, for an operation that can be refused. Returns false if this call is refused.
   bool Allow(const char* operation, Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,
              const std::string& rest);
   std::string CallOf(const char* operation, Velmora::SDK::u32 one, const WCHAR* section, const WCHAR* key,

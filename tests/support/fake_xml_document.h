@@ -1,4 +1,4 @@
-// The fake host's XML documents: files that are only a name with an encoding.
+// The fake host's XML documents. A file is only an encoding.
 #pragma once
 
 #include <map>
@@ -13,7 +13,7 @@ struct FakeXmlFile {
 };
 using FakeXmlFiles = std::map<WString, FakeXmlFile>;  // by full path
 
-// Loads and saves; has no nodes to look at.
+// Can be loaded and saved; its nodes cannot be read.
 class FakeXmlDocument final : public Velmora::SDK::IHostXmlDocument {
  public:
   FakeXmlDocument(HostRecorder& recorder, std::string name, const FakeXmlFiles& files)
@@ -24,7 +24,7 @@ class FakeXmlDocument final : public Velmora::SDK::IHostXmlDocument {
   Velmora::SDK::XmlNode Load(const WCHAR* path, Velmora::SDK::u32 flag) override;
   bool Save(Velmora::SDK::XmlNode root, const WCHAR* path, Velmora::SDK::u32 flag,
             const char* encoding) override;
-  // Strict about the buffer: it must be all zeros.
+  // Requires that the buffer is all zeros.
   void GetEncoding(Velmora::SDK::XmlNode root, char* buffer, Velmora::SDK::u32 size) override;
   Velmora::SDK::XmlNode AddChild(Velmora::SDK::XmlNode, const WCHAR*, const WCHAR*) override;
   Velmora::SDK::XmlNode AddChildWithTextAttribute(Velmora::SDK::XmlNode, const WCHAR*, const WCHAR*,

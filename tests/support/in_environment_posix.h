@@ -1,11 +1,12 @@
-// Runs a part of a test in a process of its own; for tests that run natively alone.
+// Runs part of a test in a separate process. For tests of the native build only.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-// `check` in a process whose environment has this value: what reads it once does so there anew.
+// Runs `check` in a new process with this environment variable, so that values which a process reads once are
+// read again.
 template <typename Check>
 void InEnvironment(const char* variable, const char* value, Check check) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");

@@ -1,11 +1,10 @@
-// Memory under a test's control, for the native build: how often the calling thread allocates, and from when
-// on it gets nothing. A program that uses this has all of its own operator new and delete; what C libraries
-// take does not come through here.
+// Counts and limits the calling thread's allocations, in the native build. A program that links this replaces
+// all forms of operator new and delete; allocations by C libraries are not counted.
 #pragma once
 
 namespace Memory {
 
-// Lets `count` allocations of this thread succeed and no more, until the end of the scope.
+// Lets `count` allocations of this thread succeed and fails all later ones until the end of the scope.
 class Limit {
  public:
   explicit Limit(int count);
@@ -14,7 +13,7 @@ class Limit {
   ~Limit();
 };
 
-// The allocations of this thread up to now, the refused ones included.
+// Returns the number of allocations of this thread so far, including failed ones.
 long AllocationCount();
 
 }  // namespace Memory

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Allocations that still succeed; below 0 for no limit.
+// Allocations that may still succeed; negative for no limit.
 thread_local int allocationsLeft = -1;
 thread_local long allocationCount = 0;
 
@@ -35,8 +35,8 @@ long AllocationCount() { return allocationCount; }
 
 }  // namespace Memory
 
-// All of the program's memory comes through here; checkers of memory see the calls of malloc. The forms for
-// arrays are here as well: a sanitizer's runtime has them of its own, which would not call the others.
+// All memory of the program is allocated here; sanitizers see the calls of malloc. The array forms are
+// replaced too, because a sanitizer's runtime has its own, which do not call the scalar forms.
 void* operator new(std::size_t size) { return AllocateOrThrow(size); }
 void* operator new[](std::size_t size) { return AllocateOrThrow(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }

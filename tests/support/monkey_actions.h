@@ -1,5 +1,5 @@
-// What a monkey does with MultiRename's window: actions at random, the same ones for the same seed. How each
-// is done is the business of who drives the window, drawn or not.
+// Random actions of a user of MultiRename's window, for monkey tests; the same seed gives the same actions.
+// The program that drives the window, drawn or not, performs them.
 #pragma once
 
 #include <cstdint>
@@ -10,30 +10,30 @@
 #include "platform/text.h"
 
 enum class MonkeyDeed {
-  kType,          // a text into a field of the panel, or into a box with an edit field
-  kPress,         // a button or a check box
-  kChoose,        // a line of a box: the number, modulo how many it has
-  kDoubleClick,   // a list with columns
-  kSelectRows,    // of the list of files: from the number on, as many as `count`
-  kMoveRows,      // by one of the four commands of the frame
-  kRun,           // Start, and wait for its end
-  kUndo,          // Undo, and wait for its end
-  kEscape,        // the key
-  kContextMenu,   // of the list of files
-  kNewSelection,  // the command of the window again
-  kClose,         // as the user
-  kShutDown,      // as the host
+  kType,          // types a text into a field of the panel, or into a combo box
+  kPress,         // presses a button or a check box
+  kChoose,        // chooses a line of a combo box: `number`, modulo the number of its lines
+  kDoubleClick,   // double-clicks a list with columns
+  kSelectRows,    // selects `count` rows of the list of files, from row `number` on
+  kMoveRows,      // moves rows with one of the four commands of the frame
+  kRun,           // presses Start and waits for the end of the run
+  kUndo,          // presses Undo and waits for its end
+  kEscape,        // presses the Escape key
+  kContextMenu,   // opens the context menu of the list of files
+  kNewSelection,  // invokes the command of the window again
+  kClose,         // closes the window as the user
+  kShutDown,      // shuts the window down as the host
 };
 
 struct MonkeyAction {
   MonkeyDeed deed;
-  int control = 0;  // its number, or the number of the frame's command
+  int control = 0;  // the id of the control, or the number of the frame's command
   WString text;
   std::uint32_t number = 0;
   std::uint32_t count = 0;
-  bool isAwaited = true;  // the next action waits until this one is done
+  bool isAwaited = true;  // whether the next action waits until this one is done
 
-  // In one line, for whoever looks for what went wrong.
+  // Returns the action as one line, for the log of a failed run.
   std::string Shown() const;
 };
 
@@ -43,12 +43,12 @@ class ActionGenerator {
 
   MonkeyAction Next();
 
-  // For boxes, menus and dialogs, and whatever else is chosen on the way.
-  std::uint32_t Below(std::uint32_t limit);  // 0 to limit - 1; 0 for 0
+  // Random numbers for boxes, menus, dialogs and other choices.
+  std::uint32_t Below(std::uint32_t limit);  // from 0 to limit - 1; 0 if limit is 0
   bool Chance(std::uint32_t percent) { return Below(100) < percent; }
-  // A text for a field: rules that compile and such as do not, odd names, numbers, nothing.
+  // Returns a text for a field: a valid or invalid rule, an odd name, a number, or nothing.
   WString Text();
 
  private:
-  std::mt19937 engine_;  // the same numbers with every library; its distributions are not
+  std::mt19937 engine_;  // same numbers with every standard library, unlike the distributions
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr auto kMonkeyHang = std::chrono::seconds(120);  // for one action
+constexpr auto kMonkeyHang = std::chrono::seconds(120);  // the longest time for one action
 
 }  // namespace
 

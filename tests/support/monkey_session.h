@@ -1,5 +1,5 @@
-// What each session of a monkey needs, whatever window it plays with: its length and seed, an eye on hangs,
-// and the files that must be there at the end.
+// What every monkey test needs, whichever window it drives: the length and seed of the session, a watchdog
+// against hangs, and a check of the files at the end.
 #pragma once
 
 #include <condition_variable>
@@ -13,13 +13,13 @@
 
 std::uint32_t NumberFromEnvironment(const char* name, std::uint32_t standard);
 
-// The contents of all files below a folder, sorted. Whatever the names are now, these stay.
+// Returns the contents of all files below a folder, sorted. They do not depend on the names.
 std::vector<std::string> ContentsBelow(const std::filesystem::path& folder);
 
-// How many renames the host has told of that were done.
+// Returns how many renames the host has reported as done.
 std::size_t CountRenamesDone(std::string_view events);
 
-// Ends the process with the last action if no other one comes in time.
+// Ends the process and prints the last action if the next one does not come in time.
 class MonkeyWatchdog {
  public:
   MonkeyWatchdog() : thread_([this] { Watch(); }) {}
@@ -32,7 +32,7 @@ class MonkeyWatchdog {
  private:
   void Watch();
 
-  std::mutex mutex_;  // guards what follows
+  std::mutex mutex_;  // guards the members below
   std::condition_variable changed_;
   std::string what_;
   int count_ = 0;

@@ -1,5 +1,4 @@
-// Another process that does the same piece of work again and again, at the same time as the test; for tests
-// that run natively alone.
+// A second process that repeats the same work in parallel with the test. For tests of the native build only.
 #pragma once
 
 #include <sys/socket.h>
@@ -8,7 +7,7 @@
 
 #include <functional>
 
-// Made by fork, so it begins with all that the test has. It ends with this object.
+// Created by fork, so it starts with the memory of the test. It ends with this object.
 class OtherProcess {
  public:
   explicit OtherProcess(const std::function<bool()>& work) {
@@ -29,13 +28,13 @@ class OtherProcess {
     if (process_ > 0) waitpid(process_, nullptr, 0);
   }
 
-  // Lets it do its work once. Returns before that is done.
+  // Makes the process do its work once. Returns without waiting for the end.
   void Begin() {
     const char mark = 1;
     isBegun_ = process_ > 0 && send(end_, &mark, 1, MSG_NOSIGNAL) == 1;
   }
 
-  // Waits for the work that was begun. False if it failed, or the process has ended.
+  // Waits for the end of the work. Returns false if it failed or if the process has ended.
   bool Finish() {
     char result = 0;
     return isBegun_ && read(end_, &result, 1) == 1 && result != 0;

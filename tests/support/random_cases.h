@@ -1,4 +1,4 @@
-// How much a test tries in this build.
+// The number of random cases that a test tries in each build.
 #pragma once
 
 #include "platform/windows_api.h"
@@ -19,8 +19,8 @@ constexpr bool kUnderSanitizers = false;
 
 constexpr bool kWindowsBuild = sizeof(wchar_t) == sizeof(WCHAR);
 
-// The number of cases of a test with random input, of which the native build tries `cases`. The other builds
-// try a tenth of them: each case takes several times as long under sanitizers, and files are slow under Wine.
+// Returns `cases` in the native build, and a tenth of it in the other builds, where each case takes several
+// times as long: under sanitizers, and with files under Wine.
 template <typename Int>
 constexpr Int RandomCases(Int cases) {
   return kUnderSanitizers || kWindowsBuild ? cases / 10 : cases;

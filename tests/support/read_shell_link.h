@@ -1,10 +1,10 @@
-// Reading shortcut files back, by other means than those that made them where there are any.
+// Reads shortcut files back; on Windows with the shell's own functions.
 #pragma once
 
 #include "platform/shell_link.h"
 
-// The use of the shell's objects on this thread, for as long as it lives: what the host does for the module.
-// Nothing in the native build.
+// Initializes COM on this thread during its lifetime, as the host does for the module. Does nothing in the
+// native build.
 class ShellObjects {
  public:
   ShellObjects();
@@ -13,5 +13,5 @@ class ShellObjects {
   ~ShellObjects();
 };
 
-// Fails the test where the file is no shortcut. Needs the shell's objects.
+// Reads a shortcut file. Fails the test if the file is not one. Requires a ShellObjects on this thread.
 ShellLink ReadShellLink(const WString& path);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The rest of the next line, which must begin so.
+// Returns the next line without its beginning, which must be as given.
 WString ReadField(std::istream& file, std::string_view beginning) {
   std::string line;
   std::getline(file, line);

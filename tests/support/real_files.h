@@ -9,10 +9,10 @@ class RealFiles {
   FakeHost host;
   const ScratchFolder scratch;
 
-  // Makes a file that the host knows; answers its path.
+  // Creates a file, adds it to the host, and returns its path.
   WString Add(const WString& name, std::string_view bytes) { return ItemOf(name, bytes)->FullPath(); }
 
-  // The same, selected.
+  // Like Add, and selects the item.
   WString Select(const WString& name, std::string_view bytes) {
     FakeFileItem* const item = ItemOf(name, bytes);
     host.selection.push_back(item);

@@ -1,5 +1,5 @@
-// Walks a command through every refusal of the host: each call that can be refused is refused in turn, alone
-// and together with all that follow. The command must end, with everything given back.
+// Runs a command once for every call that the host can refuse, refusing that call only, and again refusing
+// all later ones too. The command must end with all objects given back.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,7 +8,8 @@
 
 #include "support/fake_host.h"
 
-// `prepare` sets up a host for which the command would run to its end; `run` runs it and sees to the boxes.
+// `prepare` sets up a host with which the command runs to its end; `run` runs it and answers the message
+// boxes.
 inline void ExpectEveryRefusalEndsQuietly(const std::function<void(FakeHost&)>& prepare,
                                           const std::function<void(FakeHost&)>& run) {
   FakeHost willing;

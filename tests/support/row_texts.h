@@ -1,4 +1,4 @@
-// Rows of a list as a module gives them: an item is its name; the second column is the name in reverse.
+// Rows of a list as a module provides them: an item is its name; the second column shows the name reversed.
 #pragma once
 
 #include <algorithm>
@@ -39,7 +39,7 @@ class RowTexts : public Velmora::SDK::IMLRowCallBack {
   }
   u32 Reserved6() override { return 0; }
 
-  std::atomic<int> texts = 0;  // how often a text was asked for
+  std::atomic<int> texts = 0;  // how often a text was requested
 
  private:
   std::deque<WString> names_;

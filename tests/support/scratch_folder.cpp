@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A name that no other test process takes: programs of both builds may run at the same time.
+// Chooses a random name that no other test process uses: programs of both builds may run at the same time.
 fs::path MakeFreshFolder(const fs::path& parent) {
   std::random_device random;
   constexpr int kTries = 100;

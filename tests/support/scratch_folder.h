@@ -1,9 +1,8 @@
-// A fresh folder for one test, removed with all that is in it at the end of its scope.
+// A new folder for one test, removed with its contents at the end of the scope.
 //
-// It lies in the system's temporary folder. On Windows the environment variable QX_TEST_SCRATCH, if set,
-// names the folder to take instead, as Z:\a\b or /a/b. Paths have the form Z:\a\b. The helpers go by the
-// language's own file streams and not by the functions that the tests are about, and fail the test where they
-// cannot do what they say.
+// It is created in the system's temporary folder. On Windows the environment variable QX_TEST_SCRATCH, if
+// set, names another parent folder, as Z:\a\b or /a/b. Paths have the form Z:\a\b. The functions use the
+// standard library's file streams, not the functions under test, and fail the test if an operation fails.
 #pragma once
 
 #include <filesystem>
@@ -20,25 +19,25 @@ class ScratchFolder {
   ScratchFolder& operator=(const ScratchFolder&) = delete;
   ~ScratchFolder();
 
-  // Without a separator at the end.
+  // Returns the path without a trailing separator.
   const WString& Path() const { return path_; }
 
-  // The path of a name in the folder; the name may go down: W("a\\b").
+  // Returns the path of a name in the folder. The name may contain subfolders: W("a\\b").
   WString Path(WStringView name) const;
 
-  // The same for the language's own files.
+  // Like Path, for the standard library's file functions.
   std::filesystem::path NativePath(WStringView name) const;
 
-  // Makes or replaces a file and answers its path.
+  // Creates or overwrites a file and returns its path.
   WString Write(WStringView name, std::string_view bytes) const;
 
-  // Makes a folder, with those above it, and answers its path.
+  // Creates a folder and its missing parents, and returns its path.
   WString MakeFolder(WStringView name) const;
 
   std::string Read(WStringView name) const;
   bool Exists(WStringView name) const;
 
-  // The names in the folder (or in the given one below it), sorted.
+  // Returns the names in the folder, or in the given subfolder, sorted.
   std::vector<WString> Names(WStringView folder = {}) const;
 
  private:

@@ -1,17 +1,17 @@
-// What the scratch folder needs of the system below.
+// The system-dependent part of the scratch folder.
 #pragma once
 
 #include <filesystem>
 
 #include "platform/text.h"
 
-// The folder to make scratch folders in.
+// Returns the folder in which scratch folders are created.
 std::filesystem::path ScratchParent();
 
-// The path as the code under test is given it, in the form Z:\a\b, and a part of such a path back.
+// Converts a path to the form that the code under test gets, Z:\a\b, and part of such a path back.
 WString WindowsForm(const std::filesystem::path& path);
 std::filesystem::path NativeForm(WStringView part);
 
-// Removes the folder and all in it: read-only files, folders without permissions, paths of any length. False
-// if something stays.
+// Removes the folder and its contents: read-only files, folders without permissions, paths of any length.
+// Returns false if anything remains.
 bool RemoveTree(const std::filesystem::path& folder);

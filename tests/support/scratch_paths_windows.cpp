@@ -16,7 +16,7 @@ WString ReadEnvironment(const WCHAR* name) {
   return WString(text.data(), size);
 }
 
-// Wine's own name of a file in the file system below; not there on Windows itself.
+// Wine's function for the native name of a file; missing on Windows itself.
 using UnixNameFunction = char*(__cdecl*)(const WCHAR* path);
 
 UnixNameFunction FindUnixNameFunction() {
@@ -24,7 +24,7 @@ UnixNameFunction FindUnixNameFunction() {
   return reinterpret_cast<UnixNameFunction>(reinterpret_cast<void*>(found));
 }
 
-// Under Wine it is given on the drive Z:, as other paths of the tests are.
+// Returns the temporary folder. Under Wine its path is converted to drive Z:, like other paths of the tests.
 WString TemporaryFolder() {
   std::vector<WCHAR> text(kMostChars);
   const DWORD size = GetTempPathW(kMostChars, text.data());
@@ -38,7 +38,7 @@ WString TemporaryFolder() {
   return below;
 }
 
-// `path` is in its long form: the language's own functions stop at 260 characters here.
+// `path` has the prefix for long paths: the standard library's functions are limited to 260 characters here.
 bool RemoveFolder(const WString& path) {
   WIN32_FIND_DATAW data;
   FindHandle search(
@@ -66,7 +66,7 @@ bool RemoveFolder(const WString& path) {
 fs::path ScratchParent() {
   WString folder = ReadEnvironment(W("QX_TEST_SCRATCH"));
   if (folder.empty()) folder = TemporaryFolder();
-  // A path of the file system below Wine, which shows its root as the drive Z:.
+  // A native path under Wine, which shows the root of the file system as drive Z:.
   if (folder.front() == W('/')) folder.insert(0, W("Z:"));
   std::replace(folder.begin(), folder.end(), W('/'), W('\\'));
   while (folder.ends_with(W('\\'))) folder.pop_back();

@@ -1,4 +1,4 @@
-// SIDs and lists of access entries as tests write them.
+// SIDs and access control lists in the form in which tests write them.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 #include "platform/security_api.h"
 #include "platform/text.h"
 
-// One entry of a list, with the SID's text.
+// An entry of an access list, with its SID as text.
 struct ShownEntry {
   int type;
   int flags;
@@ -36,7 +36,7 @@ inline std::vector<BYTE> EveryoneSid() { return SidBytes(1, {0}); }
 inline std::vector<BYTE> UserSidBytes(std::uint32_t id) { return SidBytes(22, {1, id}); }
 inline std::vector<BYTE> GroupSidBytes(std::uint32_t id) { return SidBytes(22, {2, id}); }
 
-// "S-1-22-1-0".
+// Returns a text such as "S-1-22-1-0".
 inline std::string SidText(const void* sid) {
   const auto* const bytes = static_cast<const BYTE*>(sid);
   std::string text = "S-" + std::to_string(bytes[0]) + "-" + std::to_string(bytes[7]);
@@ -58,7 +58,7 @@ inline std::vector<ShownEntry> EntriesOf(ACL* list) {
     const std::size_t size = ace.Header.AceSize;
     std::memcpy(&ace, entry, std::min(size, sizeof ace));
     const auto* const sid = static_cast<const BYTE*>(entry) + 8;
-    // One that its entry does not hold whole is not looked at.
+    // A SID that is not completely inside its entry is not read.
     const bool isWhole = size >= 16 && size >= 16 + sid[1] * sizeof(DWORD);
     entries.push_back({ace.Header.AceType, ace.Header.AceFlags, static_cast<unsigned>(ace.Mask),
                        isWhole ? SidText(sid) : "cut"});
@@ -66,7 +66,7 @@ inline std::vector<ShownEntry> EntriesOf(ACL* list) {
   return entries;
 }
 
-// The list of a file; nothing where the call fails or the list is missing.
+// Returns the access list of a file, or nothing if the call fails or the file has none.
 inline std::optional<std::vector<ShownEntry>> EntriesOfFile(const WString& path) {
   PSECURITY_DESCRIPTOR descriptor = nullptr;
   PACL list = nullptr;
@@ -79,8 +79,8 @@ inline std::optional<std::vector<ShownEntry>> EntriesOfFile(const WString& path)
   return entries;
 }
 
-// How many entries of the file's list let everyone read, write and execute. Wine keeps no more of a list than
-// that.
+// Returns how many entries of the file's list allow everyone to read, write and execute. Wine does not store
+// more of a list.
 inline int FullEntriesOfEveryone(const WString& path) {
   constexpr unsigned kFull = 0x1301BF;
   int found = 0;
@@ -90,7 +90,7 @@ inline int FullEntriesOfEveryone(const WString& path) {
   return found;
 }
 
-// The bytes of one entry of a list.
+// Returns the bytes of an access list entry.
 inline std::vector<BYTE> TypedEntryBytes(BYTE type, BYTE flags, DWORD mask, const std::vector<BYTE>& sid) {
   std::vector<BYTE> entry(8);
   const ACE_HEADER header{type, flags, static_cast<WORD>(8 + sid.size())};
@@ -100,7 +100,7 @@ inline std::vector<BYTE> TypedEntryBytes(BYTE type, BYTE flags, DWORD mask, cons
   return entry;
 }
 
-// A list that fills that many bytes with equal entries, each of which allows everyone `mask`.
+// Returns a list of that size, filled with equal entries that grant everyone the rights in `mask`.
 inline std::vector<BYTE> FilledList(std::size_t bytes, DWORD mask) {
   std::vector<BYTE> memory(bytes);
   auto* const list = reinterpret_cast<ACL*>(memory.data());
@@ -114,7 +114,7 @@ inline std::vector<BYTE> FilledList(std::size_t bytes, DWORD mask) {
   return memory;
 }
 
-// A list that is built of entries in memory with room.
+// An access list, built entry by entry in a sufficiently large buffer.
 class BuiltList {
  public:
   BuiltList() : memory_(4096) { InitializeAcl(Get(), static_cast<DWORD>(memory_.size()), ACL_REVISION); }
@@ -129,7 +129,7 @@ class BuiltList {
   std::vector<BYTE> memory_;
 };
 
-// Sets the list of a file; 0 or an error.
+// Sets the access list of a file. Returns 0 or an error number.
 inline DWORD SetEntries(const WString& path, ACL* list, DWORD more = 0) {
   WString name = path;
   return SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | more, nullptr,

@@ -1,6 +1,5 @@
-// A counting semaphore for tests with threads. The standard library's loses wake-ups on systems where it has
-// no wait on an address, which is how the Windows build's has it: it looks at the count before it takes its
-// lock.
+// A counting semaphore for tests with threads. The standard library's loses wake-ups on systems without a
+// wait on an address, such as the Windows build's: it reads the count before it takes its lock.
 #pragma once
 
 #include <condition_variable>

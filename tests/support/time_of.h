@@ -1,9 +1,9 @@
-// A point in time as the C library's calendar has it.
+// A point in time as the C library's std::tm.
 #pragma once
 
 #include <ctime>
 
-// Months from 1, the year in full.
+// Months count from 1; the year is the full number.
 inline std::tm TimeOf(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
   std::tm time{};
   time.tm_year = year - 1900;

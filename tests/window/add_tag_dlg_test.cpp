@@ -15,7 +15,7 @@ using testing::IsEmpty;
 using Velmora::SDK::PropertyName;
 using Velmora::SDK::TagDialogForm;
 
-// The numbers that the dialog and its controls are known by.
+// The resource ids of the dialog and its controls.
 constexpr int kDialog = 105;
 enum Control : int {
   kStart = 1002,
@@ -76,7 +76,7 @@ TEST_F(AddTagDlgWindow, TheChosenNameIsShownAndCannotBeTyped) {
   });
 }
 
-// The tag.
+// The generated tag.
 
 TEST_F(AddTagDlgWindow, AClickOnALineMakesItsTag) {
   Show([](HWND dialog) {
@@ -92,7 +92,7 @@ TEST_F(AddTagDlgWindow, AClickOnALineMakesItsTag) {
 TEST_F(AddTagDlgWindow, KeysInTheListMakeTheTagToo) {
   Show([](HWND dialog) {
     Focus(dialog, kProperties);
-    // The first key chooses the line of the focus.
+    // The first key selects the line that has the focus.
     PressKey(dialog, VK_DOWN);
     EXPECT_EQ(TextOf(dialog, kTag), W("[?size]"));
     PressKey(dialog, VK_END);
@@ -151,7 +151,7 @@ TEST_F(AddTagDlgWindow, TheFocusAloneLeavesAnEditedTag) {
   });
 }
 
-// Ends.
+// Closing the dialog.
 
 TEST_F(AddTagDlgWindow, InsertGivesTheTag) {
   EXPECT_EQ(Show([](HWND dialog) {
@@ -245,7 +245,7 @@ TEST_F(AddTagDlgWindow, EnglishAccessKeysLeadToTheFieldsAndPressTheButtons) {
   EXPECT_EQ(Show([](HWND dialog) { PressAltKey(dialog, W('c')); }), 2);
 }
 
-// Place and layout.
+// Position and layout.
 
 TEST_F(AddTagDlgWindow, StandsInTheMiddleOfTheFrameAndDisablesIt) {
   Show([this](HWND dialog) {
@@ -255,7 +255,7 @@ TEST_F(AddTagDlgWindow, StandsInTheMiddleOfTheFrameAndDisablesIt) {
   EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
 }
 
-// The tag itself has no text beside it.
+// The field of the tag has no label.
 TEST_F(AddTagDlgWindow, EnglishTextsFitAndControlsStandApart) {
   SpeakRenameEnglish(host_);
   names_ = {

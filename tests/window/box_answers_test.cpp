@@ -1,4 +1,4 @@
-// Which windows count as boxes where several programs share one display: those that the thread itself opens.
+// Which windows count as message boxes while several programs share the display: only those of this thread.
 #include "support/box_answers.h"
 
 #include <gmock/gmock.h>
@@ -14,7 +14,7 @@ using testing::ElementsAre;
 using testing::Field;
 using testing::IsEmpty;
 
-// A window of the class of boxes that was there before, as those of other programs are.
+// A window of the message boxes' class that was created before, like those of other programs.
 class ForeignBox {
  public:
   ForeignBox()
@@ -29,8 +29,8 @@ class ForeignBox {
   HWND window_;
 };
 
-// Runs an action in the loop of the box that becomes active first, before the press that answers it. Made
-// behind the BoxAnswers, for of two hooks the later one is asked first.
+// Runs an action in the message loop of the first box that becomes active, before the click that answers it.
+// Must be created after the BoxAnswers, because of two hooks the later one is called first.
 class InFirstBox {
  public:
   explicit InFirstBox(std::function<void(HWND)> action)

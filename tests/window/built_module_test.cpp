@@ -1,5 +1,5 @@
-// The built module in a host's process: what its file says of it, and a command with its dialog and its
-// question, all from out of the library.
+// The built module in a host process: its version resource, and a command with its dialog and its question,
+// run from the library.
 #include <gmock/gmock.h>
 
 #include <memory>
@@ -63,7 +63,7 @@ TEST_F(BuiltModule, CarriesItsVersion) {
   const auto value = [&](WStringView name) {
     const std::size_t at = text.find(name);
     if (at == WStringView::npos) return WString();
-    // Behind the name stand its zero and at most one more to fill up.
+    // The name is followed by its terminator and at most one more zero for alignment.
     const std::size_t begin = text.find_first_not_of(W('\0'), at + name.size());
     return WString(text.substr(begin, text.find(W('\0'), begin) - begin));
   };

@@ -1,19 +1,19 @@
-// How the cells of a list with columns are painted.
+// Reads the pixels of the cells of a list view.
 #pragma once
 
 #include "platform/windows_api.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
-// The place of a cell's text in the list's client area.
+// Returns the rectangle of a cell's text in the list's client area.
 inline RECT AreaOfCell(HWND list, int row, int column) {
   RECT area = {LVIR_LABEL, column, 0, 0};
   SendMessageW(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
   return area;
 }
 
-// How many pixels of a cell's text have exactly this colour.
+// Returns the number of pixels of a cell's text that have exactly this colour.
 inline int PixelsOfCell(HWND list, int row, int column, COLORREF color) {
   const RECT area = AreaOfCell(list, row, column);
   const HDC screen = GetDC(list);

@@ -1,4 +1,5 @@
-// The window of the Add File Access dialog: its texts, its levels, the picker behind Find, its ends.
+// The window of the Add File Access dialog: its texts, its levels, the account picker of its Find button, and
+// how it closes.
 #include "security/change_access_dlg.h"
 
 #include <gmock/gmock.h>
@@ -16,7 +17,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The numbers that the dialog's controls are known by.
+// The ids of the dialog's controls.
 enum Control : int {
   kIntroduction = 1201,
   kUserLabel = 1202,
@@ -131,7 +132,7 @@ TEST_F(ChangeAccessDlgWindow, FindWithoutANameLeavesTheField) {
   });
 }
 
-// Wine has no such dialog: it is asked for, and nothing comes of it.
+// Wine does not have this dialog: creating it fails.
 TEST_F(ChangeAccessDlgWindow, ASystemWithoutThePickerGivesNoName) {
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   EXPECT_EQ(PickAccount(owner_.Get()), std::nullopt);

@@ -1,4 +1,4 @@
-// The window of the dialog that asks about a match, by itself and in runs over files.
+// The window of the dialog that confirms a match, alone and in runs over files.
 #include "findreplace/tool/confirm_replace_dlg.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using WQDR::TextFormat;
 
-// The numbers that the dialog's controls are known by.
+// The ids of the dialog's controls.
 enum Control : int {
   kSwitch = 1042,
   kReplaceAll = 1046,
@@ -40,7 +40,7 @@ enum Control : int {
 
 bool IsVisible(HWND dialog, int control) { return IsWindowVisible(GetDlgItem(dialog, control)) != FALSE; }
 
-// Begin and end of the selection of an edit control.
+// Returns the start and end of the selection in an edit control.
 std::pair<DWORD, DWORD> SelectionOf(HWND dialog, int control) {
   DWORD from = 99;
   DWORD to = 99;
@@ -68,7 +68,7 @@ class ConfirmReplaceDlgWindow : public testing::Test {
         steps);
   }
 
-  // The answer that the steps give.
+  // Returns the result of the dialog after these steps.
   ConfirmResult Answer(const Steps& steps) {
     form_.result = ConfirmResult::ReplaceToo;
     Show(steps);
@@ -319,7 +319,7 @@ TEST_F(ConfirmReplaceDlgWindow, SwitchGivesNoAnswer) {
             ConfirmResult::Skip);
 }
 
-// Answers.
+// The result of each button.
 
 TEST_F(ConfirmReplaceDlgWindow, EachButtonIsItsAnswer) {
   EXPECT_EQ(static_cast<int>(Answer([](HWND dialog) { ClickButton(dialog, IDOK); })), 0);
@@ -378,7 +378,7 @@ TEST_F(ConfirmReplaceDlgWindow, DialogThatCannotBeMadeLeavesTheResult) {
   }
 }
 
-// How it looks.
+// Appearance.
 
 TEST_F(ConfirmReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindow) {
   Show([this](HWND dialog) {
@@ -414,7 +414,7 @@ TEST_F(ConfirmReplaceDlgWindow, TextsOfTwiceTheLengthLongSentencesAndLargeNumber
   });
 }
 
-// The box of an error.
+// The message box of an error.
 
 TEST_F(ConfirmReplaceDlgWindow, ErrorBoxStandsOverTheHostsMainWindow) {
   host_.mainWindow = owner_.Get();
@@ -440,7 +440,7 @@ class FindAndReplaceInWindows : public ConfirmReplaceDlgWindow {
     host_.selection.push_back(&items_.back());
   }
 
-  // Runs the command: the first dialog is filled and started, and the others are answered by these controls.
+  // Runs the command: fills and confirms the first dialog, and closes the following ones with these controls.
   void Run(const std::vector<int>& answers, const WString& find = W("old"), int modeRow = 0) {
     constexpr int kFindText = 1020;
     constexpr int kMode = 1102;
@@ -473,8 +473,8 @@ class FindAndReplaceInWindows : public ConfirmReplaceDlgWindow {
 
   ScratchFolder folder_;
   std::deque<FakeFileItem> items_;
-  std::vector<WString> paths_;     // of the questions, in order
-  std::vector<WString> selected_;  // what was shown as the match
+  std::vector<WString> paths_;     // the paths in the questions, in order
+  std::vector<WString> selected_;  // the text shown as the match
 };
 
 TEST_F(FindAndReplaceInWindows, EachMatchIsAskedAboutAndShown) {

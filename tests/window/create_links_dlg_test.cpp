@@ -1,5 +1,5 @@
-// The window of the Create Link dialog: what it shows for each kind, where keys lead, and what its end makes
-// of the fields.
+// The window of the Create Link dialog: what it shows for each kind of link, the keyboard, and how its fields
+// are read when it closes.
 #include "filetools/create_links_dlg.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The numbers that the dialog's controls are known by.
+// The ids of the dialog's controls.
 enum Control : int {
   kKindGroup = 1011,
   kLink = 1015,
@@ -41,7 +41,7 @@ class CreateLinksDlgWindow : public testing::Test {
  protected:
   CreateLinksDlgWindow() { Start(1); }
 
-  // One file, and this kind as the last one.
+  // Starts with one file, and this kind as the last one used.
   void Start(int lastKind) {
     form_ = {};
     form_.linkName = W("C:\\links\\a.txt");
@@ -132,7 +132,7 @@ TEST_F(CreateLinksDlgWindow, KindsAreChosenAndNotTyped) {
   });
 }
 
-// What follows from the kind.
+// What changes with the kind.
 
 TEST_F(CreateLinksDlgWindow, DescriptionFollowsTheKind) {
   Show([](HWND dialog) {
@@ -246,7 +246,7 @@ TEST_F(CreateLinksDlgWindow, ArrowKeysWalkTheKinds) {
   });
 }
 
-// The end.
+// Closing the dialog.
 
 TEST_F(CreateLinksDlgWindow, OkTakesBothFieldsAndTheKind) {
   EXPECT_EQ(Show([](HWND dialog) {
@@ -346,7 +346,7 @@ TEST_F(CreateLinksDlgWindow, EnglishAccessKeysLeadToTheFieldsAndPressTheButtons)
   EXPECT_EQ(Show([](HWND dialog) { PressAltKey(dialog, W('c')); }), IDCANCEL);
 }
 
-// Place and layout.
+// Position and layout.
 
 TEST_F(CreateLinksDlgWindow, StandsInTheMiddleOfTheActiveWindowAndDisablesIt) {
   Show([this](HWND dialog) {
@@ -377,7 +377,7 @@ TEST_F(CreateLinksDlgWindow, FieldsAndLabelsShareTheEdgesAndMarginsAreEven) {
   });
 }
 
-// Each status and each description, in turn.
+// Calls `check` for each status and each description.
 template <typename Check>
 void WithEachStatus(FakeHost& host, const Check& check) {
   struct Case {

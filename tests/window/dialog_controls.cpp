@@ -19,7 +19,7 @@ LRESULT SendBuffer(HWND dialog, int control, UINT message, WPARAM wParam, WCHAR*
   return Send(dialog, control, message, wParam, reinterpret_cast<LPARAM>(buffer));
 }
 
-// For each row of a combo box, in order.
+// Calls `read` for each row of a combo box, in order, and returns the results.
 template <typename Read>
 auto ReadRows(HWND dialog, int control, Read read) {
   std::vector<decltype(read(WPARAM()))> rows;
@@ -41,7 +41,7 @@ WString CueBannerOf(HWND dialog, int control) {
   const HWND window = GetDlgItem(dialog, control);
   WCHAR text[512] = {};
   const auto buffer = reinterpret_cast<WPARAM>(text);
-  // The edit field is asked where the combo box does not know the message.
+  // If the combo box does not support the message, its edit field does.
   if (SendMessageW(window, CB_GETCUEBANNER, buffer, 512)) return text;
   COMBOBOXINFO info = {};
   info.cbSize = sizeof(info);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Of a DLGTEMPLATEEX: the bytes before the menu, and the kinds of the menu and of the class.
+// In a DLGTEMPLATEEX: the size of the fields before the menu, and the kinds of the menu and class fields.
 constexpr std::size_t kHeaderBytes = 26;
 constexpr WORD kNone = 0;
 constexpr WORD kByNumber = 0xFFFF;
@@ -22,7 +22,7 @@ std::vector<WORD> TemplateOf(int resource) {
   return words;
 }
 
-// The index after a text that ends in a zero.
+// Returns the index after a zero-terminated text.
 std::size_t AfterText(const std::vector<WORD>& words, std::size_t at) {
   while (words.at(at) != 0) ++at;
   return at + 1;
@@ -33,12 +33,12 @@ std::size_t AfterMenuOrClass(const std::vector<WORD>& words, std::size_t at) {
   return words.at(at) == kByNumber ? at + 2 : AfterText(words, at);
 }
 
-// The index of the size of the dialog's font, in points.
+// Returns the index of the dialog's font size, in points.
 std::size_t FontSizeIndex(const std::vector<WORD>& words) {
   std::size_t at = kHeaderBytes / sizeof(WORD);
   at = AfterMenuOrClass(words, at);
   at = AfterMenuOrClass(words, at);
-  return AfterText(words, at);  // the title
+  return AfterText(words, at);  // skips the title
 }
 
 INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) { return FALSE; }

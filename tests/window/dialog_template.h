@@ -1,20 +1,19 @@
-// The templates of the module's dialogs as a screen of another scale shows them.
+// The module's dialog templates, as they are laid out at another display scale.
 #pragma once
 
 #include "platform/text.h"
 
-// A dialog made of a template, not shown and without a procedure: its controls have the places that they have
-// at this scale, in percent. Only the fonts of the template grow with it; the system's frames and bars do
-// not.
+// A dialog created from a template, hidden and without a procedure. Its controls have their places at the
+// given scale, in percent. Only the template's fonts are scaled; the system's frames and scroll bars are not.
 class DialogInScale {
  public:
-  // The parent is that of a panel, which is no window of its own.
+  // `parent` is needed for a panel, which is a child window.
   DialogInScale(int resource, int percent, HWND parent = nullptr);
   DialogInScale(const DialogInScale&) = delete;
   DialogInScale& operator=(const DialogInScale&) = delete;
   ~DialogInScale();
 
-  // Null if it could not be made.
+  // Returns null if the dialog could not be created.
   HWND Get() const { return window_; }
 
  private:

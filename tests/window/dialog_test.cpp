@@ -1,5 +1,5 @@
-// What all dialogs get from the window toolkit, seen on a dialog of its own: the template of the replace
-// dialog with two check boxes more.
+// What the window toolkit provides for all dialogs, tested with a dialog made from the template of the
+// replace dialog and two more check boxes.
 #include "ui/dialog.h"
 
 #include <commctrl.h>

@@ -24,7 +24,7 @@ QxHost::LanguageTable ReadTable() {
 
 using Texts = std::map<Velmora::SDK::TextId, WString>;
 
-// The texts of these ids in a section of the table; first or second ones.
+// Returns the first or second texts of these ids in a section of the table.
 template <typename Ids>
 Texts ReadTexts(const char* section, const Ids& ids, WString QxHost::LanguageText::*which) {
   const QxHost::LanguageTable table = ReadTable();
@@ -45,8 +45,7 @@ Texts CommonTexts() {
                    &QxHost::LanguageText::first);
 }
 
-// Characters that a text may have and still be taken for a word or two, of which translations are the
-// longest.
+// The longest text that counts as a word or two; translations of these grow most.
 constexpr std::size_t kMostShortChars = 30;
 
 Texts RenameTitles() {

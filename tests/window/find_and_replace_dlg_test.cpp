@@ -1,5 +1,5 @@
-// The window of the Find and Replace dialog: what it shows, what follows from a change, where keys lead, and
-// what its end makes of the fields.
+// The window of the Find and Replace dialog: its contents, the effects of a change, the keyboard, and how its
+// fields are read when it closes.
 #include "findreplace/tool/find_and_replace_dlg.h"
 
 #include <gmock/gmock.h>
@@ -22,7 +22,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The numbers that the dialog's controls are known by.
+// The ids of the dialog's controls.
 enum Control : int {
   kFind = 1020,
   kName = 1034,
@@ -55,7 +55,7 @@ class FindAndReplaceDlgWindow : public testing::Test {
  protected:
   FindAndReplaceDlgWindow() { Start(0x20000101); }
 
-  // These stored flags, for one file `a.txt` or for several.
+  // Starts with these stored flags, for one file `a.txt` or for several files.
   void Start(std::uint32_t flags, std::uint32_t fileCount = 1) {
     form_ = {};
     form_.options.flags = flags;
@@ -130,7 +130,7 @@ TEST_F(FindAndReplaceDlgWindow, TellsHowManyFilesThereAre) {
   Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kCount), W("in 12 of 100%")); });
 }
 
-// What stands in the fields.
+// Contents of the fields.
 
 TEST_F(FindAndReplaceDlgWindow, RowsOfTheListsHoldTheFlags) {
   Show([](HWND dialog) {
@@ -191,7 +191,7 @@ TEST_F(FindAndReplaceDlgWindow, BoxThatReplacesAllIsHiddenAndGreyAndKeepsItsMark
   EXPECT_EQ(ReadOptions(form_).flags, 0x20000301u);
 }
 
-// What follows from a change.
+// Effects of a change.
 
 TEST_F(FindAndReplaceDlgWindow, EachModeIsExplained) {
   const WCHAR* const explanations[] = {W("L01FF0064"), W("L02000064"), W("L02010064"), W("L02020064")};
@@ -301,7 +301,7 @@ TEST_F(FindAndReplaceDlgWindow, AccessKeysLeadToTheTexts) {
   });
 }
 
-// Its end.
+// Closing the dialog.
 
 TEST_F(FindAndReplaceDlgWindow, OkTakesAllFieldsAndNoneOfTheOldFlags) {
   Start(0xB0000905);
@@ -373,7 +373,7 @@ TEST_F(FindAndReplaceDlgWindow, CancelEscapeAndTheCloseButtonCancel) {
             IDCANCEL);
 }
 
-// How it looks.
+// Appearance.
 
 TEST_F(FindAndReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindow) {
   Show([this](HWND dialog) {

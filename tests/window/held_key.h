@@ -3,7 +3,7 @@
 
 #include "platform/windows_api.h"
 
-// A key is down on this thread while it lives.
+// Holds a key down for this thread during its lifetime.
 class HeldKey {
  public:
   explicit HeldKey(int key) : key_(key) { Set(0x80); }

@@ -1,5 +1,5 @@
-// The host's container as a real window: where list and panel lie, what it hands on, and the picture of a
-// first preview.
+// The host's container as a real window: the layout of list and panel, the commands that it forwards, and the
+// screenshot after the first preview.
 #include <gmock/gmock.h>
 
 #include <fstream>
@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using namespace Velmora::SDK;
 
-// A panel: a child of the container that records the commands that it gets.
+// A child window of the container that records the commands it receives.
 class Panel final : public IMultiWindow {
  public:
   explicit Panel(HWND container) {
@@ -45,7 +45,7 @@ class Panel final : public IMultiWindow {
 
 class HostContainerWindow : public HostedList {
  protected:
-  // The place of a window in the container.
+  // Returns the rectangle of a window in the container's coordinates.
   RECT AreaIn(HWND window) const {
     RECT area = {};
     GetWindowRect(window, &area);
@@ -169,7 +169,7 @@ TEST_F(HostPictureWindow, IsTakenWhenTheFirstPreviewHasEndedAndClosesTheFrame) {
   AddRows({W("a")});
   TakeMessages();
   EXPECT_FALSE(picture_.isTaken);
-  // To any window of the thread.
+  // Any window of the thread will do.
   PostMessageW(frame_.Get(), MRM_RUN_FINISHED, kPreviewFinished, 0);
   TakeMessages();
   EXPECT_TRUE(picture_.isSaved);

@@ -1,7 +1,7 @@
-// The host's list as a real list view, as its user and MultiRename's window meet it.
+// The host's list as a real list view, from the view of its user and of MultiRename's window.
 #include "window/hosted_list.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 #include <gmock/gmock.h>
 
@@ -40,7 +40,7 @@ class HostListWindow : public HostedList {
     return PixelsOfCell(window_, place, subItem, color);
   }
 
-  // Pixels of a cell that are not of the background.
+  // Returns the number of pixels of a cell that differ from the background colour.
   int InkOf(int place, int subItem) const {
     const RECT area = AreaOfCell(window_, place, subItem);
     const int all = static_cast<int>((area.right - area.left) * (area.bottom - area.top));
@@ -61,7 +61,8 @@ class HostListWindow : public HostedList {
     TakeMessages();
   }
 
-  // Whether the list takes a key from the loop, with Control or without.
+  // Offers a key press to the list from the message loop, with or without Control. Returns whether the list
+  // took it.
   bool OfferKey(WPARAM key, bool withControl) {
     std::optional<HeldKey> control;
     if (withControl) control.emplace(VK_CONTROL);
@@ -78,7 +79,8 @@ class HostListWindow : public HostedList {
     list_->Refresh();
   }
 
-  // More than can be asked for rows on the screen, a heading and a focus, however they are drawn.
+  // An upper limit for the requested texts: two columns of each visible row, one more row and the focused
+  // row, each several times.
   int MostAsked() const { return (static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) + 2) * 2 * 4; }
 };
 
@@ -149,8 +151,8 @@ TEST_F(HostListWindow, AClickWithAMillionSelectedRowsSelectsOneAndNothingElseMov
   EXPECT_EQ(events_.size(), 1u);
 }
 
-// What an act leads to in a list in which all rows are selected. Places and counts beyond the half are less
-// the number of rows, so that lists of different lengths can be compared.
+// The outcome of an action in a list in which all rows are selected. Positions and counts above one half are
+// reduced by the number of rows, so that lists of different lengths can be compared.
 struct ActOutcome {
   int firstSelected;
   int lastSelected;
@@ -171,7 +173,7 @@ class HostListSelection : public HostListWindow {
  protected:
   using Act = std::function<void()>;
 
-  // `focused` is counted from the last row if it is below 0.
+  // A negative `focused` counts from the end.
   ActOutcome OutcomeOf(int count, int focused, const Act& act) {
     if (focused < 0) focused += count;
     list_->Clear();
@@ -191,7 +193,7 @@ class HostListSelection : public HostListWindow {
             fromEnd(static_cast<int>(Send(LVM_GETTOPINDEX))), events_.size()};
   }
 
-  // Of a list whose rows the list view takes out of the selection by itself, and of a longer one.
+  // Compares a list whose rows the list view deselects by itself with a longer one.
   void ExpectSameWithMany(const std::string& name, std::initializer_list<int> focusedRows, const Act& act) {
     for (const int focused : focusedRows) {
       EXPECT_EQ(OutcomeOf(320, focused, act), OutcomeOf(290, focused, act)) << name << " at " << focused;
@@ -492,7 +494,7 @@ TEST_F(HostListWindow, HigherRowsAreAsHighAsWantedAndLowerOnesAsTheirText) {
   EXPECT_NEAR(RowArea(0).bottom - RowArea(0).top, 40, 4);
 }
 
-// The window has come from a monitor of a large scale to one of a small one.
+// The window has moved from a monitor with a large scale to one with a small scale.
 TEST_F(HostListWindow, RowsThatWereHighAreLowAgain) {
   AddRows({W("a")});
   const LONG natural = RowArea(0).bottom - RowArea(0).top;
@@ -525,7 +527,7 @@ TEST_F(HostListWindow, RowsHaveTheShellsImages) {
   EXPECT_TRUE(SaveScreenshot(frame_.Get(), W("host_list")));
 }
 
-// What the list tells the module of its context menu.
+// Records the events that the list sends to the module for its context menu.
 class RecordedMenu final : public IEventCallback {
  public:
   void Destroy() override {}

@@ -1,5 +1,5 @@
-// The host's side of a whole window: an extension that opens a frame on a thread of its own, with the host's
-// container and list in it, and closes.
+// The host's side of a complete window: an extension opens a frame with the host's container and list on its
+// own thread, and closes it.
 #include <gmock/gmock.h>
 
 #include <stdexcept>
@@ -20,7 +20,7 @@ namespace {
 
 using namespace Velmora::SDK;
 
-// Stands in for MultiRename: one list of three rows, and a first preview that has ended at once.
+// Stands in for MultiRename: a list of three rows, and a first preview that finishes at once.
 class FramePlugin final : public PluginBase {
  public:
   ~FramePlugin() {
@@ -115,8 +115,7 @@ bool DeleteFramePlugin(void* object, s32) {
   return true;
 }
 
-// One extension, which has the index of MultiRename by being the third of the module: the first two are
-// others.
+// The module has three extensions; the tested one has MultiRename's index, 2.
 bool FramePluginInfo(u32 index, ExtensionInfo* info) {
   info->moduleName[0] = W('M');
   return index < 3;

@@ -1,4 +1,4 @@
-// The host's list in its container in a frame, as MultiRename's window has it, over rows that are names.
+// The host's list in its container in a frame, set up as by MultiRename's window, over rows that are names.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 #include "ui/common_controls.h"
 #include "window/modal_driver.h"
 
-// Rows whose texts can have a colour, by their first letter: of "r..." it is red, and "m..." is marked.
+// Rows whose text colour depends on the first letter of the name: "r..." is red, "m..." is marked.
 class ColoredRows : public RowTexts {
  public:
   static constexpr COLORREF kRed = 0x1621BB;
@@ -36,30 +36,30 @@ class HostedList : public testing::Test {
   HostedList();
   ~HostedList() override;
 
-  // Makes container and list anew, with the two columns of MultiRename's window. The ones of before must be
-  // gone.
+  // Creates container and list with the two columns of MultiRename's window. Earlier ones must have been
+  // released.
   void MakeControls();
   // Gives both back to the host, the list first.
   void ReleaseControls();
 
   void AddRows(const std::vector<WString>& names);
-  // The names of the rows in the order of the screen.
+  // Returns the names of the rows in the order of the screen.
   std::vector<WString> Names();
-  // The places that the list view shows as selected.
+  // Returns the positions that the list view shows as selected.
   std::vector<int> SelectedPlaces() const;
   int FocusedPlace() const;
   void Select(int place, bool isSelected = true) const;
   void Focus(int place) const;
-  // Of the list's window.
+  // Returns the rectangle of a row in the list's window.
   RECT RowArea(int place) const;
   std::pair<u32, u32> Counts();
 
   LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return SendMessageW(window_, message, wParam, lParam);
   }
-  // Takes all messages of this thread that wait.
+  // Processes all waiting messages of this thread.
   static void TakeMessages();
-  // Paints the whole list now.
+  // Paints the whole list immediately.
   void Paint() const;
 
   Ui::CommonControlsScope commonControls_;

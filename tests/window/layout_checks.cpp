@@ -33,7 +33,7 @@ WString ClassOf(HWND control) {
   return name;
 }
 
-// Selects the control's font for as long as a text is measured.
+// Measures with the control's font, which is selected for the duration of the call.
 SIZE MeasureText(HWND control, const WString& text, LONG width, UINT format) {
   const HDC dc = GetDC(control);
   const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
@@ -45,7 +45,7 @@ SIZE MeasureText(HWND control, const WString& text, LONG width, UINT format) {
   return {area.right, area.bottom};
 }
 
-// Labels break their lines at blanks; what is too wide without a blank is cut.
+// Labels wrap at blanks; a word that is too wide is cut.
 void ExpectLabelFits(HWND label) {
   RECT room = {};
   GetClientRect(label, &room);
@@ -77,7 +77,7 @@ void ExpectButtonFits(HWND button) {
     EXPECT_LE(needed.cy, room.bottom) << "box " << GetDlgCtrlID(button);
     return;
   }
-  // The frame and the focus rectangle take their part.
+  // The frame and the focus rectangle need space too.
   const LONG border = 2 * (GetSystemMetrics(SM_CXEDGE) + 2);
   EXPECT_LE(needed.cx + border, room.right) << "button " << GetDlgCtrlID(button);
   EXPECT_LE(needed.cy + border, room.bottom) << "button " << GetDlgCtrlID(button);
@@ -104,7 +104,7 @@ void ExpectComboBoxFits(HWND combo) {
   EXPECT_LE(needed.cx, width) << "hint of combo box " << GetDlgCtrlID(combo);
 }
 
-// The hint in an empty edit control.
+// Checks the hint of an empty edit control.
 void ExpectHintFits(HWND edit) {
   RECT room = {};
   SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
@@ -128,7 +128,7 @@ void ExpectTitleFits(HWND dialog) {
   DeleteObject(font);
   RECT area = {};
   GetWindowRect(dialog, &area);
-  // Beside the title stand the close button and, at most, an icon.
+  // The title bar also contains the close button and, at most, an icon.
   const LONG taken = 2 * metrics.iCaptionWidth + 4 * GetSystemMetrics(SM_CXFIXEDFRAME);
   EXPECT_LE(needed.right, area.right - area.left - taken) << "title";
 }
@@ -139,12 +139,12 @@ bool IsField(HWND control) {
   return hasName && (GetWindowLongW(control, GWL_STYLE) & WS_TABSTOP) != 0;
 }
 
-// Whether a control's text is the name of the field after it, to screen readers and to its access key.
+// Returns whether a control's text is the name of the next field, for screen readers and access keys.
 bool CanName(HWND control) { return ClassOf(control) == L"Static" || IsGroupBox(control); }
 
 HWND NextOf(HWND control) { return GetWindow(control, GW_HWNDNEXT); }
 
-// The character after the first single ampersand, in upper case; 0 without one.
+// Returns the upper-case character after the first single ampersand, or 0 if there is none.
 WCHAR AccessKeyOf(const WString& text) {
   for (std::size_t at = 0; at + 1 < text.size(); ++at) {
     if (text[at] != L'&') continue;
@@ -154,7 +154,7 @@ WCHAR AccessKeyOf(const WString& text) {
   return 0;
 }
 
-// The same for what a control shows; ampersands may be plain characters to it.
+// Returns the access key of a control; 0 if the control shows ampersands as plain characters.
 WCHAR AccessKeyOf(HWND control) {
   const bool isPlain =
       ClassOf(control) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_NOPREFIX) != 0;
@@ -182,7 +182,7 @@ void ExpectNoControlsOverlap(HWND dialog) {
       const RECT one = AreaOf(controls[first]);
       const RECT other = AreaOf(controls[second]);
       RECT common = {};
-      // A group box stands around its controls, and none sticks out of it.
+      // A group box contains its controls completely.
       if (IsGroupBox(controls[first]) && IntersectRect(&common, &one, &other) && EqualRect(&common, &other)) {
         continue;
       }

@@ -1,36 +1,37 @@
-// What must hold for the layout of every dialog, whatever texts it shows. Each check fails the test with the
-// number of the control.
+// What must hold for the layout of every dialog, with any texts. A failed check reports the id of the
+// control.
 #pragma once
 
 #include <set>
 
 #include "platform/text.h"
 
-// The place of a control in its dialog's client area, in pixels.
+// Returns the rectangle of a control in its dialog's client area, in pixels.
 RECT AreaOf(HWND dialog, int control);
 
 void ExpectControlsInsideClientArea(HWND dialog);
 void ExpectNoControlsOverlap(HWND dialog);
 
-// Labels, buttons, rows of combo boxes, hints and the title, in their own fonts against their room.
+// Checks that labels, buttons, rows of combo boxes, hints and the title fit in their own fonts.
 void ExpectNoTextCutOff(HWND dialog);
 
-// The same for labels and buttons alone: a closed box may cut its row where the open list shows it whole.
+// Like the above, for labels and buttons only: a combo box may cut its row if the open list shows it
+// completely.
 void ExpectLabelsAndButtonsFit(HWND dialog);
 
-// No two controls have the same access key, and that of each label or group box leads to a field.
+// Checks that access keys are unique and that the access key of each label or group box leads to a field.
 void ExpectAccessKeysDiffer(HWND dialog);
 
-// Each edit control and each list that the tab key reaches follows a label or a group box with a text, from
-// which screen readers take its name; but for these controls.
+// Checks that each edit control and list in the tab order follows a label or group box with a text, which
+// screen readers use as its name. The controls in `except` are not checked.
 void ExpectFieldsHaveNames(HWND dialog, const std::set<int>& except = {});
 
-// Each button, box and label of a field has an access key, but for these controls. Not among the checks of
+// Checks that each button, box and field label has an access key, except for these controls. Not part of
 // ExpectLayoutHolds.
 void ExpectEachLabelHasAnAccessKey(HWND dialog, const std::set<int>& except);
 
-// All of the above but the last; these fields may be without a name.
+// All checks above except the last one; the given fields need no name.
 void ExpectLayoutHolds(HWND dialog, const std::set<int>& withoutName = {});
 
-// To a pixel, the parity of the sizes aside.
+// To the pixel, except for rounding if a size is odd.
 void ExpectCenteredOver(HWND dialog, HWND owner);

@@ -1,4 +1,4 @@
-// The frame of MultiRename's window as its user meets it: title, status bar, list, keys, menus, size.
+// The frame of MultiRename's window from the view of its user: title, status bar, list, keys, menus, size.
 #include <gmock/gmock.h>
 
 #include "multirename/form/frame_form.h"
@@ -7,7 +7,7 @@
 #include "window/opened_menu.h"
 #include "window/rename_frame_window.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 namespace {
@@ -38,7 +38,7 @@ class MainFrameWindow : public RenameFrameWindow {
   }
   int FocusedNumber() const { return FocusedControl(Panel()); }
 
-  // Settles with a box that comes up, which is answered by a button.
+  // Like Settle, with a message box that opens and is closed by a button.
   void SettleWithBox(int button, WString* text = nullptr, WString* title = nullptr) {
     RunModal(
         [this] {
@@ -160,7 +160,7 @@ TEST_F(MainFrameWindow, TheListTakesTheHeightThatTheWindowGains) {
 TEST_F(MainFrameWindow, AnotherScaleOfTheMonitorGrowsTheFrameItsLeastSizeAndThePanel) {
   Open({W("a")});
   const SIZE panel = SizeOf(Panel());
-  RECT area = {10, 10, 10 + 1280, 10 + 700};  // no window is wider than the screen
+  RECT area = {10, 10, 10 + 1280, 10 + 700};  // windows are not wider than the screen
   SendMessageW(Frame(), 0x02E0, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&area));
   Settle();
   EXPECT_EQ(SizeOf(Frame()).cx, 1280);
@@ -312,7 +312,7 @@ TEST_F(MainFrameWindow, TheListsMenuShowsTheMovesWithTheirKeys) {
   OpenedMenu menu;
   POINT place = {Area(List()).left + 40, Area(List()).top + 60};
   PostMessageW(List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(List()), MAKELPARAM(place.x, place.y));
-  // The third line: to the top.
+  // Selects the third line, which moves the row to the top.
   for (const WPARAM key : {VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN}) PostMessageW(Frame(), WM_KEYDOWN, key, 1);
   Settle();
   EXPECT_EQ(menu.opened, 1);

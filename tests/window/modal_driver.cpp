@@ -12,16 +12,16 @@ constexpr UINT kRunSteps = WM_APP + 1;
 constexpr UINT kFinish = WM_APP + 2;
 constexpr WCHAR kHelperClass[] = L"QXUtilsModalDriver";
 
-// One run at a time: the hook has no other way to its state.
+// Only one run at a time: the hook can reach its state only through a global variable.
 struct Run {
   const std::vector<Steps>* steps = nullptr;
   std::size_t opened = 0;
   HWND helper = nullptr;
-  std::set<HWND> dialogs;  // those that are there
+  std::set<HWND> dialogs;  // those that exist
 };
 Run* currentRun = nullptr;
 
-// Undoes everything at the end of a run, which an exception may be.
+// Ends the run, even after an exception.
 class RunScope {
  public:
   RunScope(Run& run, HHOOK hook) : run_(run), hook_(hook) { currentRun = &run; }
@@ -43,9 +43,9 @@ bool IsDialog(HWND window) {
   return GetClassNameW(window, name, 16) > 0 && WStringView(name) == L"#32770";
 }
 
-// A dialog becomes visible when its loop runs dry for the first time, and only then can be used. What is sent
-// to a window is told on its own thread alone, so the windows of other programs never come here. Its number
-// may be given again to the next window.
+// A dialog becomes visible, and can be used, when its message queue is empty for the first time. This hook
+// sees only messages sent to windows of this thread, so windows of other programs are ignored. The handle of
+// a destroyed window may be reused.
 LRESULT CALLBACK OnSentMessage(int code, WPARAM wParam, LPARAM lParam) {
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
   if (code == HC_ACTION && currentRun) {
@@ -62,7 +62,7 @@ LRESULT CALLBACK OnHelperMessage(HWND window, UINT message, WPARAM wParam, LPARA
   const auto dialog = reinterpret_cast<HWND>(lParam);
   if (message == kRunSteps && currentRun) {
     if (wParam < currentRun->steps->size()) (*currentRun->steps)[wParam](dialog);
-    // Behind everything that the steps have posted: what they close is closed by then.
+    // Posted after all messages of the steps: a dialog that they close is closed by then.
     PostMessageW(window, kFinish, 0, lParam);
     return 0;
   }
@@ -78,7 +78,7 @@ void RegisterHelperClass() {
   helper.lpfnWndProc = OnHelperMessage;
   helper.hInstance = Ui::ModuleInstance();
   helper.lpszClassName = kHelperClass;
-  RegisterClassW(&helper);  // once; later calls are refused
+  RegisterClassW(&helper);  // later registrations fail without effect
 }
 
 void SendKey(HWND dialog, UINT message, WPARAM key, LPARAM flags) {

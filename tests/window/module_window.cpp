@@ -14,7 +14,7 @@ constexpr s32 kMultiRenameOfModule = 2;
 QxHost::ModuleExports builtModule;
 IHostApp* hostOfModule = nullptr;
 
-// Hands everything on to the module's own object.
+// Forwards all calls to the module's own object.
 class KnownPlugin final : public IPluginInterface {
  public:
   explicit KnownPlugin(IPluginInterface* plugin) : plugin_(*plugin) {}
@@ -78,7 +78,7 @@ void ModuleWindow::Use(const std::function<void(WindowUser&)>& user) {
         ADD_FAILURE() << error.what();
       }
       if (hands.IsGone()) return;
-      // It may be about to close by what the user has done last.
+      // The user's last action may still be closing the window.
       const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
       while (!hands.IsGone() && std::chrono::steady_clock::now() < end) Sleep(10);
       if (hands.IsGone()) return;

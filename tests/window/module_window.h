@@ -1,5 +1,6 @@
 // MultiRename's window as its users have it: the built module in the reference host over real files. The
-// test's thread is the host's main thread, the window is on the module's, the user acts on a third.
+// test's thread is the host's main thread, the window runs on the module's thread, and the user acts on a
+// third.
 #pragma once
 
 #include <functional>
@@ -8,10 +9,10 @@
 #include "host/hosted_files.h"
 #include "window/window_user.h"
 
-// The built module's exports; its MultiRename also keeps the host that it is given.
+// Returns the exports of the built module; its MultiRename also stores the host that it gets.
 QxHost::ModuleExports ExportsOfBuiltModule();
 
-// The host of MultiRename, after it was started.
+// Returns the host of MultiRename. Valid after the extension was started.
 Velmora::SDK::IHostApp& HostOfBuiltModule();
 
 class ModuleWindow : public testing::Test {
@@ -22,10 +23,10 @@ class ModuleWindow : public testing::Test {
     for (const WString& name : names) hosted_.Add(name);
     hosted_.Start();
   }
-  // Opens the window and serves it until it has closed, while the user acts. A window that the user leaves
-  // open is a failure, and is closed.
+  // Opens the window and serves it until it closes, while the user acts. If the user leaves it open, the
+  // window is closed and the test fails.
   void Use(const std::function<void(WindowUser&)>& user);
-  // The next window is of a new object of the module.
+  // The next window belongs to a new object of the module.
   void Renew() { hosted_.extensions->Renew(Velmora::SDK::kCommandMultiRename); }
 
   // Posts a command to the module on the host's main thread.
@@ -34,7 +35,7 @@ class ModuleWindow : public testing::Test {
   std::vector<WString> Names() const { return hosted_.scratch.Names(W("files")); }
   std::string ContentOf(WStringView name) const { return hosted_.scratch.Read(W("files\\") + WString(name)); }
 
-  // What the user types where the host asks for a text.
+  // Returns the user's input when the host requests a text.
   std::function<std::optional<std::string>()> answers_ = [] { return std::optional<std::string>(); };
   QxHost::HostedFiles hosted_;
 };

@@ -1,5 +1,5 @@
-// A person at MultiRename's window of the built module, in the real host, over real files: runs that fail in
-// part, sessions taken back later, profiles and numbered lists that outlive the window, moved rows.
+// A user of MultiRename's window of the built module, in the real host, over real files: runs that fail in
+// part, sessions undone later, profiles and numbered lists that are stored across windows, moved rows.
 #include "window/module_window.h"
 
 #include "frame/host/command_numbers.h"
@@ -18,7 +18,7 @@ using testing::IsEmpty;
 constexpr COLORREF kDuplicateTextColor = 0x1621BB;
 constexpr COLORREF kFailedTextColor = 0x0B1699;
 
-// The panel.
+// Control ids of the panel.
 enum : int {
   kName = 1034,
   kProfiles = 1045,
@@ -32,7 +32,7 @@ enum : int {
   kUndoDots = 1049,
   kStart = 1003,
 };
-// The dialogs.
+// Control ids of the dialogs.
 enum : int { kPairLines = 1110, kSessionRows = 1053, kSessionFiles = 1052, kBoxText = 0xFFFF };
 
 class ModuleWindowUse : public ModuleWindow {
@@ -43,7 +43,7 @@ class ModuleWindowUse : public ModuleWindow {
   static void WaitForStatus(WindowUser& user, const WString& status) {
     user.WaitUntil(ToUtf8(status), [&] { return user.Pane(1) == status; });
   }
-  // As it is on the screen, by the window's own thread.
+  // Takes the screenshot on the window's own thread.
   static void Photograph(WindowUser& user, const WString& name) {
     user.Do([&] { EXPECT_TRUE(SaveScreenshot(user.Frame(), name)); });
   }
@@ -104,7 +104,7 @@ TEST_F(ModuleWindowUse, ARunWithAFailingRowShowsItInItsColourAndRenamesTheOthers
     EXPECT_EQ(RedPixels(user, 2, kFailedTextColor), 0);
     EXPECT_TRUE(user.IsEnabled(kUndo));
     Photograph(user, W("rename_window_failed_row"));
-    // Until a new preview the failed row is in the way of another run.
+    // The failed row blocks another run until there is a new preview.
     user.Press(kStart);
     const HWND box = user.WaitForPopup();
     EXPECT_EQ(TextOf(box, kBoxText),
@@ -244,7 +244,7 @@ TEST_F(ModuleWindowUse, ASecondCommandEmptiesTheListUntilReset) {
     WaitForNames(user, {W("x01.t"), W("x02.t"), W("x03.t")});
     Post(kCommandMultiRename);
     user.WaitUntil("the empty list", [&] { return user.OldNames().empty(); });
-    // The rows that are not in the list are not renamed either.
+    // The rows that left the list were not renamed: Reset reads their old names.
     user.Press(kReset);
     user.WaitUntil("the rows", [&] { return user.OldNames().size() == 3; });
     EXPECT_THAT(user.OldNames(), ElementsAre(W("a.t"), W("b.t"), W("c.t")));

@@ -1,4 +1,4 @@
-// The object picker: the ids by which Windows is asked for it, written out.
+// The class and interface ids of the object picker, written out.
 #include <objbase.h>
 
 #include <objsel.h>

@@ -37,7 +37,7 @@ LRESULT CALLBACK OpenedMenu::OnHook(int code, WPARAM wParam, LPARAM lParam) {
 
 void PressKeysInMenuOf(HWND dialog, int button, const std::vector<WORD>& keys) {
   const HWND window = GetDlgItem(dialog, button);
-  // All is posted before: the menu has a loop of its own, which takes it.
+  // All messages are posted in advance: the menu processes them in its own message loop.
   PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
   PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
   for (const WORD key : keys) {

@@ -1,11 +1,11 @@
-// The popup menus that a dialog opens: what they hold, where they stand, and the keys that choose from them.
+// The popup menus of a dialog: their lines, their position, and choosing with keys.
 #pragma once
 
 #include <vector>
 
 #include "platform/text.h"
 
-// Watches the menus that open on this thread while it lives; one at a time.
+// Records the menus that open on this thread. Only one object may exist at a time.
 class OpenedMenu {
  public:
   OpenedMenu();
@@ -14,7 +14,7 @@ class OpenedMenu {
   ~OpenedMenu();
 
   int opened = 0;
-  // Of the one that opened last; the place on the screen.
+  // Of the menu that opened last. `area` is in screen coordinates.
   std::vector<WString> texts;
   RECT area = {};
 
@@ -25,5 +25,5 @@ class OpenedMenu {
   HHOOK hook_;
 };
 
-// Clicks a button that opens a menu, and presses these keys while it is open; the last one must close it.
+// Clicks a button that opens a menu and presses these keys in it; the last one must close the menu.
 void PressKeysInMenuOf(HWND dialog, int button, const std::vector<WORD>& keys);

@@ -1,9 +1,9 @@
-// Where the test program stands: the module and the language table stand beside it.
+// The folder of the test program, which also contains the module and the language table.
 #pragma once
 
 #include "platform/text.h"
 
-// Without a backslash at its end.
+// Returns the path without a trailing backslash.
 inline WString ProgramFolder() {
   WString path(32768, WCHAR());
   path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));

@@ -1,4 +1,4 @@
-// What MultiRename's dialogs have in common: their ends, and how they end with their frame.
+// What MultiRename's dialogs have in common: how they close, alone and with their frame.
 #include <gmock/gmock.h>
 
 #include <stdexcept>
@@ -6,7 +6,7 @@
 #include "multirename/form/undo_manager_form.h"
 #include "window/rename_dialog_window.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 namespace {
@@ -17,9 +17,9 @@ using Velmora::SDK::DialogView;
 
 constexpr int kTagDialog = 105;
 constexpr int kUndoDialog = 106;
-constexpr int kNumber = 1002;  // an edit control of the first one
+constexpr int kNumber = 1002;  // an edit control of the first dialog
 
-// Fails where a test says.
+// Throws in the operations that a test selects.
 class FailingForm final : public DialogForm {
  public:
   const char* inOpen = nullptr;
@@ -42,7 +42,7 @@ class FailingForm final : public DialogForm {
   DialogView* view_ = nullptr;
 };
 
-// Shows a box with each press.
+// Shows a message box at each press.
 class AskingForm final : public DialogForm {
  public:
   std::vector<int> answers;
@@ -57,7 +57,7 @@ class AskingForm final : public DialogForm {
   DialogView* view_ = nullptr;
 };
 
-// Keeps a window when it is asked to close, as a frame does whose dialog is running.
+// Refuses to close a window and counts the attempts, like a frame with an open dialog.
 class NotedClose {
  public:
   explicit NotedClose(HWND window) : window_(window) {

@@ -1,4 +1,4 @@
-// MultiRename's dialogs as all their tests open them.
+// The fixture for tests of MultiRename's dialogs.
 #pragma once
 
 #include "multirename/panel_window.h"
@@ -7,7 +7,7 @@
 #include "window/english_texts.h"
 #include "window/modal_driver.h"
 
-// Over a window of the size of MultiRename's, with a host that keeps XML files in memory.
+// The owner window has the size of MultiRename's; the host stores XML files in memory.
 class RenameDialogWindow : public testing::Test {
  protected:
   INT_PTR ShowDialog(int resource, Velmora::SDK::DialogForm& form, const std::vector<Steps>& steps) {

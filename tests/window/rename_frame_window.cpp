@@ -1,6 +1,6 @@
 #include "window/rename_frame_window.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 #include <optional>
@@ -13,7 +13,8 @@ using namespace Velmora::SDK;
 
 namespace {
 
-// Ends a loop that has nothing to do. Some messages lead to no idle time; each is followed by one that does.
+// Ends the loop when nothing is left to do. Because some messages cause no idle handling, each is followed by
+// one that does.
 class EndOfWork final : public IdleHandler, public MessageFilter {
  public:
   explicit EndOfWork(MultiRenameEngine& engine) : engine_(engine) {}

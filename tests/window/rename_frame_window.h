@@ -1,5 +1,6 @@
-// MultiRename's whole window as its tests open it: the frame and the panel over their forms, the engine with
-// its worker, and the reference host's container and list. Its loop runs until nothing is left to do.
+// The fixture for tests of MultiRename's complete window: the frame and the panel over their forms, the
+// engine with its worker, and the reference host's container and list. Its message loop runs until nothing is
+// left to do.
 #pragma once
 
 #include "host/controls/controls.h"
@@ -8,7 +9,7 @@
 #include "window/dialog_controls.h"
 #include "window/english_texts.h"
 
-// Gives the window the reference host's controls.
+// Provides the reference host's controls to the window.
 class FrameHost final : public PanelHost {
  public:
   explicit FrameHost(const ScratchFolder& scratch)
@@ -16,10 +17,10 @@ class FrameHost final : public PanelHost {
 
   bool hasContainer = true;
   bool hasList = true;
-  Velmora::SDK::RenameWindow* window = nullptr;  // gets the events of the list
+  Velmora::SDK::RenameWindow* window = nullptr;  // receives the events of the list
   HWND container = nullptr;
   HWND list = nullptr;
-  int controlsOut = 0;  // objects that were not given back yet
+  int controlsOut = 0;  // controls that were not given back yet
   bool throwsAtClose = false;
   std::vector<std::string> returned;
 
@@ -46,13 +47,13 @@ class RenameFrameWindow : public testing::Test, protected Velmora::SDK::RenameWi
   RenameFrameWindow();
   ~RenameFrameWindow() override;
 
-  // Opens the window with files of these names selected, and lets the first preview through.
+  // Opens the window with files of these names selected and waits for the first preview.
   void Open(const std::vector<WString>& names = {});
-  // The same without a message of the loop.
+  // Like Open, without running the message loop.
   void OpenOnly(const std::vector<WString>& names = {});
-  // Selects files of these names in the host, and no others.
+  // Selects exactly the files with these names in the host.
   void Select(const std::vector<WString>& names);
-  // Runs the loop until no message waits and the worker has nothing to do.
+  // Runs the message loop until no message waits and the worker is idle.
   void Settle();
 
   HWND Frame() const { return window_ ? window_->Frame() : nullptr; }
@@ -60,7 +61,7 @@ class RenameFrameWindow : public testing::Test, protected Velmora::SDK::RenameWi
   HWND List() const { return host_.list; }
   HWND StatusBar() const;
 
-  // What a user does; the loop runs after each.
+  // The user's actions. The message loop runs after each.
   void Press(int button);
   void Type(int control, const WString& text);
   void Choose(int control, int line);
@@ -69,7 +70,7 @@ class RenameFrameWindow : public testing::Test, protected Velmora::SDK::RenameWi
   void SelectRows(const std::vector<int>& rows);
   void CloseFrame();
 
-  // What a user sees.
+  // What the user sees.
   std::vector<WString> Cells(int column) const;
   std::vector<WString> OldNames() const { return Cells(0); }
   std::vector<WString> NewNames() const { return Cells(1); }
@@ -90,5 +91,5 @@ class RenameFrameWindow : public testing::Test, protected Velmora::SDK::RenameWi
   Velmora::SDK::RenameContext context_{host_, *engine_, profiles_, {}, {1}, {false}};
   Velmora::SDK::MessageLoop loop_;
   std::unique_ptr<Velmora::SDK::RenameWindow> window_;
-  int closed_ = 0;  // calls of OnWindowClosed
+  int closed_ = 0;  // number of calls of OnWindowClosed
 };

@@ -1,4 +1,4 @@
-// How MultiRename's window opens, keeps its place, and closes in every state.
+// How MultiRename's window opens, stores its position, and closes in every state.
 #include <gmock/gmock.h>
 
 #include <cstring>
@@ -62,7 +62,7 @@ class RenameWindowLife : public RenameFrameWindow {
     EXPECT_LE(std::abs((area.left + area.right) - (work.left + work.right)), 1);
     EXPECT_LE(std::abs((area.top + area.bottom) - (work.top + work.bottom)), 1);
   }
-  // All but the stored place.
+  // Checks everything but the stored position.
   void ExpectGoneOnce() {
     EXPECT_EQ(Frame(), nullptr);
     EXPECT_EQ(Panel(), nullptr);

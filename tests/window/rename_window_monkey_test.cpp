@@ -1,6 +1,6 @@
-// A monkey at MultiRename's window of the built module, in the real host: it types, presses, moves rows,
-// renames real files, undoes, plays with boxes, dialogs and menus, closes and opens again, at random. Nothing
-// crashes, nothing hangs, and no file is lost.
+// Random actions on MultiRename's window of the built module, in the real host: typing, pressing buttons,
+// moving rows, renaming real files, undo, boxes, dialogs and menus, closing and reopening. Nothing may crash
+// or hang, and no file may be lost.
 //
 // A long run: QX_MONKEY_SECONDS=3600 QX_MONKEY_SEED=7, with --gtest_filter='DrawnWindowMonkey*'.
 #include <atomic>
@@ -12,7 +12,7 @@
 #include "window/list_rows.h"
 #include "window/module_window.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 using namespace Velmora::SDK;
@@ -24,7 +24,7 @@ constexpr std::uint32_t kActionsOfShortRun = 250;
 constexpr int kCloseOfPanel = 1041;
 constexpr int kTagLinesAtMost = 16;
 
-// The windows of a dialog that can be used now.
+// Returns the controls of a dialog that can be used at present.
 std::vector<HWND> ControlsOf(HWND dialog) {
   std::vector<HWND> controls;
   for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
@@ -56,7 +56,8 @@ class DrawnWindowMonkey : public ModuleWindow {
     EXPECT_EQ(ContentsBelow(Folder()), contents_) << "seed " << seed_ << ", after " << when;
   }
 
-  // What a person types where the host asks, on the window's thread.
+  // Returns the line that the user types at a question of the host, or nothing to cancel. Called on the
+  // window's thread.
   std::optional<std::string> Line() {
     const char* const kLines[] = {"ok", "yes", "no", "cancel", "one", "two", "50 % & more", ""};
     if (lines_.Chance(20)) return std::nullopt;
@@ -100,7 +101,7 @@ class DrawnWindowMonkey : public ModuleWindow {
   void WaitForRun(WindowUser& user, const MonkeyAction& action) {
     user.WaitUntil(action.Shown(),
                    [&] { return user.IsGone() || user.Popup() || user.IsEnabled(kCloseOfPanel); });
-    // A run that was begun without a wait may still be going on in a window that is closing.
+    // In a window that is closing, a run that was started without waiting may not have finished.
     if (!user.IsGone() && user.IsEnabled(kCloseOfPanel)) ExpectNoFileLost(action.Shown());
   }
   static void Choose(WindowUser& user, const MonkeyAction& action) {
@@ -126,7 +127,7 @@ class DrawnWindowMonkey : public ModuleWindow {
     user.PressKey(kKeys[action.control % std::size(kKeys)], {VK_MENU});
   }
 
-  // What no form knows of: sizes, the mouse anywhere, keys of all kinds.
+  // Actions outside the forms: resizing, mouse clicks anywhere, keys of all kinds.
   void ActWildly(WindowUser& user) {
     switch (generator_.Below(5)) {
       case 0:
@@ -225,7 +226,7 @@ class DrawnWindowMonkey : public ModuleWindow {
     }
   }
 
-  // On a thread of its own, until the time or the actions are over and the main thread is through.
+  // Runs on another thread until the time or the actions are used up and the main thread has finished.
   void Play() {
     try {
       while (!hasEnded_) {
@@ -271,7 +272,7 @@ TEST_F(DrawnWindowMonkey, LosesNoFileAndDoesNotHang) {
     EXPECT_EQ(hosted_.extensions->RunWindow(kCommandMultiRename), 1);
     ++windows;
     ExpectNoFileLost("window " + std::to_string(windows));
-    // At times the same object is used again, whose windows have no worker any more.
+    // Sometimes the same extension object is used again; its windows then have no worker.
     if (fate.Chance(80)) Renew();
   }
   hasEnded_ = true;

@@ -1,5 +1,5 @@
-// MultiRename's whole window at the scale that the screen has, and after a move to a monitor of another one.
-// The first is also run where the screen has 192 pixels to an inch.
+// MultiRename's complete window at the scale of the screen, and after a move to a monitor with another one.
+// The first test also runs on a screen with 192 pixels per inch.
 #include <gmock/gmock.h>
 
 #include "multirename/form/frame_form.h"
@@ -8,17 +8,17 @@
 #include "window/rename_frame_window.h"
 #include "window/screenshot.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 namespace {
 
 using namespace Velmora::SDK;
 
-// Fields that have a hint or a neighbour in place of a label.
+// Fields that have a hint or an adjacent control in place of a label.
 const std::set<int> kFieldsWithoutName = {1020, 1001, 1070};
 
-// No window is larger than the screen otherwise.
+// Otherwise the system limits a window to the size of the screen.
 class LargerThanScreen {
  public:
   explicit LargerThanScreen(HWND window) : window_(window) { SetWindowSubclass(window, OnMessage, kId, 0); }
@@ -48,7 +48,7 @@ class RenameWindowScale : public RenameFrameWindow {
   static LONG Height(HWND window) { return Area(window).bottom - Area(window).top; }
   static int Scaled(int pixels, int scale) { return MulDiv(pixels, scale, 96); }
 
-  // List, panel and status bar fill the frame from above to below.
+  // List, panel and status bar fill the frame from top to bottom.
   void ExpectParts(int scale) const {
     RECT client = {};
     GetClientRect(Frame(), &client);
@@ -94,7 +94,7 @@ TEST_F(RenameWindowScale, OnAMonitorOfAnotherScaleTheWholeWindowHoldsAndBackAgai
   for (const int scale : {192, 144, 96, first}) {
     RECT area = {0, 0, Scaled(855, scale), Scaled(410, scale)};
     SendMessageW(Frame(), 0x02E0, MAKEWPARAM(scale, scale), reinterpret_cast<LPARAM>(&area));
-    // The system sends it to the children.
+    // WM_DPICHANGED_AFTERPARENT, which the system sends to the children.
     SendMessageW(List(), 0x02E3, 0, 0);
     Settle();
     EXPECT_EQ(Width(Frame()), Scaled(855, scale)) << scale;

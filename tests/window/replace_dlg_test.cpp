@@ -1,4 +1,4 @@
-// The window of the Replace X with Y dialog, as its user meets it.
+// The window of the Replace X with Y dialog from the view of its user.
 #include "filetools/replace_dlg.h"
 
 #include <commctrl.h>
@@ -18,7 +18,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The numbers that the dialog's controls are known by.
+// The ids of the dialog's controls.
 constexpr int kTop = 1003;
 constexpr int kFindLabel = 1004;
 constexpr int kWithLabel = 1005;

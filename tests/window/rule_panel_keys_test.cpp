@@ -1,5 +1,5 @@
-// The keys that leave things as they are, and those that do something, in the rule panel of MultiRename's
-// window.
+// The keyboard in the rule panel of MultiRename's window: keys that change nothing, and keys that do
+// something.
 #include <gmock/gmock.h>
 
 #include "multirename/form/panel_controls.h"
@@ -7,7 +7,7 @@
 #include "window/modal_driver.h"
 #include "window/rename_frame_window.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 namespace {
@@ -40,7 +40,8 @@ class RulePanelKeys : public RenameFrameWindow {
     Type(kReplace, replace);
     Press(kAdd);
   }
-  // Opens the list of a box, marks another line with the arrow keys, and leaves it with Escape.
+  // Opens the list of a combo box, moves to another line with the arrow keys, and closes the list with
+  // Escape.
   void MarkAndEscape(int control, const std::vector<WORD>& arrows) {
     SetFocus(GetDlgItem(Panel(), control));
     PressFrameKey(VK_F4);
@@ -51,7 +52,7 @@ class RulePanelKeys : public RenameFrameWindow {
   }
 };
 
-// Escape in an open list.
+// Escape in an open list of a combo box.
 
 TEST_F(RulePanelKeys, EscapeInAnOpenListOfProfilesKeepsTheRulesAndAsksNothing) {
   Open({W("aXa")});
@@ -94,7 +95,7 @@ TEST_F(RulePanelKeys, EscapeInAnOpenListOfCasesOrPartsKeepsTheLine) {
   EXPECT_EQ(SelectedRow(Panel(), kCase), 0);
   MarkAndEscape(kParts, {VK_DOWN});
   EXPECT_EQ(SelectedRow(Panel(), kParts), 0);
-  // With the next change as well.
+  // The next change does not apply it either.
   Type(kName, W("[N]b"));
   EXPECT_THAT(NewNames(), ElementsAre(W("ayb.y")));
 }

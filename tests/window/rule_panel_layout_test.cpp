@@ -1,4 +1,4 @@
-// How MultiRename's window looks: room for texts, one grid, access keys, sizes and scales.
+// The layout of MultiRename's window: space for texts, alignment, access keys, sizes and scales.
 #include <gmock/gmock.h>
 
 #include "multirename/form/panel_controls.h"
@@ -13,10 +13,10 @@ namespace {
 
 using namespace Velmora::SDK;
 
-// Fields that have a hint or a neighbour in place of a label.
+// Fields that have a hint or an adjacent control in place of a label.
 const std::set<int> kWithoutName = {1020, 1001, 1070};
 
-// Their texts are signs, the same in all languages.
+// Controls whose texts are symbols, the same in all languages.
 const std::set<int> kSigns = {1046, 1047, 1117, 1044, 1049};
 
 class RulePanelLayout : public RenameFrameWindow {
@@ -24,7 +24,7 @@ class RulePanelLayout : public RenameFrameWindow {
   void Resize(int width, int height) const {
     SetWindowPos(Frame(), nullptr, 0, 0, width, height, SWP_NOZORDER);
   }
-  // With the texts that the window would have.
+  // Sets the texts that the window would show.
   void SetTextsOf(HWND panel) {
     for (const auto& [control, text] : kPanelTexts)
       Ui::SetText(GetDlgItem(panel, control), host_.texts[text]);
@@ -72,7 +72,7 @@ TEST_F(RulePanelLayout, LongTranslationsHaveRoomAtLargerScales) {
     ExpectLabelsAndButtonsFit(panel.Get());
     RECT client = {};
     GetClientRect(panel.Get(), &client);
-    // What the frame has inside at its least size, at this scale.
+    // The client width of the frame at its minimum size, at this scale.
     EXPECT_LE(client.right, MulDiv(850, percent, 100) - 2 * MulDiv(8, percent, 100));
   }
 }

@@ -1,5 +1,5 @@
-// The rule panel of MultiRename's window as its user meets it: each control, what it shows at first and what
-// it does.
+// The rule panel of MultiRename's window from the view of its user: the initial state and the effect of each
+// control.
 #include <gmock/gmock.h>
 
 #include <stdexcept>
@@ -10,7 +10,7 @@
 #include "window/opened_menu.h"
 #include "window/rename_frame_window.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 namespace {
@@ -21,11 +21,11 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-// What a control is at first.
+// The initial state of a control.
 struct PanelRow {
   int number;
   const WCHAR* windowClass;
-  const WCHAR* text;  // null: any
+  const WCHAR* text;  // null for any text
   bool isEnabled;
   bool isChecked;
 };
@@ -68,7 +68,7 @@ constexpr PanelRow kPanelRows[] = {
     {1041, WC_BUTTONW, W("Cl&ose"), true, false},
 };
 
-// Those that a run disables.
+// The controls that are disabled during a run.
 constexpr int kRuleNumbers[] = {1034, 1046, 1035, 1047, 1036, 1031, 1032, 1033, 1118, 1070,
                                 1039, 1038, 1037, 1045, 1044, 1043, 1004, 1071, 1003};
 constexpr int kPairNumbers[] = {1020, 1001, 1119, 1117};
@@ -77,7 +77,7 @@ class RulePanelWindow : public RenameFrameWindow {
  protected:
   bool IsOn(int control) const { return IsEnabled(Panel(), control); }
   WString Text(int control) const { return TextOf(Panel(), control); }
-  // Settles with windows that come up.
+  // Like Settle, with windows that open.
   void SettleWith(const std::vector<Steps>& steps) {
     RunModal(
         [this] {

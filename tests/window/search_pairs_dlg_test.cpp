@@ -1,4 +1,4 @@
-// The window of the dialog of search pairs, with its field that takes files and function keys.
+// The window of the dialog of search pairs, whose field accepts dropped files and function keys.
 #include <gmock/gmock.h>
 
 #include <cstring>
@@ -10,7 +10,7 @@
 #include "window/rename_dialog_window.h"
 #include "window/screenshot.h"
 
-// Need windows.h before them.
+// windows.h must be included first.
 #include <shellapi.h>
 #include <shlobj.h>
 
@@ -22,7 +22,7 @@ using testing::Pair;
 using Velmora::SDK::FindReplaceDialogForm;
 using Velmora::SDK::SearchAndReplaceItems;
 
-// The numbers that the dialog and its controls are known by.
+// The resource ids of the dialog and its controls.
 constexpr int kDialog = 112;
 enum Control : int { kLabel = 1109, kField = 1110, kHelp = 1111 };
 // The rule panel's "..." button.
@@ -38,7 +38,7 @@ class SearchPairsDlgWindow : public RenameDialogWindow {
   }
   INT_PTR Show(const Steps& steps) { return Show({}, steps); }
 
-  // A list in the file, by its number.
+  // Adds a list with this number to the file.
   void Keep(int number, const WString& find, const WString& replace) {
     if (!root_) root_ = &host_.files.Make(W("C:\\config\\FindReplace.xml"));
     root_->Add(W("FindReplace"))
@@ -58,7 +58,7 @@ class SearchPairsDlgWindow : public RenameDialogWindow {
   std::optional<FindReplaceDialogForm> form_;
 };
 
-// Holds Shift for a while, for the windows of this thread.
+// Holds Shift down for the windows of this thread during its lifetime.
 class ShiftHeld {
  public:
   ShiftHeld() {
@@ -76,7 +76,7 @@ class ShiftHeld {
   BYTE before_[256] = {};
 };
 
-// As the system reports it: F10 alone is a key of the menu.
+// The system reports F10 without other keys as a key of the menu.
 void PressFunctionKey(HWND dialog, int number) {
   const auto key = static_cast<WPARAM>(VK_F1 + number - 1);
   const bool isMenuKey = number == 10;
@@ -85,8 +85,8 @@ void PressFunctionKey(HWND dialog, int number) {
   Pump(dialog);
 }
 
-// What the shell posts when files are dropped: their paths, and where, in the window's client area or, if
-// `isOutside`, on the screen.
+// Makes the record that the shell posts when files are dropped: their paths and the position, in client
+// coordinates or, for the non-client area (`isOutside`), in screen coordinates.
 HDROP MakeDrop(const std::vector<WString>& paths, POINT place, bool isOutside = false) {
   WString list;
   for (const WString& path : paths) (list += path) += WCHAR();
@@ -108,7 +108,7 @@ void Drop(HWND dialog, HDROP drop) {
   Pump(dialog);
 }
 
-// What it shows.
+// Contents.
 
 TEST_F(SearchPairsDlgWindow, EveryTextComesFromTheHostByItsId) {
   Show([](HWND dialog) {
@@ -284,7 +284,7 @@ TEST_F(SearchPairsDlgWindow, ADropOutsideTheClientRectangleIsLeftToOthers) {
     drop({5, client.bottom});
     drop({-1, 5});
     drop({5, -1});
-    // On the field's scroll bar.
+    // In the non-client area, such as the scroll bar.
     drop({5, 5}, true);
     EXPECT_EQ(TextOf(dialog, kField), W("a|b"));
     EXPECT_THAT(host_.readFiles, IsEmpty());
@@ -333,9 +333,9 @@ TEST_F(SearchPairsDlgWindow, EnglishAccessKeysLeadToTheFieldAndPressTheButtons) 
   EXPECT_EQ(Show([](HWND dialog) { PressAltKey(dialog, W('c')); }), 2);
 }
 
-// Place and layout.
+// Position and layout.
 
-// A child window at a place of its parent's client area.
+// Creates a child window at this position of its parent's client area.
 HWND MakeChild(HWND parent, int number, RECT area) {
   return CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, area.left, area.top,
                          area.right - area.left, area.bottom - area.top, parent,
@@ -366,7 +366,7 @@ TEST_F(SearchPairsDlgWindow, EndsBesideThePanelsRightEdgeAtTheTopOfItsButton) {
     EXPECT_EQ(own.top, buttonArea.top);
   };
   Show(steps);
-  // The same if the panel is named as the owner.
+  // The result is the same if the panel is passed as the owner.
   form_.emplace(host_, SearchAndReplaceItems());
   RunModal([&] { return Velmora::SDK::RunRenameDialog(kDialog, *form_, panel); },
            [&](HWND dialog) {

@@ -1,4 +1,4 @@
-// The window of the Sort Lines dialog: where keys lead, and what its fields take.
+// The window of the Sort Lines dialog: the keyboard, and which input its fields accept.
 #include <gmock/gmock.h>
 
 #include "window/english_texts.h"
@@ -204,7 +204,7 @@ TEST_F(SortLinesDlgWindow, FieldThatIsGreyedOutWhileItHasTheFocusPassesItOn) {
   Show([](HWND dialog) {
     ClickButton(dialog, kBySubstring);
     Focus(dialog, kLength);
-    // As if both were filled at once.
+    // As if both fields had been filled at once.
     SendText(dialog, kEndCharacter, W(";"));
     Pump(dialog);
     EXPECT_FALSE(IsEnabled(dialog, kLength));

@@ -1,4 +1,4 @@
-// The window of the Sort Lines dialog: whose it is, where it stands, and how it looks.
+// The window of the Sort Lines dialog: its owner, its position and its appearance.
 #include <gtest/gtest.h>
 
 #include "frame/services/message_texts.h"

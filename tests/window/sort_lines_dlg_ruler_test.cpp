@@ -11,7 +11,7 @@ namespace {
 
 using namespace SortLinesWindow;
 
-// Pixels from the left edge of an edit control to one of its characters.
+// Returns the distance of a character from the left edge of an edit control, in pixels.
 int PlaceOf(HWND dialog, int control, WPARAM character) {
   const LRESULT place = SendDlgItemMessageW(dialog, control, EM_POSFROMCHAR, character, 0);
   return static_cast<short>(LOWORD(place));
@@ -27,7 +27,7 @@ LOGFONTW DescriptionOf(HFONT font) {
   return description;
 }
 
-// Each character of the ruler that still shows is above the sample's character of the same number.
+// Checks that each visible character of the ruler is above the sample's character with the same index.
 void ExpectRulerAboveSample(HWND dialog) {
   const WString ruler = TextOf(dialog, kRuler);
   ASSERT_LE(ruler.size(), 90u);
@@ -37,15 +37,15 @@ void ExpectRulerAboveSample(HWND dialog) {
   }
 }
 
-// Whether the sample is scrolled to the right at all.
+// Returns whether the sample is scrolled to the right.
 bool IsScrolled(HWND dialog) {
   RECT room = {};
   SendDlgItemMessageW(dialog, kSample, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
   return PlaceOf(dialog, kSample, 0) < room.left;
 }
 
-// What the system sends when the dialog comes to a monitor of another scale: that it has, and the font of the
-// dialog to each control.
+// Sends what the system sends when the dialog moves to a monitor with another scale: the change of scale, and
+// the dialog's font to each control.
 void BringToScale(HWND dialog, int pixelsOfAnInch) {
   RECT place = {};
   GetWindowRect(dialog, &place);
@@ -70,7 +70,7 @@ TEST_F(SortLinesDlgWindow, SampleAndRulerAreReadOnlyAndInTheirFonts) {
       fonts[index] = FontOf(dialog, controls[index]);
       const LOGFONTW font = DescriptionOf(fonts[index]);
       EXPECT_EQ(WString(font.lfFaceName), W("Courier New"));
-      EXPECT_EQ(font.lfHeight, -12);  // 9 points of 96 pixels an inch
+      EXPECT_EQ(font.lfHeight, -12);  // 9 points at 96 pixels per inch
       EXPECT_EQ(font.lfWeight, 400);
       EXPECT_EQ(font.lfCharSet, DEFAULT_CHARSET);
       EXPECT_EQ(font.lfQuality, CLEARTYPE_QUALITY);
@@ -87,7 +87,7 @@ TEST_F(SortLinesDlgWindow, OnAMonitorOfAnotherScaleRulerAndSampleKeepTheirFontIn
   Show([&](HWND dialog) {
     before[0] = FontOf(dialog, kRuler);
     before[1] = FontOf(dialog, kSample);
-    // 9 points of 144, of 120, and of 96 pixels an inch again.
+    // 9 points at 144, 120, and again 96 pixels per inch.
     for (const auto& [scale, height] :
          std::initializer_list<std::pair<int, LONG>>{{144, -18}, {120, -15}, {96, -12}}) {
       BringToScale(dialog, scale);
@@ -106,9 +106,9 @@ TEST_F(SortLinesDlgWindow, OnAMonitorOfAnotherScaleRulerAndSampleKeepTheirFontIn
   for (const HFONT font : after) EXPECT_EQ(GetObjectType(font), 0u) << "a font outlived the dialog";
 }
 
-// The ruler's place.
+// The ruler's position.
 
-// The font may be another one where the system has not got it, but its characters are equally wide.
+// The system may substitute the font, but its characters have equal widths.
 TEST_F(SortLinesDlgWindow, RulerIsCharacterForCharacterAboveTheSample) {
   form_.sample = WString(90, W('W'));
   Show([](HWND dialog) {
@@ -156,7 +156,7 @@ TEST_F(SortLinesDlgWindow, RulerKeepsItsPlaceWhereTheSampleStopsBetweenTwoCharac
   });
 }
 
-// No notification of the system comes for this.
+// The system sends no notification during the drag.
 TEST_F(SortLinesDlgWindow, RulerFollowsTheScrollBarWhileItIsBeingDragged) {
   form_.sample = WString(400, W('W'));
   Show([](HWND dialog) {
@@ -225,7 +225,7 @@ TEST_F(SortLinesDlgWindow, SampleShowsABlankForEachZeroCharacter) {
   Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kSample), W("a b  c")); });
 }
 
-// Room.
+// Size.
 
 TEST(SortLinesDlgTemplate, RulerAndSampleHaveRoomForNinetyCharactersAtEachScale) {
   for (const int percent : {100, 125, 150, 175, 200}) {
@@ -241,7 +241,7 @@ TEST(SortLinesDlgTemplate, RulerAndSampleHaveRoomForNinetyCharactersAtEachScale)
     GetTextExtentPoint32W(dc, characters.c_str(), 90, &needed);
     SelectObject(dc, before);
     ReleaseDC(dialog.Get(), dc);
-    // The bar of the sample is that of 100 % here.
+    // In this template the sample's scroll bar has its width at 100 %.
     const int widerBar = MulDiv(GetSystemMetrics(SM_CXVSCROLL), percent - 100, 100);
     for (const auto& [control, more] :
          std::initializer_list<std::pair<int, int>>{{QX_SORT_RULER, 0}, {QX_SORT_SAMPLE, widerBar}}) {

@@ -1,4 +1,4 @@
-// The window of the Sort Lines dialog: what follows from a change, and the list of date formats.
+// The window of the Sort Lines dialog: the effects of a change, and the list of date formats.
 #include <gmock/gmock.h>
 
 #include "window/opened_menu.h"
@@ -10,7 +10,7 @@ using namespace SortLinesWindow;
 using namespace WQLineSorter;
 using testing::ElementsAre;
 
-// What enables what.
+// Which fields are enabled.
 
 TEST_F(SortLinesDlgWindow, EntireLineHasNeitherSubstringNorItem) {
   Show([](HWND dialog) {

@@ -1,4 +1,4 @@
-// The window of the Sort Lines dialog: what it shows of the options, and what its end makes of the fields.
+// The window of the Sort Lines dialog: how it shows the options, and how its fields are read when it closes.
 #include <gmock/gmock.h>
 
 #include "frame/services/message_texts.h"
@@ -14,7 +14,7 @@ using namespace SortLinesWindow;
 using namespace WQLineSorter;
 using testing::ElementsAre;
 
-// Texts and what stands in the fields.
+// Texts and contents of the fields.
 
 TEST_F(SortLinesDlgWindow, EveryTextComesFromTheHostByItsId) {
   const std::pair<int, const WCHAR*> expected[] = {
@@ -160,7 +160,7 @@ TEST_F(SortLinesDlgWindow, ShowsTheFieldsOfASubstring) {
   });
 }
 
-// Its end.
+// Closing the dialog.
 
 TEST_F(SortLinesDlgWindow, OkButtonTakesAllFields) {
   EXPECT_EQ(Show([](HWND dialog) {
@@ -195,7 +195,7 @@ TEST_F(SortLinesDlgWindow, EnterEndsItWithWhatWasTypedLast) {
   EXPECT_EQ(Show([](HWND dialog) {
               ClickButton(dialog, kBySubstring);
               Focus(dialog, kEndCharacter);
-              // Without the dialog's own loop between the keys.
+              // The dialog's own message loop does not run between the keys.
               SendDlgItemMessageW(dialog, kEndCharacter, WM_CHAR, W('x'), 1);
               SendDlgItemMessageW(dialog, kEndCharacter, WM_CHAR, W('y'), 1);
               PressAtOnce(dialog, IDOK);

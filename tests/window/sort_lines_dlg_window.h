@@ -1,4 +1,4 @@
-// The window of the Sort Lines dialog as all its tests open it: its controls, its rows and its fixture.
+// The fixture for tests of the Sort Lines dialog's window: its controls and rows.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 
 namespace SortLinesWindow {
 
-// The numbers that the dialog's controls are known by.
+// The ids of the dialog's controls.
 enum Control : int {
   kHeading = 1001,
   kCount,
@@ -60,19 +60,19 @@ enum Control : int {
   kSampleLabel,
 };
 
-// Rows of the two lists.
+// Rows of the two combo boxes.
 inline constexpr int kNewFileRow = 0;
 inline constexpr int kKeepBackupRow = 1;
 inline constexpr int kDeleteBackupRow = 2;
 inline constexpr int kNumberRow = 1;
 inline constexpr int kDateRow = 2;
 
-// Whether length, end character and the whitespace box can be changed.
+// Returns whether length, end character and the whitespace box are enabled.
 inline std::vector<bool> SubstringState(HWND dialog) {
   return {IsEnabled(dialog, kLength), IsEnabled(dialog, kEndCharacter), IsEnabled(dialog, kEndAtSpace)};
 }
 
-// Whether separator and item can be.
+// Returns whether separator and item are enabled.
 inline std::vector<bool> ItemState(HWND dialog) {
   return {IsEnabled(dialog, kSeparator), IsEnabled(dialog, kItem)};
 }
@@ -81,7 +81,7 @@ class SortLinesDlgWindow : public testing::Test {
  protected:
   SortLinesDlgWindow() { Start(0x100011); }
 
-  // One file `a.txt` and these stored bits.
+  // Starts with one file `a.txt` and these stored bits.
   void Start(std::uint32_t bits, const std::function<void(WQLineSorter::SortLinesOptions&)>& more = {}) {
     form_ = {};
     form_.fileCount = 1;

@@ -12,7 +12,7 @@ TallDialogs::~TallDialogs() {
   current_ = nullptr;
 }
 
-// The hook runs before the dialog's own procedure has the message.
+// The hook is called before the dialog's own procedure receives the message.
 LRESULT CALLBACK TallDialogs::OnHook(int code, WPARAM wParam, LPARAM lParam) {
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
   if (code == HC_ACTION && current_ && sent.message == WM_INITDIALOG) current_->Stretch(sent.hwnd);

@@ -1,10 +1,10 @@
-// Dialogs that need more height than the screen has, as they would at a large scale.
+// Dialogs that need more height than the screen has, as at a large scale.
 #pragma once
 
 #include "platform/text.h"
 
-// While it lives, the lowest row of each dialog of this thread, which is that of OK and Cancel, is farther
-// down when the dialog is made, and the dialog as much higher. One at a time.
+// During its lifetime, each new dialog of this thread is higher by the given number of pixels, and its lowest
+// row, with OK and Cancel, is lower by as much. Only one object may exist at a time.
 class TallDialogs {
  public:
   explicit TallDialogs(int pixels);

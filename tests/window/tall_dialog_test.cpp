@@ -1,4 +1,4 @@
-// What becomes of a dialog that needs more height than the screen has.
+// How dialogs behave that need more height than the screen has.
 #include "window/tall_dialog.h"
 
 #include <gmock/gmock.h>
@@ -66,7 +66,7 @@ const AnyDialog kDialogs[] = {
      }},
 };
 
-// Higher than the display of the tests, and its bar is worth the name.
+// More than the height of the tests' display, so that the dialog needs a long scroll bar.
 constexpr int kTooMuch = 1500;
 
 class TallDialog : public testing::TestWithParam<AnyDialog> {
@@ -103,7 +103,7 @@ RECT AreaOnScreen(HWND window) {
 
 bool HasBar(HWND dialog) { return (GetWindowLongW(dialog, GWL_STYLE) & WS_VSCROLL) != 0; }
 
-// Whether all of a control's height can be seen.
+// Returns whether the full height of a control is visible.
 bool Shows(HWND dialog, int control) {
   RECT client = {};
   GetClientRect(dialog, &client);
@@ -166,7 +166,7 @@ TEST_P(TallDialog, ScrollBarReachesTheButtonsAndComesBack) {
     EXPECT_TRUE(Shows(dialog, IDCANCEL));
     EXPECT_EQ(BarOf(dialog).nPos, before - AreaOf(dialog, IDCANCEL).top);
     EXPECT_EQ(BarOf(dialog).nPos, BarOf(dialog).nMax + 1 - static_cast<int>(BarOf(dialog).nPage));
-    Scroll(dialog, SB_LINEDOWN);  // no farther
+    Scroll(dialog, SB_LINEDOWN);  // scrolls no further
     EXPECT_TRUE(Shows(dialog, IDCANCEL));
     for (int step = 0; step < 20; ++step) Scroll(dialog, SB_PAGEUP);
     EXPECT_EQ(AreaOf(dialog, IDCANCEL).top, before);
@@ -226,7 +226,7 @@ TEST_P(TallDialog, WheelScrolls) {
     EXPECT_GT(notch, 10);
     EXPECT_EQ(turn(-WHEEL_DELTA), 2 * notch);
     EXPECT_EQ(turn(WHEEL_DELTA), notch);
-    // A fine wheel turns by parts of a notch.
+    // A high-resolution wheel reports fractions of a notch.
     for (int tenth = 0; tenth < 10; ++tenth) turn(-WHEEL_DELTA / 10);
     EXPECT_NEAR(BarOf(dialog).nPos, 2 * notch, 1);
   });
@@ -238,7 +238,8 @@ TEST_P(TallDialog, OnAScreenThatHasRoomTheBarGoes) {
   const TallDialogs tall(kTooMuch);
   Show([&](HWND dialog) {
     Scroll(dialog, SB_PAGEDOWN);
-    // As if the layout had become lower, which comes to the same: the screen of the tests stays as it is.
+    // Lowers the layout in place of enlarging the screen, which has the same effect and leaves the display of
+    // the tests unchanged.
     Scroll(dialog, SB_TOP);
     for (const int button : {IDOK, IDCANCEL}) {
       const RECT area = AreaOf(dialog, button);

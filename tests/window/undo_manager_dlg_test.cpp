@@ -8,7 +8,7 @@
 #include "window/rename_dialog_window.h"
 #include "window/screenshot.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 namespace {
@@ -20,7 +20,7 @@ using Velmora::SDK::MultiRenameUndo;
 using Velmora::SDK::MultiRenameUndoStore;
 using Velmora::SDK::UndoManagerForm;
 
-// The numbers that the dialog and its controls are known by.
+// The resource ids of the dialog and its controls.
 constexpr int kDialog = 106;
 enum Control : int {
   kDelete = 1046,
@@ -41,7 +41,7 @@ class UndoManagerDlgWindow : public RenameDialogWindow {
     store_.emplace(&host_);
   }
 
-  // A stored session of a day of March 2026 with so many entries.
+  // Stores a session of a day in March 2026 with that many entries.
   MultiRenameUndo* Keep(WORD day, int entries = 1, bool restored = false) {
     auto session = std::make_unique<MultiRenameUndo>();
     session->date = {2026, 3, 0, day, 12, 30, 0, 0};
@@ -74,12 +74,12 @@ class UndoManagerDlgWindow : public RenameDialogWindow {
   std::optional<UndoManagerForm> form_;
 };
 
-// Presses a button of a box.
+// Returns steps that press a button of a message box.
 Steps PressInBox(int button) {
   return [button](HWND box) { ClickButton(box, button); };
 }
 
-// What it shows.
+// Contents.
 
 TEST_F(UndoManagerDlgWindow, EveryTextComesFromTheHostByItsId) {
   Show([](HWND dialog) {
@@ -295,7 +295,7 @@ TEST_F(UndoManagerDlgWindow, DeleteAllAsksAndEmptiesTheLists) {
   EXPECT_EQ(form_->Chosen(), nullptr);
 }
 
-// Ends.
+// Closing the dialog.
 
 TEST_F(UndoManagerDlgWindow, LoadEndsWithTheChosenSession) {
   MultiRenameUndo* const session = Keep(5);
@@ -368,7 +368,7 @@ TEST_F(UndoManagerDlgWindow, EnglishAccessKeysLeadToTheListsAndPressTheButtons) 
   EXPECT_EQ(Show([](HWND dialog) { PressAltKey(dialog, W('c')); }), 2);
 }
 
-// Place and layout.
+// Position and layout.
 
 TEST_F(UndoManagerDlgWindow, StandsInTheMiddleOfTheFrameAndDisablesIt) {
   Show([this](HWND dialog) {
@@ -378,7 +378,7 @@ TEST_F(UndoManagerDlgWindow, StandsInTheMiddleOfTheFrameAndDisablesIt) {
   EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
 }
 
-// The list has room for its columns and a scroll bar.
+// Checks that the list has space for its columns and a scroll bar.
 void ExpectColumnsFit(HWND dialog, int list) {
   int width = 0;
   for (const auto& [heading, columnWidth] : ColumnsOf(dialog, list)) width += columnWidth;

@@ -1,6 +1,6 @@
 #include "window/window_user.h"
 
-// Needs windows.h before it.
+// windows.h must be included first.
 #include <commctrl.h>
 
 #include <chrono>
@@ -13,19 +13,18 @@
 namespace {
 
 constexpr WCHAR kFrameClassName[] = L"QXMultiRenameFrame";
-constexpr UINT kCallMessage =
-    WM_APP + 0x3A7;  // to the window's thread: the first parameter is a call's number
+constexpr UINT kCallMessage = WM_APP + 0x3A7;  // to the window's thread; wParam is the number of a call
 constexpr int kPairListNumber = 1118;
 constexpr auto kPatience = std::chrono::seconds(60);
-constexpr auto kLook = std::chrono::milliseconds(10);  // between two looks at what nobody tells of
+constexpr auto kLook = std::chrono::milliseconds(10);  // polling interval
 
-// The calls that wait for the window's thread, by their numbers.
-std::mutex callsMutex;  // guards what follows
+// The calls that wait for the window's thread, by number.
+std::mutex callsMutex;  // guards the variables below
 std::condition_variable callDone;
 std::map<WPARAM, const std::function<void()>*> waitingCalls;
 WPARAM lastCall = 0;
 
-// A call stays in the map until it has run; its owner waits for that.
+// A call stays in the map until it has run; its caller waits for that.
 LRESULT CALLBACK OnMessageTaken(int code, WPARAM wParam, LPARAM lParam) {
   const MSG& message = *reinterpret_cast<const MSG*>(lParam);
   if (code == HC_ACTION && wParam == PM_REMOVE && message.message == kCallMessage && !message.hwnd) {
@@ -51,7 +50,7 @@ BOOL CALLBACK LookAtWindow(HWND window, LPARAM look) {
   return (*reinterpret_cast<Look*>(look))(window) ? FALSE : TRUE;
 }
 
-// The first window that `look` takes; null if it takes none.
+// Returns the first window that `look` accepts, or null.
 template <typename Enumerate, typename Look>
 HWND FirstOf(Enumerate enumerate, Look look) {
   HWND found = nullptr;

@@ -1,5 +1,5 @@
-// A user of MultiRename's window from another thread than the window's, as the user of a program is: sends
-// and posts messages, and looks at what the window shows. The window is found among those of this process.
+// A user of MultiRename's window, on another thread than the window's: sends and posts messages and reads
+// what the window shows. The window is searched for among those of this process.
 #pragma once
 
 #include <functional>
@@ -20,39 +20,40 @@ class WindowUser {
   HWND Frame() const { return frame_; }
   HWND Panel() const { return panel_; }
   HWND List() const { return list_; }
-  // The frame is destroyed, or its thread has ended.
+  // Returns whether the frame was destroyed or its thread has ended.
   bool IsGone() const;
 
-  // Waits until it is so. Throws std::runtime_error, with what was waited for, after a minute.
+  // Waits until the condition holds. After a minute throws std::runtime_error with the text `what`.
   void WaitUntil(const std::string& what, const std::function<bool()>& condition) const;
 
-  // Calls on the window's thread, after what was posted before, from out of whatever loop it runs; `call`
-  // must open nothing that waits for the user. False, and not called, if the window is gone.
+  // Runs `call` on the window's thread, in whichever message loop is running there, after the messages posted
+  // before. `call` must not open anything that waits for the user. Returns false without running it if the
+  // window is gone.
   bool Do(const std::function<void()>& call) const;
-  // Waits until what was posted before is done, or has opened a box, a dialog or a menu.
+  // Waits until all messages posted before are processed, or have opened a box, a dialog or a menu.
   void Flush() const {
     Do([] {});
   }
 
-  // What a user does. Each returns after the window has taken it.
+  // The user's actions. Each returns after the window has processed it.
   void Press(HWND window, int control) const;
   void Press(int control) const { Press(panel_, control); }
   void Type(HWND window, int control, const WString& text) const;
   void Type(int control, const WString& text) const { Type(panel_, control, text); }
-  // Opens the list of a box, and chooses with the keys.
+  // Opens the list of a combo box and chooses with the keys.
   void Choose(int control, int line) const;
-  // A key to the control with the focus; `held` are keys that are down meanwhile.
+  // Presses a key in the control with the focus, while the keys in `held` are down.
   void PressKey(WORD key, const std::vector<int>& held = {}) const;
   void SelectRows(const std::vector<int>& rows) const;
   void Close() const;
 
-  // The box or dialog that is open over the frame; or null.
+  // Returns the message box or dialog that is open over the frame, or null.
   HWND Popup() const;
   HWND WaitForPopup() const;
   void WaitForNoPopup() const;
   bool IsMenuOpen() const;
 
-  // What a user sees.
+  // What the user sees.
   std::vector<WString> OldNames() const { return Cells(0); }
   std::vector<WString> NewNames() const { return Cells(1); }
   std::vector<int> SelectedRows() const;
@@ -69,7 +70,7 @@ class WindowUser {
   HWND panel_ = nullptr;
   HWND list_ = nullptr;
   HWND statusBar_ = nullptr;
-  DWORD number_ = 0;  // of the window's thread
+  DWORD number_ = 0;  // the id of the window's thread
   OwnedHandle<KernelHandleTraits> thread_;
   HHOOK hook_ = nullptr;
 };
