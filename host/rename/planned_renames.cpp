@@ -267,20 +267,4 @@ void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDr
     report(gathered.PathOf(row), renames[row], plan.results[row]);
 }
 
-void RunIndependent(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun,
-                    const RenameReport& report) {
-  ItemMover mover(tree);
-  WString from;
-  for (QueuedRename& rename : renames) {
-    FileItem& item = *rename.item;
-    item.WriteFullPath(from);
-    const WStringView newName = NameToMakeOf(rename);
-    DWORD result = RefusalOf(newName, rename.newName, true, !item.Parent(), item.Name());
-    if (result == 0 && !isDryRun) {
-      result = IsInterrupted() ? DWORD{ERROR_CANCELLED} : mover.Move(item, from, newName);
-    }
-    report(from, rename, result);
-  }
-}
-
 }  // namespace QxHost

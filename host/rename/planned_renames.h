@@ -40,9 +40,4 @@ ForetoldRenames ForetellPlanned(std::span<const ImaginedRename> renames, FolderL
 void RunPlanned(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun, Output& output,
                 const RenameReport& report);
 
-// Does the same without examining the disk, for renames of items that ForetellPlanned has found to be
-// independent. Reports each rename when it is done.
-void RunIndependent(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun,
-                    const RenameReport& report);
-
 }  // namespace QxHost

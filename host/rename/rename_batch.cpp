@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/rename/independent_renames.h"
 #include "host/rename/planned_renames.h"
 #include "host/rename/renames_in_order.h"
 #include "host/system/paths.h"

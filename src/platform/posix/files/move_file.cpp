@@ -113,12 +113,13 @@ DWORD DoMove(const WCHAR* fromPath, const WCHAR* toPath) {
   DWORD error = Platform::TranslatePath(fromPath, move.from);
   if (error != ERROR_SUCCESS) return error;
 
-  ShareTable::Lock lock = ShareTable::Instance().Acquire();
   // An error of the source takes precedence over one of the target.
   const DWORD targetError = Platform::TranslatePath(toPath, move.to);
-  if (targetError == ERROR_SUCCESS && ShareTable::Instance().IsEmpty(lock) && MovesAtOnce(move)) {
-    return ERROR_SUCCESS;
+  if (targetError == ERROR_SUCCESS) {
+    const ShareTable::SharedLock lock = ShareTable::Instance().AcquireShared();
+    if (ShareTable::Instance().IsEmpty(lock) && MovesAtOnce(move)) return ERROR_SUCCESS;
   }
+  ShareTable::Lock lock = ShareTable::Instance().Acquire();
   const char* from = move.from.path.c_str();
   if (lstat(from, &move.source) != 0) return Platform::PathError(errno, move.from.path);
   struct stat followed;

@@ -12,6 +12,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <shared_mutex>
 #include <utility>
 #include <vector>
 
@@ -27,7 +28,8 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 class ShareTable {
  public:
   using FileId = std::pair<dev_t, ino_t>;
-  using Lock = std::unique_lock<std::mutex>;
+  using Lock = std::unique_lock<std::shared_mutex>;
+  using SharedLock = std::shared_lock<std::shared_mutex>;
 
   // Owns one entry of the table.
   class Claim {
@@ -54,12 +56,15 @@ class ShareTable {
   // no other open comes in between.
   Lock Acquire() { return Lock(mutex_); }
 
+  // Locks the table for callers that change nothing in it: several can hold this lock at the same time.
+  SharedLock AcquireShared() { return SharedLock(mutex_); }
+
   // Returns a claim of the file, or std::nullopt if an existing claim excludes it. The destructor of a claim
   // locks the table, so a thread must not destroy a claim while it holds `lock`.
   std::optional<Claim> TryClaim(const Lock& lock, const struct stat& status, DWORD access, DWORD share);
 
   // Returns whether no file is claimed.
-  bool IsEmpty(const Lock&) const { return files_.empty(); }
+  bool IsEmpty(const SharedLock&) const { return files_.empty(); }
 
   // Returns whether TryClaim would return a claim.
   bool Allows(const Lock& lock, const struct stat& status, DWORD access, DWORD share) const;
@@ -73,7 +78,7 @@ class ShareTable {
 
   void Release(const Claim& claim);
 
-  std::mutex mutex_;
+  std::shared_mutex mutex_;
   std::uint64_t lastNumber_ = 0;
   std::map<FileId, std::vector<Entry>> files_;
 };
