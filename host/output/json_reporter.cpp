@@ -142,7 +142,8 @@ class JsonReporter final : public Reporter {
            {"file", ToUtf8(event.file)},
            {"date", event.date},
            {"items", event.items},
-           {"restored", event.restored}});
+           {"restored", event.restored},
+           {"cutOff", event.isPlan}});
   }
 
   void UndoDeleted(WStringView file) override { Write({{"event", "deleted"}, {"file", ToUtf8(file)}}); }

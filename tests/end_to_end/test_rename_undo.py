@@ -146,11 +146,13 @@ class Repeated(SafetyTest):
     def test_the_list_says_which_runs_were_cut_off(self):
         path = self.write_undo("u.dat", ["Z:\\none|a|b"])
         self.assertNotIn("cut off", self.prose("--list-undo").stdout)
+        self.assertEqual([undo["cutOff"] for undo in self.rename("--list-undo").of("undo")], [False])
         with open(path, "rb") as file:
             text = file.read()
         with open(path, "wb") as file:
             file.write(";qxhost planned\r\n".encode("utf-16-le") + text)
         self.assertIn("1 rename, cut off or not at its end\n", self.prose("--list-undo").stdout)
+        self.assertEqual([undo["cutOff"] for undo in self.rename("--list-undo").of("undo")], [True])
 
 
 class Deep(SafetyTest):
