@@ -3,9 +3,8 @@
 // address and thread sanitizers too.
 //
 // A long run: QX_MONKEY_SECONDS=3600 QX_MONKEY_SEED=7, with --gtest_filter='RenameWindowMonkey*'.
-#include <cstdio>
-
 #include "frame/host/command_numbers.h"
+#include "host/hosted_monkey.h"
 #include "host/hosted_rename_window.h"
 #include "platform/posix/user_interface.h"
 #include "support/monkey_actions.h"
@@ -16,8 +15,7 @@ namespace {
 
 using namespace Velmora::SDK;
 
-constexpr int kFiles = 24;
-constexpr DWORD kStepsOfShortRun = 400;
+constexpr std::uint32_t kActionsOfShortRun = 400;
 
 // Answers boxes, menus, dialogs and questions of the host at random, on the threads of the window and of the
 // worker.
@@ -54,11 +52,10 @@ class MonkeyAnswers final : public Platform::UserInterface, public UndrawnUser {
     if (dialog.result == 0) form.Press(Chance(50) ? kDialogOk : kDialogCancel);
   }
 
-  // Returns the line that the user types at a question of the host, or nothing for the end of the input.
+  // Returns the line that the user types at a question of the host.
   std::optional<std::string> Line() {
-    const char* const kLines[] = {"ok", "yes", "no", "cancel", "one", "two", "three", ""};
-    if (Chance(20)) return std::nullopt;
-    return kLines[Below(std::size(kLines))];
+    const std::lock_guard lock(mutex_);
+    return generator_.Line();
   }
 
  private:
@@ -110,24 +107,6 @@ class MonkeyAnswers final : public Platform::UserInterface, public UndrawnUser {
 
 class RenameWindowMonkey : public testing::Test {
  protected:
-  RenameWindowMonkey() {
-    hosted_.scratch.MakeFolder(W("files\\sub"));
-    for (int number = 0; number < kFiles; ++number) {
-      const char* const kForms[] = {"photo %02d.jpg", "a%d", "n%d.tar.gz", "\xC3\xA9%d.TXT"};
-      char name[40];
-      std::snprintf(name, sizeof name, kForms[number % 4], number);
-      hosted_.Add((number % 3 == 0 ? W("sub\\") : W("")) + FromUtf8(name));
-    }
-    contents_ = ContentsBelow(Folder());
-    hosted_.Start();
-  }
-
-  std::filesystem::path Folder() const { return hosted_.scratch.NativePath(W("files")); }
-
-  void ExpectNoFileLost(const std::string& when) {
-    EXPECT_EQ(ContentsBelow(Folder()), contents_) << "seed " << seed_ << ", after " << when;
-  }
-
   // Performs an action on the window's thread.
   void Act(UndrawnParts& parts, const MonkeyAction& action) {
     switch (action.deed) {
@@ -149,7 +128,7 @@ class RenameWindowMonkey : public testing::Test {
         parts.Press(action.control);
         if (!action.isAwaited) return;
         SettleWindow(parts);
-        return ExpectNoFileLost(action.Shown());
+        return session_.ExpectNoFileLost(action.Shown());
       case MonkeyDeed::kEscape:
         return parts.frame.PressEscape();
       case MonkeyDeed::kContextMenu:
@@ -175,64 +154,38 @@ class RenameWindowMonkey : public testing::Test {
     static_cast<VectorList&>(parts.list).Select(begin < end ? RowRanges{{begin, end}} : RowRanges{});
   }
 
-  // Runs on another thread until the time or the steps are used up and the main thread has finished.
-  void Play() {
-    ActionGenerator generator(seed_);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds_);
-    while (seconds_ > 0 ? std::chrono::steady_clock::now() < end : steps_ < kStepsOfShortRun) {
+  // Runs on another thread until the session has ended.
+  void Act() {
+    ActionGenerator generator(MonkeySeed());
+    while (!session_.IsTimeOver()) {
       const std::shared_ptr<UndrawnWindow> window = UndrawnWindow::Current();
       if (!window) {
         Sleep(1);
         continue;
       }
       const MonkeyAction action = generator.Next();
-      watchdog_.Say(action.Shown());
-      ++steps_;
+      session_.BeginAction(action.Shown());
       const auto act = [this, action](UndrawnParts& parts) { Act(parts, action); };
       if (action.isAwaited)
         window->Do(act);
       else
         window->Post(act);
     }
-    isOver_ = true;
-    while (!hasEnded_) {
+    session_.End();
+    while (!session_.HasEnded()) {
       if (const std::shared_ptr<UndrawnWindow> window = UndrawnWindow::Current())
         window->Do([](UndrawnParts& parts) { parts.frame.PostClose(); });
       Sleep(1);
     }
   }
 
-  const std::uint32_t seed_ = NumberFromEnvironment("QX_MONKEY_SEED", 12);
-  const std::uint32_t seconds_ = NumberFromEnvironment("QX_MONKEY_SECONDS", 0);
-  MonkeyAnswers answers_{seed_ + 1};
+  MonkeyAnswers answers_{MonkeySeed() + 1};
   HostedRenameWindow hosted_{[this] { return answers_.Line(); }};
-  std::vector<std::string> contents_;
-  MonkeyWatchdog watchdog_;
-  std::atomic<std::uint32_t> steps_{0};
-  std::atomic<bool> isOver_{false};
-  std::atomic<bool> hasEnded_{false};
+  HostedMonkey session_{hosted_, kActionsOfShortRun};
 };
 
 TEST_F(RenameWindowMonkey, LosesNoFileAndDoesNotHang) {
-  ASSERT_EQ(contents_.size(), static_cast<std::size_t>(kFiles));
-  ActionGenerator fate(seed_ + 2);
-  int windows = 0;
-  std::thread monkey([this] { Play(); });
-  while (!isOver_) {
-    EXPECT_EQ(hosted_.extensions->RunWindow(kCommandMultiRename), 1);
-    ++windows;
-    ExpectNoFileLost("window " + std::to_string(windows));
-    // Sometimes the same extension object is used again; its windows then have no worker.
-    if (fate.Chance(80)) hosted_.extensions->Renew(kCommandMultiRename);
-  }
-  hasEnded_ = true;
-  monkey.join();
-  hosted_.extensions->Stop();
-  ExpectNoFileLost("the end");
-  const std::size_t renames = CountRenamesDone(hosted_.recorded.Out());
-  std::printf("%u actions, %d windows, %zu renames, seed %u\n", steps_.load(), windows, renames, seed_);
-  EXPECT_GT(windows, 0);
-  EXPECT_GT(renames, 0u);
+  session_.Play([this] { Act(); });
 }
 
 }  // namespace

@@ -62,6 +62,8 @@ constexpr const WCHAR* kTexts[] = {W("[N]"),
                                    W("txt"),
                                    W("[N][C][E][h][m][s]")};
 
+constexpr const char* kLines[] = {"ok", "yes", "no", "cancel", "one", "two", "50 % & more", ""};
+
 template <typename T, std::size_t size>
 T OneOf(ActionGenerator& generator, const T (&values)[size]) {
   return values[generator.Below(size)];
@@ -100,6 +102,11 @@ std::uint32_t ActionGenerator::Below(std::uint32_t limit) {
 }
 
 WString ActionGenerator::Text() { return OneOf(*this, kTexts); }
+
+std::optional<std::string> ActionGenerator::Line() {
+  if (Chance(20)) return std::nullopt;
+  return OneOf(*this, kLines);
+}
 
 MonkeyAction ActionGenerator::Next() {
   MonkeyAction action{RowAt(Below(WeightOfAll())).deed, 0, {}, 0, 0, true};

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -48,6 +49,8 @@ class ActionGenerator {
   bool Chance(std::uint32_t percent) { return Below(100) < percent; }
   // Returns a text for a field: a valid or invalid rule, an odd name, a number, or nothing.
   WString Text();
+  // Returns a line for a question of the host, or nothing for the end of the input.
+  std::optional<std::string> Line();
 
  private:
   std::mt19937 engine_;  // same numbers with every standard library, unlike the distributions

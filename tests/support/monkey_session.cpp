@@ -10,12 +10,15 @@ namespace {
 
 constexpr auto kMonkeyHang = std::chrono::seconds(120);  // the longest time for one action
 
-}  // namespace
-
 std::uint32_t NumberFromEnvironment(const char* name, std::uint32_t standard) {
   const char* const text = std::getenv(name);
   return text ? static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10)) : standard;
 }
+
+}  // namespace
+
+std::uint32_t MonkeySeed() { return NumberFromEnvironment("QX_MONKEY_SEED", 12); }
+std::uint32_t MonkeySeconds() { return NumberFromEnvironment("QX_MONKEY_SECONDS", 0); }
 
 std::vector<std::string> ContentsBelow(const std::filesystem::path& folder) {
   std::vector<std::string> contents;

@@ -11,7 +11,10 @@
 #include <thread>
 #include <vector>
 
-std::uint32_t NumberFromEnvironment(const char* name, std::uint32_t standard);
+// The seed of the session, from QX_MONKEY_SEED, and its length in seconds, from QX_MONKEY_SECONDS; 0 for a
+// short session.
+std::uint32_t MonkeySeed();
+std::uint32_t MonkeySeconds();
 
 // Returns the contents of all files below a folder, sorted. They do not depend on the names.
 std::vector<std::string> ContentsBelow(const std::filesystem::path& folder);

@@ -3,10 +3,10 @@
 // or hang, and no file may be lost.
 //
 // A long run: QX_MONKEY_SECONDS=3600 QX_MONKEY_SEED=7, with --gtest_filter='DrawnWindowMonkey*'.
-#include <atomic>
 #include <cstdio>
 
 #include "frame/host/command_numbers.h"
+#include "host/hosted_monkey.h"
 #include "support/monkey_actions.h"
 #include "support/monkey_session.h"
 #include "window/list_rows.h"
@@ -19,7 +19,6 @@ using namespace Velmora::SDK;
 
 namespace {
 
-constexpr int kMonkeyFiles = 24;
 constexpr std::uint32_t kActionsOfShortRun = 250;
 constexpr int kCloseOfPanel = 1041;
 constexpr int kTagLinesAtMost = 16;
@@ -39,29 +38,7 @@ std::vector<HWND> ControlsOf(HWND dialog) {
 class DrawnWindowMonkey : public ModuleWindow {
  protected:
   DrawnWindowMonkey() {
-    hosted_.scratch.MakeFolder(W("files\\sub"));
-    for (int number = 0; number < kMonkeyFiles; ++number) {
-      const char* const kForms[] = {"photo %02d.jpg", "a%d", "n%d.tar.gz", "\xC3\xA9%d & 100 %%.TXT"};
-      char name[40];
-      std::snprintf(name, sizeof name, kForms[number % 4], number);
-      hosted_.Add((number % 3 == 0 ? W("sub\\") : W("")) + FromUtf8(name));
-    }
-    contents_ = ContentsBelow(Folder());
-    hosted_.Start();
-    answers_ = [this] { return Line(); };
-  }
-
-  std::filesystem::path Folder() const { return hosted_.scratch.NativePath(W("files")); }
-  void ExpectNoFileLost(const std::string& when) {
-    EXPECT_EQ(ContentsBelow(Folder()), contents_) << "seed " << seed_ << ", after " << when;
-  }
-
-  // Returns the line that the user types at a question of the host, or nothing to cancel. Called on the
-  // window's thread.
-  std::optional<std::string> Line() {
-    const char* const kLines[] = {"ok", "yes", "no", "cancel", "one", "two", "50 % & more", ""};
-    if (lines_.Chance(20)) return std::nullopt;
-    return kLines[lines_.Below(std::size(kLines))];
+    answers_ = [this] { return lines_.Line(); };
   }
 
   void Act(WindowUser& user, const MonkeyAction& action) {
@@ -102,7 +79,7 @@ class DrawnWindowMonkey : public ModuleWindow {
     user.WaitUntil(action.Shown(),
                    [&] { return user.IsGone() || user.Popup() || user.IsEnabled(kCloseOfPanel); });
     // In a window that is closing, a run that was started without waiting may not have finished.
-    if (!user.IsGone() && user.IsEnabled(kCloseOfPanel)) ExpectNoFileLost(action.Shown());
+    if (!user.IsGone() && user.IsEnabled(kCloseOfPanel)) session_.ExpectNoFileLost(action.Shown());
   }
   static void Choose(WindowUser& user, const MonkeyAction& action) {
     const LRESULT lines = SendDlgItemMessageW(user.Panel(), action.control, CB_GETCOUNT, 0, 0);
@@ -201,47 +178,43 @@ class DrawnWindowMonkey : public ModuleWindow {
     user.Flush();
   }
 
-  bool IsTimeOver() const {
-    return seconds_ > 0 ? std::chrono::steady_clock::now() >= end_ : actions_ >= kActionsOfShortRun;
-  }
-
   void PlayWith(WindowUser& user) {
-    while (!user.IsGone() && !IsTimeOver()) {
-      ++actions_;
+    while (!user.IsGone() && !session_.IsTimeOver()) {
       if (user.IsMenuOpen()) {
-        watchdog_.Say("in a menu");
+        session_.BeginAction("in a menu");
         ActInMenu(user);
       } else if (const HWND popup = user.Popup()) {
-        watchdog_.Say("in a dialog");
+        session_.BeginAction("in a dialog");
         ActInPopup(user, popup);
       } else if (generator_.Chance(15)) {
-        watchdog_.Say("wildly");
+        session_.BeginAction("wildly");
         ActWildly(user);
       } else {
         const MonkeyAction action = generator_.Next();
-        watchdog_.Say(action.Shown());
+        session_.BeginAction(action.Shown());
         Act(user, action);
         if (action.isAwaited) user.Flush();
       }
     }
   }
 
-  // Runs on another thread until the time or the actions are used up and the main thread has finished.
-  void Play() {
+  // Runs on another thread until the session has ended.
+  void Act() {
     try {
-      while (!hasEnded_) {
+      while (!session_.HasEnded()) {
         if (!IsThere()) {
           Sleep(1);
           continue;
         }
         WindowUser user;
         PlayWith(user);
-        if (IsTimeOver()) isOver_ = true;
-        if (isOver_ && !user.IsGone()) user.Close();
-        user.WaitUntil("the end of the window", [&] { return hasEnded_ || user.IsGone(); });
+        if (session_.IsTimeOver()) session_.End();
+        if (session_.IsOver() && !user.IsGone()) user.Close();
+        user.WaitUntil("the end of the window", [&] { return session_.HasEnded() || user.IsGone(); });
       }
     } catch (const std::exception& error) {
-      std::fprintf(stderr, "seed %u, after %u actions: %s\n", seed_, actions_.load(), error.what());
+      std::fprintf(stderr, "seed %u, after %u actions: %s\n", MonkeySeed(), session_.ActionCount(),
+                   error.what());
       std::abort();
     }
   }
@@ -250,39 +223,13 @@ class DrawnWindowMonkey : public ModuleWindow {
     return frame && IsWindowVisible(frame);
   }
 
-  const std::uint32_t seed_ = NumberFromEnvironment("QX_MONKEY_SEED", 12);
-  const std::uint32_t seconds_ = NumberFromEnvironment("QX_MONKEY_SECONDS", 0);
-  const std::chrono::steady_clock::time_point end_ =
-      std::chrono::steady_clock::now() + std::chrono::seconds(seconds_);
-  ActionGenerator generator_{seed_};
-  ActionGenerator lines_{seed_ + 1};
-  std::vector<std::string> contents_;
-  MonkeyWatchdog watchdog_;
-  std::atomic<std::uint32_t> actions_{0};
-  std::atomic<bool> isOver_{false};
-  std::atomic<bool> hasEnded_{false};
+  QxHost::HostedMonkey session_{hosted_, kActionsOfShortRun};
+  ActionGenerator generator_{MonkeySeed()};
+  ActionGenerator lines_{MonkeySeed() + 1};  // used on the window's thread
 };
 
 TEST_F(DrawnWindowMonkey, LosesNoFileAndDoesNotHang) {
-  ASSERT_EQ(contents_.size(), static_cast<std::size_t>(kMonkeyFiles));
-  ActionGenerator fate(seed_ + 2);
-  int windows = 0;
-  std::thread monkey([this] { Play(); });
-  while (!isOver_) {
-    EXPECT_EQ(hosted_.extensions->RunWindow(kCommandMultiRename), 1);
-    ++windows;
-    ExpectNoFileLost("window " + std::to_string(windows));
-    // Sometimes the same extension object is used again; its windows then have no worker.
-    if (fate.Chance(80)) Renew();
-  }
-  hasEnded_ = true;
-  monkey.join();
-  hosted_.extensions->Stop();
-  ExpectNoFileLost("the end");
-  const std::size_t renames = CountRenamesDone(hosted_.recorded.Out());
-  std::printf("%u actions, %d windows, %zu renames, seed %u\n", actions_.load(), windows, renames, seed_);
-  EXPECT_GT(windows, 0);
-  EXPECT_GT(renames, 0u);
+  session_.Play([this] { Act(); });
 }
 
 }  // namespace
