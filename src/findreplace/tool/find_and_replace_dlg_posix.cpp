@@ -1,8 +1,7 @@
 // The Find and Replace dialog in the native build: passes its form to Platform::AskForm. Fields that are
 // disabled or hidden in the window cannot be changed here either.
 #include "findreplace/tool/find_and_replace_dlg.h"
-#include "frame/services/format_text.h"
-#include "frame/services/language_text.h"
+#include "frame/services/ask_file_form.h"
 #include "frame/services/message_texts.h"
 #include "platform/posix/form_fields.h"
 
@@ -51,12 +50,6 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
 }  // namespace
 
 INT_PTR ShowFindAndReplaceDlg(IHostApp& host, FindAndReplaceForm& form) {
-  Platform::FormRequest request;
-  request.dialog = "FindAndReplaceDlg";
-  request.title = LanguageText(host, kTextFindDlgCaption);
-  request.text = LanguageText(host, kTextFindDlgHeading);
-  request.text += W('\n');
-  request.text += FormatCount(LanguageText(host, kTextFindDlgCount), form.fileCount);
-  request.fields = FieldsOf(form);
-  return Platform::AskForm(request);
+  constexpr FileFormTexts kTexts = {kTextFindDlgCaption, kTextFindDlgHeading, kTextFindDlgCount};
+  return AskFileForm(host, "FindAndReplaceDlg", kTexts, form.fileCount, FieldsOf(form));
 }

@@ -1,7 +1,6 @@
 // The Sort Lines dialog in the native build: passes its form to Platform::AskForm. Fields that are disabled
 // in the window, and texts that a field would not accept there, are refused here as well.
-#include "frame/services/format_text.h"
-#include "frame/services/language_text.h"
+#include "frame/services/ask_file_form.h"
 #include "frame/services/message_texts.h"
 #include "linesorter/tool/sort_lines_dlg.h"
 #include "platform/posix/form_fields.h"
@@ -68,12 +67,6 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
 }  // namespace
 
 INT_PTR ShowSortLinesDlg(IHostApp& host, SortLinesForm& form) {
-  Platform::FormRequest request;
-  request.dialog = "SortLinesDlg";
-  request.title = LanguageText(host, kTextSortDlgCaption);
-  request.text = LanguageText(host, kTextSortDlgHeading);
-  request.text += W('\n');
-  request.text += FormatCount(LanguageText(host, kTextSortDlgCount), form.fileCount);
-  request.fields = FieldsOf(form);
-  return Platform::AskForm(request);
+  constexpr FileFormTexts kTexts = {kTextSortDlgCaption, kTextSortDlgHeading, kTextSortDlgCount};
+  return AskFileForm(host, "SortLinesDlg", kTexts, form.fileCount, FieldsOf(form));
 }
