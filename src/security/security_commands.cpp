@@ -9,6 +9,7 @@
 #include "frame/services/format_text.h"
 #include "frame/services/helper_requests.h"
 #include "frame/services/language_text.h"
+#include "frame/services/selected_items.h"
 #include "security/current_user.h"
 #include "security/item_path.h"
 #include "security/ntfs_prop.h"
@@ -26,15 +27,10 @@ struct SecurityTarget {
 
 std::vector<SecurityTarget> SelectTargets(IHostApp& host) {
   std::vector<SecurityTarget> targets;
-  const HostObject<IHostFileList> list(host.CreateFileList());
-  if (!list || host.FileListRequest(kListSelectedItems, list.Get(), kModeWithFolders, 0) == 0) return targets;
-  const u32 count = list->GetCount();
-  for (u32 index = 0; index < count; ++index) {
-    IHostFileItem* const item = list->GetItem(index);
-    if (!item) continue;
-    std::optional<WString> path = SecurityPathOf(*item);
-    if (path && !path->empty()) targets.push_back({item, *std::move(path)});
-  }
+  ForEachSelectedItem(host, kModeWithFolders, [&targets](IHostFileItem& item) {
+    std::optional<WString> path = SecurityPathOf(item);
+    if (path && !path->empty()) targets.push_back({&item, *std::move(path)});
+  });
   return targets;
 }
 
