@@ -13,7 +13,67 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class WindowLife : public WindowTest {};
+// Blocks the window's thread inside the host's question for a text, until `answer` is released.
+class QuestionGate {
+ public:
+  // Calls `then` before the question returns.
+  explicit QuestionGate(
+      WindowHost& host, std::function<void()> then = [] {}) {
+    host.atAskText = [this, then] {
+      inQuestion.Release();
+      answer.Acquire();
+      then();
+    };
+  }
+  Semaphore inQuestion;
+  Semaphore answer;
+};
+
+// Calls `choose` for each menu, on the window's thread.
+class MenuUser final : public UndrawnUser {
+ public:
+  explicit MenuUser(std::function<int(const MenuLines&)> choose) : choose_(std::move(choose)) {
+    InstallUndrawnUser(this);
+  }
+  ~MenuUser() override { InstallUndrawnUser(nullptr); }
+  int ChooseLine(const MenuLines& lines) override { return choose_(lines); }
+  void UseDialog(int, DialogForm&, UndrawnDialog&) override {}
+
+ private:
+  std::function<int(const MenuLines&)> choose_;
+};
+
+class WindowLife : public WindowTest {
+ protected:
+  // Closes the window as its user; the host follows.
+  void CloseByUser() {
+    Do([](UndrawnParts& parts) { parts.Press(1041); });
+    window_->WaitForClose();
+    Serve(kCommandShutdown);
+  }
+
+  // Opens a window whose worker waits at the gate in the middle of a preview.
+  void OpenInPreview(GateProperties& gate, const std::vector<WString>& names) {
+    host_.manager = &gate;
+    Open(names);
+    Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
+    gate.entered.Acquire();
+  }
+
+  // Starts a run that waits at the gate.
+  void StartRun(RunGate& gate) {
+    Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
+    Settle();
+    Do([](UndrawnParts& parts) { parts.Press(1003); });
+    gate.inRun.Acquire();
+  }
+
+  // Opens the question for the name of a new profile, and returns when the host asks it.
+  void OpenQuestion(Semaphore& inQuestion) {
+    window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
+    inQuestion.Acquire();
+  }
+};
 
 TEST_F(WindowLife, TheCommandOpensAWindowWithTheSelectedRows) {
   Open({W("a.t"), W("b.t")});
@@ -62,10 +122,7 @@ TEST_F(WindowLife, ASecondCommandEmptiesTheListAndAddsNoRowsUntilReset) {
 
 TEST_F(WindowLife, ItemsLiveUntilTheListIsEmptyAndTheWorkerIsThroughWithThem) {
   GateProperties gate;
-  host_.manager = &gate;
-  Open({W("a.t"), W("b.t"), W("c.t")});
-  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
-  gate.entered.Acquire();
+  OpenInPreview(gate, {W("a.t"), W("b.t"), W("c.t")});
   for (int round = 0; round < 3; ++round) EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   gate.isOpen = true;
   gate.gate.Release();
@@ -195,15 +252,10 @@ TEST_F(WindowLife, TheListSeesTheMessagesOfTheLoop) {
 }
 
 TEST_F(WindowLife, TheContextMenuOfTheListMovesRows) {
-  class User final : public UndrawnUser {
-   public:
-    int ChooseLine(const MenuLines& lines) override {
-      EXPECT_EQ(lines.size(), 4u);
-      return 13;
-    }
-    void UseDialog(int, DialogForm&, UndrawnDialog&) override {}
-  } user;
-  InstallUndrawnUser(&user);
+  MenuUser user([](const MenuLines& lines) {
+    EXPECT_EQ(lines.size(), 4u);
+    return 13;
+  });
   Open({W("a.t")});
   Do([this](UndrawnParts&) {
     ListContextMenu place{nullptr, 1, 2};
@@ -211,20 +263,14 @@ TEST_F(WindowLife, TheContextMenuOfTheListMovesRows) {
     EXPECT_EQ(callback.OnEvent(2, &place), 0);
     EXPECT_EQ(callback.OnEvent(1, &place), 1);
   });
-  InstallUndrawnUser(nullptr);
   Do([this](UndrawnParts&) { EXPECT_THAT(host_.controls[0].list.moves, ElementsAre("bottom")); });
 }
 
 TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasReturned) {
-  class User final : public UndrawnUser {
-   public:
-    int ChooseLine(const MenuLines&) override {
-      EXPECT_TRUE(UndrawnWindow::TakeMessages());
-      return 0;
-    }
-    void UseDialog(int, DialogForm&, UndrawnDialog&) override {}
-  } user;
-  InstallUndrawnUser(&user);
+  MenuUser user([](const MenuLines&) {
+    EXPECT_TRUE(UndrawnWindow::TakeMessages());
+    return 0;
+  });
   Open({W("a.t")});
   bool wasThere = false;
   Do([&](UndrawnParts& parts) {
@@ -238,7 +284,6 @@ TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasRet
   });
   window_->WaitForClose();
   EXPECT_TRUE(wasThere);
-  InstallUndrawnUser(nullptr);
   Serve(20002);
 }
 
@@ -284,9 +329,7 @@ TEST_F(WindowLife, EscAsksAndYesCloses) {
 // Previews are computed only in a window that the host has opened on a new object.
 TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPreviewAndNoRuns) {
   Open({W("a.t")});
-  Do([](UndrawnParts& parts) { parts.Press(1041); });
-  window_->WaitForClose();
-  Serve(kCommandShutdown);
+  CloseByUser();
   Select({W("c.t"), W("d.t")});
   ASSERT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   window_ = UndrawnWindow::Current();
@@ -302,9 +345,7 @@ TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPrevi
   });
   EXPECT_THAT(Shown(), ElementsAre(W("c.t"), W("d.t")));
   EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
-  Do([](UndrawnParts& parts) { parts.Press(1041); });
-  window_->WaitForClose();
-  Serve(kCommandShutdown);
+  CloseByUser();
   EXPECT_EQ(host_.closed, 2);
 }
 
@@ -351,9 +392,7 @@ TEST_F(WindowLife, AWindowAfterAShutdownTellsTheHostOfItsClose) {
   Open({W("a.t")});
   Plugin().OnShutdown(0);
   Open({W("c.t")});
-  Do([](UndrawnParts& parts) { parts.Press(1041); });
-  window_->WaitForClose();
-  Serve(kCommandShutdown);
+  CloseByUser();
   EXPECT_EQ(host_.closed, 2);
 }
 
@@ -382,10 +421,7 @@ TEST_F(WindowLife, AResetEndsWhenTheHostShutsDownMeanwhile) {
 
 TEST_F(WindowLife, ACloseInAPreviewStopsIt) {
   GateProperties gate;
-  host_.manager = &gate;
-  Open({W("a.t"), W("b.t")});
-  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
-  gate.entered.Acquire();
+  OpenInPreview(gate, {W("a.t"), W("b.t")});
   const RenameWorker* worker = nullptr;
   Do([&](UndrawnParts& parts) {
     worker = &parts.context.engine.worker;
@@ -402,10 +438,7 @@ TEST_F(WindowLife, ACloseInAPreviewStopsIt) {
 TEST_F(WindowLife, ACloseInARunWaitsForItsEnd) {
   RunGate gate(host_);
   Open({W("a.t"), W("b.t")});
-  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
-  Settle();
-  Do([](UndrawnParts& parts) { parts.Press(1003); });
-  gate.inRun.Acquire();
+  StartRun(gate);
   Do([](UndrawnParts& parts) {
     EXPECT_FALSE(parts.controls[1041].isEnabled);
     parts.frame.PostClose();
@@ -422,10 +455,7 @@ TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsI
   RunGate gate(host_);
   Open({W("a.t"), W("b.t")});
   extension_->waits.shutdown = 20;
-  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
-  Settle();
-  Do([](UndrawnParts& parts) { parts.Press(1003); });
-  gate.inRun.Acquire();
+  StartRun(gate);
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(host_.closed, 1);
   MultiRenameCloser{20}(extension_.get());
@@ -440,42 +470,30 @@ TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsI
 TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsInUseAndKeepsTheModule) {
   const Platform::Faults::Scope faults;
   Platform::Faults::Watch("GetModuleHandleExW");
-  Semaphore inBox;
-  Semaphore answer;
-  host_.atAskText = [&] {
-    inBox.Release();
-    answer.Acquire();
-  };
+  QuestionGate gate(host_);
   Open({W("a.t")});
   extension_->waits.shutdown = 20;
-  window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
-  inBox.Acquire();
+  OpenQuestion(gate.inQuestion);
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(host_.closed, 1);
   EXPECT_EQ(Platform::Faults::CallCount("GetModuleHandleExW"), 0);
   MultiRenameCloser{20}(extension_.get());
   EXPECT_EQ(Platform::Faults::CallCount("GetModuleHandleExW"), 1);
-  answer.Release();
+  gate.answer.Release();
   window_->WaitForClose();
   EXPECT_TRUE(extension_->WaitForWindow(kMissed));
   EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
 }
 
 TEST_F(WindowLife, ACommandAfterAShutdownThatDidNotEndTheThreadOpensAWindowOnceItHasEnded) {
-  Semaphore inBox;
-  Semaphore answer;
-  host_.atAskText = [&] {
-    inBox.Release();
-    answer.Acquire();
-  };
+  QuestionGate gate(host_);
   Open({W("a.t")});
   extension_->waits.shutdown = 20;
-  window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
-  inBox.Acquire();
+  OpenQuestion(gate.inQuestion);
   Plugin().OnShutdown(0);
   EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   EXPECT_EQ(host_.containers, 1);
-  answer.Release();
+  gate.answer.Release();
   window_->WaitForClose();
   extension_->waits.shutdown = kMissed;
   ASSERT_TRUE(extension_->WaitForWindow(kMissed));
@@ -485,37 +503,32 @@ TEST_F(WindowLife, ACommandAfterAShutdownThatDidNotEndTheThreadOpensAWindowOnceI
 }
 
 TEST_F(WindowLife, ACloseInABoxIsDoneOnceTheBoxHasReturned) {
-  Semaphore inBox;
-  Semaphore answer;
   bool wasOpen = false;
-  host_.atAskText = [&] {
-    inBox.Release();
-    answer.Acquire();
+  QuestionGate gate(host_, [&] {
     EXPECT_TRUE(UndrawnWindow::TakeMessages());
     wasOpen = UndrawnWindow::Current() != nullptr && host_.controlsOut == 2;
-  };
+  });
   Open({W("a.t")});
   window_->Post([](UndrawnParts& parts) {
     parts.Choose(1045, 1);
     parts.controls[1034].text += W(" ");  // the form still exists
   });
-  inBox.Acquire();
+  gate.inQuestion.Acquire();
   window_->Post([](UndrawnParts& parts) { parts.frame.PostClose(); });
-  answer.Release();
+  gate.answer.Release();
   window_->WaitForClose();
   EXPECT_TRUE(wasOpen);
   Serve(kCommandShutdown);
 }
 
 TEST_F(WindowLife, AShutdownEndsABoxThatTakesMessages) {
-  Semaphore inBox;
+  Semaphore inQuestion;
   host_.atAskText = [&] {
-    inBox.Release();
+    inQuestion.Release();
     while (UndrawnWindow::TakeMessages()) Sleep(1);
   };
   Open({W("a.t")});
-  window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
-  inBox.Acquire();
+  OpenQuestion(inQuestion);
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   EXPECT_EQ(host_.controlsOut, 0);
