@@ -3,10 +3,10 @@
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <memory>
 #include <mutex>
+#include <span>
 #include <string_view>
-#include <vector>
+#include <type_traits>
 
 #include "platform/ascii_case.h"
 #include "platform/posix/files/fault_gate.h"
@@ -32,26 +32,36 @@ FARPROC Untyped(Function* function) {
 // A system library that the product loads, with the functions that the product looks up in it.
 struct Library {
   std::u16string_view name;
-  std::vector<FunctionRow> functions;
+  std::span<const FunctionRow> functions;
   int loads = 0;
 };
 
 struct Libraries {
   std::mutex mutex;  // protects the load counts
-  Library rows[3] = {
-      {u"KERNEL32",
-       {{"CompareStringEx", Untyped(&CompareStringEx)},
-        {"CompareStringOrdinal", Untyped(&CompareStringOrdinal)},
-        {"CreateSymbolicLinkW", Untyped(&CreateSymbolicLinkW)}}},
-      {u"NETMSG", {}},
-      // Loaded in every process from the start.
-      {u"NTDLL", {{"NtQueryInformationFile", Untyped(&NtQueryInformationFile)}}, 1},
-  };
+  Library rows[3];
 };
+// Static objects may free libraries at the end of the process.
+static_assert(std::is_trivially_destructible_v<Libraries>);
 
-// Returns the table, which is never destroyed: static objects may free libraries at the end of the process.
+// Returns the table. Making it takes no memory, so that a sort that runs out of it can still look up its
+// function.
 Libraries& TheLibraries() {
-  static Libraries& libraries = *std::make_unique<Libraries>().release();
+  static const FunctionRow kernelFunctions[] = {
+      {"CompareStringEx", Untyped(&CompareStringEx)},
+      {"CompareStringOrdinal", Untyped(&CompareStringOrdinal)},
+      {"CreateSymbolicLinkW", Untyped(&CreateSymbolicLinkW)},
+  };
+  static const FunctionRow nativeFunctions[] = {
+      {"NtQueryInformationFile", Untyped(&NtQueryInformationFile)},
+  };
+  static Libraries libraries = {
+      {},
+      {
+          {u"KERNEL32", kernelFunctions},
+          {u"NETMSG", {}},
+          {u"NTDLL", nativeFunctions, 1},  // loaded in every process from the start
+      },
+  };
   return libraries;
 }
 
