@@ -41,6 +41,25 @@ std::vector<const char*> ExpectedOrder(const std::vector<SortLine>& lines) {
   return order;
 }
 
+// Sorts copies of the lines with one more allocation each time, until the sort gets all that it asks for.
+// Calls `check` with the sorted lines and the number of allocations.
+template <typename CharT, typename Check>
+void SortWithEachLimit(const std::vector<SortLine>& unsorted, const SortLinesOptions& options, Check check) {
+  for (int allocations = 0;; ++allocations) {
+    ASSERT_LT(allocations, kManyAllocations);
+    std::vector<SortLine> lines = unsorted;
+    long taken = 0;
+    {
+      const Memory::Limit limit(allocations);
+      const long before = Memory::AllocationCount();
+      EXPECT_NO_THROW(SortLineRange<CharT>(lines, {0, lines.size()}, options)) << allocations;
+      taken = Memory::AllocationCount() - before;
+    }
+    check(lines, allocations);
+    if (taken <= allocations) break;
+  }
+}
+
 template <typename CharT>
 class LineSortWithoutMemory : public testing::Test {};
 TYPED_TEST_SUITE(LineSortWithoutMemory, BothWidths);
@@ -55,21 +74,12 @@ TYPED_TEST(LineSortWithoutMemory, GivesTheSameOrder) {
     ComputeSortKeys<TypeParam>(records.lines, options);
     const std::vector<const char*> expected = ExpectedOrder<TypeParam>(records.lines);
     ASSERT_EQ(expected.size(), records.lines.size());
-    for (int allocations = 0;; ++allocations) {
-      ASSERT_LT(allocations, kManyAllocations);
-      std::vector<SortLine> lines = records.lines;
-      long taken = 0;
-      {
-        const Memory::Limit limit(allocations);
-        const long before = Memory::AllocationCount();
-        EXPECT_NO_THROW(SortLineRange<TypeParam>(lines, {0, lines.size()}, options)) << allocations;
-        taken = Memory::AllocationCount() - before;
-      }
-      std::vector<const char*> order;
-      for (const SortLine& line : lines) order.push_back(line.text);
-      EXPECT_EQ(order, expected) << allocations;
-      if (taken <= allocations) break;  // all requested allocations succeeded
-    }
+    SortWithEachLimit<TypeParam>(records.lines, options,
+                                 [&](const std::vector<SortLine>& lines, int allocations) {
+                                   std::vector<const char*> order;
+                                   for (const SortLine& line : lines) order.push_back(line.text);
+                                   EXPECT_EQ(order, expected) << allocations;
+                                 });
   }
 }
 
@@ -80,19 +90,10 @@ TYPED_TEST(LineSortWithoutMemory, GivesTheSameOrderOfNumbers) {
   for (std::size_t i = 0; i < records.lines.size(); ++i) {
     records.lines[i].numericKey = static_cast<std::int64_t>(i * 7919 % 300) - 150;
   }
-  for (int allocations = 0;; ++allocations) {
-    ASSERT_LT(allocations, kManyAllocations);
-    std::vector<SortLine> lines = records.lines;
-    long taken = 0;
-    {
-      const Memory::Limit limit(allocations);
-      const long before = Memory::AllocationCount();
-      EXPECT_NO_THROW(SortLineRange<TypeParam>(lines, {0, lines.size()}, options)) << allocations;
-      taken = Memory::AllocationCount() - before;
-    }
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      ASSERT_EQ(lines[i].numericKey, static_cast<std::int64_t>(i) - 150) << allocations;
-    }
-    if (taken <= allocations) break;
-  }
+  SortWithEachLimit<TypeParam>(
+      records.lines, options, [&](const std::vector<SortLine>& lines, int allocations) {
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+          ASSERT_EQ(lines[i].numericKey, static_cast<std::int64_t>(i) - 150) << allocations;
+        }
+      });
 }
