@@ -10,6 +10,7 @@
 #include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
 #include "support/scratch_folder.h"
+#include "support/taken_backup_names.h"
 
 using namespace Platform;
 using namespace QXFindAndReplace;
@@ -250,6 +251,27 @@ TEST(ApplyToFileFaults, BackupThatCannotBeMadeIsTheFailureOfTheCreate) {
     EXPECT_EQ(run.Bytes(W("a.txt")), kBefore);
     EXPECT_THAT(run.scratch.Names(), ElementsAre(W("a.txt")));
   }
+}
+
+TEST(ApplyToFileFaults, WithoutAFreeBackupNameTheTargetStaysAndNothingIsDeleted) {
+  FaultRun run(true);
+  TakeBackupNames(run.scratch, kLastBackupNumber);
+  const Faults::Scope faults;
+  Faults::Watch("MoveFileW");
+  Faults::Watch("DeleteFileW");
+  for (const std::uint32_t mode : {KeepBackup, ReplaceFile}) {
+    EXPECT_EQ(run.Run(mode), -1);
+    EXPECT_EQ(run.callback.calls.end()[-2],
+              "error Unable to open file for writing : " + ToUtf8(run.scratch.Path(W("a.txt"))) + " (80)");
+    EXPECT_EQ(run.callback.calls.back(), "end");
+    EXPECT_EQ(run.Bytes(W("a.txt")), kBefore);
+  }
+  // A target that may be overwritten needs no backup.
+  EXPECT_EQ(run.Run(ReplaceFile | SaveAsNew | OverwriteTarget), 2);
+  EXPECT_EQ(run.Bytes(W("a.txt")), kAfter);
+  EXPECT_EQ(Faults::CallCount("MoveFileW"), 0);
+  EXPECT_EQ(Faults::CallCount("DeleteFileW"), 0);
+  EXPECT_EQ(run.scratch.Names().size(), 10000u);
 }
 
 TEST(ApplyToFileFaults, TargetThatCannotBeMadeLeavesTheBackup) {

@@ -3,9 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdio>
-
 #include "support/scratch_folder.h"
+#include "support/taken_backup_names.h"
 
 namespace {
 
@@ -15,15 +14,10 @@ struct BackupPath {
   WCHAR text[kBackupPathSize];
 };
 
-// Creates "a.txt", "a.txt.bak" and "a.txt_(0002).bak" up to the given number.
+// Creates "a.txt" and its backup names up to the given number.
 void TakeNames(const ScratchFolder& scratch, int last) {
   scratch.Write(W("a.txt"), "a");
-  scratch.Write(W("a.txt.bak"), "");
-  for (int number = 2; number <= last; ++number) {
-    char name[32];
-    std::snprintf(name, sizeof name, "a.txt_(%04d).bak", number);
-    scratch.Write(FromUtf8(name), "");
-  }
+  TakeBackupNames(scratch, last);
 }
 
 }  // namespace

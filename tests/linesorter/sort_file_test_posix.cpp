@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdio>
 #include <functional>
 #include <new>
 
@@ -12,6 +11,7 @@
 #include "platform/outcome.h"
 #include "platform/posix/files/faults.h"
 #include "support/memory_limit.h"
+#include "support/taken_backup_names.h"
 
 using namespace Platform;
 using namespace WQLineSorter;
@@ -207,12 +207,7 @@ TEST(SortFileFaults, ACallThatFailsWithoutANumberIsAFailureAllTheSame) {
 
 TEST(SortFileFaults, WithoutAFreeBackupNameTheTargetStaysAndNothingIsDeleted) {
   const OneFile file;
-  file.folder.Write(W("a.txt.bak"), "");
-  for (int number = 2; number <= 9999; ++number) {
-    char name[32];
-    std::snprintf(name, sizeof name, "a.txt_(%04d).bak", number);
-    file.folder.Write(FromUtf8(name), "");
-  }
+  TakeBackupNames(file.folder, kLastBackupNumber);
   for (const std::uint32_t backup : kBackups) {
     EXPECT_EQ(file.Sort(backup), kNotOpened);
     EXPECT_EQ(file.Bytes(), kFile);
