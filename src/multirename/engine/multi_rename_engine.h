@@ -1,6 +1,10 @@
 // The session of MultiRename: the compiled rules, the rows in the list's order, the counters, the worker and
 // the undo store.
 //
+// Implemented in multi_rename_engine.cpp and check_conflicts.cpp (CheckConflicts, ComputeNames), and in the
+// folder of the rules: compile_rules.cpp, compute_name.cpp, tag_values.cpp (AppendTagValue),
+// property_text.cpp and case_rules.cpp (ApplyCaseRule).
+//
 // Threads: CompileRules writes rules and rows on the window's thread, and only while the worker is idle and
 // `busy` is clear; the worker reads them. There is one engine, which lives as long as the extension; the
 // extension owns it as an OwnedEngine.

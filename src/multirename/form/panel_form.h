@@ -1,5 +1,8 @@
 // The rule panel of MultiRename (MultiRenameSimpleDlg): what its controls do.
 //
+// Implemented in panel_form.cpp (controls, pairs, tags, undo manager), panel_profiles.cpp (Load / Save) and
+// panel_runs.cpp (previews, runs, a new list of files).
+//
 // The window of the panel creates the controls of panel_controls.h, implements PanelView, calls Open once,
 // and reports each press, change, double click and posted message. The form passes the forms of the three
 // dialogs (dialog_form.h) to PanelView::RunDialog.
