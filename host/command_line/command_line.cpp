@@ -209,8 +209,9 @@ void AddRequired(CLI::App& app, const std::string& name, std::string& target, co
       ->type_name("");
 }
 
-std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandLine& line, Output& output) {
-  std::vector<std::unique_ptr<Verb>> verbs = MakeVerbs();
+std::optional<int> ParseCommandLine(std::vector<std::string> arguments,
+                                    std::vector<std::unique_ptr<Verb>> verbs, CommandLine& line,
+                                    Output& output) {
   CLI::App app(kHelpAbout, "qxhost");
   app.set_version_flag("--version", kVersionText, "Print the version of this program and exit");
   app.allow_windows_style_options(false);  // /a/b is a path

@@ -17,8 +17,10 @@ struct CommandLine {
   std::unique_ptr<Verb> verb;  // with its arguments
 };
 
-// Parses the arguments and stores the result in `line`. Returns an exit status instead if the program ends
-// here: after --help, and for invalid arguments, which it reports.
-std::optional<int> ParseCommandLine(std::vector<std::string> arguments, CommandLine& line, Output& output);
+// Parses the arguments of one of the verbs and stores the result in `line`. Returns an exit status instead if
+// the program ends here: after --help, and for invalid arguments, which it reports.
+std::optional<int> ParseCommandLine(std::vector<std::string> arguments,
+                                    std::vector<std::unique_ptr<Verb>> verbs, CommandLine& line,
+                                    Output& output);
 
 }  // namespace QxHost

@@ -1,6 +1,7 @@
+#include "host/verbs/columns_verb.h"
+
 #include "host/output/failures.h"
 #include "host/verbs/run.h"
-#include "host/verbs/verb.h"
 
 namespace QxHost {
 namespace {

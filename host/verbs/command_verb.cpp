@@ -1,8 +1,9 @@
+#include "host/verbs/command_verb.h"
+
 #include "frame/host/command_numbers.h"
 #include "host/output/failures.h"
 #include "host/services/command_names.h"
 #include "host/verbs/run.h"
-#include "host/verbs/verb.h"
 
 namespace QxHost {
 namespace {

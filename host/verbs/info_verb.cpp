@@ -1,5 +1,6 @@
+#include "host/verbs/info_verb.h"
+
 #include "host/verbs/run.h"
-#include "host/verbs/verb.h"
 
 namespace QxHost {
 namespace {

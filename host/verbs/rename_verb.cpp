@@ -1,3 +1,5 @@
+#include "host/verbs/rename_verb.h"
+
 #include <algorithm>
 #include <functional>
 #include <utility>
@@ -13,7 +15,6 @@
 #include "host/rename/run_undo.h"
 #include "host/system/paths.h"
 #include "host/verbs/run.h"
-#include "host/verbs/verb.h"
 
 namespace QxHost {
 namespace {

@@ -12,6 +12,7 @@
 #include "host/output/terminal.h"
 #include "host/system/shell_objects.h"
 #include "host/verbs/run.h"
+#include "host/verbs/verbs.h"
 
 namespace QxHost {
 namespace {
@@ -46,7 +47,7 @@ int RunQxHost(std::vector<std::string> arguments) {
   int status = kExitBadCall;
   try {
     CommandLine line;
-    const std::optional<int> ended = ParseCommandLine(std::move(arguments), line, output);
+    const std::optional<int> ended = ParseCommandLine(std::move(arguments), MakeVerbs(), line, output);
     status = ended ? *ended : ExecuteVerb(line, output);
   } catch (const BadCall& failure) {
     output.Problem(failure.what());

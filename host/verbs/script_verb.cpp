@@ -1,9 +1,10 @@
+#include "host/verbs/script_verb.h"
+
 #include <optional>
 
 #include "host/output/failures.h"
 #include "host/services/script_call.h"
 #include "host/verbs/run.h"
-#include "host/verbs/verb.h"
 
 namespace QxHost {
 namespace {

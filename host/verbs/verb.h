@@ -1,7 +1,6 @@
-// The interface of the verbs of qxhost. Each verb is in its own file `..._verb.cpp`.
+// The interface of the verbs of qxhost. Each verb is in its own file `..._verb.cpp`; verbs.h makes them.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,16 +32,5 @@ class Verb {
   // Returns the text of the verb's help after its arguments. Ends with a line end unless it is empty.
   virtual const char* HelpFooter() const { return ""; }
 };
-
-// Returns all verbs, in the order of the help.
-std::vector<std::unique_ptr<Verb>> MakeVerbs();
-
-std::unique_ptr<Verb> MakeInfoVerb();
-std::unique_ptr<Verb> MakeMenuVerb();
-std::unique_ptr<Verb> MakeCommandVerb();
-std::unique_ptr<Verb> MakeScriptVerb();
-std::unique_ptr<Verb> MakeColumnsVerb();
-std::unique_ptr<Verb> MakeRenameVerb();
-std::unique_ptr<Verb> MakeWindowVerb();
 
 }  // namespace QxHost

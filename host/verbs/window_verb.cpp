@@ -1,8 +1,9 @@
+#include "host/verbs/window_verb.h"
+
 #include "host/controls/controls.h"
 #include "host/output/failures.h"
 #include "host/system/paths.h"
 #include "host/verbs/run.h"
-#include "host/verbs/verb.h"
 
 namespace QxHost {
 namespace {

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "host/output/failures.h"
+#include "host/verbs/verbs.h"
 #include "recorded_output.h"
 
 using testing::ElementsAre;
@@ -15,7 +16,7 @@ namespace {
 class CommandLineTest : public testing::Test {
  protected:
   std::optional<int> Parse(std::vector<std::string> arguments) {
-    return ParseCommandLine(std::move(arguments), line_, recorded_.output);
+    return ParseCommandLine(std::move(arguments), MakeVerbs(), line_, recorded_.output);
   }
 
   RecordedOutput recorded_;
@@ -108,7 +109,7 @@ TEST_F(CommandLineTest, AMistakeIsNamedAndTheNearestWordProposed) {
   for (const auto& [arguments, message] : calls) {
     recorded_.problems.clear();
     CommandLine line;
-    EXPECT_EQ(ParseCommandLine(arguments, line, recorded_.output), 2);
+    EXPECT_EQ(ParseCommandLine(arguments, MakeVerbs(), line, recorded_.output), 2);
     EXPECT_EQ(recorded_.problems, "qxhost: " + message + " qxhost --help tells more.\n");
   }
   EXPECT_EQ(recorded_.Out(), "");
@@ -147,7 +148,7 @@ TEST_F(CommandLineTest, ADryRunIsForQuickRenamesAndForWhatChangesNothing) {
                                              {"command", "set-e"},
                                              {"command", "30060"}}) {
     CommandLine line;
-    EXPECT_EQ(ParseCommandLine(arguments, line, recorded_.output), std::nullopt);
+    EXPECT_EQ(ParseCommandLine(arguments, MakeVerbs(), line, recorded_.output), std::nullopt);
     EXPECT_NO_THROW(line.verb->CheckDryRun()) << arguments.back();
   }
   for (const std::vector<std::string>& arguments :
@@ -160,7 +161,7 @@ TEST_F(CommandLineTest, ADryRunIsForQuickRenamesAndForWhatChangesNothing) {
                                              {"command", "31000"},
                                              {"command", "x"}}) {
     CommandLine line;
-    EXPECT_EQ(ParseCommandLine(arguments, line, recorded_.output), std::nullopt);
+    EXPECT_EQ(ParseCommandLine(arguments, MakeVerbs(), line, recorded_.output), std::nullopt);
     EXPECT_THROW(line.verb->CheckDryRun(), BadCall) << arguments.back();
   }
 }
