@@ -42,15 +42,22 @@ class Panel : public PanelTest {
 TEST_F(Panel, ControlsHaveTheirTexts) {
   OpenPanel();
   const std::map<int, WString> texts = {
-      {1058, W("T00650064")}, {1059, W("T00660064")}, {1060, W("T00670064")},  {1062, W("T006E0064")},
-      {1066, W("T006A0064")}, {1067, W("T006B0064")}, {1068, W("T006C0064")},  {1063, W("T006F0064")},
-      {1039, W("T00740064")}, {1038, W("T00730064")}, {1037, W("T00720064")},  {1061, W("T006D0064")},
-      {1043, W("T00700064")}, {1004, W("T00710064")}, {1071, W("T00820064")},  {1040, W("T00770064")},
-      {1003, W("T00750064")}, {1041, W("T00760064")}, {1119, W("M0:00150067")}};
+      {1058, W("T00650064")}, {1059, W("T00660064")}, {1060, W("T00670064")}, {1062, W("T006E0064")},
+      {1066, W("T006A0064")}, {1067, W("T006B0064")}, {1068, W("T006C0064")}, {1063, W("T006F0064")},
+      {1072, W("T006F0064")}, {1039, W("T00740064")}, {1038, W("T00730064")}, {1037, W("T00720064")},
+      {1061, W("T006D0064")}, {1043, W("T00700064")}, {1004, W("T00710064")}, {1071, W("T00820064")},
+      {1040, W("T00770064")}, {1003, W("T00750064")}, {1041, W("T00760064")}, {1119, W("M0:00150067")}};
   for (const auto& [control, text] : texts) EXPECT_EQ(view[control].text, text) << control;
   // These controls have their texts in the resource.
   for (const int control : {1046, 1047, 1117, 1044, 1049}) EXPECT_EQ(view[control].text, W("")) << control;
   EXPECT_EQ(frameView.title, W("T000A0063"));
+}
+
+TEST_F(Panel, TheNameOfThePartsBoxIsTheTextOfItsGroupWithoutTheAccessKey) {
+  host_.texts[kRenameTextSearch] = W("Searc&h and Replace");
+  OpenPanel();
+  EXPECT_EQ(view[1063].text, W("Searc&h and Replace"));
+  EXPECT_EQ(view[1072].text, W("Search and Replace"));
 }
 
 TEST_F(Panel, ControlsHaveTheirDefaults) {

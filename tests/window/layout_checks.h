@@ -10,6 +10,7 @@
 RECT AreaOf(HWND dialog, int control);
 
 void ExpectControlsInsideClientArea(HWND dialog);
+// Hidden labels, which are names for screen readers, may lie anywhere.
 void ExpectNoControlsOverlap(HWND dialog);
 
 // Checks that labels, buttons, rows of combo boxes, hints and the title fit in their own fonts.

@@ -15,7 +15,7 @@ namespace {
 
 using namespace Velmora::SDK;
 
-// Fields that have a hint or an adjacent control in place of a label.
+// Fields that have a hint or a hidden name in place of a label.
 const std::set<int> kFieldsWithoutName = {1020, 1001, 1070};
 
 // Otherwise the system limits a window to the size of the screen.

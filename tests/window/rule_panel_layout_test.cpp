@@ -13,11 +13,11 @@ namespace {
 
 using namespace Velmora::SDK;
 
-// Fields that have a hint or an adjacent control in place of a label.
+// Fields that have a hint or a hidden name in place of a label.
 const std::set<int> kWithoutName = {1020, 1001, 1070};
 
-// Controls whose texts are symbols, the same in all languages.
-const std::set<int> kSigns = {1046, 1047, 1117, 1044, 1049};
+// Controls whose texts are symbols, the same in all languages, or are not shown.
+const std::set<int> kWithoutKey = {1046, 1047, 1117, 1044, 1049, 1072};
 
 class RulePanelLayout : public RenameFrameWindow {
  protected:
@@ -40,7 +40,21 @@ class RulePanelLayout : public RenameFrameWindow {
 TEST_F(RulePanelLayout, EnglishTextsFitAndControlsStandApart) {
   Open({W("a")});
   ExpectLayoutHolds(Panel(), kWithoutName);
-  ExpectEachLabelHasAnAccessKey(Panel(), kSigns);
+  ExpectEachLabelHasAnAccessKey(Panel(), kWithoutKey);
+}
+
+// A screen reader reads the text of the static control that precedes a field, visible or not.
+TEST_F(RulePanelLayout, ThePartsBoxHasAHiddenNameForScreenReaders) {
+  Open({W("a")});
+  const HWND name = GetWindow(GetDlgItem(Panel(), 1070), GW_HWNDPREV);
+  WCHAR windowClass[16] = {};
+  GetClassNameW(name, windowClass, 16);
+  EXPECT_EQ(WStringView(windowClass), L"Static");
+  EXPECT_EQ(Ui::GetText(name), L"Search and Replace");
+  EXPECT_FALSE(IsWindowVisible(name));
+  // The access key of the group still leads to the list of the pairs.
+  PressFrameAccessKey(W('h'));
+  EXPECT_EQ(GetFocus(), GetDlgItem(Panel(), 1118));
 }
 
 TEST_F(RulePanelLayout, ItHoldsAtTheLeastSizeToo) {

@@ -11,4 +11,7 @@ namespace Velmora::SDK {
 void SetDialogTexts(ControlView& view, IHostApp& host, std::span<const ControlTextRow> own,
                     std::span<const ControlTextRow> common);
 
+// Returns a text without the ampersand that marks its access key. Doubled ampersands are kept.
+WString WithoutAccessKey(WStringView text);
+
 }  // namespace Velmora::SDK

@@ -40,7 +40,8 @@ enum PanelControl : int {
   kPairAdd = 1119,
   kPairDialog = 1117,  // "..."
   kPartsBox = 1070,
-  kRegexBox = 1039,  // check boxes
+  kPartsName = 1072,  // not visible; the name of the box for screen readers
+  kRegexBox = 1039,   // check boxes
   kReplaceAllBox = 1038,
   kCaseSensitiveBox = 1037,
   kProfileGroup = 1061,

@@ -55,6 +55,8 @@ void PanelForm::Open() {
   {
     const PanelWriting writing(isWriting_);
     SetDialogTexts(view_, host_, kPanelTexts, kPanelCommonTexts);
+    // The access key of the group leads to its first field.
+    view_.SetText(kPartsName, WithoutAccessKey(LanguageText(host_, kRenameTextSearch)));
     for (TemplateBox& box : templates_) {
       box.offered = LoadTemplateHistory(host_, box.history);
       view_.SetLines(box.control, box.offered);

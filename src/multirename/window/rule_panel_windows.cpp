@@ -47,6 +47,7 @@ constexpr SamePanelNumber kSamePanelNumbers[] = {
     {QX_PANEL_PAIR_REPLACE, kPairReplace},
     {QX_PANEL_PAIR_ADD, kPairAdd},
     {QX_PANEL_PAIR_DIALOG, kPairDialog},
+    {QX_PANEL_PARTS_NAME, kPartsName},
     {QX_PANEL_PARTS, kPartsBox},
     {QX_PANEL_REGEX, kRegexBox},
     {QX_PANEL_REPLACE_ALL, kReplaceAllBox},
