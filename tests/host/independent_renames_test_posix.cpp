@@ -29,6 +29,7 @@ class IndependentRenames : public testing::Test {
  protected:
   ~IndependentRenames() override {
     Faults::Clear();
+    // Clears the flag of the last watch, which the runs of other tests would read.
     const InterruptionWatch forget;
   }
 

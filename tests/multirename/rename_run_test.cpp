@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <atomic>
 
+#include "multirename/engine/multi_rename_item.h"
 #include "multirename/moments.h"
 #include "multirename/rename_host.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 
 namespace Velmora::SDK {
@@ -64,7 +66,7 @@ TEST_F(RenameRunTest, ARunForgetsTheCountsAndTheErrorOfBefore) {
 
 TEST_F(RenameRunTest, ARestoreForgetsTheCountsAndTheErrorOfBefore) {
   Rows({W("a"), W("b"), W("c")});
-  host_.renames.codes = {{W("new a"), 5}, {W("new b"), 10}};
+  host_.renames.codes = {{W("new a"), ERROR_ACCESS_DENIED}, {W("new b"), 10}};
   RunRenames(*engine_, false);
   EXPECT_EQ(StatusText(engine_->status), W("1 Renamed, 1 Ignored, 1 Failed"));
   engine_->status.SetError(W("bad"));
@@ -79,7 +81,7 @@ TEST_F(RenameRunTest, EachResultSetsTheStateOfItsOwnRow) {
   host_.renames.codes = {{W("new a"), 1}, {W("new b"), 9}, {W("new c"), 11}, {W("new d"), 0xFFFFFFFF}};
   for (MultiRenameItem& row : *rows_) row.state = StateRenamed;
   RunRenames(*engine_, true);
-  EXPECT_THAT(States(), ElementsAre(3u, 3u, 3u, 3u, 6u));
+  EXPECT_THAT(States(), ElementsAre(StateFailed, StateFailed, StateFailed, StateFailed, StateRenamed));
   EXPECT_EQ(StatusText(engine_->status), W("1 Renamed, 4 Failed"));
 }
 
@@ -180,7 +182,7 @@ TEST_F(RenameRunTest, ASessionThatWasRestoredIsPassedToTheHostASecondTimeToo) {
   MultiRenameUndo& session = *engine_->undoStore.sessions.front();
   session.haveRestored = true;
   RunRestore(*engine_, session);
-  host_.renames.codes = {{W("a"), 2}};
+  host_.renames.codes = {{W("a"), ERROR_FILE_NOT_FOUND}};
   RunRestore(*engine_, session);
   EXPECT_THAT(host_.renames.pathRenames, SizeIs(2));
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new a"));
@@ -190,17 +192,17 @@ TEST_F(RenameRunTest, ASessionThatWasRestoredIsPassedToTheHostASecondTimeToo) {
 
 TEST_F(RenameRunTest, ARestoreOfAllRowsPassesThoseOnThatFailedBefore) {
   Rows({W("a"), W("b"), W("c")});
-  host_.renames.codes = {{W("new b"), 5}, {W("new c"), 10}};
+  host_.renames.codes = {{W("new b"), ERROR_ACCESS_DENIED}, {W("new c"), 10}};
   RunRenames(*engine_, true);
   MultiRenameUndo all;
   all.FromRows(engine_->items, false);
-  host_.renames.codes = {{W("b"), 2}, {W("c"), 2}};
+  host_.renames.codes = {{W("b"), ERROR_FILE_NOT_FOUND}, {W("c"), ERROR_FILE_NOT_FOUND}};
   RunRestore(*engine_, all);
   ASSERT_THAT(host_.renames.pathRenames, SizeIs(3));
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new b"));
   EXPECT_EQ(StatusText(engine_->status), W("1 Restored, 2 Failed"));
   // The results of a restore are not stored in the rows.
-  EXPECT_THAT(States(), ElementsAre(6u, 3u, 4u));
+  EXPECT_THAT(States(), ElementsAre(StateRenamed, StateFailed, StateIgnored));
 }
 
 // Rows have such names if the rules were changed after the run. The path would be that of the folder itself,
@@ -225,12 +227,12 @@ TEST_F(RenameRunTest, AfterARunTheNextNamesAreComputedFromTheOldOnesAgain) {
   const std::atomic<bool> never = false;
   ASSERT_TRUE(ComputeNames(*engine_, never));
   EXPECT_EQ(rows_->front().newName, W("new a.txt"));
-  EXPECT_THAT(States(), ElementsAre(0u));
+  EXPECT_THAT(States(), ElementsAre(StateReady));
 }
 
 TEST_F(RenameRunTest, AStateOfAnEarlierRunBlocksUntilAPreviewResetsIt) {
   Rows({W("a"), W("b")});
-  host_.renames.codes = {{W("new a"), 5}, {W("new b"), 10}};
+  host_.renames.codes = {{W("new a"), ERROR_ACCESS_DENIED}, {W("new b"), 10}};
   RunRenames(*engine_, false);
   for (const MultiRenameItem& row : *rows_) EXPECT_TRUE(BlocksStart(row.state));
   const std::atomic<bool> never = false;

@@ -5,10 +5,12 @@
 
 #include <thread>
 
+#include "multirename/engine/multi_rename_item.h"
 #include "multirename/gate_properties.h"
 #include "multirename/rename_host.h"
 #include "multirename/silent_item.h"
 #include "platform/message_window.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 #include "support/semaphore.h"
 
@@ -82,7 +84,7 @@ TEST_F(RenameWorkerTest, APreviewComputesAllRowsAndPostsItsTwoMessages) {
   EXPECT_EQ(Next(), "33868(1,0)");
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(Names(), ElementsAre(W("x01.t"), W("x02.t"), W("x03.t")));
-  EXPECT_THAT(States(), ElementsAre(0u, 0u, 0u));
+  EXPECT_THAT(States(), ElementsAre(StateReady, StateReady, StateReady));
   EXPECT_FALSE(engine_->worker.WasPreviewCut());
   EXPECT_FALSE(engine_->busy);
   EXPECT_EQ(Next(0), "none");
@@ -142,7 +144,7 @@ TEST_F(RenameWorkerTest, OnlyTheLastOfManyPreviewsCompletesAndPosts) {
   EXPECT_EQ(Next(), "33868(1,0)");
   EXPECT_EQ(Next(0), "none");
   EXPECT_THAT(Names(), ElementsAre(W("20"), W("20")));
-  EXPECT_THAT(States(), ElementsAre(1u, 1u));
+  EXPECT_THAT(States(), ElementsAre(StateDuplicate, StateDuplicate));
 }
 
 TEST_F(RenameWorkerTest, AJobThatIsStoppedSkipsWhatWasAskedForMeanwhileUntilTheNextWake) {
@@ -263,14 +265,14 @@ TEST_F(RenameWorkerTest, ARunRenamesAllRowsWhateverTheirStatesAndKeepsTheResults
   Preview();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   (*rows_)[1].state = StateDuplicate;
-  host_.renames.codes = {{W("x02"), 183}, {W("x03"), 10}};
+  host_.renames.codes = {{W("x02"), ERROR_ALREADY_EXISTS}, {W("x03"), 10}};
   engine_->worker.WantRename(true);
   engine_->worker.Wake();
   EXPECT_EQ(Next(), "33768(0,0)");
   EXPECT_EQ(Next(), "33868(1,0)");
   EXPECT_EQ(Next(), "33868(2,0)");
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EXPECT_THAT(States(), ElementsAre(6u, 3u, 4u, 6u));
+  EXPECT_THAT(States(), ElementsAre(StateRenamed, StateFailed, StateIgnored, StateRenamed));
   EXPECT_EQ(StatusText(engine_->status), W("2 Renamed, 1 Ignored, 1 Failed"));
   EXPECT_THAT(host_.renames.calls, ElementsAre("create", "run", "release", "release service"));
   EXPECT_EQ(host_.servicesOut, 0);
@@ -316,11 +318,11 @@ TEST_F(RenameWorkerTest, WhenAllRenamesFailThereIsNoUndoFileAndNoSession) {
   Begin({W("a")});
   Preview();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  host_.renames.codes = {{W("x01"), 5}};
+  host_.renames.codes = {{W("x01"), ERROR_ACCESS_DENIED}};
   engine_->worker.WantRename(true);
   engine_->worker.Wake();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EXPECT_THAT(States(), ElementsAre(3u));
+  EXPECT_THAT(States(), ElementsAre(StateFailed));
   EXPECT_THAT(UndoFiles(), IsEmpty());
   EXPECT_THAT(engine_->undoStore.sessions, IsEmpty());
 }
@@ -353,7 +355,7 @@ TEST_F(RenameWorkerTest, ARestoreRenamesEachNewNameBackInItsOrderAndLeavesTheRow
   auto session = std::make_shared<MultiRenameUndo>();
   session->entries = {{W("C:\\x"), W("n1"), W("o1")}, {W("C:\\y\\"), W("n2"), W("o2")}};
   engine_->restoreSet = session;
-  host_.renames.codes = {{W("o2"), 2}};
+  host_.renames.codes = {{W("o2"), ERROR_FILE_NOT_FOUND}};
   engine_->worker.WantRestore();
   engine_->worker.Wake();
   EXPECT_EQ(Next(), "33868(3,0)");
@@ -364,7 +366,7 @@ TEST_F(RenameWorkerTest, ARestoreRenamesEachNewNameBackInItsOrderAndLeavesTheRow
   EXPECT_EQ(host_.renames.pathRenames[0].to, W("o1"));
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\y\\n2"));
   EXPECT_EQ(host_.renames.pathRenames[1].data, &session->entries[1]);
-  EXPECT_THAT(States(), ElementsAre(0u));
+  EXPECT_THAT(States(), ElementsAre(StateReady));
   EXPECT_EQ(StatusText(engine_->status), W("1 Restored, 1 Failed"));
 }
 
@@ -393,7 +395,7 @@ TEST_F(RenameWorkerTest, ARunIsNotStoppedByAStopButWaitedFor) {
   go.Release();
   stopper.join();
   EXPECT_EQ(Next(), "33868(2,0)");
-  EXPECT_THAT(States(), ElementsAre(6u));
+  EXPECT_THAT(States(), ElementsAre(StateRenamed));
 }
 
 TEST_F(RenameWorkerTest, ARunIsDoneThoughItIsToldToStopBeforeItBegins) {
