@@ -46,6 +46,7 @@ TEST(RenameNumbers, OfTheControlsOfTheRulePanel) {
                  {kPairAdd, 1119},
                  {kPairDialog, 1117},
                  {kPartsBox, 1070},
+                 {kPartsName, 1072},
                  {kRegexBox, 1039},
                  {kReplaceAllBox, 1038},
                  {kCaseSensitiveBox, 1037},
