@@ -10,6 +10,7 @@
 
 #include "data/thrown.h"
 #include "platform/outcome.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 
 using WQDR::DataReader;
@@ -117,7 +118,7 @@ TEST(DataReaderException, KeepsACopyOfItsTextAndIsCopied) {
   text = "something else entirely";
   const WQDataReaderException second = first;
   for (const WQDataReaderException* exception : {&first, &second}) {
-    EXPECT_EQ(exception->errorCode, 1117u);
+    EXPECT_EQ(exception->errorCode, DWORD{ERROR_IO_DEVICE});
     EXPECT_STREQ(exception->what(), "Failed to read file");
   }
   EXPECT_NE(first.what(), second.what());

@@ -8,6 +8,7 @@
 #include <deque>
 
 #include "filetools/link_calls.h"
+#include "frame/host/host_types.h"
 #include "frame/services/system_error_text.h"
 #include "support/fake_host.h"
 #include "support/read_shell_link.h"
@@ -122,7 +123,7 @@ TEST_F(CreateLinksCommand, WithoutItemsItEndsInSilence) {
 
 TEST_F(CreateLinksCommand, ListOfARefusedRequestIsNotLookedAt) {
   Select({W("a.txt")});
-  host_.refusedRequest = 21215;
+  host_.refusedRequest = kListSelectedItems;
   host_.fillsRefusedLists = true;
   RunWithoutADialog();
   EXPECT_THAT(host_.recorder.CallsOf({"item ", "GetTargetPanelPath", "MessageBox", "Log"}), IsEmpty());

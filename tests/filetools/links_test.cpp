@@ -5,6 +5,7 @@
 
 #include "filetools/link_calls.h"
 #include "frame/services/system_error_text.h"
+#include "platform/windows_api.h"
 #include "support/fake_host.h"
 #include "support/read_shell_link.h"
 #include "support/refusals.h"
@@ -42,7 +43,7 @@ class LinksTest : public testing::Test {
 };
 
 TEST_F(LinksTest, AHardLinkIsASecondName) {
-  EXPECT_EQ(Create(1), 0u);
+  EXPECT_EQ(Create(kHardLink), 0u);
   scratch_.Write(W("a.txt"), "changed");
   EXPECT_EQ(scratch_.Read(W("link")), "changed");
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkCreated("Hardlink", link_, target_)));
@@ -50,13 +51,13 @@ TEST_F(LinksTest, AHardLinkIsASecondName) {
 
 TEST_F(LinksTest, AHardLinkThatCannotBeGivesTheSystemsError) {
   link_ = target_;
-  EXPECT_EQ(Create(1), 183u);
+  EXPECT_EQ(Create(kHardLink), DWORD{ERROR_ALREADY_EXISTS});
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Hardlink", 183, link_, target_)));
 }
 
 TEST_F(LinksTest, AShortcutToAFileStartsInItsFolderAndIsUnknownInTheLogWhichIsMeant) {
   link_ += W(".lnk");
-  EXPECT_EQ(Create(4), 0u);
+  EXPECT_EQ(Create(kShortcut), 0u);
   const ShellLink shortcut = ReadShellLink(link_);
   EXPECT_EQ(shortcut.target, target_);
   EXPECT_EQ(shortcut.workingFolder, scratch_.Path() + W("\\"));
@@ -66,13 +67,13 @@ TEST_F(LinksTest, AShortcutToAFileStartsInItsFolderAndIsUnknownInTheLogWhichIsMe
 
 TEST_F(LinksTest, AShortcutThatCannotBeSavedIsError3) {
   link_ = scratch_.Path(W("nosuch\\link.lnk"));
-  EXPECT_EQ(Create(4), 3u);
+  EXPECT_EQ(Create(kShortcut), DWORD{ERROR_PATH_NOT_FOUND});
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Unknown", 3, link_, target_)));
 }
 
 TEST_F(LinksTest, AShortcutOverAFileThatIsNoShortcutIsError3InTheLogAndInABox) {
   link_ = scratch_.Write(W("kept.lnk"), "not a shortcut");
-  EXPECT_EQ(CreateWithRetry(4), 3u);
+  EXPECT_EQ(CreateWithRetry(kShortcut), DWORD{ERROR_PATH_NOT_FOUND});
   EXPECT_EQ(scratch_.Read(W("kept.lnk")), "not a shortcut");
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Unknown", 3, link_, target_), LinkErrorBox(3)));
@@ -80,7 +81,7 @@ TEST_F(LinksTest, AShortcutOverAFileThatIsNoShortcutIsError3InTheLogAndInABox) {
 
 TEST_F(LinksTest, AJunctionOfAFolderToItselfIsError13InTheLogAndInABox) {
   link_ = target_ = scratch_.MakeFolder(W("sub"));
-  EXPECT_EQ(CreateWithRetry(2), 13u);
+  EXPECT_EQ(CreateWithRetry(kJunction), DWORD{ERROR_INVALID_DATA});
   EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Junction", 13, link_, target_), LinkErrorBox(13)));
@@ -88,7 +89,7 @@ TEST_F(LinksTest, AJunctionOfAFolderToItselfIsError13InTheLogAndInABox) {
 
 TEST_F(LinksTest, AJunctionIsRefusedWhereAFileIs) {
   link_ = target_;
-  EXPECT_EQ(Create(2, true), 13u);
+  EXPECT_EQ(Create(kJunction, true), DWORD{ERROR_INVALID_DATA});
   EXPECT_EQ(scratch_.Read(W("a.txt")), "abc");
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Junction", 13, link_, target_)));
 }
@@ -96,7 +97,7 @@ TEST_F(LinksTest, AJunctionIsRefusedWhereAFileIs) {
 TEST_F(LinksTest, AnyOtherKindIsError13AndUnknown) {
   for (const int kind : {0, 5, -1, 1000000}) {
     host_.recorder.ClearCalls();
-    EXPECT_EQ(Create(kind), 13u);
+    EXPECT_EQ(Create(kind), DWORD{ERROR_INVALID_DATA});
     EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Unknown", 13, link_, target_)));
   }
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
@@ -104,7 +105,7 @@ TEST_F(LinksTest, AnyOtherKindIsError13AndUnknown) {
 
 TEST_F(LinksTest, WithoutAHostNothingIsLogged) {
   EXPECT_EQ(CreateLinkOfKind(nullptr, kHardLink, link_, target_, false), 0u);
-  EXPECT_EQ(CreateLinkOfKind(nullptr, kHardLink, link_, target_, false), 183u);
+  EXPECT_EQ(CreateLinkOfKind(nullptr, kHardLink, link_, target_, false), DWORD{ERROR_ALREADY_EXISTS});
   EXPECT_EQ(scratch_.Read(W("link")), "abc");
 }
 
@@ -125,13 +126,13 @@ TEST_F(LinksTest, NoPathsAndVeryLongOnesAreErrorsOfEachKind) {
 // Shells accept targets of different lengths.
 TEST_F(LinksTest, AShortcutToAVeryLongPathIsMadeOrIsError3) {
   target_ = scratch_.Path(WString(32000, W('x')));
-  EXPECT_THAT(Create(4), AnyOf(0u, 3u));
+  EXPECT_THAT(Create(kShortcut), AnyOf(DWORD{ERROR_SUCCESS}, DWORD{ERROR_PATH_NOT_FOUND}));
   EXPECT_EQ(host_.recorder.CallsOf({"LogMessage"}).size(), 1u);
 }
 
 TEST_F(LinksTest, TheHelperIsGivenTheRequestAndItsAnswerIsLogged) {
   host_.helper.exists = true;
-  EXPECT_EQ(CreateElevated(3, true), 0u);
+  EXPECT_EQ(CreateElevated(kSymbolicLink, true), 0u);
   EXPECT_THAT(host_.recorder.Calls(),
               ElementsAre("GetService(3250, 0)", "helper.Connect()", "helper.CreateWriter()",
                           "writer.WriteU32(3)", "writer.WriteString(\"" + ToUtf8(link_) + "\")",
@@ -145,21 +146,21 @@ TEST_F(LinksTest, TheHelperIsGivenTheRequestAndItsAnswerIsLogged) {
 TEST_F(LinksTest, TheHelpersErrorIsTheAnswer) {
   host_.helper.exists = true;
   host_.helper.reply = 1460;
-  EXPECT_EQ(CreateElevated(1, false), 1460u);
+  EXPECT_EQ(CreateElevated(kHardLink, false), DWORD{ERROR_TIMEOUT});
   EXPECT_THAT(
       host_.recorder.CallsOf({"writer.WriteU32", "LogMessage"}),
       ElementsAre("writer.WriteU32(1)", "writer.WriteU32(0)", LinkFailed("Hardlink", 1460, link_, target_)));
 }
 
 TEST_F(LinksTest, WithoutTheServiceTheErrorIs5AndNothingIsLogged) {
-  EXPECT_EQ(CreateElevated(1, false), 5u);
+  EXPECT_EQ(CreateElevated(kHardLink, false), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre("GetService(3250, 0)"));
 }
 
 TEST_F(LinksTest, AHelperThatCannotBeReachedIsError5AndNothingIsLogged) {
   host_.helper.exists = true;
   host_.recorder.Refuse("Connect");
-  EXPECT_EQ(CreateElevated(1, false), 5u);
+  EXPECT_EQ(CreateElevated(kHardLink, false), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.Calls(),
               ElementsAre("GetService(3250, 0)", "helper.Connect()", "helper.Disconnect()"));
   ExpectAllGivenBack(host_);
@@ -168,19 +169,19 @@ TEST_F(LinksTest, AHelperThatCannotBeReachedIsError5AndNothingIsLogged) {
 TEST_F(LinksTest, WithoutAWriterTheErrorIs5) {
   host_.helper.exists = true;
   host_.recorder.Refuse("CreateWriter");
-  EXPECT_EQ(CreateElevated(1, false), 5u);
+  EXPECT_EQ(CreateElevated(kHardLink, false), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.CallsOf({"helper", "LogMessage"}),
               ElementsAre("helper.Connect()", "helper.CreateWriter()", "helper.Disconnect()"));
   ExpectAllGivenBack(host_);
 }
 
 TEST_F(LinksTest, ALinkThatIsMadeShowsNoBox) {
-  EXPECT_EQ(CreateWithRetry(1), 0u);
+  EXPECT_EQ(CreateWithRetry(kHardLink), 0u);
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkCreated("Hardlink", link_, target_)));
 }
 
 TEST_F(LinksTest, AnErrorIsShownWithTheSystemsTextAsItComes) {
-  EXPECT_EQ(CreateWithRetry(0), 13u);
+  EXPECT_EQ(CreateWithRetry(0), DWORD{ERROR_INVALID_DATA});
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Unknown", 13, link_, target_),
                                                   "GetLanguageString(0x000B0065)", LinkErrorBox(13)));
 }
@@ -195,7 +196,7 @@ class RefusedLinksTest : public LinksTest {
 };
 
 TEST_F(RefusedLinksTest, ARefusalGoesToTheHelperAndLeavesTwoLogLines) {
-  EXPECT_EQ(CreateWithRetry(1), 0u);
+  EXPECT_EQ(CreateWithRetry(kHardLink), 0u);
   EXPECT_THAT(
       host_.recorder.CallsOf({"LogMessage", "IsVista", "IsProcess", "MessageBox", "helper.Send"}),
       ElementsAre(LinkFailed("Hardlink", 5, link_, target_), "IsVistaOrNewer()", "IsProcessElevated()",
@@ -205,7 +206,7 @@ TEST_F(RefusedLinksTest, ARefusalGoesToTheHelperAndLeavesTwoLogLines) {
 
 TEST_F(RefusedLinksTest, TheHelpersErrorIsShown) {
   host_.helper.reply = 13;
-  EXPECT_EQ(CreateWithRetry(1), 13u);
+  EXPECT_EQ(CreateWithRetry(kHardLink), DWORD{ERROR_INVALID_DATA});
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Hardlink", 5, link_, target_),
                           LinkFailed("Hardlink", 13, link_, target_), LinkErrorBox(13)));
@@ -213,21 +214,21 @@ TEST_F(RefusedLinksTest, TheHelpersErrorIsShown) {
 
 TEST_F(RefusedLinksTest, AnElevatedProcessAsksNoHelper) {
   host_.isElevated = true;
-  EXPECT_EQ(CreateWithRetry(1), 5u);
+  EXPECT_EQ(CreateWithRetry(kHardLink), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkErrorBox(5)));
 }
 
 TEST_F(RefusedLinksTest, AnOldSystemHasNoHelper) {
   host_.isVista = false;
-  EXPECT_EQ(CreateWithRetry(1), 5u);
+  EXPECT_EQ(CreateWithRetry(kHardLink), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkErrorBox(5)));
 }
 
 TEST_F(RefusedLinksTest, AHelperThatIsNotThereLeavesOneLogLineAndABox) {
   host_.helper.exists = false;
-  EXPECT_EQ(CreateWithRetry(1), 5u);
+  EXPECT_EQ(CreateWithRetry(kHardLink), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage", "MessageBox"}),
               ElementsAre(LinkFailed("Hardlink", 5, link_, target_), LinkErrorBox(5)));
 }
@@ -244,7 +245,7 @@ TEST_F(RefusedLinksTest, WhateverTheHostRefusesAllIsGivenBack) {
 TEST_F(LinksTest, AnotherErrorIsNoRefusal) {
   host_.helper.exists = true;
   link_ = target_;
-  EXPECT_EQ(CreateWithRetry(1), 183u);
+  EXPECT_EQ(CreateWithRetry(kHardLink), DWORD{ERROR_ALREADY_EXISTS});
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "IsVista", "IsProcess"}), IsEmpty());
 }
 

@@ -11,6 +11,7 @@
 #include "filetools/links.h"
 #include "frame/host/command_numbers.h"
 #include "platform/posix/files/faults.h"
+#include "platform/windows_api.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
 
@@ -57,7 +58,7 @@ TEST_F(NativeLinksTest, AnEmptyFolderBecomesTheJunction) {
 TEST_F(NativeLinksTest, AFolderThatHoldsSomethingStays) {
   scratch_.MakeFolder(W("link"));
   scratch_.Write(W("link\\inner"), "abc");
-  EXPECT_EQ(Create(kJunction, true), 13u);
+  EXPECT_EQ(Create(kJunction, true), ERROR_INVALID_DATA);
   EXPECT_EQ(scratch_.Read(W("link\\inner")), "abc");
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Junction", 13, link_, target_)));
 }
@@ -65,19 +66,19 @@ TEST_F(NativeLinksTest, AFolderThatHoldsSomethingStays) {
 TEST_F(NativeLinksTest, AJunctionNeedsATargetThatIsThere) {
   for (const WString& target :
        {scratch_.Path(W("nosuch")), WString(), WString(W("Z:\\") + WString(1022, W('x')))}) {
-    EXPECT_EQ(CreateJunction(link_, target), 13u);
+    EXPECT_EQ(CreateJunction(link_, target), ERROR_INVALID_DATA);
     EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
   }
 }
 
 TEST_F(NativeLinksTest, AFailureLeavesAFolderThatWasThere) {
   scratch_.MakeFolder(W("link"));
-  EXPECT_EQ(CreateJunction(link_, scratch_.Path(W("nosuch"))), 13u);
+  EXPECT_EQ(CreateJunction(link_, scratch_.Path(W("nosuch"))), ERROR_INVALID_DATA);
   EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u);
 }
 
 TEST_F(NativeLinksTest, AJunctionIsNotMadeInAFolderThatIsNotThere) {
-  EXPECT_EQ(CreateJunction(scratch_.Path(W("nosuch\\link")), target_), 13u);
+  EXPECT_EQ(CreateJunction(scratch_.Path(W("nosuch\\link")), target_), ERROR_INVALID_DATA);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
 }
 
@@ -111,7 +112,7 @@ TEST_F(NativeLinksTest, ATargetIsNotSetWithoutPaths) {
 TEST_F(NativeLinksTest, EachStepOfAJunctionMayFail) {
   for (const char* function : {"CreateDirectoryW", "GetFullPathNameW", "CreateFileW", "DeviceIoControl"}) {
     Faults::Fail(function, 1, 5, true);
-    EXPECT_EQ(CreateJunction(link_, target_), 13u) << function;
+    EXPECT_EQ(CreateJunction(link_, target_), ERROR_INVALID_DATA) << function;
     EXPECT_GE(Faults::CallCount(function), 1) << function;
     Faults::Clear();
     EXPECT_THAT(scratch_.Names(), ElementsAre(W("target"))) << function;
@@ -121,15 +122,15 @@ TEST_F(NativeLinksTest, EachStepOfAJunctionMayFail) {
 // If the check whether link and target are the same folder fails, the junction is created nevertheless.
 TEST_F(NativeLinksTest, AJunctionFailsWhereTheOpeningOfItsFolderAloneFails) {
   constexpr int kNever = 1000;
-  Faults::Fail("CreateFileW", kNever, 5);
+  Faults::Fail("CreateFileW", kNever, ERROR_ACCESS_DENIED);
   ASSERT_EQ(CreateJunction(link_, target_), ERROR_SUCCESS);
   const int opening = Faults::CallCount("CreateFileW");
   Faults::Clear();
   ASSERT_GT(opening, 1);
   for (int nth = 1; nth <= opening; ++nth) {
     ASSERT_TRUE(RemoveDirectoryW(link_.c_str()));
-    Faults::Fail("CreateFileW", nth, 5);
-    EXPECT_EQ(CreateJunction(link_, target_), nth == opening ? 13u : DWORD{ERROR_SUCCESS}) << nth;
+    Faults::Fail("CreateFileW", nth, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(CreateJunction(link_, target_), nth == opening ? ERROR_INVALID_DATA : ERROR_SUCCESS) << nth;
     Faults::Clear();
   }
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
@@ -140,7 +141,7 @@ TEST_F(NativeLinksTest, EachStepOfAJunctionMayFailOnAFolderThatWasThere) {
   for (const char* function :
        {"PathIsDirectoryEmptyW", "GetFullPathNameW", "CreateFileW", "DeviceIoControl"}) {
     Faults::Fail(function, 1, 5, true);
-    EXPECT_EQ(CreateJunction(link_, target_), 13u) << function;
+    EXPECT_EQ(CreateJunction(link_, target_), ERROR_INVALID_DATA) << function;
     EXPECT_GE(Faults::CallCount(function), 1) << function;
     Faults::Clear();
     EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u) << function;
@@ -148,8 +149,8 @@ TEST_F(NativeLinksTest, EachStepOfAJunctionMayFailOnAFolderThatWasThere) {
 }
 
 TEST_F(NativeLinksTest, ATargetThatVanishesBeforeItIsUsedMakesNoJunction) {
-  Faults::Fail("GetFileAttributesW", 2, 2);  // the first call examines the link
-  EXPECT_EQ(CreateJunction(link_, target_), 13u);
+  Faults::Fail("GetFileAttributesW", 2, ERROR_FILE_NOT_FOUND);  // the first call examines the link
+  EXPECT_EQ(CreateJunction(link_, target_), ERROR_INVALID_DATA);
   Faults::Clear();
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
 }
@@ -162,20 +163,20 @@ TEST_F(NativeLinksTest, AJunctionOfAFolderToItselfIsRefusedUnderEachOfItsNames) 
                                 W("\\??\\") + link_, W("\\\\?\\") + link_, scratch_.Path(W("other name"))}) {
     host_.recorder.ClearCalls();
     target_ = target;
-    EXPECT_EQ(Create(kJunction, true), 13u) << ToUtf8(target);
+    EXPECT_EQ(Create(kJunction, true), ERROR_INVALID_DATA) << ToUtf8(target);
     EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u) << ToUtf8(target);
     EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Junction", 13, link_, target)));
   }
 }
 
 TEST_F(NativeLinksTest, AJunctionToItselfThatWasNotThereLeavesNothing) {
-  EXPECT_EQ(CreateJunction(link_, link_), 13u);
+  EXPECT_EQ(CreateJunction(link_, link_), ERROR_INVALID_DATA);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
 }
 
 TEST_F(NativeLinksTest, AJunctionToItselfIsRefusedThoughItLeadsElsewhere) {
   ASSERT_EQ(CreateJunction(link_, target_), 0u);
-  EXPECT_EQ(CreateJunction(link_, link_), 13u);
+  EXPECT_EQ(CreateJunction(link_, link_), ERROR_INVALID_DATA);
   EXPECT_EQ(TextOfLink(), scratch_.NativePath(W("target")).native() + "/");
 }
 
@@ -189,7 +190,7 @@ TEST_F(NativeLinksTest, AJunctionToItselfIsFoundByItsTextWhereTheFileSystemCanno
   scratch_.MakeFolder(W("link"));
   for (const WString& target : {link_, scratch_.Path(W("target\\..\\LINK"))}) {
     Faults::Fail("GetFileInformationByHandle", 1, 50, true);
-    EXPECT_EQ(CreateJunction(link_, target), 13u) << ToUtf8(target);
+    EXPECT_EQ(CreateJunction(link_, target), ERROR_INVALID_DATA) << ToUtf8(target);
     EXPECT_GE(Faults::CallCount("GetFileInformationByHandle"), 1);
     Faults::Clear();
     EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x10u) << ToUtf8(target);
@@ -219,13 +220,13 @@ TEST_F(NativeLinksTest, ASymbolicLinkSaysWhatItsTargetIs) {
   Faults::Watch("CreateSymbolicLinkW");
   EXPECT_EQ(Create(kSymbolicLink, true), 0u);
   EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 1u);
-  EXPECT_EQ(Create(kSymbolicLink, false), 183u);
+  EXPECT_EQ(Create(kSymbolicLink, false), ERROR_ALREADY_EXISTS);
   EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 0u);
   EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
 }
 
 TEST_F(NativeLinksTest, WithoutThePrivilegeItIsTriedAgainAsWhoeverHasNone) {
-  Faults::Fail("CreateSymbolicLinkW", 1, 1314);
+  Faults::Fail("CreateSymbolicLinkW", 1, ERROR_PRIVILEGE_NOT_HELD);
   EXPECT_EQ(Create(kSymbolicLink, true), 0u);
   EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
   EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 3u);
@@ -234,23 +235,23 @@ TEST_F(NativeLinksTest, WithoutThePrivilegeItIsTriedAgainAsWhoeverHasNone) {
 
 TEST_F(NativeLinksTest, TheSecondResultCounts) {
   Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
-  EXPECT_EQ(Create(kSymbolicLink, false), 1314u);
+  EXPECT_EQ(Create(kSymbolicLink, false), ERROR_PRIVILEGE_NOT_HELD);
   EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
   EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 2u);
 }
 
 TEST_F(NativeLinksTest, AnotherErrorIsNotTriedAgain) {
-  Faults::Fail("CreateSymbolicLinkW", 1, 5);
-  EXPECT_EQ(Create(kSymbolicLink, false), 5u);
+  Faults::Fail("CreateSymbolicLinkW", 1, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(Create(kSymbolicLink, false), ERROR_ACCESS_DENIED);
   EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 1);
 }
 
 TEST_F(NativeLinksTest, WithoutTheLibraryOrTheFunctionThereIsNoSymbolicLink) {
-  Faults::Fail("LoadLibraryW", 1, 8);
-  EXPECT_EQ(Create(kSymbolicLink, true), 8u);
-  Faults::Fail("GetProcAddress", 1, 127);
+  Faults::Fail("LoadLibraryW", 1, ERROR_NOT_ENOUGH_MEMORY);
+  EXPECT_EQ(Create(kSymbolicLink, true), ERROR_NOT_ENOUGH_MEMORY);
+  Faults::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND);
   Faults::Watch("FreeLibrary");
-  EXPECT_EQ(Create(kSymbolicLink, true), 127u);
+  EXPECT_EQ(Create(kSymbolicLink, true), ERROR_PROC_NOT_FOUND);
   EXPECT_EQ(Faults::CallCount("FreeLibrary"), 1);
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Symlink", 8, link_, target_),
                                                   LinkFailed("Symlink", 127, link_, target_)));
@@ -267,8 +268,8 @@ TEST_F(NativeLinksTest, TheRefusalOfASymbolicLinkGoesToTheHelperAfterBothAttempt
 }
 
 TEST_F(NativeLinksTest, TheBoxShowsTheSystemsTextAsItComesWithItsLineEnd) {
-  Faults::Fail("CreateHardLinkW", 1, 17);
-  EXPECT_EQ(CreateLinkWithRetry(host_, kHardLink, link_, target_, false), 17u);
+  Faults::Fail("CreateHardLinkW", 1, ERROR_NOT_SAME_DEVICE);
+  EXPECT_EQ(CreateLinkWithRetry(host_, kHardLink, link_, target_, false), ERROR_NOT_SAME_DEVICE);
   EXPECT_THAT(host_.recorder.CallsOf({"MessageBox"}),
               ElementsAre("MessageBox(\"T000B0065\", \"The system cannot move the file to a different disk "
                           "drive.\r\n\", 0x00000010)"));
@@ -285,8 +286,8 @@ TEST_F(NativeLinksTest, AScriptIsToldThatAccessIsDeniedWhereThePrivilegeIsMissin
 }
 
 TEST_F(NativeLinksTest, AHardLinkFailsAsTheSystemDoes) {
-  Faults::Fail("CreateHardLinkW", 1, 17);
-  EXPECT_EQ(Create(kHardLink, false), 17u);
+  Faults::Fail("CreateHardLinkW", 1, ERROR_NOT_SAME_DEVICE);
+  EXPECT_EQ(Create(kHardLink, false), ERROR_NOT_SAME_DEVICE);
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Hardlink", 17, link_, target_)));
 }
 
@@ -294,12 +295,12 @@ TEST_F(NativeLinksTest, AShortcutThatCannotBeMadeOrWrittenIsError3AndLeavesNothi
   const WString file = scratch_.Write(W("a.txt"), "abc");
   for (const char* function : {"SaveShellLink", "CreateFileW", "WriteFile"}) {
     Faults::Fail(function, 1, 112, true);
-    EXPECT_EQ(CreateLinkOfKind(&host_, kShortcut, link_, file, false), 3u) << function;
+    EXPECT_EQ(CreateLinkOfKind(&host_, kShortcut, link_, file, false), ERROR_PATH_NOT_FOUND) << function;
     Faults::Clear();
     EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt"), W("target"))) << function;
   }
   Faults::WriteShort(1, 5);
-  EXPECT_EQ(CreateLinkOfKind(&host_, kShortcut, link_, file, false), 3u);
+  EXPECT_EQ(CreateLinkOfKind(&host_, kShortcut, link_, file, false), ERROR_PATH_NOT_FOUND);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt"), W("target")));
 }
 

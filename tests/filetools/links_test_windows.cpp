@@ -27,7 +27,7 @@ TEST_F(LinksOfThisSystem, AJunctionIsMadeOrCleanlyRefused) {
     EXPECT_EQ(GetFileAttributesW(link_.c_str()), 0x410u);
     EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkCreated("Junction", link_, target_)));
   } else {
-    EXPECT_EQ(error, 13u);
+    EXPECT_EQ(error, DWORD{ERROR_INVALID_DATA});
     EXPECT_THAT(scratch_.Names(), ElementsAre(W("target")));
     EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Junction", 13, link_, target_)));
   }

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "frame/host/command_numbers.h"
+#include "frame/host/host_types.h"
 #include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
@@ -116,7 +117,7 @@ TEST(QuickRename, EmptySelectionEndsSilentlyWithItsListReleased) {
 TEST(QuickRename, ListOfARefusedRequestIsNotLookedAt) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});
-  host.refusedRequest = 21215;
+  host.refusedRequest = kListSelectedItems;
   host.fillsRefusedLists = true;
   BoxAnswers boxes;
   QuickRenameCommand(host, kCommandUpperCase);

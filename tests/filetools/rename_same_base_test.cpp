@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "filetools/rename_same_base.h"
+#include "frame/host/host_types.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -161,7 +162,7 @@ TEST(RenameSameBase, WithoutAFocusedItemItAsksAndRunsABatchWithNoEntries) {
 TEST(RenameSameBase, FocusedItemOfARefusedRequestCountsAsNone) {
   FakeHost host;
   Focus(host, W("song.mp3"), {W("song.txt")});
-  host.refusedRequest = 21111;
+  host.refusedRequest = kListFocusedItem;
   host.fillsRefusedLists = true;
   RenameTo(host, W("n"));
   EXPECT_THAT(host.recorder.CallsOf({"FileListRequest"}), ElementsAre("FileListRequest(21111, list1, 0, 0)"));
@@ -174,7 +175,7 @@ TEST(RenameSameBase, ViewThatTheHostRefusesEndsItWithoutAQuestion) {
   for (const bool fills : {false, true}) {
     FakeHost host;
     Focus(host, W("song.mp3"), {W("song.txt")});
-    host.refusedRequest = 21110;
+    host.refusedRequest = kListAllItems;
     host.fillsRefusedLists = fills;
     BoxAnswers boxes;
     RenameSameBaseCommand(host);

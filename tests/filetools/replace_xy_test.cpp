@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "filetools/replace_xy.h"
+#include "frame/host/host_types.h"
 #include "frame/services/message_texts.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
@@ -71,7 +72,7 @@ TEST(ReplaceXY, ReplacesInTheSelectedNamesAfterTheQuestion) {
 TEST(ReplaceXY, ListOfARefusedRequestIsNotLookedAt) {
   FakeHost host;
   host.SelectFiles({W("a_b.txt")});
-  host.refusedRequest = 21215;
+  host.refusedRequest = kListSelectedItems;
   host.fillsRefusedLists = true;
   BoxAnswers boxes;
   ReplaceXYCommand(host, MustNotBeShown());

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "filetools/set_extension.h"
+#include "frame/host/host_types.h"
 #include "support/box_answers.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -155,7 +156,7 @@ TEST(SetExtension, SelectionThatTheHostRefusesEndsItWithoutAWord) {
     FakeHost host;
     host.focused = host.AddFile(W("f.txt"));
     host.SelectFiles({W("a.txt")});
-    host.refusedRequest = 21215;
+    host.refusedRequest = kListSelectedItems;
     host.fillsRefusedLists = fills;
     BoxAnswers boxes;
     SetExtensionCommand(host);
@@ -182,7 +183,7 @@ TEST(SetExtension, FocusedItemOfARefusedRequestGivesNoDefault) {
   FakeHost host;
   host.focused = host.AddFile(W("f.txt"));
   host.SelectFiles({W("a.doc")});
-  host.refusedRequest = 21111;
+  host.refusedRequest = kListFocusedItem;
   host.fillsRefusedLists = true;
   host.textAnswers = {{false, {}}};
   SetExtensionCommand(host);

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/host/host_types.h"
 #include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -77,7 +78,7 @@ TEST_F(FindAndReplaceCommandTest, WithNothingSelectedItSaysSoInABox) {
 
 TEST_F(FindAndReplaceCommandTest, ListOfARefusedRequestIsNotLookedAt) {
   Select(W("a.txt"), "a");
-  host_.refusedRequest = 21215;
+  host_.refusedRequest = kListSelectedItems;
   host_.fillsRefusedLists = true;
   Run(MustNotBeShown());
   EXPECT_THAT(host_.recorder.CallsOf({"MessageBox", "item ", "config.", "list1.Get"}), IsEmpty());

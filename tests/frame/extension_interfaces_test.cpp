@@ -5,6 +5,7 @@
 
 #include "frame/host/command_numbers.h"
 #include "frame/qx_utils.h"
+#include "multirename/form/frame_form.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "security/ntfs_prop.h"
 #include "support/fake_helper_message.h"
@@ -23,7 +24,7 @@ TEST(FileUtils, AnswersTheConstantsOfItsFifteenOperations) {
   EXPECT_EQ(plugin.OnStart(&host), 1);
   EXPECT_STREQ(plugin.GetExtensionId(), "3f93229334d648ab8dcc1eb4f62b8ef7");
   EXPECT_FALSE(plugin.OnHostEvent(0, 0));
-  EXPECT_FALSE(plugin.OnHostEvent(1, 52300));
+  EXPECT_FALSE(plugin.OnHostEvent(1, kEventSelectionChanged));
   EXPECT_FALSE(plugin.OnHostEvent(1, 1000));
   EXPECT_EQ(plugin.OnCommand(kCommandIgnored, 0, 0), 0);
   EXPECT_EQ(plugin.Reserved1(), 0);

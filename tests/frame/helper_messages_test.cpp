@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "frame/qx_utils.h"
+#include "frame/services/helper_requests.h"
 #include "support/fake_helper_message.h"
 #include "support/fake_host.h"
 #include "support/scratch_folder.h"
@@ -46,7 +47,7 @@ class CreateLinkMessage : public testing::Test {
   // Sends the payload and returns the reply, which must be the last call to the message.
   std::string Send(std::vector<PayloadValue> payload) {
     FakeHelperMessage message(std::move(payload));
-    EXPECT_EQ(extension_.OnHelperMessage(5004, &message), 1);
+    EXPECT_EQ(extension_.OnHelperMessage(kHelperCreateLink, &message), 1);
     EXPECT_THAT(message.recorder.Open(), IsEmpty());
     EXPECT_THAT(message.recorder.Problems(), IsEmpty());
     EXPECT_EQ(message.recorder.CallsOf({"SetReply"}).size(), 1u);
@@ -61,7 +62,7 @@ class CreateLinkMessage : public testing::Test {
 
 TEST_F(CreateLinkMessage, IsReadInItsOrderAndAnswered) {
   FakeHelperMessage message({u32{1}, link_, target_, u32{0}});
-  EXPECT_EQ(extension_.OnHelperMessage(5004, &message), 1);
+  EXPECT_EQ(extension_.OnHelperMessage(kHelperCreateLink, &message), 1);
   EXPECT_THAT(message.recorder.Calls(),
               ElementsAre("CreateReader()", "GetData()", "GetSize()", "reader.Attach(the payload)",
                           "reader.ReadU32()", "reader.ReadString()", "reader.ReadString()",
@@ -91,7 +92,7 @@ TEST_F(CreateLinkMessage, OneThatIsCutMakesNoLink) {
 TEST_F(CreateLinkMessage, WithoutAReaderNoLinkIsMade) {
   FakeHelperMessage message({u32{1}, link_, target_, u32{0}});
   message.givesReader = false;
-  EXPECT_EQ(extension_.OnHelperMessage(5004, &message), 1);
+  EXPECT_EQ(extension_.OnHelperMessage(kHelperCreateLink, &message), 1);
   EXPECT_THAT(message.recorder.Calls(), ElementsAre("CreateReader()", "SetReply(0, 13, 0, 0)"));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
 }

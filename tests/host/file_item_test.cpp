@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "frame/host/host_types.h"
 #include "host/services/lists.h"
 #include "host/services/view.h"
 #include "support/scratch_folder.h"
@@ -205,10 +206,10 @@ TEST_F(ViewTest, TheSelectionKeepsItsOrderAndAnItemCountsOnce) {
   FileItem* const a = Make(W("a"));
   FileItem* const dir = MakeDir(W("dir"));
   View view(tree_, {b, a, b, dir}, nullptr, {});
-  EXPECT_THAT(Names(view, 21215, 16), ElementsAre(W("b"), W("a"), W("dir")));
-  EXPECT_THAT(Names(view, 21215, 19), ElementsAre(W("b"), W("a"), W("dir")));
-  EXPECT_THAT(Names(view, 21215, 0), ElementsAre(W("b"), W("a"), W("dir")));
-  EXPECT_THAT(Names(view, 21215, 18), ElementsAre(W("b"), W("a")));
+  EXPECT_THAT(Names(view, kListSelectedItems, kModeRename), ElementsAre(W("b"), W("a"), W("dir")));
+  EXPECT_THAT(Names(view, kListSelectedItems, kModeWithFolders), ElementsAre(W("b"), W("a"), W("dir")));
+  EXPECT_THAT(Names(view, kListSelectedItems, kModePlain), ElementsAre(W("b"), W("a"), W("dir")));
+  EXPECT_THAT(Names(view, kListSelectedItems, kModeContent), ElementsAre(W("b"), W("a")));
   EXPECT_NE(result_, 0);
 }
 
@@ -216,18 +217,18 @@ TEST_F(ViewTest, TheFirstSelectedItemHasTheFocusUnlessAnotherIsGiven) {
   FileItem* const b = Make(W("b"));
   FileItem* const a = Make(W("a"));
   View first(tree_, {b, a}, nullptr, {});
-  EXPECT_THAT(Names(first, 21111, 19), ElementsAre(W("b")));
+  EXPECT_THAT(Names(first, kListFocusedItem, kModeWithFolders), ElementsAre(W("b")));
   View given(tree_, {b}, a, {});
-  EXPECT_THAT(Names(given, 21111, 0), ElementsAre(W("a")));
+  EXPECT_THAT(Names(given, kListFocusedItem, kModePlain), ElementsAre(W("a")));
 }
 
 TEST_F(ViewTest, WithoutAFocusedItemTheFocusAndTheViewFail) {
   View view(tree_, {}, nullptr, {});
-  EXPECT_THAT(Names(view, 21111, 0), IsEmpty());
+  EXPECT_THAT(Names(view, kListFocusedItem, kModePlain), IsEmpty());
   EXPECT_EQ(result_, 0);
-  EXPECT_THAT(Names(view, 21110, 0), IsEmpty());
+  EXPECT_THAT(Names(view, kListAllItems, kModePlain), IsEmpty());
   EXPECT_EQ(result_, 0);
-  EXPECT_THAT(Names(view, 21215, 16), IsEmpty());
+  EXPECT_THAT(Names(view, kListSelectedItems, kModeRename), IsEmpty());
   EXPECT_NE(result_, 0);
 }
 
@@ -237,8 +238,9 @@ TEST_F(ViewTest, AllItemsOfTheFolderAreSortedByName) {
   Make(W("a.txt"));
   MakeDir(W("aa"));
   View view(tree_, {item}, nullptr, {});
-  EXPECT_THAT(Names(view, 21110, 0), ElementsAre(W("a.txt"), W("aa"), W("b.txt"), W("C.txt")));
-  EXPECT_THAT(Names(view, 21110, 18), ElementsAre(W("a.txt"), W("b.txt"), W("C.txt")));
+  EXPECT_THAT(Names(view, kListAllItems, kModePlain),
+              ElementsAre(W("a.txt"), W("aa"), W("b.txt"), W("C.txt")));
+  EXPECT_THAT(Names(view, kListAllItems, kModeContent), ElementsAre(W("a.txt"), W("b.txt"), W("C.txt")));
 }
 
 TEST_F(ViewTest, AnotherFolderCanBeTheView) {
@@ -246,7 +248,7 @@ TEST_F(ViewTest, AnotherFolderCanBeTheView) {
   MakeDir(W("other"));
   Make(W("other\\x.txt"));
   View view(tree_, {item}, nullptr, scratch_.Path(W("other")));
-  EXPECT_THAT(Names(view, 21110, 0), ElementsAre(W("x.txt")));
+  EXPECT_THAT(Names(view, kListAllItems, kModePlain), ElementsAre(W("x.txt")));
 }
 
 TEST_F(ViewTest, AnUnknownCodeFails) {

@@ -3,13 +3,12 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/services/helper_requests.h"
 #include "host/system/system_places.h"
 #include "support/scratch_folder.h"
 
 namespace QxHost {
 namespace {
-
-constexpr s32 kCreateLink = 5004;
 
 HelperCommand Helper(const WString& module) {
   const WString program = OwnProgram();
@@ -25,7 +24,7 @@ u32 SendLink(HelperChannel& channel, u32 kind, const WString& link, const WStrin
   writer->WriteString(link.c_str());
   writer->WriteString(target.c_str());
   writer->WriteU32(0);
-  const u32 answer = channel.Send(kCreateLink, writer->GetData(), writer->GetSize());
+  const u32 answer = channel.Send(Velmora::SDK::kHelperCreateLink, writer->GetData(), writer->GetSize());
   writer->Release();
   return answer;
 }
@@ -77,24 +76,24 @@ TEST(HelperChannel, AMessageThatTheModuleDoesNotKnowIsError1) {
 
 TEST(HelperChannel, NothingIsSentBeforeConnectOrWithoutData) {
   HelperChannel channel(RealHelper());
-  EXPECT_EQ(channel.Send(kCreateLink, "abcd", 4), 109u);
+  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 109u);
   ASSERT_TRUE(channel.Connect());
-  EXPECT_EQ(channel.Send(kCreateLink, nullptr, 4), 87u);
-  EXPECT_EQ(channel.Send(kCreateLink, "abcd", 0xFFFFFFFF), 87u);
+  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, nullptr, 4), 87u);
+  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 0xFFFFFFFF), 87u);
   channel.Disconnect();
-  EXPECT_EQ(channel.Send(kCreateLink, "abcd", 4), 109u);
+  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 109u);
 }
 
 TEST(HelperChannel, AMessageThatIsCutIsAnsweredAsInvalid) {
   HelperChannel channel(RealHelper());
   ASSERT_TRUE(channel.Connect());
-  EXPECT_EQ(channel.Send(kCreateLink, "abcd", 4), 13u);
+  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 13u);
 }
 
 TEST(HelperChannel, AProgramThatIsNotThereIsNotReached) {
   HelperChannel channel({ProgramFolder() + W("\\no-such-program"), {}});
   EXPECT_FALSE(channel.Connect());
-  EXPECT_EQ(channel.Send(kCreateLink, "abcd", 4), 109u);
+  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 109u);
   channel.Disconnect();
 }
 

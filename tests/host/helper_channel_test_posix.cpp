@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/services/helper_requests.h"
+
 namespace QxHost {
 namespace {
 
@@ -18,8 +20,8 @@ u32 SendTo(const char* script, const HelperTimes& times, u32 size = 4) {
   HelperChannel channel(Shell(script), times);
   EXPECT_TRUE(channel.Connect());
   const std::string body(size, 'x');
-  const u32 answer = channel.Send(5004, body.data(), size);
-  EXPECT_EQ(channel.Send(5004, body.data(), size), 109u) << "a helper that failed is still used";
+  const u32 answer = channel.Send(kHelperCreateLink, body.data(), size);
+  EXPECT_EQ(channel.Send(kHelperCreateLink, body.data(), size), 109u) << "a helper that failed is still used";
   channel.Disconnect();
   return answer;
 }

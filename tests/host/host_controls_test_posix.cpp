@@ -1,6 +1,7 @@
 // The controls that an extension gets from its host, in the native build, where they need no parent.
 #include <gmock/gmock.h>
 
+#include "host/controls/controls.h"
 #include "host/controls/vector_list.h"
 #include "host/services/host_app.h"
 #include "recorded_output.h"
@@ -101,7 +102,7 @@ TEST_F(HostControlsTest, EventsGoToTheSinkAndNowhereWithoutOne) {
   std::vector<std::pair<std::intptr_t, s32>> events;
   host_.SetEventSink([&](std::intptr_t source, s32 code) { events.emplace_back(source, code); });
   list.Select({{1, 2}});
-  EXPECT_THAT(events, ElementsAre(Pair(static_cast<std::intptr_t>(list.GetId()), 52300)));
+  EXPECT_THAT(events, ElementsAre(Pair(static_cast<std::intptr_t>(list.GetId()), kSelectionChanged)));
   host_.SetEventSink(nullptr);
   list.Select({{0, 2}});
   EXPECT_EQ(events.size(), 1u);

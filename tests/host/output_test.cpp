@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/host/host_types.h"
 #include "host/output/reporter.h"
 #include "recorded_output.h"
 
@@ -38,7 +39,7 @@ TEST(JsonReporter, EachEventIsOneLineOfPlainAsciiOrUtf8) {
   const auto reporter = MakeJsonReporter(recorded.output);
   const WString lone = {W('a'), static_cast<WCHAR>(0xDCFF), W('\n'), W('"'), static_cast<WCHAR>(0xE4)};
   reporter->Log(0, 10, lone);
-  reporter->List(21120, 1, {W("Z:\\a"), W("b")});
+  reporter->List(kListResult, 1, {W("Z:\\a"), W("b")});
   reporter->Shell({W("Open"), W("f"), W("a b")});
   reporter->Result(-1);
   EXPECT_EQ(recorded.Out(),
@@ -88,8 +89,8 @@ TEST(ProseReporter, ScriptResultsShowWhatIsSet) {
 TEST(ProseReporter, EmptyListsAreNotShown) {
   RecordedOutput recorded;
   const auto reporter = MakeProseReporter(recorded.output);
-  reporter->List(21120, 0, {});
-  reporter->List(21120, 1, {W("Z:\\a")});
+  reporter->List(kListResult, 0, {});
+  reporter->List(kListResult, 1, {W("Z:\\a")});
   EXPECT_EQ(recorded.Out(), "failed:\n  Z:\\a\n");
 }
 

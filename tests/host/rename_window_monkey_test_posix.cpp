@@ -138,7 +138,7 @@ class RenameWindowMonkey : public testing::Test {
       case MonkeyDeed::kClose:
         return parts.frame.PostClose();
       case MonkeyDeed::kShutDown:
-        return parts.context.host.PostCommand(20002, 0, 0);
+        return parts.context.host.PostCommand(kCommandShutdown, 0, 0);
     }
   }
   static void Choose(UndrawnParts& parts, const MonkeyAction& action) {

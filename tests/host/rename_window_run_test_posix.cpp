@@ -2,6 +2,10 @@
 // another window, and moves rows. Runs under the thread sanitizer too.
 #include "frame/host/command_numbers.h"
 #include "host/hosted_rename_window.h"
+#include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
+#include "multirename/form/undo_manager_form.h"
+#include "platform/windows_api.h"
 
 namespace QxHost {
 namespace {
@@ -33,15 +37,15 @@ class HostedWindowRun : public testing::Test {
 TEST_F(HostedWindowRun, APersonRenamesFilesAndTakesTheSessionBackInAnotherWindow) {
   StartWith({W("a.txt"), W("b.txt")});
   EXPECT_EQ(hosted_.RunWindow([](UndrawnWindow& window) {
-    window.Do([](UndrawnParts& parts) { parts.Type(1034, W("new[C]")); });
+    window.Do([](UndrawnParts& parts) { parts.Type(kNameTemplate, W("new[C]")); });
     window.Do([](UndrawnParts& parts) {
       SettleWindow(parts);
       EXPECT_THAT(Cells(parts, 2), ElementsAre(W("a.txt"), W("b.txt")));
       EXPECT_THAT(Cells(parts, 3), ElementsAre(W("new01.txt"), W("new02.txt")));
-      parts.Press(1003);
+      parts.Press(kStartButton);
       SettleWindow(parts);
       EXPECT_EQ(parts.panes[1], W("2 Renamed"));
-      parts.Press(1041);
+      parts.Press(kCloseButton);
     });
   }),
             1);
@@ -52,22 +56,22 @@ TEST_F(HostedWindowRun, APersonRenamesFilesAndTakesTheSessionBackInAnotherWindow
    public:
     int ChooseLine(const MenuLines&) override { return 0; }
     void UseDialog(int resource, DialogForm& form, UndrawnDialog& dialog) override {
-      EXPECT_EQ(resource, 106);
-      EXPECT_EQ(dialog[1053].rows.size(), 1u);
-      form.ClickRow(1053, 0);
-      form.Press(1);
+      EXPECT_EQ(resource, kUndoManagerDialog);
+      EXPECT_EQ(dialog[kUndoSessions].rows.size(), 1u);
+      form.ClickRow(kUndoSessions, 0);
+      form.Press(IDOK);
     }
   } user;
   InstallUndrawnUser(&user);
   hosted_.extensions->Renew(kCommandMultiRename);
   EXPECT_EQ(hosted_.RunWindow([](UndrawnWindow& window) {
     window.Do([](UndrawnParts& parts) {
-      parts.Press(1049);
+      parts.Press(kUndoManagerButton);
       EXPECT_TRUE(parts.panel.SessionLoaded());
-      parts.Press(1040);
+      parts.Press(kUndoButton);
       SettleWindow(parts);
       EXPECT_EQ(parts.panes[1], W("2 Restored"));
-      parts.Press(1041);
+      parts.Press(kCloseButton);
     });
   }),
             1);
@@ -80,16 +84,16 @@ TEST_F(HostedWindowRun, RowsThatAreMovedAreCountedInTheirNewOrderFromTheNextChan
   StartWith({W("a"), W("b"), W("c")});
   hosted_.RunWindow([](UndrawnWindow& window) {
     window.Do([](UndrawnParts& parts) {
-      parts.Type(1034, W("[N][C]"));
+      parts.Type(kNameTemplate, W("[N][C]"));
       SettleWindow(parts);
       ListOf(parts).Select({{2, 3}});
       EXPECT_EQ(parts.panes[0], W("Items: 3, selected: 1"));
-      EXPECT_TRUE(parts.frame.OnCommand(40003));
+      EXPECT_TRUE(parts.frame.OnCommand(kMoveRowTop));
       EXPECT_THAT(Cells(parts, 3), ElementsAre(W("c03"), W("a01"), W("b02")));
-      parts.Type(1033, W("1"));
+      parts.Type(kDigits, W("1"));
       SettleWindow(parts);
       EXPECT_THAT(Cells(parts, 3), ElementsAre(W("c1"), W("a2"), W("b3")));
-      parts.Press(1041);
+      parts.Press(kCloseButton);
     });
   });
   EXPECT_THAT(Names(), ElementsAre(W("a"), W("b"), W("c")));
@@ -99,14 +103,14 @@ TEST_F(HostedWindowRun, AResetShowsTheNamesOfNow) {
   StartWith({W("a.t"), W("b.t")});
   hosted_.RunWindow([](UndrawnWindow& window) {
     window.Do([](UndrawnParts& parts) {
-      parts.Type(1034, W("x[C]"));
+      parts.Type(kNameTemplate, W("x[C]"));
       SettleWindow(parts);
-      parts.Press(1003);
+      parts.Press(kStartButton);
       SettleWindow(parts);
-      parts.Press(1071);
+      parts.Press(kResetButton);
       SettleWindow(parts);
       EXPECT_THAT(Cells(parts, 2), ElementsAre(W("x01.t"), W("x02.t")));
-      parts.Press(1041);
+      parts.Press(kCloseButton);
     });
   });
 }
@@ -114,7 +118,7 @@ TEST_F(HostedWindowRun, AResetShowsTheNamesOfNow) {
 TEST_F(HostedWindowRun, TheHostsShutdownClosesTheWindow) {
   StartWith({W("a.t")});
   EXPECT_EQ(hosted_.RunWindow([](UndrawnWindow& window) {
-    window.Do([](UndrawnParts& parts) { parts.context.host.PostCommand(20002, 0, 0); });
+    window.Do([](UndrawnParts& parts) { parts.context.host.PostCommand(kCommandShutdown, 0, 0); });
   }),
             1);
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);

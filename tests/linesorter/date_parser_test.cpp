@@ -8,6 +8,7 @@
 
 #include "linesorter/engine/sort_lines_exception.h"
 #include "linesorter/widths.h"
+#include "platform/windows_api.h"
 
 using namespace WQLineSorter;
 
@@ -88,7 +89,7 @@ void CheckRefused(const std::string& format, const std::string& text, Fields wri
     ParseDate(copy.Begin(), format.c_str(), &time);
     ADD_FAILURE() << format << " on " << text << " was taken";
   } catch (const QXLineSorterException& refusal) {
-    EXPECT_EQ(refusal.errorCode, 87u);
+    EXPECT_EQ(refusal.errorCode, DWORD{ERROR_INVALID_PARAMETER});
     EXPECT_STREQ(refusal.what(), "Unsupported date format");
   }
   for (const NamedField& field : kAllFields) {

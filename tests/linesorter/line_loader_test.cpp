@@ -10,6 +10,7 @@
 #include "data/thrown.h"
 #include "linesorter/loaded_lines.h"
 #include "linesorter/scripted_reader.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 
 using namespace WQLineSorter;
@@ -184,7 +185,7 @@ TYPED_TEST(LineLoader, FailureOfTheReaderPasses) {
       ReadLines<TypeParam>(reader);
       ADD_FAILURE() << failAt;
     } catch (const WQDR::WQDataReaderException& exception) {
-      EXPECT_EQ(exception.errorCode, 1117u);
+      EXPECT_EQ(exception.errorCode, DWORD{ERROR_IO_DEVICE});
       EXPECT_STREQ(exception.what(), "Failed to read file");
     }
     EXPECT_THAT(reader.asked, SizeIs(failAt));

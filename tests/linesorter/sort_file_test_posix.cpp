@@ -10,6 +10,7 @@
 #include "linesorter/sort_file_helper.h"
 #include "platform/outcome.h"
 #include "platform/posix/files/faults.h"
+#include "platform/windows_api.h"
 #include "support/memory_limit.h"
 #include "support/taken_backup_names.h"
 
@@ -300,7 +301,7 @@ void UntilMemorySuffices(const std::function<SortResult(int allocations)>& sort)
       EXPECT_GT(allocations, 0) << "nothing failed";
       return;
     }
-    EXPECT_EQ(result.errorCode, 14u) << allocations;
+    EXPECT_EQ(result.errorCode, ERROR_OUTOFMEMORY) << allocations;
     EXPECT_EQ(result.message, std::bad_alloc().what()) << allocations;
   }
 }

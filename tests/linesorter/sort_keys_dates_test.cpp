@@ -5,6 +5,7 @@
 
 #include "linesorter/engine/sort_lines_exception.h"
 #include "linesorter/sort_keys_helper.h"
+#include "platform/windows_api.h"
 
 namespace WQLineSorter {
 
@@ -111,7 +112,7 @@ TYPED_TEST(SortKeys, RefusedDateFormatsAreThrown) {
       ComputeSortKeys<TypeParam>(records.lines, Date(format));
       ADD_FAILURE() << format << " was taken";
     } catch (const QXLineSorterException& refusal) {
-      EXPECT_EQ(refusal.errorCode, 87u);
+      EXPECT_EQ(refusal.errorCode, DWORD{ERROR_INVALID_PARAMETER});
       EXPECT_STREQ(refusal.what(), "Unsupported date format");
     }
   }

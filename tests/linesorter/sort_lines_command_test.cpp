@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 
+#include "frame/host/host_types.h"
 #include "frame/services/message_texts.h"
 #include "support/fake_host.h"
 #include "support/refusals.h"
@@ -72,7 +73,7 @@ TEST_F(SortLinesCommandTest, WithNothingSelectedItSaysSoInABox) {
 
 TEST_F(SortLinesCommandTest, ListOfARefusedRequestIsNotLookedAt) {
   Select(W("a.txt"), "b\na\n");
-  host_.refusedRequest = 21215;
+  host_.refusedRequest = kListSelectedItems;
   host_.fillsRefusedLists = true;
   SortLinesCommand(host_, MustNotBeShown());
   EXPECT_THAT(host_.recorder.CallsOf({"MessageBox", "item ", "config.", "list1.Get"}), IsEmpty());

@@ -3,6 +3,7 @@
 
 #include <atomic>
 
+#include "multirename/engine/multi_rename_item.h"
 #include "multirename/rename_host.h"
 
 namespace Velmora::SDK {
@@ -93,8 +94,8 @@ TEST(CheckConflictsTest, FoldersDoNotCountSoThatEqualNamesInTwoFoldersAreDuplica
   ASSERT_TRUE(ComputeNames(engine, never));
   EXPECT_EQ(engine.items[0]->oldName, W("a.txt"));
   EXPECT_NE(engine.items[0]->folderPath, engine.items[1]->folderPath);
-  EXPECT_EQ(engine.items[0]->state, 1u);
-  EXPECT_EQ(engine.items[1]->state, 1u);
+  EXPECT_EQ(engine.items[0]->state, u32{StateDuplicate});
+  EXPECT_EQ(engine.items[1]->state, u32{StateDuplicate});
   // No row is being computed between rows.
   EXPECT_EQ(engine.currentItem, nullptr);
 }

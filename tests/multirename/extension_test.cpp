@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "frame/host/command_numbers.h"
+#include "multirename/form/frame_form.h"
 #include "multirename/rename_host.h"
 #include "multirename/window/qx_multi_rename.h"
 #include "platform/handles.h"
@@ -56,7 +57,7 @@ TEST_F(MultiRenameExtension, AHostWithoutControlsGetsNoWindowAndMayAskAgain) {
   plugin_.OnStart(&host_);
   host_.recorder.ClearCalls();
   for (int time = 0; time < 3; ++time) EXPECT_EQ(plugin_.OnCommand(kCommandMultiRename, 0, 0), 0);
-  EXPECT_FALSE(plugin_.OnHostEvent(1, 52300));
+  EXPECT_FALSE(plugin_.OnHostEvent(1, kEventSelectionChanged));
   EXPECT_THAT(host_.recorder.CallsOf({"PostCommand", "ExtensionClosed"}), IsEmpty());
   EXPECT_EQ(plugin_.OnCommand(kCommandShutdown, 0, 0), 0);
   EXPECT_THAT(host_.recorder.CallsOf({"PostCommand", "ExtensionClosed"}), ElementsAre("ExtensionClosed()"));

@@ -5,6 +5,7 @@
 
 #include "multirename/form/rename_texts.h"
 #include "multirename/panel_window.h"
+#include "platform/windows_api.h"
 
 namespace Velmora::SDK {
 namespace {
@@ -105,8 +106,8 @@ TEST_F(FrameFormTest, ClosingEmptiesTheListAndLetsItGo) {
   frame.FillList();
   frame.Close();
   EXPECT_THAT(list.rows, IsEmpty());
-  EXPECT_FALSE(frame.OnHostEvent(77, 52300));
-  EXPECT_TRUE(frame.OnCommand(40001));
+  EXPECT_FALSE(frame.OnHostEvent(77, kEventSelectionChanged));
+  EXPECT_TRUE(frame.OnCommand(kMoveRowUp));
   EXPECT_THAT(list.calls, ElementsAre("clear", "provider", "refresh", "clear"));
 }
 
@@ -117,7 +118,7 @@ TEST_F(FrameFormTest, WithoutAListNothingIsShownAndNothingFails) {
   frame.FillList();
   frame.List().Refresh();
   EXPECT_THAT(frame.List().CollectRows(), IsEmpty());
-  EXPECT_FALSE(frame.OnHostEvent(0, 1000));
+  EXPECT_FALSE(frame.OnHostEvent(0, kEventStatusChanged));
   EXPECT_TRUE(frameView.panes.empty());
 }
 
@@ -125,10 +126,10 @@ TEST_F(FrameFormTest, AChangeOfTheSelectionShowsTheCounts) {
   OpenFrame({W("a"), W("b"), W("c")});
   frame.FillList();
   list.selected = {list.rows[0], list.rows[2]};
-  EXPECT_TRUE(frame.OnHostEvent(77, 52300));
+  EXPECT_TRUE(frame.OnHostEvent(77, kEventSelectionChanged));
   EXPECT_EQ(frameView.panes[0], W("3 of rows, 2 of them selected"));
   list.selected.clear();
-  EXPECT_TRUE(frame.OnHostEvent(77, 52300));
+  EXPECT_TRUE(frame.OnHostEvent(77, kEventSelectionChanged));
   EXPECT_EQ(frameView.panes[0], W("3 rows"));
 }
 
@@ -137,9 +138,9 @@ TEST_F(FrameFormTest, EventsOfOthersChangeNothing) {
   frame.FillList();
   frame.SetPanel(view.Window());
   frameView.panes.clear();
-  EXPECT_TRUE(frame.OnHostEvent(78, 52300));  // another list
-  EXPECT_TRUE(frame.OnHostEvent(77, 1000));   // not the panel
-  EXPECT_TRUE(frame.OnHostEvent(77, 5));      // another code
+  EXPECT_TRUE(frame.OnHostEvent(78, kEventSelectionChanged));  // another list
+  EXPECT_TRUE(frame.OnHostEvent(77, kEventStatusChanged));     // not the panel
+  EXPECT_TRUE(frame.OnHostEvent(77, 5));                       // another code
   EXPECT_TRUE(frameView.panes.empty());
 }
 
@@ -147,16 +148,18 @@ TEST_F(FrameFormTest, TheStatusTextGoesToTheSecondPane) {
   OpenFrame({});
   frame.SetPanel(view.Window());
   engine_->status.SetError(W("no expression"));
-  EXPECT_TRUE(frame.OnHostEvent(reinterpret_cast<std::intptr_t>(view.Window()), 1000));
+  EXPECT_TRUE(frame.OnHostEvent(reinterpret_cast<std::intptr_t>(view.Window()), kEventStatusChanged));
   EXPECT_EQ(frameView.panes[1], W("no expression"));
 }
 
 TEST_F(FrameFormTest, AltWithFourKeysMovesTheSelectedRows) {
   ASSERT_EQ(std::size(kFrameMoves), 4u);
-  const std::map<u32, int> commands = {{0x26, 40001}, {0x28, 40002}, {0x24, 40003}, {0x23, 40004}};
+  const std::map<u32, int> commands = {
+      {0x26, kMoveRowUp}, {0x28, kMoveRowDown}, {0x24, kMoveRowTop}, {0x23, kMoveRowBottom}};
   for (const FrameMove& key : kFrameMoves) EXPECT_EQ(commands.at(key.key), key.command);
   frame.Open(&list);
-  for (const int command : {40001, 40002, 40003, 40004}) EXPECT_TRUE(frame.OnCommand(command));
+  for (const int command : {kMoveRowUp, kMoveRowDown, kMoveRowTop, kMoveRowBottom})
+    EXPECT_TRUE(frame.OnCommand(command));
   EXPECT_THAT(list.calls, ElementsAre("up", "down", "top", "bottom"));
 }
 
@@ -234,7 +237,7 @@ TEST_F(FrameFormTest, EscapeAsksBeforeItCloses) {
   frame.PressEscape();
   EXPECT_THAT(frameView.posted, ElementsAre(MRM_CONFIRM_CLOSE));
   EXPECT_THAT(frameView.boxes.shown, IsEmpty());
-  frameView.boxes.answers = {7, IDCANCEL, IDYES};  // No, Cancel, Yes
+  frameView.boxes.answers = {IDNO, IDCANCEL, IDYES};
   frame.OnMessage(MRM_CONFIRM_CLOSE);
   frame.OnMessage(MRM_CONFIRM_CLOSE);
   EXPECT_EQ(frameView.closes, 0);

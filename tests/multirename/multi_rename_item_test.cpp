@@ -1,6 +1,7 @@
 // Rows made from the host's selection and from a session.
 #include <gmock/gmock.h>
 
+#include "multirename/engine/multi_rename_item.h"
 #include "multirename/rename_host.h"
 #include "multirename/saved/multi_rename_undo.h"
 #include "multirename/silent_item.h"
@@ -20,7 +21,7 @@ TEST(MultiRenameItemTest, TheSelectionIsReadWithItsFoldersInTheOrderOfTheView) {
   EXPECT_EQ(file.folderPath, W("C:\\view"));
   EXPECT_EQ(file.oldName, W("b.txt"));
   EXPECT_EQ(file.newName, W("b.txt"));
-  EXPECT_EQ(file.state, 0u);
+  EXPECT_EQ(file.state, u32{StateReady});
   EXPECT_FALSE(file.isFolder);
   EXPECT_EQ(file.rowImage, -1);
   EXPECT_EQ(file.hostItem, host.selection[0]);
@@ -69,7 +70,7 @@ TEST(MultiRenameItemTest, RowsOfASessionAreRenamedOnesWithoutAHostItem) {
   EXPECT_EQ(row.folderPath, W("C:\\x"));
   EXPECT_EQ(row.oldName, W("old.txt"));
   EXPECT_EQ(row.newName, W("new.txt"));
-  EXPECT_EQ(row.state, 6u);
+  EXPECT_EQ(row.state, u32{StateRenamed});
   EXPECT_FALSE(row.isFolder);
   EXPECT_EQ(row.rowImage, 0);
   EXPECT_EQ(row.hostItem, nullptr);

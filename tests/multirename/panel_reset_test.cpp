@@ -2,6 +2,10 @@
 // too.
 #include <gmock/gmock.h>
 
+#include "frame/host/command_numbers.h"
+#include "multirename/engine/multi_rename_item.h"
+#include "multirename/engine/rename_worker.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/gate_properties.h"
 #include "multirename/panel_run_test.h"
 
@@ -18,29 +22,30 @@ TEST_F(PanelReset, ResetReadsTheSelectionOfNow) {
   Run(W("x[C]"));
   EXPECT_TRUE(form.UndoAvailable());
   Select({W("c.t"), W("d.t")});
-  form.Press(1071);
-  EXPECT_THAT(host_.posted, ElementsAre(32000u));
+  form.Press(kResetButton);
+  EXPECT_THAT(host_.posted, ElementsAre(kCommandReadSelection));
   EXPECT_FALSE(form.UndoAvailable());
-  EXPECT_TRUE(IsClosed(1040));
-  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_TRUE(IsClosed(kUndoButton));
+  EXPECT_FALSE(IsClosed(kStartButton));
   EXPECT_EQ(frameView.title, W("T000A0063"));
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
   EXPECT_EQ(Row(0).oldName, W("c.t"));
-  for (const UINT message : Waiting()) EXPECT_NE(message, 33268u);  // updated at once, not by a message
+  for (const UINT message : Waiting())
+    EXPECT_NE(message, MRM_UPDATE_PREVIEW);  // updated at once, not by a message
 }
 
 TEST_F(PanelReset, ResetEndsALoadedSession) {
   KeepSession(5, {{W("C:\\f"), W("n.t"), W("o.t")}});
   Open({W("a.t")});
   LoadSessionOfRow(0);
-  view[1071].isEnabled = true;  // which the user cannot do
-  form.Press(1071);
+  view[kResetButton].isEnabled = true;  // which the user cannot do
+  form.Press(kResetButton);
   EXPECT_FALSE(form.SessionLoaded());
   EXPECT_EQ(form.LoadedSession(), nullptr);
   EXPECT_EQ(frameView.title, W("T000A0063"));
-  EXPECT_FALSE(IsClosed(1003));
-  EXPECT_TRUE(IsClosed(1040));
+  EXPECT_FALSE(IsClosed(kStartButton));
+  EXPECT_TRUE(IsClosed(kUndoButton));
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("a.t")));
 }
@@ -49,7 +54,7 @@ TEST_F(PanelReset, TheListIsEmptyWhileTheSelectionIsRead) {
   Open({W("a.t")});
   std::size_t rows = 99;
   host_.beforeReading = [&] { rows = list.rows.size(); };
-  form.Press(1071);
+  form.Press(kResetButton);
   EXPECT_EQ(rows, 0u);
   EXPECT_EQ(list.rows.size(), 1u);
 }
@@ -61,7 +66,7 @@ TEST_F(PanelReset, ResetInTheMiddleOfAPreviewStopsItFirst) {
   bool isBusy = true;
   host_.beforeReading = [&] { isBusy = engine_->busy; };
   Select({W("c.t")});
-  WhileHeld(gate.gate, [this] { form.Press(1071); });
+  WhileHeld(gate.gate, [this] { form.Press(kResetButton); });
   EXPECT_FALSE(isBusy);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t")));
@@ -69,17 +74,17 @@ TEST_F(PanelReset, ResetInTheMiddleOfAPreviewStopsItFirst) {
 
 TEST_F(PanelReset, AnUpdateInTheMiddleOfAResetCompilesNothing) {
   Open({W("a.t")});
-  view[1020].text = W("(");
-  form.Press(1119);
+  view[kPairFind].text = W("(");
+  form.Press(kPairAdd);
   Settle();
-  view[1039].isChecked = true;  // not yet reported to the form; now the rules do not compile
+  view[kRegexBox].isChecked = true;  // not yet reported to the form; now the rules do not compile
   int updates = 0;
   list.atClear = [&] {
-    EXPECT_TRUE(form.OnMessage(33268, 0, 0));
+    EXPECT_TRUE(form.OnMessage(MRM_UPDATE_PREVIEW, 0, 0));
     EXPECT_EQ(frameView.panes[1], W(""));
     ++updates;
   };
-  form.Press(1071);
+  form.Press(kResetButton);
   EXPECT_GT(updates, 0);
   EXPECT_NE(frameView.panes[1], W(""));  // after the reset
 }
@@ -88,7 +93,7 @@ TEST_F(PanelReset, ResetEndsItsWaitWhenTheHostIsClosing) {
   Open({W("a.t")});
   host_.answers = false;
   std::thread closing([this] { context_.hostClosing = true; });
-  form.Press(1071);
+  form.Press(kResetButton);
   closing.join();
   EXPECT_THAT(list.rows, IsEmpty());
   // The event is left to the host, which may still set it.
@@ -100,7 +105,7 @@ TEST_F(PanelReset, ResetWaitsForAHostThatIsSlow) {
   Open({W("a.t")});
   host_.beforeReading = [] { Sleep(400); };  // longer than one of its waits
   Select({W("c.t"), W("d.t")});
-  form.Press(1071);
+  form.Press(kResetButton);
   EXPECT_EQ(list.rows.size(), 2u);
 }
 
@@ -110,14 +115,14 @@ TEST_F(PanelReset, ANewSelectionEmptiesTheListUntilReset) {
   Open({W("a.t")});
   Select({W("c.t")});
   context_.rows.Set(ReadSelection(host_));
-  ASSERT_TRUE(PostMessageW(view.Window(), 34068, 0, 0));
+  ASSERT_TRUE(PostMessageW(view.Window(), MRM_NEW_SELECTION, 0, 0));
   EXPECT_EQ(list.rows.size(), 1u);
   Deliver();
   EXPECT_THAT(list.rows, IsEmpty());
-  Type(1034, W("x"));
+  Type(kNameTemplate, W("x"));
   Settle();
   EXPECT_THAT(list.rows, IsEmpty());
-  form.Press(1071);
+  form.Press(kResetButton);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
 }
@@ -129,7 +134,7 @@ TEST_F(PanelReset, ANewSelectionInTheMiddleOfAPreviewStopsItBeforeTheRowsGo) {
   bool isBusy = true;
   list.atClear = [&] { isBusy = engine_->busy; };
   context_.rows.Set(ReadSelection(host_));
-  WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });
+  WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(MRM_NEW_SELECTION, 0, 0)); });
   EXPECT_FALSE(isBusy);
   EXPECT_THAT(list.rows, IsEmpty());
   EXPECT_EQ(gate.asked, 1);  // the second row was not started
@@ -146,14 +151,14 @@ TEST_F(PanelReset, ANewSelectionInTheMiddleOfARunWaitsForItsEndBeforeTheRowsGo) 
     states = States();
   };
   context_.rows.Set(ReadSelection(host_));
-  EXPECT_TRUE(form.OnMessage(34068, 0, 0));
+  EXPECT_TRUE(form.OnMessage(MRM_NEW_SELECTION, 0, 0));
   EXPECT_EQ(list.rows.size(), 2u);
   gate.go.Release();
   Settle();
   EXPECT_FALSE(isBusy);
-  EXPECT_THAT(states, ElementsAre(6u, 6u));
+  EXPECT_THAT(states, ElementsAre(StateRenamed, StateRenamed));
   EXPECT_THAT(list.rows, IsEmpty());
-  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_FALSE(IsClosed(kStartButton));
   EXPECT_EQ(UndoFiles().size(), 1u);
 }
 
@@ -163,9 +168,9 @@ TEST_F(PanelReset, ANewSelectionEmptiesTheListOfALoadedSessionAndUndoHasNothingT
   LoadSessionOfRow(0);
   EXPECT_EQ(context_.rows.Get(), frame.List().Items());
   context_.rows.Set(ReadSelection(host_));
-  EXPECT_TRUE(form.OnMessage(34068, 0, 0));
+  EXPECT_TRUE(form.OnMessage(MRM_NEW_SELECTION, 0, 0));
   EXPECT_THAT(list.rows, IsEmpty());
-  form.Press(1040);
+  form.Press(kUndoButton);
   Settle();
   EXPECT_THAT(host_.renames.calls, IsEmpty());
 }
@@ -174,8 +179,8 @@ TEST_F(PanelReset, ANewSelectionThatAResetHasShownIsPassedOver) {
   Open({W("a.t")});
   Select({W("c.t")});
   context_.rows.Set(ReadSelection(host_));
-  ASSERT_TRUE(PostMessageW(view.Window(), 34068, 0, 0));
-  form.Press(1071);
+  ASSERT_TRUE(PostMessageW(view.Window(), MRM_NEW_SELECTION, 0, 0));
+  form.Press(kResetButton);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("c.t")));
 }
@@ -187,7 +192,8 @@ TEST_F(PanelReset, ANewSelectionThatTheFirstFillHasShownIsPassedOver) {
   context_.rows.Set(ReadSelection(host_));
   frame.FillList();
   PreviewIntoGate(gate);
-  WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });  // does not stop a preview
+  WhileHeld(gate.gate,
+            [this] { EXPECT_TRUE(form.OnMessage(MRM_NEW_SELECTION, 0, 0)); });  // does not stop a preview
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
 }

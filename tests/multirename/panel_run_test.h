@@ -1,7 +1,9 @@
 // Helpers for tests of the panel's runs.
 #pragma once
 
+#include "multirename/form/undo_manager_form.h"
 #include "multirename/panel_window.h"
+#include "platform/windows_api.h"
 #include "support/semaphore.h"
 
 namespace Velmora::SDK {
@@ -23,19 +25,19 @@ class PanelRunTest : public PanelTest {
  protected:
   // Runs the templates and waits for the end.
   void Run(const WString& nameTemplate) {
-    Type(1034, nameTemplate);
+    Type(kNameTemplate, nameTemplate);
     Settle();
-    form.Press(1003);
+    form.Press(kStartButton);
     Settle();
   }
 
   // Acts as a user who loads a session in the undo manager, by its row.
   void LoadSessionOfRow(int row) {
     view.user = [row](DialogForm& dialogForm, DialogWindow&) {
-      dialogForm.ClickRow(1053, row);
-      dialogForm.Press(1);
+      dialogForm.ClickRow(kUndoSessions, row);
+      dialogForm.Press(IDOK);
     };
-    form.Press(1049);
+    form.Press(kUndoManagerButton);
   }
 
   // Stores a session as a file in the undo folder.
@@ -48,9 +50,9 @@ class PanelRunTest : public PanelTest {
 
   // Starts a run of the templates and waits until the gate blocks it inside the host.
   void StartIntoGate(RunGate& gate, const WString& nameTemplate) {
-    Type(1034, nameTemplate);
+    Type(kNameTemplate, nameTemplate);
     Settle();
-    form.Press(1003);
+    form.Press(kStartButton);
     gate.inRun.Acquire();
   }
 

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "multirename/bare_file_item.h"
+#include "multirename/engine/multi_rename_item.h"
+#include "multirename/engine/rename_worker.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/gate_properties.h"
 #include "multirename/panel_run_test.h"
 
@@ -30,36 +33,36 @@ class PanelRuns : public PanelRunTest {};
 
 TEST_F(PanelRuns, ManyChangesArePreviewedToTheLast) {
   Open({W("a.t"), W("b.t")});
-  for (int key = 0; key < 50; ++key) Type(1034, FromUtf8("k" + std::to_string(key) + "[C]"));
+  for (int key = 0; key < 50; ++key) Type(kNameTemplate, FromUtf8("k" + std::to_string(key) + "[C]"));
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("k4901.t"), W("k4902.t")));
 }
 
 TEST_F(PanelRuns, WithoutLivePreviewAChangeComputesNothing) {
   Open({W("a.t")});
-  Check(1004, false);
-  Type(1034, W("x"));
+  Check(kLivePreviewBox, false);
+  Type(kNameTemplate, W("x"));
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("a.t")));
-  Check(1004, true);
+  Check(kLivePreviewBox, true);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
 }
 
 TEST_F(PanelRuns, ABadExpressionLeavesThePreviewAndShowsItsMessage) {
   Open({W("a.t")});
-  Type(1034, W("x"));
+  Type(kNameTemplate, W("x"));
   Settle();
-  view[1020].text = W("(");
-  form.Press(1119);
+  view[kPairFind].text = W("(");
+  form.Press(kPairAdd);
   Settle();
   EXPECT_EQ(frameView.panes[1], W(""));
-  Type(1034, W("y"));
-  Check(1039, true);
+  Type(kNameTemplate, W("y"));
+  Check(kRegexBox, true);
   EXPECT_NE(frameView.panes[1], W(""));
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
-  Check(1039, false);
+  Check(kRegexBox, false);
   EXPECT_EQ(frameView.panes[1], W(""));
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("y.t")));
@@ -67,28 +70,28 @@ TEST_F(PanelRuns, ABadExpressionLeavesThePreviewAndShowsItsMessage) {
 
 TEST_F(PanelRuns, CountersFollowTheRowsOfTheScreenAtTheNextChange) {
   Open({W("a.t"), W("b.t")});
-  Type(1034, W("[C]"));
+  Type(kNameTemplate, W("[C]"));
   Settle();
   std::swap(list.rows[0], list.rows[1]);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("02.t"), W("01.t")));  // moving rows alone starts no preview
-  Type(1034, W("x[C]"));
+  Type(kNameTemplate, W("x[C]"));
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.t"), W("x02.t")));
 }
 
 TEST_F(PanelRuns, ChangesTakeTheRowsOverInTurnsInTheMemoryOfTwoVectors) {
   Open({W("a.t"), W("b.t")});
-  Type(1034, W("x[C]"));
+  Type(kNameTemplate, W("x[C]"));
   Settle();
   const MultiRenameItem* const* const first = engine_->items.data();
-  Type(1034, W("y[C]"));
+  Type(kNameTemplate, W("y[C]"));
   Settle();
   const MultiRenameItem* const* const second = engine_->items.data();
   EXPECT_NE(first, second);
   std::swap(list.rows[0], list.rows[1]);
   for (const MultiRenameItem* const* const place : {first, second, first}) {
-    Type(1034, W("z[C]"));
+    Type(kNameTemplate, W("z[C]"));
     Settle();
     EXPECT_EQ(engine_->items.data(), place);
     EXPECT_THAT(NewNames(), ElementsAre(W("z01.t"), W("z02.t")));
@@ -98,21 +101,21 @@ TEST_F(PanelRuns, ChangesTakeTheRowsOverInTurnsInTheMemoryOfTwoVectors) {
 TEST_F(PanelRuns, ComputedRowsRefreshTheListAndAFinishedPreviewDoesNothing) {
   Open({W("a.t")});
   list.calls.clear();
-  EXPECT_TRUE(form.OnMessage(33768, 0, 0));
+  EXPECT_TRUE(form.OnMessage(MRM_ROWS_CHANGED, 0, 0));
   EXPECT_THAT(list.calls, ElementsAre("refresh"));
   frameView.panes.clear();
-  view[1003].isEnabled = false;
-  EXPECT_TRUE(form.OnMessage(33868, 1, 0));
+  view[kStartButton].isEnabled = false;
+  EXPECT_TRUE(form.OnMessage(MRM_RUN_FINISHED, kPreviewFinished, 0));
   EXPECT_THAT(list.calls, ElementsAre("refresh"));
   EXPECT_TRUE(frameView.panes.empty());
-  EXPECT_TRUE(IsClosed(1003));
+  EXPECT_TRUE(IsClosed(kStartButton));
   EXPECT_FALSE(form.UndoAvailable());
 }
 
 TEST_F(PanelRuns, WithoutAListTheMessagesOfTheWorkerDoNothing) {
   frame.Close();
-  EXPECT_TRUE(form.OnMessage(33768, 0, 0));
-  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
+  EXPECT_TRUE(form.OnMessage(MRM_ROWS_CHANGED, 0, 0));
+  EXPECT_TRUE(form.OnMessage(MRM_RUN_FINISHED, kRenameFinished, 0));
   EXPECT_THAT(list.calls, IsEmpty());
 }
 
@@ -122,12 +125,16 @@ TEST_F(PanelRuns, StartRenamesAndDisablesTheControlsUntilItsEnd) {
   Open({W("a.t"), W("b.t")});
   RunGate gate(host_);
   StartIntoGate(gate, W("x[C]"));
-  for (const int control : {1003, 1034, 1041, 1049, 1071, 1040}) EXPECT_TRUE(IsClosed(control)) << control;
+  for (const int control :
+       {kStartButton, kNameTemplate, kCloseButton, kUndoManagerButton, kResetButton, kUndoButton})
+    EXPECT_TRUE(IsClosed(control)) << control;
   gate.go.Release();
   Settle();
-  EXPECT_THAT(States(), ElementsAre(6u, 6u));
+  EXPECT_THAT(States(), ElementsAre(StateRenamed, StateRenamed));
   EXPECT_TRUE(form.UndoAvailable());
-  for (const int control : {1003, 1034, 1041, 1049, 1071, 1040}) EXPECT_FALSE(IsClosed(control)) << control;
+  for (const int control :
+       {kStartButton, kNameTemplate, kCloseButton, kUndoManagerButton, kResetButton, kUndoButton})
+    EXPECT_FALSE(IsClosed(control)) << control;
   EXPECT_EQ(frameView.panes[1], W("2 Renamed"));
   EXPECT_EQ(list.calls.back(), "refresh");
   EXPECT_EQ(UndoFiles().size(), 1u);
@@ -143,7 +150,7 @@ TEST_F(PanelRuns, ControlsAreDisabledBeforeTheWorkerIsWoken) {
     ranAtFirst = runs;
     view.afterDisabling = nullptr;
   };
-  form.Press(1003);
+  form.Press(kStartButton);
   EXPECT_FALSE(ranAtFirst);
   EXPECT_FALSE(view.afterDisabling);
   Settle();
@@ -152,14 +159,14 @@ TEST_F(PanelRuns, ControlsAreDisabledBeforeTheWorkerIsWoken) {
 
 TEST_F(PanelRuns, TemplatesAreKeptBeforeTheRunBegins) {
   Open({W("a.t")});
-  Type(1034, W("x"));
+  Type(kNameTemplate, W("x"));
   Settle();
   int lists = 0;
   host_.beforeStringList = [&] {
     ++lists;
-    EXPECT_FALSE(IsClosed(1003));  // the worker is woken later
+    EXPECT_FALSE(IsClosed(kStartButton));  // the worker is woken later
   };
-  form.Press(1003);
+  form.Press(kStartButton);
   EXPECT_EQ(lists, 2);
   Settle();
   EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
@@ -168,13 +175,13 @@ TEST_F(PanelRuns, TemplatesAreKeptBeforeTheRunBegins) {
 TEST_F(PanelRuns, AFinishedRenameAloneRefreshesTheList) {
   Open({W("a.t")});
   list.calls.clear();
-  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
+  EXPECT_TRUE(form.OnMessage(MRM_RUN_FINISHED, kRenameFinished, 0));
   EXPECT_THAT(list.calls, ElementsAre("refresh"));
 }
 
 TEST_F(PanelRuns, SaveUndoInformationDecidesOfTheFile) {
   Open({W("a.t")});
-  view[1043].isChecked = false;
+  view[kSaveUndoBox].isChecked = false;
   Run(W("x"));
   EXPECT_THAT(UndoFiles(), IsEmpty());
   EXPECT_TRUE(form.UndoAvailable());
@@ -182,7 +189,7 @@ TEST_F(PanelRuns, SaveUndoInformationDecidesOfTheFile) {
 
 TEST_F(PanelRuns, StartWithoutLivePreviewPreviewsFirst) {
   Open({W("a.t")});
-  Check(1004, false);
+  Check(kLivePreviewBox, false);
   Run(W("x"));
   ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("x.t"));
@@ -192,7 +199,7 @@ TEST_F(PanelRuns, StartWithoutLivePreviewWaitsForTheEndOfItsPreview) {
   SlowProperties slow;
   Open({W("a.t"), W("b.t")});
   engine_->propertyManager = &slow;
-  Check(1004, false);
+  Check(kLivePreviewBox, false);
   Run(W("x[?p][C]"));
   ASSERT_EQ(host_.renames.itemRenames.size(), 2u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("x01.t"));
@@ -201,8 +208,8 @@ TEST_F(PanelRuns, StartWithoutLivePreviewWaitsForTheEndOfItsPreview) {
 
 TEST_F(PanelRuns, StartWithLivePreviewTakesTheNamesOfTheLastPreview) {
   Open({W("a.t")});
-  view[1034].text = W("x");  // not yet reported to the form
-  form.Press(1003);
+  view[kNameTemplate].text = W("x");  // not yet reported to the form
+  form.Press(kStartButton);
   Settle();
   ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("a.t"));
@@ -212,7 +219,7 @@ TEST_F(PanelRuns, StartInTheMiddleOfAPreviewEndsItFirstSoThatNoRowKeepsAnOlderNa
   GateProperties gate;
   Open({W("a.t"), W("b.t")});
   PreviewIntoGate(gate);
-  WhileHeld(gate.gate, [&] { form.Press(1003); });
+  WhileHeld(gate.gate, [&] { form.Press(kStartButton); });
   Settle();
   ASSERT_EQ(host_.renames.itemRenames.size(), 2u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("x01.t"));
@@ -224,35 +231,35 @@ TEST_F(PanelRuns, APreviewThatFailsInTheHostKeepsTheStartFromRenamingAndShowsThe
     Open({W("a.t"), W("b.t")});
     ThrowingItem item;
     Row(1).hostItem = &item;
-    Check(1004, isLive);
-    Type(1034, W("x[F]"));
+    Check(kLivePreviewBox, isLive);
+    Type(kNameTemplate, W("x[F]"));
     Settle();
     view.boxes.shown.clear();
     view.boxes.answers = {IDOK};
-    form.Press(1003);
+    form.Press(kStartButton);
     Settle();
     EXPECT_THAT(view.boxes.shown,
                 ElementsAre(RecordedBox{W("T000A0063"), W("T02580064"), MB_OK | MB_ICONERROR}))
         << isLive;
     EXPECT_THAT(host_.renames.calls, IsEmpty());
     EXPECT_THAT(host_.recorder.CallsOf({"config.SaveStringList"}), IsEmpty());
-    EXPECT_FALSE(IsClosed(1003));
+    EXPECT_FALSE(IsClosed(kStartButton));
   }
 }
 
 TEST_F(PanelRuns, ARowInTheWayBlocksTheStart) {
   Open({W("a.t"), W("b.t")});
-  Type(1034, W("same"));
+  Type(kNameTemplate, W("same"));
   Settle();
-  EXPECT_THAT(States(), ElementsAre(1u, 1u));
+  EXPECT_THAT(States(), ElementsAre(StateDuplicate, StateDuplicate));
   view.boxes.answers = {IDOK};
-  form.Press(1003);
+  form.Press(kStartButton);
   EXPECT_THAT(view.boxes.shown,
               ElementsAre(RecordedBox{W("T000A0063"), W("T02580064"), MB_OK | MB_ICONERROR}));
   Settle();
   EXPECT_THAT(host_.renames.calls, IsEmpty());
-  EXPECT_THAT(States(), ElementsAre(1u, 1u));
-  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_THAT(States(), ElementsAre(StateDuplicate, StateDuplicate));
+  EXPECT_FALSE(IsClosed(kStartButton));
 }
 
 TEST_F(PanelRuns, EachOfTheStates1To4BlocksAndNoOther) {
@@ -260,13 +267,13 @@ TEST_F(PanelRuns, EachOfTheStates1To4BlocksAndNoOther) {
   for (const u32 state : {1u, 2u, 3u, 4u}) {
     Row(0).state = state;
     view.boxes.answers = {IDOK};
-    form.Press(1003);
+    form.Press(kStartButton);
     EXPECT_EQ(view.boxes.answers.size(), 0u) << state;
   }
   EXPECT_EQ(view.boxes.shown.size(), 4u);
   for (const u32 state : {0u, 5u, 6u}) {
     Row(0).state = state;
-    form.Press(1003);
+    form.Press(kStartButton);
     Settle();
   }
   EXPECT_EQ(host_.renames.itemRenames.size(), 3u);
@@ -276,10 +283,10 @@ TEST_F(PanelRuns, AFailedRowBlocksTheNextStartUntilAPreviewHasResetIt) {
   Open({W("a.t"), W("b.t")});
   host_.renames.codes = {{W("x01.t"), 5}};
   Run(W("x[C]"));
-  EXPECT_THAT(States(), ElementsAre(3u, 6u));
+  EXPECT_THAT(States(), ElementsAre(StateFailed, StateRenamed));
   EXPECT_EQ(frameView.panes[1], W("1 Renamed, 1 Failed"));
   view.boxes.answers = {IDOK};
-  form.Press(1003);
+  form.Press(kStartButton);
   EXPECT_EQ(view.boxes.shown.size(), 1u);
   EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
   Run(W("y[C]"));
@@ -288,11 +295,11 @@ TEST_F(PanelRuns, AFailedRowBlocksTheNextStartUntilAPreviewHasResetIt) {
 
 TEST_F(PanelRuns, WithoutLivePreviewStartResetsAFailedRow) {
   Open({W("a.t")});
-  Check(1004, false);
+  Check(kLivePreviewBox, false);
   host_.renames.codes = {{W("x.t"), 5}};
   Run(W("x"));
-  EXPECT_THAT(States(), ElementsAre(3u));
-  form.Press(1003);
+  EXPECT_THAT(States(), ElementsAre(StateFailed));
+  form.Press(kStartButton);
   Settle();
   EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
 }
@@ -300,48 +307,48 @@ TEST_F(PanelRuns, WithoutLivePreviewStartResetsAFailedRow) {
 TEST_F(PanelRuns, ABlockedStartTakesUndoAwayAndLeavesItsButton) {
   Open({W("a.t")});
   Run(W("x"));
-  Type(1034, W("?"));
+  Type(kNameTemplate, W("?"));
   Settle();
   view.boxes.answers = {IDOK};
-  form.Press(1003);
+  form.Press(kStartButton);
   EXPECT_FALSE(form.UndoAvailable());
-  EXPECT_FALSE(IsClosed(1040));
+  EXPECT_FALSE(IsClosed(kUndoButton));
 }
 
 TEST_F(PanelRuns, ABadExpressionAtStartRenamesNothingAndLeavesThePreview) {
   Open({W("a.t")});
-  Type(1034, W("x"));
-  view[1020].text = W("(");
-  form.Press(1119);
+  Type(kNameTemplate, W("x"));
+  view[kPairFind].text = W("(");
+  form.Press(kPairAdd);
   Settle();
-  view[1039].isChecked = true;  // not yet reported to the form
-  form.Press(1003);
+  view[kRegexBox].isChecked = true;  // not yet reported to the form
+  form.Press(kStartButton);
   EXPECT_NE(frameView.panes[1], W(""));
   Settle();
   EXPECT_THAT(host_.renames.calls, IsEmpty());
   EXPECT_THAT(NewNames(), ElementsAre(W("x.t")));
-  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_FALSE(IsClosed(kStartButton));
 }
 
 TEST_F(PanelRuns, ABadExpressionAtStartTakesUndoAwayAllTheSame) {
   Open({W("a.t")});
   Run(W("x"));
   ASSERT_TRUE(form.UndoAvailable());
-  view[1020].text = W("(");
-  form.Press(1119);
+  view[kPairFind].text = W("(");
+  form.Press(kPairAdd);
   Settle();
-  view[1039].isChecked = true;  // not yet reported to the form
-  form.Press(1003);
+  view[kRegexBox].isChecked = true;  // not yet reported to the form
+  form.Press(kStartButton);
   EXPECT_FALSE(form.UndoAvailable());
   EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
 }
 
 TEST_F(PanelRuns, AnEmptyListIsRenamedWithoutAnErrorAndFinishes) {
   Open();
-  form.Press(1003);
+  form.Press(kStartButton);
   Settle();
   EXPECT_THAT(view.boxes.shown, IsEmpty());
-  EXPECT_FALSE(IsClosed(1003));
+  EXPECT_FALSE(IsClosed(kStartButton));
   EXPECT_THAT(UndoFiles(), IsEmpty());
 }
 
@@ -358,11 +365,11 @@ TEST_F(PanelRuns, AWorkerThatHasEndedLeavesTheControlsEnabled) {
   Open({W("a.t")});
   engine_->worker.Quit();
   ASSERT_TRUE(engine_->worker.WaitForEnd(INFINITE));
-  form.Press(1003);
-  form.Press(1040);
+  form.Press(kStartButton);
+  form.Press(kUndoButton);
   Settle();
-  EXPECT_FALSE(IsClosed(1003));
-  EXPECT_FALSE(IsClosed(1041));
+  EXPECT_FALSE(IsClosed(kStartButton));
+  EXPECT_FALSE(IsClosed(kCloseButton));
   EXPECT_THAT(host_.renames.calls, IsEmpty());
 }
 
@@ -383,14 +390,14 @@ TEST_F(PanelRuns, RulesChangeAndRowsArePaintedWhileTheWorkerComputes) {
     }
   };
   for (int round = 0; round < 30; ++round) {
-    Type(1034, FromUtf8("round" + std::to_string(round) + "[N]"));
+    Type(kNameTemplate, FromUtf8("round" + std::to_string(round) + "[N]"));
     Deliver();
     paint();
     if (round % 10 == 5) {
-      form.Press(1071);
+      form.Press(kResetButton);
       paint();
     }
-    if (round % 7 == 3) Check(1039, round % 2 == 0);
+    if (round % 7 == 3) Check(kRegexBox, round % 2 == 0);
   }
   Settle();
   paint();
@@ -400,13 +407,13 @@ TEST_F(PanelRuns, RulesChangeAndRowsArePaintedWhileTheWorkerComputes) {
 TEST_F(PanelRuns, RunsAndUndosFollowOneAnotherWhileRulesChange) {
   Open({W("a.t"), W("b.t"), W("c.t")});
   for (int round = 0; round < 10; ++round) {
-    Type(1034, FromUtf8("r" + std::to_string(round) + "[C]"));
+    Type(kNameTemplate, FromUtf8("r" + std::to_string(round) + "[C]"));
     Settle();
-    form.Press(1003);
-    view[1020].text = W("zzz");
-    form.Press(1119);  // may be pressed during a run
+    form.Press(kStartButton);
+    view[kPairFind].text = W("zzz");
+    form.Press(kPairAdd);  // may be pressed during a run
     Settle();
-    form.Press(1040);
+    form.Press(kUndoButton);
     Settle();
   }
   EXPECT_EQ(host_.renames.itemRenames.size(), 30u);
@@ -418,21 +425,21 @@ TEST_F(PanelRuns, APairThatIsAddedDuringARunWaitsForNothingAndIsPreviewedAfterTh
   Open({W("aX.t")});
   RunGate gate(host_);
   StartIntoGate(gate, W("[N]1"));
-  view[1020].text = W("X");
-  view[1001].text = W("-");
+  view[kPairFind].text = W("X");
+  view[kPairReplace].text = W("-");
   std::atomic<bool> isDelivered{false};
   std::thread opener([&] {
     // Lets the run continue if the window waits for it.
     for (int look = 0; look < 400 && !isDelivered; ++look) Sleep(5);
     if (!isDelivered) gate.go.Release();
   });
-  form.Press(1119);
+  form.Press(kPairAdd);
   Deliver();
   const bool isInRun = engine_->busy;
   isDelivered = true;
   opener.join();
   ASSERT_TRUE(isInRun) << "the window was not alive during the run";
-  EXPECT_THAT(view[1118].rows, testing::SizeIs(1));
+  EXPECT_THAT(view[kPairList].rows, testing::SizeIs(1));
   EXPECT_THAT(NewNames(), ElementsAre(W("aX1.t")));
   gate.go.Release();
   Settle();
@@ -445,12 +452,12 @@ TEST_F(PanelRuns, AnUpdateDuringARunIsDoneOnceAfterIt) {
   Open({W("a.t")});
   RunGate gate(host_);
   StartIntoGate(gate, W("x"));
-  for (int round = 0; round < 3; ++round) EXPECT_TRUE(form.OnMessage(33268, 0, 0));
+  for (int round = 0; round < 3; ++round) EXPECT_TRUE(form.OnMessage(MRM_UPDATE_PREVIEW, 0, 0));
   gate.go.Release();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
-  EXPECT_THAT(Waiting(), ElementsAre(33868u, 33268u));
-  EXPECT_TRUE(form.OnMessage(33868, 2, 0));
+  EXPECT_TRUE(form.OnMessage(MRM_RUN_FINISHED, kRenameFinished, 0));
+  EXPECT_THAT(Waiting(), ElementsAre(MRM_RUN_FINISHED, MRM_UPDATE_PREVIEW));
+  EXPECT_TRUE(form.OnMessage(MRM_RUN_FINISHED, kRenameFinished, 0));
   EXPECT_THAT(Waiting(), IsEmpty());
 }
 
@@ -499,7 +506,7 @@ TEST_F(PanelRuns, TheWindowClosesInTheMiddleOfARun) {
   gate.go.Release();
   EXPECT_TRUE(engine_->worker.WaitForEnd(INFINITE));
   EXPECT_EQ(UndoFiles().size(), 1u);
-  EXPECT_EQ(engine_->items[0]->state, 6u);
+  EXPECT_EQ(engine_->items[0]->state, u32{StateRenamed});
 }
 
 }  // namespace

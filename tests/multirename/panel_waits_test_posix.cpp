@@ -1,6 +1,8 @@
 // If the panel's wait for its worker fails, nothing is changed that the worker may still use.
 #include <gmock/gmock.h>
 
+#include "multirename/engine/rename_worker.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/panel_run_test.h"
 #include "platform/posix/files/faults.h"
 
@@ -49,7 +51,7 @@ TEST_F(PanelWaits, SavingOverAProfileRemovesNothing) {
   OpenWithAPreviewInTheGate();
   host_.textAnswers.push_back({true, W("ONE")});
   view.boxes.answers = {IDYES};
-  WithoutAWait([this] { Choose(1045, 1); });
+  WithoutAWait([this] { Choose(kProfileBox, 1); });
   EXPECT_EQ(view.boxes.shown.size(), 1u);
   ASSERT_EQ(profiles_.profiles.size(), 1u);
   EXPECT_EQ(profiles_.profiles[0].get(), kept);
@@ -59,28 +61,28 @@ TEST_F(PanelWaits, SavingOverAProfileRemovesNothing) {
 TEST_F(PanelWaits, ANewSelectionLeavesTheList) {
   OpenWithAPreviewInTheGate();
   context_.rows.Set(ReadSelection(host_));
-  WithoutAWait([this] { EXPECT_TRUE(form.OnMessage(34068, 0, 0)); });
+  WithoutAWait([this] { EXPECT_TRUE(form.OnMessage(MRM_NEW_SELECTION, 0, 0)); });
   EXPECT_EQ(list.rows.size(), 2u);
 }
 
 TEST_F(PanelWaits, AResetReadsNothing) {
   OpenWithAPreviewInTheGate();
-  WithoutAWait([this] { form.Press(1071); });
+  WithoutAWait([this] { form.Press(kResetButton); });
   EXPECT_THAT(host_.posted, IsEmpty());
   EXPECT_EQ(list.rows.size(), 2u);
 }
 
 TEST_F(PanelWaits, StartRenamesNothing) {
   OpenWithAPreviewInTheGate();
-  WithoutAWait([this] { form.Press(1003); });
-  EXPECT_FALSE(IsClosed(1003));
+  WithoutAWait([this] { form.Press(kStartButton); });
+  EXPECT_FALSE(IsClosed(kStartButton));
   EXPECT_THAT(host_.renames.calls, IsEmpty());
 }
 
 TEST_F(PanelWaits, UndoMakesNoSetToRestore) {
   OpenWithAPreviewInTheGate();
-  view[1040].isEnabled = true;
-  WithoutAWait([this] { form.Press(1040); });
+  view[kUndoButton].isEnabled = true;
+  WithoutAWait([this] { form.Press(kUndoButton); });
   EXPECT_EQ(engine_->restoreSet, nullptr);
   EXPECT_THAT(host_.renames.calls, IsEmpty());
 }
@@ -94,7 +96,7 @@ TEST_F(PanelWaits, CloseLeavesTheWindowThatTheWorkerMayBeReading) {
 // The native build does not reuse the value of a closed handle at once.
 TEST_F(PanelWaits, AResetClosesItsEvent) {
   Open({W("a.t")});
-  form.Press(1071);
+  form.Press(kResetButton);
   host_.Join();
   EXPECT_FALSE(SetEvent(reinterpret_cast<HANDLE>(host_.event)));
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 
+#include "multirename/engine/multi_rename_item.h"
 #include "multirename/moments.h"
 #include "multirename/rename_host.h"
 #include "support/scratch_folder.h"
@@ -79,7 +80,7 @@ TEST_F(RenameRunTest, EachResultSetsTheStateOfItsOwnRow) {
   host_.renames.codes = {{W("new a"), 1}, {W("new b"), 9}, {W("new c"), 11}, {W("new d"), 0xFFFFFFFF}};
   for (MultiRenameItem& row : *rows_) row.state = StateRenamed;
   RunRenames(*engine_, true);
-  EXPECT_THAT(States(), ElementsAre(3u, 3u, 3u, 3u, 6u));
+  EXPECT_THAT(States(), ElementsAre(StateFailed, StateFailed, StateFailed, StateFailed, StateRenamed));
   EXPECT_EQ(StatusText(engine_->status), W("1 Renamed, 4 Failed"));
 }
 
@@ -200,7 +201,7 @@ TEST_F(RenameRunTest, ARestoreOfAllRowsPassesThoseOnThatFailedBefore) {
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new b"));
   EXPECT_EQ(StatusText(engine_->status), W("1 Restored, 2 Failed"));
   // The results of a restore are not stored in the rows.
-  EXPECT_THAT(States(), ElementsAre(6u, 3u, 4u));
+  EXPECT_THAT(States(), ElementsAre(StateRenamed, StateFailed, StateIgnored));
 }
 
 // Rows have such names if the rules were changed after the run. The path would be that of the folder itself,
@@ -225,7 +226,7 @@ TEST_F(RenameRunTest, AfterARunTheNextNamesAreComputedFromTheOldOnesAgain) {
   const std::atomic<bool> never = false;
   ASSERT_TRUE(ComputeNames(*engine_, never));
   EXPECT_EQ(rows_->front().newName, W("new a.txt"));
-  EXPECT_THAT(States(), ElementsAre(0u));
+  EXPECT_THAT(States(), ElementsAre(StateReady));
 }
 
 TEST_F(RenameRunTest, AStateOfAnEarlierRunBlocksUntilAPreviewResetsIt) {

@@ -5,6 +5,7 @@
 
 #include <thread>
 
+#include "multirename/engine/multi_rename_item.h"
 #include "multirename/gate_properties.h"
 #include "multirename/rename_host.h"
 #include "multirename/silent_item.h"
@@ -82,7 +83,7 @@ TEST_F(RenameWorkerTest, APreviewComputesAllRowsAndPostsItsTwoMessages) {
   EXPECT_EQ(Next(), "33868(1,0)");
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   EXPECT_THAT(Names(), ElementsAre(W("x01.t"), W("x02.t"), W("x03.t")));
-  EXPECT_THAT(States(), ElementsAre(0u, 0u, 0u));
+  EXPECT_THAT(States(), ElementsAre(StateReady, StateReady, StateReady));
   EXPECT_FALSE(engine_->worker.WasPreviewCut());
   EXPECT_FALSE(engine_->busy);
   EXPECT_EQ(Next(0), "none");
@@ -142,7 +143,7 @@ TEST_F(RenameWorkerTest, OnlyTheLastOfManyPreviewsCompletesAndPosts) {
   EXPECT_EQ(Next(), "33868(1,0)");
   EXPECT_EQ(Next(0), "none");
   EXPECT_THAT(Names(), ElementsAre(W("20"), W("20")));
-  EXPECT_THAT(States(), ElementsAre(1u, 1u));
+  EXPECT_THAT(States(), ElementsAre(StateDuplicate, StateDuplicate));
 }
 
 TEST_F(RenameWorkerTest, AJobThatIsStoppedSkipsWhatWasAskedForMeanwhileUntilTheNextWake) {
@@ -270,7 +271,7 @@ TEST_F(RenameWorkerTest, ARunRenamesAllRowsWhateverTheirStatesAndKeepsTheResults
   EXPECT_EQ(Next(), "33868(1,0)");
   EXPECT_EQ(Next(), "33868(2,0)");
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EXPECT_THAT(States(), ElementsAre(6u, 3u, 4u, 6u));
+  EXPECT_THAT(States(), ElementsAre(StateRenamed, StateFailed, StateIgnored, StateRenamed));
   EXPECT_EQ(StatusText(engine_->status), W("2 Renamed, 1 Ignored, 1 Failed"));
   EXPECT_THAT(host_.renames.calls, ElementsAre("create", "run", "release", "release service"));
   EXPECT_EQ(host_.servicesOut, 0);
@@ -320,7 +321,7 @@ TEST_F(RenameWorkerTest, WhenAllRenamesFailThereIsNoUndoFileAndNoSession) {
   engine_->worker.WantRename(true);
   engine_->worker.Wake();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EXPECT_THAT(States(), ElementsAre(3u));
+  EXPECT_THAT(States(), ElementsAre(StateFailed));
   EXPECT_THAT(UndoFiles(), IsEmpty());
   EXPECT_THAT(engine_->undoStore.sessions, IsEmpty());
 }
@@ -364,7 +365,7 @@ TEST_F(RenameWorkerTest, ARestoreRenamesEachNewNameBackInItsOrderAndLeavesTheRow
   EXPECT_EQ(host_.renames.pathRenames[0].to, W("o1"));
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\y\\n2"));
   EXPECT_EQ(host_.renames.pathRenames[1].data, &session->entries[1]);
-  EXPECT_THAT(States(), ElementsAre(0u));
+  EXPECT_THAT(States(), ElementsAre(StateReady));
   EXPECT_EQ(StatusText(engine_->status), W("1 Restored, 1 Failed"));
 }
 
@@ -393,7 +394,7 @@ TEST_F(RenameWorkerTest, ARunIsNotStoppedByAStopButWaitedFor) {
   go.Release();
   stopper.join();
   EXPECT_EQ(Next(), "33868(2,0)");
-  EXPECT_THAT(States(), ElementsAre(6u));
+  EXPECT_THAT(States(), ElementsAre(StateRenamed));
 }
 
 TEST_F(RenameWorkerTest, ARunIsDoneThoughItIsToldToStopBeforeItBegins) {

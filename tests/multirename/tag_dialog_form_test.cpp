@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "multirename/panel_window.h"
+#include "platform/windows_api.h"
 
 namespace Velmora::SDK {
 namespace {
@@ -14,12 +15,12 @@ using testing::IsEmpty;
 class TagDialog : public testing::Test {
  protected:
   void Choose(int line) {
-    dialog_[1048].selectedLine = line;
-    form_.Change(1048);
+    dialog_[kTagProperties].selectedLine = line;
+    form_.Change(kTagProperties);
   }
   void Mark(int control) {
-    dialog_[1012].isChecked = control == 1012;
-    dialog_[1013].isChecked = control == 1013;
+    dialog_[kTagComplete].isChecked = control == kTagComplete;
+    dialog_[kTagSubString].isChecked = control == kTagSubString;
     form_.Press(control);
   }
   void Type(int control, const WString& text) {
@@ -36,35 +37,40 @@ class TagDialog : public testing::Test {
 
 TEST_F(TagDialog, HasItsTexts) {
   form_.Open(dialog_);
-  const std::map<int, WString> texts = {
-      {0, W("T028A0064")},    {1120, W("T028E0064")}, {1051, W("T028F0064")},
-      {1121, W("T02920064")}, {1122, W("T02930064")}, {1012, W("T02900064")},
-      {1013, W("T02910064")}, {1, W("T02940064")},    {2, W("M0:00030067")}};
+  const std::map<int, WString> texts = {{0, W("T028A0064")},
+                                        {kTagPropertyLabel, W("T028E0064")},
+                                        {kTagChosenLabel, W("T028F0064")},
+                                        {kTagStartLabel, W("T02920064")},
+                                        {kTagLengthLabel, W("T02930064")},
+                                        {kTagComplete, W("T02900064")},
+                                        {kTagSubString, W("T02910064")},
+                                        {IDOK, W("T02940064")},
+                                        {IDCANCEL, W("M0:00030067")}};
   for (const auto& [control, text] : texts) EXPECT_EQ(dialog_[control].text, text) << control;
 }
 
 TEST_F(TagDialog, OffersThePropertiesAsTheyAreDisplayed) {
   form_.Open(dialog_);
-  EXPECT_THAT(dialog_[1048].lines, ElementsAre(W("Size of the file"), W("Changed on")));
-  EXPECT_EQ(dialog_[1048].selectedLine, -1);
+  EXPECT_THAT(dialog_[kTagProperties].lines, ElementsAre(W("Size of the file"), W("Changed on")));
+  EXPECT_EQ(dialog_[kTagProperties].selectedLine, -1);
 }
 
 TEST_F(TagDialog, BeginsWithTheWholeValueAndNoNumbers) {
   form_.Open(dialog_);
-  EXPECT_TRUE(dialog_[1012].isChecked);
-  EXPECT_FALSE(dialog_[1013].isChecked);
-  EXPECT_FALSE(dialog_.IsEnabled(1002));
-  EXPECT_FALSE(dialog_.IsEnabled(1003));
+  EXPECT_TRUE(dialog_[kTagComplete].isChecked);
+  EXPECT_FALSE(dialog_[kTagSubString].isChecked);
+  EXPECT_FALSE(dialog_.IsEnabled(kTagStart));
+  EXPECT_FALSE(dialog_.IsEnabled(kTagLength));
 }
 
 TEST_F(TagDialog, AChosenLineShowsItsNameAndMakesItsTag) {
   form_.Open(dialog_);
   Choose(1);
-  EXPECT_EQ(dialog_[1050].text, W("Changed on"));
-  EXPECT_EQ(dialog_[1049].text, W("[?modified]"));
+  EXPECT_EQ(dialog_[kTagChosen].text, W("Changed on"));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?modified]"));
   Choose(0);
-  EXPECT_EQ(dialog_[1050].text, W("Size of the file"));
-  EXPECT_EQ(dialog_[1049].text, W("[?size]"));
+  EXPECT_EQ(dialog_[kTagChosen].text, W("Size of the file"));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?size]"));
 }
 
 TEST_F(TagDialog, NoLineChangesNothing) {
@@ -72,77 +78,77 @@ TEST_F(TagDialog, NoLineChangesNothing) {
   Choose(1);
   Choose(-1);
   Choose(2);
-  EXPECT_EQ(dialog_[1049].text, W("[?modified]"));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?modified]"));
 }
 
 TEST_F(TagDialog, ThePartOfAValueHasStartAndLengthWhereTheyAreGiven) {
   form_.Open(dialog_);
   Choose(0);
-  Mark(1013);
-  EXPECT_TRUE(dialog_.IsEnabled(1002));
-  EXPECT_TRUE(dialog_.IsEnabled(1003));
-  EXPECT_EQ(dialog_[1049].text, W("[?size]"));
-  Type(1002, W("3"));
-  EXPECT_EQ(dialog_[1049].text, W("[?size,3]"));
-  Type(1003, W("4"));
-  EXPECT_EQ(dialog_[1049].text, W("[?size,3,4]"));
-  Type(1002, W(""));
-  EXPECT_EQ(dialog_[1049].text, W("[?size,4]"));
+  Mark(kTagSubString);
+  EXPECT_TRUE(dialog_.IsEnabled(kTagStart));
+  EXPECT_TRUE(dialog_.IsEnabled(kTagLength));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?size]"));
+  Type(kTagStart, W("3"));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?size,3]"));
+  Type(kTagLength, W("4"));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?size,3,4]"));
+  Type(kTagStart, W(""));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?size,4]"));
 }
 
 TEST_F(TagDialog, TheFieldsAreTakenAsTextUnchecked) {
   form_.Open(dialog_);
-  Mark(1013);
-  Type(1002, W("x]"));
-  Type(1003, W(" -"));
-  EXPECT_EQ(dialog_[1049].text, W("[?,x], -]"));
+  Mark(kTagSubString);
+  Type(kTagStart, W("x]"));
+  Type(kTagLength, W(" -"));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?,x], -]"));
 }
 
 TEST_F(TagDialog, TheWholeValueLeavesTheNumbersOutAndKeepsThem) {
   form_.Open(dialog_);
   Choose(0);
-  Mark(1013);
-  Type(1002, W("3"));
-  Mark(1012);
-  EXPECT_EQ(dialog_[1049].text, W("[?size]"));
-  EXPECT_FALSE(dialog_.IsEnabled(1002));
-  Mark(1013);
-  EXPECT_EQ(dialog_[1049].text, W("[?size,3]"));
+  Mark(kTagSubString);
+  Type(kTagStart, W("3"));
+  Mark(kTagComplete);
+  EXPECT_EQ(dialog_[kTagText].text, W("[?size]"));
+  EXPECT_FALSE(dialog_.IsEnabled(kTagStart));
+  Mark(kTagSubString);
+  EXPECT_EQ(dialog_[kTagText].text, W("[?size,3]"));
 }
 
 TEST_F(TagDialog, InsertTakesTheTextAsItWasEdited) {
   form_.Open(dialog_);
   Choose(0);
-  Type(1049, W(" \t[?size,{n8}]\r\n "));
-  form_.Press(1);
-  EXPECT_EQ(dialog_.result, 1);
+  Type(kTagText, W(" \t[?size,{n8}]\r\n "));
+  form_.Press(IDOK);
+  EXPECT_EQ(dialog_.result, IDOK);
   EXPECT_EQ(form_.Tag(), W("[?size,{n8}]"));
 }
 
 TEST_F(TagDialog, InsertWithNoPropertyChosenGivesAnEmptyName) {
   form_.Open(dialog_);
-  form_.Press(1);
+  form_.Press(IDOK);
   EXPECT_EQ(form_.Tag(), W("[?]"));
 }
 
 TEST_F(TagDialog, InsertReads1024Characters) {
   form_.Open(dialog_);
-  dialog_[1049].text = WString(1023, W('a')) + W("bc");
-  form_.Press(1);
+  dialog_[kTagText].text = WString(1023, W('a')) + W("bc");
+  form_.Press(IDOK);
   EXPECT_EQ(form_.Tag(), WString(1023, W('a')) + W("b"));
 }
 
 TEST_F(TagDialog, CancelEndsWithTwo) {
   form_.Open(dialog_);
-  form_.Press(2);
-  EXPECT_EQ(dialog_.result, 2);
+  form_.Press(IDCANCEL);
+  EXPECT_EQ(dialog_.result, IDCANCEL);
 }
 
 TEST_F(TagDialog, WorksWithControlsThatReportWhatTheFormSets) {
   dialog_.echo = [this](int control) { form_.Change(control); };
   form_.Open(dialog_);
   Choose(1);
-  EXPECT_EQ(dialog_[1049].text, W("[?modified]"));
+  EXPECT_EQ(dialog_[kTagText].text, W("[?modified]"));
 }
 
 TEST(PropertyNames, AreThosePairsThatTheHostGives) {

@@ -4,15 +4,13 @@
 #include <gmock/gmock.h>
 
 #include "multirename/panel_window.h"
+#include "platform/windows_api.h"
 
 namespace Velmora::SDK {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr int kSessions = 1053;
-constexpr int kFiles = 1052;
 
 class UndoManager : public testing::Test {
  protected:
@@ -57,14 +55,19 @@ class UndoManager : public testing::Test {
 
 TEST_F(UndoManager, HasItsTextsAndColumns) {
   Open();
-  const std::map<int, WString> texts = {
-      {0, W("T01F40064")},    {1056, W("T01F50064")}, {1055, W("T01F60064")}, {1057, W("T01F70064")},
-      {1046, W("T01F80064")}, {1047, W("T01F90064")}, {1, W("T01FA0064")},    {2, W("T01FB0064")}};
+  const std::map<int, WString> texts = {{0, W("T01F40064")},
+                                        {kUndoSessionsLabel, W("T01F50064")},
+                                        {kUndoDateLabel, W("T01F60064")},
+                                        {kUndoFilesLabel, W("T01F70064")},
+                                        {kUndoDelete, W("T01F80064")},
+                                        {kUndoDeleteAll, W("T01F90064")},
+                                        {IDOK, W("T01FA0064")},
+                                        {IDCANCEL, W("T01FB0064")}};
   for (const auto& [control, text] : texts) EXPECT_EQ(dialog_[control].text, text) << control;
-  EXPECT_THAT(dialog_.Columns(kSessions),
+  EXPECT_THAT(dialog_.Columns(kUndoSessions),
               ElementsAre(std::pair(WString(W("T01FE0064")), 150), std::pair(WString(W("T01FF0064")), 100),
                           std::pair(WString(W("T02000064")), 200)));
-  EXPECT_THAT(dialog_.Columns(kFiles),
+  EXPECT_THAT(dialog_.Columns(kUndoFiles),
               ElementsAre(std::pair(WString(W("T02030064")), 250), std::pair(WString(W("T02040064")), 250),
                           std::pair(WString(W("T02050064")), 200)));
 }
@@ -74,52 +77,52 @@ TEST_F(UndoManager, ShowsTheNewestSessionFirst) {
   const MultiRenameUndo* const newest = Keep(17, 3, true);
   Keep(9, 1);
   Open();
-  EXPECT_THAT(Column(kSessions, 1), ElementsAre(W("3"), W("1"), W("2")));
-  EXPECT_THAT(Column(kSessions, 2), ElementsAre(W("T02080064"), W(""), W("")));
-  EXPECT_EQ(Column(kSessions, 0)[0], DateText(*newest));
-  EXPECT_THAT(dialog_[kFiles].rows, IsEmpty());
-  EXPECT_EQ(dialog_[kSessions].selectedRow, -1);
+  EXPECT_THAT(Column(kUndoSessions, 1), ElementsAre(W("3"), W("1"), W("2")));
+  EXPECT_THAT(Column(kUndoSessions, 2), ElementsAre(W("T02080064"), W(""), W("")));
+  EXPECT_EQ(Column(kUndoSessions, 0)[0], DateText(*newest));
+  EXPECT_THAT(dialog_[kUndoFiles].rows, IsEmpty());
+  EXPECT_EQ(dialog_[kUndoSessions].selectedRow, -1);
 }
 
 TEST_F(UndoManager, AClickShowsTheSession) {
   const MultiRenameUndo* const session = Keep(5, 2);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
-  EXPECT_THAT(dialog_[kFiles].rows, ElementsAre(ElementsAre(W("old5-0"), W("new5-0"), W("C:\\f5-0")),
-                                                ElementsAre(W("old5-1"), W("new5-1"), W("C:\\f5-1"))));
-  EXPECT_EQ(dialog_[1049].text, DateText(*session));
-  EXPECT_EQ(dialog_[1054].text, W("T01FF0064 : 2"));
+  form.ClickRow(kUndoSessions, 0);
+  EXPECT_THAT(dialog_[kUndoFiles].rows, ElementsAre(ElementsAre(W("old5-0"), W("new5-0"), W("C:\\f5-0")),
+                                                    ElementsAre(W("old5-1"), W("new5-1"), W("C:\\f5-1"))));
+  EXPECT_EQ(dialog_[kUndoDate].text, DateText(*session));
+  EXPECT_EQ(dialog_[kUndoCount].text, W("T01FF0064 : 2"));
   EXPECT_EQ(form.Chosen(), session);
 }
 
 TEST_F(UndoManager, ASelectionByTheKeyboardChoosesNothing) {
   Keep(5);
   UndoManagerForm& form = Open();
-  dialog_[kSessions].selectedRow = dialog_[kSessions].markedRow = 0;
-  form.Change(kSessions);
-  EXPECT_THAT(dialog_[kFiles].rows, IsEmpty());
-  form.Press(1);
-  EXPECT_EQ(dialog_.result, 1);
+  dialog_[kUndoSessions].selectedRow = dialog_[kUndoSessions].markedRow = 0;
+  form.Change(kUndoSessions);
+  EXPECT_THAT(dialog_[kUndoFiles].rows, IsEmpty());
+  form.Press(IDOK);
+  EXPECT_EQ(dialog_.result, IDOK);
   EXPECT_EQ(form.Chosen(), nullptr);
 }
 
 TEST_F(UndoManager, AClickBesideTheRowsOrOnAFileChangesNothing) {
   const MultiRenameUndo* const session = Keep(5);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
-  form.ClickRow(kSessions, -1);
-  form.ClickRow(kSessions, 1);
-  form.ClickRow(kFiles, 0);
+  form.ClickRow(kUndoSessions, 0);
+  form.ClickRow(kUndoSessions, -1);
+  form.ClickRow(kUndoSessions, 1);
+  form.ClickRow(kUndoFiles, 0);
   EXPECT_EQ(form.Chosen(), session);
-  EXPECT_EQ(dialog_[kFiles].rows.size(), 1u);
+  EXPECT_EQ(dialog_[kUndoFiles].rows.size(), 1u);
 }
 
 TEST_F(UndoManager, OnOpeningTheLoadedSessionIsSelectedAndItsFilesShow) {
   Keep(17);
   MultiRenameUndo* const loaded = Keep(9, 4);
   UndoManagerForm& form = Open(loaded);
-  EXPECT_EQ(dialog_[kSessions].selectedRow, 1);
-  EXPECT_EQ(dialog_[kFiles].rows.size(), 4u);
+  EXPECT_EQ(dialog_[kUndoSessions].selectedRow, 1);
+  EXPECT_EQ(dialog_[kUndoFiles].rows.size(), 4u);
   EXPECT_EQ(form.Chosen(), loaded);
 }
 
@@ -127,17 +130,17 @@ TEST_F(UndoManager, ALoadedSessionThatTheStoreDoesNotHaveIsNotShown) {
   Keep(17);
   MultiRenameUndo other;
   EXPECT_EQ(Open(&other).Chosen(), nullptr);
-  EXPECT_EQ(dialog_[kSessions].selectedRow, -1);
+  EXPECT_EQ(dialog_[kUndoSessions].selectedRow, -1);
 }
 
 TEST_F(UndoManager, LoadAndCloseEndTheDialog) {
   MultiRenameUndo* const session = Keep(5);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
-  form.Press(2);
-  EXPECT_EQ(dialog_.result, 2);
-  form.Press(1);
-  EXPECT_EQ(dialog_.result, 1);
+  form.ClickRow(kUndoSessions, 0);
+  form.Press(IDCANCEL);
+  EXPECT_EQ(dialog_.result, IDCANCEL);
+  form.Press(IDOK);
+  EXPECT_EQ(dialog_.result, IDOK);
   EXPECT_EQ(form.Chosen(), session);
 }
 
@@ -146,24 +149,24 @@ TEST_F(UndoManager, DeleteAsksAndDeletesTheMarkedSessionAndItsFile) {
   MultiRenameUndo* const newest = Keep(17);
   const WString file = newest->GetFileName();
   UndoManagerForm& form = Open();
-  dialog_[kSessions].markedRow = 0;
+  dialog_[kUndoSessions].markedRow = 0;
   dialog_.boxes.answers = {IDYES};
-  form.Press(1046);
+  form.Press(kUndoDelete);
   EXPECT_THAT(dialog_.boxes.shown, ElementsAre(RecordedBox{W("T020D0064"), W("T020E0064"), MB_YESNOCANCEL}));
   EXPECT_FALSE(scratch_.Exists(W("Undo\\") + file));
   EXPECT_EQ(store_->sessions.size(), 1u);
-  EXPECT_EQ(dialog_[kSessions].rows.size(), 1u);
+  EXPECT_EQ(dialog_[kUndoSessions].rows.size(), 1u);
 }
 
 TEST_F(UndoManager, NoAndCancelDeleteNothing) {
   Keep(5);
   UndoManagerForm& form = Open();
-  dialog_[kSessions].markedRow = 0;
-  dialog_.boxes.answers = {7, IDCANCEL, 7, IDCANCEL};
-  form.Press(1046);
-  form.Press(1046);
-  form.Press(1047);
-  form.Press(1047);
+  dialog_[kUndoSessions].markedRow = 0;
+  dialog_.boxes.answers = {IDNO, IDCANCEL, IDNO, IDCANCEL};
+  form.Press(kUndoDelete);
+  form.Press(kUndoDelete);
+  form.Press(kUndoDeleteAll);
+  form.Press(kUndoDeleteAll);
   EXPECT_EQ(dialog_.boxes.shown.size(), 4u);
   EXPECT_EQ(store_->sessions.size(), 1u);
   EXPECT_EQ(scratch_.Names(W("Undo")).size(), 1u);
@@ -172,11 +175,11 @@ TEST_F(UndoManager, NoAndCancelDeleteNothing) {
 TEST_F(UndoManager, DeleteWithoutAMarkOnlyFillsTheListAgain) {
   Keep(5);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
+  form.ClickRow(kUndoSessions, 0);
   Keep(17);
-  form.Press(1046);
-  EXPECT_EQ(dialog_[kSessions].rows.size(), 2u);
-  EXPECT_THAT(dialog_[kFiles].rows, IsEmpty());
+  form.Press(kUndoDelete);
+  EXPECT_EQ(dialog_[kUndoSessions].rows.size(), 2u);
+  EXPECT_THAT(dialog_[kUndoFiles].rows, IsEmpty());
   EXPECT_THAT(dialog_.boxes.shown, IsEmpty());
   EXPECT_EQ(store_->sessions.size(), 2u);
 }
@@ -184,11 +187,11 @@ TEST_F(UndoManager, DeleteWithoutAMarkOnlyFillsTheListAgain) {
 TEST_F(UndoManager, ADeleteThatFailsSaysSoAndChangesNothing) {
   MultiRenameUndo* const session = Keep(5);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
-  dialog_[kSessions].markedRow = 0;
+  form.ClickRow(kUndoSessions, 0);
+  dialog_[kUndoSessions].markedRow = 0;
   session->fileName = W("no such file.dat");
   dialog_.boxes.answers = {IDYES, IDOK};
-  form.Press(1046);
+  form.Press(kUndoDelete);
   ASSERT_EQ(dialog_.boxes.shown.size(), 2u);
   EXPECT_EQ(dialog_.boxes.shown[1], (RecordedBox{W("T020D0064"), W("T02120064"), MB_OK | MB_ICONERROR}));
   EXPECT_EQ(store_->sessions.size(), 1u);
@@ -198,25 +201,25 @@ TEST_F(UndoManager, ADeleteThatFailsSaysSoAndChangesNothing) {
 TEST_F(UndoManager, ADeletedSessionIsChosenNoMore) {
   Keep(5);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
-  dialog_[kSessions].markedRow = 0;
+  form.ClickRow(kUndoSessions, 0);
+  dialog_[kUndoSessions].markedRow = 0;
   dialog_.boxes.answers = {IDYES};
-  form.Press(1046);
+  form.Press(kUndoDelete);
   EXPECT_EQ(form.Chosen(), nullptr);
-  EXPECT_EQ(dialog_[1049].text, W(""));
-  EXPECT_EQ(dialog_[1054].text, W(""));
+  EXPECT_EQ(dialog_[kUndoDate].text, W(""));
+  EXPECT_EQ(dialog_[kUndoCount].text, W(""));
 }
 
 TEST_F(UndoManager, AnotherSessionsDeletionLeavesTheChosenOneButClearsItsFiles) {
   MultiRenameUndo* const kept = Keep(17);
   Keep(5);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
-  dialog_[kSessions].markedRow = 1;
+  form.ClickRow(kUndoSessions, 0);
+  dialog_[kUndoSessions].markedRow = 1;
   dialog_.boxes.answers = {IDYES};
-  form.Press(1046);
+  form.Press(kUndoDelete);
   EXPECT_EQ(form.Chosen(), kept);
-  EXPECT_THAT(dialog_[kFiles].rows, IsEmpty());
+  EXPECT_THAT(dialog_[kUndoFiles].rows, IsEmpty());
 }
 
 TEST_F(UndoManager, DeleteAllKeepsWhatCannotBeDeleted) {
@@ -226,24 +229,24 @@ TEST_F(UndoManager, DeleteAllKeepsWhatCannotBeDeleted) {
   stays->fileName = W("no such file.dat");
   UndoManagerForm& form = Open();
   dialog_.boxes.answers = {IDYES};
-  form.Press(1047);
+  form.Press(kUndoDeleteAll);
   EXPECT_THAT(dialog_.boxes.shown, ElementsAre(RecordedBox{W("T020F0064"), W("T02100064"), MB_YESNOCANCEL}));
   ASSERT_EQ(store_->sessions.size(), 1u);
   EXPECT_EQ(store_->sessions[0].get(), stays);
-  EXPECT_EQ(dialog_[kSessions].rows.size(), 1u);
+  EXPECT_EQ(dialog_[kUndoSessions].rows.size(), 1u);
 }
 
 TEST_F(UndoManager, AfterDeleteAllADeletedSessionIsChosenNoMore) {
   Keep(5);
   Keep(9);
   UndoManagerForm& form = Open();
-  form.ClickRow(kSessions, 0);
+  form.ClickRow(kUndoSessions, 0);
   ASSERT_TRUE(form.Chosen());
   dialog_.boxes.answers = {IDYES};
-  form.Press(1047);
+  form.Press(kUndoDeleteAll);
   EXPECT_EQ(form.Chosen(), nullptr);
-  EXPECT_EQ(dialog_[1049].text, W(""));
-  EXPECT_EQ(dialog_[1054].text, W(""));
+  EXPECT_EQ(dialog_[kUndoDate].text, W(""));
+  EXPECT_EQ(dialog_[kUndoCount].text, W(""));
 }
 
 TEST_F(UndoManager, SessionsWithoutADateComeLast) {
@@ -252,9 +255,9 @@ TEST_F(UndoManager, SessionsWithoutADateComeLast) {
   Keep(9);
   store_->sessions[1]->entries.resize(1);
   Open();
-  EXPECT_EQ(dialog_[kSessions].rows.size(), 3u);
-  form_->ClickRow(kSessions, 2);
-  EXPECT_EQ(dialog_[kFiles].rows[0][0], W("old0-0"));
+  EXPECT_EQ(dialog_[kUndoSessions].rows.size(), 3u);
+  form_->ClickRow(kUndoSessions, 2);
+  EXPECT_EQ(dialog_[kUndoFiles].rows[0][0], W("old0-0"));
 }
 
 }  // namespace

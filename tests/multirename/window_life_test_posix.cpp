@@ -3,9 +3,13 @@
 #include <gmock/gmock.h>
 
 #include "frame/host/command_numbers.h"
+#include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
+#include "multirename/form/rename_texts.h"
 #include "multirename/window_test.h"
 #include "platform/posix/files/faults.h"
 #include "platform/posix/user_interface.h"
+#include "platform/windows_api.h"
 
 namespace Velmora::SDK {
 namespace {
@@ -47,7 +51,7 @@ class WindowLife : public WindowTest {
  protected:
   // Closes the window as its user; the host follows.
   void CloseByUser() {
-    Do([](UndrawnParts& parts) { parts.Press(1041); });
+    Do([](UndrawnParts& parts) { parts.Press(kCloseButton); });
     window_->WaitForClose();
     Serve(kCommandShutdown);
   }
@@ -56,21 +60,21 @@ class WindowLife : public WindowTest {
   void OpenInPreview(GateProperties& gate, const std::vector<WString>& names) {
     host_.manager = &gate;
     Open(names);
-    Do([](UndrawnParts& parts) { parts.Type(1034, W("x[?p]")); });
+    Do([](UndrawnParts& parts) { parts.Type(kNameTemplate, W("x[?p]")); });
     gate.entered.Acquire();
   }
 
   // Starts a run that waits at the gate.
   void StartRun(RunGate& gate) {
-    Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
+    Do([](UndrawnParts& parts) { parts.Type(kNameTemplate, W("x[C]")); });
     Settle();
-    Do([](UndrawnParts& parts) { parts.Press(1003); });
+    Do([](UndrawnParts& parts) { parts.Press(kStartButton); });
     gate.inRun.Acquire();
   }
 
   // Opens the question for the name of a new profile, and returns when the host asks it.
   void OpenQuestion(Semaphore& inQuestion) {
-    window_->Post([](UndrawnParts& parts) { parts.Choose(1045, 1); });
+    window_->Post([](UndrawnParts& parts) { parts.Choose(kProfileBox, 1); });
     inQuestion.Acquire();
   }
 };
@@ -96,7 +100,7 @@ TEST_F(WindowLife, AnEmptySelectionOpensAWindowAsWell) {
 
 TEST_F(WindowLife, AWindowHasALivePreview) {
   Open({W("a.t"), W("b.t")});
-  Do([](UndrawnParts& parts) { parts.Type(1034, W("x[C]")); });
+  Do([](UndrawnParts& parts) { parts.Type(kNameTemplate, W("x[C]")); });
   Settle();
   EXPECT_THAT(Shown(), ElementsAre(W("x01.t"), W("x02.t")));
 }
@@ -114,7 +118,7 @@ TEST_F(WindowLife, ASecondCommandEmptiesTheListAndAddsNoRowsUntilReset) {
   EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   Settle();
   EXPECT_EQ(RowCount(), 0u);
-  window_->Post([](UndrawnParts& parts) { parts.Press(1071); });
+  window_->Post([](UndrawnParts& parts) { parts.Press(kResetButton); });
   Serve(kCommandReadSelection);
   Settle();
   EXPECT_THAT(Shown(), ElementsAre(W("c.t"), W("d.t")));
@@ -157,20 +161,20 @@ TEST_F(WindowLife, AnEventOnAnotherThreadChangesNothing) {
     parts.panes[0] = W("as it was");
     host_.controls[0].list.selected = {0};
   });
-  EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
+  EXPECT_FALSE(Plugin().OnHostEvent(77, kEventSelectionChanged));
   EXPECT_FALSE(Plugin().OnHostEvent(0, 1));
-  std::thread([this] { EXPECT_FALSE(Plugin().OnHostEvent(77, 52300)); }).join();
+  std::thread([this] { EXPECT_FALSE(Plugin().OnHostEvent(77, kEventSelectionChanged)); }).join();
   Do([](UndrawnParts& parts) { EXPECT_EQ(parts.panes[0], W("as it was")); });
 }
 
 TEST_F(WindowLife, AChangeOfTheSelectionShowsTheCounts) {
-  host_.texts[3407972] = W("%d of which %d");
+  host_.texts[kRenameTextSelectedRows] = W("%d of which %d");
   Open({W("a.t"), W("b.t")});
   Do([this](UndrawnParts& parts) {
     host_.controls[0].list.selected = {0};
-    EXPECT_TRUE(Plugin().OnHostEvent(78, 52300));  // another list
+    EXPECT_TRUE(Plugin().OnHostEvent(78, kEventSelectionChanged));  // another list
     EXPECT_NE(parts.panes[0], W("2 of which 1"));
-    EXPECT_TRUE(Plugin().OnHostEvent(77, 52300));
+    EXPECT_TRUE(Plugin().OnHostEvent(77, kEventSelectionChanged));
     EXPECT_EQ(parts.panes[0], W("2 of which 1"));
     EXPECT_TRUE(Plugin().OnHostEvent(77, 4711));
   });
@@ -179,12 +183,12 @@ TEST_F(WindowLife, AChangeOfTheSelectionShowsTheCounts) {
 TEST_F(WindowLife, NoEventIsTakenOnceTheWindowHasClosed) {
   Open({W("a.t")});
   Do([this](UndrawnParts& parts) {
-    parts.Press(1041);
-    EXPECT_TRUE(Plugin().OnHostEvent(77, 52300));
+    parts.Press(kCloseButton);
+    EXPECT_TRUE(Plugin().OnHostEvent(77, kEventSelectionChanged));
   });
   window_->WaitForClose();
   Serve(kCommandShutdown);
-  EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
+  EXPECT_FALSE(Plugin().OnHostEvent(77, kEventSelectionChanged));
 }
 
 // Messages of the thread.
@@ -193,7 +197,8 @@ TEST_F(WindowLife, AThreadMessage32810IsACommandWithItsSecondArgument) {
   Open({W("a.t")});
   const FileHandle event(CreateEventW(nullptr, FALSE, FALSE, nullptr));
   Do([&](UndrawnParts&) {
-    PostThreadMessageW(GetCurrentThreadId(), 32810, 32000, reinterpret_cast<LPARAM>(event.Get()));
+    PostThreadMessageW(GetCurrentThreadId(), 32810, kCommandReadSelection,
+                       reinterpret_cast<LPARAM>(event.Get()));
   });
   EXPECT_EQ(WaitForSingleObject(event.Get(), kMissed), WAIT_OBJECT_0);
 }
@@ -218,14 +223,14 @@ TEST_F(WindowLife, ATimerOfTheThreadIsDroppedAndAnyOtherMessageIsDispatched) {
     Platform::Faults::Clear();
     return count - 1;  // without the message that reads the count
   };
-  EXPECT_EQ(dispatched(275), 0);
-  EXPECT_EQ(dispatched(276), 1);
+  EXPECT_EQ(dispatched(WM_TIMER), 0);
+  EXPECT_EQ(dispatched(WM_TIMER + 1), 1);
 }
 
 TEST_F(WindowLife, ACommandOfTheThreadThatFailsInTheHostIsPassedOver) {
   Open({W("a.t")});
   host_.throwsAtSelection = true;
-  Do([](UndrawnParts&) { PostThreadMessageW(GetCurrentThreadId(), 32810, 32000, 0); });
+  Do([](UndrawnParts&) { PostThreadMessageW(GetCurrentThreadId(), 32810, kCommandReadSelection, 0); });
   Do([](UndrawnParts&) {});
   host_.throwsAtSelection = false;
   EXPECT_EQ(RowCount(), 1u);
@@ -239,7 +244,7 @@ TEST_F(WindowLife, AnExceptionOfTheListInTheLoopClosesTheWindowInOrder) {
   });
   window_->WaitForClose();
   EXPECT_EQ(host_.controlsOut, 0);
-  Serve(20002);
+  Serve(kCommandShutdown);
   EXPECT_EQ(host_.closed, 1);
 }
 
@@ -291,7 +296,7 @@ TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasRet
 
 TEST_F(WindowLife, CloseTellsTheHostWhichFollowsWith20002) {
   Open({W("a.t")});
-  Do([](UndrawnParts& parts) { parts.Press(1041); });
+  Do([](UndrawnParts& parts) { parts.Press(kCloseButton); });
   window_->WaitForClose();
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   EXPECT_EQ(host_.closed, 0);
@@ -336,12 +341,12 @@ TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPrevi
   ASSERT_NE(window_, nullptr);
   Do([](UndrawnParts& parts) {
     EXPECT_TRUE(parts.context.engine.worker.WaitForEnd(kMissed));
-    parts.Type(1034, W("x[C]"));
+    parts.Type(kNameTemplate, W("x[C]"));
     UndrawnWindow::TakeMessages();
-    parts.Press(1003);
+    parts.Press(kStartButton);
     UndrawnWindow::TakeMessages();
     parts.frame.List().Refresh();
-    EXPECT_TRUE(parts.controls[1003].isEnabled);
+    EXPECT_TRUE(parts.controls[kStartButton].isEnabled);
   });
   EXPECT_THAT(Shown(), ElementsAre(W("c.t"), W("d.t")));
   EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
@@ -355,7 +360,7 @@ TEST_F(WindowLife, ANewObjectHasAPreviewAgain) {
   extension_ = std::make_unique<QXMultiRename>();
   Plugin().OnStart(&host_);
   Open({W("c.t")});
-  Do([](UndrawnParts& parts) { parts.Type(1034, W("x")); });
+  Do([](UndrawnParts& parts) { parts.Type(kNameTemplate, W("x")); });
   Settle();
   EXPECT_THAT(Shown(), ElementsAre(W("x.t")));
 }
@@ -380,7 +385,7 @@ TEST_F(WindowLife, AShutdownWithoutAWindowTellsTheHostAlone) {
 TEST_F(WindowLife, AShutdownAndThe20002OfACloseMayMeet) {
   for (int round = 0; round < 20; ++round) {
     Open({W("a.t")});
-    window_->Post([](UndrawnParts& parts) { parts.Press(1041); });
+    window_->Post([](UndrawnParts& parts) { parts.Press(kCloseButton); });
     EXPECT_EQ(Plugin().OnShutdown(0), 0);
     EXPECT_EQ(UndrawnWindow::Current(), nullptr);
     // If the window closed first, the host is sent another shutdown command.
@@ -407,10 +412,10 @@ TEST_F(WindowLife, ADeleteWithoutAShutdownClosesTheWindow) {
 
 TEST_F(WindowLife, AResetEndsWhenTheHostShutsDownMeanwhile) {
   Open({W("a.t")});
-  window_->Post([](UndrawnParts& parts) { parts.Press(1071); });
+  window_->Post([](UndrawnParts& parts) { parts.Press(kResetButton); });
   const std::optional<WindowHost::Command> reset = host_.TakeCommand();
   ASSERT_TRUE(reset.has_value());
-  EXPECT_EQ(reset->number, 32000u);
+  EXPECT_EQ(reset->number, kCommandReadSelection);
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   // The event is left to the host, which may run the command late.
@@ -425,7 +430,7 @@ TEST_F(WindowLife, ACloseInAPreviewStopsIt) {
   const RenameWorker* worker = nullptr;
   Do([&](UndrawnParts& parts) {
     worker = &parts.context.engine.worker;
-    parts.Press(1041);
+    parts.Press(kCloseButton);
   });
   while (!worker->IsStopping()) std::this_thread::yield();
   gate.isOpen = true;
@@ -440,7 +445,7 @@ TEST_F(WindowLife, ACloseInARunWaitsForItsEnd) {
   Open({W("a.t"), W("b.t")});
   StartRun(gate);
   Do([](UndrawnParts& parts) {
-    EXPECT_FALSE(parts.controls[1041].isEnabled);
+    EXPECT_FALSE(parts.controls[kCloseButton].isEnabled);
     parts.frame.PostClose();
   });
   EXPECT_EQ(host_.controlsOut, 2);
@@ -510,8 +515,8 @@ TEST_F(WindowLife, ACloseInABoxIsDoneOnceTheBoxHasReturned) {
   });
   Open({W("a.t")});
   window_->Post([](UndrawnParts& parts) {
-    parts.Choose(1045, 1);
-    parts.controls[1034].text += W(" ");  // the form still exists
+    parts.Choose(kProfileBox, 1);
+    parts.controls[kNameTemplate].text += W(" ");  // the form still exists
   });
   gate.inQuestion.Acquire();
   window_->Post([](UndrawnParts& parts) { parts.frame.PostClose(); });

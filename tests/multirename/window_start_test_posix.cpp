@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "frame/host/command_numbers.h"
+#include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
 #include "multirename/window/message_loops.h"
 #include "multirename/window_test.h"
 #include "platform/posix/files/faults.h"
@@ -28,7 +30,7 @@ class WindowStart : public WindowTest {
     host_.hasContainers = host_.hasLists = true;
     Open({W("b.t")});
     EXPECT_THAT(Shown(), ElementsAre(W("b.t")));
-    Do([](UndrawnParts& parts) { parts.Type(1034, W("x")); });
+    Do([](UndrawnParts& parts) { parts.Type(kNameTemplate, W("x")); });
     Settle();
     EXPECT_THAT(Shown(), ElementsAre(W("x.t")));
   }
@@ -96,7 +98,7 @@ TEST_F(WindowStart, AWindowThatComesLateIsAWindow) {
   Select({W("a.t")});
   EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
-  EXPECT_FALSE(Plugin().OnHostEvent(77, 52300));
+  EXPECT_FALSE(Plugin().OnHostEvent(77, kEventSelectionChanged));
   asked.Acquire();
   // The window shows the rows of a selection that arrives in the meantime.
   Select({W("b.t"), W("c.t")});
@@ -183,11 +185,11 @@ TEST_F(WindowStart, AShutdownWhoseQuitIsLostEndsTheThreadWithItsWindow) {
 TEST_F(WindowStart, ASecondOnStartChangesNothing) {
   const auto saveAs = [this](const WString& name) {
     host_.textAnswers.push_back({true, name});
-    Do([](UndrawnParts& parts) { parts.Choose(1045, 1); });
+    Do([](UndrawnParts& parts) { parts.Choose(kProfileBox, 1); });
   };
   const auto lines = [this] {
     std::vector<WString> shown;
-    Do([&](UndrawnParts& parts) { shown = parts.controls[1045].lines; });
+    Do([&](UndrawnParts& parts) { shown = parts.controls[kProfileBox].lines; });
     return shown;
   };
   Open({W("a.t")});
@@ -200,7 +202,7 @@ TEST_F(WindowStart, ASecondOnStartChangesNothing) {
   EXPECT_THAT(lines(), ElementsAre(standard[0], standard[1], W("one"), W("two")));
   Do([](UndrawnParts& parts) {
     EXPECT_EQ(parts.context.profiles.profiles.size(), 2u);
-    parts.Choose(1045, 2);
+    parts.Choose(kProfileBox, 2);
     EXPECT_EQ(parts.panel.ProfileName(), W("one"));
   });
   EXPECT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "frame/qx_utils.h"
+#include "frame/services/helper_requests.h"
 #include "security/current_user.h"
 #include "support/fake_helper_message.h"
 #include "support/scratch_folder.h"
@@ -38,7 +39,7 @@ class SecurityMessages : public testing::Test {
 
 TEST_F(SecurityMessages, AreReadInTheirOrderAndTheReaderIsGivenBackBeforeTheReply) {
   FakeHelperMessage message({kFull, WString(W("Everyone")), u32{2}, first_, second_});
-  EXPECT_EQ(extension_.OnHelperMessage(5001, &message), 1);
+  EXPECT_EQ(extension_.OnHelperMessage(kHelperAddAccess, &message), 1);
   EXPECT_THAT(
       message.recorder.Calls(),
       ElementsAre("CreateReader()", "GetData()", "GetSize()", "reader.Attach(the payload)",
@@ -49,38 +50,40 @@ TEST_F(SecurityMessages, AreReadInTheirOrderAndTheReaderIsGivenBackBeforeTheRepl
 }
 
 TEST_F(SecurityMessages, TakeOwnershipForTheUserOfTheHelper) {
-  EXPECT_EQ(Send(5000, {u32{2}, first_, second_}), "SetReply(1, 0, 0, 0)");
-  EXPECT_EQ(Send(5000, {u32{2}, missing_, second_}), "SetReply(1, 2, 0, 0)");
+  EXPECT_EQ(Send(kHelperTakeOwnership, {u32{2}, first_, second_}), "SetReply(1, 0, 0, 0)");
+  EXPECT_EQ(Send(kHelperTakeOwnership, {u32{2}, missing_, second_}), "SetReply(1, 2, 0, 0)");
 }
 
 TEST_F(SecurityMessages, StopAtTheFirstErrorAndReplyWithIt) {
-  EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone")), u32{3}, first_, missing_, second_}),
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, WString(W("Everyone")), u32{3}, first_, missing_, second_}),
             "SetReply(1, 2, 0, 0)");
   EXPECT_EQ(FullEntriesOfEveryone(first_), 1);
   EXPECT_EQ(FullEntriesOfEveryone(second_), 0);
-  EXPECT_EQ(Send(5003, {u32{2}, missing_, first_}), "SetReply(1, 2, 0, 0)");
+  EXPECT_EQ(Send(kHelperResetAccess, {u32{2}, missing_, first_}), "SetReply(1, 2, 0, 0)");
   EXPECT_EQ(FullEntriesOfEveryone(first_), 1);
-  EXPECT_EQ(Send(5003, {u32{1}, first_}), "SetReply(1, 0, 0, 0)");
+  EXPECT_EQ(Send(kHelperResetAccess, {u32{1}, first_}), "SetReply(1, 0, 0, 0)");
   EXPECT_EQ(FullEntriesOfEveryone(first_), 0);
 }
 
 TEST_F(SecurityMessages, UnknownAndEmptyUsersAreErrorsOfTheWork) {
-  EXPECT_EQ(Send(5001, {kFull, WString(W("nosuchuser")), u32{1}, first_}), "SetReply(1, 1332, 0, 0)");
-  EXPECT_EQ(Send(5001, {kFull, WString(), u32{1}, first_}), "SetReply(1, 87, 0, 0)");
-  EXPECT_EQ(Send(5001, {u32{0}, WString(W("Everyone")), u32{1}, first_}), "SetReply(1, 87, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, WString(W("nosuchuser")), u32{1}, first_}),
+            "SetReply(1, 1332, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, WString(), u32{1}, first_}), "SetReply(1, 87, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {u32{0}, WString(W("Everyone")), u32{1}, first_}),
+            "SetReply(1, 87, 0, 0)");
 }
 
 TEST_F(SecurityMessages, WithoutAUserOrAListTheReplyIsInvalidData) {
-  EXPECT_EQ(Send(5001, {kFull}), "SetReply(1, 13, 0, 0)");
-  EXPECT_EQ(Send(5001, {kFull, u32{1}, first_}), "SetReply(1, 13, 0, 0)");
-  EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone"))}), "SetReply(1, 13, 0, 0)");
-  EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone")), u32{0}}), "SetReply(1, 13, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull}), "SetReply(1, 13, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, u32{1}, first_}), "SetReply(1, 13, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, WString(W("Everyone"))}), "SetReply(1, 13, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, WString(W("Everyone")), u32{0}}), "SetReply(1, 13, 0, 0)");
 }
 
 TEST_F(SecurityMessages, OnesThatEndTooEarlyChangeNothing) {
-  EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone")), u32{2}, first_}), "SetReply(1, 13, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, WString(W("Everyone")), u32{2}, first_}), "SetReply(1, 13, 0, 0)");
   EXPECT_EQ(FullEntriesOfEveryone(first_), 0);
-  for (const s32 code : {5000, 5003}) {
+  for (const s32 code : {kHelperTakeOwnership, kHelperResetAccess}) {
     EXPECT_EQ(Send(code, {}), "SetReply(1, 13, 0, 0)");
     EXPECT_EQ(Send(code, {first_}), "SetReply(1, 13, 0, 0)");
     EXPECT_EQ(Send(code, {u32{0xFFFFFFFF}, first_}), "SetReply(1, 13, 0, 0)");
@@ -92,10 +95,11 @@ TEST_F(SecurityMessages, OnesThatEndTooEarlyChangeNothing) {
 }
 
 TEST_F(SecurityMessages, EmptyPathsAreSkippedWithoutAnError) {
-  EXPECT_EQ(Send(5001, {kFull, WString(W("Everyone")), u32{2}, WString(), second_}), "SetReply(1, 0, 0, 0)");
+  EXPECT_EQ(Send(kHelperAddAccess, {kFull, WString(W("Everyone")), u32{2}, WString(), second_}),
+            "SetReply(1, 0, 0, 0)");
   EXPECT_EQ(FullEntriesOfEveryone(second_), 1);
-  EXPECT_EQ(Send(5003, {u32{2}, WString(), second_}), "SetReply(1, 0, 0, 0)");
+  EXPECT_EQ(Send(kHelperResetAccess, {u32{2}, WString(), second_}), "SetReply(1, 0, 0, 0)");
   EXPECT_EQ(FullEntriesOfEveryone(second_), 0);
-  EXPECT_EQ(Send(5000, {u32{1}, WString()}), "SetReply(1, 0, 0, 0)");
-  EXPECT_EQ(Send(5000, {u32{0}}), "SetReply(1, 0, 0, 0)");
+  EXPECT_EQ(Send(kHelperTakeOwnership, {u32{1}, WString()}), "SetReply(1, 0, 0, 0)");
+  EXPECT_EQ(Send(kHelperTakeOwnership, {u32{0}}), "SetReply(1, 0, 0, 0)");
 }

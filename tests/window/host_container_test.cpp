@@ -5,6 +5,8 @@
 #include <fstream>
 
 #include "multirename/engine/rename_worker.h"
+#include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
 #include "ui/module_instance.h"
 #include "window/hosted_list.h"
 #include "window/screenshot.h"
@@ -107,7 +109,7 @@ TEST_F(HostContainerWindow, ThePanelMayGoFirst) {
   container_->Dock(&panel, 100);
   panel.DestroyHandle();
   Resize(500, 400);
-  SendMessageW(containerWindow_, WM_COMMAND, 40001, 0);
+  SendMessageW(containerWindow_, WM_COMMAND, kMoveRowUp, 0);
   EXPECT_THAT(panel.commands, IsEmpty());
   EXPECT_EQ(AreaIn(window_).right, 500);
 }
@@ -115,8 +117,8 @@ TEST_F(HostContainerWindow, ThePanelMayGoFirst) {
 TEST_F(HostContainerWindow, CommandsAreThePanels) {
   Panel panel(containerWindow_);
   container_->Dock(&panel, 100);
-  SendMessageW(containerWindow_, WM_COMMAND, 1003, 0);
-  EXPECT_THAT(panel.commands, ElementsAre(1003));
+  SendMessageW(containerWindow_, WM_COMMAND, kStartButton, 0);
+  EXPECT_THAT(panel.commands, ElementsAre(kStartButton));
 }
 
 TEST_F(HostContainerWindow, TheFocusGoesToTheList) {
@@ -129,7 +131,7 @@ TEST_F(HostContainerWindow, GivenBackItStaysAsAWindowAndDoesNothing) {
   container_->Dock(&panel, 100);
   ReleaseControls();
   Resize(300, 300);
-  SendMessageW(containerWindow_, WM_COMMAND, 1003, 0);
+  SendMessageW(containerWindow_, WM_COMMAND, kStartButton, 0);
   EXPECT_TRUE(IsWindow(containerWindow_));
   EXPECT_TRUE(IsWindow(panel.GetHandle()));
   EXPECT_THAT(panel.commands, IsEmpty());

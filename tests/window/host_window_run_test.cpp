@@ -7,6 +7,7 @@
 
 #include "frame/host/command_numbers.h"
 #include "frame/host/plugin_base.h"
+#include "host/controls/controls.h"
 #include "host/recorded_output.h"
 #include "host/services/extensions.h"
 #include "multirename/engine/rename_worker.h"
@@ -176,7 +177,7 @@ TEST(HostWindowRun, OpensClosesAfterThePictureAndOpensAgain) {
   EXPECT_THAT(FramePlugin::log,
               ElementsAre("command 31000", "command 20002", "delete", "command 31000", "command 20002"));
   EXPECT_THAT(FramePlugin::counts, ElementsAre(3u, 3u));
-  EXPECT_THAT(FramePlugin::events, ElementsAre(52300, 52300));
+  EXPECT_THAT(FramePlugin::events, ElementsAre(QxHost::kSelectionChanged, QxHost::kSelectionChanged));
   extensions.Stop();
 }
 
