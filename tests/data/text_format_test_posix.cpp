@@ -6,6 +6,7 @@
 #include "data/thrown.h"
 #include "platform/outcome.h"
 #include "platform/posix/files/faults.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 
 using namespace Platform;
@@ -27,7 +28,7 @@ TEST(FileHeadFaults, AttributesThatCannotBeReadAreAFileNotFoundWhateverTheErrorI
     const Faults::Scope faults;
     Faults::Fail("GetFileAttributesW", 1, error);
     Faults::Watch("CreateFileW");
-    EXPECT_EQ(FormatFailure(path), (Thrown{2, "File not found"}));
+    EXPECT_EQ(FormatFailure(path), (Thrown{ERROR_FILE_NOT_FOUND, "File not found"}));
     EXPECT_EQ(Faults::CallCount("CreateFileW"), 0);
   }
 }

@@ -234,7 +234,7 @@ TEST_F(NativeLinksTest, WithoutThePrivilegeItIsTriedAgainAsWhoeverHasNone) {
 }
 
 TEST_F(NativeLinksTest, TheSecondResultCounts) {
-  Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
+  Faults::Fail("CreateSymbolicLinkW", 1, ERROR_PRIVILEGE_NOT_HELD, true);
   EXPECT_EQ(Create(kSymbolicLink, false), ERROR_PRIVILEGE_NOT_HELD);
   EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
   EXPECT_EQ(Faults::LastFlags("CreateSymbolicLinkW"), 2u);
@@ -259,7 +259,7 @@ TEST_F(NativeLinksTest, WithoutTheLibraryOrTheFunctionThereIsNoSymbolicLink) {
 
 TEST_F(NativeLinksTest, TheRefusalOfASymbolicLinkGoesToTheHelperAfterBothAttempts) {
   host_.helper.exists = true;
-  Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
+  Faults::Fail("CreateSymbolicLinkW", 1, ERROR_PRIVILEGE_NOT_HELD, true);
   EXPECT_EQ(CreateLinkWithRetry(host_, kSymbolicLink, link_, target_, true), 0u);
   EXPECT_EQ(Faults::CallCount("CreateSymbolicLinkW"), 2);
   EXPECT_THAT(host_.recorder.CallsOf({"helper.Send", "LogMessage", "MessageBox"}),
@@ -276,7 +276,7 @@ TEST_F(NativeLinksTest, TheBoxShowsTheSystemsTextAsItComesWithItsLineEnd) {
 }
 
 TEST_F(NativeLinksTest, AScriptIsToldThatAccessIsDeniedWhereThePrivilegeIsMissing) {
-  Faults::Fail("CreateSymbolicLinkW", 1, 1314, true);
+  Faults::Fail("CreateSymbolicLinkW", 1, ERROR_PRIVILEGE_NOT_HELD, true);
   FakeCommandCall call(kScriptCreateLink);
   call.values = {{"LNKTYPE", W("3")}, {"LNKSRC", link_}, {"LNKTRG", target_}};
   EXPECT_EQ(CreateLinkScript(host_, call), 0);

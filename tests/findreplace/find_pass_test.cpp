@@ -5,6 +5,7 @@
 
 #include "findreplace/documents.h"
 #include "findreplace/engine/replace_pass.h"
+#include "platform/windows_api.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;
@@ -261,7 +262,7 @@ TYPED_TEST(FindPass, OtherMatchingOptionsAreRefused) {
     for (const char* text : {"abc", ""}) {
       this->Load(text);
       EXPECT_EQ(DataError([&] { this->Run("a", "x", kWithCase, matching); }),
-                (Thrown{87, "Unsupported line matching options"}));
+                (Thrown{ERROR_INVALID_PARAMETER, "Unsupported line matching options"}));
     }
   }
 }

@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "findreplace/applied.h"
+#include "platform/windows_api.h"
 
 using namespace QXFindAndReplace;
 using testing::ElementsAre;
@@ -291,7 +292,7 @@ TYPED_TEST(Modes, CancelEndsTheListToo) {
   for (const std::uint32_t mode : {ModeOne, ModeMany, ModeManySame}) {
     ScriptedCallback<TypeParam> callback({ConfirmResult::Cancel});
     EXPECT_EQ(this->ErrorOf(mode, "aba", "a\nb", "1\n2", &callback),
-              (Thrown{1223, "Operation cancelled by user"}));
+              (Thrown{ERROR_CANCELLED, "Operation cancelled by user"}));
     EXPECT_THAT(callback.questions, SizeIs(1));
   }
 }

@@ -10,6 +10,7 @@
 #include "data/thrown.h"
 #include "findreplace/documents.h"
 #include "linesorter/scripted_reader.h"
+#include "platform/windows_api.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;
@@ -317,7 +318,8 @@ TYPED_TEST(TextDocumentLoaderTest, FailureOfTheReaderPasses) {
     ScriptedReader reader(BytesOf<TypeParam>("one\ntwo\nthree\nfour\nfive\nsix\n"));
     reader.failAt = failAt;
     reader.fail = [] { throw WQDR::WQDataReaderException(1117, "Failed to read file"); };
-    EXPECT_EQ(DataError([&] { ReadDocument<TypeParam>(reader, 8); }), (Thrown{1117, "Failed to read file"}));
+    EXPECT_EQ(DataError([&] { ReadDocument<TypeParam>(reader, 8); }),
+              (Thrown{ERROR_IO_DEVICE, "Failed to read file"}));
     EXPECT_THAT(reader.asked, SizeIs(failAt));
   }
 }

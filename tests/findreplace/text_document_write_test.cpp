@@ -3,6 +3,7 @@
 
 #include "findreplace/documents.h"
 #include "findreplace/engine/text_document.h"
+#include "platform/windows_api.h"
 
 using namespace QXFindAndReplace;
 using namespace std::string_view_literals;
@@ -120,7 +121,7 @@ TYPED_TEST(TextDocumentWrite, FailureOfTheWriterPasses) {
     FailingWriter writer(failAt);
     SetWriterEnding<TypeParam>(writer, LineEnding::Lf);
     EXPECT_EQ(DataError([&] { document->WriteLines(writer); }),
-              (Thrown{112, "Failed to write data to file"}));
+              (Thrown{ERROR_DISK_FULL, "Failed to write data to file"}));
     EXPECT_EQ(writer.writes, failAt);
   }
 }

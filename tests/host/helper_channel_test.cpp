@@ -5,10 +5,13 @@
 
 #include "frame/services/helper_requests.h"
 #include "host/system/system_places.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 
 namespace QxHost {
 namespace {
+
+using Velmora::SDK::kHelperCreateLink;
 
 HelperCommand Helper(const WString& module) {
   const WString program = OwnProgram();
@@ -24,7 +27,7 @@ u32 SendLink(HelperChannel& channel, u32 kind, const WString& link, const WStrin
   writer->WriteString(link.c_str());
   writer->WriteString(target.c_str());
   writer->WriteU32(0);
-  const u32 answer = channel.Send(Velmora::SDK::kHelperCreateLink, writer->GetData(), writer->GetSize());
+  const u32 answer = channel.Send(kHelperCreateLink, writer->GetData(), writer->GetSize());
   writer->Release();
   return answer;
 }
@@ -36,8 +39,8 @@ TEST(HelperChannel, TheHelperDoesWhatItIsSent) {
   ASSERT_TRUE(channel.Connect());
   ASSERT_TRUE(channel.Connect());  // connected already
   EXPECT_EQ(SendLink(channel, 1, scratch.Path(W("link")), target), 0u);
-  EXPECT_EQ(SendLink(channel, 1, scratch.Path(W("link")), target), 183u);
-  EXPECT_EQ(SendLink(channel, 99, scratch.Path(W("other")), target), 13u);
+  EXPECT_EQ(SendLink(channel, 1, scratch.Path(W("link")), target), DWORD{ERROR_ALREADY_EXISTS});
+  EXPECT_EQ(SendLink(channel, 99, scratch.Path(W("other")), target), DWORD{ERROR_INVALID_DATA});
   channel.Disconnect();
   EXPECT_EQ(scratch.Read(W("link")), "abc");
   EXPECT_EQ(scratch.Names().size(), 2u);
@@ -48,7 +51,7 @@ TEST(HelperChannel, AMessageLongerThanAnyPipeGoesThrough) {
   ASSERT_TRUE(channel.Connect());
   const WString longPath(2'000'000, W('x'));
   EXPECT_NE(SendLink(channel, 1, longPath, longPath), 0u);
-  EXPECT_EQ(SendLink(channel, 0, longPath, longPath), 13u);
+  EXPECT_EQ(SendLink(channel, 0, longPath, longPath), DWORD{ERROR_INVALID_DATA});
   channel.Disconnect();
 }
 
@@ -56,7 +59,7 @@ TEST(HelperChannel, ItMayBeUsedAgain) {
   HelperChannel channel(RealHelper());
   for (int round = 0; round < 2; ++round) {
     ASSERT_TRUE(channel.Connect());
-    EXPECT_EQ(SendLink(channel, 0, W("a"), W("b")), 13u);
+    EXPECT_EQ(SendLink(channel, 0, W("a"), W("b")), DWORD{ERROR_INVALID_DATA});
     channel.Disconnect();
     channel.Disconnect();
   }
@@ -70,30 +73,30 @@ TEST(HelperChannel, WhoeverForgetsToDisconnectLeavesNoHelperBehind) {
 TEST(HelperChannel, AMessageThatTheModuleDoesNotKnowIsError1) {
   HelperChannel channel(RealHelper());
   ASSERT_TRUE(channel.Connect());
-  EXPECT_EQ(channel.Send(5002, nullptr, 0), 1u);
-  EXPECT_EQ(SendLink(channel, 0, W("a"), W("b")), 13u);  // the helper still runs
+  EXPECT_EQ(channel.Send(5002, nullptr, 0), DWORD{ERROR_INVALID_FUNCTION});
+  EXPECT_EQ(SendLink(channel, 0, W("a"), W("b")), DWORD{ERROR_INVALID_DATA});  // the helper still runs
 }
 
 TEST(HelperChannel, NothingIsSentBeforeConnectOrWithoutData) {
   HelperChannel channel(RealHelper());
-  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 109u);
+  EXPECT_EQ(channel.Send(kHelperCreateLink, "abcd", 4), DWORD{ERROR_BROKEN_PIPE});
   ASSERT_TRUE(channel.Connect());
-  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, nullptr, 4), 87u);
-  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 0xFFFFFFFF), 87u);
+  EXPECT_EQ(channel.Send(kHelperCreateLink, nullptr, 4), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(channel.Send(kHelperCreateLink, "abcd", 0xFFFFFFFF), DWORD{ERROR_INVALID_PARAMETER});
   channel.Disconnect();
-  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 109u);
+  EXPECT_EQ(channel.Send(kHelperCreateLink, "abcd", 4), DWORD{ERROR_BROKEN_PIPE});
 }
 
 TEST(HelperChannel, AMessageThatIsCutIsAnsweredAsInvalid) {
   HelperChannel channel(RealHelper());
   ASSERT_TRUE(channel.Connect());
-  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 13u);
+  EXPECT_EQ(channel.Send(kHelperCreateLink, "abcd", 4), DWORD{ERROR_INVALID_DATA});
 }
 
 TEST(HelperChannel, AProgramThatIsNotThereIsNotReached) {
   HelperChannel channel({ProgramFolder() + W("\\no-such-program"), {}});
   EXPECT_FALSE(channel.Connect());
-  EXPECT_EQ(channel.Send(Velmora::SDK::kHelperCreateLink, "abcd", 4), 109u);
+  EXPECT_EQ(channel.Send(kHelperCreateLink, "abcd", 4), DWORD{ERROR_BROKEN_PIPE});
   channel.Disconnect();
 }
 

@@ -4,11 +4,13 @@
 #include <gmock/gmock.h>
 
 #include "frame/services/helper_requests.h"
+#include "platform/windows_api.h"
 
 namespace QxHost {
 namespace {
 
 using namespace std::chrono_literals;
+using Velmora::SDK::kHelperCreateLink;
 
 constexpr HelperTimes kShort{.start = 200ms, .answer = 200ms, .end = 200ms};
 // Limits that are never reached, for helpers that end by themselves.
@@ -21,7 +23,8 @@ u32 SendTo(const char* script, const HelperTimes& times, u32 size = 4) {
   EXPECT_TRUE(channel.Connect());
   const std::string body(size, 'x');
   const u32 answer = channel.Send(kHelperCreateLink, body.data(), size);
-  EXPECT_EQ(channel.Send(kHelperCreateLink, body.data(), size), 109u) << "a helper that failed is still used";
+  EXPECT_EQ(channel.Send(kHelperCreateLink, body.data(), size), ERROR_BROKEN_PIPE)
+      << "a helper that failed is still used";
   channel.Disconnect();
   return answer;
 }
@@ -42,25 +45,26 @@ TEST(BadHelper, OneThatGreetsOtherwiseIsNotReached) {
 }
 
 TEST(BadHelper, OneThatDoesNotAnswerIsGivenUpInTime) {
-  EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort), 1460u);
+  EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort), ERROR_TIMEOUT);
 }
 
 TEST(BadHelper, OneThatDoesNotListenIsGivenUpInTime) {
-  EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort, 50'000'000), 1460u);
+  EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort, 50'000'000), ERROR_TIMEOUT);
 }
 
 TEST(BadHelper, OneThatAnswersInPartIsGivenUpInTime) {
-  EXPECT_EQ(SendTo("printf QXH1QXRP; exec sleep 1000", kShort), 1460u);
+  EXPECT_EQ(SendTo("printf QXH1QXRP; exec sleep 1000", kShort), ERROR_TIMEOUT);
 }
 
 TEST(BadHelper, OneThatDiesIsABrokenPipe) {
-  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; exit 3", kLong), 109u);
-  EXPECT_EQ(SendTo("printf QXH1; kill -9 $$", kLong), 109u);
-  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; exit 3", kLong, 50'000'000), 109u);
+  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; exit 3", kLong), ERROR_BROKEN_PIPE);
+  EXPECT_EQ(SendTo("printf QXH1; kill -9 $$", kLong), ERROR_BROKEN_PIPE);
+  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; exit 3", kLong, 50'000'000), ERROR_BROKEN_PIPE);
 }
 
 TEST(BadHelper, OneThatAnswersRubbishIsInvalidData) {
-  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; printf 'this is no reply at all'", kLong), 13u);
+  EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; printf 'this is no reply at all'", kLong),
+            ERROR_INVALID_DATA);
 }
 
 TEST(BadHelper, OneThatDoesNotEndIsEnded) {

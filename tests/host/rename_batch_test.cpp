@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "host/rename/planned_renames.h"
+#include "platform/windows_api.h"
 #include "recorded_output.h"
 #include "support/scratch_folder.h"
 
@@ -91,9 +92,9 @@ TEST_F(RenameBatchTest, ANameThatCanBeNoneIsRefusedWithoutHarm) {
   scratch_.Write(W("a.txt"), "");
   scratch_.MakeFolder(W("dir"));
   for (const WCHAR* name : {W(""), W("."), W(".."), W("dir\\b"), W("dir/b"), W("b:c"), W("b*"), W("b\n")}) {
-    EXPECT_EQ(RenameItem(W("a.txt"), name), 123u) << ToUtf8(name);
+    EXPECT_EQ(RenameItem(W("a.txt"), name), u32{ERROR_INVALID_NAME}) << ToUtf8(name);
   }
-  EXPECT_EQ(RenameItem(W("a.txt"), nullptr), 123u);
+  EXPECT_EQ(RenameItem(W("a.txt"), nullptr), u32{ERROR_INVALID_NAME});
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt"), W("dir")));
   EXPECT_THAT(recorded_.problems, HasSubstr("cannot rename"));
 }
@@ -101,7 +102,7 @@ TEST_F(RenameBatchTest, ANameThatCanBeNoneIsRefusedWithoutHarm) {
 TEST_F(RenameBatchTest, ATargetThatExistsIsNotReplaced) {
   scratch_.Write(W("a"), "a");
   scratch_.Write(W("b"), "b");
-  EXPECT_EQ(RenameItem(W("a"), W("b")), 183u);
+  EXPECT_EQ(RenameItem(W("a"), W("b")), u32{ERROR_ALREADY_EXISTS});
   EXPECT_EQ(scratch_.Read(W("b")), "b");
   EXPECT_EQ(scratch_.Read(W("a")), "a");
 }
@@ -122,7 +123,7 @@ TEST_F(RenameBatchTest, AFileThatHasGoneFailsWithItsNumber) {
   IHostRenameBatch* const batch = operation.CreateRenameBatch();
   batch->AddByItem(item, W("b"), nullptr);
   operation.RunBatch(batch, nullptr);
-  EXPECT_EQ(batch->At(0)->ResultCode(), 2u);
+  EXPECT_EQ(batch->At(0)->ResultCode(), u32{ERROR_FILE_NOT_FOUND});
   EXPECT_THAT(recorded_.problems, HasSubstr("(2)"));
   batch->Release();
 }
@@ -137,7 +138,7 @@ TEST_F(RenameBatchTest, RenamesThatWereFoundIndependentAreForetoldOnceAndComeToT
     imagined.push_back({items[index], newNames[index]});
   FolderListings listings;
   const ForetoldRenames foretold = ForetellPlanned(imagined, listings);
-  EXPECT_THAT(foretold.results, ElementsAre(0u, 10u, 123u, 0u));
+  EXPECT_THAT(foretold.results, ElementsAre(0u, 10u, ERROR_INVALID_NAME, 0u));
 
   FileOperation operation(tree_, *reporter_, recorded_.output, false);
   RenameBatch batch;
@@ -147,7 +148,7 @@ TEST_F(RenameBatchTest, RenamesThatWereFoundIndependentAreForetoldOnceAndComeToT
   scratch_.Write(W("x"), "later");
   operation.ExpectIndependent();
   operation.RunBatch(&batch, nullptr);
-  EXPECT_THAT(operation.LastResults(), ElementsAre(183u, 10u, 123u, 0u));
+  EXPECT_THAT(operation.LastResults(), ElementsAre(ERROR_ALREADY_EXISTS, 10u, ERROR_INVALID_NAME, 0u));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a"), W("b"), W("c"), W("x"), W("y")));
   EXPECT_EQ(scratch_.Read(W("x")), "later");
   EXPECT_EQ(items[3]->Name(), W("y"));
@@ -177,7 +178,7 @@ TEST_F(RenameBatchTest, DotsAndBlanksAtTheEndOfANewNameAreLeftOut) {
   EXPECT_EQ(tree_.Find(scratch_.Path(W("b")))->Name(), W("b"));
   EXPECT_THAT(recorded_.Out(), HasSubstr(R"("to":"b","result":0})"));
   EXPECT_EQ(RenameItem(W("b"), W("b.")), 10u);
-  EXPECT_EQ(RenameItem(W("b"), W(" . ")), 123u);
+  EXPECT_EQ(RenameItem(W("b"), W(" . ")), u32{ERROR_INVALID_NAME});
 }
 
 TEST_F(RenameBatchTest, TheNamesOfABatchMoveUpByOneInOneRun) {
@@ -202,8 +203,8 @@ TEST_F(RenameBatchTest, TheNamesOfABatchMoveUpByOneInOneRun) {
 TEST_F(RenameBatchTest, InOrderTheSameBatchIsTriedAsItComes) {
   const Pairs pairs = {{W("img1"), W("img2")}, {W("img2"), W("img3")}, {W("img3"), W("img4")}};
   for (const char* name : {"img1", "img2", "img3"}) scratch_.Write(FromUtf8(name), name);
-  EXPECT_THAT(Run(pairs, true, true), ElementsAre(183u, 183u, 0u));
-  EXPECT_THAT(Run(pairs, false, true), ElementsAre(183u, 183u, 0u));
+  EXPECT_THAT(Run(pairs, true, true), ElementsAre(ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS, 0u));
+  EXPECT_THAT(Run(pairs, false, true), ElementsAre(ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS, 0u));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("img1"), W("img2"), W("img4")));
 }
 
@@ -244,7 +245,7 @@ TEST_F(RenameBatchTest, ADryRunForetellsANameThatIsTooLong) {
   scratch_.Write(W("a"), "");
   const WString tooLong(256, W('x'));
   const std::vector<u32> dry = Run({{W("a"), tooLong.c_str()}}, true);
-  EXPECT_THAT(dry, ElementsAre(206u));
+  EXPECT_THAT(dry, ElementsAre(ERROR_FILENAME_EXCED_RANGE));
   EXPECT_EQ(Run({{W("a"), tooLong.c_str()}}), dry);
   EXPECT_EQ(Run({{W("a"), tooLong.c_str()}}, false, true), dry);
 }
@@ -273,8 +274,8 @@ TEST_F(RenameBatchTest, ARestoreBelowAFolderWhoseNameIsTakenIsRefused) {
   scratch_.MakeFolder(W("dir"));
   scratch_.Write(W("dir2\\a2"), "");
   const Pairs restore = {{W("dir\\a2"), W("a")}, {W("dir2"), W("dir")}};
-  EXPECT_THAT(RunPaths(restore, true), ElementsAre(183u, 183u));
-  EXPECT_THAT(RunPaths(restore), ElementsAre(183u, 183u));
+  EXPECT_THAT(RunPaths(restore, true), ElementsAre(ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS));
+  EXPECT_THAT(RunPaths(restore), ElementsAre(ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS));
   EXPECT_THAT(scratch_.Names(W("dir2")), ElementsAre(W("a2")));
 }
 
@@ -293,9 +294,11 @@ TEST_F(RenameBatchTest, InOrderADryRunRefusesATargetThatExistsOrIsTaken) {
                        {W("a"), W("b")},                    // b is free again
                        {W("b"), W("D")},                    // only the case of its new name differs
                        {W("a"), W("a")}};                   // renamed back
-  EXPECT_THAT(Run(pairs, true, true), ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
+  EXPECT_THAT(Run(pairs, true, true),
+              ElementsAre(ERROR_ALREADY_EXISTS, 0u, ERROR_ALREADY_EXISTS, 0u, 0u, 0u));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a"), W("b"), W("c")));
-  EXPECT_THAT(Run(pairs, false, true), ElementsAre(183u, 0u, 183u, 0u, 0u, 0u));
+  EXPECT_THAT(Run(pairs, false, true),
+              ElementsAre(ERROR_ALREADY_EXISTS, 0u, ERROR_ALREADY_EXISTS, 0u, 0u, 0u));
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("D"), W("a"), W("c")));
 }
 
@@ -303,15 +306,15 @@ TEST_F(RenameBatchTest, InOrderADryRunFindsNoFileThatHasGone) {
   scratch_.Write(W("a"), "");
   tree_.Find(scratch_.Path(W("a")));
   std::filesystem::remove(scratch_.NativePath(W("a")));
-  EXPECT_THAT(RunPaths({{W("a"), W("b")}}, true, true), ElementsAre(2u));
-  EXPECT_THAT(RunPaths({{W("a"), W("b")}}, false, true), ElementsAre(2u));
+  EXPECT_THAT(RunPaths({{W("a"), W("b")}}, true, true), ElementsAre(ERROR_FILE_NOT_FOUND));
+  EXPECT_THAT(RunPaths({{W("a"), W("b")}}, false, true), ElementsAre(ERROR_FILE_NOT_FOUND));
 }
 
 TEST_F(RenameBatchTest, ADryRunReportsAndDoesNothing) {
   scratch_.Write(W("a"), "");
   EXPECT_EQ(RenameItem(W("a"), W("b"), true), 0u);
   EXPECT_EQ(RenameItem(W("a"), W("a"), true), 10u);
-  EXPECT_EQ(RenameItem(W("a"), W("?"), true), 123u);
+  EXPECT_EQ(RenameItem(W("a"), W("?"), true), u32{ERROR_INVALID_NAME});
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a")));
 }
 
@@ -382,7 +385,9 @@ TEST_F(RenameBatchTest, ADriveAndWhatIsNoFullPathAreNotRenamed) {
   operation.RunPathBatch(batch, nullptr);
   std::vector<u32> results;
   for (u32 index = 0; index < batch->Count(); ++index) results.push_back(batch->At(index)->ResultCode());
-  EXPECT_THAT(results, ElementsAre(5u, 161u, 161u, 161u, 161u, 161u, 161u, 161u));
+  std::vector<u32> expected(8, ERROR_BAD_PATHNAME);
+  expected.front() = ERROR_ACCESS_DENIED;
+  EXPECT_EQ(results, expected);
   batch->Release();
 }
 

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "host/rename/temporary_name.h"
+#include "platform/windows_api.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -152,7 +153,7 @@ TEST_F(RenamePlanTest, ANameThatAFileKeepsIsRefusedAndSoIsWhatWaitsForIt) {
   Item("c", "x");
   Plan();
   EXPECT_THAT(steps_, IsEmpty());
-  EXPECT_THAT(plan_.results, ElementsAre(183u, 183u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, OfTwoRenamesToOneNameTheFirstGetsIt) {
@@ -162,7 +163,7 @@ TEST_F(RenamePlanTest, OfTwoRenamesToOneNameTheFirstGetsIt) {
   Item("c", "b");
   Plan();
   EXPECT_THAT(steps_, ElementsAre("a>x"));
-  EXPECT_THAT(plan_.results, ElementsAre(0u, 183u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(0u, ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, TheFirstOfTwoRenamesBreaksACycleThatTheSecondIsIn) {
@@ -171,7 +172,7 @@ TEST_F(RenamePlanTest, TheFirstOfTwoRenamesBreaksACycleThatTheSecondIsIn) {
   Item("b", "c");
   Item("c", "b");
   Plan();
-  EXPECT_THAT(plan_.results, ElementsAre(183u, 183u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, OfTwoRenamesOfOneFileTheFirstCounts) {
@@ -183,7 +184,8 @@ TEST_F(RenamePlanTest, OfTwoRenamesOfOneFileTheFirstCounts) {
   Item("b", "q");
   Plan();
   EXPECT_THAT(steps_, ElementsAre("a>x"));
-  EXPECT_THAT(plan_.results, ElementsAre(0u, 2u, 10u, 183u, 183u));
+  EXPECT_THAT(plan_.results,
+              ElementsAre(0u, ERROR_FILE_NOT_FOUND, 10u, ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, WhatIsDecidedAlreadyTakesNoPartAndKeepsItsName) {
@@ -192,7 +194,7 @@ TEST_F(RenamePlanTest, WhatIsDecidedAlreadyTakesNoPartAndKeepsItsName) {
   Item("b", "a");
   texts_.front().refusal = ERROR_INVALID_NAME;
   Plan();
-  EXPECT_THAT(plan_.results, ElementsAre(123u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(ERROR_INVALID_NAME, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, AFileThatHasGoneTakesNoName) {
@@ -200,7 +202,7 @@ TEST_F(RenamePlanTest, AFileThatHasGoneTakesNoName) {
   Item("a", "x");
   Item("b", "x");
   Plan();
-  EXPECT_THAT(plan_.results, ElementsAre(2u, 0u));
+  EXPECT_THAT(plan_.results, ElementsAre(ERROR_FILE_NOT_FOUND, 0u));
 }
 
 TEST_F(RenamePlanTest, ANameThatTheSystemRefusesHasItsNumber) {
@@ -209,7 +211,7 @@ TEST_F(RenamePlanTest, ANameThatTheSystemRefusesHasItsNumber) {
   Item("a", "long");
   Item("b", "a");
   Plan();
-  EXPECT_THAT(plan_.results, ElementsAre(206u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(ERROR_FILENAME_EXCED_RANGE, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, TheCurrentFolderAndThoseAboveItStay) {
@@ -220,7 +222,8 @@ TEST_F(RenamePlanTest, TheCurrentFolderAndThoseAboveItStay) {
   Item("a\\bb", "y");
   Item("c", "a");
   Plan();
-  EXPECT_THAT(plan_.results, ElementsAre(32u, 32u, 0u, 183u));
+  EXPECT_THAT(plan_.results,
+              ElementsAre(ERROR_SHARING_VIOLATION, ERROR_SHARING_VIOLATION, 0u, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, NamesThatDifferInCaseAloneAreTwoWhereTheFileSystemSaysSo) {
@@ -230,7 +233,7 @@ TEST_F(RenamePlanTest, NamesThatDifferInCaseAloneAreTwoWhereTheFileSystemSaysSo)
   Item("c", "new");
   Item("d", "NEW");
   Plan();
-  EXPECT_THAT(plan_.results, ElementsAre(0u, 183u, 0u, 0u));
+  EXPECT_THAT(plan_.results, ElementsAre(0u, ERROR_ALREADY_EXISTS, 0u, 0u));
 }
 
 TEST_F(RenamePlanTest, NamesThatDifferInCaseAloneAreOneWhereTheFileSystemSaysSo) {
@@ -242,7 +245,7 @@ TEST_F(RenamePlanTest, NamesThatDifferInCaseAloneAreOneWhereTheFileSystemSaysSo)
   Item("d", "NEW");
   Plan();
   EXPECT_THAT(steps_, ElementsAre("a>x", "b>A", "c>new"));
-  EXPECT_THAT(plan_.results, ElementsAre(0u, 0u, 0u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(0u, 0u, 0u, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, ACycleOfNamesThatDifferInCaseIsFound) {
@@ -261,7 +264,7 @@ TEST_F(RenamePlanTest, AChangeOfCaseNeedsNoOtherName) {
   Item("a", "A");
   Plan();
   EXPECT_THAT(steps_, ElementsAre("a>A"));
-  EXPECT_THAT(plan_.results, ElementsAre(183u, 0u));
+  EXPECT_THAT(plan_.results, ElementsAre(ERROR_ALREADY_EXISTS, 0u));
 }
 
 TEST_F(RenamePlanTest, FilesGoBeforeTheFolderThatTheyAreIn) {
@@ -291,7 +294,7 @@ TEST_F(RenamePlanTest, AFileThatDoesNotMoveIsNoReasonToRefuseItsFolder) {
   Item("d\\a", "b");
   Plan();
   EXPECT_THAT(steps_, ElementsAre("d>e"));
-  EXPECT_THAT(plan_.results, ElementsAre(0u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(0u, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, PathsBelowTheLaterNameOfAFolderGoAfterIt) {
@@ -332,7 +335,7 @@ TEST_F(RenamePlanTest, PathsBelowAFolderThatIsRefusedAreRefused) {
   Path("new", "old");
   Plan();
   EXPECT_THAT(steps_, IsEmpty());
-  EXPECT_THAT(plan_.results, ElementsAre(183u, 183u, 183u));
+  EXPECT_THAT(plan_.results, ElementsAre(ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS, ERROR_ALREADY_EXISTS));
 }
 
 TEST_F(RenamePlanTest, PathsBelowFoldersThatSwapTheirNamesAreThoseAfterTheSwap) {

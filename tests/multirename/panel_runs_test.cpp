@@ -281,7 +281,7 @@ TEST_F(PanelRuns, EachOfTheStates1To4BlocksAndNoOther) {
 
 TEST_F(PanelRuns, AFailedRowBlocksTheNextStartUntilAPreviewHasResetIt) {
   Open({W("a.t"), W("b.t")});
-  host_.renames.codes = {{W("x01.t"), 5}};
+  host_.renames.codes = {{W("x01.t"), ERROR_ACCESS_DENIED}};
   Run(W("x[C]"));
   EXPECT_THAT(States(), ElementsAre(StateFailed, StateRenamed));
   EXPECT_EQ(frameView.panes[1], W("1 Renamed, 1 Failed"));
@@ -296,7 +296,7 @@ TEST_F(PanelRuns, AFailedRowBlocksTheNextStartUntilAPreviewHasResetIt) {
 TEST_F(PanelRuns, WithoutLivePreviewStartResetsAFailedRow) {
   Open({W("a.t")});
   Check(kLivePreviewBox, false);
-  host_.renames.codes = {{W("x.t"), 5}};
+  host_.renames.codes = {{W("x.t"), ERROR_ACCESS_DENIED}};
   Run(W("x"));
   EXPECT_THAT(States(), ElementsAre(StateFailed));
   form.Press(kStartButton);
@@ -354,7 +354,7 @@ TEST_F(PanelRuns, AnEmptyListIsRenamedWithoutAnErrorAndFinishes) {
 
 TEST_F(PanelRuns, WhenAllRenamesFailUndoIsAvailableAllTheSame) {
   Open({W("a.t")});
-  host_.renames.codes = {{W("x.t"), 5}};
+  host_.renames.codes = {{W("x.t"), ERROR_ACCESS_DENIED}};
   Run(W("x"));
   EXPECT_TRUE(form.UndoAvailable());
   EXPECT_THAT(UndoFiles(), IsEmpty());

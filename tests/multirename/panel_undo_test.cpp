@@ -36,7 +36,7 @@ TEST_F(PanelUndo, UndoGivesTheRowsTheirOldNames) {
 
 TEST_F(PanelUndo, UndoTakesAllRowsInTheOrderOfTheScreenAlsoTheFailedOnes) {
   Open({W("a.t"), W("b.t")});
-  host_.renames.codes = {{W("x01.t"), 5}, {W("a.t"), 2}};
+  host_.renames.codes = {{W("x01.t"), ERROR_ACCESS_DENIED}, {W("a.t"), ERROR_FILE_NOT_FOUND}};
   Run(W("x[C]"));
   std::swap(list.rows[0], list.rows[1]);
   form.Press(kUndoButton);
@@ -53,7 +53,7 @@ TEST_F(PanelUndo, UndoAfterAChangeOfARuleAsksForTheNamesThatShowNowAndTheHostRef
   Run(W("x"));
   Type(kNameTemplate, W("y"));
   Settle();
-  host_.renames.codes = {{W("a.t"), 2}};  // y.t does not exist
+  host_.renames.codes = {{W("a.t"), ERROR_FILE_NOT_FOUND}};  // y.t does not exist
   form.Press(kUndoButton);
   Settle();
   ASSERT_EQ(host_.renames.pathRenames.size(), 1u);
@@ -186,7 +186,7 @@ TEST_F(PanelUndo, RestoringASessionTwicePassesTheRenamesASecondTime) {
   LoadSessionOfRow(0);
   form.Press(kUndoButton);
   Settle();
-  host_.renames.codes = {{W("o.t"), 2}};
+  host_.renames.codes = {{W("o.t"), ERROR_FILE_NOT_FOUND}};
   form.Press(kUndoButton);
   Settle();
   EXPECT_EQ(host_.renames.pathRenames.size(), 2u);

@@ -8,6 +8,7 @@
 #include "multirename/engine/multi_rename_item.h"
 #include "multirename/moments.h"
 #include "multirename/rename_host.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 
 namespace Velmora::SDK {
@@ -65,7 +66,7 @@ TEST_F(RenameRunTest, ARunForgetsTheCountsAndTheErrorOfBefore) {
 
 TEST_F(RenameRunTest, ARestoreForgetsTheCountsAndTheErrorOfBefore) {
   Rows({W("a"), W("b"), W("c")});
-  host_.renames.codes = {{W("new a"), 5}, {W("new b"), 10}};
+  host_.renames.codes = {{W("new a"), ERROR_ACCESS_DENIED}, {W("new b"), 10}};
   RunRenames(*engine_, false);
   EXPECT_EQ(StatusText(engine_->status), W("1 Renamed, 1 Ignored, 1 Failed"));
   engine_->status.SetError(W("bad"));
@@ -181,7 +182,7 @@ TEST_F(RenameRunTest, ASessionThatWasRestoredIsPassedToTheHostASecondTimeToo) {
   MultiRenameUndo& session = *engine_->undoStore.sessions.front();
   session.haveRestored = true;
   RunRestore(*engine_, session);
-  host_.renames.codes = {{W("a"), 2}};
+  host_.renames.codes = {{W("a"), ERROR_FILE_NOT_FOUND}};
   RunRestore(*engine_, session);
   EXPECT_THAT(host_.renames.pathRenames, SizeIs(2));
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new a"));
@@ -191,11 +192,11 @@ TEST_F(RenameRunTest, ASessionThatWasRestoredIsPassedToTheHostASecondTimeToo) {
 
 TEST_F(RenameRunTest, ARestoreOfAllRowsPassesThoseOnThatFailedBefore) {
   Rows({W("a"), W("b"), W("c")});
-  host_.renames.codes = {{W("new b"), 5}, {W("new c"), 10}};
+  host_.renames.codes = {{W("new b"), ERROR_ACCESS_DENIED}, {W("new c"), 10}};
   RunRenames(*engine_, true);
   MultiRenameUndo all;
   all.FromRows(engine_->items, false);
-  host_.renames.codes = {{W("b"), 2}, {W("c"), 2}};
+  host_.renames.codes = {{W("b"), ERROR_FILE_NOT_FOUND}, {W("c"), ERROR_FILE_NOT_FOUND}};
   RunRestore(*engine_, all);
   ASSERT_THAT(host_.renames.pathRenames, SizeIs(3));
   EXPECT_EQ(host_.renames.pathRenames[1].from, W("C:\\view\\new b"));
@@ -231,7 +232,7 @@ TEST_F(RenameRunTest, AfterARunTheNextNamesAreComputedFromTheOldOnesAgain) {
 
 TEST_F(RenameRunTest, AStateOfAnEarlierRunBlocksUntilAPreviewResetsIt) {
   Rows({W("a"), W("b")});
-  host_.renames.codes = {{W("new a"), 5}, {W("new b"), 10}};
+  host_.renames.codes = {{W("new a"), ERROR_ACCESS_DENIED}, {W("new b"), 10}};
   RunRenames(*engine_, false);
   for (const MultiRenameItem& row : *rows_) EXPECT_TRUE(BlocksStart(row.state));
   const std::atomic<bool> never = false;

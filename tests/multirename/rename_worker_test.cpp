@@ -10,6 +10,7 @@
 #include "multirename/rename_host.h"
 #include "multirename/silent_item.h"
 #include "platform/message_window.h"
+#include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 #include "support/semaphore.h"
 
@@ -264,7 +265,7 @@ TEST_F(RenameWorkerTest, ARunRenamesAllRowsWhateverTheirStatesAndKeepsTheResults
   Preview();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   (*rows_)[1].state = StateDuplicate;
-  host_.renames.codes = {{W("x02"), 183}, {W("x03"), 10}};
+  host_.renames.codes = {{W("x02"), ERROR_ALREADY_EXISTS}, {W("x03"), 10}};
   engine_->worker.WantRename(true);
   engine_->worker.Wake();
   EXPECT_EQ(Next(), "33768(0,0)");
@@ -317,7 +318,7 @@ TEST_F(RenameWorkerTest, WhenAllRenamesFailThereIsNoUndoFileAndNoSession) {
   Begin({W("a")});
   Preview();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  host_.renames.codes = {{W("x01"), 5}};
+  host_.renames.codes = {{W("x01"), ERROR_ACCESS_DENIED}};
   engine_->worker.WantRename(true);
   engine_->worker.Wake();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
@@ -354,7 +355,7 @@ TEST_F(RenameWorkerTest, ARestoreRenamesEachNewNameBackInItsOrderAndLeavesTheRow
   auto session = std::make_shared<MultiRenameUndo>();
   session->entries = {{W("C:\\x"), W("n1"), W("o1")}, {W("C:\\y\\"), W("n2"), W("o2")}};
   engine_->restoreSet = session;
-  host_.renames.codes = {{W("o2"), 2}};
+  host_.renames.codes = {{W("o2"), ERROR_FILE_NOT_FOUND}};
   engine_->worker.WantRestore();
   engine_->worker.Wake();
   EXPECT_EQ(Next(), "33868(3,0)");

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/windows_api.h"
 #include "security/alternate_streams.h"
 #include "security/cacl_info.h"
 #include "security/current_user.h"
@@ -68,12 +69,12 @@ TEST_F(NtfsToolsFile, AFileAndAFolderWithoutStreamsHaveNone) {
 TEST_F(NtfsToolsFile, EmptyPathsAndUsersAreBadParameters) {
   const WString user = CurrentUserName();
   ASSERT_NE(user, W(""));
-  EXPECT_EQ(tools_.TakeOwnership(W(""), user), 87u);
-  EXPECT_EQ(tools_.TakeOwnership(file_, W("")), 87u);
-  EXPECT_EQ(tools_.AddAccess(W(""), user, 1), 87u);
-  EXPECT_EQ(tools_.AddAccess(file_, W(""), 1), 87u);
-  EXPECT_EQ(tools_.AddAccess(file_, user, 0), 87u);
-  EXPECT_EQ(tools_.ResetAccess(W("")), 87u);
+  EXPECT_EQ(tools_.TakeOwnership(W(""), user), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(tools_.TakeOwnership(file_, W("")), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(tools_.AddAccess(W(""), user, 1), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(tools_.AddAccess(file_, W(""), 1), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(tools_.AddAccess(file_, user, 0), DWORD{ERROR_INVALID_PARAMETER});
+  EXPECT_EQ(tools_.ResetAccess(W("")), DWORD{ERROR_INVALID_PARAMETER});
 }
 
 TEST_F(NtfsToolsFile, UnknownUsersAndMissingFilesAreErrorsOfTheSystem) {
@@ -81,9 +82,9 @@ TEST_F(NtfsToolsFile, UnknownUsersAndMissingFilesAreErrorsOfTheSystem) {
   const WString missing = scratch_.Path(W("nosuch"));
   EXPECT_EQ(tools_.TakeOwnership(file_, W("nosuchuser")), 1332u);
   EXPECT_EQ(tools_.AddAccess(file_, W("nosuchuser"), 1), 1332u);
-  EXPECT_EQ(tools_.TakeOwnership(missing, user), 2u);
-  EXPECT_EQ(tools_.AddAccess(missing, user, 1), 2u);
-  EXPECT_EQ(tools_.ResetAccess(missing), 2u);
+  EXPECT_EQ(tools_.TakeOwnership(missing, user), DWORD{ERROR_FILE_NOT_FOUND});
+  EXPECT_EQ(tools_.AddAccess(missing, user, 1), DWORD{ERROR_FILE_NOT_FOUND});
+  EXPECT_EQ(tools_.ResetAccess(missing), DWORD{ERROR_FILE_NOT_FOUND});
 }
 
 TEST_F(NtfsToolsFile, APathOfAServerIsNoFileAndTheSystemRefusesIt) {
