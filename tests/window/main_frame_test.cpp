@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
 #include "window/held_key.h"
 #include "window/modal_driver.h"
 #include "window/opened_menu.h"
@@ -15,10 +16,6 @@ namespace {
 using namespace Velmora::SDK;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr int kNameField = 1034;
-constexpr int kCaseField = 1036;
-constexpr int kCloseNumber = 1041;
 
 class MainFrameWindow : public RenameFrameWindow {
  protected:
@@ -110,7 +107,7 @@ TEST_F(MainFrameWindow, TheStatusPaneIs650PixelsWideAndTheCountsHaveTheRest) {
 TEST_F(MainFrameWindow, AStatusWithPercentsAmpersandsAndTabsIsShownAsItIs) {
   Open();
   engine_->status.SetError(W("100 %s & %n\tx"));
-  window_->Form().OnHostEvent(reinterpret_cast<std::intptr_t>(Panel()), 1000);
+  window_->Form().OnHostEvent(reinterpret_cast<std::intptr_t>(Panel()), kEventStatusChanged);
   EXPECT_THAT(Pane(1), testing::HasSubstr(W("100 %s & %n\tx")));
 }
 
@@ -199,10 +196,10 @@ TEST_F(MainFrameWindow, TheSameKeysWithoutAltAreTheFieldsOwn) {
 TEST_F(MainFrameWindow, AltDownInABoxMovesRowsAndOpensNoList) {
   Open({W("a"), W("b")});
   SelectRows({0});
-  SetFocus(GetDlgItem(Panel(), kCaseField));
+  SetFocus(GetDlgItem(Panel(), kCaseBox));
   PressFrameKey(VK_DOWN, true);
   EXPECT_THAT(OldNames(), ElementsAre(W("b"), W("a")));
-  EXPECT_FALSE(SendDlgItemMessageW(Panel(), kCaseField, CB_GETDROPPEDSTATE, 0, 0));
+  EXPECT_FALSE(SendDlgItemMessageW(Panel(), kCaseBox, CB_GETDROPPEDSTATE, 0, 0));
 }
 
 TEST_F(MainFrameWindow, TheKeysOfRowsMoveThemFromTheListAsWell) {
@@ -238,11 +235,11 @@ TEST_F(MainFrameWindow, EscapeAsksAndNoOrCancelKeeps) {
 
 TEST_F(MainFrameWindow, EscapeInAnOpenListClosesTheListAlone) {
   Open();
-  SetFocus(GetDlgItem(Panel(), kCaseField));
+  SetFocus(GetDlgItem(Panel(), kCaseBox));
   PressFrameKey(VK_F4);
-  ASSERT_TRUE(SendDlgItemMessageW(Panel(), kCaseField, CB_GETDROPPEDSTATE, 0, 0));
+  ASSERT_TRUE(SendDlgItemMessageW(Panel(), kCaseBox, CB_GETDROPPEDSTATE, 0, 0));
   PressFrameKey(VK_ESCAPE);
-  EXPECT_FALSE(SendDlgItemMessageW(Panel(), kCaseField, CB_GETDROPPEDSTATE, 0, 0));
+  EXPECT_FALSE(SendDlgItemMessageW(Panel(), kCaseBox, CB_GETDROPPEDSTATE, 0, 0));
   EXPECT_NE(Frame(), nullptr);
 }
 
@@ -263,46 +260,48 @@ TEST_F(MainFrameWindow, ASecondEscapeMessageDuringTheQuestionAsksNothing) {
 
 TEST_F(MainFrameWindow, TheTabKeyLeadsThroughThePanelToTheListAndAround) {
   Open({W("a")});
-  EXPECT_EQ(FocusedNumber(), kNameField);
+  EXPECT_EQ(FocusedNumber(), kNameTemplate);
   std::vector<int> walked;
   for (int step = 0; step < 60 && GetFocus() != List(); ++step) {
     walked.push_back(FocusedNumber());
     PressFrameKey(VK_TAB);
   }
   EXPECT_EQ(GetFocus(), List());
-  EXPECT_THAT(walked,
-              ElementsAre(1034, 1046, 1035, 1047, 1036, 1004, 1031, 1032, 1033, 1045, 1044, 1118, 1020, 1001,
-                          1119, 1117, 1070, 1039, 1038, 1037, 1043, 1071, 1049, 1003, 1041));
+  EXPECT_THAT(walked, ElementsAre(kNameTemplate, kNameTags, kExtensionTemplate, kExtensionTags, kCaseBox,
+                                  kLivePreviewBox, kStartAt, kStepBy, kDigits, kProfileBox, kDeleteProfile,
+                                  kPairList, kPairFind, kPairReplace, kPairAdd, kPairDialog, kPartsBox,
+                                  kRegexBox, kReplaceAllBox, kCaseSensitiveBox, kSaveUndoBox, kResetButton,
+                                  kUndoManagerButton, kStartButton, kCloseButton));
   PressFrameKey(VK_TAB);
-  EXPECT_EQ(FocusedNumber(), kNameField);
+  EXPECT_EQ(FocusedNumber(), kNameTemplate);
   const HeldKey shift(VK_SHIFT);
   PressFrameKey(VK_TAB);
   EXPECT_EQ(GetFocus(), List());
   PressFrameKey(VK_TAB);
-  EXPECT_EQ(FocusedNumber(), kCloseNumber);
+  EXPECT_EQ(FocusedNumber(), kCloseButton);
 }
 
 TEST_F(MainFrameWindow, AccessKeysLeadToTheirFieldsFromTheListToo) {
   Open({W("a")});
   SetFocus(List());
   PressFrameAccessKey(W('d'));
-  EXPECT_EQ(FocusedNumber(), 1033);
+  EXPECT_EQ(FocusedNumber(), kDigits);
   PressFrameAccessKey(W('n'));
-  EXPECT_EQ(FocusedNumber(), kNameField);
+  EXPECT_EQ(FocusedNumber(), kNameTemplate);
   SetFocus(List());
   PressFrameAccessKey(W('w'));
-  EXPECT_FALSE(IsChecked(Panel(), 1004));
+  EXPECT_FALSE(IsChecked(Panel(), kLivePreviewBox));
 }
 
 TEST_F(MainFrameWindow, TheFrameGivesTheFocusBackToTheControlThatHadIt) {
   Open({W("a")});
-  SetFocus(GetDlgItem(Panel(), 1032));
+  SetFocus(GetDlgItem(Panel(), kStepBy));
   {
     const OwnerWindow other(200, 100);
-    ASSERT_NE(GetFocus(), GetDlgItem(Panel(), 1032));
+    ASSERT_NE(GetFocus(), GetDlgItem(Panel(), kStepBy));
   }
   SetActiveWindow(Frame());
-  EXPECT_EQ(GetFocus(), GetDlgItem(Panel(), 1032));
+  EXPECT_EQ(GetFocus(), GetDlgItem(Panel(), kStepBy));
 }
 
 TEST_F(MainFrameWindow, TheListsMenuShowsTheMovesWithTheirKeys) {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <thread>
 
+#include "multirename/form/panel_controls.h"
 #include "multirename/gate_properties.h"
 #include "support/semaphore.h"
 #include "window/modal_driver.h"
@@ -13,8 +14,6 @@ namespace {
 
 using namespace Velmora::SDK;
 using testing::ElementsAre;
-
-constexpr int kNameField = 1034;
 
 int FramesOfThread() {
   int count = 0;
@@ -239,12 +238,12 @@ TEST_F(RenameWindowLife, ACloseDuringABoxClosesAfterTheBox) {
 TEST_F(RenameWindowLife, ACloseDuringAQuestionWithoutCancelEndsTheQuestionWithNo) {
   Open({W("a")});
   host_.textAnswers = {{true, W("one")}};
-  Choose(1045, 1);
+  Choose(kProfileBox, 1);
   const int line = 2;
-  SendDlgItemMessageW(Panel(), 1045, CB_SETCURSEL, line, 0);
+  SendDlgItemMessageW(Panel(), kProfileBox, CB_SETCURSEL, line, 0);
   RunModal(
       [this] {
-        PostMessageW(GetDlgItem(Panel(), 1044), BM_CLICK, 0, 0);
+        PostMessageW(GetDlgItem(Panel(), kDeleteProfile), BM_CLICK, 0, 0);
         Settle();
         return 0;
       },
@@ -254,7 +253,7 @@ TEST_F(RenameWindowLife, ACloseDuringAQuestionWithoutCancelEndsTheQuestionWithNo
 }
 
 TEST_F(RenameWindowLife, ACloseDuringADialogClosesAfterTheDialog) {
-  for (const int button : {1117, 1049}) {
+  for (const int button : {kPairDialog, kUndoManagerButton}) {
     closed_ = 0;
     host_.returned.clear();
     Open({W("a")});
@@ -274,7 +273,7 @@ TEST_F(RenameWindowLife, ACloseDuringADialogClosesAfterTheDialog) {
 
 TEST_F(RenameWindowLife, ACloseDuringAMenuClosesAfterTheMenu) {
   Open({W("a")});
-  PostMessageW(GetDlgItem(Panel(), 1046), BM_CLICK, 0, 0);
+  PostMessageW(GetDlgItem(Panel(), kNameTags), BM_CLICK, 0, 0);
   PostMessageW(Frame(), WM_CLOSE, 0, 0);
   Settle();
   ExpectClosedOnce();
@@ -292,7 +291,7 @@ TEST_F(RenameWindowLife, ACloseDuringAPreviewStopsThePreviewAtItsNextRow) {
   GateProperties gate;
   Open({W("a.txt"), W("b.txt"), W("c.txt")});
   engine_->propertyManager = &gate;
-  SetDlgItemTextW(GetDlgItem(Panel(), kNameField), 1001 /* the edit field of a box */, W("[N][?p]"));
+  SetDlgItemTextW(GetDlgItem(Panel(), kNameTemplate), 1001 /* the edit field of a box */, W("[N][?p]"));
   SendMessageW(Panel(), MRM_UPDATE_PREVIEW, 0, 0);
   gate.entered.Acquire();
   std::thread later([&] {
@@ -308,14 +307,14 @@ TEST_F(RenameWindowLife, ACloseDuringAPreviewStopsThePreviewAtItsNextRow) {
 
 TEST_F(RenameWindowLife, ACloseDuringARunWaitsForTheRun) {
   Open({W("a.txt"), W("b.txt")});
-  Type(kNameField, W("[N]1"));
+  Type(kNameTemplate, W("[N]1"));
   Semaphore inRun;
   Semaphore go;
   host_.renames.atRun = [&] {
     inRun.Release();
     go.Acquire();
   };
-  SendMessageW(Panel(), WM_COMMAND, MAKEWPARAM(1003, BN_CLICKED), 0);
+  SendMessageW(Panel(), WM_COMMAND, MAKEWPARAM(kStartButton, BN_CLICKED), 0);
   inRun.Acquire();
   std::thread later([&] { go.Release(); });
   SendMessageW(Frame(), WM_CLOSE, 0, 0);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "multirename/form/frame_form.h"
+#include "multirename/form/panel_controls.h"
 #include "platform/screen_scale.h"
 #include "window/layout_checks.h"
 #include "window/rename_frame_window.h"
@@ -16,7 +17,7 @@ namespace {
 using namespace Velmora::SDK;
 
 // Fields that have a hint or a hidden name in place of a label.
-const std::set<int> kFieldsWithoutName = {1020, 1001, 1070};
+const std::set<int> kFieldsWithoutName = {kPairFind, kPairReplace, kPartsBox};
 
 // Otherwise the system limits a window to the size of the screen.
 class LargerThanScreen {

@@ -14,10 +14,11 @@ namespace {
 using namespace Velmora::SDK;
 
 // Fields that have a hint or a hidden name in place of a label.
-const std::set<int> kWithoutName = {1020, 1001, 1070};
+const std::set<int> kWithoutName = {kPairFind, kPairReplace, kPartsBox};
 
 // Controls whose texts are symbols, the same in all languages, or are not shown.
-const std::set<int> kWithoutKey = {1046, 1047, 1117, 1044, 1049, 1072};
+const std::set<int> kWithoutKey = {kNameTags,      kExtensionTags,     kPairDialog,
+                                   kDeleteProfile, kUndoManagerButton, kPartsName};
 
 class RulePanelLayout : public RenameFrameWindow {
  protected:
@@ -78,7 +79,7 @@ TEST_F(RulePanelLayout, LongTranslationsHaveRoomAtLargerScales) {
   SpeakRenameAtLength(host_);
   const OwnerWindow parent(1300, 900);
   for (const int percent : {150, 200}) {
-    const DialogInScale panel(104, percent, parent.Get());
+    const DialogInScale panel(kRulePanel, percent, parent.Get());
     ASSERT_NE(panel.Get(), nullptr);
     SetTextsOf(panel.Get());
     ExpectControlsInsideClientArea(panel.Get());
@@ -93,27 +94,27 @@ TEST_F(RulePanelLayout, LongTranslationsHaveRoomAtLargerScales) {
 
 TEST_F(RulePanelLayout, AWiderWindowGivesItsRoomToTheTemplatesAndTheSearch) {
   Open({W("a")});
-  RECT before = AreaOf(Panel(), 1034);
-  const LONG searchBefore = AreaOf(Panel(), 1063).right - AreaOf(Panel(), 1063).left;
+  RECT before = AreaOf(Panel(), kNameTemplate);
+  const LONG searchBefore = AreaOf(Panel(), kSearchGroup).right - AreaOf(Panel(), kSearchGroup).left;
   RECT client = {};
   GetClientRect(Panel(), &client);
-  const LONG margin = client.right - AreaOf(Panel(), 1041).right;
+  const LONG margin = client.right - AreaOf(Panel(), kCloseButton).right;
   Resize(855 + 400, 700);
-  const RECT after = AreaOf(Panel(), 1034);
+  const RECT after = AreaOf(Panel(), kNameTemplate);
   EXPECT_GT(after.right - after.left, before.right - before.left);
-  EXPECT_GT(AreaOf(Panel(), 1063).right - AreaOf(Panel(), 1063).left, searchBefore + 250);
+  EXPECT_GT(AreaOf(Panel(), kSearchGroup).right - AreaOf(Panel(), kSearchGroup).left, searchBefore + 250);
   GetClientRect(Panel(), &client);
-  EXPECT_NEAR(client.right - AreaOf(Panel(), 1041).right, margin, 1);
+  EXPECT_NEAR(client.right - AreaOf(Panel(), kCloseButton).right, margin, 1);
   ExpectLayoutHolds(Panel(), kWithoutName);
   EXPECT_TRUE(SaveScreenshot(Frame(), W("rename_window_wide")));
   Resize(855, 410);
-  EXPECT_EQ(AreaOf(Panel(), 1034).right, before.right);
+  EXPECT_EQ(AreaOf(Panel(), kNameTemplate).right, before.right);
 }
 
 TEST_F(RulePanelLayout, ATemplateKeepsItsSelectionWhenTheWindowGrows) {
   Open({W("a")});
-  Type(1034, W("abcdef"));
-  const HWND field = FindWindowExW(GetDlgItem(Panel(), 1034), nullptr, L"Edit", nullptr);
+  Type(kNameTemplate, W("abcdef"));
+  const HWND field = FindWindowExW(GetDlgItem(Panel(), kNameTemplate), nullptr, L"Edit", nullptr);
   SendMessageW(field, EM_SETSEL, 2, 3);
   Resize(1200, 600);
   EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), MAKELRESULT(2, 3));
@@ -121,22 +122,27 @@ TEST_F(RulePanelLayout, ATemplateKeepsItsSelectionWhenTheWindowGrows) {
 
 TEST_F(RulePanelLayout, GroupsAndFieldsStandOnOneGrid) {
   Open({W("a")});
-  ExpectAligned({1058, 1034, 1059, 1035, 1060, 1036, 1004, 1043}, &RECT::left);
-  ExpectAligned({1062, 1061}, &RECT::left);
-  ExpectAligned({1062, 1061}, &RECT::right);
-  ExpectAligned({1062, 1063}, &RECT::top);
-  ExpectAligned({1061, 1063}, &RECT::bottom);
-  ExpectAligned({1031, 1032, 1033}, &RECT::left);
-  ExpectAligned({1118, 1020, 1070, 1038}, &RECT::left);
-  ExpectAligned({1118, 1117}, &RECT::right);
-  ExpectAligned({1063, 1041}, &RECT::right);
-  ExpectAligned({1119, 1039}, &RECT::left);
-  ExpectAligned({1071, 1040, 1049, 1003, 1041}, &RECT::top);
-  for (const auto& [button, box] : {std::pair(1046, 1034), {1047, 1035}, {1044, 1045}}) {
+  ExpectAligned({kNameTemplateLabel, kNameTemplate, kExtensionTemplateLabel, kExtensionTemplate,
+                 kCaseBoxLabel, kCaseBox, kLivePreviewBox, kSaveUndoBox},
+                &RECT::left);
+  ExpectAligned({kCounterGroup, kProfileGroup}, &RECT::left);
+  ExpectAligned({kCounterGroup, kProfileGroup}, &RECT::right);
+  ExpectAligned({kCounterGroup, kSearchGroup}, &RECT::top);
+  ExpectAligned({kProfileGroup, kSearchGroup}, &RECT::bottom);
+  ExpectAligned({kStartAt, kStepBy, kDigits}, &RECT::left);
+  ExpectAligned({kPairList, kPairFind, kPartsBox, kReplaceAllBox}, &RECT::left);
+  ExpectAligned({kPairList, kPairDialog}, &RECT::right);
+  ExpectAligned({kSearchGroup, kCloseButton}, &RECT::right);
+  ExpectAligned({kPairAdd, kRegexBox}, &RECT::left);
+  ExpectAligned({kResetButton, kUndoButton, kUndoManagerButton, kStartButton, kCloseButton}, &RECT::top);
+  for (const auto& [button, box] : {std::pair(kNameTags, kNameTemplate),
+                                    {kExtensionTags, kExtensionTemplate},
+                                    {kDeleteProfile, kProfileBox}}) {
     ExpectAligned({button, box}, &RECT::top);
     ExpectAligned({button, box}, &RECT::bottom);
   }
-  for (const auto& [label, field] : {std::pair(1066, 1031), {1067, 1032}, {1068, 1033}}) {
+  for (const auto& [label, field] :
+       {std::pair(kStartAtLabel, kStartAt), {kStepByLabel, kStepBy}, {kDigitsLabel, kDigits}}) {
     const LONG gap = AreaOf(Panel(), field).left - AreaOf(Panel(), label).right;
     EXPECT_GE(gap, 0) << label;
     EXPECT_LE(gap, 6) << label;
@@ -145,12 +151,12 @@ TEST_F(RulePanelLayout, GroupsAndFieldsStandOnOneGrid) {
 
 TEST_F(RulePanelLayout, ScreenshotsOfTheWindow) {
   Open({W("Beach 1.jpg"), W("Beach 2.jpg"), W("Beach 3.jpg"), W("100 % & more.txt"), W("notes.txt")});
-  Type(1020, W("Beach"));
-  Type(1001, W("Sea"));
-  Press(1119);
-  Type(1034, W("[N]_[C]"));
+  Type(kPairFind, W("Beach"));
+  Type(kPairReplace, W("Sea"));
+  Press(kPairAdd);
+  Type(kNameTemplate, W("[N]_[C]"));
   EXPECT_TRUE(SaveScreenshot(Frame(), W("rename_window")));
-  Type(1034, W("same"));
+  Type(kNameTemplate, W("same"));
   EXPECT_TRUE(SaveScreenshot(Frame(), W("rename_window_conflicts")));
   Resize(850, 400);
   EXPECT_TRUE(SaveScreenshot(Frame(), W("rename_window_least")));

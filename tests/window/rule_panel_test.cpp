@@ -4,7 +4,11 @@
 
 #include <stdexcept>
 
+#include "multirename/engine/rename_worker.h"
+#include "multirename/form/find_replace_dialog_form.h"
 #include "multirename/form/panel_controls.h"
+#include "multirename/form/tag_dialog_form.h"
+#include "multirename/form/undo_manager_form.h"
 #include "window/list_rows.h"
 #include "window/modal_driver.h"
 #include "window/opened_menu.h"
@@ -73,9 +77,12 @@ constexpr PanelRow kPanelRows[] = {
 constexpr int kHiddenName = 1072;
 
 // The controls that are disabled during a run.
-constexpr int kRuleNumbers[] = {1034, 1046, 1035, 1047, 1036, 1031, 1032, 1033, 1118, 1070,
-                                1039, 1038, 1037, 1045, 1044, 1043, 1004, 1071, 1003};
-constexpr int kPairNumbers[] = {1020, 1001, 1119, 1117};
+constexpr int kRuleNumbers[] = {
+    kNameTemplate,     kNameTags,   kExtensionTemplate, kExtensionTags, kCaseBox,        kStartAt,
+    kStepBy,           kDigits,     kPairList,          kPartsBox,      kRegexBox,       kReplaceAllBox,
+    kCaseSensitiveBox, kProfileBox, kDeleteProfile,     kSaveUndoBox,   kLivePreviewBox, kResetButton,
+    kStartButton};
+constexpr int kPairNumbers[] = {kPairFind, kPairReplace, kPairAdd, kPairDialog};
 
 class RulePanelWindow : public RenameFrameWindow {
  protected:
@@ -117,7 +124,8 @@ class RulePanelWindow : public RenameFrameWindow {
         reinterpret_cast<LPARAM>(&tips));
     tips_ = tips;
     HWND tipped = GetDlgItem(Panel(), control);
-    if (control == 1034 || control == 1035) tipped = FindWindowExW(tipped, nullptr, WC_EDITW, nullptr);
+    if (control == kNameTemplate || control == kExtensionTemplate)
+      tipped = FindWindowExW(tipped, nullptr, WC_EDITW, nullptr);
     WCHAR text[512] = {};
     TOOLINFOW tool = {};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
@@ -150,161 +158,161 @@ TEST_F(RulePanelWindow, EachControlIsThereWithItsTextAndItsDefault) {
 
 TEST_F(RulePanelWindow, TheBoxesOfferTheirLines) {
   Open();
-  EXPECT_EQ(RowsOf(Panel(), 1036).size(), 9u);
-  EXPECT_THAT(RowsOf(Panel(), 1070), ElementsAre(W("Name and extension"), W("Name"), W("Extension")));
-  EXPECT_THAT(RowsOf(Panel(), 1045), ElementsAre(W("(no profile)"), W("Save as...")));
-  EXPECT_THAT(ColumnsOf(Panel(), 1118), ElementsAre(Pair(W("Find"), 130), Pair(W("Replace with"), 130)));
+  EXPECT_EQ(RowsOf(Panel(), kCaseBox).size(), 9u);
+  EXPECT_THAT(RowsOf(Panel(), kPartsBox), ElementsAre(W("Name and extension"), W("Name"), W("Extension")));
+  EXPECT_THAT(RowsOf(Panel(), kProfileBox), ElementsAre(W("(no profile)"), W("Save as...")));
+  EXPECT_THAT(ColumnsOf(Panel(), kPairList), ElementsAre(Pair(W("Find"), 130), Pair(W("Replace with"), 130)));
 }
 
 TEST_F(RulePanelWindow, ThePairListShowsLinesBetweenItsCellsAndSelectsFullRows) {
   Open();
-  const LRESULT style = SendDlgItemMessageW(Panel(), 1118, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0);
+  const LRESULT style = SendDlgItemMessageW(Panel(), kPairList, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0);
   EXPECT_NE(style & LVS_EX_GRIDLINES, 0);
   EXPECT_NE(style & LVS_EX_FULLROWSELECT, 0);
 }
 
 TEST_F(RulePanelWindow, TheEmptyPairFieldsSayWhatGoesThere) {
   Open();
-  EXPECT_EQ(CueBannerOf(Panel(), 1020), W("Find"));
-  EXPECT_EQ(CueBannerOf(Panel(), 1001), W("Replace with"));
+  EXPECT_EQ(CueBannerOf(Panel(), kPairFind), W("Find"));
+  EXPECT_EQ(CueBannerOf(Panel(), kPairReplace), W("Replace with"));
 }
 
 TEST_F(RulePanelWindow, TemplatesOfEarlierRunsAreOffered) {
   host_.config.histories[W("RuleFilename")] = {W("[N]_[C]"), W("a & b %s")};
   host_.config.histories[W("RuleFileextension")] = {W("bak")};
   Open();
-  EXPECT_THAT(RowsOf(Panel(), 1034), ElementsAre(W("[N]_[C]"), W("a & b %s")));
-  EXPECT_THAT(RowsOf(Panel(), 1035), ElementsAre(W("bak")));
-  EXPECT_EQ(Text(1034), W("[N]"));
+  EXPECT_THAT(RowsOf(Panel(), kNameTemplate), ElementsAre(W("[N]_[C]"), W("a & b %s")));
+  EXPECT_THAT(RowsOf(Panel(), kExtensionTemplate), ElementsAre(W("bak")));
+  EXPECT_EQ(Text(kNameTemplate), W("[N]"));
 }
 
 TEST_F(RulePanelWindow, TypingATemplateChangesTheNamesThatShow) {
   Open({W("a.txt"), W("b.txt")});
-  Type(1034, W("x[C]"));
+  Type(kNameTemplate, W("x[C]"));
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.txt"), W("x02.txt")));
-  Type(1035, W("bak"));
+  Type(kExtensionTemplate, W("bak"));
   EXPECT_THAT(NewNames(), ElementsAre(W("x01.bak"), W("x02.bak")));
 }
 
 TEST_F(RulePanelWindow, ChoosingAnOfferedTemplateChangesTheNames) {
   host_.config.histories[W("RuleFilename")] = {W("[N]_new")};
   Open({W("a.txt")});
-  ChooseRow(Panel(), 1034, 0);
+  ChooseRow(Panel(), kNameTemplate, 0);
   Settle();
-  EXPECT_EQ(Text(1034), W("[N]_new"));
+  EXPECT_EQ(Text(kNameTemplate), W("[N]_new"));
   EXPECT_THAT(NewNames(), ElementsAre(W("a_new.txt")));
 }
 
 TEST_F(RulePanelWindow, TheNumberFieldsCount) {
   Open({W("a"), W("b")});
-  Type(1034, W("[C]"));
-  Type(1031, W("5"));
-  Type(1032, W("10"));
-  Type(1033, W("4"));
+  Type(kNameTemplate, W("[C]"));
+  Type(kStartAt, W("5"));
+  Type(kStepBy, W("10"));
+  Type(kDigits, W("4"));
   EXPECT_THAT(NewNames(), ElementsAre(W("0005"), W("0015")));
 }
 
 TEST_F(RulePanelWindow, TheNumberFieldsTakeDigitsAlone) {
   Open({W("a")});
-  Type(1031, W("1x2"));
-  EXPECT_EQ(Text(1031), W("12"));
+  Type(kStartAt, W("1x2"));
+  EXPECT_EQ(Text(kStartAt), W("12"));
 }
 
 TEST_F(RulePanelWindow, TheCaseBoxChangesTheNames) {
   Open({W("Ab.Txt")});
-  Choose(1036, 2);
+  Choose(kCaseBox, 2);
   EXPECT_THAT(NewNames(), ElementsAre(W("AB.TXT")));
-  Choose(1036, 1);
+  Choose(kCaseBox, 1);
   EXPECT_THAT(NewNames(), ElementsAre(W("ab.txt")));
 }
 
 TEST_F(RulePanelWindow, ALineOfAnOpenListIsChosenWhenTheListCloses) {
   Open({W("Ab.Txt")});
-  ChooseRow(Panel(), 1036, 1);
+  ChooseRow(Panel(), kCaseBox, 1);
   Settle();
   EXPECT_THAT(NewNames(), ElementsAre(W("ab.txt")));
 }
 
 TEST_F(RulePanelWindow, AddPutsThePairIntoTheListAndTheNamesFollow) {
   Open({W("aXaX.txt")});
-  Type(1020, W("X"));
-  Type(1001, W("-"));
-  Press(1119);
-  EXPECT_THAT(TableRowsOf(Panel(), 1118), ElementsAre(ElementsAre(W("X"), W("-"))));
+  Type(kPairFind, W("X"));
+  Type(kPairReplace, W("-"));
+  Press(kPairAdd);
+  EXPECT_THAT(TableRowsOf(Panel(), kPairList), ElementsAre(ElementsAre(W("X"), W("-"))));
   EXPECT_THAT(NewNames(), ElementsAre(W("a-a-.t-t")));
-  Press(1038);
+  Press(kReplaceAllBox);
   EXPECT_THAT(NewNames(), ElementsAre(W("a-aX.t-t")));
 }
 
 TEST_F(RulePanelWindow, TheChecksOfTheSearchCount) {
   Open({W("abc1.txt")});
-  Type(1020, W("[A-C]+"));
-  Type(1001, W("z"));
-  Press(1119);
+  Type(kPairFind, W("[A-C]+"));
+  Type(kPairReplace, W("z"));
+  Press(kPairAdd);
   EXPECT_THAT(NewNames(), ElementsAre(W("abc1.txt")));
-  Press(1039);
+  Press(kRegexBox);
   EXPECT_THAT(NewNames(), ElementsAre(W("z1.txt")));
-  Press(1037);
+  Press(kCaseSensitiveBox);
   EXPECT_THAT(NewNames(), ElementsAre(W("abc1.txt")));
 }
 
 TEST_F(RulePanelWindow, ThePartsBoxLimitsTheSearch) {
   Open({W("tt.txt")});
-  Type(1020, W("t"));
-  Type(1001, W("u"));
-  Press(1119);
+  Type(kPairFind, W("t"));
+  Type(kPairReplace, W("u"));
+  Press(kPairAdd);
   EXPECT_THAT(NewNames(), ElementsAre(W("uu.uxu")));
-  Choose(1070, 1);
+  Choose(kPartsBox, 1);
   EXPECT_THAT(NewNames(), ElementsAre(W("uu.txt")));
-  Choose(1070, 2);
+  Choose(kPartsBox, 2);
   EXPECT_THAT(NewNames(), ElementsAre(W("tt.uxu")));
 }
 
 TEST_F(RulePanelWindow, WithoutLivePreviewNoNameChangesUntilItIsOnAgain) {
   Open({W("a")});
-  Press(1004);
-  Type(1034, W("b"));
+  Press(kLivePreviewBox);
+  Type(kNameTemplate, W("b"));
   EXPECT_THAT(NewNames(), ElementsAre(W("a")));
-  Press(1004);
+  Press(kLivePreviewBox);
   EXPECT_THAT(NewNames(), ElementsAre(W("b")));
 }
 
 TEST_F(RulePanelWindow, ARuleThatCannotBeReadShowsInTheStatusBar) {
   Open({W("a")});
-  Press(1039);
-  Type(1020, W("("));
-  Type(1001, W("x"));
-  Press(1119);
+  Press(kRegexBox);
+  Type(kPairFind, W("("));
+  Type(kPairReplace, W("x"));
+  Press(kPairAdd);
   EXPECT_NE(Pane(1), W(""));
-  Press(1039);
+  Press(kRegexBox);
   EXPECT_EQ(Pane(1), W(""));
 }
 
 TEST_F(RulePanelWindow, StartRenamesAndTheStatusBarAndUndoFollow) {
   Open({W("a.txt"), W("b.txt")});
-  Type(1034, W("[N]x"));
-  Press(1003);
+  Type(kNameTemplate, W("[N]x"));
+  Press(kStartButton);
   ASSERT_EQ(host_.renames.itemRenames.size(), 2u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("ax.txt"));
   EXPECT_EQ(Pane(1), W("2 Renamed"));
-  EXPECT_TRUE(IsOn(1040));
-  Press(1040);
+  EXPECT_TRUE(IsOn(kUndoButton));
+  Press(kUndoButton);
   EXPECT_EQ(Pane(1), W("2 Restored"));
   EXPECT_EQ(host_.renames.pathRenames.size(), 2u);
 }
 
 TEST_F(RulePanelWindow, EnterIsStart) {
   Open({W("a.txt")});
-  Type(1034, W("z"));
+  Type(kNameTemplate, W("z"));
   PressFrameKey(VK_RETURN);
   ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
   EXPECT_EQ(host_.renames.itemRenames[0].to, W("z.txt"));
-  EXPECT_EQ(LOWORD(SendMessageW(Panel(), DM_GETDEFID, 0, 0)), 1003);
+  EXPECT_EQ(LOWORD(SendMessageW(Panel(), DM_GETDEFID, 0, 0)), kStartButton);
 }
 
 TEST_F(RulePanelWindow, EnterInAnOpenListChoosesTheLineAndStartsNothing) {
   Open({W("Ab")});
-  SetFocus(GetDlgItem(Panel(), 1036));
+  SetFocus(GetDlgItem(Panel(), kCaseBox));
   PressFrameKey(VK_F4);
   PressFrameKey(VK_DOWN);
   PressFrameKey(VK_RETURN);
@@ -314,7 +322,7 @@ TEST_F(RulePanelWindow, EnterInAnOpenListChoosesTheLineAndStartsNothing) {
 
 TEST_F(RulePanelWindow, ARunDisablesTheRulesAndItsEndEnablesThem) {
   Open({W("a.txt")});
-  Type(1034, W("b"));
+  Type(kNameTemplate, W("b"));
   std::vector<int> stillOn;
   std::vector<int> pairsOff;
   bool closeOn = true;
@@ -324,22 +332,22 @@ TEST_F(RulePanelWindow, ARunDisablesTheRulesAndItsEndEnablesThem) {
       if (IsWindowEnabled(GetDlgItem(Panel(), number))) stillOn.push_back(number);
     for (const int number : kPairNumbers)
       if (!IsWindowEnabled(GetDlgItem(Panel(), number))) pairsOff.push_back(number);
-    closeOn = IsWindowEnabled(GetDlgItem(Panel(), 1041)) != FALSE;
-    managerOn = IsWindowEnabled(GetDlgItem(Panel(), 1049)) != FALSE;
+    closeOn = IsWindowEnabled(GetDlgItem(Panel(), kCloseButton)) != FALSE;
+    managerOn = IsWindowEnabled(GetDlgItem(Panel(), kUndoManagerButton)) != FALSE;
   };
-  Press(1003);
+  Press(kStartButton);
   EXPECT_THAT(stillOn, IsEmpty());
   EXPECT_THAT(pairsOff, IsEmpty()) << "the fields of the search pair stay enabled";
   EXPECT_FALSE(closeOn);
   EXPECT_FALSE(managerOn);
   for (const int number : kRuleNumbers) EXPECT_TRUE(IsOn(number)) << number;
-  EXPECT_TRUE(IsOn(1041));
-  EXPECT_TRUE(IsOn(1049));
+  EXPECT_TRUE(IsOn(kCloseButton));
+  EXPECT_TRUE(IsOn(kUndoManagerButton));
 }
 
 TEST_F(RulePanelWindow, DuringARunTheFocusIsOnAControlThatIsEnabled) {
   Open({W("a.txt")});
-  Type(1034, W("b"));
+  Type(kNameTemplate, W("b"));
   HWND focus = nullptr;
   bool isEnabled = false;
   host_.renames.atRun = [&] {
@@ -349,7 +357,7 @@ TEST_F(RulePanelWindow, DuringARunTheFocusIsOnAControlThatIsEnabled) {
     focus = thread.hwndFocus;
     isEnabled = IsWindowEnabled(focus) != FALSE;
   };
-  for (const int focused : {1003, 1034, 1031}) {
+  for (const int focused : {kStartButton, kNameTemplate, kStartAt}) {
     SetFocus(GetDlgItem(Panel(), focused));
     focus = nullptr;
     PressFrameKey(VK_RETURN);
@@ -360,37 +368,37 @@ TEST_F(RulePanelWindow, DuringARunTheFocusIsOnAControlThatIsEnabled) {
 
 TEST_F(RulePanelWindow, TheFocusIsBackInItsFieldAfterARun) {
   Open({W("a.txt")});
-  Type(1034, W("b"));
+  Type(kNameTemplate, W("b"));
   PressFrameKey(VK_RETURN);
   ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
-  EXPECT_EQ(FocusedControl(Panel()), 1034);
+  EXPECT_EQ(FocusedControl(Panel()), kNameTemplate);
 }
 
 TEST_F(RulePanelWindow, TheFocusIsBackOnStartAfterARun) {
   Open({W("a.txt")});
-  Type(1034, W("b"));
-  SetFocus(GetDlgItem(Panel(), 1003));
-  Press(1003);
+  Type(kNameTemplate, W("b"));
+  SetFocus(GetDlgItem(Panel(), kStartButton));
+  Press(kStartButton);
   ASSERT_EQ(host_.renames.itemRenames.size(), 1u);
-  EXPECT_EQ(FocusedControl(Panel()), 1003);
+  EXPECT_EQ(FocusedControl(Panel()), kStartButton);
 }
 
 TEST_F(RulePanelWindow, AFocusThatTheUserMovesDuringARunStays) {
   Open({W("a.txt")});
-  Type(1034, W("b"));
+  Type(kNameTemplate, W("b"));
   host_.renames.atRun = [this] {
-    PostMessageW(Panel(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(Panel(), 1001)), TRUE);
+    PostMessageW(Panel(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(Panel(), kPairReplace)), TRUE);
   };
   PressFrameKey(VK_RETURN);
-  EXPECT_EQ(FocusedControl(Panel()), 1001);
+  EXPECT_EQ(FocusedControl(Panel()), kPairReplace);
 }
 
 TEST_F(RulePanelWindow, RowsInTheWayKeepTheRunFromStarting) {
   Open({W("a"), W("b")});
-  Type(1034, W("same"));
+  Type(kNameTemplate, W("same"));
   EXPECT_THAT(NewNames(), Each(W("Same name as another row")));
   WString text;
-  PostPress(1003);
+  PostPress(kStartButton);
   SettleWith({[&](HWND box) {
     text = TextOf(box, 0xFFFF);
     PostMessageW(box, WM_COMMAND, IDOK, 0);
@@ -402,7 +410,7 @@ TEST_F(RulePanelWindow, RowsInTheWayKeepTheRunFromStarting) {
 TEST_F(RulePanelWindow, ResetReadsTheSelectionAgain) {
   Open({W("a")});
   Select({W("x"), W("y")});
-  Press(1071);
+  Press(kResetButton);
   EXPECT_THAT(OldNames(), ElementsAre(W("x"), W("y")));
   EXPECT_EQ(Pane(0), W("Items: 2"));
 }
@@ -414,28 +422,29 @@ TEST_F(RulePanelWindow, ANewSelectionEmptiesTheListUntilReset) {
   PostMessageW(Panel(), MRM_NEW_SELECTION, 0, 0);
   Settle();
   EXPECT_THAT(OldNames(), IsEmpty());
-  Press(1071);
+  Press(kResetButton);
   EXPECT_THAT(OldNames(), ElementsAre(W("x")));
 }
 
 TEST_F(RulePanelWindow, CloseClosesTheFrameWithoutAQuestion) {
   Open({W("a")});
-  Press(1041);
+  Press(kCloseButton);
   EXPECT_EQ(Frame(), nullptr);
   EXPECT_EQ(closed_, 1);
 }
 
 TEST_F(RulePanelWindow, SaveAsAsksForANameAndTheProfileIsOfferedAndInTheTitle) {
   Open({W("a")});
-  Type(1034, W("p[N]"));
+  Type(kNameTemplate, W("p[N]"));
   host_.textAnswers = {{true, W("50 % & more")}};
-  Choose(1045, 1);
-  EXPECT_THAT(RowsOf(Panel(), 1045), ElementsAre(W("(no profile)"), W("Save as..."), W("50 % & more")));
-  Choose(1045, 0);
-  EXPECT_EQ(Text(1034), W("[N]"));
-  ChooseRow(Panel(), 1045, 2);
+  Choose(kProfileBox, 1);
+  EXPECT_THAT(RowsOf(Panel(), kProfileBox),
+              ElementsAre(W("(no profile)"), W("Save as..."), W("50 % & more")));
+  Choose(kProfileBox, 0);
+  EXPECT_EQ(Text(kNameTemplate), W("[N]"));
+  ChooseRow(Panel(), kProfileBox, 2);
   Settle();
-  EXPECT_EQ(Text(1034), W("p[N]"));
+  EXPECT_EQ(Text(kNameTemplate), W("p[N]"));
   EXPECT_EQ(TitleOfFrame(), W("MultiRename - Profile: 50 % & more"));
   EXPECT_THAT(NewNames(), ElementsAre(W("pa")));
 }
@@ -443,119 +452,120 @@ TEST_F(RulePanelWindow, SaveAsAsksForANameAndTheProfileIsOfferedAndInTheTitle) {
 TEST_F(RulePanelWindow, TheXAsksAndDeletesTheProfile) {
   Open({W("a")});
   host_.textAnswers = {{true, W("one")}};
-  Choose(1045, 1);
-  ASSERT_EQ(RowsOf(Panel(), 1045).size(), 3u);
-  if (SelectedRow(Panel(), 1045) != 2) {
-    ChooseRow(Panel(), 1045, 2);
+  Choose(kProfileBox, 1);
+  ASSERT_EQ(RowsOf(Panel(), kProfileBox).size(), 3u);
+  if (SelectedRow(Panel(), kProfileBox) != 2) {
+    ChooseRow(Panel(), kProfileBox, 2);
     Settle();
   }
   WString text;
-  PostPress(1044);
+  PostPress(kDeleteProfile);
   SettleWith({[&](HWND box) {
     text = TextOf(box, 0xFFFF);
     PostMessageW(box, WM_COMMAND, IDYES, 0);
   }});
   EXPECT_EQ(text, W("Delete the profile \"one\"?"));
-  EXPECT_THAT(RowsOf(Panel(), 1045), ElementsAre(W("(no profile)"), W("Save as...")));
+  EXPECT_THAT(RowsOf(Panel(), kProfileBox), ElementsAre(W("(no profile)"), W("Save as...")));
 }
 
 TEST_F(RulePanelWindow, TheTagMenuOpensBelowItsButtonWithAllTags) {
   Open({W("a.b")});
   OpenedMenu menu;
-  ChooseTag(1046, {VK_ESCAPE});
+  ChooseTag(kNameTags, {VK_ESCAPE});
   EXPECT_EQ(menu.opened, 1);
   EXPECT_THAT(menu.texts,
               ElementsAre(W("[N]  Old name"), W("[E]  Old extension"), W("[C]  Counter"), W("[F]  Folder"),
                           W(""), W("[Y]  Year"), W("[M]  Month"), W("[D]  Day"), W(""), W("[h]  Hour"),
                           W("[m]  Minute"), W("[s]  Second"), W(""), W("[?]  Property of the file...")));
   RECT button = {};
-  GetWindowRect(GetDlgItem(Panel(), 1046), &button);
+  GetWindowRect(GetDlgItem(Panel(), kNameTags), &button);
   EXPECT_EQ(menu.area.left, button.left);
   EXPECT_TRUE(menu.area.top >= button.bottom - 1 || menu.area.bottom <= button.top + 1);
-  EXPECT_EQ(Text(1034), W("[N]")) << "a cancelled menu changes nothing";
+  EXPECT_EQ(Text(kNameTemplate), W("[N]")) << "a cancelled menu changes nothing";
 }
 
 TEST_F(RulePanelWindow, AChosenTagIsAppendedWhereverTheCaretIs) {
   Open({W("a.b")});
-  Type(1034, W("x"));
-  const HWND field = FindWindowExW(GetDlgItem(Panel(), 1034), nullptr, WC_EDITW, nullptr);
+  Type(kNameTemplate, W("x"));
+  const HWND field = FindWindowExW(GetDlgItem(Panel(), kNameTemplate), nullptr, WC_EDITW, nullptr);
   SendMessageW(field, EM_SETSEL, 0, 0);
-  ChooseTag(1046, {VK_DOWN, VK_RETURN});
-  EXPECT_EQ(Text(1034), W("x[N]"));
+  ChooseTag(kNameTags, {VK_DOWN, VK_RETURN});
+  EXPECT_EQ(Text(kNameTemplate), W("x[N]"));
   EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), MAKELRESULT(4, 4));
   EXPECT_THAT(NewNames(), ElementsAre(W("xa.b")));
-  ChooseTag(1047, {VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN});
-  EXPECT_EQ(Text(1035), W("[E][C]"));
+  ChooseTag(kExtensionTags, {VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN});
+  EXPECT_EQ(Text(kExtensionTemplate), W("[E][C]"));
 }
 
 TEST_F(RulePanelWindow, TheLastLineOfTheTagMenuOpensTheDialogOfProperties) {
   host_.properties.properties = {{W("exif.date"), W("Date taken")}};
   Open({W("a.b")});
-  PostPress(1046);
+  PostPress(kNameTags);
   for (const WPARAM key : {VK_UP, VK_RETURN}) PostMessageW(Panel(), WM_KEYDOWN, key, 1);
   SettleWith({[](HWND dialog) {
-    ClickLine(dialog, 1048, 0);
-    ClickButton(dialog, 1);
+    ClickLine(dialog, kTagProperties, 0);
+    ClickButton(dialog, IDOK);
   }});
-  EXPECT_EQ(Text(1034), W("[N][?exif.date]"));
+  EXPECT_EQ(Text(kNameTemplate), W("[N][?exif.date]"));
 }
 
 TEST_F(RulePanelWindow, TheDotsOpenTheDialogOfPairs) {
   Open({W("ab")});
-  PostPress(1117);
+  PostPress(kPairDialog);
   SettleWith({[](HWND dialog) {
-    EnterText(dialog, 1110, W("a|z"));
-    ClickButton(dialog, 1);
+    EnterText(dialog, kPairsText, W("a|z"));
+    ClickButton(dialog, IDOK);
   }});
   EXPECT_THAT(NewNames(), ElementsAre(W("zb")));
 }
 
 TEST_F(RulePanelWindow, ADoubleClickOnThePairListOpensTheDialogOfPairs) {
   Open({W("ab")});
-  const HWND list = GetDlgItem(Panel(), 1118);
+  const HWND list = GetDlgItem(Panel(), kPairList);
   PostMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(20, 40));
   PostMessageW(list, WM_LBUTTONUP, 0, MAKELPARAM(20, 40));
-  SettleWith({[](HWND dialog) { ClickButton(dialog, 2); }});
+  SettleWith({[](HWND dialog) { ClickButton(dialog, IDCANCEL); }});
   EXPECT_THAT(NewNames(), ElementsAre(W("ab")));
 }
 
 TEST_F(RulePanelWindow, TheDotsBesideUndoLoadASessionWhichLeavesUndoAndCloseAlone) {
   Open({W("a.txt")});
-  Type(1034, W("b"));
-  Press(1003);
-  PostPress(1049);
+  Type(kNameTemplate, W("b"));
+  Press(kStartButton);
+  PostPress(kUndoManagerButton);
   SettleWith({[](HWND dialog) {
-    ClickCell(dialog, 1053, 0);
-    ClickButton(dialog, 1);
+    ClickCell(dialog, kUndoSessions, 0);
+    ClickButton(dialog, IDOK);
   }});
   EXPECT_THAT(TitleOfFrame(), testing::StartsWith(W("MultiRename - Renamed on ")));
   for (const int number : kRuleNumbers) EXPECT_FALSE(IsOn(number)) << number;
-  for (const int number : {1040, 1041, 1049}) EXPECT_TRUE(IsOn(number)) << number;
+  for (const int number : {kUndoButton, kCloseButton, kUndoManagerButton})
+    EXPECT_TRUE(IsOn(number)) << number;
   for (const int number : kPairNumbers) EXPECT_TRUE(IsOn(number)) << number;
 }
 
 TEST_F(RulePanelWindow, EachToolHasItsTip) {
   Open();
-  EXPECT_EQ(TipOf(1003), W("Renames the files"));
-  EXPECT_EQ(TipOf(1041), W("Closes the window"));
-  EXPECT_EQ(TipOf(1040), W("Gives the files of the list their old names back"));
-  EXPECT_EQ(TipOf(1049), W("Shows the renames that can be taken back"));
-  EXPECT_EQ(TipOf(1071), W("Reads the files that are selected in the file manager now"));
-  EXPECT_EQ(TipOf(1031), W("The number of the first row"));
-  EXPECT_EQ(TipOf(1032), W("What is added from row to row"));
-  EXPECT_EQ(TipOf(1033), W("The least number of digits; zeros fill it up"));
-  EXPECT_EQ(TipOf(1037), W("Upper and lower case differ"));
-  EXPECT_EQ(TipOf(1039), W("The texts to find are regular expressions. All matches are replaced"));
-  EXPECT_EQ(TipOf(1038), W("Replaces every match, not the first of a name alone"));
-  EXPECT_EQ(TipOf(1043), W("Writes a file by which the renames can be taken back later"));
-  EXPECT_EQ(TipOf(1004), W("Shows the new names while the rules change"));
-  EXPECT_EQ(TipOf(1044), W("Deletes the rules that are chosen beside it"));
-  EXPECT_EQ(TipOf(1045), W("Rules that were saved under a name, and the command to save these"));
-  EXPECT_EQ(TipOf(1036), W("Changes the letter case of what the templates make"));
-  EXPECT_EQ(TipOf(1046), W("Adds a tag to the template"));
-  EXPECT_EQ(TipOf(1047), W("Adds a tag to the template"));
-  EXPECT_THAT(TipOf(1034), testing::StartsWith(W("Template of the new name")));
-  EXPECT_THAT(TipOf(1035), testing::StartsWith(W("Template of the new extension")));
+  EXPECT_EQ(TipOf(kStartButton), W("Renames the files"));
+  EXPECT_EQ(TipOf(kCloseButton), W("Closes the window"));
+  EXPECT_EQ(TipOf(kUndoButton), W("Gives the files of the list their old names back"));
+  EXPECT_EQ(TipOf(kUndoManagerButton), W("Shows the renames that can be taken back"));
+  EXPECT_EQ(TipOf(kResetButton), W("Reads the files that are selected in the file manager now"));
+  EXPECT_EQ(TipOf(kStartAt), W("The number of the first row"));
+  EXPECT_EQ(TipOf(kStepBy), W("What is added from row to row"));
+  EXPECT_EQ(TipOf(kDigits), W("The least number of digits; zeros fill it up"));
+  EXPECT_EQ(TipOf(kCaseSensitiveBox), W("Upper and lower case differ"));
+  EXPECT_EQ(TipOf(kRegexBox), W("The texts to find are regular expressions. All matches are replaced"));
+  EXPECT_EQ(TipOf(kReplaceAllBox), W("Replaces every match, not the first of a name alone"));
+  EXPECT_EQ(TipOf(kSaveUndoBox), W("Writes a file by which the renames can be taken back later"));
+  EXPECT_EQ(TipOf(kLivePreviewBox), W("Shows the new names while the rules change"));
+  EXPECT_EQ(TipOf(kDeleteProfile), W("Deletes the rules that are chosen beside it"));
+  EXPECT_EQ(TipOf(kProfileBox), W("Rules that were saved under a name, and the command to save these"));
+  EXPECT_EQ(TipOf(kCaseBox), W("Changes the letter case of what the templates make"));
+  EXPECT_EQ(TipOf(kNameTags), W("Adds a tag to the template"));
+  EXPECT_EQ(TipOf(kExtensionTags), W("Adds a tag to the template"));
+  EXPECT_THAT(TipOf(kNameTemplate), testing::StartsWith(W("Template of the new name")));
+  EXPECT_THAT(TipOf(kExtensionTemplate), testing::StartsWith(W("Template of the new extension")));
   EXPECT_EQ(SendMessageW(tips_, TTM_GETDELAYTIME, TTDT_INITIAL, 0), 1000);
   EXPECT_EQ(SendMessageW(tips_, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0), 10000);
   EXPECT_EQ(SendMessageW(tips_, TTM_GETDELAYTIME, TTDT_RESHOW, 0), 500);
@@ -565,27 +575,27 @@ TEST_F(RulePanelWindow, EachToolHasItsTip) {
 TEST_F(RulePanelWindow, MouseMessagesOfThePanelAreShownToTheTips) {
   Open();
   const SentMessages relayed(TTM_RELAYEVENT);
-  PostMessageW(GetDlgItem(Panel(), 1003), WM_MOUSEMOVE, 0, MAKELPARAM(3, 3));
+  PostMessageW(GetDlgItem(Panel(), kStartButton), WM_MOUSEMOVE, 0, MAKELPARAM(3, 3));
   Settle();
   EXPECT_GE(relayed.Controls().size(), 1u);
 }
 
 TEST_F(RulePanelWindow, ACallThatFailsLeavesTheWindowAsItIs) {
   Open({W("a.txt")});
-  Type(1034, W("b"));
+  Type(kNameTemplate, W("b"));
   host_.beforeStringList = [] { throw std::runtime_error("the host fails"); };
-  Press(1003);
+  Press(kStartButton);
   host_.beforeStringList = nullptr;
   EXPECT_NE(Frame(), nullptr);
   EXPECT_THAT(host_.renames.itemRenames, IsEmpty());
-  Press(1003);
+  Press(kStartButton);
   EXPECT_EQ(host_.renames.itemRenames.size(), 1u);
 }
 
 TEST_F(RulePanelWindow, ATipWithAnAmpersandIsShownAsItIs) {
   host_.titles[kRenameTextStart] = W("R&ename %s && go");
   Open();
-  EXPECT_EQ(TipOf(1003), W("R&ename %s && go"));
+  EXPECT_EQ(TipOf(kStartButton), W("R&ename %s && go"));
   EXPECT_NE(GetWindowLongW(tips_, GWL_STYLE) & TTS_NOPREFIX, 0);
 }
 
