@@ -22,7 +22,7 @@ s32 RunScript(Extensions& extensions, const std::string& name, const std::vector
 
 // The second extension to register, which has index 2, declares the commands.
 void DeclareScriptCommands() {
-  onRegister = [registered = 0](IHostApp& host) mutable {
+  FakeModule::onRegister = [registered = 0](IHostApp& host) mutable {
     EXPECT_EQ(host.GetCustomCommandSet("Other"), nullptr);
     EXPECT_EQ(host.GetCustomCommandSet(nullptr), nullptr);
     if (registered++ != 1) return 1;
@@ -140,7 +140,7 @@ TEST_F(ExtensionsTest, ScriptCommandsAreRecordedOnceAndOnlyInTheirSet) {
   ASSERT_EQ(shared_.scriptCommands.commands.size(), 1u);
   const DeclaredScriptCommand& command = shared_.scriptCommands.commands.front();
   EXPECT_EQ(command.name, "SortLines");
-  EXPECT_EQ(command.number, kScriptSortLines);
+  EXPECT_EQ(command.number, u32{kScriptSortLines});
   EXPECT_EQ(command.description, W("sorts"));
   ASSERT_EQ(command.parameters.size(), 1u);
   EXPECT_EQ(command.parameters.front().name, "FILE");

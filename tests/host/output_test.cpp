@@ -9,6 +9,8 @@
 namespace QxHost {
 namespace {
 
+using Velmora::SDK::kListResult;
+
 TEST(Output, LinesAreGatheredAndProblemsComeBehindThem) {
   RecordedOutput recorded;
   recorded.output.Line("one");

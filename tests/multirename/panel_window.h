@@ -279,7 +279,7 @@ class PanelTest : public testing::Test {
   // Starts a preview of "x[?p][C]" and waits until the gate blocks it in the first row.
   void PreviewIntoGate(Velmora::SDK::GateProperties& gate) {
     engine_->propertyManager = &gate;
-    Type(kNameTemplate, W("x[?p][C]"));
+    Type(Velmora::SDK::kNameTemplate, W("x[?p][C]"));
     Deliver();
     gate.entered.Acquire();
     gate.isOpen = true;  // does not block the other rows
