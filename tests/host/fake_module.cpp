@@ -7,26 +7,24 @@
 #include "frame/host/command_numbers.h"
 #include "frame/host/extension_info.h"
 #include "frame/host/file_properties.h"
-#include "frame/host/plugin_interface.h"
+#include "frame/host/plugin_base.h"
 
 namespace QxHost {
 namespace {
 
 using namespace Velmora::SDK;
 
-class FakePlugin final : public IPluginInterface {
+class FakePlugin final : public PluginBase {
  public:
   explicit FakePlugin(s32 index) : index_(std::to_string(index)) {}
 
-  s32 OnRegister(IHostApp* host) override {
+  s32 OnRegister(IHostApp* hostApp) override {
     FakeModule::calls.push_back("register " + index_);
-    return FakeModule::onRegister ? FakeModule::onRegister(*host) : 1;
+    return FakeModule::onRegister ? FakeModule::onRegister(*hostApp) : 1;
   }
-  u32 GetExtensionKind() override { return 8192; }
-  s32 OnStart(IHostApp* host) override {
+  s32 OnStart(IHostApp* hostApp) override {
     FakeModule::calls.push_back("start " + index_);
-    host_ = host;
-    return 1;
+    return PluginBase::OnStart(hostApp);
   }
   const char* GetExtensionId() override { return ""; }
   bool OnHostEvent(std::intptr_t source, s32 code) override {
@@ -38,24 +36,15 @@ class FakePlugin final : public IPluginInterface {
   s32 OnCommand(s32 number, std::intptr_t a, std::intptr_t b) override {
     FakeModule::calls.push_back("command " + index_ + " " + std::to_string(number) + " " + std::to_string(a) +
                                 " " + std::to_string(b));
-    return number != kCommandShutdown && FakeModule::onCommand ? FakeModule::onCommand(*host_, number) : 0;
+    return number != kCommandShutdown && FakeModule::onCommand ? FakeModule::onCommand(*host, number) : 0;
   }
-  s32 Reserved1() override { return 0; }
   s32 OnCustomCommand(IHostCommandCall* call) override {
     FakeModule::calls.push_back("script " + index_ + " " + std::to_string(call->GetCommandId()));
-    return FakeModule::onScript ? FakeModule::onScript(*host_, *call) : 0;
+    return FakeModule::onScript ? FakeModule::onScript(*host, *call) : 0;
   }
-  s32 OnHelperMessage(s32, IHostHelperMessage*) override { return 0; }
-  s32 Reserved2() override { return 0; }
-  s32 Reserved3() override { return 0; }
-  s32 OnShutdown(std::intptr_t) override { return 0; }
-  s32 Reserved4() override { return 0; }
-  s32 Reserved5() override { return 0; }
-  s32 Reserved6() override { return 0; }
 
  private:
   std::string index_;
-  IHostApp* host_ = nullptr;
 };
 
 class FakeProperties final : public IFileProperties {
