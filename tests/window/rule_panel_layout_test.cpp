@@ -47,7 +47,7 @@ TEST_F(RulePanelLayout, EnglishTextsFitAndControlsStandApart) {
 // A screen reader reads the text of the static control that precedes a field, visible or not.
 TEST_F(RulePanelLayout, ThePartsBoxHasAHiddenNameForScreenReaders) {
   Open({W("a")});
-  const HWND name = GetWindow(GetDlgItem(Panel(), 1070), GW_HWNDPREV);
+  const HWND name = GetWindow(GetDlgItem(Panel(), kPartsBox), GW_HWNDPREV);
   WCHAR windowClass[16] = {};
   GetClassNameW(name, windowClass, 16);
   EXPECT_EQ(WStringView(windowClass), L"Static");
@@ -55,7 +55,7 @@ TEST_F(RulePanelLayout, ThePartsBoxHasAHiddenNameForScreenReaders) {
   EXPECT_FALSE(IsWindowVisible(name));
   // The access key of the group still leads to the list of the pairs.
   PressFrameAccessKey(W('h'));
-  EXPECT_EQ(GetFocus(), GetDlgItem(Panel(), 1118));
+  EXPECT_EQ(GetFocus(), GetDlgItem(Panel(), kPairList));
 }
 
 TEST_F(RulePanelLayout, ItHoldsAtTheLeastSizeToo) {
