@@ -136,9 +136,9 @@ class ProseReporter final : public Reporter {
   }
 
   void Undo(const UndoEvent& event) override {
-    if (!event.takeBack.empty()) {
+    if (!event.undoCall.empty()) {
       output_.Line("Undo file: " + ToUtf8(event.file));
-      output_.Line("Take it back: " + event.takeBack);
+      output_.Line("Take it back: " + event.undoCall);
       return;
     }
     output_.Line(ToUtf8(WStringView(event.file).substr(event.file.rfind(W('\\')) + 1)) + "  " +

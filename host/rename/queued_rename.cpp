@@ -38,14 +38,14 @@ u32 RefusalOf(WStringView newName, WStringView given, bool hasPath, bool isDrive
 std::string RenameErrorText(const WString& fullPath, u32 result) {
   if (result == ERROR_SHARING_VIOLATION) {
     const std::optional<WString> current = FullPathOf(W("."));
-    if (current && HoldsFolder(fullPath, *current)) {
+    if (current && IsSameOrAbove(fullPath, *current)) {
       return "it is the current folder, or one above it (" + std::to_string(result) + ")";
     }
   }
   return ErrorText(result);
 }
 
-bool HoldsFolder(const WString& fullPath, const WString& current) {
+bool IsSameOrAbove(const WString& fullPath, const WString& current) {
   return current.starts_with(fullPath) &&
          (current.size() == fullPath.size() || current[fullPath.size()] == W('\\'));
 }

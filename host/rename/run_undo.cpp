@@ -43,7 +43,7 @@ void RunUndo::Lock() {
 }
 
 void RunUndo::Unlock() {
-  lock_.GiveUp();
+  lock_.Release();
   isLocked_ = false;
 }
 

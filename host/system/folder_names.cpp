@@ -102,7 +102,7 @@ std::uint32_t FolderNames::Find(WStringView name) const {
   });
 }
 
-bool FolderNames::HasLike(std::uint64_t hash, std::uint32_t but) const {
+bool FolderNames::HasHash(std::uint64_t hash, std::uint32_t but) const {
   return FirstOf(hash, [but](std::uint32_t index) { return index != but; }) != kNone;
 }
 

@@ -43,7 +43,7 @@ class FolderNames {
 
   // Returns whether there is a name with this hash, on the disk or added, other than the one with the index
   // `but`.
-  bool HasLike(std::uint64_t hash, std::uint32_t but) const;
+  bool HasHash(std::uint64_t hash, std::uint32_t but) const;
 
   Entry& At(std::uint32_t index) { return entries_[index]; }
   std::size_t Count() const { return entries_.size(); }

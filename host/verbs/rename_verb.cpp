@@ -133,7 +133,7 @@ class RenameVerb final : public Verb {
     if (!SaveRules(run, session)) run.Host().hasFailedFiles = true;
     if (!WorksOnItems(run.HasItemList())) return 1;
     const RenameRules rules = RulesOf(rules_, session.Host());
-    if (AsksForProperty(rules)) {
+    if (UsesProperty(rules)) {
       AddColumnsAsProperties(run);
       WarnOfUnknownProperties(run.Host(), rules);
     }
@@ -164,7 +164,7 @@ class RenameVerb final : public Verb {
     std::vector<Action> actions;
     if (undo_) {
       actions.push_back({"--undo", [this](Run& run, RenameSession& session) {
-                           TakeBack(run.Host(), session, *undo_, run.IsDry());
+                           UndoRenames(run.Host(), session, *undo_, run.IsDry());
                            return true;
                          }});
     }
@@ -241,7 +241,7 @@ class RenameVerb final : public Verb {
   PreviewCounts ReportRows(Run& run, RenameSession& session) const {
     const std::vector<MultiRenameItem*>& rows = session.Rows();
     // Programs get only the states; they get the results of renames from a dry run.
-    const std::vector<u32> outlook = run.IsForProgram() ? std::vector<u32>() : session.Outlook();
+    const std::vector<u32> predicted = run.IsForProgram() ? std::vector<u32>() : session.PredictResults();
     RowEvent event;
     for (const MultiRenameItem* const row : rows) {
       event.nameWidth = std::max(event.nameWidth, CharactersOf(row->oldName));
@@ -250,7 +250,7 @@ class RenameVerb final : public Verb {
     PreviewCounts counts;
     for (std::size_t index = 0; index < rows.size(); ++index) {
       const MultiRenameItem& row = *rows[index];
-      const u32 result = index < outlook.size() ? outlook[index] : u32{kRenameDone};
+      const u32 result = index < predicted.size() ? predicted[index] : u32{kRenameDone};
       event.folder = row.folderPath;
       event.oldName = row.oldName;
       event.newName = NameShown(row);
@@ -274,14 +274,14 @@ class RenameVerb final : public Verb {
     return counts;
   }
 
-  static std::string TakeBackCall(Run& run, const WString& fileName) {
+  static std::string UndoCallOf(Run& run, const WString& fileName) {
     return "qxhost " + run.ConfigOption() + "rename --undo " + ToUtf8(fileName);
   }
 
   // After a run that has left the undo file from before it.
-  static void SayHowToTakeBack(Run& run, const WString& planName) {
+  static void SayHowToUndo(Run& run, const WString& planName) {
     if (planName.empty()) return;
-    run.Host().output.Problem("what was renamed can be taken back: " + TakeBackCall(run, planName));
+    run.Host().output.Problem("what was renamed can be taken back: " + UndoCallOf(run, planName));
   }
 
   // Warns before a run, so that the user can rename fewer files at once.
@@ -337,7 +337,7 @@ class RenameVerb final : public Verb {
       try {
         session.Run();
       } catch (const ModuleFailure&) {
-        if (keepsUndo) SayHowToTakeBack(run, undoFile.PlanName());
+        if (keepsUndo) SayHowToUndo(run, undoFile.PlanName());
         throw;
       }
       written = session.Written();
@@ -362,12 +362,12 @@ class RenameVerb final : public Verb {
       return;
     }
     if (check == UndoCheck::kNotWhole) {
-      SayHowToTakeBack(run, undoFile.PlanName());
+      SayHowToUndo(run, undoFile.PlanName());
       shared.hasFailedFiles = true;
       return;
     }
     UndoEvent undo = UndoEventOf(session.UndoStore(), *written);
-    undo.takeBack = TakeBackCall(run, written->fileName);
+    undo.undoCall = UndoCallOf(run, written->fileName);
     shared.reporter.Undo(undo);
   }
 

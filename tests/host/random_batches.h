@@ -48,7 +48,7 @@ class RandomBatches {
     for (std::size_t number = 0; number < count; ++number) {
       const WString folder = folders[Below(folders.size())];
       const WString path = folder + RandomName();
-      if (HasLike(tree, path)) continue;
+      if (HasEqualPath(tree, path)) continue;
       const bool isFolder = Below(3) == 0 && std::count(folder.begin(), folder.end(), W('\\')) < 2;
       tree[path] = isFolder ? "/" : "content " + std::to_string(number);
       if (isFolder) folders.push_back(path + W('\\'));
@@ -157,7 +157,7 @@ class RandomBatches {
   WString Target(const PlainRename& rename) const { return Key(FolderOf(rename.path) + rename.newName); }
   bool Moves(const PlainRename& rename) const { return Target(rename) != Key(rename.path); }
 
-  bool HasLike(const PlainTree& tree, const WString& path) const {
+  bool HasEqualPath(const PlainTree& tree, const WString& path) const {
     return std::any_of(tree.begin(), tree.end(),
                        [&](const auto& entry) { return Key(entry.first) == Key(path); });
   }
@@ -167,7 +167,7 @@ class RandomBatches {
     for (std::size_t row = 0; row < batch.size(); ++row) {
       if (Key(batch[row].path) == target && results[row] == 0 && Moves(batch[row])) return false;
     }
-    return HasLike(tree, target);
+    return HasEqualPath(tree, target);
   }
 
   static WString NewPath(const WString& path, const std::vector<PlainRename>& batch,

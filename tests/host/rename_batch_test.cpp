@@ -127,17 +127,17 @@ TEST_F(RenameBatchTest, AFileThatHasGoneFailsWithItsNumber) {
   batch->Release();
 }
 
-TEST_F(RenameBatchTest, RenamesThatWereFoundIndependentAreForetoldOnceAndComeToTheSame) {
+TEST_F(RenameBatchTest, RenamesPredictedAsIndependentAreNotPlannedAgainAndGiveTheSameResults) {
   for (const WCHAR* name : {W("a"), W("b"), W("c"), W("d")}) scratch_.Write(name, ToUtf8(name));
   std::vector<FileItem*> items;
   for (const WCHAR* name : {W("a"), W("b"), W("c"), W("d")}) items.push_back(tree_.Find(scratch_.Path(name)));
   const WCHAR* const newNames[] = {W("x"), W("b"), W("c*"), W("y. ")};
-  std::vector<ImaginedRename> imagined;
+  std::vector<RenameToPredict> toPredict;
   for (std::size_t index = 0; index < items.size(); ++index)
-    imagined.push_back({items[index], newNames[index]});
+    toPredict.push_back({items[index], newNames[index]});
   FolderListings listings;
-  const ForetoldRenames foretold = ForetellPlanned(imagined, listings);
-  EXPECT_THAT(foretold.results, ElementsAre(0u, 10u, 123u, 0u));
+  const PredictedRenames predicted = PredictRenames(toPredict, listings);
+  EXPECT_THAT(predicted.results, ElementsAre(0u, 10u, 123u, 0u));
 
   FileOperation operation(tree_, *reporter_, recorded_.output, false);
   RenameBatch batch;
