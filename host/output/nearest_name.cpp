@@ -9,7 +9,7 @@ namespace QxHost {
 namespace {
 
 constexpr std::size_t kTypedPerMistake = 3;
-constexpr std::size_t kShortestBeginning = 2;
+constexpr std::size_t kShortestPrefix = 2;
 
 // Returns the least number of mistakes that turn `name` into `typed` (the restricted Damerau-Levenshtein
 // distance). A row contains the distances of one prefix of `typed`, indexed by the length of the prefix of
@@ -49,8 +49,8 @@ std::string_view NearestName(std::string_view typed, std::span<const std::string
     if (typed.size() < name.size() + fewest && name.size() < typed.size() + fewest) {
       mistakes = CountMistakes(loweredTyped, loweredName);
     }
-    const bool isBeginning = typed.size() >= kShortestBeginning && loweredName.starts_with(loweredTyped);
-    if (isBeginning) mistakes = std::min<std::size_t>(mistakes, 1);
+    const bool isPrefix = typed.size() >= kShortestPrefix && loweredName.starts_with(loweredTyped);
+    if (isPrefix) mistakes = std::min<std::size_t>(mistakes, 1);
     if (mistakes >= fewest) continue;
     fewest = mistakes;
     nearest = name;

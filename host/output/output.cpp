@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-constexpr std::size_t kMostPendingBytes = 64 * 1024;
+constexpr std::size_t kMaxPendingBytes = 64 * 1024;
 
 }  // namespace
 
@@ -13,7 +13,7 @@ void Output::Line(std::string_view text) {
   const std::lock_guard lock(mutex_);
   pending_ += text;
   pending_ += '\n';
-  if (!isHeld_ && pending_.size() >= kMostPendingBytes) FlushLocked();
+  if (!isHeld_ && pending_.size() >= kMaxPendingBytes) FlushLocked();
 }
 
 void Output::Problem(std::string_view text) {

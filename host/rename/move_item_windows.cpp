@@ -6,7 +6,7 @@
 namespace QxHost {
 namespace {
 
-constexpr unsigned kMostNames = 10000;
+constexpr unsigned kMaxNames = 10000;
 
 DWORD Move(const WString& from, const WString& to) {
   if (MoveFileW(SystemPath(from).c_str(), SystemPath(to).c_str())) return ERROR_SUCCESS;
@@ -23,7 +23,7 @@ bool DifferInCaseAlone(const WString& left, const WString& right) {
 DWORD MoveAside(const WString& from, WString& aside) {
   const std::size_t nameAt = from.rfind(L'\\') + 1;
   DWORD error = ERROR_ALREADY_EXISTS;
-  for (unsigned number = 1; number < kMostNames && error == ERROR_ALREADY_EXISTS; ++number) {
+  for (unsigned number = 1; number < kMaxNames && error == ERROR_ALREADY_EXISTS; ++number) {
     aside = from.substr(0, nameAt) + TemporaryName(WStringView(from).substr(nameAt), number);
     error = Move(from, aside);
   }

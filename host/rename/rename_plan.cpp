@@ -17,7 +17,7 @@ using Id = NameTree::Id;
 using Row = std::uint32_t;
 using Velmora::SDK::kRenameIgnored;
 
-constexpr unsigned kMostTemporaryNames = 1000;
+constexpr unsigned kMaxTemporaryNames = 1000;
 
 // A folder in the spelling of the batch.
 struct WantedFolder {
@@ -296,7 +296,7 @@ class Planner {
   WString TemporaryNameFor(Row row) {
     const Id folder = tree_.At(rows_[row].source).parent;
     WString name;
-    for (unsigned number = 1; number <= kMostTemporaryNames; ++number) {
+    for (unsigned number = 1; number <= kMaxTemporaryNames; ++number) {
       name = TemporaryName(tree_.At(rows_[row].source).name, number);
       if (!tree_.HasNameIgnoringCase(folder, name) &&
           files_.Look(tree_.FolderPath(folder) + name) != ERROR_SUCCESS)

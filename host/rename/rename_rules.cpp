@@ -48,8 +48,8 @@ constexpr RuleName kParts[] = {
 };
 
 constexpr u32 kPartsMask = kSearchNameAndExtension | kSearchName | kSearchExtension;
-constexpr std::size_t kMostOfTemplate = 1024;  // characters; the engine uses no more
-constexpr s32 kMostDigits = 1023;
+constexpr std::size_t kMaxTemplateChars = 1024;  // characters; the engine uses no more
+constexpr s32 kMaxDigits = 1023;
 
 template <std::size_t size>
 u32 RuleValue(const RuleName (&table)[size], const std::string& option, const std::string& text,
@@ -72,8 +72,8 @@ s32 WholeNumber(const std::string& option, const std::string& text) {
 
 WString TemplateText(const std::string& option, const std::string& text) {
   WString wide = PathFromUtf8(text);
-  if (wide.size() <= kMostOfTemplate) return wide;
-  throw BadCall(option + ": a template has at most " + std::to_string(kMostOfTemplate) + " characters");
+  if (wide.size() <= kMaxTemplateChars) return wide;
+  throw BadCall(option + ": a template has at most " + std::to_string(kMaxTemplateChars) + " characters");
 }
 
 WString NumberText(s32 number) { return FromUtf8(std::to_string(number)); }
@@ -138,7 +138,7 @@ RenameRules RulesOf(const RuleOptions& options, IHostApp& host) {
   if (options.step) rules.step = NumberText(WholeNumber("--step", *options.step));
   if (options.digits) {
     const s32 digits = WholeNumber("--digits", *options.digits);
-    if (digits < 0 || digits > kMostDigits) throw BadCall("--digits is a number from 0 to 1023");
+    if (digits < 0 || digits > kMaxDigits) throw BadCall("--digits is a number from 0 to 1023");
     rules.digits = NumberText(digits);
   }
   if (options.caseRule) rules.caseRule = RuleValue(kCaseRules, "--case", *options.caseRule, kCaseRuleNames);

@@ -17,15 +17,15 @@ namespace {
 using namespace Velmora::SDK;
 
 constexpr WStringView kProfileBlanks = W(" \t\r\n");
-constexpr std::size_t kMostOfProfileName = 1023;  // the reader of the file uses no more
-constexpr u32 kMostTemplates = 20;                // of a history
+constexpr std::size_t kMaxProfileNameChars = 1023;  // the reader of the file uses no more
+constexpr u32 kMaxTemplates = 20;                   // of a history
 
 WString ProfileName(const std::string& text) {
   const WString wide = PathFromUtf8(text);
   const std::size_t begin = wide.find_first_not_of(kProfileBlanks);
   if (begin == WString::npos) throw BadCall("--save-profile: the name is empty");
   WString name = wide.substr(begin, wide.find_last_not_of(kProfileBlanks) - begin + 1);
-  if (name.size() > kMostOfProfileName) throw BadCall("--save-profile: a name has at most 1023 characters");
+  if (name.size() > kMaxProfileNameChars) throw BadCall("--save-profile: a name has at most 1023 characters");
   return name;
 }
 
@@ -81,7 +81,7 @@ void KeepInHistory(IHostApp& host, const WCHAR* key, const WString& text, WStrin
     if (line != usual && !renewed->Contains(line.c_str(), 0)) renewed->Add(line.c_str());
   }
   renewed->Finish(1);
-  config->SaveStringList(key, renewed.Get(), kMostTemplates);
+  config->SaveStringList(key, renewed.Get(), kMaxTemplates);
 }
 
 }  // namespace

@@ -22,7 +22,9 @@ class RenameSession {
   const std::vector<Velmora::SDK::MultiRenameItem*>& Rows() const { return engine_->items; }
 
   // Returns how often a search took too long and left a name or an extension unchanged.
-  std::size_t GaveUp() const { return engine_->replaceRules ? engine_->replaceRules->GaveUp() : 0; }
+  std::size_t AbortedSearches() const {
+    return engine_->replaceRules ? engine_->replaceRules->AbortedSearches() : 0;
+  }
 
   // Returns whether a row prevents a run from starting.
   bool IsBlocked() const;

@@ -182,7 +182,7 @@ DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, const
 bool IsUndoLineBlank(WCHAR c) { return c == W(' ') || c == W('\t'); }
 
 bool IsStorableField(WStringView text) {
-  return !text.empty() && !HoldsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
+  return !text.empty() && !ContainsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
 }
 
 // Returns whether the entry is certain to be read back from its line, and its old name is possible.
@@ -231,7 +231,7 @@ std::string LossReason(const MultiRenameUndoEntry& entry, bool isFileLong) {
   const bool isSeparated = !IsStorableField(entry.folder) || !IsStorableField(entry.oldName);
   if (!isSeparated && !IsPossibleName(entry.oldName))
     return "no file is given a name with one of \\/:*?\"<>| or a control character";
-  if (isFileLong) return "an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes";
+  if (isFileLong) return "an undo file has at most " + std::to_string(kMaxUndoFileBytes) + " bytes";
   return "its lines are parted at each | and at line ends";
 }
 
@@ -250,10 +250,10 @@ void WarnOfUnknownEntries(Output& output, const MultiRenameUndo& session, const 
   // Most entries are read back at the same position.
   const std::size_t inPlace = CountInPlace(session, kept);
   const auto unsure = std::span(kept.entries).subspan(inPlace);
-  constexpr std::size_t kFew = 4;  // for fewer entries a set is slower
-  const EntrySet renames = unsure.size() <= kFew ? EntrySet() : SetOf(session.entries);
+  constexpr std::size_t kMaxLinearSearch = 4;  // for fewer entries a set is slower
+  const EntrySet renames = unsure.size() <= kMaxLinearSearch ? EntrySet() : SetOf(session.entries);
   const auto isUnknownEntry = [&](const MultiRenameUndoEntry& entry) {
-    if (unsure.size() > kFew) return !renames.contains(&entry);
+    if (unsure.size() > kMaxLinearSearch) return !renames.contains(&entry);
     return std::ranges::none_of(session.entries, [&entry](const MultiRenameUndoEntry& rename) {
       return AreEqualEntries()(&rename, &entry);
     });
@@ -286,7 +286,7 @@ void WarnOfUndoFile(Output& output, const UndoFile& file) {
     output.Problem("note: this run has been taken back before; --list-undo shows the others");
   }
   if (file.isLong) {
-    output.Problem("the undo file is longer than " + std::to_string(kMostOfUndoFile) +
+    output.Problem("the undo file is longer than " + std::to_string(kMaxUndoFileBytes) +
                    " bytes; what lies beyond them is not taken back");
   } else if (file.isCut) {
     output.Problem("the last line of the undo file is cut; it is not taken back");
@@ -400,15 +400,15 @@ void UndoRenames(Shared& shared, RenameSession& session, const std::string& text
 
 std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
   // The lines before the first entry, with a number of entries and a date of many digits.
-  constexpr std::size_t kMostBefore = 200;
+  constexpr std::size_t kHeaderBytes = 200;
   constexpr std::size_t kSeparators = 4;  // two bars, CR and LF
-  std::size_t bytes = kMostBefore;
+  std::size_t bytes = kHeaderBytes;
   std::size_t beyond = 0;
   for (const MultiRenameItem* const row : rows) {
     if (row->oldName == row->newName) continue;
     bytes += sizeof(WCHAR) *
              (row->folderPath.Text().size() + row->oldName.size() + row->newName.size() + kSeparators);
-    if (bytes > kMostOfUndoFile) ++beyond;
+    if (bytes > kMaxUndoFileBytes) ++beyond;
   }
   return beyond;
 }
@@ -450,11 +450,11 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
                    (error == kOtherBytes ? "" : ": " + ErrorText(error)));
   }
   const UndoCheck found = isWhole ? UndoCheck::kKeeps : UndoCheck::kNotWhole;
-  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsStorableEntry)) return found;
+  if (size <= kMaxUndoFileBytes && std::ranges::all_of(session.entries, IsStorableEntry)) return found;
   std::string expected;
   // One byte more than is read shows that the text is longer.
   WriteUndoText(session, [&expected](WStringView text) {
-    if (expected.size() <= kMostOfUndoFile) expected += BytesOf(text);
+    if (expected.size() <= kMaxUndoFileBytes) expected += BytesOf(text);
   });
   const std::unique_ptr<MultiRenameUndo> kept =
       ReadUndoText({reinterpret_cast<const std::uint8_t*>(expected.data()), expected.size()});
@@ -469,8 +469,8 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
   if (lost == 0) return found;
   output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
                  " cannot be kept, first of " + ToUtf8(PathInFolder(first->folder, first->oldName)) + ": " +
-                 LossReason(*first, expected.size() > kMostOfUndoFile));
-  if (kept) WarnOfUnknownEntries(output, session, *kept, expected.size() > kMostOfUndoFile);
+                 LossReason(*first, expected.size() > kMaxUndoFileBytes));
+  if (kept) WarnOfUnknownEntries(output, session, *kept, expected.size() > kMaxUndoFileBytes);
   return lost == session.entries.size() ? UndoCheck::kKeepsNone : found;
 }
 

@@ -13,7 +13,7 @@
 namespace QxHost {
 namespace {
 
-using Velmora::SDK::kMostOfUndoFile;
+using Velmora::SDK::kMaxUndoFileBytes;
 using Velmora::SDK::MultiRenameUndo;
 
 DWORD UndoErrorOr(DWORD fallback) {
@@ -64,7 +64,7 @@ class UndoFileReader {
   // Returns false if no more is needed.
   bool Take(std::span<const std::uint8_t> bytes) {
     size_ += bytes.size();
-    const std::size_t room = kMostOfUndoFile - beginning_.size();
+    const std::size_t room = kMaxUndoFileBytes - beginning_.size();
     const auto first = bytes.first(std::min(room, bytes.size()));
     beginning_.insert(beginning_.end(), first.begin(), first.end());
     if (first.size() == bytes.size()) return true;
@@ -74,7 +74,7 @@ class UndoFileReader {
     rest_.erase(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(text.size() * 2));
     notes_.Read(text);
     if (IsTextKept()) file_.text += text;
-    return readsPastBeginning_ && size_ < kMostFileBytes;
+    return readsPastBeginning_ && size_ < kMaxFileBytes;
   }
 
   UndoFile Finish() {
@@ -95,7 +95,7 @@ class UndoFileReader {
 
  private:
   // The limit leaves room for the notes of as many entries as are read.
-  bool IsTextKept() const { return !notes_.HasOtherLines() && size_ <= 8 * kMostOfUndoFile; }
+  bool IsTextKept() const { return !notes_.HasOtherLines() && size_ <= 8 * kMaxUndoFileBytes; }
 
   void ReadBeginning() {
     isBeginningRead_ = true;
@@ -169,11 +169,11 @@ DWORD WriteInPlaceOf(const WString& path, const std::function<void(const WriteTe
     });
   }
   // A program that reads the old file for a moment may prevent its replacement.
-  constexpr int kMostTries = 25;
+  constexpr int kMaxTries = 25;
   constexpr DWORD kPause = 20;  // milliseconds
   if (error == ERROR_SUCCESS) {
     error = TakePlaceOf(temporary, path);
-    for (int tries = 1; tries < kMostTries && error == ERROR_SHARING_VIOLATION; ++tries) {
+    for (int tries = 1; tries < kMaxTries && error == ERROR_SHARING_VIOLATION; ++tries) {
       Sleep(kPause);
       error = TakePlaceOf(temporary, path);
     }

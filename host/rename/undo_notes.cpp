@@ -10,7 +10,7 @@
 namespace QxHost {
 namespace {
 
-using Velmora::SDK::kMostOfUndoFile;
+using Velmora::SDK::kMaxUndoFileBytes;
 using Velmora::SDK::MultiRenameUndoEntry;
 
 constexpr WStringView kPlanLine = W(";qxhost planned\r\n");
@@ -21,7 +21,7 @@ constexpr std::size_t kNotesPiece = 32768;  // approximate number of characters 
 constexpr std::size_t kMaxNoteChars = 64;
 
 // An entry has at least five characters and a line end.
-constexpr std::size_t kMostEntriesRead = kMostOfUndoFile / 14;
+constexpr std::size_t kMaxEntriesRead = kMaxUndoFileBytes / 14;
 
 void AppendNumber(WString& text, std::uint64_t number) {
   for (const char digit : std::to_string(number)) text += static_cast<WCHAR>(digit);
@@ -29,9 +29,9 @@ void AppendNumber(WString& text, std::uint64_t number) {
 
 // Removes a number from the beginning of the text. Returns std::nullopt if it does not begin with one.
 std::optional<std::uint64_t> TakeNumber(WStringView& text) {
-  constexpr std::size_t kMostDigitsRead = 20;
+  constexpr std::size_t kMaxDigitsRead = 20;
   std::string digits;
-  for (const WCHAR c : text.substr(0, kMostDigitsRead)) {
+  for (const WCHAR c : text.substr(0, kMaxDigitsRead)) {
     if (c < W('0') || c > W('9')) break;
     digits += static_cast<char>(c);
   }
@@ -128,7 +128,7 @@ void NotesReader::TakeLine() {
     return;
   }
   // The part of the file that is read has no more entries.
-  if (*entry > std::min(count_, kMostEntriesRead)) return;
+  if (*entry > std::min(count_, kMaxEntriesRead)) return;
   if (files_.size() < *entry) files_.resize(static_cast<std::size_t>(*entry), kNoFile);
   files_[static_cast<std::size_t>(*entry) - 1] = *file;
 }

@@ -172,10 +172,10 @@ FileItemTree::Slot* FileItemTree::PlaceOf(const FileItem& item, std::uint32_t ha
 }
 
 void FileItemTree::MakeRoom() {
-  constexpr std::size_t kFewestSlots = 256;
+  constexpr std::size_t kMinSlots = 256;
   if (slots_.size() >= (usedSlots_ + 1) * 2) return;
   const std::vector<Slot> before = std::exchange(slots_, {});
-  slots_.resize(std::max(before.size() * 2, kFewestSlots));
+  slots_.resize(std::max(before.size() * 2, kMinSlots));
   usedSlots_ = 0;
   const std::size_t mask = slots_.size() - 1;
   for (const Slot& slot : before) {

@@ -33,7 +33,7 @@ std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::s
 
 // The most mistakes in a mistyped name of a dialog. The host knows only the names of dialogs that were shown,
 // and the names of two dialogs may be more similar than a name and its mistyped form.
-constexpr std::size_t kMostMistakesInDialog = 2;
+constexpr std::size_t kMaxMistakesInDialog = 2;
 
 // Appends a proposal, which begins with a full stop. Removes a full stop at the end of the text, where the
 // value of a field may have one.
@@ -242,7 +242,7 @@ void Questions::RefuseMistypedDialogs() {
     const std::size_t dot = row.field.find('.');
     if (dot == std::string::npos) continue;
     const std::string dialog = row.field.substr(0, dot);
-    const std::string_view nearest = NearestName(dialog, names, kMostMistakesInDialog);
+    const std::string_view nearest = NearestName(dialog, names, kMaxMistakesInDialog);
     if (nearest.empty() || nearest == dialog) continue;
     Refuse("--form " + row.field + ": no dialog " + dialog + " came. Did you mean " + std::string(nearest) +
            row.field.substr(dot) + "?");

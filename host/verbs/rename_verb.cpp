@@ -144,7 +144,7 @@ class RenameVerb final : public Verb {
           "profile with pairs");
     }
     session.Preview(rules);
-    if (const std::size_t count = session.GaveUp(); count != 0) {
+    if (const std::size_t count = session.AbortedSearches(); count != 0) {
       run.Host().output.Problem("note: the search took too long and was given up in " +
                                 std::to_string(count) + (count == 1 ? " name" : " names") +
                                 ", which it leaves as they are; a simpler expression finds more");
@@ -290,7 +290,7 @@ class RenameVerb final : public Verb {
     if (beyond == 0) return;
     run.Host().output.Problem("note: some " + std::to_string(beyond) +
                               " of these renames could not be taken back: of an undo file " +
-                              std::to_string(Velmora::SDK::kMostOfUndoFile) +
+                              std::to_string(Velmora::SDK::kMaxUndoFileBytes) +
                               " bytes are read. Rename fewer at once");
   }
 

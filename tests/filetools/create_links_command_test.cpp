@@ -74,7 +74,7 @@ class CreateLinksCommand : public testing::Test {
   void RunWithKind(int kind) {
     Run([kind](CreateLinksForm& form) {
       form.linkKind = kind;
-      FollowKind(form);
+      UpdateForKind(form);
       FinishForm(form);
       return IDOK;
     });
@@ -231,7 +231,7 @@ TEST_F(CreateLinksCommand, CancelStoresNothingAndMakesNothing) {
   StoreKind(1);
   Run([](CreateLinksForm& form) {
     form.linkKind = 4;
-    FollowKind(form);
+    UpdateForKind(form);
     FinishForm(form);
     return IDCANCEL;
   });

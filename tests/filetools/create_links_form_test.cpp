@@ -39,7 +39,7 @@ CreateLinksForm FormOf(const Selection& selection, const WString& link, const WS
 
 void Choose(CreateLinksForm& form, int kind) {
   form.linkKind = kind;
-  FollowKind(form);
+  UpdateForKind(form);
 }
 
 // Returns the form of a dialog that opened with one file and this kind.

@@ -118,7 +118,7 @@ TEST_F(FindAndReplaceCommandTest, SeveralFilesBeginWithThePatternThatKeepsTheirN
     EXPECT_EQ(form.targetName, W("*.*"));
     const FindAndReplaceForm before = form;
     form.saveMode = SaveAsNew;
-    FollowChanges(form, before);
+    UpdateForChanges(form, before);
     EXPECT_EQ(form.targetName, W("*_x.*"));
     return IDCANCEL;
   });
@@ -185,7 +185,7 @@ TEST_F(FindAndReplaceCommandTest, OkWritesANewFileForEachByThePattern) {
   Run([](IHostApp& host, FindAndReplaceForm& form) -> INT_PTR {
     const FindAndReplaceForm before = form;
     form.saveMode = SaveAsNew;
-    FollowChanges(form, before);
+    UpdateForChanges(form, before);
     return Replacing(W("old"), W("new"))(host, form);
   });
   EXPECT_EQ(folder_.Read(W("a_x.txt")), "new\n");

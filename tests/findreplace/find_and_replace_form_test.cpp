@@ -25,7 +25,7 @@ WString Suggested(const WString& startName, std::uint32_t fileCount = 1) {
 void ChooseSaveMode(FindAndReplaceForm& form, int mode) {
   const FindAndReplaceForm before = form;
   form.saveMode = mode;
-  FollowChanges(form, before);
+  UpdateForChanges(form, before);
 }
 
 TEST(FindAndReplaceForm, DefaultFlagsShowTheFileItselfWithABackup) {
@@ -115,7 +115,7 @@ TEST(FindAndReplaceForm, NameThatIsEnteredStaysWhenOtherFieldsChange) {
   const FindAndReplaceForm before = form;
   form.findMode = ModeMany;
   form.silent = true;
-  FollowChanges(form, before);
+  UpdateForChanges(form, before);
   EXPECT_EQ(form.targetName, W("mine.txt"));
 }
 

@@ -340,7 +340,7 @@ TEST(TextDocumentLoaderWide, OddLastByteIsKeptOutOfTheTextAndWrittenBackBehindIt
     for (const std::uint32_t block : {3u, 4u, 5u, 16384u}) {
       const auto document = MakeDocumentOfBytes<WCHAR>(one.bytes, block);
       EXPECT_EQ(LinesOf(*document), one.lines) << block;
-      EXPECT_EQ(document->byteApart, one.bytes.back());
+      EXPECT_EQ(document->separateByte, one.bytes.back());
       EXPECT_EQ(WrittenBytes(*document), one.bytes);
     }
   }
@@ -353,6 +353,6 @@ TEST(TextDocumentLoaderWide, OddLastByteMakesNoCrLfOfACr) {
 }
 
 TEST(TextDocumentLoaderWide, TextOfWholeUnitsHasNoByteApart) {
-  EXPECT_EQ(MakeDocument<WCHAR>("ab\nc")->byteApart, std::nullopt);
-  EXPECT_EQ(MakeDocument<char>("abc")->byteApart, std::nullopt);
+  EXPECT_EQ(MakeDocument<WCHAR>("ab\nc")->separateByte, std::nullopt);
+  EXPECT_EQ(MakeDocument<char>("abc")->separateByte, std::nullopt);
 }

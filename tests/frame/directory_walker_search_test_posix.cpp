@@ -73,7 +73,7 @@ TEST(SearchOfAWalk, AFirstEntryWithoutANameIsSearchedAgainWithTheStandardInforma
   const Faults::Scope faults;
   Faults::Watch(kSearch);
   Faults::Watch("FindClose");
-  Faults::LeaveNameOut(1);
+  Faults::ReturnNoName(1);
   Walker walker;
   walker.Reset(scratch.Path());
   walker.useBasicInfo = true;

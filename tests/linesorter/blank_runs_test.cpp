@@ -20,8 +20,8 @@ namespace {
 
 using Values = std::vector<std::int64_t>;
 
-constexpr std::int64_t kMostNumber = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t kLeastNumber = std::numeric_limits<std::int64_t>::min();
+constexpr std::int64_t kMaxNumber = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kMinNumber = std::numeric_limits<std::int64_t>::min();
 
 // The number of characters of a block.
 template <typename CharT>
@@ -198,10 +198,10 @@ TYPED_TEST(BlankRuns, LongRunsOfDigitsAreReadToTheirEnd) {
   this->Expect(Times(3000, "\n") + zeros + "42\n", NumberOptions(), Times(3001, 42));
   this->Expect(Times(3000, "\n") + "-" + zeros + "42\n", NumberOptions(), Times(3001, -42));
   this->Expect(Times(3000, "\n") + zeros + "\n", NumberOptions(), Times(3001, 0));
-  this->Expect(Times(3000, "\n") + nines + "\n", NumberOptions(), Times(3001, kMostNumber));
-  this->Expect(Times(3000, "\n") + "-" + nines + "\n", NumberOptions(), Times(3001, kLeastNumber));
+  this->Expect(Times(3000, "\n") + nines + "\n", NumberOptions(), Times(3001, kMaxNumber));
+  this->Expect(Times(3000, "\n") + "-" + nines + "\n", NumberOptions(), Times(3001, kMinNumber));
   this->Expect(Times(3000, "\n") + zeros + "9223372036854775806\n", NumberOptions(),
-               Times(3001, kMostNumber - 1));
+               Times(3001, kMaxNumber - 1));
   const std::string fewer = Times(4000, "0");
   this->Expect(Times(3000, "\n") + fewer + "2014-" + fewer + "11-21\n" + Times(3000, "\n"),
                DateOptions("%Y-%m-%d"), Times(3001, NovemberDay(21)) + Times(3000, -1));
@@ -262,9 +262,9 @@ class BlankRunsByThePlainRule : public BlankRuns<CharT> {
     for (; *text >= Char('0') && *text <= Char('9'); ++text) {
       const std::int64_t digit = *text - Char('0');
       if (isNegative) {
-        number = number < (kLeastNumber + digit) / 10 ? kLeastNumber : number * 10 - digit;
+        number = number < (kMinNumber + digit) / 10 ? kMinNumber : number * 10 - digit;
       } else {
-        number = number > (kMostNumber - digit) / 10 ? kMostNumber : number * 10 + digit;
+        number = number > (kMaxNumber - digit) / 10 ? kMaxNumber : number * 10 + digit;
       }
     }
     return number;

@@ -53,7 +53,7 @@ TEST(SortKeysBytes, OfNoLengthAreComparedToTheLinesEnd) {
 }
 
 TEST(SortKeysBytes, BehindTheLinesEndAreEmpty) {
-  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMost}) {
+  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMax}) {
     EXPECT_EQ(PlaceOfKey<char>(offset, 0).length, 0u) << offset;
   }
 }
@@ -81,7 +81,7 @@ TEST(SortKeysUnits, OfNoLengthAreComparedToTheLinesEndByBytesAsMeant) {
 }
 
 TEST(SortKeysUnits, BehindTheLinesEndInBytesAreEmpty) {
-  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMost}) {
+  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMax}) {
     EXPECT_EQ(PlaceOfKey<WCHAR>(offset, 0).length, 0u) << offset;
   }
 }

@@ -24,7 +24,7 @@ using Lines = std::vector<LoadedLine>;
 // Checks the invariants of loaded data: each line and its ending lie in one block, the blocks are followed by
 // zeros, and keys are not set.
 void CheckData(const SortableLinesData& data) {
-  EXPECT_EQ(data.unused, 0u);
+  EXPECT_EQ(data.reserved, 0u);
   for (const TextBlock& block : data.blocks) {
     ASSERT_TRUE(block);
     EXPECT_TRUE(std::all_of(block.get() + kBlockSize, block.get() + kBlockSize + kBlockGuard,

@@ -120,7 +120,7 @@ enum Shape {
   kShapeCount
 };
 
-// Lengths of common beginnings at which wide comparison steps end, and their neighbours.
+// Lengths of common prefixes at which wide comparison steps end, and their neighbours.
 const std::vector<std::size_t> kBeginnings = {0, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 23, 24, 25, 31, 32, 33};
 
 template <typename CharT>
@@ -238,7 +238,7 @@ void ExpectTheSameOrder(const std::vector<SortLine>& lines, const SortLinesOptio
   std::vector<SortLine> expected = lines;
   SortByThePlainRule<CharT>(expected, range, options);
   std::vector<SortLine> plain = lines;
-  SortLineRangePlainly<CharT>(plain, range, options);
+  SortLineRangeReference<CharT>(plain, range, options);
   EXPECT_EQ(FirstDifference(plain, expected), lines.size()) << "the rule itself";
   std::vector<SortLine> sorted = lines;
   SortLineRange<CharT>(sorted, range, options);

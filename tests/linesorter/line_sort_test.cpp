@@ -53,7 +53,7 @@ Texts SortRecords(LineRecords<CharT> records, const SortLinesOptions& options) {
   std::vector<SortLine> plain = records.lines;
   const LineRange range = MovableRange(records.lines, options);
   SortLineRange<CharT>(records.lines, range, options);
-  SortLineRangePlainly<CharT>(plain, range, options);
+  SortLineRangeReference<CharT>(plain, range, options);
   EXPECT_EQ(TextsOf<CharT>(plain), TextsOf<CharT>(records.lines));
   if ((options.options & SortRemoveBlank) != 0) RemoveBlankLines(records.lines, range);
   return TextsOf<CharT>(records.lines);
@@ -138,11 +138,11 @@ TYPED_TEST(LineSort, KeptLinesStayInPlace) {
 
 TYPED_TEST(LineSort, NothingMovesWhenAllLinesOrMoreAreKept) {
   const Texts texts = {"c", "", "b", "", "a"};
-  constexpr std::uint32_t kMost = 0xFFFFFFFF;
+  constexpr std::uint32_t kMax = 0xFFFFFFFF;
   for (const auto& [top, bottom] :
        {std::pair{5u, 0u}, std::pair{0u, 5u}, std::pair{3u, 2u}, std::pair{3u, 3u}, std::pair{6u, 0u},
-        std::pair{0u, 6u}, std::pair{kMost, 0u}, std::pair{0u, kMost}, std::pair{kMost, kMost},
-        std::pair{1u, kMost}}) {
+        std::pair{0u, 6u}, std::pair{kMax, 0u}, std::pair{0u, kMax}, std::pair{kMax, kMax},
+        std::pair{1u, kMax}}) {
     for (const std::uint32_t bits : {0u, +SortReverse, +SortRemoveBlank, SortReverse | SortRemoveBlank}) {
       EXPECT_EQ(this->Sort(texts, Keeping(top, bottom, Text(bits))), texts) << top << " " << bottom;
     }
@@ -319,11 +319,11 @@ TEST(MovableRange, IsWhatIsLeftBetweenTheKeptLines) {
 
 TEST(MovableRange, IsEmptyWhenAllLinesOrMoreAreKept) {
   const std::vector<SortLine> lines(5);
-  constexpr std::uint32_t kMost = 0xFFFFFFFF;
+  constexpr std::uint32_t kMax = 0xFFFFFFFF;
   for (const auto& [top, bottom] :
        {std::pair{5u, 0u}, std::pair{0u, 5u}, std::pair{3u, 2u}, std::pair{3u, 3u}, std::pair{6u, 0u},
-        std::pair{0u, 6u}, std::pair{kMost, 0u}, std::pair{0u, kMost}, std::pair{kMost, kMost},
-        std::pair{1u, kMost}, std::pair{kMost, 1u}}) {
+        std::pair{0u, 6u}, std::pair{kMax, 0u}, std::pair{0u, kMax}, std::pair{kMax, kMax},
+        std::pair{1u, kMax}, std::pair{kMax, 1u}}) {
     const LineRange range = MovableRange(lines, Keeping(top, bottom, {}));
     EXPECT_EQ(range.first, range.last) << top << " " << bottom;
     EXPECT_LE(range.last, lines.size()) << top << " " << bottom;

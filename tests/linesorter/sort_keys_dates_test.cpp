@@ -101,7 +101,7 @@ TYPED_TEST(SortKeys, DateOfTheLastLineEndsInTheZerosBehindTheBlock) {
 
 TYPED_TEST(SortKeys, DateOfAKeyBehindTheLinesEndIsMinusOne) {
   EXPECT_EQ(this->NumbersOf({"a", "2014-11-21"}, From(2, Date("%Y-%m-%d")))[0], -1);
-  EXPECT_EQ(this->NumbersOf({"a", "2014-11-21"}, From(kMost, Date("%Y-%m-%d"))), (Numbers{-1, -1}));
+  EXPECT_EQ(this->NumbersOf({"a", "2014-11-21"}, From(kMax, Date("%Y-%m-%d"))), (Numbers{-1, -1}));
 }
 
 TYPED_TEST(SortKeys, RefusedDateFormatsAreThrown) {

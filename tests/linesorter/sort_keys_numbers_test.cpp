@@ -100,12 +100,12 @@ TYPED_TEST(SortKeys, NumberLimitsOf64AndMoreAreCutAt63Characters) {
   EXPECT_EQ(this->KeyIn(text, Number(64)), (Key{0, 64, 1}));
   EXPECT_EQ(this->KeyIn(text, Number(65)), (Key{0, 0, 1}));
   EXPECT_EQ(this->KeyIn(text, Number(1000)), (Key{0, 0, 1}));
-  EXPECT_EQ(this->KeyIn(text, Number(kMost)), (Key{0, 0, 1}));
+  EXPECT_EQ(this->KeyIn(text, Number(kMax)), (Key{0, 0, 1}));
   EXPECT_EQ(this->KeyIn(text, Number(0)), (Key{0, 0, 123}));
 }
 
 TYPED_TEST(SortKeys, HugeNumberLimitsOnAShorterLineTakeTheLine) {
-  for (const std::uint32_t limit : {64u, 1000u, 0x80000000u, 0x80000001u, kMost}) {
+  for (const std::uint32_t limit : {64u, 1000u, 0x80000000u, 0x80000001u, kMax}) {
     EXPECT_EQ(this->KeyIn("123", Number(limit)), (Key{0, 0, 123})) << limit;
   }
 }

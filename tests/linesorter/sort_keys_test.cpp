@@ -21,17 +21,17 @@ TYPED_TEST(SortKeys, StartBehindTheLinesEndStandsAsItIs) {
 }
 
 TYPED_TEST(SortKeys, HugeStartsDoNotWrapRoundToTheLine) {
-  for (const std::uint32_t start : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFEu, kMost}) {
+  for (const std::uint32_t start : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFEu, kMax}) {
     for (const std::uint32_t bits :
          {0u, +SortSkipLeadingSpace, +SortEndAtWhitespace, +SortEndAtChar, +SortAsNumber}) {
       SortLinesOptions options = From(start, Substring(bits));
       options.matchChar = options.matchCharA = ';';
       EXPECT_EQ(this->KeyIn(" 12;34 ", options), (Key{start, 0})) << start << " " << bits;
-      options.subStringLen = kMost;
+      options.subStringLen = kMax;
       EXPECT_EQ(this->KeyIn(" 12;34 ", options), (Key{start, 0})) << start << " " << bits;
       EXPECT_EQ(this->KeyIn(" 12;34 ", From(start, Item(2, ';', bits))), (Key{start, 0}))
           << start << " " << bits;
-      EXPECT_EQ(this->KeyIn(" 12;34 ", From(start, Item(kMost, ';', bits))), (Key{start, 0}))
+      EXPECT_EQ(this->KeyIn(" 12;34 ", From(start, Item(kMax, ';', bits))), (Key{start, 0}))
           << start << " " << bits;
     }
   }
@@ -101,7 +101,7 @@ TYPED_TEST(SortKeys, SubstringThatReachesTheLinesEndIsTheRestOfTheLine) {
 }
 
 TYPED_TEST(SortKeys, HugeSubstringLengthsDoNotWrapRound) {
-  for (const std::uint32_t length : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFDu, kMost}) {
+  for (const std::uint32_t length : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFDu, kMax}) {
     SortLinesOptions options = Substring();
     options.subStringLen = length;
     EXPECT_EQ(this->KeyIn("abcdef", options), (Key{0, 0})) << length;
@@ -206,7 +206,7 @@ TYPED_TEST(SortKeys, EmptyItemBetweenSeparatorsIsTheRestOfTheLineAsMeant) {
 TYPED_TEST(SortKeys, ItemThatTheLineDoesNotHaveIsEmptyAtTheLinesEnd) {
   EXPECT_EQ(this->KeyIn("a;b;c", Item(4)), (Key{5, 0}));
   EXPECT_EQ(this->KeyIn("a;b;c", Item(0)), (Key{5, 0}));
-  EXPECT_EQ(this->KeyIn("a;b;c", Item(kMost)), (Key{5, 0}));
+  EXPECT_EQ(this->KeyIn("a;b;c", Item(kMax)), (Key{5, 0}));
   EXPECT_EQ(this->KeyIn("a;b;", Item(3)), (Key{4, 0}));
   EXPECT_EQ(this->KeyIn("", Item(1)), (Key{0, 0}));
   EXPECT_EQ(this->KeyIn("", Item(2)), (Key{0, 0}));

@@ -186,7 +186,7 @@ TEST_F(SortLinesCommandTest, WithABackupSeveralFilesAreEachSortedInPlace) {
   Run([](IHostApp&, SortLinesForm& form) -> INT_PTR {
     const SortLinesForm before = form;
     form.saveAs = SaveKeepBackup;
-    FollowChanges(form, before);
+    UpdateForChanges(form, before);
     return IDOK;
   });
   EXPECT_EQ(folder_.Read(W("a.txt")), "b\nc\n");

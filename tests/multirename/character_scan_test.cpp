@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kLongestText = 50;  // several blocks and a remainder
 
-bool HoldsBarOrStar(WStringView text) { return HoldsAnyOf<W('|'), W('*')>(text); }
+bool HoldsBarOrStar(WStringView text) { return ContainsAnyOf<W('|'), W('*')>(text); }
 
 TEST(CharacterScanTest, ACharacterIsFoundAtEachPlaceOfEachLength) {
   for (std::size_t size = 1; size <= kLongestText; ++size) {
@@ -40,8 +40,8 @@ TEST(CharacterScanTest, NothingOutsideTheTextIsLookedAt) {
 }
 
 TEST(CharacterScanTest, AZeroCanBeLookedFor) {
-  EXPECT_TRUE((HoldsAnyOf<W('\0')>(WStringView(W("a\0b"), 3))));
-  EXPECT_FALSE((HoldsAnyOf<W('\0')>(W("ab"))));
+  EXPECT_TRUE((ContainsAnyOf<W('\0')>(WStringView(W("a\0b"), 3))));
+  EXPECT_FALSE((ContainsAnyOf<W('\0')>(W("ab"))));
 }
 
 }  // namespace

@@ -214,8 +214,8 @@ TEST_F(FrameFormTest, TheContextMenusLinesMoveTheRows) {
 TEST_F(FrameFormTest, TheWindowIsLaidOutByTheseNumbers) {
   EXPECT_EQ(FrameLayout::kWidth, 855);
   EXPECT_EQ(FrameLayout::kHeight, 410);
-  EXPECT_EQ(FrameLayout::kLeastWidth, 850);
-  EXPECT_EQ(FrameLayout::kLeastHeight, 400);
+  EXPECT_EQ(FrameLayout::kMinWidth, 850);
+  EXPECT_EQ(FrameLayout::kMinHeight, 400);
   EXPECT_EQ(FrameLayout::kStatusPaneWidth, 650);
   EXPECT_EQ(FrameLayout::kListWidth, 200);
   EXPECT_EQ(FrameLayout::kColumnWidth, 200);

@@ -280,7 +280,7 @@ TEST_F(FaultsTest, TheAmountOfInformationOfSearchesIsKept) {
 
 TEST_F(FaultsTest, ASearchWithTheBasicInformationLeavesOneNameOut) {
   const WString path = scratch_.Write(W("a"), "");
-  Faults::LeaveNameOut(2);
+  Faults::ReturnNoName(2);
   const auto firstName = [&path](FINDEX_INFO_LEVELS level) {
     WIN32_FIND_DATAW data;
     const FindHandle search(FindFirstFileExW(path.c_str(), level, &data, FindExSearchNameMatch, nullptr, 0));

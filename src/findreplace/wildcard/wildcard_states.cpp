@@ -86,7 +86,7 @@ bool WildcardStates<CharT>::MatchFrom(std::uint32_t start, const CharT* line, st
         if (tries_.size() >= kWildcardMemory / sizeof(Try))
           throw std::regex_error(std::regex_constants::error_complexity);
         tries_.push_back({state.other, at.position});
-      } else if (at.position < length && state.place.Takes(line[at.position])) {
+      } else if (at.position < length && state.place.Matches(line[at.position])) {
         ++at.position;
       } else {
         break;

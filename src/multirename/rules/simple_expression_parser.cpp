@@ -10,9 +10,9 @@ namespace Velmora::SDK {
 namespace {
 
 // With these limits, the library's stack suffices for the longest text that is matched here.
-constexpr std::size_t kMostSimpleAtoms = 48;
-constexpr std::size_t kMostSimpleNodes = 160;
-constexpr std::uint16_t kMostSimpleCount = 100;
+constexpr std::size_t kMaxSimpleAtoms = 48;
+constexpr std::size_t kMaxSimpleNodes = 160;
+constexpr std::uint16_t kMaxSimpleCount = 100;
 constexpr std::uint16_t kNoSimpleLimit = 10'000;  // more than the length of any text
 
 constexpr WStringView kSimpleMarks = W("^$\\.*+?()[]{}|");
@@ -37,7 +37,7 @@ class SimpleExpressionParser {
 
   std::optional<SimpleExpression> Parse() {
     const std::optional<Part> whole = Alternatives();
-    if (!whole || !rest_.empty() || whole->leastSize == 0 || Count() > kMostSimpleNodes) return std::nullopt;
+    if (!whole || !rest_.empty() || whole->leastSize == 0 || Count() > kMaxSimpleNodes) return std::nullopt;
     Join(*whole, Add(Operation::kAccept));
     made_.start_ = whole->first;
     made_.firstAtom_ = FirstAtom();
@@ -95,7 +95,7 @@ class SimpleExpressionParser {
     std::optional<Part> all;
     while (!rest_.empty() && rest_.front() != W('|') && rest_.front() != W(')')) {
       const std::optional<Part> part = Item();
-      if (!part || Count() > kMostSimpleNodes) return std::nullopt;
+      if (!part || Count() > kMaxSimpleNodes) return std::nullopt;
       if (!all) {
         all = part;
         continue;
@@ -176,7 +176,7 @@ class SimpleExpressionParser {
   // Atoms with the same source share one entry, and with it the characters already determined.
   std::optional<std::uint16_t> AtomNumber() {
     const std::optional<WString> source = AtomSource();
-    if (!source || ++atoms_ > kMostSimpleAtoms) return std::nullopt;
+    if (!source || ++atoms_ > kMaxSimpleAtoms) return std::nullopt;
     const std::wstring wide(source->begin(), source->end());
     auto& known = made_.atoms_;
     const auto found =
@@ -193,7 +193,7 @@ class SimpleExpressionParser {
     for (const WCHAR c : rest_.substr(0, size))
       number = static_cast<std::uint16_t>(number * 10 + (c - W('0')));
     rest_.remove_prefix(size);
-    if (number > kMostSimpleCount) return std::nullopt;
+    if (number > kMaxSimpleCount) return std::nullopt;
     return number;
   }
 

@@ -1,5 +1,5 @@
-// The parts into which common beginnings divide the range of numbers.
-#include "linesorter/engine/common_beginnings.h"
+// The parts into which common prefixes divide the range of numbers.
+#include "linesorter/engine/common_prefixes.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ constexpr std::uint64_t kCommons[] = {DigitNumber(0x00, 7),   DigitNumber(0x61, 
                                       DigitNumber(0xFF, 1000)};
 
 NumberParts PartsOfCommons() {
-  std::vector<CommonBeginning> commons;
+  std::vector<CommonPrefix> commons;
   for (const std::uint64_t number : kCommons) commons.push_back({number, {}, 0});
   return NumberParts(commons);
 }
