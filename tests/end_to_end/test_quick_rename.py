@@ -48,7 +48,7 @@ class Transforms(HostTest):
         self.command(30005, "one/a b.c d", "two/a b.c d", answers=["ok"])
         self.assertEqual((self.names("one"), self.names("two")), (["a_b.c_d/"], ["a_b.c d"]))
 
-    def test_the_dot_that_tidying_puts_behind_a_name_without_an_extension_is_left_out(self):
+    def test_the_dot_that_tidying_adds_to_a_name_without_an_extension_is_left_out(self):
         self.make("read_me")
         outcome = self.command(30050, "read_me", answers=["ok"])
         self.assertEqual(outcome.renames, [("read_me", "Read Me", 0)])

@@ -96,7 +96,7 @@ class Profiles(RenameTest):
 
 
 class Order(RenameTest):
-    def test_a_preview_foretells_what_a_run_in_order_does(self):
+    def test_a_preview_predicts_a_run_in_order(self):
         self.make("img", "img1")
         chain = ["--find", "img", "--replace", "img1", "img", "img1"]
         planned = self.prose(*chain)

@@ -175,7 +175,7 @@ class Deep(SafetyTest):
 
 
 class Kept(SafetyTest):
-    def test_no_file_that_is_there_is_overwritten_when_the_clock_has_gone_back(self):
+    def test_no_existing_file_is_overwritten_when_the_clock_was_set_back(self):
         self.make("a.txt")
         now = int(time.time())
         for second in range(-2, 12):
@@ -188,7 +188,7 @@ class Kept(SafetyTest):
         self.rename("--undo", name)
         self.assertEqual(self.names(), ["a.txt"])
 
-    def test_the_file_of_a_run_holds_what_was_done_and_nothing_lies_beside_it(self):
+    def test_the_file_of_a_run_contains_what_was_done_and_is_the_only_one(self):
         self.make("a_", "b_", "b")
         self.rename("--find", "_", "--run", "a_", "b_", status=4)
         (name,) = self.undo_files()

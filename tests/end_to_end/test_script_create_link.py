@@ -45,7 +45,7 @@ class Kinds(LinkTest):
         self.assert_made(1, "link", "a ü Ж.txt")
         self.assertEqual(os.stat(self.path("link")).st_ino, os.stat(self.path("a ü Ж.txt")).st_ino)
 
-    def test_a_shortcut_is_unknown_in_the_log_which_is_meant(self):
+    def test_a_shortcut_is_unknown_in_the_log_by_design(self):
         self.make("a.txt")
         self.assert_made(4, "a.lnk", "a.txt")
         with open(self.path("a.lnk"), "rb") as file:

@@ -35,7 +35,7 @@ class Base64Command : public testing::Test {
 
 }  // namespace
 
-TEST_F(Base64Command, EncodesEachSelectedFileBesideItself) {
+TEST_F(Base64Command, EncodesEachSelectedFileIntoItsFolder) {
   files_.Select(W("a.txt"), "foo");
   files_.Select(W("b.tar.gz"), "bar");
   files_.Select(W("none"), "x");
@@ -152,7 +152,7 @@ TEST_F(Base64Command, NothingSelectedIsNothingDone) {
   EXPECT_THAT(Run(false), IsEmpty());
 }
 
-TEST_F(Base64Command, OneFileAnswersWhetherItWasGoneAbout) {
+TEST_F(Base64Command, OneFileReturnsWhetherItWasProcessed) {
   const WString path = files_.Add(W("a.txt"), "foo");
   EXPECT_TRUE(ConvertFileBase64(Host(), path, true));
   EXPECT_FALSE(ConvertFileBase64(Host(), Scratch().Path(W("gone.txt")), true));
@@ -167,7 +167,7 @@ TEST_F(Base64Command, OneFileAnswersWhetherItWasGoneAbout) {
   ExpectAllGivenBack(Host());
 }
 
-TEST_F(Base64Command, AFailureOfTheWorkItselfStillCountsAsDoneWhichIsMeant) {
+TEST_F(Base64Command, AFailureOfTheConversionItselfStillCountsAsDoneByDesign) {
   const WString path = files_.Add(W("a.b64"), "foo");
   BoxAnswers boxes{IDYES};
   EXPECT_TRUE(ConvertFileBase64(Host(), path, true));

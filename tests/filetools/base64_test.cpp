@@ -64,7 +64,7 @@ TEST(Base64, EncodesGroupsOfThreeAndFillsUpTheLast) {
   EXPECT_EQ(Encoded("\0\x10\x83\xFF\xEF\xBE"s), "ABCD/+++");
 }
 
-TEST(Base64, OpenBitsOfTheLastCharacterComeFromTheBytesBehindWhichIsMeant) {
+TEST(Base64, OpenBitsOfTheLastCharacterComeFromTheFollowingBytesByDesign) {
   EXPECT_EQ(Encoded("f", 0xF0), "Zv==");
   EXPECT_EQ(Encoded("f", 0x0F, 0xFF), "Zg==");
   EXPECT_EQ(Encoded("fo", 0xC0), "Zm/=");
@@ -93,11 +93,11 @@ TEST(Base64, OpenBitsDoNotMatterInDecoding) {
   EXPECT_EQ(DecodedOf("Zm/="), "fo");
 }
 
-TEST(Base64, TheNextGroupStandsInThePlaceOfThePadding) { EXPECT_EQ(DecodedOf("QQ==QUI=QUJD"), "AABABC"); }
+TEST(Base64, TheNextGroupReplacesThePadding) { EXPECT_EQ(DecodedOf("QQ==QUI=QUJD"), "AABABC"); }
 
 TEST(Base64, AThirdPaddingCharacterAloneCountsForBoth) { EXPECT_EQ(DecodedOf("QQ=AQUJD"), "AABC"); }
 
-TEST(Base64, CharactersOutsideTheAlphabetGiveWrongBytesAndStopNothingWhichIsMeant) {
+TEST(Base64, CharactersOutsideTheAlphabetGiveWrongBytesAndStopNothingByDesign) {
   EXPECT_EQ(DecodedOf("!!!!"), "\xFF\xFF\xFF");
   EXPECT_EQ(DecodedOf("A!AA"), "\x03\xF0\x00"s);
   EXPECT_EQ(DecodedOf("AA!A"), "\x00\x0F\xC0"s);
@@ -129,7 +129,7 @@ TEST(Base64, TheRoomMustExceedTheBytesByFour) {
   EXPECT_EQ(DecodeInto("Zm9vYmFy", 10).bytes, "foobar");
 }
 
-TEST(Base64, NothingIsWrittenBehindTheRoom) {
+TEST(Base64, NothingIsWrittenAfterTheRoom) {
   for (const std::string& text : {"Zg=="s, "Zm9v"s, "!!!!"s, "Zm9vYmFyZm9vYmFyZm9vYmFy"s, "QQ==QQ==QQ=="s}) {
     for (std::uint32_t room = 0; room < 40; ++room) {
       EXPECT_TRUE(DecodeInto(text, room).areGuardsWhole) << text << " in " << room;

@@ -103,7 +103,7 @@ TEST_F(CreateLinkScriptTest, AnEmptyLinkPathIsAnError) {
   EXPECT_THAT(call_.resultCode, Optional(3u));
 }
 
-TEST_F(CreateLinkScriptTest, ARefusalIsNotTakenToTheHelperUnasked) {
+TEST_F(CreateLinkScriptTest, ARefusalIsNotPassedToTheHelperWithoutAQuestion) {
   call_.values["LNKTRG"] = scratch_.Path();
   EXPECT_EQ(CreateLinkScript(host_, call_), 0);
   EXPECT_THAT(call_.resultCode, Optional(5u));
@@ -123,7 +123,7 @@ TEST_F(CreateLinkScriptTest, AsAdminTheHelperMakesItAndThereIsNoResultText) {
   ExpectAllGivenBack(host_);
 }
 
-TEST_F(CreateLinkScriptTest, AsAdminAFolderIsToldToTheHelper) {
+TEST_F(CreateLinkScriptTest, AsAdminAFolderIsReportedToTheHelper) {
   call_.switches = {"ASADMIN"};
   call_.values["LNKTRG"] = scratch_.Path();
   EXPECT_EQ(CreateLinkScript(host_, call_), 1);

@@ -150,7 +150,7 @@ TEST_F(CreateLinksCommand, OneFileIsTheTargetAndItsNameInTheOtherPanelTheLink) {
               ElementsAre("item a \u00FC \u0416.txt.GetFullPath(4096)"));
 }
 
-TEST_F(CreateLinksCommand, OneFolderIsToldByItsAttributes) {
+TEST_F(CreateLinksCommand, OneFolderIsRecognizedByItsAttributes) {
   Select({}, {W("sub")});
   const CreateLinksForm form = ShownForm();
   EXPECT_TRUE(form.targetIsFolder);
@@ -283,7 +283,7 @@ TEST_F(CreateLinksCommand, TheShortcutOfOneFileLosesTheOldExtension) {
                                      LinkCreated("Unknown", InPanel(W("a.lnk")), InView(W("a.txt")))));
 }
 
-TEST_F(CreateLinksCommand, TheShortcutOfOneFileWithoutAnExtensionHasItsBareNameWhichIsMeant) {
+TEST_F(CreateLinksCommand, TheShortcutOfOneFileWithoutAnExtensionHasItsBareNameByDesign) {
   Select({W("bare")});
   RunWithKind(4);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage"}),
@@ -318,7 +318,7 @@ TEST_F(CreateLinksCommand, OfSeveralItemsTheNamesOfTheDialogAreForTheEyeOnly) {
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("panel"), W("view")));
 }
 
-TEST_F(CreateLinksCommand, ShortcutsOfSeveralItemsKeepTheOldExtensionsWhichIsMeant) {
+TEST_F(CreateLinksCommand, ShortcutsOfSeveralItemsKeepTheOldExtensionsByDesign) {
   Select({W("a.txt"), W("bare")}, {W("sub.d")});
   RunWithKind(4);
   EXPECT_THAT(scratch_.Names(W("panel")), ElementsAre(W("a.txt.lnk"), W("bare.lnk"), W("sub.d.lnk")));

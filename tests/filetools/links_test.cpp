@@ -54,7 +54,7 @@ TEST_F(LinksTest, AHardLinkThatCannotBeGivesTheSystemsError) {
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Hardlink", 183, link_, target_)));
 }
 
-TEST_F(LinksTest, AShortcutToAFileStartsInItsFolderAndIsUnknownInTheLogWhichIsMeant) {
+TEST_F(LinksTest, AShortcutToAFileStartsInItsFolderAndIsUnknownInTheLogByDesign) {
   link_ += W(".lnk");
   EXPECT_EQ(Create(4), 0u);
   const ShellLink shortcut = ReadShellLink(link_);
@@ -129,7 +129,7 @@ TEST_F(LinksTest, AShortcutToAVeryLongPathIsMadeOrIsError3) {
   EXPECT_EQ(host_.recorder.CallsOf({"LogMessage"}).size(), 1u);
 }
 
-TEST_F(LinksTest, TheHelperIsGivenTheRequestAndItsAnswerIsLogged) {
+TEST_F(LinksTest, TheHelperGetsTheRequestAndItsReplyIsLogged) {
   host_.helper.exists = true;
   EXPECT_EQ(CreateElevated(3, true), 0u);
   EXPECT_THAT(host_.recorder.Calls(),
@@ -142,7 +142,7 @@ TEST_F(LinksTest, TheHelperIsGivenTheRequestAndItsAnswerIsLogged) {
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
 }
 
-TEST_F(LinksTest, TheHelpersErrorIsTheAnswer) {
+TEST_F(LinksTest, TheHelpersErrorIsReturned) {
   host_.helper.exists = true;
   host_.helper.reply = 1460;
   EXPECT_EQ(CreateElevated(1, false), 1460u);

@@ -45,7 +45,7 @@ TEST(QuickRename, TakesTheSelectionAndHandsTheNewNamesToOneBatch) {
   ExpectAllGivenBack(host);
 }
 
-TEST(QuickRename, ReleasesTheListBeforeItLooksAtTheItems) {
+TEST(QuickRename, ReleasesTheListBeforeItReadsTheItems) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};

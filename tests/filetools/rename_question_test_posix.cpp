@@ -18,7 +18,7 @@ TEST(RenameQuestion, IsOkAndCancelWithAQuestionMark) {
   EXPECT_EQ(boxes.Boxes()[0].style, 33u);
 }
 
-TEST(RenameQuestion, WithoutAnyoneToAnswerNothingIsRenamed) {
+TEST(RenameQuestion, WithoutAUserNothingIsRenamed) {
   Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
   FakeHost host;
   host.SelectFiles({W("a.txt")});

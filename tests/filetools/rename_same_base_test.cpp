@@ -199,7 +199,7 @@ TEST(RenameSameBase, FirstItemThatTheHostDoesNotGiveMatchesNothing) {
   ExpectAllGivenBack(host);
 }
 
-TEST(RenameSameBase, WithoutAMatchItAsksAllTheSame) {
+TEST(RenameSameBase, WithoutAMatchItStillAsks) {
   FakeHost host;
   host.focused = host.AddFolder(W("song"));
   host.view = {host.focused, host.AddFile(W("other.mp3"))};

@@ -107,7 +107,7 @@ TEST(ReplaceDlg, PartTakesItsFourValuesAlone) {
   EXPECT_EQ(form.part, -1);
 }
 
-TEST(ReplaceDlg, WithoutAnyoneToAnswerItIsCancelled) {
+TEST(ReplaceDlg, WithoutAUserItIsCancelled) {
   Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
   FakeHost host;
   ReplaceForm form;

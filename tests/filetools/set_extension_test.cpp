@@ -80,7 +80,7 @@ TEST(SetExtension, WithoutAFocusedItemTheDefaultIsEmpty) {
   ExpectAllGivenBack(host);
 }
 
-TEST(SetExtension, OneLeadingDotOfTheAnswerIsDropped) {
+TEST(SetExtension, OneLeadingDotOfTheInputIsDropped) {
   EXPECT_THAT(RenamesOf({W("a.txt")}, W(".log")), ElementsAre(QueuedRename{W("a.txt"), W("a.log")}));
   EXPECT_THAT(RenamesOf({W("a.txt")}, W("..log")), ElementsAre(QueuedRename{W("a.txt"), W("a..log")}));
   EXPECT_THAT(RenamesOf({W("a.txt")}, W("..")), ElementsAre(QueuedRename{W("a.txt"), W("a..")}));
@@ -88,7 +88,7 @@ TEST(SetExtension, OneLeadingDotOfTheAnswerIsDropped) {
   EXPECT_THAT(RenamesOf({W("a.txt")}, W("log.")), ElementsAre(QueuedRename{W("a.txt"), W("a.log.")}));
 }
 
-TEST(SetExtension, EmptyAnswerEndsTheCommand) {
+TEST(SetExtension, EmptyInputEndsTheCommand) {
   for (const WCHAR* answer : {W(""), W(".")}) {
     FakeHost host;
     host.SelectFiles({W("a.txt")});

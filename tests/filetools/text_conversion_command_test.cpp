@@ -137,7 +137,7 @@ TEST_F(ConvertText, AWidthOf21OrMoreEndsTheCommand) {
   EXPECT_EQ(TabsAfter({true, W("20")}), "a" + std::string(20, ' ') + "b\r\nc\n");
 }
 
-TEST_F(ConvertText, AChoiceThatIsNoNumberIsTheWidth0AndDropsTheTabsWhichIsMeant) {
+TEST_F(ConvertText, AChoiceThatIsNotANumberIsTheWidth0AndDropsTheTabsByDesign) {
   for (const WString& text : {WString(W("")), WString(W("x")), WString(W("0")), WString(256, W('x'))}) {
     EXPECT_EQ(TabsAfter({true, text}), "ab\r\nc\n") << ToUtf8(text);
   }

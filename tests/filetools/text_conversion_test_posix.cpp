@@ -158,7 +158,7 @@ TEST_F(TextConversionFaults, AFailedFirstReadGivesAnEmptyFileWhichIsIntended) {
   EXPECT_EQ(files_.scratch.Read(W("t")), "");
 }
 
-TEST_F(TextConversionFaults, AFileThatCannotBeDeletedStaysAndTheTextStandsBesideIt) {
+TEST_F(TextConversionFaults, AFileThatCannotBeDeletedStaysAndTheTextIsNextToIt) {
   Faults::Fail("DeleteFileW", 1, ERROR_SHARING_VIOLATION);
   Convert();
   EXPECT_TRUE(files_.scratch.Read(W("a")) == text_);

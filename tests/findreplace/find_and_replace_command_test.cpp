@@ -124,7 +124,7 @@ TEST_F(FindAndReplaceCommandTest, SeveralFilesBeginWithThePatternThatKeepsTheirN
   });
 }
 
-TEST_F(FindAndReplaceCommandTest, StoredOptionsStandInTheForm) {
+TEST_F(FindAndReplaceCommandTest, StoredOptionsAreShownInTheForm) {
   Select(W("a.txt"), "a");
   host_.config.numbers = {{PlaceOf(W("Options")), 0x10002804}};
   host_.config.texts = {{PlaceOf(W("Find")), W("x\r\ny")}, {PlaceOf(W("ReplaceWith")), W("z")}};
@@ -212,7 +212,7 @@ TEST_F(FindAndReplaceCommandTest, LongTextsAreStoredAndSearchedAsTheyWereCut) {
   EXPECT_EQ(folder_.Read(W("a.txt")), "x!\n");
 }
 
-TEST_F(FindAndReplaceCommandTest, WithoutSettingsItRunsAllTheSame) {
+TEST_F(FindAndReplaceCommandTest, WithoutSettingsItStillRuns) {
   host_.recorder.Refuse("GetConfig");
   Select(W("a.txt"), "old");
   Run(Replacing(W("old"), W("new")));

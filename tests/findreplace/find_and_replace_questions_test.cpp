@@ -26,7 +26,7 @@ TEST(FindAndReplaceQuestions, TargetThatIsTheSourceIsAskedForAndYesOverwritesIt)
   EXPECT_THAT(run.Boxes(), ElementsAre(kQuestion, Summary("1 changes")));
 }
 
-TEST(FindAndReplaceQuestions, YesHoldsForLaterTargetsThoughEachIsMeantToBeAskedForAllTheSame) {
+TEST(FindAndReplaceQuestions, YesAppliesToLaterTargetsButEachIsStillAskedForByDesign) {
   ListRun run;
   for (const WCHAR* name : {W("a"), W("b"), W("c")}) {
     run.Add(WString(name) + W(".txt"), "two\n");
@@ -123,7 +123,7 @@ TEST(FindAndReplaceQuestions, CancelAtAMatchEndsTheRunWithItsTwoLines) {
   EXPECT_THAT(run.Boxes(), IsEmpty());
 }
 
-TEST(FindAndReplaceQuestions, CancelInMultilineIsMeantToCountAsOneChangeAndTheRunGoesOn) {
+TEST(FindAndReplaceQuestions, CancelInMultilineCountsAsOneChangeAndTheRunContinuesByDesign) {
   ListRun run;
   run.Add(W("a.txt"), "two\ntwo\n");
   run.Add(W("b.txt"), "two\ntwo\n");

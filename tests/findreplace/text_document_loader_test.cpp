@@ -166,7 +166,7 @@ TYPED_TEST(TextDocumentLoaderTest, KeepsTheFormat) {
   }
 }
 
-TEST(TextDocumentLoaderSettings, BlocksAre32768BytesUnlessToldOtherwise) {
+TEST(TextDocumentLoaderSettings, BlocksAre32768BytesByDefault) {
   EXPECT_EQ(TextDocumentLoader().blockSize, 32768u);
 }
 
@@ -250,7 +250,7 @@ TYPED_TEST(TextDocumentLoaderTest, BordersOfTheUsualBlockSize) {
 
 // --- lines that fill a block
 
-TYPED_TEST(TextDocumentLoaderTest, LastLineOfExactlyOneBlockWithNothingBehindItLoads) {
+TYPED_TEST(TextDocumentLoaderTest, LastLineOfExactlyOneBlockLoadsIfNothingFollows) {
   EXPECT_THAT(this->Load("abcdefgh", 8), ElementsAre(None("abcdefgh")));
   EXPECT_THAT(this->Load("ab\ncdefghij", 8), ElementsAre(Lf("ab"), None("cdefghij")));
   const std::string fill(kUsualBlock<TypeParam>, 'x');
@@ -258,7 +258,7 @@ TYPED_TEST(TextDocumentLoaderTest, LastLineOfExactlyOneBlockWithNothingBehindItL
   EXPECT_EQ(this->Rewrite("a\n" + fill), "a\n" + fill);
 }
 
-TYPED_TEST(TextDocumentLoaderTest, LineOfABlockOrMoreWithTextBehindItIsRefused) {
+TYPED_TEST(TextDocumentLoaderTest, LineOfABlockOrMoreIsRefusedIfTextFollows) {
   EXPECT_THROW(this->Load("abcdefgh\n", 8), std::bad_alloc);
   EXPECT_THROW(this->Load("abcdefgh\r\n", 8), std::bad_alloc);
   EXPECT_THROW(this->Load("abcdefghi", 8), std::bad_alloc);
@@ -271,11 +271,11 @@ TYPED_TEST(TextDocumentLoaderTest, LineOfABlockOrMoreWithTextBehindItIsRefused) 
 TYPED_TEST(TextDocumentLoaderTest, LineThatFillsItsBlockIsRefusedAtOnce) {
   ScriptedReader reader(std::string(1 << 20, 'x'));
   EXPECT_THROW(ReadDocument<TypeParam>(reader), std::bad_alloc);
-  EXPECT_THAT(reader.asked, SizeIs(1));
+  EXPECT_THAT(reader.requests, SizeIs(1));
 
   ScriptedReader later(BytesOf<TypeParam>("ab\n") + std::string(1 << 20, 'x'));
   EXPECT_THROW(ReadDocument<TypeParam>(later, 8), std::bad_alloc);
-  EXPECT_THAT(later.asked, SizeIs(2));
+  EXPECT_THAT(later.requests, SizeIs(2));
 }
 
 TYPED_TEST(TextDocumentLoaderTest, SourceWithoutAnEndIsRefusedAtOnce) {
@@ -318,13 +318,13 @@ TYPED_TEST(TextDocumentLoaderTest, FailureOfTheReaderPasses) {
     reader.failAt = failAt;
     reader.fail = [] { throw WQDR::WQDataReaderException(1117, "Failed to read file"); };
     EXPECT_EQ(DataError([&] { ReadDocument<TypeParam>(reader, 8); }), (Thrown{1117, "Failed to read file"}));
-    EXPECT_THAT(reader.asked, SizeIs(failAt));
+    EXPECT_THAT(reader.requests, SizeIs(failAt));
   }
 }
 
 // --- 16-bit texts with an odd number of bytes
 
-TEST(TextDocumentLoaderWide, OddLastByteIsKeptOutOfTheTextAndWrittenBackBehindIt) {
+TEST(TextDocumentLoaderWide, OddLastByteIsNotPartOfTheTextAndIsWrittenAfterIt) {
   struct Case {
     std::string bytes;
     std::vector<Line> lines;
@@ -352,7 +352,7 @@ TEST(TextDocumentLoaderWide, OddLastByteMakesNoCrLfOfACr) {
   EXPECT_EQ(WrittenBytes(*document), "a\0\n"sv) << "the lone CR is lost, the byte is not";
 }
 
-TEST(TextDocumentLoaderWide, TextOfWholeUnitsHasNoByteApart) {
+TEST(TextDocumentLoaderWide, TextOfWholeUnitsHasNoSeparateByte) {
   EXPECT_EQ(MakeDocument<WCHAR>("ab\nc")->separateByte, std::nullopt);
   EXPECT_EQ(MakeDocument<char>("abc")->separateByte, std::nullopt);
 }

@@ -163,7 +163,7 @@ TYPED_TEST(WildcardRefusalsTest, RefusesWhatIsTooLargeForTheLibraryAndNothingEls
 TYPED_TEST(WildcardRefusalsTest, TakesDigitsOfAsciiAlone) { EXPECT_EQ(this->Refuse("a{\xB2}"), kBadBrace); }
 
 // The first error that the library encounters is reported.
-TYPED_TEST(WildcardRefusalsTest, TellsTheFirstFaultOfSeveral) {
+TYPED_TEST(WildcardRefusalsTest, ReportsTheFirstOfSeveralErrors) {
   EXPECT_EQ(this->Refuse("x{200000}a{"), kTooLarge);
   EXPECT_EQ(this->Refuse("a{x{200000}"), kBadBrace);
   EXPECT_EQ(this->Refuse("x{200000"), kOpenBrace);

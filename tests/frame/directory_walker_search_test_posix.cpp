@@ -39,7 +39,7 @@ WString PathOf(std::size_t size) {
 
 }  // namespace
 
-TEST(SearchOfAWalk, TakesTheStandardInformationUnlessToldOtherwise) {
+TEST(SearchOfAWalk, RequestsTheStandardInformationByDefault) {
   const ScratchFolder scratch;
   scratch.Write(W("a.dat"), "x");
   const Faults::Scope faults;

@@ -75,7 +75,7 @@ TEST(Dispatcher, EachTransformCommandIsOfItsOwn) {
   }
 }
 
-TEST(Dispatcher, ShutdownAndTheEmptyCommandAnswerZero) {
+TEST(Dispatcher, ShutdownAndTheEmptyCommandReturnZero) {
   Dispatch run;
   EXPECT_EQ(run.extension.OnCommand(kCommandShutdown, 1, 2), 0);
   EXPECT_EQ(run.extension.OnCommand(kCommandIgnored, 1, 2), 0);
@@ -131,7 +131,7 @@ TEST(Dispatcher, BeforeTheStartNoCommandIsHandled) {
   }
 }
 
-TEST(Dispatcher, NullScriptCallAnswersZero) {
+TEST(Dispatcher, NullScriptCallReturnsZero) {
   Dispatch run;
   EXPECT_EQ(run.extension.OnCustomCommand(nullptr), 0);
   EXPECT_THAT(run.host.recorder.Calls(), IsEmpty());

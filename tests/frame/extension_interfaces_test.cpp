@@ -13,7 +13,7 @@
 using namespace Velmora::SDK;
 using testing::IsEmpty;
 
-TEST(FileUtils, AnswersTheConstantsOfItsFifteenOperations) {
+TEST(FileUtils, ReturnsTheConstantsOfItsFifteenOperations) {
   FakeHost host;
   FakeHelperMessage message;
   CQXUtils extension;
@@ -74,7 +74,7 @@ TEST(FileUtils, NullHostAtRegisterAndStartDoesNotCrash) {
   EXPECT_EQ(extension.OnCommand(kCommandIgnored, 0, 0), 0);
 }
 
-TEST(MultiRename, AnswersTheConstantsOfItsFifteenOperations) {
+TEST(MultiRename, ReturnsTheConstantsOfItsFifteenOperations) {
   FakeHelperMessage message;
   QXMultiRename extension;
   IPluginInterface& plugin = extension;
@@ -105,7 +105,7 @@ TEST(MultiRename, NullHostAtRegisterAndStartDoesNotCrash) {
   EXPECT_EQ(extension.OnShutdown(0), 0);
 }
 
-TEST(MultiRename, ShutdownTellsTheHostOnce) {
+TEST(MultiRename, ShutdownNotifiesTheHostOnce) {
   FakeHost host;
   QXMultiRename extension;
   extension.OnStart(&host);
@@ -117,7 +117,7 @@ TEST(MultiRename, ShutdownTellsTheHostOnce) {
   ExpectAllGivenBack(host);
 }
 
-TEST(MultiRename, CommandOfTheShutdownTellsTheHostOnce) {
+TEST(MultiRename, CommandOfTheShutdownNotifiesTheHostOnce) {
   FakeHost host;
   QXMultiRename extension;
   extension.OnStart(&host);
@@ -129,7 +129,7 @@ TEST(MultiRename, CommandOfTheShutdownTellsTheHostOnce) {
   ExpectAllGivenBack(host);
 }
 
-TEST(NtfsProperties, AnswersTheConstantsOfItsThirteenOperations) {
+TEST(NtfsProperties, ReturnsTheConstantsOfItsThirteenOperations) {
   FakeHost host;
   NTFSProp extension;
   IFileProperties& properties = extension;

@@ -39,7 +39,7 @@ TEST(ScriptDispatcher, FindAndReplaceRunsItsTool) {
               Contains("LogMessage(0, 30, \"[Custom Cmd - FindAndReplace] - FILE : C:\\x.txt not found\")"));
 }
 
-TEST(ScriptDispatcher, AnswersAsTheToolDoes) {
+TEST(ScriptDispatcher, ReturnsTheResultOfTheTool) {
   FakeHost host;
   host.fileOperation.items = {host.AddFile(W("x.txt"))};
   FakeCommandCall call(kScriptSortLines);

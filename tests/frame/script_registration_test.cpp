@@ -113,7 +113,7 @@ TEST(ScriptRegistration, ComesLastAtRegister) {
   EXPECT_EQ(behind.back(), "set.Commit(1)");
 }
 
-TEST(ScriptRegistration, WithoutASetNothingIsDeclaredAndTheMenusStand) {
+TEST(ScriptRegistration, WithoutASetNothingIsDeclaredAndTheMenusExist) {
   FakeHost host;
   host.recorder.Refuse("GetCustomCommandSet");
   CQXUtils extension;
@@ -122,7 +122,7 @@ TEST(ScriptRegistration, WithoutASetNothingIsDeclaredAndTheMenusStand) {
   EXPECT_THAT(host.recorder.Calls(), Contains("menu.AddCommand(menu 0x0960006D, command 30350, 1, 0)"));
 }
 
-TEST(ScriptRegistration, SetThatHoldsItsCommandsIsLeftAloneAndTheMenusStand) {
+TEST(ScriptRegistration, SetThatHasItsCommandsIsUnchangedAndTheMenusExist) {
   FakeHost host;
   host.scriptCommands.registered = true;
   CQXUtils extension;
@@ -155,7 +155,7 @@ TEST(ScriptRegistration, RefusedSecondCommandLosesItsParametersAndTheNextFollows
                                        kClosing})));
 }
 
-TEST(ScriptRegistration, RefusedLastCommandIsCommittedAllTheSame) {
+TEST(ScriptRegistration, RefusedLastCommandIsStillCommitted) {
   FakeHost host;
   host.scriptCommands.refusedCommand = "FindAndReplace";
   RegisterScriptCommands(host);

@@ -64,7 +64,7 @@ TEST(AskAboutTarget, TargetThatIsNotThereIsFreeWithoutAQuestion) {
   }
 }
 
-TEST(AskAboutTarget, SilentRunHasItsAnswer) {
+TEST(AskAboutTarget, SilentRunUsesItsDefaultAnswer) {
   const ScratchFolder scratch;
   const WString target = scratch.Write(W("a.txt"), "");
   FakeHost host;

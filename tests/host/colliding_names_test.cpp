@@ -76,7 +76,7 @@ std::vector<bool> CollidingByPairs(const Entries& entries) {
   return isAny ? colliding : std::vector<bool>();
 }
 
-TEST(CollidingNamesTest, NamesMeetAsByThePlainRule) {
+TEST(CollidingNamesTest, NamesCollideAsByThePlainRule) {
   std::mt19937 random(99);
   const auto below = [&random](std::size_t count) {
     return std::uniform_int_distribution<std::size_t>(0, count - 1)(random);

@@ -37,7 +37,7 @@ TEST_F(CommandLineTest, AnAnswerTakesOneArgumentAndMayBeRepeated) {
   EXPECT_THAT(line_.verb->Items(), ElementsAre("item"));
 }
 
-TEST_F(CommandLineTest, OptionsStandBeforeAndBehindTheVerb) {
+TEST_F(CommandLineTest, OptionsMayBeBeforeAndAfterTheVerb) {
   EXPECT_EQ(Parse({"--dry-run", "--config", "[c,d]", "menu", "--json", "--focus=f", "--class-b"}),
             std::nullopt);
   EXPECT_TRUE(line_.options.dryRun);

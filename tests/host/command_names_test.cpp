@@ -88,7 +88,7 @@ TEST(CommandNames, ANumberWithoutANameHasNone) {
   }
 }
 
-TEST(CommandNames, EveryNumberIsTakenAsItStands) {
+TEST(CommandNames, EveryNumberIsTakenUnchanged) {
   EXPECT_EQ(CommandOfText("30150"), 30150);
   EXPECT_EQ(CommandOfText("-1"), -1);
   EXPECT_EQ(CommandOfText("0"), 0);
@@ -96,7 +96,7 @@ TEST(CommandNames, EveryNumberIsTakenAsItStands) {
   EXPECT_EQ(CommandOfText("2147483647"), 2147483647);
 }
 
-TEST(CommandNames, ABeginningThatOneNameHasAndAnyCaseWillDo) {
+TEST(CommandNames, AUniquePrefixInAnyCaseIsEnough) {
   EXPECT_EQ(CommandOfText("sort-l"), 30150);
   EXPECT_EQ(CommandOfText("sort"), 30150);
   EXPECT_EQ(CommandOfText("SORT-Lines"), 30150);
@@ -105,7 +105,7 @@ TEST(CommandNames, ABeginningThatOneNameHasAndAnyCaseWillDo) {
   EXPECT_EQ(CommandOfText("control-file"), 6161);
 }
 
-TEST(CommandNames, ABeginningThatSeveralNamesHaveListsThem) {
+TEST(CommandNames, AnAmbiguousPrefixListsItsNames) {
   EXPECT_EQ(RefusalOf("control-loc"),
             "more than one command begins with \"control-loc\": control-location-and-other-sensors, "
             "control-location-settings. Type more of its name");

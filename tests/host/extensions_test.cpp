@@ -323,7 +323,7 @@ TEST_F(ExtensionsTest, AWindowThatIsNotOpenedIsNotWaitedFor) {
   EXPECT_EQ(extensions.RunWindow(31000), 0);
 }
 
-TEST_F(ExtensionsTest, AnExtensionThatClosedBeforeItsWindowOpensIsWaitedForAllTheSame) {
+TEST_F(ExtensionsTest, AnExtensionThatClosedBeforeItsWindowOpensIsStillWaitedFor) {
   OtherThread window;
   bool isServed = false;
   onCommand = [&](IHostApp& host, s32 number) {
@@ -373,7 +373,7 @@ TEST_F(ExtensionsTest, AnEventOfAControlGoesToItsExtensionWhileThatLives) {
   EXPECT_THAT(calls, IsEmpty());
 }
 
-TEST_F(ExtensionsTest, WhatTheModuleThrowsOutOfAnEventIsToldAndGoesNoFurther) {
+TEST_F(ExtensionsTest, ExceptionOfTheModuleInAnEventIsReportedAndCaught) {
   HostApp* host = nullptr;
   onCommand = [&](IHostApp& hostOfCommand, s32) {
     host = static_cast<HostApp*>(&hostOfCommand);
@@ -435,7 +435,7 @@ TEST_F(ExtensionsTest, AScriptCommandGoesToWhoDeclaredItWithItsParameters) {
   EXPECT_EQ(recorded_.Out(), "");
 }
 
-TEST_F(ExtensionsTest, WhatAScriptCommandSetsIsToldWithWhatItHasPostedBeforeIt) {
+TEST_F(ExtensionsTest, ResultOfAScriptCommandIsReportedAfterWhatItHasPosted) {
   DeclareScriptCommands();
   onScript = [](IHostApp& host, IHostCommandCall& call) {
     host.PostCommand(32000, 5, 6);
@@ -485,7 +485,7 @@ TEST_F(ExtensionsTest, WhatAScriptCommandThrowsIsAFailureOfTheModule) {
   }
 }
 
-TEST_F(ExtensionsTest, ScriptCommandsAreToldInTheirOrderOrOneOfThem) {
+TEST_F(ExtensionsTest, AllScriptCommandsAreReportedInOrderOrOneOfThem) {
   DeclareScriptCommands();
   Extensions extensions(shared_, exports_);
   extensions.Start();
@@ -504,7 +504,7 @@ TEST_F(ExtensionsTest, ScriptCommandsAreToldInTheirOrderOrOneOfThem) {
   EXPECT_THROW(extensions.ReportScriptCommand("Splits"), BadCall);
 }
 
-TEST_F(ExtensionsTest, AResultListIsToldWithItsMarker) {
+TEST_F(ExtensionsTest, AResultListIsReportedWithItsMarker) {
   extensionCount = 1;
   shared_.view.emplace(shared_.items, std::vector<FileItem*>{}, nullptr, WString());
   const WString path = scratch_.Write(W("a.txt"), "");
@@ -546,7 +546,7 @@ TEST_F(ExtensionsTest, AModuleIsFoundByItsIdInAnyCaseAndByNoOther) {
   EXPECT_NE(system & 0xFFFF, first & 0xFFFF);
 }
 
-TEST_F(ExtensionsTest, AMissingTextIsEmptyAndToldOnce) {
+TEST_F(ExtensionsTest, AMissingTextIsEmptyAndReportedOnce) {
   extensionCount = 1;
   onRegister = [](IHostApp& host) {
     for (int time = 0; time < 3; ++time) {
@@ -565,7 +565,7 @@ TEST_F(ExtensionsTest, AMissingTextIsEmptyAndToldOnce) {
             "{\"event\":\"missing-text\",\"id\":9}\n");
 }
 
-TEST_F(ExtensionsTest, LogLinesAreFilledInAndTold) {
+TEST_F(ExtensionsTest, LogLinesAreFilledInAndReported) {
   extensionCount = 1;
   onRegister = [](IHostApp& host) {
     host.LogMessage(1, 30, W("FILE : %s not found (%d)"), W("x"), 2);
@@ -581,7 +581,7 @@ TEST_F(ExtensionsTest, LogLinesAreFilledInAndTold) {
             "{\"event\":\"log\",\"category\":0,\"level\":10,\"text\":\"\"}\n");
 }
 
-TEST_F(ExtensionsTest, ARefreshIsToldWhenTheServiceIsGivenBack) {
+TEST_F(ExtensionsTest, ARefreshIsReportedWhenTheServiceIsReleased) {
   extensionCount = 1;
   onRegister = [this](IHostApp& host) {
     auto* const refresh = static_cast<IHostViewRefresh*>(host.GetService(3010, 0));

@@ -73,7 +73,7 @@ TEST_F(FlatRenamesTest, ARefusedRenameIsNot) {
   EXPECT_THAT(Decided(), ElementsAre(true, false));
 }
 
-TEST_F(FlatRenamesTest, AFolderInWhichNamesMeetIsLeftToThePlan) {
+TEST_F(FlatRenamesTest, AFolderWithCollidingNamesIsLeftToThePlan) {
   Rename(0, W("a"), W("x"));
   Rename(1, W("a"), W("B"));
   Exists(1, W("b"));
@@ -86,7 +86,7 @@ TEST_F(FlatRenamesTest, AFolderInWhichNamesMeetIsLeftToThePlan) {
   EXPECT_THAT(Decided(), ElementsAre(true, false, false, false, false, false, false, false));
 }
 
-TEST_F(FlatRenamesTest, AChangeOfCaseIsDecidedWhereCaseTellsNamesApart) {
+TEST_F(FlatRenamesTest, AChangeOfCaseIsDecidedWhereNamesAreCaseSensitive) {
   Rename(0, W("a"), W("A"));
   EXPECT_THAT(Decided(), ElementsAre(true));
   Exists(0, W("A"));
@@ -153,7 +153,7 @@ class LookedAtFiles final : public FileView {
   DiskView disk_;
 };
 
-TEST(FlatRenamesRandomTest, PlansAreThoseOfALookAtEachName) {
+TEST(FlatRenamesRandomTest, PlansAreTheSameAsWithALookupOfEachName) {
   std::mt19937 random(815);
   const auto below = [&random](std::size_t bound) { return static_cast<std::size_t>(random() % bound); };
   const WCHAR* const names[] = {W("a"),      W("b"),      W("A"), W("c"), W("ab"),

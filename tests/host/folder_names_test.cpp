@@ -25,7 +25,7 @@ TEST(FolderNamesTest, ANameIsFoundByItsVerySpelling) {
   EXPECT_EQ(names.Count(), 0u);
 }
 
-TEST(FolderNamesTest, NamesThatDifferInCaseAloneMeet) {
+TEST(FolderNamesTest, NamesThatDifferInCaseAloneCollide) {
   FolderNames names;
   names.Add(W("Stra\u00DFe \u00C4b.txt"), Kind::kFile);
   const std::uint32_t own = names.Find(W("Stra\u00DFe \u00C4b.txt"));
@@ -36,7 +36,7 @@ TEST(FolderNamesTest, NamesThatDifferInCaseAloneMeet) {
   EXPECT_FALSE(names.HasHash(FolderNames::HashOf(W("Stra\u00DFe \u00C4b.tx")), FolderNames::kNone));
 }
 
-TEST(FolderNamesTest, AWantedNameMeetsOthersAndIsNotFound) {
+TEST(FolderNamesTest, AWantedNameCollidesWithOthersAndIsNotFound) {
   FolderNames names;
   names.AddWanted(FolderNames::HashOf(W("a")));
   EXPECT_TRUE(names.HasHash(FolderNames::HashOf(W("A")), FolderNames::kNone));

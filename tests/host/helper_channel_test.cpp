@@ -63,7 +63,7 @@ TEST(HelperChannel, ItMayBeUsedAgain) {
   }
 }
 
-TEST(HelperChannel, WhoeverForgetsToDisconnectLeavesNoHelperBehind) {
+TEST(HelperChannel, WithoutADisconnectNoHelperRemains) {
   HelperChannel channel(RealHelper());
   EXPECT_TRUE(channel.Connect());
 }
@@ -85,7 +85,7 @@ TEST(HelperChannel, NothingIsSentBeforeConnectOrWithoutData) {
   EXPECT_EQ(channel.Send(kCreateLink, "abcd", 4), 109u);
 }
 
-TEST(HelperChannel, AMessageThatIsCutIsAnsweredAsInvalid) {
+TEST(HelperChannel, AMessageThatIsCutIsRejectedAsInvalid) {
   HelperChannel channel(RealHelper());
   ASSERT_TRUE(channel.Connect());
   EXPECT_EQ(channel.Send(kCreateLink, "abcd", 4), 13u);

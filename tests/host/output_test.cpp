@@ -8,7 +8,7 @@
 namespace QxHost {
 namespace {
 
-TEST(Output, LinesAreGatheredAndProblemsComeBehindThem) {
+TEST(Output, LinesAreCollectedAndProblemsComeAfterThem) {
   RecordedOutput recorded;
   recorded.output.Line("one");
   EXPECT_EQ(recorded.out, "");

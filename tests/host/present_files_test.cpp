@@ -128,7 +128,7 @@ TEST_F(PresentFilesTest, WithoutNotesAnExchangeIsTakenBackOnceAndNoted) {
   EXPECT_THAT(Presences(), ElementsAre(Presence::kTaken, Presence::kTaken));
 }
 
-TEST_F(PresentFilesTest, OfAPlanWhoseNamesDoNotMeetTheyAreEnough) {
+TEST_F(PresentFilesTest, NamesAreEnoughForAPlanWithoutCollisions) {
   Plan(W("a"), W("x"));
   Plan(W("b"), W("y"));
   NoteAll();

@@ -73,7 +73,7 @@ class RenameBatchTest : public testing::Test {
   std::unique_ptr<Reporter> reporter_ = MakeJsonReporter(recorded_.output);
 };
 
-TEST_F(RenameBatchTest, AFileIsRenamedAndToldOf) {
+TEST_F(RenameBatchTest, AFileIsRenamedAndReported) {
   scratch_.Write(W("a.txt"), "content");
   EXPECT_EQ(RenameItem(W("a.txt"), W("b.txt")), 0u);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("b.txt")));
@@ -240,7 +240,7 @@ TEST_F(RenameBatchTest, AChangeOfCaseInAChainIsDone) {
   EXPECT_EQ(scratch_.Read(W("B")), "a");
 }
 
-TEST_F(RenameBatchTest, ADryRunForetellsANameThatIsTooLong) {
+TEST_F(RenameBatchTest, ADryRunPredictsANameThatIsTooLong) {
   scratch_.Write(W("a"), "");
   const WString tooLong(256, W('x'));
   const std::vector<u32> dry = Run({{W("a"), tooLong.c_str()}}, true);
@@ -315,7 +315,7 @@ TEST_F(RenameBatchTest, ADryRunReportsAndDoesNothing) {
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a")));
 }
 
-TEST_F(RenameBatchTest, EachResultIsToldWithItsDataAndStandsInTheBatch) {
+TEST_F(RenameBatchTest, EachResultIsReportedWithItsDataAndStoredInTheBatch) {
   scratch_.Write(W("a"), "");
   scratch_.Write(W("b"), "");
   int first = 0;

@@ -161,10 +161,10 @@ TYPED_TEST(LineLoader, EmptyFileIsOneEmptyBlockWithoutARead) {
   ASSERT_THAT(data->blocks, SizeIs(1));
   EXPECT_TRUE(std::all_of(data->blocks[0].get(), data->blocks[0].get() + kBlockSize + kBlockGuard,
                           [](char byte) { return byte == 0; }));
-  EXPECT_THAT(reader.asked, IsEmpty());
+  EXPECT_THAT(reader.requests, IsEmpty());
 }
 
-TYPED_TEST(LineLoader, BlocksAreZeroBehindTheData) {
+TYPED_TEST(LineLoader, BlocksAreZeroAfterTheData) {
   ScriptedReader reader("abcd");
   const auto data = ReadLines<TypeParam>(reader);
   ASSERT_THAT(data->blocks, SizeIs(1));
@@ -187,7 +187,7 @@ TYPED_TEST(LineLoader, FailureOfTheReaderPasses) {
       EXPECT_EQ(exception.errorCode, 1117u);
       EXPECT_STREQ(exception.what(), "Failed to read file");
     }
-    EXPECT_THAT(reader.asked, SizeIs(failAt));
+    EXPECT_THAT(reader.requests, SizeIs(failAt));
   }
 }
 
@@ -267,13 +267,13 @@ TEST(LineLoaderBytes, WholeBlockIsAskedForAndThenWhatIsFree) {
   ScriptedReader reader("x\n" + A(32766) + "y\nz\n");
   EXPECT_THAT(Read<char>(reader), ElementsAre(Lf("x"), Lf(A(32766) + "y"), Lf("z")));
   // The second block starts with the 32766 bytes that were carried over; the third is empty.
-  EXPECT_THAT(reader.asked, ElementsAre(32768, 2, 32768));
+  EXPECT_THAT(reader.requests, ElementsAre(32768, 2, 32768));
 }
 
 TEST(LineLoaderBytes, NothingIsCarriedFromALineEndAtTheBlocksEnd) {
   ScriptedReader reader(A(32767) + "\nb\n");
   EXPECT_THAT(Read<char>(reader), ElementsAre(Lf(A(32767)), Lf("b")));
-  EXPECT_THAT(reader.asked, ElementsAre(32768, 32768));
+  EXPECT_THAT(reader.requests, ElementsAre(32768, 32768));
 }
 
 TEST(LineLoaderBytes, LineOfAWholeBlockWithItsEndingLoads) {
@@ -285,16 +285,16 @@ TEST(LineLoaderBytes, LineOfAWholeBlockWithItsEndingLoads) {
 TEST(LineLoaderBytes, LastLineOfExactlyABlockWithoutAnEndingLoads) {
   ScriptedReader reader(A(32768));
   EXPECT_THAT(Read<char>(reader), ElementsAre(None(A(32768))));
-  EXPECT_THAT(reader.asked, ElementsAre(32768));
+  EXPECT_THAT(reader.requests, ElementsAre(32768));
   EXPECT_THAT(ReadBytes<char>("x\n" + A(32768)), ElementsAre(Lf("x"), None(A(32768))));
 }
 
-TEST(LineLoaderBytes, LineThatFillsABlockWithMoreBehindItIsOutOfMemoryAtOnce) {
+TEST(LineLoaderBytes, LineThatFillsABlockIsOutOfMemoryAtOnceIfMoreFollows) {
   for (const std::string& more : {std::string("\n"), std::string("b"), std::string("\r\n"), A(100000)}) {
     ScriptedReader reader(A(32768) + more);
     reader.mostReads = 10;
     EXPECT_THROW(ReadLines<char>(reader), std::bad_alloc);
-    EXPECT_THAT(reader.asked, ElementsAre(32768));
+    EXPECT_THAT(reader.requests, ElementsAre(32768));
   }
 }
 
@@ -302,7 +302,7 @@ TEST(LineLoaderBytes, LineThatFillsALaterBlockIsOutOfMemoryAtOnce) {
   ScriptedReader reader("x\n" + A(32768) + "\n");
   reader.mostReads = 10;
   EXPECT_THROW(ReadLines<char>(reader), std::bad_alloc);
-  EXPECT_THAT(reader.asked, ElementsAre(32768, 2));
+  EXPECT_THAT(reader.requests, ElementsAre(32768, 2));
 }
 
 TEST(LineLoaderBytes, LoneCrAsTheLastByteOfTheFileAndOfTheBlock) {
@@ -310,7 +310,7 @@ TEST(LineLoaderBytes, LoneCrAsTheLastByteOfTheFileAndOfTheBlock) {
 }
 
 // What follows the CR is not yet known, and files sorted by earlier versions depend on this.
-TEST(LineLoaderBytes, CrLfAcrossTwoBlocksIsMeantToBeALoneCrAndAnEmptyLine) {
+TEST(LineLoaderBytes, CrLfAcrossTwoBlocksIsALoneCrAndAnEmptyLineByDesign) {
   EXPECT_THAT(ReadBytes<char>(A(32767) + "\r\nb\n"), ElementsAre(None(A(32767)), Lf(""), Lf("b")));
   EXPECT_THAT(ReadBytes<char>("x\n" + A(32765) + "\r\nb\n"),
               ElementsAre(Lf("x"), None(A(32765)), Lf(""), Lf("b")));
@@ -416,7 +416,7 @@ TEST(LineLoaderWide, EndingsAreFoundAtEveryDistance) {
   }
 }
 
-TEST(LineLoaderWide, OddLastByteIsMeantToBringAZeroByteWithIt) {
+TEST(LineLoaderWide, OddLastByteAddsAZeroByteByDesign) {
   EXPECT_THAT(ReadBytes<WCHAR>("a"), ElementsAre(WideNone(W("a"))));
   EXPECT_THAT(ReadBytes<WCHAR>(Bytes("a\0\n\0b")), ElementsAre(WideLf(W("a")), WideNone(W("b"))));
   EXPECT_THAT(ReadBytes<WCHAR>(Bytes("a\0b\0c")), ElementsAre(WideNone(W("abc"))));
@@ -445,16 +445,16 @@ TEST(LineLoaderWide, LastLineOfExactlyABlockWithoutAnEndingLoads) {
   EXPECT_THAT(ReadBytes<WCHAR>(WideBytes(WideA(16383)) + "z"), ElementsAre(WideNone(WideA(16383) + W("z"))));
 }
 
-TEST(LineLoaderWide, LineThatFillsABlockWithMoreBehindItIsOutOfMemoryAtOnce) {
+TEST(LineLoaderWide, LineThatFillsABlockIsOutOfMemoryAtOnceIfMoreFollows) {
   for (const std::string& more : {std::string("b"), WideBytes(W("\n")), WideBytes(W("b")), A(100000)}) {
     ScriptedReader reader(WideBytes(WideA(16384)) + more);
     reader.mostReads = 10;
     EXPECT_THROW(ReadLines<WCHAR>(reader), std::bad_alloc);
-    EXPECT_THAT(reader.asked, ElementsAre(32768));
+    EXPECT_THAT(reader.requests, ElementsAre(32768));
   }
 }
 
-TEST(LineLoaderWide, CrLfAcrossTwoBlocksIsMeantToBeALoneCrAndAnEmptyLine) {
+TEST(LineLoaderWide, CrLfAcrossTwoBlocksIsALoneCrAndAnEmptyLineByDesign) {
   EXPECT_THAT(ReadWide(WideA(16383) + W("\r\nb\n")),
               ElementsAre(WideNone(WideA(16383)), WideLf(W("")), WideLf(W("b"))));
 }

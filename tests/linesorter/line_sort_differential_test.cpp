@@ -398,7 +398,7 @@ TYPED_TEST(LineSortDifferential, NumbersReadFromLines) {
   ExpectTheSameOrder<TypeParam>(records.lines, options);
 }
 
-TYPED_TEST(LineSortDifferential, EightyLinesThatDifferBehindEachPlace) {
+TYPED_TEST(LineSortDifferential, EightyLinesThatDifferAfterEachPosition) {
   RandomNumbers random(29);
   for (const auto& alphabet : Alphabets<TypeParam>()) {
     for (std::size_t place = 0; place <= 72; ++place) {
@@ -498,7 +498,7 @@ TYPED_TEST(LineSortDifferential, LinesThatBeginWithAFewWords) {
   }
 }
 
-TYPED_TEST(LineSortDifferential, LinesThatAllBeginAlike) {
+TYPED_TEST(LineSortDifferential, LinesWithOneCommonPrefix) {
   RandomNumbers random(37);
   for (const std::size_t shared : {7u, 8u, 20u, 60u}) {
     std::vector<Text<TypeParam>> texts;

@@ -14,7 +14,7 @@ TYPED_TEST(SortKeys, StartAtTheLineOffset) {
   EXPECT_EQ(this->KeyIn("abcdef", From(2, Options(0))), (Key{2, 0}));
 }
 
-TYPED_TEST(SortKeys, StartBehindTheLinesEndStandsAsItIs) {
+TYPED_TEST(SortKeys, StartBeyondTheLinesEndIsUnchanged) {
   EXPECT_EQ(this->KeyIn("abc", From(4, Substring())), (Key{4, 0}));
   EXPECT_EQ(this->KeyIn("", From(1, Substring())), (Key{1, 0}));
   EXPECT_EQ(this->KeyIn("abc", From(4, Options(SortByLine))), (Key{4, 0}));
@@ -146,7 +146,7 @@ TYPED_TEST(SortKeys, DistanceToTheLinesEndIsStored) {
   EXPECT_EQ(this->KeyIn("a;bcd", Item(2)), (Key{2, 3}));
 }
 
-TYPED_TEST(SortKeys, EndAtWhitespaceRightAtTheStartIsTheRestOfTheLineAsMeant) {
+TYPED_TEST(SortKeys, EndAtWhitespaceRightAtTheStartIsTheRestOfTheLineByDesign) {
   EXPECT_EQ(this->KeyIn(" abc", Substring(SortEndAtWhitespace)), (Key{0, 0}));
   EXPECT_EQ(this->KeyIn("ab\tcd", From(2, Substring(SortEndAtWhitespace))), (Key{2, 0}));
 }
@@ -198,7 +198,7 @@ TYPED_TEST(SortKeys, ItemsAreCountedFromTheStart) {
   EXPECT_EQ(this->KeyIn("a; b", Item(2, ';', SortSkipLeadingSpace)), (Key{2, 2}));
 }
 
-TYPED_TEST(SortKeys, EmptyItemBetweenSeparatorsIsTheRestOfTheLineAsMeant) {
+TYPED_TEST(SortKeys, EmptyItemBetweenSeparatorsIsTheRestOfTheLineByDesign) {
   EXPECT_EQ(this->KeyIn("a;;c", Item(2)), (Key{2, 0}));
   EXPECT_EQ(this->KeyIn(";b", Item(1)), (Key{0, 0}));
 }

@@ -93,7 +93,7 @@ TEST(SortLinesParameters, KeepBackupWinsOverDelete) {
   EXPECT_EQ(Bits({}, {"KEEPBACKUP", "DELETE"}), 0x02000011u);
 }
 
-TEST(SortLinesParameters, TheSpellingOfNaturalNumOrderIsMeant) {
+TEST(SortLinesParameters, TheSpellingOfNaturalNumOrderIsByDesign) {
   EXPECT_EQ(Bits({}, {"NATURALNUMORDER"}), kPlain);
 }
 
@@ -107,7 +107,7 @@ TEST(SortLinesParameters, SortByChoosesTheKeyIgnoringCase) {
   EXPECT_EQ(Bits({{"SORTBY", W("LiNe")}}), 0x01000011u);
 }
 
-TEST(SortLinesParameters, AnotherSortByWordSetsNoKeyBitAndReadsNothingOfAKeyWhichIsMeant) {
+TEST(SortLinesParameters, AnotherSortByWordSetsNoKeyBitAndReadsNothingOfAKeyByDesign) {
   for (const WCHAR* word : {W("word"), W("lines"), W("lin"), W(" item"), W("item ")}) {
     const Values values = {{"SORTBY", word}, {"ITEM", W("2")}, {"SUBSTRLEN", W("3")}, {"ENDCHAR", W(";")}};
     const SortLinesOptions options = Read(values, {"ENDATWHITESPACE"});
@@ -194,7 +194,7 @@ TEST(SortLinesParameters, ASubstringEndsAtACharacterOrElseAtWhiteSpace) {
   EXPECT_EQ(Bits({{"SORTBY", W("substring")}}, {"ENDATWHITESPACE"}), 0x01200012u);
 }
 
-TEST(SortLinesParameters, AnEmptyEndCharIsTheZeroCharacterAndCountsWhichIsMeant) {
+TEST(SortLinesParameters, AnEmptyEndCharIsTheZeroCharacterAndCountsByDesign) {
   const SortLinesOptions options =
       Read({{"SORTBY", W("substring")}, {"ENDCHAR", W("")}}, {"ENDATWHITESPACE"});
   EXPECT_EQ(options.options, 0x01400012u);
@@ -245,7 +245,7 @@ TEST(SortLinesParameters, NumbersMayHaveBlanksASignAndARest) {
   }
 }
 
-TEST(SortLinesParameters, NegativeNumbersWrapRoundToUnsignedOnesWhichIsMeant) {
+TEST(SortLinesParameters, NegativeNumbersWrapRoundToUnsignedOnesByDesign) {
   EXPECT_EQ(Read({{"KEEPTOP", W("-1")}}).keepLinesTop, 0xFFFFFFFFu);
   EXPECT_EQ(Read({{"KEEPBOTTOM", W("-2147483648")}}).keepLinesBottom, 0x80000000u);
   EXPECT_EQ(Read({{"LINEOFFSET", W("-1")}}).lineOffset, 0xFFFFFFFEu);
@@ -281,7 +281,7 @@ TEST(SortLinesParameters, AreReadInTheirOrder) {
                   "HasFlag(KEEPBACKUP)", "HasFlag(DELETE)", "HasFlag(SILENT)"));
 }
 
-TEST(SortLinesParameters, TheKeysOwnAreReadBehindIt) {
+TEST(SortLinesParameters, TheParametersOfTheKeyAreReadAfterIt) {
   const auto firstFour = [](const Values& values) {
     std::vector<std::string> reads = Reads(values);
     reads.resize(4);
@@ -324,7 +324,7 @@ struct Script {
   }
 
   // Returns the host calls for services, lists, the log and message boxes.
-  std::vector<std::string> Road() const {
+  std::vector<std::string> HostCalls() const {
     return host.recorder.CallsOf({"GetService", "file operation", "ReleaseService", "CreateFileList", "list1",
                                   "LogMessage", "FileListRequest", "MessageBox"});
   }
@@ -344,7 +344,7 @@ TEST(SortLinesScript, SortsTheFileCallByCall) {
   EXPECT_EQ(run.scratch.Read(W("a.sorted")), "a\nb\n");
   EXPECT_EQ(run.scratch.Read(W("a.txt")), "b\na\n");
   EXPECT_THAT(
-      run.Road(),
+      run.HostCalls(),
       ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"" + run.PathOf("a.txt") + "\", 1)",
                   "CreateFileList()", "list1.AddItem()", "CreateFileList()", "CreateFileList()",
                   "list1.GetCount()", "list1.GetItem(0)",
@@ -412,7 +412,7 @@ TEST(SortLinesScript, ANumberThatIsNoneLeavesTheCallWithAllGivenBack) {
   run.call.values["KEEPTOP"] = W("x");
   EXPECT_THROW(SortLinesScript(run.host, run.call), std::invalid_argument);
   EXPECT_THAT(
-      run.Road(),
+      run.HostCalls(),
       ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"" + run.PathOf("a.txt") + "\", 1)",
                   "CreateFileList()", "list1.AddItem()", "file operation.ReleaseFileList(list1)",
                   "ReleaseService(file operation, 3000)", "list1.Release()"));
@@ -420,7 +420,7 @@ TEST(SortLinesScript, ANumberThatIsNoneLeavesTheCallWithAllGivenBack) {
   ExpectAllGivenBack(run.host);
 }
 
-TEST(SortLinesScript, ASortThatFailsAnswersOneAllTheSame) {
+TEST(SortLinesScript, AFailedSortStillReturnsOne) {
   Script run(std::string_view("b\0a\n\x01\x02", 6));
   EXPECT_EQ(SortLinesScript(run.host, run.call), 1);
   EXPECT_THAT(

@@ -6,12 +6,12 @@
 
 #include "multirename/rename_host.h"
 #include "support/semaphore.h"
+#include "support/wait_limit.h"
 
 namespace Velmora::SDK {
 namespace {
 
-constexpr DWORD kLongEnough = 60000;  // milliseconds; never reached
-constexpr DWORD kShort = 20;          // milliseconds
+constexpr DWORD kShort = 20;  // milliseconds
 
 class EngineCloserTest : public testing::Test {
  protected:
@@ -41,8 +41,8 @@ class EngineCloserTest : public testing::Test {
       EngineCloser{patience}(engine_);
       isClosed = true;
     });
-    constexpr DWORD kLook = 5;
-    for (DWORD waited = 0; !isClosed && waited < kLongEnough; waited += kLook) Sleep(kLook);
+    constexpr DWORD kPollInterval = 5;
+    for (DWORD waited = 0; !isClosed && waited < kWaitLimit; waited += kPollInterval) Sleep(kPollInterval);
     const bool returned = isClosed;
     if (!returned) go_.Release();
     closing.join();
@@ -69,7 +69,7 @@ TEST_F(EngineCloserTest, AnEngineWhoseWorkerStaysInTheHostIsLeftToItAndNotFreed)
   ASSERT_FALSE(watched_.expired());
   // The run finishes with everything that it uses, and then the thread ends.
   go_.Release();
-  ASSERT_TRUE(engine_->worker.WaitForEnd(kLongEnough));
+  ASSERT_TRUE(engine_->worker.WaitForEnd(kWaitLimit));
   EXPECT_TRUE(isRunOver_);
   EXPECT_EQ(watched_.lock()->front().state, u32{StateRenamed});
   EXPECT_FALSE(engine_->busy);
@@ -85,7 +85,7 @@ TEST_F(EngineCloserTest, AnEngineIsWaitedForAndFreedIfItsWorkerEndsInTime) {
     Sleep(kShort);
     go_.Release();
   });
-  EngineCloser{kLongEnough}(engine_);
+  EngineCloser{kWaitLimit}(engine_);
   EXPECT_TRUE(watched_.expired());
   EXPECT_TRUE(isRunOver_);
   host.join();
@@ -100,7 +100,7 @@ TEST_F(EngineCloserTest, AnIdleEngineIsFreedAtOnce) {
   engine_->worker.WantPreview();
   engine_->worker.Wake();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EngineCloser{kLongEnough}(engine_);
+  EngineCloser{kWaitLimit}(engine_);
   EXPECT_TRUE(watched_.expired());
 }
 

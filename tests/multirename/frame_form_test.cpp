@@ -59,7 +59,7 @@ TEST_F(FrameFormTest, AnEmptySelectionGivesAnEmptyList) {
   EXPECT_THAT(frame.List().CollectRows(), IsEmpty());
 }
 
-TEST_F(FrameFormTest, RowsAreCollectedAsTheListShowsThemWithoutThoseOfNobody) {
+TEST_F(FrameFormTest, RowsAreCollectedAsTheListShowsThemWithoutNullRows) {
   OpenFrame({W("a"), W("b"), W("c")});
   frame.FillList();
   void* const first = list.rows[0];
@@ -88,7 +88,7 @@ TEST_F(FrameFormTest, ItemsLiveUntilTheListIsEmptyOrHasOthers) {
   EXPECT_TRUE(shown.expired());
 }
 
-TEST_F(FrameFormTest, TheListLetsItsRowsGoBeforeTheyDie) {
+TEST_F(FrameFormTest, TheListReleasesItsRowsBeforeTheyAreDestroyed) {
   OpenFrame({W("a")});
   frame.FillList();
   const std::weak_ptr<MultiRenameItems> shown = context_.rows.Get();
@@ -100,7 +100,7 @@ TEST_F(FrameFormTest, TheListLetsItsRowsGoBeforeTheyDie) {
   EXPECT_TRUE(shown.expired());
 }
 
-TEST_F(FrameFormTest, ClosingEmptiesTheListAndLetsItGo) {
+TEST_F(FrameFormTest, ClosingEmptiesTheListAndReleasesIt) {
   OpenFrame({W("a")});
   frame.FillList();
   frame.Close();

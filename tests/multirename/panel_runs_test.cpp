@@ -323,7 +323,7 @@ TEST_F(PanelRuns, ABadExpressionAtStartRenamesNothingAndLeavesThePreview) {
   EXPECT_FALSE(IsClosed(1003));
 }
 
-TEST_F(PanelRuns, ABadExpressionAtStartTakesUndoAwayAllTheSame) {
+TEST_F(PanelRuns, ABadExpressionAtStartStillRemovesUndo) {
   Open({W("a.t")});
   Run(W("x"));
   ASSERT_TRUE(form.UndoAvailable());
@@ -345,7 +345,7 @@ TEST_F(PanelRuns, AnEmptyListIsRenamedWithoutAnErrorAndFinishes) {
   EXPECT_THAT(UndoFiles(), IsEmpty());
 }
 
-TEST_F(PanelRuns, WhenAllRenamesFailUndoIsAvailableAllTheSame) {
+TEST_F(PanelRuns, WhenAllRenamesFailUndoIsStillAvailable) {
   Open({W("a.t")});
   host_.renames.codes = {{W("x.t"), 5}};
   Run(W("x"));
@@ -461,7 +461,7 @@ TEST_F(PanelRuns, CloseInTheMiddleOfAPreviewStopsItAndNothingIsPostedAnyMore) {
   WhileHeld(gate.gate, [this] { form.Close(); });
   EXPECT_EQ(engine_->notifyWindow, nullptr);
   EXPECT_FALSE(engine_->busy);
-  EXPECT_EQ(gate.asked, 1);
+  EXPECT_EQ(gate.requests, 1);
   frame.Close();
   engine_->worker.WantPreview();
   engine_->worker.Wake();

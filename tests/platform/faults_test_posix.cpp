@@ -142,7 +142,7 @@ TEST_F(FaultsTest, LocalFreeOnDemandGivesTheMemoryBackToTheCaller) {
   EXPECT_EQ(LocalFree(text), nullptr);
 }
 
-TEST_F(FaultsTest, ShellExecuteOnDemandAnswersASmallErrorItself) {
+TEST_F(FaultsTest, ShellExecuteReturnsAnInjectedSmallErrorItself) {
   Faults::Fail("ShellExecuteW", 1, 5);
   EXPECT_EQ(reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, nullptr, W("a.txt"), nullptr, nullptr, SW_SHOW)),
             5);

@@ -62,7 +62,7 @@ class ModuleWindowUse : public ModuleWindow {
   }
 };
 
-TEST_F(ModuleWindowUse, AltWithArrowsMovesAllSelectedRowsAndTheRunCountsThemAsTheyStand) {
+TEST_F(ModuleWindowUse, AltWithArrowsMovesAllSelectedRowsAndTheRunCountsThemInTheNewOrder) {
   StartWith({W("a.t"), W("b.t"), W("c.t"), W("d.t"), W("e.t")});
   Use([](WindowUser& user) {
     user.SelectRows({1, 3});

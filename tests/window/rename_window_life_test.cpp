@@ -301,7 +301,7 @@ TEST_F(RenameWindowLife, ACloseDuringAPreviewStopsThePreviewAtItsNextRow) {
   });
   SendMessageW(Frame(), WM_CLOSE, 0, 0);
   later.join();
-  EXPECT_EQ(gate.asked, 1);
+  EXPECT_EQ(gate.requests, 1);
   Settle();
   ExpectClosedOnce();
 }

@@ -37,7 +37,7 @@ class RulePanelLayout : public RenameFrameWindow {
   }
 };
 
-TEST_F(RulePanelLayout, EnglishTextsFitAndControlsStandApart) {
+TEST_F(RulePanelLayout, EnglishTextsFitAndControlsDoNotOverlap) {
   Open({W("a")});
   ExpectLayoutHolds(Panel(), kWithoutName);
   ExpectEachLabelHasAnAccessKey(Panel(), kWithoutKey);
@@ -119,7 +119,7 @@ TEST_F(RulePanelLayout, ATemplateKeepsItsSelectionWhenTheWindowGrows) {
   EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), MAKELRESULT(2, 3));
 }
 
-TEST_F(RulePanelLayout, GroupsAndFieldsStandOnOneGrid) {
+TEST_F(RulePanelLayout, GroupsAndFieldsAreOnOneGrid) {
   Open({W("a")});
   ExpectAligned({1058, 1034, 1059, 1035, 1060, 1036, 1004, 1043}, &RECT::left);
   ExpectAligned({1062, 1061}, &RECT::left);

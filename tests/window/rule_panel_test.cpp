@@ -519,7 +519,7 @@ TEST_F(RulePanelWindow, ADoubleClickOnThePairListOpensTheDialogOfPairs) {
   EXPECT_THAT(NewNames(), ElementsAre(W("ab")));
 }
 
-TEST_F(RulePanelWindow, TheDotsBesideUndoLoadASessionWhichLeavesUndoAndCloseAlone) {
+TEST_F(RulePanelWindow, TheDotsNextToUndoLoadASessionWhichLeavesUndoAndCloseAlone) {
   Open({W("a.txt")});
   Type(1034, W("b"));
   Press(1003);
