@@ -78,7 +78,7 @@ SharedItems MakeRows(std::size_t count) {
 QxHost::LanguageTable ReadTexts() {
   std::string bytes;
   if (QxHost::ReadWholeFile(QxHost::ProgramFolder() + W("\\english.language"), bytes) != ERROR_SUCCESS)
-    Fail("there is no language table beside the program");
+    Fail("there is no language table in the folder of the program");
   std::vector<std::string> warnings;
   return QxHost::LanguageTable::Parse(bytes, warnings);
 }

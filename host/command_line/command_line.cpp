@@ -45,9 +45,9 @@ std::function<void(const std::vector<std::string>&)> Collect(std::vector<std::st
 }
 
 void DeclareOptions(CLI::App& app, Options& options) {
-  AddText(app, "--module", "PATH", options.module, "Module to load [the one beside this program]");
+  AddText(app, "--module", "PATH", options.module, "Module to load [in the folder of this program]");
   AddText(app, "--language", "FILE", options.language,
-          "Language table [english.language beside this program]");
+          "Language table [english.language in the folder of this program]");
   AddText(app, "--config", "DIR", options.config,
           "Folder of settings and histories, made if missing [qxhost in the user's configuration folder]");
   AddText(app, "--panel", "DIR", options.panel, "Folder that the other panel shows");
@@ -100,7 +100,7 @@ std::string NoSuchVerb(const std::string& argument, const std::vector<std::strin
   // The verb before a command may be missing.
   const std::string command = proposal.empty() ? ProposedCommand(argument) : std::string();
   if (!command.empty()) proposal = ". Did you mean command " + command + "?";
-  return "\"" + argument + "\" is no verb; there are: " + JoinedNames(verbs) + proposal;
+  return "\"" + argument + "\" is not a verb; the verbs are: " + JoinedNames(verbs) + proposal;
 }
 
 // Returns the message about arguments that are not accepted. Reports an option first, because its value is
@@ -148,7 +148,7 @@ std::string TextOfMistake(const CLI::ParseError& error, const CLI::App& app,
   } else if (dynamic_cast<const CLI::RequiredError*>(&error)) {
     text = MissingArgument(text, verb);
   }
-  return text + (text.ends_with('?') ? "" : ".") + " qxhost --help tells more.";
+  return text + (text.ends_with('?') ? "" : ".") + " qxhost --help shows more.";
 }
 
 std::string WithoutLastLineEnd(std::string text) {
@@ -256,7 +256,7 @@ std::optional<int> ParseCommandLine(std::vector<std::string> arguments,
     if (declared[index]->parsed()) line.verb = std::move(verbs[index]);
   }
   if (line.verb) return std::nullopt;
-  output.Problem("say what to do: " + JoinedNames(names) + ". qxhost --help tells more.");
+  output.Problem("give a verb: " + JoinedNames(names) + ". qxhost --help shows more.");
   return kExitBadCall;
 }
 

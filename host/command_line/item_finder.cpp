@@ -42,7 +42,7 @@ bool IsNameHere(std::string_view text) {
 FileItem* FindItem(FileItemTree& items, const std::string& option, std::string_view text) {
   const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
   if (!fullPath) {
-    throw BadCall(option + ": \"" + std::string(text) + "\" is no path" +
+    throw BadCall(option + ": \"" + std::string(text) + "\" is not a path" +
                   (IsNameHere(text) ? "; write ./" + std::string(text) : ""));
   }
   FileItem* const item = items.Find(*fullPath);

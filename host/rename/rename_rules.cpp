@@ -59,7 +59,7 @@ u32 RuleValue(const RuleName (&table)[size], const std::string& option, const st
     if (row.name == text) return row.value;
     names.push_back(row.name);
   }
-  throw BadCall(option + ": \"" + text + "\" is none of " + choices + DidYouMean(text, names));
+  throw BadCall(option + ": \"" + text + "\" is not one of " + choices + DidYouMean(text, names));
 }
 
 s32 WholeNumber(const std::string& option, const std::string& text) {
@@ -67,7 +67,7 @@ s32 WholeNumber(const std::string& option, const std::string& text) {
   const char* const end = text.data() + text.size();
   const auto [stopped, error] = std::from_chars(text.data(), end, number);
   if (error == std::errc() && stopped == end) return number;
-  throw BadCall(option + ": \"" + text + "\" is no whole number of 32 bits");
+  throw BadCall(option + ": \"" + text + "\" is not a 32-bit whole number");
 }
 
 WString TemplateText(const std::string& option, const std::string& text) {
@@ -108,7 +108,7 @@ SearchAndReplaceItems SavedPairs(IHostApp& host, const std::string& text) {
     others += (others.empty() ? "" : ", ") + std::to_string(other);
   }
   throw BadCall("--pairs: there is no list " + std::to_string(number) +
-                (others.empty() ? ", nor any other: --save-pairs makes one" : "; there are: " + others));
+                (others.empty() ? ", nor any other: --save-pairs makes one" : "; the lists are: " + others));
 }
 
 RenameRules SavedRules(IHostApp& host, const std::string& name) {
@@ -163,7 +163,7 @@ void CheckExpressions(const RenameRules& rules) {
   const u32 number = ValidateExpressions(rules.pairs, message);
   if (number == 0) return;
   throw BadCall("\"" + ToUtf8(rules.pairs[number - 1].first) +
-                "\" is no regular expression: " + ToUtf8(message));
+                "\" is not a regular expression: " + ToUtf8(message));
 }
 
 void CheckIsReadable(IHostApp& host, const WString& path) {
@@ -175,7 +175,8 @@ void CheckIsReadable(IHostApp& host, const WString& path) {
   const HostObject<IHostXmlDocument> document(host.CreateXmlDocument());
   const XmlNode root = document ? document->Load(path.c_str(), 1) : nullptr;
   if (!root) {
-    throw BadCall(ToUtf8(path) + " is damaged: it is no XML file. Repair it, or move it away to begin anew");
+    throw BadCall(ToUtf8(path) +
+                  " is damaged: it is not an XML file. Repair it, or move it away to start again");
   }
   document->Close(root);
 }

@@ -100,7 +100,7 @@ void ListRenameProfiles(Shared& shared, IHostApp& host) {
          PartsName(profile->flags), rules.pairs});
   }
   if (profiles.profiles.empty()) {
-    shared.reporter.Say("There are no profiles. --save-profile NAME makes one of the rules beside it");
+    shared.reporter.Say("There are no profiles. --save-profile NAME makes one of the given rules");
   }
 }
 
@@ -160,7 +160,7 @@ void ListPairs(Shared& shared, IHostApp& host) {
     shared.reporter.Pairs(number, CollectSearchItems(PairRows(pairs), true));
   }
   if (lists.Lists().empty()) {
-    shared.reporter.Say("There are no lists of pairs. --save-pairs N makes one of the --find beside it");
+    shared.reporter.Say("There are no lists of pairs. --save-pairs N makes one of the given --find options");
   }
 }
 

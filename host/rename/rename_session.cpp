@@ -44,7 +44,7 @@ void RenameSession::Preview(const RenameRules& rules) {
   const SharedItems rows = ReadSelection(host_);
   if (!CompileRules(*engine_, InputOf(rules, rows))) {
     throw BadCall("\"" + ToUtf8(SearchMistake(rules)) +
-                  "\" is no regular expression: " + ToUtf8(engine_->status.ErrorText()));
+                  "\" is not a regular expression: " + ToUtf8(engine_->status.ErrorText()));
   }
   areIndependent_ = false;
   engine_->worker.WantPreview();

@@ -87,13 +87,13 @@ BadCall NotAnUndoFile(const MultiRenameUndoStore& store, const std::string& text
   for (const UndoSummary& session : SessionsByDate(store)) names.push_back(ToUtf8(session.fileName));
   const std::optional<WString> name = NameInStore(store, PathFromUtf8(text));
   if (text != kNewestUndo && name && ReadFileFacts(store.folder + *name)) {
-    return BadCall("\"" + text + "\" is no undo file: it is in " + ToUtf8(store.folder) +
-                   ", but no list of renames");
+    return BadCall("\"" + text + "\" is not an undo file: it is in " + ToUtf8(store.folder) +
+                   ", but is not a list of renames");
   }
   if (names.empty()) return BadCall("there are no undo files in " + ToUtf8(store.folder));
   const std::vector<std::string_view> views(names.begin(), names.end());
-  return BadCall("\"" + text + "\" is no undo file" + DidYouMean(text, views) +
-                 ". `qxhost rename --list-undo` shows which there are");
+  return BadCall("\"" + text + "\" is not an undo file" + DidYouMean(text, views) +
+                 ". `qxhost rename --list-undo` shows all");
 }
 
 // Returns the name of the store's file for a name, a path or `last`; std::nullopt for a path elsewhere.
@@ -129,7 +129,7 @@ UndoTarget FindUndo(const MultiRenameUndoStore& store, const std::string& text) 
   if (target.file.error != ERROR_SUCCESS) {
     throw BadCall("cannot read " + text + ": " + ErrorText(target.file.error));
   }
-  if (!target.file.session) throw BadCall(text + " is no undo file");
+  if (!target.file.session) throw BadCall(text + " is not an undo file");
   if (name) target.file.session->fileName = *name;
   return target;
 }
@@ -230,9 +230,9 @@ std::string Renames(std::size_t count) {
 std::string LossReason(const MultiRenameUndoEntry& entry, bool isFileLong) {
   const bool isSeparated = !IsStorableField(entry.folder) || !IsStorableField(entry.oldName);
   if (!isSeparated && !IsPossibleName(entry.oldName))
-    return "no file is given a name with one of \\/:*?\"<>| or a control character";
+    return "no file may have a name with one of \\/:*?\"<>| or a control character";
   if (isFileLong) return "an undo file has at most " + std::to_string(kMaxUndoFileBytes) + " bytes";
-  return "its lines are parted at each | and at line ends";
+  return "its lines are split at each | and at line ends";
 }
 
 // Returns how many entries, from the first one on, are read back unchanged.
@@ -261,11 +261,11 @@ void WarnOfUnknownEntries(Output& output, const MultiRenameUndo& session, const 
   const auto unknownEntries = std::ranges::count_if(unsure, isUnknownEntry);
   if (unknownEntries == 0) return;
   if (unknownEntries == 1 && isCut && isUnknownEntry(kept.entries.back())) {
-    output.Problem("the last line that is read of the undo file is cut, and names " +
+    output.Problem("the last line that is read of the undo file is cut, and contains " +
                    ToUtf8(PathInFolder(kept.entries.back().folder, kept.entries.back().newName)) +
-                   ": where there is such a file, do not take the run back");
+                   ": if this file exists, do not undo the run");
   } else {
-    output.Problem("the undo file has lines that look like renames of other files: do not take it back");
+    output.Problem("the undo file has lines that look like renames of other files: do not undo it");
   }
 }
 
@@ -283,13 +283,13 @@ UndoEvent EventOfSummary(const MultiRenameUndoStore& store, const UndoSummary& s
 
 void WarnOfUndoFile(Output& output, const UndoFile& file) {
   if (file.session->haveRestored) {
-    output.Problem("note: this run has been taken back before; --list-undo shows the others");
+    output.Problem("note: this run has been undone before; --list-undo shows the others");
   }
   if (file.isLong) {
     output.Problem("the undo file is longer than " + std::to_string(kMaxUndoFileBytes) +
-                   " bytes; what lies beyond them is not taken back");
+                   " bytes; what is beyond them is not undone");
   } else if (file.isCut) {
-    output.Problem("the last line of the undo file is cut; it is not taken back");
+    output.Problem("the last line of the undo file is cut; it is not undone");
   }
 }
 
@@ -303,7 +303,7 @@ void RemoveImpossibleNames(Shared& shared, MultiRenameUndo& session) {
   if (first == session.entries.end()) return;
   const WString name = first->newName;
   const std::size_t count = std::erase_if(session.entries, isNoName);
-  shared.output.Problem(Renames(count) + " cannot be taken back: no file has the name " + ToUtf8(name));
+  shared.output.Problem(Renames(count) + " cannot be undone: no file has the name " + ToUtf8(name));
   shared.hasFailedFiles = true;
 }
 
@@ -315,7 +315,7 @@ void ReportLeft(Shared& shared, const std::vector<LeftFile>& left, bool isDryRun
         {path, file.oldName, isHeld ? DWORD{ERROR_SHARING_VIOLATION} : ERROR_FILE_NOT_FOUND, isDryRun});
     shared.output.Problem("cannot rename " + ToUtf8(path) + " to " + ToUtf8(file.oldName) + ": " +
                           (isHeld ? "a folder above it is the current one, or above that"
-                                  : "it may be another file than was renamed"));
+                                  : "it may not be the file that was renamed"));
     shared.hasFailedFiles = true;
   }
 }
@@ -323,7 +323,7 @@ void ReportLeft(Shared& shared, const std::vector<LeftFile>& left, bool isDryRun
 std::string AlreadyRestoredText(std::size_t back, bool isPlan, bool hadRestored) {
   if (isPlan) {
     return "The run was cut off: " + Renames(back) + " had not been done" +
-           (hadRestored ? ", or have been taken back before" : "");
+           (hadRestored ? ", or have been undone before" : "");
   }
   return std::to_string(back) + (back == 1 ? " file has its old name" : " files have their old names") +
          " already";
@@ -346,7 +346,7 @@ void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::strin
   if (sessions.empty()) {
     shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
   } else {
-    shared.reporter.Say("They are in " + ToUtf8(store.folder) + ". Take one back: qxhost " + configOption +
+    shared.reporter.Say("They are in " + ToUtf8(store.folder) + ". Undo one: qxhost " + configOption +
                         "rename --undo NAME, or --undo last for the first of these");
   }
 }
@@ -380,7 +380,7 @@ void UndoRenames(Shared& shared, RenameSession& session, const std::string& text
       taken.haveRestored = true;
       if (const DWORD error = RewriteUndoFile(target.path, target.file); error != ERROR_SUCCESS) {
         taken.haveRestored = hadRestored;
-        shared.output.Problem("note: the undo file cannot say that it was taken back: " + ErrorText(error));
+        shared.output.Problem("note: the undo file cannot record that it was undone: " + ErrorText(error));
       }
     }
     lock.Release();
@@ -390,10 +390,10 @@ void UndoRenames(Shared& shared, RenameSession& session, const std::string& text
   if (steps.back != 0) shared.reporter.Say(AlreadyRestoredText(steps.back, notes.isPlan, hadRestored));
   if (!isDryRun && target.isForeign) {
     shared.reporter.Say("The file is not in " + ToUtf8(store.folder) +
-                        ", so it does not say that it was taken back");
+                        ", so it does not record that it was undone");
   }
   if (taken.haveRestored && !isDryRun && session.Failed() != 0) {
-    shared.reporter.Say("The file counts as taken back. The same call tries again what failed");
+    shared.reporter.Say("The file counts as undone. The same call tries the failed renames again");
   }
   if (hadRestored && session.Succeeded() == 0) shared.hasFailedFiles = true;  // nothing was left to restore
 }
@@ -446,7 +446,7 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
   const DWORD error = CompareUndoFile(path, session, notedFiles, size);
   const bool isWhole = error == ERROR_SUCCESS;
   if (!isWhole) {
-    output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
+    output.Problem("the undo file is incomplete, and may undo nothing: " + ToUtf8(path) +
                    (error == kOtherBytes ? "" : ": " + ErrorText(error)));
   }
   const UndoCheck found = isWhole ? UndoCheck::kKeeps : UndoCheck::kNotWhole;

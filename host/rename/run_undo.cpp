@@ -106,7 +106,7 @@ bool RunUndo::End(MultiRenameUndo* done) {
   const DWORD error = WriteUndoFile(path, *done, notes_);
   if (error == ERROR_SUCCESS) return true;
   output_.Problem("the undo file could not be written: " + ToUtf8(path) + ": " + ErrorText(error) +
-                  (hasPlan_ ? ". The one from before the run stays, and takes back what was renamed" : ""));
+                  (hasPlan_ ? ". The one from before the run remains, and undoes what was renamed" : ""));
   return false;
 }
 

@@ -168,7 +168,7 @@ std::string ProposalOf(std::string_view text, const std::vector<std::string_view
   std::vector<std::string_view> names;
   for (const CommandName& row : kCommandNames) names.push_back(row.name);
   throw BadCall("\"" + std::string(text) +
-                "\" is no command: give its number or its name, as `qxhost menu` shows them" +
+                "\" is not a command: give its number or its name, as `qxhost menu` shows them" +
                 ProposalOf(text, names));
 }
 

@@ -172,7 +172,8 @@ const DeclaredScriptCommand& Extensions::ScriptCommand(const std::string& name) 
     list += (list.empty() ? "" : ", ") + command.name;
     names.push_back(command.name);
   }
-  throw BadCall("\"" + name + "\" is no script command; there are: " + list + DidYouMean(name, names));
+  throw BadCall("\"" + name + "\" is not a script command; the script commands are: " + list +
+                DidYouMean(name, names));
 }
 
 void Extensions::ReportScriptCommand(const std::string& name) const {

@@ -61,7 +61,7 @@ void Questions::Refuse(const std::string& what) {
 }
 
 void Questions::NoteUnanswerable(const WString& title, const std::string& answers) {
-  output_.Problem("note: question cancelled: there is nobody to ask; give --answer for \"" + ToUtf8(title) +
+  output_.Problem("note: question cancelled: there is no terminal; give --answer for \"" + ToUtf8(title) +
                   "\": " + answers);
 }
 

@@ -55,7 +55,7 @@ class CommandVerb final : public Verb {
     const s32 number = CommandOfText(command_);
     const bool isNamed = !NameOfCommand(number).empty();
     return "the module did not handle the command " + CommandTitle(number) +
-           (isNamed ? ": it is still to come" : ": the menu has none of this number, as `qxhost menu` shows");
+           (isNamed ? ": it is still to come" : ": the menu has no such number, as `qxhost menu` shows");
   }
 
   int Execute(Run& run) override {

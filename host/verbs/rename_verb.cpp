@@ -222,7 +222,7 @@ class RenameVerb final : public Verb {
     if (noUndo_ && !run_) throw BadCall("--no-undo is for --run, which is missing");
     if (WorksOnItems(hasItemList)) return;
     if (run_ || (!saveProfile_ && !savePairs_)) {
-      throw BadCall("rename needs ITEMs: files and folders to rename. qxhost rename --help tells more");
+      throw BadCall("rename needs ITEMs: files and folders to rename. qxhost rename --help shows more");
     }
   }
 
@@ -281,17 +281,16 @@ class RenameVerb final : public Verb {
   // After a run that has left the undo file from before it.
   static void SayHowToUndo(Run& run, const WString& planName) {
     if (planName.empty()) return;
-    run.Host().output.Problem("what was renamed can be taken back: " + UndoCallOf(run, planName));
+    run.Host().output.Problem("what was renamed can be undone: " + UndoCallOf(run, planName));
   }
 
   // Warns before a run, so that the user can rename fewer files at once.
   static void WarnOfLongUndoFile(Run& run, RenameSession& session) {
     const std::size_t beyond = RenamesBeyondUndo(session.Rows());
     if (beyond == 0) return;
-    run.Host().output.Problem("note: some " + std::to_string(beyond) +
-                              " of these renames could not be taken back: of an undo file " +
-                              std::to_string(Velmora::SDK::kMaxUndoFileBytes) +
-                              " bytes are read. Rename fewer at once");
+    run.Host().output.Problem(
+        "note: some " + std::to_string(beyond) + " of these renames could not be undone: of an undo file " +
+        std::to_string(Velmora::SDK::kMaxUndoFileBytes) + " bytes are read. Rename fewer at once");
   }
 
   void Show(Run& run, RenameSession& session) const {
@@ -358,7 +357,7 @@ class RenameVerb final : public Verb {
     shared.reporter.Say(run.IsDry() ? "Nothing was renamed: this was a dry run" : session.StatusText());
     if (!keepsUndo || !written) return;
     if (check == UndoCheck::kKeepsNone) {
-      shared.output.Problem("the run cannot be taken back, so it has no undo file");
+      shared.output.Problem("the run cannot be undone, so it has no undo file");
       return;
     }
     if (check == UndoCheck::kNotWhole) {

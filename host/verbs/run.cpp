@@ -22,7 +22,7 @@ constexpr const char* kListItems = "--items";
 
 WString FullPathOrThrow(const std::string& option, const std::string& text) {
   const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
-  if (!fullPath) throw BadCall(option + ": \"" + text + "\" is no path");
+  if (!fullPath) throw BadCall(option + ": \"" + text + "\" is not a path");
   return *fullPath;
 }
 
@@ -42,7 +42,7 @@ WString ConfigFolder(const Options& options) {
 WString FolderOption(const std::string& option, const std::string& text) {
   if (text.empty()) return {};
   const WString folder = FullPathOrThrow(option, text);
-  if (!IsFolder(folder)) throw BadCall(option + ": " + text + " is no folder");
+  if (!IsFolder(folder)) throw BadCall(option + ": " + text + " is not a folder");
   return folder;
 }
 
@@ -61,7 +61,8 @@ Answers ParseAnswers(const std::vector<std::string>& texts) {
   Answers answers;
   for (const std::string& text : texts) {
     const std::optional<Answer> answer = ParseAnswer(text);
-    if (!answer) throw BadCall("--answer: \"" + text + "\" is none of " + kAnswerForms + NearestAnswer(text));
+    if (!answer)
+      throw BadCall("--answer: \"" + text + "\" is not one of " + kAnswerForms + NearestAnswer(text));
     answers.push_back(*answer);
   }
   return answers;
@@ -196,7 +197,7 @@ int Run::Finish(int value, const std::string& noteOfZero) {
   reporter_->Result(value);
   output_.Flush();
   if (const std::size_t left = questions_->AnswersLeft(); left != 0) {
-    output_.Problem("note: answers given that nothing asked for: " + std::to_string(left));
+    output_.Problem("note: answers that were not used: " + std::to_string(left));
   }
   if (questions_->FormValuesLeft() != 0) {
     output_.Problem("note: no dialog came that --form could fill: " + questions_->FormFieldsLeft());

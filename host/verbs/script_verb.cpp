@@ -23,7 +23,7 @@ bool IsGivenEmpty(ScriptCall& call, const char* name) {
 class ScriptVerb final : public Verb {
  public:
   const char* Name() const override { return "script"; }
-  const char* Help() const override { return "Run one script command, or show which there are"; }
+  const char* Help() const override { return "Run a script command, or list them"; }
 
   void Declare(CLI::App& app) override {
     AddOptional(app, "NAME", name_,
@@ -39,7 +39,8 @@ class ScriptVerb final : public Verb {
            "  qxhost script SortLines --list   the parameters of one\n"
            "  qxhost --answer ok script SortLines FILE=a.txt \"TARGET=*.sorted\" REVERSE\n"
            "                                   the lines of a.txt in reverse order, into a.sorted\n"
-           "Each --answer answers the next question; with SILENT a command asks none. --json gives one JSON "
+           "Each --answer answers the next question; with SILENT a command asks no questions. --json gives "
+           "one JSON "
            "object a line.\n";
   }
 

@@ -68,7 +68,7 @@ class WindowVerb final : public Verb {
  private:
   WString FullPathOfPicture() const {
     const std::optional<WString> path = FullPathOf(PathFromUtf8(*picture_));
-    if (!path || picture_->empty()) throw BadCall("--screenshot: \"" + *picture_ + "\" is no path");
+    if (!path || picture_->empty()) throw BadCall("--screenshot: \"" + *picture_ + "\" is not a path");
     return *path;
   }
 

@@ -250,7 +250,7 @@ class ExitStatus(HostTest):
 
     def test_1_is_kept_when_the_module_did_not_handle_the_command(self):
         outcome = self.command(30009, status=1)
-        self.assertIn("the menu has none of this number", outcome.stderr)
+        self.assertIn("the menu has no such number", outcome.stderr)
 
     def test_2_comes_before_4(self):
         with open(self.path("a.bin"), "wb") as file:

@@ -83,7 +83,7 @@ class Confirmation(HostTest):
         self.make("A.TXT", "B")
         outcome = self.command(30000, "A.TXT", "B", answers=["ok"])
         self.assertEqual(outcome.questions, [])
-        self.assertIn("answers given that nothing asked for: 1", outcome.stderr)
+        self.assertIn("answers that were not used: 1", outcome.stderr)
 
     def test_an_answer_that_the_box_does_not_have_is_a_bad_call_and_renames_nothing(self):
         for answer in ("yes", "no", "text=x", "choice=x"):

@@ -141,7 +141,7 @@ class Rules(RenameTest):
                 (["--digits", "1024"], "--digits"), (["--case", "wrods"], "Did you mean words?"),
                 (["--parts", "nam"], "Did you mean name?"), (["--find", ""], "empty"),
                 (["--find", "a", "--find", "b", "--replace", "c"], "each --find has its --replace"),
-                (["--find", "ok", "--find", "(", "--regex"], "\"(\" is no regular expression: "),
+                (["--find", "ok", "--find", "(", "--regex"], "\"(\" is not a regular expression: "),
                 (["--name", "x" * 1025], "1024"), (["--profile", "none"], "no profile"),
                 (["--pairs", "25"], "1 to 24"), (["--pairs", "1"], "no list 1")):
             with self.subTest(rules=rules):
@@ -182,7 +182,7 @@ class Runs(RenameTest):
         self.assertEqual(outcome.stdout.split("\n"), [
             "renamed %s to b.txt" % windows_path(self.path("a.txt")), "1 Renamed",
             "Undo file: " + windows_path(os.path.join(self.config, "Undo", name)),
-            "Take it back: qxhost --config %s rename --undo %s" % (self.config, name), ""])
+            "Undo it: qxhost --config %s rename --undo %s" % (self.config, name), ""])
         self.assertEqual((outcome.status, outcome.stderr), (0, ""))
         outcome = self.prose("--undo", name)
         self.assertIn("\n1 Restored\n", outcome.stdout)
@@ -299,7 +299,7 @@ class UndoFiles(RenameTest):
         self.rename("--undo", "last")
         self.assertEqual(self.names(), ["older.txt", "was.txt"])
         prose = self.prose("--list-undo").stdout
-        self.assertRegex(prose, r"(?m)^a\.dat  .*  1 rename, taken back$")
+        self.assertRegex(prose, r"(?m)^a\.dat  .*  1 rename, undone$")
         self.assertRegex(prose, r"(?m)^z\.dat  .*  1 rename$")
 
     def test_a_file_is_given_by_its_bare_name_or_its_path(self):

@@ -115,10 +115,10 @@ class TakenBack(RenameTest):
     def test_a_run_that_was_taken_back_before_is_said_to_be_and_is_tried_again(self):
         self.make("a.txt")
         self.rename("--name", "b", "--run", "a.txt")
-        self.assertNotIn("taken back before", self.prose("--undo", "last").stderr)
+        self.assertNotIn("undone before", self.prose("--undo", "last").stderr)
         again = self.prose("--undo", "last")
         self.assertEqual(again.status, 4)
-        self.assertIn("taken back before", again.stderr)
+        self.assertIn("undone before", again.stderr)
         self.assertIn("1 Failed", again.stdout)
         self.assertEqual(self.names(), ["a.txt"])
 
@@ -144,7 +144,7 @@ class PartlyTakenBack(RenameTest):
         self.make("b")
         outcome = self.prose("--undo", "last")
         self.assertEqual((outcome.status, self.names()), (4, ["a", "b", "new-b"]))
-        self.assertIn("1 Restored, 1 Failed\nThe file counts as taken back. The same call tries again what failed\n",
+        self.assertIn("1 Restored, 1 Failed\nThe file counts as undone. The same call tries the failed renames again\n",
                       outcome.stdout)
         os.remove(self.path("b"))
         self.rename("--undo", "last", status=4)

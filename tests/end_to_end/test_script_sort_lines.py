@@ -270,7 +270,7 @@ class Questions(SortTest):
         outcome = self.script("a.txt", target="old.txt", silent=False)
         self.assertEqual(outcome.events[:-1], [dict(YES_NO_CANCEL, answer="cancel")])
         self.assertEqual(outcome.stderr.replace("\r\n", "\n"),
-                         "qxhost: note: question cancelled: there is nobody to ask; give --answer for "
+                         "qxhost: note: question cancelled: there is no terminal; give --answer for "
                          "\"Sort Lines\": yes, no, cancel\n")
         self.assertEqual(self.read("old.txt"), b"old")
 

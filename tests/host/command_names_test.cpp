@@ -115,7 +115,7 @@ TEST(CommandNames, AnAmbiguousPrefixListsItsNames) {
 }
 
 TEST(CommandNames, WhatIsNoneIsRefusedWithTheNearestName) {
-  constexpr char kIsNone[] = " is no command: give its number or its name, as `qxhost menu` shows them";
+  constexpr char kIsNone[] = " is not a command: give its number or its name, as `qxhost menu` shows them";
   EXPECT_EQ(RefusalOf("sort-lnies"), std::string("\"sort-lnies\"") + kIsNone + ". Did you mean sort-lines?");
   EXPECT_EQ(RefusalOf("SortLines"), std::string("\"SortLines\"") + kIsNone + ". Did you mean sort-lines?");
   EXPECT_EQ(RefusalOf("sort-lines-now"),

@@ -463,8 +463,9 @@ TEST_F(ExtensionsTest, AScriptCommandThatIsNoneNamesThoseThereAre) {
     extensions.ScriptCommand("Joins");
     FAIL() << "nothing was thrown";
   } catch (const BadCall& refusal) {
-    EXPECT_STREQ(refusal.what(),
-                 "\"Joins\" is no script command; there are: Join, Split. Did you mean Join?");
+    EXPECT_STREQ(
+        refusal.what(),
+        "\"Joins\" is not a script command; the script commands are: Join, Split. Did you mean Join?");
   }
   EXPECT_THROW(RunScript(extensions, "Join", {}), BadCall);
   EXPECT_THAT(calls, IsEmpty());

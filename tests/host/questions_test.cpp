@@ -73,7 +73,7 @@ TEST_F(QuestionsTest, WithoutAnswerAndTerminalTheHarmlessButtonIsPressed) {
 
 TEST_F(QuestionsTest, AQuestionWithoutAnswerAndTerminalIsReported) {
   constexpr char kNote[] =
-      "qxhost: note: question cancelled: there is nobody to ask; give --answer for \"T\": ";
+      "qxhost: note: question cancelled: there is no terminal; give --answer for \"T\": ";
   Ask({}).AskBox(W("T"), W(""), 0x23);
   EXPECT_EQ(recorded_.problems, std::string(kNote) + "yes, no, cancel\n");
   recorded_.problems.clear();

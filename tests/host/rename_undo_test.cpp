@@ -67,7 +67,7 @@ TEST_F(CheckUndoFileTest, AnOldNameThatNoRestoreGivesIsLost) {
     Add(WString(W("c")) + character + W("d"), W("e.txt"));
     const std::string warnings = Warnings();
     EXPECT_THAT(warnings, HasSubstr("the undo of 1 rename of 2 cannot be kept, first of Z:\\a\\c"));
-    EXPECT_THAT(warnings, HasSubstr("no file is given a name with one of"));
+    EXPECT_THAT(warnings, HasSubstr("no file may have a name with one of"));
   }
 }
 

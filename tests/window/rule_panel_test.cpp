@@ -539,7 +539,7 @@ TEST_F(RulePanelWindow, EachToolHasItsTip) {
   EXPECT_EQ(TipOf(1003), W("Renames the files"));
   EXPECT_EQ(TipOf(1041), W("Closes the window"));
   EXPECT_EQ(TipOf(1040), W("Gives the files of the list their old names back"));
-  EXPECT_EQ(TipOf(1049), W("Shows the renames that can be taken back"));
+  EXPECT_EQ(TipOf(1049), W("Shows the renames that can be undone"));
   EXPECT_EQ(TipOf(1071), W("Reads the files that are selected in the file manager now"));
   EXPECT_EQ(TipOf(1031), W("The number of the first row"));
   EXPECT_EQ(TipOf(1032), W("What is added from row to row"));
@@ -547,7 +547,7 @@ TEST_F(RulePanelWindow, EachToolHasItsTip) {
   EXPECT_EQ(TipOf(1037), W("Upper and lower case differ"));
   EXPECT_EQ(TipOf(1039), W("The texts to find are regular expressions. All matches are replaced"));
   EXPECT_EQ(TipOf(1038), W("Replaces every match, not the first of a name alone"));
-  EXPECT_EQ(TipOf(1043), W("Writes a file by which the renames can be taken back later"));
+  EXPECT_EQ(TipOf(1043), W("Writes a file by which the renames can be undone later"));
   EXPECT_EQ(TipOf(1004), W("Shows the new names while the rules change"));
   EXPECT_EQ(TipOf(1044), W("Deletes the rules that are chosen beside it"));
   EXPECT_EQ(TipOf(1045), W("Rules that were saved under a name, and the command to save these"));
