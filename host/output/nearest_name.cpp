@@ -37,11 +37,11 @@ std::size_t CountMistakes(std::string_view typed, std::string_view name) {
 }  // namespace
 
 std::string_view NearestName(std::string_view typed, std::span<const std::string_view> names,
-                             std::size_t mostMistakes) {
+                             std::size_t maxMistakes) {
   const std::string loweredTyped = AsciiLower(typed);
-  mostMistakes = std::min(mostMistakes, (typed.size() + kTypedPerMistake - 1) / kTypedPerMistake);
+  maxMistakes = std::min(maxMistakes, (typed.size() + kTypedPerMistake - 1) / kTypedPerMistake);
   std::string_view nearest;
-  std::size_t fewest = mostMistakes + 1;
+  std::size_t fewest = maxMistakes + 1;
   for (const std::string_view name : names) {
     const std::string loweredName = AsciiLower(name);
     std::size_t mistakes = fewest;

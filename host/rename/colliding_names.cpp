@@ -90,13 +90,13 @@ std::vector<Places> PlacesOf(std::span<const MultiRenameUndoEntry> entries) {
 
 // Returns whether one of the renamed files is a folder above another one. `renamed` contains their old names.
 bool ContainsFolderOfOthers(std::span<const MultiRenameUndoEntry> entries, const HashSet& renamed) {
-  HashSet looked(entries.size());
+  HashSet examinedFolders(entries.size());
   WStringView last;
   for (const MultiRenameUndoEntry& entry : entries) {
     const WString& text = entry.folder;
     if (WStringView(text) == last) continue;
     last = text;
-    if (!looked.Insert(FolderNames::HashOf(text) | 1)) continue;
+    if (!examinedFolders.Insert(FolderNames::HashOf(text) | 1)) continue;
     for (WStringView folder = WithoutSeparator(text); folder.find(W('\\')) != WStringView::npos;
          folder = folder.substr(0, folder.rfind(W('\\')))) {
       if (renamed.Contains(PlaceHasher::OfPath(folder))) return true;

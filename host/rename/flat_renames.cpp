@@ -40,7 +40,7 @@ class FlatBatch {
                                       begins_[folder + 1] - begins_[folder]);
       if (rows.empty()) continue;
       if (!ReadFiles(wanted_.folders[folder], rows)) return std::vector<bool>(wanted_.rows.size(), false);
-      if (!HasNoCollision(rows) || files_.IsCaseBlindBeside(PathOf(rows.front()))) continue;
+      if (!HasNoCollision(rows) || files_.IgnoresCaseInFolderOf(PathOf(rows.front()))) continue;
       for (const Row row : rows) isDecided_[row] = true;
     }
     return std::move(isDecided_);
@@ -95,7 +95,7 @@ class FlatBatch {
       const WStringView newName = wanted_.rows[rows[index]].newName;
       const std::size_t bytes = NameBytes(newName);
       const std::uint64_t hash = FolderNames::HashOf(newName);
-      if (bytes == 0 || bytes > names_.mostNameBytes || names_.HasHash(hash, source)) return false;
+      if (bytes == 0 || bytes > names_.maxNameBytes || names_.HasHash(hash, source)) return false;
       names_.AddWanted(hash);
     }
     return true;

@@ -76,7 +76,7 @@ bool NameTree::IsOneName(Id known, WStringView name, std::optional<DWORD>& look)
   // Neither file exists yet. The file that will get the known name shows whether the folder ignores letter
   // case.
   const Id claimant = nodes_[known].claimant;
-  return claimant != kRoots && files_.IsCaseBlindBeside(PathOf(claimant));
+  return claimant != kRoots && files_.IgnoresCaseInFolderOf(PathOf(claimant));
 }
 
 DWORD NameTree::Look(Id id) {

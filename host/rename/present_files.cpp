@@ -18,7 +18,7 @@ namespace {
 using Velmora::SDK::MultiRenameUndo;
 using Velmora::SDK::MultiRenameUndoEntry;
 
-constexpr unsigned kMaxTemporaryNamesLooked = 16;
+constexpr unsigned kMaxTemporaryNamesTried = 16;
 
 class FileSearch {
  public:
@@ -138,7 +138,7 @@ class FileSearch {
     const bool isOld = atOld == file && IsSpelled(folder, entry.oldName, newName);
     if (isOld && !(isTwice && isNew)) return {Presence::kBack};
     if (isNew) return {Presence::kThere, entry.newName};
-    for (unsigned number = 1; number <= kMaxTemporaryNamesLooked; ++number) {
+    for (unsigned number = 1; number <= kMaxTemporaryNamesTried; ++number) {
       for (const WString& name : {TemporaryName(entry.oldName, number), TemporaryName(newName, number)}) {
         if (indexes_.Of(folder, name) == file) return {Presence::kThere, name};
       }

@@ -51,7 +51,7 @@ class FolderNames {
   // Returns a hash that is equal for names that differ only in letter case, and rarely for others.
   static std::uint64_t HashOf(WStringView name);
 
-  std::size_t mostNameBytes = 255;  // the longest name in this folder, in bytes of UTF-8
+  std::size_t maxNameBytes = 255;  // the longest name in this folder, in bytes of UTF-8
 
  private:
   void Insert(Entry entry, WStringView name);

@@ -26,7 +26,7 @@ WString FullPathOrThrow(const std::string& option, const std::string& text) {
   return *fullPath;
 }
 
-WString BesideProgram(const WCHAR* name) {
+WString InProgramFolder(const WCHAR* name) {
   const WString folder = ProgramFolder();
   if (folder.empty()) throw BadCall("cannot find the folder of this program; give --module and --language");
   return folder + name;
@@ -85,7 +85,7 @@ std::vector<FormValue> ParseForm(const std::vector<std::string>& texts) {
 }
 
 LanguageTable ReadLanguageTable(const Options& options, Output& output) {
-  const WString path = options.language.empty() ? BesideProgram(kLanguageFile)
+  const WString path = options.language.empty() ? InProgramFolder(kLanguageFile)
                                                 : FullPathOrThrow("--language", options.language);
   std::string bytes;
   const DWORD error = ReadWholeFile(path, bytes);
@@ -123,7 +123,7 @@ Run::Run(const Options& options, const std::vector<std::string>& items, Output& 
                      std::move(readLine));
   shared_.emplace(output_, *reporter_, ReadLanguageTable(options, output_), AnswersOf(options), *questions_,
                   options.dryRun, options.inOrder);
-  modulePath_ = options.module.empty() ? BesideProgram(W("\\")) + ModuleFileName()
+  modulePath_ = options.module.empty() ? InProgramFolder(W("\\")) + ModuleFileName()
                                        : FullPathOrThrow("--module", options.module);
   if (options.withoutRights) {
     if (!kRightsCanBeTaken) throw BadCall("--without-rights: in this build the rights are the system's own");

@@ -56,7 +56,7 @@ class WindowVerb final : public Verb {
     Extensions& extensions = run.LoadExtensions();
     extensions.Start();
     s32 answer = extensions.RunWindow(Velmora::SDK::kCommandMultiRename);
-    while (answer == 1 && keepOpen_ && WantsAnother(run.Host())) {
+    while (answer == 1 && keepOpen_ && WantsReopen(run.Host())) {
       extensions.Renew(Velmora::SDK::kCommandMultiRename);
       answer = extensions.RunWindow(Velmora::SDK::kCommandMultiRename);
     }
@@ -72,7 +72,7 @@ class WindowVerb final : public Verb {
     return *path;
   }
 
-  static bool WantsAnother(Shared& host) {
+  static bool WantsReopen(Shared& host) {
     return host.questions.AskBox(W("qxhost"), W("Open the window again?"), MB_YESNO | MB_ICONQUESTION) ==
            IDYES;
   }

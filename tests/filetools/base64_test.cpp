@@ -17,10 +17,10 @@ const unsigned char* Bytes(const std::string& text) {
   return reinterpret_cast<const unsigned char*>(text.data());
 }
 
-std::string Encoded(const std::string& bytes, unsigned char behind0 = 0, unsigned char behind1 = 0) {
-  const unsigned char behind[2] = {behind0, behind1};
+std::string Encoded(const std::string& bytes, unsigned char following0 = 0, unsigned char following1 = 0) {
+  const unsigned char following[2] = {following0, following1};
   std::string output(bytes.size() * 2 + 8, '?');
-  output.resize(EncodeBase64(Bytes(bytes), bytes.size(), behind, output.data()));
+  output.resize(EncodeBase64(Bytes(bytes), bytes.size(), following, output.data()));
   return output;
 }
 

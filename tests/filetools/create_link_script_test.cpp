@@ -120,7 +120,7 @@ TEST_F(CreateLinkScriptTest, AsAdminTheHelperMakesItAndThereIsNoResultText) {
   EXPECT_THAT(call_.resultCode, Optional(0u));
   EXPECT_EQ(call_.resultText, std::nullopt);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(CreateLinkScriptTest, AsAdminAFolderIsReportedToTheHelper) {

@@ -59,7 +59,7 @@ class CreateLinksCommand : public testing::Test {
       return answer(form);
     });
     EXPECT_EQ(shown, 1);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   void RunWithoutADialog() {
@@ -67,7 +67,7 @@ class CreateLinksCommand : public testing::Test {
       ADD_FAILURE() << "a dialog";
       return IDOK;
     });
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   // Chooses this kind and closes the dialog with OK.

@@ -138,7 +138,7 @@ TEST_F(LinksTest, TheHelperGetsTheRequestAndItsReplyIsLogged) {
                           "writer.WriteString(\"" + ToUtf8(target_) + "\")", "writer.WriteU32(1)",
                           "helper.Send(5004, 4)", "helper.Disconnect()", "writer.Release()",
                           LinkCreated("Symlink", link_, target_)));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
 }
 
@@ -162,7 +162,7 @@ TEST_F(LinksTest, AHelperThatCannotBeReachedIsError5AndNothingIsLogged) {
   EXPECT_EQ(CreateElevated(1, false), 5u);
   EXPECT_THAT(host_.recorder.Calls(),
               ElementsAre("GetService(3250, 0)", "helper.Connect()", "helper.Disconnect()"));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(LinksTest, WithoutAWriterTheErrorIs5) {
@@ -171,7 +171,7 @@ TEST_F(LinksTest, WithoutAWriterTheErrorIs5) {
   EXPECT_EQ(CreateElevated(1, false), 5u);
   EXPECT_THAT(host_.recorder.CallsOf({"helper", "LogMessage"}),
               ElementsAre("helper.Connect()", "helper.CreateWriter()", "helper.Disconnect()"));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(LinksTest, ALinkThatIsMadeShowsNoBox) {
@@ -200,7 +200,7 @@ TEST_F(RefusedLinksTest, ARefusalGoesToTheHelperAndLeavesTwoLogLines) {
       host_.recorder.CallsOf({"LogMessage", "IsVista", "IsProcess", "MessageBox", "helper.Send"}),
       ElementsAre(LinkFailed("Hardlink", 5, link_, target_), "IsVistaOrNewer()", "IsProcessElevated()",
                   "helper.Send(5004, 4)", LinkCreated("Hardlink", link_, target_)));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(RefusedLinksTest, TheHelpersErrorIsShown) {

@@ -42,7 +42,7 @@ TEST(QuickRename, TakesTheSelectionAndHandsTheNewNamesToOneBatch) {
                           "file operation.CreateRenameBatch()", "batch1.AddByItem(a.txt, \"A.TXT\", 0)",
                           "batch1.AddByItem(b.txt, \"B.TXT\", 0)", "file operation.RunBatch(batch1, 0)",
                           "file operation.ReleaseRenameBatch(batch1)", "ReleaseService(file operation, 0)"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, ReleasesTheListBeforeItReadsTheItems) {
@@ -77,7 +77,7 @@ TEST(QuickRename, CancelRenamesNothingAndCallsNoService) {
   EXPECT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(host.fileOperation.Runs(), 0);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, EntriesWhoseNameStaysLeaveAndTheOrderIsKept) {
@@ -100,7 +100,7 @@ TEST(QuickRename, WhereNoNameChangesNoBoxIsShownAndNoServiceCalled) {
   QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, EmptySelectionEndsSilentlyWithItsListReleased) {
@@ -110,7 +110,7 @@ TEST(QuickRename, EmptySelectionEndsSilentlyWithItsListReleased) {
   EXPECT_THAT(Steps(host),
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.Release()"));
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, ListOfARefusedRequestIsNotLookedAt) {
@@ -124,7 +124,7 @@ TEST(QuickRename, ListOfARefusedRequestIsNotLookedAt) {
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.Release()"));
   EXPECT_THAT(host.recorder.CallsOf({"item "}), IsEmpty());
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, WritesNothingToTheLog) {
@@ -181,7 +181,7 @@ TEST(QuickRename, NumberWithoutATransformRenamesNothing) {
   QuickRenameCommand(host, 30009);
   EXPECT_EQ(host.fileOperation.Runs(), 0);
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, EveryRefusalOfTheHostEndsItQuietly) {

@@ -24,6 +24,6 @@ TEST(RenameQuestion, WithoutAUserNothingIsRenamed) {
   host.SelectFiles({W("a.txt")});
   QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_EQ(host.fileOperation.Runs(), 0);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
   Platform::InstallUserInterface(before);
 }

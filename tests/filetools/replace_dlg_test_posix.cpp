@@ -133,5 +133,5 @@ TEST(ReplaceDlg, CommandNumberLeadsFromTheDialogToTheRenames) {
   EXPECT_EQ(answer.boxCaption, W("T000A0063"));
   EXPECT_EQ(answer.boxStyle, 33u);
   EXPECT_EQ(answer.boxes, 1);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }

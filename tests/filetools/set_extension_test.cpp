@@ -26,7 +26,7 @@ std::vector<QueuedRename> RenamesOf(const std::vector<WString>& names, const WSt
   host.textAnswers = {{true, answer}};
   SetExtensionCommand(host);
   EXPECT_EQ(host.unexpectedQuestions, 0);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
   return host.fileOperation.RunRenames();
 }
 
@@ -77,7 +77,7 @@ TEST(SetExtension, WithoutAFocusedItemTheDefaultIsEmpty) {
   host.textAnswers = {{false, {}}};
   SetExtensionCommand(host);
   EXPECT_THAT(host.recorder.Calls(), Contains(Question("")));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, OneLeadingDotOfTheInputIsDropped) {
@@ -95,7 +95,7 @@ TEST(SetExtension, EmptyInputEndsTheCommand) {
     host.textAnswers = {{true, answer}};
     SetExtensionCommand(host);
     EXPECT_THAT(host.recorder.CallsOf({"GetService", "Log"}), IsEmpty());
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 
@@ -106,7 +106,7 @@ TEST(SetExtension, RefusedQuestionEndsTheCommand) {
   host.textAnswers = {{false, {}}};
   SetExtensionCommand(host);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "Log"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, FoldersStayAsTheyAre) {
@@ -137,7 +137,7 @@ TEST(SetExtension, WhereNoNameChangesNoServiceIsCalled) {
   host.textAnswers = {{true, W("log")}};
   SetExtensionCommand(host);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, NothingSelectedIsSaidInTheLogAndNotAsked) {
@@ -147,7 +147,7 @@ TEST(SetExtension, NothingSelectedIsSaidInTheLogAndNotAsked) {
   EXPECT_THAT(host.recorder.CallsOf({"Log"}),
               ElementsAre("LogText(0, 10, \"Command failed - No files selected\")"));
   EXPECT_THAT(host.recorder.CallsOf({"AskText", "GetService"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, SelectionThatTheHostRefusesEndsItWithoutAWord) {
@@ -162,7 +162,7 @@ TEST(SetExtension, SelectionThatTheHostRefusesEndsItWithoutAWord) {
     EXPECT_THAT(host.recorder.Calls(), Contains("FileListRequest(21215, list2, 18, 0)"));
     EXPECT_THAT(host.recorder.CallsOf({"Log", "AskText", "GetService", "MessageBox"}), IsEmpty());
     EXPECT_THAT(boxes.Boxes(), IsEmpty());
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 
@@ -211,7 +211,7 @@ TEST(SetExtension, LongAndEmptyNamesDoNotCrash) {
   SetExtensionCommand(host);
   EXPECT_THAT(host.fileOperation.RunRenames(),
               Contains(QueuedRename{W("c.txt"), W("c.") + WString(1023, W('e'))}));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, EveryRefusalOfTheHostEndsItQuietly) {

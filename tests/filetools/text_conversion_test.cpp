@@ -158,7 +158,7 @@ TEST_F(ConvertInPlace, TheConvertedFileTakesThePlace) {
   EXPECT_THAT(Host().recorder.Calls(),
               ElementsAre("GetService(3000, 0)", "file operation.FileExists(" + Quoted(path.c_str()) + ")",
                           "ReleaseService(file operation, 0)"));
-  ExpectAllGivenBack(Host());
+  ExpectAllReleased(Host());
 }
 
 TEST_F(ConvertInPlace, WithoutTheServiceNothingHappens) {
@@ -172,7 +172,7 @@ TEST_F(ConvertInPlace, AFileThatTheHostDoesNotFindIsLeftAlone) {
   const WString path = Scratch().Write(W("a.txt"), "a\n");
   ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
-  ExpectAllGivenBack(Host());
+  ExpectAllReleased(Host());
 }
 
 TEST_F(ConvertInPlace, AReadOnlyFileStaysAndTheConvertedTextIsNextToItByDesign) {
@@ -199,5 +199,5 @@ TEST_F(ConvertInPlace, ATemporaryNameThatIsTakenLeavesTheFileAsItWas) {
   }
   ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
-  ExpectAllGivenBack(Host());
+  ExpectAllReleased(Host());
 }

@@ -53,7 +53,7 @@ class FindAndReplaceCommandTest : public testing::Test {
 
   void Run(const FindAndReplaceDialog& show) {
     FindAndReplaceCommand(host_, show);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   ScratchFolder folder_;

@@ -61,7 +61,7 @@ TEST(FindAndReplaceRun, EmptyListDoesNothingAndIsReleasedWhereOwned) {
     EXPECT_EQ(host.recorder.IsTaken(list->Name()), !owns);
     EXPECT_THAT(host.recorder.CallsOf({"CreateFileList"}), SizeIs(1));
     if (!owns) list->Release();
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
   FakeHost host;
   StartFindAndReplace(host, nullptr, FindAndReplaceOptions(), W("*.out"), true);
@@ -85,7 +85,7 @@ TEST(FindAndReplaceRun, StartRunsTheList) {
   auto* const list = static_cast<FakeFileList*>(run.host.CreateFileList());
   list->Append(item);
   StartFindAndReplace(run.host, list, run.Options(kNew), W("*.out"), true);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
   EXPECT_EQ(run.scratch.Read(W("a.out")), "2\n");
   EXPECT_THAT(run.Boxes(), ElementsAre(Summary("1 changes")));
 }

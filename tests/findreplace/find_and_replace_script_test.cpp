@@ -180,7 +180,7 @@ TEST(FindAndReplaceScript, ReplacesInTheFileCallByCall) {
   EXPECT_THAT(run.host.resultLists, ElementsAre(ResultList{0, {run.scratch.Path(W("a.txt"))}}));
   EXPECT_EQ(run.call.resultCode, std::nullopt);
   EXPECT_EQ(run.call.resultText, std::nullopt);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, WithoutARequiredTextNothingIsTouched) {
@@ -212,7 +212,7 @@ TEST(FindAndReplaceScript, AMissingFileIsLoggedOnceTheServiceIsGivenBack) {
           "GetService(3000, 0)", "file operation.GetFileItem(\"Z:\\nowhere\\x.txt\", 1)",
           "ReleaseService(file operation, 3000)",
           "LogMessage(0, 30, \"[Custom Cmd - FindAndReplace] - FILE : Z:\\nowhere\\x.txt not found\")"));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, WithoutTheServiceTheFileIsNotFound) {
@@ -238,7 +238,7 @@ TEST(FindAndReplaceScript, AFailedFileStillReturnsOne) {
   EXPECT_THAT(run.host.resultLists,
               ElementsAre(ResultList{0, {}}, ResultList{1, {run.scratch.Path(W("a.txt"))}}));
   EXPECT_THAT(run.scratch.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, AnEmptyTargetIsTheFolderItselfWhichASilentRunSkips) {
@@ -268,7 +268,7 @@ TEST(FindAndReplaceScript, WithoutSilentAnExistingTargetIsAskedForAndASummaryIsS
   EXPECT_EQ(FindAndReplaceScript(run.host, run.call), 1);
   EXPECT_EQ(run.scratch.Read(W("a.out")), "one 2\n");
   EXPECT_EQ(run.host.recorder.CallsOf({"MessageBox"}).size(), 2u);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, OptionsReachTheRun) {

@@ -251,7 +251,7 @@ class Engine {
     }
   }
 
-  bool HoldsBlock(std::size_t first, const std::vector<Item<CharT>>& finds) const {
+  bool ContainsBlock(std::size_t first, const std::vector<Item<CharT>>& finds) const {
     const std::size_t n = finds.size();
     if (first + n > lines_.size()) return false;
     for (std::size_t k = 1; k + 4 <= n; ++k) {
@@ -277,7 +277,7 @@ class Engine {
         range = {number, match.start, number, match.end};
         return true;
       }
-      if (!HoldsBlock(number, finds)) continue;
+      if (!ContainsBlock(number, finds)) continue;
       range = {number, match.start, number + finds.size() - 1, finds.back().text.size()};
       return true;
     }

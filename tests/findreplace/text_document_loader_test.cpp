@@ -305,7 +305,7 @@ TYPED_TEST(TextDocumentLoaderTest, ReaderThatEndsEarlyIsRefused) {
     for (const std::uint64_t promised : {std::uint64_t{1}, std::uint64_t{5000}, std::uint64_t{1} << 40}) {
       ScriptedReader reader(BytesOf<TypeParam>(text));
       reader.size += promised;
-      reader.mostReads = 50;
+      reader.maxReads = 50;
       EXPECT_EQ(ThrownBy<WQDR::WQDataReaderException>([&] { ReadDocument<TypeParam>(reader, 8); }),
                 (Thrown{ERROR_HANDLE_EOF, "Failed to read file"}));
     }

@@ -36,7 +36,7 @@ TEST(FileUtils, ReturnsTheConstantsOfItsFifteenOperations) {
   EXPECT_EQ(plugin.Reserved4(), 0);
   EXPECT_EQ(plugin.Reserved5(), 0);
   EXPECT_EQ(plugin.Reserved6(), 0);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(FileUtils, StartKeepsTheHostWithoutCallingIt) {
@@ -63,7 +63,7 @@ TEST(FileUtils, RegisteringKeepsNothingOfTheHost) {
   FakeHost second;
   EXPECT_EQ(extension.OnStart(&second), 1);
   EXPECT_EQ(extension.OnCommand(kCommandUpperCase, 0, 0), 1);
-  ExpectAllGivenBack(second);
+  ExpectAllReleased(second);
 }
 
 TEST(FileUtils, NullHostAtRegisterAndStartDoesNotCrash) {
@@ -114,7 +114,7 @@ TEST(MultiRename, ShutdownNotifiesTheHostOnce) {
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), testing::SizeIs(1));
   ASSERT_FALSE(host.recorder.Calls().empty());
   EXPECT_EQ(host.recorder.Calls().back(), "ExtensionClosed()");
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(MultiRename, CommandOfTheShutdownNotifiesTheHostOnce) {
@@ -126,7 +126,7 @@ TEST(MultiRename, CommandOfTheShutdownNotifiesTheHostOnce) {
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), IsEmpty());
   EXPECT_EQ(extension.OnCommand(kCommandShutdown, 0, 1), 0);
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), testing::SizeIs(1));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(NtfsProperties, ReturnsTheConstantsOfItsThirteenOperations) {
@@ -145,7 +145,7 @@ TEST(NtfsProperties, ReturnsTheConstantsOfItsThirteenOperations) {
   EXPECT_FALSE(properties.Reserved6());
   EXPECT_FALSE(properties.Reserved7());
   EXPECT_FALSE(properties.Detach());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(NtfsProperties, GiveNoValueWhileTheyAreNotAttached) {

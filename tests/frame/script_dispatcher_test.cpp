@@ -58,7 +58,7 @@ TEST(ScriptDispatcher, WhatAToolThrowsReachesTheHost) {
   FakeCommandCall call(kScriptSortLines);
   call.values = {{"FILE", W("C:\\view\\x.txt")}, {"TARGET", W("*.*")}, {"KEEPTOP", W("many")}};
   EXPECT_THROW(extension.OnCustomCommand(&call), std::invalid_argument);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ScriptDispatcher, OtherNumbersAreNoneAndCallNothing) {

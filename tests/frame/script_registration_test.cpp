@@ -107,10 +107,10 @@ TEST(ScriptRegistration, ComesLastAtRegister) {
   EXPECT_EQ(extension.OnRegister(&host), 1);
   const int set = host.recorder.PositionOf("GetCustomCommandSet(QX.Utils)");
   ASSERT_GE(set, 0);
-  const Calls behind(host.recorder.Calls().begin() + set, host.recorder.Calls().end());
-  EXPECT_THAT(behind, Not(Contains(StartsWith("menu."))));
-  EXPECT_THAT(behind, Contains("set.Commit(1)").Times(1));
-  EXPECT_EQ(behind.back(), "set.Commit(1)");
+  const Calls following(host.recorder.Calls().begin() + set, host.recorder.Calls().end());
+  EXPECT_THAT(following, Not(Contains(StartsWith("menu."))));
+  EXPECT_THAT(following, Contains("set.Commit(1)").Times(1));
+  EXPECT_EQ(following.back(), "set.Commit(1)");
 }
 
 TEST(ScriptRegistration, WithoutASetNothingIsDeclaredAndTheMenusExist) {

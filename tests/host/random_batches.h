@@ -30,7 +30,7 @@ class RandomBatches {
  public:
   explicit RandomBatches(std::uint32_t seed) : random_(seed) {
     scratch_.Write(W("probe"), "");
-    isCaseBlind_ = scratch_.Exists(W("PROBE"));
+    ignoresCase_ = scratch_.Exists(W("PROBE"));
     std::filesystem::remove(scratch_.NativePath(W("probe")));
   }
 
@@ -150,7 +150,7 @@ class RandomBatches {
 
   WString Key(WString path) const {
     for (WCHAR& character : path) {
-      if (isCaseBlind_ && character >= W('A') && character <= W('Z')) character += W('a') - W('A');
+      if (ignoresCase_ && character >= W('A') && character <= W('Z')) character += W('a') - W('A');
     }
     return path;
   }
@@ -206,7 +206,7 @@ class RandomBatches {
   ScratchFolder scratch_;
   RecordedOutput recorded_;
   std::unique_ptr<Reporter> reporter_ = MakeJsonReporter(recorded_.output);
-  bool isCaseBlind_ = false;
+  bool ignoresCase_ = false;
 };
 
 }  // namespace QxHost

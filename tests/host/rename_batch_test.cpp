@@ -220,8 +220,8 @@ TEST_F(RenameBatchTest, TwoFilesSwapTheirNames) {
 TEST_F(RenameBatchTest, NamesThatDifferInCaseAloneAreAsTheFileSystemTakesThem) {
   scratch_.Write(W("a"), "");
   scratch_.Write(W("b"), "");
-  const bool isCaseBlind = scratch_.Exists(W("A"));
-  const u32 second = isCaseBlind ? 183u : 0u;
+  const bool ignoresCase = scratch_.Exists(W("A"));
+  const u32 second = ignoresCase ? 183u : 0u;
   const Pairs pairs = {{W("a"), W("new")}, {W("b"), W("NEW")}};
   EXPECT_THAT(Run(pairs, true), ElementsAre(0u, second));
   EXPECT_THAT(Run(pairs), ElementsAre(0u, second));

@@ -205,7 +205,7 @@ template <typename CharT>
 Thrown ThrownForCutFile(const std::string& bytes) {
   ScriptedReader reader(bytes);
   reader.size = 100000;
-  reader.mostReads = 10;
+  reader.maxReads = 10;
   return ThrownBy<WQDR::WQDataReaderException>([&] { ReadLines<CharT>(reader); });
 }
 
@@ -217,7 +217,7 @@ TYPED_TEST(LineLoader, FileThatGrewEndsWithWhatItsSizeSaid) {
   // One read returns more bytes than the reader announced in total.
   ScriptedReader reader(Bytes("a\0\n\0b\0\n\0"));
   reader.size = 4;
-  reader.mostReads = 10;
+  reader.maxReads = 10;
   const auto data = ReadLines<TypeParam>(reader);
   ASSERT_FALSE(data->lines.empty());
   EXPECT_EQ(data->lines[0].text[0], 'a');
@@ -292,7 +292,7 @@ TEST(LineLoaderBytes, LastLineOfExactlyABlockWithoutAnEndingLoads) {
 TEST(LineLoaderBytes, LineThatFillsABlockIsOutOfMemoryAtOnceIfMoreFollows) {
   for (const std::string& more : {std::string("\n"), std::string("b"), std::string("\r\n"), A(100000)}) {
     ScriptedReader reader(A(32768) + more);
-    reader.mostReads = 10;
+    reader.maxReads = 10;
     EXPECT_THROW(ReadLines<char>(reader), std::bad_alloc);
     EXPECT_THAT(reader.requests, ElementsAre(32768));
   }
@@ -300,7 +300,7 @@ TEST(LineLoaderBytes, LineThatFillsABlockIsOutOfMemoryAtOnceIfMoreFollows) {
 
 TEST(LineLoaderBytes, LineThatFillsALaterBlockIsOutOfMemoryAtOnce) {
   ScriptedReader reader("x\n" + A(32768) + "\n");
-  reader.mostReads = 10;
+  reader.maxReads = 10;
   EXPECT_THROW(ReadLines<char>(reader), std::bad_alloc);
   EXPECT_THAT(reader.requests, ElementsAre(32768, 2));
 }
@@ -448,7 +448,7 @@ TEST(LineLoaderWide, LastLineOfExactlyABlockWithoutAnEndingLoads) {
 TEST(LineLoaderWide, LineThatFillsABlockIsOutOfMemoryAtOnceIfMoreFollows) {
   for (const std::string& more : {std::string("b"), WideBytes(W("\n")), WideBytes(W("b")), A(100000)}) {
     ScriptedReader reader(WideBytes(WideA(16384)) + more);
-    reader.mostReads = 10;
+    reader.maxReads = 10;
     EXPECT_THROW(ReadLines<WCHAR>(reader), std::bad_alloc);
     EXPECT_THAT(reader.requests, ElementsAre(32768));
   }

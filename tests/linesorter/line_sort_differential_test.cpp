@@ -112,8 +112,8 @@ Text<CharT> Letters(RandomNumbers& random, const Text<CharT>& alphabet, std::siz
 
 enum Shape {
   kAnyLengths,
-  kSharedBeginnings,
-  kBeginningsOfOne,
+  kSharedPrefixes,
+  kPrefixesOfOne,
   kFewTexts,
   kZeroAtEachPlace,
   kInOrder,
@@ -121,22 +121,22 @@ enum Shape {
 };
 
 // Lengths of common prefixes at which wide comparison steps end, and their neighbours.
-const std::vector<std::size_t> kBeginnings = {0, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 23, 24, 25, 31, 32, 33};
+const std::vector<std::size_t> kPrefixLengths = {0, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 23, 24, 25, 31, 32, 33};
 
 template <typename CharT>
 std::vector<Text<CharT>> MakeTexts(RandomNumbers& random, Shape shape, const Text<CharT>& alphabet,
                                    std::size_t count) {
   const Text<CharT> one = Letters(random, alphabet, 41);
-  const std::size_t shared = random.Of(kBeginnings);
+  const std::size_t shared = random.Of(kPrefixLengths);
   std::vector<Text<CharT>> few;
   for (int i = 0; i < 3; ++i) few.push_back(Letters(random, alphabet, random(41)));
   std::vector<Text<CharT>> texts;
   while (texts.size() < count) {
     switch (shape) {
-      case kSharedBeginnings:
+      case kSharedPrefixes:
         texts.push_back(one.substr(0, shared) + Letters(random, alphabet, random(4)));
         break;
-      case kBeginningsOfOne:
+      case kPrefixesOfOne:
         texts.push_back(one.substr(0, random(42)));
         break;
       case kFewTexts:
@@ -302,7 +302,7 @@ TYPED_TEST(LineSortDifferential, AThousandLinesOfEveryShapeAndKey) {
 }
 
 TYPED_TEST(LineSortDifferential, FiftyThousandLines) {
-  this->Run(200000, kSharedBeginnings, kEntireLine, In<TypeParam>("aAb"), 50000);
+  this->Run(200000, kSharedPrefixes, kEntireLine, In<TypeParam>("aAb"), 50000);
   this->Run(200001, kAnyLengths, kMadeUp, In<TypeParam>(std::string_view("a\0b", 3)), 50000);
 }
 

@@ -23,13 +23,13 @@ class ScriptedReader final : public WQDR::DataReader {
   int failAt = 0;
   std::function<void()> fail;
   // The read after this number of reads throws, which stops a loader in an endless loop.
-  std::size_t mostReads = 100000;
+  std::size_t maxReads = 100000;
 
   std::vector<std::uint32_t> requests;  // the number of bytes that each read requested
 
   void Read(void* buffer, std::uint32_t toRead, std::uint32_t* bytesRead) override {
     requests.push_back(toRead);
-    if (requests.size() > mostReads) throw std::string("too many reads");
+    if (requests.size() > maxReads) throw std::string("too many reads");
     if (static_cast<int>(requests.size()) == failAt) fail();
     std::size_t count = std::min<std::size_t>(toRead, bytes_.size() - position_);
     if (!portions_.empty())

@@ -47,7 +47,7 @@ class SortLinesCommandTest : public testing::Test {
   void Run(const SortLinesDialog& show) {
     host_.boxAnswers = {IDOK};
     SortLinesCommand(host_, show);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   ScratchFolder folder_;
@@ -67,7 +67,7 @@ TEST_F(SortLinesCommandTest, WithNothingSelectedItSaysSoInABox) {
   EXPECT_THAT(host_.recorder.CallsOf({"MessageBox"}),
               ElementsAre("MessageBox(\"T01900064\", \"T02440064\", 0x00000040)"));
   EXPECT_THAT(host_.recorder.CallsOf({"config.", "Log"}), IsEmpty());
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, ListOfARefusedRequestIsNotLookedAt) {
@@ -76,7 +76,7 @@ TEST_F(SortLinesCommandTest, ListOfARefusedRequestIsNotLookedAt) {
   host_.fillsRefusedLists = true;
   SortLinesCommand(host_, MustNotBeShown());
   EXPECT_THAT(host_.recorder.CallsOf({"MessageBox", "item ", "config.", "list1.Get"}), IsEmpty());
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, WithoutAListNothingHappens) {
@@ -160,7 +160,7 @@ TEST_F(SortLinesCommandTest, CancelStoresNothingAndSortsNothing) {
   EXPECT_THAT(host_.config.texts, IsEmpty());
   EXPECT_THAT(host_.recorder.CallsOf({"Log", "MessageBox", "FileListRequest(21120"}), IsEmpty());
   EXPECT_THAT(folder_.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, OkSortsIntoTheSuggestedNewFile) {
@@ -262,7 +262,7 @@ TEST_F(SortLinesCommandTest, LengthThatIsNoNumberLeavesTheCommandWithNothingStor
   EXPECT_THROW(SortLinesCommand(host_, show), std::out_of_range);
   EXPECT_THAT(host_.config.numbers, IsEmpty());
   EXPECT_THAT(folder_.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, ListIsGivenBackOnceByTheRun) {

@@ -50,7 +50,7 @@ struct JobRun {
     optionsAfter = job.options.options;
     listIsOpen = host.recorder.IsTaken(list->Name());
     if (listIsOpen) list->Release();
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 
   // Returns the log lines as "level: text", from both log operations, with the folder replaced by "~".

@@ -357,7 +357,7 @@ TEST(SortLinesScript, SortsTheFileCallByCall) {
               ElementsAre(ResultList{0, {run.scratch.Path(W("a.txt"))}}, ResultList{1, {}}));
   EXPECT_EQ(run.call.resultCode, std::nullopt);
   EXPECT_EQ(run.call.resultText, std::nullopt);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(SortLinesScript, ReadsFileAndTargetFirst) {
@@ -387,7 +387,7 @@ TEST(SortLinesScript, AMissingFileIsLoggedOnceTheServiceIsGivenBack) {
       ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"Z:\\nowhere\\x.txt\", 1)",
                   "ReleaseService(file operation, 3000)",
                   "LogMessage(0, 30, \"[Custom Cmd - SortLines] - FILE : Z:\\nowhere\\x.txt not found\")"));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(SortLinesScript, WithoutTheServiceTheFileIsNotFound) {
@@ -417,7 +417,7 @@ TEST(SortLinesScript, ANumberThatIsNoneLeavesTheCallWithAllGivenBack) {
                   "CreateFileList()", "list1.AddItem()", "file operation.ReleaseFileList(list1)",
                   "ReleaseService(file operation, 3000)", "list1.Release()"));
   EXPECT_THAT(run.scratch.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(SortLinesScript, AFailedSortStillReturnsOne) {
@@ -429,7 +429,7 @@ TEST(SortLinesScript, AFailedSortStillReturnsOne) {
   EXPECT_THAT(run.host.resultLists,
               ElementsAre(ResultList{0, {}}, ResultList{1, {run.scratch.Path(W("a.txt"))}}));
   EXPECT_THAT(run.scratch.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(SortLinesScript, AnEmptyTargetIsTheFolderItselfWhichASilentRunSkips) {

@@ -35,10 +35,10 @@ class EngineCloserTest : public testing::Test {
 
   // Closes the engine on another thread. Returns whether that finishes while the run is still inside the
   // host; if it does not, releases the run.
-  bool ReturnsDuringTheRun(DWORD patience) {
+  bool ReturnsDuringTheRun(DWORD timeout) {
     std::atomic<bool> isClosed{false};
     std::thread closing([&] {
-      EngineCloser{patience}(engine_);
+      EngineCloser{timeout}(engine_);
       isClosed = true;
     });
     constexpr DWORD kPollInterval = 5;
@@ -59,7 +59,7 @@ class EngineCloserTest : public testing::Test {
 };
 
 TEST_F(EngineCloserTest, AWorkerHas3000MillisecondsToEnd) {
-  EXPECT_EQ(OwnedEngine(engine_).get_deleter().patience, 3000u);
+  EXPECT_EQ(OwnedEngine(engine_).get_deleter().timeout, 3000u);
 }
 
 TEST_F(EngineCloserTest, AnEngineWhoseWorkerStaysInTheHostIsLeftToItAndNotFreed) {

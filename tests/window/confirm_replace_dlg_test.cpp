@@ -468,7 +468,7 @@ class FindAndReplaceInWindows : public ConfirmReplaceDlgWindow {
           return INT_PTR{0};
         },
         steps);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   ScratchFolder folder_;

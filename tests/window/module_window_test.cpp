@@ -281,7 +281,7 @@ TEST_F(ModuleWindowUse, EscapeAsksNoAndCancelKeepYesCloses) {
       user.PressKey(VK_ESCAPE);
       const HWND box = user.WaitForPopup();
       EXPECT_EQ(TextOf(box, kTitle), W("Velmora - MultiRename"));
-      EXPECT_FALSE(user.IsGone());
+      EXPECT_FALSE(user.IsClosed());
       user.Press(box, button);
       if (button != IDYES) user.WaitForNoPopup();
     }

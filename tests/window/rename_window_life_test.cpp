@@ -63,7 +63,7 @@ class RenameWindowLife : public RenameFrameWindow {
     EXPECT_LE(std::abs((area.top + area.bottom) - (work.top + work.bottom)), 1);
   }
   // Checks everything but the stored position.
-  void ExpectGoneOnce() {
+  void ExpectDestroyedOnce() {
     EXPECT_EQ(Frame(), nullptr);
     EXPECT_EQ(Panel(), nullptr);
     EXPECT_EQ(closed_, 1);
@@ -72,7 +72,7 @@ class RenameWindowLife : public RenameFrameWindow {
     EXPECT_EQ(engine_->notifyWindow, nullptr);
   }
   void ExpectClosedOnce() {
-    ExpectGoneOnce();
+    ExpectDestroyedOnce();
     EXPECT_EQ(host_.config.blocks.count(kPlace), 1u);
   }
 };
@@ -208,7 +208,7 @@ TEST_F(RenameWindowLife, ACloseGoesToItsEndWhateverTheHostThrowsMeanwhile) {
   Open({W("a")});
   host_.throwsAtClose = true;
   CloseFrame();
-  ExpectGoneOnce();
+  ExpectDestroyedOnce();
 }
 
 TEST_F(RenameWindowLife, TheLoopGoesOnWithoutTheWindow) {

@@ -78,7 +78,7 @@ WindowUser::WindowUser() {
   thread_.Reset(OpenThread(SYNCHRONIZE, FALSE, number_));
   hook_ = SetWindowsHookExW(WH_GETMESSAGE, OnMessageTaken, nullptr, number_);
   if (!hook_) throw std::runtime_error("no hook");
-  WaitUntil("the rows", [this] { return IsGone() || !Pane(0).empty(); });
+  WaitUntil("the rows", [this] { return IsClosed() || !Pane(0).empty(); });
 }
 
 WindowUser::~WindowUser() {
@@ -103,7 +103,7 @@ bool WindowUser::Find() {
   return panel_ && list_ && statusBar_;
 }
 
-bool WindowUser::IsGone() const {
+bool WindowUser::IsClosed() const {
   return !IsWindow(frame_) || WaitForSingleObject(thread_.Get(), 0) == WAIT_OBJECT_0;
 }
 

@@ -74,7 +74,7 @@ class WildcardPattern<CharT>::Implementation {
  private:
   bool FindMatch(const CharT* line, std::uint32_t length, std::uint32_t column, Match& match) {
     // If runs_ has a table for the line, segments_ could not decide an earlier search in this line.
-    if (segments_ && !runs_->KnowsLine()) {
+    if (segments_ && !runs_->IsKnownLine()) {
       const auto result = segments_->Search(line, length, column, match);
       if (result != SearchResult::kUnknown) return result == SearchResult::kFound;
     }

@@ -48,12 +48,12 @@ WildcardStates<CharT>::WildcardStates(const std::vector<WildcardElement<CharT>>&
 template <typename CharT>
 bool WildcardStates<CharT>::Search(const CharT* line, std::uint32_t length, std::uint32_t column,
                                    WildcardMatch& match) {
-  if (!knowsLine_) {
+  if (!isLineKnown_) {
     if ((std::uint64_t{length - column} + 1) * wordsOfPosition_ > kWildcardMemory / sizeof(visited_[0]))
       throw std::regex_error(std::regex_constants::error_complexity);
     firstColumn_ = column;
     visited_.assign((std::size_t{length - column} + 1) * wordsOfPosition_, 0);
-    knowsLine_ = true;
+    isLineKnown_ = true;
   }
   for (std::uint64_t start = column; start <= length; ++start) {
     std::uint32_t end = 0;

@@ -111,9 +111,9 @@ void RestoreFileOrder(KeyRecords& records) {
 
 template <typename Keys>
 LineOrder OrderByRank(std::span<const SortLine> lines, const FoldRule& rule) {
-  bool beginnings = false;
-  KeyRecords records = RankKeys<Keys>(lines, rule, beginnings);
-  if (beginnings) {
+  bool hasPrefixes = false;
+  KeyRecords records = RankKeys<Keys>(lines, rule, hasPrefixes);
+  if (hasPrefixes) {
     RestoreFileOrder(records);
     std::ranges::stable_sort(records,
                              [](const KeyRecord& a, const KeyRecord& b) { return b.First() > a.Last(); });

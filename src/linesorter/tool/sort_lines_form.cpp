@@ -31,7 +31,7 @@ constexpr DatePreset kDatePresets[] = {
 // The fields that accept only digits.
 struct NumberField {
   WString SortLinesForm::*text;
-  std::size_t mostDigits;
+  std::size_t maxDigits;
 };
 
 constexpr NumberField kNumberFields[] = {
@@ -95,7 +95,7 @@ void KeepDigits(SortLinesForm& form) {
   for (const NumberField& field : kNumberFields) {
     WString& text = form.*field.text;
     std::erase_if(text, [](WCHAR character) { return character < W('0') || character > W('9'); });
-    if (text.size() > field.mostDigits) text.resize(field.mostDigits);
+    if (text.size() > field.maxDigits) text.resize(field.maxDigits);
   }
 }
 

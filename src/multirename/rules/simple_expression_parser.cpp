@@ -37,7 +37,7 @@ class SimpleExpressionParser {
 
   std::optional<SimpleExpression> Parse() {
     const std::optional<Part> whole = Alternatives();
-    if (!whole || !rest_.empty() || whole->leastSize == 0 || Count() > kMaxSimpleNodes) return std::nullopt;
+    if (!whole || !rest_.empty() || whole->minSize == 0 || Count() > kMaxSimpleNodes) return std::nullopt;
     Join(*whole, Add(Operation::kAccept));
     made_.start_ = whole->first;
     made_.firstAtom_ = FirstAtom();
@@ -54,7 +54,7 @@ class SimpleExpressionParser {
   struct Part {
     std::uint16_t first = 0;
     std::vector<std::uint16_t> ends;
-    std::size_t leastSize = 0;
+    std::size_t minSize = 0;
   };
 
   std::size_t Count() const { return made_.nodes_.size(); }
@@ -87,7 +87,7 @@ class SimpleExpressionParser {
     At(either).other = others->first;
     all->first = either;
     all->ends.insert(all->ends.end(), others->ends.begin(), others->ends.end());
-    all->leastSize = std::min(all->leastSize, others->leastSize);
+    all->minSize = std::min(all->minSize, others->minSize);
     return all;
   }
 
@@ -102,7 +102,7 @@ class SimpleExpressionParser {
       }
       Join(*all, part->first);
       all->ends = part->ends;
-      all->leastSize += part->leastSize;
+      all->minSize += part->minSize;
     }
     return all;  // std::nullopt if empty, which is not simple
   }
@@ -119,7 +119,7 @@ class SimpleExpressionParser {
     return Single(node, At(node).operation == Operation::kAtom ? 1 : At(node).least);
   }
 
-  static Part Single(std::uint16_t node, std::size_t leastSize) { return {node, {node}, leastSize}; }
+  static Part Single(std::uint16_t node, std::size_t minSize) { return {node, {node}, minSize}; }
 
   std::optional<Part> Group() {
     const bool isCaptured = !rest_.starts_with(W('?'));
@@ -134,7 +134,7 @@ class SimpleExpressionParser {
     At(open).number = At(close).number = number;
     At(open).next = inner->first;
     Join(*inner, close);
-    return Part{open, {close}, inner->leastSize};
+    return Part{open, {close}, inner->minSize};
   }
 
   bool IsCountNext() const {
