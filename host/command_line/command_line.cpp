@@ -53,23 +53,25 @@ void DeclareOptions(CLI::App& app, Options& options) {
   AddText(app, "--panel", "DIR", options.panel, "Folder that the other panel shows");
   AddText(app, "--focus", "ITEM", options.focus, "The focused item [the first ITEM]");
   AddText(app, "--view", "DIR", options.view, "Folder that the panel shows [the focused item's]");
-  AddText(app, "--items", "FILE", options.items, "File with further ITEMs, one a line; - for standard input");
+  AddText(app, "--items", "FILE", options.items,
+          "File with further ITEMs, one per line; - for standard input");
   AddTexts(app, "--answer", "A", options.answers, std::string("Answers the next question: ") + kAnswerForms);
   AddTexts(app, "--form", "F=V", options.form,
            "Fills field F of the next dialog, DIALOG.F of the next of that name (native build)");
   app.add_flag("--elevated", options.elevated, "As if the host ran with administrator rights");
   app.add_flag("--without-rights", options.withoutRights,
-               "As if you were not allowed to make symbolic links; the elevated helper is (native build)");
+               "Behave as if you may not create symbolic links; the elevated helper is (native build)");
   app.add_flag("--before-vista", options.beforeVista, "As if Windows were older than Vista");
-  app.add_flag("--class-a", options.classA,
-               "As if Windows were of class A, which leaves some items of the control panel out of the menu");
+  app.add_flag(
+      "--class-a", options.classA,
+      "Behave as on Windows of class A, which leaves some items of the control panel out of the menu");
   app.add_flag("--class-b", options.classB, "As if Windows were of class B, which leaves none out");
   app.add_flag("--dry-run", options.dryRun,
-               "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 and rename "
+               "Report what would be renamed, and rename nothing; for the commands 30000 to 30060 and rename "
                "--run or --undo");
   app.add_flag("--in-order", options.inOrder,
-               "Try the renames of a command one by one as they come, instead of planning them as a whole");
-  app.add_flag("--json", options.json, "One JSON object a line instead of prose");
+               "Try the renames of a command one by one in order, instead of planning them as a whole");
+  app.add_flag("--json", options.json, "One JSON object per line instead of prose");
 }
 
 std::vector<std::string> OptionNames(const CLI::App& app) {

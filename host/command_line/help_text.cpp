@@ -74,7 +74,7 @@ Examples:
   qxhost columns *                                 owner, access and alternate streams of each
   qxhost --form userName=nobody --form access=read --answer ok command add-access a.txt
                                                    nobody may read a.txt
-  qxhost --json menu                               one JSON object a line, for programs
+  qxhost --json menu                               one JSON object per line, for programs
 
 Exit status:
   0  the module handled the command; also if a question was cancelled

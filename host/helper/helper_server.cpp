@@ -90,7 +90,7 @@ bool ServeHelperMessages(IPluginInterface& extension, const HelperStreams& strea
 int RunHelper(const std::vector<std::string>& arguments) {
   const auto tell = [](const char* text) { WriteStandardError(std::string("qxhost: ") + text + "\n"); };
   try {
-    if (arguments.size() != 1) throw BadCall("helper: the host starts this one by itself");
+    if (arguments.size() != 1) throw BadCall("helper: the host itself starts this verb");
     Serve(arguments.front());
     return kExitHandled;
   } catch (const BadCall& failure) {

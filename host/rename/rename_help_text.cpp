@@ -25,9 +25,9 @@ All renames of a run count as done at once: 1 to 2, 2 to 3 works in any order, a
 which one file is NAME.qxhost-tmp for a moment. With --in-order each is tried once, as it comes. No file is ever
 replaced. Ctrl+C ends a run after the rename in progress, and what was done can be undone.
 
---items FILE reads further ITEMs, one a line (- is standard input); --dry-run shows what --run or --undo would do,
-rename by rename; --json writes one JSON object a line. In cmd and PowerShell * and ? in the last name of an ITEM are
-found by this program, without hidden files.
+--items FILE reads further ITEMs, one per line (- is standard input); --dry-run shows what --run or --undo would do,
+rename by rename; --json writes one JSON object per line. In cmd and PowerShell * and ? in the last name of an ITEM
+are found by this program, without hidden files.
 
 Examples:
   qxhost rename --name "[?modified,{yyyy-MM-dd}]_[C]" *.jpg

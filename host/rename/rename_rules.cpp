@@ -82,7 +82,7 @@ SearchAndReplaceItems GivenPairs(const RuleOptions& options) {
   if (!options.replaces.empty() && options.replaces.size() != options.finds.size()) {
     throw BadCall("--find is given " + std::to_string(options.finds.size()) + " times and --replace " +
                   std::to_string(options.replaces.size()) +
-                  " times; each --find has its --replace, \"\" to take the text out");
+                  " times; each --find has its --replace, \"\" to remove the text");
   }
   SearchAndReplaceItems pairs;
   for (std::size_t index = 0; index < options.finds.size(); ++index) {

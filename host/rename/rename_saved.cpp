@@ -128,7 +128,7 @@ bool SaveRenameProfile(Shared& shared, IHostApp& host, const std::string& text, 
   shared.reporter.Say("saved the profile \"" + ToUtf8(name) + "\"");
   const std::string lost = LossesOfProfile(rules, RulesOfProfile(*kept));
   if (!lost.empty()) {
-    shared.output.Problem("note: the profile does not keep these as they were given: " + lost);
+    shared.output.Problem("note: the profile does not store these as they were given: " + lost);
   }
   return true;
 }
@@ -182,7 +182,7 @@ bool SavePairs(Shared& shared, IHostApp& host, const std::string& text, const Re
                       " as list " + std::to_string(number));
   // Compares them as --pairs uses them.
   if (CollectSearchItems(PairRows(*kept), true) != rules.pairs)
-    shared.output.Problem("note: the list does not keep the pairs as they were given");
+    shared.output.Problem("note: the list does not store the pairs as they were given");
   return true;
 }
 

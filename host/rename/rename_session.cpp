@@ -32,7 +32,7 @@ RenameSession::RenameSession(Shared& shared)
       host_(shared, kMultiRenameIndex, kMultiRenameModule),
       engine_(new MultiRenameEngine(&host_)) {
   engine_->propertyManager = host_.GetPropertyManager();
-  if (!engine_->worker.Start()) throw ModuleFailure("cannot make a thread for the renames");
+  if (!engine_->worker.Start()) throw ModuleFailure("cannot create a thread for the renames");
 }
 
 void RenameSession::Work() {

@@ -37,7 +37,7 @@ auto Guarded(const char* operation, Call call) {
   } catch (const std::exception& error) {
     throw ModuleFailure(std::string("the module threw out of ") + operation + ": " + error.what());
   } catch (...) {
-    throw ModuleFailure(std::string("the module threw out of ") + operation + ": something unknown");
+    throw ModuleFailure(std::string("the module threw out of ") + operation + ": an unknown exception");
   }
 }
 

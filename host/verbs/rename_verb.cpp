@@ -79,7 +79,7 @@ class RenameVerb final : public Verb {
   void Declare(CLI::App& app) override {
     AddRest(app, "ITEM", items_,
             "Files and folders, in the order of the counters: /a/b, Z:\\a\\b or relative");
-    AddFlag(app, "--run", run_, "Rename; without it you see what would become of each name, and no more");
+    AddFlag(app, "--run", run_, "Rename; without it only a preview is shown");
     AddOptionalText(app, "--name", "TEMPLATE", rules_.name, "New name without its extension [\"[N]\"]");
     AddOptionalText(app, "--extension", "TEMPLATE", rules_.extension, "New extension, no dot [\"[E]\"]");
     AddOptionalText(app, "--start", "N", rules_.start, "First value of the counter [C] [1]");
@@ -93,18 +93,18 @@ class RenameVerb final : public Verb {
     AddSwitch(app, "--replace-all", rules_.replaceAll, "Replace each occurrence, and not the first alone");
     AddSwitch(app, "--case-sensitive", rules_.caseSensitive, "--find heeds letter case");
     AddOptionalText(app, "--parts", "PART", rules_.parts,
-                    "Where --find looks: both (each by itself), name or extension [both]");
+                    "Where --find searches: both (each by itself), name or extension [both]");
     AddOptionalText(app, "--profile", "NAME", rules_.profile,
-                    "Begin with the rules of a profile; rules that are given as well take their place, and "
+                    "Start from the rules of a profile; rules that are given as well override them, and "
                     "--no-regex, --no-replace-all and --no-case-sensitive switch its switches off");
     AddOptionalText(app, "--save-profile", "NAME", saveProfile_, "Save the rules as a profile");
     AddFlag(app, "--list-profiles", listProfiles_, "Show all profiles");
     AddOptionalText(app, "--delete-profile", "NAME", deleteProfile_, "Delete a profile");
-    AddOptionalText(app, "--pairs", "N", rules_.pairs, "Begin with the pairs of the saved list N, 1 to 24");
+    AddOptionalText(app, "--pairs", "N", rules_.pairs, "Start from the pairs of the saved list N, 1 to 24");
     AddOptionalText(app, "--save-pairs", "N", savePairs_, "Save the --find and --replace texts as list N");
     AddFlag(app, "--list-pairs", listPairs_, "Show all lists of --save-pairs");
     AddFlag(app, "--no-undo", noUndo_, "Write no undo file");
-    AddOptionalText(app, "--undo", "FILE", undo_, "Take a run back: last, or an undo file by name or path");
+    AddOptionalText(app, "--undo", "FILE", undo_, "Undo a run: last, or an undo file by name or path");
     AddFlag(app, "--list-undo", listUndo_, "Show the undo files, the newest first");
     AddOptionalText(app, "--delete-undo", "FILE", deleteUndo_,
                     "Delete an undo file: last, all, or by name or path");
@@ -116,7 +116,7 @@ class RenameVerb final : public Verb {
 
   void CheckDryRun() const override {
     if (saveProfile_ || deleteProfile_ || savePairs_ || deleteUndo_) {
-      throw BadCall("--dry-run holds back renames, and no change of profiles, pairs and undo files");
+      throw BadCall("--dry-run applies to renames, not to changes of profiles, pairs and undo files");
     }
   }
 
@@ -145,8 +145,8 @@ class RenameVerb final : public Verb {
     }
     session.Preview(rules);
     if (const std::size_t count = session.AbortedSearches(); count != 0) {
-      run.Host().output.Problem("note: the search took too long and was given up in " +
-                                std::to_string(count) + (count == 1 ? " name" : " names") +
+      run.Host().output.Problem("note: the search took too long and was stopped in " + std::to_string(count) +
+                                (count == 1 ? " name" : " names") +
                                 ", which it leaves as they are; a simpler expression finds more");
     }
     run_ ? Rename(run, session, rules) : Show(run, session);

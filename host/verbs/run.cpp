@@ -186,7 +186,7 @@ void Run::MakeConfigFolder() {
   const WString& folder = shared_->answers.configFolder;
   const DWORD error = MakeFolder(folder);
   if (error != ERROR_SUCCESS) {
-    throw BadCall("cannot make the configuration folder " + ToUtf8(folder) + ": " + ErrorText(error));
+    throw BadCall("cannot create the configuration folder " + ToUtf8(folder) + ": " + ErrorText(error));
   }
 }
 
@@ -200,7 +200,7 @@ int Run::Finish(int value, const std::string& noteOfZero) {
     output_.Problem("note: answers that were not used: " + std::to_string(left));
   }
   if (questions_->FormValuesLeft() != 0) {
-    output_.Problem("note: no dialog came that --form could fill: " + questions_->FormFieldsLeft());
+    output_.Problem("note: there was no dialog for --form: " + questions_->FormFieldsLeft());
     questions_->RefuseMistypedDialogs();
   }
   if (questions_->HasRefused()) return kExitBadCall;

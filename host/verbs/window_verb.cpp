@@ -36,7 +36,7 @@ class WindowVerb final : public Verb {
 
   void CheckDryRun() const override {
     throw BadCall(
-        "--dry-run holds back renames alone, and the window saves undo files and profiles too: leave "
+        "--dry-run applies to renames only, and the window saves undo files and profiles too: leave "
         "--dry-run "
         "out. The window shows every new name before it renames");
   }
@@ -48,7 +48,8 @@ class WindowVerb final : public Verb {
 
   int Execute(Run& run) override {
     if (!kControlsAreDrawn) {
-      throw BadCall("window: this build draws none; `qxhost rename` renames by the same rules without one");
+      throw BadCall(
+          "window: this build has no windows; `qxhost rename` renames by the same rules without one");
     }
     PictureRequest& picture = run.Host().picture;
     if (picture_) picture.path = FullPathOfPicture();

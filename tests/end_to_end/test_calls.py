@@ -42,7 +42,7 @@ class Window(HostTest):
         self.make("a.txt")
         outcome = self.process("--dry-run", "window", "a.txt")
         self.assertEqual(outcome.status, 2)
-        self.assertIn("--dry-run holds back renames alone", outcome.stderr)
+        self.assertIn("--dry-run applies to renames only", outcome.stderr)
 
     def test_a_missing_item_is_reported_before_anything_opens(self):
         outcome = self.process("window", "nowhere.txt")
@@ -182,7 +182,7 @@ class BadCalls(HostTest):
             for front in ([], ["--json"]):
                 with self.subTest(call=call, front=front):
                     message = self.refused("--dry-run", "--answer", "ok", "--answer", "ok", *front, *call)
-                    self.assertIn("--dry-run holds back renames", message)
+                    self.assertIn("--dry-run applies to renames", message)
                     self.assertEqual((self.names(), self.content("a.txt")), (["a.txt"], "b\na\n"))
                     self.assertFalse(os.path.exists(self.config))
 

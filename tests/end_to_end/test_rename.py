@@ -375,7 +375,7 @@ class Saved(RenameTest):
         self.assertIn("does not keep", outcome.stderr)
         self.assertIn("--regex", outcome.stderr)
         outcome = self.rename("--find", "a", "--parts", "extension", "--save-profile", "Q")
-        self.assertIn("does not keep these as they were given: --parts", outcome.stderr)
+        self.assertIn("does not store these as they were given: --parts", outcome.stderr)
 
     def test_pairs_are_saved_under_a_number_and_used(self):
         self.make("old name.txt")

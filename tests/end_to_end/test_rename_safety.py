@@ -264,7 +264,7 @@ class SavedBeside(SafetyTest):
 
     def test_pairs_that_lose_their_quotes_are_said_to(self):
         outcome = self.rename("--find", '"a"', "--replace", "b", "--save-pairs", "1")
-        self.assertIn("note: the list does not keep the pairs as they were given", outcome.stderr)
+        self.assertIn("note: the list does not store the pairs as they were given", outcome.stderr)
         outcome = self.rename("--find", "a", "--replace", " b ", "--save-pairs", "1")
         self.assertEqual(outcome.stderr, "")
 

@@ -38,7 +38,7 @@ class Notes(RenameTest):
     def test_a_search_that_takes_too_long_is_counted(self):
         names = ["a" * 60 + "b%d" % number for number in range(2)]
         self.make(*names, "short")
-        self.assertIn("given up in 2 names", self.notes("--regex", "--find", "(a+)+c", *names, "short"))
+        self.assertIn("stopped in 2 names", self.notes("--regex", "--find", "(a+)+c", *names, "short"))
         self.assertEqual(self.notes("--regex", "--find", "a+c", *names, "short"), "")
 
     def test_switches_of_a_search_without_one_do_nothing_and_say_so(self):

@@ -139,4 +139,4 @@ else:
         def test_a_form_that_no_dialog_takes_is_noted(self):
             self.make("a.txt")
             outcome = self.run_json("--form", "find=a", "command", "30000", self.path("a.txt"), answers=["ok"])
-            self.assertIn("no dialog came that --form could fill", outcome.stderr)
+            self.assertIn("there was no dialog for --form", outcome.stderr)

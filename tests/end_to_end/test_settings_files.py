@@ -74,7 +74,7 @@ class SettingsFiles(HostTest):
         self.make("a.txt")
         self.config = self.path("a.txt", "below")
         outcome = self.command(30000, "a.txt", answers=["ok"], status=2)
-        self.assertIn("cannot make the configuration folder", outcome.stderr)
+        self.assertIn("cannot create the configuration folder", outcome.stderr)
         self.assertEqual(self.names(), ["a.txt"])
 
 
