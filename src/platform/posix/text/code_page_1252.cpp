@@ -120,9 +120,9 @@ std::optional<unsigned char> EncodeByte1252(char16_t unit, bool bestFit) {
     return static_cast<unsigned char>(kFirstSpecial + (special - kSpecials.begin()));
   }
   if (!bestFit) return std::nullopt;
-  const auto* const bestFit =
+  const auto* const match =
       std::lower_bound(std::begin(kBestFits), std::end(kBestFits), BestFit{unit, {}}, ByUnit);
-  if (bestFit != std::end(kBestFits) && bestFit->unit == unit) return bestFit->byte;
+  if (match != std::end(kBestFits) && match->unit == unit) return match->byte;
   for (const BestFitRun& run : kBestFitRuns) {
     const auto offset = static_cast<unsigned>(unit - run.first);
     if (offset < run.count) return static_cast<unsigned char>(run.byte + offset);
