@@ -98,7 +98,7 @@ class BadCalls(HostTest):
     def test_a_number_that_is_none(self):
         for number in ("x", "30000x", "", "99999999999", "0x7530"):
             with self.subTest(number=number):
-                self.assertIn("\"%s\" is no command" % number, self.refused("command", number))
+                self.assertIn("\"%s\" is not a command" % number, self.refused("command", number))
 
     def test_the_nearest_word_is_proposed_for_a_mistyped_one(self):
         self.make("a.txt")
@@ -133,7 +133,7 @@ class BadCalls(HostTest):
         self.assertEqual(self.names(), ["a.txt"])
 
     def test_an_empty_item_and_a_drive(self):
-        self.assertIn("no path", self.refused("command", "30000", ""))
+        self.assertIn("not a path", self.refused("command", "30000", ""))
         self.refused("command", "30000", "/")
         self.refused("command", "30000", "Z:\\")
 
@@ -141,7 +141,7 @@ class BadCalls(HostTest):
         for item in ("Z:", "Z:a.txt"):
             with self.subTest(item=item):
                 self.make("a.txt")
-                self.assertIn("no path", self.refused("--dry-run", "command", "30000", item))
+                self.assertIn("not a path", self.refused("--dry-run", "command", "30000", item))
 
     def test_a_focused_item_a_view_and_a_panel_must_exist(self):
         self.make("a.txt")

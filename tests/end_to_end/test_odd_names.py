@@ -132,4 +132,4 @@ class Drives(HostTest):
         outcome = self.process("--config", self.config, "command", "30000",
                                "\\\\.\\" + windows_path(self.path("x")))
         self.assertEqual(outcome.status, 2)
-        self.assertIn("no path", outcome.stderr)
+        self.assertIn("not a path", outcome.stderr)

@@ -322,7 +322,7 @@ class UndoFiles(RenameTest):
         self.assertIn("no undo files", self.refused("--undo", "last"))
         self.write("file.dat", 1000, ["Z:\\x|a|b"])
         self.assertIn("Did you mean file.dat?", self.refused("--undo", "flie.dat"))
-        self.assertIn("is no undo file", self.refused("--undo", self.path("a.txt")))
+        self.assertIn("is not an undo file", self.refused("--undo", self.path("a.txt")))
         self.assertIn("cannot read", self.refused("--undo", self.path("missing")))
 
     def test_an_edited_file_moves_nothing_out_of_its_folder(self):
@@ -338,7 +338,7 @@ class UndoFiles(RenameTest):
             self.write(name, 1000, ["Z:\\x|a|b"])
         self.rename("--delete-undo", "b.dat")
         self.assertEqual(self.undo_files(), ["a.dat", "c.dat"])
-        self.assertIn("is no undo file", self.refused("--delete-undo", "b.dat"))
+        self.assertIn("is not an undo file", self.refused("--delete-undo", "b.dat"))
         self.rename("--delete-undo", "all")
         self.assertEqual(self.undo_files(), [])
 
@@ -372,7 +372,7 @@ class Saved(RenameTest):
 
     def test_what_a_profile_does_not_keep_is_said(self):
         outcome = self.rename("--regex", "--save-profile", "P")
-        self.assertIn("does not keep", outcome.stderr)
+        self.assertIn("does not store", outcome.stderr)
         self.assertIn("--regex", outcome.stderr)
         outcome = self.rename("--find", "a", "--parts", "extension", "--save-profile", "Q")
         self.assertIn("does not store these as they were given: --parts", outcome.stderr)
@@ -384,7 +384,7 @@ class Saved(RenameTest):
         self.assertEqual(self.rows(outcome), [("old name.txt", "new_name.txt", 0)])
         outcome = self.rename("--pairs", "24", "--find", "NAME", "--replace", "x", "old name.txt")
         self.assertEqual(self.rows(outcome), [("old name.txt", "new_x.txt", 0)])
-        self.assertIn("there are: 24", self.refused("--pairs", "1", "old name.txt"))
+        self.assertIn("the lists are: 24", self.refused("--pairs", "1", "old name.txt"))
         self.assertIn("there are none", self.refused("--save-pairs", "1"))
 
     def test_properties_are_listed_with_their_display_names(self):

@@ -447,7 +447,7 @@ if not IS_WINDOWS:
                     self.make(old)
                     outcome = self.prose("--name", "n", "--run", "./" + old)
                     self.assertIn("the run cannot be undone", outcome.stderr)
-                    self.assertNotIn("Take it back", outcome.stdout)
+                    self.assertNotIn("Undo it", outcome.stdout)
                     self.assertEqual((outcome.status, self.undo_files(), self.names()), (0, [], ["n"]))
 
 

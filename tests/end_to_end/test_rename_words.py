@@ -157,7 +157,7 @@ class Calls(RenameTest):
         self.assertEqual(self.rename("--list-pairs").of("pairs"), [{"event": "pairs", "number": 3, "pairs": pairs}])
         self.assertEqual(self.prose("--list-pairs").stdout, "list 3\n  --find \" old\" --replace \"new\"\n")
         self.make("a.txt")
-        self.assertIn("there are: 3\n", self.refused("--pairs", "4", "a.txt"))
+        self.assertIn("the lists are: 3\n", self.refused("--pairs", "4", "a.txt"))
 
 
 if IS_WINDOWS:
