@@ -78,7 +78,7 @@ SharedItems MakeRows(std::size_t count) {
 QxHost::LanguageTable ReadTexts() {
   std::string bytes;
   if (QxHost::ReadWholeFile(QxHost::ProgramFolder() + W("\\english.language"), bytes) != ERROR_SUCCESS)
-    Fail("there is no language table beside the program");
+    Fail("there is no language table in the folder of the program");
   std::vector<std::string> warnings;
   return QxHost::LanguageTable::Parse(bytes, warnings);
 }
@@ -138,9 +138,9 @@ class MeasuredWindow final : public RenameWindowOwner, private MessageFilter {
  private:
   // When the effects of a key occur, in milliseconds after it.
   struct KeyTimes {
-    double answered = 0;   // the loop reaches the next key
-    double previewed = 0;  // the worker's message that all names are computed is processed
-    double painted = 0;    // the list shows the names
+    double nextKeyTaken = 0;  // the loop reaches the next key
+    double previewed = 0;     // the worker's message that all names are computed is processed
+    double painted = 0;       // the list shows the names
   };
 
   RenameContext& Context() override { return context_; }
@@ -151,7 +151,7 @@ class MeasuredWindow final : public RenameWindowOwner, private MessageFilter {
       isPreviewed_ = false;
       PostThreadMessageW(GetCurrentThreadId(), kNextKey, 0, 0);
     } else if (message.message == kNextKey && !message.hwnd) {
-      times_.answered = MillisecondsSince(begin_);
+      times_.nextKeyTaken = MillisecondsSince(begin_);
       if (atNextKey_) std::exchange(atNextKey_, nullptr)();
       return true;
     } else if (message.message == MRM_ROWS_CHANGED && !engine_.worker.WasPreviewCut()) {
@@ -280,19 +280,19 @@ void MeasuredWindow::MeasureFilling(const SharedItems& rows) {
 }
 
 void MeasuredWindow::MeasureKeys(std::size_t rowCount) {
-  std::vector<double> answered;
+  std::vector<double> nextKeyTaken;
   std::vector<double> previewed;
   std::vector<double> painted;
   const auto add = [&](const KeyTimes& times) {
-    answered.push_back(times.answered);
+    nextKeyTaken.push_back(times.nextKeyTaken);
     previewed.push_back(times.previewed);
     painted.push_back(times.painted);
   };
   const auto print = [&](const std::string& key) {
-    Print((key + ", until the next is taken").c_str(), answered);
+    Print((key + ", until the next is taken").c_str(), nextKeyTaken);
     Print((key + ", until all names are computed").c_str(), previewed);
     Print((key + ", until the list shows them").c_str(), painted);
-    answered.clear();
+    nextKeyTaken.clear();
     previewed.clear();
     painted.clear();
   };
@@ -305,8 +305,8 @@ void MeasuredWindow::MeasureKeys(std::size_t rowCount) {
   const double previewLength = *std::ranges::min_element(previewed);
   print("a key");
   if (rowCount < 100'000) return;
-  constexpr int kMostTries = 50;
-  for (int run = 0; run < kMostTries && answered.size() < kRuns; ++run) {
+  constexpr int kMaxTries = 50;
+  for (int run = 0; run < kMaxTries && nextKeyTaken.size() < kRuns; ++run) {
     const KeyTimes times = TypeKeyIntoPreview(W('x'), W('y'), previewLength);
     // Does not count a first preview that was faster than the second key.
     if (FirstName() == W("folder 00000_some_file name 000xy.TXT")) add(times);
@@ -315,7 +315,7 @@ void MeasuredWindow::MeasureKeys(std::size_t rowCount) {
     TypeKey(W('\b'));
     TypeKey(W('\b'));
   }
-  if (answered.empty()) Fail("no key came during a preview");
+  if (nextKeyTaken.empty()) Fail("no key came during a preview");
   print("a key during a preview");
 }
 

@@ -2,13 +2,13 @@
 # headers cost is paid once a batch. Each source still includes what it uses, and QX_BATCHES=OFF compiles each by
 # itself. In return, a name in an unnamed namespace must be unique in its batch.
 #
-# A source's batch follows from its folder and a hash of its name, never from the sources beside it: adding one
+# A source's batch follows from its folder and a hash of its name, never from the other sources: adding one
 # changes no other batch. A source's property QX_BATCH names another batch for it, as for the few that include a large
 # header.
 option(QX_BATCHES "Compile sources in batches" ON)
 
-# qx_batches(<target> <batches>): compiles the sources of <target> in that many batches at most for each folder beside
-# the CMakeLists.txt; the folders within a folder share its batches.
+# qx_batches(<target> <batches>): compiles the sources of <target> in that many batches at most for each folder next
+# to the CMakeLists.txt; the folders within a folder share its batches.
 function(qx_batches target batches)
   if(NOT QX_BATCHES)
     return()

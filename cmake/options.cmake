@@ -4,9 +4,9 @@ target_include_directories(qx_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 # For C++ alone: the resource compiler takes none of these.
 target_compile_options(qx_options INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Wnon-virtual-dtor>)
-# GCC 12 sees overlaps in std::string's assignment that are not there (its bug 105651).
+# GCC 12 warns of overlaps in std::string's assignment that do not exist (its bug 105651).
 target_compile_options(qx_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
-# It takes a source that is compiled in a batch for a header, in which unnamed namespaces would be a mistake.
+# It treats a source that is compiled in a batch as a header, in which unnamed namespaces would be an error.
 target_compile_options(qx_options INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage>)
 # Windows' own constants and types differ in sign.
 if(WIN32)
@@ -19,7 +19,7 @@ endif()
 if(WIN32)
   enable_language(RC)
   set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -c 65001")
-  # The product stands alone: the runtime, threads included, is linked in.
+  # The product needs no other libraries: the runtime, including threads, is linked in.
   add_link_options(-static)
   # 0x0601: Windows 7, the oldest system that the extensions serve.
   target_compile_definitions(qx_options INTERFACE UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601)

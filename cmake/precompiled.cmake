@@ -1,5 +1,5 @@
 # Precompiled headers. Reading the headers of the libraries takes longer than compiling most sources, so each kind of
-# target reads them once. They only spare time: every source includes what it uses, and QX_PCH=OFF builds without.
+# target reads them once. They only save time: every source includes what it uses, and QX_PCH=OFF builds without.
 option(QX_PCH "Read the headers of libraries precompiled" ON)
 
 set(QX_STANDARD_HEADERS

@@ -19,7 +19,7 @@ std::basic_string<CharT> Narrowed(const WString& text) {
 
 // The plain engine supports no repetition with braces, and is too slow for long lines.
 template <typename CharT>
-bool CanRunPlainly(const Trial<CharT>& trial) {
+bool CanRunReference(const Trial<CharT>& trial) {
   if ((trial.flags & Wildcard) == 0) return trial.bytes.size() <= 4096;
   return trial.bytes.size() <= 600 && trial.find.find(CharT('{')) == std::basic_string<CharT>::npos;
 }
@@ -36,7 +36,7 @@ void Try(Trial<WCHAR> wide) {
   trial.asks = wide.asks;
   trial.answers = wide.answers;
   const TrialOutcome<CharT> outcome = RunEngine(trial);
-  if (CanRunPlainly(trial)) Require(outcome == RunPlainly(trial));
+  if (CanRunReference(trial)) Require(outcome == RunReference(trial));
 }
 
 }  // namespace

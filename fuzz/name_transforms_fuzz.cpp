@@ -29,8 +29,8 @@ constexpr Swap kSwaps[] = {
 WString PlainSwap(const WString& name, bool isFolder, const Swap& swap) {
   WString result;
   for (std::size_t at = 0; at < name.size(); ++at) {
-    const bool isBehindLastDot = !isFolder && name.rfind(W('.')) != WString::npos && at >= name.rfind(W('.'));
-    result += !isBehindLastDot && name[at] == swap.from ? swap.to : name[at];
+    const bool isAfterLastDot = !isFolder && name.rfind(W('.')) != WString::npos && at >= name.rfind(W('.'));
+    result += !isAfterLastDot && name[at] == swap.from ? swap.to : name[at];
   }
   return result;
 }

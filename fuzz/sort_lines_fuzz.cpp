@@ -66,7 +66,7 @@ void SortInMemory(std::span<const std::uint8_t> bytes, const SortLinesOptions& o
   const LineRange range = MovableRange(data->lines, options);
   auto plain = data->lines;
   SortLineRange<CharT>(data->lines, range, options);
-  SortLineRangePlainly<CharT>(plain, range, options);
+  SortLineRangeReference<CharT>(plain, range, options);
   for (std::size_t i = 0; i < plain.size(); ++i) Require(plain[i].text == data->lines[i].text);
 }
 

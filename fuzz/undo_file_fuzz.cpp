@@ -39,7 +39,7 @@ void Read(std::span<const std::uint8_t> bytes) {
   }
   if (!isPlain) return;
   const std::vector<std::uint8_t> written = BytesOf(*session);
-  if (written.size() > kMostOfUndoFile) return;
+  if (written.size() > kMaxUndoFileBytes) return;
   const std::unique_ptr<MultiRenameUndo> again = ReadUndoText(written);
   Require(again && again->entries.size() == session->entries.size());
   for (std::size_t index = 0; index < again->entries.size(); ++index) {

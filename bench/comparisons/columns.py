@@ -5,8 +5,8 @@ from comparisons.common import BIN, make_tree, measure, row
 
 
 def columns(scratch):
-    """The same answers from the usual tools: the owner from ls, the attributes from getfattr, the rights from getfacl."""
-    print("qxhost columns beside ls -l, getfattr and getfacl, one after the other:")
+    """Gets the same data from standard tools: the owner from ls, the attributes from getfattr, the rights from getfacl."""
+    print("qxhost columns compared with ls -l, getfattr and getfacl, one after the other:")
     tree = scratch / "columns"
     make_tree(tree, 1000, 100)
     files = sorted(str(path) for path in tree.glob("*/*"))
@@ -24,4 +24,4 @@ def columns(scratch):
         row("ls -l, getfattr, getfacl", seconds, kib)
         row("qxhost columns", *measure([
             str(BIN / "qxhost"), "--config", str(scratch / "config"), "--items", str(listing), "columns"]),
-            beside=seconds)
+            reference=seconds)

@@ -1,4 +1,4 @@
-"""Measuring whole commands, and the files that they work on."""
+"""Measures whole commands, and creates the files for them."""
 import pathlib
 import random
 import subprocess
@@ -28,8 +28,8 @@ def measure(command, runs=5):
     return best, peak
 
 
-def row(label, seconds, kib, beside=None):
-    ratio = f"   {seconds / beside:5.2f} of it" if beside else ""
+def row(label, seconds, kib, reference=None):
+    ratio = f"   {seconds / reference:5.2f} of it" if reference else ""
     print(f"  {label:<44} {seconds * 1000:9.1f} ms {kib / 1024:8.1f} MiB{ratio}")
 
 
@@ -48,7 +48,7 @@ def make_tree(top, folders, files):
 
 
 def text_lines():
-    """Text of real shape: the package index of the machine, or lines of its lengths, repeats and beginnings."""
+    """Text of real shape: the package index of the machine, or lines of its lengths, repeats and prefixes."""
     index = subprocess.run(["apt-cache", "dumpavail"], capture_output=True, check=False).stdout
     lines = [line for line in index.split(b"\n") if len(line) < 16000]
     if len(lines) > 500_000:

@@ -4,7 +4,7 @@ from comparisons.common import TOP, alone, measure, text_lines
 
 
 def language(scratch):
-    """In the order of the user's language, natively and under Wine (which shows itself, not Windows)."""
+    """In the order of the user's language, natively and under Wine (which measures Wine, not Windows)."""
     lines = text_lines()[:200_000]
     text = scratch / "text"
     text.write_bytes(b"\n".join(lines) + b"\n")

@@ -56,7 +56,7 @@ def there_and_back(scratch, items, *options):
 
 
 def chain(scratch):
-    """Names that each wait for the next: x to xx, xx to xxxx and so on, in many folders."""
+    """Names of which each waits for the next: x to xx, xx to xxxx and so on, in many folders."""
     print("Chains of six renames, per item: each waits for the next:")
     top = scratch / "chains"
     items = []

@@ -54,25 +54,25 @@ def previews(scratch):
         for count in COUNTS:
             runs_of_one = 5 if count <= 100000 else 2
             listing = scratch / f"items-{count}"
-            beside = None
+            reference = None
             if has(PERL):
-                beside, kib = measure(perl(f"-n '{script}'", listing), runs=runs_of_one)
-                perl_rows[kind, count] = beside / count * 1e9
-                row(f"{PERL} -n, {count} names", beside, kib)
+                reference, kib = measure(perl(f"-n '{script}'", listing), runs=runs_of_one)
+                perl_rows[kind, count] = reference / count * 1e9
+                row(f"{PERL} -n, {count} names", reference, kib)
             for ending, options in ("", []), (" --json", ["--json"]):
                 seconds, kib = measure(host(scratch, [*options, "--items", str(listing)], ["rename", *rules]), runs=runs_of_one)
-                row(f"qxhost{ending}, {count} names", seconds, kib, beside=beside)
+                row(f"qxhost{ending}, {count} names", seconds, kib, reference=reference)
     return perl_rows
 
 
 def engine(perl_rows):
-    """The engine alone, as the window has it: rows that were read, rules that were compiled."""
-    print("The engine alone, processor time a row, and memory a row beyond the names, beside the whole of Perl's:")
+    """The engine alone, in the state of the window: with rows that were read and rules that were compiled."""
+    print("The engine alone, processor time a row, and memory a row beyond the names, compared with all of Perl's:")
     for kind in RULES:
         for count in ENGINE_COUNTS:
             cost, size = (float(text) for text in preview_rows(count, kind))
-            beside = perl_rows.get((kind, count))
-            ratio = f"   {cost / beside:5.3f} of it" if beside else ""
+            reference = perl_rows.get((kind, count))
+            ratio = f"   {cost / reference:5.3f} of it" if reference else ""
             print(f"  {kind:<12} {count:>8} rows {cost:9.1f} ns {size:8.1f} bytes{ratio}")
     middle, worst, worked, most = preview_rows(ENGINE_COUNTS[-1], "stop")
     print(f"  a preview of {ENGINE_COUNTS[-1]} rows is asked to stop: idle after {middle} us (the middle of 200), {worst} us (the worst)")
@@ -85,7 +85,7 @@ def preview_rows(count, kind):
 
 
 def runs(scratch, tree):
-    """A run by a list, and the run back by the undo file."""
+    """A run by a list, and its undo by the undo file."""
     items = [str(path) for path in sorted(tree.glob("*/*"))[:RUN]]
     there_and_back(scratch, f"qxhost rename --run, {RUN} real files in folders of 100:", items, "some_file", "any_file", False)
     folder = short_folder()
@@ -103,7 +103,7 @@ def runs(scratch, tree):
 
 
 def short_folder():
-    """A folder of its own with the shortest path that can be had; None if that is long."""
+    """A temporary folder with the shortest possible path; None if that is long."""
     for _ in range(100):
         folder = pathlib.Path(tempfile.gettempdir()) / "".join(random.choices(string.ascii_lowercase, k=2))
         if len(str(folder)) > 7:
@@ -124,16 +124,16 @@ def there_and_back(scratch, title, items, find, replace, can_be_undone):
     parts = [item.rpartition("/") for item in items]
     listing.write_text("\n".join(items) + "\n")
     renamed.write_text("\n".join(folder + slash + name.replace(find, replace, 1) for folder, slash, name in parts) + "\n")
-    beside = back = None
+    reference = back = None
     if has(PERL):
-        beside, kib = measure(perl(f"'s|{find}([^/]*)$|{replace}$1|'", listing), runs=1)
-        row(f"{PERL}", beside, kib)
+        reference, kib = measure(perl(f"'s|{find}([^/]*)$|{replace}$1|'", listing), runs=1)
+        row(f"{PERL}", reference, kib)
         back, kib = measure(perl(f"'s|{replace}([^/]*)$|{find}$1|'", renamed), runs=1)
         row(f"{PERL}, back", back, kib)
     call = host(scratch, ["--items", str(listing)], ["rename", "--find", find, "--replace", replace, "--run"])
-    row("qxhost rename --run, with an undo file", *measure(call, runs=1), beside=beside)
+    row("qxhost rename --run, with an undo file", *measure(call, runs=1), reference=reference)
     if can_be_undone:
-        row("qxhost rename --undo last", *measure(host(scratch, [], ["rename", "--undo", "last"]), runs=1), beside=back)
+        row("qxhost rename --undo last", *measure(host(scratch, [], ["rename", "--undo", "last"]), runs=1), reference=back)
     else:
         for old, new in zip(items, renamed.read_text().splitlines()):
             pathlib.Path(new).rename(old)

@@ -3,10 +3,10 @@ import random
 from comparisons.common import BIN, alone, measure, repeated, row, text_lines
 
 
-def beside_gnu_sort(path, target, label, peer, words):
+def compare_with_gnu_sort(path, target, label, peer, words):
     seconds, kib = measure(["env", "LC_ALL=C", "sort", *peer, str(path), "-o", str(target)])
     row("sort " + " ".join(peer), seconds, kib)
-    row(label, *measure([str(BIN / "sort_file"), str(path), str(target), *words]), beside=seconds)
+    row(label, *measure([str(BIN / "sort_file"), str(path), str(target), *words]), reference=seconds)
 
 
 def sort(scratch):
@@ -16,9 +16,9 @@ def sort(scratch):
     text.write_bytes(content)
     lines = content.count(b"\n")
     print(f"Sorting {len(content) / 1e6:.0f} MB of text, {lines} lines:")
-    beside_gnu_sort(text, target, "by line", ["-s"], ["line"])
-    beside_gnu_sort(text, target, "by line, ignoring case", ["-sf"], ["line", "ignore-case"])
-    beside_gnu_sort(text, target, "by item 2, separator ':'", ["-s", "-t:", "-k2,2"], ["item", "sep=:", "n=2"])
+    compare_with_gnu_sort(text, target, "by line", ["-s"], ["line"])
+    compare_with_gnu_sort(text, target, "by line, ignoring case", ["-sf"], ["line", "ignore-case"])
+    compare_with_gnu_sort(text, target, "by item 2, separator ':'", ["-s", "-t:", "-k2,2"], ["item", "sep=:", "n=2"])
     wide = scratch / "wide"
     wide.write_bytes(b"\xff\xfe" + content.decode("latin-1").encode("utf-16-le"))
     del content
@@ -31,7 +31,7 @@ def sort(scratch):
     numbers = scratch / "numbers"
     numbers.write_text("".join(f"{source.randint(-10**6, 10**6)}\n" for _ in range(2_000_000)))
     print("Sorting 2 million short numbers:")
-    beside_gnu_sort(numbers, target, "by number", ["-sn"], ["substring", "number"])
+    compare_with_gnu_sort(numbers, target, "by number", ["-sn"], ["substring", "number"])
     dates = scratch / "dates"
     dates.write_text("".join(
         f"{source.randint(1970, 2037)}-{source.randint(1, 12):02d}-{source.randint(1, 28):02d} line\n"

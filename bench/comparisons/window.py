@@ -7,7 +7,7 @@ ROWS = (1000, 100000, 1000000)
 
 
 def window(_):
-    """MultiRename's window under Wine, on a display of its own: what a person waits for."""
+    """MultiRename's window under Wine, on a display of its own: the response times."""
     program = TOP / "build/windows/bin/window_speed.exe"
     script = f'. scripts/common.sh; prepare_wine; scripts/wine "{program}" "$0"'
     for rows in ROWS:

@@ -45,31 +45,33 @@ std::function<void(const std::vector<std::string>&)> Collect(std::vector<std::st
 }
 
 void DeclareOptions(CLI::App& app, Options& options) {
-  AddText(app, "--module", "PATH", options.module, "Module to load [the one beside this program]");
+  AddText(app, "--module", "PATH", options.module, "Module to load [in the folder of this program]");
   AddText(app, "--language", "FILE", options.language,
-          "Language table [english.language beside this program]");
+          "Language table [english.language in the folder of this program]");
   AddText(app, "--config", "DIR", options.config,
           "Folder of settings and histories, made if missing [qxhost in the user's configuration folder]");
   AddText(app, "--panel", "DIR", options.panel, "Folder that the other panel shows");
   AddText(app, "--focus", "ITEM", options.focus, "The focused item [the first ITEM]");
   AddText(app, "--view", "DIR", options.view, "Folder that the panel shows [the focused item's]");
-  AddText(app, "--items", "FILE", options.items, "File with further ITEMs, one a line; - for standard input");
+  AddText(app, "--items", "FILE", options.items,
+          "File with further ITEMs, one per line; - for standard input");
   AddTexts(app, "--answer", "A", options.answers, std::string("Answers the next question: ") + kAnswerForms);
   AddTexts(app, "--form", "F=V", options.form,
            "Fills field F of the next dialog, DIALOG.F of the next of that name (native build)");
   app.add_flag("--elevated", options.elevated, "As if the host ran with administrator rights");
   app.add_flag("--without-rights", options.withoutRights,
-               "As if you were not allowed to make symbolic links; the elevated helper is (native build)");
+               "Behave as if you may not create symbolic links; the elevated helper is (native build)");
   app.add_flag("--before-vista", options.beforeVista, "As if Windows were older than Vista");
-  app.add_flag("--class-a", options.classA,
-               "As if Windows were of class A, which leaves some items of the control panel out of the menu");
+  app.add_flag(
+      "--class-a", options.classA,
+      "Behave as on Windows of class A, which leaves some items of the control panel out of the menu");
   app.add_flag("--class-b", options.classB, "As if Windows were of class B, which leaves none out");
   app.add_flag("--dry-run", options.dryRun,
-               "Say what would be renamed, and rename nothing; for the commands 30000 to 30060 and rename "
+               "Report what would be renamed, and rename nothing; for the commands 30000 to 30060 and rename "
                "--run or --undo");
   app.add_flag("--in-order", options.inOrder,
-               "Try the renames of a command one by one as they come, instead of planning them as a whole");
-  app.add_flag("--json", options.json, "One JSON object a line instead of prose");
+               "Try the renames of a command one by one in order, instead of planning them as a whole");
+  app.add_flag("--json", options.json, "One JSON object per line instead of prose");
 }
 
 std::vector<std::string> OptionNames(const CLI::App& app) {
@@ -100,7 +102,7 @@ std::string NoSuchVerb(const std::string& argument, const std::vector<std::strin
   // The verb before a command may be missing.
   const std::string command = proposal.empty() ? ProposedCommand(argument) : std::string();
   if (!command.empty()) proposal = ". Did you mean command " + command + "?";
-  return "\"" + argument + "\" is no verb; there are: " + JoinedNames(verbs) + proposal;
+  return "\"" + argument + "\" is not a verb; the verbs are: " + JoinedNames(verbs) + proposal;
 }
 
 // Returns the message about arguments that are not accepted. Reports an option first, because its value is
@@ -148,7 +150,7 @@ std::string TextOfMistake(const CLI::ParseError& error, const CLI::App& app,
   } else if (dynamic_cast<const CLI::RequiredError*>(&error)) {
     text = MissingArgument(text, verb);
   }
-  return text + (text.ends_with('?') ? "" : ".") + " qxhost --help tells more.";
+  return text + (text.ends_with('?') ? "" : ".") + " qxhost --help shows more.";
 }
 
 std::string WithoutLastLineEnd(std::string text) {
@@ -256,7 +258,7 @@ std::optional<int> ParseCommandLine(std::vector<std::string> arguments,
     if (declared[index]->parsed()) line.verb = std::move(verbs[index]);
   }
   if (line.verb) return std::nullopt;
-  output.Problem("say what to do: " + JoinedNames(names) + ". qxhost --help tells more.");
+  output.Problem("give a verb: " + JoinedNames(names) + ". qxhost --help shows more.");
   return kExitBadCall;
 }
 

@@ -8,18 +8,18 @@ const char* const kHelpAbout =
 
 const char* const kHelpFooter =
     R"(ITEMs and other paths may be written /a/b, Z:\a\b or relative to the current folder. `qxhost VERB --help`
-shows the arguments of a verb; options may stand before the verb or after it.
+shows the arguments of a verb; options may be before the verb or after it.
 
-Commands. A command of the menu has a number and a name, and either will do: `command 30150 a.txt` and
-`command sort-lines a.txt` are the same. So will the beginning of a name if no other name has it: `command sort`.
+Commands. A command of the menu has a number and a name, and either is accepted: `command 30150 a.txt` and
+`command sort-lines a.txt` are the same. The beginning of a name is enough if it is unique: `command sort`.
 `qxhost menu` lists them.
 
 Questions. A command may ask something: whether to rename, what to replace. Each --answer answers the next
 question: ok, yes, no, cancel, text=TEXT (ok takes the text that is offered) or choice=ROWTEXT. If no answer is
-left you are asked on the terminal, where the first letter of a button will do; if there is no terminal, the
+left you are asked on the terminal, where the first letter of a button is enough; if there is no terminal, the
 question is cancelled, and a note on standard error says so.
 
-Renames. The renames of a command are planned as a whole: a name that one of them gives up is free for another, so
+Renames. The renames of a command are planned as a whole: a name that one of them releases is free for another, so
 that img1, img2 and img3 can become img2, img3 and img4, and two files can swap their names. Of two renames to one
 name the first in order gets it; a file that exists is never replaced. While names are swapped, a file may be called
 NAME.qxhost-tmp. With --in-order each rename is tried once, in the order of the ITEMs, as it comes.
@@ -58,8 +58,8 @@ Examples:
                                                    extensions in lower case, for any number of files
   qxhost --answer yes command line-ends-to-lf *.txt
                                                    Unix line ends
-  qxhost rename --name "[F]_[C]" *.jpg             by rules: a preview; --run does it, and --undo last takes it
-                                                   back. `qxhost rename --help` has more
+  qxhost rename --name "[F]_[C]" *.jpg             by rules: a preview; --run does it, and --undo last undoes
+                                                   it. `qxhost rename --help` has more
   qxhost script                                    the script commands and their parameters
   qxhost script SortLines FILE=a.txt "TARGET=*.sorted" SORTBY=item "ITEMSEP=;" ITEM=2 SORTAS=num
                                                    by the number after the first semicolon, into a.sorted
@@ -74,7 +74,7 @@ Examples:
   qxhost columns *                                 owner, access and alternate streams of each
   qxhost --form userName=nobody --form access=read --answer ok command add-access a.txt
                                                    nobody may read a.txt
-  qxhost --json menu                               one JSON object a line, for programs
+  qxhost --json menu                               one JSON object per line, for programs
 
 Exit status:
   0  the module handled the command; also if a question was cancelled

@@ -9,9 +9,9 @@
 namespace QxHost {
 namespace {
 
-constexpr std::size_t kFewestOfListing = 4;
-constexpr std::size_t kMostNamesOfListing = 1000;  // in addition to kMostNamesForEach
-constexpr std::size_t kMostNamesForEach = 16;
+constexpr std::size_t kMinListing = 4;
+constexpr std::size_t kMaxNamesOfListing = 1000;  // in addition to kMaxNamesForEach
+constexpr std::size_t kMaxNamesForEach = 16;
 
 std::size_t NameBegin(std::string_view text) { return text.find_last_of("/\\") + 1; }  // npos + 1 is 0
 
@@ -42,7 +42,7 @@ bool IsNameHere(std::string_view text) {
 FileItem* FindItem(FileItemTree& items, const std::string& option, std::string_view text) {
   const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
   if (!fullPath) {
-    throw BadCall(option + ": \"" + std::string(text) + "\" is no path" +
+    throw BadCall(option + ": \"" + std::string(text) + "\" is not a path" +
                   (IsNameHere(text) ? "; write ./" + std::string(text) : ""));
   }
   FileItem* const item = items.Find(*fullPath);
@@ -65,7 +65,7 @@ FolderNames* ItemFinder::ReadFolder(std::string_view prefix, std::size_t count) 
   demand.names += count;
   if (demand.names >= 2 * demand.atFailure) {
     listing->second.Reserve(count);
-    const std::size_t most = kMostNamesForEach * demand.names + kMostNamesOfListing;
+    const std::size_t most = kMaxNamesForEach * demand.names + kMaxNamesOfListing;
     if (ReadFolderNames(*folder, most, listing->second)) return &listing->second;
     demand.atFailure = demand.names;
   }
@@ -94,7 +94,7 @@ void ItemFinder::FindAll(std::span<const std::string> texts, std::vector<FileIte
     const std::string_view first = texts.front();
     const std::string_view prefix = first.substr(0, NameBegin(first));
     const std::size_t count = CountInFolder(texts, prefix);
-    FolderNames* const names = count >= kFewestOfListing ? ReadFolder(prefix, count) : nullptr;
+    FolderNames* const names = count >= kMinListing ? ReadFolder(prefix, count) : nullptr;
     for (const std::string_view text : texts.first(count)) {
       FileItem* const item = names ? FindListed(*names, text.substr(prefix.size())) : nullptr;
       found.push_back(item ? item : FindItem(items_, option_, text));

@@ -17,7 +17,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 ItemLines::Source FileSource(const std::string& name) {
   const std::optional<WString> path = FullPathOf(PathFromUtf8(name));
-  if (!path) throw BadCall("--items: \"" + name + "\" is no path");
+  if (!path) throw BadCall("--items: \"" + name + "\" is not a path");
   const auto file = std::make_shared<FileHandle>(CreateFileW(SystemPath(*path).c_str(), GENERIC_READ,
                                                              FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                                              OPEN_EXISTING, 0, nullptr));

@@ -7,7 +7,7 @@ HWND ContainerControl::CreateControl(u32 kind, u32 width) {
   const HWND list = controls_.Add(MakeList(controls_, Handle()));
   if (!list) return nullptr;
   list_ = list;
-  leastListWidth_ = static_cast<int>(width);
+  minListWidth_ = static_cast<int>(width);
   OnLayout();
   return list;
 }

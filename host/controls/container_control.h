@@ -21,7 +21,7 @@ class ContainerControl : public Control, public Velmora::SDK::IHostContainer {
 
   Controls& controls_;
   HWND list_ = nullptr;
-  int leastListWidth_ = 0;
+  int minListWidth_ = 0;
   HWND docked_ = nullptr;
   int dockedHeight_ = 0;
 };

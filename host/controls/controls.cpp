@@ -6,8 +6,8 @@ namespace QxHost {
 namespace {
 
 // The limits of column widths. Other values in the settings are errors and ignored.
-constexpr u32 kLeastStoredWidth = 20;
-constexpr u32 kMostStoredWidth = 5000;
+constexpr u32 kMinStoredWidth = 20;
+constexpr u32 kMaxStoredWidth = 5000;
 
 WString WidthKey(u32 column) { return W("column ") + FromUtf8(std::to_string(column)); }
 
@@ -59,7 +59,7 @@ u32 Controls::NextId() {
 std::optional<u32> Controls::StoredWidth(u32 column) {
   u32 width = 0;
   if (!settings_.GetInt(1, section_.c_str(), WidthKey(column).c_str(), &width)) return std::nullopt;
-  if (width < kLeastStoredWidth || width > kMostStoredWidth) return std::nullopt;
+  if (width < kMinStoredWidth || width > kMaxStoredWidth) return std::nullopt;
   return width;
 }
 

@@ -81,7 +81,7 @@ class ContainerWindow final : public ContainerControl {
   void OnLayout() override {
     RECT room = {};
     if (!window_ || !GetClientRect(window_, &room)) return;
-    const DockAreas areas = PartContainer(room.right, room.bottom, leastListWidth_, dockedHeight_);
+    const DockAreas areas = PartContainer(room.right, room.bottom, minListWidth_, dockedHeight_);
     Place(list_, areas.list);
     Place(docked_, areas.docked);
   }

@@ -20,10 +20,10 @@ struct DockAreas {
 // Returns the areas of the list and the docked window. The docked window keeps its height, even if that
 // leaves no height for the list, but is never higher than the container. The list has at least its least
 // width.
-constexpr DockAreas PartContainer(int width, int height, int leastListWidth, int dockedHeight) {
+constexpr DockAreas PartContainer(int width, int height, int minListWidth, int dockedHeight) {
   const int shown = height < 0 ? 0 : height;
   const int docked = dockedHeight < shown ? dockedHeight : shown;
-  const int listWidth = width > leastListWidth ? width : leastListWidth;
+  const int listWidth = width > minListWidth ? width : minListWidth;
   return {{0, 0, listWidth, shown - docked}, {0, shown - docked, width < 0 ? 0 : width, docked}};
 }
 

@@ -6,7 +6,7 @@ namespace QxHost {
 namespace {
 
 // More characters than any screen shows in one line.
-constexpr std::size_t kMostCellChars = 2048;
+constexpr std::size_t kMaxCellChars = 2048;
 
 }  // namespace
 
@@ -69,7 +69,7 @@ std::size_t ListControl::CountRows() {
 }
 
 const WCHAR* ListControl::CellText(std::size_t place, u32 column) {
-  cellText_.resize(kMostCellChars);
+  cellText_.resize(kMaxCellChars);
   cellText_.front() = WCHAR();
   AskRow(place, [&](Velmora::SDK::IMLRowCallBack& provider, void* item) {
     provider.GetCellText(item, column, cellText_.data(), static_cast<u32>(cellText_.size()));

@@ -19,7 +19,7 @@ constexpr UINT kScaleChanged = 0x02E3;
 constexpr u32 kMarkedCell = 0x300000;
 
 // Up to this number of selected rows, deselecting them one by one takes no noticeable time.
-constexpr LRESULT kFewRows = 300;
+constexpr LRESULT kMaxTrackedRows = 300;
 
 // Returns the shell's list of small images. The system owns it.
 HIMAGELIST SmallShellImages() {
@@ -105,7 +105,7 @@ void ListView::SetStateOfAll(UINT state, UINT mask) {
 // Wine's list view notifies its parent of each row that is deselected, which takes many seconds for a million
 // rows.
 void ListView::BeforeInput(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (Send(LVM_GETSELECTEDCOUNT) <= kFewRows) return;
+  if (Send(LVM_GETSELECTEDCOUNT) <= kMaxTrackedRows) return;
   const bool isReplaced = message == WM_KEYDOWN       ? IsReplacedByKey(wParam)
                           : message == WM_LBUTTONDOWN ? IsReplacedByClick(wParam, RowAt(lParam))
                                                       : IsReplacedByRightClick(wParam, RowAt(lParam));

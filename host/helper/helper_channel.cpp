@@ -28,7 +28,7 @@ Velmora::SDK::IHostPacketWriter* HelperChannel::CreateWriter() { return PacketWr
 
 u32 HelperChannel::Send(s32 code, const void* data, u32 size) {
   if (!process_) return ERROR_BROKEN_PIPE;
-  if (size > kMostHelperBodyBytes || (size != 0 && !data)) return ERROR_INVALID_PARAMETER;
+  if (size > kMaxHelperBodyBytes || (size != 0 && !data)) return ERROR_INVALID_PARAMETER;
   return Exchange(code, std::string_view(static_cast<const char*>(data), size));
 }
 

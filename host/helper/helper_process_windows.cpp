@@ -10,7 +10,7 @@ namespace QxHost {
 namespace {
 
 constexpr DWORD kPipeBytes = 65536;
-constexpr DWORD kMostPathChars = 32768;
+constexpr DWORD kMaxPathChars = 32768;
 
 DWORD MillisecondsTo(Deadline deadline) {
   using std::chrono::milliseconds;
@@ -127,8 +127,8 @@ std::unique_ptr<HelperProcess> StartHelper(const HelperCommand& command) {
 }
 
 WString OwnProgram() {
-  WString path(kMostPathChars, WCHAR());
-  path.resize(GetModuleFileNameW(nullptr, path.data(), kMostPathChars));
+  WString path(kMaxPathChars, WCHAR());
+  path.resize(GetModuleFileNameW(nullptr, path.data(), kMaxPathChars));
   return path;
 }
 

@@ -19,7 +19,7 @@ std::string EncodeHelperRequest(const HelperRequestHeader& header) {
 std::optional<HelperRequestHeader> DecodeHelperRequest(
     const std::array<char, HelperRequestHeader::kBytes>& bytes) {
   const HelperRequestHeader header{static_cast<s32>(U32From(&bytes[4])), U32From(&bytes[8])};
-  if (U32From(bytes.data()) != kRequestMark || header.bodySize > kMostHelperBodyBytes) return std::nullopt;
+  if (U32From(bytes.data()) != kRequestMark || header.bodySize > kMaxHelperBodyBytes) return std::nullopt;
   return header;
 }
 

@@ -20,7 +20,7 @@ inline constexpr const char* kHelperArgument = "helper";
 inline constexpr std::string_view kHelperGreeting = "QXH1";
 
 // The largest body of a request. A larger size is a protocol error.
-constexpr u32 kMostHelperBodyBytes = 256u << 20;
+constexpr u32 kMaxHelperBodyBytes = 256u << 20;
 
 // The header of a request: the code of the message and the size of its body in bytes.
 struct HelperRequestHeader {

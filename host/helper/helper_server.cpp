@@ -55,12 +55,12 @@ class OwnedExtension {
 
 void Serve(const std::string& module) {
   const std::optional<WString> path = FullPathOf(PathFromUtf8(module));
-  if (!path) throw BadCall("helper: \"" + module + "\" is no path");
+  if (!path) throw BadCall("helper: \"" + module + "\" is not a path");
   const ShellObjects shellObjects;
   // The extension is neither registered nor started: in this process it has no host.
   const OwnedExtension extension(LoadModule(*path));
   if (!ServeHelperMessages(extension.Get(), {ReadStandardInputBytes, WriteStandardOutput})) {
-    throw BadCall("helper: what comes in is no message");
+    throw BadCall("helper: the input is not a message");
   }
 }
 
@@ -90,7 +90,7 @@ bool ServeHelperMessages(IPluginInterface& extension, const HelperStreams& strea
 int RunHelper(const std::vector<std::string>& arguments) {
   const auto tell = [](const char* text) { WriteStandardError(std::string("qxhost: ") + text + "\n"); };
   try {
-    if (arguments.size() != 1) throw BadCall("helper: the host starts this one by itself");
+    if (arguments.size() != 1) throw BadCall("helper: the host itself starts this verb");
     Serve(arguments.front());
     return kExitHandled;
   } catch (const BadCall& failure) {
@@ -99,7 +99,7 @@ int RunHelper(const std::vector<std::string>& arguments) {
   } catch (const std::exception& failure) {
     tell(failure.what());
   } catch (...) {
-    tell("helper: the module threw something unknown");
+    tell("helper: the module threw an unknown exception");
   }
   return kExitModuleFailed;
 }

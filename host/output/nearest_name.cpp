@@ -9,7 +9,7 @@ namespace QxHost {
 namespace {
 
 constexpr std::size_t kTypedPerMistake = 3;
-constexpr std::size_t kShortestBeginning = 2;
+constexpr std::size_t kShortestPrefix = 2;
 
 // Returns the least number of mistakes that turn `name` into `typed` (the restricted Damerau-Levenshtein
 // distance). A row contains the distances of one prefix of `typed`, indexed by the length of the prefix of
@@ -37,11 +37,11 @@ std::size_t CountMistakes(std::string_view typed, std::string_view name) {
 }  // namespace
 
 std::string_view NearestName(std::string_view typed, std::span<const std::string_view> names,
-                             std::size_t mostMistakes) {
+                             std::size_t maxMistakes) {
   const std::string loweredTyped = AsciiLower(typed);
-  mostMistakes = std::min(mostMistakes, (typed.size() + kTypedPerMistake - 1) / kTypedPerMistake);
+  maxMistakes = std::min(maxMistakes, (typed.size() + kTypedPerMistake - 1) / kTypedPerMistake);
   std::string_view nearest;
-  std::size_t fewest = mostMistakes + 1;
+  std::size_t fewest = maxMistakes + 1;
   for (const std::string_view name : names) {
     const std::string loweredName = AsciiLower(name);
     std::size_t mistakes = fewest;
@@ -49,8 +49,8 @@ std::string_view NearestName(std::string_view typed, std::span<const std::string
     if (typed.size() < name.size() + fewest && name.size() < typed.size() + fewest) {
       mistakes = CountMistakes(loweredTyped, loweredName);
     }
-    const bool isBeginning = typed.size() >= kShortestBeginning && loweredName.starts_with(loweredTyped);
-    if (isBeginning) mistakes = std::min<std::size_t>(mistakes, 1);
+    const bool isPrefix = typed.size() >= kShortestPrefix && loweredName.starts_with(loweredTyped);
+    if (isPrefix) mistakes = std::min<std::size_t>(mistakes, 1);
     if (mistakes >= fewest) continue;
     fewest = mistakes;
     nearest = name;

@@ -14,9 +14,9 @@ namespace QxHost {
 // every name has more than one mistake for every three typed characters (rounded up). Characters are bytes:
 // all names of this program are ASCII.
 //
-// `mostMistakes` further limits the number of mistakes, for long names that are similar to each other.
+// `maxMistakes` further limits the number of mistakes, for long names that are similar to each other.
 std::string_view NearestName(std::string_view typed, std::span<const std::string_view> names,
-                             std::size_t mostMistakes = static_cast<std::size_t>(-1));
+                             std::size_t maxMistakes = static_cast<std::size_t>(-1));
 
 // Returns the end of a message about a mistyped name: ". Did you mean NAME?", or the empty text if no name is
 // near.

@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-constexpr std::size_t kMostPendingBytes = 64 * 1024;
+constexpr std::size_t kMaxPendingBytes = 64 * 1024;
 
 }  // namespace
 
@@ -13,7 +13,7 @@ void Output::Line(std::string_view text) {
   const std::lock_guard lock(mutex_);
   pending_ += text;
   pending_ += '\n';
-  if (!isHeld_ && pending_.size() >= kMostPendingBytes) FlushLocked();
+  if (!isHeld_ && pending_.size() >= kMaxPendingBytes) FlushLocked();
 }
 
 void Output::Problem(std::string_view text) {
@@ -29,7 +29,7 @@ void Output::Problem(std::string_view text) {
 
 void Output::Prompt(std::string_view text) {
   const std::lock_guard lock(mutex_);
-  LetGoLocked();
+  ReleaseLocked();
   FlushLocked();
   standardError_(text);
 }
@@ -44,9 +44,9 @@ void Output::Hold() {
   isHeld_ = true;
 }
 
-void Output::LetGo() {
+void Output::Release() {
   const std::lock_guard lock(mutex_);
-  LetGoLocked();
+  ReleaseLocked();
 }
 
 bool Output::HasFailed() {
@@ -54,7 +54,7 @@ bool Output::HasFailed() {
   return failed_;
 }
 
-void Output::LetGoLocked() {
+void Output::ReleaseLocked() {
   isHeld_ = false;
   std::string rest = std::move(pending_);
   for (Held& held : std::exchange(held_, {})) {

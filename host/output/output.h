@@ -28,17 +28,17 @@ class Output {
   void Prompt(std::string_view text);
   void Flush();
 
-  // From Hold to LetGo, lines and problems are stored and not written, so that a slow reader does not block
+  // From Hold to Release, lines and problems are stored and not written, so that a slow reader does not block
   // the run. A prompt also ends the hold.
   void Hold();
-  void LetGo();
+  void Release();
 
   // Returns whether a write to standard output has failed.
   bool HasFailed();
 
  private:
   void FlushLocked();
-  void LetGoLocked();
+  void ReleaseLocked();
 
   Sink standardOutput_;
   Sink standardError_;
@@ -59,7 +59,7 @@ class HeldOutput {
   explicit HeldOutput(Output& output) : output_(output) { output_.Hold(); }
   HeldOutput(const HeldOutput&) = delete;
   HeldOutput& operator=(const HeldOutput&) = delete;
-  ~HeldOutput() { output_.LetGo(); }
+  ~HeldOutput() { output_.Release(); }
 
  private:
   Output& output_;

@@ -136,16 +136,15 @@ class ProseReporter final : public Reporter {
   }
 
   void Undo(const UndoEvent& event) override {
-    if (!event.takeBack.empty()) {
+    if (!event.undoCall.empty()) {
       output_.Line("Undo file: " + ToUtf8(event.file));
-      output_.Line("Take it back: " + event.takeBack);
+      output_.Line("Undo it: " + event.undoCall);
       return;
     }
     output_.Line(ToUtf8(WStringView(event.file).substr(event.file.rfind(W('\\')) + 1)) + "  " +
                  ToUtf8(event.dateText) + "  " + std::to_string(event.items) +
                  (event.items == 1 ? " rename" : " renames") +
-                 (event.isPlan ? ", cut off or not at its end" : "") +
-                 (event.restored ? ", taken back" : ""));
+                 (event.isPlan ? ", cut off or not at its end" : "") + (event.restored ? ", undone" : ""));
   }
 
   void UndoDeleted(WStringView file) override {

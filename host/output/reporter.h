@@ -101,7 +101,7 @@ struct UndoEvent {
   std::size_t items = 0;
   bool restored = false;
   bool isPlan = false;   // of a run that was cut off or is still in progress
-  std::string takeBack;  // after a run that has written the file, the call that undoes it; otherwise empty
+  std::string undoCall;  // after a run that has written the file, the call that undoes it; otherwise empty
 };
 
 // A saved profile of rename rules.

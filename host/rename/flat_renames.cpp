@@ -12,10 +12,10 @@ namespace {
 using Row = std::uint32_t;
 
 // Folders with many more files than are renamed are not read.
-constexpr std::size_t kMostBesides = 1000;
-constexpr std::size_t kMostForEach = 16;
+constexpr std::size_t kMaxOtherNames = 1000;
+constexpr std::size_t kMaxNamesPerRename = 16;
 // The limit of a folder's path. Paths in the folder are then within the limits of every system.
-constexpr std::size_t kMostFolderChars = 1000;
+constexpr std::size_t kMaxFolderChars = 1000;
 
 // Returns the length in UTF-8 bytes; 0 for a name with surrogates, which may represent other bytes.
 std::size_t NameBytes(WStringView name) {
@@ -40,7 +40,7 @@ class FlatBatch {
                                       begins_[folder + 1] - begins_[folder]);
       if (rows.empty()) continue;
       if (!ReadFiles(wanted_.folders[folder], rows)) return std::vector<bool>(wanted_.rows.size(), false);
-      if (!NoNamesMeet(rows) || files_.IsCaseBlindBeside(PathOf(rows.front()))) continue;
+      if (!HasNoCollision(rows) || files_.IgnoresCaseInFolderOf(PathOf(rows.front()))) continue;
       for (const Row row : rows) isDecided_[row] = true;
     }
     return std::move(isDecided_);
@@ -74,8 +74,8 @@ class FlatBatch {
 
   // Reads the folder. Returns false if it cannot be read or one of the rows is not a file in it.
   bool ReadFiles(const WString& folder, std::span<const Row> rows) {
-    if (folder.size() > kMostFolderChars) return false;
-    if (!files_.ReadNames(folder, kMostForEach * rows.size() + kMostBesides, names_)) return false;
+    if (folder.size() > kMaxFolderChars) return false;
+    if (!files_.ReadNames(folder, kMaxNamesPerRename * rows.size() + kMaxOtherNames, names_)) return false;
     sources_.clear();
     for (const Row row : rows) {
       const std::uint32_t source = names_.Find(wanted_.rows[row].name);
@@ -87,7 +87,7 @@ class FlatBatch {
 
   // Returns whether every file is renamed only once, to a name that differs from all others even if letter
   // case is ignored.
-  bool NoNamesMeet(std::span<const Row> rows) {
+  bool HasNoCollision(std::span<const Row> rows) {
     for (std::size_t index = 0; index < rows.size(); ++index) {
       const std::uint32_t source = sources_[index];
       if (names_.At(source).isTaken) return false;
@@ -95,7 +95,7 @@ class FlatBatch {
       const WStringView newName = wanted_.rows[rows[index]].newName;
       const std::size_t bytes = NameBytes(newName);
       const std::uint64_t hash = FolderNames::HashOf(newName);
-      if (bytes == 0 || bytes > names_.mostNameBytes || names_.HasLike(hash, source)) return false;
+      if (bytes == 0 || bytes > names_.maxNameBytes || names_.HasHash(hash, source)) return false;
       names_.AddWanted(hash);
     }
     return true;

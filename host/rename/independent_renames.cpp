@@ -29,7 +29,7 @@ using Velmora::SDK::kRenameIgnored;
 
 constexpr std::size_t kRowsOfBlock = 8192;
 // A block of fewer rows is done before a second thread would have begun.
-constexpr std::size_t kMinimumForThreads = 1000;
+constexpr std::size_t kMinForThreads = 1000;
 
 // The rows [first, last) of a block, all in one folder.
 struct Part {
@@ -54,7 +54,7 @@ class Block {
     Divide(first, last);
     nextPart_ = 0;
     failure_ = nullptr;
-    if (!isDryRun_ && last - first >= kMinimumForThreads) StartThread();
+    if (!isDryRun_ && last - first >= kMinForThreads) StartThread();
   }
 
   // Renames the files with the other thread, or alone. Returns when all are done.

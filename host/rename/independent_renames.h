@@ -8,7 +8,7 @@
 namespace QxHost {
 
 // Does the renames, or none if `isDryRun`, without examining the disk. They are renames of items that
-// ForetellPlanned has found to be independent. Two threads rename files of different folders at the same
+// PredictRenames has found to be independent. Two threads rename files of different folders at the same
 // time; the reports come from the calling thread, in the order of the batch. After an interruption
 // (interruption.h) nothing more is renamed (1223).
 void RunIndependent(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDryRun,

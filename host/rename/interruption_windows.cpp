@@ -4,7 +4,7 @@
 namespace QxHost {
 namespace {
 
-constexpr DWORD kLongerThanTheSystemWaits = 60000;  // milliseconds
+constexpr DWORD kTerminationWait = 60000;  // milliseconds, longer than the system waits
 
 // Runs on its own thread.
 BOOL WINAPI OnConsoleEvent(DWORD event) {
@@ -12,7 +12,7 @@ BOOL WINAPI OnConsoleEvent(DWORD event) {
   Interrupt();
   // When its window is closed, and at a logoff or shutdown, the system ends the program as soon as this
   // function returns.
-  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(kLongerThanTheSystemWaits);
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(kTerminationWait);
   return TRUE;
 }
 

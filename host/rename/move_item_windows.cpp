@@ -6,7 +6,7 @@
 namespace QxHost {
 namespace {
 
-constexpr unsigned kMostNames = 10000;
+constexpr unsigned kMaxNames = 10000;
 
 DWORD Move(const WString& from, const WString& to) {
   if (MoveFileW(SystemPath(from).c_str(), SystemPath(to).c_str())) return ERROR_SUCCESS;
@@ -14,7 +14,7 @@ DWORD Move(const WString& from, const WString& to) {
   return error != ERROR_SUCCESS ? error : ERROR_GEN_FAILURE;
 }
 
-bool DifferInCaseAlone(const WString& left, const WString& right) {
+bool DifferOnlyInCase(const WString& left, const WString& right) {
   return left != right && CompareStringOrdinal(left.c_str(), static_cast<int>(left.size()), right.c_str(),
                                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
@@ -23,7 +23,7 @@ bool DifferInCaseAlone(const WString& left, const WString& right) {
 DWORD MoveAside(const WString& from, WString& aside) {
   const std::size_t nameAt = from.rfind(L'\\') + 1;
   DWORD error = ERROR_ALREADY_EXISTS;
-  for (unsigned number = 1; number < kMostNames && error == ERROR_ALREADY_EXISTS; ++number) {
+  for (unsigned number = 1; number < kMaxNames && error == ERROR_ALREADY_EXISTS; ++number) {
     aside = from.substr(0, nameAt) + TemporaryName(WStringView(from).substr(nameAt), number);
     error = Move(from, aside);
   }
@@ -77,7 +77,7 @@ bool AreOneFile(const WString& left, const WString& right) {
 
 DWORD MoveItem(const WString& from, const WString& to) {
   DWORD error = Move(from, to);
-  if (error != ERROR_SUCCESS || !DifferInCaseAlone(from, to)) return error;
+  if (error != ERROR_SUCCESS || !DifferOnlyInCase(from, to)) return error;
   // Wine does not change the case of a name in one step: it finds the old name by the new one and treats both
   // as equal. The file is then renamed by way of a temporary name.
   const WString oldName = from.substr(from.rfind(L'\\') + 1);

@@ -51,14 +51,14 @@ NameTree::Id NameTree::Child(Id folder, WStringView name) {
   return id;
 }
 
-void NameTree::Spell(Id id, WStringView name) {
+void NameTree::SetSpelling(Id id, WStringView name) {
   if (nodes_[id].name == name) return;
   nodes_[id].name = name;
   pathOwner_ = kRoots;
   path_.clear();
 }
 
-bool NameTree::HasLike(Id folder, WStringView name) {
+bool NameTree::HasNameIgnoringCase(Id folder, WStringView name) {
   const auto [first, last] = byHash_.equal_range(HashOf(folder, name));
   return std::any_of(first, last, [&](const auto& entry) {
     const Node& node = nodes_[entry.second];
@@ -76,7 +76,7 @@ bool NameTree::IsOneName(Id known, WStringView name, std::optional<DWORD>& look)
   // Neither file exists yet. The file that will get the known name shows whether the folder ignores letter
   // case.
   const Id claimant = nodes_[known].claimant;
-  return claimant != kRoots && files_.IsCaseBlindBeside(PathOf(claimant));
+  return claimant != kRoots && files_.IgnoresCaseInFolderOf(PathOf(claimant));
 }
 
 DWORD NameTree::Look(Id id) {

@@ -37,10 +37,10 @@ class NameTree {
   Id Child(Id folder, WStringView name);
 
   // Changes a node's spelling to that on the disk, which may differ in letter case.
-  void Spell(Id id, WStringView name);
+  void SetSpelling(Id id, WStringView name);
 
   // Returns whether the folder has a node with this name in any letter case.
-  bool HasLike(Id folder, WStringView name);
+  bool HasNameIgnoringCase(Id folder, WStringView name);
 
   Node& At(Id id) { return nodes_[id]; }
   const Node& At(Id id) const { return nodes_[id]; }

@@ -192,7 +192,7 @@ class ChainRunner {
     bool isDone = Try(aside, temporaryName, done);
     for (const Row row : rows) isDone = isDone && Try(row, NewName(row), done);
     if (isDone) return;
-    TakeBack(done);
+    RevertSteps(done);
     for (const Row row : rows) {
       const bool hasNewName = ItemOf(row).Name() == NewName(row);
       if (!hasNewName && plan_.results[row] == 0) plan_.results[row] = ERROR_ALREADY_EXISTS;
@@ -200,7 +200,7 @@ class ChainRunner {
   }
 
   // Undoes the steps in reverse order, so that each old name is free.
-  void TakeBack(const std::vector<Step>& done) {
+  void RevertSteps(const std::vector<Step>& done) {
     for (auto step = done.rbegin(); step != done.rend(); ++step) {
       FileItem& item = ItemOf(step->row);
       const DWORD error = Move(item, step->oldName);
@@ -234,12 +234,12 @@ void FindItems(Gathered& gathered, const RenamePlan& plan, FileItemTree& tree) {
 
 }  // namespace
 
-ForetoldRenames ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings) {
+PredictedRenames PredictRenames(std::span<const RenameToPredict> renames, FolderListings& listings) {
   WantedRenames wanted;
   wanted.rows.reserve(renames.size());
   wanted.currentFolder = FullPathOf(W(".")).value_or(WString());
   BatchFolders folders(wanted.folders);
-  for (const ImaginedRename& rename : renames) {
+  for (const RenameToPredict& rename : renames) {
     const WStringView name = rename.item->Name();
     const WStringView newName = NameToMake(rename.newName);
     wanted.rows.push_back(

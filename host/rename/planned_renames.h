@@ -16,13 +16,13 @@ namespace QxHost {
 using RenameReport = std::function<void(const WString& from, QueuedRename& rename, u32 result)>;
 
 // A rename whose result is to be predicted.
-struct ImaginedRename {
+struct RenameToPredict {
   const FileItem* item;
   WStringView newName;
 };
 
 // The results that RunPlanned would report for these renames, in their order.
-struct ForetoldRenames {
+struct PredictedRenames {
   std::vector<u32> results;
   // True if no rename conflicts with another or waits for one, so that their order does not matter.
   bool areIndependent = false;
@@ -30,7 +30,7 @@ struct ForetoldRenames {
 
 // Predicts the results of RunPlanned. Uses the listings of folders instead of reading these folders, and
 // removes those that it has used.
-ForetoldRenames ForetellPlanned(std::span<const ImaginedRename> renames, FolderListings& listings);
+PredictedRenames PredictRenames(std::span<const RenameToPredict> renames, FolderListings& listings);
 
 // Does the renames that the plan allows, or none if `isDryRun`, and then reports all. If a file cannot be
 // moved, those that wait for its name are not renamed. If a step of a cycle fails, the other files of the

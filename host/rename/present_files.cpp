@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "host/rename/meeting_names.h"
+#include "host/rename/colliding_names.h"
 #include "host/rename/move_item.h"
 #include "host/rename/queued_rename.h"
 #include "host/rename/temporary_name.h"
@@ -18,7 +18,7 @@ namespace {
 using Velmora::SDK::MultiRenameUndo;
 using Velmora::SDK::MultiRenameUndoEntry;
 
-constexpr unsigned kMostTemporaryNamesLooked = 16;
+constexpr unsigned kMaxTemporaryNamesTried = 16;
 
 class FileSearch {
  public:
@@ -26,7 +26,7 @@ class FileSearch {
       : session_(session),
         notes_(notes),
         currentFolder_(currentFolder),
-        meeting_(FindMeetingNames(session.entries)) {
+        colliding_(FindCollidingNames(session.entries)) {
     for (const FileIndex file : notes.files) {
       if (file != kNoFile && !noted_.insert(file).second) notedTwice_.insert(file);
     }
@@ -34,7 +34,7 @@ class FileSearch {
 
   std::vector<PresentFile> Find() {
     std::vector<PresentFile> files(session_.entries.size());
-    if (meeting_.empty() && noted_.empty() && !notes_.isPlan) return files;
+    if (colliding_.empty() && noted_.empty() && !notes_.isPlan) return files;
     for (const std::size_t index : FoldersFirst()) {
       const MultiRenameUndoEntry& entry = session_.entries[index];
       const PlaceNow folder = FolderNow(entry.folder);
@@ -58,11 +58,11 @@ class FileSearch {
     return index < notes_.files.size() ? notes_.files[index] : kNoFile;
   }
 
-  bool IsMeeting(std::size_t index) const { return !meeting_.empty() && meeting_[index]; }
+  bool IsColliding(std::size_t index) const { return !colliding_.empty() && colliding_[index]; }
 
   // Returns all entries, those in upper folders first if the place of a folder may depend on them.
   std::vector<std::size_t> FoldersFirst() {
-    hasRenamedFolders_ = !meeting_.empty() && std::ranges::find(meeting_, false) == meeting_.end();
+    hasRenamedFolders_ = !colliding_.empty() && std::ranges::find(colliding_, false) == colliding_.end();
     std::vector<std::size_t> order(session_.entries.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     if (!hasRenamedFolders_) return order;
@@ -100,7 +100,7 @@ class FileSearch {
                                        : NameToMake(entry.newName);
     PlaceNow place = folder;
     place.path = PathInFolder(folder.path, name);
-    place.isHeld = place.isHeld || (!isBack && HoldsFolder(place.path, currentFolder_));
+    place.isHeld = place.isHeld || (!isBack && IsSameOrAbove(place.path, currentFolder_));
     // If the path is too long for a search, not finding the file does not show that it is lost.
     const bool isFound = isBack || isThere || file.found != kNoFile;
     place.isLost = place.isLost || (!isFound && NotedOf(index) != kNoFile && indexes_.CanLookIn(folder.path));
@@ -108,15 +108,15 @@ class FileSearch {
   }
 
   PresentFile Look(std::size_t index, const WString& folder) {
-    if (NotedOf(index) != kNoFile) return LookForNoted(index, folder);
+    if (NotedOf(index) != kNoFile) return FindNotedFile(index, folder);
     const MultiRenameUndoEntry& entry = session_.entries[index];
     const WStringView newName = NameToMake(entry.newName);
-    if (notes_.isPlan && !IsMeeting(index)) {
+    if (notes_.isPlan && !IsColliding(index)) {
       const bool isDone = indexes_.Of(folder, newName) != kNoFile;
       const bool isBack = !isDone && indexes_.Of(folder, entry.oldName) != kNoFile;
       return {isBack ? Presence::kBack : Presence::kByName};
     }
-    if (!IsMeeting(index)) return {};
+    if (!IsColliding(index)) return {};
     // There are no notes: they were removed, or MultiRename's window wrote the file. An undo of the window
     // that was cut off has left no notes either.
     const bool isAtOld = indexes_.Of(folder, entry.oldName) != kNoFile;
@@ -126,7 +126,7 @@ class FileSearch {
     return {Presence::kByName, {}, atNew};
   }
 
-  PresentFile LookForNoted(std::size_t index, const WString& folder) {
+  PresentFile FindNotedFile(std::size_t index, const WString& folder) {
     const MultiRenameUndoEntry& entry = session_.entries[index];
     const FileIndex file = notes_.files[index];
     const WString newName(NameToMake(entry.newName));
@@ -138,7 +138,7 @@ class FileSearch {
     const bool isOld = atOld == file && IsSpelled(folder, entry.oldName, newName);
     if (isOld && !(isTwice && isNew)) return {Presence::kBack};
     if (isNew) return {Presence::kThere, entry.newName};
-    for (unsigned number = 1; number <= kMostTemporaryNamesLooked; ++number) {
+    for (unsigned number = 1; number <= kMaxTemporaryNamesTried; ++number) {
       for (const WString& name : {TemporaryName(entry.oldName, number), TemporaryName(newName, number)}) {
         if (indexes_.Of(folder, name) == file) return {Presence::kThere, name};
       }
@@ -163,7 +163,7 @@ class FileSearch {
   const MultiRenameUndo& session_;
   const UndoNotes& notes_;
   const WString& currentFolder_;
-  const std::vector<bool> meeting_;
+  const std::vector<bool> colliding_;
   bool hasRenamedFolders_ = false;
   FileIndexes indexes_;
   std::unordered_set<FileIndex> noted_;

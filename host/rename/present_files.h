@@ -17,7 +17,7 @@
 // finds each file in the same way, wherever the previous one has left it. By the names alone, an undo would
 // rename b to a.
 //
-// Most files need no number, as their new names identify them (meeting_names.h).
+// Most files need no number, as their new names identify them (colliding_names.h).
 #pragma once
 
 #include <vector>

@@ -7,7 +7,7 @@ namespace QxHost {
 namespace {
 
 // The limit of all file systems of Windows.
-constexpr std::size_t kMostNameChars = 255;
+constexpr std::size_t kMaxNameChars = 255;
 
 }  // namespace
 
@@ -27,7 +27,7 @@ std::optional<WString> PathOfRename(const QueuedRename& rename) {
 u32 RefusalOf(WStringView newName, WStringView given, bool hasPath, bool isDrive, WStringView presentName) {
   if (!hasPath) return ERROR_BAD_PATHNAME;
   if (!IsPossibleName(newName)) return ERROR_INVALID_NAME;
-  if (newName.size() > kMostNameChars) return ERROR_FILENAME_EXCED_RANGE;
+  if (newName.size() > kMaxNameChars) return ERROR_FILENAME_EXCED_RANGE;
   if (isDrive) return ERROR_ACCESS_DENIED;
   // In the native build a file may have a name that could not be created. Requesting it again leaves the file
   // unchanged.
@@ -38,14 +38,14 @@ u32 RefusalOf(WStringView newName, WStringView given, bool hasPath, bool isDrive
 std::string RenameErrorText(const WString& fullPath, u32 result) {
   if (result == ERROR_SHARING_VIOLATION) {
     const std::optional<WString> current = FullPathOf(W("."));
-    if (current && HoldsFolder(fullPath, *current)) {
+    if (current && IsSameOrAbove(fullPath, *current)) {
       return "it is the current folder, or one above it (" + std::to_string(result) + ")";
     }
   }
   return ErrorText(result);
 }
 
-bool HoldsFolder(const WString& fullPath, const WString& current) {
+bool IsSameOrAbove(const WString& fullPath, const WString& current) {
   return current.starts_with(fullPath) &&
          (current.size() == fullPath.size() || current[fullPath.size()] == W('\\'));
 }

@@ -69,6 +69,6 @@ std::optional<WString> PathOfRename(const QueuedRename& rename);
 u32 RefusalOf(WStringView newName, WStringView given, bool hasPath, bool isDrive, WStringView presentName);
 
 // Returns whether the folder is `current` or one above it.
-bool HoldsFolder(const WString& fullPath, const WString& current);
+bool IsSameOrAbove(const WString& fullPath, const WString& current);
 
 }  // namespace QxHost

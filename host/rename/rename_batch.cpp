@@ -64,8 +64,8 @@ void FileOperation::Report(const WString& from, const QueuedRename& rename) {
   std::string line = "cannot rename " + ToUtf8(from) +
                      (newName.empty() ? " to an empty name" : " to " + ToUtf8(newName)) + ": " +
                      RenameErrorText(from, rename.result);
-  if (holdsOutOfReach_ && IsOutOfReach(rename.result)) {
-    outOfReach_.push_back(std::move(line));
+  if (defersUnreachable_ && IsUnreachable(rename.result)) {
+    unreachable_.push_back(std::move(line));
   } else {
     ReportFailure(line);
   }
@@ -76,9 +76,9 @@ void FileOperation::ReportFailure(const std::string& line) {
   output_.Problem(line);
 }
 
-void FileOperation::ReportOutOfReach() {
-  for (const std::string& line : std::exchange(outOfReach_, {})) ReportFailure(line);
-  holdsOutOfReach_ = false;
+void FileOperation::ReportUnreachable() {
+  for (const std::string& line : std::exchange(unreachable_, {})) ReportFailure(line);
+  defersUnreachable_ = false;
 }
 
 }  // namespace QxHost

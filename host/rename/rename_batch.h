@@ -46,17 +46,17 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   // Returns the results of the last batch, in its order.
   const std::vector<u32>& LastResults() const { return lastResults_; }
 
-  // After HoldOutOfReach, failures because a path does not exist or is too long (3, 206) are not reported
-  // until ReportOutOfReach: these renames can be tried again after folders above them have been renamed.
-  // ForgetOutOfReach discards the failures so far, for another try.
-  void HoldOutOfReach() { holdsOutOfReach_ = true; }
-  void ForgetOutOfReach() { outOfReach_.clear(); }
-  void ReportOutOfReach();
-  static bool IsOutOfReach(u32 result) {
+  // After DeferUnreachable, failures because a path does not exist or is too long (3, 206) are not reported
+  // until ReportUnreachable: these renames can be tried again after folders above them have been renamed.
+  // DiscardUnreachable discards the failures so far, for another try.
+  void DeferUnreachable() { defersUnreachable_ = true; }
+  void DiscardUnreachable() { unreachable_.clear(); }
+  void ReportUnreachable();
+  static bool IsUnreachable(u32 result) {
     return result == ERROR_PATH_NOT_FOUND || result == ERROR_FILENAME_EXCED_RANGE;
   }
 
-  // Declares that the next batch consists of items only, with exactly the renames that ForetellPlanned has
+  // Declares that the next batch consists of items only, with exactly the renames that PredictRenames has
   // found to be independent.
   void ExpectIndependent() { isNextIndependent_ = true; }
 
@@ -75,8 +75,8 @@ class FileOperation final : public Velmora::SDK::IHostFileOperation {
   const bool inOrder_;
   bool hasFailed_ = false;
   bool isNextIndependent_ = false;
-  bool holdsOutOfReach_ = false;
-  std::vector<std::string> outOfReach_;  // messages
+  bool defersUnreachable_ = false;
+  std::vector<std::string> unreachable_;  // messages
   std::vector<u32> lastResults_;
   std::size_t untried_ = 0;
 };

@@ -3,12 +3,12 @@
 namespace QxHost {
 
 const char* const kRenameHelp =
-    R"help(Templates. What stands between brackets is put in; all other text stays as it is, and [[ is one bracket.
+    R"help(Templates. What is between brackets is replaced; all other text is unchanged, and [[ is one bracket.
   [N] the old name without its extension   [E] the old extension       [F] the name of the folder
   [C] the counter; [C10,5,3] one of its own: first value, step, digits
   [Y] [M] [D] [h] [m] [s] the present date and time; [M2] in two digits
   [?attributes] a property of the file; --list-properties shows all. [?modified,{yyyy-MM-dd|HHmm}] a date and a
-      time in this form, and without one with / and :, which no name may hold; [?size,{n8}] a number in eight
+      time in this form, and without one with / and :, which no name may contain; [?size,{n8}] a number in eight
       digits, which is 2147483647 where it is larger
   [N5] five characters from the begin, [N-5] from the end, [N3,4] four from the third, [N3-7] the third to the
       seventh, [N,3] from the third on; the same with E and F. An emoji is two characters
@@ -16,18 +16,18 @@ const char* const kRenameHelp =
 The order is: templates, letter case, --find and --replace. Name and extension are searched separately. Letter case
 is that of A to Z alone.
 
-A preview has the old and the new names in two columns. In front of a row stands
-  = if the name stays as it is
-  ! if no run can start with it: its name cannot be, or is that of the first row, even in another folder
-  ? if the rename would be refused, while the other rows are renamed; it says why
+A preview has the old and the new names in two columns. A row begins with
+  = if the name is unchanged
+  ! if no run can start with it: its name is not possible, or is that of the first row, even in another folder
+  ? if the rename would be refused, while the other rows are renamed; with the reason
 
 All renames of a run count as done at once: 1 to 2, 2 to 3 works in any order, and so does an exchange of names, for
 which one file is NAME.qxhost-tmp for a moment. With --in-order each is tried once, as it comes. No file is ever
-replaced. Ctrl+C ends a run after the rename in progress, and what was done can be taken back.
+replaced. Ctrl+C ends a run after the rename in progress, and what was done can be undone.
 
---items FILE reads further ITEMs, one a line (- is standard input); --dry-run shows what --run or --undo would do,
-rename by rename; --json writes one JSON object a line. In cmd and PowerShell * and ? in the last name of an ITEM are
-found by this program, without hidden files.
+--items FILE reads further ITEMs, one per line (- is standard input); --dry-run shows what --run or --undo would do,
+rename by rename; --json writes one JSON object per line. In cmd and PowerShell * and ? in the last name of an ITEM
+are found by this program, without hidden files.
 
 Examples:
   qxhost rename --name "[?modified,{yyyy-MM-dd}]_[C]" *.jpg
@@ -35,9 +35,9 @@ Examples:
   qxhost rename --name "[?modified,{yyyy-MM-dd}]_[C]" --run *.jpg
                      the same, done
   qxhost rename --list-undo
-                     the runs that can be taken back
+                     the runs that can be undone
   qxhost rename --undo last
-                     take the newest run back
+                     undo the newest run
   qxhost rename --find _ --replace " " --replace-all --parts name --case words --run *.txt
                      my_old_notes.txt becomes My Old Notes.txt
   qxhost rename --regex --parts name --find "^(.+) - (.+)$" --replace '$2 - $1' *.mp3
@@ -53,7 +53,7 @@ Examples:
   qxhost --dry-run rename --name "[N]_[?size,{n8}]" --run *.mp3
                      what a run would do, rename by rename
 
-Exit status: 0, also for a preview with rows that are in the way; 2 for a wrong call; 3 if the output could not be
+Exit status: 0, also for a preview with rows that prevent a run; 2 for a wrong call; 3 if the output could not be
 written or the run broke off; 4 if --run could not start because of such a row or without an undo file, a rename
 failed or was left out, or a profile was not to be replaced.
 )help";

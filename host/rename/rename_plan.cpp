@@ -17,7 +17,7 @@ using Id = NameTree::Id;
 using Row = std::uint32_t;
 using Velmora::SDK::kRenameIgnored;
 
-constexpr unsigned kMostTemporaryNames = 1000;
+constexpr unsigned kMaxTemporaryNames = 1000;
 
 // A folder in the spelling of the batch.
 struct WantedFolder {
@@ -70,8 +70,8 @@ class Planner {
   RenamePlan Plan() {
     if (!open_.empty()) {
       for (const Row row : ByDepth()) Enter(row);
-      RefuseWhatCannotBe();
-      NameTwins();
+      RefuseConflicts();
+      SetDuplicateResults();
       MakeChains();
       OrderChains();
     }
@@ -81,7 +81,7 @@ class Planner {
   }
 
  private:
-  struct Twin {
+  struct Duplicate {
     Row row;
     Row first;
   };
@@ -133,7 +133,7 @@ class Planner {
     return folder;
   }
 
-  bool HoldsCurrentFolder(const WString& path) {
+  bool ContainsCurrentFolder(const WString& path) {
     const WString& current = wanted_.currentFolder;
     if (path.size() > current.size()) return false;
     if (path.size() < current.size() && current[path.size()] != W('\\')) return false;
@@ -164,14 +164,14 @@ class Planner {
     }
     DWORD& result = plan_.results[row];
     if (parent == folder.node) result = files_.Look(path);
-    if (result == 0 && HoldsCurrentFolder(path)) result = ERROR_SHARING_VIOLATION;
+    if (result == 0 && ContainsCurrentFolder(path)) result = ERROR_SHARING_VIOLATION;
     if (result != 0) return;
 
     const Id source = tree_.Child(parent, wanted.name);
     tree_.At(source).look = ERROR_SUCCESS;
-    tree_.Spell(source, wanted.name);
+    tree_.SetSpelling(source, wanted.name);
     if (tree_.At(source).source != kNoRow) {
-      twins_.push_back({row, tree_.At(source).source});
+      duplicates_.push_back({row, tree_.At(source).source});
       return;
     }
     tree_.At(source).source = row;
@@ -204,7 +204,7 @@ class Planner {
     return !IsDone(row) || rows_[row].target == name;
   }
 
-  void RefuseWhatCannotBe() {
+  void RefuseConflicts() {
     // By row: the first row that waits for this folder, and the next row that waits for the same folder.
     std::vector<Row> firstWaiting(rows_.size(), kNoRow);
     std::vector<Row> nextWaiting(rows_.size(), kNoRow);
@@ -234,11 +234,13 @@ class Planner {
     }
   }
 
-  void NameTwins() {
-    for (const Twin& twin : twins_) {
-      const DWORD first = plan_.results[twin.first];
-      const bool isSame = wanted_.rows[twin.row].newName == wanted_.rows[twin.first].newName;
-      plan_.results[twin.row] = first != 0 ? first : isSame ? DWORD{kRenameIgnored} : ERROR_FILE_NOT_FOUND;
+  void SetDuplicateResults() {
+    for (const Duplicate& duplicate : duplicates_) {
+      const DWORD first = plan_.results[duplicate.first];
+      const bool isSame = wanted_.rows[duplicate.row].newName == wanted_.rows[duplicate.first].newName;
+      plan_.results[duplicate.row] = first != 0 ? first
+                                     : isSame   ? DWORD{kRenameIgnored}
+                                                : ERROR_FILE_NOT_FOUND;
     }
   }
 
@@ -294,9 +296,10 @@ class Planner {
   WString TemporaryNameFor(Row row) {
     const Id folder = tree_.At(rows_[row].source).parent;
     WString name;
-    for (unsigned number = 1; number <= kMostTemporaryNames; ++number) {
+    for (unsigned number = 1; number <= kMaxTemporaryNames; ++number) {
       name = TemporaryName(tree_.At(rows_[row].source).name, number);
-      if (!tree_.HasLike(folder, name) && files_.Look(tree_.FolderPath(folder) + name) != ERROR_SUCCESS)
+      if (!tree_.HasNameIgnoringCase(folder, name) &&
+          files_.Look(tree_.FolderPath(folder) + name) != ERROR_SUCCESS)
         break;
     }
     return name;
@@ -354,7 +357,7 @@ class Planner {
   std::vector<WantedRow> rows_;  // empty if no row is open
   NameTree tree_;
   std::vector<WantedFolder> folders_;
-  std::vector<Twin> twins_;
+  std::vector<Duplicate> duplicates_;
   std::unordered_map<Id, std::size_t> otherFolders_;  // index into RenamePlan::otherFolders
   WString currentUpper_;
   RenamePlan plan_;

@@ -11,7 +11,7 @@ namespace {
 using Velmora::SDK::RenameTag;
 
 // Returns the names of the properties in the templates, each once.
-std::vector<WString> AskedProperties(const RenameRules& rules) {
+std::vector<WString> PropertiesInTemplates(const RenameRules& rules) {
   std::vector<WString> names;
   for (const WString& text : {rules.filename, rules.extension}) {
     for (const RenameTag& tag : Velmora::SDK::ParseTemplate(text)) {
@@ -24,7 +24,7 @@ std::vector<WString> AskedProperties(const RenameRules& rules) {
 
 }  // namespace
 
-bool AsksForProperty(const RenameRules& rules) { return !AskedProperties(rules).empty(); }
+bool UsesProperty(const RenameRules& rules) { return !PropertiesInTemplates(rules).empty(); }
 
 // The engine's worker requests the values while the main thread waits for it, so only one thread at a time
 // uses the tree of items.
@@ -49,7 +49,7 @@ void WarnOfUnknownProperties(Shared& shared, const RenameRules& rules) {
   std::vector<std::string> known;
   for (const FileProperty& property : shared.properties.All()) known.push_back(ToUtf8(property.name));
   const std::vector<std::string_view> views(known.begin(), known.end());
-  for (const WString& name : AskedProperties(rules)) {
+  for (const WString& name : PropertiesInTemplates(rules)) {
     if (shared.properties.Has(name)) continue;
     shared.output.Problem("note: there is no property \"" + ToUtf8(name) + "\", so its tag is empty" +
                           DidYouMean(ToUtf8(name), views));

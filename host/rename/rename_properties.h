@@ -7,7 +7,7 @@
 namespace QxHost {
 
 // Returns whether a template has a property tag.
-bool AsksForProperty(const RenameRules& rules);
+bool UsesProperty(const RenameRules& rules);
 
 // Registers the columns of the module's extensions as file properties.
 void AddColumnsAsProperties(Run& run);

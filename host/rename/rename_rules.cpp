@@ -48,8 +48,8 @@ constexpr RuleName kParts[] = {
 };
 
 constexpr u32 kPartsMask = kSearchNameAndExtension | kSearchName | kSearchExtension;
-constexpr std::size_t kMostOfTemplate = 1024;  // characters; the engine uses no more
-constexpr s32 kMostDigits = 1023;
+constexpr std::size_t kMaxTemplateChars = 1024;  // characters; the engine uses no more
+constexpr s32 kMaxDigits = 1023;
 
 template <std::size_t size>
 u32 RuleValue(const RuleName (&table)[size], const std::string& option, const std::string& text,
@@ -59,7 +59,7 @@ u32 RuleValue(const RuleName (&table)[size], const std::string& option, const st
     if (row.name == text) return row.value;
     names.push_back(row.name);
   }
-  throw BadCall(option + ": \"" + text + "\" is none of " + choices + DidYouMean(text, names));
+  throw BadCall(option + ": \"" + text + "\" is not one of " + choices + DidYouMean(text, names));
 }
 
 s32 WholeNumber(const std::string& option, const std::string& text) {
@@ -67,13 +67,13 @@ s32 WholeNumber(const std::string& option, const std::string& text) {
   const char* const end = text.data() + text.size();
   const auto [stopped, error] = std::from_chars(text.data(), end, number);
   if (error == std::errc() && stopped == end) return number;
-  throw BadCall(option + ": \"" + text + "\" is no whole number of 32 bits");
+  throw BadCall(option + ": \"" + text + "\" is not a 32-bit whole number");
 }
 
 WString TemplateText(const std::string& option, const std::string& text) {
   WString wide = PathFromUtf8(text);
-  if (wide.size() <= kMostOfTemplate) return wide;
-  throw BadCall(option + ": a template has at most " + std::to_string(kMostOfTemplate) + " characters");
+  if (wide.size() <= kMaxTemplateChars) return wide;
+  throw BadCall(option + ": a template has at most " + std::to_string(kMaxTemplateChars) + " characters");
 }
 
 WString NumberText(s32 number) { return FromUtf8(std::to_string(number)); }
@@ -82,7 +82,7 @@ SearchAndReplaceItems GivenPairs(const RuleOptions& options) {
   if (!options.replaces.empty() && options.replaces.size() != options.finds.size()) {
     throw BadCall("--find is given " + std::to_string(options.finds.size()) + " times and --replace " +
                   std::to_string(options.replaces.size()) +
-                  " times; each --find has its --replace, \"\" to take the text out");
+                  " times; each --find has its --replace, \"\" to remove the text");
   }
   SearchAndReplaceItems pairs;
   for (std::size_t index = 0; index < options.finds.size(); ++index) {
@@ -108,7 +108,7 @@ SearchAndReplaceItems SavedPairs(IHostApp& host, const std::string& text) {
     others += (others.empty() ? "" : ", ") + std::to_string(other);
   }
   throw BadCall("--pairs: there is no list " + std::to_string(number) +
-                (others.empty() ? ", nor any other: --save-pairs makes one" : "; there are: " + others));
+                (others.empty() ? ", nor any other: --save-pairs makes one" : "; the lists are: " + others));
 }
 
 RenameRules SavedRules(IHostApp& host, const std::string& name) {
@@ -138,7 +138,7 @@ RenameRules RulesOf(const RuleOptions& options, IHostApp& host) {
   if (options.step) rules.step = NumberText(WholeNumber("--step", *options.step));
   if (options.digits) {
     const s32 digits = WholeNumber("--digits", *options.digits);
-    if (digits < 0 || digits > kMostDigits) throw BadCall("--digits is a number from 0 to 1023");
+    if (digits < 0 || digits > kMaxDigits) throw BadCall("--digits is a number from 0 to 1023");
     rules.digits = NumberText(digits);
   }
   if (options.caseRule) rules.caseRule = RuleValue(kCaseRules, "--case", *options.caseRule, kCaseRuleNames);
@@ -163,7 +163,7 @@ void CheckExpressions(const RenameRules& rules) {
   const u32 number = ValidateExpressions(rules.pairs, message);
   if (number == 0) return;
   throw BadCall("\"" + ToUtf8(rules.pairs[number - 1].first) +
-                "\" is no regular expression: " + ToUtf8(message));
+                "\" is not a regular expression: " + ToUtf8(message));
 }
 
 void CheckIsReadable(IHostApp& host, const WString& path) {
@@ -175,7 +175,8 @@ void CheckIsReadable(IHostApp& host, const WString& path) {
   const HostObject<IHostXmlDocument> document(host.CreateXmlDocument());
   const XmlNode root = document ? document->Load(path.c_str(), 1) : nullptr;
   if (!root) {
-    throw BadCall(ToUtf8(path) + " is damaged: it is no XML file. Repair it, or move it away to begin anew");
+    throw BadCall(ToUtf8(path) +
+                  " is damaged: it is not an XML file. Repair it, or move it away to start again");
   }
   document->Close(root);
 }

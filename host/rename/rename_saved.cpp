@@ -17,15 +17,15 @@ namespace {
 using namespace Velmora::SDK;
 
 constexpr WStringView kProfileBlanks = W(" \t\r\n");
-constexpr std::size_t kMostOfProfileName = 1023;  // the reader of the file uses no more
-constexpr u32 kMostTemplates = 20;                // of a history
+constexpr std::size_t kMaxProfileNameChars = 1023;  // the reader of the file uses no more
+constexpr u32 kMaxTemplates = 20;                   // of a history
 
 WString ProfileName(const std::string& text) {
   const WString wide = PathFromUtf8(text);
   const std::size_t begin = wide.find_first_not_of(kProfileBlanks);
   if (begin == WString::npos) throw BadCall("--save-profile: the name is empty");
   WString name = wide.substr(begin, wide.find_last_not_of(kProfileBlanks) - begin + 1);
-  if (name.size() > kMostOfProfileName) throw BadCall("--save-profile: a name has at most 1023 characters");
+  if (name.size() > kMaxProfileNameChars) throw BadCall("--save-profile: a name has at most 1023 characters");
   return name;
 }
 
@@ -81,7 +81,7 @@ void KeepInHistory(IHostApp& host, const WCHAR* key, const WString& text, WStrin
     if (line != usual && !renewed->Contains(line.c_str(), 0)) renewed->Add(line.c_str());
   }
   renewed->Finish(1);
-  config->SaveStringList(key, renewed.Get(), kMostTemplates);
+  config->SaveStringList(key, renewed.Get(), kMaxTemplates);
 }
 
 }  // namespace
@@ -100,7 +100,7 @@ void ListRenameProfiles(Shared& shared, IHostApp& host) {
          PartsName(profile->flags), rules.pairs});
   }
   if (profiles.profiles.empty()) {
-    shared.reporter.Say("There are no profiles. --save-profile NAME makes one of the rules beside it");
+    shared.reporter.Say("There are no profiles. --save-profile NAME makes one of the given rules");
   }
 }
 
@@ -128,7 +128,7 @@ bool SaveRenameProfile(Shared& shared, IHostApp& host, const std::string& text, 
   shared.reporter.Say("saved the profile \"" + ToUtf8(name) + "\"");
   const std::string lost = LossesOfProfile(rules, RulesOfProfile(*kept));
   if (!lost.empty()) {
-    shared.output.Problem("note: the profile does not keep these as they were given: " + lost);
+    shared.output.Problem("note: the profile does not store these as they were given: " + lost);
   }
   return true;
 }
@@ -160,7 +160,7 @@ void ListPairs(Shared& shared, IHostApp& host) {
     shared.reporter.Pairs(number, CollectSearchItems(PairRows(pairs), true));
   }
   if (lists.Lists().empty()) {
-    shared.reporter.Say("There are no lists of pairs. --save-pairs N makes one of the --find beside it");
+    shared.reporter.Say("There are no lists of pairs. --save-pairs N makes one of the given --find options");
   }
 }
 
@@ -182,7 +182,7 @@ bool SavePairs(Shared& shared, IHostApp& host, const std::string& text, const Re
                       " as list " + std::to_string(number));
   // Compares them as --pairs uses them.
   if (CollectSearchItems(PairRows(*kept), true) != rules.pairs)
-    shared.output.Problem("note: the list does not keep the pairs as they were given");
+    shared.output.Problem("note: the list does not store the pairs as they were given");
   return true;
 }
 

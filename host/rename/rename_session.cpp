@@ -32,7 +32,7 @@ RenameSession::RenameSession(Shared& shared)
       host_(shared, kMultiRenameIndex, kMultiRenameModule),
       engine_(new MultiRenameEngine(&host_)) {
   engine_->propertyManager = host_.GetPropertyManager();
-  if (!engine_->worker.Start()) throw ModuleFailure("cannot make a thread for the renames");
+  if (!engine_->worker.Start()) throw ModuleFailure("cannot create a thread for the renames");
 }
 
 void RenameSession::Work() {
@@ -44,7 +44,7 @@ void RenameSession::Preview(const RenameRules& rules) {
   const SharedItems rows = ReadSelection(host_);
   if (!CompileRules(*engine_, InputOf(rules, rows))) {
     throw BadCall("\"" + ToUtf8(SearchMistake(rules)) +
-                  "\" is no regular expression: " + ToUtf8(engine_->status.ErrorText()));
+                  "\" is not a regular expression: " + ToUtf8(engine_->status.ErrorText()));
   }
   areIndependent_ = false;
   engine_->worker.WantPreview();
@@ -56,20 +56,20 @@ bool RenameSession::IsBlocked() const {
                              [](const MultiRenameItem* row) { return BlocksStart(row->state); });
 }
 
-std::vector<u32> RenameSession::Outlook() {
+std::vector<u32> RenameSession::PredictResults() {
   if (!shared_.fileOperation.IsInOrder()) {
-    std::vector<ImaginedRename> renames;
+    std::vector<RenameToPredict> renames;
     renames.reserve(engine_->items.size());
     for (const MultiRenameItem* const row : engine_->items) {
       renames.push_back({static_cast<const FileItem*>(row->hostItem), row->newName});
     }
-    ForetoldRenames foretold = ForetellPlanned(renames, shared_.listings);
-    areIndependent_ = foretold.areIndependent;
-    return std::move(foretold.results);
+    PredictedRenames predicted = PredictRenames(renames, shared_.listings);
+    areIndependent_ = predicted.areIndependent;
+    return std::move(predicted.results);
   }
   Output silence([](std::string_view) { return true; }, [](std::string_view) { return true; });
-  const std::unique_ptr<Reporter> unheard = MakeProseReporter(silence);
-  FileOperation dryOperation(shared_.items, *unheard, silence, true, true);
+  const std::unique_ptr<Reporter> silentReporter = MakeProseReporter(silence);
+  FileOperation dryOperation(shared_.items, *silentReporter, silence, true, true);
   IHostRenameBatch* const batch = dryOperation.CreateRenameBatch();
   for (MultiRenameItem* const row : engine_->items) {
     batch->AddByItem(row->hostItem, row->newName.c_str(), row);
@@ -84,12 +84,12 @@ std::vector<u32> RenameSession::Outlook() {
 }
 
 MultiRenameUndo RenameSession::Planned() {
-  const std::vector<u32> outlook = Outlook();
+  const std::vector<u32> predicted = PredictResults();
   MultiRenameUndo planned;
-  planned.entries.reserve(outlook.size());
-  for (std::size_t index = 0; index < outlook.size(); ++index) {
+  planned.entries.reserve(predicted.size());
+  for (std::size_t index = 0; index < predicted.size(); ++index) {
     const MultiRenameItem& row = *engine_->items[index];
-    if (outlook[index] != kRenameDone) continue;
+    if (predicted[index] != kRenameDone) continue;
     planned.entries.push_back({row.folderPath, WString(NameToMake(row.newName)), row.oldName});
   }
   return planned;
@@ -105,17 +105,17 @@ void RenameSession::Run() {
   engine_->worker.WantRename(false);
   Work();
   CheckAllTried(engine_->items.size());
-  AddLeftAside();
+  AddTemporarilyNamed();
 }
 
-void RenameSession::AddLeftAside() {
-  constexpr unsigned kMostNamesAside = 16;
+void RenameSession::AddTemporarilyNamed() {
+  constexpr unsigned kMaxNamesAside = 16;
   auto& sessions = engine_->undoStore.sessions;
   for (const MultiRenameItem* const row : engine_->items) {
     if (row->state != StateFailed) continue;
     const WStringView name = static_cast<const FileItem*>(row->hostItem)->Name();
     if (name == row->oldName) continue;
-    for (unsigned number = 1; number <= kMostNamesAside; ++number) {
+    for (unsigned number = 1; number <= kMaxNamesAside; ++number) {
       if (name != TemporaryName(row->oldName, number)) continue;
       if (sessions.empty()) sessions.push_back(std::make_unique<MultiRenameUndo>());
       sessions.back()->entries.push_back({row->folderPath, WString(name), row->oldName});
@@ -138,7 +138,7 @@ void RenameSession::Restore(const MultiRenameUndo& session) {
     order.push_back(&row);
   }
   FileOperation& operation = shared_.fileOperation;
-  operation.HoldOutOfReach();
+  operation.DeferUnreachable();
   u32 succeeded = 0;
   u32 failed = 0;
   u32 ignored = 0;
@@ -158,14 +158,14 @@ void RenameSession::Restore(const MultiRenameUndo& session) {
     std::vector<MultiRenameItem*> again;
     const std::vector<u32>& results = operation.LastResults();
     for (std::size_t index = 0; index < results.size() && index < order.size(); ++index) {
-      if (FileOperation::IsOutOfReach(results[index])) again.push_back(order[index]);
+      if (FileOperation::IsUnreachable(results[index])) again.push_back(order[index]);
     }
     if (again.empty() || !isAnyDone || operation.IsDry() || IsInterrupted()) break;
     failed -= static_cast<u32>(again.size());
-    operation.ForgetOutOfReach();
+    operation.DiscardUnreachable();
     order = std::move(again);
   }
-  operation.ReportOutOfReach();
+  operation.ReportUnreachable();
 }
 
 std::string RenameSession::StatusText() const {

@@ -22,23 +22,25 @@ class RenameSession {
   const std::vector<Velmora::SDK::MultiRenameItem*>& Rows() const { return engine_->items; }
 
   // Returns how often a search took too long and left a name or an extension unchanged.
-  std::size_t GaveUp() const { return engine_->replaceRules ? engine_->replaceRules->GaveUp() : 0; }
+  std::size_t AbortedSearches() const {
+    return engine_->replaceRules ? engine_->replaceRules->AbortedSearches() : 0;
+  }
 
   // Returns whether a row prevents a run from starting.
   bool IsBlocked() const;
 
   // Returns the result that the host would report for each row: 0, 10 for a rename to the present name, or an
   // error number.
-  std::vector<u32> Outlook();
+  std::vector<u32> PredictResults();
 
   // Returns the renames of a run, without those that the host would refuse and without a date.
   Velmora::SDK::MultiRenameUndo Planned();
 
-  // Returns whether the renames found by the last call of Outlook or Planned can be done in any order.
+  // Returns whether the renames found by the last call of PredictResults or Planned can be done in any order.
   bool AreIndependent() const { return areIndependent_; }
 
   // Renames all rows. Writes no undo file, which is left to the caller (run_undo.h). Does not check again
-  // what Outlook or Planned has found. After an interruption, for which the caller watches, renames no
+  // what PredictResults or Planned has found. After an interruption, for which the caller watches, renames no
   // further rows.
   void Run();
 
@@ -67,13 +69,13 @@ class RenameSession {
   // Wakes the worker for its job and waits until it has completed.
   void Work();
   // Adds the files that have a temporary name after the run to its session.
-  void AddLeftAside();
+  void AddTemporarilyNamed();
   // Throws ModuleFailure if fewer than this number of renames were tried.
   void CheckAllTried(std::size_t renames) const;
 
   Shared& shared_;
   HostApp host_;
-  bool areIndependent_ = false;  // the renames of the rows, as Outlook has found
+  bool areIndependent_ = false;  // the renames of the rows, as PredictResults has found
   Velmora::SDK::OwnedEngine engine_;
 };
 

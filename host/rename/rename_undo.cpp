@@ -82,18 +82,18 @@ std::optional<WString> NameInStore(const MultiRenameUndoStore& store, const WStr
   return isStores ? std::optional(path->substr(nameAt)) : std::nullopt;
 }
 
-BadCall NoUndoFile(const MultiRenameUndoStore& store, const std::string& text) {
+BadCall NotAnUndoFile(const MultiRenameUndoStore& store, const std::string& text) {
   std::vector<std::string> names;
   for (const UndoSummary& session : SessionsByDate(store)) names.push_back(ToUtf8(session.fileName));
   const std::optional<WString> name = NameInStore(store, PathFromUtf8(text));
   if (text != kNewestUndo && name && ReadFileFacts(store.folder + *name)) {
-    return BadCall("\"" + text + "\" is no undo file: it is in " + ToUtf8(store.folder) +
-                   ", but no list of renames");
+    return BadCall("\"" + text + "\" is not an undo file: it is in " + ToUtf8(store.folder) +
+                   ", but is not a list of renames");
   }
   if (names.empty()) return BadCall("there are no undo files in " + ToUtf8(store.folder));
   const std::vector<std::string_view> views(names.begin(), names.end());
-  return BadCall("\"" + text + "\" is no undo file" + DidYouMean(text, views) +
-                 ". `qxhost rename --list-undo` shows which there are");
+  return BadCall("\"" + text + "\" is not an undo file" + DidYouMean(text, views) +
+                 ". `qxhost rename --list-undo` shows all");
 }
 
 // Returns the name of the store's file for a name, a path or `last`; std::nullopt for a path elsewhere.
@@ -101,7 +101,7 @@ BadCall NoUndoFile(const MultiRenameUndoStore& store, const std::string& text) {
 std::optional<WString> FileInStore(const MultiRenameUndoStore& store, const std::string& text) {
   if (text == kNewestUndo) {
     const std::vector<UndoSummary> sessions = SessionsByDate(store);
-    if (sessions.empty()) throw NoUndoFile(store, text);
+    if (sessions.empty()) throw NotAnUndoFile(store, text);
     return sessions.back().fileName;
   }
   const std::optional<WString> name = NameInStore(store, PathFromUtf8(text));
@@ -109,29 +109,29 @@ std::optional<WString> FileInStore(const MultiRenameUndoStore& store, const std:
   for (const UndoSummary& session : SessionsByDate(store)) {
     if (IsSameFileName(session.fileName, *name)) return session.fileName;
   }
-  throw NoUndoFile(store, text);
+  throw NotAnUndoFile(store, text);
 }
 
 // The undo file that the call refers to.
-struct MeantUndo {
+struct UndoTarget {
   WString path;
   bool isForeign = false;  // it is not in the store
   UndoFile file;
 };
 
-MeantUndo FindUndo(const MultiRenameUndoStore& store, const std::string& text) {
-  MeantUndo meant;
+UndoTarget FindUndo(const MultiRenameUndoStore& store, const std::string& text) {
+  UndoTarget target;
   const std::optional<WString> name = FileInStore(store, text);
-  meant.isForeign = !name;
-  meant.path = name ? store.folder + *name : FullPathOf(PathFromUtf8(text)).value_or(WString());
-  if (meant.path.empty()) throw NoUndoFile(store, text);
-  meant.file = ReadUndoFile(meant.path);
-  if (meant.file.error != ERROR_SUCCESS) {
-    throw BadCall("cannot read " + text + ": " + ErrorText(meant.file.error));
+  target.isForeign = !name;
+  target.path = name ? store.folder + *name : FullPathOf(PathFromUtf8(text)).value_or(WString());
+  if (target.path.empty()) throw NotAnUndoFile(store, text);
+  target.file = ReadUndoFile(target.path);
+  if (target.file.error != ERROR_SUCCESS) {
+    throw BadCall("cannot read " + text + ": " + ErrorText(target.file.error));
   }
-  if (!meant.file.session) throw BadCall(text + " is no undo file");
-  if (name) meant.file.session->fileName = *name;
-  return meant;
+  if (!target.file.session) throw BadCall(text + " is not an undo file");
+  if (name) target.file.session->fileName = *name;
+  return target;
 }
 
 // Returns the bytes of the text as the store writes them.
@@ -143,7 +143,7 @@ std::string_view BytesOf(WStringView text) {
 constexpr DWORD kOtherBytes = ERROR_INVALID_DATA;
 
 // Reads as many bytes from the file. Returns an error, or kOtherBytes if they differ or are too few.
-DWORD TakeBytes(HANDLE file, std::string_view bytes, std::string& buffer) {
+DWORD ReadAndCompare(HANDLE file, std::string_view bytes, std::string& buffer) {
   while (!bytes.empty()) {
     buffer.resize(bytes.size());
     DWORD done = 0;
@@ -164,14 +164,14 @@ DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, const
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
   DWORD error = file.IsOpen() ? DWORD{ERROR_SUCCESS} : GetLastError();
   std::string buffer;
-  const auto take = [&](WStringView text) {
-    if (error == ERROR_SUCCESS) error = TakeBytes(file.Get(), BytesOf(text), buffer);
+  const auto compare = [&](WStringView text) {
+    if (error == ERROR_SUCCESS) error = ReadAndCompare(file.Get(), BytesOf(text), buffer);
   };
   WriteUndoText(session, [&](WStringView text) {
     size += BytesOf(text).size();
-    take(text);
+    compare(text);
   });
-  WriteNotedFiles(notedFiles, take);
+  WriteNotedFiles(notedFiles, compare);
   char more = 0;
   DWORD done = 0;
   if (error == ERROR_SUCCESS && ReadFile(file.Get(), &more, 1, &done, nullptr) && done != 0)
@@ -179,19 +179,20 @@ DWORD CompareUndoFile(const WString& path, const MultiRenameUndo& session, const
   return error;
 }
 
-bool IsBlankOfUndoLine(WCHAR c) { return c == W(' ') || c == W('\t'); }
+bool IsUndoLineBlank(WCHAR c) { return c == W(' ') || c == W('\t'); }
 
-bool IsKeptField(WStringView text) {
-  return !text.empty() && !HoldsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
+bool IsStorableField(WStringView text) {
+  return !text.empty() && !ContainsAnyOf<W('|'), W('\r'), W('\n'), W('\0')>(text);
 }
 
 // Returns whether the entry is certain to be read back from its line, and its old name is possible.
-bool IsKeptAsItIs(const MultiRenameUndoEntry& entry) {
+bool IsStorableEntry(const MultiRenameUndoEntry& entry) {
   if (!IsPossibleName(entry.oldName)) return false;
-  if (!IsKeptField(entry.folder) || !IsKeptField(entry.oldName) || !IsKeptField(entry.newName)) return false;
+  if (!IsStorableField(entry.folder) || !IsStorableField(entry.oldName) || !IsStorableField(entry.newName))
+    return false;
   const WCHAR first = entry.folder.Text().front();
   const bool isOther = first == W(';') || first == W('#') || first == W('[');
-  return !isOther && !IsBlankOfUndoLine(first) && !IsBlankOfUndoLine(entry.newName.back());
+  return !isOther && !IsUndoLineBlank(first) && !IsUndoLineBlank(entry.newName.back());
 }
 
 // Two entries are equal if the reader cannot distinguish them: it drops blanks at the end of a new name, as
@@ -226,12 +227,12 @@ std::string Renames(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " rename" : " renames");
 }
 
-std::string WhyLost(const MultiRenameUndoEntry& entry, bool isFileLong) {
-  const bool isParted = !IsKeptField(entry.folder) || !IsKeptField(entry.oldName);
-  if (!isParted && !IsPossibleName(entry.oldName))
-    return "no file is given a name with one of \\/:*?\"<>| or a control character";
-  if (isFileLong) return "an undo file has at most " + std::to_string(kMostOfUndoFile) + " bytes";
-  return "its lines are parted at each | and at line ends";
+std::string LossReason(const MultiRenameUndoEntry& entry, bool isFileLong) {
+  const bool isSeparated = !IsStorableField(entry.folder) || !IsStorableField(entry.oldName);
+  if (!isSeparated && !IsPossibleName(entry.oldName))
+    return "no file may have a name with one of \\/:*?\"<>| or a control character";
+  if (isFileLong) return "an undo file has at most " + std::to_string(kMaxUndoFileBytes) + " bytes";
+  return "its lines are split at each | and at line ends";
 }
 
 // Returns how many entries, from the first one on, are read back unchanged.
@@ -244,27 +245,27 @@ std::size_t CountInPlace(const MultiRenameUndo& session, const MultiRenameUndo& 
 
 // Warns of entries that are read back but were not renames of the session. If the file is cut, its last line
 // may be cut too, and its new name is then the beginning of another.
-void WarnOfStrangers(Output& output, const MultiRenameUndo& session, const MultiRenameUndo& kept,
-                     bool isCut) {
+void WarnOfUnknownEntries(Output& output, const MultiRenameUndo& session, const MultiRenameUndo& kept,
+                          bool isCut) {
   // Most entries are read back at the same position.
   const std::size_t inPlace = CountInPlace(session, kept);
   const auto unsure = std::span(kept.entries).subspan(inPlace);
-  constexpr std::size_t kFew = 4;  // for fewer entries a set is slower
-  const EntrySet renames = unsure.size() <= kFew ? EntrySet() : SetOf(session.entries);
-  const auto isStranger = [&](const MultiRenameUndoEntry& entry) {
-    if (unsure.size() > kFew) return !renames.contains(&entry);
+  constexpr std::size_t kMaxLinearSearch = 4;  // for fewer entries a set is slower
+  const EntrySet renames = unsure.size() <= kMaxLinearSearch ? EntrySet() : SetOf(session.entries);
+  const auto isUnknownEntry = [&](const MultiRenameUndoEntry& entry) {
+    if (unsure.size() > kMaxLinearSearch) return !renames.contains(&entry);
     return std::ranges::none_of(session.entries, [&entry](const MultiRenameUndoEntry& rename) {
       return AreEqualEntries()(&rename, &entry);
     });
   };
-  const auto strangers = std::ranges::count_if(unsure, isStranger);
-  if (strangers == 0) return;
-  if (strangers == 1 && isCut && isStranger(kept.entries.back())) {
-    output.Problem("the last line that is read of the undo file is cut, and names " +
+  const auto unknownEntries = std::ranges::count_if(unsure, isUnknownEntry);
+  if (unknownEntries == 0) return;
+  if (unknownEntries == 1 && isCut && isUnknownEntry(kept.entries.back())) {
+    output.Problem("the last line that is read of the undo file is cut, and contains " +
                    ToUtf8(PathInFolder(kept.entries.back().folder, kept.entries.back().newName)) +
-                   ": where there is such a file, do not take the run back");
+                   ": if this file exists, do not undo the run");
   } else {
-    output.Problem("the undo file has lines that look like renames of other files: do not take it back");
+    output.Problem("the undo file has lines that look like renames of other files: do not undo it");
   }
 }
 
@@ -282,19 +283,19 @@ UndoEvent EventOfSummary(const MultiRenameUndoStore& store, const UndoSummary& s
 
 void WarnOfUndoFile(Output& output, const UndoFile& file) {
   if (file.session->haveRestored) {
-    output.Problem("note: this run has been taken back before; --list-undo shows the others");
+    output.Problem("note: this run has been undone before; --list-undo shows the others");
   }
   if (file.isLong) {
-    output.Problem("the undo file is longer than " + std::to_string(kMostOfUndoFile) +
-                   " bytes; what lies beyond them is not taken back");
+    output.Problem("the undo file is longer than " + std::to_string(kMaxUndoFileBytes) +
+                   " bytes; what is beyond them is not undone");
   } else if (file.isCut) {
-    output.Problem("the last line of the undo file is cut; it is not taken back");
+    output.Problem("the last line of the undo file is cut; it is not undone");
   }
 }
 
 // Removes entries with names that no run gives. A path with such a name, for example "..", would refer to a
 // file in another folder.
-void LeaveOutOtherFolders(Shared& shared, MultiRenameUndo& session) {
+void RemoveImpossibleNames(Shared& shared, MultiRenameUndo& session) {
   const auto isNoName = [](const MultiRenameUndoEntry& entry) {
     return !IsPossibleName(NameToMake(entry.newName));
   };
@@ -302,7 +303,7 @@ void LeaveOutOtherFolders(Shared& shared, MultiRenameUndo& session) {
   if (first == session.entries.end()) return;
   const WString name = first->newName;
   const std::size_t count = std::erase_if(session.entries, isNoName);
-  shared.output.Problem(Renames(count) + " cannot be taken back: no file has the name " + ToUtf8(name));
+  shared.output.Problem(Renames(count) + " cannot be undone: no file has the name " + ToUtf8(name));
   shared.hasFailedFiles = true;
 }
 
@@ -314,15 +315,15 @@ void ReportLeft(Shared& shared, const std::vector<LeftFile>& left, bool isDryRun
         {path, file.oldName, isHeld ? DWORD{ERROR_SHARING_VIOLATION} : ERROR_FILE_NOT_FOUND, isDryRun});
     shared.output.Problem("cannot rename " + ToUtf8(path) + " to " + ToUtf8(file.oldName) + ": " +
                           (isHeld ? "a folder above it is the current one, or above that"
-                                  : "it may be another file than was renamed"));
+                                  : "it may not be the file that was renamed"));
     shared.hasFailedFiles = true;
   }
 }
 
-std::string BackText(std::size_t back, bool isPlan, bool hadRestored) {
+std::string AlreadyRestoredText(std::size_t back, bool isPlan, bool hadRestored) {
   if (isPlan) {
     return "The run was cut off: " + Renames(back) + " had not been done" +
-           (hadRestored ? ", or have been taken back before" : "");
+           (hadRestored ? ", or have been undone before" : "");
   }
   return std::to_string(back) + (back == 1 ? " file has its old name" : " files have their old names") +
          " already";
@@ -345,69 +346,69 @@ void ListUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::strin
   if (sessions.empty()) {
     shared.reporter.Say("There are no undo files in " + ToUtf8(store.folder));
   } else {
-    shared.reporter.Say("They are in " + ToUtf8(store.folder) + ". Take one back: qxhost " + configOption +
+    shared.reporter.Say("They are in " + ToUtf8(store.folder) + ". Undo one: qxhost " + configOption +
                         "rename --undo NAME, or --undo last for the first of these");
   }
 }
 
-void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
+void UndoRenames(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun) {
   const MultiRenameUndoStore& store = session.UndoStore();
   UndoLock lock;
   // Without the lock nothing can be written either, so the undo continues without it.
   if (!isDryRun) LockUndoFiles(lock, store, shared.output);
-  MeantUndo meant = FindUndo(store, text);
-  MultiRenameUndo& taken = *meant.file.session;
-  UndoNotes& notes = meant.file.notes;
+  UndoTarget target = FindUndo(store, text);
+  MultiRenameUndo& taken = *target.file.session;
+  UndoNotes& notes = target.file.notes;
   const bool hadRestored = taken.haveRestored;
-  WarnOfUndoFile(shared.output, meant.file);
+  WarnOfUndoFile(shared.output, target.file);
   const std::vector<PresentFile> files =
       FindPresentFiles(taken, notes, FullPathOf(W(".")).value_or(WString()));
   UndoSteps steps = StepsOf(taken, files);
-  LeaveOutOtherFolders(shared, steps.session);
+  RemoveImpossibleNames(shared, steps.session);
   // Rewriting a file of which a part was not read would lose that part.
-  const bool isWritten = !isDryRun && !meant.isForeign && meant.file.isWhole;
+  const bool isWritten = !isDryRun && !target.isForeign && target.file.isWhole;
   {
     // The reader of the output may be slow or end this program, so the undo file is written first.
     const HeldOutput held(shared.output);
     const InterruptionWatch watch;
-    if (isWritten && NoteFound(files, notes.files)) RewriteUndoFile(meant.path, meant.file);
+    if (isWritten && NoteFound(files, notes.files)) RewriteUndoFile(target.path, target.file);
     session.Restore(steps.session);
     session.AddFailed(steps.left.size());
     ReportLeft(shared, steps.left, isDryRun);
     const bool isAllBack = steps.back != 0 && session.Failed() == 0;
     if (isWritten && shared.fileOperation.Untried() == 0 && (session.Succeeded() != 0 || isAllBack)) {
       taken.haveRestored = true;
-      if (const DWORD error = RewriteUndoFile(meant.path, meant.file); error != ERROR_SUCCESS) {
+      if (const DWORD error = RewriteUndoFile(target.path, target.file); error != ERROR_SUCCESS) {
         taken.haveRestored = hadRestored;
-        shared.output.Problem("note: the undo file cannot say that it was taken back: " + ErrorText(error));
+        shared.output.Problem("note: the undo file cannot record that it was undone: " + ErrorText(error));
       }
     }
-    lock.GiveUp();
+    lock.Release();
   }
-  if (!meant.isForeign) shared.reporter.Undo(UndoEventOf(store, taken));
+  if (!target.isForeign) shared.reporter.Undo(UndoEventOf(store, taken));
   shared.reporter.Say(isDryRun ? "Nothing was renamed: this was a dry run" : session.StatusText());
-  if (steps.back != 0) shared.reporter.Say(BackText(steps.back, notes.isPlan, hadRestored));
-  if (!isDryRun && meant.isForeign) {
+  if (steps.back != 0) shared.reporter.Say(AlreadyRestoredText(steps.back, notes.isPlan, hadRestored));
+  if (!isDryRun && target.isForeign) {
     shared.reporter.Say("The file is not in " + ToUtf8(store.folder) +
-                        ", so it does not say that it was taken back");
+                        ", so it does not record that it was undone");
   }
   if (taken.haveRestored && !isDryRun && session.Failed() != 0) {
-    shared.reporter.Say("The file counts as taken back. The same call tries again what failed");
+    shared.reporter.Say("The file counts as undone. The same call tries the failed renames again");
   }
   if (hadRestored && session.Succeeded() == 0) shared.hasFailedFiles = true;  // nothing was left to restore
 }
 
 std::size_t RenamesBeyondUndo(const std::vector<MultiRenameItem*>& rows) {
   // The lines before the first entry, with a number of entries and a date of many digits.
-  constexpr std::size_t kMostBefore = 200;
+  constexpr std::size_t kHeaderBytes = 200;
   constexpr std::size_t kSeparators = 4;  // two bars, CR and LF
-  std::size_t bytes = kMostBefore;
+  std::size_t bytes = kHeaderBytes;
   std::size_t beyond = 0;
   for (const MultiRenameItem* const row : rows) {
     if (row->oldName == row->newName) continue;
     bytes += sizeof(WCHAR) *
              (row->folderPath.Text().size() + row->oldName.size() + row->newName.size() + kSeparators);
-    if (bytes > kMostOfUndoFile) ++beyond;
+    if (bytes > kMaxUndoFileBytes) ++beyond;
   }
   return beyond;
 }
@@ -423,7 +424,7 @@ bool DeleteUndoFiles(Shared& shared, MultiRenameUndoStore& store, const std::str
   } else if (const std::optional<WString> name = FileInStore(store, text)) {
     names.push_back(*name);
   } else {
-    throw NoUndoFile(store, text);
+    throw NotAnUndoFile(store, text);
   }
   std::size_t deleted = 0;
   for (const WString& name : names) {
@@ -445,15 +446,15 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
   const DWORD error = CompareUndoFile(path, session, notedFiles, size);
   const bool isWhole = error == ERROR_SUCCESS;
   if (!isWhole) {
-    output.Problem("the undo file could not be written whole, and may take nothing back: " + ToUtf8(path) +
+    output.Problem("the undo file is incomplete, and may undo nothing: " + ToUtf8(path) +
                    (error == kOtherBytes ? "" : ": " + ErrorText(error)));
   }
   const UndoCheck found = isWhole ? UndoCheck::kKeeps : UndoCheck::kNotWhole;
-  if (size <= kMostOfUndoFile && std::ranges::all_of(session.entries, IsKeptAsItIs)) return found;
+  if (size <= kMaxUndoFileBytes && std::ranges::all_of(session.entries, IsStorableEntry)) return found;
   std::string expected;
   // One byte more than is read shows that the text is longer.
   WriteUndoText(session, [&expected](WStringView text) {
-    if (expected.size() <= kMostOfUndoFile) expected += BytesOf(text);
+    if (expected.size() <= kMaxUndoFileBytes) expected += BytesOf(text);
   });
   const std::unique_ptr<MultiRenameUndo> kept =
       ReadUndoText({reinterpret_cast<const std::uint8_t*>(expected.data()), expected.size()});
@@ -468,8 +469,8 @@ UndoCheck CheckUndoFile(Output& output, const MultiRenameUndoStore& store, Multi
   if (lost == 0) return found;
   output.Problem("the undo of " + Renames(lost) + " of " + std::to_string(session.entries.size()) +
                  " cannot be kept, first of " + ToUtf8(PathInFolder(first->folder, first->oldName)) + ": " +
-                 WhyLost(*first, expected.size() > kMostOfUndoFile));
-  if (kept) WarnOfStrangers(output, session, *kept, expected.size() > kMostOfUndoFile);
+                 LossReason(*first, expected.size() > kMaxUndoFileBytes));
+  if (kept) WarnOfUnknownEntries(output, session, *kept, expected.size() > kMaxUndoFileBytes);
   return lost == session.entries.size() ? UndoCheck::kKeepsNone : found;
 }
 

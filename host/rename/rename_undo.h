@@ -23,7 +23,7 @@ void ListUndoFiles(Shared& shared, Velmora::SDK::MultiRenameUndoStore& store,
 // off, fail in part or be repeated; a file with its old name keeps it. A file of the store counts as restored
 // as soon as something was restored or nothing is left to restore, unless a part of it was not read or not
 // tried. Skips a last line that may be cut. Throws BadCall if the file does not exist or is not an undo file.
-void TakeBack(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun);
+void UndoRenames(Shared& shared, RenameSession& session, const std::string& text, bool isDryRun);
 
 // Returns how many of the rows would be beyond the readable size of the undo file if all of them were
 // renamed.

@@ -78,7 +78,7 @@ void RunInOrder(std::deque<QueuedRename>& renames, FileItemTree& tree, bool isDr
         RefusalOf(NameToMakeOf(rename), rename.newName, item != nullptr, folder.empty(), presentName);
     // Windows keeps the current folder open. Other systems would rename it, for example for an accidental
     // ITEM ".".
-    if (result == 0 && current && HoldsFolder(from, *current)) result = ERROR_SHARING_VIOLATION;
+    if (result == 0 && current && IsSameOrAbove(from, *current)) result = ERROR_SHARING_VIOLATION;
     if (result == 0 && IsInterrupted()) result = ERROR_CANCELLED;
     if (result == 0) {
       result =

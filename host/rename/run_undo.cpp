@@ -43,7 +43,7 @@ void RunUndo::Lock() {
 }
 
 void RunUndo::Unlock() {
-  lock_.GiveUp();
+  lock_.Release();
   isLocked_ = false;
 }
 
@@ -72,7 +72,7 @@ NotedFiles RunUndo::NotedOf(const MultiRenameUndo& session) const {
   NotedFiles files;
   if (planned_.empty()) return files;
   // The entries are those of the plan in the same order, of which some are missing; a few may be at the end.
-  constexpr int kMostOutOfOrder = 1000;
+  constexpr int kMaxOutOfOrder = 1000;
   int outOfOrder = 0;
   auto next = planned_.begin();
   for (const MultiRenameUndoEntry& entry : session.entries) {
@@ -80,7 +80,7 @@ NotedFiles RunUndo::NotedOf(const MultiRenameUndo& session) const {
       return planned.oldName == entry.oldName && planned.folder == entry.folder;
     };
     auto found = std::find_if(next, planned_.end(), isSame);
-    if (found == planned_.end() && outOfOrder++ < kMostOutOfOrder)
+    if (found == planned_.end() && outOfOrder++ < kMaxOutOfOrder)
       found = std::find_if(planned_.begin(), planned_.end(), isSame);
     const bool isPlanned = found != planned_.end();
     files.push_back(isPlanned ? notes_.files[static_cast<std::size_t>(found - planned_.begin())] : kNoFile);
@@ -106,7 +106,7 @@ bool RunUndo::End(MultiRenameUndo* done) {
   const DWORD error = WriteUndoFile(path, *done, notes_);
   if (error == ERROR_SUCCESS) return true;
   output_.Problem("the undo file could not be written: " + ToUtf8(path) + ": " + ErrorText(error) +
-                  (hasPlan_ ? ". The one from before the run stays, and takes back what was renamed" : ""));
+                  (hasPlan_ ? ". The one from before the run remains, and undoes what was renamed" : ""));
   return false;
 }
 

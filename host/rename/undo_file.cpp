@@ -13,7 +13,7 @@
 namespace QxHost {
 namespace {
 
-using Velmora::SDK::kMostOfUndoFile;
+using Velmora::SDK::kMaxUndoFileBytes;
 using Velmora::SDK::MultiRenameUndo;
 
 DWORD UndoErrorOr(DWORD fallback) {
@@ -64,7 +64,7 @@ class UndoFileReader {
   // Returns false if no more is needed.
   bool Take(std::span<const std::uint8_t> bytes) {
     size_ += bytes.size();
-    const std::size_t room = kMostOfUndoFile - beginning_.size();
+    const std::size_t room = kMaxUndoFileBytes - beginning_.size();
     const auto first = bytes.first(std::min(room, bytes.size()));
     beginning_.insert(beginning_.end(), first.begin(), first.end());
     if (first.size() == bytes.size()) return true;
@@ -74,13 +74,13 @@ class UndoFileReader {
     rest_.erase(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(text.size() * 2));
     notes_.Read(text);
     if (IsTextKept()) file_.text += text;
-    return isReadOn_ && size_ < kMostFileBytes;
+    return readsPastBeginning_ && size_ < kMaxFileBytes;
   }
 
   UndoFile Finish() {
     if (!isBeginningRead_) ReadBeginning();
     const bool isLonger = size_ > beginning_.size();
-    file_.isLong = isLonger && (!isReadOn_ || notes_.HasOtherLines() || notes_.IsCut());
+    file_.isLong = isLonger && (!readsPastBeginning_ || notes_.HasOtherLines() || notes_.IsCut());
     file_.isCut = isLonger ? file_.isLong && wholeSize_ * 2 != beginning_.size() : isBeginningCut_;
     const bool isReadToItsEnd = isLonger ? IsTextKept() && !notes_.EndsInLine() && rest_.empty()
                                          : wholeSize_ * 2 == beginning_.size();
@@ -95,7 +95,7 @@ class UndoFileReader {
 
  private:
   // The limit leaves room for the notes of as many entries as are read.
-  bool IsTextKept() const { return !notes_.HasOtherLines() && size_ <= 8 * kMostOfUndoFile; }
+  bool IsTextKept() const { return !notes_.HasOtherLines() && size_ <= 8 * kMaxUndoFileBytes; }
 
   void ReadBeginning() {
     isBeginningRead_ = true;
@@ -107,7 +107,7 @@ class UndoFileReader {
     wholeSize_ = size == 0 || lineEnd == WString::npos ? 0 : lineEnd + 1;
     isBeginningCut_ = wholeSize_ != size;
     // The limit may separate a CR from its LF.
-    isReadOn_ = size == text.size() || (size + 1 == text.size() && text[size] == W('\r'));
+    readsPastBeginning_ = size == text.size() || (size + 1 == text.size() && text[size] == W('\r'));
     const std::size_t notesAt = FindNotedFiles(WStringView(text).substr(0, wholeSize_));
     notes_.Read(WStringView(text).substr(notesAt != WStringView::npos ? notesAt : wholeSize_));
   }
@@ -120,7 +120,7 @@ class UndoFileReader {
   std::size_t wholeSize_ = 0;  // characters of the beginning up to its last line end
   bool isBeginningRead_ = false;
   bool isBeginningCut_ = false;
-  bool isReadOn_ = false;  // nothing in the beginning stops the reader
+  bool readsPastBeginning_ = false;  // nothing in the beginning stops the reader
 };
 
 // A subfolder of the undo files' folder, in which files are written: every file beside the undo files counts
@@ -169,11 +169,11 @@ DWORD WriteInPlaceOf(const WString& path, const std::function<void(const WriteTe
     });
   }
   // A program that reads the old file for a moment may prevent its replacement.
-  constexpr int kMostTries = 25;
+  constexpr int kMaxTries = 25;
   constexpr DWORD kPause = 20;  // milliseconds
   if (error == ERROR_SUCCESS) {
     error = TakePlaceOf(temporary, path);
-    for (int tries = 1; tries < kMostTries && error == ERROR_SHARING_VIOLATION; ++tries) {
+    for (int tries = 1; tries < kMaxTries && error == ERROR_SHARING_VIOLATION; ++tries) {
       Sleep(kPause);
       error = TakePlaceOf(temporary, path);
     }

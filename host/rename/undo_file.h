@@ -14,7 +14,7 @@ struct UndoFile {
   // Null if the file is not an undo file. Without entries if its only line is cut.
   std::unique_ptr<Velmora::SDK::MultiRenameUndo> session;
   UndoNotes notes;
-  bool isLong = false;   // unread lines, other than notes, follow after kMostOfUndoFile
+  bool isLong = false;   // unread lines, other than notes, follow after kMaxUndoFileBytes
   bool isCut = false;    // the last line has no line end and was skipped, as it may name another file
   bool isWhole = false;  // the whole file was read and is in `text`
   WString text;

@@ -22,7 +22,7 @@ class UndoLock {
   // created. A process loses the lock at the latest when it ends.
   DWORD Take(const WString& fullPath);
 
-  void GiveUp();
+  void Release();
 
  private:
   class File;

@@ -21,7 +21,7 @@ class UndoLock::File {
 UndoLock::UndoLock() = default;
 UndoLock::~UndoLock() = default;
 
-void UndoLock::GiveUp() { file_.reset(); }
+void UndoLock::Release() { file_.reset(); }
 
 DWORD UndoLock::Take(const WString& fullPath) {
   file_ = std::make_unique<File>(fullPath);

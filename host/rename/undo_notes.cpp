@@ -5,12 +5,12 @@
 #include <optional>
 #include <string>
 
-#include "host/rename/meeting_names.h"
+#include "host/rename/colliding_names.h"
 
 namespace QxHost {
 namespace {
 
-using Velmora::SDK::kMostOfUndoFile;
+using Velmora::SDK::kMaxUndoFileBytes;
 using Velmora::SDK::MultiRenameUndoEntry;
 
 constexpr WStringView kPlanLine = W(";qxhost planned\r\n");
@@ -18,10 +18,10 @@ constexpr WStringView kFilesLine = W(";qxhost files of ");
 constexpr std::size_t kNotesPiece = 32768;  // approximate number of characters written at once
 
 // More characters than a line of a noted file has; the rest of a longer line is discarded.
-constexpr std::size_t kMostOfNote = 64;
+constexpr std::size_t kMaxNoteChars = 64;
 
 // An entry has at least five characters and a line end.
-constexpr std::size_t kMostEntriesRead = kMostOfUndoFile / 14;
+constexpr std::size_t kMaxEntriesRead = kMaxUndoFileBytes / 14;
 
 void AppendNumber(WString& text, std::uint64_t number) {
   for (const char digit : std::to_string(number)) text += static_cast<WCHAR>(digit);
@@ -29,9 +29,9 @@ void AppendNumber(WString& text, std::uint64_t number) {
 
 // Removes a number from the beginning of the text. Returns std::nullopt if it does not begin with one.
 std::optional<std::uint64_t> TakeNumber(WStringView& text) {
-  constexpr std::size_t kMostDigitsRead = 20;
+  constexpr std::size_t kMaxDigitsRead = 20;
   std::string digits;
-  for (const WCHAR c : text.substr(0, kMostDigitsRead)) {
+  for (const WCHAR c : text.substr(0, kMaxDigitsRead)) {
     if (c < W('0') || c > W('9')) break;
     digits += static_cast<char>(c);
   }
@@ -45,13 +45,13 @@ std::optional<std::uint64_t> TakeNumber(WStringView& text) {
 }  // namespace
 
 NotedFiles NoteOldFiles(std::span<const MultiRenameUndoEntry> entries) {
-  const std::vector<bool> meeting = FindMeetingNames(entries);
+  const std::vector<bool> colliding = FindCollidingNames(entries);
   NotedFiles files;
-  if (meeting.empty()) return files;
+  if (colliding.empty()) return files;
   FileIndexes indexes;
   files.reserve(entries.size());
   for (std::size_t entry = 0; entry < entries.size(); ++entry) {
-    files.push_back(meeting[entry] ? indexes.Of(entries[entry].folder, entries[entry].oldName) : kNoFile);
+    files.push_back(colliding[entry] ? indexes.Of(entries[entry].folder, entries[entry].oldName) : kNoFile);
   }
   return files;
 }
@@ -96,7 +96,7 @@ void NotesReader::Read(WStringView text) {
   while (!text.empty()) {
     const std::size_t end = text.find(W('\n'));
     const WStringView part = text.substr(0, end);
-    line_.append(part.substr(0, kMostOfNote - std::min(line_.size(), kMostOfNote)));
+    line_.append(part.substr(0, kMaxNoteChars - std::min(line_.size(), kMaxNoteChars)));
     if (end == WStringView::npos) return;
     TakeLine();
     line_.clear();
@@ -120,15 +120,15 @@ void NotesReader::TakeLine() {
   }
   line.remove_prefix(1);
   const std::optional<std::uint64_t> entry = TakeNumber(line);
-  const bool isParted = entry && line.starts_with(W(' '));
-  if (isParted) line.remove_prefix(1);
-  const std::optional<std::uint64_t> file = isParted ? TakeNumber(line) : std::nullopt;
+  const bool isSeparated = entry && line.starts_with(W(' '));
+  if (isSeparated) line.remove_prefix(1);
+  const std::optional<std::uint64_t> file = isSeparated ? TakeNumber(line) : std::nullopt;
   if (!isBegun_ || !file || !line.empty() || *entry == 0) {
     hasComments_ = true;
     return;
   }
   // The part of the file that is read has no more entries.
-  if (*entry > std::min(count_, kMostEntriesRead)) return;
+  if (*entry > std::min(count_, kMaxEntriesRead)) return;
   if (files_.size() < *entry) files_.resize(static_cast<std::size_t>(*entry), kNoFile);
   files_[static_cast<std::size_t>(*entry) - 1] = *file;
 }

@@ -5,7 +5,7 @@
 //   Z:\photos|img1.jpg|img2.jpg
 //   Z:\photos|img2.jpg|img3.jpg
 //   ;qxhost files of 2           after the entries: the file of each entry whose names do not identify it
-//   ;1 26738892                  (meeting_names.h). 26738892 is the number within its volume of the file
+//   ;1 26738892                  (colliding_names.h). 26738892 is the number within its volume of the file
 //   ;2 26738893                  that was img1.jpg, whatever its present name is.
 //
 // They are at the end so that they do not reduce the size that is available for entries.

@@ -147,7 +147,7 @@ std::vector<CommandName> CommandsThatBeginWith(std::string_view beginning) {
 }
 
 constexpr std::size_t kShortestPart = 3;
-constexpr std::size_t kMostProposed = 5;
+constexpr std::size_t kMaxProposed = 5;
 
 // Returns the nearest name or, if none is near, the names that contain the text if they are few.
 std::string ProposalOf(std::string_view text, const std::vector<std::string_view>& names) {
@@ -161,14 +161,14 @@ std::string ProposalOf(std::string_view text, const std::vector<std::string_view
     list += (list.empty() ? "" : ", ") + std::string(name);
     ++count;
   }
-  return count == 0 || count > kMostProposed ? std::string() : ". Did you mean " + list + "?";
+  return count == 0 || count > kMaxProposed ? std::string() : ". Did you mean " + list + "?";
 }
 
 [[noreturn]] void RefuseUnknownName(std::string_view text) {
   std::vector<std::string_view> names;
   for (const CommandName& row : kCommandNames) names.push_back(row.name);
   throw BadCall("\"" + std::string(text) +
-                "\" is no command: give its number or its name, as `qxhost menu` shows them" +
+                "\" is not a command: give its number or its name, as `qxhost menu` shows them" +
                 ProposalOf(text, names));
 }
 

@@ -15,7 +15,7 @@ using Velmora::SDK::IFileProperties;
 using Velmora::SDK::IPluginInterface;
 
 // The most extensions that are read, in case a module never reports the end.
-constexpr u32 kMostExtensions = 64;
+constexpr u32 kMaxExtensions = 64;
 
 // The indices of the extensions: the one with the properties provides columns, all others handle commands.
 constexpr u32 kPropertiesIndex = 1;
@@ -37,7 +37,7 @@ auto Guarded(const char* operation, Call call) {
   } catch (const std::exception& error) {
     throw ModuleFailure(std::string("the module threw out of ") + operation + ": " + error.what());
   } catch (...) {
-    throw ModuleFailure(std::string("the module threw out of ") + operation + ": something unknown");
+    throw ModuleFailure(std::string("the module threw out of ") + operation + ": an unknown exception");
   }
 }
 
@@ -67,7 +67,7 @@ void Report(Reporter& reporter, const DeclaredScriptCommand& command) {
 }  // namespace
 
 Extensions::Extensions(Shared& shared, const ModuleExports& exports) : shared_(shared), exports_(exports) {
-  for (u32 index = 0; index < kMostExtensions; ++index) {
+  for (u32 index = 0; index < kMaxExtensions; ++index) {
     const auto info = std::make_unique<ExtensionInfo>();
     if (!Guarded("GetExtensionInfo", [&] { return exports_.getExtensionInfo(index, info.get()); })) break;
     Extension& extension = extensions_.emplace_back();
@@ -172,7 +172,8 @@ const DeclaredScriptCommand& Extensions::ScriptCommand(const std::string& name) 
     list += (list.empty() ? "" : ", ") + command.name;
     names.push_back(command.name);
   }
-  throw BadCall("\"" + name + "\" is no script command; there are: " + list + DidYouMean(name, names));
+  throw BadCall("\"" + name + "\" is not a script command; the script commands are: " + list +
+                DidYouMean(name, names));
 }
 
 void Extensions::ReportScriptCommand(const std::string& name) const {

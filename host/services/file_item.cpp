@@ -157,7 +157,7 @@ FileItemTree::Slot& FileItemTree::SlotOf(const FileItem* parent, WStringView nam
   for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
     Slot& slot = slots_[at];
     if (slot.item == kFree) return slot;
-    if (slot.hash != hash || slot.item == kGone) continue;
+    if (slot.hash != hash || slot.item == kRemoved) continue;
     const FileItem& item = items_[slot.item];
     if (item.parent_ == parent && item.name_ == name) return slot;
   }
@@ -172,14 +172,14 @@ FileItemTree::Slot* FileItemTree::PlaceOf(const FileItem& item, std::uint32_t ha
 }
 
 void FileItemTree::MakeRoom() {
-  constexpr std::size_t kFewestSlots = 256;
+  constexpr std::size_t kMinSlots = 256;
   if (slots_.size() >= (usedSlots_ + 1) * 2) return;
   const std::vector<Slot> before = std::exchange(slots_, {});
-  slots_.resize(std::max(before.size() * 2, kFewestSlots));
+  slots_.resize(std::max(before.size() * 2, kMinSlots));
   usedSlots_ = 0;
   const std::size_t mask = slots_.size() - 1;
   for (const Slot& slot : before) {
-    if (slot.item == kFree || slot.item == kGone) continue;
+    if (slot.item == kFree || slot.item == kRemoved) continue;
     std::size_t at = slot.hash & mask;
     while (slots_[at].item != kFree) at = (at + 1) & mask;
     slots_[at] = slot;
@@ -280,7 +280,7 @@ void FileItemTree::PlaceRenamed() {
   for (const auto& [item, oldHash] : std::exchange(renamed_, {})) {
     Slot* const place = PlaceOf(*item, oldHash);
     if (!place) continue;  // another item has taken over its old name
-    place->item = kGone;
+    place->item = kRemoved;
     MakeRoom();
     const std::uint32_t hash = HashOf(item->parent_, item->name_);
     Slot& newPlace = SlotOf(item->parent_, item->name_, hash);

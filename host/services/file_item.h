@@ -121,7 +121,7 @@ class FileItemTree {
   };
   // Special values of Slot::item; all others are numbers of items.
   static constexpr std::uint32_t kFree = 0xFFFFFFFF;
-  static constexpr std::uint32_t kGone = 0xFFFFFFFE;
+  static constexpr std::uint32_t kRemoved = 0xFFFFFFFE;
 
   static std::uint32_t HashOf(const FileItem* parent, WStringView name);
   // Call these with the lock held.

@@ -33,7 +33,7 @@ bool DiskView::AreOneFile(const WString& left, const WString& right) {
   return QxHost::AreOneFile(left, right);
 }
 
-bool DiskView::IsCaseBlindBeside(const WString& fullPath) {
+bool DiskView::IgnoresCaseInFolderOf(const WString& fullPath) {
   const WString other = InOtherCase(fullPath);
   if (other.empty()) return PathKey(W("a")) == PathKey(W("A"));  // the default of this system
   return Look(other) == ERROR_SUCCESS && AreOneFile(fullPath, other);

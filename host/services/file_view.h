@@ -18,7 +18,7 @@ class FileView {
 
   // Returns whether a folder is case-insensitive: names that differ only in letter case are the same name.
   // `fullPath` is a file that exists in the folder.
-  virtual bool IsCaseBlindBeside(const WString& fullPath) = 0;
+  virtual bool IgnoresCaseInFolderOf(const WString& fullPath) = 0;
 
   // Reads all names of a folder, whose path ends in a backslash. Returns false if that is not possible or the
   // names are more than `most`; the caller then checks each file.
@@ -30,7 +30,7 @@ class DiskView : public FileView {
  public:
   DWORD Look(const WString& fullPath) override;
   bool AreOneFile(const WString& left, const WString& right) override;
-  bool IsCaseBlindBeside(const WString& fullPath) override;
+  bool IgnoresCaseInFolderOf(const WString& fullPath) override;
   bool ReadNames(const WString& folder, std::size_t most, FolderNames& names) override {
     return ReadFolderNames(folder, most, names);
   }

@@ -75,7 +75,7 @@ LanguageTable LanguageTable::Parse(std::string_view bytes, std::vector<std::stri
       continue;
     }
     if (!section) {
-      warn("this text stands below no heading");
+      warn("this text is not below a heading");
       continue;
     }
     const std::optional<TextId> id = ParseId(TakeUpTo(line, '\t'));

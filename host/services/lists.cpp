@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-constexpr u32 kMostTextChars = 65536;
+constexpr u32 kMaxTextChars = 65536;
 
 }  // namespace
 
@@ -21,10 +21,10 @@ bool StringList::GetString(u32 index, WCHAR* buffer, u32 size) {
 
 std::vector<WString> TextsOf(Velmora::SDK::IHostStringList& list) {
   std::vector<WString> texts;
-  WString buffer(kMostTextChars, WCHAR());
+  WString buffer(kMaxTextChars, WCHAR());
   const u32 count = list.GetCount();
   for (u32 index = 0; index < count; ++index) {
-    if (list.GetString(index, buffer.data(), kMostTextChars)) texts.emplace_back(buffer.c_str());
+    if (list.GetString(index, buffer.data(), kMaxTextChars)) texts.emplace_back(buffer.c_str());
   }
   return texts;
 }

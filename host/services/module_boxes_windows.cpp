@@ -150,7 +150,7 @@ class RealBoxes final : public ModuleBoxes {
       }
     }
     if (!answer && !questions_.HasTerminal() && buttons.size() > 1) {
-      questions_.NoteNobodyToAsk(event.title, ButtonNames(buttons));
+      questions_.NoteUnanswerable(event.title, ButtonNames(buttons));
     }
     if (answer || !questions_.HasTerminal()) {
       PostMessageW(window, WM_COMMAND, MAKEWPARAM(pressed.number, BN_CLICKED),

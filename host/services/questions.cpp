@@ -33,7 +33,7 @@ std::optional<BoxButton> ButtonOfLine(std::span<const BoxButton> buttons, std::s
 
 // The most mistakes in a mistyped name of a dialog. The host knows only the names of dialogs that were shown,
 // and the names of two dialogs may be more similar than a name and its mistyped form.
-constexpr std::size_t kMostMistakesInDialog = 2;
+constexpr std::size_t kMaxMistakesInDialog = 2;
 
 // Appends a proposal, which begins with a full stop. Removes a full stop at the end of the text, where the
 // value of a field may have one.
@@ -60,8 +60,8 @@ void Questions::Refuse(const std::string& what) {
   output_.Problem(what);
 }
 
-void Questions::NoteNobodyToAsk(const WString& title, const std::string& answers) {
-  output_.Problem("note: question cancelled: there is nobody to ask; give --answer for \"" + ToUtf8(title) +
+void Questions::NoteUnanswerable(const WString& title, const std::string& answers) {
+  output_.Problem("note: question cancelled: there is no terminal; give --answer for \"" + ToUtf8(title) +
                   "\": " + answers);
 }
 
@@ -99,7 +99,7 @@ int Questions::AskBox(const WString& title, const WString& text, std::uint32_t s
       prompt = "Please type one of: " + ButtonNames(buttons) + " ";
     }
   } else if (buttons.size() > 1) {
-    NoteNobodyToAsk(title, ButtonNames(buttons));
+    NoteUnanswerable(title, ButtonNames(buttons));
   }
   reporter_.Question({QuestionEvent::kBox, title, text, style, pressed.name, {}, {}});
   return pressed.number;
@@ -126,7 +126,8 @@ std::optional<WString> Questions::AskText(const WString& title, const WString& p
     const bool takesLine = typed && !(typed->empty() && defaultText.empty());
     if (takesLine) result = typed->empty() ? defaultText : PathFromUtf8(*typed);
   } else {
-    NoteNobodyToAsk(title, defaultText.empty() ? "text=TEXT" : "text=TEXT, or ok for " + ToUtf8(defaultText));
+    NoteUnanswerable(title,
+                     defaultText.empty() ? "text=TEXT" : "text=TEXT, or ok for " + ToUtf8(defaultText));
   }
   const Answer given = result ? Answer{Answer::kText, *result} : Answer{Answer::kCancel, {}};
   reporter_.Question({QuestionEvent::kText, title, prompt, 0, AnswerText(given), defaultText, hint});
@@ -165,7 +166,7 @@ std::optional<std::size_t> Questions::AskChoice(const WString& title, const WStr
       line = "Please type one of the rows: ";
     }
   } else {
-    NoteNobodyToAsk(title, "choice= and one of the rows" + rowList);
+    NoteUnanswerable(title, "choice= and one of the rows" + rowList);
   }
   const Answer given = result ? Answer{Answer::kChoice, rows[*result]} : Answer{Answer::kCancel, {}};
   reporter_.Question({QuestionEvent::kChoice, title, prompt, 0, AnswerText(given), {}, {}});
@@ -241,7 +242,7 @@ void Questions::RefuseMistypedDialogs() {
     const std::size_t dot = row.field.find('.');
     if (dot == std::string::npos) continue;
     const std::string dialog = row.field.substr(0, dot);
-    const std::string_view nearest = NearestName(dialog, names, kMostMistakesInDialog);
+    const std::string_view nearest = NearestName(dialog, names, kMaxMistakesInDialog);
     if (nearest.empty() || nearest == dialog) continue;
     Refuse("--form " + row.field + ": no dialog " + dialog + " came. Did you mean " + std::string(nearest) +
            row.field.substr(dot) + "?");
@@ -304,7 +305,7 @@ bool Questions::AskDialog(const std::string& dialog, const WString& title, const
   } else if (filled && HasTerminal()) {
     accepted = EditDialog(title, text, fields, isOkEnabled);
   } else if (filled) {
-    NoteNobodyToAsk(title, "ok, with --form FIELD=VALUE for what is to be changed");
+    NoteUnanswerable(title, "ok, with --form FIELD=VALUE for what is to be changed");
   }
   accepted = accepted && filled;
   reporter_.Question({QuestionEvent::kDialog, title, text, 0, accepted ? "ok" : "cancel", {}, {}});

@@ -71,7 +71,7 @@ class Questions {
 
   // Reports that a question was cancelled because there is neither an answer nor a terminal, and how to
   // answer it.
-  void NoteNobodyToAsk(const WString& title, const std::string& answers);
+  void NoteUnanswerable(const WString& title, const std::string& answers);
 
   // Reports a mistake of the caller and makes the run end as a bad call.
   void Refuse(const std::string& what);

@@ -21,7 +21,7 @@ WString ValueOf(const std::string& name, const std::string& text) {
   const WString value = PathFromUtf8(text);
   if (!IsPathParameter(name)) return value;
   const std::optional<WString> fullPath = FullPathOf(value);
-  if (!fullPath) throw BadCall(name + ": \"" + text + "\" is no path");
+  if (!fullPath) throw BadCall(name + ": \"" + text + "\" is not a path");
   return *fullPath;
 }
 

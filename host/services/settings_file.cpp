@@ -9,7 +9,7 @@
 namespace QxHost {
 namespace {
 
-constexpr int kMostDamagedFiles = 1000;
+constexpr int kMaxDamagedFiles = 1000;
 constexpr int kIndent = 2;
 
 }  // namespace
@@ -54,7 +54,7 @@ void SettingsFile::Load() {
 }
 
 bool SettingsFile::KeepDamaged() {
-  for (int number = 1; number <= kMostDamagedFiles; ++number) {
+  for (int number = 1; number <= kMaxDamagedFiles; ++number) {
     const WString name =
         path_ + W(".damaged") + (number == 1 ? WString() : FromUtf8("." + std::to_string(number)));
     if (MoveFileW(SystemPath(path_).c_str(), SystemPath(name).c_str())) {

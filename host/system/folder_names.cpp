@@ -5,7 +5,7 @@
 namespace QxHost {
 namespace {
 
-constexpr std::size_t kFewestSlots = 256;
+constexpr std::size_t kMinSlots = 256;
 
 constexpr std::size_t kBlock = 4;  // 16-bit units in a 64-bit word
 
@@ -63,7 +63,7 @@ void FolderNames::Reserve(std::size_t count) {
 }
 
 void FolderNames::Grow() {
-  slots_.assign(slots_.empty() ? kFewestSlots : slots_.size() * 2, 0);
+  slots_.assign(slots_.empty() ? kMinSlots : slots_.size() * 2, 0);
   const std::size_t mask = slots_.size() - 1;
   for (std::size_t index = 0; index < entries_.size(); ++index) {
     std::size_t slot = entries_[index].hash & mask;
@@ -102,7 +102,7 @@ std::uint32_t FolderNames::Find(WStringView name) const {
   });
 }
 
-bool FolderNames::HasLike(std::uint64_t hash, std::uint32_t but) const {
+bool FolderNames::HasHash(std::uint64_t hash, std::uint32_t but) const {
   return FirstOf(hash, [but](std::uint32_t index) { return index != but; }) != kNone;
 }
 

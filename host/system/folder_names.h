@@ -43,7 +43,7 @@ class FolderNames {
 
   // Returns whether there is a name with this hash, on the disk or added, other than the one with the index
   // `but`.
-  bool HasLike(std::uint64_t hash, std::uint32_t but) const;
+  bool HasHash(std::uint64_t hash, std::uint32_t but) const;
 
   Entry& At(std::uint32_t index) { return entries_[index]; }
   std::size_t Count() const { return entries_.size(); }
@@ -51,7 +51,7 @@ class FolderNames {
   // Returns a hash that is equal for names that differ only in letter case, and rarely for others.
   static std::uint64_t HashOf(WStringView name);
 
-  std::size_t mostNameBytes = 255;  // the longest name in this folder, in bytes of UTF-8
+  std::size_t maxNameBytes = 255;  // the longest name in this folder, in bytes of UTF-8
 
  private:
   void Insert(Entry entry, WStringView name);

@@ -47,7 +47,7 @@ bool ReadFolderNames(const WString& folder, std::size_t most, FolderNames& names
   const int descriptor = dirfd(listing.get());
   if (faccessat(descriptor, ".", X_OK, AT_EACCESS) != 0) return false;
   const long longest = fpathconf(descriptor, _PC_NAME_MAX);
-  if (longest > 0) names.mostNameBytes = static_cast<std::size_t>(longest);
+  if (longest > 0) names.maxNameBytes = static_cast<std::size_t>(longest);
   WString wide;
   for (;;) {
     errno = 0;

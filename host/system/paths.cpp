@@ -23,7 +23,7 @@ constexpr std::array<bool, 128> kImpossible = [] {
 }();
 
 // The limit for folders, in which Windows reserves room for a short file name; the limit for files is higher.
-constexpr std::size_t kMostShortPathChars = MAX_PATH - 13;
+constexpr std::size_t kMaxShortPathChars = MAX_PATH - 13;
 
 bool IsSeparator(WCHAR character) { return character == W('\\') || character == W('/'); }
 
@@ -191,7 +191,7 @@ bool IsFullPath(WStringView path) {
 }
 
 bool IsSystemPath(const WString& fullPath) {
-  const bool fitsShortForm = fullPath.size() < kMostShortPathChars && !HasCutName(fullPath);
+  const bool fitsShortForm = fullPath.size() < kMaxShortPathChars && !HasCutName(fullPath);
   return fitsShortForm || fullPath.starts_with(kLongPrefix);
 }
 

@@ -5,23 +5,23 @@
 namespace QxHost {
 namespace {
 
-constexpr DWORD kMostPathChars = 32768;
+constexpr DWORD kMaxPathChars = 32768;
 
 }  // namespace
 
 WString ProgramFolder() {
-  WString path(kMostPathChars, WCHAR());
-  const DWORD size = GetModuleFileNameW(nullptr, path.data(), kMostPathChars);
-  if (size == 0 || size >= kMostPathChars) return {};
+  WString path(kMaxPathChars, WCHAR());
+  const DWORD size = GetModuleFileNameW(nullptr, path.data(), kMaxPathChars);
+  if (size == 0 || size >= kMaxPathChars) return {};
   path.resize(size);
   const std::size_t separator = path.rfind(L'\\');
   return separator == WString::npos ? WString() : FullPathOf(path.substr(0, separator)).value_or(WString());
 }
 
 WString UserConfigFolder() {
-  WString folder(kMostPathChars, WCHAR());
-  const DWORD size = GetEnvironmentVariableW(L"APPDATA", folder.data(), kMostPathChars);
-  if (size == 0 || size >= kMostPathChars) return {};
+  WString folder(kMaxPathChars, WCHAR());
+  const DWORD size = GetEnvironmentVariableW(L"APPDATA", folder.data(), kMaxPathChars);
+  if (size == 0 || size >= kMaxPathChars) return {};
   folder.resize(size);
   return FullPathOf(folder).value_or(WString());
 }

@@ -10,7 +10,7 @@
 namespace QxHost {
 namespace {
 
-constexpr DWORD kMostBytesOfOneCall = 1u << 20;
+constexpr DWORD kMaxBytesOfOneCall = 1u << 20;
 
 DWORD LastErrorOr(DWORD fallback) {
   const DWORD error = GetLastError();
@@ -35,7 +35,7 @@ WString FreshPathLike(const WString& fullPath) {
 
 DWORD WriteBytes(HANDLE file, std::string_view bytes) {
   while (!bytes.empty()) {
-    const DWORD count = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kMostBytesOfOneCall));
+    const DWORD count = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kMaxBytesOfOneCall));
     DWORD done = 0;
     if (!WriteFile(file, bytes.data(), count, &done, nullptr)) return LastErrorOr(ERROR_DISK_FULL);
     if (done == 0) return ERROR_DISK_FULL;
@@ -52,10 +52,10 @@ DWORD ReadWholeFile(const WString& fullPath, std::string& bytes) {
   if (!file.IsOpen()) return LastErrorOr(ERROR_FILE_NOT_FOUND);
   for (;;) {
     const std::size_t size = bytes.size();
-    if (size > kMostFileBytes) return ERROR_NOT_ENOUGH_MEMORY;
-    bytes.resize(size + kMostBytesOfOneCall);
+    if (size > kMaxFileBytes) return ERROR_NOT_ENOUGH_MEMORY;
+    bytes.resize(size + kMaxBytesOfOneCall);
     DWORD done = 0;
-    const BOOL read = ReadFile(file.Get(), bytes.data() + size, kMostBytesOfOneCall, &done, nullptr);
+    const BOOL read = ReadFile(file.Get(), bytes.data() + size, kMaxBytesOfOneCall, &done, nullptr);
     const DWORD error = read ? ERROR_SUCCESS : LastErrorOr(ERROR_IO_DEVICE);
     bytes.resize(size + (read ? done : 0));
     if (error != ERROR_SUCCESS) return error;

@@ -9,10 +9,10 @@
 namespace QxHost {
 
 // The largest file that is read, in bytes.
-constexpr std::size_t kMostFileBytes = std::size_t{256} << 20;
+constexpr std::size_t kMaxFileBytes = std::size_t{256} << 20;
 
 // Reads a file. Returns 0 or an error number, ERROR_NOT_ENOUGH_MEMORY (8) for a file that is longer than
-// kMostFileBytes.
+// kMaxFileBytes.
 DWORD ReadWholeFile(const WString& fullPath, std::string& bytes);
 
 // Returns a path for a temporary file that will replace `fullPath`: it begins with `fullPath`, and no other

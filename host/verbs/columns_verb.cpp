@@ -29,7 +29,7 @@ class ColumnsVerb final : public Verb {
            "The access is that of the user who runs qxhost: R for read, W for write, X for execute, each a\n"
            "blank where the right is missing. Streams are alternate data streams, of which the count and\n"
            "the bytes together are shown; natively they are extended attributes of the namespace user.\n"
-           "Any number of items can come from --items: they are shown as they come, up to one that is "
+           "Any number of items can come from --items: they are shown in order, up to one that is "
            "missing.\n\n";
   }
 

@@ -46,7 +46,7 @@ class CommandVerb final : public Verb {
   void CheckDryRun() const override {
     const s32 number = CommandOfText(command_);
     if (number >= kFirstRename && number <= kLastRename) return;
-    throw BadCall("--dry-run holds back renames, and the command " + CommandTitle(number) +
+    throw BadCall("--dry-run applies to renames, and the command " + CommandTitle(number) +
                   " renames nothing: leave --dry-run out and work on a copy. It is for the commands " +
                   std::to_string(kFirstRename) + " to " + std::to_string(kLastRename));
   }
@@ -55,7 +55,7 @@ class CommandVerb final : public Verb {
     const s32 number = CommandOfText(command_);
     const bool isNamed = !NameOfCommand(number).empty();
     return "the module did not handle the command " + CommandTitle(number) +
-           (isNamed ? ": it is still to come" : ": the menu has none of this number, as `qxhost menu` shows");
+           (isNamed ? ": it is still to come" : ": the menu has no such number, as `qxhost menu` shows");
   }
 
   int Execute(Run& run) override {

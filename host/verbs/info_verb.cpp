@@ -8,7 +8,7 @@ namespace {
 class InfoVerb final : public Verb {
  public:
   const char* Name() const override { return "info"; }
-  const char* Help() const override { return "Show the extensions that the module holds"; }
+  const char* Help() const override { return "Show the extensions that the module contains"; }
   void Declare(CLI::App&) override {}
 
   int Execute(Run& run) override {

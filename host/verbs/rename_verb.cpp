@@ -79,7 +79,7 @@ class RenameVerb final : public Verb {
   void Declare(CLI::App& app) override {
     AddRest(app, "ITEM", items_,
             "Files and folders, in the order of the counters: /a/b, Z:\\a\\b or relative");
-    AddFlag(app, "--run", run_, "Rename; without it you see what would become of each name, and no more");
+    AddFlag(app, "--run", run_, "Rename; without it only a preview is shown");
     AddOptionalText(app, "--name", "TEMPLATE", rules_.name, "New name without its extension [\"[N]\"]");
     AddOptionalText(app, "--extension", "TEMPLATE", rules_.extension, "New extension, no dot [\"[E]\"]");
     AddOptionalText(app, "--start", "N", rules_.start, "First value of the counter [C] [1]");
@@ -93,18 +93,18 @@ class RenameVerb final : public Verb {
     AddSwitch(app, "--replace-all", rules_.replaceAll, "Replace each occurrence, and not the first alone");
     AddSwitch(app, "--case-sensitive", rules_.caseSensitive, "--find heeds letter case");
     AddOptionalText(app, "--parts", "PART", rules_.parts,
-                    "Where --find looks: both (each by itself), name or extension [both]");
+                    "Where --find searches: both (each by itself), name or extension [both]");
     AddOptionalText(app, "--profile", "NAME", rules_.profile,
-                    "Begin with the rules of a profile; rules that are given as well take their place, and "
+                    "Start from the rules of a profile; rules that are given as well override them, and "
                     "--no-regex, --no-replace-all and --no-case-sensitive switch its switches off");
     AddOptionalText(app, "--save-profile", "NAME", saveProfile_, "Save the rules as a profile");
     AddFlag(app, "--list-profiles", listProfiles_, "Show all profiles");
     AddOptionalText(app, "--delete-profile", "NAME", deleteProfile_, "Delete a profile");
-    AddOptionalText(app, "--pairs", "N", rules_.pairs, "Begin with the pairs of the saved list N, 1 to 24");
+    AddOptionalText(app, "--pairs", "N", rules_.pairs, "Start from the pairs of the saved list N, 1 to 24");
     AddOptionalText(app, "--save-pairs", "N", savePairs_, "Save the --find and --replace texts as list N");
     AddFlag(app, "--list-pairs", listPairs_, "Show all lists of --save-pairs");
     AddFlag(app, "--no-undo", noUndo_, "Write no undo file");
-    AddOptionalText(app, "--undo", "FILE", undo_, "Take a run back: last, or an undo file by name or path");
+    AddOptionalText(app, "--undo", "FILE", undo_, "Undo a run: last, or an undo file by name or path");
     AddFlag(app, "--list-undo", listUndo_, "Show the undo files, the newest first");
     AddOptionalText(app, "--delete-undo", "FILE", deleteUndo_,
                     "Delete an undo file: last, all, or by name or path");
@@ -116,7 +116,7 @@ class RenameVerb final : public Verb {
 
   void CheckDryRun() const override {
     if (saveProfile_ || deleteProfile_ || savePairs_ || deleteUndo_) {
-      throw BadCall("--dry-run holds back renames, and no change of profiles, pairs and undo files");
+      throw BadCall("--dry-run applies to renames, not to changes of profiles, pairs and undo files");
     }
   }
 
@@ -133,7 +133,7 @@ class RenameVerb final : public Verb {
     if (!SaveRules(run, session)) run.Host().hasFailedFiles = true;
     if (!WorksOnItems(run.HasItemList())) return 1;
     const RenameRules rules = RulesOf(rules_, session.Host());
-    if (AsksForProperty(rules)) {
+    if (UsesProperty(rules)) {
       AddColumnsAsProperties(run);
       WarnOfUnknownProperties(run.Host(), rules);
     }
@@ -144,9 +144,9 @@ class RenameVerb final : public Verb {
           "profile with pairs");
     }
     session.Preview(rules);
-    if (const std::size_t count = session.GaveUp(); count != 0) {
-      run.Host().output.Problem("note: the search took too long and was given up in " +
-                                std::to_string(count) + (count == 1 ? " name" : " names") +
+    if (const std::size_t count = session.AbortedSearches(); count != 0) {
+      run.Host().output.Problem("note: the search took too long and was stopped in " + std::to_string(count) +
+                                (count == 1 ? " name" : " names") +
                                 ", which it leaves as they are; a simpler expression finds more");
     }
     run_ ? Rename(run, session, rules) : Show(run, session);
@@ -164,7 +164,7 @@ class RenameVerb final : public Verb {
     std::vector<Action> actions;
     if (undo_) {
       actions.push_back({"--undo", [this](Run& run, RenameSession& session) {
-                           TakeBack(run.Host(), session, *undo_, run.IsDry());
+                           UndoRenames(run.Host(), session, *undo_, run.IsDry());
                            return true;
                          }});
     }
@@ -222,7 +222,7 @@ class RenameVerb final : public Verb {
     if (noUndo_ && !run_) throw BadCall("--no-undo is for --run, which is missing");
     if (WorksOnItems(hasItemList)) return;
     if (run_ || (!saveProfile_ && !savePairs_)) {
-      throw BadCall("rename needs ITEMs: files and folders to rename. qxhost rename --help tells more");
+      throw BadCall("rename needs ITEMs: files and folders to rename. qxhost rename --help shows more");
     }
   }
 
@@ -241,7 +241,7 @@ class RenameVerb final : public Verb {
   PreviewCounts ReportRows(Run& run, RenameSession& session) const {
     const std::vector<MultiRenameItem*>& rows = session.Rows();
     // Programs get only the states; they get the results of renames from a dry run.
-    const std::vector<u32> outlook = run.IsForProgram() ? std::vector<u32>() : session.Outlook();
+    const std::vector<u32> predicted = run.IsForProgram() ? std::vector<u32>() : session.PredictResults();
     RowEvent event;
     for (const MultiRenameItem* const row : rows) {
       event.nameWidth = std::max(event.nameWidth, CharactersOf(row->oldName));
@@ -250,7 +250,7 @@ class RenameVerb final : public Verb {
     PreviewCounts counts;
     for (std::size_t index = 0; index < rows.size(); ++index) {
       const MultiRenameItem& row = *rows[index];
-      const u32 result = index < outlook.size() ? outlook[index] : u32{kRenameDone};
+      const u32 result = index < predicted.size() ? predicted[index] : u32{kRenameDone};
       event.folder = row.folderPath;
       event.oldName = row.oldName;
       event.newName = NameShown(row);
@@ -274,24 +274,23 @@ class RenameVerb final : public Verb {
     return counts;
   }
 
-  static std::string TakeBackCall(Run& run, const WString& fileName) {
+  static std::string UndoCallOf(Run& run, const WString& fileName) {
     return "qxhost " + run.ConfigOption() + "rename --undo " + ToUtf8(fileName);
   }
 
   // After a run that has left the undo file from before it.
-  static void SayHowToTakeBack(Run& run, const WString& planName) {
+  static void SayHowToUndo(Run& run, const WString& planName) {
     if (planName.empty()) return;
-    run.Host().output.Problem("what was renamed can be taken back: " + TakeBackCall(run, planName));
+    run.Host().output.Problem("what was renamed can be undone: " + UndoCallOf(run, planName));
   }
 
   // Warns before a run, so that the user can rename fewer files at once.
   static void WarnOfLongUndoFile(Run& run, RenameSession& session) {
     const std::size_t beyond = RenamesBeyondUndo(session.Rows());
     if (beyond == 0) return;
-    run.Host().output.Problem("note: some " + std::to_string(beyond) +
-                              " of these renames could not be taken back: of an undo file " +
-                              std::to_string(Velmora::SDK::kMostOfUndoFile) +
-                              " bytes are read. Rename fewer at once");
+    run.Host().output.Problem(
+        "note: some " + std::to_string(beyond) + " of these renames could not be undone: of an undo file " +
+        std::to_string(Velmora::SDK::kMaxUndoFileBytes) + " bytes are read. Rename fewer at once");
   }
 
   void Show(Run& run, RenameSession& session) const {
@@ -337,7 +336,7 @@ class RenameVerb final : public Verb {
       try {
         session.Run();
       } catch (const ModuleFailure&) {
-        if (keepsUndo) SayHowToTakeBack(run, undoFile.PlanName());
+        if (keepsUndo) SayHowToUndo(run, undoFile.PlanName());
         throw;
       }
       written = session.Written();
@@ -358,16 +357,16 @@ class RenameVerb final : public Verb {
     shared.reporter.Say(run.IsDry() ? "Nothing was renamed: this was a dry run" : session.StatusText());
     if (!keepsUndo || !written) return;
     if (check == UndoCheck::kKeepsNone) {
-      shared.output.Problem("the run cannot be taken back, so it has no undo file");
+      shared.output.Problem("the run cannot be undone, so it has no undo file");
       return;
     }
     if (check == UndoCheck::kNotWhole) {
-      SayHowToTakeBack(run, undoFile.PlanName());
+      SayHowToUndo(run, undoFile.PlanName());
       shared.hasFailedFiles = true;
       return;
     }
     UndoEvent undo = UndoEventOf(session.UndoStore(), *written);
-    undo.takeBack = TakeBackCall(run, written->fileName);
+    undo.undoCall = UndoCallOf(run, written->fileName);
     shared.reporter.Undo(undo);
   }
 

@@ -22,11 +22,11 @@ constexpr const char* kListItems = "--items";
 
 WString FullPathOrThrow(const std::string& option, const std::string& text) {
   const std::optional<WString> fullPath = FullPathOf(PathFromUtf8(text));
-  if (!fullPath) throw BadCall(option + ": \"" + text + "\" is no path");
+  if (!fullPath) throw BadCall(option + ": \"" + text + "\" is not a path");
   return *fullPath;
 }
 
-WString BesideProgram(const WCHAR* name) {
+WString InProgramFolder(const WCHAR* name) {
   const WString folder = ProgramFolder();
   if (folder.empty()) throw BadCall("cannot find the folder of this program; give --module and --language");
   return folder + name;
@@ -42,7 +42,7 @@ WString ConfigFolder(const Options& options) {
 WString FolderOption(const std::string& option, const std::string& text) {
   if (text.empty()) return {};
   const WString folder = FullPathOrThrow(option, text);
-  if (!IsFolder(folder)) throw BadCall(option + ": " + text + " is no folder");
+  if (!IsFolder(folder)) throw BadCall(option + ": " + text + " is not a folder");
   return folder;
 }
 
@@ -61,7 +61,8 @@ Answers ParseAnswers(const std::vector<std::string>& texts) {
   Answers answers;
   for (const std::string& text : texts) {
     const std::optional<Answer> answer = ParseAnswer(text);
-    if (!answer) throw BadCall("--answer: \"" + text + "\" is none of " + kAnswerForms + NearestAnswer(text));
+    if (!answer)
+      throw BadCall("--answer: \"" + text + "\" is not one of " + kAnswerForms + NearestAnswer(text));
     answers.push_back(*answer);
   }
   return answers;
@@ -84,7 +85,7 @@ std::vector<FormValue> ParseForm(const std::vector<std::string>& texts) {
 }
 
 LanguageTable ReadLanguageTable(const Options& options, Output& output) {
-  const WString path = options.language.empty() ? BesideProgram(kLanguageFile)
+  const WString path = options.language.empty() ? InProgramFolder(kLanguageFile)
                                                 : FullPathOrThrow("--language", options.language);
   std::string bytes;
   const DWORD error = ReadWholeFile(path, bytes);
@@ -122,7 +123,7 @@ Run::Run(const Options& options, const std::vector<std::string>& items, Output& 
                      std::move(readLine));
   shared_.emplace(output_, *reporter_, ReadLanguageTable(options, output_), AnswersOf(options), *questions_,
                   options.dryRun, options.inOrder);
-  modulePath_ = options.module.empty() ? BesideProgram(W("\\")) + ModuleFileName()
+  modulePath_ = options.module.empty() ? InProgramFolder(W("\\")) + ModuleFileName()
                                        : FullPathOrThrow("--module", options.module);
   if (options.withoutRights) {
     if (!kRightsCanBeTaken) throw BadCall("--without-rights: in this build the rights are the system's own");
@@ -185,7 +186,7 @@ void Run::MakeConfigFolder() {
   const WString& folder = shared_->answers.configFolder;
   const DWORD error = MakeFolder(folder);
   if (error != ERROR_SUCCESS) {
-    throw BadCall("cannot make the configuration folder " + ToUtf8(folder) + ": " + ErrorText(error));
+    throw BadCall("cannot create the configuration folder " + ToUtf8(folder) + ": " + ErrorText(error));
   }
 }
 
@@ -196,10 +197,10 @@ int Run::Finish(int value, const std::string& noteOfZero) {
   reporter_->Result(value);
   output_.Flush();
   if (const std::size_t left = questions_->AnswersLeft(); left != 0) {
-    output_.Problem("note: answers given that nothing asked for: " + std::to_string(left));
+    output_.Problem("note: answers that were not used: " + std::to_string(left));
   }
   if (questions_->FormValuesLeft() != 0) {
-    output_.Problem("note: no dialog came that --form could fill: " + questions_->FormFieldsLeft());
+    output_.Problem("note: there was no dialog for --form: " + questions_->FormFieldsLeft());
     questions_->RefuseMistypedDialogs();
   }
   if (questions_->HasRefused()) return kExitBadCall;

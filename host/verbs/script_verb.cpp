@@ -23,7 +23,7 @@ bool IsGivenEmpty(ScriptCall& call, const char* name) {
 class ScriptVerb final : public Verb {
  public:
   const char* Name() const override { return "script"; }
-  const char* Help() const override { return "Run one script command, or show which there are"; }
+  const char* Help() const override { return "Run a script command, or list them"; }
 
   void Declare(CLI::App& app) override {
     AddOptional(app, "NAME", name_,
@@ -39,13 +39,14 @@ class ScriptVerb final : public Verb {
            "  qxhost script SortLines --list   the parameters of one\n"
            "  qxhost --answer ok script SortLines FILE=a.txt \"TARGET=*.sorted\" REVERSE\n"
            "                                   the lines of a.txt in reverse order, into a.sorted\n"
-           "Each --answer answers the next question; with SILENT a command asks none. --json gives one JSON "
-           "object a line.\n";
+           "Each --answer answers the next question; with SILENT a command asks no questions. --json gives "
+           "one JSON "
+           "object per line.\n";
   }
 
   void CheckDryRun() const override {
     if (IsList()) return;
-    throw BadCall("--dry-run holds back renames, and script commands rename nothing: work on a copy");
+    throw BadCall("--dry-run applies to renames, and script commands rename nothing: work on a copy");
   }
 
   int Execute(Run& run) override {
@@ -87,7 +88,7 @@ class ScriptVerb final : public Verb {
       throw ModuleFailure(WithHint(failure.what()));
     }
     if (call.HasFlag("LNKTRG") && !call.resultCode) {
-      noteOfZero_ += "; LNKTRG must be there, and ASADMIN is for a process that is not elevated";
+      noteOfZero_ += "; LNKTRG must exist, and ASADMIN is for a process that is not elevated";
     } else if (call.Misses("TARGET")) {
       noteOfZero_ += "; TARGET must be given: without it " + command.name + " does nothing";
     } else if (IsGivenEmpty(call, "FIND") || IsGivenEmpty(call, "REPLACEWITH")) {
@@ -100,7 +101,7 @@ class ScriptVerb final : public Verb {
   std::optional<std::string> name_;
   std::vector<std::string> parameters_;
   bool list_ = false;
-  std::string noteOfZero_ = "the script command answered that it did nothing or failed";
+  std::string noteOfZero_ = "the script command returned that it did nothing or failed";
 };
 
 }  // namespace

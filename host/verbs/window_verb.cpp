@@ -36,7 +36,7 @@ class WindowVerb final : public Verb {
 
   void CheckDryRun() const override {
     throw BadCall(
-        "--dry-run holds back renames alone, and the window saves undo files and profiles too: leave "
+        "--dry-run applies to renames only, and the window saves undo files and profiles too: leave "
         "--dry-run "
         "out. The window shows every new name before it renames");
   }
@@ -48,7 +48,8 @@ class WindowVerb final : public Verb {
 
   int Execute(Run& run) override {
     if (!kControlsAreDrawn) {
-      throw BadCall("window: this build draws none; `qxhost rename` renames by the same rules without one");
+      throw BadCall(
+          "window: this build has no windows; `qxhost rename` renames by the same rules without one");
     }
     PictureRequest& picture = run.Host().picture;
     if (picture_) picture.path = FullPathOfPicture();
@@ -56,7 +57,7 @@ class WindowVerb final : public Verb {
     Extensions& extensions = run.LoadExtensions();
     extensions.Start();
     s32 answer = extensions.RunWindow(Velmora::SDK::kCommandMultiRename);
-    while (answer == 1 && keepOpen_ && WantsAnother(run.Host())) {
+    while (answer == 1 && keepOpen_ && WantsReopen(run.Host())) {
       extensions.Renew(Velmora::SDK::kCommandMultiRename);
       answer = extensions.RunWindow(Velmora::SDK::kCommandMultiRename);
     }
@@ -68,11 +69,11 @@ class WindowVerb final : public Verb {
  private:
   WString FullPathOfPicture() const {
     const std::optional<WString> path = FullPathOf(PathFromUtf8(*picture_));
-    if (!path || picture_->empty()) throw BadCall("--screenshot: \"" + *picture_ + "\" is no path");
+    if (!path || picture_->empty()) throw BadCall("--screenshot: \"" + *picture_ + "\" is not a path");
     return *path;
   }
 
-  static bool WantsAnother(Shared& host) {
+  static bool WantsReopen(Shared& host) {
     return host.questions.AskBox(W("qxhost"), W("Open the window again?"), MB_YESNO | MB_ICONQUESTION) ==
            IDYES;
   }

@@ -202,7 +202,7 @@ void XmlEncoder::PutUnits(WStringView units) {
 
 bool XmlEncoder::PutBytes(WStringView units, Lacking lacking) {
   for (std::size_t at = 0; at < units.size();) {
-    if (bytes_.size() > kMostFileBytes) return false;
+    if (bytes_.size() > kMaxFileBytes) return false;
     const char32_t character = TakeCharacter(units, at);
     if (const std::optional<char> byte = ByteOf(character)) {
       bytes_ += *byte;
@@ -230,7 +230,7 @@ bool XmlEncoder::Put(std::string_view text, Lacking lacking) {
   } else if (!PutBytes(*units, lacking)) {
     return false;
   }
-  return bytes_.size() <= kMostFileBytes;
+  return bytes_.size() <= kMaxFileBytes;
 }
 
 }  // namespace QxHost

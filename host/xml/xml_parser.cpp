@@ -161,7 +161,7 @@ class Parser {
       const bool hasBlanks = cursor_.TakeBlanks();
       if (cursor_.Take("/>")) break;
       if (cursor_.Take(">")) {
-        if (++depth_ > kMostXmlDepth) return false;
+        if (++depth_ > kMaxXmlDepth) return false;
         element.hasEndTag = true;
         current_ = &element;
         break;
@@ -210,7 +210,7 @@ class Parser {
 }  // namespace
 
 std::unique_ptr<XmlTree> ParseXml(std::string_view bytes) {
-  if (bytes.size() > kMostXmlBytes) return nullptr;
+  if (bytes.size() > kMaxXmlBytes) return nullptr;
   auto tree = std::make_unique<XmlTree>();
   tree->encoding = GuessXmlEncoding(bytes);
   // Without a mark or a known byte order, the declaration is ASCII and names the encoding of the rest.

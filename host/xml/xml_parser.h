@@ -13,10 +13,10 @@
 namespace QxHost {
 
 // The greatest depth of nested elements.
-constexpr std::size_t kMostXmlDepth = 500;
+constexpr std::size_t kMaxXmlDepth = 500;
 
 // The largest file in bytes. The tree needs up to twenty times as much memory.
-constexpr std::size_t kMostXmlBytes = std::size_t{64} << 20;
+constexpr std::size_t kMaxXmlBytes = std::size_t{64} << 20;
 
 // Parses the contents of a file. Returns null if it is not well-formed, exceeds the limits above, or has an
 // encoding that is unknown or contradicts its declaration.

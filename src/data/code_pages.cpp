@@ -10,8 +10,8 @@ namespace {
 // Calls `convert` twice: first for the size, then for the characters.
 template <typename To, typename From, typename Convert>
 To Converted(From from, const Convert& convert) {
-  constexpr std::size_t kMost = std::numeric_limits<int>::max();
-  const int size = static_cast<int>(std::min(from.size(), kMost));
+  constexpr std::size_t kMax = std::numeric_limits<int>::max();
+  const int size = static_cast<int>(std::min(from.size(), kMax));
   if (size == 0) return {};
   const int needed = convert(from.data(), size, nullptr, 0);
   if (needed <= 0) return {};

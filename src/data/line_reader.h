@@ -38,8 +38,8 @@ struct ScannedLine {
 
 // How to treat an odd byte at the end of a 16-bit text.
 enum class OddByte {
-  kPadded,  // a zero byte makes it the last character (C-103)
-  kApart    // it is not part of the text (C-230)
+  kPadded,   // a zero byte makes it the last character (C-103)
+  kSeparate  // it is not part of the text (C-230)
 };
 
 template <typename CharT>
@@ -71,8 +71,8 @@ class LineReader {
     }
   }
 
-  // Returns the odd byte at the end of the text for OddByte::kApart, if there is one.
-  std::optional<char> ByteApart() const { return byteApart_; }
+  // Returns the odd byte at the end of the text for OddByte::kSeparate, if there is one.
+  std::optional<char> SeparateByte() const { return separateByte_; }
 
  private:
   char* Block() const { return blocks_.back().get(); }
@@ -101,7 +101,7 @@ class LineReader {
       remaining_ -= std::min<std::uint64_t>(got, remaining_);
       filled += got;
     }
-    if (oddByte_ == OddByte::kApart && filled % sizeof(CharT) != 0) byteApart_ = Block()[--filled];
+    if (oddByte_ == OddByte::kSeparate && filled % sizeof(CharT) != 0) separateByte_ = Block()[--filled];
     ClearFrom(filled);
     return filled;
   }
@@ -149,7 +149,7 @@ class LineReader {
   std::uint64_t remaining_;
   std::vector<TextBlock>& blocks_;
   OddByte oddByte_;
-  std::optional<char> byteApart_;
+  std::optional<char> separateByte_;
 };
 
 }  // namespace WQDR

@@ -26,11 +26,11 @@ void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress)
   const std::uint64_t count = records.size();
   const double meanLine =
       static_cast<double>(progress.done + 1) / static_cast<double>(std::max<std::uint64_t>(count, 1));
-  constexpr double kMost = 1e18;
-  const auto foretold =
-      static_cast<std::uint64_t>(std::min(static_cast<double>(progress.left) / meanLine * kMargin, kMost));
+  constexpr double kMax = 1e18;
+  const auto predicted =
+      static_cast<std::uint64_t>(std::min(static_cast<double>(progress.left) / meanLine * kMargin, kMax));
   const std::uint64_t least = count / 8 + 16;
-  const std::uint64_t wanted = std::max(std::min(foretold, count * kLargestStep), least);
+  const std::uint64_t wanted = std::max(std::min(predicted, count * kLargestStep), least);
   try {
     records.reserve(static_cast<std::size_t>(count + wanted));
   } catch (const std::bad_alloc&) {
@@ -42,8 +42,8 @@ void MakeRoomForLine(std::vector<Record>& records, const LoadProgress& progress)
 template <typename Record>
 void ReserveFirstLines(std::vector<Record>& records, std::uint64_t bytes) {
   constexpr std::uint64_t kMeanLine = 60;  // assumed bytes of a line and its ending
-  constexpr std::uint64_t kMostAtFirst = 4096;
-  records.reserve(static_cast<std::size_t>(std::min(bytes / kMeanLine, kMostAtFirst)));
+  constexpr std::uint64_t kMaxAtFirst = 4096;
+  records.reserve(static_cast<std::size_t>(std::min(bytes / kMeanLine, kMaxAtFirst)));
 }
 
 }  // namespace WQDR

@@ -51,7 +51,7 @@ char* EncodeGroup(std::uint32_t bits, char* output) {
 
 }  // namespace
 
-std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const unsigned char behind[2],
+std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const unsigned char following[2],
                          char* output) {
   char* place = output;
   const auto group = [](unsigned first, unsigned second, unsigned third) {
@@ -59,10 +59,10 @@ std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const uns
   };
   for (; size >= 3; size -= 3, bytes += 3) place = EncodeGroup(group(bytes[0], bytes[1], bytes[2]), place);
   if (size == 2) {
-    place = EncodeGroup(group(bytes[0], bytes[1], behind[0]), place);
+    place = EncodeGroup(group(bytes[0], bytes[1], following[0]), place);
     place[-1] = '=';
   } else if (size == 1) {
-    place = EncodeGroup(group(bytes[0], behind[0], behind[1]), place);
+    place = EncodeGroup(group(bytes[0], following[0], following[1]), place);
     place[-1] = place[-2] = '=';
   }
   return static_cast<std::size_t>(place - output);

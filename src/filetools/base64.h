@@ -6,8 +6,8 @@
 
 // Encodes `size` bytes to `output`, four characters for three bytes, the last group padded with "=", and
 // returns the number of characters. If the last group has only one or two bytes, its unused bits come from
-// `behind[0]` and `behind[1]`, the bytes that follow (C-421).
-std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const unsigned char behind[2],
+// `following[0]` and `following[1]`, the bytes that follow (C-421).
+std::size_t EncodeBase64(const unsigned char* bytes, std::size_t size, const unsigned char following[2],
                          char* output);
 
 class CBase64 {

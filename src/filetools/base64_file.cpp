@@ -30,7 +30,7 @@ constexpr std::size_t kDecodeBlock = 4096;
 struct HeaderLine {
   const char* before;
   bool hasName;
-  const char* behind;
+  const char* after;
 };
 
 // clang-format off
@@ -46,7 +46,7 @@ constexpr HeaderLine kHeader[] = {
 // Writes the header with the name of the source. Returns false if a write fails.
 bool WriteHeader(FileOutput& target, const std::string& name) {
   for (const HeaderLine& line : kHeader) {
-    const std::string text = line.before + (line.hasName ? name : std::string()) + line.behind;
+    const std::string text = line.before + (line.hasName ? name : std::string()) + line.after;
     if (!target.Add(text.data(), text.size())) return false;
   }
   return true;

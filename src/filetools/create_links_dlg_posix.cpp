@@ -26,7 +26,7 @@ Platform::FormField KindField(CreateLinksForm& form) {
   Platform::FormField field = Platform::ChoiceField("linkKind", form.linkKind, kKindWords);
   field.set = [&form, set = field.set](const WString& text) {
     if (!set(text)) return false;
-    FollowKind(form);
+    UpdateForKind(form);
     return true;
   };
   return field;

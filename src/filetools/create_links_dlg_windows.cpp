@@ -66,7 +66,7 @@ class CreateLinksDlg : public Ui::Dialog {
     Ui::ReadFields(Window(), kKindField, form_);
     Ui::ReadFields(Window(), kNameFields, form_);
     if (form_.linkKind == kind) return;
-    FollowKind(form_);
+    UpdateForKind(form_);
     Ui::UpdateText(Control(QX_LINKS_LINK), form_.linkText);
     ShowRules();
   }

@@ -104,10 +104,10 @@ void StartForm(CreateLinksForm& form) {
   form.targetEnabled = form.targetName.empty();
   if (form.linkKind <= 0) form.linkKind = kJunction;
   if (!FindKind(form.linkKind)) form.linkKind = CreateLinksForm::kNoKind;
-  FollowKind(form);
+  UpdateForKind(form);
 }
 
-void FollowKind(CreateLinksForm& form) {
+void UpdateForKind(CreateLinksForm& form) {
   const FormKindRow* const row = FindKind(form.linkKind);
   form.description = row ? row->description : 0;
   ApplyRules(form);

@@ -38,7 +38,7 @@ struct CreateLinksForm {
 void StartForm(CreateLinksForm& form);
 
 // Updates the description, the rules and the name of a shortcut after linkKind has changed.
-void FollowKind(CreateLinksForm& form);
+void UpdateForKind(CreateLinksForm& form);
 
 // Stores the fields in the two names. The kind is kNoKind if no row is selected.
 void FinishForm(CreateLinksForm& form);

@@ -12,20 +12,20 @@ namespace {
 constexpr WStringView kSystemRoot = W("\\??\\");
 constexpr WStringView kBeginOfSystemPath = W("\\?");
 
-constexpr DWORD kMostTargetChars = 1024;
+constexpr DWORD kMaxTargetChars = 1024;
 
 // Returns the full path of an existing target; std::nullopt if it does not exist or its path is too long.
 std::optional<WString> ExistingTarget(const WString& target) {
-  WCHAR buffer[kMostTargetChars];
-  const DWORD size = GetFullPathNameW(target.c_str(), kMostTargetChars, buffer, nullptr);
-  if (size == 0 || size >= kMostTargetChars) return std::nullopt;
+  WCHAR buffer[kMaxTargetChars];
+  const DWORD size = GetFullPathNameW(target.c_str(), kMaxTargetChars, buffer, nullptr);
+  if (size == 0 || size >= kMaxTargetChars) return std::nullopt;
   if (GetFileAttributesW(buffer) == INVALID_FILE_ATTRIBUTES) return std::nullopt;
   return WString(buffer, size);
 }
 
 // Returns whether a junction `link` to `target` would lead to itself. `link` is a folder or an existing
 // junction, which is compared itself, not the folder that it leads to.
-bool LeadsToItself(const WString& link, const WString& target) {
+bool PointsToItself(const WString& link, const WString& target) {
   WString path = target;
   if (target.starts_with(kSystemRoot)) {
     path.erase(0, kSystemRoot.size());
@@ -42,8 +42,8 @@ bool IsFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY)
 
 std::unique_ptr<MountPointRecord> MakeMountPointRecord(WStringView path) {
   // Both names have a terminator.
-  constexpr std::size_t kMostPathChars = sizeof(MountPointRecord::pathBuffer) / sizeof(WCHAR) - 2;
-  if (path.size() > kMostPathChars) return nullptr;
+  constexpr std::size_t kMaxPathChars = sizeof(MountPointRecord::pathBuffer) / sizeof(WCHAR) - 2;
+  if (path.size() > kMaxPathChars) return nullptr;
   const auto pathBytes = static_cast<std::uint16_t>(path.size() * sizeof(WCHAR));
   auto record = std::make_unique<MountPointRecord>();
   record->reparseTag = IO_REPARSE_TAG_MOUNT_POINT;
@@ -78,7 +78,7 @@ DWORD CreateJunction(const WString& link, const WString& target) {
   const bool isUsable = isNew ? CreateDirectoryW(link.c_str(), nullptr) != FALSE
                               : IsFolder(attributes) && PathIsDirectoryEmptyW(link.c_str()) != FALSE;
   if (!isUsable) return ERROR_INVALID_DATA;
-  if (!LeadsToItself(link, target) && SetJunctionTarget(link, target)) return ERROR_SUCCESS;
+  if (!PointsToItself(link, target) && SetJunctionTarget(link, target)) return ERROR_SUCCESS;
   if (isNew) RemoveDirectoryW(link.c_str());
   return ERROR_INVALID_DATA;
 }

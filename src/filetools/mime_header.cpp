@@ -22,7 +22,7 @@ std::optional<std::string_view> NameIn(std::string_view line) {
 }  // namespace
 
 std::optional<std::string_view> HeaderLines::Next() {
-  if (isStuck_ || offset_ >= text_.size()) return std::nullopt;
+  if (isInvalid_ || offset_ >= text_.size()) return std::nullopt;
   const std::string_view rest = text_.substr(offset_);
   const std::size_t length = rest.find_first_of("\r\n");
   const std::string_view line = rest.substr(0, length);
@@ -33,7 +33,7 @@ std::optional<std::string_view> HeaderLines::Next() {
   } else if (rest.substr(length).starts_with("\r\n")) {
     offset_ += length + 2;
   } else {
-    isStuck_ = true;
+    isInvalid_ = true;
   }
   return line;
 }

@@ -15,12 +15,12 @@ class HeaderLines {
   std::optional<std::string_view> Next();
 
   // Returns the offset of the line after the last one returned; std::nullopt if that ended at a lone CR.
-  std::optional<std::size_t> Offset() const { return isStuck_ ? std::nullopt : std::optional(offset_); }
+  std::optional<std::size_t> Offset() const { return isInvalid_ ? std::nullopt : std::optional(offset_); }
 
  private:
   std::string_view text_;
   std::size_t offset_ = 0;
-  bool isStuck_ = false;
+  bool isInvalid_ = false;
 };
 
 // Returns the first name in the header, unchecked, as bytes in the thread's code page; std::nullopt if the

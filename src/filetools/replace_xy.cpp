@@ -13,7 +13,7 @@ namespace {
 constexpr const WCHAR* kFindHistory = W("ReplaceXY_Replace");
 constexpr const WCHAR* kReplaceHistory = W("ReplaceXY_With");
 constexpr u32 kHistoryTextChars = 256;
-constexpr u32 kMostHistoryTexts = 20;
+constexpr u32 kMaxHistoryTexts = 20;
 
 std::vector<WString> LoadHistory(IHostConfig& config, IHostStringList& list, const WCHAR* key) {
   std::vector<WString> texts;
@@ -34,7 +34,7 @@ void SaveHistory(IHostConfig& config, IHostStringList& list, const WCHAR* key, c
   list.Add(entered.c_str());
   for (const WString& text : history) list.Add(text.c_str());
   list.Finish(1);
-  config.SaveStringList(key, &list, kMostHistoryTexts);
+  config.SaveStringList(key, &list, kMaxHistoryTexts);
 }
 
 }  // namespace

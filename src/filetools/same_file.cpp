@@ -4,33 +4,33 @@
 
 namespace {
 
-constexpr DWORD kMostFullPathChars = 32768;
+constexpr DWORD kMaxFullPathChars = 32768;
 
 // The information of the file system about a path.
-struct FileLook {
+struct FileStatus {
   bool isMissing = false;
   std::optional<BY_HANDLE_FILE_INFORMATION> information;
 };
 
 // Opens the file without access rights, so that no share mode excludes it.
-FileLook LookAt(const WString& path, LinkEnd end) {
+FileStatus StatusOf(const WString& path, LinkEnd end) {
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const DWORD flags =
       FILE_FLAG_BACKUP_SEMANTICS | (end == LinkEnd::kItself ? FILE_FLAG_OPEN_REPARSE_POINT : DWORD{0});
   const FileHandle file(CreateFileW(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
-  FileLook look;
+  FileStatus status;
   if (!file.IsOpen()) {
     const DWORD error = GetLastError();
-    look.isMissing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
-    return look;
+    status.isMissing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+    return status;
   }
   BY_HANDLE_FILE_INFORMATION information = {};
-  if (GetFileInformationByHandle(file.Get(), &information)) look.information = information;
-  return look;
+  if (GetFileInformationByHandle(file.Get(), &information)) status.information = information;
+  return status;
 }
 
 // Returns whether both are the same file; std::nullopt if the file system cannot tell.
-std::optional<bool> IsSameByLook(const FileLook& one, const FileLook& other) {
+std::optional<bool> IsSameByStatus(const FileStatus& one, const FileStatus& other) {
   if (one.information && other.information) return HaveSameIndex(*one.information, *other.information);
   const bool isOneMissing = (one.isMissing && other.information) || (one.information && other.isMissing);
   return isOneMissing ? std::optional(false) : std::nullopt;
@@ -38,9 +38,9 @@ std::optional<bool> IsSameByLook(const FileLook& one, const FileLook& other) {
 
 // Returns the full path; the path itself if the system does not return a full one.
 WString FullPathText(const WString& path) {
-  WString full(kMostFullPathChars, WCHAR());
-  const DWORD length = GetFullPathNameW(path.c_str(), kMostFullPathChars, full.data(), nullptr);
-  if (length == 0 || length >= kMostFullPathChars) return path;
+  WString full(kMaxFullPathChars, WCHAR());
+  const DWORD length = GetFullPathNameW(path.c_str(), kMaxFullPathChars, full.data(), nullptr);
+  if (length == 0 || length >= kMaxFullPathChars) return path;
   full.resize(length);
   return full;
 }
@@ -55,7 +55,7 @@ bool IsSameByText(const WString& one, const WString& other) {
 }  // namespace
 
 bool IsSameFile(const WString& one, LinkEnd oneEnd, const WString& other, LinkEnd otherEnd) {
-  const std::optional<bool> isSame = IsSameByLook(LookAt(one, oneEnd), LookAt(other, otherEnd));
+  const std::optional<bool> isSame = IsSameByStatus(StatusOf(one, oneEnd), StatusOf(other, otherEnd));
   return isSame ? *isSame : IsSameByText(one, other);
 }
 

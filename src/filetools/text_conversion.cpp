@@ -31,9 +31,9 @@ constexpr ConversionRow kConversions[] = {
 // clang-format on
 
 // The most blanks that replace a tab.
-constexpr std::uint32_t kMostBlanks = 20;
+constexpr std::uint32_t kMaxBlanks = 20;
 constexpr std::string_view kBlanks = "                    ";
-static_assert(kBlanks.size() == kMostBlanks);
+static_assert(kBlanks.size() == kMaxBlanks);
 
 // Reads the bytes of a file, one buffer at a time. A failed read ends them.
 class ByteSource {
@@ -105,11 +105,11 @@ class TextConverter {
     source_.Drop(1);
     if (byte == '\t') return target_.Add(tab_.data(), tab_.size());
     if (byte == '\n') return Add(row_.forLf);
-    const std::string_view behind = source_.Bytes();
-    if (behind.empty()) return Add(row_.forCrAtEnd);
+    const std::string_view following = source_.Bytes();
+    if (following.empty()) return Add(row_.forCrAtEnd);
     source_.Drop(1);
     if (!Add(row_.forCr)) return false;
-    return behind[0] == '\n' || target_.Add(behind.data(), 1);
+    return following[0] == '\n' || target_.Add(following.data(), 1);
   }
 
   bool Add(std::string_view text) { return target_.Add(text.data(), text.size()); }
@@ -131,7 +131,7 @@ ConvertedText ConvertText(const WString& source, const WString& target, s32 conv
   FileOutput to;
   if (!from.Open(source) || !to.Create(target, false)) return result;
   result.isTargetNew = true;
-  TextConverter(*row, std::min(tabWidth, kMostBlanks), from, to).Run(result);
+  TextConverter(*row, std::min(tabWidth, kMaxBlanks), from, to).Run(result);
   return result;
 }
 

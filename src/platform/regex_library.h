@@ -7,7 +7,7 @@
 #include <regex>
 
 #ifdef _GLIBCXX_REGEX_STATE_LIMIT
-constexpr std::uint64_t kMostStatesOfLibrary = _GLIBCXX_REGEX_STATE_LIMIT;
+constexpr std::uint64_t kMaxLibraryStates = _GLIBCXX_REGEX_STATE_LIMIT;
 #else
-constexpr std::uint64_t kMostStatesOfLibrary = 0;
+constexpr std::uint64_t kMaxLibraryStates = 0;
 #endif

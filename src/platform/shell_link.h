@@ -24,4 +24,4 @@ QX_PLATFORM_API bool SaveShellLink(const ShellLink& link, const WString& path);
 QX_PLATFORM_API bool IsShellLink(const WString& path);
 
 // Returns the bytes that every shortcut begins with. IsShellLink compares with them.
-std::string_view ShellLinkBeginning();
+std::string_view ShellLinkSignature();

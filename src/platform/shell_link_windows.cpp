@@ -41,7 +41,7 @@ bool SaveShellLink(const ShellLink& link, const WString& path) {
 }
 
 // The header of the file format: its size (0x4C) and the class id of shell links.
-std::string_view ShellLinkBeginning() {
+std::string_view ShellLinkSignature() {
   static constexpr char kHeader[] = "\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46";
   return {kHeader, sizeof kHeader - 1};
 }

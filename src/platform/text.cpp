@@ -9,8 +9,8 @@ namespace {
 // Limits a size to INT_MAX, the most that the conversion functions accept. These helpers are not used for
 // longer texts.
 int CountOf(std::size_t size) {
-  constexpr std::size_t kMost = std::numeric_limits<int>::max();
-  return static_cast<int>(size < kMost ? size : kMost);
+  constexpr std::size_t kMax = std::numeric_limits<int>::max();
+  return static_cast<int>(size < kMax ? size : kMax);
 }
 
 // Returns whether all units are ASCII. Most texts are, and are copied without a call of the conversion

@@ -28,13 +28,13 @@ ACL* ReadAccessList(const WString& path, std::vector<BYTE>& record) {
   if (needed == 0) return nullptr;
   record.resize(needed);
   if (!GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, record.data(), needed, &needed) ||
-      !HoldsDescriptor(record))
+      !ContainsDescriptor(record))
     return nullptr;
   BOOL isPresent = FALSE;
   BOOL isDefaulted = FALSE;
   ACL* list = nullptr;
   if (!GetSecurityDescriptorDacl(record.data(), &isPresent, &list, &isDefaulted)) return nullptr;
-  return isPresent && HoldsList(record, list) ? list : nullptr;
+  return isPresent && ContainsList(record, list) ? list : nullptr;
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ constexpr std::size_t kSubAuthorityCount = 1;  // offset of the count in a SID
 // Returns whether `bytes` contains, at `place`, a complete part whose header stores its size in `size`.
 // `place` need not be aligned.
 template <typename Header, typename Size>
-bool HoldsPart(std::span<const BYTE> bytes, const void* place, Size Header::*size) {
+bool ContainsPart(std::span<const BYTE> bytes, const void* place, Size Header::*size) {
   const std::span<const std::byte> rest = MemoryFrom(std::as_bytes(bytes), place);
   Header header;
   if (rest.size() < sizeof header) return false;
@@ -24,17 +24,19 @@ bool HoldsPart(std::span<const BYTE> bytes, const void* place, Size Header::*siz
 
 }  // namespace
 
-bool HoldsDescriptor(std::span<const BYTE> bytes) { return bytes.size() >= kDescriptorHeaderBytes; }
+bool ContainsDescriptor(std::span<const BYTE> bytes) { return bytes.size() >= kDescriptorHeaderBytes; }
 
-bool HoldsSid(std::span<const BYTE> bytes, const void* sid) {
+bool ContainsSid(std::span<const BYTE> bytes, const void* sid) {
   const std::span<const std::byte> rest = MemoryFrom(std::as_bytes(bytes), sid);
   return rest.size() >= kSidHeaderBytes &&
          rest.size() >=
              kSidHeaderBytes + std::to_integer<std::size_t>(rest[kSubAuthorityCount]) * kSubAuthorityBytes;
 }
 
-bool HoldsList(std::span<const BYTE> bytes, const ACL* list) { return HoldsPart(bytes, list, &ACL::AclSize); }
+bool ContainsList(std::span<const BYTE> bytes, const ACL* list) {
+  return ContainsPart(bytes, list, &ACL::AclSize);
+}
 
-bool HoldsEntry(const ACL* list, DWORD used, const ACE_HEADER* entry) {
-  return HoldsPart({reinterpret_cast<const BYTE*>(list), used}, entry, &ACE_HEADER::AceSize);
+bool ContainsEntry(const ACL* list, DWORD used, const ACE_HEADER* entry) {
+  return ContainsPart({reinterpret_cast<const BYTE*>(list), used}, entry, &ACE_HEADER::AceSize);
 }

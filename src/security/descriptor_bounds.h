@@ -7,13 +7,13 @@
 #include "platform/security_api.h"
 
 // Returns whether the bytes contain the header of a descriptor, which stores the offsets of its parts.
-bool HoldsDescriptor(std::span<const BYTE> bytes);
+bool ContainsDescriptor(std::span<const BYTE> bytes);
 
 // Returns whether the bytes contain the complete SID at `sid`.
-bool HoldsSid(std::span<const BYTE> bytes, const void* sid);
+bool ContainsSid(std::span<const BYTE> bytes, const void* sid);
 
 // Returns whether the bytes contain the complete list at `list`, by the size in its header.
-bool HoldsList(std::span<const BYTE> bytes, const ACL* list);
+bool ContainsList(std::span<const BYTE> bytes, const ACL* list);
 
 // Returns whether the first `used` bytes of the list contain the complete entry at `entry`.
-bool HoldsEntry(const ACL* list, DWORD used, const ACE_HEADER* entry);
+bool ContainsEntry(const ACL* list, DWORD used, const ACE_HEADER* entry);

@@ -10,10 +10,10 @@ std::span<const std::byte> MemoryFrom(std::span<const std::byte> memory, const v
   return memory.subspan(at - begin);
 }
 
-WString TextToItsEnd(const void* text, std::size_t mostChars) {
+WString TextToItsEnd(const void* text, std::size_t maxChars) {
   WString read;
   const auto* const bytes = static_cast<const std::byte*>(text);
-  for (std::size_t index = 0; index < mostChars; ++index) {
+  for (std::size_t index = 0; index < maxChars; ++index) {
     WCHAR unit;
     std::memcpy(&unit, bytes + index * sizeof unit, sizeof unit);
     if (unit == WCHAR()) break;

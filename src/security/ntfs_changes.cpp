@@ -81,7 +81,7 @@ u32 CopyAsAllowed(ACL* from, const ACL_SIZE_INFORMATION& size, ACL* to) {
     void* entry = nullptr;
     if (!GetAce(from, index, &entry)) return FailedCallError();
     auto* const header = static_cast<ACE_HEADER*>(entry);
-    if (!HoldsEntry(from, size.AclBytesInUse, header)) return ERROR_INVALID_ACL;
+    if (!ContainsEntry(from, size.AclBytesInUse, header)) return ERROR_INVALID_ACL;
     header->AceType = ACCESS_ALLOWED_ACE_TYPE;
     header->AceFlags = kInheritedByAll;
     if (!AddAce(to, ACL_REVISION, MAXDWORD, header, header->AceSize)) return FailedCallError();

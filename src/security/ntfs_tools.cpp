@@ -31,8 +31,8 @@ bool ReadOwner(const WCHAR* path, std::vector<BYTE>& record, PSID& owner) {
   record.resize(needed);
   BOOL isDefaulted = FALSE;
   return GetFileSecurityW(path, OWNER_SECURITY_INFORMATION, record.data(), needed, &needed) &&
-         HoldsDescriptor(record) && GetSecurityDescriptorOwner(record.data(), &owner, &isDefaulted) &&
-         HoldsSid(record, owner);
+         ContainsDescriptor(record) && GetSecurityDescriptorOwner(record.data(), &owner, &isDefaulted) &&
+         ContainsSid(record, owner);
 }
 
 bool LookUpName(const WString& server, PSID sid, WString& name) {

@@ -26,7 +26,7 @@ MessagePaths ReadPaths(HelperPayload& payload) {
 
 // Reads a message that consists of paths; returns std::nullopt if it is too short. Releases the host's reader
 // on return, before the work begins.
-std::optional<MessagePaths> ReadPathsAlone(IHostHelperMessage& message) {
+std::optional<MessagePaths> ReadPathsOnly(IHostHelperMessage& message) {
   HelperPayload payload(message);
   MessagePaths paths = ReadPaths(payload);
   return payload.IsComplete() ? std::optional(std::move(paths)) : std::nullopt;
@@ -67,7 +67,7 @@ u32 TakeOwnershipOf(const MessagePaths& paths) {
 }  // namespace
 
 void HandleTakeOwnership(IHostApp*, IHostHelperMessage& message) {
-  const std::optional<MessagePaths> paths = ReadPathsAlone(message);
+  const std::optional<MessagePaths> paths = ReadPathsOnly(message);
   message.SetReply(1, paths ? TakeOwnershipOf(*paths) : u32{ERROR_INVALID_DATA}, 0, 0);
 }
 
@@ -80,7 +80,7 @@ void HandleAddAccess(IHostApp*, IHostHelperMessage& message) {
 }
 
 void HandleResetAccess(IHostApp*, IHostHelperMessage& message) {
-  const std::optional<MessagePaths> paths = ReadPathsAlone(message);
+  const std::optional<MessagePaths> paths = ReadPathsOnly(message);
   const auto reset = [](const WString& path) { return NTFSTools().ResetAccess(path); };
   message.SetReply(1, paths ? ChangePaths(*paths, reset) : u32{ERROR_INVALID_DATA}, 0, 0);
 }

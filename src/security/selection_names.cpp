@@ -9,7 +9,7 @@
 namespace {
 
 constexpr WStringView kProviderPrefix = W("WinNT://");
-constexpr std::size_t kMostPathChars = 4096;
+constexpr std::size_t kMaxPathChars = 4096;
 
 template <typename T>
 T ReadAt(std::span<const std::byte> memory, std::size_t offset) {
@@ -22,8 +22,8 @@ T ReadAt(std::span<const std::byte> memory, std::size_t offset) {
 WString ReadSelectedPath(std::span<const std::byte> memory, const WCHAR* text) {
   if (!text) return {};
   const std::span<const std::byte> rest = MemoryFrom(memory, text);
-  const std::size_t mostChars = rest.empty() ? kMostPathChars : rest.size() / sizeof(WCHAR);
-  return TextToItsEnd(text, std::min(mostChars, kMostPathChars));
+  const std::size_t maxChars = rest.empty() ? kMaxPathChars : rest.size() / sizeof(WCHAR);
+  return TextToItsEnd(text, std::min(maxChars, kMaxPathChars));
 }
 
 }  // namespace

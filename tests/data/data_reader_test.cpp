@@ -66,7 +66,7 @@ TEST(MemoryDataReader, DeliversOnlyWhatIsLeftAndThenNothing) {
   EXPECT_EQ(ReadSome(reader, 1), "");
 }
 
-TEST(MemoryDataReader, GreatestRequestBehindTheStartDeliversOnlyWhatIsLeft) {
+TEST(MemoryDataReader, GreatestRequestAfterTheStartReturnsOnlyTheRest) {
   for (const std::uint32_t toRead : {0xFFFFFFFFu, 0xFFFFFFFDu, 0xFFFFFFFEu, 0x80000000u}) {
     MemoryDataReader reader("abcdefg", 7);
     EXPECT_EQ(ReadSome(reader, 3), "abc");
@@ -169,7 +169,7 @@ TEST(FileDataReader, FileThatShrankDeliversLessAndThatIsNoError) {
   EXPECT_EQ(ReadSome(reader, 6), "");
 }
 
-TEST(FileDataReader, FileThatAnotherHoldsOpenForWritingIsRead) {
+TEST(FileDataReader, FileThatIsOpenForWritingElsewhereIsRead) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a.txt"), "abc");
   const HANDLE writer = OpenFor(path.c_str(), GENERIC_WRITE, OPEN_EXISTING);
@@ -190,7 +190,7 @@ TEST(FileDataReader, OpenFileMayBeReadAndWrittenByOthersButNotDeletedOrMoved) {
             DWORD{ERROR_SHARING_VIOLATION});
 }
 
-TEST(FileDataReader, CloseLetsTheFileGo) {
+TEST(FileDataReader, CloseReleasesTheFile) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a.txt"), "abc");
   FileDataReader reader(path);
@@ -199,7 +199,7 @@ TEST(FileDataReader, CloseLetsTheFileGo) {
   EXPECT_EQ(FailureOf(DeleteFileW(path.c_str())), kNoFailure);
 }
 
-TEST(FileDataReader, DestructionLetsTheFileGo) {
+TEST(FileDataReader, DestructionReleasesTheFile) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a.txt"), "abc");
   { const FileDataReader reader(path); }
@@ -256,7 +256,7 @@ TEST(FileDataReader, MessageHasThePathInTheCodePage) {
             (Thrown{ERROR_FILE_NOT_FOUND, OpenMessage(scratch.Path()) + "\\\xE9\x80.txt"}));
 }
 
-TEST(FileDataReader, PathAsLongAsItIsStandsInTheMessage) {
+TEST(FileDataReader, MessageContainsTheWholePath) {
   const ScratchFolder scratch;
   const WString path = scratch.Path(WString(150, W('f')) + W("\\") + WString(150, W('n')));
   EXPECT_EQ(OpenFailure(path), (Thrown{ERROR_PATH_NOT_FOUND, OpenMessage(path)}));

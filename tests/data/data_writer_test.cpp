@@ -58,7 +58,7 @@ void WriteText(DataWriter& writer, std::string_view text) {
 // A writer may be deleted through its base class; a reader may not.
 static_assert(std::has_virtual_destructor_v<DataWriter>);
 
-TEST(DataWriter, ReservedOperationsDoNothingAndAnswer0) {
+TEST(DataWriter, ReservedOperationsDoNothingAndReturn0) {
   TwoByteWriter writer;
   EXPECT_EQ(writer.Reserved1(), 0u);
   EXPECT_EQ(writer.Reserved2(), 0u);
@@ -71,7 +71,7 @@ TEST(DataWriter, WithoutAnEndingWriteLineEndingWritesNothing) {
   EXPECT_EQ(writer.calls, 0);
 }
 
-TEST(DataWriter, EndingIsWrittenWithoutItsZeroAndAnswersTheBytesWritten) {
+TEST(DataWriter, EndingIsWrittenWithoutItsZeroAndReturnsTheBytesWritten) {
   for (const std::string_view ending :
        {std::string_view("\n"), std::string_view("\r\n"), std::string_view("\n\0", 2)}) {
     TwoByteWriter writer;
@@ -93,7 +93,7 @@ TEST(DataWriter, BlockOfNoBytesMakesNoCallToWrite) {
   EXPECT_EQ(writer.calls, 0);
 }
 
-TEST(DataWriter, WriteBlockIsOneWriteAndAnswersTheBytesWritten) {
+TEST(DataWriter, WriteBlockIsOneWriteAndReturnsTheBytesWritten) {
   TwoByteWriter writer;
   EXPECT_EQ(writer.WriteBlock("abc", 3), 2u);
   EXPECT_EQ(writer.WriteBlock("d", 1), 1u);
@@ -109,7 +109,7 @@ TEST(DataWriter, IsDeletedThroughItsBaseWithItsEnding) {
   SetEnding(*memory, "\n");
 }
 
-TEST(MemoryDataWriter, KeepsWhatIsWrittenWithZerosBehindIt) {
+TEST(MemoryDataWriter, KeepsWhatIsWrittenWithZerosAfterIt) {
   MemoryDataWriter<char> writer(6);
   WriteText(writer, "ab");
   std::uint32_t written = kUnwritten;
@@ -172,7 +172,7 @@ TEST(MemoryDataWriter, LineEndingCountsALineAlsoWhenItIsEmpty) {
   EXPECT_EQ(TextOf(writer), "\r\n");
 }
 
-TEST(MemoryDataWriter, LineEndingWithoutRoomCountsTheLineAllTheSame) {
+TEST(MemoryDataWriter, LineEndingWithoutRoomStillCountsTheLine) {
   MemoryDataWriter<char> writer(1);
   SetEnding(writer, "\r\n");
   EXPECT_EQ(writer.WriteLineEnding(), 1u);
@@ -275,7 +275,7 @@ TEST(FileDataWriter, NewOpenClosesTheFileThatWasOpen) {
   EXPECT_EQ(scratch.Read(W("b.txt")), "two");
 }
 
-TEST(FileDataWriter, OpenThatFailsClosesTheFileThatWasOpenAndTellsItsOwnError) {
+TEST(FileDataWriter, OpenThatFailsClosesTheFileThatWasOpenAndReportsItsOwnError) {
   const ScratchFolder scratch;
   const WString first = scratch.Path(W("a.txt"));
   const WString taken = scratch.Write(W("b.txt"), "old");

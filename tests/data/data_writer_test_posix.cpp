@@ -39,7 +39,7 @@ TEST(FileDataWriterFaults, OpenFailsWithTheErrorOfTheCall) {
   }
 }
 
-TEST(FileDataWriterFaults, OpenThatFailsTellsItsErrorAlsoWhenTheOldFileCannotBeClosed) {
+TEST(FileDataWriterFaults, OpenThatFailsReportsItsErrorAlsoWhenTheOldFileCannotBeClosed) {
   const ScratchFolder scratch;
   FileDataWriter writer;
   writer.Open(scratch.Path(W("a.txt")), false);

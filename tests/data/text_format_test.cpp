@@ -198,7 +198,7 @@ TEST(TextFormat, DeclarationEndsWithinTheHead) {
   EXPECT_EQ(DetectPart(start + "\n", static_cast<std::uint32_t>(start.size()) + 1), TextFormat::Utf8);
 }
 
-TEST(TextFormat, EncodingMayStandAtTheVeryEndOfALongDeclaration) {
+TEST(TextFormat, EncodingMayBeAtTheVeryEndOfALongDeclaration) {
   const std::string start = "<?xml ";
   EXPECT_EQ(Detect(start + std::string(1018 - start.size(), ' ') + "UTF-8\n"), TextFormat::Utf8);
 }
@@ -211,7 +211,7 @@ TEST(TextFormat, EachByteAloneIsTextOrBinary) {
   }
 }
 
-TEST(TextFormat, EdgesOfTheTextBytesAreMeantAsTheyAre) {
+TEST(TextFormat, EdgesOfTheTextBytesAreByDesign) {
   for (const char byte : {'\x09', '\x0A', '\x0D', '\x20', '\x7E', '\xB0', '\xC0', '\xDF'}) {
     EXPECT_EQ(Detect(std::string(3, byte)), TextFormat::Ansi) << int{byte};
   }
@@ -284,7 +284,7 @@ TEST(FileHead, FormatOfAFileIsThatOfItsHead) {
   EXPECT_EQ(DetectTextFormat(scratch.Write(W("xml"), "<?xml encoding=\"UTF-8\"?>\n")), TextFormat::Utf8);
 }
 
-TEST(FileHead, BytesBehindTheHeadDoNotCount) {
+TEST(FileHead, BytesAfterTheHeadDoNotCount) {
   const ScratchFolder scratch;
   const std::string text(1024, 'a');
   EXPECT_EQ(DetectTextFormat(scratch.Write(W("a"), text + std::string(5000, '\x01'))), TextFormat::Ansi);
@@ -318,7 +318,7 @@ TEST(FileHead, FileThatAnotherKeepsForItselfCannotBeOpened) {
   CloseHandle(holder);
 }
 
-TEST(FileHead, FileThatAnotherHoldsOpenForWritingIsRead) {
+TEST(FileHead, FileThatIsOpenForWritingElsewhereIsRead) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a"), "abc");
   const HANDLE writer = OpenFor(path.c_str(), GENERIC_WRITE, OPEN_EXISTING);

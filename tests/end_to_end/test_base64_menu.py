@@ -27,7 +27,7 @@ class Base64Test(HostTest):
 
 
 class Encode(Base64Test):
-    def test_files_are_encoded_beside_themselves(self):
+    def test_files_are_encoded_into_their_own_folder(self):
         self.write("a b.txt", b"foobar")
         self.write("c", b"")
         outcome = self.command(ENCODE, "a b.txt", "c")
@@ -135,7 +135,7 @@ class Decode(Base64Test):
         self.command(DECODE, "a.b64")
         self.assertEqual(self.names(), ["a", "a.b64"])
 
-    def test_unix_line_ends_decode_wrongly_which_is_meant(self):
+    def test_unix_line_ends_decode_wrongly_by_design(self):
         self.write("a.b64", b"Zm9v\nYmFy")
         self.command(DECODE, "a.b64")
         self.assertEqual(self.read("a"), b"foo\xfd\x89\x85")

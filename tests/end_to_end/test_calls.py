@@ -42,9 +42,9 @@ class Window(HostTest):
         self.make("a.txt")
         outcome = self.process("--dry-run", "window", "a.txt")
         self.assertEqual(outcome.status, 2)
-        self.assertIn("--dry-run holds back renames alone", outcome.stderr)
+        self.assertIn("--dry-run applies to renames only", outcome.stderr)
 
-    def test_a_missing_item_is_told_before_anything_opens(self):
+    def test_a_missing_item_is_reported_before_anything_opens(self):
         outcome = self.process("window", "nowhere.txt")
         self.assertEqual(outcome.status, 2)
         self.assertIn("ITEM: nowhere.txt", outcome.stderr)
@@ -98,7 +98,7 @@ class BadCalls(HostTest):
     def test_a_number_that_is_none(self):
         for number in ("x", "30000x", "", "99999999999", "0x7530"):
             with self.subTest(number=number):
-                self.assertIn("\"%s\" is no command" % number, self.refused("command", number))
+                self.assertIn("\"%s\" is not a command" % number, self.refused("command", number))
 
     def test_the_nearest_word_is_proposed_for_a_mistyped_one(self):
         self.make("a.txt")
@@ -133,7 +133,7 @@ class BadCalls(HostTest):
         self.assertEqual(self.names(), ["a.txt"])
 
     def test_an_empty_item_and_a_drive(self):
-        self.assertIn("no path", self.refused("command", "30000", ""))
+        self.assertIn("not a path", self.refused("command", "30000", ""))
         self.refused("command", "30000", "/")
         self.refused("command", "30000", "Z:\\")
 
@@ -141,7 +141,7 @@ class BadCalls(HostTest):
         for item in ("Z:", "Z:a.txt"):
             with self.subTest(item=item):
                 self.make("a.txt")
-                self.assertIn("no path", self.refused("--dry-run", "command", "30000", item))
+                self.assertIn("not a path", self.refused("--dry-run", "command", "30000", item))
 
     def test_a_focused_item_a_view_and_a_panel_must_exist(self):
         self.make("a.txt")
@@ -149,7 +149,7 @@ class BadCalls(HostTest):
         self.assertIn("--view", self.refused("--view", self.path("a.txt"), "command", "30000"))
         self.assertIn("--panel", self.refused("--panel", self.path("missing"), "command", "30000"))
 
-    def test_an_answer_that_is_none_names_the_ones_there_are(self):
+    def test_an_invalid_answer_lists_the_valid_ones(self):
         for answer in ("maybe", "", "OK", "ok ", "text", "choice"):
             with self.subTest(answer=answer):
                 self.assertIn("ok, yes, no, cancel, text=TEXT or choice=ROWTEXT",
@@ -182,7 +182,7 @@ class BadCalls(HostTest):
             for front in ([], ["--json"]):
                 with self.subTest(call=call, front=front):
                     message = self.refused("--dry-run", "--answer", "ok", "--answer", "ok", *front, *call)
-                    self.assertIn("--dry-run holds back renames", message)
+                    self.assertIn("--dry-run applies to renames", message)
                     self.assertEqual((self.names(), self.content("a.txt")), (["a.txt"], "b\na\n"))
                     self.assertFalse(os.path.exists(self.config))
 
@@ -250,7 +250,7 @@ class ExitStatus(HostTest):
 
     def test_1_is_kept_when_the_module_did_not_handle_the_command(self):
         outcome = self.command(30009, status=1)
-        self.assertIn("the menu has none of this number", outcome.stderr)
+        self.assertIn("the menu has no such number", outcome.stderr)
 
     def test_2_comes_before_4(self):
         with open(self.path("a.bin"), "wb") as file:
@@ -308,18 +308,18 @@ class Items(HostTest):
         self.assertEqual([old for old, _, _ in outcome.renames], names)
         self.assertEqual(self.names(), sorted(["[A,B]", "MENU", "INFO", "A=B", "%D", "{X}", "@FILE", "#X"]))
 
-    def test_a_name_that_begins_with_a_hyphen_stands_behind_two(self):
+    def test_a_name_that_begins_with_a_hyphen_follows_two(self):
         self.make("-x.txt")
         self.run_json("command", "30000", "--", "-x.txt", answers=["ok"])
         self.assertEqual(self.names(), ["-X.TXT"])
 
-    def test_options_may_stand_behind_the_verb(self):
+    def test_options_may_follow_the_verb(self):
         self.make("a.txt")
         outcome = self.process("command", "30000", "a.txt", "--answer", "ok", "--json", "--config", self.config)
         self.assertEqual(outcome.status, 0, outcome.stderr)
         self.assertEqual(self.names(), ["A.TXT"])
 
-    def test_a_folder_may_have_a_separator_behind_it(self):
+    def test_a_folder_may_end_in_a_separator(self):
         self.make("dir/")
         self.run_json("command", "30000", self.path("dir") + "/", answers=["ok"])
         self.assertEqual(self.names(), ["DIR/"])
@@ -391,7 +391,7 @@ if not IS_WINDOWS:
             self.assertTrue(prompt.endswith("(ok, cancel) \n"), prompt)
             self.assertEqual(self.names(), ["a.txt"])
 
-        def test_answers_come_before_the_terminal(self):
+        def test_answers_are_used_before_the_terminal(self):
             self.make("a.txt")
             self.run_at_terminal("cancel\n", "--answer", "ok", "command", "30000", "a.txt")
             self.assertEqual(self.names(), ["A.TXT"])

@@ -72,7 +72,7 @@ class CreateLinkMenu(LinkMenuTest):
                          [self.created("Hardlink", "b", "b"), self.created("Hardlink", "a.txt", "a.txt")])
         self.assertEqual(self.links(), ["a.txt", "b"])
 
-    def test_a_shortcut_loses_the_old_extension_and_those_of_several_keep_it_which_is_meant(self):
+    def test_a_shortcut_loses_the_old_extension_and_those_of_several_keep_it_by_design(self):
         self.make("a.txt", "b.txt", "sub.d/")
         self.store_kind(4)
         self.link("a.txt")
@@ -145,7 +145,7 @@ class CreateLinkMenu(LinkMenuTest):
         self.assertEqual(self.names(), ["other/", "sub/"])
         self.assertFalse(os.path.islink(self.path("sub")))
 
-    def test_the_first_failure_of_several_is_told_and_ends_it(self):
+    def test_the_first_failure_of_several_is_reported_and_ends_it(self):
         self.make("a", "b", "c")
         self.store_kind(1)
         with open(self.in_panel("b"), "w", encoding="utf-8") as file:
@@ -260,7 +260,7 @@ if not IS_WINDOWS:
             self.assertEqual(os.readlink(self.in_panel("a.txt")), self.path("a.txt"))
             self.assertEqual(os.readlink(self.in_panel("sub")), self.path("sub"))
 
-        def test_a_file_without_an_extension_gets_a_shortcut_of_its_bare_name_which_is_meant(self):
+        def test_a_file_without_an_extension_gets_a_shortcut_of_its_bare_name_by_design(self):
             self.make("bare")
             outcome = self.link("bare", form=["linkKind=shortcut"])
             self.assertEqual(outcome.of("log"), [self.created("Unknown", "bare", "bare")])

@@ -11,7 +11,7 @@ class Menu(HostTest):
         """Returns each event as a row of menu_rows; the depth is that of its path."""
         return [(event["path"].count("/"), event["number"], event["id"], event["display"]) for event in events]
 
-    def test_the_whole_tree_stands_row_by_row(self):
+    def test_the_whole_tree_is_listed_row_by_row(self):
         self.assertEqual(self.rows(self.tree()), menu_rows.rows())
 
     def test_before_vista_there_is_no_control_panel_branch(self):

@@ -17,7 +17,7 @@ class NamesThatEndInDotsAndBlanks(HostTest):
         left = "a." if contents["new"] == "a" else "a"
         self.assertEqual(contents[left], left)
 
-    def test_each_rename_tells_the_file_that_was_renamed(self):
+    def test_each_rename_reports_the_file_that_was_renamed(self):
         self.make("a.mp3", "a", "a.")
         outcome = self.run_json("--focus", self.path("a.mp3"), "command", "30020", answers=["text=new"],
                                 status=4)
@@ -65,7 +65,7 @@ class DryRuns(HostTest):
         self.assertEqual(outcome.renames, [("a_b c", "a b c", 0), ("a b_c", "a b c", 183)])
         self.assertEqual(self.names(), ["a b_c", "a_b c"])
 
-    def test_a_target_that_stands_is_refused(self):
+    def test_an_existing_target_is_refused(self):
         self.make("a_b", "a b")
         outcome = self.run_json("--dry-run", "command", "30003", self.path("a_b"), answers=["ok"], status=4)
         self.assertEqual(outcome.renames, [("a_b", "a b", 183)])
@@ -79,7 +79,7 @@ class LongNames(HostTest):
             self.assertEqual(self.names()[-1], "X" * size)
             os.remove(self.path("X" * size))
 
-    def test_a_name_beside_is_not_hit_by_a_change_of_case(self):
+    def test_another_name_is_unaffected_by_a_change_of_case(self):
         self.make("a.txt", "qxhost~1.tmp", "A.TXT.qxhost-rename")
         self.command(30000, "a.txt", answers=["ok"])
         self.assertEqual(self.names(), ["A.TXT", "A.TXT.qxhost-rename", "qxhost~1.tmp"])
@@ -132,4 +132,4 @@ class Drives(HostTest):
         outcome = self.process("--config", self.config, "command", "30000",
                                "\\\\.\\" + windows_path(self.path("x")))
         self.assertEqual(outcome.status, 2)
-        self.assertIn("no path", outcome.stderr)
+        self.assertIn("not a path", outcome.stderr)

@@ -48,7 +48,7 @@ class Transforms(HostTest):
         self.command(30005, "one/a b.c d", "two/a b.c d", answers=["ok"])
         self.assertEqual((self.names("one"), self.names("two")), (["a_b.c_d/"], ["a_b.c d"]))
 
-    def test_the_dot_that_tidying_puts_behind_a_name_without_an_extension_is_left_out(self):
+    def test_the_dot_that_tidying_adds_to_a_name_without_an_extension_is_left_out(self):
         self.make("read_me")
         outcome = self.command(30050, "read_me", answers=["ok"])
         self.assertEqual(outcome.renames, [("read_me", "Read Me", 0)])
@@ -83,7 +83,7 @@ class Confirmation(HostTest):
         self.make("A.TXT", "B")
         outcome = self.command(30000, "A.TXT", "B", answers=["ok"])
         self.assertEqual(outcome.questions, [])
-        self.assertIn("answers given that nothing asked for: 1", outcome.stderr)
+        self.assertIn("answers that were not used: 1", outcome.stderr)
 
     def test_an_answer_that_the_box_does_not_have_is_a_bad_call_and_renames_nothing(self):
         for answer in ("yes", "no", "text=x", "choice=x"):

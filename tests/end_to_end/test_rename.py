@@ -141,7 +141,7 @@ class Rules(RenameTest):
                 (["--digits", "1024"], "--digits"), (["--case", "wrods"], "Did you mean words?"),
                 (["--parts", "nam"], "Did you mean name?"), (["--find", ""], "empty"),
                 (["--find", "a", "--find", "b", "--replace", "c"], "each --find has its --replace"),
-                (["--find", "ok", "--find", "(", "--regex"], "\"(\" is no regular expression: "),
+                (["--find", "ok", "--find", "(", "--regex"], "\"(\" is not a regular expression: "),
                 (["--name", "x" * 1025], "1024"), (["--profile", "none"], "no profile"),
                 (["--pairs", "25"], "1 to 24"), (["--pairs", "1"], "no list 1")):
             with self.subTest(rules=rules):
@@ -182,7 +182,7 @@ class Runs(RenameTest):
         self.assertEqual(outcome.stdout.split("\n"), [
             "renamed %s to b.txt" % windows_path(self.path("a.txt")), "1 Renamed",
             "Undo file: " + windows_path(os.path.join(self.config, "Undo", name)),
-            "Take it back: qxhost --config %s rename --undo %s" % (self.config, name), ""])
+            "Undo it: qxhost --config %s rename --undo %s" % (self.config, name), ""])
         self.assertEqual((outcome.status, outcome.stderr), (0, ""))
         outcome = self.prose("--undo", name)
         self.assertIn("\n1 Restored\n", outcome.stdout)
@@ -299,7 +299,7 @@ class UndoFiles(RenameTest):
         self.rename("--undo", "last")
         self.assertEqual(self.names(), ["older.txt", "was.txt"])
         prose = self.prose("--list-undo").stdout
-        self.assertRegex(prose, r"(?m)^a\.dat  .*  1 rename, taken back$")
+        self.assertRegex(prose, r"(?m)^a\.dat  .*  1 rename, undone$")
         self.assertRegex(prose, r"(?m)^z\.dat  .*  1 rename$")
 
     def test_a_file_is_given_by_its_bare_name_or_its_path(self):
@@ -322,7 +322,7 @@ class UndoFiles(RenameTest):
         self.assertIn("no undo files", self.refused("--undo", "last"))
         self.write("file.dat", 1000, ["Z:\\x|a|b"])
         self.assertIn("Did you mean file.dat?", self.refused("--undo", "flie.dat"))
-        self.assertIn("is no undo file", self.refused("--undo", self.path("a.txt")))
+        self.assertIn("is not an undo file", self.refused("--undo", self.path("a.txt")))
         self.assertIn("cannot read", self.refused("--undo", self.path("missing")))
 
     def test_an_edited_file_moves_nothing_out_of_its_folder(self):
@@ -338,7 +338,7 @@ class UndoFiles(RenameTest):
             self.write(name, 1000, ["Z:\\x|a|b"])
         self.rename("--delete-undo", "b.dat")
         self.assertEqual(self.undo_files(), ["a.dat", "c.dat"])
-        self.assertIn("is no undo file", self.refused("--delete-undo", "b.dat"))
+        self.assertIn("is not an undo file", self.refused("--delete-undo", "b.dat"))
         self.rename("--delete-undo", "all")
         self.assertEqual(self.undo_files(), [])
 
@@ -372,10 +372,10 @@ class Saved(RenameTest):
 
     def test_what_a_profile_does_not_keep_is_said(self):
         outcome = self.rename("--regex", "--save-profile", "P")
-        self.assertIn("does not keep", outcome.stderr)
+        self.assertIn("does not store", outcome.stderr)
         self.assertIn("--regex", outcome.stderr)
         outcome = self.rename("--find", "a", "--parts", "extension", "--save-profile", "Q")
-        self.assertIn("does not keep these as they were given: --parts", outcome.stderr)
+        self.assertIn("does not store these as they were given: --parts", outcome.stderr)
 
     def test_pairs_are_saved_under_a_number_and_used(self):
         self.make("old name.txt")
@@ -384,7 +384,7 @@ class Saved(RenameTest):
         self.assertEqual(self.rows(outcome), [("old name.txt", "new_name.txt", 0)])
         outcome = self.rename("--pairs", "24", "--find", "NAME", "--replace", "x", "old name.txt")
         self.assertEqual(self.rows(outcome), [("old name.txt", "new_x.txt", 0)])
-        self.assertIn("there are: 24", self.refused("--pairs", "1", "old name.txt"))
+        self.assertIn("the lists are: 24", self.refused("--pairs", "1", "old name.txt"))
         self.assertIn("there are none", self.refused("--save-pairs", "1"))
 
     def test_properties_are_listed_with_their_display_names(self):

@@ -96,15 +96,15 @@ class Profiles(RenameTest):
 
 
 class Order(RenameTest):
-    def test_a_preview_foretells_what_a_run_in_order_does(self):
+    def test_a_preview_predicts_a_run_in_order(self):
         self.make("img", "img1")
         chain = ["--find", "img", "--replace", "img1", "img", "img1"]
         planned = self.prose(*chain)
         self.assertIn("2 rows: 2 to rename.", planned.stdout)
-        foretold = self.process("--in-order", "--config", self.config, "rename", *chain)
-        self.assertRegex(foretold.stdout, r"(?m)^\? img +img1 +<- .*\(183\)$")
-        self.assertRegex(foretold.stdout, r"(?m)^  img1 +img11$")
-        self.assertIn("2 rows: 1 to rename, 1 that would be refused (?)", foretold.stdout)
+        predicted = self.process("--in-order", "--config", self.config, "rename", *chain)
+        self.assertRegex(predicted.stdout, r"(?m)^\? img +img1 +<- .*\(183\)$")
+        self.assertRegex(predicted.stdout, r"(?m)^  img1 +img11$")
+        self.assertIn("2 rows: 1 to rename, 1 that would be refused (?)", predicted.stdout)
         self.assertEqual(self.names(), ["img", "img1"])
         outcome = self.run_json("--in-order", "rename", "--run", *chain, status=4)
         self.assertEqual(outcome.renames, [("img", "img1", 183), ("img1", "img11", 0)])
@@ -115,10 +115,10 @@ class TakenBack(RenameTest):
     def test_a_run_that_was_taken_back_before_is_said_to_be_and_is_tried_again(self):
         self.make("a.txt")
         self.rename("--name", "b", "--run", "a.txt")
-        self.assertNotIn("taken back before", self.prose("--undo", "last").stderr)
+        self.assertNotIn("undone before", self.prose("--undo", "last").stderr)
         again = self.prose("--undo", "last")
         self.assertEqual(again.status, 4)
-        self.assertIn("taken back before", again.stderr)
+        self.assertIn("undone before", again.stderr)
         self.assertIn("1 Failed", again.stdout)
         self.assertEqual(self.names(), ["a.txt"])
 
@@ -144,7 +144,7 @@ class PartlyTakenBack(RenameTest):
         self.make("b")
         outcome = self.prose("--undo", "last")
         self.assertEqual((outcome.status, self.names()), (4, ["a", "b", "new-b"]))
-        self.assertIn("1 Restored, 1 Failed\nThe file counts as taken back. The same call tries again what failed\n",
+        self.assertIn("1 Restored, 1 Failed\nThe file counts as undone. The same call tries the failed renames again\n",
                       outcome.stdout)
         os.remove(self.path("b"))
         self.rename("--undo", "last", status=4)

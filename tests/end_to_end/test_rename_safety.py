@@ -120,7 +120,7 @@ if not IS_WINDOWS:
                     self.assertGreater(len(left), 0)
                     self.assertIn("\n%d Renamed, %d Failed: interrupted, and %d not tried\n" % (
                         done, len(left), len(left)), out)
-                    self.assertIn("Take it back: ", out)
+                    self.assertIn("Undo it: ", out)
                     self.rename("--undo", "last")
                     self.assertEqual(self.names(), names)
 
@@ -134,7 +134,7 @@ if not IS_WINDOWS:
             status, out, _ = self.interrupt(signal.SIGINT, "--undo", "last", when=self.path(names[0]))
             self.assertEqual(status, 4)
             self.assertRegex(out, r"\d+ Restored, \d+ Failed: interrupted, and \d+ not tried\n$")
-            self.assertNotIn("taken back", out)
+            self.assertNotIn("undone", out)
             self.assertEqual(self.rename("--list-undo").of("undo")[0]["restored"], False)
             self.rename("--undo", "last", status=4)  # files restored the first time are not found
             self.assertEqual(self.names(), names)
@@ -175,7 +175,7 @@ class NamesThatAreCut(SafetyTest):
         path = self.write_undo("u.dat", [windows_path(self.folder) + "|old|gone"])
         outcome = self.prose("--undo", "u.dat")
         self.assertEqual(outcome.status, 4)
-        self.assertNotIn("taken back", outcome.stdout)
+        self.assertNotIn("undone", outcome.stdout)
         self.assertTrue(outcome.stdout.endswith("1 Failed\n"))
         with open(path, "rb") as file:
             self.assertIn("HaveRestored : 0", file.read().decode("utf-16-le"))
@@ -240,7 +240,7 @@ class LongUndoFiles(SafetyTest):
             with open(self.path(name), "w", encoding="utf-8"):
                 pass
         items = "\n".join(names).encode()
-        note = r"note: some \d+ of these renames could not be taken back"
+        note = r"note: some \d+ of these renames could not be undone"
         for dry in ([], ["--dry-run"]):
             run = ["--run"] if dry else []
             outcome = self.process(*dry, "--config", self.config, "rename", "--find", "n", "--replace", "m", *run,
@@ -264,7 +264,7 @@ class SavedBeside(SafetyTest):
 
     def test_pairs_that_lose_their_quotes_are_said_to(self):
         outcome = self.rename("--find", '"a"', "--replace", "b", "--save-pairs", "1")
-        self.assertIn("note: the list does not keep the pairs as they were given", outcome.stderr)
+        self.assertIn("note: the list does not store the pairs as they were given", outcome.stderr)
         outcome = self.rename("--find", "a", "--replace", " b ", "--save-pairs", "1")
         self.assertEqual(outcome.stderr, "")
 

@@ -26,7 +26,7 @@ class Damaged(SafetyTest):
         with open(path, "rb") as file:
             before = file.read()
         outcome = self.rename("--undo", "last")
-        self.assertIn("the last line of the undo file is cut; it is not taken back", outcome.stderr)
+        self.assertIn("the last line of the undo file is cut; it is not undone", outcome.stderr)
         self.assertEqual(self.names(), ["victim", "whole.old"])
         with open(path, "rb") as file:
             self.assertEqual(file.read(), before)  # unchanged, so it is not marked as undone
@@ -63,7 +63,7 @@ class Damaged(SafetyTest):
         self.write_undo("good.dat", ["Z:\\x|a|b"])
         self.write_config("Undo/notes.txt", b"my notes")
         for call in ("--undo", "--delete-undo"):
-            self.assertIn("notes.txt\" is no undo file: it is in ", self.refused(call, "notes.txt"))
+            self.assertIn("notes.txt\" is not an undo file: it is in ", self.refused(call, "notes.txt"))
         self.assertIn("notes.txt", self.undo_files())
 
 
@@ -75,7 +75,7 @@ class Edited(SafetyTest):
             with self.subTest(name=name):
                 self.write_undo("u.dat", [where + "|old|" + name, where + "|y|x"])
                 outcome = self.rename("--undo", "u.dat", status=4)
-                self.assertIn("1 rename cannot be taken back: no file has the name " + name, outcome.stderr)
+                self.assertIn("1 rename cannot be undone: no file has the name " + name, outcome.stderr)
                 self.assertEqual((self.names(), self.names("deep")), (["deep/", "here"], ["y"]))
                 os.rename(self.path("deep/y"), self.path("deep/x"))
 
@@ -96,7 +96,7 @@ class Repeated(SafetyTest):
         self.make("x")
         outcome = self.prose("--undo", "last")
         self.assertEqual((outcome.status, self.content("a"), self.content("b")), (4, "a", "b"))
-        self.assertIn("2 Restored, 1 Failed\nThe file counts as taken back. The same call tries again what failed\n",
+        self.assertIn("2 Restored, 1 Failed\nThe file counts as undone. The same call tries the failed renames again\n",
                       outcome.stdout)
         os.remove(self.path("x"))
         outcome = self.prose("--undo", "last")
@@ -111,7 +111,7 @@ class Repeated(SafetyTest):
         outcome = self.prose("--undo", "last")
         self.assertEqual((outcome.status, self.content("a"), self.content("b")), (4, "a", "b"))
         self.assertIn("2 Ignored\n2 files have their old names already\n", outcome.stdout)
-        self.assertIn("taken back before", outcome.stderr)
+        self.assertIn("undone before", outcome.stderr)
         outcome = self.rename("--undo", "last", status=4)
         self.assertEqual(outcome.renames, [("a", "a", IGNORED_RESULT), ("b", "b", IGNORED_RESULT)])
 
@@ -141,7 +141,7 @@ class Repeated(SafetyTest):
         elsewhere = self.path("elsewhere.dat")
         os.replace(path, elsewhere)
         outcome = self.prose("--undo", elsewhere)
-        self.assertRegex(outcome.stdout, r"(?m)^The file is not in .*, so it does not say that it was taken back$")
+        self.assertRegex(outcome.stdout, r"(?m)^The file is not in .*, so it does not record that it was undone$")
 
     def test_the_list_says_which_runs_were_cut_off(self):
         path = self.write_undo("u.dat", ["Z:\\none|a|b"])
@@ -175,7 +175,7 @@ class Deep(SafetyTest):
 
 
 class Kept(SafetyTest):
-    def test_no_file_that_is_there_is_overwritten_when_the_clock_has_gone_back(self):
+    def test_no_existing_file_is_overwritten_when_the_clock_was_set_back(self):
         self.make("a.txt")
         now = int(time.time())
         for second in range(-2, 12):
@@ -188,7 +188,7 @@ class Kept(SafetyTest):
         self.rename("--undo", name)
         self.assertEqual(self.names(), ["a.txt"])
 
-    def test_the_file_of_a_run_holds_what_was_done_and_nothing_lies_beside_it(self):
+    def test_the_file_of_a_run_contains_what_was_done_and_is_the_only_one(self):
         self.make("a_", "b_", "b")
         self.rename("--find", "_", "--run", "a_", "b_", status=4)
         (name,) = self.undo_files()
@@ -386,7 +386,7 @@ if not IS_WINDOWS:
                 os.remove(lock.name)
             out, _ = run.communicate(timeout=TIMEOUT_SECONDS)
             self.assertEqual((run.returncode, self.names()), (0, ["b", "c"]))
-            self.assertIn(b"Take it back: ", out)
+            self.assertIn(b"Undo it: ", out)
             self.rename("--undo", "last")
             self.assertEqual(self.names(), ["a", "c"])
 
@@ -436,7 +436,7 @@ if not IS_WINDOWS:
             self.make("a:b", "c")
             outcome = self.rename("--name", "n[C]", "--run", "./a:b", "c")
             self.assertIn("the undo of 1 rename of 2 cannot be kept", outcome.stderr)
-            self.assertIn("no file is given a name with one of", outcome.stderr)
+            self.assertIn("no file may have a name with one of", outcome.stderr)
             self.rename("--undo", "last", status=4)
             self.assertEqual(self.names(), ["c", "n01"])
 
@@ -446,8 +446,8 @@ if not IS_WINDOWS:
                     self.setUp()
                     self.make(old)
                     outcome = self.prose("--name", "n", "--run", "./" + old)
-                    self.assertIn("the run cannot be taken back", outcome.stderr)
-                    self.assertNotIn("Take it back", outcome.stdout)
+                    self.assertIn("the run cannot be undone", outcome.stderr)
+                    self.assertNotIn("Undo it", outcome.stdout)
                     self.assertEqual((outcome.status, self.undo_files(), self.names()), (0, [], ["n"]))
 
 

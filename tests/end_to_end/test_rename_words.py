@@ -38,7 +38,7 @@ class Notes(RenameTest):
     def test_a_search_that_takes_too_long_is_counted(self):
         names = ["a" * 60 + "b%d" % number for number in range(2)]
         self.make(*names, "short")
-        self.assertIn("given up in 2 names", self.notes("--regex", "--find", "(a+)+c", *names, "short"))
+        self.assertIn("stopped in 2 names", self.notes("--regex", "--find", "(a+)+c", *names, "short"))
         self.assertEqual(self.notes("--regex", "--find", "a+c", *names, "short"), "")
 
     def test_switches_of_a_search_without_one_do_nothing_and_say_so(self):
@@ -51,7 +51,7 @@ class Notes(RenameTest):
     def test_what_is_no_expression_is_not_saved(self):
         for call in (["--save-profile", "Bad"], ["--save-pairs", "1"]):
             with self.subTest(call=call):
-                self.assertIn("\"(\" is no regular expression: ", self.refused("--regex", "--find", "(", *call))
+                self.assertIn("\"(\" is not a regular expression: ", self.refused("--regex", "--find", "(", *call))
         self.assertEqual(self.rename("--list-profiles").of("profile"), [])
         self.assertEqual(self.rename("--list-pairs").of("pairs"), [])
 
@@ -77,7 +77,7 @@ class Roots(RenameTest):
     if not IS_WINDOWS:
         def test_a_name_that_begins_like_a_drive_says_how_it_is_written(self):
             self.make("a:b.txt")
-            self.assertIn("\"a:b.txt\" is no path; write ./a:b.txt\n", self.refused("--name", "x", "a:b.txt"))
+            self.assertIn("\"a:b.txt\" is not a path; write ./a:b.txt\n", self.refused("--name", "x", "a:b.txt"))
             self.assertNotIn("write", self.refused("--name", "x", "a:c.txt"))
             self.assertEqual(self.rename("--name", "x", "./a:b.txt").of("row")[0]["new"], "x.txt")
 
@@ -95,9 +95,9 @@ class Calls(RenameTest):
     def test_a_second_undo_names_the_list(self):
         self.make("a.txt")
         self.rename("--name", "b", "--run", "a.txt")
-        self.assertIn("1 rename, taken back\n", self.prose("--undo", "last").stdout)
+        self.assertIn("1 rename, undone\n", self.prose("--undo", "last").stdout)
         outcome = self.prose("--undo", "last")
-        self.assertIn("note: this run has been taken back before; --list-undo shows the others\n", outcome.stderr)
+        self.assertIn("note: this run has been undone before; --list-undo shows the others\n", outcome.stderr)
 
     def test_the_list_of_undo_files_names_the_folder_of_settings_in_its_proposal(self):
         self.make("a.txt")
@@ -157,7 +157,7 @@ class Calls(RenameTest):
         self.assertEqual(self.rename("--list-pairs").of("pairs"), [{"event": "pairs", "number": 3, "pairs": pairs}])
         self.assertEqual(self.prose("--list-pairs").stdout, "list 3\n  --find \" old\" --replace \"new\"\n")
         self.make("a.txt")
-        self.assertIn("there are: 3\n", self.refused("--pairs", "4", "a.txt"))
+        self.assertIn("the lists are: 3\n", self.refused("--pairs", "4", "a.txt"))
 
 
 if IS_WINDOWS:

@@ -67,7 +67,7 @@ else:
             self.assertEqual({name: self.content(name) for name in self.names()},
                              {"img11": "img1", "img1111": "img11", "img11111111": "img1111"})
 
-        def test_a_dry_run_foretells_what_is_done_planned_or_in_order(self):
+        def test_a_dry_run_predicts_the_results_planned_or_in_order(self):
             for mode, results, status in ([], [0, 0, 0], 0), (["--in-order"], [183, 183, 0], 4):
                 with self.subTest(mode=mode):
                     self.setUp()
@@ -139,4 +139,4 @@ else:
         def test_a_form_that_no_dialog_takes_is_noted(self):
             self.make("a.txt")
             outcome = self.run_json("--form", "find=a", "command", "30000", self.path("a.txt"), answers=["ok"])
-            self.assertIn("no dialog came that --form could fill", outcome.stderr)
+            self.assertIn("there was no dialog for --form", outcome.stderr)

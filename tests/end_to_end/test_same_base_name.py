@@ -61,7 +61,7 @@ class SameBaseName(HostTest):
                 self.assertEqual(outcome.renames, [("a.c", text + ".c", 123)])
                 self.assertEqual((self.names(), self.names("x")), (["a.c", "x/"], []))
 
-    def test_a_button_is_no_answer_to_a_text(self):
+    def test_a_button_is_not_an_answer_to_a_text(self):
         self.make("a.c")
         outcome = self.command(30020, "a.c", answers=["yes"], status=2)
         self.assertIn("asks for a text", outcome.stderr)

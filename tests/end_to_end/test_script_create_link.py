@@ -45,7 +45,7 @@ class Kinds(LinkTest):
         self.assert_made(1, "link", "a ü Ж.txt")
         self.assertEqual(os.stat(self.path("link")).st_ino, os.stat(self.path("a ü Ж.txt")).st_ino)
 
-    def test_a_shortcut_is_unknown_in_the_log_which_is_meant(self):
+    def test_a_shortcut_is_unknown_in_the_log_by_design(self):
         self.make("a.txt")
         self.assert_made(4, "a.lnk", "a.txt")
         with open(self.path("a.lnk"), "rb") as file:
@@ -148,7 +148,7 @@ class Failures(LinkTest):
             with self.subTest(more=more):
                 outcome = self.script(1, "link", "nosuch", *more, status=1)
                 self.assertEqual(outcome.events[:-1], [])
-                self.assertIn("LNKTRG must be there", outcome.stderr)
+                self.assertIn("LNKTRG must exist", outcome.stderr)
         self.assertEqual(self.names(), [])
 
     def test_a_link_with_a_name_beyond_all_bounds(self):
@@ -189,7 +189,7 @@ class AsAdministrator(LinkTest):
     def test_a_person_cannot_start_the_helper_by_mistake(self):
         outcome = self.process("helper")
         self.assertEqual((outcome.status, outcome.stdout), (2, ""))
-        self.assertIn("the host starts this one by itself", outcome.stderr)
+        self.assertIn("the host itself starts this verb", outcome.stderr)
         self.assertNotIn("helper ", self.process("--help").stdout.partition("Verbs:")[2])
 
 

@@ -76,7 +76,7 @@ class Modes(FindTest):
     def test_letter_case_counts(self):
         self.assertEqual(self.replaced(b"two Two TWO\n", "Two", "2", changes=1), b"two 2 TWO\n")
 
-    def test_ignorecase_and_overwrite_are_meant_to_have_no_effect(self):
+    def test_ignorecase_and_overwrite_have_no_effect_by_design(self):
         self.assertEqual(self.replaced(b"two Two\n", "two", "2", "IGNORECASE", changes=1), b"2 Two\n")
         self.write("in.new", b"old")
         outcome = self.script("in.txt", "two", "2", "OVERWRITE", status=4)
@@ -98,7 +98,7 @@ class Modes(FindTest):
         self.assertEqual(self.replaced(b"a\r\nb\r\na\r\nb\r\n", "a\\nb", "x\\ny", "MODE=MULTILINE", changes=2),
                          b"x\r\ny\r\nx\r\ny\r\n")
 
-    def test_an_unknown_mode_is_meant_to_be_one(self):
+    def test_an_unknown_mode_is_one_by_design(self):
         self.assertEqual(self.replaced(b"a b\n", "a", "x", "MODE=All", changes=1), b"x b\n")
         self.assertEqual(self.replaced(b"a b\n", "a", "x", "MODE=", changes=1), b"x b\n")
 
@@ -145,7 +145,7 @@ class Encodings(FindTest):
         self.assertEqual(self.replaced(b"two\r\ntwo", "two", "2", changes=2), b"2\r\n2")
         self.assertEqual(self.replaced(b"two\ntwo\n", "two", "2", changes=2), b"2\n2\n")
 
-    def test_a_lone_cr_goes_which_is_meant(self):
+    def test_a_lone_cr_is_dropped_by_design(self):
         self.assertEqual(self.replaced(b"a\rb two\n", "two", "2", changes=1), b"ab 2\n")
 
     def test_names_and_paths_beyond_the_code_page(self):
@@ -207,7 +207,7 @@ class Saving(FindTest):
         self.assertEqual(outcome.of("log"), [self.changes_line(1, "a.txt")])
         self.assertEqual((self.names(), self.read("a.txt")), (["a.txt"], b"2\n"))
 
-    def test_delete_beside_a_new_name_leaves_what_was_written(self):
+    def test_delete_with_a_new_name_leaves_what_was_written(self):
         self.write("a.txt", b"two\n")
         outcome = self.script("a.txt", "two", "2", "DELETE", target="new.txt")
         self.assertEqual(outcome.of("log"), [self.changes_line(1, "a.txt")])
@@ -224,7 +224,7 @@ class Saving(FindTest):
         self.assertEqual(self.names(), ["a.txt", "old.txt", "old.txt.bak"])
         self.assertEqual((self.read("a.txt"), self.read("old.txt")), (b"two\n", b"3\n"))
 
-    def test_an_empty_target_is_the_folder_which_is_meant(self):
+    def test_an_empty_target_is_the_folder_by_design(self):
         self.write("a.txt", b"two\n")
         outcome = self.script("a.txt", "two", "2", target="", status=4)
         line = self.exists_line("")
@@ -338,7 +338,7 @@ class Questions(FindTest):
         self.assertEqual(outcome.events[:-1], [dict(YES_NO_CANCEL, answer="cancel"), self.cancelled_line()])
         self.assertEqual(self.read("old.txt"), b"old")
 
-    def test_an_error_is_shown_and_logged_and_lowers_the_sum_which_is_meant(self):
+    def test_an_error_is_shown_and_logged_and_lowers_the_sum_by_design(self):
         self.write("a.txt", b"a\n")
         outcome = self.script("a.txt", "a\\nb", "x", "MODE=Many", "REPLACEALL", silent=False, answers=["ok", "ok"],
                               status=4)
@@ -362,7 +362,7 @@ class Calls(FindTest):
                 self.assertEqual(outcome.of("log"), [self.changes_line(1, "a.txt")])
                 os.remove(self.path("a.new"))
 
-    def test_the_list_tells_what_holds(self):
+    def test_the_list_names_the_parameters_without_effect(self):
         commands = self.run_json("script", "FindAndReplace", "--list").of("script")
         self.assertEqual([(command["name"], command["number"], command["description"]) for command in commands],
                          [("FindAndReplace", 30353, "Finds and replaces text in a file")])

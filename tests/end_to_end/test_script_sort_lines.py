@@ -69,7 +69,7 @@ class Orders(SortTest):
         self.assertEqual(self.sorted(b"10\n9\n-2\n100\n1\n", "SORTBY=substring", "SORTAS=num"),
                          b"-2\n1\n9\n10\n100\n")
 
-    def test_whole_lines_have_no_number_and_keep_their_order_which_is_meant(self):
+    def test_whole_lines_have_no_number_and_keep_their_order_by_design(self):
         self.assertEqual(self.sorted(b"10\n9\n100\n", "SORTAS=num"), b"10\n9\n100\n")
         self.assertEqual(self.sorted(b"10\n9\n100\n", "SORTAS=num", "REVERSE"), b"100\n9\n10\n")
 
@@ -82,7 +82,7 @@ class Orders(SortTest):
         self.assertEqual(self.sorted(b"1\tkiwi\n2\tapple\n3\tfig\n", "SORTBY=item", "ITEMSEP=\t", "ITEM=2"),
                          b"2\tapple\n3\tfig\n1\tkiwi\n")
 
-    def test_a_substring_of_a_length_behind_an_offset(self):
+    def test_a_substring_of_a_length_after_an_offset(self):
         self.assertEqual(self.sorted(b"01 bb 9\n02 aa 1\n03 cc 5\n", "SORTBY=SUBSTRING", "LINEOFFSET=4", "SUBSTRLEN=2"),
                          b"02 aa 1\n01 bb 9\n03 cc 5\n")
 
@@ -107,7 +107,7 @@ class Orders(SortTest):
         ordered = "Apfel\nÄpfel\nbirne\nzebra\n"
         self.assertEqual(self.sorted(words.encode("cp1252"), "LANGUAGEORDER").decode("cp1252"), ordered)
 
-    def test_in_utf_16_the_mark_goes_with_the_first_line_which_is_meant(self):
+    def test_in_utf_16_the_mark_moves_with_the_first_line_by_design(self):
         text = "\ufeffzebra\nÄpfel\nApfel\nbirne\n"
         self.assertEqual(self.sorted(text.encode("utf-16-le"), "LANGUAGEORDER").decode("utf-16-le"),
                          "Apfel\nÄpfel\nbirne\n\ufeffzebra\n")
@@ -176,7 +176,7 @@ class Saving(SortTest):
         self.assertEqual(outcome.of("log"), [self.sorted_line("a.txt", "a.txt")])
         self.assertEqual((self.names(), self.read("a.txt")), (["a.txt"], b"a\nb\n"))
 
-    def test_delete_beside_a_new_name_deletes_what_was_written_which_is_meant(self):
+    def test_delete_with_a_new_name_deletes_what_was_written_by_design(self):
         self.write("a.txt", b"b\na\n")
         outcome = self.script("a.txt", "DELETE", target="new.txt")
         self.assertEqual(outcome.of("log"), [self.sorted_line("a.txt", "new.txt")])
@@ -189,7 +189,7 @@ class Saving(SortTest):
         self.assertEqual(outcome.of("log"), [self.sorted_line("Ордер/файл ü.txt", "Ордер/новый.txt")])
         self.assertEqual(self.read("Ордер/новый.txt"), b"a\nb\n")
 
-    def test_an_empty_target_is_the_folder_which_is_meant(self):
+    def test_an_empty_target_is_the_folder_by_design(self):
         self.write("a.txt", b"b\na\n")
         outcome = self.script("a.txt", target="")
         self.assertEqual(outcome.events[:-1], [self.skipped_line("a.txt")] + self.lists())
@@ -264,13 +264,13 @@ class Questions(SortTest):
                              "answer": "ok"}])
         self.assertEqual(self.read("old.txt"), b"old")
 
-    def test_a_question_that_nobody_answers_is_cancelled_with_a_note_and_status_0(self):
+    def test_a_question_without_an_answer_is_cancelled_with_a_note_and_status_0(self):
         self.write("a.txt", b"b\na\n")
         self.write("old.txt", b"old")
         outcome = self.script("a.txt", target="old.txt", silent=False)
         self.assertEqual(outcome.events[:-1], [dict(YES_NO_CANCEL, answer="cancel")])
         self.assertEqual(outcome.stderr.replace("\r\n", "\n"),
-                         "qxhost: note: question cancelled: there is nobody to ask; give --answer for "
+                         "qxhost: note: question cancelled: there is no terminal; give --answer for "
                          "\"Sort Lines\": yes, no, cancel\n")
         self.assertEqual(self.read("old.txt"), b"old")
 
@@ -314,7 +314,7 @@ class Calls(SortTest):
         self.assertIn("LNKTYPE", self.refused("CreateLink", "LNKSRC=a", "LNKTRG=b"))
         self.assertEqual(self.names(), ["a.txt"])
 
-    def test_an_empty_name_and_words_beside_a_list_are_wrong(self):
+    def test_an_empty_name_and_words_after_a_list_are_wrong(self):
         self.assertIn("NAME", self.refused(""))
         self.assertIn("NAME", self.refused("", "--list"))
         self.assertIn("\"FILE=a.txt\"", self.refused("SortLines", "--list", "FILE=a.txt"))

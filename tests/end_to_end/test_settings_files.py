@@ -35,7 +35,7 @@ class SettingsFiles(HostTest):
             "Other": {"key": ["x"]},
             "QXUtils": {"ReplaceXY_Replace": [""], "ReplaceXY_With": ["", "w"], "k": ["y"]}})
 
-    def test_a_damaged_file_is_kept_under_another_name_and_told(self):
+    def test_a_damaged_file_is_kept_under_another_name_and_reported(self):
         for damage in ("{", "", "[]", '{"QXUtils": 5}', '{"QXUtils": {"k": "text"}}', '{"QXUtils": {"k": [5]}}',
                        "\x00\x01", "[" * 10000):
             with self.subTest(damage=damage[:20]):
@@ -59,7 +59,7 @@ class SettingsFiles(HostTest):
         self.remember()
         self.assertEqual(os.listdir(self.config), ["histories.json"])
 
-    def test_a_file_that_cannot_be_read_is_left_alone_and_told(self):
+    def test_a_file_that_cannot_be_read_is_unchanged_and_reported(self):
         os.makedirs(self.setting("histories.json"))
         outcome = self.remember()
         self.assertIn("nothing will be saved there", outcome.stderr)
@@ -74,7 +74,7 @@ class SettingsFiles(HostTest):
         self.make("a.txt")
         self.config = self.path("a.txt", "below")
         outcome = self.command(30000, "a.txt", answers=["ok"], status=2)
-        self.assertIn("cannot make the configuration folder", outcome.stderr)
+        self.assertIn("cannot create the configuration folder", outcome.stderr)
         self.assertEqual(self.names(), ["a.txt"])
 
 

@@ -29,7 +29,7 @@ class SortLinesMenuTest(HostTest):
 class SortLinesMenu(SortLinesMenuTest):
     """For both builds: the dialog opens with the stored settings and is closed by an answer."""
 
-    def test_ok_sorts_into_a_new_file_beside_the_first(self):
+    def test_ok_sorts_into_a_new_file_next_to_the_first(self):
         self.write("a.txt", b"c\r\n b\r\na\r\n")
         outcome = self.command(30150, "a.txt", answers=["ok", "ok"])
         self.assertEqual(self.read("a.txt"), b"c\r\n b\r\na\r\n")
@@ -65,7 +65,7 @@ class SortLinesMenu(SortLinesMenuTest):
         self.command(30150, "list", answers=["ok", "ok"])
         self.assertEqual(self.read("list_sorted"), b"1\n2\n")
 
-    def test_a_file_that_is_not_text_fails_and_is_told(self):
+    def test_a_file_that_is_not_text_fails_and_is_reported(self):
         self.write("a.bin", b"\x00\x01\x02\n\x00")
         outcome = self.command(30150, "a.bin", answers=["ok", "ok"], status=4)
         self.assertEqual([(event["level"], event["text"]) for event in outcome.of("log")],
@@ -131,7 +131,7 @@ if not IS_WINDOWS:
                 self.assertIn(takes, outcome.stderr)
             self.assertEqual(self.names(), ["a.txt"])
 
-        def test_a_value_that_a_field_cuts_is_told(self):
+        def test_a_value_that_a_field_truncates_is_reported(self):
             self.write("a.txt", b"b;1\na;2\n")
             outcome = self.sort("a.txt", ["sortBy=substring", "endCharacter=;x"])
             self.assertIn("the field endCharacter is ; and not ;x: it takes at most 1 character", outcome.stderr)

@@ -67,14 +67,14 @@ class TextConversion(TextConversionTest):
         self.command(TABS, "1", answers=["yes", "cancel"])
         self.assertEqual(self.read("1"), b"\t")
 
-    def test_the_second_of_two_crs_is_not_converted_which_is_meant(self):
+    def test_the_second_of_two_crs_is_not_converted_by_design(self):
         for number, expected in ((TO_LF, b"\n\r\n"), (TO_CRLF, b"\r\n\r\r\n"), (TO_CR, b"\r\r\r")):
             with self.subTest(number=number):
                 self.write("1", b"\r\r\n")
                 self.command(number, "1", answers=["yes"])
                 self.assertEqual(self.read("1"), expected)
 
-    def test_a_cr_at_the_very_end_is_lost_under_crlf_which_is_meant(self):
+    def test_a_cr_at_the_very_end_is_lost_under_crlf_by_design(self):
         self.write("1", b"a\r")
         self.command(TO_CRLF, "1", answers=["yes"])
         self.assertEqual(self.read("1"), b"a")
@@ -86,7 +86,7 @@ class TextConversion(TextConversionTest):
         self.assertEqual(self.read("empty"), b"")
         self.assertTrue(self.read("large") == b"line\r\n" * 1000000)
 
-    def test_a_read_only_file_stays_with_the_converted_text_beside_it_and_the_next_file_follows(self):
+    def test_a_read_only_file_stays_with_the_converted_text_next_to_it_and_the_next_file_follows(self):
         self.write("1", b"a\n")
         self.write("2", b"a\n")
         os.chmod(self.path("1"), stat.S_IRUSR)
@@ -106,7 +106,7 @@ if not IS_WINDOWS:
         # 120,000 bytes that become 180,000: two blocks of 65,536 bytes and a remainder.
         TEXT = b"x\n" * 60000
 
-        def test_a_last_write_that_fails_leaves_the_file_and_nothing_beside_it(self):
+        def test_a_failed_last_write_leaves_the_file_and_no_other(self):
             self.write("1", self.TEXT)
             self.command(TO_CRLF, "1", answers=["yes"], largest_file=150000)
             self.assertTrue(self.read("1") == self.TEXT)

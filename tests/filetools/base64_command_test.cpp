@@ -26,7 +26,7 @@ class Base64Command : public testing::Test {
     ConvertBase64Command(Host(), encode);
     EXPECT_EQ(boxes.Unused(), 0);
     EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
-    ExpectAllGivenBack(Host());
+    ExpectAllReleased(Host());
     return boxes.Boxes();
   }
 
@@ -35,7 +35,7 @@ class Base64Command : public testing::Test {
 
 }  // namespace
 
-TEST_F(Base64Command, EncodesEachSelectedFileBesideItself) {
+TEST_F(Base64Command, EncodesEachSelectedFileIntoItsFolder) {
   files_.Select(W("a.txt"), "foo");
   files_.Select(W("b.tar.gz"), "bar");
   files_.Select(W("none"), "x");
@@ -73,7 +73,7 @@ TEST_F(Base64Command, ANameThatIsRefusedGivesWayToTheFilesOwnAndTheHeaderIsSkipp
     EXPECT_THAT(files.scratch.Names(), ElementsAre(W("d"))) << name;
     EXPECT_THAT(files.scratch.Names(W("d")), ElementsAre(W("a"), W("a.b64"))) << name;
     EXPECT_EQ(files.scratch.Read(W("d\\a")), "foo") << name;
-    ExpectAllGivenBack(files.host);
+    ExpectAllReleased(files.host);
   }
 }
 
@@ -112,7 +112,7 @@ TEST_F(Base64Command, AsksBeforeATargetIsReplaced) {
     EXPECT_EQ(boxes.Boxes()[0].buttons, (std::vector<int>{IDYES, IDNO}));
     EXPECT_TRUE(boxes.Boxes()[0].hasIcon);
     EXPECT_EQ(files.scratch.Read(encode ? W("a.b64") : W("a")), "old");
-    ExpectAllGivenBack(files.host);
+    ExpectAllReleased(files.host);
   }
 }
 
@@ -152,7 +152,7 @@ TEST_F(Base64Command, NothingSelectedIsNothingDone) {
   EXPECT_THAT(Run(false), IsEmpty());
 }
 
-TEST_F(Base64Command, OneFileAnswersWhetherItWasGoneAbout) {
+TEST_F(Base64Command, OneFileReturnsWhetherItWasProcessed) {
   const WString path = files_.Add(W("a.txt"), "foo");
   EXPECT_TRUE(ConvertFileBase64(Host(), path, true));
   EXPECT_FALSE(ConvertFileBase64(Host(), Scratch().Path(W("gone.txt")), true));
@@ -164,10 +164,10 @@ TEST_F(Base64Command, OneFileAnswersWhetherItWasGoneAbout) {
   Host().recorder.Refuse("GetService");
   EXPECT_FALSE(ConvertFileBase64(Host(), path, true));
   EXPECT_EQ(Scratch().Read(W("a.b64")), "old");
-  ExpectAllGivenBack(Host());
+  ExpectAllReleased(Host());
 }
 
-TEST_F(Base64Command, AFailureOfTheWorkItselfStillCountsAsDoneWhichIsMeant) {
+TEST_F(Base64Command, AFailureOfTheConversionItselfStillCountsAsDoneByDesign) {
   const WString path = files_.Add(W("a.b64"), "foo");
   BoxAnswers boxes{IDYES};
   EXPECT_TRUE(ConvertFileBase64(Host(), path, true));

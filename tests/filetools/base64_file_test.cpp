@@ -89,7 +89,7 @@ TEST_F(Base64File, LineGoesOnFromBlockToBlock) {
             lines + std::string(76, 'A') + "\r\n" + std::string(72, 'A'));
 }
 
-TEST_F(Base64File, LastPieceOfABlockMayRunPastColumn76WhichIsMeant) {
+TEST_F(Base64File, LastPieceOfABlockMayRunPastColumn76ByDesign) {
   std::string lines;
   for (int line = 0; line < 53; ++line) lines += std::string(76, 'A') + "\r\n";
   EXPECT_EQ(EncodedText(std::string(3072 + 9, '\0')), lines + std::string(80, 'A') + "\r\n");
@@ -101,7 +101,7 @@ TEST_F(Base64File, OpenBitsAreZeroInTheFirstBlock) {
   EXPECT_EQ(EncodedText("fo"), "Zm8=");
 }
 
-TEST_F(Base64File, OpenBitsComeFromTheBlockBeforeAtTheSamePlaceWhichIsMeant) {
+TEST_F(Base64File, OpenBitsComeFromTheBlockBeforeAtTheSamePlaceByDesign) {
   std::string bytes(3072, '\0');
   bytes[1] = '\xF0';
   const std::string one = EncodedText(bytes + "f");
@@ -142,7 +142,7 @@ TEST_F(Base64File, ATargetThatCannotBeMadeFails) {
   EXPECT_FALSE(DecodeFileBase64(source, scratch_.Path(W("none\\t")), true));
 }
 
-TEST_F(Base64File, DecodesBehindTheHeader) {
+TEST_F(Base64File, DecodesAfterTheHeader) {
   EXPECT_EQ(Decoded(PlainBase64::Header("x") + "Zm9vYmFy", true), "foobar");
   EXPECT_EQ(Decoded(PlainBase64::Header("x"), true), "");
   EXPECT_EQ(Decoded("a\nb\nc\n\nZm9v", true), "foo");
@@ -156,15 +156,11 @@ TEST_F(Base64File, DecodesFromTheFirstByteWithoutAHeader) {
 
 TEST_F(Base64File, PairsOfCrLfAreLeftOut) { EXPECT_EQ(Decoded("Zm\r\n9v\r\n\r\nYm\r\nFy\r\n"), "foobar"); }
 
-TEST_F(Base64File, ALoneLfCountsAsACharacterWhichIsMeant) {
-  EXPECT_EQ(Decoded("Zm9v\nYmFy"), "foo\xFD\x89\x85");
-}
+TEST_F(Base64File, ALoneLfCountsAsACharacterByDesign) { EXPECT_EQ(Decoded("Zm9v\nYmFy"), "foo\xFD\x89\x85"); }
 
-TEST_F(Base64File, ALoneCrCountsAsACharacterWhichIsMeant) {
-  EXPECT_EQ(Decoded("Zm9v\rYmFy"), "foo\xFD\x89\x85");
-}
+TEST_F(Base64File, ALoneCrCountsAsACharacterByDesign) { EXPECT_EQ(Decoded("Zm9v\rYmFy"), "foo\xFD\x89\x85"); }
 
-TEST_F(Base64File, APairThatTheRemovalOfAPairMakesStaysWhichIsMeant) {
+TEST_F(Base64File, APairMadeByTheRemovalOfAPairStaysByDesign) {
   EXPECT_EQ(Decoded("Zm9v\r\r\n\nAA"), "foo\xFF\xF0\x00"s);
 }
 
@@ -178,7 +174,7 @@ TEST_F(Base64File, WhatIsCarriedAtTheEndIsDropped) {
   EXPECT_EQ(Decoded("Zm9"), "");
 }
 
-TEST_F(Base64File, NothingIsCarriedBehindPadding) { EXPECT_EQ(Decoded("Zm9vYg="), "foo"); }
+TEST_F(Base64File, NothingIsCarriedAfterPadding) { EXPECT_EQ(Decoded("Zm9vYg="), "foo"); }
 
 TEST_F(Base64File, GroupsGoOnFromBlockToBlock) {
   for (std::size_t shift = 0; shift < 4; ++shift) {
@@ -270,7 +266,7 @@ TEST_F(Base64File, ALoneCrInTheNameSearchEndsItWithoutANameAndDoesNotHang) {
   EXPECT_EQ(NameIn("MIME-Version: 1.0\r\nX: y\r\rname=\"a.txt\"\r\n"), std::nullopt);
 }
 
-TEST_F(Base64File, StartIsBehindTheHeader) {
+TEST_F(Base64File, StartIsAfterTheHeader) {
   EXPECT_EQ(StartOf(PlainBase64::Header("ab") + "Zm9v"), PlainBase64::Header("ab").size());
   EXPECT_EQ(StartOf("Zm9v"), 0u);
   EXPECT_EQ(StartOf(""), 0u);
@@ -286,7 +282,7 @@ TEST_F(Base64File, StartIsLookedForInTheFirst4096Bytes) {
   EXPECT_EQ(StartOf("1\n2\n" + std::string(4096, 'x') + "\n\n" + "Zm9v"), 0u);
 }
 
-TEST_F(Base64File, AnEmptyLineBehindTheTenthIsNoEndOfTheHeaderAlthoughANameIsFound) {
+TEST_F(Base64File, AnEmptyLineAfterTheTenthDoesNotEndTheHeaderAlthoughANameIsFound) {
   const std::string text = "MIME-Version: 1.0\nname=\"a\"\n3\n4\n5\n6\n7\n8\n9\n10\n\nZm9v";
   EXPECT_EQ(NameIn(text), W("a"));
   EXPECT_EQ(StartOf(text), 0u);

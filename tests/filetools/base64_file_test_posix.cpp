@@ -100,7 +100,7 @@ TEST_F(Base64FileFaults, WhatWasReadBeforeAFailedReadIsInThePartialTarget) {
   EXPECT_EQ(scratch_.Read(W("t")), whole);
 }
 
-TEST_F(Base64FileFaults, AFailedReadEndsTheDecodingAndStillCountsAsSuccessWhichIsMeant) {
+TEST_F(Base64FileFaults, AFailedReadEndsTheDecodingAndStillCountsAsSuccessByDesign) {
   Faults::Watch("ReadFile");
   ASSERT_TRUE(Decode(false));
   const int reads = Faults::CallCount("ReadFile");

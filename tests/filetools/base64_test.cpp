@@ -17,10 +17,10 @@ const unsigned char* Bytes(const std::string& text) {
   return reinterpret_cast<const unsigned char*>(text.data());
 }
 
-std::string Encoded(const std::string& bytes, unsigned char behind0 = 0, unsigned char behind1 = 0) {
-  const unsigned char behind[2] = {behind0, behind1};
+std::string Encoded(const std::string& bytes, unsigned char following0 = 0, unsigned char following1 = 0) {
+  const unsigned char following[2] = {following0, following1};
   std::string output(bytes.size() * 2 + 8, '?');
-  output.resize(EncodeBase64(Bytes(bytes), bytes.size(), behind, output.data()));
+  output.resize(EncodeBase64(Bytes(bytes), bytes.size(), following, output.data()));
   return output;
 }
 
@@ -64,7 +64,7 @@ TEST(Base64, EncodesGroupsOfThreeAndFillsUpTheLast) {
   EXPECT_EQ(Encoded("\0\x10\x83\xFF\xEF\xBE"s), "ABCD/+++");
 }
 
-TEST(Base64, OpenBitsOfTheLastCharacterComeFromTheBytesBehindWhichIsMeant) {
+TEST(Base64, OpenBitsOfTheLastCharacterComeFromTheFollowingBytesByDesign) {
   EXPECT_EQ(Encoded("f", 0xF0), "Zv==");
   EXPECT_EQ(Encoded("f", 0x0F, 0xFF), "Zg==");
   EXPECT_EQ(Encoded("fo", 0xC0), "Zm/=");
@@ -93,11 +93,11 @@ TEST(Base64, OpenBitsDoNotMatterInDecoding) {
   EXPECT_EQ(DecodedOf("Zm/="), "fo");
 }
 
-TEST(Base64, TheNextGroupStandsInThePlaceOfThePadding) { EXPECT_EQ(DecodedOf("QQ==QUI=QUJD"), "AABABC"); }
+TEST(Base64, TheNextGroupReplacesThePadding) { EXPECT_EQ(DecodedOf("QQ==QUI=QUJD"), "AABABC"); }
 
 TEST(Base64, AThirdPaddingCharacterAloneCountsForBoth) { EXPECT_EQ(DecodedOf("QQ=AQUJD"), "AABC"); }
 
-TEST(Base64, CharactersOutsideTheAlphabetGiveWrongBytesAndStopNothingWhichIsMeant) {
+TEST(Base64, CharactersOutsideTheAlphabetGiveWrongBytesAndStopNothingByDesign) {
   EXPECT_EQ(DecodedOf("!!!!"), "\xFF\xFF\xFF");
   EXPECT_EQ(DecodedOf("A!AA"), "\x03\xF0\x00"s);
   EXPECT_EQ(DecodedOf("AA!A"), "\x00\x0F\xC0"s);
@@ -129,7 +129,7 @@ TEST(Base64, TheRoomMustExceedTheBytesByFour) {
   EXPECT_EQ(DecodeInto("Zm9vYmFy", 10).bytes, "foobar");
 }
 
-TEST(Base64, NothingIsWrittenBehindTheRoom) {
+TEST(Base64, NothingIsWrittenAfterTheRoom) {
   for (const std::string& text : {"Zg=="s, "Zm9v"s, "!!!!"s, "Zm9vYmFyZm9vYmFyZm9vYmFy"s, "QQ==QQ==QQ=="s}) {
     for (std::uint32_t room = 0; room < 40; ++room) {
       EXPECT_TRUE(DecodeInto(text, room).areGuardsWhole) << text << " in " << room;

@@ -141,7 +141,7 @@ TEST(ControlPanelMenu, BothClassesFilterByFlagAAlone) {
   EXPECT_THAT(BranchCalls(run.host), ElementsAreArray(ExpectedBranch(true)));
 }
 
-TEST(ControlPanelMenu, StandsBehindTheSubMenusUnderTheSameRoot) {
+TEST(ControlPanelMenu, FollowsTheSubMenusUnderTheSameRoot) {
   Registered run;
   run.Run();
   EXPECT_GT(run.host.recorder.PositionOf("FindModuleByGuid"),
@@ -159,7 +159,7 @@ TEST(ControlPanelMenu, IsNotBuiltBeforeVista) {
               IsEmpty());
 }
 
-TEST(ControlPanelMenu, RefusedBranchIsLeftOutAndTheRestStands) {
+TEST(ControlPanelMenu, RefusedBranchIsLeftOutAndTheRestIsKept) {
   Registered run;
   run.host.recorder.Refuse("AddSubMenuUnder");
   run.Run();
@@ -169,7 +169,7 @@ TEST(ControlPanelMenu, RefusedBranchIsLeftOutAndTheRestStands) {
   EXPECT_THAT(calls, Contains("set.Commit(1)"));
 }
 
-TEST(ControlPanelMenu, RefusedCategoryIsSkippedAndTheOthersStand) {
+TEST(ControlPanelMenu, RefusedCategoryIsSkippedAndTheOthersAreKept) {
   Registered run;
   run.host.menus.refusedText = 0x0A2B006D;
   run.Run();

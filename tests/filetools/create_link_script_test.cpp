@@ -103,7 +103,7 @@ TEST_F(CreateLinkScriptTest, AnEmptyLinkPathIsAnError) {
   EXPECT_THAT(call_.resultCode, Optional(3u));
 }
 
-TEST_F(CreateLinkScriptTest, ARefusalIsNotTakenToTheHelperUnasked) {
+TEST_F(CreateLinkScriptTest, ARefusalIsNotPassedToTheHelperWithoutAQuestion) {
   call_.values["LNKTRG"] = scratch_.Path();
   EXPECT_EQ(CreateLinkScript(host_, call_), 0);
   EXPECT_THAT(call_.resultCode, Optional(5u));
@@ -120,10 +120,10 @@ TEST_F(CreateLinkScriptTest, AsAdminTheHelperMakesItAndThereIsNoResultText) {
   EXPECT_THAT(call_.resultCode, Optional(0u));
   EXPECT_EQ(call_.resultText, std::nullopt);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
-TEST_F(CreateLinkScriptTest, AsAdminAFolderIsToldToTheHelper) {
+TEST_F(CreateLinkScriptTest, AsAdminAFolderIsReportedToTheHelper) {
   call_.switches = {"ASADMIN"};
   call_.values["LNKTRG"] = scratch_.Path();
   EXPECT_EQ(CreateLinkScript(host_, call_), 1);

@@ -60,7 +60,7 @@ class CreateLinksCommand : public testing::Test {
       return answer(form);
     });
     EXPECT_EQ(shown, 1);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   void RunWithoutADialog() {
@@ -68,14 +68,14 @@ class CreateLinksCommand : public testing::Test {
       ADD_FAILURE() << "a dialog";
       return IDOK;
     });
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   // Chooses this kind and closes the dialog with OK.
   void RunWithKind(int kind) {
     Run([kind](CreateLinksForm& form) {
       form.linkKind = kind;
-      FollowKind(form);
+      UpdateForKind(form);
       FinishForm(form);
       return IDOK;
     });
@@ -151,7 +151,7 @@ TEST_F(CreateLinksCommand, OneFileIsTheTargetAndItsNameInTheOtherPanelTheLink) {
               ElementsAre("item a \u00FC \u0416.txt.GetFullPath(4096)"));
 }
 
-TEST_F(CreateLinksCommand, OneFolderIsToldByItsAttributes) {
+TEST_F(CreateLinksCommand, OneFolderIsRecognizedByItsAttributes) {
   Select({}, {W("sub")});
   const CreateLinksForm form = ShownForm();
   EXPECT_TRUE(form.targetIsFolder);
@@ -232,7 +232,7 @@ TEST_F(CreateLinksCommand, CancelStoresNothingAndMakesNothing) {
   StoreKind(1);
   Run([](CreateLinksForm& form) {
     form.linkKind = 4;
-    FollowKind(form);
+    UpdateForKind(form);
     FinishForm(form);
     return IDCANCEL;
   });
@@ -284,7 +284,7 @@ TEST_F(CreateLinksCommand, TheShortcutOfOneFileLosesTheOldExtension) {
                                      LinkCreated("Unknown", InPanel(W("a.lnk")), InView(W("a.txt")))));
 }
 
-TEST_F(CreateLinksCommand, TheShortcutOfOneFileWithoutAnExtensionHasItsBareNameWhichIsMeant) {
+TEST_F(CreateLinksCommand, TheShortcutOfOneFileWithoutAnExtensionHasItsBareNameByDesign) {
   Select({W("bare")});
   RunWithKind(4);
   EXPECT_THAT(host_.recorder.CallsOf({"LogMessage"}),
@@ -319,7 +319,7 @@ TEST_F(CreateLinksCommand, OfSeveralItemsTheNamesOfTheDialogAreForTheEyeOnly) {
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("panel"), W("view")));
 }
 
-TEST_F(CreateLinksCommand, ShortcutsOfSeveralItemsKeepTheOldExtensionsWhichIsMeant) {
+TEST_F(CreateLinksCommand, ShortcutsOfSeveralItemsKeepTheOldExtensionsByDesign) {
   Select({W("a.txt"), W("bare")}, {W("sub.d")});
   RunWithKind(4);
   EXPECT_THAT(scratch_.Names(W("panel")), ElementsAre(W("a.txt.lnk"), W("bare.lnk"), W("sub.d.lnk")));

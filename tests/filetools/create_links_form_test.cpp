@@ -39,7 +39,7 @@ CreateLinksForm FormOf(const Selection& selection, const WString& link, const WS
 
 void Choose(CreateLinksForm& form, int kind) {
   form.linkKind = kind;
-  FollowKind(form);
+  UpdateForKind(form);
 }
 
 // Returns the form of a dialog that opened with one file and this kind.
@@ -114,7 +114,7 @@ TEST(CreateLinksForm, RulesFollowEachChangeOfTheKind) {
   EXPECT_TRUE(form.okEnabled);
 }
 
-TEST(CreateLinksForm, DrivesInBothCasesAreTwoDrivesWhichIsMeant) {
+TEST(CreateLinksForm, DrivesInBothCasesAreTwoDrivesByDesign) {
   for (const auto& [link, target] :
        {std::pair{W("C:\\l\\a.txt"), W("c:\\v\\a.txt")}, std::pair{W("c:\\l\\a.txt"), W("C:\\v\\a.txt")}}) {
     CreateLinksForm form = FormOf(kOneFile, link, target);
@@ -125,7 +125,7 @@ TEST(CreateLinksForm, DrivesInBothCasesAreTwoDrivesWhichIsMeant) {
   }
 }
 
-TEST(CreateLinksForm, DrivesAreThoseOfTheOpeningWhateverTheFieldsSayNowWhichIsMeant) {
+TEST(CreateLinksForm, DrivesAreThoseOfTheOpeningWhateverTheFieldsSayNowByDesign) {
   CreateLinksForm form = OpenedOn(1);
   form.linkText = W("D:\\links\\a.txt");
   Choose(form, 3);
@@ -198,7 +198,7 @@ TEST(CreateLinksForm, OpensOnTheJunctionWhereNoneWasUsedYet) {
   for (const int kind : {0, -1, INT_MIN}) EXPECT_EQ(OpenedOn(kind).linkKind, 2) << kind;
 }
 
-TEST(CreateLinksForm, OpensOnNoRowWhereTheLastKindIsNoneWhichIsMeant) {
+TEST(CreateLinksForm, OpensOnNoRowWithoutALastKindByDesign) {
   for (const int kind : {5, 7, INT_MAX}) {
     const CreateLinksForm form = OpenedOn(kind);
     EXPECT_EQ(form.linkKind, -1) << kind;
@@ -211,7 +211,7 @@ TEST(CreateLinksForm, OpensOnNoRowWhereTheLastKindIsNoneWhichIsMeant) {
   }
 }
 
-TEST(CreateLinksForm, WithoutARowNoRuleIsAppliedEvenToSeveralItemsWhichIsMeant) {
+TEST(CreateLinksForm, WithoutARowNoRuleIsAppliedEvenToSeveralItemsByDesign) {
   CreateLinksForm form = FormOf(kMixed, W("C:\\links\\*"), W("C:\\view\\*"));
   form.linkKind = 7;
   StartForm(form);
@@ -262,7 +262,7 @@ TEST(CreateLinksForm, AFilesExtensionGivesWayToThatOfAShortcut) {
   EXPECT_EQ(ShortcutOf(kOneFile, W("a.txt")), W("a.lnk"));
 }
 
-TEST(CreateLinksForm, AFileWithoutAnExtensionKeepsItsBareNameAsAShortcutWhichIsMeant) {
+TEST(CreateLinksForm, AFileWithoutAnExtensionKeepsItsBareNameAsAShortcutByDesign) {
   EXPECT_EQ(ShortcutOf(kOneFile, W("C:\\l\\a")), W("C:\\l\\a"));
   EXPECT_EQ(ShortcutOf(kOneFile, W("a")), W("a"));
   EXPECT_EQ(ShortcutOf(kOneFile, W("")), W(""));

@@ -55,7 +55,7 @@ TEST_F(LinksTest, AHardLinkThatCannotBeGivesTheSystemsError) {
   EXPECT_THAT(host_.recorder.Calls(), ElementsAre(LinkFailed("Hardlink", 183, link_, target_)));
 }
 
-TEST_F(LinksTest, AShortcutToAFileStartsInItsFolderAndIsUnknownInTheLogWhichIsMeant) {
+TEST_F(LinksTest, AShortcutToAFileStartsInItsFolderAndIsUnknownInTheLogByDesign) {
   link_ += W(".lnk");
   EXPECT_EQ(Create(kShortcut), 0u);
   const ShellLink shortcut = ReadShellLink(link_);
@@ -130,7 +130,7 @@ TEST_F(LinksTest, AShortcutToAVeryLongPathIsMadeOrIsError3) {
   EXPECT_EQ(host_.recorder.CallsOf({"LogMessage"}).size(), 1u);
 }
 
-TEST_F(LinksTest, TheHelperIsGivenTheRequestAndItsAnswerIsLogged) {
+TEST_F(LinksTest, TheHelperGetsTheRequestAndItsReplyIsLogged) {
   host_.helper.exists = true;
   EXPECT_EQ(CreateElevated(kSymbolicLink, true), 0u);
   EXPECT_THAT(host_.recorder.Calls(),
@@ -139,11 +139,11 @@ TEST_F(LinksTest, TheHelperIsGivenTheRequestAndItsAnswerIsLogged) {
                           "writer.WriteString(\"" + ToUtf8(target_) + "\")", "writer.WriteU32(1)",
                           "helper.Send(5004, 4)", "helper.Disconnect()", "writer.Release()",
                           LinkCreated("Symlink", link_, target_)));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a.txt")));
 }
 
-TEST_F(LinksTest, TheHelpersErrorIsTheAnswer) {
+TEST_F(LinksTest, TheHelpersErrorIsReturned) {
   host_.helper.exists = true;
   host_.helper.reply = 1460;
   EXPECT_EQ(CreateElevated(kHardLink, false), DWORD{ERROR_TIMEOUT});
@@ -163,7 +163,7 @@ TEST_F(LinksTest, AHelperThatCannotBeReachedIsError5AndNothingIsLogged) {
   EXPECT_EQ(CreateElevated(kHardLink, false), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.Calls(),
               ElementsAre("GetService(3250, 0)", "helper.Connect()", "helper.Disconnect()"));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(LinksTest, WithoutAWriterTheErrorIs5) {
@@ -172,7 +172,7 @@ TEST_F(LinksTest, WithoutAWriterTheErrorIs5) {
   EXPECT_EQ(CreateElevated(kHardLink, false), DWORD{ERROR_ACCESS_DENIED});
   EXPECT_THAT(host_.recorder.CallsOf({"helper", "LogMessage"}),
               ElementsAre("helper.Connect()", "helper.CreateWriter()", "helper.Disconnect()"));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(LinksTest, ALinkThatIsMadeShowsNoBox) {
@@ -201,7 +201,7 @@ TEST_F(RefusedLinksTest, ARefusalGoesToTheHelperAndLeavesTwoLogLines) {
       host_.recorder.CallsOf({"LogMessage", "IsVista", "IsProcess", "MessageBox", "helper.Send"}),
       ElementsAre(LinkFailed("Hardlink", 5, link_, target_), "IsVistaOrNewer()", "IsProcessElevated()",
                   "helper.Send(5004, 4)", LinkCreated("Hardlink", link_, target_)));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(RefusedLinksTest, TheHelpersErrorIsShown) {

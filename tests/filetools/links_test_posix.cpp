@@ -91,7 +91,7 @@ TEST_F(NativeLinksTest, ARelativeTargetOfAJunctionBeginsAtTheCurrentFolder) {
   EXPECT_EQ(TextOfLink(), scratch_.NativePath(W("target")).native() + "/");
 }
 
-TEST_F(NativeLinksTest, ATargetOfTheSystemsFormIsTakenAsItStandsAndNotLookedFor) {
+TEST_F(NativeLinksTest, ATargetOfTheSystemsFormIsTakenUnchangedAndNotLookedUp) {
   scratch_.MakeFolder(W("link"));
   EXPECT_TRUE(SetJunctionTarget(link_, W("\\??\\Z:\\nowhere\\at all")));
   EXPECT_EQ(TextOfLink(), "/nowhere/at all/");
@@ -186,7 +186,7 @@ TEST_F(NativeLinksTest, AJunctionThatIsThereMayBeMadeAgain) {
   EXPECT_EQ(TextOfLink(), scratch_.NativePath(W("target")).native() + "/");
 }
 
-TEST_F(NativeLinksTest, AJunctionToItselfIsFoundByItsTextWhereTheFileSystemCannotTell) {
+TEST_F(NativeLinksTest, AJunctionToItselfIsFoundByItsTextWhereTheFileSystemDoesNotShowIt) {
   scratch_.MakeFolder(W("link"));
   for (const WString& target : {link_, scratch_.Path(W("target\\..\\LINK"))}) {
     Faults::Fail("GetFileInformationByHandle", 1, 50, true);
@@ -275,7 +275,7 @@ TEST_F(NativeLinksTest, TheBoxShowsTheSystemsTextAsItComesWithItsLineEnd) {
                           "drive.\r\n\", 0x00000010)"));
 }
 
-TEST_F(NativeLinksTest, AScriptIsToldThatAccessIsDeniedWhereThePrivilegeIsMissing) {
+TEST_F(NativeLinksTest, AScriptGetsAccessDeniedWithoutThePrivilege) {
   Faults::Fail("CreateSymbolicLinkW", 1, ERROR_PRIVILEGE_NOT_HELD, true);
   FakeCommandCall call(kScriptCreateLink);
   call.values = {{"LNKTYPE", W("3")}, {"LNKSRC", link_}, {"LNKTRG", target_}};

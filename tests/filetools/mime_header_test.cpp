@@ -49,7 +49,7 @@ TEST(HeaderLines, DoNotGetPastALoneCr) {
   }
 }
 
-TEST(HeaderLines, TellWhereTheNextLineBegins) {
+TEST(HeaderLines, ReturnWhereTheNextLineBegins) {
   HeaderLines lines("a\nbc\r\nd\n");
   lines.Next();
   EXPECT_EQ(lines.Offset(), 2u);
@@ -89,7 +89,7 @@ TEST(EncodedName, ALoneCrBeforeItEndsTheSearch) {
   EXPECT_EQ(FindEncodedName("MIME-Version\r\nx\r\r\nname=\"a\"\r\n"), std::nullopt);
 }
 
-TEST(EncodedName, ALoneCrBehindItDoesNotMatter) {
+TEST(EncodedName, ALoneCrAfterItDoesNotMatter) {
   EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=\"a\"\rx"), "a");
 }
 
@@ -97,7 +97,7 @@ TEST(EncodedName, MayBeEmpty) {
   EXPECT_EQ(FindEncodedName("MIME-Version\r\nname=\"\"\r\nname=\"a\"\r\n"), "");
 }
 
-TEST(HeaderEnd, IsBehindTheEmptyLine) {
+TEST(HeaderEnd, IsAfterTheEmptyLine) {
   EXPECT_EQ(FindHeaderEnd(std::string(kWritten) + "Zm9v"), kWritten.size());
 }
 

@@ -43,10 +43,10 @@ TEST(QuickRename, TakesTheSelectionAndHandsTheNewNamesToOneBatch) {
                           "file operation.CreateRenameBatch()", "batch1.AddByItem(a.txt, \"A.TXT\", 0)",
                           "batch1.AddByItem(b.txt, \"B.TXT\", 0)", "file operation.RunBatch(batch1, 0)",
                           "file operation.ReleaseRenameBatch(batch1)", "ReleaseService(file operation, 0)"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
-TEST(QuickRename, ReleasesTheListBeforeItLooksAtTheItems) {
+TEST(QuickRename, ReleasesTheListBeforeItReadsTheItems) {
   FakeHost host;
   host.SelectFiles({W("a.txt")});
   BoxAnswers boxes{IDOK};
@@ -78,7 +78,7 @@ TEST(QuickRename, CancelRenamesNothingAndCallsNoService) {
   EXPECT_THAT(boxes.Boxes(), SizeIs(1));
   EXPECT_EQ(host.fileOperation.Runs(), 0);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, EntriesWhoseNameStaysLeaveAndTheOrderIsKept) {
@@ -101,7 +101,7 @@ TEST(QuickRename, WhereNoNameChangesNoBoxIsShownAndNoServiceCalled) {
   QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, EmptySelectionEndsSilentlyWithItsListReleased) {
@@ -111,7 +111,7 @@ TEST(QuickRename, EmptySelectionEndsSilentlyWithItsListReleased) {
   EXPECT_THAT(Steps(host),
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.Release()"));
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, ListOfARefusedRequestIsNotLookedAt) {
@@ -125,7 +125,7 @@ TEST(QuickRename, ListOfARefusedRequestIsNotLookedAt) {
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 16, 0)", "list1.Release()"));
   EXPECT_THAT(host.recorder.CallsOf({"item "}), IsEmpty());
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, WritesNothingToTheLog) {
@@ -182,7 +182,7 @@ TEST(QuickRename, NumberWithoutATransformRenamesNothing) {
   QuickRenameCommand(host, 30009);
   EXPECT_EQ(host.fileOperation.Runs(), 0);
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(QuickRename, EveryRefusalOfTheHostEndsItQuietly) {

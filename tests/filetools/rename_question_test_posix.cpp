@@ -18,12 +18,12 @@ TEST(RenameQuestion, IsOkAndCancelWithAQuestionMark) {
   EXPECT_EQ(boxes.Boxes()[0].style, 33u);
 }
 
-TEST(RenameQuestion, WithoutAnyoneToAnswerNothingIsRenamed) {
+TEST(RenameQuestion, WithoutAUserNothingIsRenamed) {
   Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
   FakeHost host;
   host.SelectFiles({W("a.txt")});
   QuickRenameCommand(host, kCommandUpperCase);
   EXPECT_EQ(host.fileOperation.Runs(), 0);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
   Platform::InstallUserInterface(before);
 }

@@ -39,7 +39,7 @@ TEST(RenameSameBase, GivesAllFilesOfTheBaseTheEnteredOneAndKeepsExtensions) {
   EXPECT_THAT(host.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("song.mp3"), W("new.mp3")},
                                                            QueuedRename{W("song.txt"), W("new.txt")},
                                                            QueuedRename{W("song.jpg"), W("new.jpg")}));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(RenameSameBase, RequestsTheFocusedItemThenAllItemsOnTheSameList) {
@@ -145,7 +145,7 @@ TEST(RenameSameBase, RefusedQuestionEndsTheCommand) {
   RenameSameBaseCommand(host);
   EXPECT_THAT(host.recorder.Calls(), Contains(kQuestion));
   EXPECT_THAT(host.recorder.CallsOf({"GetService"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(RenameSameBase, WithoutAFocusedItemItAsksAndRunsABatchWithNoEntries) {
@@ -156,7 +156,7 @@ TEST(RenameSameBase, WithoutAFocusedItemItAsksAndRunsABatchWithNoEntries) {
   EXPECT_THAT(host.recorder.Calls(), Contains(kQuestion));
   EXPECT_EQ(host.fileOperation.Runs(), 1);
   EXPECT_THAT(host.fileOperation.RunRenames(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(RenameSameBase, FocusedItemOfARefusedRequestCountsAsNone) {
@@ -182,7 +182,7 @@ TEST(RenameSameBase, ViewThatTheHostRefusesEndsItWithoutAQuestion) {
     EXPECT_THAT(host.recorder.Calls(), Contains("FileListRequest(21110, list1, 0, 0)"));
     EXPECT_THAT(host.recorder.CallsOf({"AskText", "GetService", "file operation.", "Log"}), IsEmpty());
     EXPECT_THAT(boxes.Boxes(), IsEmpty());
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 
@@ -197,10 +197,10 @@ TEST(RenameSameBase, FirstItemThatTheHostDoesNotGiveMatchesNothing) {
   EXPECT_THAT(host.recorder.Calls(), Contains(kQuestion));
   EXPECT_EQ(host.fileOperation.Runs(), 1);
   EXPECT_THAT(host.fileOperation.RunRenames(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
-TEST(RenameSameBase, WithoutAMatchItAsksAllTheSame) {
+TEST(RenameSameBase, WithoutAMatchItStillAsks) {
   FakeHost host;
   host.focused = host.AddFolder(W("song"));
   host.view = {host.focused, host.AddFile(W("other.mp3"))};
@@ -218,7 +218,7 @@ TEST(RenameSameBase, LongAndEmptyNamesDoNotCrash) {
     host.textAnswers = {{true, WString(1023, W('n'))}};
     RenameSameBaseCommand(host);
     EXPECT_EQ(host.fileOperation.Runs(), 1) << length;
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 

@@ -107,7 +107,7 @@ TEST(ReplaceDlg, PartTakesItsFourValuesAlone) {
   EXPECT_EQ(form.part, -1);
 }
 
-TEST(ReplaceDlg, WithoutAnyoneToAnswerItIsCancelled) {
+TEST(ReplaceDlg, WithoutAUserItIsCancelled) {
   Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
   FakeHost host;
   ReplaceForm form;
@@ -133,5 +133,5 @@ TEST(ReplaceDlg, CommandNumberLeadsFromTheDialogToTheRenames) {
   EXPECT_EQ(answer.boxCaption, W("T000A0063"));
   EXPECT_EQ(answer.boxStyle, 33u);
   EXPECT_EQ(answer.boxes, 1);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }

@@ -66,7 +66,7 @@ TEST(ReplaceXY, ReplacesInTheSelectedNamesAfterTheQuestion) {
   EXPECT_EQ(boxes.Boxes()[0].text, W("2 items"));
   EXPECT_EQ(boxes.Boxes()[0].title, W("T000A0063"));
   EXPECT_THAT(host.recorder.CallsOf({"Log"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ReplaceXY, ListOfARefusedRequestIsNotLookedAt) {
@@ -78,7 +78,7 @@ TEST(ReplaceXY, ListOfARefusedRequestIsNotLookedAt) {
   ReplaceXYCommand(host, MustNotBeShown());
   EXPECT_THAT(host.recorder.CallsOf({"item ", "GetService", "config."}), IsEmpty());
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ReplaceXY, PartOfTheFormSaysWhereToReplace) {
@@ -193,7 +193,7 @@ TEST(ReplaceXY, HistoriesAreSavedThoughNoNameChanges) {
   EXPECT_THAT(host.config.histories[kWithHistory], ElementsAre(WString(W("y"))));
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host.recorder.CallsOf({"GetService"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ReplaceXY, HistoriesAreSavedBeforeTheQuestion) {
@@ -216,7 +216,7 @@ TEST(ReplaceXY, AnythingButOkWritesAndRenamesNothing) {
     EXPECT_THAT(host.config.histories[kFindHistory], ElementsAre(WString(W("f1"))));
     EXPECT_THAT(host.recorder.CallsOf({"config.Save", "strings1.Add", "GetService"}), IsEmpty());
     EXPECT_THAT(boxes.Boxes(), IsEmpty());
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 
@@ -228,7 +228,7 @@ TEST(ReplaceXY, MissingConfigEndsTheCommandBeforeTheDialog) {
   ReplaceXYCommand(host, MustNotBeShown());
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "CreateStringList"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ReplaceXY, NothingSelectedEndsTheCommandBeforeTheDialog) {
@@ -237,7 +237,7 @@ TEST(ReplaceXY, NothingSelectedEndsTheCommandBeforeTheDialog) {
   ReplaceXYCommand(host, MustNotBeShown());
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host.recorder.CallsOf({"config."}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ReplaceXY, RequestsTheSelectionAndReleasesItsListBeforeTheDialog) {
@@ -261,7 +261,7 @@ TEST(ReplaceXY, VeryLongEntriesDoNotCrash) {
   EXPECT_THAT(host.fileOperation.RunRenames(),
               Contains(QueuedRename{W("a.txt"), WString(5000, W('b')) + W(".txt")}));
   EXPECT_THAT(host.fileOperation.RunRenames(), Not(Contains(QueuedRename{W(""), W("")})));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ReplaceXY, EveryRefusalOfTheHostEndsItQuietly) {

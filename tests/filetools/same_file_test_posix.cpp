@@ -40,7 +40,7 @@ TEST_F(NativeSameFile, NamesThatDifferInCaseAreTwoFilesWhereTheFileSystemSaysSo)
   EXPECT_EQ(scratch_.Read(W("file")), "abc");
 }
 
-TEST_F(NativeSameFile, IsDecidedByTheTextsWhereTheFileSystemCannotTell) {
+TEST_F(NativeSameFile, IsDecidedByTheTextsWhereTheFileSystemDoesNotShowIt) {
   const WString other = scratch_.Write(W("other"), "abc");
   for (const char* function : {"CreateFileW", "GetFileInformationByHandle"}) {
     Faults::Fail(function, 1, ERROR_ACCESS_DENIED, true);
@@ -68,7 +68,7 @@ TEST_F(NativeSameFile, IsDecidedByThePathsThemselvesWhereTheyHaveNoFullOnes) {
   EXPECT_FALSE(IsSameFile(file_, LinkEnd::kFollowed, scratch_.Path(W(".\\file")), LinkEnd::kFollowed));
 }
 
-TEST_F(NativeSameFile, AFileThatIsOpenForItsOwnerAloneIsLookedAtAllTheSame) {
+TEST_F(NativeSameFile, AFileThatIsOpenForItsOwnerAloneIsStillExamined) {
   const HANDLE open =
       CreateFileW(file_.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   ASSERT_NE(open, INVALID_HANDLE_VALUE);

@@ -27,7 +27,7 @@ std::vector<QueuedRename> RenamesOf(const std::vector<WString>& names, const WSt
   host.textAnswers = {{true, answer}};
   SetExtensionCommand(host);
   EXPECT_EQ(host.unexpectedQuestions, 0);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
   return host.fileOperation.RunRenames();
 }
 
@@ -78,10 +78,10 @@ TEST(SetExtension, WithoutAFocusedItemTheDefaultIsEmpty) {
   host.textAnswers = {{false, {}}};
   SetExtensionCommand(host);
   EXPECT_THAT(host.recorder.Calls(), Contains(Question("")));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
-TEST(SetExtension, OneLeadingDotOfTheAnswerIsDropped) {
+TEST(SetExtension, OneLeadingDotOfTheInputIsDropped) {
   EXPECT_THAT(RenamesOf({W("a.txt")}, W(".log")), ElementsAre(QueuedRename{W("a.txt"), W("a.log")}));
   EXPECT_THAT(RenamesOf({W("a.txt")}, W("..log")), ElementsAre(QueuedRename{W("a.txt"), W("a..log")}));
   EXPECT_THAT(RenamesOf({W("a.txt")}, W("..")), ElementsAre(QueuedRename{W("a.txt"), W("a..")}));
@@ -89,14 +89,14 @@ TEST(SetExtension, OneLeadingDotOfTheAnswerIsDropped) {
   EXPECT_THAT(RenamesOf({W("a.txt")}, W("log.")), ElementsAre(QueuedRename{W("a.txt"), W("a.log.")}));
 }
 
-TEST(SetExtension, EmptyAnswerEndsTheCommand) {
+TEST(SetExtension, EmptyInputEndsTheCommand) {
   for (const WCHAR* answer : {W(""), W(".")}) {
     FakeHost host;
     host.SelectFiles({W("a.txt")});
     host.textAnswers = {{true, answer}};
     SetExtensionCommand(host);
     EXPECT_THAT(host.recorder.CallsOf({"GetService", "Log"}), IsEmpty());
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 
@@ -107,7 +107,7 @@ TEST(SetExtension, RefusedQuestionEndsTheCommand) {
   host.textAnswers = {{false, {}}};
   SetExtensionCommand(host);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "Log"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, FoldersStayAsTheyAre) {
@@ -138,7 +138,7 @@ TEST(SetExtension, WhereNoNameChangesNoServiceIsCalled) {
   host.textAnswers = {{true, W("log")}};
   SetExtensionCommand(host);
   EXPECT_THAT(host.recorder.CallsOf({"GetService", "file operation."}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, NothingSelectedIsSaidInTheLogAndNotAsked) {
@@ -148,7 +148,7 @@ TEST(SetExtension, NothingSelectedIsSaidInTheLogAndNotAsked) {
   EXPECT_THAT(host.recorder.CallsOf({"Log"}),
               ElementsAre("LogText(0, 10, \"Command failed - No files selected\")"));
   EXPECT_THAT(host.recorder.CallsOf({"AskText", "GetService"}), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, SelectionThatTheHostRefusesEndsItWithoutAWord) {
@@ -163,7 +163,7 @@ TEST(SetExtension, SelectionThatTheHostRefusesEndsItWithoutAWord) {
     EXPECT_THAT(host.recorder.Calls(), Contains("FileListRequest(21215, list2, 18, 0)"));
     EXPECT_THAT(host.recorder.CallsOf({"Log", "AskText", "GetService", "MessageBox"}), IsEmpty());
     EXPECT_THAT(boxes.Boxes(), IsEmpty());
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 
@@ -212,7 +212,7 @@ TEST(SetExtension, LongAndEmptyNamesDoNotCrash) {
   SetExtensionCommand(host);
   EXPECT_THAT(host.fileOperation.RunRenames(),
               Contains(QueuedRename{W("c.txt"), W("c.") + WString(1023, W('e'))}));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SetExtension, EveryRefusalOfTheHostEndsItQuietly) {

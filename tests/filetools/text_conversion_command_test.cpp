@@ -31,7 +31,7 @@ class ConvertText : public testing::Test {
     EXPECT_EQ(boxes.Unused(), 0);
     EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
     EXPECT_EQ(Host().unexpectedQuestions, 0);
-    ExpectAllGivenBack(Host());
+    ExpectAllReleased(Host());
     return boxes.Boxes();
   }
 
@@ -46,7 +46,7 @@ std::string TabsAfter(const ChoiceAnswer& answer) {
   BoxAnswers boxes{IDYES};
   ConvertTextCommand(files.host, kCommandTabsToBlanks);
   EXPECT_EQ(files.host.choices.size(), 1u);
-  ExpectAllGivenBack(files.host);
+  ExpectAllReleased(files.host);
   return files.scratch.Read(W("a"));
 }
 
@@ -68,7 +68,7 @@ TEST_F(ConvertText, ConvertsEachSelectedFileAfterYes) {
     EXPECT_EQ(files.scratch.Read(W("2")), expected);
     EXPECT_EQ(files.scratch.Read(W("3")), kBefore) << "it is not selected";
     EXPECT_THAT(files.host.choices, IsEmpty());
-    ExpectAllGivenBack(files.host);
+    ExpectAllReleased(files.host);
   }
 }
 
@@ -137,7 +137,7 @@ TEST_F(ConvertText, AWidthOf21OrMoreEndsTheCommand) {
   EXPECT_EQ(TabsAfter({true, W("20")}), "a" + std::string(20, ' ') + "b\r\nc\n");
 }
 
-TEST_F(ConvertText, AChoiceThatIsNoNumberIsTheWidth0AndDropsTheTabsWhichIsMeant) {
+TEST_F(ConvertText, AChoiceThatIsNotANumberIsTheWidth0AndDropsTheTabsByDesign) {
   for (const WString& text : {WString(W("")), WString(W("x")), WString(W("0")), WString(256, W('x'))}) {
     EXPECT_EQ(TabsAfter({true, text}), "ab\r\nc\n") << ToUtf8(text);
   }

@@ -60,22 +60,22 @@ TEST_F(ConvertTextFileTest, AnEmptyFileStaysEmpty) {
     EXPECT_EQ(Converted("", command), "");
 }
 
-TEST_F(ConvertTextFileTest, TheSecondOfTwoCrsIsNotConvertedWhichIsMeant) {
+TEST_F(ConvertTextFileTest, TheSecondOfTwoCrsIsNotConvertedByDesign) {
   EXPECT_THAT(AllLineEnds("\r\r\n"), ElementsAre("\n\r\n", "\r\n\r\r\n", "\r\r\r"));
   EXPECT_THAT(AllLineEnds("\r\r\r\n"), ElementsAre("\n\r\n", "\r\n\r\r\n", "\r\r\r"));
   EXPECT_THAT(AllLineEnds("\r\r\rx"), ElementsAre("\n\r\nx", "\r\n\r\r\nx", "\r\r\rx"));
 }
 
-TEST_F(ConvertTextFileTest, ATabBehindACrIsWrittenAsItStands) {
+TEST_F(ConvertTextFileTest, ATabAfterACrIsWrittenUnchanged) {
   EXPECT_THAT(AllLineEnds("\r\ta"), ElementsAre("\n\ta", "\r\n\ta", "\r\ta"));
 }
 
-TEST_F(ConvertTextFileTest, ACrAtTheVeryEndIsLostUnderCrLfAloneWhichIsMeant) {
+TEST_F(ConvertTextFileTest, ACrAtTheVeryEndIsLostUnderCrLfAloneByDesign) {
   EXPECT_THAT(AllLineEnds("a\r"), ElementsAre("a\n", "a", "a\r"));
   EXPECT_THAT(AllLineEnds("\r"), ElementsAre("\n", "", "\r"));
 }
 
-TEST_F(ConvertTextFileTest, TwoCrsAtTheVeryEndAreFetchedTogetherAndTheSecondIsWrittenAsItStands) {
+TEST_F(ConvertTextFileTest, TwoCrsAtTheVeryEndAreFetchedTogetherAndTheSecondIsWrittenUnchanged) {
   EXPECT_THAT(AllLineEnds("a\r\r"), ElementsAre("a\n\r", "a\r\n\r", "a\r\r"));
 }
 
@@ -86,15 +86,15 @@ TEST_F(ConvertTextFileTest, TabsBecomeBlanks) {
   EXPECT_EQ(Converted("a\tb", kCommandTabsToBlanks, 20), "a                    b");
 }
 
-TEST_F(ConvertTextFileTest, TabsAreDroppedForTheWidth0WhichIsMeant) {
+TEST_F(ConvertTextFileTest, TabsAreDroppedForTheWidth0ByDesign) {
   EXPECT_EQ(Converted("a\tb\t", kCommandTabsToBlanks, 0), "ab");
 }
 
-TEST_F(ConvertTextFileTest, TabsHaveNoLookBehindSoTheNeighbourOfACrBecomesBlanksToo) {
+TEST_F(ConvertTextFileTest, TabsDoNotCheckThePreviousByteSoTheNeighbourOfACrBecomesBlanksToo) {
   EXPECT_EQ(Converted("\r\t\r\n\t\r\r\n", kCommandTabsToBlanks, 2), "\r  \r\n  \r\r\n");
 }
 
-TEST_F(ConvertTextFileTest, ATwoByteEncodingIsChangedByteByByteWhichIsMeant) {
+TEST_F(ConvertTextFileTest, ATwoByteEncodingIsChangedByteByByteByDesign) {
   EXPECT_EQ(Converted("a\0\n\0"s, kCommandLineEndsToCrLf), "a\0\r\n\0"s);
 }
 
@@ -158,7 +158,7 @@ TEST_F(ConvertInPlace, TheConvertedFileTakesThePlace) {
   EXPECT_THAT(Host().recorder.Calls(),
               ElementsAre("GetService(3000, 0)", "file operation.FileExists(" + Quoted(path.c_str()) + ")",
                           "ReleaseService(file operation, 0)"));
-  ExpectAllGivenBack(Host());
+  ExpectAllReleased(Host());
 }
 
 TEST_F(ConvertInPlace, WithoutTheServiceNothingHappens) {
@@ -172,10 +172,10 @@ TEST_F(ConvertInPlace, AFileThatTheHostDoesNotFindIsLeftAlone) {
   const WString path = Scratch().Write(W("a.txt"), "a\n");
   ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
-  ExpectAllGivenBack(Host());
+  ExpectAllReleased(Host());
 }
 
-TEST_F(ConvertInPlace, AReadOnlyFileStaysAndTheConvertedTextStandsBesideItWhichIsMeant) {
+TEST_F(ConvertInPlace, AReadOnlyFileStaysAndTheConvertedTextIsNextToItByDesign) {
   const WString path = files_.Add(W("a.txt"), "a\n");
   ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
   const std::time_t before = std::time(nullptr);
@@ -199,5 +199,5 @@ TEST_F(ConvertInPlace, ATemporaryNameThatIsTakenLeavesTheFileAsItWas) {
   }
   ConvertTextFileInPlace(Host(), path, kCommandLineEndsToCrLf, 0);
   EXPECT_EQ(Scratch().Read(W("a.txt")), "a\n");
-  ExpectAllGivenBack(Host());
+  ExpectAllReleased(Host());
 }

@@ -29,7 +29,7 @@ class TextConversionFaults : public testing::Test {
     BoxAnswers boxes(buttons);
     ConvertTextFileInPlace(files_.host, path_, kCommandLineEndsToLf, 0);
     Faults::Clear();
-    ExpectAllGivenBack(files_.host);
+    ExpectAllReleased(files_.host);
     EXPECT_THAT(boxes.UnexpectedBoxes(), IsEmpty());
     return boxes.Boxes();
   }
@@ -47,7 +47,7 @@ class TextConversionFaults : public testing::Test {
     return {};
   }
 
-  void ExpectTextUnderTheTemporaryNameAlone() {
+  void ExpectTextOnlyUnderTheTemporaryName() {
     EXPECT_THAT(files_.scratch.Names(), ElementsAre(Temporary()));
     EXPECT_TRUE(files_.scratch.Read(Temporary()) == converted_);
   }
@@ -70,7 +70,7 @@ class FailedMove : public TextConversionFaults {
   void FailMove() { Faults::Fail("MoveFileW", 1, ERROR_ACCESS_DENIED); }
 
   // Converts, and expects a box that names the file with the text, because it could not be copied back.
-  void ExpectBoxSaysWhereTheTextIs() {
+  void ExpectBoxNamesTheTextFile() {
     const std::vector<ShownBox> boxes = Convert({IDOK});
     ASSERT_THAT(boxes, SizeIs(1));
     EXPECT_EQ(boxes[0].title, W("Error"));
@@ -81,8 +81,8 @@ class FailedMove : public TextConversionFaults {
 
   // Like the above; then restores the file for the next fault.
   void ExpectTextIsKept() {
-    ExpectBoxSaysWhereTheTextIs();
-    ExpectTextUnderTheTemporaryNameAlone();
+    ExpectBoxNamesTheTextFile();
+    ExpectTextOnlyUnderTheTemporaryName();
     std::filesystem::remove(files_.scratch.NativePath(Temporary()));
     files_.scratch.Write(W("a"), text_);
     FailMove();
@@ -158,7 +158,7 @@ TEST_F(TextConversionFaults, AFailedFirstReadGivesAnEmptyFileWhichIsIntended) {
   EXPECT_EQ(files_.scratch.Read(W("t")), "");
 }
 
-TEST_F(TextConversionFaults, AFileThatCannotBeDeletedStaysAndTheTextStandsBesideIt) {
+TEST_F(TextConversionFaults, AFileThatCannotBeDeletedStaysAndTheTextIsNextToIt) {
   Faults::Fail("DeleteFileW", 1, ERROR_SHARING_VIOLATION);
   Convert();
   EXPECT_TRUE(files_.scratch.Read(W("a")) == text_);
@@ -209,7 +209,7 @@ TEST_F(FailedMove, ABoxSaysWhereTheTextIsIfAnyReadOrWriteOfTheCopyFails) {
 TEST_F(FailedMove, TheTemporaryFileIsWholeWhereAPartialCopyCannotBeDeleted) {
   Faults::Fail("WriteFile", kWrites + 1, ERROR_DISK_FULL);
   Faults::Fail("DeleteFileW", 2, ERROR_ACCESS_DENIED);
-  ExpectBoxSaysWhereTheTextIs();
+  ExpectBoxNamesTheTextFile();
   EXPECT_TRUE(files_.scratch.Read(Temporary()) == converted_);
 }
 

@@ -21,7 +21,7 @@ inline std::optional<WString> NewNameOf(Velmora::SDK::s32 command, const WString
     return std::nullopt;
   }
   const bool changed = transform(entry);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
   if (changed) return entry.newName;
   EXPECT_EQ(entry.newName, W("")) << "a name that stays must leave no new name";
   return std::nullopt;

@@ -29,7 +29,7 @@ std::vector<std::string> Convert(FakeHost& host, bool format, std::initializer_l
     EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
     EXPECT_TRUE(box.hasIcon);
   }
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
   return host.recorder.CallsOf({"document", "CreateXmlDocument"});
 }
 

@@ -400,7 +400,7 @@ TEST(ApplyToFileWithoutMemory, FileWithoutABackupIsNotTouchedBeforeAllMemoryIsTh
   ExpectNothingIsLostWithoutMemory(SaveAsNew | OverwriteTarget, false, kBefore, kAfter);
 }
 
-TEST(ApplyToFileWithoutMemory, SixteenBitTextTakesTheSameRoad) {
+TEST(ApplyToFileWithoutMemory, SixteenBitTextIsHandledInTheSameWay) {
   const std::string before("\xFF\xFEt\0w\0o\0\n\0", 10);
   const std::string after("\xFF\xFE\x32\0\n\0", 6);
   ExpectNothingIsLostWithoutMemory(SaveAsNew | OverwriteTarget, false, before, after);

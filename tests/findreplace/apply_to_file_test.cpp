@@ -60,7 +60,7 @@ const WString kSameName = W("a.txt");
 
 }  // namespace
 
-TEST(ApplyToFile, ReplacesInAnAnsiFileAndAnswersTheReplacements) {
+TEST(ApplyToFile, ReplacesInAnAnsiFileAndReturnsTheNumberOfReplacements) {
   FileRun run;
   EXPECT_EQ(run.RunOn("one two\r\ntwo gr\xFCn\r\n", kNew, W("two"), W("2")), 2);
   EXPECT_EQ(run.scratch.Read(W("out")), "one 2\r\n2 gr\xFCn\r\n");
@@ -146,7 +146,7 @@ TEST(ApplyToFile, MissingFileIsReportedAndFails) {
   EXPECT_THAT(run.scratch.Names(), IsEmpty());
 }
 
-TEST(ApplyToFile, WithoutACallbackNobodyIsAskedOrTold) {
+TEST(ApplyToFile, WithoutACallbackThereAreNoQuestionsAndNoMessages) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a.txt"), "two two\n");
   FindAndReplaceOptions options = Options(kNew, W("two"), W("2"));
@@ -396,7 +396,7 @@ TEST(ApplyToFile, FailureWithoutATextIsOutOfMemory) {
   }
 }
 
-TEST(ApplyToFile, ReportThatFailsForWantOfMemoryIsAFailureAllTheSame) {
+TEST(ApplyToFile, ReportThatFailsWithoutMemoryIsStillAFailure) {
   FileRun run;
   run.callback.onError = [] { throw std::bad_alloc(); };
   EXPECT_EQ(run.Run(kNew, W("two"), W("2")), -1);
@@ -414,7 +414,7 @@ TEST(ApplyToFile, CancelInLinesEndsTheFileWithoutAReportAndWithoutItsEnd) {
   }
 }
 
-TEST(ApplyToFile, CancelInMultilineIsMeantToCountAsOneChangeAndLeavesTheFile) {
+TEST(ApplyToFile, CancelInMultilineCountsAsOneChangeAndLeavesTheFileByDesign) {
   for (const std::size_t replacements : {0u, 1u, 2u}) {
     FileRun run;
     run.callback.answers.assign(replacements, ConfirmResult::Replace);

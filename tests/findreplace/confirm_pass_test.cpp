@@ -47,7 +47,7 @@ TYPED_TEST_SUITE(ConfirmPass, BothWidths);
 
 // --- a pass over lines
 
-TYPED_TEST(ConfirmPass, EachAnswerDoesItsWork) {
+TYPED_TEST(ConfirmPass, EachAnswerHasItsEffect) {
   struct Case {
     std::vector<ConfirmResult> answers;
     const char* result;
@@ -96,7 +96,7 @@ TYPED_TEST(ConfirmPass, CancelThrowsAndAsksNoMore) {
   }
 }
 
-TYPED_TEST(ConfirmPass, QuestionTellsTheMatchAndItsSurroundings) {
+TYPED_TEST(ConfirmPass, QuestionShowsTheMatchAndItsContext) {
   this->Load("zero\none\ntwo one\nthree\nfour\n");
   ScriptedCallback<TypeParam> callback({kReplace, kReplace});
   this->Run(callback, "one", "1!");
@@ -128,7 +128,7 @@ TYPED_TEST(ConfirmPass, QuestionHasTheDocumentsFormat) {
   }
 }
 
-TYPED_TEST(ConfirmPass, EachQuestionComesBeforeItsReplacementAndBehindTheOneBefore) {
+TYPED_TEST(ConfirmPass, EachQuestionComesBeforeItsReplacementAndAfterThePreviousOne) {
   this->Load("aa\n");
   ScriptedCallback<TypeParam> callback({kReplace, kReplace});
   this->Run(callback, "a", "xyz");
@@ -218,7 +218,7 @@ TYPED_TEST(ConfirmPass, SkippedEmptyMatchesDoNotKeepThePassFromEnding) {
 
 // --- a range of lines
 
-TYPED_TEST(ConfirmPass, EachAnswerToARangeDoesItsWork) {
+TYPED_TEST(ConfirmPass, EachAnswerToARangeHasItsEffect) {
   for (const auto answer : {kReplace, kReplaceToo, kReplaceAll}) {
     this->Load("1a\nb2\n");
     ScriptedCallback<TypeParam> callback({answer});

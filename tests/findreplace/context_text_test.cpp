@@ -42,7 +42,7 @@ TYPED_TEST_SUITE(ContextText, BothWidths);
 
 }  // namespace
 
-TYPED_TEST(ContextText, HoldsTheLineBeforeAndTheLineBehind) {
+TYPED_TEST(ContextText, ContainsTheLineBeforeAndTheLineAfter) {
   this->Load("zero\none\ntwo\nthree\nfour\n");
   EXPECT_EQ(this->Around(InLine(2, 1, 3)), (Context{"one\r\ntwo\r\nthree\r\n", 6, 8}));
   EXPECT_EQ(this->Around(InLine(3, 0, 5)), (Context{"two\r\nthree\r\nfour\r\n", 5, 10}));

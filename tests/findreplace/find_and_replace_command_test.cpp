@@ -54,7 +54,7 @@ class FindAndReplaceCommandTest : public testing::Test {
 
   void Run(const FindAndReplaceDialog& show) {
     FindAndReplaceCommand(host_, show);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   ScratchFolder folder_;
@@ -119,13 +119,13 @@ TEST_F(FindAndReplaceCommandTest, SeveralFilesBeginWithThePatternThatKeepsTheirN
     EXPECT_EQ(form.targetName, W("*.*"));
     const FindAndReplaceForm before = form;
     form.saveMode = SaveAsNew;
-    FollowChanges(form, before);
+    UpdateForChanges(form, before);
     EXPECT_EQ(form.targetName, W("*_x.*"));
     return IDCANCEL;
   });
 }
 
-TEST_F(FindAndReplaceCommandTest, StoredOptionsStandInTheForm) {
+TEST_F(FindAndReplaceCommandTest, StoredOptionsAreShownInTheForm) {
   Select(W("a.txt"), "a");
   host_.config.numbers = {{PlaceOf(W("Options")), 0x10002804}};
   host_.config.texts = {{PlaceOf(W("Find")), W("x\r\ny")}, {PlaceOf(W("ReplaceWith")), W("z")}};
@@ -186,7 +186,7 @@ TEST_F(FindAndReplaceCommandTest, OkWritesANewFileForEachByThePattern) {
   Run([](IHostApp& host, FindAndReplaceForm& form) -> INT_PTR {
     const FindAndReplaceForm before = form;
     form.saveMode = SaveAsNew;
-    FollowChanges(form, before);
+    UpdateForChanges(form, before);
     return Replacing(W("old"), W("new"))(host, form);
   });
   EXPECT_EQ(folder_.Read(W("a_x.txt")), "new\n");
@@ -213,7 +213,7 @@ TEST_F(FindAndReplaceCommandTest, LongTextsAreStoredAndSearchedAsTheyWereCut) {
   EXPECT_EQ(folder_.Read(W("a.txt")), "x!\n");
 }
 
-TEST_F(FindAndReplaceCommandTest, WithoutSettingsItRunsAllTheSame) {
+TEST_F(FindAndReplaceCommandTest, WithoutSettingsItStillRuns) {
   host_.recorder.Refuse("GetConfig");
   Select(W("a.txt"), "old");
   Run(Replacing(W("old"), W("new")));

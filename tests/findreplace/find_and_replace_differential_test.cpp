@@ -86,7 +86,7 @@ template <typename CharT>
 class FindAndReplaceDifferential : public testing::Test {
  protected:
   static void Compare(const Trial<CharT>& trial, std::uint32_t seed) {
-    const TrialOutcome<CharT> plain = RunPlainly(trial);
+    const TrialOutcome<CharT> plain = RunReference(trial);
     const TrialOutcome<CharT> engine = RunEngine(trial);
     EXPECT_EQ(engine, plain) << "seed " << seed << ", " << Described(trial);
     refused += plain.failure.code != 0;

@@ -138,7 +138,7 @@ TEST(ConfirmReplaceDlg, IsAskedForByItsClassWithItsTextsAndFields) {
   EXPECT_EQ(form.result, ConfirmResult::Replace);
 }
 
-TEST(ConfirmReplaceDlg, EachWordIsItsAnswer) {
+TEST(ConfirmReplaceDlg, EachWordGivesItsAnswer) {
   const std::pair<const WCHAR*, int> words[] = {
       {W("replace"), 0}, {W("all"), 1}, {W("next"), 3}, {W("cancel"), 5}};
   for (const auto& row : words) {
@@ -154,7 +154,7 @@ TEST(ConfirmReplaceDlg, EachWordIsItsAnswer) {
   }
 }
 
-TEST(ConfirmReplaceDlg, WithoutOkOrSomeoneToAnswerItIsCancelled) {
+TEST(ConfirmReplaceDlg, WithoutOkOrAUserItIsCancelled) {
   FakeHost host;
   ConfirmReplaceForm form = Question(WQDR::TextFormat::Ansi);
   {

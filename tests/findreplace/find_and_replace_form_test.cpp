@@ -25,7 +25,7 @@ WString Suggested(const WString& startName, std::uint32_t fileCount = 1) {
 void ChooseSaveMode(FindAndReplaceForm& form, int mode) {
   const FindAndReplaceForm before = form;
   form.saveMode = mode;
-  FollowChanges(form, before);
+  UpdateForChanges(form, before);
 }
 
 TEST(FindAndReplaceForm, DefaultFlagsShowTheFileItselfWithABackup) {
@@ -115,11 +115,11 @@ TEST(FindAndReplaceForm, NameThatIsEnteredStaysWhenOtherFieldsChange) {
   const FindAndReplaceForm before = form;
   form.findMode = ModeMany;
   form.silent = true;
-  FollowChanges(form, before);
+  UpdateForChanges(form, before);
   EXPECT_EQ(form.targetName, W("mine.txt"));
 }
 
-TEST(FindAndReplaceForm, OverwritingIsNotKeptAsIsMeant) {
+TEST(FindAndReplaceForm, OverwritingIsNotStoredByDesign) {
   EXPECT_EQ(ReadOptions(FormOf(0x90000101)).flags, 0x10000101u);
   EXPECT_EQ(ReadOptions(FormOf(0xFFFFFFFF)).flags, 0x10003F01u);
 }
@@ -138,7 +138,7 @@ TEST(FindAndReplaceForm, OkTakesChoicesBoxesAndTexts) {
   EXPECT_EQ(options.replace, W("c"));
 }
 
-TEST(FindAndReplaceForm, StoredTextsStandInTheFields) {
+TEST(FindAndReplaceForm, StoredTextsAreShownInTheFields) {
   FindAndReplaceForm form;
   form.options.find = W("x\r\ny");
   form.options.replace = W("z");
@@ -147,7 +147,7 @@ TEST(FindAndReplaceForm, StoredTextsStandInTheFields) {
   EXPECT_EQ(form.replace, W("z"));
 }
 
-TEST(FindAndReplaceForm, LongTextsAreCutOffWithoutAWordAsIsMeant) {
+TEST(FindAndReplaceForm, LongTextsAreTruncatedWithoutAMessageByDesign) {
   FindAndReplaceForm form = FormOf(SaveAsNew);
   form.find = WString(1023, W('f')) + W("!");
   form.replace = WString(1023, W('r')) + W("!!");

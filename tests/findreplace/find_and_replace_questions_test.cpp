@@ -26,7 +26,7 @@ TEST(FindAndReplaceQuestions, TargetThatIsTheSourceIsAskedForAndYesOverwritesIt)
   EXPECT_THAT(run.Boxes(), ElementsAre(kQuestion, Summary("1 changes")));
 }
 
-TEST(FindAndReplaceQuestions, YesHoldsForLaterTargetsThoughEachIsMeantToBeAskedForAllTheSame) {
+TEST(FindAndReplaceQuestions, YesAppliesToLaterTargetsButEachIsStillAskedForByDesign) {
   ListRun run;
   for (const WCHAR* name : {W("a"), W("b"), W("c")}) {
     run.Add(WString(name) + W(".txt"), "two\n");
@@ -42,13 +42,13 @@ TEST(FindAndReplaceQuestions, YesHoldsForLaterTargetsThoughEachIsMeantToBeAskedF
 
 TEST(FindAndReplaceQuestions, YesHoldsForATargetThatComesUpOnlyAfterItsCheck) {
   // Without the Yes the second target would be refused: it is created while its source is being processed.
-  for (const bool isFirstAsked : {false, true}) {
+  for (const bool isFirstQuestion : {false, true}) {
     ListRun run;
     run.Add(W("a.txt"), "two\n");
     run.Add(W("b.txt"), "two\n");
-    if (isFirstAsked) run.scratch.Write(W("a.out"), "old");
+    if (isFirstQuestion) run.scratch.Write(W("a.out"), "old");
     run.host.boxAnswers.clear();
-    if (isFirstAsked) run.host.boxAnswers.push_back(IDYES);
+    if (isFirstQuestion) run.host.boxAnswers.push_back(IDYES);
     run.host.boxAnswers.push_back(IDOK);
     auto* const list = static_cast<FakeFileList*>(run.host.CreateFileList());
     for (FakeFileItem* item : run.items) list->Append(item);
@@ -58,9 +58,9 @@ TEST(FindAndReplaceQuestions, YesHoldsForATargetThatComesUpOnlyAfterItsCheck) {
     };
     const BoxAnswers answers{IDOK, IDOK};
     FindAndReplaceRun(run.host, list, run.Options(SaveAsNew), W("*.out"), true, confirm).Run();
-    EXPECT_EQ(run.scratch.Read(W("b.out")), isFirstAsked ? "2\n" : "came up");
-    EXPECT_EQ(answers.Boxes().size(), isFirstAsked ? 0u : 1u);
-    ExpectAllGivenBack(run.host);
+    EXPECT_EQ(run.scratch.Read(W("b.out")), isFirstQuestion ? "2\n" : "came up");
+    EXPECT_EQ(answers.Boxes().size(), isFirstQuestion ? 0u : 1u);
+    ExpectAllReleased(run.host);
   }
 }
 
@@ -123,7 +123,7 @@ TEST(FindAndReplaceQuestions, CancelAtAMatchEndsTheRunWithItsTwoLines) {
   EXPECT_THAT(run.Boxes(), IsEmpty());
 }
 
-TEST(FindAndReplaceQuestions, CancelInMultilineIsMeantToCountAsOneChangeAndTheRunGoesOn) {
+TEST(FindAndReplaceQuestions, CancelInMultilineCountsAsOneChangeAndTheRunContinuesByDesign) {
   ListRun run;
   run.Add(W("a.txt"), "two\ntwo\n");
   run.Add(W("b.txt"), "two\ntwo\n");

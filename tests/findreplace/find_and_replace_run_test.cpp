@@ -26,7 +26,7 @@ TEST(FindAndReplaceRun, ReplacesInAllFilesInTheOrderOfTheList) {
   EXPECT_THAT(run.host.resultLists, SizeIs(1));
 }
 
-TEST(FindAndReplaceRun, HandsBackBothListsThenReleasesAndThenSpeaks) {
+TEST(FindAndReplaceRun, ReportsBothListsThenReleasesThemAndThenShowsTheResult) {
   ListRun run;
   run.Add(W("a.txt"), "two\n");
   run.AddMissing(W("none.txt"));
@@ -61,7 +61,7 @@ TEST(FindAndReplaceRun, EmptyListDoesNothingAndIsReleasedWhereOwned) {
     EXPECT_EQ(host.recorder.IsTaken(list->Name()), !owns);
     EXPECT_THAT(host.recorder.CallsOf({"CreateFileList"}), SizeIs(1));
     if (!owns) list->Release();
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
   FakeHost host;
   StartFindAndReplace(host, nullptr, FindAndReplaceOptions(), W("*.out"), true);
@@ -85,7 +85,7 @@ TEST(FindAndReplaceRun, StartRunsTheList) {
   auto* const list = static_cast<FakeFileList*>(run.host.CreateFileList());
   list->Append(item);
   StartFindAndReplace(run.host, list, run.Options(kNew), W("*.out"), true);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
   EXPECT_EQ(run.scratch.Read(W("a.out")), "2\n");
   EXPECT_THAT(run.Boxes(), ElementsAre(Summary("1 changes")));
 }
@@ -107,7 +107,7 @@ TEST(FindAndReplaceRun, FailedFileIsReportedAndLoggedAndTheNextOneRuns) {
   EXPECT_THAT(run.Result(1), ElementsAre("~\\none.txt", "~\\long.txt"));
 }
 
-TEST(FindAndReplaceRun, EachFailedFileIsMeantToLowerTheSumByOne) {
+TEST(FindAndReplaceRun, EachFailedFileLowersTheSumByOneByDesign) {
   ListRun run;
   run.Add(W("a.txt"), "two two two\n");
   run.AddMissing(W("none.txt"));
@@ -180,7 +180,7 @@ TEST(FindAndReplaceRun, SilentRunShowsNothingAndAsksNothingButLogsItAll) {
   EXPECT_EQ(run.scratch.Read(W("a.out")), "2 2\n");
 }
 
-TEST(FindAndReplaceRun, TargetStandsInTheFolderOfItsFile) {
+TEST(FindAndReplaceRun, TargetIsInTheFolderOfItsFile) {
   ListRun run;
   for (const WCHAR* folder : {W("one"), W("two")}) {
     run.scratch.MakeFolder(folder);
@@ -214,7 +214,7 @@ TEST(FindAndReplaceRun, FolderIsTheOneForTargets) {
   EXPECT_FALSE(asked("GetFolderPath("));
 }
 
-TEST(FindAndReplaceRun, PatternOfAnotherExtensionGivesATargetBesideTheFile) {
+TEST(FindAndReplaceRun, PatternOfAnotherExtensionGivesATargetNextToTheFile) {
   ListRun run;
   run.Add(W("a.log"), "two\n");
   run.Run(kNew, W("*.txt"));

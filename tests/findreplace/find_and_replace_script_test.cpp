@@ -56,7 +56,7 @@ TEST(FindAndReplaceParameters, EachSwitchSetsItsBit) {
   for (const auto& [name, flags] : expected) EXPECT_EQ(Flags({}, {name}), flags) << name;
 }
 
-TEST(FindAndReplaceParameters, IgnoreCaseAndOverwriteAreMeantToHaveNoEffect) {
+TEST(FindAndReplaceParameters, IgnoreCaseAndOverwriteHaveNoEffectByDesign) {
   EXPECT_EQ(Flags({}, {"IGNORECASE"}), kPlain);
   EXPECT_EQ(Flags({}, {"OVERWRITE"}), kPlain);
 }
@@ -81,7 +81,7 @@ TEST(FindAndReplaceParameters, ModeIsFoundIgnoringCase) {
   }
 }
 
-TEST(FindAndReplaceParameters, AnyOtherModeIsMeantToBeOne) {
+TEST(FindAndReplaceParameters, AnyOtherModeIsOneByDesign) {
   for (const WCHAR* word : {W(""), W("Two"), W("Man"), W("Multi"), W(" Many"), W("Multiline "), W("1")}) {
     EXPECT_EQ(Flags({{"MODE", word}}), kPlain) << ToUtf8(word);
   }
@@ -147,7 +147,7 @@ struct Script {
   }
 
   // Returns the host calls for services, lists, the log and message boxes.
-  std::vector<std::string> Road() const {
+  std::vector<std::string> HostCalls() const {
     return host.recorder.CallsOf({"GetService", "file operation", "ReleaseService", "CreateFileList", "list",
                                   "LogMessage", "FileListRequest", "MessageBox"});
   }
@@ -166,20 +166,21 @@ TEST(FindAndReplaceScript, ReplacesInTheFileCallByCall) {
   EXPECT_EQ(FindAndReplaceScript(run.host, run.call), 1);
   EXPECT_EQ(run.scratch.Read(W("a.out")), "one 2\n");
   EXPECT_EQ(run.scratch.Read(W("a.txt")), "one two\n");
-  std::vector<std::string> road = run.Road();
-  std::erase(road, "list1.GetCount()");
+  std::vector<std::string> calls = run.HostCalls();
+  std::erase(calls, "list1.GetCount()");
   EXPECT_THAT(
-      road, ElementsAre("GetService(3000, 0)",
-                        "file operation.GetFileItem(\"" + run.PathOf("a.txt") + "\", 1)", "CreateFileList()",
-                        "list1.AddItem()", "CreateFileList()", "CreateFileList()", "list1.GetItem(0)",
-                        run.Log("10", "[Find and Replace] - 1 changes made to file : " + run.PathOf("a.txt")),
-                        "list3.AddItem()", "FileListRequest(21120, list3, 0, 0)", "list2.GetCount()",
-                        "list3.Release()", "list2.Release()", "file operation.ReleaseFileList(list1)",
-                        "ReleaseService(file operation, 3000)", "list1.Release()"));
+      calls,
+      ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"" + run.PathOf("a.txt") + "\", 1)",
+                  "CreateFileList()", "list1.AddItem()", "CreateFileList()", "CreateFileList()",
+                  "list1.GetItem(0)",
+                  run.Log("10", "[Find and Replace] - 1 changes made to file : " + run.PathOf("a.txt")),
+                  "list3.AddItem()", "FileListRequest(21120, list3, 0, 0)", "list2.GetCount()",
+                  "list3.Release()", "list2.Release()", "file operation.ReleaseFileList(list1)",
+                  "ReleaseService(file operation, 3000)", "list1.Release()"));
   EXPECT_THAT(run.host.resultLists, ElementsAre(ResultList{0, {run.scratch.Path(W("a.txt"))}}));
   EXPECT_EQ(run.call.resultCode, std::nullopt);
   EXPECT_EQ(run.call.resultText, std::nullopt);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, WithoutARequiredTextNothingIsTouched) {
@@ -192,7 +193,7 @@ TEST(FindAndReplaceScript, WithoutARequiredTextNothingIsTouched) {
   }
 }
 
-TEST(FindAndReplaceScript, EmptyTextsAreMeantToBeRefusedSoThatAScriptCannotReplaceWithNothing) {
+TEST(FindAndReplaceScript, EmptyTextsAreRefusedSoAScriptCannotReplaceWithNothingByDesign) {
   for (const char* name : {"FIND", "REPLACEWITH"}) {
     Script run;
     run.call.values[name] = W("");
@@ -211,7 +212,7 @@ TEST(FindAndReplaceScript, AMissingFileIsLoggedOnceTheServiceIsGivenBack) {
           "GetService(3000, 0)", "file operation.GetFileItem(\"Z:\\nowhere\\x.txt\", 1)",
           "ReleaseService(file operation, 3000)",
           "LogMessage(0, 30, \"[Custom Cmd - FindAndReplace] - FILE : Z:\\nowhere\\x.txt not found\")"));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, WithoutTheServiceTheFileIsNotFound) {
@@ -223,7 +224,7 @@ TEST(FindAndReplaceScript, WithoutTheServiceTheFileIsNotFound) {
                                                                    run.PathOf("a.txt") + " not found")));
 }
 
-TEST(FindAndReplaceScript, AFileThatFailsAnswersOneAllTheSame) {
+TEST(FindAndReplaceScript, AFailedFileStillReturnsOne) {
   Script run;
   run.call.values["MODE"] = W("Many");
   run.call.values["FIND"] = W("one\\ntwo");
@@ -237,7 +238,7 @@ TEST(FindAndReplaceScript, AFileThatFailsAnswersOneAllTheSame) {
   EXPECT_THAT(run.host.resultLists,
               ElementsAre(ResultList{0, {}}, ResultList{1, {run.scratch.Path(W("a.txt"))}}));
   EXPECT_THAT(run.scratch.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, AnEmptyTargetIsTheFolderItselfWhichASilentRunSkips) {
@@ -251,7 +252,7 @@ TEST(FindAndReplaceScript, AnEmptyTargetIsTheFolderItselfWhichASilentRunSkips) {
   EXPECT_EQ(run.scratch.Read(W("a.txt")), "one two\n");
 }
 
-TEST(FindAndReplaceScript, ASilentRunSkipsATargetThatIsThereEvenWithOverwriteWhichIsMeant) {
+TEST(FindAndReplaceScript, ASilentRunSkipsAnExistingTargetEvenWithOverwriteByDesign) {
   Script run;
   run.scratch.Write(W("a.out"), "old");
   run.call.switches.insert("OVERWRITE");
@@ -267,7 +268,7 @@ TEST(FindAndReplaceScript, WithoutSilentAnExistingTargetIsAskedForAndASummaryIsS
   EXPECT_EQ(FindAndReplaceScript(run.host, run.call), 1);
   EXPECT_EQ(run.scratch.Read(W("a.out")), "one 2\n");
   EXPECT_EQ(run.host.recorder.CallsOf({"MessageBox"}).size(), 2u);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(FindAndReplaceScript, OptionsReachTheRun) {

@@ -32,7 +32,7 @@ FindAndReplaceOptions OptionsOf(std::uint32_t flags, const WString& find, const 
 TEST(FindAndReplaceSettings, WithNothingStoredTheyAreTheDefaults) {
   FakeHost host;
   ExpectDefaults(LoadFindAndReplaceOptions(host));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(FindAndReplaceSettings, WithoutSettingsTheyAreTheDefaultsAndNothingIsStored) {
@@ -87,7 +87,7 @@ TEST(FindAndReplaceSettings, AllThreeKeysAreStored) {
                                    {PlaceOf(W("Find")), W("a\r\nb")},
                                    {PlaceOf(W("ReplaceWith")), W("")},
                                }));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(FindAndReplaceSettings, EachKeyThatTheHostRefusesHasItsDefault) {

@@ -130,7 +130,7 @@ TEST_F(FindAndReplaceCallbackTest, ReplacementEndsAtItsLengthOrItsTerminator) {
   EXPECT_THAT(shown, ElementsAre(W("line"), W(""), W("line\nmore"), W(""), W("line\nmore")));
 }
 
-TEST_F(FindAndReplaceCallbackTest, AnswerIsWhatTheDialogSays) {
+TEST_F(FindAndReplaceCallbackTest, AnswerIsTheResultOfTheDialog) {
   asked_.answers = {ConfirmResult::Replace, ConfirmResult::ReplaceToo, ConfirmResult::Skip};
   FindAndReplaceCallback callback = Callback();
   for (const ConfirmResult answer : asked_.answers) EXPECT_EQ(Ask(callback), answer);
@@ -161,7 +161,7 @@ TEST_F(FindAndReplaceCallbackTest, AfterReplaceAllNothingIsAsked) {
   EXPECT_EQ(asked_.forms.size(), 1u);
 }
 
-TEST_F(FindAndReplaceCallbackTest, SilentRunsAndThoseThatReplaceAllAskNothingAndReplaceAllAsIsMeant) {
+TEST_F(FindAndReplaceCallbackTest, SilentRunsAndThoseThatReplaceAllAskNothingAndReplaceAllByDesign) {
   for (const std::uint32_t flags : {kReplaceAll, kSilent, kReplaceAll | kSilent}) {
     FindAndReplaceCallback callback = Callback(flags);
     EXPECT_EQ(Ask(callback), ConfirmResult::ReplaceAll) << flags;

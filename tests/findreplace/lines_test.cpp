@@ -77,7 +77,7 @@ TYPED_TEST(LinesTest, ZeroCharactersAreText) {
   EXPECT_THAT(this->Split("a\0b\n\0"sv), ElementsAre(Lf(std::string("a\0b", 3)), None(std::string(1, '\0'))));
 }
 
-TYPED_TEST(LinesTest, BehindAnItemStandsItsEndAndBehindTheLastOneAZero) {
+TYPED_TEST(LinesTest, AnItemIsFollowedByItsEndAndTheLastOneByAZero) {
   const auto lines = MakeLines<TypeParam>("ab\ncd\r\nef");
   ASSERT_EQ(lines->items.size(), 3u);
   const auto behind = [&](std::size_t item, std::size_t character) {
@@ -117,7 +117,7 @@ TYPED_TEST(LinesTest, CrLfCutByTheBlocksBorderGivesAnEmptyItemMore) {
   EXPECT_EQ(this->Split(shorter + "\r\nb"), (std::vector{CrLf(shorter), None("b")}));
 }
 
-TYPED_TEST(LinesTest, LineOfExactlyOneBlockLoadsWithNothingBehindIt) {
+TYPED_TEST(LinesTest, LineOfExactlyOneBlockLoadsIfNothingFollows) {
   const std::string fill(kUsualBlock<TypeParam>, 'x');
   EXPECT_EQ(this->Split(fill), std::vector{None(fill)});
   EXPECT_EQ(this->Split("a\n" + fill), (std::vector{Lf("a"), None(fill)}));

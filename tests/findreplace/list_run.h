@@ -69,7 +69,7 @@ struct ListRun {
     }
     listIsOpen = host.recorder.IsTaken(list->Name());
     if (listIsOpen) list->Release();
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 
   // Returns the log lines as "level: text", from both log operations, with the folder replaced by "~".

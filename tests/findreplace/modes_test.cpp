@@ -67,7 +67,7 @@ TYPED_TEST(Modes, OneHonoursCaseAndWildcards) {
   EXPECT_EQ(this->Apply(ModeOne | Wildcard | IgnoreCase, "ABC", "a?c", "-"), "-");
 }
 
-TYPED_TEST(Modes, RegExpFlagIsReadByNobody) {
+TYPED_TEST(Modes, RegExpFlagIsNeverRead) {
   EXPECT_EQ(this->Apply(ModeOne | RegExp, "abc a.c", "a.c", "-"), "abc -");
   EXPECT_EQ(this->Apply(ModeMany | RegExp, "abc a.c", "a.c", "-"), "abc -");
 }
@@ -206,7 +206,7 @@ TYPED_TEST(Modes, FirstModeInTheOrderMultilineManyManySameOneIsRun) {
   EXPECT_EQ(result(ModeOne | ModeMultiline), "x\ny\nc b");
 }
 
-TYPED_TEST(Modes, ChangesOfTheDocumentAreAnswered) {
+TYPED_TEST(Modes, ChangesOfTheDocumentAreReturned) {
   const auto document = MakeDocument<TypeParam>("abc");
   document->changeCount = 5;
   FindAndReplaceOptions options;

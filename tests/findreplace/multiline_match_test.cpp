@@ -48,7 +48,7 @@ TYPED_TEST(FindMultilineMatchTest, OneLineIsFoundAnywhere) {
   EXPECT_EQ(this->Find("x\ny", "ab"), this->kNone);
 }
 
-TYPED_TEST(FindMultilineMatchTest, TwoLinesAreFoundWhereTheFirstStandsAnywhereAndTheSecondAtItsLinesStart) {
+TYPED_TEST(FindMultilineMatchTest, TwoLinesAreFoundIfTheSecondIsAtTheStartOfItsLine) {
   EXPECT_EQ(this->Find("1a\nb3", "a\nb"), this->At(0, 1, 1, 1));
   EXPECT_EQ(this->Find("a\nb", "a\nb"), this->At(0, 0, 1, 1));
   EXPECT_EQ(this->Find("a\nxb", "a\nb"), this->kNone);

@@ -36,7 +36,7 @@ TYPED_TEST(Multiline, TwoLinesByTwo) {
   EXPECT_EQ(this->Replaced("0\r\n1a\r\nb3\r\n4", "a\nb\n", "x\ny\n"), "0\r\n1x\r\ny3\r\n4");
 }
 
-TYPED_TEST(Multiline, TextBehindTheFirstItemGoesToo) {
+TYPED_TEST(Multiline, TextAfterTheFirstItemIsRemovedToo) {
   EXPECT_EQ(this->Replaced("abcXY\ndefZ\n", "abc\ndef", "1\n2"), "1\n2Z\n");
 }
 

@@ -43,8 +43,8 @@ class Engine {
     for (std::size_t i = 0; i < text.size() * sizeof(CharT); ++i) {
       reinterpret_cast<char*>(text.data())[i] = bytes[i];
     }
-    apart_ = bytes.substr(text.size() * sizeof(CharT));
-    lines_ = Split(text, blockBytes / sizeof(CharT), !apart_.empty());
+    oddByte_ = bytes.substr(text.size() * sizeof(CharT));
+    lines_ = Split(text, blockBytes / sizeof(CharT), !oddByte_.empty());
   }
 
   std::uint32_t changes = 0;
@@ -85,7 +85,7 @@ class Engine {
   std::string Output() const {
     Text text;
     for (const auto& line : lines_) AppendLine(text, line, OutputEnding());
-    return std::string(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(CharT)) + apart_;
+    return std::string(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(CharT)) + oddByte_;
   }
 
  private:
@@ -251,7 +251,7 @@ class Engine {
     }
   }
 
-  bool HoldsBlock(std::size_t first, const std::vector<Item<CharT>>& finds) const {
+  bool ContainsBlock(std::size_t first, const std::vector<Item<CharT>>& finds) const {
     const std::size_t n = finds.size();
     if (first + n > lines_.size()) return false;
     for (std::size_t k = 1; k + 4 <= n; ++k) {
@@ -277,7 +277,7 @@ class Engine {
         range = {number, match.start, number, match.end};
         return true;
       }
-      if (!HoldsBlock(number, finds)) continue;
+      if (!ContainsBlock(number, finds)) continue;
       range = {number, match.start, number + finds.size() - 1, finds.back().text.size()};
       return true;
     }
@@ -305,7 +305,7 @@ class Engine {
   }
 
   std::vector<Line<CharT>> lines_;
-  std::string apart_;
+  std::string oddByte_;
   Ask<CharT> ask_;
   bool replaceAll_ = false;
   bool ignoreCase_ = false;

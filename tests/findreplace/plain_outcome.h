@@ -133,7 +133,7 @@ class BytesWriter final : public WQDR::DataWriter {
 };
 
 template <typename CharT>
-TrialOutcome<CharT> RunPlainly(const Trial<CharT>& trial) {
+TrialOutcome<CharT> RunReference(const Trial<CharT>& trial) {
   using namespace QXFindAndReplace;
   TrialOutcome<CharT> outcome;
   TrialCallback<CharT> callback(trial, outcome);

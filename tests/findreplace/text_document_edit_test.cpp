@@ -48,7 +48,7 @@ TYPED_TEST_SUITE(TextDocumentEdit, BothWidths);
 
 // --- within a line
 
-TYPED_TEST(TextDocumentEdit, TextBehindWhichALineWasInsertedTakesNoNewTextAsIsMeant) {
+TYPED_TEST(TextDocumentEdit, TextBeforeAnInsertedLineAcceptsNoNewTextByDesign) {
   this->Load("abc\n");
   // An empty range is replaced by an empty text and a line, so the text before it is followed by that line.
   this->ReplaceRange({{0, 1}, {0, 1}}, "\ny");
@@ -148,7 +148,7 @@ TYPED_TEST(TextDocumentEdit, StretchThatBeginsInKeptTextAndEndsBeyondItIsNotFoun
   EXPECT_EQ(this->ErrorOf(0, 5, 0xFFFFFFFF, "y"), kPartNotFound);
 }
 
-TYPED_TEST(TextDocumentEdit, StretchThatEndsBehindAnUntouchedLineIsNotFound) {
+TYPED_TEST(TextDocumentEdit, RangeThatEndsAfterAnUnchangedLineIsNotFound) {
   this->Load("abc\ndef\n");
   EXPECT_EQ(this->ErrorOf(0, 1, 4, "y"), kPartNotFound);
   EXPECT_EQ(this->ErrorOf(0, 0, 7, "y"), kPartNotFound);
@@ -190,7 +190,7 @@ TYPED_TEST(TextDocumentEdit, TextIsInsertedAtAnEmptyStretch) {
   EXPECT_EQ(this->ErrorOf(0, 0, 2, "z"), kPartNotFound);
 }
 
-TYPED_TEST(TextDocumentEdit, TextIsInsertedDirectlyBehindReplacedText) {
+TYPED_TEST(TextDocumentEdit, TextIsInsertedDirectlyAfterReplacedText) {
   this->Load("abc");
   this->ReplaceInLine(0, 1, 2, "X");
   EXPECT_TRUE(this->ReplaceInLine(0, 2, 2, "Y"));
@@ -261,7 +261,7 @@ TYPED_TEST(TextDocumentEdit, RangeOfOneLineByOneLine) {
   EXPECT_EQ(this->Replaced("abc", InLine(0, 0, 3), "\n"), "");
 }
 
-TYPED_TEST(TextDocumentEdit, RangeOfOneLineByTwoLinesKeepsTheTailBehindTheSecond) {
+TYPED_TEST(TextDocumentEdit, RangeOfOneLineByTwoLinesKeepsTheTailAfterTheSecond) {
   EXPECT_EQ(this->Replaced("1a2\n3\n", InLine(0, 1, 2), "x\ny"), "1x\ny2\n3\n");
   EXPECT_EQ(this->Replaced("1a2\r\n3\r\n", InLine(0, 1, 2), "x\ny\n"), "1x\r\ny2\r\n3\r\n");
   EXPECT_EQ(this->Replaced("1a2\n3\n", InLine(0, 0, 1), "x\n\n"), "x\na2\n3\n");

@@ -167,7 +167,7 @@ TYPED_TEST(TextDocumentLoaderTest, KeepsTheFormat) {
   }
 }
 
-TEST(TextDocumentLoaderSettings, BlocksAre32768BytesUnlessToldOtherwise) {
+TEST(TextDocumentLoaderSettings, BlocksAre32768BytesByDefault) {
   EXPECT_EQ(TextDocumentLoader().blockSize, 32768u);
 }
 
@@ -251,7 +251,7 @@ TYPED_TEST(TextDocumentLoaderTest, BordersOfTheUsualBlockSize) {
 
 // --- lines that fill a block
 
-TYPED_TEST(TextDocumentLoaderTest, LastLineOfExactlyOneBlockWithNothingBehindItLoads) {
+TYPED_TEST(TextDocumentLoaderTest, LastLineOfExactlyOneBlockLoadsIfNothingFollows) {
   EXPECT_THAT(this->Load("abcdefgh", 8), ElementsAre(None("abcdefgh")));
   EXPECT_THAT(this->Load("ab\ncdefghij", 8), ElementsAre(Lf("ab"), None("cdefghij")));
   const std::string fill(kUsualBlock<TypeParam>, 'x');
@@ -259,7 +259,7 @@ TYPED_TEST(TextDocumentLoaderTest, LastLineOfExactlyOneBlockWithNothingBehindItL
   EXPECT_EQ(this->Rewrite("a\n" + fill), "a\n" + fill);
 }
 
-TYPED_TEST(TextDocumentLoaderTest, LineOfABlockOrMoreWithTextBehindItIsRefused) {
+TYPED_TEST(TextDocumentLoaderTest, LineOfABlockOrMoreIsRefusedIfTextFollows) {
   EXPECT_THROW(this->Load("abcdefgh\n", 8), std::bad_alloc);
   EXPECT_THROW(this->Load("abcdefgh\r\n", 8), std::bad_alloc);
   EXPECT_THROW(this->Load("abcdefghi", 8), std::bad_alloc);
@@ -272,11 +272,11 @@ TYPED_TEST(TextDocumentLoaderTest, LineOfABlockOrMoreWithTextBehindItIsRefused) 
 TYPED_TEST(TextDocumentLoaderTest, LineThatFillsItsBlockIsRefusedAtOnce) {
   ScriptedReader reader(std::string(1 << 20, 'x'));
   EXPECT_THROW(ReadDocument<TypeParam>(reader), std::bad_alloc);
-  EXPECT_THAT(reader.asked, SizeIs(1));
+  EXPECT_THAT(reader.requests, SizeIs(1));
 
   ScriptedReader later(BytesOf<TypeParam>("ab\n") + std::string(1 << 20, 'x'));
   EXPECT_THROW(ReadDocument<TypeParam>(later, 8), std::bad_alloc);
-  EXPECT_THAT(later.asked, SizeIs(2));
+  EXPECT_THAT(later.requests, SizeIs(2));
 }
 
 TYPED_TEST(TextDocumentLoaderTest, SourceWithoutAnEndIsRefusedAtOnce) {
@@ -306,7 +306,7 @@ TYPED_TEST(TextDocumentLoaderTest, ReaderThatEndsEarlyIsRefused) {
     for (const std::uint64_t promised : {std::uint64_t{1}, std::uint64_t{5000}, std::uint64_t{1} << 40}) {
       ScriptedReader reader(BytesOf<TypeParam>(text));
       reader.size += promised;
-      reader.mostReads = 50;
+      reader.maxReads = 50;
       EXPECT_EQ(ThrownBy<WQDR::WQDataReaderException>([&] { ReadDocument<TypeParam>(reader, 8); }),
                 (Thrown{ERROR_HANDLE_EOF, "Failed to read file"}));
     }
@@ -320,13 +320,13 @@ TYPED_TEST(TextDocumentLoaderTest, FailureOfTheReaderPasses) {
     reader.fail = [] { throw WQDR::WQDataReaderException(1117, "Failed to read file"); };
     EXPECT_EQ(DataError([&] { ReadDocument<TypeParam>(reader, 8); }),
               (Thrown{ERROR_IO_DEVICE, "Failed to read file"}));
-    EXPECT_THAT(reader.asked, SizeIs(failAt));
+    EXPECT_THAT(reader.requests, SizeIs(failAt));
   }
 }
 
 // --- 16-bit texts with an odd number of bytes
 
-TEST(TextDocumentLoaderWide, OddLastByteIsKeptOutOfTheTextAndWrittenBackBehindIt) {
+TEST(TextDocumentLoaderWide, OddLastByteIsNotPartOfTheTextAndIsWrittenAfterIt) {
   struct Case {
     std::string bytes;
     std::vector<Line> lines;
@@ -342,7 +342,7 @@ TEST(TextDocumentLoaderWide, OddLastByteIsKeptOutOfTheTextAndWrittenBackBehindIt
     for (const std::uint32_t block : {3u, 4u, 5u, 16384u}) {
       const auto document = MakeDocumentOfBytes<WCHAR>(one.bytes, block);
       EXPECT_EQ(LinesOf(*document), one.lines) << block;
-      EXPECT_EQ(document->byteApart, one.bytes.back());
+      EXPECT_EQ(document->separateByte, one.bytes.back());
       EXPECT_EQ(WrittenBytes(*document), one.bytes);
     }
   }
@@ -354,7 +354,7 @@ TEST(TextDocumentLoaderWide, OddLastByteMakesNoCrLfOfACr) {
   EXPECT_EQ(WrittenBytes(*document), "a\0\n"sv) << "the lone CR is lost, the byte is not";
 }
 
-TEST(TextDocumentLoaderWide, TextOfWholeUnitsHasNoByteApart) {
-  EXPECT_EQ(MakeDocument<WCHAR>("ab\nc")->byteApart, std::nullopt);
-  EXPECT_EQ(MakeDocument<char>("abc")->byteApart, std::nullopt);
+TEST(TextDocumentLoaderWide, TextOfWholeUnitsHasNoSeparateByte) {
+  EXPECT_EQ(MakeDocument<WCHAR>("ab\nc")->separateByte, std::nullopt);
+  EXPECT_EQ(MakeDocument<char>("abc")->separateByte, std::nullopt);
 }

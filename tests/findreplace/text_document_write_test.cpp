@@ -144,7 +144,7 @@ TEST(TextDocumentWriteWide, OddByteIsNotLostWhenTheLastLineIsReplaced) {
   }
 }
 
-TEST(TextDocumentWriteWide, OddByteStaysBehindInsertedLines) {
+TEST(TextDocumentWriteWide, OddByteStaysAfterInsertedLines) {
   const auto document = MakeDocumentOfBytes<WCHAR>(std::string("a\0b\0!", 5));
   document->ReplaceRange(InLine(0, 0, 1), *MakeLines<WCHAR>("x\ny"));
   EXPECT_EQ(WrittenBytes(*document), "x\0\n\0y\0b\0\n\0!"sv);
@@ -160,7 +160,7 @@ TYPED_TEST(TextDocumentWrite, TextsOfTheEndings) {
   EXPECT_EQ(text(LineEnding::CrLf), "\r\n");
 }
 
-TYPED_TEST(TextDocumentWrite, WriterGetsItsEndingInTheWidthOfTheTextWithAZeroBehindIt) {
+TYPED_TEST(TextDocumentWrite, WriterGetsItsEndingInTheWidthOfTheTextAndZeroTerminated) {
   for (const auto& [ending, text] :
        {std::pair{LineEnding::Cr, "\r"sv}, {LineEnding::Lf, "\n"sv}, {LineEnding::CrLf, "\r\n"sv}}) {
     RecordingWriter writer;

@@ -100,7 +100,7 @@ constexpr Element kElements[] = {
     {"a{0,1}{1,}", 1 + 4 + 10},
 };
 // The whole match takes 4 states, and x{N} takes N + 3.
-constexpr int kMostOfX = 100000 - 4 - 3;
+constexpr int kMaxRepeatsOfX = 100000 - 4 - 3;
 
 std::string Repeat(std::string_view text, int count) {
   std::string result;
@@ -141,12 +141,12 @@ TYPED_TEST(WildcardRefusalsTest, RefusesWhatIsTooLargeForTheLibraryAndNothingEls
   for (const Element& element : kElements) {
     all += element.text;
     statesOfAll += element.states;
-    const int most = kMostOfX - element.states;
+    const int most = kMaxRepeatsOfX - element.states;
     EXPECT_EQ(this->Refuse("x{" + std::to_string(most) + '}' + element.text), kAccepted) << element.text;
     EXPECT_EQ(this->Refuse("x{" + std::to_string(most + 1) + '}' + element.text), kTooLarge) << element.text;
   }
-  const std::string fits = "x{" + std::to_string(kMostOfX - statesOfAll) + '}' + all;
-  const std::string exceeds = "x{" + std::to_string(kMostOfX - statesOfAll + 1) + '}' + all;
+  const std::string fits = "x{" + std::to_string(kMaxRepeatsOfX - statesOfAll) + '}' + all;
+  const std::string exceeds = "x{" + std::to_string(kMaxRepeatsOfX - statesOfAll + 1) + '}' + all;
   EXPECT_EQ(this->Refuse(fits), kAccepted);
   EXPECT_EQ(this->Refuse(exceeds), kTooLarge);
   EXPECT_EQ(this->RefuseInLibrary(fits), kAccepted);
@@ -163,7 +163,7 @@ TYPED_TEST(WildcardRefusalsTest, RefusesWhatIsTooLargeForTheLibraryAndNothingEls
 TYPED_TEST(WildcardRefusalsTest, TakesDigitsOfAsciiAlone) { EXPECT_EQ(this->Refuse("a{\xB2}"), kBadBrace); }
 
 // The first error that the library encounters is reported.
-TYPED_TEST(WildcardRefusalsTest, TellsTheFirstFaultOfSeveral) {
+TYPED_TEST(WildcardRefusalsTest, ReportsTheFirstOfSeveralErrors) {
   EXPECT_EQ(this->Refuse("x{200000}a{"), kTooLarge);
   EXPECT_EQ(this->Refuse("a{x{200000}"), kBadBrace);
   EXPECT_EQ(this->Refuse("x{200000"), kOpenBrace);

@@ -51,7 +51,7 @@ TYPED_TEST(WildcardTest, TakesAsMuchAsItCanForAStar) {
   EXPECT_EQ(this->Find("a*b", "b a"), kNone);
 }
 
-TYPED_TEST(WildcardTest, LetsNoStretchOverlapTheOneBeforeIt) {
+TYPED_TEST(WildcardTest, LetsNoMatchOverlapThePreviousOne) {
   EXPECT_EQ(this->Find("aba*aba", "xababa"), kNone);
   EXPECT_EQ(this->Find("aba*aba", "xabaaba"), (LineMatches{{1, 6}}));
   EXPECT_EQ(this->Find("a*aa*a", "aaa"), kNone);
@@ -97,7 +97,7 @@ TYPED_TEST(WildcardTest, FindsNothingForATextWithLineBreaks) {
   EXPECT_EQ(this->Find("a?b*", "a\nba\rba bc\nd"), (LineMatches{{6, 4}}));
 }
 
-TEST(WideWildcardTest, TakesNoLineOrParagraphSeparatorForAWildcardAsIsMeant) {
+TEST(WideWildcardTest, WildcardsDoNotMatchLineOrParagraphSeparatorsByDesign) {
   WildcardPattern<WCHAR> pattern(W("a*"), false);
   const WString line = W("ab\u2028ab\u2029a\u2027b");
   EXPECT_EQ(MatchesOf<WCHAR>(pattern, line, 0), (LineMatches{{0, 2}, {3, 2}, {6, 3}}));
@@ -152,7 +152,7 @@ TYPED_TEST(WildcardTest, RepeatsRepeats) {
 }
 
 // Six and six are tried before five, five and five or more, although the latter are longer.
-TYPED_TEST(WildcardTest, TriesRepeatsOfRepeatsInTheirOwnOrderAsIsMeant) {
+TYPED_TEST(WildcardTest, TriesRepeatsOfRepeatsInTheirOwnOrderByDesign) {
   EXPECT_EQ(this->Find("?{5,6}{0,3}b", "012345678901b345b789"), (LineMatches{{0, 13}, {16, 1}}));
 }
 
@@ -169,7 +169,7 @@ TYPED_TEST(WildcardTest, TakesAClosingBraceAloneForItself) {
   EXPECT_EQ(this->Find("a{2}}", "aa}"), (LineMatches{{0, 3}}));
 }
 
-TYPED_TEST(WildcardTest, TellsTheTextThatAllMatchesHold) {
+TYPED_TEST(WildcardTest, ReturnsTheTextThatAllMatchesContain) {
   EXPECT_EQ(this->Required("abc"), In<TypeParam>("abc"));
   EXPECT_EQ(this->Required("a?bcd*ef"), In<TypeParam>("bcd"));
   EXPECT_EQ(this->Required("aB*cD"), In<TypeParam>("aB"));

@@ -29,7 +29,7 @@ TEST(MakeUniqueFileName, FreePathStaysAsItIs) {
   EXPECT_EQ(path, scratch.Path(W("a.txt")));
 }
 
-TEST(MakeUniqueFileName, TakenPathGetsTheSuffixBehindTheWholeName) {
+TEST(MakeUniqueFileName, ExistingPathGetsTheSuffixAfterTheWholeName) {
   const ScratchFolder scratch;
   WString path = scratch.Write(W("a.txt"), "");
   EXPECT_TRUE(MakeUniqueFileName(path, W(".bak")));

@@ -7,7 +7,7 @@
 
 using namespace Platform;
 
-TEST(MoveToBackup, FailedMoveIsFalseAndTheNameIsThereAllTheSame) {
+TEST(MoveToBackup, FailedMoveIsFalseAndTheNameStillExists) {
   const ScratchFolder scratch;
   const WString path = scratch.Write(W("a.txt"), "bytes");
   WCHAR backup[kBackupPathSize];
@@ -48,7 +48,7 @@ TEST(DeleteBackup, NameThatMayHaveBeenCutIsThatOfAnotherFileAndStays) {
   }
 }
 
-TEST(DeleteBackup, AttributesAreSetOnlyWhereTheyStandInTheWay) {
+TEST(DeleteBackup, AttributesAreSetOnlyWhereTheyPreventIt) {
   for (const DWORD attributes : {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY}) {
     const ScratchFolder scratch;
     const WString path = scratch.Write(W("a.txt"), "bytes");
@@ -63,7 +63,7 @@ TEST(DeleteBackup, AttributesAreSetOnlyWhereTheyStandInTheWay) {
   }
 }
 
-TEST(MakeUniqueFileName, LooksAtThePathAndThenAtEachCandidateOnce) {
+TEST(MakeUniqueFileName, ChecksThePathAndThenEachCandidateOnce) {
   const ScratchFolder scratch;
   WString path = scratch.Write(W("a.txt"), "");
   const Faults::Scope faults;

@@ -35,13 +35,13 @@ TEST(BoxAnswers, SameBoxAskedAgainIsCountedAgain) {
   EXPECT_EQ(boxes.UnexpectedBoxes().size(), 20u);
 }
 
-TEST(BoxAnswers, AnswerThatNoBoxAsksForIsUnused) {
+TEST(BoxAnswers, AnswerWithoutABoxIsUnused) {
   BoxAnswers boxes{IDOK, IDOK};
   MessageBoxW(nullptr, W("asked"), W("title"), MB_OKCANCEL);
   EXPECT_EQ(boxes.Unused(), 1);
 }
 
-TEST(BoxAnswers, FailedExpectationTellsTitleTextAndButtons) {
+TEST(BoxAnswers, FailedExpectationShowsTitleTextAndButtons) {
   BoxAnswers boxes;
   MessageBoxW(nullptr, W("what it \u00E4sks"), W("its title"), MB_OKCANCEL);
   EXPECT_THAT(testing::PrintToString(boxes.UnexpectedBoxes()),

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 namespace {
 
 // Returns the paths that are examined for this path.
-std::vector<WString> LooksAt(const WString& path) {
+std::vector<WString> ExaminedPaths(const WString& path) {
   const Faults::Scope faults;
   Faults::Watch("GetFileAttributesW");
   CreatePath(path, true);
@@ -33,7 +33,7 @@ TEST(CreatePath, LeavesTheFoldersMadeBeforeAFailure) {
   EXPECT_EQ(Faults::CallCount("CreateDirectoryW"), 3);
 }
 
-TEST(CreatePath, LooksAtEachComponentOnceButNotAtTheDrive) {
+TEST(CreatePath, ChecksEachComponentOnceButNotTheDrive) {
   const ScratchFolder scratch;
   const WString path = scratch.MakeFolder(W("a\\b"));
   const auto components = static_cast<int>(std::count(path.begin(), path.end(), W('\\')));
@@ -56,7 +56,7 @@ TEST(CreatePath, FirstComponentOfAPathWithoutADriveCounts) {
   EXPECT_EQ(Faults::CallCount("GetFileAttributesW"), components);
 }
 
-TEST(CreatePath, WithoutParentsLooksAtThePathAlone) {
+TEST(CreatePath, WithoutParentsChecksOnlyThePath) {
   const ScratchFolder scratch;
   const Faults::Scope faults;
   Faults::Watch("GetFileAttributesW");
@@ -67,22 +67,22 @@ TEST(CreatePath, WithoutParentsLooksAtThePathAlone) {
 }
 
 // None of these servers exists, so the first folder below the share fails.
-TEST(CreatePath, BeginsBehindServerAndShareOfANetworkPath) {
-  EXPECT_THAT(LooksAt(W("\\\\server\\share\\a\\b")), ElementsAre(W("\\\\server\\share\\a")));
-  EXPECT_THAT(LooksAt(W("\\\\server\\share\\a")), ElementsAre(W("\\\\server\\share\\a")));
-  EXPECT_THAT(LooksAt(W("\\\\server\\share")), ElementsAre(W("\\\\server\\share")));
-  EXPECT_THAT(LooksAt(W("\\\\server")), ElementsAre(W("\\\\server")));
+TEST(CreatePath, BeginsAfterServerAndShareOfANetworkPath) {
+  EXPECT_THAT(ExaminedPaths(W("\\\\server\\share\\a\\b")), ElementsAre(W("\\\\server\\share\\a")));
+  EXPECT_THAT(ExaminedPaths(W("\\\\server\\share\\a")), ElementsAre(W("\\\\server\\share\\a")));
+  EXPECT_THAT(ExaminedPaths(W("\\\\server\\share")), ElementsAre(W("\\\\server\\share")));
+  EXPECT_THAT(ExaminedPaths(W("\\\\server")), ElementsAre(W("\\\\server")));
 }
 
 TEST(CreatePath, SearchesForTheEndOfTheServerFromTheFourthCharacterOn) {
   // A server name of one character ends there; a third backslash is part of the name.
-  EXPECT_THAT(LooksAt(W("\\\\s\\share\\a\\b")), ElementsAre(W("\\\\s\\share\\a")));
-  EXPECT_THAT(LooksAt(W("\\\\\\server\\share\\a\\b")), ElementsAre(W("\\\\\\server\\share\\a")));
+  EXPECT_THAT(ExaminedPaths(W("\\\\s\\share\\a\\b")), ElementsAre(W("\\\\s\\share\\a")));
+  EXPECT_THAT(ExaminedPaths(W("\\\\\\server\\share\\a\\b")), ElementsAre(W("\\\\\\server\\share\\a")));
 }
 
 TEST(CreatePath, NetworkPathHasThreeCharactersAtLeast) {
-  EXPECT_THAT(LooksAt(W("\\\\")), ElementsAre(W("\\"), W("\\\\")));
-  EXPECT_THAT(LooksAt(W("\\\\a")), ElementsAre(W("\\\\a")));
+  EXPECT_THAT(ExaminedPaths(W("\\\\")), ElementsAre(W("\\"), W("\\\\")));
+  EXPECT_THAT(ExaminedPaths(W("\\\\a")), ElementsAre(W("\\\\a")));
 }
 
 TEST(CreatePath, MakesTheMissingFoldersFromTheTopDown) {

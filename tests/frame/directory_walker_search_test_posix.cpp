@@ -39,7 +39,7 @@ WString PathOf(std::size_t size) {
 
 }  // namespace
 
-TEST(SearchOfAWalk, TakesTheStandardInformationUnlessToldOtherwise) {
+TEST(SearchOfAWalk, RequestsTheStandardInformationByDefault) {
   const ScratchFolder scratch;
   scratch.Write(W("a.dat"), "x");
   const Faults::Scope faults;
@@ -73,7 +73,7 @@ TEST(SearchOfAWalk, AFirstEntryWithoutANameIsSearchedAgainWithTheStandardInforma
   const Faults::Scope faults;
   Faults::Watch(kSearch);
   Faults::Watch("FindClose");
-  Faults::LeaveNameOut(1);
+  Faults::ReturnNoName(1);
   Walker walker;
   walker.Reset(scratch.Path());
   walker.useBasicInfo = true;

@@ -88,7 +88,7 @@ TEST(DirectoryWalker, DefaultFlagsReturnAllThatFitsTheMaskAsFilesAndDoNotGoDown)
   EXPECT_EQ(walker.maxDepthSeen, 0);
 }
 
-TEST(DirectoryWalker, FoldersAreReturnedWith102AndNotEnteredUnasked) {
+TEST(DirectoryWalker, FoldersAreReturnedWith102AndNotEnteredByDefault) {
   const Tree scratch;
   for (const std::uint32_t flags : {kOneFolder, kOneFolder | Walker::kRecurse}) {
     Walker walker;
@@ -167,7 +167,7 @@ TEST(DirectoryWalker, FilesPassedOverUnderTheDefaultFlagsLeaveTheFoldersAsFiles)
   EXPECT_EQ(walker.folderCount, 0);
 }
 
-TEST(DirectoryWalker, StepsAfterTheEndAnswerTheEnd) {
+TEST(DirectoryWalker, StepsAfterTheEndReturnTheEnd) {
   const Tree scratch;
   Walker walker;
   Prepared(walker, scratch.Path());
@@ -183,7 +183,7 @@ TEST(DirectoryWalker, EndOfEachFolderThatWasEnteredIsReportedOnRequest) {
   EXPECT_TRUE(walk.Ended());
 }
 
-TEST(DirectoryWalker, FolderEndComesBehindTheFolderAndBeforeWhatFollows) {
+TEST(DirectoryWalker, FolderEndComesAfterTheFolderAndBeforeTheNextEntry) {
   const ScratchFolder scratch;
   scratch.MakeFolder(W("only"));
   scratch.Write(W("only\\file.txt"), "x");

@@ -28,7 +28,7 @@ TEST(Dispatcher, RenameCommandsWithNothingSelectedAreHandledWithoutABox) {
     EXPECT_EQ(run.extension.OnCommand(number, 0, 0), 1) << number;
     EXPECT_THAT(run.boxes.Boxes(), IsEmpty()) << number;
     EXPECT_EQ(run.host.fileOperation.Runs(), 0) << number;
-    ExpectAllGivenBack(run.host);
+    ExpectAllReleased(run.host);
   }
 }
 
@@ -37,7 +37,7 @@ TEST(Dispatcher, RenameSameBaseIsHandledWhenItsQuestionIsCancelled) {
   run.host.textAnswers = {{false, {}}};
   EXPECT_EQ(run.extension.OnCommand(30020, 0, 0), 1);
   EXPECT_TRUE(run.host.textAnswers.empty());
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(Dispatcher, SortLinesAndFindAndReplaceWithNothingSelectedEachShowTheirBox) {
@@ -48,7 +48,7 @@ TEST(Dispatcher, SortLinesAndFindAndReplaceWithNothingSelectedEachShowTheirBox) 
     run.host.boxAnswers = {IDOK};
     EXPECT_EQ(run.extension.OnCommand(number, 0, 0), 1) << number;
     EXPECT_THAT(run.host.recorder.CallsOf({"MessageBox"}), testing::ElementsAre(box));
-    ExpectAllGivenBack(run.host);
+    ExpectAllReleased(run.host);
   }
 }
 
@@ -75,7 +75,7 @@ TEST(Dispatcher, EachTransformCommandIsOfItsOwn) {
   }
 }
 
-TEST(Dispatcher, ShutdownAndTheEmptyCommandAnswerZero) {
+TEST(Dispatcher, ShutdownAndTheEmptyCommandReturnZero) {
   Dispatch run;
   EXPECT_EQ(run.extension.OnCommand(kCommandShutdown, 1, 2), 0);
   EXPECT_EQ(run.extension.OnCommand(kCommandIgnored, 1, 2), 0);
@@ -119,7 +119,7 @@ TEST(Dispatcher, ValuesOfACommandAreNotRead) {
   EXPECT_EQ(run.extension.OnCommand(30000, kAnything, -kAnything), 1);
   EXPECT_EQ(run.extension.OnCommand(30009, kAnything, -kAnything), 0);
   EXPECT_EQ(run.extension.OnCommand(kCommandShutdown, kAnything, -kAnything), 0);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(Dispatcher, BeforeTheStartNoCommandIsHandled) {
@@ -131,7 +131,7 @@ TEST(Dispatcher, BeforeTheStartNoCommandIsHandled) {
   }
 }
 
-TEST(Dispatcher, NullScriptCallAnswersZero) {
+TEST(Dispatcher, NullScriptCallReturnsZero) {
   Dispatch run;
   EXPECT_EQ(run.extension.OnCustomCommand(nullptr), 0);
   EXPECT_THAT(run.host.recorder.Calls(), IsEmpty());

@@ -81,7 +81,7 @@ TEST(Delete, IndexWithoutAnExtensionFreesNothing) {
   EXPECT_TRUE(Delete(object, 0));
 }
 
-TEST(Delete, ObjectOfTheOtherPluginAnswersTrueAndFreesNothing) {
+TEST(Delete, ObjectOfTheOtherPluginReturnsTrueAndFreesNothing) {
   void* const fileUtils = Create(0);
   void* const multiRename = Create(2);
   EXPECT_TRUE(Delete(fileUtils, 2));

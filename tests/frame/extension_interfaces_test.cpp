@@ -14,7 +14,7 @@
 using namespace Velmora::SDK;
 using testing::IsEmpty;
 
-TEST(FileUtils, AnswersTheConstantsOfItsFifteenOperations) {
+TEST(FileUtils, ReturnsTheConstantsOfItsFifteenOperations) {
   FakeHost host;
   FakeHelperMessage message;
   CQXUtils extension;
@@ -37,7 +37,7 @@ TEST(FileUtils, AnswersTheConstantsOfItsFifteenOperations) {
   EXPECT_EQ(plugin.Reserved4(), 0);
   EXPECT_EQ(plugin.Reserved5(), 0);
   EXPECT_EQ(plugin.Reserved6(), 0);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(FileUtils, StartKeepsTheHostWithoutCallingIt) {
@@ -64,7 +64,7 @@ TEST(FileUtils, RegisteringKeepsNothingOfTheHost) {
   FakeHost second;
   EXPECT_EQ(extension.OnStart(&second), 1);
   EXPECT_EQ(extension.OnCommand(kCommandUpperCase, 0, 0), 1);
-  ExpectAllGivenBack(second);
+  ExpectAllReleased(second);
 }
 
 TEST(FileUtils, NullHostAtRegisterAndStartDoesNotCrash) {
@@ -75,7 +75,7 @@ TEST(FileUtils, NullHostAtRegisterAndStartDoesNotCrash) {
   EXPECT_EQ(extension.OnCommand(kCommandIgnored, 0, 0), 0);
 }
 
-TEST(MultiRename, AnswersTheConstantsOfItsFifteenOperations) {
+TEST(MultiRename, ReturnsTheConstantsOfItsFifteenOperations) {
   FakeHelperMessage message;
   QXMultiRename extension;
   IPluginInterface& plugin = extension;
@@ -106,7 +106,7 @@ TEST(MultiRename, NullHostAtRegisterAndStartDoesNotCrash) {
   EXPECT_EQ(extension.OnShutdown(0), 0);
 }
 
-TEST(MultiRename, ShutdownTellsTheHostOnce) {
+TEST(MultiRename, ShutdownNotifiesTheHostOnce) {
   FakeHost host;
   QXMultiRename extension;
   extension.OnStart(&host);
@@ -115,10 +115,10 @@ TEST(MultiRename, ShutdownTellsTheHostOnce) {
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), testing::SizeIs(1));
   ASSERT_FALSE(host.recorder.Calls().empty());
   EXPECT_EQ(host.recorder.Calls().back(), "ExtensionClosed()");
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
-TEST(MultiRename, CommandOfTheShutdownTellsTheHostOnce) {
+TEST(MultiRename, CommandOfTheShutdownNotifiesTheHostOnce) {
   FakeHost host;
   QXMultiRename extension;
   extension.OnStart(&host);
@@ -127,10 +127,10 @@ TEST(MultiRename, CommandOfTheShutdownTellsTheHostOnce) {
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), IsEmpty());
   EXPECT_EQ(extension.OnCommand(kCommandShutdown, 0, 1), 0);
   EXPECT_THAT(host.recorder.CallsOf({"ExtensionClosed"}), testing::SizeIs(1));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
-TEST(NtfsProperties, AnswersTheConstantsOfItsThirteenOperations) {
+TEST(NtfsProperties, ReturnsTheConstantsOfItsThirteenOperations) {
   FakeHost host;
   NTFSProp extension;
   IFileProperties& properties = extension;
@@ -146,7 +146,7 @@ TEST(NtfsProperties, AnswersTheConstantsOfItsThirteenOperations) {
   EXPECT_FALSE(properties.Reserved6());
   EXPECT_FALSE(properties.Reserved7());
   EXPECT_FALSE(properties.Detach());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(NtfsProperties, GiveNoValueWhileTheyAreNotAttached) {

@@ -20,7 +20,7 @@ TEST(FormatTextOfText, ReplacesTheFirstTextConversion) {
   EXPECT_EQ(Filled("%s", "\xC3\xA4\xF0\x9F\x98\x80"), "\xC3\xA4\xF0\x9F\x98\x80");
 }
 
-TEST(FormatTextOfText, WhatStandsInTheTextIsNoFormat) {
+TEST(FormatTextOfText, ContentsOfTheTextAreNotAFormat) {
   EXPECT_EQ(Filled("<%s>", "%s%n%d%%"), "<%s%n%d%%>");
   EXPECT_EQ(Filled("%s and %s", "%s"), "%s and %s");
 }
@@ -30,7 +30,7 @@ TEST(FormatTextOfText, TwoPercentSignsAreOne) {
   EXPECT_EQ(Filled("%%s %s"), "%s t");
 }
 
-TEST(FormatTextOfText, WhatIsNoTextConversionStaysAsItStands) {
+TEST(FormatTextOfText, OtherConversionsThanOfTextAreUnchanged) {
   EXPECT_EQ(Filled("%d %n %s"), "%d %n t");
   EXPECT_EQ(Filled("100%"), "100%");
   EXPECT_EQ(Filled("%"), "%");

@@ -117,14 +117,14 @@ TEST(FormatText, DoubledPercentSignIsOne) {
   EXPECT_EQ(Filled("%%%%"), "%%");
 }
 
-TEST(FormatText, HostileConversionsStayAsTheyStand) {
+TEST(FormatText, HostileConversionsAreUnchanged) {
   for (const char* format :
        {"%s", "%n", "%p", "%c", "%f", "%S", "%hs", "%*d", "%1$d", "%q", "% ", "%\xC3\xA4"}) {
     EXPECT_EQ(Filled(std::string("a") + format + "b"), std::string("a") + format + "b") << format;
   }
 }
 
-TEST(FormatText, NumberBehindAHostileConversionIsFilledAllTheSame) {
+TEST(FormatText, NumberAfterAHostileConversionIsStillFilled) {
   EXPECT_EQ(Filled("%s %d"), "%s 7");
   EXPECT_EQ(Filled("%n%n%d"), "%n%n7");
   EXPECT_EQ(Filled("% % %d").back(), '7');
@@ -197,7 +197,7 @@ TEST(FormatCountText, FillsOnlyTheFirstConversion) {
   EXPECT_EQ(FilledText("%d of %s"), "7 of %s");
 }
 
-TEST(FormatCountText, OtherConversionsStayAsTheyStand) {
+TEST(FormatCountText, OtherConversionsAreUnchanged) {
   for (const char* format : {"%n", "%p", "%c", "%f", "%*s", "%1$s"}) {
     EXPECT_EQ(FilledText(std::string("a") + format + "b"), std::string("a") + format + "b") << format;
   }
@@ -233,7 +233,7 @@ TEST(FormatCounts, ConversionsLeftOverStayAndNumbersLeftOverAreNotShown) {
   EXPECT_EQ(FilledCounts("%d %%", {}), "%d %");
 }
 
-TEST(FormatCounts, HostileConversionsBetweenNumbersStayAsTheyStand) {
+TEST(FormatCounts, HostileConversionsBetweenNumbersAreUnchanged) {
   EXPECT_EQ(FilledCounts("%n %d %s %d %p", {1, 2}), "%n 1 %s 2 %p");
 }
 

@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 namespace {
 
-TEST(HelperMessage, OtherCodesAnswerZeroAndLeaveTheMessageUntouched) {
+TEST(HelperMessage, OtherCodesReturnZeroAndLeaveTheMessageUnchanged) {
   CQXUtils extension;
   for (const s32 code :
        {5002, 4999, 5005, 0, -1, 30000, std::numeric_limits<s32>::min(), std::numeric_limits<s32>::max()}) {
@@ -26,7 +26,7 @@ TEST(HelperMessage, OtherCodesAnswerZeroAndLeaveTheMessageUntouched) {
   }
 }
 
-TEST(HelperMessage, OtherCodesAnswerZeroToANullMessage) {
+TEST(HelperMessage, OtherCodesReturnZeroForANullMessage) {
   CQXUtils extension;
   for (const s32 code : {5002, 4999, 5005}) EXPECT_EQ(extension.OnHelperMessage(code, nullptr), 0) << code;
 }
@@ -60,7 +60,7 @@ class CreateLinkMessage : public testing::Test {
   CQXUtils extension_;
 };
 
-TEST_F(CreateLinkMessage, IsReadInItsOrderAndAnswered) {
+TEST_F(CreateLinkMessage, IsReadInItsOrderAndGetsAReply) {
   FakeHelperMessage message({u32{1}, link_, target_, u32{0}});
   EXPECT_EQ(extension_.OnHelperMessage(kHelperCreateLink, &message), 1);
   EXPECT_THAT(message.recorder.Calls(),

@@ -18,7 +18,7 @@ TEST(HostObject, GivesItsObjectBackOnceAtTheEndOfItsScope) {
     EXPECT_THAT(host.recorder.Open(), ElementsAre("list1"));
   }
   EXPECT_THAT(host.recorder.CallsOf({"list1.Release"}), ElementsAre("list1.Release()"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(HostObject, GivesItsObjectBackEarlyAndNotAgain) {
@@ -32,7 +32,7 @@ TEST(HostObject, GivesItsObjectBackEarlyAndNotAgain) {
     strings.Release();
   }
   EXPECT_THAT(host.recorder.CallsOf({"strings1.Release"}), ElementsAre("strings1.Release()"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(HostObject, MayHoldNothing) {
@@ -52,7 +52,7 @@ TEST(HostService, AsksForTheServiceAndGivesItBackWithTheNumberWanted) {
   EXPECT_THAT(host.recorder.Calls(),
               ElementsAre("GetService(3000, 0)", "ReleaseService(file operation, 0)", "GetService(3000, 0)",
                           "ReleaseService(file operation, 3000)"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(HostService, RefusedServiceIsNotGivenBack) {
@@ -60,5 +60,5 @@ TEST(HostService, RefusedServiceIsNotGivenBack) {
   host.recorder.Refuse("GetService");
   { HostService<IHostFileOperation> operation(host, kServiceFileOperation); }
   EXPECT_THAT(host.recorder.Calls(), ElementsAre("GetService(3000, 0)"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }

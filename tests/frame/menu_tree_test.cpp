@@ -169,7 +169,7 @@ TEST(MenuTree, HostWithoutAMenuBuilderGetsNoMenuAndRegisteringSucceeds) {
   CQXUtils extension;
   EXPECT_EQ(extension.OnRegister(&host), 1);
   EXPECT_THAT(host.recorder.CallsOf({"menu."}), testing::IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(MenuTree, HostWithoutACommandFactoryDoesNotCrash) {
@@ -202,7 +202,7 @@ TEST(MenuTree, NothingHangsUnderAMenuThatTheHostDidNotMake) {
     EXPECT_EQ(extension.OnRegister(&host), 1) << operation;
     EXPECT_THAT(host.recorder.CallsOf({std::string("menu.") + operation + "("}), Not(testing::IsEmpty()));
     EXPECT_THAT(host.recorder.Calls(), testing::Each(Not(testing::HasSubstr("(null")))) << operation;
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 

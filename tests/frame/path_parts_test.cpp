@@ -14,7 +14,7 @@ void ExpectSplit(const WString& path, const WString& folder, const WString& file
 
 }  // namespace
 
-TEST(SplitPath, CutsBehindTheLastBackslash) {
+TEST(SplitPath, CutsAfterTheLastBackslash) {
   ExpectSplit(W("C:\\a\\b.txt"), W("C:\\a\\"), W("b.txt"));
   ExpectSplit(W("C:\\b.txt"), W("C:\\"), W("b.txt"));
   ExpectSplit(W("\\\\server\\share\\x"), W("\\\\server\\share\\"), W("x"));
@@ -66,7 +66,7 @@ TEST(ChangeExtension, DotsOfTheFolderDoNotCount) {
   EXPECT_EQ(ChangeExtension({W("C:\\a.b\\"), W("name")}, W(".x")), W("C:\\a.b\\name.x"));
 }
 
-TEST(ChangeExtension, ExtensionIsTakenAsItStands) {
+TEST(ChangeExtension, ExtensionIsTakenUnchanged) {
   EXPECT_EQ(ChangeExtension({W(""), W("a.txt")}, W("x")), W("ax"));
   EXPECT_EQ(ChangeExtension({W(""), W("a.")}, W(".x")), W("a.x"));
   EXPECT_EQ(ChangeExtension({W(""), W(".profile")}, W(".x")), W(".x"));

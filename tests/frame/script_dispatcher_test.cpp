@@ -39,7 +39,7 @@ TEST(ScriptDispatcher, FindAndReplaceRunsItsTool) {
               Contains("LogMessage(0, 30, \"[Custom Cmd - FindAndReplace] - FILE : C:\\x.txt not found\")"));
 }
 
-TEST(ScriptDispatcher, AnswersAsTheToolDoes) {
+TEST(ScriptDispatcher, ReturnsTheResultOfTheTool) {
   FakeHost host;
   host.fileOperation.items = {host.AddFile(W("x.txt"))};
   FakeCommandCall call(kScriptSortLines);
@@ -58,7 +58,7 @@ TEST(ScriptDispatcher, WhatAToolThrowsReachesTheHost) {
   FakeCommandCall call(kScriptSortLines);
   call.values = {{"FILE", W("C:\\view\\x.txt")}, {"TARGET", W("*.*")}, {"KEEPTOP", W("many")}};
   EXPECT_THROW(extension.OnCustomCommand(&call), std::invalid_argument);
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(ScriptDispatcher, OtherNumbersAreNoneAndCallNothing) {

@@ -31,7 +31,7 @@ TEST(ScriptFile, HoldsTheFileInAListAndGivesAllBackInOrder) {
   EXPECT_THAT(lookup.host.recorder.Calls(),
               ElementsAre("file operation.ReleaseFileList(list1)", "ReleaseService(file operation, 3000)",
                           "list1.Release()"));
-  ExpectAllGivenBack(lookup.host);
+  ExpectAllReleased(lookup.host);
 }
 
 TEST(ScriptFile, GivesAllBackWhenSomethingIsThrownThroughIt) {
@@ -42,7 +42,7 @@ TEST(ScriptFile, GivesAllBackWhenSomethingIsThrownThroughIt) {
   } catch (const std::out_of_range&) {
   }
   EXPECT_THAT(lookup.host.recorder.Calls(), testing::Contains("file operation.ReleaseFileList(list1)"));
-  ExpectAllGivenBack(lookup.host);
+  ExpectAllReleased(lookup.host);
 }
 
 TEST(ScriptFile, GivesTheServiceBackAtOnceWhereNothingIsFound) {
@@ -53,7 +53,7 @@ TEST(ScriptFile, GivesTheServiceBackAtOnceWhereNothingIsFound) {
   EXPECT_THAT(lookup.host.recorder.Calls(),
               ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"C:\\view\\b.txt\", 1)",
                           "ReleaseService(file operation, 3000)"));
-  ExpectAllGivenBack(lookup.host);
+  ExpectAllReleased(lookup.host);
 }
 
 TEST(ScriptFile, HoldsNothingWhereTheHostRefuses) {
@@ -63,7 +63,7 @@ TEST(ScriptFile, HoldsNothingWhereTheHostRefuses) {
     const ScriptFile file(lookup.host, kPath);
     EXPECT_FALSE(file) << operation;
     EXPECT_EQ(file.List(), nullptr) << operation;
-    ExpectAllGivenBack(lookup.host);
+    ExpectAllReleased(lookup.host);
   }
 }
 

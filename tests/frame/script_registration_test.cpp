@@ -107,13 +107,13 @@ TEST(ScriptRegistration, ComesLastAtRegister) {
   EXPECT_EQ(extension.OnRegister(&host), 1);
   const int set = host.recorder.PositionOf("GetCustomCommandSet(QX.Utils)");
   ASSERT_GE(set, 0);
-  const Calls behind(host.recorder.Calls().begin() + set, host.recorder.Calls().end());
-  EXPECT_THAT(behind, Not(Contains(StartsWith("menu."))));
-  EXPECT_THAT(behind, Contains("set.Commit(1)").Times(1));
-  EXPECT_EQ(behind.back(), "set.Commit(1)");
+  const Calls following(host.recorder.Calls().begin() + set, host.recorder.Calls().end());
+  EXPECT_THAT(following, Not(Contains(StartsWith("menu."))));
+  EXPECT_THAT(following, Contains("set.Commit(1)").Times(1));
+  EXPECT_EQ(following.back(), "set.Commit(1)");
 }
 
-TEST(ScriptRegistration, WithoutASetNothingIsDeclaredAndTheMenusStand) {
+TEST(ScriptRegistration, WithoutASetNothingIsDeclaredAndTheMenusExist) {
   FakeHost host;
   host.recorder.Refuse("GetCustomCommandSet");
   CQXUtils extension;
@@ -122,7 +122,7 @@ TEST(ScriptRegistration, WithoutASetNothingIsDeclaredAndTheMenusStand) {
   EXPECT_THAT(host.recorder.Calls(), Contains("menu.AddCommand(menu 0x0960006D, command 30350, 1, 0)"));
 }
 
-TEST(ScriptRegistration, SetThatHoldsItsCommandsIsLeftAloneAndTheMenusStand) {
+TEST(ScriptRegistration, SetThatHasItsCommandsIsUnchangedAndTheMenusExist) {
   FakeHost host;
   host.scriptCommands.registered = true;
   CQXUtils extension;
@@ -155,7 +155,7 @@ TEST(ScriptRegistration, RefusedSecondCommandLosesItsParametersAndTheNextFollows
                                        kClosing})));
 }
 
-TEST(ScriptRegistration, RefusedLastCommandIsCommittedAllTheSame) {
+TEST(ScriptRegistration, RefusedLastCommandIsStillCommitted) {
   FakeHost host;
   host.scriptCommands.refusedCommand = "FindAndReplace";
   RegisterScriptCommands(host);

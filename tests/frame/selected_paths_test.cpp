@@ -16,13 +16,13 @@ TEST(SelectedPaths, AreTheFullPathsInTheirOrder) {
   EXPECT_THAT(host.recorder.CallsExcept({"list1.Get"}),
               ElementsAre("CreateFileList()", "FileListRequest(21215, list1, 18, 0)",
                           "item b.GetFullPath(2048)", "item a.GetFullPath(2048)", "list1.Release()"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SelectedPaths, AreNoneForAnEmptySelection) {
   FakeHost host;
   EXPECT_THAT(SelectedPaths(host), IsEmpty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SelectedPaths, AreNoneWhereTheHostRefuses) {
@@ -32,7 +32,7 @@ TEST(SelectedPaths, AreNoneWhereTheHostRefuses) {
     host.fillsRefusedLists = true;
     host.recorder.Refuse(operation);
     EXPECT_THAT(SelectedPaths(host), IsEmpty()) << operation;
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 

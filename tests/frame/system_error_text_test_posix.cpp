@@ -50,7 +50,7 @@ TEST(SystemErrorText, ANetworkErrorThatTheSystemKnowsHasItsText) {
   EXPECT_EQ(GetSystemErrorText(2250), W("This network connection does not exist.\r\n"));
 }
 
-TEST(SystemErrorText, ErrorsBesideTheNetworksLoadNoLibrary) {
+TEST(SystemErrorText, OtherErrorsThanOfTheNetworkLoadNoLibrary) {
   for (const DWORD error : {0u, 5u, 2099u, 3000u}) {
     const Faults::Scope faults;
     Faults::Watch("LoadLibraryExW");

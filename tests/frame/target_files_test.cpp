@@ -34,7 +34,7 @@ TEST(PathOf, GivesEachPathOfAnItem) {
   EXPECT_EQ(PathOf(*item, &IHostFileItem::GetFullPath), W("Z:\\folder\\a.txt"));
   EXPECT_EQ(PathOf(*item, &IHostFileItem::GetFolderPath), W("Z:\\folder"));
   EXPECT_EQ(PathOf(*item, &IHostFileItem::GetParentPath), W("Z:\\folder\\"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(PathOf, PathsOfThousandsOfCharactersAreWhole) {
@@ -64,7 +64,7 @@ TEST(AskAboutTarget, TargetThatIsNotThereIsFreeWithoutAQuestion) {
   }
 }
 
-TEST(AskAboutTarget, SilentRunHasItsAnswer) {
+TEST(AskAboutTarget, SilentRunUsesItsDefaultAnswer) {
   const ScratchFolder scratch;
   const WString target = scratch.Write(W("a.txt"), "");
   FakeHost host;
@@ -86,7 +86,7 @@ TEST(AskAboutTarget, UserIsAskedWhateverMayBeOverwritten) {
       host.boxAnswers = {button};
       EXPECT_EQ(AskAboutTarget(host, target, {kTitle, false, mayOverwrite}), answer) << button;
       EXPECT_THAT(Boxes(host), ElementsAre(kQuestion));
-      ExpectAllGivenBack(host);
+      ExpectAllReleased(host);
     }
   }
 }

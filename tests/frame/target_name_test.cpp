@@ -37,11 +37,11 @@ TEST(TargetName, PatternWithoutADotKeepsTheExtension) {
   EXPECT_EQ(Target(W("photo.one.jpg"), W("*_new")), W("photo.one_new.jpg"));
 }
 
-TEST(TargetName, SuffixStandsBeforeTheExtension) {
+TEST(TargetName, SuffixIsBeforeTheExtension) {
   EXPECT_EQ(Target(W("photo.one.jpg"), W("*_x.*")), W("photo.one_x.jpg"));
 }
 
-TEST(TargetName, FullNameStandsForAsteriskDotAsteriskInTheNamePart) {
+TEST(TargetName, FullNameReplacesAsteriskDotAsteriskInTheNamePart) {
   EXPECT_EQ(Target(W("photo.one.jpg"), W("*.*.bak")), W("photo.one.jpg.bak"));
   EXPECT_EQ(Target(W("photo.one.jpg"), W("copy *.* of.txt")), W("copy photo.one.jpg of.txt"));
   EXPECT_EQ(Target(W("photo.one.jpg"), W("x*.*y.bak")), W("xphoto.one.jpgy.bak"));

@@ -65,7 +65,7 @@ TEST(BoxButtons, TheStyleIsFoundByTheButtonsInAnyOrder) {
   EXPECT_EQ(StyleOfButtons(std::vector<int>{}), 0u);
 }
 
-TEST(BoxButtons, AnAnswerPressesAButtonThatIsThere) {
+TEST(BoxButtons, AnAnswerPressesAnExistingButton) {
   EXPECT_EQ(ButtonOfAnswer(ButtonsOfStyle(1), {Answer::kOk, {}})->number, 1);
   EXPECT_EQ(ButtonOfAnswer(ButtonsOfStyle(4), {Answer::kNo, {}})->number, 7);
   EXPECT_FALSE(ButtonOfAnswer(ButtonsOfStyle(4), {Answer::kOk, {}}));

@@ -37,7 +37,7 @@ TEST_F(CommandLineTest, AnAnswerTakesOneArgumentAndMayBeRepeated) {
   EXPECT_THAT(line_.verb->Items(), ElementsAre("item"));
 }
 
-TEST_F(CommandLineTest, OptionsStandBeforeAndBehindTheVerb) {
+TEST_F(CommandLineTest, OptionsMayBeBeforeAndAfterTheVerb) {
   EXPECT_EQ(Parse({"--dry-run", "--config", "[c,d]", "menu", "--json", "--focus=f", "--class-b"}),
             std::nullopt);
   EXPECT_TRUE(line_.options.dryRun);
@@ -77,21 +77,23 @@ TEST_F(CommandLineTest, TheVersionEndsTheCallWell) {
 TEST_F(CommandLineTest, AMistakeIsNamedAndTheNearestWordProposed) {
   const std::pair<std::vector<std::string>, std::string> calls[] = {
       {{"comand", "30000", "a"},
-       R"("comand" is no verb; there are: info, menu, command, script, columns, rename, window. Did you mean command?)"},
+       R"("comand" is not a verb; the verbs are: info, menu, command, script, columns, rename, window. Did you mean command?)"},
       {{"Menu"},
-       R"("Menu" is no verb; there are: info, menu, command, script, columns, rename, window. Did you mean menu?)"},
+       R"("Menu" is not a verb; the verbs are: info, menu, command, script, columns, rename, window. Did you mean menu?)"},
       {{"frobnicate"},
-       R"("frobnicate" is no verb; there are: info, menu, command, script, columns, rename, window.)"},
+       R"("frobnicate" is not a verb; the verbs are: info, menu, command, script, columns, rename, window.)"},
       {{"sort-lines", "a"},
-       R"("sort-lines" is no verb; there are: info, menu, command, script, columns, rename, window. Did you mean command sort-lines?)"},
+       R"("sort-lines" is not a verb; the verbs are: info, menu, command, script, columns, rename, window. Did you mean command sort-lines?)"},
       {{"30150"},
-       R"("30150" is no verb; there are: info, menu, command, script, columns, rename, window. Did you mean command 30150?)"},
+       R"("30150" is not a verb; the verbs are: info, menu, command, script, columns, rename, window. Did you mean command 30150?)"},
       {{"sort", "a"},
-       R"("sort" is no verb; there are: info, menu, command, script, columns, rename, window. Did you mean command sort-lines?)"},
+       R"("sort" is not a verb; the verbs are: info, menu, command, script, columns, rename, window. Did you mean command sort-lines?)"},
       {{"sort-linse", "a"},
-       R"("sort-linse" is no verb; there are: info, menu, command, script, columns, rename, window. Did you mean command sort-lines?)"},
-      {{"5", "a"}, R"("5" is no verb; there are: info, menu, command, script, columns, rename, window.)"},
-      {{"--", "-x"}, R"("-x" is no verb; there are: info, menu, command, script, columns, rename, window.)"},
+       R"("sort-linse" is not a verb; the verbs are: info, menu, command, script, columns, rename, window. Did you mean command sort-lines?)"},
+      {{"5", "a"},
+       R"("5" is not a verb; the verbs are: info, menu, command, script, columns, rename, window.)"},
+      {{"--", "-x"},
+       R"("-x" is not a verb; the verbs are: info, menu, command, script, columns, rename, window.)"},
       {{"--anwser", "ok", "command", "30000"}, "command has no option --anwser. Did you mean --answer?"},
       {{"command", "30000", "a", "--anwser=ok"}, "command has no option --anwser. Did you mean --answer?"},
       {{"--dry", "menu"}, "menu has no option --dry. Did you mean --dry-run?"},
@@ -104,13 +106,13 @@ TEST_F(CommandLineTest, AMistakeIsNamedAndTheNearestWordProposed) {
       {{"info", "--module"}, "--module needs a value: --module PATH."},
       {{"--answer", "ok", "--answer", "ok", "info", "--answer"}, "--answer needs a value: --answer A."},
       {{"--focus", "a", "info", "--focus", "b"}, "--focus is given more than once."},
-      {{}, "say what to do: info, menu, command, script, columns, rename, window."},
+      {{}, "give a verb: info, menu, command, script, columns, rename, window."},
   };
   for (const auto& [arguments, message] : calls) {
     recorded_.problems.clear();
     CommandLine line;
     EXPECT_EQ(ParseCommandLine(arguments, MakeVerbs(), line, recorded_.output), 2);
-    EXPECT_EQ(recorded_.problems, "qxhost: " + message + " qxhost --help tells more.\n");
+    EXPECT_EQ(recorded_.problems, "qxhost: " + message + " qxhost --help shows more.\n");
   }
   EXPECT_EQ(recorded_.Out(), "");
 }
@@ -120,7 +122,7 @@ TEST_F(CommandLineTest, AMissingCommandIsNamedWithWhatItIs) {
   EXPECT_EQ(
       recorded_.problems,
       "qxhost: command needs NUMBER|NAME: The command's number, or its name or a beginning of it that no "
-      "other name has. qxhost --help tells more.\n");
+      "other name has. qxhost --help shows more.\n");
 }
 
 TEST_F(CommandLineTest, AScriptCommandHasNoItems) {

@@ -88,7 +88,7 @@ TEST(CommandNames, ANumberWithoutANameHasNone) {
   }
 }
 
-TEST(CommandNames, EveryNumberIsTakenAsItStands) {
+TEST(CommandNames, EveryNumberIsTakenUnchanged) {
   EXPECT_EQ(CommandOfText("30150"), 30150);
   EXPECT_EQ(CommandOfText("-1"), -1);
   EXPECT_EQ(CommandOfText("0"), 0);
@@ -96,7 +96,7 @@ TEST(CommandNames, EveryNumberIsTakenAsItStands) {
   EXPECT_EQ(CommandOfText("2147483647"), 2147483647);
 }
 
-TEST(CommandNames, ABeginningThatOneNameHasAndAnyCaseWillDo) {
+TEST(CommandNames, AUniquePrefixInAnyCaseIsEnough) {
   EXPECT_EQ(CommandOfText("sort-l"), 30150);
   EXPECT_EQ(CommandOfText("sort"), 30150);
   EXPECT_EQ(CommandOfText("SORT-Lines"), 30150);
@@ -105,7 +105,7 @@ TEST(CommandNames, ABeginningThatOneNameHasAndAnyCaseWillDo) {
   EXPECT_EQ(CommandOfText("control-file"), 6161);
 }
 
-TEST(CommandNames, ABeginningThatSeveralNamesHaveListsThem) {
+TEST(CommandNames, AnAmbiguousPrefixListsItsNames) {
   EXPECT_EQ(RefusalOf("control-loc"),
             "more than one command begins with \"control-loc\": control-location-and-other-sensors, "
             "control-location-settings. Type more of its name");
@@ -115,7 +115,7 @@ TEST(CommandNames, ABeginningThatSeveralNamesHaveListsThem) {
 }
 
 TEST(CommandNames, WhatIsNoneIsRefusedWithTheNearestName) {
-  constexpr char kIsNone[] = " is no command: give its number or its name, as `qxhost menu` shows them";
+  constexpr char kIsNone[] = " is not a command: give its number or its name, as `qxhost menu` shows them";
   EXPECT_EQ(RefusalOf("sort-lnies"), std::string("\"sort-lnies\"") + kIsNone + ". Did you mean sort-lines?");
   EXPECT_EQ(RefusalOf("SortLines"), std::string("\"SortLines\"") + kIsNone + ". Did you mean sort-lines?");
   EXPECT_EQ(RefusalOf("sort-lines-now"),

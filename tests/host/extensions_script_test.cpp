@@ -52,7 +52,7 @@ TEST_F(ExtensionsTest, AScriptCommandGoesToWhoDeclaredItWithItsParameters) {
   EXPECT_EQ(recorded_.Out(), "");
 }
 
-TEST_F(ExtensionsTest, WhatAScriptCommandSetsIsToldWithWhatItHasPostedBeforeIt) {
+TEST_F(ExtensionsTest, ResultOfAScriptCommandIsReportedAfterWhatItHasPosted) {
   DeclareScriptCommands();
   onScript = [](IHostApp& host, IHostCommandCall& call) {
     host.PostCommand(kCommandReadSelection, 5, 6);
@@ -80,8 +80,9 @@ TEST_F(ExtensionsTest, AScriptCommandThatIsNoneNamesThoseThereAre) {
     extensions.ScriptCommand("Joins");
     FAIL() << "nothing was thrown";
   } catch (const BadCall& refusal) {
-    EXPECT_STREQ(refusal.what(),
-                 "\"Joins\" is no script command; there are: Join, Split. Did you mean Join?");
+    EXPECT_STREQ(
+        refusal.what(),
+        "\"Joins\" is not a script command; the script commands are: Join, Split. Did you mean Join?");
   }
   EXPECT_THROW(RunScript(extensions, "Join", {}), BadCall);
   EXPECT_THAT(calls, IsEmpty());
@@ -102,7 +103,7 @@ TEST_F(ExtensionsTest, WhatAScriptCommandThrowsIsAFailureOfTheModule) {
   }
 }
 
-TEST_F(ExtensionsTest, ScriptCommandsAreToldInTheirOrderOrOneOfThem) {
+TEST_F(ExtensionsTest, AllScriptCommandsAreReportedInOrderOrOneOfThem) {
   DeclareScriptCommands();
   Extensions extensions(shared_, exports_);
   extensions.Start();

@@ -15,7 +15,7 @@ namespace {
 
 using namespace Velmora::SDK;
 
-TEST_F(ExtensionsTest, AResultListIsToldWithItsMarker) {
+TEST_F(ExtensionsTest, AResultListIsReportedWithItsMarker) {
   extensionCount = 1;
   shared_.view.emplace(shared_.items, std::vector<FileItem*>{}, nullptr, WString());
   const WString path = scratch_.Write(W("a.txt"), "");
@@ -38,7 +38,7 @@ TEST_F(ExtensionsTest, AResultListIsToldWithItsMarker) {
               testing::StartsWith("{\"event\":\"list\",\"request\":21120,\"marker\":1,\"items\":[\""));
 }
 
-TEST_F(ExtensionsTest, AMissingTextIsEmptyAndToldOnce) {
+TEST_F(ExtensionsTest, AMissingTextIsEmptyAndReportedOnce) {
   extensionCount = 1;
   onRegister = [](IHostApp& host) {
     for (int time = 0; time < 3; ++time) {
@@ -57,7 +57,7 @@ TEST_F(ExtensionsTest, AMissingTextIsEmptyAndToldOnce) {
             "{\"event\":\"missing-text\",\"id\":9}\n");
 }
 
-TEST_F(ExtensionsTest, LogLinesAreFilledInAndTold) {
+TEST_F(ExtensionsTest, LogLinesAreFilledInAndReported) {
   extensionCount = 1;
   onRegister = [](IHostApp& host) {
     host.LogMessage(1, 30, W("FILE : %s not found (%d)"), W("x"), 2);
@@ -73,7 +73,7 @@ TEST_F(ExtensionsTest, LogLinesAreFilledInAndTold) {
             "{\"event\":\"log\",\"category\":0,\"level\":10,\"text\":\"\"}\n");
 }
 
-TEST_F(ExtensionsTest, ARefreshIsToldWhenTheServiceIsGivenBack) {
+TEST_F(ExtensionsTest, ARefreshIsReportedWhenTheServiceIsReleased) {
   extensionCount = 1;
   onRegister = [this](IHostApp& host) {
     auto* const refresh = static_cast<IHostViewRefresh*>(host.GetService(kServiceViewRefresh, 0));

@@ -103,7 +103,7 @@ TEST_F(ExtensionsTest, AWindowThatIsNotOpenedIsNotWaitedFor) {
   EXPECT_EQ(extensions.RunWindow(kCommandMultiRename), 0);
 }
 
-TEST_F(ExtensionsTest, AnExtensionThatClosedBeforeItsWindowOpensIsWaitedForAllTheSame) {
+TEST_F(ExtensionsTest, AnExtensionThatClosedBeforeItsWindowOpensIsStillWaitedFor) {
   OtherThread window;
   bool isServed = false;
   onCommand = [&](IHostApp& host, s32 number) {
@@ -153,7 +153,7 @@ TEST_F(ExtensionsTest, AnEventOfAControlGoesToItsExtensionWhileThatLives) {
   EXPECT_THAT(calls, IsEmpty());
 }
 
-TEST_F(ExtensionsTest, WhatTheModuleThrowsOutOfAnEventIsToldAndGoesNoFurther) {
+TEST_F(ExtensionsTest, ExceptionOfTheModuleInAnEventIsReportedAndCaught) {
   HostApp* host = nullptr;
   onCommand = [&](IHostApp& hostOfCommand, s32) {
     host = static_cast<HostApp*>(&hostOfCommand);

@@ -90,7 +90,7 @@ TEST_F(FileItemTest, AFolderHasNoExtensionAndAFileWithoutADotNeither) {
   EXPECT_EQ(Extension(file, 1), W(""));
 }
 
-TEST_F(FileItemTest, ANameWhoseOnlyDotStandsFirstIsAllExtension) {
+TEST_F(FileItemTest, ANameWhoseOnlyDotIsFirstIsAllExtension) {
   scratch_.Write(W(".profile"), "");
   FileItem& profile = *tree_.Find(scratch_.Path(W(".profile")));
   EXPECT_EQ(BaseName(profile), W(""));

@@ -26,19 +26,19 @@ class ListedFiles final : public FileView {
     return folder->second.contains(fullPath.substr(nameAt)) ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
   }
   bool AreOneFile(const WString& left, const WString& right) override { return left == right; }
-  bool IsCaseBlindBeside(const WString&) override { return isCaseBlind; }
+  bool IgnoresCaseInFolderOf(const WString&) override { return ignoresCase; }
   bool ReadNames(const WString& folder, std::size_t most, FolderNames& names) override {
     names.Clear();
-    names.mostNameBytes = mostNameBytes;
+    names.maxNameBytes = maxNameBytes;
     if (isUnreadable || folders[folder].size() > most) return false;
     for (const auto& [name, kind] : folders[folder]) names.Add(name, kind);
     return true;
   }
 
   std::map<WString, std::map<WString, Kind>> folders;
-  bool isCaseBlind = false;
+  bool ignoresCase = false;
   bool isUnreadable = false;
-  std::size_t mostNameBytes = 255;
+  std::size_t maxNameBytes = 255;
 };
 
 class FlatRenamesTest : public testing::Test {
@@ -73,7 +73,7 @@ TEST_F(FlatRenamesTest, ARefusedRenameIsNot) {
   EXPECT_THAT(Decided(), ElementsAre(true, false));
 }
 
-TEST_F(FlatRenamesTest, AFolderInWhichNamesMeetIsLeftToThePlan) {
+TEST_F(FlatRenamesTest, AFolderWithCollidingNamesIsLeftToThePlan) {
   Rename(0, W("a"), W("x"));
   Rename(1, W("a"), W("B"));
   Exists(1, W("b"));
@@ -86,7 +86,7 @@ TEST_F(FlatRenamesTest, AFolderInWhichNamesMeetIsLeftToThePlan) {
   EXPECT_THAT(Decided(), ElementsAre(true, false, false, false, false, false, false, false));
 }
 
-TEST_F(FlatRenamesTest, AChangeOfCaseIsDecidedWhereCaseTellsNamesApart) {
+TEST_F(FlatRenamesTest, AChangeOfCaseIsDecidedWhereNamesAreCaseSensitive) {
   Rename(0, W("a"), W("A"));
   EXPECT_THAT(Decided(), ElementsAre(true));
   Exists(0, W("A"));
@@ -95,7 +95,7 @@ TEST_F(FlatRenamesTest, AChangeOfCaseIsDecidedWhereCaseTellsNamesApart) {
 
 TEST_F(FlatRenamesTest, AFolderThatIsBlindToCaseIsLeftToThePlan) {
   Rename(0, W("a"), W("b"));
-  files_.isCaseBlind = true;
+  files_.ignoresCase = true;
   EXPECT_THAT(Decided(), ElementsAre(false));
 }
 
@@ -130,30 +130,32 @@ TEST_F(FlatRenamesTest, NothingIsDecidedWhereOneFolderMayHaveTwoSpellings) {
 
 TEST_F(FlatRenamesTest, ANameThatMayBeTooLongIsLeftToThePlan) {
   Rename(0, W("a"), W("\u00E9\u00E9"));
-  files_.mostNameBytes = 4;
+  files_.maxNameBytes = 4;
   EXPECT_THAT(Decided(), ElementsAre(true));
-  files_.mostNameBytes = 3;
+  files_.maxNameBytes = 3;
   EXPECT_THAT(Decided(), ElementsAre(false));
   wanted_.rows[0].newName = W("\xDC80");
-  files_.mostNameBytes = 255;
+  files_.maxNameBytes = 255;
   EXPECT_THAT(Decided(), ElementsAre(false));
 }
 
 // The same files, in folders that cannot be listed.
-class LookedAtFiles final : public FileView {
+class ExaminedFiles final : public FileView {
  public:
   DWORD Look(const WString& fullPath) override { return disk_.Look(fullPath); }
   bool AreOneFile(const WString& left, const WString& right) override {
     return disk_.AreOneFile(left, right);
   }
-  bool IsCaseBlindBeside(const WString& fullPath) override { return disk_.IsCaseBlindBeside(fullPath); }
+  bool IgnoresCaseInFolderOf(const WString& fullPath) override {
+    return disk_.IgnoresCaseInFolderOf(fullPath);
+  }
   bool ReadNames(const WString&, std::size_t, FolderNames&) override { return false; }
 
  private:
   DiskView disk_;
 };
 
-TEST(FlatRenamesRandomTest, PlansAreThoseOfALookAtEachName) {
+TEST(FlatRenamesRandomTest, PlansAreTheSameAsWithALookupOfEachName) {
   std::mt19937 random(815);
   const auto below = [&random](std::size_t bound) { return static_cast<std::size_t>(random() % bound); };
   const WCHAR* const names[] = {W("a"),      W("b"),      W("A"), W("c"), W("ab"),
@@ -189,9 +191,9 @@ TEST(FlatRenamesRandomTest, PlansAreThoseOfALookAtEachName) {
         }
       }
       DiskView disk;
-      LookedAtFiles looked;
+      ExaminedFiles examined;
       const RenamePlan plan = PlanRenames(wanted, disk);
-      const RenamePlan expected = PlanRenames(wanted, looked);
+      const RenamePlan expected = PlanRenames(wanted, examined);
       EXPECT_EQ(plan.results, expected.results) << shown;
       EXPECT_EQ(plan.folders, expected.folders) << shown;
       std::vector<std::uint32_t> order = plan.order;

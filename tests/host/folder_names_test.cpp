@@ -25,21 +25,21 @@ TEST(FolderNamesTest, ANameIsFoundByItsVerySpelling) {
   EXPECT_EQ(names.Count(), 0u);
 }
 
-TEST(FolderNamesTest, NamesThatDifferInCaseAloneMeet) {
+TEST(FolderNamesTest, NamesThatDifferInCaseAloneCollide) {
   FolderNames names;
   names.Add(W("Stra\u00DFe \u00C4b.txt"), Kind::kFile);
   const std::uint32_t own = names.Find(W("Stra\u00DFe \u00C4b.txt"));
   const std::uint64_t like = FolderNames::HashOf(W("STRA\u00DFE \u00E4B.TXT"));
-  EXPECT_TRUE(names.HasLike(like, FolderNames::kNone));
-  EXPECT_FALSE(names.HasLike(like, own));
-  EXPECT_FALSE(names.HasLike(FolderNames::HashOf(W("Strasse \u00C4b.txt")), FolderNames::kNone));
-  EXPECT_FALSE(names.HasLike(FolderNames::HashOf(W("Stra\u00DFe \u00C4b.tx")), FolderNames::kNone));
+  EXPECT_TRUE(names.HasHash(like, FolderNames::kNone));
+  EXPECT_FALSE(names.HasHash(like, own));
+  EXPECT_FALSE(names.HasHash(FolderNames::HashOf(W("Strasse \u00C4b.txt")), FolderNames::kNone));
+  EXPECT_FALSE(names.HasHash(FolderNames::HashOf(W("Stra\u00DFe \u00C4b.tx")), FolderNames::kNone));
 }
 
-TEST(FolderNamesTest, AWantedNameMeetsOthersAndIsNotFound) {
+TEST(FolderNamesTest, AWantedNameCollidesWithOthersAndIsNotFound) {
   FolderNames names;
   names.AddWanted(FolderNames::HashOf(W("a")));
-  EXPECT_TRUE(names.HasLike(FolderNames::HashOf(W("A")), FolderNames::kNone));
+  EXPECT_TRUE(names.HasHash(FolderNames::HashOf(W("A")), FolderNames::kNone));
   EXPECT_EQ(names.Find(W("a")), FolderNames::kNone);
 }
 

@@ -18,7 +18,7 @@ class ReadFolderNamesTest : public testing::Test {
   FolderNames names_;
 };
 
-TEST_F(ReadFolderNamesTest, FilesFoldersAndLinksAreToldByTheirKind) {
+TEST_F(ReadFolderNamesTest, FilesFoldersAndLinksAreReportedWithTheirKind) {
   scratch_.Write(W("file"), "");
   scratch_.MakeFolder(W("folder"));
   ASSERT_EQ(symlink("folder", scratch_.NativePath(W("link")).c_str()), 0);

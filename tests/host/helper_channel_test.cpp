@@ -65,7 +65,7 @@ TEST(HelperChannel, ItMayBeUsedAgain) {
   }
 }
 
-TEST(HelperChannel, WhoeverForgetsToDisconnectLeavesNoHelperBehind) {
+TEST(HelperChannel, WithoutADisconnectNoHelperRemains) {
   HelperChannel channel(RealHelper());
   EXPECT_TRUE(channel.Connect());
 }
@@ -87,7 +87,7 @@ TEST(HelperChannel, NothingIsSentBeforeConnectOrWithoutData) {
   EXPECT_EQ(channel.Send(kHelperCreateLink, "abcd", 4), DWORD{ERROR_BROKEN_PIPE});
 }
 
-TEST(HelperChannel, AMessageThatIsCutIsAnsweredAsInvalid) {
+TEST(HelperChannel, AMessageThatIsCutIsRejectedAsInvalid) {
   HelperChannel channel(RealHelper());
   ASSERT_TRUE(channel.Connect());
   EXPECT_EQ(channel.Send(kHelperCreateLink, "abcd", 4), DWORD{ERROR_INVALID_DATA});

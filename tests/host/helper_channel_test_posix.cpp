@@ -44,7 +44,7 @@ TEST(BadHelper, OneThatGreetsOtherwiseIsNotReached) {
   EXPECT_FALSE(channel.Connect());
 }
 
-TEST(BadHelper, OneThatDoesNotAnswerIsGivenUpInTime) {
+TEST(BadHelper, OneThatDoesNotReplyTimesOut) {
   EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort), ERROR_TIMEOUT);
 }
 
@@ -52,7 +52,7 @@ TEST(BadHelper, OneThatDoesNotListenIsGivenUpInTime) {
   EXPECT_EQ(SendTo("printf QXH1; exec sleep 1000", kShort, 50'000'000), ERROR_TIMEOUT);
 }
 
-TEST(BadHelper, OneThatAnswersInPartIsGivenUpInTime) {
+TEST(BadHelper, OneThatRepliesInPartTimesOut) {
   EXPECT_EQ(SendTo("printf QXH1QXRP; exec sleep 1000", kShort), ERROR_TIMEOUT);
 }
 
@@ -62,7 +62,7 @@ TEST(BadHelper, OneThatDiesIsABrokenPipe) {
   EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; exit 3", kLong, 50'000'000), ERROR_BROKEN_PIPE);
 }
 
-TEST(BadHelper, OneThatAnswersRubbishIsInvalidData) {
+TEST(BadHelper, OneThatRepliesWithGarbageIsInvalidData) {
   EXPECT_EQ(SendTo("printf QXH1; head -c 16 >/dev/null; printf 'this is no reply at all'", kLong),
             ERROR_INVALID_DATA);
 }

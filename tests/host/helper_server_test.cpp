@@ -44,7 +44,7 @@ std::string Serve(FakeExtension& extension, const std::string& input) {
   return ServeHelperMessages(extension, streams) ? output : output + "!";
 }
 
-TEST(HelperServer, GreetsAndAnswersEachMessage) {
+TEST(HelperServer, GreetsAndRepliesToEachMessage) {
   FakeExtension extension;
   std::vector<std::pair<s32, std::string>> messages;
   extension.onMessage = [&](s32 code, IHostHelperMessage& message) {
@@ -65,7 +65,7 @@ TEST(HelperServer, AMessageThatTheExtensionDoesNotKnowIsSaidToBeNone) {
   EXPECT_EQ(Serve(extension, kRequest), "QXH1QXRP\0\0\0\0\0\0\0\0\x1F\0\0\0"s);
 }
 
-TEST(HelperServer, AnAnswerThatNobodySetIsNoSuccess) {
+TEST(HelperServer, AReplyThatWasNotSetIsNotASuccess) {
   FakeExtension extension;
   extension.onMessage = [](s32, IHostHelperMessage&) { return 1; };
   EXPECT_EQ(Serve(extension, kRequest), "QXH1QXRP\x01\0\0\0\0\0\0\0\x1F\0\0\0"s);

@@ -26,13 +26,13 @@ SystemAnswers AnswersIn(const ScratchFolder& scratch) {
 class DockedWindow final : public IMultiWindow {
  public:
   HWND GetHandle() override {
-    ++asked;
+    ++requests;
     return reinterpret_cast<HWND>(this);
   }
   bool FilterMessage(tagMSG*) override { return false; }
   void DestroyHandle() override {}
 
-  int asked = 0;
+  int requests = 0;
 };
 
 class HostControlsTest : public testing::Test {
@@ -58,7 +58,7 @@ TEST_F(HostControlsTest, AContainerIsMadeAndTheListInIt) {
   ASSERT_NE(docks, nullptr);
   DockedWindow window;
   docks->Dock(&window, 230);
-  EXPECT_EQ(window.asked, 1);
+  EXPECT_EQ(window.requests, 1);
   const HWND handle = docks->CreateControl(500, 200);
   auto* const list = Service<IHostListControl>(500, handle);
   ASSERT_NE(list, nullptr);

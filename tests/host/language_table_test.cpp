@@ -28,7 +28,7 @@ struct Parsed {
   LanguageTable table;
 };
 
-TEST(LanguageTable, TextsStandBelowTheHeadingOfTheirModule) {
+TEST(LanguageTable, TextsAreBelowTheHeadingOfTheirModule) {
   const Parsed parsed("[A]\n0x00010063\tone\n[B]\n0x00010063\tother\n[A]\n0x00020063\ttwo\n");
   EXPECT_EQ(parsed.First("A", 0x00010063), W("one"));
   EXPECT_EQ(parsed.First("A", 0x00020063), W("two"));

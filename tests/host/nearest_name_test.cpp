@@ -51,7 +51,7 @@ TEST(NearestName, TheOneWithTheFewestMistakesIsTakenAndTheFirstOfSeveral) {
   EXPECT_EQ(NearestOf("sort", {"port", "SORT"}), "SORT");
 }
 
-TEST(NearestName, ABeginningOfTwoCharactersIsNear) {
+TEST(NearestName, APrefixOfTwoCharactersIsNear) {
   EXPECT_EQ(NearestName("co", kVerbNames), "command");
   EXPECT_EQ(NearestName("c", kVerbNames), "");
   EXPECT_EQ(NearestOf("--dry", {"--dry-run"}), "--dry-run");

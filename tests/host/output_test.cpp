@@ -11,7 +11,7 @@ namespace {
 
 using Velmora::SDK::kListResult;
 
-TEST(Output, LinesAreGatheredAndProblemsComeBehindThem) {
+TEST(Output, LinesAreCollectedAndProblemsComeAfterThem) {
   RecordedOutput recorded;
   recorded.output.Line("one");
   EXPECT_EQ(recorded.out, "");

@@ -82,7 +82,7 @@ TEST(FullPathOf, KeepsDotsAndBlanksAtTheEndOfNames) {
   EXPECT_EQ(FullPathOf(W("sub/../a /b")), *FullPathOf(W(".")) + W("\\a \\b"));
 }
 
-TEST(FullPathOf, TheLongFormMeansItsNamesAsTheyStand) {
+TEST(FullPathOf, TheLongFormUsesItsNamesUnchanged) {
   EXPECT_EQ(FullPathOf(W("\\\\?\\Z:\\d\\z.")), W("Z:\\d\\z."));
   EXPECT_EQ(FullPathOf(W("\\\\?\\Z:\\d \\z\\")), W("Z:\\d \\z"));
   EXPECT_EQ(FullPathOf(W("\\\\?\\Z:\\")), W("Z:\\"));

@@ -35,7 +35,7 @@ class PresentFilesTest : public testing::Test {
   }
 
   // Saves like a program that writes a new file and renames it over the old one.
-  void SaveAnew(WStringView name) const {
+  void SaveAgain(WStringView name) const {
     scratch_.Write(W("new file"), "new");
     Move(W("new file"), name);
   }
@@ -78,7 +78,7 @@ TEST_F(PresentFilesTest, AFileThatWasSavedAnewGoesByItsNameAndIsNoted) {
   NoteAll();
   Move(W("b"), W("c"));
   Move(W("a"), W("b"));
-  SaveAnew(W("b"));
+  SaveAgain(W("b"));
   const std::vector<PresentFile> found = Find();
   EXPECT_EQ(found[0].presence, Presence::kByName);
   EXPECT_EQ(found[1].presence, Presence::kThere);
@@ -101,8 +101,8 @@ TEST_F(PresentFilesTest, AnExchangeOfWhichBothFilesAreOthersIsLeftAloneUnlessThe
   Plan(W("a"), W("b"));
   Plan(W("b"), W("a"));
   NoteAll();
-  SaveAnew(W("a"));
-  SaveAnew(W("b"));
+  SaveAgain(W("a"));
+  SaveAgain(W("b"));
   // The new files may have been given the file numbers of the old ones.
   constexpr FileIndex kOther = 1;
   notes_.files = {kOther, kOther + 1};
@@ -128,7 +128,7 @@ TEST_F(PresentFilesTest, WithoutNotesAnExchangeIsTakenBackOnceAndNoted) {
   EXPECT_THAT(Presences(), ElementsAre(Presence::kTaken, Presence::kTaken));
 }
 
-TEST_F(PresentFilesTest, OfAPlanWhoseNamesDoNotMeetTheyAreEnough) {
+TEST_F(PresentFilesTest, NamesAreEnoughForAPlanWithoutCollisions) {
   Plan(W("a"), W("x"));
   Plan(W("b"), W("y"));
   NoteAll();

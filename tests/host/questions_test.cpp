@@ -49,7 +49,7 @@ class QuestionsTest : public testing::Test {
   WString digit_ = W("1");
 };
 
-TEST_F(QuestionsTest, ABoxTakesTheNextAnswer) {
+TEST_F(QuestionsTest, ABoxUsesTheNextAnswer) {
   Questions& questions = Ask({"ok", "cancel"});
   EXPECT_EQ(questions.AskBox(W("T"), W("text"), 33), 1);
   EXPECT_EQ(questions.AskBox(W("T"), W("text"), 33), 2);
@@ -71,9 +71,9 @@ TEST_F(QuestionsTest, WithoutAnswerAndTerminalTheHarmlessButtonIsPressed) {
   EXPECT_FALSE(questions.HasRefused());
 }
 
-TEST_F(QuestionsTest, AQuestionThatNobodyCanAnswerSaysSo) {
+TEST_F(QuestionsTest, AQuestionWithoutAnswerAndTerminalIsReported) {
   constexpr char kNote[] =
-      "qxhost: note: question cancelled: there is nobody to ask; give --answer for \"T\": ";
+      "qxhost: note: question cancelled: there is no terminal; give --answer for \"T\": ";
   Ask({}).AskBox(W("T"), W(""), 0x23);
   EXPECT_EQ(recorded_.problems, std::string(kNote) + "yes, no, cancel\n");
   recorded_.problems.clear();
@@ -91,15 +91,15 @@ TEST_F(QuestionsTest, AQuestionThatNobodyCanAnswerSaysSo) {
             std::string(kNote) + "ok, with --form FIELD=VALUE for what is to be changed\n");
 }
 
-TEST_F(QuestionsTest, ThereIsNoSuchNoteWhereSomebodyAnswersOrThereIsNothingToAsk) {
+TEST_F(QuestionsTest, ThereIsNoSuchNoteWithAnAnswerOrWithoutAQuestion) {
   Ask({}).AskBox(W("T"), W("only OK"), 0);
   Ask({"cancel"}).AskBox(W("T"), W(""), 1);
   AskPerson({}).AskBox(W("T"), W(""), 1);
   AskPerson({}).AskText(W("T"), W(""), W(""), W(""));
-  EXPECT_THAT(recorded_.problems, testing::Not(HasSubstr("nobody")));
+  EXPECT_THAT(recorded_.problems, testing::Not(HasSubstr("there is no terminal")));
 }
 
-TEST_F(QuestionsTest, APersonMayTypeAnyCaseAndABeginningThatOneButtonHas) {
+TEST_F(QuestionsTest, TheTerminalAcceptsAnyCaseAndAUniquePrefixOfAButton) {
   EXPECT_EQ(AskPerson({"OK"}).AskBox(W("T"), W(""), 1), 1);
   EXPECT_EQ(AskPerson({"C"}).AskBox(W("T"), W(""), 1), 2);
   EXPECT_EQ(AskPerson({"y"}).AskBox(W("T"), W(""), 3), 6);
@@ -140,7 +140,7 @@ TEST_F(QuestionsTest, AnAnswerThatDoesNotFitCancelsAndRefusesTheCall) {
   EXPECT_TRUE(questions_->HasRefused());
 }
 
-TEST_F(QuestionsTest, ATextTakesItsAnswerOrTheDefault) {
+TEST_F(QuestionsTest, ATextQuestionUsesItsAnswerOrTheDefault) {
   Questions& questions = Ask({"text=new", "ok", "text=", "cancel"});
   EXPECT_EQ(questions.AskText(W("T"), W("P"), W("old"), W("hint")), W("new"));
   EXPECT_EQ(questions.AskText(W("T"), W("P"), W("old"), W("")), W("old"));
@@ -255,7 +255,7 @@ TEST_F(QuestionsTest, AWrongWordIsRefusedWithTheWordsThatTheFieldTakes) {
       HasSubstr("the field digit cannot be itm: it takes line, substring, item. Did you mean item?\n"));
 }
 
-TEST_F(QuestionsTest, AValueThatIsRefusedIsToldWithWhatTheFieldTakes) {
+TEST_F(QuestionsTest, ARefusedValueIsReportedWithWhatTheFieldAccepts) {
   std::vector<DialogField> fields = Fields();
   fields[1].takes = "a number from 0 to 9";
   EXPECT_FALSE(Ask({"ok"}, {{"digit", W("x")}}).AskDialog("D", W("T"), W("Top"), fields));
@@ -269,7 +269,7 @@ TEST_F(QuestionsTest, AValueThatIsRefusedIsToldWithWhatTheFieldTakes) {
   EXPECT_THAT(recorded_.problems, HasSubstr("the field digit cannot be x: it takes a number from 0 to 9\n"));
 }
 
-TEST_F(QuestionsTest, AValueThatIsCutIsToldWithWhatTheFieldTakes) {
+TEST_F(QuestionsTest, ATruncatedValueIsReportedWithWhatTheFieldAccepts) {
   std::vector<DialogField> fields = Fields();
   fields[0].takes = "1 character";
   fields[0].set = [this](const WString& text) {
@@ -364,7 +364,7 @@ TEST_F(QuestionsTest, APersonIsAskedAgainWhileOkIsDisabled) {
   EXPECT_FALSE(questions_->HasRefused());
 }
 
-TEST_F(QuestionsTest, APersonIsAskedUntilTheAnswerFits) {
+TEST_F(QuestionsTest, TheTerminalIsAskedUntilTheAnswerFits) {
   EXPECT_EQ(AskPerson({"what", "", "ok"}).AskBox(W("T"), W("text"), 1), 1);
   EXPECT_EQ(AskPerson({}).AskBox(W("T"), W("text"), 1), 2);
   EXPECT_EQ(AskPerson({"typed"}).AskText(W("T"), W(""), W("old"), W("")), W("typed"));

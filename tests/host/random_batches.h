@@ -30,7 +30,7 @@ class RandomBatches {
  public:
   explicit RandomBatches(std::uint32_t seed) : random_(seed) {
     scratch_.Write(W("probe"), "");
-    isCaseBlind_ = scratch_.Exists(W("PROBE"));
+    ignoresCase_ = scratch_.Exists(W("PROBE"));
     std::filesystem::remove(scratch_.NativePath(W("probe")));
   }
 
@@ -48,7 +48,7 @@ class RandomBatches {
     for (std::size_t number = 0; number < count; ++number) {
       const WString folder = folders[Below(folders.size())];
       const WString path = folder + RandomName();
-      if (HasLike(tree, path)) continue;
+      if (HasEqualPath(tree, path)) continue;
       const bool isFolder = Below(3) == 0 && std::count(folder.begin(), folder.end(), W('\\')) < 2;
       tree[path] = isFolder ? "/" : "content " + std::to_string(number);
       if (isFolder) folders.push_back(path + W('\\'));
@@ -150,14 +150,14 @@ class RandomBatches {
 
   WString Key(WString path) const {
     for (WCHAR& character : path) {
-      if (isCaseBlind_ && character >= W('A') && character <= W('Z')) character += W('a') - W('A');
+      if (ignoresCase_ && character >= W('A') && character <= W('Z')) character += W('a') - W('A');
     }
     return path;
   }
   WString Target(const PlainRename& rename) const { return Key(FolderOf(rename.path) + rename.newName); }
   bool Moves(const PlainRename& rename) const { return Target(rename) != Key(rename.path); }
 
-  bool HasLike(const PlainTree& tree, const WString& path) const {
+  bool HasEqualPath(const PlainTree& tree, const WString& path) const {
     return std::any_of(tree.begin(), tree.end(),
                        [&](const auto& entry) { return Key(entry.first) == Key(path); });
   }
@@ -167,7 +167,7 @@ class RandomBatches {
     for (std::size_t row = 0; row < batch.size(); ++row) {
       if (Key(batch[row].path) == target && results[row] == 0 && Moves(batch[row])) return false;
     }
-    return HasLike(tree, target);
+    return HasEqualPath(tree, target);
   }
 
   static WString NewPath(const WString& path, const std::vector<PlainRename>& batch,
@@ -206,7 +206,7 @@ class RandomBatches {
   ScratchFolder scratch_;
   RecordedOutput recorded_;
   std::unique_ptr<Reporter> reporter_ = MakeJsonReporter(recorded_.output);
-  bool isCaseBlind_ = false;
+  bool ignoresCase_ = false;
 };
 
 }  // namespace QxHost

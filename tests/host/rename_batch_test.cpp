@@ -74,7 +74,7 @@ class RenameBatchTest : public testing::Test {
   std::unique_ptr<Reporter> reporter_ = MakeJsonReporter(recorded_.output);
 };
 
-TEST_F(RenameBatchTest, AFileIsRenamedAndToldOf) {
+TEST_F(RenameBatchTest, AFileIsRenamedAndReported) {
   scratch_.Write(W("a.txt"), "content");
   EXPECT_EQ(RenameItem(W("a.txt"), W("b.txt")), 0u);
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("b.txt")));
@@ -128,17 +128,17 @@ TEST_F(RenameBatchTest, AFileThatHasGoneFailsWithItsNumber) {
   batch->Release();
 }
 
-TEST_F(RenameBatchTest, RenamesThatWereFoundIndependentAreForetoldOnceAndComeToTheSame) {
+TEST_F(RenameBatchTest, RenamesPredictedAsIndependentAreNotPlannedAgainAndGiveTheSameResults) {
   for (const WCHAR* name : {W("a"), W("b"), W("c"), W("d")}) scratch_.Write(name, ToUtf8(name));
   std::vector<FileItem*> items;
   for (const WCHAR* name : {W("a"), W("b"), W("c"), W("d")}) items.push_back(tree_.Find(scratch_.Path(name)));
   const WCHAR* const newNames[] = {W("x"), W("b"), W("c*"), W("y. ")};
-  std::vector<ImaginedRename> imagined;
+  std::vector<RenameToPredict> toPredict;
   for (std::size_t index = 0; index < items.size(); ++index)
-    imagined.push_back({items[index], newNames[index]});
+    toPredict.push_back({items[index], newNames[index]});
   FolderListings listings;
-  const ForetoldRenames foretold = ForetellPlanned(imagined, listings);
-  EXPECT_THAT(foretold.results, ElementsAre(0u, 10u, ERROR_INVALID_NAME, 0u));
+  const PredictedRenames predicted = PredictRenames(toPredict, listings);
+  EXPECT_THAT(predicted.results, ElementsAre(0u, 10u, ERROR_INVALID_NAME, 0u));
 
   FileOperation operation(tree_, *reporter_, recorded_.output, false);
   RenameBatch batch;
@@ -221,8 +221,8 @@ TEST_F(RenameBatchTest, TwoFilesSwapTheirNames) {
 TEST_F(RenameBatchTest, NamesThatDifferInCaseAloneAreAsTheFileSystemTakesThem) {
   scratch_.Write(W("a"), "");
   scratch_.Write(W("b"), "");
-  const bool isCaseBlind = scratch_.Exists(W("A"));
-  const u32 second = isCaseBlind ? 183u : 0u;
+  const bool ignoresCase = scratch_.Exists(W("A"));
+  const u32 second = ignoresCase ? 183u : 0u;
   const Pairs pairs = {{W("a"), W("new")}, {W("b"), W("NEW")}};
   EXPECT_THAT(Run(pairs, true), ElementsAre(0u, second));
   EXPECT_THAT(Run(pairs), ElementsAre(0u, second));
@@ -241,7 +241,7 @@ TEST_F(RenameBatchTest, AChangeOfCaseInAChainIsDone) {
   EXPECT_EQ(scratch_.Read(W("B")), "a");
 }
 
-TEST_F(RenameBatchTest, ADryRunForetellsANameThatIsTooLong) {
+TEST_F(RenameBatchTest, ADryRunPredictsANameThatIsTooLong) {
   scratch_.Write(W("a"), "");
   const WString tooLong(256, W('x'));
   const std::vector<u32> dry = Run({{W("a"), tooLong.c_str()}}, true);
@@ -318,7 +318,7 @@ TEST_F(RenameBatchTest, ADryRunReportsAndDoesNothing) {
   EXPECT_THAT(scratch_.Names(), ElementsAre(W("a")));
 }
 
-TEST_F(RenameBatchTest, EachResultIsToldWithItsDataAndStandsInTheBatch) {
+TEST_F(RenameBatchTest, EachResultIsReportedWithItsDataAndStoredInTheBatch) {
   scratch_.Write(W("a"), "");
   scratch_.Write(W("b"), "");
   int first = 0;

@@ -25,19 +25,19 @@ class MadeUpFiles final : public FileView {
     return Find(fullPath).empty() ? ERROR_FILE_NOT_FOUND : ERROR_SUCCESS;
   }
   bool AreOneFile(const WString& left, const WString& right) override { return Find(left) == Find(right); }
-  bool IsCaseBlindBeside(const WString&) override { return isCaseBlind; }
+  bool IgnoresCaseInFolderOf(const WString&) override { return ignoresCase; }
   bool ReadNames(const WString&, std::size_t, FolderNames&) override { return false; }
 
   std::set<WString> paths;
   std::map<WString, DWORD> errors;
-  bool isCaseBlind = false;
+  bool ignoresCase = false;
   int looks = 0;
 
  private:
   // Returns the path in its original case, or an empty string if the file does not exist.
   WString Find(const WString& fullPath) const {
     if (paths.contains(fullPath)) return fullPath;
-    if (!isCaseBlind) return {};
+    if (!ignoresCase) return {};
     const auto found = std::find_if(paths.begin(), paths.end(), [&](const WString& path) {
       return InUpperCase(path) == InUpperCase(fullPath);
     });
@@ -138,7 +138,7 @@ TEST_F(RenamePlanTest, ACycleGoesThroughOneTemporaryName) {
 
 TEST_F(RenamePlanTest, ATemporaryNameIsOneThatNoFileHasOrIsToHave) {
   Exist({"a", "b", "a.QXHOST-TMP2", "a.qxhost-tmp", "x"});
-  files_.isCaseBlind = true;
+  files_.ignoresCase = true;
   Item("a", "b");
   Item("b", "a");
   Item("x", "a.qxhost-tmp3");
@@ -237,7 +237,7 @@ TEST_F(RenamePlanTest, NamesThatDifferInCaseAloneAreTwoWhereTheFileSystemSaysSo)
 }
 
 TEST_F(RenamePlanTest, NamesThatDifferInCaseAloneAreOneWhereTheFileSystemSaysSo) {
-  files_.isCaseBlind = true;
+  files_.ignoresCase = true;
   Exist({"a", "b", "c", "d"});
   Item("a", "x");
   Item("b", "A");
@@ -249,7 +249,7 @@ TEST_F(RenamePlanTest, NamesThatDifferInCaseAloneAreOneWhereTheFileSystemSaysSo)
 }
 
 TEST_F(RenamePlanTest, ACycleOfNamesThatDifferInCaseIsFound) {
-  files_.isCaseBlind = true;
+  files_.ignoresCase = true;
   Exist({"a", "b"});
   Item("a", "B");
   Item("b", "A");
@@ -258,7 +258,7 @@ TEST_F(RenamePlanTest, ACycleOfNamesThatDifferInCaseIsFound) {
 }
 
 TEST_F(RenamePlanTest, AChangeOfCaseNeedsNoOtherName) {
-  files_.isCaseBlind = true;
+  files_.ignoresCase = true;
   Exist({"a", "b"});
   Item("b", "a");
   Item("a", "A");
@@ -309,7 +309,7 @@ TEST_F(RenamePlanTest, PathsBelowTheLaterNameOfAFolderGoAfterIt) {
 }
 
 TEST_F(RenamePlanTest, AFolderIsSpelledAsItsOwnRenameHasItWhateverNameComesFirst) {
-  files_.isCaseBlind = true;
+  files_.ignoresCase = true;
   Exist({"B", "a", "a\\d"});
   Path("B", "A");
   Path("a", "c");
@@ -319,7 +319,7 @@ TEST_F(RenamePlanTest, AFolderIsSpelledAsItsOwnRenameHasItWhateverNameComesFirst
 }
 
 TEST_F(RenamePlanTest, AllPathsBelowAFolderHaveTheSpellingOfItsRename) {
-  files_.isCaseBlind = true;
+  files_.ignoresCase = true;
   Exist({"a", "a\\a", "a\\a\\A"});
   Path("A\\d\\A", "b");
   Path("A\\a", "d");

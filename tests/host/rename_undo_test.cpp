@@ -67,7 +67,7 @@ TEST_F(CheckUndoFileTest, AnOldNameThatNoRestoreGivesIsLost) {
     Add(WString(W("c")) + character + W("d"), W("e.txt"));
     const std::string warnings = Warnings();
     EXPECT_THAT(warnings, HasSubstr("the undo of 1 rename of 2 cannot be kept, first of Z:\\a\\c"));
-    EXPECT_THAT(warnings, HasSubstr("no file is given a name with one of"));
+    EXPECT_THAT(warnings, HasSubstr("no file may have a name with one of"));
   }
 }
 
@@ -97,18 +97,18 @@ TEST_F(CheckUndoFileTest, ALineThatIsCutNamesAFileThatTheRunDidNotMake) {
   Add(W("c.txt"), WString(3'000'000, W('n')));
   const std::string warnings = Warnings();
   EXPECT_THAT(warnings, HasSubstr("the undo of 1 rename of 2 cannot be kept, first of Z:\\a\\c.txt"));
-  EXPECT_THAT(warnings, HasSubstr("is cut, and names Z:\\a\\nnn"));
+  EXPECT_THAT(warnings, HasSubstr("is cut, and contains Z:\\a\\nnn"));
   EXPECT_THAT(warnings, Not(HasSubstr("look like renames of other files")));
 }
 
 TEST_F(CheckUndoFileTest, AFileThatIsNotThereOrNotWholeIsReported) {
   Add(W("a.txt"), W("b.txt"));
   CheckUndoFile(recorded_.output, store_, session_);
-  EXPECT_THAT(recorded_.problems, HasSubstr("could not be written whole"));
+  EXPECT_THAT(recorded_.problems, HasSubstr("the undo file is incomplete"));
   recorded_.problems.clear();
   scratch_.Write(W("session.dat"), "half");
   CheckUndoFile(recorded_.output, store_, session_);
-  EXPECT_THAT(recorded_.problems, HasSubstr("could not be written whole"));
+  EXPECT_THAT(recorded_.problems, HasSubstr("the undo file is incomplete"));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ struct MarkedRow {
 };
 
 // The reference for each move.
-void MovePlainly(std::vector<MarkedRow>& rows, RowMove move) {
+void MoveReference(std::vector<MarkedRow>& rows, RowMove move) {
   const auto isSelected = [](const MarkedRow& row) { return row.isSelected; };
   const auto isOther = [](const MarkedRow& row) { return !row.isSelected; };
   switch (move) {
@@ -113,7 +113,7 @@ TEST(RowOrderTest, AgreesWithThePlainRuleWhateverTheSelection) {
       const auto move = static_cast<RowMove>(random() % 4);
       std::size_t followed = count == 0 ? 0 : random() % count;
       const void* const row = order.At(followed);
-      MovePlainly(plain, move);
+      MoveReference(plain, move);
       selected = order.Move(move, selected, followed);
       std::string expected;
       for (const MarkedRow& one : plain) {

@@ -59,7 +59,7 @@ TEST_F(RunUndoFaults, IfWhatWasDoneCannotBeWrittenThePlanStays) {
   Platform::Faults::Fail("WriteFile", 1, ERROR_DISK_FULL, true);
   EXPECT_FALSE(undo.End(&session_));
   Platform::Faults::Clear();
-  EXPECT_THAT(recorded_.problems, HasSubstr("The one from before the run stays"));
+  EXPECT_THAT(recorded_.problems, HasSubstr("The one from before the run remains"));
   const UndoFile file = TheFile();
   ASSERT_NE(file.session, nullptr);
   EXPECT_THAT(file.session->entries, SizeIs(2));

@@ -110,8 +110,8 @@ TEST(ScriptCall, RefusesWhatIsNoneAndNamesIt) {
   EXPECT_EQ(Refusal({"FILE=/a", "count"}), "COUNT takes a value: COUNT=NUMBER");
   EXPECT_EQ(Refusal({"FILE=/a", "WORD=x", "word=y"}), "WORD is given twice");
   EXPECT_EQ(Refusal({"FILE=/a", "QUIET", "QUIET"}), "QUIET is given twice");
-  EXPECT_EQ(Refusal({"FILE="}), "FILE: \"\" is no path");
-  EXPECT_EQ(Refusal({"FILE=Z:a"}), "FILE: \"Z:a\" is no path");
+  EXPECT_EQ(Refusal({"FILE="}), "FILE: \"\" is not a path");
+  EXPECT_EQ(Refusal({"FILE=Z:a"}), "FILE: \"Z:a\" is not a path");
 }
 
 TEST(ScriptCall, ProposesTheNearestParameter) {

@@ -30,7 +30,7 @@ class SettingsFaults : public testing::Test {
   std::function<void()> arm_;
 };
 
-TEST_F(SettingsFaults, AFullDiskLeavesTheOldFileAndNothingBesideIt) {
+TEST_F(SettingsFaults, AFullDiskLeavesTheOldFileAndNoOther) {
   arm_ = [] { Platform::Faults::Fail("WriteFile", 1, ERROR_DISK_FULL); };
   ChangeAndSave();
   EXPECT_THAT(warnings_, HasSubstr("(112)"));

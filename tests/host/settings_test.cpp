@@ -203,7 +203,7 @@ TEST_F(SettingsTest, AFileThatCannotBeReadIsNotWrittenOver) {
   EXPECT_THAT(scratch_.Names(W("config")), ElementsAre(W("settings.json")));
 }
 
-TEST_F(SettingsTest, WhatCannotBeSavedIsTold) {
+TEST_F(SettingsTest, FailedSaveIsReported) {
   scratch_.Write(W("config"), "a file where the folder should be");
   Open().SetInt(1, W("S"), W("k"), 1);
   files_->Save();

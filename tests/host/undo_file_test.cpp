@@ -8,7 +8,7 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Velmora::SDK::kMostOfUndoFile;
+using Velmora::SDK::kMaxUndoFileBytes;
 using Velmora::SDK::MultiRenameUndo;
 
 namespace QxHost {
@@ -107,7 +107,7 @@ TEST_F(UndoFileTest, NotesAreReadBeyondTheReadableSize) {
     files.push_back(FileIndex{1} << (number % 60));
   }
   ASSERT_EQ(WriteUndoFile(path_, session_, {true, files}), 0u);
-  ASSERT_GT(scratch_.Read(W("u.dat")).size(), kMostOfUndoFile);
+  ASSERT_GT(scratch_.Read(W("u.dat")).size(), kMaxUndoFileBytes);
   UndoFile file = Read();
   EXPECT_FALSE(file.isLong);
   EXPECT_TRUE(file.isWhole);

@@ -115,7 +115,7 @@ class KilledCalls {
 struct Numbered {
   std::vector<std::string> files;
   std::vector<std::string> items;
-  bool hasMeetingNames = true;
+  bool hasCollidingNames = true;
 };
 
 const std::vector<Numbered>& NumberedTrees() {
@@ -146,7 +146,7 @@ TEST(UndoKillTest, ARunAndItsUndoMayBeKilledAtEveryStep) {
         isUndoKilled = killer.Undo({.kill = killUndo}) == kKilled;
         // If only the names show what to undo, files that were already restored are not found.
         if (isUndoKilled) {
-          EXPECT_EQ(killer.Undo(), isRunKilled || tree.hasMeetingNames || killUndo == 1 ? 0 : 4);
+          EXPECT_EQ(killer.Undo(), isRunKilled || tree.hasCollidingNames || killUndo == 1 ? 0 : 4);
         }
         ASSERT_EQ(killer.Now(), before);
         EXPECT_EQ(killer.Undo(), 4);  // nothing is left to take back

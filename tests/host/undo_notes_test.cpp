@@ -109,7 +109,7 @@ TEST(UndoNotesTest, OtherReadersPassThemOver) {
   }
 }
 
-TEST(UndoNotesTest, FilesAreNotedWhoseNamesMeetAndNoOthers) {
+TEST(UndoNotesTest, OnlyFilesWithCollidingNamesAreNoted) {
   ScratchFolder scratch;
   for (const WCHAR* name : {W("a"), W("b"), W("x")}) scratch.Write(name, "");
   const WString& folder = scratch.Path();

@@ -41,7 +41,7 @@ TEST(WideFormat, WidthPrecisionAndSideOfATextCount) {
             W("[  abc][abc  ][ab][    a]"));
 }
 
-TEST(WideFormat, NothingIsReadBehindThePrecisionOfAText) {
+TEST(WideFormat, NothingIsReadBeyondThePrecisionOfAText) {
   const WCHAR unterminated[] = {W('a'), W('b')};
   EXPECT_EQ(Format(W("%.2s"), unterminated), W("ab"));
 }
@@ -81,7 +81,7 @@ TEST(WideFormat, WhatIsUnknownEndsTheFillingAndIsCopied) {
   EXPECT_EQ(Format(W("%I6")), W("%I6"));
 }
 
-TEST(WideFormat, AWidthThatIsTooLargeToBeMeantIsNotFilled) {
+TEST(WideFormat, AnExcessiveWidthIsNotFilled) {
   EXPECT_EQ(Format(W("%999999999999d"), 1), W("%999999999999d"));
   EXPECT_EQ(Format(W("%.99999999999999999999s"), W("a")), W("%.99999999999999999999s"));
   EXPECT_EQ(Format(W("%1024d"), 1).size(), 1024u);

@@ -220,7 +220,7 @@ TEST_F(XmlNodes, AReadOnlyFileIsNotSaved) {
   EXPECT_EQ(scratch_.Names(), std::vector<WString>{W("a.xml")});
 }
 
-TEST_F(XmlNodes, ASaveIntoAFolderThatIsNotThereAnswersFalse) {
+TEST_F(XmlNodes, ASaveIntoAMissingFolderReturnsFalse) {
   EXPECT_FALSE(
       document_->Save(document_->CreateRoot(W("r")), scratch_.Path(W("d\\a.xml")).c_str(), 1, nullptr));
 }

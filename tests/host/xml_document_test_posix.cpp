@@ -33,7 +33,7 @@ TEST_F(XmlDocumentFaults, AFailedLoadGivesNull) {
   ExpectFileAsItWas();
 }
 
-TEST_F(XmlDocumentFaults, AFailedSaveLeavesTheOldFileAndNothingBesideIt) {
+TEST_F(XmlDocumentFaults, AFailedSaveLeavesTheOldFileAndNoOther) {
   const Velmora::SDK::XmlNode root = document_->Load(path_.c_str(), 0);
   for (const char* const function : {"CreateFileW", "WriteFile"}) {
     Platform::Faults::Fail(function, 1, ERROR_DISK_FULL);

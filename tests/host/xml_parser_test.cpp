@@ -77,10 +77,10 @@ TEST(XmlParser, BlanksWithinTagsAreMadeOne) {
 }
 
 TEST(XmlParser, NestingIsBounded) {
-  using QxHost::kMostXmlDepth;
+  using QxHost::kMaxXmlDepth;
   const auto nested = [](std::size_t depth) { return Repeated("<a>", depth) + Repeated("</a>", depth); };
-  EXPECT_NE(ParseXml(nested(kMostXmlDepth)), nullptr);
-  EXPECT_EQ(ParseXml(nested(kMostXmlDepth + 1)), nullptr);
+  EXPECT_NE(ParseXml(nested(kMaxXmlDepth)), nullptr);
+  EXPECT_EQ(ParseXml(nested(kMaxXmlDepth + 1)), nullptr);
   EXPECT_EQ(ParseXml(nested(1000000)), nullptr);
   EXPECT_EQ(ParseXml(Repeated("<a>", 1000000)), nullptr);
   EXPECT_EQ(ParseXml("<!DOCTYPE a " + Repeated("[", 1000000) + "><a/>"), nullptr);
@@ -114,7 +114,7 @@ TEST(XmlParser, HugePartsAreReadInOneGo) {
 }
 
 TEST(XmlParser, AFileThatIsTooLongIsRefused) {
-  const std::string filling(QxHost::kMostXmlBytes - 7, 'x');
+  const std::string filling(QxHost::kMaxXmlBytes - 7, 'x');
   EXPECT_NE(ParseXml("<a>" + filling + "</a>"), nullptr);
   EXPECT_EQ(ParseXml("<a>" + filling + "x</a>"), nullptr);
 }

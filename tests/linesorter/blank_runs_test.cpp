@@ -20,8 +20,8 @@ namespace {
 
 using Values = std::vector<std::int64_t>;
 
-constexpr std::int64_t kMostNumber = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t kLeastNumber = std::numeric_limits<std::int64_t>::min();
+constexpr std::int64_t kMaxNumber = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kMinNumber = std::numeric_limits<std::int64_t>::min();
 
 // The number of characters of a block.
 template <typename CharT>
@@ -136,20 +136,20 @@ TYPED_TEST(BlankRuns, WhatIsNoDateEndsTheRunWithMinusOne) {
                Times(6002, -1));
 }
 
-TYPED_TEST(BlankRuns, ADateThatStandsInPartCountsWithWhatItHasAsMeant) {
+TYPED_TEST(BlankRuns, APartialDateCountsWithWhatItHasByDesign) {
   // The year is not followed by a dash, so month and day stay 0, which is the last day of the previous year.
   this->Expect(Times(3000, "\n") + "2014\n-11-21\n", DateOptions("%Y-%m-%d"),
                Times(3001, MidnightOf(2013, 12, 31)) + Times(1, -1));
 }
 
-TYPED_TEST(BlankRuns, ADateMayStandInManyLinesAsMeant) {
+TYPED_TEST(BlankRuns, ADateMaySpanManyLinesByDesign) {
   // White space before each number is skipped, including line ends.
   const std::int64_t day = NovemberDay(21);
   this->Expect(Times(3000, "\n") + "2014-\n" + Times(3000, "\n") + "11-\n" + Times(3000, "\n") + "21\n",
                DateOptions("%Y-%m-%d"), Times(3001, day) + Times(6002, -1));
 }
 
-TYPED_TEST(BlankRuns, AnyWhiteSpaceMayStandBeforeAFormatsNumber) {
+TYPED_TEST(BlankRuns, AnyWhiteSpaceMayPrecedeTheNumberOfAFormat) {
   for (const char* format : {"%Y-%m-%d", " %Y-%m-%d", "  %Y-\t%m-%d ", "\n%Y-%m-%d"}) {
     this->Expect(Times(5000, "\n") + "2014-11-21\n" + Times(100, "\n"), DateOptions(format),
                  Times(5001, NovemberDay(21)) + Times(100, -1));
@@ -173,7 +173,7 @@ TYPED_TEST(BlankRuns, TwoNumbersOfAFormatAreTheNextTwo) {
                Times(3001, MidnightOf(2014, 1, 7)) + Times(6002, -1));
 }
 
-TYPED_TEST(BlankRuns, NothingIsReadBehindTheBlock) {
+TYPED_TEST(BlankRuns, NothingIsReadBeyondTheBlock) {
   const std::size_t block = kBlockChars<TypeParam>;
   this->Expect(Times(block, "\n") + "42\n", NumberOptions(), Times(block, 0) + Times(1, 42));
   this->Expect(Times(block + 1000, "\n") + "42\n", NumberOptions(), Times(block, 0) + Times(1001, 42));
@@ -183,7 +183,7 @@ TYPED_TEST(BlankRuns, NothingIsReadBehindTheBlock) {
                Times(block, -1) + Times(1001, NovemberDay(21)));
 }
 
-TYPED_TEST(BlankRuns, ALineThatIsCarriedOverIsReadAsFarAsTheBlockHoldsItAsMeant) {
+TYPED_TEST(BlankRuns, ALineThatIsCarriedOverIsReadAsFarAsTheBlockHoldsItByDesign) {
   const std::size_t blank = kBlockChars<TypeParam> - 2;
   this->Expect(Times(blank, "\n") + "1234\n", NumberOptions(), Times(blank, 12) + Times(1, 1234));
   this->Expect(Times(blank, "\n") + "-234\n", NumberOptions(), Times(blank, -2) + Times(1, -234));
@@ -198,10 +198,10 @@ TYPED_TEST(BlankRuns, LongRunsOfDigitsAreReadToTheirEnd) {
   this->Expect(Times(3000, "\n") + zeros + "42\n", NumberOptions(), Times(3001, 42));
   this->Expect(Times(3000, "\n") + "-" + zeros + "42\n", NumberOptions(), Times(3001, -42));
   this->Expect(Times(3000, "\n") + zeros + "\n", NumberOptions(), Times(3001, 0));
-  this->Expect(Times(3000, "\n") + nines + "\n", NumberOptions(), Times(3001, kMostNumber));
-  this->Expect(Times(3000, "\n") + "-" + nines + "\n", NumberOptions(), Times(3001, kLeastNumber));
+  this->Expect(Times(3000, "\n") + nines + "\n", NumberOptions(), Times(3001, kMaxNumber));
+  this->Expect(Times(3000, "\n") + "-" + nines + "\n", NumberOptions(), Times(3001, kMinNumber));
   this->Expect(Times(3000, "\n") + zeros + "9223372036854775806\n", NumberOptions(),
-               Times(3001, kMostNumber - 1));
+               Times(3001, kMaxNumber - 1));
   const std::string fewer = Times(4000, "0");
   this->Expect(Times(3000, "\n") + fewer + "2014-" + fewer + "11-21\n" + Times(3000, "\n"),
                DateOptions("%Y-%m-%d"), Times(3001, NovemberDay(21)) + Times(3000, -1));
@@ -262,9 +262,9 @@ class BlankRunsByThePlainRule : public BlankRuns<CharT> {
     for (; *text >= Char('0') && *text <= Char('9'); ++text) {
       const std::int64_t digit = *text - Char('0');
       if (isNegative) {
-        number = number < (kLeastNumber + digit) / 10 ? kLeastNumber : number * 10 - digit;
+        number = number < (kMinNumber + digit) / 10 ? kMinNumber : number * 10 - digit;
       } else {
-        number = number > (kMostNumber - digit) / 10 ? kMostNumber : number * 10 + digit;
+        number = number > (kMaxNumber - digit) / 10 ? kMaxNumber : number * 10 + digit;
       }
     }
     return number;

@@ -161,7 +161,7 @@ TEST(DateParser, ModifiersAreDropped) {
   Check("%OD", "11/23/14", 8, {{kMon, 10}, {kMday, 23}, {kYear, 114}});
 }
 
-TEST(DateParser, ModifierBehindAModifierIsAConversionThatIsNotKnown) {
+TEST(DateParser, ModifierAfterAModifierIsAnUnknownConversion) {
   Check("%EO", "zO", 2, {});
   Check("%OE", "zE", 2, {});
   Check("%EE", "zO", kMismatch, {});
@@ -272,7 +272,7 @@ TEST(DateParser, FullMonthNames) {
   Check("%B", "Jan", kMismatch, {});
 }
 
-TEST(DateParser, ThirdMonthIsMarsAndNotMarchAsMeant) {
+TEST(DateParser, ThirdMonthIsMarsAndNotMarchByDesign) {
   Check("%B", "March", kMismatch, {});
   Check("%B", "march", kMismatch, {});
   Check("%B", "Mars", 4, {{kMon, 2}});
@@ -377,7 +377,7 @@ TEST(DateParser, YearsOfFourAndOfTwoDigits) {
   Check("%y", "2014", 4, {{kYear, 2014}});
 }
 
-TEST(DateParser, FormatsThatStandForAConversion) {
+TEST(DateParser, FormatsThatEqualAConversion) {
   Check("%D", "11/23/14", 8, {{kMon, 10}, {kMday, 23}, {kYear, 114}});
   Check("%R", "13:44", 5, {{kHour, 13}, {kMin, 44}});
   Check("%r", "1:44:48 pm", 10, {{kHour, 13}, {kMin, 44}, {kSec, 48}});
@@ -389,7 +389,7 @@ TEST(DateParser, FormatsThatStandForAConversion) {
         {{kYear, 114}, {kMon, 10}, {kMday, 23}, {kHour, 13}, {kMin, 44}, {kSec, 48}});
 }
 
-TEST(DateParser, DateOfTheConversionXHasColonsAsMeant) {
+TEST(DateParser, DateOfTheConversionXHasColonsByDesign) {
   Check("%x", "2014/11/23", kMismatch, {{kYear, 114}});
   Check("%x", "11/23/14", kMismatch, {{kYear, -1889}});
 }
@@ -427,9 +427,9 @@ TEST(DateParser, HoursWithTheirDayHalf) {
   Check("%I:%M %p", "11:59pm", 7, {{kHour, 23}, {kMin, 59}});
 }
 
-TEST(DateParser, HourOf24BeforeAPmGoesBeyondTheDayAsMeant) { Check("%H%p", "12pm", 4, {{kHour, 24}}); }
+TEST(DateParser, HourOf24BeforeAPmGoesBeyondTheDayByDesign) { Check("%H%p", "12pm", 4, {{kHour, 24}}); }
 
-TEST(DateParser, DayHalfInFrontOfTheHourIsLostAsMeant) {
+TEST(DateParser, DayHalfInFrontOfTheHourIsLostByDesign) {
   Check("%p %I", "pm 1", 4, {{kHour, 1}}, {{kHour, 0}});
   Check("%p %I", "pm 12", 5, {{kHour, 0}}, {{kHour, 0}});
 }
@@ -485,14 +485,14 @@ TEST(DateParser, WeeksUseTheYearAndDayReadBefore) {
   Check("%Y %a %W", "2014 Sun 10", 11, {{kYear, 114}, {kWday, 0}, {kYday, 76}});
 }
 
-TEST(DateParser, UnknownConversionTakesAPercentWithoutALookAtTheRest) {
+TEST(DateParser, UnknownConversionTakesAPercentWithoutReadingTheRest) {
   Check("%q", "%", 1, {});
   Check("%q", "%q", 1, {});
   Check("%q%d", "%5", 2, {{kMday, 5}});
   Check("%q%d", "%q5", kMismatch, {});
 }
 
-TEST(DateParser, UnknownConversionTakesAnyCharacterWithItsOwnBehindIt) {
+TEST(DateParser, UnknownConversionTakesAnyCharacterFollowedByItsOwn) {
   Check("%q", "aq", 2, {});
   Check("%q", "qq", 2, {});
   Check("%q", " q", 2, {});
@@ -529,7 +529,7 @@ TEST(DateParser, TwoConversionsAreRefused) {
   }
 }
 
-TEST(DateParser, RefusedConversionBehindAMismatchIsNotReached) {
+TEST(DateParser, RefusedConversionAfterAMismatchIsNotReached) {
   Check("%d%c", "x", kMismatch, {});
   Check("%D%Z", "11/x", kMismatch, {{kMon, 10}});
   Check("%%c", "%c", 2, {});
@@ -546,12 +546,12 @@ TEST(DateParser, WholeDates) {
         {{kWday, 5}, {kMon, 10}, {kMday, 21}, {kYear, 114}});
 }
 
-TEST(DateParser, WhiteSpaceBeforeANumberIsTakenAndBehindItIsNot) {
+TEST(DateParser, WhiteSpaceBeforeANumberIsReadAndAfterItIsNot) {
   Check("%H:%M", "7 :5", kMismatch, {{kHour, 7}});
   Check("%H:%M", "7: 5", 4, {{kHour, 7}, {kMin, 5}});
 }
 
-TEST(DateParser, BytesOfTheFormatMeetUnitsSignExtendedAsMeant) {
+TEST(DateParser, BytesOfTheFormatMeetUnitsSignExtendedByDesign) {
   const std::tm untouched = TimeOf({});
   CheckWidth<char>("\xE9", "\xE9", 1, untouched, untouched);
   CheckWidth<WCHAR>("\xE9", {static_cast<WCHAR>(0xFFE9)}, 1, untouched, untouched);

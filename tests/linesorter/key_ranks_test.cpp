@@ -26,10 +26,10 @@ std::ostream& operator<<(std::ostream& out, const RankedLine& line) {
 constexpr FoldRule kAsWritten = {false, nullptr};
 
 template <typename Keys>
-std::vector<RankedLine> RanksOf(const std::vector<std::string>& texts, bool& hasBeginnings) {
+std::vector<RankedLine> RanksOf(const std::vector<std::string>& texts, bool& hasPrefixes) {
   const auto records = LinesOf<typename Keys::Char>(texts);
   std::vector<RankedLine> ranked;
-  for (const KeyRecord& record : RankKeys<Keys>(records.lines, kAsWritten, hasBeginnings)) {
+  for (const KeyRecord& record : RankKeys<Keys>(records.lines, kAsWritten, hasPrefixes)) {
     ranked.push_back({record.index, record.First(), record.Last()});
   }
   return ranked;
@@ -40,10 +40,10 @@ const std::vector<std::string> kFourLines = {"pineapple pie", "pine", "pineapple
 TEST(KeyRanksTest, TheFirstCharactersOfFourKeysAreSevenBytesAndTheirCount) {
   const auto records = LinesOf<char>(kFourLines);
   const KeyReader<ByteKeys> reader(records.lines, kAsWritten);
-  EXPECT_EQ(reader.BeginningOf(reader.KeyOfLine(0)), 0x70'69'6E'65'61'70'70'08u);
-  EXPECT_EQ(reader.BeginningOf(reader.KeyOfLine(1)), 0x70'69'6E'65'00'00'00'04u);
-  EXPECT_EQ(reader.BeginningOf(reader.KeyOfLine(2)), 0x70'69'6E'65'61'70'70'08u);
-  EXPECT_EQ(reader.BeginningOf(reader.KeyOfLine(3)), 0x70'6C'75'6D'00'00'00'04u);
+  EXPECT_EQ(reader.FirstCharactersOf(reader.KeyOfLine(0)), 0x70'69'6E'65'61'70'70'08u);
+  EXPECT_EQ(reader.FirstCharactersOf(reader.KeyOfLine(1)), 0x70'69'6E'65'00'00'00'04u);
+  EXPECT_EQ(reader.FirstCharactersOf(reader.KeyOfLine(2)), 0x70'69'6E'65'61'70'70'08u);
+  EXPECT_EQ(reader.FirstCharactersOf(reader.KeyOfLine(3)), 0x70'6C'75'6D'00'00'00'04u);
 }
 
 TEST(KeyRanksTest, KeysThatGoOnAfterTheFirstCharactersShareTwoMoreAndDifferInTheNext) {
@@ -55,30 +55,30 @@ TEST(KeyRanksTest, KeysThatGoOnAfterTheFirstCharactersShareTwoMoreAndDifferInThe
 }
 
 TEST(KeyRanksTest, FourKeysOfWhichOneBeginsTwoOthersGetTheRanksOfTheOverview) {
-  bool hasBeginnings = false;
-  EXPECT_EQ(RanksOf<ByteKeys>(kFourLines, hasBeginnings),
+  bool hasPrefixes = false;
+  EXPECT_EQ(RanksOf<ByteKeys>(kFourLines, hasPrefixes),
             (std::vector<RankedLine>{{1, 0, 2}, {0, 1, 1}, {2, 2, 2}, {3, 3, 3}}));
-  EXPECT_TRUE(hasBeginnings);
+  EXPECT_TRUE(hasPrefixes);
 }
 
 TEST(KeyRanksTest, UnitsThatBeginOthersComeBeforeThem) {
-  bool hasBeginnings = false;
-  EXPECT_EQ(RanksOf<UnitKeys>(kFourLines, hasBeginnings),
+  bool hasPrefixes = false;
+  EXPECT_EQ(RanksOf<UnitKeys>(kFourLines, hasPrefixes),
             (std::vector<RankedLine>{{1, 0, 0}, {0, 1, 1}, {2, 2, 2}, {3, 3, 3}}));
-  EXPECT_FALSE(hasBeginnings);
+  EXPECT_FALSE(hasPrefixes);
 }
 
 TEST(KeyRanksTest, EqualKeysHaveTheRanksOfTheFirstAndTheLastOfThem) {
-  bool hasBeginnings = true;
-  EXPECT_EQ(RanksOf<ByteKeys>({"b", "a", "b"}, hasBeginnings),
+  bool hasPrefixes = true;
+  EXPECT_EQ(RanksOf<ByteKeys>({"b", "a", "b"}, hasPrefixes),
             (std::vector<RankedLine>{{1, 0, 0}, {0, 1, 2}, {2, 1, 2}}));
 }
 
 TEST(KeyRanksTest, EmptyKeysComeFirstAndBeginNoOthers) {
-  bool hasBeginnings = false;
-  EXPECT_EQ(RanksOf<ByteKeys>({"a", "", ""}, hasBeginnings),
+  bool hasPrefixes = false;
+  EXPECT_EQ(RanksOf<ByteKeys>({"a", "", ""}, hasPrefixes),
             (std::vector<RankedLine>{{1, 0, 1}, {2, 0, 1}, {0, 2, 2}}));
-  EXPECT_FALSE(hasBeginnings);
+  EXPECT_FALSE(hasPrefixes);
 }
 
 }  // namespace

@@ -52,25 +52,25 @@ TEST(SortKeysBytes, OfNoLengthAreComparedToTheLinesEnd) {
   EXPECT_EQ(PlaceOfKey<char>(0, 0, 0), (Place{0, 0}));
 }
 
-TEST(SortKeysBytes, BehindTheLinesEndAreEmpty) {
-  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMost}) {
+TEST(SortKeysBytes, BeyondTheLinesEndAreEmpty) {
+  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMax}) {
     EXPECT_EQ(PlaceOfKey<char>(offset, 0).length, 0u) << offset;
   }
 }
 
-TEST(SortKeysUnits, AreComparedFromTheOffsetInBytesOverHalfTheLengthAsMeant) {
+TEST(SortKeysUnits, AreComparedFromTheOffsetInBytesOverHalfTheLengthByDesign) {
   EXPECT_EQ(PlaceOfKey<WCHAR>(4, 6), (Place{4, 3}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(3, 5), (Place{3, 2}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(0, 2), (Place{0, 1}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(1, 3), (Place{1, 1}));
 }
 
-TEST(SortKeysUnits, OfOneCharacterAreEmptyAsMeant) {
+TEST(SortKeysUnits, OfOneCharacterAreEmptyByDesign) {
   EXPECT_EQ(PlaceOfKey<WCHAR>(0, 1), (Place{0, 0}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(2, 1), (Place{2, 0}));
 }
 
-TEST(SortKeysUnits, OfNoLengthAreComparedToTheLinesEndByBytesAsMeant) {
+TEST(SortKeysUnits, OfNoLengthAreComparedToTheLinesEndByBytesByDesign) {
   EXPECT_EQ(PlaceOfKey<WCHAR>(0, 0), (Place{0, 6}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(2, 0), (Place{2, 5}));
   EXPECT_EQ(PlaceOfKey<WCHAR>(3, 0), (Place{3, 4}));
@@ -80,8 +80,8 @@ TEST(SortKeysUnits, OfNoLengthAreComparedToTheLinesEndByBytesAsMeant) {
   EXPECT_EQ(PlaceOfKey<WCHAR>(12, 0), (Place{12, 0}));
 }
 
-TEST(SortKeysUnits, BehindTheLinesEndInBytesAreEmpty) {
-  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMost}) {
+TEST(SortKeysUnits, BeyondTheLinesEndInBytesAreEmpty) {
+  for (const std::uint32_t offset : {13u, 14u, 0x80000000u, kMax}) {
     EXPECT_EQ(PlaceOfKey<WCHAR>(offset, 0).length, 0u) << offset;
   }
 }

@@ -25,7 +25,7 @@ using Lines = std::vector<LoadedLine>;
 // Checks the invariants of loaded data: each line and its ending lie in one block, the blocks are followed by
 // zeros, and keys are not set.
 void CheckData(const SortableLinesData& data) {
-  EXPECT_EQ(data.unused, 0u);
+  EXPECT_EQ(data.reserved, 0u);
   for (const TextBlock& block : data.blocks) {
     ASSERT_TRUE(block);
     EXPECT_TRUE(std::all_of(block.get() + kBlockSize, block.get() + kBlockSize + kBlockGuard,
@@ -162,10 +162,10 @@ TYPED_TEST(LineLoader, EmptyFileIsOneEmptyBlockWithoutARead) {
   ASSERT_THAT(data->blocks, SizeIs(1));
   EXPECT_TRUE(std::all_of(data->blocks[0].get(), data->blocks[0].get() + kBlockSize + kBlockGuard,
                           [](char byte) { return byte == 0; }));
-  EXPECT_THAT(reader.asked, IsEmpty());
+  EXPECT_THAT(reader.requests, IsEmpty());
 }
 
-TYPED_TEST(LineLoader, BlocksAreZeroBehindTheData) {
+TYPED_TEST(LineLoader, BlocksAreZeroAfterTheData) {
   ScriptedReader reader("abcd");
   const auto data = ReadLines<TypeParam>(reader);
   ASSERT_THAT(data->blocks, SizeIs(1));
@@ -188,7 +188,7 @@ TYPED_TEST(LineLoader, FailureOfTheReaderPasses) {
       EXPECT_EQ(exception.errorCode, DWORD{ERROR_IO_DEVICE});
       EXPECT_STREQ(exception.what(), "Failed to read file");
     }
-    EXPECT_THAT(reader.asked, SizeIs(failAt));
+    EXPECT_THAT(reader.requests, SizeIs(failAt));
   }
 }
 
@@ -206,7 +206,7 @@ template <typename CharT>
 Thrown ThrownForCutFile(const std::string& bytes) {
   ScriptedReader reader(bytes);
   reader.size = 100000;
-  reader.mostReads = 10;
+  reader.maxReads = 10;
   return ThrownBy<WQDR::WQDataReaderException>([&] { ReadLines<CharT>(reader); });
 }
 
@@ -218,7 +218,7 @@ TYPED_TEST(LineLoader, FileThatGrewEndsWithWhatItsSizeSaid) {
   // One read returns more bytes than the reader announced in total.
   ScriptedReader reader(Bytes("a\0\n\0b\0\n\0"));
   reader.size = 4;
-  reader.mostReads = 10;
+  reader.maxReads = 10;
   const auto data = ReadLines<TypeParam>(reader);
   ASSERT_FALSE(data->lines.empty());
   EXPECT_EQ(data->lines[0].text[0], 'a');
@@ -268,13 +268,13 @@ TEST(LineLoaderBytes, WholeBlockIsAskedForAndThenWhatIsFree) {
   ScriptedReader reader("x\n" + A(32766) + "y\nz\n");
   EXPECT_THAT(Read<char>(reader), ElementsAre(Lf("x"), Lf(A(32766) + "y"), Lf("z")));
   // The second block starts with the 32766 bytes that were carried over; the third is empty.
-  EXPECT_THAT(reader.asked, ElementsAre(32768, 2, 32768));
+  EXPECT_THAT(reader.requests, ElementsAre(32768, 2, 32768));
 }
 
 TEST(LineLoaderBytes, NothingIsCarriedFromALineEndAtTheBlocksEnd) {
   ScriptedReader reader(A(32767) + "\nb\n");
   EXPECT_THAT(Read<char>(reader), ElementsAre(Lf(A(32767)), Lf("b")));
-  EXPECT_THAT(reader.asked, ElementsAre(32768, 32768));
+  EXPECT_THAT(reader.requests, ElementsAre(32768, 32768));
 }
 
 TEST(LineLoaderBytes, LineOfAWholeBlockWithItsEndingLoads) {
@@ -286,24 +286,24 @@ TEST(LineLoaderBytes, LineOfAWholeBlockWithItsEndingLoads) {
 TEST(LineLoaderBytes, LastLineOfExactlyABlockWithoutAnEndingLoads) {
   ScriptedReader reader(A(32768));
   EXPECT_THAT(Read<char>(reader), ElementsAre(None(A(32768))));
-  EXPECT_THAT(reader.asked, ElementsAre(32768));
+  EXPECT_THAT(reader.requests, ElementsAre(32768));
   EXPECT_THAT(ReadBytes<char>("x\n" + A(32768)), ElementsAre(Lf("x"), None(A(32768))));
 }
 
-TEST(LineLoaderBytes, LineThatFillsABlockWithMoreBehindItIsOutOfMemoryAtOnce) {
+TEST(LineLoaderBytes, LineThatFillsABlockIsOutOfMemoryAtOnceIfMoreFollows) {
   for (const std::string& more : {std::string("\n"), std::string("b"), std::string("\r\n"), A(100000)}) {
     ScriptedReader reader(A(32768) + more);
-    reader.mostReads = 10;
+    reader.maxReads = 10;
     EXPECT_THROW(ReadLines<char>(reader), std::bad_alloc);
-    EXPECT_THAT(reader.asked, ElementsAre(32768));
+    EXPECT_THAT(reader.requests, ElementsAre(32768));
   }
 }
 
 TEST(LineLoaderBytes, LineThatFillsALaterBlockIsOutOfMemoryAtOnce) {
   ScriptedReader reader("x\n" + A(32768) + "\n");
-  reader.mostReads = 10;
+  reader.maxReads = 10;
   EXPECT_THROW(ReadLines<char>(reader), std::bad_alloc);
-  EXPECT_THAT(reader.asked, ElementsAre(32768, 2));
+  EXPECT_THAT(reader.requests, ElementsAre(32768, 2));
 }
 
 TEST(LineLoaderBytes, LoneCrAsTheLastByteOfTheFileAndOfTheBlock) {
@@ -311,7 +311,7 @@ TEST(LineLoaderBytes, LoneCrAsTheLastByteOfTheFileAndOfTheBlock) {
 }
 
 // What follows the CR is not yet known, and files sorted by earlier versions depend on this.
-TEST(LineLoaderBytes, CrLfAcrossTwoBlocksIsMeantToBeALoneCrAndAnEmptyLine) {
+TEST(LineLoaderBytes, CrLfAcrossTwoBlocksIsALoneCrAndAnEmptyLineByDesign) {
   EXPECT_THAT(ReadBytes<char>(A(32767) + "\r\nb\n"), ElementsAre(None(A(32767)), Lf(""), Lf("b")));
   EXPECT_THAT(ReadBytes<char>("x\n" + A(32765) + "\r\nb\n"),
               ElementsAre(Lf("x"), None(A(32765)), Lf(""), Lf("b")));
@@ -417,7 +417,7 @@ TEST(LineLoaderWide, EndingsAreFoundAtEveryDistance) {
   }
 }
 
-TEST(LineLoaderWide, OddLastByteIsMeantToBringAZeroByteWithIt) {
+TEST(LineLoaderWide, OddLastByteAddsAZeroByteByDesign) {
   EXPECT_THAT(ReadBytes<WCHAR>("a"), ElementsAre(WideNone(W("a"))));
   EXPECT_THAT(ReadBytes<WCHAR>(Bytes("a\0\n\0b")), ElementsAre(WideLf(W("a")), WideNone(W("b"))));
   EXPECT_THAT(ReadBytes<WCHAR>(Bytes("a\0b\0c")), ElementsAre(WideNone(W("abc"))));
@@ -446,16 +446,16 @@ TEST(LineLoaderWide, LastLineOfExactlyABlockWithoutAnEndingLoads) {
   EXPECT_THAT(ReadBytes<WCHAR>(WideBytes(WideA(16383)) + "z"), ElementsAre(WideNone(WideA(16383) + W("z"))));
 }
 
-TEST(LineLoaderWide, LineThatFillsABlockWithMoreBehindItIsOutOfMemoryAtOnce) {
+TEST(LineLoaderWide, LineThatFillsABlockIsOutOfMemoryAtOnceIfMoreFollows) {
   for (const std::string& more : {std::string("b"), WideBytes(W("\n")), WideBytes(W("b")), A(100000)}) {
     ScriptedReader reader(WideBytes(WideA(16384)) + more);
-    reader.mostReads = 10;
+    reader.maxReads = 10;
     EXPECT_THROW(ReadLines<WCHAR>(reader), std::bad_alloc);
-    EXPECT_THAT(reader.asked, ElementsAre(32768));
+    EXPECT_THAT(reader.requests, ElementsAre(32768));
   }
 }
 
-TEST(LineLoaderWide, CrLfAcrossTwoBlocksIsMeantToBeALoneCrAndAnEmptyLine) {
+TEST(LineLoaderWide, CrLfAcrossTwoBlocksIsALoneCrAndAnEmptyLineByDesign) {
   EXPECT_THAT(ReadWide(WideA(16383) + W("\r\nb\n")),
               ElementsAre(WideNone(WideA(16383)), WideLf(W("")), WideLf(W("b"))));
 }

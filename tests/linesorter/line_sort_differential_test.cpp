@@ -112,31 +112,31 @@ Text<CharT> Letters(RandomNumbers& random, const Text<CharT>& alphabet, std::siz
 
 enum Shape {
   kAnyLengths,
-  kSharedBeginnings,
-  kBeginningsOfOne,
+  kSharedPrefixes,
+  kPrefixesOfOne,
   kFewTexts,
   kZeroAtEachPlace,
   kInOrder,
   kShapeCount
 };
 
-// Lengths of common beginnings at which wide comparison steps end, and their neighbours.
-const std::vector<std::size_t> kBeginnings = {0, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 23, 24, 25, 31, 32, 33};
+// Lengths of common prefixes at which wide comparison steps end, and their neighbours.
+const std::vector<std::size_t> kPrefixLengths = {0, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 23, 24, 25, 31, 32, 33};
 
 template <typename CharT>
 std::vector<Text<CharT>> MakeTexts(RandomNumbers& random, Shape shape, const Text<CharT>& alphabet,
                                    std::size_t count) {
   const Text<CharT> one = Letters(random, alphabet, 41);
-  const std::size_t shared = random.Of(kBeginnings);
+  const std::size_t shared = random.Of(kPrefixLengths);
   std::vector<Text<CharT>> few;
   for (int i = 0; i < 3; ++i) few.push_back(Letters(random, alphabet, random(41)));
   std::vector<Text<CharT>> texts;
   while (texts.size() < count) {
     switch (shape) {
-      case kSharedBeginnings:
+      case kSharedPrefixes:
         texts.push_back(one.substr(0, shared) + Letters(random, alphabet, random(4)));
         break;
-      case kBeginningsOfOne:
+      case kPrefixesOfOne:
         texts.push_back(one.substr(0, random(42)));
         break;
       case kFewTexts:
@@ -238,7 +238,7 @@ void ExpectTheSameOrder(const std::vector<SortLine>& lines, const SortLinesOptio
   std::vector<SortLine> expected = lines;
   SortByThePlainRule<CharT>(expected, range, options);
   std::vector<SortLine> plain = lines;
-  SortLineRangePlainly<CharT>(plain, range, options);
+  SortLineRangeReference<CharT>(plain, range, options);
   EXPECT_EQ(FirstDifference(plain, expected), lines.size()) << "the rule itself";
   std::vector<SortLine> sorted = lines;
   SortLineRange<CharT>(sorted, range, options);
@@ -302,7 +302,7 @@ TYPED_TEST(LineSortDifferential, AThousandLinesOfEveryShapeAndKey) {
 }
 
 TYPED_TEST(LineSortDifferential, FiftyThousandLines) {
-  this->Run(200000, kSharedBeginnings, kEntireLine, In<TypeParam>("aAb"), 50000);
+  this->Run(200000, kSharedPrefixes, kEntireLine, In<TypeParam>("aAb"), 50000);
   this->Run(200001, kAnyLengths, kMadeUp, In<TypeParam>(std::string_view("a\0b", 3)), 50000);
 }
 
@@ -398,7 +398,7 @@ TYPED_TEST(LineSortDifferential, NumbersReadFromLines) {
   ExpectTheSameOrder<TypeParam>(records.lines, options);
 }
 
-TYPED_TEST(LineSortDifferential, EightyLinesThatDifferBehindEachPlace) {
+TYPED_TEST(LineSortDifferential, EightyLinesThatDifferAfterEachPosition) {
   RandomNumbers random(29);
   for (const auto& alphabet : Alphabets<TypeParam>()) {
     for (std::size_t place = 0; place <= 72; ++place) {
@@ -498,7 +498,7 @@ TYPED_TEST(LineSortDifferential, LinesThatBeginWithAFewWords) {
   }
 }
 
-TYPED_TEST(LineSortDifferential, LinesThatAllBeginAlike) {
+TYPED_TEST(LineSortDifferential, LinesWithOneCommonPrefix) {
   RandomNumbers random(37);
   for (const std::size_t shared : {7u, 8u, 20u, 60u}) {
     std::vector<Text<TypeParam>> texts;

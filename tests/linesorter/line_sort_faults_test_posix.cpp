@@ -288,7 +288,7 @@ TEST(LineSortFlags, AreTheSameForTheOlderFunction) {
 }
 
 // Without the system function a key equals its own prefixes, however many lines there are.
-TEST(LineSortWithoutTheSystem, UnitsThatAreBeginningsOfOthersKeepTheirOrder) {
+TEST(LineSortWithoutTheSystem, UnitsThatArePrefixesOfOthersKeepTheirOrder) {
   // Created once for the process; later tests need it.
   ASSERT_NE(UnitFolding(), nullptr);
   for (const std::size_t count : {std::size_t{10}, std::size_t{200}}) {

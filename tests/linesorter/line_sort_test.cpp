@@ -53,7 +53,7 @@ Texts SortRecords(LineRecords<CharT> records, const SortLinesOptions& options) {
   std::vector<SortLine> plain = records.lines;
   const LineRange range = MovableRange(records.lines, options);
   SortLineRange<CharT>(records.lines, range, options);
-  SortLineRangePlainly<CharT>(plain, range, options);
+  SortLineRangeReference<CharT>(plain, range, options);
   EXPECT_EQ(TextsOf<CharT>(plain), TextsOf<CharT>(records.lines));
   if ((options.options & SortRemoveBlank) != 0) RemoveBlankLines(records.lines, range);
   return TextsOf<CharT>(records.lines);
@@ -88,12 +88,12 @@ TYPED_TEST(LineSort, CaseCountsUnlessItIsIgnored) {
   EXPECT_EQ(this->Sort({"a1", "A1", "a0", "A0"}, Text(SortIgnoreCase)), (Texts{"a0", "A0", "a1", "A1"}));
 }
 
-TEST(LineSortBytes, LinesThatBeginAlikeKeepTheirOrderAsMeant) {
+TEST(LineSortBytes, LinesWithEqualPrefixesKeepTheirOrderByDesign) {
   EXPECT_EQ(Sorted<char>({"abcd", "abc", "abcde", "ab"}, Text()), (Texts{"abcd", "abc", "abcde", "ab"}));
   EXPECT_EQ(Sorted<char>({"b", "abcd", "abc"}, Text()), (Texts{"abcd", "abc", "b"}));
 }
 
-TEST(LineSortUnits, LinesThatBeginAlikeComeShortestFirst) {
+TEST(LineSortUnits, LinesWithEqualPrefixesComeShortestFirst) {
   EXPECT_EQ(Sorted<WCHAR>({"abcd", "abc", "abcde", "ab"}, Text()), (Texts{"ab", "abc", "abcd", "abcde"}));
 }
 
@@ -102,7 +102,7 @@ TEST(LineSortBytes, EndAtAZeroByte) {
   EXPECT_EQ(Sorted<char>(texts, Text()), texts);
 }
 
-TEST(LineSortUnits, GoOnBehindAZeroUnit) {
+TEST(LineSortUnits, ContinueAfterAZeroUnit) {
   EXPECT_EQ(Sorted<WCHAR>({std::string("a\0z", 3), std::string("a\0b", 3)}, Text()),
             (Texts{std::string("a\0b", 3), std::string("a\0z", 3)}));
 }
@@ -111,7 +111,7 @@ TEST(LineSortBytes, UnderscoreComesBeforeLettersWhenCaseIsIgnored) {
   EXPECT_EQ(Sorted<char>({"B", "_", "a"}, Text(SortIgnoreCase)), (Texts{"_", "a", "B"}));
 }
 
-TEST(LineSortUnits, UnderscoreComesBehindLettersWhenCaseIsIgnored) {
+TEST(LineSortUnits, UnderscoreComesAfterLettersWhenCaseIsIgnored) {
   EXPECT_EQ(Sorted<WCHAR>({"B", "_", "a"}, Text(SortIgnoreCase)), (Texts{"a", "B", "_"}));
 }
 
@@ -121,7 +121,7 @@ TYPED_TEST(LineSort, EqualKeysKeepTheirOrder) {
   EXPECT_EQ(this->Sort({"2c", "1c", "2b", "1b", "2a"}, Number()), (Texts{"1c", "1b", "2c", "2b", "2a"}));
 }
 
-TYPED_TEST(LineSort, ReverseTurnsTheStableOrderRoundAsMeant) {
+TYPED_TEST(LineSort, ReverseInvertsTheStableOrderByDesign) {
   EXPECT_EQ(this->Sort({"a", "c", "b"}, Text(SortReverse)), (Texts{"c", "b", "a"}));
   // This is not a descending sort: equal keys are in the reverse of their original order.
   EXPECT_EQ(this->Sort({"7a", "7b", "7c", "7d", "7e"}, Number(SortReverse)),
@@ -138,11 +138,11 @@ TYPED_TEST(LineSort, KeptLinesStayInPlace) {
 
 TYPED_TEST(LineSort, NothingMovesWhenAllLinesOrMoreAreKept) {
   const Texts texts = {"c", "", "b", "", "a"};
-  constexpr std::uint32_t kMost = 0xFFFFFFFF;
+  constexpr std::uint32_t kMax = 0xFFFFFFFF;
   for (const auto& [top, bottom] :
        {std::pair{5u, 0u}, std::pair{0u, 5u}, std::pair{3u, 2u}, std::pair{3u, 3u}, std::pair{6u, 0u},
-        std::pair{0u, 6u}, std::pair{kMost, 0u}, std::pair{0u, kMost}, std::pair{kMost, kMost},
-        std::pair{1u, kMost}}) {
+        std::pair{0u, 6u}, std::pair{kMax, 0u}, std::pair{0u, kMax}, std::pair{kMax, kMax},
+        std::pair{1u, kMax}}) {
     for (const std::uint32_t bits : {0u, +SortReverse, +SortRemoveBlank, SortReverse | SortRemoveBlank}) {
       EXPECT_EQ(this->Sort(texts, Keeping(top, bottom, Text(bits))), texts) << top << " " << bottom;
     }
@@ -156,7 +156,7 @@ TYPED_TEST(LineSort, NumbersAreOrderedByValue) {
             (Texts{"-9223372036854775808", "-1", "0", "4294967296", "9223372036854775807"}));
 }
 
-TYPED_TEST(LineSort, EntireLineAsNumberKeepsTheOrderAsMeant) {
+TYPED_TEST(LineSort, EntireLineAsNumberKeepsTheOrderByDesign) {
   const Texts texts = {"3", "1", "2"};
   EXPECT_EQ(this->Sort(texts, Options(SortByLine | SortAsNumber)), texts);
   EXPECT_EQ(this->Sort(texts, Options(SortByLine | SortAsDate)), texts);
@@ -187,7 +187,7 @@ TYPED_TEST(LineSort, LanguageOrderIgnoresCaseWithAndWithoutTheOption) {
   EXPECT_EQ(this->Sort(texts, Text(SortLanguageAware | SortNoCompareStringEx)), sorted);
 }
 
-TYPED_TEST(LineSort, LanguageOrderPutsLettersWithMarksBesideTheirLetters) {
+TYPED_TEST(LineSort, LanguageOrderSortsLettersWithMarksNextToTheirLetters) {
   EXPECT_EQ(this->Sort({"z", "b", "\xE4", "a"}, Text(SortLanguageAware)), (Texts{"a", "\xE4", "b", "z"}));
   EXPECT_EQ(this->Sort({"z", "b", "\xE4", "a"}, Text(SortLanguageAware | SortNaturalNumbers)),
             (Texts{"a", "\xE4", "b", "z"}));
@@ -221,12 +221,12 @@ TEST(LineSortBytes, LinesShorterThanTheStartComeFirst) {
             (Texts{"x", "", "0123", "0123a", "0123b"}));
 }
 
-TEST(LineSortUnits, KeysStartHalfAsFarAsMeant) {
+TEST(LineSortUnits, KeysStartHalfAsFarByDesign) {
   // The offset of two counts bytes, so the keys are "b1" and "a2".
   EXPECT_EQ(Sorted<WCHAR>({"ab1", "aa2"}, From(2, Options(SortBySubstring))), (Texts{"aa2", "ab1"}));
 }
 
-TEST(LineSortUnits, KeysAreHalfAsLongAsMeant) {
+TEST(LineSortUnits, KeysAreHalfAsLongByDesign) {
   SortLinesOptions options = Options(SortBySubstring);
   options.subStringLen = 4;
   EXPECT_EQ(Sorted<WCHAR>({"abz--", "aba--", "aaz--", "aaa--"}, options),
@@ -235,7 +235,7 @@ TEST(LineSortUnits, KeysAreHalfAsLongAsMeant) {
   EXPECT_EQ(Sorted<WCHAR>({"c-", "b-", "a-"}, options), (Texts{"c-", "b-", "a-"}));
 }
 
-TEST(LineSortUnits, KeysAtOddOffsetsStraddleTheCharactersAsMeant) {
+TEST(LineSortUnits, KeysAtOddOffsetsStraddleTheCharactersByDesign) {
   // The units from the second byte on are 0x7800 and 0x1000, although 0x0178 is less than 0x0210.
   LineRecords<WCHAR> records({{W('a'), 0x0178}, {W('b'), 0x0210}});
   const char* const first = records.lines[0].text;
@@ -247,7 +247,7 @@ TEST(LineSortUnits, KeysAtOddOffsetsStraddleTheCharactersAsMeant) {
   EXPECT_EQ(records.lines[1].text, first);
 }
 
-TEST(LineSortUnits, LinesThatTheStartIsBehindComeFirstByTheirBytes) {
+TEST(LineSortUnits, LinesThatEndBeforeTheStartComeFirstByTheirBytes) {
   // The offset of 4 is after the end of "abc", but in bytes it is its third character.
   EXPECT_EQ(Sorted<WCHAR>({"zzzz", "abc", "a", "ab"}, From(4, Options(SortBySubstring))),
             (Texts{"a", "ab", "abc", "zzzz"}));
@@ -285,11 +285,11 @@ TYPED_TEST(LineSort, LinesMoveWithTheirOwnEndings) {
 // sorts the two halves, which do not change, and merges them: "ab" is less than "ac", so both lines of the
 // second half come first. A library that sorts so few lines by insertion finds "ab" equal to the "a" before
 // it and moves nothing.
-TEST(LineSortOfLibstdcxx, MergesTheHalvesOfKeysThatEqualTheirBeginnings) {
+TEST(LineSortOfLibstdcxx, MergesTheHalvesOfKeysThatEqualTheirPrefixes) {
   EXPECT_EQ(Sorted<char>({"ac", "a", "ab", "ab"}, Text()), (Texts{"ab", "ab", "ac", "a"}));
 }
 
-TEST(RemoveBlankLines, LooksAtTheTextAloneAndAtTheRangeAlone) {
+TEST(RemoveBlankLines, ChecksOnlyTheTextAndOnlyTheRange) {
   LineRecords<char> records = LinesOf<char>({"", "b", "", " ", "", "a", ""});
   records.lines[2].endingSize = 0;
   records.lines[2].endingKind = LineEnding::None;
@@ -319,11 +319,11 @@ TEST(MovableRange, IsWhatIsLeftBetweenTheKeptLines) {
 
 TEST(MovableRange, IsEmptyWhenAllLinesOrMoreAreKept) {
   const std::vector<SortLine> lines(5);
-  constexpr std::uint32_t kMost = 0xFFFFFFFF;
+  constexpr std::uint32_t kMax = 0xFFFFFFFF;
   for (const auto& [top, bottom] :
        {std::pair{5u, 0u}, std::pair{0u, 5u}, std::pair{3u, 2u}, std::pair{3u, 3u}, std::pair{6u, 0u},
-        std::pair{0u, 6u}, std::pair{kMost, 0u}, std::pair{0u, kMost}, std::pair{kMost, kMost},
-        std::pair{1u, kMost}, std::pair{kMost, 1u}}) {
+        std::pair{0u, 6u}, std::pair{kMax, 0u}, std::pair{0u, kMax}, std::pair{kMax, kMax},
+        std::pair{1u, kMax}, std::pair{kMax, 1u}}) {
     const LineRange range = MovableRange(lines, Keeping(top, bottom, {}));
     EXPECT_EQ(range.first, range.last) << top << " " << bottom;
     EXPECT_LE(range.last, lines.size()) << top << " " << bottom;

@@ -23,17 +23,17 @@ class ScriptedReader final : public WQDR::DataReader {
   int failAt = 0;
   std::function<void()> fail;
   // The read after this number of reads throws, which stops a loader in an endless loop.
-  std::size_t mostReads = 100000;
+  std::size_t maxReads = 100000;
 
-  std::vector<std::uint32_t> asked;  // the number of bytes that each read requested
+  std::vector<std::uint32_t> requests;  // the number of bytes that each read requested
 
   void Read(void* buffer, std::uint32_t toRead, std::uint32_t* bytesRead) override {
-    asked.push_back(toRead);
-    if (asked.size() > mostReads) throw std::string("too many reads");
-    if (static_cast<int>(asked.size()) == failAt) fail();
+    requests.push_back(toRead);
+    if (requests.size() > maxReads) throw std::string("too many reads");
+    if (static_cast<int>(requests.size()) == failAt) fail();
     std::size_t count = std::min<std::size_t>(toRead, bytes_.size() - position_);
     if (!portions_.empty())
-      count = std::min<std::size_t>(count, portions_[std::min(asked.size(), portions_.size()) - 1]);
+      count = std::min<std::size_t>(count, portions_[std::min(requests.size(), portions_.size()) - 1]);
     if (count > 0) std::memcpy(buffer, bytes_.data() + position_, count);
     position_ += count;
     *bytesRead = static_cast<std::uint32_t>(count);

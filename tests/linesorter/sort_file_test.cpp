@@ -59,7 +59,7 @@ TEST(SortFile, LoneCrsBecomeTheDefaultEnding) {
   EXPECT_EQ(SortedText("c\rb\r\na\r"), "a\r\nb\r\nc\r\n");
 }
 
-TEST(SortFile, FileOfLoneCrsIsMeantToBeJoined) { EXPECT_EQ(SortedText("b\rc\ra\r"), "abc"); }
+TEST(SortFile, FileOfLoneCrsIsJoinedByDesign) { EXPECT_EQ(SortedText("b\rc\ra\r"), "abc"); }
 
 TEST(SortFile, EmptyLinesSortFirst) { EXPECT_EQ(SortedText("b\n\na\n\n"), "\n\na\nb\n"); }
 
@@ -131,7 +131,7 @@ TEST(SortFile, ManyLinesAreSortedKeptReversedAndFreedOfBlankOnesAsFewAre) {
   EXPECT_EQ(Sorted(blanks, Keeping(1, 1, SortRemoveBlank)), "\n\n");
 }
 
-TEST(SortFile, DuplicatesAreMeantToStayWhateverTheirBoxSays) {
+TEST(SortFile, DuplicatesAreKeptWithAndWithoutTheirOptionByDesign) {
   EXPECT_EQ(SortedText("b\na\nb\na\n", SortRemoveDuplicates), "a\na\nb\nb\n");
 }
 
@@ -148,7 +148,7 @@ TEST(SortFile, SixteenBitTextSortsInUnits) {
   EXPECT_EQ(SortedText(WideBytes(W("cc\r\nbb\raa"))), WideBytes(W("aa\r\nbb\r\ncc\r\n")));
 }
 
-TEST(SortFile, MarkIsMeantToMoveWithTheFirstLine) {
+TEST(SortFile, MarkMovesWithTheFirstLineByDesign) {
   EXPECT_EQ(SortedText("\xFF\xFE" + WideBytes(W("b\na\n"))),
             WideBytes(W("a\n")) + "\xFF\xFE" + WideBytes(W("b\n")));
   EXPECT_EQ(Sorted("\xFF\xFE" + WideBytes(W("b\nd\nc\n")), Keeping(1, 0)),
@@ -156,7 +156,7 @@ TEST(SortFile, MarkIsMeantToMoveWithTheFirstLine) {
   EXPECT_EQ(SortedText("\xFF\xFE"), "\xFF\xFE");
 }
 
-TEST(SortFile, OddSixteenBitFileIsMeantToComeOutOneByteLonger) {
+TEST(SortFile, OddSixteenBitFileBecomesOneByteLongerByDesign) {
   EXPECT_EQ(SortedText(WideBytes(W("bbbb\naaaa\n")) + "0"), WideBytes(W("0\naaaa\nbbbb\n")));
   EXPECT_EQ(SortedText("\xFF\xFEz"), Bytes("\xFF\xFEz\0"));
 }
@@ -175,7 +175,7 @@ TEST(SortFile, ManyBlocksOfLinesAreSorted) {
   EXPECT_TRUE(SortedText(file) == expected);
 }
 
-TEST(SortFile, SourceThatAnotherHoldsOpenForWritingIsSorted) {
+TEST(SortFile, SourceThatIsOpenForWritingElsewhereIsSorted) {
   const ScratchFolder scratch;
   const WString source = scratch.Write(W("in"), "b\na\n");
   const HANDLE writer = OpenFor(source.c_str(), GENERIC_WRITE, OPEN_EXISTING);
@@ -254,7 +254,7 @@ TEST(SortFile, TargetInAFolderThatIsNotThereFails) {
   }
 }
 
-TEST(SortFile, KeptBackupHoldsWhatStoodAtTheTarget) {
+TEST(SortFile, KeptBackupContainsThePreviousTarget) {
   // The backup moves the target away, so the overwrite bit has no effect.
   for (const std::uint32_t overwrite : {0u, std::uint32_t{SaveOverwrite}}) {
     const ScratchFolder scratch;
@@ -344,7 +344,7 @@ TEST(SortFile, OutputHasTheAttributesOfANewFile) {
 }
 
 // In this case the backup's path is the target itself, which is deleted after the write like any backup.
-TEST(SortFile, DeletedBackupOfATargetThatIsNotThereIsMeantToDeleteTheTargetJustWritten) {
+TEST(SortFile, DeletedBackupOfAMissingTargetDeletesTheTargetJustWrittenByDesign) {
   const ScratchFolder scratch;
   EXPECT_EQ(RunSort(scratch.Write(W("in"), "b\na\n"), scratch.Path(W("out")),
                     SortOptions(SaveAsNewFile | SaveDeleteBackup)),

@@ -85,7 +85,7 @@ TEST(SortFileFaults, LoadFailsAndNothingIsTouched) {
   EXPECT_EQ(FailureOf(MoveFileW(file.path.c_str(), file.folder.Path(W("b.txt")).c_str())), kNoFailure);
 }
 
-TEST(SortFileFaults, CreateFailsAndTheDataStandsInTheBackup) {
+TEST(SortFileFaults, CreateFailsAndTheDataIsInTheBackup) {
   for (const std::uint32_t backup : kBackups) {
     const OneFile file;
     const Faults::Scope faults;
@@ -96,7 +96,7 @@ TEST(SortFileFaults, CreateFailsAndTheDataStandsInTheBackup) {
   }
 }
 
-TEST(SortFileFaults, CreateFailsWithoutABackupAndTheDataStandsAsItWas) {
+TEST(SortFileFaults, CreateFailsWithoutABackupAndTheDataIsUnchanged) {
   const OneFile file;
   const Faults::Scope faults;
   Faults::Fail("CreateFileW", 3, ERROR_ACCESS_DENIED);
@@ -123,7 +123,7 @@ TEST(SortFileFaults, WriteFailsAndPartialTargetAndBackupStayAsTheyAre) {
   }
 }
 
-TEST(SortFileFaults, WriteFailsIntoAnotherTargetAndTheSourceStandsAsItWas) {
+TEST(SortFileFaults, WriteFailsIntoAnotherTargetAndTheSourceIsUnchanged) {
   const ScratchFolder scratch;
   const WString source = scratch.Write(W("in"), kFile);
   const Faults::Scope faults;
@@ -144,7 +144,7 @@ TEST(SortFileFaults, BackupThatCannotBeMadeIsTheFailureOfTheCreate) {
   }
 }
 
-TEST(SortFileFaults, BackupThatCannotBeMadeIsMeantNotToStopAnOverwrite) {
+TEST(SortFileFaults, FailedBackupDoesNotStopAnOverwriteByDesign) {
   for (const std::uint32_t backup : kBackups) {
     const OneFile file;
     const Faults::Scope faults;
@@ -181,7 +181,7 @@ TEST(SortFileFaults, ADriveThatIsGoneForAMomentNeverTakesTheLinesWithIt) {
   }
 }
 
-TEST(SortFileFaults, ACallThatFailsWithoutANumberIsAFailureAllTheSame) {
+TEST(SortFileFaults, ACallThatFailsWithoutANumberIsStillAFailure) {
   const OneFile file;
   const std::string name = ToUtf8(file.path);
   const struct {
@@ -237,7 +237,7 @@ TEST(SortFileFaults, BackupThatCannotBeDeletedStaysAndTheRunIsASuccess) {
   }
 }
 
-TEST(SortFileFaults, AttributesOfABackupAreSetOnlyWhereTheyStandInTheWay) {
+TEST(SortFileFaults, AttributesOfABackupAreSetOnlyWhereTheyPreventIt) {
   const struct {
     DWORD attributes;
     int calls;
@@ -332,7 +332,7 @@ TEST(SortFileWithoutMemory, FileWithoutABackupIsNotTouchedBeforeAllMemoryIsThere
   ExpectNothingIsLostInPlace(SaveOverwrite, false);
 }
 
-TEST(SortFileWithoutMemory, SixteenBitTextTakesTheSameRoad) {
+TEST(SortFileWithoutMemory, SixteenBitTextIsHandledInTheSameWay) {
   const std::string bytes(
       "\xFF\xFE"
       "b\0\n\0a\0\n\0",

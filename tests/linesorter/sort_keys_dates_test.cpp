@@ -41,7 +41,7 @@ TYPED_TEST(SortKeys, DateThatDoesNotMatchIsMinusOne) {
   EXPECT_EQ(this->NumbersOf({"13:44"}, Date("%H:%M")), (Numbers{-1}));
 }
 
-TYPED_TEST(SortKeys, DateThatMatchesInPartCountsWithWhatItHasAsMeant) {
+TYPED_TEST(SortKeys, DateThatMatchesInPartCountsWithWhatItHasByDesign) {
   // A missing month is January; a missing day is the last day of the previous month.
   EXPECT_EQ(this->NumbersOf({"2014-x", "2014-11-x", "2014-11"}, Date("%Y-%m-%d")),
             (Numbers{LocalTime(2013, 12, 31), LocalTime(2014, 10, 31), LocalTime(2014, 10, 31)}));
@@ -64,14 +64,14 @@ TYPED_TEST(SortKeys, YearOf1900IsNotYetAbsolute) {
   EXPECT_EQ(this->NumbersOf({"1900-11-21"}, Date("%y-%m-%d")), (Numbers{-1}));
 }
 
-TYPED_TEST(SortKeys, DatesThatWindowsCannotTellAreMinusOne) {
+TYPED_TEST(SortKeys, DatesThatWindowsCannotConvertAreMinusOne) {
   EXPECT_EQ(this->NumbersOf({"1969-06-01", "1900-01-01", "0-1-1", "-5-1-1", "3002-01-01", "3700-01-01",
                              "99999999999-1-1", "-99999999999-1-1"},
                             Date("%Y-%m-%d")),
             (Numbers{-1, -1, -1, -1, -1, -1, -1, -1}));
 }
 
-TYPED_TEST(SortKeys, DatesUpToTheYear3000AreTold) {
+TYPED_TEST(SortKeys, DatesUpToTheYear3000AreConverted) {
   EXPECT_EQ(this->NumbersOf({"1970-02-01", "2106-02-08", "2999-12-31", "3000-06-01"}, Date("%Y-%m-%d")),
             (Numbers{LocalTime(1970, 2, 1), LocalTime(2106, 2, 8), LocalTime(2999, 12, 31),
                      LocalTime(3000, 6, 1)}));
@@ -81,7 +81,7 @@ TYPED_TEST(SortKeys, EmptyDateFormatReadsNoDate) {
   EXPECT_EQ(this->NumbersOf({"2014-11-21", ""}, Date("")), (Numbers{0, 0}));
 }
 
-TYPED_TEST(SortKeys, DateOfAKeyAtTheLinesEndIsThatOfTheNextLineAsMeant) {
+TYPED_TEST(SortKeys, DateOfAKeyAtTheLinesEndIsThatOfTheNextLineByDesign) {
   const std::int64_t day = LocalTime(2014, 11, 21);
   EXPECT_EQ(this->NumbersOf({"", "2014-11-21"}, Date("%Y-%m-%d")), (Numbers{day, day}));
   EXPECT_EQ(this->NumbersOf({"", "2014-11-21"}, Date("%Y-%m-%d"), "\r\n"), (Numbers{day, day}));
@@ -89,20 +89,20 @@ TYPED_TEST(SortKeys, DateOfAKeyAtTheLinesEndIsThatOfTheNextLineAsMeant) {
   EXPECT_EQ(this->NumbersOf({"abc", "   2014-11-21"}, From(3, Date("%Y-%m-%d"))), (Numbers{day, day}));
 }
 
-TYPED_TEST(SortKeys, DateReadsOnIntoTheNextLineAsMeant) {
+TYPED_TEST(SortKeys, DateContinuesInTheNextLineByDesign) {
   EXPECT_EQ(this->NumbersOf({"2014", "11 21"}, Date("%Y %m %d"))[0], LocalTime(2014, 11, 21));
   EXPECT_EQ(this->NumbersOf({"2014", "11 21"}, Date("%Y %m %d"), "\r\n")[0], LocalTime(2014, 11, 21));
 }
 
-TYPED_TEST(SortKeys, DateOfTheLastLineEndsInTheZerosBehindTheBlock) {
+TYPED_TEST(SortKeys, DateOfTheLastLineEndsInTheZerosAfterTheBlock) {
   EXPECT_EQ(this->NumbersOf({"2014-11-21"}, Date("%Y-%m-%d"), ""), (Numbers{LocalTime(2014, 11, 21)}));
   EXPECT_EQ(this->NumbersOf({"2014-11-21"}, Date("%Y-%m-%d%q"), ""), (Numbers{LocalTime(2014, 11, 21)}));
   EXPECT_EQ(this->NumbersOf({""}, Date("%q"), ""), (Numbers{-1}));
 }
 
-TYPED_TEST(SortKeys, DateOfAKeyBehindTheLinesEndIsMinusOne) {
+TYPED_TEST(SortKeys, DateOfAKeyBeyondTheLinesEndIsMinusOne) {
   EXPECT_EQ(this->NumbersOf({"a", "2014-11-21"}, From(2, Date("%Y-%m-%d")))[0], -1);
-  EXPECT_EQ(this->NumbersOf({"a", "2014-11-21"}, From(kMost, Date("%Y-%m-%d"))), (Numbers{-1, -1}));
+  EXPECT_EQ(this->NumbersOf({"a", "2014-11-21"}, From(kMax, Date("%Y-%m-%d"))), (Numbers{-1, -1}));
 }
 
 TYPED_TEST(SortKeys, RefusedDateFormatsAreThrown) {

@@ -16,7 +16,7 @@
 
 namespace WQLineSorter {
 
-inline constexpr std::uint32_t kMost = 0xFFFFFFFF;
+inline constexpr std::uint32_t kMax = 0xFFFFFFFF;
 
 inline SortLinesOptions Options(std::uint32_t bits) {
   SortLinesOptions options;

@@ -44,7 +44,7 @@ TYPED_TEST(SortKeys, NumberOfAnItemEndsAtItsSeparator) {
   EXPECT_EQ(this->KeyIn("a1213", Item(2, '1', SortAsNumber)), (Key{2, 1, 213}));
 }
 
-TYPED_TEST(SortKeys, EmptyLineReadsOnIntoTheNextLinesNumberAsMeant) {
+TYPED_TEST(SortKeys, EmptyLineHasTheNextLinesNumberByDesign) {
   EXPECT_EQ(this->NumbersOf({"", "", "42", "7"}, Number()), (Numbers{42, 42, 42, 7}));
   EXPECT_EQ(this->NumbersOf({"", "42"}, Number(), "\r\n"), (Numbers{42, 42}));
   EXPECT_EQ(this->NumbersOf({"", "42"}, Number(), "\r"), (Numbers{42, 42}));
@@ -53,7 +53,7 @@ TYPED_TEST(SortKeys, EmptyLineReadsOnIntoTheNextLinesNumberAsMeant) {
   EXPECT_EQ(this->NumbersOf({"-", "42"}, Number()), (Numbers{0, 42}));
 }
 
-TYPED_TEST(SortKeys, DigitsAtTheLinesEndReadOnWhereNoEndingStands) {
+TYPED_TEST(SortKeys, DigitsAtTheLinesEndContinueWithoutAnEnding) {
   EXPECT_EQ(this->NumbersOf({"4", "2"}, Number(), ""), (Numbers{42, 2}));
   EXPECT_EQ(this->NumbersOf({"4", "2"}, Number(1), ""), (Numbers{4, 2}));
 }
@@ -78,14 +78,14 @@ TYPED_TEST(SortKeys, NumberLimitIsNoMoreThanTheCharactersThatAreLeft) {
   EXPECT_EQ(this->NumbersOf({"  ", "42"}, skipping), (Numbers{42, 42}));
 }
 
-TYPED_TEST(SortKeys, NumberOfTheLastLineEndsInTheZerosBehindTheBlock) {
+TYPED_TEST(SortKeys, NumberOfTheLastLineEndsInTheZerosAfterTheBlock) {
   EXPECT_EQ(this->NumbersOf({""}, Number()), (Numbers{0}));
   EXPECT_EQ(this->NumbersOf({"", " "}, Number()), (Numbers{0, 0}));
   EXPECT_EQ(this->NumbersOf({"12"}, Number(), ""), (Numbers{12}));
   EXPECT_EQ(this->NumbersOf({"-"}, Number(), ""), (Numbers{0}));
 }
 
-TYPED_TEST(SortKeys, NumberOfAKeyBehindTheLinesEndIsZero) {
+TYPED_TEST(SortKeys, NumberOfAKeyBeyondTheLinesEndIsZero) {
   EXPECT_EQ(this->NumbersOf({"abc", "defgh"}, From(4, Number())), (Numbers{0, 0}));
   EXPECT_EQ(this->NumbersOf({"1", "2345"}, From(2, Number())), (Numbers{0, 45}));
   EXPECT_EQ(this->NumbersOf({"1", "2345"}, From(2, Number(9))), (Numbers{0, 45}));
@@ -100,12 +100,12 @@ TYPED_TEST(SortKeys, NumberLimitsOf64AndMoreAreCutAt63Characters) {
   EXPECT_EQ(this->KeyIn(text, Number(64)), (Key{0, 64, 1}));
   EXPECT_EQ(this->KeyIn(text, Number(65)), (Key{0, 0, 1}));
   EXPECT_EQ(this->KeyIn(text, Number(1000)), (Key{0, 0, 1}));
-  EXPECT_EQ(this->KeyIn(text, Number(kMost)), (Key{0, 0, 1}));
+  EXPECT_EQ(this->KeyIn(text, Number(kMax)), (Key{0, 0, 1}));
   EXPECT_EQ(this->KeyIn(text, Number(0)), (Key{0, 0, 123}));
 }
 
 TYPED_TEST(SortKeys, HugeNumberLimitsOnAShorterLineTakeTheLine) {
-  for (const std::uint32_t limit : {64u, 1000u, 0x80000000u, 0x80000001u, kMost}) {
+  for (const std::uint32_t limit : {64u, 1000u, 0x80000000u, 0x80000001u, kMax}) {
     EXPECT_EQ(this->KeyIn("123", Number(limit)), (Key{0, 0, 123})) << limit;
   }
 }

@@ -14,24 +14,24 @@ TYPED_TEST(SortKeys, StartAtTheLineOffset) {
   EXPECT_EQ(this->KeyIn("abcdef", From(2, Options(0))), (Key{2, 0}));
 }
 
-TYPED_TEST(SortKeys, StartBehindTheLinesEndStandsAsItIs) {
+TYPED_TEST(SortKeys, StartBeyondTheLinesEndIsUnchanged) {
   EXPECT_EQ(this->KeyIn("abc", From(4, Substring())), (Key{4, 0}));
   EXPECT_EQ(this->KeyIn("", From(1, Substring())), (Key{1, 0}));
   EXPECT_EQ(this->KeyIn("abc", From(4, Options(SortByLine))), (Key{4, 0}));
 }
 
 TYPED_TEST(SortKeys, HugeStartsDoNotWrapRoundToTheLine) {
-  for (const std::uint32_t start : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFEu, kMost}) {
+  for (const std::uint32_t start : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFEu, kMax}) {
     for (const std::uint32_t bits :
          {0u, +SortSkipLeadingSpace, +SortEndAtWhitespace, +SortEndAtChar, +SortAsNumber}) {
       SortLinesOptions options = From(start, Substring(bits));
       options.matchChar = options.matchCharA = ';';
       EXPECT_EQ(this->KeyIn(" 12;34 ", options), (Key{start, 0})) << start << " " << bits;
-      options.subStringLen = kMost;
+      options.subStringLen = kMax;
       EXPECT_EQ(this->KeyIn(" 12;34 ", options), (Key{start, 0})) << start << " " << bits;
       EXPECT_EQ(this->KeyIn(" 12;34 ", From(start, Item(2, ';', bits))), (Key{start, 0}))
           << start << " " << bits;
-      EXPECT_EQ(this->KeyIn(" 12;34 ", From(start, Item(kMost, ';', bits))), (Key{start, 0}))
+      EXPECT_EQ(this->KeyIn(" 12;34 ", From(start, Item(kMax, ';', bits))), (Key{start, 0}))
           << start << " " << bits;
     }
   }
@@ -101,7 +101,7 @@ TYPED_TEST(SortKeys, SubstringThatReachesTheLinesEndIsTheRestOfTheLine) {
 }
 
 TYPED_TEST(SortKeys, HugeSubstringLengthsDoNotWrapRound) {
-  for (const std::uint32_t length : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFDu, kMost}) {
+  for (const std::uint32_t length : {0x7FFFFFFFu, 0x80000000u, 0x80000001u, 0xFFFFFFFDu, kMax}) {
     SortLinesOptions options = Substring();
     options.subStringLen = length;
     EXPECT_EQ(this->KeyIn("abcdef", options), (Key{0, 0})) << length;
@@ -146,7 +146,7 @@ TYPED_TEST(SortKeys, DistanceToTheLinesEndIsStored) {
   EXPECT_EQ(this->KeyIn("a;bcd", Item(2)), (Key{2, 3}));
 }
 
-TYPED_TEST(SortKeys, EndAtWhitespaceRightAtTheStartIsTheRestOfTheLineAsMeant) {
+TYPED_TEST(SortKeys, EndAtWhitespaceRightAtTheStartIsTheRestOfTheLineByDesign) {
   EXPECT_EQ(this->KeyIn(" abc", Substring(SortEndAtWhitespace)), (Key{0, 0}));
   EXPECT_EQ(this->KeyIn("ab\tcd", From(2, Substring(SortEndAtWhitespace))), (Key{2, 0}));
 }
@@ -198,7 +198,7 @@ TYPED_TEST(SortKeys, ItemsAreCountedFromTheStart) {
   EXPECT_EQ(this->KeyIn("a; b", Item(2, ';', SortSkipLeadingSpace)), (Key{2, 2}));
 }
 
-TYPED_TEST(SortKeys, EmptyItemBetweenSeparatorsIsTheRestOfTheLineAsMeant) {
+TYPED_TEST(SortKeys, EmptyItemBetweenSeparatorsIsTheRestOfTheLineByDesign) {
   EXPECT_EQ(this->KeyIn("a;;c", Item(2)), (Key{2, 0}));
   EXPECT_EQ(this->KeyIn(";b", Item(1)), (Key{0, 0}));
 }
@@ -206,7 +206,7 @@ TYPED_TEST(SortKeys, EmptyItemBetweenSeparatorsIsTheRestOfTheLineAsMeant) {
 TYPED_TEST(SortKeys, ItemThatTheLineDoesNotHaveIsEmptyAtTheLinesEnd) {
   EXPECT_EQ(this->KeyIn("a;b;c", Item(4)), (Key{5, 0}));
   EXPECT_EQ(this->KeyIn("a;b;c", Item(0)), (Key{5, 0}));
-  EXPECT_EQ(this->KeyIn("a;b;c", Item(kMost)), (Key{5, 0}));
+  EXPECT_EQ(this->KeyIn("a;b;c", Item(kMax)), (Key{5, 0}));
   EXPECT_EQ(this->KeyIn("a;b;", Item(3)), (Key{4, 0}));
   EXPECT_EQ(this->KeyIn("", Item(1)), (Key{0, 0}));
   EXPECT_EQ(this->KeyIn("", Item(2)), (Key{0, 0}));

@@ -60,11 +60,11 @@ TEST(SortKeysOfDates, AreLocalTime) {
   EXPECT_EQ(DateKey("CET-1CEST,M3.5.0,M10.5.0/3", "2014-01-15 00:00:00"), 1389740400);
 }
 
-TEST(SortKeysOfDates, SummerTimesAreTakenAsWinterTimesAsMeant) {
+TEST(SortKeysOfDates, DaylightTimesAreReadAsStandardTimesByDesign) {
   EXPECT_EQ(DateKey("EST5EDT,M3.2.0,M11.1.0", "2014-07-01 00:00:00"), 1404190800);
 }
 
-TEST(SortKeysOfDates, NothingBefore1970OrBehind3000IsTold) {
+TEST(SortKeysOfDates, NothingBefore1970OrAfter3000IsConverted) {
   EXPECT_EQ(DateKey("UTC0", "1969-12-31 23:59:58"), -1);
   EXPECT_EQ(DateKey("UTC0", "1969-12-31 00:00:00"), -1);
   EXPECT_EQ(DateKey("UTC0", "3000-12-31 23:59:59"), 32535215999);
@@ -72,7 +72,7 @@ TEST(SortKeysOfDates, NothingBefore1970OrBehind3000IsTold) {
 }
 
 // In the native build only: Wine's C library reduces days beyond 32 bits modulo 2^32.
-TEST(SortKeysOfDates, DaysWithoutNumberAreNotTold) {
+TEST(SortKeysOfDates, DaysWithoutNumberAreNotConverted) {
   EXPECT_EQ(DateKey("UTC0", "2014-11-99999999999 00:00:00"), -1);
   EXPECT_EQ(DateKey("UTC0", "2014-11--99999999999 00:00:00"), -1);
 }

@@ -48,7 +48,7 @@ class SortLinesCommandTest : public testing::Test {
   void Run(const SortLinesDialog& show) {
     host_.boxAnswers = {IDOK};
     SortLinesCommand(host_, show);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   ScratchFolder folder_;
@@ -68,7 +68,7 @@ TEST_F(SortLinesCommandTest, WithNothingSelectedItSaysSoInABox) {
   EXPECT_THAT(host_.recorder.CallsOf({"MessageBox"}),
               ElementsAre("MessageBox(\"T01900064\", \"T02440064\", 0x00000040)"));
   EXPECT_THAT(host_.recorder.CallsOf({"config.", "Log"}), IsEmpty());
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, ListOfARefusedRequestIsNotLookedAt) {
@@ -77,7 +77,7 @@ TEST_F(SortLinesCommandTest, ListOfARefusedRequestIsNotLookedAt) {
   host_.fillsRefusedLists = true;
   SortLinesCommand(host_, MustNotBeShown());
   EXPECT_THAT(host_.recorder.CallsOf({"MessageBox", "item ", "config.", "list1.Get"}), IsEmpty());
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, WithoutAListNothingHappens) {
@@ -161,7 +161,7 @@ TEST_F(SortLinesCommandTest, CancelStoresNothingAndSortsNothing) {
   EXPECT_THAT(host_.config.texts, IsEmpty());
   EXPECT_THAT(host_.recorder.CallsOf({"Log", "MessageBox", "FileListRequest(21120"}), IsEmpty());
   EXPECT_THAT(folder_.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, OkSortsIntoTheSuggestedNewFile) {
@@ -187,7 +187,7 @@ TEST_F(SortLinesCommandTest, WithABackupSeveralFilesAreEachSortedInPlace) {
   Run([](IHostApp&, SortLinesForm& form) -> INT_PTR {
     const SortLinesForm before = form;
     form.saveAs = SaveKeepBackup;
-    FollowChanges(form, before);
+    UpdateForChanges(form, before);
     return IDOK;
   });
   EXPECT_EQ(folder_.Read(W("a.txt")), "b\nc\n");
@@ -263,7 +263,7 @@ TEST_F(SortLinesCommandTest, LengthThatIsNoNumberLeavesTheCommandWithNothingStor
   EXPECT_THROW(SortLinesCommand(host_, show), std::out_of_range);
   EXPECT_THAT(host_.config.numbers, IsEmpty());
   EXPECT_THAT(folder_.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SortLinesCommandTest, ListIsGivenBackOnceByTheRun) {

@@ -175,7 +175,7 @@ TEST(SortLinesDlg, LimitedFieldsSayWhatTheyTake) {
   });
 }
 
-TEST(SortLinesDlg, WithoutAnyoneToAnswerItIsCancelled) {
+TEST(SortLinesDlg, WithoutAUserItIsCancelled) {
   Platform::UserInterface* const before = Platform::InstallUserInterface(nullptr);
   FakeHost host;
   SortLinesForm form = StartedForm();

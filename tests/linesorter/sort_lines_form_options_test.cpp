@@ -78,7 +78,7 @@ TEST(SortLinesForm, WhitespaceBoxIsStored) {
   EXPECT_EQ(BitsOf(form), 0x1300012u);
 }
 
-TEST(SortLinesForm, EndCharacterWinsOverTheLengthWhichKeepsItsOldValueAsIsMeant) {
+TEST(SortLinesForm, EndCharacterWinsOverTheLengthWhichKeepsItsOldValueByDesign) {
   SortLinesForm form = FormWith(0x400012, StoredCharacter(u';', 4));
   EnterLength(form, W("9"));
   const SortLinesOptions options = ReadOptions(form);
@@ -86,13 +86,13 @@ TEST(SortLinesForm, EndCharacterWinsOverTheLengthWhichKeepsItsOldValueAsIsMeant)
   EXPECT_EQ(options.subStringLen, 4u);
 }
 
-TEST(SortLinesForm, EndCharacterWinsOverTheCheckedWhitespaceBoxAsIsMeant) {
+TEST(SortLinesForm, EndCharacterWinsOverTheCheckedWhitespaceBoxByDesign) {
   SortLinesForm form = FormWith(0x400012, StoredCharacter(u';'));
   ClickEndAtWhitespace(form);
   EXPECT_EQ(BitsOf(form), 0x1400012u);
 }
 
-TEST(SortLinesForm, FilledLengthWinsOverTheCheckedWhitespaceBoxAsIsMeant) {
+TEST(SortLinesForm, FilledLengthWinsOverTheCheckedWhitespaceBoxByDesign) {
   SortLinesForm form = EmptySubstringForm();
   form.length = W("6");
   form.endAtWhitespace = true;
@@ -101,7 +101,7 @@ TEST(SortLinesForm, FilledLengthWinsOverTheCheckedWhitespaceBoxAsIsMeant) {
   EXPECT_EQ(options.subStringLen, 6u);
 }
 
-TEST(SortLinesForm, EmptySubstringFieldsLeaveTheOldLengthAsIsMeant) {
+TEST(SortLinesForm, EmptySubstringFieldsLeaveTheOldLengthByDesign) {
   SortLinesForm form = FormWith(0x12, StoredLength(4));
   EnterLength(form, W(""));
   EXPECT_EQ(ReadOptions(form).subStringLen, 4u);
@@ -210,7 +210,7 @@ TEST(SortLinesForm, BoxesAreStored) {
   EXPECT_EQ(BitsOf(form), 0x1141811u);
 }
 
-TEST(SortLinesForm, NaturalOrderAndIgnoreCaseAreStoredWithoutLanguageAwareOnlyAsIsMeant) {
+TEST(SortLinesForm, NaturalOrderAndIgnoreCaseAreStoredWithoutLanguageAwareOnlyByDesign) {
   SortLinesForm form = FormWith(0x11);
   form.naturalNumbers = form.ignoreCase = true;
   EXPECT_EQ(BitsOf(form), 0x100A011u);
@@ -218,7 +218,7 @@ TEST(SortLinesForm, NaturalOrderAndIgnoreCaseAreStoredWithoutLanguageAwareOnlyAs
   EXPECT_EQ(BitsOf(form), 0x1000811u);
 }
 
-TEST(SortLinesForm, DisabledDuplicatesBoxKeepsItsBitAsIsMeant) {
+TEST(SortLinesForm, DisabledDuplicatesBoxKeepsItsBitByDesign) {
   const SortLinesForm form = FormWith(0x20011);
   EXPECT_TRUE(form.removeDuplicates);
   EXPECT_EQ(BitsOf(form), 0x1020011u);

@@ -85,7 +85,7 @@ TEST(SortLinesForm, FromLineToSubstringTheItemStaysDisabled) {
   EXPECT_THAT(ItemState(form), ElementsAre(false, false));
 }
 
-TEST(SortLinesForm, FromItemToSubstringSeparatorAndItemStayEnabledAsIsMeant) {
+TEST(SortLinesForm, FromItemToSubstringSeparatorAndItemStayEnabledByDesign) {
   SortLinesForm form = FormWith(0x14);
   ChooseSortBy(form, SortBySubstring);
   EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
@@ -94,7 +94,7 @@ TEST(SortLinesForm, FromItemToSubstringSeparatorAndItemStayEnabledAsIsMeant) {
   EXPECT_THAT(ItemState(form), ElementsAre(false, false));
 }
 
-TEST(SortLinesForm, StartedWithSubstringSeparatorAndItemAreEnabledAsIsMeant) {
+TEST(SortLinesForm, StartedWithSubstringSeparatorAndItemAreEnabledByDesign) {
   EXPECT_THAT(ItemState(FormWith(0x12)), ElementsAre(true, true));
 }
 
@@ -128,11 +128,11 @@ TEST(SortLinesForm, WithTheBoxLengthAndEndCharacterAreDisabled) {
   EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
 }
 
-TEST(SortLinesForm, ALengthOfZeroCountsAsFilledAsIsMeant) {
+TEST(SortLinesForm, ALengthOfZeroCountsAsFilledByDesign) {
   EXPECT_THAT(SubstringState(FormWith(0x12)), ElementsAre(true, false, false));
 }
 
-TEST(SortLinesForm, WithLengthAndEndCharacterFilledNothingChangesAsIsMeant) {
+TEST(SortLinesForm, WithLengthAndEndCharacterFilledNothingChangesByDesign) {
   SortLinesForm form = FormWith(0x400012, StoredCharacter(u';'));
   EXPECT_THAT(SubstringState(form), ElementsAre(true, true, true));
   EnterLength(form, W("77"));

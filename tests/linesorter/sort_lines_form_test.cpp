@@ -90,7 +90,7 @@ TEST(SortLinesForm, EachBoxShowsItsBitTheDisabledOneToo) {
   }
 }
 
-TEST(SortLinesForm, SubstringShowsItsLengthEvenIfThatIsZeroAsIsMeant) {
+TEST(SortLinesForm, SubstringShowsItsLengthEvenIfThatIsZeroByDesign) {
   EXPECT_EQ(FormWith(0x12).length, W("0"));
   EXPECT_EQ(FormWith(0x12, StoredLength(5)).length, W("5"));
 }
@@ -103,7 +103,7 @@ TEST(SortLinesForm, StoredLengthThatTheFieldDoesNotTakeIsShownAsTheLargestItDoes
   EXPECT_EQ(ReadOptions(formOf(4294967295)).subStringLen, 999999999u);
 }
 
-TEST(SortLinesForm, SubstringShowsTheEndCharacterBesideTheLengthAsIsMeant) {
+TEST(SortLinesForm, SubstringShowsTheEndCharacterWithTheLengthByDesign) {
   const SortLinesForm form = FormWith(0x400012, StoredCharacter(u';', 4));
   EXPECT_EQ(form.endCharacter, W(";"));
   EXPECT_EQ(form.length, W("4"));
@@ -122,7 +122,7 @@ TEST(SortLinesForm, SubstringToWhitespaceChecksTheBoxAndShowsNoLength) {
   EXPECT_EQ(form.length, W(""));
 }
 
-TEST(SortLinesForm, EndCharacterIsShownBesideTheCheckedWhitespaceBoxAsIsMeant) {
+TEST(SortLinesForm, EndCharacterIsShownWithTheCheckedWhitespaceBoxByDesign) {
   const SortLinesForm form = FormWith(0x600012, StoredCharacter(u';', 4));
   EXPECT_EQ(form.endCharacter, W(";"));
   EXPECT_TRUE(form.endAtWhitespace);
@@ -154,7 +154,7 @@ TEST(SortLinesForm, DateFormatIsShownForDatesOnly) {
   EXPECT_EQ(FormWith(0x101, StoreDayFormat).dateFormat, W(""));
 }
 
-TEST(SortLinesForm, WithMethodTextAStoredFormatIsNotShownAsIsMeant) {
+TEST(SortLinesForm, WithMethodTextAStoredFormatIsNotShownByDesign) {
   EXPECT_EQ(FormWith(0x011, StoreDayFormat).dateFormat, W(""));
   EXPECT_EQ(FormWith(0x211, StoreDayFormat).dateFormat, W(""));
 }

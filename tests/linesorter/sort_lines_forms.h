@@ -41,7 +41,7 @@ inline void StoreDayFormat(SortLinesOptions& options) { std::copy_n("%d", 3, opt
 inline void Edit(SortLinesForm& form, const Change& change) {
   const SortLinesForm before = form;
   change(form);
-  FollowChanges(form, before);
+  UpdateForChanges(form, before);
 }
 
 inline void ChooseSortBy(SortLinesForm& form, int choice) {

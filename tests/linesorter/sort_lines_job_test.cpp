@@ -50,7 +50,7 @@ struct JobRun {
     optionsAfter = job.options.options;
     listIsOpen = host.recorder.IsTaken(list->Name());
     if (listIsOpen) list->Release();
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 
   // Returns the log lines as "level: text", from both log operations, with the folder replaced by "~".
@@ -145,7 +145,7 @@ TEST(SortLinesJob, SortsAllFilesInTheOrderOfTheList) {
   EXPECT_THAT(run.Result(1), IsEmpty());
 }
 
-TEST(SortLinesJob, HandsBackBothListsThenReleasesAndThenSpeaks) {
+TEST(SortLinesJob, ReportsBothListsThenReleasesThemAndThenShowsTheResult) {
   JobRun run;
   run.Add(W("a.txt"), "2\n1\n");
   run.AddMissing(W("none.txt"));
@@ -216,7 +216,7 @@ TEST(SortLinesJob, PatternWithoutAnAsteriskIsTheNameForEveryFile) {
                           "10: [SortLines] - Sorted lines in file : ~\\b.txt (Saved as : ~\\all.txt)"));
 }
 
-TEST(SortLinesJob, TargetStandsInTheFolderOfItsFile) {
+TEST(SortLinesJob, TargetIsInTheFolderOfItsFile) {
   JobRun run;
   run.scratch.MakeFolder(W("one"));
   run.scratch.MakeFolder(W("two"));
@@ -254,7 +254,7 @@ TEST(SortLinesJob, AsksBeforeAnExistingTargetIsReplacedAndYesReplacesIt) {
   EXPECT_EQ(run.optionsAfter & SaveOverwrite, std::uint32_t{SaveOverwrite});
 }
 
-TEST(SortLinesJob, YesStaysInTheOptionsAndTheNextExistingTargetIsMeantToBeAskedForAllTheSame) {
+TEST(SortLinesJob, YesStaysInTheOptionsAndTheNextExistingTargetIsStillAskedForByDesign) {
   JobRun run;
   for (const WCHAR* name : {W("a"), W("b"), W("c")}) {
     run.Add(WString(name) + W(".txt"), "2\n1\n");
@@ -329,7 +329,7 @@ TEST(SortLinesJob, CancelAfterAYesKeepsWhatWasDone) {
 }
 
 // The overwrite bit of the options answers the question only in a silent run.
-TEST(SortLinesJob, OverwriteAsksAllTheSame) {
+TEST(SortLinesJob, OverwriteStillAsks) {
   JobRun run;
   run.Add(W("a.txt"), "2\n1\n");
   run.scratch.Write(W("a.out"), "old");
@@ -360,7 +360,7 @@ TEST(SortLinesJob, WithoutANewFileNothingIsAsked) {
   EXPECT_EQ(run.scratch.Read(W("b.txt.bak")), "4\n3\n");
 }
 
-TEST(SortLinesJob, ExistingTargetWithoutANewFileFailsUnasked) {
+TEST(SortLinesJob, ExistingTargetWithoutANewFileFailsWithoutAQuestion) {
   JobRun run;
   run.Add(W("a.txt"), "2\n1\n");
   run.Run(0, W("*.*"));

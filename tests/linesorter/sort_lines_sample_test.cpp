@@ -20,7 +20,7 @@ TEST(SortLinesSample, Utf8IsShownByteByByte) {
   EXPECT_EQ(Sample("\xEF\xBB\xBF\xC3\xA4"), W("\u00EF\u00BB\u00BF\u00C3\u00A4"));
 }
 
-TEST(SortLinesSample, TextBehindTheSixteenBitMarkIsWide) {
+TEST(SortLinesSample, TextAfterTheSixteenBitMarkIsWide) {
   using namespace std::string_view_literals;
   EXPECT_EQ(Sample("\xFF\xFE\x61\0\xE4\0\x2D\x4E"sv), W("a\u00E4\u4E2D"));
   EXPECT_EQ(Sample("\xFF\xFE"sv), W(""));

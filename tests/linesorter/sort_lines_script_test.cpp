@@ -93,7 +93,7 @@ TEST(SortLinesParameters, KeepBackupWinsOverDelete) {
   EXPECT_EQ(Bits({}, {"KEEPBACKUP", "DELETE"}), 0x02000011u);
 }
 
-TEST(SortLinesParameters, TheSpellingOfNaturalNumOrderIsMeant) {
+TEST(SortLinesParameters, TheSpellingOfNaturalNumOrderIsByDesign) {
   EXPECT_EQ(Bits({}, {"NATURALNUMORDER"}), kPlain);
 }
 
@@ -107,7 +107,7 @@ TEST(SortLinesParameters, SortByChoosesTheKeyIgnoringCase) {
   EXPECT_EQ(Bits({{"SORTBY", W("LiNe")}}), 0x01000011u);
 }
 
-TEST(SortLinesParameters, AnotherSortByWordSetsNoKeyBitAndReadsNothingOfAKeyWhichIsMeant) {
+TEST(SortLinesParameters, AnotherSortByWordSetsNoKeyBitAndReadsNothingOfAKeyByDesign) {
   for (const WCHAR* word : {W("word"), W("lines"), W("lin"), W(" item"), W("item ")}) {
     const Values values = {{"SORTBY", word}, {"ITEM", W("2")}, {"SUBSTRLEN", W("3")}, {"ENDCHAR", W(";")}};
     const SortLinesOptions options = Read(values, {"ENDATWHITESPACE"});
@@ -194,7 +194,7 @@ TEST(SortLinesParameters, ASubstringEndsAtACharacterOrElseAtWhiteSpace) {
   EXPECT_EQ(Bits({{"SORTBY", W("substring")}}, {"ENDATWHITESPACE"}), 0x01200012u);
 }
 
-TEST(SortLinesParameters, AnEmptyEndCharIsTheZeroCharacterAndCountsWhichIsMeant) {
+TEST(SortLinesParameters, AnEmptyEndCharIsTheZeroCharacterAndCountsByDesign) {
   const SortLinesOptions options =
       Read({{"SORTBY", W("substring")}, {"ENDCHAR", W("")}}, {"ENDATWHITESPACE"});
   EXPECT_EQ(options.options, 0x01400012u);
@@ -245,7 +245,7 @@ TEST(SortLinesParameters, NumbersMayHaveBlanksASignAndARest) {
   }
 }
 
-TEST(SortLinesParameters, NegativeNumbersWrapRoundToUnsignedOnesWhichIsMeant) {
+TEST(SortLinesParameters, NegativeNumbersWrapRoundToUnsignedOnesByDesign) {
   EXPECT_EQ(Read({{"KEEPTOP", W("-1")}}).keepLinesTop, 0xFFFFFFFFu);
   EXPECT_EQ(Read({{"KEEPBOTTOM", W("-2147483648")}}).keepLinesBottom, 0x80000000u);
   EXPECT_EQ(Read({{"LINEOFFSET", W("-1")}}).lineOffset, 0xFFFFFFFEu);
@@ -281,7 +281,7 @@ TEST(SortLinesParameters, AreReadInTheirOrder) {
                   "HasFlag(KEEPBACKUP)", "HasFlag(DELETE)", "HasFlag(SILENT)"));
 }
 
-TEST(SortLinesParameters, TheKeysOwnAreReadBehindIt) {
+TEST(SortLinesParameters, TheParametersOfTheKeyAreReadAfterIt) {
   const auto firstFour = [](const Values& values) {
     std::vector<std::string> reads = Reads(values);
     reads.resize(4);
@@ -324,7 +324,7 @@ struct Script {
   }
 
   // Returns the host calls for services, lists, the log and message boxes.
-  std::vector<std::string> Road() const {
+  std::vector<std::string> HostCalls() const {
     return host.recorder.CallsOf({"GetService", "file operation", "ReleaseService", "CreateFileList", "list1",
                                   "LogMessage", "FileListRequest", "MessageBox"});
   }
@@ -344,7 +344,7 @@ TEST(SortLinesScript, SortsTheFileCallByCall) {
   EXPECT_EQ(run.scratch.Read(W("a.sorted")), "a\nb\n");
   EXPECT_EQ(run.scratch.Read(W("a.txt")), "b\na\n");
   EXPECT_THAT(
-      run.Road(),
+      run.HostCalls(),
       ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"" + run.PathOf("a.txt") + "\", 1)",
                   "CreateFileList()", "list1.AddItem()", "CreateFileList()", "CreateFileList()",
                   "list1.GetCount()", "list1.GetItem(0)",
@@ -357,7 +357,7 @@ TEST(SortLinesScript, SortsTheFileCallByCall) {
               ElementsAre(ResultList{0, {run.scratch.Path(W("a.txt"))}}, ResultList{1, {}}));
   EXPECT_EQ(run.call.resultCode, std::nullopt);
   EXPECT_EQ(run.call.resultText, std::nullopt);
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(SortLinesScript, ReadsFileAndTargetFirst) {
@@ -387,7 +387,7 @@ TEST(SortLinesScript, AMissingFileIsLoggedOnceTheServiceIsGivenBack) {
       ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"Z:\\nowhere\\x.txt\", 1)",
                   "ReleaseService(file operation, 3000)",
                   "LogMessage(0, 30, \"[Custom Cmd - SortLines] - FILE : Z:\\nowhere\\x.txt not found\")"));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(SortLinesScript, WithoutTheServiceTheFileIsNotFound) {
@@ -412,15 +412,15 @@ TEST(SortLinesScript, ANumberThatIsNoneLeavesTheCallWithAllGivenBack) {
   run.call.values["KEEPTOP"] = W("x");
   EXPECT_THROW(SortLinesScript(run.host, run.call), std::invalid_argument);
   EXPECT_THAT(
-      run.Road(),
+      run.HostCalls(),
       ElementsAre("GetService(3000, 0)", "file operation.GetFileItem(\"" + run.PathOf("a.txt") + "\", 1)",
                   "CreateFileList()", "list1.AddItem()", "file operation.ReleaseFileList(list1)",
                   "ReleaseService(file operation, 3000)", "list1.Release()"));
   EXPECT_THAT(run.scratch.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
-TEST(SortLinesScript, ASortThatFailsAnswersOneAllTheSame) {
+TEST(SortLinesScript, AFailedSortStillReturnsOne) {
   Script run(std::string_view("b\0a\n\x01\x02", 6));
   EXPECT_EQ(SortLinesScript(run.host, run.call), 1);
   EXPECT_THAT(
@@ -429,7 +429,7 @@ TEST(SortLinesScript, ASortThatFailsAnswersOneAllTheSame) {
   EXPECT_THAT(run.host.resultLists,
               ElementsAre(ResultList{0, {}}, ResultList{1, {run.scratch.Path(W("a.txt"))}}));
   EXPECT_THAT(run.scratch.Names(), ElementsAre(W("a.txt")));
-  ExpectAllGivenBack(run.host);
+  ExpectAllReleased(run.host);
 }
 
 TEST(SortLinesScript, AnEmptyTargetIsTheFolderItselfWhichASilentRunSkips) {

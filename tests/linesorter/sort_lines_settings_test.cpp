@@ -28,7 +28,7 @@ void ExpectDefaults(const SortLinesOptions& options) {
 TEST(SortLinesSettings, WithNothingStoredTheyAreTheDefaults) {
   FakeHost host;
   ExpectDefaults(LoadSortLinesOptions(host));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SortLinesSettings, WithoutSettingsTheyAreTheDefaultsAndNothingIsStored) {
@@ -121,7 +121,7 @@ TEST(SortLinesSettings, AllEightKeysAreStored) {
                                    {PlaceOf(W("CharMatch")), W("\u20AC")},
                                    {PlaceOf(W("MatchFilter")), W("%Y \u00E4")},
                                }));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(SortLinesSettings, WhatWasStoredLaterReplacesWhatWasThere) {

@@ -79,7 +79,7 @@ TEST(SortedLinesWriter, DefaultEndingOfWideTextIsWide) {
 }
 
 // The check for free space is strict: an ending that would exactly fill the buffer is left out (C-128).
-TEST(SortedLinesWriter, DefaultEndingThatJustFitsIsMeantToBeLeftOut) {
+TEST(SortedLinesWriter, DefaultEndingThatJustFitsIsLeftOutByDesign) {
   const struct {
     std::size_t free;  // bytes after the line without an ending
     bool appended;
@@ -92,7 +92,7 @@ TEST(SortedLinesWriter, DefaultEndingThatJustFitsIsMeantToBeLeftOut) {
   }
 }
 
-TEST(SortedLinesWriter, DefaultCrLfThatJustFitsIsMeantToBeLeftOut) {
+TEST(SortedLinesWriter, DefaultCrLfThatJustFitsIsLeftOutByDesign) {
   const struct {
     std::size_t free;
     bool appended;
@@ -105,7 +105,7 @@ TEST(SortedLinesWriter, DefaultCrLfThatJustFitsIsMeantToBeLeftOut) {
   }
 }
 
-TEST(SortedLinesWriter, DefaultWideEndingThatJustFitsIsMeantToBeLeftOut) {
+TEST(SortedLinesWriter, DefaultWideEndingThatJustFitsIsLeftOutByDesign) {
   for (const std::size_t free : {0u, 2u, 4u, 6u}) {
     const std::string lf = A(32768 - 4 - free);
     EXPECT_EQ(Written(MadeLines().WideLf(Bytes("x\0")).None(lf).WideLf(Bytes("b\0"))),

@@ -10,7 +10,7 @@
 namespace WQLineSorter {
 namespace {
 
-TEST(Stoi, ReadsDigitsBehindSpaceAndSignUpToTheNextCharacter) {
+TEST(Stoi, ReadsDigitsAfterSpaceAndSignUpToTheNextCharacter) {
   EXPECT_EQ(Stoi(W("0")), 0);
   EXPECT_EQ(Stoi(W("42")), 42);
   EXPECT_EQ(Stoi(W(" \t\r\n+7x8")), 7);

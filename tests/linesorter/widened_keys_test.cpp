@@ -54,7 +54,7 @@ constexpr std::string_view KeyBytes(const char (&literal)[kSize]) {
 
 }  // namespace
 
-TEST_F(WidenedKeys, EndAtAZeroWhateverStoodBehindItBefore) {
+TEST_F(WidenedKeys, EndAtAZeroWhateverFollowedItBefore) {
   ExpectEqual(KeyBytes("m\0xxx"), KeyBytes("m\0yyy"));
   ExpectEqual(KeyBytes("m\0"), KeyBytes("m\0"));
   ExpectEqual(KeyBytes("m\0a"), KeyBytes("m\0z"));
@@ -78,7 +78,7 @@ TEST_F(WidenedKeys, AreTheirOwnAndNotTheLongerOnesOfBefore) {
   ExpectEqual("abc", "ABC");
 }
 
-TEST_F(WidenedKeys, MayGrowBehindAKeyWithAZero) {
+TEST_F(WidenedKeys, MayGrowAfterAKeyWithAZero) {
   EXPECT_FALSE(Before(KeyBytes("m\0x"), KeyBytes("m\0y")));
   const std::string longer(500, 'm');
   EXPECT_TRUE(Before(longer + "9", longer + "10"));

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kLongestText = 50;  // several blocks and a remainder
 
-bool HoldsBarOrStar(WStringView text) { return HoldsAnyOf<W('|'), W('*')>(text); }
+bool ContainsBarOrStar(WStringView text) { return ContainsAnyOf<W('|'), W('*')>(text); }
 
 TEST(CharacterScanTest, ACharacterIsFoundAtEachPlaceOfEachLength) {
   for (std::size_t size = 1; size <= kLongestText; ++size) {
@@ -16,7 +16,7 @@ TEST(CharacterScanTest, ACharacterIsFoundAtEachPlaceOfEachLength) {
       for (const WCHAR wanted : {W('|'), W('*')}) {
         WString text(size, W('a'));
         text[at] = wanted;
-        EXPECT_TRUE(HoldsBarOrStar(text)) << "size " << size << ", at " << at;
+        EXPECT_TRUE(ContainsBarOrStar(text)) << "size " << size << ", at " << at;
       }
     }
   }
@@ -27,7 +27,8 @@ TEST(CharacterScanTest, OtherCharactersAreNotFoundWhateverTheirBytes) {
     // Code units whose bytes are those of the bar or the star, or adjacent to them.
     for (const WCHAR other :
          {WCHAR{0x7C00}, WCHAR{0x017C}, WCHAR{0x2A00}, WCHAR{0x012A}, W('{'), W('+'), WCHAR()}) {
-      EXPECT_FALSE(HoldsBarOrStar(WString(size, other))) << "size " << size << ", unit " << unsigned{other};
+      EXPECT_FALSE(ContainsBarOrStar(WString(size, other)))
+          << "size " << size << ", unit " << unsigned{other};
     }
   }
 }
@@ -35,13 +36,13 @@ TEST(CharacterScanTest, OtherCharactersAreNotFoundWhateverTheirBytes) {
 TEST(CharacterScanTest, NothingOutsideTheTextIsLookedAt) {
   for (std::size_t size = 0; size <= kLongestText; ++size) {
     const WString text = W('|') + WString(size, W('a')) + W('|');
-    EXPECT_FALSE(HoldsBarOrStar(WStringView(text).substr(1, size))) << "size " << size;
+    EXPECT_FALSE(ContainsBarOrStar(WStringView(text).substr(1, size))) << "size " << size;
   }
 }
 
 TEST(CharacterScanTest, AZeroCanBeLookedFor) {
-  EXPECT_TRUE((HoldsAnyOf<W('\0')>(WStringView(W("a\0b"), 3))));
-  EXPECT_FALSE((HoldsAnyOf<W('\0')>(W("ab"))));
+  EXPECT_TRUE((ContainsAnyOf<W('\0')>(WStringView(W("a\0b"), 3))));
+  EXPECT_FALSE((ContainsAnyOf<W('\0')>(W("ab"))));
 }
 
 }  // namespace

@@ -6,12 +6,12 @@
 
 #include "multirename/rename_host.h"
 #include "support/semaphore.h"
+#include "support/wait_limit.h"
 
 namespace Velmora::SDK {
 namespace {
 
-constexpr DWORD kLongEnough = 60000;  // milliseconds; never reached
-constexpr DWORD kShort = 20;          // milliseconds
+constexpr DWORD kShort = 20;  // milliseconds
 
 class EngineCloserTest : public testing::Test {
  protected:
@@ -35,14 +35,14 @@ class EngineCloserTest : public testing::Test {
 
   // Closes the engine on another thread. Returns whether that finishes while the run is still inside the
   // host; if it does not, releases the run.
-  bool ReturnsDuringTheRun(DWORD patience) {
+  bool ReturnsDuringTheRun(DWORD timeout) {
     std::atomic<bool> isClosed{false};
     std::thread closing([&] {
-      EngineCloser{patience}(engine_);
+      EngineCloser{timeout}(engine_);
       isClosed = true;
     });
-    constexpr DWORD kLook = 5;
-    for (DWORD waited = 0; !isClosed && waited < kLongEnough; waited += kLook) Sleep(kLook);
+    constexpr DWORD kPollInterval = 5;
+    for (DWORD waited = 0; !isClosed && waited < kWaitLimit; waited += kPollInterval) Sleep(kPollInterval);
     const bool returned = isClosed;
     if (!returned) go_.Release();
     closing.join();
@@ -59,7 +59,7 @@ class EngineCloserTest : public testing::Test {
 };
 
 TEST_F(EngineCloserTest, AWorkerHas3000MillisecondsToEnd) {
-  EXPECT_EQ(OwnedEngine(engine_).get_deleter().patience, 3000u);
+  EXPECT_EQ(OwnedEngine(engine_).get_deleter().timeout, 3000u);
 }
 
 TEST_F(EngineCloserTest, AnEngineWhoseWorkerStaysInTheHostIsLeftToItAndNotFreed) {
@@ -69,7 +69,7 @@ TEST_F(EngineCloserTest, AnEngineWhoseWorkerStaysInTheHostIsLeftToItAndNotFreed)
   ASSERT_FALSE(watched_.expired());
   // The run finishes with everything that it uses, and then the thread ends.
   go_.Release();
-  ASSERT_TRUE(engine_->worker.WaitForEnd(kLongEnough));
+  ASSERT_TRUE(engine_->worker.WaitForEnd(kWaitLimit));
   EXPECT_TRUE(isRunOver_);
   EXPECT_EQ(watched_.lock()->front().state, u32{StateRenamed});
   EXPECT_FALSE(engine_->busy);
@@ -85,7 +85,7 @@ TEST_F(EngineCloserTest, AnEngineIsWaitedForAndFreedIfItsWorkerEndsInTime) {
     Sleep(kShort);
     go_.Release();
   });
-  EngineCloser{kLongEnough}(engine_);
+  EngineCloser{kWaitLimit}(engine_);
   EXPECT_TRUE(watched_.expired());
   EXPECT_TRUE(isRunOver_);
   host.join();
@@ -100,7 +100,7 @@ TEST_F(EngineCloserTest, AnIdleEngineIsFreedAtOnce) {
   engine_->worker.WantPreview();
   engine_->worker.Wake();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
-  EngineCloser{kLongEnough}(engine_);
+  EngineCloser{kWaitLimit}(engine_);
   EXPECT_TRUE(watched_.expired());
 }
 

@@ -31,7 +31,7 @@ TEST_F(MultiRenameExtension, DeclaresAMenuWithAnEmptyEntryAndTheCommandOfTheWind
               ElementsAre("menu.CreateRootMenu(0x07D6006D, 1, 0)", "menu.AddCommand(root, null, 1, 0)",
                           "factory.CreateCommand(31000, 0x10000201, 0x000A0063, 0x000A0063, 0x00400000, 0)",
                           "menu.AddCommand(root, command 31000, 1, 0)"));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(MultiRenameExtension, DeclaresNothingMoreWhereTheHostRefuses) {
@@ -40,7 +40,7 @@ TEST_F(MultiRenameExtension, DeclaresNothingMoreWhereTheHostRefuses) {
     host.recorder.Refuse(refused);
     EXPECT_EQ(plugin_.OnRegister(&host), 1);
     EXPECT_THAT(host.recorder.CallsOf({"menu.AddCommand"}), IsEmpty()) << refused;
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 
@@ -84,7 +84,7 @@ TEST_F(MultiRenameExtension, UnknownCommandsReturn0) {
 TEST_F(MultiRenameExtension, WaitsAsLongAsStated) {
   EXPECT_EQ(extension_.waits.start, 1000u);
   EXPECT_EQ(extension_.waits.shutdown, 5000u);
-  EXPECT_EQ(MultiRenameCloser().patience, 4000u);
+  EXPECT_EQ(MultiRenameCloser().timeout, 4000u);
 }
 
 }  // namespace

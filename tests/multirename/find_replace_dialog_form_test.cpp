@@ -163,7 +163,7 @@ TEST_F(FindReplaceDialog, AFileThatCannotBeReadLeavesTheTextWithoutAMessage) {
   EXPECT_THAT(Notes(), IsEmpty());
 }
 
-TEST_F(FindReplaceDialog, ADropBesideTheFieldIsLeftToOthers) {
+TEST_F(FindReplaceDialog, ADropOutsideTheFieldIsLeftToOthers) {
   Open();
   form_->DropFile(kPairsLabel, W("C:\\pairs.txt"));
   EXPECT_THAT(host_.readFiles, IsEmpty());

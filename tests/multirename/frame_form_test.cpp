@@ -60,7 +60,7 @@ TEST_F(FrameFormTest, AnEmptySelectionGivesAnEmptyList) {
   EXPECT_THAT(frame.List().CollectRows(), IsEmpty());
 }
 
-TEST_F(FrameFormTest, RowsAreCollectedAsTheListShowsThemWithoutThoseOfNobody) {
+TEST_F(FrameFormTest, RowsAreCollectedAsTheListShowsThemWithoutNullRows) {
   OpenFrame({W("a"), W("b"), W("c")});
   frame.FillList();
   void* const first = list.rows[0];
@@ -89,7 +89,7 @@ TEST_F(FrameFormTest, ItemsLiveUntilTheListIsEmptyOrHasOthers) {
   EXPECT_TRUE(shown.expired());
 }
 
-TEST_F(FrameFormTest, TheListLetsItsRowsGoBeforeTheyDie) {
+TEST_F(FrameFormTest, TheListReleasesItsRowsBeforeTheyAreDestroyed) {
   OpenFrame({W("a")});
   frame.FillList();
   const std::weak_ptr<MultiRenameItems> shown = context_.rows.Get();
@@ -101,7 +101,7 @@ TEST_F(FrameFormTest, TheListLetsItsRowsGoBeforeTheyDie) {
   EXPECT_TRUE(shown.expired());
 }
 
-TEST_F(FrameFormTest, ClosingEmptiesTheListAndLetsItGo) {
+TEST_F(FrameFormTest, ClosingEmptiesTheListAndReleasesIt) {
   OpenFrame({W("a")});
   frame.FillList();
   frame.Close();
@@ -217,8 +217,8 @@ TEST_F(FrameFormTest, TheContextMenusLinesMoveTheRows) {
 TEST_F(FrameFormTest, TheWindowIsLaidOutByTheseNumbers) {
   EXPECT_EQ(FrameLayout::kWidth, 855);
   EXPECT_EQ(FrameLayout::kHeight, 410);
-  EXPECT_EQ(FrameLayout::kLeastWidth, 850);
-  EXPECT_EQ(FrameLayout::kLeastHeight, 400);
+  EXPECT_EQ(FrameLayout::kMinWidth, 850);
+  EXPECT_EQ(FrameLayout::kMinHeight, 400);
   EXPECT_EQ(FrameLayout::kStatusPaneWidth, 650);
   EXPECT_EQ(FrameLayout::kListWidth, 200);
   EXPECT_EQ(FrameLayout::kColumnWidth, 200);

@@ -12,7 +12,7 @@ namespace Velmora::SDK {
 class GateProperties final : public IHostPropertyManager {
  public:
   u32 GetValue(WCHAR*, u32, const WCHAR*, void*, const WCHAR*) override {
-    ++asked;
+    ++requests;
     if (isOpen) return 0;
     entered.Release();
     gate.Acquire();
@@ -21,7 +21,7 @@ class GateProperties final : public IHostPropertyManager {
   void ListProperties(IHostPropertyList*, u32) override {}
 
   std::atomic<bool> isOpen{false};
-  std::atomic<int> asked{0};
+  std::atomic<int> requests{0};
   Semaphore entered;
   Semaphore gate;
 };

@@ -28,7 +28,7 @@ TEST(MultiRenameItemTest, TheSelectionIsReadWithItsFoldersInTheOrderOfTheView) {
   EXPECT_EQ((*rows)[1].oldName, W("a.dir"));
   EXPECT_TRUE((*rows)[1].isFolder);
   EXPECT_EQ((*rows)[2].oldName, W("c"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(MultiRenameItemTest, TheHostIsAskedInTheRequiredOrder) {
@@ -47,7 +47,7 @@ TEST(MultiRenameItemTest, NoSelectionAndNoListAreNoRows) {
   host.SelectFiles({W("a")});
   host.recorder.Refuse("CreateFileList");
   EXPECT_TRUE(ReadSelection(host)->empty());
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(MultiRenameItemTest, ItemsThatTheHostRefusesAreLeftOut) {
@@ -56,7 +56,7 @@ TEST(MultiRenameItemTest, ItemsThatTheHostRefusesAreLeftOut) {
     host.SelectFiles({W("a"), W("b")});
     host.recorder.RefuseCall(refused, false);
     EXPECT_LE(ReadSelection(host)->size(), 2u) << refused;
-    ExpectAllGivenBack(host);
+    ExpectAllReleased(host);
   }
 }
 

@@ -90,7 +90,7 @@ TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeOpenedAgainKeepsIt) 
   EXPECT_EQ(scratch_.Read(session_.fileName), before);
 }
 
-TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeWrittenAgainToItsEndIsRecordedAllTheSame) {
+TEST_F(MultiRenameUndoStoreFaults, ASessionWhoseFileCannotBeWrittenAgainToItsEndIsStillRecorded) {
   Platform::Faults::Watch("WriteFile");
   session_.haveRestored = true;
   store_.Save(session_);

@@ -123,9 +123,9 @@ TEST_F(MultiRenameUndoStoreTest, ASessionIsDeletedWithItsFileAndTheOthersKeepThe
   const MultiRenameUndo* const first = store.sessions[0].get();
   const MultiRenameUndo* const second = store.sessions[1].get();
   const MultiRenameUndo* const third = store.sessions[2].get();
-  EXPECT_TRUE(store.Holds(second));
+  EXPECT_TRUE(store.Contains(second));
   EXPECT_TRUE(store.Delete(second));
-  EXPECT_FALSE(store.Holds(second));
+  EXPECT_FALSE(store.Contains(second));
   EXPECT_FALSE(store.Delete(second));
   ASSERT_EQ(store.sessions.size(), 2u);
   EXPECT_EQ(store.sessions[0].get(), first);
@@ -186,12 +186,12 @@ TEST_F(MultiRenameUndoStoreTest, AFileThatSomebodyReadsIsWrittenAndOneThatIsWrit
 
 TEST_F(MultiRenameUndoStoreTest, OfALongFileTheFirst5242880BytesAreRead) {
   MultiRenameUndoStore store(&host_);
-  constexpr std::size_t kMost = 0x500000;
+  constexpr std::size_t kMax = 0x500000;
   std::string text = Utf16Bytes(W("[FILES]\nf|o|n\n;"));
   const std::string last = Utf16Bytes(W("\na|b|c"));
-  while (text.size() + last.size() < kMost) text += std::string("x\0", 2);
+  while (text.size() + last.size() < kMax) text += std::string("x\0", 2);
   text += last;
-  ASSERT_EQ(text.size(), kMost);
+  ASSERT_EQ(text.size(), kMax);
   text += Utf16Bytes(W("d\ne|f|g\n"));
   scratch_.Write(W("new\\config\\Undo\\long.dat"), text);
   store.Load();

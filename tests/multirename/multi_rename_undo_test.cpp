@@ -271,9 +271,9 @@ TEST(MultiRenameUndoTest, AFileWithoutEntriesIsNoSession) {
 
 TEST(MultiRenameUndoTest, ReadingEndsAtItsLimit) {
   WString text = W("[FILES]\nf|o|n\n;");
-  text.resize(kMostOfUndoFile / 2 - 6, W('x'));
+  text.resize(kMaxUndoFileBytes / 2 - 6, W('x'));
   text += W("\na|b|cd");
-  EXPECT_EQ(text.size(), kMostOfUndoFile / 2 + 1);
+  EXPECT_EQ(text.size(), kMaxUndoFileBytes / 2 + 1);
   EXPECT_THAT(EntriesOf(text), ElementsAre("f/o/n", "a/b/c"));
 }
 

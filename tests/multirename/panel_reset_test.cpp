@@ -91,7 +91,7 @@ TEST_F(PanelReset, AnUpdateInTheMiddleOfAResetCompilesNothing) {
 
 TEST_F(PanelReset, ResetEndsItsWaitWhenTheHostIsClosing) {
   Open({W("a.t")});
-  host_.answers = false;
+  host_.runsCommand = false;
   std::thread closing([this] { context_.hostClosing = true; });
   form.Press(kResetButton);
   closing.join();
@@ -137,7 +137,7 @@ TEST_F(PanelReset, ANewSelectionInTheMiddleOfAPreviewStopsItBeforeTheRowsGo) {
   WhileHeld(gate.gate, [this] { EXPECT_TRUE(form.OnMessage(MRM_NEW_SELECTION, 0, 0)); });
   EXPECT_FALSE(isBusy);
   EXPECT_THAT(list.rows, IsEmpty());
-  EXPECT_EQ(gate.asked, 1);  // the second row was not started
+  EXPECT_EQ(gate.requests, 1);  // the second row was not started
 }
 
 TEST_F(PanelReset, ANewSelectionInTheMiddleOfARunWaitsForItsEndBeforeTheRowsGo) {

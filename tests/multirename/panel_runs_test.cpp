@@ -330,7 +330,7 @@ TEST_F(PanelRuns, ABadExpressionAtStartRenamesNothingAndLeavesThePreview) {
   EXPECT_FALSE(IsClosed(kStartButton));
 }
 
-TEST_F(PanelRuns, ABadExpressionAtStartTakesUndoAwayAllTheSame) {
+TEST_F(PanelRuns, ABadExpressionAtStartStillRemovesUndo) {
   Open({W("a.t")});
   Run(W("x"));
   ASSERT_TRUE(form.UndoAvailable());
@@ -352,7 +352,7 @@ TEST_F(PanelRuns, AnEmptyListIsRenamedWithoutAnErrorAndFinishes) {
   EXPECT_THAT(UndoFiles(), IsEmpty());
 }
 
-TEST_F(PanelRuns, WhenAllRenamesFailUndoIsAvailableAllTheSame) {
+TEST_F(PanelRuns, WhenAllRenamesFailUndoIsStillAvailable) {
   Open({W("a.t")});
   host_.renames.codes = {{W("x.t"), ERROR_ACCESS_DENIED}};
   Run(W("x"));
@@ -468,7 +468,7 @@ TEST_F(PanelRuns, CloseInTheMiddleOfAPreviewStopsItAndNothingIsPostedAnyMore) {
   WhileHeld(gate.gate, [this] { form.Close(); });
   EXPECT_EQ(engine_->notifyWindow, nullptr);
   EXPECT_FALSE(engine_->busy);
-  EXPECT_EQ(gate.asked, 1);
+  EXPECT_EQ(gate.requests, 1);
   frame.Close();
   engine_->worker.WantPreview();
   engine_->worker.Wake();

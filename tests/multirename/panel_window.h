@@ -153,7 +153,7 @@ class PanelHost : public RenameHost {
  public:
   Velmora::SDK::RenameContext* context = nullptr;
   ListedProperties properties;
-  bool answers = true;                  // whether command 32000 is carried out
+  bool runsCommand = true;              // whether command 32000 is carried out
   std::function<void()> beforeReading;  // called on the main thread
   std::function<void()> beforeDocument;
   std::function<void()> beforeStringList;
@@ -188,7 +188,7 @@ class PanelHost : public RenameHost {
     EXPECT_EQ(a, 0);
     posted.push_back(number);
     event = b;
-    if (!answers) return;
+    if (!runsCommand) return;
     Join();
     mainThread_ = std::thread([this, b] {
       if (beforeReading) beforeReading();

@@ -27,7 +27,7 @@ TEST_F(PinnedModule, AnEngineThatIsLeftToItsWorkerKeepsTheModuleLoaded) {
   EXPECT_EQ(Pins(), 1);
   EXPECT_EQ(Platform::Faults::LastFlags("GetModuleHandleExW"), 1u | 4u);  // pinned, by an address
   gate.go.Release();
-  ASSERT_TRUE(engine->worker.WaitForEnd(kMissed));
+  ASSERT_TRUE(engine->worker.WaitForEnd(kWaitLimit));
 }
 
 TEST_F(PinnedModule, ADeleteThatEndsAllThreadsLeavesTheModuleToTheHost) {

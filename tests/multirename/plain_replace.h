@@ -39,8 +39,8 @@ inline bool MatchesAt(const WString& text, std::size_t at, const WString& find, 
   return true;
 }
 
-inline WString ReplacedPlainly(const WString& text, const WString& find, const WString& replace,
-                               std::uint32_t flags) {
+inline WString ReplacedOnceByReference(const WString& text, const WString& find, const WString& replace,
+                                       std::uint32_t flags) {
   WString result;
   std::size_t at = 0;
   bool searches = true;
@@ -77,7 +77,7 @@ inline WString Replaced(WString text, const Pairs& pairs, std::uint32_t flags, S
       text = ReplacedByExpression(text, find, replace, flags);
       searched.Note(text.size());
     } else {
-      text = ReplacedPlainly(text, find, replace, flags);
+      text = ReplacedOnceByReference(text, find, replace, flags);
     }
     if (text.size() > 32767) text.resize(32767);
   }

@@ -167,7 +167,7 @@ class Pass {
       extension = Replaced(extension, rules_.pairs, rules_.searchFlags, searched);
     }
     if (!extension.empty()) name += W(".") + extension;
-    if (name.size() > kMostOfName) name.resize(kMostOfName);
+    if (name.size() > kMaxPlainNameChars) name.resize(kMaxPlainNameChars);
     row.newName.clear();
     for (std::size_t i = 0; i < name.size(); ++i) {
       if (name.compare(i, 2, W("\r\n")) == 0) {
@@ -182,7 +182,7 @@ class Pass {
   WString ValueOf(std::vector<Tag>& tags, const Row& row, const WString& base, const WString& extension) {
     WString text;
     for (Tag& tag : tags) text += ValueOf(tag, row, base, extension);
-    return text.substr(0, kMostOfName);
+    return text.substr(0, kMaxPlainNameChars);
   }
 
   WString ValueOf(Tag& tag, const Row& row, const WString& base, const WString& extension) {

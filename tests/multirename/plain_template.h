@@ -14,7 +14,7 @@
 namespace PlainRules {
 
 // The maximum length of a name and of any intermediate text.
-constexpr std::size_t kMostOfName = 32767;
+constexpr std::size_t kMaxPlainNameChars = 32767;
 
 struct Tag {
   WCHAR letter = 0;  // N, E, F, C, Y, M, D, h, m, s or ?; 0 for literal text

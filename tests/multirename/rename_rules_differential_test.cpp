@@ -174,7 +174,7 @@ struct Seen {
 };
 
 // For longer texts the product may refuse an expression that the library runs.
-constexpr std::size_t kMostSearched = 48;
+constexpr std::size_t kMaxSearched = 48;
 
 class Session {
  public:
@@ -226,7 +226,7 @@ class Session {
           << "the state of " << Shown(row.oldName) << ", now " << Shown(row.newName);
       seen.duplicates += row.state == 1;
       seen.invalidNames += row.state == 2;
-      seen.longestNames += row.newName.size() == kMostOfName;
+      seen.longestNames += row.newName.size() == kMaxPlainNameChars;
     }
     seen.searchedByExpression += isExpression && pass.searched.most != 0;
   }
@@ -255,12 +255,12 @@ class Session {
       bool fits = true;
       for (Row* row : InOrder(rows)) {
         withoutSearch.Compute(*row);
-        fits = fits && row->newName.size() <= kMostSearched;
+        fits = fits && row->newName.size() <= kMaxSearched;
       }
       if (!fits) continue;
       Pass pass(rules, now);
       for (Row* row : InOrder(rows)) pass.Compute(*row);
-      if (pass.searched.most <= kMostSearched) return rules;
+      if (pass.searched.most <= kMaxSearched) return rules;
     }
   }
 

@@ -13,14 +13,13 @@
 #include "platform/windows_api.h"
 #include "support/scratch_folder.h"
 #include "support/semaphore.h"
+#include "support/wait_limit.h"
 
 namespace Velmora::SDK {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr DWORD kPatience = 60000;  // milliseconds; never reached
 
 class RenameWorkerTest : public testing::Test {
  protected:
@@ -45,7 +44,7 @@ class RenameWorkerTest : public testing::Test {
   }
 
   // Returns the next message, such as "33868(1,0)", or "none" if none comes.
-  std::string Next(DWORD milliseconds = kPatience) {
+  std::string Next(DWORD milliseconds = kWaitLimit) {
     PostedMessage message;
     if (!window_.Take(message, milliseconds)) return "none";
     return std::to_string(message.message) + "(" + std::to_string(message.first) + "," +
@@ -116,7 +115,7 @@ TEST_F(RenameWorkerTest, AStoppedPreviewEndsAtItsRowAndPostsNothing) {
   while (!engine_->worker.IsStopping()) std::this_thread::yield();
   gate_.gate.Release();
   stopper.join();
-  EXPECT_EQ(gate_.asked, 1);
+  EXPECT_EQ(gate_.requests, 1);
   EXPECT_THAT(Names(), ElementsAre(W("x01"), W("b"), W("c")));
   EXPECT_TRUE(engine_->worker.WasPreviewCut());
   EXPECT_FALSE(engine_->busy);
@@ -135,7 +134,7 @@ TEST_F(RenameWorkerTest, OnlyTheLastOfManyPreviewsCompletesAndPosts) {
     keyPress.join();
     Compile(W("[?p]") + FromUtf8(std::to_string(key)));
   }
-  EXPECT_EQ(gate_.asked, 20);
+  EXPECT_EQ(gate_.requests, 20);
   EXPECT_THAT(Names(), ElementsAre(W("19"), W("b")));
   gate_.isOpen = true;
   Preview();
@@ -195,7 +194,7 @@ TEST_F(RenameWorkerTest, AWakeStopsTheCurrentPreviewItself) {
   waker.join();
   ASSERT_TRUE(engine_->worker.WaitUntilIdle());
   // One row of the first preview, and both of the second.
-  EXPECT_EQ(gate_.asked, 3);
+  EXPECT_EQ(gate_.requests, 3);
   EXPECT_EQ(Next(), "33768(0,0)");
   EXPECT_EQ(Next(), "33868(1,0)");
   EXPECT_EQ(Next(0), "none");
@@ -398,7 +397,7 @@ TEST_F(RenameWorkerTest, ARunIsNotStoppedByAStopButWaitedFor) {
   EXPECT_THAT(States(), ElementsAre(StateRenamed));
 }
 
-TEST_F(RenameWorkerTest, ARunIsDoneThoughItIsToldToStopBeforeItBegins) {
+TEST_F(RenameWorkerTest, ARunIsDoneEvenIfItIsStoppedBeforeItBegins) {
   Begin({W("a")});
   for (int run = 1; run <= 100; ++run) {
     engine_->worker.WantRename(false);
@@ -412,7 +411,7 @@ TEST_F(RenameWorkerTest, AThreadThatHasQuitIsNotStartedAgainAndNobodyWaitsForIt)
   Begin({W("a")});
   EXPECT_TRUE(engine_->worker.IsRunning());
   engine_->worker.Quit();
-  ASSERT_TRUE(engine_->worker.WaitForEnd(kPatience));
+  ASSERT_TRUE(engine_->worker.WaitForEnd(kWaitLimit));
   EXPECT_FALSE(engine_->worker.IsRunning());
   EXPECT_TRUE(engine_->worker.Start());
   EXPECT_FALSE(engine_->worker.IsRunning());
@@ -432,7 +431,7 @@ TEST_F(RenameWorkerTest, AWaitEndsWhenTheThreadQuitsInTheMiddleOfAPreview) {
   engine_->worker.Quit();
   gate_.gate.Release();
   waiter.join();
-  EXPECT_TRUE(engine_->worker.WaitForEnd(kPatience));
+  EXPECT_TRUE(engine_->worker.WaitForEnd(kWaitLimit));
 }
 
 TEST_F(RenameWorkerTest, AnEngineEndsItsThread) {

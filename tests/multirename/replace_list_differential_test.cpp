@@ -13,7 +13,7 @@ using namespace PlainRules;
 
 namespace {
 
-constexpr std::size_t kMostOfSearchedText = 48;
+constexpr std::size_t kMaxSearchedChars = 48;
 
 std::string ShownPairs(const Pairs& pairs) {
   std::string text;
@@ -35,7 +35,7 @@ bool IsHarmless(const Pairs& pairs, std::uint32_t flags, const std::vector<WStri
   if ((flags & kIsExpression) != 0) {
     for (const WString& text : texts) Replaced(text, pairs, flags, searched);
   }
-  return searched.most <= kMostOfSearchedText;
+  return searched.most <= kMaxSearchedChars;
 }
 
 // Returns a text for cells and lines, with quotes, blanks and bars in significant places.

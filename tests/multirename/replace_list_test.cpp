@@ -116,7 +116,7 @@ TEST(ReplaceListTest, ValidationNamesTheFirstTextThatIsNoExpression) {
 }
 
 // Reference for plain text, character by character.
-WString PlainlyReplaced(const SearchAndReplaceItems& items, WString text, u32 flags) {
+WString ReplacedByReference(const SearchAndReplaceItems& items, WString text, u32 flags) {
   const auto folded = [flags](WCHAR c) {
     const bool isUpper = c >= W('A') && c <= W('Z');
     return (flags & kMatchesCase) == 0 && isUpper ? static_cast<WCHAR>(c + 32) : c;
@@ -153,7 +153,7 @@ TEST(ReplaceListDifferentialTest, PlainListsAgreeWithTheRuleOnTenThousandTexts) 
     for (unsigned count = random() % 4; count > 0; --count) items.emplace_back(textOf(2), textOf(3));
     const u32 flags = (random() % 2 ? kMatchesCase : 0) | (random() % 2 ? kEveryMatch : 0);
     const WString text = textOf(12);
-    ASSERT_EQ(Replaced(items, text, flags), PlainlyReplaced(items, text, flags))
+    ASSERT_EQ(Replaced(items, text, flags), ReplacedByReference(items, text, flags))
         << ToUtf8(text) << " " << flags;
   }
 }

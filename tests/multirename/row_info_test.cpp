@@ -12,11 +12,11 @@ namespace {
 class ImageItem final : public BareFileItem {
  public:
   s64 GetRowImage(u32 imageSet) override {
-    asked.push_back(imageSet);
+    requests.push_back(imageSet);
     return 42;
   }
 
-  std::vector<u32> asked;
+  std::vector<u32> requests;
 };
 
 class RowInfo : public testing::Test {
@@ -48,7 +48,7 @@ TEST_F(RowInfo, TheColumnsAreFolderOldNameAndNewName) {
   EXPECT_EQ(Cell(4), W(""));
 }
 
-TEST_F(RowInfo, TheNewNameSaysWhatStandsAgainstIt) {
+TEST_F(RowInfo, TheNewNameShowsItsConflict) {
   EXPECT_EQ(Cell(3, 2), W("new.jpg > T006E0065"));
   EXPECT_EQ(Cell(3, 3), W("new.jpg > T00780065"));
   EXPECT_EQ(Cell(3, 4), W("new.jpg > T00790065"));
@@ -132,7 +132,7 @@ TEST_F(RowInfo, AFoldersImageIsAskedForOnceAndKept) {
   row_.rowImage = -1;
   EXPECT_EQ(info_.GetRowImage(&row_), 42);
   EXPECT_EQ(info_.GetRowImage(&row_), 42);
-  EXPECT_EQ(folder.asked, std::vector<u32>{3});
+  EXPECT_EQ(folder.requests, std::vector<u32>{3});
   EXPECT_EQ(row_.rowImage, 42);
 }
 
@@ -148,7 +148,7 @@ TEST_F(RowInfo, WithoutARowOrAnImageSetThereIsNoImage) {
   row_.rowImage = -1;
   RenameRowInfo without(host_, nullptr);
   EXPECT_EQ(without.GetRowImage(&row_), 0);
-  EXPECT_TRUE(item.asked.empty());
+  EXPECT_TRUE(item.requests.empty());
 }
 
 }  // namespace

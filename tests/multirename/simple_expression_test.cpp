@@ -14,13 +14,13 @@ namespace {
 using Matcher = BoundedRegex::Matcher;
 using Outcome = SimpleExpression::Outcome;
 
-constexpr std::size_t kMostOfResult = 32767;
+constexpr std::size_t kMaxResultChars = 32767;
 
 bool IsSimple(WStringView expression) { return SimpleExpression::Parse(expression, true).has_value(); }
 
 // Returns the text after the replacement, or the reason why there is none.
 std::string ReplacedBy(Matcher matcher, const WString& expression, bool ignoreCase, const WString& text,
-                       const std::wstring& format, std::size_t most = kMostOfResult) {
+                       const std::wstring& format, std::size_t most = kMaxResultChars) {
   try {
     const BoundedRegex regex(expression, ignoreCase, matcher);
     WString result;
@@ -108,7 +108,7 @@ TEST(SimpleExpressionTest, RandomExpressionsReplaceWhatTheLibraryReplaces) {
     for (int i = 0; i < 12; ++i) {
       const WString text = random.Text(i == 0 ? 60 : 14);
       const std::wstring format = random.Format();
-      const std::size_t most = random(8) == 0 ? random(20) : kMostOfResult;
+      const std::size_t most = random(8) == 0 ? random(20) : kMaxResultChars;
       const auto result = [&](const BoundedRegex& regex) {
         try {
           WString replaced;
@@ -150,7 +150,7 @@ TEST(SimpleExpressionTest, WhatNeedsTheLibraryIsLeftToIt) {
 }
 
 TEST(SimpleExpressionTest, TheLibraryBearsEachSimpleExpressionOnTheLongestText) {
-  const WString text(kMostSimpleText, W('a'));
+  const WString text(kMaxSimpleText, W('a'));
   WString nested = W("a*");
   while (IsSimple(W('(') + nested + W(")b")) && nested.size() < 90) nested = W('(') + nested + W(')');
   for (const WString& expression :
@@ -162,7 +162,7 @@ TEST(SimpleExpressionTest, TheLibraryBearsEachSimpleExpressionOnTheLongestText) 
     EXPECT_NE(result, "error " + std::to_string(std::regex_constants::error_stack)) << ToUtf8(expression);
     WString replaced;
     const Outcome outcome =
-        SimpleExpression::Parse(expression, true)->Replace(text, L"-", kMostOfResult, replaced);
+        SimpleExpression::Parse(expression, true)->Replace(text, L"-", kMaxResultChars, replaced);
     if (outcome != Outcome::kUnknown) {
       EXPECT_FALSE(result.starts_with("error")) << ToUtf8(expression) << ": " << result;
     }
@@ -175,8 +175,8 @@ TEST(SimpleExpressionTest, WhatTakesManyStepsIsLeftToTheLibrary) {
   ASSERT_TRUE(IsSimple(expression));
   const std::optional<SimpleExpression> simple = SimpleExpression::Parse(expression, true);
   WString result;
-  EXPECT_EQ(simple->Replace(text, L"-", kMostOfResult, result), Outcome::kUnknown);
-  EXPECT_EQ(simple->Replace(WString(kMostSimpleText + 1, W('x')), L"-", kMostOfResult, result),
+  EXPECT_EQ(simple->Replace(text, L"-", kMaxResultChars, result), Outcome::kUnknown);
+  EXPECT_EQ(simple->Replace(WString(kMaxSimpleText + 1, W('x')), L"-", kMaxResultChars, result),
             Outcome::kUnknown);
   EXPECT_EQ(ReplacedBy(Matcher::kFast, expression, true, text, L"-"),
             "error " + std::to_string(std::regex_constants::error_complexity));
@@ -193,7 +193,7 @@ TEST(SimpleExpressionTest, TheLibraryBearsAsManyStepsAsAreTakenHere) {
       const std::optional<SimpleExpression> simple = SimpleExpression::Parse(expression, false);
       ASSERT_TRUE(simple) << ToUtf8(expression);
       WString result;
-      if (simple->Replace(text, L"-", kMostOfResult, result) == Outcome::kUnknown) continue;
+      if (simple->Replace(text, L"-", kMaxResultChars, result) == Outcome::kUnknown) continue;
       ++whole;
       EXPECT_EQ(ReplacedBy(Matcher::kLibrary, expression, false, text, L"-"), "no match")
           << ToUtf8(expression) << " over " << size;

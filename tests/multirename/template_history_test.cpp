@@ -20,7 +20,7 @@ TEST(TemplateHistory, HoldsTheCurrentTextFirstAndEachOnceAndNeverTheDefault) {
       host.recorder.CallsOf({"strings1.Contains"}),
       ElementsAre("strings1.Contains(\"b\", 0)", "strings1.Contains(\"a\", 0)", "strings1.Contains(\"b\", 0)",
                   "strings1.Contains(\"a\", 0)", "strings1.Contains(\"c\", 0)"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(TemplateHistory, AnEmptyCurrentTemplateIsKeptLikeAnyOther) {
@@ -28,7 +28,7 @@ TEST(TemplateHistory, AnEmptyCurrentTemplateIsKeptLikeAnyOther) {
   SaveTemplateHistory(host, kKey, W(""), W("[N]"), {W("a")});
   EXPECT_THAT(host.config.histories[kKey], ElementsAre(W(""), W("a")));
   EXPECT_THAT(LoadTemplateHistory(host, kKey), ElementsAre(W(""), W("a")));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ TEST_F(UndoManager, ASelectionByTheKeyboardChoosesNothing) {
   EXPECT_EQ(form.Chosen(), nullptr);
 }
 
-TEST_F(UndoManager, AClickBesideTheRowsOrOnAFileChangesNothing) {
+TEST_F(UndoManager, AClickOutsideTheRowsOrOnAFileChangesNothing) {
   const MultiRenameUndo* const session = Keep(5);
   UndoManagerForm& form = Open();
   form.ClickRow(kUndoSessions, 0);

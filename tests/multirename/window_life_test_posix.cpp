@@ -200,7 +200,7 @@ TEST_F(WindowLife, AThreadMessage32810IsACommandWithItsSecondArgument) {
     PostThreadMessageW(GetCurrentThreadId(), 32810, kCommandReadSelection,
                        reinterpret_cast<LPARAM>(event.Get()));
   });
-  EXPECT_EQ(WaitForSingleObject(event.Get(), kMissed), WAIT_OBJECT_0);
+  EXPECT_EQ(WaitForSingleObject(event.Get(), kWaitLimit), WAIT_OBJECT_0);
 }
 
 TEST_F(WindowLife, AShutdownOnTheWindowsOwnThreadReturnsAtOnceAndClosesNothing) {
@@ -294,7 +294,7 @@ TEST_F(WindowLife, ACloseDuringTheListsMenuDestroysTheListAfterItsCallbackHasRet
 
 // Closed by the user.
 
-TEST_F(WindowLife, CloseTellsTheHostWhichFollowsWith20002) {
+TEST_F(WindowLife, CloseNotifiesTheHostWhichFollowsWith20002) {
   Open({W("a.t")});
   Do([](UndrawnParts& parts) { parts.Press(kCloseButton); });
   window_->WaitForClose();
@@ -340,7 +340,7 @@ TEST_F(WindowLife, AWindowThatIsReopenedOnTheSameObjectShowsItsRowsAndHasNoPrevi
   window_ = UndrawnWindow::Current();
   ASSERT_NE(window_, nullptr);
   Do([](UndrawnParts& parts) {
-    EXPECT_TRUE(parts.context.engine.worker.WaitForEnd(kMissed));
+    EXPECT_TRUE(parts.context.engine.worker.WaitForEnd(kWaitLimit));
     parts.Type(kNameTemplate, W("x[C]"));
     UndrawnWindow::TakeMessages();
     parts.Press(kStartButton);
@@ -377,12 +377,12 @@ TEST_F(WindowLife, AShutdownClosesTheWindowAndTheHostIsNotAskedASecondTime) {
   Delete();
 }
 
-TEST_F(WindowLife, AShutdownWithoutAWindowTellsTheHostAlone) {
+TEST_F(WindowLife, AShutdownWithoutAWindowOnlyNotifiesTheHost) {
   EXPECT_EQ(Plugin().OnCommand(kCommandShutdown, 0, 5), 0);
   EXPECT_EQ(host_.closed, 1);
 }
 
-TEST_F(WindowLife, AShutdownAndThe20002OfACloseMayMeet) {
+TEST_F(WindowLife, AShutdownAndThe20002OfACloseMayCoincide) {
   for (int round = 0; round < 20; ++round) {
     Open({W("a.t")});
     window_->Post([](UndrawnParts& parts) { parts.Press(kCloseButton); });
@@ -393,7 +393,7 @@ TEST_F(WindowLife, AShutdownAndThe20002OfACloseMayMeet) {
   }
 }
 
-TEST_F(WindowLife, AWindowAfterAShutdownTellsTheHostOfItsClose) {
+TEST_F(WindowLife, AWindowAfterAShutdownNotifiesTheHostOfItsClose) {
   Open({W("a.t")});
   Plugin().OnShutdown(0);
   Open({W("c.t")});
@@ -436,7 +436,7 @@ TEST_F(WindowLife, ACloseInAPreviewStopsIt) {
   gate.isOpen = true;
   gate.gate.Release();
   window_->WaitForClose();
-  EXPECT_EQ(gate.asked, 1);
+  EXPECT_EQ(gate.requests, 1);
   Serve(kCommandShutdown);
 }
 
@@ -456,7 +456,7 @@ TEST_F(WindowLife, ACloseInARunWaitsForItsEnd) {
   EXPECT_EQ(scratch_.Names(W("Undo")).size(), 1u);
 }
 
-TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsInUse) {
+TEST_F(WindowLife, AShutdownInARunNotifiesTheHostAfterItsWaitAndFreesNothingThatIsInUse) {
   RunGate gate(host_);
   Open({W("a.t"), W("b.t")});
   extension_->waits.shutdown = 20;
@@ -468,7 +468,7 @@ TEST_F(WindowLife, AShutdownInARunTellsTheHostAfterItsWaitAndFreesNothingThatIsI
   gate.go.Release();
   window_->WaitForClose();
   EXPECT_EQ(host_.renames.itemRenames.size(), 2u);
-  EXPECT_TRUE(extension_->WaitForWindow(kMissed));
+  EXPECT_TRUE(extension_->WaitForWindow(kWaitLimit));
   EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
 }
 
@@ -486,7 +486,7 @@ TEST_F(WindowLife, ADeleteWhileTheThreadHangsInABoxOfTheHostFreesNothingThatIsIn
   EXPECT_EQ(Platform::Faults::CallCount("GetModuleHandleExW"), 1);
   gate.answer.Release();
   window_->WaitForClose();
-  EXPECT_TRUE(extension_->WaitForWindow(kMissed));
+  EXPECT_TRUE(extension_->WaitForWindow(kWaitLimit));
   EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
 }
 
@@ -500,8 +500,8 @@ TEST_F(WindowLife, ACommandAfterAShutdownThatDidNotEndTheThreadOpensAWindowOnceI
   EXPECT_EQ(host_.containers, 1);
   gate.answer.Release();
   window_->WaitForClose();
-  extension_->waits.shutdown = kMissed;
-  ASSERT_TRUE(extension_->WaitForWindow(kMissed));
+  extension_->waits.shutdown = kWaitLimit;
+  ASSERT_TRUE(extension_->WaitForWindow(kWaitLimit));
   Open({W("c.t")});
   EXPECT_EQ(host_.containers, 2);
   EXPECT_THAT(Shown(), ElementsAre(W("c.t")));

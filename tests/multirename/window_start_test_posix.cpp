@@ -83,7 +83,7 @@ TEST_F(WindowStart, AFailureThatNobodyWaitsForAnyMoreHasTheHostShutDown) {
   EXPECT_EQ(host_.closed, 1);
   host_.hasContainers = true;
   host_.beforeContainer = nullptr;
-  extension_->waits.start = kMissed;
+  extension_->waits.start = kWaitLimit;
   Open({W("b.t")});
 }
 
@@ -125,14 +125,14 @@ TEST_F(WindowStart, AWindowThatIsStillBeingMadeAtTheShutdownClosesAsSoonAsItIsTh
   EXPECT_EQ(Plugin().OnShutdown(0), 0);
   EXPECT_EQ(host_.closed, 1);
   made.Release();
-  EXPECT_TRUE(extension_->WaitForWindow(kMissed));
+  EXPECT_TRUE(extension_->WaitForWindow(kWaitLimit));
   EXPECT_EQ(UndrawnWindow::Current(), nullptr);
   EXPECT_EQ(host_.controlsOut, 0);
   EXPECT_THAT(host_.WaitingCommands(), IsEmpty());
 }
 
 TEST_F(WindowStart, AShutdownBeforeTheThreadHasAQueueIsNotLost) {
-  extension_->waits = {0, kMissed};
+  extension_->waits = {0, kWaitLimit};
   for (int round = 0; round < 50; ++round) {
     Select({W("a.t")});
     ASSERT_EQ(Plugin().OnCommand(kCommandMultiRename, 0, 0), 1);

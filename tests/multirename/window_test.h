@@ -11,6 +11,7 @@
 #include "multirename/window/undrawn_window.h"
 #include "multirename/window_host.h"
 #include "platform/handles.h"
+#include "support/wait_limit.h"
 
 namespace Velmora::SDK {
 
@@ -18,7 +19,7 @@ class WindowTest : public testing::Test {
  protected:
   WindowTest() {
     host_.configFolder = scratch_.Path() + W("\\");
-    extension_->waits = {kMissed, kMissed};
+    extension_->waits = {kWaitLimit, kWaitLimit};
     EXPECT_EQ(Plugin().OnRegister(&host_), 1);
     EXPECT_EQ(Plugin().OnStart(&host_), 1);
   }
@@ -33,7 +34,7 @@ class WindowTest : public testing::Test {
     Plugin().OnShutdown(0);
     Delete();
   }
-  void Delete() { MultiRenameCloser{kMissed}(extension_.release()); }
+  void Delete() { MultiRenameCloser{kWaitLimit}(extension_.release()); }
 
   IPluginInterface& Plugin() { return *extension_; }
 
@@ -88,8 +89,6 @@ class WindowTest : public testing::Test {
     Do([&](UndrawnParts& parts) { parts.list.GetCounts(&rows, &selected); });
     return rows;
   }
-
-  static constexpr DWORD kMissed = 60000;  // milliseconds; never reached
 
   const ScratchFolder scratch_;
   WindowHost host_;

@@ -171,7 +171,7 @@ TEST(AccessListCallsTest, ANewListNeedsItsRevisionAndASizeThatItsHeaderHolds) {
   EXPECT_EQ(list->Sbz2, 0);
 }
 
-TEST(AccessListCallsTest, SizesNeedAListAnAnswerAndItsRoom) {
+TEST(AccessListCallsTest, SizesNeedAListABufferAndItsSize) {
   BuiltList list;
   ACL_SIZE_INFORMATION size = {};
   EXPECT_EQ(FailureOf(GetAclInformation(nullptr, &size, 12, AclSizeInformation)), kInvalidParameter);

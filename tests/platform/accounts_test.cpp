@@ -78,7 +78,7 @@ TEST(Accounts, TheNameWithItsDomainLeadsToTheSameSid) {
   EXPECT_EQ(FindSid(nullptr, name).sid, FindSid(nullptr, OwnName().c_str()).sid);
 }
 
-TEST(Accounts, WithoutBuffersTheNeededSizesAreTold) {
+TEST(Accounts, WithoutBuffersTheNeededSizesAreReturned) {
   const WString own = OwnName();
   FoundSid sid = FindSid(nullptr, own.c_str());
   ASSERT_TRUE(sid.found);

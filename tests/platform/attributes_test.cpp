@@ -18,7 +18,7 @@ class AttributesTest : public testing::Test {
   ScratchFolder scratch_;
 };
 
-TEST_F(AttributesTest, FilesFoldersAndDotFilesAreToldApart) {
+TEST_F(AttributesTest, FilesFoldersAndDotFilesAreDistinguished) {
   scratch_.Write(W("a.txt"), "abc");
   scratch_.MakeFolder(W("sub"));
   scratch_.Write(W(".hidden"), "abc");
@@ -70,7 +70,7 @@ TEST_F(AttributesTest, WhatIsAFolderStaysOne) {
   EXPECT_EQ(Get(W("a.txt")), 0x20u);
 }
 
-TEST_F(AttributesTest, AnOpenFileIsLookedAtAndChangedAllTheSame) {
+TEST_F(AttributesTest, AnOpenFileIsStillExaminedAndChanged) {
   const WString path = scratch_.Write(W("a.txt"), "abc");
   const HANDLE file = OpenFor(path.c_str(), GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING, 0);
   EXPECT_EQ(Get(W("a.txt")), 0x20u);

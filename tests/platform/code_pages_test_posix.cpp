@@ -8,7 +8,7 @@
 namespace {
 
 // Wine consumes the letter after an incomplete sequence as part of that sequence.
-TEST(NativeCodePagesTest, ALetterBehindABrokenSequenceIsKept) {
+TEST(NativeCodePagesTest, ALetterAfterABrokenSequenceIsKept) {
   EXPECT_EQ(FromUtf8("\xF0\x9F"
                      "a"),
             W("\uFFFDa"));

@@ -201,7 +201,7 @@ TEST(CompareStringOrdinalTest, ANullIsRefused) {
 }
 
 // A key of 16-bit text may start at an odd address.
-TEST(CompareStringTest, TextsMayStandAtOddAddresses) {
+TEST(CompareStringTest, TextsMayBeAtOddAddresses) {
   const WString texts[] = {W("abc"), W("ABD"), W("ab\u00E9")};
   char store[3][16] = {};
   const WCHAR* odd[3];

@@ -20,7 +20,7 @@ TEST_F(CreateFileTest, CreateNewMakesAnEmptyFileAndRefusesOneThatIsThere) {
   EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), GENERIC_WRITE, CREATE_NEW)), 80u);
 }
 
-TEST_F(CreateFileTest, CreateAlwaysEmptiesAFileAndTellsThatItWasThere) {
+TEST_F(CreateFileTest, CreateAlwaysEmptiesAFileAndReportsThatItExisted) {
   const WString path = scratch_.Write(W("a.txt"), "old text");
   SetLastError(7);
   const FileHandle existing(OpenFor(path.c_str(), GENERIC_WRITE, CREATE_ALWAYS));
@@ -39,7 +39,7 @@ TEST_F(CreateFileTest, CreateAlwaysEmptiesAFileThatIsOpenedForReading) {
   EXPECT_EQ(scratch_.Read(W("a.txt")), "");
 }
 
-TEST_F(CreateFileTest, OpenAlwaysKeepsAFileAndTellsThatItWasThere) {
+TEST_F(CreateFileTest, OpenAlwaysKeepsAFileAndReportsThatItExisted) {
   const WString path = scratch_.Write(W("a.txt"), "old text");
   SetLastError(7);
   const FileHandle existing(OpenFor(path.c_str(), GENERIC_WRITE, OPEN_ALWAYS));

@@ -38,7 +38,7 @@ TEST(DateFormatTest, NumbersOfDates) {
   EXPECT_EQ(DateTextOf(kMidnight, W("dd.MM.yy")), W("22.11.11"));
 }
 
-TEST(DateFormatTest, WhatIsQuotedAndWhatIsNoLetterStandsForItself) {
+TEST(DateFormatTest, QuotedTextAndOtherCharactersThanLettersAreLiteral) {
   EXPECT_EQ(DateTextOf(kAfternoon, W("'day' d, 'o''clock' [/]")), W("day 5, o'clock [/]"));
   EXPECT_EQ(TimeTextOf(kAfternoon, W("H'h'mm'm'")), W("14h07m"));
 }

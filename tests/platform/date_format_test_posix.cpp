@@ -22,7 +22,7 @@ WString UsersPicture(DWORD item) {
   return buffer;
 }
 
-TEST(NativeDateFormatDeathTest, AMonthBesideADayIsInItsOtherCase) {
+TEST(NativeDateFormatDeathTest, AMonthWithADayIsInItsOtherCase) {
   InEnvironment("LC_ALL", "pl_PL.UTF-8", [] {
     EXPECT_EQ(DateIn(W("MMMM yyyy")), W("listopad 2026"));
     EXPECT_EQ(DateIn(W("d MMMM")), W("22 listopada"));

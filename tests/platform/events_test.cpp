@@ -7,16 +7,15 @@
 #include "platform/handles.h"
 #include "platform/message_window.h"
 #include "platform/outcome.h"
+#include "support/wait_limit.h"
 
 namespace {
-
-constexpr DWORD kLong = 60000;  // milliseconds; never reached
 
 FileHandle NewEvent(bool isSet) {
   return FileHandle(CreateEventW(nullptr, FALSE, isSet ? TRUE : FALSE, nullptr));
 }
 
-TEST(EventsTest, AnEventLetsOneWaitThroughForEachSet) {
+TEST(EventsTest, EachSetOfAnEventEndsOneWait) {
   const FileHandle event = NewEvent(false);
   ASSERT_TRUE(event.IsOpen());
   EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_TIMEOUT);
@@ -54,7 +53,7 @@ struct Talk {
 DWORD Answer(LPVOID parameter) {
   Talk& talk = *static_cast<Talk*>(parameter);
   for (int round = 0; round < 100; ++round) {
-    if (WaitForSingleObject(talk.question.Get(), kLong) != WAIT_OBJECT_0) return 1;
+    if (WaitForSingleObject(talk.question.Get(), kWaitLimit) != WAIT_OBJECT_0) return 1;
     ++talk.rounds;
     SetEvent(talk.answer.Get());
   }
@@ -69,13 +68,13 @@ TEST(EventsTest, ASuspendedThreadBeginsWhenItIsResumedAndItsEndIsWaitedFor) {
   EXPECT_EQ(WaitForSingleObject(talk.answer.Get(), 20), WAIT_TIMEOUT);
   EXPECT_EQ(talk.rounds, 0);
   EXPECT_EQ(ResumeThread(thread.Get()), 1u);
-  EXPECT_EQ(WaitForSingleObject(talk.answer.Get(), kLong), WAIT_OBJECT_0);
+  EXPECT_EQ(WaitForSingleObject(talk.answer.Get(), kWaitLimit), WAIT_OBJECT_0);
   EXPECT_EQ(WaitForSingleObject(thread.Get(), 0), WAIT_TIMEOUT);
   for (int round = 1; round < 100; ++round) {
     SetEvent(talk.question.Get());
-    ASSERT_EQ(WaitForSingleObject(talk.answer.Get(), kLong), WAIT_OBJECT_0);
+    ASSERT_EQ(WaitForSingleObject(talk.answer.Get(), kWaitLimit), WAIT_OBJECT_0);
   }
-  EXPECT_EQ(WaitForSingleObject(thread.Get(), kLong), WAIT_OBJECT_0);
+  EXPECT_EQ(WaitForSingleObject(thread.Get(), kWaitLimit), WAIT_OBJECT_0);
   // A thread that has ended remains signaled.
   EXPECT_EQ(WaitForSingleObject(thread.Get(), 0), WAIT_OBJECT_0);
   EXPECT_EQ(talk.rounds, 100);
@@ -101,12 +100,12 @@ TEST(EventsTest, MessagesOfAnotherThreadArriveInTheirOrder) {
   ASSERT_TRUE(thread.IsOpen());
   for (int number = 0; number < postman.count; ++number) {
     PostedMessage message;
-    ASSERT_TRUE(window.Take(message, kLong));
+    ASSERT_TRUE(window.Take(message, kWaitLimit));
     EXPECT_EQ(message.message, 33868u);
     EXPECT_EQ(message.first, static_cast<WPARAM>(number));
     EXPECT_EQ(message.second, -number);
   }
-  EXPECT_EQ(WaitForSingleObject(thread.Get(), kLong), WAIT_OBJECT_0);
+  EXPECT_EQ(WaitForSingleObject(thread.Get(), kWaitLimit), WAIT_OBJECT_0);
   PostedMessage none;
   EXPECT_FALSE(window.Take(none, 0));
   EXPECT_FALSE(window.Take(none, 5));

@@ -142,7 +142,7 @@ TEST_F(FaultsTest, LocalFreeOnDemandGivesTheMemoryBackToTheCaller) {
   EXPECT_EQ(LocalFree(text), nullptr);
 }
 
-TEST_F(FaultsTest, ShellExecuteOnDemandAnswersASmallErrorItself) {
+TEST_F(FaultsTest, ShellExecuteReturnsAnInjectedSmallErrorItself) {
   Faults::Fail("ShellExecuteW", 1, 5);
   EXPECT_EQ(reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, nullptr, W("a.txt"), nullptr, nullptr, SW_SHOW)),
             5);
@@ -280,7 +280,7 @@ TEST_F(FaultsTest, TheAmountOfInformationOfSearchesIsKept) {
 
 TEST_F(FaultsTest, ASearchWithTheBasicInformationLeavesOneNameOut) {
   const WString path = scratch_.Write(W("a"), "");
-  Faults::LeaveNameOut(2);
+  Faults::ReturnNoName(2);
   const auto firstName = [&path](FINDEX_INFO_LEVELS level) {
     WIN32_FIND_DATAW data;
     const FindHandle search(FindFirstFileExW(path.c_str(), level, &data, FindExSearchNameMatch, nullptr, 0));

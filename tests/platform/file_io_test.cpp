@@ -149,7 +149,7 @@ TEST_F(FileIoTest, ThePointerMovesFromTheBeginningTheCurrentPlaceAndTheEnd) {
   EXPECT_EQ(SetFilePointer(file.Get(), 0, nullptr, FILE_CURRENT), 7u);
 }
 
-TEST_F(FileIoTest, ThePointerMayStandBehindTheEndAndWritingFillsWithZeros) {
+TEST_F(FileIoTest, ThePointerMayBeBeyondTheEndAndWritingFillsWithZeros) {
   const FileHandle file = Open(GENERIC_WRITE);
   EXPECT_EQ(SetFilePointer(file.Get(), 3, nullptr, FILE_BEGIN), 3u);
   EXPECT_TRUE(WriteFile(file.Get(), "x", 1, nullptr, nullptr));
@@ -181,7 +181,7 @@ TEST_F(FileIoTest, ThePointerHas64Bits) {
   EXPECT_EQ(high, 0);
 }
 
-TEST_F(FileIoTest, ALowHalfOfAllOnesIsToldFromAFailureByTheLastError) {
+TEST_F(FileIoTest, ALowHalfOfAllOnesIsDistinguishedFromAFailureByTheLastError) {
   const FileHandle file = Open(GENERIC_READ);
   SetLastError(7);
   LONG high = 0;

@@ -138,7 +138,7 @@ TEST_F(NativeRecords, NoRightsAtAllAreAnEmptyList) {
   EXPECT_EQ(Effective(), 0u);
 }
 
-TEST_F(NativeRecords, NamedUsersAndGroupsStandInTheListWithinItsMask) {
+TEST_F(NativeRecords, NamedUsersAndGroupsAreInTheListWithinItsMask) {
   SetPosixList("u::rw-,u:4001:rwx,u:4002:---,g::r--,g:4003:rw-,m::rw-,o::r--");
   EXPECT_THAT(
       Entries(),
@@ -457,7 +457,7 @@ TEST_F(NativeRecords, TypesThatAreNoFilesAreRefused) {
   }
 }
 
-TEST_F(NativeRecords, RightsOfOthersThanTheCurrentUserAreNotTold) {
+TEST_F(NativeRecords, RightsOfOtherUsersAreNotReported) {
   BuiltList list;
   WCHAR name[] = u"root";
   TRUSTEE_W trustee;

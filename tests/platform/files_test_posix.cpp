@@ -221,7 +221,7 @@ TEST_F(NativeFilesTest, MissingBuffersAreRefused) {
             87u);
 }
 
-TEST_F(NativeFilesTest, APositionThatTheAnswerCannotSayIsRefused) {
+TEST_F(NativeFilesTest, APositionThatTheResultCannotHoldIsRefused) {
   const WString path = scratch_.Write(W("a.txt"), "abc");
   const FileHandle file(OpenFor(path.c_str(), GENERIC_READ, OPEN_EXISTING));
   LONG high = 1;
@@ -234,7 +234,7 @@ TEST_F(NativeFilesTest, APositionThatTheAnswerCannotSayIsRefused) {
   EXPECT_EQ(high, 1);
 }
 
-TEST_F(NativeFilesTest, AFileLargerThan4GigabytesTellsItsSize) {
+TEST_F(NativeFilesTest, AFileLargerThan4GigabytesReportsItsSize) {
   const WString path = scratch_.Write(W("a.txt"), "");
   ASSERT_EQ(truncate(scratch_.NativePath(W("a.txt")).c_str(), 0x180000005), 0);
   const FileHandle file(OpenFor(path.c_str(), GENERIC_READ, OPEN_EXISTING));

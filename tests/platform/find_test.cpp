@@ -157,7 +157,7 @@ TEST_F(FindTest, AWildcardIsForTheLastNameAlone) {
   EXPECT_EQ(FailureAt(W("*\\a")), 123u);
 }
 
-TEST_F(FindTest, AnEntryTellsItsSizeAttributesAndTimes) {
+TEST_F(FindTest, AnEntryHasItsSizeAttributesAndTimes) {
   scratch_.Write(W("a.txt"), std::string(70000, 'x'));
   scratch_.Write(W(".b"), "");
   const WString readOnly = scratch_.Write(W("c"), "abc");
@@ -218,7 +218,7 @@ TEST_F(FindTest, WhatIsNoSearchIsRefused) {
   EXPECT_EQ(FailureOf(FindNextFileW(nullptr, &data)), 6u);
 }
 
-TEST_F(FindTest, TheEndIsToldAgainWhenAskedAgain) {
+TEST_F(FindTest, TheEndIsReportedAgain) {
   WriteFiles({W("a.txt")});
   WIN32_FIND_DATAW data;
   const FindHandle search(Begin(W("a.txt"), data));

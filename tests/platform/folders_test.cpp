@@ -70,7 +70,7 @@ TEST_F(FoldersTest, AFileIsDeleted) {
   EXPECT_EQ(Delete(W("a.txt")), 2u);
 }
 
-TEST_F(FoldersTest, DeletingTellsAMissingFileFromAMissingFolder) {
+TEST_F(FoldersTest, DeletingDistinguishesAMissingFileFromAMissingFolder) {
   scratch_.Write(W("a.txt"), "abc");
   EXPECT_EQ(Delete(W("nosuch")), 2u);
   EXPECT_EQ(Delete(W("nosuch\\a")), 3u);

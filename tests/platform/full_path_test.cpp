@@ -76,7 +76,7 @@ TEST(GetFullPathNameTest, ARelativePathBeginsAtTheCurrentFolder) {
   EXPECT_EQ(WString(rooted), scratch.Path().substr(0, 2) + W("\\a\\b"));
 }
 
-TEST(GetFullPathNameTest, ASmallBufferIsLeftAloneAndTheNeededSizeAnswered) {
+TEST(GetFullPathNameTest, ASmallBufferIsUnchangedAndTheNeededSizeReturned) {
   WCHAR buffer[10] = {W('x'), 0};
   EXPECT_EQ(GetFullPathNameW(W("Z:\\abc"), 6, buffer, nullptr), 7u);
   EXPECT_EQ(WString(buffer), W("x"));

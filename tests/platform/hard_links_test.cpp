@@ -44,7 +44,7 @@ TEST_F(HardLinksTest, AFolderGetsNone) {
   EXPECT_FALSE(scratch_.Exists(W("link")));
 }
 
-TEST_F(HardLinksTest, AMissingFileIsToldFromAMissingFolder) {
+TEST_F(HardLinksTest, AMissingFileIsDistinguishedFromAMissingFolder) {
   scratch_.Write(W("a.txt"), "abc");
   EXPECT_EQ(Link(W("link"), W("nosuch")), 2u);
   EXPECT_EQ(Link(W("link"), W("nosuch\\a")), 3u);

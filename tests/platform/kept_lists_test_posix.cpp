@@ -251,7 +251,7 @@ TEST_F(KeptLists, ReadingInTwoProcessesChangesNothingAboutTheFile) {
 }
 
 // Each of the two lists results in a mode by which the owner can neither read nor write the file.
-TEST_F(KeptLists, OfTwoProcessesThatSetOneTheModeIsThatOfOneOfThemWithNoRightLeftBehind) {
+TEST_F(KeptLists, OfTwoProcessesThatSetOneTheModeIsThatOfOneOfThemWithoutAdditionalRights) {
   constexpr int kRounds = RandomCases(10000);
   GiveFileToNobody();
   const auto set = [this](DWORD rights) {

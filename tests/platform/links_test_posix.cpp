@@ -47,7 +47,7 @@ TEST_F(LinksTest, ALinkIsAReparsePointAndAFolderIfItLeadsToOne) {
   EXPECT_EQ(AttributesOf(W("to-itself")), 0x400u);
 }
 
-TEST_F(LinksTest, ASearchTellsOfTheLinkAndNotOfItsTarget) {
+TEST_F(LinksTest, ASearchReturnsTheLinkAndNotItsTarget) {
   const WIN32_FIND_DATAW toFile = Find(W("to-file"));
   EXPECT_EQ(toFile.dwFileAttributes, 0x400u);
   EXPECT_EQ(toFile.dwReserved0, 0xA000000Cu);

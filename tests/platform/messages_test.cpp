@@ -7,12 +7,11 @@
 #include "platform/handles.h"
 #include "platform/message_window.h"
 #include "platform/outcome.h"
+#include "support/wait_limit.h"
 
 using testing::ElementsAre;
 
 namespace {
-
-constexpr DWORD kMissed = 60000;  // milliseconds; never reached
 
 // Runs on a thread with a new queue.
 template <typename Work>
@@ -136,14 +135,14 @@ TEST(MessagesTest, ALoopWaitsForWhatAnotherThreadPosts) {
   Listener listener{isReady.Get(), {}, 0};
   DWORD number = 0;
   const FileHandle thread(CreateThread(nullptr, 0, Listen, &listener, 0, &number));
-  ASSERT_EQ(WaitForSingleObject(isReady.Get(), kMissed), WAIT_OBJECT_0);
+  ASSERT_EQ(WaitForSingleObject(isReady.Get(), kWaitLimit), WAIT_OBJECT_0);
   EXPECT_EQ(listener.number, number);
   EXPECT_NE(number, 0u);
   EXPECT_NE(number, GetCurrentThreadId());
   EXPECT_EQ(WaitForSingleObject(thread.Get(), 5), WAIT_TIMEOUT);
   ASSERT_TRUE(PostThreadMessageW(number, WM_APP, 0, 0));
   ASSERT_TRUE(PostThreadMessageW(number, WM_QUIT, 4, 0));
-  ASSERT_EQ(WaitForSingleObject(thread.Get(), kMissed), WAIT_OBJECT_0);
+  ASSERT_EQ(WaitForSingleObject(thread.Get(), kWaitLimit), WAIT_OBJECT_0);
   EXPECT_THAT(listener.taken, ElementsAre(WM_APP, 4u));
   EXPECT_EQ(FailureOf(PostThreadMessageW(number, WM_APP, 0, 0)), 1444u);
 }

@@ -30,8 +30,8 @@ TEST_F(MessagesPosixTest, AThreadWithAnExactNumberIsNamedByCreateThreadBeforeItB
   DWORD number = 0;
   const HANDLE thread = CreateThread(
       nullptr, 0,
-      [](LPVOID told) -> DWORD {
-        EXPECT_EQ(GetCurrentThreadId(), *static_cast<DWORD*>(told));
+      [](LPVOID argument) -> DWORD {
+        EXPECT_EQ(GetCurrentThreadId(), *static_cast<DWORD*>(argument));
         return 0;
       },
       &number, CREATE_SUSPENDED, &number);

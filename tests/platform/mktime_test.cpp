@@ -103,7 +103,7 @@ TEST(MkTimeTest, TheDaysOfTheWeekAndOfTheYearAreNotLookedAt) {
   EXPECT_EQ(_mktime64(&time), Seconds({2014, 6, 15}));
 }
 
-TEST(MkTimeTest, TheFirstAndLastYearsAreAnswered) {
+TEST(MkTimeTest, TheFirstAndLastYearsAreConverted) {
   EXPECT_GT(Seconds({1970, 1, 3}), 0);
   EXPECT_LT(Seconds({1970, 1, 3}), 4 * kDay);
   EXPECT_GT(Seconds({2038, 1, 20, 12}), std::int64_t{INT_MAX});

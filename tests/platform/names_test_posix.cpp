@@ -141,7 +141,7 @@ TEST_F(NativeNamesTest, ABackslashInANameDoesNotPartIt) {
   EXPECT_EQ(scratch_.Read(W("a\\b")), "other");
 }
 
-TEST_F(NativeNamesTest, ASurrogateThatStandsForNothingMakesAnInvalidName) {
+TEST_F(NativeNamesTest, AnUnassignedSurrogateMakesAnInvalidName) {
   for (const WCHAR unit : {WCHAR(0xD800), WCHAR(0xDC00), WCHAR(0xDC2F), WCHAR(0xDC7F), WCHAR(0xDD00)}) {
     const WString path = scratch_.Path(WString(1, unit));
     EXPECT_EQ(FailureOfOpen(OpenFor(path.c_str(), GENERIC_WRITE, CREATE_NEW)), 123u) << std::hex << int{unit};

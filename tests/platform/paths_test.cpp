@@ -33,7 +33,7 @@ TEST_F(PathsTest, SlashesAndBackslashesPartNamesAlike) {
   EXPECT_EQ(AttributesOf(scratch_.Path() + W("\\\\sub//a.txt")), 0x20u);
 }
 
-TEST_F(PathsTest, APathOfTheSystemBelowIsTakenAsItStands) {
+TEST_F(PathsTest, APathOfTheSystemBelowIsTakenUnchanged) {
   scratch_.Write(W("a.txt"), "x");
   WString path = scratch_.Path(W("a.txt")).substr(2);
   EXPECT_EQ(AttributesOf(path), 0x20u);

@@ -130,7 +130,7 @@ TEST_F(ReparsePointTest, ASymbolicLinkIsNoJunction) {
   EXPECT_EQ(TagOf(W("link")), 0xA000000Cu);
 }
 
-TEST_F(ReparsePointTest, AJunctionToNothingIsAFolderAllTheSame) {
+TEST_F(ReparsePointTest, AJunctionToNothingIsStillAFolder) {
   EXPECT_EQ(Set(folder_, RecordTo(W("nosuch"))), kNoFailure);
   EXPECT_EQ(AttributesOf(W("folder")), 0x410u);
   EXPECT_EQ(FailureOf(DeleteFileW(folder_.c_str())), 5u);

@@ -88,7 +88,7 @@ TEST_F(NativeStreams, StreamsThatHaveNoRoomAreCutOff) {
   EXPECT_EQ(status_, 0xC0000004u);
 }
 
-TEST_F(NativeStreams, TheNamesAreToldWithoutTheRightToReadTheFile) {
+TEST_F(NativeStreams, TheNamesAreReturnedWithoutTheRightToReadTheFile) {
   SetAttribute(u"a.txt", "user.one", 10);
   chmod(scratch_.NativePath(W("")).c_str(), 0755);
   chmod(scratch_.NativePath(W("a.txt")).c_str(), 0);

@@ -44,7 +44,7 @@ class UserInterfaceTest : public testing::Test {
   Platform::UserInterface* before_;
 };
 
-TEST_F(UserInterfaceTest, ABoxIsAnsweredByTheHandler) {
+TEST_F(UserInterfaceTest, ABoxIsPassedToTheHandler) {
   EXPECT_EQ(MessageBoxW(nullptr, W("text"), W("caption"), MB_YESNO | MB_ICONQUESTION), IDYES);
   EXPECT_EQ(recorder_.texts, std::vector<WString>{W("caption|text")});
   EXPECT_EQ(recorder_.lastStyle, 0x24u);
@@ -55,7 +55,7 @@ TEST_F(UserInterfaceTest, AMissingTextOfABoxIsHandedOnAsItIs) {
   EXPECT_EQ(recorder_.texts, std::vector<WString>{W("|")});
 }
 
-TEST_F(UserInterfaceTest, AStartIsAnsweredByTheHandler) {
+TEST_F(UserInterfaceTest, AStartIsPassedToTheHandler) {
   EXPECT_EQ(
       reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, W("open"), W("a.txt"), W("-x"), nullptr, SW_SHOW)),
       42);
@@ -100,7 +100,7 @@ TEST_F(UserInterfaceTest, InstallingGivesBackTheHandlerBefore) {
   EXPECT_EQ(Platform::InstallUserInterface(&recorder_), &other);
 }
 
-TEST_F(UserInterfaceTest, WithoutAHandlerNothingIsAnswered) {
+TEST_F(UserInterfaceTest, WithoutAHandlerEachCallFails) {
   Platform::InstallUserInterface(nullptr);
   EXPECT_EQ(MessageBoxW(nullptr, W("text"), W("caption"), MB_OK), 0);
   EXPECT_EQ(GetLastError(), 1459u);

@@ -28,9 +28,9 @@ const T* At(const std::vector<BYTE>& bytes, std::size_t offset) {
 }  // namespace
 
 TEST(DescriptorBounds, ADescriptorHasItsTwentyBytes) {
-  EXPECT_FALSE(HoldsDescriptor({}));
-  EXPECT_FALSE(HoldsDescriptor(std::vector<BYTE>(19)));
-  EXPECT_TRUE(HoldsDescriptor(std::vector<BYTE>(20)));
+  EXPECT_FALSE(ContainsDescriptor({}));
+  EXPECT_FALSE(ContainsDescriptor(std::vector<BYTE>(19)));
+  EXPECT_TRUE(ContainsDescriptor(std::vector<BYTE>(20)));
 }
 
 TEST(DescriptorBounds, ASidIsWholeWithAllItsNumbers) {
@@ -38,22 +38,22 @@ TEST(DescriptorBounds, ASidIsWholeWithAllItsNumbers) {
     const std::size_t whole = 8 + 4 * static_cast<std::size_t>(numbers);
     const std::vector<BYTE> enough = SidOfNumbers(static_cast<BYTE>(numbers), whole);
     const std::vector<BYTE> cut = SidOfNumbers(static_cast<BYTE>(numbers), whole - 1);
-    EXPECT_TRUE(HoldsSid(enough, enough.data())) << numbers;
-    EXPECT_FALSE(HoldsSid(cut, cut.data())) << numbers;
+    EXPECT_TRUE(ContainsSid(enough, enough.data())) << numbers;
+    EXPECT_FALSE(ContainsSid(cut, cut.data())) << numbers;
   }
 }
 
 TEST(DescriptorBounds, ASidOf255NumbersInAShortRecordIsNone) {
   const std::vector<BYTE> record = SidOfNumbers(255, 28);
-  EXPECT_FALSE(HoldsSid(record, record.data()));
+  EXPECT_FALSE(ContainsSid(record, record.data()));
 }
 
 TEST(DescriptorBounds, ASidInTheLastSevenBytesIsNone) {
   // Zeros, the beginning of a SID without subauthorities.
   const std::vector<BYTE> record(40);
   for (std::size_t left = 0; left <= 7; ++left)
-    EXPECT_FALSE(HoldsSid(record, &record[0] + 40 - left)) << left;
-  EXPECT_TRUE(HoldsSid(record, &record[0] + 40 - 8));
+    EXPECT_FALSE(ContainsSid(record, &record[0] + 40 - left)) << left;
+  EXPECT_TRUE(ContainsSid(record, &record[0] + 40 - 8));
 }
 
 TEST(DescriptorBounds, WhatLiesOutsideTheRecordIsNone) {
@@ -67,15 +67,15 @@ TEST(DescriptorBounds, WhatLiesOutsideTheRecordIsNone) {
   }
   const std::span<const BYTE> record = std::span<const BYTE>(memory).subspan(40, 40);
   for (const std::size_t place : {std::size_t{0}, std::size_t{80}}) {
-    EXPECT_FALSE(HoldsSid(record, &memory[place])) << place;
-    EXPECT_FALSE(HoldsList(record, At<ACL>(memory, place + 12))) << place;
+    EXPECT_FALSE(ContainsSid(record, &memory[place])) << place;
+    EXPECT_FALSE(ContainsList(record, At<ACL>(memory, place + 12))) << place;
   }
-  EXPECT_FALSE(HoldsSid(record, nullptr));
-  EXPECT_FALSE(HoldsList(record, nullptr));
-  EXPECT_FALSE(HoldsSid({}, sid.data()));
+  EXPECT_FALSE(ContainsSid(record, nullptr));
+  EXPECT_FALSE(ContainsList(record, nullptr));
+  EXPECT_FALSE(ContainsSid({}, sid.data()));
   const void* const last = reinterpret_cast<const void*>(std::numeric_limits<std::uintptr_t>::max());
-  EXPECT_FALSE(HoldsSid(record, last));
-  EXPECT_FALSE(HoldsList(record, static_cast<const ACL*>(last)));
+  EXPECT_FALSE(ContainsSid(record, last));
+  EXPECT_FALSE(ContainsList(record, static_cast<const ACL*>(last)));
 }
 
 TEST(DescriptorBounds, AListIsAsLargeAsItSays) {
@@ -89,7 +89,7 @@ TEST(DescriptorBounds, AListIsAsLargeAsItSays) {
                                      {21, false},
                                      {0xFFFF, false}}) {
     const std::vector<BYTE> record = ListBytes(static_cast<WORD>(size), 0, entries);
-    EXPECT_EQ(HoldsList(record, At<ACL>(record, 0)), isHeld) << size;
+    EXPECT_EQ(ContainsList(record, At<ACL>(record, 0)), isHeld) << size;
   }
 }
 
@@ -97,7 +97,7 @@ TEST(DescriptorBounds, AListWhoseHeaderIsCutIsNone) {
   const std::vector<BYTE> list = ListBytes(8, 0);
   for (std::size_t left = 0; left < list.size(); ++left) {
     const std::vector<BYTE> record(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(left));
-    EXPECT_FALSE(HoldsList(record, At<ACL>(record, 0))) << left;
+    EXPECT_FALSE(ContainsList(record, At<ACL>(record, 0))) << left;
   }
 }
 
@@ -105,7 +105,7 @@ TEST(DescriptorBounds, AListMayLieAtAnOddAddress) {
   std::vector<BYTE> record(1);
   const std::vector<BYTE> list = ListBytes(8, 0);
   record.insert(record.end(), list.begin(), list.end());
-  EXPECT_TRUE(HoldsList(record, At<ACL>(record, 1)));
+  EXPECT_TRUE(ContainsList(record, At<ACL>(record, 1)));
 }
 
 TEST(DescriptorBounds, AnEntryIsAsLargeAsItSaysWithinWhatItsListUses) {
@@ -119,17 +119,17 @@ TEST(DescriptorBounds, AnEntryIsAsLargeAsItSaysWithinWhatItsListUses) {
                                      {0xFFFF, false}}) {
     const std::vector<BYTE> list = ListBytes(28, 1, EntryBytes(static_cast<WORD>(size), sid));
     ASSERT_EQ(list.size(), 28u);
-    EXPECT_EQ(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 8)), isHeld) << size;
+    EXPECT_EQ(ContainsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 8)), isHeld) << size;
   }
 }
 
 TEST(DescriptorBounds, AnEntryBeyondWhatItsListUsesIsNone) {
   const std::vector<BYTE> list = ListBytes(28, 1, EntryBytes(20, EveryoneSid()));
-  EXPECT_TRUE(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 8)));
-  EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 27, At<ACE_HEADER>(list, 8)));
-  EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 11, At<ACE_HEADER>(list, 8)));  // its header is truncated
-  EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 25)));
-  EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 28)));
+  EXPECT_TRUE(ContainsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 8)));
+  EXPECT_FALSE(ContainsEntry(At<ACL>(list, 0), 27, At<ACE_HEADER>(list, 8)));
+  EXPECT_FALSE(ContainsEntry(At<ACL>(list, 0), 11, At<ACE_HEADER>(list, 8)));  // its header is truncated
+  EXPECT_FALSE(ContainsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 25)));
+  EXPECT_FALSE(ContainsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(list, 28)));
   const std::vector<BYTE> other = EntryBytes(4, {});
-  EXPECT_FALSE(HoldsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(other, 0)));
+  EXPECT_FALSE(ContainsEntry(At<ACL>(list, 0), 28, At<ACE_HEADER>(other, 0)));
 }

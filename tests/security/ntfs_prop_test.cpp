@@ -67,7 +67,7 @@ TEST(NtfsProp, DeclaresItsFourPropertiesAndLearnsItsNumber) {
                   "definer.Define(3, \"ADScount\", 60, 0x00710070, 0x00640070, 0x00070200, 2)",
                   "definer.Define(4, \"ADSsize\", 60, 0x00720070, 0x00640070, 0x00070200, 2)",
                   "ReleaseService(definer, 0)", "FindModuleByGuid(0305E12E5E9B4B2A9278C76F80AC321B)"));
-  ExpectAllGivenBack(host);
+  ExpectAllReleased(host);
 }
 
 TEST(NtfsProp, WithoutAHostOrADefinerNothingIsDeclared) {

@@ -101,7 +101,7 @@ TEST_F(NtfsToolsFile, OneTakesOnesOwnFile) {
   EXPECT_EQ(owner, CurrentAccountName());
 }
 
-TEST_F(NtfsToolsFile, AddedAccessStandsInTheList) {
+TEST_F(NtfsToolsFile, AddedAccessIsInTheList) {
   ASSERT_EQ(tools_.AddAccess(file_, W("Everyone"), 0x1F01FF), 0u);
   EXPECT_EQ(FullEntriesOfEveryone(file_), 1);
 }

@@ -105,7 +105,7 @@ TEST_F(NtfsToolsNative, ARemoteOwnerIsAskedOfTheServerInThePath) {
   EXPECT_EQ(Faults::CallCount("WNetGetUniversalNameW"), 0);
 }
 
-TEST_F(NtfsToolsNative, ARemoteOwnerWhoseServerCannotBeToldIsAskedHere) {
+TEST_F(NtfsToolsNative, ARemoteOwnerWithAnUnknownServerIsLookedUpLocally) {
   Faults::NameNetwork(W("\\\\nosuchserver\\share\\a"));
   Faults::Watch("LookupAccountSidW");
   Faults::Fail("WNetGetUniversalNameW", 1, kError);
@@ -133,7 +133,7 @@ TEST_F(NtfsToolsNative, ADrivesServerIsAskedForOnceUntilTheCacheIsCleared) {
   EXPECT_EQ(Faults::CallCount("WNetGetUniversalNameW"), 3);
 }
 
-TEST_F(NtfsToolsNative, ADriveWhoseServerCannotBeToldIsAskedAgain) {
+TEST_F(NtfsToolsNative, ADriveWithAnUnknownServerIsLookedUpAgain) {
   WString server = W("before");
   for (const WCHAR* name : {W(""), W("\\\\\\"), W("X:\\share"), W("\\\\server")}) {
     Faults::NameNetwork(name);

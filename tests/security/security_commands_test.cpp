@@ -75,7 +75,7 @@ TEST_F(SecurityCommands, WithNothingSelectedNothingHappensAndNothingIsAsked) {
   });
   EXPECT_THAT(boxes.Boxes(), IsEmpty());
   EXPECT_THAT(host_.recorder.CallsOf({"GetService", "helper"}), IsEmpty());
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 // Take ownership.
@@ -93,7 +93,7 @@ TEST_F(SecurityCommands, TakingTakesEachAndClearsItsStoredOwnerAndRefreshesTheVi
               ElementsAre("GetService(3010, 0)", "refresh.AddFolder(" + Quote(files_.scratch.Path()) + ")",
                           "ReleaseService(refresh, 0)"));
   EXPECT_THAT(host_.recorder.Calls(), Contains("item a.txt.GetFolderPath(4096)"));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SecurityCommands, AnErrorOfTakingEndsTheWalkAndIsShownWithItsNumber) {
@@ -110,7 +110,7 @@ TEST_F(SecurityCommands, AnErrorOfTakingEndsTheWalkAndIsShownWithItsNumber) {
   EXPECT_TRUE(boxes.Boxes()[0].hasIcon);
   EXPECT_THAT(ClearedItems(), ElementsAre("item a.txt.ClearStoredProperty(1)"));
   EXPECT_THAT(RefreshCalls(), IsEmpty());
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SecurityCommands, TheHelperTakesWhereTheHostIsNotElevated) {
@@ -126,7 +126,7 @@ TEST_F(SecurityCommands, TheHelperTakesWhereTheHostIsNotElevated) {
                                          "helper.Disconnect()", "writer.Release()"));
   EXPECT_EQ(ClearedItems().size(), 2u);
   EXPECT_EQ(RefreshCalls().size(), 3u);
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SecurityCommands, AnErrorOfTheHelperIsShownAndNothingIsCleared) {
@@ -154,7 +154,7 @@ TEST_F(SecurityCommands, WithoutAChannelTheCommandGoesOnInThisProcess) {
   host_.helper.exists = false;
   TakeOwnershipCommand(host_);
   EXPECT_EQ(ClearedItems().size(), 3u);
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SecurityCommands, AnElevatedHostAndAnOlderSystemUseNoHelper) {
@@ -213,7 +213,7 @@ TEST_F(SecurityCommands, ResettingAsksFirstAndNoIsNothing) {
   EXPECT_THAT(boxes.Boxes()[0].buttons, ElementsAre(IDYES, IDNO));
   EXPECT_TRUE(boxes.Boxes()[0].hasIcon);
   EXPECT_THAT(HelperCalls(), IsEmpty());
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(SecurityCommands, YesResetsEachWithoutFurtherBoxes) {

@@ -54,7 +54,7 @@ TEST(SelectionNames, ANullPathIsAnEmptyText) {
   EXPECT_THAT(NamesOfSelectionList(list.Bytes()), ElementsAre(W(""), W("WinNT://D/b")));
 }
 
-TEST(SelectionNames, ACountThatLiesGivesWhatTheMemoryHolds) {
+TEST(SelectionNames, AWrongCountGivesWhatTheMemoryContains) {
   BuiltSelection list(0xFFFFFFFF, 8 + 2 * 48 + 47);
   const WString outside = W("WinNT://D/a");
   list.SetPath(0, outside.c_str());

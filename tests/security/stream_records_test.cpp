@@ -41,7 +41,7 @@ TEST(StreamRecords, TheFirstRecordIsLeftOutWhateverItIs) {
   ExpectStreams(StreamBuffer(100).Put(0, 40, 7).Put(40, 0, 5).Sum(), 1, 5);
 }
 
-TEST(StreamRecords, AllBehindTheFirstAreCountedAndAddedUp) {
+TEST(StreamRecords, AllAfterTheFirstAreCountedAndAddedUp) {
   ExpectStreams(StreamBuffer(200).Put(0, 40, 1).Put(40, 48, 10).Put(88, 0, 20).Sum(), 2, 30);
 }
 

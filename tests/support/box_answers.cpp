@@ -7,7 +7,7 @@ void PrintTo(const ShownBox& box, std::ostream* out) {
   for (const int button : box.buttons) *out << ' ' << button;
 }
 
-int BoxAnswers::Answer(const ShownBox& box) {
+int BoxAnswers::AnswerBox(const ShownBox& box) {
   boxes_.push_back(box);
   if (answers_.empty()) {
     unexpected_.push_back(box);

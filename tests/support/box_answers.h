@@ -51,7 +51,7 @@ class BoxAnswers {
   class Responder;
 
   // Records a box and returns the id of the button that closes it.
-  int Answer(const ShownBox& box);
+  int AnswerBox(const ShownBox& box);
 
   std::deque<int> answers_;
   std::vector<ShownBox> boxes_;

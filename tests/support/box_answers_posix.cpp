@@ -9,8 +9,8 @@ class BoxAnswers::Responder final : public Platform::UserInterface {
   ~Responder() override { Platform::InstallUserInterface(before_); }
 
   int MessageBox(const WCHAR* text, const WCHAR* caption, UINT style) override {
-    return boxes_.Answer({WString(ViewOf(caption)), WString(ViewOf(text)), ButtonsOf(style),
-                          (style & 0xF0) != 0, style, nullptr});
+    return boxes_.AnswerBox({WString(ViewOf(caption)), WString(ViewOf(text)), ButtonsOf(style),
+                             (style & 0xF0) != 0, style, nullptr});
   }
 
   INT_PTR Dialog(Platform::FormRequest& form) override {

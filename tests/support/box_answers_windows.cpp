@@ -39,7 +39,7 @@ class BoxAnswers::Responder {
   }
 
   void OnOpened(HWND window) {
-    const int button = boxes_.Answer(Read(window));
+    const int button = boxes_.AnswerBox(Read(window));
     PostMessageW(window, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(window, button)));
   }

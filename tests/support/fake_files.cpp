@@ -146,7 +146,7 @@ IHostFileItem* FakeFileList::GetItem(u32 index) {
 
 void FakeFileList::Release() {
   recorder_.Record(name_ + ".Release()");
-  recorder_.GivenBack(name_);
+  recorder_.Released(name_);
   released_ = true;
 }
 
@@ -190,7 +190,7 @@ void FakeRenameBatch::Release() { End(name_ + ".Release()"); }
 
 void FakeRenameBatch::End(const std::string& call) {
   recorder_.Record(call);
-  recorder_.GivenBack(name_);
+  recorder_.Released(name_);
   released_ = true;
 }
 

@@ -21,7 +21,7 @@ void FakePacketWriter::WriteString(const WCHAR* text) {
 
 void FakePacketWriter::Release() {
   recorder_.Record("writer.Release()");
-  recorder_.GivenBack(kWriter);
+  recorder_.Released(kWriter);
 }
 
 bool FakeHelperChannel::Connect() {
@@ -46,6 +46,6 @@ u32 FakeHelperChannel::Send(s32 code, const void* data, u32 size) {
 
 void FakeHelperChannel::Disconnect() {
   recorder_.Record("helper.Disconnect()");
-  recorder_.GivenBack(kChannel);
+  recorder_.Released(kChannel);
   isConnected_ = false;
 }

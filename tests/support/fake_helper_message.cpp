@@ -38,7 +38,7 @@ bool FakePacketReader::ReadU32(u32* number) {
 
 void FakePacketReader::Release() {
   recorder_.Record("reader.Release()");
-  recorder_.GivenBack(kReader);
+  recorder_.Released(kReader);
 }
 
 const void* FakeHelperMessage::GetData() {

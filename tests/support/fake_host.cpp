@@ -199,7 +199,7 @@ void FakeHost::ReleaseService(void* service, u32 numberOrZero) {
     taken = kViewRefreshService;
   }
   recorder.Record("ReleaseService(" + name + ", " + Number(numberOrZero) + ")");
-  recorder.GivenBack(taken);
+  recorder.Released(taken);
 }
 
 bool FakeHost::IsProcessElevated() {
@@ -346,7 +346,7 @@ HWND FakeHost::CreateControl(u32 kind, HWND, u32 style) {
   return nullptr;
 }
 
-void ExpectAllGivenBack(const FakeHost& host) {
+void ExpectAllReleased(const FakeHost& host) {
   EXPECT_THAT(host.recorder.Open(), testing::IsEmpty());
   EXPECT_THAT(host.recorder.Problems(), testing::IsEmpty());
 }

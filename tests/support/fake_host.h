@@ -159,4 +159,4 @@ class FakeHost : public Velmora::SDK::IHostApp {
 
 // Fails the test if an object was not given back, or if the interfaces were used in a way that the host does
 // not allow.
-void ExpectAllGivenBack(const FakeHost& host);
+void ExpectAllReleased(const FakeHost& host);

@@ -53,7 +53,7 @@ void FakeStringList::Clear() {
 
 void FakeStringList::Release() {
   recorder_.Record(name_ + ".Release()");
-  recorder_.GivenBack(name_);
+  recorder_.Released(name_);
   released_ = true;
 }
 

@@ -41,7 +41,7 @@ bool FakeXmlDocument::Save(XmlNode root, const WCHAR* path, u32 flag, const char
 
 void FakeXmlDocument::Release() {
   recorder_.Record(name_ + ".Release()");
-  recorder_.GivenBack(name_);
+  recorder_.Released(name_);
   released_ = true;
 }
 

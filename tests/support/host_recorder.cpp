@@ -64,7 +64,7 @@ void HostRecorder::Taken(const std::string& object) {
   ++open_[object];
 }
 
-void HostRecorder::GivenBack(const std::string& object) {
+void HostRecorder::Released(const std::string& object) {
   const std::lock_guard lock(mutex_);
   int& count = open_[object];
   if (count == 0) {

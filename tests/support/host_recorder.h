@@ -31,7 +31,7 @@ class HostRecorder {
 
   void Taken(const std::string& object);
   // Records a problem if the object is not in use.
-  void GivenBack(const std::string& object);
+  void Released(const std::string& object);
   bool IsTaken(const std::string& object) const;
   // Returns the names of the objects that are still in use.
   std::vector<std::string> Open() const;

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kMostChars = 4096;
+constexpr int kMaxChars = 4096;
 
 }  // namespace
 
@@ -27,12 +27,12 @@ ShellLink ReadShellLink(const WString& path) {
   EXPECT_EQ(shellLink->QueryInterface(IID_IPersistFile, &found), S_OK);
   auto* const file = static_cast<IPersistFile*>(found);
   EXPECT_EQ(file->Load(path.c_str(), STGM_READ), S_OK);
-  std::vector<WCHAR> text(kMostChars);
-  EXPECT_EQ(shellLink->GetPath(text.data(), kMostChars, nullptr, 0), S_OK);
+  std::vector<WCHAR> text(kMaxChars);
+  EXPECT_EQ(shellLink->GetPath(text.data(), kMaxChars, nullptr, 0), S_OK);
   link.target = text.data();
-  EXPECT_EQ(shellLink->GetWorkingDirectory(text.data(), kMostChars), S_OK);
+  EXPECT_EQ(shellLink->GetWorkingDirectory(text.data(), kMaxChars), S_OK);
   link.workingFolder = text.data();
-  EXPECT_EQ(shellLink->GetDescription(text.data(), kMostChars), S_OK);
+  EXPECT_EQ(shellLink->GetDescription(text.data(), kMaxChars), S_OK);
   link.description = text.data();
   file->Release();
   shellLink->Release();

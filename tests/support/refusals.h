@@ -15,7 +15,7 @@ inline void ExpectEveryRefusalEndsQuietly(const std::function<void(FakeHost&)>& 
   FakeHost willing;
   prepare(willing);
   run(willing);
-  ExpectAllGivenBack(willing);
+  ExpectAllReleased(willing);
   const int refusable = willing.recorder.RefusableCalls();
   ASSERT_GT(refusable, 0);
   for (int nth = 1; nth <= refusable; ++nth) {
@@ -25,7 +25,7 @@ inline void ExpectEveryRefusalEndsQuietly(const std::function<void(FakeHost&)>& 
       host.recorder.RefuseCall(nth, repeat);
       SCOPED_TRACE("refused call " + std::to_string(nth) + (repeat ? " and all later ones" : ""));
       EXPECT_NO_THROW(run(host));
-      ExpectAllGivenBack(host);
+      ExpectAllReleased(host);
     }
   }
 }

@@ -8,11 +8,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr DWORD kMostChars = 32768;
+constexpr DWORD kMaxChars = 32768;
 
 WString ReadEnvironment(const WCHAR* name) {
-  std::vector<WCHAR> text(kMostChars);
-  const DWORD size = GetEnvironmentVariableW(name, text.data(), kMostChars);
+  std::vector<WCHAR> text(kMaxChars);
+  const DWORD size = GetEnvironmentVariableW(name, text.data(), kMaxChars);
   return WString(text.data(), size);
 }
 
@@ -26,8 +26,8 @@ UnixNameFunction FindUnixNameFunction() {
 
 // Returns the temporary folder. Under Wine its path is converted to drive Z:, like other paths of the tests.
 WString TemporaryFolder() {
-  std::vector<WCHAR> text(kMostChars);
-  const DWORD size = GetTempPathW(kMostChars, text.data());
+  std::vector<WCHAR> text(kMaxChars);
+  const DWORD size = GetTempPathW(kMaxChars, text.data());
   const WString folder(text.data(), size);
   const UnixNameFunction unixNameOf = FindUnixNameFunction();
   if (!unixNameOf) return folder;

@@ -247,7 +247,7 @@ TEST_F(AddTagDlgWindow, EnglishAccessKeysLeadToTheFieldsAndPressTheButtons) {
 
 // Position and layout.
 
-TEST_F(AddTagDlgWindow, StandsInTheMiddleOfTheFrameAndDisablesIt) {
+TEST_F(AddTagDlgWindow, IsCenteredOnTheFrameAndDisablesIt) {
   Show([this](HWND dialog) {
     ExpectOwnedBy(dialog, owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
@@ -256,7 +256,7 @@ TEST_F(AddTagDlgWindow, StandsInTheMiddleOfTheFrameAndDisablesIt) {
 }
 
 // The field of the tag has no label.
-TEST_F(AddTagDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(AddTagDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   SpeakRenameEnglish(host_);
   names_ = {
       {W("size"), W("Size")},        {W("modified"), W("Date modified")}, {W("created"), W("Date created")},
@@ -307,7 +307,7 @@ TEST_F(AddTagDlgWindow, LabelsEndWhereFieldsBeginAndMarginsAreEven) {
   });
 }
 
-TEST(AddTagDlgTemplate, ControlsStandApartAtEachScale) {
+TEST(AddTagDlgTemplate, ControlsDoNotOverlapAtEachScale) {
   for (const int percent : {100, 150, 200}) {
     const DialogInScale dialog(kDialog, percent);
     ASSERT_NE(dialog.Get(), nullptr);

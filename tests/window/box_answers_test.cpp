@@ -84,7 +84,7 @@ TEST(BoxAnswersOfWindows, ForeignBoxThatBecomesActiveIsNone) {
   EXPECT_EQ(boxes.Unused(), 1);
 }
 
-TEST(BoxAnswersOfWindows, BoxThatIsActiveAgainBehindAnotherCountsOnce) {
+TEST(BoxAnswersOfWindows, BoxThatIsActiveAgainAfterAnotherCountsOnce) {
   const OwnerWindow owner(200, 100);
   const ForeignBox foreign;
   BoxAnswers boxes{IDOK};

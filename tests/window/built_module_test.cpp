@@ -106,7 +106,7 @@ TEST_F(BuiltModule, ReplaceCommandShowsItsDialogAndItsQuestionAndRenames) {
             1);
   EXPECT_THAT(host_.fileOperation.RunRenames(), ElementsAre(QueuedRename{W("one.txt"), W("00ne.txt")},
                                                             QueuedRename{W("two.txt"), W("tw00.txt")}));
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(BuiltModule, CancelledReplaceDialogAsksAndRenamesNothing) {
@@ -119,7 +119,7 @@ TEST_F(BuiltModule, CancelledReplaceDialogAsksAndRenamesNothing) {
                      }),
             1);
   EXPECT_EQ(host_.fileOperation.Runs(), 0);
-  ExpectAllGivenBack(host_);
+  ExpectAllReleased(host_);
 }
 
 TEST_F(BuiltModule, ConfirmationIsAskedOverTheMainWindowAndCancelledByEscape) {

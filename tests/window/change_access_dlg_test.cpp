@@ -154,7 +154,7 @@ TEST_F(ChangeAccessDlgWindow, KeysLeadToTheFieldsAndTheEnds) {
   EXPECT_EQ(Show([](HWND dialog) { PressKey(dialog, VK_ESCAPE); }), IDCANCEL);
 }
 
-TEST_F(ChangeAccessDlgWindow, StandsInTheMiddleOfTheActiveWindow) {
+TEST_F(ChangeAccessDlgWindow, IsCenteredOnTheActiveWindow) {
   Show([this](HWND dialog) {
     ExpectOwnedBy(dialog, owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
@@ -162,7 +162,7 @@ TEST_F(ChangeAccessDlgWindow, StandsInTheMiddleOfTheActiveWindow) {
   });
 }
 
-TEST_F(ChangeAccessDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(ChangeAccessDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   SpeakEnglish(host_);
   Show([](HWND dialog) {
     ExpectLayoutHolds(dialog);

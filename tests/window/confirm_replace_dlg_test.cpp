@@ -286,7 +286,7 @@ TEST_F(ConfirmReplaceDlgWindow, SwitchShowsTheBytesAsUtf8AndBack) {
   });
 }
 
-TEST_F(ConfirmReplaceDlgWindow, SwitchDoesNotSelectTheMatchAnewAsIsMeant) {
+TEST_F(ConfirmReplaceDlgWindow, SwitchDoesNotSelectTheMatchAgainByDesign) {
   form_.format = TextFormat::Utf8;
   Show([](HWND dialog) {
     SendDlgItemMessageW(dialog, kContext, EM_SETSEL, 1, 2);
@@ -298,7 +298,7 @@ TEST_F(ConfirmReplaceDlgWindow, SwitchDoesNotSelectTheMatchAnewAsIsMeant) {
   });
 }
 
-TEST_F(ConfirmReplaceDlgWindow, OnlyBackInTheRawViewTheRangeIsToldAnew) {
+TEST_F(ConfirmReplaceDlgWindow, RangeIsShownAgainOnlyInTheRawView) {
   form_.format = TextFormat::Utf8;
   Show([this](HWND dialog) {
     host_.texts[kTextConfirmRange] = W("anew %d");
@@ -321,7 +321,7 @@ TEST_F(ConfirmReplaceDlgWindow, SwitchGivesNoAnswer) {
 
 // The result of each button.
 
-TEST_F(ConfirmReplaceDlgWindow, EachButtonIsItsAnswer) {
+TEST_F(ConfirmReplaceDlgWindow, EachButtonGivesItsAnswer) {
   EXPECT_EQ(static_cast<int>(Answer([](HWND dialog) { ClickButton(dialog, IDOK); })), 0);
   EXPECT_EQ(static_cast<int>(Answer([](HWND dialog) { ClickButton(dialog, kReplaceAll); })), 1);
   EXPECT_EQ(static_cast<int>(Answer([](HWND dialog) { ClickButton(dialog, kFindNext); })), 3);
@@ -380,14 +380,14 @@ TEST_F(ConfirmReplaceDlgWindow, DialogThatCannotBeMadeLeavesTheResult) {
 
 // Appearance.
 
-TEST_F(ConfirmReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindow) {
+TEST_F(ConfirmReplaceDlgWindow, IsCenteredOnTheActiveWindow) {
   Show([this](HWND dialog) {
     EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
   });
 }
 
-TEST_F(ConfirmReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(ConfirmReplaceDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   SpeakEnglish(host_);
   form_.format = TextFormat::Utf8;
   form_.path = W("Z:\\home\\me\\notes\\shopping.txt");
@@ -416,7 +416,7 @@ TEST_F(ConfirmReplaceDlgWindow, TextsOfTwiceTheLengthLongSentencesAndLargeNumber
 
 // The message box of an error.
 
-TEST_F(ConfirmReplaceDlgWindow, ErrorBoxStandsOverTheHostsMainWindow) {
+TEST_F(ConfirmReplaceDlgWindow, ErrorBoxIsOwnedByTheHostsMainWindow) {
   host_.mainWindow = owner_.Get();
   RunModal(
       [this] {
@@ -468,7 +468,7 @@ class FindAndReplaceInWindows : public ConfirmReplaceDlgWindow {
           return INT_PTR{0};
         },
         steps);
-    ExpectAllGivenBack(host_);
+    ExpectAllReleased(host_);
   }
 
   ScratchFolder folder_;

@@ -148,7 +148,7 @@ TEST_F(CreateLinksDlgWindow, DescriptionFollowsTheKind) {
   });
 }
 
-TEST_F(CreateLinksDlgWindow, AKindThatCannotBeIsToldAndOkIsGrey) {
+TEST_F(CreateLinksDlgWindow, AnImpossibleKindIsReportedAndOkIsDisabled) {
   Show([](HWND dialog) {
     EXPECT_TRUE(IsEnabled(dialog, IDOK));
     ChooseRow(dialog, kKind, kJunctionRow);
@@ -224,7 +224,7 @@ TEST_F(CreateLinksDlgWindow, NameThatWasTypedStaysBetweenKindsThatAreNoShortcut)
   });
 }
 
-TEST_F(CreateLinksDlgWindow, DrivesAreThoseOfTheOpeningWhateverIsTypedWhichIsMeant) {
+TEST_F(CreateLinksDlgWindow, DrivesAreThoseOfTheOpeningWhateverIsTypedByDesign) {
   Show([](HWND dialog) {
     EnterText(dialog, kLink, W("D:\\links\\a.txt"));
     ChooseRow(dialog, kKind, kSymbolicRow);
@@ -348,7 +348,7 @@ TEST_F(CreateLinksDlgWindow, EnglishAccessKeysLeadToTheFieldsAndPressTheButtons)
 
 // Position and layout.
 
-TEST_F(CreateLinksDlgWindow, StandsInTheMiddleOfTheActiveWindowAndDisablesIt) {
+TEST_F(CreateLinksDlgWindow, IsCenteredOnTheActiveWindowAndDisablesIt) {
   Show([this](HWND dialog) {
     ExpectOwnedBy(dialog, owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
@@ -405,7 +405,7 @@ void WithEachStatus(FakeHost& host, const Check& check) {
   }
 }
 
-TEST_F(CreateLinksDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(CreateLinksDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   SpeakEnglish(host_);
   WithEachStatus(host_, [](HWND dialog) { ExpectLayoutHolds(dialog); });
   Start(2);

@@ -165,14 +165,14 @@ TEST_F(DialogWindow, FocusLeavesAControlThatBecomesGrey) {
   });
 }
 
-TEST_F(DialogWindow, ChangeIsToldWithTheTextOfTheChosenRow) {
+TEST_F(DialogWindow, ChangeIsReportedWithTheTextOfTheChosenRow) {
   Show([this](HWND dialog) {
     ChooseRow(dialog, QX_REPLACE_FIND, 1);
     EXPECT_EQ(dialog_.textAtLastChange, W("second"));
   });
 }
 
-TEST_F(DialogWindow, SeveralChangesInARowAreToldOnce) {
+TEST_F(DialogWindow, SeveralChangesInARowAreReportedOnce) {
   Show([this](HWND dialog) {
     Pump(dialog);
     const int before = dialog_.changes;
@@ -183,7 +183,7 @@ TEST_F(DialogWindow, SeveralChangesInARowAreToldOnce) {
   });
 }
 
-TEST_F(DialogWindow, ButtonsAreToldByTheirNumber) {
+TEST_F(DialogWindow, ButtonsAreReportedByTheirNumber) {
   form_.a = true;
   Show([](HWND dialog) {
     ClickButton(dialog, kCheckB);
@@ -211,7 +211,7 @@ TEST_F(DialogWindow, ExceptionWhileItRunsLeavesThroughTheCallAndItCanBeShownAgai
   EXPECT_EQ(Show([](HWND dialog) { PressKey(dialog, VK_ESCAPE); }), IDCANCEL);
 }
 
-TEST_F(DialogWindow, WithoutATemplateTheAnswerIsCancel) {
+TEST_F(DialogWindow, WithoutATemplateTheResultIsCancel) {
   class NoTemplate : public Ui::Dialog {
    public:
     NoTemplate() : Dialog(9999) {}
@@ -223,7 +223,7 @@ TEST_F(DialogWindow, WithoutATemplateTheAnswerIsCancel) {
   EXPECT_EQ(dialog.ShowModal(owner_.Get()), IDCANCEL);
 }
 
-TEST_F(DialogWindow, WithoutAnOwnerItStandsInTheMiddleOfTheScreen) {
+TEST_F(DialogWindow, WithoutAnOwnerItIsCenteredOnTheScreen) {
   RunModal([this] { return dialog_.ShowModal(nullptr); },
            [](HWND dialog) {
              RECT work = {};

@@ -46,7 +46,7 @@ Texts CommonTexts() {
 }
 
 // The longest text that counts as a word or two; translations of these grow most.
-constexpr std::size_t kMostShortChars = 30;
+constexpr std::size_t kMaxShortChars = 30;
 
 Texts RenameTitles() {
   std::vector<Velmora::SDK::TextId> ids;
@@ -57,7 +57,7 @@ Texts RenameTitles() {
 Texts Lengthened(Texts texts) {
   for (auto& [id, text] : texts) {
     // Words of six letters.
-    const std::size_t longer = text.size() <= kMostShortChars ? text.size() : (text.size() * 2 + 4) / 5;
+    const std::size_t longer = text.size() <= kMaxShortChars ? text.size() : (text.size() * 2 + 4) / 5;
     for (std::size_t more = longer; more > 0; --more) text += more % 7 == 0 ? W(' ') : W('n');
   }
   return texts;

@@ -124,7 +124,7 @@ TEST_F(FindAndReplaceDlgWindow, WhereTheHostHasNoTextsItsOwnOnesShow) {
   });
 }
 
-TEST_F(FindAndReplaceDlgWindow, TellsHowManyFilesThereAre) {
+TEST_F(FindAndReplaceDlgWindow, ShowsTheNumberOfFiles) {
   host_.texts[kTextFindDlgCount] = W("in %d of 100%%");
   Start(0x20000101, 12);
   Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kCount), W("in 12 of 100%")); });
@@ -337,7 +337,7 @@ TEST_F(FindAndReplaceDlgWindow, OkTakesEachBoxByItself) {
   }
 }
 
-TEST_F(FindAndReplaceDlgWindow, LongTextsAreTakenAndCutOffWithoutAWordAsIsMeant) {
+TEST_F(FindAndReplaceDlgWindow, LongTextsAreAcceptedAndTruncatedWithoutAMessageByDesign) {
   Start(0x10000001);
   EXPECT_EQ(Show([](HWND dialog) {
               PasteText(dialog, kFind, WString(1023, W('f')) + W("!"));
@@ -375,21 +375,21 @@ TEST_F(FindAndReplaceDlgWindow, CancelEscapeAndTheCloseButtonCancel) {
 
 // Appearance.
 
-TEST_F(FindAndReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindow) {
+TEST_F(FindAndReplaceDlgWindow, IsCenteredOnTheActiveWindow) {
   Show([this](HWND dialog) {
     EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
   });
 }
 
-TEST_F(FindAndReplaceDlgWindow, WithoutAnActiveWindowItStandsOverTheHosts) {
+TEST_F(FindAndReplaceDlgWindow, WithoutAnActiveWindowItIsCenteredOnTheHostsWindow) {
   host_.mainWindow = owner_.Get();
   SetActiveWindow(nullptr);
   ASSERT_EQ(GetActiveWindow(), nullptr);
   Show([this](HWND dialog) { ExpectOwnedBy(dialog, owner_.Get()); });
 }
 
-TEST_F(FindAndReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(FindAndReplaceDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   SpeakEnglish(host_);
   Start(0x10000102, 3);
   form_.suffix = host_.titles[kTextFindDlgNewFile];

@@ -187,7 +187,7 @@ TEST_F(HostPictureWindow, IsNotTakenForAnotherEndOrAnotherMessage) {
   EXPECT_TRUE(IsWindow(frame_.Get()));
 }
 
-TEST_F(HostPictureWindow, ThatCannotBeWrittenClosesTheFrameAllTheSame) {
+TEST_F(HostPictureWindow, ThatCannotBeWrittenStillClosesTheFrame) {
   picture_.path = scratch_.Path(W("nowhere\\picture.png"));
   PostMessageW(frame_.Get(), MRM_RUN_FINISHED, kPreviewFinished, 0);
   TakeMessages();

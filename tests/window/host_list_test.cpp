@@ -82,7 +82,7 @@ class HostListWindow : public HostedList {
 
   // An upper limit for the requested texts: two columns of each visible row, one more row and the focused
   // row, each several times.
-  int MostAsked() const { return (static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) + 2) * 2 * 4; }
+  int MaxRequests() const { return (static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) + 2) * 2 * 4; }
 };
 
 TEST_F(HostListWindow, RowsAreAskedForWhenTheyArePaintedAndNotBefore) {
@@ -111,12 +111,12 @@ TEST_F(HostListWindow, AMillionRowsAreAskedForPageByPage) {
   EXPECT_EQ(Send(LVM_GETITEMCOUNT), 1000000);
   Paint();
   EXPECT_GT(rows_.texts, 0);
-  EXPECT_LE(rows_.texts, MostAsked());
+  EXPECT_LE(rows_.texts, MaxRequests());
   rows_.texts = 0;
   Send(LVM_ENSUREVISIBLE, 999999, FALSE);
   Paint();
   EXPECT_GT(rows_.texts, 0);
-  EXPECT_LE(rows_.texts, 2 * MostAsked());
+  EXPECT_LE(rows_.texts, 2 * MaxRequests());
   EXPECT_THAT(Counts(), Pair(1000000u, 0u));
 }
 
@@ -134,7 +134,7 @@ TEST_F(HostListWindow, AMillionSelectedRowsStayWhereTheyAreAndOneOfThemMoves) {
   list_->MoveRowTop();
   EXPECT_THAT(Counts(), Pair(1000000u, 1u));
   EXPECT_NE(Send(LVM_GETITEMSTATE, 0, LVIS_SELECTED), 0);
-  EXPECT_LE(rows_.texts, 4 * MostAsked());
+  EXPECT_LE(rows_.texts, 4 * MaxRequests());
 }
 
 TEST_F(HostListWindow, AClickWithAMillionSelectedRowsSelectsOneAndNothingElseMoves) {
@@ -233,10 +233,10 @@ TEST_F(HostListSelection, ClicksDoTheSameWithManySelectedRowsAsWithFew) {
   constexpr std::pair<UINT, UINT> kButtons[] = {{WM_LBUTTONDOWN, WM_LBUTTONUP},
                                                 {WM_RBUTTONDOWN, WM_RBUTTONUP}};
   constexpr int kInRow = 40;
-  constexpr int kBesideRow = 700;
+  constexpr int kOutsideRow = 700;
   for (const auto& button : kButtons) {
     for (const int keys : {0, MK_CONTROL, MK_SHIFT}) {
-      for (const int x : {kInRow, kBesideRow}) {
+      for (const int x : {kInRow, kOutsideRow}) {
         for (const bool isRowSelected : {true, false}) {
           const std::string name = "button " + std::to_string(button.first) + " with " +
                                    std::to_string(keys) + " at " + std::to_string(x) +
@@ -477,7 +477,7 @@ TEST_F(HostListWindow, ADoubleClickOnADividerFitsTheColumnToTheRowsThatShow) {
   const LRESULT narrow = Send(LVM_GETCOLUMNWIDTH, 0);
   EXPECT_LT(narrow, 200);
   EXPECT_GT(narrow, Send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(W("row"))));
-  EXPECT_LE(rows_.texts, MostAsked());
+  EXPECT_LE(rows_.texts, MaxRequests());
   list_->Clear();
   AddRows({WString(60, W('m'))});
   Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));

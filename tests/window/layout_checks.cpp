@@ -67,7 +67,7 @@ bool IsGroupBox(HWND control) {
   return ClassOf(control) == L"Button" && ButtonTypeOf(control) == BS_GROUPBOX;
 }
 
-bool HasMarkBesideItsText(HWND button) {
+bool HasMarkNextToItsText(HWND button) {
   const LONG type = ButtonTypeOf(button);
   return type == BS_AUTOCHECKBOX || type == BS_AUTORADIOBUTTON;
 }
@@ -76,7 +76,7 @@ void ExpectButtonFits(HWND button) {
   RECT room = {};
   GetClientRect(button, &room);
   const SIZE needed = MeasureText(button, Ui::GetText(button), 0, DT_SINGLELINE);
-  if (HasMarkBesideItsText(button)) {
+  if (HasMarkNextToItsText(button)) {
     const LONG mark = GetSystemMetrics(SM_CXMENUCHECK) + 2 * GetSystemMetrics(SM_CXEDGE);
     EXPECT_LE(needed.cx + mark, room.right) << "box " << GetDlgCtrlID(button);
     EXPECT_LE(needed.cy, room.bottom) << "box " << GetDlgCtrlID(button);

@@ -353,7 +353,7 @@ TEST_F(MainFrameWindow, NamesWithLineBreaksAndTabsAreShownAsTheyAreAndNewOnesLos
   EXPECT_THAT(NewNames(), ElementsAre(W("ab %n.txt"), W("a\nb.txt"), W("tab\tbed & more")));
 }
 
-TEST_F(MainFrameWindow, AnEmptySelectionOpensTheWindowAllTheSame) {
+TEST_F(MainFrameWindow, AnEmptySelectionStillOpensTheWindow) {
   Open();
   EXPECT_THAT(OldNames(), IsEmpty());
   EXPECT_EQ(Pane(0), W("Items: 0"));

@@ -77,11 +77,11 @@ void ModuleWindow::Use(const std::function<void(WindowUser&)>& user) {
       } catch (const std::exception& error) {
         ADD_FAILURE() << error.what();
       }
-      if (hands.IsGone()) return;
+      if (hands.IsClosed()) return;
       // The user's last action may still be closing the window.
       const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-      while (!hands.IsGone() && std::chrono::steady_clock::now() < end) Sleep(10);
-      if (hands.IsGone()) return;
+      while (!hands.IsClosed() && std::chrono::steady_clock::now() < end) Sleep(10);
+      if (hands.IsClosed()) return;
       ADD_FAILURE() << "the window was left open";
       hands.Close();
     } catch (const std::exception& error) {

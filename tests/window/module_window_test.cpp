@@ -62,7 +62,7 @@ class ModuleWindowUse : public ModuleWindow {
   }
 };
 
-TEST_F(ModuleWindowUse, AltWithArrowsMovesAllSelectedRowsAndTheRunCountsThemAsTheyStand) {
+TEST_F(ModuleWindowUse, AltWithArrowsMovesAllSelectedRowsAndTheRunCountsThemInTheNewOrder) {
   StartWith({W("a.t"), W("b.t"), W("c.t"), W("d.t"), W("e.t")});
   Use([](WindowUser& user) {
     user.SelectRows({1, 3});
@@ -281,7 +281,7 @@ TEST_F(ModuleWindowUse, EscapeAsksNoAndCancelKeepYesCloses) {
       user.PressKey(VK_ESCAPE);
       const HWND box = user.WaitForPopup();
       EXPECT_EQ(TextOf(box, kTitle), W("Velmora - MultiRename"));
-      EXPECT_FALSE(user.IsGone());
+      EXPECT_FALSE(user.IsClosed());
       user.Press(box, button);
       if (button != IDYES) user.WaitForNoPopup();
     }

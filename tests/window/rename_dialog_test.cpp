@@ -58,14 +58,14 @@ class AskingForm final : public DialogForm {
 };
 
 // Refuses to close a window and counts the attempts, like a frame with an open dialog.
-class NotedClose {
+class CloseCounter {
  public:
-  explicit NotedClose(HWND window) : window_(window) {
+  explicit CloseCounter(HWND window) : window_(window) {
     SetWindowSubclass(window, OnMessage, kId, reinterpret_cast<DWORD_PTR>(this));
   }
-  NotedClose(const NotedClose&) = delete;
-  NotedClose& operator=(const NotedClose&) = delete;
-  ~NotedClose() { RemoveWindowSubclass(window_, OnMessage, kId); }
+  CloseCounter(const CloseCounter&) = delete;
+  CloseCounter& operator=(const CloseCounter&) = delete;
+  ~CloseCounter() { RemoveWindowSubclass(window_, OnMessage, kId); }
   int Count() const { return count_; }
 
  private:
@@ -73,7 +73,7 @@ class NotedClose {
   static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                     DWORD_PTR self) {
     if (message != WM_CLOSE) return DefSubclassProc(window, message, wParam, lParam);
-    ++reinterpret_cast<NotedClose*>(self)->count_;
+    ++reinterpret_cast<CloseCounter*>(self)->count_;
     return 0;
   }
 
@@ -117,7 +117,7 @@ TEST_F(RenameDialogEnds, WithoutAResourceItEndsWithCancelAndTheFormIsNotOpened) 
 
 TEST_F(RenameDialogEnds, AFrameThatIsToCloseEndsTheDialogAsCancelDoes) {
   for (const int dialogNumber : {105, 106, 112}) {
-    const NotedClose close(owner_.Get());
+    const CloseCounter close(owner_.Get());
     AskingForm form;
     EXPECT_EQ(ShowDialog(dialogNumber, form, {[this](HWND dialog) {
                            PostMessageW(owner_.Get(), WM_CLOSE, 0, 0);
@@ -129,7 +129,7 @@ TEST_F(RenameDialogEnds, AFrameThatIsToCloseEndsTheDialogAsCancelDoes) {
 }
 
 TEST_F(RenameDialogEnds, AFrameThatIsToCloseEndsTheBoxesOfTheDialogToo) {
-  const NotedClose close(owner_.Get());
+  const CloseCounter close(owner_.Get());
   AskingForm form;
   EXPECT_EQ(ShowDialog(kUndoDialog, form,
                        {[](HWND dialog) { ClickButton(dialog, 1046); },
@@ -143,7 +143,7 @@ TEST_F(RenameDialogEnds, AFrameThatIsToCloseEndsTheBoxesOfTheDialogToo) {
 }
 
 TEST_F(RenameDialogEnds, AfterTheDialogTheFrameIsItsOwnAgain) {
-  const NotedClose close(owner_.Get());
+  const CloseCounter close(owner_.Get());
   AskingForm form;
   ShowDialog(kTagDialog, form, {[](HWND dialog) { ClickButton(dialog, IDCANCEL); }});
   SendMessageW(owner_.Get(), WM_CLOSE, 0, 0);

@@ -62,7 +62,7 @@ class RenameWindowLife : public RenameFrameWindow {
     EXPECT_LE(std::abs((area.top + area.bottom) - (work.top + work.bottom)), 1);
   }
   // Checks everything but the stored position.
-  void ExpectGoneOnce() {
+  void ExpectDestroyedOnce() {
     EXPECT_EQ(Frame(), nullptr);
     EXPECT_EQ(Panel(), nullptr);
     EXPECT_EQ(closed_, 1);
@@ -71,7 +71,7 @@ class RenameWindowLife : public RenameFrameWindow {
     EXPECT_EQ(engine_->notifyWindow, nullptr);
   }
   void ExpectClosedOnce() {
-    ExpectGoneOnce();
+    ExpectDestroyedOnce();
     EXPECT_EQ(host_.config.blocks.count(kPlace), 1u);
   }
 };
@@ -207,7 +207,7 @@ TEST_F(RenameWindowLife, ACloseGoesToItsEndWhateverTheHostThrowsMeanwhile) {
   Open({W("a")});
   host_.throwsAtClose = true;
   CloseFrame();
-  ExpectGoneOnce();
+  ExpectDestroyedOnce();
 }
 
 TEST_F(RenameWindowLife, TheLoopGoesOnWithoutTheWindow) {
@@ -300,7 +300,7 @@ TEST_F(RenameWindowLife, ACloseDuringAPreviewStopsThePreviewAtItsNextRow) {
   });
   SendMessageW(Frame(), WM_CLOSE, 0, 0);
   later.join();
-  EXPECT_EQ(gate.asked, 1);
+  EXPECT_EQ(gate.requests, 1);
   Settle();
   ExpectClosedOnce();
 }

@@ -77,9 +77,9 @@ class DrawnWindowMonkey : public ModuleWindow {
 
   void WaitForRun(WindowUser& user, const MonkeyAction& action) {
     user.WaitUntil(action.Shown(),
-                   [&] { return user.IsGone() || user.Popup() || user.IsEnabled(kCloseOfPanel); });
+                   [&] { return user.IsClosed() || user.Popup() || user.IsEnabled(kCloseOfPanel); });
     // In a window that is closing, a run that was started without waiting may not have finished.
-    if (!user.IsGone() && user.IsEnabled(kCloseOfPanel)) session_.ExpectNoFileLost(action.Shown());
+    if (!user.IsClosed() && user.IsEnabled(kCloseOfPanel)) session_.ExpectNoFileLost(action.Shown());
   }
   static void Choose(WindowUser& user, const MonkeyAction& action) {
     const LRESULT lines = SendDlgItemMessageW(user.Panel(), action.control, CB_GETCOUNT, 0, 0);
@@ -179,7 +179,7 @@ class DrawnWindowMonkey : public ModuleWindow {
   }
 
   void PlayWith(WindowUser& user) {
-    while (!user.IsGone() && !session_.IsTimeOver()) {
+    while (!user.IsClosed() && !session_.IsTimeOver()) {
       if (user.IsMenuOpen()) {
         session_.BeginAction("in a menu");
         ActInMenu(user);
@@ -209,8 +209,8 @@ class DrawnWindowMonkey : public ModuleWindow {
         WindowUser user;
         PlayWith(user);
         if (session_.IsTimeOver()) session_.End();
-        if (session_.IsOver() && !user.IsGone()) user.Close();
-        user.WaitUntil("the end of the window", [&] { return session_.HasEnded() || user.IsGone(); });
+        if (session_.IsOver() && !user.IsClosed()) user.Close();
+        user.WaitUntil("the end of the window", [&] { return session_.HasEnded() || user.IsClosed(); });
       }
     } catch (const std::exception& error) {
       std::fprintf(stderr, "seed %u, after %u actions: %s\n", MonkeySeed(), session_.ActionCount(),

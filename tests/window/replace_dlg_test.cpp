@@ -74,7 +74,7 @@ TEST_F(ReplaceDlgWindow, HintsAreSetAsThoseOfComboBoxes) {
   EXPECT_THAT(sent.Controls(), ElementsAre(kFind, kWith));
 }
 
-TEST_F(ReplaceDlgWindow, HistoriesStandNewestFirstAboveEmptyFields) {
+TEST_F(ReplaceDlgWindow, HistoriesAreNewestFirstAndFieldsEmpty) {
   Show([](HWND dialog) {
     EXPECT_THAT(RowsOf(dialog, kFind), ElementsAre(W("newest find"), W("older find"), W("oldest find")));
     EXPECT_THAT(RowsOf(dialog, kWith), ElementsAre(W("newest with"), W("oldest with")));
@@ -265,7 +265,7 @@ TEST_F(ReplaceDlgWindow, LongHistoryRowWidensTheOpenListWithinTheScreen) {
   });
 }
 
-TEST_F(ReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindowAndDisablesIt) {
+TEST_F(ReplaceDlgWindow, IsCenteredOnTheActiveWindowAndDisablesIt) {
   Show([this](HWND dialog) {
     ExpectOwnedBy(dialog, owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
@@ -273,7 +273,7 @@ TEST_F(ReplaceDlgWindow, StandsInTheMiddleOfTheActiveWindowAndDisablesIt) {
   EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
 }
 
-TEST_F(ReplaceDlgWindow, WithoutAnActiveWindowItStandsOverTheHosts) {
+TEST_F(ReplaceDlgWindow, WithoutAnActiveWindowItIsCenteredOnTheHostsWindow) {
   host_.mainWindow = owner_.Get();
   SetActiveWindow(nullptr);
   ASSERT_EQ(GetActiveWindow(), nullptr);
@@ -305,7 +305,7 @@ TEST_F(ReplaceDlgWindow, FieldsAndLabelsShareOneLeftEdgeAndMarginsAreEven) {
   });
 }
 
-TEST_F(ReplaceDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(ReplaceDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   host_.texts = EnglishTexts();
   Show([](HWND dialog) {
     ExpectLayoutHolds(dialog);

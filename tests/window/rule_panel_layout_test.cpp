@@ -38,7 +38,7 @@ class RulePanelLayout : public RenameFrameWindow {
   }
 };
 
-TEST_F(RulePanelLayout, EnglishTextsFitAndControlsStandApart) {
+TEST_F(RulePanelLayout, EnglishTextsFitAndControlsDoNotOverlap) {
   Open({W("a")});
   ExpectLayoutHolds(Panel(), kWithoutName);
   ExpectEachLabelHasAnAccessKey(Panel(), kWithoutKey);
@@ -120,7 +120,7 @@ TEST_F(RulePanelLayout, ATemplateKeepsItsSelectionWhenTheWindowGrows) {
   EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), MAKELRESULT(2, 3));
 }
 
-TEST_F(RulePanelLayout, GroupsAndFieldsStandOnOneGrid) {
+TEST_F(RulePanelLayout, GroupsAndFieldsAreOnOneGrid) {
   Open({W("a")});
   ExpectAligned({kNameTemplateLabel, kNameTemplate, kExtensionTemplateLabel, kExtensionTemplate,
                  kCaseBoxLabel, kCaseBox, kLivePreviewBox, kSaveUndoBox},

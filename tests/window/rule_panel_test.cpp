@@ -526,7 +526,7 @@ TEST_F(RulePanelWindow, ADoubleClickOnThePairListOpensTheDialogOfPairs) {
   EXPECT_THAT(NewNames(), ElementsAre(W("ab")));
 }
 
-TEST_F(RulePanelWindow, TheDotsBesideUndoLoadASessionWhichLeavesUndoAndCloseAlone) {
+TEST_F(RulePanelWindow, TheDotsNextToUndoLoadASessionWhichLeavesUndoAndCloseAlone) {
   Open({W("a.txt")});
   Type(kNameTemplate, W("b"));
   Press(kStartButton);
@@ -547,7 +547,7 @@ TEST_F(RulePanelWindow, EachToolHasItsTip) {
   EXPECT_EQ(TipOf(kStartButton), W("Renames the files"));
   EXPECT_EQ(TipOf(kCloseButton), W("Closes the window"));
   EXPECT_EQ(TipOf(kUndoButton), W("Gives the files of the list their old names back"));
-  EXPECT_EQ(TipOf(kUndoManagerButton), W("Shows the renames that can be taken back"));
+  EXPECT_EQ(TipOf(kUndoManagerButton), W("Shows the renames that can be undone"));
   EXPECT_EQ(TipOf(kResetButton), W("Reads the files that are selected in the file manager now"));
   EXPECT_EQ(TipOf(kStartAt), W("The number of the first row"));
   EXPECT_EQ(TipOf(kStepBy), W("What is added from row to row"));
@@ -555,7 +555,7 @@ TEST_F(RulePanelWindow, EachToolHasItsTip) {
   EXPECT_EQ(TipOf(kCaseSensitiveBox), W("Upper and lower case differ"));
   EXPECT_EQ(TipOf(kRegexBox), W("The texts to find are regular expressions. All matches are replaced"));
   EXPECT_EQ(TipOf(kReplaceAllBox), W("Replaces every match, not the first of a name alone"));
-  EXPECT_EQ(TipOf(kSaveUndoBox), W("Writes a file by which the renames can be taken back later"));
+  EXPECT_EQ(TipOf(kSaveUndoBox), W("Writes a file by which the renames can be undone later"));
   EXPECT_EQ(TipOf(kLivePreviewBox), W("Shows the new names while the rules change"));
   EXPECT_EQ(TipOf(kDeleteProfile), W("Deletes the rules that are chosen beside it"));
   EXPECT_EQ(TipOf(kProfileBox), W("Rules that were saved under a name, and the command to save these"));

@@ -351,7 +351,7 @@ POINT EndOfClientArea(HWND window) {
   return end;
 }
 
-TEST_F(SearchPairsDlgWindow, EndsBesideThePanelsRightEdgeAtTheTopOfItsButton) {
+TEST_F(SearchPairsDlgWindow, EndsAtThePanelsRightEdgeAtTheTopOfItsButton) {
   SetWindowPos(owner_.Get(), nullptr, 40, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   const HWND panel = MakeChild(owner_.Get(), 1, {10, 150, 820, 380});
   const HWND button = MakeChild(panel, kPairButton, {500, 20, 530, 40});
@@ -389,14 +389,14 @@ TEST_F(SearchPairsDlgWindow, AtTheEdgeOfTheScreenItStaysVisible) {
   });
 }
 
-TEST_F(SearchPairsDlgWindow, WithoutThePanelItStandsInTheMiddleOfTheFrame) {
+TEST_F(SearchPairsDlgWindow, WithoutThePanelItIsCenteredOnTheFrame) {
   Show([this](HWND dialog) {
     ExpectOwnedBy(dialog, owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
   });
 }
 
-TEST_F(SearchPairsDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(SearchPairsDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   SpeakRenameEnglish(host_);
   Show({{W("IMG_"), W("holiday ")}, {W("\" copy\""), W("")}, {W("colour"), W("color")}}, [](HWND dialog) {
     ExpectLayoutHolds(dialog);
@@ -429,7 +429,7 @@ TEST_F(SearchPairsDlgWindow, ControlsShareTheEdgesAndMarginsAreEven) {
   });
 }
 
-TEST(SearchPairsDlgTemplate, ControlsStandApartAtEachScale) {
+TEST(SearchPairsDlgTemplate, ControlsDoNotOverlapAtEachScale) {
   for (const int percent : {100, 150, 200}) {
     const DialogInScale dialog(kDialog, percent);
     ASSERT_NE(dialog.Get(), nullptr);

@@ -14,14 +14,14 @@ namespace {
 
 using namespace SortLinesWindow;
 
-TEST_F(SortLinesDlgWindow, StandsInTheMiddleOfTheActiveWindow) {
+TEST_F(SortLinesDlgWindow, IsCenteredOnTheActiveWindow) {
   Show([this](HWND dialog) {
     EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
   });
 }
 
-TEST_F(SortLinesDlgWindow, WithoutAnActiveWindowItStandsOverTheHosts) {
+TEST_F(SortLinesDlgWindow, WithoutAnActiveWindowItIsCenteredOnTheHostsWindow) {
   host_.mainWindow = owner_.Get();
   SetActiveWindow(nullptr);
   ASSERT_EQ(GetActiveWindow(), nullptr);
@@ -34,7 +34,7 @@ TEST_F(SortLinesDlgWindow, ActiveWindowIsItsOwnerBeforeTheHosts) {
   Show([&](HWND dialog) { EXPECT_EQ(GetWindow(dialog, GW_OWNER), active.Get()); });
 }
 
-TEST_F(SortLinesDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(SortLinesDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   host_.texts = EnglishTexts();
   Start(0x100011);
   form_.firstName = W("purchases.csv");

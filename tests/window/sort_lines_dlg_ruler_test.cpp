@@ -188,13 +188,13 @@ TEST_F(SortLinesDlgWindow, MarksOfTheRulerScrollWithIt) {
   form_.sample = WString(400, W('W'));
   Show([](HWND dialog) {
     for (int step = 0; step < 5; ++step) SendDlgItemMessageW(dialog, kSample, WM_HSCROLL, SB_LINERIGHT, 0);
-    const std::size_t gone = 90 - TextOf(dialog, kRuler).size();
-    ASSERT_GT(gone, 0u);
-    ASSERT_LT(gone, 80u);
+    const std::size_t scrolledOut = 90 - TextOf(dialog, kRuler).size();
+    ASSERT_GT(scrolledOut, 0u);
+    ASSERT_LT(scrolledOut, 80u);
     EXPECT_EQ(TextOf(dialog, kRuler).find(W('*')), WString::npos);
     EnterText(dialog, kPosition, W("81"));
-    EXPECT_EQ(TextOf(dialog, kRuler).size(), 90 - gone);
-    EXPECT_EQ(TextOf(dialog, kRuler).find(W('*')), 80 - gone);
+    EXPECT_EQ(TextOf(dialog, kRuler).size(), 90 - scrolledOut);
+    EXPECT_EQ(TextOf(dialog, kRuler).find(W('*')), 80 - scrolledOut);
     ExpectRulerAboveSample(dialog);
   });
 }

@@ -33,7 +33,7 @@ TEST_F(SortLinesDlgWindow, LineItemHasItsFieldsAlone) {
   });
 }
 
-TEST_F(SortLinesDlgWindow, FromItemToSubstringSeparatorAndItemStayEnabledAsIsMeant) {
+TEST_F(SortLinesDlgWindow, FromItemToSubstringSeparatorAndItemStayEnabledByDesign) {
   Show([](HWND dialog) {
     ClickButton(dialog, kBySubstring);
     EXPECT_THAT(SubstringState(dialog), ElementsAre(true, true, true));
@@ -63,7 +63,7 @@ TEST_F(SortLinesDlgWindow, SubstringFieldsExcludeOneAnother) {
   });
 }
 
-TEST_F(SortLinesDlgWindow, WithLengthAndEndCharacterFilledNothingChangesAsIsMeant) {
+TEST_F(SortLinesDlgWindow, WithLengthAndEndCharacterFilledNothingChangesByDesign) {
   Start(0x400012, [](SortLinesOptions& options) { options.matchChar = u';'; });
   Show([](HWND dialog) {
     EnterText(dialog, kLength, W("12"));

@@ -42,7 +42,7 @@ TEST_F(SortLinesDlgWindow, EveryTextComesFromTheHostByItsId) {
   });
 }
 
-TEST_F(SortLinesDlgWindow, TellsHowManyFilesThereAre) {
+TEST_F(SortLinesDlgWindow, ShowsTheNumberOfFiles) {
   host_.texts[kTextSortDlgCount] = W("sorts %d of 100%%");
   form_.fileCount = 12;
   Show([](HWND dialog) { EXPECT_EQ(TextOf(dialog, kCount), W("sorts 12 of 100%")); });
@@ -204,7 +204,7 @@ TEST_F(SortLinesDlgWindow, EnterEndsItWithWhatWasTypedLast) {
   EXPECT_EQ(form_.endCharacter, W("x"));
 }
 
-TEST_F(SortLinesDlgWindow, NaturalOrderCheckedThereIsNotStoredAsIsMeant) {
+TEST_F(SortLinesDlgWindow, NaturalOrderCheckedThereIsNotStoredByDesign) {
   Show([](HWND dialog) {
     ClickButton(dialog, kLanguageAware);
     ClickButton(dialog, kNatural);

@@ -261,7 +261,7 @@ TEST_F(UndoManagerDlgWindow, DeleteWithoutAMarkedSessionOnlyFillsTheLists) {
   });
 }
 
-TEST_F(UndoManagerDlgWindow, AFailedDeleteIsTold) {
+TEST_F(UndoManagerDlgWindow, AFailedDeleteIsReported) {
   MultiRenameUndo* const session = Keep(5);
   session->fileName = W("no such file.dat");
   Show({[](HWND dialog) {
@@ -370,7 +370,7 @@ TEST_F(UndoManagerDlgWindow, EnglishAccessKeysLeadToTheListsAndPressTheButtons) 
 
 // Position and layout.
 
-TEST_F(UndoManagerDlgWindow, StandsInTheMiddleOfTheFrameAndDisablesIt) {
+TEST_F(UndoManagerDlgWindow, IsCenteredOnTheFrameAndDisablesIt) {
   Show([this](HWND dialog) {
     ExpectOwnedBy(dialog, owner_.Get());
     ExpectCenteredOver(dialog, owner_.Get());
@@ -387,7 +387,7 @@ void ExpectColumnsFit(HWND dialog, int list) {
       << list;
 }
 
-TEST_F(UndoManagerDlgWindow, EnglishTextsFitAndControlsStandApart) {
+TEST_F(UndoManagerDlgWindow, EnglishTextsFitAndControlsDoNotOverlap) {
   SpeakRenameEnglish(host_);
   for (const int day : {2, 5, 9, 11, 17, 20, 24}) Keep(static_cast<WORD>(day), day, day % 3 == 2);
   MultiRenameUndo* const shown = Keep(27);
@@ -455,7 +455,7 @@ TEST_F(UndoManagerDlgWindow, ControlsShareTheEdgesAndMarginsAreEven) {
   });
 }
 
-TEST(UndoManagerDlgTemplate, ControlsStandApartAtEachScale) {
+TEST(UndoManagerDlgTemplate, ControlsDoNotOverlapAtEachScale) {
   for (const int percent : {100, 150, 200}) {
     const DialogInScale dialog(kDialog, percent);
     ASSERT_NE(dialog.Get(), nullptr);

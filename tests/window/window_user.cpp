@@ -10,13 +10,14 @@
 #include <stdexcept>
 #include <thread>
 
+#include "support/wait_limit.h"
+
 namespace {
 
 constexpr WCHAR kFrameClassName[] = L"QXMultiRenameFrame";
 constexpr UINT kCallMessage = WM_APP + 0x3A7;  // to the window's thread; wParam is the number of a call
 constexpr int kPairListNumber = 1118;
-constexpr auto kPatience = std::chrono::seconds(60);
-constexpr auto kLook = std::chrono::milliseconds(10);  // polling interval
+constexpr auto kPollInterval = std::chrono::milliseconds(10);
 
 // The calls that wait for the window's thread, by number.
 std::mutex callsMutex;  // guards the variables below
@@ -77,7 +78,7 @@ WindowUser::WindowUser() {
   thread_.Reset(OpenThread(SYNCHRONIZE, FALSE, number_));
   hook_ = SetWindowsHookExW(WH_GETMESSAGE, OnMessageTaken, nullptr, number_);
   if (!hook_) throw std::runtime_error("no hook");
-  WaitUntil("the rows", [this] { return IsGone() || !Pane(0).empty(); });
+  WaitUntil("the rows", [this] { return IsClosed() || !Pane(0).empty(); });
 }
 
 WindowUser::~WindowUser() {
@@ -102,15 +103,15 @@ bool WindowUser::Find() {
   return panel_ && list_ && statusBar_;
 }
 
-bool WindowUser::IsGone() const {
+bool WindowUser::IsClosed() const {
   return !IsWindow(frame_) || WaitForSingleObject(thread_.Get(), 0) == WAIT_OBJECT_0;
 }
 
 void WindowUser::WaitUntil(const std::string& what, const std::function<bool()>& condition) const {
-  const auto end = std::chrono::steady_clock::now() + kPatience;
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kWaitLimit);
   while (!condition()) {
     if (std::chrono::steady_clock::now() > end) throw std::runtime_error("waited in vain for " + what);
-    std::this_thread::sleep_for(kLook);
+    std::this_thread::sleep_for(kPollInterval);
   }
 }
 
@@ -120,7 +121,7 @@ bool WindowUser::Do(const std::function<void()>& call) const {
   waitingCalls[number] = &call;
   bool isTaken = PostThreadMessageW(number_, kCallMessage, number, 0) != FALSE;
   while (isTaken && waitingCalls.contains(number)) {
-    callDone.wait_for(lock, kLook);
+    callDone.wait_for(lock, kPollInterval);
     if (waitingCalls.contains(number) && WaitForSingleObject(thread_.Get(), 0) == WAIT_OBJECT_0)
       isTaken = false;
   }

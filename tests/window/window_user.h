@@ -21,7 +21,7 @@ class WindowUser {
   HWND Panel() const { return panel_; }
   HWND List() const { return list_; }
   // Returns whether the frame was destroyed or its thread has ended.
-  bool IsGone() const;
+  bool IsClosed() const;
 
   // Waits until the condition holds. After a minute throws std::runtime_error with the text `what`.
   void WaitUntil(const std::string& what, const std::function<bool()>& condition) const;

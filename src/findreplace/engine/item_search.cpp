@@ -20,8 +20,8 @@ bool HasZero(const CharT* text, std::size_t length) {
 
 // Returns the first match in a part of a line by the rules of FindInLine, or null.
 template <typename CharT>
-const CharT* FindInStretch(const CharT* p, const CharT* end, std::basic_string_view<CharT> text,
-                           bool ignoreCase) {
+const CharT* FindInRange(const CharT* p, const CharT* end, std::basic_string_view<CharT> text,
+                         bool ignoreCase) {
   if (text.empty()) return ignoreCase || (p != end && *p != CharT()) ? p : nullptr;
   if (ignoreCase) return ScanIgnoringCase(p, end, text.data(), text.size());
   const CharT* const place = WildcardLiteral<CharT>(text, false).FindFirst(p, end);
@@ -49,7 +49,7 @@ bool ItemSearch<CharT>::Next(TextPosition position, LineMatch& match) {
 // Returns true if a zero character in [from, column] ends the search before it finds the match at `column`
 // (C-203).
 template <typename CharT>
-bool ItemSearch<CharT>::IsHiddenByZero(const TextLine& line, std::uint32_t from, std::uint32_t column) const {
+bool ItemSearch<CharT>::IsAfterNull(const TextLine& line, std::uint32_t from, std::uint32_t column) const {
   return !ignoreCase_ && HasZero(FileText<CharT>(line) + from, column - from + 1);
 }
 
@@ -63,7 +63,7 @@ bool ItemSearch<CharT>::NextInBlocks(TextPosition position, LineMatch& match) {
     if (!search_.Next(position, find)) return false;
     const TextLine& line = document_.lines[position.line];
     const std::uint32_t from = start.line == position.line ? start.column : 0;
-    if (line.removed == 0 && !IsHiddenByZero(line, from, position.column)) {
+    if (line.removed == 0 && !IsAfterNull(line, from, position.column)) {
       match = MatchAt(position, matchLength_);
       return true;
     }
@@ -78,7 +78,7 @@ bool ItemSearch<CharT>::NextInLines(TextPosition position, LineMatch& match) {
     if (line.removed != 0) continue;
     const CharT* const begin = FileText<CharT>(line);
     const CharT* const place =
-        FindInStretch(begin + position.column, begin + FileLength<CharT>(line), text_, ignoreCase_);
+        FindInRange(begin + position.column, begin + FileLength<CharT>(line), text_, ignoreCase_);
     if (!place) continue;
     match = MatchAt({position.line, static_cast<std::uint32_t>(place - begin)}, matchLength_);
     return true;
@@ -94,7 +94,7 @@ bool FindInLine(const TextDocumentT<CharT>& document, LineMatch& match, std::uin
   if (searched.removed != 0 || column > FileLength<CharT>(searched)) return false;
   const CharT* const begin = FileText<CharT>(searched);
   const CharT* const place =
-      FindInStretch(begin + column, begin + FileLength<CharT>(searched), Measured(text, length), ignoreCase);
+      FindInRange(begin + column, begin + FileLength<CharT>(searched), Measured(text, length), ignoreCase);
   if (place) match = MatchAt({line, static_cast<std::uint32_t>(place - begin)}, length);
   return match.found;
 }

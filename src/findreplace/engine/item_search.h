@@ -38,7 +38,7 @@ class ItemSearch {
  private:
   bool NextInBlocks(TextPosition position, LineMatch& match);
   bool NextInLines(TextPosition position, LineMatch& match);
-  bool IsHiddenByZero(const TextLine& line, std::uint32_t from, std::uint32_t column) const;
+  bool IsAfterNull(const TextLine& line, std::uint32_t from, std::uint32_t column) const;
 
   const TextDocumentT<CharT>& document_;
   DocumentSearch<CharT> search_;

@@ -8,7 +8,7 @@ template <typename CharT>
 std::shared_ptr<Lines> Lines::Load(WQDR::DataReader& reader) {
   auto lines = std::make_shared<Lines>();
   WQDR::LineReader<CharT> blocks(reader, TextDocumentLoader().blockSize, lines->blocks,
-                                 WQDR::OddByte::kApart);
+                                 WQDR::OddByte::kSeparate);
   blocks.ReadAll([&](const WQDR::ScannedLine<CharT>& line, const WQDR::LoadProgress& progress) {
     WQDR::MakeRoomForLine(lines->items, progress);
     lines->items.push_back(

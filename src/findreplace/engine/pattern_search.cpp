@@ -14,11 +14,11 @@ namespace {
 // list extends to the end of the list (C-209), so most of it has already been checked with the previous text,
 // and only its first line remains to be checked.
 template <typename CharT>
-void JudgeListText(TextDocumentT<CharT>& document, std::basic_string_view<CharT> find, std::size_t lineEnd,
+void CheckListText(TextDocumentT<CharT>& document, std::basic_string_view<CharT> find, std::size_t lineEnd,
                    bool ignoreCase) {
-  const bool isJudged = std::basic_string_view<CharT>(document.judgedList).ends_with(find);
-  const WildcardPattern<CharT> judged(isJudged ? find.substr(0, lineEnd + 1) : find, ignoreCase);
-  if (!isJudged) document.judgedList = find;
+  const bool isChecked = std::basic_string_view<CharT>(document.checkedList).ends_with(find);
+  const WildcardPattern<CharT> checked(isChecked ? find.substr(0, lineEnd + 1) : find, ignoreCase);
+  if (!isChecked) document.checkedList = find;
 }
 
 // Returns the pattern of a text, or null if it cannot match any line.
@@ -27,7 +27,7 @@ WildcardPattern<CharT>* CompiledPattern(TextDocumentT<CharT>& document, const Ch
   const std::basic_string_view<CharT> find(text);
   const std::size_t lineEnd = FindLineEndIn(find);
   if (lineEnd != find.npos) {
-    JudgeListText(document, find, lineEnd, ignoreCase);
+    CheckListText(document, find, lineEnd, ignoreCase);
     return nullptr;
   }
   auto& cache = document.regexCache;

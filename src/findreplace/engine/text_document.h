@@ -125,7 +125,7 @@ class TextDocumentT {
   std::deque<TextLine> insertedLines;
   TextArena insertedTexts;
   std::vector<RegexCacheEntry<CharT>> regexCache;  // compiled patterns, in order of creation
-  std::basic_string<CharT> judgedList;  // the longest text of a list that was found to be a valid pattern
+  std::basic_string<CharT> checkedList;  // the longest text of a list that was found to be a valid pattern
 
   // The lines of one block, whose text can be searched as a whole.
   struct BlockSpan {
@@ -136,7 +136,7 @@ class TextDocumentT {
   std::vector<BlockSpan> spans;
 
   // The odd byte at the end of a 16-bit file, which is not searched and is written after the text (C-230).
-  std::optional<char> byteApart;
+  std::optional<char> separateByte;
 
  private:
   TextPart* FirstPartAt(TextLine& line, const char* address);

@@ -10,7 +10,7 @@ std::shared_ptr<TextDocumentT<CharT>> TextDocumentLoader::Load(WQDR::DataReader&
   std::vector<TextLine>& lines = document->lines;
   auto& spans = document->spans;
   WQDR::ReserveFirstLines(lines, reader.size);
-  WQDR::LineReader<CharT> blocks(reader, blockSize, document->blocks, WQDR::OddByte::kApart);
+  WQDR::LineReader<CharT> blocks(reader, blockSize, document->blocks, WQDR::OddByte::kSeparate);
   blocks.ReadAll([&](const WQDR::ScannedLine<CharT>& line, const WQDR::LoadProgress& progress) {
     const std::size_t block = document->blocks.size() - 1;
     if (spans.empty() || spans.back().block != block) {
@@ -24,7 +24,7 @@ std::shared_ptr<TextDocumentT<CharT>> TextDocumentLoader::Load(WQDR::DataReader&
                      line.ending,
                      0});
   });
-  document->byteApart = blocks.ByteApart();
+  document->separateByte = blocks.SeparateByte();
   return document;
 }
 

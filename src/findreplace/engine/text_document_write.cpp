@@ -60,22 +60,22 @@ void WalkLine(const TextLine& first, OnPart&& onPart, OnEnding&& onEnding) {
   }
 }
 
-bool IsAsInFile(const TextLine& line) { return !line.next && line.removed == 0; }
+bool IsUnchanged(const TextLine& line) { return !line.next && line.removed == 0; }
 
 // A range in the file text of a line, in bytes.
-struct Stretch {
+struct FileRange {
   std::uint64_t start;
   std::uint64_t end;
 };
 
 // Finds the offset of a range of a line in a text that is being written, in bytes.
-struct StretchFinder {
-  Stretch stretch;
+struct RangeFinder {
+  FileRange range;
   std::optional<std::uint64_t> offset;
 
   void Visit(const TextPart& part, std::uint64_t written) {
-    if (part.kind != kFileText || part.originOffset > stretch.start ||
-        stretch.end > std::uint64_t{part.originOffset} + part.length) {
+    if (part.kind != kFileText || part.originOffset > range.start ||
+        range.end > std::uint64_t{part.originOffset} + part.length) {
       return;
     }
     offset = written - part.originOffset;
@@ -124,31 +124,31 @@ std::uint64_t TextDocumentT<CharT>::WriteLines(WQDR::DataWriter& writer) const {
   const bool keepsLf = isOutputEnding(LineEnding::Lf);
   const bool keepsCrLf = isOutputEnding(LineEnding::CrLf);
   // Adjacent unchanged lines whose endings need no change are written together, directly from their block.
-  const char* stretch = nullptr;
-  const char* stretchEnd = nullptr;
-  const auto addStretch = [&] {
-    if (stretch != stretchEnd) output.Add(stretch, static_cast<std::size_t>(stretchEnd - stretch));
-    stretch = stretchEnd = nullptr;
+  const char* run = nullptr;
+  const char* runEnd = nullptr;
+  const auto addRun = [&] {
+    if (run != runEnd) output.Add(run, static_cast<std::size_t>(runEnd - run));
+    run = runEnd = nullptr;
   };
   for (const TextLine& line : lines) {
     const bool keepsEnding = line.ending == LineEnding::None || (line.ending == LineEnding::Lf && keepsLf) ||
                              (line.ending == LineEnding::CrLf && keepsCrLf);
-    if (keepsEnding && IsAsInFile(line)) {
-      if (line.text != stretchEnd) {
-        addStretch();
-        stretch = line.text;
+    if (keepsEnding && IsUnchanged(line)) {
+      if (line.text != runEnd) {
+        addRun();
+        run = line.text;
       }
-      stretchEnd = line.text + line.fileLength + line.endingSize;
+      runEnd = line.text + line.fileLength + line.endingSize;
       continue;
     }
-    addStretch();
+    addRun();
     if (line.removed != 0) continue;
     WalkLine(
         line, [&](const TextPart& part) { output.Add(part.text, part.length); },
         [&] { output.Add(ending.data(), ending.size()); });
   }
-  addStretch();
-  if (byteApart) output.Add(&*byteApart, 1);
+  addRun();
+  if (separateByte) output.Add(&*separateByte, 1);
   return output.Flush();
 }
 
@@ -179,8 +179,8 @@ std::unique_ptr<CharT[]> TextDocumentT<CharT>::GetContextText(const TextRange& r
   const bool isOneLine = range.start.line == range.end.line;
   const std::uint64_t startColumn = std::uint64_t{range.start.column} * sizeof(CharT);
   const std::uint64_t endColumn = std::uint64_t{range.end.column} * sizeof(CharT);
-  StretchFinder start = {{startColumn, isOneLine ? endColumn : lines[range.start.line].fileLength}, {}};
-  StretchFinder end = {{isOneLine ? startColumn : 0, endColumn}, {}};
+  RangeFinder start = {{startColumn, isOneLine ? endColumn : lines[range.start.line].fileLength}, {}};
+  RangeFinder end = {{isOneLine ? startColumn : 0, endColumn}, {}};
   std::uint64_t written = 0;
   forEachLine([&](const TextLine& line, std::uint64_t number) {
     WalkLine(

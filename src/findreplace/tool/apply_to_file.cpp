@@ -23,15 +23,15 @@ using WQDR::WQDataReaderException;
 // Returns a text in the encoding of a document. Characters that an ANSI code page lacks are replaced by
 // others (C-231). Throws if the conversion of a text fails, since an empty find or replace text would make
 // changes that were not requested.
-std::string InFormat(const WString& text, TextFormat format) {
+std::string EncodeText(const WString& text, TextFormat format) {
   std::string bytes = WQDR::ToCodePage(format == TextFormat::Utf8 ? CP_UTF8 : CP_THREAD_ACP, text);
   if (bytes.empty() && !text.empty()) throw WQDataReaderException(GetLastError(), "Failed to convert text");
   return bytes;
 }
 
 void Replace(TextDocumentT<char>& document, FindAndReplaceOptions& options) {
-  const std::string find = InFormat(options.find, document.format);
-  const std::string replace = InFormat(options.replace, document.format);
+  const std::string find = EncodeText(options.find, document.format);
+  const std::string replace = EncodeText(options.replace, document.format);
   ApplyToDocument<char>(document, options, find.c_str(), replace.c_str());
 }
 

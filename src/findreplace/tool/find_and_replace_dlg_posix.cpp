@@ -32,10 +32,10 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
   // clang-format off
   const RuledField<Form> rows[] = {
     {ChoiceField("saveMode", form.saveMode, kSaveModeWords), Always},
-    {CutField("targetName", form.targetName, Form::kMostChars), WhileNew},
-    {CutField("find", form.find, Form::kMostChars), Always},
+    {CutField("targetName", form.targetName, Form::kMaxChars), WhileNew},
+    {CutField("find", form.find, Form::kMaxChars), Always},
     {ChoiceField("findMode", form.findMode, kModeWords), Always},
-    {CutField("replace", form.replace, Form::kMostChars), Always},
+    {CutField("replace", form.replace, Form::kMaxChars), Always},
     {FlagField("regExp", form.regExp), Never},
     {FlagField("wildcard", form.wildcard), Always},
     {FlagField("ignoreCase", form.ignoreCase), Always},
@@ -44,7 +44,7 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
     {FlagField("replaceAll", form.replaceAll), Never},
   };
   // clang-format on
-  return FollowedFields<Form>(form, rows, FollowChanges);
+  return UpdatedFields<Form>(form, rows, UpdateForChanges);
 }
 
 }  // namespace

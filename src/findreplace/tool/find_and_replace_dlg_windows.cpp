@@ -96,7 +96,7 @@ class FindAndReplaceDlg : public Ui::Dialog {
   void OnChange() override {
     const FindAndReplaceForm before = form_;
     Ui::ReadFields(Window(), kFields, form_);
-    FollowChanges(form_, before);
+    UpdateForChanges(form_, before);
     ShowSaveMode();
     if (form_.findMode != before.findMode) ShowExplanation();
   }

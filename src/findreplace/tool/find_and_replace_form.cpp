@@ -41,7 +41,7 @@ void ApplySaveMode(FindAndReplaceForm& form) {
   form.targetName = form.targetNameEnabled ? NewFileName(form) : form.startName;
 }
 
-WString Cut(const WString& text) { return text.substr(0, FindAndReplaceForm::kMostChars); }
+WString Cut(const WString& text) { return text.substr(0, FindAndReplaceForm::kMaxChars); }
 
 }  // namespace
 
@@ -55,7 +55,7 @@ void StartForm(FindAndReplaceForm& form) {
   ApplySaveMode(form);
 }
 
-void FollowChanges(FindAndReplaceForm& form, const FindAndReplaceForm& before) {
+void UpdateForChanges(FindAndReplaceForm& form, const FindAndReplaceForm& before) {
   if (form.saveMode != before.saveMode) ApplySaveMode(form);
 }
 

@@ -12,7 +12,7 @@ namespace QXFindAndReplace {
 struct FindAndReplaceForm {
   // The maximum length of the find text, the replace text and the file name. Longer texts are cut off
   // (C-240).
-  static constexpr std::size_t kMostChars = 1023;
+  static constexpr std::size_t kMaxChars = 1023;
 
   // The input of the dialog.
   FindAndReplaceOptions options;  // before the dialog
@@ -40,7 +40,7 @@ void StartForm(FindAndReplaceForm& form);
 
 // Applies the rule of the save mode if that differs from `before`. For a new file, enables the target name
 // and suggests one, for several files a pattern; otherwise stores `startName` in it and disables it.
-void FollowChanges(FindAndReplaceForm& form, const FindAndReplaceForm& before);
+void UpdateForChanges(FindAndReplaceForm& form, const FindAndReplaceForm& before);
 
 // Returns the options that the fields contain. The flag that allows overwriting targets is never set, even if
 // it was set before (C-241).

@@ -55,8 +55,8 @@ void FindAndReplaceRun::Run() {
   };
   const auto onMissing = [this] { --totalChanges; };  // counts as failed; there is no name to log
   if (RunOverFiles(*files, count, runOne, onMissing)) {
-    lists.HandBackDone();
-    if (lists.HasFailed()) lists.HandBackFailed();
+    lists.ReportDone();
+    if (lists.HasFailed()) lists.ReportFailed();
   } else {
     Log(host, W("[Find and Replace] - Operation cancelled"));
   }

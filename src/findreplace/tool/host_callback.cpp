@@ -57,7 +57,7 @@ ConfirmResult FindAndReplaceCallback::ConfirmReplace(const WCHAR* context, WQDR:
                                                      const TextRange& range, const Highlight& highlight,
                                                      const WCHAR* replacement,
                                                      std::uint32_t replacementLength) {
-  if (!Asks()) return ConfirmResult::ReplaceAll;
+  if (!IsInteractive()) return ConfirmResult::ReplaceAll;
   return Ask(WString(ViewOf(context)), format, range, highlight,
              WString(ViewOfLength(replacement, replacementLength)));
 }
@@ -66,13 +66,13 @@ ConfirmResult FindAndReplaceCallback::ConfirmReplace(const char* context, WQDR::
                                                      const TextRange& range, const Highlight& highlight,
                                                      const char* replacement,
                                                      std::uint32_t replacementLength) {
-  if (!Asks()) return ConfirmResult::ReplaceAll;
+  if (!IsInteractive()) return ConfirmResult::ReplaceAll;
   return Ask(WQDR::FromCodePage(CP_THREAD_ACP, ViewOfLength(context, kZeroTerminated)), format, range,
              highlight, WQDR::FromCodePage(CP_THREAD_ACP, ViewOfLength(replacement, replacementLength)));
 }
 
 // A silent run replaces all matches without asking (C-232).
-bool FindAndReplaceCallback::Asks() const { return (flags & (ReplaceAll | Silent)) == 0; }
+bool FindAndReplaceCallback::IsInteractive() const { return (flags & (ReplaceAll | Silent)) == 0; }
 
 ConfirmResult FindAndReplaceCallback::Ask(WString context, WQDR::TextFormat format, const TextRange& range,
                                           const Highlight& highlight, WString replacement) {

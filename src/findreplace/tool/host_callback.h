@@ -35,7 +35,7 @@ class FindAndReplaceCallback final : public IFindAndReplaceCallback {
   std::uint32_t Flags() const { return flags; }
 
  private:
-  bool Asks() const;
+  bool IsInteractive() const;
   ConfirmResult Ask(WString context, WQDR::TextFormat format, const TextRange& range,
                     const Highlight& highlight, WString replacement);
 

@@ -26,18 +26,18 @@ bool HasNestedRepeats(const Elements<CharT>& elements) {
 template <typename CharT>
 std::basic_string<CharT> FindRequiredText(const Elements<CharT>& elements) {
   std::basic_string<CharT> longest;
-  std::basic_string<CharT> stretch;
-  const auto endStretch = [&] {
-    if (stretch.size() > longest.size()) longest.swap(stretch);
-    stretch.clear();
+  std::basic_string<CharT> run;
+  const auto endRun = [&] {
+    if (run.size() > longest.size()) longest.swap(run);
+    run.clear();
   };
   for (const WildcardElement<CharT>& element : elements) {
     if (element.isAny || !element.outerRepeats.empty() || !element.repeat.IsExact())
-      endStretch();
+      endRun();
     else
-      stretch.append(element.repeat.minimum, element.character);
+      run.append(element.repeat.minimum, element.character);
   }
-  endStretch();
+  endRun();
   return longest;
 }
 
@@ -50,7 +50,7 @@ class WildcardPattern<CharT>::Implementation {
  public:
   Implementation(const Elements<CharT>& elements, bool ignoreCase)
       : requiredText_(FindRequiredText(elements)), required_(requiredText_, ignoreCase) {
-    if (WildcardSegments<CharT>::CanTake(elements)) segments_.emplace(elements, ignoreCase);
+    if (WildcardSegments<CharT>::Supports(elements)) segments_.emplace(elements, ignoreCase);
     if (HasNestedRepeats(elements))
       states_.emplace(elements, ignoreCase);
     else
@@ -74,7 +74,7 @@ class WildcardPattern<CharT>::Implementation {
  private:
   bool FindMatch(const CharT* line, std::uint32_t length, std::uint32_t column, Match& match) {
     // If runs_ has a table for the line, segments_ could not decide an earlier search in this line.
-    if (segments_ && !runs_->KnowsLine()) {
+    if (segments_ && !runs_->IsKnownLine()) {
       const auto result = segments_->Search(line, length, column, match);
       if (result != SearchResult::kUnknown) return result == SearchResult::kFound;
     }

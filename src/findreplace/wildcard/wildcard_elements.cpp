@@ -15,26 +15,26 @@ namespace {
 // libstdc++ rejects a pattern whose automaton has more states than this; other standard libraries have other
 // limits or none. The states are counted here as libstdc++ creates them, so the same patterns are rejected
 // everywhere, and the matchers need not support larger ones.
-constexpr std::uint64_t kMaximalStates = 100000;
-static_assert(kMostStatesOfLibrary == kMaximalStates, "the states are counted as libstdc++ makes them");
+constexpr std::uint64_t kMaxPatternStates = 100000;
+static_assert(kMaxLibraryStates == kMaxPatternStates, "the states are counted as libstdc++ makes them");
 // The start and the end of the match, the end of the automaton, and an empty state after the last element.
 constexpr std::uint64_t kFixedStates = 4;
 
 // Compiles a short pattern with the library. Throws the library's exception if it rejects the pattern.
-void Judge(const std::string& pattern) { const std::regex judged(pattern); }
+void CheckPattern(const std::string& pattern) { const std::regex checked(pattern); }
 
 // Returns the exception that the library throws for a pattern with too many states.
-std::regex_error MakeRefusalOfStates() {
+std::regex_error MakeTooManyStatesError() {
   try {
-    Judge("x{" + std::to_string(kMaximalStates) + "}");
+    CheckPattern("x{" + std::to_string(kMaxPatternStates) + "}");
   } catch (const std::regex_error& error) {
     return error;
   }
   return std::regex_error(std::regex_constants::error_space);
 }
 
-[[noreturn]] void RefuseStates() {
-  static const std::regex_error refusal = MakeRefusalOfStates();
+[[noreturn]] void ThrowTooManyStates() {
+  static const std::regex_error refusal = MakeTooManyStatesError();
   throw refusal;
 }
 
@@ -45,7 +45,7 @@ class StateCount {
     count_ += states;
   }
   void Check(std::uint64_t states) const {
-    if (count_ + states > kMaximalStates) RefuseStates();
+    if (count_ + states > kMaxPatternStates) ThrowTooManyStates();
   }
 
  private:
@@ -85,7 +85,7 @@ class Parser {
   std::vector<WildcardElement<CharT>> Parse() {
     std::vector<WildcardElement<CharT>> elements;
     while (at_ < pattern_.size()) {
-      if (IsAt('{')) JudgeBrace("");  // there is nothing to repeat, so the library rejects it
+      if (IsAt('{')) CheckBrace("");  // there is nothing to repeat, so the library rejects it
       elements.push_back(TakeElement());
     }
     states_.Add(kFixedStates);
@@ -125,7 +125,7 @@ class Parser {
 
   // `states` is the number of states to repeat.
   WildcardRepeat TakeBrace(std::uint64_t states) {
-    JudgeBrace("x");
+    CheckBrace("x");
     ++at_;
     const std::int64_t first = TakeNumber();
     std::int64_t last = first;
@@ -141,7 +141,7 @@ class Parser {
     const std::int64_t minimum = std::max<std::int64_t>(first, 0);
     const std::int64_t more = last - first;
     states_.Check(1 + static_cast<std::uint64_t>(minimum) * states);
-    if (more < 0) Judge("x{1,0}");
+    if (more < 0) CheckPattern("x{1,0}");
     states_.Check(static_cast<std::uint64_t>(more));
     return {static_cast<std::uint32_t>(minimum),
             isEndless ? kNoMaximum : static_cast<std::uint32_t>(minimum + more)};
@@ -157,7 +157,7 @@ class Parser {
   // Compiles `atom` with the brace at the current position, so that the library checks its form. Passes the
   // brace up to the first character that is neither a digit nor a comma, with 1 in place of each number, so
   // that the library needs few states. That character is passed as `}` or `x`, unless the pattern has ended.
-  void JudgeBrace(const char* atom) {
+  void CheckBrace(const char* atom) {
     std::string piece = atom;
     piece += '{';
     std::size_t end = at_ + 1;
@@ -167,7 +167,7 @@ class Parser {
     }
     if (end < pattern_.size()) piece += pattern_[end] == CharT('}') ? '}' : 'x';
     if (piece == accepted_) return;
-    Judge(piece);
+    CheckPattern(piece);
     accepted_ = piece;
   }
 

@@ -54,7 +54,7 @@ struct WildcardPlace {
   bool IsAny() const { return mask == static_cast<CharT>(-1); }
   bool Fits(CharT c) const { return static_cast<CharT>(c | mask) == value; }
   // Same, but a place for any character does not take line terminators.
-  bool Takes(CharT c) const { return Fits(c) && !(IsAny() && IsLineTerminator(c)); }
+  bool Matches(CharT c) const { return Fits(c) && !(IsAny() && IsLineTerminator(c)); }
 };
 
 template <typename CharT>
@@ -84,14 +84,14 @@ class WildcardLiteral {
   // Returns true if all places take their characters at `p`.
   bool IsTakenAt(const CharT* p) const {
     for (std::size_t place = 0; place < Length(); ++place) {
-      if (!At(place).Takes(p[place])) return false;
+      if (!At(place).Matches(p[place])) return false;
     }
     return true;
   }
 
  private:
   WildcardPlace<CharT> At(std::size_t place) const { return {values_[place], masks_[place]}; }
-  bool StandsAt(const CharT* p) const;
+  bool MatchesAt(const CharT* p) const;
   bool HasEndsAt(const CharT* p) const { return At(first_).Fits(p[first_]) && At(last_).Fits(p[last_]); }
 
   std::basic_string<CharT> values_;
@@ -143,7 +143,7 @@ class WildcardLiteral {
 };
 
 template <typename CharT>
-bool WildcardLiteral<CharT>::StandsAt(const CharT* p) const {
+bool WildcardLiteral<CharT>::MatchesAt(const CharT* p) const {
   const std::size_t length = Length();
   std::size_t place = 0;
 #if QX_SSE2
@@ -172,7 +172,7 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
       unsigned hits = finder.At(base);
       while (hits != 0) {
         const unsigned lane = static_cast<unsigned>(std::countr_zero(hits)) / sizeof(CharT);
-        if (StandsAt(base + lane)) return base + lane;
+        if (MatchesAt(base + lane)) return base + lane;
         hits &= ~0u << (lane + 1) * sizeof(CharT);
       }
       return nullptr;
@@ -187,7 +187,7 @@ const CharT* WildcardLiteral<CharT>::FindFirst(const CharT* from, const CharT* e
   }
 #endif
   for (; p < starts; ++p) {
-    if (HasEndsAt(p) && StandsAt(p)) return p;
+    if (HasEndsAt(p) && MatchesAt(p)) return p;
   }
   return nullptr;
 }
@@ -206,7 +206,7 @@ const CharT* WildcardLiteral<CharT>::FindLast(const CharT* from, const CharT* en
       unsigned hits = finder.At(base) & ((1u << static_cast<unsigned>(p - base) * sizeof(CharT)) - 1);
       while (hits != 0) {
         const unsigned lane = static_cast<unsigned>(std::bit_width(hits) - 1) / sizeof(CharT);
-        if (StandsAt(base + lane)) return base + lane;
+        if (MatchesAt(base + lane)) return base + lane;
         hits &= (1u << lane * sizeof(CharT)) - 1;
       }
       p = base;
@@ -216,7 +216,7 @@ const CharT* WildcardLiteral<CharT>::FindLast(const CharT* from, const CharT* en
 #endif
   while (p > from) {
     --p;
-    if (HasEndsAt(p) && StandsAt(p)) return p;
+    if (HasEndsAt(p) && MatchesAt(p)) return p;
   }
   return nullptr;
 }

@@ -90,7 +90,7 @@ void WildcardRuns<CharT>::MakeRunRow(std::size_t row, const CharT* line, std::ui
   std::int64_t best = length;
   for (std::int64_t at = length; at >= column; --at) {
     const auto position = static_cast<std::uint32_t>(at);
-    if (position < length && !part.place.Takes(line[position])) takenEnd = position;
+    if (position < length && !part.place.Matches(line[position])) takenEnd = position;
     const std::uint32_t furthest =
         takenEnd - position > part.repeat.maximum ? position + part.repeat.maximum : takenEnd;
     best = std::min<std::int64_t>(best, furthest);
@@ -106,7 +106,7 @@ std::uint32_t WildcardRuns<CharT>::EndOfRun(std::size_t row, const CharT* line, 
   const Part& part = parts_[row];
   const std::uint32_t last = length - from > part.repeat.maximum ? from + part.repeat.maximum : length;
   std::uint32_t end = from;
-  while (end < last && part.place.Takes(line[end])) ++end;
+  while (end < last && part.place.Matches(line[end])) ++end;
   return end;
 }
 

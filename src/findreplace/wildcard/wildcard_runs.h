@@ -40,7 +40,7 @@ class WildcardRuns {
 
   // Must be called if the next search is in another line or not after the last match.
   void ForgetLine() { hasTable_ = false; }
-  bool KnowsLine() const { return hasTable_; }
+  bool IsKnownLine() const { return hasTable_; }
 
  private:
   // A literal, or a run.

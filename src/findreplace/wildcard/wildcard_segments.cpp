@@ -32,7 +32,7 @@ bool HasLineTerminator(const CharT* p, const CharT* end) {
 }  // namespace
 
 template <typename CharT>
-bool WildcardSegments<CharT>::CanTake(const std::vector<WildcardElement<CharT>>& elements) {
+bool WildcardSegments<CharT>::Supports(const std::vector<WildcardElement<CharT>>& elements) {
   for (const WildcardElement<CharT>& element : elements) {
     const bool isRun = element.isAny && element.repeat.maximum == kNoMaximum;
     if (!element.outerRepeats.empty() || (!isRun && !element.repeat.IsExact())) return false;

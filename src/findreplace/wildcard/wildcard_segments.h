@@ -34,7 +34,7 @@ class WildcardSegments {
 
   // Returns true if this class can match the elements: characters with exact counts, and any characters
   // without an upper bound.
-  static bool CanTake(const std::vector<WildcardElement<CharT>>& elements);
+  static bool Supports(const std::vector<WildcardElement<CharT>>& elements);
 
   WildcardSegments(const std::vector<WildcardElement<CharT>>& elements, bool ignoreCase);
 

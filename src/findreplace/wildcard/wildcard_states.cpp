@@ -48,12 +48,12 @@ WildcardStates<CharT>::WildcardStates(const std::vector<WildcardElement<CharT>>&
 template <typename CharT>
 bool WildcardStates<CharT>::Search(const CharT* line, std::uint32_t length, std::uint32_t column,
                                    WildcardMatch& match) {
-  if (!knowsLine_) {
+  if (!isLineKnown_) {
     if ((std::uint64_t{length - column} + 1) * wordsOfPosition_ > kWildcardMemory / sizeof(visited_[0]))
       throw std::regex_error(std::regex_constants::error_complexity);
     firstColumn_ = column;
     visited_.assign((std::size_t{length - column} + 1) * wordsOfPosition_, 0);
-    knowsLine_ = true;
+    isLineKnown_ = true;
   }
   for (std::uint64_t start = column; start <= length; ++start) {
     std::uint32_t end = 0;
@@ -86,7 +86,7 @@ bool WildcardStates<CharT>::MatchFrom(std::uint32_t start, const CharT* line, st
         if (tries_.size() >= kWildcardMemory / sizeof(Try))
           throw std::regex_error(std::regex_constants::error_complexity);
         tries_.push_back({state.other, at.position});
-      } else if (at.position < length && state.place.Takes(line[at.position])) {
+      } else if (at.position < length && state.place.Matches(line[at.position])) {
         ++at.position;
       } else {
         break;

@@ -36,7 +36,7 @@ class WildcardStates {
   bool Search(const CharT* line, std::uint32_t length, std::uint32_t column, WildcardMatch& match);
 
   // Must be called if the next search is in another line or not after the last match.
-  void ForgetLine() { knowsLine_ = false; }
+  void ForgetLine() { isLineKnown_ = false; }
 
  private:
   // Either takes a character and continues with `next`, or is a choice that continues with `next` and, if
@@ -62,7 +62,7 @@ class WildcardStates {
 
   States states_;
 
-  bool knowsLine_ = false;
+  bool isLineKnown_ = false;
   std::uint32_t firstColumn_ = 0;
   // A bit for each position from the first column on and each state: set if the state has been tried there.
   std::vector<std::uint64_t> visited_;

@@ -21,8 +21,8 @@ class FileRunLists {
   void AddFailed(IHostFileItem& item) { AddTo(failed_, item); }
   bool HasFailed() const { return failed_ && failed_->GetCount() != 0; }
 
-  void HandBackDone() { HandBack(done_, kDoneFiles); }
-  void HandBackFailed() { HandBack(failed_, kFailedFiles); }
+  void ReportDone() { ReportList(done_, kDoneFiles); }
+  void ReportFailed() { ReportList(failed_, kFailedFiles); }
 
   void Release() {
     done_.Release();
@@ -37,7 +37,7 @@ class FileRunLists {
   static void AddTo(HostObject<IHostFileList>& list, IHostFileItem& item) {
     if (list) list->AddItem(&item);
   }
-  void HandBack(HostObject<IHostFileList>& list, u32 mode) {
+  void ReportList(HostObject<IHostFileList>& list, u32 mode) {
     if (list) host_.FileListRequest(kListResult, list.Get(), mode, 0);
   }
 

@@ -18,11 +18,11 @@ inline std::int32_t LeadingNumber(WStringView text) {
   text.remove_prefix(begin);
   const bool isNegative = text.front() == W('-');
   if (isNegative || text.front() == W('+')) text.remove_prefix(1);
-  constexpr std::int64_t kBeyond = std::int64_t{1} << 32;
+  constexpr std::int64_t kSaturated = std::int64_t{1} << 32;
   std::int64_t number = 0;
   for (const WCHAR character : text) {
     if (character < W('0') || character > W('9')) break;
-    number = std::min(number * 10 + (character - W('0')), kBeyond);
+    number = std::min(number * 10 + (character - W('0')), kSaturated);
   }
   using Limits = std::numeric_limits<std::int32_t>;
   return static_cast<std::int32_t>(

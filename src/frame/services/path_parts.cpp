@@ -1,13 +1,13 @@
 #include "frame/services/path_parts.h"
 
 namespace {
-constexpr std::size_t kMostFolderChars = 1024;
+constexpr std::size_t kMaxFolderChars = 1024;
 }
 
 void SplitPath(PathParts& parts, WStringView path) {
   const std::size_t backslash = path.rfind(W('\\'));
   const std::size_t folderSize = backslash == WStringView::npos ? 0 : backslash + 1;
-  parts.folder = path.substr(0, folderSize < kMostFolderChars ? folderSize : kMostFolderChars);
+  parts.folder = path.substr(0, folderSize < kMaxFolderChars ? folderSize : kMaxFolderChars);
   parts.fileName = path.substr(folderSize);
 }
 

@@ -9,7 +9,7 @@
 namespace {
 
 // The largest width or precision that is accepted. A larger one is a mistake or an attack.
-constexpr std::size_t kMostWidth = 1024;
+constexpr std::size_t kMaxWidth = 1024;
 
 std::size_t SkipAnyOf(WStringView text, std::size_t at, WStringView set) {
   while (at < text.size() && set.find(text[at]) != WStringView::npos) ++at;
@@ -17,12 +17,12 @@ std::size_t SkipAnyOf(WStringView text, std::size_t at, WStringView set) {
 }
 
 // Reads the digits at position `at`, if any, and advances it. Returns false if the number is above
-// kMostWidth.
+// kMaxWidth.
 bool ReadWidth(WStringView text, std::size_t& at, std::size_t& number) {
   number = 0;
   for (; at < text.size() && text[at] >= W('0') && text[at] <= W('9'); ++at) {
     number = number * 10 + static_cast<std::size_t>(text[at] - W('0'));
-    if (number > kMostWidth) return false;
+    if (number > kMaxWidth) return false;
   }
   return true;
 }

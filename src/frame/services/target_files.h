@@ -6,13 +6,13 @@
 namespace Velmora::SDK {
 
 // The size of a buffer for the longest path of the system, in characters.
-inline constexpr u32 kMostPathChars = 32768;
+inline constexpr u32 kMaxTargetPathChars = 32768;
 
 // Returns the result of `path`, an operation of `item` that stores a path of any length in a buffer.
 template <typename Result>
 WString PathOf(IHostFileItem& item, Result (IHostFileItem::*path)(WCHAR*, u32)) {
-  WString text(kMostPathChars, WCHAR());
-  (item.*path)(text.data(), kMostPathChars);
+  WString text(kMaxTargetPathChars, WCHAR());
+  (item.*path)(text.data(), kMaxTargetPathChars);
   text.resize(ViewOf(text.c_str()).size());
   return text;
 }

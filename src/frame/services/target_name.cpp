@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::size_t kMostNameChars = 4096;
+constexpr std::size_t kMaxNameChars = 4096;
 
 // Replaces the first `mark` in `text`. Returns false if `text` does not contain it.
 bool ReplaceFirst(WString& text, WStringView mark, WStringView replacement) {
@@ -19,8 +19,8 @@ bool ReplaceFirst(WString& text, WStringView mark, WStringView replacement) {
 WString BuildTargetName(Velmora::SDK::IHostFileItem& item, WStringView targetPattern) {
   if (targetPattern.find(W('*')) == WStringView::npos) return WString(targetPattern);
 
-  std::array<WCHAR, kMostNameChars> buffer = {};
-  constexpr auto size = static_cast<Velmora::SDK::u32>(kMostNameChars);
+  std::array<WCHAR, kMaxNameChars> buffer = {};
+  constexpr auto size = static_cast<Velmora::SDK::u32>(kMaxNameChars);
   const std::size_t dot = targetPattern.rfind(W('.'));
   WString namePart(targetPattern.substr(0, dot));
   WString extPart(dot == WStringView::npos ? WStringView() : targetPattern.substr(dot));

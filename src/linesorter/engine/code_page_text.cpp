@@ -10,7 +10,7 @@ namespace WQLineSorter {
 namespace {
 
 // The room for a date format in the options, without the terminator.
-constexpr std::size_t kMostFormatBytes = sizeof SortLinesOptions::dateFormat - 1;
+constexpr std::size_t kMaxFormatBytes = sizeof SortLinesOptions::dateFormat - 1;
 
 }  // namespace
 
@@ -23,7 +23,7 @@ void SetMatchChar(SortLinesOptions& options, WCHAR character) {
 void SetDateFormat(SortLinesOptions& options, const WString& format, std::size_t limit) {
   std::string bytes =
       WQDR::ToCodePage(CP_THREAD_ACP, WStringView(format.c_str()));  // up to its first zero character
-  bytes.resize(std::min({bytes.size(), limit, kMostFormatBytes}));
+  bytes.resize(std::min({bytes.size(), limit, kMaxFormatBytes}));
   std::fill(std::begin(options.dateFormat), std::end(options.dateFormat), '\0');
   std::copy(bytes.begin(), bytes.end(), options.dateFormat);
 }

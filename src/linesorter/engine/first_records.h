@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "linesorter/engine/common_beginnings.h"
+#include "linesorter/engine/common_prefixes.h"
 #include "linesorter/engine/key_reader.h"
 #include "linesorter/engine/key_record.h"
 #include "linesorter/engine/number_sort.h"
@@ -24,11 +24,11 @@ void LoadNext(const KeyReader<Keys>& reader, std::span<KeyRecord> records, std::
       });
 }
 
-// Records [begin, end), whose keys have one common beginning, or are those between two common beginnings.
+// Records [begin, end), whose keys have one common prefix, or are those between two common prefixes.
 struct RecordSegment {
   std::size_t begin;
   std::size_t end;
-  std::size_t common;  // index of the common beginning, or NumberParts::kNone
+  std::size_t common;  // index of the common prefix, or NumberParts::kNone
 };
 
 // Fills `records`, one for each line, in the order of the keys' first characters. In the segment of a common
@@ -38,23 +38,23 @@ struct RecordSegment {
 template <typename Keys>
 class FirstRecords {
  public:
-  // Stores references to the common beginnings and the records. Make lowers `shared` of the common beginnings
+  // Stores references to the common prefixes and the records. Make lowers `shared` of the common prefixes
   // to what all their keys share.
-  FirstRecords(const KeyReader<Keys>& reader, std::span<CommonBeginning> commons, const NumberSort& sort,
+  FirstRecords(const KeyReader<Keys>& reader, std::span<CommonPrefix> commons, const NumberSort& sort,
                std::span<KeyRecord> records)
       : reader_(reader), commons_(commons), sort_(sort), records_(records), parts_(commons) {}
 
   // Reads each key twice. The first pass counts the keys of each part, so that the second writes each record
   // directly into its part.
   void Make() {
-    const std::vector<CommonBeginning> foretold(commons_.begin(), commons_.end());
+    const std::vector<CommonPrefix> predicted(commons_.begin(), commons_.end());
     const std::vector<std::size_t> ends = FillParts(CountKeys());
     std::size_t begin = emptyCount_;
     for (std::size_t part = 0; part < ends.size(); ++part) {
       const std::size_t end = ends[part];
       const std::size_t common = parts_.CommonOf(part);
       const auto records = records_.subspan(begin, end - begin);
-      if (common != NumberParts::kNone && commons_[common].shared != foretold[common].shared) {
+      if (common != NumberParts::kNone && commons_[common].shared != predicted[common].shared) {
         LoadNext(reader_, records, kStep<Keys> + commons_[common].shared);
       }
       sort_.Sort(records);
@@ -74,7 +74,7 @@ class FirstRecords {
     std::size_t empty = 0;
     for (std::size_t i = 0; i < reader.LineCount(); ++i) {
       const auto key = reader.KeyOfLine(i);
-      ++(key.length == 0 ? empty : next[parts_.PartOf(reader.BeginningOf(key))]);
+      ++(key.length == 0 ? empty : next[parts_.PartOf(reader.FirstCharactersOf(key))]);
     }
     emptyCount_ = empty;
     std::size_t begin = empty;
@@ -92,7 +92,7 @@ class FirstRecords {
         records_[nextEmpty++].index = static_cast<std::uint32_t>(i);
         continue;
       }
-      std::uint64_t number = reader.BeginningOf(key);
+      std::uint64_t number = reader.FirstCharactersOf(key);
       const std::size_t part = parts_.PartOf(number);
       const std::size_t common = parts_.CommonOf(part);
       KeyRecord& record = records_[next[part]++];
@@ -108,7 +108,7 @@ class FirstRecords {
     return next;
   }
 
-  // Merges adjacent parts without a common beginning into one segment.
+  // Merges adjacent parts without a common prefix into one segment.
   void AddSegment(std::size_t begin, std::size_t end, std::size_t common) {
     if (begin == end) return;
     if (common == NumberParts::kNone && !segments_.empty() && segments_.back().common == common) {
@@ -119,7 +119,7 @@ class FirstRecords {
   }
 
   const KeyReader<Keys> reader_;
-  const std::span<CommonBeginning> commons_;
+  const std::span<CommonPrefix> commons_;
   const NumberSort& sort_;
   const std::span<KeyRecord> records_;
   NumberParts parts_;

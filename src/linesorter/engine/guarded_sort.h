@@ -13,8 +13,8 @@ namespace WQLineSorter {
 // the same as that of std::stable_sort.
 template <typename Iterator, typename Less>
 void GuardedStableSort(Iterator first, Iterator last, Less& less) {
-  constexpr auto kFew = 12;
-  if (last - first > kFew) {
+  constexpr auto kMaxInsertionSort = 12;
+  if (last - first > kMaxInsertionSort) {
     const Iterator middle = first + (last - first) / 2;
     GuardedStableSort(first, middle, less);
     GuardedStableSort(middle, last, less);

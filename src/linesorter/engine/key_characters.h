@@ -28,7 +28,7 @@ struct ByteKeys {
   using Char = char;
   static constexpr unsigned kBits = 8;
   static constexpr unsigned kLoaded = 8;  // the number of characters that Load reads
-  static constexpr bool kEqualsBeginning = true;
+  static constexpr bool kEqualsPrefix = true;
   static constexpr bool kEndsAtZero = true;
 
   // Reads eight bytes, whatever the length of the key.
@@ -72,7 +72,7 @@ struct UnitKeys {
   using Char = WCHAR;
   static constexpr unsigned kBits = 16;
   static constexpr unsigned kLoaded = 3;  // Load reads a fourth one and ignores it
-  static constexpr bool kEqualsBeginning = false;
+  static constexpr bool kEqualsPrefix = false;
   static constexpr bool kEndsAtZero = false;
 
   // Reads eight bytes, from any address and whatever the length of the key.

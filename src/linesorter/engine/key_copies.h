@@ -51,14 +51,14 @@ struct KeyCopy {
   }
 };
 
-// Copies the keys of one group of records at a time. From Take until GiveBack, the `index` of a record is
-// that of a copy instead of a line.
+// Copies the keys of one group of records at a time. From Take until RestoreIndexes, the `index` of a record
+// is that of a copy instead of a line.
 template <typename Keys>
 class KeyCopies {
  public:
   // Allocates the copies for the largest possible group. There are at most `lineCount` keys.
   KeyCopies(const KeyReader<Keys>& reader, std::size_t lineCount)
-      : reader_(reader), copies_(std::min(lineCount, kMost)), needed_(copies_.size()) {}
+      : reader_(reader), copies_(std::min(lineCount, kMaxKeys)), needed_(copies_.size()) {}
 
   // Returns the maximum number of keys in a group.
   std::size_t Room() const { return copies_.size(); }
@@ -85,7 +85,7 @@ class KeyCopies {
   }
 
   // Restores the indices of the lines in the records, which may be in another order than at Take.
-  void GiveBack(std::span<KeyRecord> records) const {
+  void RestoreIndexes(std::span<KeyRecord> records) const {
     for (KeyRecord& record : records) record.index = copies_[record.index].index;
   }
 
@@ -112,7 +112,7 @@ class KeyCopies {
 
  private:
   // The maximum number of copied keys; so many fit into the nearer caches.
-  static constexpr std::size_t kMost = 8192;
+  static constexpr std::size_t kMaxKeys = 8192;
 
   static constexpr std::uint32_t kCharSize = KeyReader<Keys>::kCharSize;
 

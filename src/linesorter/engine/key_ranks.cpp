@@ -3,7 +3,7 @@
 // Each line has a record. It contains a number made of some characters of the line's key (see
 // key_characters.h), so that sorting the records by their numbers sorts the keys by these characters.
 //
-//   1. common_beginnings_sample.h
+//   1. common_prefixes_sample.h
 //      In a large file, a sample of the keys shows which beginnings many keys share, such as "Package: " in a
 //      list of packages. The numbers of keys with such a beginning are made of the characters after it, in
 //      the one pass that reads all keys.
@@ -48,7 +48,7 @@
 #include <utility>
 #include <vector>
 
-#include "linesorter/engine/common_beginnings_sample.h"
+#include "linesorter/engine/common_prefixes_sample.h"
 #include "linesorter/engine/first_records.h"
 #include "linesorter/engine/key_copies.h"
 #include "linesorter/engine/key_reader.h"
@@ -58,17 +58,17 @@
 namespace WQLineSorter {
 
 template <typename Keys>
-KeyRecords RankKeys(std::span<const SortLine> lines, const FoldRule& rule, bool& hasBeginnings) {
+KeyRecords RankKeys(std::span<const SortLine> lines, const FoldRule& rule, bool& hasPrefixes) {
   const KeyReader<Keys> reader(lines, rule);
   KeyRecords records(lines.size());
   const NumberSort sort(lines.size());
   KeyCopies<Keys> copies(reader, lines.size());
-  std::vector<CommonBeginning> commons = SampleCommonBeginnings(reader);
+  std::vector<CommonPrefix> commons = SampleCommonPrefixes(reader);
   FirstRecords<Keys> first(reader, commons, sort, records);
   first.Make();
   RangeRanker<Keys> ranker(reader, copies, sort, records);
   ranker.Rank(first, commons);
-  hasBeginnings = ranker.HasBeginnings();
+  hasPrefixes = ranker.HasPrefixes();
   return records;
 }
 

@@ -17,11 +17,11 @@
 
 namespace WQLineSorter {
 
-// Returns one record for each line, in lexicographic order, with its ranks. Sets `hasBeginnings` to true if
+// Returns one record for each line, in lexicographic order, with its ranks. Sets `hasPrefixes` to true if
 // any key is a prefix of a longer one; if none is, First() alone determines the order. The blocks of the
 // lines must have kBlockGuard bytes after their text. Throws std::bad_alloc. Keys is ByteKeys for the order
 // of LineCompare_OrdinalA, or UnitKeys for that of CompareStringOrdinal. For an overview see key_ranks.cpp.
 template <typename Keys>
-KeyRecords RankKeys(std::span<const SortLine> lines, const FoldRule& rule, bool& hasBeginnings);
+KeyRecords RankKeys(std::span<const SortLine> lines, const FoldRule& rule, bool& hasPrefixes);
 
 }  // namespace WQLineSorter

@@ -47,7 +47,7 @@ class KeyReader {
   }
 
   // Returns the first characters of a key as a number. The key must not be empty.
-  std::uint64_t BeginningOf(const Key& key) const {
+  std::uint64_t FirstCharactersOf(const Key& key) const {
     return NextCharacters<Keys>(reinterpret_cast<const char*>(key.text), key.length, rule_);
   }
 

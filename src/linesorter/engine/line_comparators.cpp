@@ -35,8 +35,8 @@ std::uint32_t CharacterAt(const CharT* text, std::uint32_t index) {
 // Compares like strncmp, strnicmp and their wide forms over the shorter length, by unsigned characters and
 // folding only A to Z, so that the result is the same on every system.
 template <typename CharT>
-bool BeginningIsLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs, std::uint32_t rhsLength,
-                     bool ignoreCase) {
+bool IsPrefixLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs, std::uint32_t rhsLength,
+                  bool ignoreCase) {
   const std::uint32_t length = std::min(lhsLength, rhsLength);
   for (std::uint32_t i = 0; i < length; ++i) {
     std::uint32_t left = CharacterAt(lhs, i);
@@ -52,7 +52,7 @@ bool BeginningIsLess(const CharT* lhs, std::uint32_t lhsLength, const CharT* rhs
 }
 
 // Interprets a result of the system's compare functions. 0, which means failure, counts as less (C-108).
-bool SaysLess(int result) { return result < CSTR_EQUAL; }
+bool IsLessResult(int result) { return result < CSTR_EQUAL; }
 
 constexpr const WCHAR* kSystemLibrary = W("kernel32.dll");
 
@@ -62,7 +62,7 @@ bool LineCompare_OrdinalA::Compare(const char* lhs, std::uint32_t lhsLength, con
                                    std::uint32_t rhsLength) {
   const EmptyKeys empty = CompareEmpty(lhsLength, rhsLength);
   if (empty.decided) return empty.less;
-  return BeginningIsLess(lhs, lhsLength, rhs, rhsLength, ignoreCase);
+  return IsPrefixLess(lhs, lhsLength, rhs, rhsLength, ignoreCase);
 }
 
 LineCompare_OrdinalW::LineCompare_OrdinalW()
@@ -73,17 +73,17 @@ bool LineCompare_OrdinalW::Compare(const WCHAR* lhs, std::uint32_t lhsLength, co
                                    std::uint32_t rhsLength) {
   const EmptyKeys empty = CompareEmpty(lhsLength, rhsLength);
   if (empty.decided) return empty.less;
-  if (!compareStringOrdinal) return BeginningIsLess(lhs, lhsLength, rhs, rhsLength, ignoreCase);
-  return SaysLess(compareStringOrdinal(lhs, static_cast<int>(lhsLength), rhs, static_cast<int>(rhsLength),
-                                       ignoreCase ? TRUE : FALSE));
+  if (!compareStringOrdinal) return IsPrefixLess(lhs, lhsLength, rhs, rhsLength, ignoreCase);
+  return IsLessResult(compareStringOrdinal(lhs, static_cast<int>(lhsLength), rhs, static_cast<int>(rhsLength),
+                                           ignoreCase ? TRUE : FALSE));
 }
 
 bool LineCompare_LanguageAware_StringCompareA::Compare(const char* lhs, std::uint32_t lhsLength,
                                                        const char* rhs, std::uint32_t rhsLength) {
   const EmptyKeys empty = CompareEmpty(lhsLength, rhsLength);
   if (empty.decided) return empty.less;
-  return SaysLess(CompareStringA(locale, compareFlags, lhs, static_cast<int>(lhsLength), rhs,
-                                 static_cast<int>(rhsLength)));
+  return IsLessResult(CompareStringA(locale, compareFlags, lhs, static_cast<int>(lhsLength), rhs,
+                                     static_cast<int>(rhsLength)));
 }
 
 LanguageOrder::LanguageOrder(bool lookUp)
@@ -94,8 +94,8 @@ bool LanguageOrder::IsLess(DWORD flags, const WCHAR* lhs, std::uint32_t lhsLengt
                            std::uint32_t rhsLength) const {
   const auto left = static_cast<int>(lhsLength);
   const auto right = static_cast<int>(rhsLength);
-  return SaysLess(compareStringEx
-                      ? compareStringEx(localeNamePointer, flags, lhs, left, rhs, right, nullptr, nullptr, 0)
+  return IsLessResult(
+      compareStringEx ? compareStringEx(localeNamePointer, flags, lhs, left, rhs, right, nullptr, nullptr, 0)
                       : CompareStringW(locale, flags, lhs, left, rhs, right));
 }
 
@@ -115,7 +115,7 @@ namespace {
 void WidenKey(const char* key, std::uint32_t length, std::unique_ptr<WCHAR[]>& buffer,
               std::uint32_t& capacity) {
   constexpr std::uint32_t kSmallest = 128;
-  constexpr std::size_t kMostBytesOfUnit = 4;
+  constexpr std::size_t kMaxBytesOfUnit = 4;
   if (length > capacity) {
     const std::uint32_t room = std::max(length + 2, kSmallest);
     buffer = std::make_unique<WCHAR[]>(room);
@@ -124,7 +124,7 @@ void WidenKey(const char* key, std::uint32_t length, std::unique_ptr<WCHAR[]>& b
   if (length == 0) return;
   // The units that the conversion does not write must be zero, not those of an earlier key.
   std::fill_n(buffer.get(), length, WCHAR());
-  const std::size_t most = kMostBytesOfUnit * length;
+  const std::size_t most = kMaxBytesOfUnit * length;
   const void* const zero = std::memchr(key, 0, most);
   const std::size_t bytes = zero ? static_cast<std::size_t>(static_cast<const char*>(zero) - key) + 1 : most;
   MultiByteToWideChar(CP_ACP, 0, key, static_cast<int>(bytes), buffer.get(), static_cast<int>(length));

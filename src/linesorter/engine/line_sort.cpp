@@ -111,9 +111,9 @@ void RestoreFileOrder(KeyRecords& records) {
 
 template <typename Keys>
 LineOrder OrderByRank(std::span<const SortLine> lines, const FoldRule& rule) {
-  bool beginnings = false;
-  KeyRecords records = RankKeys<Keys>(lines, rule, beginnings);
-  if (beginnings) {
+  bool hasPrefixes = false;
+  KeyRecords records = RankKeys<Keys>(lines, rule, hasPrefixes);
+  if (hasPrefixes) {
     RestoreFileOrder(records);
     std::ranges::stable_sort(records,
                              [](const KeyRecord& a, const KeyRecord& b) { return b.First() > a.Last(); });
@@ -179,10 +179,10 @@ auto LinesIn(Lines& lines, LineRange range) {
 }
 
 // The minimum number of lines for which the preparations of the fast paths pay off.
-constexpr std::size_t kFewLines = 64;
+constexpr std::size_t kMinLines = 64;
 
-bool HasFastWay(std::size_t count) {
-  return count >= kFewLines && count <= std::numeric_limits<std::uint32_t>::max();
+bool HasFastPath(std::size_t count) {
+  return count >= kMinLines && count <= std::numeric_limits<std::uint32_t>::max();
 }
 
 // Returns the order of all `count` lines, given the order of the range with indices that count from its first
@@ -206,7 +206,7 @@ LineRange MovableRange(const std::vector<SortLine>& lines, const SortLinesOption
 }
 
 template <typename CharT>
-void SortLineRangePlainly(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options) {
+void SortLineRangeReference(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options) {
   const std::span<SortLine> moving = LinesIn(lines, range);
   StableSort<CharT>(moving, options);
   if (Has(options, SortReverse)) std::ranges::reverse(moving);
@@ -215,15 +215,15 @@ void SortLineRangePlainly(std::vector<SortLine>& lines, LineRange range, const S
 template <typename CharT>
 void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options) {
   const std::span<SortLine> moving = LinesIn(lines, range);
-  if (!HasFastWay(moving.size())) {
-    SortLineRangePlainly<CharT>(lines, range, options);
+  if (!HasFastPath(moving.size())) {
+    SortLineRangeReference<CharT>(lines, range, options);
     return;
   }
   try {
     ApplyOrder(moving, FindOrder<CharT>(moving, options));
   } catch (const std::bad_alloc&) {
     // The fast paths need memory; the plain sort does not.
-    SortLineRangePlainly<CharT>(lines, range, options);
+    SortLineRangeReference<CharT>(lines, range, options);
     return;
   }
   if (Has(options, SortReverse)) std::ranges::reverse(moving);
@@ -233,7 +233,7 @@ template <typename CharT>
 std::optional<LineOrder> FindLineOrder(const std::vector<SortLine>& lines, LineRange range,
                                        const SortLinesOptions& options) {
   const std::span<const SortLine> moving = LinesIn(lines, range);
-  if (!HasFastWay(moving.size()) || !HasFastWay(lines.size())) return std::nullopt;
+  if (!HasFastPath(moving.size()) || !HasFastPath(lines.size())) return std::nullopt;
   try {
     LineOrder order = FindOrder<CharT>(moving, options);
     if (Has(options, SortReverse)) std::ranges::reverse(order);
@@ -258,8 +258,8 @@ void RemoveBlankLines(LineOrder& order, const std::vector<SortLine>& lines, Line
 
 template void SortLineRange<char>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
 template void SortLineRange<WCHAR>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
-template void SortLineRangePlainly<char>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
-template void SortLineRangePlainly<WCHAR>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
+template void SortLineRangeReference<char>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
+template void SortLineRangeReference<WCHAR>(std::vector<SortLine>&, LineRange, const SortLinesOptions&);
 template std::optional<LineOrder> FindLineOrder<char>(const std::vector<SortLine>&, LineRange,
                                                       const SortLinesOptions&);
 template std::optional<LineOrder> FindLineOrder<WCHAR>(const std::vector<SortLine>&, LineRange,

@@ -31,7 +31,7 @@ void SortLineRange(std::vector<SortLine>& lines, LineRange range, const SortLine
 // The same without a fast path: std::stable_sort of the records, then the reversal. Tests compare the fast
 // paths with it.
 template <typename CharT>
-void SortLineRangePlainly(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options);
+void SortLineRangeReference(std::vector<SortLine>& lines, LineRange range, const SortLinesOptions& options);
 
 // Returns the order of all lines after SortLineRange, without moving the lines: writing them in this order
 // costs less than moving them. Returns std::nullopt if there is no fast path or not enough memory for it; the

@@ -16,7 +16,7 @@ constexpr std::uint16_t kWideSpaces[] = {0x0085, 0x00A0, 0x1680, 0x2000, 0x2001,
 constexpr std::ptrdiff_t kLongRun = 16;
 
 // The maximum number of remembered runs of white space, which is more than a block can have.
-constexpr std::size_t kMostRuns = 4096;
+constexpr std::size_t kMaxRuns = 4096;
 
 template <typename CharT>
 bool IsDigit(CharT character) {
@@ -45,7 +45,7 @@ const CharT* NumberReader<CharT>::SkipSpaces(const CharT* text) {
     if (after != spaces_.begin() && p < std::prev(after)->end) return std::prev(after)->end;
   }
   if (p - text >= kLongRun) {
-    if (spaces_.size() == kMostRuns) spaces_.clear();
+    if (spaces_.size() == kMaxRuns) spaces_.clear();
     spaces_.insert(std::ranges::upper_bound(spaces_, text, {}, &Run::begin), {text, p, 0});
   }
   return p;
@@ -66,12 +66,12 @@ std::int64_t NumberReader<CharT>::ReadLong(const CharT* text, const CharT** end)
 
 template <typename CharT>
 std::int64_t NumberReader<CharT>::ReadDigits(const CharT* text, const CharT** end) {
-  constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
+  constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
   std::int64_t value = 0;
   const CharT* p = text;
   for (; IsDigit(*p); ++p) {
     const auto digit = static_cast<std::int64_t>(*p - '0');
-    value = value < (kLeast + digit) / 10 ? kLeast : value * 10 - digit;
+    value = value < (kMin + digit) / 10 ? kMin : value * 10 - digit;
     if (p - text != kLongRun) continue;
     const auto known = std::ranges::find(digits_, text, &Run::begin);
     if (known == digits_.end()) continue;
@@ -80,8 +80,8 @@ std::int64_t NumberReader<CharT>::ReadDigits(const CharT* text, const CharT** en
   }
   if (p - text > kLongRun) {
     // Only recent runs are needed, since white space leads to the digits that follow it.
-    constexpr std::size_t kMost = 64;
-    if (digits_.size() == kMost) digits_.erase(digits_.begin());
+    constexpr std::size_t kMax = 64;
+    if (digits_.size() == kMax) digits_.erase(digits_.begin());
     digits_.push_back({text, p, value});
   }
   *end = p;

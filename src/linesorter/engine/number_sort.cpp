@@ -11,7 +11,7 @@ namespace WQLineSorter {
 namespace {
 
 // With fewer records than this, sorting by comparison is faster than counting digits.
-constexpr std::size_t kFewRecords = 200;
+constexpr std::size_t kMinRecords = 200;
 
 using Places = std::array<std::size_t, kDigits>;
 
@@ -48,7 +48,7 @@ NumberSort::NumberSort(std::size_t count) : room_(count / 2), buffer_(new (std::
 }
 
 void NumberSort::Sort(std::span<KeyRecord> records) const {
-  if (records.size() < kFewRecords) {
+  if (records.size() < kMinRecords) {
     std::ranges::sort(records,
                       [](const KeyRecord& a, const KeyRecord& b) { return a.Number() < b.Number(); });
     return;

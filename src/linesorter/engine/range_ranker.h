@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "linesorter/engine/common_beginnings.h"
+#include "linesorter/engine/common_prefixes.h"
 #include "linesorter/engine/first_records.h"
 #include "linesorter/engine/key_copies.h"
 #include "linesorter/engine/key_reader.h"
@@ -26,8 +26,8 @@ class RangeRanker {
               std::span<KeyRecord> records)
       : reader_(reader), copies_(copies), sort_(sort), records_(records) {}
 
-  // Ranks all records. `first` has made them with these common beginnings.
-  void Rank(const FirstRecords<Keys>& first, std::span<const CommonBeginning> commons) {
+  // Ranks all records. `first` has made them with these common prefixes.
+  void Rank(const FirstRecords<Keys>& first, std::span<const CommonPrefix> commons) {
     segments_ = first.Segments();
     commons_ = commons;
     SetRanks(0, first.EmptyCount(), first.EmptyCount());
@@ -43,7 +43,7 @@ class RangeRanker {
   }
 
   // Returns true if any key is a prefix of a longer one.
-  bool HasBeginnings() const { return hasBeginnings_; }
+  bool HasPrefixes() const { return hasPrefixes_; }
 
  private:
   // The records [next, end) are still to be ranked. Their keys share `depth` characters and are longer; the
@@ -69,7 +69,7 @@ class RangeRanker {
     open_.back().next = end;
     const unsigned count = CountIn<Keys>(number);
     if (count <= kStep<Keys>) {
-      SetRanks(begin, end, Keys::kEqualsBeginning ? EndOfLongerKeys(number, count) : end);
+      SetRanks(begin, end, Keys::kEqualsPrefix ? EndOfLongerKeys(number, count) : end);
     } else if (end - begin == 1) {
       SetRanks(begin, end, end);
     } else {
@@ -99,7 +99,7 @@ class RangeRanker {
   // Sets the ranks of records with equal keys. The keys of the records [end, after) are longer and begin with
   // these.
   void SetRanks(std::size_t begin, std::size_t end, std::size_t after) {
-    if (after > end) hasBeginnings_ = true;
+    if (after > end) hasPrefixes_ = true;
     for (std::size_t i = begin; i < end; ++i) records_[i].SetRanks(begin, after - 1);
   }
 
@@ -121,7 +121,7 @@ class RangeRanker {
     open_.push_back(group);
     while (open_.size() > outer) RankNext();
     isCopied_ = false;
-    copies_.GiveBack(records);
+    copies_.RestoreIndexes(records);
   }
 
   // Loads the characters after those that all keys share after `depth`. Returns the number of these shared
@@ -146,18 +146,18 @@ class RangeRanker {
     const auto records = Records(begin, end);
     const auto indexOf = [&](std::size_t i) { return records[i].index; };
     const KeyRest first = reader_.RestOfLine(indexOf(0), depth);
-    std::uint32_t foretold = first.left;
+    std::uint32_t predicted = first.left;
     for (std::size_t i = 1; i <= kSamples; ++i) {
       const std::size_t sample = (records.size() - 1) / kSamples * i;
-      foretold = reader_.Shared(reader_.RestOfLine(indexOf(sample), depth), first, foretold);
+      predicted = reader_.Shared(reader_.RestOfLine(indexOf(sample), depth), first, predicted);
     }
-    std::uint32_t shared = foretold;
+    std::uint32_t shared = predicted;
     reader_.Visit(records.size(), depth, indexOf, [&](std::size_t i) {
       const KeyRest rest = reader_.RestOfLine(indexOf(i), depth);
       shared = reader_.Shared(rest, first, shared);
       records[i].SetNumber(reader_.NextOf(reader_.Skip(rest, shared)));
     });
-    if (shared != foretold) LoadNext(reader_, records, depth + shared);
+    if (shared != predicted) LoadNext(reader_, records, depth + shared);
     return shared;
   }
 
@@ -208,11 +208,11 @@ class RangeRanker {
   const NumberSort& sort_;
   const std::span<KeyRecord> records_;
   std::span<const RecordSegment> segments_;
-  std::span<const CommonBeginning> commons_;
+  std::span<const CommonPrefix> commons_;
   std::size_t segment_ = 0;      // the segment that is being ranked
   std::vector<OpenRange> open_;  // a stack; the last is the innermost
   bool isCopied_ = false;        // the `index` of the innermost range's records is that of copies
-  bool hasBeginnings_ = false;
+  bool hasPrefixes_ = false;
 };
 
 }  // namespace WQLineSorter

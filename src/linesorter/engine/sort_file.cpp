@@ -14,7 +14,7 @@ namespace WQLineSorter {
 
 namespace {
 
-void RefuseExisting(const WString& target) {
+void FailIfExists(const WString& target) {
   if (!PathExists(target)) return;
   throw QXLineSorterException(ERROR_FILE_EXISTS, "Target file already exists");
 }
@@ -31,7 +31,7 @@ template <typename CharT>
 void SortTextFile(const WString& source, const WString& target, const SortLinesOptions& options) {
   const auto has = [&options](std::uint32_t bits) { return (options.options & bits) != 0; };
   const OrderedLines ordered = LoadFile<CharT>(source, options);
-  if (has(SaveAsNewFile) && !has(SaveOverwrite)) RefuseExisting(target);
+  if (has(SaveAsNewFile) && !has(SaveOverwrite)) FailIfExists(target);
   std::array<WCHAR, kBackupPathSize> backup = {};
   // Continues even if the backup cannot be made (C-132).
   if (has(SaveKeepBackup | SaveDeleteBackup)) MoveToBackup(target.c_str(), backup);

@@ -34,7 +34,7 @@ constexpr std::uint32_t kBlockSize = 32768;
 struct SortableLinesData {
   std::vector<TextBlock> blocks;
   std::vector<SortLine> lines;
-  std::uint32_t unused = 0;
+  std::uint32_t reserved = 0;
 };
 
 }  // namespace WQLineSorter

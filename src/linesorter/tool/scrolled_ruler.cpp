@@ -7,8 +7,8 @@ namespace WQLineSorter {
 ScrolledRuler ScrollRuler(const WString& ruler, int scrolled, int characterWidth) {
   if (scrolled <= 0 || characterWidth <= 0) return {ruler, 0};
   const int cut = scrolled % characterWidth;
-  const int gone = scrolled / characterWidth + (cut > 0 ? 1 : 0);
-  const std::size_t first = std::min(static_cast<std::size_t>(gone), ruler.size());
+  const int scrolledOut = scrolled / characterWidth + (cut > 0 ? 1 : 0);
+  const std::size_t first = std::min(static_cast<std::size_t>(scrolledOut), ruler.size());
   return {ruler.substr(first), cut > 0 ? characterWidth - cut : 0};
 }
 

@@ -40,19 +40,19 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
   // clang-format off
   const RuledField<Form> rows[] = {
     {ChoiceField("saveAs", form.saveAs, kSaveAsWords), Always},
-    {LimitedField("targetName", form.targetName, Form::kMostNameChars), While<&Enabled::targetName>},
-    {NumberField("keepLinesTop", form.keepLinesTop, Form::kMostNumberDigits), Always},
-    {NumberField("keepLinesBottom", form.keepLinesBottom, Form::kMostNumberDigits), Always},
-    {NumberField("startPosition", form.startPosition, Form::kMostNumberDigits), Always},
+    {LimitedField("targetName", form.targetName, Form::kMaxNameChars), While<&Enabled::targetName>},
+    {NumberField("keepLinesTop", form.keepLinesTop, Form::kMaxNumberDigits), Always},
+    {NumberField("keepLinesBottom", form.keepLinesBottom, Form::kMaxNumberDigits), Always},
+    {NumberField("startPosition", form.startPosition, Form::kMaxNumberDigits), Always},
     {FlagField("skipLeadingSpace", form.skipLeadingSpace), Always},
     {ChoiceField("sortBy", form.sortBy, kSortByWords), Always},
-    {NumberField("length", form.length, Form::kMostLengthDigits), While<&Enabled::length>},
+    {NumberField("length", form.length, Form::kMaxLengthDigits), While<&Enabled::length>},
     {CutField("endCharacter", form.endCharacter, 1), While<&Enabled::endCharacter>},
     {FlagField("endAtWhitespace", form.endAtWhitespace), While<&Enabled::endAtWhitespace>},
     {TextField("separator", form.separator), While<&Enabled::separator>},
-    {NumberField("item", form.item, Form::kMostNumberDigits), While<&Enabled::item>},
+    {NumberField("item", form.item, Form::kMaxNumberDigits), While<&Enabled::item>},
     {ChoiceField("sortMethod", form.sortMethod, kMethodWords), Always},
-    {LimitedField("dateFormat", form.dateFormat, Form::kMostFormatChars), While<&Enabled::dateFormat>},
+    {LimitedField("dateFormat", form.dateFormat, Form::kMaxFormatChars), While<&Enabled::dateFormat>},
     {FlagField("languageAware", form.languageAware), Always},
     {FlagField("ignoreCase", form.ignoreCase), While<&Enabled::ignoreCase>},
     {FlagField("naturalNumbers", form.naturalNumbers), While<&Enabled::naturalNumbers>},
@@ -61,7 +61,7 @@ std::vector<Platform::FormField> FieldsOf(Form& form) {
     {FlagField("removeBlank", form.removeBlank), Always},
   };
   // clang-format on
-  return FollowedFields<Form>(form, rows, FollowChanges);
+  return UpdatedFields<Form>(form, rows, UpdateForChanges);
 }
 
 }  // namespace

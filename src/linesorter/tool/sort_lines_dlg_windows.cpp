@@ -97,7 +97,7 @@ constexpr Ui::Field<Form> kFields[] = {
     {QX_SORT_BLANK, &Form::removeBlank},
 };
 
-// The fields that accept only digits; FollowChanges removes all other characters.
+// The fields that accept only digits; UpdateForChanges removes all other characters.
 struct NumberFieldRow {
   int control;
   WString Form::*number;
@@ -112,10 +112,10 @@ constexpr NumberFieldRow kNumberFields[] = {
 
 // The end character has no limit, so that a second one can be typed; it replaces the first (C-140).
 constexpr Ui::TextLimit kLimits[] = {
-    {QX_SORT_NAME, Form::kMostNameChars},          {QX_SORT_TOP, Form::kMostNumberDigits},
-    {QX_SORT_BOTTOM, Form::kMostNumberDigits},     {QX_SORT_POSITION, Form::kMostNumberDigits},
-    {QX_SORT_LENGTH, Form::kMostLengthDigits},     {QX_SORT_ITEM, Form::kMostNumberDigits},
-    {QX_SORT_DATE_FORMAT, Form::kMostFormatChars},
+    {QX_SORT_NAME, Form::kMaxNameChars},          {QX_SORT_TOP, Form::kMaxNumberDigits},
+    {QX_SORT_BOTTOM, Form::kMaxNumberDigits},     {QX_SORT_POSITION, Form::kMaxNumberDigits},
+    {QX_SORT_LENGTH, Form::kMaxLengthDigits},     {QX_SORT_ITEM, Form::kMaxNumberDigits},
+    {QX_SORT_DATE_FORMAT, Form::kMaxFormatChars},
 };
 
 constexpr Ui::EnableRule<Form> kRules[] = {
@@ -177,7 +177,7 @@ class SortLinesDlg : public Ui::Dialog {
   void OnChange() override {
     const SortLinesForm before = form_;
     ReadForm();
-    FollowChanges(form_, before);
+    UpdateForChanges(form_, before);
     ShowRules();
     if (form_.sortMethod != before.sortMethod) ShowDateCue();
   }

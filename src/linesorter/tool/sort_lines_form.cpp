@@ -31,19 +31,19 @@ constexpr DatePreset kDatePresets[] = {
 // The fields that accept only digits.
 struct NumberField {
   WString SortLinesForm::*text;
-  std::size_t mostDigits;
+  std::size_t maxDigits;
 };
 
 constexpr NumberField kNumberFields[] = {
-    {&SortLinesForm::keepLinesTop, SortLinesForm::kMostNumberDigits},
-    {&SortLinesForm::keepLinesBottom, SortLinesForm::kMostNumberDigits},
-    {&SortLinesForm::startPosition, SortLinesForm::kMostNumberDigits},
-    {&SortLinesForm::length, SortLinesForm::kMostLengthDigits},
-    {&SortLinesForm::item, SortLinesForm::kMostNumberDigits},
+    {&SortLinesForm::keepLinesTop, SortLinesForm::kMaxNumberDigits},
+    {&SortLinesForm::keepLinesBottom, SortLinesForm::kMaxNumberDigits},
+    {&SortLinesForm::startPosition, SortLinesForm::kMaxNumberDigits},
+    {&SortLinesForm::length, SortLinesForm::kMaxLengthDigits},
+    {&SortLinesForm::item, SortLinesForm::kMaxNumberDigits},
 };
 
 // The largest length that the field can hold. Stored lengths may be larger.
-constexpr std::uint32_t kMostLength = 999'999'999;
+constexpr std::uint32_t kMaxLength = 999'999'999;
 
 // When a checked box sets its bit in the options.
 enum class Stored { kIfChecked, kWithoutLanguageAware };
@@ -80,8 +80,8 @@ WString DecimalText(std::uint32_t number) { return FromUtf8(std::to_string(numbe
 std::uint32_t ReadNumber(const WString& text) {
   const WCHAR* end = nullptr;
   const auto value = ParseNumber<std::int64_t>(text.c_str(), &end);
-  constexpr std::int64_t kMost = std::numeric_limits<std::uint32_t>::max();
-  return static_cast<std::uint32_t>(std::clamp<std::int64_t>(value, 0, kMost));
+  constexpr std::int64_t kMax = std::numeric_limits<std::uint32_t>::max();
+  return static_cast<std::uint32_t>(std::clamp<std::int64_t>(value, 0, kMax));
 }
 
 // Returns an offset from 0. Positions in the field count from 1; 0 is the same as 1 (C-144).
@@ -95,14 +95,14 @@ void KeepDigits(SortLinesForm& form) {
   for (const NumberField& field : kNumberFields) {
     WString& text = form.*field.text;
     std::erase_if(text, [](WCHAR character) { return character < W('0') || character > W('9'); });
-    if (text.size() > field.mostDigits) text.resize(field.mostDigits);
+    if (text.size() > field.maxDigits) text.resize(field.maxDigits);
   }
 }
 
 // Returns the position that belongs to an offset; an offset beyond the last position gives the last one.
 WString PositionText(std::uint32_t offset) {
-  constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
-  return DecimalText(std::min(offset, kMost - 1) + 1);
+  constexpr std::uint32_t kMax = std::numeric_limits<std::uint32_t>::max();
+  return DecimalText(std::min(offset, kMax - 1) + 1);
 }
 
 WString CharacterText(std::uint16_t character) {
@@ -119,12 +119,12 @@ WString NewFileName(const SortLinesForm& form) {
 // Returns the target pattern that names each file of the list itself.
 WString SameFileName(const SortLinesForm& form) { return form.fileCount > 1 ? W("*.*") : form.firstName; }
 
-void FollowSaveAs(SortLinesForm& form) {
+void UpdateForSaveAs(SortLinesForm& form) {
   form.enabled.targetName = form.saveAs == SaveAsNewFile;
   form.targetName = form.enabled.targetName ? NewFileName(form) : SameFileName(form);
 }
 
-void FollowSubstringFields(SortLinesForm& form) {
+void UpdateSubstringFields(SortLinesForm& form) {
   SortLinesEnabled& enabled = form.enabled;
   const bool hasLength = !form.length.empty();
   const bool hasEnd = !form.endCharacter.empty();
@@ -135,18 +135,18 @@ void FollowSubstringFields(SortLinesForm& form) {
   enabled.endAtWhitespace = form.endAtWhitespace || (!hasLength && !hasEnd);
 }
 
-void FollowSortBy(SortLinesForm& form) {
+void UpdateForSortBy(SortLinesForm& form) {
   // Choosing the substring does not change whether the fields of the item are enabled (C-138).
-  if (form.sortBy == SortBySubstring) return FollowSubstringFields(form);
+  if (form.sortBy == SortBySubstring) return UpdateSubstringFields(form);
   if (form.sortBy != SortByLine && form.sortBy != SortByItem) return;
   SortLinesEnabled& enabled = form.enabled;
   enabled.length = enabled.endCharacter = enabled.endAtWhitespace = false;
   enabled.separator = enabled.item = form.sortBy == SortByItem;
 }
 
-void FollowSortMethod(SortLinesForm& form) { form.enabled.dateFormat = form.sortMethod == SortAsDate; }
+void UpdateForSortMethod(SortLinesForm& form) { form.enabled.dateFormat = form.sortMethod == SortAsDate; }
 
-void FollowLanguageAware(SortLinesForm& form) {
+void UpdateForLanguageAware(SortLinesForm& form) {
   form.enabled.naturalNumbers = form.languageAware;
   form.enabled.ignoreCase = !form.languageAware;
 }
@@ -165,7 +165,7 @@ void LoadKeyFields(SortLinesForm& form) {
   if (options.options & SortEndAtChar) form.endCharacter = CharacterText(options.matchChar);
   form.endAtWhitespace = (options.options & SortEndAtWhitespace) != 0;
   // Shows a length of 0 too (C-148).
-  if (!form.endAtWhitespace) form.length = DecimalText(std::min(options.subStringLen, kMostLength));
+  if (!form.endAtWhitespace) form.length = DecimalText(std::min(options.subStringLen, kMaxLength));
 }
 
 void ReadSubstring(const SortLinesForm& form, SortLinesOptions& options) {
@@ -212,24 +212,24 @@ void StartForm(SortLinesForm& form) {
   form.dateFormat = form.sortMethod == SortAsDate ? DateFormatText(options) : WString();
 
   form.enabled = {};
-  FollowSortMethod(form);
-  FollowLanguageAware(form);
-  FollowSortBy(form);
-  FollowSaveAs(form);
+  UpdateForSortMethod(form);
+  UpdateForLanguageAware(form);
+  UpdateForSortBy(form);
+  UpdateForSaveAs(form);
 }
 
-void FollowChanges(SortLinesForm& form, const SortLinesForm& before) {
+void UpdateForChanges(SortLinesForm& form, const SortLinesForm& before) {
   KeepDigits(form);
   if (form.endCharacter.size() > 1) form.endCharacter.resize(1);
-  if (form.sortMethod != before.sortMethod) FollowSortMethod(form);
-  if (form.languageAware != before.languageAware) FollowLanguageAware(form);
+  if (form.sortMethod != before.sortMethod) UpdateForSortMethod(form);
+  if (form.languageAware != before.languageAware) UpdateForLanguageAware(form);
   if (form.length != before.length || form.endCharacter != before.endCharacter ||
       form.endAtWhitespace != before.endAtWhitespace) {
-    FollowSubstringFields(form);
+    UpdateSubstringFields(form);
   }
   // After the fields of the substring: if a text and the choice change together, the choice decides.
-  if (form.sortBy != before.sortBy) FollowSortBy(form);
-  if (form.saveAs != before.saveAs) FollowSaveAs(form);
+  if (form.sortBy != before.sortBy) UpdateForSortBy(form);
+  if (form.saveAs != before.saveAs) UpdateForSaveAs(form);
 }
 
 SortLinesOptions ReadOptions(const SortLinesForm& form) {
@@ -244,7 +244,7 @@ SortLinesOptions ReadOptions(const SortLinesForm& form) {
   if (form.sortBy == SortBySubstring) ReadSubstring(form, options);
   if (form.sortBy == SortByItem) ReadItem(form, options);
   if (form.sortMethod == SortAsDate) {
-    SetDateFormat(options, form.dateFormat, SortLinesForm::kMostFormatChars);
+    SetDateFormat(options, form.dateFormat, SortLinesForm::kMaxFormatChars);
   }
   for (const BoxRow& row : kBoxes) {
     const bool counts = row.stored == Stored::kIfChecked || !form.languageAware;

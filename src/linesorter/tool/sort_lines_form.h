@@ -2,7 +2,7 @@
 // fields and the options.
 //
 // Whether a field is enabled depends on the order of changes and not only on the values, so the form stores
-// it. After changing fields, the caller passes the previous state of the form to FollowChanges.
+// it. After changing fields, the caller passes the previous state of the form to UpdateForChanges.
 #pragma once
 
 #include <span>
@@ -30,10 +30,10 @@ struct SortLinesForm {
   static constexpr int kNoChoice = -1;
 
   // The maximum number of characters in a field.
-  static constexpr std::size_t kMostNumberDigits = 10;
-  static constexpr std::size_t kMostLengthDigits = 9;  // more digits might not fit into the option
-  static constexpr std::size_t kMostFormatChars = 128;
-  static constexpr std::size_t kMostNameChars = 259;
+  static constexpr std::size_t kMaxNumberDigits = 10;
+  static constexpr std::size_t kMaxLengthDigits = 9;  // more digits might not fit into the option
+  static constexpr std::size_t kMaxFormatChars = 128;
+  static constexpr std::size_t kMaxNameChars = 259;
 
   // The input of the dialog.
   SortLinesOptions options;  // before the dialog
@@ -72,7 +72,7 @@ void StartForm(SortLinesForm& form);
 
 // Applies the rules for the fields that differ from `before`: enables and disables fields, removes all but
 // the first end character, removes everything but digits from numbers, and suggests a target name.
-void FollowChanges(SortLinesForm& form, const SortLinesForm& before);
+void UpdateForChanges(SortLinesForm& form, const SortLinesForm& before);
 
 // Returns the options that the fields contain. Options without a field in use are those in form.options, such
 // as the date format with another sort method (C-141). Throws the exceptions of Stoi if the length is not a

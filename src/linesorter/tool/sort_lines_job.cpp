@@ -85,8 +85,8 @@ void RunSortLinesJob(SortLinesJob& job) {
   const auto runOne = [&](IHostFileItem& item) { return RunOne(job, item, outcome); };
   const auto onMissing = [&] { ++outcome.notSorted; };  // there is no name to log
   if (!RunOverFiles(*job.files, count, runOne, onMissing)) return;
-  outcome.lists.HandBackDone();
-  outcome.lists.HandBackFailed();
+  outcome.lists.ReportDone();
+  outcome.lists.ReportFailed();
   outcome.lists.Release();
   owned.Release();
   if ((job.options.options & SortSilent) == 0) ShowClosingMessage(job.host, count, outcome.notSorted);

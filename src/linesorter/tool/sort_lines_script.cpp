@@ -55,7 +55,7 @@ constexpr ScriptSwitch kSaveModes[] = {
 // clang-format on
 
 // The maximum length of the stored date format.
-constexpr std::size_t kMostDateFormatBytes = 127;
+constexpr std::size_t kMaxDateFormatBytes = 127;
 
 // Returns 0 if the number is absent or empty. A negative number wraps around (C-145).
 std::uint32_t NumberOf(IHostCommandCall& call, const char* name) {
@@ -105,7 +105,7 @@ void ReadSortAs(IHostCommandCall& call, SortLinesOptions& options) {
   options.options |= sortAs;
   if (sortAs != SortAsDate) return;
   if (const std::optional<WString> format = ScriptValue(call, "DATEFORMAT")) {
-    SetDateFormat(options, *format, kMostDateFormatBytes);
+    SetDateFormat(options, *format, kMaxDateFormatBytes);
   }
 }
 

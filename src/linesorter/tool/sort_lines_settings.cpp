@@ -13,7 +13,7 @@ using namespace Velmora::SDK;
 constexpr const WCHAR* kSection = W("SortLines");
 constexpr const WCHAR* kMatchKey = W("CharMatch");
 constexpr const WCHAR* kFormatKey = W("MatchFilter");
-constexpr std::size_t kMostTextChars = 128;
+constexpr std::size_t kMaxTextChars = 128;
 
 constexpr std::uint32_t kDefaultOptions = SortByLine | SortAsText | SortSkipLeadingSpace;
 
@@ -33,7 +33,7 @@ constexpr StoredNumberRow kStoredNumbers[] = {
 
 // Returns the stored text, or an empty text if there is none.
 WString ReadText(IHostConfig& config, const WCHAR* key) {
-  std::array<WCHAR, kMostTextChars + 1> buffer = {};
+  std::array<WCHAR, kMaxTextChars + 1> buffer = {};
   if (!config.GetString(1, kSection, key, buffer.data(), static_cast<u32>(buffer.size()))) return {};
   buffer.back() = WCHAR();
   return buffer.data();
@@ -53,7 +53,7 @@ SortLinesOptions LoadSortLinesOptions(IHostApp& host) {
   const WString match = ReadText(*config, kMatchKey);
   if (!match.empty()) SetMatchChar(options, match.front());
   const WString format = ReadText(*config, kFormatKey);
-  if (!format.empty()) SetDateFormat(options, format, kMostTextChars);
+  if (!format.empty()) SetDateFormat(options, format, kMaxTextChars);
   return options;
 }
 

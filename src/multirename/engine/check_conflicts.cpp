@@ -8,8 +8,8 @@ namespace Velmora::SDK {
 
 namespace {
 
-bool HoldsForbidden(WStringView name) {
-  return HoldsAnyOf<W('*'), W('|'), W('\\'), W('/'), W(':'), W('"'), W('<'), W('>'), W('?')>(name);
+bool ContainsForbidden(WStringView name) {
+  return ContainsAnyOf<W('*'), W('|'), W('\\'), W('/'), W(':'), W('"'), W('<'), W('>'), W('?')>(name);
 }
 
 // Compares the last characters first: numbered names differ at their ends and begin alike.
@@ -53,7 +53,9 @@ void ConflictFinder::Add(WStringView newName) {
   if (isFirst) first_ = newName;
   const bool isDuplicate = !isFirst && IsSameNewName(newName, first_);
   if (isDuplicate) isFirstDuplicate_ = true;
-  states_.push_back(isDuplicate ? StateDuplicate : HoldsForbidden(newName) ? StateInvalidName : StateReady);
+  states_.push_back(isDuplicate                  ? StateDuplicate
+                    : ContainsForbidden(newName) ? StateInvalidName
+                                                 : StateReady);
 }
 
 bool ConflictFinder::SetStates(std::span<MultiRenameItem* const> rows, const std::atomic<bool>& abort) {

@@ -13,7 +13,7 @@ MultiRenameEngine::~MultiRenameEngine() {
 
 void EngineCloser::operator()(MultiRenameEngine* engine) const {
   engine->worker.Quit();
-  if (engine->worker.WaitForEnd(patience)) {
+  if (engine->worker.WaitForEnd(timeout)) {
     delete engine;
   } else {
     PinModule();

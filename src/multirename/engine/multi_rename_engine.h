@@ -70,12 +70,12 @@ class MultiRenameEngine {
   RenameWorker worker;  // last, because its thread uses all other members
 };
 
-// Ends the worker, waits for its thread for at most `patience`, and deletes the engine. If the worker is
+// Ends the worker, waits for its thread for at most `timeout`, and deletes the engine. If the worker is
 // still running then, in a rename of the host, the engine is never freed and the module stays loaded.
 struct EngineCloser {
   void operator()(MultiRenameEngine* engine) const;
 
-  DWORD patience = 3000;  // milliseconds
+  DWORD timeout = 3000;  // milliseconds
 };
 using OwnedEngine = std::unique_ptr<MultiRenameEngine, EngineCloser>;
 

@@ -18,7 +18,7 @@ class RenameList {
   void Attach(IHostList& list, IMLRowCallBack& rowInfo);
   // Empties the list and stops using it.
   void Detach();
-  bool Exists() const { return list_ != nullptr; }
+  bool IsAttached() const { return list_ != nullptr; }
 
   // Shows the rows of the set, in its order, in place of the present ones.
   void FillList(SharedItems items);

@@ -54,8 +54,8 @@ void FindReplaceDialogForm::PressFunctionKey(int control, int number, bool isShi
 
 void FindReplaceDialogForm::DropFile(int control, const WString& path) {
   if (control != kPairsText) return;
-  std::vector<WCHAR> buffer(kMostOfDroppedText);
-  const WString cutPath = path.substr(0, kMostOfDroppedPath);
+  std::vector<WCHAR> buffer(kMaxDroppedText);
+  const WString cutPath = path.substr(0, kMaxDroppedPathChars);
   if (!host_.ReadTextFile(buffer.data(), static_cast<u32>(buffer.size()), cutPath.c_str())) return;
   buffer.back() = WCHAR();
   view_->SetText(kPairsText, buffer.data());

@@ -24,7 +24,7 @@ enum FindReplaceDialogControl : int {
 constexpr u32 kPairsNoteTime = 1500;
 
 // The longest path of a dropped file; longer ones are cut.
-constexpr std::size_t kMostOfDroppedPath = 260;
+constexpr std::size_t kMaxDroppedPathChars = 260;
 
 // Returns the number of a function key, 1 to 24, for its virtual key; 0 for any other key.
 constexpr int FunctionKeyNumber(u32 virtualKey) {

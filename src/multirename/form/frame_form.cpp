@@ -42,7 +42,7 @@ void FrameForm::FillList(SharedItems rows) {
 }
 
 bool FrameForm::OnHostEvent(std::intptr_t source, s32 code) {
-  if (!list_.Exists()) return false;
+  if (!list_.IsAttached()) return false;
   if (code == kEventSelectionChanged && source == static_cast<std::intptr_t>(list_.Get()->GetId()))
     ShowCounts();
   if (code == kEventStatusChanged && source == reinterpret_cast<std::intptr_t>(panel_)) ShowStatus();
@@ -52,7 +52,7 @@ bool FrameForm::OnHostEvent(std::intptr_t source, s32 code) {
 bool FrameForm::OnCommand(int command) {
   for (const FrameMove& row : kFrameMoves) {
     if (row.command != command) continue;
-    if (list_.Exists()) (list_.Get()->*row.move)();
+    if (list_.IsAttached()) (list_.Get()->*row.move)();
     return true;
   }
   return false;
@@ -84,7 +84,7 @@ void FrameForm::SetTitle(WStringView more) {
 }
 
 void FrameForm::ShowCounts() {
-  if (!list_.Exists()) return;
+  if (!list_.IsAttached()) return;
   u32 rows = 0;
   u32 selected = 0;
   list_.Get()->GetCounts(&rows, &selected);

@@ -20,8 +20,8 @@ namespace Velmora::SDK {
 struct FrameLayout {
   static constexpr int kWidth = 855;  // initial size
   static constexpr int kHeight = 410;
-  static constexpr int kLeastWidth = 850;
-  static constexpr int kLeastHeight = 400;
+  static constexpr int kMinWidth = 850;
+  static constexpr int kMinHeight = 400;
   static constexpr int kStatusPaneWidth = 650;  // of pane 1; pane 0 takes the rest
   static constexpr int kListWidth = 200;        // as requested from the host
   static constexpr int kColumnWidth = 200;

@@ -166,7 +166,7 @@ void PanelForm::OpenUndoManager() {
   UndoManagerForm form(host_, engine_.undoStore, loadedSession_);
   const int result = view_.RunDialog(kUndoManagerDialog, form);
   // A new session may get the address of a deleted one.
-  if (!engine_.undoStore.Holds(loadedSession_)) loadedSession_ = nullptr;
+  if (!engine_.undoStore.Contains(loadedSession_)) loadedSession_ = nullptr;
   if (result == kDialogOk && form.Chosen()) LoadUndoSession(*form.Chosen());
 }
 

@@ -109,7 +109,7 @@ void PanelForm::OnRunFinished(WPARAM kind, bool nothingToRestore) {
   if (kind == kRenameFinished) {
     undoAvailable_ = true;  // even if all renames failed (C-674)
     frame_.List().Refresh();
-  } else if (!nothingToRestore && engine_.undoStore.Holds(loadedSession_)) {
+  } else if (!nothingToRestore && engine_.undoStore.Contains(loadedSession_)) {
     loadedSession_->haveRestored = true;
     engine_.undoStore.Save(*loadedSession_);
   }

@@ -12,7 +12,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr std::size_t kMostOfTag = 1024;
+constexpr std::size_t kMaxTagChars = 1024;
 constexpr u32 kPropertyNameSize = 1024;
 
 constexpr ControlTextRow kTagDialogTexts[] = {
@@ -48,7 +48,7 @@ void TagDialogForm::Open(DialogView& view) {
   view.SetLines(kTagProperties, lines);
   view.SetChecked(kTagComplete, true);
   view.SetChecked(kTagSubString, false);
-  FollowMode();
+  UpdateForMode();
   ShowTag();
 }
 
@@ -56,11 +56,11 @@ void TagDialogForm::Press(int control) {
   switch (control) {
     case kTagComplete:
     case kTagSubString:
-      FollowMode();
+      UpdateForMode();
       ShowTag();
       break;
     case kTagInsert:
-      tag_ = Trimmed(WStringView(view_->GetText(kTagText)).substr(0, kMostOfTag), W(" \t\r\n"));
+      tag_ = Trimmed(WStringView(view_->GetText(kTagText)).substr(0, kMaxTagChars), W(" \t\r\n"));
       view_->Close(kDialogOk);
       break;
     case kTagCancel:
@@ -83,7 +83,7 @@ void TagDialogForm::Change(int control) {
   }
 }
 
-void TagDialogForm::FollowMode() {
+void TagDialogForm::UpdateForMode() {
   const bool isComplete = view_->IsChecked(kTagComplete);
   view_->SetEnabled(kTagStart, !isComplete);
   view_->SetEnabled(kTagLength, !isComplete);

@@ -45,7 +45,7 @@ class TagDialogForm final : public DialogForm {
   const WString& Tag() const { return tag_; }
 
  private:
-  void FollowMode();
+  void UpdateForMode();
   void ShowTag();
 
   IHostApp& host_;

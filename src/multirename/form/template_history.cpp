@@ -9,7 +9,7 @@ namespace Velmora::SDK {
 namespace {
 
 constexpr u32 kTemplateTextSize = 1025;  // with the terminator; a compilation uses as much
-constexpr u32 kMostTemplates = 20;
+constexpr u32 kMaxTemplates = 20;
 
 }  // namespace
 
@@ -39,7 +39,7 @@ void SaveTemplateHistory(IHostApp& host, const WCHAR* key, const WString& curren
   add(current);
   for (const WString& text : offered) add(text);
   list->Finish(1);
-  config->SaveStringList(key, list.Get(), kMostTemplates);
+  config->SaveStringList(key, list.Get(), kMaxTemplates);
 }
 
 }  // namespace Velmora::SDK

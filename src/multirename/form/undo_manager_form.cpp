@@ -126,7 +126,7 @@ bool UndoManagerForm::Confirms(TextId title, TextId question) {
 }
 
 void UndoManagerForm::DropDeleted() {
-  if (store_.Holds(chosen_)) return;
+  if (store_.Contains(chosen_)) return;
   chosen_ = nullptr;
   view_->SetText(kUndoDate, {});
   view_->SetText(kUndoCount, {});

@@ -17,7 +17,7 @@ struct RegexBudget {
   std::uint32_t steps;
   std::uintptr_t lowestStack;
 
-  void Spend() {
+  void CountStep() {
     if (steps == 0) throw std::regex_error(std::regex_constants::error_complexity);
     --steps;
     if (StackPosition() < lowestStack) throw std::regex_error(std::regex_constants::error_stack);
@@ -41,7 +41,7 @@ class CountingIterator {
   CountingIterator& operator=(const CountingIterator& other) {
     at_ = other.at_;
     budget_ = other.budget_;
-    Spend();
+    CountStep();
     return *this;
   }
   ~CountingIterator() = default;
@@ -66,15 +66,15 @@ class CountingIterator {
     return before;
   }
   friend bool operator==(const CountingIterator& lhs, const CountingIterator& rhs) {
-    lhs.Spend();
+    lhs.CountStep();
     return lhs.at_ == rhs.at_;
   }
 
   const WCHAR* Position() const { return at_; }
 
  private:
-  void Spend() const {
-    if (budget_) budget_->Spend();
+  void CountStep() const {
+    if (budget_) budget_->CountStep();
   }
 
   const WCHAR* at_ = nullptr;
@@ -138,8 +138,8 @@ bool BoundedRegex::Replace(WStringView text, const std::wstring& format, std::si
 bool BoundedRegex::ReplaceByLibrary(WStringView text, const std::wstring& format, std::size_t most,
                                     WString& result) const {
   const std::uintptr_t top = StackPosition();
-  constexpr std::uintptr_t kRoom = kMostRegexStack * kFrameScale;
-  RegexBudget budget{kMostRegexSteps, top > kRoom ? top - kRoom : 0};
+  constexpr std::uintptr_t kRoom = kMaxRegexStack * kFrameScale;
+  RegexBudget budget{kMaxRegexSteps, top > kRoom ? top - kRoom : 0};
   const WCHAR* const begin = text.data();
   const WCHAR* const end = begin + text.size();
   std::regex_iterator<CountingIterator> match(CountingIterator(begin, budget), CountingIterator(end, budget),

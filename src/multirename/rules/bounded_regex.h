@@ -18,8 +18,8 @@
 namespace Velmora::SDK {
 
 // The limits of one Replace. Any search for which a user would wait stays below both.
-constexpr std::uint32_t kMostRegexSteps = 1'000'000;
-constexpr std::size_t kMostRegexStack = 256 * 1024;  // bytes
+constexpr std::uint32_t kMaxRegexSteps = 1'000'000;
+constexpr std::size_t kMaxRegexStack = 256 * 1024;  // bytes
 
 // Thrown for an expression that is refused before it is compiled: too long, too deeply nested, or with too
 // many repetitions.

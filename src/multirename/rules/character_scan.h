@@ -9,10 +9,10 @@
 
 namespace Velmora::SDK {
 
-// HoldsAnyOf for a text of at least one block. Compares whole blocks without an early exit, so that the
+// ContainsAnyOf for a text of at least one block. Compares whole blocks without an early exit, so that the
 // compiler vectorizes the comparison.
 template <std::size_t kBlock, WCHAR... wanted>
-bool HoldsAnyInBlocks(WStringView text) {
+bool ContainsAnyInBlocks(WStringView text) {
   using Block = std::array<std::uint16_t, kBlock>;
   Block found{};
   const auto look = [&found](const WCHAR* units) {
@@ -36,11 +36,11 @@ bool HoldsAnyInBlocks(WStringView text) {
 
 // Returns whether the text contains one of the characters.
 template <WCHAR... wanted>
-bool HoldsAnyOf(WStringView text) {
+bool ContainsAnyOf(WStringView text) {
   constexpr std::size_t kLong = 16;
   constexpr std::size_t kShort = 8;
-  if (text.size() >= kLong) return HoldsAnyInBlocks<kLong, wanted...>(text);
-  if (text.size() >= kShort) return HoldsAnyInBlocks<kShort, wanted...>(text);
+  if (text.size() >= kLong) return ContainsAnyInBlocks<kLong, wanted...>(text);
+  if (text.size() >= kShort) return ContainsAnyInBlocks<kShort, wanted...>(text);
   for (const WCHAR c : text) {
     if ((... || (c == wanted))) return true;
   }

@@ -5,10 +5,10 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr std::size_t kMostOfRuleText = 1024;
+constexpr std::size_t kMaxRuleChars = 1024;
 constexpr DWORD kBusyPoll = 150;  // milliseconds
 
-WStringView RuleText(const WString& text) { return WStringView(text).substr(0, kMostOfRuleText); }
+WStringView RuleText(const WString& text) { return WStringView(text).substr(0, kMaxRuleChars); }
 
 u32 CounterNumber(const WString& text) { return static_cast<u32>(ParseDecimal(RuleText(text))); }
 

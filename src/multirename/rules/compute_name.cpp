@@ -13,7 +13,7 @@ void CutToName(WString& text) {
 void SplitOldName(MultiRenameEngine& engine, const MultiRenameItem& item) {
   WStringView name = item.oldName;
   // Few names contain a backslash, and checking for one is faster than searching for the last.
-  if (HoldsAnyOf<W('\\')>(name)) name.remove_prefix(name.rfind(W('\\')) + 1);
+  if (ContainsAnyOf<W('\\')>(name)) name.remove_prefix(name.rfind(W('\\')) + 1);
   const std::size_t dot = item.isFolder ? WStringView::npos : name.rfind(W('.'));
   engine.currentBase = name.substr(0, dot);
   engine.currentExtension = dot == WStringView::npos ? WStringView() : name.substr(dot + 1);
@@ -30,7 +30,7 @@ void EvaluateTags(MultiRenameEngine& engine, RenameTags& tags, WString& text) {
 // Removes each CR LF of the text, but not a pair that is formed by the removal (C-612).
 void RemoveLineEnds(WString& text) {
   constexpr WStringView kLineEnd = W("\r\n");
-  if (!HoldsAnyOf<W('\r')>(text)) return;
+  if (!ContainsAnyOf<W('\r')>(text)) return;
   std::size_t from = text.find(kLineEnd);
   if (from == WString::npos) return;
   std::size_t kept = from;

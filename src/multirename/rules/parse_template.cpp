@@ -10,7 +10,7 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr std::size_t kMostOfParameter = 80;  // characters of a number, a property's name or its format
+constexpr std::size_t kMaxParameterChars = 80;  // characters of a number, a property's name or its format
 
 bool IsParameterDigit(WCHAR c) { return c >= W('0') && c <= W('9'); }
 bool IsParameterSeparator(WCHAR c) { return c == W(',') || c == W('-'); }
@@ -23,7 +23,7 @@ WStringView TakeParameter(WStringView parameters, std::size_t& at, std::size_t s
   const std::size_t begin = at;
   const auto stop = static_cast<std::size_t>(end - parameters.begin());
   at = std::min(stop + 1, parameters.size());
-  return parameters.substr(begin, std::min(stop - begin, kMostOfParameter));
+  return parameters.substr(begin, std::min(stop - begin, kMaxParameterChars));
 }
 
 void ParseRange(WStringView parameters, RenameTag& tag) {
@@ -75,7 +75,7 @@ void ParseProperty(WStringView parameters, RenameTag& tag) {
     parameters.remove_prefix(1);
     const std::size_t end = parameters.find(W('}'));
     if (end != WStringView::npos) {
-      tag.format = parameters.substr(0, std::min(end, kMostOfParameter));
+      tag.format = parameters.substr(0, std::min(end, kMaxParameterChars));
       parameters.remove_prefix(end + 1);
     }
   }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr u32 kPropertyTextSize = 256;
 constexpr u32 kPropertyPathSize = 4096;
-constexpr std::size_t kMostOfFormat = 128;
+constexpr std::size_t kMaxPropertyFormatChars = 128;
 
 // The formats of a date and of a time. An empty one adds no text.
 struct DateFormats {
@@ -24,8 +24,8 @@ struct DateFormats {
 DateFormats FormatsOf(const WString& format) {
   const std::size_t bar = format.find(W('|'));
   DateFormats formats;
-  formats.date = format.substr(0, std::min(bar, kMostOfFormat));
-  if (bar != WString::npos) formats.time = format.substr(bar + 1, kMostOfFormat);
+  formats.date = format.substr(0, std::min(bar, kMaxPropertyFormatChars));
+  if (bar != WString::npos) formats.time = format.substr(bar + 1, kMaxPropertyFormatChars);
   if (!formats.date.empty() || !formats.time.empty()) return formats;
   return {LocaleFormat(LOCALE_SSHORTDATE), LocaleFormat(LOCALE_STIMEFORMAT)};
 }

@@ -11,16 +11,16 @@ namespace Velmora::SDK {
 
 namespace {
 
-constexpr std::size_t kMostCharacters = 1024;  // of an expression, as many as a field of the panel takes
-constexpr std::size_t kMostNesting = 50;       // nested groups
-constexpr std::uint64_t kMostStates = 10'000;  // of the compiled expression, with repetitions written out
-constexpr std::uint64_t kMostBranches = 200;   // alternatives, for which the matcher counts no step
-constexpr std::size_t kMostDigits = 5;         // of a count or of a back reference
+constexpr std::size_t kMaxCharacters = 1024;  // of an expression, as many as a field of the panel takes
+constexpr std::size_t kMaxNesting = 50;       // nested groups
+constexpr std::uint64_t kMaxStates = 10'000;  // of the compiled expression, with repetitions written out
+constexpr std::uint64_t kMaxBranches = 200;   // alternatives, for which the matcher counts no step
+constexpr std::size_t kMaxDigits = 5;         // of a count or of a back reference
 
 // The computed number of states is an upper bound of what libstdc++ creates for an expression, so its own
 // limit is never reached. bounded_regex.cpp also relies on libstdc++: each path of its matcher ends in a
 // counted step. Tests check this.
-static_assert(kMostStatesOfLibrary >= kMostStates, "the states are counted as libstdc++ makes them");
+static_assert(kMaxLibraryStates >= kMaxStates, "the states are counted as libstdc++ makes them");
 
 bool IsRegexDigit(WCHAR c) { return c >= W('0') && c <= W('9'); }
 
@@ -41,7 +41,7 @@ class ExpressionCheck {
   explicit ExpressionCheck(WStringView expression) : expression_(expression) {}
 
   std::wstring Run() {
-    if (expression_.size() > kMostCharacters) throw RegexRefusal("The regular expression is too long.");
+    if (expression_.size() > kMaxCharacters) throw RegexRefusal("The regular expression is too long.");
     groups_.emplace_back();
     while (at_ < expression_.size()) Step();
     return std::move(checked_);
@@ -67,7 +67,7 @@ class ExpressionCheck {
     group.all.states += size.states;
     group.all.branches += size.branches;
     group.atom = size;
-    if (group.all.states > kMostStates || group.all.branches > kMostBranches) {
+    if (group.all.states > kMaxStates || group.all.branches > kMaxBranches) {
       throw RegexRefusal("The regular expression is too large.");
     }
   }
@@ -109,7 +109,7 @@ class ExpressionCheck {
     }
     std::size_t digits = 1;
     while (IsRegexDigit(Peek(1 + digits))) ++digits;
-    if (digits > kMostDigits) throw std::regex_error(std::regex_constants::error_backref);
+    if (digits > kMaxDigits) throw std::regex_error(std::regex_constants::error_backref);
     checked_ += L"(?:(?=)";
     Take(1 + digits);
     checked_ += L')';
@@ -137,7 +137,7 @@ class ExpressionCheck {
   }
 
   void OpenGroup() {
-    if (groups_.size() > kMostNesting) throw RegexRefusal("The regular expression is nested too deeply.");
+    if (groups_.size() > kMaxNesting) throw RegexRefusal("The regular expression is nested too deeply.");
     const bool isPlain = Peek(1) != W('?');
     Take(isPlain ? 1 : 3);
     groups_.emplace_back();
@@ -173,7 +173,7 @@ class ExpressionCheck {
         which = 1;
         digits = 0;
       } else if (IsRegexDigit(c)) {
-        if (++digits > kMostDigits) throw RegexRefusal("The regular expression repeats too often.");
+        if (++digits > kMaxDigits) throw RegexRefusal("The regular expression repeats too often.");
         counts[which] = counts[which] * 10 + static_cast<std::uint64_t>(c - W('0'));
       } else {
         break;

@@ -86,7 +86,7 @@ void ReplaceRules::Apply(WString& text) {
                                       : ReplacePlain(rule, text);
       if (changed) text.swap(result_);
     } catch (const std::regex_error&) {
-      ++gaveUp_;  // the text remains unchanged; the next pair is applied
+      ++abortedSearches_;  // the text remains unchanged; the next pair is applied
     }
   }
 }

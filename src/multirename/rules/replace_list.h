@@ -44,7 +44,7 @@ class ReplaceRules {
   void Apply(WString& text);
 
   // Returns how often a pair left a text unchanged because its search exceeded the limits.
-  std::size_t GaveUp() const { return gaveUp_; }
+  std::size_t AbortedSearches() const { return abortedSearches_; }
 
  private:
   struct Rule {
@@ -59,7 +59,7 @@ class ReplaceRules {
 
   std::vector<Rule> rules_;  // without those that have no effect
   u32 flags_;
-  std::size_t gaveUp_ = 0;
+  std::size_t abortedSearches_ = 0;
   WString result_;
 };
 

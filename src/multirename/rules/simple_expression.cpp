@@ -11,7 +11,7 @@ namespace {
 
 // The limit of one Replace. The library counts about ten steps for each one counted here, and allows a
 // million.
-constexpr std::uint32_t kMostSimpleSteps = 20'000;
+constexpr std::uint32_t kMaxSimpleSteps = 20'000;
 constexpr std::uint32_t kNoMark = std::numeric_limits<std::uint32_t>::max();
 
 void AppendWithin(WString& text, std::size_t most, WStringView part) {
@@ -22,7 +22,7 @@ bool IsFormatDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
 
 }  // namespace
 
-const SimpleExpression::Atom::Block& SimpleExpression::Atom::AskFor(WCHAR c) const {
+const SimpleExpression::Atom::Block& SimpleExpression::Atom::FillBlock(WCHAR c) const {
   using namespace std::regex_constants;
   std::wregex regex;
   regex.imbue(std::locale::classic());
@@ -45,12 +45,12 @@ void SimpleExpression::Mark(std::size_t index, std::size_t position) const {
 std::size_t SimpleExpression::EndOfRepeat(const Node& node, WStringView text, std::size_t position) const {
   const Atom& atom = atoms_[node.number];
   const std::size_t end = std::min<std::size_t>(text.size(), position + node.most);
-  while (position < end && atom.Takes(text[position])) ++position;
+  while (position < end && atom.Matches(text[position])) ++position;
   return position;
 }
 
 // Returns to the last choice that has another path to try. Returns false if there is none.
-bool SimpleExpression::TakeBack(WStringView text, std::uint16_t& node, std::size_t& position) const {
+bool SimpleExpression::Backtrack(WStringView text, std::uint16_t& node, std::size_t& position) const {
   while (!choices_.empty()) {
     Choice& choice = choices_.back();
     switch (choice.kind) {
@@ -69,7 +69,7 @@ bool SimpleExpression::TakeBack(WStringView text, std::uint16_t& node, std::size
         return true;
       case Choice::kLonger: {
         const Atom& atom = atoms_[nodes_[choice.node].number];
-        if (choice.position == choice.bound || !atom.Takes(text[choice.position])) break;
+        if (choice.position == choice.bound || !atom.Matches(text[choice.position])) break;
         position = ++choice.position;
         node = nodes_[choice.node].next;
         return true;
@@ -87,7 +87,7 @@ SimpleExpression::Found SimpleExpression::MatchAt(WStringView text, std::size_t 
   std::uint16_t at = start_;
   std::size_t position = begin;
   for (;;) {
-    if (++steps > kMostSimpleSteps) return Found::kUnknown;
+    if (++steps > kMaxSimpleSteps) return Found::kUnknown;
     const Node& node = nodes_[at];
     bool isMatch = true;
     switch (node.operation) {
@@ -96,7 +96,7 @@ SimpleExpression::Found SimpleExpression::MatchAt(WStringView text, std::size_t 
         marks_[1] = static_cast<std::uint32_t>(position);
         return Found::kYes;
       case Operation::kAtom:
-        isMatch = position < text.size() && atoms_[node.number].Takes(text[position]);
+        isMatch = position < text.size() && atoms_[node.number].Matches(text[position]);
         ++position;
         break;
       case Operation::kRepeat: {
@@ -129,7 +129,7 @@ SimpleExpression::Found SimpleExpression::MatchAt(WStringView text, std::size_t 
         break;
     }
     at = node.next;
-    if (!isMatch && !TakeBack(text, at, position)) return Found::kNo;
+    if (!isMatch && !Backtrack(text, at, position)) return Found::kNo;
   }
 }
 
@@ -178,12 +178,12 @@ void SimpleExpression::AppendReplacement(WStringView text, std::size_t copied, c
 
 SimpleExpression::Outcome SimpleExpression::Replace(WStringView text, const std::wstring& format,
                                                     std::size_t most, WString& result) const {
-  if (text.size() > kMostSimpleText) return Outcome::kUnknown;
+  if (text.size() > kMaxSimpleText) return Outcome::kUnknown;
   std::uint32_t steps = 0;
   std::size_t copied = 0;
   bool isReplaced = false;
   for (std::size_t begin = 0; begin < text.size();) {
-    if (firstAtom_ && !atoms_[*firstAtom_].Takes(text[begin])) {
+    if (firstAtom_ && !atoms_[*firstAtom_].Matches(text[begin])) {
       ++begin;
       continue;
     }

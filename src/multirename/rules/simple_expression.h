@@ -20,7 +20,7 @@ namespace Velmora::SDK {
 
 // The longest text that is matched here. Tests check that the library can match each simple expression
 // against it.
-constexpr std::size_t kMostSimpleText = 200;
+constexpr std::size_t kMaxSimpleText = 200;
 
 class SimpleExpression {
  public:
@@ -41,16 +41,16 @@ class SimpleExpression {
    public:
     Atom(std::wstring source, bool ignoreCase) : source_(std::move(source)), ignoreCase_(ignoreCase) {}
     const std::wstring& Source() const { return source_; }
-    bool Takes(WCHAR c) const {
+    bool Matches(WCHAR c) const {
       const std::unique_ptr<Block>& block = blocks_[c / kBlockSize];
-      return (block ? *block : AskFor(c)).test(c % kBlockSize);
+      return (block ? *block : FillBlock(c)).test(c % kBlockSize);
     }
 
    private:
     static constexpr std::size_t kBlockSize = 256;
     using Block = std::bitset<kBlockSize>;
 
-    const Block& AskFor(WCHAR c) const;
+    const Block& FillBlock(WCHAR c) const;
 
     std::wstring source_;
     bool ignoreCase_;
@@ -81,7 +81,7 @@ class SimpleExpression {
   enum class Found { kYes, kNo, kUnknown };
 
   Found MatchAt(WStringView text, std::size_t begin, std::uint32_t& steps) const;
-  bool TakeBack(WStringView text, std::uint16_t& node, std::size_t& position) const;
+  bool Backtrack(WStringView text, std::uint16_t& node, std::size_t& position) const;
   std::size_t EndOfRepeat(const Node& node, WStringView text, std::size_t position) const;
   void Mark(std::size_t index, std::size_t position) const;
   void AppendReplacement(WStringView text, std::size_t copied, const std::wstring& format, std::size_t most,

@@ -10,9 +10,9 @@ namespace Velmora::SDK {
 namespace {
 
 // With these limits, the library's stack suffices for the longest text that is matched here.
-constexpr std::size_t kMostSimpleAtoms = 48;
-constexpr std::size_t kMostSimpleNodes = 160;
-constexpr std::uint16_t kMostSimpleCount = 100;
+constexpr std::size_t kMaxSimpleAtoms = 48;
+constexpr std::size_t kMaxSimpleNodes = 160;
+constexpr std::uint16_t kMaxSimpleCount = 100;
 constexpr std::uint16_t kNoSimpleLimit = 10'000;  // more than the length of any text
 
 constexpr WStringView kSimpleMarks = W("^$\\.*+?()[]{}|");
@@ -37,7 +37,7 @@ class SimpleExpressionParser {
 
   std::optional<SimpleExpression> Parse() {
     const std::optional<Part> whole = Alternatives();
-    if (!whole || !rest_.empty() || whole->leastSize == 0 || Count() > kMostSimpleNodes) return std::nullopt;
+    if (!whole || !rest_.empty() || whole->minSize == 0 || Count() > kMaxSimpleNodes) return std::nullopt;
     Join(*whole, Add(Operation::kAccept));
     made_.start_ = whole->first;
     made_.firstAtom_ = FirstAtom();
@@ -54,7 +54,7 @@ class SimpleExpressionParser {
   struct Part {
     std::uint16_t first = 0;
     std::vector<std::uint16_t> ends;
-    std::size_t leastSize = 0;
+    std::size_t minSize = 0;
   };
 
   std::size_t Count() const { return made_.nodes_.size(); }
@@ -87,7 +87,7 @@ class SimpleExpressionParser {
     At(either).other = others->first;
     all->first = either;
     all->ends.insert(all->ends.end(), others->ends.begin(), others->ends.end());
-    all->leastSize = std::min(all->leastSize, others->leastSize);
+    all->minSize = std::min(all->minSize, others->minSize);
     return all;
   }
 
@@ -95,14 +95,14 @@ class SimpleExpressionParser {
     std::optional<Part> all;
     while (!rest_.empty() && rest_.front() != W('|') && rest_.front() != W(')')) {
       const std::optional<Part> part = Item();
-      if (!part || Count() > kMostSimpleNodes) return std::nullopt;
+      if (!part || Count() > kMaxSimpleNodes) return std::nullopt;
       if (!all) {
         all = part;
         continue;
       }
       Join(*all, part->first);
       all->ends = part->ends;
-      all->leastSize += part->leastSize;
+      all->minSize += part->minSize;
     }
     return all;  // std::nullopt if empty, which is not simple
   }
@@ -119,7 +119,7 @@ class SimpleExpressionParser {
     return Single(node, At(node).operation == Operation::kAtom ? 1 : At(node).least);
   }
 
-  static Part Single(std::uint16_t node, std::size_t leastSize) { return {node, {node}, leastSize}; }
+  static Part Single(std::uint16_t node, std::size_t minSize) { return {node, {node}, minSize}; }
 
   std::optional<Part> Group() {
     const bool isCaptured = !rest_.starts_with(W('?'));
@@ -134,7 +134,7 @@ class SimpleExpressionParser {
     At(open).number = At(close).number = number;
     At(open).next = inner->first;
     Join(*inner, close);
-    return Part{open, {close}, inner->leastSize};
+    return Part{open, {close}, inner->minSize};
   }
 
   bool IsCountNext() const {
@@ -176,7 +176,7 @@ class SimpleExpressionParser {
   // Atoms with the same source share one entry, and with it the characters already determined.
   std::optional<std::uint16_t> AtomNumber() {
     const std::optional<WString> source = AtomSource();
-    if (!source || ++atoms_ > kMostSimpleAtoms) return std::nullopt;
+    if (!source || ++atoms_ > kMaxSimpleAtoms) return std::nullopt;
     const std::wstring wide(source->begin(), source->end());
     auto& known = made_.atoms_;
     const auto found =
@@ -193,7 +193,7 @@ class SimpleExpressionParser {
     for (const WCHAR c : rest_.substr(0, size))
       number = static_cast<std::uint16_t>(number * 10 + (c - W('0')));
     rest_.remove_prefix(size);
-    if (number > kMostSimpleCount) return std::nullopt;
+    if (number > kMaxSimpleCount) return std::nullopt;
     return number;
   }
 

@@ -40,10 +40,10 @@ WString DateText(const MultiRenameUndo& session);
 // Passes the text of the session's file to `write`, in pieces: UTF-16 without a byte order mark (C-651).
 void WriteUndoText(const MultiRenameUndo& session, const std::function<void(WStringView)>& write);
 
-// Reads a session from the bytes of such a file; only the first kMostOfUndoFile bytes are used. Returns null
-// if they are not UTF-16 or contain no entries. Skips lines that are not valid entries, whatever number of
-// items the file states (C-652). Does not set fileName.
+// Reads a session from the bytes of such a file; only the first kMaxUndoFileBytes bytes are used. Returns
+// null if they are not UTF-16 or contain no entries. Skips lines that are not valid entries, whatever number
+// of items the file states (C-652). Does not set fileName.
 std::unique_ptr<MultiRenameUndo> ReadUndoText(std::span<const std::uint8_t> bytes);
-constexpr std::size_t kMostOfUndoFile = 0x500000;
+constexpr std::size_t kMaxUndoFileBytes = 0x500000;
 
 }  // namespace Velmora::SDK

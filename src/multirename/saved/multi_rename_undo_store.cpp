@@ -13,7 +13,7 @@ namespace {
 constexpr u32 kConfigPathSize = 4096;
 
 // Appended to the file's name for the copy that is complete while the file itself is overwritten.
-constexpr const WCHAR* kBeside = W(".new");
+constexpr const WCHAR* kNewFileSuffix = W(".new");
 
 // Returns the bytes of a file; empty if it cannot be opened. Reads one byte more than ReadUndoText uses,
 // which shows that the file is longer.
@@ -23,7 +23,7 @@ std::vector<std::uint8_t> ReadUndoBytes(const WString& path) {
   std::vector<std::uint8_t> bytes;
   LARGE_INTEGER size{};
   if (!file.IsOpen() || !GetFileSizeEx(file.Get(), &size)) return bytes;
-  bytes.resize(static_cast<std::size_t>(std::clamp<s64>(size.QuadPart, 0, kMostOfUndoFile + 1)));
+  bytes.resize(static_cast<std::size_t>(std::clamp<s64>(size.QuadPart, 0, kMaxUndoFileBytes + 1)));
   DWORD read = 0;
   if (!ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr)) read = 0;
   bytes.resize(std::min<std::size_t>(read, bytes.size()));
@@ -107,16 +107,16 @@ void MultiRenameUndoStore::Save(MultiRenameUndo& session) const {
   }
   // The existing file is the only record of its run until another file is complete. As it may be open
   // elsewhere, it is overwritten and not replaced by a move.
-  const WString beside = path + kBeside;
-  if (!WriteUndoFile(beside, session)) return;
+  const WString newPath = path + kNewFileSuffix;
+  if (!WriteUndoFile(newPath, session)) return;
   if (WriteUndoFile(path, session) || PathExists(path)) {
-    DeleteFileW(beside.c_str());
-  } else if (!MoveFileW(beside.c_str(), path.c_str())) {
-    session.fileName += kBeside;
+    DeleteFileW(newPath.c_str());
+  } else if (!MoveFileW(newPath.c_str(), path.c_str())) {
+    session.fileName += kNewFileSuffix;
   }
 }
 
-bool MultiRenameUndoStore::Holds(const MultiRenameUndo* session) const {
+bool MultiRenameUndoStore::Contains(const MultiRenameUndo* session) const {
   return std::ranges::any_of(sessions, [session](const auto& own) { return own.get() == session; });
 }
 

@@ -37,7 +37,7 @@ class MultiRenameUndoStore {
   void DeleteAll();
 
   // Returns whether the session is in the store. Does not dereference the pointer.
-  bool Holds(const MultiRenameUndo* session) const;
+  bool Contains(const MultiRenameUndo* session) const;
 
   // Returns the path of the session's file.
   WString PathOf(MultiRenameUndo& session) const;

@@ -14,7 +14,8 @@ WString PairCell(WStringView value) {
 
 std::optional<std::pair<WString, WString>> PairRow(WStringView find, WStringView replace) {
   if (find.empty()) return std::nullopt;
-  return std::pair(PairCell(find.substr(0, kMostOfPairField)), PairCell(replace.substr(0, kMostOfPairField)));
+  return std::pair(PairCell(find.substr(0, kMaxPairFieldChars)),
+                   PairCell(replace.substr(0, kMaxPairFieldChars)));
 }
 
 SearchAndReplaceItems PairRows(const SearchAndReplaceItems& items) {
@@ -26,7 +27,7 @@ SearchAndReplaceItems PairRows(const SearchAndReplaceItems& items) {
 
 SearchAndReplaceItems CollectSearchItems(const SearchAndReplaceItems& rows, bool stripQuotes) {
   const auto collected = [stripQuotes](WStringView cell) {
-    cell = cell.substr(0, kMostOfPairCell);
+    cell = cell.substr(0, kMaxPairCellChars);
     return WString(stripQuotes ? Trimmed(cell, W("\"")) : cell);
   };
   SearchAndReplaceItems items;
@@ -46,7 +47,7 @@ WString PairDialogText(const SearchAndReplaceItems& items) {
 
 SearchAndReplaceItems ParsePairDialog(WStringView text) {
   constexpr WStringView kPairTrim = W("\t\r\n\"");
-  text = text.substr(0, kMostOfPairDialog);
+  text = text.substr(0, kMaxPairDialogChars);
   SearchAndReplaceItems items;
   while (!text.empty()) {
     const WStringView line = text.substr(0, text.find(W('\n')));

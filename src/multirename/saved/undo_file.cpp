@@ -26,19 +26,19 @@ constexpr WStringView kFilesSection = W("[FILES]");
 s64 LeadingSeconds(WStringView text) {
   const bool isNegative = text.starts_with(W('-'));
   if (isNegative || text.starts_with(W('+'))) text.remove_prefix(1);
-  constexpr s64 kBeyond = s64{1} << 56;  // beyond every date
+  constexpr s64 kSaturated = s64{1} << 56;  // beyond every date
   s64 number = 0;
   for (const WCHAR c : text) {
     if (c < W('0') || c > W('9')) break;
-    number = std::min(number * 10 + (c - W('0')), kBeyond);
+    number = std::min(number * 10 + (c - W('0')), kSaturated);
   }
   return isNegative ? -number : number;
 }
 
 bool IsUtf16(std::span<const std::uint8_t> bytes) {
-  constexpr std::size_t kLooked = 10;
-  if (bytes.size() < kLooked) return false;
-  for (std::size_t at = 0; at < kLooked; ++at) {
+  constexpr std::size_t kCheckedBytes = 10;
+  if (bytes.size() < kCheckedBytes) return false;
+  for (std::size_t at = 0; at < kCheckedBytes; ++at) {
     if ((bytes[at] == 0) != (at % 2 == 1)) return false;
   }
   return true;
@@ -46,7 +46,7 @@ bool IsUtf16(std::span<const std::uint8_t> bytes) {
 
 // Stores the text up to its first null character. Returns false if the bytes are not UTF-16.
 bool DecodeUndoFile(std::span<const std::uint8_t> bytes, WString& text) {
-  bytes = bytes.first(std::min(bytes.size(), kMostOfUndoFile));
+  bytes = bytes.first(std::min(bytes.size(), kMaxUndoFileBytes));
   if (bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE)
     bytes = bytes.subspan(2);
   else if (!IsUtf16(bytes))
@@ -134,7 +134,7 @@ std::unique_ptr<MultiRenameUndo> ReadUndoText(std::span<const std::uint8_t> byte
   WString text;
   if (!DecodeUndoFile(bytes, text)) return nullptr;
   auto session = std::make_unique<MultiRenameUndo>();
-  session->isPartOfFile = bytes.size() > kMostOfUndoFile;
+  session->isPartOfFile = bytes.size() > kMaxUndoFileBytes;
   UndoSection section = UndoSection::kNone;
   WStringView rest = text;
   for (WStringView line; TakeUndoLine(rest, line);) {

@@ -4,7 +4,8 @@
 //   MRM_EDIT_FKEY          A function key was pressed, without or with Shift. First parameter: its number
 //   MRM_EDIT_SHIFT_FKEY    from 1 to 24; second: the field's window.
 //   MRM_EDIT_FILE_DROPPED  Files were dropped on the field. First parameter: the field's window; second:
-//                          the path of the first file, a const WCHAR*, cut at kMostOfDroppedPath characters.
+//                          the path of the first file, a const WCHAR*, cut at kMaxDroppedPathChars
+//                          characters.
 #pragma once
 
 #include "platform/windows_api.h"

@@ -52,7 +52,7 @@ bool CDropEdit::TakeDrop(HWND edit, HDROP drop) {
   // Elsewhere on the window, such as on a scroll bar, the position is relative to the screen.
   if (!DragQueryPoint(drop, &place) || !GetClientRect(edit, &client) || !PtInRect(&client, place))
     return false;
-  std::array<WCHAR, kMostOfDroppedPath + 1> path = {};
+  std::array<WCHAR, kMaxDroppedPathChars + 1> path = {};
   const UINT length = DragQueryFileW(drop, 0, path.data(), static_cast<UINT>(path.size()));
   DragFinish(drop);
   if (length > 0) {

@@ -15,10 +15,10 @@ static_assert(sizeof(WINDOWPLACEMENT) == 44);
 constexpr UINT kPlaceOnly = 128;
 
 // The range of window positions.
-constexpr LONG kLeastPosition = -32768;
-constexpr LONG kMostPosition = 32767;
+constexpr LONG kMinPosition = -32768;
+constexpr LONG kMaxPosition = 32767;
 
-bool IsPosition(LONG position) { return position >= kLeastPosition && position <= kMostPosition; }
+bool IsPosition(LONG position) { return position >= kMinPosition && position <= kMaxPosition; }
 
 // Reduces a size that was stored for a larger screen.
 void LimitToWorkArea(HWND frame) {

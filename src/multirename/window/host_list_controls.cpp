@@ -16,7 +16,7 @@ Interface* ServiceOfControl(IHostApp& host, u32 kind, HWND control) {
 }
 
 template <typename Interface>
-void GiveBackService(IHostApp& host, Interface*& service) {
+void ReleaseHostService(IHostApp& host, Interface*& service) {
   if (Interface* const given = std::exchange(service, nullptr)) host.ReleaseService(given, 0);
 }
 
@@ -48,7 +48,7 @@ bool HostListControls::OpenList(u32 width, u32 rowHeight, CListCtrlCallback::Han
 
 void HostListControls::CloseList() {
   listWindow_ = nullptr;
-  GiveBackService(host_, list_);
+  ReleaseHostService(host_, list_);
 }
 
 void HostListControls::Undock() {
@@ -57,7 +57,7 @@ void HostListControls::Undock() {
 
 void HostListControls::CloseContainer() {
   containerWindow_ = nullptr;
-  GiveBackService(host_, container_);
+  ReleaseHostService(host_, container_);
 }
 
 }  // namespace Velmora::SDK

@@ -57,12 +57,12 @@ class HostListControls {
 
   // Returns both to the host and undocks what is docked.
   void Close() {
-    CloseBy([](auto call) { call(); });
+    CloseWith([](auto call) { call(); });
   }
   // Does the same, but makes each call of the host with `run(call)`, so that an exception of one call does
   // not prevent the others.
   template <typename Run>
-  void CloseBy(Run run) {
+  void CloseWith(Run run) {
     run([this] { CloseList(); });
     run([this] { Undock(); });
     run([this] { CloseContainer(); });

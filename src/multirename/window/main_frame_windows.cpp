@@ -100,8 +100,8 @@ bool MainFrame::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_GETMINMAXINFO:
       reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {
-          MulDiv(FrameLayout::kLeastWidth, scale_, USER_DEFAULT_SCREEN_DPI),
-          MulDiv(FrameLayout::kLeastHeight, scale_, USER_DEFAULT_SCREEN_DPI)};
+          MulDiv(FrameLayout::kMinWidth, scale_, USER_DEFAULT_SCREEN_DPI),
+          MulDiv(FrameLayout::kMinHeight, scale_, USER_DEFAULT_SCREEN_DPI)};
       return true;
     case WM_SIZE:
       OnSize();
@@ -136,7 +136,7 @@ bool MainFrame::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
       window_ = statusBar_ = client_ = focus_ = nullptr;
       // The owner may destroy the frame in this call; do not use it afterwards.
-      if (events_.gone) events_.gone();
+      if (events_.destroyed) events_.destroyed();
       return false;
     default:
       return false;

@@ -18,9 +18,9 @@ class MainFrame final : public FrameView, public MessageFilter, public IdleHandl
 
   // The functions that the frame calls; each may be empty.
   struct Events {
-    std::function<void()> endBoxes;  // WM_CLOSE arrived while a form runs a dialog, box or menu
-    std::function<void()> destroy;   // WM_DESTROY; the controls still exist
-    std::function<void()> gone;      // the window no longer exists
+    std::function<void()> endBoxes;   // WM_CLOSE arrived while a form runs a dialog, box or menu
+    std::function<void()> destroy;    // WM_DESTROY; the controls still exist
+    std::function<void()> destroyed;  // the window no longer exists
     std::function<void(int pixelsOfAnInch)> setScale;
   };
 

@@ -12,7 +12,7 @@ constexpr UINT kSystemTimer = 280;  // blinks carets
 // Messages that are repeated without any change. They do not start the idle handlers.
 constexpr UINT kMessagesWithoutIdle[] = {WM_PAINT, WM_NCMOUSEMOVE, kSystemTimer, WM_MOUSEMOVE};
 
-bool LeadsToIdle(UINT message) {
+bool TriggersIdle(UINT message) {
   return std::ranges::find(kMessagesWithoutIdle, message) == std::end(kMessagesWithoutIdle);
 }
 
@@ -47,7 +47,7 @@ int MessageLoop::Run() {
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }
-    isIdleDue = LeadsToIdle(message.message);
+    isIdleDue = TriggersIdle(message.message);
   }
 }
 

@@ -25,28 +25,29 @@ bool MultiRenameGUIThread::Create() {
   return true;
 }
 
-MultiRenameGUIThread::Word MultiRenameGUIThread::WaitForWord(DWORD milliseconds) {
+MultiRenameGUIThread::StartResult MultiRenameGUIThread::WaitForStart(DWORD milliseconds) {
   std::unique_lock lock(mutex_);
-  spoken_.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return word_ != Word::kNone; });
+  startReported_.wait_for(lock, std::chrono::milliseconds(milliseconds),
+                          [this] { return startResult_ != StartResult::kNone; });
   isAwaited_ = false;
-  return word_;
+  return startResult_;
 }
 
-void MultiRenameGUIThread::Say(Word word) {
+void MultiRenameGUIThread::ReportStart(StartResult word) {
   bool isLate = false;
   {
     const std::lock_guard lock(mutex_);
-    hasSpoken_ = true;
-    word_ = word;
+    isStartReported_ = true;
+    startResult_ = word;
     isLate = !isAwaited_;
-    spoken_.notify_all();
+    startReported_.notify_all();
   }
-  if (isLate && word == Word::kFailed) owner_.OnLateFailure();
+  if (isLate && word == StartResult::kFailed) owner_.OnLateFailure();
 }
 
-void MultiRenameGUIThread::SayFailed() {
+void MultiRenameGUIThread::ReportStartFailure() {
   try {
-    if (!hasSpoken_) Say(Word::kFailed);
+    if (!isStartReported_) ReportStart(StartResult::kFailed);
   } catch (...) {  // the host threw; it is sent a command after a late failure
   }
 }
@@ -71,7 +72,7 @@ DWORD MultiRenameGUIThread::ThreadMain(LPVOID thread) {
     exitCode = self.Run();
   } catch (...) {
     // An existing window has been closed. Without one, the main thread may still be waiting for the result.
-    self.SayFailed();
+    self.ReportStartFailure();
   }
   self.owner_.OnThreadEnd();
   return static_cast<DWORD>(exitCode);
@@ -84,10 +85,10 @@ int MultiRenameGUIThread::Run() {
   const ComApartment apartment;
   const std::unique_ptr<RenameWindow> window = MakeWindow(loop);
   if (!window) {
-    Say(Word::kFailed);
+    ReportStart(StartResult::kFailed);
     return 0;
   }
-  Say(Word::kOpened);
+  ReportStart(StartResult::kOpened);
   if (isQuitWanted_) PostMessageW(window->Frame(), WM_CLOSE, 0, 0);
   return loop.Run();
 }

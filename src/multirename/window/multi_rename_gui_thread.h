@@ -21,7 +21,7 @@ class RenameThreadOwner : public RenameWindowOwner {
   virtual void OnThreadEnd() = 0;
   // The window exists but is not visible yet. Null: the window is destroyed again, as it could not be shown.
   virtual void OnWindowMade(RenameWindow* window) = 0;
-  // The window could not be created, and WaitForWord has already returned.
+  // The window could not be created, and WaitForStart has already returned.
   virtual void OnLateFailure() = 0;
   // A command was posted to the thread.
   virtual void OnThreadCommand(s32 number, std::intptr_t a, std::intptr_t b) = 0;
@@ -42,10 +42,10 @@ class MultiRenameGUIThread final : private MessageFilter {
   bool Create();
 
   // The state of the window as the thread reports it.
-  enum class Word { kNone, kOpened, kFailed };
+  enum class StartResult { kNone, kOpened, kFailed };
   // Waits until the thread reports the state and returns it. Returns kNone if the time ends first; a later
   // failure is reported to OnLateFailure.
-  Word WaitForWord(DWORD milliseconds);
+  StartResult WaitForStart(DWORD milliseconds);
 
   // Ends the loop after the messages that are already waiting. A window that is still being created is closed
   // as soon as it exists.
@@ -58,8 +58,8 @@ class MultiRenameGUIThread final : private MessageFilter {
   static DWORD ThreadMain(LPVOID thread);
   int Run();
   std::unique_ptr<RenameWindow> MakeWindow(MessageLoop& loop);
-  void Say(Word word);
-  void SayFailed();
+  void ReportStart(StartResult word);
+  void ReportStartFailure();
   void RunCommand(const MSG& message);
   // Handles messages of the thread itself.
   bool FilterMessage(MSG& message) override;
@@ -68,10 +68,10 @@ class MultiRenameGUIThread final : private MessageFilter {
   HANDLE thread_ = nullptr;
   DWORD number_ = 0;
   std::atomic<bool> isQuitWanted_{false};
-  bool hasSpoken_ = false;  // used by the thread only
-  std::mutex mutex_;        // protects the members below
-  std::condition_variable spoken_;
-  Word word_ = Word::kNone;
+  bool isStartReported_ = false;  // used by the thread only
+  std::mutex mutex_;              // protects the members below
+  std::condition_variable startReported_;
+  StartResult startResult_ = StartResult::kNone;
   bool isAwaited_ = true;
 };
 

@@ -54,12 +54,12 @@ constexpr Stretch kStretches[] = {
     {kCloseButton, 8, 0},
 };
 
-// Buttons beside combo boxes, whose height depends on the font.
-struct BesideBox {
+// Buttons next to combo boxes, whose height depends on the font.
+struct ButtonOfBox {
   int button;
   int box;
 };
-constexpr BesideBox kBesideBoxes[] = {
+constexpr ButtonOfBox kButtonsOfBoxes[] = {
     {kNameTags, kNameTemplate}, {kExtensionTags, kExtensionTemplate}, {kDeleteProfile, kProfileBox}};
 
 // Restores the selection in the edit field of a combo box when destroyed. Resizing a combo box selects its
@@ -119,12 +119,12 @@ void PanelStretch::Attach(HWND panel, int pixelsOfAnInch) {
     places_.push_back(
         {number, PlaceOf(panel, control), isStretched ? row->moved : 0, isStretched ? row->widened : 0});
   }
-  for (const auto& [button, box] : kBesideBoxes) {
+  for (const auto& [button, box] : kButtonsOfBoxes) {
     const auto place = std::ranges::find(places_, button, &Place::control);
     if (place == places_.end()) continue;
-    const RECT beside = ClosedPlaceOf(panel, GetDlgItem(panel, box));
-    place->area.top = beside.top;
-    place->area.bottom = beside.bottom;
+    const RECT boxPlace = ClosedPlaceOf(panel, GetDlgItem(panel, box));
+    place->area.top = boxPlace.top;
+    place->area.bottom = boxPlace.bottom;
   }
 }
 

@@ -75,21 +75,21 @@ s32 QXMultiRename::StartOrRefresh() {
   ShowSelection(std::move(rows));
   if (!engine_->worker.Start()) return 0;
   engine_->propertyManager = host->GetPropertyManager();
-  if (isThreadLeft_ && guiThread_ && guiThread_->WaitForEnd(0)) guiThread_.reset();
+  if (isThreadRunning_ && guiThread_ && guiThread_->WaitForEnd(0)) guiThread_.reset();
   return guiThread_ ? 1 : StartThread();
 }
 
 s32 QXMultiRename::StartThread() {
   context_->hostClosing = false;
-  isThreadLeft_ = false;
+  isThreadRunning_ = false;
   guiThread_.reset(new MultiRenameGUIThread(*this));
   if (!guiThread_->Create()) {
     guiThread_.reset();
     return 0;
   }
-  if (guiThread_->WaitForWord(waits.start) != MultiRenameGUIThread::Word::kFailed) return 1;
-  isThreadLeft_ = !guiThread_->WaitForEnd(waits.shutdown);
-  if (!isThreadLeft_) guiThread_.reset();
+  if (guiThread_->WaitForStart(waits.start) != MultiRenameGUIThread::StartResult::kFailed) return 1;
+  isThreadRunning_ = !guiThread_->WaitForEnd(waits.shutdown);
+  if (!isThreadRunning_) guiThread_.reset();
   return 0;
 }
 
@@ -132,8 +132,8 @@ s32 QXMultiRename::OnShutdown(std::intptr_t) {
   AskToClose();
   // If the thread does not end in time, its object is not freed now. Delete waits for it again, and a later
   // command frees it.
-  isThreadLeft_ = guiThread_ && !guiThread_->WaitForEnd(waits.shutdown);
-  if (!isThreadLeft_) guiThread_.reset();
+  isThreadRunning_ = guiThread_ && !guiThread_->WaitForEnd(waits.shutdown);
+  if (!isThreadRunning_) guiThread_.reset();
   if (host) host->ExtensionClosed();
   return 0;
 }
@@ -166,7 +166,7 @@ void QXMultiRename::OnWindowClosed() {
 
 void MultiRenameCloser::operator()(QXMultiRename* extension) const {
   if (!extension) return;
-  if (extension->WaitForWindow(patience)) {
+  if (extension->WaitForWindow(timeout)) {
     delete extension;
   } else {
     PinModule();

@@ -71,17 +71,17 @@ class QXMultiRename final : public PluginBase, private RenameThreadOwner {
   RenameWindow* mainFrame_ = nullptr;              // used by the window's thread
   std::atomic<HWND> frame_{nullptr};               // the window's handles, for the other threads
   std::atomic<HWND> panel_{nullptr};
-  std::atomic<DWORD> guiThreadId_{0};      // 0 if there is no thread
-  std::atomic<bool> isThreadLeft_{false};  // the thread did not end in time
+  std::atomic<DWORD> guiThreadId_{0};         // 0 if there is no thread
+  std::atomic<bool> isThreadRunning_{false};  // the thread did not end in time
   std::unique_ptr<MultiRenameGUIThread> guiThread_;
 };
 
-// Deletes the object after its window's thread has ended, for which it waits at most `patience`. If the
+// Deletes the object after its window's thread has ended, for which it waits at most `timeout`. If the
 // thread is still running then, in a box of the host, the object is never freed and the module stays loaded.
 struct MultiRenameCloser {
   void operator()(QXMultiRename* extension) const;
 
-  DWORD patience = 4000;  // milliseconds
+  DWORD timeout = 4000;  // milliseconds
 };
 
 }  // namespace Velmora::SDK

@@ -164,7 +164,7 @@ class RenameDialog final : public Ui::Dialog {
   }
   int FirstField() const override { return view_.Focus(); }
   void OnPlace() override {
-    if (resource_ != kFindReplaceDialog || !PlaceBesidePairButton()) Dialog::OnPlace();
+    if (resource_ != kFindReplaceDialog || !PlaceAtPairButton()) Dialog::OnPlace();
   }
 
   void OnScale(int pixelsOfAnInch) override {
@@ -177,7 +177,7 @@ class RenameDialog final : public Ui::Dialog {
   void OnCancel() override { form_.Press(kDialogCancel); }
   bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
-  bool PlaceBesidePairButton();
+  bool PlaceAtPairButton();
 
   int resource_;
   DialogForm& form_;
@@ -212,7 +212,7 @@ bool RenameDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 // Returns false if the button does not exist.
-bool RenameDialog::PlaceBesidePairButton() {
+bool RenameDialog::PlaceAtPairButton() {
   const HWND button = FindPairButton(GetWindow(Window(), GW_OWNER));
   RECT place = {};
   RECT panel = {};

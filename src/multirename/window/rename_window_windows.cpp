@@ -52,7 +52,7 @@ class FrameWithPanel final : public RenameWindow {
 
  private:
   void OnDestroy();
-  void OnGone() {
+  void OnDestroyed() {
     if (isOpen_) calls_.Run([this] { owner_.OnWindowClosed(); });
   }
   void EndBoxes() {
@@ -82,7 +82,7 @@ class FrameWithPanel final : public RenameWindow {
 
 bool FrameWithPanel::Open() {
   const Ui::CommonControlsScope controls;
-  frame_.SetEvents({[this] { EndBoxes(); }, [this] { OnDestroy(); }, [this] { OnGone(); },
+  frame_.SetEvents({[this] { EndBoxes(); }, [this] { OnDestroy(); }, [this] { OnDestroyed(); },
                     [this](int pixelsOfAnInch) { SetScale(pixelsOfAnInch); }});
   if (!frame_.Create() || !lists_.OpenContainer(frame_.Window())) return false;
   frame_.SetClient(lists_.ContainerWindow());
@@ -125,7 +125,7 @@ void FrameWithPanel::OnDestroy() {
     calls_.Run([this] { panelForm_.Close(); });
     calls_.Run([this] { form_.Close(); });
   }
-  lists_.CloseBy([this](auto call) { calls_.Run(call); });
+  lists_.CloseWith([this](auto call) { calls_.Run(call); });
   panel_.DestroyHandle();
   if (isOpen_) calls_.Run([this] { StorePlacement(context_.host, frame_.Window()); });
 }

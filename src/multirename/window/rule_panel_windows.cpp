@@ -211,11 +211,11 @@ void RulePanel::SetEnabled(int control, bool isEnabled) {
   if (!window) return;
   if (!isEnabled && focused == window) {
     // The focus may pass through several controls while all of them are being disabled.
-    if (focused != lentFocus_) lostFocus_ = window;
-    lentFocus_ = FocusedControlOf(Window());
+    if (focused != substituteFocus_) lostFocus_ = window;
+    substituteFocus_ = FocusedControlOf(Window());
   } else if (isEnabled && window == lostFocus_) {
-    if (focused == lentFocus_) controls_.GiveFocus(control);
-    lostFocus_ = lentFocus_ = nullptr;
+    if (focused == substituteFocus_) controls_.GiveFocus(control);
+    lostFocus_ = substituteFocus_ = nullptr;
   }
 }
 

@@ -77,7 +77,7 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   PanelStretch stretch_;
   PanelTips tips_;
   HWND lostFocus_ = nullptr;  // the control that lost the focus by being disabled; null if there is none
-  HWND lentFocus_ = nullptr;  // the control that has the focus instead
+  HWND substituteFocus_ = nullptr;  // the control that has the focus instead
   OpenedList openedList_;
   bool runsDialog_ = false;
 };

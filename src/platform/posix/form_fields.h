@@ -109,8 +109,8 @@ bool Never(const Form&) {
 // Returns the fields of a form. After a field has changed, it calls `follow(form, before)`, which does what
 // the dialog does on such a change; `before` is the form before the change.
 template <typename Form>
-std::vector<FormField> FollowedFields(Form& form, std::span<const RuledField<Form>> rows,
-                                      void (*follow)(Form& form, const Form& before)) {
+std::vector<FormField> UpdatedFields(Form& form, std::span<const RuledField<Form>> rows,
+                                     void (*follow)(Form& form, const Form& before)) {
   std::vector<FormField> fields;
   for (const RuledField<Form>& row : rows) {
     const auto set = [&form, follow, isEnabled = row.isEnabled,

@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr INT_PTR kNoAssociation = 31;  // SE_ERR_NOASSOC
-constexpr DWORD kNobodyToAsk = 1459;    // ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION
-constexpr INT_PTR kMostErrors = 32;     // the highest value that ShellExecuteW returns for a failure
+constexpr INT_PTR kNoAssociation = 31;      // SE_ERR_NOASSOC
+constexpr DWORD kNoInteractiveUser = 1459;  // ERROR_REQUIRES_INTERACTIVE_WINDOWSTATION
+constexpr INT_PTR kMaxErrors = 32;          // the highest value that ShellExecuteW returns for a failure
 
 std::atomic<Platform::UserInterface*> installed{nullptr};
 
@@ -33,14 +33,14 @@ INT_PTR AskForm(FormRequest& form) {
 int MessageBoxW(HWND, const WCHAR* text, const WCHAR* caption, UINT style) {
   if (Platform::FaultFires("MessageBoxW")) return 0;
   Platform::UserInterface* handler = installed.load();
-  return handler ? handler->MessageBox(text, caption, style) : Platform::FailWith(kNobodyToAsk);
+  return handler ? handler->MessageBox(text, caption, style) : Platform::FailWith(kNoInteractiveUser);
 }
 
 HINSTANCE ShellExecuteW(HWND, const WCHAR* verb, const WCHAR* file, const WCHAR* arguments, const WCHAR*,
                         int show) {
   if (Platform::FaultFires("ShellExecuteW")) {
     const INT_PTR error = static_cast<INT_PTR>(GetLastError());
-    return AsInstance(error <= kMostErrors ? error : kNoAssociation);
+    return AsInstance(error <= kMaxErrors ? error : kNoAssociation);
   }
   Platform::UserInterface* handler = installed.load();
   return AsInstance(handler ? handler->ShellExecute(verb, file, arguments, show) : kNoAssociation);

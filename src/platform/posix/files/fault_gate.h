@@ -31,17 +31,17 @@ bool Fires(const char* function, const Arguments& arguments);
 std::optional<DWORD> ShortWrite();
 
 // The output and the result that a test chooses for a function.
-struct Gift {
+struct Injection {
   std::vector<BYTE> bytes;
   DWORD result = ERROR_SUCCESS;
 };
-std::optional<Gift> GiftOf(const char* function);
+std::optional<Injection> InjectedResultOf(const char* function);
 
 // Returns the network name that a test has chosen for all drives; empty for none.
 std::u16string UniversalName();
 
 // Returns whether the FindExInfoBasic search just opened must return its first entry without a name.
-bool LeavesNameOut();
+bool ReturnsNoName();
 
 }  // namespace Platform::Faults
 
@@ -56,9 +56,9 @@ inline bool FaultFires(const char* function, std::uint32_t flags = 0) {
 }
 
 // Returns the output that a test has chosen for `function`, if any.
-inline std::optional<Faults::Gift> GivenByTest(const char* function) {
+inline std::optional<Faults::Injection> InjectedResult(const char* function) {
   if (!Faults::armed.load(std::memory_order_relaxed)) return std::nullopt;
-  return Faults::GiftOf(function);
+  return Faults::InjectedResultOf(function);
 }
 
 }  // namespace Platform

@@ -24,7 +24,7 @@ struct Watched {
   bool repeat = false;
   int callsToAction = 0;  // 0 for no action
   std::function<void()> action;
-  std::optional<Gift> gift;
+  std::optional<Injection> injection;
 };
 
 struct State {
@@ -88,7 +88,7 @@ void Give(const char* function, std::vector<BYTE> bytes, DWORD result) {
   const std::lock_guard lock(state.mutex);
   Watched& watched = state.watched[function];
   StartOver(watched);
-  watched.gift = {std::move(bytes), result};
+  watched.injection = {std::move(bytes), result};
   armed.store(true, std::memory_order_relaxed);
 }
 
@@ -100,7 +100,7 @@ void WriteShort(int nth, DWORD count) {
   armed.store(true, std::memory_order_relaxed);
 }
 
-void LeaveNameOut(int nth) {
+void ReturnNoName(int nth) {
   State& state = TheState();
   const std::lock_guard lock(state.mutex);
   state.searchesToNoName = nth;
@@ -174,7 +174,7 @@ bool Fires(const char* function, const Arguments& arguments) {
   return fails;
 }
 
-std::optional<Gift> GiftOf(const char* function) { return WatchedOf(function).gift; }
+std::optional<Injection> InjectedResultOf(const char* function) { return WatchedOf(function).injection; }
 
 std::optional<DWORD> ShortWrite() {
   State& state = TheState();
@@ -189,7 +189,7 @@ std::u16string UniversalName() {
   return state.universalName;
 }
 
-bool LeavesNameOut() {
+bool ReturnsNoName() {
   if (!armed.load(std::memory_order_relaxed)) return false;
   State& state = TheState();
   const std::lock_guard lock(state.mutex);

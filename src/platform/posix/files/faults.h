@@ -23,7 +23,7 @@ QX_PLATFORM_API void WriteShort(int nth, DWORD count);
 
 // Makes the `nth` FindFirstFileExW call with FindExInfoBasic return its first entry without a name, as some
 // file systems do.
-QX_PLATFORM_API void LeaveNameOut(int nth);
+QX_PLATFORM_API void ReturnNoName(int nth);
 
 // Makes WNetGetUniversalNameW return this network name for every path; the empty text undoes it.
 QX_PLATFORM_API void NameNetwork(std::u16string name);

@@ -203,7 +203,7 @@ HANDLE FindFirstFileExW(const WCHAR* mask, FINDEX_INFO_LEVELS level, void* findD
     FailWith(error);
     return INVALID_HANDLE_VALUE;
   }
-  if (level == FindExInfoBasic && Platform::Faults::LeavesNameOut()) {
+  if (level == FindExInfoBasic && Platform::Faults::ReturnsNoName()) {
     static_cast<WIN32_FIND_DATAW*>(findData)->cFileName[0] = 0;
   }
   return Searches::Instance().Add(std::move(opened));

@@ -11,7 +11,7 @@ constexpr char16_t kBackslashUnit = kByteBase + u'\\';
 constexpr char16_t kFirstByteUnit = kByteBase + 0x80;
 constexpr char16_t kLastByteUnit = kByteBase + 0xFF;
 
-bool StandsForByte(char32_t unit) {
+bool RepresentsByte(char32_t unit) {
   return unit == kBackslashUnit || (unit >= kFirstByteUnit && unit <= kLastByteUnit);
 }
 
@@ -59,7 +59,7 @@ bool AppendNativeName(std::u16string_view name, std::string& bytes) {
     const Utf16Step step = DecodeUtf16(name);
     if (step.valid) {
       AppendUtf8(step.codePoint, bytes);
-    } else if (StandsForByte(step.codePoint)) {
+    } else if (RepresentsByte(step.codePoint)) {
       bytes += static_cast<char>(step.codePoint - kByteBase);
     } else {
       return false;

@@ -10,7 +10,7 @@ constexpr std::u16string_view kAnyExtension = u".*";
 
 // Matches without the rule for ".*". On a mismatch it backtracks to the last "*" only, which then matches one
 // character more.
-bool MatchesPlainly(std::u16string_view mask, std::u16string_view name) {
+bool MatchesMask(std::u16string_view mask, std::u16string_view name) {
   std::size_t maskAt = 0;
   std::size_t nameAt = 0;
   std::size_t star = mask.npos;
@@ -40,10 +40,10 @@ NameMask::NameMask(std::u16string_view mask) : mask_(mask) {
 
 bool NameMask::Matches(std::u16string_view name) const {
   std::u16string_view mask = mask_;
-  if (MatchesPlainly(mask, name)) return true;
+  if (MatchesMask(mask, name)) return true;
   while (mask.size() > kAnyExtension.size() && mask.ends_with(kAnyExtension)) {
     mask.remove_suffix(kAnyExtension.size());
-    if (MatchesPlainly(mask, name)) return true;
+    if (MatchesMask(mask, name)) return true;
   }
   return false;
 }

@@ -27,7 +27,7 @@ using Platform::ShareTable;
 // What each creation mode does if the file exists and if it does not.
 struct CreationRow {
   DWORD creation;
-  bool takesExisting;
+  bool opensExisting;
   bool truncates;
   bool creates;
 };
@@ -57,17 +57,17 @@ struct OpenRequest {
 };
 
 // Returns whether the request neither reads nor changes the contents of an existing file.
-bool IsForQueriesAlone(const OpenRequest& request) {
+bool IsQueryOnly(const OpenRequest& request) {
   return !request.reads && !request.writes && !request.creation->truncates;
 }
 
 // Returns the flags for open.
 int OpenFlags(const OpenRequest& request, bool exists) {
   // O_PATH needs no rights to the file, and has no effect on a device or a pipe.
-  if (exists && IsForQueriesAlone(request)) return O_PATH | O_CLOEXEC;
+  if (exists && IsQueryOnly(request)) return O_PATH | O_CLOEXEC;
   // Opening must not block until a pipe has a partner, and must not make a terminal the controlling one.
   int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-  if (request.creation->creates) flags |= request.creation->takesExisting ? O_CREAT : O_CREAT | O_EXCL;
+  if (request.creation->creates) flags |= request.creation->opensExisting ? O_CREAT : O_CREAT | O_EXCL;
   if (request.writes || (exists && request.creation->truncates))
     return flags | (request.reads ? O_RDWR : O_WRONLY);
   return flags | O_RDONLY;
@@ -76,11 +76,11 @@ int OpenFlags(const OpenRequest& request, bool exists) {
 // Checks whether the request is possible for an existing file. Returns 0 or an error.
 DWORD CheckExisting(const OpenRequest& request, const struct stat& status) {
   const bool changes = request.writes || request.creation->truncates;
-  if (!request.creation->takesExisting) return ERROR_FILE_EXISTS;
+  if (!request.creation->opensExisting) return ERROR_FILE_EXISTS;
   if (S_ISDIR(status.st_mode)) return ERROR_ACCESS_DENIED;
   if (request.path.endsInSeparator) return ERROR_INVALID_NAME;
   // Writing to a pipe whose reader has closed it would end the process with SIGPIPE.
-  if (S_ISFIFO(status.st_mode) && !IsForQueriesAlone(request)) return ERROR_ACCESS_DENIED;
+  if (S_ISFIFO(status.st_mode) && !IsQueryOnly(request)) return ERROR_ACCESS_DENIED;
   if (changes && Platform::IsReadOnly(status)) return ERROR_ACCESS_DENIED;
   return ERROR_SUCCESS;
 }
@@ -196,8 +196,8 @@ HANDLE CreateFileW(const WCHAR* path, DWORD access, DWORD shareMode, SECURITY_AT
     return INVALID_HANDLE_VALUE;
   }
   // A successful call reports by the last error whether the file existed before, as on Windows.
-  const bool tellsExisting = creation == CREATE_ALWAYS || creation == OPEN_ALWAYS;
-  SetLastError(existed && tellsExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
+  const bool reportsExisting = creation == CREATE_ALWAYS || creation == OPEN_ALWAYS;
+  SetLastError(existed && reportsExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
   return handle;
 }
 

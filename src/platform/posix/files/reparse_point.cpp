@@ -27,7 +27,7 @@ using Platform::OpenFiles;
 constexpr DWORD kDataLengthAt = 4;
 constexpr DWORD kNameFieldsAt = 8;
 constexpr DWORD kPathBufferAt = 16;
-constexpr DWORD kMostBytes = 16384;
+constexpr DWORD kMaxBytes = 16384;
 
 constexpr std::u16string_view kRootOfPaths = u"\\??\\";
 
@@ -37,7 +37,7 @@ std::uint16_t WordAt(const unsigned char* record, DWORD at) {
 
 // Stores in `path` the target path of the record, without the prefix `\??\`. Returns 0 or an error.
 DWORD ReadMountPoint(const unsigned char* record, DWORD size, std::u16string& path) {
-  if (!record || size < kNameFieldsAt || size > kMostBytes) return ERROR_INVALID_REPARSE_DATA;
+  if (!record || size < kNameFieldsAt || size > kMaxBytes) return ERROR_INVALID_REPARSE_DATA;
   DWORD tag = 0;
   std::memcpy(&tag, record, sizeof tag);
   if (tag != IO_REPARSE_TAG_MOUNT_POINT) return ERROR_REPARSE_TAG_INVALID;

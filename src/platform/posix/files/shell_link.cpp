@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::string_view kBeginning = "[Shortcut]\n";
+constexpr std::string_view kSignature = "[Shortcut]\n";
 
 bool HasLineEnd(const WString& text) { return text.find_first_of(W("\r\n")) != WString::npos; }
 
@@ -17,7 +17,7 @@ bool HasLineEnd(const WString& text) { return text.find_first_of(W("\r\n")) != W
 bool SaveShellLink(const ShellLink& link, const WString& path) {
   if (Platform::FaultFires("SaveShellLink", {.path = path.c_str()})) return false;
   if (HasLineEnd(link.target) || HasLineEnd(link.workingFolder)) return false;
-  const std::string text = std::string(kBeginning) + "Target=" + ToUtf8(link.target) +
+  const std::string text = std::string(kSignature) + "Target=" + ToUtf8(link.target) +
                            "\nWorkingFolder=" + ToUtf8(link.workingFolder) +
                            "\nDescription=" + ToUtf8(link.description) + "\n";
   FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
@@ -30,4 +30,4 @@ bool SaveShellLink(const ShellLink& link, const WString& path) {
   return written;
 }
 
-std::string_view ShellLinkBeginning() { return kBeginning; }
+std::string_view ShellLinkSignature() { return kSignature; }

@@ -106,7 +106,7 @@ NTSTATUS NtQueryInformationFile(HANDLE handle, IO_STATUS_BLOCK* status, void* bu
   if (!buffer || size < sizeof(StreamHeader)) return kStatusLengthMismatch;
   const auto file = Platform::OpenFiles::Instance().Find(handle);
   if (!file) return kStatusInvalidHandle;
-  if (const auto given = Platform::GivenByTest("NtQueryInformationFile")) {
+  if (const auto given = Platform::InjectedResult("NtQueryInformationFile")) {
     std::copy_n(given->bytes.begin(), std::min<std::size_t>(given->bytes.size(), size),
                 static_cast<BYTE*>(buffer));
     return static_cast<NTSTATUS>(given->result);

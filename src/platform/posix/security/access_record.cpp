@@ -93,7 +93,7 @@ std::vector<BYTE> BytesToKeep(const std::string& path, const struct stat& status
 // list that is half set.
 std::shared_mutex listMutex;
 
-DWORD ReadListAsItIs(const std::string& path, AccessRecord& record) {
+DWORD ReadRawList(const std::string& path, AccessRecord& record) {
   const std::vector<BYTE> kept = ReadKeptAttribute(path);
   if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);
   if (!TakeKept(path, kept, record)) record.list = ListOfPosixAccess(path, record.status);
@@ -124,7 +124,7 @@ DWORD Apply(const std::string& path, const struct stat& before, std::span<const 
 DWORD ReadAccessRecord(const std::string& path, AccessRecord& record, bool wantsList) {
   if (!wantsList) return stat(path.c_str(), &record.status) == 0 ? ERROR_SUCCESS : PathError(errno, path);
   const std::shared_lock lock(listMutex);
-  return ReadListAsItIs(path, record);
+  return ReadRawList(path, record);
 }
 
 DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) {
@@ -147,7 +147,7 @@ DWORD SetAccessList(const std::string& path, const ACL* list, bool isProtected) 
 DWORD SetOwner(const std::string& path, uid_t owner) {
   const std::unique_lock lock(listMutex);
   AccessRecord record;
-  if (const DWORD error = ReadListAsItIs(path, record)) return error;
+  if (const DWORD error = ReadRawList(path, record)) return error;
   if (chown(path.c_str(), owner, static_cast<gid_t>(-1)) != 0) return PathError(errno, path);
   if (!record.isKept) return ERROR_SUCCESS;
   if (stat(path.c_str(), &record.status) != 0) return PathError(errno, path);

@@ -24,7 +24,7 @@ namespace {
 
 constexpr BYTE kSidRevision = 1;
 constexpr std::size_t kSidHeaderBytes = 8;
-constexpr BYTE kMostSubAuthorities = 15;
+constexpr BYTE kMaxSubAuthorities = 15;
 constexpr BYTE kWorldAuthority = 1;
 constexpr BYTE kUnixAuthority = 22;
 constexpr std::uint32_t kUnixUser = 1;
@@ -35,12 +35,12 @@ constexpr std::u16string_view kEveryoneName = u"Everyone";
 // entry that it finds to `use`. Returns false if there is no entry.
 template <typename Entry, typename Look, typename Use>
 bool WithEntry(Look look, Use use) {
-  constexpr std::size_t kMostBytes = 1 << 20;
+  constexpr std::size_t kMaxBytes = 1 << 20;
   Entry entry;
   Entry* found = nullptr;
   for (std::vector<char> buffer(1024);; buffer.resize(buffer.size() * 2)) {
     const int error = look(&entry, buffer.data(), buffer.size(), &found);
-    if (error == ERANGE && buffer.size() < kMostBytes) continue;
+    if (error == ERANGE && buffer.size() < kMaxBytes) continue;
     if (found) use(*found);
     return found != nullptr;
   }
@@ -64,13 +64,13 @@ class RecentNames {
   }
   void Store(const Account& account, const std::u16string& name) {
     const std::lock_guard lock(mutex_);
-    if (names_.size() >= kMostNames) names_.clear();
+    if (names_.size() >= kMaxNames) names_.clear();
     names_[account] = {name, std::chrono::steady_clock::now()};
   }
 
  private:
   static constexpr std::chrono::seconds kKept{5};
-  static constexpr std::size_t kMostNames = 1000;
+  static constexpr std::size_t kMaxNames = 1000;
 
   struct Kept {
     std::u16string name;
@@ -135,7 +135,7 @@ std::vector<BYTE> SidOf(const Account& account) {
 }
 
 std::size_t SidSize(std::span<const BYTE> bytes) {
-  if (bytes.size() < kSidHeaderBytes || bytes[0] != kSidRevision || bytes[1] > kMostSubAuthorities) return 0;
+  if (bytes.size() < kSidHeaderBytes || bytes[0] != kSidRevision || bytes[1] > kMaxSubAuthorities) return 0;
   const std::size_t size = kSidHeaderBytes + bytes[1] * sizeof(std::uint32_t);
   return size <= bytes.size() ? size : 0;
 }
@@ -143,7 +143,7 @@ std::size_t SidSize(std::span<const BYTE> bytes) {
 std::size_t SidSize(const void* sid) {
   if (!sid) return 0;
   const auto* const header = static_cast<const BYTE*>(sid);
-  if (header[0] != kSidRevision || header[1] > kMostSubAuthorities) return 0;
+  if (header[0] != kSidRevision || header[1] > kMaxSubAuthorities) return 0;
   return kSidHeaderBytes + header[1] * sizeof(std::uint32_t);
 }
 

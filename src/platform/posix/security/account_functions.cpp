@@ -110,7 +110,7 @@ BOOLEAN GetUserNameExW(EXTENDED_NAME_FORMAT format, WCHAR* buffer, ULONG* size) 
 
 DWORD WNetGetUniversalNameW(const WCHAR* path, DWORD level, void* buffer, DWORD* size) {
   if (Platform::FaultFires("WNetGetUniversalNameW", {.path = path})) return GetLastError();
-  if (const auto given = Platform::GivenByTest("WNetGetUniversalNameW"); given && buffer && size) {
+  if (const auto given = Platform::InjectedResult("WNetGetUniversalNameW"); given && buffer && size) {
     std::copy_n(given->bytes.begin(), std::min<std::size_t>(given->bytes.size(), *size),
                 static_cast<BYTE*>(buffer));
     return given->result;

@@ -73,7 +73,7 @@ std::vector<BYTE> DescriptorOf(const AccessRecord& record, SECURITY_INFORMATION 
 // Stores the descriptor of a file in `bytes`, for the Windows function `function`. Returns 0 or an error.
 DWORD DescriptorOfFile(const char* function, const WCHAR* path, SECURITY_INFORMATION information,
                        std::vector<BYTE>& bytes) {
-  if (std::optional<Platform::Faults::Gift> given = Platform::GivenByTest(function)) {
+  if (std::optional<Platform::Faults::Injection> given = Platform::InjectedResult(function)) {
     bytes = std::move(given->bytes);
     return ERROR_SUCCESS;
   }

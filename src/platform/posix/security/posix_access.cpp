@@ -41,7 +41,7 @@ bool HasPosixList(const std::string& path) {
 }
 
 // Returns whether the file system does not support POSIX access lists.
-bool HasModeAlone(const std::string& path) {
+bool HasOnlyMode(const std::string& path) {
   return getxattr(path.c_str(), kPosixListAttribute, nullptr, 0) < 0 && errno == EOPNOTSUPP;
 }
 
@@ -231,18 +231,18 @@ std::string PosixAccess(const std::string& path) {
 std::vector<BYTE> ListOfPosixAccess(const std::string& path, const struct stat& status) {
   const Classes classes = ReadClasses(path, status);
   const ACCESS_MASK others = RightsOf(classes.others);
-  ACCESS_MASK behindUsers = others;
-  for (const Grant& grant : classes.groups) behindUsers |= RightsOf(grant.bits);
-  ACCESS_MASK behindOwner = behindUsers;
-  for (const Grant& grant : classes.users) behindOwner |= RightsOf(grant.bits);
+  ACCESS_MASK afterUsers = others;
+  for (const Grant& grant : classes.groups) afterUsers |= RightsOf(grant.bits);
+  ACCESS_MASK afterOwner = afterUsers;
+  for (const Grant& grant : classes.users) afterOwner |= RightsOf(grant.bits);
 
   AccessListBuilder list;
   const auto addFinal = [&list](const Account& account, ACCESS_MASK granted, ACCESS_MASK later) {
     list.Add(ACCESS_ALLOWED_ACE_TYPE, granted, account);
     list.Add(ACCESS_DENIED_ACE_TYPE, later & ~granted, account);
   };
-  addFinal(UserAccount(status.st_uid), RightsOf(classes.owner), behindOwner);
-  for (const Grant& grant : classes.users) addFinal(grant.account, RightsOf(grant.bits), behindUsers);
+  addFinal(UserAccount(status.st_uid), RightsOf(classes.owner), afterOwner);
+  for (const Grant& grant : classes.users) addFinal(grant.account, RightsOf(grant.bits), afterUsers);
   // A member of several groups has the rights of all of them, so all entries that grant come before those
   // that deny.
   for (const Grant& grant : classes.groups) {
@@ -257,7 +257,7 @@ std::vector<BYTE> ListOfPosixAccess(const std::string& path, const struct stat& 
 
 bool IsPosixAccessOf(const std::string& path, const struct stat& status, const ACL* list) {
   Classes wanted = ClassesOfList(list, status);
-  if (HasModeAlone(path)) {
+  if (HasOnlyMode(path)) {
     wanted.users.clear();
     wanted.groups.resize(1);
   }

@@ -17,12 +17,12 @@ constexpr std::array<char16_t, 32> kSpecials = {
 
 // The best-fit mapping: characters that the code page lacks, and the bytes that Windows writes for them.
 // Sorted by character.
-struct Like {
+struct BestFit {
   char16_t unit;
   unsigned char byte;
 };
 
-constexpr Like kLikes[] = {
+constexpr BestFit kBestFits[] = {
     {0x0100, 0x41}, {0x0101, 0x61}, {0x0102, 0x41}, {0x0103, 0x61}, {0x0104, 0x41}, {0x0105, 0x61},
     {0x0106, 0x43}, {0x0107, 0x63}, {0x0108, 0x43}, {0x0109, 0x63}, {0x010A, 0x43}, {0x010B, 0x63},
     {0x010C, 0x43}, {0x010D, 0x63}, {0x010E, 0x44}, {0x010F, 0x64}, {0x0110, 0xD0}, {0x0111, 0x64},
@@ -82,17 +82,17 @@ constexpr Like kLikes[] = {
     {0x301B, 0x5D}, {0x30FB, 0xB7}};
 
 // The same for a range of consecutive characters that map to consecutive bytes.
-struct LikeRun {
+struct BestFitRun {
   char16_t first;
   unsigned char byte;
   unsigned char count;
 };
 
-constexpr LikeRun kLikeRuns[] = {{0x2080, 0x30, 10}, {0xFF01, 0x21, 30}, {0xFF20, 0x40, 63}};
+constexpr BestFitRun kBestFitRuns[] = {{0x2080, 0x30, 10}, {0xFF01, 0x21, 30}, {0xFF20, 0x40, 63}};
 
-constexpr bool ByUnit(const Like& left, const Like& right) { return left.unit < right.unit; }
+constexpr bool ByUnit(const BestFit& left, const BestFit& right) { return left.unit < right.unit; }
 
-static_assert(std::is_sorted(std::begin(kLikes), std::end(kLikes), ByUnit));
+static_assert(std::is_sorted(std::begin(kBestFits), std::end(kBestFits), ByUnit));
 
 constexpr bool IsSpecial(unsigned unit) {
   return unit >= kFirstSpecial && unit < kFirstSpecial + kSpecials.size();
@@ -120,9 +120,10 @@ std::optional<unsigned char> EncodeByte1252(char16_t unit, bool bestFit) {
     return static_cast<unsigned char>(kFirstSpecial + (special - kSpecials.begin()));
   }
   if (!bestFit) return std::nullopt;
-  const auto* const like = std::lower_bound(std::begin(kLikes), std::end(kLikes), Like{unit, {}}, ByUnit);
-  if (like != std::end(kLikes) && like->unit == unit) return like->byte;
-  for (const LikeRun& run : kLikeRuns) {
+  const auto* const match =
+      std::lower_bound(std::begin(kBestFits), std::end(kBestFits), BestFit{unit, {}}, ByUnit);
+  if (match != std::end(kBestFits) && match->unit == unit) return match->byte;
+  for (const BestFitRun& run : kBestFitRuns) {
     const auto offset = static_cast<unsigned>(unit - run.first);
     if (offset < run.count) return static_cast<unsigned char>(run.byte + offset);
   }

@@ -26,7 +26,7 @@ int Sign(Number lhs, Number rhs) {
 
 // Returns whether the collator has no contractions of neighbouring ASCII characters and no expansions of
 // single ones.
-bool StandAlone(const UCollator* collator) {
+bool AreSortedSeparately(const UCollator* collator) {
   const std::unique_ptr<USet, decltype(&uset_close)> set(uset_openEmpty(), uset_close);
   UErrorCode status = U_ZERO_ERROR;
   ucol_getContractionsAndExpansions(collator, set.get(), set.get(), true, &status);
@@ -77,7 +77,7 @@ Collation::Collation(const char* locale, const CollationRules& rules)
     collator_ = nullptr;
     return;
   }
-  if (rules.ignoresCase && StandAlone(collator_)) PlaceAscii();
+  if (rules.ignoresCase && AreSortedSeparately(collator_)) PlaceAscii();
 }
 
 Collation::~Collation() { ucol_close(collator_); }

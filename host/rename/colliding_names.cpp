@@ -1,4 +1,4 @@
-#include "host/rename/meeting_names.h"
+#include "host/rename/colliding_names.h"
 
 #include <algorithm>
 #include <bit>
@@ -57,7 +57,7 @@ class HashSet {
     return isNew;
   }
 
-  bool Holds(std::uint64_t hash) const { return slots_[SlotOf(hash)] == hash; }
+  bool Contains(std::uint64_t hash) const { return slots_[SlotOf(hash)] == hash; }
 
  private:
   static constexpr std::uint64_t kFree = 0;
@@ -89,17 +89,17 @@ std::vector<Places> PlacesOf(std::span<const MultiRenameUndoEntry> entries) {
 }
 
 // Returns whether one of the renamed files is a folder above another one. `renamed` contains their old names.
-bool HoldsFolderOfOthers(std::span<const MultiRenameUndoEntry> entries, const HashSet& renamed) {
-  HashSet looked(entries.size());
+bool ContainsFolderOfOthers(std::span<const MultiRenameUndoEntry> entries, const HashSet& renamed) {
+  HashSet examinedFolders(entries.size());
   WStringView last;
   for (const MultiRenameUndoEntry& entry : entries) {
     const WString& text = entry.folder;
     if (WStringView(text) == last) continue;
     last = text;
-    if (!looked.Insert(FolderNames::HashOf(text) | 1)) continue;
+    if (!examinedFolders.Insert(FolderNames::HashOf(text) | 1)) continue;
     for (WStringView folder = WithoutSeparator(text); folder.find(W('\\')) != WStringView::npos;
          folder = folder.substr(0, folder.rfind(W('\\')))) {
-      if (renamed.Holds(PlaceHasher::OfPath(folder))) return true;
+      if (renamed.Contains(PlaceHasher::OfPath(folder))) return true;
     }
   }
   return false;
@@ -107,7 +107,7 @@ bool HoldsFolderOfOthers(std::span<const MultiRenameUndoEntry> entries, const Ha
 
 }  // namespace
 
-std::vector<bool> FindMeetingNames(std::span<const MultiRenameUndoEntry> entries) {
+std::vector<bool> FindCollidingNames(std::span<const MultiRenameUndoEntry> entries) {
   const std::vector<Places> places = PlacesOf(entries);
   HashSet from(entries.size());
   HashSet fromTwice(entries.size());
@@ -117,17 +117,17 @@ std::vector<bool> FindMeetingNames(std::span<const MultiRenameUndoEntry> entries
   }
   for (const Places& place : places) {
     // A file whose name changes only in letter case conflicts with none, unless another file has that name.
-    if (place.from != place.to || fromTwice.Holds(place.from)) to.Insert(place.to);
+    if (place.from != place.to || fromTwice.Contains(place.from)) to.Insert(place.to);
   }
-  if (HoldsFolderOfOthers(entries, from)) return std::vector<bool>(entries.size(), true);
-  const auto meets = [&](const Places& place) {
-    return to.Holds(place.from) || (place.from != place.to && from.Holds(place.to));
+  if (ContainsFolderOfOthers(entries, from)) return std::vector<bool>(entries.size(), true);
+  const auto collides = [&](const Places& place) {
+    return to.Contains(place.from) || (place.from != place.to && from.Contains(place.to));
   };
-  if (std::ranges::none_of(places, meets)) return {};
-  std::vector<bool> meeting;
-  meeting.reserve(places.size());
-  for (const Places& place : places) meeting.push_back(meets(place));
-  return meeting;
+  if (std::ranges::none_of(places, collides)) return {};
+  std::vector<bool> colliding;
+  colliding.reserve(places.size());
+  for (const Places& place : places) colliding.push_back(collides(place));
+  return colliding;
 }
 
 }  // namespace QxHost

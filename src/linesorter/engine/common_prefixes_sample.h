@@ -1,4 +1,4 @@
-// Finds common beginnings in a sample of the keys.
+// Finds common prefixes in a sample of the keys.
 #pragma once
 
 #include <algorithm>
@@ -6,27 +6,27 @@
 #include <utility>
 #include <vector>
 
-#include "linesorter/engine/common_beginnings.h"
+#include "linesorter/engine/common_prefixes.h"
 #include "linesorter/engine/key_reader.h"
 
 namespace WQLineSorter {
 
 // Returns the beginnings of kStep characters that many sampled keys have, in the order of their numbers; an
-// empty vector if there are few lines. CommonBeginning::shared is what the sampled keys share; other keys
+// empty vector if there are few lines. CommonPrefix::shared is what the sampled keys share; other keys
 // with the same beginning may share less.
 template <typename Keys>
-std::vector<CommonBeginning> SampleCommonBeginnings(const KeyReader<Keys>& reader) {
-  constexpr std::size_t kFewLines = 4096;
+std::vector<CommonPrefix> SampleCommonPrefixes(const KeyReader<Keys>& reader) {
+  constexpr std::size_t kMinLines = 4096;
   constexpr std::size_t kSamples = 2048;
   constexpr std::size_t kCommon = kSamples / 128;
-  std::vector<CommonBeginning> commons;
-  if (reader.LineCount() < kFewLines) return commons;
+  std::vector<CommonPrefix> commons;
+  if (reader.LineCount() < kMinLines) return commons;
   std::vector<std::pair<std::uint64_t, std::size_t>> samples;
   samples.reserve(kSamples);
   for (std::size_t i = 0; i < kSamples; ++i) {
     const std::size_t line = reader.LineCount() / kSamples * i;
     const auto key = reader.KeyOfLine(line);
-    if (key.length > kStep<Keys>) samples.emplace_back(reader.BeginningOf(key), line);
+    if (key.length > kStep<Keys>) samples.emplace_back(reader.FirstCharactersOf(key), line);
   }
   std::ranges::sort(samples);
   for (std::size_t begin = 0, end = 0; begin < samples.size(); begin = end) {

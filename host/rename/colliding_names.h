@@ -17,6 +17,6 @@ namespace QxHost {
 // a folder that contains another entry, directly or not, returns true for all. Names that differ only in
 // letter case count as equal. A few more entries may be marked. Returns an empty vector if there are none, as
 // in most runs.
-std::vector<bool> FindMeetingNames(std::span<const Velmora::SDK::MultiRenameUndoEntry> entries);
+std::vector<bool> FindCollidingNames(std::span<const Velmora::SDK::MultiRenameUndoEntry> entries);
 
 }  // namespace QxHost

@@ -19,7 +19,7 @@
 namespace WQLineSorter {
 
 // A beginning that many keys share: the first kStep characters, in `number`. The keys are longer than that.
-struct CommonBeginning {
+struct CommonPrefix {
   std::uint64_t number;
   KeyRest first;         // the rest of one of the keys after the beginning
   std::uint32_t shared;  // how many more characters all these keys share, as far as is known
@@ -29,10 +29,10 @@ struct CommonBeginning {
 // beginning with that digit and one part for the numbers before, between and after these.
 class NumberParts {
  public:
-  // The common beginnings must be in the order of their numbers.
-  explicit NumberParts(std::span<const CommonBeginning> commons)
+  // The common prefixes must be in the order of their numbers.
+  explicit NumberParts(std::span<const CommonPrefix> commons)
       : commonOf_(kDigits + 2 * commons.size(), kNone) {
-    for (const CommonBeginning& common : commons) {
+    for (const CommonPrefix& common : commons) {
       const unsigned digit = HighestDigit(common.number);
       commonOf_[digit + 2 * numbers_.size() + 1] = numbers_.size();
       numbers_.push_back(common.number);
@@ -43,7 +43,7 @@ class NumberParts {
 
   std::size_t Count() const { return commonOf_.size(); }
 
-  // Returns the index of the part's common beginning, or kNone.
+  // Returns the index of the part's common prefix, or kNone.
   std::size_t CommonOf(std::size_t part) const { return commonOf_[part]; }
 
   // Returns the index of the part that the number belongs to.

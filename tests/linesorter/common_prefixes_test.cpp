@@ -1,5 +1,5 @@
-// The parts into which common beginnings divide the range of numbers.
-#include "linesorter/engine/common_beginnings.h"
+// The parts into which common prefixes divide the range of numbers.
+#include "linesorter/engine/common_prefixes.h"
 
 #include <gtest/gtest.h>
 
@@ -15,12 +15,12 @@ constexpr std::uint64_t kCommons[] = {DigitNumber(0x00, 7),   DigitNumber(0x61, 
                                       DigitNumber(0xFF, 1000)};
 
 NumberParts PartsOfCommons() {
-  std::vector<CommonBeginning> commons;
+  std::vector<CommonPrefix> commons;
   for (const std::uint64_t number : kCommons) commons.push_back({number, {}, 0});
   return NumberParts(commons);
 }
 
-TEST(NumberPartsTest, WithoutCommonBeginningsEachHighestDigitHasAPart) {
+TEST(NumberPartsTest, WithoutCommonPrefixesEachHighestDigitHasAPart) {
   const NumberParts parts({});
   EXPECT_EQ(parts.Count(), 256u);
   for (std::uint64_t digit = 0; digit < 256; ++digit) {
@@ -30,7 +30,7 @@ TEST(NumberPartsTest, WithoutCommonBeginningsEachHighestDigitHasAPart) {
   }
 }
 
-TEST(NumberPartsTest, ACommonBeginningHasAPartOfItsOwn) {
+TEST(NumberPartsTest, ACommonPrefixHasAPartOfItsOwn) {
   const NumberParts parts = PartsOfCommons();
   std::set<std::size_t> used;
   for (std::size_t i = 0; i < std::size(kCommons); ++i) {
@@ -64,7 +64,7 @@ TEST(NumberPartsTest, PartsFollowTheOrderOfTheNumbers) {
   }
 }
 
-TEST(NumberPartsTest, WhatLiesBetweenBeginningsIsApartFromThem) {
+TEST(NumberPartsTest, NumbersBetweenPrefixesHavePartsOfTheirOwn) {
   const NumberParts parts = PartsOfCommons();
   for (std::uint64_t digit = 0; digit < 256; ++digit) {
     for (const unsigned rest : {0u, 1u, 4u, 5u, 6u, 7u, 8u, 9u, 10u, 999u, 1000u, 1001u}) {
