@@ -235,6 +235,21 @@ if not IS_WINDOWS:
             self.assertIn("The run was cut off: %d renames had not been done" % left, outcome.stdout)
             self.assertEqual(self.names(), names)
 
+        def test_a_run_in_many_folders_that_is_killed_is_taken_back(self):
+            """Two threads rename files of different folders, so those that were renamed are not the first ones."""
+            names = ["d%02d/f%05d" % (number // 7 % 50, number) for number in range(MANY)]
+            for folder in range(50):
+                os.mkdir(self.path("d%02d" % folder))
+            self.make_all(names)
+            half = names[MANY // 2].replace("/f", "/xf")
+            self.kill("--name", "x[N]", items=names, when=lambda: os.path.exists(self.path(half)))
+            left = sum(os.path.exists(self.path(name)) for name in names)
+            self.assertGreater(left, 0)
+            outcome = self.prose("--undo", "last")
+            self.assertEqual((outcome.status, outcome.stderr), (0, ""))
+            self.assertIn("\n%d Restored" % (MANY - left), outcome.stdout)
+            self.assertEqual(self.wrong(names), [])
+
         def test_a_chain_that_is_killed_is_taken_back_and_what_was_not_done_stays_as_it_is(self):
             names = ["%05d" % number for number in range(MANY)]
             self.make_all(names)
