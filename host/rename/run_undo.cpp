@@ -1,6 +1,6 @@
 #include "host/rename/run_undo.h"
 
-#include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "host/output/error_text.h"
@@ -71,20 +71,18 @@ bool RunUndo::Begin(MultiRenameUndo planned, bool areIndependent) {
 NotedFiles RunUndo::NotedOf(const MultiRenameUndo& session) const {
   NotedFiles files;
   if (planned_.empty()) return files;
-  // The entries are those of the plan in the same order, of which some are missing; a few may be at the end.
-  constexpr int kMaxOutOfOrder = 1000;
-  int outOfOrder = 0;
-  auto next = planned_.begin();
+  const auto pathOf = [](const MultiRenameUndoEntry& entry) {
+    return PathInFolder(entry.folder.Text(), entry.oldName);
+  };
+  std::unordered_map<WString, FileIndex> planned;
+  planned.reserve(planned_.size());
+  for (std::size_t entry = 0; entry < planned_.size(); ++entry) {
+    planned.emplace(pathOf(planned_[entry]), notes_.files[entry]);
+  }
+  files.reserve(session.entries.size());
   for (const MultiRenameUndoEntry& entry : session.entries) {
-    const auto isSame = [&entry](const MultiRenameUndoEntry& planned) {
-      return planned.oldName == entry.oldName && planned.folder == entry.folder;
-    };
-    auto found = std::find_if(next, planned_.end(), isSame);
-    if (found == planned_.end() && outOfOrder++ < kMaxOutOfOrder)
-      found = std::find_if(planned_.begin(), planned_.end(), isSame);
-    const bool isPlanned = found != planned_.end();
-    files.push_back(isPlanned ? notes_.files[static_cast<std::size_t>(found - planned_.begin())] : kNoFile);
-    if (isPlanned) next = found + 1;
+    const auto found = planned.find(pathOf(entry));
+    files.push_back(found != planned.end() ? found->second : kNoFile);
   }
   return files;
 }

@@ -9,6 +9,7 @@
 #include "host/rename/rename_batch.h"
 #include "platform/posix/files/faults.h"
 #include "recorded_output.h"
+#include "recorded_results.h"
 #include "support/scratch_folder.h"
 
 using testing::Each;
@@ -18,12 +19,6 @@ namespace {
 
 namespace Faults = Platform::Faults;
 using namespace Velmora::SDK;
-
-class ResultsInOrder final : public IRenameResultCallback {
- public:
-  void OnRenameResult(void* item, u32 resultCode) override { results.emplace_back(item, resultCode); }
-  std::vector<std::pair<void*, u32>> results;
-};
 
 class IndependentRenames : public testing::Test {
  protected:
@@ -54,7 +49,7 @@ class IndependentRenames : public testing::Test {
   std::vector<u32> Run(bool isDryRun = false) {
     FileOperation operation(tree_, *reporter_, recorded_.output, isDryRun);
     operation.ExpectIndependent();
-    ResultsInOrder callback;
+    RecordedResults callback;
     operation.RunBatch(&batch_, &callback);
     std::vector<u32> results;
     for (const auto& [item, result] : callback.results) {
@@ -66,7 +61,7 @@ class IndependentRenames : public testing::Test {
     return results;
   }
 
-  // The content of the file of the row under its name of that kind; nothing if there is none.
+  // The content of the file of the row under its name of that kind; "none" if no such file exists.
   std::string ContentOf(char kind, std::size_t row) const {
     const WString path = folders_[row] + NameOf(kind, static_cast<int>(row));
     return scratch_.Exists(path) ? scratch_.Read(path) : "none";

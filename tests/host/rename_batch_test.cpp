@@ -6,6 +6,7 @@
 #include "host/rename/planned_renames.h"
 #include "platform/windows_api.h"
 #include "recorded_output.h"
+#include "recorded_results.h"
 #include "support/scratch_folder.h"
 
 using testing::ElementsAre;
@@ -16,12 +17,6 @@ namespace QxHost {
 namespace {
 
 using namespace Velmora::SDK;
-
-class RecordedResults final : public IRenameResultCallback {
- public:
-  void OnRenameResult(void* item, u32 resultCode) override { results.emplace_back(item, resultCode); }
-  std::vector<std::pair<void*, u32>> results;
-};
 
 class RenameBatchTest : public testing::Test {
  protected:

@@ -1,5 +1,9 @@
 // The undo file of a run when the disk is full before the run, or after it.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <map>
 
 #include "host/rename/run_undo.h"
 #include "host/rename/undo_file.h"
@@ -64,6 +68,36 @@ TEST_F(RunUndoFaults, IfWhatWasDoneCannotBeWrittenThePlanStays) {
   ASSERT_NE(file.session, nullptr);
   EXPECT_THAT(file.session->entries, SizeIs(2));
   EXPECT_TRUE(file.notes.isPlan);
+}
+
+// Each file gets the name of the next, so all are noted. The renames are reported in another order.
+TEST_F(RunUndoFaults, EachFileKeepsItsNoteInAnyOrder) {
+  constexpr std::size_t kFiles = 2500;
+  std::map<WString, FileIndex> numbers;
+  std::vector<WString> names;
+  for (std::size_t file = 0; file < kFiles; ++file) {
+    const std::string name = "f" + std::to_string(file);
+    names.emplace_back(name.begin(), name.end());
+    scratch_.Write(names.back(), "");
+    struct stat status {};
+    ASSERT_EQ(lstat(scratch_.NativePath(names.back()).c_str(), &status), 0);
+    numbers[names.back()] = status.st_ino;
+  }
+  session_.entries.clear();
+  for (std::size_t file = 0; file < kFiles; ++file) {
+    session_.entries.push_back({scratch_.Path(), names[file], names[(file + 1) % kFiles]});
+  }
+  RunUndo undo(recorded_.output, store_);
+  ASSERT_TRUE(undo.Begin(session_));
+  std::ranges::reverse(session_.entries);
+  ASSERT_TRUE(undo.End(&session_));
+  const UndoFile file = TheFile();
+  ASSERT_NE(file.session, nullptr);
+  ASSERT_THAT(file.session->entries, SizeIs(kFiles));
+  ASSERT_THAT(file.notes.files, SizeIs(kFiles));
+  for (std::size_t entry = 0; entry < kFiles; ++entry) {
+    ASSERT_EQ(file.notes.files[entry], numbers[file.session->entries[entry].oldName]) << entry;
+  }
 }
 
 TEST_F(RunUndoFaults, WhatWasDoneTakesThePlaceOfThePlan) {
