@@ -170,7 +170,7 @@ set_scale() (
   timeout 60 /usr/lib/wine/wineserver -w
 )
 
-# copy_prefix NAME: makes the copy of the Wine prefix that scripts/own_desktop NAME uses, if there is none. The copies
+# copy_prefix NAME: makes the copy of the Wine prefix that scripts/own_desktop NAME uses, unless the copy exists. The copies
 # share the files of the system, which no program changes.
 copy_prefix() {
   local copy=$WINEPREFIX-$1

@@ -414,7 +414,7 @@ HFONT ListView::MarkedFont() {
 }
 
 // Returns the first row from the start index on, continuing from the top, whose first cell begins with the
-// searched text; -1 if there is none.
+// searched text; -1 if no row matches.
 int ListView::FindByText(const NMLVFINDITEMW& search) {
   const std::size_t count = CountRows();
   if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || !search.lvfi.psz || columns_.empty())

@@ -21,7 +21,7 @@ struct QuestionEvent {
   WString text;
   std::uint32_t style = 0;  // the style of a box, as for MessageBoxW
   std::string answer;       // in the form of --answer
-  // The default and the hint of a question for a text; empty if there is none.
+  // The default and the hint of a question for a text; may be empty.
   WString defaultText;
   WString hint;
 };
@@ -53,7 +53,7 @@ struct MenuEvent {
   Kind kind = kCommand;
   std::vector<WString> menus;  // the texts of the menus that it is in, the outermost first
   std::uint32_t number = 0;
-  std::string name;      // the command's name in qxhost; empty if it has none
+  std::string name;      // the command's name in qxhost; may be empty
   std::uint32_t id = 0;  // text id; 0 for a separator and for a sub menu with a literal text
   std::uint32_t display = 0;
   WString text;

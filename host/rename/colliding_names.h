@@ -15,8 +15,8 @@ namespace QxHost {
 
 // Returns, for each entry, true if one of its names is also a name of another entry. If one of the entries is
 // a folder that contains another entry, directly or not, returns true for all. Names that differ only in
-// letter case count as equal. A few more entries may be marked. Returns an empty vector if there are none, as
-// in most runs.
+// letter case count as equal. A few more entries may be marked. Returns an empty vector if no names collide,
+// as in most runs.
 std::vector<bool> FindCollidingNames(std::span<const Velmora::SDK::MultiRenameUndoEntry> entries);
 
 }  // namespace QxHost

@@ -42,7 +42,7 @@ struct RenameChain {
   // For a cycle, an index into RenamePlan::temporaryNames: the file of the last row gets this name before the
   // first row runs. kNoRow for a chain with a free end.
   std::uint32_t temporaryName = kNoRow;
-  // The row of the folder that must be renamed before; kNoRow if there is none.
+  // The row of the folder that must be renamed before; kNoRow if no folder must.
   std::uint32_t waitsFor = kNoRow;
 };
 

@@ -182,7 +182,7 @@ DWORD WriteInPlaceOf(const WString& path, const std::function<void(const WriteTe
   return error;
 }
 
-// Returns the text with its HaveRestored line changed, or added if it has none.
+// Returns the text with its HaveRestored line changed, or added if it lacks one.
 WString WithRestored(WStringView text, bool haveRestored) {
   constexpr WStringView kInfo = W("[INFO]");
   constexpr WStringView kKey = W("HaveRestored");

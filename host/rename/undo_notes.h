@@ -38,10 +38,10 @@ WStringView PlanMark();
 // Returns whether the text begins with this comment, which other comments may precede.
 bool HasPlanMark(WStringView text);
 
-// Passes the lines of the noted files to `write`, in pieces; nothing if there are none.
+// Passes the lines of the noted files to `write`, in pieces; nothing if no file is noted.
 void WriteNotedFiles(const NotedFiles& files, const std::function<void(WStringView)>& write);
 
-// Returns where the lines of the noted files begin in a text; npos if it has none.
+// Returns where the lines of the noted files begin in a text; npos if no files are noted.
 std::size_t FindNotedFiles(WStringView text);
 
 // Reads the lines after the entries, in pieces of any length.

@@ -25,7 +25,7 @@ struct UndoSteps {
 UndoSteps StepsOf(const Velmora::SDK::MultiRenameUndo& taken, const std::vector<PresentFile>& files);
 
 // Records the files that were found by their names, so that an undo that is cut off finds them again. Returns
-// false if there are none.
+// false if no file was.
 bool NoteFound(const std::vector<PresentFile>& files, NotedFiles& noted);
 
 }  // namespace QxHost

@@ -19,7 +19,7 @@ struct BoxButton {
 // nothing, returns only OK.
 std::span<const BoxButton> ButtonsOfStyle(std::uint32_t style);
 
-// Returns the low four bits of the style that shows exactly these buttons; 0 if there is none.
+// Returns the low four bits of the style that shows exactly these buttons; 0 if no style does.
 std::uint32_t StyleOfButtons(std::span<const int> numbers);
 
 // Returns the button that the answer presses; std::nullopt if the box does not have it.

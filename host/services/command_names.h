@@ -18,7 +18,7 @@ struct CommandName {
 // `control-` followed by their title.
 std::span<const CommandName> CommandNames();
 
-// Returns the name of a command; empty if it has none.
+// Returns the name of a command; empty if it has no name.
 std::string_view NameOfCommand(std::int64_t number);
 
 // Returns the number of a command that is given as a decimal number or by its complete name, in any letter

@@ -35,7 +35,7 @@ class PostedCommands {
   // Removes the commands that were posted for this extension.
   void Drop(const HostApp* extension);
 
-  // Removes and returns the next command, in the order of posting; std::nullopt if there is none.
+  // Removes and returns the next command, in the order of posting; std::nullopt if the queue is empty.
   std::optional<PostedCommand> Take();
 
   // Waits until there has been a Post or a Wake since the last Wait. On Windows handles the messages of the

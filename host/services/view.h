@@ -21,7 +21,7 @@ class View {
 
   const std::vector<FileItem*>& Selected() const { return selected_; }
 
-  // Returns the focused item; null if there is none.
+  // Returns the focused item; null if no item has the focus.
   FileItem* Focused() const { return focused_; }
 
  private:

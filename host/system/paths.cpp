@@ -65,7 +65,7 @@ bool TakeLongPrefixOff(WString& path) {
 // Returns the position of the first name after the root.
 std::size_t RootSize(WStringView path) { return path.size() - SplitRoot(path).rest.size(); }
 
-// Returns the position of the first name that the system would shorten; npos if there is none.
+// Returns the position of the first name that the system would shorten; npos if it would shorten no name.
 std::size_t FirstKeptName(WStringView path) {
   for (std::size_t at = RootSize(path); at < path.size();) {
     const std::size_t end = std::min(path.find(W('\\'), at), path.size());

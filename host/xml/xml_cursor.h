@@ -27,7 +27,7 @@ class XmlCursor {
   // Advances to the first of these characters, or to the end, and returns the text before it.
   std::string_view TakeUpTo(std::string_view stops);
 
-  // Skips blanks. Returns false if there are none.
+  // Skips blanks. Returns false if no blank was skipped.
   bool TakeBlanks();
 
   // Advances past a name and returns it; empty if there is no name at this position.
@@ -39,7 +39,7 @@ class XmlCursor {
     std::string_view value;
     char quote;
   };
-  // Advances past a pair and returns it; std::nullopt if there is none at this position.
+  // Advances past a pair and returns it; std::nullopt if no pair begins at this position.
   std::optional<Pair> TakePair();
 
  private:

@@ -15,8 +15,8 @@ bool IsVersion(std::string_view value) {
          value.find_first_not_of("0123456789", 2) == std::string_view::npos;
 }
 
-// Parses the declaration at the beginning of a document; returns an empty one if there is none, std::nullopt
-// if it is malformed.
+// Parses the declaration at the beginning of a document; returns an empty one if the document has no
+// declaration, std::nullopt if it is malformed.
 std::optional<XmlDeclaration> ReadDeclaration(std::string_view text) {
   XmlCursor cursor(text);
   if (!cursor.Take("<?xml") || !cursor.TakeBlanks()) return XmlDeclaration();

@@ -46,7 +46,7 @@ struct XmlTreeNode {
 // The declaration `<?xml ... ?>`. All members are empty if the document has none.
 struct XmlDeclaration {
   std::string_view whole;
-  std::string_view encoding;  // the name within `whole`; if there is none, empty and after the version
+  std::string_view encoding;  // the name within `whole`; if not declared, empty and after the version
 };
 
 // Owns the nodes, attributes and texts, which live as long as the tree. It can be neither copied nor moved.

@@ -14,7 +14,7 @@ constexpr bool IsLineEnd(CharT c) {
   return c == '\r' || c == '\n';
 }
 
-// Returns the first CR or LF at or after `p`, or `end` if there is none. May read up to 15 bytes after `end`,
+// Returns the first CR or LF at or after `p`, or `end` if not found. May read up to 15 bytes after `end`,
 // which must be readable.
 template <typename CharT>
 const CharT* FindLineEnd(const CharT* p, const CharT* end) {

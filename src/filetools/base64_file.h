@@ -17,8 +17,8 @@ bool EncodeFileBase64(const WString& source, const WString& target);
 // read ends the text, and the result is true (C-424).
 bool DecodeFileBase64(const WString& source, const WString& target, bool skipHeader);
 
-// Returns the first name in the file's header; std::nullopt if it has none, and the empty text if the name is
-// not allowed (decoded_name.h).
+// Returns the first name in the file's header; std::nullopt if the header has no name, and the empty text if
+// the name is not allowed (decoded_name.h).
 std::optional<WString> GetEncodedFileName(const WString& path);
 
 // Returns the offset of the text after the header: after the first empty line among the fourth to the tenth

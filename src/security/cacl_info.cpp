@@ -21,7 +21,7 @@ constexpr AccessLetter kAccessLetters[] = {
 // clang-format on
 
 // Reads the security descriptor of the file into `record` and returns its access list, which points into
-// `record`; null if there is none.
+// `record`; null if it has no list or on failure.
 ACL* ReadAccessList(const WString& path, std::vector<BYTE>& record) {
   DWORD needed = 0;
   GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &needed);

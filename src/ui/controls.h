@@ -47,7 +47,7 @@ void FillHistory(HWND combo, const std::vector<WString>& strings);
 // SelectedData returns the item data of the selected row; kNoRow if no row is selected.
 constexpr int kNoRow = -1;
 int SelectedData(HWND combo);
-// Selects the first row with this item data, or no row if there is none.
+// Selects the first row with this item data, or no row if not found.
 void SelectData(HWND combo, int data);
 
 // One radio button of a group, identified by its data as the rows of a combo box are.

@@ -226,7 +226,7 @@ bool SameRecord(const SortLine& lhs, const SortLine& rhs) {
          lhs.keyLength == rhs.keyLength && lhs.numericKey == rhs.numericKey;
 }
 
-// Returns the index of the first difference, or the number of lines if there is none.
+// Returns the index of the first difference, or the number of lines if they are equal.
 std::size_t FirstDifference(const std::vector<SortLine>& lhs, const std::vector<SortLine>& rhs) {
   const auto [left, right] = std::mismatch(lhs.begin(), lhs.end(), rhs.begin(), rhs.end(), SameRecord);
   return left == lhs.end() && right == rhs.end() ? lhs.size() : static_cast<std::size_t>(left - lhs.begin());

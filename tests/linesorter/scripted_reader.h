@@ -12,7 +12,7 @@
 
 class ScriptedReader final : public WQDR::DataReader {
  public:
-  // Delivers `bytes` in portions of these sizes, the last of which repeats; if there are none, in as few
+  // Delivers `bytes` in portions of these sizes, the last of which repeats; without sizes, in as few
   // portions as possible.
   explicit ScriptedReader(std::string bytes, std::vector<std::uint32_t> portions = {})
       : bytes_(std::move(bytes)), portions_(std::move(portions)) {

@@ -18,7 +18,7 @@ constexpr std::size_t kMaxResultChars = 32767;
 
 bool IsSimple(WStringView expression) { return SimpleExpression::Parse(expression, true).has_value(); }
 
-// Returns the text after the replacement, or the reason why there is none.
+// Returns the text after the replacement, or the reason why nothing was replaced.
 std::string ReplacedBy(Matcher matcher, const WString& expression, bool ignoreCase, const WString& text,
                        const std::wstring& format, std::size_t most = kMaxResultChars) {
   try {

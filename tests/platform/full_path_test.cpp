@@ -11,7 +11,7 @@ namespace {
 struct FullPathRow {
   const WCHAR* path;
   const WCHAR* full;
-  const WCHAR* filePart;  // null if there is none
+  const WCHAR* filePart;  // null without one
 };
 
 // Absolute paths.

@@ -84,7 +84,7 @@ class FakeHost : public Velmora::SDK::IHostApp {
   bool isElevated = false;
   Velmora::SDK::u32 moduleNumber = 7;  // what FindModuleByGuid returns
   HWND mainWindow = nullptr;
-  WString targetPanel;  // the folder of the other panel, ending in a backslash; empty if there is none
+  WString targetPanel;  // the folder of the other panel, ending in a backslash; empty without a second panel
 
   // Answers, in order. If none is left, a question is refused, a box is answered with Cancel, and both count
   // as unexpected.

@@ -13,7 +13,7 @@ constexpr int kTitle = 0;
 // For an editable combo box, returns the text of its edit field.
 WString TextOf(HWND dialog, int control);
 
-// Returns the hint of an empty edit control or editable combo box; empty if it has none.
+// Returns the hint of an empty edit control or editable combo box; empty if it has no hint.
 WString CueBannerOf(HWND dialog, int control);
 
 bool IsEnabled(HWND dialog, int control);

@@ -149,7 +149,7 @@ bool CanName(HWND control) { return ClassOf(control) == L"Static" || IsGroupBox(
 
 HWND NextOf(HWND control) { return GetWindow(control, GW_HWNDNEXT); }
 
-// Returns the upper-case character after the first single ampersand, or 0 if there is none.
+// Returns the upper-case character after the first single ampersand, or 0 if not found.
 WCHAR AccessKeyOf(const WString& text) {
   for (std::size_t at = 0; at + 1 < text.size(); ++at) {
     if (text[at] != L'&') continue;

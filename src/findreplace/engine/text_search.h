@@ -13,7 +13,7 @@
 
 namespace QXFindAndReplace {
 
-// Returns the position of the first CR or LF in a text, or npos if there is none.
+// Returns the position of the first CR or LF in a text, or npos if not found.
 template <typename CharT>
 std::size_t FindLineEndIn(std::basic_string_view<CharT> text) {
   static constexpr CharT kLineEnds[] = {'\r', '\n', 0};

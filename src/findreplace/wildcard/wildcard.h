@@ -70,8 +70,9 @@ class WildcardPattern {
 
   // Finds the match that std::regex_search would find in the `length` characters of the line from `column`
   // on: the leftmost one, in which each run is as long as possible, earlier runs first. Returns false if
-  // there is none. `column` must not exceed `length`. Zeros are ordinary characters. ? and * do not match CR
-  // and LF, which a line does not contain, nor U+2028 and U+2029 in wide text, which it may contain (C-207).
+  // nothing matches. `column` must not exceed `length`. Zeros are ordinary characters. ? and * do not match
+  // CR and LF, which a line does not contain, nor U+2028 and U+2029 in wide text, which it may contain
+  // (C-207).
   //
   // A search in the same line (the same pointer and length) from the end of the previous match on reuses what
   // is known about the line, so its text must not have changed. Throws std::regex_error (error_complexity) if

@@ -13,8 +13,8 @@ bool CreateFolder(const WString& path) {
 }
 
 // Returns the position of the first component that can be created: after the drive, or after the server and
-// its share; npos if there is none. The server of a network path ends at the first backslash from the fourth
-// character on (C-019).
+// its share; npos if the path has no component. The server of a network path ends at the first backslash from
+// the fourth character on (C-019).
 std::size_t FirstComponent(WStringView path) {
   if (path.size() >= 3 && path.starts_with(W("\\\\"))) {
     const std::size_t server = path.find(W('\\'), 3);

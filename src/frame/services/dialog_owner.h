@@ -5,8 +5,8 @@
 
 namespace Velmora::SDK {
 
-// Returns the active window of the calling thread or, if there is none, the host's main window, which the
-// dialog then disables. Returns null if there is neither.
+// Returns the active window of the calling thread or, if the thread has no active window, the host's main
+// window, which the dialog then disables. Returns null if there is neither.
 HWND DialogOwner(IHostApp& host);
 
 }  // namespace Velmora::SDK

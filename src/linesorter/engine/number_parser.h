@@ -25,7 +25,7 @@ class NumberReader {
   const CharT* SkipSpaces(const CharT* text);
 
   // Returns the value, clamped to the limits of Number, or 0 if there is no digit. Sets `*end` to the
-  // character after the last digit, or to `text` if there is none. Number is std::int64_t for strtoll and
+  // character after the last digit, or to `text` without a digit. Number is std::int64_t for strtoll and
   // std::int32_t for strtol on Windows.
   template <typename Number>
   Number Read(const CharT* text, const CharT** end) {

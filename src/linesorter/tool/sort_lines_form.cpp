@@ -76,7 +76,7 @@ int ChoiceOf(std::uint32_t options, std::initializer_list<SortLinesOption> choic
 
 WString DecimalText(std::uint32_t number) { return FromUtf8(std::to_string(number)); }
 
-// Returns the number in a field, clamped to 32 bits, or 0 if there is none.
+// Returns the number in a field, clamped to 32 bits, or 0 if the field contains no number.
 std::uint32_t ReadNumber(const WString& text) {
   const WCHAR* end = nullptr;
   const auto value = ParseNumber<std::int64_t>(text.c_str(), &end);

@@ -31,7 +31,7 @@ constexpr StoredNumberRow kStoredNumbers[] = {
     {W("Options"), &SortLinesOptions::options},
 };
 
-// Returns the stored text, or an empty text if there is none.
+// Returns the stored text, or an empty text if nothing is stored.
 WString ReadText(IHostConfig& config, const WCHAR* key) {
   std::array<WCHAR, kMaxTextChars + 1> buffer = {};
   if (!config.GetString(1, kSection, key, buffer.data(), static_cast<u32>(buffer.size()))) return {};

@@ -49,7 +49,7 @@ std::size_t SimpleExpression::EndOfRepeat(const Node& node, WStringView text, st
   return position;
 }
 
-// Returns to the last choice that has another path to try. Returns false if there is none.
+// Returns to the last choice that has another path to try. Returns false if no such choice is left.
 bool SimpleExpression::Backtrack(WStringView text, std::uint16_t& node, std::size_t& position) const {
   while (!choices_.empty()) {
     Choice& choice = choices_.back();

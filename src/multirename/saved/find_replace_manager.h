@@ -18,7 +18,7 @@ class FindReplaceManager {
 
   explicit FindReplaceManager(IHostApp& hostApp);
 
-  // Replaces the lists by those of the file; there are none if the file is missing or invalid. Ignores
+  // Replaces the lists by those of the file; by no lists if the file is missing or invalid. Ignores
   // elements without a number above 0. If two have the same number, uses the later one.
   void Load();
 

@@ -44,7 +44,7 @@ class MultiRenameProfiles {
   // Appends the profile to the list.
   void Add(std::unique_ptr<MultiRenameProfile> profile);
 
-  // Returns the first profile with this name, ignoring letter case; null if there is none.
+  // Returns the first profile with this name, ignoring letter case; null if not found.
   const MultiRenameProfile* Find(const WString& name) const;
 
   // Removes all profiles with this name, ignoring letter case.

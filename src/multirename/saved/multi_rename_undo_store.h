@@ -43,7 +43,7 @@ class MultiRenameUndoStore {
   WString PathOf(MultiRenameUndo& session) const;
 
   bool loaded = false;  // the folder has been read
-  WString folder;       // ends in a backslash; empty if there is none
+  WString folder;       // ends in a backslash; empty if undo files have no folder
   std::vector<std::unique_ptr<MultiRenameUndo>> sessions;
 };
 

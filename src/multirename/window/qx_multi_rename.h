@@ -3,7 +3,7 @@
 // Threads: the host's main thread calls the public operations. The window's thread, which this object owns,
 // calls the private ones, OnHostEvent and, for commands that were posted to it, OnCommand. The engine's
 // worker calls nothing here. The three run concurrently from the start of a window to the end of its thread:
-//   start      Command 31000 reads the selection, creates the engine with its worker if there is none, and
+//   start      Command 31000 reads the selection, creates the engine with its worker unless it exists, and
 //              starts the window's thread. It waits until the window is open or has failed, or a timeout.
 //   close      The window requests its worker to quit, and the host to run command 20002 (OnShutdown).
 //   shutdown   OnShutdown closes the window, waits for its thread, and reports that the extension is closed.

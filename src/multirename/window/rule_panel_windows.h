@@ -76,7 +76,7 @@ class RulePanel final : public WindowView<PanelView>, public IMultiWindow, publi
   HWND neighbour_ = nullptr;
   PanelStretch stretch_;
   PanelTips tips_;
-  HWND lostFocus_ = nullptr;  // the control that lost the focus by being disabled; null if there is none
+  HWND lostFocus_ = nullptr;        // the control that lost the focus by being disabled; otherwise null
   HWND substituteFocus_ = nullptr;  // the control that has the focus instead
   OpenedList openedList_;
   bool runsDialog_ = false;

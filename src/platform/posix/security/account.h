@@ -49,8 +49,8 @@ std::vector<Account> WithMemberships(const Account& account);
 // Returns the effective user of the process, its groups, and everyone.
 std::vector<Account> CurrentAccounts();
 
-// Returns the account's name, or its number if it has none. The result is cached for some seconds, so it may
-// be out of date.
+// Returns the account's name, or its number if it has no name. The result is cached for some seconds, so it
+// may be out of date.
 std::u16string NameOf(const Account& account);
 
 // Returns the account of a name: everyone for "Everyone" in any letter case, else the user of that name, else
